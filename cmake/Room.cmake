@@ -1,0 +1,43 @@
+# One static library a room, one executable a test folder. Sources are listed by name.
+
+add_library(vasclip_flags INTERFACE)
+target_compile_options(vasclip_flags INTERFACE -Wall -Wextra -Wpedantic $<$<BOOL:${VASCLIP_WERROR}>:-Werror>)
+target_compile_definitions(vasclip_flags INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS
+    QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING)
+if(VASCLIP_SANITIZE)
+    target_compile_options(vasclip_flags INTERFACE -fsanitize=${VASCLIP_SANITIZE} -fno-omit-frame-pointer
+        -fno-sanitize-recover=all)
+    target_link_options(vasclip_flags INTERFACE -fsanitize=${VASCLIP_SANITIZE})
+endif()
+
+# vasclip_room(platform/text SOURCES a.cpp b.h LIBS Qt6::Core [MOC])
+#   makes the target vasclip_text; headers are included from src/ ("platform/text/text.h").
+function(vasclip_room room)
+    cmake_parse_arguments(arg "MOC" "" "SOURCES;LIBS" ${ARGN})
+    get_filename_component(name ${room} NAME)
+    set(target vasclip_${name})
+    add_library(${target} STATIC ${arg_SOURCES})
+    target_include_directories(${target} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+    target_link_libraries(${target} PUBLIC Qt6::Core ${arg_LIBS} PRIVATE vasclip_flags)
+    if(arg_MOC)
+        set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    endif()
+endfunction()
+
+# vasclip_test(text SOURCES trim_test.cpp LIBS vasclip_text [MAIN own_main.cpp])
+#   makes the target test_text and registers each of its tests; the runs use no display.
+function(vasclip_test name)
+    cmake_parse_arguments(arg "MOC" "MAIN" "SOURCES;LIBS;ENV" ${ARGN})
+    set(target test_${name})
+    add_executable(${target} ${arg_SOURCES} ${arg_MAIN})
+    target_include_directories(${target} PRIVATE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/tests)
+    target_link_libraries(${target} PRIVATE ${arg_LIBS} GTest::gtest vasclip_flags)
+    if(NOT arg_MAIN)
+        target_link_libraries(${target} PRIVATE GTest::gtest_main)
+    endif()
+    if(arg_MOC)
+        set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    endif()
+    gtest_discover_tests(${target} TEST_PREFIX "${name}: " DISCOVERY_TIMEOUT 60
+        PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;${arg_ENV}")
+endfunction()

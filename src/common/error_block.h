@@ -1,0 +1,65 @@
+#pragma once
+
+#include "forms/ports.h"
+#include "platform/text/runtime_error.h"
+
+#include <functional>
+#include <utility>
+
+namespace vasclip::common {
+
+/// The name of the routine at work, fixed text of 20 characters: longer is cut, shorter padded with blanks.
+/// Names the routine for its scope and gives the caller's name back after it.
+class RoutineScope
+{
+public:
+    explicit RoutineScope(const char* name);
+    ~RoutineScope();
+    RoutineScope(const RoutineScope&) = delete;
+    RoutineScope& operator=(const RoutineScope&) = delete;
+
+    [[nodiscard]] static QString Current(); ///< 20 characters
+
+private:
+    QString m_previous;
+};
+
+enum class ErrorAction { Retry = 0, Skip = 1, Abandon = 2, Raise = 3 };
+
+/// The central error block's classifier: 3218 ends the program with its message, 57, 61, 68 and 71 ask
+/// Abort/Retry/Ignore, everything else is raised.
+/// @throws forms::EndOfProgram after the message of 3218
+[[nodiscard]] ErrorAction FileErrors(forms::Prompter& prompter, const RuntimeError& failure);
+
+/// Runs one step under the central error block.
+/// @return false when the routine has to leave; an error that is not handled is thrown again
+template <class Step>
+bool Guarded(forms::Prompter& prompter, Step&& step)
+{
+    for (;;) {
+        try {
+            std::forward<Step>(step)();
+            return true;
+        } catch (const RuntimeError& failure) {
+            switch (FileErrors(prompter, failure)) {
+            case ErrorAction::Retry:
+                continue;
+            case ErrorAction::Skip:
+                return true;
+            case ErrorAction::Abandon:
+                return false;
+            case ErrorAction::Raise:
+                throw;
+            }
+        }
+    }
+}
+
+/// What reaches the top is shown with its routine and logged, never forgotten.
+/// The log is `G_UserDir` + "vasclip.log"; see SetErrorLog.
+void ReportError(forms::Prompter& prompter, const RuntimeError& failure);
+
+/// Where ReportError appends; an empty function logs nowhere.
+void SetErrorLog(std::function<void(const QString& line)> log);
+
+} // namespace vasclip::common

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "forms/controls.h"
+
+namespace vasclip::common {
+
+/// The status line and the gauge of the main window; rules write them, the window shows them.
+struct StatusDesk
+{
+    explicit StatusDesk(forms::ControlSet& set)
+        : lblmsg(set, QStringLiteral("lblmsg"))
+        , gauProgress(set, QStringLiteral("gauStatus"))
+    {
+    }
+    forms::Label lblmsg;
+    forms::Gauge gauProgress; ///< caption is the text of the step at work; hidden when it is empty
+};
+
+/// Value 0, minimum and maximum; a maximum of 0 is raised so that the bar is valid.
+inline void InitGauge(forms::Gauge& gauge, int maximum)
+{
+    gauge.SetRange(maximum);
+}
+inline void SetGaugeValue(forms::Gauge& gauge, int value)
+{
+    gauge.SetValue(value);
+}
+
+} // namespace vasclip::common

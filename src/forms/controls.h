@@ -1,0 +1,308 @@
+#pragma once
+
+#include "platform/text/runtime_error.h"
+
+#include <QImage>
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+namespace vasclip::forms {
+
+class Control;
+
+/// The controls of one screen, in order of construction. The binder walks it; nothing else owns through it.
+class ControlSet
+{
+public:
+    void Add(Control* control) { m_controls.push_back(control); }
+    void Remove(Control* control) { std::erase(m_controls, control); }
+    [[nodiscard]] const std::vector<Control*>& All() const { return m_controls; }
+    /// By name and index, without regard to case; nullptr if there is none.
+    [[nodiscard]] Control* Find(const QString& name, int index = -1) const;
+
+private:
+    std::vector<Control*> m_controls;
+};
+
+/// Status colours by meaning; a window maps them to its theme.
+enum class Colour { Normal, Blue, Red, Green };
+
+/// A control without a widget: what rules read and write, and what a window shows.
+///
+/// `Name` and `Index` are the control's fixed name; its widget's objectName is `ObjectName()`, "txtComp_4".
+class Control : public QObject
+{
+    Q_OBJECT
+public:
+    /// @param index  -1 for a control that is no member of an array
+    Control(ControlSet& set, const QString& name, int index = -1);
+    ~Control() override;
+
+    [[nodiscard]] const QString& Name() const { return m_name; }
+    [[nodiscard]] int Index() const { return m_index; }
+    [[nodiscard]] QString ObjectName() const;
+
+    [[nodiscard]] bool Visible() const { return m_visible; }
+    [[nodiscard]] bool Enabled() const { return m_enabled; }
+    [[nodiscard]] const QString& ToolTipText() const { return m_toolTip; }
+    void SetVisible(bool visible);
+    void SetEnabled(bool enabled);
+    void SetToolTipText(const QString& text);
+    void SetFocus() { Q_EMIT FocusWanted(); }
+
+Q_SIGNALS:
+    void Changed();     ///< something that a window shows has changed
+    void FocusWanted(); ///< the rule wants the focus here
+    void Clicked();     ///< the user clicked (or pressed the key that means it)
+    void DoubleClicked();
+    void LostFocus();
+
+private:
+    ControlSet& m_set;
+    QString m_name;
+    int m_index;
+    bool m_visible = true;
+    bool m_enabled = true;
+    QString m_toolTip;
+};
+
+class TextBox : public Control
+{
+    Q_OBJECT
+public:
+    using Control::Control;
+    [[nodiscard]] const QString& Text() const { return m_text; }
+    void SetText(const QString& text); ///< raises TextChanged at once if the text differs
+    [[nodiscard]] int MaxLength() const { return m_maxLength; } ///< 0 is no limit
+    void SetMaxLength(int length);
+    [[nodiscard]] bool Locked() const { return m_locked; }
+    void SetLocked(bool locked);
+    void SelectAll() { Q_EMIT SelectAllWanted(); }
+
+Q_SIGNALS:
+    void TextChanged();
+    void SelectAllWanted();
+
+private:
+    QString m_text;
+    int m_maxLength = 0;
+    bool m_locked = false;
+};
+
+class Label : public Control
+{
+    Q_OBJECT
+public:
+    using Control::Control;
+    [[nodiscard]] const QString& Caption() const { return m_caption; }
+    [[nodiscard]] Colour Fore() const { return m_colour; }
+    void SetCaption(const QString& caption) { Show(caption, m_colour); }
+    void Show(const QString& caption, Colour colour); ///< text and colour together
+
+private:
+    QString m_caption;
+    Colour m_colour = Colour::Normal;
+};
+
+class Button : public Control
+{
+    Q_OBJECT
+public:
+    using Control::Control;
+    [[nodiscard]] const QString& Caption() const { return m_caption; }
+    void SetCaption(const QString& caption); ///< "&" marks the access key
+
+private:
+    QString m_caption;
+};
+
+class CheckBox : public Button
+{
+    Q_OBJECT
+public:
+    using Button::Button;
+    [[nodiscard]] bool Value() const { return m_value; }
+    void SetValue(bool value); ///< raises Toggled at once if it differs
+
+Q_SIGNALS:
+    void Toggled();
+
+private:
+    bool m_value = false;
+};
+
+/// A list of lines with at most one selected.
+class ListBox : public Control
+{
+    Q_OBJECT
+public:
+    using Control::Control;
+    void Clear();
+    void AddItem(const QString& text);
+    void SetItem(int index, const QString& text); ///< @throws RuntimeError 5 out of range
+    void RemoveItem(int index);
+    [[nodiscard]] int ListCount() const { return static_cast<int>(m_items.size()); }
+    [[nodiscard]] QString List(int index) const; ///< "" out of range
+    [[nodiscard]] const QStringList& Items() const { return m_items; }
+    [[nodiscard]] int ListIndex() const { return m_current; } ///< -1 without a selection
+    void SetListIndex(int index); ///< raises ListIndexChanged at once if it differs
+    /// Index of a line, both trimmed and upper-cased; -1 if absent.
+    [[nodiscard]] int IndexOf(const QString& text) const;
+
+Q_SIGNALS:
+    void ListIndexChanged();
+    void ItemsChanged();
+
+private:
+    QStringList m_items;
+    int m_current = -1;
+};
+
+/// A list with a text that may be typed.
+class ComboBox : public ListBox
+{
+    Q_OBJECT
+public:
+    using ListBox::ListBox;
+    [[nodiscard]] const QString& Text() const { return m_text; }
+    void SetText(const QString& text); ///< raises TextChanged at once if the text differs
+
+Q_SIGNALS:
+    void TextChanged();
+
+private:
+    QString m_text;
+};
+
+/// Shows a picture. Which file it shows is kept beside it (the slot table), not in it.
+class PictureBox : public Control
+{
+    Q_OBJECT
+public:
+    using Control::Control;
+    [[nodiscard]] const QImage& Picture() const { return m_picture; }
+    void SetPicture(const QImage& picture); ///< a null image clears the control
+
+private:
+    QImage m_picture;
+};
+
+struct TabPage
+{
+    QString caption;
+    bool enabled = true;
+    bool operator==(const TabPage&) const = default;
+};
+
+class TabControl : public Control
+{
+    Q_OBJECT
+public:
+    TabControl(ControlSet& set, const QString& name, const QStringList& captions);
+    [[nodiscard]] int Tabs() const { return static_cast<int>(m_pages.size()); }
+    [[nodiscard]] int Tab() const { return m_current; }
+    void SetTab(int page); ///< raises TabClicked at once if it differs
+    [[nodiscard]] QString TabCaption(int page) const; ///< @throws RuntimeError 9 out of range
+    void SetTabCaption(int page, const QString& caption);
+    [[nodiscard]] bool TabEnabled(int page) const;
+    void SetTabEnabled(int page, bool enabled);
+
+Q_SIGNALS:
+    void TabClicked(int previous);
+
+private:
+    QList<TabPage> m_pages;
+    int m_current = 0;
+};
+
+class Gauge : public Control
+{
+    Q_OBJECT
+public:
+    using Control::Control;
+    [[nodiscard]] int Value() const { return m_value; }
+    [[nodiscard]] int Max() const { return m_max; }
+    [[nodiscard]] const QString& Caption() const { return m_caption; }
+    void SetRange(int max); ///< value 0, min 0; a maximum below 1 is raised to 1
+    void SetValue(int value); ///< kept within the range
+    void SetCaption(const QString& caption);
+
+private:
+    int m_value = 0;
+    int m_max = 1;
+    QString m_caption;
+};
+
+/// One entry of a menu array; `index` is what its handler sees.
+struct MenuEntry
+{
+    int index = 0;
+    QString caption; ///< "-" is a separator
+    bool enabled = true;
+    bool checked = false;
+    QString shortcut;                ///< portable key text, may be empty
+    QList<MenuEntry> subEntries = {}; ///< a submenu of its own, `name` below
+    QString subName = {};            ///< the submenu's handler array, "mnuFileItemSubExport"
+};
+
+/// A menu: one handler for its array of entries.
+class Menu : public Control
+{
+    Q_OBJECT
+public:
+    Menu(ControlSet& set, const QString& name, const QString& caption, QList<MenuEntry> entries);
+    [[nodiscard]] const QString& Caption() const { return m_caption; }
+    [[nodiscard]] const QList<MenuEntry>& Entries() const { return m_entries; }
+    void SetEntries(QList<MenuEntry> entries);
+    void SetEntryEnabled(int index, bool enabled);
+    void SetEntryChecked(int index, bool checked);
+    void SetEntryCaption(int index, const QString& caption);
+    /// The user chose an entry; a disabled one does nothing. `array` is Name() or the submenu's name.
+    void Choose(const QString& array, int index);
+
+Q_SIGNALS:
+    void Chosen(const QString& array, int index);
+
+private:
+    MenuEntry* Entry(int index);
+    QString m_caption;
+    QList<MenuEntry> m_entries;
+};
+
+/// An array of controls that share a name, with the bounds of its indices.
+template <class T>
+class ControlArray
+{
+public:
+    ControlArray(ControlSet& set, const QString& name, int first, int last)
+        : m_name(name)
+        , m_first(first)
+    {
+        for (int i = first; i <= last; ++i)
+            m_items.push_back(std::make_unique<T>(set, name, i));
+    }
+
+    /// @throws RuntimeError 9 outside the bounds
+    [[nodiscard]] T& operator()(int index) const
+    {
+        if (index < First() || index > Last())
+            throw RuntimeError(error::kSubscript,
+                               QStringLiteral("%1(%2): subscript out of range").arg(m_name).arg(index));
+        return *m_items[static_cast<std::size_t>(index - m_first)];
+    }
+    [[nodiscard]] int First() const { return m_first; }
+    [[nodiscard]] int Last() const { return m_first + static_cast<int>(m_items.size()) - 1; }
+    [[nodiscard]] const QString& Name() const { return m_name; }
+
+private:
+    QString m_name;
+    int m_first;
+    std::vector<std::unique_ptr<T>> m_items;
+};
+
+} // namespace vasclip::forms

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "forms/controls.h"
+
+namespace vasclip::forms {
+
+/// Where a grid takes its rows from. Rows are asked for as they are shown.
+class GridSource
+{
+public:
+    virtual ~GridSource() = default;
+    [[nodiscard]] virtual qint64 RowCount() const = 0;
+    [[nodiscard]] virtual QStringList FieldNames() const = 0;
+    /// The stored texts of a whole row, one for each field name; empty if the row is gone.
+    [[nodiscard]] virtual QStringList Row(qint64 row) const = 0;
+};
+
+struct GridColumn
+{
+    QString field;   ///< field name of the source
+    QString caption;
+    int width = 90;  ///< device-independent pixels
+    bool visible = true;
+    QString numberFormat; ///< "" as stored, "Short Date", or "FormatText Event"
+    bool rightAligned = false;
+    bool operator==(const GridColumn&) const = default;
+};
+
+/// A bound record grid: columns in their shown order, the current row, and a source.
+class Grid : public Control
+{
+    Q_OBJECT
+public:
+    using Control::Control;
+
+    [[nodiscard]] const QList<GridColumn>& Columns() const { return m_columns; }
+    void SetColumns(const QList<GridColumn>& columns);
+    [[nodiscard]] const GridSource* Source() const { return m_source; }
+    void Rebind(const GridSource* source); ///< not owned; nullptr empties the grid; current row 0 or -1
+    void Refresh() { Q_EMIT Repaint(); }
+
+    [[nodiscard]] qint64 Row() const { return m_row; } ///< -1 for an empty grid
+    void SetRow(qint64 row);                           ///< raises RowColChange if it differs
+    /// Stored text of a field in the current row, "" if there is none.
+    [[nodiscard]] QString CurrentText(const QString& field) const;
+
+Q_SIGNALS:
+    void ColumnsChanged();
+    void Rebound();
+    void Repaint();
+    void RowColChange();
+
+private:
+    QList<GridColumn> m_columns;
+    const GridSource* m_source = nullptr;
+    qint64 m_row = -1;
+};
+
+} // namespace vasclip::forms

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "forms/controls.h"
+
+namespace vasclip::link {
+
+/// frm_Addr: the hidden store of what was read from the report.
+struct frm_Addr
+{
+    frm_Addr();
+    forms::ControlSet controls;
+    forms::TextBox txtKelReport, txtKelFileNo, txtKelListForms, txtFormType, txtKelimages;
+    forms::TextBox txtKelLender, txtKelOwner, txtKelBorrower;
+    forms::TextBox txtKelCity, txtKelState, txtKelZip, txtKelCounty, txtKelNeighBorHd;
+    forms::ControlArray<forms::TextBox> txtCompAddr; ///< 0 is the subject's street address
+    forms::ControlArray<forms::TextBox> txtCompCity, txtCompState, txtCompZip, txtProximity;
+    forms::ControlArray<forms::TextBox> txtAltCompAddr, txtAltCompCity, txtAltCompState, txtAltCompZip,
+        txtAltProximity;
+    forms::ControlArray<forms::TextBox> txtListingAddr, txtListCity, txtListState, txtListZip, txtListProximity;
+    forms::ControlArray<forms::TextBox> txtRentalAddr, txtRentCity, txtRentState, txtRentZip, txtRentProximity;
+    forms::Label lblFileNo;
+    forms::ListBox lstAddr;
+};
+
+/// The report as the main window mirrors it: tabs, labels and text slots.
+struct ReportControls
+{
+    explicit ReportControls(forms::ControlSet& set);
+
+    forms::TabControl TabData; ///< Subject, Comparables, General, Listings, Rentals
+    forms::TabControl TabSubject, TabComp, TabGeneral, TabListing, TabRental;
+    forms::TextBox txtSubject;
+    forms::ControlArray<forms::TextBox> txtComp, txtAltComp, txtListing, txtRental;
+    forms::ControlArray<forms::TextBox> txtgeneraladdr;
+    forms::ControlArray<forms::ComboBox> cboGeneral;
+    forms::ControlArray<forms::Label> lblComp, lblAltComp, lblListing, lblRental; ///< 0-based, one a page
+    forms::TextBox txtMapAddress, txtMapProximity; ///< the point selected on the map
+    forms::Button cmdSubjectAnd;
+    forms::PictureBox imaKel; ///< the house icon: refresh
+};
+
+/// The process-wide values of the link.
+struct LinkState
+{
+    bool linkActive = false;   ///< what KelIsActive found last
+    bool populateGate = false; ///< its second copy: may the tabs be populated
+    bool generalReentry = false; ///< raised while cboGeneral is emptied, so that its events poke nothing
+    qint16 retryLimit = 0;     ///< of LoopWhileNull
+    qint16 dragSourceIndex = -1; ///< 1 to 9 a comp slot, -1 the grid or the map
+    QString currentKey;        ///< CENTRALKEY of the record being dragged
+    QString displayAddress;    ///< its address in the ADDRESSCASE form
+    bool dropRefused = false;
+    qint16 currentSlotIndex = 0; ///< slot whose photo is being cleared
+    bool proximityOnDrop = true; ///< compute the proximity of a dropped comp
+    QString lastPicturePath;
+};
+
+} // namespace vasclip::link

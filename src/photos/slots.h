@@ -1,0 +1,63 @@
+#pragma once
+
+#include "forms/controls.h"
+#include "forms/ports.h"
+#include "platform/files/disk.h"
+
+#include <QHash>
+
+namespace vasclip::photos {
+
+/// The picture slots that mirror the report's pages, with the data boxes and icons beside them.
+struct SlotControls
+{
+    explicit SlotControls(forms::ControlSet& set);
+
+    forms::ControlArray<forms::PictureBox> imaSubject, imaComp, imaAltComp, imaGeneral, imaListing, imaRental;
+    forms::ControlArray<forms::PictureBox> geaComp, geaAltComp, geaListing, geaRental;
+    forms::ControlArray<forms::PictureBox> imaSubjectIcon, imaCompIcon, imaAltCompIcon, imaListingIcon,
+        imaRentalIcon, imaGeneralIcon;
+    forms::ControlArray<forms::PictureBox> imaSubjectAnchor, imaCompAnchor, imaAltCompAnchor, imaListingAnchor,
+        imaRentalAnchor;
+    forms::PictureBox geamaintain;
+};
+
+/// Which file each picture control shows: a path by upper-cased control name and index.
+///
+/// A name that is not in the table has no path: it yields "" and stores nothing. An index above the name's bound
+/// throws RuntimeError 9.
+class SlotTable
+{
+public:
+    [[nodiscard]] QString ErrGetPict(const forms::Control& control) const;
+    void ErrSetPict(const forms::Control& control, const QString& path);
+
+private:
+    [[nodiscard]] static QString Key(const forms::Control& control); ///< "" for a name not in the table
+    QHash<QString, QString> m_paths;
+};
+
+/// Pictures as the rules load them into controls.
+class SlotLoader
+{
+public:
+    SlotLoader(const files::Disk& disk, const forms::Ports& ports, SlotTable& table);
+
+    /// Loads a file into the control and records its path. A file that is not there hides the control and records
+    /// an empty path. A corrupt file shows its dialog and leaves path and control as they were.
+    void ErrLoadPict(forms::PictureBox& control, const QString& path);
+    void ErrClearPict(forms::PictureBox& control);
+    void geaClearImage(forms::PictureBox& control);
+    /// ErrLoadPict and make visible, or for a blank path clear and hide.
+    void ErrLoadThumb(forms::PictureBox& control, const QString& path);
+    [[nodiscard]] SlotTable& Table() const { return m_table; }
+    /// Pixels of the longer side that a slot keeps in memory.
+    static constexpr int kSlotPixels = 480;
+
+private:
+    const files::Disk& m_disk;
+    forms::Ports m_ports;
+    SlotTable& m_table;
+};
+
+} // namespace vasclip::photos

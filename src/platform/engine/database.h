@@ -1,0 +1,101 @@
+#pragma once
+
+#include "platform/engine/recordset.h"
+#include "platform/files/disk.h"
+
+#include <QStringList>
+
+#include <memory>
+
+namespace vasclip::engine {
+
+enum class OpenMode { Shared, Exclusive, ReadOnly };
+
+/// One user of a database file, as its .LDB tells.
+struct User
+{
+    QString host;
+    qint64 process = 0;
+    bool alive = true; ///< false for an entry of a process of this host that is no more
+};
+
+/// An open database file. Record sets keep it alive.
+///
+/// The native file is SQLite under its fixed .MDB name; the field sizes, memo and long binary types are in a
+/// schema of its own. The file's lock companion (.LDB beside it) names who has it open and goes with the last.
+class Database
+{
+public:
+    virtual ~Database() = default;
+
+    [[nodiscard]] virtual QString Path() const = 0; ///< drive path as given to OpenDatabase
+    [[nodiscard]] virtual OpenMode Mode() const = 0;
+
+    /// @param source  a table's name (table or dynaset kind) or a SELECT (dynaset kind only)
+    /// @throws 3078 no such table, 3075 syntax error with its position, 3061 unknown name in the statement
+    [[nodiscard]] virtual std::unique_ptr<Recordset> OpenRecordset(const QString& source, RecordsetType type) = 0;
+
+    /// Runs one action statement (INSERT, UPDATE, DELETE, SELECT INTO, DROP TABLE, ...) in one transaction.
+    /// @return rows affected
+    virtual qint64 Execute(const QString& sql) = 0;
+
+    [[nodiscard]] virtual QStringList TableNames() const = 0; ///< user tables in order of creation
+    [[nodiscard]] virtual TableDef Table(const QString& name) const = 0; ///< @throws 3078
+    virtual void CreateTable(const TableDef& table) = 0;                 ///< @throws 3010
+    virtual void AppendField(const QString& table, const Field& field) = 0; ///< @throws 3191, 3211
+    virtual void AppendIndex(const QString& table, const IndexDef& index) = 0;
+
+    // Several writes that belong together. They nest; only the outermost commits.
+    virtual void BeginTrans() = 0;
+    virtual void CommitTrans() = 0;
+    virtual void Rollback() = 0;
+
+    virtual void Close() = 0;
+};
+
+/// The default workspace: opens, makes and looks at database files of one disk.
+class Engine
+{
+public:
+    explicit Engine(const files::Disk& disk);
+    ~Engine();
+
+    [[nodiscard]] const files::Disk& Disk() const;
+
+    /// @throws 3024 file not found, 3343 not a database (a text file, an empty file: the description says what the
+    /// file is), 3049 damaged, 3051 no right to open, 3009/3356 opened exclusively by somebody, and a clear
+    /// description for a genuine Jet file, which this engine does not read
+    [[nodiscard]] std::shared_ptr<Database> OpenDatabase(const QString& path, OpenMode mode = OpenMode::Shared);
+    /// @throws 3204 if the file is there
+    [[nodiscard]] std::shared_ptr<Database> CreateDatabase(const QString& path);
+    /// Copies a database that may be in use, through the engine's backup interface; target is replaced whole.
+    void CopyDatabase(const QString& source, const QString& target);
+    [[nodiscard]] QList<User> Users(const QString& path) const;
+
+    /// How long a statement waits for another user's lock, in milliseconds.
+    void SetLockWait(int milliseconds);
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+/// Begins a transaction and rolls it back unless committed.
+class Transaction
+{
+public:
+    explicit Transaction(Database& database)
+        : m_database(&database)
+    {
+        database.BeginTrans();
+    }
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    void Commit();
+
+private:
+    Database* m_database;
+};
+
+} // namespace vasclip::engine

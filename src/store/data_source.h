@@ -1,0 +1,51 @@
+#pragma once
+
+#include "forms/ports.h"
+#include "platform/engine/database.h"
+
+#include <QObject>
+
+namespace vasclip::store {
+
+/// A data control: one open table or query, under the control's fixed name ("datDatabook").
+///
+/// Using it unbound throws RuntimeError 91.
+class DataSource : public QObject
+{
+    Q_OBJECT
+public:
+    DataSource(engine::Engine& engine, const QString& name);
+    ~DataSource() override;
+
+    [[nodiscard]] const QString& Name() const { return m_name; }
+    [[nodiscard]] const QString& DatabaseName() const { return m_databaseName; } ///< drive path, "" unbound
+    [[nodiscard]] const QString& RecordSource() const { return m_recordSource; } ///< table name or SQL text
+    [[nodiscard]] engine::RecordsetType RecordsetType() const { return m_type; }
+    void SetDatabaseName(const QString& path) { m_databaseName = path; }
+    void SetRecordSource(const QString& tableOrSql) { m_recordSource = tableOrSql; }
+    void SetRecordsetType(engine::RecordsetType type) { m_type = type; }
+
+    /// (Re)opens the record set of RecordSource and stands on its first record. The database stays open if its
+    /// path has not changed. On failure the old record set stays bound. @throws as OpenDatabase, OpenRecordset
+    void Refresh();
+    void Close(); ///< record set and database
+
+    [[nodiscard]] bool Bound() const { return m_recordset != nullptr; }
+    [[nodiscard]] engine::Recordset& Recordset() const; ///< @throws RuntimeError 91 when unbound
+    [[nodiscard]] engine::Database& Database() const;   ///< @throws RuntimeError 91 when unbound
+    [[nodiscard]] engine::Engine& Engine() const { return m_engine; }
+
+Q_SIGNALS:
+    void Refreshed(); ///< the record set is another one now
+
+private:
+    engine::Engine& m_engine;
+    QString m_name;
+    QString m_databaseName;
+    QString m_recordSource;
+    engine::RecordsetType m_type = engine::RecordsetType::Table;
+    std::shared_ptr<engine::Database> m_database;
+    std::unique_ptr<engine::Recordset> m_recordset;
+};
+
+} // namespace vasclip::store
