@@ -1,0 +1,105 @@
+#pragma once
+
+#include "common/globals.h"
+#include "common/status.h"
+#include "databook/record_desk.h"
+#include "drops/drag.h"
+#include "link/report_desk.h"
+#include "photos/photo_lists.h"
+#include "photos/slots.h"
+#include "platform/conduit/conduit.h"
+#include "store/store.h"
+
+namespace vasclip::drops {
+class Router;
+}
+namespace vasclip::link {
+struct LinkDesk;
+}
+namespace vasclip::databook {
+class GridRows;
+}
+
+namespace vasclip::shell {
+
+struct frm_Splash;
+struct StartUpOptions;
+
+/// What the main window stands on; all of it outlives the window.
+struct Foundation
+{
+    const files::Disk& disk;
+    engine::Engine& engine;
+    conduit::Conduit& txtDDE;
+    forms::Ports ports;
+};
+
+/// The one screen that stays open: it composes the desks of the rooms below and dispatches to them.
+class frm_Main : public QObject
+{
+    Q_OBJECT
+public:
+    explicit frm_Main(const Foundation& foundation);
+    ~frm_Main() override;
+
+    forms::ControlSet controls;
+
+    forms::TabControl tabSource; ///< report and Databook, map
+    common::StatusDesk status;
+    databook::RecordDesk records;
+    link::ReportControls report;
+    photos::SlotControls slots;
+    photos::PhotoLists photoLists;
+
+    forms::Menu mnuFileItem, mnuSetupItem, mnuMaintItem, mnuTransferItem, mnuRefreshItem, mnuDBItem, mnuHelpItem;
+
+    common::Globals globals;
+    store::Sources sources;
+    link::frm_Addr addr;
+    link::LinkState linkState;
+
+    [[nodiscard]] const QString& Caption() const { return m_caption; }
+    void SetCaption(const QString& caption);
+    [[nodiscard]] const Foundation& Base() const { return m_base; }
+    [[nodiscard]] link::LinkDesk& Link() { return *m_link; }
+
+    /// Brings the program up in the fixed order. @throws forms::EndOfProgram when it may not go on
+    void Form_load(const StartUpOptions& options, frm_Splash& splash);
+    /// Saves and closes in the fixed order; a second call does nothing.
+    void Form_Unload();
+
+    void RefreshAppraisal();
+    void DisplayAllRecords();
+    /// A drag ended on a control. Nothing happens for a pair without a rule.
+    drops::Outcome Drop(const drops::Drag& drag, forms::Control& target);
+    /// Would a drop of this source on this control do something now?
+    [[nodiscard]] bool Accepts(const QString& sourceName, const forms::Control& target) const;
+    /// The hint line while a drag is over a control goes to lblmsg; an empty target name clears it.
+    void DragOver(const QString& sourceName, const QString& targetName);
+    /// The drag that the current row of the grid starts.
+    [[nodiscard]] drops::Drag grddatabook_dragCell();
+
+Q_SIGNALS:
+    void CaptionChanged();
+    void UnloadWanted(); ///< File, Exit
+    void AboutWanted();
+
+private:
+    void WireControls();
+    void ReadCaption();
+    void grddatabook_RowColChange();
+    void TestFrontView();
+    void MenuChosen(const QString& array, int index);
+    void LaunchAppraisalProgram();
+
+    Foundation m_base;
+    QString m_caption;
+    bool m_unloaded = false;
+    photos::SlotTable m_slotTable;
+    std::unique_ptr<photos::SlotLoader> m_slotLoader;
+    std::unique_ptr<databook::GridRows> m_rows;
+    std::unique_ptr<link::LinkDesk> m_link;
+    std::unique_ptr<drops::Router> m_router;
+};
+
+} // namespace vasclip::shell

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+namespace vasclip::shell {
+
+/// The program's own command line, after the options that begin with "--" have been taken off it.
+struct StartUpOptions
+{
+    QString commandLine;
+    std::function<bool()> previousInstance; ///< is another copy running? null: no
+    QString executableDir;                  ///< drive path of the program's directory, with a backslash
+};
+
+/// The switches, read from the whole line upper-cased.
+struct Switches
+{
+    explicit Switches(const QString& commandLine);
+    bool debug;      ///< the line is "/D" exactly
+    bool trace;      ///< the line contains "/D": a box per step
+    bool silent;     ///< "/S": no message pump; with trace only steps without .JPG or .BMP in their detail
+    bool pumpAlways; ///< "/2"
+    bool noLoad;     ///< "/NOLOAD" or "/NO LOAD": the user's grid layout is not loaded
+};
+
+} // namespace vasclip::shell
