@@ -77,7 +77,9 @@ class TextBox : public Control
 public:
     using Control::Control;
     [[nodiscard]] const QString& Text() const { return m_text; }
-    void SetText(const QString& text); ///< raises TextChanged at once if the text differs
+    /// Raises TextChanged at once if the text differs. What goes beyond MaxLength is cut off without an
+    /// error.
+    void SetText(const QString& text);
     [[nodiscard]] int MaxLength() const { return m_maxLength; } ///< 0 is no limit
     void SetMaxLength(int length);
     [[nodiscard]] bool Locked() const { return m_locked; }
@@ -137,6 +139,9 @@ private:
 };
 
 /// A list of lines with at most one selected.
+///
+/// Adding or removing lines keeps the selected line selected (its index may move) and raises ItemsChanged
+/// only; when the selected line itself goes, the list is left without a selection.
 class ListBox : public Control
 {
     Q_OBJECT
@@ -145,12 +150,14 @@ public:
     void Clear();
     void AddItem(const QString& text);
     void SetItem(int index, const QString& text); ///< @throws RuntimeError 5 out of range
-    void RemoveItem(int index);
+    void RemoveItem(int index);                   ///< @throws RuntimeError 5 out of range
     [[nodiscard]] int ListCount() const { return static_cast<int>(m_items.size()); }
     [[nodiscard]] QString List(int index) const; ///< "" out of range
     [[nodiscard]] const QStringList& Items() const { return m_items; }
     [[nodiscard]] int ListIndex() const { return m_current; } ///< -1 without a selection
-    void SetListIndex(int index); ///< raises ListIndexChanged at once if it differs
+    /// Raises ListIndexChanged at once if it differs; -1 takes the selection away. @throws RuntimeError 5 out
+    /// of range
+    void SetListIndex(int index);
     /// Index of a line, both trimmed and upper-cased; -1 if absent.
     [[nodiscard]] int IndexOf(const QString& text) const;
 
@@ -158,12 +165,18 @@ Q_SIGNALS:
     void ListIndexChanged();
     void ItemsChanged();
 
+protected:
+    virtual void FollowSelection() {} ///< the selection was set, its event comes next
+    virtual void FollowClear() {}     ///< the lines are gone
+    void TakeSelection(int index) { m_current = index; }
+
 private:
     QStringList m_items;
     int m_current = -1;
 };
 
-/// A list with a text that may be typed.
+/// A list with a text that may be typed. Selecting a line takes its text; a typed text that is a line of the
+/// list selects it without an event, any other takes the selection away.
 class ComboBox : public ListBox
 {
     Q_OBJECT
@@ -174,6 +187,10 @@ public:
 
 Q_SIGNALS:
     void TextChanged();
+
+protected:
+    void FollowSelection() override;
+    void FollowClear() override;
 
 private:
     QString m_text;
@@ -206,7 +223,7 @@ public:
     TabControl(ControlSet& set, const QString& name, const QStringList& captions);
     [[nodiscard]] int Tabs() const { return static_cast<int>(m_pages.size()); }
     [[nodiscard]] int Tab() const { return m_current; }
-    void SetTab(int page); ///< raises TabClicked at once if it differs
+    void SetTab(int page); ///< raises TabClicked at once if it differs; @throws RuntimeError 9 out of range
     [[nodiscard]] QString TabCaption(int page) const; ///< @throws RuntimeError 9 out of range
     void SetTabCaption(int page, const QString& caption);
     [[nodiscard]] bool TabEnabled(int page) const;
@@ -228,7 +245,7 @@ public:
     [[nodiscard]] int Value() const { return m_value; }
     [[nodiscard]] int Max() const { return m_max; }
     [[nodiscard]] const QString& Caption() const { return m_caption; }
-    void SetRange(int max); ///< value 0, min 0; a maximum below 1 is raised to 1
+    void SetRange(int max);   ///< value 0, min 0; a maximum below 1 is raised to 1
     void SetValue(int value); ///< kept within the range
     void SetCaption(const QString& caption);
 
@@ -245,9 +262,9 @@ struct MenuEntry
     QString caption; ///< "-" is a separator
     bool enabled = true;
     bool checked = false;
-    QString shortcut;                ///< portable key text, may be empty
-    QList<MenuEntry> subEntries = {}; ///< a submenu of its own, `name` below
-    QString subName = {};            ///< the submenu's handler array, "mnuFileItemSubExport"
+    QString shortcut = {};            ///< portable key text, may be empty
+    QList<MenuEntry> subEntries = {}; ///< a submenu of its own, its name below
+    QString subName = {};             ///< the submenu's handler array, "mnuFileItemSubExport"
 };
 
 /// A menu: one handler for its array of entries.
@@ -259,9 +276,16 @@ public:
     [[nodiscard]] const QString& Caption() const { return m_caption; }
     [[nodiscard]] const QList<MenuEntry>& Entries() const { return m_entries; }
     void SetEntries(QList<MenuEntry> entries);
-    void SetEntryEnabled(int index, bool enabled);
-    void SetEntryChecked(int index, bool checked);
-    void SetEntryCaption(int index, const QString& caption);
+    /// An entry of `array`, which is Name() or a submenu's name; nullptr if there is none.
+    [[nodiscard]] const MenuEntry* Entry(const QString& array, int index) const;
+    // Each of these throws RuntimeError 9 for an entry that is not there; without an array the top level is
+    // meant.
+    void SetEntryEnabled(int index, bool enabled) { SetEntryEnabled(Name(), index, enabled); }
+    void SetEntryChecked(int index, bool checked) { SetEntryChecked(Name(), index, checked); }
+    void SetEntryCaption(int index, const QString& caption) { SetEntryCaption(Name(), index, caption); }
+    void SetEntryEnabled(const QString& array, int index, bool enabled);
+    void SetEntryChecked(const QString& array, int index, bool checked);
+    void SetEntryCaption(const QString& array, int index, const QString& caption);
     /// The user chose an entry; a disabled one does nothing. `array` is Name() or the submenu's name.
     void Choose(const QString& array, int index);
 
@@ -269,7 +293,7 @@ Q_SIGNALS:
     void Chosen(const QString& array, int index);
 
 private:
-    MenuEntry* Entry(int index);
+    MenuEntry& Needed(const QString& array, int index);
     QString m_caption;
     QList<MenuEntry> m_entries;
 };

@@ -17,11 +17,11 @@ public:
 
 struct GridColumn
 {
-    QString field;   ///< field name of the source
+    QString field; ///< field name of the source
     QString caption;
-    int width = 90;  ///< device-independent pixels
+    int width = 90; ///< device-independent pixels
     bool visible = true;
-    QString numberFormat; ///< "" as stored, "Short Date", or "FormatText Event"
+    QString numberFormat = {}; ///< "" as stored, "Short Date", or "FormatText Event"
     bool rightAligned = false;
     bool operator==(const GridColumn&) const = default;
 };
@@ -36,11 +36,13 @@ public:
     [[nodiscard]] const QList<GridColumn>& Columns() const { return m_columns; }
     void SetColumns(const QList<GridColumn>& columns);
     [[nodiscard]] const GridSource* Source() const { return m_source; }
-    void Rebind(const GridSource* source); ///< not owned; nullptr empties the grid; current row 0 or -1
+    /// Takes a source (not owned; nullptr empties the grid) and stands on its first row, -1 if it has none.
+    /// Raises Rebound, then RowColChange, since the current record is another one.
+    void Rebind(const GridSource* source);
     void Refresh() { Q_EMIT Repaint(); }
 
     [[nodiscard]] qint64 Row() const { return m_row; } ///< -1 for an empty grid
-    void SetRow(qint64 row);                           ///< raises RowColChange if it differs
+    void SetRow(qint64 row); ///< kept within the rows; raises RowColChange if it differs
     /// Stored text of a field in the current row, "" if there is none.
     [[nodiscard]] QString CurrentText(const QString& field) const;
 

@@ -26,7 +26,10 @@ public:
     virtual QString OpenDialog(const QString& filter, const QString& title, const QString& directory) = 0;
 
     void Box(const QString& title, const QString& text) { MsgBox(Buttons::Ok, Icon::None, title, text); }
-    void Info(const QString& title, const QString& text) { MsgBox(Buttons::Ok, Icon::Information, title, text); }
+    void Info(const QString& title, const QString& text)
+    {
+        MsgBox(Buttons::Ok, Icon::Information, title, text);
+    }
     bool YesNo(const QString& title, const QString& text)
     {
         return MsgBox(Buttons::YesNo, Icon::Question, title, text) == Answer::Yes;
