@@ -6,6 +6,8 @@ namespace vasclip::conduit {
 
 /// An exchange was asked for while `LinkMode` is 0.
 inline constexpr int kNoConversation = 293;
+/// A mode other than 0 and 2.
+inline constexpr int kBadLinkMode = 380;
 
 /// The link field: one conversation with the forms program.
 ///

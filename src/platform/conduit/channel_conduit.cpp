@@ -1,0 +1,80 @@
+#include "platform/conduit/channel_conduit.h"
+
+#include "platform/text/runtime_error.h"
+
+#include <utility>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace vasclip::conduit {
+
+ChannelConduit::ChannelConduit(Connector connector, int timeLimitMs)
+    : m_connector(std::move(connector))
+    , m_timeLimitMs(timeLimitMs)
+{}
+
+ChannelConduit::~ChannelConduit() = default;
+
+void ChannelConduit::SetLinkTopic(const QString& topic)
+{
+    if (m_mode != 0)
+        throw RuntimeError(error::kLinkTopicOpen,
+                           u"The topic cannot be changed while the conversation is open"_s);
+    m_topic = topic;
+}
+
+void ChannelConduit::SetLinkMode(qint16 mode)
+{
+    if (mode == 0) {
+        m_mode = 0;
+        return;
+    }
+    if (mode != 2)
+        throw RuntimeError(kBadLinkMode, u"The link mode can be 0 or 2, not %1"_s.arg(mode));
+    if (m_topic.indexOf(u'|') < 1)
+        throw RuntimeError(error::kLinkNoAnswer,
+                           u"\"%1\" is no topic: a service, \"|\" and a topic are wanted"_s.arg(m_topic));
+    if (m_channel && m_channel->Idle()) {
+        m_mode = 2;
+        return;
+    }
+    m_mode = 0;
+    m_channel.reset();
+    const QDeadlineTimer deadline(m_timeLimitMs);
+    std::unique_ptr<LinkChannel> channel = m_connector(deadline);
+    channel->Greet(deadline);
+    m_channel = std::move(channel);
+    m_mode = 2;
+}
+
+void ChannelConduit::LinkRequest()
+{
+    m_text = Exchange({0, Verb::Request, m_topic, m_item, {}});
+}
+
+void ChannelConduit::LinkPoke()
+{
+    static_cast<void>(Exchange({0, Verb::Poke, m_topic, m_item, m_text}));
+}
+
+void ChannelConduit::LinkExecute(const QString& command)
+{
+    static_cast<void>(Exchange({0, Verb::Execute, m_topic, {}, command}));
+}
+
+QString ChannelConduit::Exchange(LinkMessage message)
+{
+    if (m_mode == 0)
+        throw RuntimeError(kNoConversation, u"No conversation with the forms program is open"_s);
+    try {
+        return m_channel->Exchange(std::move(message), QDeadlineTimer(m_timeLimitMs));
+    } catch (const RuntimeError& failure) {
+        if (failure.Number() != error::kLinkBusy) {
+            m_channel.reset();
+            m_mode = 0;
+        }
+        throw;
+    }
+}
+
+} // namespace vasclip::conduit

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/conduit/conduit.h"
+#include "platform/conduit/link_channel.h"
+
+#include <QDeadlineTimer>
+
+#include <functional>
+#include <memory>
+
+namespace vasclip::conduit {
+
+/// Opens a way to the forms program: a connected channel before its greeting.
+/// @throws RuntimeError 282 nobody answers
+using Connector = std::function<std::unique_ptr<LinkChannel>(const QDeadlineTimer&)>;
+
+/// The members of the link field over a channel.
+///
+/// The way itself is kept while `LinkMode` is 0 and looked at again when a conversation opens, so that a send
+/// of forty fields costs forty round trips and not forty connections more.
+class ChannelConduit final : public Conduit
+{
+public:
+    ChannelConduit(Connector connector, int timeLimitMs);
+    ~ChannelConduit() override;
+
+    [[nodiscard]] QString Text() const override { return m_text; }
+    void SetText(const QString& text) override { m_text = text; }
+    [[nodiscard]] QString LinkTopic() const override { return m_topic; }
+    void SetLinkTopic(const QString& topic) override;
+    [[nodiscard]] QString LinkItem() const override { return m_item; }
+    void SetLinkItem(const QString& item) override { m_item = item; }
+    [[nodiscard]] qint16 LinkMode() const override { return m_mode; }
+    void SetLinkMode(qint16 mode) override;
+
+    void LinkRequest() override;
+    void LinkPoke() override;
+    void LinkExecute(const QString& command) override;
+
+private:
+    [[nodiscard]] QString Exchange(LinkMessage message);
+
+    Connector m_connector;
+    int m_timeLimitMs;
+    std::unique_ptr<LinkChannel> m_channel;
+    QString m_text, m_topic, m_item;
+    qint16 m_mode = 0;
+};
+
+} // namespace vasclip::conduit

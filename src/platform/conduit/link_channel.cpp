@@ -1,0 +1,96 @@
+#include "platform/conduit/link_channel.h"
+
+#include "platform/text/runtime_error.h"
+
+#include <QCoreApplication>
+#include <QRandomGenerator>
+
+#include <utility>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace vasclip::conduit {
+
+LinkChannel::LinkChannel(std::unique_ptr<QIODevice> device, std::function<bool()> alive)
+    : m_device(std::move(device))
+    , m_alive(std::move(alive))
+{}
+
+LinkChannel::~LinkChannel() = default;
+
+void LinkChannel::Greet(const QDeadlineTimer& deadline)
+{
+    const QString nonce = QString::number(QRandomGenerator::system()->generate64(), 16);
+    Send(Encode(Hello{nonce, u"vasclip"_s, QCoreApplication::applicationPid()}));
+    const QByteArray line = Receive(deadline);
+    if (line.startsWith("{\"error\"") || line.contains("\"error\":")) {
+        const LinkAnswer refusal = DecodeAnswer(line);
+        throw RuntimeError(error::kLinkPeerGone,
+                           u"The forms program refused the conversation: %1"_s.arg(refusal.text));
+    }
+    m_partner = DecodeHello(line);
+    if (m_partner.nonce != nonce)
+        throw RuntimeError(error::kLinkPeerGone, u"The greeting on the link answers another conversation"_s);
+}
+
+QString LinkChannel::Exchange(LinkMessage message, const QDeadlineTimer& deadline)
+{
+    message.id = ++m_lastId;
+    const QByteArray line = Encode(message);
+    if (line.size() > kMaxLine)
+        throw RuntimeError(
+            error::kLinkBusy,
+            u"The text is too long for the link: %1 bytes, at most %2 go"_s.arg(line.size()).arg(kMaxLine));
+    Send(line);
+    const LinkAnswer answer = DecodeAnswer(Receive(deadline));
+    if (answer.id == 0 && answer.kind == LinkAnswer::Kind::Error)
+        throw RuntimeError(error::kLinkPeerGone,
+                           u"The forms program could not read the line: %1"_s.arg(answer.text));
+    if (answer.id != message.id)
+        throw RuntimeError(
+            error::kLinkPeerGone,
+            u"Garbage on the link (answer %1 to question %2)"_s.arg(answer.id).arg(message.id));
+    if (answer.kind == LinkAnswer::Kind::Error)
+        throw RuntimeError(error::kLinkBusy, answer.text);
+    if ((answer.kind == LinkAnswer::Kind::Text) != (message.verb == Verb::Request))
+        throw RuntimeError(error::kLinkPeerGone, u"Garbage on the link (an answer of the wrong kind)"_s);
+    return answer.text;
+}
+
+bool LinkChannel::Idle()
+{
+    // Looking at the device is what makes it notice that the other side has gone.
+    if (m_device->bytesAvailable() == 0)
+        m_device->waitForReadyRead(0);
+    return m_alive() && m_device->bytesAvailable() == 0 && m_lines.Empty();
+}
+
+void LinkChannel::Send(const QByteArray& line)
+{
+    if (m_device->write(line) != line.size())
+        throw RuntimeError(error::kLinkPeerGone,
+                           u"The forms program has gone: %1"_s.arg(m_device->errorString()));
+}
+
+QByteArray LinkChannel::Receive(const QDeadlineTimer& deadline)
+{
+    QByteArray line;
+    while (!m_lines.Next(line)) {
+        if (m_device->bytesAvailable() == 0) {
+            const auto left = static_cast<int>(deadline.remainingTime());
+            const bool came = left > 0 && m_device->waitForReadyRead(left);
+            if (!came && m_device->bytesAvailable() == 0) {
+                if (m_alive() && deadline.remainingTime() <= 0)
+                    throw RuntimeError(error::kLinkTimeOut, u"The forms program did not answer in time"_s);
+                throw RuntimeError(error::kLinkPeerGone,
+                                   m_lines.Empty()
+                                       ? u"The forms program closed the link"_s
+                                       : u"The forms program closed the link in the middle of an answer"_s);
+            }
+        }
+        m_lines.Append(m_device->readAll());
+    }
+    return line;
+}
+
+} // namespace vasclip::conduit

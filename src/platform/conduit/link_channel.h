@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/conduit/protocol.h"
+
+#include <QDeadlineTimer>
+#include <QIODevice>
+
+#include <functional>
+#include <memory>
+
+namespace vasclip::conduit {
+
+/// The client's end of a conversation over any device that carries bytes both ways: a local socket, or a
+/// process that is written to and read from.
+///
+/// A channel that has thrown 286 or 289 is used up: an answer that comes later belongs to nobody.
+class LinkChannel
+{
+public:
+    /// @param device  connected or running; owned
+    /// @param alive   false once nothing more can come from the device
+    LinkChannel(std::unique_ptr<QIODevice> device, std::function<bool()> alive);
+    ~LinkChannel();
+    LinkChannel(const LinkChannel&) = delete;
+    LinkChannel& operator=(const LinkChannel&) = delete;
+
+    /// The exchange of names that opens every conversation.
+    /// @throws RuntimeError 286, 289
+    void Greet(const QDeadlineTimer& deadline);
+
+    /// Sends one message (its id is set here) and waits for its answer.
+    /// @throws RuntimeError 285 with the words of the refusal, 286, 289
+    [[nodiscard]] QString Exchange(LinkMessage message, const QDeadlineTimer& deadline);
+
+    /// True if the other side is there and has said nothing unasked.
+    [[nodiscard]] bool Idle();
+
+    /// What the other side called itself in its greeting.
+    [[nodiscard]] const Hello& Partner() const { return m_partner; }
+
+private:
+    void Send(const QByteArray& line);
+    [[nodiscard]] QByteArray Receive(const QDeadlineTimer& deadline);
+
+    std::unique_ptr<QIODevice> m_device;
+    std::function<bool()> m_alive;
+    LineCutter m_lines;
+    Hello m_partner;
+    qint64 m_lastId = 0;
+};
+
+} // namespace vasclip::conduit

@@ -1,0 +1,35 @@
+#include "platform/conduit/socket_conduit.h"
+
+#include "platform/conduit/channel_conduit.h"
+#include "platform/conduit/socket_path.h"
+#include "platform/text/runtime_error.h"
+
+#include <QLocalSocket>
+
+#include <utility>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace vasclip::conduit {
+
+std::unique_ptr<Conduit> MakeSocketConduit(SocketOptions options)
+{
+    const int timeLimitMs = options.timeLimitMs;
+    return std::make_unique<ChannelConduit>(
+        [options = std::move(options)](const QDeadlineTimer& deadline) {
+            RequireOwnSocket(options.socketPath);
+            auto socket = std::make_unique<QLocalSocket>();
+            socket->connectToServer(options.socketPath);
+            if (!socket->waitForConnected(static_cast<int>(deadline.remainingTime())))
+                throw RuntimeError(error::kLinkNoAnswer, u"No forms program answers at %1: %2"_s.arg(
+                                                             options.socketPath, socket->errorString()));
+            RequireOwnUser(options.peerOf, socket->socketDescriptor(), SocketEnd::Client,
+                           error::kLinkNoAnswer);
+            QLocalSocket* raw = socket.get();
+            return std::make_unique<LinkChannel>(
+                std::move(socket), [raw] { return raw->state() == QLocalSocket::ConnectedState; });
+        },
+        timeLimitMs);
+}
+
+} // namespace vasclip::conduit

@@ -1,0 +1,57 @@
+// A forms program of the smallest kind, in a process of its own: over its standard input and output, or on a
+// socket.
+
+#include "memo_handler.h"
+
+#include "platform/conduit/link_server.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+#include <string>
+
+namespace {
+
+int ServePipes(vasclip::test::MemoHandler& handler, const QString& manner)
+{
+    vasclip::conduit::LinkSession session(handler, QStringLiteral("link_peer"));
+    bool greeted = false;
+    for (int c = std::fgetc(stdin); c != EOF; c = std::fgetc(stdin)) {
+        const QList<QByteArray> lines = session.Feed(QByteArray(1, static_cast<char>(c)));
+        for (const QByteArray& line : lines) {
+            if (greeted && manner == QStringLiteral("--silent"))
+                continue;
+            if (greeted && manner == QStringLiteral("--die")) {
+                std::fwrite(line.constData(), 1, static_cast<size_t>(line.size() / 2), stdout);
+                std::fflush(stdout);
+                return 3;
+            }
+            greeted = true;
+            std::fwrite(line.constData(), 1, static_cast<size_t>(line.size()), stdout);
+            std::fflush(stdout);
+        }
+    }
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication app(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    vasclip::test::MemoHandler handler;
+    if (arguments.value(1) != QStringLiteral("--socket"))
+        return ServePipes(handler, arguments.value(1));
+    vasclip::conduit::LinkServer server(
+        handler, {arguments.value(2), QStringLiteral("link_peer"), vasclip::conduit::PeerOf, {}, {}, {}, {}});
+    try {
+        server.Listen();
+    } catch (const vasclip::RuntimeError& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        return 2;
+    }
+    std::puts("listening");
+    std::fflush(stdout);
+    return QCoreApplication::exec();
+}
