@@ -1,0 +1,200 @@
+#include "windows/binder.h"
+
+#include "windows/guard.h"
+#include "windows/icons.h"
+#include "windows/picture_view.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QStyle>
+#include <QToolButton>
+
+// Text boxes, labels, buttons, check boxes, pictures and gauges.
+
+namespace vasclip::windows {
+
+namespace {
+
+constexpr int kNoLimit = 32767;
+
+QString ToneOf(forms::Colour colour)
+{
+    switch (colour) {
+    case forms::Colour::Blue:
+        return QStringLiteral("blue");
+    case forms::Colour::Red:
+        return QStringLiteral("red");
+    case forms::Colour::Green:
+        return QStringLiteral("green");
+    case forms::Colour::Normal:
+        break;
+    }
+    return QStringLiteral("normal");
+}
+
+/// The caption as a tip: without the mark of the access key.
+QString WithoutMark(QString caption)
+{
+    caption.replace(QLatin1StringView("&&"), QLatin1StringView("\1"));
+    caption.remove(QLatin1Char('&'));
+    return caption.replace(QLatin1Char('\1'), QLatin1Char('&'));
+}
+
+} // namespace
+
+bool Binder::BindText(forms::TextBox& control, QWidget& widget)
+{
+    if (auto* edit = qobject_cast<QLineEdit*>(&widget)) {
+        const auto show = [&control, edit] {
+            edit->setMaxLength(control.MaxLength() > 0 ? control.MaxLength() : kNoLimit);
+            edit->setReadOnly(control.Locked());
+            if (edit->text() != control.Text()) {
+                const int cursor = edit->cursorPosition();
+                edit->setText(control.Text());
+                edit->setCursorPosition(edit->hasFocus() ? cursor : 0);
+            }
+        };
+        connect(&control, &forms::Control::Changed, edit, show);
+        connect(&control, &forms::TextBox::SelectAllWanted, edit, &QLineEdit::selectAll);
+        connect(edit, &QLineEdit::textEdited, &control, [this, &control, show](const QString& text) {
+            m_guard.Run([&] { control.SetText(text); });
+            show(); // a rule may have kept the old text
+        });
+        show();
+        return true;
+    }
+    auto* edit = qobject_cast<QPlainTextEdit*>(&widget);
+    if (edit == nullptr)
+        return false;
+    const auto show = [&control, edit] {
+        edit->setReadOnly(control.Locked());
+        if (edit->toPlainText() != control.Text()) {
+            const QSignalBlocker quiet(edit);
+            edit->setPlainText(control.Text());
+        }
+    };
+    connect(&control, &forms::Control::Changed, edit, show);
+    connect(&control, &forms::TextBox::SelectAllWanted, edit, &QPlainTextEdit::selectAll);
+    connect(edit, &QPlainTextEdit::textChanged, &control,
+            [this, &control, edit] { m_guard.Run([&] { control.SetText(edit->toPlainText()); }); });
+    show();
+    return true;
+}
+
+bool Binder::BindLabel(forms::Label& control, QWidget& widget)
+{
+    auto* label = qobject_cast<QLabel*>(&widget);
+    if (label == nullptr)
+        return false;
+    label->setTextFormat(Qt::PlainText);
+    const auto show = [&control, label] {
+        label->setText(control.Caption());
+        const QString tone = ToneOf(control.Fore());
+        if (label->property("tone").toString() == tone)
+            return;
+        label->setProperty("tone", tone);
+        label->style()->unpolish(label);
+        label->style()->polish(label);
+    };
+    connect(&control, &forms::Control::Changed, label, show);
+    show();
+    return true;
+}
+
+bool Binder::BindButton(forms::Button& control, QWidget& widget)
+{
+    auto* button = qobject_cast<QAbstractButton*>(&widget);
+    if (button == nullptr)
+        return false;
+    const auto show = [&control, button] {
+        if (button->text() != control.Caption())
+            button->setText(control.Caption());
+        if (control.ToolTipText().isEmpty())
+            button->setToolTip(WithoutMark(control.Caption()));
+    };
+    connect(&control, &forms::Control::Changed, button, show);
+    connect(button, &QAbstractButton::clicked, &control,
+            [this, &control] { m_guard.Run([&control] { Q_EMIT control.Clicked(); }); });
+    show();
+    return true;
+}
+
+bool Binder::BindCheck(forms::CheckBox& control, QWidget& widget)
+{
+    auto* box = qobject_cast<QAbstractButton*>(&widget);
+    if (box == nullptr || (qobject_cast<QCheckBox*>(box) == nullptr && !box->isCheckable()))
+        return false;
+    const auto show = [&control, box] {
+        box->setText(control.Caption());
+        box->setChecked(control.Value());
+    };
+    connect(&control, &forms::Control::Changed, box, show);
+    connect(box, &QAbstractButton::clicked, &control, [this, &control, show](bool on) {
+        m_guard.Run([&] {
+            control.SetValue(on);
+            Q_EMIT control.Clicked();
+        });
+        show();
+    });
+    show();
+    return true;
+}
+
+bool Binder::BindPicture(forms::PictureBox& control, QWidget& widget)
+{
+    if (auto* view = qobject_cast<PictureView*>(&widget)) {
+        const auto show = [&control, view] {
+            if (view->Picture().cacheKey() != control.Picture().cacheKey())
+                view->SetPicture(control.Picture());
+        };
+        connect(&control, &forms::Control::Changed, view, show);
+        connect(view, &PictureView::Clicked, &control,
+                [this, &control] { m_guard.Run([&control] { Q_EMIT control.Clicked(); }); });
+        connect(view, &PictureView::DoubleClicked, &control,
+                [this, &control] { m_guard.Run([&control] { Q_EMIT control.DoubleClicked(); }); });
+        connect(view, &PictureView::DragWanted, &control, [this, &control] { Q_EMIT DragWanted(control); });
+        show();
+        return true;
+    }
+    // A picture that is only ever clicked is a button with the picture as its icon; without a picture it
+    // keeps the icon of the window.
+    auto* button = qobject_cast<QToolButton*>(&widget);
+    if (button == nullptr)
+        return false;
+    const auto show = [&control, button, own = button->icon()] {
+        button->setIcon(control.Picture().isNull() ? own : QIcon(QPixmap::fromImage(control.Picture())));
+    };
+    connect(&control, &forms::Control::Changed, button, show);
+    connect(button, &QToolButton::clicked, &control,
+            [this, &control] { m_guard.Run([&control] { Q_EMIT control.Clicked(); }); });
+    show();
+    return true;
+}
+
+bool Binder::BindGauge(forms::Gauge& control, QWidget& widget)
+{
+    auto* bar = qobject_cast<QProgressBar*>(&widget);
+    if (bar == nullptr)
+        return false;
+    // A bar with this property belongs to the work at hand and goes when no step is named.
+    const bool hideWhenIdle = bar->property("hideWhenIdle").toBool();
+    const auto show = [&control, bar, hideWhenIdle] {
+        bar->setRange(0, control.Max());
+        bar->setValue(control.Value());
+        bar->setFormat(QString(control.Caption()).replace(QLatin1Char('%'), QLatin1StringView("%%")));
+        bar->setTextVisible(!control.Caption().isEmpty());
+        const bool shown = control.Visible() && !(hideWhenIdle && control.Caption().isEmpty());
+        if (bar->isHidden() == shown)
+            bar->setVisible(shown);
+    };
+    connect(&control, &forms::Control::Changed, bar, show);
+    show();
+    return true;
+}
+
+} // namespace vasclip::windows

@@ -1,0 +1,191 @@
+#include "windows/binder.h"
+
+#include "windows/guard.h"
+#include "windows/record_grid.h"
+#include "windows/theme.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QSignalBlocker>
+#include <QStringListModel>
+#include <QTabBar>
+#include <QTabWidget>
+
+// Lists, combo boxes, tabs and grids.
+
+namespace vasclip::windows {
+
+namespace {
+
+const QLatin1StringView kNotAvailable("N/A");
+
+void ShowLines(QListView& view, const QStringList& lines)
+{
+    if (auto* list = qobject_cast<QListWidget*>(&view)) {
+        list->clear();
+        list->addItems(lines);
+        return;
+    }
+    auto* model = qobject_cast<QStringListModel*>(view.model());
+    if (model == nullptr) {
+        model = new QStringListModel(&view);
+        view.setModel(model);
+    }
+    if (model->stringList() != lines)
+        model->setStringList(lines);
+}
+
+} // namespace
+
+bool Binder::BindList(forms::ListBox& control, QWidget& widget)
+{
+    auto* view = qobject_cast<QListView*>(&widget);
+    if (view == nullptr)
+        return false;
+    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    ShowLines(*view, control.Items());
+    const auto showing = std::make_shared<bool>(false); // the control writes the view, not the user
+    const auto showCurrent = [&control, view, showing] {
+        *showing = true;
+        view->setCurrentIndex(control.ListIndex() < 0 ? QModelIndex()
+                                                      : view->model()->index(control.ListIndex(), 0));
+        if (control.ListIndex() >= 0)
+            view->scrollTo(view->currentIndex());
+        *showing = false;
+    };
+    connect(&control, &forms::ListBox::ItemsChanged, view, [&control, view, showing, showCurrent] {
+        *showing = true;
+        ShowLines(*view, control.Items());
+        *showing = false;
+        showCurrent();
+    });
+    connect(&control, &forms::ListBox::Changed, view, showCurrent);
+    connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged, &control,
+            [this, &control, view, showing](const QModelIndex& current) {
+                if (*showing || !current.isValid())
+                    return;
+                const bool byMouse =
+                    (QApplication::mouseButtons() & Qt::LeftButton) != 0 && view->underMouse();
+                m_guard.Run([&] {
+                    control.SetListIndex(current.row());
+                    if (!byMouse) // the mouse raises its click when it is let go
+                        Q_EMIT control.Clicked();
+                });
+            });
+    connect(view, &QListView::clicked, &control,
+            [this, &control] { m_guard.Run([&control] { Q_EMIT control.Clicked(); }); });
+    connect(view, &QListView::activated, &control,
+            [this, &control] { m_guard.Run([&control] { Q_EMIT control.DoubleClicked(); }); });
+    showCurrent();
+    return true;
+}
+
+bool Binder::BindCombo(forms::ComboBox& control, QWidget& widget)
+{
+    auto* combo = qobject_cast<QComboBox*>(&widget);
+    if (combo == nullptr)
+        return false;
+    combo->setInsertPolicy(QComboBox::NoInsert);
+    const auto showCurrent = [&control, combo] {
+        const QSignalBlocker quiet(combo);
+        if (combo->currentIndex() != control.ListIndex())
+            combo->setCurrentIndex(control.ListIndex());
+        if (combo->isEditable() && combo->currentText() != control.Text()) {
+            const int cursor = combo->lineEdit()->cursorPosition();
+            combo->setEditText(control.Text());
+            combo->lineEdit()->setCursorPosition(combo->lineEdit()->hasFocus() ? cursor : 0);
+        }
+    };
+    const auto showItems = [&control, combo, showCurrent] {
+        {
+            const QSignalBlocker quiet(combo);
+            combo->clear();
+            combo->addItems(control.Items());
+            if (combo->isEditable())
+                combo->setEditText(control.Text());
+        }
+        showCurrent();
+    };
+    connect(&control, &forms::ListBox::ItemsChanged, combo, showItems);
+    connect(&control, &forms::Control::Changed, combo, showCurrent);
+    connect(combo, &QComboBox::activated, &control, [this, &control, showCurrent](int index) {
+        m_guard.Run([&] {
+            control.SetListIndex(index);
+            Q_EMIT control.Clicked();
+        });
+        showCurrent();
+    });
+    if (combo->isEditable()) {
+        connect(combo->lineEdit(), &QLineEdit::textEdited, &control,
+                [this, &control, showCurrent](const QString& text) {
+                    m_guard.Run([&] { control.SetText(text); });
+                    showCurrent();
+                });
+    }
+    showItems();
+    return true;
+}
+
+bool Binder::BindTabs(forms::TabControl& control, QWidget& widget)
+{
+    auto* book = qobject_cast<QTabWidget*>(&widget);
+    QTabBar* bar = book != nullptr ? book->tabBar() : qobject_cast<QTabBar*>(&widget);
+    if (bar == nullptr)
+        return false;
+    if (book != nullptr && book->count() != control.Tabs())
+        throw RuntimeError(error::kSubscript, QStringLiteral("%1 has %2 pages, its widget %3")
+                                                  .arg(control.ObjectName())
+                                                  .arg(control.Tabs())
+                                                  .arg(book->count()));
+    while (bar->count() < control.Tabs())
+        bar->addTab(QString());
+    const auto show = [&control, bar] {
+        const QSignalBlocker quiet(bar);
+        for (int page = 0; page < control.Tabs(); ++page) {
+            // A page that the report does not have looks disabled but can be clicked: the rules then ask
+            // anew.
+            const QString caption = control.TabCaption(page);
+            const bool dim = caption == kNotAvailable || !control.TabEnabled(page);
+            if (bar->tabText(page) != caption)
+                bar->setTabText(page, caption);
+            bar->setTabTextColor(page, dim ? Theme::Colours().faint : QColor());
+            if (bar->isTabEnabled(page) != control.TabEnabled(page))
+                bar->setTabEnabled(page, control.TabEnabled(page));
+        }
+    };
+    const auto showPage = [&control, book, bar] {
+        if (bar->currentIndex() == control.Tab())
+            return;
+        if (book != nullptr)
+            book->setCurrentIndex(control.Tab());
+        else
+            bar->setCurrentIndex(control.Tab());
+    };
+    connect(&control, &forms::Control::Changed, bar, [show, showPage] {
+        show();
+        showPage();
+    });
+    connect(bar, &QTabBar::currentChanged, &control, [this, &control, showPage](int page) {
+        if (page < 0)
+            return;
+        m_guard.Run([&] { control.SetTab(page); });
+        showPage();
+    });
+    show();
+    showPage();
+    return true;
+}
+
+bool Binder::BindGrid(forms::Grid& control, QWidget& widget)
+{
+    auto* grid = qobject_cast<RecordGrid*>(&widget);
+    if (grid == nullptr)
+        return false;
+    grid->Attach(control, m_guard);
+    connect(grid, &RecordGrid::DragWanted, &control, [this, &control] { Q_EMIT DragWanted(control); });
+    return true;
+}
+
+} // namespace vasclip::windows

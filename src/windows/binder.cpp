@@ -1,0 +1,213 @@
+#include "windows/binder.h"
+
+#include "windows/guard.h"
+#include "windows/picture_view.h"
+#include "windows/record_grid.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QRegularExpression>
+
+namespace vasclip::windows {
+
+Binder::Binder(forms::ControlSet& controls, EventGuard& guard, QObject* parent)
+    : QObject(parent)
+    , m_controls(controls)
+    , m_guard(guard)
+{}
+
+bool Binder::IsControlName(const QString& objectName)
+{
+    static const QRegularExpression prefixes(QStringLiteral(
+        "^(cmd|txt|lbl|lst|cbo|ckb|opt|ima|img|gea|dat|fil|fra|tab|Tab|mnu|pop|spn|grd|gau)[A-Za-z0-9]"));
+    return prefixes.match(objectName).hasMatch();
+}
+
+void Binder::DeclareUnseen(const QStringList& names)
+{
+    for (const QString& name : names)
+        m_unseen.insert(name);
+}
+
+void Binder::Bind(QWidget& root)
+{
+    QHash<QString, QWidget*> named;
+    const auto take = [&named](QWidget* widget) {
+        if (!widget->objectName().isEmpty())
+            named.insert(widget->objectName().toUpper(), widget);
+    };
+    take(&root);
+    for (QWidget* widget : root.findChildren<QWidget*>())
+        take(widget);
+    for (forms::Control* control : m_controls.All()) {
+        if (m_widgets.value(control) != nullptr)
+            continue;
+        if (QWidget* widget = named.value(control->ObjectName().toUpper()))
+            BindOne(*control, *widget);
+    }
+}
+
+void Binder::BindOne(forms::Control& control, QWidget& widget)
+{
+    if (!BindKind(control, widget))
+        throw RuntimeError(
+            error::kTypeMismatch,
+            QStringLiteral("%1: a %2 cannot show this control")
+                .arg(control.ObjectName(), QLatin1StringView(widget.metaObject()->className())));
+    m_widgets.insert(&control, &widget);
+    m_watched.insert(&widget, &control);
+    Watch(control, widget);
+    connect(&control, &forms::Control::Changed, &widget,
+            [this, &control, &widget] { ShowCommon(control, widget); });
+    connect(&control, &forms::Control::FocusWanted, &widget,
+            [&widget] { widget.setFocus(Qt::OtherFocusReason); });
+    ShowCommon(control, widget);
+    Q_EMIT Bound(control, widget);
+}
+
+bool Binder::BindKind(forms::Control& control, QWidget& widget)
+{
+    if (auto* check = qobject_cast<forms::CheckBox*>(&control))
+        return BindCheck(*check, widget);
+    if (auto* button = qobject_cast<forms::Button*>(&control))
+        return BindButton(*button, widget);
+    if (auto* combo = qobject_cast<forms::ComboBox*>(&control))
+        return BindCombo(*combo, widget);
+    if (auto* list = qobject_cast<forms::ListBox*>(&control))
+        return BindList(*list, widget);
+    if (auto* box = qobject_cast<forms::TextBox*>(&control))
+        return BindText(*box, widget);
+    if (auto* label = qobject_cast<forms::Label*>(&control))
+        return BindLabel(*label, widget);
+    if (auto* picture = qobject_cast<forms::PictureBox*>(&control))
+        return BindPicture(*picture, widget);
+    if (auto* tabs = qobject_cast<forms::TabControl*>(&control))
+        return BindTabs(*tabs, widget);
+    if (auto* gauge = qobject_cast<forms::Gauge*>(&control))
+        return BindGauge(*gauge, widget);
+    if (auto* menu = qobject_cast<forms::Menu*>(&control))
+        return BindMenu(*menu, widget);
+    if (auto* grid = qobject_cast<forms::Grid*>(&control))
+        return BindGrid(*grid, widget);
+    return true; // a plain control is a frame of any kind
+}
+
+/// Visible, enabled and the tip: the same for all kinds.
+void Binder::ShowCommon(forms::Control& control, QWidget& widget)
+{
+    widget.setEnabled(control.Enabled());
+    if (!control.ToolTipText().isEmpty())
+        widget.setToolTip(control.ToolTipText());
+    if (auto* view = qobject_cast<PictureView*>(&widget)) {
+        view->SetShown(control.Visible());
+    } else if (auto* menu = qobject_cast<QMenu*>(&widget)) {
+        menu->menuAction()->setVisible(control.Visible());
+    } else if (qobject_cast<forms::Gauge*>(&control) == nullptr && widget.parentWidget() != nullptr &&
+               widget.isHidden() == control.Visible()) {
+        widget.setVisible(control.Visible());
+    }
+}
+
+/// The events that every control knows: click, double click, loss of the focus.
+void Binder::Watch(forms::Control& control, QWidget& widget)
+{
+    if (qobject_cast<QMenu*>(&widget) != nullptr)
+        return;
+    widget.installEventFilter(this);
+    QWidget* inner = nullptr;
+    if (auto* view = qobject_cast<QAbstractItemView*>(&widget))
+        inner = view->viewport();
+    else if (auto* combo = qobject_cast<QComboBox*>(&widget))
+        inner = combo->lineEdit();
+    if (inner == nullptr)
+        return;
+    inner->installEventFilter(this);
+    m_watched.insert(inner, &control);
+}
+
+bool Binder::eventFilter(QObject* watched, QEvent* event)
+{
+    forms::Control* control = nullptr;
+    switch (event->type()) {
+    case QEvent::FocusOut: {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason ||
+            reason == Qt::MenuBarFocusReason)
+            break;
+        if ((control = ControlOf(watched)) != nullptr)
+            m_guard.Run([control] { Q_EMIT control->LostFocus(); });
+        break;
+    }
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick: {
+        // Buttons, pictures, lists and grids raise these themselves.
+        if (static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton)
+            break;
+        control = ControlOf(watched);
+        const bool simple = qobject_cast<forms::TextBox*>(control) != nullptr ||
+                            qobject_cast<forms::Label*>(control) != nullptr;
+        if (!simple)
+            break;
+        if (event->type() == QEvent::MouseButtonRelease)
+            m_guard.Run([control] { Q_EMIT control->Clicked(); });
+        else
+            m_guard.Run([control] { Q_EMIT control->DoubleClicked(); });
+        break;
+    }
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+QStringList Binder::Leftovers(const QWidget& root) const
+{
+    QStringList left;
+    QSet<QString> controlNames, seenNames;
+    for (const forms::Control* control : m_controls.All()) {
+        controlNames.insert(control->ObjectName().toUpper());
+        seenNames.insert(control->Name());
+        seenNames.insert(control->ObjectName());
+        const bool unseen = m_unseen.contains(control->Name()) || m_unseen.contains(control->ObjectName());
+        if (!unseen && m_widgets.value(control) == nullptr)
+            left.append(QStringLiteral("control without a widget: %1").arg(control->ObjectName()));
+        if (unseen && m_widgets.value(control) != nullptr)
+            left.append(QStringLiteral("shown although declared unseen: %1").arg(control->ObjectName()));
+    }
+    for (const QString& name : m_unseen) {
+        if (!seenNames.contains(name))
+            left.append(QStringLiteral("declared unseen, but there is no such control: %1").arg(name));
+    }
+    for (const QWidget* widget : root.findChildren<QWidget*>()) {
+        const QString& name = widget->objectName();
+        if (IsControlName(name) && !controlNames.contains(name.toUpper()))
+            left.append(QStringLiteral("widget without a control: %1").arg(name));
+    }
+    left.sort();
+    return left;
+}
+
+void Binder::Check(const QWidget& root) const
+{
+    const QStringList left = Leftovers(root);
+    if (!left.isEmpty())
+        throw RuntimeError(error::kNoObject,
+                           QStringLiteral("Window and screen disagree: %1").arg(left.join(u"; ")));
+}
+
+QWidget* Binder::WidgetOf(const forms::Control& control) const
+{
+    return m_widgets.value(&control);
+}
+
+forms::Control* Binder::ControlOf(const QObject* widget) const
+{
+    return m_watched.value(widget);
+}
+
+} // namespace vasclip::windows

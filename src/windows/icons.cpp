@@ -1,0 +1,108 @@
+#include "windows/icons.h"
+
+#include "windows/theme.h"
+
+#include <QIconEngine>
+#include <QImageReader>
+#include <QPainter>
+#include <QPixmapCache>
+
+static void InitIconResources()
+{
+    Q_INIT_RESOURCE(icons);
+}
+
+namespace vasclip::windows {
+
+namespace {
+
+QString File(const QString& name)
+{
+    InitIcons();
+    return QStringLiteral(":/icons/%1.svg").arg(name);
+}
+
+/// The drawing as a mask, filled with one colour.
+QPixmap Tinted(const QString& name, const QSize& pixels, const QColor& colour)
+{
+    const QString key = QStringLiteral("vasclip/%1/%2x%3/%4")
+                            .arg(name)
+                            .arg(pixels.width())
+                            .arg(pixels.height())
+                            .arg(colour.rgba());
+    QPixmap result;
+    if (QPixmapCache::find(key, &result))
+        return result;
+    QImageReader reader(File(name));
+    reader.setScaledSize(pixels);
+    QImage image = reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    if (image.isNull())
+        return {};
+    QPainter painter(&image);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(image.rect(), colour);
+    painter.end();
+    result = QPixmap::fromImage(image);
+    QPixmapCache::insert(key, result);
+    return result;
+}
+
+class TintedEngine : public QIconEngine
+{
+public:
+    explicit TintedEngine(QString name)
+        : m_name(std::move(name))
+    {}
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
+    {
+        const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
+        painter->drawPixmap(rect, scaledPixmap(rect.size() * ratio, mode, state, ratio));
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
+    {
+        return scaledPixmap(size, mode, state, 1.0);
+    }
+    QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state, qreal scale) override
+    {
+        const ThemeColours& colours = Theme::Colours();
+        QColor colour = colours.icon;
+        if (mode == QIcon::Disabled)
+            colour = colours.faint;
+        else if (state == QIcon::On)
+            colour = colours.accent;
+        QPixmap result = Tinted(m_name, size, colour);
+        result.setDevicePixelRatio(scale);
+        return result;
+    }
+    [[nodiscard]] QIconEngine* clone() const override { return new TintedEngine(m_name); }
+
+private:
+    QString m_name;
+};
+
+} // namespace
+
+void InitIcons()
+{
+    [[maybe_unused]] static const bool ready = (InitIconResources(), true);
+}
+
+QIcon ThemedIcon(const QString& name)
+{
+    return QIcon(new TintedEngine(name));
+}
+
+void PaintIcon(QPainter& painter, const QString& name, const QRectF& target, const QColor& colour)
+{
+    const qreal ratio = painter.device()->devicePixelRatioF();
+    const QPixmap pixmap = Tinted(name, (target.size() * ratio).toSize(), colour);
+    if (!pixmap.isNull())
+        painter.drawPixmap(target, pixmap, QRectF(pixmap.rect()));
+}
+
+QIcon ApplicationIcon()
+{
+    return QIcon(File(QStringLiteral("vasclip")));
+}
+
+} // namespace vasclip::windows

@@ -1,0 +1,217 @@
+#include "windows/record_grid.h"
+
+#include "windows/guard.h"
+#include "windows/record_model.h"
+#include "windows/theme.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QTimer>
+
+namespace vasclip::windows {
+
+namespace {
+constexpr int kRowPadding = 10;
+constexpr int kNarrowestColumn = 28;
+} // namespace
+
+RecordGrid::RecordGrid(QWidget* parent)
+    : QTableView(parent)
+{
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setDragEnabled(true);
+    setAlternatingRowColors(true);
+    setShowGrid(false);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+    setCornerButtonEnabled(false);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
+    horizontalHeader()->setSectionsMovable(true);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setMinimumSectionSize(kNarrowestColumn);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    horizontalHeader()->setFixedHeight(fontMetrics().height() + kRowPadding + 4);
+}
+
+void RecordGrid::Attach(forms::Grid& grid, EventGuard& guard)
+{
+    m_grid = &grid;
+    m_guard = &guard;
+    m_model = new RecordModel(grid, guard, this);
+    setModel(m_model);
+    connect(&grid, &forms::Grid::Rebound, this, &RecordGrid::Rebind);
+    connect(&grid, &forms::Grid::ColumnsChanged, this, &RecordGrid::Rebind);
+    connect(&grid, &forms::Grid::Repaint, this, [this] {
+        m_guard->Run([this] {
+            const QScopedValueRollback<bool> showing(m_showing, true);
+            m_model->Forget();
+        });
+        ShowRow();
+    });
+    connect(&grid, &forms::Grid::RowColChange, this, &RecordGrid::ShowRow);
+    connect(horizontalHeader(), &QHeaderView::sectionMoved, this, [this] { TakeColumns(); });
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] { TakeColumns(); });
+    connect(this, &QTableView::clicked, this, [this] { m_guard->Run([this] { Q_EMIT m_grid->Clicked(); }); });
+    ShowColumns();
+    ShowRow();
+}
+
+void RecordGrid::Rebind()
+{
+    if (m_showing)
+        return;
+    {
+        const QScopedValueRollback<bool> showing(m_showing, true);
+        m_model->Reset();
+    }
+    ShowColumns();
+    ShowRow();
+}
+
+void RecordGrid::ShowColumns()
+{
+    const QScopedValueRollback<bool> showing(m_showing, true);
+    QHeaderView* header = horizontalHeader();
+    const QList<forms::GridColumn>& columns = m_grid->Columns();
+    for (int i = 0; i < columns.size() && i < header->count(); ++i) {
+        if (header->visualIndex(i) != i)
+            header->moveSection(header->visualIndex(i), i);
+        setColumnHidden(i, !columns.at(i).visible);
+        if (columns.at(i).visible)
+            setColumnWidth(i, columns.at(i).width);
+    }
+}
+
+/// The user moved or resized a column: the control learns the columns in their shown order.
+void RecordGrid::TakeColumns()
+{
+    if (m_showing || m_grid == nullptr)
+        return;
+    m_guard->Run([this] {
+        const QHeaderView* header = horizontalHeader();
+        const QList<forms::GridColumn> before = m_grid->Columns();
+        QList<forms::GridColumn> columns;
+        bool moved = false;
+        for (int visual = 0; visual < header->count() && visual < before.size(); ++visual) {
+            const int logical = header->logicalIndex(visual);
+            moved = moved || logical != visual;
+            forms::GridColumn column = before.at(logical);
+            if (column.visible)
+                column.width = header->sectionSize(logical);
+            columns.append(column);
+        }
+        {
+            const QScopedValueRollback<bool> showing(m_showing, true);
+            m_grid->SetColumns(columns);
+        }
+        if (moved) // the header is still at work with its sections
+            QTimer::singleShot(0, this, &RecordGrid::Rebind);
+    });
+}
+
+void RecordGrid::ShowRow()
+{
+    if (m_grid == nullptr)
+        return;
+    const QScopedValueRollback<bool> showing(m_showing, true);
+    const int row = static_cast<int>(m_grid->Row());
+    if (row < 0 || row >= m_model->rowCount()) {
+        setCurrentIndex({});
+        return;
+    }
+    if (currentIndex().row() == row)
+        return;
+    int column = std::max(0, currentIndex().column());
+    while (column < m_model->columnCount() && isColumnHidden(column))
+        ++column;
+    if (column >= m_model->columnCount())
+        return;
+    const int sideways = horizontalScrollBar()->value();
+    setCurrentIndex(m_model->index(row, column));
+    horizontalScrollBar()->setValue(sideways);
+}
+
+void RecordGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTableView::currentChanged(current, previous);
+    if (m_showing || m_grid == nullptr || !current.isValid())
+        return;
+    m_guard->Run([&] { m_grid->SetRow(current.row()); });
+}
+
+QString RecordGrid::CurrentText(const QString& field) const
+{
+    return m_model == nullptr ? QString() : m_model->Text(currentIndex().row(), field);
+}
+
+void RecordGrid::startDrag(Qt::DropActions)
+{
+    if (currentIndex().isValid())
+        Q_EMIT DragWanted();
+}
+
+void RecordGrid::keyPressEvent(QKeyEvent* event)
+{
+    const bool plain = event->modifiers() == Qt::NoModifier || event->modifiers() == Qt::KeypadModifier;
+    if (plain && m_model != nullptr && m_model->rowCount() > 0) {
+        const int column = std::max(0, currentIndex().column());
+        switch (event->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            m_guard->Run([this] { Q_EMIT m_grid->DoubleClicked(); });
+            return;
+        case Qt::Key_Home:
+            setCurrentIndex(m_model->index(0, column));
+            return;
+        case Qt::Key_End:
+            setCurrentIndex(m_model->index(m_model->rowCount() - 1, column));
+            return;
+        default:
+            break;
+        }
+    }
+    // Looking for a typed letter would read every row of the Databook.
+    if (!event->text().isEmpty() && event->text().at(0).isPrint() && plain && event->key() != Qt::Key_Space) {
+        event->ignore();
+        return;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+void RecordGrid::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    QTableView::mouseDoubleClickEvent(event);
+    if (m_grid != nullptr && indexAt(event->position().toPoint()).isValid())
+        m_guard->Run([this] { Q_EMIT m_grid->DoubleClicked(); });
+}
+
+void RecordGrid::paintEvent(QPaintEvent* event)
+{
+    QTableView::paintEvent(event);
+    if (m_model != nullptr && m_model->rowCount() == 0) {
+        QPainter painter(viewport());
+        painter.setPen(Theme::Colours().muted);
+        painter.drawText(viewport()->rect(), Qt::AlignCenter, tr("No records to show"));
+    }
+    if (hasFocus()) {
+        QPainter painter(viewport());
+        painter.setPen(QPen(Theme::Colours().accent, 2));
+        painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
+    }
+    if (!m_painted) {
+        m_painted = true;
+        Q_EMIT FirstPainted();
+    }
+}
+
+} // namespace vasclip::windows

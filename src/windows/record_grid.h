@@ -1,0 +1,48 @@
+#pragma once
+
+#include "forms/grid.h"
+
+#include <QTableView>
+
+namespace vasclip::windows {
+
+class EventGuard;
+class RecordModel;
+
+/// Shows a forms::Grid: rows on demand, columns that the user may move and resize, one current row.
+class RecordGrid : public QTableView
+{
+    Q_OBJECT
+public:
+    explicit RecordGrid(QWidget* parent = nullptr);
+
+    /// Shows this grid from now on. Both outlive the widget.
+    void Attach(forms::Grid& grid, EventGuard& guard);
+    [[nodiscard]] forms::Grid* Control() const { return m_grid; }
+    /// Text of a field in the current row as the grid's source has it.
+    [[nodiscard]] QString CurrentText(const QString& field) const;
+
+Q_SIGNALS:
+    void DragWanted(); ///< the user pulls at the current row
+    void FirstPainted();
+
+protected:
+    void startDrag(Qt::DropActions actions) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    void ShowColumns();
+    void ShowRow();
+    void TakeColumns();
+    void Rebind();
+    forms::Grid* m_grid = nullptr;
+    EventGuard* m_guard = nullptr;
+    RecordModel* m_model = nullptr;
+    bool m_showing = false; ///< the control writes the view, not the user
+    bool m_painted = false;
+};
+
+} // namespace vasclip::windows
