@@ -9,7 +9,8 @@
 namespace vasclip::common {
 
 /// The name of the routine at work, fixed text of 20 characters: longer is cut, shorter padded with blanks.
-/// Names the routine for its scope and gives the caller's name back after it.
+/// Names the routine for its scope and gives the caller's name back after it. When an error leaves the scope,
+/// the error boxes name the innermost routine that it came from.
 class RoutineScope
 {
 public:
@@ -22,6 +23,7 @@ public:
 
 private:
     QString m_previous;
+    int m_unwinding;
 };
 
 enum class ErrorAction { Retry = 0, Skip = 1, Abandon = 2, Raise = 3 };

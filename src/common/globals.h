@@ -55,16 +55,16 @@ struct Globals
     bool labelStreets = false;
 
     // names
-    QString companyName;   ///< PRODUCT INFO, COMPANY NAME
-    QString productName;   ///< the program's display name
-    QString mapName;       ///< the mapping add-on's display name
-    QString formsProgram;  ///< KEL.INI, VENDOR, ApplicationName
+    QString companyName;  ///< PRODUCT INFO, COMPANY NAME
+    QString productName;  ///< the program's display name
+    QString mapName;      ///< the mapping add-on's display name
+    QString formsProgram; ///< KEL.INI, VENDOR, ApplicationName
 
     // KEL.INI, DIRECTORIES
     QString kelDataDir, kelPrivateDir, kelAppDir;
 
     // found at start-up
-    QString iniDir;        ///< where the ini files are looked for first
+    QString iniDir; ///< where the ini files are looked for first
     QString preferredIniDir;
     QString applicationIni; ///< full path of VAS2000.INI, upper-cased
     QString kelIni;         ///< full path of KEL.INI, upper-cased

@@ -10,8 +10,7 @@ struct StatusDesk
     explicit StatusDesk(forms::ControlSet& set)
         : lblmsg(set, QStringLiteral("lblmsg"))
         , gauProgress(set, QStringLiteral("gauStatus"))
-    {
-    }
+    {}
     forms::Label lblmsg;
     forms::Gauge gauProgress; ///< caption is the text of the step at work; hidden when it is empty
 };

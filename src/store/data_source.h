@@ -25,8 +25,9 @@ public:
     void SetRecordSource(const QString& tableOrSql) { m_recordSource = tableOrSql; }
     void SetRecordsetType(engine::RecordsetType type) { m_type = type; }
 
-    /// (Re)opens the record set of RecordSource and stands on its first record. The database stays open if its
-    /// path has not changed. On failure the old record set stays bound. @throws as OpenDatabase, OpenRecordset
+    /// (Re)opens the record set of RecordSource and stands on its first record. The database stays open if
+    /// its path has not changed. On failure the old record set stays bound. @throws as OpenDatabase,
+    /// OpenRecordset
     void Refresh();
     void Close(); ///< record set and database
 

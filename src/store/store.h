@@ -7,8 +7,8 @@ namespace vasclip::store {
 
 /// Binds a source to a table or SQL text of a database file, pumping messages after each step.
 /// A file that is not there: a plain box, then the program ends. @throws forms::EndOfProgram, RuntimeError
-void Connect2mdb(const forms::Ports& ports, DataSource& source, const QString& path, const QString& tableOrSql,
-                 engine::RecordsetType type);
+void Connect2mdb(const forms::Ports& ports, DataSource& source, const QString& path,
+                 const QString& tableOrSql, engine::RecordsetType type);
 
 /// True if `path` is a database whose `table` holds CENTRALKEY and GLA with sizes above 0 and PHOTOS as memo.
 /// Never throws.
@@ -16,8 +16,8 @@ void Connect2mdb(const forms::Ports& ports, DataSource& source, const QString& p
 
 /// Seeks `key` (trimmed) on `index` of a table-type source and stands on the record if it is there; otherwise
 /// the position stays. A blank key is not found and touches nothing.
-/// @throws forms::EndOfProgram after the boxes "Database Repair Needed" (error 3800) and "Database Compression
-/// Needed" (error 91); RuntimeError for all that the central error block does not handle
+/// @throws forms::EndOfProgram after the boxes "Database Repair Needed" (error 3800) and "Database
+/// Compression Needed" (error 91); RuntimeError for all that the central error block does not handle
 [[nodiscard]] bool FindRecord(const forms::Ports& ports, DataSource& source, const QString& key,
                               const QString& index);
 
@@ -49,7 +49,8 @@ void DalmoSetReadWriteBit(const forms::Ports& ports, const files::Disk& disk, co
 
 /// The databases of a directory that a user may switch to: those that `Ismdb` accepts, without the templates
 /// and the comment file.
-[[nodiscard]] QStringList OfferedDatabases(engine::Engine& engine, const QString& directory, const QString& table);
+[[nodiscard]] QStringList OfferedDatabases(engine::Engine& engine, const QString& directory,
+                                           const QString& table);
 
 /// Sources per purpose, as the main window holds them.
 struct Sources

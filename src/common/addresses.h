@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+namespace vasclip::common {
+
+struct CityStateZip
+{
+    QString city, state, zip;
+    bool operator==(const CityStateZip&) const = default;
+};
+
+/// Takes "City, ST ZIP" apart; the blanks around its parts don't count. Without a comma all three are empty,
+/// and so is a state that IsValidStateCode refuses.
+[[nodiscard]] CityStateZip ParseCityStateZip(const QString& text);
+
+/// True for two capitals that stand in the program's list of states. The list has no NV.
+[[nodiscard]] bool IsValidStateCode(const QString& code);
+
+/// The first five characters as a number of five digits; "" for fewer than five characters and for zero.
+[[nodiscard]] QString NormalizeZip(const QString& zip);
+
+} // namespace vasclip::common

@@ -1,0 +1,120 @@
+#include "common/error_block.h"
+
+#include "platform/text/text.h"
+
+#include <QDateTime>
+
+#include <exception>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace vasclip::common {
+
+namespace {
+
+constexpr int kNameLength = 20;
+constexpr auto kMayBeCorrupt =
+    "The databases may be corrupt.  Please run the rebuild programs. (Double Click on the "
+    "icons) and restart Vasclip Manager."_L1;
+
+QString FixedLength(const QString& name)
+{
+    return name.leftJustified(kNameLength, u' ', true);
+}
+
+struct State
+{
+    QString current = FixedLength({});
+    QString failed; ///< the innermost routine that the error on its way up has left
+    std::function<void(const QString&)> log;
+};
+
+State& TheState()
+{
+    static State state;
+    return state;
+}
+
+/// The routine to name for an error that was just caught.
+QString FailedRoutine()
+{
+    const State& state = TheState();
+    return text::Trim(state.failed.isEmpty() ? state.current : state.failed);
+}
+
+QString ErrorText(const RuntimeError& failure)
+{
+    return failure.Description() + ".\r\nError #"_L1 + text::Str(failure.Number()) + " in module "_L1 +
+           FailedRoutine() + u'.';
+}
+
+} // namespace
+
+RoutineScope::RoutineScope(const char* name)
+    : m_previous(TheState().current)
+    , m_unwinding(std::uncaught_exceptions())
+{
+    TheState().current = FixedLength(QString::fromUtf8(name));
+    if (m_unwinding == 0)
+        TheState().failed.clear();
+}
+
+RoutineScope::~RoutineScope()
+{
+    State& state = TheState();
+    if (std::uncaught_exceptions() > m_unwinding && state.failed.isEmpty())
+        state.failed = state.current;
+    state.current = m_previous;
+}
+
+QString RoutineScope::Current()
+{
+    return TheState().current;
+}
+
+ErrorAction FileErrors(forms::Prompter& prompter, const RuntimeError& failure)
+{
+    switch (failure.Number()) {
+    case error::kCouldNotUpdateLocked:
+        prompter.Box({}, QString(kMayBeCorrupt));
+        throw forms::EndOfProgram{1};
+    case error::kDeviceIo:
+    case error::kDiskFull:
+    case error::kDeviceUnavailable:
+    case error::kDiskNotReady:
+        switch (prompter.MsgBox(forms::Buttons::AbortRetryIgnore, forms::Icon::None, u"Error"_s,
+                                ErrorText(failure))) {
+        case forms::Answer::Retry:
+        case forms::Answer::Ok:
+            return ErrorAction::Retry;
+        case forms::Answer::Ignore:
+            return ErrorAction::Skip;
+        case forms::Answer::Abort:
+        case forms::Answer::Cancel:
+            return ErrorAction::Abandon;
+        default:
+            return ErrorAction::Raise;
+        }
+    default:
+        return ErrorAction::Raise;
+    }
+}
+
+void ReportError(forms::Prompter& prompter, const RuntimeError& failure)
+{
+    State& state = TheState();
+    const QString text = ErrorText(failure);
+    if (state.log) {
+        state.log(QDateTime::currentDateTime().toString(Qt::ISODate) + u' ' +
+                  QString(text).replace("\r\n"_L1, " "_L1));
+    }
+    prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Critical, u"Error"_s, text);
+    state.failed.clear();
+}
+
+void SetErrorLog(std::function<void(const QString& line)> log)
+{
+    TheState().log = std::move(log);
+}
+
+} // namespace vasclip::common

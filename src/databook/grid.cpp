@@ -1,0 +1,247 @@
+#include "databook/grid.h"
+
+#include "common/error_block.h"
+#include "platform/text/dates.h"
+#include "platform/text/text.h"
+#include "store/schema.h"
+
+#include <array>
+
+namespace vasclip::databook {
+
+using common::RoutineScope;
+using Text = QLatin1StringView;
+
+namespace {
+
+struct PlanRow
+{
+    Text field;
+    int width;
+};
+
+// In the order of the SELECT. A field that sorts as a number stands to the right.
+constexpr std::array kPlan = {
+    PlanRow{Text("FRONT"), 44},       PlanRow{Text("CENTRALKEY"), 210}, PlanRow{Text("ADDRESS"), 200},
+    PlanRow{Text("PHOTOS"), 150},     PlanRow{Text("CITY"), 120},       PlanRow{Text("ST"), 48},
+    PlanRow{Text("ZIP"), 64},         PlanRow{Text("COUNTY"), 110},     PlanRow{Text("NEIGHBORHD"), 140},
+    PlanRow{Text("CENSUSTRCT"), 100}, PlanRow{Text("TAXMAPNUM"), 110},  PlanRow{Text("GLA"), 64},
+    PlanRow{Text("SELLINGPR"), 80},   PlanRow{Text("PRICEGLA"), 80},    PlanRow{Text("BEDROOM"), 80},
+    PlanRow{Text("BATH"), 56},        PlanRow{Text("AGE"), 48},         PlanRow{Text("APPRSLTYPE"), 48},
+    PlanRow{Text("STRCODE"), 64},     PlanRow{Text("CTSCODE"), 80},     PlanRow{Text("LOADDATE"), 90},
+    PlanRow{Text("SALEDATE"), 90},    PlanRow{Text("PORCHPATI2"), 120}, PlanRow{Text("BASEMENT"), 120},
+    PlanRow{Text("LONGITUDE"), 96},   PlanRow{Text("LATITUDE"), 96},    PlanRow{Text("ANCHORED"), 72},
+    PlanRow{Text("DESIGNAPPL"), 120}, PlanRow{Text("NOTES"), 240},
+};
+
+const QString kShortDate = QStringLiteral("Short Date");
+const QString kFormatText = QStringLiteral("FormatText Event");
+const QString kPending = QStringLiteral("01/01/1900");
+constexpr QChar kFrontMark(0x25CF); // a black circle
+
+QString FormatOf(const QString& field)
+{
+    if (field == Text("SALEDATE") || field == Text("LOADDATE"))
+        return kShortDate;
+    return field == Text("FRONT") ? kFormatText : QString();
+}
+
+/// Views of a PHOTOS text, "FRONT VIEW, REAR VIEW".
+QString PhotoViews(const QString& stored)
+{
+    QStringList views;
+    for (const QString& line : stored.split(QStringLiteral("\r\n"))) {
+        const QString view = text::Trim(line.section(QLatin1Char('|'), 0, 0));
+        if (!view.isEmpty())
+            views.append(view);
+    }
+    return views.join(QStringLiteral(", "));
+}
+
+QString OneLine(const QString& stored)
+{
+    QString line = stored;
+    line.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+    line.replace(QLatin1Char('\r'), QLatin1Char(' '));
+    line.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    return text::RTrim(line);
+}
+
+} // namespace
+
+const QString& SelectAllText()
+{
+    static const QString select = QStringLiteral(
+        "SELECT COMPS.FRONT,COMPS.CENTRALKEY,COMPS.ADDRESS, COMPS.PHOTOS, COMPS.CITY, COMPS.ST, COMPS.ZIP, "
+        "COMPS.COUNTY, COMPS.NEIGHBORHD, COMPS.CENSUSTRCT, COMPS.TAXMAPNUM, COMPS.GLA, COMPS.SELLINGPR, "
+        "COMPS.PRICEGLA, COMPS.BEDROOM, COMPS.BATH, COMPS.AGE, COMPS.APPRSLTYPE, COMPS.STRCODE, "
+        "COMPS.CTSCODE, "
+        "COMPS.LOADDATE, COMPS.SALEDATE, COMPS.PORCHPATI2, COMPS.BASEMENT, COMPS.LONGITUDE, COMPS.LATITUDE, "
+        "COMPS.ANCHORED, COMPS.DESIGNAPPL, COMPS.NOTES FROM COMPS");
+    return select;
+}
+
+QString OrderByText(int sortGrid)
+{
+    static const std::array kOrderBy = {
+        QString(),
+        QStringLiteral(" ORDER BY COMPS.ADDRESS"),
+        QStringLiteral(" ORDER BY COMPS.SALEDATE DESC"),
+        QStringLiteral(" ORDER BY COMPS.SELLINGPR DESC"),
+        QStringLiteral(" ORDER BY COMPS.GLA DESC"),
+        QStringLiteral(" ORDER BY COMPS.PRICEGLA DESC"),
+        QStringLiteral(" ORDER BY COMPS.LOADDATE DESC"),
+    };
+    if (sortGrid < 0 || sortGrid >= static_cast<int>(kOrderBy.size()))
+        return {};
+    return kOrderBy[static_cast<std::size_t>(sortGrid)];
+}
+
+GridRows::GridRows(const store::DataSource& source)
+    : m_source(source)
+    , m_kept(kKeptRows)
+{
+    QObject::connect(&source, &store::DataSource::Refreshed, &m_context, [this] { Forget(); });
+}
+
+void GridRows::Forget()
+{
+    m_fields.clear();
+    for (Kept& kept : m_kept)
+        kept.row = -1;
+}
+
+qint64 GridRows::RowCount() const
+{
+    return m_source.Bound() ? m_source.Recordset().RecordCount() : 0;
+}
+
+QStringList GridRows::FieldNames() const
+{
+    QStringList names;
+    if (!m_source.Bound())
+        return names;
+    for (const engine::Field& field : m_source.Recordset().Fields())
+        names.append(field.name);
+    return names;
+}
+
+const QList<int>& GridRows::Fields() const
+{
+    if (m_fields.isEmpty())
+        for (int i = 0; i < m_source.Recordset().Fields().size(); ++i)
+            m_fields.append(i);
+    return m_fields;
+}
+
+QStringList GridRows::Read(qint64 row) const
+{
+    const QVariantList values = m_source.Recordset().Peek(row, Fields());
+    QStringList texts;
+    texts.reserve(values.size());
+    for (const QVariant& value : values)
+        texts.append(value.toString());
+    return texts;
+}
+
+QStringList GridRows::Row(qint64 row) const
+{
+    if (row < 0 || !m_source.Bound())
+        return {};
+    Kept& kept = m_kept[static_cast<std::size_t>(row) % kKeptRows];
+    if (kept.row != row) {
+        kept.texts = Read(row);
+        kept.row = row;
+    }
+    return kept.texts;
+}
+
+const QList<forms::GridColumn>& DefaultColumns()
+{
+    static const QList<forms::GridColumn> columns = [] {
+        QList<forms::GridColumn> plan;
+        for (const PlanRow& row : kPlan) {
+            const QString field(row.field);
+            const store::CompsColumn* stored = store::FindCompsColumn(field);
+            plan.append({.field = field,
+                         .caption = stored ? QString(stored->heading) : field,
+                         .width = row.width,
+                         .visible = true,
+                         .numberFormat = FormatOf(field),
+                         .rightAligned = stored && stored->sorts == store::SortKind::Number});
+        }
+        return plan;
+    }();
+    return columns;
+}
+
+void SetGridSettings(forms::Grid& grid, const QString& mode)
+{
+    const RoutineScope scope{"SetGridSettings"};
+    if (text::Folded(mode) == Text("DEFAULT"))
+        grid.SetColumns(DefaultColumns());
+    SetFormatText(grid);
+}
+
+void SetFormatText(forms::Grid& grid)
+{
+    QList<forms::GridColumn> columns = grid.Columns();
+    for (forms::GridColumn& column : columns) {
+        const QString format = FormatOf(column.field.toUpper());
+        if (!format.isEmpty())
+            column.numberFormat = format;
+    }
+    if (columns != grid.Columns())
+        grid.SetColumns(columns);
+}
+
+QString FormatCell(const forms::GridColumn& column, const QString& stored, QDate today)
+{
+    if (column.numberFormat == kFormatText)
+        return text::Trim(stored) == Text("1") ? QString(kFrontMark) : QString();
+    if (column.numberFormat == kShortDate) {
+        const QString date = text::Trim(stored);
+        if (date.isEmpty() || date == kPending)
+            return date;
+        const std::optional<QDateTime> value = text::ReadDate(date, today);
+        return value ? text::Format(*value, kShortDate) : date;
+    }
+    if (column.field.compare(Text("PHOTOS"), Qt::CaseInsensitive) == 0)
+        return PhotoViews(stored);
+    return OneLine(stored);
+}
+
+void DisplayAllRecords(const forms::Ports& ports, RecordDesk& desk, store::DataSource& datsql, GridRows& rows,
+                       int sortGrid)
+{
+    const RoutineScope scope{"DisplayAllRecords"};
+    QString sql = desk.state.sqlText;
+    QString orderBy = desk.state.orderByText;
+    if (!desk.state.searchOnDisplay || sql.isEmpty()) {
+        sql = SelectAllText() + OrderByText(sortGrid);
+        orderBy.clear();
+    }
+    const QString before = datsql.RecordSource();
+    const engine::RecordsetType typeBefore = datsql.RecordsetType();
+    const bool done = common::Guarded(ports.prompter, [&] {
+        datsql.SetRecordSource(sql);
+        datsql.SetRecordsetType(engine::RecordsetType::Dynaset);
+        try {
+            datsql.Refresh();
+        } catch (...) {
+            datsql.SetRecordSource(before);
+            datsql.SetRecordsetType(typeBefore);
+            throw;
+        }
+    });
+    if (!done)
+        return;
+    desk.state.sqlText = sql;
+    desk.state.orderByText = orderBy;
+    rows.Forget();
+    desk.grddatabook.Rebind(&rows);
+    desk.grddatabook.Refresh();
+    desk.txtcentralkey.SetText(text::Trim(desk.grddatabook.CurrentText(QStringLiteral("CENTRALKEY"))));
+}
+
+} // namespace vasclip::databook

@@ -1,0 +1,233 @@
+#include "databook/layouts.h"
+
+#include "common/error_block.h"
+#include "databook/grid.h"
+#include "platform/text/text.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+
+namespace vasclip::databook {
+
+using common::RoutineScope;
+
+namespace {
+
+constexpr int kInvalidFileFormat = 321;
+constexpr int kVersion = 1;
+constexpr int kMinWidth = 16;
+constexpr int kMaxWidth = 4000;
+const QString kFormat = QStringLiteral("vasclip grid layouts");
+const QString kKeyField = QStringLiteral("CENTRALKEY");
+
+[[noreturn]] void Refuse(const QString& file, const QString& why)
+{
+    throw RuntimeError(
+        kInvalidFileFormat,
+        QStringLiteral("The grid layout file %1 can't be used: %2. Move it away or restore its backup "
+                       "(.gbk), then try again")
+            .arg(file, why));
+}
+
+bool SameName(const QString& one, const QString& other)
+{
+    return text::Folded(one) == text::Folded(other);
+}
+
+LayoutColumn ParseColumn(const QJsonValue& value, const QString& file, const QString& layoutName)
+{
+    const QJsonObject object = value.toObject();
+    const QString field = object.value(QStringLiteral("field")).toString();
+    const QJsonValue visible = object.value(QStringLiteral("visible"));
+    const QJsonValue width = object.value(QStringLiteral("width"));
+    if (field.isEmpty() || !visible.isBool() || !width.isDouble())
+        Refuse(file, QStringLiteral(
+                         "a column of the layout \"%1\" lacks its field, its width or whether it is visible")
+                         .arg(layoutName));
+    return {field, visible.toBool(),
+            static_cast<int>(std::clamp<double>(width.toDouble(), kMinWidth, kMaxWidth))};
+}
+
+Layout ParseLayout(const QJsonValue& value, const QString& file)
+{
+    const QJsonObject object = value.toObject();
+    Layout layout;
+    layout.name = object.value(QStringLiteral("name")).toString();
+    const QJsonValue columns = object.value(QStringLiteral("columns"));
+    if (text::Trim(layout.name).isEmpty() || !columns.isArray())
+        Refuse(file, QStringLiteral("one of its layouts has no name or no columns"));
+    for (const QJsonValue column : columns.toArray())
+        layout.columns.append(ParseColumn(column, file, layout.name));
+    return layout;
+}
+
+Layout LayoutOf(const forms::Grid& grid, const QString& name)
+{
+    Layout layout;
+    layout.name = text::Trim(name);
+    for (const forms::GridColumn& column : grid.Columns())
+        layout.columns.append({column.field, column.visible, column.width});
+    return layout;
+}
+
+/// Columns of the plan as a layout wants them.
+QList<forms::GridColumn> Arranged(const Layout& layout)
+{
+    QList<forms::GridColumn> left = DefaultColumns();
+    QList<forms::GridColumn> arranged;
+    for (const LayoutColumn& wanted : layout.columns) {
+        const auto found = std::find_if(left.begin(), left.end(), [&wanted](const forms::GridColumn& column) {
+            return column.field.compare(wanted.field, Qt::CaseInsensitive) == 0;
+        });
+        if (found == left.end())
+            continue;
+        forms::GridColumn column = *found;
+        column.width = wanted.width;
+        column.visible = wanted.visible || column.field == kKeyField;
+        arranged.append(column);
+        left.erase(found);
+    }
+    return arranged + left;
+}
+
+} // namespace
+
+LayoutFile LayoutFile::Parse(const QByteArray& content, const QString& file)
+{
+    QJsonParseError failure;
+    const QJsonDocument document = QJsonDocument::fromJson(content, &failure);
+    if (failure.error != QJsonParseError::NoError)
+        Refuse(
+            file,
+            QStringLiteral("it is damaged at byte %1 (%2)").arg(failure.offset).arg(failure.errorString()));
+    const QJsonObject root = document.object();
+    if (root.value(QStringLiteral("format")).toString() != kFormat)
+        Refuse(file, QStringLiteral("it is no list of grid layouts of this program"));
+    const int version = root.value(QStringLiteral("version")).toInt();
+    if (version != kVersion)
+        Refuse(
+            file,
+            QStringLiteral("it has version %1 and this program reads version %2").arg(version).arg(kVersion));
+    if (!root.value(QStringLiteral("layouts")).isArray())
+        Refuse(file, QStringLiteral("it has no list of layouts"));
+    LayoutFile layouts;
+    for (const QJsonValue layout : root.value(QStringLiteral("layouts")).toArray())
+        layouts.Add(ParseLayout(layout, file));
+    return layouts;
+}
+
+LayoutFile LayoutFile::Read(const files::Disk& disk, const QString& file)
+{
+    return Parse(disk.ReadWhole(file), file);
+}
+
+LayoutFile LayoutFile::ReadOrNew(const files::Disk& disk, const QString& file)
+{
+    return disk.Found(file) ? Read(disk, file) : LayoutFile();
+}
+
+QStringList LayoutFile::Layouts() const
+{
+    QStringList names;
+    for (const Layout& layout : m_layouts)
+        names.append(layout.name);
+    return names;
+}
+
+const Layout* LayoutFile::Find(const QString& name) const
+{
+    for (const Layout& layout : m_layouts)
+        if (SameName(layout.name, name))
+            return &layout;
+    return nullptr;
+}
+
+void LayoutFile::Add(const Layout& layout)
+{
+    for (Layout& kept : m_layouts)
+        if (SameName(kept.name, layout.name)) {
+            kept = layout;
+            return;
+        }
+    m_layouts.append(layout);
+}
+
+bool LayoutFile::Remove(const QString& name)
+{
+    return m_layouts.removeIf([&name](const Layout& layout) { return SameName(layout.name, name); }) > 0;
+}
+
+QByteArray LayoutFile::Text() const
+{
+    QJsonArray layouts;
+    for (const Layout& layout : m_layouts) {
+        QJsonArray columns;
+        for (const LayoutColumn& column : layout.columns)
+            columns.append(QJsonObject{{QStringLiteral("field"), column.field},
+                                       {QStringLiteral("visible"), column.visible},
+                                       {QStringLiteral("width"), column.width}});
+        layouts.append(
+            QJsonObject{{QStringLiteral("name"), layout.name}, {QStringLiteral("columns"), columns}});
+    }
+    const QJsonObject root{{QStringLiteral("format"), kFormat},
+                           {QStringLiteral("version"), kVersion},
+                           {QStringLiteral("layouts"), layouts}};
+    return QJsonDocument(root).toJson(QJsonDocument::Indented);
+}
+
+void LayoutFile::Write(const files::Disk& disk, const QString& file) const
+{
+    disk.WriteWhole(file, Text());
+}
+
+void SaveGrid(const files::Disk& disk, const forms::Grid& grid, const QString& file,
+              const QString& layoutName)
+{
+    const RoutineScope scope{"SaveGrid"};
+    LayoutFile layouts = LayoutFile::ReadOrNew(disk, file);
+    const Layout layout = LayoutOf(grid, layoutName);
+    const Layout* kept = layouts.Find(layoutName);
+    if (kept && *kept == layout)
+        return;
+    layouts.Add(layout);
+    layouts.Write(disk, file);
+}
+
+bool LoadGrid(const files::Disk& disk, forms::Grid& grid, const QString& file, const QString& layoutName)
+{
+    const RoutineScope scope{"LoadGrid"};
+    if (!disk.Found(file))
+        return false;
+    const LayoutFile layouts = LayoutFile::Read(disk, file);
+    const Layout* layout = layouts.Find(layoutName);
+    if (!layout)
+        return false;
+    grid.SetColumns(Arranged(*layout));
+    return true;
+}
+
+void RefreshLayoutFile(const files::Disk& disk, const QString& file)
+{
+    const RoutineScope scope{"RefreshLayoutFile"};
+    if (disk.Found(file))
+        disk.FileCopy(file, file.chopped(2) + QStringLiteral("bk"));
+}
+
+QStringList LayoutNames(const files::Disk& disk, const QString& file)
+{
+    return LayoutFile::ReadOrNew(disk, file).Layouts();
+}
+
+bool RemoveLayout(const files::Disk& disk, const QString& file, const QString& layoutName)
+{
+    LayoutFile layouts = LayoutFile::ReadOrNew(disk, file);
+    if (!layouts.Remove(layoutName))
+        return false;
+    layouts.Write(disk, file);
+    return true;
+}
+
+} // namespace vasclip::databook

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "common/status.h"
+#include "forms/grid.h"
+#include "forms/ports.h"
+#include "store/data_source.h"
+
+namespace vasclip::databook {
+
+/// What the grid shows now, and how it came to it.
+struct GridState
+{
+    QString sqlText;     ///< the current SELECT; "" before the first display
+    QString orderByText; ///< the ORDER BY of a search
+    bool searchOnDisplay = false;
+};
+
+/// The "Add a comp" area and the grid group of the main window, with their guards.
+class RecordDesk
+{
+public:
+    explicit RecordDesk(forms::ControlSet& set);
+
+    forms::Label lblAddingaComp;
+    forms::TextBox txtcentralkey;
+    forms::ComboBox cboapprslType;
+    forms::Button cmdAdd, cmdCopy, cmdDelete, cmdRename, cmdEdit, cmdSearch, cmdAddManual;
+    forms::Grid grddatabook;
+    forms::Button cmdPrint, cmdRefresh, cmdDetails;
+    forms::Label lblDatabookADDR;
+
+    GridState state;
+
+    /// Fills `cboapprslType` with the six types.
+    void LoadCompType();
+
+    /// Selects the text of `cboapprslType` for the first letter of an APPRSLTYPE value; "F" and a blank are
+    /// single family. Any other code, and an empty one, leaves the box as it is.
+    void SetAppraisalType(const QString& code);
+
+    /// Guards. Each says what is missing in `lblmsg`, in blue.
+    [[nodiscard]] bool VerifyAddress(common::StatusDesk& status);
+    [[nodiscard]] bool
+    SetAppraisalType(common::StatusDesk& status);                ///< a type is chosen; else focus to the list
+    [[nodiscard]] bool VerifyFields(common::StatusDesk& status); ///< both: the address first
+
+    /// Looks the address of `txtcentralkey` up in the Databook and shows what can be done with it: buttons,
+    /// type and status line. Found, `databook` stands on its record.
+    void CheckStatus(const forms::Ports& ports, store::DataSource& databook, common::StatusDesk& status);
+
+    /// "Found" and "Not Found", trimmed and without regard to case; any other text changes nothing.
+    void ButtonStatus(const QString& state);
+};
+
+} // namespace vasclip::databook

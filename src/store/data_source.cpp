@@ -1,0 +1,58 @@
+#include "store/data_source.h"
+
+#include "platform/text/runtime_error.h"
+
+namespace vasclip::store {
+
+DataSource::DataSource(engine::Engine& engine, const QString& name)
+    : m_engine(engine)
+    , m_name(name)
+{}
+
+DataSource::~DataSource()
+{
+    Close();
+}
+
+void DataSource::Refresh()
+{
+    const bool sameFile = m_database && m_database->Path().compare(m_databaseName, Qt::CaseInsensitive) == 0;
+    std::shared_ptr<engine::Database> database =
+        sameFile ? m_database : m_engine.OpenDatabase(m_databaseName);
+    std::unique_ptr<engine::Recordset> recordset = database->OpenRecordset(m_recordSource, m_type);
+    if (!recordset->Bof() || !recordset->Eof())
+        recordset->MoveFirst();
+    // Everything that can fail is done: only now is the old binding let go.
+    std::swap(m_recordset, recordset);
+    std::swap(m_database, database);
+    if (recordset)
+        recordset->Close();
+    recordset.reset();
+    database.reset();
+    Q_EMIT Refreshed();
+}
+
+void DataSource::Close()
+{
+    if (m_recordset)
+        m_recordset->Close();
+    m_recordset.reset();
+    m_database.reset();
+}
+
+engine::Recordset& DataSource::Recordset() const
+{
+    if (!m_recordset)
+        throw RuntimeError(error::kNoObject, QStringLiteral("The data source %1 is not open").arg(m_name));
+    return *m_recordset;
+}
+
+engine::Database& DataSource::Database() const
+{
+    if (!m_database)
+        throw RuntimeError(error::kNoObject,
+                           QStringLiteral("The data source %1 has no open database").arg(m_name));
+    return *m_database;
+}
+
+} // namespace vasclip::store

@@ -1,0 +1,257 @@
+#include "store/store.h"
+
+#include "common/error_block.h"
+#include "platform/text/text.h"
+#include "store/messages.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace vasclip::store {
+
+using common::RoutineScope;
+
+namespace {
+
+const engine::Field& FieldOf(const DataSource& source, const QString& field)
+{
+    const engine::Recordset& recordset = source.Recordset();
+    const int index = recordset.FieldIndex(field);
+    if (index < 0)
+        throw RuntimeError(error::kFieldUnknown,
+                           QStringLiteral("Field %1 is not in %2 of %3")
+                               .arg(field, source.RecordSource(), source.DatabaseName()));
+    return recordset.Fields().at(index);
+}
+
+/// Where a record set stands, put back unless the seek succeeded. A set without a current record has no place
+/// to go back to (error 3021 goes on with the next statement).
+std::optional<engine::Bookmark> PlaceOf(const engine::Recordset& recordset)
+{
+    if (recordset.Bof() || recordset.Eof())
+        return std::nullopt;
+    try {
+        return recordset.GetBookmark();
+    } catch (const RuntimeError& failure) {
+        if (failure.Number() != error::kNoCurrentRecord)
+            throw;
+        return std::nullopt;
+    }
+}
+
+bool SeekKey(const forms::Ports& ports, DataSource& source, const QString& key, const QString& index)
+{
+    engine::Recordset& recordset = source.Recordset();
+    const std::optional<engine::Bookmark> place = PlaceOf(recordset);
+    if (recordset.Index().compare(index, Qt::CaseInsensitive) != 0)
+        recordset.SetIndex(index);
+    recordset.Seek(QStringLiteral("="), key);
+    const bool found = !recordset.NoMatch(); // read before the pump: a turn of the queue may seek again
+    if (!found && place)
+        recordset.SetBookmark(*place);
+    ports.pump.DoEvents();
+    return found;
+}
+
+} // namespace
+
+void Connect2mdb(const forms::Ports& ports, DataSource& source, const QString& path,
+                 const QString& tableOrSql, engine::RecordsetType type)
+{
+    const RoutineScope scope{"Connect2mdb"};
+    const bool done = common::Guarded(ports.prompter, [&] {
+        if (!source.Engine().Disk().Found(path, files::ReadOnly | files::Hidden)) {
+            ports.prompter.Box(kPlainTitle, kFileNotFound.arg(path));
+            throw forms::EndOfProgram{1};
+        }
+        ports.pump.DoEvents();
+        const QString oldPath = source.DatabaseName();
+        const QString oldRecordSource = source.RecordSource();
+        const engine::RecordsetType oldType = source.RecordsetType();
+        source.SetDatabaseName(path);
+        source.SetRecordSource(tableOrSql);
+        source.SetRecordsetType(type);
+        try {
+            source.Refresh();
+        } catch (...) {
+            // The names keep telling what is bound.
+            source.SetDatabaseName(oldPath);
+            source.SetRecordSource(oldRecordSource);
+            source.SetRecordsetType(oldType);
+            throw;
+        }
+        ports.pump.DoEvents();
+    });
+    if (done)
+        ports.pump.DoEvents();
+}
+
+bool Ismdb(engine::Engine& engine, const QString& path, const QString& table) noexcept
+{
+    try {
+        if (!engine.Disk().Found(path, files::ReadOnly | files::Hidden))
+            return false;
+        const std::shared_ptr<engine::Database> database =
+            engine.OpenDatabase(path, engine::OpenMode::ReadOnly);
+        const engine::TableDef definition = database->Table(table);
+        database->Close();
+        const auto find = [&definition](QLatin1StringView name) {
+            return std::find_if(
+                definition.fields.cbegin(), definition.fields.cend(),
+                [name](const engine::Field& f) { return f.name.compare(name, Qt::CaseInsensitive) == 0; });
+        };
+        const auto key = find(QLatin1StringView("CENTRALKEY"));
+        const auto gla = find(QLatin1StringView("GLA"));
+        const auto photos = find(QLatin1StringView("PHOTOS"));
+        const auto end = definition.fields.cend();
+        return key != end && key->size > 0 && gla != end && gla->size > 0 && photos != end &&
+               photos->type == engine::FieldType::Memo;
+    } catch (...) {
+        return false;
+    }
+}
+
+bool FindRecord(const forms::Ports& ports, DataSource& source, const QString& key, const QString& index)
+{
+    QString wanted = text::Trim(key);
+    if (wanted.isEmpty())
+        return false;
+    const RoutineScope scope{"FindRecord"};
+    if (index == QLatin1StringView("FILENUMBERUSER"))
+        wanted = wanted.toUpper();
+    bool found = false;
+    common::Guarded(ports.prompter, [&] {
+        try {
+            found = SeekKey(ports, source, wanted, index);
+        } catch (const RuntimeError& failure) {
+            switch (failure.Number()) {
+            case error::kNoCurrentRecord:
+                found = false;
+                return;
+            case error::kNoSuchIndex:
+                ports.prompter.Box(kRepairTitle, kRepairText);
+                throw forms::EndOfProgram{1};
+            case error::kNoObject:
+                ports.prompter.Box(kCompressTitle, kCompressText);
+                throw forms::EndOfProgram{1};
+            default:
+                throw;
+            }
+        }
+    });
+    return found;
+}
+
+void Updateandfind(const forms::Ports& ports, DataSource& source, const QString& key)
+{
+    const RoutineScope scope{"Updateandfind"};
+    if (!common::Guarded(ports.prompter, [&] {
+            engine::Recordset& recordset = source.Recordset();
+            if (recordset.CurrentEditMode() != engine::EditMode::None)
+                recordset.Update();
+        }))
+        return;
+    if (!FindRecord(ports, source, key, kKeyIndex))
+        ports.prompter.Box(kPlainTitle, kNotFoundAfterUpdate);
+}
+
+void DeleteRecord(const forms::Ports& ports, DataSource& source, const QString& key)
+{
+    const RoutineScope scope{"DeleteRecord"};
+    if (!FindRecord(ports, source, key, kKeyIndex))
+        return;
+    common::Guarded(ports.prompter, [&] { source.Recordset().Delete(); });
+}
+
+QString GetFieldData(const DataSource& source, const QString& field)
+{
+    const QVariant value = source.Recordset().Value(field);
+    return value.isValid() ? text::Trim(value.toString()) : QString();
+}
+
+void SetFieldData(DataSource& source, const QString& value, const QString& field)
+{
+    source.Recordset().SetValue(field, value);
+}
+
+QString Trim2Size(const DataSource& source, const QString& value, const QString& field)
+{
+    return text::Trim(value).leftJustified(FieldOf(source, field).size, QLatin1Char(' '), true);
+}
+
+double TrimNum2Size(const DataSource& source, const QString& value, const QString& field)
+{
+    return text::Val(Trim2Size(source, value, field));
+}
+
+void DropTheTable(engine::Engine& engine, const QString& path, const QString& table)
+{
+    const std::shared_ptr<engine::Database> database = engine.OpenDatabase(path);
+    database->Execute(QStringLiteral("DROP TABLE [") + table + QStringLiteral("]"));
+    database->Close();
+}
+
+void CreateIndex(engine::Engine& engine, const QString& path, const QString& table)
+{
+    const std::shared_ptr<engine::Database> database = engine.OpenDatabase(path);
+    database->AppendIndex(table, {.name = QStringLiteral("Centralkey"),
+                                  .fields = {QStringLiteral("Centralkey")},
+                                  .primary = true,
+                                  .unique = true});
+    database->Close();
+}
+
+void ListTables(engine::Engine& engine, const QString& path, forms::ListBox& list)
+{
+    list.Clear();
+    const std::shared_ptr<engine::Database> database = engine.OpenDatabase(path);
+    for (const QString& name : database->TableNames()) {
+        const QString folded = text::Folded(name);
+        if (!folded.isEmpty() && !kSystemTables.contains(folded))
+            list.AddItem(name);
+    }
+    database->Close();
+}
+
+void DalmoSetReadWriteBit(const forms::Ports& ports, const files::Disk& disk, const QString& path, int mode)
+{
+    try {
+        disk.SetAttr(path, static_cast<unsigned>(mode));
+    } catch (const RuntimeError&) {
+        ports.prompter.Box(kPlainTitle, kReadOnlyFlagNotSet.arg(path));
+    }
+}
+
+QStringList OfferedDatabases(engine::Engine& engine, const QString& directory, const QString& table)
+{
+    QStringList offered;
+    for (const QString& name : engine.Disk().Dir(directory + QStringLiteral("*.mdb"), files::ReadOnly)) {
+        // The text test is as loose as it looks: "DATA.MDB" is hidden too, being the tail of a template's
+        // name.
+        if (!kNeverOffered.contains(name.toUpper() + QLatin1Char('*')) &&
+            Ismdb(engine, directory + name, table))
+            offered.append(name);
+    }
+    return offered;
+}
+
+Sources::Sources(engine::Engine& engine)
+    : datDatabook(engine, QStringLiteral("datDatabook"))
+    , datsql(engine, QStringLiteral("datsql"))
+    , datCentralKey(engine, QStringLiteral("datCentralKey"))
+    , datComps(engine, QStringLiteral("datComps"))
+    , datcomments(engine, QStringLiteral("datcomments"))
+    , datnewcmts(engine, QStringLiteral("datnewcmts"))
+    , datnewcomps(engine, QStringLiteral("datnewcomps"))
+    , datmap(engine, QStringLiteral("datmap"))
+    , datComp2Kel_CURRENT(engine, QStringLiteral("datComp2Kel_CURRENT"))
+{}
+
+void Connect2Databook(const forms::Ports& ports, Sources& sources, const QString& path, const QString& table)
+{
+    const RoutineScope scope{"Connect2Databook"};
+    Connect2mdb(ports, sources.datDatabook, path, table, engine::RecordsetType::Table);
+    Connect2mdb(ports, sources.datsql, path, table, engine::RecordsetType::Dynaset);
+}
+
+} // namespace vasclip::store
