@@ -1,7 +1,7 @@
 #include "databook/records.h"
 
 #include "common/error_block.h"
-#include "databook/address_case.h"
+#include "common/proper_case.h"
 #include "databook/comp_fields.h"
 #include "databook/comp_types.h"
 #include "databook/messages.h"
@@ -103,7 +103,7 @@ RecordResult AddRecord(const forms::Ports& ports, store::DataSource& databook, c
     const bool added = AsOne(databook, [&] {
         databook.Recordset().AddNew();
         SetSized(databook, KeyOf(address), kKey);
-        SetSized(databook, AddressInCase(address, addressCase), kAddress);
+        SetSized(databook, common::AddressInCase(address, addressCase), kAddress);
         store::SetFieldData(databook, QString(letter), kType);
         store::Updateandfind(ports, databook, KeyOf(address));
         SetLoadDate2Today(ports, databook);

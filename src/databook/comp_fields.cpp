@@ -1,0 +1,159 @@
+#include "databook/comp_fields.h"
+
+#include "common/dates.h"
+#include "common/error_block.h"
+#include "platform/text/dates.h"
+#include "platform/text/text.h"
+#include "store/store.h"
+
+namespace vasclip::databook {
+
+using common::RoutineScope;
+
+namespace {
+
+const QString kStoredPicture = QStringLiteral("mm/dd/yyyy");
+const QString kLoadDate = QStringLiteral("LOADDATE");
+const QString kLoadSerial = QStringLiteral("LOADSERIAL");
+const QString kSaleDate = QStringLiteral("SALEDATE");
+const QString kSaleSerial = QStringLiteral("SALESERIAL");
+
+/// An edit under way goes on: opening it anew would drop what it holds.
+void BeginEdit(store::DataSource& source)
+{
+    if (source.Recordset().CurrentEditMode() == engine::EditMode::None)
+        source.Recordset().Edit();
+}
+
+void StoreLoadDate(store::DataSource& source, QDate today)
+{
+    const QString date = common::FixDate(text::Format(today.startOfDay(), kStoredPicture), today);
+    store::SetFieldData(source, date, kLoadDate);
+    store::SetFieldData(source, text::Str(static_cast<double>(text::DateSerial(today))), kLoadSerial);
+}
+
+void StoreSaleDate(store::DataSource& source, const QString& date, QDate today)
+{
+    store::SetFieldData(source, date, kSaleDate);
+    store::SetFieldData(source, SerialText(date, today), kSaleSerial);
+}
+
+bool IsNumeric(const QString& text)
+{
+    bool whole = false;
+    text.toDouble(&whole);
+    return whole;
+}
+
+} // namespace
+
+QString PriceGla(const QString& sellingPrice, const QString& gla)
+{
+    const double price = text::Val(sellingPrice);
+    const double area = text::Val(gla);
+    if (price == 0 || area == 0)
+        return QStringLiteral("0");
+    return text::Format(price / area, QStringLiteral("###.##"));
+}
+
+QString AgeText(const QString& yearBuilt, const QString& saleDate, QDate today)
+{
+    QString kept;
+    int digits = 0;
+    for (const QChar letter : yearBuilt.first(std::min<qsizetype>(4, yearBuilt.size()))) {
+        const bool digit = letter >= QLatin1Char('0') && letter <= QLatin1Char('9');
+        digits += digit;
+        if (digit || letter == QLatin1Char('-'))
+            kept.append(letter);
+    }
+    if (digits == 0)
+        return {};
+    if (digits < 4)
+        return kept;
+    if (!common::IsDate(saleDate, today))
+        return {};
+    const double age = text::Val(saleDate.right(4)) - text::Val(kept);
+    return age >= 1 ? text::Dec(static_cast<qint64>(age)) : QString();
+}
+
+QString AlphaOnly(const QString& text)
+{
+    QString letters;
+    for (const QChar letter : text) {
+        const QChar upper = letter.toUpper();
+        if (upper >= QLatin1Char('A') && upper <= QLatin1Char('Z'))
+            letters.append(letter);
+    }
+    return letters;
+}
+
+QString Strip1stNums(const QString& address)
+{
+    const qsizetype blank = address.indexOf(QLatin1Char(' '));
+    if (blank < 0 || !IsNumeric(address.first(blank)))
+        return address;
+    return address.sliced(blank + 1);
+}
+
+QString SerialText(const QString& date, QDate today)
+{
+    const std::optional<QDateTime> value = text::ReadDate(date, today);
+    return value ? text::Str(static_cast<double>(text::DateSerial(value->date()))) : QString();
+}
+
+void SetLoadDate2Today(const forms::Ports& ports, store::DataSource& source)
+{
+    const RoutineScope scope{"ErrSetLoadDate2Today"};
+    common::Guarded(ports.prompter, [&] {
+        BeginEdit(source);
+        if (store::GetFieldData(source, kLoadDate).isEmpty())
+            StoreLoadDate(source, ports.clock.Today());
+    });
+}
+
+void ForceLoadDate2Today(const forms::Ports& ports, store::DataSource& source)
+{
+    const RoutineScope scope{"ForceLoadDate2Today"};
+    common::Guarded(ports.prompter, [&] {
+        BeginEdit(source);
+        StoreLoadDate(source, ports.clock.Today());
+    });
+}
+
+void RepairLoadDate(const forms::Ports& ports, store::DataSource& source)
+{
+    const RoutineScope scope{"RepairLoadDate"};
+    common::Guarded(ports.prompter, [&] {
+        BeginEdit(source);
+        const QString stored = store::GetFieldData(source, kLoadDate);
+        if (!stored.isEmpty() && !common::IsDate(stored, ports.clock.Today()))
+            StoreLoadDate(source, ports.clock.Today());
+    });
+}
+
+void ErrSetSaleDate(const forms::Ports& ports, store::DataSource& source, QString& dateText)
+{
+    const RoutineScope scope{"ErrSetSaleDate"};
+    common::Guarded(ports.prompter, [&] {
+        BeginEdit(source);
+        const QDate today = ports.clock.Today();
+        if (!common::IsDate(dateText, today))
+            dateText = kPendingDate;
+        const QString date = dateText == kPendingDate ? kPendingDate : common::FixDate(dateText, today);
+        StoreSaleDate(source, date, today);
+    });
+}
+
+void ErrSaveSaleDate(const forms::Ports& ports, store::DataSource& source, forms::TextBox& box)
+{
+    const RoutineScope scope{"ErrSaveSaleDate"};
+    QString date = box.Text();
+    if (!common::IsDate(date, ports.clock.Today())) {
+        date = kPendingDate;
+        box.SetText(date);
+    }
+    ErrSetSaleDate(ports, source, date);
+    store::Updateandfind(ports, source, store::GetFieldData(source, QStringLiteral("CENTRALKEY")));
+}
+
+} // namespace vasclip::databook
