@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/engine/database.h"
+#include "platform/files/disk.h"
+#include "store/schema.h"
+#include "store/store.h"
+#include "support/scripted_ports.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace vasclip::tests {
+
+/// A home of its own with an empty Databook at C:\DATABOOK.MDB.
+class DatabookHome : public testing::Test
+{
+protected:
+    QTemporaryDir dir;
+    files::Disk disk{dir.path()};
+    engine::Engine engine{disk};
+    TestPorts doubles;
+    forms::Ports ports = doubles.Get();
+    const QString path = QStringLiteral("C:\\DATABOOK.MDB");
+    const QString table = QStringLiteral("COMPS");
+    const QString key = QStringLiteral("CENTRALKEY");
+
+    void SetUp() override { store::MakeDatabase(engine, path); }
+
+    /// Adds a row with the given fields, texts as they are.
+    void AddRow(const QList<std::pair<QString, QString>>& fields)
+    {
+        const auto database = engine.OpenDatabase(path);
+        const auto rows = database->OpenRecordset(table, engine::RecordsetType::Table);
+        rows->AddNew();
+        for (const auto& [field, value] : fields)
+            rows->SetValue(field, value);
+        rows->Update();
+        rows->Close();
+    }
+    /// Adds comps by their keys alone, padded as the Databook stores them.
+    void AddComps(const QStringList& keys)
+    {
+        for (const QString& name : keys)
+            AddRow({{key, name.leftJustified(35)}, {QStringLiteral("ADDRESS"), name.leftJustified(35)}});
+    }
+    void Bind(store::DataSource& source)
+    {
+        store::Connect2mdb(ports, source, path, table, engine::RecordsetType::Table);
+    }
+};
+
+} // namespace vasclip::tests
