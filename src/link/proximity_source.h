@@ -9,7 +9,7 @@ class ProximitySource
 {
 public:
     virtual ~ProximitySource() = default;
-    [[nodiscard]] virtual QString CalcTheDistance(const QString& key) = 0; ///< miles as text, "" if unknown
+    [[nodiscard]] virtual QString CalcTheDistance(const QString& key) = 0;  ///< miles as text, "" if unknown
     [[nodiscard]] virtual QString GetDirection(const QString& address) = 0; ///< compass name, "" if unknown
 };
 

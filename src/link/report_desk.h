@@ -16,8 +16,10 @@ struct frm_Addr
     forms::ControlArray<forms::TextBox> txtCompCity, txtCompState, txtCompZip, txtProximity;
     forms::ControlArray<forms::TextBox> txtAltCompAddr, txtAltCompCity, txtAltCompState, txtAltCompZip,
         txtAltProximity;
-    forms::ControlArray<forms::TextBox> txtListingAddr, txtListCity, txtListState, txtListZip, txtListProximity;
-    forms::ControlArray<forms::TextBox> txtRentalAddr, txtRentCity, txtRentState, txtRentZip, txtRentProximity;
+    forms::ControlArray<forms::TextBox> txtListingAddr, txtListCity, txtListState, txtListZip,
+        txtListProximity;
+    forms::ControlArray<forms::TextBox> txtRentalAddr, txtRentCity, txtRentState, txtRentZip,
+        txtRentProximity;
     forms::Label lblFileNo;
     forms::ListBox lstAddr;
 };
@@ -42,17 +44,18 @@ struct ReportControls
 /// The process-wide values of the link.
 struct LinkState
 {
-    bool linkActive = false;   ///< what KelIsActive found last
-    bool populateGate = false; ///< its second copy: may the tabs be populated
+    bool linkActive = false;     ///< what KelIsActive found last
+    bool populateGate = false;   ///< its second copy: may the tabs be populated
     bool generalReentry = false; ///< raised while cboGeneral is emptied, so that its events poke nothing
-    qint16 retryLimit = 0;     ///< of LoopWhileNull
+    qint16 retryLimit = 0;       ///< of LoopWhileNull
     qint16 dragSourceIndex = -1; ///< 1 to 9 a comp slot, -1 the grid or the map
-    QString currentKey;        ///< CENTRALKEY of the record being dragged
-    QString displayAddress;    ///< its address in the ADDRESSCASE form
+    QString currentKey;          ///< CENTRALKEY of the record being dragged
+    QString displayAddress;      ///< its address in the ADDRESSCASE form
     bool dropRefused = false;
     qint16 currentSlotIndex = 0; ///< slot whose photo is being cleared
     bool proximityOnDrop = true; ///< compute the proximity of a dropped comp
     QString lastPicturePath;
+    bool refreshing = false; ///< RefreshAppraisal is at work; a second one does nothing
 };
 
 } // namespace vasclip::link

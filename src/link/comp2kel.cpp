@@ -1,0 +1,149 @@
+#include "link/comp2kel.h"
+
+#include "common/globals.h"
+#include "platform/text/runtime_error.h"
+#include "platform/text/text.h"
+
+#include <array>
+
+namespace vasclip::link {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString& TableName()
+{
+    static const QString name = QString::fromLatin1(common::Globals::kMappingTable);
+    return name;
+}
+
+struct Column
+{
+    QLatin1StringView name;
+    QString MappingRow::*member;
+};
+constexpr std::array<Column, 10> kColumns{{{"FORMTYPE"_L1, &MappingRow::formType},
+                                           {"FORMNAME"_L1, &MappingRow::formName},
+                                           {"FIELDNAME"_L1, &MappingRow::fieldName},
+                                           {"ROW"_L1, &MappingRow::row},
+                                           {"CELL"_L1, &MappingRow::cell},
+                                           {"COMPTYPE"_L1, &MappingRow::compType},
+                                           {"COMP"_L1, &MappingRow::comp},
+                                           {"OFFSET"_L1, &MappingRow::offset},
+                                           {"PREEVAL"_L1, &MappingRow::preEval},
+                                           {"TRUEFALSE"_L1, &MappingRow::trueFalse}}};
+
+/// The ten columns, and the form as the first condition.
+QString SelectForForm(const QString& formType)
+{
+    const QString& t = TableName();
+    QString query = u"Select "_s;
+    for (std::size_t i = 0; i < kColumns.size(); ++i)
+        query += (i == 0 ? QString() : u", "_s) + t + u'.' + kColumns[i].name;
+    return query + u" from "_s + t + u" WHERE "_s + t + u".FORMTYPE = '"_s + formType + u'\'';
+}
+
+void Select(store::DataSource& source, const QString& query)
+{
+    source.SetRecordsetType(engine::RecordsetType::Dynaset);
+    source.SetRecordSource(query);
+    source.Refresh();
+}
+
+bool HasRows(const store::DataSource& source)
+{
+    const engine::Recordset& rows = source.Recordset();
+    return !(rows.Bof() && rows.Eof());
+}
+
+} // namespace
+
+QString FilterComp2KelQuery(const QString& formType, const QString& comp, const QString& compType)
+{
+    const QString& t = TableName();
+    return SelectForForm(formType) + u" AND "_s + t + u".COMP='"_s + comp + u"' AND "_s + t +
+           u".COMPTYPE='"_s + compType + u"';"_s;
+}
+
+QString FilterAltComp2KelQuery(const QString& formType, const QString& comp, const QString& formName)
+{
+    const QString& t = TableName();
+    return SelectForForm(formType) + u" AND "_s + t + u".COMP='"_s + comp + u"' AND "_s + t +
+           u".FORMNAME='"_s + formName + u"';"_s;
+}
+
+QString FilterComp2KelProximityQuery(const QString& formType, const QString& comp, const QString& compType)
+{
+    const QString& t = TableName();
+    return SelectForForm(formType) + u" AND "_s + t + u".COMP='"_s + comp + u"' AND "_s + t +
+           u".COMPTYPE='"_s + compType + u"' AND "_s + t + u".FIELDNAME='PROXIMITY' AND "_s + t +
+           u".COMP='"_s + comp + u"';"_s;
+}
+
+QString AddressRowsQuery(const QString& formType)
+{
+    static constexpr QLatin1StringView kFields[] = {
+        "ADDRESS"_L1, "NEIGHBORHD"_L1, "APPRSRFILE"_L1, "COUNTY"_L1, "CITY"_L1, "ST"_L1, "ZIP"_L1};
+    const QString& t = TableName();
+    QString conditions;
+    for (const QLatin1StringView field : kFields)
+        conditions +=
+            (conditions.isEmpty() ? QString() : u" OR "_s) + t + u".FIELDNAME = '"_s + field + u'\'';
+    return u"Select * from "_s + t + u" WHERE "_s + t + u".FORMTYPE = '"_s + formType + u"' AND ("_s +
+           conditions + u") ORDER BY "_s + t + u".COMP, COMPTYPE, FIELDNAME"_s;
+}
+
+void FilterComp2Kel(store::DataSource& source, const QString& formType, const QString& comp,
+                    const QString& compType)
+{
+    Select(source, FilterComp2KelQuery(formType, comp, compType));
+    if (HasRows(source))
+        source.Recordset().MoveLast();
+}
+
+void FilterAltComp2Kel(store::DataSource& source, const QString& formType, const QString& comp,
+                       const QString& formName)
+{
+    Select(source, FilterAltComp2KelQuery(formType, comp, formName));
+    if (!HasRows(source))
+        throw RuntimeError(error::kNoCurrentRecord, u"No current record"_s);
+    source.Recordset().MoveLast();
+}
+
+void FilterComp2KelProximity(store::DataSource& source, const QString& formType, const QString& comp,
+                             const QString& compType)
+{
+    Select(source, FilterComp2KelProximityQuery(formType, comp, compType));
+    if (HasRows(source))
+        source.Recordset().MoveLast();
+}
+
+QString GetComp2KelData(const store::DataSource& source, const QString& fieldName)
+{
+    return source.Recordset().Value(fieldName).toString();
+}
+
+QList<MappingRow> ReadMappingRows(const store::DataSource& source)
+{
+    QList<MappingRow> rows;
+    if (!HasRows(source))
+        return rows;
+    engine::Recordset& recordset = source.Recordset();
+    std::array<int, kColumns.size()> fields{};
+    for (std::size_t i = 0; i < kColumns.size(); ++i) {
+        fields[i] = recordset.FieldIndex(kColumns[i].name);
+        if (fields[i] < 0)
+            throw RuntimeError(error::kFieldUnknown,
+                               u"Column %1 is missing in %2 of %3"_s.arg(kColumns[i].name, TableName(),
+                                                                         source.DatabaseName()));
+    }
+    for (recordset.MoveFirst(); !recordset.Eof(); recordset.MoveNext()) {
+        MappingRow& row = rows.emplace_back();
+        for (std::size_t i = 0; i < kColumns.size(); ++i)
+            row.*kColumns[i].member = text::Trim(recordset.Value(fields[i]).toString());
+    }
+    return rows;
+}
+
+} // namespace vasclip::link

@@ -1,0 +1,116 @@
+#include "link/general_text.h"
+
+#include "link/kel_channel.h"
+#include "link/reporter.h"
+#include "platform/text/text.h"
+
+namespace vasclip::link {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Raises the flag for a scope; a nested one leaves it up.
+class ReentryFlag
+{
+public:
+    explicit ReentryFlag(bool& flag)
+        : m_flag(flag)
+        , m_before(flag)
+    {
+        flag = true;
+    }
+    ~ReentryFlag() { m_flag = m_before; }
+    ReentryFlag(const ReentryFlag&) = delete;
+    ReentryFlag& operator=(const ReentryFlag&) = delete;
+
+private:
+    bool& m_flag;
+    bool m_before;
+};
+
+/// The general pages' section, by the photo size that the forms list tells; only two of the sizes count here.
+QString GeneralSection(const QString& forms)
+{
+    if (forms.contains("SUBPHOTO"_L1))
+        return u"3X5_PHOTO_PAGES"_s;
+    return forms.contains("SUBPHOT2"_L1) ? u"4X6_PHOTO_PAGES"_s : QString();
+}
+
+bool PokeGeneral(LinkDesk& desk, const char* routine, const QString& keyStem, int lastIndex, int index,
+                 const QString& text)
+{
+    return Reported(desk.ports.prompter, routine, [&] {
+        const QString section = GeneralSection(text::Folded(desk.addr.txtKelListForms.Text()));
+        const QString key = index <= lastIndex ? keyStem + text::Dec((index - 1) % 3 + 1) : QString();
+        const QString cell = desk.kelIni(section, key);
+        const QString page = desk.kelIni(section, u"GENERAL_"_s + text::Dec((index + 2) / 3));
+        KelPokeText(desk.txtDDE, u"Kel|"_s + text::Trim(desk.addr.txtKelReport.Text()), page + u'|' + cell,
+                    text);
+    });
+}
+
+} // namespace
+
+void TabPopulateGeneralText(LinkDesk& desk)
+{
+    const ReentryFlag flag{desk.state.generalReentry};
+    const auto& boxes = desk.report.cboGeneral;
+    for (int i = boxes.First(); i <= boxes.Last(); ++i)
+        boxes(i).SetText(QString());
+    Reported(desk.ports.prompter, "TabPopulateGeneralText", [&] {
+        const QString forms = text::Folded(desk.addr.txtKelListForms.Text());
+        const QString section = KelPageSection(desk.kelIni, u"SUBJECT_1"_s, forms);
+        const QString report = text::Trim(desk.addr.txtKelReport.Text());
+        for (int n = 1; n <= 12; ++n) {
+            const QString page = KelReturnPage(desk.kelIni, u"GENERAL_"_s + text::Dec(n), forms);
+            GetGeneralText(desk, section, report, page, 3 * n - 2);
+        }
+    });
+}
+
+void GetGeneralText(LinkDesk& desk, const QString& section, const QString& report, const QString& page,
+                    int base)
+{
+    for (int place = 1; place <= 3; ++place) {
+        const int slot = base + place - 1;
+        if (desk.slots.imaGeneral(slot).Picture().isNull())
+            continue;
+        const auto read = [&](const QString& keyStem) {
+            return KelGetFieldInfo(desk.txtDDE, report,
+                                   page + u'|' + desk.kelIni(section, keyStem + text::Dec(place)));
+        };
+        const QString address = read(u"GENERAL_ADDR_"_s);
+        if (!text::Trim(address).isEmpty())
+            desk.report.txtgeneraladdr(slot).SetText(address);
+        const QString view = read(u"GENERAL_DATA_"_s);
+        if (!text::Trim(view).isEmpty())
+            desk.report.cboGeneral(slot).SetText(view);
+    }
+}
+
+bool KelPokeGeneralData(LinkDesk& desk, int index, const QString& text)
+{
+    return PokeGeneral(desk, "KelPokeGeneralData", u"GENERAL_DATA_"_s, 36, index, text);
+}
+
+bool KelPokeGeneralAddr(LinkDesk& desk, int index, const QString& text)
+{
+    return PokeGeneral(desk, "KelPokeGeneralAddr", u"GENERAL_ADDR_"_s, 18, index, text);
+}
+
+void cboGeneral_Change(LinkDesk& desk, int index)
+{
+    if (!desk.state.generalReentry && desk.state.linkActive)
+        KelPokeGeneralData(desk, index, desk.report.cboGeneral(index).Text());
+}
+
+void cboGeneral_Click(LinkDesk& desk, int index)
+{
+    if (!desk.state.linkActive)
+        return;
+    if (KelPokeGeneralData(desk, index, desk.report.cboGeneral(index).Text()))
+        KelPokeGeneralAddr(desk, index, desk.report.txtgeneraladdr(index).Text());
+}
+
+} // namespace vasclip::link

@@ -1,0 +1,66 @@
+#include "link/link_desk.h"
+
+#include "link/kel_channel.h"
+#include "link/messages.h"
+#include "link/reporter.h"
+#include "platform/text/text.h"
+
+namespace vasclip::link {
+
+using namespace Qt::Literals::StringLiterals;
+
+QString FormsProgramFile(const LinkDesk& desk, const QString& name)
+{
+    const QString& directory = desk.globals.kelAppDir;
+    if (directory.isEmpty() || directory.endsWith(u'\\'))
+        return directory + name;
+    return directory + u'\\' + name;
+}
+
+void SendScriptIfThere(LinkDesk& desk, const QString& name)
+{
+    if (!desk.globals.kelAppDir.isEmpty() && desk.disk.FileExists(FormsProgramFile(desk, name)))
+        KelSendScript(desk.txtDDE, name);
+}
+
+bool KelIsActive(LinkDesk& desk)
+{
+    bool active = false;
+    Reported(desk.ports.prompter, "KelIsActive", [&] { active = KelIsActive(desk.txtDDE, desk.state); });
+    return active;
+}
+
+bool KelEnsureRunning(LinkDesk& desk)
+{
+    bool running = false;
+    const bool told = !Reported(desk.ports.prompter, "KelEnsureRunning", [&] {
+        running = KelIsActive(desk.txtDDE, desk.state);
+        if (!running) {
+            KelReconnect(desk.txtDDE);
+            running = KelIsActive(desk.txtDDE, desk.state);
+        }
+    });
+    if (!running && !told)
+        desk.ports.prompter.Box(messages::kNotRunningTitle, messages::kNotRunning);
+    return running;
+}
+
+bool TestKelLabel(const frm_Addr& addr)
+{
+    return text::Folded(addr.lblFileNo.Caption()) != "KEL NOT ACTIVE"_L1;
+}
+
+bool LaunchFormsProgram(LinkDesk& desk, const std::function<bool(const QString& drivePath)>& open)
+{
+    bool opened = false;
+    Reported(desk.ports.prompter, "LaunchFormsProgram",
+             [&] { opened = open(FormsProgramFile(desk, u"Kel.exe"_s)); });
+    if (!opened) {
+        desk.ports.prompter.Box(messages::kLaunchFailedTitle, messages::kLaunchFailed);
+        return false;
+    }
+    desk.ports.prompter.Box(desk.globals.productName, messages::kLaunched.arg(desk.globals.productName));
+    return true;
+}
+
+} // namespace vasclip::link

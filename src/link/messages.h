@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QString>
+
+/// The fixed texts of the link, letter for letter, and the few of our own where no fixed text exists.
+namespace vasclip::link::messages {
+
+inline const QString kNotRunningTitle = QStringLiteral("Appraisal Program Not Running");
+inline const QString kNotRunning = QStringLiteral("The Appraisal Program is not running at this time.");
+
+inline const QString kLaunchFailedTitle = QStringLiteral("Unable to Open Program");
+inline const QString kLaunchFailed = QStringLiteral("Unable to Launch the Appraisal Program. Check to verify "
+                                                    "the program is installed and functioning properly");
+/// %1 is the product's name.
+inline const QString kLaunched = QStringLiteral("After launching the appraisal program\r\n"
+                                                "To LINK the active report to %1\r\n"
+                                                "REMEMBER: Click 'Refresh' (from Menu or 'HOUSE' icon)");
+
+inline const QString kFormTypeTitle = QStringLiteral("Software Does Not Match Appraisal Form Type");
+inline const QString kFormType = QStringLiteral(
+    "This software is out of date for this form.  Please contact your software vendor for an update.");
+
+/// %1 product
+inline const QString kMismatchTitle = QStringLiteral("%1 Software Mismatch");
+/// %1 product, %2 its version, %3 forms program, %4 its version
+inline const QString kMismatch =
+    QStringLiteral("The current %1 software ( version %2 ) is out of date for use with %3 ( version %4 ).  "
+                   "Please contact your software vendor for updating %1.");
+
+inline const QString kNoMappingTitle = QStringLiteral("No Matches to Form Type Found");
+inline const QString kNoMapping = QStringLiteral("Reference Entries Not Found (Comp2Kel file incomplete).");
+
+inline const QString kOverwriteTitle = QStringLiteral("Overwrite a comp within the appraisal ...");
+/// %1 what stands in the slot, %2 what comes
+inline const QString kOverwrite = QStringLiteral("Replace %1 with %2!  Are you sure?");
+
+inline const QString kClearPhoto = QStringLiteral("Clear the photo.  Are you sure?");
+inline const QString kKelNotActive = QStringLiteral("KEL is not active");
+
+inline const QString kKeyMissing = QStringLiteral("CentralKey is null or missing");
+/// %1 is the key.
+inline const QString kKeyFound = QStringLiteral("%1 was found in the comp file.");
+inline const QString kKeyNotFound = QStringLiteral("%1 was NOT found in the comp file.");
+
+// Status texts of a refresh.
+inline const QString kPopulatingTabs = QStringLiteral("Populating Tabs");
+inline const QString kSettingAddresses = QStringLiteral("Setting Appraisal Addresses");
+inline const QString kImporting = QStringLiteral("Importing Appraisal Information");
+inline const QString kVerifying = QStringLiteral("Verifying Addresses (City, ST, ZIP)");
+
+/// %1 cause, %2 field, %3 item, %4 fields sent, %5 rows of the mapping, %6 row it stopped at
+inline const QString kSendStopped =
+    QStringLiteral("%1 (sending %2 to %3, row %6 of %5 in Comp2Kel). %4 fields were sent and stay in the "
+                   "report; this one and "
+                   "those after it were not. Drop the comp again to send them all");
+/// %1 form, %2 group, %3 page base
+inline const QString kNoRows =
+    QStringLiteral("Comp2Kel has no rows for form '%1', group '%2', comp '%3'; nothing was sent");
+/// %1 the entry as far as it goes
+inline const QString kImagesCutOff = QStringLiteral(
+    "The report's images list breaks off within the entry '%1'; its closing ';' is missing. Refresh again");
+
+} // namespace vasclip::link::messages

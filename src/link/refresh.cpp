@@ -1,0 +1,125 @@
+#include "link/refresh.h"
+
+#include "link/addresses.h"
+#include "link/form_table.h"
+#include "link/kel_channel.h"
+#include "link/kel_helpers.h"
+#include "link/messages.h"
+#include "link/read_entries.h"
+#include "link/reporter.h"
+#include "link/slot_icons.h"
+#include "link/slot_photos.h"
+#include "link/tabs.h"
+#include "platform/text/text.h"
+
+namespace vasclip::link {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class Refreshing
+{
+public:
+    explicit Refreshing(LinkDesk& desk)
+        : m_desk(desk)
+        , m_hourglass(desk.ports.window)
+    {
+        desk.state.refreshing = true;
+    }
+    ~Refreshing()
+    {
+        m_desk.state.refreshing = false;
+        m_desk.status.gauProgress.SetCaption(QString());
+    }
+    Refreshing(const Refreshing&) = delete;
+    Refreshing& operator=(const Refreshing&) = delete;
+
+private:
+    LinkDesk& m_desk;
+    forms::Hourglass m_hourglass;
+};
+
+void FindReport(LinkDesk& desk)
+{
+    if (!KelIsActive(desk.txtDDE, desk.state))
+        return;
+    KelQueryActiveReports(desk.txtDDE);
+    desk.addr.txtKelReport.SetText(KelFirstToken(desk.txtDDE.Text()));
+    OpenActiveReport(desk, desk.addr.txtKelReport.Text());
+    SendScriptIfThere(desk, u"ADDPLUS.BAS"_s);
+}
+
+} // namespace
+
+void RefreshAppraisal(LinkDesk& desk)
+{
+    if (desk.state.refreshing)
+        return;
+    const Refreshing guard{desk};
+    desk.state.linkActive = false;
+    if (!Reported(desk.ports.prompter, "RefreshAppraisal", [&] { FindReport(desk); }))
+        desk.state.linkActive = desk.state.populateGate = false;
+    Reported(desk.ports.prompter, "RefreshAppraisal", [&] { ClearAllSlots(desk); });
+    if (!desk.state.linkActive) {
+        Reported(desk.ports.prompter, "TestOtherTabs", [&] { TestOtherTabs(desk, QString(), true); });
+    } else {
+        desk.status.gauProgress.SetCaption(messages::kPopulatingTabs);
+        Test2PopulateTabs(desk);
+        desk.ports.pump.DoEvents();
+        desk.status.gauProgress.SetCaption(messages::kSettingAddresses);
+        SetKelAddresses(desk);
+    }
+    desk.report.TabData.SetTab(0);
+    AddKelEntries2VASP(desk);
+    SetKelAddresses(desk);
+    RefreshAddendumIcons(desk);
+    RefreshAllSlotIcons(desk);
+}
+
+void Test2PopulateTabs(LinkDesk& desk)
+{
+    bool active = false;
+    Reported(desk.ports.prompter, "Test2PopulateTabs", [&] {
+        KelReconnect(desk.txtDDE);
+        if (!desk.txtDDE.Text().isEmpty())
+            desk.addr.txtFormType.SetText(KelFirstToken(desk.txtDDE.Text()));
+        active = KelIsActive(desk.txtDDE, desk.state);
+    });
+    if (active)
+        PopulateKelTabs(desk);
+}
+
+void PopulateKelTabs(LinkDesk& desk)
+{
+    Reported(desk.ports.prompter, "PopulateKelTabs", [&] {
+        KelQueryActiveReports(desk.txtDDE);
+        OpenActiveReport(desk, KelFirstToken(desk.txtDDE.Text()));
+        TabDisable(desk, desk.addr.txtKelListForms.Text());
+    });
+}
+
+void OpenActiveReport(LinkDesk& desk, const QString& report)
+{
+    const common::RoutineScope scope{"OpenActiveReport"};
+    KelOpenReport(desk.txtDDE, report);
+    KelListForms(desk.txtDDE, report);
+    desk.addr.txtKelListForms.SetText(desk.txtDDE.Text());
+    if (!IsApprovedForm(KelFirstToken(desk.addr.txtKelListForms.Text()))) {
+        desk.ports.prompter.Info(messages::kFormTypeTitle, messages::kFormType);
+        throw forms::EndOfProgram{};
+    }
+    common::Globals& globals = desk.globals;
+    globals.formsProgramVersion =
+        TwoPartVersion(desk.fileVersion ? desk.fileVersion(FormsProgramFile(desk, u"Kel.exe"_s)) : QString());
+    if (desk.versionServes && !desk.versionServes(globals.formsProgramVersion)) {
+        desk.ports.prompter.Info(messages::kMismatchTitle.arg(globals.productName),
+                                 messages::kMismatch.arg(globals.productName, desk.productVersion,
+                                                         globals.formsProgram, globals.formsProgramVersion));
+        throw forms::EndOfProgram{};
+    }
+    KelQueryGetImages(desk.txtDDE);
+    desk.addr.txtKelimages.SetText(desk.txtDDE.Text());
+}
+
+} // namespace vasclip::link

@@ -1,0 +1,149 @@
+#include "link/send_bulk.h"
+
+#include "common/error_block.h"
+#include "common/proper_case.h"
+#include "link/kel_channel.h"
+#include "link/kel_helpers.h"
+#include "link/messages.h"
+#include "link/reporter.h"
+#include "platform/text/text.h"
+
+namespace vasclip::link {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// The proximity of the record being sent; nothing without a comp on the map.
+std::optional<QString> ProximityText(LinkDesk& desk)
+{
+    const QString onMap = text::Folded(desk.report.txtMapAddress.Text());
+    if (onMap == text::Folded(store::GetFieldData(desk.sources.datDatabook, u"CENTRALKEY"_s)))
+        return text::Trim(desk.report.txtMapProximity.Text());
+    if (onMap.isEmpty())
+        return std::nullopt;
+    if (!desk.state.proximityOnDrop || !desk.proximity)
+        return QString();
+    const QString key = store::GetFieldData(desk.sources.datsql, u"CENTRALKEY"_s);
+    const QString miles = desk.proximity->CalcTheDistance(key);
+    // A comp that is not found is sent as an empty cell.
+    return miles.isEmpty() ? QString() : miles + u" Mi. "_s + desk.proximity->GetDirection(key);
+}
+
+/// The value of a row without TRUEFALSE; nothing for the fields that are never sent so.
+std::optional<QString> PlainText(const store::DataSource& record, const QString& field)
+{
+    if (field.compare("CENTRALKEY"_L1, Qt::CaseInsensitive) == 0)
+        return std::nullopt;
+    const QString value = store::GetFieldData(record, field);
+    if (field == "YEARBUILT"_L1)
+        return u' ' + value;
+    if (field == "SALEDATE"_L1)
+        return std::nullopt;
+    if (field == "LEASEDATE"_L1 && (value == "01/01/1900"_L1 || value == "1/1/1900"_L1))
+        return QString();
+    return value;
+}
+
+bool LinkIsDead(int number)
+{
+    return number == error::kLinkNoAnswer || number == error::kLinkTimeOut || number == error::kLinkPeerGone;
+}
+
+} // namespace
+
+std::optional<OutgoingField> FieldToSend(LinkDesk& desk, const MappingRow& row, const QString& formName,
+                                         qint16 comp)
+{
+    const store::DataSource& record = desk.sources.datDatabook;
+    const QString& field = row.fieldName;
+    const QString upperField = field.toUpper();
+    const QString rowCell = row.RowCell();
+    OutgoingField out;
+    out.item = formName + u'|' + text::Trim(KelShiftCell(rowCell, row.offset, comp));
+
+    if (upperField == "PROXIMITY"_L1) {
+        const std::optional<QString> proximity = ProximityText(desk);
+        if (!proximity)
+            return std::nullopt;
+        out.text = *proximity;
+    } else if (upperField == "BEDBATH"_L1) {
+        out.text =
+            store::GetFieldData(record, u"BEDROOM"_s) + u" / "_s + store::GetFieldData(record, u"BATH"_s);
+    } else if (upperField == "ADDRESS"_L1) {
+        out.text = common::AddressInCase(store::GetFieldData(record, u"ADDRESS"_s), desk.globals.addressCase);
+    } else {
+        const QString trueFalse = row.trueFalse.toUpper();
+        if (trueFalse == "0"_L1 || trueFalse == "1"_L1) {
+            out.text = record.Recordset().Value(field).toString();
+        } else if (trueFalse == "A"_L1) {
+            // Goes out with the form name twice and unshifted; the forms program expects it so.
+            out.item = formName + u'|' + formName + u'|' + rowCell;
+            out.text = store::GetFieldData(record, row.preEval) + u' ' + store::GetFieldData(record, field);
+        } else if (trueFalse.isEmpty()) {
+            const std::optional<QString> plain = PlainText(record, field);
+            if (!plain)
+                return std::nullopt;
+            out.text = *plain;
+        } else {
+            return std::nullopt;
+        }
+    }
+    return out;
+}
+
+SendResult SendBulk(LinkDesk& desk, const QString& formType, const QString& report, qint16 comp,
+                    const QString& compType)
+{
+    const common::RoutineScope scope{"SendBulk"};
+    forms::Prompter& prompter = desk.ports.prompter;
+    SendResult result;
+    QList<MappingRow> rows;
+    const QString base = text::Dec(KelPageBase(comp));
+    const bool mapped = Reported(prompter, "SendBulk", [&] {
+        FilterComp2Kel(desk.sources.datComp2Kel_CURRENT, formType, base, compType);
+        rows = ReadMappingRows(desk.sources.datComp2Kel_CURRENT);
+        if (rows.isEmpty())
+            throw RuntimeError(error::kNoCurrentRecord, messages::kNoRows.arg(formType, compType, base));
+    });
+    if (!mapped || rows.isEmpty()) {
+        result.failure = error::kNoCurrentRecord;
+        return result;
+    }
+
+    const QString formName = rows.first().formName;
+    const QString topic = u"KEL|"_s + report;
+    int row = 0;
+    OutgoingField going;
+    try {
+        for (; row < rows.size(); ++row) {
+            going.item = formName + u'|' + rows[row].RowCell();
+            const bool goOn = common::Guarded(prompter, [&] {
+                const std::optional<OutgoingField> field = FieldToSend(desk, rows[row], formName, comp);
+                if (!field)
+                    return;
+                going = *field;
+                KelPokeText(desk.txtDDE, topic, going.item, going.text);
+                ++result.sent;
+            });
+            if (!goOn)
+                return result;
+        }
+        result.complete = true;
+    } catch (const RuntimeError& failure) {
+        result.failure = failure.Number();
+        common::ReportError(
+            prompter, RuntimeError(failure.Number(),
+                                   messages::kSendStopped.arg(failure.Description(), rows[row].fieldName,
+                                                              going.item, text::Dec(result.sent),
+                                                              text::Dec(rows.size()), text::Dec(row + 1))));
+    }
+    return result;
+}
+
+bool LinkSurvived(const SendResult& result)
+{
+    return !LinkIsDead(result.failure);
+}
+
+} // namespace vasclip::link

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "link/link_desk.h"
+
+namespace vasclip::link {
+
+/// Sets a slot's icon by the record that its label names: not in the Databook, without the view, with it. The
+/// anchor shows if the record has coordinates. A blank label hides both. Lists the record's photos on the
+/// way.
+/// @param anchor  nullptr for a slot that has none
+void SetSlotIcon(LinkDesk& desk, const QString& label, forms::PictureBox& icon, forms::PictureBox* anchor,
+                 const QString& view);
+
+/// @param view  1 "FRONT VIEW", 2 "REAR VIEW", 3 "STREET SCENE", 0 all three
+void RefreshSubjectIcons(LinkDesk& desk, int view);
+void RefreshCompIcons(LinkDesk& desk);
+void RefreshAltCompIcons(LinkDesk& desk);
+void RefreshGeneralIcons(LinkDesk& desk);
+void RefreshListingIcons(LinkDesk& desk);
+void RefreshRentalIcons(LinkDesk& desk);
+void RefreshAllSlotIcons(LinkDesk& desk);
+
+/// The data boxes beside the text slots: "Addendum_Full.bmp" for a slot with a text, else
+/// "Addendum_Empty.bmp".
+void RefreshAddendumIcons(LinkDesk& desk);
+
+/// The view of a subject slot, "" for another index.
+[[nodiscard]] QString SubjectView(int index);
+
+} // namespace vasclip::link

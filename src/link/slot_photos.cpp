@@ -1,0 +1,193 @@
+#include "link/slot_photos.h"
+
+#include "link/kel_channel.h"
+#include "link/kel_helpers.h"
+#include "link/messages.h"
+#include "link/reporter.h"
+#include "platform/text/text.h"
+
+namespace vasclip::link {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+using PictureArray = forms::ControlArray<forms::PictureBox>;
+
+/// The six groups of slots: the argument of SetPhotos, the prefix of its objects, the first letters that
+/// denote it in an object's name, and its controls.
+struct SlotGroup
+{
+    QLatin1StringView group, prefix, letters;
+    PictureArray photos::SlotControls::*array;
+};
+constexpr SlotGroup kGroups[] = {
+    {"SUB"_L1, "SUB_"_L1, "SUB"_L1, &photos::SlotControls::imaSubject},
+    {"CMP"_L1, "CMP_"_L1, "CMP"_L1, &photos::SlotControls::imaComp},
+    {"ALT"_L1, "ALT_"_L1, "ALT"_L1, &photos::SlotControls::imaAltComp},
+    {"GN"_L1, "GN_"_L1, "GN_"_L1, &photos::SlotControls::imaGeneral},
+    {"LCMP"_L1, "LCMP_"_L1, "LCM"_L1, &photos::SlotControls::imaListing},
+    {"RCMP"_L1, "RCMP_"_L1, "RCM"_L1, &photos::SlotControls::imaRental},
+};
+
+QString PrefixOf(const QString& upperName)
+{
+    if (upperName.contains("SUBJ"_L1))
+        return u"SUB_"_s;
+    if (upperName.contains("COMP"_L1))
+        return upperName.contains("ALT"_L1) ? u"ALT_"_s : u"CMP_"_s;
+    if (upperName.contains("LIST"_L1))
+        return u"LCMP_"_s;
+    if (upperName.contains("RENT"_L1))
+        return u"RCMP_"_s;
+    if (upperName.contains("GEN"_L1))
+        return u"GN_"_s;
+    return {};
+}
+
+/// Opens the active report and leaves its forms list in Text.
+void OpenForSending(LinkDesk& desk)
+{
+    KelQueryActiveReports(desk.txtDDE);
+    const QString report = KelFirstToken(desk.txtDDE.Text());
+    KelOpenReport(desk.txtDDE, report);
+    KelListForms(desk.txtDDE, report);
+}
+
+void FillSlot(LinkDesk& desk, forms::PictureBox& slot, const QString& entry)
+{
+    const qsizetype bar = entry.indexOf(u'|');
+    const QString name = bar < 0 ? entry : entry.left(bar);
+    QString path = bar < 0 ? QString() : entry.mid(bar + 1);
+    if (path.endsWith(u';'))
+        path.chop(1);
+    const bool another = text::Folded(path) != text::Folded(desk.loader.Table().ErrGetPict(slot));
+    if (!text::Trim(path).isEmpty() && another)
+        LocateAndDisplay(desk, name, path);
+    else
+        desk.loader.geaClearImage(slot);
+}
+
+} // namespace
+
+QString ImageObjectName(const QString& controlName, int index)
+{
+    switch (index) {
+    case -1:
+        return u"MAP_LOCATION"_s;
+    case -2:
+        return u"MAP_GENERAL_1"_s;
+    case -3:
+        return u"FAX_SCAN_A"_s;
+    case -4:
+        return {};
+    default:
+        break;
+    }
+    const QString prefix = PrefixOf(controlName.toUpper());
+    return prefix.isEmpty() ? QString() : prefix + text::Dec(index) + u'_';
+}
+
+bool KelSendSlotPhoto(LinkDesk& desk, const forms::Control& control, const forms::PictureBox& slot, int index)
+{
+    return Reported(desk.ports.prompter, "KelSendSlotPhoto", [&] {
+        QString object = ImageObjectName(control.Name(), index);
+        OpenForSending(desk);
+        if (index >= 0)
+            object += KelPhotoSizeOfPage(desk.txtDDE.Text());
+        const QString path = text::Trim(desk.loader.Table().ErrGetPict(slot));
+        // A name with nothing before its extension is no picture.
+        const bool send =
+            !path.isEmpty() && !path.toUpper().contains("\\.JPG"_L1) && desk.disk.FileExists(path);
+        KelSendPhoto2Object(desk.txtDDE, object, send ? path : QString());
+        SendScriptIfThere(desk, u"refresh.bas"_s);
+    });
+}
+
+bool SendKelTheView(LinkDesk& desk, const forms::Control& control, forms::PictureBox& slot, int index,
+                    const QString& view)
+{
+    const int row = desk.lists.lstViews.IndexOf(view);
+    if (row < 0) {
+        desk.loader.geaClearImage(slot);
+    } else {
+        const QString& directory = desk.globals.G_PhotoDir;
+        const QString slash = directory.isEmpty() || directory.endsWith(u'\\') ? QString() : u"\\"_s;
+        desk.state.lastPicturePath =
+            directory + slash + text::Trim(desk.lists.lstimages.List(row)) + u".jpg"_s;
+        const bool loaded = Reported(desk.ports.prompter, "SendKelTheView",
+                                     [&] { desk.loader.ErrLoadThumb(slot, desk.state.lastPicturePath); });
+        if (!loaded)
+            return false;
+        desk.ports.window.AppActivate();
+        const bool sent = KelSendSlotPhoto(desk, control, slot, index);
+        desk.ports.window.AppActivate();
+        if (!sent)
+            return false;
+    }
+    return Reported(desk.ports.prompter, "SendKelTheView",
+                    [&] { SendScriptIfThere(desk, u"refresh.bas"_s); });
+}
+
+bool ClearSlotPhoto(LinkDesk& desk, forms::PictureBox& slot, bool ask)
+{
+    if (ask && !desk.ports.prompter.YesNo(desk.globals.productName, messages::kClearPhoto))
+        return false;
+    desk.loader.geaClearImage(slot);
+    return KelSendSlotPhoto(desk, slot, slot, slot.Index());
+}
+
+QString KelParseImages(const QString& images, const QString& key)
+{
+    const QString text = u';' + images;
+    const qsizetype found = text.toUpper().indexOf(u';' + key.toUpper());
+    if (found < 0)
+        return {};
+    const qsizetype end = text.indexOf(u';', found + 1);
+    if (end < 0)
+        throw RuntimeError(5, messages::kImagesCutOff.arg(text.mid(found + 1)));
+    return text.mid(found + 1, end - found - 1);
+}
+
+void SetPhotos(LinkDesk& desk, const QString& group)
+{
+    const QString wanted = text::Folded(group);
+    for (const SlotGroup& g : kGroups) {
+        if (wanted != g.group)
+            continue;
+        Reported(desk.ports.prompter, "SetPhotos", [&] {
+            const PictureArray& array = desk.slots.*g.array;
+            for (int i = 1; i <= array.Last(); ++i) {
+                const QString key = QString(g.prefix) + text::Dec(i) + u'_';
+                FillSlot(desk, array(i), KelParseImages(desk.addr.txtKelimages.Text(), key));
+            }
+        });
+    }
+}
+
+void LocateAndDisplay(LinkDesk& desk, const QString& name, const QString& path)
+{
+    const QString upper = name.toUpper();
+    if (upper.isEmpty() || upper == "MAP_LOCATION"_L1 || upper == "SUB_TITLE"_L1 ||
+        upper == "SKETCH_SUBJECT"_L1)
+        return;
+    const qint16 index = GetIndexValue(name);
+    if (index == -1 || !desk.disk.FileExists(path))
+        return;
+    for (const SlotGroup& g : kGroups)
+        if (upper.left(3) == g.letters)
+            desk.loader.ErrLoadThumb((desk.slots.*g.array)(index), path);
+}
+
+void ClearAllSlots(LinkDesk& desk)
+{
+    static constexpr PictureArray photos::SlotControls::*kOrder[] = {
+        &photos::SlotControls::imaSubject, &photos::SlotControls::imaComp,
+        &photos::SlotControls::imaAltComp, &photos::SlotControls::imaGeneral,
+        &photos::SlotControls::imaListing, &photos::SlotControls::imaRental};
+    for (const auto array : kOrder)
+        for (int i = 1; i <= (desk.slots.*array).Last(); ++i)
+            desk.loader.geaClearImage((desk.slots.*array)(i));
+}
+
+} // namespace vasclip::link

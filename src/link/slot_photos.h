@@ -1,0 +1,47 @@
+#pragma once
+
+#include "link/link_desk.h"
+
+namespace vasclip::link {
+
+/// Name of the report's image object for a slot, without the photo size.
+/// @param controlName  classes the slot, in any case
+/// @param index        1 and up; -1 the location map, -2 the general map, -3 the fax, -4 no object
+/// @return "" for a control of no group
+[[nodiscard]] QString ImageObjectName(const QString& controlName, int index);
+
+/// Sends a slot's file to the report, or clears the object if the slot holds no file that is there.
+/// @param control  its name classes the slot
+/// @return false if an exchange failed, which has been reported
+bool KelSendSlotPhoto(LinkDesk& desk, const forms::Control& control, const forms::PictureBox& slot,
+                      int index);
+
+/// Loads a stored view of the record in the photo lists into a slot and sends it. A record without that view
+/// empties the slot. "refresh.bas" runs twice, once inside the send: the forms program has always been asked
+/// so.
+/// @return false if an exchange failed, which has been reported
+bool SendKelTheView(LinkDesk& desk, const forms::Control& control, forms::PictureBox& slot, int index,
+                    const QString& view);
+
+/// Empties a slot and its object in the report. @param ask  asks first; @return false if the user said No or
+/// an exchange failed
+bool ClearSlotPhoto(LinkDesk& desk, forms::PictureBox& slot, bool ask);
+
+/// The entry of a key within the images list, without its semicolons; "" if it is not there. Names in any
+/// case.
+/// @throws RuntimeError 5 for an entry without its closing semicolon
+[[nodiscard]] QString KelParseImages(const QString& images, const QString& key);
+
+/// Fills a group's slots from the images list of frm_Addr. A slot that already shows the file the report
+/// names is emptied, so all slots are emptied before a refresh.
+/// @param group  SUB, CMP, ALT, GN, RCMP or LCMP
+void SetPhotos(LinkDesk& desk, const QString& group);
+
+/// Shows a picture file in the slot that an image object's name denotes. The report's maps and sketches, a
+/// name without an index and a file that is not there do nothing.
+void LocateAndDisplay(LinkDesk& desk, const QString& name, const QString& path);
+
+/// Empties the slots of all groups.
+void ClearAllSlots(LinkDesk& desk);
+
+} // namespace vasclip::link
