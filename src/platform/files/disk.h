@@ -14,10 +14,11 @@ enum Attribute : unsigned { Normal = 0, ReadOnly = 1, Hidden = 2, Directory = 16
 
 /// What stands behind the drive letters of one home.
 ///
-/// Everything above this room speaks of drive paths ("C:\VASSNAP\"), compared without regard to case. On Linux
-/// `C:` is `<home>/drive_c`, `Z:` is `/`, and `<home>/drives.ini` (section "DRIVES", "D"=directory) maps more.
-/// A name outside a mapped drive, or a `..` that leaves it, is refused with error 76 (error 68 for a drive that
-/// is not mapped, 71 for one whose directory is gone), error 52 for a name that no drive path can have.
+/// Everything above this room speaks of drive paths ("C:\VASSNAP\"), compared without regard to case. On
+/// Linux `C:` is `<home>/drive_c`, `Z:` is `/`, and `<home>/drives.ini` (section "DRIVES", "D"=directory)
+/// maps more. A name outside a mapped drive, or a `..` that leaves it, is refused with error 76 (error 68 for
+/// a drive that is not mapped, 71 for one whose directory is gone), error 52 for a name that no drive path
+/// can have.
 ///
 /// All paths of the operations are drive paths. Names are found without regard to case: an exact match wins,
 /// else the first match in sorted order.
@@ -40,8 +41,8 @@ public:
     [[nodiscard]] QList<std::pair<QChar, QString>> Drives() const;
 
     /// Names (not paths) in a directory that match the last part of `pattern` (`*` and `?`; "*.*" is all),
-    /// without regard to case, sorted without regard to case; with `Directory` also directories, but never "."
-    /// and "..". A directory that is not there gives an empty list.
+    /// without regard to case, sorted without regard to case; with `Directory` also directories, but never
+    /// "." and "..". A directory that is not there gives an empty list.
     [[nodiscard]] QStringList Dir(const QString& pattern, unsigned attributes = Normal) const;
     /// The `Dir` test: does at least one entry match? A path without wildcards is one look-up.
     [[nodiscard]] bool Found(const QString& pattern, unsigned attributes = Normal) const;
@@ -51,18 +52,19 @@ public:
     /// True if the directory is there. Never throws.
     [[nodiscard]] bool DirExists(const QString& path) const noexcept;
 
-    [[nodiscard]] qint64 FileLen(const QString& path) const;             ///< @throws 53
-    [[nodiscard]] QDateTime FileDateTime(const QString& path) const;     ///< local time; @throws 53
-    [[nodiscard]] unsigned GetAttr(const QString& path) const;           ///< Attribute bits; @throws 53
-    void SetAttr(const QString& path, unsigned attributes) const;        ///< @throws 53, 75
-    void Kill(const QString& pattern) const;                             ///< deletes files; @throws 53, 75
-    /// Copies with overwriting: to a new file beside the target, flushed, then renamed. @throws 53, 61, 70, 75, 76
+    [[nodiscard]] qint64 FileLen(const QString& path) const;         ///< @throws 53
+    [[nodiscard]] QDateTime FileDateTime(const QString& path) const; ///< local time; @throws 53
+    [[nodiscard]] unsigned GetAttr(const QString& path) const;       ///< Attribute bits; @throws 53
+    void SetAttr(const QString& path, unsigned attributes) const;    ///< @throws 53, 75
+    void Kill(const QString& pattern) const;                         ///< deletes files; @throws 53, 75
+    /// Copies with overwriting: to a new file beside the target, flushed, then renamed. @throws 53, 61, 70,
+    /// 75, 76
     void FileCopy(const QString& source, const QString& target) const;
-    void Name(const QString& from, const QString& to) const;             ///< renames; @throws 53, 58, 75
-    void MkDir(const QString& path) const;                               ///< one level; @throws 75, 76
-    void RmDir(const QString& path) const;                               ///< @throws 75, 76
+    void Name(const QString& from, const QString& to) const; ///< renames; @throws 53, 58, 75
+    void MkDir(const QString& path) const;                   ///< one level; @throws 75, 76
+    void RmDir(const QString& path) const;                   ///< @throws 75, 76
 
-    [[nodiscard]] QByteArray ReadWhole(const QString& path) const;       ///< @throws 53, 57, 75
+    [[nodiscard]] QByteArray ReadWhole(const QString& path) const; ///< @throws 53, 57, 75
     /// Replaces a file: new file, flush, rename, so that a reader sees the old or the new one whole.
     /// @throws 61 disk full, 70 permission denied, 75, 76; the old file is then untouched
     void WriteWhole(const QString& path, const QByteArray& content) const;

@@ -2,6 +2,10 @@
 
 #include "platform/files/disk.h"
 
+#include <QList>
+#include <QString>
+#include <QStringList>
+
 namespace vasclip::files {
 
 /// The profile-string calls on one ini file, named by its drive path.
@@ -19,10 +23,24 @@ namespace vasclip::files {
 [[nodiscard]] QStringList ProfileKeys(const Disk& disk, const QString& section, const QString& file);
 [[nodiscard]] QStringList ProfileSections(const Disk& disk, const QString& file);
 
-/// Writes one key; a null `value` (QString()) deletes the key, a null `key` the whole section. Every other line
-/// and comment stays as it is; the file is replaced as a whole, under a lock that other processes honour too.
+/// Writes one key; a null `value` (QString()) deletes the key, a null `key` the whole section. Every other
+/// line and comment stays as it is; the file is replaced as a whole, under a lock that other processes honour
+/// too.
 /// @return false if the file could not be written (it is then untouched)
 bool WritePrivateProfileString(const Disk& disk, const QString& section, const QString& key,
                                const QString& value, const QString& file);
+
+struct ProfileKey
+{
+    QString section;
+    QString key;   ///< null deletes the section
+    QString value; ///< null deletes the key
+};
+
+/// Writes many keys as one replacement of the file: all of them or, on a failure, none.
+/// @return false if the file could not be written, or a name or value could not be read back from its line (a
+/// line
+///         break in any of them, "=" in a key, "]" in a section)
+bool WriteProfileKeys(const Disk& disk, const QString& file, const QList<ProfileKey>& keys);
 
 } // namespace vasclip::files

@@ -1,0 +1,149 @@
+#include "platform/files/drive_path.h"
+
+#include "platform/text/runtime_error.h"
+
+#include <algorithm>
+
+namespace vasclip::files {
+
+namespace {
+
+constexpr qsizetype kLongestName = 255;
+
+/// A message holds a name of 300 characters only by its beginning.
+QString Shown(const QString& text)
+{
+    constexpr qsizetype kLongestShown = 120;
+    return text.size() <= kLongestShown ? text : text.left(kLongestShown) + QStringLiteral("...");
+}
+
+[[noreturn]] void RefuseName(const QString& path, const QString& reason)
+{
+    throw RuntimeError(error::kBadFileName,
+                       QStringLiteral("Bad file name or number: \"%1\" %2").arg(Shown(path), reason));
+}
+
+bool IsSeparator(QChar c)
+{
+    return c == u'\\' || c == u'/';
+}
+
+bool IsWildcard(QChar c)
+{
+    return c == u'*' || c == u'?';
+}
+
+bool IsForbidden(QChar c)
+{
+    return c.unicode() < 32 || QStringView(u"<>:\"|").contains(c);
+}
+
+/// The names that belong to devices in every directory, with any extension.
+bool IsDeviceName(const QString& name)
+{
+    const qsizetype dot = name.indexOf(u'.');
+    QString stem = (dot < 0 ? name : name.left(dot)).toUpper();
+    while (stem.endsWith(u' '))
+        stem.chop(1);
+    static const QStringList kDevices = {QStringLiteral("CON"), QStringLiteral("PRN"), QStringLiteral("AUX"),
+                                         QStringLiteral("NUL"), QStringLiteral("CLOCK$")};
+    if (kDevices.contains(stem))
+        return true;
+    return stem.size() == 4 &&
+           (stem.startsWith(QStringLiteral("COM")) || stem.startsWith(QStringLiteral("LPT"))) &&
+           stem[3] >= u'1' && stem[3] <= u'9';
+}
+
+QStringList Split(const QString& rest)
+{
+    QStringList parts;
+    qsizetype from = 0;
+    for (qsizetype at = 0; at <= rest.size(); ++at) {
+        if (at == rest.size() || IsSeparator(rest[at])) {
+            if (at > from)
+                parts.append(rest.mid(from, at - from));
+            from = at + 1;
+        }
+    }
+    return parts;
+}
+
+QString WithoutTail(QString part)
+{
+    while (part.endsWith(u'.') || part.endsWith(u' '))
+        part.chop(1);
+    return part;
+}
+
+} // namespace
+
+QString DrivePath::Text() const
+{
+    return drive + QStringLiteral(":\\") + parts.join(u'\\') +
+           (closed && !parts.isEmpty() ? QStringLiteral("\\") : QString());
+}
+
+bool IsPossibleName(const QString& name)
+{
+    return !name.isEmpty() && WithoutTail(name) == name && !IsDeviceName(name) &&
+           std::none_of(name.begin(), name.end(),
+                        [](QChar c) { return IsForbidden(c) || IsWildcard(c) || IsSeparator(c); });
+}
+
+DrivePath ParseDrivePath(const QString& path, Wildcards wildcards)
+{
+    if (path.trimmed().isEmpty())
+        RefuseName(path, QStringLiteral("is no path, it is empty"));
+    if (path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1]))
+        RefuseName(path, QStringLiteral("names a machine; give its share a drive letter in drives.ini"));
+    const QChar letter = path[0].toUpper();
+    if (path.size() < 2 || path[1] != u':' || letter < u'A' || letter > u'Z')
+        RefuseName(path, QStringLiteral("does not begin with a drive, such as C:\\"));
+
+    DrivePath result;
+    result.drive = letter;
+    const QString rest = path.mid(2);
+    result.closed = rest.isEmpty() || IsSeparator(rest.back());
+    const QStringList given = Split(rest);
+    for (qsizetype at = 0; at < given.size(); ++at) {
+        const QString& part = given[at];
+        if (part == QStringLiteral("."))
+            continue;
+        if (part == QStringLiteral("..")) {
+            if (result.parts.isEmpty())
+                throw RuntimeError(
+                    error::kPathNotFound,
+                    QStringLiteral("Path not found: \"%1\" leaves its drive").arg(Shown(path)));
+            result.parts.removeLast();
+            continue;
+        }
+        if (part.size() > kLongestName)
+            throw RuntimeError(
+                error::kPathNotFound,
+                QStringLiteral(
+                    "Path not found: a name in \"%1\" has %2 characters, and a disk holds %3 at most")
+                    .arg(Shown(path))
+                    .arg(part.size())
+                    .arg(kLongestName));
+        const bool last = at == given.size() - 1 && !result.closed;
+        const bool pattern = std::any_of(part.begin(), part.end(), IsWildcard);
+        if (pattern && (wildcards == Wildcards::Refused || !last))
+            RefuseName(path, wildcards == Wildcards::Refused
+                                 ? QStringLiteral("holds * or ?, and one name is wanted")
+                                 : QStringLiteral("holds * or ? in a directory's name"));
+        const auto forbidden = std::find_if(part.begin(), part.end(), IsForbidden);
+        if (forbidden != part.end())
+            RefuseName(path, forbidden->unicode() < 32
+                                 ? QStringLiteral("holds a control character")
+                                 : QStringLiteral("holds the character %1").arg(*forbidden));
+        if (IsDeviceName(part))
+            RefuseName(path, QStringLiteral("holds the name of a device"));
+        const QString name = pattern ? part : WithoutTail(part);
+        if (name.isEmpty())
+            RefuseName(path, QStringLiteral("holds a name of dots and blanks alone"));
+        result.parts.append(name);
+    }
+    return result;
+}
+
+} // namespace vasclip::files

@@ -1,0 +1,38 @@
+#include "platform/files/drives.h"
+
+#include "platform/files/ini_text.h"
+#include "platform/files/native.h"
+
+#include <QDir>
+
+#include <algorithm>
+
+namespace vasclip::files {
+
+QList<std::pair<QChar, QString>> ReadDrives(const QString& home)
+{
+    QList<std::pair<QChar, QString>> drives = native::OwnDrives(home);
+    const auto isMapped = [&drives](QChar letter) {
+        return std::any_of(drives.cbegin(), drives.cend(),
+                           [&](const auto& drive) { return drive.first == letter; });
+    };
+
+    QByteArray content;
+    if (native::ReadAll(home + QStringLiteral("/drives.ini"), content) == native::Failure::None) {
+        const IniText ini(content);
+        const QString section = QStringLiteral("DRIVES");
+        for (const QString& key : ini.Keys(section)) {
+            const QChar letter = key.isEmpty() ? QChar() : key[0].toUpper();
+            const bool isLetter = letter >= u'A' && letter <= u'Z' && (key.size() == 1 || key.mid(1) == u":");
+            const QString directory = ini.Value(section, key).value_or(QString());
+            if (isLetter && !directory.isEmpty() && !isMapped(letter))
+                drives.append({letter, QDir::cleanPath(QDir(home).absoluteFilePath(directory))});
+        }
+    }
+    std::sort(drives.begin(), drives.end(), [](const auto& a, const auto& b) {
+        return a.first != b.first && (a.first == u'C' || (b.first != u'C' && a.first < b.first));
+    });
+    return drives;
+}
+
+} // namespace vasclip::files

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <QByteArray>
+#include <QChar>
+#include <QList>
+#include <QString>
+
+#include <utility>
+
+/// The system's own file calls, on native paths with "/" between the parts. Nothing here throws: a call
+/// answers why it failed, and `failures.h` gives that its number. One source file for each system stands
+/// behind this header.
+namespace vasclip::files::native {
+
+enum class Failure {
+    None,
+    NotFound,      ///< the name, or a directory on the way to it
+    NotADirectory, ///< a file stands where a directory should
+    IsADirectory,
+    Exists,
+    NotEmpty,
+    Denied,
+    ReadOnlyDisk,
+    Full,
+    Busy,
+    Io,
+    NoDevice,
+    NameTooLong,
+    OtherDisk, ///< a rename from one disk to another
+    TooManyFiles,
+    Other,
+};
+
+/// What the system knows of a name; links are followed.
+struct Info
+{
+    bool directory = false;
+    bool readOnly = false; ///< by its attribute, whoever asks
+    qint64 size = 0;
+    qint64 modifiedNs = 0; ///< since 1970, UTC
+    qint64 changedNs = 0;
+    quint64 device = 0;
+    quint64 inode = 0;
+
+    [[nodiscard]] bool SameFile(const Info& other) const
+    {
+        return device == other.device && inode == other.inode;
+    }
+};
+
+struct Entry
+{
+    QString name;
+    bool directory = false;
+};
+
+[[nodiscard]] Failure Inspect(const QString& path, Info& info);
+/// Names without "." and "..", and without those that no text can hold.
+[[nodiscard]] Failure List(const QString& directory, QList<Entry>& entries);
+/// The clock that stamps changes of directories, as coarse as it is.
+[[nodiscard]] qint64 StampClockNs();
+
+[[nodiscard]] Failure ReadAll(const QString& path, QByteArray& content);
+/// A new file beside the target, flushed, renamed over it; then the directory is flushed. An existing target
+/// keeps its permissions. On a failure the new file is gone and the target is as it was.
+[[nodiscard]] Failure Replace(const QString& path, const QByteArray& content);
+/// Likewise with another file's content, time and attributes.
+[[nodiscard]] Failure Copy(const QString& source, const QString& target);
+/// Never replaces, unless `onto` is the same file under a spelling of its own.
+[[nodiscard]] Failure Rename(const QString& from, const QString& onto, bool sameFile);
+[[nodiscard]] Failure Remove(const QString& path);
+[[nodiscard]] Failure MakeDirectory(const QString& path);
+[[nodiscard]] Failure RemoveDirectory(const QString& path);
+[[nodiscard]] Failure SetReadOnly(const QString& path, bool readOnly);
+[[nodiscard]] bool IsHidden(const QString& path);
+/// Does nothing where the disk cannot keep the mark.
+void SetHidden(const QString& path, bool hidden);
+
+/// The drives that every home has, with their native directories.
+[[nodiscard]] QList<std::pair<QChar, QString>> OwnDrives(const QString& home);
+
+/// Files that this room keeps for itself begin so, and no listing shows them.
+inline constexpr char16_t kOwnPrefix[] = u".vasclip-";
+
+} // namespace vasclip::files::native
