@@ -1,5 +1,7 @@
 #include "forms/controls.h"
 
+#include "platform/text/text.h"
+
 #include <algorithm>
 
 namespace vasclip::forms {
@@ -9,18 +11,6 @@ namespace {
 [[noreturn]] void BadIndex(const QString& name, int index)
 {
     throw RuntimeError(5, QStringLiteral("%1: the list has no line %2").arg(name).arg(index));
-}
-
-/// Blanks only: `trimmed()` would make lines equal that differ in a tab or a line end.
-QString FoldedLine(const QString& text)
-{
-    qsizetype first = 0;
-    qsizetype last = text.size();
-    while (first < last && text[first] == u' ')
-        ++first;
-    while (last > first && text[last - 1] == u' ')
-        --last;
-    return text.mid(first, last - first).toUpper();
 }
 
 MenuEntry* EntryIn(QList<MenuEntry>& entries, int index)
@@ -206,9 +196,9 @@ void ListBox::SetListIndex(int index)
 
 int ListBox::IndexOf(const QString& text) const
 {
-    const QString wanted = FoldedLine(text);
+    const QString wanted = text::Folded(text);
     for (int i = 0; i < ListCount(); ++i) {
-        if (FoldedLine(m_items[i]) == wanted)
+        if (text::Folded(m_items[i]) == wanted)
             return i;
     }
     return -1;

@@ -46,7 +46,7 @@ TEST(SettingsTable, NamesNoKeyTwice)
         EXPECT_FALSE(seen.contains(RowName(row))) << RowName(row).toStdString();
         seen << RowName(row);
     }
-    EXPECT_EQ(seen.size(), 62);
+    EXPECT_EQ(seen.size(), 64);
 }
 
 TEST(SettingsTable, EveryReadingRuleSuitsItsTarget)
@@ -79,6 +79,35 @@ TEST(SettingsTable, FillsNoGlobalTwice)
             EXPECT_FALSE(rows[i].target == rows[j].target)
                 << RowName(rows[i]).toStdString() << " and " << RowName(rows[j]).toStdString();
     }
+}
+
+QStringList KeysWrittenBy(WrittenBy writer)
+{
+    QStringList keys;
+    for (const SettingRow& row : Settings()) {
+        if (row.writtenBy & writer)
+            keys << QString(row.key);
+    }
+    keys.sort();
+    return keys;
+}
+
+TEST(SettingsTable, KnowsWhoWritesAKey)
+{
+    QStringList screen =
+        u"APPDIR,USERDIR,CAPTUREDIR,PHOTODIR,DATADIR,ARCHIVEDIR,EXPORTDIR,IMPORTDIR,FLOPPY,ROM,READER,"
+        "AUTOSAVE,WRITEPROTECTPHOTOS,TRASHCAN,AUTODELETE,IMAGEFILENAMES,IMAGELISTBOX,"
+        "PREVIEWCOPYPICS,REDUX,RESOLX,RESOLY,QUALITY,PICDELAY,ADDRESSCASE,CAPS,SHARE,LOCKADDR,"
+        "SORTGRID,IGNOREPENDING,IGNOREZIPCODES,TRANSPARENT,MAPQUALITY,MAPCASE,MAPDIR,MAPFILE,"
+        "ARROWCOLOR,TABMASK,IMAGE TYPE,USESUBJCSZ,CONTRAST,BRIGHTNESS,MAPDETAIL"_s.split(u',');
+    QStringList exit =
+        u"IMAGEFILENAMES,IMAGELISTBOX,RADIUS,FREEZE,LABELSTREETS,MAPDETAIL,PREVIEWCOPYPICS,SORTGRID,"
+        "IGNOREPENDING,LASTCOPY,CAPTUREDIR"_s.split(u',');
+    screen.sort();
+    exit.sort();
+    EXPECT_EQ(KeysWrittenBy(SettingsScreen), screen);
+    EXPECT_EQ(KeysWrittenBy(AtExit), exit);
+    EXPECT_EQ(KeysWrittenBy(AttachCity), QStringList{u"USESUBJCSZ"_s});
 }
 
 TEST(SettingsTable, EveryDefaultIsAValueThatCanBeSet)

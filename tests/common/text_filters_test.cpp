@@ -46,8 +46,7 @@ TEST(PadLeft, PadsAndCutsOnTheLeft)
 TEST(IsNumericChar, KnowsDigitsAndTheHyphen)
 {
     for (int code = 1; code < 256; ++code)
-        EXPECT_EQ(IsNumericChar(QString(QChar(code))), (code >= '0' && code <= '9') || code == '-')
-            << code;
+        EXPECT_EQ(IsNumericChar(QString(QChar(code))), (code >= '0' && code <= '9') || code == '-') << code;
     EXPECT_FALSE(IsNumericChar(QString()));
     EXPECT_FALSE(IsNumericChar(u" "_s));
 }
