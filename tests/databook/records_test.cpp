@@ -1,0 +1,234 @@
+#include "databook/records.h"
+
+#include "platform/text/runtime_error.h"
+#include "support/databook_home.h"
+
+using namespace Qt::Literals::StringLiterals;
+using namespace vasclip;
+using databook::RecordOutcome;
+
+namespace {
+
+class Records : public tests::DatabookHome
+{
+protected:
+    store::DataSource source{engine, u"datDatabook"_s};
+    void SetUp() override
+    {
+        DatabookHome::SetUp();
+        AddComps({u"12 MAIN ST"_s, u"7 OAK AVE"_s});
+        Bind(source);
+    }
+    databook::RecordResult Add(const QString& address, QChar type = u'F', int addressCase = 2)
+    {
+        return databook::AddRecord(ports, source, address, type, addressCase);
+    }
+    [[nodiscard]] QString Raw(const QString& field) { return source.Recordset().Value(field).toString(); }
+    /// The keys that a fresh look at the file finds.
+    [[nodiscard]] QStringList Keys()
+    {
+        const auto rows =
+            engine.OpenDatabase(path)->OpenRecordset(u"SELECT COMPS.CENTRALKEY FROM COMPS ORDER BY "
+                                                     u"COMPS.CENTRALKEY"_s,
+                                                     engine::RecordsetType::Dynaset);
+        QStringList keys;
+        for (; !rows->Eof(); rows->MoveNext())
+            keys.append(rows->Value(0).toString().trimmed());
+        return keys;
+    }
+    const QStringList unchanged{u"12 MAIN ST"_s, u"7 OAK AVE"_s};
+};
+
+TEST_F(Records, ANewCompIsAPendingSaleLoadedToday)
+{
+    const databook::RecordResult added = Add(u"  1 New rd "_s, u's');
+    EXPECT_TRUE(added) << added.message.toStdString();
+    EXPECT_EQ(Raw(key), u"1 NEW RD"_s.leftJustified(35));
+    EXPECT_EQ(Raw(u"ADDRESS"_s), u"1 New rd"_s.leftJustified(35));
+    EXPECT_EQ(Raw(u"APPRSLTYPE"_s), u"S"_s);
+    EXPECT_EQ(Raw(u"LOADDATE"_s), u"5/17/2024"_s);
+    EXPECT_EQ(Raw(u"LOADSERIAL"_s), u" 45429"_s);
+    EXPECT_EQ(Raw(u"SALEDATE"_s), u"01/01/1900"_s);
+    EXPECT_EQ(Raw(u"SALESERIAL"_s), u" 2"_s);
+    EXPECT_EQ(source.Recordset().CurrentEditMode(), engine::EditMode::None);
+    EXPECT_EQ(Keys(), (QStringList{u"1 NEW RD"_s, u"12 MAIN ST"_s, u"7 OAK AVE"_s}));
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(Records, TheAddressTakesTheCaseOfTheSetting)
+{
+    struct Row
+    {
+        int addressCase;
+        QString typed, stored;
+    };
+    int number = 100;
+    for (const Row& row : {Row{0, u" 12th mAin"_s, u" 12TH MAIN"_s}, Row{1, u" 12th mAin"_s, u" 12Th Main"_s},
+                           Row{2, u" 12th mAin"_s, u" 12th mAin"_s}}) {
+        const QString house = QString::number(++number);
+        ASSERT_TRUE(Add(house + row.typed, u'F', row.addressCase));
+        EXPECT_EQ(Raw(u"ADDRESS"_s), (house + row.stored).leftJustified(35));
+        EXPECT_EQ(Raw(key), (house + u" 12TH MAIN"_s).leftJustified(35));
+    }
+}
+
+TEST_F(Records, WhatIsRefusedChangesNothing)
+{
+    struct Row
+    {
+        const char* name;
+        QString address;
+        QChar type;
+        RecordOutcome outcome;
+        QString message;
+    };
+    const QString longAddress = QString(300, u'X');
+    for (const Row& row : {
+             Row{"blank", u"  "_s, u'F', RecordOutcome::Blank, u"Please Enter An Address"_s},
+             Row{"nothing but signs", u"---"_s, u'F', RecordOutcome::Blank, u"Please Enter An Address"_s},
+             Row{"there already", u"12 main st"_s, u'F', RecordOutcome::Duplicate,
+                 u"The address 12 main st already exists.  Try again."_s},
+             Row{"unknown type", u"1 NEW RD"_s, u'Z', RecordOutcome::UnknownType,
+                 u"\"Z\" is no comp type. The types are F, C, S, R, L and M."_s},
+             Row{"no type", u"1 NEW RD"_s, QChar(), RecordOutcome::UnknownType, QString()},
+             Row{"300 characters", longAddress, u'F', RecordOutcome::TooLong,
+                 u"The address "_s + longAddress +
+                     u" has 300 characters; the Databook holds at most 35. Shorten it and try again."_s},
+         }) {
+        const databook::RecordResult result = Add(row.address, row.type);
+        EXPECT_EQ(result.outcome, row.outcome) << row.name;
+        if (!row.message.isEmpty()) {
+            EXPECT_EQ(result.message, row.message) << row.name;
+        }
+        EXPECT_EQ(Keys(), unchanged) << row.name;
+    }
+}
+
+TEST_F(Records, AddressesOfAllKindsAreFoundAgain)
+{
+    for (const QString& address : {u"3 O'Brien's Rd"_s, u"4 École Wäy"_s, u"5 \"Quoted\" Ln; DROP TABLE"_s,
+                                   QString(35, u'Y'), u"x"_s}) {
+        const databook::RecordResult added = Add(address, u' ');
+        EXPECT_TRUE(added) << added.message.toStdString();
+        EXPECT_EQ(Raw(u"ADDRESS"_s), address.leftJustified(35));
+        EXPECT_EQ(Raw(u"APPRSLTYPE"_s), u" "_s);
+    }
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(Records, ACompThatSomebodyElseAddsFirstIsReportedAsThere)
+{
+    engine::Engine othersEngine(disk);
+    store::DataSource other(othersEngine, u"datDatabook"_s);
+    store::Connect2mdb(ports, other, path, table, engine::RecordsetType::Table);
+    // The other user is quicker: between the look and the write.
+    bool done = false;
+    doubles.pump.onTurn = [&] {
+        if (done)
+            return;
+        done = true;
+        (void)databook::AddRecord(ports, other, u"1 NEW RD"_s, u'F', 2);
+    };
+    const databook::RecordResult result = Add(u"1 NEW RD"_s);
+    EXPECT_EQ(result.outcome, RecordOutcome::Duplicate);
+    EXPECT_EQ(source.Recordset().CurrentEditMode(), engine::EditMode::None);
+    EXPECT_EQ(Keys(), (QStringList{u"1 NEW RD"_s, u"12 MAIN ST"_s, u"7 OAK AVE"_s}));
+}
+
+TEST_F(Records, DeletesOneRecord)
+{
+    EXPECT_TRUE(databook::DeleteRecord(ports, source, u" 12 main st"_s));
+    EXPECT_EQ(Keys(), QStringList{u"7 OAK AVE"_s});
+    const databook::RecordResult again = databook::DeleteRecord(ports, source, u"12 main st"_s);
+    EXPECT_EQ(again.outcome, RecordOutcome::NotFound);
+    EXPECT_EQ(again.message, u"The address 12 main st is not in the Databook."_s);
+    EXPECT_EQ(databook::DeleteRecord(ports, source, u" "_s).outcome, RecordOutcome::Blank);
+    EXPECT_EQ(Keys(), QStringList{u"7 OAK AVE"_s});
+}
+
+class CopyAndRename : public Records
+{
+protected:
+    void SetUp() override
+    {
+        Records::SetUp();
+        ASSERT_TRUE(store::FindRecord(ports, source, u"12 MAIN ST"_s, key));
+        source.Recordset().Edit();
+        for (const auto& [field, value] : {std::pair{u"CITY"_s, u"Elm Grove"_s},
+                                           {u"GLA"_s, u"1999"_s},
+                                           {u"FRONT"_s, u"1"_s},
+                                           {u"PHOTOS"_s, u"FRONT VIEW|ABCDEFGH\r\n"_s},
+                                           {u"NOTES"_s, u"corner lot"_s}})
+            store::SetFieldData(source, value, field);
+        source.Recordset().AppendChunk(u"FRONTPHOTO"_s, QByteArray("jpeg bytes"));
+        source.Recordset().Update();
+    }
+};
+
+TEST_F(CopyAndRename, ACopyHasEverythingButKeyAddressAndPhotos)
+{
+    const databook::RecordResult copied =
+        databook::CopyRecord(ports, source, u"12 main st"_s, u" 14 Main St "_s);
+    EXPECT_TRUE(copied) << copied.message.toStdString();
+    EXPECT_EQ(Raw(key), u"14 MAIN ST"_s.leftJustified(35));
+    EXPECT_EQ(Raw(u"ADDRESS"_s), u"14 Main St"_s.leftJustified(35));
+    EXPECT_EQ(Raw(u"CITY"_s), u"Elm Grove"_s);
+    EXPECT_EQ(Raw(u"GLA"_s), u"1999"_s);
+    EXPECT_EQ(Raw(u"NOTES"_s), u"corner lot"_s);
+    EXPECT_EQ(Raw(u"FRONT"_s), u" "_s);
+    EXPECT_EQ(Raw(u"PHOTOS"_s), u" "_s);
+    EXPECT_FALSE(source.Recordset().Value(u"FRONTPHOTO"_s).isValid());
+    EXPECT_FALSE(source.Recordset().Value(u"COUNTY"_s).isValid()) << "Null stays Null";
+    ASSERT_TRUE(store::FindRecord(ports, source, u"12 MAIN ST"_s, key));
+    EXPECT_EQ(Raw(u"PHOTOS"_s), u"FRONT VIEW|ABCDEFGH\r\n"_s) << "the original keeps its photos";
+}
+
+TEST_F(CopyAndRename, ARenamedCompKeepsItsPhotos)
+{
+    const databook::RecordResult renamed =
+        databook::RenameRecord(ports, source, u"12 main st"_s, u"14 Main St"_s);
+    EXPECT_TRUE(renamed) << renamed.message.toStdString();
+    EXPECT_EQ(Raw(key), u"14 MAIN ST"_s.leftJustified(35));
+    EXPECT_EQ(Raw(u"ADDRESS"_s), u"14 Main St"_s.leftJustified(35));
+    EXPECT_EQ(Raw(u"PHOTOS"_s), u"FRONT VIEW|ABCDEFGH\r\n"_s);
+    EXPECT_EQ(Raw(u"FRONT"_s), u"1"_s);
+    EXPECT_EQ(Keys(), (QStringList{u"14 MAIN ST"_s, u"7 OAK AVE"_s}));
+}
+
+TEST_F(CopyAndRename, BothRefuseTheSameThings)
+{
+    struct Row
+    {
+        const char* name;
+        QString from, to;
+        RecordOutcome outcome;
+        QString message;
+    };
+    const QString longAddress = QString(36, u'X');
+    for (const Row& row : {
+             Row{"itself in another case", u"12 MAIN ST"_s, u" 12 Main St "_s, RecordOutcome::Itself,
+                 u"Address cannot be renamed to itself."_s},
+             Row{"blank", u"12 MAIN ST"_s, u"  "_s, RecordOutcome::Blank, u"Please enter a valid address."_s},
+             Row{"nothing but signs", u"12 MAIN ST"_s, u"#"_s, RecordOutcome::Blank,
+                 u"Please enter a valid address."_s},
+             Row{"no address to begin with", u" "_s, u"14 MAIN ST"_s, RecordOutcome::Blank,
+                 u"Please Enter An Address"_s},
+             Row{"there already", u"12 MAIN ST"_s, u"7 Oak Ave"_s, RecordOutcome::Duplicate,
+                 u"The address 7 Oak Ave already exists.  Try again."_s},
+             Row{"not there", u"99 NOWHERE"_s, u"14 MAIN ST"_s, RecordOutcome::NotFound,
+                 u"The address 99 NOWHERE is not in the Databook."_s},
+             Row{"too long", u"12 MAIN ST"_s, longAddress, RecordOutcome::TooLong,
+                 u"The address "_s + longAddress +
+                     u" has 36 characters; the Databook holds at most 35. Shorten it and try again."_s},
+         }) {
+        const databook::RecordResult copied = databook::CopyRecord(ports, source, row.from, row.to);
+        EXPECT_EQ(copied.outcome, row.outcome) << row.name;
+        EXPECT_EQ(copied.message, row.message) << row.name;
+        const databook::RecordResult renamed = databook::RenameRecord(ports, source, row.from, row.to);
+        EXPECT_EQ(renamed.outcome, row.outcome) << row.name;
+        EXPECT_EQ(renamed.message, row.message) << row.name;
+        EXPECT_EQ(Keys(), unchanged) << row.name;
+    }
+}
+
+} // namespace
