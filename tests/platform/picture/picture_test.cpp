@@ -1,0 +1,266 @@
+#include "platform/picture/picture.h"
+
+#include "platform/picture/whole.h"
+#include "platform/text/runtime_error.h"
+#include "support/temp_home.h"
+
+#include <gtest/gtest.h>
+
+#include <QBuffer>
+#include <QColor>
+#include <QFile>
+#include <QtEndian>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace vasclip::picture {
+namespace {
+
+/// A red left half and a blue right half.
+QImage Halves(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x)
+            image.setPixelColor(x, y, x < width / 2 ? Qt::red : Qt::blue);
+    }
+    return image;
+}
+
+QByteArray Encoded(const QImage& image, const char* format)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    EXPECT_TRUE(image.save(&buffer, format));
+    return bytes;
+}
+
+/// A JPEG with an orientation tag: the marker segment goes behind the start of the image.
+QByteArray Oriented(const QByteArray& jpeg, char orientation)
+{
+    QByteArray exif("Exif\0\0MM\0\x2A\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0", 25);
+    exif.append(orientation);
+    exif.append(QByteArray(6, '\0'));
+    QByteArray segment("\xFF\xE1", 2);
+    const auto length = static_cast<quint16>(exif.size() + 2);
+    segment.append(static_cast<char>(length >> 8));
+    segment.append(static_cast<char>(length & 0xFF));
+    QByteArray result = jpeg;
+    return result.insert(2, segment + exif);
+}
+
+int NumberOf(const std::function<void()>& step, QString* description = nullptr)
+{
+    try {
+        step();
+    } catch (const RuntimeError& failure) {
+        if (description)
+            *description = failure.Description();
+        return failure.Number();
+    }
+    return 0;
+}
+
+bool IsReddish(QColor colour)
+{
+    return colour.red() > 200 && colour.blue() < 60;
+}
+
+struct PictureTest : testing::Test
+{
+    tests::TempHome home;
+};
+
+TEST_F(PictureTest, ContentDecidesTheFormat)
+{
+    const QImage image = Halves(40, 20);
+    for (const char* format : {"JPG", "PNG", "BMP", "PPM"}) {
+        home.Put(u"C:\\SNAP\\A.JPG"_s, Encoded(image, format));
+        const QImage read = Load(home.disk, u"c:\\snap\\a.jpg"_s);
+        EXPECT_EQ(read.size(), QSize(40, 20)) << format;
+        EXPECT_TRUE(IsReddish(read.pixelColor(5, 10))) << format;
+        EXPECT_FALSE(IsReddish(read.pixelColor(35, 10))) << format;
+        EXPECT_EQ(PictureSize(home.disk, u"C:\\SNAP\\A.JPG"_s), QSize(40, 20)) << format;
+    }
+}
+
+TEST_F(PictureTest, LargePicturesComeOutScaledSmallOnesDoNot)
+{
+    const QByteArray wide = Encoded(Halves(1000, 400), "JPG");
+    EXPECT_EQ(FromBytes(wide, u"a"_s, 480).size(), QSize(480, 192));
+    EXPECT_EQ(FromBytes(wide, u"a"_s, 1000).size(), QSize(1000, 400));
+    EXPECT_EQ(FromBytes(wide, u"a"_s, 2000).size(), QSize(1000, 400));
+    EXPECT_EQ(FromBytes(wide, u"a"_s).size(), QSize(1000, 400));
+    EXPECT_EQ(FromBytes(Encoded(Halves(400, 1000), "PNG"), u"a"_s, 100).size(), QSize(40, 100));
+    EXPECT_EQ(FromBytes(Encoded(Halves(2000, 2), "PNG"), u"a"_s, 100).size(), QSize(100, 1));
+    EXPECT_TRUE(IsReddish(FromBytes(wide, u"a"_s, 100).pixelColor(10, 20)));
+}
+
+TEST_F(PictureTest, OrientationIsApplied)
+{
+    const QByteArray jpeg = Encoded(Halves(64, 32), "JPG");
+    home.Put(u"C:\\A.JPG"_s, Oriented(jpeg, 6)); // to be turned clockwise: left becomes top
+    const QImage turned = Load(home.disk, u"C:\\A.JPG"_s);
+    EXPECT_EQ(turned.size(), QSize(32, 64));
+    EXPECT_TRUE(IsReddish(turned.pixelColor(16, 8)));
+    EXPECT_FALSE(IsReddish(turned.pixelColor(16, 56)));
+    EXPECT_EQ(PictureSize(home.disk, u"C:\\A.JPG"_s), QSize(32, 64));
+    EXPECT_EQ(Load(home.disk, u"C:\\A.JPG"_s, 16).size(), QSize(8, 16));
+    home.Put(u"C:\\A.JPG"_s, Oriented(jpeg, 3));
+    EXPECT_FALSE(IsReddish(Load(home.disk, u"C:\\A.JPG"_s).pixelColor(5, 16)));
+    EXPECT_EQ(PictureSize(home.disk, u"C:\\A.JPG"_s), QSize(64, 32));
+    home.Put(u"C:\\A.JPG"_s, Oriented(jpeg, 77)); // no such orientation
+    EXPECT_TRUE(IsReddish(Load(home.disk, u"C:\\A.JPG"_s).pixelColor(5, 16)));
+}
+
+TEST_F(PictureTest, ErrorsNameTheFile)
+{
+    QString text;
+    EXPECT_EQ(NumberOf([&] { (void)Load(home.disk, u"C:\\NONE.JPG"_s); }), error::kFileNotFound);
+    EXPECT_EQ(NumberOf([&] { (void)PictureSize(home.disk, u"C:\\NONE.JPG"_s); }), error::kFileNotFound);
+    EXPECT_EQ(NumberOf([&] { (void)Load(home.disk, u"  "_s); }), error::kBadFileName);
+    EXPECT_EQ(NumberOf([&] { (void)PictureSize(home.disk, QString()); }), error::kBadFileName);
+    EXPECT_EQ(NumberOf([&] { SaveJpeg(home.disk, Halves(2, 2), QString(), 90); }), error::kBadFileName);
+    home.Put(u"C:\\TEXT.JPG"_s, "this is no picture");
+    EXPECT_EQ(NumberOf([&] { (void)Load(home.disk, u"C:\\TEXT.JPG"_s); }, &text), error::kCorruptPicture);
+    EXPECT_TRUE(text.contains(u"C:\\TEXT.JPG"_s)) << text.toStdString();
+    EXPECT_EQ(NumberOf([&] { (void)PictureSize(home.disk, u"C:\\TEXT.JPG"_s); }), error::kCorruptPicture);
+    home.Put(u"C:\\EMPTY.JPG"_s, QByteArray());
+    EXPECT_EQ(NumberOf([&] { (void)Load(home.disk, u"C:\\EMPTY.JPG"_s); }), error::kCorruptPicture);
+    EXPECT_EQ(NumberOf([&] { (void)PictureSize(home.disk, u"C:\\EMPTY.JPG"_s); }), error::kCorruptPicture);
+}
+
+TEST_F(PictureTest, ADrawingIsNoPicture)
+{
+    const QByteArray svg =
+        "<?xml version='1.0'?><svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>";
+    EXPECT_EQ(NumberOf([&] { (void)FromBytes(svg, u"a"_s); }), error::kCorruptPicture);
+}
+
+TEST_F(PictureTest, CutShortAnywhereIsAnError)
+{
+    for (const char* format : {"JPG", "PNG", "BMP"}) {
+        const QByteArray whole = Encoded(Halves(60, 40), format);
+        EXPECT_EQ(NumberOf([&] { (void)FromBytes(whole, u"a"_s); }), 0) << format;
+        for (int tenths = 0; tenths < 10; ++tenths) {
+            const QByteArray cut = whole.left(whole.size() * tenths / 10);
+            EXPECT_EQ(NumberOf([&] { (void)FromBytes(cut, u"a"_s); }), error::kCorruptPicture)
+                << format << " at " << tenths << " tenths";
+        }
+    }
+}
+
+TEST_F(PictureTest, FlippedBytesCostAnErrorAtMost)
+{
+    for (const char* format : {"JPG", "PNG", "BMP", "PPM"}) {
+        const QByteArray whole = Encoded(Halves(60, 40), format);
+        for (qsizetype at = 0; at < whole.size(); at += 3) {
+            QByteArray damaged = whole;
+            damaged[at] = static_cast<char>(~damaged[at]);
+            QImage read;
+            const int number = NumberOf([&] {
+                read = FromBytes(damaged, u"a"_s, 0, {1'000'000, 1'000'000});
+            });
+            EXPECT_TRUE(number == error::kCorruptPicture || (number == 0 && !read.isNull()))
+                << format << " at " << at;
+        }
+    }
+}
+
+TEST_F(PictureTest, LimitsAreCheckedBeforeAnythingIsAllocated)
+{
+    QByteArray bomb = Encoded(Halves(2, 2), "BMP");
+    qToLittleEndian<qint32>(15'000, bomb.data() + 18);
+    qToLittleEndian<qint32>(15'000, bomb.data() + 22);
+    QString text;
+    EXPECT_EQ(NumberOf([&] { (void)FromBytes(bomb, u"BOMB.BMP"_s); }, &text), error::kCorruptPicture);
+    EXPECT_TRUE(text.contains(u"15000 by 15000"_s)) << text.toStdString();
+    const QByteArray jpeg = Encoded(Halves(100, 100), "JPG");
+    EXPECT_EQ(NumberOf([&] {
+                  (void)FromBytes(jpeg, u"a"_s, 0, {9'999, 1'000'000});
+              }),
+              error::kCorruptPicture);
+    EXPECT_EQ(NumberOf([&] { (void)FromBytes(jpeg, u"a"_s, 0, {10'000, 1'000'000}); }), 0);
+    home.Put(u"C:\\A.JPG"_s, jpeg);
+    EXPECT_EQ(NumberOf([&] {
+                  (void)Load(home.disk, u"C:\\A.JPG"_s, 0, {10'000, jpeg.size() - 1});
+              }),
+              error::kCorruptPicture);
+    EXPECT_EQ(NumberOf([&] { (void)Load(home.disk, u"C:\\A.JPG"_s, 0, {10'000, jpeg.size()}); }), 0);
+}
+
+TEST_F(PictureTest, APictureOfFiftyMillionPixelsIsFine)
+{
+    const QByteArray large = Encoded(QImage(8200, 6200, QImage::Format_Grayscale8), "JPG");
+    EXPECT_EQ(FromBytes(large, u"a"_s, 480).size(), QSize(480, 362));
+}
+
+TEST_F(PictureTest, SavesAsJpegInThePlaceOfAnOlderFile)
+{
+    home.Put(u"C:\\PHOTOS\\OLD.JPG"_s, "older");
+    SaveJpeg(home.disk, Halves(200, 100), u"C:\\PHOTOS\\OLD.JPG"_s, 90);
+    EXPECT_EQ(home.disk.Dir(u"C:\\PHOTOS\\*.*"_s), QStringList{u"OLD.JPG"_s});
+    EXPECT_TRUE(IsJpeg(home.disk.ReadWhole(u"C:\\PHOTOS\\OLD.JPG"_s)));
+    EXPECT_EQ(PictureSize(home.disk, u"C:\\PHOTOS\\OLD.JPG"_s), QSize(200, 100));
+    EXPECT_NE(NumberOf([&] { SaveJpeg(home.disk, Halves(2, 2), u"C:\\NODIR\\A.JPG"_s, 90); }), 0);
+}
+
+TEST_F(PictureTest, QualityTellsInTheLengthAndIsKeptWithinItsRange)
+{
+    QImage noise(64, 64, QImage::Format_RGB32);
+    quint32 seed = 1;
+    for (int y = 0; y < 64; ++y) {
+        for (int x = 0; x < 64; ++x)
+            noise.setPixel(x, y, seed = seed * 1664525 + 1013904223);
+    }
+    EXPECT_LT(ToJpeg(noise, 20).size() * 2, ToJpeg(noise, 95).size());
+    EXPECT_EQ(ToJpeg(noise, 0), ToJpeg(noise, 1));
+    EXPECT_EQ(ToJpeg(noise, 500), ToJpeg(noise, 100));
+    EXPECT_EQ(NumberOf([&] { (void)ToJpeg(QImage(), 90); }), 5);
+}
+
+TEST_F(PictureTest, TransparencyBecomesWhite)
+{
+    QImage clear(16, 16, QImage::Format_ARGB32);
+    clear.fill(Qt::transparent);
+    EXPECT_GT(FromBytes(ToJpeg(clear, 90), u"a"_s).pixelColor(8, 8).lightness(), 250);
+}
+
+TEST(IsWholeJpeg, NeedsTheEndOfTheImageItself)
+{
+    const QByteArray whole = Encoded(Halves(60, 40), "JPG");
+    EXPECT_TRUE(IsWholeJpeg(whole));
+    EXPECT_TRUE(IsWholeJpeg(whole + "camera notes behind the picture"));
+    EXPECT_FALSE(IsWholeJpeg(whole.chopped(2)));
+    EXPECT_FALSE(IsWholeJpeg("\xFF\xD8\xFF\xD9"));
+    EXPECT_FALSE(IsWholeJpeg(""));
+    // the end of an embedded thumbnail is not the end of the picture
+    QByteArray embedded = whole.chopped(2);
+    const QByteArray thumbnail = QByteArray("\xFF\xE1\x00\x08", 4) + "ab\xFF\xD9zz";
+    EXPECT_FALSE(IsWholeJpeg(embedded.insert(2, thumbnail)));
+    EXPECT_TRUE(IsWholeJpeg(embedded + "\xFF\xD9"));
+}
+
+TEST(IsWholeBmp, CountsTheRows)
+{
+    const QByteArray whole = Encoded(Halves(61, 40), "BMP");
+    EXPECT_TRUE(IsWholeBmp(whole));
+    EXPECT_FALSE(IsWholeBmp(whole.chopped(1)));
+    EXPECT_FALSE(IsWholeBmp(whole.left(33)));
+    EXPECT_FALSE(IsWholeBmp("BM"));
+    QByteArray compressed = whole.chopped(100);
+    compressed[30] = 1;
+    EXPECT_TRUE(IsWholeBmp(compressed));
+    QByteArray topDown = whole;
+    qToLittleEndian<qint32>(-40, topDown.data() + 22);
+    EXPECT_TRUE(IsWholeBmp(topDown));
+    EXPECT_FALSE(IsWholeBmp(topDown.chopped(1)));
+    QByteArray endless = whole;
+    qToLittleEndian<qint32>(0x7FFFFFFF, endless.data() + 18);
+    qToLittleEndian<quint32>(0x80000000U, endless.data() + 22);
+    EXPECT_FALSE(IsWholeBmp(endless));
+}
+
+} // namespace
+} // namespace vasclip::picture
