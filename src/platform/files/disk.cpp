@@ -97,15 +97,21 @@ struct Disk::Private
         const QString& part = path.parts[depth - 1];
         place = Resolve(path, root, depth - 1);
         if (place.IsDirectory()) {
-            if (const auto spelled = listings.Find(place.native, FoldedName(part))) {
-                const QString found = Joined(place.native, *spelled);
+            const auto standsAs = [&place](const QString& name) {
+                const QString found = Joined(place.native, name);
                 native::Info info;
-                if (native::Inspect(found, info) == Failure::None) {
-                    place.native = found;
-                    place.info = info;
-                    return place;
-                }
-            }
+                if (native::Inspect(found, info) != Failure::None)
+                    return false;
+                place.native = found;
+                place.info = info;
+                return true;
+            };
+            // The exact name first: the question above may have failed for a directory of another spelling.
+            if (standsAs(part))
+                return place;
+            const auto spelled = listings.Find(place.native, FoldedName(part));
+            if (spelled && standsAs(*spelled))
+                return place;
             place.failure = failure;
         } else if (place.Stands()) {
             place.failure = Failure::NotADirectory;

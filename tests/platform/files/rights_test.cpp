@@ -1,0 +1,178 @@
+#include "platform/files/disk.h"
+
+#include "platform/files/profile.h"
+#include "platform/text/runtime_error.h"
+#include "support/error_number.h"
+#include "support/temp_home.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include <csignal>
+
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace vasclip::files {
+namespace {
+
+using tests::NumberOf;
+using tests::TempHome;
+
+/// Runs a step in a process of its own. @return its answer; 250 and up when it could not run
+int InChild(const std::function<int()>& step)
+{
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(step());
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 255;
+}
+
+/// Rights bind only users that are not root.
+int AsUser(const std::function<int()>& step)
+{
+    return InChild([&] {
+        constexpr uid_t kNobody = 65534;
+        if (geteuid() == 0 && (setegid(kNobody) != 0 || seteuid(kNobody) != 0))
+            return 254;
+        return step();
+    });
+}
+
+class Rights : public testing::Test
+{
+protected:
+    TempHome home;
+
+    void SetUp() override
+    {
+        home.Put(QStringLiteral("C:\\P\\a.jpg"), QByteArrayLiteral("old"));
+        home.Put(QStringLiteral("C:\\Open\\b.jpg"), QByteArrayLiteral("new"));
+        // The way to the home must be open to all, the directory under test to nobody.
+        chmod(QFile::encodeName(QDir(home.disk.Home() + QStringLiteral("/..")).canonicalPath()).constData(),
+              0755);
+        chmod(Native(u"drive_c/Open").constData(), 0777);
+        chmod(Native(u"drive_c/P").constData(), 0555);
+    }
+    void TearDown() override { chmod(Native(u"drive_c/P").constData(), 0755); }
+
+    [[nodiscard]] QByteArray Native(const char16_t* below) const
+    {
+        return QFile::encodeName(home.Native(QString::fromUtf16(below)));
+    }
+};
+
+TEST_F(Rights, AClosedDirectoryRefusesChanges)
+{
+    const QString inside = QStringLiteral("C:\\P\\a.jpg");
+    const QString open = QStringLiteral("C:\\Open\\b.jpg");
+    EXPECT_EQ(AsUser([&] { return NumberOf([&] { home.disk.WriteWhole(inside, "x"); }); }),
+              error::kPermissionDenied);
+    EXPECT_EQ(AsUser([&] { return NumberOf([&] { home.disk.FileCopy(open, inside); }); }),
+              error::kPermissionDenied);
+    EXPECT_EQ(AsUser([&] { return NumberOf([&] { home.disk.Kill(inside); }); }), error::kPathFileAccess);
+    EXPECT_EQ(
+        AsUser([&] { return NumberOf([&] { home.disk.Name(inside, QStringLiteral("C:\\P\\c.jpg")); }); }),
+        error::kPathFileAccess);
+    EXPECT_EQ(AsUser([&] { return NumberOf([&] { home.disk.MkDir(QStringLiteral("C:\\P\\sub")); }); }),
+              error::kPathFileAccess);
+    EXPECT_EQ(AsUser([&] {
+                  return NumberOf([&] { home.disk.FileCopy(inside, QStringLiteral("C:\\Open\\c.jpg")); });
+              }),
+              0)
+        << "reading is allowed";
+    EXPECT_EQ(AsUser([&] {
+                  return int(WritePrivateProfileString(home.disk, QStringLiteral("S"), QStringLiteral("K"),
+                                                       QStringLiteral("V"), QStringLiteral("C:\\P\\x.ini")));
+              }),
+              0);
+    EXPECT_EQ(home.disk.ReadWhole(inside), "old");
+    EXPECT_EQ(home.disk.Dir(QStringLiteral("C:\\P\\*"), Directory), QStringList{QStringLiteral("a.jpg")});
+}
+
+TEST_F(Rights, ADirectoryThatCannotBeReadSaysSo)
+{
+    chmod(Native(u"drive_c/P").constData(), 0000);
+    EXPECT_EQ(AsUser([&] { return NumberOf([&] { (void)home.disk.Dir(QStringLiteral("C:\\P\\*")); }); }),
+              error::kPathFileAccess);
+    EXPECT_EQ(
+        AsUser([&] { return NumberOf([&] { (void)home.disk.ReadWhole(QStringLiteral("C:\\P\\a.jpg")); }); }),
+        error::kPathFileAccess);
+    EXPECT_EQ(AsUser([&] { return int(home.disk.FileExists(QStringLiteral("C:\\P\\a.jpg"))); }), 0);
+}
+
+TEST_F(Rights, AHomeWithoutRightsIsRefusedInWords)
+{
+    EXPECT_EQ(AsUser([&] {
+                  return NumberOf([&] { const Disk disk(home.Native(QStringLiteral("drive_c/P/newhome"))); });
+              }),
+              error::kPathFileAccess);
+}
+
+/// A disk of 64 KB where the system lets a test mount one, else a limit on the length of files.
+bool MakeSmallDisk(const QByteArray& directory)
+{
+    if (unshare(CLONE_NEWNS) == 0 && mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+        mount("small", directory.constData(), "tmpfs", 0, "size=64k") == 0)
+        return true;
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{16 * 1024, 16 * 1024};
+    return setrlimit(RLIMIT_FSIZE, &limit) == 0;
+}
+
+TEST(FullDisk, LeavesTheOldFileWhole)
+{
+    const TempHome home;
+    const QByteArray small(8 * 1024, 's');
+    const QByteArray large(200 * 1024, 'l');
+    home.Put(QStringLiteral("C:\\P\\large.jpg"), large);
+    home.MakeDirs(QStringLiteral("C:\\Small"));
+    const QByteArray directory = QFile::encodeName(home.Native(QStringLiteral("drive_c/Small")));
+    const auto onSmallDisk = [&](const std::function<void(const QString& file)>& step) {
+        return InChild([&] {
+            if (!MakeSmallDisk(directory))
+                return 253;
+            const QString file = QStringLiteral("C:\\Small\\a.jpg");
+            home.disk.WriteWhole(file, small);
+            const int number = NumberOf([&] { step(file); });
+            if (home.disk.ReadWhole(file) != small)
+                return 252;
+            if (QDir(QFile::decodeName(directory)).entryList(QDir::Files | QDir::Hidden).size() != 1)
+                return 251;
+            return number;
+        });
+    };
+    EXPECT_EQ(onSmallDisk([&](const QString& file) { home.disk.WriteWhole(file, large); }), error::kDiskFull);
+    EXPECT_EQ(onSmallDisk(
+                  [&](const QString& file) { home.disk.FileCopy(QStringLiteral("C:\\P\\large.jpg"), file); }),
+              error::kDiskFull);
+}
+
+TEST(ReadOnlyDisk, RefusesChanges)
+{
+    const TempHome home;
+    home.MakeDirs(QStringLiteral("C:\\Fixed"));
+    const QByteArray directory = QFile::encodeName(home.Native(QStringLiteral("drive_c/Fixed")));
+    const int number = InChild([&] {
+        if (unshare(CLONE_NEWNS) != 0 || mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+            mount("fixed", directory.constData(), "tmpfs", MS_RDONLY, "size=64k") != 0)
+            return 253;
+        return NumberOf([&] { home.disk.WriteWhole(QStringLiteral("C:\\Fixed\\a"), "x"); });
+    });
+    if (number == 253)
+        GTEST_SKIP() << "this system lets no test mount a disk";
+    EXPECT_EQ(number, error::kPathFileAccess);
+}
+
+} // namespace
+} // namespace vasclip::files
