@@ -22,7 +22,8 @@ struct User
 /// An open database file. Record sets keep it alive.
 ///
 /// The native file is SQLite under its fixed .MDB name; the field sizes, memo and long binary types are in a
-/// schema of its own. The file's lock companion (.LDB beside it) names who has it open and goes with the last.
+/// schema of its own. The file's lock companion (.LDB beside it) names who has it open and goes with the
+/// last.
 class Database
 {
 public:
@@ -33,13 +34,14 @@ public:
 
     /// @param source  a table's name (table or dynaset kind) or a SELECT (dynaset kind only)
     /// @throws 3078 no such table, 3075 syntax error with its position, 3061 unknown name in the statement
-    [[nodiscard]] virtual std::unique_ptr<Recordset> OpenRecordset(const QString& source, RecordsetType type) = 0;
+    [[nodiscard]] virtual std::unique_ptr<Recordset> OpenRecordset(const QString& source,
+                                                                   RecordsetType type) = 0;
 
     /// Runs one action statement (INSERT, UPDATE, DELETE, SELECT INTO, DROP TABLE, ...) in one transaction.
     /// @return rows affected
     virtual qint64 Execute(const QString& sql) = 0;
 
-    [[nodiscard]] virtual QStringList TableNames() const = 0; ///< user tables in order of creation
+    [[nodiscard]] virtual QStringList TableNames() const = 0;            ///< user tables in order of creation
     [[nodiscard]] virtual TableDef Table(const QString& name) const = 0; ///< @throws 3078
     virtual void CreateTable(const TableDef& table) = 0;                 ///< @throws 3010
     virtual void AppendField(const QString& table, const Field& field) = 0; ///< @throws 3191, 3211
@@ -62,10 +64,11 @@ public:
 
     [[nodiscard]] const files::Disk& Disk() const;
 
-    /// @throws 3024 file not found, 3343 not a database (a text file, an empty file: the description says what the
-    /// file is), 3049 damaged, 3051 no right to open, 3009/3356 opened exclusively by somebody, and a clear
-    /// description for a genuine Jet file, which this engine does not read
-    [[nodiscard]] std::shared_ptr<Database> OpenDatabase(const QString& path, OpenMode mode = OpenMode::Shared);
+    /// @throws 3024 file not found, 3343 not a database (a text file, an empty file: the description says
+    /// what the file is), 3049 damaged, 3051 no right to open, 3009/3356 opened exclusively by somebody, and
+    /// a clear description for a genuine Jet file, which this engine does not read
+    [[nodiscard]] std::shared_ptr<Database> OpenDatabase(const QString& path,
+                                                         OpenMode mode = OpenMode::Shared);
     /// @throws 3204 if the file is there
     [[nodiscard]] std::shared_ptr<Database> CreateDatabase(const QString& path);
     /// Copies a database that may be in use, through the engine's backup interface; target is replaced whole.

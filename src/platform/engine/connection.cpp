@@ -1,0 +1,400 @@
+#include "platform/engine/connection.h"
+
+#include "platform/engine/collation.h"
+#include "platform/engine/errors.h"
+#include "platform/engine/file_kind.h"
+#include "platform/engine/functions.h"
+#include "platform/engine/process.h"
+#include "platform/engine/schema_tables.h"
+#include "platform/engine/values.h"
+
+#include <QMutex>
+#include <QSysInfo>
+
+#include <sqlite3.h>
+
+namespace vasclip::engine {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QMutex openMutex;
+QHash<QString, int>& OpenFiles()
+{
+    static QHash<QString, int> files;
+    return files;
+}
+
+void NoteOpen(const QString& path, int change)
+{
+    const QMutexLocker lock(&openMutex);
+    if ((OpenFiles()[path] += change) <= 0)
+        OpenFiles().remove(path);
+}
+
+QString OtherUser(const QString& nativePath)
+{
+    const QString host = QSysInfo::machineHostName();
+    QStringList names;
+    for (const User& user : Companion::Users(nativePath)) {
+        const bool own = user.host == host && user.process == OwnProcess();
+        if (user.alive && !own)
+            names.append(u"process %1 on %2"_s.arg(QString::number(user.process), user.host));
+    }
+    return names.size() == 1 ? u" (%1)"_s.arg(names.front()) : QString();
+}
+
+} // namespace
+
+Connection::Connection(const Setup& setup)
+    : m_setup(setup)
+{
+    const int flags = setup.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    NoteOpen(setup.nativePath, 1);
+    try {
+        const int code = sqlite3_open_v2(setup.nativePath.toUtf8().constData(), &m_handle, flags, nullptr);
+        if (code != SQLITE_OK)
+            Fail(code);
+        sqlite3_extended_result_codes(m_handle, 1);
+        sqlite3_busy_timeout(m_handle, setup.lockWait);
+        sqlite3_db_config(m_handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+        sqlite3_db_config(m_handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+        sqlite3_db_config(m_handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+        RegisterCollation(m_handle);
+        RegisterFunctions(m_handle);
+        Run(u"PRAGMA synchronous=FULL; PRAGMA temp_store=FILE; PRAGMA trusted_schema=OFF; PRAGMA cell_size_check=ON"_s);
+        if (setup.fresh)
+            MakeSchema(*this);
+        static_cast<void>(Tables());
+    } catch (...) {
+        ForgetStatements();
+        sqlite3_close_v2(m_handle);
+        NoteOpen(setup.nativePath, -1);
+        throw;
+    }
+}
+
+Connection::~Connection()
+{
+    if (m_depth > 0 && sqlite3_get_autocommit(m_handle) == 0)
+        sqlite3_exec(m_handle, "ROLLBACK", nullptr, nullptr, nullptr);
+    m_depth = 0;
+    DetachAll();
+    ForgetStatements();
+    sqlite3_close_v2(m_handle);
+    NoteOpen(m_setup.nativePath, -1);
+}
+
+bool Connection::HasOpen(const QString& nativePath)
+{
+    const QMutexLocker lock(&openMutex);
+    return OpenFiles().contains(nativePath);
+}
+
+void Connection::SetLockWait(int milliseconds)
+{
+    m_setup.lockWait = milliseconds;
+    sqlite3_busy_timeout(m_handle, milliseconds);
+}
+
+void Connection::Run(const QString& sql)
+{
+    Check(sqlite3_exec(m_handle, sql.toUtf8().constData(), nullptr, nullptr, nullptr));
+}
+
+QString Connection::FileOfError() const
+{
+    QStringList names{m_setup.shown};
+    for (const Attached& attached : m_attached)
+        names.append(attached.shown);
+    return names.join(u" or "_s);
+}
+
+void Connection::Fail(int code)
+{
+    const QString message = m_handle ? QString::fromUtf8(sqlite3_errmsg(m_handle)) : QString();
+    const int extended = m_handle ? sqlite3_extended_errcode(m_handle) : code;
+    const QString file = FileOfError();
+    // A full disk and its like make SQLite take the whole transaction back.
+    if (m_depth > 0 && sqlite3_get_autocommit(m_handle) != 0)
+        m_undone = true;
+    switch (code & 0xFF) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        throw RuntimeError(
+            error::kCouldNotUpdateLocked,
+            u"Could not update; currently locked by another user%1. Try again when the other user is "
+            "done with %2"_s.arg(OtherUser(m_setup.nativePath), file));
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        throw RuntimeError(
+            error::kCorruptDatabase,
+            u"The database %1 is damaged and can not be used. Restore it from a backup"_s.arg(file));
+    case SQLITE_FULL:
+        throw RuntimeError(
+            error::kDiskFull,
+            u"The disk that holds %1 is full. Nothing was changed; make room and try again"_s.arg(file));
+    case SQLITE_READONLY:
+        throw RuntimeError(error::kFileIsReadOnly,
+                           u"The file %1 is read-only and can not be changed"_s.arg(file));
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+    case SQLITE_AUTH:
+        throw RuntimeError(error::kCouldNotOpenFile,
+                           u"The file %1 can not be opened. Make sure that you have rights to it and to its "
+                           "directory, and that nobody has it exclusively"_s.arg(file));
+    case SQLITE_IOERR:
+        throw RuntimeError(error::kDeviceIo,
+                           u"The disk or the network failed while %1 was read or written"_s.arg(file));
+    case SQLITE_NOMEM:
+        throw RuntimeError(7, u"There is not enough memory to work on %1"_s.arg(file));
+    case SQLITE_CONSTRAINT:
+        if (extended == SQLITE_CONSTRAINT_UNIQUE || extended == SQLITE_CONSTRAINT_PRIMARYKEY ||
+            extended == SQLITE_CONSTRAINT_ROWID)
+            throw RuntimeError(error::kDuplicateKey,
+                               u"The change would give two records the same key in %1, which must be unique. "
+                               "Nothing was stored"_s.arg(message.section(u": "_s, 1)));
+        break;
+    case SQLITE_TOOBIG:
+        throw RuntimeError(error::kFieldTooLong, u"The value is too long for %1"_s.arg(file));
+    case SQLITE_ERROR: {
+        const QString tooLong = QString::fromLatin1(kTooLongMark);
+        if (message.startsWith(tooLong)) {
+            const QString rest = message.mid(tooLong.size());
+            throw RuntimeError(
+                error::kFieldTooLong,
+                u"A text is too long for the field '%1', which holds at most %2 characters. Nothing was "
+                "stored"_s.arg(rest.section(u':', 1), rest.section(u':', 0, 0)));
+        }
+        const QString needed = QString::fromLatin1(kNullMark);
+        if (message.startsWith(needed))
+            throw RuntimeError(
+                error::kValueRequired,
+                u"The field '%1' needs a value. Nothing was stored"_s.arg(message.mid(needed.size())));
+        if (message.startsWith(u"no such table"_s))
+            throw RuntimeError(error::kTableUnknown,
+                               u"The table is no longer in %1: %2"_s.arg(file, message));
+        break;
+    }
+    default:
+        break;
+    }
+    throw RuntimeError(error::kInternalEngine, u"The database engine failed on %1: %2"_s.arg(file, message));
+}
+
+const QList<TableDef>& Connection::Tables(const QString& schema)
+{
+    SchemaState& known = m_tables[schema];
+    qint64 version = 0;
+    {
+        Query query(*this, u"PRAGMA %1.schema_version"_s.arg(sql::QuoteName(schema)));
+        if (query.Step())
+            version = query.Integer(0);
+    }
+    if (known.version != version) {
+        known.tables = ReadSchema(*this, schema);
+        known.version = version;
+    }
+    return known.tables;
+}
+
+const TableDef* Connection::FindTable(const QString& name, const QString& schema)
+{
+    for (const TableDef& table : Tables(schema)) {
+        if (table.name.compare(name, Qt::CaseInsensitive) == 0)
+            return &table;
+    }
+    return nullptr;
+}
+
+void Connection::Begin()
+{
+    if (m_depth == 0) {
+        Run(m_setup.readOnly ? u"BEGIN"_s : u"BEGIN IMMEDIATE"_s);
+        m_undone = false;
+    } else if (!m_undone) {
+        Run(u"SAVEPOINT vas_%1"_s.arg(m_depth));
+    }
+    ++m_depth;
+}
+
+void Connection::Commit()
+{
+    if (m_depth == 0)
+        throw RuntimeError(error::kNoTransaction, u"There is no transaction to commit"_s);
+    if (m_undone) {
+        if (--m_depth == 0) {
+            m_undone = false;
+            DetachAll();
+        }
+        throw RuntimeError(
+            error::kDeviceIo,
+            u"The transaction on %1 was taken back after an error and could not be committed"_s.arg(
+                FileOfError()));
+    }
+    // A commit that fails stays open: the caller may try again or roll back.
+    Run(m_depth == 1 ? u"COMMIT"_s : u"RELEASE vas_%1"_s.arg(m_depth - 1));
+    if (--m_depth == 0)
+        DetachAll();
+}
+
+void Connection::Rollback()
+{
+    if (m_depth == 0)
+        throw RuntimeError(error::kNoTransaction, u"There is no transaction to roll back"_s);
+    --m_depth;
+    ++m_generation;
+    m_tables.clear();
+    if (!m_undone)
+        Run(m_depth == 0 ? u"ROLLBACK"_s : u"ROLLBACK TO vas_%1; RELEASE vas_%1"_s.arg(m_depth));
+    if (m_depth == 0) {
+        m_undone = false;
+        DetachAll();
+    }
+}
+
+QString Connection::Attach(const QString& nativePath, const QString& shown)
+{
+    if (nativePath == m_setup.nativePath)
+        return u"main"_s;
+    for (const Attached& attached : m_attached) {
+        if (attached.nativePath == nativePath)
+            return attached.schema;
+    }
+    Attached attached;
+    attached.nativePath = nativePath;
+    attached.shown = shown;
+    attached.schema = u"file%1"_s.arg(m_nextSchema++);
+    if (!HasOpen(nativePath))
+        CheckFileKind(nativePath, shown);
+    attached.companion = std::make_unique<Companion>(nativePath, shown, OpenMode::Shared);
+    {
+        Query query(*this, u"ATTACH ?1 AS %1"_s.arg(attached.schema));
+        query.Bind(1, nativePath).Run();
+    }
+    NoteOpen(nativePath, 1);
+    m_attached.push_back(std::move(attached));
+    static_cast<void>(Tables(m_attached.back().schema));
+    return m_attached.back().schema;
+}
+
+void Connection::DetachAll()
+{
+    if (m_depth > 0 || m_attached.empty())
+        return;
+    ForgetStatements();
+    for (Attached& attached : m_attached) {
+        sqlite3_exec(m_handle, u"DETACH %1"_s.arg(attached.schema).toUtf8().constData(), nullptr, nullptr,
+                     nullptr);
+        NoteOpen(attached.nativePath, -1);
+        m_tables.remove(attached.schema);
+    }
+    m_attached.clear();
+}
+
+sqlite3_stmt* Connection::Take(const QString& sql)
+{
+    if (sqlite3_stmt* idle = m_idle.take(sql))
+        return idle;
+    sqlite3_stmt* statement = nullptr;
+    const QByteArray utf8 = sql.toUtf8();
+    Check(sqlite3_prepare_v3(m_handle, utf8.constData(), static_cast<int>(utf8.size()),
+                             SQLITE_PREPARE_PERSISTENT, &statement, nullptr));
+    return statement;
+}
+
+void Connection::GiveBack(const QString& sql, sqlite3_stmt* statement)
+{
+    sqlite3_reset(statement);
+    sqlite3_clear_bindings(statement);
+    constexpr qsizetype kMostIdle = 100;
+    if (m_idle.size() >= kMostIdle)
+        ForgetStatements();
+    sqlite3_stmt*& place = m_idle[sql];
+    if (place)
+        sqlite3_finalize(place);
+    place = statement;
+}
+
+void Connection::ForgetStatements()
+{
+    for (sqlite3_stmt* statement : std::as_const(m_idle))
+        sqlite3_finalize(statement);
+    m_idle.clear();
+}
+
+Query& Query::Bind(int index, const QVariant& value)
+{
+    m_connection.Check(BindValue(m_statement, index, value));
+    return *this;
+}
+
+Query& Query::Bind(int index, qint64 value)
+{
+    m_connection.Check(sqlite3_bind_int64(m_statement, index, value));
+    return *this;
+}
+
+Query& Query::BindAll(const QVariantList& values, int first)
+{
+    const int last = sqlite3_bind_parameter_count(m_statement);
+    for (int i = 0; i < values.size() && first + i <= last; ++i)
+        Bind(first + i, values[i]);
+    return *this;
+}
+
+bool Query::Step()
+{
+    const int code = sqlite3_step(m_statement);
+    if (code == SQLITE_ROW)
+        return true;
+    if (code != SQLITE_DONE)
+        m_connection.Fail(code);
+    return false;
+}
+
+void Query::Again()
+{
+    sqlite3_reset(m_statement);
+}
+
+qint64 Query::Integer(int column) const
+{
+    return sqlite3_column_int64(m_statement, column);
+}
+
+QString Query::Text(int column) const
+{
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(m_statement, column));
+    return QString::fromUtf8(text, sqlite3_column_bytes(m_statement, column));
+}
+
+bool Query::IsNull(int column) const
+{
+    return sqlite3_column_type(m_statement, column) == SQLITE_NULL;
+}
+
+QVariant Query::Value(int column, FieldType type) const
+{
+    return ReadValue(m_statement, column, type);
+}
+
+Writing::~Writing()
+{
+    if (!m_connection)
+        return;
+    try {
+        m_connection->Rollback();
+    } catch (const RuntimeError&) {
+        // The error that brought us here is the one to tell; SQLite rolls back when the file closes.
+    }
+}
+
+void Writing::Commit()
+{
+    m_connection->Commit();
+    m_connection = nullptr;
+}
+
+} // namespace vasclip::engine

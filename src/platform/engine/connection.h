@@ -1,0 +1,175 @@
+#pragma once
+
+#include "platform/engine/companion.h"
+#include "platform/engine/sql_translate.h"
+#include "platform/files/disk.h"
+
+#include <QHash>
+
+#include <functional>
+#include <map>
+#include <memory>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace vasclip::engine {
+
+class Query;
+
+/// One SQLite connection to a database file, shared by all databases and record sets of an engine that have
+/// the file open: as in one workspace, what a transaction of one does is what the others see.
+class Connection
+{
+public:
+    struct Setup
+    {
+        QString nativePath;
+        QString shown; ///< drive path, for messages
+        int lockWait = 5000;
+        bool readOnly = false;
+        bool fresh = false; ///< an empty file that gets the engine's own tables first
+    };
+
+    explicit Connection(const Setup& setup); ///< @throws 3049, 3051, 3343
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    /// Does this process have the file open through any connection?
+    [[nodiscard]] static bool HasOpen(const QString& nativePath);
+
+    [[nodiscard]] sqlite3* Handle() const { return m_handle; }
+    [[nodiscard]] const QString& NativePath() const { return m_setup.nativePath; }
+    [[nodiscard]] const QString& Shown() const { return m_setup.shown; }
+    [[nodiscard]] bool ReadOnly() const { return m_setup.readOnly; }
+    void SetLockWait(int milliseconds);
+
+    /// Runs statements of the engine's own.
+    void Run(const QString& sql);
+    /// Turns a code of SQLite into a RuntimeError.
+    [[noreturn]] void Fail(int code);
+    void Check(int code)
+    {
+        if (code != 0)
+            Fail(code);
+    }
+
+    /// Tables with their fields and indexes, in order of creation; read again when the schema has changed.
+    [[nodiscard]] const QList<TableDef>& Tables(const QString& schema = QStringLiteral("main"));
+    [[nodiscard]] const TableDef* FindTable(const QString& name,
+                                            const QString& schema = QStringLiteral("main"));
+
+    // Nested transactions; the outermost takes the write lock at once, so that two users never wait for each
+    // other.
+    void Begin();
+    void Commit();
+    void Rollback();
+    [[nodiscard]] int Depth() const { return m_depth; }
+
+    /// Makes another file's tables reachable until the outermost transaction (or the statement, without one)
+    /// ends.
+    /// @return its schema name
+    [[nodiscard]] QString Attach(const QString& nativePath, const QString& shown);
+    /// Lets go of attached files outside of transactions.
+    void DetachAll();
+
+    /// Raised by every change that goes through this connection.
+    [[nodiscard]] quint64 Generation() const { return m_generation; }
+    void Touch() { ++m_generation; }
+
+    // Record sets that are open on a table of this connection, by folded name.
+    void AddUse(const QString& table) { ++m_uses[table.toUpper()]; }
+    void RemoveUse(const QString& table) { --m_uses[table.toUpper()]; }
+    [[nodiscard]] bool InUse(const QString& table) const { return m_uses.value(table.toUpper()) > 0; }
+
+private:
+    friend class Query;
+
+    struct Attached
+    {
+        QString schema;
+        QString nativePath;
+        QString shown;
+        std::unique_ptr<Companion> companion;
+    };
+
+    struct SchemaState
+    {
+        qint64 version = -1;
+        QList<TableDef> tables;
+    };
+
+    [[nodiscard]] sqlite3_stmt* Take(const QString& sql);
+    void GiveBack(const QString& sql, sqlite3_stmt* statement);
+    void ForgetStatements();
+    [[nodiscard]] QString FileOfError() const;
+
+    Setup m_setup;
+    sqlite3* m_handle = nullptr;
+    QHash<QString, sqlite3_stmt*> m_idle;
+    QHash<QString, SchemaState> m_tables;
+    QHash<QString, int> m_uses;
+    std::vector<Attached> m_attached;
+    int m_nextSchema = 1;
+    int m_depth = 0;
+    bool m_undone = false; ///< SQLite took the whole transaction back by itself
+    quint64 m_generation = 0;
+};
+
+/// One run of a prepared statement; gives the statement back when it ends, so that no lock outlives it.
+class Query
+{
+public:
+    Query(Connection& connection, const QString& sql)
+        : m_connection(connection)
+        , m_sql(sql)
+        , m_statement(connection.Take(sql))
+    {}
+    ~Query() { m_connection.GiveBack(m_sql, m_statement); }
+    Query(const Query&) = delete;
+    Query& operator=(const Query&) = delete;
+
+    Query& Bind(int index, const QVariant& value);
+    Query& Bind(int index, qint64 value);
+    Query& BindAll(const QVariantList& values,
+                   int first = 1); ///< values beyond the last parameter are left out
+    [[nodiscard]] bool Step();
+    void Run()
+    {
+        while (Step()) {
+        }
+    }
+    void Again(); ///< ends this run; what is bound stays bound for the next one
+
+    [[nodiscard]] qint64 Integer(int column) const;
+    [[nodiscard]] QString Text(int column) const;
+    [[nodiscard]] bool IsNull(int column) const;
+    [[nodiscard]] QVariant Value(int column, FieldType type) const;
+    [[nodiscard]] sqlite3_stmt* Statement() const { return m_statement; }
+
+private:
+    Connection& m_connection;
+    QString m_sql;
+    sqlite3_stmt* m_statement;
+};
+
+/// A transaction (or a nested one) of a connection that is taken back unless committed.
+class Writing
+{
+public:
+    explicit Writing(Connection& connection)
+        : m_connection(&connection)
+    {
+        connection.Begin();
+    }
+    ~Writing();
+    Writing(const Writing&) = delete;
+    Writing& operator=(const Writing&) = delete;
+    void Commit();
+
+private:
+    Connection* m_connection;
+};
+
+} // namespace vasclip::engine

@@ -1,0 +1,198 @@
+#include "platform/engine/errors.h"
+#include "platform/engine/file_kind.h"
+#include "platform/engine/process.h"
+#include "platform/engine/schema_tables.h"
+#include "platform/engine/sqlite_database.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <sqlite3.h>
+
+namespace vasclip::engine {
+
+using namespace Qt::Literals::StringLiterals;
+
+struct Engine::Private
+{
+    std::shared_ptr<Workspace> workspace = std::make_shared<Workspace>();
+
+    [[nodiscard]] std::shared_ptr<Connection> Connect(const QString& native, const QString& shown,
+                                                      bool readOnly) const
+    {
+        std::weak_ptr<Connection>& place = workspace->connections[native];
+        if (auto connection = place.lock())
+            return connection;
+        auto connection =
+            std::make_shared<Connection>(Connection::Setup{native, shown, workspace->lockWait, readOnly});
+        place = connection;
+        return connection;
+    }
+};
+
+namespace {
+
+/// A file beside the target that becomes it in one step or goes away.
+class NewFile
+{
+public:
+    explicit NewFile(const QString& target)
+        : m_target(target)
+        , m_path(u"%1.new%2"_s.arg(target).arg(OwnProcess()))
+    {
+        Remove();
+    }
+    ~NewFile() { Remove(); }
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+
+    [[nodiscard]] const QString& Path() const { return m_path; }
+    void Finish(const QString& shown)
+    {
+        if (!FlushFile(m_path) || !RenameOver(m_path, m_target))
+            throw RuntimeError(
+                error::kPathFileAccess,
+                u"The file %1 could not be written. Make sure that you have rights to its directory"_s.arg(
+                    shown));
+    }
+
+private:
+    void Remove()
+    {
+        QFile::remove(m_path);
+        QFile::remove(m_path + u"-journal"_s);
+    }
+
+    QString m_target;
+    QString m_path;
+};
+
+/// Makes an empty file for SQLite to fill, so that missing rights and full disks have their own errors.
+void Touch(const QString& native, const QString& shown)
+{
+    if (!QFileInfo(QFileInfo(native).absolutePath()).isDir())
+        throw RuntimeError(error::kPathNotFound, u"The directory of %1 is not there"_s.arg(shown));
+    QFile file(native);
+    if (!file.open(QIODevice::WriteOnly))
+        throw RuntimeError(
+            error::kPathFileAccess,
+            u"The file %1 could not be made. Make sure that you have rights to its directory"_s.arg(shown));
+}
+
+/// A connection without any schema of ours yet.
+struct BareHandle
+{
+    explicit BareHandle(const QString& native) { code = sqlite3_open(native.toUtf8().constData(), &handle); }
+    ~BareHandle() { sqlite3_close(handle); }
+    BareHandle(const BareHandle&) = delete;
+    BareHandle& operator=(const BareHandle&) = delete;
+    sqlite3* handle = nullptr;
+    int code = SQLITE_OK;
+};
+
+} // namespace
+
+Engine::Engine(const files::Disk& disk)
+    : d(std::make_unique<Private>())
+{
+    d->workspace->disk = &disk;
+}
+
+Engine::~Engine() = default;
+
+const files::Disk& Engine::Disk() const
+{
+    return *d->workspace->disk;
+}
+
+std::shared_ptr<Database> Engine::OpenDatabase(const QString& path, OpenMode mode)
+{
+    const QString given = Disk().ToNative(path);
+    const QString canonical = QFileInfo(given).canonicalFilePath();
+    const QString native = canonical.isEmpty() ? given : canonical;
+    if (!Connection::HasOpen(native))
+        CheckFileKind(native, path);
+    auto session = std::make_shared<Session>();
+    session->path = path;
+    session->mode = mode;
+    session->workspace = d->workspace;
+    session->companion = std::make_unique<Companion>(native, path, mode);
+    const QFileInfo info(native);
+    const bool readOnly = !info.isWritable() || (Disk().GetAttr(path) & files::ReadOnly) != 0 ||
+                          !QFileInfo(info.absolutePath()).isWritable();
+    session->connection = d->Connect(native, path, readOnly);
+    return std::make_shared<SqliteDatabase>(std::move(session));
+}
+
+std::shared_ptr<Database> Engine::CreateDatabase(const QString& path)
+{
+    if (Disk().Found(path, files::Hidden))
+        throw RuntimeError(error::kDatabaseExists, u"The database %1 already exists"_s.arg(path));
+    const QString native = Disk().ToNative(path);
+    NewFile file(native);
+    Touch(file.Path(), path);
+    {
+        Connection connection({file.Path(), path, d->workspace->lockWait, false, true});
+    }
+    file.Finish(path);
+    return OpenDatabase(path);
+}
+
+void Engine::CopyDatabase(const QString& source, const QString& target)
+{
+    const QString targetNative = Disk().ToNative(target);
+    const QString targetCanonical = QFileInfo(targetNative).canonicalFilePath();
+    const auto from = OpenDatabase(source, OpenMode::ReadOnly);
+    const QString sourceNative = QFileInfo(Disk().ToNative(source)).canonicalFilePath();
+    if (!targetCanonical.isEmpty()) {
+        if (targetCanonical == sourceNative)
+            throw RuntimeError(error::kFileAlreadyOpen,
+                               u"The database %1 can not be copied onto itself"_s.arg(source));
+        bool used = Connection::HasOpen(targetCanonical);
+        for (const User& user : Companion::Users(targetCanonical))
+            used = used || user.alive;
+        if (used)
+            throw RuntimeError(
+                error::kInUseByOthers,
+                u"The database %1 can not be replaced while it is open. Close it everywhere first"_s.arg(
+                    target));
+    }
+    NewFile file(targetNative);
+    Touch(file.Path(), target);
+    {
+        const BareHandle copy(file.Path());
+        const auto connection = d->Connect(sourceNative, source, true);
+        if (copy.code != SQLITE_OK)
+            throw RuntimeError(error::kCouldNotOpenFile, u"The file %1 could not be made"_s.arg(target));
+        sqlite3_backup* backup = sqlite3_backup_init(copy.handle, "main", connection->Handle(), "main");
+        const int code = backup ? sqlite3_backup_step(backup, -1) : sqlite3_errcode(copy.handle);
+        if (backup)
+            sqlite3_backup_finish(backup);
+        if (code == SQLITE_FULL)
+            throw RuntimeError(error::kDiskFull,
+                               u"The disk that %1 should be copied to is full"_s.arg(target));
+        if (code != SQLITE_DONE)
+            connection->Fail(code);
+    }
+    if (!targetCanonical.isEmpty())
+        QFile::remove(targetCanonical + u"-journal"_s);
+    file.Finish(target);
+}
+
+QList<User> Engine::Users(const QString& path) const
+{
+    const QString native = Disk().ToNative(path);
+    const QString canonical = QFileInfo(native).canonicalFilePath();
+    return Companion::Users(canonical.isEmpty() ? native : canonical);
+}
+
+void Engine::SetLockWait(int milliseconds)
+{
+    d->workspace->lockWait = milliseconds;
+    for (const auto& known : std::as_const(d->workspace->connections)) {
+        if (const auto connection = known.lock())
+            connection->SetLockWait(milliseconds);
+    }
+}
+
+} // namespace vasclip::engine

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/text/runtime_error.h"
+
+namespace vasclip::error {
+
+/// Numbers that the engine throws besides the ones that the program looks at.
+inline constexpr int kInternalEngine = 3001;
+inline constexpr int kDatabaseNotFound = 3024;
+inline constexpr int kNoTransaction = 3034;
+inline constexpr int kKeyIsNull = 3058;
+inline constexpr int kUnknownInsertField = 3127;
+inline constexpr int kBadBookmark = 3159;
+inline constexpr int kRecordDeleted = 3167;
+inline constexpr int kDatabaseExists = 3204;
+inline constexpr int kIndexExists = 3284;
+inline constexpr int kValueRequired = 3314;
+inline constexpr int kZeroLength = 3315;
+inline constexpr int kValueCount = 3346;
+inline constexpr int kInUseByOthers = 3356;
+inline constexpr int kClosed = 3420;
+inline constexpr int kConversion = 3421;
+
+} // namespace vasclip::error

@@ -1,0 +1,68 @@
+#include "platform/engine/process.h"
+
+#include <QDir>
+
+#include <windows.h>
+
+namespace vasclip::engine {
+
+namespace {
+
+const wchar_t* Wide(const QString& path)
+{
+    return reinterpret_cast<const wchar_t*>(path.utf16());
+}
+
+} // namespace
+
+qint64 OwnProcess()
+{
+    return GetCurrentProcessId();
+}
+
+QString StartMark(qint64 process)
+{
+    const HANDLE handle = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, static_cast<DWORD>(process));
+    if (!handle)
+        return {};
+    FILETIME start{};
+    FILETIME other{};
+    const BOOL known = GetProcessTimes(handle, &start, &other, &other, &other);
+    CloseHandle(handle);
+    if (!known)
+        return {};
+    return QString::number(quint64{start.dwHighDateTime} << 32 | start.dwLowDateTime);
+}
+
+bool IsAlive(qint64 process, const QString& startMark)
+{
+    const HANDLE handle = OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(process));
+    if (!handle)
+        return GetLastError() == ERROR_ACCESS_DENIED;
+    const bool runs = WaitForSingleObject(handle, 0) == WAIT_TIMEOUT;
+    CloseHandle(handle);
+    const QString present = StartMark(process);
+    return runs && (startMark.isEmpty() || present.isEmpty() || present == startMark);
+}
+
+bool FlushFile(const QString& nativePath)
+{
+    const QString path = QDir::toNativeSeparators(nativePath);
+    const HANDLE file =
+        CreateFileW(Wide(path), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+        return false;
+    const BOOL done = FlushFileBuffers(file);
+    CloseHandle(file);
+    return done != FALSE;
+}
+
+bool RenameOver(const QString& from, const QString& to)
+{
+    const QString source = QDir::toNativeSeparators(from);
+    const QString target = QDir::toNativeSeparators(to);
+    return MoveFileExW(Wide(source), Wide(target), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) !=
+           FALSE;
+}
+
+} // namespace vasclip::engine

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/engine/connection.h"
+
+#include <QHash>
+
+#include <memory>
+#include <vector>
+
+namespace vasclip::engine {
+
+class RowRecordset;
+
+/// What the databases of one engine share: the disk and one connection a file.
+struct Workspace
+{
+    const files::Disk* disk = nullptr;
+    int lockWait = 5000;
+    QHash<QString, std::weak_ptr<Connection>> connections;
+};
+
+/// One opening of a database. Record sets hold it, so that it outlives the Database object that made it.
+struct Session
+{
+    QString path;
+    OpenMode mode = OpenMode::Shared;
+    std::shared_ptr<Workspace> workspace;
+    std::unique_ptr<Companion> companion;   ///< goes after the connection
+    std::shared_ptr<Connection> connection; ///< null when closed
+    std::vector<RowRecordset*> recordsets;
+
+    [[nodiscard]] Connection& Open() const; ///< @throws 3420 when closed
+    [[nodiscard]] bool Updatable() const
+    {
+        return connection && mode != OpenMode::ReadOnly && !connection->ReadOnly();
+    }
+};
+
+} // namespace vasclip::engine

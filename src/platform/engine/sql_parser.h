@@ -1,0 +1,11 @@
+#pragma once
+
+#include "platform/engine/sql_ast.h"
+
+namespace vasclip::engine::sql {
+
+/// Reads one statement. A semicolon may end it; whatever follows is an error.
+/// @throws 3075 with the place and the text near it
+[[nodiscard]] Statement Parse(const QString& text);
+
+} // namespace vasclip::engine::sql

@@ -1,0 +1,332 @@
+#include "platform/engine/sqlite_database.h"
+
+#include "platform/engine/dynaset.h"
+#include "platform/engine/errors.h"
+#include "platform/engine/schema_tables.h"
+#include "platform/engine/table_recordset.h"
+
+#include <QFileInfo>
+
+#include <sqlite3.h>
+
+namespace vasclip::engine {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Finds the tables of the open database and of those that a statement names by their path.
+class SessionCatalog final : public sql::Catalog
+{
+public:
+    explicit SessionCatalog(const Session& session)
+        : m_session(session)
+    {}
+
+    QString Schema(const QString& database) override
+    {
+        if (database.isEmpty())
+            return u"main"_s;
+        const files::Disk& disk = *m_session.workspace->disk;
+        // The extension may be left out.
+        QString path = database;
+        if (!disk.Found(path) && path.lastIndexOf(u'.') <= path.lastIndexOf(u'\\'))
+            path += u".MDB"_s;
+        const QString native = QFileInfo(disk.ToNative(path)).canonicalFilePath();
+        if (native.isEmpty())
+            throw RuntimeError(
+                error::kDatabaseNotFound,
+                u"Could not find the file %1. Make sure that its name and directory are right"_s.arg(path));
+        return m_session.Open().Attach(native, path);
+    }
+
+    const TableDef* Find(const QString& database, const QString& table) override
+    {
+        const TableDef* found = m_session.Open().FindTable(table, Schema(database));
+        if (!found)
+            return nullptr;
+        // The list that it stands in may be read again while the statement is translated.
+        m_found.push_back(std::make_unique<TableDef>(*found));
+        return m_found.back().get();
+    }
+
+private:
+    const Session& m_session;
+    std::vector<std::unique_ptr<TableDef>> m_found;
+};
+
+/// Attached files go when the statement is done, unless a transaction still needs them.
+struct Detaching
+{
+    explicit Detaching(Connection& connection)
+        : owner(connection)
+    {}
+    ~Detaching() { owner.DetachAll(); }
+    Detaching(const Detaching&) = delete;
+    Detaching& operator=(const Detaching&) = delete;
+    Connection& owner;
+};
+
+sql::Plan WholeTable(const TableDef& table)
+{
+    sql::Plan plan;
+    plan.table = table;
+    plan.tableSql = u"\"main\"."_s + sql::QuoteName(table.name);
+    for (int i = 0; i < table.fields.size(); ++i)
+        plan.columns.append({table.fields[i], i, sql::QuoteName(table.fields[i].name)});
+    plan.sql = u"SELECT %1 FROM %2"_s.arg(QString::fromUtf16(sql::kIdColumn), plan.tableSql);
+    return plan;
+}
+
+void CheckName(const QString& name, const QString& what)
+{
+    constexpr int kLongest = 64;
+    const bool bad = name.trimmed().isEmpty() || name.size() > kLongest || name.contains(u'\n') ||
+                     name.contains(QChar(0)) || name.contains(u'[') || name.contains(u']') ||
+                     name.startsWith(u"vas_"_s, Qt::CaseInsensitive) ||
+                     name.startsWith(u"sqlite_"_s, Qt::CaseInsensitive);
+    if (bad)
+        throw RuntimeError(error::kSyntax,
+                           u"'%1' can not be the name of a %2"_s.arg(name.left(kLongest), what));
+}
+
+bool HasField(const TableDef& table, const QString& name)
+{
+    return std::any_of(table.fields.begin(), table.fields.end(), [&](const Field& field) {
+        return field.name.compare(name, Qt::CaseInsensitive) == 0;
+    });
+}
+
+} // namespace
+
+SqliteDatabase::~SqliteDatabase()
+{
+    // A transaction that nobody ended is taken back; record sets keep the file itself open.
+    for (; m_begun > 0 && m_session->connection; --m_begun) {
+        try {
+            m_session->connection->Rollback();
+        } catch (const RuntimeError&) {
+            break; // SQLite does it when the file closes
+        }
+    }
+}
+
+sql::Plan SqliteDatabase::Translate(const QString& text) const
+{
+    SessionCatalog catalog(*m_session);
+    return sql::Translate(text, catalog, QDateTime::currentDateTime());
+}
+
+const TableDef& SqliteDatabase::NeedTable(const QString& name) const
+{
+    const TableDef* table = Open().FindTable(name.trimmed());
+    if (!table)
+        throw RuntimeError(
+            error::kTableUnknown,
+            u"There is no table '%1' in %2. Make sure that its name is spelled correctly"_s.arg(
+                name, m_session->path));
+    return *table;
+}
+
+std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(const QString& source, RecordsetType type)
+{
+    Connection& connection = Open();
+    const QString text = source.trimmed();
+    const bool statement = text.startsWith(u"SELECT"_s, Qt::CaseInsensitive) &&
+                           (text.size() == 6 || !(text[6].isLetterOrNumber() || text[6] == u'_'));
+    if (!statement) {
+        sql::Plan plan = WholeTable(NeedTable(text));
+        if (type == RecordsetType::Table)
+            return std::make_unique<TableRecordset>(m_session, std::move(plan));
+        return std::make_unique<Dynaset>(m_session, std::move(plan));
+    }
+    if (type == RecordsetType::Table)
+        throw RuntimeError(error::kInvalidOperation, u"A query can not be opened as a table"_s);
+    const Detaching detaching(connection);
+    sql::Plan plan = Translate(source);
+    if (plan.kind != sql::Statement::Kind::Select)
+        throw RuntimeError(error::kInvalidOperation,
+                           u"This statement changes data and gives no records to open"_s);
+    if (!plan.tableSql.startsWith(u"\"main\""_s))
+        throw RuntimeError(error::kInvalidOperation,
+                           u"Only tables of the open database can be opened: open the other one instead"_s);
+    return std::make_unique<Dynaset>(m_session, std::move(plan));
+}
+
+void SqliteDatabase::NeedUpdatable() const
+{
+    static_cast<void>(Open());
+    if (!m_session->Updatable())
+        throw RuntimeError(error::kFileIsReadOnly,
+                           u"Can not update: the database %1 is read-only"_s.arg(m_session->path));
+}
+
+void SqliteDatabase::NeedUnused(const QString& table) const
+{
+    Connection& connection = Open();
+    if (connection.InUse(table) || Companion::HasOthers(connection.NativePath()))
+        throw RuntimeError(
+            error::kTableLocked,
+            u"The database engine could not lock table '%1' because it is already in use by another "
+            "person or process"_s.arg(table));
+}
+
+qint64 SqliteDatabase::Execute(const QString& text)
+{
+    Connection& connection = Open();
+    const Detaching detaching(connection);
+    sql::Plan plan = Translate(text);
+    using Kind = sql::Statement::Kind;
+    if (plan.kind == Kind::Select)
+        throw RuntimeError(error::kInvalidOperation, u"A SELECT gives records: open it as a record set"_s);
+    const bool own = plan.target.database.isEmpty() || plan.targetSchema == u"main"_s;
+    if (own || plan.tableSql.startsWith(u"\"main\""_s))
+        NeedUpdatable();
+    if (plan.kind == Kind::Drop && own)
+        NeedUnused(plan.target.table);
+    Writing writing(connection);
+    const qint64 rows = Work(plan);
+    writing.Commit();
+    connection.Touch();
+    return rows;
+}
+
+qint64 SqliteDatabase::Work(const sql::Plan& plan)
+{
+    Connection& connection = Open();
+    using Kind = sql::Statement::Kind;
+    if (plan.kind == Kind::Drop) {
+        DropTable(connection, plan.targetSchema, plan.target.table);
+        return 0;
+    }
+    if (plan.kind == Kind::SelectInto) {
+        CheckName(plan.newTable.name, u"table"_s);
+        for (const Field& field : plan.newTable.fields)
+            CheckName(field.name, u"field"_s);
+        StoreTable(connection, plan.targetSchema, plan.newTable);
+    }
+    Query query(connection, plan.sql);
+    query.BindAll(plan.bindings).Run();
+    return sqlite3_changes64(connection.Handle());
+}
+
+QStringList SqliteDatabase::TableNames() const
+{
+    QStringList names;
+    for (const TableDef& table : Open().Tables())
+        names.append(table.name);
+    return names;
+}
+
+TableDef SqliteDatabase::Table(const QString& name) const
+{
+    return NeedTable(name);
+}
+
+void SqliteDatabase::CreateTable(const TableDef& table)
+{
+    NeedUpdatable();
+    CheckName(table.name, u"table"_s);
+    Connection& connection = Open();
+    if (connection.FindTable(table.name))
+        throw RuntimeError(error::kTableExists, u"The table '%1' already exists"_s.arg(table.name));
+    TableDef seen;
+    for (const Field& field : table.fields) {
+        CheckName(field.name, u"field"_s);
+        if (HasField(seen, field.name))
+            throw RuntimeError(error::kFieldDefinedTwice,
+                               u"The field '%1' is defined more than once"_s.arg(field.name));
+        seen.fields.append(field);
+    }
+    for (const IndexDef& index : table.indexes) {
+        for (const QString& name : index.fields) {
+            if (!HasField(table, name))
+                throw RuntimeError(error::kFieldUnknown,
+                                   u"There is no field '%1' to index in '%2'"_s.arg(name, table.name));
+        }
+    }
+    Writing writing(connection);
+    StoreTable(connection, u"main"_s, table);
+    writing.Commit();
+}
+
+void SqliteDatabase::AppendField(const QString& tableName, const Field& field)
+{
+    NeedUpdatable();
+    CheckName(field.name, u"field"_s);
+    const TableDef table = NeedTable(tableName);
+    if (HasField(table, field.name))
+        throw RuntimeError(
+            error::kFieldDefinedTwice,
+            u"Can not define field '%1' more than once in the table '%2'"_s.arg(field.name, table.name));
+    NeedUnused(table.name);
+    Writing writing(Open());
+    StoreField(Open(), u"main"_s, table, field);
+    writing.Commit();
+}
+
+void SqliteDatabase::AppendIndex(const QString& tableName, const IndexDef& index)
+{
+    NeedUpdatable();
+    const TableDef table = NeedTable(tableName);
+    CheckName(index.name, u"index"_s);
+    IndexDef spelled = index;
+    for (QString& name : spelled.fields) {
+        const auto found = std::find_if(table.fields.begin(), table.fields.end(), [&](const Field& field) {
+            return field.name.compare(name, Qt::CaseInsensitive) == 0;
+        });
+        if (found == table.fields.end())
+            throw RuntimeError(error::kFieldUnknown,
+                               u"There is no field '%1' to index in '%2'"_s.arg(name, table.name));
+        name = found->name;
+    }
+    for (const IndexDef& known : table.indexes) {
+        if (known.name.compare(index.name, Qt::CaseInsensitive) == 0)
+            throw RuntimeError(error::kIndexExists, u"The table '%1' already has an index named '%2'"_s.arg(
+                                                        table.name, index.name));
+    }
+    if (spelled.fields.isEmpty())
+        throw RuntimeError(error::kSyntax, u"The index '%1' has no fields"_s.arg(index.name));
+    NeedUnused(table.name);
+    Writing writing(Open());
+    StoreIndex(Open(), u"main"_s, table, spelled);
+    writing.Commit();
+}
+
+void SqliteDatabase::BeginTrans()
+{
+    Open().Begin();
+    ++m_begun;
+}
+
+void SqliteDatabase::CommitTrans()
+{
+    if (m_begun == 0)
+        throw RuntimeError(error::kNoTransaction, u"There is no transaction to commit"_s);
+    Open().Commit();
+    --m_begun;
+    Open().Touch();
+}
+
+void SqliteDatabase::Rollback()
+{
+    if (m_begun == 0)
+        throw RuntimeError(error::kNoTransaction, u"There is no transaction to roll back"_s);
+    --m_begun;
+    Open().Rollback();
+}
+
+void SqliteDatabase::Close()
+{
+    if (!m_session->connection)
+        return;
+    for (; m_begun > 0; --m_begun)
+        m_session->connection->Rollback();
+    const auto recordsets = m_session->recordsets;
+    for (RowRecordset* recordset : recordsets)
+        recordset->Close();
+    m_session->connection.reset();
+    m_session->companion.reset();
+}
+
+} // namespace vasclip::engine

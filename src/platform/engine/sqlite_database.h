@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/engine/session.h"
+
+namespace vasclip::engine {
+
+/// The database that the engine hands out.
+class SqliteDatabase final : public Database
+{
+public:
+    explicit SqliteDatabase(std::shared_ptr<Session> session)
+        : m_session(std::move(session))
+    {}
+    ~SqliteDatabase() override;
+
+    [[nodiscard]] QString Path() const override { return m_session->path; }
+    [[nodiscard]] OpenMode Mode() const override { return m_session->mode; }
+    [[nodiscard]] std::unique_ptr<Recordset> OpenRecordset(const QString& source,
+                                                           RecordsetType type) override;
+    qint64 Execute(const QString& sql) override;
+    [[nodiscard]] QStringList TableNames() const override;
+    [[nodiscard]] TableDef Table(const QString& name) const override;
+    void CreateTable(const TableDef& table) override;
+    void AppendField(const QString& table, const Field& field) override;
+    void AppendIndex(const QString& table, const IndexDef& index) override;
+    void BeginTrans() override;
+    void CommitTrans() override;
+    void Rollback() override;
+    void Close() override;
+
+private:
+    [[nodiscard]] Connection& Open() const { return m_session->Open(); }
+    [[nodiscard]] sql::Plan Translate(const QString& text) const;
+    [[nodiscard]] const TableDef& NeedTable(const QString& name) const;
+    void NeedUpdatable() const;
+    void NeedUnused(const QString& table) const;
+    qint64 Work(const sql::Plan& plan);
+
+    std::shared_ptr<Session> m_session;
+    int m_begun = 0; ///< transactions of this database object that are open
+};
+
+} // namespace vasclip::engine

@@ -1,0 +1,242 @@
+#include "platform/engine/home.h"
+
+namespace vasclip::engine {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+const QString kFile = u"C:\\DATABOOK.MDB"_s;
+
+QList<Comp> FourComps()
+{
+    return {{u"12 OAK ST"_s, u"Salem"_s, u"100000"_s, u"01/02/2004"_s, u"900"_s},
+            {u"7 ELM AVE"_s, u"SALEM"_s, u"95000"_s, u"12/31/1999"_s, u"1500"_s},
+            {u"1 PINE CT"_s, u"Dover"_s, u"1250000"_s, u"01/01/1900"_s, u"2200"_s},
+            {u"99 ASH LN"_s, QString(), u"250000"_s, u""_s, u""_s}};
+}
+
+struct RecordsetTest : testing::Test
+{
+    RecordsetTest()
+        : database(MakeComps(home.engine, kFile, FourComps()))
+        , table(database->OpenRecordset(u"comps"_s, RecordsetType::Table))
+    {}
+
+    std::unique_ptr<Recordset> Query(const QString& sql)
+    {
+        return database->OpenRecordset(sql, RecordsetType::Dynaset);
+    }
+
+    Home home;
+    std::shared_ptr<Database> database;
+    std::unique_ptr<Recordset> table;
+};
+
+const QStringList kStored = {u"12 OAK ST"_s, u"7 ELM AVE"_s, u"1 PINE CT"_s, u"99 ASH LN"_s};
+const QStringList kByKey = {u"1 PINE CT"_s, u"12 OAK ST"_s, u"7 ELM AVE"_s, u"99 ASH LN"_s};
+
+TEST_F(RecordsetTest, TableWalksInOrderOfInsertionAndOfItsIndex)
+{
+    EXPECT_EQ(Column(*table, u"CENTRALKEY"_s), kStored);
+    table->SetIndex(u"CENTRALKEY"_s);
+    EXPECT_EQ(Column(*table, u"centralkey"_s), kByKey);
+    QStringList back;
+    for (table->MoveLast(); !table->Bof(); table->MovePrevious())
+        back.prepend(table->Value(u"CENTRALKEY"_s).toString());
+    EXPECT_EQ(back, kByKey);
+    EXPECT_EQ(table->RecordCount(), 4);
+}
+
+TEST_F(RecordsetTest, MovingPastTheEndsIsError3021)
+{
+    table->MoveLast();
+    table->MoveNext();
+    EXPECT_TRUE(table->Eof());
+    EXPECT_EQ(ErrorOf([&] { table->MoveNext(); }), error::kNoCurrentRecord);
+    EXPECT_EQ(ErrorOf([&] { static_cast<void>(table->Value(0)); }), error::kNoCurrentRecord);
+    table->MovePrevious();
+    EXPECT_EQ(table->Value(u"CENTRALKEY"_s), u"99 ASH LN"_s);
+    table->MoveFirst();
+    table->MovePrevious();
+    EXPECT_TRUE(table->Bof());
+    EXPECT_EQ(ErrorOf([&] { table->MovePrevious(); }), error::kNoCurrentRecord);
+}
+
+TEST_F(RecordsetTest, SeekFindsWithoutCaseAndTrailingBlanks)
+{
+    table->SetIndex(u"Centralkey"_s);
+    for (const QString& key : {u"7 elm ave"_s, u"7 ELM AVE     "_s, u"7 Elm Ave"_s}) {
+        table->Seek(u"="_s, key);
+        ASSERT_FALSE(table->NoMatch()) << key.toStdString();
+        EXPECT_EQ(table->Value(u"CENTRALKEY"_s), u"7 ELM AVE"_s);
+    }
+    table->MoveNext();
+    EXPECT_EQ(table->Value(u"CENTRALKEY"_s), u"99 ASH LN"_s);
+    table->Seek(u"="_s, u"7 ELM"_s);
+    EXPECT_TRUE(table->NoMatch());
+    EXPECT_EQ(ErrorOf([&] { static_cast<void>(table->Value(0)); }), error::kNoCurrentRecord);
+    EXPECT_EQ(ErrorOf([&] { static_cast<void>(table->GetBookmark()); }), error::kNoCurrentRecord);
+}
+
+TEST_F(RecordsetTest, BookmarkBringsThePositionBack)
+{
+    table->SetIndex(u"Centralkey"_s);
+    table->Seek(u"="_s, u"12 OAK ST"_s);
+    const Bookmark mark = table->GetBookmark();
+    table->Seek(u"="_s, u"nowhere"_s);
+    table->SetBookmark(mark);
+    EXPECT_FALSE(table->NoMatch());
+    EXPECT_EQ(table->Value(u"CENTRALKEY"_s), u"12 OAK ST"_s);
+    table->Delete();
+    EXPECT_EQ(ErrorOf([&] { table->SetBookmark(mark); }), error::kBadBookmark);
+}
+
+TEST_F(RecordsetTest, SeekRefusesWhatItCannotDo)
+{
+    EXPECT_EQ(ErrorOf([&] { table->Seek(u"="_s, u"x"_s); }), error::kNoSuchIndex);
+    EXPECT_EQ(ErrorOf([&] { table->SetIndex(u"FILENUMBERUSER"_s); }), error::kNoSuchIndex);
+    table->SetIndex(u"Centralkey"_s);
+    EXPECT_EQ(ErrorOf([&] { table->Seek(u">="_s, u"x"_s); }), error::kInvalidOperation);
+    const auto query = Query(u"COMPS"_s);
+    EXPECT_EQ(ErrorOf([&] { query->Seek(u"="_s, u"x"_s); }), error::kInvalidOperation);
+    EXPECT_EQ(ErrorOf([&] { query->SetIndex(u"Centralkey"_s); }), error::kInvalidOperation);
+}
+
+TEST_F(RecordsetTest, EditUpdateAndCancel)
+{
+    table->SetIndex(u"Centralkey"_s);
+    table->Seek(u"="_s, u"12 OAK ST"_s);
+    EXPECT_EQ(ErrorOf([&] { table->SetValue(u"CITY"_s, u"Bend"_s); }), error::kNoEdit);
+    EXPECT_EQ(ErrorOf([&] { table->Update(); }), error::kNoEdit);
+    table->Edit();
+    EXPECT_EQ(table->CurrentEditMode(), EditMode::InProgress);
+    table->SetValue(u"CITY"_s, u"Bend"_s);
+    EXPECT_EQ(table->Value(u"CITY"_s), u"Bend"_s);
+    table->CancelUpdate();
+    EXPECT_EQ(table->Value(u"CITY"_s), u"Salem"_s);
+    table->Edit();
+    table->SetValue(u"city"_s, u"Bend"_s);
+    table->Update();
+    EXPECT_EQ(table->CurrentEditMode(), EditMode::None);
+    EXPECT_EQ(table->Value(u"CITY"_s), u"Bend"_s);
+    table->Edit();
+    table->SetValue(u"CITY"_s, u"Lost"_s);
+    table->MoveNext();
+    table->MovePrevious();
+    EXPECT_EQ(table->Value(u"CITY"_s), u"Bend"_s);
+}
+
+TEST_F(RecordsetTest, AddNewKeepsThePosition)
+{
+    table->SetIndex(u"Centralkey"_s);
+    table->Seek(u"="_s, u"12 OAK ST"_s);
+    table->AddNew();
+    EXPECT_EQ(table->CurrentEditMode(), EditMode::Add);
+    EXPECT_FALSE(table->Value(u"CITY"_s).isValid());
+    table->SetValue(u"CENTRALKEY"_s, u"13 NEW RD"_s);
+    table->Update();
+    EXPECT_EQ(table->Value(u"CENTRALKEY"_s), u"12 OAK ST"_s);
+    table->MoveNext();
+    EXPECT_EQ(table->Value(u"CENTRALKEY"_s), u"13 NEW RD"_s);
+}
+
+TEST_F(RecordsetTest, RefusedChanges)
+{
+    QString text;
+    table->AddNew();
+    table->SetValue(u"CENTRALKEY"_s, u"7 elm AVE "_s);
+    EXPECT_EQ(ErrorOf([&] { table->Update(); }, &text), error::kDuplicateKey);
+    EXPECT_EQ(table->CurrentEditMode(), EditMode::Add);
+    EXPECT_EQ(ErrorOf([&] { table->SetValue(u"CENTRALKEY"_s, QString(36, u'x')); }, &text),
+              error::kFieldTooLong);
+    EXPECT_TRUE(text.contains(u"CENTRALKEY"_s) && text.contains(u"35"_s)) << text.toStdString();
+    EXPECT_EQ(ErrorOf([&] { table->SetValue(u"NOWHERE"_s, u"x"_s); }), error::kFieldUnknown);
+    table->CancelUpdate();
+    table->AddNew();
+    EXPECT_EQ(ErrorOf([&] { table->Update(); }), error::kKeyIsNull);
+    EXPECT_EQ(table->RecordCount(), 4);
+}
+
+TEST_F(RecordsetTest, DeleteLeavesNoCurrentRecordUntilAMove)
+{
+    table->SetIndex(u"Centralkey"_s);
+    table->Seek(u"="_s, u"12 OAK ST"_s);
+    table->Delete();
+    EXPECT_EQ(ErrorOf([&] { static_cast<void>(table->Value(0)); }), error::kNoCurrentRecord);
+    table->MoveNext();
+    EXPECT_EQ(table->Value(0), u"7 ELM AVE"_s);
+
+    const auto query = Query(u"SELECT * FROM COMPS ORDER BY CENTRALKEY"_s);
+    query->MoveNext();
+    query->Delete();
+    EXPECT_EQ(query->RecordCount(), 2);
+    EXPECT_EQ(ErrorOf([&] { static_cast<void>(query->Value(0)); }), error::kNoCurrentRecord);
+    query->MoveNext();
+    EXPECT_EQ(query->Value(0), u"99 ASH LN"_s);
+}
+
+TEST_F(RecordsetTest, DynasetSortsByValueAndPeeks)
+{
+    const auto query =
+        Query(u"SELECT COMPS.CENTRALKEY,COMPS.PHOTOS, COMPS.SELLINGPR, COMPS.PHOTOS FROM COMPS ORDER BY "
+              "COMPS.SELLINGPR DESC"_s);
+    EXPECT_EQ(Column(*query, u"SELLINGPR"_s),
+              QStringList({u"1250000"_s, u"250000"_s, u"100000"_s, u"95000"_s}));
+    EXPECT_EQ(query->Fields().size(), 4);
+    query->MoveFirst();
+    EXPECT_EQ(query->Peek(2, {2, 0}), QVariantList({u"100000"_s, u"12 OAK ST"_s}));
+    EXPECT_EQ(query->AbsolutePosition(), 0);
+    query->SetAbsolutePosition(3);
+    EXPECT_EQ(query->Value(0), u"7 ELM AVE"_s);
+    EXPECT_EQ(query->PositionOf(query->GetBookmark()), 3);
+}
+
+TEST_F(RecordsetTest, LongValuesInPieces)
+{
+    QByteArray picture;
+    for (int i = 0; i < 100000; ++i)
+        picture.append(static_cast<char>(i * 7));
+    table->MoveFirst();
+    table->Edit();
+    for (int at = 0; at < picture.size(); at += 32768)
+        table->AppendChunk(u"FRONTPHOTO"_s, picture.mid(at, 32768));
+    table->AppendChunk(u"PHOTOS"_s, "FRONT VIEW|ABCDEFGH\r\n");
+    table->Update();
+    EXPECT_EQ(table->FieldSize(u"FRONTPHOTO"_s), picture.size());
+    QByteArray read;
+    for (qint64 at = 0;; at += 32768) {
+        const QByteArray chunk = table->GetChunk(u"FRONTPHOTO"_s, at, 32768);
+        if (chunk.isEmpty())
+            break;
+        read += chunk;
+    }
+    EXPECT_EQ(read, picture);
+    EXPECT_EQ(table->Value(u"FRONTPHOTO"_s).toByteArray(), picture);
+    EXPECT_EQ(table->Value(u"PHOTOS"_s), u"FRONT VIEW|ABCDEFGH\r\n"_s);
+    table->Edit();
+    table->SetValue(u"FRONTPHOTO"_s, QVariant());
+    table->Update();
+    EXPECT_EQ(table->FieldSize(u"FRONTPHOTO"_s), 0);
+    EXPECT_FALSE(table->Value(u"FRONTPHOTO"_s).isValid());
+}
+
+TEST_F(RecordsetTest, ClosedSetsAndDatabases)
+{
+    database->Close();
+    EXPECT_EQ(ErrorOf([&] { table->MoveFirst(); }), error::kClosed);
+    EXPECT_EQ(ErrorOf([&] { static_cast<void>(database->TableNames()); }), error::kClosed);
+    EXPECT_TRUE(home.engine.Users(kFile).isEmpty());
+}
+
+TEST_F(RecordsetTest, EmptySetHasNeitherBeginningNorEnd)
+{
+    const auto query = Query(u"SELECT * FROM COMPS WHERE CITY = 'Nowhere'"_s);
+    EXPECT_TRUE(query->Bof());
+    EXPECT_TRUE(query->Eof());
+    query->MoveLast();
+    EXPECT_EQ(query->RecordCount(), 0);
+    EXPECT_EQ(query->AbsolutePosition(), -1);
+}
+
+} // namespace
+} // namespace vasclip::engine
