@@ -54,10 +54,12 @@ public:
     void SetEnabled(bool enabled);
     void SetToolTipText(const QString& text);
     void SetFocus() { Q_EMIT FocusWanted(); }
+    void ZOrderFront() { Q_EMIT FrontWanted(); } ///< above the controls that overlap it
 
 Q_SIGNALS:
     void Changed();     ///< something that a window shows has changed
     void FocusWanted(); ///< the rule wants the focus here
+    void FrontWanted(); ///< the rule wants the control above those that overlap it
     void Clicked();     ///< the user clicked (or pressed the key that means it)
     void DoubleClicked();
     void LostFocus();
