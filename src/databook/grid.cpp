@@ -104,6 +104,12 @@ GridRows::GridRows(const store::DataSource& source)
     QObject::connect(&source, &store::DataSource::Refreshed, &m_context, [this] { Forget(); });
 }
 
+void GridRows::Follow(const forms::Grid& grid)
+{
+    QObject::disconnect(m_repaint);
+    m_repaint = QObject::connect(&grid, &forms::Grid::Repaint, &m_context, [this] { Forget(); });
+}
+
 void GridRows::Forget()
 {
     m_fields.clear();
@@ -239,6 +245,7 @@ void DisplayAllRecords(const forms::Ports& ports, RecordDesk& desk, store::DataS
     desk.state.sqlText = sql;
     desk.state.orderByText = orderBy;
     rows.Forget();
+    rows.Follow(desk.grddatabook);
     desk.grddatabook.Rebind(&rows);
     desk.grddatabook.Refresh();
     desk.txtcentralkey.SetText(text::Trim(desk.grddatabook.CurrentText(QStringLiteral("CENTRALKEY"))));

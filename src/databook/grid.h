@@ -27,6 +27,9 @@ public:
     [[nodiscard]] QStringList FieldNames() const override;
     [[nodiscard]] QStringList Row(qint64 row) const override;
 
+    /// From now on a repaint of the grid reads the rows again.
+    void Follow(const forms::Grid& grid);
+
     void Forget(); ///< reads rows again; call after changing a record
 
     static constexpr std::size_t kKeptRows = 512;
@@ -43,7 +46,8 @@ private:
     const store::DataSource& m_source;
     mutable std::vector<Kept> m_kept;
     mutable QList<int> m_fields;
-    QObject m_context; ///< ends the connection to the source
+    QObject m_context; ///< ends the connections
+    QMetaObject::Connection m_repaint;
 };
 
 /// The default column plan: every column of the SELECT in its order, visible, with a caption for people.

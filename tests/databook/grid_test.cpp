@@ -217,7 +217,7 @@ TEST_F(GridOfRecords, RowsOutsideAndRowsGoneAreEmpty)
     EXPECT_EQ(Keys(), u"AC"_s);
 }
 
-TEST_F(GridOfRecords, ChangesShowAfterForgetting)
+TEST_F(GridOfRecords, ChangesShowAfterARepaint)
 {
     Display(1);
     const int city = static_cast<int>(rows.FieldNames().indexOf(u"CITY"_s));
@@ -226,7 +226,7 @@ TEST_F(GridOfRecords, ChangesShowAfterForgetting)
     sources.datDatabook.Recordset().Edit();
     store::SetFieldData(sources.datDatabook, u"Elm Grove"_s, u"CITY"_s);
     sources.datDatabook.Recordset().Update();
-    rows.Forget();
+    desk.grddatabook.Refresh();
     EXPECT_EQ(rows.Row(0).value(city), u"Elm Grove"_s);
 }
 

@@ -1,0 +1,257 @@
+// The grid and the look-ups on a Databook of a million comps, against the bare SQLite API in the same run.
+// usage: bench_grid [ROWS]
+
+#include "databook/grid.h"
+#include "forms/system_ports.h"
+#include "platform/engine/collation.h"
+#include "store/schema.h"
+#include "store/store.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <random>
+#include <vector>
+
+using namespace vasclip;
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double Seconds(const std::function<void()>& work)
+{
+    const Clock::time_point begin = Clock::now();
+    work();
+    return std::chrono::duration<double>(Clock::now() - begin).count();
+}
+
+/// The quickest of a few runs: what the work takes when nothing else does.
+double Best(int runs, const std::function<void()>& work)
+{
+    double best = Seconds(work);
+    for (int run = 1; run < runs; ++run)
+        best = std::min(best, Seconds(work));
+    return best;
+}
+
+QString KeyOf(qint64 row)
+{
+    // Spread over the index, as addresses are.
+    return QStringLiteral("%1 STREET %2").arg((row * 7919) % 100003).arg(row).leftJustified(35);
+}
+
+class Quiet : public forms::Prompter
+{
+public:
+    forms::Answer MsgBox(forms::Buttons, forms::Icon, const QString& title, const QString& text) override
+    {
+        std::fprintf(stderr, "%s: %s\n", qPrintable(title), qPrintable(text));
+        return forms::Answer::Cancel;
+    }
+    QString OpenDialog(const QString&, const QString&, const QString&) override { return {}; }
+};
+class Still : public forms::EventPump
+{
+public:
+    void DoEvents() override {}
+};
+class Stopped : public forms::Clock
+{
+public:
+    [[nodiscard]] QDateTime Now() const override { return QDateTime(QDate(2024, 5, 17), QTime(9, 0)); }
+    void Wait(double) override {}
+};
+class Fixed : public forms::RandomSource
+{
+public:
+    [[nodiscard]] double Rnd() override { return 0.5; }
+};
+class Nowhere : public forms::WindowPort
+{
+public:
+    void AppActivate() override {}
+    void SetHourglass(bool) override {}
+};
+
+void Fill(engine::Engine& engine, const QString& path, qint64 rows)
+{
+    store::MakeDatabase(engine, path);
+    const auto database = engine.OpenDatabase(path, engine::OpenMode::Exclusive);
+    const auto table = database->OpenRecordset(QStringLiteral("COMPS"), engine::RecordsetType::Table);
+    engine::Transaction all(*database);
+    std::mt19937 random(7);
+    for (qint64 row = 0; row < rows; ++row) {
+        const QString key = KeyOf(row);
+        table->AddNew();
+        table->SetValue(QStringLiteral("CENTRALKEY"), key);
+        table->SetValue(QStringLiteral("ADDRESS"), key);
+        table->SetValue(QStringLiteral("CITY"), QStringLiteral("Elm Grove"));
+        table->SetValue(QStringLiteral("ST"), QStringLiteral("WA"));
+        table->SetValue(QStringLiteral("ZIP"), QString::number(98000 + row % 900));
+        table->SetValue(QStringLiteral("GLA"), QString::number(700 + random() % 4000));
+        table->SetValue(QStringLiteral("SELLINGPR"), QString::number(50000 + random() % 950000));
+        table->SetValue(QStringLiteral("SALEDATE"), QStringLiteral("3/%1/2004").arg(1 + row % 28));
+        table->SetValue(QStringLiteral("PHOTOS"), QStringLiteral("FRONT VIEW|ABCDEFGH\r\n"));
+        table->SetValue(QStringLiteral("FRONT"), QStringLiteral("1"));
+        table->Update();
+    }
+    all.Commit();
+}
+
+/// Resident memory of this process that no file backs, in bytes: what was allocated, without the page cache.
+qint64 OwnMemory()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray& line : status.readAll().split('\n'))
+        if (line.startsWith("RssAnon:"))
+            return line.mid(8).trimmed().split(' ').first().toLongLong() * 1024;
+    return 0;
+}
+
+/// A second handle on the file, as the peer that everything is measured against.
+class Bare
+{
+public:
+    explicit Bare(const QString& native)
+    {
+        sqlite3_open_v2(native.toUtf8().constData(), &m_handle, SQLITE_OPEN_READONLY, nullptr);
+        engine::RegisterCollation(m_handle);
+    }
+    ~Bare() { sqlite3_close(m_handle); }
+    sqlite3_stmt* Prepare(const char* sql)
+    {
+        sqlite3_stmt* statement = nullptr;
+        if (sqlite3_prepare_v2(m_handle, sql, -1, &statement, nullptr) != SQLITE_OK) {
+            std::fprintf(stderr, "%s: %s\n", sql, sqlite3_errmsg(m_handle));
+            std::exit(1);
+        }
+        return statement;
+    }
+
+private:
+    sqlite3* m_handle = nullptr;
+};
+
+void Line(const char* what, double value, const char* unit, double limit)
+{
+    std::printf("%-58s %10.3f %-6s (at most %g)%s\n", what, value, unit, limit,
+                value > limit ? "  OVER" : "");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const qint64 count = argc > 1 ? std::atoll(argv[1]) : 1'000'000;
+    const QTemporaryDir home;
+    const files::Disk disk(home.path());
+    engine::Engine engine(disk);
+    Quiet prompter;
+    Still pump;
+    Stopped clock;
+    Fixed random;
+    Nowhere window;
+    const forms::Ports ports{prompter, pump, clock, random, window};
+    const QString path = QStringLiteral("C:\\DATABOOK.MDB");
+    std::printf("%lld comps, made in %.1f s\n", static_cast<long long>(count),
+                Seconds([&] { Fill(engine, path, count); }));
+
+    store::Sources sources(engine);
+    store::Connect2mdb(ports, sources.datDatabook, path, QStringLiteral("COMPS"),
+                       engine::RecordsetType::Table);
+    sources.datsql.SetDatabaseName(path);
+    Bare bare(disk.ToNative(path));
+
+    // Look-ups: the same 20,000 keys, warm.
+    constexpr int kLookups = 20'000;
+    std::mt19937_64 dice(11);
+    std::vector<QString> keys;
+    for (int i = 0; i < kLookups; ++i)
+        keys.push_back(KeyOf(static_cast<qint64>(dice() % static_cast<std::uint64_t>(count))));
+    int found = 0;
+    const double ours = Best(5, [&] {
+        for (const QString& key : keys)
+            found += store::FindRecord(ports, sources.datDatabook, key, QStringLiteral("CENTRALKEY"));
+    });
+    std::vector<QByteArray> bytes;
+    for (const QString& key : keys)
+        bytes.push_back(key.toUtf8());
+    sqlite3_stmt* lookup = bare.Prepare("SELECT rowid FROM COMPS WHERE CENTRALKEY = ?1");
+    const double theirs = Best(5, [&] {
+        for (const QByteArray& key : bytes) {
+            sqlite3_bind_text(lookup, 1, key.constData(), static_cast<int>(key.size()), SQLITE_STATIC);
+            found += sqlite3_step(lookup) == SQLITE_ROW && sqlite3_column_int64(lookup, 0) > 0;
+            sqlite3_reset(lookup);
+        }
+    });
+    sqlite3_finalize(lookup);
+    if (found != 10 * kLookups) {
+        std::fprintf(stderr, "only %d of %d look-ups found their record\n", found, 10 * kLookups);
+        return 1;
+    }
+    std::printf("a look-up: FindRecord %.2f us, bare %.2f us\n", ours / kLookups * 1e6,
+                theirs / kLookups * 1e6);
+    Line("FindRecord, times a bare prepared look-up", ours / theirs, "x", 2);
+
+    // The grid by price: keys and the first screen.
+    constexpr int kScreen = 40;
+    forms::ControlSet set;
+    databook::RecordDesk desk(set);
+    databook::GridRows rows(sources.datsql);
+    const qint64 before = OwnMemory();
+    const auto open = [&] {
+        databook::DisplayAllRecords(ports, desk, sources.datsql, rows, 3);
+        for (int row = 0; row < kScreen; ++row)
+            if (rows.Row(row).isEmpty())
+                std::exit(1);
+    };
+    open();
+    const double memory = static_cast<double>(OwnMemory() - before) / static_cast<double>(count);
+    const double grid = Best(3, open);
+    const double query = Best(3, [&] {
+        sqlite3_stmt* all = bare.Prepare("SELECT rowid FROM COMPS ORDER BY CAST(SELLINGPR AS REAL) DESC");
+        std::vector<qint64> ids;
+        while (sqlite3_step(all) == SQLITE_ROW)
+            ids.push_back(sqlite3_column_int64(all, 0));
+        sqlite3_finalize(all);
+        if (static_cast<qint64>(ids.size()) != count)
+            std::exit(1);
+    });
+    std::printf("the grid by price: ours %.3f s, bare keys %.3f s\n", grid, query);
+    Line("opening the grid, times the bare query of the keys", grid / query, "x", 1.5);
+    Line("memory of the open grid", memory, "B/row", 40);
+
+    // Scrolling anywhere: one row each time, then a screen.
+    std::vector<double> jumps;
+    for (int i = 0; i < 5'000; ++i) {
+        const qint64 row = static_cast<qint64>(dice() % static_cast<std::uint64_t>(count));
+        jumps.push_back(Seconds([&] {
+            if (rows.Row(row).isEmpty())
+                std::exit(1);
+        }));
+    }
+    std::sort(jumps.begin(), jumps.end());
+    std::printf("a jump to a row: median %.3f ms, 99th of 100 %.3f ms\n", jumps[jumps.size() / 2] * 1e3,
+                jumps[jumps.size() * 99 / 100] * 1e3);
+    Line("a jump to any row, the slowest of 5,000", jumps.back() * 1e3, "ms", 2);
+    double slowest = 0;
+    for (int i = 0; i < 500; ++i) {
+        const qint64 top =
+            static_cast<qint64>(dice() % static_cast<std::uint64_t>(std::max<qint64>(1, count - kScreen)));
+        slowest = std::max(slowest, Seconds([&] {
+                               for (int row = 0; row < kScreen; ++row)
+                                   (void)rows.Row(top + row);
+                           }));
+    }
+    std::printf("a jump to a whole screen of %d rows, the slowest of 500: %.3f ms\n", kScreen, slowest * 1e3);
+    return 0;
+}
