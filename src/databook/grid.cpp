@@ -152,7 +152,7 @@ QStringList GridRows::Read(qint64 row) const
 
 QStringList GridRows::Row(qint64 row) const
 {
-    if (row < 0 || !m_source.Bound())
+    if (row < 0 || row >= RowCount())
         return {};
     Kept& kept = m_kept[static_cast<std::size_t>(row) % kKeptRows];
     if (kept.row != row) {
@@ -174,7 +174,7 @@ const QList<forms::GridColumn>& DefaultColumns()
                          .width = row.width,
                          .visible = true,
                          .numberFormat = FormatOf(field),
-                         .rightAligned = stored && stored->sorts == store::SortKind::Number});
+                         .rightAligned = stored && stored->sorts == engine::SortsAs::Number});
         }
         return plan;
     }();

@@ -18,15 +18,15 @@ constexpr int kNoteSize = 255;
 
 constexpr CompsColumn Text(const char* name, int size, const char* heading)
 {
-    return {Name(name), size, SortKind::Text, Name(heading)};
+    return {Name(name), size, engine::SortsAs::Text, Name(heading)};
 }
 constexpr CompsColumn Num(const char* name, int size, const char* heading)
 {
-    return {Name(name), size, SortKind::Number, Name(heading)};
+    return {Name(name), size, engine::SortsAs::Number, Name(heading)};
 }
 constexpr CompsColumn Day(const char* name, const char* heading)
 {
-    return {Name(name), kDateSize, SortKind::Date, Name(heading)};
+    return {Name(name), kDateSize, engine::SortsAs::Date, Name(heading)};
 }
 
 constexpr std::array kComps = {
@@ -199,8 +199,10 @@ engine::FieldList CompsFields()
 {
     engine::FieldList fields;
     fields.reserve(static_cast<qsizetype>(kComps.size()));
-    for (const CompsColumn& column : kComps)
+    for (const CompsColumn& column : kComps) {
         fields.append(MakeField(QString(column.name), TypeOf(column), column.size));
+        fields.last().sortsAs = column.sorts;
+    }
     return fields;
 }
 

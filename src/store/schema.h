@@ -6,15 +6,12 @@
 
 namespace vasclip::store {
 
-/// How a stored text sorts and compares when a statement orders by its column.
-enum class SortKind { Text, Number, Date };
-
 /// One column of COMPS as the schema table has it.
 struct CompsColumn
 {
     QLatin1StringView name;
     int size; ///< characters; 0 for memo and long binary
-    SortKind sorts;
+    engine::SortsAs sorts;
     QLatin1StringView heading; ///< what people call it
 };
 

@@ -13,6 +13,9 @@ using common::RoutineScope;
 
 namespace {
 
+constexpr int kBookmarkGone = 3159;
+constexpr int kRecordDeleted = 3167;
+
 const engine::Field& FieldOf(const DataSource& source, const QString& field)
 {
     const engine::Recordset& recordset = source.Recordset();
@@ -39,6 +42,17 @@ std::optional<engine::Bookmark> PlaceOf(const engine::Recordset& recordset)
     }
 }
 
+/// Another user may have deleted the record that this one stood on: there is then no place to go back to.
+void GoBack(engine::Recordset& recordset, engine::Bookmark place)
+{
+    try {
+        recordset.SetBookmark(place);
+    } catch (const RuntimeError& failure) {
+        if (failure.Number() != kBookmarkGone && failure.Number() != kRecordDeleted)
+            throw;
+    }
+}
+
 bool SeekKey(const forms::Ports& ports, DataSource& source, const QString& key, const QString& index)
 {
     engine::Recordset& recordset = source.Recordset();
@@ -48,7 +62,7 @@ bool SeekKey(const forms::Ports& ports, DataSource& source, const QString& key, 
     recordset.Seek(QStringLiteral("="), key);
     const bool found = !recordset.NoMatch(); // read before the pump: a turn of the queue may seek again
     if (!found && place)
-        recordset.SetBookmark(*place);
+        GoBack(recordset, *place);
     ports.pump.DoEvents();
     return found;
 }

@@ -110,9 +110,9 @@ TEST(Schema, EveryColumnHasAHeadingForPeople)
         headings.insert(QString(column.heading));
     }
     EXPECT_EQ(headings.size(), static_cast<qsizetype>(store::CompsColumns().size()));
-    EXPECT_EQ(store::FindCompsColumn(u"SellingPr"_s)->sorts, store::SortKind::Number);
-    EXPECT_EQ(store::FindCompsColumn(u"SALEDATE"_s)->sorts, store::SortKind::Date);
-    EXPECT_EQ(store::FindCompsColumn(u"CITY"_s)->sorts, store::SortKind::Text);
+    EXPECT_EQ(store::FindCompsColumn(u"SellingPr"_s)->sorts, engine::SortsAs::Number);
+    EXPECT_EQ(store::FindCompsColumn(u"SALEDATE"_s)->sorts, engine::SortsAs::Date);
+    EXPECT_EQ(store::FindCompsColumn(u"CITY"_s)->sorts, engine::SortsAs::Text);
     EXPECT_EQ(store::FindCompsColumn(u"NOFIELD"_s), nullptr);
 }
 
@@ -175,6 +175,7 @@ TEST_F(Making, ADatabookKeepsItsSchemaOnDisk)
         EXPECT_EQ(made.fields.at(i).name, wanted.fields.at(i).name);
         EXPECT_EQ(made.fields.at(i).size, wanted.fields.at(i).size);
         EXPECT_EQ(made.fields.at(i).type, wanted.fields.at(i).type);
+        EXPECT_EQ(made.fields.at(i).sortsAs, wanted.fields.at(i).sortsAs);
     }
     QStringList indexes;
     for (const engine::IndexDef& index : made.indexes)
