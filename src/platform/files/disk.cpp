@@ -37,7 +37,8 @@ QString NameOf(const QString& nativePath)
 QString DirectoryOf(const QString& nativePath)
 {
     const qsizetype slash = nativePath.lastIndexOf(u'/');
-    return slash <= 0 ? QStringLiteral("/") : nativePath.left(slash);
+    const bool isRoot = slash <= 0 || nativePath[slash - 1] == u':';
+    return isRoot ? nativePath.left(slash + 1) : nativePath.left(slash);
 }
 
 } // namespace

@@ -1,0 +1,20 @@
+#include "platform/desktop/one_copy.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+namespace vasclip::desktop {
+
+OneCopy::OneCopy(const QString& home)
+{
+    const QString path = home + QStringLiteral("/.vasclip.lock");
+    QFile mark(path);
+    if (m_lock.Take(path, 0)) {
+        if (mark.open(QIODevice::WriteOnly | QIODevice::Truncate))
+            mark.write(QByteArray::number(QCoreApplication::applicationPid()) + '\n');
+    } else if (mark.open(QIODevice::ReadOnly)) {
+        m_other = mark.readLine(32).trimmed().toLongLong();
+    }
+}
+
+} // namespace vasclip::desktop

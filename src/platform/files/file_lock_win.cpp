@@ -1,0 +1,58 @@
+#include "platform/files/file_lock.h"
+
+#include <QElapsedTimer>
+
+#include <windows.h>
+
+namespace vasclip::files {
+
+namespace {
+
+/// Far behind the content, so that others may read what the holder wrote.
+OVERLAPPED LockedPlace()
+{
+    OVERLAPPED place{};
+    place.Offset = 0;
+    place.OffsetHigh = 0x40000000;
+    return place;
+}
+
+} // namespace
+
+FileLock::~FileLock()
+{
+    Release();
+}
+
+bool FileLock::Take(const QString& path, int waitMs)
+{
+    Release();
+    const HANDLE handle =
+        CreateFileW(reinterpret_cast<const wchar_t*>(path.utf16()), GENERIC_READ | GENERIC_WRITE,
+                    FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE)
+        return false;
+    QElapsedTimer waiting;
+    waiting.start();
+    for (;;) {
+        OVERLAPPED place = LockedPlace();
+        if (LockFileEx(handle, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place))
+            break;
+        if (GetLastError() != ERROR_LOCK_VIOLATION || waiting.elapsed() >= waitMs) {
+            CloseHandle(handle);
+            return false;
+        }
+        Sleep(2);
+    }
+    m_handle = reinterpret_cast<qintptr>(handle);
+    return true;
+}
+
+void FileLock::Release()
+{
+    if (m_handle != -1)
+        CloseHandle(reinterpret_cast<HANDLE>(m_handle));
+    m_handle = -1;
+}
+
+} // namespace vasclip::files

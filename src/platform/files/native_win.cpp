@@ -1,0 +1,294 @@
+#include "platform/files/native.h"
+
+#include <QDir>
+#include <QRandomGenerator>
+
+#include <string>
+
+#include <windows.h>
+
+namespace vasclip::files::native {
+
+namespace {
+
+Failure FailureOf(DWORD code)
+{
+    switch (code) {
+    case ERROR_SUCCESS:
+        return Failure::None;
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_NAME:
+        return Failure::NotFound;
+    case ERROR_DIRECTORY:
+        return Failure::NotADirectory;
+    case ERROR_FILE_EXISTS:
+    case ERROR_ALREADY_EXISTS:
+        return Failure::Exists;
+    case ERROR_DIR_NOT_EMPTY:
+        return Failure::NotEmpty;
+    case ERROR_ACCESS_DENIED:
+    case ERROR_PRIVILEGE_NOT_HELD:
+        return Failure::Denied;
+    case ERROR_WRITE_PROTECT:
+        return Failure::ReadOnlyDisk;
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+    case ERROR_DISK_QUOTA_EXCEEDED:
+        return Failure::Full;
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+        return Failure::Busy;
+    case ERROR_CRC:
+    case ERROR_READ_FAULT:
+    case ERROR_WRITE_FAULT:
+    case ERROR_IO_DEVICE:
+        return Failure::Io;
+    case ERROR_NOT_READY:
+    case ERROR_BAD_UNIT:
+    case ERROR_BAD_NETPATH:
+    case ERROR_DEV_NOT_EXIST:
+        return Failure::NoDevice;
+    case ERROR_FILENAME_EXCED_RANGE:
+    case ERROR_BUFFER_OVERFLOW:
+        return Failure::NameTooLong;
+    case ERROR_NOT_SAME_DEVICE:
+        return Failure::OtherDisk;
+    case ERROR_TOO_MANY_OPEN_FILES:
+        return Failure::TooManyFiles;
+    default:
+        return Failure::Other;
+    }
+}
+
+Failure Answer(BOOL good)
+{
+    return good ? Failure::None : FailureOf(GetLastError());
+}
+
+/// The long form of a path, which may have more than 260 characters.
+std::wstring Wide(const QString& path)
+{
+    return QStringLiteral("\\\\?\\").toStdWString() + QDir::toNativeSeparators(path).toStdWString();
+}
+
+qint64 Nanoseconds(const FILETIME& time)
+{
+    constexpr qint64 kTicksTo1970 = 116'444'736'000'000'000;
+    return ((qint64(time.dwHighDateTime) << 32 | time.dwLowDateTime) - kTicksTo1970) * 100;
+}
+
+class Handle
+{
+public:
+    explicit Handle(HANDLE handle)
+        : m_handle(handle)
+    {}
+    ~Handle() { Close(); }
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+
+    [[nodiscard]] HANDLE Get() const { return m_handle; }
+    [[nodiscard]] bool IsOpen() const { return m_handle != INVALID_HANDLE_VALUE; }
+    void Close()
+    {
+        if (IsOpen())
+            CloseHandle(m_handle);
+        m_handle = INVALID_HANDLE_VALUE;
+    }
+
+private:
+    HANDLE m_handle;
+};
+
+/// A new name beside the target.
+QString FreshName(const QString& target)
+{
+    return target.left(target.lastIndexOf(u'/') + 1) + QString::fromUtf16(kOwnPrefix) +
+           QString::number(QRandomGenerator::system()->generate64(), 36) + QStringLiteral(".tmp");
+}
+
+/// Puts a flushed new file in the target's place, or takes it away again.
+Failure Arrive(const QString& fresh, const QString& target)
+{
+    const DWORD old = GetFileAttributesW(Wide(target).c_str());
+    if (MoveFileExW(Wide(fresh).c_str(), Wide(target).c_str(),
+                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+        if (old != INVALID_FILE_ATTRIBUTES && (old & FILE_ATTRIBUTE_HIDDEN) != 0)
+            SetFileAttributesW(Wide(target).c_str(), old);
+        return Failure::None;
+    }
+    const Failure failure = FailureOf(GetLastError());
+    DeleteFileW(Wide(fresh).c_str());
+    return failure;
+}
+
+} // namespace
+
+Failure Inspect(const QString& path, Info& info)
+{
+    const Handle handle(CreateFileW(Wide(path).c_str(), FILE_READ_ATTRIBUTES,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    BY_HANDLE_FILE_INFORMATION found;
+    if (!handle.IsOpen() || !GetFileInformationByHandle(handle.Get(), &found))
+        return FailureOf(GetLastError());
+    info.directory = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    info.readOnly = !info.directory && (found.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
+    info.size = qint64(found.nFileSizeHigh) << 32 | found.nFileSizeLow;
+    info.modifiedNs = Nanoseconds(found.ftLastWriteTime);
+    info.changedNs = info.modifiedNs;
+    info.device = found.dwVolumeSerialNumber;
+    info.inode = quint64(found.nFileIndexHigh) << 32 | found.nFileIndexLow;
+    return Failure::None;
+}
+
+Failure List(const QString& directory, QList<Entry>& entries)
+{
+    WIN32_FIND_DATAW found;
+    const HANDLE search = FindFirstFileExW((Wide(directory) + L"\\*").c_str(), FindExInfoBasic, &found,
+                                           FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH);
+    if (search == INVALID_HANDLE_VALUE)
+        return FailureOf(GetLastError());
+    do {
+        const QString name = QString::fromWCharArray(found.cFileName);
+        if (name != u"." && name != u"..")
+            entries.append({name, (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0});
+    } while (FindNextFileW(search, &found));
+    const DWORD end = GetLastError();
+    FindClose(search);
+    return end == ERROR_NO_MORE_FILES ? Failure::None : FailureOf(end);
+}
+
+qint64 StampClockNs()
+{
+    FILETIME now;
+    GetSystemTimeAsFileTime(&now);
+    return Nanoseconds(now);
+}
+
+Failure ReadAll(const QString& path, QByteArray& content)
+{
+    const Handle file(CreateFileW(Wide(path).c_str(), GENERIC_READ,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file.IsOpen())
+        return FailureOf(GetLastError());
+    content.clear();
+    QByteArray buffer(64 * 1024, Qt::Uninitialized);
+    for (;;) {
+        DWORD got = 0;
+        if (!ReadFile(file.Get(), buffer.data(), DWORD(buffer.size()), &got, nullptr))
+            return FailureOf(GetLastError());
+        if (got == 0)
+            return Failure::None;
+        content.append(buffer.constData(), got);
+    }
+}
+
+Failure Replace(const QString& path, const QByteArray& content)
+{
+    const QString fresh = FreshName(path);
+    Handle file(CreateFileW(Wide(fresh).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL,
+                            nullptr));
+    if (!file.IsOpen())
+        return FailureOf(GetLastError());
+    Failure failure = Failure::None;
+    constexpr qsizetype kChunk = 16 * 1024 * 1024;
+    for (qsizetype at = 0; at < content.size() && failure == Failure::None; at += kChunk) {
+        DWORD written = 0;
+        failure = Answer(WriteFile(file.Get(), content.constData() + at,
+                                   DWORD(qMin(kChunk, content.size() - at)), &written, nullptr));
+    }
+    if (failure == Failure::None)
+        failure = Answer(FlushFileBuffers(file.Get()));
+    file.Close();
+    if (failure == Failure::None)
+        return Arrive(fresh, path);
+    DeleteFileW(Wide(fresh).c_str());
+    return failure;
+}
+
+Failure Copy(const QString& source, const QString& target)
+{
+    const QString fresh = FreshName(target);
+    if (!CopyFileW(Wide(source).c_str(), Wide(fresh).c_str(), TRUE)) {
+        const Failure failure = FailureOf(GetLastError());
+        DeleteFileW(Wide(fresh).c_str());
+        return failure;
+    }
+    const DWORD attributes = GetFileAttributesW(Wide(fresh).c_str());
+    SetFileAttributesW(Wide(fresh).c_str(), attributes & ~DWORD(FILE_ATTRIBUTE_READONLY));
+    Failure failure = Failure::None;
+    {
+        const Handle file(CreateFileW(Wide(fresh).c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+        failure = file.IsOpen() ? Answer(FlushFileBuffers(file.Get())) : FailureOf(GetLastError());
+    }
+    if (failure != Failure::None) {
+        DeleteFileW(Wide(fresh).c_str());
+        return failure;
+    }
+    failure = Arrive(fresh, target);
+    if (failure == Failure::None)
+        SetFileAttributesW(Wide(target).c_str(), attributes);
+    return failure;
+}
+
+Failure Rename(const QString& from, const QString& onto, bool /*sameFile*/)
+{
+    return Answer(MoveFileExW(Wide(from).c_str(), Wide(onto).c_str(), MOVEFILE_WRITE_THROUGH));
+}
+
+Failure Remove(const QString& path)
+{
+    return Answer(DeleteFileW(Wide(path).c_str()));
+}
+
+Failure MakeDirectory(const QString& path)
+{
+    return Answer(CreateDirectoryW(Wide(path).c_str(), nullptr));
+}
+
+Failure RemoveDirectory(const QString& path)
+{
+    return Answer(RemoveDirectoryW(Wide(path).c_str()));
+}
+
+Failure SetReadOnly(const QString& path, bool readOnly)
+{
+    const DWORD old = GetFileAttributesW(Wide(path).c_str());
+    if (old == INVALID_FILE_ATTRIBUTES)
+        return FailureOf(GetLastError());
+    const DWORD wanted = readOnly ? old | FILE_ATTRIBUTE_READONLY : old & ~DWORD(FILE_ATTRIBUTE_READONLY);
+    return wanted == old ? Failure::None : Answer(SetFileAttributesW(Wide(path).c_str(), wanted));
+}
+
+bool IsHidden(const QString& path)
+{
+    const DWORD attributes = GetFileAttributesW(Wide(path).c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_HIDDEN) != 0;
+}
+
+void SetHidden(const QString& path, bool hidden)
+{
+    const DWORD old = GetFileAttributesW(Wide(path).c_str());
+    if (old == INVALID_FILE_ATTRIBUTES)
+        return;
+    SetFileAttributesW(Wide(path).c_str(),
+                       hidden ? old | FILE_ATTRIBUTE_HIDDEN : old & ~DWORD(FILE_ATTRIBUTE_HIDDEN));
+}
+
+QList<std::pair<QChar, QString>> OwnDrives(const QString& /*home*/)
+{
+    QList<std::pair<QChar, QString>> drives;
+    const DWORD present = GetLogicalDrives();
+    for (int letter = 0; letter < 26; ++letter) {
+        if ((present & (DWORD(1) << letter)) != 0)
+            drives.append({QChar(char16_t(u'A' + letter)),
+                           QString(QChar(char16_t(u'A' + letter))) + QStringLiteral(":/")});
+    }
+    return drives;
+}
+
+} // namespace vasclip::files::native
