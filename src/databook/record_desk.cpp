@@ -106,18 +106,9 @@ void RecordDesk::ButtonStatus(const QString& state)
     const bool found = folded == QLatin1StringView("FOUND");
     if (!found && folded != QLatin1StringView("NOT FOUND"))
         return;
-    cmdAdd.SetEnabled(!found && m_screensThere);
+    cmdAdd.SetEnabled(!found);
     for (forms::Button* button : {&cmdDelete, &cmdRename, &cmdCopy, &cmdEdit})
-        button->SetEnabled(found && m_screensThere);
-}
-
-void RecordDesk::SetScreensThere(bool there)
-{
-    m_screensThere = there;
-    if (there)
-        return;
-    for (forms::Button* button : {&cmdAdd, &cmdDelete, &cmdRename, &cmdCopy, &cmdEdit})
-        button->SetEnabled(false);
+        button->SetEnabled(found);
 }
 
 } // namespace vasclip::databook

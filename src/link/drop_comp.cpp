@@ -15,11 +15,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-bool FindComp(LinkDesk& desk, const QString& key)
-{
-    return store::FindRecord(desk.ports, desk.sources.datDatabook, key, u"CENTRALKEY"_s);
-}
-
 /// The record may have moved while a box was open or the queue turned.
 bool StandsOn(const LinkDesk& desk, const QString& key)
 {
@@ -28,13 +23,25 @@ bool StandsOn(const LinkDesk& desk, const QString& key)
            text::Folded(store::GetFieldData(desk.sources.datDatabook, u"CENTRALKEY"_s)) == text::Folded(key);
 }
 
+/// Goes back to a record that was found before, with no turn of the queue that could move it again.
+bool StandOn(LinkDesk& desk, const QString& key)
+{
+    if (StandsOn(desk, key))
+        return true;
+    engine::Recordset& record = desk.sources.datDatabook.Recordset();
+    record.SetIndex(u"CENTRALKEY"_s);
+    record.Seek(u"="_s, text::Trim(key));
+    return !record.NoMatch();
+}
+
 DropOutcome SendDropped(LinkDesk& desk, const forms::Control& target, forms::PictureBox& photoSlot,
                         const QString& compType, bool clearPhoto)
 {
     const QString key = desk.state.currentKey;
     bool found = false;
     const bool looked = Reported(desk.ports.prompter, "DropComp", [&] {
-        found = FindComp(desk, key);
+        found = store::FindRecord(desk.ports, desk.sources.datDatabook, key, u"CENTRALKEY"_s) &&
+                StandOn(desk, key);
         if (!found)
             return;
         desk.state.displayAddress = common::AddressInCase(
@@ -54,7 +61,7 @@ DropOutcome SendDropped(LinkDesk& desk, const forms::Control& target, forms::Pic
     }
     SendResult result;
     const bool updated = Reported(desk.ports.prompter, "DropComp", [&] {
-        found = StandsOn(desk, key) || FindComp(desk, key);
+        found = StandOn(desk, key);
         if (found)
             result = KelUpdateKel(desk, static_cast<qint16>(target.Index()), CompGroup(compType));
     });

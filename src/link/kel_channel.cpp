@@ -203,12 +203,14 @@ void KelReconnect(Conduit& txtDDE)
     if (txtDDE.LinkMode() != 0)
         return;
     KelQueryActiveReports(txtDDE);
+    const QString report = KelFirstToken(txtDDE.Text());
     try {
-        const QString report = KelFirstToken(txtDDE.Text());
         KelOpenReport(txtDDE, report);
         KelListForms(txtDDE, report);
     } catch (const RuntimeError& failure) {
-        if (failure.Number() != error::kLinkNoAnswer)
+        // Nobody there, or no report of that blank name: not a failure, only nothing to reopen.
+        const bool refusedBlank = report.isEmpty() && failure.Number() == error::kLinkBusy;
+        if (failure.Number() != error::kLinkNoAnswer && !refusedBlank)
             throw;
         txtDDE.SetText(QString());
     }

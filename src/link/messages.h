@@ -53,6 +53,8 @@ inline const QString kSendStopped =
     QStringLiteral("%1 (sending %2 to %3, row %6 of %5 in Comp2Kel). %4 fields were sent and stay in the "
                    "report; this one and "
                    "those after it were not. Drop the comp again to send them all");
+/// %1 the first refusal, %2 how many followed
+inline const QString kMoreRefused = QStringLiteral("%1 (and %2 more fields of the report were refused)");
 /// %1 form, %2 group, %3 page base
 inline const QString kNoRows =
     QStringLiteral("Comp2Kel has no rows for form '%1', group '%2', comp '%3'; nothing was sent");

@@ -81,6 +81,35 @@ void ReadRow(LinkDesk& desk, const QString& report, const MappingRow& row)
         ReadCompRow(desk, report, row, field, static_cast<int>(base));
 }
 
+/// Fields that the forms program refuses one by one: the others are read all the same, and one failure tells
+/// of all.
+class Refusals
+{
+public:
+    template <class Step>
+    void Try(Step&& step)
+    {
+        try {
+            step();
+        } catch (const RuntimeError& failure) {
+            if (failure.Number() != error::kLinkBusy)
+                throw;
+            if (++m_count == 1)
+                m_first = failure.Description();
+        }
+    }
+    void Throw() const
+    {
+        if (m_count > 0)
+            throw RuntimeError(error::kLinkBusy,
+                               m_count == 1 ? m_first : messages::kMoreRefused.arg(m_first).arg(m_count - 1));
+    }
+
+private:
+    int m_count = 0;
+    QString m_first;
+};
+
 void NoMapping(LinkDesk& desk)
 {
     desk.ports.prompter.Box(messages::kNoMappingTitle, messages::kNoMapping);
@@ -101,14 +130,16 @@ bool ReadAddresses(LinkDesk& desk)
     const QList<MappingRow> rows = ReadMappingRows(mapping);
     ClearReportFields(desk.addr);
     const QString report = text::Trim(desk.addr.txtKelReport.Text());
+    Refusals refusals;
     for (const MappingRow& row : rows) {
         if (text::Folded(row.formType) != text::Folded(formType)) {
             NoMapping(desk);
             break;
         }
-        ReadRow(desk, report, row);
+        refusals.Try([&] { ReadRow(desk, report, row); });
         desk.ports.pump.DoEvents();
     }
+    refusals.Throw();
     return true;
 }
 
@@ -142,7 +173,7 @@ void AddKelEntries2VASP(LinkDesk& desk)
         return;
     }
     desk.status.gauProgress.SetCaption(messages::kImporting);
-    bool mapped = true;
+    bool mapped = true; // a read that failed in the middle goes on with the pictures
     Reported(desk.ports.prompter, "AddKelEntries2VASP", [&] { mapped = ReadAddresses(desk); });
     if (!mapped)
         return;

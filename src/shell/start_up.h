@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/ini_location.h"
+#include <QString>
 
 #include <functional>
 
@@ -11,8 +11,7 @@ struct StartUpOptions
 {
     QString commandLine;
     std::function<bool()> previousInstance; ///< is another copy running? null: no
-    SystemPlaces places;
-    QString version; ///< major.minor.revision
+    QString executableDir;                  ///< drive path of the program's directory, with a backslash
 };
 
 /// The switches, read from the whole line upper-cased.
