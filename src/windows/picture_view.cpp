@@ -69,7 +69,8 @@ void PictureView::paintEvent(QPaintEvent*)
     const bool wanted = property("dropWanted").toBool();
     const bool empty = m_picture.isNull() || !m_shown;
 
-    painter.fillPath(shape, drop ? colours.accentSoft : empty ? colours.well : colours.photoGround);
+    if (!m_bare)
+        painter.fillPath(shape, drop ? colours.accentSoft : empty ? colours.well : colours.photoGround);
     if (empty) {
         PaintEmpty(painter, ground);
     } else {
@@ -89,6 +90,8 @@ void PictureView::paintEvent(QPaintEvent*)
         painter.restore();
     }
 
+    if (m_bare)
+        return;
     QPen pen(colours.border, 1);
     if (drop || hasFocus())
         pen = QPen(colours.accent, 2);

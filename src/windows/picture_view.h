@@ -31,6 +31,9 @@ public:
     [[nodiscard]] bool IsLamp() const { return m_lamp; }
     void SetLamp(bool lamp) { m_lamp = lamp; }
 
+    /// Without ground and border, for a sign.
+    void SetBare(bool bare) { m_bare = bare; }
+
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -59,6 +62,7 @@ private:
     bool m_pressed = false;
     bool m_shown = true;
     bool m_lamp = false;
+    bool m_bare = false;
 };
 
 } // namespace vasclip::windows

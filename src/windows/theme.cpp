@@ -1,11 +1,11 @@
 #include "windows/theme.h"
 
 #include "windows/icons.h"
+#include "windows/style.h"
 
 #include <QApplication>
 #include <QPalette>
 #include <QSettings>
-#include <QStyleFactory>
 
 namespace vasclip::windows {
 
@@ -134,21 +134,9 @@ QToolButton:pressed { background: $selection; }
 QToolButton:focus { border: 2px solid $accent; padding: 3px; }
 QToolButton:disabled { color: $faint; }
 QToolButton::menu-indicator { image: none; }
-QFrame#reportPane, QFrame#recordPane, QFrame#databookPane, QFrame#mapPane { background: $surface;
+QFrame#reportPane, QFrame#recordPane, QFrame#recordsPane, QFrame#mapPane { background: $surface;
   border: 1px solid $border; border-radius: 10px; }
 QFrame[card="true"] { background: $surface; border: 1px solid $border; border-radius: 8px; }
-QTabWidget::pane { border: none; }
-QTabBar { background: transparent; qproperty-drawBase: 0; }
-QTabBar::tab { background: transparent; color: $muted; padding: 6px 12px; margin: 0 2px;
-  border: 2px solid transparent; border-bottom: 2px solid transparent; }
-QTabBar::tab:hover { color: $text; border-bottom-color: $border; }
-QTabBar::tab:selected { color: $accent; border-bottom-color: $accent; font-weight: 600; }
-QTabBar::tab:focus { color: $accent; border: 2px solid $accent; border-radius: 6px; }
-QTabBar::tab:disabled { color: $faint; }
-QTabBar[pills="true"]::tab { padding: 3px 10px; border: 1px solid $border; border-radius: 12px; margin: 4px 2px; }
-QTabBar[pills="true"]::tab:hover { border-color: $borderStrong; }
-QTabBar[pills="true"]::tab:selected { background: $accentSoft; border-color: $accent; color: $accent; }
-QTabBar[pills="true"]::tab:focus { border: 2px solid $accent; border-radius: 12px; padding: 2px 9px; }
 QTableView, QListView { background: $surface; alternate-background-color: $alternate; border: 1px solid $border;
   border-radius: 6px; outline: none; selection-background-color: $selection;
   selection-color: $selectionText; }
@@ -223,7 +211,7 @@ Theme::Theme(QApplication& app, QSettings* settings)
         const int stored = m_settings->value(kThemeKey, 0).toInt();
         m_choice = static_cast<ThemeChoice>(stored >= 0 && stored <= 2 ? stored : 0);
     }
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new TabStyle);
     InitIcons(); // the sheet names files among them
     Apply();
 }

@@ -1,0 +1,65 @@
+#include "windows/about_box.h"
+
+#include "windows/icons.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace vasclip::windows {
+
+namespace {
+
+QLabel* Plain(const QString& text, const char* role, QWidget* parent)
+{
+    auto* label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setText(text);
+    label->setWordWrap(true);
+    label->setProperty("role", QString::fromLatin1(role));
+    return label;
+}
+
+} // namespace
+
+AboutBox::AboutBox(const AboutText& text, QWidget* parent)
+    : QDialog(parent)
+{
+    setWindowTitle(tr("About %1").arg(text.product));
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(24, 24, 24, 16);
+    rows->setSpacing(16);
+    auto* head = new QHBoxLayout;
+    head->setSpacing(16);
+    auto* logo = new QLabel(this);
+    logo->setPixmap(ApplicationIcon().pixmap(QSize(72, 72), devicePixelRatioF()));
+    logo->setAccessibleName(text.product);
+    head->addWidget(logo, 0, Qt::AlignTop);
+    auto* names = new QVBoxLayout;
+    names->setSpacing(4);
+    names->addWidget(Plain(text.product, "heading", this));
+    names->addWidget(Plain(tr("Version %1").arg(text.version), "quiet", this));
+    if (!text.company.isEmpty())
+        names->addWidget(Plain(text.company, "quiet", this));
+    names->addWidget(Plain(tr("Photos, comparables and the appraisal report, side by side."), "", this));
+    head->addLayout(names, 1);
+    rows->addLayout(head);
+    auto* facts = new QFormLayout;
+    facts->setHorizontalSpacing(16);
+    facts->setVerticalSpacing(8);
+    for (const auto& [name, value] : text.facts) {
+        QLabel* shown = Plain(value, "", this);
+        shown->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+        facts->addRow(Plain(name, "quiet", this), shown);
+    }
+    rows->addLayout(facts);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    rows->addStretch(1);
+    rows->addWidget(buttons);
+    setMinimumWidth(440);
+}
+
+} // namespace vasclip::windows

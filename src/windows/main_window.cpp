@@ -1,0 +1,358 @@
+#include "windows/main_window.h"
+
+#include "ui_frm_main.h"
+#include "windows/drop_port.h"
+#include "windows/guard.h"
+#include "windows/icons.h"
+#include "windows/send_to_slot.h"
+#include "windows/slot_page.h"
+#include "windows/theme.h"
+
+#include <QActionGroup>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLineEdit>
+#include <QLocale>
+#include <QScreen>
+#include <QSettings>
+#include <QTimer>
+#include <QToolButton>
+
+namespace vasclip::windows {
+
+namespace {
+
+const QString kGeometry = QStringLiteral("window/geometry");
+const QString kMainSplitter = QStringLiteral("window/mainSplitter");
+const QString kTopSplitter = QStringLiteral("window/topSplitter");
+const QString kGridName = QStringLiteral("grddatabook");
+
+/// Widgets made late stand at the end of the tab order; these belong behind the bar of their book.
+void ChainFocus(QWidget* behind, const QWidget& page)
+{
+    for (QWidget* widget : page.findChildren<QWidget*>()) {
+        if ((widget->focusPolicy() & Qt::TabFocus) == 0 || widget->focusProxy() != nullptr ||
+            widget->window() != behind->window()) // the list of a combo box
+            continue;
+        QWidget::setTabOrder(behind, widget);
+        behind = widget;
+    }
+}
+
+} // namespace
+
+MainWindow::MainWindow(forms::ControlSet& controls, DropPort& port, EventGuard& guard, Theme& theme,
+                       QSettings& settings)
+    : m_ui(std::make_unique<Ui::frm_Main>())
+    , m_theme(theme)
+    , m_settings(settings)
+    , m_port(port)
+    , m_binder(controls, guard)
+    , m_drags(m_binder, port)
+{
+    m_ui->setupUi(this);
+    setWindowIcon(ApplicationIcon());
+    BuildHeader();
+    BuildPages();
+    BuildViewMenu();
+    Decorate();
+    NamesForReaders();
+    // The stems run beside lstViews, line for line; people look at the views.
+    m_binder.DeclareUnseen(
+        {QStringLiteral("lstimages"), QStringLiteral("txtimage"), QStringLiteral("lblLabelTag")});
+    m_binder.Bind(*this);
+    for (QTabWidget* book : {m_ui->TabSubject})
+        book->tabBar()->setAutoHide(true);
+    if (auto* grid = qobject_cast<forms::Grid*>(controls.Find(kGridName))) {
+        connect(grid, &forms::Grid::Rebound, this, &MainWindow::ShowRecordCount);
+        connect(grid, &forms::Grid::RowColChange, this, &MainWindow::ShowRecordCount);
+        ShowRecordCount();
+    }
+    connect(m_ui->grddatabook, &RecordGrid::FirstPainted, this, &MainWindow::FirstPainted);
+    connect(&theme, &Theme::Changed, this, &MainWindow::MarkTheme);
+    MarkTheme();
+    RestoreLayout();
+}
+
+MainWindow::~MainWindow() = default;
+
+RecordGrid& MainWindow::Databook() const
+{
+    return *m_ui->grddatabook;
+}
+
+/// Beside the source tabs: refresh the report, send the record, change the theme.
+void MainWindow::BuildHeader()
+{
+    auto* corner = new QWidget(m_ui->tabSource);
+    auto* line = new QHBoxLayout(corner);
+    line->setContentsMargins(0, 2, 0, 2);
+    line->setSpacing(4);
+    const auto button = [&](const QString& name, const char* icon, const QString& words, const QString& tip) {
+        auto* made = new QToolButton(corner);
+        made->setObjectName(name);
+        made->setIcon(ThemedIcon(QLatin1StringView(icon)));
+        made->setText(words);
+        made->setToolTip(tip);
+        made->setToolButtonStyle(words.isEmpty() ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
+        made->setFocusPolicy(Qt::TabFocus);
+        made->setAccessibleName(tip);
+        line->addWidget(made);
+        return made;
+    };
+    button(QStringLiteral("imaKel"), "house", tr("Re&fresh report"),
+           tr("Read the open report and fill the tabs from it"));
+    auto* send = button(QStringLiteral("sendButton"), "send", tr("Send to sl&ot"),
+                        tr("Drop the current record on a slot (Ctrl+Enter)"));
+    connect(send, &QToolButton::clicked, this, &MainWindow::SendToSlot);
+    m_themeButton = button(QStringLiteral("themeButton"), "moon", QString(), tr("Light or dark"));
+    connect(m_themeButton, &QToolButton::clicked, this,
+            [this] { m_theme.Choose(m_theme.IsDark() ? ThemeChoice::Light : ThemeChoice::Dark); });
+    m_ui->tabSource->setCornerWidget(corner, Qt::TopRightCorner);
+}
+
+/// Gives every tab widget the pages that its control has; the slot pages are filled when they are shown.
+void MainWindow::BuildPages()
+{
+    const auto pagesOf = [this](const QString& name) {
+        const auto* tab = qobject_cast<const forms::TabControl*>(m_binder.Controls().Find(name));
+        return tab == nullptr ? 0 : tab->Tabs();
+    };
+    QHash<QString, QTabWidget*> books;
+    for (QTabWidget* book :
+         {m_ui->TabSubject, m_ui->TabComp, m_ui->TabGeneral, m_ui->TabListing, m_ui->TabRental}) {
+        books.insert(book->objectName(), book);
+        book->setDocumentMode(true);
+        book->tabBar()->setProperty("pills", true);
+    }
+    for (QTabWidget* book : findChildren<QTabWidget*>()) {
+        book->tabBar()->setDrawBase(false);
+        book->tabBar()->setExpanding(false);
+        book->tabBar()->setUsesScrollButtons(true);
+        book->tabBar()->setChangeCurrentOnDrag(true); // a drag opens the page it rests on
+        book->setFocusProxy(nullptr);                 // the bar takes the focus itself, unless it is hidden
+        book->setFocusPolicy(Qt::NoFocus);
+        book->tabBar()->setFocusPolicy(Qt::StrongFocus);
+    }
+    for (const SlotGroup& group : kSlotGroups) {
+        QTabWidget* book = books.value(QLatin1StringView(group.tab));
+        for (int page = 0; page < group.pages; ++page) {
+            const auto built = [this, bar = book->tabBar()](QWidget& whole) {
+                ChainFocus(bar, whole);
+                m_binder.Bind(whole);
+            };
+            auto* made = new SlotPage(group, page, built, book);
+            book->addTab(made, QString());
+            m_pages.append(made);
+        }
+    }
+    for (QTabWidget* book : std::as_const(books)) {
+        while (book->count() < pagesOf(book->objectName()))
+            book->addTab(new QWidget(book), QString());
+    }
+    while (m_ui->tabSource->count() < pagesOf(QStringLiteral("tabSource")))
+        m_ui->tabSource->addTab(new QWidget, QString());
+}
+
+void MainWindow::BuildAllPages()
+{
+    for (SlotPage* page : std::as_const(m_pages))
+        page->Build();
+}
+
+QStringList MainWindow::Leftovers()
+{
+    BuildAllPages();
+    return m_binder.Leftovers(*this);
+}
+
+void MainWindow::BuildViewMenu()
+{
+    QMenu* menu = m_ui->viewMenu;
+    const auto add = [&](const QString& words, const QKeySequence& keys, auto handler) {
+        QAction* action = menu->addAction(words);
+        action->setShortcut(keys);
+        connect(action, &QAction::triggered, this, [this, handler] { m_binder.Guard().Run(handler); });
+        return action;
+    };
+    QAction* send =
+        add(tr("&Send to Slot..."), QKeySequence(Qt::CTRL | Qt::Key_Return), [this] { SendToSlot(); });
+    send->setIcon(ThemedIcon(QStringLiteral("send")));
+    m_ui->grddatabook->addAction(send);
+    m_ui->grddatabook->setContextMenuPolicy(Qt::ActionsContextMenu);
+    menu->addSeparator();
+    add(tr("&Next Pane"), QKeySequence(Qt::Key_F6), [this] { NextPane(1); });
+    add(tr("&Previous Pane"), QKeySequence(Qt::SHIFT | Qt::Key_F6), [this] { NextPane(-1); });
+    add(tr("&Databook Grid"), QKeySequence(Qt::CTRL | Qt::Key_G),
+        [this] { m_ui->grddatabook->setFocus(Qt::ShortcutFocusReason); });
+    add(tr("Address of a &Comp"), QKeySequence(Qt::CTRL | Qt::Key_K), [this] {
+        m_ui->txtcentralkey->setFocus(Qt::ShortcutFocusReason);
+        m_ui->txtcentralkey->selectAll();
+    });
+    menu->addSeparator();
+    QMenu* themes = menu->addMenu(tr("&Theme"));
+    m_themes = new QActionGroup(this);
+    const std::pair<QString, ThemeChoice> choices[] = {{tr("&As the Desktop"), ThemeChoice::System},
+                                                       {tr("&Light"), ThemeChoice::Light},
+                                                       {tr("&Dark"), ThemeChoice::Dark}};
+    for (const auto& [words, choice] : choices) {
+        QAction* action = themes->addAction(words);
+        action->setCheckable(true);
+        action->setData(static_cast<int>(choice));
+        m_themes->addAction(action);
+        connect(action, &QAction::triggered, this, [this, picked = choice] { m_theme.Choose(picked); });
+    }
+    add(tr("&Reset Layout"), {}, [this] { ResetLayout(); });
+}
+
+/// Icons and the ways buttons are drawn.
+void MainWindow::Decorate()
+{
+    m_ui->tabSource->setTabIcon(0, ThemedIcon(QStringLiteral("report")));
+    m_ui->tabSource->setTabIcon(1, ThemedIcon(QStringLiteral("map")));
+    m_ui->atlasEmpty->SetWords(
+        QStringLiteral("map"), tr("No map yet"),
+        tr("Streets, arrows and proximities will be drawn here. Until then comps are sent without a map."));
+    m_ui->geamaintain->SetEmptyIcon(QStringLiteral("photo"));
+    m_ui->geamaintain->SetEmptyText(tr("No photo"));
+    m_ui->cmdAdd->setProperty("primary", true);
+    m_ui->lblDatabookADDR->setProperty("role", QStringLiteral("title"));
+    m_ui->lblAddingaComp->setProperty("role", QStringLiteral("title"));
+    m_ui->lblPhotomsg->setProperty("role", QStringLiteral("quiet"));
+    m_ui->recordCount->setProperty("role", QStringLiteral("quiet"));
+    m_ui->viewsCaption->setProperty("role", QStringLiteral("quiet"));
+    const std::tuple<QToolButton*, const char*, bool> tools[] = {
+        {m_ui->cmdCopy, "copy", true},         {m_ui->cmdRename, "rename", true},
+        {m_ui->cmdEdit, "edit", true},         {m_ui->cmdDelete, "delete", true},
+        {m_ui->cmdAddManual, "manual", false}, {m_ui->cmdSearch, "search", true},
+        {m_ui->cmdDetails, "details", false},  {m_ui->cmdRefresh, "refresh", false},
+        {m_ui->cmdPrint, "print", false}};
+    for (const auto& [button, icon, words] : tools) {
+        button->setIcon(ThemedIcon(QLatin1StringView(icon)));
+        button->setToolButtonStyle(words ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
+        button->setFocusPolicy(Qt::StrongFocus);
+    }
+    m_ui->mainSplitter->setStretchFactor(0, 1);
+    m_ui->mainSplitter->setStretchFactor(1, 1);
+    m_ui->topSplitter->setStretchFactor(0, 5);
+    m_ui->topSplitter->setStretchFactor(1, 2);
+    m_ui->reportPane->setMinimumSize(520, 240);
+    m_ui->recordPane->setMinimumSize(280, 200);
+    m_ui->recordsPane->setMinimumHeight(160);
+}
+
+void MainWindow::NamesForReaders()
+{
+    m_ui->grddatabook->setAccessibleName(tr("Databook records"));
+    m_ui->txtcentralkey->setAccessibleName(tr("Address of a comp"));
+    m_ui->cboapprslType->setAccessibleName(tr("Type of the comp"));
+    m_ui->geamaintain->setAccessibleName(tr("Photo of the current record"));
+    m_ui->lstViews->setAccessibleName(tr("Views of the current record"));
+    m_ui->txtView->setAccessibleName(tr("Name of the view"));
+    m_ui->TabData->tabBar()->setAccessibleName(tr("Groups of the report"));
+}
+
+/// From pane to pane: source tabs, report, record, add row, grid.
+void MainWindow::NextPane(int step)
+{
+    QWidget* report = m_ui->TabData->tabBar();
+    const QList<QWidget*> panes = {m_ui->tabSource->tabBar(), report, m_ui->lstViews, m_ui->txtcentralkey,
+                                   m_ui->grddatabook};
+    const QList<QWidget*> grounds = {m_ui->tabSource->tabBar(), m_ui->reportPane, m_ui->recordPane,
+                                     m_ui->txtcentralkey, m_ui->grddatabook};
+    qsizetype at = -1;
+    for (qsizetype i = 0; i < grounds.size(); ++i) {
+        if (QWidget* focus = focusWidget();
+            focus != nullptr && (focus == grounds.at(i) || grounds.at(i)->isAncestorOf(focus)))
+            at = i;
+    }
+    for (qsizetype tries = 0; tries < panes.size(); ++tries) {
+        at = at < 0 ? (step > 0 ? 0 : panes.size() - 1) : (at + step + panes.size()) % panes.size();
+        if (panes.at(at)->isVisible() && panes.at(at)->isEnabled()) {
+            panes.at(at)->setFocus(Qt::ShortcutFocusReason);
+            return;
+        }
+    }
+}
+
+void MainWindow::SendToSlot()
+{
+    auto* grid = qobject_cast<forms::Grid*>(m_binder.Controls().Find(kGridName));
+    if (grid == nullptr || grid->Row() < 0)
+        return;
+    QList<SlotChoice> choices;
+    QString record;
+    if (!m_binder.Guard().Run([&] {
+            choices = SlotChoices(m_binder.Controls(), m_port, grid->Name());
+            record = grid->CurrentText(QStringLiteral("CENTRALKEY")).trimmed();
+        }))
+        return;
+    SendToSlotDialog dialog(record, choices, this);
+    if (dialog.exec() != QDialog::Accepted || dialog.Target() == nullptr)
+        return;
+    m_drags.Drop(*grid, *dialog.Target());
+}
+
+void MainWindow::ShowRecordCount()
+{
+    const auto* grid = m_ui->grddatabook->Control();
+    if (grid == nullptr)
+        return;
+    m_binder.Guard().Run([&] {
+        const QLocale locale;
+        const qint64 rows = grid->Source() == nullptr ? 0 : grid->Source()->RowCount();
+        m_ui->recordCount->setText(
+            rows == 0 ? tr("No records")
+                      : tr("Record %1 of %2").arg(locale.toString(grid->Row() + 1), locale.toString(rows)));
+        m_drags.SetCardText(grid->CurrentText(QStringLiteral("CENTRALKEY")).trimmed(),
+                            QStringLiteral("%1 %2")
+                                .arg(grid->CurrentText(QStringLiteral("CITY")).trimmed(),
+                                     grid->CurrentText(QStringLiteral("ST")).trimmed())
+                                .trimmed());
+    });
+}
+
+void MainWindow::MarkTheme()
+{
+    m_themeButton->setIcon(ThemedIcon(m_theme.IsDark() ? QStringLiteral("sun") : QStringLiteral("moon")));
+    for (QAction* action : m_themes->actions())
+        action->setChecked(action->data().toInt() == static_cast<int>(m_theme.Choice()));
+}
+
+void MainWindow::ResetLayout()
+{
+    const int height = m_ui->mainSplitter->height();
+    const int width = m_ui->topSplitter->width();
+    m_ui->mainSplitter->setSizes({height / 2, height - height / 2});
+    m_ui->topSplitter->setSizes({width * 5 / 7, width - width * 5 / 7});
+}
+
+void MainWindow::RestoreLayout()
+{
+    const QRect room = screen()->availableGeometry();
+    if (!restoreGeometry(m_settings.value(kGeometry).toByteArray())) {
+        resize(std::min(1600, room.width() - 40), std::min(960, room.height() - 60));
+        m_ui->topSplitter->setSizes({5000, 2000});
+        m_ui->mainSplitter->setSizes({5000, 5000});
+    }
+    m_ui->mainSplitter->restoreState(m_settings.value(kMainSplitter).toByteArray());
+    m_ui->topSplitter->restoreState(m_settings.value(kTopSplitter).toByteArray());
+}
+
+void MainWindow::SaveLayout()
+{
+    m_settings.setValue(kGeometry, saveGeometry());
+    m_settings.setValue(kMainSplitter, m_ui->mainSplitter->saveState());
+    m_settings.setValue(kTopSplitter, m_ui->topSplitter->saveState());
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    if (std::exchange(m_unloaded, true))
+        return;
+    SaveLayout();
+    m_binder.Guard().Run([this] { Q_EMIT Unload(); });
+}
+
+} // namespace vasclip::windows

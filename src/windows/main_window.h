@@ -1,0 +1,86 @@
+#pragma once
+
+#include "windows/binder.h"
+#include "windows/drag_desk.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+class QActionGroup;
+class QLabel;
+class QSettings;
+class QTabWidget;
+class QToolButton;
+
+namespace Ui {
+class frm_Main;
+}
+
+namespace vasclip::windows {
+
+class DropPort;
+class EventGuard;
+class RecordGrid;
+class SlotPage;
+class Theme;
+
+/// The window of frm_Main: bound to the controls by their names, it knows no rule.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    /// All of it outlives the window.
+    /// @param settings  where places of splitters, the window's size and the theme are kept
+    /// @throws RuntimeError if a widget cannot show its control
+    MainWindow(forms::ControlSet& controls, DropPort& port, EventGuard& guard, Theme& theme,
+               QSettings& settings);
+    ~MainWindow() override;
+
+    /// Builds the slot pages that have not been shown yet.
+    void BuildAllPages();
+    /// See Binder::Leftovers; builds all pages first.
+    [[nodiscard]] QStringList Leftovers();
+
+    [[nodiscard]] Binder& Bindings() { return m_binder; }
+    [[nodiscard]] DragDesk& Drags() { return m_drags; }
+    [[nodiscard]] RecordGrid& Databook() const;
+
+    /// Picks up the current record and asks for the slot to drop it on.
+    void SendToSlot();
+    /// Closes the window; it asks nothing.
+    void CloseNow() { close(); }
+    void ResetLayout();
+
+Q_SIGNALS:
+    void Unload();       ///< once, when the window has been closed by whatever way
+    void FirstPainted(); ///< the grid stands on the screen
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void BuildHeader();
+    void BuildPages();
+    void BuildViewMenu();
+    void Decorate();
+    void NamesForReaders();
+    void NextPane(int step);
+    void RestoreLayout();
+    void SaveLayout();
+    void ShowRecordCount();
+    void MarkTheme();
+
+    std::unique_ptr<Ui::frm_Main> m_ui;
+    Theme& m_theme;
+    QSettings& m_settings;
+    DropPort& m_port;
+    Binder m_binder;
+    DragDesk m_drags;
+    QList<SlotPage*> m_pages;
+    QActionGroup* m_themes = nullptr;
+    QToolButton* m_themeButton = nullptr;
+    bool m_unloaded = false;
+};
+
+} // namespace vasclip::windows

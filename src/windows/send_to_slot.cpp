@@ -1,0 +1,137 @@
+#include "windows/send_to_slot.h"
+
+#include "windows/drop_port.h"
+#include "windows/icons.h"
+#include "windows/slot_groups.h"
+
+#include <QDialogButtonBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace vasclip::windows {
+
+namespace {
+
+QString TextOf(const forms::Control* control)
+{
+    if (const auto* box = qobject_cast<const forms::TextBox*>(control))
+        return box->Text().trimmed();
+    if (const auto* combo = qobject_cast<const forms::ComboBox*>(control))
+        return combo->Text().trimmed();
+    return {};
+}
+
+} // namespace
+
+QList<SlotChoice> SlotChoices(const forms::ControlSet& controls, const DropPort& port, const QString& source)
+{
+    QList<SlotChoice> choices;
+    const auto add = [&](forms::Control* target, const QString& title, const QString& effect,
+                         const QString& now) {
+        if (target != nullptr && target->Enabled() && port.Accepts(source, *target))
+            choices.append({title, effect, now, target});
+    };
+    for (const SlotGroup& group : kSlotGroups) {
+        for (int page = 0; page < group.pages; ++page) {
+            if (!PageAvailable(controls, group, page))
+                continue;
+            if (group.dataPage == 0)
+                add(controls.Find(QStringLiteral("txtSubject")), SendToSlotDialog::tr("Subject"),
+                    SendToSlotDialog::tr("all three photos"),
+                    TextOf(controls.Find(QStringLiteral("txtSubject"))));
+            for (int place = 1; place <= kSlotsOnAPage; ++place) {
+                const int index = page * kSlotsOnAPage + place;
+                const QString title = QStringLiteral("%1 %2").arg(QLatin1StringView(group.title)).arg(index);
+                forms::Control* text = controls.Find(QLatin1StringView(group.text), index);
+                const QString now = TextOf(text);
+                add(text, title, SendToSlotDialog::tr("data and front photo"), now);
+                add(controls.Find(QLatin1StringView(group.box), index), title,
+                    SendToSlotDialog::tr("data only"), now);
+                add(controls.Find(QLatin1StringView(group.photo), index), title,
+                    SendToSlotDialog::tr("photo only"), now);
+            }
+        }
+    }
+    return choices;
+}
+
+SendToSlotDialog::SendToSlotDialog(const QString& record, QList<SlotChoice> choices, QWidget* parent)
+    : QDialog(parent)
+    , m_choices(std::move(choices))
+    , m_filter(new QLineEdit(this))
+    , m_list(new QListWidget(this))
+{
+    setWindowTitle(tr("Send to Slot"));
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(16, 16, 16, 16);
+    rows->setSpacing(8);
+    auto* title = new QLabel(record, this);
+    title->setProperty("role", QStringLiteral("title"));
+    title->setTextFormat(Qt::PlainText);
+    rows->addWidget(title);
+    m_filter->setPlaceholderText(tr("Type to narrow: comp 4, listing, data only"));
+    m_filter->setAccessibleName(tr("Narrow the list of slots"));
+    m_filter->installEventFilter(this);
+    rows->addWidget(m_filter);
+    m_list->setAccessibleName(tr("Slots"));
+    rows->addWidget(m_list, 1);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Cancel, this);
+    m_send = buttons->addButton(tr("&Send"), QDialogButtonBox::AcceptRole);
+    m_send->setDefault(true);
+    rows->addWidget(buttons);
+    connect(m_filter, &QLineEdit::textChanged, this, &SendToSlotDialog::Filter);
+    connect(m_list, &QListWidget::itemActivated, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    Filter(QString());
+    m_filter->setFocus();
+    resize(440, 480);
+}
+
+void SendToSlotDialog::Filter(const QString& words)
+{
+    m_list->clear();
+    const QStringList wanted = words.simplified().split(u' ', Qt::SkipEmptyParts);
+    for (int i = 0; i < m_choices.size(); ++i) {
+        const SlotChoice& choice = m_choices.at(i);
+        QString line = QStringLiteral("%1  \u2013  %2").arg(choice.title, choice.effect);
+        if (!choice.now.isEmpty())
+            line += QStringLiteral("   (%1)").arg(choice.now);
+        const bool fits = std::all_of(wanted.begin(), wanted.end(), [&](const QString& word) {
+            return line.contains(word, Qt::CaseInsensitive);
+        });
+        if (!fits)
+            continue;
+        auto* item = new QListWidgetItem(line, m_list);
+        item->setData(Qt::UserRole, i);
+    }
+    m_list->setCurrentRow(0);
+    m_send->setEnabled(m_list->count() > 0);
+}
+
+/// The arrows move in the list while the words are typed.
+bool SendToSlotDialog::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_filter && event->type() == QEvent::KeyPress) {
+        const int step = static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down ? 1
+                         : static_cast<QKeyEvent*>(event)->key() == Qt::Key_Up ? -1
+                                                                               : 0;
+        if (step != 0 && m_list->count() > 0) {
+            m_list->setCurrentRow(std::clamp(m_list->currentRow() + step, 0, m_list->count() - 1));
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+forms::Control* SendToSlotDialog::Target() const
+{
+    const QListWidgetItem* item = m_list->currentItem();
+    return item == nullptr ? nullptr : m_choices.at(item->data(Qt::UserRole).toInt()).target;
+}
+
+} // namespace vasclip::windows

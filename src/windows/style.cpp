@@ -1,0 +1,141 @@
+#include "windows/style.h"
+
+#include "windows/theme.h"
+
+#include <QPainter>
+#include <QStyleFactory>
+#include <QStyleOptionTab>
+#include <QWidget>
+
+namespace vasclip::windows {
+
+namespace {
+
+const QLatin1StringView kNotAvailable("N/A");
+
+bool IsPill(const QWidget* widget)
+{
+    return widget != nullptr && widget->property("pills").toBool();
+}
+
+void DrawTabShape(const QStyleOptionTab& tab, QPainter& painter, bool pill)
+{
+    const ThemeColours& colours = Theme::Colours();
+    const bool selected = tab.state & QStyle::State_Selected;
+    const bool hover = (tab.state & QStyle::State_MouseOver) && (tab.state & QStyle::State_Enabled);
+    const bool focus = selected && (tab.state & QStyle::State_HasFocus);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (pill) {
+        const QRectF box = QRectF(tab.rect).adjusted(2, 4, -2, -4);
+        painter.setPen(QPen(selected ? colours.accent
+                            : hover  ? colours.borderStrong
+                                     : colours.border,
+                            focus ? 2 : 1));
+        painter.setBrush(selected ? QBrush(colours.accentSoft) : QBrush(Qt::NoBrush));
+        painter.drawRoundedRect(box, box.height() / 2, box.height() / 2);
+    } else {
+        if (focus) {
+            painter.setPen(QPen(colours.accent, 2));
+            painter.drawRoundedRect(QRectF(tab.rect).adjusted(3, 3, -3, -5), 5, 5);
+        }
+        if (selected || hover)
+            painter.fillRect(QRectF(tab.rect.left() + 8, tab.rect.bottom() - 1.5, tab.rect.width() - 16, 2.5),
+                             selected ? colours.accent : colours.border);
+    }
+    painter.restore();
+}
+
+void DrawTabLabel(const QStyleOptionTab& tab, QPainter& painter, const QStyle& style)
+{
+    const ThemeColours& colours = Theme::Colours();
+    const bool selected = tab.state & QStyle::State_Selected;
+    QColor colour = selected ? colours.accent : colours.muted;
+    if (tab.text == kNotAvailable || !(tab.state & QStyle::State_Enabled))
+        colour = colours.faint;
+    else if (!selected && (tab.state & QStyle::State_MouseOver))
+        colour = colours.text;
+    painter.save();
+    painter.setPen(colour);
+    QRect room = tab.rect.adjusted(8, 0, -8, 0);
+    if (!tab.icon.isNull()) {
+        const QRect icon(room.left() + 4, room.center().y() - 7, 16, 16);
+        tab.icon.paint(&painter, icon, Qt::AlignCenter, QIcon::Normal, selected ? QIcon::On : QIcon::Off);
+        room.setLeft(icon.right() + 2);
+    }
+    int flags = Qt::AlignCenter | Qt::TextSingleLine;
+    flags |=
+        style.styleHint(QStyle::SH_UnderlineShortcut, &tab) ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
+    painter.drawText(room, flags, tab.text);
+    painter.restore();
+}
+
+} // namespace
+
+TabStyle::TabStyle()
+    : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion")))
+{}
+
+void TabStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                           const QWidget* widget) const
+{
+    if (const auto* tab = qstyleoption_cast<const QStyleOptionTab*>(option)) {
+        if (element == CE_TabBarTabShape)
+            return DrawTabShape(*tab, *painter, IsPill(widget));
+        if (element == CE_TabBarTabLabel)
+            return DrawTabLabel(*tab, *painter, *this);
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void TabStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const
+{
+    if (element == PE_FrameTabBarBase || element == PE_FrameTabWidget)
+        return;
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+QSize TabStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                 const QWidget* widget) const
+{
+    if (type == CT_TabBarTab) {
+        const auto* tab = qstyleoption_cast<const QStyleOptionTab*>(option);
+        const int words =
+            tab == nullptr ? size.width() : tab->fontMetrics.size(Qt::TextShowMnemonic, tab->text).width();
+        const int icon = tab != nullptr && !tab->icon.isNull() ? 22 : 0;
+        const bool pill = IsPill(widget);
+        return {words + icon + (pill ? 28 : 32), option->fontMetrics.height() + (pill ? 16 : 18)};
+    }
+    return QProxyStyle::sizeFromContents(type, option, size, widget);
+}
+
+int TabStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
+{
+    switch (metric) {
+    case PM_TabBarTabOverlap:
+    case PM_TabBarTabShiftVertical:
+    case PM_TabBarTabShiftHorizontal:
+    case PM_TabBarBaseOverlap:
+        return 0;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+int TabStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                        QStyleHintReturn* data) const
+{
+    switch (hint) {
+    case SH_TabBar_ElideMode:
+        return Qt::ElideNone;
+    case SH_ToolTip_WakeUpDelay:
+        return 600;
+    case SH_ItemView_ActivateItemOnSingleClick:
+        return 0;
+    default:
+        return QProxyStyle::styleHint(hint, option, widget, data);
+    }
+}
+
+} // namespace vasclip::windows

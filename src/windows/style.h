@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace vasclip::windows {
+
+/// Fusion with tabs of our own: quiet words with a line under the current one, or pills (property "pills" of
+/// the bar). A page that reads "N/A" looks disabled and can still be clicked.
+class TabStyle : public QProxyStyle
+{
+    Q_OBJECT
+public:
+    TabStyle();
+
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+    [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                         const QWidget* widget) const override;
+    [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                                  const QWidget* widget) const override;
+    [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                                QStyleHintReturn* data) const override;
+};
+
+} // namespace vasclip::windows

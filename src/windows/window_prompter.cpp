@@ -1,0 +1,181 @@
+#include "windows/window_prompter.h"
+
+#include "platform/files/disk.h"
+#include "platform/text/runtime_error.h"
+#include "windows/icons.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QUrl>
+
+namespace vasclip::windows {
+
+namespace {
+
+using forms::Answer;
+using forms::Buttons;
+
+struct ButtonSet
+{
+    Buttons buttons;
+    QMessageBox::StandardButtons shown;
+    QMessageBox::StandardButton first;  ///< Enter
+    QMessageBox::StandardButton closed; ///< Escape and the window's cross
+};
+
+constexpr ButtonSet kSets[] = {
+    {Buttons::Ok, QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok},
+    {Buttons::OkCancel, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok, QMessageBox::Cancel},
+    {Buttons::AbortRetryIgnore, QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore,
+     QMessageBox::Abort, QMessageBox::Abort},
+    {Buttons::YesNoCancel, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes,
+     QMessageBox::Cancel},
+    {Buttons::YesNo, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No},
+    {Buttons::RetryCancel, QMessageBox::Retry | QMessageBox::Cancel, QMessageBox::Retry, QMessageBox::Cancel},
+};
+
+QMessageBox::Icon IconOf(forms::Icon icon)
+{
+    switch (icon) {
+    case forms::Icon::Critical:
+        return QMessageBox::Critical;
+    case forms::Icon::Question:
+        return QMessageBox::Question;
+    case forms::Icon::Exclamation:
+        return QMessageBox::Warning;
+    case forms::Icon::Information:
+        return QMessageBox::Information;
+    case forms::Icon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+Answer AnswerOf(int button)
+{
+    switch (button) {
+    case QMessageBox::Cancel:
+        return Answer::Cancel;
+    case QMessageBox::Abort:
+        return Answer::Abort;
+    case QMessageBox::Retry:
+        return Answer::Retry;
+    case QMessageBox::Ignore:
+        return Answer::Ignore;
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    default:
+        return Answer::Ok;
+    }
+}
+
+/// A box is answered with the plain pointer, even in the middle of long work.
+class PlainPointer
+{
+public:
+    PlainPointer()
+        : m_busy(QApplication::overrideCursor() != nullptr)
+    {
+        if (m_busy)
+            QApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    ~PlainPointer()
+    {
+        if (m_busy)
+            QApplication::restoreOverrideCursor();
+    }
+    PlainPointer(const PlainPointer&) = delete;
+    PlainPointer& operator=(const PlainPointer&) = delete;
+
+private:
+    bool m_busy;
+};
+
+} // namespace
+
+WindowPrompter::WindowPrompter(const files::Disk& disk)
+    : m_disk(disk)
+{}
+
+QWidget* WindowPrompter::Owner() const
+{
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    if (QWidget* active = QApplication::activeWindow())
+        return active;
+    return m_owner;
+}
+
+Answer WindowPrompter::MsgBox(Buttons buttons, forms::Icon icon, const QString& title, const QString& text)
+{
+    const ButtonSet* set = &kSets[0];
+    for (const ButtonSet& candidate : kSets) {
+        if (candidate.buttons == buttons)
+            set = &candidate;
+    }
+    const PlainPointer pointer;
+    QMessageBox box(IconOf(icon), title, QString(), set->shown, Owner());
+    box.setTextFormat(Qt::PlainText);
+    box.setText(text);
+    box.setWindowIcon(ApplicationIcon());
+    box.setDefaultButton(set->first);
+    box.setEscapeButton(set->closed);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    for (QAbstractButton* button : box.buttons())
+        button->setIcon(QIcon());
+    return AnswerOf(box.exec());
+}
+
+QStringList DialogFilters(const QString& filter)
+{
+    QStringList filters;
+    const QStringList parts = filter.split(u'|');
+    for (qsizetype i = 0; i < parts.size(); i += 2) {
+        const QString pattern = parts.at(i).trimmed();
+        if (pattern.isEmpty())
+            continue;
+        const QString words = parts.value(i + 1).trimmed();
+        filters.append(QStringLiteral("%1 (%2)").arg(words.isEmpty() ? pattern : words,
+                                                     QString(pattern).replace(u';', u' ')));
+    }
+    return filters;
+}
+
+QString WindowPrompter::OpenDialog(const QString& filter, const QString& title, const QString& directory)
+{
+    const PlainPointer pointer;
+    QString start;
+    try {
+        start = m_disk.ToNative(directory);
+    } catch (const RuntimeError&) {
+        start = m_disk.Drives().value(0).second; // a directory that cannot be is no reason not to ask
+    }
+    for (;;) {
+        QFileDialog dialog(Owner(), title, start);
+        dialog.setFileMode(QFileDialog::ExistingFile);
+        if (!DialogFilters(filter).isEmpty())
+            dialog.setNameFilters(DialogFilters(filter));
+        QList<QUrl> places;
+        for (const auto& [letter, native] : m_disk.Drives())
+            places.append(QUrl::fromLocalFile(native));
+        dialog.setSidebarUrls(places);
+        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+            return {};
+        const QString chosen = dialog.selectedFiles().constFirst();
+        if (const auto path = m_disk.ToDrivePath(chosen))
+            return *path;
+        start = chosen;
+        MsgBox(Buttons::Ok, forms::Icon::Exclamation, title,
+               QCoreApplication::translate(
+                   "WindowPrompter",
+                   "%1 lies on none of the program's drives. Choose a file on one of them, or map "
+                   "its directory to a drive letter in drives.ini.")
+                   .arg(chosen));
+    }
+}
+
+} // namespace vasclip::windows

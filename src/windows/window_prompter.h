@@ -1,0 +1,34 @@
+#pragma once
+
+#include "forms/ports.h"
+
+class QWidget;
+
+namespace vasclip::files {
+class Disk;
+}
+
+namespace vasclip::windows {
+
+/// Real boxes on the screen.
+class WindowPrompter : public forms::Prompter
+{
+public:
+    explicit WindowPrompter(const files::Disk& disk);
+    /// The window that boxes belong to when no other window of the program is active.
+    void SetOwner(QWidget* owner) { m_owner = owner; }
+
+    forms::Answer MsgBox(forms::Buttons buttons, forms::Icon icon, const QString& title,
+                         const QString& text) override;
+    QString OpenDialog(const QString& filter, const QString& title, const QString& directory) override;
+
+private:
+    [[nodiscard]] QWidget* Owner() const;
+    const files::Disk& m_disk;
+    QWidget* m_owner = nullptr;
+};
+
+/// "*.mdb|Access" as a file dialog wants it: "Access (*.mdb)"; further pairs follow.
+[[nodiscard]] QStringList DialogFilters(const QString& filter);
+
+} // namespace vasclip::windows

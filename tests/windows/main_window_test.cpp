@@ -1,0 +1,322 @@
+#include "windows/main_window.h"
+
+#include "sample_screen.h"
+#include "support/scripted_ports.h"
+#include "windows/guard.h"
+#include "windows/picture_view.h"
+#include "windows/record_grid.h"
+#include "windows/send_to_slot.h"
+#include "windows/splash_window.h"
+#include "windows/theme.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDropEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QSettings>
+#include <QSplitter>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+
+namespace vasclip::windows {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+class MainWindowTest : public testing::Test
+{
+protected:
+    QTemporaryDir dir;
+    QSettings settings{dir.filePath(u"view.ini"_s), QSettings::IniFormat};
+    Theme theme{*qApp, &settings};
+    tests::ScriptedPrompter prompter;
+    int ended = -1;
+    EventGuard guard{prompter, [this](int code) { ended = code; }};
+    tests::SampleRows rows;
+    tests::SampleScreen screen;
+    tests::SamplePort port;
+    std::unique_ptr<MainWindow> window;
+
+    void SetUp() override { Open(); }
+    void Open()
+    {
+        window = std::make_unique<MainWindow>(screen.controls, port, guard, theme, settings);
+        screen.Fill(rows);
+        window->resize(1366, 768);
+        window->show();
+        window->activateWindow();
+        QApplication::processEvents();
+    }
+    template <class Widget>
+    Widget* Find(const QString& name)
+    {
+        auto* widget = window->findChild<Widget*>(name);
+        EXPECT_NE(widget, nullptr) << name.toStdString();
+        return widget;
+    }
+    /// As the toolkit sends a drag to a widget. @return true if the widget would take it
+    bool Enter(QWidget& target, const QMimeData& data)
+    {
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&target, &enter);
+        return enter.isAccepted();
+    }
+    void DropOn(QWidget& target, const QMimeData& data)
+    {
+        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&target, &drop);
+    }
+    static bool IsControl(const QWidget& widget)
+    {
+        return Binder::IsControlName(widget.objectName()) && qobject_cast<const QMenu*>(&widget) == nullptr;
+    }
+    forms::Control& Source() { return screen.Get<forms::Grid>(u"grddatabook"_s); }
+};
+
+TEST_F(MainWindowTest, WindowAndScreenAgree)
+{
+    EXPECT_TRUE(window->Leftovers().isEmpty()) << window->Leftovers().join(u'\n').toStdString();
+}
+
+TEST_F(MainWindowTest, AControlTooManyIsFound)
+{
+    screen.Add<forms::Button>(u"cmdNobody"_s);
+    EXPECT_EQ(window->Leftovers(), QStringList{u"control without a widget: cmdNobody"_s});
+}
+
+TEST_F(MainWindowTest, PagesAreBuiltWhenTheyAreShown)
+{
+    EXPECT_NE(window->findChild<QWidget*>(u"imaSubject_1"_s), nullptr);
+    EXPECT_EQ(window->findChild<QWidget*>(u"imaGeneral_1"_s), nullptr);
+    screen.Get<forms::TabControl>(u"TabData"_s).SetTab(2);
+    QApplication::processEvents();
+    EXPECT_TRUE(Find<PictureView>(u"imaGeneral_1"_s)->isVisible());
+    EXPECT_EQ(window->findChild<QWidget*>(u"imaGeneral_34"_s), nullptr);
+    screen.Get<forms::TabControl>(u"TabGeneral"_s).SetTab(11);
+    QApplication::processEvents();
+    EXPECT_TRUE(Find<PictureView>(u"imaGeneral_34"_s)->isVisible());
+}
+
+TEST_F(MainWindowTest, MenusShowTheirEntriesAndEveryOneHasAKey)
+{
+    for (const QString& name : {u"mnuFileItem"_s, u"mnuHelpItem"_s, u"viewMenu"_s}) {
+        const auto* menu = Find<QMenu>(name);
+        EXPECT_TRUE(menu->title().contains(u'&'));
+        QSet<QChar> keys;
+        for (const QAction* action : menu->actions()) {
+            if (action->isSeparator())
+                continue;
+            const qsizetype mark = action->text().indexOf(u'&');
+            ASSERT_GE(mark, 0) << action->text().toStdString();
+            EXPECT_FALSE(keys.contains(action->text().at(mark + 1).toUpper()))
+                << action->text().toStdString();
+            keys.insert(action->text().at(mark + 1).toUpper());
+        }
+    }
+}
+
+TEST_F(MainWindowTest, ADropReachesThePortAfterTheEvent)
+{
+    window->BuildAllPages();
+    const std::unique_ptr<QMimeData> data(DragDesk::Payload(Source()));
+    auto* slot = Find<QLineEdit>(u"txtComp_4"_s);
+    EXPECT_TRUE(Enter(*slot, *data));
+    EXPECT_TRUE(slot->property("dropHover").toBool());
+    DropOn(*slot, *data);
+    EXPECT_FALSE(slot->property("dropHover").toBool());
+    EXPECT_EQ(port.log, QStringList{u"over grddatabook txtComp"_s}) << "not within the toolkit's own event";
+    QApplication::processEvents();
+    EXPECT_EQ(port.log.last(), u"drop grddatabook txtComp_4"_s);
+}
+
+TEST_F(MainWindowTest, LeavingClearsTheHint)
+{
+    window->BuildAllPages();
+    const std::unique_ptr<QMimeData> data(DragDesk::Payload(Source()));
+    auto* slot = Find<PictureView>(u"geaComp_1"_s);
+    EXPECT_TRUE(Enter(*slot, *data));
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(slot, &leave);
+    EXPECT_EQ(port.log, (QStringList{u"over grddatabook geaComp"_s, u"over  "_s}));
+    EXPECT_FALSE(slot->property("dropHover").toBool());
+}
+
+TEST_F(MainWindowTest, WhatThePortRefusesIsNotTaken)
+{
+    window->BuildAllPages();
+    const std::unique_ptr<QMimeData> data(DragDesk::Payload(Source()));
+    EXPECT_FALSE(Enter(*Find<QLineEdit>(u"txtcentralkey"_s), *data));
+    EXPECT_FALSE(Enter(*Find<RecordGrid>(u"grddatabook"_s)->viewport(), *data));
+    screen.Get<forms::TextBox>(u"txtComp"_s, 4).SetEnabled(false);
+    EXPECT_FALSE(Enter(*Find<QLineEdit>(u"txtComp_4"_s), *data));
+    port.open = false;
+    EXPECT_FALSE(Enter(*Find<QLineEdit>(u"txtComp_5"_s), *data));
+}
+
+TEST_F(MainWindowTest, ADragOfAnotherProgramIsNone)
+{
+    window->BuildAllPages();
+    QMimeData foreign;
+    foreign.setData(QLatin1StringView(DragDesk::kMimeType), "garbage");
+    EXPECT_FALSE(Enter(*Find<QLineEdit>(u"txtComp_4"_s), foreign));
+    DropOn(*Find<PictureView>(u"imaComp_4"_s), foreign);
+    QApplication::processEvents();
+    EXPECT_TRUE(port.log.isEmpty());
+}
+
+TEST_F(MainWindowTest, AFailureInADropIsReported)
+{
+    window->BuildAllPages();
+    port.onDrop = [](forms::Control&, forms::Control&) { throw RuntimeError(282, u"No answer"_s); };
+    const std::unique_ptr<QMimeData> data(DragDesk::Payload(Source()));
+    EXPECT_TRUE(Enter(*Find<QLineEdit>(u"txtComp_4"_s), *data));
+    DropOn(*Find<QLineEdit>(u"txtComp_4"_s), *data);
+    QTest::qWait(20);
+    EXPECT_EQ(port.log.value(1), u"drop grddatabook txtComp_4"_s);
+    EXPECT_TRUE(prompter.Last().text.contains(u"282"_s));
+}
+
+TEST_F(MainWindowTest, SendToSlotListsTheAvailablePagesOnly)
+{
+    const QList<SlotChoice> choices = SlotChoices(screen.controls, port, u"grddatabook"_s);
+    QStringList targets;
+    for (const SlotChoice& choice : choices)
+        targets += choice.target->ObjectName();
+    EXPECT_TRUE(targets.contains(u"txtComp_9"_s));
+    EXPECT_TRUE(targets.contains(u"txtAltComp_3"_s));
+    EXPECT_FALSE(targets.contains(u"txtAltComp_4"_s)) << "that page is N/A";
+    EXPECT_FALSE(targets.contains(u"txtRental_1"_s));
+    EXPECT_TRUE(targets.contains(u"geaListing_1"_s));
+    EXPECT_EQ(targets.first(), u"txtSubject"_s);
+}
+
+TEST_F(MainWindowTest, SendToSlotByKeys)
+{
+    window->Databook().setFocus();
+    bool seen = false;
+    QTimer::singleShot(50, window.get(), [&] {
+        auto* dialog = qobject_cast<SendToSlotDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        seen = true;
+        auto* filter = dialog->findChild<QLineEdit*>();
+        QTest::keyClicks(filter, u"alt 2 data only"_s);
+        QTest::keyClick(filter, Qt::Key_Return);
+    });
+    QTest::keyClick(&window->Databook(), Qt::Key_Return, Qt::ControlModifier);
+    QTest::qWait(120);
+    EXPECT_TRUE(seen);
+    EXPECT_EQ(port.log, QStringList{u"drop grddatabook geaAltComp_2"_s});
+}
+
+TEST_F(MainWindowTest, EveryPaneIsReachedByF6)
+{
+    window->Databook().setFocus();
+    QSet<QWidget*> reached;
+    for (int i = 0; i < 5; ++i) {
+        QTest::keyClick(window->focusWidget(), Qt::Key_F6);
+        reached.insert(window->focusWidget());
+    }
+    EXPECT_EQ(reached.size(), 5);
+    EXPECT_EQ(window->focusWidget(), &window->Databook());
+}
+
+TEST_F(MainWindowTest, TheTabKeyReachesSlotsAndGrid)
+{
+    QSet<QString> reached;
+    QWidget* first = Find<QTabWidget>(u"TabData"_s)->tabBar();
+    first->setFocus();
+    QStringList order;
+    for (int i = 0; i < 60; ++i) {
+        QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+        reached.insert(window->focusWidget()->objectName());
+        order += window->focusWidget()->objectName();
+    }
+    for (const QString& name :
+         {u"txtSubject"_s, u"imaSubject_1"_s, u"imaSubjectIcon_3"_s, u"lstViews"_s, u"txtcentralkey"_s,
+          u"cboapprslType"_s, u"cmdAdd"_s, u"cmdPrint"_s, u"grddatabook"_s, u"imaKel"_s})
+        EXPECT_TRUE(reached.contains(name)) << name.toStdString() << " of " << order.join(u' ').toStdString();
+    EXPECT_LT(order.indexOf(u"imaSubject_1"_s), order.indexOf(u"lstViews"_s));
+    EXPECT_LT(order.indexOf(u"lstViews"_s), order.indexOf(u"txtcentralkey"_s));
+    EXPECT_LT(order.indexOf(u"cmdPrint"_s), order.indexOf(u"grddatabook"_s));
+}
+
+TEST_F(MainWindowTest, PlacesAreRemembered)
+{
+    auto* splitter = Find<QSplitter>(u"topSplitter"_s);
+    splitter->setSizes({700, 640});
+    QApplication::processEvents();
+    const QList<int> sizes = splitter->sizes();
+    int unloads = 0;
+    QObject::connect(window.get(), &MainWindow::Unload, window.get(), [&] { ++unloads; });
+    window->close();
+    window->close();
+    EXPECT_EQ(unloads, 1);
+    Open();
+    EXPECT_EQ(Find<QSplitter>(u"topSplitter"_s)->sizes(), sizes);
+}
+
+TEST_F(MainWindowTest, TheThemeIsRemembered)
+{
+    Find<QToolButton>(u"themeButton"_s)->click();
+    EXPECT_TRUE(theme.IsDark());
+    Theme later(*qApp, &settings);
+    EXPECT_TRUE(later.IsDark());
+    EXPECT_EQ(later.Choice(), ThemeChoice::Dark);
+}
+
+TEST_F(MainWindowTest, RecordCountFollowsTheGrid)
+{
+    EXPECT_EQ(Find<QLabel>(u"recordCount"_s)->text(), u"Record 4 of 512"_s);
+    screen.Get<forms::Grid>(u"grddatabook"_s).Rebind(nullptr);
+    EXPECT_EQ(Find<QLabel>(u"recordCount"_s)->text(), u"No records"_s);
+}
+
+/// No text may be wider than the widget that shows it, at the smallest supported screen.
+TEST_F(MainWindowTest, NothingIsClippedAt1366)
+{
+    window->resize(1366, 720);
+    for (int page = 0; page < 5; ++page) {
+        screen.Get<forms::TabControl>(u"TabData"_s).SetTab(page);
+        QTest::qWait(5);
+        for (const QWidget* widget : window->findChildren<QWidget*>()) {
+            if (!widget->isVisible())
+                continue;
+            const auto* button = qobject_cast<const QAbstractButton*>(widget);
+            if (button != nullptr) {
+                EXPECT_GE(button->width(), button->minimumSizeHint().width())
+                    << button->objectName().toStdString();
+            }
+            const QRect inWindow(widget->mapTo(window.get(), QPoint()), widget->size());
+            if (IsControl(*widget)) {
+                EXPECT_TRUE(window->rect().contains(inWindow)) << widget->objectName().toStdString();
+            }
+        }
+    }
+}
+
+TEST(SplashWindowTest, WindowAndScreenAgree)
+{
+    tests::ScriptedPrompter prompter;
+    EventGuard guard(prompter, {});
+    forms::ControlSet controls;
+    forms::ListBox lines(controls, u"lstSplash"_s);
+    forms::Gauge gauge(controls, u"gauProgress"_s);
+    forms::Label company(controls, u"lblCompany"_s), version(controls, u"lblVersion"_s);
+    forms::PictureBox logo(controls, u"imgLogo"_s);
+    SplashWindow splash(controls, guard);
+    EXPECT_TRUE(splash.Leftovers().isEmpty()) << splash.Leftovers().join(u'\n').toStdString();
+    EXPECT_FALSE(logo.Picture().isNull()) << "without a picture of its own the program's sign stands there";
+}
+
+} // namespace
+} // namespace vasclip::windows

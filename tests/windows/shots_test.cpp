@@ -1,0 +1,118 @@
+#include "sample_screen.h"
+
+#include "support/scripted_ports.h"
+#include "windows/about_box.h"
+#include "windows/guard.h"
+#include "windows/main_window.h"
+#include "windows/record_grid.h"
+#include "windows/send_to_slot.h"
+#include "windows/splash_window.h"
+#include "windows/theme.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QSettings>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+
+// Pictures of the windows, for eyes: VASCLIP_SHOTS=1 writes them to out/shots below the working directory (or
+// to the directory that it names). Run once more with QT_SCALE_FACTOR=2 for a screen at 200 %.
+
+namespace vasclip::windows {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+TEST(Shots, EveryWindowInBothThemes)
+{
+    const QString wish = qEnvironmentVariable("VASCLIP_SHOTS");
+    if (wish.isEmpty())
+        GTEST_SKIP() << "set VASCLIP_SHOTS to write the pictures";
+    const QString out = wish.contains(u'/') ? wish : u"out/shots"_s;
+    ASSERT_TRUE(QDir().mkpath(out));
+    const QString scale = qEnvironmentVariable("QT_SCALE_FACTOR").isEmpty() ? QString() : u"-scaled"_s;
+
+    QTemporaryDir dir;
+    QSettings settings(dir.filePath(u"view.ini"_s), QSettings::IniFormat);
+    Theme theme(*qApp, &settings);
+    tests::ScriptedPrompter prompter;
+    EventGuard guard(prompter, {});
+    for (const auto& [choice, name] :
+         {std::pair{ThemeChoice::Light, u"light"_s}, {ThemeChoice::Dark, u"dark"_s}}) {
+        theme.Choose(choice);
+        tests::SampleRows rows;
+        tests::SampleScreen screen;
+        tests::SamplePort port;
+        MainWindow window(screen.controls, port, guard, theme, settings);
+        screen.Fill(rows);
+        window.setWindowTitle(u"Vasclip"_s);
+        const auto save = [&](QWidget& widget, const QString& what) {
+            QTest::qWait(30);
+            const QString path = u"%1/%2-%3%4.png"_s.arg(out, what, name, scale);
+            EXPECT_TRUE(widget.grab().save(path)) << path.toStdString();
+        };
+        for (const QSize& size : {QSize(1366, 768), QSize(1920, 1080)}) {
+            window.show();
+            window.resize(size);
+            QTest::qWait(20);
+            window.ResetLayout();
+            const QString wide = QString::number(size.width());
+            save(window, u"main-subject-"_s + wide);
+            screen.Get<forms::TabControl>(u"TabData"_s).SetTab(1);
+            screen.Get<forms::TabControl>(u"TabComp"_s).SetTab(0);
+            window.Databook().setFocus();
+            save(window, u"main-comps-"_s + wide);
+            screen.Get<forms::TabControl>(u"TabData"_s).SetTab(2);
+            save(window, u"main-general-"_s + wide);
+            screen.Get<forms::TabControl>(u"TabData"_s).SetTab(0);
+        }
+        window.resize(1366, 768);
+        QTest::qWait(20);
+        auto& status = screen.Get<forms::Gauge>(u"gauStatus"_s);
+        status.SetCaption(u"Reading Comp photos"_s);
+        status.SetRange(12);
+        status.SetValue(5);
+        screen.Get<forms::TabControl>(u"tabSource"_s).SetTab(1);
+        save(window, u"main-map"_s);
+        SendToSlotDialog send(u"122 ALDER AVE"_s, SlotChoices(screen.controls, port, u"grddatabook"_s),
+                              &window);
+        send.show();
+        save(send, u"send"_s);
+        send.close();
+        AboutBox about(
+            {u"Vasclip"_s,
+             u"1.0.0"_s,
+             u"Ostrand Ltd."_s,
+             {{u"Databook"_s, u"C:\\VASSNAP\\DATABOOK.MDB"_s}, {u"Forms program"_s, u"Korvat Forms 7.02"_s}}},
+            &window);
+        about.show();
+        save(about, u"about"_s);
+        about.close();
+
+        forms::ControlSet controls;
+        forms::ListBox lines(controls, u"lstSplash"_s);
+        forms::Gauge gauge(controls, u"gauProgress"_s);
+        forms::Label company(controls, u"lblCompany"_s), version(controls, u"lblVersion"_s);
+        forms::PictureBox logo(controls, u"imgLogo"_s);
+        company.SetCaption(u"Ostrand Ltd."_s);
+        version.SetCaption(u"Version 1.0.0"_s);
+        for (const QString& step :
+             {u"Application INI  - C:\\APPRAISE\\VAS2000.INI"_s, u"Loading Configuration Settings"_s,
+              u"Checking data - C:\\VASSNAP\\"_s, u"Displaying Capture Pictures"_s})
+            lines.AddItem(u"9:41:07 AM - "_s + step);
+        lines.SetListIndex(3);
+        gauge.SetRange(100);
+        gauge.SetValue(36);
+        SplashWindow splash(controls, guard);
+        splash.show();
+        save(splash, u"splash"_s);
+        EXPECT_TRUE(splash.Leftovers().isEmpty()) << splash.Leftovers().join(u'\n').toStdString();
+    }
+    theme.Choose(ThemeChoice::System);
+}
+
+} // namespace
+} // namespace vasclip::windows
