@@ -106,9 +106,18 @@ void RecordDesk::ButtonStatus(const QString& state)
     const bool found = folded == QLatin1StringView("FOUND");
     if (!found && folded != QLatin1StringView("NOT FOUND"))
         return;
-    cmdAdd.SetEnabled(!found);
+    cmdAdd.SetEnabled(!found && m_screensThere);
     for (forms::Button* button : {&cmdDelete, &cmdRename, &cmdCopy, &cmdEdit})
-        button->SetEnabled(found);
+        button->SetEnabled(found && m_screensThere);
+}
+
+void RecordDesk::SetScreensThere(bool there)
+{
+    m_screensThere = there;
+    if (there)
+        return;
+    for (forms::Button* button : {&cmdAdd, &cmdDelete, &cmdRename, &cmdCopy, &cmdEdit})
+        button->SetEnabled(false);
 }
 
 } // namespace vasclip::databook

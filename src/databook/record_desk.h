@@ -50,6 +50,12 @@ public:
 
     /// "Found" and "Not Found", trimmed and without regard to case; any other text changes nothing.
     void ButtonStatus(const QString& state);
+
+    /// Without the entry screens the five buttons that lead to them stay disabled.
+    void SetScreensThere(bool there);
+
+private:
+    bool m_screensThere = true;
 };
 
 } // namespace vasclip::databook

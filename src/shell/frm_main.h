@@ -24,6 +24,8 @@ namespace vasclip::shell {
 
 struct frm_Splash;
 struct StartUpOptions;
+struct SystemPlaces;
+enum class Silence;
 
 /// What the main window stands on; all of it outlives the window.
 struct Foundation
@@ -51,7 +53,8 @@ public:
     photos::SlotControls slots;
     photos::PhotoLists photoLists;
 
-    forms::Menu mnuFileItem, mnuSetupItem, mnuMaintItem, mnuTransferItem, mnuRefreshItem, mnuDBItem, mnuHelpItem;
+    forms::Menu mnuFileItem, mnuSetupItem, mnuMaintItem, mnuTransferItem, mnuRefreshItem, mnuDBItem,
+        mnuHelpItem;
 
     common::Globals globals;
     store::Sources sources;
@@ -65,6 +68,13 @@ public:
 
     /// Brings the program up in the fixed order. @throws forms::EndOfProgram when it may not go on
     void Form_load(const StartUpOptions& options, frm_Splash& splash);
+
+    // The steps of the start that a program without windows takes too.
+    void LocateInis(const SystemPlaces& places, Silence silence); ///< @throws forms::EndOfProgram
+    void ReadSettings();
+    void ConnectDatabook(); ///< @throws forms::EndOfProgram after saying why
+    void ConnectMapping();  ///< @throws forms::EndOfProgram after saying why
+
     /// Saves and closes in the fixed order; a second call does nothing.
     void Form_Unload();
 
@@ -87,14 +97,18 @@ Q_SIGNALS:
 private:
     void WireControls();
     void ReadCaption();
+    void TurnOnMaps();
+    void PrepareGrid(bool loadUserLayout, frm_Splash& splash);
     void grddatabook_RowColChange();
-    void TestFrontView();
     void MenuChosen(const QString& array, int index);
     void LaunchAppraisalProgram();
+    void Connect(store::DataSource& source, const QString& path, const std::function<void()>& open);
 
     Foundation m_base;
     QString m_caption;
+    QString m_version;
     bool m_unloaded = false;
+    bool m_gridReady = false; ///< the layout on show is the user's and is saved at exit
     photos::SlotTable m_slotTable;
     std::unique_ptr<photos::SlotLoader> m_slotLoader;
     std::unique_ptr<databook::GridRows> m_rows;

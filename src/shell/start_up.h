@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "shell/ini_location.h"
 
 #include <functional>
 
@@ -11,7 +11,8 @@ struct StartUpOptions
 {
     QString commandLine;
     std::function<bool()> previousInstance; ///< is another copy running? null: no
-    QString executableDir;                  ///< drive path of the program's directory, with a backslash
+    SystemPlaces places;
+    QString version; ///< major.minor.revision
 };
 
 /// The switches, read from the whole line upper-cased.

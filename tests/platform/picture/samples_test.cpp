@@ -74,9 +74,8 @@ TEST(Samples, SoundPicturesComeOutUprightAndInTheirColours)
         GTEST_SKIP() << "no sample pictures in " << kSamples.toStdString();
     int compared = 0;
     for (const QStringList& row : rows) {
-        const QString folder = row[Path].section(u'/', 0, 0);
-        if (row[Decode] != "ok"_L1 || (row[Format] != "JPEG"_L1 && row[Format] != "BMP"_L1) ||
-            folder.contains("corrupt"_L1))
+        const bool used = row[Format] == "JPEG"_L1 || row[Format] == "BMP"_L1;
+        if (!used || row[Decode] != "ok"_L1 || row[ShownWidth].toInt() == 0)
             continue;
         const QByteArray bytes = Content(kSamples + u'/' + row[Path]);
         const QImage small = FromBytes(bytes, row[Path], 480);

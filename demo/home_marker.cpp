@@ -1,0 +1,53 @@
+#include "demo/home_marker.h"
+
+#include "platform/text/runtime_error.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSaveFile>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace vasclip::demo {
+namespace {
+
+constexpr auto kMarker = "demo-home.txt"_L1;
+constexpr auto kFirstLine = "Vasclip demo home\n"_L1;
+
+} // namespace
+
+HomeState StateOfHome(const QString& directory)
+{
+    const QDir home(directory);
+    if (!home.exists() || home.isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot))
+        return HomeState::Empty;
+    QFile marker(home.filePath(kMarker));
+    if (!marker.open(QIODevice::ReadOnly))
+        return HomeState::Foreign;
+    const QString text = QString::fromUtf8(marker.read(1000));
+    if (!text.startsWith(kFirstLine))
+        return HomeState::Foreign;
+    return text.contains("\ncomplete\n"_L1) ? HomeState::Complete : HomeState::Unfinished;
+}
+
+void MarkHome(const QString& directory, HomeState state, int comps)
+{
+    QDir().mkpath(directory);
+    QSaveFile marker(QDir(directory).filePath(kMarker));
+    const QString text = QString(kFirstLine) + u"%1 comps\n"_s.arg(comps) +
+                         (state == HomeState::Complete ? "complete\n"_L1 : "unfinished\n"_L1);
+    if (!marker.open(QIODevice::WriteOnly) || marker.write(text.toUtf8()) < 0 || !marker.commit())
+        throw RuntimeError(error::kPathFileAccess,
+                           u"%1 cannot be written: %2"_s.arg(marker.fileName(), marker.errorString()));
+}
+
+void ClearHome(const QString& directory)
+{
+    QDir drive(QDir(directory).filePath(u"drive_c"_s));
+    if (drive.exists() && !drive.removeRecursively())
+        throw RuntimeError(
+            error::kPathFileAccess,
+            u"%1 cannot be removed: look for files that are in use or not yours"_s.arg(drive.path()));
+}
+
+} // namespace vasclip::demo

@@ -1,0 +1,263 @@
+#include "app/places.h"
+#include "app/shell_drops.h"
+#include "app/vasclip/geometry_report.h"
+#include "app/vasclip/tour.h"
+#include "common/error_block.h"
+#include "forms/system_ports.h"
+#include "platform/conduit/socket_conduit.h"
+#include "platform/conduit/socket_path.h"
+#include "platform/desktop/one_copy.h"
+#include "shell/frm_main.h"
+#include "shell/frm_splash.h"
+#include "shell/start_up.h"
+#include "windows/about_box.h"
+#include "windows/main_window.h"
+#include "windows/splash_window.h"
+#include "windows/theme.h"
+#include "windows/window_desktop.h"
+#include "windows/window_prompter.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFile>
+#include <QMessageBox>
+#include <QRegularExpression>
+#include <QSettings>
+#include <QTextStream>
+#include <QTimer>
+
+#include <cstdio>
+#include <optional>
+
+using namespace Qt::Literals::StringLiterals;
+using namespace vasclip;
+
+namespace {
+
+struct Options
+{
+    QString home;
+    QString socket;
+    int linkTimeLimitMs = 5000;
+    QString tour;
+    QString geometry;
+    bool quitWhenPainted = false;
+    QString commandLine; ///< what the program's own switches are read from
+};
+
+/// Options that begin with "--" are taken off the line; the rest is the program's own command line.
+std::optional<Options> ReadOptions(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        u"Desktop companion for residential appraisers.\n\nSwitches behind the options: /D a box per "
+        u"start-up step, "
+        u"/S no message pump, /2 pump at each step, /NOLOAD leave the saved grid layout alone."_s);
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOptions({
+        {u"home"_s, u"The program's home (else VASCLIP_HOME, else the user's data directory)."_s, u"DIR"_s},
+        {u"socket"_s, u"The forms program's socket, if it is not the home's own."_s, u"PATH"_s},
+        {u"time-limit"_s, u"Seconds to wait for an answer of the forms program (5)."_s, u"SECONDS"_s, u"5"_s},
+        {u"tour"_s,
+         u"Plays the main job through by itself and leaves pictures and the filled report in DIR."_s,
+         u"DIR"_s},
+        {u"geometry"_s, u"Writes where each control stands on the screen to FILE; for automation."_s,
+         u"FILE"_s},
+        {u"quit-when-painted"_s, u"Ends as soon as the grid stands on the screen; for measuring."_s},
+    });
+    // The program's own switches begin with a single "/"; a path behind an option does too, but is its value.
+    static const QRegularExpression kSwitch(u"^/(D|S|2|NOLOAD|NO)$"_s,
+                                            QRegularExpression::CaseInsensitiveOption);
+    QStringList own;
+    QStringList rest;
+    for (const QString& argument : arguments) {
+        const bool value = !own.isEmpty() && own.last().startsWith(u"--"_s) && !own.last().contains(u'=');
+        (!value && kSwitch.match(argument).hasMatch() ? rest : own).append(argument);
+    }
+    parser.process(own);
+    Options options;
+    options.home = parser.isSet(u"home"_s) ? parser.value(u"home"_s) : files::DefaultHome();
+    options.socket = parser.value(u"socket"_s);
+    options.tour = parser.value(u"tour"_s);
+    options.geometry = parser.value(u"geometry"_s);
+    options.quitWhenPainted = parser.isSet(u"quit-when-painted"_s);
+    bool number = false;
+    const double seconds = parser.value(u"time-limit"_s).toDouble(&number);
+    if (!number || seconds <= 0 || seconds > 3600) {
+        std::fprintf(stderr, "vasclip: --time-limit takes seconds, above 0 and at most 3600.\n");
+        return std::nullopt;
+    }
+    options.linkTimeLimitMs = static_cast<int>(seconds * 1000);
+    rest += parser.positionalArguments();
+    options.commandLine = rest.join(u' ');
+    return options;
+}
+
+/// What reached the top is kept where people who help can find it.
+void LogErrorsTo(const QString& file)
+{
+    common::SetErrorLog([file](const QString& line) {
+        QFile log(file);
+        if (log.open(QIODevice::Append | QIODevice::Text))
+            log.write((QDateTime::currentDateTime().toString(Qt::ISODate) + u' ' + line + u'\n').toUtf8());
+    });
+}
+
+class Program
+{
+public:
+    Program(QApplication& app, const Options& options)
+        : m_options(options)
+        , m_disk(options.home)
+        , m_engine(m_disk)
+        , m_socket(options.socket.isEmpty() ? conduit::DefaultSocketPath(m_disk.Home()) : options.socket)
+        , m_conduit(
+              conduit::MakeSocketConduit({.socketPath = m_socket, .timeLimitMs = options.linkTimeLimitMs}))
+        , m_recorder(*m_conduit)
+        , m_settings(QDir(m_disk.Home()).filePath(u"window.ini"_s), QSettings::IniFormat)
+        , m_theme(app, &m_settings)
+        , m_prompter(m_disk)
+        , m_guard(m_prompter, [this](int code) { End(code); })
+        , m_main({m_disk, m_engine, Link(), {m_prompter, m_pump, m_clock, m_random, m_desktop}})
+        , m_splash({m_prompter, m_pump, m_clock, m_random, m_desktop})
+        , m_drops(m_main)
+        , m_copy(m_disk.Home())
+    {
+        LogErrorsTo(QDir(m_disk.Home()).filePath(u"vasclip.log"_s));
+    }
+
+    int Run()
+    {
+        std::optional<app::Tour> tour;
+        if (!m_options.tour.isEmpty()) {
+            tour.emplace(m_options.tour, QCoreApplication::applicationDirPath() + u"/kelforms"_s);
+            if (!tour->StartFormsProgram(m_disk, m_socket))
+                return 1;
+        }
+        if (!Start(tour ? &*tour : nullptr))
+            return m_exitCode;
+        if (tour) {
+            const bool played = m_guard.Run([&] { tour->Play(m_main, *m_window, m_recorder); });
+            m_window->close();
+            return played ? tour->Finish(m_recorder) : 1;
+        }
+        const int code = QApplication::exec();
+        return code != 0 ? code : m_exitCode;
+    }
+
+private:
+    conduit::Conduit& Link()
+    {
+        return m_options.tour.isEmpty() ? *m_conduit : static_cast<conduit::Conduit&>(m_recorder);
+    }
+
+    bool Start(app::Tour* tour)
+    {
+        windows::SplashWindow splash(m_splash.controls, m_guard);
+        splash.show();
+        shell::StartUpOptions start;
+        start.commandLine = m_options.commandLine;
+        start.previousInstance = [this] { return !m_copy.IsFirst(); };
+        start.places = app::Places(m_disk);
+        start.version = QCoreApplication::applicationVersion();
+        const bool loaded = m_guard.Run([&] { m_main.Form_load(start, m_splash); });
+        if (!loaded) {
+            m_exitCode = m_exitCode == 0 ? 1 : m_exitCode;
+            return false;
+        }
+        if (tour)
+            tour->Shoot(splash, u"starting"_s);
+        return m_guard.Run([&] { ShowWindow(); });
+    }
+
+    void ShowWindow()
+    {
+        m_window.emplace(m_main.controls, m_drops, m_guard, m_theme, m_settings);
+        m_desktop.SetMainWindow(&*m_window);
+        m_prompter.SetOwner(&*m_window);
+        m_window->setWindowTitle(m_main.Caption());
+        QObject::connect(&m_main, &shell::frm_Main::CaptionChanged, &*m_window,
+                         [this] { m_window->setWindowTitle(m_main.Caption()); });
+        QObject::connect(&m_main, &shell::frm_Main::UnloadWanted, &*m_window, [this] { m_window->close(); });
+        QObject::connect(&m_main, &shell::frm_Main::AboutWanted, &*m_window, [this] { ShowAbout(); });
+        QObject::connect(&*m_window, &windows::MainWindow::Unload, &*m_window, [this] {
+            m_window->hide();
+            m_guard.Run([this] { m_main.Form_Unload(); });
+            QApplication::exit(m_exitCode);
+        });
+        if (m_options.quitWhenPainted)
+            QObject::connect(&*m_window, &windows::MainWindow::FirstPainted, qApp, [] { std::_Exit(0); });
+        m_window->show();
+        if (!m_options.geometry.isEmpty())
+            m_geometry.emplace(*m_window, m_options.geometry);
+    }
+
+    void ShowAbout()
+    {
+        const auto& g = m_main.globals;
+        windows::AboutBox box(
+            {g.productName,
+             QCoreApplication::applicationVersion(),
+             g.companyName,
+             {{u"Databook"_s, g.G_DataDir + g.G_DataFile},
+              {u"Settings"_s, g.applicationIni},
+              {u"Home"_s, m_disk.Home()},
+              {g.formsProgram, g.formsProgramVersion.isEmpty() ? u"not seen yet"_s : g.formsProgramVersion}}},
+            &*m_window);
+        box.exec();
+    }
+
+    /// A rule has ended the program: the window closes without asking.
+    void End(int code)
+    {
+        m_exitCode = code;
+        if (m_window)
+            QTimer::singleShot(0, &*m_window, [this] { m_window->close(); });
+    }
+
+    Options m_options;
+    files::Disk m_disk;
+    engine::Engine m_engine;
+    QString m_socket;
+    std::unique_ptr<conduit::Conduit> m_conduit;
+    app::LinkRecorder m_recorder;
+    QSettings m_settings;
+    windows::Theme m_theme;
+    windows::WindowPrompter m_prompter;
+    windows::EventGuard m_guard;
+    windows::WindowDesktop m_desktop;
+    forms::QtEventPump m_pump;
+    forms::SystemClock m_clock;
+    forms::SystemRandom m_random;
+    shell::frm_Main m_main;
+    shell::frm_Splash m_splash;
+    app::ShellDrops m_drops;
+    desktop::OneCopy m_copy;
+    std::optional<windows::MainWindow> m_window;
+    std::optional<app::GeometryReport> m_geometry;
+    int m_exitCode = 0;
+};
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+        qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(u"Vasclip"_s);
+    QApplication::setApplicationVersion(QStringLiteral(VASCLIP_VERSION));
+    const auto options = ReadOptions(QApplication::arguments());
+    if (!options)
+        return 2;
+    try {
+        return Program(app, *options).Run();
+    } catch (const RuntimeError& failure) {
+        QTextStream(stderr) << u"Vasclip can't start: "_s << failure.Description() << Qt::endl;
+        QMessageBox::critical(nullptr, u"Vasclip can't start"_s, failure.Description() + u'.');
+    }
+    return 1;
+}

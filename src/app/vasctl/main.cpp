@@ -1,0 +1,136 @@
+#include "app/vasctl/session.h"
+
+#include "common/error_block.h"
+#include "platform/desktop/terminal.h"
+#include "platform/files/disk.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+using namespace Qt::Literals::StringLiterals;
+using namespace vasclip;
+using namespace vasclip::vasctl;
+
+namespace {
+
+const QString kHelp =
+    uR"(Works with a Vasclip home from the terminal, also while the program's window is open.
+
+Commands:
+  records list [--where SQL] [--sort FIELD] [--limit N]
+                          the records of the Databook
+  records find KEY        one record in short; exit code 3 if it is not there
+  records show KEY        one record with every field that holds something
+  records add KEY [--type F|C|S|R|L|M] [--set FIELD=VALUE ...]
+  records edit KEY --set FIELD=VALUE [--set ...]
+  records delete KEY      asks first
+  records copy KEY NEW    a second record under a new address
+  records rename KEY NEW
+  sql "SELECT ..."        a query in the program's SQL, read only
+  report status           the report that is open in the forms program
+  report pages            its pages and what their slots hold
+  report cells [FORM|ROW|CELL ...]
+                          cells by address, or all mapped cells that hold something
+  refresh                 reads the open report as the program's Refresh does
+  drop KEY --on SLOT:N    drops a record on a slot: txtComp:1-9, txtAltComp:1-6, txtListing:1-6, txtRental:1-9,
+                          or on a data box (geaComp and so on) for the data without the photo
+  settings list
+  settings get [SECTION] KEY
+  settings set [SECTION] KEY VALUE
+  doctor                  checks the home: files, versions, drives, databases, link
+
+Exit codes: 0 done; 1 failed, the message says why; 2 wrong command line; 3 not found; 4 a question was answered
+with No or Cancel; 5 the forms program is not running or has no report open.)"_s;
+
+int Dispatch(Session& session, const Output& out, QStringList arguments, const QCommandLineParser& options)
+{
+    const QString command = arguments.isEmpty() ? QString() : arguments.takeFirst();
+    if (command == u"records"_s)
+        return RunRecords(session, out, arguments, options);
+    if (command == u"sql"_s)
+        return RunSql(session, out, arguments);
+    if (command == u"report"_s)
+        return RunReport(session, out, arguments);
+    if (command == u"refresh"_s && arguments.isEmpty())
+        return RunRefresh(session, out);
+    if (command == u"drop"_s)
+        return RunDrop(session, out, arguments, options);
+    if (command == u"settings"_s)
+        return RunSettings(session, out, arguments);
+    if (command == u"doctor"_s && arguments.isEmpty())
+        return RunDoctor(session, out);
+    out.Error(
+        command.isEmpty()
+            ? u"No command given; 'vasctl --help' lists them."_s
+            : u"'%1' is no command, or takes no such arguments; 'vasctl --help' lists them."_s.arg(command));
+    return kUsage;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(u"vasctl"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(VASCLIP_VERSION));
+
+    QCommandLineParser options;
+    options.setApplicationDescription(kHelp);
+    options.addHelpOption();
+    options.addVersionOption();
+    options.addOptions({
+        {u"home"_s, u"The home to work with (else VASCLIP_HOME, else the user's data directory)."_s,
+         u"DIR"_s},
+        {u"socket"_s, u"The forms program's socket, if it is not the home's own."_s, u"PATH"_s},
+        {u"time-limit"_s, u"Seconds to wait for an answer of the forms program (5)."_s, u"SECONDS"_s, u"5"_s},
+        {u"json"_s, u"Print JSON."_s},
+        {u"yes"_s, u"Answer every question with Yes."_s},
+        {u"no"_s, u"Answer every question with No."_s},
+        {u"answer"_s, u"Answer the next question so (yes, no, cancel, ...); may be given several times."_s,
+         u"WORD"_s},
+        {u"on"_s, u"Where to drop: SLOT:INDEX."_s, u"SLOT"_s},
+        {u"type"_s, u"Comp type of a new record (F)."_s, u"LETTER"_s},
+        {u"set"_s, u"Gives a field a value; may be given several times."_s, u"FIELD=VALUE"_s},
+        {u"where"_s, u"Only records for which this SQL condition holds."_s, u"SQL"_s},
+        {u"sort"_s, u"Sort by a field; \"FIELD DESC\" for downward."_s, u"FIELD"_s},
+        {u"limit"_s, u"At most so many records."_s, u"N"_s},
+    });
+    options.addPositionalArgument(u"COMMAND"_s, u"What to do."_s);
+    if (!options.parse(app.arguments())) {
+        Output(false).Error(options.errorText());
+        return kUsage;
+    }
+    if (options.isSet(u"help"_s))
+        options.showHelp(kDone);
+    if (options.isSet(u"version"_s))
+        options.showVersion();
+
+    const Output out(options.isSet(u"json"_s));
+    bool number = false;
+    const double seconds = options.value(u"time-limit"_s).toDouble(&number);
+    if (!number || seconds <= 0 || seconds > 3600) {
+        out.Error(u"--time-limit takes seconds, above 0 and at most 3600."_s);
+        return kUsage;
+    }
+    if (options.isSet(u"yes"_s) && options.isSet(u"no"_s)) {
+        out.Error(u"--yes and --no exclude each other."_s);
+        return kUsage;
+    }
+    const Standing standing = options.isSet(u"yes"_s)  ? Standing::Yes
+                              : options.isSet(u"no"_s) ? Standing::No
+                                                       : Standing::Ask;
+    TerminalPrompter prompter(standing, options.values(u"answer"_s), desktop::IsTerminal());
+    try {
+        Session session(options.isSet(u"home"_s) ? options.value(u"home"_s) : files::DefaultHome(),
+                        options.value(u"socket"_s), static_cast<int>(seconds * 1000), prompter);
+        return Dispatch(session, out, options.positionalArguments(), options);
+    } catch (const forms::EndOfProgram& end) {
+        return end.exitCode == 0 ? kFailed : end.exitCode;
+    } catch (const RuntimeError& failure) {
+        out.Error(u"%1 (error %2)"_s.arg(failure.Description()).arg(failure.Number()));
+    } catch (const std::exception& failure) {
+        out.Error(QString::fromLocal8Bit(failure.what()));
+    }
+    return kFailed;
+}

@@ -1,0 +1,98 @@
+#include "app/vasctl/output.h"
+
+#include <QJsonDocument>
+
+#include <cstdio>
+
+namespace vasclip::vasctl {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+void Print(std::FILE* to, const QByteArray& bytes)
+{
+    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), to);
+    std::fputc('\n', to);
+}
+
+/// A cell on one line: a long text is shortened for people, but never in the last column and never in JSON.
+QString Cell(const QString& text, bool last)
+{
+    constexpr qsizetype kWidest = 60;
+    QString line = text;
+    line.replace(u"\r\n"_s, u" "_s).replace(u'\n', u' ').replace(u'\r', u' ').replace(u'\t', u' ');
+    return !last && line.size() > kWidest ? line.left(kWidest - 1) + u'\u2026' : line;
+}
+
+} // namespace
+
+void Output::Table(const QStringList& headings, const QList<QStringList>& rows) const
+{
+    if (m_json) {
+        QJsonArray array;
+        for (const QStringList& row : rows) {
+            QJsonObject object;
+            for (qsizetype i = 0; i < headings.size(); ++i)
+                object.insert(headings[i], row.value(i));
+            array.append(object);
+        }
+        Print(stdout, QJsonDocument(array).toJson(QJsonDocument::Compact));
+        return;
+    }
+    QList<qsizetype> widths;
+    for (const QString& heading : headings)
+        widths.append(heading.size());
+    for (const QStringList& row : rows) {
+        for (qsizetype i = 0; i < headings.size(); ++i)
+            widths[i] = qMax(widths[i], Cell(row.value(i), i + 1 == headings.size()).size());
+    }
+    const auto print = [&](const QStringList& cells) {
+        QString line;
+        for (qsizetype i = 0; i < headings.size(); ++i)
+            line += Cell(cells.value(i), i + 1 == headings.size()).leftJustified(widths[i] + 2);
+        while (line.endsWith(u' '))
+            line.chop(1);
+        Print(stdout, line.toUtf8());
+    };
+    print(headings);
+    for (const QStringList& row : rows)
+        print(row);
+}
+
+void Output::Facts(const QList<std::pair<QString, QString>>& facts) const
+{
+    if (m_json) {
+        QJsonObject object;
+        for (const auto& [name, value] : facts)
+            object.insert(name, value);
+        Print(stdout, QJsonDocument(object).toJson(QJsonDocument::Compact));
+        return;
+    }
+    qsizetype width = 0;
+    for (const auto& [name, value] : facts)
+        width = qMax(width, name.size());
+    for (const auto& [name, value] : facts) {
+        QString text = value;
+        text.replace(u"\r\n"_s, u"\n"_s);
+        Print(stdout, (name.leftJustified(width + 2) + text).toUtf8());
+    }
+}
+
+void Output::Line(const QString& text) const
+{
+    Value(QJsonObject{{u"message"_s, text}}, text);
+}
+
+void Output::Value(const QJsonObject& value, const QString& text) const
+{
+    Print(stdout, m_json ? QJsonDocument(value).toJson(QJsonDocument::Compact) : text.toUtf8());
+}
+
+void Output::Error(const QString& text) const
+{
+    Print(stderr, m_json ? QJsonDocument(QJsonObject{{u"error"_s, text}}).toJson(QJsonDocument::Compact)
+                         : (u"vasctl: "_s + text).toUtf8());
+}
+
+} // namespace vasclip::vasctl

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QString>
+#include <QStringList>
+
+namespace vasclip::vasctl {
+
+/// Exit codes, as `vasctl --help` lists them.
+enum Exit : int {
+    kDone = 0,
+    kFailed = 1,   ///< the operation failed; the message says why
+    kUsage = 2,    ///< the command line is wrong
+    kNotFound = 3, ///< no such record, setting, page or slot
+    kDeclined = 4, ///< a question was answered No or Cancel
+    kNoLink = 5,   ///< the forms program is not running or has no report open
+};
+
+/// Prints what a command found: aligned columns for people, one JSON value with --json. Errors go to stderr.
+class Output
+{
+public:
+    explicit Output(bool json)
+        : m_json(json)
+    {}
+
+    [[nodiscard]] bool Json() const { return m_json; }
+    void Table(const QStringList& headings, const QList<QStringList>& rows) const;
+    /// One object: "name  value" lines, in the order given.
+    void Facts(const QList<std::pair<QString, QString>>& facts) const;
+    void Line(const QString& text) const; ///< {"message": text} with --json
+    void Value(const QJsonObject& value, const QString& text) const;
+    void Error(const QString& text) const; ///< {"error": text} with --json, on stderr
+
+private:
+    bool m_json;
+};
+
+} // namespace vasclip::vasctl

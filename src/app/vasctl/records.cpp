@@ -1,0 +1,211 @@
+#include "app/vasctl/session.h"
+
+#include "databook/records.h"
+#include "platform/text/text.h"
+
+namespace vasclip::vasctl {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QStringList kListed{u"CENTRALKEY"_s, u"CITY"_s,     u"APPRSLTYPE"_s, u"GLA"_s,
+                          u"SELLINGPR"_s,  u"SALEDATE"_s, u"FRONT"_s};
+
+QString Missing(const QString& key)
+{
+    return u"There is no record '%1' in the Databook. 'vasctl records list' shows what is there."_s.arg(
+        databook::KeyOf(key));
+}
+
+int ExitOf(databook::RecordOutcome outcome)
+{
+    switch (outcome) {
+    case databook::RecordOutcome::Done:
+        return kDone;
+    case databook::RecordOutcome::NotFound:
+        return kNotFound;
+    case databook::RecordOutcome::Blank:
+    case databook::RecordOutcome::TooLong:
+    case databook::RecordOutcome::UnknownType:
+        return kUsage;
+    case databook::RecordOutcome::Duplicate:
+    case databook::RecordOutcome::Itself:
+        return kFailed;
+    }
+    return kFailed;
+}
+
+int Report(const Output& out, const databook::RecordResult& result, const QString& done)
+{
+    if (result)
+        out.Line(done);
+    else
+        out.Error(result.message);
+    return ExitOf(result.outcome);
+}
+
+int List(Session& session, const Output& out, const QCommandLineParser& options)
+{
+    auto& main = session.WithDatabook();
+    QString sql = u"SELECT "_s + kListed.join(u", "_s) + u" FROM ["_s + main.globals.G_Table + u"]"_s;
+    if (options.isSet(u"where"_s))
+        sql += u" WHERE "_s + options.value(u"where"_s);
+    sql += u" ORDER BY "_s + (options.isSet(u"sort"_s) ? options.value(u"sort"_s) : u"CENTRALKEY"_s);
+    const auto rows = main.sources.datDatabook.Database().OpenRecordset(sql, engine::RecordsetType::Dynaset);
+
+    bool number = false;
+    const qint64 limit = options.isSet(u"limit"_s) ? options.value(u"limit"_s).toLongLong(&number) : -1;
+    if (options.isSet(u"limit"_s) && (!number || limit < 0)) {
+        out.Error(u"--limit takes a whole number of 0 or more, not '%1'."_s.arg(options.value(u"limit"_s)));
+        return kUsage;
+    }
+    const qint64 count = limit < 0 ? rows->RecordCount() : qMin(limit, rows->RecordCount());
+    QList<int> fields;
+    for (const QString& field : kListed)
+        fields.append(rows->FieldIndex(field));
+    QList<QStringList> table;
+    for (qint64 i = 0; i < count; ++i) {
+        QStringList line;
+        for (const QVariant& value : rows->Peek(i, fields))
+            line.append(text::Trim(value.toString()));
+        table.append(line);
+    }
+    out.Table(kListed, table);
+    return kDone;
+}
+
+int Show(Session& session, const Output& out, const QString& key, bool everything)
+{
+    auto& main = session.WithDatabook();
+    auto& databook = main.sources.datDatabook;
+    if (!store::FindRecord(session.Ports(), databook, databook::KeyOf(key), u"Centralkey"_s)) {
+        out.Error(Missing(key));
+        return kNotFound;
+    }
+    QList<std::pair<QString, QString>> facts;
+    for (const engine::Field& field : databook.Recordset().Fields()) {
+        if (field.type == engine::FieldType::LongBinary)
+            continue;
+        const QString value = store::GetFieldData(databook, field.name);
+        const bool wanted = everything ? !value.isEmpty() : kListed.contains(field.name);
+        if (wanted)
+            facts.append({field.name, value});
+    }
+    out.Facts(facts);
+    return kDone;
+}
+
+/// --set FIELD=VALUE, each checked against the table before anything is written.
+int SetFields(Session& session, const Output& out, const QStringList& settings)
+{
+    if (settings.isEmpty())
+        return kDone;
+    auto& databook = session.WithDatabook().sources.datDatabook;
+    auto& rs = databook.Recordset();
+    QList<std::pair<QString, QString>> values;
+    for (const QString& setting : settings) {
+        const qsizetype equals = setting.indexOf(u'=');
+        const QString field = text::Folded(setting.left(equals));
+        if (equals < 1 || rs.FieldIndex(field) < 0) {
+            out.Error(u"--set takes FIELD=VALUE with a field of the Databook; '%1' is none."_s.arg(setting));
+            return kUsage;
+        }
+        if (field == u"CENTRALKEY"_s) {
+            out.Error(u"The key is changed with 'vasctl records rename'."_s);
+            return kUsage;
+        }
+        const engine::Field& defined = rs.Fields()[rs.FieldIndex(field)];
+        const QString value = setting.mid(equals + 1);
+        if (defined.type == engine::FieldType::Text && value.size() > defined.size) {
+            out.Error(u"%1 takes at most %2 characters; the value has %3."_s.arg(field)
+                          .arg(defined.size)
+                          .arg(value.size()));
+            return kUsage;
+        }
+        values.append({field, value});
+    }
+    rs.Edit();
+    for (const auto& [field, value] : values)
+        store::SetFieldData(databook, value, field);
+    rs.Update();
+    return kDone;
+}
+
+} // namespace
+
+int RunRecords(Session& session, const Output& out, const QStringList& arguments,
+               const QCommandLineParser& options)
+{
+    const QString verb = arguments.value(0);
+    const auto needs = [&](qsizetype count) { return arguments.size() == count + 1; };
+    if (verb == u"list"_s && needs(0))
+        return List(session, out, options);
+    if ((verb == u"find"_s || verb == u"show"_s) && needs(1))
+        return Show(session, out, arguments[1], verb == u"show"_s);
+
+    if (verb == u"add"_s && needs(1)) {
+        auto& main = session.WithDatabook();
+        const QString type = options.isSet(u"type"_s) ? options.value(u"type"_s) : u"F"_s;
+        if (type.size() != 1) {
+            out.Error(u"--type takes one letter: F, C, S, R, L or M."_s);
+            return kUsage;
+        }
+        engine::Transaction together(main.sources.datDatabook.Database());
+        const auto added = databook::AddRecord(session.Ports(), main.sources.datDatabook, arguments[1],
+                                               type[0], main.globals.addressCase);
+        if (!added)
+            return Report(out, added, {});
+        if (const int wrong = SetFields(session, out, options.values(u"set"_s)); wrong != kDone)
+            return wrong;
+        together.Commit();
+        return Report(out, added, u"%1 was added."_s.arg(databook::KeyOf(arguments[1])));
+    }
+    if (verb == u"edit"_s && needs(1)) {
+        auto& main = session.WithDatabook();
+        if (!store::FindRecord(session.Ports(), main.sources.datDatabook, databook::KeyOf(arguments[1]),
+                               u"Centralkey"_s)) {
+            out.Error(Missing(arguments[1]));
+            return kNotFound;
+        }
+        if (!options.isSet(u"set"_s)) {
+            out.Error(u"Say what to change with --set FIELD=VALUE."_s);
+            return kUsage;
+        }
+        const int wrong = SetFields(session, out, options.values(u"set"_s));
+        if (wrong == kDone)
+            out.Line(u"%1 was changed."_s.arg(databook::KeyOf(arguments[1])));
+        return wrong;
+    }
+    if (verb == u"delete"_s && needs(1)) {
+        auto& main = session.WithDatabook();
+        const QString key = databook::KeyOf(arguments[1]);
+        if (!store::FindRecord(session.Ports(), main.sources.datDatabook, key, u"Centralkey"_s)) {
+            out.Error(Missing(key));
+            return kNotFound;
+        }
+        if (!session.Prompter().YesNo({}, u"Delete '"_s + key + u"'?"_s))
+            return kDeclined;
+        return Report(out, databook::DeleteRecord(session.Ports(), main.sources.datDatabook, key),
+                      key + u" was deleted."_s);
+    }
+    if (verb == u"copy"_s && needs(2)) {
+        auto& main = session.WithDatabook();
+        return Report(
+            out, databook::CopyRecord(session.Ports(), main.sources.datDatabook, arguments[1], arguments[2]),
+            u"%1 was copied to %2."_s.arg(databook::KeyOf(arguments[1]), databook::KeyOf(arguments[2])));
+    }
+    if (verb == u"rename"_s && needs(2)) {
+        auto& main = session.WithDatabook();
+        return Report(
+            out,
+            databook::RenameRecord(session.Ports(), main.sources.datDatabook, arguments[1], arguments[2]),
+            u"%1 is %2 now."_s.arg(databook::KeyOf(arguments[1]), databook::KeyOf(arguments[2])));
+    }
+    out.Error(u"Usage: vasctl records list | find KEY | show KEY | add KEY | edit KEY | delete KEY | copy "
+              u"KEY NEW | "
+              u"rename KEY NEW"_s);
+    return kUsage;
+}
+
+} // namespace vasclip::vasctl

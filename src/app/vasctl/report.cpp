@@ -1,0 +1,173 @@
+#include "app/vasctl/session.h"
+
+#include "link/kel_channel.h"
+#include "link/kel_helpers.h"
+#include "link/tabs.h"
+#include "platform/text/text.h"
+
+#include <QRegularExpression>
+
+namespace vasclip::vasctl {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString kNoReport = u"No report is open. Start the forms program, open a report and try again."_s;
+
+int Status(Session& session, const Output& out)
+{
+    auto& main = session.WithReport();
+    out.Facts({{u"report"_s, main.addr.txtKelReport.Text()},
+               {u"form"_s, link::KelFirstToken(main.addr.txtKelListForms.Text())},
+               {u"forms"_s, main.addr.txtKelListForms.Text()},
+               {u"subject"_s, main.report.txtSubject.Text()},
+               {u"socket"_s, session.SocketPath()}});
+    return kDone;
+}
+
+/// Every page of every tab with its caption and what its slots hold.
+int Pages(Session& session, const Output& out)
+{
+    auto& main = session.WithReport();
+    QList<QStringList> rows;
+    const auto add = [&](const forms::TabControl& tab, int page,
+                         const forms::ControlArray<forms::TextBox>& texts, int first) {
+        QStringList slots_;
+        for (int i = first; i < first + 3; ++i)
+            slots_.append(u"%1: %2"_s.arg(i).arg(text::Trim(texts(i).Text())));
+        rows.append({tab.Name(), QString::number(page + 1), tab.TabCaption(page), slots_.join(u"; "_s)});
+    };
+    const auto& r = main.report;
+    for (int page = 0; page < 3; ++page)
+        add(r.TabComp, page, r.txtComp, 3 * page + 1);
+    for (int page = 3; page < 5; ++page)
+        add(r.TabComp, page, r.txtAltComp, 3 * (page - 3) + 1);
+    for (int page = 0; page < 12; ++page)
+        rows.append({r.TabGeneral.Name(), QString::number(page + 1), r.TabGeneral.TabCaption(page), {}});
+    for (int page = 0; page < 2; ++page)
+        add(r.TabListing, page, r.txtListing, 3 * page + 1);
+    for (int page = 0; page < 3; ++page)
+        add(r.TabRental, page, r.txtRental, 3 * page + 1);
+    out.Table({u"tab"_s, u"page"_s, u"caption"_s, u"slots"_s}, rows);
+    return kDone;
+}
+
+/// The cells of one slot as the mapping knows them, or named items.
+int Cells(Session& session, const Output& out, const QStringList& items)
+{
+    auto& main = session.WithReport();
+    const QString report = main.addr.txtKelReport.Text();
+    QList<QStringList> rows;
+    for (const QString& item : items)
+        rows.append({item, link::KelGetFieldInfo(session.Conduit(), report, item)});
+    if (items.isEmpty()) {
+        const QString form = link::KelFirstToken(main.addr.txtKelListForms.Text());
+        const auto all = main.sources.datComp2Kel_CURRENT.Database().OpenRecordset(
+            u"SELECT * FROM Comp2Kel WHERE Comp2Kel.FORMTYPE = '%1'"_s.arg(form),
+            engine::RecordsetType::Dynaset);
+        for (; !all->Eof(); all->MoveNext()) {
+            const auto column = [&](const QString& name) { return text::Trim(all->Value(name).toString()); };
+            const qint16 base = text::ToInt16(text::Val(column(u"COMP"_s)));
+            for (qint16 comp = base; comp < base + (base == 10 ? 1 : 3); ++comp) {
+                const QString cell = link::KelShiftCell(column(u"ROW"_s) + u'|' + column(u"CELL"_s),
+                                                        column(u"OFFSET"_s), comp);
+                const QString item = column(u"FORMNAME"_s) + u'|' + cell;
+                const QString value = link::KelGetFieldInfo(session.Conduit(), report, item);
+                if (!value.isEmpty())
+                    rows.append({item, column(u"COMPTYPE"_s) + u' ' + QString::number(comp),
+                                 column(u"FIELDNAME"_s), value});
+            }
+        }
+        out.Table({u"item"_s, u"comp"_s, u"field"_s, u"text"_s}, rows);
+        return kDone;
+    }
+    out.Table({u"item"_s, u"text"_s}, rows);
+    return kDone;
+}
+
+} // namespace
+
+int RunReport(Session& session, const Output& out, const QStringList& arguments)
+{
+    const QString verb = arguments.value(0);
+    if ((verb != u"status"_s && verb != u"pages"_s && verb != u"cells"_s) ||
+        (verb != u"cells"_s && arguments.size() != 1)) {
+        out.Error(u"Usage: vasctl report status | pages | cells [FORM|ROW|CELL ...]"_s);
+        return kUsage;
+    }
+    if (!link::KelIsActive(session.Conduit(), session.Main().linkState)) {
+        out.Error(kNoReport);
+        return kNoLink;
+    }
+    if (verb == u"status"_s)
+        return Status(session, out);
+    if (verb == u"pages"_s)
+        return Pages(session, out);
+    return Cells(session, out, arguments.mid(1));
+}
+
+int RunRefresh(Session& session, const Output& out)
+{
+    if (!link::KelIsActive(session.Conduit(), session.Main().linkState)) {
+        out.Error(kNoReport);
+        return kNoLink;
+    }
+    auto& main = session.WithReport();
+    QList<QStringList> rows;
+    for (int i = 1; i <= 9; ++i) {
+        if (!main.report.txtComp(i).Text().isEmpty())
+            rows.append({u"txtComp:%1"_s.arg(i), main.report.txtComp(i).Text()});
+    }
+    out.Table({u"slot"_s, u"address"_s}, rows);
+    return kDone;
+}
+
+int RunDrop(Session& session, const Output& out, const QStringList& arguments,
+            const QCommandLineParser& options)
+{
+    const auto slot =
+        QRegularExpression(u"^([A-Za-z]+)[:(_](\\d+)\\)?$"_s).match(options.value(u"on"_s).trimmed());
+    if (arguments.size() != 1 || !slot.hasMatch()) {
+        out.Error(u"Usage: vasctl drop KEY --on SLOT:INDEX, for instance --on txtComp:4"_s);
+        return kUsage;
+    }
+    if (!link::KelIsActive(session.Conduit(), session.Main().linkState)) {
+        out.Error(kNoReport);
+        return kNoLink;
+    }
+    auto& main = session.WithReport();
+    forms::Control* target = main.controls.Find(slot.captured(1), slot.captured(2).toInt());
+    if (!target) {
+        out.Error(
+            u"There is no slot %1(%2). Slots are txtComp 1-9, txtAltComp 1-6, txtListing 1-6, txtRental 1-9, "
+            u"and the data boxes geaComp, geaAltComp, geaListing, geaRental."_s.arg(slot.captured(1),
+                                                                                    slot.captured(2)));
+        return kNotFound;
+    }
+    drops::Drag drag;
+    drag.source = main.records.grddatabook.Name();
+    drag.key = text::Folded(arguments[0]);
+    if (!store::FindRecord(session.Ports(), main.sources.datDatabook, drag.key, u"Centralkey"_s)) {
+        out.Error(u"There is no record '%1' in the Databook."_s.arg(drag.key));
+        return kNotFound;
+    }
+    if (!main.Accepts(drag.source, *target)) {
+        out.Error(u"A record can't be dropped on %1: it is no text slot or data box, or the report has no "
+                  u"such page "
+                  u"(\"N/A\"). 'vasctl report pages' shows the pages."_s.arg(target->ObjectName()));
+        return kNotFound;
+    }
+    const drops::Outcome outcome = main.Drop(drag, *target);
+    if (outcome.done) {
+        out.Value({{u"slot"_s, target->ObjectName()}, {u"key"_s, drag.key}, {u"message"_s, outcome.message}},
+                  outcome.message);
+        return kDone;
+    }
+    if (session.Prompter().Declined())
+        return kDeclined;
+    out.Error(u"%1 was not sent whole; see the message above."_s.arg(drag.key));
+    return kFailed;
+}
+
+} // namespace vasclip::vasctl

@@ -1,0 +1,63 @@
+#include "app/vasctl/session.h"
+
+#include "app/places.h"
+#include "platform/conduit/socket_path.h"
+#include "shell/ini_location.h"
+
+namespace vasclip::vasctl {
+
+using namespace Qt::Literals::StringLiterals;
+
+Session::Session(const QString& home, const QString& socketPath, int linkTimeLimitMs,
+                 TerminalPrompter& prompter)
+    : m_prompter(prompter)
+    , m_disk(home)
+    , m_engine(m_disk)
+    , m_socketPath(socketPath.isEmpty() ? conduit::DefaultSocketPath(m_disk.Home()) : socketPath)
+    , m_conduit(conduit::MakeSocketConduit({.socketPath = m_socketPath, .timeLimitMs = linkTimeLimitMs}))
+{}
+
+forms::Ports Session::Ports()
+{
+    return {m_prompter, m_pump, m_clock, m_random, m_window};
+}
+
+shell::frm_Main& Session::Main()
+{
+    if (m_main)
+        return *m_main;
+    auto main = std::make_unique<shell::frm_Main>(shell::Foundation{m_disk, m_engine, *m_conduit, Ports()});
+    main->LocateInis(app::Places(m_disk), shell::Silence::Silent);
+    if (!m_disk.FileExists(main->globals.applicationIni))
+        throw RuntimeError(
+            error::kFileNotFound,
+            u"%1 is not there, so this is no home of the program; choose another with --home"_s.arg(
+                main->globals.applicationIni));
+    main->ReadSettings();
+    m_main = std::move(main);
+    return *m_main;
+}
+
+shell::frm_Main& Session::WithDatabook()
+{
+    auto& main = Main();
+    if (!m_databook) {
+        main.ConnectDatabook();
+        m_databook = true;
+    }
+    return main;
+}
+
+shell::frm_Main& Session::WithReport()
+{
+    auto& main = WithDatabook();
+    if (!m_report) {
+        main.ConnectMapping();
+        main.records.LoadCompType();
+        main.RefreshAppraisal();
+        m_report = true;
+    }
+    return main;
+}
+
+} // namespace vasclip::vasctl

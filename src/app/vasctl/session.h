@@ -1,0 +1,70 @@
+#pragma once
+
+#include "app/vasctl/output.h"
+#include "app/vasctl/terminal_prompter.h"
+#include "forms/system_ports.h"
+#include "platform/conduit/socket_conduit.h"
+#include "shell/frm_main.h"
+
+#include <QCommandLineParser>
+
+#include <memory>
+
+namespace vasclip::vasctl {
+
+/// The pointer and the focus of a program without windows.
+class NoWindow : public forms::WindowPort
+{
+public:
+    void AppActivate() override {}
+    void SetHourglass(bool) override {}
+};
+
+/// One run of vasctl: the home, its settings, and the main screen without a window.
+class Session
+{
+public:
+    Session(const QString& home, const QString& socketPath, int linkTimeLimitMs, TerminalPrompter& prompter);
+
+    [[nodiscard]] const files::Disk& Disk() const { return m_disk; }
+    [[nodiscard]] engine::Engine& Engine() { return m_engine; }
+    [[nodiscard]] const QString& SocketPath() const { return m_socketPath; }
+    [[nodiscard]] TerminalPrompter& Prompter() { return m_prompter; }
+    [[nodiscard]] forms::Ports Ports();
+    [[nodiscard]] conduit::Conduit& Conduit() { return *m_conduit; }
+
+    /// The main screen with ini files located and settings read. @throws RuntimeError if VAS2000.INI is
+    /// missing
+    shell::frm_Main& Main();
+    /// The same with the Databook bound to datDatabook.
+    shell::frm_Main& WithDatabook();
+    /// The same with the grid filled and the mapping bound, and the open report mirrored.
+    shell::frm_Main& WithReport();
+
+private:
+    TerminalPrompter& m_prompter;
+    files::Disk m_disk;
+    engine::Engine m_engine;
+    QString m_socketPath;
+    std::unique_ptr<conduit::Conduit> m_conduit;
+    forms::QtEventPump m_pump;
+    forms::SystemClock m_clock;
+    forms::SystemRandom m_random;
+    NoWindow m_window;
+    std::unique_ptr<shell::frm_Main> m_main;
+    bool m_databook = false;
+    bool m_report = false;
+};
+
+// The commands. Each prints through `out` and returns an exit code.
+int RunRecords(Session& session, const Output& out, const QStringList& arguments,
+               const QCommandLineParser& options);
+int RunSql(Session& session, const Output& out, const QStringList& arguments);
+int RunReport(Session& session, const Output& out, const QStringList& arguments);
+int RunRefresh(Session& session, const Output& out);
+int RunDrop(Session& session, const Output& out, const QStringList& arguments,
+            const QCommandLineParser& options);
+int RunSettings(Session& session, const Output& out, const QStringList& arguments);
+int RunDoctor(Session& session, const Output& out);
+
+} // namespace vasclip::vasctl

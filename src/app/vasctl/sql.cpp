@@ -1,0 +1,45 @@
+#include "app/vasctl/session.h"
+
+#include "platform/text/text.h"
+
+namespace vasclip::vasctl {
+
+using namespace Qt::Literals::StringLiterals;
+
+int RunSql(Session& session, const Output& out, const QStringList& arguments)
+{
+    if (arguments.size() != 1) {
+        out.Error(u"Usage: vasctl sql \"SELECT ...\""_s);
+        return kUsage;
+    }
+    if (!text::Folded(arguments[0]).startsWith(u"SELECT"_s)) {
+        out.Error(u"Only SELECT statements run here; records are changed with 'vasctl records'."_s);
+        return kUsage;
+    }
+    auto& main = session.Main();
+    // A connection of its own that cannot write, whatever the statement says (SELECT INTO among them).
+    const auto database = session.Engine().OpenDatabase(main.globals.G_DataDir + main.globals.G_DataFile,
+                                                        engine::OpenMode::ReadOnly);
+    const auto rows = database->OpenRecordset(arguments[0], engine::RecordsetType::Dynaset);
+    QStringList headings;
+    QList<int> fields;
+    for (qsizetype i = 0; i < rows->Fields().size(); ++i) {
+        headings.append(rows->Fields()[i].name);
+        fields.append(static_cast<int>(i));
+    }
+    QList<QStringList> table;
+    for (qint64 row = 0; row < rows->RecordCount(); ++row) {
+        QStringList line;
+        const QVariantList values = rows->Peek(row, fields);
+        for (qsizetype i = 0; i < values.size(); ++i) {
+            const bool binary = rows->Fields()[i].type == engine::FieldType::LongBinary;
+            line.append(binary && values[i].isValid() ? u"(%1 bytes)"_s.arg(values[i].toByteArray().size())
+                                                      : text::RTrim(values[i].toString()));
+        }
+        table.append(line);
+    }
+    out.Table(headings, table);
+    return kDone;
+}
+
+} // namespace vasclip::vasctl

@@ -1,0 +1,12 @@
+#include "platform/desktop/terminal.h"
+
+#include <unistd.h>
+
+namespace vasclip::desktop {
+
+bool IsTerminal()
+{
+    return isatty(STDIN_FILENO) != 0;
+}
+
+} // namespace vasclip::desktop

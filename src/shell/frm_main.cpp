@@ -1,0 +1,190 @@
+#include "shell/frm_main.h"
+
+#include "common/error_block.h"
+#include "common/paths.h"
+#include "databook/grid.h"
+#include "drops/router.h"
+#include "link/general_text.h"
+#include "link/refresh.h"
+#include "link/tabs.h"
+#include "photos/front_view.h"
+#include "platform/desktop/desktop.h"
+#include "platform/text/text.h"
+#include "shell/g_shell.h"
+#include "shell/menus.h"
+#include "shell/slot_icon_pictures.h"
+
+namespace vasclip::shell {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// "" for an executable that is not there or lies outside the drives.
+QString FileVersionOf(const files::Disk& disk, const QString& path)
+{
+    try {
+        return desktop::FileVersion(disk.ToNative(path));
+    } catch (const RuntimeError&) {
+        return {};
+    }
+}
+
+} // namespace
+
+frm_Main::frm_Main(const Foundation& foundation)
+    : tabSource(controls, u"tabSource"_s, {u"Report and Databook"_s, u"Atlas"_s})
+    , status(controls)
+    , records(controls)
+    , report(controls)
+    , slots(controls)
+    , photoLists(controls)
+    , mnuFileItem(controls, u"mnuFileItem"_s, u"&File"_s, FileEntries())
+    , mnuSetupItem(controls, u"mnuSetupItem"_s, u"&Setup"_s, SetupEntries())
+    , mnuMaintItem(controls, u"mnuMaintItem"_s, u"&Maintenance"_s, MaintenanceEntries())
+    , mnuTransferItem(controls, u"mnuTransferItem"_s, u"&Transfer"_s, TransferEntries())
+    , mnuRefreshItem(controls, u"mnuRefreshItem"_s, u"&Refresh"_s, RefreshEntries())
+    , mnuDBItem(controls, u"mnuDBItem"_s, u"&Database"_s, DatabaseEntries())
+    , mnuHelpItem(controls, u"mnuHelpItem"_s, u"&Help"_s, HelpEntries())
+    , sources(foundation.engine)
+    , m_base(foundation)
+    , m_slotLoader(std::make_unique<photos::SlotLoader>(foundation.disk, foundation.ports, m_slotTable))
+    , m_rows(std::make_unique<databook::GridRows>(sources.datsql))
+{
+    m_link = std::make_unique<link::LinkDesk>(link::LinkDesk{
+        .txtDDE = foundation.txtDDE,
+        .globals = globals,
+        .ports = foundation.ports,
+        .status = status,
+        .report = report,
+        .addr = addr,
+        .state = linkState,
+        .slots = slots,
+        .loader = *m_slotLoader,
+        .lists = photoLists,
+        .sources = sources,
+        .disk = foundation.disk,
+        .kelIni =
+            [this](const QString& section, const QString& key) {
+                return link::ReadsKelIni(m_base.disk, globals.kelIni)(section, key);
+            },
+        .fileVersion = [this](const QString& path) { return FileVersionOf(m_base.disk, path); },
+        .icons = SlotIconPictures(),
+    });
+    m_router = std::make_unique<drops::Router>(*m_link);
+    WireControls();
+}
+
+frm_Main::~frm_Main() = default;
+
+void frm_Main::SetCaption(const QString& caption)
+{
+    m_caption = caption;
+    Q_EMIT CaptionChanged();
+}
+
+void frm_Main::WireControls()
+{
+    for (forms::Menu* menu : {&mnuFileItem, &mnuSetupItem, &mnuMaintItem, &mnuTransferItem, &mnuRefreshItem,
+                              &mnuDBItem, &mnuHelpItem})
+        connect(menu, &forms::Menu::Chosen, this, &frm_Main::MenuChosen);
+
+    connect(&report.imaKel, &forms::Control::Clicked, this, [this] { RefreshAppraisal(); });
+    connect(&records.cmdRefresh, &forms::Control::Clicked, this, [this] { DisplayAllRecords(); });
+    connect(&records.grddatabook, &forms::Grid::RowColChange, this, &frm_Main::grddatabook_RowColChange);
+    for (forms::TabControl* tab :
+         {&report.TabSubject, &report.TabComp, &report.TabGeneral, &report.TabListing, &report.TabRental})
+        connect(tab, &forms::TabControl::TabClicked, this,
+                [this, tab](int previous) { link::TabClicked(*m_link, *tab, previous); });
+    for (int i = report.cboGeneral.First(); i <= report.cboGeneral.Last(); ++i) {
+        connect(&report.cboGeneral(i), &forms::ComboBox::TextChanged, this,
+                [this, i] { link::cboGeneral_Change(*m_link, i); });
+        connect(&report.cboGeneral(i), &forms::ListBox::ListIndexChanged, this,
+                [this, i] { link::cboGeneral_Click(*m_link, i); });
+    }
+    connect(&photoLists.lstViews, &forms::ListBox::ListIndexChanged, this, [this] {
+        photos::SelectPhoto(photoLists, *m_slotLoader, slots.geamaintain, m_base.disk, globals.G_PhotoDir);
+    });
+
+    // Their screens are not there yet: disabled, not dead.
+    for (forms::Button* button : {&records.cmdSearch, &records.cmdAddManual, &records.cmdPrint,
+                                  &records.cmdDetails, &report.cmdSubjectAnd})
+        button->SetEnabled(false);
+    records.SetScreensThere(false);
+}
+
+void frm_Main::RefreshAppraisal()
+{
+    link::RefreshAppraisal(*m_link);
+    grddatabook_RowColChange();
+}
+
+void frm_Main::DisplayAllRecords()
+{
+    const common::RoutineScope scope{"DisplayAllRecords"};
+    const forms::Hourglass hourglass(m_base.ports.window);
+    databook::DisplayAllRecords(m_base.ports, records, sources.datsql, *m_rows, globals.sortGrid);
+    grddatabook_RowColChange();
+}
+
+void frm_Main::grddatabook_RowColChange()
+{
+    if (!sources.datDatabook.Bound() || records.grddatabook.Row() < 0)
+        return;
+    const common::RoutineScope scope{"RowColChange"};
+    const QString key = text::Trim(records.grddatabook.CurrentText(u"CENTRALKEY"_s));
+    records.txtcentralkey.SetText(key);
+    records.lblDatabookADDR.SetCaption(text::Trim(records.grddatabook.CurrentText(u"ADDRESS"_s)));
+    records.CheckStatus(m_base.ports, sources.datDatabook, status);
+    photos::TestFrontView(sources.datDatabook, key, photoLists, *m_slotLoader, slots.geamaintain, m_base.disk,
+                          globals.G_PhotoDir);
+}
+
+drops::Drag frm_Main::grddatabook_dragCell()
+{
+    return {records.grddatabook.Name(), -1, text::Trim(records.grddatabook.CurrentText(u"CENTRALKEY"_s)), {}};
+}
+
+bool frm_Main::Accepts(const QString& sourceName, const forms::Control& target) const
+{
+    return m_router->Accepts(sourceName, target);
+}
+
+drops::Outcome frm_Main::Drop(const drops::Drag& drag, forms::Control& target)
+{
+    status.lblmsg.Show({}, forms::Colour::Normal);
+    drops::Outcome outcome = m_router->Drop(drag, target);
+    // A drop walks other records for its icons; the record on show comes back.
+    grddatabook_RowColChange();
+    if (!outcome.message.isEmpty())
+        status.lblmsg.Show(outcome.message, outcome.colour);
+    return outcome;
+}
+
+void frm_Main::DragOver(const QString& sourceName, const QString& targetName)
+{
+    status.lblmsg.Show(drops::HintFor(sourceName, targetName), forms::Colour::Normal);
+}
+
+void frm_Main::MenuChosen(const QString& array, int index)
+{
+    if (array == u"mnuFileItem"_s && index == 0)
+        LaunchAppraisalProgram();
+    else if (array == u"mnuFileItem"_s && index == 11)
+        Q_EMIT UnloadWanted();
+    else if (array == u"mnuRefreshItem"_s && index == 0)
+        RefreshAppraisal();
+    else if (array == u"mnuRefreshItem"_s && index == 2)
+        DisplayAllRecords();
+    else if (array == u"mnuHelpItem"_s && index == 12)
+        Q_EMIT AboutWanted();
+}
+
+void frm_Main::LaunchAppraisalProgram()
+{
+    link::LaunchFormsProgram(*m_link, [this](const QString& path) {
+        return desktop::ShellOpen(m_base.disk, u"open"_s, path, {}, globals.kelAppDir) > 32;
+    });
+}
+
+} // namespace vasclip::shell

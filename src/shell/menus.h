@@ -1,0 +1,17 @@
+#pragma once
+
+#include "forms/controls.h"
+
+namespace vasclip::shell {
+
+// The entries of each menu in stored order. An entry whose screen the program does not have yet is disabled.
+
+[[nodiscard]] QList<forms::MenuEntry> FileEntries();
+[[nodiscard]] QList<forms::MenuEntry> SetupEntries();
+[[nodiscard]] QList<forms::MenuEntry> MaintenanceEntries();
+[[nodiscard]] QList<forms::MenuEntry> TransferEntries();
+[[nodiscard]] QList<forms::MenuEntry> RefreshEntries();
+[[nodiscard]] QList<forms::MenuEntry> DatabaseEntries();
+[[nodiscard]] QList<forms::MenuEntry> HelpEntries();
+
+} // namespace vasclip::shell

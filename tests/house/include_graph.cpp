@@ -1,0 +1,238 @@
+#include "house/include_graph.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
+
+namespace vasclip::house {
+
+namespace {
+
+const QString kSrc = QStringLiteral("src/");
+const QString kTools = QStringLiteral("tools/");
+
+struct Include
+{
+    QString name;
+    bool quoted = false; ///< "..." and not <...>
+};
+
+QList<Include> IncludesOf(const QString& text)
+{
+    static const QRegularExpression pattern(
+        QStringLiteral(R"(^[ \t]*#[ \t]*include[ \t]*([<"])([^>"\n]+)[>"])"),
+        QRegularExpression::MultilineOption);
+    QList<Include> includes;
+    for (auto found = pattern.globalMatch(text); found.hasNext();) {
+        const QRegularExpressionMatch match = found.next();
+        includes.append({match.captured(2), match.captured(1) == u"\""});
+    }
+    return includes;
+}
+
+/// The room of a path that begins with "src/"; empty for a folder that the plan does not know.
+QString RoomOf(const QString& path)
+{
+    for (const QStringList& floor : Floors()) {
+        for (const QString& room : floor) {
+            if (path.startsWith(kSrc + room + u'/'))
+                return room;
+        }
+    }
+    return {};
+}
+
+qsizetype FloorOf(const QString& room)
+{
+    for (qsizetype at = 0; at < Floors().size(); ++at) {
+        if (Floors()[at].contains(room))
+            return at;
+    }
+    return -1;
+}
+
+/// Made by the build: the form of a window, the meta-object code of a class.
+bool IsGenerated(const QString& name)
+{
+    return name.startsWith(QStringLiteral("ui_")) || name.endsWith(QStringLiteral(".moc")) ||
+           name.startsWith(QStringLiteral("moc_"));
+}
+
+bool MayShowWidgets(const QString& path)
+{
+    static const QRegularExpression pattern(QStringLiteral("^(src/windows/|src/app/|tools/kelforms/)"));
+    return pattern.match(path).hasMatch();
+}
+
+bool MayAskTheSystem(const QString& path)
+{
+    return path.startsWith(QStringLiteral("src/platform/"));
+}
+
+/// A path of the project for the name of an include; empty if there is none.
+QString Resolved(const Sources& sources, const QString& from, const QString& name)
+{
+    if (sources.contains(kSrc + name))
+        return kSrc + name;
+    if (from.startsWith(kTools) && sources.contains(kTools + name))
+        return kTools + name;
+    return {};
+}
+
+void CheckArrow(const QString& from, const QString& onto, QStringList& violations)
+{
+    if (from.startsWith(kTools))
+        return; // tools stand outside the house and may use all of it
+    const QString room = RoomOf(from);
+    const QString other = RoomOf(onto);
+    if (room == other)
+        return;
+    const qsizetype floor = FloorOf(room);
+    const qsizetype otherFloor = FloorOf(other);
+    if (otherFloor > floor)
+        violations.append(
+            QStringLiteral("%1 includes %2, which stands above it").arg(from, onto.mid(kSrc.size())));
+    else if (otherFloor == floor)
+        violations.append(QStringLiteral("%1 includes %2 of its own floor").arg(from, onto.mid(kSrc.size())));
+}
+
+void CheckIncludes(const Sources& sources, const QSet<QString>& widgetHeaders,
+                   QMap<QString, QStringList>& arrows, QStringList& violations)
+{
+    static const QSet<QString> kWholeLibraries = {QStringLiteral("QtCore"), QStringLiteral("QtGui"),
+                                                  QStringLiteral("QtWidgets"), QStringLiteral("QtNetwork")};
+    for (auto source = sources.cbegin(); source != sources.cend(); ++source) {
+        const QString& path = source.key();
+        if (path.startsWith(kSrc) && RoomOf(path).isEmpty())
+            violations.append(QStringLiteral("%1 lies in no room of the plan").arg(path));
+        for (const Include& include : IncludesOf(source.value())) {
+            if (include.quoted && !IsGenerated(include.name)) {
+                const QString onto = Resolved(sources, path, include.name);
+                if (onto.isEmpty()) {
+                    violations.append(
+                        QStringLiteral("%1 includes \"%2\", which is no path from src/ or tools/")
+                            .arg(path, include.name));
+                } else {
+                    arrows[path].append(onto);
+                    CheckArrow(path, onto, violations);
+                }
+            }
+            const QString header = include.name.section(u'/', -1);
+            if (kWholeLibraries.contains(include.name))
+                violations.append(QStringLiteral("%1 includes all of <%2>").arg(path, include.name));
+            const bool widget =
+                widgetHeaders.contains(header) || include.name.startsWith(QStringLiteral("QtWidgets/"));
+            if (!include.quoted && widget && !MayShowWidgets(path))
+                violations.append(QStringLiteral("%1 includes the widget <%2>").arg(path, include.name));
+        }
+    }
+}
+
+void CheckSystems(const Sources& sources, QStringList& violations)
+{
+    static const QRegularExpression pattern(
+        QStringLiteral(R"(^[ \t]*#[ \t]*(?:if|ifdef|ifndef|elif)\b.*\b)"
+                       R"((_?WIN32|_WIN64|Q_OS_\w+|__linux__|__unix__|__APPLE__|_MSC_VER|__MINGW\w*)\b)"),
+        QRegularExpression::MultilineOption);
+    for (auto source = sources.cbegin(); source != sources.cend(); ++source) {
+        const QRegularExpressionMatch match = pattern.match(source.value());
+        if (match.hasMatch() && !MayAskTheSystem(source.key()))
+            violations.append(QStringLiteral("%1 asks for a system by %2 outside platform/")
+                                  .arg(source.key(), match.captured(1)));
+    }
+}
+
+enum class Mark { Unseen, OnTheWay, Done };
+
+void Visit(const QString& path, const QMap<QString, QStringList>& arrows, QMap<QString, Mark>& marks,
+           QStringList& way, QStringList& violations)
+{
+    marks[path] = Mark::OnTheWay;
+    way.append(path);
+    for (const QString& onto : arrows.value(path)) {
+        const Mark mark = marks.value(onto, Mark::Unseen);
+        if (mark == Mark::OnTheWay)
+            violations.append(
+                QStringLiteral("a circle of includes: %1")
+                    .arg((way.mid(way.indexOf(onto)) + QStringList{onto}).join(QStringLiteral(" > "))));
+        else if (mark == Mark::Unseen)
+            Visit(onto, arrows, marks, way, violations);
+    }
+    way.removeLast();
+    marks[path] = Mark::Done;
+}
+
+} // namespace
+
+const QList<QStringList>& Floors()
+{
+    static const QList<QStringList> floors = {
+        {QStringLiteral("platform/text")},
+        {QStringLiteral("platform/files")},
+        {QStringLiteral("platform/engine"), QStringLiteral("platform/picture"),
+         QStringLiteral("platform/street"), QStringLiteral("platform/conduit"),
+         QStringLiteral("platform/desktop")},
+        {QStringLiteral("forms")},
+        {QStringLiteral("common")},
+        {QStringLiteral("store")},
+        {QStringLiteral("photos"), QStringLiteral("comments")},
+        {QStringLiteral("databook")},
+        {QStringLiteral("link")},
+        {QStringLiteral("upkeep")},
+        {QStringLiteral("map")},
+        {QStringLiteral("drops")},
+        {QStringLiteral("shell")},
+        {QStringLiteral("windows")},
+        {QStringLiteral("app")},
+    };
+    return floors;
+}
+
+QStringList Violations(const Sources& sources, const QSet<QString>& widgetHeaders)
+{
+    QStringList violations;
+    QMap<QString, QStringList> arrows;
+    CheckIncludes(sources, widgetHeaders, arrows, violations);
+    CheckSystems(sources, violations);
+    QMap<QString, Mark> marks;
+    QStringList way;
+    for (auto source = sources.cbegin(); source != sources.cend(); ++source) {
+        if (marks.value(source.key(), Mark::Unseen) == Mark::Unseen)
+            Visit(source.key(), arrows, marks, way, violations);
+    }
+    return violations;
+}
+
+Sources ReadSources(const QString& projectDirectory)
+{
+    Sources sources;
+    const QDir root(projectDirectory);
+    for (const QString& folder : {kSrc, kTools}) {
+        QDirIterator files(root.filePath(folder), {QStringLiteral("*.h"), QStringLiteral("*.cpp")},
+                           QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            QFile file(files.next());
+            if (file.open(QIODevice::ReadOnly))
+                sources.insert(root.relativeFilePath(file.fileName()), QString::fromUtf8(file.readAll()));
+        }
+    }
+    return sources;
+}
+
+QSet<QString> ReadWidgetHeaders(const QStringList& includeDirectories)
+{
+    QSet<QString> widgets;
+    QSet<QString> others;
+    for (const QString& directory : includeDirectories) {
+        const QStringList names = QDir(directory).entryList(QDir::Files);
+        const QString library = QDir(directory).dirName();
+        if (library == u"QtWidgets")
+            widgets.unite(QSet<QString>(names.begin(), names.end()));
+        else if (library == u"QtGui" || library == u"QtCore")
+            others.unite(QSet<QString>(names.begin(), names.end()));
+    }
+    return widgets.subtract(others);
+}
+
+} // namespace vasclip::house

@@ -1,0 +1,243 @@
+// Drives the real programs with a real pointer on a virtual display: a row of the grid is dragged to a slot,
+// and the report in the forms program fills.
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QRect>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QThread>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int kPatienceMs = 60000;
+
+template <class Condition>
+bool WaitFor(Condition&& condition, int milliseconds = kPatienceMs)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!condition()) {
+        if (timer.hasExpired(milliseconds))
+            return false;
+        QThread::msleep(50);
+    }
+    return true;
+}
+
+class Pointer : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        for (const QString& needed : {u"Xvfb"_s, u"openbox"_s, u"xdotool"_s}) {
+            if (QStandardPaths::findExecutable(needed).isEmpty())
+                GTEST_SKIP() << needed.toStdString() << " is not installed, so no pointer can be moved";
+        }
+        ASSERT_TRUE(m_home.isValid());
+        ASSERT_TRUE(StartDisplay());
+        ASSERT_EQ(RunTool(u"vasclip-demo"_s, {u"--home"_s, m_home.path(), u"--comps"_s, u"60"_s}).first, 0);
+        Start(m_forms, u"kelforms"_s, {u"--home"_s, m_home.path()});
+        ASSERT_TRUE(WaitFor([this] {
+            return Vasctl({u"report"_s, u"status"_s}).first == 0;
+        })) << "the forms program does not answer";
+        Start(m_vasclip, u"vasclip"_s, {u"--home"_s, m_home.path(), u"--geometry"_s, Geometry()});
+        ASSERT_TRUE(WaitFor([this] { return !Places().value(u"rows"_s).toArray().isEmpty(); }))
+            << "the grid does not come up";
+    }
+
+    void TearDown() override
+    {
+        for (QProcess* process : {&m_vasclip, &m_forms, &m_openbox, &m_xvfb}) {
+            if (process->state() == QProcess::NotRunning)
+                continue;
+            process->terminate();
+            if (!process->waitForFinished(10000)) {
+                process->kill();
+                process->waitForFinished(5000);
+            }
+        }
+    }
+
+    bool StartDisplay()
+    {
+        m_xvfb.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_xvfb.start(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"1366x768x24"_s,
+                                 u"-nolisten"_s, u"tcp"_s, u"-noreset"_s});
+        if (!m_xvfb.waitForStarted() || !m_xvfb.waitForReadyRead(kPatienceMs))
+            return false;
+        m_environment.insert(u"DISPLAY"_s, u":"_s + QString::fromLatin1(m_xvfb.readLine()).trimmed());
+        m_environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
+        m_environment.remove(u"WAYLAND_DISPLAY"_s);
+        Start(m_openbox, u"openbox"_s, {});
+        return m_openbox.waitForStarted();
+    }
+
+    void Start(QProcess& process, const QString& program, const QStringList& arguments)
+    {
+        const QString own = QCoreApplication::applicationDirPath() + u'/' + program;
+        process.setProcessEnvironment(m_environment);
+        process.setProcessChannelMode(QProcess::ForwardedChannels);
+        process.start(QFile::exists(own) ? own : program, arguments);
+    }
+
+    std::pair<int, QByteArray> RunTool(const QString& program, const QStringList& arguments)
+    {
+        QProcess process;
+        const QString own = QCoreApplication::applicationDirPath() + u'/' + program;
+        process.setProcessEnvironment(m_environment);
+        process.setProcessChannelMode(QProcess::SeparateChannels);
+        process.start(QFile::exists(own) ? own : program, arguments);
+        if (!process.waitForFinished(4 * kPatienceMs))
+            return {-1, {}};
+        return {process.exitCode(), process.readAllStandardOutput()};
+    }
+
+    std::pair<int, QByteArray> Vasctl(QStringList arguments)
+    {
+        arguments = QStringList{u"--home"_s, m_home.path(), u"--json"_s, u"--no"_s} + arguments;
+        return RunTool(u"vasctl"_s, arguments);
+    }
+
+    [[nodiscard]] QString Geometry() const { return m_home.filePath(u"geometry.json"_s); }
+
+    [[nodiscard]] QJsonObject Places() const
+    {
+        QFile file(Geometry());
+        return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object()
+                                              : QJsonObject();
+    }
+
+    [[nodiscard]] static QPoint Middle(const QJsonArray& place, qsizetype from = 0)
+    {
+        return {place[from].toInt() + place[from + 2].toInt() / 2,
+                place[from + 1].toInt() + place[from + 3].toInt() / 2};
+    }
+
+    [[nodiscard]] QPoint MiddleOf(const QString& control) const
+    {
+        return Middle(Places().value(control).toArray());
+    }
+
+    [[nodiscard]] QPoint RowPoint(int row) const
+    {
+        // Not in the middle: the cell that is grabbed should be one that can be seen.
+        const QJsonArray line = Places().value(u"rows"_s).toArray()[row].toArray();
+        return {line[1].toInt() + 120, line[2].toInt() + line[4].toInt() / 2};
+    }
+
+    void Xdotool(const QStringList& arguments) { ASSERT_EQ(RunTool(u"xdotool"_s, arguments).first, 0); }
+
+    void MoveTo(QPoint point)
+    {
+        Xdotool({u"mousemove"_s, QString::number(point.x()), QString::number(point.y())});
+    }
+
+    void Click(QPoint point)
+    {
+        MoveTo(point);
+        Xdotool({u"click"_s, u"1"_s});
+        QThread::msleep(300);
+    }
+
+    void Drag(QPoint from, QPoint to)
+    {
+        MoveTo(from);
+        QThread::msleep(150);
+        Xdotool({u"mousedown"_s, u"1"_s});
+        QThread::msleep(100);
+        for (const QString& step : {u"4"_s, u"10"_s, u"10"_s}) {
+            Xdotool({u"mousemove_relative"_s, u"--"_s, step, u"0"_s});
+            QThread::msleep(60);
+        }
+        constexpr int kSteps = 12;
+        for (int i = 1; i <= kSteps; ++i) {
+            MoveTo(from + (to - from) * i / kSteps);
+            QThread::msleep(50);
+        }
+        QThread::msleep(150);
+        Xdotool({u"mouseup"_s, u"1"_s});
+    }
+
+    /// The text of a mapped field of a comp of the sales group, as the forms program holds it.
+    QString CellText(int comp, const QString& field)
+    {
+        const auto cells = QJsonDocument::fromJson(Vasctl({u"report"_s, u"cells"_s}).second).array();
+        for (const QJsonValue& value : cells) {
+            const QJsonObject cell = value.toObject();
+            if (cell[u"comp"_s].toString() == u"SALE %1"_s.arg(comp) && cell[u"field"_s].toString() == field)
+                return cell[u"text"_s].toString();
+        }
+        return {};
+    }
+
+    /// Record number `row` of the grid, which is sorted by address.
+    QJsonObject Record(int row)
+    {
+        const auto list =
+            QJsonDocument::fromJson(Vasctl({u"records"_s, u"list"_s, u"--sort"_s, u"ADDRESS"_s}).second)
+                .array();
+        const QString key = list[row].toObject()[u"CENTRALKEY"_s].toString();
+        return QJsonDocument::fromJson(Vasctl({u"records"_s, u"show"_s, key}).second).object();
+    }
+
+    QTemporaryDir m_home;
+    QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
+    QProcess m_xvfb, m_openbox, m_forms, m_vasclip;
+};
+
+TEST_F(Pointer, ARowDraggedToASlotFillsTheReport)
+{
+    Click(MiddleOf(u"TabData#1"_s));
+    ASSERT_TRUE(WaitFor([this] { return Places().contains(u"txtComp_3"_s); }))
+        << "the comparables do not show";
+    const QJsonObject record = Record(0);
+    ASSERT_FALSE(record.isEmpty());
+    ASSERT_NE(CellText(3, u"ADDRESS"_s), record[u"ADDRESS"_s].toString());
+
+    Drag(RowPoint(0), MiddleOf(u"txtComp_3"_s));
+
+    EXPECT_TRUE(WaitFor([&] { return CellText(3, u"ADDRESS"_s) == record[u"ADDRESS"_s].toString(); }, 20000))
+        << "sent " << CellText(3, u"ADDRESS"_s).toStdString() << ", wanted "
+        << record[u"ADDRESS"_s].toString().toStdString();
+    EXPECT_EQ(CellText(3, u"GLA"_s), record[u"GLA"_s].toString());
+}
+
+TEST_F(Pointer, ReplacingACompAsksAndTheKeyboardAnswers)
+{
+    Click(MiddleOf(u"TabData#1"_s));
+    ASSERT_TRUE(WaitFor([this] { return Places().contains(u"txtComp_1"_s); }));
+    const QString before = CellText(1, u"ADDRESS"_s);
+    ASSERT_FALSE(before.isEmpty());
+    const QJsonObject record = Record(1);
+
+    Drag(RowPoint(1), MiddleOf(u"txtComp_1"_s));
+    QThread::msleep(1500);
+    Xdotool({u"key"_s, u"alt+n"_s});
+    QThread::msleep(1000);
+    EXPECT_EQ(CellText(1, u"ADDRESS"_s), before) << "No must leave the comp";
+
+    Drag(RowPoint(1), MiddleOf(u"txtComp_1"_s));
+    QThread::msleep(1500);
+    Xdotool({u"key"_s, u"alt+y"_s});
+    EXPECT_TRUE(WaitFor([&] { return CellText(1, u"ADDRESS"_s) == record[u"ADDRESS"_s].toString(); }, 20000));
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    testing::InitGoogleTest(&argc, argv);
+    QCoreApplication app(argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,70 @@
+#include "shell/menus.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::Literals::StringLiterals;
+using namespace vasclip;
+
+namespace {
+
+QStringList Captions(const QList<forms::MenuEntry>& entries)
+{
+    QStringList lines;
+    for (const forms::MenuEntry& entry : entries)
+        lines.append(QString::number(entry.index) + u' ' + entry.caption);
+    return lines;
+}
+
+TEST(Menus, FileEntriesInStoredOrder)
+{
+    const auto entries = shell::FileEntries();
+    EXPECT_EQ(Captions(entries),
+              (QStringList{u"0 Launch Appraisal Program"_s, u"1 -"_s, u"2 Copy Photos - From Floppy"_s,
+                           u"3 Copy Photos - From Reader"_s, u"4 Copy Photos - From ROM"_s, u"5 -"_s,
+                           u"6 Find Photos"_s, u"7 -"_s, u"8 Export Address/Comp Data"_s,
+                           u"9 Print Comparable Report (from Database)"_s, u"10 -"_s, u"11 Exit"_s}));
+    EXPECT_EQ(Captions(entries[8].subEntries),
+              (QStringList{u"0 To Delorme (tm) Street Atlas (current)"_s,
+                           u"1 To Delorme (tm) Street Atlas (2004 and prior)"_s, u"2 -"_s,
+                           u"3 To Microsoft (tm) Streets (current)"_s,
+                           u"4 To Microsoft (tm) Streets (2001 and prior)"_s}));
+}
+
+TEST(Menus, TransferEntriesSubjectFirst)
+{
+    EXPECT_EQ(
+        Captions(shell::TransferEntries()),
+        (QStringList{u"0 Subject: Appraisal to Databook"_s, u"1 -"_s, u"2 Comps 1-9: Appraisal to Databook"_s,
+                     u"3 Alt Comps 1-6: Appraisal to Databook"_s, u"4 Listings 1-6: Appraisal to Databook"_s,
+                     u"5 Rentals 1-9: Appraisal to Databook"_s, u"6 -"_s,
+                     u"7 All Data: Appraisal to Databook"_s}));
+}
+
+TEST(Menus, OtherMenusInStoredOrder)
+{
+    EXPECT_EQ(Captions(shell::SetupEntries()),
+              (QStringList{u"0 Configuration"_s, u"1 -"_s, u"2 Grid Layout"_s, u"3 City Listings"_s, u"4 -"_s,
+                           u"5 View Capture Image Names"_s, u"6 View Image Filename Listing"_s, u"7 -"_s,
+                           u"8 Hide Manual Comp Entry"_s}));
+    EXPECT_EQ(Captions(shell::MaintenanceEntries()),
+              (QStringList{u"0 Data Correction"_s, u"1 -"_s, u"2 Camera Views"_s, u"3 City Editing"_s,
+                           u"4 Trashcan Maintenance"_s}));
+    EXPECT_EQ(Captions(shell::RefreshEntries()), (QStringList{u"0 Appraisal Information"_s, u"1 -"_s,
+                                                              u"2 Database Grid (all records shown)"_s}));
+    EXPECT_EQ(Captions(shell::DatabaseEntries()),
+              (QStringList{u"0 Import Data"_s, u"1 Export Data"_s, u"2 Archive Data"_s, u"3 -"_s,
+                           u"4 Change Current Database"_s}));
+    EXPECT_EQ(Captions(shell::HelpEntries()),
+              (QStringList{u"0 Program Help"_s, u"1 Tutorials"_s, u"2 What's New?"_s, u"8 -"_s,
+                           u"9 Connect to Website"_s, u"11 -"_s, u"12 About"_s}));
+}
+
+TEST(Menus, AnEntryWithoutAScreenIsDisabled)
+{
+    for (const auto& entry : shell::FileEntries())
+        EXPECT_EQ(entry.enabled, entry.index == 0 || entry.index == 11) << entry.caption.toStdString();
+    for (const auto& entry : shell::MaintenanceEntries())
+        EXPECT_FALSE(entry.enabled) << entry.caption.toStdString();
+}
+
+} // namespace
