@@ -1,0 +1,48 @@
+#pragma once
+
+#include "kelforms/core/macro.h"
+#include "kelforms/core/reports.h"
+#include "platform/conduit/link_session.h"
+#include "platform/files/disk.h"
+
+#include <QMap>
+
+namespace kelforms {
+
+/// What the forms program answers on the link: reports, cells, variables and macros.
+///
+/// Whatever it does not understand it refuses in words (RuntimeError 285) and changes nothing.
+class FormsProgram final : public vasclip::conduit::LinkHandler
+{
+public:
+    /// @param iniFile  drive path of KEL.INI; it names the directory of the scripts
+    FormsProgram(Reports& reports, const vasclip::files::Disk& disk, QString iniFile);
+
+    [[nodiscard]] QString Request(const QString& topic, const QString& item) override;
+    void Poke(const QString& topic, const QString& item, const QString& text) override;
+    void Execute(const QString& topic, const QString& command) override;
+
+    /// "name|path;" for every image object of the report's pages.
+    [[nodiscard]] static QString ImagesList(const Report& report);
+
+private:
+    /// The report that a topic or, for the two general topics, the order of the reports means.
+    [[nodiscard]] Report* ReportOf(const QString& topic) const;
+    [[nodiscard]] QString ActiveReports() const;
+    [[nodiscard]] QString Variable(const QString& name) const;
+    void SetVariable(Report* report, const QString& name, const QString& value);
+    [[nodiscard]] QString ReadCell(const Report& report, const QString& item) const;
+
+    void Run(Report* report, const QList<MacroStatement>& statements);
+    void Check(const Report* report, const MacroStatement& statement) const;
+    void Run(Report* report, const MacroStatement& statement);
+    [[nodiscard]] QString ValueOf(const Report* report, const MacroValue& value) const;
+    [[nodiscard]] QList<MacroStatement> ReadScript(const QString& name) const;
+
+    Reports& m_reports;
+    const vasclip::files::Disk& m_disk;
+    QString m_iniFile;
+    QMap<QString, QString> m_variables; ///< set while no report is open
+};
+
+} // namespace kelforms

@@ -1,0 +1,68 @@
+#include "kelforms/app/options.h"
+#include "kelforms/app/service.h"
+#include "kelforms/app/system_signals.h"
+#include "kelforms/window/run_window.h"
+#include "platform/text/runtime_error.h"
+
+#include <QApplication>
+#include <QCoreApplication>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int kUsage = 2;
+constexpr int kCannotStart = 3;
+constexpr int kNotSaved = 4;
+
+int RunHeadless(kelforms::Service& service)
+{
+    const kelforms::SystemSignals signals([] { QCoreApplication::quit(); }, [] {});
+    service.onRefused = [](const QString& words) {
+        std::fprintf(stderr, "kelforms: %s\n", qPrintable(words));
+    };
+    service.Listen();
+    std::printf("kelforms: listening at %s\n", qPrintable(service.SocketPath()));
+    std::fflush(stdout);
+    return QCoreApplication::exec();
+}
+
+int Run(const kelforms::Options& options)
+{
+    int result = 0;
+    try {
+        kelforms::Service service(options);
+        result = options.headless ? RunHeadless(service) : kelforms::RunWindow(service, options);
+        try {
+            service.End();
+        } catch (const vasclip::RuntimeError& failure) {
+            std::fprintf(stderr, "kelforms: %s\n", failure.what());
+            return kNotSaved;
+        }
+    } catch (const vasclip::RuntimeError& failure) {
+        std::fprintf(stderr, "kelforms: %s\n", failure.what());
+        return kCannotStart;
+    }
+    return result;
+}
+
+int Start()
+{
+    QCoreApplication::setApplicationName(QStringLiteral("kelforms"));
+    int exitCode = kUsage;
+    const std::optional<kelforms::Options> options =
+        kelforms::ReadOptions(QCoreApplication::arguments(), exitCode);
+    return options ? Run(*options) : exitCode;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (kelforms::WantsNoWindow(argc, argv)) {
+        const QCoreApplication application(argc, argv);
+        return Start();
+    }
+    const QApplication application(argc, argv);
+    return Start();
+}
