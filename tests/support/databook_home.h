@@ -27,22 +27,32 @@ protected:
 
     void SetUp() override { store::MakeDatabase(engine, path); }
 
-    /// Adds a row with the given fields, texts as they are.
-    void AddRow(const QList<std::pair<QString, QString>>& fields)
+    using Values = QList<std::pair<QString, QString>>;
+
+    /// Adds rows with the given fields, texts as they are.
+    void AddRows(const QList<Values>& added)
     {
         const auto database = engine.OpenDatabase(path);
+        engine::Transaction all(*database);
         const auto rows = database->OpenRecordset(table, engine::RecordsetType::Table);
-        rows->AddNew();
-        for (const auto& [field, value] : fields)
-            rows->SetValue(field, value);
-        rows->Update();
+        for (const Values& values : added) {
+            rows->AddNew();
+            for (const auto& [field, value] : values)
+                rows->SetValue(field, value);
+            rows->Update();
+        }
         rows->Close();
+        all.Commit();
     }
+    void AddRow(const Values& values) { AddRows({values}); }
     /// Adds comps by their keys alone, padded as the Databook stores them.
     void AddComps(const QStringList& keys)
     {
+        QList<Values> added;
         for (const QString& name : keys)
-            AddRow({{key, name.leftJustified(35)}, {QStringLiteral("ADDRESS"), name.leftJustified(35)}});
+            added.append(
+                Values{{key, name.leftJustified(35)}, {QStringLiteral("ADDRESS"), name.leftJustified(35)}});
+        AddRows(added);
     }
     void Bind(store::DataSource& source)
     {
