@@ -227,17 +227,24 @@ Comp MakeComp(Dice& dice, int index, QSet<QString>& taken)
     return MakeProperty(dice, type, place, NewAddress(dice, place, taken), index);
 }
 
+/// Every third comp of the list by address, so that a grid in that order shows pictures from its first row
+/// on.
 void TakePhotos(Dice& dice, QList<Comp>& comps)
 {
+    QList<Comp*> byAddress;
+    for (Comp& comp : comps)
+        byAddress.append(&comp);
+    std::sort(byAddress.begin(), byAddress.end(),
+              [](const Comp* a, const Comp* b) { return a->key < b->key; });
     QSet<QString> stems;
     int pictured = 0;
-    for (qsizetype i = 0; i < comps.size(); i += 3, ++pictured) {
-        Comp& comp = comps[i];
-        comp.photos.append({QStringLiteral("FRONT VIEW"), NewStem(dice, stems)});
+    for (qsizetype i = 0; i < byAddress.size(); i += 3, ++pictured) {
+        QList<Photo>& photos = byAddress[i]->photos;
+        photos.append({QStringLiteral("FRONT VIEW"), NewStem(dice, stems)});
         if (pictured % 7 == 2)
-            comp.photos.append({QStringLiteral("REAR VIEW"), NewStem(dice, stems)});
+            photos.append({QStringLiteral("REAR VIEW"), NewStem(dice, stems)});
         if (pictured % 9 == 2)
-            comp.photos.append({QStringLiteral("STREET SCENE"), NewStem(dice, stems)});
+            photos.append({QStringLiteral("STREET SCENE"), NewStem(dice, stems)});
     }
 }
 
