@@ -35,23 +35,29 @@ bool IsWildcard(QChar c)
 
 bool IsForbidden(QChar c)
 {
-    return c.unicode() < 32 || QStringView(u"<>:\"|").contains(c);
+    return c.unicode() < 32 || c == u'<' || c == u'>' || c == u':' || c == u'"' || c == u'|';
 }
 
 /// The names that belong to devices in every directory, with any extension.
-bool IsDeviceName(const QString& name)
+bool IsDeviceName(QStringView name)
 {
     const qsizetype dot = name.indexOf(u'.');
-    QString stem = (dot < 0 ? name : name.left(dot)).toUpper();
+    QStringView stem = dot < 0 ? name : name.left(dot);
     while (stem.endsWith(u' '))
         stem.chop(1);
-    static const QStringList kDevices = {QStringLiteral("CON"), QStringLiteral("PRN"), QStringLiteral("AUX"),
-                                         QStringLiteral("NUL"), QStringLiteral("CLOCK$")};
-    if (kDevices.contains(stem))
-        return true;
-    return stem.size() == 4 &&
-           (stem.startsWith(QStringLiteral("COM")) || stem.startsWith(QStringLiteral("LPT"))) &&
-           stem[3] >= u'1' && stem[3] <= u'9';
+    const auto is = [stem](QStringView device) { return stem.compare(device, Qt::CaseInsensitive) == 0; };
+    switch (stem.size()) {
+    case 3:
+        return is(u"CON") || is(u"PRN") || is(u"AUX") || is(u"NUL");
+    case 4:
+        return (stem.startsWith(u"COM", Qt::CaseInsensitive) ||
+                stem.startsWith(u"LPT", Qt::CaseInsensitive)) &&
+               stem[3] >= u'1' && stem[3] <= u'9';
+    case 6:
+        return is(u"CLOCK$");
+    default:
+        return false;
+    }
 }
 
 QStringList Split(const QString& rest)
@@ -85,7 +91,7 @@ QString DrivePath::Text() const
 
 bool IsPossibleName(const QString& name)
 {
-    return !name.isEmpty() && WithoutTail(name) == name && !IsDeviceName(name) &&
+    return !name.isEmpty() && !name.endsWith(u'.') && !name.endsWith(u' ') && !IsDeviceName(name) &&
            std::none_of(name.begin(), name.end(),
                         [](QChar c) { return IsForbidden(c) || IsWildcard(c) || IsSeparator(c); });
 }

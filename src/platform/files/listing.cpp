@@ -18,6 +18,17 @@ bool Before(const ListingCache::Name& a, const ListingCache::Name& b)
     return order != 0 ? order < 0 : a.name < b.name;
 }
 
+/// A new file that never reached its place, since its process was killed. A day is longer than any write
+/// takes.
+bool IsLeftover(const QString& directory, const QString& name, qint64 nowNs)
+{
+    constexpr qint64 kDayNs = 86'400'000'000'000;
+    native::Info info;
+    return name.startsWith(QStringView(native::kOwnPrefix)) && name.endsWith(QStringLiteral(".tmp")) &&
+           native::Inspect(directory + u'/' + name, info) == native::Failure::None && !info.directory &&
+           nowNs - info.modifiedNs > kDayNs;
+}
+
 bool IsShown(const QString& name)
 {
     return !name.startsWith(QStringView(native::kOwnPrefix)) && IsPossibleName(name);
@@ -52,17 +63,18 @@ native::Failure ListingCache::Refresh(const QString& directory, Need need, Listi
         return native::Failure::None;
     }
 
+    m_listings.remove(directory); // first, so that the new names take the old ones' memory
     const qint64 startedNs = native::StampClockNs();
     QList<native::Entry> entries;
-    if (const native::Failure failure = native::List(directory, entries); failure != native::Failure::None) {
-        m_listings.remove(directory);
+    if (const native::Failure failure = native::List(directory, entries); failure != native::Failure::None)
         return failure;
-    }
     Listing fresh;
     fresh.names.reserve(entries.size());
     for (native::Entry& entry : entries) {
         if (IsShown(entry.name))
             fresh.names.append({FoldedName(entry.name), std::move(entry.name), entry.directory});
+        else if (IsLeftover(directory, entry.name, startedNs))
+            (void)native::Remove(directory + u'/' + entry.name); // where it may not go, it stays unseen
     }
     std::sort(fresh.names.begin(), fresh.names.end(), Before);
     fresh.device = info.device;

@@ -5,6 +5,7 @@
 #include "support/error_number.h"
 #include "support/temp_home.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 
@@ -156,6 +157,47 @@ TEST(FullDisk, LeavesTheOldFileWhole)
     EXPECT_EQ(onSmallDisk(
                   [&](const QString& file) { home.disk.FileCopy(QStringLiteral("C:\\P\\large.jpg"), file); }),
               error::kDiskFull);
+}
+
+TEST(KilledWriter, LeavesTheOldFileOrTheNew)
+{
+    const TempHome home;
+    const QString file = QStringLiteral("C:\\P\\a.ini");
+    const QByteArray old(300'000, 'o');
+    const QByteArray fresh(500'000, 'n');
+    home.Put(file, old);
+    for (int round = 0; round < 40; ++round) {
+        const pid_t child = fork();
+        if (child == 0) {
+            for (;;) {
+                home.disk.WriteWhole(file, fresh);
+                home.disk.WriteWhole(file, old);
+            }
+        }
+        usleep(useconds_t(500 + 700 * round));
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+        const QByteArray left = home.disk.ReadWhole(file);
+        ASSERT_TRUE(left == old || left == fresh) << left.size() << " bytes in round " << round;
+    }
+    EXPECT_EQ(home.disk.Dir(QStringLiteral("C:\\P\\*")), QStringList{QStringLiteral("a.ini")});
+}
+
+TEST(KilledWriter, ItsLeftoversGoAfterADay)
+{
+    const TempHome home;
+    home.MakeDirs(QStringLiteral("C:\\P"));
+    const QString native = home.Native(QStringLiteral("drive_c/P/"));
+    for (const char* name : {".vasclip-old.tmp", ".vasclip-young.tmp", ".vasclip-old.lock"}) {
+        QFile file(native + QString::fromLatin1(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        if (QByteArray(name).contains("old"))
+            file.setFileTime(QDateTime::currentDateTime().addDays(-2), QFileDevice::FileModificationTime);
+    }
+    EXPECT_TRUE(home.disk.Dir(QStringLiteral("C:\\P\\*")).isEmpty());
+    EXPECT_FALSE(QFile::exists(native + QStringLiteral(".vasclip-old.tmp")));
+    EXPECT_TRUE(QFile::exists(native + QStringLiteral(".vasclip-young.tmp")));
+    EXPECT_TRUE(QFile::exists(native + QStringLiteral(".vasclip-old.lock")));
 }
 
 TEST(ReadOnlyDisk, RefusesChanges)
