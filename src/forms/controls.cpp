@@ -13,7 +13,9 @@ namespace {
     throw RuntimeError(5, QStringLiteral("%1: the list has no line %2").arg(name).arg(index));
 }
 
-MenuEntry* EntryIn(QList<MenuEntry>& entries, int index)
+/// `Entries` is a list of entries or a constant one; the answer is likewise.
+template <class Entries>
+auto EntryIn(Entries& entries, int index) -> decltype(&*entries.begin())
 {
     const auto found = std::find_if(entries.begin(), entries.end(),
                                     [index](const MenuEntry& entry) { return entry.index == index; });
@@ -21,9 +23,10 @@ MenuEntry* EntryIn(QList<MenuEntry>& entries, int index)
 }
 
 /// The entries of the array `array` below `entries`, and whether all menus on the way there are enabled.
-QList<MenuEntry>* ArrayIn(QList<MenuEntry>& entries, const QString& array, bool& reachable)
+template <class Entries>
+Entries* ArrayIn(Entries& entries, const QString& array, bool& reachable)
 {
-    for (MenuEntry& entry : entries) {
+    for (auto& entry : entries) {
         if (entry.subEntries.isEmpty())
             continue;
         bool below = reachable && entry.enabled;
@@ -31,7 +34,7 @@ QList<MenuEntry>* ArrayIn(QList<MenuEntry>& entries, const QString& array, bool&
             reachable = below;
             return &entry.subEntries;
         }
-        if (QList<MenuEntry>* found = ArrayIn(entry.subEntries, array, below)) {
+        if (Entries* found = ArrayIn(entry.subEntries, array, below)) {
             reachable = below;
             return found;
         }
@@ -318,18 +321,20 @@ void Menu::SetEntries(QList<MenuEntry> entries)
 const MenuEntry* Menu::Entry(const QString& array, int index) const
 {
     bool reachable = true;
-    auto& entries = const_cast<QList<MenuEntry>&>(m_entries);
-    QList<MenuEntry>* where =
-        array.compare(Name(), Qt::CaseInsensitive) == 0 ? &entries : ArrayIn(entries, array, reachable);
+    const auto* where =
+        array.compare(Name(), Qt::CaseInsensitive) == 0 ? &m_entries : ArrayIn(m_entries, array, reachable);
     return where ? EntryIn(*where, index) : nullptr;
 }
 
 MenuEntry& Menu::Needed(const QString& array, int index)
 {
-    const MenuEntry* entry = Entry(array, index);
+    bool reachable = true;
+    auto* where =
+        array.compare(Name(), Qt::CaseInsensitive) == 0 ? &m_entries : ArrayIn(m_entries, array, reachable);
+    MenuEntry* entry = where ? EntryIn(*where, index) : nullptr;
     if (!entry)
         throw RuntimeError(error::kSubscript, QStringLiteral("%1 has no entry %2").arg(array).arg(index));
-    return const_cast<MenuEntry&>(*entry);
+    return *entry;
 }
 
 void Menu::SetEntryEnabled(const QString& array, int index, bool enabled)
