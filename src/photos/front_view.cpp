@@ -38,14 +38,17 @@ void TestFrontView(const store::DataSource& source, const QString& key, PhotoLis
         loader.ErrClearPict(box);
         return;
     }
-    const QString path = photoDir + text::Trim(lists.lstimages.List(row)) + u".jpg"_s;
+    const QString stem = text::Trim(lists.lstimages.List(row));
+    lists.lstViews.SetListIndex(row);
+    lists.lstimages.SetListIndex(row);
+    lists.txtimage.SetText(stem);
+    const QString path = photoDir + stem + u".jpg"_s;
     if (!disk.FileExists(path)) {
         lists.lblPhotomsg.SetCaption(u"The 'FRONT VIEW' was found but the photo called "_s + path +
                                      u" does not exist."_s);
         loader.ErrClearPict(box);
         return;
     }
-    lists.lstViews.SetListIndex(row);
     // On the main window the selection has loaded the file by now.
     if (text::Folded(loader.Table().ErrGetPict(box)) != text::Folded(path))
         SelectPhoto(lists, loader, box, disk, photoDir);

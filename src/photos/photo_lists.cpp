@@ -1,17 +1,10 @@
 #include "photos/photo_lists.h"
 
-#include "platform/text/text.h"
 #include "store/store.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace vasclip::photos {
-
-namespace {
-
-constexpr auto kFrontView = "FRONT VIEW"_L1;
-
-} // namespace
 
 PhotoLists::PhotoLists(forms::ControlSet& set)
     : lstViews(set, u"lstViews"_s)
@@ -44,47 +37,6 @@ void ReadPhotoLists(const store::DataSource& source, forms::ListBox& views, form
         views.AddItem(view);
         stems.AddItem(stem);
     }
-}
-
-void TestFrontView(PhotoLists& lists, SlotLoader& loader, forms::PictureBox& box, const files::Disk& disk,
-                   const QString& photoDir, const QString& key)
-{
-    const int row = lists.lstViews.IndexOf(QString(kFrontView));
-    if (row < 0) {
-        lists.lblPhotomsg.SetCaption(u"A 'FRONT VIEW' for '%1' is not available."_s.arg(key));
-        loader.ErrClearPict(box);
-        return;
-    }
-    lists.lstViews.SetListIndex(row);
-    lists.lstimages.SetListIndex(row);
-    const QString stem = lists.lstimages.List(row);
-    lists.txtimage.SetText(stem);
-    const QString path = photoDir + text::Trim(stem) + ".jpg"_L1;
-    if (disk.FileExists(path)) {
-        lists.lblPhotomsg.SetCaption({});
-        loader.ErrLoadPict(box, path);
-    } else {
-        lists.lblPhotomsg.SetCaption(
-            u"The 'FRONT VIEW' was found but the photo called %1 does not exist."_s.arg(path));
-        loader.ErrClearPict(box);
-    }
-}
-
-void SelectPhotoRow(PhotoLists& lists, int row, SlotLoader& loader, forms::PictureBox& box,
-                    const files::Disk& disk, const QString& photoDir)
-{
-    if (row < 0 || row >= lists.lstViews.ListCount() || row >= lists.lstimages.ListCount())
-        return;
-    lists.lstViews.SetListIndex(row);
-    lists.lstimages.SetListIndex(row);
-    lists.txtView.SetText(lists.lstViews.List(row));
-    lists.txtimage.SetText(lists.lstimages.List(row));
-    const QString path = photoDir + text::Trim(lists.lstimages.List(row)) + ".JPG"_L1;
-    lists.lblLabelTag.SetCaption(path);
-    const bool found = disk.FileExists(path);
-    box.SetVisible(found);
-    if (found)
-        loader.ErrLoadPict(box, path);
 }
 
 } // namespace vasclip::photos

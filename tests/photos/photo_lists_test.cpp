@@ -1,13 +1,10 @@
 #include "photos/photo_lists.h"
 
-#include "platform/picture/picture.h"
 #include "store/store.h"
 #include "support/databook_home.h"
 #include "support/scripted_ports.h"
 
 #include <gtest/gtest.h>
-
-#include <QImage>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -50,19 +47,6 @@ struct PhotoListsTest : tests::DatabookHome
 {
     forms::ControlSet set;
     PhotoLists lists{set};
-    forms::PictureBox geamaintain{set, u"geamaintain"_s};
-    SlotTable slotPaths;
-    SlotLoader loader{disk, ports, slotPaths};
-    const QString photoDir = u"C:\\JPG\\"_s;
-
-    void PutPhoto(const QString& stem)
-    {
-        if (!disk.DirExists(u"C:\\JPG"_s))
-            disk.MkDir(u"C:\\JPG"_s);
-        QImage image(60, 40, QImage::Format_RGB32);
-        image.fill(Qt::red);
-        picture::SaveJpeg(disk, image, photoDir + stem + u".jpg"_s, 90);
-    }
     void Fill(const QList<PhotoPair>& pairs)
     {
         for (const auto& [view, stem] : pairs) {
@@ -92,57 +76,6 @@ TEST_F(PhotoListsTest, ARecordWithoutPhotosEmptiesTheLists)
     ReadPhotoLists(source, lists.lstViews, lists.lstimages);
     EXPECT_EQ(lists.lstViews.ListCount(), 0);
     EXPECT_EQ(lists.lstimages.ListCount(), 0);
-}
-
-TEST_F(PhotoListsTest, TheFrontViewIsShown)
-{
-    PutPhoto(u"EF56GH78"_s);
-    Fill({{u"REAR VIEW"_s, u"AB12CD34"_s}, {u"front view"_s, u"EF56GH78"_s}});
-    lists.lblPhotomsg.SetCaption(u"older"_s);
-    TestFrontView(lists, loader, geamaintain, disk, photoDir, u"12 OAK ST"_s);
-    EXPECT_EQ(lists.lstViews.ListIndex(), 1);
-    EXPECT_EQ(lists.lstimages.ListIndex(), 1);
-    EXPECT_EQ(lists.txtimage.Text(), u"EF56GH78"_s);
-    EXPECT_EQ(slotPaths.ErrGetPict(geamaintain), u"C:\\JPG\\EF56GH78.jpg"_s);
-    EXPECT_EQ(geamaintain.Picture().size(), QSize(60, 40));
-    EXPECT_EQ(lists.lblPhotomsg.Caption(), QString());
-}
-
-TEST_F(PhotoListsTest, AMissingFrontViewSaysSo)
-{
-    PutPhoto(u"AB12CD34"_s);
-    loader.ErrLoadPict(geamaintain, u"C:\\JPG\\AB12CD34.jpg"_s);
-    TestFrontView(lists, loader, geamaintain, disk, photoDir, u"12 OAK ST"_s);
-    EXPECT_EQ(lists.lblPhotomsg.Caption(), u"A 'FRONT VIEW' for '12 OAK ST' is not available."_s);
-    EXPECT_TRUE(geamaintain.Picture().isNull());
-    EXPECT_EQ(slotPaths.ErrGetPict(geamaintain), QString());
-    loader.ErrLoadPict(geamaintain, u"C:\\JPG\\AB12CD34.jpg"_s);
-    Fill({{u"FRONT VIEW"_s, u"EF56GH78"_s}});
-    TestFrontView(lists, loader, geamaintain, disk, photoDir, u"12 OAK ST"_s);
-    EXPECT_EQ(lists.lblPhotomsg.Caption(),
-              u"The 'FRONT VIEW' was found but the photo called C:\\JPG\\EF56GH78.jpg does not exist."_s);
-    EXPECT_TRUE(geamaintain.Picture().isNull());
-}
-
-TEST_F(PhotoListsTest, ASelectedRowIsFollowedEverywhere)
-{
-    PutPhoto(u"EF56GH78"_s);
-    Fill({{u"REAR VIEW"_s, u"AB12CD34"_s}, {u"FRONT VIEW"_s, u"EF56GH78 "_s}});
-    geamaintain.SetVisible(false);
-    SelectPhotoRow(lists, 1, loader, geamaintain, disk, photoDir);
-    EXPECT_EQ(lists.lstViews.ListIndex(), 1);
-    EXPECT_EQ(lists.lstimages.ListIndex(), 1);
-    EXPECT_EQ(lists.txtView.Text(), u"FRONT VIEW"_s);
-    EXPECT_EQ(lists.txtimage.Text(), u"EF56GH78 "_s);
-    EXPECT_EQ(lists.lblLabelTag.Caption(), u"C:\\JPG\\EF56GH78.JPG"_s);
-    EXPECT_TRUE(geamaintain.Visible());
-    EXPECT_FALSE(geamaintain.Picture().isNull());
-    SelectPhotoRow(lists, 0, loader, geamaintain, disk, photoDir);
-    EXPECT_EQ(lists.lblLabelTag.Caption(), u"C:\\JPG\\AB12CD34.JPG"_s);
-    EXPECT_FALSE(geamaintain.Visible());
-    SelectPhotoRow(lists, 2, loader, geamaintain, disk, photoDir);
-    SelectPhotoRow(lists, -1, loader, geamaintain, disk, photoDir);
-    EXPECT_EQ(lists.lstViews.ListIndex(), 0);
 }
 
 } // namespace
