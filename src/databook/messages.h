@@ -21,5 +21,6 @@ inline const QString kAddressTooLong = QStringLiteral(
     "The address %1 has %2 characters; the Databook holds at most %3. Shorten it and try again.");
 inline const QString kUnknownType =
     QStringLiteral("\"%1\" is no comp type. The types are F, C, S, R, L and M.");
+inline const QString kNothingChanged = QStringLiteral("Nothing was changed.");
 
 } // namespace vasclip::databook

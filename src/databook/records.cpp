@@ -63,23 +63,38 @@ void SetSized(store::DataSource& databook, const QString& value, const QString& 
     store::SetFieldData(databook, store::Trim2Size(databook, value, field), field);
 }
 
-/// Runs the writes of one operation as a transaction; a record left in edit mode by a failure is let go.
-/// @return false if somebody else took the key meanwhile
+/// Runs the writes of one operation as a transaction under the central error block: a retry runs all of them
+/// again, for a device error takes all of them back. An edit that a failure leaves open is let go.
+/// @param address  what the message of a key that somebody else took meanwhile names
 template <class Writes>
-bool AsOne(store::DataSource& databook, Writes&& writes)
+RecordResult AsOne(const forms::Ports& ports, store::DataSource& databook, const QString& address,
+                   Writes&& writes)
 {
-    try {
-        engine::Transaction transaction(databook.Database());
-        writes();
-        transaction.Commit();
-        return true;
-    } catch (const RuntimeError& failure) {
-        if (databook.Recordset().CurrentEditMode() != engine::EditMode::None)
-            databook.Recordset().CancelUpdate();
-        if (failure.Number() != error::kDuplicateKey)
-            throw;
-        return false;
-    }
+    RecordResult result = Failed(RecordOutcome::Abandoned, kNothingChanged);
+    common::Guarded(ports.prompter, [&] {
+        try {
+            engine::Transaction transaction(databook.Database());
+            writes();
+            transaction.Commit();
+            result = {};
+        } catch (const RuntimeError& failure) {
+            if (databook.Recordset().CurrentEditMode() != engine::EditMode::None)
+                databook.Recordset().CancelUpdate();
+            if (failure.Number() != error::kDuplicateKey)
+                throw;
+            result = Exists(address);
+        }
+    });
+    return result;
+}
+
+/// Stands on the record that was written.
+RecordResult Found(const forms::Ports& ports, store::DataSource& databook, const QString& address,
+                   const RecordResult& result)
+{
+    if (result)
+        store::Updateandfind(ports, databook, KeyOf(address));
+    return result;
 }
 
 } // namespace
@@ -100,19 +115,17 @@ RecordResult AddRecord(const forms::Ports& ports, store::DataSource& databook, c
         return Failed(RecordOutcome::UnknownType, kUnknownType.arg(type));
     if (Find(ports, databook, address))
         return Exists(address);
-    const bool added = AsOne(databook, [&] {
+    const RecordResult added = AsOne(ports, databook, address, [&] {
         databook.Recordset().AddNew();
         SetSized(databook, KeyOf(address), kKey);
         SetSized(databook, common::AddressInCase(address, addressCase), kAddress);
         store::SetFieldData(databook, QString(letter), kType);
-        store::Updateandfind(ports, databook, KeyOf(address));
         SetLoadDate2Today(ports, databook);
         QString noDate;
         ErrSetSaleDate(ports, databook, noDate);
-        if (databook.Recordset().CurrentEditMode() != engine::EditMode::None)
-            databook.Recordset().Update();
+        databook.Recordset().Update();
     });
-    return added ? RecordResult{} : Exists(address);
+    return Found(ports, databook, address, added);
 }
 
 RecordResult DeleteRecord(const forms::Ports& ports, store::DataSource& databook, const QString& address)
@@ -122,8 +135,7 @@ RecordResult DeleteRecord(const forms::Ports& ports, store::DataSource& databook
         return Failed(RecordOutcome::Blank, kEnterAddress);
     if (!Find(ports, databook, address))
         return Missing(address);
-    AsOne(databook, [&] { store::DeleteRecord(ports, databook, KeyOf(address)); });
-    return {};
+    return AsOne(ports, databook, address, [&] { databook.Recordset().Delete(); });
 }
 
 RecordResult CopyRecord(const forms::Ports& ports, store::DataSource& databook, const QString& address,
@@ -146,7 +158,7 @@ RecordResult CopyRecord(const forms::Ports& ports, store::DataSource& databook, 
     QVariantList values;
     for (int i = 0; i < fields.size(); ++i)
         values.append(fields.at(i).type == engine::FieldType::LongBinary ? QVariant() : recordset.Value(i));
-    const bool copied = AsOne(databook, [&] {
+    const RecordResult copied = AsOne(ports, databook, newAddress, [&] {
         recordset.AddNew();
         for (int i = 0; i < fields.size(); ++i)
             if (values.at(i).isValid())
@@ -156,9 +168,9 @@ RecordResult CopyRecord(const forms::Ports& ports, store::DataSource& databook, 
         for (const QString& photos : {QStringLiteral("FRONT"), QStringLiteral("PHOTOS")})
             if (recordset.FieldIndex(photos) >= 0)
                 store::SetFieldData(databook, QStringLiteral(" "), photos);
-        store::Updateandfind(ports, databook, KeyOf(newAddress));
+        recordset.Update();
     });
-    return copied ? RecordResult{} : Exists(newAddress);
+    return Found(ports, databook, newAddress, copied);
 }
 
 RecordResult RenameRecord(const forms::Ports& ports, store::DataSource& databook, const QString& address,
@@ -175,13 +187,13 @@ RecordResult RenameRecord(const forms::Ports& ports, store::DataSource& databook
         return Exists(newAddress);
     if (!Find(ports, databook, address))
         return Missing(address);
-    const bool renamed = AsOne(databook, [&] {
+    const RecordResult renamed = AsOne(ports, databook, newAddress, [&] {
         databook.Recordset().Edit();
         SetSized(databook, newAddress, kAddress);
         SetSized(databook, KeyOf(newAddress), kKey);
-        store::Updateandfind(ports, databook, KeyOf(newAddress));
+        databook.Recordset().Update();
     });
-    return renamed ? RecordResult{} : Exists(newAddress);
+    return Found(ports, databook, newAddress, renamed);
 }
 
 } // namespace vasclip::databook

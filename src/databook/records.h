@@ -7,7 +7,8 @@
 
 namespace vasclip::databook {
 
-enum class RecordOutcome { Done, Blank, TooLong, Duplicate, NotFound, Itself, UnknownType };
+/// Abandoned: the user gave up at the question of a device error; nothing was changed.
+enum class RecordOutcome { Done, Blank, TooLong, Duplicate, NotFound, Itself, UnknownType, Abandoned };
 
 /// How an operation on a record ended. `message` tells people what to do; it is empty when all went well.
 struct RecordResult

@@ -3,6 +3,11 @@
 #include "platform/text/runtime_error.h"
 #include "support/databook_home.h"
 
+#if __has_include(<sys/resource.h>)
+#include <csignal>
+#include <sys/resource.h>
+#endif
+
 using namespace Qt::Literals::StringLiterals;
 using namespace vasclip;
 using databook::RecordOutcome;
@@ -134,6 +139,83 @@ TEST_F(Records, ACompThatSomebodyElseAddsFirstIsReportedAsThere)
     EXPECT_EQ(source.Recordset().CurrentEditMode(), engine::EditMode::None);
     EXPECT_EQ(Keys(), (QStringList{u"1 NEW RD"_s, u"12 MAIN ST"_s, u"7 OAK AVE"_s}));
 }
+
+#if __has_include(<sys/resource.h>)
+/// As if the disk were full: no file grows beyond `bytes` while this stands.
+class FileLimit
+{
+public:
+    explicit FileLimit(qint64 bytes)
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit limit{static_cast<rlim_t>(bytes), m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileLimit() { Lift(); }
+    void Lift() { setrlimit(RLIMIT_FSIZE, &m_before); }
+    FileLimit(const FileLimit&) = delete;
+    FileLimit& operator=(const FileLimit&) = delete;
+
+private:
+    rlimit m_before{};
+};
+
+TEST_F(Records, WithoutRoomOnTheDiskTheUserIsAskedAndNothingIsLost)
+{
+    doubles.prompter.AnswerAlways(forms::Answer::Abort);
+    const auto address = [](int i) { return u"%1 FULL DISK RD"_s.arg(i); };
+    int added = 0;
+    {
+        const FileLimit limit(disk.FileLen(path));
+        databook::RecordResult result;
+        while (added < 2000 && (result = Add(address(added))))
+            ++added;
+        EXPECT_EQ(result.outcome, RecordOutcome::Abandoned);
+        EXPECT_EQ(result.message, u"Nothing was changed."_s);
+    }
+    ASSERT_FALSE(doubles.prompter.Boxes().empty());
+    EXPECT_EQ(doubles.prompter.Last().buttons, forms::Buttons::AbortRetryIgnore);
+    EXPECT_EQ(doubles.prompter.Last().title, u"Error"_s);
+    EXPECT_EQ(source.Recordset().CurrentEditMode(), engine::EditMode::None);
+    EXPECT_EQ(Keys().size(), unchanged.size() + added);
+    EXPECT_FALSE(store::FindRecord(ports, source, address(added), key));
+
+    const databook::RecordResult again = Add(address(added));
+    EXPECT_TRUE(again) << "room again: " << again.message.toStdString();
+    EXPECT_EQ(Keys().size(), unchanged.size() + added + 1);
+}
+/// Makes room when it is asked, and retries.
+class Tidying : public tests::ScriptedPrompter
+{
+public:
+    FileLimit* limit = nullptr;
+    forms::Answer MsgBox(forms::Buttons buttons, forms::Icon icon, const QString& title,
+                         const QString& text) override
+    {
+        Answer(forms::Answer::Retry);
+        limit->Lift();
+        return ScriptedPrompter::MsgBox(buttons, icon, title, text);
+    }
+};
+
+TEST_F(Records, ARetryWritesAllOfItAgain)
+{
+    Tidying prompter;
+    FileLimit limit(disk.FileLen(path));
+    prompter.limit = &limit;
+    const forms::Ports tidying{prompter, doubles.pump, doubles.clock, doubles.random, doubles.window};
+    for (int i = 0; i < 2000 && prompter.Boxes().empty(); ++i) {
+        const QString address = u"%1 FULL DISK RD"_s.arg(i);
+        const databook::RecordResult result = databook::AddRecord(tidying, source, address, u'C', 2);
+        ASSERT_TRUE(result) << result.message.toStdString();
+        EXPECT_EQ(Raw(key).trimmed(), address);
+        EXPECT_EQ(Raw(u"SALEDATE"_s), u"01/01/1900"_s);
+        EXPECT_EQ(Raw(u"APPRSLTYPE"_s), u"C"_s);
+    }
+    EXPECT_EQ(prompter.Boxes().size(), 1U) << "asked once, then there was room";
+}
+#endif
 
 TEST_F(Records, DeletesOneRecord)
 {
