@@ -44,7 +44,8 @@ public:
     /// without regard to case, sorted without regard to case; with `Directory` also directories, but never
     /// "." and "..". A directory that is not there gives an empty list.
     [[nodiscard]] QStringList Dir(const QString& pattern, unsigned attributes = Normal) const;
-    /// The `Dir` test: does at least one entry match? A path without wildcards is one look-up.
+    /// The `Dir` test: does at least one entry match? A path without wildcards is one look-up. With
+    /// `Directory` and a closing backslash the directory itself is meant, so that an empty one is found too.
     [[nodiscard]] bool Found(const QString& pattern, unsigned attributes = Normal) const;
 
     /// True if the file's length is 1 or more. Never throws: an error is false.

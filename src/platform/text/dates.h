@@ -17,7 +17,8 @@ namespace vasclip::text {
 /// "/" or "-", month names ("March 7, 2004", "7-Mar-04"), two-digit years that turn at 29/30, month and day
 /// swapped if the first cannot be a month, an ISO date, a time behind or instead of it, M/D (the year of
 /// `today`). Dots separate times.
-/// @return nullopt if it is no date
+/// @return nullopt if it is no date; else the wall clock's date and time, in UTC so that no summer time moves it; a
+///         time alone stands on the day of SerialEpoch
 [[nodiscard]] std::optional<QDateTime> ReadDate(const QString& text, const QDate& today);
 
 /// The date pictures in use, without regard to case: d, dd, ddd, dddd, m, mm, mmm, mmmm, yy, yyyy, h, hh, n, nn,
