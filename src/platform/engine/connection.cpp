@@ -172,6 +172,10 @@ void Connection::Fail(int code)
             throw RuntimeError(
                 error::kValueRequired,
                 u"The field '%1' needs a value. Nothing was stored"_s.arg(message.mid(needed.size())));
+        if (message.startsWith(u"parser stack overflow"_s) ||
+            message.startsWith(u"Expression tree is too large"_s))
+            throw RuntimeError(error::kSyntax,
+                               u"The statement is too complicated: its parts are nested too deeply"_s);
         if (message.startsWith(u"no such table"_s))
             throw RuntimeError(error::kTableUnknown,
                                u"The table is no longer in %1: %2"_s.arg(file, message));
@@ -378,6 +382,22 @@ bool Query::IsNull(int column) const
 QVariant Query::Value(int column, FieldType type) const
 {
     return ReadValue(m_statement, column, type);
+}
+
+Reading::Reading(Connection& connection)
+    : m_connection(connection)
+{
+    if (sqlite3_get_autocommit(connection.Handle()) != 0) {
+        Query(connection, u"BEGIN"_s).Run();
+        m_began = true;
+    }
+}
+
+Reading::~Reading()
+{
+    // An error may have ended the transaction already.
+    if (m_began && sqlite3_get_autocommit(m_connection.Handle()) == 0)
+        sqlite3_exec(m_connection.Handle(), "COMMIT", nullptr, nullptr, nullptr);
 }
 
 Writing::~Writing()

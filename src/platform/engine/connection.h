@@ -154,6 +154,20 @@ private:
     sqlite3_stmt* m_statement;
 };
 
+/// Several reads under one lock of the file, unless a transaction holds one anyway.
+class Reading
+{
+public:
+    explicit Reading(Connection& connection);
+    ~Reading();
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+
+private:
+    Connection& m_connection;
+    bool m_began = false;
+};
+
 /// A transaction (or a nested one) of a connection that is taken back unless committed.
 class Writing
 {

@@ -10,7 +10,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr qint64 kPageRows = 64;
+constexpr qint64 kPageRows = 32;
 /// What others change shows up in a grid after this time at the latest.
 constexpr std::chrono::milliseconds kPageLife{250};
 
@@ -152,6 +152,7 @@ void Dynaset::ReadPage(qint64 first, const QList<int>& fields) const
     const QString sql =
         u"SELECT %1 FROM %2 WHERE %3 = ?1"_s.arg(columns.isEmpty() ? u"1"_s : columns.join(u", "_s),
                                                  Plan().tableSql, QString::fromUtf16(sql::kIdColumn));
+    const Reading reading(connection);
     Page page;
     page.first = first;
     page.fields = fields;

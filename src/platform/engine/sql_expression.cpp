@@ -240,8 +240,17 @@ Piece ExpressionTranslator::Binary(const Expression& node)
 {
     const QString& symbol = node.text;
     if (symbol == u"AND" || symbol == u"OR") {
-        const QString left = Condition(*node.arguments[0]);
-        return {u"(%1 %2 %3)"_s.arg(left, symbol, Condition(*node.arguments[1])), Yield::Truth, -1};
+        // A chain becomes one flat list: SQLite takes only so many parentheses inside each other.
+        QStringList terms;
+        const Expression* chain = &node;
+        std::vector<const Expression*> links;
+        for (; chain->kind == Expression::Kind::Binary && chain->text == symbol;
+             chain = chain->arguments[0].get())
+            links.push_back(chain->arguments[1].get());
+        terms.append(Condition(*chain));
+        for (auto link = links.rbegin(); link != links.rend(); ++link)
+            terms.append(Condition(**link));
+        return {u'(' + terms.join(u' ' + symbol + u' ') + u')', Yield::Truth, -1};
     }
     const bool compares = symbol.at(0) == u'=' || symbol.at(0) == u'<' || symbol.at(0) == u'>';
     const Piece left = compares ? WithoutCase(*node.arguments[0]) : Translate(*node.arguments[0]);

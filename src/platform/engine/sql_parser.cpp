@@ -34,7 +34,9 @@ public:
         if (IsSymbol(u";"))
             Advance();
         if (m_token.kind != Token::Kind::End)
-            Fail(u"the statement should end here"_s);
+            Fail(m_token.kind == Token::Kind::Symbol
+                     ? u"the statement should end here"_s
+                     : u"an operator is missing, or a quote inside a value is not doubled"_s);
         return statement;
     }
 
@@ -579,7 +581,7 @@ private:
     /// Long chains without parentheses nest to the left and are walked by recursion later.
     void CountTerm()
     {
-        constexpr int kMostTerms = 500;
+        constexpr int kMostTerms = 1000;
         if (++m_terms > kMostTerms)
             Fail(u"the statement has too many conditions"_s);
     }

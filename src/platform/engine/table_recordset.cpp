@@ -46,11 +46,13 @@ void TableRecordset::Build()
             }
         }
     }
-    m_seekSql = m_keys.isEmpty() ? QString()
-                                 : u"SELECT %1 FROM %2 WHERE %3 = ?1 ORDER BY %3, %1 LIMIT 1"_s.arg(
-                                       IdName(), Plan().tableSql, m_keys.front());
-    if (m_unique && m_keys.size() == 1)
-        m_seekSql = u"SELECT %1 FROM %2 WHERE %3 = ?1"_s.arg(IdName(), Plan().tableSql, m_keys.front());
+    m_seekSql.clear();
+    if (m_keys.isEmpty())
+        return;
+    m_seekSql = u"SELECT %1 FROM %2 WHERE %3 = ?1"_s.arg(IdName(), Plan().tableSql, m_keys.front());
+    // Of several with one key, the first in the order of the index.
+    if (!m_unique || m_keys.size() > 1)
+        m_seekSql += u" ORDER BY %1, %2 LIMIT 1"_s.arg(m_keys.join(u", "_s), IdName());
 }
 
 QString TableRecordset::KeyColumns() const

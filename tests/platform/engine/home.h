@@ -56,7 +56,7 @@ inline TableDef SmallComps()
                     TextField(QStringLiteral("CITY"), 20),
                     TextField(QStringLiteral("SELLINGPR"), 10, SortsAs::Number),
                     TextField(QStringLiteral("SALEDATE"), 10, SortsAs::Date),
-                    TextField(QStringLiteral("GLA"), 5, SortsAs::Number),
+                    TextField(QStringLiteral("GLA"), 7, SortsAs::Number),
                     TypedField(QStringLiteral("PHOTOS"), FieldType::Memo),
                     TypedField(QStringLiteral("FRONTPHOTO"), FieldType::LongBinary)};
     table.indexes = {{QStringLiteral("Centralkey"), {QStringLiteral("CENTRALKEY")}, true, true}};
