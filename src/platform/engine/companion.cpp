@@ -3,6 +3,7 @@
 #include "platform/engine/errors.h"
 #include "platform/engine/process.h"
 
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -10,6 +11,7 @@
 #include <QLockFile>
 #include <QSaveFile>
 #include <QSysInfo>
+#include <QThread>
 #include <QUuid>
 
 namespace vasclip::engine {
@@ -67,6 +69,22 @@ bool WriteEntries(const QString& file, const QList<Entry>& entries)
     return output.commit();
 }
 
+/// Takes the lock file; waits in short steps, since it is held for moments only. @return false without rights
+/// or when the wait was in vain
+bool Take(QLockFile& lock)
+{
+    lock.setStaleLockTime(kStaleMilliseconds);
+    const QDeadlineTimer deadline(kLockWaitMilliseconds);
+    constexpr unsigned long kStep = 5;
+    for (;;) {
+        if (lock.tryLock(0))
+            return true;
+        if (lock.error() != QLockFile::LockFailedError || deadline.hasExpired())
+            return false;
+        QThread::msleep(kStep);
+    }
+}
+
 QString Describe(const User& user)
 {
     return u"process %1 on %2"_s.arg(QString::number(user.process), user.host);
@@ -102,8 +120,7 @@ Companion::Companion(const QString& nativePath, const QString& shown, OpenMode m
 {
     const QString file = FileOf(nativePath);
     QLockFile lock(file + u"~"_s);
-    lock.setStaleLockTime(kStaleMilliseconds);
-    const bool locked = lock.tryLock(kLockWaitMilliseconds);
+    const bool locked = Take(lock);
     QList<Entry> entries = ReadEntries(file);
     entries.removeIf([](const Entry& entry) { return !entry.user.alive; });
     for (const Entry& entry : entries) {
@@ -139,9 +156,8 @@ Companion::~Companion()
         return;
     const QString file = FileOf(m_nativePath);
     QLockFile lock(file + u"~"_s);
-    lock.setStaleLockTime(kStaleMilliseconds);
     // Without the lock the entry stays: it is seen as dead when this process is gone.
-    if (!lock.tryLock(kLockWaitMilliseconds))
+    if (!Take(lock))
         return;
     QList<Entry> entries = ReadEntries(file);
     entries.removeIf([this](const Entry& entry) { return entry.id == m_id || !entry.user.alive; });

@@ -10,6 +10,7 @@
 
 #include <QMutex>
 #include <QSysInfo>
+#include <QUrl>
 
 #include <sqlite3.h>
 
@@ -53,7 +54,8 @@ Connection::Connection(const Setup& setup)
     const int flags = setup.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     NoteOpen(setup.nativePath, 1);
     try {
-        const int code = sqlite3_open_v2(setup.nativePath.toUtf8().constData(), &m_handle, flags, nullptr);
+        const int code = sqlite3_open_v2(setup.nativePath.toUtf8().constData(), &m_handle,
+                                         flags | SQLITE_OPEN_URI, nullptr);
         if (code != SQLITE_OK)
             Fail(code);
         sqlite3_extended_result_codes(m_handle, 1);
@@ -66,6 +68,7 @@ Connection::Connection(const Setup& setup)
         Run(u"PRAGMA synchronous=FULL; PRAGMA temp_store=FILE; PRAGMA trusted_schema=OFF; PRAGMA cell_size_check=ON"_s);
         if (setup.fresh)
             MakeSchema(*this);
+        CheckOwn();
         static_cast<void>(Tables());
     } catch (...) {
         ForgetStatements();
@@ -84,6 +87,14 @@ Connection::~Connection()
     ForgetStatements();
     sqlite3_close_v2(m_handle);
     NoteOpen(m_setup.nativePath, -1);
+}
+
+void Connection::CheckOwn()
+{
+    Query query(*this, u"PRAGMA application_id"_s);
+    if (!query.Step() || query.Integer(0) != qint64{kApplicationId})
+        throw RuntimeError(error::kUnrecognisedDatabase,
+                           u"The file %1 is a SQLite database of another program"_s.arg(m_setup.shown));
 }
 
 bool Connection::HasOpen(const QString& nativePath)
@@ -258,7 +269,7 @@ void Connection::Rollback()
     }
 }
 
-QString Connection::Attach(const QString& nativePath, const QString& shown)
+QString Connection::Attach(const QString& nativePath, const QString& shown, bool readOnly)
 {
     if (nativePath == m_setup.nativePath)
         return u"main"_s;
@@ -266,6 +277,12 @@ QString Connection::Attach(const QString& nativePath, const QString& shown)
         if (attached.nativePath == nativePath)
             return attached.schema;
     }
+    const int most = sqlite3_limit(m_handle, SQLITE_LIMIT_ATTACHED, -1);
+    if (static_cast<int>(m_attached.size()) >= most)
+        throw RuntimeError(
+            error::kTooManyDatabases,
+            u"One transaction on %1 can reach at most %2 other files. End it before %3 is used"_s.arg(
+                m_setup.shown, QString::number(most), shown));
     Attached attached;
     attached.nativePath = nativePath;
     attached.shown = shown;
@@ -275,7 +292,10 @@ QString Connection::Attach(const QString& nativePath, const QString& shown)
     attached.companion = std::make_unique<Companion>(nativePath, shown, OpenMode::Shared);
     {
         Query query(*this, u"ATTACH ?1 AS %1"_s.arg(attached.schema));
-        query.Bind(1, nativePath).Run();
+        query
+            .Bind(1, QString::fromLatin1(QUrl::fromLocalFile(nativePath).toEncoded()) +
+                         (readOnly ? u"?mode=ro"_s : u"?mode=rw"_s))
+            .Run();
     }
     NoteOpen(nativePath, 1);
     m_attached.push_back(std::move(attached));

@@ -70,7 +70,8 @@ public:
     /// Makes another file's tables reachable until the outermost transaction (or the statement, without one)
     /// ends.
     /// @return its schema name
-    [[nodiscard]] QString Attach(const QString& nativePath, const QString& shown);
+    /// @throws 3014 more files than one transaction can hold
+    [[nodiscard]] QString Attach(const QString& nativePath, const QString& shown, bool readOnly);
     /// Lets go of attached files outside of transactions.
     void DetachAll();
 
@@ -100,6 +101,7 @@ private:
         QList<TableDef> tables;
     };
 
+    void CheckOwn(); ///< @throws 3343 unless the file has our mark
     [[nodiscard]] sqlite3_stmt* Take(const QString& sql);
     void GiveBack(const QString& sql, sqlite3_stmt* statement);
     void ForgetStatements();

@@ -3,6 +3,7 @@
 #include "platform/engine/process.h"
 #include "platform/engine/schema_tables.h"
 #include "platform/engine/sqlite_database.h"
+#include "platform/engine/super_journal.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -121,6 +122,8 @@ std::shared_ptr<Database> Engine::OpenDatabase(const QString& path, OpenMode mod
     const bool readOnly = !info.isWritable() || (Disk().GetAttr(path) & files::ReadOnly) != 0 ||
                           !QFileInfo(info.absolutePath()).isWritable();
     session->connection = d->Connect(native, path, readOnly);
+    if (!readOnly)
+        SweepSuperJournals(native);
     return std::make_shared<SqliteDatabase>(std::move(session));
 }
 

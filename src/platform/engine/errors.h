@@ -6,6 +6,7 @@ namespace vasclip::error {
 
 /// Numbers that the engine throws besides the ones that the program looks at.
 inline constexpr int kInternalEngine = 3001;
+inline constexpr int kTooManyDatabases = 3014;
 inline constexpr int kDatabaseNotFound = 3024;
 inline constexpr int kNoTransaction = 3034;
 inline constexpr int kKeyIsNull = 3058;

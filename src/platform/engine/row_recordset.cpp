@@ -117,7 +117,7 @@ void RowRecordset::Moved()
 
 void RowRecordset::ShowComputed(const QVariantList& values)
 {
-    m_row = Row{0, 0, values};
+    m_row = Row{0, 0, 0, values};
 }
 
 std::optional<RowRecordset::Row> RowRecordset::ReadRow(qint64 id) const
@@ -129,6 +129,7 @@ std::optional<RowRecordset::Row> RowRecordset::ReadRow(qint64 id) const
     Row row;
     row.id = id;
     row.version = query.Integer(0);
+    row.generation = Open().Generation();
     row.values.reserve(m_fields.size());
     for (int i = 0; i < m_fields.size(); ++i)
         row.values.append(query.Value(i + 1, m_fields[i].type == FieldType::LongBinary ? FieldType::Long
@@ -139,7 +140,10 @@ std::optional<RowRecordset::Row> RowRecordset::ReadRow(qint64 id) const
 const RowRecordset::Row& RowRecordset::NeedRow() const
 {
     const qint64 id = NeedId();
-    if (m_row && (m_row->id == id || m_plan.computed))
+    // What other record sets of this engine change shows at once, unless this one is being edited.
+    const bool fresh = m_mode == EditMode::InProgress || m_plan.computed ||
+                       (m_row && m_row->generation == Open().Generation());
+    if (m_row && (m_row->id == id || m_plan.computed) && fresh)
         return *m_row;
     m_row = ReadRow(id);
     if (!m_row)

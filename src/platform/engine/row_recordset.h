@@ -57,7 +57,8 @@ private:
     {
         qint64 id = 0;
         qint64 version = 0;
-        QVariantList values; ///< of a long binary field its size
+        quint64 generation = 0; ///< of the connection when it was read
+        QVariantList values;    ///< of a long binary field its size
     };
 
     [[nodiscard]] std::optional<Row> ReadRow(qint64 id) const;

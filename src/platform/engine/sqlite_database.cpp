@@ -37,7 +37,8 @@ public:
             throw RuntimeError(
                 error::kDatabaseNotFound,
                 u"Could not find the file %1. Make sure that its name and directory are right"_s.arg(path));
-        return m_session.Open().Attach(native, path);
+        const bool readOnly = !QFileInfo(native).isWritable() || (disk.GetAttr(path) & files::ReadOnly) != 0;
+        return m_session.Open().Attach(native, path, readOnly);
     }
 
     const TableDef* Find(const QString& database, const QString& table) override

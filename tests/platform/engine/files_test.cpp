@@ -25,7 +25,12 @@ struct FilesTest : testing::Test
         QFile file(home.Native(name));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
-    [[nodiscard]] QByteArray Made() const
+    [[nodiscard]] static QByteArray Made()
+    {
+        static const QByteArray content = Make();
+        return content;
+    }
+    [[nodiscard]] static QByteArray Make()
     {
         Home other;
         QList<Comp> comps;
@@ -321,6 +326,34 @@ TEST_F(FilesTest, GenuineFilesAreNamedAndLeftAlone)
         EXPECT_EQ(Read(u"X.MDB"_s), before);
     }
     EXPECT_GT(seen, 5);
+}
+
+TEST_F(FilesTest, LeftSuperJournalsAreSweptWhenNothingNeedsThem)
+{
+    MakeComps(home.engine, kFile, {});
+    const QByteArray gone = home.Native(u"EXPORT.MDB-journal"_s).toUtf8() + '\0';
+    const QByteArray there = home.Native(u"OTHER.MDB-journal"_s).toUtf8() + '\0';
+    Write(u"OTHER.MDB-journal"_s, "x");
+    const struct
+    {
+        QString name;
+        QByteArray content;
+        bool old;
+        bool stays;
+    } rows[] = {{u"DATABOOK.MDB-mj111111901"_s, gone, true, false},
+                {u"DATABOOK.MDB-mj222222902"_s, gone, false, true},
+                {u"DATABOOK.MDB-mj333333903"_s, gone + there, true, true},
+                {u"OTHER.MDB-mj444444904"_s, gone, true, true}};
+    for (const auto& row : rows) {
+        Write(row.name, row.content);
+        QFile file(home.Native(row.name));
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        const QDateTime time = QDateTime::currentDateTime().addDays(row.old ? -1 : 0);
+        ASSERT_TRUE(file.setFileTime(time, QFileDevice::FileModificationTime));
+    }
+    static_cast<void>(home.engine.OpenDatabase(kFile));
+    for (const auto& row : rows)
+        EXPECT_EQ(QFile::exists(home.Native(row.name)), row.stays) << row.name.toStdString();
 }
 
 TEST_F(FilesTest, AFullDiskChangesNothing)

@@ -74,6 +74,7 @@ inline std::shared_ptr<Database> MakeComps(Engine& engine, const QString& path, 
     auto database = engine.CreateDatabase(path);
     database->CreateTable(SmallComps());
     const auto table = database->OpenRecordset(QStringLiteral("COMPS"), RecordsetType::Table);
+    Transaction together(*database);
     for (const Comp& comp : comps) {
         table->AddNew();
         table->SetValue(QStringLiteral("CENTRALKEY"), comp.key);
@@ -87,6 +88,7 @@ inline std::shared_ptr<Database> MakeComps(Engine& engine, const QString& path, 
         }
         table->Update();
     }
+    together.Commit();
     return database;
 }
 

@@ -313,11 +313,21 @@ TEST_F(SqlTest, MoreFilesThanSqliteAttaches)
         static_cast<void>(home.engine.CreateDatabase(path));
         const int number =
             ErrorOf([&] { database->Execute(u"SELECT * INTO [%1].[COMPS] FROM COMPS"_s.arg(path)); });
-        EXPECT_EQ(number, i < 10 ? 0 : error::kInternalEngine) << i;
+        EXPECT_EQ(number, i < 10 ? 0 : error::kTooManyDatabases) << i;
     }
     transaction.Commit();
     for (int i = 0; i < 14; ++i)
         EXPECT_EQ(database->Execute(u"SELECT * INTO [C:\\E%1.MDB].[MORE] FROM COMPS"_s.arg(i)), 6);
+}
+
+TEST_F(SqlTest, AReadOnlyTargetIsRefusedAndASourceIsNot)
+{
+    MakeComps(home.engine, u"C:\\OLD.MDB"_s, {{u"Z9"_s, u"Bend"_s, {}, {}, {}}});
+    home.disk.SetAttr(u"C:\\OLD.MDB"_s, files::ReadOnly);
+    EXPECT_EQ(ErrorOf([&] { database->Execute(u"SELECT * INTO [C:\\OLD.MDB].[MORE] FROM COMPS"_s); }),
+              error::kFileIsReadOnly);
+    EXPECT_EQ(database->Execute(u"INSERT INTO COMPS SELECT * FROM C:\\OLD.[COMPS]"_s), 1);
+    EXPECT_EQ(Keys(u"SELECT * FROM COMPS WHERE CITY='bend'"_s), u"Z"_s);
 }
 
 /// One table for the pure translation.

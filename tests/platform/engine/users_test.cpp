@@ -298,6 +298,20 @@ TEST_F(UsersTest, TwoDatabasesOfOneEngineSeeEachOther)
     rows->Edit();
     rows->SetValue(u"GLA"_s, u"5"_s);
     rows->Update();
+    EXPECT_EQ(table->Value(u"GLA"_s), u"5"_s);
+}
+
+TEST_F(UsersTest, ARollbackShowsTheOldValuesAgain)
+{
+    const auto rows = database->OpenRecordset(u"SELECT * FROM COMPS"_s, RecordsetType::Dynaset);
+    database->BeginTrans();
+    Edit(u"A1"_s, u"Bend"_s);
+    table->Update();
+    EXPECT_EQ(table->Value(u"CITY"_s), u"Bend"_s);
+    EXPECT_EQ(rows->Peek(0, {1}), QVariantList{u"Bend"_s});
+    database->Rollback();
+    EXPECT_EQ(table->Value(u"CITY"_s), u"Salem"_s);
+    EXPECT_EQ(rows->Peek(0, {1}), QVariantList{u"Salem"_s});
 }
 
 TEST_F(UsersTest, RecordSetsKeepTheFileOpen)
