@@ -73,6 +73,18 @@ Layout LayoutOf(const forms::Grid& grid, const QString& name)
     return layout;
 }
 
+bool IsReadable(const files::Disk& disk, const QString& file)
+{
+    try {
+        (void)LayoutFile::Read(disk, file);
+        return true;
+    } catch (const RuntimeError& failure) {
+        if (failure.Number() != kInvalidFileFormat)
+            throw;
+        return false;
+    }
+}
+
 /// Columns of the plan as a layout wants them.
 QList<forms::GridColumn> Arranged(const Layout& layout)
 {
@@ -212,7 +224,7 @@ bool LoadGrid(const files::Disk& disk, forms::Grid& grid, const QString& file, c
 void RefreshLayoutFile(const files::Disk& disk, const QString& file)
 {
     const RoutineScope scope{"RefreshLayoutFile"};
-    if (disk.Found(file))
+    if (disk.Found(file) && IsReadable(disk, file))
         disk.FileCopy(file, file.chopped(2) + QStringLiteral("bk"));
 }
 

@@ -63,7 +63,8 @@ void SaveGrid(const files::Disk& disk, const forms::Grid& grid, const QString& f
 /// file
 bool LoadGrid(const files::Disk& disk, forms::Grid& grid, const QString& file, const QString& layoutName);
 
-/// Copies the file, if it is there, beside itself with the last two letters of its name replaced by "bk".
+/// Copies the file, if it is there, beside itself with the last two letters of its name replaced by "bk". A
+/// damaged or foreign file leaves the backup as it is: it may be the only good copy.
 void RefreshLayoutFile(const files::Disk& disk, const QString& file);
 
 /// The names of a file's layouts; empty if it is not there.

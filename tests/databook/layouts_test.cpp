@@ -132,6 +132,16 @@ TEST_F(Layouts, TheBackupStandsBesideTheFile)
     EXPECT_EQ(databook::LayoutNames(disk, u"C:\\VAS2000.gbk"_s), (QStringList{u"Default"_s, u"Wide"_s}));
 }
 
+TEST_F(Layouts, ADamagedFileDoesNotReplaceItsBackup)
+{
+    databook::SaveGrid(disk, grid, file, u"Default"_s);
+    databook::RefreshLayoutFile(disk, file);
+    const QByteArray good = disk.ReadWhole(file);
+    disk.WriteWhole(file, good.first(good.size() / 2));
+    databook::RefreshLayoutFile(disk, file);
+    EXPECT_EQ(disk.ReadWhole(u"C:\\VAS2000.gbk"_s), good);
+}
+
 TEST_F(Layouts, DamagedAndForeignFilesAreRefusedAndLeftAlone)
 {
     databook::SaveGrid(disk, grid, file, u"Default"_s);
