@@ -9,6 +9,9 @@ namespace vasclip::demo {
 
 /// Random numbers that are the same on every machine: the generator is fixed by the language's standard, its
 /// distributions are not, so they are our own.
+///
+/// Two throws never stand among the arguments or operands of one expression, whose order is the compiler's;
+/// they stand in statements of their own or in braces.
 class Dice
 {
 public:

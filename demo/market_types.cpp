@@ -231,7 +231,10 @@ void PutUnitSale(Draft& draft)
     PutUnits(draft, units, true);
     const int area = draft.comp.fields.value(QStringLiteral("GLA")).toInt();
     const int rent = draft.comp.fields.value(QStringLiteral("GRSMORENT")).toInt();
-    draft.PutPrice(rent * dice.Real(112, 134) * 0.5 + draft.Market(118) * area * 0.5 + 30000, area);
+    const double byRent =
+        rent * dice.Real(112, 134); // one after the other: operands have no order of their own
+    const double byArea = draft.Market(118) * area;
+    draft.PutPrice((byRent + byArea) / 2 + 30000, area);
     draft.PutSite(draft.place.lotSquareFeet * dice.Real(0.9, 1.6));
     draft.PutConditionAndUtility();
     draft.Put("DESIGNAPPL", units == 2 ? "Duplex/Avg" : units == 3 ? "Triplex/Avg" : "Fourplex/Avg");

@@ -141,7 +141,7 @@ QList<Comp> Candidates(const QList<Comp>& comps, const Comp& subject)
             return comp.fields.value(QString::fromUtf16(field)) ==
                    subject.fields.value(QString::fromUtf16(field));
         };
-        return (comp.type == u'F' ? 8 : 0) + (comp.photos.isEmpty() ? 0 : 4) +
+        return (comp.type == u'F' ? 8 : 0) + (comp.photos.isEmpty() ? 0 : 10) +
                (comp.fields.value(u"SALEFLD"_s) == "Pending"_L1 ? 0 : 4) + (same(u"NEIGHBORHD") ? 3 : 0) +
                (same(u"CITY") ? 2 : 0) + (comp.fields.contains(u"LATITUDE"_s) ? 1 : 0);
     };

@@ -63,10 +63,12 @@ void Facade::Texture(const QPainterPath& shape, const QRectF& bounds, const QCol
         break;
     }
     case Siding::Stucco:
-        for (int i = 0; i < static_cast<int>(bounds.width() * bounds.height() / 420); ++i)
-            p.fillRect(QRectF(m_scene.dice.Real(bounds.left(), bounds.right()),
-                              m_scene.dice.Real(bounds.top(), bounds.bottom()), 4, 3),
+        for (int i = 0; i < static_cast<int>(bounds.width() * bounds.height() / 420); ++i) {
+            const QRectF grain{m_scene.dice.Real(bounds.left(), bounds.right()),
+                               m_scene.dice.Real(bounds.top(), bounds.bottom()), 4, 3};
+            p.fillRect(grain,
                        Faded(m_scene.dice.Chance(0.5) ? Darker(colour, 0.3) : Lighter(colour, 0.5), 0.22));
+        }
         break;
     case Siding::Shingle: {
         int course = 0;

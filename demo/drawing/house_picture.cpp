@@ -76,9 +76,11 @@ void Dress(Scene& scene, const Footprint& house, const Look& look)
         DrawFlowers(scene, house.left + 36, house.left + 36 + bed, kGround + 22);
     if (garden.Chance(0.3))
         DrawFence(scene, -40, house.left - 30, kGround + 6, 90, QColor(240, 238, 232));
-    if (garden.Chance(0.45))
-        DrawMailbox(scene, garden.Chance(0.5) ? dice.Real(90, 240) : dice.Real(1330, 1500), kPavementTop - 4,
-                    garden.Chance(0.5) ? QColor(60, 66, 76) : QColor(208, 206, 200));
+    if (garden.Chance(0.45)) {
+        const double x = garden.Chance(0.5) ? dice.Real(90, 240) : dice.Real(1330, 1500);
+        const QColor metal = garden.Chance(0.5) ? QColor(60, 66, 76) : QColor(208, 206, 200);
+        DrawMailbox(scene, x, kPavementTop - 4, metal);
+    }
 }
 
 Look DayAsLook(const Look& look, quint32 salt)
@@ -125,9 +127,9 @@ QImage DrawFrontView(const Look& look)
             const double x = garden.Real(60, 1540);
             const double height = garden.Real(330, 560);
             if (garden.Chance(0.35))
-                DrawConifer(scene, x, kGround - garden.Real(40, 110), height);
+                DrawConifer(scene, {x, kGround - garden.Real(40, 110), height});
             else
-                DrawTree(scene, x, kGround - garden.Real(40, 110), height);
+                DrawTree(scene, {x, kGround - garden.Real(40, 110), height});
         }
         DrawStreetFront(scene, kPavementTop);
         const bool flipped = look.design != Design::EmptyLot && garden.Chance(0.5);
@@ -140,13 +142,13 @@ QImage DrawFrontView(const Look& look)
         Dress(scene, house, look);
         const bool leftRoom = house.left > 150;
         if (leftRoom && garden.Chance(0.75))
-            DrawTree(scene, garden.Real(20, house.left - 90), kGround + garden.Real(30, 110),
-                     garden.Real(430, 640));
+            DrawTree(scene, {garden.Real(20, house.left - 90), kGround + garden.Real(30, 110),
+                             garden.Real(430, 640)});
         if (house.right < 1440 && garden.Chance(0.55))
-            DrawConifer(scene, garden.Real(house.right + 80, 1570), kGround + garden.Real(0, 60),
-                        garden.Real(300, 520));
+            DrawConifer(scene, {garden.Real(house.right + 80, 1570), kGround + garden.Real(0, 60),
+                                garden.Real(300, 520)});
         if (look.design == Design::EmptyLot)
-            DrawTree(scene, garden.Chance(0.5) ? 120 : 1470, kGround + 40, garden.Real(480, 640));
+            DrawTree(scene, {garden.Chance(0.5) ? 120.0 : 1470.0, kGround + 40, garden.Real(480, 640)});
     });
 }
 
@@ -161,7 +163,7 @@ QImage DrawRearView(const Look& look)
         DrawHills(scene, kHorizon);
         DrawLawn(scene, kHorizon + 6, kPictureHeight + 60);
         for (int i = garden.Between(1, 3); i > 0; --i)
-            DrawTree(scene, garden.Real(60, 1540), kGround - garden.Real(50, 110), garden.Real(340, 540));
+            DrawTree(scene, {garden.Real(60, 1540), kGround - garden.Real(50, 110), garden.Real(340, 540)});
         if (day.design == Design::EmptyLot) {
             DrawHouse(scene, day);
             return;
@@ -171,7 +173,8 @@ QImage DrawRearView(const Look& look)
         const Footprint house = DrawHouseRear(scene, day);
         for (double x = house.left + 30; x < house.right; x += garden.Real(150, 300))
             DrawShrub(scene, x, kGround + 6, garden.Real(54, 90));
-        DrawFlowers(scene, 140, 140 + garden.Real(200, 420), kGround + garden.Real(120, 220));
+        const double bed = garden.Real(200, 420);
+        DrawFlowers(scene, 140, 140 + bed, kGround + garden.Real(120, 220));
         if (garden.Chance(0.5)) { // a garden shed
             Facade shed(scene, PaletteOf(day));
             const double x = house.left > 300 ? 60 : 1300;
@@ -180,8 +183,8 @@ QImage DrawRearView(const Look& look)
             shed.GableEdges(x, x + 190, 762, 690, 16);
             shed.Door(QRectF(x + 58, 782, 74, 108));
         }
-        DrawTree(scene, garden.Chance(0.5) ? garden.Real(-20, 90) : garden.Real(1510, 1620), kGround + 120,
-                 garden.Real(620, 780));
+        DrawTree(scene, {garden.Chance(0.5) ? garden.Real(-20, 90) : garden.Real(1510, 1620), kGround + 120,
+                         garden.Real(620, 780)});
     });
 }
 
@@ -241,9 +244,9 @@ QImage DrawStreetScene(const Look& look)
                 p.restore();
                 const double x = vanish + sign * (street.Real(860, 930)) * depth;
                 if (street.Chance(0.3))
-                    DrawConifer(scene, x, ground + 60 * depth, street.Real(560, 700) * depth);
+                    DrawConifer(scene, {x, ground + 60 * depth, street.Real(560, 700) * depth});
                 else
-                    DrawTree(scene, x, ground + 60 * depth, street.Real(600, 820) * depth);
+                    DrawTree(scene, {x, ground + 60 * depth, street.Real(600, 820) * depth});
             }
             const double pole = vanish + 905 * depth;
             const double foot = horizon + (1290 - horizon) * depth * 0.7;

@@ -28,15 +28,15 @@ const QImage& Puff()
     return puff;
 }
 
-void DrawCloud(Scene& scene, double x, double y, double width)
+void DrawCloud(Scene& scene, const QPointF& at, double width)
 {
     const int puffs = scene.dice.Between(9, 16);
     for (int i = 0; i < puffs; ++i) {
         const double along = scene.dice.Real(-0.5, 0.5);
         const double lift = (0.25 - along * along) * width * 0.5;
         const double size = width * scene.dice.Real(0.22, 0.42) * (1.1 - std::fabs(along));
-        const QRectF place(x + along * width - size / 2, y - scene.dice.Real() * lift - size * 0.36, size,
-                           size * 0.72);
+        const QRectF place(at.x() + along * width - size / 2, at.y() - scene.dice.Real() * lift - size * 0.36,
+                           size, size * 0.72);
         scene.painter.drawImage(place, Puff());
     }
 }
@@ -126,8 +126,8 @@ void DrawSky(Scene& scene, double horizon)
     const int clouds = static_cast<int>(scene.air.cloudiness * 7);
     for (int i = 0; i < clouds; ++i) {
         p.setOpacity(scene.dice.Real(0.45, 0.95));
-        DrawCloud(scene, scene.dice.Real(0, kPictureWidth), scene.dice.Real(50, horizon - 170),
-                  scene.dice.Real(240, 560));
+        const QPointF at{scene.dice.Real(0, kPictureWidth), scene.dice.Real(50, horizon - 170)};
+        DrawCloud(scene, at, scene.dice.Real(240, 560));
     }
     p.setOpacity(1);
 }
@@ -205,8 +205,8 @@ void DrawLawn(Scene& scene, double top, double bottom)
         const double y = scene.dice.Real(top + 8, bottom);
         const double depth = (y - top) / (bottom - top);
         p.setBrush(Faded(scene.dice.Chance(0.5) ? Darker(grass, 0.5) : Lighter(grass, 0.5), 0.07));
-        p.drawEllipse(QPointF(scene.dice.Real(0, kPictureWidth), y), scene.dice.Real(60, 260),
-                      5 + depth * 24);
+        const QPointF middle(scene.dice.Real(0, kPictureWidth), y);
+        p.drawEllipse(middle, scene.dice.Real(60, 260), 5 + depth * 24);
     }
     p.setRenderHint(QPainter::Antialiasing, false);
     const QColor blades[4] = {Faded(Darker(grass, 0.35), 0.5), Faded(Lighter(grass, 0.35), 0.5),
@@ -256,7 +256,7 @@ void DrawStreetFront(Scene& scene, double top)
     p.setRenderHint(QPainter::Antialiasing, false);
     for (int i = 0; i < 380; ++i) {
         const int light = scene.dice.Between(70, 150);
-        p.fillRect(QRectF(scene.dice.Real(0, kPictureWidth), scene.dice.Real(top + 76, kPictureHeight), 4, 2),
+        p.fillRect(QRectF{scene.dice.Real(0, kPictureWidth), scene.dice.Real(top + 76, kPictureHeight), 4, 2},
                    QColor(light, light, light + 4, 120));
     }
     p.setRenderHint(QPainter::Antialiasing, true);
@@ -264,7 +264,7 @@ void DrawStreetFront(Scene& scene, double top)
         QPainterPath crack(QPointF(scene.dice.Real(0, 700), top + 90));
         for (int i = 0; i < 5; ++i)
             crack.lineTo(crack.currentPosition() +
-                         QPointF(scene.dice.Real(60, 200), scene.dice.Real(-8, 20)));
+                         QPointF{scene.dice.Real(60, 200), scene.dice.Real(-8, 20)});
         p.setPen(QPen(QColor(58, 58, 62), 4));
         p.setBrush(Qt::NoBrush);
         p.drawPath(crack);
@@ -298,9 +298,10 @@ void DrawDrive(Scene& scene, double left, double right, double top, double botto
     p.drawEllipse(QPointF((left + right) / 2 + 20, top + (bottom - top) * 0.55), 30, 10);
     if (scene.season == Season::Winter) {
         p.setBrush(Faded(QColor(236, 242, 250), 0.7));
-        for (int i = 0; i < 7; ++i)
-            p.drawEllipse(QPointF(scene.dice.Real(left, right), scene.dice.Real(top + 20, bottom)),
-                          scene.dice.Real(20, 70), 7);
+        for (int i = 0; i < 7; ++i) {
+            const QPointF middle{scene.dice.Real(left, right), scene.dice.Real(top + 20, bottom)};
+            p.drawEllipse(middle, scene.dice.Real(20, 70), 7);
+        }
     }
 }
 
@@ -315,8 +316,9 @@ void DrawGroundShadow(Scene& scene, double x, double ground, double width)
     p.drawEllipse(QPointF(x + away * width * 0.4, ground + width * 0.035), width * 0.5, width * 0.07);
 }
 
-void DrawTree(Scene& scene, double x, double ground, double height)
+void DrawTree(Scene& scene, const Plant& plant)
 {
+    const auto& [x, ground, height] = plant;
     QPainter& p = scene.painter;
     DrawGroundShadow(scene, x, ground, height * 0.7);
     const QColor bark = scene.dice.Chance(0.2) ? QColor(206, 200, 190) : QColor(92, 74, 60);
@@ -360,8 +362,9 @@ void DrawTree(Scene& scene, double x, double ground, double height)
     }
 }
 
-void DrawConifer(Scene& scene, double x, double ground, double height)
+void DrawConifer(Scene& scene, const Plant& plant)
 {
+    const auto& [x, ground, height] = plant;
     QPainter& p = scene.painter;
     DrawGroundShadow(scene, x, ground, height * 0.4);
     const QColor needle = Mix(QColor(44, 82, 62), QColor(58, 92, 88), scene.dice.Real());
@@ -415,10 +418,11 @@ void DrawShrub(Scene& scene, double x, double ground, double size)
         for (int i = 0; i < 16; ++i) {
             const double turn = scene.dice.Real(0, 3.1416);
             const double out = std::sqrt(scene.dice.Real()) * (pass == 2 ? 0.72 : 0.95);
+            const QSizeF leaves{scene.dice.Real(0.07, 0.17), scene.dice.Real(0.07, 0.14)};
             p.drawEllipse(
                 QPointF(x + std::cos(turn) * out * size * 0.46 + sunSide * pass * size * 0.05,
                         ground - size * 0.1 - std::sin(turn) * out * size * 0.56 - pass * size * 0.03),
-                size * scene.dice.Real(0.07, 0.17), size * scene.dice.Real(0.07, 0.14));
+                size * leaves.width(), size * leaves.height());
         }
     }
     if (scene.season == Season::Winter) {
@@ -443,7 +447,7 @@ void DrawFlowers(Scene& scene, double left, double right, double ground)
         p.setBrush(Mix(QColor(74, 120, 60), QColor(120, 150, 70), scene.dice.Real()));
         p.drawEllipse(QPointF(x, ground - scene.dice.Real(2, 10)), 6, 6);
         p.setBrush(scene.dice.Chance(0.5) ? first : second);
-        const QPointF bloom(x + scene.dice.Real(-3, 3), ground - scene.dice.Real(6, 20));
+        const QPointF bloom{x + scene.dice.Real(-3, 3), ground - scene.dice.Real(6, 20)};
         p.drawEllipse(bloom, 4.2, 4.2);
         p.setBrush(Lighter(first, 0.6));
         p.drawEllipse(bloom, 1.4, 1.4);

@@ -35,9 +35,15 @@ void DrawLawn(Scene& scene, double top, double bottom);
 void DrawStreetFront(Scene& scene, double top);
 /// A drive from the width [left, right] at `top`, widening to the pavement at `bottom`.
 void DrawDrive(Scene& scene, double left, double right, double top, double bottom);
-/// A leafy tree that stands on (x, ground).
-void DrawTree(Scene& scene, double x, double ground, double height);
-void DrawConifer(Scene& scene, double x, double ground, double height);
+/// Where a tree stands and how tall it is. Written in braces, its values are drawn from dice in their order.
+struct Plant
+{
+    double x, ground, height;
+};
+
+/// A leafy tree.
+void DrawTree(Scene& scene, const Plant& plant);
+void DrawConifer(Scene& scene, const Plant& plant);
 void DrawShrub(Scene& scene, double x, double ground, double size);
 void DrawFlowers(Scene& scene, double left, double right, double ground);
 void DrawFence(Scene& scene, double left, double right, double ground, double height, const QColor& colour);
