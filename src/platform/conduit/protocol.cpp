@@ -1,5 +1,6 @@
 #include "platform/conduit/protocol.h"
 
+#include "platform/conduit/flat_line.h"
 #include "platform/text/runtime_error.h"
 
 #include <QJsonDocument>
@@ -7,6 +8,8 @@
 #include <QJsonParseError>
 
 #include <initializer_list>
+#include <optional>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -100,6 +103,50 @@ QByteArray Line(const QJsonObject& object)
     return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
 }
 
+using Member = FlatReader::Member;
+
+/// A poke or request as Encode writes it, read without a document; nullopt leaves the line to the strict
+/// reader.
+std::optional<LinkMessage> PlainMessage(const QByteArray& line)
+{
+    const std::optional<FlatReader> flat = FlatReader::Read(line);
+    if (!flat)
+        return std::nullopt;
+    const Member* const id = flat->Find("id", Member::Kind::Number);
+    const Member* const verb = flat->Find("do", Member::Kind::Text);
+    const Member* const topic = flat->Find("topic", Member::Kind::Text);
+    const Member* const item = flat->Find("item", Member::Kind::Text);
+    if (!id || id->number < 1 || !verb || !topic || !item)
+        return std::nullopt;
+    LinkMessage message{
+        id->number, Verb::Request, QString::fromUtf8(topic->text), QString::fromUtf8(item->text), {}};
+    if (verb->text == "request")
+        return flat->Count() == 4 ? std::optional(message) : std::nullopt;
+    const Member* const text = flat->Find("text", Member::Kind::Text);
+    if (verb->text != "poke" || !text || flat->Count() != 5)
+        return std::nullopt;
+    message.verb = Verb::Poke;
+    message.text = QString::fromUtf8(text->text);
+    return message;
+}
+
+/// A text or a bare "ok", likewise.
+std::optional<LinkAnswer> PlainAnswer(const QByteArray& line)
+{
+    const std::optional<FlatReader> flat = FlatReader::Read(line);
+    if (!flat || flat->Count() != 2)
+        return std::nullopt;
+    const Member* const id = flat->Find("id", Member::Kind::Number);
+    if (!id)
+        return std::nullopt;
+    if (flat->Find("ok", Member::Kind::True))
+        return LinkAnswer{id->number, LinkAnswer::Kind::Ok, {}, 0};
+    const Member* const text = flat->Find("text", Member::Kind::Text);
+    if (!text)
+        return std::nullopt;
+    return LinkAnswer{id->number, LinkAnswer::Kind::Text, QString::fromUtf8(text->text), 0};
+}
+
 } // namespace
 
 QByteArray Encode(const Hello& hello)
@@ -113,39 +160,36 @@ QByteArray Encode(const Hello& hello)
 
 QByteArray Encode(const LinkMessage& message)
 {
+    FlatWriter line;
     switch (message.verb) {
     case Verb::Request:
-        return Line({{u"id"_s, message.id},
-                     {u"do"_s, u"request"_s},
-                     {u"topic"_s, message.topic},
-                     {u"item"_s, message.item}});
+        line.Text("do", u"request"_s).Number("id", message.id).Text("item", message.item);
+        break;
     case Verb::Poke:
-        return Line({{u"id"_s, message.id},
-                     {u"do"_s, u"poke"_s},
-                     {u"topic"_s, message.topic},
-                     {u"item"_s, message.item},
-                     {u"text"_s, message.text}});
+        line.Text("do", u"poke"_s)
+            .Number("id", message.id)
+            .Text("item", message.item)
+            .Text("text", message.text);
+        break;
     case Verb::Execute:
+        line.Text("command", message.text).Text("do", u"execute"_s).Number("id", message.id);
         break;
     }
-    return Line({{u"id"_s, message.id},
-                 {u"do"_s, u"execute"_s},
-                 {u"topic"_s, message.topic},
-                 {u"command"_s, message.text}});
+    return line.Text("topic", message.topic).Line();
 }
 
 QByteArray Encode(const LinkAnswer& answer)
 {
     switch (answer.kind) {
     case LinkAnswer::Kind::Text:
-        return Line({{u"id"_s, answer.id}, {u"text"_s, answer.text}});
+        return FlatWriter().Number("id", answer.id).Text("text", answer.text).Line();
     case LinkAnswer::Kind::Error:
         return Line({{u"id"_s, answer.id},
                      {u"error"_s, QJsonObject{{u"number"_s, answer.number}, {u"text"_s, answer.text}}}});
     case LinkAnswer::Kind::Ok:
         break;
     }
-    return Line({{u"id"_s, answer.id}, {u"ok"_s, true}});
+    return FlatWriter().Number("id", answer.id).True("ok").Line();
 }
 
 Hello DecodeHello(const QByteArray& line)
@@ -163,6 +207,8 @@ Hello DecodeHello(const QByteArray& line)
 
 LinkMessage DecodeMessage(const QByteArray& line)
 {
+    if (std::optional<LinkMessage> plain = PlainMessage(line))
+        return *std::move(plain);
     const Members members(line);
     LinkMessage message;
     message.id = members.Number("id"_L1, 1, kMaxId);
@@ -189,6 +235,8 @@ LinkMessage DecodeMessage(const QByteArray& line)
 
 LinkAnswer DecodeAnswer(const QByteArray& line)
 {
+    if (std::optional<LinkAnswer> plain = PlainAnswer(line))
+        return *std::move(plain);
     const Members members(line);
     LinkAnswer answer;
     answer.id = members.Number("id"_L1, 0, kMaxId);

@@ -158,6 +158,9 @@ void Dynaset::ReadPage(qint64 first, const QList<int>& fields) const
     page.fields = fields;
     page.generation = connection.Generation();
     const qint64 last = std::min(first + kPageRows, Count());
+    // Begun and not ended, it keeps the file's read lock for the page; each row would take and drop it anew.
+    Query lock(connection, u"SELECT 1 FROM sqlite_master"_s);
+    static_cast<void>(lock.Step());
     Query query(connection, sql);
     query.BindAll(Plan().columnBindings, 2);
     for (qint64 at = first; at < last; ++at) {
