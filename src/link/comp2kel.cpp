@@ -22,14 +22,15 @@ struct Column
 {
     QLatin1StringView name;
     QString MappingRow::*member;
+    bool fixed = false; ///< by the filter of a send
 };
-constexpr std::array<Column, 10> kColumns{{{"FORMTYPE"_L1, &MappingRow::formType},
+constexpr std::array<Column, 10> kColumns{{{"FORMTYPE"_L1, &MappingRow::formType, true},
                                            {"FORMNAME"_L1, &MappingRow::formName},
                                            {"FIELDNAME"_L1, &MappingRow::fieldName},
                                            {"ROW"_L1, &MappingRow::row},
                                            {"CELL"_L1, &MappingRow::cell},
-                                           {"COMPTYPE"_L1, &MappingRow::compType},
-                                           {"COMP"_L1, &MappingRow::comp},
+                                           {"COMPTYPE"_L1, &MappingRow::compType, true},
+                                           {"COMP"_L1, &MappingRow::comp, true},
                                            {"OFFSET"_L1, &MappingRow::offset},
                                            {"PREEVAL"_L1, &MappingRow::preEval},
                                            {"TRUEFALSE"_L1, &MappingRow::trueFalse}}};
@@ -124,24 +125,30 @@ QString GetComp2KelData(const store::DataSource& source, const QString& fieldNam
     return source.Recordset().Value(fieldName).toString();
 }
 
-QList<MappingRow> ReadMappingRows(const store::DataSource& source)
+QList<MappingRow> ReadMappingRows(const store::DataSource& source, MappingColumns columns)
 {
     QList<MappingRow> rows;
-    if (!HasRows(source))
-        return rows;
-    engine::Recordset& recordset = source.Recordset();
-    std::array<int, kColumns.size()> fields{};
-    for (std::size_t i = 0; i < kColumns.size(); ++i) {
-        fields[i] = recordset.FieldIndex(kColumns[i].name);
-        if (fields[i] < 0)
-            throw RuntimeError(error::kFieldUnknown,
-                               u"Column %1 is missing in %2 of %3"_s.arg(kColumns[i].name, TableName(),
-                                                                         source.DatabaseName()));
+    const engine::Recordset& recordset = source.Recordset();
+    QList<int> fields;
+    QList<QString MappingRow::*> members;
+    for (const Column& column : kColumns) {
+        if (columns == MappingColumns::Fields && column.fixed)
+            continue;
+        fields << recordset.FieldIndex(column.name);
+        members << column.member;
+        if (fields.last() < 0)
+            throw RuntimeError(error::kFieldUnknown, u"Column %1 is missing in %2 of %3"_s.arg(
+                                                         column.name, TableName(), source.DatabaseName()));
     }
-    for (recordset.MoveFirst(); !recordset.Eof(); recordset.MoveNext()) {
+    const qint64 count = recordset.RecordCount();
+    rows.reserve(count);
+    for (qint64 position = 0; position < count; ++position) {
+        const QVariantList values = recordset.Peek(position, fields);
+        if (values.isEmpty())
+            continue; // somebody took the row away meanwhile
         MappingRow& row = rows.emplace_back();
-        for (std::size_t i = 0; i < kColumns.size(); ++i)
-            row.*kColumns[i].member = text::Trim(recordset.Value(fields[i]).toString());
+        for (qsizetype i = 0; i < members.size(); ++i)
+            row.*members[i] = text::Trim(values[i].toString());
     }
     return rows;
 }

@@ -36,8 +36,14 @@ void FilterComp2KelProximity(store::DataSource& source, const QString& formType,
 /// A column of the current row as text, "" for Null. @throws RuntimeError 3265 for a column that is not there
 [[nodiscard]] QString GetComp2KelData(const store::DataSource& source, const QString& fieldName);
 
-/// Every row of the source's set in its order, read in one forward walk. The source is shared: who holds the
-/// rows needs it no more, whatever a turn of the queue does to it.
-[[nodiscard]] QList<MappingRow> ReadMappingRows(const store::DataSource& source);
+/// Which columns of the mapping are read.
+enum class MappingColumns {
+    All,
+    Fields, ///< without FORMTYPE, COMPTYPE and COMP, which the filter of a send has fixed; they stay blank
+};
+/// Every row of the source's set in its order, read page by page. The source, which must be a dynaset, is
+/// shared: who holds the rows needs it no more, whatever a turn of the queue does to it.
+[[nodiscard]] QList<MappingRow> ReadMappingRows(const store::DataSource& source,
+                                                MappingColumns columns = MappingColumns::All);
 
 } // namespace vasclip::link

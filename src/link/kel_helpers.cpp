@@ -84,7 +84,9 @@ QString KelShiftCell(const QString& rowCell, const QString& offset, qint16 comp)
     const qsizetype bar = rowCell.indexOf(u'|');
     const QString row = bar < 0 ? rowCell : rowCell.left(bar);
     const double cell = bar < 0 ? 0 : text::Val(rowCell.mid(bar + 1));
-    return row + u'|' + text::Trim(text::Str(cell + steps * text::Val(offset)));
+    const double shifted = cell + steps * text::Val(offset);
+    const bool whole = shifted == std::trunc(shifted) && std::abs(shifted) < 1e9;
+    return row + u'|' + (whole ? text::Dec(static_cast<qint64>(shifted)) : text::Trim(text::Str(shifted)));
 }
 
 QString KelPhotoSizeOfPage(const QString& name)

@@ -102,7 +102,7 @@ SendResult SendBulk(LinkDesk& desk, const QString& formType, const QString& repo
     const QString base = text::Dec(KelPageBase(comp));
     const bool mapped = Reported(prompter, "SendBulk", [&] {
         FilterComp2Kel(desk.sources.datComp2Kel_CURRENT, formType, base, compType);
-        rows = ReadMappingRows(desk.sources.datComp2Kel_CURRENT);
+        rows = ReadMappingRows(desk.sources.datComp2Kel_CURRENT, MappingColumns::Fields);
         if (rows.isEmpty())
             throw RuntimeError(error::kNoCurrentRecord, messages::kNoRows.arg(formType, compType, base));
     });

@@ -1,0 +1,307 @@
+// Sending a comp over a local socket to another process, against the bare round trips of the same bytes over
+// the same kind of socket. usage: bench_link [FIELDS [ROUNDS]]
+
+#include "link/send_bulk.h"
+#include "platform/conduit/link_server.h"
+#include "platform/conduit/protocol.h"
+#include "platform/conduit/socket_conduit.h"
+#include "store/schema.h"
+
+#include <QCoreApplication>
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <QTemporaryDir>
+
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <memory>
+#include <vector>
+
+using namespace vasclip;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double Seconds(const std::function<void()>& work)
+{
+    const Clock::time_point begin = Clock::now();
+    work();
+    return std::chrono::duration<double>(Clock::now() - begin).count();
+}
+
+/// Takes everything and keeps nothing.
+class Swallow : public conduit::LinkHandler
+{
+public:
+    QString Request(const QString&, const QString&) override { return {}; }
+    void Poke(const QString&, const QString&, const QString&) override {}
+    void Execute(const QString&, const QString&) override {}
+};
+
+/// A process of its own that ends with this one.
+class Child
+{
+public:
+    explicit Child(const std::function<void()>& work)
+        : m_process(fork())
+    {
+        if (m_process != 0)
+            return;
+        work();
+        _exit(0);
+    }
+    ~Child()
+    {
+        if (m_process > 0) {
+            kill(m_process, SIGTERM);
+            waitpid(m_process, nullptr, 0);
+        }
+    }
+    Child(const Child&) = delete;
+    Child& operator=(const Child&) = delete;
+
+private:
+    pid_t m_process;
+};
+
+void ServeLink(const QString& path)
+{
+    int argc = 0;
+    QCoreApplication app(argc, nullptr);
+    Swallow handler;
+    conduit::ServerOptions options;
+    options.socketPath = path;
+    options.program = u"bench"_s;
+    conduit::LinkServer server(handler, options);
+    server.Listen();
+    QCoreApplication::exec();
+}
+
+/// Answers each line with the bytes that the link answers, looking at nothing.
+void ServeBare(const QString& path, const std::vector<QByteArray>& answers)
+{
+    int argc = 0;
+    QCoreApplication app(argc, nullptr);
+    QLocalServer server;
+    QObject::connect(&server, &QLocalServer::newConnection, &server, [&] {
+        QLocalSocket* socket = server.nextPendingConnection();
+        auto next = std::make_shared<std::size_t>(0);
+        QObject::connect(socket, &QLocalSocket::readyRead, socket, [socket, next, &answers] {
+            for (auto lines = socket->readAll().count('\n'); lines > 0; --lines)
+                socket->write(answers[(*next)++ % answers.size()]);
+            socket->flush();
+        });
+    });
+    if (!server.listen(path))
+        _exit(1);
+    QCoreApplication::exec();
+}
+
+class Loud : public forms::Prompter
+{
+public:
+    forms::Answer MsgBox(forms::Buttons, forms::Icon, const QString& title, const QString& text) override
+    {
+        std::fprintf(stderr, "%s: %s\n", qPrintable(title), qPrintable(text));
+        std::exit(1);
+    }
+    QString OpenDialog(const QString&, const QString&, const QString&) override { return {}; }
+};
+class Still : public forms::EventPump
+{
+public:
+    void DoEvents() override {}
+};
+class Stopped : public forms::Clock
+{
+public:
+    [[nodiscard]] QDateTime Now() const override { return QDateTime(QDate(2024, 5, 17), QTime(9, 0)); }
+    void Wait(double) override {}
+};
+class Fixed : public forms::RandomSource
+{
+public:
+    [[nodiscard]] double Rnd() override { return 0.5; }
+};
+class Nowhere : public forms::WindowPort
+{
+public:
+    void AppActivate() override {}
+    void SetHourglass(bool) override {}
+};
+
+/// A desk with one comp and a mapping of so many fields.
+struct Bench
+{
+    Bench(const QString& home, const QString& socket, int fields)
+        : disk(home)
+        , txtDDE(conduit::MakeSocketConduit(Options(socket)))
+    {
+        Fill(u"C:\\DATABOOK.MDB"_s, u"COMPS"_s, 1, [](engine::Recordset& rows, int) {
+            rows.SetValue(u"CENTRALKEY"_s, u"12 OAK STREET"_s.leftJustified(35));
+            rows.SetValue(u"ADDRESS"_s, u"12 Oak Street"_s);
+            rows.SetValue(u"GLA"_s, u"1850"_s);
+        });
+        Fill(u"C:\\Comp2Kel.mdb"_s, u"Comp2Kel"_s, fields, [](engine::Recordset& rows, int i) {
+            rows.SetValue(u"FORMTYPE"_s, u"UA5"_s);
+            rows.SetValue(u"FORMNAME"_s, u"UA5"_s);
+            rows.SetValue(u"FIELDNAME"_s, i % 2 == 0 ? u"ADDRESS"_s : u"GLA"_s);
+            rows.SetValue(u"ROW"_s, QString::number(i + 1));
+            rows.SetValue(u"CELL"_s, u"3"_s);
+            rows.SetValue(u"COMPTYPE"_s, u"SALE"_s);
+            rows.SetValue(u"COMP"_s, u"4"_s);
+            rows.SetValue(u"OFFSET"_s, u"2"_s);
+        });
+        store::Connect2Databook(ports, sources, u"C:\\DATABOOK.MDB"_s, u"COMPS"_s);
+        store::Connect2mdb(ports, sources.datComp2Kel_CURRENT, u"C:\\Comp2Kel.mdb"_s, u"Comp2Kel"_s,
+                           engine::RecordsetType::Dynaset);
+        if (!store::FindRecord(ports, sources.datDatabook, u"12 OAK STREET"_s, u"CENTRALKEY"_s))
+            std::exit(1);
+    }
+    static conduit::SocketOptions Options(const QString& socket)
+    {
+        conduit::SocketOptions options;
+        options.socketPath = socket;
+        return options;
+    }
+    void Fill(const QString& path, const QString& table, int count,
+              const std::function<void(engine::Recordset&, int)>& row)
+    {
+        store::MakeDatabase(engine, path);
+        const auto database = engine.OpenDatabase(path);
+        engine::Transaction transaction(*database);
+        const auto rows = database->OpenRecordset(table, engine::RecordsetType::Table);
+        for (int i = 0; i < count; ++i) {
+            rows->AddNew();
+            row(*rows, i);
+            rows->Update();
+        }
+        transaction.Commit();
+    }
+    void Send()
+    {
+        if (!link::SendBulk(desk, u"UA5"_s, u"SMITH"_s, 5, u"SALE"_s).complete)
+            std::exit(1);
+    }
+
+    files::Disk disk;
+    engine::Engine engine{disk};
+    Loud prompter;
+    Still pump;
+    Stopped clock;
+    Fixed random;
+    Nowhere window;
+    forms::Ports ports{prompter, pump, clock, random, window};
+    forms::ControlSet set;
+    common::Globals globals;
+    common::StatusDesk status{set};
+    link::ReportControls report{set};
+    link::frm_Addr addr;
+    link::LinkState state;
+    photos::SlotControls slots{set};
+    photos::SlotTable table;
+    photos::SlotLoader loader{disk, ports, table};
+    photos::PhotoLists lists{set};
+    store::Sources sources{engine};
+    std::unique_ptr<conduit::Conduit> txtDDE;
+    link::LinkDesk desk{.txtDDE = *txtDDE,
+                        .globals = globals,
+                        .ports = ports,
+                        .status = status,
+                        .report = report,
+                        .addr = addr,
+                        .state = state,
+                        .slots = slots,
+                        .loader = loader,
+                        .lists = lists,
+                        .sources = sources,
+                        .disk = disk,
+                        .kelIni = link::ReadsKelIni(disk, {}),
+                        .fileVersion = {}};
+};
+
+void RoundTrips(QLocalSocket& socket, const std::vector<QByteArray>& questions)
+{
+    for (const QByteArray& question : questions) {
+        socket.write(question);
+        QByteArray answer;
+        while (!answer.endsWith('\n')) {
+            if (!socket.waitForReadyRead(5000))
+                std::exit(1);
+            answer += socket.readAll();
+        }
+    }
+}
+
+void WaitForSocket(const QString& path)
+{
+    for (int i = 0; i < 500; ++i) {
+        QLocalSocket socket;
+        socket.connectToServer(path);
+        if (socket.waitForConnected(100))
+            return;
+        usleep(10000);
+    }
+    std::fprintf(stderr, "nobody listens at %s\n", qPrintable(path));
+    std::exit(1);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const int fields = argc > 1 ? std::atoi(argv[1]) : 60;
+    const int rounds = argc > 2 ? std::atoi(argv[2]) : 40;
+    if (fields < 1 || rounds < 1) {
+        std::fprintf(stderr, "usage: bench_link [FIELDS [ROUNDS]]\n");
+        return 2;
+    }
+    QTemporaryDir directory;
+    const QString linkPath = directory.filePath(u"link.sock"_s);
+    const QString barePath = directory.filePath(u"bare.sock"_s);
+
+    // The bytes that the send exchanges, for the bare side to carry.
+    std::vector<QByteArray> questions, answers;
+    for (int i = 0; i < fields; ++i) {
+        questions.push_back(conduit::Encode(
+            conduit::LinkMessage{i + 1, conduit::Verb::Poke, u"KEL|SMITH"_s, u"UA5|%1|5"_s.arg(i + 1),
+                                 i % 2 == 0 ? u"12 Oak Street"_s : u"1850"_s}));
+        answers.push_back(conduit::Encode(conduit::LinkAnswer{i + 1, conduit::LinkAnswer::Kind::Ok, {}, 0}));
+    }
+
+    const Child linkServer([&] { ServeLink(linkPath); });
+    const Child bareServer([&] { ServeBare(barePath, answers); });
+    int noArguments = 0;
+    QCoreApplication app(noArguments, nullptr);
+    WaitForSocket(linkPath);
+    WaitForSocket(barePath);
+
+    Bench bench(directory.filePath(u"home"_s), linkPath, fields);
+    QLocalSocket bare;
+    bare.connectToServer(barePath);
+    if (!bare.waitForConnected(5000))
+        return 1;
+
+    // In turn, so that whatever else the machine does meets both alike; the quickest round of each counts.
+    double send = 1e9, trips = 1e9;
+    for (int round = 0; round < rounds; ++round) {
+        send = std::min(send, Seconds([&] { bench.Send(); }));
+        trips = std::min(trips, Seconds([&] { RoundTrips(bare, questions); }));
+    }
+    const double ratio = send / trips;
+    std::printf("SendBulk of %d fields      %8.3f ms  %6.1f us a field\n", fields, send * 1e3,
+                send * 1e6 / fields);
+    std::printf("bare round trips           %8.3f ms  %6.1f us a field\n", trips * 1e3, trips * 1e6 / fields);
+    std::printf("ratio                      %8.2f  (at most 1.50)  %s\n", ratio,
+                ratio <= 1.5 ? "ok" : "TOO SLOW");
+    return ratio <= 1.5 ? 0 : 1;
+}
