@@ -28,7 +28,7 @@ public:
     [[nodiscard]] virtual RecordsetType Type() const = 0;
     [[nodiscard]] virtual bool Updatable() const = 0;
 
-    // Position. Bof and Eof are both true for an empty set.
+    // Position. Bof and Eof are both true for an empty set; MoveFirst and MoveLast do nothing on one.
     [[nodiscard]] virtual bool Bof() const = 0;
     [[nodiscard]] virtual bool Eof() const = 0;
     virtual void MoveFirst() = 0;

@@ -1,6 +1,8 @@
 #include "platform/engine/home.h"
 #include "platform/engine/sql_translate.h"
 
+#include <random>
+
 namespace vasclip::engine {
 namespace {
 
@@ -380,6 +382,43 @@ TEST(Translate, GivesSqliteTextAndBindings)
         EXPECT_EQ(plan.sql.toStdString(), QString::fromUtf16(row.text).toStdString());
         EXPECT_EQ(plan.bindings, row.bindings);
     }
+}
+
+TEST(Translate, MangledStatementsAreTranslatedOrRefused)
+{
+    const QString seeds[] = {
+        u"SELECT COMPS.CITY, COMPS.PHOTOS FROM COMPS WHERE UCASE(CITY) LIKE '*A*' AND GLA BETWEEN 1 AND 2 ORDER BY GLA DESC;"_s,
+        u" INSERT INTO C:\\DATABOOK\\DATABOOK.[COMPS] SELECT * FROM C:\\DATABOOK\\EXPORT.[COMPS];"_s,
+        u"SELECT * INTO [C:\\EXPORT.MDB].[NEW] FROM [COMPS] WHERE isnull(trim(CITY))<>False OR SALEDATE<=#1/2/2004#"_s,
+        u"UPDATE COMPS SET CITY = IIF(GLA IN (1, 2), 'a', \"b\") WHERE NOT (GLA IS NULL) AND VAL(GLA)/2+1 > -1"_s,
+        u"INSERT INTO COMPS (CENTRALKEY, CITY) VALUES ('O''Neil', FORMAT(NOW(), 'yyyy') & NZ(NULL))"_s,
+    };
+    const QString pieces = u"'\"#[]().,;*&<>=-+/\\ %:aZ09_\n"_s;
+    std::mt19937 random(20040307);
+    const auto below = [&](qsizetype limit) {
+        return static_cast<qsizetype>(random() % static_cast<quint32>(limit));
+    };
+    OneTable tables;
+    int refused = 0;
+    constexpr int kRounds = 20'000;
+    for (int round = 0; round < kRounds; ++round) {
+        QString sql = seeds[below(std::size(seeds))];
+        for (qsizetype change = 1 + below(3); change > 0 && !sql.isEmpty(); --change) {
+            const qsizetype at = below(sql.size());
+            if (round % 3 == 0)
+                sql.remove(at, 1 + below(6));
+            else if (round % 3 == 1)
+                sql.insert(at, pieces[below(pieces.size())]);
+            else
+                sql.truncate(at);
+        }
+        QString text;
+        const int number =
+            ErrorOf([&] { static_cast<void>(sql::Translate(sql, tables, QDateTime())); }, &text);
+        refused += number != 0 ? 1 : 0;
+        EXPECT_EQ(text.isEmpty(), number == 0) << sql.toStdString();
+    }
+    EXPECT_GT(refused, kRounds / 2);
 }
 
 } // namespace
