@@ -27,7 +27,7 @@ endfunction()
 # vasclip_test(text SOURCES trim_test.cpp LIBS vasclip_text [MAIN own_main.cpp | MAIN_IN_SOURCES])
 #   makes the target test_text and registers each of its tests; the runs use no display.
 function(vasclip_test name)
-    cmake_parse_arguments(arg "MOC;MAIN_IN_SOURCES" "MAIN" "SOURCES;LIBS;ENV" ${ARGN})
+    cmake_parse_arguments(arg "MOC;MAIN_IN_SOURCES" "MAIN" "SOURCES;LIBS;ENV;PROPERTIES" ${ARGN})
     set(target test_${name})
     add_executable(${target} ${arg_SOURCES} ${arg_MAIN})
     target_include_directories(${target} PRIVATE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/tests)
@@ -38,6 +38,9 @@ function(vasclip_test name)
     if(arg_MOC)
         set_target_properties(${target} PROPERTIES AUTOMOC ON)
     endif()
+    # Not the property ENVIRONMENT: test discovery takes a list of several variables apart.
+    set_target_properties(${target} PROPERTIES CROSSCOMPILING_EMULATOR
+        "${CMAKE_COMMAND};-E;env;QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;${arg_ENV}")
     gtest_discover_tests(${target} TEST_PREFIX "${name}: " DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;${arg_ENV}")
+        PROPERTIES TIMEOUT 300 ${arg_PROPERTIES})
 endfunction()

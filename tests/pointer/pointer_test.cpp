@@ -51,7 +51,7 @@ protected:
         ASSERT_TRUE(WaitFor([this] {
             return Vasctl({u"report"_s, u"status"_s}).first == 0;
         })) << "the forms program does not answer";
-        Start(m_vasclip, u"vasclip"_s, {u"--home"_s, m_home.path(), u"--geometry"_s, Geometry()});
+        Start(m_vasclip, u"vasclip"_s, {u"--home"_s, m_home.path(), u"--places"_s, Geometry()});
         ASSERT_TRUE(WaitFor([this] { return !Places().value(u"rows"_s).toArray().isEmpty(); }))
             << "the grid does not come up";
     }

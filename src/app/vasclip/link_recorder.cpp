@@ -16,7 +16,7 @@ void LinkRecorder::LinkPoke()
 void LinkRecorder::LinkExecute(const QString& command)
 {
     m_link.LinkExecute(command);
-    static const QRegularExpression kSetImage(uR"(SetImage "([^"]*)", "([^"]*)")"_s);
+    static const QRegularExpression kSetImage(uR"x(SetImage "([^"]*)", "([^"]*)")x"_s);
     if (const auto found = kSetImage.match(command); found.hasMatch())
         m_images.insert(found.captured(1), found.captured(2).replace(u"\\\\"_s, u"\\"_s));
 }

@@ -1,6 +1,6 @@
 #include "app/places.h"
 #include "app/shell_drops.h"
-#include "app/vasclip/geometry_report.h"
+#include "app/vasclip/places_report.h"
 #include "app/vasclip/tour.h"
 #include "common/error_block.h"
 #include "forms/system_ports.h"
@@ -11,6 +11,7 @@
 #include "shell/frm_splash.h"
 #include "shell/start_up.h"
 #include "windows/about_box.h"
+#include "windows/guard.h"
 #include "windows/main_window.h"
 #include "windows/splash_window.h"
 #include "windows/theme.h"
@@ -41,7 +42,7 @@ struct Options
     QString socket;
     int linkTimeLimitMs = 5000;
     QString tour;
-    QString geometry;
+    QString places;
     bool quitWhenPainted = false;
     QString commandLine; ///< what the program's own switches are read from
 };
@@ -63,7 +64,7 @@ std::optional<Options> ReadOptions(const QStringList& arguments)
         {u"tour"_s,
          u"Plays the main job through by itself and leaves pictures and the filled report in DIR."_s,
          u"DIR"_s},
-        {u"geometry"_s, u"Writes where each control stands on the screen to FILE; for automation."_s,
+        {u"places"_s, u"Writes where each control stands on the screen to FILE; for automation."_s,
          u"FILE"_s},
         {u"quit-when-painted"_s, u"Ends as soon as the grid stands on the screen; for measuring."_s},
     });
@@ -81,7 +82,7 @@ std::optional<Options> ReadOptions(const QStringList& arguments)
     options.home = parser.isSet(u"home"_s) ? parser.value(u"home"_s) : files::DefaultHome();
     options.socket = parser.value(u"socket"_s);
     options.tour = parser.value(u"tour"_s);
-    options.geometry = parser.value(u"geometry"_s);
+    options.places = parser.value(u"places"_s);
     options.quitWhenPainted = parser.isSet(u"quit-when-painted"_s);
     bool number = false;
     const double seconds = parser.value(u"time-limit"_s).toDouble(&number);
@@ -190,8 +191,8 @@ private:
         if (m_options.quitWhenPainted)
             QObject::connect(&*m_window, &windows::MainWindow::FirstPainted, qApp, [] { std::_Exit(0); });
         m_window->show();
-        if (!m_options.geometry.isEmpty())
-            m_geometry.emplace(*m_window, m_options.geometry);
+        if (!m_options.places.isEmpty())
+            m_places.emplace(*m_window, m_options.places);
     }
 
     void ShowAbout()
@@ -236,7 +237,7 @@ private:
     app::ShellDrops m_drops;
     desktop::OneCopy m_copy;
     std::optional<windows::MainWindow> m_window;
-    std::optional<app::GeometryReport> m_geometry;
+    std::optional<app::PlacesReport> m_places;
     int m_exitCode = 0;
 };
 

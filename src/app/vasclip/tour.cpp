@@ -124,17 +124,22 @@ bool Tour::StartFormsProgram(const files::Disk& disk, const QString& socketPath)
 
 void Tour::ShootFormsProgram(const QString& name)
 {
-    // The forms program takes its own picture when it finds a file "shoot", under the name that stands in it.
-    const QString picture = u"%1-%2.png"_s.arg(++m_pictures, 2, 10, QChar(u'0')).arg(name);
-    const QString request = m_directory.filePath(u"shoot"_s);
-    QSaveFile file(request);
-    if (!file.open(QIODevice::WriteOnly) || file.write(picture.toUtf8()) < 0 || !file.commit())
-        return;
+    // The forms program takes a picture of its window when it finds a file "shoot" here, and takes that away.
+    const auto taken = [this] {
+        return m_directory.entryList({u"kelforms-*.png"_s}, QDir::Files, QDir::Name);
+    };
+    const QStringList before = taken();
+    QFile request(m_directory.filePath(u"shoot"_s));
+    if (request.open(QIODevice::WriteOnly))
+        request.close();
     QElapsedTimer timer;
     timer.start();
-    while (QFileInfo::exists(request) && !timer.hasExpired(kStopSeconds * 1000))
-        Settle(20);
-    if (!QFileInfo::exists(m_directory.filePath(picture))) {
+    while (taken().size() == before.size() && !timer.hasExpired(kStopSeconds * 1000))
+        Settle(50);
+    Settle(200);
+    const QStringList after = taken();
+    const QString picture = u"%1-%2.png"_s.arg(++m_pictures, 2, 10, QChar(u'0')).arg(name);
+    if (after.isEmpty() || !m_directory.rename(after.last(), picture)) {
         m_ok = false;
         Step(u"The forms program took no picture %1."_s.arg(picture));
     }

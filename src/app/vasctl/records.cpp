@@ -29,6 +29,8 @@ int ExitOf(databook::RecordOutcome outcome)
     case databook::RecordOutcome::TooLong:
     case databook::RecordOutcome::UnknownType:
         return kUsage;
+    case databook::RecordOutcome::Abandoned:
+        return kDeclined;
     case databook::RecordOutcome::Duplicate:
     case databook::RecordOutcome::Itself:
         return kFailed;

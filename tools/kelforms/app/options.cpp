@@ -63,7 +63,7 @@ std::optional<Options> ReadOptions(const QStringList& arguments, int& exitCode)
     const QCommandLineOption version = parser.addVersionOption();
     parser.addOptions({kHeadless, kHome, kSocket, kIni, kSaveOnExit, kLog, kDark, kPage, kScreenshot,
                        kTourDir, kDelay, kGarbage, kDie, kNever});
-    parser.addPositionalArgument(u"report"_s, u"Report files to open; the first is the active one."_s,
+    parser.addPositionalArgument(u"report"_s, u"Report files to open, by a path of the system or of a drive of the home; the first is the active one."_s,
                                  u"[report...]"_s);
     exitCode = 2;
     if (!parser.parse(arguments)) {

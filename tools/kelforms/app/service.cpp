@@ -38,6 +38,12 @@ QString FindIni(const vasclip::files::Disk& disk, const QString& asked)
     return u"C:\\APPRAISE\\KEL.INI"_s;
 }
 
+/// "C:\\KEL\\DATA\\OAKST114.RPT", as opposed to a path of the system.
+bool IsDrivePath(const QString& path)
+{
+    return path.size() > 2 && path[0].isLetter() && path[1] == u':' && path[2] == u'\\';
+}
+
 } // namespace
 
 Service::Service(const Options& options)
@@ -55,7 +61,7 @@ Service::Service(const Options& options)
     QStringList reports = options.reports;
     std::reverse(reports.begin(), reports.end());
     for (const QString& report : reports)
-        m_reports.Open(report);
+        m_reports.Open(IsDrivePath(report) ? m_disk.ToNative(report) : report);
 }
 
 Service::~Service() = default;

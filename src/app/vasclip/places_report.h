@@ -13,10 +13,10 @@ namespace vasclip::app {
 /// {"txtComp_4": [x, y, width, height], "TabData#1": ..., "rows": [[row, x, y, width, height], ...]} in
 /// screen pixels; "#" names one tab of a tab control, the rows are those of the Databook grid that can be
 /// seen. Rewritten whole when something has moved.
-class GeometryReport : public QObject
+class PlacesReport : public QObject
 {
 public:
-    GeometryReport(windows::MainWindow& window, const QString& file);
+    PlacesReport(windows::MainWindow& window, const QString& file);
 
 private:
     void Write();

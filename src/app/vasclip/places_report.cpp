@@ -1,4 +1,4 @@
-#include "app/vasclip/geometry_report.h"
+#include "app/vasclip/places_report.h"
 
 #include "windows/record_grid.h"
 
@@ -27,7 +27,7 @@ QJsonArray Rectangle(const QWidget& widget, const QRect& place)
 
 } // namespace
 
-GeometryReport::GeometryReport(windows::MainWindow& window, const QString& file)
+PlacesReport::PlacesReport(windows::MainWindow& window, const QString& file)
     : m_window(window)
     , m_file(file)
 {
@@ -35,7 +35,7 @@ GeometryReport::GeometryReport(windows::MainWindow& window, const QString& file)
     m_timer.start(kLookMilliseconds);
 }
 
-QJsonObject GeometryReport::Places() const
+QJsonObject PlacesReport::Places() const
 {
     QJsonObject places;
     for (const forms::Control* control : m_window.Bindings().Controls().All()) {
@@ -66,7 +66,7 @@ QJsonObject GeometryReport::Places() const
     return places;
 }
 
-void GeometryReport::Write()
+void PlacesReport::Write()
 {
     const QJsonObject places = Places();
     if (places == m_last)

@@ -1,0 +1,233 @@
+// vasctl as a person or a script runs it: whole processes on a demo home, the forms program beside it.
+
+#include "support/processes.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::Literals::StringLiterals;
+using namespace vasclip::tests;
+
+namespace {
+
+constexpr int kDone = 0, kFailed = 1, kUsage = 2, kNotFound = 3, kDeclined = 4, kNoLink = 5;
+
+class Vasctl : public testing::Test
+{
+protected:
+    void SetUp() override { ASSERT_TRUE(home.Make()); }
+
+    QString FirstKey() const
+    {
+        return home.Vasctl({u"records"_s, u"list"_s, u"--limit"_s, u"1"_s})
+            .Array()[0]
+            .toObject()[u"CENTRALKEY"_s]
+            .toString();
+    }
+
+    ProgramHome home;
+};
+
+TEST_F(Vasctl, ListsFindsAndShowsRecords)
+{
+    const auto list = home.Vasctl({u"records"_s, u"list"_s});
+    EXPECT_EQ(list.code, kDone);
+    EXPECT_EQ(list.Array().size(), 60);
+    const QString key = list.Array()[0].toObject()[u"CENTRALKEY"_s].toString();
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"find"_s, key.toLower()}).Object()[u"CENTRALKEY"_s].toString(),
+              key);
+    const auto shown = home.Vasctl({u"records"_s, u"show"_s, key}).Object();
+    EXPECT_EQ(shown[u"CENTRALKEY"_s].toString(), key);
+    EXPECT_FALSE(shown[u"ADDRESS"_s].toString().isEmpty());
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"find"_s, u"1 NOWHERE LN"_s}).code, kNotFound);
+}
+
+TEST_F(Vasctl, SortsByValueAndFilters)
+{
+    const auto list = home.Vasctl(
+        {u"records"_s, u"list"_s, u"--sort"_s, u"SELLINGPR DESC"_s, u"--where"_s, u"VAL(SELLINGPR) > 0"_s});
+    ASSERT_EQ(list.code, kDone);
+    double last = 1e12;
+    for (const QJsonValue& value : list.Array()) {
+        const double price = value.toObject()[u"SELLINGPR"_s].toString().toDouble();
+        EXPECT_LE(price, last);
+        last = price;
+    }
+    EXPECT_LT(last, 1e12);
+}
+
+TEST_F(Vasctl, AddsEditsCopiesRenamesAndDeletes)
+{
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"add"_s, u"12 O'Brien Ct"_s, u"--type"_s, u"C"_s, u"--set"_s,
+                           u"CITY=Marlow Falls"_s})
+                  .code,
+              kDone);
+    auto shown = home.Vasctl({u"records"_s, u"show"_s, u"12 o'brien ct"_s}).Object();
+    EXPECT_EQ(shown[u"CENTRALKEY"_s].toString(), u"12 O'BRIEN CT"_s);
+    EXPECT_EQ(shown[u"APPRSLTYPE"_s].toString(), u"C"_s);
+    EXPECT_EQ(shown[u"CITY"_s].toString(), u"Marlow Falls"_s);
+    EXPECT_EQ(shown[u"SALEDATE"_s].toString(), u"01/01/1900"_s) << "a new comp is a pending sale";
+
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"add"_s, u"12 O'BRIEN CT"_s}).code, kFailed) << "a key exists once";
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"edit"_s, u"12 O'Brien Ct"_s, u"--set"_s, u"GLA=1450"_s}).code,
+              kDone);
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"copy"_s, u"12 O'Brien Ct"_s, u"14 O'Brien Ct"_s}).code, kDone);
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"show"_s, u"14 O'Brien Ct"_s}).Object()[u"GLA"_s].toString(),
+              u"1450"_s);
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"rename"_s, u"14 O'Brien Ct"_s, u"16 O'Brien Ct"_s}).code, kDone);
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"find"_s, u"14 O'Brien Ct"_s}).code, kNotFound);
+    EXPECT_EQ(home.Vasctl({u"--no"_s, u"records"_s, u"delete"_s, u"16 O'Brien Ct"_s}).code, kDeclined);
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"find"_s, u"16 O'Brien Ct"_s}).code, kDone);
+    EXPECT_EQ(home.Vasctl({u"--yes"_s, u"records"_s, u"delete"_s, u"16 O'Brien Ct"_s}).code, kDone);
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"find"_s, u"16 O'Brien Ct"_s}).code, kNotFound);
+}
+
+TEST_F(Vasctl, AWrongFieldLeavesNoHalfRecord)
+{
+    const auto added = home.Vasctl({u"records"_s, u"add"_s, u"9 Half Rd"_s, u"--set"_s, u"NOFIELD=1"_s});
+    EXPECT_EQ(added.code, kUsage);
+    EXPECT_TRUE(added.err.contains("NOFIELD"));
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"find"_s, u"9 Half Rd"_s}).code, kNotFound);
+    const QString tooLong = u"CITY="_s + QString(300, u'x');
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"add"_s, u"9 Half Rd"_s, u"--set"_s, tooLong}).code, kUsage);
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"find"_s, u"9 Half Rd"_s}).code, kNotFound);
+}
+
+TEST_F(Vasctl, AddressesOf300CharactersAndWithAccentsAreTold)
+{
+    const auto added = home.Vasctl({u"records"_s, u"add"_s, QString(300, u'A')});
+    EXPECT_NE(added.code, kDone);
+    EXPECT_FALSE(added.err.isEmpty());
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"add"_s, u"7 Calle Peña"_s}).code, kDone);
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"find"_s, u"7 CALLE PEÑA"_s}).code, kDone);
+}
+
+TEST_F(Vasctl, SqlReadsAndNeverWrites)
+{
+    const auto rows =
+        home.Vasctl({u"sql"_s, u"SELECT CENTRALKEY, GLA FROM COMPS WHERE GLA BETWEEN 1000 AND 2000"_s});
+    ASSERT_EQ(rows.code, kDone) << rows.err.toStdString();
+    EXPECT_FALSE(rows.Array().isEmpty());
+    for (const QJsonValue& value : rows.Array()) {
+        const double gla = value.toObject()[u"GLA"_s].toString().toDouble();
+        EXPECT_TRUE(gla >= 1000 && gla <= 2000) << gla;
+    }
+    EXPECT_EQ(home.Vasctl({u"sql"_s, u"DELETE FROM COMPS"_s}).code, kUsage);
+    EXPECT_NE(home.Vasctl({u"sql"_s, u"SELECT * INTO [C:\\DATABOOK\\X.MDB].[T] FROM COMPS"_s}).code, kDone);
+    const auto twice = home.Vasctl({u"sql"_s, u"SELECT * FROM COMPS; DROP TABLE COMPS"_s});
+    EXPECT_EQ(twice.code, kFailed);
+    EXPECT_TRUE(twice.err.contains("3075")) << twice.err.toStdString();
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"list"_s}).Array().size(), 60);
+}
+
+TEST_F(Vasctl, SettingsAreListedReadAndChecked)
+{
+    EXPECT_GT(home.Vasctl({u"settings"_s, u"list"_s}).Array().size(), 50);
+    EXPECT_EQ(home.Vasctl({u"settings"_s, u"set"_s, u"SORTGRID"_s, u"3"_s}).code, kDone);
+    EXPECT_EQ(home.Vasctl({u"settings"_s, u"get"_s, u"SORTGRID"_s}).Object()[u"value"_s].toString(), u"3"_s);
+    const auto refused = home.Vasctl({u"settings"_s, u"set"_s, u"QUALITY"_s, u"400"_s});
+    EXPECT_EQ(refused.code, kFailed);
+    EXPECT_FALSE(refused.err.isEmpty());
+    EXPECT_EQ(home.Vasctl({u"settings"_s, u"get"_s, u"NOSUCHKEY"_s}).code, kNotFound);
+}
+
+TEST_F(Vasctl, WithoutAFormsProgramTheLinkCommandsSaySo)
+{
+    for (const QStringList& command : {QStringList{u"refresh"_s}, QStringList{u"report"_s, u"pages"_s},
+                                       QStringList{u"drop"_s, FirstKey(), u"--on"_s, u"txtComp:3"_s}}) {
+        const auto ended = home.Vasctl(command);
+        EXPECT_EQ(ended.code, kNoLink) << command.join(u' ').toStdString();
+        EXPECT_TRUE(ended.err.contains("No report is open")) << ended.err.toStdString();
+    }
+}
+
+TEST_F(Vasctl, DropsARecordOnASlotAndTheReportHoldsIt)
+{
+    ASSERT_TRUE(home.StartForms());
+    const QString key = FirstKey();
+    const auto record = home.Vasctl({u"records"_s, u"show"_s, key}).Object();
+    const auto dropped = home.Vasctl({u"--no"_s, u"drop"_s, key, u"--on"_s, u"txtComp:3"_s});
+    ASSERT_EQ(dropped.code, kDone) << dropped.err.toStdString();
+    EXPECT_EQ(home.Cell(3, u"ADDRESS"_s), record[u"ADDRESS"_s].toString());
+    EXPECT_EQ(home.Cell(3, u"GLA"_s), record[u"GLA"_s].toString());
+
+    const auto pages = home.Vasctl({u"report"_s, u"pages"_s});
+    EXPECT_EQ(pages.code, kDone);
+    EXPECT_TRUE(pages.out.contains(record[u"ADDRESS"_s].toString().toUtf8()));
+}
+
+TEST_F(Vasctl, ReplacingACompAsks)
+{
+    ASSERT_TRUE(home.StartForms());
+    const QString before = home.Cell(1, u"ADDRESS"_s);
+    ASSERT_FALSE(before.isEmpty());
+    QString key;
+    for (const QJsonValue& value : home.Vasctl({u"records"_s, u"list"_s}).Array()) {
+        key = value.toObject()[u"CENTRALKEY"_s].toString();
+        if (key.compare(before, Qt::CaseInsensitive) != 0)
+            break;
+    }
+    const auto kept = home.Vasctl({u"--no"_s, u"drop"_s, key, u"--on"_s, u"txtComp:1"_s});
+    EXPECT_EQ(kept.code, kDeclined);
+    EXPECT_TRUE(
+        kept.err.contains("Replace " + before.toUtf8() + " with " + key.toUtf8() + "!  Are you sure?"))
+        << kept.err.toStdString();
+    EXPECT_EQ(home.Cell(1, u"ADDRESS"_s), before);
+    EXPECT_EQ(home.Vasctl({u"--answer"_s, u"yes"_s, u"drop"_s, key, u"--on"_s, u"txtComp:1"_s}).code, kDone);
+    EXPECT_EQ(home.Cell(1, u"ADDRESS"_s).toUpper(), key);
+}
+
+TEST_F(Vasctl, ADropThatCannotBeIsExplained)
+{
+    ASSERT_TRUE(home.StartForms());
+    EXPECT_EQ(home.Vasctl({u"drop"_s, FirstKey(), u"--on"_s, u"txtComp:10"_s}).code, kNotFound);
+    EXPECT_EQ(home.Vasctl({u"drop"_s, FirstKey(), u"--on"_s, u"imaComp:1"_s}).code, kNotFound);
+    EXPECT_EQ(home.Vasctl({u"drop"_s, u"1 NOWHERE LN"_s, u"--on"_s, u"txtComp:3"_s}).code, kNotFound);
+    EXPECT_EQ(home.Vasctl({u"drop"_s, FirstKey()}).code, kUsage);
+}
+
+TEST_F(Vasctl, TheDoctorFindsAHomeSoundAndNamesWhatIsWrong)
+{
+    const auto sound = home.Vasctl({u"doctor"_s});
+    EXPECT_EQ(sound.code, kDone) << sound.out.toStdString();
+    ASSERT_TRUE(QFile::remove(home.Native(u"VAS2000/Comp2Kel.mdb"_s)));
+    ASSERT_TRUE(QFile::resize(home.Native(u"DATABOOK/DATABOOK.MDB"_s), 0));
+    const auto ill = home.Vasctl({u"doctor"_s});
+    EXPECT_EQ(ill.code, kFailed);
+    int wrong = 0;
+    for (const QJsonValue& value : ill.Array()) {
+        const QJsonObject finding = value.toObject();
+        if (finding[u"state"_s].toString() != u"wrong"_s)
+            continue;
+        ++wrong;
+        EXPECT_TRUE(finding[u"subject"_s].toString() == u"Databook"_s ||
+                    finding[u"subject"_s].toString() == u"field mapping"_s)
+            << finding[u"finding"_s].toString().toStdString();
+    }
+    EXPECT_EQ(wrong, 2);
+}
+
+TEST_F(Vasctl, WrongCommandLinesAreToldWithTheirCode)
+{
+    for (const QStringList& line : {QStringList{}, QStringList{u"fly"_s}, QStringList{u"records"_s},
+                                    QStringList{u"records"_s, u"show"_s}, QStringList{u"--bogus"_s},
+                                    QStringList{u"--yes"_s, u"--no"_s, u"doctor"_s},
+                                    QStringList{u"--time-limit"_s, u"0"_s, u"doctor"_s}}) {
+        const auto ended = home.Vasctl(line);
+        EXPECT_EQ(ended.code, kUsage) << line.join(u' ').toStdString();
+        EXPECT_FALSE(ended.err.isEmpty());
+    }
+    const auto help = home.Vasctl({u"--plain"_s, u"--help"_s});
+    EXPECT_EQ(help.code, kDone);
+    for (const char* word : {"records list", "sql", "report status", "refresh", "drop KEY", "settings",
+                             "doctor", "Exit codes", "--answer", "--json"})
+        EXPECT_TRUE(help.out.contains(word)) << word;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    testing::InitGoogleTest(&argc, argv);
+    QCoreApplication app(argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,162 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QThread>
+
+namespace vasclip::tests {
+
+inline constexpr int kPatienceMs = 60000;
+
+template <class Condition>
+bool WaitFor(Condition&& condition, int milliseconds = kPatienceMs)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!condition()) {
+        if (timer.hasExpired(milliseconds))
+            return false;
+        QThread::msleep(20);
+    }
+    return true;
+}
+
+/// How a program of ours ended.
+struct Ended
+{
+    int code = -1;
+    QByteArray out;
+    QByteArray err;
+
+    [[nodiscard]] QJsonArray Array() const { return QJsonDocument::fromJson(out).array(); }
+    [[nodiscard]] QJsonObject Object() const { return QJsonDocument::fromJson(out).object(); }
+};
+
+/// The programs of this build beside the test, run on a small demo home that is made once for the test
+/// program and copied for each test.
+class ProgramHome
+{
+public:
+    ProgramHome()
+    {
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        environment.remove(QStringLiteral("DISPLAY"));
+    }
+
+    ~ProgramHome() { Stop(forms); }
+
+    /// @return false if the demo could not be made or copied
+    bool Make()
+    {
+        // ctest makes the pattern once for all tests; a test run by hand makes its own.
+        static const QTemporaryDir own;
+        static const QString pattern = qEnvironmentVariable("VASCLIP_TEST_HOME", own.path());
+        static const bool made =
+            RunProgram(QStringLiteral("vasclip-demo"),
+                       {QStringLiteral("--home"), pattern, QStringLiteral("--comps"), QStringLiteral("60")},
+                       environment)
+                .code == 0;
+        if (!made || !m_directory.isValid())
+            return false;
+        QProcess copy;
+        copy.start(QStringLiteral("cp"), {QStringLiteral("-a"), pattern + QStringLiteral("/."), Path()});
+        return copy.waitForFinished(kPatienceMs) && copy.exitCode() == 0;
+    }
+
+    [[nodiscard]] QString Path() const { return m_directory.path(); }
+    [[nodiscard]] QString Native(const QString& below) const
+    {
+        return Path() + QStringLiteral("/drive_c/") + below;
+    }
+
+    static QString Program(const QString& name)
+    {
+        return QCoreApplication::applicationDirPath() + QLatin1Char('/') + name;
+    }
+
+    static Ended RunProgram(const QString& name, const QStringList& arguments,
+                            const QProcessEnvironment& environment)
+    {
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start(Program(name), arguments);
+        process.closeWriteChannel();
+        if (!process.waitForFinished(4 * kPatienceMs)) {
+            process.kill();
+            process.waitForFinished();
+            return {};
+        }
+        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+                process.readAllStandardOutput(), process.readAllStandardError()};
+    }
+
+    /// vasctl on this home; with --json unless `arguments` begin with "--plain".
+    Ended Vasctl(QStringList arguments) const
+    {
+        const bool plain = !arguments.isEmpty() && arguments.first() == QStringLiteral("--plain");
+        if (plain)
+            arguments.removeFirst();
+        QStringList all{QStringLiteral("--home"), Path()};
+        if (!plain)
+            all.append(QStringLiteral("--json"));
+        return RunProgram(QStringLiteral("vasctl"), all + arguments, environment);
+    }
+
+    /// The forms program without a window on a copy of the demo's reports; waits until it answers.
+    bool StartForms(const QStringList& options = {})
+    {
+        forms.setProcessEnvironment(environment);
+        forms.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        forms.start(Program(QStringLiteral("kelforms")),
+                    QStringList{QStringLiteral("--home"), Path(), QStringLiteral("--headless")} + options +
+                        QStringList{QStringLiteral("C:\\KEL\\DATA\\OAKST114.RPT"),
+                                    QStringLiteral("C:\\KEL\\DATA\\FERRY22.RPT")});
+        return forms.waitForStarted() &&
+               WaitFor(
+                   [this] {
+                       return Vasctl({QStringLiteral("report"), QStringLiteral("status")}).code == 0;
+                   },
+                   20000);
+    }
+
+    static void Stop(QProcess& process)
+    {
+        if (process.state() == QProcess::NotRunning)
+            return;
+        process.terminate();
+        if (!process.waitForFinished(10000)) {
+            process.kill();
+            process.waitForFinished(5000);
+        }
+    }
+
+    /// Text of a mapped field of a sales comp, as the forms program holds it.
+    [[nodiscard]] QString Cell(int comp, const QString& field) const
+    {
+        const QJsonArray cells = Vasctl({QStringLiteral("report"), QStringLiteral("cells")}).Array();
+        for (const QJsonValue& value : cells) {
+            const QJsonObject cell = value.toObject();
+            if (cell[QStringLiteral("comp")].toString() == QStringLiteral("SALE %1").arg(comp) &&
+                cell[QStringLiteral("field")].toString() == field)
+                return cell[QStringLiteral("text")].toString();
+        }
+        return {};
+    }
+
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    QProcess forms;
+
+private:
+    QTemporaryDir m_directory;
+};
+
+} // namespace vasclip::tests
