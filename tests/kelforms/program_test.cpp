@@ -67,7 +67,7 @@ TEST_F(Program, ActiveReportsEndInACommaAndTheActiveOneIsFirst)
 
 TEST_F(Program, FormsAndUser)
 {
-    m_reports.Open(m_home.MakeReport(u"smith"_s, {u"UA5"_s, u"SUBPHOTO"_s, u"COMPPH1"_s}, {}));
+    m_reports.Open(m_home.MakeReportOf(u"smith"_s, {u"UA5"_s, u"SUBPHOTO"_s, u"COMPPH1"_s}, {}));
     EXPECT_EQ(m_program.Request(u"Kel|SMITH.RPT"_s, u"ListForms"_s), u"UA5,SUBPHOTO,COMPPH1,"_s);
     EXPECT_FALSE(m_program.Request(u"kel|smith.rpt"_s, u"UserID"_s).isEmpty());
 }
@@ -102,7 +102,7 @@ TEST_F(Program, EveryMappedCellOfEveryFormTakesAPoke)
 
 TEST_F(Program, PokesThatHaveNoPlaceAreRefused)
 {
-    m_reports.Open(m_home.MakeReport(u"smith"_s, {u"UA5"_s, u"SUBPHOTO"_s, u"GENPH07"_s}, {}));
+    m_reports.Open(m_home.MakeReportOf(u"smith"_s, {u"UA5"_s, u"SUBPHOTO"_s, u"GENPH07"_s}, {}));
     const auto poke = [this](const QString& topic, const QString& item) {
         return Refusal([&] { m_program.Poke(topic, item, u"x"_s); });
     };
@@ -119,7 +119,7 @@ TEST_F(Program, PokesThatHaveNoPlaceAreRefused)
 
 TEST_F(Program, PagesThatTheReportHasNotAreReadAsEmpty)
 {
-    m_reports.Open(m_home.MakeReport(u"smith"_s, {u"UA5"_s}, {}));
+    m_reports.Open(m_home.MakeReportOf(u"smith"_s, {u"UA5"_s}, {}));
     EXPECT_EQ(m_program.Request(kSmith, u"ALTCMP13|5|3"_s), u""_s);
     EXPECT_EQ(Refusal([this] { static_cast<void>(m_program.Request(kSmith, u"NOPAGE|5|3"_s)); }),
               u"There is no page NOPAGE for the form UA5"_s);
@@ -127,7 +127,7 @@ TEST_F(Program, PagesThatTheReportHasNotAreReadAsEmpty)
 
 TEST_F(Program, AFormThatTheBookDoesNotKnowTakesAnyCell)
 {
-    m_reports.Open(m_home.MakeReport(u"smith"_s, {u"ZZTOP"_s, u"SUBPHOTO"_s}, {}));
+    m_reports.Open(m_home.MakeReportOf(u"smith"_s, {u"ZZTOP"_s, u"SUBPHOTO"_s}, {}));
     m_program.Poke(kSmith, u"ZZTOP|9|9"_s, u"x"_s);
     EXPECT_EQ(m_program.Request(kSmith, u"ZZTOP|9|9"_s), u"x"_s);
     EXPECT_EQ(m_program.Request(kQuery, u"ActiveReports"_s), u"SMITH.RPT,"_s);
@@ -152,7 +152,7 @@ TEST_F(Program, SubjectAndCaptionsAsVariables)
 TEST_F(Program, ImagesAreSetListedAndCleared)
 {
     Report& smith =
-        m_reports.Open(m_home.MakeReport(u"smith"_s, {u"UA5"_s, u"SUBPHOTO"_s, u"COMPPH1"_s}, {}));
+        m_reports.Open(m_home.MakeReportOf(u"smith"_s, {u"UA5"_s, u"SUBPHOTO"_s, u"COMPPH1"_s}, {}));
     const QString path = u"C:\\\\VASCLIPS\\\\JPG\\\\12345678.jpg"_s;
     m_program.Execute(kSmith, u"[RunMacro( SetImage \"CMP_1_3X5\", \"%1\" ) ]\r"_s.arg(path));
     m_program.Execute(kSystem, u"[RunMacro( SetRequest \"IMAGES\",  GetImages$(1))]"_s);
@@ -211,7 +211,7 @@ TEST_F(Program, SwapExchangesTwoWholeColumns)
 
 TEST_F(Program, AMacroThatCannotBeDoneWholeDoesNothing)
 {
-    Report& smith = m_reports.Open(m_home.MakeReport(u"smith"_s, {u"UA5"_s, u"SUBPHOTO"_s}, {}));
+    Report& smith = m_reports.Open(m_home.MakeReportOf(u"smith"_s, {u"UA5"_s, u"SUBPHOTO"_s}, {}));
     const auto swap = [this](const QString& numbers) {
         return Refusal([&] {
             m_program.Execute(

@@ -154,7 +154,7 @@ TEST(Report, ObjectsAreThoseOfItsPages)
 {
     const SampleHome home;
     const Report report =
-        Report::Load(home.MakeReport(u"small"_s, {u"UA5"_s, u"SUBPHOTO"_s, u"COMPPH1"_s}, {}));
+        Report::Load(home.MakeReportOf(u"small"_s, {u"UA5"_s, u"SUBPHOTO"_s, u"COMPPH1"_s}, {}));
     EXPECT_EQ(report.Objects().join(u' '), u"SUB_1_3X5 SUB_2_3X5 SUB_3_3X5 CMP_1_3X5 CMP_2_3X5 CMP_3_3X5"_s);
     EXPECT_EQ(report.FindObject(u"cmp_2_3x5"_s), u"CMP_2_3X5"_s);
     EXPECT_EQ(report.FindObject(u"CMP_2_"_s), u"CMP_2_3X5"_s);

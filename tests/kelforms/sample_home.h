@@ -50,14 +50,14 @@ public:
     [[nodiscard]] QString MakeReport(const QString& name, const QString& mainForm,
                                      const QJsonObject& cells = {}) const
     {
-        return MakeReport(name,
-                          vasclip::formsbook::PagesOf(*vasclip::formsbook::FindForm(mainForm),
-                                                      vasclip::formsbook::Edition::Small),
-                          cells);
+        return MakeReportOf(name,
+                            vasclip::formsbook::PagesOf(*vasclip::formsbook::FindForm(mainForm),
+                                                        vasclip::formsbook::Edition::Small),
+                            cells);
     }
 
-    [[nodiscard]] QString MakeReport(const QString& name, const QStringList& forms,
-                                     const QJsonObject& cells) const
+    [[nodiscard]] QString MakeReportOf(const QString& name, const QStringList& forms,
+                                       const QJsonObject& cells = {}) const
     {
         const QJsonObject report{{QStringLiteral("name"), name.toUpper() + QStringLiteral(".RPT")},
                                  {QStringLiteral("forms"), QJsonArray::fromStringList(forms)},

@@ -216,6 +216,21 @@ QLatin1StringView GroupWord(Group group)
     return "LIST"_L1;
 }
 
+QLatin1StringView GroupNoun(Group group)
+{
+    switch (group) {
+    case Group::Sale:
+        return "Comparable"_L1;
+    case Group::Alt:
+        return "Alternate"_L1;
+    case Group::Rent:
+        return "Rental"_L1;
+    case Group::List:
+        break;
+    }
+    return "Listing"_L1;
+}
+
 QList<int> PageBases(Group group)
 {
     if (group == Group::Sale || group == Group::Rent)

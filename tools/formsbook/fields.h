@@ -10,6 +10,8 @@ enum class Group { Sale, Alt, Rent, List };
 
 /// "SALE", "ALT", "RENT", "LIST", as the mapping writes it.
 [[nodiscard]] QLatin1StringView GroupWord(Group group);
+/// "Comparable", "Alternate", "Rental", "Listing": what one of the group is called on a page.
+[[nodiscard]] QLatin1StringView GroupNoun(Group group);
 /// First comps of the group's pages: 1, 4, 7 or 1, 4.
 [[nodiscard]] QList<int> PageBases(Group group);
 

@@ -60,21 +60,6 @@ bool HasSubjectCell(const Field& field)
            field.name != "PROXIMITY"_L1 && field.name != "SALEDATE"_L1;
 }
 
-QString GroupTitle(Group group)
-{
-    switch (group) {
-    case Group::Sale:
-        return u"Comparable"_s;
-    case Group::Alt:
-        return u"Alternate"_s;
-    case Group::Rent:
-        return u"Rental"_s;
-    case Group::List:
-        break;
-    }
-    return u"Listing"_s;
-}
-
 QString GroupTitles(Group group)
 {
     switch (group) {
@@ -183,7 +168,7 @@ QString Page::LabelOf(int row, int cell) const
             if (!section.group || line.row != row)
                 continue;
             for (size_t place = 0; place < 3; ++place) {
-                const QString comp = u"%1 %2: %3"_s.arg(GroupTitle(*section.group))
+                const QString comp = u"%1 %2: %3"_s.arg(GroupNoun(*section.group))
                                          .arg(section.base + static_cast<int>(place))
                                          .arg(line.label);
                 if (line.comps[place] == cell)

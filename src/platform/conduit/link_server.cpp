@@ -21,6 +21,7 @@ struct LinkServer::Private
         : handler(linkHandler)
         , options(std::move(serverOptions))
     {
+        options.socketPath = WholeSocketPath(options.socketPath);
         QObject::connect(&server, &QLocalServer::newConnection, &server, [this] { Accept(); });
     }
 

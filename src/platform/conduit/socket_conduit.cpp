@@ -15,6 +15,7 @@ namespace vasclip::conduit {
 std::unique_ptr<Conduit> MakeSocketConduit(SocketOptions options)
 {
     const int timeLimitMs = options.timeLimitMs;
+    options.socketPath = WholeSocketPath(options.socketPath);
     return std::make_unique<ChannelConduit>(
         [options = std::move(options)](const QDeadlineTimer& deadline) {
             RequireOwnSocket(options.socketPath);

@@ -12,6 +12,9 @@ namespace vasclip::conduit {
 /// "/tmp/vasclip-" + uid. Always shorter than 100 bytes. Nothing is made.
 [[nodiscard]] QString DefaultSocketPath(const QString& home);
 
+/// The path as the system has to be told it: from the root.
+[[nodiscard]] QString WholeSocketPath(const QString& path);
+
 /// The client's look at the address before it connects: a socket, no link, and this user's.
 /// @throws RuntimeError 282 that says what stands there instead and whose it is
 void RequireOwnSocket(const QString& path);

@@ -89,6 +89,11 @@ QString DefaultSocketPath(const QString& home)
     return u"/tmp/vasclip-%1%2"_s.arg(CurrentUserId(), name);
 }
 
+QString WholeSocketPath(const QString& path)
+{
+    return QFileInfo(path).absoluteFilePath();
+}
+
 void RequireOwnSocket(const QString& path)
 {
     const std::optional<Entry> entry = Look(path);

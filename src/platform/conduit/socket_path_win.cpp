@@ -20,6 +20,11 @@ QString DefaultSocketPath(const QString& home)
     return u"\\\\.\\pipe\\kel-%1.sock"_s.arg(QString::fromLatin1(digest));
 }
 
+QString WholeSocketPath(const QString& path)
+{
+    return path;
+}
+
 void RequireOwnSocket(const QString&) {}
 
 void PrepareSocketDirectory(const QString&) {}

@@ -3,6 +3,7 @@
 #include "platform/conduit/socket_path.h"
 #include "servers.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
@@ -92,6 +93,19 @@ TEST_F(Link, NobodyThere)
     EXPECT_EQ(thrown.number, 282);
     EXPECT_EQ(thrown.words, u"No forms program listens at "_s + m_path);
     EXPECT_EQ(link->LinkMode(), 0);
+}
+
+TEST_F(Link, APathFromHereIsAPathToo)
+{
+    const QString relative = QDir::current().relativeFilePath(m_path);
+    ServerOptions options = Options();
+    options.socketPath = relative;
+    ServerThread server(options);
+    EXPECT_TRUE(QFileInfo::exists(m_path));
+    const auto link = MakeSocketConduit({relative, 5000, PeerOf});
+    Open(*link, u"KEL|S"_s, u"x"_s);
+    link->LinkRequest();
+    EXPECT_EQ(link->Text(), u"nothing"_s);
 }
 
 TEST_F(Link, ATopicWithoutServiceOpensNothing)
