@@ -92,8 +92,11 @@ bool Binder::BindLabel(forms::Label& control, QWidget& widget)
     if (label == nullptr)
         return false;
     label->setTextFormat(Qt::PlainText);
-    const auto show = [&control, label] {
+    const bool collapses = label->property("collapses").toBool(); // takes no room while it says nothing
+    const auto show = [&control, label, collapses] {
         label->setText(control.Caption());
+        if (collapses)
+            label->setMaximumHeight(control.Caption().isEmpty() ? 0 : QWIDGETSIZE_MAX);
         const QString tone = ToneOf(control.Fore());
         if (label->property("tone").toString() == tone)
             return;

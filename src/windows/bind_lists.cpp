@@ -44,6 +44,7 @@ bool Binder::BindList(forms::ListBox& control, QWidget& widget)
     auto* view = qobject_cast<QListView*>(&widget);
     if (view == nullptr)
         return false;
+    view->ensurePolished(); // the sheet decides how high a line is
     view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     ShowLines(*view, control.Items());
     const auto showing = std::make_shared<bool>(false); // the control writes the view, not the user
@@ -95,8 +96,10 @@ bool Binder::BindCombo(forms::ComboBox& control, QWidget& widget)
         if (combo->isEditable() && combo->currentText() != control.Text()) {
             const int cursor = combo->lineEdit()->cursorPosition();
             combo->setEditText(control.Text());
-            combo->lineEdit()->setCursorPosition(combo->lineEdit()->hasFocus() ? cursor : 0);
+            combo->lineEdit()->setCursorPosition(cursor);
         }
+        if (combo->isEditable() && !combo->lineEdit()->hasFocus())
+            combo->lineEdit()->setCursorPosition(0); // the head of the text is what tells
     };
     const auto showItems = [&control, combo, showCurrent] {
         {

@@ -211,11 +211,10 @@ void MainWindow::Decorate()
     m_ui->tabSource->setTabIcon(0, ThemedIcon(QStringLiteral("report")));
     m_ui->tabSource->setTabIcon(1, ThemedIcon(QStringLiteral("map")));
     m_ui->atlasEmpty->SetWords(
-        QStringLiteral("map"), tr("No map yet"),
-        tr("Streets, arrows and proximities will be drawn here. Until then comps are sent without a map."));
+        QStringLiteral("map"), tr("No street map"),
+        tr("This home has no street data. Comps are sent to the report without a map image."));
     m_ui->geamaintain->SetEmptyIcon(QStringLiteral("photo"));
     m_ui->geamaintain->SetEmptyText(tr("No photo"));
-    m_ui->cmdAdd->setProperty("primary", true);
     m_ui->lblDatabookADDR->setProperty("role", QStringLiteral("title"));
     m_ui->lblAddingaComp->setProperty("role", QStringLiteral("title"));
     m_ui->lblPhotomsg->setProperty("role", QStringLiteral("quiet"));

@@ -2,6 +2,9 @@
 
 #include "windows/theme.h"
 
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOptionTab>
@@ -74,7 +77,34 @@ void DrawTabLabel(const QStyleOptionTab& tab, QPainter& painter, const QStyle& s
 
 TabStyle::TabStyle()
     : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion")))
-{}
+{
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool TabStyle::eventFilter(QObject*, QEvent* event)
+{
+    const auto show = [this](bool shown) {
+        if (std::exchange(m_keysShown, shown) == shown)
+            return;
+        for (const QWidget* window : QApplication::topLevelWidgets()) {
+            for (QWidget* widget : window->findChildren<QWidget*>())
+                widget->update();
+        }
+    };
+    switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+        if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Alt)
+            show(event->type() == QEvent::KeyPress);
+        break;
+    case QEvent::ApplicationDeactivate:
+        show(false);
+        break;
+    default:
+        break;
+    }
+    return false;
+}
 
 void TabStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                            const QWidget* widget) const
@@ -127,6 +157,8 @@ int TabStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidge
                         QStyleHintReturn* data) const
 {
     switch (hint) {
+    case SH_UnderlineShortcut:
+        return m_keysShown || qobject_cast<const QMenu*>(widget) != nullptr;
     case SH_TabBar_ElideMode:
         return Qt::ElideNone;
     case SH_ToolTip_WakeUpDelay:

@@ -22,6 +22,12 @@ public:
                                   const QWidget* widget) const override;
     [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                                 QStyleHintReturn* data) const override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool m_keysShown = false; ///< access keys are underlined while Alt is held
 };
 
 } // namespace vasclip::windows

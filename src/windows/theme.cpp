@@ -168,7 +168,8 @@ QLabel[role="heading"] { font-size: 14pt; font-weight: 600; }
 QLabel[tone="blue"] { color: $blue; }
 QLabel[tone="red"] { color: $red; font-weight: 600; }
 QLabel[tone="green"] { color: $green; }
-QLineEdit[dropWanted="true"], QComboBox[dropWanted="true"] { border: 1px dashed $accent; }
+QLineEdit[dropWanted="true"], QComboBox[dropWanted="true"] { border: 2px dashed $accent;
+  padding: 2px 7px; }
 QLineEdit[dropHover="true"], QComboBox[dropHover="true"] { border: 2px solid $accent; padding: 2px 7px;
   background: $accentSoft; }
 )");

@@ -16,6 +16,7 @@
 #include <QSettings>
 #include <QTabWidget>
 #include <QTemporaryDir>
+#include <QStyle>
 #include <QTest>
 
 // Pictures of the windows, for eyes: VASCLIP_SHOTS=1 writes them to out/shots below the working directory (or
@@ -65,10 +66,26 @@ TEST(Shots, EveryWindowInBothThemes)
             screen.Get<forms::TabControl>(u"TabComp"_s).SetTab(0);
             window.Databook().setFocus();
             save(window, u"main-comps-"_s + wide);
+            const auto mark = [&](const QString& widget, const char* property) {
+                auto* found = window.findChild<QWidget*>(widget);
+                ASSERT_NE(found, nullptr);
+                found->setProperty(property, true);
+                found->style()->unpolish(found);
+                found->style()->polish(found);
+            };
+            for (const QString& target : {u"imaComp_1"_s, u"geaComp_1"_s, u"txtComp_2"_s, u"imaComp_3"_s})
+                mark(target, "dropWanted");
+            mark(u"txtComp_3"_s, "dropHover");
+            mark(u"imaComp_2"_s, "dropHover");
+            save(window, u"main-drag-"_s + wide);
             screen.Get<forms::TabControl>(u"TabData"_s).SetTab(2);
             save(window, u"main-general-"_s + wide);
             screen.Get<forms::TabControl>(u"TabData"_s).SetTab(0);
         }
+        window.resize(1366, 768);
+        QTest::qWait(20);
+        window.resize(1000, 620);
+        save(window, u"main-small"_s);
         window.resize(1366, 768);
         QTest::qWait(20);
         auto& status = screen.Get<forms::Gauge>(u"gauStatus"_s);
