@@ -91,15 +91,16 @@ bool Binder::BindCombo(forms::ComboBox& control, QWidget& widget)
     combo->setInsertPolicy(QComboBox::NoInsert);
     const auto showCurrent = [&control, combo] {
         const QSignalBlocker quiet(combo);
+        const QString before = combo->currentText();
+        const int cursor = combo->isEditable() ? combo->lineEdit()->cursorPosition() : 0;
         if (combo->currentIndex() != control.ListIndex())
             combo->setCurrentIndex(control.ListIndex());
-        if (combo->isEditable() && combo->currentText() != control.Text()) {
-            const int cursor = combo->lineEdit()->cursorPosition();
+        if (!combo->isEditable())
+            return;
+        if (combo->currentText() != control.Text())
             combo->setEditText(control.Text());
-            combo->lineEdit()->setCursorPosition(cursor);
-        }
-        if (combo->isEditable() && !combo->lineEdit()->hasFocus())
-            combo->lineEdit()->setCursorPosition(0); // the head of the text is what tells
+        if (combo->currentText() != before) // the head of a text is what tells
+            combo->lineEdit()->setCursorPosition(combo->lineEdit()->hasFocus() ? cursor : 0);
     };
     const auto showItems = [&control, combo, showCurrent] {
         {

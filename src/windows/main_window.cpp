@@ -57,9 +57,10 @@ MainWindow::MainWindow(forms::ControlSet& controls, DropPort& port, EventGuard& 
     BuildViewMenu();
     Decorate();
     NamesForReaders();
-    // The stems run beside lstViews, line for line; people look at the views.
-    m_binder.DeclareUnseen(
-        {QStringLiteral("lstimages"), QStringLiteral("txtimage"), QStringLiteral("lblLabelTag")});
+    // The stems run beside lstViews, line for line, and people look at the views; anchor 0 only holds the
+    // picture that the others take.
+    m_binder.DeclareUnseen({QStringLiteral("lstimages"), QStringLiteral("txtimage"),
+                            QStringLiteral("lblLabelTag"), QStringLiteral("imaSubjectAnchor_0")});
     m_binder.Bind(*this);
     for (QTabWidget* book : {m_ui->TabSubject})
         book->tabBar()->setAutoHide(true);

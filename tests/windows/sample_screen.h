@@ -122,7 +122,7 @@ struct SampleScreen
             AddArray<PictureBox>(u"ima"_s + group, 1, last);
             AddArray<PictureBox>(u"ima"_s + group + u"Icon"_s, 1, last);
             if (group != u"General"_s)
-                AddArray<PictureBox>(u"ima"_s + group + u"Anchor"_s, 1, last);
+                AddArray<PictureBox>(u"ima"_s + group + u"Anchor"_s, group == u"Subject"_s ? 0 : 1, last);
             if (group == u"General"_s || group == u"Subject"_s)
                 continue;
             AddArray<TextBox>(u"txt"_s + group, 1, last);

@@ -14,9 +14,9 @@
 #include <QApplication>
 #include <QDir>
 #include <QSettings>
+#include <QStyle>
 #include <QTabWidget>
 #include <QTemporaryDir>
-#include <QStyle>
 #include <QTest>
 
 // Pictures of the windows, for eyes: VASCLIP_SHOTS=1 writes them to out/shots below the working directory (or

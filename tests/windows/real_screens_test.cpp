@@ -1,0 +1,75 @@
+#include "sample_screen.h"
+
+#include "platform/engine/database.h"
+#include "shell/frm_main.h"
+#include "shell/frm_splash.h"
+#include "support/recording_conduit.h"
+#include "support/scripted_ports.h"
+#include "support/temp_home.h"
+#include "windows/guard.h"
+#include "windows/main_window.h"
+#include "windows/splash_window.h"
+#include "windows/theme.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
+#include <QMenu>
+#include <QSettings>
+
+// Every window against the screen that it belongs to.
+
+namespace vasclip::windows {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+class RealScreens : public testing::Test
+{
+protected:
+    tests::TempHome home;
+    tests::TestPorts ports;
+    engine::Engine engine{home.disk};
+    test::RecordingConduit conduit;
+    EventGuard guard{ports.prompter, {}};
+    QSettings settings{home.Native(u"window.ini"_s), QSettings::IniFormat};
+    Theme theme{*qApp, &settings};
+    tests::SamplePort port;
+};
+
+TEST_F(RealScreens, TheMainWindowShowsEveryControlOfFrmMain)
+{
+    shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+    MainWindow window(main.controls, port, guard, theme, settings);
+    EXPECT_TRUE(window.Leftovers().isEmpty()) << window.Leftovers().join(u'\n').toStdString();
+}
+
+TEST_F(RealScreens, TheSplashShowsEveryControlOfFrmSplash)
+{
+    shell::frm_Splash splash(ports.Get());
+    SplashWindow window(splash.controls, guard);
+    EXPECT_TRUE(window.Leftovers().isEmpty()) << window.Leftovers().join(u'\n').toStdString();
+    splash.ShowSplashStatus(u"Loading Configuration Settings"_s);
+    EXPECT_EQ(window.findChild<QAbstractItemView*>()->currentIndex().row(), 0);
+}
+
+TEST_F(RealScreens, NoTwoMenuEntriesShareAKey)
+{
+    shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+    MainWindow window(main.controls, port, guard, theme, settings);
+    QHash<QString, QString> taken;
+    for (const QAction* action : window.findChildren<QAction*>()) {
+        const QString keys = action->shortcut().toString(QKeySequence::PortableText);
+        if (keys.isEmpty())
+            continue;
+        EXPECT_FALSE(taken.contains(keys)) << keys.toStdString() << ": " << action->text().toStdString()
+                                           << " and " << taken.value(keys).toStdString();
+        taken.insert(keys, action->text());
+    }
+    EXPECT_GE(taken.size(), 5);
+}
+
+} // namespace
+} // namespace vasclip::windows
