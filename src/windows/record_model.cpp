@@ -1,6 +1,6 @@
 #include "windows/record_model.h"
 
-#include "platform/text/dates.h"
+#include "databook/grid.h"
 #include "windows/guard.h"
 #include "windows/theme.h"
 
@@ -103,13 +103,7 @@ QString RecordModel::Text(int row, const QString& field) const
 
 QString RecordModel::Shown(const QString& stored, const forms::GridColumn& column) const
 {
-    if (column.numberFormat.isEmpty() || stored.isEmpty())
-        return stored;
-    if (column.numberFormat.compare(QLatin1StringView("Short Date"), Qt::CaseInsensitive) == 0) {
-        if (const auto date = text::ReadDate(stored, QDate::currentDate()))
-            return text::Format(*date, QStringLiteral("mm/dd/yyyy"));
-    }
-    return stored;
+    return databook::FormatCell(column, stored);
 }
 
 QVariant RecordModel::data(const QModelIndex& index, int role) const
@@ -121,10 +115,7 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole:
     case Qt::ToolTipRole: {
         const int field = m_fieldOf.at(index.column());
-        QString shown = field < 0 ? QString() : Shown(Row(index.row())->value(field), column);
-        const qsizetype lineEnd = shown.indexOf(QLatin1Char('\r'));
-        if (role == Qt::DisplayRole && lineEnd >= 0)
-            shown.truncate(lineEnd);
+        const QString shown = field < 0 ? QString() : Shown(Row(index.row())->value(field), column);
         return shown.isEmpty() && role == Qt::ToolTipRole ? QVariant() : shown;
     }
     case Qt::TextAlignmentRole:

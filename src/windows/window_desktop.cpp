@@ -10,6 +10,8 @@ void WindowDesktop::AppActivate()
         return;
     if (m_window->isMinimized())
         m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
+    if (QGuiApplication::platformName() == QLatin1StringView("offscreen"))
+        return; // there is no stack of windows to come up in
     m_window->raise();
     m_window->activateWindow();
 }

@@ -215,6 +215,7 @@ bool Tour::DropOne(shell::frm_Main& main, QWidget& window, const LinkRecorder& r
 
 bool Tour::Play(shell::frm_Main& main, QWidget& window, const LinkRecorder& recorder)
 {
+    window.resize(1366, 768);
     Shoot(window, u"started"_s);
     main.RefreshAppraisal();
     Step(u"Refreshed: report %1, forms %2, subject %3."_s.arg(
