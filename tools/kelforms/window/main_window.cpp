@@ -192,8 +192,10 @@ void MainWindow::Show(const QString& name, const QString& page)
     m_view->Show(report, m_page);
     m_stripArea->setVisible(m_strip->Show(report, m_page));
     m_list->Choose(m_report, m_page);
-    if (turned)
+    if (turned) {
+        m_sinceWrite.invalidate();
         m_viewArea->ensureVisible(0, 0);
+    }
     m_save->setEnabled(report != nullptr);
     m_close->setEnabled(report != nullptr);
     m_activate->setEnabled(report != nullptr && report != m_reports.Active());
@@ -250,22 +252,27 @@ void MainWindow::ImageChanged(const Report& report, const QString& object)
     }
     m_view->FlashImage(object);
     m_strip->Flash(object);
-    if (m_follow->isChecked())
-        ScrollTo(object);
+    if (!m_follow->isChecked())
+        return;
+    if (const QRect place = m_view->PlaceOf(object); !place.isNull())
+        m_viewArea->ensureVisible(place.center().x(), place.center().y(), 0, place.height() / 2);
+    if (const QRect place = m_strip->PlaceOf(object); !place.isNull())
+        m_stripArea->ensureVisible(place.center().x(), place.center().y(), 0, place.height());
 }
 
 void MainWindow::ScrollTo(const QString& key)
 {
-    // A comp comes as forty writes: one scroll, to the first of them, after the last.
-    if (!m_scrollKey.isEmpty())
+    // A comp comes as forty writes in a row: the page stays where the first of them stands.
+    constexpr qint64 kBurstMs = 700;
+    const bool running = m_sinceWrite.isValid() && m_sinceWrite.elapsed() < kBurstMs;
+    m_sinceWrite.start();
+    if (running)
         return;
     m_scrollKey = key;
     QTimer::singleShot(0, this, [this] {
         const QString target = std::exchange(m_scrollKey, {});
         if (const QRect place = m_view->PlaceOf(target); !place.isNull())
             m_viewArea->ensureVisible(place.center().x(), place.center().y(), 60, m_viewArea->height() / 3);
-        if (const QRect place = m_strip->PlaceOf(target); !place.isNull())
-            m_stripArea->ensureVisible(place.center().x(), place.center().y(), 0, place.height());
     });
 }
 

@@ -7,6 +7,7 @@
 #include "kelforms/window/report_list.h"
 #include "kelforms/window/theme.h"
 
+#include <QElapsedTimer>
 #include <QMainWindow>
 
 class QAction;
@@ -64,6 +65,7 @@ private:
     bool m_askBeforeLoss;
     QString m_report, m_page;
     QString m_scrollKey;
+    QElapsedTimer m_sinceWrite;
     bool m_refreshDue = false;
     qint64 m_exchanges = 0;
     int m_clients = 0;
