@@ -107,8 +107,10 @@ bool Binder::BindCombo(forms::ComboBox& control, QWidget& widget)
             const QSignalBlocker quiet(combo);
             combo->clear();
             combo->addItems(control.Items());
-            if (combo->isEditable())
+            if (combo->isEditable()) {
                 combo->setEditText(control.Text());
+                combo->lineEdit()->setCursorPosition(0);
+            }
         }
         showCurrent();
     };

@@ -50,8 +50,9 @@ QPixmap Tinted(const QString& name, const QSize& pixels, const QColor& colour)
 class TintedEngine : public QIconEngine
 {
 public:
-    explicit TintedEngine(QString name)
+    explicit TintedEngine(QString name, QColor own = {})
         : m_name(std::move(name))
+        , m_own(own)
     {}
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
     {
@@ -66,7 +67,9 @@ public:
     {
         const ThemeColours& colours = Theme::Colours();
         QColor colour = colours.icon;
-        if (mode == QIcon::Disabled)
+        if (m_own.isValid())
+            colour = m_own;
+        else if (mode == QIcon::Disabled)
             colour = colours.faint;
         else if (state == QIcon::On)
             colour = colours.accent;
@@ -74,10 +77,11 @@ public:
         result.setDevicePixelRatio(scale);
         return result;
     }
-    [[nodiscard]] QIconEngine* clone() const override { return new TintedEngine(m_name); }
+    [[nodiscard]] QIconEngine* clone() const override { return new TintedEngine(m_name, m_own); }
 
 private:
     QString m_name;
+    QColor m_own;
 };
 
 } // namespace
@@ -90,6 +94,11 @@ void InitIcons()
 QIcon ThemedIcon(const QString& name)
 {
     return QIcon(new TintedEngine(name));
+}
+
+QIcon ColouredIcon(const QString& name, const QColor& colour)
+{
+    return QIcon(new TintedEngine(name, colour));
 }
 
 void PaintIcon(QPainter& painter, const QString& name, const QRectF& target, const QColor& colour)

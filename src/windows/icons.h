@@ -12,6 +12,9 @@ namespace vasclip::windows {
 /// theme at hand. Its file is read when it is first painted.
 [[nodiscard]] QIcon ThemedIcon(const QString& name);
 
+/// The same in a colour of its own, whatever the mode.
+[[nodiscard]] QIcon ColouredIcon(const QString& name, const QColor& colour);
+
 /// Paints an icon in one colour.
 void PaintIcon(QPainter& painter, const QString& name, const QRectF& target, const QColor& colour);
 

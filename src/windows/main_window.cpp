@@ -73,6 +73,7 @@ MainWindow::MainWindow(forms::ControlSet& controls, DropPort& port, EventGuard& 
     connect(&theme, &Theme::Changed, this, &MainWindow::MarkTheme);
     MarkTheme();
     RestoreLayout();
+    m_ui->grddatabook->setFocus();
 }
 
 MainWindow::~MainWindow() = default;
@@ -330,11 +331,13 @@ void MainWindow::ResetLayout()
 void MainWindow::RestoreLayout()
 {
     const QRect room = screen()->availableGeometry();
-    if (!restoreGeometry(m_settings.value(kGeometry).toByteArray())) {
+    const bool noDisplay = QGuiApplication::platformName() == QLatin1StringView("offscreen");
+    if (noDisplay)
+        resize(1440, 900); // nothing stands in the way of a whole picture
+    else if (!restoreGeometry(m_settings.value(kGeometry).toByteArray()))
         resize(std::min(1600, room.width() - 40), std::min(960, room.height() - 60));
-        m_ui->topSplitter->setSizes({5000, 2000});
-        m_ui->mainSplitter->setSizes({5000, 5000});
-    }
+    m_ui->topSplitter->setSizes({5000, 2000});
+    m_ui->mainSplitter->setSizes({5000, 5000});
     m_ui->mainSplitter->restoreState(m_settings.value(kMainSplitter).toByteArray());
     m_ui->topSplitter->restoreState(m_settings.value(kTopSplitter).toByteArray());
 }

@@ -1,5 +1,6 @@
 #include "windows/style.h"
 
+#include "windows/icons.h"
 #include "windows/theme.h"
 
 #include <QApplication>
@@ -167,6 +168,24 @@ int TabStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidge
         return 0;
     default:
         return QProxyStyle::styleHint(hint, option, widget, data);
+    }
+}
+
+/// The signs of message boxes.
+QIcon TabStyle::standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const
+{
+    const ThemeColours& colours = Theme::Colours();
+    switch (which) {
+    case SP_MessageBoxQuestion:
+        return ColouredIcon(QStringLiteral("question"), colours.accent);
+    case SP_MessageBoxInformation:
+        return ColouredIcon(QStringLiteral("info"), colours.blue);
+    case SP_MessageBoxWarning:
+        return ColouredIcon(QStringLiteral("warning"), colours.red);
+    case SP_MessageBoxCritical:
+        return ColouredIcon(QStringLiteral("critical"), colours.red);
+    default:
+        return QProxyStyle::standardIcon(which, option, widget);
     }
 }
 

@@ -22,6 +22,8 @@ public:
                                   const QWidget* widget) const override;
     [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                                 QStyleHintReturn* data) const override;
+    [[nodiscard]] QIcon standardIcon(StandardPixmap which, const QStyleOption* option,
+                                     const QWidget* widget) const override;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QMessageBox>
 #include <QSettings>
 #include <QStyle>
 #include <QTabWidget>
@@ -99,6 +100,12 @@ TEST(Shots, EveryWindowInBothThemes)
         send.show();
         save(send, u"send"_s);
         send.close();
+        QMessageBox box(QMessageBox::Question, u"Overwrite"_s,
+                        u"Replace 1135 2nd St with 1013 CASCADE AVE!  Are you sure?"_s,
+                        QMessageBox::Yes | QMessageBox::No, &window);
+        box.show();
+        save(box, u"question"_s);
+        box.close();
         AboutBox about(
             {u"Vasclip"_s,
              u"1.0.0"_s,
