@@ -22,7 +22,7 @@ struct PlanRow
 
 // In the order of the SELECT. A field that sorts as a number stands to the right.
 constexpr std::array kPlan = {
-    PlanRow{Text("FRONT"), 44},       PlanRow{Text("CENTRALKEY"), 210}, PlanRow{Text("ADDRESS"), 200},
+    PlanRow{Text("FRONT"), 56},       PlanRow{Text("CENTRALKEY"), 210}, PlanRow{Text("ADDRESS"), 200},
     PlanRow{Text("PHOTOS"), 150},     PlanRow{Text("CITY"), 120},       PlanRow{Text("ST"), 48},
     PlanRow{Text("ZIP"), 64},         PlanRow{Text("COUNTY"), 110},     PlanRow{Text("NEIGHBORHD"), 140},
     PlanRow{Text("CENSUSTRCT"), 100}, PlanRow{Text("TAXMAPNUM"), 110},  PlanRow{Text("GLA"), 64},
