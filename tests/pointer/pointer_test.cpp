@@ -1,39 +1,17 @@
 // Drives the real programs with a real pointer on a virtual display: a row of the grid is dragged to a slot,
 // and the report in the forms program fills.
 
+#include "support/processes.h"
+
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
-#include <QProcessEnvironment>
-#include <QRect>
+#include <QPoint>
 #include <QStandardPaths>
-#include <QTemporaryDir>
-#include <QThread>
 
 using namespace Qt::Literals::StringLiterals;
+using namespace vasclip::tests;
 
 namespace {
-
-constexpr int kPatienceMs = 60000;
-
-template <class Condition>
-bool WaitFor(Condition&& condition, int milliseconds = kPatienceMs)
-{
-    QElapsedTimer timer;
-    timer.start();
-    while (!condition()) {
-        if (timer.hasExpired(milliseconds))
-            return false;
-        QThread::msleep(50);
-    }
-    return true;
-}
 
 class Pointer : public testing::Test
 {
@@ -44,29 +22,19 @@ protected:
             if (QStandardPaths::findExecutable(needed).isEmpty())
                 GTEST_SKIP() << needed.toStdString() << " is not installed, so no pointer can be moved";
         }
-        ASSERT_TRUE(m_home.isValid());
+        ASSERT_TRUE(m_home.Make());
         ASSERT_TRUE(StartDisplay());
-        ASSERT_EQ(RunTool(u"vasclip-demo"_s, {u"--home"_s, m_home.path(), u"--comps"_s, u"60"_s}).first, 0);
-        Start(m_forms, u"kelforms"_s, {u"--home"_s, m_home.path()});
-        ASSERT_TRUE(WaitFor([this] {
-            return Vasctl({u"report"_s, u"status"_s}).first == 0;
-        })) << "the forms program does not answer";
-        Start(m_vasclip, u"vasclip"_s, {u"--home"_s, m_home.path(), u"--places"_s, Geometry()});
+        ASSERT_TRUE(m_home.StartForms()) << "the forms program does not answer";
+        Start(m_vasclip, ProgramHome::Program(u"vasclip"_s),
+              {u"--home"_s, m_home.Path(), u"--places"_s, Geometry()});
         ASSERT_TRUE(WaitFor([this] { return !Places().value(u"rows"_s).toArray().isEmpty(); }))
             << "the grid does not come up";
     }
 
     void TearDown() override
     {
-        for (QProcess* process : {&m_vasclip, &m_forms, &m_openbox, &m_xvfb}) {
-            if (process->state() == QProcess::NotRunning)
-                continue;
-            process->terminate();
-            if (!process->waitForFinished(10000)) {
-                process->kill();
-                process->waitForFinished(5000);
-            }
-        }
+        for (QProcess* process : {&m_vasclip, &m_openbox, &m_xvfb})
+            ProgramHome::Stop(*process);
     }
 
     bool StartDisplay()
@@ -85,31 +53,12 @@ protected:
 
     void Start(QProcess& process, const QString& program, const QStringList& arguments)
     {
-        const QString own = QCoreApplication::applicationDirPath() + u'/' + program;
         process.setProcessEnvironment(m_environment);
         process.setProcessChannelMode(QProcess::ForwardedChannels);
-        process.start(QFile::exists(own) ? own : program, arguments);
+        process.start(program, arguments);
     }
 
-    std::pair<int, QByteArray> RunTool(const QString& program, const QStringList& arguments)
-    {
-        QProcess process;
-        const QString own = QCoreApplication::applicationDirPath() + u'/' + program;
-        process.setProcessEnvironment(m_environment);
-        process.setProcessChannelMode(QProcess::SeparateChannels);
-        process.start(QFile::exists(own) ? own : program, arguments);
-        if (!process.waitForFinished(4 * kPatienceMs))
-            return {-1, {}};
-        return {process.exitCode(), process.readAllStandardOutput()};
-    }
-
-    std::pair<int, QByteArray> Vasctl(QStringList arguments)
-    {
-        arguments = QStringList{u"--home"_s, m_home.path(), u"--json"_s, u"--no"_s} + arguments;
-        return RunTool(u"vasctl"_s, arguments);
-    }
-
-    [[nodiscard]] QString Geometry() const { return m_home.filePath(u"geometry.json"_s); }
+    [[nodiscard]] QString Geometry() const { return m_home.Path() + u"/places.json"_s; }
 
     [[nodiscard]] QJsonObject Places() const
     {
@@ -136,7 +85,14 @@ protected:
         return {line[1].toInt() + 120, line[2].toInt() + line[4].toInt() / 2};
     }
 
-    void Xdotool(const QStringList& arguments) { ASSERT_EQ(RunTool(u"xdotool"_s, arguments).first, 0); }
+    void Xdotool(const QStringList& arguments)
+    {
+        QProcess process;
+        process.setProcessEnvironment(m_environment);
+        process.start(u"xdotool"_s, arguments);
+        ASSERT_TRUE(process.waitForFinished(kPatienceMs));
+        ASSERT_EQ(process.exitCode(), 0);
+    }
 
     void MoveTo(QPoint point)
     {
@@ -169,31 +125,17 @@ protected:
         Xdotool({u"mouseup"_s, u"1"_s});
     }
 
-    /// The text of a mapped field of a comp of the sales group, as the forms program holds it.
-    QString CellText(int comp, const QString& field)
-    {
-        const auto cells = QJsonDocument::fromJson(Vasctl({u"report"_s, u"cells"_s}).second).array();
-        for (const QJsonValue& value : cells) {
-            const QJsonObject cell = value.toObject();
-            if (cell[u"comp"_s].toString() == u"SALE %1"_s.arg(comp) && cell[u"field"_s].toString() == field)
-                return cell[u"text"_s].toString();
-        }
-        return {};
-    }
-
     /// Record number `row` of the grid, which is sorted by address.
     QJsonObject Record(int row)
     {
-        const auto list =
-            QJsonDocument::fromJson(Vasctl({u"records"_s, u"list"_s, u"--sort"_s, u"ADDRESS"_s}).second)
-                .array();
+        const QJsonArray list = m_home.Vasctl({u"records"_s, u"list"_s, u"--sort"_s, u"ADDRESS"_s}).Array();
         const QString key = list[row].toObject()[u"CENTRALKEY"_s].toString();
-        return QJsonDocument::fromJson(Vasctl({u"records"_s, u"show"_s, key}).second).object();
+        return m_home.Vasctl({u"records"_s, u"show"_s, key}).Object();
     }
 
-    QTemporaryDir m_home;
+    ProgramHome m_home;
     QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
-    QProcess m_xvfb, m_openbox, m_forms, m_vasclip;
+    QProcess m_xvfb, m_openbox, m_vasclip;
 };
 
 TEST_F(Pointer, ARowDraggedToASlotFillsTheReport)
@@ -203,21 +145,22 @@ TEST_F(Pointer, ARowDraggedToASlotFillsTheReport)
         << "the comparables do not show";
     const QJsonObject record = Record(0);
     ASSERT_FALSE(record.isEmpty());
-    ASSERT_NE(CellText(3, u"ADDRESS"_s), record[u"ADDRESS"_s].toString());
+    ASSERT_NE(m_home.Cell(3, u"ADDRESS"_s), record[u"ADDRESS"_s].toString());
 
     Drag(RowPoint(0), MiddleOf(u"txtComp_3"_s));
 
-    EXPECT_TRUE(WaitFor([&] { return CellText(3, u"ADDRESS"_s) == record[u"ADDRESS"_s].toString(); }, 20000))
-        << "sent " << CellText(3, u"ADDRESS"_s).toStdString() << ", wanted "
+    EXPECT_TRUE(
+        WaitFor([&] { return m_home.Cell(3, u"ADDRESS"_s) == record[u"ADDRESS"_s].toString(); }, 20000))
+        << "sent " << m_home.Cell(3, u"ADDRESS"_s).toStdString() << ", wanted "
         << record[u"ADDRESS"_s].toString().toStdString();
-    EXPECT_EQ(CellText(3, u"GLA"_s), record[u"GLA"_s].toString());
+    EXPECT_EQ(m_home.Cell(3, u"GLA"_s), record[u"GLA"_s].toString());
 }
 
 TEST_F(Pointer, ReplacingACompAsksAndTheKeyboardAnswers)
 {
     Click(MiddleOf(u"TabData#1"_s));
     ASSERT_TRUE(WaitFor([this] { return Places().contains(u"txtComp_1"_s); }));
-    const QString before = CellText(1, u"ADDRESS"_s);
+    const QString before = m_home.Cell(1, u"ADDRESS"_s);
     ASSERT_FALSE(before.isEmpty());
     const QJsonObject record = Record(1);
 
@@ -225,12 +168,13 @@ TEST_F(Pointer, ReplacingACompAsksAndTheKeyboardAnswers)
     QThread::msleep(1500);
     Xdotool({u"key"_s, u"alt+n"_s});
     QThread::msleep(1000);
-    EXPECT_EQ(CellText(1, u"ADDRESS"_s), before) << "No must leave the comp";
+    EXPECT_EQ(m_home.Cell(1, u"ADDRESS"_s), before) << "No must leave the comp";
 
     Drag(RowPoint(1), MiddleOf(u"txtComp_1"_s));
     QThread::msleep(1500);
     Xdotool({u"key"_s, u"alt+y"_s});
-    EXPECT_TRUE(WaitFor([&] { return CellText(1, u"ADDRESS"_s) == record[u"ADDRESS"_s].toString(); }, 20000));
+    EXPECT_TRUE(
+        WaitFor([&] { return m_home.Cell(1, u"ADDRESS"_s) == record[u"ADDRESS"_s].toString(); }, 20000));
 }
 
 } // namespace
