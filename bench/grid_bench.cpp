@@ -2,6 +2,7 @@
 // usage: bench_grid [ROWS]
 
 #include "databook/grid.h"
+#include "forms/screen.h"
 #include "forms/system_ports.h"
 #include "platform/engine/collation.h"
 #include "store/schema.h"
@@ -161,7 +162,8 @@ int main(int argc, char** argv)
     Stopped clock;
     Fixed random;
     Nowhere window;
-    const forms::Ports ports{prompter, pump, clock, random, window};
+    forms::NoScreens screens;
+    const forms::Ports ports{prompter, pump, clock, random, window, screens};
     const QString path = QStringLiteral("C:\\DATABOOK.MDB");
     std::printf("%lld comps, made in %.1f s\n", static_cast<long long>(count),
                 Seconds([&] { Fill(engine, path, count); }));

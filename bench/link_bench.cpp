@@ -1,6 +1,7 @@
 // Sending a comp over a local socket to another process, against the bare round trips of the same bytes over
 // the same kind of socket. usage: bench_link [FIELDS [ROUNDS]]
 
+#include "forms/screen.h"
 #include "link/send_bulk.h"
 #include "platform/conduit/link_server.h"
 #include "platform/conduit/protocol.h"
@@ -200,7 +201,8 @@ struct Bench
     Stopped clock;
     Fixed random;
     Nowhere window;
-    forms::Ports ports{prompter, pump, clock, random, window};
+    forms::NoScreens screens;
+    forms::Ports ports{prompter, pump, clock, random, window, screens};
     forms::ControlSet set;
     common::Globals globals;
     common::StatusDesk status{set};

@@ -70,6 +70,8 @@ public:
     virtual void SetHourglass(bool on) = 0;
 };
 
+class ScreenPort; // forms/screen.h
+
 /// The ports that a subsystem works with, owned by the program (or the test).
 struct Ports
 {
@@ -78,6 +80,7 @@ struct Ports
     Clock& clock;
     RandomSource& random;
     WindowPort& window;
+    ScreenPort& screens;
 };
 
 /// Thrown to end the process from within a rule ("the process ends"). Caught where events enter, after which

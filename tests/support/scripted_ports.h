@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/ports.h"
+#include "support/scripted_screens.h"
 
 #include <gtest/gtest.h>
 
@@ -184,7 +185,8 @@ struct TestPorts
     FakeClock clock;
     FakeRandom random;
     FakeWindow window;
-    [[nodiscard]] forms::Ports Get() { return {prompter, pump, clock, random, window}; }
+    ScriptedScreens screens;
+    [[nodiscard]] forms::Ports Get() { return {prompter, pump, clock, random, window, screens}; }
 };
 
 } // namespace vasclip::tests

@@ -13,6 +13,7 @@
 #include "windows/about_box.h"
 #include "windows/guard.h"
 #include "windows/main_window.h"
+#include "windows/screens.h"
 #include "windows/splash_window.h"
 #include "windows/theme.h"
 #include "windows/window_desktop.h"
@@ -121,11 +122,12 @@ public:
         , m_theme(app, &m_settings)
         , m_prompter(m_disk)
         , m_guard(m_prompter, [this](int code) { End(code); })
-        , m_main({m_disk, m_engine, Link(), {m_prompter, m_pump, m_clock, m_random, m_desktop}})
-        , m_splash({m_prompter, m_pump, m_clock, m_random, m_desktop})
+        , m_main({m_disk, m_engine, Link(), {m_prompter, m_pump, m_clock, m_random, m_desktop, m_screens}})
+        , m_splash({m_prompter, m_pump, m_clock, m_random, m_desktop, m_screens})
         , m_drops(m_main)
         , m_copy(m_disk.Home())
     {
+        m_screens.SetGuard(&m_guard);
         LogErrorsTo(QDir(m_disk.Home()).filePath(u"vasclip.log"_s));
     }
 
@@ -178,6 +180,7 @@ private:
         m_window.emplace(m_main.controls, m_drops, m_guard, m_theme, m_settings);
         m_desktop.SetMainWindow(&*m_window);
         m_prompter.SetOwner(&*m_window);
+        m_screens.SetOwner(&*m_window);
         m_window->setWindowTitle(m_main.Caption());
         QObject::connect(&m_main, &shell::frm_Main::CaptionChanged, &*m_window,
                          [this] { m_window->setWindowTitle(m_main.Caption()); });
@@ -229,6 +232,7 @@ private:
     windows::WindowPrompter m_prompter;
     windows::EventGuard m_guard;
     windows::WindowDesktop m_desktop;
+    windows::WindowScreens m_screens;
     forms::QtEventPump m_pump;
     forms::SystemClock m_clock;
     forms::SystemRandom m_random;

@@ -19,7 +19,7 @@ Session::Session(const QString& home, const QString& socketPath, int linkTimeLim
 
 forms::Ports Session::Ports()
 {
-    return {m_prompter, m_pump, m_clock, m_random, m_window};
+    return {m_prompter, m_pump, m_clock, m_random, m_window, m_screens};
 }
 
 shell::frm_Main& Session::Main()

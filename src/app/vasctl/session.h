@@ -2,6 +2,7 @@
 
 #include "app/vasctl/output.h"
 #include "app/vasctl/terminal_prompter.h"
+#include "forms/screen.h"
 #include "forms/system_ports.h"
 #include "platform/conduit/socket_conduit.h"
 #include "shell/frm_main.h"
@@ -51,6 +52,7 @@ private:
     forms::SystemClock m_clock;
     forms::SystemRandom m_random;
     NoWindow m_window;
+    forms::NoScreens m_screens;
     std::unique_ptr<shell::frm_Main> m_main;
     bool m_databook = false;
     bool m_report = false;

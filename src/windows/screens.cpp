@@ -1,0 +1,63 @@
+#include "windows/screens.h"
+
+#include "windows/guard.h"
+#include "windows/icons.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+
+#include <algorithm>
+
+namespace vasclip::windows {
+
+std::span<const ScreenEntry> Screens()
+{
+    static const std::vector<ScreenEntry> kScreens{};
+    return kScreens;
+}
+
+ScreenWindow::ScreenWindow(forms::Screen& screen, EventGuard& guard, QWidget* parent)
+    : QDialog(parent)
+    , m_screen(screen)
+    , m_guard(guard)
+    , m_binder(screen.controls, guard)
+{
+    const auto known = Screens();
+    const auto entry = std::find_if(known.begin(), known.end(),
+                                    [&](const ScreenEntry& row) { return screen.Name() == row.name; });
+    if (entry == known.end())
+        throw RuntimeError(error::kInvalidOperation,
+                           QStringLiteral("The screen %1 has no window").arg(screen.Name()));
+    entry->layout(*this, screen);
+    setWindowIcon(ApplicationIcon());
+    setWindowTitle(screen.Caption());
+    connect(&screen, &forms::Screen::CaptionChanged, this, [this] { setWindowTitle(m_screen.Caption()); });
+    connect(&screen, &forms::Screen::Unloaded, this, [this] { QDialog::accept(); });
+    m_binder.Bind(*this);
+}
+
+void ScreenWindow::reject()
+{
+    m_guard.Run([this] { m_screen.Unload(); });
+}
+
+void ScreenWindow::closeEvent(QCloseEvent* event)
+{
+    reject();
+    event->setAccepted(!m_screen.IsOpen());
+}
+
+void WindowScreens::ShowModal(forms::Screen& screen)
+{
+    Q_ASSERT(m_guard);
+    screen.Open();
+    {
+        QWidget* active = QApplication::activeModalWidget();
+        ScreenWindow window(screen, *m_guard, active ? active : m_owner.data());
+        if (screen.IsOpen())
+            window.exec();
+    }
+    screen.End();
+}
+
+} // namespace vasclip::windows
