@@ -116,31 +116,6 @@ bool IsReservedName(const QString& name)
            is(QString::fromLatin1(common::Globals::kMappingTable).toUpper());
 }
 
-QString AppraisalTypeEntry(const QString& code)
-{
-    static constexpr QLatin1StringView kEntries[] = {"L=Land"_L1,          "S=1-4 Unit Sale"_L1,
-                                                     "C=Condo"_L1,         "R=1-4 Unit Rental"_L1,
-                                                     "F=Single Family"_L1, "M=Mobile Home"_L1};
-    const QString letter = code.left(1) == " "_L1 ? u"F"_s : code.left(1);
-    if (letter.isEmpty())
-        return {};
-    for (const QLatin1StringView entry : kEntries)
-        if (entry.startsWith(letter))
-            return entry;
-    return {};
-}
-
-void SetAppraisalType(forms::ComboBox& cboapprslType, const QString& code)
-{
-    const QString entry = AppraisalTypeEntry(code);
-    if (entry.isEmpty())
-        return;
-    const int index = cboapprslType.IndexOf(entry);
-    if (index >= 0)
-        cboapprslType.SetListIndex(index);
-    cboapprslType.SetText(entry);
-}
-
 QString ReturnPageType(int tabIndex)
 {
     static constexpr QLatin1StringView kTypes[] = {"SUBJECT_"_L1, "COMPARABLES_"_L1, "GENERAL_"_L1,

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "forms/controls.h"
-
 #include <QLatin1StringView>
 #include <QString>
 
@@ -18,11 +16,6 @@ namespace vasclip::link {
 
 /// A database name, with or without ".MDB", that export, import and archive must refuse.
 [[nodiscard]] bool IsReservedName(const QString& name);
-
-/// The entry of the comp type box for a type letter; "" for an unknown one.
-[[nodiscard]] QString AppraisalTypeEntry(const QString& code);
-/// Selects that entry; an unknown letter leaves the box as it is.
-void SetAppraisalType(forms::ComboBox& cboapprslType, const QString& code);
 
 /// "SUBJECT_", "COMPARABLES_", "GENERAL_", "LISTINGS_", "RENTALS_" for 0 to 4; anything else "".
 [[nodiscard]] QString ReturnPageType(int tabIndex);

@@ -37,11 +37,6 @@ inline const QString kOverwrite = QStringLiteral("Replace %1 with %2!  Are you s
 inline const QString kClearPhoto = QStringLiteral("Clear the photo.  Are you sure?");
 inline const QString kKelNotActive = QStringLiteral("KEL is not active");
 
-inline const QString kKeyMissing = QStringLiteral("CentralKey is null or missing");
-/// %1 is the key.
-inline const QString kKeyFound = QStringLiteral("%1 was found in the comp file.");
-inline const QString kKeyNotFound = QStringLiteral("%1 was NOT found in the comp file.");
-
 // Status texts of a refresh.
 inline const QString kPopulatingTabs = QStringLiteral("Populating Tabs");
 inline const QString kSettingAddresses = QStringLiteral("Setting Appraisal Addresses");

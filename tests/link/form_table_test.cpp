@@ -68,33 +68,6 @@ INSTANTIATE_TEST_SUITE_P(
                     CodeRow{"OtherExtension", u"NEW.TXT"_s, false}, CodeRow{"Empty", u""_s, false}),
     [](const auto& row) { return row.param.name; });
 
-TEST(AppraisalType, EntryOfEveryLetter)
-{
-    EXPECT_EQ(AppraisalTypeEntry(u"L"_s), u"L=Land"_s);
-    EXPECT_EQ(AppraisalTypeEntry(u"S"_s), u"S=1-4 Unit Sale"_s);
-    EXPECT_EQ(AppraisalTypeEntry(u"C"_s), u"C=Condo"_s);
-    EXPECT_EQ(AppraisalTypeEntry(u"R"_s), u"R=1-4 Unit Rental"_s);
-    EXPECT_EQ(AppraisalTypeEntry(u"F"_s), u"F=Single Family"_s);
-    EXPECT_EQ(AppraisalTypeEntry(u" "_s), u"F=Single Family"_s);
-    EXPECT_EQ(AppraisalTypeEntry(u"M"_s), u"M=Mobile Home"_s);
-    EXPECT_EQ(AppraisalTypeEntry(u"Z"_s), u""_s);
-    EXPECT_EQ(AppraisalTypeEntry(u""_s), u""_s);
-}
-
-TEST(AppraisalType, AnUnknownLetterChangesNothing)
-{
-    forms::ControlSet set;
-    forms::ComboBox box{set, u"cboapprslType"_s};
-    box.AddItem(u"C=Condo"_s);
-    box.AddItem(u"M=Mobile Home"_s);
-    SetAppraisalType(box, u"M"_s);
-    EXPECT_EQ(box.Text(), u"M=Mobile Home"_s);
-    EXPECT_EQ(box.ListIndex(), 1);
-    SetAppraisalType(box, u"Z"_s);
-    EXPECT_EQ(box.Text(), u"M=Mobile Home"_s);
-    EXPECT_EQ(box.ListIndex(), 1);
-}
-
 TEST(PageType, OfTheFiveTabs)
 {
     QStringList types;

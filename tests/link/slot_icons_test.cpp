@@ -2,7 +2,6 @@
 
 #include "desk_test.h"
 #include "link/caption_requests.h"
-#include "link/record_status.h"
 
 namespace vasclip::link {
 namespace {
@@ -100,50 +99,6 @@ TEST_F(SlotIcons, AddendumMarksOfSlotsTheFormLacksStayHidden)
     RefreshAddendumIcons(desk);
     EXPECT_FALSE(slots.geaComp(5).Visible());
     EXPECT_TRUE(slots.geaComp(4).Visible());
-}
-
-class RecordStatus : public SlotIcons
-{
-protected:
-    forms::Button cmdAdd{set, u"cmdAdd"_s}, cmddelete{set, u"cmddelete"_s}, cmdRename{set, u"cmdRename"_s},
-        cmdCopy{set, u"cmdCopy"_s}, cmdEdit{set, u"cmdEdit"_s};
-    forms::ComboBox cboapprslType{set, u"cboapprslType"_s};
-    RecordButtons buttons{cmdAdd, cmddelete, cmdRename, cmdCopy, cmdEdit};
-    void Check(const QString& key)
-    {
-        CheckStatus(desk.ports, sources.datDatabook, key, status.lblmsg, buttons, cboapprslType);
-    }
-};
-
-TEST_F(RecordStatus, OfABlankKey)
-{
-    Check(u"  "_s);
-    EXPECT_EQ(status.lblmsg.Caption(), u"CentralKey is null or missing"_s);
-    EXPECT_TRUE(cmdAdd.Enabled());
-}
-
-TEST_F(RecordStatus, OfAKnownKey)
-{
-    AddComp(u"4 Condo St"_s, {{u"APPRSLTYPE"_s, u"C"_s}});
-    Check(u" 4 condo st "_s);
-    EXPECT_EQ(status.lblmsg.Caption(), u"4 CONDO ST was found in the comp file."_s);
-    EXPECT_FALSE(cmdAdd.Enabled());
-    EXPECT_TRUE(cmdEdit.Enabled());
-    EXPECT_EQ(cboapprslType.Text(), u"C=Condo"_s);
-    Check(u"1 BARE ST"_s); // no type at all
-    EXPECT_EQ(cboapprslType.Text(), u"F=Single Family"_s);
-}
-
-TEST_F(RecordStatus, OfAnUnknownKey)
-{
-    Check(u"9 Nowhere"_s);
-    EXPECT_EQ(status.lblmsg.Caption(), u"9 NOWHERE was NOT found in the comp file."_s);
-    EXPECT_TRUE(cmdAdd.Enabled());
-    EXPECT_FALSE(cmddelete.Enabled());
-    EXPECT_FALSE(cmdRename.Enabled());
-    EXPECT_FALSE(cmdCopy.Enabled());
-    ButtonStatus(buttons, u"other"_s);
-    EXPECT_TRUE(cmdAdd.Enabled());
 }
 
 using CaptionRequests = DeskTest;
