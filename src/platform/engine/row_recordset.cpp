@@ -94,10 +94,12 @@ void RowRecordset::NeedUpdatable() const
     static_cast<void>(Open());
     if (Updatable())
         return;
-    throw RuntimeError(error::kFileIsReadOnly,
-                       m_session->Updatable()
-                           ? u"The result of this query can not be changed"_s
-                           : u"Can not update: the database %1 is read-only"_s.arg(m_session->path));
+    throw RuntimeError(
+        error::kFileIsReadOnly,
+        m_session->Updatable()
+            ? u"The result of this query can not be changed"_s
+            : u"Can not update: the database %1 is read-only. Get the rights to write it and its directory"_s
+                  .arg(m_session->path));
 }
 
 qint64 RowRecordset::NeedId() const

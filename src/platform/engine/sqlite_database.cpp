@@ -158,8 +158,10 @@ void SqliteDatabase::NeedUpdatable() const
 {
     static_cast<void>(Open());
     if (!m_session->Updatable())
-        throw RuntimeError(error::kFileIsReadOnly,
-                           u"Can not update: the database %1 is read-only"_s.arg(m_session->path));
+        throw RuntimeError(
+            error::kFileIsReadOnly,
+            u"Can not update: the database %1 is read-only. Get the rights to write it and its directory"_s
+                .arg(m_session->path));
 }
 
 void SqliteDatabase::NeedUnused(const QString& table) const
@@ -181,7 +183,7 @@ qint64 SqliteDatabase::Execute(const QString& text)
     if (plan.kind == Kind::Select)
         throw RuntimeError(error::kInvalidOperation, u"A SELECT gives records: open it as a record set"_s);
     const bool own = plan.target.database.isEmpty() || plan.targetSchema == u"main"_s;
-    if (own || plan.tableSql.startsWith(u"\"main\""_s))
+    if (own || plan.tableSql.startsWith(u"\"main\""_s) || m_session->mode == OpenMode::ReadOnly)
         NeedUpdatable();
     if (plan.kind == Kind::Drop && own)
         NeedUnused(plan.target.table);
