@@ -360,8 +360,10 @@ void WriteSetting(const SettingRow& row, const QString& text, Globals& globals, 
                                                             : text::Trim(text);
     if (!files::WritePrivateProfileString(disk, QString(row.section), QString(row.key), written,
                                           globals.applicationIni))
-        throw RuntimeError(error::kPathFileAccess,
-                           u"%1 could not be written to %2"_s.arg(row.key, globals.applicationIni));
+        throw RuntimeError(
+            error::kPathFileAccess,
+            u"%1 could not be written to %2 and stays as it was. Make room on its disk, or get the "
+            u"rights to its directory, and try again"_s.arg(row.key, globals.applicationIni));
     globals = changed;
 }
 
