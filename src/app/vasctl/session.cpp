@@ -4,14 +4,35 @@
 #include "platform/conduit/socket_path.h"
 #include "shell/ini_location.h"
 
+#include <QFileInfo>
+
 namespace vasclip::vasctl {
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace {
+
+/// Opening a home makes what it lacks, so a mistyped one has to be told before.
+QString ExistingHome(const QString& home)
+{
+    const QFileInfo directory(home);
+    if (!directory.isDir())
+        throw RuntimeError(error::kPathNotFound, u"There is no home %1; choose another with --home"_s.arg(
+                                                     directory.absoluteFilePath()));
+    if (!directory.isReadable() || !directory.isExecutable())
+        throw RuntimeError(
+            error::kPathFileAccess,
+            u"The home %1 can't be read; get the rights to it, or choose another with --home"_s.arg(
+                directory.absoluteFilePath()));
+    return home;
+}
+
+} // namespace
+
 Session::Session(const QString& home, const QString& socketPath, int linkTimeLimitMs,
                  TerminalPrompter& prompter)
     : m_prompter(prompter)
-    , m_disk(home)
+    , m_disk(ExistingHome(home))
     , m_engine(m_disk)
     , m_socketPath(socketPath.isEmpty() ? conduit::DefaultSocketPath(m_disk.Home()) : socketPath)
     , m_conduit(conduit::MakeSocketConduit({.socketPath = m_socketPath, .timeLimitMs = linkTimeLimitMs}))
@@ -52,6 +73,11 @@ shell::frm_Main& Session::WithReport()
 {
     auto& main = WithDatabook();
     if (!m_report) {
+        if (!m_disk.FileExists(main.globals.kelIni))
+            m_prompter.Info(
+                u"Configuration File Missing"_s,
+                u"%1 is not there, so the pages of the report are not known and nothing can be sent to "
+                u"them; the file comes with the forms program."_s.arg(main.globals.kelIni));
         main.ConnectMapping();
         main.records.LoadCompType();
         main.RefreshAppraisal();

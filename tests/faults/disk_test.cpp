@@ -1,0 +1,208 @@
+// A disk that is full and a home that this user may not write or not even read.
+
+#include "faults/fault_home.h"
+
+#include <unistd.h>
+
+namespace vasclip::tests {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+bool RunTool(const QString& program, const QStringList& arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    return process.waitForFinished(kPatienceMs) && process.exitStatus() == QProcess::NormalExit &&
+           process.exitCode() == 0;
+}
+
+/// A small disk mounted over a directory, with what the directory held.
+class SmallDisk
+{
+public:
+    explicit SmallDisk(const QString& directory)
+        : m_directory(directory)
+    {
+        const QString aside = m_aside.path();
+        m_mounted =
+            RunTool(u"cp"_s, {u"-a"_s, directory + u"/."_s, aside}) &&
+            RunTool(u"mount"_s, {u"-t"_s, u"tmpfs"_s, u"-o"_s, u"size=1m"_s, u"tmpfs"_s, directory}) &&
+            RunTool(u"cp"_s, {u"-a"_s, aside + u"/."_s, directory});
+    }
+    ~SmallDisk()
+    {
+        if (m_mounted)
+            RunTool(u"umount"_s, {m_directory});
+    }
+    SmallDisk(const SmallDisk&) = delete;
+    SmallDisk& operator=(const SmallDisk&) = delete;
+
+    [[nodiscard]] bool Mounted() const { return m_mounted; }
+    void Fill() const
+    {
+        QFile file(Filling());
+        if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+            return;
+        for (const qsizetype size : {4096, 512, 1}) {
+            const QByteArray block(size, 'x');
+            while (file.write(block) == block.size()) {
+            }
+        }
+    }
+    void MakeRoom() const { QFile::remove(Filling()); }
+
+private:
+    [[nodiscard]] QString Filling() const { return m_directory + u"/filling"_s; }
+
+    QString m_directory;
+    QTemporaryDir m_aside;
+    bool m_mounted = false;
+};
+
+QStringList Names(const QString& directory)
+{
+    return QDir(directory).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+}
+
+using DiskFaults = FaultHome;
+
+TEST_F(DiskFaults, AFullDiskUnderTheDatabookRefusesChangesAndKeepsAllRecords)
+{
+    const QString key = FirstKey();
+    const QString city = CityOf(key);
+    const SmallDisk disk(home.Native(u"DATABOOK"_s));
+    if (!disk.Mounted())
+        GTEST_SKIP() << "a small disk can't be mounted here";
+    disk.Fill();
+    const QStringList names = Names(home.Native(u"DATABOOK"_s));
+    const QString words =
+        u"The disk that holds C:\\DATABOOK\\DATABOOK.MDB is full. Nothing was changed; make "
+        u"room and try again"_s;
+    struct Row
+    {
+        QStringList command;
+        int code;
+    };
+    for (const Row& row : {Row{{u"add"_s, u"1 New Rd"_s, u"--set"_s, u"CITY=Elsewhere"_s},
+                               kDeclined}, // its box is answered Abort
+                           Row{{u"add"_s, u"1 New Rd"_s, u"--yes"_s}, kDeclined},
+                           Row{{u"edit"_s, key, u"--set"_s, u"CITY=Elsewhere"_s}, kFailed}}) {
+        const Timed run = Vasctl(QStringList{u"records"_s} + row.command);
+        EXPECT_EQ(run.code, row.code) << run.Story();
+        EXPECT_TRUE(run.Says(words)) << run.Story();
+        ExpectWhole(row.command.join(u' '));
+    }
+    EXPECT_EQ(CityOf(key), city) << "a full disk is read all the same";
+    EXPECT_EQ(Names(home.Native(u"DATABOOK"_s)), names) << "no working file stays";
+    disk.MakeRoom();
+    EXPECT_EQ(Vasctl({u"records"_s, u"edit"_s, key, u"--set"_s, u"CITY=Elsewhere"_s}).code, kDone);
+    EXPECT_EQ(CityOf(key), u"Elsewhere"_s);
+}
+
+TEST_F(DiskFaults, AFullDiskUnderTheSettingsKeepsTheOldOnes)
+{
+    const SmallDisk disk(home.Native(u"APPRAISE"_s));
+    if (!disk.Mounted())
+        GTEST_SKIP() << "a small disk can't be mounted here";
+    disk.Fill();
+    const Timed run = Vasctl({u"settings"_s, u"set"_s, u"SORTGRID"_s, u"4"_s});
+    EXPECT_EQ(run.code, kFailed) << run.Story();
+    EXPECT_TRUE(run.Says(u"SORTGRID could not be written to C:\\APPRAISE\\VAS2000.INI"_s)) << run.Story();
+    EXPECT_TRUE(run.Says(u"Make room"_s)) << run.Story();
+    ExpectWhole(u"writing a setting on a full disk"_s);
+    disk.MakeRoom();
+    EXPECT_EQ(Vasctl({u"settings"_s, u"set"_s, u"SORTGRID"_s, u"4"_s}).code, kDone);
+    EXPECT_EQ(home.Vasctl({u"settings"_s, u"get"_s, u"SORTGRID"_s}).Object()[u"value"_s].toString(), u"4"_s);
+}
+
+/// vasctl as a user who owns nothing here; as root through another user, who may not exist or not run it.
+class NoRights : public FaultHome
+{
+protected:
+    [[nodiscard]] Timed AsStranger(const QStringList& command) const
+    {
+        QStringList words{ProgramHome::Program(u"vasctl"_s), u"--home"_s, home.Path()};
+        words += command;
+        if (geteuid() == 0)
+            words = QStringList{u"setpriv"_s, u"--reuid=65534"_s, u"--regid=65534"_s, u"--clear-groups"_s} +
+                    words;
+        QProcess process;
+        process.setProcessEnvironment(home.environment);
+        process.start(words.takeFirst(), words);
+        Timed run;
+        if (process.waitForFinished(kPatienceMs))
+            run.code = process.exitCode();
+        run.out = process.readAllStandardOutput();
+        run.err = process.readAllStandardError();
+        return run;
+    }
+    bool Chmod(const QString& mode) { return RunTool(u"chmod"_s, {u"-R"_s, mode, home.Path()}); }
+    void TearDown() override { Chmod(u"u+rwX"_s); }
+};
+
+TEST_F(NoRights, AHomeThatMayNotBeWrittenIsReadAndSaysWhatItRefuses)
+{
+    if (AsStranger({u"--version"_s}).code != kDone)
+        GTEST_SKIP() << "vasctl can't be run as another user here";
+    ASSERT_TRUE(Chmod(u"a+rX,a-w"_s));
+    const Timed listed = AsStranger({u"records"_s, u"list"_s});
+    EXPECT_EQ(listed.code, kDone) << listed.Story();
+    const Timed added = AsStranger({u"records"_s, u"add"_s, u"1 New Rd"_s});
+    EXPECT_EQ(added.code, kFailed) << added.Story();
+    EXPECT_TRUE(added.Says(u"C:\\DATABOOK\\DATABOOK.MDB is read-only"_s)) << added.Story();
+    const Timed set = AsStranger({u"settings"_s, u"set"_s, u"SORTGRID"_s, u"4"_s});
+    EXPECT_EQ(set.code, kFailed) << set.Story();
+    EXPECT_TRUE(set.Says(u"SORTGRID could not be written to C:\\APPRAISE\\VAS2000.INI"_s)) << set.Story();
+    const Timed doctor = AsStranger({u"doctor"_s});
+    EXPECT_EQ(doctor.code, kFailed) << doctor.Story();
+    EXPECT_TRUE(doctor.out.contains("can't be read and written by this user")) << doctor.Story();
+    ExpectWhole(u"a stranger's visit"_s);
+}
+
+TEST_F(NoRights, AHomeThatMayNotBeReadIsNamed)
+{
+    if (AsStranger({u"--version"_s}).code != kDone)
+        GTEST_SKIP() << "vasctl can't be run as another user here";
+    ASSERT_TRUE(RunTool(u"chmod"_s, {geteuid() == 0 ? u"700"_s : u"000"_s, home.Path()}));
+    for (const QStringList& command : {QStringList{u"records"_s, u"list"_s}, QStringList{u"doctor"_s},
+                                       QStringList{u"report"_s, u"status"_s}}) {
+        const Timed run = AsStranger(command);
+        EXPECT_EQ(run.code, kFailed) << run.Story();
+        EXPECT_TRUE(run.Says(home.Path())) << run.Story();
+        EXPECT_TRUE(run.Says(u"rights"_s)) << run.Story();
+    }
+    ASSERT_TRUE(RunTool(u"chmod"_s, {u"700"_s, home.Path()}));
+    ExpectWhole(u"a stranger's knock"_s);
+}
+
+TEST_F(DiskFaults, AHomeThatIsNotThereIsNotMade)
+{
+    const QString nowhere = home.Path() + u"/no/such/home"_s;
+    for (const QStringList& command : {QStringList{u"records"_s, u"list"_s}, QStringList{u"doctor"_s},
+                                       QStringList{u"settings"_s, u"list"_s}}) {
+        const Ended run = ProgramHome::RunProgram(u"vasctl"_s, QStringList{u"--home"_s, nowhere} + command,
+                                                  home.environment);
+        EXPECT_EQ(run.code, kFailed);
+        EXPECT_TRUE(run.err.contains("There is no home " + nowhere.toUtf8())) << run.err.toStdString();
+    }
+    EXPECT_FALSE(QFileInfo::exists(home.Path() + u"/no"_s));
+}
+
+TEST_F(DiskFaults, WithoutItsSettingsFileADirectoryIsNoHome)
+{
+    ASSERT_TRUE(QFile::remove(Settings()));
+    Remember();
+    for (const QStringList& command : {QStringList{u"records"_s, u"list"_s},
+                                       QStringList{u"settings"_s, u"set"_s, u"SORTGRID"_s, u"4"_s}}) {
+        const Timed run = Vasctl(command);
+        EXPECT_EQ(run.code, kFailed) << run.Story();
+        EXPECT_TRUE(run.Says(u"C:\\APPRAISE\\VAS2000.INI is not there, so this is no home of the program"_s))
+            << run.Story();
+    }
+    ExpectWhole(u"working without settings"_s);
+}
+
+} // namespace
+} // namespace vasclip::tests

@@ -1,0 +1,38 @@
+#include <QCoreApplication>
+#include <QThread>
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+/// A process that keeps everybody else out of a database file until it is killed.
+int HoldLock(const char* file)
+{
+    sqlite3* database = nullptr;
+    if (sqlite3_open(file, &database) != SQLITE_OK ||
+        sqlite3_exec(database, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr) != SQLITE_OK) {
+        std::fprintf(stderr, "%s\n", sqlite3_errmsg(database));
+        sqlite3_close(database);
+        return 1;
+    }
+    std::puts("ready");
+    std::fflush(stdout);
+    QThread::sleep(120);
+    sqlite3_close(database);
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    if (argc == 3 && std::strcmp(argv[1], "--hold-lock") == 0)
+        return HoldLock(argv[2]);
+    testing::InitGoogleTest(&argc, argv);
+    const QCoreApplication app(argc, argv);
+    return RUN_ALL_TESTS();
+}
