@@ -18,20 +18,20 @@ void LoadList(forms::ListBox& list, const files::Disk& disk, const IniListPlace&
 
 bool SaveList(const forms::ListBox& list, const files::Disk& disk, const IniListPlace& place)
 {
-    const auto write = [&](const QString& key, const QString& value) {
-        return files::WritePrivateProfileString(disk, place.section, key, value, place.file);
-    };
-    bool all = true;
-    for (int i = 0; i < list.ListCount(); ++i)
-        all = write(place.prefix + QString::number(i + 1), list.List(i)) && all;
+    QList<files::ProfileKey> keys;
+    for (int i = 0; i < list.ListCount(); ++i) {
+        const QString key = place.prefix + QString::number(i + 1);
+        // An empty text would be read back as the end of the list, but a null one would delete its key.
+        keys.append({place.section, key, list.List(i).isNull() ? QStringLiteral("") : list.List(i)});
+    }
     for (const QString& key : files::ProfileKeys(disk, place.section, place.file)) {
         if (!key.startsWith(place.prefix, Qt::CaseInsensitive))
             continue;
         bool numbered = false;
         if (key.mid(place.prefix.size()).toInt(&numbered) > list.ListCount() && numbered)
-            all = write(key, QString()) && all;
+            keys.append({place.section, key, QString()});
     }
-    return all;
+    return keys.isEmpty() || files::WriteProfileKeys(disk, place.file, keys);
 }
 
 int FindInList(const forms::ListBox& list, const QString& text, Case sensitivity)

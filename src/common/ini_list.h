@@ -22,8 +22,9 @@ inline constexpr int kUntilEmpty = -1;
 void LoadList(forms::ListBox& list, const files::Disk& disk, const IniListPlace& place,
               int count = kUntilEmpty);
 
-/// Writes one numbered key for each line, and deletes the keys of lines that the list no longer has.
-/// @return false if the file could not be written
+/// Writes one numbered key for each line, and deletes the keys of lines that the list no longer has, all in
+/// one replacement of the file.
+/// @return false if the file could not be written; it then holds what it held before
 bool SaveList(const forms::ListBox& list, const files::Disk& disk, const IniListPlace& place);
 
 enum class Case { Matters, Ignored };

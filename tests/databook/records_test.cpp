@@ -204,7 +204,7 @@ TEST_F(Records, ARetryWritesAllOfItAgain)
     Tidying prompter;
     FileLimit limit(disk.FileLen(path));
     prompter.limit = &limit;
-    const forms::Ports tidying{prompter, doubles.pump, doubles.clock, doubles.random, doubles.window};
+    const forms::Ports tidying{prompter, ports.pump, ports.clock, ports.random, ports.window, ports.screens};
     for (int i = 0; i < 2000 && prompter.Boxes().empty(); ++i) {
         const QString address = u"%1 FULL DISK RD"_s.arg(i);
         const databook::RecordResult result = databook::AddRecord(tidying, source, address, u'C', 2);
