@@ -47,6 +47,46 @@ QString SlotText(const link::LinkState& state)
     return text::Trim(same ? state.displayAddress : state.currentKey);
 }
 
+/// Does the report show a picture in the slot, as far as was read or sent?
+bool ReportShowsPhoto(const link::LinkDesk& desk, const forms::PictureBox& photo)
+{
+    const QString entry = u';' + link::ImageObjectName(photo.Name(), photo.Index());
+    return !text::Trim(desk.loader.Table().ErrGetPict(photo)).isEmpty() ||
+           (u';' + desk.addr.txtKelimages.Text()).contains(entry, Qt::CaseInsensitive);
+}
+
+enum class PhotoSent { Yes, None, Failed };
+
+/// Sends the front view of the record that datDatabook stands on. Without one the slot is emptied here and in
+/// the report, where the picture of the comp before would stand beside the new one's data.
+PhotoSent SendFrontView(link::LinkDesk& desk, forms::PictureBox& photo)
+{
+    photos::ReadPhotoLists(desk.sources.datDatabook, desk.lists.lstViews, desk.lists.lstimages);
+    const bool hasView = desk.lists.lstViews.IndexOf(kFrontView) >= 0;
+    if (!hasView && ReportShowsPhoto(desk, photo) && !link::ClearSlotPhoto(desk, photo, false))
+        return PhotoSent::Failed;
+    if (!link::SendKelTheView(desk, photo, photo, photo.Index(), kFrontView))
+        return PhotoSent::Failed;
+    return hasView ? PhotoSent::Yes : PhotoSent::None;
+}
+
+/// Raises a flag for a scope.
+class Busy
+{
+public:
+    explicit Busy(bool& flag)
+        : m_flag(flag)
+    {
+        m_flag = true;
+    }
+    ~Busy() { m_flag = false; }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+private:
+    bool& m_flag;
+};
+
 } // namespace
 
 Router::Router(link::LinkDesk& desk)
@@ -55,16 +95,27 @@ Router::Router(link::LinkDesk& desk)
 
 bool Router::Accepts(const QString& source, const forms::Control& target) const
 {
-    return RuleFor(source, target.Name()) && target.Enabled() &&
-           !link::SlotPageNotAvailable(m_desk.report, target.Name(), target.Index());
+    const DropRule* rule = RuleFor(source, target.Name());
+    if (!rule || !target.Enabled() ||
+        link::SlotPageNotAvailable(m_desk.report, target.Name(), target.Index()))
+        return false;
+    // The data box of a comp that the form does not have stays enabled; its text slot does not.
+    return SlotOf(m_desk, *rule, target.Index()).text.Enabled();
 }
 
 Outcome Router::Drop(const Drag& drag, forms::Control& target)
 {
     const DropRule* rule = RuleFor(drag.source, target.Name());
-    if (!rule || !Accepts(drag.source, target))
+    if (!rule)
         return {};
-    if (!link::KelIsActive(m_desk))
+    // A turn of the queue can bring a drop into the middle of other work on the same slots and records.
+    if (m_busy)
+        return {false, u"The drop before this one is still on its way. Drop it again in a moment."_s,
+                forms::Colour::Red};
+    if (m_desk.state.refreshing)
+        return {false, u"The report is being read. Drop it again in a moment."_s, forms::Colour::Red};
+    const Busy busy{m_busy};
+    if (!link::KelIsActive(m_desk) || !Accepts(drag.source, target))
         return {};
     return PasteComp(drag, target, *rule);
 }
@@ -87,14 +138,18 @@ Outcome Router::PasteComp(const Drag& drag, forms::Control& target, const DropRu
         return {};
 
     slot.text.SetText(SlotText(m_desk.state));
-    if (rule.action == DropAction::PasteCompAndPhoto) {
-        photos::ReadPhotoLists(m_desk.sources.datDatabook, m_desk.lists.lstViews, m_desk.lists.lstimages);
-        link::SendKelTheView(m_desk, slot.photo, slot.photo, static_cast<qint16>(target.Index()), kFrontView);
-    }
+    PhotoSent photo = PhotoSent::Yes;
+    if (rule.action == DropAction::PasteCompAndPhoto)
+        photo = SendFrontView(m_desk, slot.photo);
     m_desk.loader.ErrLoadPict(slot.data, m_desk.globals.G_ProgramDir + u"Addendum_Added.bmp"_s);
     slot.refreshIcons(m_desk);
     m_desk.ports.window.AppActivate();
-    return {true, u"%1 is in the report now."_s.arg(slot.text.Text()), forms::Colour::Green};
+    const QString shown = slot.text.Text();
+    if (photo == PhotoSent::Failed)
+        return {true, u"%1 is in the report now, its photo is not."_s.arg(shown), forms::Colour::Red};
+    if (photo == PhotoSent::None)
+        return {true, u"%1 is in the report now. It has no front view."_s.arg(shown), forms::Colour::Green};
+    return {true, u"%1 is in the report now."_s.arg(shown), forms::Colour::Green};
 }
 
 } // namespace vasclip::drops

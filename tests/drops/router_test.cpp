@@ -1,0 +1,340 @@
+#include "drops/router.h"
+
+#include "link/desk_test.h"
+#include "link/refresh.h"
+#include "link/slot_icons.h"
+#include "link/tabs.h"
+
+namespace vasclip::drops {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+/// A router on a desk: two comps with a front photo, one with none, every group mapped, a report of all
+/// pages.
+class RouterTest : public link::DeskTest
+{
+protected:
+    Router router{desk};
+
+    void SetUp() override
+    {
+        DeskTest::SetUp();
+        AddComp(u"12 Oak St"_s,
+                {{u"GLA"_s, u"1850"_s}, {u"PHOTOS"_s, u"FRONT VIEW|OAK\r\nREAR VIEW|OAKR\r\n"_s}});
+        AddComp(u"14 Elm St"_s, {{u"GLA"_s, u"990"_s}, {u"PHOTOS"_s, u"REAR VIEW|ELM\r\n"_s}});
+        Picture(u"C:\\JPG\\OAK.jpg"_s);
+        Picture(u"C:\\JPG\\OAKR.jpg"_s);
+        Picture(u"C:\\JPG\\ELM.jpg"_s);
+        for (const QString& mark : {u"Added"_s, u"Full"_s, u"Empty"_s})
+            Picture(u"C:\\VAS2000\\Addendum_"_s + mark + u".bmp"_s);
+        for (const QString& group : {u"SALE"_s, u"ALT"_s, u"LIST"_s, u"RENT"_s})
+            Map({u"UA5"_s, group + u"PAGE"_s, u"GLA"_s, u"12"_s, u"3"_s, group, u"1"_s, u"2"_s});
+        OpenReport(u"SMITH"_s, u"UA5,SUBPHOTO,"_s);
+    }
+    Outcome DropOn(forms::Control& target, const QString& key = u"12 OAK ST"_s)
+    {
+        return router.Drop({u"grddatabook"_s, -1, key, {}}, target);
+    }
+    [[nodiscard]] QString Shows(const forms::PictureBox& box) const { return table.ErrGetPict(box); }
+    static QString SetImage(const QString& object, const QString& path)
+    {
+        return u"[RunMacro( SetImage \""_s + object + u"\", \""_s + path + u"\" ) ]\r"_s;
+    }
+};
+
+struct TargetRow
+{
+    const char* name;
+    QString group, prefix;
+    forms::ControlArray<forms::TextBox> link::ReportControls::*text;
+    forms::ControlArray<forms::PictureBox> photos::SlotControls::*photo;
+    forms::ControlArray<forms::PictureBox> photos::SlotControls::*data;
+    forms::ControlArray<forms::PictureBox> photos::SlotControls::*icon;
+};
+
+class RouterRows : public RouterTest, public testing::WithParamInterface<TargetRow>
+{
+protected:
+    forms::TextBox& Text() { return (report.*GetParam().text)(2); }
+    forms::PictureBox& Photo() { return (slots.*GetParam().photo)(2); }
+    forms::PictureBox& Data() { return (slots.*GetParam().data)(2); }
+    forms::PictureBox& Icon() { return (slots.*GetParam().icon)(2); }
+};
+
+TEST_P(RouterRows, ATextSlotTakesDataPhotoAddendumAndIcon)
+{
+    Icon().SetVisible(false);
+    const Outcome outcome = DropOn(Text());
+    EXPECT_TRUE(outcome.done);
+    EXPECT_EQ(outcome.message, u"12 Oak St is in the report now."_s);
+    EXPECT_EQ(outcome.colour, forms::Colour::Green);
+    EXPECT_EQ(Poked(), (QStringList{GetParam().group + u"PAGE|12|5=1850"_s}));
+    EXPECT_EQ(conduit.commands,
+              (QStringList{SetImage(GetParam().prefix + u"2_3X5"_s, u"C:\\\\JPG\\\\OAK.jpg"_s)}));
+    EXPECT_EQ(Text().Text(), u"12 Oak St"_s);
+    EXPECT_EQ(Shows(Photo()), u"C:\\JPG\\OAK.jpg"_s);
+    EXPECT_FALSE(Photo().Picture().isNull());
+    EXPECT_EQ(Shows(Data()), u"C:\\VAS2000\\Addendum_Added.bmp"_s);
+    EXPECT_TRUE(Icon().Visible());
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    EXPECT_FALSE(doubles.window.hourglass);
+}
+
+TEST_P(RouterRows, ADataBoxTakesTheDataWithoutThePhoto)
+{
+    Icon().SetVisible(false);
+    const Outcome outcome = DropOn(Data());
+    EXPECT_TRUE(outcome.done);
+    EXPECT_EQ(Poked(), (QStringList{GetParam().group + u"PAGE|12|5=1850"_s}));
+    EXPECT_TRUE(conduit.commands.isEmpty());
+    EXPECT_EQ(Text().Text(), u"12 Oak St"_s);
+    EXPECT_EQ(Shows(Photo()), QString());
+    EXPECT_EQ(Shows(Data()), u"C:\\VAS2000\\Addendum_Added.bmp"_s);
+    EXPECT_TRUE(Icon().Visible());
+}
+
+TEST_P(RouterRows, ARecordWithoutAFrontViewEmptiesTheSlotHereAndInTheReport)
+{
+    loader.ErrLoadThumb(Photo(), u"C:\\JPG\\OAK.jpg"_s);
+    const Outcome outcome = DropOn(Text(), u"14 ELM ST"_s);
+    EXPECT_TRUE(outcome.done);
+    EXPECT_EQ(outcome.message, u"14 Elm St is in the report now. It has no front view."_s);
+    EXPECT_EQ(Shows(Photo()), QString());
+    EXPECT_TRUE(Photo().Picture().isNull());
+    EXPECT_EQ(conduit.commands, (QStringList{SetImage(GetParam().prefix + u"2_3X5"_s, {})}));
+}
+
+TEST_P(RouterRows, NothingHappensOnAPageThatTheReportDoesNotHave)
+{
+    for (forms::TabControl* tab : {&report.TabComp, &report.TabListing, &report.TabRental})
+        for (int page = 0; page < tab->Tabs(); ++page)
+            tab->SetTabCaption(page, u"N/A"_s);
+    for (forms::Control* target :
+         {static_cast<forms::Control*>(&Text()), static_cast<forms::Control*>(&Data())}) {
+        const Outcome outcome = DropOn(*target);
+        EXPECT_FALSE(outcome.done);
+        EXPECT_EQ(outcome.message, QString());
+    }
+    EXPECT_TRUE(conduit.pokes.isEmpty());
+    EXPECT_TRUE(conduit.commands.isEmpty());
+    EXPECT_EQ(Text().Text(), QString());
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, RouterRows,
+    testing::Values(TargetRow{"Comp", u"SALE"_s, u"CMP_"_s, &link::ReportControls::txtComp,
+                              &photos::SlotControls::imaComp, &photos::SlotControls::geaComp,
+                              &photos::SlotControls::imaCompIcon},
+                    TargetRow{"AltComp", u"ALT"_s, u"ALT_"_s, &link::ReportControls::txtAltComp,
+                              &photos::SlotControls::imaAltComp, &photos::SlotControls::geaAltComp,
+                              &photos::SlotControls::imaAltCompIcon},
+                    TargetRow{"Listing", u"LIST"_s, u"LCMP_"_s, &link::ReportControls::txtListing,
+                              &photos::SlotControls::imaListing, &photos::SlotControls::geaListing,
+                              &photos::SlotControls::imaListingIcon},
+                    TargetRow{"Rental", u"RENT"_s, u"RCMP_"_s, &link::ReportControls::txtRental,
+                              &photos::SlotControls::imaRental, &photos::SlotControls::geaRental,
+                              &photos::SlotControls::imaRentalIcon}),
+    [](const auto& row) { return row.param.name; });
+
+TEST_F(RouterTest, APictureThatOnlyTheReportKnowsOfIsClearedToo)
+{
+    // The report names a file that is not on this machine, so the slot shows nothing.
+    addr.txtKelimages.SetText(u"CMP_1_3X5|;CMP_2_3X5|D:\\GONE.JPG;"_s);
+    DropOn(report.txtComp(2), u"14 ELM ST"_s);
+    EXPECT_EQ(conduit.commands, (QStringList{SetImage(u"CMP_2_3X5"_s, {})}));
+}
+
+TEST_F(RouterTest, ASlotThatHasNoPictureObjectIsNotCleared)
+{
+    addr.txtKelimages.SetText(u"LCMP_2_3X5|C:\\JPG\\ELM.jpg;"_s);
+    DropOn(report.txtComp(2), u"14 ELM ST"_s);
+    EXPECT_TRUE(conduit.commands.isEmpty());
+}
+
+TEST_F(RouterTest, ARecordWhosePhotoFileIsMissingClearsTheObject)
+{
+    AddComp(u"16 Ash St"_s, {{u"PHOTOS"_s, u"FRONT VIEW|NOFILE\r\n"_s}});
+    EXPECT_TRUE(DropOn(report.txtComp(2), u"16 ASH ST"_s).done);
+    EXPECT_EQ(conduit.commands, (QStringList{SetImage(u"CMP_2_3X5"_s, {})}));
+}
+
+TEST_F(RouterTest, RefreshRunsTwiceBehindThePhotoAndOnceBehindItsRecalculation)
+{
+    Script(u"refresh.bas"_s);
+    Script(u"recalc.bas"_s);
+    DropOn(report.txtComp(2));
+    EXPECT_EQ(conduit.commands,
+              (QStringList{u"[RunMacro(recalc.bas)]\r"_s, SetImage(u"CMP_2_3X5"_s, u"C:\\\\JPG\\\\OAK.jpg"_s),
+                           u"[RunMacro(refresh.bas)]\r"_s, u"[RunMacro(refresh.bas)]\r"_s}));
+}
+
+TEST_F(RouterTest, ThisProgramComesBackToTheFrontWhenTheDropIsOver)
+{
+    QStringList order;
+    conduit.before = [&](const QString& entry) {
+        if (entry.startsWith("execute"_L1))
+            order << u"macro after "_s + QString::number(doubles.window.activations);
+    };
+    DropOn(report.txtComp(2));
+    // Before the drop, three of the send, behind it, before the picture; then behind it and at the end.
+    EXPECT_EQ(order, (QStringList{u"macro after 6"_s}));
+    EXPECT_EQ(doubles.window.activations, 8);
+}
+
+TEST_F(RouterTest, APhotoThatCannotBeSentIsToldAndTheDataStay)
+{
+    conduit.FailOnce(u"execute "_s + SetImage(u"CMP_2_3X5"_s, u"C:\\\\JPG\\\\OAK.jpg"_s), error::kLinkBusy,
+                     u"No such object"_s);
+    const Outcome outcome = DropOn(report.txtComp(2));
+    EXPECT_TRUE(outcome.done);
+    EXPECT_EQ(outcome.message, u"12 Oak St is in the report now, its photo is not."_s);
+    EXPECT_EQ(outcome.colour, forms::Colour::Red);
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1U);
+    EXPECT_EQ(report.txtComp(2).Text(), u"12 Oak St"_s);
+}
+
+TEST_F(RouterTest, ARefusedOverwriteChangesNothing)
+{
+    report.txtComp(2).SetText(u"99 Other St"_s);
+    doubles.prompter.Answer(forms::Answer::No);
+    const Outcome outcome = DropOn(report.txtComp(2));
+    EXPECT_FALSE(outcome.done);
+    EXPECT_EQ(outcome.message, QString());
+    EXPECT_TRUE(state.dropRefused);
+    EXPECT_TRUE(conduit.pokes.isEmpty());
+    EXPECT_TRUE(conduit.commands.isEmpty());
+    EXPECT_EQ(report.txtComp(2).Text(), u"99 Other St"_s);
+    EXPECT_EQ(Shows(slots.geaComp(2)), QString());
+}
+
+TEST_F(RouterTest, ASendThatBreaksOffLeavesTheSlotAsItWas)
+{
+    conduit.FailOnce(u"poke"_s, error::kLinkBusy, u"No such cell"_s);
+    const Outcome outcome = DropOn(report.txtComp(2));
+    EXPECT_FALSE(outcome.done);
+    EXPECT_EQ(outcome.message, u"Only a part of 12 OAK ST reached the report. Drop it again."_s);
+    EXPECT_EQ(outcome.colour, forms::Colour::Red);
+    EXPECT_EQ(report.txtComp(2).Text(), QString());
+    EXPECT_TRUE(conduit.commands.isEmpty());
+}
+
+TEST_F(RouterTest, ARecordThatIsGoneIsNamed)
+{
+    const Outcome outcome = DropOn(report.txtComp(2), u"1 NOWHERE"_s);
+    EXPECT_FALSE(outcome.done);
+    EXPECT_EQ(outcome.message, u"1 NOWHERE is no longer in the Databook."_s);
+    EXPECT_TRUE(conduit.pokes.isEmpty());
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(RouterTest, WithNoReportOpenNothingHappens)
+{
+    for (const QString& reports : {QString(), u"none"_s}) {
+        conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, reports);
+        const Outcome outcome = DropOn(report.txtComp(2));
+        EXPECT_FALSE(outcome.done);
+        EXPECT_EQ(outcome.message, QString());
+    }
+    conduit.running = false;
+    EXPECT_FALSE(DropOn(report.txtComp(2)).done);
+    EXPECT_TRUE(conduit.pokes.isEmpty());
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(RouterTest, TheReportIsAskedForBeforeThePage)
+{
+    report.TabComp.SetTabCaption(0, u"N/A"_s);
+    state.linkActive = false;
+    DropOn(report.txtComp(2));
+    EXPECT_TRUE(state.linkActive);
+    EXPECT_EQ(conduit.log.count(u"request"_s), 1);
+}
+
+TEST_F(RouterTest, APairWithoutARuleAsksNobody)
+{
+    EXPECT_FALSE(DropOn(slots.imaComp(2)).done);
+    EXPECT_FALSE(router.Drop({u"txtComp"_s, 1, {}, {}}, report.txtComp(2)).done);
+    EXPECT_TRUE(conduit.log.isEmpty());
+}
+
+TEST_F(RouterTest, CompsThatTheFormDoesNotHaveTakeNothing)
+{
+    ini = {{u"3X5_PHOTO_PAGES/COMPARABLES_2"_s, u"COMP2"_s}};
+    OpenReport(u"SMITH"_s, u"DT3,SUBPHOTO,COMP2,"_s);
+    link::TestOtherTabs(desk, u"DT3,SUBPHOTO,COMP2,"_s, false);
+    for (forms::Control* target : {static_cast<forms::Control*>(&report.txtComp(5)),
+                                   static_cast<forms::Control*>(&slots.geaComp(6))}) {
+        EXPECT_FALSE(router.Accepts(u"grddatabook"_s, *target));
+        EXPECT_FALSE(DropOn(*target).done);
+    }
+    EXPECT_TRUE(router.Accepts(u"grddatabook"_s, slots.geaComp(4)));
+    EXPECT_TRUE(conduit.pokes.isEmpty());
+}
+
+TEST_F(RouterTest, ADropInTheMiddleOfARefreshIsPutOff)
+{
+    ini = {{u"3X5_PHOTO_PAGES/COMPARABLES_1"_s, u"COMP1"_s}};
+    OpenReport(u"SMITH"_s, u"UA5,SUBPHOTO,COMP1,"_s);
+    QList<Outcome> within;
+    doubles.pump.onTurn = [&] { within << DropOn(report.txtComp(2)); };
+    link::RefreshAppraisal(desk);
+    ASSERT_FALSE(within.isEmpty());
+    for (const Outcome& outcome : within) {
+        EXPECT_FALSE(outcome.done);
+        EXPECT_EQ(outcome.message, u"The report is being read. Drop it again in a moment."_s);
+    }
+    EXPECT_TRUE(conduit.pokes.isEmpty());
+    doubles.pump.onTurn = nullptr;
+    EXPECT_TRUE(DropOn(report.txtComp(2)).done);
+}
+
+TEST_F(RouterTest, ADropInTheMiddleOfADropIsPutOff)
+{
+    Outcome inner;
+    bool within = false;
+    conduit.before = [&](const QString& entry) {
+        if (entry != "poke"_L1 || within)
+            return;
+        within = true;
+        inner = DropOn(report.txtComp(3), u"14 ELM ST"_s);
+    };
+    const Outcome outer = DropOn(report.txtComp(2));
+    EXPECT_FALSE(inner.done);
+    EXPECT_EQ(inner.message, u"The drop before this one is still on its way. Drop it again in a moment."_s);
+    EXPECT_TRUE(outer.done);
+    EXPECT_EQ(report.txtComp(2).Text(), u"12 Oak St"_s);
+    EXPECT_EQ(report.txtComp(3).Text(), QString());
+    EXPECT_EQ(Poked(), (QStringList{u"SALEPAGE|12|5=1850"_s}));
+}
+
+struct TextRow
+{
+    const char* name;
+    QString address;
+    qint16 addressCase;
+    QString shown;
+};
+class RouterSlotText : public RouterTest, public testing::WithParamInterface<TextRow>
+{};
+TEST_P(RouterSlotText, IsTheAddressInItsCaseOrTheKey)
+{
+    globals.addressCase = GetParam().addressCase;
+    Add(engine, kDatabook, u"COMPS"_s,
+        {{u"CENTRALKEY"_s, u"7 ELK RUN"_s.leftJustified(35)}, {u"ADDRESS"_s, GetParam().address}});
+    EXPECT_TRUE(DropOn(report.txtComp(1), u" 7 elk run "_s).done);
+    EXPECT_EQ(report.txtComp(1).Text(), GetParam().shown);
+    // The slot finds its record again: no question.
+    EXPECT_TRUE(DropOn(report.txtComp(1), u"7 ELK RUN"_s).done);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+INSTANTIATE_TEST_SUITE_P(Rows, RouterSlotText,
+                         testing::Values(TextRow{"Upper", u"7 Elk Run"_s, 0, u"7 ELK RUN"_s},
+                                         TextRow{"Proper", u"7 ELK RUN"_s, 1, u"7 Elk Run"_s},
+                                         TextRow{"AsStored", u"7 eLk Run"_s, 2, u"7 eLk Run"_s},
+                                         TextRow{"EditedAway", u"7B Elk Run"_s, 2, u"7 ELK RUN"_s}),
+                         [](const auto& row) { return row.param.name; });
+
+} // namespace
+} // namespace vasclip::drops
