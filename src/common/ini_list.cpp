@@ -5,6 +5,11 @@
 
 namespace vasclip::common {
 
+IniListPlace GeneralViews(const Globals& globals)
+{
+    return {globals.applicationIni, QStringLiteral("GENERAL VIEWS"), QStringLiteral("GENERALVIEW")};
+}
+
 void LoadList(forms::ListBox& list, const files::Disk& disk, const IniListPlace& place, int count)
 {
     for (int number = 1; count == kUntilEmpty || number <= count; ++number) {

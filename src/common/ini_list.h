@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/globals.h"
 #include "forms/controls.h"
 #include "platform/files/disk.h"
 
@@ -7,13 +8,16 @@
 
 namespace vasclip::common {
 
-/// A list kept in an ini file as numbered keys: section "GENERAL VIEWS", keys GENERALVIEW1, GENERALVIEW2, ...
+/// A list kept in an ini file as numbered keys: GENERALVIEW1, GENERALVIEW2, ...
 struct IniListPlace
 {
     QString file; ///< drive path of the ini file
     QString section;
     QString prefix;
 };
+
+/// The saved names of general views.
+[[nodiscard]] IniListPlace GeneralViews(const Globals& globals);
 
 inline constexpr int kUntilEmpty = -1;
 

@@ -261,6 +261,24 @@ Sources::Sources(engine::Engine& engine)
     , datComp2Kel_CURRENT(engine, QStringLiteral("datComp2Kel_CURRENT"))
 {}
 
+const DataSource* Sources::Find(const QString& name) const
+{
+    for (const DataSource* source : {&datDatabook, &datsql, &datCentralKey, &datComps, &datcomments,
+                                     &datnewcmts, &datnewcomps, &datmap, &datComp2Kel_CURRENT}) {
+        if (source->Name().compare(name, Qt::CaseInsensitive) == 0)
+            return source;
+    }
+    return nullptr;
+}
+
+QString GetData(const Sources& sources, const QString& name, const QString& field)
+{
+    const DataSource* source = sources.Find(name);
+    if (!source)
+        throw RuntimeError(error::kNoObject, QStringLiteral("There is no data source %1").arg(name));
+    return GetFieldData(*source, field);
+}
+
 void Connect2Databook(const forms::Ports& ports, Sources& sources, const QString& path, const QString& table)
 {
     const RoutineScope scope{"Connect2Databook"};

@@ -58,7 +58,13 @@ struct Sources
     explicit Sources(engine::Engine& engine);
     DataSource datDatabook, datsql, datCentralKey, datComps, datcomments, datnewcmts, datnewcomps, datmap,
         datComp2Kel_CURRENT;
+
+    /// A source by its name without regard to case; nullptr if there is none of that name.
+    [[nodiscard]] const DataSource* Find(const QString& name) const;
 };
+
+/// GetFieldData of a named source. @throws RuntimeError 91 for a name that no source has
+[[nodiscard]] QString GetData(const Sources& sources, const QString& name, const QString& field);
 
 /// Binds `datDatabook` (table) and `datsql` (dynaset) to the Databook and refreshes both.
 void Connect2Databook(const forms::Ports& ports, Sources& sources, const QString& path, const QString& table);

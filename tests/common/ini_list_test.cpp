@@ -15,7 +15,11 @@ struct IniListTest : testing::Test
 {
     QTemporaryDir home;
     files::Disk disk{home.path()};
-    IniListPlace place{u"C:\\VAS2000.INI"_s, u"GENERAL VIEWS"_s, u"GENERALVIEW"_s};
+    IniListPlace place = [] {
+        Globals globals;
+        globals.applicationIni = u"C:\\VAS2000.INI"_s;
+        return GeneralViews(globals);
+    }();
     forms::ControlSet set;
     forms::ListBox list{set, u"lstGenViews"_s};
     QStringList Keys() const { return files::ProfileKeys(disk, place.section, place.file); }

@@ -121,6 +121,31 @@ TEST_F(Store, TheDatabookIsBoundTwice)
     EXPECT_FALSE(sources.datmap.Bound());
 }
 
+TEST_F(Store, AFieldIsReadFromANamedSource)
+{
+    store::Sources sources(engine);
+    AddComps({u"12 MAIN ST"_s});
+    store::Connect2Databook(ports, sources, path, table);
+    EXPECT_EQ(store::GetData(sources, u"datDatabook"_s, key), u"12 MAIN ST"_s);
+    EXPECT_EQ(store::GetData(sources, u"DATSQL"_s, u"PHOTOS"_s), QString()) << "Null";
+    for (const QString& name : {u"datmap"_s, u"datNowhere"_s}) {
+        try {
+            (void)store::GetData(sources, name, key);
+            ADD_FAILURE() << name.toStdString();
+        } catch (const RuntimeError& failure) {
+            EXPECT_EQ(failure.Number(), error::kNoObject);
+            EXPECT_TRUE(failure.Description().contains(name)) << failure.Description().toStdString();
+        }
+    }
+    for (const QString& name :
+         u"datDatabook datsql datCentralKey datComps datcomments datnewcmts datnewcomps "
+         "datmap datComp2Kel_CURRENT"_s.split(u' ')) {
+        const store::DataSource* found = sources.Find(name);
+        ASSERT_NE(found, nullptr) << name.toStdString();
+        EXPECT_EQ(found->Name(), name);
+    }
+}
+
 // --- which databases are offered
 // ----------------------------------------------------------------------------
 
@@ -431,6 +456,8 @@ TEST_F(Store, AttributesAreSetAndAFailureIsToldAndPassedOver)
     EXPECT_EQ(disk.GetAttr(u"C:\\a.jpg"_s), files::ReadOnly);
     store::DalmoSetReadWriteBit(ports, disk, u"C:\\a.jpg"_s, 0);
     EXPECT_EQ(disk.GetAttr(u"C:\\a.jpg"_s), files::Normal);
+    store::DalmoSetReadWriteBit(ports, disk, u"C:\\a.jpg"_s, 2);
+    EXPECT_EQ(disk.GetAttr(u"C:\\a.jpg"_s), files::Hidden);
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
 
     store::DalmoSetReadWriteBit(ports, disk, u"C:\\gone.jpg"_s, 1);
