@@ -145,6 +145,25 @@ TEST_F(Process, WrongLinesAndFilesAreToldInWords)
     }
 }
 
+TEST_F(Process, WithoutADisplayServesWithItsWindowOutOfSight)
+{
+    QProcessEnvironment bare = QProcessEnvironment::systemEnvironment();
+    for (const QString& name : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"QT_QPA_PLATFORM"_s})
+        bare.remove(name);
+    m_process.setProcessEnvironment(bare);
+    m_process.start(QStringLiteral(KELFORMS), {u"--home"_s, m_home.Path(), u"--socket"_s, m_socket});
+    ASSERT_TRUE(m_process.waitForReadyRead(20000));
+    EXPECT_TRUE(m_process.readAllStandardOutput().contains("listening at"));
+    EXPECT_TRUE(m_process.readAllStandardError().contains("there is no display"));
+    const auto link = Open(u"KEL|Query"_s);
+    link->SetLinkItem(u"ActiveReports"_s);
+    link->LinkRequest();
+    EXPECT_EQ(link->Text(), u"none"_s); // and it was given no reports
+    ASSERT_TRUE(Stop());
+    EXPECT_EQ(m_process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(m_process.exitCode(), 0);
+}
+
 TEST_F(Process, Dies)
 {
     ASSERT_TRUE(Start({u"--die-after"_s, u"2"_s, m_home.MakeReport(u"smith"_s, u"UA5"_s)}));

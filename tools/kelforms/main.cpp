@@ -2,6 +2,7 @@
 #include "kelforms/app/service.h"
 #include "kelforms/app/system_signals.h"
 #include "kelforms/window/run_window.h"
+#include "platform/desktop/desktop.h"
 #include "platform/text/runtime_error.h"
 
 #include <QApplication>
@@ -62,6 +63,12 @@ int main(int argc, char** argv)
     if (kelforms::WantsNoWindow(argc, argv)) {
         const QCoreApplication application(argc, argv);
         return Start();
+    }
+    if (!vasclip::desktop::CanShowWindows()) {
+        std::fputs(
+            "kelforms: there is no display, so the window is out of sight; --headless serves without one\n",
+            stderr);
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     const QApplication application(argc, argv);
     return Start();

@@ -6,6 +6,7 @@
 #include "forms/system_ports.h"
 #include "platform/conduit/socket_conduit.h"
 #include "platform/conduit/socket_path.h"
+#include "platform/desktop/desktop.h"
 #include "platform/desktop/one_copy.h"
 #include "shell/frm_main.h"
 #include "shell/frm_splash.h"
@@ -249,9 +250,10 @@ private:
 
 int main(int argc, char* argv[])
 {
-    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
-        qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    if (!desktop::CanShowWindows()) {
+        std::fputs("Vasclip: there is no display, so the window is out of sight\n", stderr);
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     QApplication app(argc, argv);
     QApplication::setApplicationName(u"Vasclip"_s);
     QApplication::setApplicationVersion(QStringLiteral(VASCLIP_VERSION));

@@ -63,4 +63,7 @@ struct SystemVersion
 /// windows have no classes.
 [[nodiscard]] QString FindWindowCaption(const QString& windowClass);
 
+/// False where a window would end the program, for want of a display or of a choice of what to draw on.
+[[nodiscard]] bool CanShowWindows();
+
 } // namespace vasclip::desktop

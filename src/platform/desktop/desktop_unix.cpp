@@ -164,4 +164,17 @@ QString FindWindowCaption(const QString& /*windowClass*/)
     return {};
 }
 
+bool CanShowWindows()
+{
+#ifdef Q_OS_MACOS
+    return true;
+#else
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+        if (!qEnvironmentVariableIsEmpty(name))
+            return true;
+    }
+    return false;
+#endif
+}
+
 } // namespace vasclip::desktop

@@ -111,4 +111,9 @@ QString FindWindowCaption(const QString& windowClass)
     return QString::fromWCharArray(caption, length);
 }
 
+bool CanShowWindows()
+{
+    return true;
+}
+
 } // namespace vasclip::desktop
