@@ -16,7 +16,6 @@ using common::RoutineScope;
 
 namespace {
 
-constexpr int kInvalidFileFormat = 321;
 constexpr int kVersion = 1;
 constexpr int kMinWidth = 16;
 constexpr int kMaxWidth = 4000;
@@ -26,7 +25,7 @@ const QString kKeyField = QStringLiteral("CENTRALKEY");
 [[noreturn]] void Refuse(const QString& file, const QString& why)
 {
     throw RuntimeError(
-        kInvalidFileFormat,
+        kInvalidLayoutFile,
         QStringLiteral("The grid layout file %1 can't be used: %2. Move it away or restore its backup "
                        "(.gbk), then try again")
             .arg(file, why));
@@ -79,10 +78,25 @@ bool IsReadable(const files::Disk& disk, const QString& file)
         (void)LayoutFile::Read(disk, file);
         return true;
     } catch (const RuntimeError& failure) {
-        if (failure.Number() != kInvalidFileFormat)
+        if (failure.Number() != kInvalidLayoutFile)
             throw;
         return false;
     }
+}
+
+/// Before a file is replaced: a good one goes to its backup, any other is moved aside.
+void Retire(const files::Disk& disk, const QString& file)
+{
+    if (!disk.Found(file))
+        return;
+    if (IsReadable(disk, file)) {
+        RefreshLayoutFile(disk, file);
+        return;
+    }
+    const QString aside = file.chopped(3) + QStringLiteral("bad");
+    if (disk.Found(aside))
+        disk.Kill(aside);
+    disk.Name(file, aside);
 }
 
 /// Columns of the plan as a layout wants them.
@@ -226,6 +240,23 @@ void RefreshLayoutFile(const files::Disk& disk, const QString& file)
     const RoutineScope scope{"RefreshLayoutFile"};
     if (disk.Found(file) && IsReadable(disk, file))
         disk.FileCopy(file, file.chopped(2) + QStringLiteral("bk"));
+}
+
+void RebuildLayoutFile(const files::Disk& disk, const forms::Grid& grid, const QString& file,
+                       const QString& layoutName)
+{
+    const RoutineScope scope{"SaveGrid"};
+    Retire(disk, file);
+    LayoutFile layouts;
+    layouts.Add(LayoutOf(grid, layoutName));
+    layouts.Write(disk, file);
+}
+
+void ReplaceLayoutFile(const files::Disk& disk, const QString& source, const QString& target)
+{
+    const LayoutFile layouts = LayoutFile::Read(disk, source);
+    Retire(disk, target);
+    layouts.Write(disk, target);
 }
 
 QStringList LayoutNames(const files::Disk& disk, const QString& file)

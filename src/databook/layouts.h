@@ -49,6 +49,13 @@ private:
     QList<Layout> m_layouts;
 };
 
+/// Error number of a file that is damaged or none of ours.
+inline constexpr int kInvalidLayoutFile = 321;
+
+/// The two files, both in the program directory: the user's and the program's own.
+inline const QString kUserLayouts = QStringLiteral("VAS2000.grx");
+inline const QString kProgramLayouts = QStringLiteral("default.grx");
+
 /// Names of the two layouts that the program keeps itself.
 inline const QString kDefaultLayout = QStringLiteral("Default");
 inline const QString kCurrentLayout = QStringLiteral("Current (User)");
@@ -66,6 +73,16 @@ bool LoadGrid(const files::Disk& disk, forms::Grid& grid, const QString& file, c
 /// Copies the file, if it is there, beside itself with the last two letters of its name replaced by "bk". A
 /// damaged or foreign file leaves the backup as it is: it may be the only good copy.
 void RefreshLayoutFile(const files::Disk& disk, const QString& file);
+
+/// Writes a file anew that holds this one layout, the grid's. See ReplaceLayoutFile for what becomes of the
+/// old one.
+void RebuildLayoutFile(const files::Disk& disk, const forms::Grid& grid, const QString& file,
+                       const QString& layoutName);
+
+/// Gives `target` the layouts of `source` and no others. What `target` held stands in its backup
+/// (RefreshLayoutFile); a damaged or foreign file is renamed to end in ".bad" instead.
+/// @throws as LayoutFile::Read for the source, before anything is changed
+void ReplaceLayoutFile(const files::Disk& disk, const QString& source, const QString& target);
 
 /// The names of a file's layouts; empty if it is not there.
 [[nodiscard]] QStringList LayoutNames(const files::Disk& disk, const QString& file);
