@@ -1,0 +1,371 @@
+#include "shell/frm_main.h"
+
+#include "databook/layouts.h"
+#include "drops/drag.h"
+#include "platform/engine/database.h"
+#include "platform/files/profile.h"
+#include "platform/text/text.h"
+#include "shell/frm_splash.h"
+#include "shell/start_up.h"
+#include "store/schema.h"
+#include "support/recording_conduit.h"
+#include "support/scripted_ports.h"
+#include "support/temp_home.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+
+using namespace Qt::Literals::StringLiterals;
+using namespace vasclip;
+
+namespace {
+
+const QString kDatabook = u"C:\\DATABOOK\\DATABOOK.MDB"_s;
+const QString kMapping = u"C:\\VAS2000\\Comp2Kel.mdb"_s;
+const QString kApplicationIni = u"C:\\APPRAISE\\VAS2000.INI"_s;
+const QString kKelIni = u"C:\\APPRAISE\\KEL.INI"_s;
+const QString kUserLayouts = u"C:\\VAS2000\\VAS2000.grx"_s;
+
+/// A whole home with two comps, of which one has a front view, and nobody at the other end of the link.
+class MainScreen : public testing::Test
+{
+protected:
+    tests::TempHome home;
+    tests::TestPorts doubles;
+    engine::Engine engine{home.disk};
+    test::RecordingConduit conduit;
+    shell::StartUpOptions options{
+        {}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false}, u"6.2.1"_s};
+    shell::frm_Splash splash{doubles.Get()};
+    shell::frm_Main main{{home.disk, engine, conduit, doubles.Get()}};
+
+    void SetUp() override
+    {
+        for (const QString& directory : {u"C:\\WINDOWS"_s, u"C:\\APPRAISE"_s, u"C:\\DATABOOK"_s,
+                                         u"C:\\VAS2000"_s, u"C:\\JPG"_s, u"C:\\KEL"_s})
+            home.MakeDirs(directory);
+        home.Put(kApplicationIni, "[DIRECTORIES]\r\nAPPDIR=C:\\VAS2000\r\nUSERDIR=C:\\VAS2000\r\n"
+                                  "PHOTODIR=C:\\JPG\r\nDATADIR=C:\\DATABOOK\r\nCAPTUREDIR=C:\\SNAP\r\n"
+                                  "[PREFERENCES]\r\nSORTGRID=0\r\n");
+        home.Put(kKelIni, "[DIRECTORIES]\r\nAPPDIR=C:\\KEL\r\n[VENDOR]\r\nApplicationName=Made Up Forms\r\n");
+        store::MakeDatabase(engine, kDatabook);
+        store::MakeDatabase(engine, kMapping);
+        AddComp(u"12 OAK ST"_s, u"FRONT VIEW|OAK\r\n"_s);
+        AddComp(u"14 ELM ST"_s, {});
+        QImage image(16, 12, QImage::Format_RGB32);
+        image.fill(Qt::darkGreen);
+        ASSERT_TRUE(image.save(home.disk.ToNative(u"C:\\JPG\\OAK.jpg"_s)));
+        conduit.running = false;
+    }
+    void AddComp(const QString& key, const QString& photos)
+    {
+        const auto database = engine.OpenDatabase(kDatabook);
+        const auto rows = database->OpenRecordset(u"COMPS"_s, engine::RecordsetType::Table);
+        rows->AddNew();
+        rows->SetValue(u"CENTRALKEY"_s, key.leftJustified(35));
+        rows->SetValue(u"ADDRESS"_s, key);
+        rows->SetValue(u"APPRSLTYPE"_s, u"C"_s);
+        rows->SetValue(u"PHOTOS"_s, photos);
+        rows->Update();
+        rows->Close();
+    }
+    void Load() { main.Form_load(options, splash); }
+    /// The exit code with which the start ended the program; -1 if it came up.
+    int EndedWith()
+    {
+        try {
+            Load();
+        } catch (const forms::EndOfProgram& end) {
+            return end.exitCode;
+        }
+        return -1;
+    }
+    [[nodiscard]] QStringList SplashTexts() const
+    {
+        QStringList texts;
+        for (int i = 0; i < splash.lstSplash.ListCount(); ++i) {
+            const QString line = splash.lstSplash.List(i);
+            texts << line.mid(line.indexOf(u" - "_s) + 3); // behind the time
+        }
+        return texts;
+    }
+    [[nodiscard]] QString Setting(const QString& section, const QString& key) const
+    {
+        return files::GetPrivateProfileString(home.disk, section, key, u"(none)"_s, kApplicationIni);
+    }
+    [[nodiscard]] qint64 Rows() const
+    {
+        const forms::GridSource* source = main.records.grddatabook.Source();
+        return source ? source->RowCount() : -1;
+    }
+    void StandOnRow(const QString& key)
+    {
+        for (int row = 0; row < 2; ++row) {
+            main.records.grddatabook.SetRow(row);
+            if (text::Trim(main.records.grddatabook.CurrentText(u"CENTRALKEY"_s)) == key)
+                return;
+        }
+        FAIL() << "no row of " << key.toStdString();
+    }
+};
+
+TEST_F(MainScreen, TheSplashTellsTheStepsInTheirOrder)
+{
+    Load();
+    EXPECT_EQ(
+        SplashTexts(),
+        (QStringList{u"Application INI  - C:\\APPRAISE\\VAS2000.INI"_s,
+                     u"Appraisal INI - C:\\APPRAISE\\KEL.INI"_s, u"Loading Configuration Settings"_s,
+                     u"Checking for Integrated Mapping Application"_s, u"Reading User Defined Settings"_s,
+                     u"Adding Pop-up Menus"_s, u"Checking data - C:\\DATABOOK\\"_s,
+                     u"Connecting to Comp2Kel.mdb"_s, u"Formatting Grid text"_s,
+                     u"Setting Formtypes for Search menu"_s, u"Refreshing program from KEL"_s,
+                     u"Verifying Default Grid Settings"_s, u"Loading Saved Grid Layout"_s,
+                     u"Loading grid interface"_s, u"Displaying Comp Records"_s, u"Finalizing Start-up"_s}));
+    EXPECT_EQ(splash.lstSplash.ListIndex(), 15);
+    EXPECT_EQ(splash.gauProgress.Value(), 32);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    EXPECT_FALSE(doubles.window.hourglass);
+    EXPECT_EQ(doubles.window.activations, 2);
+}
+
+TEST_F(MainScreen, TheCaptionNamesProgramVersionAndDatabook)
+{
+    Load();
+    EXPECT_EQ(main.Caption(), u"Vasclip -  Version 6.2.1  -  Connection = C:\\DATABOOK\\DATABOOK.MDB"_s);
+    EXPECT_EQ(main.tabSource.TabCaption(1), u"Atlas"_s);
+    EXPECT_EQ(main.globals.formsProgram, u"Made Up Forms"_s);
+    EXPECT_EQ(splash.lblCompany.Caption(), u"Ostrand Ltd."_s);
+    EXPECT_EQ(main.globals.mapDetail, 3);
+}
+
+TEST_F(MainScreen, AliasesOfTheApplicationIniNameProgramAndMap)
+{
+    ASSERT_TRUE(files::WritePrivateProfileString(home.disk, u"PROGRAM ALIAS"_s, u"Vasclip"_s, u"Clipper"_s,
+                                                 kApplicationIni));
+    ASSERT_TRUE(files::WritePrivateProfileString(home.disk, u"PROGRAM ALIAS"_s, u"Korvat Pointer"_s,
+                                                 u"Street Map"_s, kApplicationIni));
+    Load();
+    EXPECT_TRUE(main.Caption().startsWith(u"Clipper -  Version"_s)) << main.Caption().toStdString();
+    EXPECT_EQ(main.tabSource.TabCaption(1), u"Street Map"_s);
+}
+
+TEST_F(MainScreen, ASecondCopyIsRefused)
+{
+    options.previousInstance = [] { return true; };
+    EXPECT_EQ(EndedWith(), 1);
+    ASSERT_EQ(doubles.prompter.Boxes().size(), 1U);
+    EXPECT_EQ(doubles.prompter.Last().title, u"Program Already Running in Memory"_s);
+    EXPECT_EQ(doubles.prompter.Last().text,
+              u"The current application is already running in memory. If the application is not visible, "
+              u"please end the existing process in the Windows Task Manager."_s);
+    EXPECT_EQ(splash.lstSplash.ListCount(), 0);
+    EXPECT_FALSE(main.sources.datDatabook.Bound());
+}
+
+TEST_F(MainScreen, AMissingDatabookEndsTheProgramAndNamesIt)
+{
+    home.disk.Kill(kDatabook);
+    EXPECT_EQ(EndedWith(), 1);
+    ASSERT_EQ(doubles.prompter.Boxes().size(), 1U);
+    EXPECT_EQ(doubles.prompter.Last().text,
+              u"The file "_s + kDatabook +
+                  u" was not found.  This file must be present for this program to work "
+                  u"properly.  Please correct and try again."_s);
+    EXPECT_FALSE(home.disk.FileExists(kDatabook));
+    EXPECT_EQ(SplashTexts().last(), u"Checking data - C:\\DATABOOK\\"_s);
+}
+
+TEST_F(MainScreen, AMissingMappingEndsTheProgramAndNamesIt)
+{
+    home.disk.Kill(kMapping);
+    EXPECT_EQ(EndedWith(), 1);
+    ASSERT_EQ(doubles.prompter.Boxes().size(), 1U);
+    EXPECT_EQ(doubles.prompter.Last().text,
+              u"The file "_s + kMapping +
+                  u" was not found.  This file must be present for this program to work "
+                  u"properly.  Please correct and try again."_s);
+    EXPECT_EQ(SplashTexts().last(), u"Connecting to Comp2Kel.mdb"_s);
+}
+
+TEST_F(MainScreen, ADamagedDatabookEndsTheProgramInWordsAndStaysAsItIs)
+{
+    home.Put(kDatabook, QByteArray(5000, 'x'));
+    EXPECT_EQ(EndedWith(), 1);
+    ASSERT_EQ(doubles.prompter.Boxes().size(), 1U);
+    const QString told = doubles.prompter.Last().text;
+    EXPECT_TRUE(told.contains(u"C:\\DATABOOK\\DATABOOK.MDB can't be opened for datDatabook."_s))
+        << told.toStdString();
+    EXPECT_EQ(home.disk.ReadWhole(kDatabook), QByteArray(5000, 'x'));
+}
+
+TEST_F(MainScreen, WithoutTheAppraisalIniYesGoesOn)
+{
+    home.disk.Kill(kKelIni);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Load();
+    EXPECT_TRUE(doubles.prompter.AllAnswered());
+    EXPECT_EQ(doubles.prompter.Boxes()[0].title, u"Configuration File Missing"_s);
+    EXPECT_EQ(main.globals.kelIni, kKelIni);
+    EXPECT_EQ(main.globals.kelAppDir, QString());
+    EXPECT_EQ(main.globals.formsProgram, u"Korvat Forms"_s);
+    EXPECT_EQ(Rows(), 2);
+    EXPECT_FALSE(home.disk.FileExists(kKelIni));
+}
+
+TEST_F(MainScreen, WithoutTheAppraisalIniNoEndsTheProgram)
+{
+    home.disk.Kill(kKelIni);
+    doubles.prompter.Answer(forms::Answer::No);
+    EXPECT_GE(EndedWith(), 0);
+    EXPECT_EQ(splash.lstSplash.ListCount(), 0);
+}
+
+TEST_F(MainScreen, WithNobodyOnTheLinkEveryTabStandsOpenAndNothingIsSaid)
+{
+    Load();
+    for (int page = 0; page < main.report.TabComp.Tabs(); ++page)
+        EXPECT_NE(main.report.TabComp.TabCaption(page), u"N/A"_s);
+    EXPECT_FALSE(main.linkState.linkActive);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(MainScreen, TheRowShowsItsPhotoAndItsStatus)
+{
+    Load();
+    ASSERT_EQ(Rows(), 2);
+    StandOnRow(u"12 OAK ST"_s);
+    EXPECT_EQ(main.records.txtcentralkey.Text(), u"12 OAK ST"_s);
+    EXPECT_EQ(main.status.lblmsg.Caption(), u"12 OAK ST was found in the comp file."_s);
+    EXPECT_EQ(main.records.cboapprslType.Text(), u"C=Condo"_s);
+    EXPECT_FALSE(main.slots.geamaintain.Picture().isNull());
+    EXPECT_EQ(main.photoLists.lblPhotomsg.Caption(), QString());
+    StandOnRow(u"14 ELM ST"_s);
+    EXPECT_EQ(main.records.txtcentralkey.Text(), u"14 ELM ST"_s);
+    EXPECT_TRUE(main.slots.geamaintain.Picture().isNull());
+    EXPECT_EQ(main.photoLists.lblPhotomsg.Caption(), u"A 'FRONT VIEW' for '14 ELM ST' is not available."_s);
+}
+
+TEST_F(MainScreen, TheRefreshMenuReadsTheReportOrTheGrid)
+{
+    Load();
+    conduit.log.clear();
+    Q_EMIT main.mnuRefreshItem.Chosen(u"mnuRefreshItem"_s, 0);
+    EXPECT_TRUE(conduit.log.contains(u"item ActiveReports"_s) || conduit.log.contains(u"mode 2"_s));
+    AddComp(u"16 ASH ST"_s, {});
+    conduit.log.clear();
+    Q_EMIT main.mnuRefreshItem.Chosen(u"mnuRefreshItem"_s, 2);
+    EXPECT_EQ(Rows(), 3);
+    EXPECT_TRUE(conduit.log.isEmpty());
+}
+
+TEST_F(MainScreen, TheHouseRefreshesTheReport)
+{
+    Load();
+    conduit.running = true;
+    conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"SMITH,"_s);
+    conduit.Answer(u"KEL|SMITH"_s, u"ListForms"_s, u"UA5,"_s);
+    Q_EMIT main.report.imaKel.Clicked();
+    EXPECT_TRUE(main.linkState.linkActive);
+    EXPECT_EQ(main.addr.txtKelReport.Text(), u"SMITH"_s);
+    EXPECT_EQ(main.addr.txtFormType.Text(), u"UA5"_s);
+}
+
+TEST_F(MainScreen, FileExitAndHelpAboutAreHandedToTheWindow)
+{
+    int exits = 0;
+    int abouts = 0;
+    QObject::connect(&main, &shell::frm_Main::UnloadWanted, &main, [&] { ++exits; });
+    QObject::connect(&main, &shell::frm_Main::AboutWanted, &main, [&] { ++abouts; });
+    Q_EMIT main.mnuFileItem.Chosen(u"mnuFileItem"_s, 11);
+    Q_EMIT main.mnuHelpItem.Chosen(u"mnuHelpItem"_s, 12);
+    EXPECT_EQ(exits, 1);
+    EXPECT_EQ(abouts, 1);
+}
+
+TEST_F(MainScreen, TheHintLineFollowsADragAndClears)
+{
+    Load();
+    main.DragOver(u"grddatabook"_s, u"txtComp"_s);
+    EXPECT_EQ(main.status.lblmsg.Caption(), u"Drop here to paste the comp data in the appraisal"_s);
+    main.DragOver(u"grddatabook"_s, u"lstViews"_s);
+    EXPECT_EQ(main.status.lblmsg.Caption(), QString());
+    main.DragOver(u"grddatabook"_s, u"geaRental"_s);
+    EXPECT_EQ(main.status.lblmsg.Caption(),
+              u"Drop here to place both the photo and the comp data into the appraisal"_s);
+    main.DragOver(u"grddatabook"_s, {});
+    EXPECT_EQ(main.status.lblmsg.Caption(), QString());
+}
+
+TEST_F(MainScreen, TheDragOfARowCarriesItsKey)
+{
+    Load();
+    StandOnRow(u"14 ELM ST"_s);
+    const drops::Drag drag = main.grddatabook_dragCell();
+    EXPECT_EQ(drag.source, u"grddatabook"_s);
+    EXPECT_EQ(drag.key, u"14 ELM ST"_s);
+    EXPECT_EQ(drag.index, -1);
+}
+
+TEST_F(MainScreen, TheEndSavesSettingsAndLayoutAndClosesTheSources)
+{
+    Load();
+    main.globals.sortGrid = 3;
+    home.Put(u"C:\\VAS2000\\tempdat_1.mdb"_s);
+    home.Put(u"C:\\VAS2000\\Report_7.txt"_s);
+    home.Put(u"C:\\VAS2000\\Reports.txt"_s);
+    doubles.clock.waits.clear();
+    main.Form_Unload();
+    EXPECT_EQ(doubles.clock.waits, (std::vector<double>{0.5, 0.2, 0.2, 0.2}));
+    EXPECT_EQ(Setting(u"PREFERENCES"_s, u"SORTGRID"_s), u"3"_s);
+    EXPECT_EQ(Setting(u"DIRECTORIES"_s, u"CAPTUREDIR"_s), u"C:\\SNAP\\"_s);
+    const auto layouts = databook::LayoutFile::Read(home.disk, kUserLayouts);
+    EXPECT_TRUE(layouts.Find(databook::kCurrentLayout));
+    EXPECT_FALSE(main.sources.datDatabook.Bound());
+    EXPECT_FALSE(main.sources.datsql.Bound());
+    EXPECT_FALSE(main.sources.datComp2Kel_CURRENT.Bound());
+    EXPECT_FALSE(home.disk.FileExists(u"C:\\VAS2000\\tempdat_1.mdb"_s));
+    EXPECT_FALSE(home.disk.FileExists(u"C:\\VAS2000\\Report_7.txt"_s));
+    EXPECT_TRUE(home.disk.FileExists(u"C:\\VAS2000\\Reports.txt"_s));
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(MainScreen, ASecondEndDoesNothing)
+{
+    Load();
+    main.Form_Unload();
+    doubles.clock.waits.clear();
+    home.disk.Kill(kUserLayouts);
+    main.globals.sortGrid = 4;
+    main.Form_Unload();
+    EXPECT_TRUE(doubles.clock.waits.empty());
+    EXPECT_FALSE(home.disk.FileExists(kUserLayouts));
+    EXPECT_EQ(Setting(u"PREFERENCES"_s, u"SORTGRID"_s), u"0"_s);
+}
+
+TEST_F(MainScreen, NoLoadKeepsTheUsersLayoutUntilTheEndSavesItAllTheSame)
+{
+    Load();
+    QList<forms::GridColumn> columns = main.records.grddatabook.Columns();
+    columns[0].width = 333;
+    main.records.grddatabook.SetColumns(columns);
+    main.Form_Unload();
+    shell::frm_Main second{{home.disk, engine, conduit, doubles.Get()}};
+    shell::frm_Splash again{doubles.Get()};
+    second.Form_load(options, again);
+    EXPECT_EQ(second.records.grddatabook.Columns()[0].width, 333);
+    second.Form_Unload();
+
+    options.commandLine = u"/NOLOAD"_s;
+    shell::frm_Main third{{home.disk, engine, conduit, doubles.Get()}};
+    shell::frm_Splash quiet{doubles.Get()};
+    third.Form_load(options, quiet);
+    EXPECT_NE(third.records.grddatabook.Columns()[0].width, 333);
+    for (int i = 0; i < quiet.lstSplash.ListCount(); ++i)
+        EXPECT_FALSE(quiet.lstSplash.List(i).contains(u"Loading Saved Grid Layout"_s));
+    third.Form_Unload();
+    EXPECT_TRUE(databook::LayoutFile::Read(home.disk, kUserLayouts).Find(databook::kCurrentLayout));
+}
+
+} // namespace
