@@ -282,6 +282,14 @@ void TabControl::SetTabEnabled(int page, bool enabled)
     Q_EMIT Changed();
 }
 
+void MonthView::SetValue(QDate value)
+{
+    if (!value.isValid() || m_value == value)
+        return;
+    m_value = value;
+    Q_EMIT Changed();
+}
+
 void Gauge::SetRange(int max)
 {
     m_max = std::max(1, max);

@@ -2,6 +2,7 @@
 
 #include "platform/text/runtime_error.h"
 
+#include <QDate>
 #include <QImage>
 #include <QList>
 #include <QObject>
@@ -29,6 +30,14 @@ private:
     std::vector<Control*> m_controls;
 };
 
+// Key codes and shift states of KeyPressed.
+inline constexpr int kKeyReturn = 13;
+inline constexpr int kKeyDown = 40;
+inline constexpr int kKeyF1 = 112; ///< F2 is 113, and so on
+inline constexpr int kShiftMask = 1;
+inline constexpr int kCtrlMask = 2;
+inline constexpr int kAltMask = 4;
+
 /// Status colours by meaning; a window maps them to its theme.
 enum class Colour { Normal, Blue, Red, Green };
 
@@ -55,14 +64,22 @@ public:
     void SetToolTipText(const QString& text);
     void SetFocus() { Q_EMIT FocusWanted(); }
     void ZOrderFront() { Q_EMIT FrontWanted(); } ///< above the controls that overlap it
+    /// What the Tab key does when the control has the focus; `back` with Shift.
+    void SendTab(bool back = false) { Q_EMIT TabWanted(back); }
 
 Q_SIGNALS:
     void Changed();     ///< something that a window shows has changed
     void FocusWanted(); ///< the rule wants the focus here
     void FrontWanted(); ///< the rule wants the control above those that overlap it
-    void Clicked();     ///< the user clicked (or pressed the key that means it)
+    void TabWanted(bool back);
+    void Clicked(); ///< the user clicked (or pressed the key that means it)
     void DoubleClicked();
+    void GotFocus(); ///< the user came here; not when a window or a menu gave the focus back
     void LostFocus();
+    /// A key went down in a control that takes keys. `handled` set keeps it from the widget.
+    /// @param keyCode  Enter 13, Down 40, F1 to F12 112 to 123; other keys are not told
+    /// @param shift    sum of kShiftMask, kCtrlMask and kAltMask
+    void KeyPressed(int keyCode, int shift, bool& handled);
 
 private:
     ControlSet& m_set;
@@ -237,6 +254,23 @@ Q_SIGNALS:
 private:
     QList<TabPage> m_pages;
     int m_current = 0;
+};
+
+/// A month's days, one of them chosen.
+class MonthView : public Control
+{
+    Q_OBJECT
+public:
+    using Control::Control;
+    [[nodiscard]] QDate Value() const { return m_value; }
+    void SetValue(QDate value); ///< an invalid date changes nothing
+
+Q_SIGNALS:
+    void DateClick(); ///< the user clicked on a day, which is the value now
+    void DateDblClick();
+
+private:
+    QDate m_value = QDate::currentDate();
 };
 
 class Gauge : public Control

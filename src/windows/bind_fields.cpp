@@ -4,6 +4,7 @@
 #include "windows/icons.h"
 #include "windows/picture_view.h"
 
+#include <QCalendarWidget>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -12,11 +13,16 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStyle>
+#include <QTextCursor>
 #include <QToolButton>
+
+#include <algorithm>
 
 // Text boxes, labels, buttons, check boxes, pictures and gauges.
 
 namespace vasclip::windows {
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -73,15 +79,22 @@ bool Binder::BindText(forms::TextBox& control, QWidget& widget)
         return false;
     const auto show = [&control, edit] {
         edit->setReadOnly(control.Locked());
-        if (edit->toPlainText() != control.Text()) {
-            const QSignalBlocker quiet(edit);
-            edit->setPlainText(control.Text());
-        }
+        const QString shown = QString(control.Text()).replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+        if (edit->toPlainText() == shown)
+            return;
+        const QSignalBlocker quiet(edit);
+        const int at = edit->textCursor().position();
+        edit->setPlainText(shown);
+        QTextCursor cursor = edit->textCursor();
+        cursor.setPosition(static_cast<int>(std::min<qsizetype>(at, shown.size())));
+        edit->setTextCursor(cursor);
     };
     connect(&control, &forms::Control::Changed, edit, show);
     connect(&control, &forms::TextBox::SelectAllWanted, edit, &QPlainTextEdit::selectAll);
-    connect(edit, &QPlainTextEdit::textChanged, &control,
-            [this, &control, edit] { m_guard.Run([&] { control.SetText(edit->toPlainText()); }); });
+    connect(edit, &QPlainTextEdit::textChanged, &control, [this, &control, edit, show] {
+        m_guard.Run([&] { control.SetText(edit->toPlainText()); });
+        show(); // what goes beyond the limit is cut off
+    });
     show();
     return true;
 }
@@ -175,6 +188,23 @@ bool Binder::BindPicture(forms::PictureBox& control, QWidget& widget)
     connect(&control, &forms::Control::Changed, button, show);
     connect(button, &QToolButton::clicked, &control,
             [this, &control] { m_guard.Run([&control] { Q_EMIT control.Clicked(); }); });
+    show();
+    return true;
+}
+
+bool Binder::BindMonth(forms::MonthView& control, QWidget& widget)
+{
+    auto* calendar = qobject_cast<QCalendarWidget*>(&widget);
+    if (calendar == nullptr)
+        return false;
+    const auto show = [&control, calendar] { calendar->setSelectedDate(control.Value()); };
+    connect(&control, &forms::Control::Changed, calendar, show);
+    connect(calendar, &QCalendarWidget::selectionChanged, &control,
+            [this, &control, calendar] { m_guard.Run([&] { control.SetValue(calendar->selectedDate()); }); });
+    connect(calendar, &QCalendarWidget::clicked, &control,
+            [this, &control] { m_guard.Run([&control] { Q_EMIT control.DateClick(); }); });
+    connect(calendar, &QCalendarWidget::activated, &control,
+            [this, &control] { m_guard.Run([&control] { Q_EMIT control.DateDblClick(); }); });
     show();
     return true;
 }

@@ -7,7 +7,9 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
@@ -23,8 +25,9 @@ Binder::Binder(forms::ControlSet& controls, EventGuard& guard, QObject* parent)
 
 bool Binder::IsControlName(const QString& objectName)
 {
-    static const QRegularExpression prefixes(QStringLiteral(
-        "^(cmd|txt|lbl|lst|cbo|ckb|opt|ima|img|gea|dat|fil|fra|tab|Tab|mnu|pop|spn|grd|gau)[A-Za-z0-9]"));
+    static const QRegularExpression prefixes(
+        QStringLiteral("^((cmd|txt|lbl|lst|cbo|ckb|opt|ima|img|gea|dat|fil|fra|tab|Tab|mnu|pop|spn|grd|gau)["
+                       "A-Za-z0-9]|cal[A-Z])"));
     return prefixes.match(objectName).hasMatch();
 }
 
@@ -66,6 +69,11 @@ void Binder::BindOne(forms::Control& control, QWidget& widget)
             [this, &control, &widget] { ShowCommon(control, widget); });
     connect(&control, &forms::Control::FocusWanted, &widget,
             [&widget] { widget.setFocus(Qt::OtherFocusReason); });
+    connect(&control, &forms::Control::TabWanted, &widget, [&widget](bool back) {
+        QKeyEvent press(QEvent::KeyPress, back ? Qt::Key_Backtab : Qt::Key_Tab,
+                        back ? Qt::ShiftModifier : Qt::NoModifier);
+        QCoreApplication::sendEvent(&widget, &press);
+    });
     ShowCommon(control, widget);
     Q_EMIT Bound(control, widget);
 }
@@ -88,6 +96,8 @@ bool Binder::BindKind(forms::Control& control, QWidget& widget)
         return BindPicture(*picture, widget);
     if (auto* tabs = qobject_cast<forms::TabControl*>(&control))
         return BindTabs(*tabs, widget);
+    if (auto* month = qobject_cast<forms::MonthView*>(&control))
+        return BindMonth(*month, widget);
     if (auto* gauge = qobject_cast<forms::Gauge*>(&control))
         return BindGauge(*gauge, widget);
     if (auto* menu = qobject_cast<forms::Menu*>(&control))
@@ -130,19 +140,59 @@ void Binder::Watch(forms::Control& control, QWidget& widget)
     m_watched.insert(inner, &control);
 }
 
+/// The key code that rules know; 0 for keys that they are not told of.
+int Binder::KeyCodeOf(int key)
+{
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F12)
+        return forms::kKeyF1 + key - Qt::Key_F1;
+    if (key == Qt::Key_Return || key == Qt::Key_Enter)
+        return forms::kKeyReturn;
+    return key == Qt::Key_Down ? forms::kKeyDown : 0;
+}
+
+bool Binder::TellKey(forms::Control& control, const QKeyEvent& press)
+{
+    const int keyCode = KeyCodeOf(press.key());
+    if (keyCode == 0)
+        return false;
+    int shift = 0;
+    for (const auto& [modifier, mask] : {std::pair{Qt::ShiftModifier, forms::kShiftMask},
+                                         {Qt::ControlModifier, forms::kCtrlMask},
+                                         {Qt::AltModifier, forms::kAltMask}})
+        if (press.modifiers().testFlag(modifier))
+            shift += mask;
+    bool handled = false;
+    const QPointer<forms::Control> told(&control); // a rule may close the screen
+    m_guard.Run([&] { Q_EMIT told->KeyPressed(keyCode, shift, handled); });
+    return handled;
+}
+
 bool Binder::eventFilter(QObject* watched, QEvent* event)
 {
     forms::Control* control = nullptr;
     switch (event->type()) {
+    case QEvent::FocusIn:
     case QEvent::FocusOut: {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason ||
             reason == Qt::MenuBarFocusReason)
             break;
-        if ((control = ControlOf(watched)) != nullptr)
+        control = ControlOf(watched);
+        if (control == nullptr)
+            break;
+        if (event->type() == QEvent::FocusOut)
             m_guard.Run([control] { Q_EMIT control->LostFocus(); });
+        else // after the widget's own handling, which may set the selection anew
+            QMetaObject::invokeMethod(
+                control, [this, control] { m_guard.Run([control] { Q_EMIT control->GotFocus(); }); },
+                Qt::QueuedConnection);
         break;
     }
+    case QEvent::KeyPress:
+        control = ControlOf(watched);
+        if (control != nullptr && TellKey(*control, *static_cast<QKeyEvent*>(event)))
+            return true;
+        break;
     case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick: {
         // Buttons, pictures, lists and grids raise these themselves.

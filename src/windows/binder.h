@@ -10,6 +10,7 @@
 #include <QStringList>
 
 class QComboBox;
+class QKeyEvent;
 class QLabel;
 class QListView;
 class QMenu;
@@ -73,11 +74,14 @@ private:
     bool BindList(forms::ListBox& control, QWidget& widget);
     bool BindPicture(forms::PictureBox& control, QWidget& widget);
     bool BindTabs(forms::TabControl& control, QWidget& widget);
+    bool BindMonth(forms::MonthView& control, QWidget& widget);
     bool BindGauge(forms::Gauge& control, QWidget& widget);
     bool BindMenu(forms::Menu& control, QWidget& widget);
     bool BindGrid(forms::Grid& control, QWidget& widget);
     void ShowCommon(forms::Control& control, QWidget& widget);
     void Watch(forms::Control& control, QWidget& widget);
+    [[nodiscard]] static int KeyCodeOf(int key);
+    bool TellKey(forms::Control& control, const QKeyEvent& press); ///< @return true if a rule took it
 
     forms::ControlSet& m_controls;
     EventGuard& m_guard;

@@ -2,6 +2,7 @@
 
 #include "windows/guard.h"
 #include "windows/icons.h"
+#include "windows/screen_layouts.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -12,7 +13,10 @@ namespace vasclip::windows {
 
 std::span<const ScreenEntry> Screens()
 {
-    static const std::vector<ScreenEntry> kScreens{};
+    using namespace Qt::Literals::StringLiterals;
+    static const std::vector<ScreenEntry> kScreens{
+        {"frm_Calendar"_L1, Layout_frm_Calendar},
+    };
     return kScreens;
 }
 

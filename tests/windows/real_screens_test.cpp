@@ -1,5 +1,6 @@
 #include "sample_screen.h"
 
+#include "databook/frm_calendar.h"
 #include "platform/engine/database.h"
 #include "shell/frm_main.h"
 #include "shell/frm_splash.h"
@@ -8,6 +9,7 @@
 #include "support/temp_home.h"
 #include "windows/guard.h"
 #include "windows/main_window.h"
+#include "windows/screens.h"
 #include "windows/splash_window.h"
 #include "windows/theme.h"
 
@@ -16,6 +18,7 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QCalendarWidget>
 #include <QMenu>
 #include <QSettings>
 
@@ -69,6 +72,19 @@ TEST_F(RealScreens, NoTwoMenuEntriesShareAKey)
         taken.insert(keys, action->text());
     }
     EXPECT_GE(taken.size(), 5);
+}
+
+TEST_F(RealScreens, TheCalendarShowsEveryControlOfFrmCalendar)
+{
+    databook::frm_Calendar calendar(ports.Get(), u"Sale Date"_s, QDate(2004, 3, 7));
+    ScreenWindow window(calendar, guard);
+    EXPECT_TRUE(window.Leftovers().isEmpty()) << window.Leftovers().join(u'\n').toStdString();
+    auto* month = window.findChild<QCalendarWidget*>();
+    EXPECT_EQ(month->selectedDate(), QDate(2004, 3, 7));
+    month->setSelectedDate(QDate(2004, 4, 1));
+    EXPECT_EQ(calendar.calCalendar.Value(), QDate(2004, 4, 1));
+    calendar.cmdToday.Clicked();
+    EXPECT_EQ(month->selectedDate(), ports.clock.Today());
 }
 
 } // namespace

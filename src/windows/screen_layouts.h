@@ -1,0 +1,15 @@
+#pragma once
+
+class QDialog;
+
+namespace vasclip::forms {
+class Screen;
+}
+
+namespace vasclip::windows {
+
+// One for each screen of the table in screens.cpp: puts the widgets of the screen on an empty dialog.
+
+void Layout_frm_Calendar(QDialog& window, forms::Screen& screen);
+
+} // namespace vasclip::windows
