@@ -56,6 +56,9 @@ public:
     /// @throws RuntimeError with what is wrong with the comment file; field and file are then untouched
     [[nodiscard]] virtual KeyAnswer KeyDown(int keyCode, int shift, forms::TextBox& field,
                                             const QString& dataField) = 0;
+
+    /// The frame with the six buttons, to be shown in the window of the entry screen.
+    [[nodiscard]] virtual forms::Screen& Frame() = 0;
 };
 
 } // namespace vasclip::comments

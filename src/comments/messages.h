@@ -23,6 +23,17 @@ inline const QString kOverwriteInList = QStringLiteral("Overwrite '%1'. Are you 
 inline const QString kDeletePhrase = QStringLiteral("Delete '%1'.  Are you sure?'");
 inline const QString kAlreadyExists = QStringLiteral("%1 already exists.");
 
+inline const QString kListFull =
+    QStringLiteral("There is no room for more than %1 phrases of a field.  Delete one first.");
+inline const QString kNoRoom =
+    QStringLiteral("The comment file has no room for these phrases, which were not stored:");
+inline const QString kInUse = QStringLiteral("The comment file %1 is in use by another user at this moment.");
+inline const QString kNoKeys =
+    QStringLiteral("%1.  The function keys have no phrases until this is corrected.");
+inline const QString kNotStored =
+    QStringLiteral("%1.  The phrases were not stored; they stand in the dialog still.");
+inline const QString kNotReached = QStringLiteral("The directory %1 of the comment file can not be reached");
+
 // an older comment file
 inline const QString kUpdateShared =
     QStringLiteral("The shared 'comments' database needs to be updated.  Please have all users (using this "

@@ -36,6 +36,8 @@ struct Globals
     int share = 0;
     int lockAddr = 1;
     QString caps;
+    int autoAdvance = 1;  ///< a function key goes on to the next field
+    int sortComments = 0; ///< the comment dialog keeps its list in order of the alphabet
     int addressCase = 2; ///< 0 upper case, 1 proper case, 2 as is
     int sortGrid = 1;    ///< 0 to 6
     int ignorePending = 0;

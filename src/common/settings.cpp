@@ -126,6 +126,8 @@ constexpr SettingRow kSettings[] = {
     Pref("SHARE"_L1, Text("0"_L1), ReadRule::Integer, &Globals::share, SettingsScreen, kFlag),
     Pref("LOCKADDR"_L1, Text("1"_L1), ReadRule::Integer, &Globals::lockAddr, SettingsScreen, kFlag),
     Pref("CAPS"_L1, Text("1"_L1), ReadRule::OneCharacter, &Globals::caps, SettingsScreen),
+    Pref("AUTOADVANCE"_L1, Text("1"_L1), ReadRule::Integer, &Globals::autoAdvance, CommentDialog, kFlag),
+    Pref("SORTCOMMENTS"_L1, Text("0"_L1), ReadRule::Integer, &Globals::sortComments, CommentDialog, kFlag),
     Pref("ADDRESSCASE"_L1, Text("2"_L1), ReadRule::Integer, &Globals::addressCase, SettingsScreen, {0, 2}),
     Pref("SORTGRID"_L1, Text("1"_L1), ReadRule::Integer, &Globals::sortGrid, kBoth, {0, 6}),
     Pref("IGNOREPENDING"_L1, Text("0"_L1), ReadRule::Integer, &Globals::ignorePending, kBoth, kFlag),

@@ -41,7 +41,7 @@ enum class ReadBy {
 };
 
 /// Who writes the key in the course of the program; a sum of these.
-enum WrittenBy : unsigned { NoWriter = 0, SettingsScreen = 1, AtExit = 2, AttachCity = 4 };
+enum WrittenBy : unsigned { NoWriter = 0, SettingsScreen = 1, AtExit = 2, AttachCity = 4, CommentDialog = 8 };
 
 /// The text that stands for an absent key: fixed, or taken from what is read already.
 struct SettingDefault

@@ -46,7 +46,7 @@ TEST(SettingsTable, NamesNoKeyTwice)
         EXPECT_FALSE(seen.contains(RowName(row))) << RowName(row).toStdString();
         seen << RowName(row);
     }
-    EXPECT_EQ(seen.size(), 64);
+    EXPECT_EQ(seen.size(), 66);
 }
 
 TEST(SettingsTable, EveryReadingRuleSuitsItsTarget)

@@ -1,0 +1,270 @@
+#include "comments/comment_store.h"
+
+#include "comments/messages.h"
+#include "common/error_block.h"
+#include "common/text_filters.h"
+#include "platform/text/runtime_error.h"
+#include "platform/text/text.h"
+#include "store/messages.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace vasclip::comments {
+
+using common::RoutineScope;
+using engine::Recordset;
+using engine::Transaction;
+
+namespace {
+
+const QString kKeyField = QStringLiteral("CENTRALKEY");
+const QString kBlankKey(20, QLatin1Char(' '));
+constexpr int kInvalidCall = 5;
+
+/// The record set on its first row, with the column's place in it.
+struct Walk
+{
+    Walk(store::DataSource& data, const QString& name)
+        : rows(data.Recordset())
+        , column(rows.FieldIndex(name))
+    {
+        if (column < 0)
+            throw RuntimeError(
+                error::kFieldUnknown,
+                QStringLiteral("The comment file %1 has no library for the field %2. Let the file be updated "
+                               "when the program asks for it at the next opening")
+                    .arg(data.DatabaseName(), name));
+        rows.MoveFirst();
+    }
+
+    /// @return false if the table has fewer rows
+    bool SkipTo(int row)
+    {
+        for (int i = 0; i < row && !rows.Eof(); ++i)
+            rows.MoveNext();
+        return !rows.Eof();
+    }
+    [[nodiscard]] QString Text() const { return rows.Value(column).toString(); }
+    void Write(const QString& text)
+    {
+        rows.Edit();
+        rows.SetValue(column, text);
+        rows.Update();
+    }
+
+    Recordset& rows;
+    int column;
+};
+
+/// "" and Null are the same phrase.
+QString Shown(const QString& text)
+{
+    return text::Trim(text);
+}
+
+Stored StoreOnKey(const forms::Ports& ports, Walk& walk, const QString& text)
+{
+    const QString cleaned = text::Trim(common::RemoveIllegalChars(text));
+    QString agreed; // the phrase that the user gave away
+    for (;;) {
+        walk.rows.Edit(); // remembers the row: a change of another user from here on is error 3197
+        const QString old = Shown(walk.Text());
+        const bool same = old == cleaned || old == Shown(text);
+        if (!old.isEmpty() && !same && old != agreed) {
+            walk.rows.CancelUpdate(); // no row is held open while somebody thinks
+            if (!ports.prompter.YesNo(store::kPlainTitle, kOverwriteKey.arg(old, cleaned)))
+                return Stored::Declined;
+            agreed = old;
+            continue;
+        }
+        walk.rows.SetValue(walk.column, text::Trim(text));
+        try {
+            walk.rows.Update();
+            return Stored::Yes;
+        } catch (const RuntimeError& failure) {
+            walk.rows.CancelUpdate();
+            if (failure.Number() != error::kDataChanged)
+                throw;
+        }
+    }
+}
+
+} // namespace
+
+void Add6Records(store::DataSource& data)
+{
+    const RoutineScope scope{"Add6Records"};
+    Transaction all(data.Database());
+    Recordset& rows = data.Recordset();
+    for (int key = 1; key <= kKeys; ++key) {
+        rows.AddNew();
+        rows.SetValue(kKeyField, QString::number(key));
+        rows.Update();
+    }
+    all.Commit();
+}
+
+void EnsureAtLeast6Records(store::DataSource& data)
+{
+    const RoutineScope scope{"EnsureAtLeast6Records"};
+    Walk walk(data, kKeyField);
+    if (!walk.SkipTo(kKeys))
+        return;
+    std::optional<Transaction> all;
+    for (; !walk.rows.Eof(); walk.rows.MoveNext()) {
+        if (walk.Text() == kBlankKey)
+            continue;
+        if (!all)
+            all.emplace(data.Database());
+        walk.Write(kBlankKey);
+    }
+    if (all)
+        all->Commit();
+}
+
+int ListCapacity(const store::DataSource& data)
+{
+    return static_cast<int>(std::max<qint64>(0, data.Recordset().RecordCount() - kKeys));
+}
+
+QString ReturnComment(store::DataSource& data, int keyIndex, const QString& column, Capitals capitals)
+{
+    const RoutineScope scope{"ReturnComment"};
+    Walk walk(data, column);
+    if (!walk.SkipTo(keyIndex))
+        return {};
+    const QString phrase = Shown(walk.Text());
+    return capitals == Capitals::Upper ? phrase.toUpper() : phrase;
+}
+
+Stored SaveTheComment(const forms::Ports& ports, store::DataSource& data, int keyIndex, const QString& column,
+                      const QString& text)
+{
+    const RoutineScope scope{"SaveTheComment"};
+    Walk walk(data, column);
+    if (!walk.SkipTo(keyIndex))
+        throw RuntimeError(
+            error::kNoCurrentRecord,
+            QStringLiteral("The comment file %1 has no row for this key. Open the entry screen "
+                           "anew, which adds it")
+                .arg(data.DatabaseName()));
+    return StoreOnKey(ports, walk, text);
+}
+
+QStringList KeyPhrases(store::DataSource& data, const QString& column)
+{
+    Walk walk(data, column);
+    QStringList phrases;
+    for (int key = 0; key < kKeys; ++key) {
+        phrases.append(walk.rows.Eof() ? QString() : Shown(walk.Text()));
+        if (!walk.rows.Eof())
+            walk.rows.MoveNext();
+    }
+    return phrases;
+}
+
+QStringList ListPhrases(store::DataSource& data, const QString& column)
+{
+    Walk walk(data, column);
+    QStringList phrases;
+    walk.SkipTo(kKeys);
+    for (; !walk.rows.Eof(); walk.rows.MoveNext()) {
+        const QString phrase = walk.Text();
+        if (Shown(phrase).isEmpty())
+            break;
+        phrases.append(phrase);
+    }
+    return phrases;
+}
+
+int ClearAllFieldsBelow6(store::DataSource& data, const QString& column)
+{
+    const RoutineScope scope{"ClearAllFieldsBelow6"};
+    Walk walk(data, column);
+    walk.SkipTo(kKeys);
+    int written = 0;
+    Transaction all(data.Database());
+    for (; !walk.rows.Eof(); walk.rows.MoveNext()) {
+        if (walk.Text().isEmpty())
+            continue; // a row that is empty already would only cost a write
+        walk.Write(QString());
+        ++written;
+    }
+    all.Commit();
+    return written;
+}
+
+QStringList SaveListControl(store::DataSource& data, const QString& column, const QStringList& entries)
+{
+    const RoutineScope scope{"SaveListControl"};
+    QStringList left;
+    Transaction all(data.Database());
+    ClearAllFieldsBelow6(data, column);
+    Walk walk(data, column);
+    for (const QString& entry : entries) {
+        if (walk.rows.Eof()) {
+            if (!entry.isEmpty())
+                left.append(entry);
+            continue;
+        }
+        if (!entry.isEmpty())
+            walk.Write(entry);
+        walk.rows.MoveNext();
+    }
+    all.Commit();
+    return left;
+}
+
+Library ReadLibrary(store::DataSource& data, const QString& column)
+{
+    return {KeyPhrases(data, column), ListPhrases(data, column)};
+}
+
+Library Merged(const Library& opened, const Library& mine, const Library& now)
+{
+    Library merged = mine;
+    for (qsizetype key = 0; key < merged.keys.size(); ++key)
+        if (merged.keys.at(key) == opened.keys.value(key))
+            merged.keys[key] = now.keys.value(key);
+    for (const QString& phrase : now.list)
+        if (!opened.list.contains(phrase) && !merged.list.contains(phrase))
+            merged.list.append(phrase);
+    return merged;
+}
+
+bool AddPhrase(store::DataSource& data, const QString& column, const QString& text)
+{
+    const QString phrase = text::Trim(text);
+    if (phrase.isEmpty())
+        throw RuntimeError(kInvalidCall, QStringLiteral("An empty phrase can not be added"));
+    Transaction all(data.Database());
+    const QStringList list = ListPhrases(data, column);
+    if (list.contains(phrase))
+        return false;
+    // What stands behind a gap is no part of the list, so the gap itself is free.
+    Walk walk(data, column);
+    if (!walk.SkipTo(kKeys + static_cast<int>(list.size())))
+        throw RuntimeError(
+            kInvalidCall, QStringLiteral("The list of %1 is full: the comment file has room for %2 phrases a "
+                                         "field. Delete one first")
+                              .arg(column)
+                              .arg(ListCapacity(data)));
+    walk.Write(phrase);
+    all.Commit();
+    return true;
+}
+
+bool DatDeleteRecord(store::DataSource& data, const QString& column, const QString& text)
+{
+    const RoutineScope scope{"DatDeleteRecord"};
+    Transaction all(data.Database());
+    Library library = ReadLibrary(data, column);
+    if (!library.list.removeOne(text))
+        return false;
+    static_cast<void>(SaveListControl(data, column, library.keys + library.list));
+    all.Commit();
+    return true;
+}
+
+} // namespace vasclip::comments

@@ -1,0 +1,118 @@
+#include "comments/comment_upgrade.h"
+
+#include "comments/messages.h"
+#include "common/error_block.h"
+#include "platform/text/runtime_error.h"
+#include "store/messages.h"
+
+namespace vasclip::comments {
+
+using common::RoutineScope;
+
+namespace {
+
+const QString kTable = QStringLiteral("COMPS");
+const QString kReference = QStringLiteral("newdata.mdb");
+constexpr int kInUseByOthers = 3356;
+
+struct NewField
+{
+    QLatin1StringView name;
+    int size; ///< of a text; 0 is a long binary
+};
+
+/// The fields that older files lack, in the order of appending.
+constexpr NewField kNewFields[] = {
+    {QLatin1StringView("FRONTPHOTO"), 0},  {QLatin1StringView("LONGITUDE"), 11},
+    {QLatin1StringView("LATITUDE"), 11},   {QLatin1StringView("ANCHORED"), 1},
+    {QLatin1StringView("COMPID"), 7},      {QLatin1StringView("SALEHIST4"), 20},
+    {QLatin1StringView("SALEHIST5"), 20},  {QLatin1StringView("FINANCETYP"), 20},
+    {QLatin1StringView("CONTRKDATE"), 20}, {QLatin1StringView("OTHERAREA1"), 20},
+    {QLatin1StringView("OTHERAREA2"), 20},
+};
+
+qsizetype FieldCount(engine::Engine& engine, const QString& path)
+{
+    const auto database = engine.OpenDatabase(path, engine::OpenMode::ReadOnly);
+    const qsizetype count = database->Table(kTable).fields.size();
+    database->Close();
+    return count;
+}
+
+qsizetype ReferenceCount(const forms::Ports& ports, engine::Engine& engine, const common::Globals& globals)
+{
+    const bool usersOwn = engine.Disk().FileExists(globals.G_UserDir + kReference);
+    try {
+        return FieldCount(engine, (usersOwn ? globals.G_UserDir : globals.G_ProgramDir) + kReference);
+    } catch (const RuntimeError&) {
+        ports.prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Critical, kCountTitle, kCountText);
+        throw forms::EndOfProgram{1};
+    }
+}
+
+void AppendMissing(engine::Database& database)
+{
+    engine::Transaction all(database);
+    for (const NewField& row : kNewFields) {
+        engine::Field field;
+        field.name = QString(row.name);
+        field.type = row.size > 0 ? engine::FieldType::Text : engine::FieldType::LongBinary;
+        field.size = row.size;
+        field.allowZeroLength = true;
+        field.required = false;
+        try {
+            database.AppendField(kTable, field);
+        } catch (const RuntimeError& failure) {
+            // A table that already has some of the fields gets the rest.
+            if (failure.Number() != error::kFieldDefinedTwice)
+                throw;
+        }
+    }
+    all.Commit();
+}
+
+/// The file to itself; nullptr when the user stops waiting for the others.
+std::shared_ptr<engine::Database> OpenAlone(const forms::Ports& ports, engine::Engine& engine,
+                                            const QString& path)
+{
+    for (;;) {
+        try {
+            return engine.OpenDatabase(path, engine::OpenMode::Exclusive);
+        } catch (const RuntimeError& failure) {
+            if (failure.Number() != error::kExclusivelyLocked && failure.Number() != kInUseByOthers)
+                throw;
+            if (ports.prompter.MsgBox(forms::Buttons::RetryCancel, forms::Icon::Exclamation,
+                                      store::kPlainTitle, kFileLocked) != forms::Answer::Retry)
+                return nullptr;
+        }
+    }
+}
+
+} // namespace
+
+Upgrade CheckCommentsDBF(const forms::Ports& ports, engine::Engine& engine, const common::Globals& globals,
+                         const QString& path)
+{
+    const RoutineScope scope{"CheckCommentsDBF"};
+    if (FieldCount(engine, path) == ReferenceCount(ports, engine, globals))
+        return Upgrade::NotNeeded;
+    if (ports.prompter.MsgBox(forms::Buttons::YesNo, forms::Icon::Exclamation, store::kPlainTitle,
+                              globals.share != 0 ? kUpdateShared : kUpdateLocal) != forms::Answer::Yes)
+        return Upgrade::Declined;
+    try {
+        const auto database = OpenAlone(ports, engine, path);
+        if (!database)
+            return Upgrade::Locked;
+        AppendMissing(*database);
+        database->Close();
+    } catch (const RuntimeError& failure) {
+        if (failure.Number() != error::kTableLocked)
+            throw;
+        ports.prompter.Box(store::kPlainTitle, kTableInUse);
+        return Upgrade::Locked;
+    }
+    ports.prompter.Box(store::kPlainTitle, kUpdated);
+    return Upgrade::Done;
+}
+
+} // namespace vasclip::comments
