@@ -23,14 +23,14 @@ struct PlanRow
 // In the order of the SELECT. A field that sorts as a number stands to the right.
 constexpr std::array kPlan = {
     PlanRow{Text("FRONT"), 56},       PlanRow{Text("CENTRALKEY"), 210}, PlanRow{Text("ADDRESS"), 200},
-    PlanRow{Text("PHOTOS"), 150},     PlanRow{Text("CITY"), 120},       PlanRow{Text("ST"), 48},
+    PlanRow{Text("PHOTOS"), 150},     PlanRow{Text("CITY"), 120},       PlanRow{Text("ST"), 60},
     PlanRow{Text("ZIP"), 64},         PlanRow{Text("COUNTY"), 110},     PlanRow{Text("NEIGHBORHD"), 140},
-    PlanRow{Text("CENSUSTRCT"), 100}, PlanRow{Text("TAXMAPNUM"), 110},  PlanRow{Text("GLA"), 64},
-    PlanRow{Text("SELLINGPR"), 80},   PlanRow{Text("PRICEGLA"), 80},    PlanRow{Text("BEDROOM"), 80},
-    PlanRow{Text("BATH"), 56},        PlanRow{Text("AGE"), 48},         PlanRow{Text("APPRSLTYPE"), 48},
-    PlanRow{Text("STRCODE"), 64},     PlanRow{Text("CTSCODE"), 80},     PlanRow{Text("LOADDATE"), 90},
+    PlanRow{Text("CENSUSTRCT"), 112}, PlanRow{Text("TAXMAPNUM"), 110},  PlanRow{Text("GLA"), 64},
+    PlanRow{Text("SELLINGPR"), 80},   PlanRow{Text("PRICEGLA"), 92},    PlanRow{Text("BEDROOM"), 92},
+    PlanRow{Text("BATH"), 64},        PlanRow{Text("AGE"), 48},         PlanRow{Text("APPRSLTYPE"), 56},
+    PlanRow{Text("STRCODE"), 72},     PlanRow{Text("CTSCODE"), 88},     PlanRow{Text("LOADDATE"), 90},
     PlanRow{Text("SALEDATE"), 90},    PlanRow{Text("PORCHPATI2"), 120}, PlanRow{Text("BASEMENT"), 120},
-    PlanRow{Text("LONGITUDE"), 96},   PlanRow{Text("LATITUDE"), 96},    PlanRow{Text("ANCHORED"), 72},
+    PlanRow{Text("LONGITUDE"), 96},   PlanRow{Text("LATITUDE"), 96},    PlanRow{Text("ANCHORED"), 90},
     PlanRow{Text("DESIGNAPPL"), 120}, PlanRow{Text("NOTES"), 240},
 };
 

@@ -1,6 +1,7 @@
 #include "sample_screen.h"
 
 #include "databook/frm_calendar.h"
+#include "databook/grid.h"
 #include "platform/engine/database.h"
 #include "shell/frm_main.h"
 #include "shell/frm_splash.h"
@@ -9,6 +10,7 @@
 #include "support/temp_home.h"
 #include "windows/guard.h"
 #include "windows/main_window.h"
+#include "windows/record_grid.h"
 #include "windows/screens.h"
 #include "windows/splash_window.h"
 #include "windows/theme.h"
@@ -18,6 +20,7 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QHeaderView>
 #include <QCalendarWidget>
 #include <QMenu>
 #include <QSettings>
@@ -85,6 +88,18 @@ TEST_F(RealScreens, TheCalendarShowsEveryControlOfFrmCalendar)
     EXPECT_EQ(calendar.calCalendar.Value(), QDate(2004, 4, 1));
     calendar.cmdToday.Clicked();
     EXPECT_EQ(month->selectedDate(), ports.clock.Today());
+}
+
+TEST_F(RealScreens, EveryHeadingOfTheGridFitsItsColumn)
+{
+    shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+    MainWindow window(main.controls, port, guard, theme, settings);
+    databook::SetGridSettings(main.records.grddatabook, u"DEFAULT"_s);
+    const QHeaderView* header = window.Databook().horizontalHeader();
+    ASSERT_EQ(header->count(), main.records.grddatabook.Columns().size());
+    for (int column = 0; column < header->count(); ++column)
+        EXPECT_LE(header->sectionSizeHint(column), header->sectionSize(column))
+            << main.records.grddatabook.Columns()[column].caption.toStdString();
 }
 
 } // namespace

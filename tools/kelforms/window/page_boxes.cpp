@@ -71,7 +71,7 @@ private:
     void Grid(const Section& section)
     {
         Heading(section.title);
-        const int label = qBound(150, m_width / 5, 220);
+        const int label = qBound(164, m_width / 5, 220);
         const int subject = m_width / 6;
         const int comp = (m_width - label - subject) / 3;
         const int adjust = qBound(56, comp / 3, 90);

@@ -21,6 +21,7 @@ ReportList::ReportList(const Reports& reports)
     setIndentation(14);
     setAccessibleName(u"Open reports and their pages"_s);
     setUniformRowHeights(true);
+    setTextElideMode(Qt::ElideMiddle); // titles differ at their end
     connect(this, &QTreeWidget::currentItemChanged, this, [this](const QTreeWidgetItem* item) {
         if (!m_quiet && item != nullptr && onChosen)
             onChosen(item->data(0, kReportRole).toString(), item->data(0, kPageRole).toString());
