@@ -13,6 +13,7 @@ struct GridState
     QString sqlText;     ///< the current SELECT; "" before the first display
     QString orderByText; ///< the ORDER BY of a search
     bool searchOnDisplay = false;
+    bool wildcards = true; ///< the texts of a search may stand anywhere in their fields
 };
 
 /// The "Add a comp" area and the grid group of the main window, with their guards.

@@ -146,9 +146,18 @@ void CheckBox::SetValue(bool value)
     Q_EMIT Toggled();
 }
 
+void ListBox::SetSource(const ListSource* source)
+{
+    m_items.clear();
+    m_source = source;
+    m_current = -1;
+    Q_EMIT ItemsChanged();
+}
+
 void ListBox::Clear()
 {
     m_items.clear();
+    m_source = nullptr;
     m_current = -1;
     FollowClear();
     Q_EMIT ItemsChanged();
@@ -162,7 +171,7 @@ void ListBox::AddItem(const QString& text)
 
 void ListBox::SetItem(int index, const QString& text)
 {
-    if (index < 0 || index >= ListCount())
+    if (index < 0 || index >= m_items.size())
         BadIndex(ObjectName(), index);
     m_items[index] = text;
     Q_EMIT ItemsChanged();
@@ -170,7 +179,7 @@ void ListBox::SetItem(int index, const QString& text)
 
 void ListBox::RemoveItem(int index)
 {
-    if (index < 0 || index >= ListCount())
+    if (index < 0 || index >= m_items.size())
         BadIndex(ObjectName(), index);
     m_items.removeAt(index);
     if (m_current == index)
@@ -182,7 +191,9 @@ void ListBox::RemoveItem(int index)
 
 QString ListBox::List(int index) const
 {
-    return index < 0 || index >= ListCount() ? QString() : m_items[index];
+    if (index < 0 || index >= ListCount())
+        return {};
+    return m_source ? m_source->Line(index) : m_items[index];
 }
 
 void ListBox::SetListIndex(int index)

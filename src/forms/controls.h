@@ -157,10 +157,20 @@ private:
     bool m_value = false;
 };
 
+/// Lines of a list that are asked for as they are shown: of a list too long to hold.
+class ListSource
+{
+public:
+    virtual ~ListSource() = default;
+    [[nodiscard]] virtual int Count() const = 0;
+    [[nodiscard]] virtual QString Line(int index) const = 0;
+};
+
 /// A list of lines with at most one selected.
 ///
-/// Adding or removing lines keeps the selected line selected (its index may move) and raises ItemsChanged
-/// only; when the selected line itself goes, the list is left without a selection.
+/// The lines are its own, or those of a source, which then cannot be changed here and of which nothing is
+/// held. Adding or removing lines keeps the selected line selected (its index may move) and raises
+/// ItemsChanged only; when the selected line itself goes, the list is left without a selection.
 class ListBox : public Control
 {
     Q_OBJECT
@@ -170,10 +180,17 @@ public:
     void AddItem(const QString& text);
     void SetItem(int index, const QString& text); ///< @throws RuntimeError 5 out of range
     void RemoveItem(int index);                   ///< @throws RuntimeError 5 out of range
-    [[nodiscard]] int ListCount() const { return static_cast<int>(m_items.size()); }
-    [[nodiscard]] QString List(int index) const; ///< "" out of range
-    [[nodiscard]] const QStringList& Items() const { return m_items; }
-    [[nodiscard]] int ListIndex() const { return m_current; } ///< -1 without a selection
+    /// Takes the lines of a source (not owned) instead of its own, and tells that they are others; a text
+    /// stays. nullptr gives an empty list of its own.
+    void SetSource(const ListSource* source);
+    [[nodiscard]] const ListSource* Source() const { return m_source; }
+    [[nodiscard]] int ListCount() const
+    {
+        return m_source ? m_source->Count() : static_cast<int>(m_items.size());
+    }
+    [[nodiscard]] QString List(int index) const;                       ///< "" out of range
+    [[nodiscard]] const QStringList& Items() const { return m_items; } ///< its own lines
+    [[nodiscard]] int ListIndex() const { return m_current; }          ///< -1 without a selection
     /// Raises ListIndexChanged at once if it differs; -1 takes the selection away. @throws RuntimeError 5 out
     /// of range
     void SetListIndex(int index);
@@ -191,6 +208,7 @@ protected:
 
 private:
     QStringList m_items;
+    const ListSource* m_source = nullptr;
     int m_current = -1;
 };
 

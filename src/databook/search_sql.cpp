@@ -1,0 +1,236 @@
+#include "databook/search_sql.h"
+
+#include "databook/messages.h"
+#include "platform/text/runtime_error.h"
+#include "platform/text/text.h"
+
+#include <array>
+#include <cmath>
+
+namespace vasclip::databook {
+
+using Text = QLatin1StringView;
+
+namespace {
+
+constexpr int kBadArgument = 5;
+
+constexpr std::array kFields = {
+    SearchField{Text("cboSearchKey"), Text(), Text("CENTRALKEY"), SearchKind::Like, Text("key")},
+    SearchField{Text("cboAddr"), Text(), Text("ADDRESS"), SearchKind::Like, Text("address")},
+    SearchField{Text("txtCity"), Text(), Text("CITY"), SearchKind::Like, Text("city")},
+    SearchField{Text("txtState"), Text(), Text("ST"), SearchKind::Equal, Text("state")},
+    SearchField{Text("txtZip"), Text(), Text("ZIP"), SearchKind::Like, Text("zip")},
+    SearchField{Text("txtCounty"), Text(), Text("COUNTY"), SearchKind::Like, Text("county")},
+    SearchField{Text("txtNeighbor"), Text(), Text("NEIGHBORHD"), SearchKind::Like, Text("neighborhood")},
+    SearchField{Text("txtBedRoom"), Text(), Text("BEDROOM"), SearchKind::Equal, Text("bedrooms")},
+    SearchField{Text("txtBath"), Text(), Text("BATH"), SearchKind::Like, Text("baths")},
+    SearchField{Text("txtTaxMap"), Text(), Text("TAXMAPNUM"), SearchKind::Like, Text("tax-map")},
+    SearchField{Text("txtCensus"), Text(), Text("CENSUSTRCT"), SearchKind::Like, Text("census")},
+    SearchField{Text("txtStories"), Text(), Text("STRCODE"), SearchKind::Like, Text("stories")},
+    SearchField{Text("txtCTS"), Text(), Text("CTSCODE"), SearchKind::Like, Text("cts")},
+    // --type is the comp type of a new record.
+    SearchField{Text("txtType"), Text(), Text("APPRSLTYPE"), SearchKind::Like, Text("comp-type")},
+    SearchField{Text("txtPorchPati2"), Text(), Text("PORCHPATI2"), SearchKind::Like, Text("porch")},
+    SearchField{Text("txtNotes"), Text(), Text("NOTES"), SearchKind::Like, Text("notes")},
+    SearchField{Text("txtdesignappl"), Text(), Text("DESIGNAPPL"), SearchKind::Like, Text("design")},
+    SearchField{Text("txtSQFt"), Text("txtSQftRange"), Text("GLA"), SearchKind::NumericRange, Text("sqft")},
+    SearchField{Text("txtPrice"), Text("txtPriceRange"), Text("SELLINGPR"), SearchKind::NumericRange,
+                Text("price")},
+    SearchField{Text("txtage"), Text("txtAgeRange"), Text("AGE"), SearchKind::NumericRange, Text("age")},
+    SearchField{Text("txtLandSize"), Text("txtLandSizeRange"), Text("LANDSIZE"), SearchKind::TextRange,
+                Text("land-size")},
+    SearchField{Text("txtSaleDate"), Text("cboSaleRange"), Text("SALEDATE"), SearchKind::Date,
+                Text("sale-date")},
+    SearchField{Text("txtLoadDate"), Text("cboLoadRange"), Text("LOADDATE"), SearchKind::Date,
+                Text("load-date")},
+    SearchField{Text("txtPriceGLA"), Text("txtPriceGLARange"), Text("PRICEGLA"), SearchKind::NumericRange,
+                Text("price-gla")},
+};
+
+/// The text so far, ready for one more condition.
+QString Joined(const QString& where)
+{
+    return where.isEmpty() ? QString() : where + QStringLiteral(" AND ");
+}
+
+QString NumberText(double value)
+{
+    return text::Trim(text::Str(value));
+}
+
+double NumberOf(QString typed)
+{
+    typed.remove(QLatin1Char(',')).remove(QLatin1Char('$'));
+    return text::Val(typed);
+}
+
+/// A further filter of a statement that may have none yet.
+QString Filtered(const QString& sql, const QString& condition)
+{
+    const bool filtered = sql.toUpper().contains(Text("WHERE"));
+    return sql + (filtered ? QStringLiteral(" AND ") : QStringLiteral(" WHERE ")) + condition;
+}
+
+} // namespace
+
+std::span<const SearchField> SearchFields()
+{
+    return kFields;
+}
+
+QString AddEqual(const QString& where, const QString& field, const QString& value)
+{
+    const QString wanted = text::Folded(value);
+    if (wanted.isEmpty())
+        return where;
+    return Joined(where) + QStringLiteral("UCASE(") + field + QStringLiteral(") = '") + wanted +
+           QLatin1Char('\'');
+}
+
+QString AddLike(const QString& where, const QString& field, const QString& value, bool wildcards)
+{
+    const QString wanted = text::Folded(value);
+    if (wanted.isEmpty())
+        return where;
+    const QString wildcard = wildcards ? QStringLiteral("*") : QString();
+    return Joined(where) + QStringLiteral("UCASE(") + field + QStringLiteral(") LIKE '") + wildcard + wanted +
+           wildcard + QLatin1Char('\'');
+}
+
+QString AddNumericRange(const QString& where, const QString& field, const QString& value,
+                        const QString& range)
+{
+    if (text::Trim(value).isEmpty())
+        return where;
+    const double middle = NumberOf(value);
+    const double width = NumberOf(range);
+    return Joined(where) + field + QStringLiteral(" BETWEEN ") + NumberText(middle - width) +
+           QStringLiteral(" AND ") + NumberText(middle + width);
+}
+
+QString AddTextRange(const QString& where, const QString& field, const QString& value, const QString& range)
+{
+    if (text::Trim(value).isEmpty())
+        return where;
+    const double middle = NumberOf(value);
+    const double width = NumberOf(range);
+    return Joined(where) + field + QStringLiteral(" BETWEEN VAL('") + NumberText(middle - width) +
+           QStringLiteral("') AND VAL('") + NumberText(middle + width) + QStringLiteral("')");
+}
+
+QString DateComparison(const QString& range)
+{
+    const QString wanted = text::Folded(range);
+    if (wanted == Text("ON OR PRIOR") || wanted == Text("ON OR PRIOR TO"))
+        return QStringLiteral("<=");
+    if (wanted == Text("EQUAL") || wanted == Text("EQUAL TO"))
+        return QStringLiteral("=");
+    if (wanted == Text("ON OR AFTER") || wanted == Text("ON OR AFTER TO"))
+        return QStringLiteral(">=");
+    return {};
+}
+
+QString AddDate(const QString& where, const QString& field, const QString& date, const QString& comparison)
+{
+    const QString wanted = text::Trim(date);
+    if (wanted.isEmpty())
+        return where;
+    const QString range = text::Trim(comparison).isEmpty() ? kOnOrAfter : comparison;
+    return Joined(where) + QStringLiteral("COMPS.") + field + DateComparison(range) + QLatin1Char('#') +
+           wanted + QLatin1Char('#');
+}
+
+const QString& SearchColumns()
+{
+    static const QString columns = QStringLiteral(
+        "COMPS.FRONT,COMPS.CENTRALKEY,COMPS.ADDRESS, COMPS.PHOTOS, COMPS.CITY, COMPS.ST, COMPS.ZIP, "
+        "COMPS.COUNTY, COMPS.NEIGHBORHD, COMPS.CENSUSTRCT, COMPS.TAXMAPNUM, COMPS.GLA, COMPS.SELLINGPR, "
+        "COMPS.PRICEGLA, COMPS.BEDROOM, COMPS.BATH, COMPS.AGE, COMPS.APPRSLTYPE, COMPS.STRCODE, "
+        "COMPS.CTSCODE, COMPS.LOADDATE, COMPS.SALEDATE, COMPS.PORCHPATI2, COMPS.BASEMENT, COMPS.PHOTOS, "
+        "COMPS.LONGITUDE, COMPS.LATITUDE, COMPS.ANCHORED, Comps.DESIGNAPPL, COMPS.LANDSIZE, COMPS.NOTES");
+    return columns;
+}
+
+SearchStatement BuildSearch(const SearchForm& form)
+{
+    QString where;
+    for (const SearchField& row : kFields) {
+        const QString field(row.field);
+        const QString value = form.texts.value(row.control);
+        const QString range = form.texts.value(row.rangeControl);
+        switch (row.kind) {
+        case SearchKind::Like:
+            where = AddLike(where, field, value, form.wildcards);
+            break;
+        case SearchKind::Equal:
+            where = AddEqual(where, field, value);
+            break;
+        case SearchKind::NumericRange:
+            where = AddNumericRange(where, field, value, range);
+            break;
+        case SearchKind::TextRange:
+            where = AddTextRange(where, field, value, range);
+            break;
+        case SearchKind::Date:
+            if (!text::Trim(value).isEmpty() && !text::Trim(range).isEmpty() &&
+                DateComparison(range).isEmpty())
+                throw RuntimeError(kBadArgument, kNoDateRange.arg(range));
+            where = AddDate(where, field, value, range);
+            break;
+        }
+    }
+    SearchStatement statement;
+    statement.sql = QStringLiteral("SELECT ") + SearchColumns() + QStringLiteral(" FROM COMPS") +
+                    (where.isEmpty() ? QString() : QStringLiteral(" WHERE ") + where);
+    // A sort by a date stored as text: rows without a date have no place in it.
+    if (form.sort == 2)
+        statement.sql = Filtered(statement.sql, QStringLiteral("ISDATE(COMPS.SALEDATE)"));
+    else if (form.sort == 6)
+        statement.sql = Filtered(statement.sql, QStringLiteral("ISDATE(COMPS.LOADDATE)"));
+    if (form.ignorePending)
+        statement.sql = Filtered(statement.sql, QStringLiteral("COMPS.SALEDATE <> #01/01/1900#"));
+    statement.orderBy = OrderByText(form.sort);
+    statement.sql += statement.orderBy;
+    return statement;
+}
+
+void ShowSearch(const forms::Ports& ports, RecordDesk& desk, store::DataSource& datsql, GridRows& rows,
+                const SearchStatement& statement)
+{
+    const GridState before = desk.state;
+    desk.state.sqlText = statement.sql;
+    desk.state.orderByText = statement.orderBy;
+    desk.state.searchOnDisplay = true;
+    try {
+        DisplayAllRecords(ports, desk, datsql, rows, 0);
+    } catch (...) {
+        desk.state = before;
+        throw;
+    }
+    if (datsql.RecordSource() != statement.sql)
+        desk.state = before;
+}
+
+QString Look4Percent(const QString& value, const QString& range)
+{
+    if (!range.contains(QLatin1Char('%')))
+        return range;
+    return NumberText(std::trunc(NumberOf(value) * NumberOf(range) / 100));
+}
+
+std::optional<QString> AdjustPercent(const QString& value, const QString& range, float percent)
+{
+    if (!text::Trim(range).isEmpty() && NumberOf(range) != 0)
+        return std::nullopt;
+    return NumberText(NumberOf(value) * static_cast<double>(percent) / 100);
+}
+
+QString FoundText(qint64 comps)
+{
+    if (comps == 0)
+        return kNoCompsFound;
+    return QString::number(comps) + (comps == 1 ? kCompFound : kCompsFound);
+}
+
+} // namespace vasclip::databook

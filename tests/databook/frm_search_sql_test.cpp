@@ -1,0 +1,389 @@
+#include "databook/frm_search_sql.h"
+
+#include "databook/frm_calendar.h"
+#include "platform/files/profile.h"
+#include "support/databook_home.h"
+
+namespace vasclip::databook {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+class SearchScreen : public tests::DatabookHome
+{
+protected:
+    forms::ControlSet set;
+    RecordDesk desk{set};
+    common::Globals globals;
+    store::DataSource datsql{engine, u"datsql"_s};
+    GridRows rows{datsql};
+
+    void SetUp() override
+    {
+        DatabookHome::SetUp();
+        globals.productName = u"Vasclip"_s;
+        globals.applicationIni = u"C:\\VAS2000.INI"_s;
+        globals.sortGrid = 3;
+        AddRows({
+            {{key, u"114 OAK ST"_s},
+             {u"ADDRESS"_s, u"114 Oak St"_s},
+             {u"CITY"_s, u"Elm Grove"_s},
+             {u"ST"_s, u"WA"_s},
+             {u"GLA"_s, u"1500"_s},
+             {u"SELLINGPR"_s, u"99000"_s},
+             {u"LANDSIZE"_s, u"8000 sf"_s},
+             {u"SALEDATE"_s, u"03/07/2004"_s}},
+            {{key, u"22 FERRY RD"_s},
+             {u"ADDRESS"_s, u"22 Ferry Rd"_s},
+             {u"CITY"_s, u"Elmira"_s},
+             {u"ST"_s, u"WAX"_s},
+             {u"GLA"_s, u"2100"_s},
+             {u"SELLINGPR"_s, u"115000"_s},
+             {u"SALEDATE"_s, u"01/01/1900"_s}},
+            {{key, u"9 ELM CT"_s},
+             {u"ADDRESS"_s, u"9 Elm Ct"_s},
+             {u"CITY"_s, u"Port Vale"_s},
+             {u"ST"_s, u"wa"_s},
+             {u"SELLINGPR"_s, u"115001"_s},
+             {u"SALEDATE"_s, u"not yet"_s}},
+        });
+        store::Connect2mdb(ports, datsql, path, table, engine::RecordsetType::Dynaset);
+        DisplayAllRecords(ports, desk, datsql, rows, 1);
+    }
+
+    frm_SearchSQL::Base Base() { return {ports, disk, globals, desk, datsql, rows}; }
+
+    [[nodiscard]] QStringList Shown() const
+    {
+        QStringList keys;
+        for (qint64 row = 0; row < rows.RowCount(); ++row)
+            keys.append(rows.Row(row).value(1).trimmed());
+        return keys;
+    }
+    static void Press(forms::Button& button) { Q_EMIT button.Clicked(); }
+};
+
+TEST_F(SearchScreen, OpensAsTheSettingsSay)
+{
+    files::WritePrivateProfileString(disk, u"CITIES"_s, u"CITY1"_s, u"Elm Grove, WA  98001  King"_s,
+                                     globals.applicationIni);
+    globals.ignorePending = 1;
+    frm_SearchSQL screen(Base());
+    EXPECT_EQ(screen.TextOf(u"cboSaleRange"_s), u"On Or After"_s);
+    EXPECT_EQ(screen.TextOf(u"cboLoadRange"_s), u"On Or After"_s);
+    screen.Open();
+    EXPECT_EQ(screen.Caption(), u"Vasclip - Database Search (by field)"_s);
+    EXPECT_TRUE(screen.optSort(3).Value());
+    EXPECT_TRUE(screen.ckbIgnorePending.Value());
+    EXPECT_EQ(qobject_cast<forms::ComboBox*>(screen.Box(u"cboSaleRange"_s))->Items(),
+              QStringList({u"On or Prior"_s, u"Equal To"_s, u"On or After"_s}));
+    EXPECT_EQ(screen.cboCity.Items(), QStringList(u"Elm Grove, WA  98001  King"_s));
+    EXPECT_EQ(screen.cboapprslType.ListCount(), 6);
+    EXPECT_EQ(screen.Form().sort, 3);
+}
+
+TEST_F(SearchScreen, ASortOutsideTheSevenIsNone)
+{
+    for (const int sort : {-1, 7, 99}) {
+        globals.sortGrid = sort;
+        frm_SearchSQL screen(Base());
+        screen.Open();
+        EXPECT_TRUE(screen.optSort(0).Value()) << sort;
+        EXPECT_EQ(screen.Form().sort, 0) << sort;
+    }
+}
+
+TEST_F(SearchScreen, OneSortAtATime)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    screen.optSort(5).SetValue(true);
+    EXPECT_FALSE(screen.optSort(3).Value());
+    EXPECT_EQ(screen.Form().sort, 5);
+}
+
+TEST_F(SearchScreen, TheListsHoldTheKeysAndAddressesOfTheGrid)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    const auto* keys = qobject_cast<forms::ComboBox*>(screen.Box(u"cboSearchKey"_s));
+    const auto* addresses = qobject_cast<forms::ComboBox*>(screen.Box(u"cboAddr"_s));
+    ASSERT_EQ(keys->ListCount(), 3);
+    EXPECT_EQ(keys->List(0), u"114 OAK ST"_s); // in the grid's order
+    EXPECT_EQ(addresses->List(2), u"9 Elm Ct"_s);
+    EXPECT_EQ(keys->List(3), QString());
+    EXPECT_TRUE(keys->Items().isEmpty()) << "the list holds what it only shows";
+    screen.SetText(u"txtState"_s, u"wa"_s);
+    Press(screen.cmdSearch);
+    EXPECT_EQ(keys->ListCount(), 2);
+}
+
+TEST_F(SearchScreen, ASearchReachesGridStatusAndState)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    screen.SetText(u"txtCity"_s, u" elm "_s);
+    Press(screen.cmdSearch);
+    EXPECT_EQ(Shown(), QStringList({u"22 FERRY RD"_s, u"114 OAK ST"_s}));
+    EXPECT_EQ(screen.lblmsg.Caption(), u"2 comps found."_s);
+    EXPECT_EQ(screen.lblSQL.Caption(), u"SELECT "_s + SearchColumns() +
+                                           u" FROM COMPS WHERE UCASE(CITY) LIKE '*ELM*'"
+                                           " ORDER BY COMPS.SELLINGPR DESC"_s);
+    EXPECT_EQ(desk.state.sqlText, screen.lblSQL.Caption());
+    EXPECT_EQ(desk.state.orderByText, u" ORDER BY COMPS.SELLINGPR DESC"_s);
+    EXPECT_TRUE(desk.state.searchOnDisplay);
+    EXPECT_EQ(datsql.RecordSource(), screen.lblSQL.Caption());
+    EXPECT_EQ(desk.txtcentralkey.Text(), u"22 FERRY RD"_s);
+
+    DisplayAllRecords(ports, desk, datsql, rows, 1); // what refreshes the grid keeps the search
+    EXPECT_EQ(Shown(), QStringList({u"22 FERRY RD"_s, u"114 OAK ST"_s}));
+}
+
+TEST_F(SearchScreen, OneAndNoneHaveTheirOwnWords)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    screen.SetText(u"cboSearchKey"_s, u"oak"_s);
+    Press(screen.cmdSearch);
+    EXPECT_EQ(screen.lblmsg.Caption(), u"1 comp found."_s);
+    screen.SetText(u"cboSearchKey"_s, u"maple"_s);
+    Press(screen.cmdSearch);
+    EXPECT_EQ(screen.lblmsg.Caption(),
+              u"No comps were found using the search fields above.  Check spelling or be less specific"_s);
+    EXPECT_EQ(screen.lblmsg.Fore(), forms::Colour::Red);
+    EXPECT_EQ(desk.grddatabook.Row(), -1);
+}
+
+TEST_F(SearchScreen, TheStateIsNeverAPattern)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    screen.SetText(u"txtState"_s, u"WA"_s);
+    Press(screen.cmdSearch);
+    EXPECT_EQ(Shown(), QStringList({u"9 ELM CT"_s, u"114 OAK ST"_s})); // neither "WAX"
+    screen.SetText(u"txtState"_s, u"W*"_s);
+    Press(screen.cmdSearch);
+    EXPECT_TRUE(Shown().isEmpty());
+}
+
+TEST_F(SearchScreen, ARangeBoxStandsBesideItsValueOnlyWhileThereIsOne)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    for (const SearchBox& box : screen.Boxes()) {
+        if (!box.rangeLabel)
+            continue;
+        const QString name(box.row.control);
+        EXPECT_FALSE(box.range->Visible()) << name.toStdString();
+        EXPECT_FALSE(box.rangeLabel->Visible()) << name.toStdString();
+        screen.SetText(name, u"10"_s);
+        EXPECT_TRUE(box.range->Visible()) << name.toStdString();
+        EXPECT_TRUE(box.rangeLabel->Visible()) << name.toStdString();
+        screen.SetText(name, {});
+        EXPECT_FALSE(box.range->Visible()) << name.toStdString();
+    }
+}
+
+TEST_F(SearchScreen, EnteringAnEmptyRangeTakesFifteenPercent)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    screen.SetText(u"txtPrice"_s, u"100000"_s);
+    int selected = 0;
+    auto* range = qobject_cast<forms::TextBox*>(screen.Box(u"txtPriceRange"_s));
+    QObject::connect(range, &forms::TextBox::SelectAllWanted, range, [&] { ++selected; });
+    Q_EMIT range->GotFocus();
+    EXPECT_EQ(range->Text(), u"15000"_s);
+    EXPECT_EQ(selected, 1);
+    Press(screen.cmdSearch);
+    EXPECT_EQ(Shown(), QStringList({u"22 FERRY RD"_s, u"114 OAK ST"_s}));
+    range->SetText(u"15,002"_s);
+    Q_EMIT range->GotFocus();
+    EXPECT_EQ(range->Text(), u"15,002"_s);
+    EXPECT_EQ(selected, 1);
+}
+
+TEST_F(SearchScreen, APercentageBecomesItsNumberWhenTheBoxIsLeftOrSearched)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    screen.SetText(u"txtSQFt"_s, u"1999"_s);
+    screen.SetText(u"txtSQftRange"_s, u"10%"_s);
+    Q_EMIT screen.Box(u"txtSQftRange"_s)->LostFocus();
+    EXPECT_EQ(screen.TextOf(u"txtSQftRange"_s), u"199"_s);
+    screen.SetText(u"txtSQftRange"_s, u"10%"_s);
+    Press(screen.cmdSearch);
+    EXPECT_TRUE(screen.lblSQL.Caption().contains(u"GLA BETWEEN 1800 AND 2198"_s))
+        << screen.lblSQL.Caption().toStdString();
+    EXPECT_EQ(Shown(), QStringList(u"22 FERRY RD"_s));
+}
+
+TEST_F(SearchScreen, LandSizeComparesTheNumbersOfItsTexts)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    screen.SetText(u"txtLandSize"_s, u"8000"_s);
+    screen.SetText(u"txtLandSizeRange"_s, u"10"_s);
+    Press(screen.cmdSearch);
+    EXPECT_EQ(Shown(), QStringList(u"114 OAK ST"_s));
+}
+
+TEST_F(SearchScreen, DatesAreFixedWhenTheBoxIsLeft)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    const std::pair<QString, QString> rows[] = {
+        {u"03/07/04"_s, u"3/7/2004"_s},     {u"tomorrow"_s, u"01/01/1900"_s},
+        {u"13/13/2004"_s, u"01/01/1900"_s}, {u""_s, u""_s},
+        {u"3/7/2091"_s, u"01/01/1900"_s},   {u"o'clock"_s, u"01/01/1900"_s},
+    };
+    for (const QString& box : {u"txtSaleDate"_s, u"txtLoadDate"_s}) {
+        for (const auto& [typed, fixed] : rows) {
+            screen.SetText(box, typed);
+            Q_EMIT screen.Box(box)->LostFocus();
+            EXPECT_EQ(screen.TextOf(box), fixed) << typed.toStdString();
+        }
+    }
+}
+
+TEST_F(SearchScreen, TheCalendarFillsItsDate)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    screen.SetText(u"txtSaleDate"_s, u"3/7/2004"_s);
+    const auto choose = [](const QString& title) {
+        return [title](forms::Screen& shown) {
+            EXPECT_EQ(shown.Caption(), title);
+            auto& calendar = dynamic_cast<frm_Calendar&>(shown);
+            calendar.calCalendar.SetValue(calendar.calCalendar.Value().addDays(1));
+            Q_EMIT calendar.cmdOk.Clicked();
+        };
+    };
+    doubles.screens.Play(choose(u"Sale Date"_s));
+    Q_EMIT screen.imaSaleCal.Clicked();
+    EXPECT_EQ(screen.TextOf(u"txtSaleDate"_s), u"03/08/2004"_s);
+    doubles.screens.Play(choose(u"Sale Date"_s));
+    Q_EMIT screen.Box(u"txtSaleDate"_s)->DoubleClicked();
+    EXPECT_EQ(screen.TextOf(u"txtSaleDate"_s), u"03/09/2004"_s);
+    doubles.screens.Play(choose(u"Load Date"_s));
+    Q_EMIT screen.imaLoadCal.Clicked();
+    doubles.screens.Play(choose(u"Load Date"_s));
+    Q_EMIT screen.Box(u"txtLoadDate"_s)->DoubleClicked();
+    EXPECT_EQ(doubles.screens.Shown().size(), 4);
+}
+
+TEST_F(SearchScreen, ADateWithoutAComparisonIsOnOrAfter)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    screen.SetText(u"txtSaleDate"_s, u"1/1/2004"_s);
+    screen.SetText(u"cboSaleRange"_s, {});
+    Press(screen.cmdSearch);
+    EXPECT_EQ(screen.TextOf(u"cboSaleRange"_s), u"On or After"_s);
+    EXPECT_EQ(Shown(), QStringList(u"114 OAK ST"_s));
+    screen.SetText(u"cboSaleRange"_s, u"On or Prior"_s);
+    Press(screen.cmdSearch);
+    EXPECT_EQ(Shown(), QStringList(u"22 FERRY RD"_s)); // the pending one; "not yet" is no date
+}
+
+TEST_F(SearchScreen, PendingSalesCanBeLeftOut)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    screen.optSort(2).SetValue(true);
+    Press(screen.cmdSearch);
+    EXPECT_EQ(Shown(), QStringList({u"114 OAK ST"_s, u"22 FERRY RD"_s}));
+    screen.ckbIgnorePending.SetValue(true);
+    Press(screen.cmdSearch);
+    EXPECT_EQ(Shown(), QStringList(u"114 OAK ST"_s));
+}
+
+TEST_F(SearchScreen, ClearingEmptiesEveryFieldAndForgetsTheSearch)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    for (const SearchBox& box : screen.Boxes())
+        screen.SetText(QString(box.row.control), u"1"_s);
+    screen.SetText(u"txtSaleDate"_s, u"1/1/2004"_s);
+    screen.SetText(u"txtLoadDate"_s, u"1/1/2004"_s);
+    Press(screen.cmdSearch);
+    EXPECT_TRUE(desk.state.searchOnDisplay);
+    Press(screen.cmdClear);
+    for (const SearchBox& box : screen.Boxes()) {
+        EXPECT_EQ(screen.TextOf(QString(box.row.control)), QString()) << box.row.control.data();
+        EXPECT_EQ(screen.TextOf(QString(box.row.rangeControl)), QString()) << box.row.control.data();
+    }
+    EXPECT_FALSE(desk.state.searchOnDisplay);
+    EXPECT_TRUE(screen.optSort(3).Value()) << "the sort is no field";
+}
+
+TEST_F(SearchScreen, ALabelClearsItsOwnField)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    for (const SearchBox& box : screen.Boxes())
+        screen.SetText(QString(box.row.control), u"5"_s);
+    for (const SearchBox& box : screen.Boxes()) {
+        Q_EMIT box.label->Clicked();
+        EXPECT_EQ(screen.TextOf(QString(box.row.control)), QString()) << box.row.control.data();
+        const QString last = &box == &screen.Boxes().back() ? QString() : u"5"_s;
+        EXPECT_EQ(screen.TextOf(u"txtPriceGLA"_s), last) << box.row.control.data();
+    }
+}
+
+TEST_F(SearchScreen, ListsFillTheirFields)
+{
+    files::WritePrivateProfileString(disk, u"CITIES"_s, u"CITY1"_s, u"Elm Grove, WA  98001  King"_s,
+                                     globals.applicationIni);
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    screen.cboCity.SetListIndex(0);
+    EXPECT_EQ(screen.TextOf(u"txtCity"_s), u"Elm Grove"_s);
+    EXPECT_EQ(screen.TextOf(u"txtState"_s), u"WA"_s);
+    EXPECT_EQ(screen.TextOf(u"txtZip"_s), u"98001"_s);
+    EXPECT_EQ(screen.TextOf(u"txtCounty"_s), u"King"_s);
+    screen.cboapprslType.SetListIndex(5);
+    EXPECT_EQ(screen.TextOf(u"txtType"_s), u"M"_s);
+}
+
+TEST_F(SearchScreen, AQuoteIsASyntaxErrorAndLeavesTheGrid)
+{
+    for (const SearchField& field : SearchFields()) {
+        if (field.kind != SearchKind::Like && field.kind != SearchKind::Equal)
+            continue;
+        frm_SearchSQL screen(Base());
+        screen.Open();
+        const QString statement = desk.state.sqlText;
+        screen.SetText(QString(field.control), u"O'Fallon"_s);
+        try {
+            Press(screen.cmdSearch);
+            ADD_FAILURE() << field.control.data() << ": taken";
+        } catch (const RuntimeError& failure) {
+            EXPECT_EQ(failure.Number(), error::kSyntax);
+            EXPECT_TRUE(failure.Description().contains(u"position"_s) ||
+                        failure.Description().contains(u"character"_s))
+                << failure.Description().toStdString();
+        }
+        EXPECT_EQ(Shown().size(), 3);
+        EXPECT_EQ(desk.state.sqlText, statement);
+        EXPECT_FALSE(desk.state.searchOnDisplay);
+        EXPECT_TRUE(screen.lblSQL.Caption().contains(u"O'FALLON"_s));
+    }
+}
+
+TEST_F(SearchScreen, AFailedSearchKeepsTheOneBefore)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    screen.SetText(u"txtCity"_s, u"elm"_s);
+    Press(screen.cmdSearch);
+    const QString statement = desk.state.sqlText;
+    screen.SetText(u"txtNotes"_s, u"it's"_s);
+    EXPECT_THROW(Press(screen.cmdSearch), RuntimeError);
+    EXPECT_EQ(desk.state.sqlText, statement);
+    EXPECT_TRUE(desk.state.searchOnDisplay);
+    EXPECT_EQ(Shown(), QStringList({u"22 FERRY RD"_s, u"114 OAK ST"_s}));
+}
+
+} // namespace
+} // namespace vasclip::databook
