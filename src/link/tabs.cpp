@@ -125,15 +125,17 @@ void TestOtherTabs(LinkDesk& desk, const QString& forms, bool forceAll)
         report.lblRental(j - 1).SetCaption(u"Rentals "_s + CaptionRange(j - 1));
     }
 
+    const bool withoutFiveAndSix = mainForm == "DT3"_L1;
+    for (int comp : {5, 6}) {
+        if (withoutFiveAndSix)
+            report.txtComp(comp).SetEnabled(false);
+        // Shown again for the form after it.
+        desk.slots.imaComp(comp).SetVisible(!withoutFiveAndSix);
+        desk.slots.geaComp(comp).SetVisible(!withoutFiveAndSix);
+    }
     if (mainForm == "704"_L1) {
         for (int j = 1; j <= 2; ++j)
             setPage(report.TabListing, j - 1, listing, j, false);
-    } else if (mainForm == "DT3"_L1) {
-        for (int comp : {5, 6}) {
-            report.txtComp(comp).SetEnabled(false);
-            desk.slots.imaComp(comp).SetVisible(false);
-            desk.slots.geaComp(comp).SetVisible(false);
-        }
     }
 }
 

@@ -98,6 +98,18 @@ TEST_F(Tabs, FormDt3HidesCompsFiveAndSix)
     }
 }
 
+TEST_F(Tabs, TheFormAfterDt3HasCompsFiveAndSixAgain)
+{
+    ini = {{u"3X5_PHOTO_PAGES/COMPARABLES_2"_s, u"COMP2"_s}};
+    TestOtherTabs(desk, u"DT3,COMP2"_s, false);
+    TestOtherTabs(desk, u"UA5,COMP2"_s, false);
+    for (int comp : {5, 6}) {
+        EXPECT_TRUE(report.txtComp(comp).Enabled());
+        EXPECT_TRUE(slots.imaComp(comp).Visible());
+        EXPECT_TRUE(slots.geaComp(comp).Visible());
+    }
+}
+
 TEST_F(Tabs, TheThirdAlternatesKeyClaimsOnlyAPageLeftUnused)
 {
     ini = {{u"DESCRIPTIONS/ALTPH1"_s, u"One"_s}, {u"DESCRIPTIONS/ALTPH3"_s, u"Three"_s}};

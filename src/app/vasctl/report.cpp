@@ -159,6 +159,10 @@ int RunDrop(Session& session, const Output& out, const QStringList& arguments,
         return kNotFound;
     }
     const drops::Outcome outcome = main.Drop(drag, *target);
+    if (outcome.done && outcome.colour == forms::Colour::Red) {
+        out.Error(outcome.message); // the data are there, the photo is not
+        return kFailed;
+    }
     if (outcome.done) {
         out.Value({{u"slot"_s, target->ObjectName()}, {u"key"_s, drag.key}, {u"message"_s, outcome.message}},
                   outcome.message);
