@@ -206,7 +206,12 @@ QByteArray LayoutFile::Text() const
 
 void LayoutFile::Write(const files::Disk& disk, const QString& file) const
 {
-    disk.WriteWhole(file, Text());
+    const QByteArray content = Text();
+    // Each start writes the program's plan anew; where it stands already, the disk is not asked to flush it
+    // again.
+    if (disk.FileExists(file) && disk.ReadWhole(file) == content)
+        return;
+    disk.WriteWhole(file, content);
 }
 
 void SaveGrid(const files::Disk& disk, const forms::Grid& grid, const QString& file,
@@ -238,8 +243,11 @@ bool LoadGrid(const files::Disk& disk, forms::Grid& grid, const QString& file, c
 void RefreshLayoutFile(const files::Disk& disk, const QString& file)
 {
     const RoutineScope scope{"RefreshLayoutFile"};
-    if (disk.Found(file) && IsReadable(disk, file))
-        disk.FileCopy(file, file.chopped(2) + QStringLiteral("bk"));
+    if (disk.Found(file) && IsReadable(disk, file)) {
+        const QString backup = file.chopped(2) + QStringLiteral("bk");
+        if (!disk.FileExists(backup) || disk.ReadWhole(backup) != disk.ReadWhole(file))
+            disk.FileCopy(file, backup);
+    }
 }
 
 void RebuildLayoutFile(const files::Disk& disk, const forms::Grid& grid, const QString& file,

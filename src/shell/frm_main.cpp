@@ -124,7 +124,6 @@ void frm_Main::DisplayAllRecords()
     const common::RoutineScope scope{"DisplayAllRecords"};
     const forms::Hourglass hourglass(m_base.ports.window);
     databook::DisplayAllRecords(m_base.ports, records, sources.datsql, *m_rows, globals.sortGrid);
-    grddatabook_RowColChange();
 }
 
 void frm_Main::grddatabook_RowColChange()
@@ -136,6 +135,16 @@ void frm_Main::grddatabook_RowColChange()
     records.txtcentralkey.SetText(key);
     records.lblDatabookADDR.SetCaption(text::Trim(records.grddatabook.CurrentText(u"ADDRESS"_s)));
     records.CheckStatus(m_base.ports, sources.datDatabook, status);
+    if (!m_starting)
+        ShowRecordPhoto();
+}
+
+void frm_Main::ShowRecordPhoto()
+{
+    const QString key = records.txtcentralkey.Text();
+    if (!sources.datDatabook.Bound() || records.grddatabook.Row() < 0 ||
+        !store::FindRecord(m_base.ports, sources.datDatabook, key, u"CENTRALKEY"_s))
+        return;
     photos::TestFrontView(sources.datDatabook, key, photoLists, *m_slotLoader, slots.geamaintain, m_base.disk,
                           globals.G_PhotoDir);
 }

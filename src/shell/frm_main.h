@@ -75,6 +75,8 @@ public:
     void ConnectDatabook(); ///< @throws forms::EndOfProgram after saying why
     void ConnectMapping();  ///< @throws forms::EndOfProgram after saying why
 
+    /// The photo of the record on show. The start leaves it to the window, which shows it once the grid stands.
+    void ShowRecordPhoto();
     /// Saves and closes in the fixed order; a second call does nothing.
     void Form_Unload();
 
@@ -107,6 +109,7 @@ private:
     Foundation m_base;
     QString m_caption;
     QString m_version;
+    bool m_starting = false; ///< within Form_load
     bool m_unloaded = false;
     bool m_gridReady = false; ///< the layout on show is the user's and is saved at exit
     photos::SlotTable m_slotTable;

@@ -12,6 +12,8 @@
 #include "shell/start_up.h"
 #include "shell/tracer.h"
 
+#include <QScopeGuard>
+
 namespace vasclip::shell {
 
 using namespace Qt::Literals::StringLiterals;
@@ -174,6 +176,8 @@ void frm_Main::Form_load(const StartUpOptions& options, frm_Splash& splash)
     databook::SetFormatText(records.grddatabook);
     step(u"LoadCompType"_s, u"Setting Formtypes for Search menu"_s);
     records.LoadCompType();
+    m_starting = true; // the grid comes first, the photo of its row when it stands on the screen
+    const auto started = qScopeGuard([this] { m_starting = false; });
     step(u"RefreshAppraisal"_s, u"Refreshing program from KEL"_s);
     RefreshAppraisal();
     step(u"SetGridSettings"_s, {});

@@ -23,9 +23,11 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QMessageBox>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QSettings>
 #include <QTextStream>
 #include <QTimer>
@@ -37,6 +39,8 @@ using namespace Qt::Literals::StringLiterals;
 using namespace vasclip;
 
 namespace {
+
+constexpr qint64 kBlinkMilliseconds = 150;
 
 struct Options
 {
@@ -159,8 +163,19 @@ private:
 
     bool Start(app::Tour* tour)
     {
-        windows::SplashWindow splash(m_splash.controls, m_guard);
-        splash.show();
+        // A start that is done in a blink shows no splash; it comes with the first status line after that.
+        std::optional<windows::SplashWindow> splash;
+        QElapsedTimer sinceStart;
+        sinceStart.start();
+        const auto showSplash = [&] {
+            if (splash || (!tour && sinceStart.elapsed() < kBlinkMilliseconds))
+                return;
+            splash.emplace(m_splash.controls, m_guard);
+            splash->show();
+        };
+        const auto watching =
+            QObject::connect(&m_splash.lstSplash, &forms::ListBox::ItemsChanged, qApp, showSplash);
+        const auto watched = qScopeGuard([&] { QObject::disconnect(watching); });
         shell::StartUpOptions start;
         start.commandLine = m_options.commandLine;
         start.previousInstance = [this] { return !m_copy.IsFirst(); };
@@ -172,7 +187,7 @@ private:
             return false;
         }
         if (tour)
-            tour->Shoot(splash, u"starting"_s);
+            tour->Shoot(*splash, u"starting"_s);
         return m_guard.Run([&] { ShowWindow(); });
     }
 
@@ -194,6 +209,9 @@ private:
         });
         if (m_options.quitWhenPainted)
             QObject::connect(&*m_window, &windows::MainWindow::FirstPainted, qApp, [] { std::_Exit(0); });
+        QObject::connect(
+            &*m_window, &windows::MainWindow::FirstPainted, &m_main,
+            [this] { m_guard.Run([this] { m_main.ShowRecordPhoto(); }); }, Qt::QueuedConnection);
         m_window->show();
         if (!m_options.places.isEmpty())
             m_places.emplace(*m_window, m_options.places);
