@@ -295,6 +295,7 @@ void frm_SearchSQL::Form_Load()
         auto* range = qobject_cast<forms::ComboBox*>(box.range.get());
         for (const QString& line : {kOnOrPrior, kEqualTo, kOnOrAfter})
             range->AddItem(line);
+        range->SetText(kOnOrAfter);
     }
     LoadCities(cboCity, m_base.disk, m_base.globals);
     for (const CompType& type : CompTypes())

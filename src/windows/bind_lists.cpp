@@ -1,6 +1,7 @@
 #include "windows/binder.h"
 
 #include "windows/guard.h"
+#include "windows/lines_model.h"
 #include "windows/record_grid.h"
 #include "windows/theme.h"
 
@@ -20,6 +21,19 @@ namespace vasclip::windows {
 namespace {
 
 const QLatin1StringView kNotAvailable("N/A");
+
+/// The lines of a source, without holding them; what a box did with all its lines it does no more.
+void ShowSource(QComboBox& combo, const forms::ListBox& control)
+{
+    if (auto* lines = qobject_cast<LinesModel*>(combo.model())) {
+        lines->Reset();
+        return;
+    }
+    combo.setCompleter(nullptr);
+    if (auto* view = qobject_cast<QListView*>(combo.view()))
+        view->setUniformItemSizes(true);
+    combo.setModel(new LinesModel(control, &combo));
+}
 
 void ShowLines(QListView& view, const QStringList& lines)
 {
@@ -105,8 +119,13 @@ bool Binder::BindCombo(forms::ComboBox& control, QWidget& widget)
     const auto showItems = [&control, combo, showCurrent] {
         {
             const QSignalBlocker quiet(combo);
-            combo->clear();
-            combo->addItems(control.Items());
+            if (control.Source() != nullptr) {
+                ShowSource(*combo, control);
+                combo->setCurrentIndex(-1);
+            } else {
+                combo->clear();
+                combo->addItems(control.Items());
+            }
             if (combo->isEditable()) {
                 combo->setEditText(control.Text());
                 combo->lineEdit()->setCursorPosition(0);

@@ -11,5 +11,6 @@ namespace vasclip::windows {
 // One for each screen of the table in screens.cpp: puts the widgets of the screen on an empty dialog.
 
 void Layout_frm_Calendar(QDialog& window, forms::Screen& screen);
+void Layout_frm_SearchSQL(QDialog& window, forms::Screen& screen);
 
 } // namespace vasclip::windows

@@ -16,6 +16,7 @@ std::span<const ScreenEntry> Screens()
     using namespace Qt::Literals::StringLiterals;
     static const std::vector<ScreenEntry> kScreens{
         {"frm_Calendar"_L1, Layout_frm_Calendar},
+        {"frm_SearchSQL"_L1, Layout_frm_SearchSQL},
     };
     return kScreens;
 }

@@ -1,6 +1,7 @@
 #include "sample_screen.h"
 
 #include "databook/frm_calendar.h"
+#include "databook/frm_search_sql.h"
 #include "databook/grid.h"
 #include "platform/engine/database.h"
 #include "shell/frm_main.h"
@@ -22,6 +23,7 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QCalendarWidget>
+#include <QComboBox>
 #include <QMenu>
 #include <QSettings>
 
@@ -75,6 +77,51 @@ TEST_F(RealScreens, NoTwoMenuEntriesShareAKey)
         taken.insert(keys, action->text());
     }
     EXPECT_GE(taken.size(), 5);
+}
+
+TEST_F(RealScreens, TheSearchShowsEveryControlAndListsAMillionLinesAsItShowsThem)
+{
+    struct Lines : forms::ListSource
+    {
+        [[nodiscard]] int Count() const override { return 1000000; }
+        [[nodiscard]] QString Line(int index) const override
+        {
+            ++asked;
+            return u"%1 OAK ST"_s.arg(index);
+        }
+        mutable int asked = 0;
+    } lines;
+    shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+    databook::GridRows rows(main.sources.datsql);
+    const forms::Ports shown = ports.Get();
+    databook::frm_SearchSQL search(
+        {shown, home.disk, main.globals, main.records, main.sources.datsql, rows});
+    search.Open();
+    ScreenWindow window(search, guard);
+    EXPECT_TRUE(window.Leftovers().isEmpty()) << window.Leftovers().join(u'\n').toStdString();
+
+    auto* keys = qobject_cast<forms::ComboBox*>(search.Box(u"cboSearchKey"_s));
+    auto* combo = window.findChild<QComboBox*>(u"cboSearchKey"_s);
+    search.SetText(u"cboSearchKey"_s, u"elm"_s);
+    keys->SetSource(&lines);
+    window.show();
+    combo->showPopup();
+    QApplication::processEvents();
+    EXPECT_EQ(combo->currentText(), u"elm"_s) << "a list that is filled takes no text away";
+    EXPECT_LE(combo->count(), 1000);
+    EXPECT_LE(lines.asked, 2000);
+    combo->view()->scrollToBottom();
+    QApplication::processEvents();
+    EXPECT_GT(combo->count(), 200) << "scrolling brings more";
+    EXPECT_LE(combo->count(), 2000);
+    combo->hidePopup();
+    Q_EMIT combo->activated(7);
+    EXPECT_EQ(search.TextOf(u"cboSearchKey"_s), u"7 OAK ST"_s);
+
+    auto* range = window.findChild<QWidget*>(u"txtPriceRange"_s);
+    EXPECT_FALSE(range->isVisible());
+    search.SetText(u"txtPrice"_s, u"1"_s);
+    EXPECT_TRUE(range->isVisible());
 }
 
 TEST_F(RealScreens, TheCalendarShowsEveryControlOfFrmCalendar)
