@@ -2,6 +2,7 @@
 
 #include "common/error_block.h"
 #include "common/paths.h"
+#include "databook/frm_search_sql.h"
 #include "databook/grid.h"
 #include "drops/router.h"
 #include "link/general_text.h"
@@ -91,6 +92,7 @@ void frm_Main::WireControls()
 
     connect(&report.imaKel, &forms::Control::Clicked, this, [this] { RefreshAppraisal(); });
     connect(&records.cmdRefresh, &forms::Control::Clicked, this, [this] { DisplayAllRecords(); });
+    connect(&records.cmdSearch, &forms::Control::Clicked, this, &frm_Main::cmdSearch_Click);
     connect(&records.grddatabook, &forms::Grid::RowColChange, this, &frm_Main::grddatabook_RowColChange);
     for (forms::TabControl* tab :
          {&report.TabSubject, &report.TabComp, &report.TabGeneral, &report.TabListing, &report.TabRental})
@@ -107,8 +109,8 @@ void frm_Main::WireControls()
     });
 
     // Their screens are not there yet: disabled, not dead.
-    for (forms::Button* button : {&records.cmdSearch, &records.cmdAddManual, &records.cmdPrint,
-                                  &records.cmdDetails, &report.cmdSubjectAnd})
+    for (forms::Button* button :
+         {&records.cmdAddManual, &records.cmdPrint, &records.cmdDetails, &report.cmdSubjectAnd})
         button->SetEnabled(false);
     records.SetScreensThere(false);
 }
@@ -124,6 +126,13 @@ void frm_Main::DisplayAllRecords()
     const common::RoutineScope scope{"DisplayAllRecords"};
     const forms::Hourglass hourglass(m_base.ports.window);
     databook::DisplayAllRecords(m_base.ports, records, sources.datsql, *m_rows, globals.sortGrid);
+}
+
+void frm_Main::cmdSearch_Click()
+{
+    databook::frm_SearchSQL search({m_base.ports, m_base.disk, globals, records, sources.datsql, *m_rows});
+    m_base.ports.screens.ShowModal(search);
+    grddatabook_RowColChange();
 }
 
 void frm_Main::grddatabook_RowColChange()

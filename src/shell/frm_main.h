@@ -75,7 +75,8 @@ public:
     void ConnectDatabook(); ///< @throws forms::EndOfProgram after saying why
     void ConnectMapping();  ///< @throws forms::EndOfProgram after saying why
 
-    /// The photo of the record on show. The start leaves it to the window, which shows it once the grid stands.
+    /// The photo of the record on show. The start leaves it to the window, which shows it once the grid
+    /// stands.
     void ShowRecordPhoto();
     /// Saves and closes in the fixed order; a second call does nothing.
     void Form_Unload();
@@ -101,6 +102,7 @@ private:
     void ReadCaption();
     void TurnOnMaps();
     void PrepareGrid(bool loadUserLayout, frm_Splash& splash);
+    void cmdSearch_Click();
     void grddatabook_RowColChange();
     void MenuChosen(const QString& array, int index);
     void LaunchAppraisalProgram();

@@ -6,8 +6,8 @@
 
 namespace vasclip::windows {
 
-/// The lines of a list's source for a view that shows some of them: asked for as they are painted, and offered
-/// a piece at a time as the view is scrolled, so that a long list opens like a short one.
+/// The lines of a list's source for a view that shows some of them: asked for as they are painted, and
+/// offered a piece at a time as the view is scrolled, so that a long list opens like a short one.
 class LinesModel : public QAbstractListModel
 {
     Q_OBJECT

@@ -21,9 +21,9 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
-#include <QHeaderView>
 #include <QCalendarWidget>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QMenu>
 #include <QSettings>
 
@@ -94,8 +94,7 @@ TEST_F(RealScreens, TheSearchShowsEveryControlAndListsAMillionLinesAsItShowsThem
     shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
     databook::GridRows rows(main.sources.datsql);
     const forms::Ports shown = ports.Get();
-    databook::frm_SearchSQL search(
-        {shown, home.disk, main.globals, main.records, main.sources.datsql, rows});
+    databook::frm_SearchSQL search({shown, home.disk, main.globals, main.records, main.sources.datsql, rows});
     search.Open();
     ScreenWindow window(search, guard);
     EXPECT_TRUE(window.Leftovers().isEmpty()) << window.Leftovers().join(u'\n').toStdString();

@@ -1,10 +1,13 @@
 #include "sample_screen.h"
 
+#include "databook/frm_search_sql.h"
 #include "support/scripted_ports.h"
+#include "support/temp_home.h"
 #include "windows/about_box.h"
 #include "windows/guard.h"
 #include "windows/main_window.h"
 #include "windows/record_grid.h"
+#include "windows/screens.h"
 #include "windows/send_to_slot.h"
 #include "windows/splash_window.h"
 #include "windows/theme.h"
@@ -134,6 +137,44 @@ TEST(Shots, EveryWindowInBothThemes)
         splash.show();
         save(splash, u"splash"_s);
         EXPECT_TRUE(splash.Leftovers().isEmpty()) << splash.Leftovers().join(u'\n').toStdString();
+    }
+    theme.Choose(ThemeChoice::System);
+}
+
+TEST(Shots, TheSearchScreen)
+{
+    const QString wish = qEnvironmentVariable("VASCLIP_SHOTS");
+    if (wish.isEmpty())
+        GTEST_SKIP() << "set VASCLIP_SHOTS to write the pictures";
+    const QString out = wish.contains(u'/') ? wish : u"out/shots"_s;
+    ASSERT_TRUE(QDir().mkpath(out));
+    Theme theme(*qApp, nullptr);
+    tests::TempHome home;
+    tests::TestPorts doubles;
+    const forms::Ports ports = doubles.Get();
+    EventGuard guard(doubles.prompter, {});
+    engine::Engine engine(home.disk);
+    store::DataSource datsql(engine, u"datsql"_s);
+    databook::GridRows rows(datsql);
+    forms::ControlSet set;
+    databook::RecordDesk desk(set);
+    common::Globals globals;
+    globals.productName = u"Vasclip"_s;
+    for (const auto& [choice, name] :
+         {std::pair{ThemeChoice::Light, u"light"_s}, {ThemeChoice::Dark, u"dark"_s}}) {
+        theme.Choose(choice);
+        databook::frm_SearchSQL screen({ports, home.disk, globals, desk, datsql, rows});
+        screen.Open();
+        screen.SetText(u"txtCity"_s, u"Elm Grove"_s);
+        screen.SetText(u"txtPrice"_s, u"250000"_s);
+        screen.SetText(u"txtPriceRange"_s, u"10%"_s);
+        screen.SetText(u"txtSaleDate"_s, u"3/7/2004"_s);
+        screen.lblSQL.SetCaption(databook::BuildSearch(screen.Form()).sql);
+        screen.lblmsg.Show(u"214 comps found."_s, forms::Colour::Blue);
+        ScreenWindow window(screen, guard);
+        window.show();
+        QTest::qWait(30);
+        EXPECT_TRUE(window.grab().save(u"%1/search-%2.png"_s.arg(out, name)));
     }
     theme.Choose(ThemeChoice::System);
 }
