@@ -29,4 +29,20 @@ inline const QString kNoDateRange =
     QStringLiteral("\"%1\" is no date range. Choose On or Prior, Equal To or On or After.");
 inline const QString kNothingChanged = QStringLiteral("Nothing was changed.");
 
+inline const QString kChangesLost = QStringLiteral("Changes will be lost.  Are you sure?");
+inline const QString kSaved = QStringLiteral("The record was saved.");
+inline const QString kTheirsShown = QStringLiteral("This is the record as it was stored by somebody else.");
+inline const QString kReadOnlyHere =
+    QStringLiteral("This Databook is read-only: nothing can be changed here.");
+inline const QString kNotStored = QStringLiteral("Nothing was stored. What you entered is still here.");
+inline const QString kDeletedMeanwhile =
+    QStringLiteral("The comp %1 was deleted by somebody else meanwhile. Nothing was stored; what you entered "
+                   "is still on the screen. Add the comp again if you want to keep it.");
+inline const QString kTheirsOrMine =
+    QStringLiteral("Somebody else changed the comp %1 while you were editing it. Nothing is stored yet.\n%2"
+                   "\n\nYes: store your changes over theirs; what only they changed stays.\nNo: drop your "
+                   "changes and show theirs.\nCancel: go on editing.");
+inline const QString kBothChanged = QStringLiteral("%1: \"%2\" is yours, \"%3\" is theirs");
+inline const QString kNoneInBoth = QStringLiteral("No field was changed by both of you.");
+
 } // namespace vasclip::databook

@@ -10,6 +10,7 @@ namespace vasclip::windows {
 
 // One for each screen of the table in screens.cpp: puts the widgets of the screen on an empty dialog.
 
+void Layout_EntryScreen(QDialog& window, forms::Screen& screen); ///< the seven of databook/entry_forms.h
 void Layout_frm_Calendar(QDialog& window, forms::Screen& screen);
 void Layout_frm_SearchSQL(QDialog& window, forms::Screen& screen);
 

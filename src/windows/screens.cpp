@@ -14,10 +14,19 @@ namespace vasclip::windows {
 std::span<const ScreenEntry> Screens()
 {
     using namespace Qt::Literals::StringLiterals;
+    // clang-format off
     static const std::vector<ScreenEntry> kScreens{
+        {"frm_CompMnt1"_L1, Layout_EntryScreen},
+        {"frm_CompMnt2"_L1, Layout_EntryScreen},
+        {"frm_CompMntC"_L1, Layout_EntryScreen},
+        {"frm_CompMntL"_L1, Layout_EntryScreen},
+        {"frm_CompMntM"_L1, Layout_EntryScreen},
+        {"frm_CompMntR"_L1, Layout_EntryScreen},
+        {"frm_CompMntS"_L1, Layout_EntryScreen},
         {"frm_Calendar"_L1, Layout_frm_Calendar},
         {"frm_SearchSQL"_L1, Layout_frm_SearchSQL},
     };
+    // clang-format on
     return kScreens;
 }
 

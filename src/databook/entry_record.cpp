@@ -1,0 +1,276 @@
+#include "databook/entry_record.h"
+
+#include "common/dates.h"
+#include "common/error_block.h"
+#include "common/text_filters.h"
+#include "databook/comp_fields.h"
+#include "databook/messages.h"
+#include "platform/text/dates.h"
+#include "platform/text/text.h"
+#include "store/messages.h"
+#include "store/store.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vasclip::databook {
+
+using namespace Qt::Literals::StringLiterals;
+using common::RoutineScope;
+
+namespace {
+
+constexpr int kRecordDeleted = 3167;
+constexpr int kFieldsTold = 8;
+
+QString OnlyNumeric(const QString& text)
+{
+    QString kept;
+    for (const QChar letter : text)
+        if (common::IsNumericChar(QString(letter)))
+            kept.append(letter);
+    return kept;
+}
+
+} // namespace
+
+QString DigitsOrZero(const QString& text)
+{
+    const QString kept = OnlyNumeric(text);
+    return kept.isEmpty() ? u"0"_s : kept;
+}
+
+QString ReturnRentalAge(const QString& text)
+{
+    return OnlyNumeric(text.left(4));
+}
+
+EntryRecord::EntryRecord(const EntryDesk& desk, const EntryForm& form, const QString& centralKey)
+    : datDatabook(desk.engine, u"datDatabook"_s)
+    , m_desk(desk)
+    , m_form(form)
+    , m_key(text::Folded(centralKey))
+{}
+
+bool EntryRecord::Open()
+{
+    if (datDatabook.Bound())
+        return true;
+    store::Connect2mdb(m_desk.ports, datDatabook, m_desk.databook, m_desk.table,
+                       engine::RecordsetType::Table);
+    if (!store::FindRecord(m_desk.ports, datDatabook, m_key, store::kKeyIndex))
+        return false;
+    Read();
+    return true;
+}
+
+bool EntryRecord::Updatable() const
+{
+    return datDatabook.Recordset().Updatable();
+}
+
+bool EntryRecord::Has(const QString& field) const
+{
+    return datDatabook.Bound() && datDatabook.Recordset().FieldIndex(field) >= 0;
+}
+
+int EntryRecord::Size(const QString& field) const
+{
+    const int index = datDatabook.Bound() ? datDatabook.Recordset().FieldIndex(field) : -1;
+    return index < 0 ? 0 : datDatabook.Recordset().Fields().at(index).size;
+}
+
+QString EntryRecord::Text(const QString& field) const
+{
+    return m_texts.value(field);
+}
+
+void EntryRecord::SetText(const QString& field, const QString& text)
+{
+    if (m_read.contains(field))
+        m_texts.insert(field, text);
+}
+
+/// The record as it is stored now, and a new edit of it.
+void EntryRecord::Read()
+{
+    Begin();
+    m_read.clear();
+    const engine::FieldList& fields = datDatabook.Recordset().Fields();
+    for (const engine::Field& field : fields)
+        if (field.type == engine::FieldType::Text || field.type == engine::FieldType::Memo)
+            m_read.insert(field.name.toUpper(), store::GetFieldData(datDatabook, field.name));
+    m_texts = m_read;
+    m_theirsUntold = false;
+}
+
+void EntryRecord::Begin()
+{
+    if (Updatable())
+        datDatabook.Recordset().Edit();
+}
+
+bool EntryRecord::IsChanged(const QString& field) const
+{
+    return text::Trim(m_texts.value(field)) != m_read.value(field);
+}
+
+bool EntryRecord::Changed() const
+{
+    return std::any_of(m_texts.keyBegin(), m_texts.keyEnd(),
+                       [this](const QString& field) { return IsChanged(field); });
+}
+
+bool EntryRecord::OnForm(const QString& field) const
+{
+    return Has(field) &&
+           std::any_of(m_form.groups.begin(), m_form.groups.end(), [&](const EntryGroup& group) {
+               return std::any_of(group.fields.begin(), group.fields.end(),
+                                  [&](const EntryField& row) { return row.field == field; });
+           });
+}
+
+Stored EntryRecord::Save()
+{
+    const RoutineScope scope{"cmdSave_Click"};
+    return Write(false);
+}
+
+Stored EntryRecord::SaveForExit()
+{
+    const RoutineScope scope{"cmdExit_Click"};
+    return Write(true);
+}
+
+void EntryRecord::Cancel()
+{
+    if (datDatabook.Bound())
+        datDatabook.Recordset().CancelUpdate();
+}
+
+Stored EntryRecord::Write(bool leaving)
+{
+    engine::Recordset& recordset = datDatabook.Recordset();
+    const QHash<QString, QString> texts = m_texts;
+    for (;;) {
+        bool done = false;
+        bool theirs = std::exchange(m_theirsUntold, false);
+        try {
+            if (!theirs)
+                common::Guarded(m_desk.ports.prompter, [&] {
+                    m_texts = texts;
+                    if (recordset.CurrentEditMode() == engine::EditMode::None)
+                        recordset.Edit();
+                    Put(leaving);
+                    recordset.Update();
+                    done = true;
+                });
+        } catch (const RuntimeError& failure) {
+            m_texts = texts;
+            if (failure.Number() == kRecordDeleted) {
+                m_desk.ports.prompter.Box(store::kPlainTitle, kDeletedMeanwhile.arg(m_key));
+                return Stored::Kept;
+            }
+            if (failure.Number() != error::kDataChanged)
+                throw;
+            theirs = true;
+        }
+        if (done)
+            break;
+        m_texts = texts;
+        if (!theirs) {
+            m_desk.ports.prompter.Box(store::kPlainTitle, kNotStored);
+            return Stored::Kept;
+        }
+        const Stored decision = AskAboutTheirs();
+        if (decision != Stored::Done)
+            return decision;
+    }
+    m_stored = true;
+    store::Updateandfind(m_desk.ports, datDatabook, m_key);
+    Read();
+    return Stored::Done;
+}
+
+/// Tells that somebody else stored the record meanwhile. @return Done to store over it
+Stored EntryRecord::AskAboutTheirs()
+{
+    datDatabook.Recordset().CancelUpdate();
+    QStringList both;
+    for (auto read = m_read.cbegin(); read != m_read.cend(); ++read) {
+        const QString theirs = store::GetFieldData(datDatabook, read.key());
+        const QString mine = text::Trim(m_texts.value(read.key()));
+        if (theirs != read.value() && mine != read.value() && mine != theirs)
+            both.append(kBothChanged.arg(read.key(), mine, theirs));
+    }
+    both.sort();
+    if (both.size() > kFieldsTold) {
+        both.resize(kFieldsTold);
+        both.append(u"..."_s);
+    }
+    const QString told = both.isEmpty() ? kNoneInBoth : both.join(u'\n');
+    switch (m_desk.ports.prompter.MsgBox(forms::Buttons::YesNoCancel, forms::Icon::Exclamation,
+                                         store::kPlainTitle, kTheirsOrMine.arg(m_key, told))) {
+    case forms::Answer::Yes:
+        return Stored::Done;
+    case forms::Answer::No:
+        Read();
+        return Stored::TookTheirs;
+    default:
+        Begin();
+        m_theirsUntold = true;
+        return Stored::Kept;
+    }
+}
+
+void EntryRecord::Put(bool leaving)
+{
+    for (auto text = m_texts.cbegin(); text != m_texts.cend(); ++text)
+        if (IsChanged(text.key()))
+            store::SetFieldData(datDatabook, text::Trim(text.value()), text.key());
+    const QString today = text::Format(Today().startOfDay(), u"mm/dd/yyyy"_s);
+    if (Has(u"MODIFIEDDATE"_s))
+        store::SetFieldData(datDatabook, common::FixDate(today, Today()), u"MODIFIEDDATE"_s);
+    PutDates(leaving);
+    PutNumbers(leaving);
+}
+
+/// Each date goes with its serial.
+void EntryRecord::PutDates(bool leaving)
+{
+    const QString date = QString(m_form.dateField);
+    if (leaving) {
+        SetLoadDate2Today(m_desk.ports, datDatabook);
+        RepairLoadDate(m_desk.ports, datDatabook);
+    }
+    if (OnForm(date) && (leaving || IsChanged(date))) {
+        QString dateText = text::Trim(m_texts.value(date));
+        ErrSetSaleDate(m_desk.ports, datDatabook, dateText);
+        if (date != u"SALEDATE"_s) // the lease date plays its part and is kept itself
+            store::SetFieldData(datDatabook, store::GetFieldData(datDatabook, u"SALEDATE"_s), date);
+    }
+    if (leaving || IsChanged(u"LOADDATE"_s))
+        store::SetFieldData(datDatabook, SerialText(store::GetFieldData(datDatabook, u"LOADDATE"_s), Today()),
+                            u"LOADSERIAL"_s);
+}
+
+void EntryRecord::PutNumbers(bool leaving)
+{
+    const QString price = u"SELLINGPR"_s, gla = u"GLA"_s, age = u"AGE"_s;
+    if (leaving) {
+        for (const QString& field : {age, price, gla}) {
+            if (!OnForm(field))
+                continue;
+            const QString text = store::GetFieldData(datDatabook, field);
+            const bool rental = m_form.rentalAge && field == age;
+            store::SetFieldData(datDatabook, DigitsOrZero(rental ? ReturnRentalAge(text) : text), field);
+        }
+    }
+    if (OnForm(price) && OnForm(gla) && (leaving || IsChanged(price) || IsChanged(gla))) {
+        const QString perArea =
+            PriceGla(store::GetFieldData(datDatabook, price), store::GetFieldData(datDatabook, gla));
+        store::SetFieldData(datDatabook, perArea.left(Size(u"PRICEGLA"_s)), u"PRICEGLA"_s);
+    }
+}
+
+} // namespace vasclip::databook

@@ -1,0 +1,335 @@
+#include "databook/entry_screen.h"
+
+#include "common/dates.h"
+#include "common/error_block.h"
+#include "databook/city_list.h"
+#include "databook/comp_fields.h"
+#include "databook/comp_types.h"
+#include "databook/frm_calendar.h"
+#include "databook/messages.h"
+#include "platform/text/text.h"
+#include "store/messages.h"
+
+#include <algorithm>
+
+namespace vasclip::databook {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr auto kInvalidSaleDate = "1/1/1900"_L1;
+
+} // namespace
+
+EntryBox::EntryBox(forms::ControlSet& set, const EntryField& entry)
+    : row(entry)
+    , field(entry.field)
+    , box(set, QString(entry.control))
+{
+    if (!entry.calendar.isEmpty())
+        calendar.emplace(set, QString(entry.calendar));
+}
+
+EntryScreen::EntryScreen(const EntryDesk& desk, const EntryForm& form, EntryRecord& record)
+    : Screen(QString(form.screen))
+    , lblCentralKey(controls, u"lblCentralKey"_s)
+    , lblPriceGla(controls, u"lblPriceGla"_s)
+    , lblmsg(controls, u"lblmsg"_s)
+    , cmdSave(controls, u"cmdSave"_s)
+    , cmdCancel(controls, u"cmdCancel"_s)
+    , cmdExit(controls, u"cmdExit"_s)
+    , m_desk(desk)
+    , m_form(form)
+    , m_record(record)
+{
+    SetCaption(QString(form.caption));
+    cmdSave.SetCaption(u"&Save"_s);
+    cmdCancel.SetCaption(u"&Cancel"_s);
+    cmdExit.SetCaption(u"E&xit"_s);
+    cmdSave.SetToolTipText(u"Store what was changed and stay"_s);
+    cmdCancel.SetToolTipText(u"Leave without storing"_s);
+    cmdExit.SetToolTipText(u"Store the record and leave"_s);
+    if (form.secondPage) {
+        cmdPage1.emplace(controls, u"cmdPage1"_s).SetCaption(u"Page &1"_s);
+        connect(&*cmdPage1, &forms::Control::Clicked, this, &EntryScreen::Unload);
+    } else {
+        cmdPage2.emplace(controls, u"cmdPage2"_s).SetCaption(u"Page &2"_s);
+        connect(&*cmdPage2, &forms::Control::Clicked, this, &EntryScreen::cmdPage2_Click);
+    }
+    for (const EntryGroup& group : form.groups)
+        for (const EntryField& row : group.fields)
+            m_boxes.push_back(std::make_unique<EntryBox>(controls, row));
+    if (Box("CITY"_L1) != nullptr) {
+        cboCity.emplace(controls, u"cboCity"_s);
+        connect(&*cboCity, &forms::ListBox::ListIndexChanged, this, &EntryScreen::cboCity_Click);
+    }
+    for (const auto& box : m_boxes)
+        Wire(*box);
+    connect(&cmdSave, &forms::Control::Clicked, this, &EntryScreen::cmdSave_Click);
+    connect(&cmdCancel, &forms::Control::Clicked, this, &EntryScreen::cmdCancel_Click);
+    connect(&cmdExit, &forms::Control::Clicked, this, &EntryScreen::cmdExit_Click);
+    for (forms::Control* other : controls.All())
+        if (qobject_cast<forms::TextBox*>(other) == nullptr)
+            connect(other, &forms::Control::GotFocus, this, [this] {
+                if (m_desk.comments != nullptr)
+                    m_desk.comments->FieldLeft();
+            });
+}
+
+forms::TextBox* EntryScreen::Box(QLatin1StringView field) const
+{
+    for (const auto& box : m_boxes)
+        if (box->row.field == field)
+            return &box->box;
+    return nullptr;
+}
+
+void EntryScreen::Wire(EntryBox& box)
+{
+    forms::TextBox& text = box.box;
+    connect(&text, &forms::TextBox::TextChanged, this,
+            [this, &box] { m_record.SetText(box.field, box.box.Text()); });
+    connect(&text, &forms::Control::GotFocus, this, [this, &box] { Entered(box); });
+    connect(&text, &forms::Control::LostFocus, this, [this, &box] { Left(box); });
+    connect(&text, &forms::Control::KeyPressed, this,
+            [this, &box](int keyCode, int shift, bool& handled) { handled = KeyDown(box, keyCode, shift); });
+    if (!box.calendar)
+        return;
+    connect(&text, &forms::Control::DoubleClicked, this, [this, &box] { Calendar(box); });
+    connect(&*box.calendar, &forms::Control::Clicked, this, [this, &box] { Calendar(box); });
+}
+
+void EntryScreen::Form_Load()
+{
+    const common::RoutineScope scope{"Form_Load"};
+    if (!m_record.Open()) {
+        m_desk.ports.prompter.Box(store::kPlainTitle, kNoSuchAddress.arg(m_record.Key()));
+        m_ended = true;
+        Unload();
+        return;
+    }
+    lblCentralKey.SetCaption(m_record.Key());
+    SetCaption(u"%1 - %2"_s.arg(m_form.caption, m_record.Key()));
+    if (cboCity) {
+        for (const QString& city : m_desk.cities)
+            cboCity->AddItem(city);
+        cboCity->SetEnabled(!m_desk.cities.isEmpty());
+    }
+    ShowTexts();
+    if (m_form.limitsAtLoad)
+        LimitBoxes();
+    if (!m_record.Updatable()) {
+        lblmsg.Show(kReadOnlyHere, forms::Colour::Red);
+        cmdSave.SetEnabled(false);
+        if (cboCity)
+            cboCity->SetEnabled(false);
+    }
+    if (m_desk.comments != nullptr)
+        m_desk.comments->EntryOpened(*this, *this);
+}
+
+/// The boxes take what the record holds. None is ever cut to the limit that it is drawn with.
+void EntryScreen::ShowTexts()
+{
+    for (const auto& box : m_boxes) {
+        const QString text = m_record.Text(box->field);
+        const int limit = box->row.limit > 0 ? box->row.limit : m_record.Size(box->field);
+        box->box.SetMaxLength(std::max(limit, static_cast<int>(text.size())));
+        box->box.SetText(text);
+        const bool there = m_record.Has(box->field);
+        box->box.SetLocked(!there || !m_record.Updatable() || box->row.kind == EntryKind::ShownOnly);
+        box->box.SetEnabled(there);
+        if (box->calendar)
+            box->calendar->SetEnabled(!box->box.Locked());
+    }
+    m_ageFrom = {m_record.Text(u"YEARBUILT"_s), m_record.Text(QString(m_form.dateField))};
+    ShowPriceGla();
+}
+
+void EntryScreen::ShowPriceGla()
+{
+    const forms::TextBox* price = Box("SELLINGPR"_L1);
+    const forms::TextBox* gla = Box("GLA"_L1);
+    if (price != nullptr && gla != nullptr)
+        lblPriceGla.SetCaption(PriceGla(price->Text(), gla->Text()));
+    else
+        lblPriceGla.SetVisible(false);
+}
+
+/// Every box takes the size of its field, in the order of the form.
+void EntryScreen::LimitBoxes()
+{
+    for (const auto& box : m_boxes)
+        box->box.SetMaxLength(m_record.Size(box->field));
+}
+
+void EntryScreen::Entered(EntryBox& box)
+{
+    if (!IsOpen())
+        return;
+    box.box.SetMaxLength(m_record.Size(box.field));
+    box.box.SetText(text::Trim(box.box.Text()));
+    box.box.SelectAll();
+    if (m_desk.comments == nullptr)
+        return;
+    if (box.box.Locked())
+        m_desk.comments->FieldLeft();
+    else
+        m_desk.comments->FieldEntered(*this, box.box, box.field);
+}
+
+void EntryScreen::Left(EntryBox& box)
+{
+    if (!IsOpen() || box.box.Locked())
+        return;
+    const common::RoutineScope scope{"LostFocus"};
+    if (box.row.field == m_form.dateField && !common::IsDate(box.box.Text(), m_desk.ports.clock.Today()))
+        box.box.SetText(QString(kInvalidSaleDate));
+    Recalculate();
+    ShowPriceGla();
+}
+
+/// The age follows its year built and its sale date; one that was typed stays as long as these do.
+void EntryScreen::Recalculate()
+{
+    forms::TextBox* age = Box("AGE"_L1);
+    const forms::TextBox* year = Box("YEARBUILT"_L1);
+    const forms::TextBox* date = Box(m_form.dateField);
+    if (age == nullptr || year == nullptr || date == nullptr)
+        return;
+    std::pair<QString, QString> from{year->Text(), date->Text()};
+    if (from == m_ageFrom)
+        return;
+    m_ageFrom = std::move(from);
+    age->SetText(AgeText(year->Text(), date->Text(), m_desk.ports.clock.Today()));
+}
+
+void EntryScreen::Calendar(EntryBox& box)
+{
+    if (box.box.Locked())
+        return;
+    GetCalandarDate(m_desk.ports, box.box, QString(box.row.calendarTitle));
+    box.box.SetFocus();
+}
+
+bool EntryScreen::KeyDown(EntryBox& box, int keyCode, int shift)
+{
+    if (box.calendar && keyCode == forms::kKeyDown && shift == forms::kAltMask) {
+        Calendar(box);
+        return true;
+    }
+    if (m_desk.comments != nullptr && !box.box.Locked()) {
+        const comments::KeyAnswer answer = m_desk.comments->KeyDown(keyCode, shift, box.box, box.field);
+        if (answer.handled) {
+            if (answer.advance != comments::Advance::Stay)
+                box.box.SendTab(answer.advance == comments::Advance::Previous);
+            return true;
+        }
+    }
+    if (keyCode != forms::kKeyReturn)
+        return false;
+    box.box.SendTab((shift & forms::kShiftMask) != 0);
+    return true;
+}
+
+void EntryScreen::SendKey(forms::TextBox& field, int keyCode, int shift)
+{
+    bool handled = false;
+    Q_EMIT field.KeyPressed(keyCode, shift, handled);
+}
+
+void EntryScreen::cboCity_Click()
+{
+    if (cboCity->ListIndex() < 0)
+        return;
+    const CityEntry entry = SplitCity(cboCity->List(cboCity->ListIndex()));
+    const std::pair<QLatin1StringView, QString> parts[] = {
+        {"CITY"_L1, entry.city}, {"ST"_L1, entry.state}, {"ZIP"_L1, entry.zip}, {"COUNTY"_L1, entry.county}};
+    for (const auto& [field, text] : parts)
+        if (forms::TextBox* box = Box(field); box != nullptr && !box->Locked())
+            box->SetText(text);
+}
+
+void EntryScreen::TellOutcome(Stored stored)
+{
+    switch (stored) {
+    case Stored::Done:
+        ShowTexts();
+        lblmsg.Show(kSaved, forms::Colour::Green);
+        break;
+    case Stored::TookTheirs:
+        ShowTexts();
+        lblmsg.Show(kTheirsShown, forms::Colour::Blue);
+        break;
+    case Stored::Kept:
+        lblmsg.Show(kNotStored, forms::Colour::Red);
+        break;
+    }
+}
+
+void EntryScreen::cmdSave_Click()
+{
+    if (m_record.Updatable())
+        TellOutcome(m_record.Save());
+}
+
+void EntryScreen::cmdExit_Click()
+{
+    if (m_record.Updatable()) {
+        const Stored stored = m_record.SaveForExit();
+        if (stored != Stored::Done) {
+            TellOutcome(stored);
+            return;
+        }
+    }
+    m_record.Cancel();
+    m_ended = true;
+    Unload();
+}
+
+void EntryScreen::cmdCancel_Click()
+{
+    if (m_record.Changed() && !m_desk.ports.prompter.YesNo(store::kPlainTitle, kChangesLost))
+        return;
+    m_record.Cancel();
+    m_ended = true;
+    Unload();
+}
+
+/// The window's cross is Cancel on the first page and leads back from the second, which shares its record.
+bool EntryScreen::QueryUnload()
+{
+    if (m_ended || m_form.secondPage)
+        return true;
+    if (m_record.Changed() && !m_desk.ports.prompter.YesNo(store::kPlainTitle, kChangesLost))
+        return false;
+    m_record.Cancel();
+    m_ended = true;
+    return true;
+}
+
+void EntryScreen::cmdPage2_Click()
+{
+    EntryScreen second(m_desk, SecondPage(), m_record);
+    m_desk.ports.screens.ShowModal(second);
+    if (second.Ended()) {
+        m_ended = true;
+        Unload();
+        return;
+    }
+    ShowTexts();
+}
+
+bool LoadCompForm(const EntryDesk& desk, const QString& centralKey, const QString& apprslType)
+{
+    const common::RoutineScope scope{"LoadCompForm"};
+    desk.ports.pump.DoEvents();
+    const EntryForm* form = FindEntryForm(EntryFormOf(apprslType));
+    EntryRecord record(desk, form != nullptr ? *form : EntryForms().front(), centralKey);
+    EntryScreen screen(desk, record.Form(), record);
+    desk.ports.screens.ShowModal(screen);
+    return record.WasStored();
+}
+
+} // namespace vasclip::databook

@@ -1,0 +1,681 @@
+#include "databook/entry_screen.h"
+
+#include "databook/frm_calendar.h"
+#include "databook/load_comp_form.h"
+#include "databook/messages.h"
+#include "support/databook_home.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <QHash>
+#include <QThread>
+
+namespace vasclip::databook {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+/// The phrase keys of a test: remembers what it was told and answers as it was told to.
+class Phrases : public comments::CommentPort
+{
+public:
+    QStringList log;
+    comments::KeyAnswer answer;
+    QString phrase;
+
+    void EntryOpened(forms::Screen& screen, comments::EntryKeys& entry) override
+    {
+        keys = &entry;
+        log << u"open "_s + screen.Name();
+    }
+    void FieldEntered(comments::EntryKeys&, forms::TextBox&, const QString& dataField) override
+    {
+        log << u"enter "_s + dataField;
+    }
+    void FieldLeft() override { log << u"left"_s; }
+    comments::KeyAnswer KeyDown(int keyCode, int shift, forms::TextBox& field,
+                                const QString& dataField) override
+    {
+        log << u"key %1 %2 %3"_s.arg(keyCode).arg(shift).arg(dataField);
+        if (!phrase.isEmpty())
+            field.SetText(phrase);
+        return answer;
+    }
+    forms::Screen& Frame() override { return frame; }
+    comments::EntryKeys* keys = nullptr;
+    forms::Screen frame{u"frm_FKey"_s};
+};
+
+/// The clock of the tests stands at 17 May 2024.
+class Entry : public tests::DatabookHome
+{
+protected:
+    const QString comp = u"101 OAK ST"_s;
+    Phrases phrases;
+    EntryDesk desk{ports, engine, path, table, {}, nullptr};
+
+    void SetUp() override
+    {
+        DatabookHome::SetUp();
+        AddRow({{key, comp.leftJustified(35)},
+                {u"ADDRESS"_s, u"101 Oak St"_s.leftJustified(35)},
+                {u"CITY"_s, u"Ferndale"_s},
+                {u"SELLINGPR"_s, u"250000"_s},
+                {u"GLA"_s, u"1600"_s},
+                {u"YEARBUILT"_s, u"1985"_s},
+                {u"AGE"_s, u"19"_s},
+                {u"SALEDATE"_s, u"3/7/2004"_s},
+                {u"SALESERIAL"_s, u" 38053"_s},
+                {u"LOADDATE"_s, u"4/1/2004"_s},
+                {u"LOADSERIAL"_s, u" 38078"_s}});
+    }
+
+    using Play = std::function<void(EntryScreen&)>;
+    void Show(const Play& play, const QString& type = u"F"_s)
+    {
+        doubles.screens.Play([play](forms::Screen& screen) { play(dynamic_cast<EntryScreen&>(screen)); });
+        changed = LoadCompForm(desk, comp, type);
+    }
+    bool changed = false;
+
+    static void Click(forms::Control& control) { Q_EMIT control.Clicked(); }
+    static void Type(EntryScreen& screen, QLatin1StringView field, const QString& text)
+    {
+        forms::TextBox& box = *screen.Box(field);
+        Q_EMIT box.GotFocus();
+        box.SetText(text);
+        Q_EMIT box.LostFocus();
+    }
+    QString Field(const QString& field)
+    {
+        const auto rows = engine.OpenDatabase(path)->OpenRecordset(table, engine::RecordsetType::Table);
+        rows->SetIndex(key);
+        rows->Seek(u"="_s, comp);
+        return rows->NoMatch() ? u"(no record)"_s : rows->Value(field).toString();
+    }
+    void Elsewhere(const QString& field, const QString& value)
+    {
+        const auto rows = engine.OpenDatabase(path)->OpenRecordset(table, engine::RecordsetType::Table);
+        rows->SetIndex(key);
+        rows->Seek(u"="_s, comp);
+        rows->Edit();
+        rows->SetValue(field, value);
+        rows->Update();
+    }
+};
+
+TEST_F(Entry, EachTypeOpensItsScreen)
+{
+    const std::pair<QString, QString> rows[] = {
+        {u"F"_s, u"frm_CompMnt1"_s}, {u"C"_s, u"frm_CompMntC"_s}, {u"S"_s, u"frm_CompMntS"_s},
+        {u"R"_s, u"frm_CompMntR"_s}, {u"L"_s, u"frm_CompMntL"_s}, {u"M"_s, u"frm_CompMntM"_s},
+        {u" "_s, u"frm_CompMnt1"_s}, {u"X"_s, u"frm_CompMnt1"_s}, {QString(), u"frm_CompMnt1"_s}};
+    for (const auto& [type, name] : rows)
+        Show([name = name](EntryScreen& screen) { EXPECT_EQ(screen.Name(), name); }, type);
+    EXPECT_FALSE(changed);
+}
+
+TEST_F(Entry, OpensOnItsRecord)
+{
+    desk.cities = {u"Marlow, WA  98210  Skagit"_s};
+    Show([this](EntryScreen& screen) {
+        EXPECT_EQ(screen.lblCentralKey.Caption(), comp);
+        EXPECT_EQ(screen.Caption(), u"Single Family Comparable Description - 101 OAK ST"_s);
+        EXPECT_EQ(screen.Box("ADDRESS"_L1)->Text(), u"101 Oak St"_s);
+        EXPECT_EQ(screen.lblPriceGla.Caption(), u"156.25"_s);
+        EXPECT_EQ(screen.cboCity->Items(), desk.cities);
+        EXPECT_EQ(screen.cmdSave.Caption(), u"&Save"_s);
+        EXPECT_EQ(screen.cmdCancel.Caption(), u"&Cancel"_s);
+        EXPECT_EQ(screen.cmdExit.Caption(), u"E&xit"_s);
+        EXPECT_EQ(screen.cmdPage2->Caption(), u"Page &2"_s);
+        EXPECT_FALSE(screen.cmdPage1.has_value());
+    });
+    EXPECT_GT(doubles.pump.turns, 0);
+}
+
+TEST_F(Entry, ACompThatIsNotThereIsTold)
+{
+    doubles.screens.Play([](forms::Screen& screen) { EXPECT_FALSE(screen.IsOpen()); });
+    EXPECT_FALSE(LoadCompForm(desk, u"9 NOWHERE LN"_s, u"F"_s));
+    EXPECT_EQ(doubles.prompter.Last().text, kNoSuchAddress.arg(u"9 NOWHERE LN"_s));
+}
+
+TEST_F(Entry, LimitsComeFromTheFieldsOnFocus)
+{
+    Show([](EntryScreen& screen) {
+        EXPECT_EQ(screen.Box("SELLINGPR"_L1)->MaxLength(), 7);
+        EXPECT_EQ(screen.Box("AGE"_L1)->MaxLength(), 4);
+        EXPECT_EQ(screen.Box("GLA"_L1)->MaxLength(), 5);
+        for (const auto& box : screen.Boxes()) {
+            Q_EMIT box->box.GotFocus();
+            const store::CompsColumn* column = store::FindCompsColumn(box->field);
+            EXPECT_EQ(box->box.MaxLength(), column->size) << box->field.toStdString();
+        }
+    });
+    for (const QString& type : {u"S"_s, u"R"_s})
+        Show(
+            [](EntryScreen& screen) {
+                for (const auto& box : screen.Boxes())
+                    EXPECT_EQ(box->box.MaxLength(), store::FindCompsColumn(box->field)->size)
+                        << box->field.toStdString();
+            },
+            type);
+}
+
+TEST_F(Entry, AStoredTextIsNeverCutToTheDrawnLimit)
+{
+    Elsewhere(u"SELLINGPR"_s, u"1234567890"_s);
+    Show([](EntryScreen& screen) {
+        EXPECT_EQ(screen.Box("SELLINGPR"_L1)->Text(), u"1234567890"_s);
+        Click(screen.cmdExit);
+    });
+    EXPECT_EQ(Field(u"SELLINGPR"_s), u"1234567890"_s);
+}
+
+TEST_F(Entry, TheFocusTrimsAndSelects)
+{
+    Show([](EntryScreen& screen) {
+        forms::TextBox& box = *screen.Box("CITY"_L1);
+        int selected = 0;
+        QObject::connect(&box, &forms::TextBox::SelectAllWanted, &box, [&selected] { ++selected; });
+        box.SetText(u"  Marlow "_s);
+        Q_EMIT box.GotFocus();
+        EXPECT_EQ(box.Text(), u"Marlow"_s);
+        EXPECT_EQ(selected, 1);
+        box.SetText(u"Ferndale"_s);
+    });
+}
+
+TEST_F(Entry, SaveStampsTheDayAndStays)
+{
+    Show([this](EntryScreen& screen) {
+        Type(screen, "CITY"_L1, u"Marlow"_s);
+        Click(screen.cmdSave);
+        EXPECT_TRUE(screen.IsOpen());
+        EXPECT_EQ(screen.lblmsg.Caption(), kSaved);
+        EXPECT_EQ(Field(u"CITY"_s), u"Marlow"_s);
+        EXPECT_EQ(Field(u"MODIFIEDDATE"_s), u"5/17/2024"_s);
+        EXPECT_EQ(Field(u"LOADDATE"_s), u"4/1/2004"_s);
+        Click(screen.cmdCancel);
+        EXPECT_FALSE(screen.IsOpen()) << "nothing has changed since it was saved";
+    });
+    EXPECT_TRUE(changed);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(Entry, SaveKeepsTheSerialAndThePricePerAreaInStep)
+{
+    Show([this](EntryScreen& screen) {
+        Type(screen, "SALEDATE"_L1, u"03/08/2004"_s);
+        Type(screen, "SELLINGPR"_L1, u"320000"_s);
+        Click(screen.cmdSave);
+        EXPECT_EQ(Field(u"SALEDATE"_s), u"3/8/2004"_s);
+        EXPECT_EQ(Field(u"SALESERIAL"_s).trimmed(), u"38054"_s);
+        EXPECT_EQ(Field(u"PRICEGLA"_s), u"200."_s);
+    });
+}
+
+TEST_F(Entry, ExitMakesTheRecordGood)
+{
+    Elsewhere(u"LOADDATE"_s, u"sometime"_s);
+    Show([](EntryScreen& screen) {
+        screen.Box("SELLINGPR"_L1)->SetMaxLength(0);
+        Type(screen, "SELLINGPR"_L1, u"$320,000"_s);
+        Type(screen, "GLA"_L1, u"1,600 sf"_s);
+        Type(screen, "AGE"_L1, {});
+        Click(screen.cmdExit);
+        EXPECT_FALSE(screen.IsOpen());
+    });
+    EXPECT_TRUE(changed);
+    EXPECT_EQ(Field(u"SELLINGPR"_s), u"320000"_s);
+    EXPECT_EQ(Field(u"GLA"_s), u"1600"_s);
+    EXPECT_EQ(Field(u"AGE"_s), u"0"_s);
+    EXPECT_EQ(Field(u"PRICEGLA"_s), u"200."_s);
+    EXPECT_EQ(Field(u"LOADDATE"_s), u"5/17/2024"_s);
+    EXPECT_EQ(Field(u"LOADSERIAL"_s), u" 45429"_s);
+    EXPECT_EQ(Field(u"MODIFIEDDATE"_s), u"5/17/2024"_s);
+    EXPECT_EQ(Field(u"SALESERIAL"_s).trimmed(), u"38053"_s);
+}
+
+TEST_F(Entry, ZerosShowAndStoreZeroPerArea)
+{
+    Show([](EntryScreen& screen) {
+        Type(screen, "SELLINGPR"_L1, u"0"_s);
+        Type(screen, "GLA"_L1, u"0"_s);
+        EXPECT_EQ(screen.lblPriceGla.Caption(), u"0"_s);
+        Click(screen.cmdExit);
+    });
+    EXPECT_EQ(Field(u"PRICEGLA"_s), u"0"_s);
+}
+
+TEST_F(Entry, DatesInEveryWrongFormBecomeAPendingSale)
+{
+    for (const QString& text :
+         {QString(), u"   "_s, u"soon"_s, u"13/45/2004"_s, u"2/30/2004"_s, u"12/30/1899"_s, u"3/7"_s,
+          u"1/1"_s, u"2004"_s, u"//"_s, u"03.07.2004x"_s, u"\u0663/\u0667/2004"_s, u"3/7/2004\t\n;DROP"_s}) {
+        Show([&](EntryScreen& screen) {
+            Type(screen, "SALEDATE"_L1, text);
+            EXPECT_EQ(screen.Box("SALEDATE"_L1)->Text(), u"1/1/1900"_s) << text.toStdString();
+            Click(screen.cmdExit);
+        });
+        EXPECT_EQ(Field(u"SALEDATE"_s).right(6), u"1/1900"_s) << text.toStdString();
+        EXPECT_EQ(Field(u"SALESERIAL"_s), u" 2"_s) << text.toStdString();
+        Elsewhere(u"SALEDATE"_s, u"3/7/2004"_s);
+    }
+}
+
+TEST_F(Entry, AnEmptySaleDateIsStoredAsPending)
+{
+    Show([](EntryScreen& screen) {
+        screen.Box("SALEDATE"_L1)->SetText({}); // closed without leaving the box
+        Click(screen.cmdExit);
+    });
+    EXPECT_EQ(Field(u"SALEDATE"_s), u"01/01/1900"_s);
+    EXPECT_EQ(Field(u"SALESERIAL"_s), u" 2"_s);
+}
+
+TEST_F(Entry, DatesInTheirManyRightForms)
+{
+    const std::pair<QString, QString> rows[] = {
+        {u"03/09/2004"_s, u"3/9/2004"_s}, {u"March 9, 2004"_s, u"3/9/2004"_s},
+        {u"9-Mar-04"_s, u"3/9/2004"_s},   {u"2004-03-09"_s, u"3/9/2004"_s},
+        {u"25/3/2004"_s, u"3/25/2004"_s}, {u"5/18/2025"_s, u"01/01/1900"_s}};
+    for (const auto& [text, stored] : rows) {
+        Show([text = text](EntryScreen& screen) {
+            Type(screen, "SALEDATE"_L1, text);
+            Click(screen.cmdExit);
+        });
+        EXPECT_EQ(Field(u"SALEDATE"_s), stored) << text.toStdString();
+    }
+}
+
+TEST_F(Entry, TheAgeFollowsYearAndSale)
+{
+    Show([](EntryScreen& screen) {
+        forms::TextBox& age = *screen.Box("AGE"_L1);
+        Type(screen, "AGE"_L1, u"7"_s);
+        EXPECT_EQ(age.Text(), u"7"_s) << "a typed age stays";
+        Type(screen, "YEARBUILT"_L1, u"1990"_s);
+        EXPECT_EQ(age.Text(), u"14"_s);
+        Type(screen, "SALEDATE"_L1, u"1/5/2010"_s);
+        EXPECT_EQ(age.Text(), u"20"_s);
+        Type(screen, "YEARBUILT"_L1, u"45"_s);
+        EXPECT_EQ(age.Text(), u"45"_s);
+        Type(screen, "YEARBUILT"_L1, u"1985"_s);
+        Type(screen, "SALEDATE"_L1, {});
+        EXPECT_EQ(age.Text(), QString()) << "pending";
+        Click(screen.cmdSave);
+    });
+}
+
+TEST_F(Entry, RentalsKeepTheirLeaseDate)
+{
+    Show(
+        [](EntryScreen& screen) {
+            EXPECT_FALSE(screen.lblPriceGla.Visible());
+            Type(screen, "LEASEDATE"_L1, u"03/08/2004"_s);
+            Type(screen, "AGE"_L1, u"a1b2"_s);
+            Click(screen.cmdExit);
+        },
+        u"R"_s);
+    EXPECT_EQ(Field(u"LEASEDATE"_s), u"3/8/2004"_s);
+    EXPECT_EQ(Field(u"SALEDATE"_s), u"3/8/2004"_s);
+    EXPECT_EQ(Field(u"SALESERIAL"_s).trimmed(), u"38054"_s);
+    EXPECT_EQ(Field(u"AGE"_s), u"12"_s);
+    EXPECT_EQ(Field(u"SELLINGPR"_s), u"250000"_s) << "not on this form";
+    Show(
+        [](EntryScreen& screen) {
+            Type(screen, "LEASEDATE"_L1, u"never"_s);
+            Click(screen.cmdExit);
+        },
+        u"R"_s);
+    EXPECT_EQ(Field(u"LEASEDATE"_s).right(6), u"1/1900"_s);
+}
+
+TEST_F(Entry, RentalAgeTakesTheNumbersOfTheFirstFour)
+{
+    const std::pair<QString, QString> rows[] = {
+        {u"45"_s, u"45"_s},     {u"1985 new"_s, u"1985"_s}, {u"a1b2c3"_s, u"12"_s},  {u"-5yr"_s, u"-5"_s},
+        {QString(), QString()}, {u"new"_s, QString()},      {u"    12"_s, QString()}};
+    for (const auto& [text, age] : rows)
+        EXPECT_EQ(ReturnRentalAge(text), age) << text.toStdString();
+}
+
+TEST_F(Entry, CancelAsksOnlyWhenSomethingChanged)
+{
+    Show([](EntryScreen& screen) {
+        for (const auto& box : screen.Boxes()) { // looking changes nothing
+            Q_EMIT box->box.GotFocus();
+            Q_EMIT box->box.LostFocus();
+        }
+        Click(screen.cmdCancel);
+        EXPECT_FALSE(screen.IsOpen());
+    });
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    EXPECT_FALSE(changed);
+
+    doubles.prompter.Answer(forms::Answer::No);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Show([](EntryScreen& screen) {
+        Type(screen, "CITY"_L1, u"Marlow"_s);
+        Click(screen.cmdCancel);
+        EXPECT_TRUE(screen.IsOpen());
+        Click(screen.cmdCancel);
+        EXPECT_FALSE(screen.IsOpen());
+    });
+    EXPECT_EQ(doubles.prompter.Last(),
+              (tests::ShownBox{forms::Buttons::YesNo, forms::Icon::Question, u"Vasclip"_s,
+                               u"Changes will be lost.  Are you sure?"_s}));
+    EXPECT_EQ(Field(u"CITY"_s), u"Ferndale"_s);
+    EXPECT_FALSE(changed);
+}
+
+TEST_F(Entry, TheWindowsCrossIsCancel)
+{
+    doubles.prompter.Answer(forms::Answer::No);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Show([](EntryScreen& screen) {
+        Type(screen, "CITY"_L1, u"Marlow"_s);
+        screen.Unload();
+        EXPECT_TRUE(screen.IsOpen());
+        screen.Unload();
+        EXPECT_FALSE(screen.IsOpen());
+    });
+    EXPECT_EQ(Field(u"CITY"_s), u"Ferndale"_s);
+}
+
+TEST_F(Entry, PageTwoWorksOnTheSameRecord)
+{
+    Show([this](EntryScreen& screen) {
+        Type(screen, "CITY"_L1, u"Marlow"_s);
+        doubles.screens.Play([this](forms::Screen& shown) {
+            auto& second = dynamic_cast<EntryScreen&>(shown);
+            EXPECT_EQ(second.Name(), u"frm_CompMnt2"_s);
+            EXPECT_EQ(second.cmdPage1->Caption(), u"Page &1"_s);
+            EXPECT_EQ(second.lblCentralKey.Caption(), comp);
+            EXPECT_TRUE(second.Box("MODIFIEDDATE"_L1)->Locked());
+            Type(second, "NOTES"_L1, u"corner lot"_s);
+            Click(*second.cmdPage1);
+        });
+        Click(*screen.cmdPage2);
+        EXPECT_TRUE(screen.IsOpen());
+        EXPECT_EQ(screen.Box("CITY"_L1)->Text(), u"Marlow"_s);
+        Click(screen.cmdExit);
+    });
+    EXPECT_EQ(Field(u"CITY"_s), u"Marlow"_s);
+    EXPECT_EQ(Field(u"NOTES"_s), u"corner lot"_s);
+}
+
+TEST_F(Entry, ExitAndCancelOnPageTwoLeaveBothPages)
+{
+    for (const bool exit : {true, false}) {
+        doubles.prompter.AnswerAlways(forms::Answer::Yes);
+        Show([&](EntryScreen& screen) {
+            Type(screen, "COUNTY"_L1, exit ? u"Skagit"_s : u"Whatcom"_s);
+            doubles.screens.Play([&](forms::Screen& shown) {
+                auto& second = dynamic_cast<EntryScreen&>(shown);
+                Click(exit ? second.cmdExit : second.cmdCancel);
+            });
+            Click(*screen.cmdPage2);
+            EXPECT_FALSE(screen.IsOpen());
+        });
+        EXPECT_EQ(Field(u"COUNTY"_s), u"Skagit"_s);
+    }
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1u);
+}
+
+TEST_F(Entry, CalendarFromIconDoubleClickAndKey)
+{
+    const std::tuple<const char*, QString, QLatin1StringView, QString> rows[] = {
+        {"sale", u"F"_s, "SALEDATE"_L1, u"Sale Date"_s}, {"lease", u"R"_s, "LEASEDATE"_L1, u"Lease Date"_s}};
+    for (const auto& [name, type, field, title] : rows) {
+        Show(
+            [&, field = field, title = title](EntryScreen& screen) {
+                const auto pick = [&, title](forms::Screen& shown) {
+                    EXPECT_EQ(shown.Caption(), title);
+                    auto& calendar = dynamic_cast<frm_Calendar&>(shown);
+                    calendar.calCalendar.SetValue(calendar.calCalendar.Value().addDays(1));
+                    Click(calendar.cmdOk);
+                };
+                forms::TextBox& box = *screen.Box(field);
+                box.SetText(u"3/7/2004"_s);
+                doubles.screens.Play(pick);
+                Q_EMIT box.DoubleClicked();
+                EXPECT_EQ(box.Text(), u"03/08/2004"_s);
+                doubles.screens.Play(pick);
+                Click(*screen.controls.Find(type == u"F"_s ? u"imaSaleCal"_s : u"imaLeaseCal"_s));
+                EXPECT_EQ(box.Text(), u"03/09/2004"_s);
+                doubles.screens.Play(pick);
+                bool handled = false;
+                Q_EMIT box.KeyPressed(forms::kKeyDown, forms::kAltMask, handled);
+                EXPECT_TRUE(handled);
+                EXPECT_EQ(box.Text(), u"03/10/2004"_s);
+                Click(screen.cmdSave);
+            },
+            type);
+    }
+}
+
+TEST_F(Entry, EnterIsTab)
+{
+    Show([](EntryScreen& screen) {
+        forms::TextBox& box = *screen.Box("CITY"_L1);
+        QList<bool> tabs;
+        QObject::connect(&box, &forms::Control::TabWanted, &box, [&tabs](bool back) { tabs << back; });
+        for (const int shift : {0, forms::kShiftMask}) {
+            bool handled = false;
+            Q_EMIT box.KeyPressed(forms::kKeyReturn, shift, handled);
+            EXPECT_TRUE(handled);
+        }
+        EXPECT_EQ(tabs, (QList<bool>{false, true}));
+        bool handled = false;
+        Q_EMIT box.KeyPressed(forms::kKeyF1 + 2, 0, handled);
+        EXPECT_FALSE(handled) << "no phrases, no key";
+    });
+}
+
+TEST_F(Entry, PhraseKeysGoToTheirPort)
+{
+    desk.comments = &phrases;
+    Show([this](EntryScreen& screen) {
+        forms::TextBox& box = *screen.Box("OTHER1"_L1);
+        int tabs = 0;
+        QObject::connect(&box, &forms::Control::TabWanted, &box, [&tabs] { ++tabs; });
+        Q_EMIT box.GotFocus();
+        phrases.answer = {true, comments::Advance::Next};
+        phrases.phrase = u"GOOD VIEW"_s;
+        phrases.keys->SendKey(box, comments::kF3, comments::kNoShift);
+        EXPECT_EQ(box.Text(), u"GOOD VIEW"_s);
+        EXPECT_EQ(tabs, 1);
+        phrases.answer = {false, comments::Advance::Stay};
+        phrases.phrase.clear();
+        bool handled = true;
+        Q_EMIT box.KeyPressed(comments::kF4, comments::kCtrl | comments::kAlt, handled);
+        EXPECT_FALSE(handled);
+        Q_EMIT screen.cmdExit.GotFocus();
+        Click(screen.cmdExit);
+    });
+    EXPECT_EQ(phrases.log, (QStringList{u"open frm_CompMnt1"_s, u"enter OTHER1"_s, u"key 114 0 OTHER1"_s,
+                                        u"key 115 6 OTHER1"_s, u"left"_s}));
+    EXPECT_EQ(Field(u"OTHER1"_s), u"GOOD VIEW"_s);
+}
+
+TEST_F(Entry, ACityFillsItsFourBoxes)
+{
+    desk.cities = {u"Marlow, WA  98210  Skagit"_s, u"Port Ellis, WA  98250  San Juan"_s};
+    Show([](EntryScreen& screen) {
+        screen.cboCity->SetListIndex(1);
+        EXPECT_EQ(screen.Box("CITY"_L1)->Text(), u"Port Ellis"_s);
+        EXPECT_EQ(screen.Box("ST"_L1)->Text(), u"WA"_s);
+        EXPECT_EQ(screen.Box("ZIP"_L1)->Text(), u"98250"_s);
+        EXPECT_EQ(screen.Box("COUNTY"_L1)->Text(), u"San Juan"_s);
+        Click(screen.cmdSave);
+    });
+}
+
+TEST_F(Entry, EveryFieldTakesEveryKindOfText)
+{
+    const QString samples[] = {QString(300, u'W'),
+                               u"Caf\u00e9 \u00d1u\u00f1ez"_s,
+                               u"\u05e8\u05d7\u05d5\u05d1 12"_s,
+                               u"a\tb\x01"
+                               "c"_s,
+                               u"O'Brien \"x\" %s"_s,
+                               QString()};
+    for (const QString& sample : samples) {
+        for (const QString& type : {u"F"_s, u"C"_s, u"S"_s, u"R"_s, u"L"_s, u"M"_s}) {
+            QHash<QString, QString> typed;
+            const auto fill = [&](EntryScreen& screen) {
+                for (const auto& box : screen.Boxes()) {
+                    if (box->box.Locked() || box->row.kind == EntryKind::Date)
+                        continue;
+                    Q_EMIT box->box.GotFocus();
+                    box->box.SetText(sample);
+                    typed.insert(box->field, box->box.Text());
+                    EXPECT_EQ(box->box.Text(), sample.left(screen.Box(box->row.field)->MaxLength()));
+                }
+            };
+            Show(
+                [&](EntryScreen& screen) {
+                    fill(screen);
+                    doubles.screens.Play([&](forms::Screen& shown) {
+                        fill(dynamic_cast<EntryScreen&>(shown));
+                        shown.Unload();
+                    });
+                    Click(*screen.cmdPage2);
+                    Click(screen.cmdSave);
+                    EXPECT_EQ(screen.lblmsg.Caption(), kSaved);
+                },
+                type);
+            const auto rows = engine.OpenDatabase(path)->OpenRecordset(table, engine::RecordsetType::Table);
+            for (auto field = typed.cbegin(); field != typed.cend(); ++field)
+                ASSERT_EQ(rows->Value(field.key()).toString(), field.value())
+                    << field.key().toStdString() << " on " << type.toStdString();
+        }
+    }
+}
+
+TEST_F(Entry, SomebodyElsesChangeIsToldAndOverwrittenOnYes)
+{
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Show([this](EntryScreen& screen) {
+        Type(screen, "CITY"_L1, u"Mine"_s);
+        Elsewhere(u"CITY"_s, u"Theirs"_s);
+        Elsewhere(u"COUNTY"_s, u"Skagit"_s);
+        Click(screen.cmdSave);
+        EXPECT_EQ(screen.lblmsg.Caption(), kSaved);
+        EXPECT_EQ(screen.Box("COUNTY"_L1)->Text(), u"Skagit"_s) << "what only they changed stays";
+    });
+    EXPECT_EQ(doubles.prompter.Last().buttons, forms::Buttons::YesNoCancel);
+    EXPECT_TRUE(doubles.prompter.Last().text.contains(u"CITY: \"Mine\" is yours, \"Theirs\" is theirs"_s));
+    EXPECT_FALSE(doubles.prompter.Last().text.contains(u"COUNTY"_s));
+    EXPECT_EQ(Field(u"CITY"_s), u"Mine"_s);
+    EXPECT_EQ(Field(u"COUNTY"_s), u"Skagit"_s);
+}
+
+TEST_F(Entry, SomebodyElsesChangeIsTakenOnNo)
+{
+    doubles.prompter.Answer(forms::Answer::No);
+    Show([this](EntryScreen& screen) {
+        Type(screen, "CITY"_L1, u"Mine"_s);
+        Elsewhere(u"CITY"_s, u"Theirs"_s);
+        Click(screen.cmdExit);
+        EXPECT_TRUE(screen.IsOpen()) << "theirs are shown";
+        EXPECT_EQ(screen.Box("CITY"_L1)->Text(), u"Theirs"_s);
+        Click(screen.cmdCancel);
+        EXPECT_FALSE(screen.IsOpen());
+    });
+    EXPECT_EQ(Field(u"CITY"_s), u"Theirs"_s);
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1u);
+}
+
+TEST_F(Entry, SomebodyElsesChangeIsAskedAgainAfterCancel)
+{
+    doubles.prompter.Answer(forms::Answer::Cancel);
+    doubles.prompter.Answer(forms::Answer::Cancel);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Show([this](EntryScreen& screen) {
+        Type(screen, "CITY"_L1, u"Mine"_s);
+        Elsewhere(u"CITY"_s, u"Theirs"_s);
+        for (int i = 0; i < 2; ++i) {
+            Click(screen.cmdExit);
+            EXPECT_TRUE(screen.IsOpen());
+            EXPECT_EQ(screen.Box("CITY"_L1)->Text(), u"Mine"_s);
+            EXPECT_EQ(Field(u"CITY"_s), u"Theirs"_s);
+        }
+        Click(screen.cmdExit);
+        EXPECT_FALSE(screen.IsOpen());
+    });
+    EXPECT_EQ(Field(u"CITY"_s), u"Mine"_s);
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 3u);
+}
+
+TEST_F(Entry, ARecordDeletedMeanwhileIsTold)
+{
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Show([this](EntryScreen& screen) {
+        Type(screen, "CITY"_L1, u"Mine"_s);
+        engine.OpenDatabase(path)->Execute(u"DELETE FROM COMPS"_s);
+        Click(screen.cmdSave);
+        EXPECT_EQ(doubles.prompter.Last().text, kDeletedMeanwhile.arg(comp));
+        EXPECT_TRUE(screen.IsOpen());
+        EXPECT_EQ(screen.Box("CITY"_L1)->Text(), u"Mine"_s);
+        Click(screen.cmdCancel);
+    });
+    EXPECT_FALSE(changed);
+}
+
+TEST_F(Entry, AReadOnlyDatabookIsShownButNotChanged)
+{
+    if (::geteuid() == 0)
+        GTEST_SKIP() << "root writes everywhere";
+    ASSERT_TRUE(QFile::setPermissions(disk.ToNative(path), QFile::ReadOwner));
+    Show([](EntryScreen& screen) {
+        EXPECT_TRUE(screen.Box("CITY"_L1)->Locked());
+        EXPECT_FALSE(screen.cmdSave.Enabled());
+        EXPECT_EQ(screen.lblmsg.Caption(), kReadOnlyHere);
+        Click(screen.cmdExit);
+        EXPECT_FALSE(screen.IsOpen());
+    });
+    EXPECT_FALSE(changed);
+}
+
+/// A program that saves again and again is killed at any moment: the record is the old or the new one.
+TEST_F(Entry, AKillWhileSavingLeavesTheOldOrTheNewRecord)
+{
+    const std::initializer_list<QLatin1StringView> fields = {"CITY"_L1, "LOCATION"_L1, "SITE"_L1, "OTHER1"_L1,
+                                                             "STORAGE"_L1};
+    for (int round = 0; round < 12; ++round) {
+        const pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            Show([&](EntryScreen& screen) {
+                for (int i = 0;; ++i) {
+                    for (const QLatin1StringView field : fields)
+                        screen.Box(field)->SetText(u"value %1"_s.arg(i));
+                    Click(screen.cmdSave);
+                }
+            });
+            ::_exit(0);
+        }
+        QThread::msleep(static_cast<unsigned long>(20 + round * 7));
+        ::kill(child, SIGKILL);
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        ASSERT_TRUE(WIFSIGNALED(status));
+        const QString city = Field(u"CITY"_s);
+        if (city == u"Ferndale"_s)
+            continue;
+        for (const QLatin1StringView field : fields)
+            EXPECT_EQ(Field(QString(field)), city) << field.data() << " in round " << round;
+    }
+    EXPECT_NE(Field(u"CITY"_s), u"Ferndale"_s) << "no save was ever finished";
+}
+
+} // namespace
+} // namespace vasclip::databook
