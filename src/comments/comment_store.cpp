@@ -92,6 +92,19 @@ Stored StoreOnKey(const forms::Ports& ports, Walk& walk, const QString& text)
 
 } // namespace
 
+void OpenCommentSource(store::DataSource& data, const QString& path)
+{
+    data.SetDatabaseName(path);
+    data.SetRecordSource(QStringLiteral("COMPS"));
+    data.SetRecordsetType(engine::RecordsetType::Table);
+    data.Refresh();
+    if (!data.Recordset().Updatable())
+        return;
+    if (data.Recordset().RecordCount() < kKeys)
+        Add6Records(data);
+    EnsureAtLeast6Records(data);
+}
+
 void Add6Records(store::DataSource& data)
 {
     const RoutineScope scope{"Add6Records"};

@@ -12,6 +12,10 @@ namespace vasclip::comments {
 
 inline constexpr int kKeys = 6;
 
+/// Binds a source to the table of a comment file. A file with fewer than six rows gets them, and the later
+/// rows lose their keys, unless the file is read-only. @throws as OpenDatabase
+void OpenCommentSource(store::DataSource& data, const QString& path);
+
 /// Adds six rows whose Centralkey is "1" to "6", in one transaction.
 void Add6Records(store::DataSource& data);
 

@@ -19,7 +19,6 @@ using common::RoutineScope;
 
 namespace {
 
-const QString kTable = u"COMPS"_s;
 constexpr int kTimerMs = 500;
 constexpr int kCaptionWidth = 22;
 
@@ -97,19 +96,6 @@ void frm_FKey::BindDatabook()
     static_cast<void>(store::FindRecord(m_desk.ports, datDatabook, key, store::kKeyIndex));
 }
 
-void frm_FKey::BindComments(const QString& path)
-{
-    datComment.SetDatabaseName(path);
-    datComment.SetRecordSource(kTable);
-    datComment.SetRecordsetType(engine::RecordsetType::Table);
-    datComment.Refresh();
-    if (!datComment.Recordset().Updatable())
-        return;
-    if (datComment.Recordset().RecordCount() < kKeys)
-        Add6Records(datComment);
-    EnsureAtLeast6Records(datComment);
-}
-
 /// @return true if the file is open; what is wrong with it is told
 bool frm_FKey::OpenComments()
 {
@@ -128,7 +114,7 @@ bool frm_FKey::OpenComments()
                 TurnSharingOff(m_desk.ports, m_desk.engine, globals);
         }
         CheckCommentsDBF(m_desk.ports, m_desk.engine, globals, path);
-        BindComments(path);
+        OpenCommentSource(datComment, path);
         return true;
     } catch (const RuntimeError& failure) {
         m_desk.ports.prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Exclamation, store::kPlainTitle,

@@ -58,7 +58,6 @@ protected:
 
 private:
     [[nodiscard]] bool OpenComments();
-    void BindComments(const QString& path);
     void BindDatabook();
     [[nodiscard]] bool FileReady();
     void RestButtons();

@@ -21,6 +21,10 @@ public:
     void SetCaption(const QString& caption);
     [[nodiscard]] bool IsOpen() const { return m_open; }
 
+    /// A screen whose controls stand in this one's window too, such as the frame of the function keys;
+    /// nullptr for none. It outlives the window.
+    [[nodiscard]] virtual Screen* Companion() { return nullptr; }
+
     void Open();   ///< runs Form_Load; the port calls it before it shows the window
     void Unload(); ///< closes the screen unless QueryUnload refuses; the user's close comes here too
     void End();    ///< runs Form_Unload; the port calls it when the window has gone

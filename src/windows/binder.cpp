@@ -17,6 +17,18 @@
 
 namespace vasclip::windows {
 
+namespace {
+
+/// On a widget: which binder shows one of its controls on it. One window may have several.
+constexpr const char* kBoundBy = "boundBy";
+
+QVariant Mark(const Binder* binder)
+{
+    return QVariant::fromValue(reinterpret_cast<quintptr>(binder));
+}
+
+} // namespace
+
 Binder::Binder(forms::ControlSet& controls, EventGuard& guard, QObject* parent)
     : QObject(parent)
     , m_controls(controls)
@@ -63,6 +75,7 @@ void Binder::BindOne(forms::Control& control, QWidget& widget)
             QStringLiteral("%1: a %2 cannot show this control")
                 .arg(control.ObjectName(), QLatin1StringView(widget.metaObject()->className())));
     m_widgets.insert(&control, &widget);
+    widget.setProperty(kBoundBy, Mark(this));
     m_watched.insert(&widget, &control);
     Watch(control, widget);
     connect(&control, &forms::Control::Changed, &widget,
@@ -235,7 +248,9 @@ QStringList Binder::Leftovers(const QWidget& root) const
     }
     for (const QWidget* widget : root.findChildren<QWidget*>()) {
         const QString& name = widget->objectName();
-        if (IsControlName(name) && !controlNames.contains(name.toUpper()))
+        const QVariant boundBy = widget->property(kBoundBy);
+        const bool ofAnother = boundBy.isValid() && boundBy != Mark(this);
+        if (IsControlName(name) && !ofAnother && !controlNames.contains(name.toUpper()))
             left.append(QStringLiteral("widget without a control: %1").arg(name));
     }
     left.sort();

@@ -13,5 +13,7 @@ namespace vasclip::windows {
 void Layout_EntryScreen(QDialog& window, forms::Screen& screen); ///< the seven of databook/entry_forms.h
 void Layout_frm_Calendar(QDialog& window, forms::Screen& screen);
 void Layout_frm_SearchSQL(QDialog& window, forms::Screen& screen);
+void Layout_frm_Comment(QDialog& window, forms::Screen& screen);
+void Layout_frm_FKey(QDialog& window, forms::Screen& screen);
 
 } // namespace vasclip::windows

@@ -25,6 +25,8 @@ std::span<const ScreenEntry> Screens()
         {"frm_CompMntS"_L1, Layout_EntryScreen},
         {"frm_Calendar"_L1, Layout_frm_Calendar},
         {"frm_SearchSQL"_L1, Layout_frm_SearchSQL},
+        {"frm_Comment"_L1, Layout_frm_Comment},
+        {"frm_FKey"_L1, Layout_frm_FKey},
     };
     // clang-format on
     return kScreens;
@@ -48,6 +50,15 @@ ScreenWindow::ScreenWindow(forms::Screen& screen, EventGuard& guard, QWidget* pa
     connect(&screen, &forms::Screen::CaptionChanged, this, [this] { setWindowTitle(m_screen.Caption()); });
     connect(&screen, &forms::Screen::Unloaded, this, [this] { QDialog::accept(); });
     m_binder.Bind(*this);
+    if (forms::Screen* companion = screen.Companion()) {
+        m_companion = std::make_unique<Binder>(companion->controls, guard);
+        m_companion->Bind(*this);
+    }
+}
+
+QStringList ScreenWindow::Leftovers() const
+{
+    return m_binder.Leftovers(*this) + (m_companion ? m_companion->Leftovers(*this) : QStringList());
 }
 
 void ScreenWindow::reject()

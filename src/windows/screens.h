@@ -7,6 +7,7 @@
 #include <QLatin1StringView>
 #include <QPointer>
 
+#include <memory>
 #include <span>
 
 namespace vasclip::windows {
@@ -32,7 +33,8 @@ class ScreenWindow : public QDialog
 public:
     /// @throws RuntimeError 3219 for a screen without a layout
     ScreenWindow(forms::Screen& screen, EventGuard& guard, QWidget* parent = nullptr);
-    [[nodiscard]] QStringList Leftovers() const { return m_binder.Leftovers(*this); }
+    /// Of the screen, and of its companion if it has one.
+    [[nodiscard]] QStringList Leftovers() const;
     [[nodiscard]] Binder& Bindings() { return m_binder; }
     void reject() override; ///< Esc and the window's cross close the screen by its own rule
 
@@ -43,6 +45,7 @@ private:
     forms::Screen& m_screen;
     EventGuard& m_guard;
     Binder m_binder;
+    std::unique_ptr<Binder> m_companion;
 };
 
 /// Shows screens as modal windows over the program's active one.

@@ -1,0 +1,142 @@
+#include "windows/screen_layouts.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QDialog>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+namespace vasclip::windows {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int kKeys = 6;
+
+template <class T>
+T* Named(const QString& name, QWidget* parent)
+{
+    auto* widget = new T(parent);
+    widget->setObjectName(name);
+    return widget;
+}
+
+QPushButton* Button(const QString& name, QWidget* parent)
+{
+    auto* button = Named<QPushButton>(name, parent);
+    button->setAutoDefault(false);
+    return button;
+}
+
+/// The keys work here as they do in a field.
+void OnKey(QDialog& window, const QKeySequence& keys, QAbstractButton* button)
+{
+    auto* shortcut = new QShortcut(keys, &window);
+    QObject::connect(shortcut, &QShortcut::activated, button, &QAbstractButton::click);
+}
+
+QGroupBox* FunctionKeys(QDialog& window)
+{
+    auto* group = new QGroupBox(QDialog::tr("Function keys"), &window);
+    auto* grid = new QGridLayout(group);
+    grid->setContentsMargins(12, 12, 12, 12);
+    grid->setHorizontalSpacing(8);
+    grid->setVerticalSpacing(8);
+    for (int i = 0; i < kKeys; ++i) {
+        const QString key = u"F%1"_s.arg(i + 3);
+        auto* name = new QLabel(key, group);
+        auto* phrase = Named<QLineEdit>(u"txtFKey_%1"_s.arg(i), group);
+        phrase->setAccessibleName(QDialog::tr("Phrase of %1").arg(key));
+        phrase->setPlaceholderText(QDialog::tr("empty"));
+        phrase->setMinimumWidth(220);
+        phrase->setFocusPolicy(Qt::ClickFocus); // its buttons are the way from the keyboard
+        auto* read = Button(u"optRead_%1"_s.arg(i), group);
+        auto* store = Button(u"optGet_%1"_s.arg(i), group);
+        for (QPushButton* option : {read, store})
+            option->setCheckable(true);
+        read->setAccessibleName(QDialog::tr("Read %1").arg(key));
+        store->setAccessibleName(QDialog::tr("Store on %1").arg(key));
+        grid->addWidget(name, i, 0);
+        grid->addWidget(phrase, i, 1);
+        grid->addWidget(read, i, 2);
+        grid->addWidget(store, i, 3);
+        OnKey(window, QKeySequence(Qt::Key(Qt::Key_F3 + i)), read);
+        OnKey(window, QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key(Qt::Key_F3 + i)), store);
+    }
+    grid->setColumnStretch(1, 1);
+    grid->setRowStretch(kKeys, 1);
+    grid->addWidget(Named<QCheckBox>(u"ckbAdvance"_s, group), kKeys + 1, 0, 1, 4);
+    return group;
+}
+
+QGroupBox* FreeList(QDialog& window)
+{
+    auto* group = new QGroupBox(QDialog::tr("Phrases"), &window);
+    auto* columns = new QHBoxLayout(group);
+    columns->setContentsMargins(12, 12, 12, 12);
+    columns->setSpacing(8);
+    auto* buttons = new QVBoxLayout;
+    buttons->setSpacing(8);
+    for (const QString& name : {u"CmdInsertRow"_s, u"cmdRead"_s, u"cmdDeleteRow"_s})
+        buttons->addWidget(Button(name, group));
+    buttons->addStretch(1);
+    columns->addLayout(buttons);
+    auto* rows = new QVBoxLayout;
+    rows->setSpacing(8);
+    auto* list = Named<QListWidget>(u"lstComment"_s, group);
+    list->setAccessibleName(QDialog::tr("Phrases of this field"));
+    list->setMinimumSize(240, 200);
+    rows->addWidget(list, 1);
+    rows->addWidget(Named<QCheckBox>(u"ckbAlphabetic"_s, group));
+    columns->addLayout(rows, 1);
+    Named<QListWidget>(u"lstSorted"_s, group)->hide();
+    return group;
+}
+
+} // namespace
+
+void Layout_frm_Comment(QDialog& window, forms::Screen&)
+{
+    auto* rows = new QVBoxLayout(&window);
+    rows->setContentsMargins(16, 16, 16, 16);
+    rows->setSpacing(12);
+
+    auto* label = new QLabel(QDialog::tr("&Phrase:"), &window);
+    auto* phrase = Named<QLineEdit>(u"txtAddComment"_s, &window);
+    phrase->setClearButtonEnabled(true);
+    label->setBuddy(phrase);
+    auto* head = new QHBoxLayout;
+    head->setSpacing(8);
+    head->addWidget(label);
+    head->addWidget(phrase, 1);
+    rows->addLayout(head);
+
+    auto* both = new QHBoxLayout;
+    both->setSpacing(12);
+    both->addWidget(FunctionKeys(window), 1);
+    both->addWidget(FreeList(window), 1);
+    rows->addLayout(both, 1);
+
+    auto* foot = new QHBoxLayout;
+    foot->setSpacing(8);
+    auto* message = Named<QLabel>(u"lblmsg"_s, &window);
+    message->setWordWrap(true);
+    foot->addWidget(message, 1);
+    auto* ok = Button(u"cmdOK"_s, &window);
+    ok->setDefault(true);
+    foot->addWidget(ok);
+    foot->addWidget(Button(u"cmdCancel"_s, &window));
+    rows->addLayout(foot);
+    window.resize(860, 420);
+    phrase->setFocus();
+}
+
+} // namespace vasclip::windows
