@@ -206,6 +206,76 @@ TEST_F(Vasctl, TheDoctorFindsAHomeSoundAndNamesWhatIsWrong)
     EXPECT_EQ(wrong, 2);
 }
 
+TEST_F(Vasctl, KeepsPhrases)
+{
+    const auto phrases = [&](const QString& field) {
+        QStringList all;
+        for (const QJsonValue& row : home.Vasctl({u"comments"_s, u"list"_s, field}).Array())
+            all.append(row.toObject()[u"KEY"_s].toString() + u'=' + row.toObject()[u"PHRASE"_s].toString());
+        return all;
+    };
+    const auto run = [&](const QString& answer, const QStringList& rest) {
+        return home.Vasctl(QStringList{answer, u"comments"_s} + rest).code;
+    };
+    const QString field = u"STORAGE"_s;
+    ASSERT_EQ(phrases(field).size(), 6) << "the demo has no phrases for it";
+    EXPECT_EQ(run(u"--no"_s, {u"key"_s, field, u"F4"_s}), kNotFound);
+    EXPECT_EQ(run(u"--no"_s, {u"key"_s, field.toLower(), u"f4"_s, u"Shed"_s}), kDone);
+    EXPECT_EQ(run(u"--no"_s, {u"key"_s, field, u"F4"_s, u"Barn"_s}), kDeclined);
+    EXPECT_EQ(run(u"--yes"_s, {u"key"_s, field, u"F4"_s, u"Barn"_s}), kDone);
+    EXPECT_EQ(home.Vasctl({u"comments"_s, u"key"_s, field, u"F4"_s}).Object()[u"PHRASE"_s].toString(),
+              u"Barn"_s);
+    EXPECT_EQ(run(u"--no"_s, {u"add"_s, field, u"Attic"_s}), kDone);
+    EXPECT_EQ(run(u"--no"_s, {u"add"_s, field, u"Cellar"_s}), kDone);
+    EXPECT_EQ(run(u"--no"_s, {u"add"_s, field, u"Attic"_s}), kFailed) << "a phrase stands there once";
+    EXPECT_EQ(phrases(field), (QStringList{u"F3="_s, u"F4=Barn"_s, u"F5="_s, u"F6="_s, u"F7="_s, u"F8="_s,
+                                           u"=Attic"_s, u"=Cellar"_s}));
+    EXPECT_EQ(run(u"--no"_s, {u"delete"_s, field, u"Attic"_s}), kDeclined);
+    EXPECT_EQ(run(u"--yes"_s, {u"delete"_s, field, u"Attic"_s}), kDone);
+    EXPECT_EQ(run(u"--yes"_s, {u"delete"_s, field, u"Attic"_s}), kNotFound);
+    EXPECT_EQ(phrases(field).mid(6), (QStringList{u"=Cellar"_s}));
+    EXPECT_EQ(run(u"--yes"_s, {u"list"_s, u"NOSUCHFIELD"_s}), kNotFound);
+    EXPECT_EQ(run(u"--yes"_s, {u"key"_s, field, u"F9"_s}), kUsage);
+    EXPECT_EQ(run(u"--yes"_s, {u"add"_s, field, QString(300, u'x')}), kFailed);
+    home.Vasctl({u"settings"_s, u"set"_s, u"SHARE"_s, u"1"_s});
+    const auto missing = home.Vasctl({u"comments"_s, u"list"_s, field});
+    EXPECT_EQ(missing.code, kNotFound);
+    EXPECT_TRUE(missing.err.contains("comments.mdb")) << missing.err.toStdString();
+}
+
+TEST_F(Vasctl, TwoUsersOfOneCommentFileLoseNothing)
+{
+    // Two processes at a time store different keys of the same row, and of the same field.
+    const auto start = [&](QProcess& process, const QStringList& rest) {
+        process.setProcessEnvironment(home.environment);
+        process.start(ProgramHome::Program(u"vasctl"_s),
+                      QStringList{u"--home"_s, home.Path(), u"--yes"_s, u"comments"_s} + rest);
+    };
+    const QString fields[] = {u"STORAGE"_s, u"RUNFT"_s};
+    for (int round = 0; round < 6; ++round) {
+        const QString key = u"F%1"_s.arg(3 + round);
+        QProcess one, two, three;
+        start(one, {u"key"_s, fields[0], key, u"one %1"_s.arg(round)});
+        start(two, {u"key"_s, fields[1], key, u"two %1"_s.arg(round)});
+        start(three, {u"add"_s, fields[0], u"phrase %1"_s.arg(round)});
+        for (QProcess* process : {&one, &two, &three}) {
+            ASSERT_TRUE(process->waitForFinished(kPatienceMs));
+            EXPECT_EQ(process->exitCode(), kDone) << process->readAllStandardError().toStdString();
+        }
+    }
+    for (int user = 0; user < 2; ++user) {
+        const QJsonArray rows = home.Vasctl({u"comments"_s, u"list"_s, fields[user]}).Array();
+        EXPECT_EQ(rows.size(), user == 0 ? 12 : 6);
+        for (int round = 0; round < 6; ++round) {
+            EXPECT_EQ(rows[round].toObject()[u"PHRASE"_s].toString(),
+                      u"%1 %2"_s.arg(user == 0 ? u"one"_s : u"two"_s).arg(round));
+            if (user == 0) {
+                EXPECT_EQ(rows[6 + round].toObject()[u"PHRASE"_s].toString(), u"phrase %1"_s.arg(round));
+            }
+        }
+    }
+}
+
 TEST_F(Vasctl, WrongCommandLinesAreToldWithTheirCode)
 {
     for (const QStringList& line : {QStringList{}, QStringList{u"fly"_s}, QStringList{u"records"_s},
@@ -219,7 +289,7 @@ TEST_F(Vasctl, WrongCommandLinesAreToldWithTheirCode)
     const auto help = home.Vasctl({u"--plain"_s, u"--help"_s});
     EXPECT_EQ(help.code, kDone);
     for (const char* word : {"records list", "sql", "report status", "refresh", "drop KEY", "settings",
-                             "doctor", "Exit codes", "--answer", "--json"})
+                             "comments list", "doctor", "Exit codes", "--answer", "--json"})
         EXPECT_TRUE(help.out.contains(word)) << word;
 }
 

@@ -38,6 +38,11 @@ Commands:
   settings list
   settings get [SECTION] KEY
   settings set [SECTION] KEY VALUE
+  comments list FIELD     the phrases of a field: its function keys and its list
+  comments key FIELD F3 [TEXT]
+                          what a key (F3 to F8) holds for a field; with TEXT it is stored there, asking first
+  comments add FIELD TEXT, comments delete FIELD TEXT
+                          a phrase of the field's list
   doctor                  checks the home: files, versions, drives, databases, link
 
 Exit codes: 0 done; 1 failed, the message says why; 2 wrong command line; 3 not found; 4 a question was answered
@@ -58,6 +63,8 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
         return RunDrop(session, out, arguments, options);
     if (command == u"settings"_s)
         return RunSettings(session, out, arguments);
+    if (command == u"comments"_s)
+        return RunComments(session, out, arguments);
     if (command == u"doctor"_s && arguments.isEmpty())
         return RunDoctor(session, out);
     out.Error(

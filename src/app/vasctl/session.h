@@ -67,6 +67,7 @@ int RunRefresh(Session& session, const Output& out);
 int RunDrop(Session& session, const Output& out, const QStringList& arguments,
             const QCommandLineParser& options);
 int RunSettings(Session& session, const Output& out, const QStringList& arguments);
+int RunComments(Session& session, const Output& out, const QStringList& arguments);
 int RunDoctor(Session& session, const Output& out);
 
 } // namespace vasclip::vasctl
