@@ -74,6 +74,8 @@ frm_FKey::~frm_FKey() = default;
 
 void frm_FKey::EntryOpened(forms::Screen& screen, EntryKeys&)
 {
+    m_entries.removeAll(&screen);
+    TimerFKEY_Timer(); // the last comp's screen may have closed a moment ago
     m_entries.append(&screen);
     if (!IsOpen())
         Open();

@@ -46,7 +46,8 @@ class FrmFKey : public CommentHome
 {
 protected:
     const QString databook = u"C:\\DATA\\DATABOOK.MDB"_s;
-    frm_FKey frame{{ports, engine, globals, [] { return u"1 MAIN ST"_s; }}};
+    QString key = u"1 MAIN ST"_s;
+    frm_FKey frame{{ports, engine, globals, [this] { return key; }}};
     Entry entry{frame};
     const KeyAnswer stay{true, Advance::Stay}, next{true, Advance::Next}, notOurs{};
     int focused = 0;
@@ -57,9 +58,9 @@ protected:
         store::MakeDatabase(engine, databook);
         const auto database = engine.OpenDatabase(databook);
         const auto rows = database->OpenRecordset(u"COMPS"_s, engine::RecordsetType::Table);
-        for (const QString& key : {u"9 OAK AVE"_s, u"1 MAIN ST"_s}) {
+        for (const QString& address : {u"9 OAK AVE"_s, u"1 MAIN ST"_s}) {
             rows->AddNew();
-            rows->SetValue(u"CENTRALKEY"_s, key.leftJustified(35));
+            rows->SetValue(u"CENTRALKEY"_s, address.leftJustified(35));
             rows->Update();
         }
         QObject::connect(&entry.txtSite, &forms::Control::FocusWanted, &entry, [this] { ++focused; });
@@ -387,6 +388,19 @@ TEST_F(FrmFKey, StandsOnTheCompAndSavesAPendingEditWhenItCloses)
     rows->SetIndex(u"CENTRALKEY"_s);
     rows->Seek(u"="_s, u"1 MAIN ST"_s);
     EXPECT_EQ(rows->Value(u"CITY"_s).toString(), u"Marlow"_s);
+}
+
+TEST_F(FrmFKey, ANewCompBeforeTheTimerOpensTheFrameAnew)
+{
+    Prepare();
+    entry.Unload();
+    entry.End();
+    key = u"9 OAK AVE"_s;
+    globals.share = 1;
+    CreateCommentFile(engine, globals, shared);
+    entry.Open();
+    EXPECT_EQ(frame.datDatabook.Recordset().Value(u"CENTRALKEY"_s).toString().trimmed(), key);
+    EXPECT_EQ(frame.datComment.DatabaseName(), shared) << "and with the settings of now";
 }
 
 TEST_F(FrmFKey, StaysWhileAnyEntryScreenIsOpenAndOpensAgain)
