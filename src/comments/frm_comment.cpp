@@ -45,6 +45,8 @@ frm_Comment::frm_Comment(const forms::Ports& ports, common::Globals& globals, co
     for (int i = 0; i < kKeys; ++i) {
         const QString key = u"F%1"_s.arg(i + 3);
         txtFKey(i).SetLocked(true);
+        connect(&txtFKey(i), &forms::TextBox::TextChanged, this, // a long phrase does not fit its box
+                [this, i] { txtFKey(i).SetToolTipText(txtFKey(i).Text()); });
         optRead(i).SetCaption(u"Read"_s);
         optRead(i).SetToolTipText(u"Take the phrase of %1 (%1)"_s.arg(key));
         optGet(i).SetCaption(u"Store"_s);

@@ -54,6 +54,7 @@ TEST_F(FrmComment, OpensOnTheFirstRow)
     EXPECT_EQ(dialog->cmdDeleteRow.Caption(), u"&Delete"_s);
     EXPECT_EQ(dialog->lstComment.ListIndex(), 0);
     EXPECT_FALSE(dialog->lstSorted.Visible());
+    EXPECT_EQ(dialog->txtFKey(0).ToolTipText(), u"Level"_s);
     EXPECT_FALSE(dialog->FKeyAnyOn());
 }
 
