@@ -34,6 +34,17 @@ constexpr std::array kPlan = {
     PlanRow{Text("DESIGNAPPL"), 120}, PlanRow{Text("NOTES"), 240},
 };
 
+struct Order
+{
+    Text field;
+    bool descending;
+};
+
+// SORTGRID 1 to 6.
+constexpr std::array kOrders = {Order{Text("ADDRESS"), false},  Order{Text("SALEDATE"), true},
+                                Order{Text("SELLINGPR"), true}, Order{Text("GLA"), true},
+                                Order{Text("PRICEGLA"), true},  Order{Text("LOADDATE"), true}};
+
 const QString kShortDate = QStringLiteral("Short Date");
 const QString kFormatText = QStringLiteral("FormatText Event");
 const QString kPending = QStringLiteral("01/01/1900");
@@ -83,18 +94,33 @@ const QString& SelectAllText()
 
 QString OrderByText(int sortGrid)
 {
-    static const std::array kOrderBy = {
-        QString(),
-        QStringLiteral(" ORDER BY COMPS.ADDRESS"),
-        QStringLiteral(" ORDER BY COMPS.SALEDATE DESC"),
-        QStringLiteral(" ORDER BY COMPS.SELLINGPR DESC"),
-        QStringLiteral(" ORDER BY COMPS.GLA DESC"),
-        QStringLiteral(" ORDER BY COMPS.PRICEGLA DESC"),
-        QStringLiteral(" ORDER BY COMPS.LOADDATE DESC"),
-    };
-    if (sortGrid < 0 || sortGrid >= static_cast<int>(kOrderBy.size()))
+    if (sortGrid < 1 || sortGrid > static_cast<int>(kOrders.size()))
         return {};
-    return kOrderBy[static_cast<std::size_t>(sortGrid)];
+    const Order& order = kOrders[static_cast<std::size_t>(sortGrid - 1)];
+    return QStringLiteral(" ORDER BY COMPS.") + order.field +
+           (order.descending ? QStringLiteral(" DESC") : QString());
+}
+
+int SortGridOf(const QString& field)
+{
+    for (std::size_t i = 0; i < kOrders.size(); ++i)
+        if (field.compare(kOrders[i].field, Qt::CaseInsensitive) == 0)
+            return static_cast<int>(i) + 1;
+    return 0;
+}
+
+bool SortBy(GridState& state, int& sortGrid, const QString& field)
+{
+    const int wanted = SortGridOf(field);
+    if (wanted == 0)
+        return false;
+    sortGrid = wanted;
+    if (state.searchOnDisplay && state.sqlText.endsWith(state.orderByText)) {
+        state.sqlText.chop(state.orderByText.size());
+        state.orderByText = OrderByText(wanted);
+        state.sqlText += state.orderByText;
+    }
+    return true;
 }
 
 GridRows::GridRows(const store::DataSource& source)
@@ -174,7 +200,9 @@ const QList<forms::GridColumn>& DefaultColumns()
                          .width = row.width,
                          .visible = true,
                          .numberFormat = FormatOf(field),
-                         .rightAligned = stored && stored->sorts == engine::SortsAs::Number});
+                         .rightAligned = stored && stored->sorts == engine::SortsAs::Number,
+                         .sortable = SortGridOf(field) != 0,
+                         .fixed = row.field == Text("CENTRALKEY")});
         }
         return plan;
     }();

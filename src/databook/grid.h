@@ -16,6 +16,13 @@ namespace vasclip::databook {
 /// " ORDER BY ..." for a SORTGRID of 1 to 6, "" for 0 and everything else.
 [[nodiscard]] QString OrderByText(int sortGrid);
 
+/// The SORTGRID that orders by a field, 0 for a field that none of the six orders has. Without regard to
+/// case.
+[[nodiscard]] int SortGridOf(const QString& field);
+/// Lets the next display come in the order of a field: sets the SORTGRID setting, and the order of a search
+/// on display. @return false, changing nothing, for a field without an order
+bool SortBy(GridState& state, int& sortGrid, const QString& field);
+
 /// The rows of a dynaset for a grid. They are asked for as they are shown; the last few screens of them are
 /// kept until the source is refreshed or Forget is called. The source outlives this.
 class GridRows : public forms::GridSource

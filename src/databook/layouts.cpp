@@ -20,7 +20,6 @@ constexpr int kVersion = 1;
 constexpr int kMinWidth = 16;
 constexpr int kMaxWidth = 4000;
 const QString kFormat = QStringLiteral("vasclip grid layouts");
-const QString kKeyField = QStringLiteral("CENTRALKEY");
 
 [[noreturn]] void Refuse(const QString& file, const QString& why)
 {
@@ -112,7 +111,7 @@ QList<forms::GridColumn> Arranged(const Layout& layout)
             continue;
         forms::GridColumn column = *found;
         column.width = wanted.width;
-        column.visible = wanted.visible || column.field == kKeyField;
+        column.visible = wanted.visible || column.fixed;
         arranged.append(column);
         left.erase(found);
     }

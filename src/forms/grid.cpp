@@ -12,6 +12,61 @@ void Grid::SetColumns(const QList<GridColumn>& columns)
     Q_EMIT ColumnsChanged();
 }
 
+int Grid::ColumnOf(const QString& field) const
+{
+    for (int i = 0; i < m_columns.size(); ++i)
+        if (m_columns.at(i).field.compare(field, Qt::CaseInsensitive) == 0)
+            return i;
+    return -1;
+}
+
+bool Grid::ShowColumn(int column, bool visible)
+{
+    if (column < 0 || column >= m_columns.size())
+        return false;
+    const auto shown =
+        std::count_if(m_columns.begin(), m_columns.end(), [](const GridColumn& one) { return one.visible; });
+    if (!visible && m_columns.at(column).visible && (m_columns.at(column).fixed || shown == 1))
+        return false;
+    QList<GridColumn> columns = m_columns;
+    columns[column].visible = visible;
+    SetColumns(columns);
+    return true;
+}
+
+int Grid::MoveColumn(int column, int places)
+{
+    if (column < 0 || column >= m_columns.size())
+        return column;
+    const int step = places < 0 ? -1 : 1;
+    int target = column;
+    for (int at = column + step; places != 0 && at >= 0 && at < m_columns.size(); at += step) {
+        if (!m_columns.at(at).visible)
+            continue;
+        target = at;
+        places -= step;
+    }
+    QList<GridColumn> columns = m_columns;
+    columns.move(column, target);
+    SetColumns(columns);
+    return target;
+}
+
+void Grid::ResizeColumn(int column, int width)
+{
+    if (column < 0 || column >= m_columns.size())
+        return;
+    QList<GridColumn> columns = m_columns;
+    columns[column].width = std::clamp(width, kNarrowest, kWidest);
+    SetColumns(columns);
+}
+
+void Grid::ClickHead(int column)
+{
+    if (column >= 0 && column < m_columns.size() && m_columns.at(column).sortable)
+        Q_EMIT HeadClick(m_columns.at(column).field);
+}
+
 void Grid::Rebind(const GridSource* source)
 {
     m_source = source;

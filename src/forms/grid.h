@@ -23,6 +23,8 @@ struct GridColumn
     bool visible = true;
     QString numberFormat = {}; ///< "" as stored, "Short Date", or "FormatText Event"
     bool rightAligned = false;
+    bool sortable = false; ///< a click on its heading means something
+    bool fixed = false;    ///< may not be hidden
     bool operator==(const GridColumn&) const = default;
 };
 
@@ -35,6 +37,19 @@ public:
 
     [[nodiscard]] const QList<GridColumn>& Columns() const { return m_columns; }
     void SetColumns(const QList<GridColumn>& columns);
+    [[nodiscard]] int ColumnOf(const QString& field) const; ///< without regard to case; -1 if there is none
+    /// Shows or hides a column. @return false if it may not be hidden: it is fixed, or the last one on show
+    bool ShowColumn(int column, bool visible);
+    /// Moves a column by so many visible places, to the left if negative, as far as there are any.
+    /// @return where it stands now
+    int MoveColumn(int column, int places);
+    void ResizeColumn(int column, int width); ///< kept between kNarrowest and kWidest
+    /// The user clicked a heading. Nothing happens for a column that is not sortable.
+    void ClickHead(int column);
+
+    static constexpr int kNarrowest = 28;
+    static constexpr int kWidest = 2000;
+
     [[nodiscard]] const GridSource* Source() const { return m_source; }
     /// Takes a source (not owned; nullptr empties the grid) and stands on its first row, -1 if it has none.
     /// Raises Rebound, then RowColChange, since the current record is another one.
@@ -48,6 +63,7 @@ public:
 
 Q_SIGNALS:
     void ColumnsChanged();
+    void HeadClick(const QString& field);
     void Rebound();
     void Repaint();
     void RowColChange();

@@ -47,6 +47,7 @@ frm_Main::frm_Main(const Foundation& foundation)
     , mnuRefreshItem(controls, u"mnuRefreshItem"_s, u"&Refresh"_s, RefreshEntries())
     , mnuDBItem(controls, u"mnuDBItem"_s, u"&Database"_s, DatabaseEntries())
     , mnuHelpItem(controls, u"mnuHelpItem"_s, u"&Help"_s, HelpEntries())
+    , popGrid_M(controls, u"popGrid_M"_s, {}, GridEntries())
     , sources(foundation.engine)
     , m_base(foundation)
     , m_slotLoader(std::make_unique<photos::SlotLoader>(foundation.disk, foundation.ports, m_slotTable))
@@ -113,6 +114,7 @@ void frm_Main::WireControls()
          {&records.cmdAddManual, &records.cmdPrint, &records.cmdDetails, &report.cmdSubjectAnd})
         button->SetEnabled(false);
     records.SetScreensThere(false);
+    WireGrid();
 }
 
 void frm_Main::RefreshAppraisal()
@@ -194,6 +196,8 @@ void frm_Main::MenuChosen(const QString& array, int index)
         RefreshAppraisal();
     else if (array == u"mnuRefreshItem"_s && index == 2)
         DisplayAllRecords();
+    else if (array == u"mnuSetupItem"_s && index == 2)
+        ShowGridLayout();
     else if (array == u"mnuHelpItem"_s && index == 12)
         Q_EMIT AboutWanted();
 }

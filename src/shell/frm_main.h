@@ -55,6 +55,7 @@ public:
 
     forms::Menu mnuFileItem, mnuSetupItem, mnuMaintItem, mnuTransferItem, mnuRefreshItem, mnuDBItem,
         mnuHelpItem;
+    forms::Menu popGrid_M; ///< of the grid, by the right button
 
     common::Globals globals;
     store::Sources sources;
@@ -104,6 +105,10 @@ private:
     void PrepareGrid(bool loadUserLayout, frm_Splash& splash);
     void cmdSearch_Click();
     void grddatabook_RowColChange();
+    void grddatabook_HeadClick(const QString& field);
+    void WireGrid();
+    void popGrid_M_Click(int index);
+    void ShowGridLayout();
     void MenuChosen(const QString& array, int index);
     void LaunchAppraisalProgram();
     void Connect(store::DataSource& source, const QString& path, const std::function<void()>& open);

@@ -18,13 +18,6 @@ namespace vasclip::shell {
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
-const QString kUserLayouts = u"VAS2000.grx"_s;
-const QString kProgramLayouts = u"default.grx"_s;
-
-} // namespace
-
 void frm_Main::LocateInis(const SystemPlaces& places, Silence silence)
 {
     auto& prompter = m_base.ports.prompter;
@@ -97,13 +90,15 @@ void frm_Main::PrepareGrid(bool loadUserLayout, frm_Splash& splash)
     using common::Guarded;
     auto& prompter = m_base.ports.prompter;
     auto& grid = records.grddatabook;
-    const QString userFile = globals.G_ProgramDir + kUserLayouts;
+    const QString userFile = globals.G_ProgramDir + databook::kUserLayouts;
     // A layout file that cannot be read or written costs the layout, never the start.
+    int failed = 0;
     const auto reported = [&](const char* routine, const std::function<void()>& step) {
         const common::RoutineScope scope{routine};
         try {
             return Guarded(prompter, step);
         } catch (const RuntimeError& failure) {
+            failed = failure.Number();
             common::ReportError(prompter, failure);
             return false;
         }
@@ -112,14 +107,21 @@ void frm_Main::PrepareGrid(bool loadUserLayout, frm_Splash& splash)
     splash.ShowSplashStatus(u"Verifying Default Grid Settings"_s);
     databook::SetGridSettings(grid, u"DEFAULT"_s);
     reported("SaveGrid", [&] {
-        databook::SaveGrid(m_base.disk, grid, globals.G_ProgramDir + kProgramLayouts,
+        databook::SaveGrid(m_base.disk, grid, globals.G_ProgramDir + databook::kProgramLayouts,
                            databook::kDefaultLayout);
     });
-    m_gridReady = reported(
-        "SaveGrid", [&] { databook::SaveGrid(m_base.disk, grid, userFile, databook::kDefaultLayout); });
+    failed = 0;
+    m_gridReady = reported("SaveGrid", [&] {
+        if (loadUserLayout)
+            databook::SaveGrid(m_base.disk, grid, userFile, databook::kDefaultLayout);
+        else // asked to keep off the user's file; a bad one is told now and not at exit
+            (void)databook::LayoutFile::ReadOrNew(m_base.disk, userFile);
+    });
     if (!loadUserLayout)
         return;
     splash.ShowSplashStatus(u"Loading Saved Grid Layout"_s);
+    if (failed == databook::kInvalidLayoutFile) // told already
+        return;
     reported("RefreshLayoutFile", [&] { databook::RefreshLayoutFile(m_base.disk, userFile); });
     reported("LoadGrid", [&] { databook::LoadGrid(m_base.disk, grid, userFile, databook::kCurrentLayout); });
 }
@@ -212,8 +214,8 @@ void frm_Main::Form_Unload()
     clock.Wait(0.2);
     if (m_gridReady)
         reported([&] {
-            databook::SaveGrid(m_base.disk, records.grddatabook, globals.G_ProgramDir + kUserLayouts,
-                               databook::kCurrentLayout);
+            databook::SaveGrid(m_base.disk, records.grddatabook,
+                               globals.G_ProgramDir + databook::kUserLayouts, databook::kCurrentLayout);
         });
     records.grddatabook.Rebind(nullptr);
     sources.datsql.Close();

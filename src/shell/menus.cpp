@@ -70,7 +70,7 @@ QList<forms::MenuEntry> SetupEntries()
     return Entries({
         {0, "Configuration"_L1},
         {1, kSeparator},
-        {2, "Grid Layout"_L1},
+        {2, "Grid Layout"_L1, Screen::Here},
         {3, "City Listings"_L1},
         {4, kSeparator},
         {5, "View Capture Image Names"_L1},
@@ -135,6 +135,18 @@ QList<forms::MenuEntry> HelpEntries()
         {9, "Connect to Website"_L1},
         {11, kSeparator},
         {12, "About"_L1, Screen::Here},
+    });
+}
+
+QList<forms::MenuEntry> GridEntries()
+{
+    return Entries({
+        {0, "Refesh Grid"_L1, Screen::Here},
+        {1, kSeparator},
+        {2, "Search"_L1},
+        {3, kSeparator},
+        {4, "Refresh from Appraisal"_L1, Screen::Here},
+        {5, "Addresses in Memory"_L1},
     });
 }
 

@@ -13,5 +13,6 @@ namespace vasclip::shell {
 [[nodiscard]] QList<forms::MenuEntry> RefreshEntries();
 [[nodiscard]] QList<forms::MenuEntry> DatabaseEntries();
 [[nodiscard]] QList<forms::MenuEntry> HelpEntries();
+[[nodiscard]] QList<forms::MenuEntry> GridEntries(); ///< of the pop-up over the grid
 
 } // namespace vasclip::shell

@@ -26,6 +26,7 @@ const QString kGeometry = QStringLiteral("window/geometry");
 const QString kMainSplitter = QStringLiteral("window/mainSplitter");
 const QString kTopSplitter = QStringLiteral("window/topSplitter");
 const QString kGridName = QStringLiteral("grddatabook");
+const QString kGridMenuName = QStringLiteral("popGrid_M");
 
 /// Widgets made late stand at the end of the tab order; these belong behind the bar of their book.
 void ChainFocus(QWidget* behind, const QWidget& page)
@@ -180,9 +181,10 @@ void MainWindow::BuildViewMenu()
     QAction* send =
         add(tr("&Send to Slot..."), QKeySequence(Qt::CTRL | Qt::Key_Return), [this] { SendToSlot(); });
     send->setIcon(ThemedIcon(QStringLiteral("send")));
-    m_ui->grddatabook->addAction(send);
-    m_ui->grddatabook->setContextMenuPolicy(Qt::ActionsContextMenu);
+    BuildGridMenu(*send);
+    QAction* columns = add(tr("C&olumns..."), {}, [this] { m_ui->grddatabook->ChooseColumns(); });
     menu->addSeparator();
+    m_gridActions.append(columns);
     add(tr("&Next Pane"), QKeySequence(Qt::Key_F6), [this] { NextPane(1); });
     add(tr("&Previous Pane"), QKeySequence(Qt::SHIFT | Qt::Key_F6), [this] { NextPane(-1); });
     add(tr("&Databook Grid"), QKeySequence(Qt::CTRL | Qt::Key_G),
@@ -205,6 +207,37 @@ void MainWindow::BuildViewMenu()
         connect(action, &QAction::triggered, this, [this, picked = choice] { m_theme.Choose(picked); });
     }
     add(tr("&Reset Layout"), {}, [this] { ResetLayout(); });
+}
+
+/// What the right button and the menu key open over the grid: the rules' own entries, then the window's.
+void MainWindow::BuildGridMenu(QAction& send)
+{
+    RecordGrid* grid = m_ui->grddatabook;
+    const auto add = [&](const QString& words, const QKeySequence& keys, auto handler) {
+        auto* action = new QAction(words, grid);
+        action->setShortcut(keys);
+        action->setShortcutContext(Qt::WidgetShortcut);
+        connect(action, &QAction::triggered, this, handler);
+        m_gridActions.append(action);
+        return action;
+    };
+    m_gridActions.append(&send);
+    QAction* copy = add(tr("Cop&y Selected Records"), QKeySequence::Copy, [grid] { grid->CopySelection(); });
+    copy->setIcon(ThemedIcon(QStringLiteral("copy")));
+    add(tr("Select &All Records"), QKeySequence::SelectAll, [grid] { grid->selectAll(); });
+    if (m_binder.Controls().Find(kGridMenuName) != nullptr) {
+        m_gridMenu = new QMenu(this);
+        m_gridMenu->setObjectName(kGridMenuName);
+    }
+    connect(grid, &RecordGrid::MenuWanted, this, [this](const QPoint& place) {
+        QMenu menu(this);
+        if (m_gridMenu != nullptr) {
+            menu.addActions(m_gridMenu->actions());
+            menu.addSeparator();
+        }
+        menu.addActions(m_gridActions);
+        menu.exec(place);
+    });
 }
 
 /// Icons and the ways buttons are drawn.

@@ -7,8 +7,10 @@
 
 #include <memory>
 
+class QAction;
 class QActionGroup;
 class QLabel;
+class QMenu;
 class QSettings;
 class QTabWidget;
 class QToolButton;
@@ -63,6 +65,7 @@ private:
     void BuildHeader();
     void BuildPages();
     void BuildViewMenu();
+    void BuildGridMenu(QAction& send);
     void Decorate();
     void NamesForReaders();
     void NextPane(int step);
@@ -78,6 +81,8 @@ private:
     Binder m_binder;
     DragDesk m_drags;
     QList<SlotPage*> m_pages;
+    QMenu* m_gridMenu = nullptr; ///< the rules' entries; nullptr where they have none
+    QList<QAction*> m_gridActions;
     QActionGroup* m_themes = nullptr;
     QToolButton* m_themeButton = nullptr;
     bool m_unloaded = false;

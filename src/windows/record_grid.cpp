@@ -1,11 +1,18 @@
 #include "windows/record_grid.h"
 
+#include "databook/copy_rows.h"
+#include "windows/columns_dialog.h"
 #include "windows/guard.h"
 #include "windows/record_model.h"
 #include "windows/theme.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -16,14 +23,14 @@ namespace vasclip::windows {
 
 namespace {
 constexpr int kRowPadding = 10;
-constexpr int kNarrowestColumn = 28;
+constexpr int kWidthStep = 8;
 } // namespace
 
 RecordGrid::RecordGrid(QWidget* parent)
     : QTableView(parent)
 {
     setSelectionBehavior(QAbstractItemView::SelectRows);
-    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setDragEnabled(true);
     setAlternatingRowColors(true);
@@ -38,7 +45,7 @@ RecordGrid::RecordGrid(QWidget* parent)
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
     horizontalHeader()->setSectionsMovable(true);
     horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setMinimumSectionSize(kNarrowestColumn);
+    horizontalHeader()->setMinimumSectionSize(forms::Grid::kNarrowest);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     horizontalHeader()->setFixedHeight(fontMetrics().height() + kRowPadding + 4);
 }
@@ -61,6 +68,12 @@ void RecordGrid::Attach(forms::Grid& grid, EventGuard& guard)
     connect(&grid, &forms::Grid::RowColChange, this, &RecordGrid::ShowRow);
     connect(horizontalHeader(), &QHeaderView::sectionMoved, this, [this] { TakeColumns(); });
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] { TakeColumns(); });
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int column) {
+        if (!m_fixed)
+            m_guard->Run([&] { m_grid->ClickHead(column); });
+    });
+    horizontalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(horizontalHeader(), &QWidget::customContextMenuRequested, this, &RecordGrid::ColumnMenu);
     connect(this, &QTableView::clicked, this, [this] { m_guard->Run([this] { Q_EMIT m_grid->Clicked(); }); });
     ShowColumns();
     ShowRow();
@@ -180,12 +193,153 @@ void RecordGrid::keyPressEvent(QKeyEvent* event)
             break;
         }
     }
+    if (event->matches(QKeySequence::Copy)) {
+        CopySelection();
+        return;
+    }
+    const bool columns = event->modifiers().testFlags(Qt::ControlModifier | Qt::ShiftModifier);
+    if (columns && !m_fixed && ColumnKey(event->key()))
+        return;
     // Looking for a typed letter would read every row of the Databook.
     if (!event->text().isEmpty() && event->text().at(0).isPrint() && plain && event->key() != Qt::Key_Space) {
         event->ignore();
         return;
     }
     QTableView::keyPressEvent(event);
+}
+
+int RecordGrid::CurrentColumn() const
+{
+    return m_grid != nullptr && currentIndex().isValid() && !isColumnHidden(currentIndex().column())
+               ? currentIndex().column()
+               : -1;
+}
+
+bool RecordGrid::ColumnKey(int key)
+{
+    switch (key) {
+    case Qt::Key_Left:
+        MoveCurrentColumn(-1);
+        return true;
+    case Qt::Key_Right:
+        MoveCurrentColumn(1);
+        return true;
+    case Qt::Key_Up:
+        WidenCurrentColumn(kWidthStep);
+        return true;
+    case Qt::Key_Down:
+        WidenCurrentColumn(-kWidthStep);
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// The current cell goes with its column.
+void RecordGrid::MoveCurrentColumn(int places)
+{
+    const int column = CurrentColumn();
+    if (column < 0)
+        return;
+    const int row = currentIndex().row();
+    int target = column;
+    m_guard->Run([&] { target = m_grid->MoveColumn(column, places); });
+    const QScopedValueRollback<bool> showing(m_showing, true);
+    setCurrentIndex(m_model->index(row, target));
+}
+
+void RecordGrid::WidenCurrentColumn(int pixels)
+{
+    const QModelIndex current = currentIndex();
+    const int column = CurrentColumn();
+    if (column < 0)
+        return;
+    m_guard->Run([&] { m_grid->ResizeColumn(column, m_grid->Columns().at(column).width + pixels); });
+    const QScopedValueRollback<bool> showing(m_showing, true);
+    setCurrentIndex(m_model->index(current.row(), column));
+}
+
+void RecordGrid::ChooseColumns()
+{
+    if (m_grid == nullptr)
+        return;
+    ColumnsDialog dialog(m_grid->Columns(), this);
+    if (dialog.exec() == QDialog::Accepted)
+        m_guard->Run([&] { m_grid->SetColumns(dialog.Columns()); });
+}
+
+void RecordGrid::FixColumns()
+{
+    m_fixed = true;
+    horizontalHeader()->setSectionsMovable(false);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setSectionsClickable(false);
+    setDragEnabled(false);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+}
+
+void RecordGrid::FillColumnMenu(QMenu& menu, int column)
+{
+    const QList<forms::GridColumn> columns = m_grid->Columns();
+    const auto change = [this](auto step) { return [this, step] { m_guard->Run(step); }; };
+    if (column >= 0 && column < columns.size()) {
+        QAction* sort = menu.addAction(tr("&Sort by This Column"));
+        sort->setEnabled(columns.at(column).sortable);
+        connect(sort, &QAction::triggered, m_grid, change([this, column] { m_grid->ClickHead(column); }));
+        QAction* hide = menu.addAction(tr("&Hide This Column"));
+        hide->setEnabled(!columns.at(column).fixed);
+        connect(hide, &QAction::triggered, m_grid,
+                change([this, column] { m_grid->ShowColumn(column, false); }));
+    }
+    connect(menu.addAction(tr("&Columns...")), &QAction::triggered, this, &RecordGrid::ChooseColumns);
+    menu.addSeparator();
+    for (int i = 0; i < columns.size(); ++i) {
+        QAction* tick = menu.addAction(columns.at(i).caption);
+        tick->setCheckable(true);
+        tick->setChecked(columns.at(i).visible);
+        tick->setEnabled(!columns.at(i).fixed);
+        connect(tick, &QAction::triggered, m_grid,
+                [this, i](bool shown) { m_guard->Run([&] { m_grid->ShowColumn(i, shown); }); });
+    }
+}
+
+void RecordGrid::ColumnMenu(const QPoint& place)
+{
+    if (m_fixed || m_grid == nullptr)
+        return;
+    QMenu menu(this);
+    FillColumnMenu(menu, horizontalHeader()->logicalIndexAt(place));
+    menu.exec(horizontalHeader()->viewport()->mapToGlobal(place));
+}
+
+void RecordGrid::contextMenuEvent(QContextMenuEvent* event)
+{
+    if (m_fixed)
+        return;
+    QPoint place = event->globalPos();
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        place = viewport()->mapToGlobal(currentIndex().isValid() ? visualRect(currentIndex()).bottomLeft()
+                                                                 : QPoint(8, 8));
+    Q_EMIT MenuWanted(place);
+}
+
+void RecordGrid::CopySelection()
+{
+    if (m_grid == nullptr || selectionModel() == nullptr)
+        return;
+    m_guard->Run([this] {
+        QList<databook::RowRange> rows;
+        const QItemSelection selection = selectionModel()->selection();
+        for (const QItemSelectionRange& range : selection)
+            rows.append({range.top(), range.bottom()});
+        const databook::CopiedRows copied = databook::CopyRows(*m_grid, rows);
+        if (copied.text.isEmpty())
+            return;
+        auto* data = new QMimeData;
+        data->setText(copied.text);
+        data->setHtml(copied.html);
+        QApplication::clipboard()->setMimeData(data);
+    });
 }
 
 void RecordGrid::mouseDoubleClickEvent(QMouseEvent* event)
@@ -207,6 +361,9 @@ void RecordGrid::paintEvent(QPaintEvent* event)
         QPainter painter(viewport());
         painter.setPen(QPen(Theme::Colours().accent, 2));
         painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
+        // The column that the keys move and size.
+        if (currentIndex().isValid())
+            painter.drawRoundedRect(visualRect(currentIndex()).adjusted(1, 2, -2, -2), 3, 3);
     }
     if (!m_painted) {
         m_painted = true;

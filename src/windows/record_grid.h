@@ -4,6 +4,8 @@
 
 #include <QTableView>
 
+class QMenu;
+
 namespace vasclip::windows {
 
 class EventGuard;
@@ -22,8 +24,18 @@ public:
     /// Text of a field in the current row as the grid's source has it.
     [[nodiscard]] QString CurrentText(const QString& field) const;
 
+    void CopySelection(); ///< to the clipboard as text and as a table; what goes wrong is shown
+    void MoveCurrentColumn(int places);
+    void WidenCurrentColumn(int pixels);
+    void ChooseColumns(); ///< asks which columns to show, in which order and how wide
+    /// The menu of a heading: sort, hide, and a tick for every column.
+    void FillColumnMenu(QMenu& menu, int column);
+    /// Only shows columns: they are neither moved, hidden nor sized here.
+    void FixColumns();
+
 Q_SIGNALS:
-    void DragWanted(); ///< the user pulls at the current row
+    void MenuWanted(const QPoint& place); ///< by the right button or the menu key; in global places
+    void DragWanted();                    ///< the user pulls at the current row
     void FirstPainted();
 
 protected:
@@ -31,9 +43,13 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
+    bool ColumnKey(int key);
+    void ColumnMenu(const QPoint& place);
+    int CurrentColumn() const;
     void ShowColumns();
     void ShowRow();
     void TakeColumns();
@@ -43,6 +59,7 @@ private:
     RecordModel* m_model = nullptr;
     bool m_showing = false; ///< the control writes the view, not the user
     bool m_painted = false;
+    bool m_fixed = false;
 };
 
 } // namespace vasclip::windows

@@ -27,6 +27,7 @@ std::span<const ScreenEntry> Screens()
         {"frm_SearchSQL"_L1, Layout_frm_SearchSQL},
         {"frm_Comment"_L1, Layout_frm_Comment},
         {"frm_FKey"_L1, Layout_frm_FKey},
+        {"frm_Grid"_L1, Layout_frm_Grid},
     };
     // clang-format on
     return kScreens;

@@ -37,6 +37,44 @@ TEST(GridText, TheOrderBySetting)
         EXPECT_EQ(databook::OrderByText(row.sortGrid), row.text) << row.sortGrid;
 }
 
+TEST(GridText, AFieldOfTheSixOrdersSorts)
+{
+    databook::GridState state;
+    int sortGrid = 1;
+    for (int order = 1; order <= 6; ++order) {
+        const QString field = databook::OrderByText(order).section(u'.', 1).section(u' ', 0, 0);
+        EXPECT_EQ(databook::SortGridOf(field.toLower()), order);
+        EXPECT_TRUE(databook::SortBy(state, sortGrid, field));
+        EXPECT_EQ(sortGrid, order);
+    }
+    EXPECT_FALSE(databook::SortBy(state, sortGrid, u"NOTES"_s));
+    EXPECT_FALSE(databook::SortBy(state, sortGrid, QString()));
+    EXPECT_EQ(sortGrid, 6);
+}
+
+TEST(GridText, ASearchOnDisplayKeepsItsRowsAndChangesItsOrder)
+{
+    databook::GridState state{u"SELECT * FROM COMPS WHERE CITY = 'A' ORDER BY COMPS.GLA DESC"_s,
+                              u" ORDER BY COMPS.GLA DESC"_s, true};
+    int sortGrid = 4;
+    EXPECT_TRUE(databook::SortBy(state, sortGrid, u"ADDRESS"_s));
+    EXPECT_EQ(state.sqlText, u"SELECT * FROM COMPS WHERE CITY = 'A' ORDER BY COMPS.ADDRESS"_s);
+    EXPECT_EQ(state.orderByText, u" ORDER BY COMPS.ADDRESS"_s);
+    state = {u"SELECT * FROM COMPS WHERE CITY = 'A'"_s, QString(), true};
+    EXPECT_TRUE(databook::SortBy(state, sortGrid, u"SALEDATE"_s));
+    EXPECT_EQ(state.sqlText, u"SELECT * FROM COMPS WHERE CITY = 'A' ORDER BY COMPS.SALEDATE DESC"_s);
+}
+
+TEST(GridColumns, SortableAreTheSixAndTheKeyStays)
+{
+    int sortable = 0;
+    for (const forms::GridColumn& column : databook::DefaultColumns()) {
+        sortable += column.sortable;
+        EXPECT_EQ(column.fixed, column.field == u"CENTRALKEY"_s);
+    }
+    EXPECT_EQ(sortable, 6);
+}
+
 TEST(GridColumns, TheDefaultPlanFollowsTheSelect)
 {
     QStringList fields;

@@ -98,5 +98,72 @@ TEST_F(GridTest, TellsOfNewColumnsOnly)
     EXPECT_EQ(grid.Columns().size(), 1);
 }
 
+struct ColumnsTest : GridTest
+{
+    void SetUp() override
+    {
+        QList<GridColumn> columns;
+        for (const char* field : {"A", "B", "C", "D"})
+            columns.append({.field = QString::fromLatin1(field), .caption = {}});
+        columns[0].fixed = true;
+        columns[1].visible = false;
+        columns[2].sortable = true;
+        grid.SetColumns(columns);
+    }
+    QString Order() const
+    {
+        QString order;
+        for (const GridColumn& column : grid.Columns())
+            order += column.field;
+        return order;
+    }
+};
+
+TEST_F(ColumnsTest, MovePastHiddenOnesAndStopAtTheEnds)
+{
+    EXPECT_EQ(grid.MoveColumn(2, -1), 0);
+    EXPECT_EQ(Order(), QStringLiteral("CABD"));
+    EXPECT_EQ(grid.MoveColumn(0, -1), 0);
+    EXPECT_EQ(Order(), QStringLiteral("CABD"));
+    EXPECT_EQ(grid.MoveColumn(0, 9), 3);
+    EXPECT_EQ(Order(), QStringLiteral("ABDC"));
+    EXPECT_EQ(grid.MoveColumn(7, 1), 7) << "no such column";
+    EXPECT_EQ(grid.ColumnOf(QStringLiteral("c")), 3);
+    EXPECT_EQ(grid.ColumnOf(QStringLiteral("X")), -1);
+}
+
+TEST_F(ColumnsTest, FixedAndLastOnesStayOnShow)
+{
+    EXPECT_FALSE(grid.ShowColumn(0, false));
+    EXPECT_TRUE(grid.ShowColumn(1, true));
+    EXPECT_TRUE(grid.ShowColumn(1, false));
+    QList<GridColumn> columns = grid.Columns();
+    columns[0].fixed = false;
+    grid.SetColumns(columns);
+    EXPECT_TRUE(grid.ShowColumn(0, false));
+    EXPECT_TRUE(grid.ShowColumn(2, false));
+    EXPECT_FALSE(grid.ShowColumn(3, false)) << "an empty grid cannot be repaired with the mouse";
+    EXPECT_FALSE(grid.ShowColumn(9, true));
+}
+
+TEST_F(ColumnsTest, WidthsAreKeptWithinReach)
+{
+    grid.ResizeColumn(0, -4);
+    EXPECT_EQ(grid.Columns().at(0).width, Grid::kNarrowest);
+    grid.ResizeColumn(0, 1 << 30);
+    EXPECT_EQ(grid.Columns().at(0).width, Grid::kWidest);
+    grid.ResizeColumn(-1, 50);
+    EXPECT_EQ(grid.Columns().size(), 4);
+}
+
+TEST_F(ColumnsTest, OnlyASortableHeadingAnswers)
+{
+    QStringList clicked;
+    QObject::connect(&grid, &Grid::HeadClick, &grid, [&](const QString& field) { clicked.append(field); });
+    for (int column = -1; column < 5; ++column)
+        grid.ClickHead(column);
+    EXPECT_EQ(clicked, QStringList{QStringLiteral("C")});
+}
+
 } // namespace
 } // namespace vasclip::forms

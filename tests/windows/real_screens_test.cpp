@@ -2,6 +2,7 @@
 
 #include "databook/frm_calendar.h"
 #include "databook/frm_search_sql.h"
+#include "databook/frm_grid.h"
 #include "databook/grid.h"
 #include "platform/engine/database.h"
 #include "shell/frm_main.h"
@@ -24,7 +25,11 @@
 #include <QCalendarWidget>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
 #include <QMenu>
+#include <QPushButton>
 #include <QSettings>
 
 // Every window against the screen that it belongs to.
@@ -61,6 +66,33 @@ TEST_F(RealScreens, TheSplashShowsEveryControlOfFrmSplash)
     EXPECT_TRUE(window.Leftovers().isEmpty()) << window.Leftovers().join(u'\n').toStdString();
     splash.ShowSplashStatus(u"Loading Configuration Settings"_s);
     EXPECT_EQ(window.findChild<QAbstractItemView*>()->currentIndex().row(), 0);
+}
+
+TEST_F(RealScreens, TheGridLayoutWindowShowsEveryControlOfFrmGrid)
+{
+    home.MakeDirs(u"C:\\VAS2000"_s);
+    forms::ControlSet controls;
+    forms::Grid grid(controls, u"grddatabook"_s);
+    databook::SetGridSettings(grid, u"DEFAULT"_s);
+    databook::SaveGrid(home.disk, grid, u"C:\\VAS2000\\VAS2000.grx"_s, u"Default"_s);
+    grid.ShowColumn(0, false);
+    databook::SaveGrid(home.disk, grid, u"C:\\VAS2000\\VAS2000.grx"_s, u"Mine"_s);
+    databook::frm_Grid screen(home.disk, ports.Get(), grid, u"C:\\VAS2000\\"_s);
+    screen.Open();
+    ScreenWindow window(screen, guard);
+    EXPECT_TRUE(window.Leftovers().isEmpty()) << window.Leftovers().join(u'\n').toStdString();
+    auto* list = window.findChild<QListView*>(u"lstLayout"_s);
+    auto* preview = window.findChild<RecordGrid*>();
+    ASSERT_TRUE(list && preview);
+    list->setCurrentIndex(list->model()->index(0, 0));
+    EXPECT_FALSE(preview->isColumnHidden(0));
+    list->setCurrentIndex(list->model()->index(1, 0));
+    EXPECT_TRUE(preview->isColumnHidden(0));
+    EXPECT_EQ(window.findChild<QLineEdit*>(u"txtLayout"_s)->text(), u"Mine"_s);
+    EXPECT_EQ(window.findChild<QLabel*>(u"lblPreview"_s)->text(), u"Preview of Mine"_s);
+    window.findChild<QPushButton*>(u"cmdOK"_s)->click();
+    EXPECT_FALSE(screen.IsOpen());
+    screen.End();
 }
 
 TEST_F(RealScreens, NoTwoMenuEntriesShareAKey)

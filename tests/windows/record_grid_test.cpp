@@ -2,12 +2,22 @@
 
 #include "support/scripted_ports.h"
 #include "windows/binder.h"
+#include "windows/columns_dialog.h"
 #include "windows/guard.h"
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDialogButtonBox>
 #include <QElapsedTimer>
 #include <QHeaderView>
+#include <QListWidget>
+#include <QMenu>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSpinBox>
 #include <QTest>
 
 namespace vasclip::windows {
@@ -148,6 +158,155 @@ TEST_F(RecordGridTest, NoSourceIsAnEmptyGrid)
     view->grab();
     QTest::keyClick(view, Qt::Key_Return);
     EXPECT_EQ(grid.Row(), -1);
+}
+
+TEST_F(RecordGridTest, KeysMoveAndSizeTheCurrentColumn)
+{
+    const auto press = [this](Qt::Key key) {
+        QTest::keyClick(view, key, Qt::ControlModifier | Qt::ShiftModifier);
+    };
+    EXPECT_EQ(view->currentIndex().column(), 0);
+    press(Qt::Key_Right);
+    EXPECT_EQ(grid.Columns().at(1).field, u"SELLINGPR"_s);
+    EXPECT_EQ(view->currentIndex().column(), 1) << "the mark goes with its column";
+    EXPECT_EQ(Cell(4, 1), u"4000"_s);
+    press(Qt::Key_Up);
+    EXPECT_EQ(grid.Columns().at(1).width, 88);
+    EXPECT_EQ(view->columnWidth(1), 88);
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    EXPECT_EQ(grid.Columns().at(1).width, 72);
+    press(Qt::Key_Left);
+    press(Qt::Key_Left);
+    EXPECT_EQ(grid.Columns().at(0).field, u"SELLINGPR"_s);
+    EXPECT_EQ(grid.Row(), 0) << "the record stays";
+}
+
+TEST_F(RecordGridTest, TheHeadingsMenuTicksSortsAndHides)
+{
+    QList<forms::GridColumn> columns = grid.Columns();
+    columns[0].sortable = true;
+    columns[1].fixed = true;
+    grid.SetColumns(columns);
+    QStringList sorted;
+    QObject::connect(&grid, &forms::Grid::HeadClick, &grid, [&](const QString& field) { sorted += field; });
+    QMenu menu;
+    view->FillColumnMenu(menu, 0);
+    const auto entry = [&menu](const QString& words) -> QAction& {
+        for (QAction* action : menu.actions())
+            if (action->text() == words)
+                return *action;
+        throw std::out_of_range(words.toStdString());
+    };
+    entry(u"&Sort by This Column"_s).trigger();
+    EXPECT_EQ(sorted, QStringList{u"SELLINGPR"_s});
+    EXPECT_FALSE(entry(u"None"_s).isChecked());
+    entry(u"None"_s).trigger();
+    EXPECT_FALSE(view->isColumnHidden(3));
+    EXPECT_FALSE(entry(u"Key"_s).isEnabled()) << "rows are known by it";
+    entry(u"&Hide This Column"_s).trigger();
+    EXPECT_TRUE(view->isColumnHidden(0));
+    EXPECT_FALSE(grid.Columns().at(0).visible);
+    QMenu other;
+    view->FillColumnMenu(other, 1);
+    EXPECT_FALSE(other.actions().at(0)->isEnabled()) << "no order of the six";
+    EXPECT_FALSE(other.actions().at(1)->isEnabled());
+}
+
+TEST_F(RecordGridTest, AClickOnAHeadingSorts)
+{
+    QList<forms::GridColumn> columns = grid.Columns();
+    columns[0].sortable = true;
+    grid.SetColumns(columns);
+    root.resize(640, 320);
+    root.show();
+    QStringList sorted;
+    QObject::connect(&grid, &forms::Grid::HeadClick, &grid, [&](const QString& field) { sorted += field; });
+    QWidget* head = view->horizontalHeader()->viewport();
+    QTest::mouseClick(head, Qt::LeftButton, {}, QPoint(30, 8));
+    QTest::mouseClick(head, Qt::LeftButton, {}, QPoint(150, 8));
+    EXPECT_EQ(sorted, QStringList{u"SELLINGPR"_s});
+}
+
+TEST_F(RecordGridTest, SelectedRowsAreCopiedAsTextAndAsATable)
+{
+    QTest::keyClick(view, Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
+    const QMimeData* data = QApplication::clipboard()->mimeData();
+    EXPECT_EQ(data->text(), u"Price\tKey\tSold\r\n0\t0 OAK ST\t3/7/2004\r\n1000\t1 OAK ST\t3/7/2004\r\n"_s);
+    EXPECT_TRUE(data->html().contains(u"<td>1 OAK ST</td>"_s));
+    EXPECT_EQ(grid.Row(), 1);
+}
+
+TEST_F(RecordGridTest, SelectingAMillionIsSafeAndCopyingThemIsRefusedInWords)
+{
+    rows.count = 1'000'000;
+    grid.Rebind(&rows);
+    QApplication::clipboard()->setText(u"kept"_s);
+    rows.asked = 0;
+    QElapsedTimer clock;
+    clock.start();
+    QTest::keyClick(view, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_LT(clock.elapsed(), 1000);
+    EXPECT_LT(rows.asked, 100);
+    EXPECT_TRUE(prompter.Last().text.contains(u"Nothing was copied"_s));
+    EXPECT_EQ(QApplication::clipboard()->text(), u"kept"_s);
+}
+
+TEST_F(RecordGridTest, TheMenuKeyAndTheRightButtonAskForTheMenu)
+{
+    root.resize(640, 320);
+    root.show();
+    int wanted = 0;
+    QObject::connect(view, &RecordGrid::MenuWanted, view, [&] { ++wanted; });
+    for (const auto reason : {QContextMenuEvent::Keyboard, QContextMenuEvent::Mouse}) {
+        QContextMenuEvent event(reason, QPoint(20, 20), view->viewport()->mapToGlobal(QPoint(20, 20)));
+        QApplication::sendEvent(view->viewport(), &event);
+    }
+    EXPECT_EQ(wanted, 2);
+}
+
+TEST_F(RecordGridTest, APreviewCannotBeRearranged)
+{
+    const QList<forms::GridColumn> before = grid.Columns();
+    view->FixColumns();
+    QTest::keyClick(view, Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
+    QTest::keyClick(view, Qt::Key_Up, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_FALSE(view->horizontalHeader()->sectionsMovable());
+    EXPECT_EQ(grid.Columns(), before);
+}
+
+TEST_F(RecordGridTest, TheColumnsDialogOrdersHidesAndSizes)
+{
+    QList<forms::GridColumn> columns = grid.Columns();
+    columns[1].fixed = true;
+    ColumnsDialog dialog(columns);
+    EXPECT_EQ(dialog.Columns(), columns);
+    auto* list = dialog.findChild<QListWidget*>();
+    auto* width = dialog.findChild<QSpinBox*>();
+    ASSERT_TRUE(list && width);
+    EXPECT_FALSE(list->item(1)->flags().testFlag(Qt::ItemIsUserCheckable));
+    list->setCurrentRow(2);
+    width->setValue(144);
+    list->item(2)->setCheckState(Qt::Unchecked);
+    QPushButton* up = nullptr;
+    for (QPushButton* button : dialog.findChildren<QPushButton*>())
+        if (button->text() == u"Move &Up"_s)
+            up = button;
+    ASSERT_NE(up, nullptr);
+    up->click();
+    up->click();
+    EXPECT_FALSE(up->isEnabled()) << "it is the first now";
+    const QList<forms::GridColumn> chosen = dialog.Columns();
+    EXPECT_EQ(chosen.at(0).field, u"SALEDATE"_s);
+    EXPECT_EQ(chosen.at(0).width, 144);
+    EXPECT_FALSE(chosen.at(0).visible);
+    EXPECT_EQ(chosen.at(1).field, u"SELLINGPR"_s);
+    EXPECT_EQ(chosen.size(), 4);
+    for (int i = 0; i < list->count(); ++i)
+        list->item(i)->setCheckState(Qt::Unchecked);
+    EXPECT_FALSE(dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->isEnabled());
 }
 
 } // namespace

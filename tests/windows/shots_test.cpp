@@ -1,9 +1,12 @@
 #include "sample_screen.h"
 
 #include "databook/frm_search_sql.h"
+#include "databook/frm_grid.h"
+#include "databook/grid.h"
 #include "support/scripted_ports.h"
 #include "support/temp_home.h"
 #include "windows/about_box.h"
+#include "windows/columns_dialog.h"
 #include "windows/guard.h"
 #include "windows/main_window.h"
 #include "windows/record_grid.h"
@@ -118,6 +121,28 @@ TEST(Shots, EveryWindowInBothThemes)
         about.show();
         save(about, u"about"_s);
         about.close();
+
+        {
+            tests::TempHome home;
+            tests::TestPorts ports;
+            auto& grid = screen.Get<forms::Grid>(u"grddatabook"_s);
+            for (const QString& layout : {u"Default"_s, u"Current (User)"_s, u"Prices first"_s, u"Rentals"_s})
+                databook::SaveGrid(home.disk, grid, u"C:\\VAS2000.grx"_s, layout);
+            databook::frm_Grid layouts(home.disk, ports.Get(), grid, u"C:\\"_s);
+            layouts.Open();
+            layouts.grdLayout.SetColumns(grid.Columns());
+            layouts.txtLayout.SetText(u"Prices first"_s);
+            layouts.cmdUseSelected.SetFocus();
+            layouts.lblmsg.Show(u"The grid uses Prices first now."_s, forms::Colour::Blue);
+            ScreenWindow window2(layouts, guard, &window);
+            window2.show();
+            save(window2, u"grid-layout"_s);
+            window2.hide();
+            ColumnsDialog columns(databook::DefaultColumns(), &window);
+            columns.show();
+            save(columns, u"columns"_s);
+            columns.close();
+        }
 
         forms::ControlSet controls;
         forms::ListBox lines(controls, u"lstSplash"_s);
