@@ -130,6 +130,44 @@ TEST_F(Vasctl, SettingsAreListedReadAndChecked)
     EXPECT_EQ(home.Vasctl({u"settings"_s, u"get"_s, u"NOSUCHKEY"_s}).code, kNotFound);
 }
 
+TEST_F(Vasctl, LayoutsAreListedSavedUsedAndDeleted)
+{
+    const auto run = [this](const QStringList& words) {
+        return home.Vasctl(QStringList{u"layouts"_s} + words);
+    };
+    const QString file = home.Native(u"VAS2000/VAS2000.grx"_s);
+    QFile::remove(file);
+    EXPECT_EQ(run({u"list"_s}).Array().size(), 0);
+    EXPECT_EQ(run({u"save"_s, u"Mine"_s}).code, kDone);
+    EXPECT_EQ(run({u"list"_s}).Array()[0].toObject()[u"layout"_s].toString(), u"Mine"_s);
+    EXPECT_EQ(run({u"show"_s, u"mine"_s}).Array().size(), 29);
+    EXPECT_EQ(run({u"show"_s, u"Nobody's"_s}).code, kNotFound);
+    EXPECT_EQ(run({u"use"_s, u"Nobody's"_s}).code, kNotFound);
+    EXPECT_EQ(run({u"delete"_s, u"Nobody's"_s}).code, kNotFound);
+    EXPECT_EQ(run({u"use"_s, u"Mine"_s}).code, kDone);
+    EXPECT_EQ(run({u"list"_s}).Array().size(), 2) << "Current (User) stands beside it";
+    const auto refused = run({u"save"_s, u"default"_s});
+    EXPECT_EQ(refused.code, kFailed);
+    EXPECT_TRUE(refused.err.contains("You cannot save over the 'default'"));
+    EXPECT_EQ(home.Vasctl({u"--no"_s, u"layouts"_s, u"save"_s, u"Mine"_s}).code, kDeclined);
+    EXPECT_EQ(home.Vasctl({u"--no"_s, u"layouts"_s, u"delete"_s, u"Mine"_s}).code, kDeclined);
+    EXPECT_EQ(home.Vasctl({u"--yes"_s, u"layouts"_s, u"delete"_s, u"Mine"_s}).code, kDone);
+    EXPECT_EQ(run({u"list"_s}).Array().size(), 1);
+    QFile::remove(home.Native(u"VAS2000/default.grx"_s));
+    EXPECT_EQ(home.Vasctl({u"--no"_s, u"layouts"_s, u"default"_s}).code, kDeclined);
+    EXPECT_EQ(home.Vasctl({u"--yes"_s, u"layouts"_s, u"default"_s}).code, kDone);
+    EXPECT_TRUE(QFile::exists(home.Native(u"VAS2000/default.grx"_s)));
+    for (const QStringList& wrong : {QStringList{}, QStringList{u"fly"_s}, QStringList{u"use"_s}})
+        EXPECT_EQ(run(wrong).code, kUsage);
+    QFile bad(file);
+    ASSERT_TRUE(bad.open(QFile::WriteOnly | QFile::Truncate));
+    bad.write("another program's");
+    bad.close();
+    const auto ill = run({u"list"_s});
+    EXPECT_EQ(ill.code, kFailed);
+    EXPECT_TRUE(ill.err.contains("VAS2000.grx")) << ill.err.toStdString();
+}
+
 TEST_F(Vasctl, WithoutAFormsProgramTheLinkCommandsSaySo)
 {
     for (const QStringList& command : {QStringList{u"refresh"_s}, QStringList{u"report"_s, u"pages"_s},

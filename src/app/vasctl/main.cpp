@@ -35,6 +35,12 @@ Commands:
   refresh                 reads the open report as the program's Refresh does
   drop KEY --on SLOT:N    drops a record on a slot: txtComp:1-9, txtAltComp:1-6, txtListing:1-6, txtRental:1-9,
                           or on a data box (geaComp and so on) for the data without the photo
+  layouts list            the saved layouts of the grid
+  layouts show NAME       its columns in their order
+  layouts save NAME       the layout that the program left, under a name
+  layouts use NAME        the program starts with it; close the program first, it saves its own at exit
+  layouts delete NAME     asks first
+  layouts default         the program's own layout
   settings list
   settings get [SECTION] KEY
   settings set [SECTION] KEY VALUE
@@ -61,6 +67,8 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
         return RunRefresh(session, out);
     if (command == u"drop"_s)
         return RunDrop(session, out, arguments, options);
+    if (command == u"layouts"_s)
+        return RunLayouts(session, out, arguments);
     if (command == u"settings"_s)
         return RunSettings(session, out, arguments);
     if (command == u"comments"_s)

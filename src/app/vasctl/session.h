@@ -66,6 +66,7 @@ int RunReport(Session& session, const Output& out, const QStringList& arguments)
 int RunRefresh(Session& session, const Output& out);
 int RunDrop(Session& session, const Output& out, const QStringList& arguments,
             const QCommandLineParser& options);
+int RunLayouts(Session& session, const Output& out, const QStringList& arguments);
 int RunSettings(Session& session, const Output& out, const QStringList& arguments);
 int RunComments(Session& session, const Output& out, const QStringList& arguments);
 int RunDoctor(Session& session, const Output& out);

@@ -1,0 +1,90 @@
+#include "app/vasctl/session.h"
+
+#include "databook/frm_grid.h"
+#include "databook/grid.h"
+#include "platform/text/text.h"
+
+namespace vasclip::vasctl {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+int Show(const files::Disk& disk, const Output& out, const QString& file, const QString& name)
+{
+    const auto layouts = databook::LayoutFile::ReadOrNew(disk, file);
+    const databook::Layout* layout = layouts.Find(name);
+    if (layout == nullptr) {
+        out.Error(u"There is no grid layout %1 in %2."_s.arg(name, file));
+        return kNotFound;
+    }
+    QList<QStringList> rows;
+    for (const databook::LayoutColumn& column : layout->columns)
+        rows.append({column.field, column.visible ? u"yes"_s : u"no"_s, QString::number(column.width)});
+    out.Table({u"field"_s, u"visible"_s, u"width"_s}, rows);
+    return kDone;
+}
+
+int List(const files::Disk& disk, const Output& out, const QString& file)
+{
+    QList<QStringList> rows;
+    const auto layouts = databook::LayoutFile::ReadOrNew(disk, file);
+    for (const QString& name : layouts.Layouts()) {
+        const auto& columns = layouts.Find(name)->columns;
+        const auto visible =
+            std::count_if(columns.begin(), columns.end(), [](const auto& column) { return column.visible; });
+        rows.append({name, QString::number(visible), QString::number(columns.size())});
+    }
+    out.Table({u"layout"_s, u"visible"_s, u"columns"_s}, rows);
+    return kDone;
+}
+
+} // namespace
+
+/// The rules of the screen, played on the grid as the program left it: its layout is "Current (User)".
+int RunLayouts(Session& session, const Output& out, const QStringList& arguments)
+{
+    const QString verb = arguments.value(0);
+    const bool named = arguments.size() == 2;
+    auto& main = session.Main();
+    const files::Disk& disk = session.Disk();
+    const QString file = main.globals.G_ProgramDir + databook::kUserLayouts;
+    if (verb == u"list"_s && arguments.size() == 1)
+        return List(disk, out, file);
+    if (verb == u"show"_s && named)
+        return Show(disk, out, file, arguments[1]);
+    const bool standard = verb == u"default"_s && arguments.size() == 1;
+    if (!standard && (!named || !QStringList{u"save"_s, u"delete"_s, u"use"_s}.contains(verb))) {
+        out.Error(u"Usage: vasctl layouts list | show NAME | save NAME | delete NAME | use NAME | default"_s);
+        return kUsage;
+    }
+    auto& grid = main.records.grddatabook;
+    databook::SetGridSettings(grid, u"DEFAULT"_s);
+    databook::LoadGrid(disk, grid, file, databook::kCurrentLayout);
+    databook::frm_Grid screen(disk, session.Ports(), grid, main.globals.G_ProgramDir);
+    const QString name = text::Trim(arguments.value(1));
+    screen.LayoutListLayouts(file);
+    screen.txtLayout.SetText(name);
+    if ((verb == u"delete"_s || verb == u"use"_s) && screen.lstLayout.IndexOf(name) < 0) {
+        out.Error(u"There is no grid layout %1 in %2."_s.arg(name, file));
+        return kNotFound;
+    }
+    bool done = false;
+    if (standard) {
+        done = screen.cmddefault_Click();
+        if (done)
+            screen.LayoutSaveLayout(databook::kCurrentLayout);
+    } else if (verb == u"save"_s) {
+        done = screen.cmdSave_Click();
+    } else if (verb == u"delete"_s) {
+        done = screen.cmdDelete_Click();
+    } else {
+        done = screen.cmdUseSelected_Click();
+    }
+    if (!done)
+        return session.Prompter().Declined() ? kDeclined : kFailed;
+    out.Line(screen.lblmsg.Caption());
+    return kDone;
+}
+
+} // namespace vasclip::vasctl
