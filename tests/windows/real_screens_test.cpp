@@ -1,8 +1,8 @@
 #include "sample_screen.h"
 
 #include "databook/frm_calendar.h"
-#include "databook/frm_search_sql.h"
 #include "databook/frm_grid.h"
+#include "databook/frm_search_sql.h"
 #include "databook/grid.h"
 #include "platform/engine/database.h"
 #include "shell/frm_main.h"

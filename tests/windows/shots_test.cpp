@@ -1,7 +1,7 @@
 #include "sample_screen.h"
 
-#include "databook/frm_search_sql.h"
 #include "databook/frm_grid.h"
+#include "databook/frm_search_sql.h"
 #include "databook/grid.h"
 #include "support/scripted_ports.h"
 #include "support/temp_home.h"
