@@ -233,6 +233,11 @@ bool EntryScreen::KeyDown(EntryBox& box, int keyCode, int shift)
     return true;
 }
 
+forms::Screen* EntryScreen::Companion()
+{
+    return m_desk.comments == nullptr ? nullptr : &m_desk.comments->Frame();
+}
+
 void EntryScreen::SendKey(forms::TextBox& field, int keyCode, int shift)
 {
     bool handled = false;

@@ -39,6 +39,9 @@ public:
     /// The user is done with the record, not only with this page.
     [[nodiscard]] bool Ended() const { return m_ended; }
 
+    /// The frame of the phrase keys, whose buttons stand in this window too; nullptr without phrases.
+    [[nodiscard]] forms::Screen* Companion();
+
     void SendKey(forms::TextBox& field, int keyCode, int shift) override;
 
 protected:

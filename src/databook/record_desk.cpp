@@ -107,8 +107,9 @@ void RecordDesk::ButtonStatus(const QString& state)
     if (!found && folded != QLatin1StringView("NOT FOUND"))
         return;
     cmdAdd.SetEnabled(!found && m_screensThere);
-    for (forms::Button* button : {&cmdDelete, &cmdRename, &cmdCopy, &cmdEdit})
+    for (forms::Button* button : {&cmdDelete, &cmdRename, &cmdCopy})
         button->SetEnabled(found && m_screensThere);
+    cmdEdit.SetEnabled(found);
 }
 
 void RecordDesk::SetScreensThere(bool there)
@@ -116,7 +117,7 @@ void RecordDesk::SetScreensThere(bool there)
     m_screensThere = there;
     if (there)
         return;
-    for (forms::Button* button : {&cmdAdd, &cmdDelete, &cmdRename, &cmdCopy, &cmdEdit})
+    for (forms::Button* button : {&cmdAdd, &cmdDelete, &cmdRename, &cmdCopy})
         button->SetEnabled(false);
 }
 

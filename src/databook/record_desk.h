@@ -52,7 +52,7 @@ public:
     /// "Found" and "Not Found", trimmed and without regard to case; any other text changes nothing.
     void ButtonStatus(const QString& state);
 
-    /// Without the entry screens the five buttons that lead to them stay disabled.
+    /// Without their screens the buttons to add, delete, rename and copy stay disabled.
     void SetScreensThere(bool there);
 
 private:

@@ -1,5 +1,6 @@
 #include "shell/frm_main.h"
 
+#include "comments/frm_fkey.h"
 #include "common/error_block.h"
 #include "common/paths.h"
 #include "databook/frm_search_sql.h"
@@ -94,6 +95,8 @@ void frm_Main::WireControls()
     connect(&report.imaKel, &forms::Control::Clicked, this, [this] { RefreshAppraisal(); });
     connect(&records.cmdRefresh, &forms::Control::Clicked, this, [this] { DisplayAllRecords(); });
     connect(&records.cmdSearch, &forms::Control::Clicked, this, &frm_Main::cmdSearch_Click);
+    connect(&records.cmdEdit, &forms::Control::Clicked, this, &frm_Main::cmdEdit_Click);
+    connect(&records.grddatabook, &forms::Control::DoubleClicked, this, &frm_Main::cmdEdit_Click);
     connect(&records.grddatabook, &forms::Grid::RowColChange, this, &frm_Main::grddatabook_RowColChange);
     for (forms::TabControl* tab :
          {&report.TabSubject, &report.TabComp, &report.TabGeneral, &report.TabListing, &report.TabRental})

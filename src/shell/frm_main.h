@@ -10,6 +10,9 @@
 #include "platform/conduit/conduit.h"
 #include "store/store.h"
 
+namespace vasclip::comments {
+class frm_FKey;
+}
 namespace vasclip::drops {
 class Router;
 }
@@ -84,6 +87,8 @@ public:
 
     void RefreshAppraisal();
     void DisplayAllRecords();
+    /// Opens the entry screen of the comp with this key. @return true if something was stored there
+    bool LoadCompForm(const QString& key);
     /// A drag ended on a control. Nothing happens for a pair without a rule.
     drops::Outcome Drop(const drops::Drag& drag, forms::Control& target);
     /// Would a drop of this source on this control do something now?
@@ -104,6 +109,7 @@ private:
     void TurnOnMaps();
     void PrepareGrid(bool loadUserLayout, frm_Splash& splash);
     void cmdSearch_Click();
+    void cmdEdit_Click();
     void grddatabook_RowColChange();
     void grddatabook_HeadClick(const QString& field);
     void WireGrid();
@@ -124,6 +130,8 @@ private:
     std::unique_ptr<databook::GridRows> m_rows;
     std::unique_ptr<link::LinkDesk> m_link;
     std::unique_ptr<drops::Router> m_router;
+    std::unique_ptr<comments::frm_FKey> m_functionKeys; ///< made when the first entry screen opens
+    QString m_entryKey;                                 ///< of the comp whose entry screen is open
 };
 
 } // namespace vasclip::shell
