@@ -8,6 +8,7 @@
 #include <QDialog>
 #include <QFrame>
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -30,7 +31,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int kShortField = 20; ///< characters; two short fields share a line
-constexpr int kShortWidth = 72;
+constexpr int kShortWidth = 80;
+constexpr int kDateWidth = 96;
 constexpr int kLongWidth = 200;
 constexpr int kRoomAround = 80; ///< of the screen, for its bars and the window's own frame
 
@@ -174,7 +176,9 @@ private:
         }
         box->setObjectName(QString(row.control));
         box->setAccessibleName(words);
-        box->setMinimumWidth(narrow ? kShortWidth : kLongWidth);
+        box->setMinimumWidth(row.kind == databook::EntryKind::Date ? kDateWidth
+                             : narrow                              ? kShortWidth
+                                                                   : kLongWidth);
         return box;
     }
 
@@ -271,7 +275,8 @@ void Layout_EntryScreen(QDialog& window, forms::Screen& screen)
     const QSize room = window.screen()->availableSize() - QSize(kRoomAround, kRoomAround);
     const QSize wanted =
         desk->sizeHint() + QSize(32 + scroller->verticalScrollBar()->sizeHint().width(), 112);
-    window.resize(wanted.boundedTo(room));
+    const bool noDisplay = QGuiApplication::platformName() == "offscreen"_L1;
+    window.resize(noDisplay ? wanted : wanted.boundedTo(room)); // nothing bounds a picture of it
     if (!entry.Boxes().empty())
         if (auto* first = desk->findChild<QWidget*>(entry.Boxes().front()->box.ObjectName()))
             first->setFocus();

@@ -7,7 +7,10 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QTextCharFormat>
+#include <QToolButton>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace vasclip::windows {
 
@@ -40,6 +43,14 @@ void Layout_frm_Calendar(QDialog& window, forms::Screen&)
     const QTextCharFormat plain; // weekends in the theme's own colour
     month->setWeekdayTextFormat(Qt::Saturday, plain);
     month->setWeekdayTextFormat(Qt::Sunday, plain);
+    // The arrows of the style have colours of their own.
+    const std::pair<QString, QString> arrows[] = {{u"qt_calendar_prevmonth"_s, u"\u2039"_s},
+                                                  {u"qt_calendar_nextmonth"_s, u"\u203a"_s}};
+    for (const auto& [name, arrow] : arrows)
+        if (auto* button = month->findChild<QToolButton*>(name)) {
+            button->setIcon({});
+            button->setText(arrow);
+        }
     rows->addWidget(month, 1);
 
     auto* steps = new QGridLayout;
