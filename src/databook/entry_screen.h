@@ -40,7 +40,7 @@ public:
     [[nodiscard]] bool Ended() const { return m_ended; }
 
     /// The frame of the phrase keys, whose buttons stand in this window too; nullptr without phrases.
-    [[nodiscard]] forms::Screen* Companion();
+    [[nodiscard]] forms::Screen* Companion() override;
 
     void SendKey(forms::TextBox& field, int keyCode, int shift) override;
 

@@ -1,5 +1,6 @@
 #include "databook/entry_screen.h"
 #include "store/schema.h"
+#include "windows/fkey_bar.h"
 #include "windows/icons.h"
 #include "windows/screen_layouts.h"
 
@@ -253,6 +254,9 @@ void Layout_EntryScreen(QDialog& window, forms::Screen& screen)
     scroller->setWidget(desk);
     rows->addWidget(scroller, 1);
 
+    if (screen.Companion() != nullptr)
+        rows->addWidget(MakeFKeyBar(&window));
+
     auto* foot = new QHBoxLayout;
     foot->setSpacing(8);
     auto* message = new QLabel(&window);
@@ -273,8 +277,9 @@ void Layout_EntryScreen(QDialog& window, forms::Screen& screen)
     }
 
     const QSize room = window.screen()->availableSize() - QSize(kRoomAround, kRoomAround);
-    const QSize wanted =
-        desk->sizeHint() + QSize(32 + scroller->verticalScrollBar()->sizeHint().width(), 112);
+    const QSize inside = desk->sizeHint() + QSize(scroller->verticalScrollBar()->sizeHint().width(), 4);
+    const QSize wanted(inside.width() + rows->contentsMargins().left() + rows->contentsMargins().right(),
+                       rows->sizeHint().height() - scroller->sizeHint().height() + inside.height());
     const bool noDisplay = QGuiApplication::platformName() == "offscreen"_L1;
     window.resize(noDisplay ? wanted : wanted.boundedTo(room)); // nothing bounds a picture of it
     if (!entry.Boxes().empty())
