@@ -235,6 +235,8 @@ TEST_F(MainScreen, TheRowShowsItsPhotoAndItsStatus)
 {
     Load();
     ASSERT_EQ(Rows(), 2);
+    EXPECT_TRUE(main.slots.geamaintain.Picture().isNull()) << "the start leaves the photo to the window";
+    main.ShowRecordPhoto();
     StandOnRow(u"12 OAK ST"_s);
     EXPECT_EQ(main.records.txtcentralkey.Text(), u"12 OAK ST"_s);
     EXPECT_EQ(main.status.lblmsg.Caption(), u"12 OAK ST was found in the comp file."_s);
