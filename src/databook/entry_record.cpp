@@ -56,6 +56,8 @@ bool EntryRecord::Open()
 {
     if (datDatabook.Bound())
         return true;
+    if (m_desk.opened != nullptr)
+        datDatabook.ShareDatabase(*m_desk.opened);
     store::Connect2mdb(m_desk.ports, datDatabook, m_desk.databook, m_desk.table,
                        engine::RecordsetType::Table);
     if (!store::FindRecord(m_desk.ports, datDatabook, m_key, store::kKeyIndex))

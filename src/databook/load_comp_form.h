@@ -9,6 +9,10 @@ namespace vasclip::comments {
 class CommentPort;
 }
 
+namespace vasclip::store {
+class DataSource;
+}
+
 namespace vasclip::databook {
 
 /// What an entry screen works with.
@@ -20,6 +24,8 @@ struct EntryDesk
     QString table;
     QStringList cities = {};                   ///< lines of the city list, "Marlow, WA  98210  Skagit"
     comments::CommentPort* comments = nullptr; ///< without it the phrase keys do nothing
+    /// A source that has the Databook open: spares opening it again.
+    const store::DataSource* opened = nullptr;
 };
 
 /// Shows the entry screen of a comp's type, modally, on the record of its key, and returns when the user has

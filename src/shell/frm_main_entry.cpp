@@ -26,8 +26,10 @@ bool frm_Main::LoadCompForm(const QString& key)
     forms::ControlSet unseen;
     forms::ListBox cities(unseen, u"cboCity"_s);
     databook::LoadCities(cities, m_base.disk, globals);
-    const databook::EntryDesk desk{m_base.ports,    m_base.engine,  globals.G_DataDir + globals.G_DataFile,
-                                   globals.G_Table, cities.Items(), m_functionKeys.get()};
+    const databook::EntryDesk desk{
+        m_base.ports,        m_base.engine,  globals.G_DataDir + globals.G_DataFile,
+        globals.G_Table,     cities.Items(), m_functionKeys.get(),
+        &sources.datDatabook};
     if (!databook::LoadCompForm(desk, m_entryKey, type))
         return false;
     m_rows->Forget();

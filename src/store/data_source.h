@@ -29,6 +29,9 @@ public:
     /// its path has not changed. On failure the old record set stays bound. @throws as OpenDatabase,
     /// OpenRecordset
     void Refresh();
+    /// Works on the database that another source has open: the next Refresh opens none if the path is the
+    /// same.
+    void ShareDatabase(const DataSource& other) { m_database = other.m_database; }
     void Close(); ///< record set and database
 
     [[nodiscard]] bool Bound() const { return m_recordset != nullptr; }

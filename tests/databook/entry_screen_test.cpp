@@ -578,6 +578,22 @@ TEST_F(Entry, SomebodyElsesChangeIsToldAndOverwrittenOnYes)
     EXPECT_EQ(Field(u"COUNTY"_s), u"Skagit"_s);
 }
 
+TEST_F(Entry, ADatabaseThatIsOpenAlreadyIsUsedAndLeftOpen)
+{
+    store::DataSource opened(engine, u"datDatabook"_s);
+    Bind(opened);
+    desk.opened = &opened;
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Show([this](EntryScreen& screen) {
+        Type(screen, "CITY"_L1, u"Mine"_s);
+        Elsewhere(u"CITY"_s, u"Theirs"_s);
+        Click(screen.cmdExit);
+    });
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1u);
+    ASSERT_TRUE(store::FindRecord(ports, opened, comp, key));
+    EXPECT_EQ(store::GetFieldData(opened, u"CITY"_s), u"Mine"_s);
+}
+
 TEST_F(Entry, SomebodyElsesChangeIsTakenOnNo)
 {
     doubles.prompter.Answer(forms::Answer::No);
