@@ -164,7 +164,9 @@ int WholeNumber(const QString& text, double lowest, double highest)
     return value >= lowest && value <= highest ? static_cast<int>(value) : 0;
 }
 
-void Take(const SettingRow& row, const QString& text, Globals& globals)
+} // namespace
+
+void TakeSetting(const SettingRow& row, const QString& text, Globals& globals)
 {
     const auto store = [&](auto value) { globals.*std::get<decltype(value) Globals::*>(row.target) = value; };
     switch (row.rule) {
@@ -195,12 +197,15 @@ void Take(const SettingRow& row, const QString& text, Globals& globals)
     }
 }
 
+namespace {
+
 void ReadRows(ReadBy readBy, Globals& globals, const IniReader& reader)
 {
     for (const SettingRow& row : kSettings) {
         if (row.readBy == readBy)
-            Take(row, reader(row.file, QString(row.section), QString(row.key), row.fallback.Text(globals)),
-                 globals);
+            TakeSetting(row,
+                        reader(row.file, QString(row.section), QString(row.key), row.fallback.Text(globals)),
+                        globals);
     }
 }
 
@@ -340,6 +345,15 @@ const SettingRow* FindSetting(const QString& section, const QString& key, IniFil
     return nullptr;
 }
 
+const SettingRow* FindSetting(const SettingTarget& target)
+{
+    for (const SettingRow& row : kSettings) {
+        if (row.target == target)
+            return &row;
+    }
+    return nullptr;
+}
+
 std::optional<QString> SettingRefusal(const SettingRow& row, const QString& text)
 {
     if (row.file != IniFile::Application)
@@ -348,12 +362,27 @@ std::optional<QString> SettingRefusal(const SettingRow& row, const QString& text
     return refusal.isEmpty() ? std::nullopt : std::optional(refusal);
 }
 
+void WriteSettings(std::span<const SettingTarget> rows, const Globals& globals, const files::Disk& disk)
+{
+    QList<files::ProfileKey> keys;
+    for (const SettingTarget& target : rows) {
+        const SettingRow* row = FindSetting(target);
+        Q_ASSERT(row != nullptr && row->file == IniFile::Application);
+        keys.append({QString(row->section), QString(row->key), SettingText(*row, globals)});
+    }
+    if (!files::WriteProfileKeys(disk, globals.applicationIni, keys))
+        throw RuntimeError(
+            error::kPathFileAccess,
+            u"The settings could not be written to %1. Check that the file is not write-protected"_s.arg(
+                globals.applicationIni));
+}
+
 void WriteSetting(const SettingRow& row, const QString& text, Globals& globals, const files::Disk& disk)
 {
     if (const auto refusal = SettingRefusal(row, text))
         throw RuntimeError(5, *refusal);
     Globals changed = globals;
-    Take(row, text, changed);
+    TakeSetting(row, text, changed);
     changed.arrowsDir = ArrowsDirectory(changed.G_ProgramDir);
     // The text as it was given: while the trash directory is on show, SettingText would write another one.
     const bool number = !std::holds_alternative<QString Globals::*>(row.target);

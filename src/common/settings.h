@@ -117,8 +117,18 @@ bool SaveSettings(const Globals& globals, const files::Disk& disk);
 [[nodiscard]] const SettingRow* FindSetting(const QString& section, const QString& key,
                                             IniFile file = IniFile::Application);
 
+/// The row that fills a global; nullptr if none does.
+[[nodiscard]] const SettingRow* FindSetting(const SettingTarget& target);
+
+/// Reads a text into the row's global by its reading rule, as if it stood in the ini file.
+void TakeSetting(const SettingRow& row, const QString& text, Globals& globals);
+
 /// Why `text` cannot be the value of the row, as a sentence; nullopt if it can.
 [[nodiscard]] std::optional<QString> SettingRefusal(const SettingRow& row, const QString& text);
+
+/// Writes the globals of these rows to VAS2000.INI in one replacement of the file, in this order: all of them
+/// or, on a failure, none. @throws RuntimeError 75 if the file cannot be written
+void WriteSettings(std::span<const SettingTarget> rows, const Globals& globals, const files::Disk& disk);
 
 /// Checks a text, writes it to VAS2000.INI and takes it into the globals.
 /// @throws RuntimeError 5 with the refusal as its description (nothing is written), 75 if the file cannot be

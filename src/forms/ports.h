@@ -24,6 +24,8 @@ public:
     virtual Answer MsgBox(Buttons buttons, Icon icon, const QString& title, const QString& text) = 0;
     /// @param filter  as "*.mdb|Access"; @return the path chosen (a drive path), "" on cancel
     virtual QString OpenDialog(const QString& filter, const QString& title, const QString& directory) = 0;
+    /// @param directory  where to begin; @return the directory chosen (a drive path), "" on cancel
+    virtual QString ChooseDirectory(const QString& title, const QString& directory) = 0;
 
     void Box(const QString& title, const QString& text) { MsgBox(Buttons::Ok, Icon::None, title, text); }
     void Info(const QString& title, const QString& text)

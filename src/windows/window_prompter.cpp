@@ -147,6 +147,17 @@ QStringList DialogFilters(const QString& filter)
 
 QString WindowPrompter::OpenDialog(const QString& filter, const QString& title, const QString& directory)
 {
+    return Choose(DialogFilters(filter), title, directory, false);
+}
+
+QString WindowPrompter::ChooseDirectory(const QString& title, const QString& directory)
+{
+    return Choose({}, title, directory, true);
+}
+
+QString WindowPrompter::Choose(const QStringList& filters, const QString& title, const QString& directory,
+                               bool directories)
+{
     const PlainPointer pointer;
     QString start;
     try {
@@ -156,9 +167,10 @@ QString WindowPrompter::OpenDialog(const QString& filter, const QString& title, 
     }
     for (;;) {
         QFileDialog dialog(Owner(), title, start);
-        dialog.setFileMode(QFileDialog::ExistingFile);
-        if (!DialogFilters(filter).isEmpty())
-            dialog.setNameFilters(DialogFilters(filter));
+        dialog.setFileMode(directories ? QFileDialog::Directory : QFileDialog::ExistingFile);
+        dialog.setOption(QFileDialog::ShowDirsOnly, directories);
+        if (!filters.isEmpty())
+            dialog.setNameFilters(filters);
         QList<QUrl> places;
         for (const auto& [letter, native] : m_disk.Drives())
             places.append(QUrl::fromLocalFile(native));
@@ -172,7 +184,7 @@ QString WindowPrompter::OpenDialog(const QString& filter, const QString& title, 
         MsgBox(Buttons::Ok, forms::Icon::Exclamation, title,
                QCoreApplication::translate(
                    "WindowPrompter",
-                   "%1 lies on none of the program's drives. Choose a file on one of them, or map "
+                   "%1 lies on none of the program's drives. Choose a place on one of them, or map "
                    "its directory to a drive letter in drives.ini.")
                    .arg(chosen));
     }

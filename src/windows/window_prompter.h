@@ -21,8 +21,11 @@ public:
     forms::Answer MsgBox(forms::Buttons buttons, forms::Icon icon, const QString& title,
                          const QString& text) override;
     QString OpenDialog(const QString& filter, const QString& title, const QString& directory) override;
+    QString ChooseDirectory(const QString& title, const QString& directory) override;
 
 private:
+    [[nodiscard]] QString Choose(const QStringList& filters, const QString& title, const QString& directory,
+                                 bool directories);
     [[nodiscard]] QWidget* Owner() const;
     const files::Disk& m_disk;
     QWidget* m_owner = nullptr;

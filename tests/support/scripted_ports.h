@@ -90,7 +90,19 @@ public:
 
     QString OpenDialog(const QString& filter, const QString& title, const QString& directory) override
     {
-        m_dialogs.push_back({filter, title, directory});
+        return Chosen({filter, title, directory});
+    }
+    /// A directory is a dialog without a filter.
+    QString ChooseDirectory(const QString& title, const QString& directory) override
+    {
+        return Chosen({{}, title, directory});
+    }
+
+private:
+    QString Chosen(const FileDialog& dialog)
+    {
+        m_dialogs.push_back(dialog);
+        const QString& title = dialog.title;
         if (m_paths.empty()) {
             ADD_FAILURE() << "nobody chooses a file for \"" << title.toStdString() << "\"";
             return {};
@@ -99,8 +111,6 @@ public:
         m_paths.pop_front();
         return path;
     }
-
-private:
     static forms::Answer Closed(forms::Buttons buttons)
     {
         switch (buttons) {

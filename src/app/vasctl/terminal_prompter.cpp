@@ -142,4 +142,9 @@ QString TerminalPrompter::OpenDialog(const QString&, const QString& title, const
     return in.readLine();
 }
 
+QString TerminalPrompter::ChooseDirectory(const QString& title, const QString& directory)
+{
+    return OpenDialog({}, title, directory);
+}
+
 } // namespace vasclip::vasctl

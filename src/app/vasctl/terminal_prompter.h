@@ -25,6 +25,7 @@ public:
     forms::Answer MsgBox(forms::Buttons buttons, forms::Icon icon, const QString& title,
                          const QString& text) override;
     QString OpenDialog(const QString& filter, const QString& title, const QString& directory) override;
+    QString ChooseDirectory(const QString& title, const QString& directory) override;
 
     /// Was any question answered with No, Cancel or Abort?
     [[nodiscard]] bool Declined() const { return m_declined; }
