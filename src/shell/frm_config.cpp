@@ -66,6 +66,11 @@ frm_Config::frm_Config(engine::Engine& engine, const forms::Ports& ports, common
     for (Field& field : m_fields)
         Wire(field);
     connect(&txtFind, &forms::TextBox::TextChanged, this, &frm_Config::txtFind_Change);
+    connect(&txtFind, &forms::Control::KeyPressed, this, [this](int keyCode, int, bool& handled) {
+        handled = keyCode == forms::kKeyReturn || keyCode == forms::kKeyDown;
+        if (handled)
+            GoToFound();
+    });
     connect(&cmdResetSize, &forms::Control::Clicked, this, &frm_Config::cmdResetSize_Click);
     connect(&CmdOK, &forms::Control::Clicked, this, [this] { Unload(); });
     connect(&cmdCancel, &forms::Control::Clicked, this, &frm_Config::cmdCancel_Click);

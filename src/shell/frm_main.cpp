@@ -36,6 +36,7 @@ QString FileVersionOf(const files::Disk& disk, const QString& path)
 
 frm_Main::frm_Main(const Foundation& foundation)
     : tabSource(controls, u"tabSource"_s, {u"Report and Databook"_s, u"Atlas"_s})
+    , lblChangingDB(controls, u"lblChangingDB"_s)
     , status(controls)
     , records(controls)
     , report(controls)
@@ -111,6 +112,9 @@ void frm_Main::WireControls()
     connect(&photoLists.lstViews, &forms::ListBox::ListIndexChanged, this, [this] {
         photos::SelectPhoto(photoLists, *m_slotLoader, slots.geamaintain, m_base.disk, globals.G_PhotoDir);
     });
+
+    lblChangingDB.Show(u"Changing database..."_s, forms::Colour::Blue);
+    lblChangingDB.SetVisible(false);
 
     // Their screens are not there yet: disabled, not dead.
     for (forms::Button* button :
@@ -201,8 +205,12 @@ void frm_Main::MenuChosen(const QString& array, int index)
         DisplayAllRecords();
     else if (array == u"mnuSetupItem"_s && index == 2)
         ShowGridLayout();
-    else if (array == u"mnuHelpItem"_s && index == 12)
-        Q_EMIT AboutWanted();
+    else if (array == u"mnuSetupItem"_s)
+        SetupChosen(index);
+    else if (array == u"mnuDBItem"_s && index == 4)
+        ChangeDatabase();
+    else if (array.startsWith(u"mnuHelp"_s))
+        HelpChosen(array, index);
 }
 
 void frm_Main::LaunchAppraisalProgram()

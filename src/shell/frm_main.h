@@ -50,6 +50,7 @@ public:
     forms::ControlSet controls;
 
     forms::TabControl tabSource; ///< report and Databook, map
+    forms::Label lblChangingDB;  ///< shown while another database is being opened
     common::StatusDesk status;
     databook::RecordDesk records;
     link::ReportControls report;
@@ -102,6 +103,8 @@ Q_SIGNALS:
     void CaptionChanged();
     void UnloadWanted(); ///< File, Exit
     void AboutWanted();
+    void WhatsNewWanted(const QString& text);
+    void ResetSizeWanted(); ///< the window back to its design size and position
 
 private:
     void WireControls();
@@ -117,6 +120,20 @@ private:
     void ShowGridLayout();
     void MenuChosen(const QString& array, int index);
     void LaunchAppraisalProgram();
+    void SetupChosen(int index);
+    void HelpChosen(const QString& array, int index);
+    void ShowConfiguration();
+    void ChangeDatabase();
+    /// Opens another Databook, whole or not at all. @return false if the present one stays, which has been
+    /// told
+    bool SwitchDatabook(const QString& directory, const QString& file);
+    void ToggleManualEntry();
+    void LoadHelpMenu();
+    void StartTutorial(int index);
+    void OpenHelp();
+    [[nodiscard]] QString HelpFile() const;
+    [[nodiscard]] QStringList Tutorials() const;
+    [[nodiscard]] QString ChangesText() const;
     void Connect(store::DataSource& source, const QString& path, const std::function<void()>& open);
 
     Foundation m_base;

@@ -168,6 +168,7 @@ void frm_Main::Form_load(const StartUpOptions& options, frm_Splash& splash)
     ReadCaption();
     step(u"ReadiniSettings"_s, u"Reading User Defined Settings"_s);
     step(u"LoadMenu"_s, u"Adding Pop-up Menus"_s);
+    LoadHelpMenu();
     tabSource.SetTab(0);
     step(u"CheckCompDBF2"_s, u"Checking data - "_s + globals.G_DataDir);
     step(u"Connect2Databook"_s, {}, globals.G_DataDir + globals.G_DataFile);

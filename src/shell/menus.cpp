@@ -68,7 +68,7 @@ QList<forms::MenuEntry> FileEntries()
 QList<forms::MenuEntry> SetupEntries()
 {
     return Entries({
-        {0, "Configuration"_L1},
+        {0, "Configuration"_L1, Screen::Here, "Ctrl+,"_L1},
         {1, kSeparator},
         {2, "Grid Layout"_L1, Screen::Here},
         {3, "City Listings"_L1},
@@ -76,7 +76,7 @@ QList<forms::MenuEntry> SetupEntries()
         {5, "View Capture Image Names"_L1},
         {6, "View Image Filename Listing"_L1},
         {7, kSeparator},
-        {8, "Hide Manual Comp Entry"_L1},
+        {8, "Hide Manual Comp Entry"_L1, Screen::Here},
     });
 }
 
@@ -121,7 +121,7 @@ QList<forms::MenuEntry> DatabaseEntries()
         {1, "Export Data"_L1},
         {2, "Archive Data"_L1},
         {3, kSeparator},
-        {4, "Change Current Database"_L1},
+        {4, "Change Current Database"_L1, Screen::Here, "Ctrl+D"_L1},
     });
 }
 
@@ -130,7 +130,7 @@ QList<forms::MenuEntry> HelpEntries()
     return Entries({
         {0, "Program Help"_L1},
         {1, "Tutorials"_L1},
-        {2, "What's New?"_L1},
+        {2, "What's New?"_L1, Screen::Here},
         {8, kSeparator},
         {9, "Connect to Website"_L1},
         {11, kSeparator},

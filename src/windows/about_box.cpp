@@ -6,6 +6,7 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QVBoxLayout>
 
 namespace vasclip::windows {
@@ -55,9 +56,17 @@ AboutBox::AboutBox(const AboutText& text, QWidget* parent)
         facts->addRow(Plain(name, "quiet", this), shown);
     }
     rows->addLayout(facts);
+    if (!text.changes.isEmpty()) {
+        setWindowTitle(tr("What's New?"));
+        auto* changes = new QPlainTextEdit(text.changes, this);
+        changes->setReadOnly(true);
+        changes->setAccessibleName(tr("What is new"));
+        rows->addWidget(changes, 1);
+        resize(640, 560);
+    }
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    rows->addStretch(1);
+    rows->addStretch(text.changes.isEmpty() ? 1 : 0);
     rows->addWidget(buttons);
     setMinimumWidth(440);
 }

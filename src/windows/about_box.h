@@ -13,6 +13,7 @@ struct AboutText
     QString company;
     /// What helps when somebody asks for help: name and value, "Databook" and its path.
     QList<std::pair<QString, QString>> facts;
+    QString changes = {}; ///< what is new, "" shows no such view
 };
 
 /// What this program is.

@@ -153,8 +153,37 @@ bool Binder::BindCombo(forms::ComboBox& control, QWidget& widget)
     return true;
 }
 
+/// A list beside the pages stands for tabs; a page that is not enabled leaves the list.
+void Binder::BindPageList(forms::TabControl& control, QListWidget& list)
+{
+    const auto showing = std::make_shared<bool>(false); // the control writes the list, not the user
+    const auto show = [&control, &list, showing] {
+        *showing = true;
+        while (list.count() < control.Tabs())
+            list.addItem(QString());
+        for (int page = 0; page < control.Tabs(); ++page) {
+            list.item(page)->setText(control.TabCaption(page));
+            list.item(page)->setHidden(!control.TabEnabled(page));
+        }
+        list.setCurrentRow(control.Tab());
+        *showing = false;
+    };
+    connect(&control, &forms::Control::Changed, &list, show);
+    connect(&list, &QListWidget::currentRowChanged, &control, [this, &control, showing, show](int page) {
+        if (*showing || page < 0)
+            return;
+        m_guard.Run([&] { control.SetTab(page); });
+        show();
+    });
+    show();
+}
+
 bool Binder::BindTabs(forms::TabControl& control, QWidget& widget)
 {
+    if (auto* list = qobject_cast<QListWidget*>(&widget)) {
+        BindPageList(control, *list);
+        return true;
+    }
     auto* book = qobject_cast<QTabWidget*>(&widget);
     QTabBar* bar = book != nullptr ? book->tabBar() : qobject_cast<QTabBar*>(&widget);
     if (bar == nullptr)

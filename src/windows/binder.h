@@ -13,6 +13,7 @@ class QComboBox;
 class QKeyEvent;
 class QLabel;
 class QListView;
+class QListWidget;
 class QMenu;
 class QProgressBar;
 class QToolButton;
@@ -74,6 +75,7 @@ private:
     bool BindList(forms::ListBox& control, QWidget& widget);
     bool BindPicture(forms::PictureBox& control, QWidget& widget);
     bool BindTabs(forms::TabControl& control, QWidget& widget);
+    void BindPageList(forms::TabControl& control, QListWidget& list);
     bool BindMonth(forms::MonthView& control, QWidget& widget);
     bool BindGauge(forms::Gauge& control, QWidget& widget);
     bool BindMenu(forms::Menu& control, QWidget& widget);

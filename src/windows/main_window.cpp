@@ -361,14 +361,30 @@ void MainWindow::ResetLayout()
     m_ui->topSplitter->setSizes({width * 5 / 7, width - width * 5 / 7});
 }
 
-void MainWindow::RestoreLayout()
+void MainWindow::TakeFirstSize()
 {
     const QRect room = screen()->availableGeometry();
-    const bool noDisplay = QGuiApplication::platformName() == QLatin1StringView("offscreen");
-    if (noDisplay)
+    if (QGuiApplication::platformName() == QLatin1StringView("offscreen"))
         resize(1440, 900); // nothing stands in the way of a whole picture
-    else if (!restoreGeometry(m_settings.value(kGeometry).toByteArray()))
+    else
         resize(std::min(1600, room.width() - 40), std::min(960, room.height() - 60));
+}
+
+void MainWindow::ResetSize()
+{
+    if (isMaximized() || isFullScreen())
+        showNormal();
+    TakeFirstSize();
+    move(screen()->availableGeometry().center() - rect().center());
+    QCoreApplication::sendPostedEvents(); // the panes share the new size
+    ResetLayout();
+}
+
+void MainWindow::RestoreLayout()
+{
+    const bool noDisplay = QGuiApplication::platformName() == QLatin1StringView("offscreen");
+    if (noDisplay || !restoreGeometry(m_settings.value(kGeometry).toByteArray()))
+        TakeFirstSize();
     m_ui->topSplitter->setSizes({5000, 2000});
     m_ui->mainSplitter->setSizes({5000, 5000});
     m_ui->mainSplitter->restoreState(m_settings.value(kMainSplitter).toByteArray());

@@ -52,7 +52,8 @@ public:
     void SendToSlot();
     /// Closes the window; it asks nothing.
     void CloseNow() { close(); }
-    void ResetLayout();
+    void ResetLayout(); ///< the panes as they were designed
+    void ResetSize();   ///< the window's own size and position too
 
 Q_SIGNALS:
     void Unload();       ///< once, when the window has been closed by whatever way
@@ -70,6 +71,7 @@ private:
     void NamesForReaders();
     void NextPane(int step);
     void RestoreLayout();
+    void TakeFirstSize();
     void SaveLayout();
     void ShowRecordCount();
     void MarkTheme();

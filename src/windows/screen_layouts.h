@@ -16,5 +16,7 @@ void Layout_frm_SearchSQL(QDialog& window, forms::Screen& screen);
 void Layout_frm_Comment(QDialog& window, forms::Screen& screen);
 void Layout_frm_FKey(QDialog& window, forms::Screen& screen);
 void Layout_frm_Grid(QDialog& window, forms::Screen& screen);
+void Layout_frm_ChangeDB(QDialog& window, forms::Screen& screen);
+void Layout_frm_Config(QDialog& window, forms::Screen& screen);
 
 } // namespace vasclip::windows

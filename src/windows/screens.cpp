@@ -28,6 +28,8 @@ std::span<const ScreenEntry> Screens()
         {"frm_Comment"_L1, Layout_frm_Comment},
         {"frm_FKey"_L1, Layout_frm_FKey},
         {"frm_Grid"_L1, Layout_frm_Grid},
+        {"frm_ChangeDB"_L1, Layout_frm_ChangeDB},
+        {"frm_Config"_L1, Layout_frm_Config},
     };
     // clang-format on
     return kScreens;

@@ -137,10 +137,13 @@ QToolButton::menu-indicator { image: none; }
 QFrame#reportPane, QFrame#recordPane, QFrame#recordsPane, QFrame#mapPane { background: $surface;
   border: 1px solid $border; border-radius: 10px; }
 QFrame[card="true"] { background: $surface; border: 1px solid $border; border-radius: 8px; }
+QFrame[found="true"] { background: $accentSoft; border-radius: 6px; }
 QTableView, QListView { background: $surface; alternate-background-color: $alternate; border: 1px solid $border;
   border-radius: 6px; outline: none; selection-background-color: $selection;
   selection-color: $selectionText; }
 QListView:focus { border: 2px solid $accent; }
+QListView[pages="true"] { background: transparent; border: none; }
+QListView[pages="true"]::item { padding: 8px 12px; }
 QListView::item { padding: 3px 6px; border-radius: 4px; }
 QListView::item:selected { background: $selection; color: $selectionText; }
 QTableView::item { padding: 0 6px; border: none; }

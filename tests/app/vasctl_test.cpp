@@ -121,7 +121,18 @@ TEST_F(Vasctl, SqlReadsAndNeverWrites)
 
 TEST_F(Vasctl, SettingsAreListedReadAndChecked)
 {
-    EXPECT_GT(home.Vasctl({u"settings"_s, u"list"_s}).Array().size(), 50);
+    const QJsonArray settings = home.Vasctl({u"settings"_s, u"list"_s}).Array();
+    EXPECT_GT(settings.size(), 50);
+    int labelled = 0;
+    for (const QJsonValue& value : settings) {
+        const QJsonObject row = value.toObject();
+        labelled += row[u"label"_s].toString().isEmpty() ? 0 : 1;
+        if (row[u"key"_s] == u"AUTOSAVE"_s) {
+            EXPECT_EQ(row[u"label"_s].toString(), u"AutoSave Front Views to the Database"_s);
+            EXPECT_EQ(row[u"page"_s].toString(), u"Pictures"_s);
+        }
+    }
+    EXPECT_EQ(labelled, 45);
     EXPECT_EQ(home.Vasctl({u"settings"_s, u"set"_s, u"SORTGRID"_s, u"3"_s}).code, kDone);
     EXPECT_EQ(home.Vasctl({u"settings"_s, u"get"_s, u"SORTGRID"_s}).Object()[u"value"_s].toString(), u"3"_s);
     const auto refused = home.Vasctl({u"settings"_s, u"set"_s, u"QUALITY"_s, u"400"_s});

@@ -5,11 +5,14 @@
 #include "databook/frm_search_sql.h"
 #include "databook/grid.h"
 #include "platform/engine/database.h"
+#include "shell/frm_change_db.h"
+#include "shell/frm_config.h"
 #include "shell/frm_main.h"
 #include "shell/frm_splash.h"
 #include "support/recording_conduit.h"
 #include "support/scripted_ports.h"
 #include "support/temp_home.h"
+#include "windows/about_box.h"
 #include "windows/guard.h"
 #include "windows/main_window.h"
 #include "windows/record_grid.h"
@@ -29,8 +32,10 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSettings>
+#include <QTest>
 
 // Every window against the screen that it belongs to.
 
@@ -93,6 +98,51 @@ TEST_F(RealScreens, TheGridLayoutWindowShowsEveryControlOfFrmGrid)
     window.findChild<QPushButton*>(u"cmdOK"_s)->click();
     EXPECT_FALSE(screen.IsOpen());
     screen.End();
+}
+
+TEST_F(RealScreens, TheSettingsShowEveryControlOfFrmConfig)
+{
+    common::Globals globals;
+    shell::frm_Config config(engine, ports.Get(), globals);
+    config.Open();
+    ScreenWindow window(config, guard);
+    EXPECT_TRUE(window.Leftovers().isEmpty()) << window.Leftovers().join(u'\n').toStdString();
+}
+
+TEST_F(RealScreens, TheChoiceOfADatabaseShowsEveryControl)
+{
+    shell::frm_ChangeDB choice(u"C:\\DATABOOK\\"_s, {u"DATABOOK.MDB"_s, u"OLD.MDB"_s}, u"databook.mdb"_s);
+    choice.Open();
+    ScreenWindow window(choice, guard);
+    EXPECT_TRUE(window.Leftovers().isEmpty()) << window.Leftovers().join(u'\n').toStdString();
+    auto* list = window.findChild<QAbstractItemView*>(u"lstdatabases"_s);
+    EXPECT_EQ(list->currentIndex().row(), 0);
+    window.show();
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_FALSE(choice.IsOpen());
+    EXPECT_EQ(choice.Chosen(), u"OLD.MDB"_s);
+}
+
+TEST_F(RealScreens, WhatIsNewStandsInTheAboutBox)
+{
+    AboutBox plain({u"Vasclip"_s, u"1.0.0"_s, {}, {}});
+    EXPECT_EQ(plain.findChild<QPlainTextEdit*>(), nullptr);
+    AboutBox changes({u"Vasclip"_s, u"1.0.0"_s, {}, {}, u"A line\nAnother"_s});
+    ASSERT_NE(changes.findChild<QPlainTextEdit*>(), nullptr);
+    EXPECT_EQ(changes.findChild<QPlainTextEdit*>()->toPlainText(), u"A line\nAnother"_s);
+    EXPECT_EQ(changes.windowTitle(), u"What's New?"_s);
+}
+
+TEST_F(RealScreens, ResetSizePutsTheWindowBackToItsFirstSize)
+{
+    shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+    MainWindow window(main.controls, port, guard, theme, settings);
+    window.show();
+    const QSize first = window.size();
+    window.resize(1111, 777);
+    window.ResetSize();
+    EXPECT_EQ(window.size(), first);
 }
 
 TEST_F(RealScreens, NoTwoMenuEntriesShareAKey)

@@ -134,9 +134,10 @@ struct SampleScreen
         for (const QString& name :
              {u"txtMapAddress"_s, u"txtMapProximity"_s, u"txtcentralkey"_s, u"txtView"_s, u"txtimage"_s})
             Add<TextBox>(name);
-        for (const QString& name :
-             {u"lblmsg"_s, u"lblDatabookADDR"_s, u"lblAddingaComp"_s, u"lblPhotomsg"_s, u"lblLabelTag"_s})
+        for (const QString& name : {u"lblmsg"_s, u"lblDatabookADDR"_s, u"lblAddingaComp"_s, u"lblPhotomsg"_s,
+                                    u"lblLabelTag"_s, u"lblChangingDB"_s})
             Add<Label>(name);
+        Get<Label>(u"lblChangingDB"_s).SetVisible(false);
         const std::pair<QString, QString> buttons[] = {{u"cmdSubjectAnd"_s, u"Subject/Comp"_s},
                                                        {u"cmdAdd"_s, u"&Add"_s},
                                                        {u"cmdCopy"_s, u"&Copy"_s},

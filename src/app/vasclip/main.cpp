@@ -202,6 +202,10 @@ private:
                          [this] { m_window->setWindowTitle(m_main.Caption()); });
         QObject::connect(&m_main, &shell::frm_Main::UnloadWanted, &*m_window, [this] { m_window->close(); });
         QObject::connect(&m_main, &shell::frm_Main::AboutWanted, &*m_window, [this] { ShowAbout(); });
+        QObject::connect(&m_main, &shell::frm_Main::WhatsNewWanted, &*m_window,
+                         [this](const QString& changes) { ShowAbout(changes); });
+        QObject::connect(&m_main, &shell::frm_Main::ResetSizeWanted, &*m_window,
+                         [this] { m_window->ResetSize(); });
         QObject::connect(&*m_window, &windows::MainWindow::Unload, &*m_window, [this] {
             m_window->hide();
             m_guard.Run([this] { m_main.Form_Unload(); });
@@ -217,7 +221,7 @@ private:
             m_places.emplace(*m_window, m_options.places);
     }
 
-    void ShowAbout()
+    void ShowAbout(const QString& changes = {})
     {
         const auto& g = m_main.globals;
         windows::AboutBox box(
@@ -227,7 +231,8 @@ private:
              {{u"Databook"_s, g.G_DataDir + g.G_DataFile},
               {u"Settings"_s, g.applicationIni},
               {u"Home"_s, m_disk.Home()},
-              {g.formsProgram, g.formsProgramVersion.isEmpty() ? u"not seen yet"_s : g.formsProgramVersion}}},
+              {g.formsProgram, g.formsProgramVersion.isEmpty() ? u"not seen yet"_s : g.formsProgramVersion}},
+             changes},
             &*m_window);
         box.exec();
     }

@@ -41,7 +41,7 @@ Commands:
   layouts use NAME        the program starts with it; close the program first, it saves its own at exit
   layouts delete NAME     asks first
   layouts default         the program's own layout
-  settings list
+  settings list           every setting, with its page and label on the settings screen
   settings get [SECTION] KEY
   settings set [SECTION] KEY VALUE
   comments list FIELD     the phrases of a field: its function keys and its list

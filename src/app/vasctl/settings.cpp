@@ -1,6 +1,7 @@
 #include "app/vasctl/session.h"
 
 #include "common/settings.h"
+#include "shell/config_fields.h"
 
 namespace vasclip::vasctl {
 
@@ -50,7 +51,14 @@ const common::SettingRow* Find(const Output& out, const QStringList& names)
 
 QStringList Line(const common::SettingRow& row, const common::Globals& globals)
 {
-    return {FileName(row.file), row.section, row.key, common::SettingText(row, globals)};
+    const shell::ConfigField* field =
+        shell::FieldOf(row); // null for what has no place on the settings screen
+    return {FileName(row.file),
+            row.section,
+            row.key,
+            common::SettingText(row, globals),
+            field ? shell::PageCaption(field->page) : QString(),
+            field ? field->Words() : QString()};
 }
 
 } // namespace
@@ -59,7 +67,7 @@ int RunSettings(Session& session, const Output& out, const QStringList& argument
 {
     const QString verb = arguments.value(0);
     auto& main = session.Main();
-    const QStringList headings{u"file"_s, u"section"_s, u"key"_s, u"value"_s};
+    const QStringList headings{u"file"_s, u"section"_s, u"key"_s, u"value"_s, u"page"_s, u"label"_s};
     if (verb == u"list"_s && arguments.size() == 1) {
         QList<QStringList> rows;
         for (const common::SettingRow& row : common::Settings()) {

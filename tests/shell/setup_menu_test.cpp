@@ -1,0 +1,245 @@
+#include "platform/files/profile.h"
+#include "shell/frm_config.h"
+#include "shell/frm_main.h"
+#include "shell/frm_splash.h"
+#include "shell/start_up.h"
+#include "store/schema.h"
+#include "support/recording_conduit.h"
+#include "support/scripted_ports.h"
+#include "support/temp_home.h"
+
+#include <gtest/gtest.h>
+
+// What the Setup, Database and Help menus lead to.
+
+namespace vasclip::shell {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+const QString kIni = u"C:\\APPRAISE\\VAS2000.INI"_s;
+
+class SetupMenu : public testing::Test
+{
+protected:
+    tests::TempHome home;
+    tests::TestPorts doubles;
+    engine::Engine engine{home.disk};
+    test::RecordingConduit conduit;
+    StartUpOptions options{
+        {}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false}, u"6.2.1"_s};
+    frm_Splash splash{doubles.Get()};
+    frm_Main main{{home.disk, engine, conduit, doubles.Get()}};
+
+    void SetUp() override
+    {
+        for (const QString& directory :
+             {u"C:\\WINDOWS"_s, u"C:\\DATABOOK"_s, u"C:\\OTHER"_s, u"C:\\VAS2000"_s, u"C:\\JPG"_s,
+              u"C:\\KEL"_s, u"C:\\SNAP"_s, u"C:\\DATABOOK\\ARCHIVE"_s, u"C:\\DATABOOK\\EXPORT"_s,
+              u"C:\\DATABOOK\\IMPORT"_s, u"C:\\VAM"_s})
+            home.MakeDirs(directory);
+        home.Put(kIni, "[DIRECTORIES]\r\nPHOTODIR=C:\\JPG\r\nCAPTUREDIR=C:\\SNAP\r\n");
+        home.Put(u"C:\\APPRAISE\\KEL.INI"_s, "[DIRECTORIES]\r\nAPPDIR=C:\\KEL\r\n");
+        store::MakeDatabase(engine, u"C:\\VAS2000\\Comp2Kel.mdb"_s);
+        MakeDatabook(u"C:\\DATABOOK\\DATABOOK.MDB"_s, {u"12 OAK ST"_s, u"14 ELM ST"_s});
+        MakeDatabook(u"C:\\DATABOOK\\OLD.MDB"_s, {u"1 ASH AVE"_s});
+        MakeDatabook(u"C:\\OTHER\\DATABOOK.MDB"_s, {});
+        conduit.running = false;
+    }
+    void MakeDatabook(const QString& path, const QStringList& keys)
+    {
+        store::MakeDatabase(engine, path);
+        const auto database = engine.OpenDatabase(path);
+        const auto rows = database->OpenRecordset(u"COMPS"_s, engine::RecordsetType::Table);
+        for (const QString& key : keys) {
+            rows->AddNew();
+            rows->SetValue(u"CENTRALKEY"_s, key.leftJustified(35));
+            rows->SetValue(u"ADDRESS"_s, key);
+            rows->Update();
+        }
+        rows->Close();
+    }
+    void Load() { main.Form_load(options, splash); }
+    [[nodiscard]] qint64 Rows() const
+    {
+        const forms::GridSource* source = main.records.grddatabook.Source();
+        return source ? source->RowCount() : -1;
+    }
+    QString Ini(const QString& key)
+    {
+        return files::GetPrivateProfileString(home.disk, u"DIRECTORIES"_s, key, u"(absent)"_s, kIni);
+    }
+    /// Saves this data path on the settings screen.
+    void Configure(const QString& dataDir)
+    {
+        doubles.screens.Play([dataDir](forms::Screen& screen) {
+            dynamic_cast<forms::TextBox&>(*screen.controls.Find(u"txtDataDir"_s)).SetText(dataDir);
+            Q_EMIT dynamic_cast<frm_Config&>(screen).cmdSave.Clicked();
+        });
+        main.mnuSetupItem.Choose(u"mnuSetupItem"_s, 0);
+    }
+    void ChooseDatabase(const QString& name)
+    {
+        doubles.screens.Play([this, name](forms::Screen& screen) {
+            auto& list = dynamic_cast<forms::ListBox&>(*screen.controls.Find(u"lstdatabases"_s));
+            offered = list.Items();
+            if (name.isEmpty())
+                return Q_EMIT screen.controls.Find(u"cmdCancel"_s)->Clicked();
+            list.SetListIndex(list.IndexOf(name));
+            if (onChoice)
+                onChoice();
+            Q_EMIT screen.controls.Find(u"cmdOk"_s)->Clicked();
+        });
+        main.mnuDBItem.Choose(u"mnuDBItem"_s, 4);
+    }
+    QStringList offered;
+    std::function<void()> onChoice;
+};
+
+TEST_F(SetupMenu, ConfigurationOpensItsScreenAndLeavesTheDatabookAlone)
+{
+    Load();
+    int captions = 0;
+    QObject::connect(&main, &frm_Main::CaptionChanged, [&] { ++captions; });
+    Configure(u"C:\\databook"_s);
+    EXPECT_EQ(doubles.screens.Shown(), QStringList{u"frm_Config"_s});
+    EXPECT_EQ(captions, 0) << "the same database";
+    EXPECT_EQ(Rows(), 2);
+    EXPECT_EQ(main.mnuSetupItem.Entry(u"mnuSetupItem"_s, 0)->shortcut, u"Ctrl+,"_s);
+}
+
+TEST_F(SetupMenu, AnotherDataPathOpensItsDatabook)
+{
+    Load();
+    Configure(u"C:\\OTHER"_s);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    EXPECT_EQ(main.Caption(), u"Vasclip -  Version 6.2.1  -  Connection = C:\\OTHER\\DATABOOK.MDB"_s);
+    EXPECT_EQ(main.sources.datDatabook.DatabaseName(), u"C:\\OTHER\\DATABOOK.MDB"_s);
+    EXPECT_EQ(main.globals.G_DataDir, u"C:\\OTHER\\"_s);
+    EXPECT_EQ(Rows(), 0);
+    EXPECT_EQ(Ini(u"DATADIR"_s), u"C:\\OTHER\\"_s);
+}
+
+TEST_F(SetupMenu, ADataPathWithoutADatabookKeepsTheOldOneHereAndInTheIni)
+{
+    Load();
+    Configure(u"C:\\NOWHERE"_s);
+    EXPECT_TRUE(doubles.prompter.Last().text.startsWith(u"C:\\NOWHERE\\DATABOOK.MDB is missing"_s))
+        << doubles.prompter.Last().text.toStdString();
+    EXPECT_EQ(main.globals.G_DataDir, u"C:\\DATABOOK\\"_s);
+    EXPECT_EQ(main.sources.datDatabook.DatabaseName(), u"C:\\DATABOOK\\DATABOOK.MDB"_s);
+    EXPECT_EQ(Rows(), 2);
+    EXPECT_EQ(Ini(u"DATADIR"_s), u"C:\\DATABOOK\\"_s);
+    EXPECT_FALSE(main.lblChangingDB.Visible());
+}
+
+TEST_F(SetupMenu, AResetOfTheSizeIsAppliedWhenTheScreenHasClosed)
+{
+    Load();
+    int resets = 0;
+    QObject::connect(&main, &frm_Main::ResetSizeWanted, [&] { ++resets; });
+    doubles.screens.Play([&](forms::Screen& screen) {
+        Q_EMIT dynamic_cast<frm_Config&>(screen).cmdResetSize.Clicked();
+        EXPECT_EQ(resets, 0);
+    });
+    main.mnuSetupItem.Choose(u"mnuSetupItem"_s, 0);
+    EXPECT_EQ(resets, 1);
+}
+
+TEST_F(SetupMenu, ChangeCurrentDatabaseOpensTheChoice)
+{
+    Load();
+    main.tabSource.SetTab(1);
+    bool shown = false;
+    doubles.pump.onTurn = [&] { shown = shown || main.lblChangingDB.Visible(); };
+    ChooseDatabase(u"OLD.MDB"_s);
+    doubles.pump.onTurn = nullptr;
+    EXPECT_EQ(offered, (QStringList{u"DATABOOK.MDB"_s, u"OLD.MDB"_s}));
+    EXPECT_TRUE(shown);
+    EXPECT_FALSE(main.lblChangingDB.Visible());
+    EXPECT_EQ(main.globals.G_DataFile, u"OLD.MDB"_s);
+    EXPECT_EQ(main.tabSource.Tab(), 0);
+    EXPECT_EQ(main.Caption(), u"Vasclip -  Version 6.2.1  -  Connection = C:\\DATABOOK\\OLD.MDB"_s);
+    EXPECT_EQ(Rows(), 1);
+    EXPECT_EQ(main.records.txtcentralkey.Text(), u"1 ASH AVE"_s);
+    EXPECT_EQ(Ini(u"DATAFILE"_s), u"(absent)"_s);
+}
+
+TEST_F(SetupMenu, CancelAndTheSameDatabaseChangeNothing)
+{
+    Load();
+    int captions = 0;
+    QObject::connect(&main, &frm_Main::CaptionChanged, [&] { ++captions; });
+    ChooseDatabase({});
+    ChooseDatabase(u"DATABOOK.MDB"_s);
+    EXPECT_EQ(captions, 0);
+    EXPECT_EQ(Rows(), 2);
+}
+
+TEST_F(SetupMenu, ADamagedCandidateLeavesThePresentDatabase)
+{
+    Load();
+    onChoice = [this] { home.Put(u"C:\\DATABOOK\\OLD.MDB"_s, "no database any more"); };
+    ChooseDatabase(u"OLD.MDB"_s);
+    EXPECT_EQ(doubles.prompter.Last().text,
+              u"C:\\DATABOOK\\OLD.MDB is missing, damaged, or holds no table COMPS of comps. The database "
+              u"C:\\DATABOOK\\DATABOOK.MDB stays open."_s);
+    EXPECT_EQ(main.globals.G_DataFile, u"DATABOOK.MDB"_s);
+    EXPECT_EQ(Rows(), 2);
+    ChooseDatabase({});
+    EXPECT_EQ(offered, QStringList{u"DATABOOK.MDB"_s}) << "it is not offered again";
+}
+
+TEST_F(SetupMenu, ManualEntryIsHiddenAndShownUnderItsThreeCaptions)
+{
+    Load();
+    const auto caption = [this] { return main.mnuSetupItem.Entry(u"mnuSetupItem"_s, 8)->caption; };
+    EXPECT_EQ(caption(), u"Hide Manual Comp Entry"_s);
+    main.mnuSetupItem.Choose(u"mnuSetupItem"_s, 8);
+    EXPECT_EQ(caption(), u"Show Manual Detail"_s);
+    EXPECT_FALSE(main.records.txtcentralkey.Visible() || main.records.cmdAdd.Visible());
+    EXPECT_TRUE(main.records.cmdSearch.Visible());
+    main.mnuSetupItem.Choose(u"mnuSetupItem"_s, 8);
+    EXPECT_EQ(caption(), u"Hide Manual Detail"_s);
+    EXPECT_TRUE(main.records.txtcentralkey.Visible() && main.records.cmdAdd.Visible());
+}
+
+TEST_F(SetupMenu, WhatsNewTakesTheFileOfTheProgramDirectoryFirst)
+{
+    Load();
+    QString text;
+    QObject::connect(&main, &frm_Main::WhatsNewWanted, [&](const QString& shown) { text = shown; });
+    main.mnuHelpItem.Choose(u"mnuHelpItem"_s, 2);
+    EXPECT_TRUE(text.contains(u"What's new in Vasclip"_s));
+    home.Put(u"C:\\VAS2000\\changes.txt"_s, "Ours: caf\xc3\xa9");
+    main.mnuHelpItem.Choose(u"mnuHelpItem"_s, 2);
+    EXPECT_EQ(text, u"Ours: caf\u00e9"_s);
+}
+
+TEST_F(SetupMenu, HelpAndTutorialsAreThereAsFarAsTheirFilesAre)
+{
+    Load();
+    EXPECT_FALSE(main.mnuHelpItem.Entry(u"mnuHelpItem"_s, 0)->enabled);
+    EXPECT_FALSE(main.mnuHelpItem.Entry(u"mnuHelpItem"_s, 1)->enabled);
+
+    home.Put(u"C:\\VAS2000\\guide\\index.html"_s, "<p>");
+    home.Put(u"C:\\VAS2000\\Mapping.exe"_s);
+    home.Put(u"C:\\VAS2000\\photos.cls"_s);
+    home.Put(u"C:\\VAS2000\\notes.txt"_s);
+    frm_Main again({home.disk, engine, conduit, doubles.Get()});
+    frm_Splash secondSplash{doubles.Get()};
+    again.Form_load(options, secondSplash);
+    EXPECT_TRUE(again.mnuHelpItem.Entry(u"mnuHelpItem"_s, 0)->enabled);
+    const forms::MenuEntry* tutorials = again.mnuHelpItem.Entry(u"mnuHelpItem"_s, 1);
+    EXPECT_TRUE(tutorials->enabled);
+    QStringList names;
+    for (const auto& entry : tutorials->subEntries)
+        names.append(entry.caption);
+    EXPECT_EQ(names, (QStringList{u"Mapping.exe"_s, u"photos.cls"_s}));
+    home.disk.Kill(u"C:\\VAS2000\\Mapping.exe"_s);
+    again.mnuHelpItem.Choose(u"mnuHelpTut_M"_s, 0);
+    EXPECT_EQ(doubles.prompter.Last().text, u"File not found"_s);
+}
+
+} // namespace
+} // namespace vasclip::shell
