@@ -193,9 +193,12 @@ bool Binder::eventFilter(QObject* watched, QEvent* event)
         control = ControlOf(watched);
         if (control == nullptr)
             break;
-        if (event->type() == QEvent::FocusOut)
+        if (event->type() == QEvent::FocusOut) {
             m_guard.Run([control] { Q_EMIT control->LostFocus(); });
-        else // after the widget's own handling, which may set the selection anew
+            // The rule has given the focus back: the widget never lost it, and keeps its selection.
+            if (const auto* widget = qobject_cast<QWidget*>(watched); widget != nullptr && widget->hasFocus())
+                return true;
+        } else // after the widget's own handling, which may set the selection anew
             QMetaObject::invokeMethod(
                 control, [this, control] { m_guard.Run([control] { Q_EMIT control->GotFocus(); }); },
                 Qt::QueuedConnection);

@@ -25,7 +25,7 @@ using shell::frm_Config;
 
 namespace {
 
-constexpr int kLabelWidth = 230;
+constexpr int kLabelWidth = 200;
 constexpr int kNumberWidth = 110;
 
 QLabel* Words(const QString& text, const char* role, QWidget* parent)
