@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <vector>
 
 namespace vasclip::engine {
 
@@ -17,6 +18,24 @@ struct User
     QString host;
     qint64 process = 0;
     bool alive = true; ///< false for an entry of a process of this host that is no more
+};
+
+/// What is looked for in the texts of a table: rows whose fields hold every word, each in any of them,
+/// without regard to case.
+struct TextSearch
+{
+    QString table;
+    QStringList fields; ///< the same list for every search of a table: the index is made of them
+    QStringList words;
+    Bookmark afterId = 0;  ///< go on behind this row; 0 begins
+    int milliseconds = 20; ///< stop after about so long
+};
+
+struct TextHits
+{
+    std::vector<Bookmark> ids; ///< ascending
+    Bookmark lastId = 0;       ///< all rows up to this one were looked at
+    bool done = false;         ///< all rows were looked at
 };
 
 /// An open database file. Record sets keep it alive.
@@ -55,6 +74,15 @@ public:
     virtual void CreateTable(const TableDef& table) = 0;                 ///< @throws 3010
     virtual void AppendField(const QString& table, const Field& field) = 0; ///< @throws 3191, 3211
     virtual void AppendIndex(const QString& table, const IndexDef& index) = 0;
+
+    /// Makes the full-text index that FindText uses, or goes on making it, for at most about `milliseconds`.
+    /// It is kept in the file, and current by whatever changes the rows. One that is missing, of other fields
+    /// or damaged is made anew. A database that cannot be written has the index that it has.
+    /// @return true when there is nothing left to do. @throws 3078, 3265
+    virtual bool KeepTextIndex(const QString& table, const QStringList& fields, int milliseconds) = 0;
+    /// Looks for words through the index, or through the rows while there is none or all words are shorter
+    /// than three letters. @throws 3078, 3265
+    [[nodiscard]] virtual TextHits FindText(const TextSearch& search) = 0;
 
     // Several writes that belong together. They nest; only the outermost commits.
     virtual void BeginTrans() = 0;

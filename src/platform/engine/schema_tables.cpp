@@ -2,6 +2,7 @@
 
 #include "platform/engine/connection.h"
 #include "platform/engine/file_kind.h"
+#include "platform/engine/text_index.h"
 
 namespace vasclip::engine {
 
@@ -166,6 +167,7 @@ void StoreIndex(Connection& connection, const QString& schema, const TableDef& t
 
 void DropTable(Connection& connection, const QString& schema, const QString& table)
 {
+    TextIndex::DropOf(connection, schema, table);
     connection.Run(u"DROP TABLE %1.%2"_s.arg(QuoteName(schema), QuoteName(table)));
     for (const QString& own :
          {u"vas_tables WHERE name"_s, u"vas_fields WHERE tbl"_s, u"vas_indexes WHERE tbl"_s}) {

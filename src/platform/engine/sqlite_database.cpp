@@ -296,6 +296,28 @@ void SqliteDatabase::AppendIndex(const QString& tableName, const IndexDef& index
     writing.Commit();
 }
 
+TextIndex SqliteDatabase::IndexOf(const QString& name, const QStringList& fields) const
+{
+    const TableDef& table = NeedTable(name);
+    for (const QString& field : fields) {
+        if (!HasField(table, field))
+            throw RuntimeError(error::kFieldUnknown,
+                               u"There is no field '%1' to look in in '%2'"_s.arg(field, table.name));
+    }
+    return {Open(), table, fields};
+}
+
+bool SqliteDatabase::KeepTextIndex(const QString& table, const QStringList& fields, int milliseconds)
+{
+    TextIndex index = IndexOf(table, fields);
+    return !m_session->Updatable() || index.Make(milliseconds);
+}
+
+TextHits SqliteDatabase::FindText(const TextSearch& search)
+{
+    return IndexOf(search.table, search.fields).Find(search);
+}
+
 void SqliteDatabase::BeginTrans()
 {
     Open().Begin();

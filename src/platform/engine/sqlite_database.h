@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/engine/session.h"
+#include "platform/engine/text_index.h"
 
 namespace vasclip::engine {
 
@@ -23,6 +24,8 @@ public:
     void CreateTable(const TableDef& table) override;
     void AppendField(const QString& table, const Field& field) override;
     void AppendIndex(const QString& table, const IndexDef& index) override;
+    bool KeepTextIndex(const QString& table, const QStringList& fields, int milliseconds) override;
+    [[nodiscard]] TextHits FindText(const TextSearch& search) override;
     void BeginTrans() override;
     void CommitTrans() override;
     void Rollback() override;
@@ -32,6 +35,7 @@ private:
     [[nodiscard]] Connection& Open() const { return m_session->Open(); }
     [[nodiscard]] sql::Plan Translate(const QString& text) const;
     [[nodiscard]] const TableDef& NeedTable(const QString& name) const;
+    [[nodiscard]] TextIndex IndexOf(const QString& table, const QStringList& fields) const;
     void NeedUpdatable() const;
     void NeedUnused(const QString& table) const;
     qint64 Work(const sql::Plan& plan);
