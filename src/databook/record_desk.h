@@ -26,6 +26,7 @@ public:
     forms::TextBox txtcentralkey;
     forms::ComboBox cboapprslType;
     forms::Button cmdAdd, cmdCopy, cmdDelete, cmdRename, cmdEdit, cmdSearch, cmdAddManual;
+    forms::TextBox txtQuickFind; ///< narrows the grid; see quick_find.h
     forms::Grid grddatabook;
     forms::Button cmdPrint, cmdRefresh, cmdDetails;
     forms::Label lblDatabookADDR;

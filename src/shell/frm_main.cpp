@@ -5,6 +5,7 @@
 #include "common/paths.h"
 #include "databook/frm_search_sql.h"
 #include "databook/grid.h"
+#include "databook/quick_find.h"
 #include "drops/router.h"
 #include "link/general_text.h"
 #include "link/refresh.h"
@@ -75,6 +76,8 @@ frm_Main::frm_Main(const Foundation& foundation)
         .fileVersion = [this](const QString& path) { return FileVersionOf(m_base.disk, path); },
         .icons = SlotIconPictures(),
     });
+    m_quickFind = std::make_unique<databook::QuickFind>(foundation.ports, records, sources.datsql, *m_rows,
+                                                        status, globals);
     m_router = std::make_unique<drops::Router>(*m_link);
     WireControls();
 }
@@ -140,6 +143,7 @@ void frm_Main::DisplayAllRecords()
 void frm_Main::cmdSearch_Click()
 {
     databook::frm_SearchSQL search({m_base.ports, m_base.disk, globals, records, sources.datsql, *m_rows});
+    m_quickFind->Clear();
     m_base.ports.screens.ShowModal(search);
     grddatabook_RowColChange();
 }

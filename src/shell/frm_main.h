@@ -21,7 +21,8 @@ struct LinkDesk;
 }
 namespace vasclip::databook {
 class GridRows;
-}
+class QuickFind;
+} // namespace vasclip::databook
 
 namespace vasclip::shell {
 
@@ -145,6 +146,7 @@ private:
     photos::SlotTable m_slotTable;
     std::unique_ptr<photos::SlotLoader> m_slotLoader;
     std::unique_ptr<databook::GridRows> m_rows;
+    std::unique_ptr<databook::QuickFind> m_quickFind;
     std::unique_ptr<link::LinkDesk> m_link;
     std::unique_ptr<drops::Router> m_router;
     std::unique_ptr<comments::frm_FKey> m_functionKeys; ///< made when the first entry screen opens

@@ -193,6 +193,19 @@ void MainWindow::BuildViewMenu()
         m_ui->txtcentralkey->setFocus(Qt::ShortcutFocusReason);
         m_ui->txtcentralkey->selectAll();
     });
+    add(tr("&Quick Find"), QKeySequence(Qt::CTRL | Qt::Key_F), [this] {
+        m_ui->txtQuickFind->setFocus(Qt::ShortcutFocusReason);
+        m_ui->txtQuickFind->selectAll();
+    });
+    auto* leave = new QAction(m_ui->txtQuickFind);
+    leave->setShortcut(Qt::Key_Escape);
+    leave->setShortcutContext(Qt::WidgetShortcut);
+    m_ui->txtQuickFind->addAction(leave);
+    connect(leave, &QAction::triggered, this, [this] {
+        if (auto* box = qobject_cast<forms::TextBox*>(m_binder.ControlOf(m_ui->txtQuickFind)))
+            m_binder.Guard().Run([box] { box->SetText({}); });
+        m_ui->grddatabook->setFocus(Qt::ShortcutFocusReason);
+    });
     menu->addSeparator();
     QMenu* themes = menu->addMenu(tr("&Theme"));
     m_themes = new QActionGroup(this);
@@ -279,6 +292,9 @@ void MainWindow::NamesForReaders()
 {
     m_ui->grddatabook->setAccessibleName(tr("Databook records"));
     m_ui->txtcentralkey->setAccessibleName(tr("Address of a comp"));
+    m_ui->txtQuickFind->setAccessibleName(tr("Quick find in the Databook"));
+    m_ui->txtQuickFind->setToolTip(
+        tr("Narrows the grid by words of the key, address, city, neighborhood and notes; Esc shows all"));
     m_ui->cboapprslType->setAccessibleName(tr("Type of the comp"));
     m_ui->geamaintain->setAccessibleName(tr("Photo of the current record"));
     m_ui->lstViews->setAccessibleName(tr("Views of the current record"));

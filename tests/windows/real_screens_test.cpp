@@ -31,6 +31,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -203,6 +204,21 @@ TEST_F(RealScreens, TheSearchShowsEveryControlAndListsAMillionLinesAsItShowsThem
     EXPECT_FALSE(range->isVisible());
     search.SetText(u"txtPrice"_s, u"1"_s);
     EXPECT_TRUE(range->isVisible());
+}
+
+TEST_F(RealScreens, EscEmptiesTheQuickFindBoxAndGoesToTheGrid)
+{
+    shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+    MainWindow window(main.controls, port, guard, theme, settings);
+    window.show();
+    auto* box = window.findChild<QLineEdit*>(u"txtQuickFind"_s);
+    box->setFocus();
+    QTest::keyClicks(box, u"oak"_s);
+    EXPECT_EQ(main.records.txtQuickFind.Text(), u"oak"_s);
+    QTest::keyClick(box, Qt::Key_Escape);
+    EXPECT_EQ(main.records.txtQuickFind.Text(), QString());
+    EXPECT_EQ(box->text(), QString());
+    EXPECT_EQ(window.focusWidget(), &window.Databook());
 }
 
 TEST_F(RealScreens, TheCalendarShowsEveryControlOfFrmCalendar)

@@ -132,7 +132,7 @@ struct SampleScreen
         AddArray<ComboBox>(u"cboGeneral"_s, 1, 36);
         AddArray<TextBox>(u"txtgeneraladdr"_s, 1, 36);
         for (const QString& name :
-             {u"txtMapAddress"_s, u"txtMapProximity"_s, u"txtcentralkey"_s, u"txtView"_s, u"txtimage"_s})
+             {u"txtMapAddress"_s, u"txtMapProximity"_s, u"txtcentralkey"_s, u"txtQuickFind"_s, u"txtView"_s, u"txtimage"_s})
             Add<TextBox>(name);
         for (const QString& name : {u"lblmsg"_s, u"lblDatabookADDR"_s, u"lblAddingaComp"_s, u"lblPhotomsg"_s,
                                     u"lblLabelTag"_s, u"lblChangingDB"_s})

@@ -29,6 +29,7 @@ public:
     [[nodiscard]] bool NoMatch() const override { return false; }
     [[nodiscard]] QVariantList Peek(qint64 position, const QList<int>& fields) const override;
     [[nodiscard]] qint64 PositionOf(const Bookmark& bookmark) const override;
+    [[nodiscard]] const std::vector<Bookmark>& Bookmarks() const override { return m_ids; }
     void Requery() override;
 
 private:

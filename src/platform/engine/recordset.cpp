@@ -29,6 +29,11 @@ void Recordset::SetValue(const QString& name, const QVariant& value)
     SetValue(Find(*this, name), value);
 }
 
+const std::vector<Bookmark>& Recordset::Bookmarks() const
+{
+    throw RuntimeError(error::kInvalidOperation, u"Only a query has its bookmarks at hand"_s);
+}
+
 Transaction::~Transaction()
 {
     if (!m_database)

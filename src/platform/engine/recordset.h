@@ -6,6 +6,7 @@
 #include <QVariant>
 
 #include <memory>
+#include <vector>
 
 namespace vasclip::engine {
 
@@ -84,6 +85,9 @@ public:
     [[nodiscard]] virtual QVariantList Peek(qint64 position, const QList<int>& fields) const = 0;
     /// Place of a row in a dynaset, -1 if it is not in it.
     [[nodiscard]] virtual qint64 PositionOf(const Bookmark& bookmark) const = 0;
+
+    /// The bookmarks of a dynaset's rows in their order. @throws 3219 for another kind
+    [[nodiscard]] virtual const std::vector<Bookmark>& Bookmarks() const;
 
     virtual void Requery() = 0;
     virtual void Close() = 0;

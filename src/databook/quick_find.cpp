@@ -1,0 +1,237 @@
+#include "databook/quick_find.h"
+
+#include "common/error_block.h"
+#include "databook/grid.h"
+#include "platform/text/text.h"
+
+#include <algorithm>
+#include <bit>
+
+namespace vasclip::databook {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr qint64 kBits = 64;
+
+QStringList WordsOf(QString typed)
+{
+    typed.remove(QChar(0));
+    return typed.simplified().split(u' ', Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+const QStringList& QuickFindFields()
+{
+    static const QStringList fields{u"CENTRALKEY"_s, u"ADDRESS"_s, u"CITY"_s, u"NEIGHBORHD"_s, u"NOTES"_s};
+    return fields;
+}
+
+FoundRows::FoundRows(const GridRows& rows)
+    : m_rows(rows)
+{}
+
+QStringList FoundRows::FieldNames() const
+{
+    return m_rows.FieldNames();
+}
+
+QStringList FoundRows::Row(qint64 row) const
+{
+    const qint64 position = PositionOf(row);
+    return position < 0 ? QStringList() : m_rows.Row(position);
+}
+
+void FoundRows::Begin(qint64 records)
+{
+    m_bits.assign(static_cast<std::size_t>((records + kBits - 1) / kBits), 0);
+    Count();
+}
+
+void FoundRows::Add(qint64 position)
+{
+    m_bits[static_cast<std::size_t>(position / kBits)] |= quint64{1} << (position % kBits);
+}
+
+void FoundRows::Count()
+{
+    m_before.resize(m_bits.size());
+    m_count = 0;
+    for (std::size_t i = 0; i < m_bits.size(); ++i) {
+        m_before[i] = m_count;
+        m_count += std::popcount(m_bits[i]);
+    }
+}
+
+qint64 FoundRows::PositionOf(qint64 row) const
+{
+    if (row < 0 || row >= m_count)
+        return -1;
+    const auto after = std::upper_bound(m_before.begin(), m_before.end(), row);
+    const auto word = static_cast<std::size_t>(after - m_before.begin() - 1);
+    quint64 bits = m_bits[word];
+    for (qint64 skip = row - m_before[word]; skip > 0; --skip)
+        bits &= bits - 1;
+    return static_cast<qint64>(word) * kBits + std::countr_zero(bits);
+}
+
+qint64 FoundRows::RowOf(qint64 position) const
+{
+    const auto word = static_cast<std::size_t>(position / kBits);
+    if (position < 0 || word >= m_bits.size())
+        return -1;
+    const quint64 bit = quint64{1} << (position % kBits);
+    if ((m_bits[word] & bit) == 0)
+        return -1;
+    return m_before[word] + std::popcount(m_bits[word] & (bit - 1));
+}
+
+QuickFind::QuickFind(const forms::Ports& ports, RecordDesk& desk, store::DataSource& datsql, GridRows& rows,
+                     common::StatusDesk& status, const common::Globals& globals)
+    : m_ports(ports)
+    , m_desk(desk)
+    , m_datsql(datsql)
+    , m_rows(rows)
+    , m_status(status)
+    , m_globals(globals)
+    , m_found(rows)
+{
+    m_timer.setInterval(0);
+    connect(&m_timer, &QTimer::timeout, this, [this] {
+        try {
+            if (!Work())
+                m_timer.stop();
+        } catch (const RuntimeError& failure) {
+            m_timer.stop();
+            m_searching = false;
+            common::ReportError(m_ports.prompter, failure);
+        }
+    });
+    connect(&desk.txtQuickFind, &forms::TextBox::TextChanged, this, &QuickFind::txtQuickFind_Change);
+    connect(&datsql, &store::DataSource::Refreshed, this, &QuickFind::SourceChanged);
+}
+
+QuickFind::~QuickFind() = default;
+
+void QuickFind::Clear()
+{
+    m_desk.txtQuickFind.SetText({});
+}
+
+void QuickFind::txtQuickFind_Change()
+{
+    const common::RoutineScope scope{"txtQuickFind_Change"};
+    m_search.words = WordsOf(m_desk.txtQuickFind.Text());
+    if (m_search.words.isEmpty() || !m_datsql.Bound())
+        ShowAll();
+    else
+        Start();
+}
+
+void QuickFind::MapPositions()
+{
+    if (!m_positions.empty())
+        return;
+    const std::vector<engine::Bookmark>& records = m_datsql.Recordset().Bookmarks();
+    const auto last = std::max_element(records.begin(), records.end());
+    m_positions.assign(last == records.end() ? 1 : static_cast<std::size_t>(*last) + 1, -1);
+    for (std::size_t i = 0; i < records.size(); ++i)
+        m_positions[static_cast<std::size_t>(records[i])] = static_cast<qint32>(i);
+}
+
+void QuickFind::Start()
+{
+    MapPositions();
+    if (!m_narrowed)
+        m_stood = m_desk.grddatabook.Row();
+    else if (m_desk.grddatabook.Row() >= 0)
+        m_stood = m_found.PositionOf(m_desk.grddatabook.Row());
+    m_narrowed = true;
+    m_search.table = m_globals.G_Table;
+    m_search.fields = QuickFindFields();
+    m_search.afterId = 0;
+    m_search.milliseconds = kSliceMilliseconds;
+    m_searching = true;
+    m_found.Begin(m_datsql.Recordset().RecordCount());
+    Step();
+    m_timer.start();
+}
+
+void QuickFind::Step()
+{
+    const engine::TextHits hits = m_datsql.Database().FindText(m_search);
+    m_search.afterId = hits.lastId;
+    for (const engine::Bookmark id : hits.ids) {
+        if (id < static_cast<qint64>(m_positions.size()) && m_positions[static_cast<std::size_t>(id)] >= 0)
+            m_found.Add(m_positions[static_cast<std::size_t>(id)]);
+    }
+    m_searching = !hits.done;
+    const bool first = m_desk.grddatabook.Source() != &m_found;
+    if (first || !hits.ids.empty() || hits.done)
+        ShowFound();
+}
+
+void QuickFind::ShowFound()
+{
+    m_found.Count();
+    m_desk.grddatabook.Rebind(&m_found);
+    if (const qint64 row = m_found.RowOf(m_stood); row > 0)
+        m_desk.grddatabook.SetRow(row);
+    const QString count = QString::number(m_found.RowCount());
+    m_status.lblmsg.Show(m_searching               ? u"%1 comps found so far."_s.arg(count)
+                         : m_found.RowCount() == 1 ? u"1 comp found."_s
+                                                   : u"%1 comps found."_s.arg(count),
+                         forms::Colour::Blue);
+}
+
+void QuickFind::ShowAll()
+{
+    m_searching = false;
+    if (!std::exchange(m_narrowed, false))
+        return;
+    const qint64 stood =
+        m_desk.grddatabook.Row() < 0 ? m_stood : m_found.PositionOf(m_desk.grddatabook.Row());
+    m_found.Begin(0);
+    m_positions = {};
+    m_desk.grddatabook.Rebind(m_datsql.Bound() ? &m_rows : nullptr);
+    if (stood > 0)
+        m_desk.grddatabook.SetRow(stood);
+}
+
+void QuickFind::SourceChanged()
+{
+    m_positions = {};
+    m_indexed = false;
+    m_searching = false;
+    if (!m_narrowed)
+        return;
+    // The grid was given other records; they are narrowed when whoever did it is done.
+    m_found.Begin(0);
+    m_stood = -1;
+    m_narrowed = false;
+    QTimer::singleShot(0, this, [this] {
+        try {
+            txtQuickFind_Change();
+        } catch (const RuntimeError& failure) {
+            common::ReportError(m_ports.prompter, failure);
+        }
+    });
+}
+
+bool QuickFind::Work()
+{
+    if (!m_datsql.Bound())
+        return false;
+    if (m_searching) {
+        Step();
+        return true;
+    }
+    if (!m_indexed)
+        m_indexed =
+            m_datsql.Database().KeepTextIndex(m_globals.G_Table, QuickFindFields(), kSliceMilliseconds);
+    return !m_indexed;
+}
+
+} // namespace vasclip::databook
