@@ -211,6 +211,8 @@ TEST_F(RealScreens, EscEmptiesTheQuickFindBoxAndGoesToTheGrid)
     shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
     MainWindow window(main.controls, port, guard, theme, settings);
     window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     auto* box = window.findChild<QLineEdit*>(u"txtQuickFind"_s);
     box->setFocus();
     QTest::keyClicks(box, u"oak"_s);
