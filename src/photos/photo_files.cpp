@@ -1,0 +1,72 @@
+#include "photos/photo_files.h"
+
+#include "common/error_block.h"
+#include "common/paths.h"
+#include "platform/text/runtime_error.h"
+#include "platform/text/text.h"
+
+#include <algorithm>
+
+namespace vasclip::photos {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Without what would lead out of the directory or stand for several files.
+bool IsPlainStem(const QString& stem)
+{
+    return std::none_of(stem.cbegin(), stem.cend(),
+                        [](QChar letter) { return u"*?\\/:"_s.contains(letter); });
+}
+
+} // namespace
+
+bool DelPict(const forms::Ports& ports, const files::Disk& disk, const QString& path, Quiet quiet,
+             QString& prompt)
+{
+    const common::RoutineScope scope{"DelPict"};
+    ports.pump.DoEvents();
+    if (common::ParseFileName(path).name.isEmpty() || !disk.FileExists(path))
+        return false;
+    if (quiet == Quiet::No) {
+        if (prompt.isEmpty())
+            prompt = u"Delete "_s + path + u'?';
+        if (!ports.prompter.YesNo({}, prompt))
+            return false;
+    }
+    const unsigned attributes = disk.GetAttr(path);
+    if (attributes & files::ReadOnly)
+        disk.SetAttr(path, attributes & ~static_cast<unsigned>(files::ReadOnly));
+    try {
+        disk.Kill(path);
+    } catch (const RuntimeError&) {
+        if (attributes & files::ReadOnly)
+            disk.SetAttr(path, attributes);
+        throw;
+    }
+    ports.pump.DoEvents();
+    return true;
+}
+
+QStringList DeletePhotos(const forms::Ports& ports, const files::Disk& disk, const QString& photoDir,
+                         const QStringList& stems)
+{
+    const common::RoutineScope scope{"DeletePhotos"};
+    QStringList left;
+    for (const QString& listed : stems) {
+        const QString stem = text::Trim(listed);
+        if (!IsPlainStem(stem))
+            continue;
+        const QString path = common::CkRSlash(photoDir) + stem + u".jpg"_s;
+        try {
+            QString prompt;
+            (void)DelPict(ports, disk, path, Quiet::Yes, prompt);
+        } catch (const RuntimeError&) {
+            left.append(path);
+        }
+    }
+    return left;
+}
+
+} // namespace vasclip::photos

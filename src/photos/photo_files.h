@@ -1,0 +1,27 @@
+#pragma once
+
+#include "forms/ports.h"
+#include "platform/files/disk.h"
+
+#include <QStringList>
+
+namespace vasclip::photos {
+
+enum class Quiet { No, Yes };
+
+/// Deletes one picture file, also one that is write-protected; asks first unless quiet.
+/// @param path    one drive path; a pattern is no file
+/// @param prompt  the question; an empty one becomes "Delete ", the path, "?"
+/// @return true when the file was deleted; false for a path without a name, a file that is not there, or No
+/// @throws RuntimeError 70, 75 for a file that the system keeps; it then bears its attributes as before
+bool DelPict(const forms::Ports& ports, const files::Disk& disk, const QString& path, Quiet quiet,
+             QString& prompt);
+
+/// Deletes the stored files of a record, quietly.
+/// @param stems  of its PHOTOS field, without directory and extension; what could reach a file outside
+///               `photoDir`, or more than one, is left alone
+/// @return the paths of files that are still there; the others went all the same
+[[nodiscard]] QStringList DeletePhotos(const forms::Ports& ports, const files::Disk& disk,
+                                       const QString& photoDir, const QStringList& stems);
+
+} // namespace vasclip::photos
