@@ -13,14 +13,39 @@ inline const QString kWasNotFound = QStringLiteral(" was NOT found in the comp f
 inline const QString kWasDeleted = QStringLiteral(" was deleted.");
 inline const QString kRenamedToItself = QStringLiteral("Address cannot be renamed to itself.");
 inline const QString kEnterValidAddress = QStringLiteral("Please enter a valid address.");
+inline const QString kDeleteQuestion = QStringLiteral("Delete '%1'?");
 inline const QString kAlreadyExists = QStringLiteral("The address %1 already exists.  Try again.");
 inline const QString kNoCompsFound =
     QStringLiteral("No comps were found using the search fields above.  Check spelling or be less specific");
 inline const QString kCompFound = QStringLiteral(" comp found.");
 inline const QString kCompsFound = QStringLiteral(" comps found.");
+inline const QString kNeedNeighborhood = QStringLiteral("You must have a neighborhood name.");
+inline const QString kNoCityEntered = QStringLiteral(
+    "No city, state, or zip information has been entered.  Are you sure you wish to replace all "
+    "neighborhoods equal to %1 with blank information.");
+inline const QString kDeleteCities = QStringLiteral("Delete selected cities?");
 
 // Texts of our own.
+inline const QString kCityAdded = QStringLiteral("%1 was added to the list.");
+inline const QString kCityIsThere = QStringLiteral("%1 is in the list already.");
+inline const QString kNeedCity = QStringLiteral("Enter a city first.");
+inline const QString kCitiesNotSaved = QStringLiteral(
+    "The list of cities could not be written to %1, which still holds the old one. Check that the "
+    "file may be changed and that the disk has room.");
+inline const QString kWasChanged = QStringLiteral("%1 was changed.");
+inline const QString kRecordChanged = QStringLiteral("1 record of %1 was changed.");
+inline const QString kRecordsChanged = QStringLiteral("%1 records of %2 were changed.");
+inline const QString kNoRecordsToShow = QStringLiteral("No records to show");
+inline const QString kRecordOf = QStringLiteral("Record %1 of %2");
+inline const QString kGoneMeanwhile = QStringLiteral("The record was deleted by somebody else meanwhile.");
 inline const QString kNoSuchAddress = QStringLiteral("The address %1 is not in the Databook.");
+inline const QString kOpenExisting =
+    QStringLiteral("The address %1 is in the Databook already.  Do you want to open its record?");
+inline const QString kWasAdded = QStringLiteral("%1 was added.");
+inline const QString kWasCopied = QStringLiteral("%1 was copied to %2.");
+inline const QString kWasRenamed = QStringLiteral("%1 is %2 now.");
+inline const QString kPicturesLeft = QStringLiteral("%1 was deleted, but these pictures of it could not be: "
+                                                    "%2. Close what shows them and delete them by hand.");
 inline const QString kAddressTooLong = QStringLiteral(
     "The address %1 has %2 characters; the Databook holds at most %3. Shorten it and try again.");
 inline const QString kUnknownType =

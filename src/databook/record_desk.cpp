@@ -36,6 +36,14 @@ RecordDesk::RecordDesk(forms::ControlSet& set)
     cmdEdit.SetCaption(QStringLiteral("&Edit"));
     cmdSearch.SetCaption(QStringLiteral("Searc&h"));
     cmdAddManual.SetCaption(QStringLiteral("Add &Manually"));
+    txtcentralkey.SetToolTipText(
+        QStringLiteral("Address of a comp (Ins in the grid). Enter adds it, or edits one "
+                       "that is there"));
+    cmdAdd.SetToolTipText(QStringLiteral("Add a comp of this address (Enter in the address)"));
+    cmdCopy.SetToolTipText(QStringLiteral("Copy the record to another address (Ctrl+Shift+C)"));
+    cmdDelete.SetToolTipText(QStringLiteral("Delete the record and its photos (Del)"));
+    cmdRename.SetToolTipText(QStringLiteral("Give the record another address (Ctrl+R)"));
+    cmdEdit.SetToolTipText(QStringLiteral("Edit the record (Ctrl+E)"));
     cmdPrint.SetCaption(QStringLiteral("Print Comps"));
     cmdRefresh.SetCaption(QStringLiteral("Refresh Grid"));
     cmdDetails.SetCaption(QStringLiteral("Current Details"));
@@ -107,19 +115,9 @@ void RecordDesk::ButtonStatus(const QString& state)
     const bool found = folded == QLatin1StringView("FOUND");
     if (!found && folded != QLatin1StringView("NOT FOUND"))
         return;
-    cmdAdd.SetEnabled(!found && m_screensThere);
-    for (forms::Button* button : {&cmdDelete, &cmdRename, &cmdCopy})
-        button->SetEnabled(found && m_screensThere);
-    cmdEdit.SetEnabled(found);
-}
-
-void RecordDesk::SetScreensThere(bool there)
-{
-    m_screensThere = there;
-    if (there)
-        return;
-    for (forms::Button* button : {&cmdAdd, &cmdDelete, &cmdRename, &cmdCopy})
-        button->SetEnabled(false);
+    cmdAdd.SetEnabled(!found);
+    for (forms::Button* button : {&cmdDelete, &cmdRename, &cmdCopy, &cmdEdit})
+        button->SetEnabled(found);
 }
 
 } // namespace vasclip::databook

@@ -52,12 +52,6 @@ public:
 
     /// "Found" and "Not Found", trimmed and without regard to case; any other text changes nothing.
     void ButtonStatus(const QString& state);
-
-    /// Without their screens the buttons to add, delete, rename and copy stay disabled.
-    void SetScreensThere(bool there);
-
-private:
-    bool m_screensThere = true;
 };
 
 } // namespace vasclip::databook

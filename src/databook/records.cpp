@@ -5,6 +5,8 @@
 #include "databook/comp_fields.h"
 #include "databook/comp_types.h"
 #include "databook/messages.h"
+#include "photos/photo_files.h"
+#include "photos/photo_lists.h"
 #include "platform/text/text.h"
 #include "store/store.h"
 
@@ -19,6 +21,8 @@ namespace {
 const QString kKey = QStringLiteral("CENTRALKEY");
 const QString kAddress = QStringLiteral("ADDRESS");
 const QString kType = QStringLiteral("APPRSLTYPE");
+
+constexpr int kRecordDeleted = 3167; ///< by somebody else
 
 RecordResult Failed(RecordOutcome outcome, const QString& message)
 {
@@ -65,10 +69,11 @@ void SetSized(store::DataSource& databook, const QString& value, const QString& 
 
 /// Runs the writes of one operation as a transaction under the central error block: a retry runs all of them
 /// again, for a device error takes all of them back. An edit that a failure leaves open is let go.
-/// @param address  what the message of a key that somebody else took meanwhile names
+/// @param address  the record at work, for the message that somebody else deleted it meanwhile
+/// @param taken    the address that it gets, for the message that somebody else took it meanwhile
 template <class Writes>
 RecordResult AsOne(const forms::Ports& ports, store::DataSource& databook, const QString& address,
-                   Writes&& writes)
+                   const QString& taken, Writes&& writes)
 {
     RecordResult result = Failed(RecordOutcome::Abandoned, kNothingChanged);
     common::Guarded(ports.prompter, [&] {
@@ -80,9 +85,12 @@ RecordResult AsOne(const forms::Ports& ports, store::DataSource& databook, const
         } catch (const RuntimeError& failure) {
             if (databook.Recordset().CurrentEditMode() != engine::EditMode::None)
                 databook.Recordset().CancelUpdate();
-            if (failure.Number() != error::kDuplicateKey)
+            if (failure.Number() == error::kDuplicateKey)
+                result = Exists(taken);
+            else if (failure.Number() == kRecordDeleted)
+                result = Missing(address);
+            else
                 throw;
-            result = Exists(address);
         }
     });
     return result;
@@ -115,7 +123,7 @@ RecordResult AddRecord(const forms::Ports& ports, store::DataSource& databook, c
         return Failed(RecordOutcome::UnknownType, kUnknownType.arg(type));
     if (Find(ports, databook, address))
         return Exists(address);
-    const RecordResult added = AsOne(ports, databook, address, [&] {
+    const RecordResult added = AsOne(ports, databook, address, address, [&] {
         databook.Recordset().AddNew();
         SetSized(databook, KeyOf(address), kKey);
         SetSized(databook, common::AddressInCase(address, addressCase), kAddress);
@@ -128,14 +136,28 @@ RecordResult AddRecord(const forms::Ports& ports, store::DataSource& databook, c
     return Found(ports, databook, address, added);
 }
 
-RecordResult DeleteRecord(const forms::Ports& ports, store::DataSource& databook, const QString& address)
+RecordResult DeleteRecord(const forms::Ports& ports, store::DataSource& databook, const QString& address,
+                          const PictureStore& pictures)
 {
     const RoutineScope scope{"CompDeleteRecord"};
     if (KeyOf(address).isEmpty())
         return Failed(RecordOutcome::Blank, kEnterAddress);
     if (!Find(ports, databook, address))
         return Missing(address);
-    return AsOne(ports, databook, address, [&] { databook.Recordset().Delete(); });
+    QStringList stems;
+    const RecordResult deleted = AsOne(ports, databook, address, address, [&] {
+        stems.clear();
+        for (const auto& [view, stem] :
+             photos::ParsePhotos(store::GetFieldData(databook, QStringLiteral("PHOTOS"))))
+            stems.append(stem);
+        databook.Recordset().Delete();
+    });
+    if (!deleted)
+        return deleted;
+    const QStringList left = photos::DeletePhotos(ports, pictures.disk, pictures.photoDir, stems);
+    if (left.isEmpty())
+        return deleted;
+    return {RecordOutcome::Done, kPicturesLeft.arg(KeyOf(address), left.join(QStringLiteral(", ")))};
 }
 
 RecordResult CopyRecord(const forms::Ports& ports, store::DataSource& databook, const QString& address,
@@ -155,10 +177,11 @@ RecordResult CopyRecord(const forms::Ports& ports, store::DataSource& databook, 
 
     engine::Recordset& recordset = databook.Recordset();
     const engine::FieldList& fields = recordset.Fields();
-    QVariantList values;
-    for (int i = 0; i < fields.size(); ++i)
-        values.append(fields.at(i).type == engine::FieldType::LongBinary ? QVariant() : recordset.Value(i));
-    const RecordResult copied = AsOne(ports, databook, newAddress, [&] {
+    const RecordResult copied = AsOne(ports, databook, address, newAddress, [&] {
+        QVariantList values;
+        for (int i = 0; i < fields.size(); ++i)
+            values.append(fields.at(i).type == engine::FieldType::LongBinary ? QVariant()
+                                                                             : recordset.Value(i));
         recordset.AddNew();
         for (int i = 0; i < fields.size(); ++i)
             if (values.at(i).isValid())
@@ -187,7 +210,7 @@ RecordResult RenameRecord(const forms::Ports& ports, store::DataSource& databook
         return Exists(newAddress);
     if (!Find(ports, databook, address))
         return Missing(address);
-    const RecordResult renamed = AsOne(ports, databook, newAddress, [&] {
+    const RecordResult renamed = AsOne(ports, databook, address, newAddress, [&] {
         databook.Recordset().Edit();
         SetSized(databook, newAddress, kAddress);
         SetSized(databook, KeyOf(newAddress), kKey);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/ports.h"
+#include "platform/files/disk.h"
 #include "store/data_source.h"
 
 #include <QChar>
@@ -31,9 +32,19 @@ struct RecordResult
 [[nodiscard]] RecordResult AddRecord(const forms::Ports& ports, store::DataSource& databook,
                                      const QString& address, QChar type, int addressCase);
 
-/// Deletes the record. Its picture files stay where they are: they go through the trashcan or not at all.
+/// Where the pictures of the records lie.
+struct PictureStore
+{
+    const files::Disk& disk;
+    QString photoDir;
+};
+
+/// Deletes the record and then the picture files that it names. They go for good, without a copy in the
+/// trashcan: that is for pictures of the capture directory. No picture goes before the record's deletion is
+/// written, so the caller must not hold a transaction.
+/// @return Done also when pictures could not be deleted; the message then names them
 [[nodiscard]] RecordResult DeleteRecord(const forms::Ports& ports, store::DataSource& databook,
-                                        const QString& address);
+                                        const QString& address, const PictureStore& pictures);
 
 /// A second record with every field of the first but key, address and photos: FRONT and PHOTOS are a single
 /// blank.

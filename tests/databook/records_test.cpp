@@ -7,6 +7,14 @@
 #include <csignal>
 #include <sys/resource.h>
 #endif
+#if __has_include(<sys/wait.h>)
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
+
+#include <QFile>
+
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace vasclip;
@@ -18,6 +26,7 @@ class Records : public tests::DatabookHome
 {
 protected:
     store::DataSource source{engine, u"datDatabook"_s};
+    const databook::PictureStore pictures{disk, u"C:\\JPG\\"_s};
     void SetUp() override
     {
         DatabookHome::SetUp();
@@ -219,14 +228,196 @@ TEST_F(Records, ARetryWritesAllOfItAgain)
 
 TEST_F(Records, DeletesOneRecord)
 {
-    EXPECT_TRUE(databook::DeleteRecord(ports, source, u" 12 main st"_s));
+    EXPECT_TRUE(databook::DeleteRecord(ports, source, u" 12 main st"_s, pictures));
     EXPECT_EQ(Keys(), QStringList{u"7 OAK AVE"_s});
-    const databook::RecordResult again = databook::DeleteRecord(ports, source, u"12 main st"_s);
+    const databook::RecordResult again = databook::DeleteRecord(ports, source, u"12 main st"_s, pictures);
     EXPECT_EQ(again.outcome, RecordOutcome::NotFound);
     EXPECT_EQ(again.message, u"The address 12 main st is not in the Databook."_s);
-    EXPECT_EQ(databook::DeleteRecord(ports, source, u" "_s).outcome, RecordOutcome::Blank);
+    EXPECT_EQ(databook::DeleteRecord(ports, source, u" "_s, pictures).outcome, RecordOutcome::Blank);
     EXPECT_EQ(Keys(), QStringList{u"7 OAK AVE"_s});
 }
+
+class DeleteWithPictures : public Records
+{
+protected:
+    const QStringList stems{u"11111111"_s, u"22222222"_s};
+    void SetUp() override
+    {
+        Records::SetUp();
+        disk.MkDir(u"C:\\JPG"_s);
+        for (const QString& stem : {stems[0], stems[1], u"33333333"_s})
+            disk.WriteWhole(Picture(stem), "jpeg");
+        ASSERT_TRUE(store::FindRecord(ports, source, u"12 MAIN ST"_s, key));
+        source.Recordset().Edit();
+        store::SetFieldData(source, u"FRONT VIEW|11111111\r\nREAR VIEW|22222222\r\nLOST|33333333"_s,
+                            u"PHOTOS"_s);
+        source.Recordset().Update();
+    }
+    [[nodiscard]] static QString Picture(const QString& stem) { return u"C:\\JPG\\"_s + stem + u".jpg"_s; }
+    [[nodiscard]] bool Stored(const QString& stem) const { return disk.FileExists(Picture(stem)); }
+    databook::RecordResult Delete()
+    {
+        return databook::DeleteRecord(ports, source, u"12 main st"_s, pictures);
+    }
+};
+
+TEST_F(DeleteWithPictures, ItsPicturesGoWithItAndNoOthers)
+{
+    disk.SetAttr(Picture(stems[1]), files::ReadOnly);
+    const databook::RecordResult deleted = Delete();
+    EXPECT_TRUE(deleted);
+    EXPECT_EQ(deleted.message, QString());
+    EXPECT_EQ(Keys(), QStringList{u"7 OAK AVE"_s});
+    EXPECT_FALSE(Stored(stems[0]));
+    EXPECT_FALSE(Stored(stems[1])) << "write-protected in a report";
+    EXPECT_TRUE(Stored(u"33333333"_s)) << "a line without its end names no picture";
+    EXPECT_FALSE(disk.DirExists(u"C:\\JPG\\TRASHCAN"_s)) << "stored pictures leave no copy";
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(DeleteWithPictures, APictureThatCannotGoIsNamed)
+{
+    ASSERT_TRUE(QFile::setPermissions(disk.ToNative(u"C:\\JPG"_s), QFile::ReadOwner | QFile::ExeOwner));
+    const databook::RecordResult deleted = Delete();
+    const bool root = !Stored(stems[0]); // rights do not bind the superuser
+    QFile::setPermissions(disk.ToNative(u"C:\\JPG"_s),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    EXPECT_TRUE(deleted);
+    EXPECT_EQ(Keys(), QStringList{u"7 OAK AVE"_s});
+    if (root)
+        GTEST_SKIP() << "run by somebody whom rights do not bind";
+    EXPECT_EQ(deleted.message, u"12 MAIN ST was deleted, but these pictures of it could not be: "
+                               u"C:\\JPG\\11111111.jpg, C:\\JPG\\22222222.jpg. Close what shows them and "
+                               u"delete them by hand."_s);
+}
+
+TEST_F(DeleteWithPictures, NoPictureGoesWhileTheRecordIsLocked)
+{
+    engine::Engine othersEngine(disk);
+    const auto other = othersEngine.OpenDatabase(path);
+    engine.SetLockWait(50);
+    {
+        engine::Transaction busy(*other);
+        other->Execute(u"UPDATE COMPS SET CITY = 'Elm'"_s);
+        EXPECT_THROW((void)Delete(), forms::EndOfProgram)
+            << "a locked record ends the program with its message";
+        ASSERT_FALSE(doubles.prompter.Boxes().empty());
+    }
+    EXPECT_TRUE(Stored(stems[0]));
+    EXPECT_TRUE(Stored(stems[1]));
+    EXPECT_EQ(Keys(), unchanged);
+    EXPECT_TRUE(Delete()) << "the lock is gone";
+    EXPECT_FALSE(Stored(stems[0]));
+}
+
+/// Another user at another desk.
+class TwoUsers : public DeleteWithPictures
+{
+protected:
+    engine::Engine othersEngine{disk};
+    store::DataSource other{othersEngine, u"datDatabook"_s};
+    /// The other user does something between this one's look and write.
+    template <class Act>
+    void Meanwhile(Act&& act)
+    {
+        store::Connect2mdb(ports, other, path, table, engine::RecordsetType::Table);
+        doubles.pump.onTurn = [this, act, done = false]() mutable {
+            if (!std::exchange(done, true))
+                act();
+        };
+    }
+    void DeletesIt()
+    {
+        EXPECT_TRUE(store::FindRecord(ports, other, u"12 MAIN ST"_s, key));
+        other.Recordset().Delete();
+    }
+};
+
+TEST_F(TwoUsers, ARecordThatIsDeletedMeanwhileIsToldAndItsPicturesAreLeft)
+{
+    Meanwhile([this] { DeletesIt(); });
+    const databook::RecordResult deleted = Delete();
+    EXPECT_EQ(deleted.outcome, RecordOutcome::NotFound);
+    EXPECT_EQ(deleted.message, u"The address 12 main st is not in the Databook."_s);
+    EXPECT_TRUE(Stored(stems[0])) << "they are the other user's business";
+}
+
+TEST_F(TwoUsers, ARecordThatIsDeletedMeanwhileIsNeitherCopiedNorRenamed)
+{
+    for (const bool copy : {true, false}) {
+        if (!store::FindRecord(ports, source, u"12 MAIN ST"_s, key))
+            AddComps({u"12 MAIN ST"_s});
+        // The first turn is that of the look at the new address, the second that of the old one.
+        int turns = 0;
+        store::Connect2mdb(ports, other, path, table, engine::RecordsetType::Table);
+        doubles.pump.onTurn = [&] {
+            if (++turns == 2)
+                DeletesIt();
+        };
+        const databook::RecordResult result =
+            copy ? databook::CopyRecord(ports, source, u"12 MAIN ST"_s, u"14 MAIN ST"_s)
+                 : databook::RenameRecord(ports, source, u"12 MAIN ST"_s, u"14 MAIN ST"_s);
+        doubles.pump.onTurn = nullptr;
+        EXPECT_EQ(result.outcome, RecordOutcome::NotFound) << copy;
+        EXPECT_EQ(result.message, u"The address 12 MAIN ST is not in the Databook."_s) << copy;
+        EXPECT_EQ(source.Recordset().CurrentEditMode(), engine::EditMode::None);
+        EXPECT_EQ(Keys(), QStringList{u"7 OAK AVE"_s}) << copy;
+    }
+}
+
+#if __has_include(<sys/wait.h>)
+/// A second process that adds, copies, renames and deletes until it is killed.
+[[noreturn]] void WorkUntilKilled(const QString& home, const QString& path, int round)
+{
+    files::Disk disk(home);
+    engine::Engine engine(disk);
+    tests::TestPorts doubles;
+    const forms::Ports ports = doubles.Get();
+    store::DataSource source(engine, QStringLiteral("datDatabook"));
+    store::Connect2mdb(ports, source, path, u"COMPS"_s, engine::RecordsetType::Table);
+    for (int i = 0;; ++i) {
+        const QString name = u"%1 KILL RD %2"_s.arg(i).arg(round);
+        (void)databook::AddRecord(ports, source, name, u'C', 2);
+        (void)databook::CopyRecord(ports, source, name, name + u" B"_s);
+        (void)databook::RenameRecord(ports, source, name + u" B"_s, name + u" C"_s);
+        if (i % 3 == 0)
+            (void)databook::DeleteRecord(ports, source, name, {disk, u"C:\\JPG\\"_s});
+    }
+}
+
+TEST_F(Records, AKillWhileSavingLeavesNoHalfRecord)
+{
+    constexpr int kRounds = 12;
+    source.Close();
+    for (int round = 0; round < kRounds; ++round) {
+        const pid_t child = fork();
+        if (child == 0)
+            WorkUntilKilled(disk.Home(), path, round);
+        ASSERT_GT(child, 0);
+        usleep(static_cast<useconds_t>(60000 + round * 7001));
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+    }
+    Bind(source);
+    engine::Recordset& rows = source.Recordset();
+    int written = 0;
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        const QString name = Raw(key).trimmed();
+        if (!name.contains(u"KILL RD"_s))
+            continue;
+        ++written;
+        EXPECT_EQ(Raw(u"ADDRESS"_s).trimmed(), name);
+        EXPECT_EQ(Raw(u"APPRSLTYPE"_s), u"C"_s) << name.toStdString();
+        EXPECT_EQ(Raw(u"SALEDATE"_s), u"01/01/1900"_s) << name.toStdString();
+        EXPECT_EQ(Raw(u"SALESERIAL"_s), u" 2"_s) << name.toStdString();
+        EXPECT_EQ(Raw(u"LOADDATE"_s), u"5/17/2024"_s) << name.toStdString();
+    }
+    EXPECT_GT(written, kRounds) << "the children were killed at work";
+    EXPECT_TRUE(Add(u"1 AFTERWARDS RD"_s));
+    for (const QString& present : unchanged)
+        EXPECT_TRUE(Keys().contains(present));
+}
+#endif
 
 class CopyAndRename : public Records
 {

@@ -188,8 +188,13 @@ int RunRecords(Session& session, const Output& out, const QStringList& arguments
         }
         if (!session.Prompter().YesNo({}, u"Delete '"_s + key + u"'?"_s))
             return kDeclined;
-        return Report(out, databook::DeleteRecord(session.Ports(), main.sources.datDatabook, key),
-                      key + u" was deleted."_s);
+        const auto deleted = databook::DeleteRecord(session.Ports(), main.sources.datDatabook, key,
+                                                    {session.Disk(), main.globals.G_PhotoDir});
+        if (deleted && !deleted.message.isEmpty()) {
+            out.Error(deleted.message);
+            return kFailed;
+        }
+        return Report(out, deleted, key + u" was deleted."_s);
     }
     if (verb == u"copy"_s && needs(2)) {
         auto& main = session.WithDatabook();
