@@ -1,0 +1,137 @@
+#include "link/price_date_age.h"
+
+#include "common/dates.h"
+#include "common/error_block.h"
+#include "databook/comp_fields.h"
+#include "link/kel_channel.h"
+#include "platform/text/dates.h"
+#include "platform/text/text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace vasclip::link {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString kPending = u"1/1/1900"_s;
+
+/// One cell on its way into the current record.
+class Cell
+{
+public:
+    Cell(store::DataSource& databook, QDate today, const QString& text)
+        : m_databook(databook)
+        , m_today(today)
+        , m_text(text)
+    {
+        if (databook.Recordset().CurrentEditMode() == engine::EditMode::None)
+            databook.Recordset().Edit();
+    }
+
+    bool Price()
+    {
+        static const QString kOfPrices = u"0123456789 ,$"_s;
+        const bool plain = std::all_of(m_text.cbegin(), m_text.cend(),
+                                       [](QChar letter) { return kOfPrices.contains(letter); });
+        if (!plain) {
+            Store(u"PRICEFLD"_s, u"0"_s);
+            return false;
+        }
+        // A number stops at a comma or a sign of money, so these go first.
+        QString digits = m_text;
+        digits.remove(u',').remove(u'$');
+        for (const QString& field : {u"PRICEFLD"_s, u"SELLINGPR"_s})
+            StoreNumber(field, digits);
+        return true;
+    }
+
+    bool Sale()
+    {
+        if (!common::IsDate(m_text, m_today))
+            return false;
+        const QString date = Date();
+        if (common::IsDate(date, m_today)) {
+            Store(u"SALEDATE"_s, Stored(date));
+            Store(u"SALESERIAL"_s, databook::SerialText(date, m_today));
+        } else {
+            Store(u"SALEDATE"_s, kPending);
+        }
+        StoreSized(u"SALEFLD"_s);
+        return true;
+    }
+
+    bool Lease()
+    {
+        const QString date = Date();
+        Store(u"LEASEDATE"_s, common::IsDate(date, m_today) ? Stored(date) : kPending);
+        return false;
+    }
+
+    bool Year()
+    {
+        StoreSized(u"YEARBUILT"_s);
+        const QString age =
+            databook::AgeText(m_text, store::GetFieldData(m_databook, u"SALEDATE"_s), m_today);
+        if (age.isEmpty())
+            Store(u"AGE"_s, store::Trim2Size(m_databook, age, u"AGE"_s)); // no age is none, not 0
+        else
+            StoreNumber(u"AGE"_s, age);
+        return true;
+    }
+
+private:
+    [[nodiscard]] QString Date() const
+    {
+        return common::FixDate(common::ExtractDate(m_text, m_today), m_today);
+    }
+    [[nodiscard]] QString Stored(const QString& date) const
+    {
+        return text::Format(text::ReadDate(date, m_today)->date().startOfDay(), u"mm/dd/yyyy"_s);
+    }
+    void Store(const QString& field, const QString& value) { store::SetFieldData(m_databook, value, field); }
+    void StoreSized(const QString& field) { Store(field, store::Trim2Size(m_databook, m_text, field)); }
+    void StoreNumber(const QString& field, const QString& value)
+    {
+        Store(field, text::Trim(text::Str(store::TrimNum2Size(m_databook, value, field))));
+    }
+
+    store::DataSource& m_databook;
+    QDate m_today;
+    QString m_text;
+};
+
+struct FieldRule
+{
+    QLatin1StringView field;
+    bool (Cell::*store)();
+};
+
+constexpr std::array kRules = {
+    FieldRule{"PRICEFLD"_L1, &Cell::Price},
+    FieldRule{"SALEFLD"_L1, &Cell::Sale},
+    FieldRule{"LEASEDATE"_L1, &Cell::Lease},
+    FieldRule{"YEARBUILT"_L1, &Cell::Year},
+};
+
+} // namespace
+
+QString PriceDateAge(LinkDesk& desk, const QString& field, const QString& report, const QString& item,
+                     bool& handled)
+{
+    const common::RoutineScope scope{"PriceDateAge"};
+    handled = false;
+    const QString text = text::Trim(KelGetFieldInfo(desk.txtDDE, report, item));
+    const QString folded = text::Folded(field);
+    const auto rule = std::find_if(kRules.begin(), kRules.end(),
+                                   [&folded](const FieldRule& row) { return folded == row.field; });
+    if (rule == kRules.end())
+        return text;
+    Cell cell(desk.sources.datDatabook, desk.ports.clock.Today(), text);
+    handled = (cell.*rule->store)();
+    return text;
+}
+
+} // namespace vasclip::link
