@@ -17,6 +17,8 @@
 #include "shell/menus.h"
 #include "shell/slot_icon_pictures.h"
 
+#include <QScopedValueRollback>
+
 namespace vasclip::shell {
 
 using namespace Qt::Literals::StringLiterals;
@@ -99,9 +101,15 @@ void frm_Main::WireControls()
     connect(&report.imaKel, &forms::Control::Clicked, this, [this] { RefreshAppraisal(); });
     connect(&records.cmdRefresh, &forms::Control::Clicked, this, [this] { DisplayAllRecords(); });
     connect(&records.cmdSearch, &forms::Control::Clicked, this, &frm_Main::cmdSearch_Click);
-    connect(&records.cmdEdit, &forms::Control::Clicked, this, &frm_Main::cmdEdit_Click);
-    connect(&records.grddatabook, &forms::Control::DoubleClicked, this, &frm_Main::cmdEdit_Click);
+    connect(&records.cmdEdit, &forms::Control::Clicked, this, &frm_Main::CompEditRecord);
+    connect(&records.grddatabook, &forms::Control::DoubleClicked, this, &frm_Main::CompEditRecord);
     connect(&records.grddatabook, &forms::Grid::RowColChange, this, &frm_Main::grddatabook_RowColChange);
+    connect(&records.txtcentralkey, &forms::TextBox::TextChanged, this, &frm_Main::txtcentralkey_Change);
+    connect(&records.txtcentralkey, &forms::Control::LostFocus, this, &frm_Main::txtcentralkey_LostFocus);
+    connect(&records.cmdAdd, &forms::Control::Clicked, this, &frm_Main::CompAddRecord);
+    connect(&records.cmdDelete, &forms::Control::Clicked, this, &frm_Main::CompDeleteRecord);
+    connect(&records.cmdCopy, &forms::Control::Clicked, this, &frm_Main::CompCopyRecord);
+    connect(&records.cmdRename, &forms::Control::Clicked, this, &frm_Main::CompRenameRecord);
     for (forms::TabControl* tab :
          {&report.TabSubject, &report.TabComp, &report.TabGeneral, &report.TabListing, &report.TabRental})
         connect(tab, &forms::TabControl::TabClicked, this,
@@ -123,7 +131,6 @@ void frm_Main::WireControls()
     for (forms::Button* button :
          {&records.cmdAddManual, &records.cmdPrint, &records.cmdDetails, &report.cmdSubjectAnd})
         button->SetEnabled(false);
-    records.SetScreensThere(false);
     WireGrid();
 }
 
@@ -150,11 +157,14 @@ void frm_Main::cmdSearch_Click()
 
 void frm_Main::grddatabook_RowColChange()
 {
-    if (!sources.datDatabook.Bound() || records.grddatabook.Row() < 0)
+    if (!sources.datDatabook.Bound() || records.grddatabook.Row() < 0 || m_showingRecords)
         return;
     const common::RoutineScope scope{"RowColChange"};
     const QString key = text::Trim(records.grddatabook.CurrentText(u"CENTRALKEY"_s));
-    records.txtcentralkey.SetText(key);
+    {
+        const QScopedValueRollback<bool> showing(m_showingRecords, true); // CheckStatus looks the key up
+        records.txtcentralkey.SetText(key);
+    }
     records.lblDatabookADDR.SetCaption(text::Trim(records.grddatabook.CurrentText(u"ADDRESS"_s)));
     records.CheckStatus(m_base.ports, sources.datDatabook, status);
     if (!m_starting)
@@ -203,6 +213,8 @@ void frm_Main::MenuChosen(const QString& array, int index)
         LaunchAppraisalProgram();
     else if (array == u"mnuFileItem"_s && index == 11)
         Q_EMIT UnloadWanted();
+    else if (array == u"mnuMaintItem"_s && index == 3)
+        MassCity();
     else if (array == u"mnuRefreshItem"_s && index == 0)
         RefreshAppraisal();
     else if (array == u"mnuRefreshItem"_s && index == 2)

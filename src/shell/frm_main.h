@@ -2,6 +2,7 @@
 
 #include "common/globals.h"
 #include "common/status.h"
+#include "databook/record_actions.h"
 #include "databook/record_desk.h"
 #include "drops/drag.h"
 #include "link/report_desk.h"
@@ -91,6 +92,17 @@ public:
     void DisplayAllRecords();
     /// Opens the entry screen of the comp with this key. @return true if something was stored there
     bool LoadCompForm(const QString& key);
+
+    // The "Add a comp" area.
+    void CompAddRecord();
+    void CompEditRecord();
+    void CompDeleteRecord();
+    void CompCopyRecord();
+    void CompRenameRecord();
+    /// Shows the records anew and stands on the row of a key; if the grid has none, the row stays as it was
+    /// and the entry area takes the key.
+    void ShowRecord(const QString& key);
+
     /// A drag ended on a control. Nothing happens for a pair without a rule.
     drops::Outcome Drop(const drops::Drag& drag, forms::Control& target);
     /// Would a drop of this source on this control do something now?
@@ -113,12 +125,16 @@ private:
     void TurnOnMaps();
     void PrepareGrid(bool loadUserLayout, frm_Splash& splash);
     void cmdSearch_Click();
-    void cmdEdit_Click();
     void grddatabook_RowColChange();
     void grddatabook_HeadClick(const QString& field);
     void WireGrid();
     void popGrid_M_Click(int index);
     void ShowGridLayout();
+    void txtcentralkey_Change();
+    void txtcentralkey_LostFocus();
+    void MassCity();
+    [[nodiscard]] databook::RecordWork Records();
+    [[nodiscard]] QStringList ReportAddresses() const;
     void MenuChosen(const QString& array, int index);
     void LaunchAppraisalProgram();
     void SetupChosen(int index);
@@ -142,7 +158,8 @@ private:
     QString m_version;
     bool m_starting = false; ///< within Form_load
     bool m_unloaded = false;
-    bool m_gridReady = false; ///< the layout on show is the user's and is saved at exit
+    bool m_showingRecords = false; ///< rows come and go: the one to stand on is not known yet
+    bool m_gridReady = false;      ///< the layout on show is the user's and is saved at exit
     photos::SlotTable m_slotTable;
     std::unique_ptr<photos::SlotLoader> m_slotLoader;
     std::unique_ptr<databook::GridRows> m_rows;

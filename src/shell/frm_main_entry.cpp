@@ -37,13 +37,4 @@ bool frm_Main::LoadCompForm(const QString& key)
     return true;
 }
 
-/// The record of the address on show, or of the grid's current row.
-void frm_Main::cmdEdit_Click()
-{
-    if (!records.VerifyAddress(status))
-        return;
-    if (LoadCompForm(records.txtcentralkey.Text()))
-        grddatabook_RowColChange();
-}
-
 } // namespace vasclip::shell

@@ -86,7 +86,7 @@ QList<forms::MenuEntry> MaintenanceEntries()
         {0, "Data Correction"_L1},
         {1, kSeparator},
         {2, "Camera Views"_L1},
-        {3, "City Editing"_L1},
+        {3, "City Editing"_L1, Screen::Here},
         {4, "Trashcan Maintenance"_L1},
     });
 }

@@ -8,6 +8,8 @@
 #include "windows/slot_page.h"
 #include "windows/theme.h"
 
+#include <QAbstractButton>
+#include <QAction>
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
@@ -182,6 +184,7 @@ void MainWindow::BuildViewMenu()
         add(tr("&Send to Slot..."), QKeySequence(Qt::CTRL | Qt::Key_Return), [this] { SendToSlot(); });
     send->setIcon(ThemedIcon(QStringLiteral("send")));
     BuildGridMenu(*send);
+    BuildRecordKeys();
     QAction* columns = add(tr("C&olumns..."), {}, [this] { m_ui->grddatabook->ChooseColumns(); });
     menu->addSeparator();
     m_gridActions.append(columns);
@@ -250,6 +253,38 @@ void MainWindow::BuildGridMenu(QAction& send)
         }
         menu.addActions(m_gridActions);
         menu.exec(place);
+    });
+}
+
+/// What the keys of the grid do is what its buttons do; a disabled button's key does nothing.
+void MainWindow::BuildRecordKeys()
+{
+    RecordGrid* grid = m_ui->grddatabook;
+    const auto key = [&](const QString& words, const QKeySequence& keys, QAbstractButton* button) {
+        auto* action = new QAction(words, grid);
+        action->setShortcut(keys);
+        action->setShortcutContext(Qt::WidgetShortcut);
+        connect(action, &QAction::triggered, button, &QAbstractButton::click);
+        grid->addAction(action);
+        m_gridActions.append(action);
+    };
+    auto* fresh = new QAction(tr("Add a comp"), grid);
+    fresh->setShortcut(Qt::Key_Insert);
+    fresh->setShortcutContext(Qt::WidgetShortcut);
+    connect(fresh, &QAction::triggered, this, [this] {
+        m_ui->txtcentralkey->setFocus(Qt::ShortcutFocusReason);
+        m_ui->txtcentralkey->selectAll();
+    });
+    grid->addAction(fresh);
+    key(tr("Edit the record"), Qt::CTRL | Qt::Key_E, m_ui->cmdEdit);
+    key(tr("Copy the record to another address"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, m_ui->cmdCopy);
+    key(tr("Give the record another address"), Qt::CTRL | Qt::Key_R, m_ui->cmdRename);
+    key(tr("Delete the record and its photos"), Qt::Key_Delete, m_ui->cmdDelete);
+    connect(m_ui->txtcentralkey, &QLineEdit::returnPressed, this, [this] {
+        if (m_ui->cmdAdd->isEnabled())
+            m_ui->cmdAdd->click();
+        else
+            m_ui->cmdEdit->click();
     });
 }
 

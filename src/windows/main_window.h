@@ -67,6 +67,7 @@ private:
     void BuildPages();
     void BuildViewMenu();
     void BuildGridMenu(QAction& send);
+    void BuildRecordKeys();
     void Decorate();
     void NamesForReaders();
     void NextPane(int step);

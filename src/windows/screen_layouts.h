@@ -18,5 +18,7 @@ void Layout_frm_FKey(QDialog& window, forms::Screen& screen);
 void Layout_frm_Grid(QDialog& window, forms::Screen& screen);
 void Layout_frm_ChangeDB(QDialog& window, forms::Screen& screen);
 void Layout_frm_Config(QDialog& window, forms::Screen& screen);
+void Layout_frm_MassCity(QDialog& window, forms::Screen& screen);
+void Layout_frm_Rename(QDialog& window, forms::Screen& screen);
 
 } // namespace vasclip::windows

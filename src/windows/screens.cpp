@@ -30,6 +30,8 @@ std::span<const ScreenEntry> Screens()
         {"frm_Grid"_L1, Layout_frm_Grid},
         {"frm_ChangeDB"_L1, Layout_frm_ChangeDB},
         {"frm_Config"_L1, Layout_frm_Config},
+        {"frm_MassCity"_L1, Layout_frm_MassCity},
+        {"frm_Rename"_L1, Layout_frm_Rename},
     };
     // clang-format on
     return kScreens;

@@ -370,4 +370,143 @@ TEST_F(MainScreen, NoLoadKeepsTheUsersLayoutUntilTheEndSavesItAllTheSame)
     EXPECT_TRUE(databook::LayoutFile::Read(home.disk, kUserLayouts).Find(databook::kCurrentLayout));
 }
 
+class RecordButtons : public MainScreen
+{
+protected:
+    void SetUp() override
+    {
+        MainScreen::SetUp();
+        AddComp(u"16 FIR CT"_s, {});
+        for (const QString& pattern :
+             {u"NEWDATA.MDB"_s, u"NEWCMTS.MDB"_s}) // the entry screens look phrases up
+            store::MakeDatabase(engine, u"C:\\VAS2000\\"_s + pattern);
+        Load();
+    }
+    [[nodiscard]] QString Key() const { return main.records.txtcentralkey.Text(); }
+    [[nodiscard]] QString GridKey() const
+    {
+        return text::Trim(main.records.grddatabook.CurrentText(u"CENTRALKEY"_s));
+    }
+    [[nodiscard]] QString Said() const { return main.status.lblmsg.Caption(); }
+};
+
+TEST_F(RecordButtons, FollowTheAddressThatIsTyped)
+{
+    auto& desk = main.records;
+    EXPECT_TRUE(desk.cmdDelete.Enabled() && desk.cmdCopy.Enabled() && desk.cmdRename.Enabled());
+    EXPECT_FALSE(desk.cmdAdd.Enabled());
+    desk.cboapprslType.SetText(u"L=Land"_s);
+    desk.txtcentralkey.SetText(u"99 New Rd"_s);
+    EXPECT_TRUE(desk.cmdAdd.Enabled());
+    EXPECT_FALSE(desk.cmdDelete.Enabled() || desk.cmdCopy.Enabled() || desk.cmdRename.Enabled());
+    Q_EMIT desk.txtcentralkey.LostFocus();
+    EXPECT_EQ(desk.cboapprslType.Text(), u"L=Land"_s) << "the type chosen for a new comp stays";
+    desk.txtcentralkey.SetText(u"16 fir ct"_s);
+    EXPECT_FALSE(desk.cmdAdd.Enabled());
+    EXPECT_TRUE(desk.cmdDelete.Enabled());
+    Q_EMIT desk.txtcentralkey.LostFocus();
+    EXPECT_EQ(desk.cboapprslType.Text(), u"C=Condo"_s);
+}
+
+TEST_F(RecordButtons, AddStandsOnTheNewRow)
+{
+    main.records.txtcentralkey.SetText(u"15 Pine Rd"_s);
+    main.records.cboapprslType.SetText(u"L=Land"_s);
+    doubles.prompter.Forget();
+    doubles.screens.Play([](forms::Screen&) {});
+    Q_EMIT main.records.cmdAdd.Clicked();
+    EXPECT_EQ(doubles.screens.Shown(), QStringList{u"frm_CompMntL"_s});
+    EXPECT_EQ(Rows(), 4);
+    EXPECT_EQ(GridKey(), u"15 PINE RD"_s);
+    EXPECT_EQ(Key(), u"15 PINE RD"_s);
+    EXPECT_EQ(main.records.cboapprslType.Text(), u"L=Land"_s);
+    EXPECT_EQ(Said(), u"15 PINE RD was added."_s);
+    for (const tests::ShownBox& box : doubles.prompter.Boxes())
+        EXPECT_EQ(box.buttons, forms::Buttons::Ok)
+            << box.text.toStdString(); // the comment file tells its steps
+}
+
+TEST_F(RecordButtons, EditOpensTheScreenOfTheRecordsType)
+{
+    ASSERT_TRUE(main.records.cmdEdit.Enabled());
+    doubles.screens.Play([](forms::Screen&) {});
+    Q_EMIT main.records.cmdEdit.Clicked();
+    EXPECT_EQ(doubles.screens.Shown(), QStringList{u"frm_CompMntC"_s});
+}
+
+TEST_F(RecordButtons, DeleteKeepsThePlaceInTheGrid)
+{
+    StandOnRow(u"14 ELM ST"_s);
+    const qint64 row = main.records.grddatabook.Row();
+    ASSERT_EQ(row, 1);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Q_EMIT main.records.cmdDelete.Clicked();
+    EXPECT_EQ(doubles.prompter.Last().text, u"Delete '14 ELM ST'?"_s);
+    EXPECT_EQ(Rows(), 2);
+    EXPECT_EQ(main.records.grddatabook.Row(), row);
+    EXPECT_EQ(Key(), GridKey());
+    EXPECT_EQ(Said(), u"14 ELM ST was deleted."_s);
+}
+
+TEST_F(RecordButtons, TheLastRecordLeavesAnEmptyGrid)
+{
+    doubles.prompter.AnswerAlways(forms::Answer::Yes);
+    for (int i = 0; i < 3; ++i)
+        Q_EMIT main.records.cmdDelete.Clicked();
+    EXPECT_EQ(Rows(), 0);
+    EXPECT_EQ(main.records.grddatabook.Row(), -1);
+    EXPECT_FALSE(home.disk.FileExists(u"C:\\JPG\\OAK.jpg"_s)) << "its picture went too";
+}
+
+TEST_F(RecordButtons, CopyAndRenameStandOnTheirRecord)
+{
+    StandOnRow(u"14 ELM ST"_s);
+    for (const auto& [button, name] :
+         {std::pair{&main.records.cmdCopy, u"18 Ash St"_s}, {&main.records.cmdRename, u"20 Yew St"_s}}) {
+        doubles.screens.Play([name](forms::Screen& screen) {
+            auto* box = dynamic_cast<forms::ComboBox*>(screen.controls.Find(u"cboNewName"_s));
+            ASSERT_NE(box, nullptr);
+            box->SetText(name);
+            Q_EMIT screen.controls.Find(u"cmdRename"_s)->Clicked();
+        });
+        Q_EMIT button->Clicked();
+        EXPECT_EQ(GridKey(), name.toUpper());
+        EXPECT_EQ(Key(), name.toUpper());
+    }
+    EXPECT_EQ(Rows(), 4);
+}
+
+TEST_F(RecordButtons, ARecordOutsideTheSearchOnDisplayStaysInTheEntryArea)
+{
+    auto& state = main.records.state;
+    state.sqlText = u"SELECT COMPS.CENTRALKEY FROM COMPS WHERE COMPS.CENTRALKEY LIKE '14*'"_s;
+    state.searchOnDisplay = true;
+    main.DisplayAllRecords();
+    ASSERT_EQ(Rows(), 1);
+    main.records.txtcentralkey.SetText(u"15 Pine Rd"_s);
+    main.records.cboapprslType.SetText(u"L=Land"_s);
+    doubles.screens.Play([](forms::Screen&) {});
+    Q_EMIT main.records.cmdAdd.Clicked();
+    EXPECT_EQ(Rows(), 1);
+    EXPECT_EQ(Key(), u"15 PINE RD"_s);
+    EXPECT_TRUE(main.records.cmdDelete.Enabled());
+}
+
+TEST_F(RecordButtons, CityEditingShowsWhatItChanged)
+{
+    StandOnRow(u"14 ELM ST"_s);
+    doubles.screens.Play([](forms::Screen& screen) {
+        EXPECT_EQ(screen.Name(), u"frm_MassCity"_s);
+        while (dynamic_cast<forms::Label*>(screen.controls.Find(u"lblCentralKey"_s))->Caption() !=
+               u"14 ELM ST"_s)
+            Q_EMIT screen.controls.Find(u"cmdnext"_s)->Clicked();
+        dynamic_cast<forms::TextBox*>(screen.controls.Find(u"txtCity"_s))->SetText(u"Marlow"_s);
+        Q_EMIT screen.controls.Find(u"cmdOk"_s)->Clicked();
+    });
+    main.mnuMaintItem.Choose(u"mnuMaintItem"_s, 3);
+    EXPECT_EQ(doubles.screens.Shown(), QStringList{u"frm_MassCity"_s});
+    EXPECT_EQ(GridKey(), u"14 ELM ST"_s);
+    EXPECT_EQ(text::Trim(main.records.grddatabook.CurrentText(u"CITY"_s)), u"Marlow"_s);
+}
+
 } // namespace
