@@ -81,6 +81,74 @@ TEST_F(Vasctl, AddsEditsCopiesRenamesAndDeletes)
     EXPECT_EQ(home.Vasctl({u"records"_s, u"find"_s, u"16 O'Brien Ct"_s}).code, kNotFound);
 }
 
+TEST_F(Vasctl, ADeletedRecordTakesItsPictures)
+{
+    QString key, stem;
+    for (const QJsonValue& value :
+         home.Vasctl({u"sql"_s, u"SELECT CENTRALKEY, PHOTOS FROM COMPS"_s}).Array()) {
+        const QString photos = value.toObject()[u"PHOTOS"_s].toString();
+        if (!photos.contains(u'|'))
+            continue;
+        key = value.toObject()[u"CENTRALKEY"_s].toString().trimmed();
+        stem = photos.section(u'|', 1, 1).section(u'\r', 0, 0);
+        break;
+    }
+    ASSERT_FALSE(stem.isEmpty());
+    const QString picture = home.Vasctl({u"settings"_s, u"get"_s, u"PHOTODIR"_s})
+                                .Object()[u"value"_s]
+                                .toString()
+                                .mid(3)
+                                .replace(u'\\', u'/') +
+                            u'/' + stem + u".jpg"_s;
+    ASSERT_TRUE(QFile::exists(home.Native(picture))) << picture.toStdString();
+    EXPECT_EQ(home.Vasctl({u"--no"_s, u"records"_s, u"delete"_s, key}).code, kDeclined);
+    EXPECT_TRUE(QFile::exists(home.Native(picture)));
+    EXPECT_EQ(home.Vasctl({u"--yes"_s, u"records"_s, u"delete"_s, key}).code, kDone);
+    EXPECT_FALSE(QFile::exists(home.Native(picture)));
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"find"_s, key}).code, kNotFound);
+}
+
+TEST_F(Vasctl, TheCityListIsKept)
+{
+    const auto before = home.Vasctl({u"cities"_s, u"list"_s}).Array().size();
+    const QStringList add{u"cities"_s, u"add"_s,   u"--city"_s, u"Port O'Ellis"_s, u"--state"_s,
+                          u"WA"_s,     u"--zip"_s, u"98111"_s,  u"--county"_s,     u"Skagit"_s};
+    EXPECT_EQ(home.Vasctl(add).code, kDone);
+    EXPECT_EQ(home.Vasctl(add).code, kFailed) << "a line stands once";
+    const auto list = home.Vasctl({u"cities"_s, u"list"_s}).Array();
+    ASSERT_EQ(list.size(), before + 1);
+    const QJsonObject line = list.last().toObject();
+    EXPECT_EQ(line[u"LINE"_s].toString(), u"Port O'Ellis, WA  98111  Skagit"_s);
+    EXPECT_EQ(line[u"COUNTY"_s].toString(), u"Skagit"_s);
+    EXPECT_EQ(home.Vasctl({u"cities"_s, u"add"_s, u"--state"_s, u"WA"_s}).code, kUsage);
+    EXPECT_EQ(home.Vasctl({u"cities"_s, u"delete"_s, u"Nowhere"_s}).code, kNotFound);
+    const QStringList remove{u"cities"_s, u"delete"_s, u"port o'ellis, WA  98111  Skagit"_s};
+    EXPECT_EQ(home.Vasctl(QStringList{u"--no"_s} + remove).code, kDeclined);
+    EXPECT_EQ(home.Vasctl(QStringList{u"--yes"_s} + remove).code, kDone);
+    EXPECT_EQ(home.Vasctl({u"cities"_s, u"list"_s}).Array().size(), before);
+}
+
+TEST_F(Vasctl, ANeighborhoodGetsItsCity)
+{
+    for (const QString& key : {u"1 Test Ln"_s, u"2 Test Ln"_s})
+        ASSERT_EQ(home.Vasctl({u"records"_s, u"add"_s, key, u"--set"_s, u"NEIGHBORHD=Test's End"_s}).code,
+                  kDone);
+    const auto assigned = home.Vasctl({u"cities"_s, u"assign"_s, u"test's end"_s, u"--city"_s, u"Marlow"_s,
+                                       u"--state"_s, u"WA"_s, u"--zip"_s, u"98210"_s});
+    EXPECT_EQ(assigned.code, kDone) << assigned.err.toStdString();
+    EXPECT_EQ(assigned.Object()[u"message"_s].toString(), u"2 records of test's end were changed."_s);
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"show"_s, u"2 Test Ln"_s}).Object()[u"CITY"_s].toString(),
+              u"Marlow"_s);
+    EXPECT_EQ(home.Vasctl({u"cities"_s, u"assign"_s, u"Nowhere"_s, u"--city"_s, u"Marlow"_s}).code,
+              kNotFound);
+    EXPECT_EQ(home.Vasctl({u"cities"_s, u"assign"_s, u" "_s, u"--city"_s, u"Marlow"_s}).code, kUsage);
+    EXPECT_EQ(home.Vasctl({u"--no"_s, u"cities"_s, u"assign"_s, u"Test's End"_s}).code, kDeclined);
+    EXPECT_EQ(home.Vasctl({u"cities"_s, u"assign"_s, u"Test's End"_s, u"--zip"_s, QString(40, u'9')}).code,
+              kUsage);
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"show"_s, u"2 Test Ln"_s}).Object()[u"ZIP"_s].toString(),
+              u"98210"_s);
+}
+
 TEST_F(Vasctl, AWrongFieldLeavesNoHalfRecord)
 {
     const auto added = home.Vasctl({u"records"_s, u"add"_s, u"9 Half Rd"_s, u"--set"_s, u"NOFIELD=1"_s});

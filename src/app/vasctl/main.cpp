@@ -24,9 +24,14 @@ Commands:
   records show KEY        one record with every field that holds something
   records add KEY [--type F|C|S|R|L|M] [--set FIELD=VALUE ...]
   records edit KEY --set FIELD=VALUE [--set ...]
-  records delete KEY      asks first
+  records delete KEY      asks first; the record's pictures go too
   records copy KEY NEW    a second record under a new address
   records rename KEY NEW
+  cities list             the city list, line by line
+  cities add --city CITY [--state ST] [--zip ZIP] [--county COUNTY]
+  cities delete LINE      a line as 'cities list' prints it, or its number; asks first
+  cities assign NEIGHBORHOOD --city CITY [--state ST] [--zip ZIP] [--county COUNTY]
+                          gives them to every record of a neighborhood; what is left out becomes blank
   sql "SELECT ..."        a query in the program's SQL, read only
   report status           the report that is open in the forms program
   report pages            its pages and what their slots hold
@@ -59,6 +64,8 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
     const QString command = arguments.isEmpty() ? QString() : arguments.takeFirst();
     if (command == u"records"_s)
         return RunRecords(session, out, arguments, options);
+    if (command == u"cities"_s)
+        return RunCities(session, out, arguments, options);
     if (command == u"sql"_s)
         return RunSql(session, out, arguments);
     if (command == u"report"_s)
@@ -106,6 +113,10 @@ int main(int argc, char* argv[])
          u"WORD"_s},
         {u"on"_s, u"Where to drop: SLOT:INDEX."_s, u"SLOT"_s},
         {u"type"_s, u"Comp type of a new record (F)."_s, u"LETTER"_s},
+        {u"city"_s, u"A city."_s, u"NAME"_s},
+        {u"state"_s, u"Its state."_s, u"ST"_s},
+        {u"zip"_s, u"Its ZIP code."_s, u"ZIP"_s},
+        {u"county"_s, u"Its county."_s, u"NAME"_s},
         {u"set"_s, u"Gives a field a value; may be given several times."_s, u"FIELD=VALUE"_s},
         {u"where"_s, u"Only records for which this SQL condition holds."_s, u"SQL"_s},
         {u"sort"_s, u"Sort by a field; \"FIELD DESC\" for downward."_s, u"FIELD"_s},

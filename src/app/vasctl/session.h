@@ -61,6 +61,8 @@ private:
 // The commands. Each prints through `out` and returns an exit code.
 int RunRecords(Session& session, const Output& out, const QStringList& arguments,
                const QCommandLineParser& options);
+int RunCities(Session& session, const Output& out, const QStringList& arguments,
+              const QCommandLineParser& options);
 int RunSql(Session& session, const Output& out, const QStringList& arguments);
 int RunReport(Session& session, const Output& out, const QStringList& arguments);
 int RunRefresh(Session& session, const Output& out);
