@@ -116,6 +116,7 @@ public:
         std::exit(1);
     }
     QString OpenDialog(const QString&, const QString&, const QString&) override { return {}; }
+    QString ChooseDirectory(const QString&, const QString&) override { return {}; }
 };
 class Still : public forms::EventPump
 {
