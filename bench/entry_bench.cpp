@@ -46,6 +46,7 @@ public:
         return forms::Answer::Cancel;
     }
     QString OpenDialog(const QString&, const QString&, const QString&) override { return {}; }
+    QString ChooseDirectory(const QString&, const QString&) override { return {}; }
 };
 
 class Nowhere : public forms::WindowPort

@@ -165,6 +165,7 @@ TEST_F(CommentStore, WhatAnotherUserPutOnTheKeyMeanwhileIsAskedFor)
             return forms::Answer::Yes;
         }
         QString OpenDialog(const QString&, const QString&, const QString&) override { return {}; }
+        QString ChooseDirectory(const QString&, const QString&) override { return {}; }
         QStringList texts;
         std::function<void(int)> meddle;
     } meddler;
