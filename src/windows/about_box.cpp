@@ -28,6 +28,7 @@ QLabel* Plain(const QString& text, const char* role, QWidget* parent)
 AboutBox::AboutBox(const AboutText& text, QWidget* parent)
     : QDialog(parent)
 {
+    setObjectName(QStringLiteral("frm_About"));
     setWindowTitle(tr("About %1").arg(text.product));
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(24, 24, 24, 16);

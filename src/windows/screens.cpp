@@ -50,6 +50,7 @@ ScreenWindow::ScreenWindow(forms::Screen& screen, EventGuard& guard, QWidget* pa
         throw RuntimeError(error::kInvalidOperation,
                            QStringLiteral("The screen %1 has no window").arg(screen.Name()));
     entry->layout(*this, screen);
+    setObjectName(screen.Name());
     setWindowIcon(ApplicationIcon());
     setWindowTitle(screen.Caption());
     connect(&screen, &forms::Screen::CaptionChanged, this, [this] { setWindowTitle(m_screen.Caption()); });

@@ -1,7 +1,8 @@
 #include "app/places.h"
 #include "app/shell_drops.h"
+#include "app/vasclip/fixed_clock.h"
 #include "app/vasclip/places_report.h"
-#include "app/vasclip/tour.h"
+#include "app/vasclip/tour/tour.h"
 #include "common/error_block.h"
 #include "forms/system_ports.h"
 #include "platform/conduit/socket_conduit.h"
@@ -48,6 +49,7 @@ struct Options
     QString socket;
     int linkTimeLimitMs = 5000;
     QString tour;
+    QDate today; ///< invalid: the machine's
     QString places;
     bool quitWhenPainted = false;
     QString commandLine; ///< what the program's own switches are read from
@@ -70,6 +72,7 @@ std::optional<Options> ReadOptions(const QStringList& arguments)
         {u"tour"_s,
          u"Plays the main job through by itself and leaves pictures and the filled report in DIR."_s,
          u"DIR"_s},
+        {u"today"_s, u"Takes this day for today; for pictures that look the same again."_s, u"YYYY-MM-DD"_s},
         {u"places"_s, u"Writes where each control stands on the screen to FILE; for automation."_s,
          u"FILE"_s},
         {u"quit-when-painted"_s, u"Ends as soon as the grid stands on the screen; for measuring."_s},
@@ -90,6 +93,11 @@ std::optional<Options> ReadOptions(const QStringList& arguments)
     options.tour = parser.value(u"tour"_s);
     options.places = parser.value(u"places"_s);
     options.quitWhenPainted = parser.isSet(u"quit-when-painted"_s);
+    options.today = QDate::fromString(parser.value(u"today"_s), Qt::ISODate);
+    if (parser.isSet(u"today"_s) && !options.today.isValid()) {
+        std::fprintf(stderr, "vasclip: --today takes a day as 2026-06-30.\n");
+        return std::nullopt;
+    }
     bool number = false;
     const double seconds = parser.value(u"time-limit"_s).toDouble(&number);
     if (!number || seconds <= 0 || seconds > 3600) {
@@ -127,6 +135,7 @@ public:
         , m_theme(app, &m_settings)
         , m_prompter(m_disk)
         , m_guard(m_prompter, [this](int code) { End(code); })
+        , m_clock(options.today)
         , m_main({m_disk, m_engine, Link(), {m_prompter, m_pump, m_clock, m_random, m_desktop, m_screens}})
         , m_splash({m_prompter, m_pump, m_clock, m_random, m_desktop, m_screens})
         , m_drops(m_main)
@@ -258,7 +267,7 @@ private:
     windows::WindowDesktop m_desktop;
     windows::WindowScreens m_screens;
     forms::QtEventPump m_pump;
-    forms::SystemClock m_clock;
+    app::FixedClock m_clock;
     forms::SystemRandom m_random;
     shell::frm_Main m_main;
     shell::frm_Splash m_splash;

@@ -1,0 +1,131 @@
+// The steps of the tour that work with the report.
+
+#include "app/vasclip/tour/steps.h"
+#include "databook/records.h"
+#include "platform/text/text.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace vasclip::app {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int kComps = 9;
+
+struct Stop
+{
+    QString key;
+    int slot;
+};
+
+/// Single-family comps with a front photo that do not stand in the report yet.
+QStringList Candidates(shell::frm_Main& main)
+{
+    const auto rows = main.sources.datDatabook.Database().OpenRecordset(
+        u"SELECT CENTRALKEY FROM ["_s + main.globals.G_Table +
+            u"] WHERE FRONT = '1' AND APPRSLTYPE = 'F' ORDER BY CENTRALKEY"_s,
+        engine::RecordsetType::Dynaset);
+    QStringList keys;
+    for (; !rows->Eof() && keys.size() < 3; rows->MoveNext()) {
+        const QString key = text::Folded(rows->Value(0).toString());
+        bool there = text::Folded(main.report.txtSubject.Text()) == key;
+        for (int i = 1; i <= kComps; ++i)
+            there = there || text::Folded(main.report.txtComp(i).Text()) == key;
+        if (!there)
+            keys.append(key);
+    }
+    return keys;
+}
+
+bool DropOne(const Stage& stage, const Stop& stop)
+{
+    shell::frm_Main& main = stage.main;
+    forms::Control* target = main.controls.Find(u"txtComp"_s, stop.slot);
+    const qint64 row = main.sources.datsql.Recordset().PositionOf([&] {
+        auto& databook = main.sources.datDatabook;
+        if (!store::FindRecord(main.Base().ports, databook, stop.key, u"Centralkey"_s))
+            return engine::Bookmark(-1);
+        return databook.Recordset().GetBookmark();
+    }());
+    if (!target || row < 0)
+        return stage.tour.Fail(u"%1 or the slot txtComp(%2) is not there."_s.arg(stop.key).arg(stop.slot));
+    main.report.TabData.SetTab(1);
+    main.report.TabComp.SetTab((stop.slot - 1) / 3);
+    main.records.grddatabook.SetRow(row);
+    const QString before = main.report.txtComp(stop.slot).Text();
+    const int pokes = stage.recorder.Pokes();
+    const drops::Outcome outcome = main.Drop(main.grddatabook_dragCell(), *target);
+    const int sent = stage.recorder.Pokes() - pokes;
+    stage.tour.Step(u"Dropped %1 on comp %2%3: %4 fields sent."_s.arg(stop.key)
+                        .arg(stop.slot)
+                        .arg(before.isEmpty() ? QString() : u", which held "_s + before)
+                        .arg(sent));
+    stage.tour.Shoot(stage.window, u"drop-on-comp-%1"_s.arg(stop.slot));
+    return outcome.done && sent > 0;
+}
+
+void AnswerYes(const Stage& stage, QWidget& dialog)
+{
+    auto* box = qobject_cast<QMessageBox*>(&dialog);
+    if (!box)
+        return;
+    stage.tour.Step(u"Asked: \"%1\" - answered Yes."_s.arg(box->text()));
+    stage.tour.Shoot(*box, u"question"_s);
+    if (auto* yes = box->button(QMessageBox::Yes))
+        yes->click();
+}
+
+} // namespace
+
+bool Started(const Stage& stage)
+{
+    stage.tour.Shoot(stage.window, u"started"_s);
+    return true;
+}
+
+bool RefreshReport(const Stage& stage)
+{
+    shell::frm_Main& main = stage.main;
+    main.RefreshAppraisal();
+    stage.tour.Step(u"Refreshed: report %1, forms %2, subject %3."_s.arg(
+        main.addr.txtKelReport.Text(), main.addr.txtKelListForms.Text(), main.report.txtSubject.Text()));
+    main.report.TabData.SetTab(0);
+    stage.tour.Shoot(stage.window, u"subject"_s);
+    main.report.TabData.SetTab(1);
+    stage.tour.Shoot(stage.window, u"refreshed"_s);
+    return !main.addr.txtKelReport.Text().isEmpty();
+}
+
+bool DropComps(const Stage& stage)
+{
+    shell::frm_Main& main = stage.main;
+    const QStringList keys = Candidates(main);
+    int filled = 0;
+    int empty = 0;
+    for (int i = 1; i <= kComps; ++i) {
+        const bool blank = text::Trim(main.report.txtComp(i).Text()).isEmpty();
+        if (!blank && filled == 0)
+            filled = i;
+        if (blank && empty == 0)
+            empty = i;
+    }
+    if (keys.size() < 3 || filled == 0 || empty == 0)
+        return stage.tour.Fail(
+            u"The home has no three comps to drop, or the report no filled and no empty slot."_s);
+    bool done = DropOne(stage, {keys[0], empty});
+    done = DropOne(stage, {keys[1], empty < 4 ? 4 : empty + 1}) && done;
+    bool replaced = false;
+    const bool asked = stage.tour.During(
+        u"The question before a comp is replaced"_s,
+        [&] {
+            replaced = DropOne(stage, {keys[2], filled});
+        },
+        [&](QWidget& box) { AnswerYes(stage, box); });
+    stage.tour.ShootFormsProgram(u"report"_s);
+    return done && replaced && asked;
+}
+
+} // namespace vasclip::app

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "app/vasclip/tour/tour.h"
+
+#include <QLatin1StringView>
+
+#include <span>
+
+namespace vasclip::app {
+
+/// What a step of the tour plays on.
+struct Stage
+{
+    Tour& tour;
+    shell::frm_Main& main;
+    QWidget& window; ///< the main window
+    const LinkRecorder& recorder;
+};
+
+struct TourStep
+{
+    QLatin1StringView name;
+    bool (*play)(const Stage& stage); ///< @return false if it did not do what it should
+};
+
+/// All of them, in the order they are played: a row each in steps.cpp. A step leaves the home as it was,
+/// since the next tour plays on it again, and closes what it opened.
+[[nodiscard]] std::span<const TourStep> TourSteps();
+
+// tour/report.cpp
+bool Started(const Stage& stage);
+bool RefreshReport(const Stage& stage);
+bool DropComps(const Stage& stage);
+
+// tour/records.cpp
+bool FindByWords(const Stage& stage);
+bool SearchByField(const Stage& stage);
+bool RenameRecord(const Stage& stage);
+bool EntryScreens(const Stage& stage);
+bool PhrasesOfAField(const Stage& stage);
+bool CalendarOfADate(const Stage& stage);
+
+// tour/settings.cpp
+bool GridLayouts(const Stage& stage);
+bool Settings(const Stage& stage);
+bool Cities(const Stage& stage);
+bool Databases(const Stage& stage);
+bool AboutAndNews(const Stage& stage);
+
+} // namespace vasclip::app
