@@ -3,60 +3,8 @@
 #include <QtEndian>
 
 #include <cstdlib>
-#include <cstring>
 
 namespace vasclip::picture {
-
-namespace {
-
-constexpr unsigned char kMark = 0xFF;
-constexpr unsigned char kStartOfImage = 0xD8;
-constexpr unsigned char kEndOfImage = 0xD9;
-constexpr unsigned char kStartOfScan = 0xDA;
-
-/// Markers that stand alone, without a length: restarts, temporary use, and the stuffed zero.
-bool StandsAlone(unsigned char marker)
-{
-    return marker == 0x00 || marker == 0x01 || (marker >= 0xD0 && marker <= 0xD7);
-}
-
-} // namespace
-
-bool IsJpeg(QByteArrayView bytes)
-{
-    return bytes.size() >= 3 && bytes.startsWith("\xFF\xD8\xFF");
-}
-
-bool IsWholeJpeg(QByteArrayView bytes)
-{
-    const auto* at = reinterpret_cast<const unsigned char*>(bytes.data());
-    const auto* const end = at + bytes.size();
-    bool inScan = false;
-    while (at < end) {
-        const auto* mark =
-            static_cast<const unsigned char*>(std::memchr(at, kMark, static_cast<std::size_t>(end - at)));
-        if (!mark)
-            return false;
-        at = mark;
-        while (at < end && *at == kMark)
-            ++at;
-        if (at == end)
-            return false;
-        const unsigned char marker = *at++;
-        if (marker == kEndOfImage)
-            return inScan;
-        if (marker == kStartOfImage || StandsAlone(marker))
-            continue;
-        if (end - at < 2)
-            return false;
-        const auto length = static_cast<std::ptrdiff_t>(at[0] << 8 | at[1]);
-        if (length < 2 || length > end - at)
-            return false;
-        at += length;
-        inScan = inScan || marker == kStartOfScan;
-    }
-    return false;
-}
 
 bool IsBmp(QByteArrayView bytes)
 {

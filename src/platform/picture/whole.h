@@ -4,13 +4,7 @@
 
 namespace vasclip::picture {
 
-/// True for bytes that begin as a JPEG does.
-[[nodiscard]] bool IsJpeg(QByteArrayView bytes);
-
-// Decoders fill what is missing with grey or black and report nothing; these find out what is cut short.
-
-/// True if a JPEG runs through to the end of its image.
-[[nodiscard]] bool IsWholeJpeg(QByteArrayView bytes);
+// The decoder fills what is missing with black and reports nothing; these find out what is cut short.
 
 /// True for bytes that begin as a BMP does.
 [[nodiscard]] bool IsBmp(QByteArrayView bytes);

@@ -1,5 +1,6 @@
 #include "platform/picture/picture.h"
 
+#include "platform/picture/jpeg_reader.h"
 #include "platform/picture/whole.h"
 #include "platform/text/runtime_error.h"
 #include "support/temp_home.h"
@@ -225,21 +226,6 @@ TEST_F(PictureTest, TransparencyBecomesWhite)
     QImage clear(16, 16, QImage::Format_ARGB32);
     clear.fill(Qt::transparent);
     EXPECT_GT(FromBytes(ToJpeg(clear, 90), u"a"_s).pixelColor(8, 8).lightness(), 250);
-}
-
-TEST(IsWholeJpeg, NeedsTheEndOfTheImageItself)
-{
-    const QByteArray whole = Encoded(Halves(60, 40), "JPG");
-    EXPECT_TRUE(IsWholeJpeg(whole));
-    EXPECT_TRUE(IsWholeJpeg(whole + "camera notes behind the picture"));
-    EXPECT_FALSE(IsWholeJpeg(whole.chopped(2)));
-    EXPECT_FALSE(IsWholeJpeg("\xFF\xD8\xFF\xD9"));
-    EXPECT_FALSE(IsWholeJpeg(""));
-    // the end of an embedded thumbnail is not the end of the picture
-    QByteArray embedded = whole.chopped(2);
-    const QByteArray thumbnail = QByteArray("\xFF\xE1\x00\x08", 4) + "ab\xFF\xD9zz";
-    EXPECT_FALSE(IsWholeJpeg(embedded.insert(2, thumbnail)));
-    EXPECT_TRUE(IsWholeJpeg(embedded + "\xFF\xD9"));
 }
 
 TEST(IsWholeBmp, CountsTheRows)

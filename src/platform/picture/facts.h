@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/files/disk.h"
+
+#include <QDateTime>
+#include <QImage>
+#include <QSize>
+#include <QString>
+
+namespace vasclip::picture {
+
+/// What a camera notes beside its picture and what stays with it when it is written again.
+struct Notes
+{
+    QDateTime taken; ///< local time of the camera; invalid if it is not told
+    QString make, model;
+    bool operator==(const Notes&) const = default;
+};
+
+/// What a picture file says of itself, from its head alone.
+struct Facts
+{
+    QSize size;          ///< upright; empty for a format whose head does not tell
+    QString format;      ///< "JPEG", "BMP", "PNG", "TIFF", "HEIC", ...; empty if it is no picture
+    QString compression; ///< "JPEG", "JPEG progressive", "RLE", "None", ...; empty if it is not told
+    int bitsPerPixel = 0;
+    int orientation = 1; ///< 1 to 8 as in EXIF
+    Notes notes;
+};
+
+/// @throws RuntimeError 52, 53, 481 as picture::Load, without decoding anything
+[[nodiscard]] Facts Describe(const files::Disk& disk, const QString& path);
+[[nodiscard]] Facts DescribeNativeFile(const QString& nativePath, const QString& name);
+
+/// The small picture that a camera puts into the head of its file, upright. It may have another shape than
+/// the picture (black bars above and below).
+/// @return a null image if there is none, also for a file that is not there or can't be read
+[[nodiscard]] QImage EmbeddedThumbnail(const files::Disk& disk, const QString& path) noexcept;
+/// For threads that work beside the rules.
+[[nodiscard]] QImage EmbeddedThumbnailOfNativeFile(const QString& nativePath) noexcept;
+
+} // namespace vasclip::picture
