@@ -1,5 +1,7 @@
 #include "photos/photo_lists.h"
 
+#include "common/error_block.h"
+#include "photos/photo_messages.h"
 #include "store/store.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -36,6 +38,37 @@ void ReadPhotoLists(const store::DataSource& source, forms::ListBox& views, form
     for (const auto& [view, stem] : ParsePhotos(store::GetFieldData(source, u"PHOTOS"_s))) {
         views.AddItem(view);
         stems.AddItem(stem);
+    }
+}
+
+QString ComposePhotos(const forms::ListBox& views, const forms::ListBox& stems)
+{
+    QString photos;
+    for (int row = 0; row < views.ListCount(); ++row)
+        photos += views.List(row) + u'|' + stems.List(row) + u"\r\n"_s;
+    return photos.isEmpty() ? u" "_s : photos;
+}
+
+void SetFrontFlag(store::DataSource& source, const forms::ListBox& views)
+{
+    store::SetFieldData(source, views.IndexOf(kFrontView) >= 0 ? u"1"_s : QString(), u"FRONT"_s);
+}
+
+void WritePhotoLists(const forms::Ports& ports, store::DataSource& source, const forms::ListBox& views,
+                     const forms::ListBox& stems)
+{
+    const common::RoutineScope scope{"WritePhotoLists"};
+    const QString key = store::GetFieldData(source, u"CENTRALKEY"_s);
+    engine::Recordset& recordset = source.Recordset();
+    recordset.Edit();
+    try {
+        store::SetFieldData(source, ComposePhotos(views, stems), u"PHOTOS"_s);
+        SetFrontFlag(source, views);
+        store::Updateandfind(ports, source, key);
+    } catch (const RuntimeError&) {
+        if (recordset.CurrentEditMode() != engine::EditMode::None)
+            recordset.CancelUpdate();
+        throw;
     }
 }
 

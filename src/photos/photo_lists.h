@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/controls.h"
+#include "forms/ports.h"
 #include "store/data_source.h"
 
 namespace vasclip::photos {
@@ -23,5 +24,16 @@ void ReadPhotoLists(const store::DataSource& source, forms::ListBox& views, form
 /// The photos of a PHOTOS text: view, "|", stem, CR LF for each. A last line without CR LF is lost; an empty
 /// line ends the reading; a line without "|" is a view without a stem.
 [[nodiscard]] QList<PhotoPair> ParsePhotos(const QString& photos);
+
+/// The PHOTOS text of two lists; a single blank for empty ones.
+[[nodiscard]] QString ComposePhotos(const forms::ListBox& views, const forms::ListBox& stems);
+
+/// Sets FRONT of the current record, which must be in edit mode: "1" if the views hold "FRONT VIEW", else "".
+void SetFrontFlag(store::DataSource& source, const forms::ListBox& views);
+
+/// Writes PHOTOS and FRONT of the current record from the lists, in one update, and stands on it again.
+/// @throws RuntimeError as Recordset::Update; the record is then as it was
+void WritePhotoLists(const forms::Ports& ports, store::DataSource& source, const forms::ListBox& views,
+                     const forms::ListBox& stems);
 
 } // namespace vasclip::photos

@@ -1,0 +1,116 @@
+#include "photos/photo_records.h"
+
+#include "common/error_block.h"
+#include "common/paths.h"
+#include "photos/front_view.h"
+#include "photos/photo_copies.h"
+#include "photos/photo_files.h"
+#include "photos/photo_messages.h"
+#include "platform/text/text.h"
+
+namespace vasclip::photos {
+
+using namespace Qt::Literals::StringLiterals;
+using common::RoutineScope;
+
+namespace {
+
+QString FileOf(const PhotoDesk& desk, const QString& stem)
+{
+    return common::CkRSlash(desk.globals.G_PhotoDir) + text::Trim(stem) + u".JPG"_s;
+}
+
+/// Back among the pictures that wait to be filed, where it may be overwritten and deleted like them.
+/// @return false if there is a file and no copy of it came to be
+bool GiveBack(PhotoDesk& desk, const QString& file)
+{
+    if (!desk.disk.FileExists(file))
+        return true;
+    const QString copy = common::CkRSlash(desk.globals.G_CaptureDir) + file.mid(file.lastIndexOf(u'\\') + 1);
+    if (desk.disk.FileExists(copy))
+        desk.disk.SetAttr(copy, files::Normal);
+    if (!CopyThePhoto(desk, file))
+        return false;
+    desk.disk.SetAttr(copy, files::Normal);
+    return true;
+}
+
+/// Takes the pair out of both lists, wherever it stands in them.
+void RemovePair(PhotoLists& lists, const QString& view, const QString& stem)
+{
+    for (int row = lists.lstViews.ListCount() - 1; row >= 0; --row) {
+        if (text::Folded(lists.lstViews.List(row)) != text::Folded(view) ||
+            text::Folded(lists.lstimages.List(row)) != text::Folded(stem))
+            continue;
+        lists.lstViews.RemoveItem(row);
+        lists.lstimages.RemoveItem(row);
+    }
+}
+
+void ShowFirst(PhotoDesk& desk, forms::PictureBox& geamaintain)
+{
+    desk.lists.lstViews.SetListIndex(0);
+    const QString path = FileOf(desk, desk.lists.lstimages.List(0));
+    if (text::Folded(desk.loader.Table().ErrGetPict(geamaintain)) != text::Folded(path))
+        SelectPhoto(desk.lists, desk.loader, geamaintain, desk.disk,
+                    common::CkRSlash(desk.globals.G_PhotoDir));
+}
+
+void ShowNone(PhotoDesk& desk, forms::PictureBox& geamaintain)
+{
+    desk.lists.txtView.SetText({});
+    desk.lists.txtimage.SetText({});
+    desk.lists.lblPhotomsg.SetCaption({});
+    desk.loader.ErrClearPict(geamaintain);
+}
+
+} // namespace
+
+PhotoChange CmdDeletePhoto(PhotoDesk& desk, forms::PictureBox& geamaintain)
+{
+    const RoutineScope scope{"CmdDeletePhoto"};
+    PhotoLists& lists = desk.lists;
+    const int row = lists.lstViews.ListIndex();
+    if (row < 0 || !desk.ports.prompter.YesNo({}, kDeletePhoto))
+        return PhotoChange::None;
+    const QString view = lists.lstViews.List(row);
+    const QString stem = lists.lstimages.List(row);
+    const QString file = FileOf(desk, stem);
+    if (!GiveBack(desk, file))
+        return PhotoChange::None; // the only copy stays
+    RemovePair(lists, view, stem);
+    QString prompt;
+    (void)DelPict(desk.ports, desk.disk, file, Quiet::Yes, prompt);
+    WritePhotoLists(desk.ports, desk.databook, lists.lstViews, lists.lstimages);
+    ReadPhotoLists(desk.databook, lists.lstViews, lists.lstimages);
+    if (lists.lstViews.ListCount() > 0) {
+        ShowFirst(desk, geamaintain);
+        return PhotoChange::Changed;
+    }
+    ShowNone(desk, geamaintain);
+    return PhotoChange::LastGone;
+}
+
+PhotoChange CmdRenamePhotoView(PhotoDesk& desk)
+{
+    const RoutineScope scope{"CmdRenamePhotoView"};
+    PhotoLists& lists = desk.lists;
+    const int row = lists.lstViews.ListIndex();
+    if (row < 0)
+        return PhotoChange::None;
+    const QString old = lists.lstViews.List(row);
+    desk.CurrentView = desk.questions.View(FileOf(desk, lists.lstimages.List(row)), old);
+    const QString fresh = std::exchange(desk.CurrentView, QString());
+    if (text::Trim(fresh).isEmpty())
+        return PhotoChange::None;
+    if (lists.lstViews.IndexOf(fresh) >= 0) {
+        desk.ports.prompter.Box(kNameInUseTitle, kNameInUse);
+        return PhotoChange::None;
+    }
+    lists.txtView.SetText(fresh);
+    lists.lstViews.SetItem(lists.lstViews.IndexOf(old), fresh);
+    WritePhotoLists(desk.ports, desk.databook, lists.lstViews, lists.lstimages);
+    return PhotoChange::Changed;
+}
+
+} // namespace vasclip::photos

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "photos/photo_desk.h"
+
+namespace vasclip::photos {
+
+/// Files the picture that a control shows with the record of a key, which is added if it is not there; a view
+/// that the record has already asks first. The status line says what is missing.
+/// @param control  its path is taken from the slot table
+/// @return true if the picture is stored and the record names it
+bool SavePhotoToRecord(PhotoDesk& desk, const QString& key, const forms::PictureBox& control,
+                       const QString& view);
+/// The same for a picture that no control shows.
+bool SavePhotoToRecord(PhotoDesk& desk, const QString& key, const QString& picture, const QString& view);
+
+/// The part of SavePhotoToRecord that deals with the lists: a new row, or a new stem in the row of the view.
+/// The lists stay as they were when it fails.
+bool SavePhotoToViewList(PhotoDesk& desk, forms::ListBox& views, forms::ListBox& stems, const QString& view,
+                         const QString& picture, const QString& key);
+
+/// May a picture be filed? Why not goes by its number.
+enum class FilingCheck { Fine = 0, BlankKey = 1, BlankSource = 2, MissingSource = 3, BlankView = 4 };
+[[nodiscard]] FilingCheck CheckFiling(const files::Disk& disk, const QString& key, const QString& source,
+                                      const QString& view);
+
+/// What a button of the photo lists came to.
+enum class PhotoChange { None, Changed, LastGone };
+
+/// Deletes the selected photo of the record on show after asking; its file goes back to `CAPTUREDIR` first.
+/// @return LastGone when the record has no photo left
+PhotoChange CmdDeletePhoto(PhotoDesk& desk, forms::PictureBox& geamaintain);
+
+/// Gives the selected photo of the record on show another view name.
+PhotoChange CmdRenamePhotoView(PhotoDesk& desk);
+
+} // namespace vasclip::photos

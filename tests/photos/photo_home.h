@@ -1,0 +1,83 @@
+#pragma once
+
+#include "photos/photo_desk.h"
+#include "platform/picture/picture.h"
+#include "support/databook_home.h"
+
+#include <deque>
+
+namespace vasclip::tests {
+
+/// Answers the two questions about pictures from queues and records them.
+class ScriptedQuestions : public photos::PhotoQuestions
+{
+public:
+    forms::Answer Overwrite(const QString& existing, const QString& fresh) override
+    {
+        asked << existing + QStringLiteral(" <- ") + fresh;
+        return overwrite;
+    }
+    QString View(const QString& picture, const QString& proposal) override
+    {
+        asked << picture + QStringLiteral(" ? ") + proposal;
+        return view;
+    }
+    forms::Answer overwrite = forms::Answer::Yes;
+    QString view;
+    QStringList asked;
+};
+
+/// A home with a Databook, directories and a desk to file pictures on.
+class PhotoHome : public DatabookHome
+{
+protected:
+    forms::ControlSet set;
+    common::StatusDesk status{set};
+    photos::PhotoLists lists{set};
+    photos::SlotTable table_;
+    photos::SlotLoader loader{disk, ports, table_};
+    forms::PictureBox geamaintain{set, QStringLiteral("geamaintain")};
+    forms::PictureBox imaComp{set, QStringLiteral("imaComp"), 1};
+    common::Globals globals;
+    store::DataSource datDatabook{engine, QStringLiteral("datDatabook")};
+    ScriptedQuestions questions;
+    photos::PhotoDesk desk{ports, disk, globals, datDatabook, lists, loader, status, questions};
+
+    void SetUp() override
+    {
+        DatabookHome::SetUp();
+        globals.G_UserDir = QStringLiteral("C:\\VAS2000\\");
+        globals.G_ProgramDir = QStringLiteral("C:\\PROGRAM\\");
+        globals.G_PhotoDir = QStringLiteral("C:\\JPG\\");
+        globals.G_CaptureDir = QStringLiteral("C:\\VASSNAP\\");
+        for (const QString& directory : {QStringLiteral("C:\\VAS2000"), QStringLiteral("C:\\PROGRAM"),
+                                         QStringLiteral("C:\\JPG"), QStringLiteral("C:\\VASSNAP")})
+            disk.MkDir(directory);
+        doubles.random.sequence = {0.7055475, 0.533424, 0.5795186, 0.2895625, 0.301948};
+        Bind(datDatabook);
+    }
+
+    /// Colours run across, so that a turned picture shows.
+    static QImage Sample(int width, int height)
+    {
+        QImage image(width, height, QImage::Format_RGB32);
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x)
+                image.setPixel(x, y, qRgb(x * 255 / width, y * 255 / height, 128));
+        return image;
+    }
+    QString PutJpeg(const QString& name, int width = 640, int height = 480) const
+    {
+        const QString file = globals.G_CaptureDir + name;
+        picture::SaveJpeg(disk, Sample(width, height), file, 95);
+        return file;
+    }
+    QStringList Stored() const { return disk.Dir(globals.G_PhotoDir + QStringLiteral("*.*")); }
+    QString PhotosOf(const QString& address)
+    {
+        EXPECT_TRUE(store::FindRecord(ports, datDatabook, address, QStringLiteral("CENTRALKEY")));
+        return datDatabook.Recordset().Value(QStringLiteral("PHOTOS")).toString();
+    }
+};
+
+} // namespace vasclip::tests
