@@ -129,6 +129,14 @@ void Label::Show(const QString& caption, Colour colour)
     Q_EMIT Changed();
 }
 
+void Label::SetBack(Ground ground)
+{
+    if (m_ground == ground)
+        return;
+    m_ground = ground;
+    Q_EMIT Changed();
+}
+
 void Button::SetCaption(const QString& caption)
 {
     if (m_caption == caption)
@@ -151,7 +159,21 @@ void ListBox::SetSource(const ListSource* source)
     m_items.clear();
     m_source = source;
     m_current = -1;
+    m_top = 0;
     Q_EMIT ItemsChanged();
+}
+
+void ListBox::SourceChanged(int selected)
+{
+    m_current = selected >= 0 && selected < ListCount() ? selected : -1;
+    m_top = std::clamp(m_top, 0, std::max(0, ListCount() - 1));
+    Q_EMIT ItemsChanged();
+}
+
+void ListBox::SetTopIndex(int index)
+{
+    m_top = std::clamp(index, 0, std::max(0, ListCount() - 1));
+    Q_EMIT TopWanted();
 }
 
 void ListBox::Clear()
@@ -241,9 +263,19 @@ void ComboBox::FollowClear()
 
 void PictureBox::SetPicture(const QImage& picture)
 {
-    if (m_picture.isNull() && picture.isNull())
+    if (m_picture.isNull() && picture.isNull() && m_without == NoPicture::Empty)
         return;
     m_picture = picture;
+    m_without = NoPicture::Empty;
+    Q_EMIT Changed();
+}
+
+void PictureBox::ShowWithout(NoPicture reason)
+{
+    if (m_picture.isNull() && m_without == reason)
+        return;
+    m_picture = {};
+    m_without = reason;
     Q_EMIT Changed();
 }
 

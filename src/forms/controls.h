@@ -40,6 +40,8 @@ inline constexpr int kAltMask = 4;
 
 /// Status colours by meaning; a window maps them to its theme.
 enum class Colour { Normal, Blue, Red, Green };
+/// What a label stands on: the window's own ground, or light yellow.
+enum class Ground { Window, Yellow };
 
 /// A control without a widget: what rules read and write, and what a window shows.
 ///
@@ -72,6 +74,8 @@ Q_SIGNALS:
     void FocusWanted(); ///< the rule wants the focus here
     void FrontWanted(); ///< the rule wants the control above those that overlap it
     void TabWanted(bool back);
+    void Pressed(); ///< the left button went down on a picture, or the keyboard came to it
+    void Hovered(); ///< the pointer moves over a picture, or the keyboard came to it
     void Clicked(); ///< the user clicked (or pressed the key that means it)
     void DoubleClicked();
     void GotFocus(); ///< the user came here; not when a window or a menu gave the focus back
@@ -124,10 +128,13 @@ public:
     [[nodiscard]] Colour Fore() const { return m_colour; }
     void SetCaption(const QString& caption) { Show(caption, m_colour); }
     void Show(const QString& caption, Colour colour); ///< text and colour together
+    [[nodiscard]] Ground Back() const { return m_ground; }
+    void SetBack(Ground ground);
 
 private:
     QString m_caption;
     Colour m_colour = Colour::Normal;
+    Ground m_ground = Ground::Window;
 };
 
 class Button : public Control
@@ -184,6 +191,8 @@ public:
     /// stays. nullptr gives an empty list of its own.
     void SetSource(const ListSource* source);
     [[nodiscard]] const ListSource* Source() const { return m_source; }
+    /// The lines of the source are others now; the line that was selected is `selected` (-1: it is gone).
+    void SourceChanged(int selected);
     [[nodiscard]] int ListCount() const
     {
         return m_source ? m_source->Count() : static_cast<int>(m_items.size());
@@ -194,12 +203,16 @@ public:
     /// Raises ListIndexChanged at once if it differs; -1 takes the selection away. @throws RuntimeError 5 out
     /// of range
     void SetListIndex(int index);
+    /// The first line on view, as the rules set it; a window scrolls to it.
+    [[nodiscard]] int TopIndex() const { return m_top; }
+    void SetTopIndex(int index); ///< kept within the list
     /// Index of a line, both trimmed and upper-cased; -1 if absent.
     [[nodiscard]] int IndexOf(const QString& text) const;
 
 Q_SIGNALS:
     void ListIndexChanged();
     void ItemsChanged();
+    void TopWanted(); ///< the window scrolls to TopIndex
 
 protected:
     virtual void FollowSelection() {} ///< the selection was set, its event comes next
@@ -210,6 +223,7 @@ private:
     QStringList m_items;
     const ListSource* m_source = nullptr;
     int m_current = -1;
+    int m_top = 0;
 };
 
 /// A list with a text that may be typed. Selecting a line takes its text; a typed text that is a line of the
@@ -233,6 +247,9 @@ private:
     QString m_text;
 };
 
+/// What stands where no picture is: nothing, one that is on its way, or a file that is no picture.
+enum class NoPicture { Empty, Waiting, Broken };
+
 /// Shows a picture. Which file it shows is kept beside it (the slot table), not in it.
 class PictureBox : public Control
 {
@@ -241,9 +258,12 @@ public:
     using Control::Control;
     [[nodiscard]] const QImage& Picture() const { return m_picture; }
     void SetPicture(const QImage& picture); ///< a null image clears the control
+    [[nodiscard]] NoPicture WithoutPicture() const { return m_without; }
+    void ShowWithout(NoPicture reason); ///< clears the picture and says why there is none
 
 private:
     QImage m_picture;
+    NoPicture m_without = NoPicture::Empty;
 };
 
 struct TabPage

@@ -111,9 +111,11 @@ bool Binder::BindLabel(forms::Label& control, QWidget& widget)
         if (collapses)
             label->setMaximumHeight(control.Caption().isEmpty() ? 0 : QWIDGETSIZE_MAX);
         const QString tone = ToneOf(control.Fore());
-        if (label->property("tone").toString() == tone)
+        const bool yellow = control.Back() == forms::Ground::Yellow;
+        if (label->property("tone").toString() == tone && label->property("yellow").toBool() == yellow)
             return;
         label->setProperty("tone", tone);
+        label->setProperty("yellow", yellow);
         label->style()->unpolish(label);
         label->style()->polish(label);
     };
@@ -167,12 +169,17 @@ bool Binder::BindPicture(forms::PictureBox& control, QWidget& widget)
         const auto show = [&control, view] {
             if (view->Picture().cacheKey() != control.Picture().cacheKey())
                 view->SetPicture(control.Picture());
+            view->SetWithout(control.WithoutPicture());
         };
         connect(&control, &forms::Control::Changed, view, show);
         connect(view, &PictureView::Clicked, &control,
                 [this, &control] { m_guard.Run([&control] { Q_EMIT control.Clicked(); }); });
         connect(view, &PictureView::DoubleClicked, &control,
                 [this, &control] { m_guard.Run([&control] { Q_EMIT control.DoubleClicked(); }); });
+        connect(view, &PictureView::Pressed, &control,
+                [this, &control] { m_guard.Run([&control] { Q_EMIT control.Pressed(); }); });
+        connect(view, &PictureView::Hovered, &control,
+                [this, &control] { m_guard.Run([&control] { Q_EMIT control.Hovered(); }); });
         connect(view, &PictureView::DragWanted, &control, [this, &control] { Q_EMIT DragWanted(control); });
         show();
         return true;

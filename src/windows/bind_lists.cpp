@@ -35,8 +35,18 @@ void ShowSource(QComboBox& combo, const forms::ListBox& control)
     combo.setModel(new LinesModel(control, &combo));
 }
 
-void ShowLines(QListView& view, const QStringList& lines)
+void ShowLines(QListView& view, const forms::ListBox& control)
 {
+    const QStringList& lines = control.Items();
+    if (control.Source() != nullptr) {
+        if (auto* asked = qobject_cast<LinesModel*>(view.model())) {
+            asked->Reset();
+            return;
+        }
+        view.setUniformItemSizes(true);
+        view.setModel(new LinesModel(control, &view, LinesModel::Offer::All));
+        return;
+    }
     if (auto* list = qobject_cast<QListWidget*>(&view)) {
         list->clear();
         list->addItems(lines);
@@ -60,7 +70,7 @@ bool Binder::BindList(forms::ListBox& control, QWidget& widget)
         return false;
     view->ensurePolished(); // the sheet decides how high a line is
     view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    ShowLines(*view, control.Items());
+    ShowLines(*view, control);
     const auto showing = std::make_shared<bool>(false); // the control writes the view, not the user
     const auto showCurrent = [&control, view, showing] {
         *showing = true;
@@ -70,25 +80,33 @@ bool Binder::BindList(forms::ListBox& control, QWidget& widget)
             view->scrollTo(view->currentIndex());
         *showing = false;
     };
-    connect(&control, &forms::ListBox::ItemsChanged, view, [&control, view, showing, showCurrent] {
+    const auto follow = [this, &control, view, showing](const QModelIndex& current) {
+        if (*showing || !current.isValid())
+            return;
+        const bool byMouse = (QApplication::mouseButtons() & Qt::LeftButton) != 0 && view->underMouse();
+        m_guard.Run([&] {
+            control.SetListIndex(current.row());
+            if (!byMouse) // the mouse raises its click when it is let go
+                Q_EMIT control.Clicked();
+        });
+    };
+    const auto watch = [&control, view, follow] { // another model brings another selection
+        connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged, &control, follow);
+    };
+    watch();
+    connect(&control, &forms::ListBox::ItemsChanged, view, [&control, view, showing, showCurrent, watch] {
         *showing = true;
-        ShowLines(*view, control.Items());
+        const QItemSelectionModel* before = view->selectionModel();
+        ShowLines(*view, control);
         *showing = false;
+        if (view->selectionModel() != before)
+            watch();
         showCurrent();
     });
     connect(&control, &forms::ListBox::Changed, view, showCurrent);
-    connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged, &control,
-            [this, &control, view, showing](const QModelIndex& current) {
-                if (*showing || !current.isValid())
-                    return;
-                const bool byMouse =
-                    (QApplication::mouseButtons() & Qt::LeftButton) != 0 && view->underMouse();
-                m_guard.Run([&] {
-                    control.SetListIndex(current.row());
-                    if (!byMouse) // the mouse raises its click when it is let go
-                        Q_EMIT control.Clicked();
-                });
-            });
+    connect(&control, &forms::ListBox::TopWanted, view, [&control, view] {
+        view->scrollTo(view->model()->index(control.TopIndex(), 0), QAbstractItemView::PositionAtTop);
+    });
     connect(view, &QListView::clicked, &control,
             [this, &control] { m_guard.Run([&control] { Q_EMIT control.Clicked(); }); });
     connect(view, &QListView::activated, &control,

@@ -4,11 +4,17 @@
 
 namespace vasclip::windows {
 
-LinesModel::LinesModel(const forms::ListBox& control, QObject* parent)
+LinesModel::LinesModel(const forms::ListBox& control, QObject* parent, Offer offer)
     : QAbstractListModel(parent)
     , m_control(control)
-    , m_offered(std::min(control.ListCount(), kPiece))
+    , m_offer(offer)
+    , m_offered(First())
 {}
+
+int LinesModel::First() const
+{
+    return m_offer == Offer::All ? m_control.ListCount() : std::min(m_control.ListCount(), kPiece);
+}
 
 int LinesModel::rowCount(const QModelIndex& parent) const
 {
@@ -46,7 +52,7 @@ void LinesModel::fetchMore(const QModelIndex& parent)
 void LinesModel::Reset()
 {
     beginResetModel();
-    m_offered = std::min(m_control.ListCount(), kPiece);
+    m_offered = First();
     endResetModel();
 }
 

@@ -12,8 +12,11 @@ class LinesModel : public QAbstractListModel
 {
     Q_OBJECT
 public:
+    /// A popup offers its lines in pieces; a list that scrolls to any line has them all.
+    enum class Offer { Pieces, All };
     /// The control outlives the model.
-    explicit LinesModel(const forms::ListBox& control, QObject* parent = nullptr);
+    explicit LinesModel(const forms::ListBox& control, QObject* parent = nullptr,
+                        Offer offer = Offer::Pieces);
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
@@ -25,7 +28,9 @@ public:
     static constexpr int kPiece = 200;
 
 private:
+    [[nodiscard]] int First() const; ///< how many lines are offered at first
     const forms::ListBox& m_control;
+    Offer m_offer;
     int m_offered = 0;
 };
 

@@ -33,6 +33,14 @@ void PictureView::SetShown(bool shown)
     update();
 }
 
+void PictureView::SetWithout(forms::NoPicture reason)
+{
+    if (m_without == reason)
+        return;
+    m_without = reason;
+    update();
+}
+
 void PictureView::SetEmptyText(const QString& text)
 {
     m_emptyText = text;
@@ -107,12 +115,17 @@ void PictureView::paintEvent(QPaintEvent*)
 void PictureView::PaintEmpty(QPainter& painter, const QRectF& ground)
 {
     const ThemeColours& colours = Theme::Colours();
-    const bool words = !m_lamp && !m_emptyText.isEmpty() && ground.height() > 64;
+    const bool broken = m_without == forms::NoPicture::Broken;
+    const bool waiting = m_without == forms::NoPicture::Waiting;
+    const QString text = broken ? tr("Can't be read") : waiting ? QString() : m_emptyText;
+    const bool words = !m_lamp && !text.isEmpty() && ground.height() > 64;
     const int side = m_lamp ? 16 : ground.height() > 120 ? 32 : 24;
     QRectF icon(0, 0, side, side);
     icon.moveCenter(ground.center() - QPointF(0, words ? 10 : 0));
-    if (!m_emptyIcon.isEmpty())
-        PaintIcon(painter, m_emptyIcon, icon, isEnabled() ? colours.muted : colours.faint);
+    if (broken)
+        PaintIcon(painter, QStringLiteral("photo-broken"), icon, colours.red);
+    else if (!m_emptyIcon.isEmpty() && !(waiting && m_lamp))
+        PaintIcon(painter, m_emptyIcon, icon, isEnabled() && !waiting ? colours.muted : colours.faint);
     if (!words)
         return;
     painter.setPen(isEnabled() ? colours.muted : colours.faint);
@@ -122,7 +135,7 @@ void PictureView::PaintEmpty(QPainter& painter, const QRectF& ground)
     const QRectF line(ground.left() + 6, icon.bottom() + 4, ground.width() - 12, 20);
     painter.drawText(
         line, Qt::AlignHCenter | Qt::AlignTop,
-        painter.fontMetrics().elidedText(m_emptyText, Qt::ElideRight, static_cast<int>(line.width())));
+        painter.fontMetrics().elidedText(text, Qt::ElideRight, static_cast<int>(line.width())));
 }
 
 void PictureView::mousePressEvent(QMouseEvent* event)
@@ -131,6 +144,7 @@ void PictureView::mousePressEvent(QMouseEvent* event)
         return QWidget::mousePressEvent(event);
     m_pressed = true;
     m_pressedAt = event->position().toPoint();
+    Q_EMIT Pressed();
 }
 
 void PictureView::mouseMoveEvent(QMouseEvent* event)
@@ -173,6 +187,17 @@ void PictureView::keyPressEvent(QKeyEvent* event)
 void PictureView::enterEvent(QEnterEvent*)
 {
     update();
+    Q_EMIT Hovered();
+}
+
+void PictureView::focusInEvent(QFocusEvent* event)
+{
+    QWidget::focusInEvent(event);
+    if (event->reason() != Qt::TabFocusReason && event->reason() != Qt::BacktabFocusReason &&
+        event->reason() != Qt::ShortcutFocusReason)
+        return;
+    Q_EMIT Pressed();
+    Q_EMIT Hovered();
 }
 
 void PictureView::leaveEvent(QEvent*)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "forms/controls.h"
+
 #include <QImage>
 #include <QPixmap>
 #include <QWidget>
@@ -23,6 +25,9 @@ public:
     void SetShown(bool shown);
     [[nodiscard]] bool IsShown() const { return m_shown; }
 
+    /// Why there is no picture: the empty state shows it.
+    void SetWithout(forms::NoPicture reason);
+
     [[nodiscard]] const QString& EmptyText() const { return m_emptyText; }
     void SetEmptyText(const QString& text);
     [[nodiscard]] const QString& EmptyIcon() const { return m_emptyIcon; }
@@ -38,6 +43,8 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
+    void Pressed(); ///< the left button went down, or the keyboard came here
+    void Hovered(); ///< the pointer came over the picture, or the keyboard
     void Clicked();
     void DoubleClicked();
     void DragWanted(); ///< the user pulls at the picture
@@ -51,6 +58,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     bool event(QEvent* event) override;
 
 private:
@@ -63,6 +71,7 @@ private:
     bool m_shown = true;
     bool m_lamp = false;
     bool m_bare = false;
+    forms::NoPicture m_without = forms::NoPicture::Empty;
 };
 
 } // namespace vasclip::windows

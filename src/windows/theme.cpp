@@ -172,10 +172,13 @@ QLabel[role="heading"] { font-size: 14pt; font-weight: 600; }
 QLabel[tone="blue"] { color: $blue; }
 QLabel[tone="red"] { color: $red; font-weight: 600; }
 QLabel[tone="green"] { color: $green; }
+QLabel[yellow="true"] { background: #ffff80; color: #1c1c1c; border-radius: 3px; }
 QLineEdit[dropWanted="true"], QComboBox[dropWanted="true"] { border: 2px dashed $accent;
   padding: 2px 7px; }
 QLineEdit[dropHover="true"], QComboBox[dropHover="true"] { border: 2px solid $accent; padding: 2px 7px;
   background: $accentSoft; }
+QFrame[dropWanted="true"], QLabel[dropWanted="true"] { border: 2px dashed $accent; border-radius: 6px; }
+QFrame[dropHover="true"], QLabel[dropHover="true"] { border: 2px solid $accent; border-radius: 6px; }
 )");
     const QColor hover = dark ? c.accent.lighter(112) : c.accent.darker(112);
     // Longer names first, so that "$accent" does not eat the head of "$accentSoft".

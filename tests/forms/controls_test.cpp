@@ -82,6 +82,64 @@ TEST(Control, ChangesAreTold)
     EXPECT_EQ(*focus, 1);
 }
 
+TEST(Label, HasAGround)
+{
+    ControlSet set;
+    Label label(set, u"lbltag"_s, 3);
+    const auto changed = Count(label, &Control::Changed);
+    EXPECT_EQ(label.Back(), Ground::Window);
+    label.SetBack(Ground::Yellow);
+    label.SetBack(Ground::Yellow);
+    EXPECT_EQ(label.Back(), Ground::Yellow);
+    EXPECT_EQ(*changed, 1);
+}
+
+TEST(PictureBox, SaysWhyItHasNoPicture)
+{
+    ControlSet set;
+    PictureBox box(set, u"geathumb"_s, 0);
+    const auto changed = Count(box, &Control::Changed);
+    box.ShowWithout(NoPicture::Waiting);
+    box.ShowWithout(NoPicture::Waiting);
+    EXPECT_EQ(*changed, 1);
+    box.SetPicture(QImage(4, 3, QImage::Format_RGB32));
+    EXPECT_EQ(box.WithoutPicture(), NoPicture::Empty);
+    box.ShowWithout(NoPicture::Broken);
+    EXPECT_TRUE(box.Picture().isNull());
+    EXPECT_EQ(box.WithoutPicture(), NoPicture::Broken);
+    box.SetPicture({});
+    EXPECT_EQ(box.WithoutPicture(), NoPicture::Empty);
+    EXPECT_EQ(*changed, 4);
+}
+
+TEST(ListBox, ASourceWhoseLinesChangeKeepsTheSelectionThatIsNamed)
+{
+    struct Numbers : ListSource
+    {
+        int count = 50;
+        [[nodiscard]] int Count() const override { return count; }
+        [[nodiscard]] QString Line(int index) const override { return QString::number(index); }
+    } numbers;
+    ControlSet set;
+    ListBox list(set, u"filCapture"_s);
+    list.SetSource(&numbers);
+    list.SetListIndex(40);
+    list.SetTopIndex(36);
+    EXPECT_EQ(list.TopIndex(), 36);
+    const auto selected = Count(list, &ListBox::ListIndexChanged);
+    const auto items = Count(list, &ListBox::ItemsChanged);
+    numbers.count = 20;
+    list.SourceChanged(7);
+    EXPECT_EQ(list.ListIndex(), 7);
+    EXPECT_EQ(list.TopIndex(), 19);
+    list.SourceChanged(20);
+    EXPECT_EQ(list.ListIndex(), -1);
+    EXPECT_EQ(*selected, 0);
+    EXPECT_EQ(*items, 2);
+    list.SetTopIndex(-4);
+    EXPECT_EQ(list.TopIndex(), 0);
+}
+
 TEST(TextBox, RaisesItsEventAtOnceAndOnlyOnADifference)
 {
     ControlSet set;
