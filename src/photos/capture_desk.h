@@ -1,0 +1,128 @@
+#pragma once
+
+#include "common/globals.h"
+#include "common/status.h"
+#include "forms/ports.h"
+#include "photos/capture_controls.h"
+#include "photos/capture_folder.h"
+#include "photos/capture_pages.h"
+#include "photos/slots.h"
+#include "photos/thumb_loader.h"
+
+#include <QHash>
+
+#include <array>
+
+namespace vasclip::photos {
+
+/// What the capture browser stands on; all of it outlives the browser.
+struct CaptureBase
+{
+    const files::Disk& disk;
+    forms::Ports ports;
+    common::Globals& globals; ///< written here: G_CaptureDir, captureDirBeforeTrash, the two view settings
+    common::StatusDesk& status;
+    SlotLoader& loader;
+};
+
+/// The browser of the capture directory: the file list or twelve thumbnails, paged, and the directory.
+///
+/// A thumbnail's file is recorded and named at once; its picture comes when a worker thread has it. Nothing
+/// is listed or decoded before StartBrowsing.
+class CaptureDesk : public QObject
+{
+    Q_OBJECT
+public:
+    CaptureDesk(const CaptureBase& base, CaptureControls& controls, std::unique_ptr<ThumbSource> source);
+
+    /// The drive of the Windows directory, "C:"; pictures go there when their own drive is gone.
+    void SetSystemDrive(const QString& drive) { m_systemDrive = drive; }
+
+    // The directory.
+    void check4CaptureDir();
+    void MakeCaptureDir();
+    /// After any change of CAPTUREDIR: the period check, the path on lblTab, the list and the thumbnails.
+    void DisplayCamera();
+    /// Makes another directory the capture directory for this run.
+    void ShowDirectory(const QString& directory);
+    /// The first look into the directory, and news of it from then on.
+    void StartBrowsing();
+    [[nodiscard]] bool Browsing() const { return m_browsing; }
+
+    // What is on show.
+    void ViewFilCapture();
+    void DisplayImageLabels();
+    void ToggleFileNames(); ///< IMAGEFILENAMES
+    void ToggleListBox();   ///< IMAGELISTBOX
+    [[nodiscard]] bool ListMode() const;
+    [[nodiscard]] bool NamesOn() const;
+
+    // Pages.
+    void errdisplayThumbs();
+    void RefreshList(); ///< reads the names again; the selected file and the page stay
+    void RefreshCapture(); ///< RefreshList and errdisplayThumbs
+    void imaScroll_Click(int button);
+    void lstPageDown() { TurnPage(PageTurn::Down); }
+    void ErrLstPageUp() { TurnPage(PageTurn::Up); }
+    void lstPageFirst() { TurnPage(PageTurn::First); }
+    void lstPageLast() { TurnPage(PageTurn::Last); }
+    void ClearThumb();
+    void Test2PopulateThumbs();
+    /// The files of the page are to be shown anew at the next chance.
+    void AskForRefresh() { m_refreshPending = true; }
+    [[nodiscard]] bool RefreshPending() const { return m_refreshPending; }
+
+    // One picture.
+    void geathumb_MouseDown(int index);
+    void geathumb_MouseMove(int index);
+    void filCapture_Click();
+    /// The thumbnail and its label go; its file has been consumed.
+    void HideThumb(int index);
+    /// The thumbnail shows its file anew, or another one.
+    void ReloadThumb(int index, const QString& path);
+    /// The file selected in the list, "" without one.
+    [[nodiscard]] QString SelectedFile() const;
+    [[nodiscard]] QString FileOfThumb(int index) const;
+    /// Pixels of the file that a thumbnail shows; empty while they are not known.
+    [[nodiscard]] QSize PixelsOfThumb(int index) const { return m_pixels[static_cast<std::size_t>(index)]; }
+
+    [[nodiscard]] CaptureFolder& Folder() { return m_folder; }
+    [[nodiscard]] ThumbLoader& Loader() { return m_loader; }
+    [[nodiscard]] CaptureControls& Controls() { return m_controls; }
+
+    /// Pixels of the longer side of a thumbnail and of the preview.
+    static constexpr int kThumbPixels = 320;
+    static constexpr int kPreviewPixels = 640;
+
+Q_SIGNALS:
+    void ViewChanged(); ///< list or thumbnails, names or none: the ticks of the menus follow
+
+private:
+    void CheckPeriod();
+    void TurnPage(PageTurn turn);
+    void FillPage(int first);
+    void ShowThumb(int index, const QString& path);
+    void ClearThumbAt(int index);
+    void AskForPictures();
+    void ShowPreview();
+    void TellPlace();
+    void News(const QStringList& before);
+    void Arrived(const QString& path, const Thumb& thumb);
+    void Broken(const QString& path, const QString& why);
+    void LookAtBroken();
+    [[nodiscard]] QString PathOf(int row) const;
+
+    CaptureBase m_base;
+    CaptureControls& m_controls;
+    CaptureFolder m_folder;
+    ThumbLoader m_loader;
+    QString m_systemDrive;
+    PageTurn m_turn = PageTurn::None;
+    bool m_browsing = false;
+    bool m_refreshPending = false;
+    int m_first = 0; ///< file of the first thumbnail
+    std::array<QSize, CaptureControls::kThumbs> m_pixels;
+    QHash<QString, QPair<qint64, QDateTime>> m_broken; ///< on show: length and time when they failed
+};
+
+} // namespace vasclip::photos

@@ -1,0 +1,170 @@
+#include "photos/thumb_loader.h"
+
+#include "platform/text/runtime_error.h"
+
+#include <algorithm>
+
+namespace vasclip::photos {
+
+ThumbLoader::ThumbLoader(std::unique_ptr<ThumbSource> source, int threads)
+    : m_source(std::move(source))
+{
+    m_pool.setMaxThreadCount(std::clamp(threads, 1, 4));
+    m_pool.setThreadPriority(QThread::LowPriority);
+}
+
+ThumbLoader::~ThumbLoader()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_tasks.clear();
+    }
+    m_pool.waitForDone();
+}
+
+void ThumbLoader::Show(const QStringList& onShow, const QStringList& next, int longerSide)
+{
+    std::deque<Task> tasks;
+    m_onShow = QSet<QString>(onShow.cbegin(), onShow.cend());
+    quint64 round = 0;
+    {
+        const std::lock_guard lock(m_mutex);
+        round = ++m_round;
+        m_longerSide = longerSide;
+    }
+    for (const Work work : {Work::Head, Work::Decode})
+        for (const QString& path : onShow)
+            tasks.push_back({path, work, longerSide, round});
+    m_due = static_cast<int>(tasks.size());
+    for (const QString& path : next)
+        if (!m_onShow.contains(path) && !m_cache.Has(path))
+            tasks.push_back({path, Work::Keep, ThumbCache::kPixels, round});
+    {
+        const std::lock_guard lock(m_mutex);
+        m_tasks = std::move(tasks);
+    }
+    for (const QString& path : onShow)
+        if (const auto kept = m_cache.Get(path); kept && !kept->image.isNull())
+            Q_EMIT Arrived(path, *kept, Pass::Kept);
+    if (onShow.isEmpty())
+        Q_EMIT Settled();
+    Start();
+}
+
+void ThumbLoader::Again(const QString& path)
+{
+    m_cache.Remove(path);
+    if (!m_onShow.contains(path))
+        return;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_tasks.push_front({path, Work::Decode, m_longerSide, m_round});
+    }
+    ++m_due;
+    Start();
+}
+
+void ThumbLoader::ForgetAll()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_tasks.clear();
+        ++m_round;
+    }
+    m_onShow.clear();
+    m_due = 0;
+    m_cache.Clear();
+}
+
+bool ThumbLoader::Idle() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_tasks.empty() && m_workers == 0;
+}
+
+void ThumbLoader::Start()
+{
+    const std::lock_guard lock(m_mutex);
+    const int wanted = static_cast<int>(
+        std::min<std::size_t>(m_tasks.size(), static_cast<std::size_t>(m_pool.maxThreadCount())));
+    for (; m_workers < wanted; ++m_workers)
+        m_pool.start([this] { WorkOff(); });
+}
+
+void ThumbLoader::WorkOff()
+{
+    for (;;) {
+        Task task;
+        {
+            const std::lock_guard lock(m_mutex);
+            if (m_tasks.empty()) {
+                --m_workers;
+                return;
+            }
+            task = std::move(m_tasks.front());
+            m_tasks.pop_front();
+        }
+        Do(task);
+    }
+}
+
+void ThumbLoader::Do(const Task& task)
+{
+    try {
+        switch (task.work) {
+        case Work::Head:
+            if (const auto embedded = m_source->Embedded(task.path))
+                Tell(task, *embedded, Pass::Embedded);
+            break;
+        case Work::Decode: {
+            const Thumb thumb = m_source->Reduced(task.path, task.longerSide);
+            Tell(task, thumb, Pass::Reduced);
+            m_cache.Put(task.path, thumb);
+            break;
+        }
+        case Work::Keep:
+            if (const auto embedded = m_source->Embedded(task.path))
+                m_cache.Put(task.path, *embedded);
+            else
+                m_cache.Put(task.path, m_source->Reduced(task.path, task.longerSide));
+            break;
+        }
+    } catch (const std::exception& failure) {
+        const auto* known = dynamic_cast<const RuntimeError*>(&failure);
+        const QString why = known != nullptr ? known->Description() : QString::fromLocal8Bit(failure.what());
+        QMetaObject::invokeMethod(
+            this,
+            [this, task, why] {
+                m_cache.Remove(task.path);
+                if (task.work == Work::Decode && m_onShow.contains(task.path))
+                    Q_EMIT Broken(task.path, why);
+            },
+            Qt::QueuedConnection);
+    }
+    if (task.work != Work::Keep)
+        QMetaObject::invokeMethod(this, [this, task] { Finished(task); }, Qt::QueuedConnection);
+}
+
+void ThumbLoader::Tell(const Task& task, const Thumb& thumb, Pass pass)
+{
+    QMetaObject::invokeMethod(
+        this,
+        [this, path = task.path, thumb, pass] {
+            if (m_onShow.contains(path))
+                Q_EMIT Arrived(path, thumb, pass);
+        },
+        Qt::QueuedConnection);
+}
+
+void ThumbLoader::Finished(const Task& task)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        if (task.round != m_round)
+            return;
+    }
+    if (m_due > 0 && --m_due == 0)
+        Q_EMIT Settled();
+}
+
+} // namespace vasclip::photos
