@@ -92,35 +92,56 @@ void CaptureDesk::errdisplayThumbs()
     FillPage(FirstOfPage(m_turn, list.ListIndex(), last));
 }
 
-/// Records and names the files of a page and asks for their pictures. A file that is on show already keeps
-/// its picture.
+/// Records and names the files of a page and asks for their pictures. A file that is on show already takes
+/// its picture along.
 void CaptureDesk::FillPage(int first)
 {
     m_first = std::clamp(first, 0, std::max(0, m_folder.Count() - 1));
     m_controls.filCapture.SetTopIndex(m_first);
+    QHash<QString, Standing> standing;
+    for (int i = 0; i <= kLastThumb; ++i) {
+        const forms::PictureBox& thumb = m_controls.geathumb(i);
+        if (thumb.Visible())
+            standing.insert(FileOfThumb(i), {thumb.Picture(), thumb.WithoutPicture(), PixelsOfThumb(i)});
+    }
     for (int i = 0; i <= kLastThumb; ++i) {
         const QString path = PathOf(m_first + i);
-        if (path.isEmpty())
+        if (path.isEmpty()) {
             ClearThumbAt(i);
-        else if (path != FileOfThumb(i) || !m_controls.geathumb(i).Visible())
-            ShowThumb(i, path);
+            continue;
+        }
+        if (!standing.contains(path))
+            m_loader.Renew(path);
+        if (path != FileOfThumb(i) || !m_controls.geathumb(i).Visible())
+            ShowThumb(i, path, standing.value(path));
     }
     DisplayImageLabels();
     AskForPictures();
     TellPlace();
 }
 
-void CaptureDesk::ShowThumb(int index, const QString& path)
+void CaptureDesk::ShowThumb(int index, const QString& path, const Standing& standing)
 {
     forms::PictureBox& thumb = m_controls.geathumb(index);
     m_base.loader.Table().ErrSetPict(thumb, path);
-    thumb.ShowWithout(forms::NoPicture::Waiting);
+    if (standing.picture.isNull())
+        thumb.ShowWithout(standing.without);
+    else
+        thumb.SetPicture(standing.picture);
     thumb.SetVisible(true);
     thumb.SetToolTipText(path);
-    m_pixels[static_cast<std::size_t>(index)] = {};
-    forms::Label& tag = m_controls.lbltag(index);
-    ErrLoadLblTag(tag, common::FileNameWithExt(path));
-    tag.SetBack(forms::Ground::Window);
+    m_pixels[static_cast<std::size_t>(index)] = standing.pixels;
+    ErrLoadLblTag(m_controls.lbltag(index), common::FileNameWithExt(path));
+    MarkLarge(index);
+}
+
+/// The user can tell by the ground of the label which pictures will be reduced.
+void CaptureDesk::MarkLarge(int index)
+{
+    const QSize pixels = PixelsOfThumb(index);
+    const common::Globals& globals = m_base.globals;
+    const bool large = pixels.width() > globals.resolX || pixels.height() > globals.resolY;
+    m_controls.lbltag(index).SetBack(large ? forms::Ground::Yellow : forms::Ground::Window);
 }
 
 void CaptureDesk::ClearThumbAt(int index)
@@ -173,7 +194,6 @@ void CaptureDesk::Arrived(const QString& path, const Thumb& thumb)
             m_controls.geaListBox.SetPicture(thumb.image);
         return;
     }
-    const common::Globals& globals = m_base.globals;
     for (int i = 0; i <= kLastThumb; ++i) {
         if (path != FileOfThumb(i))
             continue;
@@ -181,9 +201,7 @@ void CaptureDesk::Arrived(const QString& path, const Thumb& thumb)
         if (thumb.fullSize.isEmpty())
             continue;
         m_pixels[static_cast<std::size_t>(i)] = thumb.fullSize;
-        const bool large =
-            thumb.fullSize.width() > globals.resolX || thumb.fullSize.height() > globals.resolY;
-        m_controls.lbltag(i).SetBack(large ? forms::Ground::Yellow : forms::Ground::Window);
+        MarkLarge(i);
     }
 }
 

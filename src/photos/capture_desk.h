@@ -101,7 +101,15 @@ private:
     void CheckPeriod();
     void TurnPage(PageTurn turn);
     void FillPage(int first);
-    void ShowThumb(int index, const QString& path);
+    /// A thumbnail as it stands.
+    struct Standing
+    {
+        QImage picture;
+        forms::NoPicture without = forms::NoPicture::Waiting;
+        QSize pixels;
+    };
+    void ShowThumb(int index, const QString& path, const Standing& standing);
+    void MarkLarge(int index);
     void ClearThumbAt(int index);
     void AskForPictures();
     void ShowPreview();

@@ -45,6 +45,7 @@ void CaptureDesk::ShowPreview()
     m_controls.lblListBox.SetVisible(true);
     m_controls.geaListBox.ShowWithout(forms::NoPicture::Waiting);
     m_controls.geaListBox.SetToolTipText(path);
+    m_loader.Renew(path);
     AskForPictures();
 }
 
@@ -60,7 +61,7 @@ void CaptureDesk::ReloadThumb(int index, const QString& path)
     if (text::Trim(path).isEmpty() || !m_base.disk.FileExists(path))
         ClearThumbAt(index);
     else
-        ShowThumb(index, path);
+        ShowThumb(index, path, {});
     DisplayImageLabels();
     AskForPictures();
 }

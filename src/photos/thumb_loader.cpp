@@ -3,6 +3,7 @@
 #include "platform/text/runtime_error.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vasclip::photos {
 
@@ -29,11 +30,17 @@ void ThumbLoader::Show(const QStringList& onShow, const QStringList& next, int l
     quint64 round = 0;
     {
         const std::lock_guard lock(m_mutex);
+        if (std::exchange(m_longerSide, longerSide) != longerSide)
+            m_done.clear();
         round = ++m_round;
-        m_longerSide = longerSide;
     }
+    m_done.intersect(m_onShow);
+    QStringList wanted;
+    for (const QString& path : onShow)
+        if (!m_done.contains(path))
+            wanted.append(path);
     for (const Work work : {Work::Head, Work::Decode})
-        for (const QString& path : onShow)
+        for (const QString& path : std::as_const(wanted))
             tasks.push_back({path, work, longerSide, round});
     m_due = static_cast<int>(tasks.size());
     for (const QString& path : next)
@@ -43,17 +50,17 @@ void ThumbLoader::Show(const QStringList& onShow, const QStringList& next, int l
         const std::lock_guard lock(m_mutex);
         m_tasks = std::move(tasks);
     }
-    for (const QString& path : onShow)
+    for (const QString& path : std::as_const(wanted))
         if (const auto kept = m_cache.Get(path); kept && !kept->image.isNull())
             Q_EMIT Arrived(path, *kept, Pass::Kept);
-    if (onShow.isEmpty())
+    if (wanted.isEmpty())
         Q_EMIT Settled();
     Start();
 }
 
 void ThumbLoader::Again(const QString& path)
 {
-    m_cache.Remove(path);
+    Forget(path);
     if (!m_onShow.contains(path))
         return;
     {
@@ -64,6 +71,12 @@ void ThumbLoader::Again(const QString& path)
     Start();
 }
 
+void ThumbLoader::Forget(const QString& path)
+{
+    m_cache.Remove(path);
+    m_done.remove(path);
+}
+
 void ThumbLoader::ForgetAll()
 {
     {
@@ -72,6 +85,7 @@ void ThumbLoader::ForgetAll()
         ++m_round;
     }
     m_onShow.clear();
+    m_done.clear();
     m_due = 0;
     m_cache.Clear();
 }
@@ -136,8 +150,10 @@ void ThumbLoader::Do(const Task& task)
             this,
             [this, task, why] {
                 m_cache.Remove(task.path);
-                if (task.work == Work::Decode && m_onShow.contains(task.path))
-                    Q_EMIT Broken(task.path, why);
+                if (task.work != Work::Decode || !m_onShow.contains(task.path))
+                    return;
+                m_done.insert(task.path);
+                Q_EMIT Broken(task.path, why);
             },
             Qt::QueuedConnection);
     }
@@ -150,8 +166,11 @@ void ThumbLoader::Tell(const Task& task, const Thumb& thumb, Pass pass)
     QMetaObject::invokeMethod(
         this,
         [this, path = task.path, thumb, pass] {
-            if (m_onShow.contains(path))
-                Q_EMIT Arrived(path, thumb, pass);
+            if (!m_onShow.contains(path))
+                return;
+            if (pass == Pass::Reduced)
+                m_done.insert(path);
+            Q_EMIT Arrived(path, thumb, pass);
         },
         Qt::QueuedConnection);
 }

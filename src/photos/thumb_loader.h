@@ -28,12 +28,14 @@ public:
     enum class Pass { Kept, Embedded, Reduced };
 
     /// The files on show now, in order, and those that are likely to be next. What was asked for before and
-    /// is not among them any more is forgotten.
+    /// is not among them any more is forgotten; what stays on show and has had its passes is not told again.
     /// @param longerSide  pixels of the reduced decode
     void Show(const QStringList& onShow, const QStringList& next, int longerSide);
     /// Makes one file anew, on show or not: it has changed.
     void Again(const QString& path);
-    void Forget(const QString& path) { m_cache.Remove(path); }
+    /// The screen has dropped the picture of a file: the next Show tells it anew.
+    void Renew(const QString& path) { m_done.remove(path); }
+    void Forget(const QString& path);
     void ForgetAll();
     /// Bytes that pictures off the screen may take.
     void SetLimit(qsizetype bytes) { m_cache.SetLimit(bytes); }
@@ -71,6 +73,7 @@ private:
     int m_longerSide = 0;
     // In the screen's thread alone:
     QSet<QString> m_onShow;
+    QSet<QString> m_done; ///< of these, what has had all its passes
     int m_due = 0; ///< tasks of this round that are not finished
 };
 

@@ -137,8 +137,8 @@ TEST_F(CaptureDeskTest, InTheListTheButtonsMoveItsFirstRowAndThePreview)
     EXPECT_EQ(turned(2), QPair(39, 39));
     EXPECT_EQ(turned(1), QPair(27, 27));
     EXPECT_EQ(turned(0), QPair(0, 0));
-    ASSERT_TRUE(tests::Until([this] { return !controls.geaListBox.Picture().isNull(); }));
-    EXPECT_EQ(controls.geaListBox.Picture().width(), CaptureDesk::kPreviewPixels);
+    ASSERT_TRUE(tests::Until(
+        [this] { return controls.geaListBox.Picture().width() == CaptureDesk::kPreviewPixels; }));
     EXPECT_TRUE(Shown().isEmpty()) << "the thumbnails stay as they are";
 }
 
@@ -273,6 +273,7 @@ TEST_F(CaptureDeskTest, NewFilesAppearAndThePageStaysWhereItIs)
     home.disk.Kill(kDir + Name(12));
     ASSERT_TRUE(tests::Until([this] { return controls.filCapture.ListCount() == 40; }));
     EXPECT_EQ(Shown(), Names(13, 24));
+    EXPECT_EQ(controls.geathumb(2).Picture().cacheKey(), kept) << "and takes it along";
     desk->imaScroll_Click(0);
     Put(u"A-NEWER.JPG"_s);
     ASSERT_TRUE(tests::Until([this] { return controls.filCapture.ListCount() == 41; }));
