@@ -117,6 +117,7 @@ Q_SIGNALS:
     void UnloadWanted(); ///< File, Exit
     void AboutWanted();
     void WhatsNewWanted(const QString& text);
+    void GuideWanted();     ///< Program Help without a help file of its own
     void ResetSizeWanted(); ///< the window back to its design size and position
 
 private:

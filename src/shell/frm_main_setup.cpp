@@ -115,15 +115,12 @@ void frm_Main::ToggleManualEntry()
     mnuSetupItem.SetEntryCaption(kManualEntry, show ? u"Hide Manual Detail"_s : u"Show Manual Detail"_s);
 }
 
-/// The help file, "" if there is none.
+/// The help file that was put into the program directory, "" if there is none.
 QString frm_Main::HelpFile() const
 {
     const bool maker = globals.companyName.contains(u"Ostrand"_s, Qt::CaseInsensitive);
-    for (const QString& name : {maker ? u"vasphelp.chm"_s : u"dalmohelp.chm"_s, u"guide\\index.html"_s}) {
-        if (m_base.disk.FileExists(globals.G_ProgramDir + name))
-            return globals.G_ProgramDir + name;
-    }
-    return {};
+    const QString path = globals.G_ProgramDir + (maker ? u"vasphelp.chm"_s : u"dalmohelp.chm"_s);
+    return m_base.disk.FileExists(path) ? path : QString();
 }
 
 QStringList frm_Main::Tutorials() const
@@ -135,14 +132,12 @@ QStringList frm_Main::Tutorials() const
     return names;
 }
 
-/// Program Help and the tutorials are there as far as their files are.
+/// The tutorials are there as far as their files are.
 void frm_Main::LoadHelpMenu()
 {
     const QStringList tutorials = Tutorials();
     QList<forms::MenuEntry> entries = mnuHelpItem.Entries();
     for (forms::MenuEntry& entry : entries) {
-        if (entry.index == 0)
-            entry.enabled = !HelpFile().isEmpty();
         if (entry.index != 1)
             continue;
         entry.enabled = !tutorials.isEmpty();
@@ -164,7 +159,11 @@ void frm_Main::StartTutorial(int index)
 
 void frm_Main::OpenHelp()
 {
-    GShell(m_base.disk, m_base.ports.prompter, u"open"_s, HelpFile(), {}, globals.G_ProgramDir);
+    const QString file = HelpFile();
+    if (file.isEmpty())
+        Q_EMIT GuideWanted();
+    else
+        GShell(m_base.disk, m_base.ports.prompter, u"open"_s, file, {}, globals.G_ProgramDir);
 }
 
 /// The text of the program directory, else the one that the program carries.

@@ -128,7 +128,7 @@ QList<forms::MenuEntry> DatabaseEntries()
 QList<forms::MenuEntry> HelpEntries()
 {
     return Entries({
-        {0, "Program Help"_L1},
+        {0, "Program Help"_L1, Screen::Here},
         {1, "Tutorials"_L1},
         {2, "What's New?"_L1, Screen::Here},
         {8, kSeparator},

@@ -25,6 +25,7 @@ ColumnsDialog::ColumnsDialog(const QList<forms::GridColumn>& columns, QWidget* p
     , m_up(new QPushButton(tr("Move &Up"), this))
     , m_down(new QPushButton(tr("Move &Down"), this))
 {
+    setObjectName(QStringLiteral("columnsDialog"));
     setWindowTitle(tr("Columns"));
     for (int i = 0; i < columns.size(); ++i) {
         auto* item = new QListWidgetItem(columns.at(i).caption, m_list);

@@ -65,6 +65,7 @@ SendToSlotDialog::SendToSlotDialog(const QString& record, QList<SlotChoice> choi
     , m_filter(new QLineEdit(this))
     , m_list(new QListWidget(this))
 {
+    setObjectName(QStringLiteral("sendToSlot"));
     setWindowTitle(tr("Send to Slot"));
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(16, 16, 16, 16);

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QScopeGuard>
+
 // What the Setup, Database and Help menus lead to.
 
 namespace vasclip::shell {
@@ -216,20 +218,45 @@ TEST_F(SetupMenu, WhatsNewTakesTheFileOfTheProgramDirectoryFirst)
     EXPECT_EQ(text, u"Ours: caf\u00e9"_s);
 }
 
-TEST_F(SetupMenu, HelpAndTutorialsAreThereAsFarAsTheirFilesAre)
+TEST_F(SetupMenu, ProgramHelpOpensTheHelpFileAndElseTheGuide)
 {
     Load();
-    EXPECT_FALSE(main.mnuHelpItem.Entry(u"mnuHelpItem"_s, 0)->enabled);
+    int guides = 0;
+    QObject::connect(&main, &frm_Main::GuideWanted, [&] { ++guides; });
+    ASSERT_TRUE(main.mnuHelpItem.Entry(u"mnuHelpItem"_s, 0)->enabled);
+    main.mnuHelpItem.Choose(u"mnuHelpItem"_s, 0);
+    EXPECT_EQ(guides, 1);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+
+    // Another maker's file is not opened, its own is: with nothing to show it, the box tells.
+    main.globals.companyName = u"Ostrand Ltd."_s;
+    home.Put(u"C:\\VAS2000\\dalmohelp.chm"_s);
+    main.mnuHelpItem.Choose(u"mnuHelpItem"_s, 0);
+    EXPECT_EQ(guides, 2);
+    home.Put(u"C:\\VAS2000\\vasphelp.chm"_s);
+    const QByteArray path = qgetenv("PATH");
+    const auto putBack = qScopeGuard([&] { qputenv("PATH", path); });
+    qputenv("PATH", ""); // a machine without anything that opens a help file
+    main.mnuHelpItem.Choose(u"mnuHelpItem"_s, 0);
+    EXPECT_EQ(guides, 2);
+    EXPECT_EQ(doubles.prompter.Last().text, u"No application is associated with this file type."_s);
+    main.globals.companyName = u"Somebody"_s;
+    home.disk.Kill(u"C:\\VAS2000\\dalmohelp.chm"_s);
+    main.mnuHelpItem.Choose(u"mnuHelpItem"_s, 0);
+    EXPECT_EQ(guides, 3);
+}
+
+TEST_F(SetupMenu, TutorialsAreThereAsFarAsTheirFilesAre)
+{
+    Load();
     EXPECT_FALSE(main.mnuHelpItem.Entry(u"mnuHelpItem"_s, 1)->enabled);
 
-    home.Put(u"C:\\VAS2000\\guide\\index.html"_s, "<p>");
     home.Put(u"C:\\VAS2000\\Mapping.exe"_s);
     home.Put(u"C:\\VAS2000\\photos.cls"_s);
     home.Put(u"C:\\VAS2000\\notes.txt"_s);
     frm_Main again({home.disk, engine, conduit, doubles.Get()});
     frm_Splash secondSplash{doubles.Get()};
     again.Form_load(options, secondSplash);
-    EXPECT_TRUE(again.mnuHelpItem.Entry(u"mnuHelpItem"_s, 0)->enabled);
     const forms::MenuEntry* tutorials = again.mnuHelpItem.Entry(u"mnuHelpItem"_s, 1);
     EXPECT_TRUE(tutorials->enabled);
     QStringList names;

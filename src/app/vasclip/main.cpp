@@ -14,6 +14,7 @@
 #include "shell/start_up.h"
 #include "windows/about_box.h"
 #include "windows/guard.h"
+#include "windows/guide_window.h"
 #include "windows/main_window.h"
 #include "windows/screens.h"
 #include "windows/splash_window.h"
@@ -142,6 +143,7 @@ public:
         , m_copy(m_disk.Home())
     {
         m_screens.SetGuard(&m_guard);
+        app.installEventFilter(&m_guideKey);
         LogErrorsTo(QDir(m_disk.Home()).filePath(u"vasclip.log"_s));
     }
 
@@ -211,6 +213,7 @@ private:
                          [this] { m_window->setWindowTitle(m_main.Caption()); });
         QObject::connect(&m_main, &shell::frm_Main::UnloadWanted, &*m_window, [this] { m_window->close(); });
         QObject::connect(&m_main, &shell::frm_Main::AboutWanted, &*m_window, [this] { ShowAbout(); });
+        QObject::connect(&m_main, &shell::frm_Main::GuideWanted, &*m_window, [this] { ShowGuide(); });
         QObject::connect(&m_main, &shell::frm_Main::WhatsNewWanted, &*m_window,
                          [this](const QString& changes) { ShowAbout(changes); });
         QObject::connect(&m_main, &shell::frm_Main::ResetSizeWanted, &*m_window,
@@ -228,6 +231,14 @@ private:
         m_window->show();
         if (!m_options.places.isEmpty())
             m_places.emplace(*m_window, m_options.places);
+    }
+
+    void ShowGuide()
+    {
+        auto& guide = windows::GuideWindow::Of(&*m_window);
+        guide.Show({});
+        guide.show();
+        guide.activateWindow();
     }
 
     void ShowAbout(const QString& changes = {})
@@ -264,6 +275,7 @@ private:
     windows::Theme m_theme;
     windows::WindowPrompter m_prompter;
     windows::EventGuard m_guard;
+    windows::GuideKey m_guideKey;
     windows::WindowDesktop m_desktop;
     windows::WindowScreens m_screens;
     forms::QtEventPump m_pump;

@@ -4,7 +4,6 @@
 #include "databook/comp_types.h"
 
 #include <QAbstractButton>
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -39,10 +38,13 @@ void Click(const QWidget& window, const QString& button)
         found->click();
 }
 
+/// As if typed: a text that is set is not told to the control.
 void Write(const QWidget& window, const QString& box, const QString& text)
 {
-    if (auto* found = window.findChild<QLineEdit*>(box))
-        found->setText(text);
+    if (auto* found = window.findChild<QLineEdit*>(box)) {
+        found->selectAll();
+        found->insert(text);
+    }
 }
 
 /// Opens the entry screen of the first comp of a type.

@@ -2,7 +2,7 @@
 
 #include "app/vasclip/tour/steps.h"
 
-#include <QAbstractItemView>
+#include <QDialog>
 #include <QLineEdit>
 
 namespace vasclip::app {
@@ -39,7 +39,7 @@ bool Settings(const Stage& stage)
         auto* search = dialog.findChild<QLineEdit*>(u"txtFind"_s);
         if (!search)
             return;
-        search->setText(u"photo"_s);
+        search->insert(u"photo"_s);
         stage.tour.Shoot(dialog, u"settings-search"_s);
     });
 }
@@ -52,6 +52,20 @@ bool Cities(const Stage& stage)
 bool Databases(const Stage& stage)
 {
     return Look(stage, u"Database > Change Current Database"_s, u"databases"_s);
+}
+
+bool Guide(const Stage& stage)
+{
+    if (!stage.tour.Choose(stage.window, u"Help > Program Help"_s))
+        return false;
+    auto* guide = stage.window.findChild<QDialog*>(u"guideWindow"_s);
+    if (!guide || !guide->isVisible())
+        return stage.tour.Fail(u"The guide did not come up."_s);
+    Settle(300);
+    stage.tour.Shoot(*guide, u"guide"_s);
+    guide->close();
+    stage.tour.Step(u"Looked at the guide."_s);
+    return true;
 }
 
 bool AboutAndNews(const Stage& stage)

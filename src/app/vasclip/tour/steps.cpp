@@ -24,6 +24,7 @@ std::span<const TourStep> TourSteps()
         {"settings"_L1, Settings},
         {"cities"_L1, Cities},
         {"databases"_L1, Databases},
+        {"guide"_L1, Guide},
         {"about and news"_L1, AboutAndNews},
     };
     // clang-format on

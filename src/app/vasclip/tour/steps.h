@@ -45,6 +45,7 @@ bool GridLayouts(const Stage& stage);
 bool Settings(const Stage& stage);
 bool Cities(const Stage& stage);
 bool Databases(const Stage& stage);
+bool Guide(const Stage& stage);
 bool AboutAndNews(const Stage& stage);
 
 } // namespace vasclip::app
