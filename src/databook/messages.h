@@ -54,6 +54,14 @@ inline const QString kNoDateRange =
     QStringLiteral("\"%1\" is no date range. Choose On or Prior, Equal To or On or After.");
 inline const QString kNothingChanged = QStringLiteral("Nothing was changed.");
 
+inline const QString kIndexMissing =
+    QStringLiteral("The index that makes finding quick is being made; until then finding takes longer.");
+inline const QString kIndexDamaged = QStringLiteral(
+    "The index that makes finding quick was damaged and is made anew; the records are not harmed.");
+inline const QString kIndexOutOfStep = QStringLiteral(
+    "The index that makes finding quick did not know all records and learns them; the records are not "
+    "harmed.");
+
 inline const QString kChangesLost = QStringLiteral("Changes will be lost.  Are you sure?");
 inline const QString kSaved = QStringLiteral("The record was saved.");
 inline const QString kTheirsShown = QStringLiteral("This is the record as it was stored by somebody else.");

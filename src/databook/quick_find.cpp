@@ -2,6 +2,7 @@
 
 #include "common/error_block.h"
 #include "databook/grid.h"
+#include "databook/messages.h"
 #include "platform/text/text.h"
 
 #include <algorithm>
@@ -15,18 +16,33 @@ namespace {
 
 constexpr qint64 kBits = 64;
 
-QStringList WordsOf(QString typed)
-{
-    typed.remove(QChar(0));
-    return typed.simplified().split(u' ', Qt::SkipEmptyParts);
-}
-
 } // namespace
 
 const QStringList& QuickFindFields()
 {
     static const QStringList fields{u"CENTRALKEY"_s, u"ADDRESS"_s, u"CITY"_s, u"NEIGHBORHD"_s, u"NOTES"_s};
     return fields;
+}
+
+QStringList QuickFindWords(QString typed)
+{
+    typed.remove(QChar(0));
+    return typed.simplified().split(u' ', Qt::SkipEmptyParts);
+}
+
+QString IndexText(engine::TextIndexTrouble trouble)
+{
+    switch (trouble) {
+    case engine::TextIndexTrouble::Missing:
+        return kIndexMissing;
+    case engine::TextIndexTrouble::Damaged:
+        return kIndexDamaged;
+    case engine::TextIndexTrouble::OutOfStep:
+        return kIndexOutOfStep;
+    case engine::TextIndexTrouble::None:
+        break;
+    }
+    return {};
 }
 
 FoundRows::FoundRows(const GridRows& rows)
@@ -123,7 +139,7 @@ void QuickFind::Clear()
 void QuickFind::txtQuickFind_Change()
 {
     const common::RoutineScope scope{"txtQuickFind_Change"};
-    m_search.words = WordsOf(m_desk.txtQuickFind.Text());
+    m_search.words = QuickFindWords(m_desk.txtQuickFind.Text());
     if (m_search.words.isEmpty() || !m_datsql.Bound())
         ShowAll();
     else
@@ -179,11 +195,18 @@ void QuickFind::ShowFound()
     m_desk.grddatabook.Rebind(&m_found);
     if (const qint64 row = m_found.RowOf(m_stood); row > 0)
         m_desk.grddatabook.SetRow(row);
+    ShowCount();
+}
+
+void QuickFind::ShowCount()
+{
     const QString count = QString::number(m_found.RowCount());
-    m_status.lblmsg.Show(m_searching               ? u"%1 comps found so far."_s.arg(count)
-                         : m_found.RowCount() == 1 ? u"1 comp found."_s
-                                                   : u"%1 comps found."_s.arg(count),
-                         forms::Colour::Blue);
+    QString text = m_searching               ? u"%1 comps found so far."_s.arg(count)
+                   : m_found.RowCount() == 1 ? u"1 comp found."_s
+                                             : u"%1 comps found."_s.arg(count);
+    if (m_told != engine::TextIndexTrouble::None)
+        text += u' ' + IndexText(m_told);
+    m_status.lblmsg.Show(text, forms::Colour::Blue);
 }
 
 void QuickFind::ShowAll()
@@ -229,9 +252,23 @@ bool QuickFind::Work()
         return true;
     }
     if (!m_indexed)
-        m_indexed =
-            m_datsql.Database().KeepTextIndex(m_globals.G_Table, QuickFindFields(), kSliceMilliseconds);
+        KeepIndex();
     return !m_indexed;
+}
+
+void QuickFind::KeepIndex()
+{
+    const engine::TextIndexState state =
+        m_datsql.Database().KeepTextIndex(m_globals.G_Table, QuickFindFields(), kSliceMilliseconds);
+    m_indexed = state.whole;
+    // An index that was never made is told of only while it takes its time; one that was wrong always.
+    const bool tell = state.trouble != engine::TextIndexTrouble::Missing || !state.whole;
+    const engine::TextIndexTrouble trouble = tell ? state.trouble : engine::TextIndexTrouble::None;
+    if (trouble == m_told)
+        return;
+    m_told = trouble;
+    if (m_narrowed)
+        ShowCount();
 }
 
 } // namespace vasclip::databook

@@ -16,6 +16,11 @@ class GridRows;
 /// The fields that the quick-find box looks in.
 [[nodiscard]] const QStringList& QuickFindFields();
 
+/// The words of what was typed.
+[[nodiscard]] QStringList QuickFindWords(QString typed);
+/// What is told of an index that was not right; "" for one that was.
+[[nodiscard]] QString IndexText(engine::TextIndexTrouble trouble);
+
 /// Some rows of the grid's records, in their order: a bit a record.
 class FoundRows : public forms::GridSource
 {
@@ -66,6 +71,8 @@ private:
     void Step();
     void ShowFound();
     void ShowAll();
+    void ShowCount();
+    void KeepIndex();
     void MapPositions();
     void SourceChanged();
 
@@ -82,6 +89,7 @@ private:
     bool m_searching = false;
     bool m_narrowed = false;
     bool m_indexed = false;
+    engine::TextIndexTrouble m_told = engine::TextIndexTrouble::None;
     qint64 m_stood = -1; ///< the record that was current when the narrowing began
 };
 

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sqlite3.h>
+
 using namespace Qt::Literals::StringLiterals;
 using namespace vasclip::tests;
 
@@ -106,6 +108,171 @@ TEST_F(Vasctl, ADeletedRecordTakesItsPictures)
     EXPECT_EQ(home.Vasctl({u"--yes"_s, u"records"_s, u"delete"_s, key}).code, kDone);
     EXPECT_FALSE(QFile::exists(home.Native(picture)));
     EXPECT_EQ(home.Vasctl({u"records"_s, u"find"_s, key}).code, kNotFound);
+}
+
+TEST_F(Vasctl, SearchesByEveryFieldOfTheScreen)
+{
+    const std::pair<QStringList, QString> rows[] = {
+        {{u"--key"_s, u"oak"_s}, u"UCASE(CENTRALKEY) LIKE '*OAK*'"_s},
+        {{u"--address"_s, u"oak"_s, u"--exact"_s}, u"UCASE(ADDRESS) LIKE 'OAK'"_s},
+        {{u"--city"_s, u" marlow "_s}, u"UCASE(CITY) LIKE '*MARLOW*'"_s},
+        {{u"--state"_s, u"wa"_s}, u"UCASE(ST) = 'WA'"_s},
+        {{u"--zip"_s, u"982"_s}, u"UCASE(ZIP) LIKE '*982*'"_s},
+        {{u"--county"_s, u"x"_s}, u"UCASE(COUNTY) LIKE '*X*'"_s},
+        {{u"--neighborhood"_s, u"x"_s}, u"UCASE(NEIGHBORHD) LIKE '*X*'"_s},
+        {{u"--bedrooms"_s, u"3"_s}, u"UCASE(BEDROOM) = '3'"_s},
+        {{u"--baths"_s, u"2"_s}, u"UCASE(BATH) LIKE '*2*'"_s},
+        {{u"--tax-map"_s, u"x"_s}, u"UCASE(TAXMAPNUM) LIKE '*X*'"_s},
+        {{u"--census"_s, u"x"_s}, u"UCASE(CENSUSTRCT) LIKE '*X*'"_s},
+        {{u"--stories"_s, u"x"_s}, u"UCASE(STRCODE) LIKE '*X*'"_s},
+        {{u"--cts"_s, u"x"_s}, u"UCASE(CTSCODE) LIKE '*X*'"_s},
+        {{u"--comp-type"_s, u"f"_s}, u"UCASE(APPRSLTYPE) LIKE '*F*'"_s},
+        {{u"--porch"_s, u"x"_s}, u"UCASE(PORCHPATI2) LIKE '*X*'"_s},
+        {{u"--notes"_s, u"x"_s}, u"UCASE(NOTES) LIKE '*X*'"_s},
+        {{u"--design"_s, u"x"_s}, u"UCASE(DESIGNAPPL) LIKE '*X*'"_s},
+        {{u"--sqft"_s, u"1999"_s, u"--sqft-range"_s, u"10%"_s}, u"GLA BETWEEN 1800 AND 2198"_s},
+        {{u"--price"_s, u"$100,000"_s, u"--price-range"_s, u"15000"_s},
+         u"SELLINGPR BETWEEN 85000 AND 115000"_s},
+        {{u"--price"_s, u"100000"_s}, u"SELLINGPR BETWEEN 100000 AND 100000"_s},
+        {{u"--price-from"_s, u"85,000"_s, u"--price-to"_s, u"115001"_s},
+         u"SELLINGPR BETWEEN 85000 AND 115001"_s},
+        {{u"--age-to"_s, u"10"_s}, u"AGE BETWEEN 0 AND 10"_s},
+        {{u"--price-gla-from"_s, u"100"_s}, u"PRICEGLA BETWEEN 100 AND 999999999"_s},
+        {{u"--land-size"_s, u"5000"_s, u"--land-size-range"_s, u"500"_s},
+         u"LANDSIZE BETWEEN VAL('4500') AND VAL('5500')"_s},
+        {{u"--sale-date"_s, u"06/30/2004"_s}, u"COMPS.SALEDATE>=#6/30/2004#"_s},
+        {{u"--sale-date"_s, u"6/30/2004"_s, u"--sale-date-range"_s, u"prior"_s},
+         u"COMPS.SALEDATE<=#6/30/2004#"_s},
+        {{u"--load-date"_s, u"6/30/2004"_s, u"--load-date-range"_s, u"Equal To"_s},
+         u"COMPS.LOADDATE=#6/30/2004#"_s},
+        {{u"--state"_s, u"wa"_s, u"--city"_s, u"x"_s}, u"UCASE(CITY) LIKE '*X*' AND UCASE(ST) = 'WA'"_s},
+    };
+    for (const auto& [words, where] : rows) {
+        const QStringList command =
+            QStringList{u"search"_s, u"--sort"_s, u"0"_s, u"--with-pending"_s} + words;
+        const QString sql = home.Vasctl(command + QStringList{u"--sql"_s}).Object()[u"sql"_s].toString();
+        EXPECT_TRUE(sql.endsWith(u" FROM COMPS WHERE "_s + where)) << sql.toStdString();
+        const auto found = home.Vasctl(command);
+        const auto same = home.Vasctl({u"sql"_s, u"SELECT CENTRALKEY FROM COMPS WHERE "_s + where});
+        ASSERT_EQ(same.code, kDone) << same.err.toStdString();
+        EXPECT_EQ(found.Array().size(), same.Array().size()) << where.toStdString();
+        EXPECT_EQ(found.code, same.Array().isEmpty() ? kNotFound : kDone) << where.toStdString();
+    }
+}
+
+TEST_F(Vasctl, SearchesAreSortedFilteredLimitedAndCounted)
+{
+    const auto found = home.Vasctl(
+        {u"search"_s, u"--price-from"_s, u"1"_s, u"--sort"_s, u"sellingpr"_s, u"--limit"_s, u"5"_s});
+    ASSERT_EQ(found.code, kDone) << found.err.toStdString();
+    ASSERT_EQ(found.Array().size(), 5);
+    double last = 1e12;
+    for (const QJsonValue& value : found.Array()) {
+        const double price = value.toObject()[u"SELLINGPR"_s].toString().toDouble();
+        EXPECT_LE(price, last);
+        last = price;
+    }
+    const auto sql = [&](const QStringList& words) {
+        return home.Vasctl(QStringList{u"search"_s, u"--sql"_s} + words).Object()[u"sql"_s].toString();
+    };
+    EXPECT_TRUE(
+        sql({u"--sort"_s, u"2"_s, u"--ignore-pending"_s})
+            .endsWith(u" FROM COMPS WHERE ISDATE(COMPS.SALEDATE) AND COMPS.SALEDATE <> #01/01/1900# ORDER "
+                      "BY COMPS.SALEDATE DESC"_s));
+    const auto all = home.Vasctl({u"--plain"_s, u"search"_s, u"--with-pending"_s});
+    EXPECT_TRUE(all.out.contains("60 comps found.")) << all.out.toStdString();
+    const auto none = home.Vasctl({u"--plain"_s, u"search"_s, u"--city"_s, u"Nowhere"_s});
+    EXPECT_EQ(none.code, kNotFound);
+    EXPECT_TRUE(
+        none.err.contains("No comps were found using the search fields above.  Check spelling or be less "
+                          "specific"))
+        << none.err.toStdString();
+    home.Vasctl({u"settings"_s, u"set"_s, u"SORTGRID"_s, u"4"_s});
+    EXPECT_TRUE(sql({}).endsWith(u" ORDER BY COMPS.GLA DESC"_s)) << "as the screen opens";
+}
+
+TEST_F(Vasctl, ASearchThatCannotBeIsRefusedInWords)
+{
+    const std::pair<QStringList, const char*> wrong[] = {
+        {{u"oak"_s}, "'oak' belongs to no field; say --address 'oak', or use 'vasctl find'."},
+        {{u"--city"_s, u"  "_s}, "--city has nothing to look for."},
+        {{u"--price"_s, u"lots"_s}, "--price takes a number, not 'lots'."},
+        {{u"--price"_s, u"1"_s, u"--price-range"_s, u"x%"_s},
+         "--price-range takes a number or a percentage such as 10%, not 'x'."},
+        {{u"--price-range"_s, u"5"_s}, "--price-range says how far from --price, which is missing."},
+        {{u"--price-from"_s, u"5"_s, u"--price-to"_s, u"4"_s}, "--price-from 5 lies above --price-to 4."},
+        {{u"--price-from"_s, u"5"_s, u"--price"_s, u"4"_s},
+         "Give --price with --price-range, or --price-from and --price-to, not both."},
+        {{u"--sale-date"_s, u"13/45/2004"_s},
+         "--sale-date takes a date such as 6/30/2004, not '13/45/2004'."},
+        {{u"--sale-date-range"_s, u"prior"_s},
+         "--sale-date-range says on which side of --sale-date, which is missing."},
+        {{u"--sale-date"_s, u"6/30/2004"_s, u"--sale-date-range"_s, u"about"_s},
+         "--sale-date-range takes prior, equal or after, not 'about'."},
+        {{u"--sort"_s, u"CITY"_s}, "A search is sorted by ADDRESS"},
+        {{u"--sort"_s, u"7"_s}, "A search is sorted by ADDRESS"},
+        {{u"--limit"_s, u"-1"_s}, "--limit takes a whole number of 0 or more, not '-1'."},
+        {{u"--ignore-pending"_s, u"--with-pending"_s},
+         "--ignore-pending and --with-pending exclude each other."},
+        {{u"--colour"_s, u"red"_s}, "colour"},
+    };
+    for (const auto& [words, text] : wrong) {
+        const auto ended = home.Vasctl(QStringList{u"--plain"_s, u"search"_s} + words);
+        EXPECT_EQ(ended.code, kUsage) << words.join(u' ').toStdString();
+        EXPECT_TRUE(ended.err.contains(text)) << ended.err.toStdString();
+    }
+    for (const QString& quoted : {u"O'Brien"_s, u"'"_s, u"x' OR '1'='1"_s}) {
+        const auto ended = home.Vasctl({u"--plain"_s, u"search"_s, u"--address"_s, quoted});
+        EXPECT_NE(ended.code, kDone) << "a quote ends the text of the statement";
+        EXPECT_FALSE(ended.err.isEmpty());
+    }
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"list"_s}).Array().size(), 60);
+}
+
+TEST_F(Vasctl, FindsWordsInTheFieldsOfTheQuickFind)
+{
+    for (const QString& key : {u"7 Calle Peña"_s, u"12 O'Brien Ct"_s})
+        ASSERT_EQ(
+            home.Vasctl({u"records"_s, u"add"_s, key, u"--set"_s, u"NOTES=Zylophone \"100%\" attic"_s}).code,
+            kDone);
+    const auto keys = [&](const QStringList& words) {
+        QStringList all;
+        for (const QJsonValue& row : home.Vasctl(QStringList{u"find"_s} + words).Array())
+            all.append(row.toObject()[u"CENTRALKEY"_s].toString());
+        all.sort();
+        return all;
+    };
+    const QStringList both{u"12 O'BRIEN CT"_s, u"7 CALLE PEÑA"_s};
+    EXPECT_EQ(keys({u"zylophone"_s}), both);
+    EXPECT_EQ(keys({u"ATTIC"_s, u"\"100%\""_s}), both);
+    EXPECT_EQ(keys({u"zylophone peña"_s}), QStringList(u"7 CALLE PEÑA"_s));
+    EXPECT_EQ(keys({u"o'b"_s, u"zy"_s}), QStringList(u"12 O'BRIEN CT"_s));
+    EXPECT_EQ(home.Vasctl({u"find"_s, u"zylophone"_s, u"--limit"_s, u"1"_s}).Array().size(), 1);
+    EXPECT_EQ(home.Vasctl({u"find"_s, u"nosuchword"_s}).code, kNotFound);
+    for (const QStringList& words : {QStringList{}, QStringList{u"  "_s}}) {
+        const auto ended = home.Vasctl(QStringList{u"--plain"_s, u"find"_s} + words);
+        EXPECT_EQ(ended.code, kUsage);
+        EXPECT_TRUE(ended.err.contains("Usage: vasctl find TEXT")) << ended.err.toStdString();
+    }
+}
+
+TEST_F(Vasctl, ADamagedIndexIsToldAndFindsTheSame)
+{
+    ASSERT_EQ(home.Vasctl({u"records"_s, u"add"_s, u"1 Test Ln"_s, u"--set"_s, u"NOTES=zylophone"_s}).code,
+              kDone);
+    EXPECT_TRUE(home.Vasctl({u"find"_s, u"zylophone"_s}).err.contains("is being made"));
+    EXPECT_TRUE(home.Vasctl({u"find"_s, u"zylophone"_s}).err.isEmpty());
+    sqlite3* handle = nullptr;
+    ASSERT_EQ(sqlite3_open(home.Native(u"DATABOOK/DATABOOK.MDB"_s).toUtf8().constData(), &handle), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(handle, "DROP TABLE vas_noted_COMPS", nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(handle);
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"add"_s, u"2 Test Ln"_s, u"--set"_s, u"NOTES=zylophone"_s}).code,
+              kDone)
+        << "records are stored whatever the index is like";
+    const auto told = home.Vasctl({u"find"_s, u"zylophone"_s});
+    EXPECT_EQ(told.Array().size(), 2);
+    EXPECT_TRUE(told.err.contains("is being made")) << told.err.toStdString();
+    EXPECT_TRUE(home.Vasctl({u"find"_s, u"zylophone"_s}).err.isEmpty());
 }
 
 TEST_F(Vasctl, TheCityListIsKept)
@@ -405,7 +572,8 @@ TEST_F(Vasctl, WrongCommandLinesAreToldWithTheirCode)
     }
     const auto help = home.Vasctl({u"--plain"_s, u"--help"_s});
     EXPECT_EQ(help.code, kDone);
-    for (const char* word : {"records list", "sql", "report status", "refresh", "drop KEY", "settings",
+    for (const char* word : {"records list", "search", "find TEXT", "--price-from", "--land-size-range",
+                             "--sql", "sql", "report status", "refresh", "drop KEY", "settings",
                              "comments list", "doctor", "Exit codes", "--answer", "--json"})
         EXPECT_TRUE(help.out.contains(word)) << word;
 }

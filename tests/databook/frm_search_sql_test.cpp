@@ -4,6 +4,8 @@
 #include "platform/files/profile.h"
 #include "support/databook_home.h"
 
+#include <sqlite3.h>
+
 namespace vasclip::databook {
 namespace {
 
@@ -233,9 +235,18 @@ TEST_F(SearchScreen, DatesAreFixedWhenTheBoxIsLeft)
     frm_SearchSQL screen(Base());
     screen.Open();
     const std::pair<QString, QString> rows[] = {
-        {u"03/07/04"_s, u"3/7/2004"_s},     {u"tomorrow"_s, u"01/01/1900"_s},
-        {u"13/13/2004"_s, u"01/01/1900"_s}, {u""_s, u""_s},
-        {u"3/7/2091"_s, u"01/01/1900"_s},   {u"o'clock"_s, u"01/01/1900"_s},
+        {u"03/07/04"_s, u"3/7/2004"_s},
+        {u"tomorrow"_s, u"01/01/1900"_s},
+        {u"13/13/2004"_s, u"01/01/1900"_s},
+        {u""_s, u""_s},
+        {u"3/7/2091"_s, u"01/01/1900"_s},
+        {u"o'clock"_s, u"01/01/1900"_s},
+        {u"2/30/2004"_s, u"01/01/1900"_s},
+        {u"//"_s, u"01/01/1900"_s},
+        {u"#3/7/2004#"_s, u"01/01/1900"_s},
+        {u"3/7/2004' OR '1'='1"_s, u"01/01/1900"_s},
+        {u"\u0663/\u0667/2004"_s, u"01/01/1900"_s},
+        {u"3/7/2004\t\n;DROP"_s, u"01/01/1900"_s},
     };
     for (const QString& box : {u"txtSaleDate"_s, u"txtLoadDate"_s}) {
         for (const auto& [typed, fixed] : rows) {
@@ -369,6 +380,75 @@ TEST_F(SearchScreen, AQuoteIsASyntaxErrorAndLeavesTheGrid)
         EXPECT_FALSE(desk.state.searchOnDisplay);
         EXPECT_TRUE(screen.lblSQL.Caption().contains(u"O'FALLON"_s));
     }
+}
+
+TEST_F(SearchScreen, EveryFieldTakesEveryKindOfText)
+{
+    const QString samples[] = {QString(5000, u'W'),
+                               u"Caf\u00e9 \u00d1u\u00f1ez"_s,
+                               u"\u05e8\u05d7\u05d5\u05d1 12"_s,
+                               u"a\tb\x01 c\r\n"_s,
+                               u"100% \"x\" _ ; --"_s,
+                               u"*?#[!a-z]"_s,
+                               u"[never closed"_s,
+                               u"   "_s};
+    for (const SearchField& field : SearchFields()) {
+        for (const QString& sample : samples) {
+            SCOPED_TRACE(field.control.data() + std::string(" ") + sample.left(20).toStdString());
+            DisplayAllRecords(ports, desk, datsql, rows, 1);
+            frm_SearchSQL screen(Base());
+            screen.Open();
+            screen.SetText(QString(field.control), sample);
+            if (!field.rangeControl.isEmpty() && field.kind != SearchKind::Date)
+                screen.SetText(QString(field.rangeControl), sample);
+            EXPECT_NO_THROW(Press(screen.cmdSearch));
+            EXPECT_EQ(screen.lblSQL.Caption(), desk.state.sqlText);
+            EXPECT_TRUE(screen.lblmsg.Caption() == kNoCompsFound ||
+                        screen.lblmsg.Caption() == FoundText(Shown().size()))
+                << screen.lblmsg.Caption().toStdString();
+            const bool text = field.kind == SearchKind::Like || field.kind == SearchKind::Equal;
+            if (text && !sample.trimmed().isEmpty()) {
+                EXPECT_TRUE(Shown().isEmpty()) << "no record holds it";
+            }
+            Press(screen.cmdClear);
+        }
+    }
+}
+
+TEST_F(SearchScreen, ALetterBeyondAsciiIsFoundInEitherCase)
+{
+    AddRow({{key, u"7 CALLE PE\u00d1A"_s}, {u"ADDRESS"_s, u"7 Calle Pe\u00f1a"_s}});
+    for (const QString& typed : {u"pe\u00f1a"_s, u"PE\u00d1A"_s, u"calle"_s}) {
+        for (const QString& box : {u"cboSearchKey"_s, u"cboAddr"_s}) {
+            frm_SearchSQL screen(Base());
+            screen.Open();
+            screen.SetText(box, typed);
+            Press(screen.cmdSearch);
+            EXPECT_EQ(Shown(), QStringList(u"7 CALLE PE\u00d1A"_s)) << typed.toStdString();
+        }
+    }
+}
+
+TEST_F(SearchScreen, TheListsReadALineWhenItIsShownAndKeepNone)
+{
+    {
+        engine::Transaction all(datsql.Database());
+        for (int i = 0; i < 3000; ++i)
+            datsql.Database().Execute(
+                u"INSERT INTO COMPS(CENTRALKEY, ADDRESS) VALUES('%1 ASH ST', '%1 Ash St')"_s.arg(i));
+        all.Commit();
+    }
+    DisplayAllRecords(ports, desk, datsql, rows, 0);
+    const qint64 reads = sqlite3_memory_used();
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    for (const QString& box : {u"cboSearchKey"_s, u"cboAddr"_s}) {
+        auto* list = qobject_cast<forms::ComboBox*>(screen.Box(box));
+        EXPECT_EQ(list->ListCount(), 3003) << "all can be reached";
+        EXPECT_FALSE(list->List(3002).isEmpty());
+        EXPECT_TRUE(list->Items().isEmpty()) << "and none is held";
+    }
+    EXPECT_LT(sqlite3_memory_used() - reads, 1'000'000) << "nor kept by the store";
 }
 
 TEST_F(SearchScreen, AFailedSearchKeepsTheOneBefore)

@@ -3,6 +3,8 @@
 #include "databook/grid.h"
 #include "support/databook_home.h"
 
+#include <sqlite3.h>
+
 namespace vasclip::databook {
 namespace {
 
@@ -124,6 +126,39 @@ TEST_F(QuickFinding, SeesWhatWasChangedMeanwhile)
     DisplayAllRecords(ports, desk, datsql, rows, 1);
     Type(u"oak ln"_s);
     EXPECT_EQ(Shown(), QStringList(u"5 OAK LN"_s));
+}
+
+TEST_F(QuickFinding, SaysThatADamagedIndexIsMadeAnewAndFindsAllTheSame)
+{
+    Type(u"oak"_s);
+    while (find->Work()) {
+    }
+    EXPECT_EQ(status.lblmsg.Caption(), u"2 comps found."_s) << "one that was never made is no trouble";
+    sqlite3* handle = nullptr;
+    ASSERT_EQ(sqlite3_open(disk.ToNative(path).toUtf8().constData(), &handle), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(handle, "DELETE FROM vas_text_COMPS_data WHERE id > 1", nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    sqlite3_close(handle);
+    Type(u"oa"_s);
+    Type(u"oak"_s);
+    EXPECT_EQ(Shown(), QStringList({u"114 OAK ST"_s, u"22 FERRY RD"_s}));
+    DisplayAllRecords(ports, desk, datsql, rows, 1);
+    Type(u"oa"_s);
+    Type(u"oak"_s);
+    while (find->Work()) {
+    }
+    EXPECT_EQ(
+        status.lblmsg.Caption(),
+        u"2 comps found. The index that makes finding quick was damaged and is made anew; the records are "
+        "not harmed."_s);
+    EXPECT_EQ(Shown(), QStringList({u"114 OAK ST"_s, u"22 FERRY RD"_s}));
+    EXPECT_EQ(
+        IndexText(engine::TextIndexTrouble::OutOfStep),
+        u"The index that makes finding quick did not know all records and learns them; the records are not "
+        "harmed."_s);
+    EXPECT_EQ(IndexText(engine::TextIndexTrouble::Missing),
+              u"The index that makes finding quick is being made; until then finding takes longer."_s);
+    EXPECT_EQ(IndexText(engine::TextIndexTrouble::None), QString());
 }
 
 TEST(FoundRowsTest, PlacesAndRowsAgreeOverManyWords)

@@ -2,6 +2,7 @@
 
 #include "faults/fault_home.h"
 
+#include <optional>
 #include <random>
 
 namespace vasclip::tests {
@@ -28,7 +29,9 @@ protected:
         m_usualMs = finished ? m_usualMs * 3 / 4 + 1 : m_usualMs * 4 / 3 + 1;
         const QByteArray said = process.readAllStandardOutput();
         const bool done = said.contains("was added.") || said.contains("was changed.") ||
-                          said.contains(" now.") || said.contains("was copied to");
+                          said.contains(" now.") || said.contains("was copied to") ||
+                          said.contains("was deleted.") || said.contains("were changed.") ||
+                          said.contains("was added to");
         ++(done ? m_done : m_killed);
         return done;
     }
@@ -59,8 +62,9 @@ protected:
     {
         const Timed usual = Vasctl(QStringList{u"records"_s, u"add"_s, key} + Fields(u"C0"_s));
         ASSERT_EQ(usual.code, kDone) << usual.Story();
-        m_usualMs = static_cast<int>(usual.seconds * 1000);
+        Usually(usual);
     }
+    void Usually(const Timed& run) { m_usualMs = static_cast<int>(run.seconds * 1000); }
 
 private:
     std::mt19937 m_random{20040307};
@@ -108,6 +112,125 @@ TEST_F(Killed, EditingLeavesTheOldValuesOrTheNew)
         known = row.first;
     }
     EXPECT_EQ(home.Vasctl({u"records"_s, u"list"_s}).Array().size(), 61);
+}
+
+TEST_F(Killed, DeletingTakesARecordBeforeItsPicturesAndNeverThemAlone)
+{
+    struct Comp
+    {
+        QString key;
+        QStringList pictures;
+    };
+    QList<Comp> comps;
+    const QString pictures = home.Vasctl({u"settings"_s, u"get"_s, u"PHOTODIR"_s})
+                                 .Object()[u"value"_s]
+                                 .toString()
+                                 .mid(3)
+                                 .replace(u'\\', u'/');
+    const auto photosOf = [&](const QString& key) -> std::optional<QString> {
+        const Ended shown = home.Vasctl({u"records"_s, u"show"_s, key});
+        if (shown.code != kDone)
+            return std::nullopt;
+        return shown.Object()[u"PHOTOS"_s].toString();
+    };
+    for (const QJsonValue& value : home.Vasctl({u"records"_s, u"list"_s}).Array()) {
+        Comp comp{value.toObject()[u"CENTRALKEY"_s].toString(), {}};
+        for (const QString& line : photosOf(comp.key).value_or(QString()).split(u"\r\n"_s))
+            if (line.contains(u'|'))
+                comp.pictures.append(
+                    home.Native(pictures + u'/' + line.section(u'|', 1).trimmed() + u".jpg"_s));
+        if (!comp.pictures.isEmpty())
+            comps.append(comp);
+        if (comps.size() == 21)
+            break;
+    }
+    ASSERT_EQ(comps.size(), 21);
+    const Timed usual = Vasctl({u"--yes"_s, u"records"_s, u"delete"_s, comps.takeFirst().key});
+    ASSERT_EQ(usual.code, kDone) << usual.Story();
+    Usually(usual);
+    for (const Comp& comp : comps) {
+        const bool reported = RunAndKill({u"--yes"_s, u"records"_s, u"delete"_s, comp.key});
+        const bool there = photosOf(comp.key).has_value();
+        EXPECT_FALSE(reported && there) << comp.key.toStdString() << " was reported deleted and is there";
+        for (const QString& picture : comp.pictures) {
+            EXPECT_FALSE(there && !QFile::exists(picture))
+                << comp.key.toStdString() << " is there without " << picture.toStdString();
+            EXPECT_FALSE(reported && QFile::exists(picture)) << picture.toStdString() << " was left";
+        }
+    }
+    EXPECT_EQ(Vasctl({u"doctor"_s}).code, kDone);
+}
+
+TEST_F(Killed, AssigningACityChangesAllRecordsOfANeighborhoodOrNone)
+{
+    Usually(Vasctl({u"records"_s, u"add"_s, u"0 Kill Rd"_s, u"--set"_s, u"NEIGHBORHD=Kill"_s}));
+    for (int i = 1; i < 6; ++i)
+        ASSERT_EQ(
+            Vasctl({u"records"_s, u"add"_s, u"%1 Kill Rd"_s.arg(i), u"--set"_s, u"NEIGHBORHD=Kill"_s}).code,
+            kDone);
+    QString known;
+    for (int i = 1; i <= 20; ++i) {
+        const QString city = u"C%1"_s.arg(i);
+        const bool reported = RunAndKill({u"cities"_s, u"assign"_s, u"Kill"_s, u"--city"_s, city});
+        const auto rows = Rows();
+        ASSERT_EQ(rows.size(), 6);
+        const QString now = rows.first().first;
+        for (const auto& row : rows)
+            EXPECT_EQ(row.first, now) << "half a neighborhood in run " << i;
+        EXPECT_TRUE(now == city || (!reported && now == known)) << now.toStdString() << " in run " << i;
+        known = now;
+    }
+}
+
+TEST_F(Killed, TheListOfCitiesIsTheOldOneOrTheNewOne)
+{
+    const auto cities = [this] {
+        QStringList lines;
+        for (const QJsonValue& value : home.Vasctl({u"cities"_s, u"list"_s}).Array())
+            lines.append(value.toObject()[u"CITY"_s].toString());
+        return lines;
+    };
+    const Timed usual = Vasctl({u"cities"_s, u"add"_s, u"--city"_s, u"K0"_s});
+    ASSERT_EQ(usual.code, kDone) << usual.Story();
+    Usually(usual);
+    const QString settings =
+        home.Vasctl({u"settings"_s, u"get"_s, u"PHOTODIR"_s}).Object()[u"value"_s].toString();
+    QStringList known = cities();
+    for (int i = 1; i <= 20; ++i) {
+        const QString city = u"K%1"_s.arg(i);
+        const bool reported = RunAndKill({u"cities"_s, u"add"_s, u"--city"_s, city});
+        const QStringList now = cities();
+        EXPECT_TRUE(now == known + QStringList{city} || (!reported && now == known))
+            << now.join(u'|').toStdString() << " in run " << i;
+        known = now;
+    }
+    EXPECT_EQ(home.Vasctl({u"settings"_s, u"get"_s, u"PHOTODIR"_s}).Object()[u"value"_s].toString(), settings)
+        << "the rest of the file stays";
+}
+
+TEST_F(Killed, APhraseIsStoredWholeOrNotAtAll)
+{
+    const QString field = u"STORAGE"_s;
+    const auto phrases = [&] {
+        QStringList all;
+        const Ended list = home.Vasctl({u"comments"_s, u"list"_s, field});
+        EXPECT_EQ(list.code, kDone) << list.err.toStdString();
+        for (const QJsonValue& value : list.Array())
+            all.append(value.toObject()[u"PHRASE"_s].toString());
+        return all;
+    };
+    const Timed usual = Vasctl({u"comments"_s, u"add"_s, field, u"phrase 0"_s});
+    ASSERT_EQ(usual.code, kDone) << usual.Story();
+    Usually(usual);
+    QStringList known = phrases();
+    for (int i = 1; i <= 16; ++i) {
+        const QString phrase = u"phrase %1"_s.arg(i);
+        const bool reported = RunAndKill({u"comments"_s, u"add"_s, field, phrase});
+        const QStringList now = phrases();
+        EXPECT_TRUE(now == known + QStringList{phrase} || (!reported && now == known))
+            << now.join(u'|').toStdString() << " in run " << i;
+        known = now;
+    }
 }
 
 TEST_F(Killed, RenamingAndCopyingLeaveTheOldRecordOrTheNewOneWhole)

@@ -5,6 +5,8 @@
 #include "databook/records.h"
 #include "platform/engine/database.h"
 #include "shell/frm_main.h"
+#include "shell/frm_splash.h"
+#include "shell/start_up.h"
 #include "store/schema.h"
 #include "store/store.h"
 #include "support/recording_conduit.h"
@@ -12,6 +14,7 @@
 #include "support/temp_home.h"
 #include "windows/guard.h"
 #include "windows/main_window.h"
+#include "windows/picture_view.h"
 #include "windows/record_grid.h"
 #include "windows/screens.h"
 #include "windows/theme.h"
@@ -21,6 +24,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -156,6 +160,58 @@ TEST_F(RecordScreens, TheKeysOfTheGridDoWhatItsButtonsDo)
     QTest::keyClick(address, Qt::Key_Return);
     QTest::keyClick(address, Qt::Key_Delete);
     EXPECT_EQ(clicked, (QStringList{u"cmdAdd"_s, u"cmdEdit"_s})) << "Del in the address deletes letters";
+}
+
+TEST_F(RecordScreens, ThePhotoBesideTheGridIsThatOfItsRow)
+{
+    for (const QString& directory : {u"C:\\WINDOWS"_s, u"C:\\APPRAISE"_s, u"C:\\VAS2000"_s, u"C:\\JPG"_s})
+        home.MakeDirs(directory);
+    home.Put(u"C:\\APPRAISE\\VAS2000.INI"_s,
+             "[DIRECTORIES]\r\nAPPDIR=C:\\VAS2000\r\nUSERDIR=C:\\VAS2000\r\nPHOTODIR=C:\\JPG\r\n"
+             "DATADIR=C:\\\r\nCAPTUREDIR=C:\\SNAP\r\n[PREFERENCES]\r\nSORTGRID=1\r\n");
+    home.Put(u"C:\\APPRAISE\\KEL.INI"_s, "[VENDOR]\r\nApplicationName=Made Up Forms\r\n");
+    store::MakeDatabase(engine, u"C:\\VAS2000\\Comp2Kel.mdb"_s);
+    QImage image(16, 12, QImage::Format_RGB32);
+    image.fill(Qt::darkGreen);
+    ASSERT_TRUE(image.save(home.disk.ToNative(u"C:\\JPG\\OAK.jpg"_s)));
+    ASSERT_TRUE(store::FindRecord(ports.Get(), source, u"7 OAK AVE"_s, u"CENTRALKEY"_s));
+    source.Recordset().Edit();
+    store::SetFieldData(source, u"FRONT VIEW|OAK\r\n"_s, u"PHOTOS"_s);
+    source.Recordset().Update();
+    conduit.running = false;
+
+    shell::frm_Splash splash{ports.Get()};
+    shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+    main.Form_load(
+        {{}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false}, u"6.2.1"_s},
+        splash);
+    MainWindow window(main.controls, port, guard, theme, settings);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    auto* photo = window.findChild<PictureView*>(u"geamaintain"_s);
+    auto* address = window.findChild<QLineEdit*>(u"txtcentralkey"_s);
+    ASSERT_TRUE(photo && address);
+    auto& grid = window.Databook();
+    grid.setFocus();
+    QTest::keyClick(&grid, Qt::Key_End);
+    EXPECT_EQ(address->text(), u"7 OAK AVE"_s);
+    EXPECT_EQ(photo->Picture().size(), QSize(16, 12));
+    EXPECT_TRUE(photo->isVisibleTo(&window) && photo->IsShown());
+    QTest::keyClick(&grid, Qt::Key_Up);
+    EXPECT_EQ(address->text(), u"12 MAIN ST"_s);
+    EXPECT_TRUE(photo->Picture().isNull()) << "this one has none";
+
+    auto* find = window.findChild<QLineEdit*>(u"txtQuickFind"_s);
+    ASSERT_NE(find, nullptr);
+    find->setFocus();
+    QTest::keyClicks(find, u"oak"_s);
+    QTest::qWait(50);
+    EXPECT_EQ(grid.model()->rowCount(), 1);
+    EXPECT_EQ(address->text(), u"7 OAK AVE"_s) << "the record that is left is the current one";
+    EXPECT_FALSE(photo->Picture().isNull());
+    QTest::keyClick(find, Qt::Key_Escape);
+    EXPECT_EQ(grid.model()->rowCount(), 2);
+    EXPECT_EQ(address->text(), u"7 OAK AVE"_s) << "and stays it";
 }
 
 TEST_F(RecordScreens, PicturesOfBothInBothThemes)

@@ -27,6 +27,17 @@ Commands:
   records delete KEY      asks first; the record's pictures go too
   records copy KEY NEW    a second record under a new address
   records rename KEY NEW
+  search [--FIELD TEXT ...] [--sort FIELD] [--ignore-pending | --with-pending] [--exact] [--limit N] [--sql]
+                          the records that hold all that is said, as the search screen finds them; exit code 3 if
+                          there are none. The fields of that screen, each an option:
+                          --key --address --city --state --zip --county --neighborhood --bedrooms --baths
+                          --tax-map --census --stories --cts --comp-type --porch --notes --design
+                          --sqft --price --age --land-size --price-gla: N with --price-range N or N%,
+                          or --price-from N and --price-to N, of which one may be left out
+                          --sale-date --load-date: DATE with --sale-date-range prior, equal or after
+                          --sql prints the statement and does not run it
+  find TEXT               the records that hold every word in key, address, city, neighborhood or notes, as the
+                          quick-find box finds them; exit code 3 if there are none
   cities list             the city list, line by line
   cities add --city CITY [--state ST] [--zip ZIP] [--county COUNTY]
   cities delete LINE      a line as 'cities list' prints it, or its number; asks first
@@ -64,6 +75,10 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
     const QString command = arguments.isEmpty() ? QString() : arguments.takeFirst();
     if (command == u"records"_s)
         return RunRecords(session, out, arguments, options);
+    if (command == u"search"_s)
+        return RunSearch(session, out, arguments, options);
+    if (command == u"find"_s)
+        return RunFind(session, out, arguments, options);
     if (command == u"cities"_s)
         return RunCities(session, out, arguments, options);
     if (command == u"sql"_s)
@@ -122,6 +137,7 @@ int main(int argc, char* argv[])
         {u"sort"_s, u"Sort by a field; \"FIELD DESC\" for downward."_s, u"FIELD"_s},
         {u"limit"_s, u"At most so many records."_s, u"N"_s},
     });
+    options.addOptions(SearchOptions());
     options.addPositionalArgument(u"COMMAND"_s, u"What to do."_s);
     if (!options.parse(app.arguments())) {
         Output(false).Error(options.errorText());

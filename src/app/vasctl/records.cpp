@@ -3,6 +3,10 @@
 #include "databook/records.h"
 #include "platform/text/text.h"
 
+#include <algorithm>
+#include <limits>
+#include <numeric>
+
 namespace vasclip::vasctl {
 
 using namespace Qt::Literals::StringLiterals;
@@ -49,6 +53,9 @@ int Report(const Output& out, const databook::RecordResult& result, const QStrin
 
 int List(Session& session, const Output& out, const QCommandLineParser& options)
 {
+    const std::optional<qint64> limit = LimitOf(out, options);
+    if (!limit)
+        return kUsage;
     auto& main = session.WithDatabook();
     QString sql = u"SELECT "_s + kListed.join(u", "_s) + u" FROM ["_s + main.globals.G_Table + u"]"_s;
     if (options.isSet(u"where"_s))
@@ -56,24 +63,9 @@ int List(Session& session, const Output& out, const QCommandLineParser& options)
     sql += u" ORDER BY "_s + (options.isSet(u"sort"_s) ? options.value(u"sort"_s) : u"CENTRALKEY"_s);
     const auto rows = main.sources.datDatabook.Database().OpenRecordset(sql, engine::RecordsetType::Dynaset);
 
-    bool number = false;
-    const qint64 limit = options.isSet(u"limit"_s) ? options.value(u"limit"_s).toLongLong(&number) : -1;
-    if (options.isSet(u"limit"_s) && (!number || limit < 0)) {
-        out.Error(u"--limit takes a whole number of 0 or more, not '%1'."_s.arg(options.value(u"limit"_s)));
-        return kUsage;
-    }
-    const qint64 count = limit < 0 ? rows->RecordCount() : qMin(limit, rows->RecordCount());
-    QList<int> fields;
-    for (const QString& field : kListed)
-        fields.append(rows->FieldIndex(field));
-    QList<QStringList> table;
-    for (qint64 i = 0; i < count; ++i) {
-        QStringList line;
-        for (const QVariant& value : rows->Peek(i, fields))
-            line.append(text::Trim(value.toString()));
-        table.append(line);
-    }
-    out.Table(kListed, table);
+    std::vector<qint64> places(static_cast<std::size_t>(std::min(*limit, rows->RecordCount())));
+    std::iota(places.begin(), places.end(), qint64{0});
+    PrintComps(out, *rows, places);
     return kDone;
 }
 
@@ -135,6 +127,33 @@ int SetFields(Session& session, const Output& out, const QStringList& settings)
 }
 
 } // namespace
+
+std::optional<qint64> LimitOf(const Output& out, const QCommandLineParser& options)
+{
+    if (!options.isSet(u"limit"_s))
+        return std::numeric_limits<qint64>::max();
+    bool number = false;
+    const qint64 limit = options.value(u"limit"_s).toLongLong(&number);
+    if (number && limit >= 0)
+        return limit;
+    out.Error(u"--limit takes a whole number of 0 or more, not '%1'."_s.arg(options.value(u"limit"_s)));
+    return std::nullopt;
+}
+
+void PrintComps(const Output& out, const engine::Recordset& rows, const std::vector<qint64>& places)
+{
+    QList<int> fields;
+    for (const QString& field : kListed)
+        fields.append(rows.FieldIndex(field));
+    QList<QStringList> table;
+    for (const qint64 place : places) {
+        QStringList line;
+        for (const QVariant& value : rows.Peek(place, fields))
+            line.append(text::Trim(value.toString()));
+        table.append(line);
+    }
+    out.Table(kListed, table);
+}
 
 int RunRecords(Session& session, const Output& out, const QStringList& arguments,
                const QCommandLineParser& options)

@@ -10,6 +10,8 @@
 #include <QCommandLineParser>
 
 #include <memory>
+#include <optional>
+#include <vector>
 
 namespace vasclip::vasctl {
 
@@ -58,9 +60,21 @@ private:
     bool m_report = false;
 };
 
+/// --limit: all records without one; nullopt, told, for one that is no number.
+[[nodiscard]] std::optional<qint64> LimitOf(const Output& out, const QCommandLineParser& options);
+/// Records in short: key, city, type, area, price, sale date and front photo.
+/// @param places  of the records in `rows`, which has these fields
+void PrintComps(const Output& out, const engine::Recordset& rows, const std::vector<qint64>& places);
+/// An option for each field of the search screen, with its ranges, and for the rest of that screen.
+[[nodiscard]] QList<QCommandLineOption> SearchOptions();
+
 // The commands. Each prints through `out` and returns an exit code.
 int RunRecords(Session& session, const Output& out, const QStringList& arguments,
                const QCommandLineParser& options);
+int RunSearch(Session& session, const Output& out, const QStringList& arguments,
+              const QCommandLineParser& options);
+int RunFind(Session& session, const Output& out, const QStringList& arguments,
+            const QCommandLineParser& options);
 int RunCities(Session& session, const Output& out, const QStringList& arguments,
               const QCommandLineParser& options);
 int RunSql(Session& session, const Output& out, const QStringList& arguments);

@@ -2,6 +2,9 @@
 
 #include <QChar>
 
+#include <cstdint>
+#include <cstring>
+#include <optional>
 #include <sqlite3.h>
 
 namespace vasclip::engine {
@@ -117,6 +120,52 @@ bool Matches(const char* text, const char* textEnd, const char* pattern, const c
     }
 }
 
+bool IsAscii(std::string_view text) noexcept
+{
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    std::uint64_t seen = 0;
+    for (; end - at >= 8; at += 8) {
+        std::uint64_t eight = 0;
+        std::memcpy(&eight, at, sizeof eight);
+        seen |= eight;
+    }
+    for (; at < end; ++at)
+        seen |= static_cast<unsigned char>(*at);
+    return (seen & 0x8080808080808080ULL) == 0;
+}
+
+/// The letters between two stars, nullopt for any other pattern.
+std::optional<std::string_view> BetweenStars(std::string_view pattern) noexcept
+{
+    if (pattern.size() < 3 || pattern.front() != '*' || pattern.back() != '*')
+        return std::nullopt;
+    const std::string_view letters = pattern.substr(1, pattern.size() - 2);
+    if (letters.find_first_of("*?#[") != std::string_view::npos)
+        return std::nullopt;
+    return letters;
+}
+
+/// Does an ASCII text hold ASCII letters, without regard to case?
+bool Holds(std::string_view text, std::string_view letters) noexcept
+{
+    if (letters.size() > text.size())
+        return false;
+    const unsigned char first = Fold(static_cast<unsigned char>(letters.front()));
+    const char* const last = text.data() + (text.size() - letters.size());
+    for (const char* at = text.data(); at <= last; ++at) {
+        if (Fold(static_cast<unsigned char>(*at)) != first)
+            continue;
+        std::size_t same = 1;
+        while (same < letters.size() &&
+               Fold(static_cast<unsigned char>(at[same])) == Fold(static_cast<unsigned char>(letters[same])))
+            ++same;
+        if (same == letters.size())
+            return true;
+    }
+    return false;
+}
+
 } // namespace
 
 char32_t FoldChar(char32_t character) noexcept
@@ -170,9 +219,15 @@ int CompareText(std::string_view left, std::string_view right) noexcept
 
 bool MatchesPattern(std::string_view text, std::string_view pattern) noexcept
 {
+    // Most searches look for letters anywhere in a padded text. A text beyond ASCII goes the long way: it may
+    // hold a letter that folds to one of ASCII.
+    if (const auto letters = BetweenStars(pattern); letters && IsAscii(text) && IsAscii(*letters))
+        return Holds(text, *letters);
     const char* const patternEnd = pattern.data() + pattern.size();
     if (Matches(text.data(), text.data() + text.size(), pattern.data(), patternEnd))
         return true;
+    if (!pattern.empty() && pattern.back() == '*')
+        return false; // a star at the end has taken the blanks as well
     const std::string_view shorter = WithoutTrailingBlanks(text);
     return shorter.size() != text.size() &&
            Matches(shorter.data(), shorter.data() + shorter.size(), pattern.data(), patternEnd);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/engine/companion.h"
+#include "platform/engine/database.h"
 #include "platform/engine/sql_translate.h"
 #include "platform/files/disk.h"
 
@@ -16,6 +17,15 @@ struct sqlite3_stmt;
 namespace vasclip::engine {
 
 class Query;
+
+/// What this connection knows of a table's full-text index.
+struct TextIndexCheck
+{
+    qint64 upto = 0;       ///< rows up to this id were compared with it
+    bool compared = false; ///< all of them
+    bool unfit = false;    ///< wrong, and the file cannot be written
+    TextIndexTrouble trouble = TextIndexTrouble::None;
+};
 
 /// One SQLite connection to a database file, shared by all databases and record sets of an engine that have
 /// the file open: as in one workspace, what a transaction of one does is what the others see.
@@ -84,6 +94,8 @@ public:
     void RemoveUse(const QString& table) { --m_uses[table.toUpper()]; }
     [[nodiscard]] bool InUse(const QString& table) const { return m_uses.value(table.toUpper()) > 0; }
 
+    [[nodiscard]] TextIndexCheck& CheckOf(const QString& table) { return m_textChecks[table.toUpper()]; }
+
 private:
     friend class Query;
 
@@ -112,6 +124,7 @@ private:
     QHash<QString, sqlite3_stmt*> m_idle;
     QHash<QString, SchemaState> m_tables;
     QHash<QString, int> m_uses;
+    std::map<QString, TextIndexCheck> m_textChecks; ///< what is handed out stays where it is
     std::vector<Attached> m_attached;
     int m_nextSchema = 1;
     int m_depth = 0;

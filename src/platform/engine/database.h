@@ -38,6 +38,20 @@ struct TextHits
     bool done = false;         ///< all rows were looked at
 };
 
+/// What was found wrong with a full-text index since the file was opened.
+enum class TextIndexTrouble {
+    None,
+    Missing,   ///< there was none, or one of other fields
+    Damaged,   ///< parts of it were missing, altered or unreadable
+    OutOfStep, ///< it did not know rows that were changed behind its back
+};
+
+struct TextIndexState
+{
+    bool whole = false; ///< it is there, holds all rows, and was compared with them
+    TextIndexTrouble trouble = TextIndexTrouble::None;
+};
+
 /// An open database file. Record sets keep it alive.
 ///
 /// The native file is SQLite under its fixed .MDB name; the field sizes, memo and long binary types are in a
@@ -77,11 +91,14 @@ public:
 
     /// Makes the full-text index that FindText uses, or goes on making it, for at most about `milliseconds`.
     /// It is kept in the file, and current by whatever changes the rows. One that is missing, of other fields
-    /// or damaged is made anew. A database that cannot be written has the index that it has.
-    /// @return true when there is nothing left to do. @throws 3078, 3265
-    virtual bool KeepTextIndex(const QString& table, const QStringList& fields, int milliseconds) = 0;
-    /// Looks for words through the index, or through the rows while there is none or all words are shorter
-    /// than three letters. @throws 3078, 3265
+    /// or damaged is made anew; one that was opened is compared with all rows once, and learns those that it
+    /// does not know. A database that cannot be written has the index that it has, which is used if it is
+    /// right.
+    /// @return `whole` when there is nothing left to do. @throws 3078, 3265
+    virtual TextIndexState KeepTextIndex(const QString& table, const QStringList& fields,
+                                         int milliseconds) = 0;
+    /// Looks for words through the index, or through the rows while there is none that KeepTextIndex found
+    /// right, or while all words are shorter than three letters. @throws 3078, 3265
     [[nodiscard]] virtual TextHits FindText(const TextSearch& search) = 0;
 
     // Several writes that belong together. They nest; only the outermost commits.

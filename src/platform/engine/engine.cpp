@@ -4,6 +4,7 @@
 #include "platform/engine/schema_tables.h"
 #include "platform/engine/sqlite_database.h"
 #include "platform/engine/super_journal.h"
+#include "platform/engine/text_index.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -124,6 +125,8 @@ std::shared_ptr<Database> Engine::OpenDatabase(const QString& path, OpenMode mod
     session->connection = d->Connect(native, path, readOnly);
     if (!readOnly)
         SweepSuperJournals(native);
+    if (session->Updatable() && session->connection.use_count() == 1)
+        TextIndex::Sweep(*session->connection);
     return std::make_shared<SqliteDatabase>(std::move(session));
 }
 

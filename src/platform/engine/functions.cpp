@@ -227,6 +227,21 @@ void Need(sqlite3_context* context, int, sqlite3_value** values)
     sqlite3_result_value(context, values[0]);
 }
 
+/// vas_textsum(text, ...): a number that differs for other texts (FNV-1a over their bytes and lengths).
+void TextSum(sqlite3_context* context, int count, sqlite3_value** values)
+{
+    constexpr quint64 kStart = 14695981039346656037ULL;
+    constexpr quint64 kPrime = 1099511628211ULL;
+    quint64 sum = kStart;
+    for (int i = 0; i < count; ++i) {
+        const std::string_view bytes = Bytes(values[i]);
+        for (const char byte : bytes)
+            sum = (sum ^ static_cast<unsigned char>(byte)) * kPrime;
+        sum = (sum ^ static_cast<quint64>(bytes.size())) * kPrime;
+    }
+    sqlite3_result_int64(context, static_cast<sqlite3_int64>(sum));
+}
+
 using Function = void (*)(sqlite3_context*, int, sqlite3_value**);
 
 constexpr struct
@@ -255,6 +270,7 @@ constexpr struct
     {"vas_int", 1, Int},
     {"vas_fit", 3, Fit},
     {"vas_need", 2, Need},
+    {"vas_textsum", -1, TextSum},
 };
 
 /// Days from 30 December 1899 to a day of the proleptic Gregorian calendar.

@@ -307,10 +307,11 @@ TextIndex SqliteDatabase::IndexOf(const QString& name, const QStringList& fields
     return {Open(), table, fields};
 }
 
-bool SqliteDatabase::KeepTextIndex(const QString& table, const QStringList& fields, int milliseconds)
+TextIndexState SqliteDatabase::KeepTextIndex(const QString& table, const QStringList& fields,
+                                             int milliseconds)
 {
     TextIndex index = IndexOf(table, fields);
-    return !m_session->Updatable() || index.Make(milliseconds);
+    return m_session->Updatable() ? index.Make(milliseconds) : index.Check(milliseconds);
 }
 
 TextHits SqliteDatabase::FindText(const TextSearch& search)

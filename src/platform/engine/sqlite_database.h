@@ -24,7 +24,7 @@ public:
     void CreateTable(const TableDef& table) override;
     void AppendField(const QString& table, const Field& field) override;
     void AppendIndex(const QString& table, const IndexDef& index) override;
-    bool KeepTextIndex(const QString& table, const QStringList& fields, int milliseconds) override;
+    TextIndexState KeepTextIndex(const QString& table, const QStringList& fields, int milliseconds) override;
     [[nodiscard]] TextHits FindText(const TextSearch& search) override;
     void BeginTrans() override;
     void CommitTrans() override;

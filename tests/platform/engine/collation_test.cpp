@@ -91,6 +91,26 @@ TEST(Collation, PatternsMatch)
     };
     for (const auto& row : rows)
         EXPECT_EQ(MatchesPattern(row.text, row.pattern), row.answer) << row.text << " LIKE " << row.pattern;
+    // Letters between two stars take a short way; a doubled star takes the long one, and they agree. A Kelvin
+    // sign folds to k and a long s to s.
+    for (const std::string text : {"", " ", "114 OAK ST      ", "oak", "o", "kk k",
+                                   "7 CALLE PE\xC3\x91"
+                                   "A   ",
+                                   "\xE2\x84\xAA"
+                                   "ELLY",
+                                   "MI\xC5\xBF\xC5\xBF", "caf\xC3\xA9 oak", "broken \xC3", "aab"}) {
+        for (const std::string letters :
+             {"o", "OAK", "oak ", " ", "  ", "st   ", "k", "kelly", "Miss",
+              "pe\xC3\xB1"
+              "a",
+              "oakk", "ab", "aab", "n", "%", "_", "\xC3", "114 oak st                                    "})
+            EXPECT_EQ(MatchesPattern(text, "*" + letters + "*"), MatchesPattern(text, "**" + letters + "*"))
+                << text << " LIKE " << letters;
+    }
+    EXPECT_TRUE(MatchesPattern("\xE2\x84\xAA"
+                               "ELLY",
+                               "*kell*"));
+    EXPECT_FALSE(MatchesPattern("114 OAK ST   ", "*oak s?*t*"));
     // Stars do not multiply the work.
     EXPECT_FALSE(MatchesPattern(std::string(5000, 'a'), "*a*a*a*a*a*a*a*a*a*a*b"));
 }
