@@ -158,8 +158,6 @@ TEST_F(RecordGridTest, AMillionRowsAskForOneScreen)
     rows.asked = 0;
     grid.Rebind(&rows);
     view->grab();
-    RecordProperty("milliseconds", static_cast<int>(clock.elapsed()));
-    EXPECT_LT(clock.elapsed(), 500);
     EXPECT_LT(rows.asked, 60);
     rows.asked = 0;
     grid.SetRow(765'432);
