@@ -9,8 +9,6 @@
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 
-#include <QBuffer>
-
 #include <new>
 
 namespace vasclip::photos {
@@ -61,6 +59,7 @@ private:
     const double m_delay;
     QString m_working;
     QString m_stem, m_extension, m_target;
+    QByteArray m_encoded; ///< what the working file holds
     QString m_trace;
     int m_errors = 0;
 };
@@ -178,7 +177,10 @@ bool Filing::WriteWorkingFile(Action action)
     else
         m_desk.ports.clock.Wait(m_delay);
     m_trace += u", geaRes.SaveImage = "_s + m_working;
-    return Try([&] { picture::SaveJpeg(m_desk.disk, image, m_working, quality, notes); });
+    return Try([&] {
+        m_encoded = picture::ToJpeg(image, quality, notes);
+        m_desk.disk.WriteWhole(m_working, m_encoded);
+    });
 }
 
 /// Waits until the file has stopped growing.
@@ -223,7 +225,11 @@ bool Filing::CopyToStore()
     if (!Settle(m_target))
         return false;
     m_desk.ports.clock.Wait(m_delay);
-    return true;
+    // Another program of this home may have put its picture into the working file meanwhile.
+    return m_encoded.isEmpty() || Try([&] {
+               if (m_desk.disk.ReadWhole(m_target) != m_encoded)
+                   m_desk.disk.WriteWhole(m_target, m_encoded);
+           });
 }
 
 bool Filing::Show()
@@ -294,7 +300,9 @@ bool FormatPictureNow(PhotoDesk& desk, const QString& source, forms::PictureBox&
 void SaveTheImage(PhotoDesk& desk, const QString& path, const forms::PictureBox& control)
 {
     const common::RoutineScope scope{"SaveTheImage"};
-    picture::SaveJpeg(desk.disk, control.Picture(), path, desk.globals.quality);
+    constexpr int kUsualQuality = 90;
+    const bool named = text::Trim(path).right(kJpeg.size()).toUpper() == kJpeg;
+    picture::SaveJpeg(desk.disk, control.Picture(), path, named ? desk.globals.quality : kUsualQuality);
     desk.ports.clock.Wait(1);
 }
 

@@ -29,8 +29,7 @@ enum class Stem { Fresh, Given };
 bool FormatPictureNow(PhotoDesk& desk, const QString& source, forms::PictureBox& control,
                       Stem use = Stem::Fresh, const QString& given = {});
 
-/// Writes the picture that a control shows: as JPEG at `QUALITY` for a name that ends in "JPG", else in the
-/// format of its extension as far as there is one, else as JPEG. Waits a second.
+/// Writes the picture that a control shows as JPEG, at `QUALITY` if the name ends in "JPG". Waits a second.
 /// @throws RuntimeError 5 for a control without a picture, and the errors of Disk
 void SaveTheImage(PhotoDesk& desk, const QString& path, const forms::PictureBox& control);
 

@@ -86,8 +86,13 @@ void WriteOwnRow(PhotoDesk& desk, const QString& key, const QString& before, con
 /// Stores the picture under a stem of its own. @return the stem, "" if it was not stored
 QString StoreUnderNewStem(PhotoDesk& desk, const QString& picture)
 {
-    const QString stem = findunique(desk);
-    return FormatPictureNow(desk, picture, desk.geatemp, Stem::Given, stem) ? stem : QString();
+    try {
+        const QString stem = findunique(desk);
+        return FormatPictureNow(desk, picture, desk.geatemp, Stem::Given, stem) ? stem : QString();
+    } catch (const RuntimeError& failure) {
+        desk.notSaved = failure.Description(); // the photo directory lies on no drive
+        return {};
+    }
 }
 
 bool MayOverwrite(PhotoDesk& desk, const QString& stem, const QString& picture)
@@ -124,6 +129,7 @@ bool SavePhotoToViewList(PhotoDesk& desk, forms::ListBox& views, forms::ListBox&
 {
     const RoutineScope scope{"SavePhotoToViewList"};
     desk.PictureSaved = false;
+    desk.notSaved.clear();
     if (CheckFiling(desk.disk, key, picture, view) != FilingCheck::Fine || !LoadHidden(desk, picture))
         return false;
     const int row = views.IndexOf(view);

@@ -54,6 +54,8 @@ protected:
                                          QStringLiteral("C:\\JPG"), QStringLiteral("C:\\VASSNAP")})
             disk.MkDir(directory);
         doubles.random.sequence = {0.7055475, 0.533424, 0.5795186, 0.2895625, 0.301948};
+        for (int more = 0; more < 200; ++more) // enough for all that a test files
+            doubles.random.sequence.push_back(0.7747401 + more * 0.001);
         Bind(datDatabook);
     }
 

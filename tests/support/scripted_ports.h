@@ -144,7 +144,7 @@ public:
     std::function<void()> onTurn;
 };
 
-/// Stands at a settable time; a wait moves it and is recorded.
+/// Stands at a settable time; a wait moves it and is recorded; `onWait` lets something happen within one.
 class FakeClock : public forms::Clock
 {
 public:
@@ -154,9 +154,12 @@ public:
         waits.push_back(seconds);
         if (seconds > 0)
             now = now.addMSecs(static_cast<qint64>(seconds * 1000));
+        if (onWait)
+            onWait();
     }
     QDateTime now{QDate(2024, 5, 17), QTime(10, 30)};
     std::vector<double> waits;
+    std::function<void()> onWait;
 };
 
 /// Gives the numbers of a sequence, then begins again; 0.5 without one.
