@@ -51,6 +51,14 @@ Commands:
   refresh                 reads the open report as the program's Refresh does
   drop KEY --on SLOT:N    drops a record on a slot: txtComp:1-9, txtAltComp:1-6, txtListing:1-6, txtRental:1-9,
                           or on a data box (geaComp and so on) for the data without the photo
+  photos list KEY         the photos of a record: view, stem, size, file
+  photos file KEY VIEW FILE
+                          files a picture with a record, which is added if it is not there; asks before it
+                          takes the place of another one of that view
+  photos rename-view KEY VIEW NEW
+  photos delete KEY VIEW  asks first; the picture goes back to the capture directory
+  photos orphans          photos whose files are gone, and stored files that no record names
+  photos verify           decodes every stored photo; exit code 1 if one is lost or damaged
   layouts list            the saved layouts of the grid
   layouts show NAME       its columns in their order
   layouts save NAME       the layout that the program left, under a name
@@ -89,6 +97,8 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
         return RunRefresh(session, out);
     if (command == u"drop"_s)
         return RunDrop(session, out, arguments, options);
+    if (command == u"photos"_s)
+        return RunPhotos(session, out, arguments);
     if (command == u"layouts"_s)
         return RunLayouts(session, out, arguments);
     if (command == u"settings"_s)

@@ -82,6 +82,7 @@ int RunReport(Session& session, const Output& out, const QStringList& arguments)
 int RunRefresh(Session& session, const Output& out);
 int RunDrop(Session& session, const Output& out, const QStringList& arguments,
             const QCommandLineParser& options);
+int RunPhotos(Session& session, const Output& out, const QStringList& arguments);
 int RunLayouts(Session& session, const Output& out, const QStringList& arguments);
 int RunSettings(Session& session, const Output& out, const QStringList& arguments);
 int RunComments(Session& session, const Output& out, const QStringList& arguments);

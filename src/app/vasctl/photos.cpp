@@ -1,0 +1,233 @@
+#include "app/vasctl/session.h"
+
+#include "databook/records.h"
+#include "link/link_desk.h"
+#include "photos/photo_records.h"
+#include "photos/store_check.h"
+#include "platform/picture/picture.h"
+#include "platform/text/text.h"
+
+#include <QFileInfo>
+
+namespace vasclip::vasctl {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// The questions of the screens, asked on the terminal.
+class TerminalQuestions : public photos::PhotoQuestions
+{
+public:
+    TerminalQuestions(TerminalPrompter& prompter, QString view = {})
+        : m_prompter(prompter)
+        , m_view(std::move(view))
+    {}
+    forms::Answer Overwrite(const QString& existing, const QString& fresh) override
+    {
+        return m_prompter.MsgBox(
+            forms::Buttons::YesNoCancel, forms::Icon::Question, {},
+            u"The record has a photo of that view, %1. Shall %2 take its place?"_s.arg(existing, fresh));
+    }
+    QString View(const QString&, const QString&) override { return m_view; }
+
+private:
+    TerminalPrompter& m_prompter;
+    QString m_view;
+};
+
+/// The desk that the commands work on, with the parts of the main screen.
+struct Work
+{
+    Work(Session& session, shell::frm_Main& main, QString view = {})
+        : questions(session.Prompter(), std::move(view))
+        , desk(session.Ports(), session.Disk(), main.globals, main.sources.datDatabook, main.photoLists,
+               main.Link().loader, main.status, questions)
+        , box(main.slots.geamaintain)
+    {
+        desk.addRecord = [&session, &main](const QString& key) {
+            (void)databook::AddRecord(session.Ports(), main.sources.datDatabook, key, u'F',
+                                      main.globals.addressCase);
+        };
+    }
+    TerminalQuestions questions;
+    photos::PhotoDesk desk;
+    forms::PictureBox& box;
+};
+
+int NoRecord(const Output& out, const QString& key)
+{
+    out.Error(u"There is no record '%1' in the Databook. 'vasctl records list' shows what is there."_s.arg(
+        databook::KeyOf(key)));
+    return kNotFound;
+}
+
+bool Find(Session& session, shell::frm_Main& main, const QString& key)
+{
+    return store::FindRecord(session.Ports(), main.sources.datDatabook, databook::KeyOf(key), u"Centralkey"_s);
+}
+
+/// Reads the record's lists and selects the row of the view. @return kDone, or why not
+int Select(Session& session, shell::frm_Main& main, const Output& out, const QString& key, const QString& view)
+{
+    if (!Find(session, main, key))
+        return NoRecord(out, key);
+    photos::PhotoLists& lists = main.photoLists;
+    photos::ReadPhotoLists(main.sources.datDatabook, lists.lstViews, lists.lstimages);
+    const int row = lists.lstViews.IndexOf(view);
+    if (row < 0) {
+        out.Error(u"%1 has no photo '%2'. 'vasctl photos list' shows what it has."_s.arg(
+            databook::KeyOf(key), view));
+        return kNotFound;
+    }
+    lists.lstViews.SetListIndex(row);
+    return kDone;
+}
+
+int List(Session& session, const Output& out, const QString& key)
+{
+    auto& main = session.WithDatabook();
+    if (!Find(session, main, key))
+        return NoRecord(out, key);
+    QList<QStringList> table;
+    for (const auto& [view, stem] :
+         photos::ParsePhotos(store::GetFieldData(main.sources.datDatabook, u"PHOTOS"_s))) {
+        const QString file = main.globals.G_PhotoDir + text::Trim(stem) + u".jpg"_s;
+        QString size = u"missing"_s;
+        QString bytes;
+        if (session.Disk().FileExists(file)) {
+            bytes = QString::number(session.Disk().FileLen(file));
+            try {
+                const QSize pixels = picture::PictureSize(session.Disk(), file);
+                size = u"%1 x %2"_s.arg(pixels.width()).arg(pixels.height());
+            } catch (const RuntimeError&) {
+                size = u"damaged"_s;
+            }
+        }
+        table.append({view, stem, size, bytes, file});
+    }
+    out.Table({u"VIEW"_s, u"STEM"_s, u"SIZE"_s, u"BYTES"_s, u"FILE"_s}, table);
+    return kDone;
+}
+
+/// The drive path of a file that is given as such or as the system writes it; "" if there is no such file.
+QString SourceOf(const files::Disk& disk, const QString& file)
+{
+    const bool isDrivePath = file.size() > 2 && file[1] == u':' && file[0].isLetter();
+    const QString path =
+        isDrivePath ? file : disk.ToDrivePath(QFileInfo(file).absoluteFilePath()).value_or(QString());
+    return disk.FileExists(path) ? path : QString();
+}
+
+int File(Session& session, const Output& out, const QString& key, const QString& view, const QString& file)
+{
+    if (text::Trim(key).isEmpty() || text::Trim(view).isEmpty()) {
+        out.Error(u"A photo needs the key of its record and a view; one of them is blank."_s);
+        return kUsage;
+    }
+    const QString source = SourceOf(session.Disk(), file);
+    if (source.isEmpty()) {
+        out.Error(u"There is no picture '%1', or it is empty."_s.arg(file));
+        return kNotFound;
+    }
+    auto& main = session.WithDatabook();
+    Work work(session, main);
+    if (!photos::SavePhotoToRecord(work.desk, databook::KeyOf(key), source, view)) {
+        if (session.Prompter().Declined())
+            return kDeclined;
+        const QString why = work.desk.notSaved;
+        out.Error(u"'%1' was not filed with %2%3"_s.arg(source, databook::KeyOf(key),
+                                                        why.isEmpty() ? u"."_s : u": "_s + why));
+        return kFailed;
+    }
+    const int row = main.photoLists.lstViews.IndexOf(view);
+    out.Line(u"'%1' is the %2 of %3 now, stored as %4."_s.arg(
+        source, main.photoLists.lstViews.List(row), databook::KeyOf(key), main.photoLists.lstimages.List(row)));
+    return kDone;
+}
+
+int Rename(Session& session, const Output& out, const QString& key, const QString& view, const QString& fresh)
+{
+    if (text::Trim(fresh).isEmpty()) {
+        out.Error(u"The new view is blank."_s);
+        return kUsage;
+    }
+    auto& main = session.WithDatabook();
+    if (const int wrong = Select(session, main, out, key, view); wrong != kDone)
+        return wrong;
+    Work work(session, main, fresh);
+    if (photos::CmdRenamePhotoView(work.desk) == photos::PhotoChange::None)
+        return kFailed; // its box has said why
+    out.Line(u"The %1 of %2 is its %3 now."_s.arg(view, databook::KeyOf(key), fresh));
+    return kDone;
+}
+
+int Delete(Session& session, const Output& out, const QString& key, const QString& view)
+{
+    auto& main = session.WithDatabook();
+    if (const int wrong = Select(session, main, out, key, view); wrong != kDone)
+        return wrong;
+    Work work(session, main);
+    if (photos::CmdDeletePhoto(work.desk, work.box) == photos::PhotoChange::None)
+        return session.Prompter().Declined() ? kDeclined : kFailed;
+    out.Line(u"The %1 of %2 was deleted; its picture is back in %3."_s.arg(view, databook::KeyOf(key),
+                                                                         main.globals.G_CaptureDir));
+    return kDone;
+}
+
+QStringList LineOf(const photos::LostPhoto& lost)
+{
+    return {lost.key, lost.view, lost.stem, lost.why.isEmpty() ? u"The file is not there"_s : lost.why};
+}
+
+int Orphans(Session& session, const Output& out)
+{
+    auto& main = session.WithDatabook();
+    const photos::StoreCheck check =
+        photos::CheckStore(main.sources.datDatabook, session.Disk(), main.globals.G_PhotoDir);
+    QList<QStringList> table;
+    for (const photos::LostPhoto& lost : check.lost)
+        table.append(LineOf(lost));
+    for (const QString& name : check.unnamed)
+        table.append({{}, {}, name.chopped(4), u"No record names the file"_s});
+    out.Table({u"CENTRALKEY"_s, u"VIEW"_s, u"STEM"_s, u"WHY"_s}, table);
+    return kDone;
+}
+
+int Verify(Session& session, const Output& out)
+{
+    auto& main = session.WithDatabook();
+    const photos::StoreCheck check =
+        photos::VerifyStore(main.sources.datDatabook, session.Disk(), main.globals.G_PhotoDir);
+    for (const photos::LostPhoto& lost : check.lost)
+        out.Error(LineOf(lost).join(u"  "_s));
+    const int whole = check.photos - static_cast<int>(check.lost.size());
+    out.Value({{u"records"_s, check.records}, {u"photos"_s, check.photos}, {u"whole"_s, whole}},
+              u"%1 of %2 photos of %3 records are whole."_s.arg(whole).arg(check.photos).arg(check.records));
+    return check.lost.isEmpty() ? kDone : kFailed;
+}
+
+} // namespace
+
+int RunPhotos(Session& session, const Output& out, const QStringList& arguments)
+{
+    const QString verb = arguments.value(0);
+    const auto needs = [&](qsizetype count) { return arguments.size() == count + 1; };
+    if (verb == u"list"_s && needs(1))
+        return List(session, out, arguments[1]);
+    if (verb == u"file"_s && needs(3))
+        return File(session, out, arguments[1], arguments[2], arguments[3]);
+    if (verb == u"rename-view"_s && needs(3))
+        return Rename(session, out, arguments[1], arguments[2], arguments[3]);
+    if (verb == u"delete"_s && needs(2))
+        return Delete(session, out, arguments[1], arguments[2]);
+    if (verb == u"orphans"_s && needs(0))
+        return Orphans(session, out);
+    if (verb == u"verify"_s && needs(0))
+        return Verify(session, out);
+    out.Error(u"Usage: vasctl photos list KEY | file KEY VIEW FILE | rename-view KEY VIEW NEW | delete KEY VIEW | "
+              u"orphans | verify"_s);
+    return kUsage;
+}
+
+} // namespace vasclip::vasctl
