@@ -23,6 +23,19 @@ QLabel* Plain(const QString& text, const char* role, QWidget* parent)
     return label;
 }
 
+/// The file is wrapped for a terminal, here lines follow the window: what is indented goes on with its line.
+QString Unwrapped(const QString& text)
+{
+    QString lines;
+    for (const QString& line : text.split(QLatin1Char('\n'))) {
+        const bool goesOn = line.startsWith(QLatin1StringView("  ")) && !lines.isEmpty();
+        if (!lines.isEmpty())
+            lines += QLatin1Char(goesOn ? ' ' : '\n');
+        lines += goesOn ? line.trimmed() : line;
+    }
+    return lines;
+}
+
 } // namespace
 
 AboutBox::AboutBox(const AboutText& text, QWidget* parent)
@@ -59,7 +72,7 @@ AboutBox::AboutBox(const AboutText& text, QWidget* parent)
     rows->addLayout(facts);
     if (!text.changes.isEmpty()) {
         setWindowTitle(tr("What's New?"));
-        auto* changes = new QPlainTextEdit(text.changes, this);
+        auto* changes = new QPlainTextEdit(Unwrapped(text.changes), this);
         changes->setReadOnly(true);
         changes->setAccessibleName(tr("What is new"));
         rows->addWidget(changes, 1);

@@ -129,10 +129,11 @@ bool Binder::BindButton(forms::Button& control, QWidget& widget)
     auto* button = qobject_cast<QAbstractButton*>(&widget);
     if (button == nullptr)
         return false;
-    const auto show = [&control, button] {
+    const bool ownTip = !button->toolTip().isEmpty(); // of the layout, which says more than the caption
+    const auto show = [&control, button, ownTip] {
         if (button->text() != control.Caption())
             button->setText(control.Caption());
-        if (control.ToolTipText().isEmpty())
+        if (control.ToolTipText().isEmpty() && !ownTip)
             button->setToolTip(WithoutMark(control.Caption()));
     };
     connect(&control, &forms::Control::Changed, button, show);

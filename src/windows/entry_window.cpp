@@ -21,6 +21,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 // One window for all entry screens, made from the same description as the screen itself.
@@ -32,10 +33,12 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int kShortField = 20; ///< characters; two short fields share a line
-constexpr int kShortWidth = 80;
+constexpr int kShortWidth = 90;
 constexpr int kDateWidth = 96;
 constexpr int kLongWidth = 200;
-constexpr int kRoomAround = 80; ///< of the screen, for its bars and the window's own frame
+constexpr int kRoomAround = 48;  ///< of the screen, for the window's own frame
+constexpr int kNarrowest = 1120; ///< the phrases of the keys can be read
+constexpr int kWidest = 1300;    ///< boxes become no better to read beyond
 
 QLabel* Words(const QString& text, const char* role, QWidget* parent)
 {
@@ -278,7 +281,8 @@ void Layout_EntryScreen(QDialog& window, forms::Screen& screen)
 
     const QSize room = window.screen()->availableSize() - QSize(kRoomAround, kRoomAround);
     const QSize inside = desk->sizeHint() + QSize(scroller->verticalScrollBar()->sizeHint().width(), 4);
-    const QSize wanted(inside.width() + rows->contentsMargins().left() + rows->contentsMargins().right(),
+    const int width = inside.width() + rows->contentsMargins().left() + rows->contentsMargins().right();
+    const QSize wanted(std::clamp(width, kNarrowest, std::max(kWidest, desk->minimumSizeHint().width())),
                        rows->sizeHint().height() - scroller->sizeHint().height() + inside.height());
     const bool noDisplay = QGuiApplication::platformName() == "offscreen"_L1;
     window.resize(noDisplay ? wanted : wanted.boundedTo(room)); // nothing bounds a picture of it

@@ -3,8 +3,8 @@
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QDialog>
+#include <QFrame>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -43,11 +43,26 @@ void OnKey(QDialog& window, const QKeySequence& keys, QAbstractButton* button)
     QObject::connect(shortcut, &QShortcut::activated, button, &QAbstractButton::click);
 }
 
-QGroupBox* FunctionKeys(QDialog& window)
+/// A card with its heading; what it holds comes below.
+QFrame* Card(const QString& heading, QDialog& window, QVBoxLayout*& rows)
 {
-    auto* group = new QGroupBox(QDialog::tr("Function keys"), &window);
-    auto* grid = new QGridLayout(group);
-    grid->setContentsMargins(12, 12, 12, 12);
+    auto* card = new QFrame(&window);
+    card->setProperty("card", true);
+    rows = new QVBoxLayout(card);
+    rows->setContentsMargins(12, 8, 12, 12);
+    rows->setSpacing(8);
+    auto* title = new QLabel(heading, card);
+    title->setProperty("role", u"title"_s);
+    rows->addWidget(title);
+    return card;
+}
+
+QFrame* FunctionKeys(QDialog& window)
+{
+    QVBoxLayout* rows = nullptr;
+    QFrame* group = Card(QDialog::tr("Function keys"), window, rows);
+    auto* grid = new QGridLayout;
+    rows->addLayout(grid, 1);
     grid->setHorizontalSpacing(8);
     grid->setVerticalSpacing(8);
     for (int i = 0; i < kKeys; ++i) {
@@ -77,11 +92,12 @@ QGroupBox* FunctionKeys(QDialog& window)
     return group;
 }
 
-QGroupBox* FreeList(QDialog& window)
+QFrame* FreeList(QDialog& window)
 {
-    auto* group = new QGroupBox(QDialog::tr("Phrases"), &window);
-    auto* columns = new QHBoxLayout(group);
-    columns->setContentsMargins(12, 12, 12, 12);
+    QVBoxLayout* whole = nullptr;
+    QFrame* group = Card(QDialog::tr("Phrases"), window, whole);
+    auto* columns = new QHBoxLayout;
+    whole->addLayout(columns, 1);
     columns->setSpacing(8);
     auto* buttons = new QVBoxLayout;
     buttons->setSpacing(8);

@@ -115,6 +115,7 @@ private:
         if (heading == "User Interface"_L1) {
             auto* line = new QHBoxLayout;
             line->setContentsMargins(8, 4, 8, 4);
+            line->setSpacing(8);
             line->addWidget(MadeButton(m_screen.cmdResetSize, card));
             line->addWidget(
                 Words(QDialog::tr("Puts the main window back to its first size and panes"), "quiet", card));

@@ -2,8 +2,8 @@
 
 #include <QCheckBox>
 #include <QDialog>
-#include <QFormLayout>
 #include <QFrame>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -34,11 +34,15 @@ QLabel* Shown(const QString& name, const char* role, QWidget& parent)
     return label;
 }
 
-void AddBox(QFormLayout& fields, const QString& caption, const QString& name, QWidget& parent)
+void AddBox(QGridLayout& fields, const QString& caption, const QString& name, QWidget& parent)
 {
+    auto* label = new QLabel(caption, &parent);
     auto* box = new QLineEdit(&parent);
     box->setObjectName(name);
-    fields.addRow(caption, box); // the caption's access key leads to the box
+    label->setBuddy(box);
+    const int row = fields.rowCount();
+    fields.addWidget(label, row, 0);
+    fields.addWidget(box, row, 1);
 }
 
 /// The record on show, its boxes, and the steps to its neighbours.
@@ -51,10 +55,10 @@ QLayout* RecordColumn(QDialog& window)
     head->addWidget(Shown(u"lblRecord"_s, "quiet", window));
     column->addLayout(head);
 
-    auto* fields = new QFormLayout;
+    auto* fields = new QGridLayout;
     fields->setHorizontalSpacing(12);
     fields->setVerticalSpacing(8);
-    fields->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    fields->setColumnStretch(1, 1);
     AddBox(*fields, QDialog::tr("Neighbor&hood"), u"txtneighborhood"_s, window);
     AddBox(*fields, QDialog::tr("C&ity"), u"txtCity"_s, window);
     AddBox(*fields, QDialog::tr("&State"), u"txtState"_s, window);

@@ -2,7 +2,7 @@
 
 #include <QComboBox>
 #include <QDialog>
-#include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -19,15 +19,16 @@ void Layout_frm_Rename(QDialog& window, forms::Screen&)
     rows->setContentsMargins(16, 16, 16, 16);
     rows->setSpacing(12);
 
-    auto* fields = new QFormLayout;
+    auto* fields = new QGridLayout;
     fields->setHorizontalSpacing(16);
     fields->setVerticalSpacing(12);
-    fields->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    fields->setColumnStretch(1, 1);
     auto* current = new QLabel(&window);
     current->setObjectName(u"lblCentral"_s);
     current->setTextFormat(Qt::PlainText);
     current->setProperty("role", u"title"_s);
-    fields->addRow(QDialog::tr("Current Comp Address"), current);
+    fields->addWidget(new QLabel(QDialog::tr("Current Comp Address"), &window), 0, 0);
+    fields->addWidget(current, 0, 1);
     auto* fresh = new QComboBox(&window);
     fresh->setObjectName(u"cboNewName"_s);
     fresh->setEditable(true);
@@ -35,7 +36,8 @@ void Layout_frm_Rename(QDialog& window, forms::Screen&)
     fresh->setMinimumContentsLength(36);
     auto* caption = new QLabel(QDialog::tr("Ne&w Comp Address"), &window);
     caption->setBuddy(fresh);
-    fields->addRow(caption, fresh);
+    fields->addWidget(caption, 1, 0);
+    fields->addWidget(fresh, 1, 1);
     rows->addLayout(fields);
 
     auto* message = new QLabel(&window);

@@ -192,6 +192,15 @@ GuideWindow& GuideWindow::Of(QWidget* owner)
     return beside != nullptr ? *beside : *new GuideWindow(owner);
 }
 
+void OpenGuide(const QWidget* place, QWidget& window)
+{
+    GuideWindow& guide = GuideWindow::Of(&window);
+    guide.Show(&guide == &window ? QString(kGuideIndex) : GuidePageOf(place));
+    guide.show();
+    guide.raise();
+    guide.activateWindow();
+}
+
 bool GuideKey::eventFilter(QObject* watched, QEvent* event)
 {
     if ((event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride) ||
@@ -207,11 +216,7 @@ bool GuideKey::eventFilter(QObject* watched, QEvent* event)
     QWidget* window = place->window();
     while (window->windowType() == Qt::Popup && window->parentWidget() != nullptr)
         window = window->parentWidget()->window(); // an open menu goes, its window stays
-    GuideWindow& guide = GuideWindow::Of(window);
-    guide.Show(&guide == window ? QString(kGuideIndex) : GuidePageOf(place));
-    guide.show();
-    guide.raise();
-    guide.activateWindow();
+    OpenGuide(place, *window);
     return true;
 }
 

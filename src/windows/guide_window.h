@@ -38,6 +38,9 @@ private:
     bool m_following = false; ///< the contents follow the page
 };
 
+/// Opens the guide of a window at the page about a place in it.
+void OpenGuide(const QWidget* place, QWidget& window);
+
 /// F1, anywhere in the program: the page of where the focus is.
 class GuideKey : public QObject
 {

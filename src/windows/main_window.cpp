@@ -3,6 +3,7 @@
 #include "ui_frm_main.h"
 #include "windows/drop_port.h"
 #include "windows/guard.h"
+#include "windows/guide_window.h"
 #include "windows/icons.h"
 #include "windows/send_to_slot.h"
 #include "windows/slot_page.h"
@@ -113,6 +114,9 @@ void MainWindow::BuildHeader()
     m_themeButton = button(QStringLiteral("themeButton"), "moon", QString(), tr("Light or dark"));
     connect(m_themeButton, &QToolButton::clicked, this,
             [this] { m_theme.Choose(m_theme.IsDark() ? ThemeChoice::Light : ThemeChoice::Dark); });
+    auto* help = button(QStringLiteral("helpButton"), "question", QString(),
+                        tr("The guide, at the page about this (F1)"));
+    connect(help, &QToolButton::clicked, this, [this] { OpenGuide(focusWidget(), *this); });
     m_ui->tabSource->setCornerWidget(corner, Qt::TopRightCorner);
 }
 
@@ -280,12 +284,13 @@ void MainWindow::BuildRecordKeys()
     key(tr("Copy the record to another address"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, m_ui->cmdCopy);
     key(tr("Give the record another address"), Qt::CTRL | Qt::Key_R, m_ui->cmdRename);
     key(tr("Delete the record and its photos"), Qt::Key_Delete, m_ui->cmdDelete);
-    connect(m_ui->txtcentralkey, &QLineEdit::returnPressed, this, [this] {
-        if (m_ui->cmdAdd->isEnabled())
-            m_ui->cmdAdd->click();
-        else
-            m_ui->cmdEdit->click();
-    });
+    for (QLineEdit* box : {m_ui->txtcentralkey, m_ui->cboapprslType->lineEdit()})
+        connect(box, &QLineEdit::returnPressed, this, [this] {
+            if (m_ui->cmdAdd->isEnabled())
+                m_ui->cmdAdd->click();
+            else
+                m_ui->cmdEdit->click();
+        });
 }
 
 /// Icons and the ways buttons are drawn.

@@ -129,9 +129,10 @@ TEST_F(RealScreens, WhatIsNewStandsInTheAboutBox)
 {
     AboutBox plain({u"Vasclip"_s, u"1.0.0"_s, {}, {}});
     EXPECT_EQ(plain.findChild<QPlainTextEdit*>(), nullptr);
-    AboutBox changes({u"Vasclip"_s, u"1.0.0"_s, {}, {}, u"A line\nAnother"_s});
+    AboutBox changes({u"Vasclip"_s, u"1.0.0"_s, {}, {}, u"A line\n\n- a point that\n  goes on\nAnother"_s});
     ASSERT_NE(changes.findChild<QPlainTextEdit*>(), nullptr);
-    EXPECT_EQ(changes.findChild<QPlainTextEdit*>()->toPlainText(), u"A line\nAnother"_s);
+    EXPECT_EQ(changes.findChild<QPlainTextEdit*>()->toPlainText(),
+              u"A line\n\n- a point that goes on\nAnother"_s);
     EXPECT_EQ(changes.windowTitle(), u"What's New?"_s);
 }
 

@@ -213,7 +213,8 @@ private:
                          [this] { m_window->setWindowTitle(m_main.Caption()); });
         QObject::connect(&m_main, &shell::frm_Main::UnloadWanted, &*m_window, [this] { m_window->close(); });
         QObject::connect(&m_main, &shell::frm_Main::AboutWanted, &*m_window, [this] { ShowAbout(); });
-        QObject::connect(&m_main, &shell::frm_Main::GuideWanted, &*m_window, [this] { ShowGuide(); });
+        QObject::connect(&m_main, &shell::frm_Main::GuideWanted, &*m_window,
+                         [this] { windows::OpenGuide(nullptr, *m_window); });
         QObject::connect(&m_main, &shell::frm_Main::WhatsNewWanted, &*m_window,
                          [this](const QString& changes) { ShowAbout(changes); });
         QObject::connect(&m_main, &shell::frm_Main::ResetSizeWanted, &*m_window,
@@ -231,14 +232,6 @@ private:
         m_window->show();
         if (!m_options.places.isEmpty())
             m_places.emplace(*m_window, m_options.places);
-    }
-
-    void ShowGuide()
-    {
-        auto& guide = windows::GuideWindow::Of(&*m_window);
-        guide.Show({});
-        guide.show();
-        guide.activateWindow();
     }
 
     void ShowAbout(const QString& changes = {})
