@@ -10,6 +10,7 @@
 
 #include <QDir>
 #include <QHash>
+#include <QStorageInfo>
 
 #include <algorithm>
 #include <exception>
@@ -169,6 +170,7 @@ struct Disk::Private
             ThrowFailure(failure, path, denied);
     }
 
+    bool CopyFile(const QString& source, const QString& target, const native::CopyWatch& watch) const;
     void Walk(const DrivePath& pattern, unsigned attributes,
               const std::function<bool(const ListingCache::Name&)>& use) const;
 };
@@ -382,13 +384,30 @@ void Disk::Kill(const QString& pattern) const
 
 void Disk::FileCopy(const QString& source, const QString& target) const
 {
-    const Private::Place from = d->ExistingFile(source, kContentDenied);
-    const Private::Place onto = d->ContentTarget(target);
+    d->CopyFile(source, target, {});
+}
+
+bool Disk::FileCopyChecked(const QString& source, const QString& target,
+                           const std::function<bool(qint64 bytes)>& step) const
+{
+    return d->CopyFile(source, target, {step, true});
+}
+
+/// @return false if whoever watches it stopped the copy
+bool Disk::Private::CopyFile(const QString& source, const QString& target,
+                             const native::CopyWatch& watch) const
+{
+    const Place from = ExistingFile(source, kContentDenied);
+    const Place onto = ContentTarget(target);
     if (onto.IsFile() && onto.info.SameFile(from.info))
         ThrowNumber(error::kPermissionDenied, target, QStringLiteral("is source and target at once"));
-    ListingCache::Change change(d->listings, DirectoryOf(onto.native));
-    Private::Check(native::Copy(from.native, onto.native), target, kContentDenied);
+    ListingCache::Change change(listings, DirectoryOf(onto.native));
+    const Failure failure = native::Copy(from.native, onto.native, watch);
+    if (failure == Failure::Stopped)
+        return false;
+    Check(failure, target, kContentDenied);
     change.Added(NameOf(onto.native), false);
+    return true;
 }
 
 void Disk::Name(const QString& from, const QString& to) const
@@ -440,6 +459,24 @@ void Disk::RmDir(const QString& path) const
     ListingCache::Change change(d->listings, DirectoryOf(place.native));
     Private::Check(native::RemoveDirectory(place.native), path, kDenied);
     change.Removed(NameOf(place.native));
+}
+
+bool Disk::ReadPieces(const QString& path, const std::function<bool(QByteArrayView)>& use) const
+{
+    const Private::Place place = d->ExistingFile(path, kDenied);
+    const Failure failure = native::ReadPieces(place.native, use);
+    if (failure == Failure::Stopped)
+        return false;
+    Private::Check(failure, path, kDenied);
+    return true;
+}
+
+qint64 Disk::FreeBytes(const QString& path) const
+{
+    const Private::Place place = d->Resolve(path);
+    if (!place.Stands())
+        ThrowNumber(error::kPathNotFound, path);
+    return QStorageInfo(place.native).bytesAvailable();
 }
 
 QByteArray Disk::ReadWhole(const QString& path) const

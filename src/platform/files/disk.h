@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -61,9 +63,22 @@ public:
     /// Copies with overwriting: to a new file beside the target, flushed, then renamed. @throws 53, 61, 70,
     /// 75, 76
     void FileCopy(const QString& source, const QString& target) const;
+    /// FileCopy whose new file is read back and compared before it takes the target's name.
+    /// @param step  told the bytes copied so far; false stops the copy, and the target is as it was
+    /// @return false if it was stopped
+    /// @throws 57 if the disk did not keep what was written, else as FileCopy
+    bool FileCopyChecked(const QString& source, const QString& target,
+                         const std::function<bool(qint64 bytes)>& step = {}) const;
     void Name(const QString& from, const QString& to) const; ///< renames; @throws 53, 58, 75
     void MkDir(const QString& path) const;                   ///< one level; @throws 75, 76
     void RmDir(const QString& path) const;                   ///< @throws 75, 76
+
+    /// Gives a file's content piece by piece, so that a large one takes no memory.
+    /// @param use  false stops the reading
+    /// @return false if it was stopped; @throws 53, 57, 75
+    bool ReadPieces(const QString& path, const std::function<bool(QByteArrayView)>& use) const;
+    /// Bytes that this user may still write where `path` lies. @throws 76
+    [[nodiscard]] qint64 FreeBytes(const QString& path) const;
 
     [[nodiscard]] QByteArray ReadWhole(const QString& path) const; ///< @throws 53, 57, 75
     /// Replaces a file: new file, flush, rename, so that a reader sees the old or the new one whole.

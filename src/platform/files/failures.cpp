@@ -76,7 +76,11 @@ void ThrowFailure(native::Failure failure, const QString& path, int denied)
         ThrowNumber(error::kOtherDrive, path);
     case Failure::TooManyFiles:
         ThrowNumber(error::kTooManyFiles, path, QStringLiteral("could not be opened"));
+    case Failure::Differs:
+        ThrowNumber(error::kDeviceIo, path,
+                    QStringLiteral("does not hold what was written to it; nothing was changed"));
     case Failure::None:
+    case Failure::Stopped:
     case Failure::Other:
         break;
     }

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QChar>
 #include <QList>
 #include <QString>
 
+#include <functional>
 #include <utility>
 
 /// The system's own file calls, on native paths with "/" between the parts. Nothing here throws: a call
@@ -28,6 +30,8 @@ enum class Failure {
     NameTooLong,
     OtherDisk, ///< a rename from one disk to another
     TooManyFiles,
+    Stopped, ///< by whoever watched the copy
+    Differs, ///< what was read back is not what was written
     Other,
 };
 
@@ -64,8 +68,17 @@ struct Entry
 /// A new file beside the target, flushed, renamed over it; then the directory is flushed. An existing target
 /// keeps its permissions. On a failure the new file is gone and the target is as it was.
 [[nodiscard]] Failure Replace(const QString& path, const QByteArray& content);
+/// How a copy is watched.
+struct CopyWatch
+{
+    std::function<bool(qint64 bytes)> step; ///< told the bytes copied so far; false stops the copy
+    bool readBack = false;                  ///< compares the new file with the source before it arrives
+};
+
 /// Likewise with another file's content, time and attributes.
-[[nodiscard]] Failure Copy(const QString& source, const QString& target);
+[[nodiscard]] Failure Copy(const QString& source, const QString& target, const CopyWatch& watch = {});
+/// Gives a file's content piece by piece until `use` answers false, which is Stopped.
+[[nodiscard]] Failure ReadPieces(const QString& path, const std::function<bool(QByteArrayView)>& use);
 /// Never replaces, unless `onto` is the same file under a spelling of its own.
 [[nodiscard]] Failure Rename(const QString& from, const QString& onto, bool sameFile);
 [[nodiscard]] Failure Remove(const QString& path);

@@ -1,5 +1,6 @@
 #include "platform/files/native.h"
 
+#include <QCryptographicHash>
 #include <QRandomGenerator>
 
 #include <array>
@@ -20,6 +21,7 @@ namespace vasclip::files::native {
 namespace {
 
 constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
+constexpr std::size_t kPiece = 1024 * 1024;
 constexpr char kHiddenMark[] = "user.vasclip.hidden";
 
 Failure FailureOf(int code)
@@ -198,6 +200,23 @@ public:
     [[nodiscard]] Failure Opened() const { return m_failure; }
     [[nodiscard]] int File() const { return m_file; }
 
+    /// Does the disk hold what was written?
+    [[nodiscard]] Failure ReadBack(const QByteArray& sum) const
+    {
+        if (fsync(m_file) != 0)
+            return FailureOf(errno);
+        // What was written a moment ago would else be read from memory.
+        posix_fadvise(m_file, 0, 0, POSIX_FADV_DONTNEED);
+        QCryptographicHash read(QCryptographicHash::Blake2b_256);
+        const Failure failure = ReadPieces(QString::fromUtf8(m_name), [&read](QByteArrayView piece) {
+            read.addData(piece);
+            return true;
+        });
+        if (failure != Failure::None)
+            return failure;
+        return read.result() == sum ? Failure::None : Failure::Differs;
+    }
+
     /// @param mode  permissions when there is no target yet
     Failure Arrive(mode_t mode)
     {
@@ -320,7 +339,24 @@ Failure Replace(const QString& path, const QByteArray& content)
     return written != Failure::None ? written : fresh.Arrive(0666 & ~kUmask);
 }
 
-Failure Copy(const QString& source, const QString& target)
+Failure ReadPieces(const QString& path, const std::function<bool(QByteArrayView)>& use)
+{
+    const Descriptor file(open(Encoded(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file.IsOpen())
+        return FailureOf(errno);
+    const auto buffer = std::make_unique<std::array<char, kPiece>>();
+    for (;;) {
+        const ssize_t got = ReadSome(file.Number(), buffer->data(), buffer->size());
+        if (got < 0)
+            return FailureOf(errno);
+        if (got == 0)
+            return Failure::None;
+        if (!use(QByteArrayView(buffer->data(), got)))
+            return Failure::Stopped;
+    }
+}
+
+Failure Copy(const QString& source, const QString& target, const CopyWatch& watch)
 {
     const Descriptor from(open(Encoded(source).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!from.IsOpen())
@@ -334,8 +370,9 @@ Failure Copy(const QString& source, const QString& target)
     Replacement fresh(target);
     if (fresh.Opened() != Failure::None)
         return fresh.Opened();
-    const auto buffer = std::make_unique<std::array<char, 1024 * 1024>>();
-    for (;;) {
+    const auto buffer = std::make_unique<std::array<char, kPiece>>();
+    QCryptographicHash sum(QCryptographicHash::Blake2b_256);
+    for (qint64 copied = 0;;) {
         const ssize_t got = ReadSome(from.Number(), buffer->data(), buffer->size());
         if (got < 0)
             return FailureOf(errno);
@@ -343,6 +380,15 @@ Failure Copy(const QString& source, const QString& target)
             break;
         if (const Failure written = WriteAll(fresh.File(), buffer->data(), got); written != Failure::None)
             return written;
+        if (watch.readBack)
+            sum.addData(QByteArrayView(buffer->data(), got));
+        copied += got;
+        if (watch.step && !watch.step(copied))
+            return Failure::Stopped;
+    }
+    if (watch.readBack) {
+        if (const Failure same = fresh.ReadBack(sum.result()); same != Failure::None)
+            return same;
     }
     const timespec times[2] = {status.st_atim, status.st_mtim};
     if (futimens(fresh.File(), times) != 0)

@@ -1,5 +1,6 @@
 #include "platform/files/native.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QRandomGenerator>
 
@@ -123,6 +124,28 @@ Failure Arrive(const QString& fresh, const QString& target)
     return failure;
 }
 
+Failure SumOf(const QString& path, QByteArray& sum)
+{
+    QCryptographicHash hash(QCryptographicHash::Blake2b_256);
+    const Failure failure = ReadPieces(path, [&hash](QByteArrayView piece) {
+        hash.addData(piece);
+        return true;
+    });
+    sum = hash.result();
+    return failure;
+}
+
+/// Do both files hold the same?
+Failure Compare(const QString& source, const QString& copy)
+{
+    QByteArray wanted, got;
+    if (const Failure failure = SumOf(source, wanted); failure != Failure::None)
+        return failure;
+    if (const Failure failure = SumOf(copy, got); failure != Failure::None)
+        return failure;
+    return wanted == got ? Failure::None : Failure::Differs;
+}
+
 } // namespace
 
 Failure Inspect(const QString& path, Info& info)
@@ -209,13 +232,38 @@ Failure Replace(const QString& path, const QByteArray& content)
     return failure;
 }
 
-Failure Copy(const QString& source, const QString& target)
+Failure ReadPieces(const QString& path, const std::function<bool(QByteArrayView)>& use)
+{
+    const Handle file(CreateFileW(Wide(path).c_str(), GENERIC_READ,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file.IsOpen())
+        return FailureOf(GetLastError());
+    QByteArray buffer(1024 * 1024, Qt::Uninitialized);
+    for (;;) {
+        DWORD got = 0;
+        if (!ReadFile(file.Get(), buffer.data(), DWORD(buffer.size()), &got, nullptr))
+            return FailureOf(GetLastError());
+        if (got == 0)
+            return Failure::None;
+        if (!use(QByteArrayView(buffer.constData(), qsizetype(got))))
+            return Failure::Stopped;
+    }
+}
+
+Failure Copy(const QString& source, const QString& target, const CopyWatch& watch)
 {
     const QString fresh = FreshName(target);
-    if (!CopyFileW(Wide(source).c_str(), Wide(fresh).c_str(), TRUE)) {
-        const Failure failure = FailureOf(GetLastError());
+    const auto copied = [](LARGE_INTEGER, LARGE_INTEGER bytes, LARGE_INTEGER, LARGE_INTEGER, DWORD, DWORD,
+                           HANDLE, HANDLE, LPVOID told) -> DWORD {
+        const auto& step = static_cast<const CopyWatch*>(told)->step;
+        return !step || step(bytes.QuadPart) ? PROGRESS_CONTINUE : PROGRESS_CANCEL;
+    };
+    if (!CopyFileExW(Wide(source).c_str(), Wide(fresh).c_str(), copied, const_cast<CopyWatch*>(&watch),
+                     nullptr, COPY_FILE_FAIL_IF_EXISTS)) {
+        const DWORD code = GetLastError();
         DeleteFileW(Wide(fresh).c_str());
-        return failure;
+        return code == ERROR_REQUEST_ABORTED ? Failure::Stopped : FailureOf(code);
     }
     const DWORD attributes = GetFileAttributesW(Wide(fresh).c_str());
     SetFileAttributesW(Wide(fresh).c_str(), attributes & ~DWORD(FILE_ATTRIBUTE_READONLY));
@@ -225,6 +273,8 @@ Failure Copy(const QString& source, const QString& target)
                                       FILE_ATTRIBUTE_NORMAL, nullptr));
         failure = file.IsOpen() ? Answer(FlushFileBuffers(file.Get())) : FailureOf(GetLastError());
     }
+    if (failure == Failure::None && watch.readBack)
+        failure = Compare(source, fresh);
     if (failure != Failure::None) {
         DeleteFileW(Wide(fresh).c_str());
         return failure;

@@ -397,5 +397,62 @@ TEST(Disk, RefusesAHomeThatCannotBe)
     EXPECT_TRUE(thrown.words.contains(QStringLiteral("drive_c/file/home\" cannot be made")));
 }
 
+TEST(Disk, ACheckedCopyIsReadBackAndCanBeStopped)
+{
+    const TempHome home;
+    QByteArray content(3 * 1024 * 1024 + 17, 'x');
+    content[1234567] = 'y';
+    home.Put(QStringLiteral("C:\\CARD\\A.JPG"), content);
+    home.Put(QStringLiteral("C:\\P\\A.JPG"), "older");
+    QList<qint64> told;
+    EXPECT_FALSE(home.disk.FileCopyChecked(QStringLiteral("C:\\CARD\\A.JPG"), QStringLiteral("C:\\P\\A.JPG"),
+                                           [&told](qint64 bytes) {
+                                               told.append(bytes);
+                                               return told.size() < 2;
+                                           }));
+    EXPECT_EQ(told, (QList<qint64>{1024 * 1024, 2 * 1024 * 1024}));
+    EXPECT_EQ(home.disk.ReadWhole(QStringLiteral("C:\\P\\A.JPG")), "older") << "stopped, the target stays";
+    EXPECT_EQ(QDir(home.Native(QStringLiteral("drive_c/P"))).entryList(QDir::Files | QDir::Hidden).size(), 1)
+        << "and nothing half written stays beside it";
+    EXPECT_TRUE(
+        home.disk.FileCopyChecked(QStringLiteral("C:\\CARD\\A.JPG"), QStringLiteral("C:\\P\\A.JPG")));
+    EXPECT_EQ(home.disk.ReadWhole(QStringLiteral("C:\\P\\A.JPG")), content);
+    EXPECT_EQ(home.disk.FileDateTime(QStringLiteral("C:\\P\\A.JPG")),
+              home.disk.FileDateTime(QStringLiteral("C:\\CARD\\A.JPG")));
+    EXPECT_EQ(NumberOf([&] {
+                  home.disk.FileCopyChecked(QStringLiteral("C:\\CARD\\NO.JPG"), QStringLiteral("C:\\P\\A.JPG"));
+              }),
+              error::kFileNotFound);
+}
+
+TEST(Disk, ReadsAFilePieceByPiece)
+{
+    const TempHome home;
+    const QByteArray content(2 * 1024 * 1024 + 5, 'z');
+    home.Put(QStringLiteral("C:\\A.JPG"), content);
+    QByteArray read;
+    EXPECT_TRUE(home.disk.ReadPieces(QStringLiteral("C:\\A.JPG"), [&read](QByteArrayView piece) {
+        read.append(piece);
+        return true;
+    }));
+    EXPECT_EQ(read, content);
+    int pieces = 0;
+    EXPECT_FALSE(home.disk.ReadPieces(QStringLiteral("C:\\A.JPG"), [&pieces](QByteArrayView) {
+        return ++pieces < 2;
+    }));
+    EXPECT_EQ(pieces, 2);
+    EXPECT_EQ(NumberOf([&] {
+                  home.disk.ReadPieces(QStringLiteral("C:\\NO.JPG"), [](QByteArrayView) { return true; });
+              }),
+              error::kFileNotFound);
+}
+
+TEST(Disk, KnowsTheRoomThatIsLeft)
+{
+    const TempHome home;
+    EXPECT_GT(home.disk.FreeBytes(QStringLiteral("C:\\")), 0);
+    EXPECT_EQ(NumberOf([&] { (void)home.disk.FreeBytes(QStringLiteral("C:\\NO\\")); }), error::kPathNotFound);
+}
+
 } // namespace
 } // namespace vasclip::files
