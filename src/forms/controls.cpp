@@ -185,6 +185,15 @@ void ListBox::Clear()
     Q_EMIT ItemsChanged();
 }
 
+void ListBox::SetItems(const QStringList& lines)
+{
+    m_items = lines;
+    m_source = nullptr;
+    m_current = -1;
+    FollowLines();
+    Q_EMIT ItemsChanged();
+}
+
 void ListBox::AddItem(const QString& text)
 {
     m_items.append(text);
@@ -259,6 +268,11 @@ void ComboBox::FollowSelection()
 void ComboBox::FollowClear()
 {
     SetText(QString());
+}
+
+void ComboBox::FollowLines()
+{
+    TakeSelection(static_cast<int>(Items().indexOf(m_text)));
 }
 
 void PictureBox::SetPicture(const QImage& picture)

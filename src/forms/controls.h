@@ -187,6 +187,9 @@ public:
     void AddItem(const QString& text);
     void SetItem(int index, const QString& text); ///< @throws RuntimeError 5 out of range
     void RemoveItem(int index);                   ///< @throws RuntimeError 5 out of range
+    /// Takes other lines in one go and raises ItemsChanged once. Nothing is selected then, but that a combo
+    /// box keeps its text, and with it the line that reads so.
+    void SetItems(const QStringList& lines);
     /// Takes the lines of a source (not owned) instead of its own, and tells that they are others; a text
     /// stays. nullptr gives an empty list of its own.
     void SetSource(const ListSource* source);
@@ -217,6 +220,7 @@ Q_SIGNALS:
 protected:
     virtual void FollowSelection() {} ///< the selection was set, its event comes next
     virtual void FollowClear() {}     ///< the lines are gone
+    virtual void FollowLines() {}     ///< the lines are others
     void TakeSelection(int index) { m_current = index; }
 
 private:
@@ -242,6 +246,7 @@ Q_SIGNALS:
 protected:
     void FollowSelection() override;
     void FollowClear() override;
+    void FollowLines() override;
 
 private:
     QString m_text;

@@ -38,7 +38,7 @@ Binder::Binder(forms::ControlSet& controls, EventGuard& guard, QObject* parent)
 bool Binder::IsControlName(const QString& objectName)
 {
     static const QRegularExpression prefixes(
-        QStringLiteral("^((cmd|txt|lbl|lst|cbo|ckb|opt|ima|img|gea|dat|fil|fra|tab|Tab|mnu|pop|spn|grd|gau)["
+        QStringLiteral("^((cmd|txt|lbl|lst|cbo|ckb|opt|ima|img|gea|dat|fil|fra|tab|Tab|mnu|pop|spn|grd|gau|hsb)["
                        "A-Za-z0-9]|cal[A-Z])"));
     return prefixes.match(objectName).hasMatch();
 }
@@ -99,6 +99,10 @@ bool Binder::BindKind(forms::Control& control, QWidget& widget)
         return BindButton(*button, widget);
     if (auto* combo = qobject_cast<forms::ComboBox*>(&control))
         return BindCombo(*combo, widget);
+    if (auto* list = qobject_cast<forms::MultiListBox*>(&control))
+        return BindMultiList(*list, widget);
+    if (auto* bar = qobject_cast<forms::ScrollBar*>(&control))
+        return BindScroll(*bar, widget);
     if (auto* list = qobject_cast<forms::ListBox*>(&control))
         return BindList(*list, widget);
     if (auto* box = qobject_cast<forms::TextBox*>(&control))

@@ -2,6 +2,8 @@
 
 #include "forms/controls.h"
 #include "forms/grid.h"
+#include "forms/multi_list.h"
+#include "forms/scroll_bar.h"
 
 #include <QHash>
 #include <QObject>
@@ -73,6 +75,8 @@ private:
     bool BindCheck(forms::CheckBox& control, QWidget& widget);
     bool BindCombo(forms::ComboBox& control, QWidget& widget);
     bool BindList(forms::ListBox& control, QWidget& widget);
+    bool BindMultiList(forms::MultiListBox& control, QWidget& widget);
+    bool BindScroll(forms::ScrollBar& control, QWidget& widget);
     bool BindPicture(forms::PictureBox& control, QWidget& widget);
     bool BindTabs(forms::TabControl& control, QWidget& widget);
     void BindPageList(forms::TabControl& control, QListWidget& list);
