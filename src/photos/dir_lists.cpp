@@ -4,6 +4,7 @@
 #include "platform/text/text.h"
 
 #include <QScopedValueRollback>
+#include <QSet>
 
 namespace vasclip::photos {
 
@@ -40,8 +41,10 @@ bool DirLists::GoTo(const QString& directory)
     try {
         if (wanted.size() < 3 || !m_disk.DirExists(wanted))
             return false;
+        const QStringList names = m_disk.Dir(wanted + u"*.*"_s);
+        const QSet<QString> plain(names.cbegin(), names.cend()); // a look at every file takes too long
         for (const QString& name : m_disk.Dir(wanted + u"*.*"_s, files::Directory))
-            if ((m_disk.GetAttr(wanted + name) & files::Directory) != 0)
+            if (!plain.contains(name))
                 below.append(name);
     } catch (const RuntimeError&) {
         return false;
@@ -50,25 +53,35 @@ bool DirLists::GoTo(const QString& directory)
     m_lines.clear();
     {
         const QScopedValueRollback<bool> showing(m_showing, true);
-        directories.Clear();
+        QStringList shown;
         QString path;
         int depth = 0;
         for (const QString& part : wanted.split(u'\\', Qt::SkipEmptyParts)) {
             path += part + u'\\';
             m_lines.append(path);
-            directories.AddItem(QString(depth * 2, u' ') + (depth == 0 ? path : part));
+            shown.append(QString(depth * 2, u' ') + (depth == 0 ? path : part));
             ++depth;
         }
         const int here = depth - 1;
         for (const QString& name : std::as_const(below)) {
             m_lines.append(path + name + u'\\');
-            directories.AddItem(QString(depth * 2, u' ') + name);
+            shown.append(QString(depth * 2, u' ') + name);
         }
+        directories.SetItems(shown);
         directories.SetListIndex(here);
     }
     ShowDrives();
     Q_EMIT PathChanged();
     return true;
+}
+
+bool DirLists::GoToFirst(const QStringList& wanted)
+{
+    for (const QString& directory : wanted) {
+        if (GoTo(directory))
+            return true;
+    }
+    return false;
 }
 
 void DirLists::ShowDrives()

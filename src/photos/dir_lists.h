@@ -24,6 +24,8 @@ public:
     [[nodiscard]] const QString& Path() const { return m_path; }
     /// @return false, with the lists as they were, for a directory that is not there or can't be read
     bool GoTo(const QString& directory);
+    /// To the first of these that can be shown. @return false if none can
+    bool GoToFirst(const QStringList& directories);
 
 Q_SIGNALS:
     void PathChanged();

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/files/disk.h"
+
+#include <QByteArray>
+#include <QStringList>
+
+#include <functional>
+
+namespace vasclip::photos {
+
+/// What a file holds, as a sum of 32 bytes; two files with one sum hold the same.
+/// @param step  called every megabyte; false stops
+/// @return "" if it was stopped @throws as Disk::ReadPieces
+[[nodiscard]] QByteArray ContentSum(const files::Disk& disk, const QString& path,
+                                    const std::function<bool()>& step = {});
+
+/// Do two files hold the same? Of different lengths neither is read. @throws as Disk::ReadPieces
+[[nodiscard]] bool SameContent(const files::Disk& disk, const QString& left, const QString& right);
+
+// Which files are pictures, by list.
+inline const QString kCapturePatterns = QStringLiteral("*.jpg;*.bmp");
+inline const QString kTrashPatterns = QStringLiteral("*.jpg;*.bmp;*.tif");
+
+/// Names in a directory that match any of the patterns ("*.jpg;*.bmp"), by name without regard to case, each
+/// once; empty for a directory that is not there.
+[[nodiscard]] QStringList PictureNames(const files::Disk& disk, const QString& directory,
+                                       const QString& patterns);
+
+} // namespace vasclip::photos

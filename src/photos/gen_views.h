@@ -1,0 +1,14 @@
+#pragma once
+
+#include "common/globals.h"
+#include "forms/controls.h"
+#include "platform/files/disk.h"
+
+namespace vasclip::photos {
+
+/// Fills `lstGenViews` with the user's general views and every box of `cboGeneral` from it. What stands in a
+/// box stays, and no box raises an event.
+void AddGenViews2CBO(forms::ListBox& lstGenViews, const forms::ControlArray<forms::ComboBox>& cboGeneral,
+                     const files::Disk& disk, const common::Globals& globals);
+
+} // namespace vasclip::photos
