@@ -45,6 +45,7 @@ frm_Main::frm_Main(const Foundation& foundation)
     , report(controls)
     , slots(controls)
     , photoLists(controls)
+    , lstGenViews(controls, u"lstGenViews"_s)
     , mnuFileItem(controls, u"mnuFileItem"_s, u"&File"_s, FileEntries())
     , mnuSetupItem(controls, u"mnuSetupItem"_s, u"&Setup"_s, SetupEntries())
     , mnuMaintItem(controls, u"mnuMaintItem"_s, u"&Maintenance"_s, MaintenanceEntries())
@@ -209,6 +210,8 @@ void frm_Main::DragOver(const QString& sourceName, const QString& targetName)
 
 void frm_Main::MenuChosen(const QString& array, int index)
 {
+    if (MediaChosen(array, index))
+        return;
     if (array == u"mnuFileItem"_s && index == 0)
         LaunchAppraisalProgram();
     else if (array == u"mnuFileItem"_s && index == 11)

@@ -58,6 +58,7 @@ public:
     link::ReportControls report;
     photos::SlotControls slots;
     photos::PhotoLists photoLists;
+    forms::ListBox lstGenViews; ///< hidden: the general views that cboGeneral offers
 
     forms::Menu mnuFileItem, mnuSetupItem, mnuMaintItem, mnuTransferItem, mnuRefreshItem, mnuDBItem,
         mnuHelpItem;
@@ -137,6 +138,9 @@ private:
     [[nodiscard]] databook::RecordWork Records();
     [[nodiscard]] QStringList ReportAddresses() const;
     void MenuChosen(const QString& array, int index);
+    bool MediaChosen(const QString& array, int index); ///< @return false for an entry of other rooms
+    void ShowTrash();
+    void ShowGeneralViews();
     void LaunchAppraisalProgram();
     void SetupChosen(int index);
     void HelpChosen(const QString& array, int index);

@@ -77,6 +77,8 @@ QList<forms::MenuEntry> SetupEntries()
         {6, "View Image Filename Listing"_L1},
         {7, kSeparator},
         {8, "Hide Manual Comp Entry"_L1, Screen::Here},
+        {9, kSeparator},
+        {10, "General Views"_L1, Screen::Here},
     });
 }
 
@@ -87,7 +89,7 @@ QList<forms::MenuEntry> MaintenanceEntries()
         {1, kSeparator},
         {2, "Camera Views"_L1},
         {3, "City Editing"_L1, Screen::Here},
-        {4, "Trashcan Maintenance"_L1},
+        {4, "Trashcan Maintenance"_L1, Screen::Here},
     });
 }
 

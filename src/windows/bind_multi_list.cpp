@@ -8,6 +8,8 @@
 #include <QSlider>
 #include <QStringListModel>
 
+#include <utility>
+
 // Lists with several selected lines, and bars.
 
 namespace vasclip::windows {
@@ -43,6 +45,8 @@ bool Binder::BindMultiList(forms::MultiListBox& control, QWidget& widget)
     view->setModel(lines);
     const auto showing = std::make_shared<bool>(false); // the control writes the view, not the user
     const auto show = [&control, view, lines, showing] {
+        if (*showing)
+            return;
         *showing = true;
         const QItemSelection wanted = RangesOf(control.SelectedLines(), *lines);
         view->selectionModel()->select(wanted, QItemSelectionModel::ClearAndSelect);
@@ -55,33 +59,40 @@ bool Binder::BindMultiList(forms::MultiListBox& control, QWidget& widget)
         *showing = false;
     };
     connect(&control, &forms::ListBox::ItemsChanged, view, [&control, lines, showing, show] {
-        *showing = true;
+        const bool before = std::exchange(*showing, true);
         lines->setStringList(control.Items());
-        *showing = false;
+        *showing = before;
         show();
     });
     connect(&control, &forms::Control::Changed, view, show);
     connect(&control, &forms::MultiListBox::SelectionChanged, view, show);
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, &control,
-            [this, &control, view, showing] {
+            [this, &control, view, showing, show] {
                 if (*showing)
                     return;
                 QSet<int> chosen;
                 for (const QItemSelectionRange& range : view->selectionModel()->selection())
                     for (int line = range.top(); line <= range.bottom(); ++line)
                         chosen.insert(line);
-                *showing = true; // the view has it already
+                *showing = true; // the view has it already, unless a rule decides otherwise
                 m_guard.Run([&] { control.Select(chosen); });
                 *showing = false;
+                if (control.SelCount() != chosen.size())
+                    show();
             });
     connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged, &control,
-            [this, &control, showing](const QModelIndex& current) {
+            [this, &control, showing, show](const QModelIndex& current) {
                 if (*showing || !current.isValid())
                     return;
+                const int line = current.row();
+                *showing = true; // with Shift the view selects only after this
                 m_guard.Run([&] {
-                    control.SetListIndex(current.row());
+                    control.SetListIndex(line);
                     Q_EMIT control.Clicked();
                 });
+                *showing = false;
+                if (control.ListIndex() != line)
+                    show();
             });
     connect(view, &QListView::activated, &control,
             [this, &control] { m_guard.Run([&control] { Q_EMIT control.DoubleClicked(); }); });

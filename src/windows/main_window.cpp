@@ -64,7 +64,7 @@ MainWindow::MainWindow(forms::ControlSet& controls, DropPort& port, EventGuard& 
     // The stems run beside lstViews, line for line, and people look at the views; anchor 0 only holds the
     // picture that the others take.
     m_binder.DeclareUnseen({QStringLiteral("lstimages"), QStringLiteral("txtimage"),
-                            QStringLiteral("lblLabelTag"), QStringLiteral("imaSubjectAnchor_0")});
+                            QStringLiteral("lblLabelTag"), QStringLiteral("lstGenViews"), QStringLiteral("imaSubjectAnchor_0")});
     m_binder.Bind(*this);
     for (QTabWidget* book : {m_ui->TabSubject})
         book->tabBar()->setAutoHide(true);

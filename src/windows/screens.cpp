@@ -27,11 +27,13 @@ std::span<const ScreenEntry> Screens()
         {"frm_SearchSQL"_L1, Layout_frm_SearchSQL},
         {"frm_Comment"_L1, Layout_frm_Comment},
         {"frm_FKey"_L1, Layout_frm_FKey},
+        {"frm_GenView"_L1, Layout_frm_GenView},
         {"frm_Grid"_L1, Layout_frm_Grid},
         {"frm_ChangeDB"_L1, Layout_frm_ChangeDB},
         {"frm_Config"_L1, Layout_frm_Config},
         {"frm_MassCity"_L1, Layout_frm_MassCity},
         {"frm_Rename"_L1, Layout_frm_Rename},
+        {"frm_Trash"_L1, Layout_frm_Trash},
     };
     // clang-format on
     return kScreens;

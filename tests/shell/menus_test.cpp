@@ -45,7 +45,7 @@ TEST(Menus, OtherMenusInStoredOrder)
     EXPECT_EQ(Captions(shell::SetupEntries()),
               (QStringList{u"0 Configuration"_s, u"1 -"_s, u"2 Grid Layout"_s, u"3 City Listings"_s, u"4 -"_s,
                            u"5 View Capture Image Names"_s, u"6 View Image Filename Listing"_s, u"7 -"_s,
-                           u"8 Hide Manual Comp Entry"_s}));
+                           u"8 Hide Manual Comp Entry"_s, u"9 -"_s, u"10 General Views"_s}));
     EXPECT_EQ(Captions(shell::MaintenanceEntries()),
               (QStringList{u"0 Data Correction"_s, u"1 -"_s, u"2 Camera Views"_s, u"3 City Editing"_s,
                            u"4 Trashcan Maintenance"_s}));
@@ -64,7 +64,7 @@ TEST(Menus, AnEntryWithoutAScreenIsDisabled)
     for (const auto& entry : shell::FileEntries())
         EXPECT_EQ(entry.enabled, entry.index == 0 || entry.index == 11) << entry.caption.toStdString();
     for (const auto& entry : shell::MaintenanceEntries())
-        EXPECT_EQ(entry.enabled, entry.index == 3) << entry.caption.toStdString();
+        EXPECT_EQ(entry.enabled, entry.index == 3 || entry.index == 4) << entry.caption.toStdString();
 }
 
 } // namespace

@@ -1,0 +1,86 @@
+#include "windows/layout_parts.h"
+#include "windows/picture_view.h"
+#include "windows/screen_layouts.h"
+
+#include <QDialog>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QToolButton>
+
+namespace vasclip::windows {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// The photos with what selects them.
+QLayout* PhotoColumn(QDialog& window)
+{
+    auto* column = new QVBoxLayout;
+    column->setSpacing(8);
+    auto* list = MakeList(window, u"lstfiles"_s, QDialog::tr("Photos in the trash directory"));
+    list->setMinimumWidth(300);
+    auto* hidden = MakeList(window, u"filFilename"_s, {});
+    hidden->hide();
+    auto* head = new QHBoxLayout;
+    head->addWidget(MakeWords(window, QDialog::tr("&Photos"), "title", list), 1);
+    head->addWidget(MakeLabel(window, u"lblCount"_s, "quiet"));
+    column->addLayout(head);
+    column->addWidget(list, 1);
+
+    auto* all = new QHBoxLayout;
+    all->setSpacing(8);
+    all->addWidget(MakeButton(window, u"cmdSelectAll"_s));
+    all->addWidget(MakeButton(window, u"cmdClearAll"_s));
+    all->addStretch(1);
+    column->addLayout(all);
+
+    auto* byDate = new QHBoxLayout;
+    byDate->setSpacing(8);
+    auto* date = new QLineEdit(&window);
+    date->setObjectName(u"txtDeleteDate"_s);
+    date->setPlaceholderText(QDialog::tr("mm/dd/yyyy"));
+    date->setMinimumWidth(110);
+    auto* caption = MakeLabel(window, u"lblDeleteDate"_s, "quiet");
+    caption->setBuddy(date);
+    auto* calendar = MakeIconButton(window, u"imaDeleteCal"_s, u"calendar"_s);
+    calendar->setFocusPolicy(Qt::StrongFocus); // nothing else opens the calendar
+    calendar->setAccessibleName(QDialog::tr("Calendar"));
+    byDate->addWidget(caption);
+    byDate->addWidget(date, 1);
+    byDate->addWidget(calendar);
+    byDate->addWidget(MakeButton(window, u"cmdSelectDate"_s));
+    column->addLayout(byDate);
+    return column;
+}
+
+} // namespace
+
+void Layout_frm_Trash(QDialog& window, forms::Screen&)
+{
+    auto* rows = MakeRows(window);
+    auto* panes = new QHBoxLayout;
+    panes->setSpacing(16);
+    panes->addLayout(MakeFolders(window, u"DrvCapture"_s, u"dirCapture"_s), 2);
+    panes->addLayout(PhotoColumn(window), 4);
+    panes->addWidget(MakePicture(window, u"geatrashcan"_s, QDialog::tr("Select a photo to see it")), 4);
+    rows->addLayout(panes, 1);
+
+    auto* foot = new QHBoxLayout;
+    foot->setSpacing(8);
+    auto* message = MakeLabel(window, u"lblmsg"_s);
+    message->setWordWrap(true);
+    foot->addWidget(message, 1);
+    foot->addWidget(MakeGauge(window, u"gauTrash"_s));
+    foot->addWidget(MakeButton(window, u"cmdRestore"_s));
+    foot->addWidget(MakeButton(window, u"cmdDelete"_s));
+    foot->addWidget(MakeButton(window, u"cmdExit"_s));
+    rows->addLayout(foot);
+    window.resize(1040, 560);
+}
+
+} // namespace vasclip::windows

@@ -1,0 +1,105 @@
+#include "windows/layout_parts.h"
+
+#include "windows/icons.h"
+#include "windows/picture_view.h"
+
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QListView>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace vasclip::windows {
+
+QPushButton* MakeButton(QDialog& window, const QString& name)
+{
+    auto* button = new QPushButton(&window);
+    button->setObjectName(name);
+    button->setAutoDefault(false);
+    return button;
+}
+
+QToolButton* MakeIconButton(QDialog& window, const QString& name, const QString& icon)
+{
+    auto* button = new QToolButton(&window);
+    button->setObjectName(name);
+    button->setIcon(ThemedIcon(icon));
+    button->setFocusPolicy(Qt::NoFocus);
+    return button;
+}
+
+QLabel* MakeLabel(QDialog& window, const QString& name, const char* role)
+{
+    auto* label = new QLabel(&window);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setProperty("role", QString::fromLatin1(role));
+    return label;
+}
+
+QLabel* MakeWords(QDialog& window, const QString& text, const char* role, QWidget* buddy)
+{
+    auto* label = new QLabel(text, &window);
+    label->setProperty("role", QString::fromLatin1(role));
+    if (buddy != nullptr)
+        label->setBuddy(buddy);
+    return label;
+}
+
+QListView* MakeList(QDialog& window, const QString& name, const QString& accessibleName)
+{
+    auto* list = new QListView(&window);
+    list->setObjectName(name);
+    list->setAccessibleName(accessibleName);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    return list;
+}
+
+PictureView* MakePicture(QDialog& window, const QString& name, const QString& emptyText)
+{
+    auto* view = new PictureView(&window);
+    view->setObjectName(name);
+    view->SetEmptyText(emptyText);
+    view->SetEmptyIcon(QStringLiteral("photo"));
+    view->setFocusPolicy(Qt::NoFocus);
+    view->setMinimumSize(240, 180);
+    view->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    return view;
+}
+
+QProgressBar* MakeGauge(QDialog& window, const QString& name)
+{
+    auto* bar = new QProgressBar(&window);
+    bar->setObjectName(name);
+    bar->setProperty("hideWhenIdle", true);
+    bar->setMinimumWidth(220);
+    return bar;
+}
+
+QVBoxLayout* MakeFolders(QDialog& window, const QString& driveName, const QString& directoryName)
+{
+    auto* column = new QVBoxLayout;
+    column->setSpacing(8);
+    auto* drive = new QComboBox(&window);
+    drive->setObjectName(driveName);
+    auto* list = MakeList(window, directoryName, QDialog::tr("Directories"));
+    list->setMinimumWidth(200);
+    column->addWidget(MakeWords(window, QDialog::tr("Dri&ve"), "quiet", drive));
+    column->addWidget(drive);
+    column->addWidget(MakeWords(window, QDialog::tr("Direc&tory"), "quiet", list));
+    column->addWidget(list, 1);
+    return column;
+}
+
+QVBoxLayout* MakeRows(QDialog& window)
+{
+    auto* rows = new QVBoxLayout(&window);
+    rows->setContentsMargins(16, 16, 16, 16);
+    rows->setSpacing(12);
+    return rows;
+}
+
+} // namespace vasclip::windows

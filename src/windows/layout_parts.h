@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QString>
+
+class QDialog;
+class QLabel;
+class QListView;
+class QProgressBar;
+class QPushButton;
+class QToolButton;
+class QVBoxLayout;
+class QWidget;
+
+namespace vasclip::windows {
+
+class PictureView;
+
+// Pieces that the windows of pictures have in common.
+
+/// A button that Return elsewhere does not press.
+[[nodiscard]] QPushButton* MakeButton(QDialog& window, const QString& name);
+/// A picture to click on; the keys have a button with words beside it.
+[[nodiscard]] QToolButton* MakeIconButton(QDialog& window, const QString& name, const QString& icon);
+/// A label of a screen's control. @param role  "title", "quiet" or ""
+[[nodiscard]] QLabel* MakeLabel(QDialog& window, const QString& name, const char* role = "");
+/// Words of the window's own. @param buddy  where the access key leads; may be nullptr
+[[nodiscard]] QLabel* MakeWords(QDialog& window, const QString& text, const char* role,
+                                QWidget* buddy = nullptr);
+[[nodiscard]] QListView* MakeList(QDialog& window, const QString& name, const QString& accessibleName);
+[[nodiscard]] PictureView* MakePicture(QDialog& window, const QString& name, const QString& emptyText);
+/// A gauge that is there while something goes on.
+[[nodiscard]] QProgressBar* MakeGauge(QDialog& window, const QString& name);
+/// A drive box over a directory list, as photos::DirLists fills them.
+[[nodiscard]] QVBoxLayout* MakeFolders(QDialog& window, const QString& driveName,
+                                       const QString& directoryName);
+/// The rows of a window with its margins.
+[[nodiscard]] QVBoxLayout* MakeRows(QDialog& window);
+
+} // namespace vasclip::windows
