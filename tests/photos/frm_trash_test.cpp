@@ -67,8 +67,8 @@ TEST_F(FrmTrash, ShowsTheTrashOfTheCaptureDirectoryWithTimes)
     EXPECT_EQ(screen->cmdSelectAll.Caption(), u"&Select All"_s);
     EXPECT_EQ(screen->cmdDelete.Caption(), u"&Delete Selected"_s);
     EXPECT_EQ(screen->cmdExit.Caption(), u"E&xit"_s);
-    EXPECT_EQ(screen->dirCapture.List(screen->dirCapture.ListIndex()).trimmed(), u"TRASHCAN"_s);
-    EXPECT_EQ(screen->DrvCapture.Text(), u"C:"_s);
+    EXPECT_EQ(screen->folders.directories.List(screen->folders.directories.ListIndex()).trimmed(), u"TRASHCAN"_s);
+    EXPECT_EQ(screen->folders.drives.Text(), u"C:"_s);
 }
 
 TEST_F(FrmTrash, WithoutATrashDirectoryTheNextBestIsShown)
@@ -204,61 +204,6 @@ TEST_F(FrmTrash, TheListIsRebuiltForAnotherDirectoryOnly)
     EXPECT_EQ(screen->lstfiles.ListCount(), 2);
     EXPECT_FALSE(screen->ShowDirectory(u"C:\\NOWHERE"_s));
     EXPECT_EQ(screen->lstfiles.ListCount(), 2);
-}
-
-TEST(FolderBrowsing, GoesDownUpAndToOtherDrives)
-{
-    tests::TempHome home;
-    home.Put(u"C:\\A\\B\\C.JPG"_s);
-    home.MakeDirs(u"C:\\A\\D"_s);
-    home.MakeDirs(u"C:\\A\\B\\E"_s);
-    forms::ControlSet set;
-    forms::ComboBox drives(set, u"DrvCapture"_s);
-    forms::ListBox list(set, u"dirCapture"_s);
-    FolderBrowser browser(home.disk, drives, list);
-    int changes = 0, failures = 0;
-    browser.OnChange([&] { ++changes; });
-    browser.OnDriveFailure([&] { ++failures; });
-    EXPECT_TRUE(browser.OpenFirst({QString(), u"C:\\NO"_s, u"C:\\A\\B"_s}));
-    EXPECT_EQ(browser.Path(), u"C:\\A\\B\\"_s);
-    EXPECT_EQ(list.Items(), (QStringList{u"C:\\"_s, u"  A"_s, u"    B"_s, u"      E"_s}));
-    EXPECT_EQ(list.ListIndex(), 2);
-    EXPECT_EQ(changes, 1);
-    list.SetListIndex(1);
-    EXPECT_EQ(browser.Path(), u"C:\\A\\B\\"_s) << "a click chooses, a double click opens";
-    Q_EMIT list.DoubleClicked();
-    EXPECT_EQ(browser.Path(), u"C:\\A\\"_s);
-    EXPECT_EQ(list.Items(), (QStringList{u"C:\\"_s, u"  A"_s, u"    B"_s, u"    D"_s}));
-    home.disk.RmDir(u"C:\\A\\D"_s);
-    list.SetListIndex(3);
-    Q_EMIT list.DoubleClicked();
-    EXPECT_EQ(browser.Path(), u"C:\\A\\"_s) << "what has gone is not opened";
-    drives.SetListIndex(1);
-    EXPECT_EQ(browser.Path(), u"Z:\\"_s);
-    EXPECT_EQ(failures, 0);
-}
-
-TEST(FolderBrowsing, ADriveThatDoesNotAnswerLeavesThePreviousOne)
-{
-    tests::TempHome first;
-    first.Put(u"C:\\x"_s);
-    QFile file(first.Native(u"drives.ini"_s));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("[DRIVES]\r\nE=/no/such/card\r\n");
-    file.close();
-    const files::Disk disk(first.disk.Home());
-    forms::ControlSet set;
-    forms::ComboBox drives(set, u"DrvCapture"_s);
-    forms::ListBox list(set, u"dirCapture"_s);
-    FolderBrowser browser(disk, drives, list);
-    int failures = 0;
-    browser.OnDriveFailure([&] { ++failures; });
-    browser.Open(u"C:\\"_s);
-    ASSERT_EQ(drives.Items(), (QStringList{u"C:"_s, u"E: [card]"_s, u"Z:"_s}));
-    drives.SetListIndex(1);
-    EXPECT_EQ(failures, 1);
-    EXPECT_EQ(browser.Path(), u"C:\\"_s);
-    EXPECT_EQ(drives.Text(), u"C:"_s);
 }
 
 } // namespace
