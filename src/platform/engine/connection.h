@@ -24,6 +24,7 @@ struct TextIndexCheck
     qint64 upto = 0;       ///< rows up to this id were compared with it
     bool compared = false; ///< all of them
     bool unfit = false;    ///< wrong, and the file cannot be written
+    int rowsAtOnce = 200;  ///< that a slice of making it takes in; follows how long they took
     TextIndexTrouble trouble = TextIndexTrouble::None;
 };
 

@@ -21,9 +21,10 @@ constexpr int kGroup = 3; ///< letters that the index knows together
 constexpr qint64 kAllRows = std::numeric_limits<qint64>::max();
 constexpr int kTotals = 1;    ///< the record in which an index counts its words
 constexpr int kSegments = 10; ///< that in which it lists its segments
-/// Rows of one transaction while an index is made.
-constexpr int kRowsAtOnce = 4000;
-constexpr int kNotedAtOnce = 500;
+/// Rows of one transaction while an index is made: as many as its slice has time for.
+constexpr int kFewestAtOnce = 200;
+constexpr int kMostAtOnce = 4000;
+constexpr int kNotedAtOnce = 200;
 
 const QString kStates = u"vas_texts"_s; ///< the table of what there is
 
@@ -306,8 +307,10 @@ qint64 TextIndex::Upto()
     return query.Step() ? query.Integer(0) : kAllRows;
 }
 
-void TextIndex::TakeIn(qint64 upto)
+void TextIndex::TakeIn(qint64 upto, int milliseconds)
 {
+    QElapsedTimer timer;
+    timer.start();
     const QString id = QString::fromUtf16(sql::kIdColumn);
     const QString table = QuoteName(m_table);
     Writing writing(m_connection);
@@ -315,7 +318,7 @@ void TextIndex::TakeIn(qint64 upto)
     {
         Query query(m_connection,
                     u"SELECT max(%1) FROM (SELECT %1 FROM %2 WHERE %1 > ?1 ORDER BY %1 LIMIT %3)"_s.arg(
-                        id, table, QString::number(kRowsAtOnce)));
+                        id, table, QString::number(m_check.rowsAtOnce)));
         query.Bind(1, upto);
         if (query.Step() && !query.IsNull(0))
             last = query.Integer(0);
@@ -337,6 +340,10 @@ void TextIndex::TakeIn(qint64 upto)
     }
     Sign();
     writing.Commit();
+    const qint64 fitting =
+        qint64{m_check.rowsAtOnce} * std::max(milliseconds, 1) / std::max<qint64>(timer.elapsed(), 1);
+    m_check.rowsAtOnce = static_cast<int>(
+        std::clamp<qint64>(fitting, kFewestAtOnce, std::min(kMostAtOnce, 2 * m_check.rowsAtOnce)));
 }
 
 std::vector<Bookmark> TextIndex::Compare(int milliseconds)
@@ -388,7 +395,7 @@ TextIndexState TextIndex::MakeOn(int milliseconds)
             Anew(TextIndexTrouble::Damaged);
             break;
         case Standing::Partial:
-            TakeIn(Upto());
+            TakeIn(Upto(), milliseconds);
             break;
         case Standing::Whole:
             if (CatchUp())

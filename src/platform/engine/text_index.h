@@ -40,9 +40,9 @@ private:
     [[nodiscard]] Standing Look();
     void Create();
     void Drop();
-    void Anew(TextIndexTrouble trouble); ///< lets it go and begins another
-    void TakeIn(qint64 upto);            ///< the next rows behind `upto`
-    [[nodiscard]] bool CatchUp();        ///< takes a few noted rows in; @return false when there were none
+    void Anew(TextIndexTrouble trouble);        ///< lets it go and begins another
+    void TakeIn(qint64 upto, int milliseconds); ///< the next rows behind `upto`, for about so long
+    [[nodiscard]] bool CatchUp(); ///< takes a few noted rows in; @return false when there were none
     void Sign(); ///< keeps its record of its segments, within the transaction that changed them
     /// Compares the next rows with it, for so long. @return those that it does not know
     [[nodiscard]] std::vector<Bookmark> Compare(int milliseconds);
