@@ -5,6 +5,8 @@
 #include "platform/text/runtime_error.h"
 #include "store/messages.h"
 
+#include <optional>
+
 namespace vasclip::comments {
 
 using common::RoutineScope;
@@ -39,14 +41,16 @@ qsizetype FieldCount(engine::Engine& engine, const QString& path)
     return count;
 }
 
-qsizetype ReferenceCount(const forms::Ports& ports, engine::Engine& engine, const common::Globals& globals)
+/// nullopt after a box: an installation without its templates still has its comments.
+std::optional<qsizetype> ReferenceCount(const forms::Ports& ports, engine::Engine& engine,
+                                        const common::Globals& globals)
 {
     const bool usersOwn = engine.Disk().FileExists(globals.G_UserDir + kReference);
     try {
         return FieldCount(engine, (usersOwn ? globals.G_UserDir : globals.G_ProgramDir) + kReference);
     } catch (const RuntimeError&) {
         ports.prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Critical, kCountTitle, kCountText);
-        throw forms::EndOfProgram{1};
+        return std::nullopt;
     }
 }
 
@@ -94,7 +98,11 @@ Upgrade CheckCommentsDBF(const forms::Ports& ports, engine::Engine& engine, cons
                          const QString& path)
 {
     const RoutineScope scope{"CheckCommentsDBF"};
-    if (FieldCount(engine, path) == ReferenceCount(ports, engine, globals))
+    const qsizetype present = FieldCount(engine, path);
+    const std::optional<qsizetype> wanted = ReferenceCount(ports, engine, globals);
+    if (!wanted)
+        return Upgrade::NoTemplate;
+    if (present == *wanted)
         return Upgrade::NotNeeded;
     if (ports.prompter.MsgBox(forms::Buttons::YesNo, forms::Icon::Exclamation, store::kPlainTitle,
                               globals.share != 0 ? kUpdateShared : kUpdateLocal) != forms::Answer::Yes)

@@ -9,8 +9,9 @@ namespace vasclip::comments {
 enum class Upgrade {
     NotNeeded,
     Done,
-    Declined, ///< the user is not ready; the old table goes on working
-    Locked,   ///< somebody has the file open; told
+    Declined,   ///< the user is not ready; the old table goes on working
+    Locked,     ///< somebody has the file open; told
+    NoTemplate, ///< there is nothing to compare with; told, and the old table goes on working
 };
 
 /// Compares the comment file with the template newdata.mdb (of G_UserDir, else of G_ProgramDir) by the number
@@ -18,8 +19,7 @@ enum class Upgrade {
 /// none, with the file to itself. Nobody may have the file open, this program included.
 ///
 /// The test is on equality: a file with one field more asks too, at each opening.
-/// @throws forms::EndOfProgram after a box when the template can't be read; RuntimeError when the comment
-/// file can't, or is read-only
+/// @throws RuntimeError when the comment file can't be read, or is read-only
 Upgrade CheckCommentsDBF(const forms::Ports& ports, engine::Engine& engine, const common::Globals& globals,
                          const QString& path);
 

@@ -3,7 +3,6 @@
 #include "windows/theme.h"
 
 #include <QIconEngine>
-#include <QImageReader>
 #include <QPainter>
 #include <QPixmapCache>
 
@@ -22,6 +21,12 @@ QString File(const QString& name)
     return QStringLiteral(":/icons/%1.svg").arg(name);
 }
 
+/// A drawing at a size, through the reader of drawings alone: asking for an image would load every reader.
+QImage Drawing(const QString& name, const QSize& pixels)
+{
+    return QIcon(File(name)).pixmap(pixels, 1.0).toImage();
+}
+
 /// The drawing as a mask, filled with one colour.
 QPixmap Tinted(const QString& name, const QSize& pixels, const QColor& colour)
 {
@@ -33,9 +38,7 @@ QPixmap Tinted(const QString& name, const QSize& pixels, const QColor& colour)
     QPixmap result;
     if (QPixmapCache::find(key, &result))
         return result;
-    QImageReader reader(File(name));
-    reader.setScaledSize(pixels);
-    QImage image = reader.read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QImage image = Drawing(name, pixels).convertToFormat(QImage::Format_ARGB32_Premultiplied);
     if (image.isNull())
         return {};
     QPainter painter(&image);
@@ -84,6 +87,26 @@ private:
     QColor m_own;
 };
 
+/// The program's own picture, drawn when somebody asks for it.
+class ApplicationEngine : public QIconEngine
+{
+public:
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override
+    {
+        const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
+        painter->drawImage(rect, Drawing(QStringLiteral("vasclip"), rect.size() * ratio));
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode, QIcon::State) override
+    {
+        return QPixmap::fromImage(Drawing(QStringLiteral("vasclip"), size));
+    }
+    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override
+    {
+        return {{16, 16}, {24, 24}, {32, 32}, {48, 48}, {64, 64}, {128, 128}}; // what desktops ask for
+    }
+    [[nodiscard]] QIconEngine* clone() const override { return new ApplicationEngine; }
+};
+
 } // namespace
 
 void InitIcons()
@@ -111,7 +134,7 @@ void PaintIcon(QPainter& painter, const QString& name, const QRectF& target, con
 
 QIcon ApplicationIcon()
 {
-    return QIcon(File(QStringLiteral("vasclip")));
+    return QIcon(new ApplicationEngine);
 }
 
 } // namespace vasclip::windows

@@ -17,18 +17,44 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <QTimer>
 
 namespace vasclip::windows {
 
 namespace {
+
 constexpr int kRowPadding = 10;
 constexpr int kWidthStep = 8;
+constexpr int kCellMargin = 9;
+
+/// A cell is one line of plain text: drawn as such, since a screen has hundreds of them.
+class CellPainter : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        const bool selected = option.state & QStyle::State_Selected;
+        if (selected)
+            painter->fillRect(option.rect, option.palette.highlight());
+        const QString text = index.data(Qt::DisplayRole).toString();
+        if (text.isEmpty())
+            return;
+        const QRect room = option.rect.adjusted(kCellMargin, 0, -kCellMargin, 0);
+        const int alignment = index.data(Qt::TextAlignmentRole).toInt();
+        painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
+        painter->drawText(room, alignment | Qt::TextSingleLine,
+                          option.fontMetrics.elidedText(text, Qt::ElideRight, room.width()));
+    }
+};
+
 } // namespace
 
 RecordGrid::RecordGrid(QWidget* parent)
     : QTableView(parent)
 {
+    setItemDelegate(new CellPainter(this));
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);

@@ -171,7 +171,7 @@ int TabStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidge
     }
 }
 
-/// The signs of message boxes.
+/// The signs of message boxes, of what empties a line, and of a menu bar that is too long.
 QIcon TabStyle::standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const
 {
     const ThemeColours& colours = Theme::Colours();
@@ -182,6 +182,10 @@ QIcon TabStyle::standardIcon(StandardPixmap which, const QStyleOption* option, c
         return ColouredIcon(QStringLiteral("info"), colours.blue);
     case SP_MessageBoxWarning:
         return ColouredIcon(QStringLiteral("warning"), colours.red);
+    case SP_LineEditClearButton:
+        return ThemedIcon(QStringLiteral("clear"));
+    case SP_ToolBarHorizontalExtensionButton:
+        return ThemedIcon(QStringLiteral("more"));
     case SP_MessageBoxCritical:
         return ColouredIcon(QStringLiteral("critical"), colours.red);
     default:

@@ -4,8 +4,12 @@
 #include "windows/style.h"
 
 #include <QApplication>
+#include <QDialog>
+#include <QEvent>
+#include <QMainWindow>
 #include <QPalette>
 #include <QSettings>
+#include <QWidget>
 
 namespace vasclip::windows {
 
@@ -221,7 +225,23 @@ Theme::Theme(QApplication& app, QSettings* settings)
     }
     QApplication::setStyle(new TabStyle);
     InitIcons(); // the sheet names files among them
+    app.installEventFilter(this);
     Apply();
+}
+
+/// The sheet comes with the first window: while one is being built, each pane that finds its place would be
+/// matched against it anew, with all that stands on it.
+bool Theme::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool window = event->type() == QEvent::Polish ? qobject_cast<QDialog*>(watched) != nullptr ||
+                                                              qobject_cast<QMainWindow*>(watched) != nullptr
+                                                        : event->type() == QEvent::Show;
+    if (window) {
+        m_app.removeEventFilter(this);
+        m_dressed = true;
+        m_app.setStyleSheet(SheetOf(Colours(), m_dark));
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 Theme::~Theme()
@@ -242,7 +262,8 @@ void Theme::Apply()
     m_dark = m_choice == ThemeChoice::Dark || (m_choice == ThemeChoice::System && m_systemDark);
     g_dark = m_dark;
     QApplication::setPalette(PaletteOf(Colours()));
-    m_app.setStyleSheet(SheetOf(Colours(), m_dark));
+    if (m_dressed)
+        m_app.setStyleSheet(SheetOf(Colours(), m_dark));
     Q_EMIT Changed();
 }
 

@@ -41,6 +41,9 @@ public:
 Q_SIGNALS:
     void Changed();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void Apply();
     QApplication& m_app;
@@ -48,6 +51,7 @@ private:
     ThemeChoice m_choice = ThemeChoice::System;
     bool m_systemDark = false;
     bool m_dark = false;
+    bool m_dressed = false; ///< the style sheet is set
 };
 
 } // namespace vasclip::windows

@@ -135,11 +135,13 @@ TEST_F(CommentUpgrade, AReadOnlyFileSaysSoAndStays)
     EXPECT_EQ(Count(local), whole - kAdded.size());
 }
 
-TEST_F(CommentUpgrade, WithoutItsTemplateTheProgramEnds)
+TEST_F(CommentUpgrade, WithoutItsTemplateItSaysSoAndTheOldTableGoesOn)
 {
     MakeOld(local, kAdded);
     home.Put(u"C:\\VAS2000\\NEWDATA.MDB"_s, "garbage");
-    EXPECT_THROW(CheckCommentsDBF(ports, engine, globals, local), forms::EndOfProgram);
+    EXPECT_EQ(CheckCommentsDBF(ports, engine, globals, local), Upgrade::NoTemplate);
+    EXPECT_EQ(Count(local), whole - kAdded.size());
+    ASSERT_EQ(doubles.prompter.Boxes().size(), 1U);
     EXPECT_EQ(doubles.prompter.Last().title, u"Error processing databook field count"_s);
     EXPECT_EQ(doubles.prompter.Last().text,
               u"Unable to detect field count in databook.mdb (reference *new* files are missing or corrupt). "

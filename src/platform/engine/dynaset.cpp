@@ -3,6 +3,7 @@
 #include "platform/engine/errors.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace vasclip::engine {
 
@@ -23,8 +24,34 @@ Dynaset::Dynaset(std::shared_ptr<Session> session, sql::Plan plan)
     MoveFirst();
 }
 
+/// The keys of a whole table whose row numbers have no gap, known without a walk over the rows; nullopt for
+/// any other.
+std::optional<std::vector<qint64>> Dynaset::KeysWithoutGap() const
+{
+    const QString id = QString::fromUtf16(sql::kIdColumn);
+    const QString& table = Plan().tableSql;
+    if (Plan().computed || Plan().ordered || Plan().sql != u"SELECT %1 FROM %2"_s.arg(id, table))
+        return std::nullopt;
+    Query query(Open(), u"SELECT (SELECT min(%1) FROM %2), (SELECT max(%1) FROM %2), "
+                        u"(SELECT count(*) FROM %2)"_s.arg(id, table));
+    if (!query.Step())
+        return std::nullopt;
+    const qint64 first = query.Integer(0);
+    const qint64 count = query.Integer(2);
+    if (count > 0 && query.Integer(1) - first + 1 != count)
+        return std::nullopt;
+    std::vector<qint64> ids(static_cast<std::size_t>(count));
+    std::iota(ids.begin(), ids.end(), first);
+    return ids;
+}
+
 void Dynaset::ReadKeys()
 {
+    if (auto ids = KeysWithoutGap()) {
+        m_ids = std::move(*ids);
+        m_page = {};
+        return;
+    }
     std::vector<qint64> ids;
     Query query(Open(), Plan().sql);
     query.BindAll(Plan().bindings);

@@ -3,6 +3,8 @@
 #include "platform/engine/row_recordset.h"
 
 #include <chrono>
+#include <optional>
+#include <vector>
 
 namespace vasclip::engine {
 
@@ -54,6 +56,7 @@ private:
     [[nodiscard]] qint64 Count() const { return static_cast<qint64>(m_ids.size()); }
     void Stand(qint64 at);
     void ReadKeys();
+    [[nodiscard]] std::optional<std::vector<qint64>> KeysWithoutGap() const;
     void ReadPage(qint64 first, const QList<int>& fields) const;
 
     std::vector<qint64> m_ids;

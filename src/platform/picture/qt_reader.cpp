@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -52,16 +53,33 @@ private:
     const char* m_stop = nullptr;
 };
 
+/// The kind that a file's first bytes tell, "" for any other. Asking for a kind by its name spares loading
+/// every reader that might know it.
+QByteArray KindOf(const QByteArray& head)
+{
+    static constexpr std::pair<QByteArrayView, const char*> kHeads[] = {
+        {"\x89PNG\r\n\x1a\n", "png"}, {"BM", "bmp"}, {"GIF8", "gif"}};
+    for (const auto& [mark, kind] : kHeads)
+        if (head.startsWith(mark))
+            return kind;
+    return {};
+}
+
 /// @return the size as stored, empty if the format does not tell before decoding
 QSize ReadHeader(QImageReader& reader, const QString& name)
 {
-    reader.setDecideFormatFromContent(true);
+    constexpr int kHeadBytes = 16;
+    if (const QByteArray kind = KindOf(reader.device()->peek(kHeadBytes)); kind.isEmpty()) {
+        reader.setDecideFormatFromContent(true);
+    } else {
+        reader.setAutoDetectImageFormat(false);
+        reader.setFormat(kind);
+    }
     reader.setAutoTransform(true);
     if (!reader.canRead())
         Refuse(name, u"its content is of no known kind"_s);
     const QByteArray format = reader.format();
-    if (std::none_of(kFormats.begin(), kFormats.end(),
-                     [&](const char* known) { return format == known; }))
+    if (std::none_of(kFormats.begin(), kFormats.end(), [&](const char* known) { return format == known; }))
         Refuse(name, u"pictures of the kind '%1' are not used here"_s.arg(QString::fromLatin1(format)));
     return reader.size();
 }
@@ -73,7 +91,8 @@ bool LiesOnItsSide(const QImageReader& reader)
 
 } // namespace
 
-QImage ReadWithQt(const QByteArray& bytes, const QString& name, const TargetSize& target, const Limits& limits)
+QImage ReadWithQt(const QByteArray& bytes, const QString& name, const TargetSize& target,
+                  const Limits& limits)
 {
     RaiseAllocationLimit(limits);
     WatchedBuffer buffer(bytes, limits);
