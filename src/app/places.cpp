@@ -1,6 +1,7 @@
 #include "app/places.h"
 
 #include "platform/desktop/desktop.h"
+#include "shell/win_version.h"
 
 #include <QCoreApplication>
 
@@ -10,12 +11,13 @@ using namespace Qt::Literals::StringLiterals;
 
 shell::SystemPlaces Places(const files::Disk& disk)
 {
-    constexpr int kVistaMajor = 6;
     shell::SystemPlaces places;
     places.systemDirectory = desktop::SystemDirectory();
     places.windowsDirectory = desktop::WindowsDirectory();
     places.executableDir = disk.ToDrivePath(QCoreApplication::applicationDirPath()).value_or(u"C:"_s) + u'\\';
-    places.isVista = desktop::ReadSystemVersion().major == kVistaMajor;
+    const shell::WinVersionName version = shell::GetWinVersionName(desktop::ReadSystemVersion());
+    places.isVista = version.isVista;
+    places.windowsName = version.name;
     return places;
 }
 

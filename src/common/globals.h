@@ -38,8 +38,8 @@ struct Globals
     QString caps;
     int autoAdvance = 1;  ///< a function key goes on to the next field
     int sortComments = 0; ///< the comment dialog keeps its list in order of the alphabet
-    int addressCase = 2; ///< 0 upper case, 1 proper case, 2 as is
-    int sortGrid = 1;    ///< 0 to 6
+    int addressCase = 2;  ///< 0 upper case, 1 proper case, 2 as is
+    int sortGrid = 1;     ///< 0 to 6
     int ignorePending = 0;
     QString useSubjCsz;
     double picDelay = 0; ///< seconds, 0 to 10
@@ -61,6 +61,7 @@ struct Globals
     QString productName;  ///< the program's display name
     QString mapName;      ///< the mapping add-on's display name
     QString formsProgram; ///< KEL.INI, VENDOR, ApplicationName
+    QString website;      ///< PRODUCT INFO, WEBSITE: the maker's page
 
     // KEL.INI, DIRECTORIES
     QString kelDataDir, kelPrivateDir, kelAppDir;
@@ -74,6 +75,7 @@ struct Globals
     QString cellData, basePath; ///< pwstreet.ini, V2BETA
     bool isVista = false;
     QString windowsName;
+    QString formsCaption;          ///< of the appraisal program's window at the start, at most 255 characters
     QString captureDirBeforeTrash; ///< the remembered capture directory
     QString arrowsDir;             ///< G_ProgramDir + "arrows\"
     QString formsProgramVersion;   ///< kept for the About box

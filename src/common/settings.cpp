@@ -86,6 +86,8 @@ constexpr SettingRow kSettings[] = {
     Name(IniFile::Kel, "VENDOR"_L1, "ApplicationName"_L1, "Korvat Forms"_L1, ReadRule::TrimmedText, &Globals::formsProgram),
     Name(IniFile::Application, kProgramAlias, "Korvat Pointer"_L1, "Korvat Atlas"_L1, ReadRule::Text, &Globals::mapName),
 
+    Name(IniFile::Application, "PRODUCT INFO"_L1, "WEBSITE"_L1, ""_L1, ReadRule::TrimmedText, &Globals::website),
+
     Dir("APPDIR"_L1, "C:\\VAS2000"_L1, &Globals::G_ProgramDir),
     Dir("USERDIR"_L1, "C:\\VAS2000"_L1, &Globals::G_UserDir),
     Dir("PHOTODIR"_L1, "C:\\VASCLIPS\\JPG"_L1, &Globals::G_PhotoDir),

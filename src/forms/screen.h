@@ -52,6 +52,9 @@ public:
     virtual ~ScreenPort() = default;
     /// Opens the screen, shows it and returns when it has closed.
     virtual void ShowModal(Screen& screen) = 0;
+    /// Closes every screen that is open, the last one first; none may refuse. Programs without windows have
+    /// none.
+    virtual void UnloadAllForms() {}
 };
 
 /// For programs without windows: nobody sits before a screen.

@@ -125,6 +125,11 @@ void frm_Main::WireControls()
         photos::SelectPhoto(photoLists, *m_slotLoader, slots.geamaintain, m_base.disk, globals.G_PhotoDir);
     });
 
+    Timer1.setParent(this);
+    Timer1.setObjectName(u"Timer1"_s);
+    Timer1.setSingleShot(true);
+    connect(&Timer1, &QTimer::timeout, this, &frm_Main::EndWanted);
+
     lblChangingDB.Show(u"Changing database..."_s, forms::Colour::Blue);
     lblChangingDB.SetVisible(false);
 

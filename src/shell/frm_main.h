@@ -11,6 +11,8 @@
 #include "platform/conduit/conduit.h"
 #include "store/store.h"
 
+#include <QTimer>
+
 namespace vasclip::comments {
 class frm_FKey;
 }
@@ -118,13 +120,26 @@ Q_SIGNALS:
     void UnloadWanted(); ///< File, Exit
     void AboutWanted();
     void WhatsNewWanted(const QString& text);
-    void GuideWanted();     ///< Program Help without a help file of its own
-    void ResetSizeWanted(); ///< the window back to its design size and position
+    void GuideWanted();                  ///< Program Help without a help file of its own
+    void ResetSizeWanted();              ///< the window back to its design size and position
+    void TabColoursChanged(bool themed); ///< themed: the theme's own; else the tabbed areas are plain
+    void EndWanted();                    ///< Timer1: the stop is over and the process still lives
 
 private:
     void WireControls();
     void ReadCaption();
-    void TurnOnMaps();
+    void StartStep(const SystemPlaces& places, const std::function<void()>& step);
+    void TakeStartSteps(const StartUpOptions& options, frm_Splash& splash);
+    void RefuseSecondCopy(const StartUpOptions& options, const QString& title, const QString& text);
+    [[nodiscard]] bool AskForDisk();
+    void ReadiniSettings();
+    void TurnOnMaps(const SystemPlaces& places);
+    void LoadMenu();
+    void VerifyCaptureDirectory() const;
+    void AddGenViews2CBO();
+    void checkUpdate() const;
+    void AtEnd(const std::function<void()>& step);
+    void ClearTempFiles();
     void PrepareGrid(bool loadUserLayout, frm_Splash& splash);
     void cmdSearch_Click();
     void grddatabook_RowColChange();
@@ -150,6 +165,9 @@ private:
     /// told
     bool SwitchDatabook(const QString& directory, const QString& file);
     void ToggleManualEntry();
+    void ToggleImageNames();
+    void ToggleImageList();
+    void ConnectToWebsite();
     void LoadHelpMenu();
     void StartTutorial(int index);
     void OpenHelp();
@@ -158,10 +176,12 @@ private:
     [[nodiscard]] QString ChangesText() const;
     void Connect(store::DataSource& source, const QString& path, const std::function<void()>& open);
 
+    QTimer Timer1; ///< the exit of last resort, armed when the stop is over
     Foundation m_base;
     QString m_caption;
     QString m_version;
-    bool m_starting = false; ///< within Form_load
+    bool m_starting = false;     ///< within Form_load
+    bool m_settingsRead = false; ///< what the settings say was read; before that nothing is saved
     bool m_unloaded = false;
     bool m_showingRecords = false; ///< rows come and go: the one to stand on is not known yet
     bool m_gridReady = false;      ///< the layout on show is the user's and is saved at exit

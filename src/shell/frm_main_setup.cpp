@@ -8,6 +8,7 @@
 #include "shell/frm_config.h"
 #include "shell/frm_main.h"
 #include "shell/g_shell.h"
+#include "shell/menus.h"
 #include "store/messages.h"
 
 #include <QFile>
@@ -25,7 +26,6 @@ namespace {
 
 const QString kHelpMenu = u"mnuHelpItem"_s;
 const QString kTutorials = u"mnuHelpTut_M"_s;
-constexpr int kManualEntry = 8;
 
 } // namespace
 
@@ -48,7 +48,8 @@ void frm_Main::ShowConfiguration()
     } else if (globals.sortGrid != before.sortGrid || globals.ignorePending != before.ignorePending) {
         DisplayAllRecords();
     }
-    LoadHelpMenu();
+    LoadMenu();
+    Q_EMIT TabColoursChanged(globals.tabMask);
     if (config.ResetWanted())
         Q_EMIT ResetSizeWanted();
 }
@@ -177,10 +178,45 @@ QString frm_Main::ChangesText() const
     return own.open(QIODevice::ReadOnly) ? QString::fromUtf8(own.readAll()) : QString();
 }
 
+/// The names under the thumbnails; the choice is kept for the exit to write.
+void frm_Main::ToggleImageNames()
+{
+    const bool show = globals.imageFileNames != u"ON"_s;
+    globals.imageFileNames = show ? u"ON"_s : u"OFF"_s;
+    mnuSetupItem.SetEntryChecked(kImageNamesEntry, show);
+}
+
+/// The list of the capture directory in place of the thumbnails.
+void frm_Main::ToggleImageList()
+{
+    const bool show = globals.imageListBox != u"ON"_s;
+    globals.imageListBox = show ? u"ON"_s : u"OFF"_s;
+    mnuSetupItem.SetEntryChecked(kImageListEntry, show);
+}
+
+/// The page is the deployment's; what is no address of the web is not opened.
+void frm_Main::ConnectToWebsite()
+{
+    const QString& page = globals.website;
+    if (page.startsWith(u"https://"_s, Qt::CaseInsensitive) ||
+        page.startsWith(u"http://"_s, Qt::CaseInsensitive)) {
+        GShell(m_base.disk, m_base.ports.prompter, u"open"_s, page, {}, {});
+        return;
+    }
+    m_base.ports.prompter.Info(
+        u"Connect to Website"_s,
+        u"'%1' is not the address of a web page. Correct WEBSITE in the section PRODUCT INFO of %2; an "
+        u"address begins with https:// or http://."_s.arg(page, globals.applicationIni));
+}
+
 void frm_Main::SetupChosen(int index)
 {
     if (index == 0)
         ShowConfiguration();
+    else if (index == kImageNamesEntry)
+        ToggleImageNames();
+    else if (index == kImageListEntry)
+        ToggleImageList();
     else if (index == kManualEntry)
         ToggleManualEntry();
 }
@@ -193,6 +229,8 @@ void frm_Main::HelpChosen(const QString& array, int index)
         OpenHelp();
     else if (index == 2)
         Q_EMIT WhatsNewWanted(ChangesText());
+    else if (index == kWebsiteEntry)
+        ConnectToWebsite();
     else if (index == 12)
         Q_EMIT AboutWanted();
 }

@@ -13,7 +13,8 @@ struct SystemPlaces
     QString systemDirectory;  ///< "C:\WINDOWS\SYSTEM32"
     QString windowsDirectory; ///< "C:\WINDOWS"
     QString executableDir;    ///< with a backslash
-    bool isVista = false;
+    bool isVista = false;     ///< as GetWinVersionName finds it
+    QString windowsName = {}; ///< likewise
 };
 
 struct IniDirectory

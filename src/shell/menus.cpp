@@ -73,10 +73,10 @@ QList<forms::MenuEntry> SetupEntries()
         {2, "Grid Layout"_L1, Screen::Here},
         {3, "City Listings"_L1},
         {4, kSeparator},
-        {5, "View Capture Image Names"_L1},
-        {6, "View Image Filename Listing"_L1},
+        {kImageNamesEntry, "View Capture Image Names"_L1, Screen::Here},
+        {kImageListEntry, "View Image Filename Listing"_L1, Screen::Here},
         {7, kSeparator},
-        {8, "Hide Manual Comp Entry"_L1, Screen::Here},
+        {kManualEntry, "Hide Manual Comp Entry"_L1, Screen::Here},
         {9, kSeparator},
         {10, "General Views"_L1, Screen::Here},
     });
@@ -134,7 +134,7 @@ QList<forms::MenuEntry> HelpEntries()
         {1, "Tutorials"_L1},
         {2, "What's New?"_L1, Screen::Here},
         {8, kSeparator},
-        {9, "Connect to Website"_L1},
+        {kWebsiteEntry, "Connect to Website"_L1},
         {11, kSeparator},
         {12, "About"_L1, Screen::Here},
     });

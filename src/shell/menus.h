@@ -4,6 +4,12 @@
 
 namespace vasclip::shell {
 
+// Entries that the settings change.
+inline constexpr int kImageNamesEntry = 5; ///< of Setup
+inline constexpr int kImageListEntry = 6;  ///< of Setup
+inline constexpr int kManualEntry = 8;     ///< of Setup
+inline constexpr int kWebsiteEntry = 9;    ///< of Help
+
 // The entries of each menu in stored order. An entry whose screen the program does not have yet is disabled.
 
 [[nodiscard]] QList<forms::MenuEntry> FileEntries();

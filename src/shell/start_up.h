@@ -13,6 +13,8 @@ struct StartUpOptions
     std::function<bool()> previousInstance; ///< is another copy running? null: no
     SystemPlaces places;
     QString version; ///< major.minor.revision
+    /// The caption of the first window of a class; null: there is none.
+    std::function<QString(const QString& windowClass)> findWindowCaption = {};
 };
 
 /// The switches, read from the whole line upper-cased.

@@ -64,7 +64,8 @@ MainWindow::MainWindow(forms::ControlSet& controls, DropPort& port, EventGuard& 
     // The stems run beside lstViews, line for line, and people look at the views; anchor 0 only holds the
     // picture that the others take.
     m_binder.DeclareUnseen({QStringLiteral("lstimages"), QStringLiteral("txtimage"),
-                            QStringLiteral("lblLabelTag"), QStringLiteral("lstGenViews"), QStringLiteral("imaSubjectAnchor_0")});
+                            QStringLiteral("lblLabelTag"), QStringLiteral("lstGenViews"),
+                            QStringLiteral("imaSubjectAnchor_0")});
     m_binder.Bind(*this);
     for (QTabWidget* book : {m_ui->TabSubject})
         book->tabBar()->setAutoHide(true);
@@ -323,6 +324,10 @@ void MainWindow::Decorate()
     m_ui->mainSplitter->setStretchFactor(1, 1);
     m_ui->topSplitter->setStretchFactor(0, 5);
     m_ui->topSplitter->setStretchFactor(1, 2);
+    // On a large screen the rest of the row stays free.
+    m_ui->txtcentralkey->setMaximumWidth(560);
+    m_ui->cboapprslType->setMaximumWidth(320);
+    m_ui->txtQuickFind->setMaximumWidth(480);
     m_ui->reportPane->setMinimumSize(520, 240);
     m_ui->recordPane->setMinimumSize(280, 200);
     m_ui->recordsPane->setMinimumHeight(160);
@@ -400,6 +405,14 @@ void MainWindow::ShowRecordCount()
                                      grid->CurrentText(QStringLiteral("ST")).trimmed())
                                 .trimmed());
     });
+}
+
+void MainWindow::ShowTabColours(bool themed)
+{
+    for (QWidget* ground : {m_ui->desk, m_ui->central, static_cast<QWidget*>(m_ui->statusRow)}) {
+        ground->setAutoFillBackground(!themed);
+        ground->setBackgroundRole(themed ? QPalette::NoRole : QPalette::Base);
+    }
 }
 
 void MainWindow::MarkTheme()

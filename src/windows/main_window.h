@@ -54,6 +54,8 @@ public:
     void CloseNow() { close(); }
     void ResetLayout(); ///< the panes as they were designed
     void ResetSize();   ///< the window's own size and position too
+    /// The ground behind the tabs: the theme's own, or plain as the pages are.
+    void ShowTabColours(bool themed);
 
 Q_SIGNALS:
     void Unload();       ///< once, when the window has been closed by whatever way

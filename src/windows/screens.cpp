@@ -87,10 +87,20 @@ void WindowScreens::ShowModal(forms::Screen& screen)
     {
         QWidget* active = QApplication::activeModalWidget();
         ScreenWindow window(screen, *m_guard, active ? active : m_owner.data());
+        m_open.append(&window);
         if (screen.IsOpen())
             window.exec();
+        m_open.removeOne(&window);
     }
     screen.End();
+}
+
+void WindowScreens::UnloadAllForms()
+{
+    const QList<QPointer<ScreenWindow>> open = m_open;
+    for (auto window = open.crbegin(); window != open.crend(); ++window)
+        if (*window)
+            (*window)->done(QDialog::Rejected); // its ShowModal runs Form_Unload when it returns
 }
 
 } // namespace vasclip::windows

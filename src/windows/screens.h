@@ -55,10 +55,12 @@ public:
     void SetGuard(EventGuard* guard) { m_guard = guard; }
     void SetOwner(QWidget* owner) { m_owner = owner; }
     void ShowModal(forms::Screen& screen) override;
+    void UnloadAllForms() override;
 
 private:
     EventGuard* m_guard = nullptr;
     QPointer<QWidget> m_owner;
+    QList<QPointer<ScreenWindow>> m_open; ///< the last one stands before the others
 };
 
 } // namespace vasclip::windows

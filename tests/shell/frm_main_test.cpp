@@ -113,18 +113,28 @@ protected:
 TEST_F(MainScreen, TheSplashTellsTheStepsInTheirOrder)
 {
     Load();
-    EXPECT_EQ(
-        SplashTexts(),
-        (QStringList{u"Application INI  - C:\\APPRAISE\\VAS2000.INI"_s,
-                     u"Appraisal INI - C:\\APPRAISE\\KEL.INI"_s, u"Loading Configuration Settings"_s,
-                     u"Checking for Integrated Mapping Application"_s, u"Reading User Defined Settings"_s,
-                     u"Adding Pop-up Menus"_s, u"Checking data - C:\\DATABOOK\\"_s,
-                     u"Connecting to Comp2Kel.mdb"_s, u"Formatting Grid text"_s,
-                     u"Setting Formtypes for Search menu"_s, u"Refreshing program from KEL"_s,
-                     u"Verifying Default Grid Settings"_s, u"Loading Saved Grid Layout"_s,
-                     u"Loading grid interface"_s, u"Displaying Comp Records"_s, u"Finalizing Start-up"_s}));
-    EXPECT_EQ(splash.lstSplash.ListIndex(), 15);
-    EXPECT_EQ(splash.gauProgress.Value(), 32);
+    EXPECT_EQ(SplashTexts(), (QStringList{u"Application INI  - C:\\APPRAISE\\VAS2000.INI"_s,
+                                          u"Appraisal INI - C:\\APPRAISE\\KEL.INI"_s,
+                                          u"Loading Configuration Settings"_s,
+                                          u"Checking for Integrated Mapping Application"_s,
+                                          u"Reading User Defined Settings"_s,
+                                          u"Adding Pop-up Menus"_s,
+                                          u"Checking data - C:\\DATABOOK\\"_s,
+                                          u"Connecting to Comp2Kel.mdb"_s,
+                                          u"Verifying Capture Directory"_s,
+                                          u"Formatting Grid text"_s,
+                                          u"Setting Formtypes for Search menu"_s,
+                                          u"Refreshing program from KEL"_s,
+                                          u"Adding Saved General Views"_s,
+                                          u"Configuring Tabbed background colors"_s,
+                                          u"Checking for Update Program Changes"_s,
+                                          u"Verifying Default Grid Settings"_s,
+                                          u"Loading Saved Grid Layout"_s,
+                                          u"Loading grid interface"_s,
+                                          u"Displaying Comp Records"_s,
+                                          u"Finalizing Start-up"_s}));
+    EXPECT_EQ(splash.lstSplash.ListIndex(), 19);
+    EXPECT_EQ(splash.gauProgress.Value(), 40);
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
     EXPECT_FALSE(doubles.window.hourglass);
     EXPECT_EQ(doubles.window.activations, 2);
@@ -319,7 +329,7 @@ TEST_F(MainScreen, TheEndSavesSettingsAndLayoutAndClosesTheSources)
     home.Put(u"C:\\VAS2000\\Reports.txt"_s);
     doubles.clock.waits.clear();
     main.Form_Unload();
-    EXPECT_EQ(doubles.clock.waits, (std::vector<double>{0.5, 0.2, 0.2, 0.2}));
+    EXPECT_EQ(doubles.clock.waits, (std::vector<double>{0.5, 0.2, 0.2, 0.2, 0.2}));
     EXPECT_EQ(Setting(u"PREFERENCES"_s, u"SORTGRID"_s), u"3"_s);
     EXPECT_EQ(Setting(u"DIRECTORIES"_s, u"CAPTUREDIR"_s), u"C:\\SNAP\\"_s);
     const auto layouts = databook::LayoutFile::Read(home.disk, kUserLayouts);

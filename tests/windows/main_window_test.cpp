@@ -1,10 +1,12 @@
 #include "windows/main_window.h"
 
 #include "sample_screen.h"
+#include "shell/frm_change_db.h"
 #include "support/scripted_ports.h"
 #include "windows/guard.h"
 #include "windows/picture_view.h"
 #include "windows/record_grid.h"
+#include "windows/screens.h"
 #include "windows/send_to_slot.h"
 #include "windows/splash_window.h"
 #include "windows/theme.h"
@@ -13,6 +15,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDialog>
 #include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -316,6 +319,62 @@ TEST(SplashWindowTest, WindowAndScreenAgree)
     SplashWindow splash(controls, guard);
     EXPECT_TRUE(splash.Leftovers().isEmpty()) << splash.Leftovers().join(u'\n').toStdString();
     EXPECT_FALSE(logo.Picture().isNull()) << "without a picture of its own the program's sign stands there";
+}
+
+TEST_F(MainWindowTest, TheGroundBehindTheTabsIsTheThemesOwnOrPlain)
+{
+    auto* desk = window->findChild<QWidget*>(u"desk"_s);
+    ASSERT_NE(desk, nullptr);
+    const auto ground = [&] { return window->grab().toImage().pixelColor(3, window->height() / 2); };
+    window->ShowTabColours(true);
+    EXPECT_EQ(ground(), Theme::Colours().window);
+    window->ShowTabColours(false);
+    EXPECT_EQ(ground(), Theme::Colours().surface);
+}
+
+TEST(WindowScreensTest, TheStopClosesEveryOpenScreen)
+{
+    tests::ScriptedPrompter prompter;
+    EventGuard guard(prompter, {});
+    WindowScreens screens;
+    screens.SetGuard(&guard);
+    shell::frm_ChangeDB outer(u"C:\\A\\"_s, {u"A.MDB"_s}, u"A.MDB"_s);
+    shell::frm_ChangeDB inner(u"C:\\B\\"_s, {u"B.MDB"_s}, u"B.MDB"_s);
+    bool bothOpen = false;
+    QTimer::singleShot(0, [&] {
+        QTimer::singleShot(0, [&] {
+            bothOpen = outer.IsOpen() && inner.IsOpen();
+            screens.UnloadAllForms();
+        });
+        screens.ShowModal(inner);
+    });
+    screens.ShowModal(outer);
+    EXPECT_TRUE(bothOpen);
+    EXPECT_FALSE(outer.IsOpen());
+    EXPECT_FALSE(inner.IsOpen());
+}
+
+TEST(ThemeTest, TheStyleSheetComesWithTheFirstWindow)
+{
+    qApp->setStyleSheet({});
+    Theme theme(*qApp, nullptr);
+    QWidget pane;
+    pane.ensurePolished();
+    EXPECT_TRUE(qApp->styleSheet().isEmpty()) << "a pane that is being built is matched against nothing";
+    QDialog box;
+    box.ensurePolished();
+    EXPECT_TRUE(qApp->styleSheet().contains(u"QPushButton"));
+    theme.Choose(ThemeChoice::Dark);
+    EXPECT_TRUE(qApp->styleSheet().contains(Theme::ColoursOf(true).surface.name()));
+}
+
+TEST(ThemeTest, APlainWindowIsDressedWhenItIsShown)
+{
+    qApp->setStyleSheet({});
+    Theme theme(*qApp, nullptr);
+    QWidget window;
+    window.show();
+    EXPECT_FALSE(qApp->styleSheet().isEmpty());
 }
 
 } // namespace

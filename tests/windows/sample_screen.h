@@ -154,8 +154,8 @@ struct SampleScreen
         Add<PictureBox>(u"imaKel"_s);
         Add<PictureBox>(u"geamaintain"_s);
         Add<ListBox>(u"lstViews"_s);
-        Add<ListBox>(u"lstGenViews"_s);
         Add<ListBox>(u"lstimages"_s);
+        Add<ListBox>(u"lstGenViews"_s);
         Add<ComboBox>(u"cboapprslType"_s);
         Add<Gauge>(u"gauStatus"_s);
         Add<Grid>(u"grddatabook"_s);

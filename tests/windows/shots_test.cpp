@@ -62,7 +62,10 @@ TEST(Shots, EveryWindowInBothThemes)
             const QString path = u"%1/%2-%3%4.png"_s.arg(out, what, name, scale);
             EXPECT_TRUE(widget.grab().save(path)) << path.toStdString();
         };
-        for (const QSize& size : {QSize(1366, 768), QSize(1920, 1080)}) {
+        QList<QSize> sizes{{1366, 768}, {1920, 1080}};
+        if (scale.isEmpty())
+            sizes.append({3840, 2160}); // 1920 by 1080 scaled is the same screen at 200 %
+        for (const QSize& size : std::as_const(sizes)) {
             window.show();
             window.resize(size);
             QTest::qWait(20);

@@ -192,6 +192,7 @@ private:
         start.previousInstance = [this] { return !m_copy.IsFirst(); };
         start.places = app::Places(m_disk);
         start.version = QCoreApplication::applicationVersion();
+        start.findWindowCaption = desktop::FindWindowCaption;
         const bool loaded = m_guard.Run([&] { m_main.Form_load(start, m_splash); });
         if (!loaded) {
             m_exitCode = m_exitCode == 0 ? 1 : m_exitCode;
@@ -219,6 +220,10 @@ private:
                          [this](const QString& changes) { ShowAbout(changes); });
         QObject::connect(&m_main, &shell::frm_Main::ResetSizeWanted, &*m_window,
                          [this] { m_window->ResetSize(); });
+        m_window->ShowTabColours(m_main.globals.tabMask);
+        QObject::connect(&m_main, &shell::frm_Main::TabColoursChanged, &*m_window,
+                         [this](bool themed) { m_window->ShowTabColours(themed); });
+        QObject::connect(&m_main, &shell::frm_Main::EndWanted, qApp, [this] { std::_Exit(m_exitCode); });
         QObject::connect(&*m_window, &windows::MainWindow::Unload, &*m_window, [this] {
             m_window->hide();
             m_guard.Run([this] { m_main.Form_Unload(); });

@@ -47,6 +47,27 @@ TEST_F(RecordsetTest, TableWalksInOrderOfInsertionAndOfItsIndex)
     EXPECT_EQ(table->RecordCount(), 4);
 }
 
+TEST_F(RecordsetTest, AWholeTableShowsItsRowsWithAndWithoutGapsInTheirNumbers)
+{
+    EXPECT_EQ(Column(*Query(u"SELECT * FROM COMPS"_s), u"CENTRALKEY"_s), kStored);
+    const auto remove = [this](const QString& key) {
+        table->SetIndex(u"CENTRALKEY"_s);
+        table->Seek(u"="_s, key);
+        ASSERT_FALSE(table->NoMatch());
+        table->Delete();
+    };
+    remove(u"7 ELM AVE"_s);
+    EXPECT_EQ(Column(*Query(u"SELECT * FROM COMPS"_s), u"CENTRALKEY"_s),
+              (QStringList{kStored[0], kStored[2], kStored[3]}));
+    EXPECT_EQ(Query(u"COMPS"_s)->RecordCount(), 3);
+    remove(kStored[0]);
+    EXPECT_EQ(Column(*Query(u"COMPS"_s), u"CENTRALKEY"_s), (QStringList{kStored[2], kStored[3]}))
+        << "the first number is not 1";
+    remove(kStored[2]);
+    remove(kStored[3]);
+    EXPECT_EQ(Query(u"SELECT * FROM COMPS"_s)->RecordCount(), 0);
+}
+
 TEST_F(RecordsetTest, MovingPastTheEndsIsError3021)
 {
     table->MoveLast();

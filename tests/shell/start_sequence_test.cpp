@@ -1,0 +1,426 @@
+#include "shell/frm_main.h"
+
+#include "platform/files/profile.h"
+#include "shell/frm_splash.h"
+#include "shell/start_up.h"
+#include "shell/win_version.h"
+#include "store/schema.h"
+#include "support/recording_conduit.h"
+#include "support/scripted_ports.h"
+#include "support/temp_home.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+// The steps of the start and of the stop beyond what the main screen shows of them.
+
+namespace vasclip::shell {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+const QString kIni = u"C:\\APPRAISE\\VAS2000.INI"_s;
+const QString kFloppyTitle = u"Place a floppy in the Drive"_s;
+
+QString FloppyText(const QString& directory)
+{
+    return u"Drive is empty or unreadable.  It may be due to the "_s + directory +
+           u" drive not being inserted or available.  Please insert a floppy disk (or sandisk card) to "
+           u"correct this problem.  Hit cancel to set the directory to C:\\."_s;
+}
+
+/// Notes what is asked of the screens.
+class WatchedScreens : public tests::ScriptedScreens
+{
+public:
+    void UnloadAllForms() override { ++unloads; }
+    int unloads = 0;
+};
+
+class StartSequence : public testing::Test
+{
+protected:
+    tests::TempHome home;
+    tests::TestPorts doubles;
+    WatchedScreens screens;
+    forms::Ports ports{doubles.prompter, doubles.pump,   doubles.clock,
+                       doubles.random,   doubles.window, screens};
+    engine::Engine engine{home.disk};
+    test::RecordingConduit conduit;
+    StartUpOptions options{
+        {}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\EXE\\"_s, false}, u"6.2.1"_s};
+    frm_Splash splash{ports};
+    frm_Main main{{home.disk, engine, conduit, ports}};
+
+    void SetUp() override
+    {
+        for (const QString& directory :
+             {u"C:\\WINDOWS"_s, u"C:\\DATABOOK"_s, u"C:\\VAS2000"_s, u"C:\\VASSNAP"_s, u"C:\\KEL"_s})
+            home.MakeDirs(directory);
+        home.Put(kIni, "[PREFERENCES]\r\nSORTGRID=0\r\n");
+        home.Put(u"C:\\APPRAISE\\KEL.INI"_s, "[DIRECTORIES]\r\nAPPDIR=C:\\KEL\r\n");
+        store::MakeDatabase(engine, u"C:\\DATABOOK\\DATABOOK.MDB"_s);
+        store::MakeDatabase(engine, u"C:\\VAS2000\\Comp2Kel.mdb"_s);
+        conduit.running = false;
+    }
+    void Set(const QString& section, const QString& key, const QString& value)
+    {
+        ASSERT_TRUE(files::WritePrivateProfileString(home.disk, section, key, value, kIni));
+    }
+    [[nodiscard]] QString Stored(const QString& key, const QString& section = u"PREFERENCES"_s) const
+    {
+        return files::GetPrivateProfileString(home.disk, section, key, u"(absent)"_s, kIni);
+    }
+    void Load() { main.Form_load(options, splash); }
+    [[nodiscard]] bool Told(const QString& status) const
+    {
+        for (int i = 0; i < splash.lstSplash.ListCount(); ++i)
+            if (splash.lstSplash.List(i).endsWith(u" - "_s + status))
+                return true;
+        return false;
+    }
+};
+
+TEST_F(StartSequence, TheTraceNamesEachStepWithItsDetail)
+{
+    options.commandLine = u"/d"_s;
+    Load();
+    EXPECT_EQ(doubles.prompter.Texts().join(u'\n'),
+              (QStringList{u"1:CKPreviousInstance,"_s,
+                           u"2:FindWindow,"_s,
+                           u"3:Command,/d"_s,
+                           u"4:AppActivate,"_s,
+                           u"5:CKPreviousInstance,"_s,
+                           u"6:GetIniDir,"_s,
+                           u"7:LocateIni,Application INI - C:\\APPRAISE\\VAS2000.INI"_s,
+                           u"8:LocateKelIni,Appraisal INI - C:\\APPRAISE\\KEL.INI"_s,
+                           u"9:ReadNames,"_s,
+                           u"10:frm_Splash,"_s,
+                           u"11:ReadGlobals,"_s,
+                           u"12:TurnOnMaps,"_s,
+                           u"13:ReadCaption,"_s,
+                           u"14:ReadiniSettings,"_s,
+                           u"15:LoadMenu,"_s,
+                           u"16:tabSource,"_s,
+                           u"17:CheckCompDBF2,C:\\DATABOOK\\DATABOOK.MDB"_s,
+                           u"18:Connect2Databook,C:\\DATABOOK\\DATABOOK.MDB"_s,
+                           u"19:Connect2mdb,"_s,
+                           u"20:DisplayCamera,"_s,
+                           u"21:SetFormatText,"_s,
+                           u"22:LoadCompType,"_s,
+                           u"23:RefreshAppraisal,"_s,
+                           u"24:AddGenViews2CBO,"_s,
+                           u"25:CreatePatternBrush,"_s,
+                           u"26:checkUpdate,"_s,
+                           u"27:SetGridSettings,"_s,
+                           u"28:DisplayAllRecords,"_s,
+                           u"29:Finalize,"_s})
+                  .join(u'\n'));
+}
+
+TEST_F(StartSequence, TheQueueTurnsBetweenStepsUnlessTheLineForbidsIt)
+{
+    options.commandLine = u"/S"_s;
+    Load();
+    const int quiet = doubles.pump.turns;
+    frm_Main again({home.disk, engine, conduit, ports});
+    options.commandLine.clear();
+    doubles.pump.turns = 0;
+    again.Form_load(options, splash);
+    EXPECT_GE(doubles.pump.turns, quiet + 18) << "one before each step behind the splash";
+}
+
+TEST_F(StartSequence, TheCaptionOfTheFormsProgramIsKeptAt255Characters)
+{
+    QString asked;
+    options.findWindowCaption = [&](const QString& windowClass) {
+        asked = windowClass;
+        return QString(300, u'x');
+    };
+    Load();
+    EXPECT_EQ(asked, u"ClassKel"_s);
+    EXPECT_EQ(main.globals.formsCaption, QString(255, u'x'));
+}
+
+TEST_F(StartSequence, ACopyThatCameMeanwhileIsRefusedBeforeAnIniIsLookedFor)
+{
+    int asked = 0;
+    options.previousInstance = [&] { return ++asked == 2; };
+    EXPECT_THROW(Load(), forms::EndOfProgram);
+    EXPECT_EQ(doubles.prompter.Texts(),
+              QStringList{u"You are already running this application.  Click OK and Press Ctrl Escape."_s});
+    EXPECT_TRUE(main.globals.applicationIni.isEmpty());
+    EXPECT_EQ(doubles.window.activations, 1);
+}
+
+TEST_F(StartSequence, PwstreetIniIsCopiedToTheProgramDirectoryAndReadThere)
+{
+    home.Put(u"C:\\WINDOWS\\pwstreet.ini"_s, "[V2BETA]\r\nCellData=C:\\CELLS\r\n");
+    home.Put(u"C:\\APPRAISE\\mappoint.ini"_s, "[COMPANY NAME]\r\n");
+    Load();
+    EXPECT_EQ(main.globals.mapPointIni, u"C:\\APPRAISE\\MAPPOINT.INI"_s);
+    EXPECT_EQ(main.globals.pwStreetIni, u"C:\\VAS2000\\PWSTREET.INI"_s);
+    EXPECT_EQ(home.disk.ReadWhole(u"C:\\VAS2000\\pwstreet.ini"_s), "[V2BETA]\r\nCellData=C:\\CELLS\r\n");
+    EXPECT_EQ(main.globals.cellData, u"C:\\CELLS"_s);
+    EXPECT_EQ(main.globals.basePath, u"C:\\VAS2000\\maps"_s);
+
+    // A copy that stands is not replaced.
+    home.Put(u"C:\\VAS2000\\pwstreet.ini"_s, "[V2BETA]\r\nCellData=D:\\OWN\r\n");
+    frm_Main again({home.disk, engine, conduit, ports});
+    again.Form_load(options, splash);
+    EXPECT_EQ(again.globals.cellData, u"D:\\OWN"_s);
+}
+
+TEST_F(StartSequence, WithoutMapInisTheStartIsSilentAndTheirPathsHaveDefaults)
+{
+    Load();
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    EXPECT_EQ(main.globals.mapPointIni, u"C:\\APPRAISE\\MAPPOINT.INI"_s);
+    EXPECT_EQ(main.globals.cellData, u"C:\\VAS2000\\maps"_s);
+    EXPECT_FALSE(home.disk.FileExists(u"C:\\VAS2000\\pwstreet.ini"_s));
+}
+
+TEST_F(StartSequence, WithoutTheApplicationIniYesGoesOnWithTheDefaults)
+{
+    home.disk.Kill(kIni);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Load();
+    EXPECT_EQ(doubles.prompter.Last().text,
+              u"VAS2000.INI configuration file is missing from C:\\APPRAISE\\ (primary location) and "
+              u"C:\\WINDOWS (secondary location). DO you wish to coninue? (Program may not function "
+              u"correctly)"_s);
+    EXPECT_EQ(main.globals.G_ProgramDir, u"C:\\VAS2000\\"_s);
+    EXPECT_TRUE(main.sources.datDatabook.Bound());
+}
+
+TEST_F(StartSequence, SavedGeneralViewsAreOfferedInEveryBoxAndShownTextsStay)
+{
+    Set(u"GENERAL VIEWS"_s, u"GENERALVIEW1"_s, u"KITCHEN"_s);
+    Set(u"GENERAL VIEWS"_s, u"GENERALVIEW2"_s, u"GARAGE"_s);
+    Set(u"GENERAL VIEWS"_s, u"GENERALVIEW4"_s, u"behind a gap"_s);
+    Load();
+    EXPECT_EQ(main.lstGenViews.Items(), (QStringList{u"KITCHEN"_s, u"GARAGE"_s}));
+    for (int slot = 1; slot <= 36; ++slot)
+        EXPECT_EQ(main.report.cboGeneral(slot).Items(), main.lstGenViews.Items()) << slot;
+    EXPECT_TRUE(main.report.cboGeneral(1).Text().isEmpty());
+}
+
+TEST_F(StartSequence, AWaitingUpdaterTakesThePlaceOfTheOldOne)
+{
+    home.Put(u"C:\\VAS2000\\update.exe"_s, "old");
+    home.Put(u"C:\\VAS2000\\Update\\update.exe"_s, "new");
+    Load();
+    EXPECT_TRUE(Told(u"Checking for Update Program Changes"_s));
+    EXPECT_EQ(home.disk.ReadWhole(u"C:\\VAS2000\\update.exe"_s), "new");
+    EXPECT_FALSE(home.disk.FileExists(u"C:\\VAS2000\\Update\\update.exe"_s));
+}
+
+TEST_F(StartSequence, WithoutAnUpdaterNothingIsSaid)
+{
+    home.Put(u"C:\\VAS2000\\update.exe"_s, "old");
+    Load();
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    EXPECT_EQ(home.disk.ReadWhole(u"C:\\VAS2000\\update.exe"_s), "old");
+}
+
+TEST_F(StartSequence, AnEmptyCaptureDriveAsksAndCancelRunsOnC)
+{
+    Set(u"DIRECTORIES"_s, u"CAPTUREDIR"_s, u"Q:\\DCIM"_s);
+    doubles.prompter.Answer(forms::Answer::Cancel);
+    Load();
+    ASSERT_EQ(doubles.prompter.Boxes().size(), 1U);
+    EXPECT_EQ(doubles.prompter.Boxes()[0], (tests::ShownBox{forms::Buttons::OkCancel, forms::Icon::None,
+                                                            kFloppyTitle, FloppyText(u"Q:\\DCIM\\"_s)}));
+    EXPECT_EQ(main.globals.G_CaptureDir, u"C:\\"_s);
+    EXPECT_TRUE(Told(u"Finalizing Start-up"_s));
+}
+
+TEST_F(StartSequence, ADiskPutIntoTheDriveIsTakenOnOk)
+{
+    Set(u"DIRECTORIES"_s, u"CAPTUREDIR"_s, u"Q:\\DCIM"_s);
+    doubles.prompter.Answer(forms::Answer::Ok);
+    doubles.prompter.Answer(forms::Answer::Ok);
+    doubles.prompter.Answer(forms::Answer::Cancel);
+    Load();
+    EXPECT_EQ(doubles.prompter.Texts(), (QStringList{FloppyText(u"Q:\\DCIM\\"_s), FloppyText(u"Q:\\DCIM\\"_s),
+                                                     FloppyText(u"Q:\\DCIM\\"_s)}))
+        << "OK tries the same directory anew";
+    EXPECT_EQ(main.globals.G_CaptureDir, u"C:\\"_s);
+}
+
+TEST_F(StartSequence, ACaptureDirectoryThatIsMissingOnItsDriveAsksForNoDisk)
+{
+    Set(u"DIRECTORIES"_s, u"CAPTUREDIR"_s, u"C:\\NOT\\THERE"_s);
+    doubles.prompter.AnswerAlways(forms::Answer::Cancel);
+    Load();
+    for (const tests::ShownBox& box : doubles.prompter.Boxes())
+        EXPECT_NE(box.title, kFloppyTitle);
+}
+
+TEST_F(StartSequence, TheTicksOfTheSetupMenuFollowTheSettingsAndFlipThem)
+{
+    Set(u"PREFERENCES"_s, u"IMAGEFILENAMES"_s, u"off"_s);
+    Set(u"PREFERENCES"_s, u"IMAGELISTBOX"_s, u"on"_s);
+    Load();
+    const auto ticked = [this](int index) {
+        return main.mnuSetupItem.Entry(u"mnuSetupItem"_s, index)->checked;
+    };
+    EXPECT_FALSE(ticked(5));
+    EXPECT_TRUE(ticked(6));
+    main.mnuSetupItem.Choose(u"mnuSetupItem"_s, 5);
+    main.mnuSetupItem.Choose(u"mnuSetupItem"_s, 6);
+    EXPECT_TRUE(ticked(5));
+    EXPECT_FALSE(ticked(6));
+    EXPECT_EQ(main.globals.imageFileNames, u"ON"_s);
+    EXPECT_EQ(main.globals.imageListBox, u"OFF"_s);
+    main.Form_Unload();
+    EXPECT_EQ(Stored(u"IMAGEFILENAMES"_s), u"ON"_s);
+    EXPECT_EQ(Stored(u"IMAGELISTBOX"_s), u"OFF"_s);
+}
+
+TEST_F(StartSequence, TheWebsiteEntryIsThereWhenTheDeploymentNamesAPage)
+{
+    Load();
+    EXPECT_FALSE(main.mnuHelpItem.Entry(u"mnuHelpItem"_s, 9)->enabled);
+    Set(u"PRODUCT INFO"_s, u"WEBSITE"_s, u"C:\\VAS2000\\update.exe"_s);
+    frm_Main again({home.disk, engine, conduit, ports});
+    again.Form_load(options, splash);
+    EXPECT_TRUE(again.mnuHelpItem.Entry(u"mnuHelpItem"_s, 9)->enabled);
+    again.mnuHelpItem.Choose(u"mnuHelpItem"_s, 9);
+    EXPECT_EQ(doubles.prompter.Last().text,
+              u"'C:\\VAS2000\\update.exe' is not the address of a web page. Correct WEBSITE in the section "
+              u"PRODUCT INFO of C:\\APPRAISE\\VAS2000.INI; an address begins with https:// or http://."_s)
+        << "a setting starts no programs";
+}
+
+TEST_F(StartSequence, TheWebsiteIsOpenedByTheDesktop)
+{
+    const QString noted = home.Native(u"noted"_s);
+    home.Put(u"C:\\Bin\\xdg-open"_s, "#!/bin/sh\necho \"$1\" > " + noted.toUtf8() + "\n");
+    const QString opener = home.disk.ToNative(u"C:\\Bin\\xdg-open"_s);
+    QFile::setPermissions(opener, QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner);
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", home.disk.ToNative(u"C:\\Bin"_s).toUtf8() + ":" + path);
+    Set(u"PRODUCT INFO"_s, u"WEBSITE"_s, u"https://vasclip.example/help"_s);
+    Load();
+    main.mnuHelpItem.Choose(u"mnuHelpItem"_s, 9);
+    qputenv("PATH", path);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    QFile file(noted);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll().trimmed(), "https://vasclip.example/help");
+}
+
+TEST_F(StartSequence, TheGroundBehindTheTabsFollowsItsSetting)
+{
+    QList<bool> themed;
+    QObject::connect(&main, &frm_Main::TabColoursChanged, [&](bool own) { themed.append(own); });
+    Set(u"PREFERENCES"_s, u"TABMASK"_s, u"0"_s);
+    Load();
+    EXPECT_EQ(themed, QList<bool>{false});
+    EXPECT_TRUE(Told(u"Configuring Tabbed background colors"_s));
+}
+
+TEST_F(StartSequence, TheStopClosesTheOtherScreensClearsFilesAndArmsTheLastResort)
+{
+    home.Put(u"C:\\VAS2000\\tempdat_1.mdb"_s);
+    home.Put(u"C:\\VAS2000\\tempdata.txt"_s);
+    home.Put(u"C:\\VAS2000\\Report_7.mdb"_s);
+    int ends = 0;
+    QObject::connect(&main, &frm_Main::EndWanted, [&] { ++ends; });
+    Load();
+    main.Form_Unload();
+    EXPECT_EQ(screens.unloads, 1);
+    EXPECT_FALSE(home.disk.FileExists(u"C:\\VAS2000\\tempdat_1.mdb"_s));
+    EXPECT_FALSE(home.disk.FileExists(u"C:\\VAS2000\\Report_7.mdb"_s));
+    EXPECT_TRUE(home.disk.FileExists(u"C:\\VAS2000\\tempdata.txt"_s));
+    auto* timer = main.findChild<QTimer*>(u"Timer1"_s);
+    ASSERT_NE(timer, nullptr);
+    EXPECT_TRUE(timer->isActive());
+    EXPECT_EQ(ends, 0);
+    QMetaObject::invokeMethod(timer, "timeout");
+    EXPECT_EQ(ends, 1);
+}
+
+TEST_F(StartSequence, AStopBeforeTheSettingsWereReadWritesNoneOfThem)
+{
+    const QByteArray before = home.disk.ReadWhole(kIni);
+    main.globals.applicationIni = kIni;
+    main.Form_Unload();
+    EXPECT_EQ(home.disk.ReadWhole(kIni), before);
+}
+
+TEST_F(StartSequence, AnEntryScreenOpensWithoutTheTemplatesAndSaysWhatIsMissing)
+{
+    {
+        const auto database = engine.OpenDatabase(u"C:\\DATABOOK\\DATABOOK.MDB"_s);
+        const auto rows = database->OpenRecordset(u"COMPS"_s, engine::RecordsetType::Table);
+        rows->AddNew();
+        rows->SetValue(u"CENTRALKEY"_s, u"12 OAK ST"_s.leftJustified(35));
+        rows->SetValue(u"APPRSLTYPE"_s, u"C"_s);
+        rows->Update();
+        rows->Close();
+    }
+    store::MakeDatabase(engine, u"C:\\VAS2000\\NEWCMTS.MDB"_s);
+    Load();
+    screens.Play([](forms::Screen&) {});
+    EXPECT_NO_THROW(main.LoadCompForm(u"12 OAK ST"_s));
+    EXPECT_EQ(screens.Shown(), QStringList{u"frm_CompMntC"_s});
+    ASSERT_FALSE(doubles.prompter.Boxes().empty());
+    EXPECT_EQ(doubles.prompter.Last().text,
+              u"Unable to detect field count in databook.mdb (reference *new* files are missing or corrupt). "
+              u"Reinstall the program and retry"_s);
+    EXPECT_TRUE(main.sources.datDatabook.Bound()) << "the program goes on";
+}
+
+TEST_F(StartSequence, AStartAfterAKillFindsEverythingAsItWas)
+{
+    Load(); // and never unloads: its locks and sources go with it, as a killed process's do
+    main.sources.datDatabook.Close();
+    main.sources.datsql.Close();
+    main.sources.datComp2Kel_CURRENT.Close();
+    const QByteArray ini = home.disk.ReadWhole(kIni);
+    frm_Main again({home.disk, engine, conduit, ports});
+    again.Form_load(options, splash);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    EXPECT_TRUE(again.sources.datDatabook.Bound());
+    EXPECT_EQ(home.disk.ReadWhole(kIni), ini);
+}
+
+struct VersionRow
+{
+    const char* name;
+    desktop::SystemVersion version;
+    QString shown;
+    bool vista;
+};
+
+class WinVersion : public testing::TestWithParam<VersionRow>
+{};
+
+TEST_P(WinVersion, HasItsName)
+{
+    const WinVersionName found = GetWinVersionName(GetParam().version);
+    EXPECT_EQ(found.name, GetParam().shown);
+    EXPECT_EQ(found.isVista, GetParam().vista);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, WinVersion,
+    testing::Values(VersionRow{"nt3", {3, 51, 0, true, {}}, u"Windows NT 3.x"_s, false},
+                    VersionRow{"three", {3, 1, 0, false, {}}, u"Windows 3.x"_s, false},
+                    VersionRow{"nt4", {4, 0, 0, true, {}}, u"Windows NT 4.0"_s, false},
+                    VersionRow{"w95", {4, 0, 0, false, {}}, u"Windows 95"_s, false},
+                    VersionRow{"w98", {4, 10, 0, false, {}}, u"Windows 98/Windows ME"_s, false},
+                    VersionRow{"w2000", {5, 0, 0, true, u"SP\t4"_s}, u"Windows 2000 SP 4"_s, false},
+                    VersionRow{"xp", {5, 1, 0, true, u"Caf\u00e9\x7f"_s}, u"Windows XP Caf  "_s, false},
+                    VersionRow{"server", {5, 2, 0, true, u"SP1"_s}, QString(), false},
+                    VersionRow{"vista", {6, 0, 0, true, {}}, u"Windows Vista "_s, true},
+                    VersionRow{"seven", {6, 1, 0, true, {}}, u"Windows Vista "_s, true},
+                    VersionRow{"ten", {10, 0, 0, true, {}}, u"Unknown Windows Version"_s, false},
+                    VersionRow{"none", {}, u"Unknown Windows Version"_s, false}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+} // namespace
+} // namespace vasclip::shell
