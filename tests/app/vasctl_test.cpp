@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QRegularExpression>
+
 #include <sqlite3.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -576,6 +578,27 @@ TEST_F(Vasctl, WrongCommandLinesAreToldWithTheirCode)
                              "--sql", "sql", "report status", "refresh", "drop KEY", "settings",
                              "comments list", "doctor", "Exit codes", "--answer", "--json"})
         EXPECT_TRUE(help.out.contains(word)) << word;
+}
+
+TEST_F(Vasctl, TheGuideNamesCommandsAndOptionsThatAreThere)
+{
+    QFile page(QStringLiteral(VASCLIP_GUIDE_DIR "/vasctl.md"));
+    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(page.readAll());
+    const QString help = QString::fromUtf8(home.Vasctl({u"--plain"_s, u"--help"_s}).out);
+    int commands = 0;
+    static const QRegularExpression kExample(u"`vasctl ([a-z]+(?: [a-z][a-z-]*)?)([^`]*)`"_s);
+    for (auto found = kExample.globalMatch(text); found.hasNext();) {
+        const auto example = found.next();
+        ++commands;
+        EXPECT_TRUE(help.contains(u"\n  "_s + example.captured(1))) << example.captured(1).toStdString();
+        static const QRegularExpression kOption(u"--[a-z-]+"_s);
+        for (auto option = kOption.globalMatch(example.captured(2)); option.hasNext();) {
+            const QString name = option.next().captured();
+            EXPECT_TRUE(help.contains(name)) << name.toStdString();
+        }
+    }
+    EXPECT_GE(commands, 12);
 }
 
 } // namespace
