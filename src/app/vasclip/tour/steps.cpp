@@ -19,6 +19,9 @@ std::span<const TourStep> TourSteps()
         {"entry screens"_L1, EntryScreens},
         {"phrases of a field"_L1, PhrasesOfAField},
         {"calendar of a date"_L1, CalendarOfADate},
+        // photos
+        {"general views"_L1, GeneralViews},
+        {"trashcan"_L1, Trashcan},
         // setting up
         {"grid layouts"_L1, GridLayouts},
         {"settings"_L1, Settings},
@@ -29,6 +32,20 @@ std::span<const TourStep> TourSteps()
     };
     // clang-format on
     return kSteps;
+}
+
+bool LookAt(const Stage& stage, const QString& entry, const QString& name, const Tour::Visit& more)
+{
+    bool chosen = false;
+    const bool shown = stage.tour.During(
+        entry, [&] { chosen = stage.tour.Choose(stage.window, entry); },
+        [&](QWidget& dialog) {
+            stage.tour.Shoot(dialog, name);
+            if (more)
+                more(dialog);
+        });
+    stage.tour.Step(u"Looked at %1."_s.arg(entry));
+    return chosen && shown;
 }
 
 } // namespace vasclip::app

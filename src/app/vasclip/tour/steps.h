@@ -27,6 +27,11 @@ struct TourStep
 /// since the next tour plays on it again, and closes what it opened.
 [[nodiscard]] std::span<const TourStep> TourSteps();
 
+/// Chooses a menu entry, takes a picture of the dialog that it opens, and closes it.
+/// @param name  of the picture
+/// @param more  what else is done on the dialog
+bool LookAt(const Stage& stage, const QString& entry, const QString& name, const Tour::Visit& more = {});
+
 // tour/report.cpp
 bool Started(const Stage& stage);
 bool RefreshReport(const Stage& stage);
@@ -39,6 +44,10 @@ bool RenameRecord(const Stage& stage);
 bool EntryScreens(const Stage& stage);
 bool PhrasesOfAField(const Stage& stage);
 bool CalendarOfADate(const Stage& stage);
+
+// tour/photos.cpp
+bool GeneralViews(const Stage& stage);
+bool Trashcan(const Stage& stage);
 
 // tour/settings.cpp
 bool GridLayouts(const Stage& stage);

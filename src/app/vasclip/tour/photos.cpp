@@ -1,0 +1,19 @@
+// The steps of the tour that work with photos.
+
+#include "app/vasclip/tour/steps.h"
+
+namespace vasclip::app {
+
+using namespace Qt::Literals::StringLiterals;
+
+bool GeneralViews(const Stage& stage)
+{
+    return LookAt(stage, u"Setup > General Views"_s, u"general-views"_s);
+}
+
+bool Trashcan(const Stage& stage)
+{
+    return LookAt(stage, u"Maintenance > Trashcan Maintenance"_s, u"trashcan"_s);
+}
+
+} // namespace vasclip::app
