@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -81,7 +82,8 @@ QSize ReadHeader(QImageReader& reader, const QString& name)
     const QByteArray format = reader.format();
     if (std::none_of(kFormats.begin(), kFormats.end(), [&](const char* known) { return format == known; }))
         Refuse(name, u"pictures of the kind '%1' are not used here"_s.arg(QString::fromLatin1(format)));
-    return reader.size();
+    const QSize size = reader.size(); // a bitmap with its top row first tells a negative height
+    return {size.width(), size.height() == -1 ? -1 : std::abs(size.height())};
 }
 
 bool LiesOnItsSide(const QImageReader& reader)
