@@ -19,6 +19,27 @@ constexpr qint64 kHeadLength = 72 * 1024;
 /// Some cameras put large notes of their own between the two.
 constexpr qint64 kLongHeadLength = 4 * 1024 * 1024;
 constexpr int kSmallestSide = 16;
+/// A block of a card; the EXIF data tells how much more of it there is.
+constexpr qint64 kFirstRead = 4096;
+
+/// Where the EXIF data of a JPEG ends, 0 without any within the bytes.
+qint64 EndOfExif(const QByteArray& begin)
+{
+    constexpr qsizetype kLengthAndMark = 4;
+    const qsizetype at = begin.indexOf(QByteArrayView("Exif\0\0", 6));
+    if (at < kLengthAndMark)
+        return 0;
+    return at - 2 + (qint64(static_cast<uchar>(begin[at - 2])) << 8 | static_cast<uchar>(begin[at - 1]));
+}
+
+QImage HeifThumbnailOfFile(const QString& nativePath)
+{
+    QFile file(nativePath);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray begin = file.read(kFirstRead);
+    return IsHeif(begin) ? HeifThumbnail(begin + file.readAll()) : QImage();
+}
 
 Facts DescribeJpeg(QFile& file, const QByteArray& begin, const QString& name)
 {
@@ -67,25 +88,32 @@ Facts Describe(const files::Disk& disk, const QString& path)
     return DescribeNativeFile(disk.ToNative(path), path);
 }
 
+ThumbnailBytes EmbeddedThumbnailBytes(const QString& nativePath)
+{
+    QFile file(nativePath);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return {};
+    QByteArray head = file.read(kFirstRead);
+    if (!IsJpeg(head))
+        return {};
+    const qint64 wanted = EndOfExif(head);
+    if (wanted > head.size())
+        head += file.read(wanted - head.size());
+    const Exif exif = ReadJpegHead(head).exif;
+    return {IsJpeg(exif.thumbnail) ? exif.thumbnail.toByteArray() : QByteArray(), exif.orientation};
+}
+
 QImage EmbeddedThumbnailOfNativeFile(const QString& nativePath) noexcept
 {
     try {
-        QFile file(nativePath);
-        if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-            return {};
-        const QByteArray begin = file.read(kHeadLength);
-        if (IsHeif(begin))
-            return HeifThumbnail(begin + file.readAll());
-        if (!IsJpeg(begin))
-            return {};
-        const Exif exif = ReadJpegHead(begin).exif;
-        if (!IsJpeg(exif.thumbnail))
-            return {};
+        const ThumbnailBytes found = EmbeddedThumbnailBytes(nativePath);
+        if (found.jpeg.isEmpty())
+            return HeifThumbnailOfFile(nativePath);
         const auto asItIs = [](QSize size) { return size; };
-        const QImage small = ReadJpeg(exif.thumbnail, u"thumbnail"_s, asItIs, {});
+        const QImage small = ReadJpeg(found.jpeg, u"thumbnail"_s, asItIs, {});
         if (small.width() < kSmallestSide || small.height() < kSmallestSide)
             return {};
-        return Upright(small, exif.orientation);
+        return Upright(small, found.orientation);
     } catch (const std::exception&) {
         return {}; // the picture itself is decoded instead
     }

@@ -39,4 +39,12 @@ struct Facts
 /// For threads that work beside the rules.
 [[nodiscard]] QImage EmbeddedThumbnailOfNativeFile(const QString& nativePath) noexcept;
 
+/// The embedded thumbnail as it stands in the file, for who decodes it later or elsewhere.
+struct ThumbnailBytes
+{
+    QByteArray jpeg; ///< empty if there is none
+    int orientation = 1;
+};
+[[nodiscard]] ThumbnailBytes EmbeddedThumbnailBytes(const QString& nativePath);
+
 } // namespace vasclip::picture
