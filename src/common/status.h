@@ -10,9 +10,15 @@ struct StatusDesk
     explicit StatusDesk(forms::ControlSet& set)
         : lblmsg(set, QStringLiteral("lblmsg"))
         , gauProgress(set, QStringLiteral("gauStatus"))
-    {}
+        , cmdStop(set, QStringLiteral("cmdStop"))
+    {
+        cmdStop.SetCaption(QStringLiteral("Cancel"));
+        cmdStop.SetToolTipText(QStringLiteral("Stops after the step at work (Esc)"));
+        cmdStop.SetVisible(false);
+    }
     forms::Label lblmsg;
     forms::Gauge gauProgress; ///< caption is the text of the step at work; hidden when it is empty
+    forms::Button cmdStop;    ///< seen while there is work to stop; see progress.h
 };
 
 /// Value 0, minimum and maximum; a maximum of 0 is raised so that the bar is valid.

@@ -38,6 +38,23 @@ std::array<AddressGroup, 4> AddressGroups(LinkDesk& desk)
              {"LIST"_L1, a.txtListingAddr, a.txtListCity, a.txtListState, a.txtListZip, r.txtListing}}};
 }
 
+std::optional<ReportPlace> PlaceInReport(LinkDesk& desk, const QString& address)
+{
+    const QString key = text::Folded(address);
+    if (key.isEmpty())
+        return std::nullopt;
+    if (key == text::Folded(desk.addr.txtCompAddr(0).Text()))
+        return ReportPlace{"SALE"_L1, 10};
+    for (const AddressGroup& group : AddressGroups(desk)) {
+        for (int i = 1; i <= group.Last(); ++i) {
+            if (key == text::Folded(group.addr(i).Text()))
+                return ReportPlace{group.compType == "SALE"_L1 ? "COMP"_L1 : group.compType,
+                                   static_cast<qint16>(i)};
+        }
+    }
+    return std::nullopt;
+}
+
 void setSubjectLabels(LinkDesk& desk)
 {
     desk.report.txtSubject.SetText(desk.addr.txtCompAddr(0).Text());

@@ -2,6 +2,8 @@
 
 #include "link/link_desk.h"
 
+#include <optional>
+
 namespace vasclip::link {
 
 /// One of the four groups of comps, by the mapping's word: where its addresses stand in frm_Addr and on the
@@ -20,6 +22,16 @@ struct AddressGroup
 };
 /// SALE, ALT, RENT, LIST: the order in which addresses are gathered.
 [[nodiscard]] std::array<AddressGroup, 4> AddressGroups(LinkDesk& desk);
+
+/// A comp of the report: its group word (COMP, ALT, RENT, LIST, or SALE for the subject) and its number, 10
+/// for the subject.
+struct ReportPlace
+{
+    QLatin1StringView groupWord;
+    qint16 comp = 0;
+};
+/// Where in the report an address stands, as the last refresh read it; the first place of several.
+[[nodiscard]] std::optional<ReportPlace> PlaceInReport(LinkDesk& desk, const QString& address);
 
 /// Copies the addresses of frm_Addr to the window: subject, comps, alternates, listings, rentals, and the
 /// general slots' fallback.

@@ -15,25 +15,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// The record may have moved while a box was open or the queue turned.
-bool StandsOn(const LinkDesk& desk, const QString& key)
-{
-    const engine::Recordset& record = desk.sources.datDatabook.Recordset();
-    return !record.Bof() && !record.Eof() &&
-           text::Folded(store::GetFieldData(desk.sources.datDatabook, u"CENTRALKEY"_s)) == text::Folded(key);
-}
-
-/// Goes back to a record that was found before, with no turn of the queue that could move it again.
-bool StandOn(LinkDesk& desk, const QString& key)
-{
-    if (StandsOn(desk, key))
-        return true;
-    engine::Recordset& record = desk.sources.datDatabook.Recordset();
-    record.SetIndex(u"CENTRALKEY"_s);
-    record.Seek(u"="_s, text::Trim(key));
-    return !record.NoMatch();
-}
-
 DropOutcome SendDropped(LinkDesk& desk, const forms::Control& target, forms::PictureBox& photoSlot,
                         const QString& compType, bool clearPhoto)
 {

@@ -6,6 +6,7 @@
 #include "link/kel_pages.h"
 #include "link/proximity_source.h"
 #include "link/report_desk.h"
+#include "photos/photo_desk.h"
 #include "photos/photo_lists.h"
 #include "photos/slots.h"
 #include "platform/conduit/conduit.h"
@@ -54,6 +55,7 @@ struct LinkDesk
     QString productVersion = {};
     ProximitySource* proximity = nullptr; ///< none without a map
     SlotIconPictures icons = {};
+    photos::PhotoDesk* photoDesk = nullptr; ///< the photo store; none: nothing is filed
 };
 
 /// A file of the forms program's directory, by KEL.INI's APPDIR.
@@ -68,6 +70,13 @@ bool KelIsActive(LinkDesk& desk);
 
 /// Is a report open, now or after a second try? If not, says so.
 bool KelEnsureRunning(LinkDesk& desk);
+
+/// Stands datDatabook on the record of a key, with no turn of the queue that could move it again.
+/// @return false if there is none; the position is then anybody's guess
+[[nodiscard]] bool StandOn(const LinkDesk& desk, const QString& key);
+
+/// Is nobody at the other end of the link any more? By the number of the failure that told so.
+[[nodiscard]] bool LinkIsDead(int number);
 
 /// False while `lblFileNo` of frm_Addr reads "KEL NOT ACTIVE".
 [[nodiscard]] bool TestKelLabel(const frm_Addr& addr);

@@ -57,4 +57,42 @@ inline const QString kNoRows =
 inline const QString kImagesCutOff = QStringLiteral(
     "The report's images list breaks off within the entry '%1'; its closing ';' is missing. Refresh again");
 
+
+// Transfers from the report to the Databook.
+/// %1 the record's address
+inline const QString kReplaceData = QStringLiteral("Replace the data for %1?");
+inline const QString kBlankAddress = QStringLiteral("Blank address");
+inline const QString kNoPicture = QStringLiteral("No associated picture");
+/// %1 cause, %2 field, %3 item, %4 report
+inline const QString kReadStopped =
+    QStringLiteral("%1 (reading %2 from %3 of %4). Nothing of this comp was stored");
+/// %1 column
+inline const QString kNoSuchColumn =
+    QStringLiteral("Comp2Kel names a field %1 that the Databook does not have; nothing of this comp was stored");
+inline const QString kRecordGone = QStringLiteral("The record %1 is not in the Databook any more");
+/// %1 what is at work, %2 its place, %3 of how many
+inline const QString kTransferring = QStringLiteral("Transferring %1 (%2 of %3)");
+inline const QString kTransferBusy = QStringLiteral("A transfer is under way already.");
+inline const QString kNothingToTransfer = QStringLiteral("The report has nothing to transfer here.");
+
+
+// Attaching city, state and ZIP.
+inline const QString kCityNotComplete = QStringLiteral("City and State information not complete");
+inline const QString kSkipCityAndState =
+    QStringLiteral("Are you sure you want to skip assigning city and state fields to this comparable? "
+                   "Excluding this data may create inaccurate map locations.");
+inline const QString kSkipAll =
+    QStringLiteral("Are you sure you want to skip assigning ALL city, state, and zip fields to this "
+                   "comparable? Excluding this data may create inaccurate map locations.");
+inline const QString kSkipCity =
+    QStringLiteral("Are you sure you want to skip assigning city field to this comparable? Excluding this "
+                   "data may create inaccurate map locations.");
+inline const QString kSkipState =
+    QStringLiteral("Are you sure you want to skip assigning state field to this comparable? Excluding this "
+                   "data may create inaccurate map locations.");
+inline const QString kPending = QStringLiteral("Pending sale");
+inline const QString kNoRecord =
+    QStringLiteral("No record of the Databook is on show: the list of locations can be kept, nothing else.");
+inline const QString kSettingNotSaved = QStringLiteral("USESUBJCSZ was not saved: %1");
+
 } // namespace vasclip::link::messages

@@ -124,14 +124,20 @@ QString PriceDateAge(LinkDesk& desk, const QString& field, const QString& report
     const common::RoutineScope scope{"PriceDateAge"};
     handled = false;
     const QString text = text::Trim(KelGetFieldInfo(desk.txtDDE, report, item));
+    handled = StorePriceDateAge(desk.sources.datDatabook, desk.ports.clock.Today(), field, text);
+    return text;
+}
+
+bool StorePriceDateAge(store::DataSource& databook, QDate today, const QString& field, const QString& text)
+{
+    const common::RoutineScope scope{"PriceDateAge"};
     const QString folded = text::Folded(field);
     const auto rule = std::find_if(kRules.begin(), kRules.end(),
                                    [&folded](const FieldRule& row) { return folded == row.field; });
     if (rule == kRules.end())
-        return text;
-    Cell cell(desk.sources.datDatabook, desk.ports.clock.Today(), text);
-    handled = (cell.*rule->store)();
-    return text;
+        return false;
+    Cell cell(databook, today, text);
+    return (cell.*rule->store)();
 }
 
 } // namespace vasclip::link

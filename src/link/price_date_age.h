@@ -19,4 +19,11 @@ namespace vasclip::link {
 QString PriceDateAge(LinkDesk& desk, const QString& field, const QString& report, const QString& item,
                      bool& handled);
 
+/// The same for a text that was read before.
+/// @param today  decides what lies in the future
+/// @return handled; see PriceDateAge
+/// @throws RuntimeError of the record set
+[[nodiscard]] bool StorePriceDateAge(store::DataSource& databook, QDate today, const QString& field,
+                                     const QString& text);
+
 } // namespace vasclip::link

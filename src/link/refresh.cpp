@@ -54,7 +54,7 @@ void FindReport(LinkDesk& desk)
 
 void RefreshAppraisal(LinkDesk& desk)
 {
-    if (desk.state.refreshing)
+    if (desk.state.refreshing || desk.state.transferring)
         return;
     const Refreshing guard{desk};
     desk.state.linkActive = false;

@@ -6,7 +6,7 @@ namespace vasclip::link {
 
 /// Mirrors the report that is open in the forms program: its pages, addresses and pictures. With none open
 /// every tab shows its normal caption and nothing is said. A step that fails is reported and the next one
-/// goes on. A refresh asked for from within one does nothing.
+/// goes on. A refresh asked for from within one, or from within a transfer, does nothing.
 /// @throws forms::EndOfProgram for a report whose main form is not in the form table
 void RefreshAppraisal(LinkDesk& desk);
 

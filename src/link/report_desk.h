@@ -55,6 +55,9 @@ struct LinkState
     qint16 currentSlotIndex = 0; ///< slot whose photo is being cleared
     bool proximityOnDrop = true; ///< compute the proximity of a dropped comp
     QString lastPicturePath;
+    qint16 compNumber = -1; ///< comp of the report that is being stored: 1 to 9, 10 the subject, -1 none
+    QString groupWord;      ///< its group: COMP, ALT, LIST, RENT, or SALE for the subject
+    bool transferring = false; ///< a transfer is at work; a second one, and a refresh, do nothing
     bool refreshing = false; ///< RefreshAppraisal is at work; a second one does nothing
 };
 

@@ -45,11 +45,6 @@ std::optional<QString> PlainText(const store::DataSource& record, const QString&
     return value;
 }
 
-bool LinkIsDead(int number)
-{
-    return number == error::kLinkNoAnswer || number == error::kLinkTimeOut || number == error::kLinkPeerGone;
-}
-
 } // namespace
 
 std::optional<OutgoingField> FieldToSend(LinkDesk& desk, const MappingRow& row, const QString& formName,

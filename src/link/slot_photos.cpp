@@ -4,6 +4,7 @@
 #include "link/kel_helpers.h"
 #include "link/messages.h"
 #include "link/reporter.h"
+#include "photos/photo_copies.h"
 #include "platform/text/text.h"
 
 namespace vasclip::link {
@@ -68,6 +69,31 @@ void FillSlot(LinkDesk& desk, forms::PictureBox& slot, const QString& entry)
         desk.loader.geaClearImage(slot);
 }
 
+/// Full path of a view in the photo lists, "" if they do not hold it.
+QString PathOfView(const LinkDesk& desk, const QString& view)
+{
+    const int row = desk.lists.lstViews.IndexOf(view);
+    if (row < 0)
+        return {};
+    const QString& directory = desk.globals.G_PhotoDir;
+    const QString slash = directory.isEmpty() || directory.endsWith(u'\\') ? QString() : u"\\"_s;
+    return directory + slash + text::Trim(desk.lists.lstimages.List(row)) + u".jpg"_s;
+}
+
+/// Loads the last picture path into the slot and sends it, with the program in front before and after.
+bool ShowAndSend(LinkDesk& desk, const char* routine, const forms::Control& control, forms::PictureBox& slot,
+                 int index)
+{
+    const bool loaded = Reported(desk.ports.prompter, routine,
+                                 [&] { desk.loader.ErrLoadThumb(slot, desk.state.lastPicturePath); });
+    if (!loaded)
+        return false;
+    desk.ports.window.AppActivate();
+    const bool sent = KelSendSlotPhoto(desk, control, slot, index);
+    desk.ports.window.AppActivate();
+    return sent;
+}
+
 } // namespace
 
 QString ImageObjectName(const QString& controlName, int index)
@@ -107,26 +133,30 @@ bool KelSendSlotPhoto(LinkDesk& desk, const forms::Control& control, const forms
 bool SendKelTheView(LinkDesk& desk, const forms::Control& control, forms::PictureBox& slot, int index,
                     const QString& view)
 {
-    const int row = desk.lists.lstViews.IndexOf(view);
-    if (row < 0) {
+    const QString path = PathOfView(desk, view);
+    if (path.isEmpty()) {
         desk.loader.geaClearImage(slot);
     } else {
-        const QString& directory = desk.globals.G_PhotoDir;
-        const QString slash = directory.isEmpty() || directory.endsWith(u'\\') ? QString() : u"\\"_s;
-        desk.state.lastPicturePath =
-            directory + slash + text::Trim(desk.lists.lstimages.List(row)) + u".jpg"_s;
-        const bool loaded = Reported(desk.ports.prompter, "SendKelTheView",
-                                     [&] { desk.loader.ErrLoadThumb(slot, desk.state.lastPicturePath); });
-        if (!loaded)
-            return false;
-        desk.ports.window.AppActivate();
-        const bool sent = KelSendSlotPhoto(desk, control, slot, index);
-        desk.ports.window.AppActivate();
-        if (!sent)
+        desk.state.lastPicturePath = path;
+        if (!ShowAndSend(desk, "SendKelTheView", control, slot, index))
             return false;
     }
     return Reported(desk.ports.prompter, "SendKelTheView",
                     [&] { SendScriptIfThere(desk, u"refresh.bas"_s); });
+}
+
+bool SendStoredView(LinkDesk& desk, const forms::Control& control, forms::PictureBox& slot, int index,
+                    const QString& view)
+{
+    const QString path = PathOfView(desk, view);
+    if (path.isEmpty() || !desk.photoDesk) {
+        desk.loader.geaClearImage(slot);
+        return true;
+    }
+    const bool copied = Reported(desk.ports.prompter, "SendStoredView", [&] {
+        desk.state.lastPicturePath = photos::CopyPhotoRename(*desk.photoDesk, path, slot);
+    });
+    return copied && ShowAndSend(desk, "SendStoredView", control, slot, index);
 }
 
 bool ClearSlotPhoto(LinkDesk& desk, forms::PictureBox& slot, bool ask)

@@ -23,6 +23,12 @@ bool KelSendSlotPhoto(LinkDesk& desk, const forms::Control& control, const forms
 bool SendKelTheView(LinkDesk& desk, const forms::Control& control, forms::PictureBox& slot, int index,
                     const QString& view);
 
+/// The same through a copy of the file under a stem of its own, for the views of another record: what is done
+/// to the copy leaves that record's picture alone. "refresh.bas" runs once.
+/// @return false if the copy or an exchange failed, which has been reported
+bool SendStoredView(LinkDesk& desk, const forms::Control& control, forms::PictureBox& slot, int index,
+                    const QString& view);
+
 /// Empties a slot and its object in the report. @param ask  asks first; @return false if the user said No or
 /// an exchange failed
 bool ClearSlotPhoto(LinkDesk& desk, forms::PictureBox& slot, bool ask);

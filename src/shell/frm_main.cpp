@@ -9,12 +9,15 @@
 #include "drops/router.h"
 #include "link/general_text.h"
 #include "link/refresh.h"
+#include "link/set_city.h"
 #include "link/tabs.h"
 #include "photos/front_view.h"
+#include "photos/photo_desk.h"
 #include "platform/desktop/desktop.h"
 #include "platform/text/text.h"
 #include "shell/g_shell.h"
 #include "shell/menus.h"
+#include "shell/photo_questions.h"
 #include "shell/slot_icon_pictures.h"
 
 #include <QScopedValueRollback>
@@ -59,6 +62,11 @@ frm_Main::frm_Main(const Foundation& foundation)
     , m_slotLoader(std::make_unique<photos::SlotLoader>(foundation.disk, foundation.ports, m_slotTable))
     , m_rows(std::make_unique<databook::GridRows>(sources.datsql))
 {
+    m_photoQuestions = std::make_unique<PhotoBoxes>(foundation.ports.prompter);
+    m_photos =
+        std::make_unique<photos::PhotoDesk>(foundation.ports, foundation.disk, globals, sources.datDatabook,
+                                            photoLists, *m_slotLoader, status, *m_photoQuestions);
+    m_photos->setCity = [this] { link::ErrDatabookSetCity(*m_link, link::CityRule::Fill); };
     m_link = std::make_unique<link::LinkDesk>(link::LinkDesk{
         .txtDDE = foundation.txtDDE,
         .globals = globals,
@@ -78,6 +86,7 @@ frm_Main::frm_Main(const Foundation& foundation)
             },
         .fileVersion = [this](const QString& path) { return FileVersionOf(m_base.disk, path); },
         .icons = SlotIconPictures(),
+        .photoDesk = m_photos.get(),
     });
     m_quickFind = std::make_unique<databook::QuickFind>(foundation.ports, records, sources.datsql, *m_rows,
                                                         status, globals);
@@ -223,6 +232,8 @@ void frm_Main::MenuChosen(const QString& array, int index)
         Q_EMIT UnloadWanted();
     else if (array == u"mnuMaintItem"_s && index == 3)
         MassCity();
+    else if (array == u"mnuTransferItem"_s)
+        TransferChosen(index);
     else if (array == u"mnuRefreshItem"_s && index == 0)
         RefreshAppraisal();
     else if (array == u"mnuRefreshItem"_s && index == 2)

@@ -22,6 +22,10 @@ class Router;
 namespace vasclip::link {
 struct LinkDesk;
 }
+namespace vasclip::photos {
+class PhotoQuestions;
+struct PhotoDesk;
+} // namespace vasclip::photos
 namespace vasclip::databook {
 class GridRows;
 class QuickFind;
@@ -75,6 +79,7 @@ public:
     void SetCaption(const QString& caption);
     [[nodiscard]] const Foundation& Base() const { return m_base; }
     [[nodiscard]] link::LinkDesk& Link() { return *m_link; }
+    [[nodiscard]] photos::PhotoDesk& Photos() { return *m_photos; }
 
     /// Brings the program up in the fixed order. @throws forms::EndOfProgram when it may not go on
     void Form_load(const StartUpOptions& options, frm_Splash& splash);
@@ -150,6 +155,8 @@ private:
     void txtcentralkey_Change();
     void txtcentralkey_LostFocus();
     void MassCity();
+    void TransferChosen(int index);
+    void AttachCity();
     [[nodiscard]] databook::RecordWork Records();
     [[nodiscard]] QStringList ReportAddresses() const;
     void MenuChosen(const QString& array, int index);
@@ -189,6 +196,8 @@ private:
     std::unique_ptr<photos::SlotLoader> m_slotLoader;
     std::unique_ptr<databook::GridRows> m_rows;
     std::unique_ptr<databook::QuickFind> m_quickFind;
+    std::unique_ptr<photos::PhotoQuestions> m_photoQuestions;
+    std::unique_ptr<photos::PhotoDesk> m_photos;
     std::unique_ptr<link::LinkDesk> m_link;
     std::unique_ptr<drops::Router> m_router;
     std::unique_ptr<comments::frm_FKey> m_functionKeys; ///< made when the first entry screen opens

@@ -26,6 +26,7 @@ namespace {
 
 const QString kHelpMenu = u"mnuHelpItem"_s;
 const QString kTutorials = u"mnuHelpTut_M"_s;
+constexpr int kCityListings = 3;
 
 } // namespace
 
@@ -217,6 +218,8 @@ void frm_Main::SetupChosen(int index)
         ToggleImageNames();
     else if (index == kImageListEntry)
         ToggleImageList();
+    else if (index == kCityListings)
+        AttachCity();
     else if (index == kManualEntry)
         ToggleManualEntry();
 }

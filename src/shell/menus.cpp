@@ -71,7 +71,7 @@ QList<forms::MenuEntry> SetupEntries()
         {0, "Configuration"_L1, Screen::Here, "Ctrl+,"_L1},
         {1, kSeparator},
         {2, "Grid Layout"_L1, Screen::Here},
-        {3, "City Listings"_L1},
+        {3, "City Listings"_L1, Screen::Here},
         {4, kSeparator},
         {kImageNamesEntry, "View Capture Image Names"_L1, Screen::Here},
         {kImageListEntry, "View Image Filename Listing"_L1, Screen::Here},
@@ -96,14 +96,14 @@ QList<forms::MenuEntry> MaintenanceEntries()
 QList<forms::MenuEntry> TransferEntries()
 {
     return Entries({
-        {0, "Subject: Appraisal to Databook"_L1},
+        {0, "Subject: Appraisal to Databook"_L1, Screen::Here},
         {1, kSeparator},
-        {2, "Comps 1-9: Appraisal to Databook"_L1},
-        {3, "Alt Comps 1-6: Appraisal to Databook"_L1},
-        {4, "Listings 1-6: Appraisal to Databook"_L1},
-        {5, "Rentals 1-9: Appraisal to Databook"_L1},
+        {2, "Comps 1-9: Appraisal to Databook"_L1, Screen::Here},
+        {3, "Alt Comps 1-6: Appraisal to Databook"_L1, Screen::Here},
+        {4, "Listings 1-6: Appraisal to Databook"_L1, Screen::Here},
+        {5, "Rentals 1-9: Appraisal to Databook"_L1, Screen::Here},
         {6, kSeparator},
-        {7, "All Data: Appraisal to Databook"_L1},
+        {7, "All Data: Appraisal to Databook"_L1, Screen::Here, "Ctrl+T"_L1},
     });
 }
 

@@ -48,6 +48,7 @@ std::span<const GuideTopic> GuideTopics()
         {"frm_Grid"_L1, "grid-layouts.md"_L1},
         {"frm_ChangeDB"_L1, "databases.md"_L1},
         {"frm_Config"_L1, "settings.md"_L1},
+        {"frm_AttachCity"_L1, "city-listings.md"_L1},
         {"frm_MassCity"_L1, "cities.md"_L1},
         {"frm_Rename"_L1, "records.md"_L1},
         {"frm_Trash"_L1, "trashcan.md"_L1},

@@ -19,6 +19,7 @@ void Layout_frm_GenView(QDialog& window, forms::Screen& screen);
 void Layout_frm_Grid(QDialog& window, forms::Screen& screen);
 void Layout_frm_ChangeDB(QDialog& window, forms::Screen& screen);
 void Layout_frm_Config(QDialog& window, forms::Screen& screen);
+void Layout_frm_AttachCity(QDialog& window, forms::Screen& screen);
 void Layout_frm_MassCity(QDialog& window, forms::Screen& screen);
 void Layout_frm_Rename(QDialog& window, forms::Screen& screen);
 void Layout_frm_Trash(QDialog& window, forms::Screen& screen);

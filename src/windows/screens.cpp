@@ -31,6 +31,7 @@ std::span<const ScreenEntry> Screens()
         {"frm_Grid"_L1, Layout_frm_Grid},
         {"frm_ChangeDB"_L1, Layout_frm_ChangeDB},
         {"frm_Config"_L1, Layout_frm_Config},
+        {"frm_AttachCity"_L1, Layout_frm_AttachCity},
         {"frm_MassCity"_L1, Layout_frm_MassCity},
         {"frm_Rename"_L1, Layout_frm_Rename},
         {"frm_Trash"_L1, Layout_frm_Trash},

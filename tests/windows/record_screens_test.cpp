@@ -3,6 +3,7 @@
 #include "databook/frm_mass_city.h"
 #include "databook/frm_rename.h"
 #include "databook/records.h"
+#include "link/frm_attach_city.h"
 #include "platform/engine/database.h"
 #include "shell/frm_main.h"
 #include "shell/frm_splash.h"
@@ -122,6 +123,36 @@ TEST_F(RecordScreens, TheCityWindowShowsEveryControl)
         marks.insert(mark);
     }
     EXPECT_GE(marks.size(), 9);
+}
+
+TEST_F(RecordScreens, TheAttachCityWindowShowsEveryControlAndAnswersToItsKeys)
+{
+    shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+    main.globals.applicationIni = globals.applicationIni;
+    main.sources.datDatabook.SetDatabaseName(u"C:\\DATABOOK.MDB"_s);
+    main.sources.datDatabook.SetRecordSource(u"COMPS"_s);
+    main.sources.datDatabook.Refresh();
+    link::frm_AttachCity screen(main.Link(), u"MANUAL"_s, u"12 MAIN ST"_s);
+    screen.Open();
+    ScreenWindow window(screen, guard);
+    EXPECT_TRUE(window.Leftovers().isEmpty()) << window.Leftovers().join(u'\n').toStdString();
+    EXPECT_EQ(window.windowTitle(), u"MANUAL Transfer Option"_s);
+    window.show();
+    EXPECT_TRUE(window.findChild<QLineEdit*>(u"txtAddress"_s)->isReadOnly());
+    QTest::keyClicks(window.findChild<QLineEdit*>(u"txtCity"_s), u"Marlow"_s);
+    QTest::keyClicks(window.findChild<QLineEdit*>(u"txtState"_s), u"WA"_s);
+    QTest::keyClick(window.findChild<QLineEdit*>(u"txtState"_s), Qt::Key_Return);
+    EXPECT_FALSE(screen.IsOpen()) << "Enter is Ok";
+    EXPECT_TRUE(screen.HasChanged());
+
+    link::frm_AttachCity left(main.Link(), u"MANUAL"_s, u"12 MAIN ST"_s);
+    left.Open();
+    ScreenWindow other(left, guard);
+    other.show();
+    EXPECT_EQ(other.findChild<QLineEdit*>(u"txtCity"_s)->text(), u"Marlow"_s);
+    QTest::keyClick(&other, Qt::Key_Escape);
+    EXPECT_FALSE(left.IsOpen());
+    EXPECT_FALSE(left.HasChanged());
 }
 
 TEST_F(RecordScreens, TheKeysOfTheGridDoWhatItsButtonsDo)
@@ -244,6 +275,16 @@ TEST_F(RecordScreens, PicturesOfBothInBothThemes)
         cities.lstcity.SetListIndex(1);
         cities.cmdOk_Click();
         save(cities);
+        shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+        main.globals.applicationIni = globals.applicationIni;
+        main.sources.datDatabook.SetDatabaseName(u"C:\\DATABOOK.MDB"_s);
+        main.sources.datDatabook.SetRecordSource(u"COMPS"_s);
+        main.sources.datDatabook.Refresh();
+        link::frm_AttachCity attach(main.Link(), u"COMP"_s, u"12 MAIN ST"_s);
+        attach.Open();
+        attach.lstcity.SetListIndex(1);
+        attach.cmdAdd_Click();
+        save(attach);
     }
     theme.Choose(ThemeChoice::System);
 }

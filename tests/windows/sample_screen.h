@@ -158,6 +158,7 @@ struct SampleScreen
         Add<ListBox>(u"lstGenViews"_s);
         Add<ComboBox>(u"cboapprslType"_s);
         Add<Gauge>(u"gauStatus"_s);
+        Add<Button>(u"cmdStop"_s).SetVisible(false);
         Add<Grid>(u"grddatabook"_s);
         const std::pair<QString, QString> menus[] = {
             {u"mnuFileItem"_s, u"File"_s},         {u"mnuSetupItem"_s, u"Setup"_s},

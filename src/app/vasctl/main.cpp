@@ -59,6 +59,9 @@ Commands:
   photos delete KEY VIEW  asks first; the picture goes back to the capture directory
   photos orphans          photos whose files are gone, and stored files that no record names
   photos verify           decodes every stored photo; exit code 1 if one is lost or damaged
+  transfer subject | comps [N] | alternates [N] | listings [N] | rentals [N] | all
+           [--data] [--pictures]  stores the report's columns, their pictures, or (with neither option) both as
+                          records of the Databook; asks before it replaces a record's data
   layouts list            the saved layouts of the grid
   layouts show NAME       its columns in their order
   layouts save NAME       the layout that the program left, under a name
@@ -99,6 +102,8 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
         return RunDrop(session, out, arguments, options);
     if (command == u"photos"_s)
         return RunPhotos(session, out, arguments);
+    if (command == u"transfer"_s)
+        return RunTransfer(session, out, arguments, options);
     if (command == u"layouts"_s)
         return RunLayouts(session, out, arguments);
     if (command == u"settings"_s)
@@ -137,6 +142,8 @@ int main(int argc, char* argv[])
         {u"answer"_s, u"Answer the next question so (yes, no, cancel, ...); may be given several times."_s,
          u"WORD"_s},
         {u"on"_s, u"Where to drop: SLOT:INDEX."_s, u"SLOT"_s},
+        {u"data"_s, u"Transfer the data."_s},
+        {u"pictures"_s, u"Transfer the pictures."_s},
         {u"type"_s, u"Comp type of a new record (F)."_s, u"LETTER"_s},
         {u"city"_s, u"A city."_s, u"NAME"_s},
         {u"state"_s, u"Its state."_s, u"ST"_s},

@@ -83,6 +83,8 @@ int RunRefresh(Session& session, const Output& out);
 int RunDrop(Session& session, const Output& out, const QStringList& arguments,
             const QCommandLineParser& options);
 int RunPhotos(Session& session, const Output& out, const QStringList& arguments);
+int RunTransfer(Session& session, const Output& out, const QStringList& arguments,
+                const QCommandLineParser& options);
 int RunLayouts(Session& session, const Output& out, const QStringList& arguments);
 int RunSettings(Session& session, const Output& out, const QStringList& arguments);
 int RunComments(Session& session, const Output& out, const QStringList& arguments);

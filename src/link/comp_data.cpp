@@ -1,0 +1,155 @@
+#include "link/comp_data.h"
+
+#include "common/error_block.h"
+#include "common/proper_case.h"
+#include "databook/comp_fields.h"
+#include "link/comp2kel.h"
+#include "link/kel_channel.h"
+#include "link/kel_helpers.h"
+#include "link/messages.h"
+#include "link/price_date_age.h"
+#include "platform/text/text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace vasclip::link {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int kCellsBetweenTurns = 16;
+
+QString MappingGroup(const QString& compType)
+{
+    static constexpr std::array kOwn = {"LIST"_L1, "RENT"_L1, "ALT"_L1};
+    const QString word = text::Folded(compType);
+    return std::find(kOwn.begin(), kOwn.end(), word) == kOwn.end() ? u"SALE"_s : word;
+}
+
+QString ReadCell(LinkDesk& desk, const QString& report, const QString& item, const QString& field)
+{
+    try {
+        return text::Trim(KelGetFieldInfo(desk.txtDDE, report, item));
+    } catch (const RuntimeError& failure) {
+        throw RuntimeError(failure.Number(),
+                           messages::kReadStopped.arg(failure.Description(), field, item, report));
+    }
+}
+
+void StoreText(store::DataSource& databook, const QString& field, const QString& text)
+{
+    store::SetFieldData(databook, store::Trim2Size(databook, text, field), field);
+}
+
+/// "3 / 2" is bedrooms and baths; without a "/" it is bedrooms alone.
+void StoreBedBath(store::DataSource& databook, const QString& text)
+{
+    const qsizetype slash = text.indexOf(u'/');
+    StoreText(databook, u"BEDROOM"_s, slash < 0 ? text : text.left(slash));
+    StoreText(databook, u"BATH"_s, slash < 0 ? QString() : text.mid(slash + 1));
+}
+
+/// By the column's type; memo, dates and the like are left alone.
+void StoreByType(LinkDesk& desk, const CompCell& cell)
+{
+    using engine::FieldType;
+    store::DataSource& databook = desk.sources.datDatabook;
+    const engine::Recordset& record = databook.Recordset();
+    const int index = record.FieldIndex(cell.field);
+    if (index < 0)
+        throw RuntimeError(error::kFieldUnknown, messages::kNoSuchColumn.arg(cell.field));
+    switch (record.Fields().at(index).type) {
+    case FieldType::Integer:
+    case FieldType::Single:
+    case FieldType::Double:
+        databook.Recordset().SetValue(index, store::TrimNum2Size(databook, cell.text, cell.field));
+        break;
+    case FieldType::Text:
+        // The report's own spelling of the address is not kept.
+        if (cell.field == "ADDRESS"_L1)
+            StoreText(databook, cell.field,
+                      common::AddressInCase(desk.state.currentKey, desk.globals.addressCase));
+        else
+            StoreText(databook, cell.field, cell.text);
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace
+
+std::optional<QList<CompCell>> ReadCompData(LinkDesk& desk, const QString& formType, const QString& report,
+                                            qint16 comp, const QString& compType,
+                                            const std::function<bool()>& goOn)
+{
+    const common::RoutineScope scope{"GetCompData"};
+    QList<CompCell> cells;
+    store::DataSource& mapping = desk.sources.datComp2Kel_CURRENT;
+    FilterComp2Kel(mapping, formType, text::Dec(KelPageBase(comp)), MappingGroup(compType));
+    const QList<MappingRow> rows = ReadMappingRows(mapping, MappingColumns::Fields);
+    if (rows.isEmpty()) {
+        desk.ports.prompter.Box(messages::kNoMappingTitle, messages::kNoMapping);
+        return cells;
+    }
+    const QString formName = rows.first().formName; // stands for all rows
+    cells.reserve(rows.size());
+    int read = 0;
+    for (const MappingRow& row : rows) {
+        const QString field = row.fieldName.toUpper();
+        if (field == "PROXIMITY"_L1)
+            continue;
+        if (goOn && ++read % kCellsBetweenTurns == 0) {
+            desk.ports.pump.DoEvents();
+            if (!goOn())
+                return std::nullopt;
+        }
+        const QString address = KelShiftCell(row.RowCell(), row.offset, comp);
+        cells.append({field, ReadCell(desk, report, formName + u'|' + address, field)});
+    }
+    return cells;
+}
+
+void StoreCompData(LinkDesk& desk, const QList<CompCell>& cells)
+{
+    const common::RoutineScope scope{"GetCompData"};
+    store::DataSource& databook = desk.sources.datDatabook;
+    const QDate today = desk.ports.clock.Today();
+    for (const CompCell& cell : cells) {
+        if (cell.field == "CENTRALKEY"_L1) // the cell's own text is dropped
+            StoreText(databook, cell.field, text::Folded(desk.state.currentKey));
+        else if (StorePriceDateAge(databook, today, cell.field, cell.text))
+            continue;
+        else if (cell.field == "BEDBATH"_L1)
+            StoreBedBath(databook, cell.text);
+        else
+            StoreByType(desk, cell);
+    }
+}
+
+bool GetCompData(LinkDesk& desk, const QString& formType, const QString& report, qint16 comp,
+                 const QString& compType)
+{
+    const common::RoutineScope scope{"GetCompData"};
+    const QString key = store::GetFieldData(desk.sources.datDatabook, u"CENTRALKEY"_s);
+    const std::optional<QList<CompCell>> cells = ReadCompData(desk, formType, report, comp, compType);
+    if (!cells || cells->isEmpty())
+        return false;
+    engine::Recordset& record = desk.sources.datDatabook.Recordset();
+    if (!StandOn(desk, key))
+        throw RuntimeError(error::kNoCurrentRecord, messages::kRecordGone.arg(key));
+    record.Edit();
+    try {
+        StoreCompData(desk, *cells);
+        databook::SetLoadDate2Today(desk.ports, desk.sources.datDatabook);
+        record.Update();
+    } catch (...) {
+        record.CancelUpdate();
+        throw;
+    }
+    return true;
+}
+
+} // namespace vasclip::link

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "link/link_desk.h"
+
+#include <optional>
+
+namespace vasclip::link {
+
+/// A cell of a comp as the report holds it.
+struct CompCell
+{
+    QString field; ///< upper case
+    QString text;  ///< trimmed
+};
+
+/// Reads every mapped cell of a comp, row by row of the mapping; nothing is stored. A row of PROXIMITY is not
+/// asked for. The queue is turned now and then, so that a slow forms program can be given up.
+/// @param comp      1 to 9, 10 for the subject
+/// @param compType  RENT, LIST and ALT are groups of their own, any other word is SALE
+/// @param goOn      asked after each turn of the queue; false ends the reading
+/// @return the cells; none if the mapping has no rows for the comp, which has been said; nullopt if it was
+/// given up
+/// @throws RuntimeError of the exchange, with the cell it was at
+[[nodiscard]] std::optional<QList<CompCell>> ReadCompData(LinkDesk& desk, const QString& formType,
+                                                          const QString& report, qint16 comp,
+                                                          const QString& compType,
+                                                          const std::function<bool()>& goOn = {});
+
+/// Stores the cells in the record that datDatabook is editing or adding; the caller updates. A blank cell
+/// overwrites what the record holds.
+/// @throws RuntimeError of the record set, 3265 for a field that it does not have
+void StoreCompData(LinkDesk& desk, const QList<CompCell>& cells);
+
+/// Reads a comp's mapped fields from the report into the record that datDatabook stands on, in one update.
+/// @return false if the mapping has no rows for it, which has been said
+/// @throws RuntimeError; the record is then as it was
+bool GetCompData(LinkDesk& desk, const QString& formType, const QString& report, qint16 comp,
+                 const QString& compType);
+
+} // namespace vasclip::link

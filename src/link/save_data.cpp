@@ -1,0 +1,159 @@
+#include "link/save_data.h"
+
+#include "common/error_block.h"
+#include "databook/comp_fields.h"
+#include "databook/messages.h"
+#include "link/apprsl_type.h"
+#include "link/comp_data.h"
+#include "link/messages.h"
+#include "link/set_city.h"
+#include "platform/text/text.h"
+#include "store/messages.h"
+
+namespace vasclip::link {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int kRecordDeleted = 3167; ///< by somebody else
+constexpr int kTries = 5;
+
+/// One comp on its way into the Databook. What was asked and read stays so when a step is tried again.
+class Saving
+{
+public:
+    Saving(LinkDesk& desk, const QString& key, const QString& compType, const std::function<bool()>& goOn)
+        : m_desk(desk)
+        , m_key(key)
+        , m_compType(compType)
+        , m_goOn(goOn)
+    {}
+
+    SaveOutcome Run()
+    {
+        for (int tries = 1;; ++tries) {
+            const bool there = StandOn(m_desk, m_key);
+            if (there && !m_asked && !MayReplace())
+                return SaveOutcome::Kept;
+            if (!m_read) {
+                if (const SaveOutcome outcome = Read(); outcome != SaveOutcome::Added)
+                    return outcome;
+            }
+            // Both the question and the reading turned the queue.
+            if (StandOn(m_desk, m_key) && !m_asked)
+                continue;
+            try {
+                return Store();
+            } catch (const RuntimeError& failure) {
+                // Another user added, deleted or changed it a moment ago: look again.
+                const bool meanwhile = failure.Number() == error::kDuplicateKey ||
+                                       failure.Number() == error::kDataChanged ||
+                                       failure.Number() == kRecordDeleted;
+                if (!meanwhile || tries == kTries)
+                    throw;
+            }
+        }
+    }
+
+private:
+    bool MayReplace()
+    {
+        m_asked = true;
+        const QString address = store::GetFieldData(m_desk.sources.datDatabook, u"ADDRESS"_s);
+        m_desk.ports.window.AppActivate();
+        return m_desk.ports.prompter.YesNo(
+            store::kPlainTitle, messages::kReplaceData.arg(address.isEmpty() ? m_key : address));
+    }
+
+    SaveOutcome Read()
+    {
+        m_read = true;
+        if (m_desk.state.compNumber == -1)
+            return SaveOutcome::Added;
+        m_desk.ports.window.AppActivate();
+        auto cells = ReadCompData(m_desk, m_desk.addr.txtFormType.Text(),
+                                  text::Trim(m_desk.addr.txtKelReport.Text()), m_desk.state.compNumber,
+                                  m_compType, m_goOn);
+        m_desk.ports.window.AppActivate();
+        if (!cells)
+            return SaveOutcome::GivenUp;
+        if (cells->isEmpty())
+            return SaveOutcome::NoMapping;
+        m_cells = std::move(*cells);
+        return SaveOutcome::Added;
+    }
+
+    SaveOutcome Store()
+    {
+        store::DataSource& databook = m_desk.sources.datDatabook;
+        engine::Recordset& record = databook.Recordset();
+        const bool there = StandOn(m_desk, m_key);
+        if (there)
+            record.Edit();
+        else
+            record.AddNew();
+        try {
+            store::SetFieldData(databook, store::Trim2Size(databook, m_key, store::kKeyIndex),
+                                u"centralkey"_s);
+            StoreCompData(m_desk, m_cells);
+            if (there)
+                databook::ForceLoadDate2Today(m_desk.ports, databook);
+            else
+                databook::SetLoadDate2Today(m_desk.ports, databook);
+            SetApprslType(databook, m_compType, m_desk.addr.txtFormType.Text());
+            ErrDatabookSetCity(m_desk, CityRule::Replace);
+            record.Update();
+        } catch (...) {
+            record.CancelUpdate();
+            throw;
+        }
+        return there ? SaveOutcome::Replaced : SaveOutcome::Added;
+    }
+
+    LinkDesk& m_desk;
+    QString m_key;
+    QString m_compType;
+    const std::function<bool()>& m_goOn;
+    QList<CompCell> m_cells;
+    bool m_asked = false;
+    bool m_read = false;
+};
+
+/// @throws RuntimeError 3163 for a key that no record can bear
+void CheckLength(const LinkDesk& desk, const QString& key)
+{
+    const engine::Recordset& record = desk.sources.datDatabook.Recordset();
+    const int size = record.Fields().at(record.FieldIndex(u"CENTRALKEY"_s)).size;
+    if (key.size() > size)
+        throw RuntimeError(error::kFieldTooLong,
+                           databook::kAddressTooLong.arg(key).arg(key.size()).arg(size));
+}
+
+} // namespace
+
+SaveOutcome SaveDataToDatabook(LinkDesk& desk, const QString& key, const QString& compType,
+                               const std::function<bool()>& goOn)
+{
+    const common::RoutineScope scope{"SaveDataToDatabook"};
+    const QString folded = text::Folded(key);
+    if (folded.isEmpty())
+        return SaveOutcome::Blank;
+    desk.state.currentKey = folded;
+    SaveOutcome outcome = SaveOutcome::Failed;
+    try {
+        Saving saving(desk, folded, compType, goOn);
+        common::Guarded(desk.ports.prompter, [&] {
+            CheckLength(desk, folded);
+            outcome = saving.Run();
+        });
+    } catch (const RuntimeError& failure) {
+        common::ReportError(desk.ports.prompter, failure);
+        return LinkIsDead(failure.Number()) ? SaveOutcome::LinkLost : SaveOutcome::Failed;
+    }
+    if (outcome == SaveOutcome::Added || outcome == SaveOutcome::Replaced)
+        store::Updateandfind(desk.ports, desk.sources.datDatabook, folded);
+    return outcome;
+}
+
+} // namespace vasclip::link

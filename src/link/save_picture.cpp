@@ -1,0 +1,49 @@
+#include "link/save_picture.h"
+
+#include "link/messages.h"
+#include "link/reporter.h"
+#include "photos/photo_records.h"
+#include "platform/text/text.h"
+
+namespace vasclip::link {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Is it the very file that the record keeps under that view? It was sent from there, then.
+bool IsFiledSo(LinkDesk& desk, const QString& key, const QString& path, const QString& view)
+{
+    if (!StandOn(desk, key))
+        return false;
+    photos::ReadPhotoLists(desk.sources.datDatabook, desk.lists.lstViews, desk.lists.lstimages);
+    const int row = desk.lists.lstViews.IndexOf(view);
+    return row >= 0 && path == text::Folded(desk.globals.G_PhotoDir +
+                                            text::Trim(desk.lists.lstimages.List(row)) + u".jpg"_s);
+}
+
+} // namespace
+
+PictureOutcome SavePictureToDatabook(LinkDesk& desk, forms::PictureBox& slot, const QString& view)
+{
+    const QString key = text::Folded(desk.state.currentKey);
+    if (key.isEmpty()) {
+        desk.status.lblmsg.Show(messages::kBlankAddress, forms::Colour::Blue);
+        return PictureOutcome::NoAddress;
+    }
+    const QString path = text::Folded(desk.loader.Table().ErrGetPict(slot));
+    if (path.isEmpty() || path.contains("EMPTY"_L1)) {
+        desk.status.lblmsg.Show(messages::kNoPicture, forms::Colour::Blue);
+        return PictureOutcome::NoPicture;
+    }
+    PictureOutcome outcome = PictureOutcome::NotFiled;
+    Reported(desk.ports.prompter, "SavePictureToDatabook", [&] {
+        if (IsFiledSo(desk, key, path, view))
+            outcome = PictureOutcome::IsThere;
+        else if (desk.photoDesk && photos::SavePhotoToRecord(*desk.photoDesk, key, slot, view))
+            outcome = PictureOutcome::Filed;
+    });
+    return outcome;
+}
+
+} // namespace vasclip::link

@@ -1,0 +1,111 @@
+#include "link/set_city.h"
+
+#include "common/addresses.h"
+#include "common/error_block.h"
+#include "link/addresses.h"
+#include "platform/text/text.h"
+
+
+namespace vasclip::link {
+
+using namespace Qt::Literals::StringLiterals;
+using common::CityStateZip;
+
+namespace {
+
+constexpr qint16 kSubject = 10;
+
+const QString kCity = u"CITY"_s;
+const QString kState = u"ST"_s;
+const QString kZip = u"ZIP"_s;
+
+CityStateZip SubjectParts(const frm_Addr& addr)
+{
+    return {text::Trim(addr.txtKelCity.Text()), text::Trim(addr.txtKelState.Text()),
+            text::Trim(addr.txtKelZip.Text())};
+}
+
+bool Tells(const CityStateZip& parts)
+{
+    return !parts.city.isEmpty() || !parts.state.isEmpty() || !parts.zip.isEmpty();
+}
+
+/// Of the slot that bears the key, as the last refresh read it.
+CityStateZip PartsOfSlot(LinkDesk& desk, const QString& key)
+{
+    const std::optional<ReportPlace> place = PlaceInReport(desk, key);
+    if (!place)
+        return {};
+    if (place->comp == kSubject)
+        return SubjectParts(desk.addr);
+    const QString word = place->groupWord == "COMP"_L1 ? u"SALE"_s : QString(place->groupWord);
+    for (const AddressGroup& group : AddressGroups(desk))
+        if (word == group.compType)
+            return {group.city(place->comp).Text(), group.state(place->comp).Text(),
+                    group.zip(place->comp).Text()};
+    return {};
+}
+
+CityStateZip PartsOf(LinkDesk& desk, const QString& key)
+{
+    // On a comp's form the second address line stands under NEIGHBORHD.
+    if (desk.state.compNumber != -1 && desk.state.compNumber != kSubject) {
+        const CityStateZip read =
+            common::ParseCityStateZip(store::GetFieldData(desk.sources.datDatabook, u"NEIGHBORHD"_s));
+        if (Tells(read))
+            return read;
+    }
+    return PartsOfSlot(desk, key);
+}
+
+/// What the record shall hold, from what it holds and what is known.
+CityStateZip Completed(LinkDesk& desk, const CityStateZip& held, const CityStateZip& known, CityRule rule)
+{
+    const auto choose = [rule](const QString& old, const QString& fresh) {
+        return fresh.isEmpty() || (rule == CityRule::Fill && !old.isEmpty()) ? old : fresh;
+    };
+    CityStateZip wanted{choose(held.city, known.city), choose(held.state, known.state),
+                        choose(held.zip, known.zip)};
+    if (!wanted.city.isEmpty() || !wanted.state.isEmpty())
+        return wanted;
+    const QString inherits = text::Folded(desk.globals.useSubjCsz);
+    const CityStateZip subject = SubjectParts(desk.addr);
+    if (inherits == "CS"_L1 || inherits == "CSZ"_L1) {
+        wanted.city = subject.city;
+        wanted.state = subject.state;
+    }
+    if (inherits == "CSZ"_L1 && wanted.zip.isEmpty())
+        wanted.zip = subject.zip;
+    return wanted;
+}
+
+} // namespace
+
+void ErrDatabookSetCity(LinkDesk& desk, CityRule rule)
+{
+    const common::RoutineScope scope{"ErrDatabookSetCity"};
+    store::DataSource& databook = desk.sources.datDatabook;
+    engine::Recordset& record = databook.Recordset();
+    const auto field = [&databook](const QString& name) { return store::GetFieldData(databook, name); };
+    const CityStateZip held{field(kCity), field(kState), field(kZip)};
+    const CityStateZip wanted =
+        Completed(desk, held, PartsOf(desk, text::Folded(field(u"CENTRALKEY"_s))), rule);
+    if (wanted == held)
+        return;
+    const bool editing = record.CurrentEditMode() != engine::EditMode::None;
+    if (!editing)
+        record.Edit();
+    try {
+        for (const auto& [name, value] :
+             {std::pair{kCity, wanted.city}, {kState, wanted.state}, {kZip, wanted.zip}})
+            store::SetFieldData(databook, store::Trim2Size(databook, value, name), name);
+        if (!editing)
+            record.Update();
+    } catch (...) {
+        if (!editing)
+            record.CancelUpdate();
+        throw;
+    }
+}
+
+} // namespace vasclip::link

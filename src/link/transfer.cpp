@@ -1,0 +1,273 @@
+#include "link/transfer.h"
+
+#include "common/error_block.h"
+#include "common/progress.h"
+#include "link/messages.h"
+#include "link/reporter.h"
+#include "link/save_data.h"
+#include "link/save_picture.h"
+#include "link/slot_icons.h"
+#include "link/transfer_jobs.h"
+#include "platform/text/text.h"
+
+namespace vasclip::link {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+struct Wants
+{
+    bool data, pictures;
+};
+
+Wants WantsOf(What what)
+{
+    return {what != What::Pic, what != What::Data};
+}
+
+/// The slots of one transfer, one after the other. A second transfer that a turn of the queue lets in does
+/// nothing.
+class Run
+{
+public:
+    explicit Run(LinkDesk& desk)
+        : m_desk(desk)
+        , m_hourglass(desk.ports.window)
+    {
+        desk.state.transferring = true;
+    }
+    ~Run()
+    {
+        m_desk.state.transferring = false;
+        m_desk.state.currentKey.clear();
+        m_desk.state.groupWord.clear();
+        m_desk.state.compNumber = -1;
+    }
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+
+    TransferTally Do(const QList<TransferJob>& jobs, bool data)
+    {
+        m_desk.ports.window.AppActivate();
+        m_tally.slots_ = static_cast<int>(jobs.size());
+        m_tally.notRunning = data && !jobs.isEmpty() && !KelEnsureRunning(m_desk);
+        if (m_tally.notRunning)
+            return m_tally;
+        common::Progress progress(m_desk.status, m_desk.ports.pump, m_tally.slots_);
+        int place = 0;
+        for (const TransferJob& job : jobs) {
+            const QString name = text::Trim(job.label->Text());
+            if (!progress.Step(messages::kTransferring.arg(name).arg(++place).arg(jobs.size())) ||
+                !m_desk.sources.datDatabook.Bound()) {
+                m_tally.stopped = true;
+                break;
+            }
+            if (!One(job, progress))
+                break;
+        }
+        return m_tally;
+    }
+
+private:
+    /// @return false if the slots after it are not to be tried
+    bool One(const TransferJob& job, const common::Progress& progress)
+    {
+        m_desk.state.currentKey = text::Folded(job.label->Text());
+        m_desk.state.compNumber = job.comp;
+        m_desk.state.groupWord = job.groupWord;
+        const QString key = m_desk.state.currentKey;
+        if (job.data && !Data(key, progress))
+            return false;
+        for (const auto& [slot, view] : job.pictures) {
+            if (!m_desk.sources.datDatabook.Bound())
+                return false;
+            m_desk.state.currentKey = key;
+            m_tally.pictures += SavePictureToDatabook(m_desk, *slot, view) == PictureOutcome::Filed;
+        }
+        return true;
+    }
+
+    bool Data(const QString& key, const common::Progress& progress)
+    {
+        const SaveOutcome outcome = SaveDataToDatabook(m_desk, key, m_desk.state.groupWord,
+                                                       [&progress] { return !progress.Stopped(); });
+        switch (outcome) {
+        case SaveOutcome::Added:
+            ++m_tally.added;
+            m_tally.stored.append(key);
+            return true;
+        case SaveOutcome::Replaced:
+            ++m_tally.replaced;
+            m_tally.stored.append(key);
+            return true;
+        case SaveOutcome::Kept:
+            ++m_tally.kept;
+            return true;
+        case SaveOutcome::Blank:
+            return true;
+        case SaveOutcome::GivenUp:
+            m_tally.stopped = true;
+            return false;
+        case SaveOutcome::NoMapping:
+        case SaveOutcome::Failed:
+            ++m_tally.failed;
+            return true;
+        case SaveOutcome::LinkLost:
+            ++m_tally.failed;
+            m_tally.linkLost = true;
+            return false;
+        }
+        return true;
+    }
+
+    LinkDesk& m_desk;
+    forms::Hourglass m_hourglass;
+    TransferTally m_tally;
+};
+
+void Tell(LinkDesk& desk, const TransferTally& tally)
+{
+    if (!tally.Text().isEmpty())
+        desk.status.lblmsg.Show(tally.Text(), tally.Failed() ? forms::Colour::Red : forms::Colour::Blue);
+}
+
+TransferTally Transfer(LinkDesk& desk, const QList<TransferJob>& jobs, What what)
+{
+    TransferTally tally;
+    if (desk.state.transferring || desk.state.refreshing) {
+        tally.busy = true;
+        Tell(desk, tally);
+        return tally;
+    }
+    {
+        Run run(desk);
+        tally = run.Do(jobs, WantsOf(what).data);
+    }
+    // What single pictures had to say is part of the sum, unless there was but one of them.
+    const bool onePicture = what == What::Pic && tally.slots_ == 1 && tally.pictures == 0;
+    if (!onePicture)
+        Tell(desk, tally);
+    return tally;
+}
+
+TransferTally TransferGroupSlots(LinkDesk& desk, const char* routine, qsizetype group, bool all, int index,
+                                 What what)
+{
+    const common::RoutineScope scope{routine};
+    const TransferGroup slots_ = TransferGroups(desk).at(group);
+    const Wants wants = WantsOf(what);
+    const TransferTally tally = Transfer(desk, JobsOf(slots_, all, index, wants.data, wants.pictures), what);
+    slots_.refreshIcons(desk);
+    return tally;
+}
+
+/// "3 comps were added": a number with its noun, "" for none.
+QString Counted(int count, const QString& one, const QString& many)
+{
+    return count == 0 ? QString() : count == 1 ? one : many.arg(count);
+}
+
+} // namespace
+
+QString TransferTally::Text() const
+{
+    if (busy)
+        return messages::kTransferBusy;
+    if (notRunning)
+        return messages::kNotRunning;
+    if (slots_ == 0)
+        return messages::kNothingToTransfer;
+    QStringList parts;
+    for (const QString& part :
+         {Counted(added, u"1 record was added"_s, u"%1 records were added"_s),
+          Counted(replaced, u"1 was replaced"_s, u"%1 were replaced"_s),
+          Counted(kept, u"1 was kept as it was"_s, u"%1 were kept as they were"_s),
+          Counted(pictures, u"1 picture was filed"_s, u"%1 pictures were filed"_s),
+          Counted(failed, u"1 could not be stored"_s, u"%1 could not be stored"_s)})
+        if (!part.isEmpty())
+            parts.append(part);
+    if (parts.isEmpty())
+        parts.append(u"Nothing was stored"_s);
+    if (stopped || linkLost)
+        parts.append(u"the rest was left alone"_s);
+    return parts.join(u", "_s) + u'.';
+}
+
+TransferTally TransferSubject(LinkDesk& desk, What what, int view)
+{
+    const common::RoutineScope scope{"TransferSubject"};
+    const Wants wants = WantsOf(what);
+    const TransferTally tally =
+        Transfer(desk, SubjectJobs(desk, wants.data, wants.pictures, view), what);
+    RefreshSubjectIcons(desk, 0);
+    return tally;
+}
+
+TransferTally TransferComps(LinkDesk& desk, bool all, int index, What what)
+{
+    return TransferGroupSlots(desk, "TransferComps", 0, all, index, what);
+}
+
+TransferTally TransferAltComps(LinkDesk& desk, bool all, int index, What what)
+{
+    return TransferGroupSlots(desk, "TransferAltComps", 1, all, index, what);
+}
+
+TransferTally TransferListings(LinkDesk& desk, bool all, int index, What what)
+{
+    return TransferGroupSlots(desk, "TransferListings", 2, all, index, what);
+}
+
+TransferTally TransferRentals(LinkDesk& desk, bool all, int index, What what)
+{
+    return TransferGroupSlots(desk, "TransferRentals", 3, all, index, what);
+}
+
+TransferTally TransferAllData(LinkDesk& desk, What what)
+{
+    const common::RoutineScope scope{"TransferAllData"};
+    const Wants wants = WantsOf(what);
+    QList<TransferJob> jobs = SubjectJobs(desk, wants.data, wants.pictures, 0);
+    if (text::Trim(desk.report.txtSubject.Text()).isEmpty())
+        jobs.clear();
+    for (const TransferGroup& group : TransferGroups(desk))
+        jobs += JobsOf(group, true, 0, wants.data, wants.pictures);
+    const TransferTally tally = Transfer(desk, jobs, what);
+    RefreshSubjectIcons(desk, 0);
+    for (const TransferGroup& group : TransferGroups(desk))
+        group.refreshIcons(desk);
+    return tally;
+}
+
+void SaveSubject2Database(LinkDesk& desk, int view)
+{
+    if (desk.globals.autoSave != 0 && view == 1)
+        TransferSubject(desk, What::Both, view);
+}
+
+void SaveComp2Database(LinkDesk& desk, int index)
+{
+    if (desk.globals.autoSave != 0)
+        TransferComps(desk, false, index, What::Both);
+}
+
+void SaveAltComp2Database(LinkDesk& desk, int index)
+{
+    if (desk.globals.autoSave != 0)
+        TransferAltComps(desk, false, index, What::Both);
+}
+
+void SaveListing2Database(LinkDesk& desk, int index)
+{
+    if (desk.globals.autoSave != 0)
+        TransferListings(desk, false, index, What::Both);
+}
+
+void SaveRental2Database(LinkDesk& desk, int index)
+{
+    if (desk.globals.autoSave != 0)
+        TransferRentals(desk, false, index, What::Both);
+}
+
+} // namespace vasclip::link

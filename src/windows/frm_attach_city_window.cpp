@@ -1,0 +1,132 @@
+#include "windows/screen_layouts.h"
+
+#include <QDialog>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace vasclip::windows {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+QPushButton* Button(const QString& name, QWidget& parent)
+{
+    auto* button = new QPushButton(&parent);
+    button->setObjectName(name);
+    button->setAutoDefault(false);
+    return button;
+}
+
+QLabel* Shown(const QString& name, const char* role, QWidget& parent)
+{
+    auto* label = new QLabel(&parent);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setProperty("role", QString::fromLatin1(role));
+    return label;
+}
+
+void AddBox(QFormLayout& fields, const QString& caption, const QString& name, QWidget& parent)
+{
+    auto* box = new QLineEdit(&parent);
+    box->setObjectName(name);
+    fields.addRow(caption, box); // the caption's access key leads to the box
+}
+
+QLayout* RecordColumn(QDialog& window)
+{
+    auto* column = new QVBoxLayout;
+    column->setSpacing(8);
+    auto* head = new QHBoxLayout;
+    head->addWidget(Shown(u"lblCentralKey"_s, "title", window), 1);
+    head->addWidget(Shown(u"lblPending"_s, "quiet", window));
+    column->addLayout(head);
+
+    auto* fields = new QFormLayout;
+    fields->setHorizontalSpacing(12);
+    fields->setVerticalSpacing(8);
+    fields->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    AddBox(*fields, QDialog::tr("Add&ress"), u"txtAddress"_s, window);
+    AddBox(*fields, QDialog::tr("C&ity"), u"txtCity"_s, window);
+    AddBox(*fields, QDialog::tr("&State"), u"txtState"_s, window);
+    AddBox(*fields, QDialog::tr("&ZIP"), u"txtZip"_s, window);
+    AddBox(*fields, QDialog::tr("Co&unty"), u"txtCounty"_s, window);
+    AddBox(*fields, QDialog::tr("Neighbor&hood"), u"txtNeighborhd"_s, window);
+    AddBox(*fields, QDialog::tr("Sale date on re&port"), u"txtSaleFld"_s, window);
+    AddBox(*fields, QDialog::tr("Sale &date"), u"txtSaleDate"_s, window);
+    column->addLayout(fields);
+
+    auto* heading = new QLabel(QDialog::tr("When the report does not tell a comp's city"), &window);
+    heading->setProperty("role", u"quiet"_s);
+    column->addSpacing(8);
+    column->addWidget(heading);
+    auto* inherit = new QWidget(&window); // of its own, so that one of the three is chosen
+    auto* choices = new QVBoxLayout(inherit);
+    choices->setContentsMargins(0, 0, 0, 0);
+    choices->setSpacing(4);
+    for (int i = 0; i < 3; ++i) {
+        auto* option = new QRadioButton(inherit);
+        option->setObjectName(u"optUseSubjCSZ_%1"_s.arg(i));
+        choices->addWidget(option);
+    }
+    column->addWidget(inherit);
+    column->addStretch(1);
+    return column;
+}
+
+QLayout* ListColumn(QDialog& window)
+{
+    auto* column = new QVBoxLayout;
+    column->setSpacing(8);
+    auto* caption = new QLabel(QDialog::tr("&Locations"), &window);
+    caption->setProperty("role", u"quiet"_s);
+    column->addWidget(caption);
+    auto* list = new QListView(&window);
+    list->setObjectName(u"lstcity"_s);
+    list->setMinimumWidth(280);
+    caption->setBuddy(list);
+    column->addWidget(list, 1);
+    auto* keep = new QHBoxLayout;
+    keep->setSpacing(8);
+    keep->addWidget(Button(u"cmdAdd"_s, window));
+    keep->addWidget(Button(u"cmdDelete"_s, window));
+    column->addLayout(keep);
+    return column;
+}
+
+} // namespace
+
+void Layout_frm_AttachCity(QDialog& window, forms::Screen&)
+{
+    auto* rows = new QVBoxLayout(&window);
+    rows->setContentsMargins(16, 16, 16, 16);
+    rows->setSpacing(12);
+    auto* columns = new QHBoxLayout;
+    columns->setSpacing(24);
+    columns->addLayout(RecordColumn(window), 3);
+    columns->addLayout(ListColumn(window), 2);
+    rows->addLayout(columns, 1);
+
+    auto* foot = new QHBoxLayout;
+    foot->setSpacing(8);
+    auto* message = Shown(u"lblmsg"_s, "", window);
+    message->setWordWrap(true);
+    foot->addWidget(message, 1);
+    auto* ok = Button(u"cmdOk"_s, window);
+    ok->setProperty("primary", true);
+    ok->setDefault(true);
+    foot->addWidget(ok);
+    foot->addWidget(Button(u"cmdCancel"_s, window));
+    rows->addLayout(foot);
+    window.setMinimumWidth(860);
+    window.findChild<QLineEdit*>(u"txtCity"_s)->setFocus();
+}
+
+} // namespace vasclip::windows
