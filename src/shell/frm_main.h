@@ -162,6 +162,9 @@ private:
     void MenuChosen(const QString& array, int index);
     bool MediaChosen(const QString& array, int index); ///< @return false for an entry of other rooms
     void ShowTrash();
+    void CopyPhotos(const QString& word, const QString& caption);
+    void FindPhotos();
+    [[nodiscard]] QStringList OrphanLines(const std::function<bool()>& goOn) const;
     void ShowGeneralViews();
     void LaunchAppraisalProgram();
     void SetupChosen(int index);

@@ -44,6 +44,8 @@ std::span<const GuideTopic> GuideTopics()
         {"frm_SearchSQL"_L1, "search.md"_L1},
         {"frm_Comment"_L1, "phrases.md"_L1},
         {"frm_FKey"_L1, "phrases.md"_L1},
+        {"frm_CopyPics"_L1, "copy-photos.md"_L1},
+        {"frm_Double"_L1, "adjust.md"_L1},
         {"frm_GenView"_L1, "views.md"_L1},
         {"frm_Grid"_L1, "grid-layouts.md"_L1},
         {"frm_ChangeDB"_L1, "databases.md"_L1},
@@ -51,6 +53,7 @@ std::span<const GuideTopic> GuideTopics()
         {"frm_AttachCity"_L1, "city-listings.md"_L1},
         {"frm_MassCity"_L1, "cities.md"_L1},
         {"frm_Rename"_L1, "records.md"_L1},
+        {"frm_SearchPics"_L1, "find-photos.md"_L1},
         {"frm_Trash"_L1, "trashcan.md"_L1},
     };
     // clang-format on

@@ -15,6 +15,8 @@ void Layout_frm_Calendar(QDialog& window, forms::Screen& screen);
 void Layout_frm_SearchSQL(QDialog& window, forms::Screen& screen);
 void Layout_frm_Comment(QDialog& window, forms::Screen& screen);
 void Layout_frm_FKey(QDialog& window, forms::Screen& screen);
+void Layout_frm_CopyPics(QDialog& window, forms::Screen& screen);
+void Layout_frm_Double(QDialog& window, forms::Screen& screen);
 void Layout_frm_GenView(QDialog& window, forms::Screen& screen);
 void Layout_frm_Grid(QDialog& window, forms::Screen& screen);
 void Layout_frm_ChangeDB(QDialog& window, forms::Screen& screen);
@@ -22,6 +24,7 @@ void Layout_frm_Config(QDialog& window, forms::Screen& screen);
 void Layout_frm_AttachCity(QDialog& window, forms::Screen& screen);
 void Layout_frm_MassCity(QDialog& window, forms::Screen& screen);
 void Layout_frm_Rename(QDialog& window, forms::Screen& screen);
+void Layout_frm_SearchPics(QDialog& window, forms::Screen& screen);
 void Layout_frm_Trash(QDialog& window, forms::Screen& screen);
 
 } // namespace vasclip::windows

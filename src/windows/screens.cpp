@@ -27,6 +27,8 @@ std::span<const ScreenEntry> Screens()
         {"frm_SearchSQL"_L1, Layout_frm_SearchSQL},
         {"frm_Comment"_L1, Layout_frm_Comment},
         {"frm_FKey"_L1, Layout_frm_FKey},
+        {"frm_CopyPics"_L1, Layout_frm_CopyPics},
+        {"frm_Double"_L1, Layout_frm_Double},
         {"frm_GenView"_L1, Layout_frm_GenView},
         {"frm_Grid"_L1, Layout_frm_Grid},
         {"frm_ChangeDB"_L1, Layout_frm_ChangeDB},
@@ -34,6 +36,7 @@ std::span<const ScreenEntry> Screens()
         {"frm_AttachCity"_L1, Layout_frm_AttachCity},
         {"frm_MassCity"_L1, Layout_frm_MassCity},
         {"frm_Rename"_L1, Layout_frm_Rename},
+        {"frm_SearchPics"_L1, Layout_frm_SearchPics},
         {"frm_Trash"_L1, Layout_frm_Trash},
     };
     // clang-format on

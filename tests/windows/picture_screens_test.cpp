@@ -1,4 +1,7 @@
+#include "photos/frm_copy_pics.h"
+#include "photos/frm_double.h"
 #include "photos/frm_gen_view.h"
+#include "photos/frm_search_pics.h"
 #include "photos/frm_trash.h"
 #include "support/scripted_ports.h"
 #include "support/temp_home.h"
@@ -18,7 +21,9 @@
 #include <QListView>
 #include <QPainter>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScreen>
+#include <QSlider>
 #include <QTest>
 
 // The windows about the trash, copying, finding and adjusting pictures.
@@ -157,6 +162,86 @@ TEST_F(PictureScreens, TheViewDialogShowsEveryControlAndWorksByKeys)
     QTest::keyClick(list, Qt::Key_Return);
     EXPECT_FALSE(screen.IsOpen()) << "Return on a line takes it";
     EXPECT_EQ(screen.View(), u"KITCHEN"_s);
+    screen.End();
+}
+
+TEST_F(PictureScreens, TheCopyWindowShowsEveryControlAndWorksByKeys)
+{
+    for (int i = 0; i < 14; ++i)
+        PutPicture(u"C:\\CARD\\DSC_%1.JPG"_s.arg(4200 + i), 25 * i);
+    home.MakeDirs(u"C:\\VASSNAP"_s);
+    globals.lastCopy = u"C:\\CARD\\"_s;
+    photos::frm_CopyPics screen({.ports = ports.Get(), .disk = home.disk, .globals = globals}, globals, loader,
+                                u"READER"_s, u"Copy from Removal Media to C:\\VASSNAP\\"_s);
+    screen.Open();
+    ScreenWindow window(screen, guard);
+    Check(window);
+    auto* list = Get<QListView>(window, u"filListBox"_s);
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Home);
+    QTest::keyClick(list, Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(screen.filListBox.SelectedLines(), (QList<int>{0, 1}));
+    EXPECT_FALSE(Get<PictureView>(window, u"geaPreview"_s)->Picture().isNull());
+    screen.gauCopy.SetRange(1000);
+    screen.gauCopy.SetValue(420);
+    screen.gauCopy.SetCaption(u"Copying DSC_4205.JPG"_s);
+    Shoot(window, u"copy"_s);
+    screen.gauCopy.SetCaption({});
+    Get<QPushButton>(window, u"cmdCopy"_s)->click();
+    EXPECT_EQ(home.disk.Dir(u"C:\\VASSNAP\\*"_s), (QStringList{u"DSC_4200.JPG"_s, u"DSC_4201.JPG"_s}));
+    EXPECT_FALSE(screen.IsOpen());
+    screen.End();
+}
+
+TEST_F(PictureScreens, TheSearchWindowShowsEveryControlAndWorksByKeys)
+{
+    for (const QString& directory : {u"C:\\PICS\\2024\\"_s, u"C:\\PICS\\OAK ST\\"_s, u"C:\\PICS\\"_s})
+        home.Put(directory + u"A.JPG"_s);
+    globals.G_CaptureDir = u"C:\\PICS\\"_s;
+    photos::frm_SearchPics screen(ports.Get(), home.disk, globals,
+                                  [](const std::function<bool()>&) { return QStringList(); });
+    screen.Open();
+    ScreenWindow window(screen, guard);
+    Check(window);
+    Get<QRadioButton>(window, u"optSearch_3"_s)->click();
+    EXPECT_FALSE(Get<QRadioButton>(window, u"optSearch_2"_s)->isChecked());
+    Get<QPushButton>(window, u"cmdSearch"_s)->click();
+    auto* found = Get<QListView>(window, u"lstdirectory2"_s);
+    EXPECT_EQ(found->model()->rowCount(), 3);
+    found->setFocus();
+    QTest::keyClick(found, Qt::Key_Down);
+    Shoot(window, u"find"_s);
+    const QString chosen = screen.Chosen();
+    EXPECT_FALSE(chosen.isEmpty());
+    QTest::keyClick(found, Qt::Key_Return);
+    EXPECT_FALSE(screen.IsOpen());
+    EXPECT_EQ(screen.Chosen(), chosen);
+    screen.End();
+}
+
+TEST_F(PictureScreens, TheAdjustWindowShowsEveryControlAndWorksByKeys)
+{
+    globals.G_UserDir = u"C:\\VAS2000\\"_s;
+    home.MakeDirs(u"C:\\VAS2000"_s);
+    PutPicture(u"C:\\VASSNAP\\A.JPG"_s, 200);
+    photos::frm_Double screen({ports.Get(), home.disk, globals, loader}, u"C:\\VASSNAP\\A.JPG"_s);
+    screen.Open();
+    ScreenWindow window(screen, guard);
+    Check(window);
+    auto* quality = Get<QSlider>(window, u"hsbquality"_s);
+    quality->setFocus();
+    QTest::keyClick(quality, Qt::Key_PageDown);
+    EXPECT_EQ(screen.hsbquality.Value(), 80);
+    EXPECT_EQ(Get<QLabel>(window, u"lblQuality"_s)->text(), u"80"_s);
+    Get<QSlider>(window, u"hsbcapturebrightness"_s)->setValue(35);
+    EXPECT_FALSE(Get<PictureView>(window, u"bmpDouble2"_s)->Picture().isNull()) << "the preview is live";
+    QTest::mouseClick(Get<QLabel>(window, u"lblQualityCaption"_s), Qt::LeftButton);
+    EXPECT_EQ(quality->value(), 70);
+    Get<QPushButton>(window, u"cmdCompress"_s)->click();
+    Shoot(window, u"adjust"_s);
+    EXPECT_EQ(Get<QLabel>(window, u"lblPending"_s)->text(), u"Pending Changes*"_s);
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_FALSE(screen.IsOpen());
     screen.End();
 }
 

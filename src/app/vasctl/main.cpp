@@ -44,6 +44,14 @@ Commands:
   cities assign NEIGHBORHOOD --city CITY [--state ST] [--zip ZIP] [--county COUNTY]
                           gives them to every record of a neighborhood; what is left out becomes blank
   sql "SELECT ..."        a query in the program's SQL, read only
+  capture list [DIR]      the pictures of the capture directory, or of another one, and which are known there
+  capture copy DIR [NAME ...]
+                          copies pictures into the capture directory; asks about those that have come in before
+  trash list [--dir DIR]  the pictures of the trashcan, or of another one
+  trash restore NAME ... [--dir DIR]
+                          brings pictures back to the directory that the trashcan belongs to
+  trash empty [--before DATE] [--dir DIR]
+                          deletes them for good, or those of the date and older; asks first
   report status           the report that is open in the forms program
   report pages            its pages and what their slots hold
   report cells [FORM|ROW|CELL ...]
@@ -92,6 +100,10 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
         return RunFind(session, out, arguments, options);
     if (command == u"cities"_s)
         return RunCities(session, out, arguments, options);
+    if (command == u"capture"_s)
+        return RunCapture(session, out, arguments, options);
+    if (command == u"trash"_s)
+        return RunTrash(session, out, arguments, options);
     if (command == u"sql"_s)
         return RunSql(session, out, arguments);
     if (command == u"report"_s)
@@ -150,6 +162,8 @@ int main(int argc, char* argv[])
         {u"zip"_s, u"Its ZIP code."_s, u"ZIP"_s},
         {u"county"_s, u"Its county."_s, u"NAME"_s},
         {u"set"_s, u"Gives a field a value; may be given several times."_s, u"FIELD=VALUE"_s},
+        {u"dir"_s, u"A trash directory (that of the capture directory)."_s, u"DIR"_s},
+        {u"before"_s, u"Only pictures of this date or older."_s, u"DATE"_s},
         {u"where"_s, u"Only records for which this SQL condition holds."_s, u"SQL"_s},
         {u"sort"_s, u"Sort by a field; \"FIELD DESC\" for downward."_s, u"FIELD"_s},
         {u"limit"_s, u"At most so many records."_s, u"N"_s},

@@ -77,6 +77,10 @@ int RunFind(Session& session, const Output& out, const QStringList& arguments,
             const QCommandLineParser& options);
 int RunCities(Session& session, const Output& out, const QStringList& arguments,
               const QCommandLineParser& options);
+int RunCapture(Session& session, const Output& out, const QStringList& arguments,
+               const QCommandLineParser& options);
+int RunTrash(Session& session, const Output& out, const QStringList& arguments,
+             const QCommandLineParser& options);
 int RunSql(Session& session, const Output& out, const QStringList& arguments);
 int RunReport(Session& session, const Output& out, const QStringList& arguments);
 int RunRefresh(Session& session, const Output& out);

@@ -22,6 +22,9 @@ std::span<const TourStep> TourSteps()
         // photos
         {"general views"_L1, GeneralViews},
         {"trashcan"_L1, Trashcan},
+        {"copy and find photos"_L1, CopyAndFind},
+        {"adjust a photo"_L1, AdjustPhoto},
+        {"trash and restore"_L1, TrashAndRestore},
         // setting up
         {"grid layouts"_L1, GridLayouts},
         {"settings"_L1, Settings},

@@ -48,6 +48,10 @@ bool CalendarOfADate(const Stage& stage);
 // tour/photos.cpp
 bool GeneralViews(const Stage& stage);
 bool Trashcan(const Stage& stage);
+// tour/media.cpp
+bool CopyAndFind(const Stage& stage);
+bool AdjustPhoto(const Stage& stage);
+bool TrashAndRestore(const Stage& stage);
 
 // tour/settings.cpp
 bool GridLayouts(const Stage& stage);

@@ -1,0 +1,122 @@
+// The steps of the tour about the capture directory: copying, finding, adjusting, the trash.
+
+#include "app/vasclip/tour/steps.h"
+
+#include "link/link_desk.h"
+#include "photos/content.h"
+#include "photos/frm_double.h"
+#include "photos/trash.h"
+
+#include <QAbstractButton>
+#include <QListView>
+#include <QSlider>
+
+namespace vasclip::app {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+bool Press(QWidget& dialog, const QString& button)
+{
+    auto* found = dialog.findChild<QAbstractButton*>(button);
+    if (found != nullptr)
+        found->click();
+    return found != nullptr;
+}
+
+/// A copy of the first capture picture to play with; "" if there is none.
+QString PlayPicture(const Stage& stage, const QString& directory)
+{
+    const files::Disk& disk = stage.main.Base().disk;
+    const QString capture = stage.main.globals.G_CaptureDir;
+    const QStringList names = photos::PictureNames(disk, capture, photos::kCapturePatterns);
+    if (names.isEmpty())
+        return {};
+    if (!disk.DirExists(directory))
+        disk.MkDir(directory.chopped(1));
+    disk.FileCopy(capture + names.first(), directory + u"TOUR.JPG"_s);
+    return directory + u"TOUR.JPG"_s;
+}
+
+} // namespace
+
+bool CopyAndFind(const Stage& stage)
+{
+    const auto look = [&](const QString& entry, const QString& name) {
+        bool chosen = false;
+        const bool shown = stage.tour.During(
+            entry, [&] { chosen = stage.tour.Choose(stage.window, entry); },
+            [&](QWidget& dialog) { stage.tour.Shoot(dialog, name); });
+        return chosen && shown;
+    };
+    const QString last = stage.main.globals.lastCopy;
+    const bool copy = look(u"File > Copy Photos - From Reader"_s, u"copy-photos"_s);
+    stage.main.globals.lastCopy = last;
+    const bool find = look(u"File > Find Photos"_s, u"find-photos"_s);
+    stage.tour.Step(u"Looked at copying from a card and at the search for photos."_s);
+    return copy && find;
+}
+
+bool AdjustPhoto(const Stage& stage)
+{
+    const auto& base = stage.main.Base();
+    const QString directory = stage.main.globals.G_UserDir;
+    const QString picture = PlayPicture(stage, directory);
+    if (picture.isEmpty())
+        return stage.tour.Fail(u"The capture directory has no picture to adjust."_s);
+    const QByteArray before = base.disk.ReadWhole(picture);
+    bool compressed = false, back = false;
+    photos::frm_Double screen({base.ports, base.disk, stage.main.globals, stage.main.Link().loader}, picture);
+    const bool shown = stage.tour.During(
+        u"the adjust window"_s, [&] { base.ports.screens.ShowModal(screen); },
+        [&](QWidget& dialog) {
+            if (auto* bar = dialog.findChild<QSlider*>(u"hsbcapturebrightness"_s))
+                bar->setValue(25);
+            if (auto* bar = dialog.findChild<QSlider*>(u"hsbquality"_s))
+                bar->setValue(60);
+            compressed = Press(dialog, u"cmdCompress"_s) && base.disk.ReadWhole(picture) != before;
+            stage.tour.Shoot(dialog, u"adjust"_s);
+            back = Press(dialog, u"cmdCancel"_s) && base.disk.ReadWhole(picture) == before;
+            Press(dialog, u"cmdExit"_s);
+        });
+    base.disk.Kill(picture);
+    stage.tour.Step(u"Compressed a photo, and took that back."_s);
+    return shown && compressed && back;
+}
+
+bool TrashAndRestore(const Stage& stage)
+{
+    const auto& base = stage.main.Base();
+    const QString capture = stage.main.globals.G_CaptureDir;
+    const QString trash = photos::TrashDirectory(capture);
+    const QString picture = PlayPicture(stage, trash);
+    if (picture.isEmpty())
+        return stage.tour.Fail(u"The capture directory has no picture for the trash."_s);
+    bool chosen = false;
+    const bool shown = stage.tour.During(
+        u"Maintenance > Trashcan Maintenance"_s,
+        [&] { chosen = stage.tour.Choose(stage.window, u"Maintenance > Trashcan Maintenance"_s); },
+        [&](QWidget& dialog) {
+            auto* list = dialog.findChild<QListView*>(u"lstfiles"_s);
+            if (!list)
+                return;
+            for (int row = 0; row < list->model()->rowCount(); ++row) {
+                const QModelIndex line = list->model()->index(row, 0);
+                if (line.data().toString().startsWith(u"TOUR.JPG|"_s))
+                    list->setCurrentIndex(line);
+            }
+            stage.tour.Shoot(dialog, u"trash-restore"_s);
+            Press(dialog, u"cmdRestore"_s);
+            Press(dialog, u"cmdExit"_s);
+        });
+    const bool back = base.disk.FileExists(capture + u"TOUR.JPG"_s) && !base.disk.Found(picture);
+    for (const QString& left : {capture + u"TOUR.JPG"_s, picture}) {
+        if (base.disk.Found(left))
+            base.disk.Kill(left);
+    }
+    stage.tour.Step(u"Restored a photo from the trashcan."_s);
+    return shown && chosen && back;
+}
+
+} // namespace vasclip::app

@@ -1,0 +1,100 @@
+#include "app/vasctl/session.h"
+
+#include "common/dates.h"
+#include "common/paths.h"
+#include "photos/trash.h"
+#include "photos/trash_messages.h"
+#include "platform/text/dates.h"
+#include "platform/text/text.h"
+
+namespace vasclip::vasctl {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+int List(Session& session, const Output& out, const QString& trash)
+{
+    QList<QStringList> rows;
+    for (const photos::TrashedFile& file : photos::TrashedFiles(session.Disk(), trash))
+        rows.append({file.name, text::Dec(file.bytes), file.modified.toString(Qt::ISODate)});
+    out.Table({u"NAME"_s, u"BYTES"_s, u"SAVED"_s}, rows);
+    return kDone;
+}
+
+int Restore(Session& session, const Output& out, const photos::TrashDesk& desk, const QString& trash,
+            const QStringList& names)
+{
+    for (const QString& name : names) {
+        switch (photos::RestoreFromTrash(desk, trash, name)) {
+        case photos::Restored::Yes:
+            out.Line(u"%1 is back in %2"_s.arg(name, photos::TrashParentDir(trash)));
+            break;
+        case photos::Restored::Missing:
+            out.Error(u"There is no picture '%1' in %2; 'vasctl trash list' shows what is there."_s.arg(name,
+                                                                                                 trash));
+            return kNotFound;
+        case photos::Restored::Declined:
+            return session.Prompter().Declined() ? kDeclined : kFailed;
+        }
+    }
+    return kDone;
+}
+
+int Empty(Session& session, const Output& out, const photos::TrashDesk& desk, const QString& trash,
+          const QString& before)
+{
+    const QDate today = desk.ports.clock.Today();
+    QDate last;
+    if (!before.isEmpty()) {
+        if (!common::IsDate(before, today)) {
+            out.Error(u"'%1' is no date."_s.arg(before));
+            return kUsage;
+        }
+        last = text::ReadDate(before, today)->date();
+    }
+    QStringList names;
+    for (const photos::TrashedFile& file : photos::TrashedFiles(session.Disk(), trash)) {
+        if (!last.isValid() || file.modified.date() <= last)
+            names.append(file.name);
+    }
+    if (names.isEmpty()) {
+        out.Line(photos::kPhotosErased.arg(0));
+        return kDone;
+    }
+    if (!session.Prompter().YesNo({}, photos::kEraseSelected))
+        return kDeclined;
+    const photos::Emptied done = photos::EmptyTrash(desk, trash, names);
+    if (done.left.isEmpty()) {
+        out.Line(photos::kPhotosErased.arg(done.deleted.size()));
+        return kDone;
+    }
+    out.Error(photos::kNotErased.arg(done.deleted.size()).arg(done.left.join(u", "_s)));
+    return kFailed;
+}
+
+} // namespace
+
+int RunTrash(Session& session, const Output& out, const QStringList& arguments,
+             const QCommandLineParser& options)
+{
+    const QString verb = arguments.value(0);
+    auto& main = session.Main();
+    const QString trash = options.isSet(u"dir"_s) ? common::CkRSlash(options.value(u"dir"_s))
+                                                  : photos::TrashDirectory(main.globals.G_CaptureDir);
+    if (!photos::IsInTrashCan(trash)) {
+        out.Error(u"%1 is no trash directory: its name is not TRASHCAN."_s.arg(trash));
+        return kUsage;
+    }
+    const photos::TrashDesk desk{session.Ports(), session.Disk(), main.globals};
+    if (verb == u"list"_s && arguments.size() == 1)
+        return List(session, out, trash);
+    if (verb == u"restore"_s && arguments.size() >= 2)
+        return Restore(session, out, desk, trash, arguments.mid(1));
+    if (verb == u"empty"_s && arguments.size() == 1)
+        return Empty(session, out, desk, trash, options.value(u"before"_s));
+    out.Error(u"Usage: vasctl trash list | restore NAME ... | empty [--before DATE], each with [--dir DIR]"_s);
+    return kUsage;
+}
+
+} // namespace vasclip::vasctl

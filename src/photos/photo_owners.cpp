@@ -1,0 +1,30 @@
+#include "photos/photo_owners.h"
+
+#include "photos/photo_lists.h"
+#include "platform/text/text.h"
+
+namespace vasclip::photos {
+
+using namespace Qt::Literals::StringLiterals;
+
+PhotoOwners::PhotoOwners(const store::DataSource& databook, QString table)
+    : m_databook(databook)
+    , m_table(std::move(table))
+{}
+
+QString PhotoOwners::Of(const QString& stem)
+{
+    if (!m_read && m_databook.Bound()) {
+        const auto rows = m_databook.Database().OpenRecordset(
+            u"SELECT CENTRALKEY, PHOTOS FROM ["_s + m_table + u']', engine::RecordsetType::Dynaset);
+        for (; !rows->Eof(); rows->MoveNext()) {
+            const QString key = text::Trim(rows->Value(u"CENTRALKEY"_s).toString());
+            for (const auto& [view, named] : ParsePhotos(rows->Value(u"PHOTOS"_s).toString()))
+                m_keys.insert(text::Folded(named), key);
+        }
+        m_read = true;
+    }
+    return m_keys.value(text::Folded(stem));
+}
+
+} // namespace vasclip::photos

@@ -1,0 +1,94 @@
+// vasctl's commands about the capture directory and the trash, on a demo home.
+
+#include "support/processes.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::Literals::StringLiterals;
+using namespace vasclip::tests;
+
+namespace {
+
+constexpr int kDone = 0, kUsage = 2, kNotFound = 3, kDeclined = 4;
+
+class VasctlMedia : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(home.Make());
+        const QString directory =
+            home.Vasctl({u"settings"_s, u"get"_s, u"CAPTUREDIR"_s}).Object()[u"value"_s].toString();
+        capture = home.Native(directory.mid(3).replace(u'\\', u'/'));
+        while (capture.endsWith(u'/'))
+            capture.chop(1);
+        ASSERT_TRUE(QDir().mkpath(home.Native(u"CARD"_s)));
+        ASSERT_TRUE(QDir().mkpath(capture));
+        Put(home.Native(u"CARD/ZA.JPG"_s), "picture a");
+        Put(home.Native(u"CARD/ZB.JPG"_s), "picture b");
+    }
+    static void Put(const QString& path, const QByteArray& content)
+    {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+        file.write(content);
+    }
+    static QByteArray Read(const QString& path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    ProgramHome home;
+    QString capture;
+};
+
+TEST_F(VasctlMedia, CopiesFromACardAndKnowsWhatHasComeInBefore)
+{
+    auto copied = home.Vasctl({u"capture"_s, u"copy"_s, u"C:\\CARD"_s, u"ZA.JPG"_s});
+    EXPECT_EQ(copied.code, kDone) << copied.err.toStdString();
+    EXPECT_EQ(copied.Object()[u"copied"_s].toInt(), 1);
+    EXPECT_EQ(Read(capture + u"/ZA.JPG"_s), "picture a");
+    const auto listed = home.Vasctl({u"capture"_s, u"list"_s, u"C:\\CARD"_s}).Array();
+    ASSERT_EQ(listed.size(), 2);
+    EXPECT_TRUE(listed[0].toObject()[u"KNOWN"_s].toString().startsWith(u"here as "_s));
+    EXPECT_EQ(listed[1].toObject()[u"KNOWN"_s].toString(), u"new"_s);
+    copied = home.Vasctl({u"capture"_s, u"copy"_s, u"C:\\CARD"_s});
+    EXPECT_EQ(copied.Object()[u"copied"_s].toInt(), 1);
+    EXPECT_EQ(copied.Object()[u"there"_s].toInt(), 1);
+    Put(home.Native(u"CARD/ZC.JPG"_s), "picture b");
+    EXPECT_EQ(home.Vasctl({u"capture"_s, u"copy"_s, u"C:\\CARD"_s, u"ZC.JPG"_s, u"--answer"_s, u"cancel"_s}).code,
+              kDeclined);
+    EXPECT_FALSE(QFile::exists(capture + u"/ZC.JPG"_s));
+    EXPECT_EQ(home.Vasctl({u"capture"_s, u"copy"_s, u"C:\\NOWHERE"_s}).code, kNotFound);
+    EXPECT_EQ(home.Vasctl({u"capture"_s, u"copy"_s, u"C:\\CARD"_s, u"NONE.JPG"_s}).code, kNotFound);
+    EXPECT_EQ(home.Vasctl({u"capture"_s, u"copy"_s}).code, kUsage);
+    bool found = false;
+    for (const QJsonValue& row : home.Vasctl({u"capture"_s, u"list"_s}).Array())
+        found = found || row.toObject()[u"NAME"_s].toString() == u"ZA.JPG"_s;
+    EXPECT_TRUE(found);
+}
+
+TEST_F(VasctlMedia, ListsRestoresAndEmptiesTheTrash)
+{
+    const QString trash = capture + u"/TRASHCAN"_s;
+    ASSERT_TRUE(QDir().mkpath(trash));
+    for (const QString& name : {u"ZT1.JPG"_s, u"ZT2.JPG"_s})
+        Put(trash + u'/' + name, "trashed " + name.toUtf8());
+    const qsizetype before = home.Vasctl({u"trash"_s, u"list"_s}).Array().size();
+    EXPECT_GE(before, 2);
+    EXPECT_EQ(home.Vasctl({u"trash"_s, u"restore"_s, u"zt1.jpg"_s}).code, kDone);
+    EXPECT_EQ(Read(capture + u"/ZT1.JPG"_s), "trashed ZT1.JPG");
+    EXPECT_EQ(home.Vasctl({u"trash"_s, u"restore"_s, u"ZT1.JPG"_s}).code, kNotFound);
+    Put(capture + u"/ZT2.JPG"_s, "another");
+    EXPECT_EQ(home.Vasctl({u"--no"_s, u"trash"_s, u"restore"_s, u"ZT2.JPG"_s}).code, kDeclined);
+    EXPECT_EQ(Read(capture + u"/ZT2.JPG"_s), "another");
+    EXPECT_EQ(home.Vasctl({u"--no"_s, u"trash"_s, u"empty"_s}).code, kDeclined);
+    EXPECT_EQ(home.Vasctl({u"--yes"_s, u"trash"_s, u"empty"_s, u"--before"_s, u"1/2/1990"_s}).code, kDone);
+    EXPECT_TRUE(QFile::exists(trash + u"/ZT2.JPG"_s)) << "it is younger";
+    EXPECT_EQ(home.Vasctl({u"trash"_s, u"empty"_s, u"--before"_s, u"someday"_s}).code, kUsage);
+    EXPECT_EQ(home.Vasctl({u"--yes"_s, u"trash"_s, u"empty"_s}).code, kDone);
+    EXPECT_TRUE(home.Vasctl({u"trash"_s, u"list"_s}).Array().isEmpty());
+    EXPECT_EQ(home.Vasctl({u"trash"_s, u"list"_s, u"--dir"_s, u"C:\\CARD"_s}).code, kUsage);
+}
+
+} // namespace
