@@ -82,11 +82,10 @@ constexpr SettingRow Street(QLatin1StringView key, QString Globals::*target)
 // clang-format off
 constexpr SettingRow kSettings[] = {
     Name(IniFile::Application, "PRODUCT INFO"_L1, "COMPANY NAME"_L1, "Ostrand Ltd."_L1, ReadRule::TrimmedText, &Globals::companyName),
+    Name(IniFile::Application, "PRODUCT INFO"_L1, "WEBSITE"_L1, ""_L1, ReadRule::TrimmedText, &Globals::website),
     Name(IniFile::Application, kProgramAlias, "Vasclip"_L1, "Vasclip"_L1, ReadRule::TrimmedText, &Globals::productName),
     Name(IniFile::Kel, "VENDOR"_L1, "ApplicationName"_L1, "Korvat Forms"_L1, ReadRule::TrimmedText, &Globals::formsProgram),
     Name(IniFile::Application, kProgramAlias, "Korvat Pointer"_L1, "Korvat Atlas"_L1, ReadRule::Text, &Globals::mapName),
-
-    Name(IniFile::Application, "PRODUCT INFO"_L1, "WEBSITE"_L1, ""_L1, ReadRule::TrimmedText, &Globals::website),
 
     Dir("APPDIR"_L1, "C:\\VAS2000"_L1, &Globals::G_ProgramDir),
     Dir("USERDIR"_L1, "C:\\VAS2000"_L1, &Globals::G_UserDir),

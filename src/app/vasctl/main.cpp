@@ -67,9 +67,12 @@ Commands:
   photos delete KEY VIEW  asks first; the picture goes back to the capture directory
   photos orphans          photos whose files are gone, and stored files that no record names
   photos verify           decodes every stored photo; exit code 1 if one is lost or damaged
-  transfer subject | comps [N] | alternates [N] | listings [N] | rentals [N] | all
-           [--data] [--pictures]  stores the report's columns, their pictures, or (with neither option) both as
-                          records of the Databook; asks before it replaces a record's data
+  transfer subject        the report's columns become records of the Databook, with their pictures; asks before it
+  transfer comps [N]      replaces a record's data. With a number that column alone, else all of its kind;
+  transfer alternates [N] --data stores the data alone, --pictures the pictures alone
+  transfer listings [N]
+  transfer rentals [N]
+  transfer all
   layouts list            the saved layouts of the grid
   layouts show NAME       its columns in their order
   layouts save NAME       the layout that the program left, under a name
