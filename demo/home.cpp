@@ -1,6 +1,7 @@
 #include "demo/home.h"
 
 #include "demo/artwork.h"
+#include "demo/card.h"
 #include "demo/databook_file.h"
 #include "demo/forms_files.h"
 #include "demo/home_marker.h"
@@ -22,6 +23,7 @@ const QString kProgram = u"C:\\VAS2000\\"_s;
 const QString kDatabook = u"C:\\DATABOOK\\DATABOOK.MDB"_s;
 const QString kPhotos = u"C:\\VASCLIPS\\JPG\\"_s;
 const QString kCapture = u"C:\\VASSNAP\\"_s;
+const QString kCard = u"C:\\CARD\\DCIM\\100DEMO\\"_s;
 
 /// With the directories above it.
 void MakeDirectory(const files::Disk& disk, const QString& path)
@@ -112,6 +114,12 @@ HomeOutcome MakeHome(const HomeOptions& options, const std::function<void(const 
     ShootAll(disk, shots, [&](int done) {
         if (done % 40 == 0 || done == shots.size())
             say(u"Pictures: %1 of %2"_s.arg(done).arg(shots.size()));
+    });
+
+    MakeDirectory(disk, kCard);
+    MakeCard(disk, kCard, [&](int done) {
+        if (done % 50 == 0)
+            say(u"Card: %1 of %2"_s.arg(done).arg(kCardPictures));
     });
 
     MarkHome(directory, HomeState::Complete, options.comps);

@@ -1,7 +1,11 @@
 #pragma once
 
+#include "drops/drag.h"
+#include "drops/drop_table.h"
 #include "shell/frm_main.h"
 #include "windows/drop_port.h"
+
+#include <QFileInfo>
 
 namespace vasclip::app {
 
@@ -13,10 +17,8 @@ public:
         : m_main(main)
     {}
 
-    [[nodiscard]] bool IsSource(const forms::Control& source) const override
-    {
-        return &source == &m_main.records.grddatabook && m_main.records.grddatabook.Row() >= 0;
-    }
+    [[nodiscard]] bool IsSource(const forms::Control& source) const override { return m_main.CanStart(source); }
+    void Begin(const forms::Control& source, int shift) override { m_drag = m_main.BeginDrag(source, shift); }
     [[nodiscard]] bool Accepts(const QString& source, const forms::Control& target) const override
     {
         return m_main.Accepts(source, target);
@@ -24,12 +26,33 @@ public:
     void DragOver(const QString& source, const QString& target) override { m_main.DragOver(source, target); }
     void Drop(forms::Control& source, forms::Control& target) override
     {
-        if (IsSource(source))
-            m_main.Drop(m_main.grddatabook_dragCell(), target);
+        if (m_drag.source != source.Name() || m_drag.index != source.Index())
+            m_drag = m_main.BeginDrag(source);
+        const drops::Drag drag = std::exchange(m_drag, {});
+        m_main.Drop(drag, target);
     }
+    [[nodiscard]] QString FileOf(const forms::Control& source) const override
+    {
+        return m_main.NativeFileOf(source);
+    }
+    [[nodiscard]] bool AcceptsFiles(const forms::Control& target) const override
+    {
+        return m_main.Accepts(drops::kFiles, target);
+    }
+    void DropFiles(const QStringList& files, forms::Control& target) override
+    {
+        QStringList paths;
+        for (const QString& file : files)
+            if (const auto path = m_main.Base().disk.ToDrivePath(file); path && QFileInfo(file).isFile())
+                paths.append(*path);
+        if (!paths.isEmpty())
+            m_main.DropFiles(paths, target);
+    }
+    forms::Menu* MenuOver(const forms::Control& control) override { return m_main.MenuOver(control); }
 
 private:
     shell::frm_Main& m_main;
+    drops::Drag m_drag;
 };
 
 } // namespace vasclip::app

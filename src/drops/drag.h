@@ -2,6 +2,8 @@
 
 #include "forms/controls.h"
 
+#include <QStringList>
+
 namespace vasclip::drops {
 
 /// A drag of a named source.
@@ -11,6 +13,16 @@ struct Drag
     int index = -1;      ///< of a control array
     QString key;         ///< CENTRALKEY of the record being dragged, if it is one
     QString picturePath; ///< drive path of the picture being dragged, may be empty
+    QStringList files = {}; ///< drive paths, when they come from another program
+};
+
+/// What is being dragged, written when a drag starts and kept until the next one.
+struct DragState
+{
+    QString DragSource;     ///< "FILCAPTURE", "THUMB", "KEL"; "" for a record of the grid
+    QString DraggedPicture; ///< full path, or empty
+    qint16 DragIndex = -1;
+    qint16 DragShift = 0;   ///< state of the shift keys at the press
 };
 
 /// What a drop came to.
@@ -19,6 +31,7 @@ struct Outcome
     bool done = false;
     QString message; ///< for the status line; may be empty
     forms::Colour colour = forms::Colour::Normal;
+    QString record = {}; ///< key of the record that has changed and should be on show; may be empty
 };
 
 } // namespace vasclip::drops

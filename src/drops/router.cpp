@@ -1,106 +1,137 @@
 #include "drops/router.h"
 
-#include "link/drop_comp.h"
+#include "drops/actions.h"
+#include "drops/slot.h"
 #include "link/slot_icons.h"
-#include "link/slot_photos.h"
 #include "link/tabs.h"
-#include "photos/photo_lists.h"
 #include "platform/text/text.h"
+
+#include <QScopedValueRollback>
+
+#include <algorithm>
 
 namespace vasclip::drops {
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
-const QString kFrontView = u"FRONT VIEW"_s;
-
-/// The three controls of one slot, and what refreshes the icons of its tab.
-struct Slot
-{
-    forms::TextBox& text;
-    forms::PictureBox& photo;
-    forms::PictureBox& data;
-    void (*refreshIcons)(link::LinkDesk&);
-};
-
-Slot SlotOf(link::LinkDesk& desk, const DropRule& rule, int index)
-{
-    if (rule.compType == "SALE"_L1)
-        return {desk.report.txtComp(index), desk.slots.imaComp(index), desk.slots.geaComp(index),
-                &link::RefreshCompIcons};
-    if (rule.compType == "ALT"_L1)
-        return {desk.report.txtAltComp(index), desk.slots.imaAltComp(index), desk.slots.geaAltComp(index),
-                &link::RefreshAltCompIcons};
-    if (rule.compType == "LIST"_L1)
-        return {desk.report.txtListing(index), desk.slots.imaListing(index), desk.slots.geaListing(index),
-                &link::RefreshListingIcons};
-    return {desk.report.txtRental(index), desk.slots.imaRental(index), desk.slots.geaRental(index),
-            &link::RefreshRentalIcons};
-}
-
-/// A slot shows the address in the user's case where that is the key but for case; a record whose ADDRESS has
-/// been edited away from its key shows the key, or its slot would not find it again.
-QString SlotText(const link::LinkState& state)
-{
-    const bool same = text::Folded(state.displayAddress) == text::Folded(state.currentKey);
-    return text::Trim(same ? state.displayAddress : state.currentKey);
-}
-
-/// Does the report show a picture in the slot, as far as was read or sent?
-bool ReportShowsPhoto(const link::LinkDesk& desk, const forms::PictureBox& photo)
-{
-    const QString entry = u';' + link::ImageObjectName(photo.Name(), photo.Index());
-    return !text::Trim(desk.loader.Table().ErrGetPict(photo)).isEmpty() ||
-           (u';' + desk.addr.txtKelimages.Text()).contains(entry, Qt::CaseInsensitive);
-}
-
-enum class PhotoSent { Yes, None, Failed };
-
-/// Sends the front view of the record that datDatabook stands on. Without one the slot is emptied here and in
-/// the report, where the picture of the comp before would stand beside the new one's data.
-PhotoSent SendFrontView(link::LinkDesk& desk, forms::PictureBox& photo)
-{
-    photos::ReadPhotoLists(desk.sources.datDatabook, desk.lists.lstViews, desk.lists.lstimages);
-    const bool hasView = desk.lists.lstViews.IndexOf(kFrontView) >= 0;
-    if (!hasView && ReportShowsPhoto(desk, photo) && !link::ClearSlotPhoto(desk, photo, false))
-        return PhotoSent::Failed;
-    if (!link::SendKelTheView(desk, photo, photo, photo.Index(), kFrontView))
-        return PhotoSent::Failed;
-    return hasView ? PhotoSent::Yes : PhotoSent::None;
-}
-
-/// Raises a flag for a scope.
-class Busy
-{
-public:
-    explicit Busy(bool& flag)
-        : m_flag(flag)
-    {
-        m_flag = true;
-    }
-    ~Busy() { m_flag = false; }
-    Busy(const Busy&) = delete;
-    Busy& operator=(const Busy&) = delete;
-
-private:
-    bool& m_flag;
-};
-
-} // namespace
-
-Router::Router(link::LinkDesk& desk)
-    : m_desk(desk)
+Router::Router(DropDesk desk)
+    : m_desk(std::move(desk))
 {}
+
+Router::Place Router::PlaceOf(const QString& target)
+{
+    const QString name = text::Folded(target);
+    const bool report = name.contains("SUBJECT"_L1) || name.contains("COMP"_L1) || name.contains("LISTING"_L1) ||
+                        name.contains("RENTAL"_L1) || name.contains("GENERAL"_L1);
+    if (!report || name == "FRAADDACOMP"_L1 || name == "TXTADDACOMP"_L1)
+        return Place::Elsewhere;
+    if (name.startsWith("IMA"_L1))
+        return Place::PhotoSlot;
+    return name == "TXTSUBJECT"_L1 ? Place::Subject : Place::TextOrData;
+}
 
 bool Router::Accepts(const QString& source, const forms::Control& target) const
 {
     const DropRule* rule = RuleFor(source, target.Name());
-    if (!rule || !target.Enabled() ||
-        link::SlotPageNotAvailable(m_desk.report, target.Name(), target.Index()))
+    if (!rule || !target.Enabled())
         return false;
-    // The data box of a comp that the form does not have stays enabled; its text slot does not.
-    return SlotOf(m_desk, *rule, target.Index()).text.Enabled();
+    const bool saves = rule->action == DropAction::SaveData || rule->action == DropAction::SavePhoto ||
+                       rule->action == DropAction::SaveBoth;
+    if (saves && !m_desk.routines.save)
+        return false;
+    if (PlaceOf(target.Name()) == Place::Elsewhere)
+        return true;
+    if (link::SlotPageNotAvailable(m_desk.link.report, target.Name(), target.Index()))
+        return false;
+    // The photo and the data box of a comp that the form does not have stay enabled; its text slot does not.
+    const Slot slot = SlotOf(m_desk.link, rule->group, target.Index());
+    return rule->group == "GENERAL"_L1 || slot.text.Enabled();
+}
+
+bool Router::CanStart(const forms::Control& source) const
+{
+    const QString name = text::Folded(source.Name());
+    const photos::SlotTable& table = m_desk.link.loader.Table();
+    const auto matrix = Matrix();
+    if (std::none_of(matrix.begin(), matrix.end(), [&](const DropRule& rule) { return rule.source == name; }))
+        return false;
+    if (&source == &m_desk.grddatabook)
+        return m_desk.grddatabook.Row() >= 0;
+    if (name == "FILCAPTURE"_L1)
+        return !m_desk.capture.SelectedFile().isEmpty();
+    if (name == "GEATHUMB"_L1)
+        return source.Visible() && !table.ErrGetPict(source).isEmpty();
+    if (name == "GEALISTBOX"_L1 || name == "GEAMAINTAIN"_L1)
+        return !text::Trim(table.ErrGetPict(source)).isEmpty();
+    if (PlaceOf(name) == Place::PhotoSlot)
+        return !text::Trim(table.ErrGetPict(source)).isEmpty();
+    if (name.startsWith("GEA"_L1) && PlaceOf(name) == Place::TextOrData) { // with the text of its slot
+        const DropRule* rule = RuleFor(name, u"GRDDATABOOK"_s);
+        return rule && !text::Trim(SlotOf(m_desk.link, rule->group, source.Index()).text.Text()).isEmpty();
+    }
+    if (name != "TXTMAPADDRESS"_L1 && PlaceOf(name) == Place::Elsewhere)
+        return false;
+    const auto* box = qobject_cast<const forms::TextBox*>(&source);
+    return box != nullptr && !text::Trim(box->Text()).isEmpty();
+}
+
+QString Router::KeyOf(const forms::Control& source) const
+{
+    const QString name = text::Folded(source.Name());
+    if (name == "GRDDATABOOK"_L1)
+        return text::Trim(m_desk.grddatabook.CurrentText(u"CENTRALKEY"_s));
+    if (name == "TXTMAPADDRESS"_L1 || name == "MAPVIEW"_L1 || name == "GEAMAPPHOTO"_L1)
+        return text::Folded(m_desk.link.report.txtMapAddress.Text());
+    return {};
+}
+
+Drag Router::Begin(const forms::Control& source, int shift)
+{
+    const QString name = text::Folded(source.Name());
+    m_state.DragSource = KindOfSource(name);
+    if (name == "GEATHUMB"_L1)
+        m_desk.capture.geathumb_MouseDown(source.Index());
+    QString picture;
+    if (name == "FILCAPTURE"_L1)
+        picture = m_desk.capture.SelectedFile();
+    else if (qobject_cast<const forms::PictureBox*>(&source) != nullptr)
+        picture = m_desk.link.loader.Table().ErrGetPict(source);
+    m_state.DraggedPicture = text::Trim(picture).isEmpty() ? QString() : picture;
+    if (m_state.DragSource == "KEL"_L1) {
+        m_state.DragIndex = static_cast<qint16>(source.Index());
+        m_state.DragShift = static_cast<qint16>(shift);
+    }
+    return {source.Name(), source.Index(), KeyOf(source), m_state.DraggedPicture, {}};
+}
+
+Drag Router::BeginFiles(const QStringList& files)
+{
+    m_state.DragSource = KindOfSource(kFiles);
+    m_state.DraggedPicture = files.value(0);
+    return {kFiles, -1, {}, files.value(0), files};
+}
+
+/// In this order; what fails ends the drop.
+bool Router::Guards(const Drag& drag, const DropRule& rule, forms::Control& target)
+{
+    link::LinkDesk& desk = m_desk.link;
+    const Place place = PlaceOf(target.Name());
+    if (place != Place::Elsewhere && !link::KelIsActive(desk))
+        return false;
+    if (!Accepts(drag.source, target))
+        return false;
+    const bool alive = place == Place::PhotoSlot ||
+                       (place == Place::Subject && text::Folded(drag.source) != "GRDDATABOOK"_L1);
+    if (alive && !link::TestKelLabel(desk.addr)) {
+        desk.ports.prompter.Box(desk.globals.productName, u"KEL is not active"_s);
+        return false;
+    }
+    if (place != Place::PhotoSlot)
+        return true;
+    const QString file =
+        text::Trim(desk.loader.Table().ErrGetPict(SlotOf(desk, rule.group, target.Index()).photo));
+    return file.isEmpty() || desk.ports.prompter.YesNo(desk.globals.productName,
+                                                       u"Overwrite %1?  Are you sure?"_s.arg(file));
 }
 
 Outcome Router::Drop(const Drag& drag, forms::Control& target)
@@ -111,45 +142,57 @@ Outcome Router::Drop(const Drag& drag, forms::Control& target)
     // A turn of the queue can bring a drop into the middle of other work on the same slots and records.
     if (m_busy)
         return {false, u"The drop before this one is still on its way. Drop it again in a moment."_s,
-                forms::Colour::Red};
-    if (m_desk.state.refreshing)
-        return {false, u"The report is being read. Drop it again in a moment."_s, forms::Colour::Red};
-    const Busy busy{m_busy};
-    if (!link::KelIsActive(m_desk) || !Accepts(drag.source, target))
+                forms::Colour::Red, {}};
+    if (m_desk.link.state.refreshing)
+        return {false, u"The report is being read. Drop it again in a moment."_s, forms::Colour::Red, {}};
+    const QScopedValueRollback<bool> busy(m_busy, true);
+    if (!Guards(drag, *rule, target))
         return {};
-    return PasteComp(drag, target, *rule);
+    const forms::Hourglass hourglass(m_desk.link.ports.window);
+    return Run(drag, target, *rule);
 }
 
-Outcome Router::PasteComp(const Drag& drag, forms::Control& target, const DropRule& rule)
+Outcome Router::Run(const Drag& drag, forms::Control& target, const DropRule& rule)
 {
-    const Slot slot = SlotOf(m_desk, rule, target.Index());
-    m_desk.state.dragSourceIndex = -1;
-    m_desk.state.currentKey = text::Folded(drag.key);
-
-    m_desk.ports.window.AppActivate();
-    const link::DropOutcome result = link::DropComp(m_desk, target, slot.photo, rule.compType, false);
-    m_desk.ports.window.AppActivate();
-    if (result == link::DropOutcome::Incomplete)
-        return {false, u"Only a part of %1 reached the report. Drop it again."_s.arg(drag.key),
-                forms::Colour::Red};
-    if (result == link::DropOutcome::NotFound)
-        return {false, u"%1 is no longer in the Databook."_s.arg(drag.key), forms::Colour::Red};
-    if (result != link::DropOutcome::Sent)
-        return {};
-
-    slot.text.SetText(SlotText(m_desk.state));
-    PhotoSent photo = PhotoSent::Yes;
-    if (rule.action == DropAction::PasteCompAndPhoto)
-        photo = SendFrontView(m_desk, slot.photo);
-    m_desk.loader.ErrLoadPict(slot.data, m_desk.globals.G_ProgramDir + u"Addendum_Added.bmp"_s);
-    slot.refreshIcons(m_desk);
-    m_desk.ports.window.AppActivate();
-    const QString shown = slot.text.Text();
-    if (photo == PhotoSent::Failed)
-        return {true, u"%1 is in the report now, its photo is not."_s.arg(shown), forms::Colour::Red};
-    if (photo == PhotoSent::None)
-        return {true, u"%1 is in the report now. It has no front view."_s.arg(shown), forms::Colour::Green};
-    return {true, u"%1 is in the report now."_s.arg(shown), forms::Colour::Green};
+    const int index = target.Index();
+    switch (rule.action) {
+    case DropAction::SendViewOfIndex:
+        return SendRecordView(m_desk, drag.key, rule, index, link::SubjectView(index));
+    case DropAction::SendFrontView:
+        return SendRecordView(m_desk, drag.key, rule, index, u"FRONT VIEW"_s);
+    case DropAction::SendAskedView:
+        return SendAskedView(m_desk, drag.key, rule, index);
+    case DropAction::FileIntoSlot:
+    case DropAction::FileIntoGeneral:
+        return FilePictureIntoSlot(m_desk, drag, rule, index);
+    case DropAction::SendShownPhoto:
+    case DropAction::SendShownAsked:
+        return SendShown(m_desk, rule, index);
+    case DropAction::ReplaceSubjectPhotos:
+        return ReplaceSubjectPhotos(m_desk, drag.key);
+    case DropAction::PasteCompAndPhoto:
+    case DropAction::PasteComp:
+        return PasteRecord(m_desk, drag, rule, target);
+    case DropAction::ShowInSubject:
+        return ShowInSubject(m_desk, drag.picturePath);
+    case DropAction::FileInRecord:
+        return FileInRecord(m_desk, drag);
+    case DropAction::SaveData:
+    case DropAction::SavePhoto:
+    case DropAction::SaveBoth:
+        return SaveSlot(m_desk, drag, rule);
+    case DropAction::AdviseGeneral:
+        return AdviseGeneral(m_desk);
+    case DropAction::FileUnderAddress:
+        return Drop2CBOFromCamera(m_desk, drag);
+    case DropAction::CopyBack:
+        return CopyBack(m_desk, drag, rule);
+    case DropAction::CopyIn:
+        return CopyIn(m_desk, drag.files);
+    case DropAction::ToTrash:
+        return ToTrash(m_desk, drag);
+    }
+    return {};
 }
 
 } // namespace vasclip::drops

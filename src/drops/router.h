@@ -1,8 +1,8 @@
 #pragma once
 
 #include "drops/drag.h"
+#include "drops/drop_desk.h"
 #include "drops/drop_table.h"
-#include "link/link_desk.h"
 
 namespace vasclip::drops {
 
@@ -10,7 +10,15 @@ namespace vasclip::drops {
 class Router
 {
 public:
-    explicit Router(link::LinkDesk& desk);
+    explicit Router(DropDesk desk);
+
+    /// May a drag begin on this control now? A photo slot only with a file, a text slot with a text.
+    [[nodiscard]] bool CanStart(const forms::Control& source) const;
+    /// A drag begins: the drag state takes its kind, its picture and its index.
+    Drag Begin(const forms::Control& source, int shift = 0);
+    /// Files of another program come in.
+    Drag BeginFiles(const QStringList& files);
+    [[nodiscard]] const DragState& State() const { return m_state; }
 
     /// Is there a rule for the pair, and is the target's slot in the report?
     [[nodiscard]] bool Accepts(const QString& source, const forms::Control& target) const;
@@ -19,9 +27,14 @@ public:
     Outcome Drop(const Drag& drag, forms::Control& target);
 
 private:
-    Outcome PasteComp(const Drag& drag, forms::Control& target, const DropRule& rule);
+    enum class Place { PhotoSlot, Subject, TextOrData, Elsewhere };
+    [[nodiscard]] static Place PlaceOf(const QString& target);
+    [[nodiscard]] bool Guards(const Drag& drag, const DropRule& rule, forms::Control& target);
+    Outcome Run(const Drag& drag, forms::Control& target, const DropRule& rule);
+    [[nodiscard]] QString KeyOf(const forms::Control& source) const;
 
-    link::LinkDesk& m_desk;
+    DropDesk m_desk;
+    DragState m_state;
     bool m_busy = false;
 };
 

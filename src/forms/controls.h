@@ -344,6 +344,7 @@ struct MenuEntry
     QString shortcut = {};            ///< portable key text, may be empty
     QList<MenuEntry> subEntries = {}; ///< a submenu of its own, its name below
     QString subName = {};             ///< the submenu's handler array, "mnuFileItemSubExport"
+    QString toolTip = {};
 };
 
 /// A menu: one handler for its array of entries.

@@ -76,8 +76,8 @@ public:
     void geathumb_MouseDown(int index);
     void geathumb_MouseMove(int index);
     void filCapture_Click();
-    /// The thumbnail and its label go; its file has been consumed.
-    void HideThumb(int index);
+    /// The thumbnail of a file and its label go; the file has been consumed.
+    void HideThumbOf(const QString& path);
     /// The thumbnail shows its file anew, or another one.
     void ReloadThumb(int index, const QString& path);
     /// The file selected in the list, "" without one.

@@ -49,10 +49,14 @@ void CaptureDesk::ShowPreview()
     AskForPictures();
 }
 
-void CaptureDesk::HideThumb(int index)
+void CaptureDesk::HideThumbOf(const QString& path)
 {
-    m_controls.geathumb(index).SetVisible(false);
-    m_controls.lbltag(index).SetVisible(false);
+    for (int i = 0; i < CaptureControls::kThumbs; ++i) {
+        if (text::Folded(FileOfThumb(i)) != text::Folded(path))
+            continue;
+        m_controls.geathumb(i).SetVisible(false);
+        m_controls.lbltag(i).SetVisible(false);
+    }
 }
 
 void CaptureDesk::ReloadThumb(int index, const QString& path)

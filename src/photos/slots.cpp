@@ -266,6 +266,17 @@ void SlotLoader::TagThumb(const forms::PictureBox& control, const QString& text,
         tag.SetVisible(true);
 }
 
+void SetGearImages(SlotControls& slots, SlotLoader& loader)
+{
+    const common::RoutineScope scope("SetGearImages");
+    for (const auto* array : {&slots.imaSubject, &slots.imaComp, &slots.imaAltComp, &slots.imaGeneral,
+                              &slots.imaListing, &slots.imaRental, &slots.geaComp, &slots.geaAltComp,
+                              &slots.geaListing, &slots.geaRental})
+        for (int i = array->First(); i <= array->Last(); ++i)
+            loader.ErrClearPict((*array)(i));
+    loader.ErrClearPict(slots.geamaintain);
+}
+
 void ErrLoadLblTag(forms::Label& label, const QString& text)
 {
     label.SetCaption(text);

@@ -80,6 +80,9 @@ private:
     const forms::ControlArray<forms::Label>* m_thumbTags = nullptr;
 };
 
+/// Empties every picture slot and data box of the report and the photo box of the Databook.
+void SetGearImages(SlotControls& slots, SlotLoader& loader);
+
 /// Sets a label's caption.
 void ErrLoadLblTag(forms::Label& label, const QString& text);
 

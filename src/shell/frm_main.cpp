@@ -11,8 +11,10 @@
 #include "link/refresh.h"
 #include "link/set_city.h"
 #include "link/tabs.h"
+#include "photos/capture_desk.h"
 #include "photos/front_view.h"
 #include "photos/photo_desk.h"
+#include "photos/picture_thumbs.h"
 #include "platform/desktop/desktop.h"
 #include "platform/text/text.h"
 #include "shell/g_shell.h"
@@ -49,6 +51,8 @@ frm_Main::frm_Main(const Foundation& foundation)
     , slots(controls)
     , photoLists(controls)
     , lstGenViews(controls, u"lstGenViews"_s)
+    , capture(controls)
+    , fraAddaComp(controls, u"fraAddaComp"_s)
     , mnuFileItem(controls, u"mnuFileItem"_s, u"&File"_s, FileEntries())
     , mnuSetupItem(controls, u"mnuSetupItem"_s, u"&Setup"_s, SetupEntries())
     , mnuMaintItem(controls, u"mnuMaintItem"_s, u"&Maintenance"_s, MaintenanceEntries())
@@ -57,16 +61,24 @@ frm_Main::frm_Main(const Foundation& foundation)
     , mnuDBItem(controls, u"mnuDBItem"_s, u"&Database"_s, DatabaseEntries())
     , mnuHelpItem(controls, u"mnuHelpItem"_s, u"&Help"_s, HelpEntries())
     , popGrid_M(controls, u"popGrid_M"_s, {}, GridEntries())
+    , popThumb_M(controls, u"popThumb_M"_s, {}, ThumbEntries())
+    , popPicture_M(controls, u"popPicture_M"_s, {}, PictureEntries())
+    , popGeneral_M(controls, u"popGeneral_M"_s, {}, GeneralEntries())
+    , popTextData_M(controls, u"popTextData_M"_s, {}, TextDataEntries())
+    , popPicAndData_M(controls, u"popPicAndData_M"_s, {}, PicAndDataEntries())
     , sources(foundation.engine)
     , m_base(foundation)
     , m_slotLoader(std::make_unique<photos::SlotLoader>(foundation.disk, foundation.ports, m_slotTable))
     , m_rows(std::make_unique<databook::GridRows>(sources.datsql))
 {
-    m_photoQuestions = std::make_unique<PhotoBoxes>(foundation.ports.prompter);
+    m_photoQuestions = MakePhotoQuestions(foundation.ports, foundation.disk, globals, *m_slotLoader);
     m_photos =
         std::make_unique<photos::PhotoDesk>(foundation.ports, foundation.disk, globals, sources.datDatabook,
                                             photoLists, *m_slotLoader, status, *m_photoQuestions);
     m_photos->setCity = [this] { link::ErrDatabookSetCity(*m_link, link::CityRule::Fill); };
+    m_capture = std::make_unique<photos::CaptureDesk>(
+        photos::CaptureBase{foundation.disk, foundation.ports, globals, status, *m_slotLoader}, capture,
+        std::make_unique<photos::PictureThumbs>(foundation.disk));
     m_link = std::make_unique<link::LinkDesk>(link::LinkDesk{
         .txtDDE = foundation.txtDDE,
         .globals = globals,
@@ -90,7 +102,7 @@ frm_Main::frm_Main(const Foundation& foundation)
     });
     m_quickFind = std::make_unique<databook::QuickFind>(foundation.ports, records, sources.datsql, *m_rows,
                                                         status, globals);
-    m_router = std::make_unique<drops::Router>(*m_link);
+    MakeRouter();
     WireControls();
 }
 
@@ -147,6 +159,8 @@ void frm_Main::WireControls()
          {&records.cmdAddManual, &records.cmdPrint, &records.cmdDetails, &report.cmdSubjectAnd})
         button->SetEnabled(false);
     WireGrid();
+    WireCapture();
+    WireSlots();
 }
 
 void frm_Main::RefreshAppraisal()
@@ -196,35 +210,9 @@ void frm_Main::ShowRecordPhoto()
                           globals.G_PhotoDir);
 }
 
-drops::Drag frm_Main::grddatabook_dragCell()
-{
-    return {records.grddatabook.Name(), -1, text::Trim(records.grddatabook.CurrentText(u"CENTRALKEY"_s)), {}};
-}
-
-bool frm_Main::Accepts(const QString& sourceName, const forms::Control& target) const
-{
-    return m_router->Accepts(sourceName, target);
-}
-
-drops::Outcome frm_Main::Drop(const drops::Drag& drag, forms::Control& target)
-{
-    status.lblmsg.Show({}, forms::Colour::Normal);
-    drops::Outcome outcome = m_router->Drop(drag, target);
-    // A drop walks other records for its icons; the record on show comes back.
-    grddatabook_RowColChange();
-    if (!outcome.message.isEmpty())
-        status.lblmsg.Show(outcome.message, outcome.colour);
-    return outcome;
-}
-
-void frm_Main::DragOver(const QString& sourceName, const QString& targetName)
-{
-    status.lblmsg.Show(drops::HintFor(sourceName, targetName), forms::Colour::Normal);
-}
-
 void frm_Main::MenuChosen(const QString& array, int index)
 {
-    if (MediaChosen(array, index))
+    if (MediaChosen(array, index) || CaptureChosen(array, index))
         return;
     if (array == u"mnuFileItem"_s && index == 0)
         LaunchAppraisalProgram();

@@ -6,6 +6,7 @@
 #include "databook/record_desk.h"
 #include "drops/drag.h"
 #include "link/report_desk.h"
+#include "photos/capture_controls.h"
 #include "photos/photo_lists.h"
 #include "photos/slots.h"
 #include "platform/conduit/conduit.h"
@@ -17,15 +18,18 @@ namespace vasclip::comments {
 class frm_FKey;
 }
 namespace vasclip::drops {
+struct DropDesk;
 class Router;
-}
+enum class SlotPart;
+} // namespace vasclip::drops
+namespace vasclip::photos {
+class CaptureDesk;
+struct PhotoDesk;
+class PhotoQuestions;
+} // namespace vasclip::photos
 namespace vasclip::link {
 struct LinkDesk;
 }
-namespace vasclip::photos {
-class PhotoQuestions;
-struct PhotoDesk;
-} // namespace vasclip::photos
 namespace vasclip::databook {
 class GridRows;
 class QuickFind;
@@ -65,10 +69,13 @@ public:
     photos::SlotControls slots;
     photos::PhotoLists photoLists;
     forms::ListBox lstGenViews; ///< hidden: the general views that cboGeneral offers
+    photos::CaptureControls capture;
+    forms::Control fraAddaComp; ///< frame of the "Add a comp" area
 
     forms::Menu mnuFileItem, mnuSetupItem, mnuMaintItem, mnuTransferItem, mnuRefreshItem, mnuDBItem,
         mnuHelpItem;
     forms::Menu popGrid_M; ///< of the grid, by the right button
+    forms::Menu popThumb_M, popPicture_M, popGeneral_M, popTextData_M, popPicAndData_M;
 
     common::Globals globals;
     store::Sources sources;
@@ -80,6 +87,7 @@ public:
     [[nodiscard]] const Foundation& Base() const { return m_base; }
     [[nodiscard]] link::LinkDesk& Link() { return *m_link; }
     [[nodiscard]] photos::PhotoDesk& Photos() { return *m_photos; }
+    [[nodiscard]] photos::CaptureDesk& Capture() { return *m_capture; }
 
     /// Brings the program up in the fixed order. @throws forms::EndOfProgram when it may not go on
     void Form_load(const StartUpOptions& options, frm_Splash& splash);
@@ -93,6 +101,8 @@ public:
     /// The photo of the record on show. The start leaves it to the window, which shows it once the grid
     /// stands.
     void ShowRecordPhoto();
+    /// The capture directory's pictures, which the start leaves to the window likewise.
+    void ShowCapture();
     /// Saves and closes in the fixed order; a second call does nothing.
     void Form_Unload();
 
@@ -119,6 +129,17 @@ public:
     void DragOver(const QString& sourceName, const QString& targetName);
     /// The drag that the current row of the grid starts.
     [[nodiscard]] drops::Drag grddatabook_dragCell();
+    /// May a drag begin on this control now?
+    [[nodiscard]] bool CanStart(const forms::Control& source) const;
+    /// A drag begins on a control. @param shift  sum of kShiftMask, kCtrlMask and kAltMask
+    drops::Drag BeginDrag(const forms::Control& source, int shift = 0);
+    /// Files of another program end on a control. @param files  drive paths
+    drops::Outcome DropFiles(const QStringList& files, forms::Control& target);
+    /// Native path of the file that a control shows, for other programs; "" without one.
+    [[nodiscard]] QString NativeFileOf(const forms::Control& source) const;
+    /// The menu that the right button opens over a control, its captions set; nullptr for none. What it leads
+    /// to is done to that control.
+    forms::Menu* MenuOver(const forms::Control& control);
 
 Q_SIGNALS:
     void CaptionChanged();
@@ -132,6 +153,25 @@ Q_SIGNALS:
 
 private:
     void WireControls();
+    // The capture browser.
+    void WireCapture();
+    void ShowViewTicks();
+    void ShowCameraDir();
+    void popThumb_M_Click(int index);
+    void DeleteImage();
+    bool CaptureChosen(const QString& array, int index); ///< @return false for an entry of other rooms
+    // Slots, drags and their menus.
+    void WireSlots();
+    void MakeRouter();
+    [[nodiscard]] drops::DropDesk Drops();
+    drops::Outcome Told(drops::Outcome outcome);
+    void SaveSlotNow(QLatin1StringView group, int index, drops::SlotPart part);
+    void AutoSaveSlot(QLatin1StringView group, int index);
+    void popPicture_M_Click(int index);
+    void popGeneral_M_Click(int index);
+    void popTextData_M_Click(int index);
+    void popPicAndData_M_Click(int index);
+    void SlotPhoto_DblClick(forms::PictureBox& slot);
     void ReadCaption();
     void StartStep(const SystemPlaces& places, const std::function<void()>& step);
     void TakeStartSteps(const StartUpOptions& options, frm_Splash& splash);
@@ -175,8 +215,6 @@ private:
     /// told
     bool SwitchDatabook(const QString& directory, const QString& file);
     void ToggleManualEntry();
-    void ToggleImageNames();
-    void ToggleImageList();
     void ConnectToWebsite();
     void LoadHelpMenu();
     void StartTutorial(int index);
@@ -201,10 +239,13 @@ private:
     std::unique_ptr<databook::QuickFind> m_quickFind;
     std::unique_ptr<photos::PhotoQuestions> m_photoQuestions;
     std::unique_ptr<photos::PhotoDesk> m_photos;
+    std::unique_ptr<photos::CaptureDesk> m_capture;
     std::unique_ptr<link::LinkDesk> m_link;
     std::unique_ptr<drops::Router> m_router;
     std::unique_ptr<comments::frm_FKey> m_functionKeys; ///< made when the first entry screen opens
     QString m_entryKey;                                 ///< of the comp whose entry screen is open
+    QString m_menuControl;                              ///< over which the last pop-up menu opened
+    int m_menuIndex = -1;
 };
 
 } // namespace vasclip::shell

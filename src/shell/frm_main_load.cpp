@@ -4,6 +4,7 @@
 #include "common/paths.h"
 #include "databook/grid.h"
 #include "link/link_desk.h"
+#include "photos/capture_desk.h"
 #include "shell/frm_main.h"
 #include "shell/frm_splash.h"
 #include "shell/start_up.h"
@@ -142,7 +143,15 @@ void frm_Main::TakeStartSteps(const StartUpOptions& options, frm_Splash& splash)
         u"Connect2Databook"_s, {}, [&] { ConnectDatabook(); }, databook);
     step(u"Connect2mdb"_s, u"Connecting to "_s + QString::fromLatin1(common::Globals::kMappingFile),
          [&] { ConnectMapping(); });
-    step(u"DisplayCamera"_s, u"Verifying Capture Directory"_s, [&] { VerifyCaptureDirectory(); });
+    step(u"DisplayCamera"_s, u"Verifying Capture Directory"_s, [&] {
+        VerifyCaptureDirectory();
+        m_capture->SetSystemDrive(options.places.windowsDirectory.left(2));
+        m_capture->check4CaptureDir();
+        m_capture->DisplayCamera(); // its pictures come when the grid stands
+    });
+    step(u"ViewFilCapture"_s, u"Displaying Capture Pictures"_s, [&] { m_capture->ViewFilCapture(); });
+    step(u"SetGearImages"_s, u"Setting GEAR image controls"_s,
+         [&] { photos::SetGearImages(slots, *m_slotLoader); });
     step(u"SetFormatText"_s, u"Formatting Grid text"_s,
          [&] { databook::SetFormatText(records.grddatabook); });
     step(u"LoadCompType"_s, u"Setting Formtypes for Search menu"_s, [&] { records.LoadCompType(); });

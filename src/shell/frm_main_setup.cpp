@@ -179,22 +179,6 @@ QString frm_Main::ChangesText() const
     return own.open(QIODevice::ReadOnly) ? QString::fromUtf8(own.readAll()) : QString();
 }
 
-/// The names under the thumbnails; the choice is kept for the exit to write.
-void frm_Main::ToggleImageNames()
-{
-    const bool show = globals.imageFileNames != u"ON"_s;
-    globals.imageFileNames = show ? u"ON"_s : u"OFF"_s;
-    mnuSetupItem.SetEntryChecked(kImageNamesEntry, show);
-}
-
-/// The list of the capture directory in place of the thumbnails.
-void frm_Main::ToggleImageList()
-{
-    const bool show = globals.imageListBox != u"ON"_s;
-    globals.imageListBox = show ? u"ON"_s : u"OFF"_s;
-    mnuSetupItem.SetEntryChecked(kImageListEntry, show);
-}
-
 /// The page is the deployment's; what is no address of the web is not opened.
 void frm_Main::ConnectToWebsite()
 {
@@ -214,10 +198,6 @@ void frm_Main::SetupChosen(int index)
 {
     if (index == 0)
         ShowConfiguration();
-    else if (index == kImageNamesEntry)
-        ToggleImageNames();
-    else if (index == kImageListEntry)
-        ToggleImageList();
     else if (index == kCityListings)
         AttachCity();
     else if (index == kManualEntry)

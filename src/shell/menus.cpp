@@ -87,7 +87,7 @@ QList<forms::MenuEntry> MaintenanceEntries()
     return Entries({
         {0, "Data Correction"_L1},
         {1, kSeparator},
-        {2, "Camera Views"_L1},
+        {2, "Camera Views"_L1, Screen::Here},
         {3, "City Editing"_L1, Screen::Here},
         {4, "Trashcan Maintenance"_L1, Screen::Here},
     });
@@ -149,6 +149,65 @@ QList<forms::MenuEntry> GridEntries()
         {3, kSeparator},
         {4, "Refresh from Appraisal"_L1, Screen::Here},
         {5, "Addresses in Memory"_L1},
+    });
+}
+
+QList<forms::MenuEntry> ThumbEntries()
+{
+    return Entries({
+        {0, "Delete Image"_L1, Screen::Here},
+        {1, kSeparator},
+        {2, "View Image Name"_L1, Screen::Here},
+        {3, "Compress Image"_L1},
+        {4, kSeparator},
+        {5, "View Image Listbox"_L1, Screen::Here},
+    });
+}
+
+QList<forms::MenuEntry> PictureEntries()
+{
+    auto entries = Entries({
+        {0, "Obtain Selected Photo (from databook)"_L1, Screen::Here},
+        {1, ""_L1, Screen::Here},
+        {2, kSeparator},
+        {3, "Clear Selected Photo from Appraisal"_L1, Screen::Here},
+    });
+    entries[1].caption = PictureEntryCaption(false);
+    return entries;
+}
+
+QString PictureEntryCaption(bool subject)
+{
+    return subject ? u"Obtain ALL 3 Subject Views(from databook)"_s
+                   : u"Obtain 3 Shown Front Views (from databook)"_s;
+}
+
+QList<forms::MenuEntry> GeneralEntries()
+{
+    auto entries = Entries({
+        {0, "Obtain Selected Photo (from databook)"_L1, Screen::Here},
+        {1, kSeparator},
+        {2, "Clear Selected Photo from Appraisal"_L1, Screen::Here},
+    });
+    entries[0].toolTip = u"General Photos Come from the shown above"_s;
+    return entries;
+}
+
+QList<forms::MenuEntry> TextDataEntries()
+{
+    return Entries({
+        {0, "Obtain Data (from databook)"_L1, Screen::Here},
+        {1, "Obtain Data: ALL 3 shown (from databook)"_L1, Screen::Here},
+        {2, kSeparator},
+        {3, "Save Selected Data to Database"_L1, Screen::Here},
+    });
+}
+
+QList<forms::MenuEntry> PicAndDataEntries()
+{
+    return Entries({
+        {0, "Obtain Both Photo and Data (from databook)"_L1, Screen::Here},
+        {1, "Obtain Both Photo and Data: ALL 3 shown (from databook)"_L1, Screen::Here},
     });
 }
 

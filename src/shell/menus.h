@@ -19,6 +19,13 @@ inline constexpr int kWebsiteEntry = 9;    ///< of Help
 [[nodiscard]] QList<forms::MenuEntry> RefreshEntries();
 [[nodiscard]] QList<forms::MenuEntry> DatabaseEntries();
 [[nodiscard]] QList<forms::MenuEntry> HelpEntries();
-[[nodiscard]] QList<forms::MenuEntry> GridEntries(); ///< of the pop-up over the grid
+[[nodiscard]] QList<forms::MenuEntry> GridEntries();        ///< of the pop-up over the grid
+[[nodiscard]] QList<forms::MenuEntry> ThumbEntries();       ///< over thumbnails and the capture list
+[[nodiscard]] QList<forms::MenuEntry> PictureEntries();     ///< over photo slots
+[[nodiscard]] QList<forms::MenuEntry> GeneralEntries();     ///< over general photo slots
+[[nodiscard]] QList<forms::MenuEntry> TextDataEntries();    ///< over text slots
+[[nodiscard]] QList<forms::MenuEntry> PicAndDataEntries();  ///< over data boxes
+/// The second entry of the photo slots' menu, by whether it opens over the subject.
+[[nodiscard]] QString PictureEntryCaption(bool subject);
 
 } // namespace vasclip::shell

@@ -1,22 +1,75 @@
 #include "shell/photo_questions.h"
 
+#include "forms/screen.h"
+#include "photos/frm_gen_view.h"
+#include "photos/frm_overwrite.h"
 #include "store/messages.h"
 
 namespace vasclip::shell {
 
 using namespace Qt::Literals::StringLiterals;
 
-forms::Answer PhotoBoxes::Overwrite(const QString& existing, const QString& fresh)
-{
-    return m_prompter.MsgBox(
-        forms::Buttons::YesNoCancel, forms::Icon::Question, store::kPlainTitle,
-        u"The record has a picture of that view already: %1. Shall %2 take its place?"_s.arg(existing, fresh));
-}
+namespace {
 
-QString PhotoBoxes::View(const QString& picture, const QString& proposal)
+/// There is nothing to look at and nothing to choose from in a box.
+class PhotoBoxes : public photos::PhotoQuestions
 {
-    Q_UNUSED(picture)
-    return proposal;
+public:
+    explicit PhotoBoxes(forms::Prompter& prompter)
+        : m_prompter(prompter)
+    {}
+    forms::Answer Overwrite(const QString& existing, const QString& fresh) override
+    {
+        return m_prompter.MsgBox(
+            forms::Buttons::YesNoCancel, forms::Icon::Question, store::kPlainTitle,
+            u"The record has a picture of that view already: %1. Shall %2 take its place?"_s.arg(existing,
+                                                                                                fresh));
+    }
+    QString View(const QString&, const QString& proposal) override { return proposal; }
+
+private:
+    forms::Prompter& m_prompter;
+};
+
+class PhotoScreens : public photos::PhotoQuestions
+{
+public:
+    PhotoScreens(const forms::Ports& ports, const files::Disk& disk, const common::Globals& globals,
+                 photos::SlotLoader& loader)
+        : m_ports(ports)
+        , m_disk(disk)
+        , m_globals(globals)
+        , m_loader(loader)
+    {}
+    forms::Answer Overwrite(const QString& existing, const QString& fresh) override
+    {
+        photos::frm_Overwrite screen(m_loader, existing, fresh);
+        m_ports.screens.ShowModal(screen);
+        return screen.Answer();
+    }
+    QString View(const QString& picture, const QString& proposal) override
+    {
+        photos::frm_GenView screen(m_ports, m_disk, m_globals, m_loader, picture, proposal);
+        m_ports.screens.ShowModal(screen);
+        return screen.View();
+    }
+
+private:
+    forms::Ports m_ports;
+    const files::Disk& m_disk;
+    const common::Globals& m_globals;
+    photos::SlotLoader& m_loader;
+};
+
+} // namespace
+
+std::unique_ptr<photos::PhotoQuestions> MakePhotoQuestions(const forms::Ports& ports, const files::Disk& disk,
+                                                           const common::Globals& globals,
+                                                           photos::SlotLoader& loader)
+{
+    if (dynamic_cast<const forms::NoScreens*>(&ports.screens) != nullptr)
+        return std::make_unique<PhotoBoxes>(ports.prompter);
+    return std::make_unique<PhotoScreens>(ports, disk, globals, loader);
 }
 
 } // namespace vasclip::shell

@@ -1,23 +1,15 @@
 #pragma once
 
-#include "forms/ports.h"
 #include "photos/photo_desk.h"
+
+#include <memory>
 
 namespace vasclip::shell {
 
-/// The questions about a picture, asked by a box.
-class PhotoBoxes : public photos::PhotoQuestions
-{
-public:
-    explicit PhotoBoxes(forms::Prompter& prompter)
-        : m_prompter(prompter)
-    {}
-    forms::Answer Overwrite(const QString& existing, const QString& fresh) override;
-    /// The proposal: there is nothing to choose from in a box.
-    QString View(const QString& picture, const QString& proposal) override;
-
-private:
-    forms::Prompter& m_prompter;
-};
+/// The questions about a picture: by screens, or by boxes in a program that has no screens.
+/// All of it outlives the questions.
+[[nodiscard]] std::unique_ptr<photos::PhotoQuestions>
+MakePhotoQuestions(const forms::Ports& ports, const files::Disk& disk, const common::Globals& globals,
+                   photos::SlotLoader& loader);
 
 } // namespace vasclip::shell

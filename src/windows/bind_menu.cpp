@@ -53,6 +53,7 @@ void ShowEntry(QAction& action, const forms::MenuEntry& entry, QSet<QChar>& take
     action.setEnabled(entry.enabled);
     action.setCheckable(entry.checked || action.isCheckable());
     action.setChecked(entry.checked);
+    action.setToolTip(entry.toolTip);
     action.setShortcut(QKeySequence::fromString(entry.shortcut, QKeySequence::PortableText));
 }
 
@@ -118,6 +119,7 @@ bool Binder::BindMenu(forms::Menu& control, QWidget& widget)
         }
         Update(*menu, control.Entries());
     };
+    menu->setToolTipsVisible(true);
     if (!control.Caption().isEmpty())
         menu->setTitle(control.Caption().contains(QLatin1Char('&')) ? control.Caption()
                                                                     : QLatin1Char('&') + control.Caption());

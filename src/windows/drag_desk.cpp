@@ -5,7 +5,9 @@
 #include "windows/guard.h"
 #include "windows/theme.h"
 
+#include <QAbstractItemView>
 #include <QAbstractScrollArea>
+#include <QApplication>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QDataStream>
@@ -13,10 +15,14 @@
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyle>
 #include <QTimer>
+#include <QUrl>
+
+#include <utility>
 
 namespace vasclip::windows {
 
@@ -41,6 +47,7 @@ DragDesk::DragDesk(Binder& binder, DropPort& port, QObject* parent)
 {
     connect(&binder, &Binder::Bound, this, &DragDesk::Adopt);
     connect(&binder, &Binder::DragWanted, this, &DragDesk::Start);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { FocusMoved(now); });
 }
 
 void DragDesk::SetCardText(const QString& title, const QString& line)
@@ -60,6 +67,7 @@ void DragDesk::Adopt(forms::Control& control, QWidget& widget)
             combo->lineEdit()->setAcceptDrops(false); // its box takes the drop
     } else if (qobject_cast<forms::TextBox*>(&control) == nullptr &&
                qobject_cast<forms::PictureBox*>(&control) == nullptr &&
+               qobject_cast<forms::Label*>(&control) == nullptr &&
                control.metaObject() != &forms::Control::staticMetaObject) {
         return;
     }
@@ -95,6 +103,30 @@ forms::Control* DragDesk::SourceOf(const QMimeData* data) const
     return m_binder.Controls().Find(name, index);
 }
 
+/// The paths of local files that another program drags.
+QStringList DragDesk::FilesOf(const QMimeData* data)
+{
+    QStringList files;
+    if (data == nullptr || data->hasFormat(QLatin1StringView(kMimeType)))
+        return files;
+    for (const QUrl& url : data->urls())
+        if (url.isLocalFile())
+            files.append(url.toLocalFile());
+    return files;
+}
+
+void DragDesk::Begin(const forms::Control& source)
+{
+    int shift = 0;
+    const Qt::KeyboardModifiers keys = QApplication::keyboardModifiers();
+    for (const auto& [modifier, mask] : {std::pair{Qt::ShiftModifier, forms::kShiftMask},
+                                         {Qt::ControlModifier, forms::kCtrlMask},
+                                         {Qt::AltModifier, forms::kAltMask}})
+        if (keys.testFlag(modifier))
+            shift += mask;
+    m_binder.Guard().Run([&] { m_port.Begin(source, shift); });
+}
+
 void DragDesk::Start(forms::Control& source)
 {
     bool may = false;
@@ -102,12 +134,18 @@ void DragDesk::Start(forms::Control& source)
     QWidget* widget = m_binder.WidgetOf(source);
     if (!may || widget == nullptr || m_dragging)
         return;
+    PutDown();
     m_dragging = true;
+    Begin(source);
     MarkWanted(source.Name());
     auto* drag = new QDrag(widget);
-    drag->setMimeData(Payload(source));
-    const QPixmap card = CardPixmap(widget->devicePixelRatioF());
-    drag->setPixmap(card);
+    QMimeData* data = Payload(source);
+    m_binder.Guard().Run([&] {
+        if (const QString file = m_port.FileOf(source); !file.isEmpty())
+            data->setUrls({QUrl::fromLocalFile(file)});
+    });
+    drag->setMimeData(data);
+    drag->setPixmap(CardPixmap(widget->devicePixelRatioF(), source));
     drag->setHotSpot(QPoint(12, 12));
     drag->exec(Qt::CopyAction);
     m_dragging = false;
@@ -115,6 +153,49 @@ void DragDesk::Start(forms::Control& source)
     Hover(nullptr);
     m_binder.Guard().Run([&] { m_port.DragOver(source.Name(), QString()); });
     TakePending();
+}
+
+bool DragDesk::PickUpOrDrop(forms::Control& control)
+{
+    bool may = false;
+    if (m_held == nullptr) {
+        m_binder.Guard().Run([&] { may = m_port.IsSource(control); });
+        if (!may)
+            return false;
+        m_held = &control;
+        Begin(control);
+        MarkWanted(control.Name());
+        Q_EMIT HeldChanged();
+        return true;
+    }
+    forms::Control* held = m_held;
+    m_binder.Guard().Run(
+        [&] { may = held != &control && control.Enabled() && m_port.Accepts(held->Name(), control); });
+    if (!may)
+        return false;
+    PutDown();
+    Drop(*held, control);
+    return true;
+}
+
+void DragDesk::PutDown()
+{
+    if (m_held == nullptr)
+        return;
+    const QString source = m_held->Name();
+    m_held = nullptr;
+    MarkWanted(QString());
+    m_binder.Guard().Run([&] { m_port.DragOver(source, QString()); });
+    Q_EMIT HeldChanged();
+}
+
+/// What is held hovers over the control that has the focus.
+void DragDesk::FocusMoved(QWidget* now)
+{
+    if (m_held == nullptr || now == nullptr)
+        return;
+    const forms::Control* target = m_binder.ControlOf(now);
+    m_binder.Guard().Run([&] { m_port.DragOver(m_held->Name(), target != nullptr ? target->Name() : QString()); });
 }
 
 void DragDesk::Drop(forms::Control& source, forms::Control& target)
@@ -126,10 +207,13 @@ void DragDesk::TakePending()
 {
     forms::Control* source = m_pendingSource;
     forms::Control* target = m_pendingTarget;
+    const QStringList files = std::exchange(m_pendingFiles, {});
     m_pendingSource = nullptr;
     m_pendingTarget = nullptr;
     if (source != nullptr && target != nullptr)
         Drop(*source, *target);
+    else if (target != nullptr && !files.isEmpty())
+        m_binder.Guard().Run([&] { m_port.DropFiles(files, *target); });
 }
 
 bool DragDesk::eventFilter(QObject* watched, QEvent* event)
@@ -147,24 +231,65 @@ bool DragDesk::eventFilter(QObject* watched, QEvent* event)
         Hover(nullptr);
         m_binder.Guard().Run([&] { m_port.DragOver(QString(), QString()); });
         return true;
-    case QEvent::Drop: {
-        auto* drop = static_cast<QDropEvent*>(event);
-        forms::Control* source = SourceOf(drop->mimeData());
-        forms::Control* target = m_targets.value(watched);
-        if (source == nullptr || target == nullptr)
-            return false;
-        Hover(nullptr);
-        drop->setDropAction(Qt::CopyAction);
-        drop->accept();
-        m_pendingSource = source;
-        m_pendingTarget = target;
-        if (!m_dragging) // a drag of our own takes it when its loop is over
-            QTimer::singleShot(0, this, &DragDesk::TakePending);
-        return true;
-    }
+    case QEvent::Drop:
+        return HandleDrop(*widget, *static_cast<QDropEvent*>(event));
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonRelease:
+        return HandlePull(*widget, *event);
     default:
         return false;
     }
+}
+
+bool DragDesk::HandleDrop(QWidget& widget, QDropEvent& event)
+{
+    forms::Control* source = SourceOf(event.mimeData());
+    forms::Control* target = m_targets.value(&widget);
+    const QStringList files = FilesOf(event.mimeData());
+    if (target == nullptr || (source == nullptr && files.isEmpty()))
+        return false;
+    Hover(nullptr);
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+    m_pendingSource = source;
+    m_pendingTarget = target;
+    m_pendingFiles = files;
+    if (!m_dragging) // a drag of our own takes it when its loop is over
+        QTimer::singleShot(0, this, &DragDesk::TakePending);
+    return true;
+}
+
+/// Fields and lists don't start drags by themselves. A field that is being written in selects its text.
+bool DragDesk::HandlePull(QWidget& widget, const QEvent& event)
+{
+    const auto& mouse = static_cast<const QMouseEvent&>(event);
+    forms::Control* control = m_targets.value(&widget);
+    if (event.type() == QEvent::MouseButtonPress) {
+        const bool field = qobject_cast<forms::TextBox*>(control) != nullptr && !widget.hasFocus();
+        const bool list = qobject_cast<forms::ListBox*>(control) != nullptr &&
+                          qobject_cast<QAbstractItemView*>(widget.parentWidget()) != nullptr;
+        m_pulled = mouse.button() == Qt::LeftButton && (field || list) ? &widget : nullptr;
+        m_pulledAt = mouse.position().toPoint();
+        return false;
+    }
+    if (m_pulled != &widget)
+        return false;
+    if (event.type() == QEvent::MouseButtonRelease || (mouse.buttons() & Qt::LeftButton) == 0) {
+        m_pulled = nullptr;
+        return false;
+    }
+    bool may = false;
+    m_binder.Guard().Run([&] { may = control != nullptr && m_port.IsSource(*control); });
+    if (!may) {
+        m_pulled = nullptr;
+        return false;
+    }
+    if ((mouse.position().toPoint() - m_pulledAt).manhattanLength() >= QApplication::startDragDistance()) {
+        m_pulled = nullptr;
+        Start(*control);
+    }
+    return true;
 }
 
 /// @return true if the event is one of ours and answered
@@ -172,13 +297,16 @@ bool DragDesk::HandleEnter(QWidget& widget, QDropEvent& event)
 {
     forms::Control* source = SourceOf(event.mimeData());
     forms::Control* target = m_targets.value(&widget);
-    if (source == nullptr || target == nullptr)
+    const bool files = source == nullptr && !FilesOf(event.mimeData()).isEmpty();
+    if (target == nullptr || (source == nullptr && !files))
         return false;
+    const QString name = files ? QStringLiteral("FILES") : source->Name();
     bool accepted = false;
     m_binder.Guard().Run([&] {
-        accepted = source != target && target->Enabled() && m_port.Accepts(source->Name(), *target);
+        accepted = source != target && target->Enabled() &&
+                   (files ? m_port.AcceptsFiles(*target) : m_port.Accepts(name, *target));
         if (accepted && m_hover != &widget)
-            m_port.DragOver(source->Name(), target->Name());
+            m_port.DragOver(name, target->Name());
     });
     if (accepted) {
         Hover(&widget);
@@ -216,9 +344,34 @@ void DragDesk::MarkWanted(const QString& source)
     }
 }
 
-QPixmap DragDesk::CardPixmap(qreal ratio) const
+/// A picture shows itself, a text slot its text, the grid its record.
+QPixmap DragDesk::CardPixmap(qreal ratio, const forms::Control& source) const
 {
-    const QSize size(220, m_cardLine.isEmpty() ? 36 : 52);
+    if (const auto* box = qobject_cast<const forms::PictureBox*>(&source); box && !box->Picture().isNull())
+        return PictureCard(ratio, box->Picture());
+    if (const auto* text = qobject_cast<const forms::TextBox*>(&source))
+        return RecordCard(ratio, text->Text().trimmed(), {});
+    if (const auto* list = qobject_cast<const forms::ListBox*>(&source))
+        return RecordCard(ratio, list->List(list->ListIndex()), {});
+    return RecordCard(ratio, m_cardTitle, m_cardLine);
+}
+
+QPixmap DragDesk::PictureCard(qreal ratio, const QImage& picture)
+{
+    constexpr int kSide = 128;
+    const QImage small =
+        picture.scaled(QSize(kSide, kSide) * ratio, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    QPixmap pixmap = QPixmap::fromImage(small);
+    pixmap.setDevicePixelRatio(ratio);
+    QPainter painter(&pixmap);
+    painter.setPen(QPen(Theme::Colours().accent, 3));
+    painter.drawRect(QRectF(QPointF(), QSizeF(small.size()) / ratio).adjusted(1, 1, -1, -1));
+    return pixmap;
+}
+
+QPixmap DragDesk::RecordCard(qreal ratio, const QString& title, const QString& line) const
+{
+    const QSize size(220, line.isEmpty() ? 36 : 52);
     QPixmap pixmap(size * ratio);
     pixmap.setDevicePixelRatio(ratio);
     pixmap.fill(Qt::transparent);
@@ -234,13 +387,13 @@ QPixmap DragDesk::CardPixmap(qreal ratio) const
     bold.setBold(true);
     painter.setFont(bold);
     painter.setPen(colours.text);
-    const QString title = painter.fontMetrics().elidedText(m_cardTitle, Qt::ElideRight, text.width());
-    painter.drawText(text, (m_cardLine.isEmpty() ? Qt::AlignVCenter : Qt::AlignTop) | Qt::AlignLeft, title);
+    const QString shown = painter.fontMetrics().elidedText(title, Qt::ElideRight, text.width());
+    painter.drawText(text, (line.isEmpty() ? Qt::AlignVCenter : Qt::AlignTop) | Qt::AlignLeft, shown);
     bold.setBold(false);
     painter.setFont(bold);
     painter.setPen(colours.muted);
     painter.drawText(text, Qt::AlignBottom | Qt::AlignLeft,
-                     painter.fontMetrics().elidedText(m_cardLine, Qt::ElideRight, text.width()));
+                     painter.fontMetrics().elidedText(line, Qt::ElideRight, text.width()));
     return pixmap;
 }
 

@@ -5,8 +5,10 @@
 #include <QHash>
 #include <QObject>
 #include <QPixmap>
+#include <QPoint>
 #include <QPointer>
 #include <QString>
+#include <QStringList>
 
 class QDropEvent;
 class QMimeData;
@@ -17,7 +19,7 @@ namespace vasclip::windows {
 class Binder;
 class DropPort;
 
-/// Drags between the controls of one window. It starts them, marks the targets that would take the drag while
+/// Drags between the controls of one window, and of files to and from other programs. It starts them, marks the targets that would take the drag while
 /// it lasts, and hands a finished one to the port once the toolkit's own drag loop is over.
 class DragDesk : public QObject
 {
@@ -32,11 +34,19 @@ public:
     [[nodiscard]] static QMimeData* Payload(const forms::Control& source);
     /// Starts a drag from a control, as the mouse does. Returns when it has ended.
     void Start(forms::Control& source);
+    /// The drag of the keyboard: with nothing held it picks a control up, else it drops what is held on it.
+    /// @return false if the control is no source, or would not take what is held
+    bool PickUpOrDrop(forms::Control& control);
+    [[nodiscard]] forms::Control* Held() const { return m_held; }
+    void PutDown(); ///< what is held is dropped nowhere
     /// The same as a finished drag, for the keyboard. Runs at once, under the guard.
     void Drop(forms::Control& source, forms::Control& target);
 
     /// What stands on the card under the pointer.
     void SetCardText(const QString& title, const QString& line);
+
+Q_SIGNALS:
+    void HeldChanged(); ///< something was picked up or put down
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -44,17 +54,28 @@ protected:
 private:
     void Adopt(forms::Control& control, QWidget& widget);
     [[nodiscard]] forms::Control* SourceOf(const QMimeData* data) const;
+    [[nodiscard]] static QStringList FilesOf(const QMimeData* data);
+    bool HandlePull(QWidget& widget, const QEvent& event);
+    bool HandleDrop(QWidget& widget, QDropEvent& event);
+    void FocusMoved(QWidget* now);
+    void Begin(const forms::Control& source);
     bool HandleEnter(QWidget& widget, QDropEvent& event);
     void Hover(QWidget* widget);
     void MarkWanted(const QString& source);
     void TakePending();
-    [[nodiscard]] QPixmap CardPixmap(qreal ratio) const;
+    [[nodiscard]] QPixmap CardPixmap(qreal ratio, const forms::Control& source) const;
+    [[nodiscard]] QPixmap RecordCard(qreal ratio, const QString& title, const QString& line) const;
+    [[nodiscard]] static QPixmap PictureCard(qreal ratio, const QImage& picture);
 
     Binder& m_binder;
     DropPort& m_port;
     QHash<const QObject*, QPointer<forms::Control>> m_targets; ///< by the widget that takes the events
     QPointer<QWidget> m_hover;
     QPointer<forms::Control> m_pendingSource, m_pendingTarget;
+    QPointer<forms::Control> m_held;
+    QStringList m_pendingFiles;
+    QPointer<QWidget> m_pulled; ///< pressed, and a drag if the pointer goes far enough
+    QPoint m_pulledAt;
     bool m_dragging = false;
     QString m_cardTitle, m_cardLine;
 };

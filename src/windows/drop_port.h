@@ -11,6 +11,12 @@ public:
     virtual ~DropPort() = default;
     /// May a drag begin on this control now?
     [[nodiscard]] virtual bool IsSource(const forms::Control& source) const = 0;
+    /// A drag begins. @param shift  sum of kShiftMask, kCtrlMask and kAltMask
+    virtual void Begin(const forms::Control& source, int shift)
+    {
+        Q_UNUSED(source)
+        Q_UNUSED(shift)
+    }
     /// Would a drop of this source on this control do something now?
     /// @param source  name of the control the drag began on, "grddatabook"
     [[nodiscard]] virtual bool Accepts(const QString& source, const forms::Control& target) const = 0;
@@ -18,6 +24,31 @@ public:
     virtual void DragOver(const QString& source, const QString& target) = 0;
     /// The drag ended on a control. Runs after the toolkit's own drag loop is over, so it may ask questions.
     virtual void Drop(forms::Control& source, forms::Control& target) = 0;
+
+    /// The file that a control shows, for other programs: a native path, "" without one.
+    [[nodiscard]] virtual QString FileOf(const forms::Control& source) const
+    {
+        Q_UNUSED(source)
+        return {};
+    }
+    /// Would files of another program do something on this control?
+    [[nodiscard]] virtual bool AcceptsFiles(const forms::Control& target) const
+    {
+        Q_UNUSED(target)
+        return false;
+    }
+    /// They ended there. @param files  native paths
+    virtual void DropFiles(const QStringList& files, forms::Control& target)
+    {
+        Q_UNUSED(files)
+        Q_UNUSED(target)
+    }
+    /// The menu to open over a control; nullptr for none.
+    virtual forms::Menu* MenuOver(const forms::Control& control)
+    {
+        Q_UNUSED(control)
+        return nullptr;
+    }
 };
 
 } // namespace vasclip::windows

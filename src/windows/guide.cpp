@@ -26,6 +26,7 @@ std::span<const GuideTopic> GuideTopics()
         {"cboapprslType"_L1, "records.md"_L1},
         {"TabData"_L1, "sending.md"_L1},
         {"recordPane"_L1, "photos.md"_L1},
+        {"browserPane"_L1, "capture.md"_L1},
         // windows
         {"frm_Main"_L1, "main-window.md"_L1},
         {"frm_Splash"_L1, "starting.md"_L1},
@@ -55,6 +56,8 @@ std::span<const GuideTopic> GuideTopics()
         {"frm_Rename"_L1, "records.md"_L1},
         {"frm_SearchPics"_L1, "find-photos.md"_L1},
         {"frm_Trash"_L1, "trashcan.md"_L1},
+        {"frm_CameraDir"_L1, "capture.md"_L1},
+        {"frm_Overwrite"_L1, "capture.md"_L1},
     };
     // clang-format on
     return kTopics;

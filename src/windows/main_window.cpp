@@ -1,6 +1,7 @@
 #include "windows/main_window.h"
 
 #include "ui_frm_main.h"
+#include "windows/capture_pane.h"
 #include "windows/drop_port.h"
 #include "windows/guard.h"
 #include "windows/guide_window.h"
@@ -14,6 +15,7 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QLocale>
 #include <QScreen>
@@ -28,6 +30,7 @@ namespace {
 const QString kGeometry = QStringLiteral("window/geometry");
 const QString kMainSplitter = QStringLiteral("window/mainSplitter");
 const QString kTopSplitter = QStringLiteral("window/topSplitter");
+const QString kBottomSplitter = QStringLiteral("window/bottomSplitter");
 const QString kGridName = QStringLiteral("grddatabook");
 const QString kGridMenuName = QStringLiteral("popGrid_M");
 
@@ -53,12 +56,14 @@ MainWindow::MainWindow(forms::ControlSet& controls, DropPort& port, EventGuard& 
     , m_port(port)
     , m_binder(controls, guard)
     , m_drags(m_binder, port)
+    , m_menus(m_binder, port)
 {
     m_ui->setupUi(this);
     setWindowIcon(ApplicationIcon());
     BuildHeader();
     BuildPages();
     BuildViewMenu();
+    BuildPopups();
     Decorate();
     NamesForReaders();
     // The stems run beside lstViews, line for line, and people look at the views; anchor 0 only holds the
@@ -75,6 +80,8 @@ MainWindow::MainWindow(forms::ControlSet& controls, DropPort& port, EventGuard& 
         ShowRecordCount();
     }
     connect(m_ui->grddatabook, &RecordGrid::FirstPainted, this, &MainWindow::FirstPainted);
+    connect(m_ui->grddatabook, &RecordGrid::FirstPainted, this, &MainWindow::BuildCapture, Qt::QueuedConnection);
+    m_ui->recordsPane->installEventFilter(this);
     connect(&theme, &Theme::Changed, this, &MainWindow::MarkTheme);
     MarkTheme();
     RestoreLayout();
@@ -168,6 +175,73 @@ void MainWindow::BuildAllPages()
 {
     for (SlotPage* page : std::as_const(m_pages))
         page->Build();
+    BuildCapture();
+}
+
+void MainWindow::BuildCapture()
+{
+    if (m_ui->browserRows->count() > 0 || m_binder.Controls().Find(QStringLiteral("fraPics")) == nullptr)
+        return;
+    auto* pane = new CapturePane(m_ui->browserPane);
+    m_ui->browserRows->addWidget(pane);
+    connect(pane, &CapturePane::DeleteWanted, this, &MainWindow::DeleteThumb);
+    ChainFocus(m_ui->grddatabook, *pane);
+    m_binder.Bind(*pane);
+    pane->show();
+}
+
+/// Where the menus of the rules over slots and pictures are built; each is shown by MenuDesk.
+void MainWindow::BuildPopups()
+{
+    for (const char* name : {"popThumb_M", "popPicture_M", "popGeneral_M", "popTextData_M", "popPicAndData_M"}) {
+        if (m_binder.Controls().Find(QLatin1StringView(name)) == nullptr)
+            continue;
+        auto* menu = new QMenu(this);
+        menu->setObjectName(QLatin1StringView(name));
+    }
+}
+
+void MainWindow::DeleteThumb(int index)
+{
+    forms::Control* thumb = m_binder.Controls().Find(QStringLiteral("geathumb"), index);
+    if (thumb == nullptr)
+        return;
+    m_binder.Guard().Run([&] {
+        if (forms::Menu* menu = m_port.MenuOver(*thumb))
+            menu->Choose(menu->Name(), 0);
+    });
+}
+
+/// In a narrow pane the buttons of the grid do without their words.
+void MainWindow::ShowWords()
+{
+    constexpr int kRoomForWords = 1080;
+    const bool words = m_ui->recordsPane->width() >= kRoomForWords;
+    for (QToolButton* button : {m_ui->cmdCopy, m_ui->cmdRename, m_ui->cmdEdit, m_ui->cmdDelete, m_ui->cmdSearch})
+        button->setToolButtonStyle(words ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_ui->recordsPane && event->type() == QEvent::Resize)
+        ShowWords();
+    return QMainWindow::eventFilter(watched, event);
+}
+
+/// The control that has the focus, if a drag may begin on it.
+forms::Control* MainWindow::FocusSource() const
+{
+    forms::Control* control = m_binder.ControlOf(focusWidget());
+    bool source = false;
+    if (control != nullptr)
+        m_binder.Guard().Run([&] { source = m_port.IsSource(*control); });
+    return source ? control : nullptr;
+}
+
+void MainWindow::PickUpOrDrop()
+{
+    if (forms::Control* control = m_binder.ControlOf(focusWidget()))
+        m_drags.PickUpOrDrop(*control);
 }
 
 QStringList MainWindow::Leftovers()
@@ -188,6 +262,16 @@ void MainWindow::BuildViewMenu()
     QAction* send =
         add(tr("&Send to Slot..."), QKeySequence(Qt::CTRL | Qt::Key_Return), [this] { SendToSlot(); });
     send->setIcon(ThemedIcon(QStringLiteral("send")));
+    QAction* pick = add(tr("Pick &Up"), QKeySequence(Qt::CTRL | Qt::Key_J), [this] { PickUpOrDrop(); });
+    auto* putDown = new QAction(this);
+    putDown->setShortcut(Qt::Key_Escape);
+    putDown->setEnabled(false);
+    addAction(putDown);
+    connect(putDown, &QAction::triggered, this, [this] { m_drags.PutDown(); });
+    connect(&m_drags, &DragDesk::HeldChanged, this, [this, pick, putDown] {
+        putDown->setEnabled(m_drags.Held() != nullptr);
+        pick->setText(m_drags.Held() == nullptr ? tr("Pick &Up") : tr("Dr&op Here"));
+    });
     BuildGridMenu(*send);
     BuildRecordKeys();
     QAction* columns = add(tr("C&olumns..."), {}, [this] { m_ui->grddatabook->ChooseColumns(); });
@@ -330,7 +414,11 @@ void MainWindow::Decorate()
     m_ui->txtQuickFind->setMaximumWidth(480);
     m_ui->reportPane->setMinimumSize(520, 240);
     m_ui->recordPane->setMinimumSize(280, 200);
-    m_ui->recordsPane->setMinimumHeight(160);
+    m_ui->recordsPane->setMinimumSize(420, 160);
+    m_ui->browserPane->setMinimumSize(280, 160);
+    m_ui->browserPane->setVisible(m_binder.Controls().Find(QStringLiteral("fraPics")) != nullptr);
+    m_ui->bottomSplitter->setStretchFactor(0, 5);
+    m_ui->bottomSplitter->setStretchFactor(1, 2);
 }
 
 void MainWindow::NamesForReaders()
@@ -351,10 +439,19 @@ void MainWindow::NamesForReaders()
 void MainWindow::NextPane(int step)
 {
     QWidget* report = m_ui->TabData->tabBar();
-    const QList<QWidget*> panes = {m_ui->tabSource->tabBar(), report, m_ui->lstViews, m_ui->txtcentralkey,
-                                   m_ui->grddatabook};
-    const QList<QWidget*> grounds = {m_ui->tabSource->tabBar(), m_ui->reportPane, m_ui->recordPane,
-                                     m_ui->txtcentralkey, m_ui->grddatabook};
+    QWidget* pictures = nullptr;
+    for (const char* name : {"geathumb_0", "filCapture", "imaFolder"})
+        if (auto* widget = findChild<QWidget*>(QLatin1StringView(name)); pictures == nullptr && widget != nullptr &&
+                                                                         widget->isVisible())
+            pictures = widget;
+    QList<QWidget*> panes = {m_ui->tabSource->tabBar(), report, m_ui->lstViews, m_ui->txtcentralkey,
+                             m_ui->grddatabook};
+    QList<QWidget*> grounds = {m_ui->tabSource->tabBar(), m_ui->reportPane, m_ui->recordPane,
+                               m_ui->txtcentralkey, m_ui->grddatabook};
+    if (pictures != nullptr) {
+        panes.append(pictures);
+        grounds.append(m_ui->browserPane);
+    }
     qsizetype at = -1;
     for (qsizetype i = 0; i < grounds.size(); ++i) {
         if (QWidget* focus = focusWidget();
@@ -372,20 +469,28 @@ void MainWindow::NextPane(int step)
 
 void MainWindow::SendToSlot()
 {
+    forms::Control* source = FocusSource();
     auto* grid = qobject_cast<forms::Grid*>(m_binder.Controls().Find(kGridName));
-    if (grid == nullptr || grid->Row() < 0)
+    if (source == nullptr && grid != nullptr && grid->Row() >= 0)
+        source = grid;
+    if (source == nullptr)
         return;
     QList<SlotChoice> choices;
-    QString record;
+    QString title;
     if (!m_binder.Guard().Run([&] {
-            choices = SlotChoices(m_binder.Controls(), m_port, grid->Name());
-            record = grid->CurrentText(QStringLiteral("CENTRALKEY")).trimmed();
+            choices = SlotChoices(m_binder.Controls(), m_port, source->Name());
+            title = source == grid ? grid->CurrentText(QStringLiteral("CENTRALKEY")).trimmed()
+                                   : QFileInfo(m_port.FileOf(*source)).fileName();
+            if (const auto* text = qobject_cast<forms::TextBox*>(source))
+                title = text->Text().trimmed();
         }))
         return;
-    SendToSlotDialog dialog(record, choices, this);
+    SendToSlotDialog dialog(title, choices, this);
     if (dialog.exec() != QDialog::Accepted || dialog.Target() == nullptr)
         return;
-    m_drags.Drop(*grid, *dialog.Target());
+    m_drags.PutDown();
+    m_binder.Guard().Run([&] { m_port.Begin(*source, 0); });
+    m_drags.Drop(*source, *dialog.Target());
 }
 
 void MainWindow::ShowRecordCount()
@@ -428,6 +533,7 @@ void MainWindow::ResetLayout()
     const int width = m_ui->topSplitter->width();
     m_ui->mainSplitter->setSizes({height / 2, height - height / 2});
     m_ui->topSplitter->setSizes({width * 5 / 7, width - width * 5 / 7});
+    m_ui->bottomSplitter->setSizes({width * 9 / 14, width - width * 9 / 14});
 }
 
 void MainWindow::TakeFirstSize()
@@ -455,9 +561,11 @@ void MainWindow::RestoreLayout()
     if (noDisplay || !restoreGeometry(m_settings.value(kGeometry).toByteArray()))
         TakeFirstSize();
     m_ui->topSplitter->setSizes({5000, 2000});
+    m_ui->bottomSplitter->setSizes({4500, 2500});
     m_ui->mainSplitter->setSizes({5000, 5000});
     m_ui->mainSplitter->restoreState(m_settings.value(kMainSplitter).toByteArray());
     m_ui->topSplitter->restoreState(m_settings.value(kTopSplitter).toByteArray());
+    m_ui->bottomSplitter->restoreState(m_settings.value(kBottomSplitter).toByteArray());
 }
 
 void MainWindow::SaveLayout()
@@ -465,6 +573,7 @@ void MainWindow::SaveLayout()
     m_settings.setValue(kGeometry, saveGeometry());
     m_settings.setValue(kMainSplitter, m_ui->mainSplitter->saveState());
     m_settings.setValue(kTopSplitter, m_ui->topSplitter->saveState());
+    m_settings.setValue(kBottomSplitter, m_ui->bottomSplitter->saveState());
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

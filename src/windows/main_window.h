@@ -2,6 +2,7 @@
 
 #include "windows/binder.h"
 #include "windows/drag_desk.h"
+#include "windows/menu_desk.h"
 
 #include <QMainWindow>
 
@@ -39,8 +40,10 @@ public:
                QSettings& settings);
     ~MainWindow() override;
 
-    /// Builds the slot pages that have not been shown yet.
+    /// Builds the slot pages that have not been shown yet, and the capture browser.
     void BuildAllPages();
+    /// The capture browser's widgets. They come after the first paint. Does nothing the second time.
+    void BuildCapture();
     /// See Binder::Leftovers; builds all pages first.
     [[nodiscard]] QStringList Leftovers();
 
@@ -48,8 +51,10 @@ public:
     [[nodiscard]] DragDesk& Drags() { return m_drags; }
     [[nodiscard]] RecordGrid& Databook() const;
 
-    /// Picks up the current record and asks for the slot to drop it on.
+    /// Picks up what has the focus, else the current record, and asks where to drop it.
     void SendToSlot();
+    /// The drag of the keyboard, from the control that has the focus or onto it.
+    void PickUpOrDrop();
     /// Closes the window; it asks nothing.
     void CloseNow() { close(); }
     void ResetLayout(); ///< the panes as they were designed
@@ -63,6 +68,7 @@ Q_SIGNALS:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void BuildHeader();
@@ -70,6 +76,10 @@ private:
     void BuildViewMenu();
     void BuildGridMenu(QAction& send);
     void BuildRecordKeys();
+    void BuildPopups();
+    void DeleteThumb(int index);
+    void ShowWords();
+    [[nodiscard]] forms::Control* FocusSource() const;
     void Decorate();
     void NamesForReaders();
     void NextPane(int step);
@@ -85,6 +95,7 @@ private:
     DropPort& m_port;
     Binder m_binder;
     DragDesk m_drags;
+    MenuDesk m_menus;
     QList<SlotPage*> m_pages;
     QMenu* m_gridMenu = nullptr; ///< the rules' entries; nullptr where they have none
     QList<QAction*> m_gridActions;

@@ -30,7 +30,15 @@ void PictureView::SetShown(bool shown)
     if (m_shown == shown)
         return;
     m_shown = shown;
+    if (m_vanishes)
+        setVisible(shown);
     update();
+}
+
+void PictureView::SetVanishes(bool vanishes)
+{
+    m_vanishes = vanishes;
+    setVisible(!vanishes || m_shown);
 }
 
 void PictureView::SetWithout(forms::NoPicture reason)

@@ -24,6 +24,8 @@ public:
     /// A hidden picture keeps its place and stays a drop target: it shows its empty state.
     void SetShown(bool shown);
     [[nodiscard]] bool IsShown() const { return m_shown; }
+    /// A hidden picture is gone instead.
+    void SetVanishes(bool vanishes);
 
     /// Why there is no picture: the empty state shows it.
     void SetWithout(forms::NoPicture reason);
@@ -71,6 +73,7 @@ private:
     bool m_shown = true;
     bool m_lamp = false;
     bool m_bare = false;
+    bool m_vanishes = false;
     forms::NoPicture m_without = forms::NoPicture::Empty;
 };
 

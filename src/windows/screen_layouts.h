@@ -23,6 +23,8 @@ void Layout_frm_ChangeDB(QDialog& window, forms::Screen& screen);
 void Layout_frm_Config(QDialog& window, forms::Screen& screen);
 void Layout_frm_AttachCity(QDialog& window, forms::Screen& screen);
 void Layout_frm_MassCity(QDialog& window, forms::Screen& screen);
+void Layout_frm_CameraDir(QDialog& window, forms::Screen& screen);
+void Layout_frm_Overwrite(QDialog& window, forms::Screen& screen);
 void Layout_frm_Rename(QDialog& window, forms::Screen& screen);
 void Layout_frm_SearchPics(QDialog& window, forms::Screen& screen);
 void Layout_frm_Trash(QDialog& window, forms::Screen& screen);

@@ -35,6 +35,8 @@ std::span<const ScreenEntry> Screens()
         {"frm_Config"_L1, Layout_frm_Config},
         {"frm_AttachCity"_L1, Layout_frm_AttachCity},
         {"frm_MassCity"_L1, Layout_frm_MassCity},
+        {"frm_CameraDir"_L1, Layout_frm_CameraDir},
+        {"frm_Overwrite"_L1, Layout_frm_Overwrite},
         {"frm_Rename"_L1, Layout_frm_Rename},
         {"frm_SearchPics"_L1, Layout_frm_SearchPics},
         {"frm_Trash"_L1, Layout_frm_Trash},

@@ -56,6 +56,14 @@ QList<SlotChoice> SlotChoices(const forms::ControlSet& controls, const DropPort&
             }
         }
     }
+    const auto other = [&](const char* name, const QString& title, const QString& effect) {
+        forms::Control* target = controls.Find(QLatin1StringView(name));
+        add(target, title, effect, TextOf(target));
+    };
+    other("grddatabook", SendToSlotDialog::tr("Databook"), SendToSlotDialog::tr("with the highlighted record"));
+    other("txtcentralkey", SendToSlotDialog::tr("Databook"), SendToSlotDialog::tr("with the address in its box"));
+    other("fraPics", SendToSlotDialog::tr("Capture directory"), SendToSlotDialog::tr("a copy goes there"));
+    other("imaTrashcan", SendToSlotDialog::tr("Trashcan"), SendToSlotDialog::tr("out of the capture directory"));
     return choices;
 }
 

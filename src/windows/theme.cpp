@@ -138,7 +138,7 @@ QToolButton:pressed { background: $selection; }
 QToolButton:focus { border: 2px solid $accent; padding: 3px; }
 QToolButton:disabled { color: $faint; }
 QToolButton::menu-indicator { image: none; }
-QFrame#reportPane, QFrame#recordPane, QFrame#recordsPane, QFrame#mapPane { background: $surface;
+QFrame#reportPane, QFrame#recordPane, QFrame#recordsPane, QFrame#browserPane, QFrame#mapPane { background: $surface;
   border: 1px solid $border; border-radius: 10px; }
 QFrame[card="true"] { background: $surface; border: 1px solid $border; border-radius: 8px; }
 QFrame[found="true"] { background: $accentSoft; border-radius: 6px; }
@@ -176,6 +176,8 @@ QLabel[role="heading"] { font-size: 14pt; font-weight: 600; }
 QLabel[tone="blue"] { color: $blue; }
 QLabel[tone="red"] { color: $red; font-weight: 600; }
 QLabel[tone="green"] { color: $green; }
+QLabel[role="tag"] { font-size: 8.5pt; }
+QLabel[role="link"] { color: $accent; }
 QLabel[yellow="true"] { background: #ffff80; color: #1c1c1c; border-radius: 3px; }
 QLineEdit[dropWanted="true"], QComboBox[dropWanted="true"] { border: 2px dashed $accent;
   padding: 2px 7px; }

@@ -1,5 +1,9 @@
+#include "demo/card.h"
 #include "demo/drawing/house_picture.h"
 #include "demo/photo_shoot.h"
+#include "platform/picture/facts.h"
+#include "platform/picture/picture.h"
+#include "support/temp_home.h"
 
 #include <QBuffer>
 #include <QCryptographicHash>
@@ -74,6 +78,56 @@ TEST(Pictures, OfTheCameraHaveTheirOwnNames)
     }
     EXPECT_EQ(names.size(), shots.size());
     EXPECT_EQ(shots.first().path, u"C:\\VASSNAP\\DSC00123.JPG"_s);
+}
+
+TEST(Card, HasTwoHundredPicturesThatAreTheSameEveryTime)
+{
+    const auto made = [](tests::TempHome& home) {
+        home.MakeDirs(u"C:\\CARD"_s);
+        int told = 0;
+        MakeCard(home.disk, u"C:\\CARD\\"_s, [&](int done) { told = done; });
+        EXPECT_EQ(told, kCardPictures);
+    };
+    tests::TempHome first;
+    made(first);
+    const QStringList names = first.disk.Dir(u"C:\\CARD\\*.JPG"_s);
+    ASSERT_EQ(names.size(), 200);
+    QSet<int> orientations;
+    QSet<QByteArray> contents;
+    qint64 bytes = 0;
+    for (const QString& name : names) {
+        const QString path = u"C:\\CARD\\"_s + name;
+        const picture::Facts facts = picture::Describe(first.disk, path);
+        orientations.insert(facts.orientation);
+        const bool high = facts.orientation == 6 || facts.orientation == 8;
+        EXPECT_EQ(facts.size, high ? QSize(600, 800) : QSize(800, 600)) << name.toStdString();
+        const QImage small = picture::EmbeddedThumbnail(first.disk, path);
+        EXPECT_EQ(small.size(), high ? QSize(120, 160) : QSize(160, 120)) << name.toStdString();
+        bytes += first.disk.FileLen(path);
+        contents.insert(QCryptographicHash::hash(first.disk.ReadWhole(path), QCryptographicHash::Sha1));
+    }
+    EXPECT_EQ(orientations, (QSet<int>{1, 3, 6, 8}));
+    EXPECT_EQ(contents.size(), 200);
+    EXPECT_LT(bytes, 25'000'000);
+    tests::TempHome second;
+    made(second);
+    for (const int i : {0, 57, 199})
+        EXPECT_EQ(first.disk.ReadWhole(u"C:\\CARD\\"_s + names[i]), second.disk.ReadWhole(u"C:\\CARD\\"_s + names[i]));
+}
+
+TEST(Card, ATurnedPictureComesOutUprightAgain)
+{
+    QImage upright(80, 120, QImage::Format_RGB32);
+    upright.fill(Qt::blue);
+    for (int y = 0; y < 40; ++y)
+        for (int x = 0; x < 80; ++x)
+            upright.setPixel(x, y, 0xffff0000);
+    for (const int orientation : {1, 3, 6, 8}) {
+        const QImage back = picture::FromBytes(CameraJpeg(upright, orientation), u"x"_s);
+        ASSERT_EQ(back.size(), upright.size()) << orientation;
+        EXPECT_GT(qRed(back.pixel(40, 10)), 200) << orientation;
+        EXPECT_GT(qBlue(back.pixel(40, 110)), 200) << orientation;
+    }
 }
 
 } // namespace

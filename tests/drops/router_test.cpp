@@ -1,47 +1,11 @@
-#include "drops/router.h"
+#include "router_home.h"
 
-#include "link/desk_test.h"
 #include "link/refresh.h"
 #include "link/slot_icons.h"
 #include "link/tabs.h"
 
 namespace vasclip::drops {
 namespace {
-
-using namespace Qt::Literals::StringLiterals;
-
-/// A router on a desk: two comps with a front photo, one with none, every group mapped, a report of all
-/// pages.
-class RouterTest : public link::DeskTest
-{
-protected:
-    Router router{desk};
-
-    void SetUp() override
-    {
-        DeskTest::SetUp();
-        AddComp(u"12 Oak St"_s,
-                {{u"GLA"_s, u"1850"_s}, {u"PHOTOS"_s, u"FRONT VIEW|OAK\r\nREAR VIEW|OAKR\r\n"_s}});
-        AddComp(u"14 Elm St"_s, {{u"GLA"_s, u"990"_s}, {u"PHOTOS"_s, u"REAR VIEW|ELM\r\n"_s}});
-        Picture(u"C:\\JPG\\OAK.jpg"_s);
-        Picture(u"C:\\JPG\\OAKR.jpg"_s);
-        Picture(u"C:\\JPG\\ELM.jpg"_s);
-        for (const QString& mark : {u"Added"_s, u"Full"_s, u"Empty"_s})
-            Picture(u"C:\\VAS2000\\Addendum_"_s + mark + u".bmp"_s);
-        for (const QString& group : {u"SALE"_s, u"ALT"_s, u"LIST"_s, u"RENT"_s})
-            Map({u"UA5"_s, group + u"PAGE"_s, u"GLA"_s, u"12"_s, u"3"_s, group, u"1"_s, u"2"_s});
-        OpenReport(u"SMITH"_s, u"UA5,SUBPHOTO,"_s);
-    }
-    Outcome DropOn(forms::Control& target, const QString& key = u"12 OAK ST"_s)
-    {
-        return router.Drop({u"grddatabook"_s, -1, key, {}}, target);
-    }
-    [[nodiscard]] QString Shows(const forms::PictureBox& box) const { return table.ErrGetPict(box); }
-    static QString SetImage(const QString& object, const QString& path)
-    {
-        return u"[RunMacro( SetImage \""_s + object + u"\", \""_s + path + u"\" ) ]\r"_s;
-    }
-};
 
 struct TargetRow
 {
@@ -254,8 +218,9 @@ TEST_F(RouterTest, TheReportIsAskedForBeforeThePage)
 
 TEST_F(RouterTest, APairWithoutARuleAsksNobody)
 {
-    EXPECT_FALSE(DropOn(slots.imaComp(2)).done);
-    EXPECT_FALSE(router.Drop({u"txtComp"_s, 1, {}, {}}, report.txtComp(2)).done);
+    EXPECT_FALSE(DropOn(report.txtMapProximity).done);
+    EXPECT_FALSE(router.Drop({u"txtComp"_s, 1, {}, {}, {}}, report.txtComp(2)).done);
+    EXPECT_FALSE(router.Drop({u"imaComp"_s, 1, {}, u"C:\\JPG\\OAK.jpg"_s, {}}, slots.imaAltComp(2)).done);
     EXPECT_TRUE(conduit.log.isEmpty());
 }
 

@@ -285,7 +285,7 @@ TEST_F(CaptureDeskTest, AThumbnailWhoseFileIsConsumedGoesWithItsLabel)
     PutMany(3);
     Start();
     ASSERT_TRUE(Settle());
-    desk->HideThumb(1);
+    desk->HideThumbOf(u"c:\\snap\\p01.jpg"_s);
     EXPECT_FALSE(controls.geathumb(1).Visible());
     EXPECT_FALSE(controls.lbltag(1).Visible());
     home.disk.Kill(kDir + Name(1));

@@ -177,6 +177,37 @@ TEST_F(Pointer, ReplacingACompAsksAndTheKeyboardAnswers)
         WaitFor([&] { return m_home.Cell(1, u"ADDRESS"_s) == record[u"ADDRESS"_s].toString(); }, 20000));
 }
 
+TEST_F(Pointer, AThumbnailDraggedToAPhotoIsFiledAndSent)
+{
+    Click(MiddleOf(u"TabData#1"_s));
+    ASSERT_TRUE(WaitFor([this] {
+        return Places().contains(u"imaComp_3"_s) && Places().contains(u"geathumb_1"_s);
+    })) << "slots or thumbnails do not show";
+    QThread::msleep(1500); // the pictures of the page
+    const auto stored = [this] {
+        return QDir(m_home.Native(u"VASCLIPS/JPG"_s)).entryList({u"*.jpg"_s}, QDir::Files);
+    };
+    const QStringList before = stored();
+
+    Drag(MiddleOf(u"geathumb_1"_s), MiddleOf(u"imaComp_3"_s));
+    QThread::msleep(1000);
+    Xdotool({u"key"_s, u"alt+y"_s}); // a slot with a photo asks; on an empty one the key does nothing
+
+    EXPECT_TRUE(WaitFor([&] { return stored().size() == before.size() + 1; }, 20000)) << "nothing was stored";
+    QStringList fresh = stored();
+    for (const QString& name : before)
+        fresh.removeOne(name);
+    ASSERT_EQ(fresh.size(), 1);
+    EXPECT_TRUE(WaitFor(
+        [&] {
+            const QByteArray images =
+                m_home.Vasctl({u"--plain"_s, u"report"_s, u"images"_s}).out;
+            return images.contains(fresh.first().toUtf8());
+        },
+        20000))
+        << "the report does not show " << fresh.first().toStdString();
+}
+
 } // namespace
 
 int main(int argc, char* argv[])

@@ -43,7 +43,7 @@ protected:
     void SetUp() override
     {
         for (const QString& directory : {u"C:\\WINDOWS"_s, u"C:\\APPRAISE"_s, u"C:\\DATABOOK"_s,
-                                         u"C:\\VAS2000"_s, u"C:\\JPG"_s, u"C:\\KEL"_s})
+                                         u"C:\\VAS2000"_s, u"C:\\JPG"_s, u"C:\\KEL"_s, u"C:\\SNAP"_s})
             home.MakeDirs(directory);
         home.Put(kApplicationIni, "[DIRECTORIES]\r\nAPPDIR=C:\\VAS2000\r\nUSERDIR=C:\\VAS2000\r\n"
                                   "PHOTODIR=C:\\JPG\r\nDATADIR=C:\\DATABOOK\r\nCAPTUREDIR=C:\\SNAP\r\n"
@@ -122,6 +122,8 @@ TEST_F(MainScreen, TheSplashTellsTheStepsInTheirOrder)
                                           u"Checking data - C:\\DATABOOK\\"_s,
                                           u"Connecting to Comp2Kel.mdb"_s,
                                           u"Verifying Capture Directory"_s,
+                                          u"Displaying Capture Pictures"_s,
+                                          u"Setting GEAR image controls"_s,
                                           u"Formatting Grid text"_s,
                                           u"Setting Formtypes for Search menu"_s,
                                           u"Refreshing program from KEL"_s,
@@ -133,8 +135,8 @@ TEST_F(MainScreen, TheSplashTellsTheStepsInTheirOrder)
                                           u"Loading grid interface"_s,
                                           u"Displaying Comp Records"_s,
                                           u"Finalizing Start-up"_s}));
-    EXPECT_EQ(splash.lstSplash.ListIndex(), 19);
-    EXPECT_EQ(splash.gauProgress.Value(), 40);
+    EXPECT_EQ(splash.lstSplash.ListIndex(), 21);
+    EXPECT_EQ(splash.gauProgress.Value(), 44);
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
     EXPECT_FALSE(doubles.window.hourglass);
     EXPECT_EQ(doubles.window.activations, 2);

@@ -31,7 +31,7 @@ protected:
     void SetUp() override
     {
         for (const QString& directory :
-             {u"C:\\APPRAISE"_s, u"C:\\VAS2000"_s, u"C:\\DATABOOK"_s, u"C:\\WINDOWS"_s})
+             {u"C:\\APPRAISE"_s, u"C:\\VAS2000"_s, u"C:\\DATABOOK"_s, u"C:\\WINDOWS"_s, u"C:\\VASSNAP"_s})
             home.MakeDirs(directory);
         home.Put(
             u"C:\\APPRAISE\\VAS2000.INI"_s,

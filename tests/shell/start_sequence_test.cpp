@@ -107,15 +107,17 @@ TEST_F(StartSequence, TheTraceNamesEachStepWithItsDetail)
                            u"18:Connect2Databook,C:\\DATABOOK\\DATABOOK.MDB"_s,
                            u"19:Connect2mdb,"_s,
                            u"20:DisplayCamera,"_s,
-                           u"21:SetFormatText,"_s,
-                           u"22:LoadCompType,"_s,
-                           u"23:RefreshAppraisal,"_s,
-                           u"24:AddGenViews2CBO,"_s,
-                           u"25:CreatePatternBrush,"_s,
-                           u"26:checkUpdate,"_s,
-                           u"27:SetGridSettings,"_s,
-                           u"28:DisplayAllRecords,"_s,
-                           u"29:Finalize,"_s})
+                           u"21:ViewFilCapture,"_s,
+                           u"22:SetGearImages,"_s,
+                           u"23:SetFormatText,"_s,
+                           u"24:LoadCompType,"_s,
+                           u"25:RefreshAppraisal,"_s,
+                           u"26:AddGenViews2CBO,"_s,
+                           u"27:CreatePatternBrush,"_s,
+                           u"28:checkUpdate,"_s,
+                           u"29:SetGridSettings,"_s,
+                           u"30:DisplayAllRecords,"_s,
+                           u"31:Finalize,"_s})
                   .join(u'\n'));
 }
 

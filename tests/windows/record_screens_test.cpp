@@ -195,7 +195,8 @@ TEST_F(RecordScreens, TheKeysOfTheGridDoWhatItsButtonsDo)
 
 TEST_F(RecordScreens, ThePhotoBesideTheGridIsThatOfItsRow)
 {
-    for (const QString& directory : {u"C:\\WINDOWS"_s, u"C:\\APPRAISE"_s, u"C:\\VAS2000"_s, u"C:\\JPG"_s})
+    for (const QString& directory :
+         {u"C:\\WINDOWS"_s, u"C:\\APPRAISE"_s, u"C:\\VAS2000"_s, u"C:\\JPG"_s, u"C:\\SNAP"_s})
         home.MakeDirs(directory);
     home.Put(u"C:\\APPRAISE\\VAS2000.INI"_s,
              "[DIRECTORIES]\r\nAPPDIR=C:\\VAS2000\r\nUSERDIR=C:\\VAS2000\r\nPHOTODIR=C:\\JPG\r\n"

@@ -2,6 +2,7 @@
 
 #include "forms/controls.h"
 #include "forms/grid.h"
+#include "photos/capture_controls.h"
 #include "windows/drop_port.h"
 
 #include <QImage>
@@ -78,6 +79,7 @@ struct SampleScreen
 {
     forms::ControlSet controls;
     std::vector<std::unique_ptr<forms::Control>> owned;
+    photos::CaptureControls capture{controls};
 
     template <class T, class... Args>
     T& Add(const QString& name, Args&&... args)
@@ -157,6 +159,7 @@ struct SampleScreen
         Add<ListBox>(u"lstimages"_s);
         Add<ListBox>(u"lstGenViews"_s);
         Add<ComboBox>(u"cboapprslType"_s);
+        Add<Control>(u"fraAddaComp"_s);
         Add<Gauge>(u"gauStatus"_s);
         Add<Button>(u"cmdStop"_s).SetVisible(false);
         Add<Grid>(u"grddatabook"_s);
@@ -172,6 +175,9 @@ struct SampleScreen
                                  {.index = 1, .caption = u"-"_s},
                                  {.index = 2, .caption = u"Copy Photos - From Reader"_s, .enabled = false},
                                  {.index = 11, .caption = u"Exit"_s}});
+        for (const QString& name : {u"popThumb_M"_s, u"popPicture_M"_s, u"popGeneral_M"_s, u"popTextData_M"_s,
+                                    u"popPicAndData_M"_s})
+            Add<Menu>(name, QString(), QList<MenuEntry>{{.index = 0, .caption = u"First of "_s + name}});
         Get<Label>(u"lblAddingaComp"_s).SetCaption(u"Add a Comp"_s);
     }
 
@@ -223,6 +229,20 @@ struct SampleScreen
         types.AddItem(u"C  Condominium"_s);
         types.SetListIndex(0);
         Get<Label>(u"lblmsg"_s).Show(rows.Row(3).at(1) + u" was found in the comp file."_s, Colour::Green);
+        capture.lblTab.SetCaption(u"C:\\VASSNAP"_s);
+        capture.lblDirectory.SetCaption(u"1 to 12 of 200"_s);
+        for (int i = 0; i < 12; ++i) {
+            capture.geathumb(i).SetVisible(true);
+            if (i == 7)
+                capture.geathumb(i).ShowWithout(NoPicture::Broken);
+            else if (i == 11)
+                capture.geathumb(i).ShowWithout(NoPicture::Waiting);
+            else
+                capture.geathumb(i).SetPicture(SampleHouse(60 + i));
+            capture.lbltag(i).SetCaption(u"DSCN%1.JPG"_s.arg(41 + i, 4, 10, QChar(u'0')));
+            capture.lbltag(i).SetVisible(true);
+            capture.lbltag(i).SetBack(i % 3 == 0 ? Ground::Yellow : Ground::Window);
+        }
         Get<PictureBox>(u"imaKel"_s).SetToolTipText(u"Refresh"_s);
     }
 };

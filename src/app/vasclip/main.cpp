@@ -233,7 +233,11 @@ private:
             QObject::connect(&*m_window, &windows::MainWindow::FirstPainted, qApp, [] { std::_Exit(0); });
         QObject::connect(
             &*m_window, &windows::MainWindow::FirstPainted, &m_main,
-            [this] { m_guard.Run([this] { m_main.ShowRecordPhoto(); }); }, Qt::QueuedConnection);
+            [this] {
+                m_guard.Run([this] { m_main.ShowRecordPhoto(); });
+                m_guard.Run([this] { m_main.ShowCapture(); });
+            },
+            Qt::QueuedConnection);
         m_window->show();
         if (!m_options.places.isEmpty())
             m_places.emplace(*m_window, m_options.places);

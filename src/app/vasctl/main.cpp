@@ -54,6 +54,7 @@ Commands:
                           deletes them for good, or those of the date and older; asks first
   report status           the report that is open in the forms program
   report pages            its pages and what their slots hold
+  report images           its picture objects and the files in them
   report cells [FORM|ROW|CELL ...]
                           cells by address, or all mapped cells that hold something
   refresh                 reads the open report as the program's Refresh does

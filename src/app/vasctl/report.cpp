@@ -86,14 +86,25 @@ int Cells(Session& session, const Output& out, const QStringList& items)
     return kDone;
 }
 
+/// The report's picture objects and the files in them.
+int Images(Session& session, const Output& out)
+{
+    auto& main = session.WithReport();
+    QList<QStringList> rows;
+    for (const QString& entry : main.addr.txtKelimages.Text().split(u';', Qt::SkipEmptyParts))
+        rows.append({entry.section(u'|', 0, 0), entry.section(u'|', 1)});
+    out.Table({u"object"_s, u"file"_s}, rows);
+    return kDone;
+}
+
 } // namespace
 
 int RunReport(Session& session, const Output& out, const QStringList& arguments)
 {
     const QString verb = arguments.value(0);
-    if ((verb != u"status"_s && verb != u"pages"_s && verb != u"cells"_s) ||
+    if ((verb != u"status"_s && verb != u"pages"_s && verb != u"images"_s && verb != u"cells"_s) ||
         (verb != u"cells"_s && arguments.size() != 1)) {
-        out.Error(u"Usage: vasctl report status | pages | cells [FORM|ROW|CELL ...]"_s);
+        out.Error(u"Usage: vasctl report status | pages | images | cells [FORM|ROW|CELL ...]"_s);
         return kUsage;
     }
     if (!link::KelIsActive(session.Conduit(), session.Main().linkState)) {
@@ -104,6 +115,8 @@ int RunReport(Session& session, const Output& out, const QStringList& arguments)
         return Status(session, out);
     if (verb == u"pages"_s)
         return Pages(session, out);
+    if (verb == u"images"_s)
+        return Images(session, out);
     return Cells(session, out, arguments.mid(1));
 }
 

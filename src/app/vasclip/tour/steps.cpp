@@ -12,6 +12,10 @@ std::span<const TourStep> TourSteps()
         {"start"_L1, Started},
         {"refresh from the report"_L1, RefreshReport},
         {"drop comps on the report"_L1, DropComps},
+        // the camera
+        {"browse the camera's pictures"_L1, BrowsePictures},
+        {"file a picture into the report"_L1, FilePictureIntoReport},
+        {"the camera's folder"_L1, CameraFolder},
         // the Databook
         {"find by words"_L1, FindByWords},
         {"search by field"_L1, SearchByField},

@@ -37,6 +37,11 @@ bool Started(const Stage& stage);
 bool RefreshReport(const Stage& stage);
 bool DropComps(const Stage& stage);
 
+// tour/pictures.cpp
+bool BrowsePictures(const Stage& stage);
+bool FilePictureIntoReport(const Stage& stage);
+bool CameraFolder(const Stage& stage);
+
 // tour/records.cpp
 bool FindByWords(const Stage& stage);
 bool SearchByField(const Stage& stage);

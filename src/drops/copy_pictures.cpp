@@ -1,0 +1,153 @@
+#include "drops/actions.h"
+
+#include "common/paths.h"
+#include "drops/slot.h"
+#include "photos/photo_copies.h"
+#include "photos/trash_icon.h"
+#include "platform/picture/picture.h"
+#include "platform/text/text.h"
+
+namespace vasclip::drops {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+bool IsPlainStem(const QString& stem)
+{
+    return !stem.isEmpty() && std::none_of(stem.cbegin(), stem.cend(),
+                                           [](QChar letter) { return u"*?\\/:"_s.contains(letter); });
+}
+
+Outcome Copied(DropDesk& desk, int count)
+{
+    desk.capture.RefreshCapture();
+    const QString place = desk.link.globals.G_CaptureDir;
+    if (count == 0)
+        return {false, u"Nothing was copied to %1."_s.arg(place), forms::Colour::Blue, {}};
+    return {true,
+            count == 1 ? u"1 picture is in %1 now."_s.arg(place)
+                       : u"%1 pictures are in %2 now."_s.arg(count).arg(place),
+            forms::Colour::Green,
+            {}};
+}
+
+/// A name that the directory doesn't have yet: "A.jpg", "A (2).jpg", ...
+QString FreeName(const files::Disk& disk, const QString& directory, const QString& stem,
+                 const QString& extension)
+{
+    QString path = directory + stem + u'.' + extension;
+    for (int number = 2; disk.Found(path); ++number)
+        path = directory + u"%1 (%2)."_s.arg(stem).arg(number) + extension;
+    return path;
+}
+
+void CopyOneIn(const link::LinkDesk& desk, const QString& file)
+{
+    const QString directory = common::CkRSlash(desk.globals.G_CaptureDir);
+    const QString name = file.mid(file.lastIndexOf(u'\\') + 1);
+    // A file's own directory is the one into which it is dropped: it is there.
+    if (text::Folded(directory + name) == text::Folded(file))
+        return;
+    const QString extension = name.mid(name.lastIndexOf(u'.') + 1).toUpper();
+    // A dot in a name reads as its end.
+    const QString stem = name.left(name.lastIndexOf(u'.')).replace(u'.', u'_');
+    if (extension == "JPG"_L1 || extension == "JPEG"_L1 || extension == "BMP"_L1) {
+        const QString kept = extension == "BMP"_L1 ? u"bmp"_s : u"jpg"_s;
+        desk.disk.FileCopy(file, FreeName(desk.disk, directory, stem, kept));
+        return;
+    }
+    constexpr int kQuality = 95;
+    picture::SaveJpeg(desk.disk, picture::Load(desk.disk, file),
+                      FreeName(desk.disk, directory, stem, u"jpg"_s), kQuality);
+}
+
+} // namespace
+
+Outcome CopyBack(DropDesk& drops, const Drag& drag, const DropRule& rule)
+{
+    link::LinkDesk& desk = drops.link;
+    const QString directory = common::CkRSlash(desk.globals.G_CaptureDir);
+    int count = 0;
+    if (!rule.group.isEmpty()) {
+        const forms::PictureBox& slot = SlotOf(desk, rule.group, drag.index).photo;
+        const QString file = text::Trim(desk.loader.Table().ErrGetPict(slot));
+        if (!file.isEmpty() && photos::CopyFile(desk.ports, desk.disk, file, directory))
+            ++count;
+        return Copied(drops, count);
+    }
+    if (!TakeRecord(desk, drag.key))
+        return {false, u"%1 is no longer in the Databook."_s.arg(drag.key), forms::Colour::Red, {}};
+    for (int i = 0; i < desk.lists.lstimages.ListCount(); ++i) {
+        const QString stem = text::Trim(desk.lists.lstimages.List(i));
+        if (!IsPlainStem(stem))
+            continue;
+        const QString source = common::CkRSlash(desk.globals.G_PhotoDir) + stem + u".jpg"_s;
+        if (!desk.disk.FileExists(source)) {
+            desk.ports.prompter.Box(u"Picture not found in database"_s,
+                                    u"The source picture ( %1 ) is not currently found \r\nin %2"_s.arg(
+                                        stem + u".jpg"_s, desk.globals.G_PhotoDir));
+            continue;
+        }
+        desk.disk.FileCopy(source, directory + stem + u".jpg"_s);
+        ++count;
+    }
+    return Copied(drops, count);
+}
+
+Outcome CopyIn(DropDesk& drops, const QStringList& files)
+{
+    int count = 0;
+    QStringList refused;
+    for (const QString& file : files) {
+        try {
+            CopyOneIn(drops.link, file);
+            ++count;
+        } catch (const RuntimeError& failure) {
+            refused.append(failure.Description());
+        }
+    }
+    Outcome outcome = Copied(drops, count);
+    if (!refused.isEmpty()) {
+        outcome.message += u' ' + refused.first();
+        outcome.colour = forms::Colour::Red;
+    }
+    return outcome;
+}
+
+Outcome SaveSlot(DropDesk& desk, const Drag& drag, const DropRule& rule)
+{
+    SlotPart part = SlotPart::Both;
+    if (rule.action == DropAction::SaveData)
+        part = SlotPart::Data;
+    else if (rule.action == DropAction::SavePhoto)
+        part = SlotPart::Photo;
+    const QString key = text::Folded(SlotOf(desk.link, rule.group, drag.index).text.Text());
+    if (desk.routines.save)
+        desk.routines.save(rule.group, drag.index, part);
+    return {true, {}, forms::Colour::Normal, key};
+}
+
+Outcome AdviseGeneral(DropDesk& desk)
+{
+    desk.link.ports.prompter.Box(
+        u"How To: Saving General Views"_s,
+        u"To save (or resave) a General Photo to Subject Address,\r\ndouble click on the icon to the right of "
+        u"the picture.\r\n\r\nNote: Make sure you type or pick (from drop down menu)\r\nthe exact name of the "
+        u"General View"_s);
+    return {true, {}, forms::Colour::Normal, {}};
+}
+
+Outcome ToTrash(DropDesk& drops, const Drag& drag)
+{
+    const link::LinkDesk& desk = drops.link;
+    const photos::TrashDesk trash{desk.ports, desk.disk, desk.globals};
+    const auto saved = drops.photos.PictureSaved ? photos::PictureIs::Saved : photos::PictureIs::Unsaved;
+    if (photos::geatrashcan_DragDrop(trash, saved, drag.source, drag.picturePath) != photos::TrashDrop::Consumed)
+        return {};
+    drops.capture.HideThumbOf(drag.picturePath);
+    return {true, u"%1 is in the trash now."_s.arg(common::FileNameWithExt(drag.picturePath)),
+            forms::Colour::Blue, {}};
+}
+
+} // namespace vasclip::drops

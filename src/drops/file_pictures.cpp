@@ -1,0 +1,174 @@
+#include "drops/actions.h"
+
+#include "common/paths.h"
+#include "drops/slot.h"
+#include "drops/view_rule.h"
+#include "link/reporter.h"
+#include "link/slot_photos.h"
+#include "photos/format_picture.h"
+#include "photos/photo_copies.h"
+#include "photos/photo_records.h"
+#include "photos/trash.h"
+#include "platform/text/text.h"
+
+namespace vasclip::drops {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+bool FromThumb(const Drag& drag)
+{
+    return text::Folded(drag.source) == "GEATHUMB"_L1;
+}
+
+bool FromFiles(const Drag& drag)
+{
+    return text::Folded(drag.source) == kFiles;
+}
+
+/// The picture is stored: its source goes to the trash and out of the browser. A file of another program
+/// stays where it is.
+void Consume(DropDesk& desk, const Drag& drag, const QString& picture)
+{
+    if (FromFiles(drag))
+        return;
+    const bool moved = SendFiledToTrash(desk, picture);
+    if (!FromThumb(drag))
+        desk.capture.RefreshCapture();
+    else if (moved && desk.link.globals.autoDelete == 1 && desk.photos.PictureSaved)
+        desk.capture.HideThumbOf(picture);
+}
+
+Outcome NotStored(const DropDesk& desk, const QString& picture)
+{
+    const QString why = desk.photos.notSaved;
+    return {false,
+            why.isEmpty() ? u"%1 was not filed."_s.arg(common::FileNameWithExt(picture))
+                          : u"%1 was not filed: %2"_s.arg(common::FileNameWithExt(picture), why),
+            forms::Colour::Red,
+            {}};
+}
+
+/// Files one picture with a record. @return false if the user gave up or it could not be filed
+bool FileOne(DropDesk& desk, const Drag& drag, const QString& key, const QString& picture,
+             const QString& viewSource, Outcome& outcome)
+{
+    const QString view = AskView(desk, viewSource, drag.index, picture);
+    if (view.isEmpty())
+        return false;
+    desk.photos.PictureSaved = false;
+    desk.photos.notSaved.clear();
+    if (!photos::SavePhotoToRecord(desk.photos, key, picture, view)) {
+        if (!desk.photos.notSaved.isEmpty())
+            outcome = NotStored(desk, picture);
+        return false;
+    }
+    Consume(desk, drag, picture);
+    outcome = {true, u"%1 is filed with %2 now."_s.arg(view, key), forms::Colour::Green, key};
+    return true;
+}
+
+Outcome FileAll(DropDesk& desk, const Drag& drag, const QString& key, const QString& viewSource)
+{
+    Outcome outcome;
+    const QStringList pictures = FromFiles(drag) ? drag.files : QStringList{drag.picturePath};
+    int filed = 0;
+    for (const QString& picture : pictures) {
+        if (!FileOne(desk, drag, key, picture, viewSource, outcome))
+            break;
+        ++filed;
+    }
+    if (filed > 1 && outcome.done)
+        outcome.message = u"%1 pictures are filed with %2 now."_s.arg(filed).arg(key);
+    if (filed > 0)
+        outcome.record = key;
+    return outcome;
+}
+
+} // namespace
+
+bool SendFiledToTrash(DropDesk& desk, const QString& picture)
+{
+    const common::FileNameParts parts = common::ParseFileName(picture);
+    const photos::TrashDesk trash{desk.link.ports, desk.link.disk, desk.link.globals};
+    const auto saved = desk.photos.PictureSaved ? photos::PictureIs::Saved : photos::PictureIs::Unsaved;
+    bool moved = false;
+    // A trash that takes nothing costs the tidying, not the picture that is filed by now.
+    (void)link::Reported(desk.link.ports.prompter, "SendToTrashCan", [&] {
+        moved = photos::SendToTrashCan(trash, saved, desk.link.globals.G_CaptureDir, picture, parts.name,
+                                       parts.extension) == photos::Trashed::Moved;
+    });
+    return moved;
+}
+
+Outcome FilePictureIntoSlot(DropDesk& desk, const Drag& drag, const DropRule& rule, int index)
+{
+    link::LinkDesk& link = desk.link;
+    const QString picture = text::Trim(drag.picturePath);
+    if (common::ParseFileName(picture).name.isEmpty())
+        return {};
+    const bool general = rule.action == DropAction::FileIntoGeneral;
+    if (general && AskView(desk, u"CBOGENERAL"_s, index, picture).isEmpty())
+        return {};
+    forms::PictureBox& slot = SlotOf(link, rule.group, index).photo;
+    if (!photos::FormatPictureNow(desk.photos, picture, slot))
+        return NotStored(desk, picture);
+
+    photos::SlotTable& table = link.loader.Table();
+    const bool moved = !FromFiles(drag) && SendFiledToTrash(desk, picture);
+    link.loader.ErrLoadThumb(slot, table.ErrGetPict(slot));
+    link.ports.window.AppActivate();
+    const bool sent = link::KelSendSlotPhoto(link, slot, slot, index);
+    link.ports.window.AppActivate();
+    link.loader.ErrLoadThumb(slot, table.ErrGetPict(slot));
+    photos::ApplyWriteProtect(link.ports, link.disk, link.globals, table.ErrGetPict(slot));
+    if (general)
+        TellGeneral(desk, index);
+
+    if (FromThumb(drag)) {
+        if (moved && link.globals.autoDelete == 1)
+            desk.capture.HideThumbOf(picture);
+    } else if (!FromFiles(drag)) {
+        desk.capture.RefreshCapture();
+    }
+    if (!general && (rule.group != "SUBJECT"_L1 || index == 1) && desk.routines.autoSave)
+        desk.routines.autoSave(rule.group, index);
+    const QString name = common::FileNameWithExt(picture);
+    if (!sent)
+        return {true, u"%1 is stored and in the slot; the report did not take it."_s.arg(name),
+                forms::Colour::Red, {}};
+    const QString rest =
+        drag.files.size() > 1 ? u" A slot takes one picture; the others were left."_s : QString();
+    return {true, u"%1 is in the report now."_s.arg(name) + rest, forms::Colour::Green, {}};
+}
+
+Outcome ShowInSubject(DropDesk& desk, const QString& picture)
+{
+    photos::SlotLoader& loader = desk.link.loader;
+    for (int i = 1; i <= 3; ++i) {
+        forms::PictureBox& box = desk.link.slots.imaSubject(i);
+        loader.ErrLoadThumb(box, picture);
+        loader.ErrLoadThumb(box, loader.Table().ErrGetPict(box));
+    }
+    return {true, u"The picture is on show; it has not gone to the report."_s, forms::Colour::Blue, {}};
+}
+
+Outcome FileInRecord(DropDesk& desk, const Drag& drag)
+{
+    const QString key = text::Trim(desk.grddatabook.CurrentText(u"CENTRALKEY"_s));
+    if (key.isEmpty())
+        return {};
+    return FileAll(desk, drag, key, drag.source);
+}
+
+Outcome Drop2CBOFromCamera(DropDesk& desk, const Drag& drag)
+{
+    const QString key = text::Folded(desk.txtcentralkey.Text());
+    if (key.isEmpty())
+        return {};
+    desk.link.lists.txtView.SetText(u"FRONT VIEW"_s);
+    return FileAll(desk, drag, key, u"TXTVIEW"_s);
+}
+
+} // namespace vasclip::drops

@@ -1,0 +1,102 @@
+#include "drops/actions.h"
+
+#include "drops/slot.h"
+#include "drops/view_rule.h"
+#include "link/slot_icons.h"
+#include "platform/text/text.h"
+
+namespace vasclip::drops {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+Outcome Gone(const QString& key)
+{
+    return {false, u"%1 is no longer in the Databook."_s.arg(key), forms::Colour::Red, {}};
+}
+
+Outcome Told(PhotoSent sent, const QString& view, const QString& key)
+{
+    if (sent == PhotoSent::Failed)
+        return {false, u"The photo of %1 did not reach the report."_s.arg(key), forms::Colour::Red, {}};
+    if (sent == PhotoSent::None)
+        return {true, u"%1 has no %2. The slot is empty now."_s.arg(key, view), forms::Colour::Blue, {}};
+    return {true, u"The %1 of %2 is in the report now."_s.arg(view, key), forms::Colour::Green, {}};
+}
+
+/// Path of a record's front view, for the eyes; the photos are listed.
+QString FrontFile(const link::LinkDesk& desk)
+{
+    const int row = std::max(0, desk.lists.lstViews.IndexOf(u"FRONT VIEW"_s));
+    const QString stem = text::Trim(desk.lists.lstimages.List(row));
+    return stem.isEmpty() ? QString() : desk.globals.G_PhotoDir + stem + u".jpg"_s;
+}
+
+} // namespace
+
+Outcome SendRecordView(DropDesk& drops, const QString& key, const DropRule& rule, int index,
+                       const QString& view)
+{
+    link::LinkDesk& desk = drops.link;
+    if (!TakeRecord(desk, key))
+        return Gone(key);
+    const Slot slot = SlotOf(desk, rule.group, index);
+    slot.text.SetText(SlotText(desk.state));
+    const PhotoSent sent = SendView(desk, slot.photo, view);
+    if (rule.group == "GENERAL"_L1 && sent != PhotoSent::Failed)
+        TellGeneral(drops, index);
+    slot.refreshIcons(desk);
+    desk.ports.window.AppActivate();
+    return Told(sent, view, text::Trim(key));
+}
+
+Outcome SendAskedView(DropDesk& drops, const QString& key, const DropRule& rule, int index)
+{
+    if (!TakeRecord(drops.link, key))
+        return Gone(key);
+    const QString view = AskView(drops, u"CBOGENERAL"_s, index, FrontFile(drops.link));
+    if (view.isEmpty())
+        return {};
+    return SendRecordView(drops, key, rule, index, view);
+}
+
+Outcome SendShown(DropDesk& drops, const DropRule& rule, int index)
+{
+    const QString key = text::Folded(drops.txtcentralkey.Text());
+    if (rule.action == DropAction::SendShownAsked)
+        return SendAskedView(drops, key, rule, index);
+    return SendRecordView(drops, key, rule, index, text::Trim(drops.link.lists.txtView.Text()));
+}
+
+Outcome ReplaceSubjectPhotos(DropDesk& drops, const QString& key)
+{
+    link::LinkDesk& desk = drops.link;
+    const QString question = u"This action overwrites the 3 main subject photos (if present) of %1 with the 3 "
+                             u"main subject photos of %2. Continue?"_s;
+    const auto answer = desk.ports.prompter.MsgBox(
+        forms::Buttons::YesNoCancel, forms::Icon::Question, u"Overwrite Subject Photos"_s,
+        question.arg(text::Trim(desk.report.txtSubject.Text()), text::Trim(key)));
+    if (answer != forms::Answer::Yes)
+        return {};
+    if (!TakeRecord(desk, key))
+        return Gone(key);
+    PhotoSent worst = PhotoSent::Yes;
+    for (int i = 1; i <= 3; ++i) {
+        const PhotoSent sent = SendView(desk, desk.slots.imaSubject(i), link::SubjectView(i));
+        worst = std::max(worst, sent);
+        if (sent == PhotoSent::Failed)
+            break;
+    }
+    link::RefreshSubjectIcons(desk, 0);
+    desk.ports.window.AppActivate();
+    if (worst == PhotoSent::Failed)
+        return {false, u"Not all photos of %1 reached the report."_s.arg(text::Trim(key)), forms::Colour::Red,
+                {}};
+    if (worst == PhotoSent::None)
+        return {true, u"The photos of %1 are in the report now; it doesn't have all three."_s.arg(text::Trim(key)),
+                forms::Colour::Blue, {}};
+    return {true, u"The 3 photos of %1 are in the report now."_s.arg(text::Trim(key)), forms::Colour::Green, {}};
+}
+
+} // namespace vasclip::drops

@@ -1,0 +1,77 @@
+#include "drops/slot.h"
+
+#include "common/proper_case.h"
+#include "link/slot_icons.h"
+#include "link/slot_photos.h"
+#include "photos/photo_lists.h"
+#include "platform/text/text.h"
+
+#include <algorithm>
+
+namespace vasclip::drops {
+
+using namespace Qt::Literals::StringLiterals;
+
+Slot SlotOf(link::LinkDesk& desk, QLatin1StringView group, int index)
+{
+    if (group == "SALE"_L1)
+        return {desk.report.txtComp(index), desk.slots.imaComp(index), &desk.slots.geaComp(index),
+                &link::RefreshCompIcons};
+    if (group == "ALT"_L1)
+        return {desk.report.txtAltComp(index), desk.slots.imaAltComp(index), &desk.slots.geaAltComp(index),
+                &link::RefreshAltCompIcons};
+    if (group == "LIST"_L1)
+        return {desk.report.txtListing(index), desk.slots.imaListing(index), &desk.slots.geaListing(index),
+                &link::RefreshListingIcons};
+    if (group == "RENT"_L1)
+        return {desk.report.txtRental(index), desk.slots.imaRental(index), &desk.slots.geaRental(index),
+                &link::RefreshRentalIcons};
+    if (group == "GENERAL"_L1)
+        return {desk.report.txtgeneraladdr(index), desk.slots.imaGeneral(index), nullptr,
+                &link::RefreshGeneralIcons};
+    return {desk.report.txtSubject, desk.slots.imaSubject(std::clamp(index, 1, 3)), nullptr,
+            [](link::LinkDesk& link) { link::RefreshSubjectIcons(link, 0); }};
+}
+
+QString SlotText(const link::LinkState& state)
+{
+    const bool same = text::Folded(state.displayAddress) == text::Folded(state.currentKey);
+    return text::Trim(same ? state.displayAddress : state.currentKey);
+}
+
+bool TakeRecord(link::LinkDesk& desk, const QString& key)
+{
+    store::DataSource& databook = desk.sources.datDatabook;
+    desk.state.currentKey = text::Folded(key);
+    if (desk.state.currentKey.isEmpty() ||
+        !store::FindRecord(desk.ports, databook, desk.state.currentKey, u"CENTRALKEY"_s))
+        return false;
+    desk.state.displayAddress =
+        common::AddressInCase(store::GetFieldData(databook, u"ADDRESS"_s), desk.globals.addressCase);
+    photos::ReadPhotoLists(databook, desk.lists.lstViews, desk.lists.lstimages);
+    return true;
+}
+
+namespace {
+
+/// Does the report show a picture in the slot, as far as was read or sent?
+bool ReportShowsPhoto(const link::LinkDesk& desk, const forms::PictureBox& photo)
+{
+    const QString entry = u';' + link::ImageObjectName(photo.Name(), photo.Index());
+    return !text::Trim(desk.loader.Table().ErrGetPict(photo)).isEmpty() ||
+           (u';' + desk.addr.txtKelimages.Text()).contains(entry, Qt::CaseInsensitive);
+}
+
+} // namespace
+
+PhotoSent SendView(link::LinkDesk& desk, forms::PictureBox& photo, const QString& view)
+{
+    const bool hasView = desk.lists.lstViews.IndexOf(view) >= 0;
+    if (!hasView && ReportShowsPhoto(desk, photo) && !link::ClearSlotPhoto(desk, photo, false))
+        return PhotoSent::Failed;
+    if (!link::SendKelTheView(desk, photo, photo, photo.Index(), view))
+        return PhotoSent::Failed;
+    return hasView ? PhotoSent::Yes : PhotoSent::None;
+}
+
+} // namespace vasclip::drops

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "link/link_desk.h"
+
+#include <QLatin1StringView>
+
+namespace vasclip::drops {
+
+/// The controls of one report slot, and what refreshes the icons of its tab.
+struct Slot
+{
+    forms::TextBox& text; ///< key of its record
+    forms::PictureBox& photo;
+    forms::PictureBox* data; ///< nullptr for a slot without a data box
+    void (*refreshIcons)(link::LinkDesk&);
+};
+
+/// @param group  SUBJECT, SALE, ALT, GENERAL, LIST or RENT
+/// @param index  of the subject 1 to 3; anything else stands for its first photo
+[[nodiscard]] Slot SlotOf(link::LinkDesk& desk, QLatin1StringView group, int index);
+
+/// What a slot's text takes: the address in the user's case where that is the key but for case; a record whose
+/// ADDRESS has been edited away from its key shows the key, or its slot would not find it again.
+[[nodiscard]] QString SlotText(const link::LinkState& state);
+
+/// Stands datDatabook on a record, lists its photos and takes its key and address into the state.
+/// @return false if there is no such record
+[[nodiscard]] bool TakeRecord(link::LinkDesk& desk, const QString& key);
+
+enum class PhotoSent { Yes, None, Failed };
+
+/// Sends a view of the record whose photos are listed. Without one the slot is emptied here and in the report,
+/// where the picture of the comp before would stand beside the new one's data.
+PhotoSent SendView(link::LinkDesk& desk, forms::PictureBox& photo, const QString& view);
+
+} // namespace vasclip::drops

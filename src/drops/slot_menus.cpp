@@ -1,0 +1,220 @@
+#include "drops/slot_menus.h"
+
+#include "common/error_block.h"
+#include "drops/slot.h"
+#include "drops/view_rule.h"
+#include "link/drop_comp.h"
+#include "link/slot_icons.h"
+#include "link/slot_photos.h"
+#include "platform/text/text.h"
+
+namespace vasclip::drops {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+struct Group
+{
+    QLatin1StringView word, group;
+    QLatin1StringView dropType; ///< what DropComp is told by a click on the data box
+    QLatin1StringView full;     ///< the lamp of a data box with data; "" for a group without data boxes
+};
+constexpr Group kGroups[] = {{"SUBJECT"_L1, "SUBJECT"_L1, ""_L1, ""_L1},
+                             {"ALTCOMP"_L1, "ALT"_L1, "ALTCOMP"_L1, "compfull.jpg"_L1},
+                             {"COMP"_L1, "SALE"_L1, "SALE"_L1, "compfull.jpg"_L1},
+                             {"LISTING"_L1, "LIST"_L1, "LISTING"_L1, "LISTfull.jpg"_L1},
+                             {"RENTAL"_L1, "RENT"_L1, "RENTAL"_L1, "RENTfull.jpg"_L1},
+                             {"GENERAL"_L1, "GENERAL"_L1, ""_L1, ""_L1}};
+
+const Group& RowOf(QLatin1StringView group)
+{
+    for (const Group& row : kGroups)
+        if (row.group == group)
+            return row;
+    return kGroups[0];
+}
+
+Outcome Missing(const QString& key)
+{
+    if (key.isEmpty())
+        return {false, u"The slot names no record."_s, forms::Colour::Blue, {}};
+    return {false, u"%1 is not in the Databook."_s.arg(key), forms::Colour::Red, {}};
+}
+
+QString KeyOfSlot(DropDesk& desk, QLatin1StringView group, int index)
+{
+    return text::Folded(SlotOf(desk.link, group, index).text.Text());
+}
+
+/// Runs a step for the slots that are on view and have a text; the last word is told.
+template <class Step>
+Outcome ForShown(DropDesk& desk, QLatin1StringView group, int index, Step&& step)
+{
+    Outcome all;
+    int done = 0;
+    const int first = FirstShown(index);
+    for (int i = first; i <= first + 2; ++i) {
+        if (KeyOfSlot(desk, group, i).isEmpty())
+            continue;
+        const Outcome one = step(i);
+        if (one.done)
+            ++done;
+        else if (!one.message.isEmpty())
+            all = one;
+    }
+    if (all.message.isEmpty())
+        all.message = done == 0 ? u"The slots on view name no records."_s
+                                : u"%1 of the slots on view are filled from the Databook."_s.arg(done);
+    all.done = done > 0;
+    return all;
+}
+
+bool LinkStands(DropDesk& desk)
+{
+    return link::KelIsActive(desk.link);
+}
+
+Outcome NoReport()
+{
+    return {false, u"No report is open."_s, forms::Colour::Blue, {}};
+}
+
+} // namespace
+
+QLatin1StringView GroupOf(const QString& controlName)
+{
+    const QString name = text::Folded(controlName);
+    for (const Group& row : kGroups)
+        if (name.mid(3) == row.word)
+            return row.group;
+    return ""_L1;
+}
+
+Outcome ObtainPhoto(DropDesk& desk, QLatin1StringView group, int index)
+{
+    if (!LinkStands(desk))
+        return NoReport();
+    const QString key = KeyOfSlot(desk, group, index);
+    if (!TakeRecord(desk.link, key))
+        return Missing(key);
+    const forms::Hourglass hourglass(desk.link.ports.window);
+    const Slot slot = SlotOf(desk.link, group, index);
+    const QString view = group == "SUBJECT"_L1 ? link::SubjectView(index) : u"FRONT VIEW"_s;
+    const PhotoSent sent = SendView(desk.link, slot.photo, view);
+    slot.refreshIcons(desk.link);
+    if (sent == PhotoSent::Failed)
+        return {false, u"The photo of %1 did not reach the report."_s.arg(key), forms::Colour::Red, {}};
+    if (sent == PhotoSent::None)
+        return {false, u"%1 has no %2."_s.arg(key, view), forms::Colour::Blue, {}};
+    return {true, u"The %1 of %2 is in the report now."_s.arg(view, key), forms::Colour::Green, {}};
+}
+
+Outcome ObtainShownPhotos(DropDesk& desk, QLatin1StringView group, int index)
+{
+    return ForShown(desk, group, index, [&](int i) { return ObtainPhoto(desk, group, i); });
+}
+
+Outcome ClearPhoto(DropDesk& desk, QLatin1StringView group, int index)
+{
+    const Slot slot = SlotOf(desk.link, group, index);
+    const bool cleared = link::ClearSlotPhoto(desk.link, slot.photo, true);
+    slot.refreshIcons(desk.link);
+    return {cleared, {}, forms::Colour::Normal, {}};
+}
+
+Outcome ObtainGeneral(DropDesk& desk, int index)
+{
+    link::LinkDesk& link = desk.link;
+    if (!LinkStands(desk))
+        return NoReport();
+    const QString view = text::Folded(link.report.cboGeneral(index).Text());
+    const QString key = text::Folded(link.report.txtSubject.Text());
+    if (view.isEmpty() || !TakeRecord(link, key) || link.lists.lstViews.IndexOf(view) < 0) {
+        link.ports.prompter.Box(u"Photo not present"_s, u"General Photo is not present in database"_s);
+        return {};
+    }
+    const Slot slot = SlotOf(link, "GENERAL"_L1, index);
+    const QString file = text::Trim(link.loader.Table().ErrGetPict(slot.photo));
+    if (!file.isEmpty() &&
+        !link.ports.prompter.YesNo(link.globals.productName, u"Overwrite %1?  Are you sure?"_s.arg(file)))
+        return {};
+    const forms::Hourglass hourglass(link.ports.window);
+    slot.text.SetText(SlotText(link.state));
+    if (SendView(link, slot.photo, view) == PhotoSent::Failed)
+        return {false, u"The photo of %1 did not reach the report."_s.arg(key), forms::Colour::Red, {}};
+    TellGeneral(desk, index);
+    slot.refreshIcons(link);
+    return {true, u"The %1 of %2 is in the report now."_s.arg(view, key), forms::Colour::Green, {}};
+}
+
+Outcome ObtainData(DropDesk& desk, QLatin1StringView group, int index, WithPhoto photo)
+{
+    link::LinkDesk& link = desk.link;
+    if (!LinkStands(desk))
+        return NoReport();
+    const QString key = KeyOfSlot(desk, group, index);
+    if (!TakeRecord(link, key))
+        return Missing(key);
+    const Slot slot = SlotOf(link, group, index);
+    link.state.dragSourceIndex = -1;
+    const link::DropOutcome sent = link::DropComp(link, slot.text, slot.photo, group, false);
+    if (sent != link::DropOutcome::Sent)
+        return {false, u"%1 did not reach the report."_s.arg(key), forms::Colour::Red, {}};
+    slot.text.SetText(SlotText(link.state));
+    PhotoSent photoSent = PhotoSent::Yes;
+    if (photo == WithPhoto::Yes) {
+        photos::ReadPhotoLists(link.sources.datDatabook, link.lists.lstViews, link.lists.lstimages);
+        photoSent = SendView(link, slot.photo, u"FRONT VIEW"_s);
+    }
+    if (slot.data != nullptr)
+        link.loader.ErrLoadPict(*slot.data, link.globals.G_ProgramDir + u"Addendum_Added.bmp"_s);
+    slot.refreshIcons(link);
+    link.ports.window.AppActivate();
+    if (photoSent == PhotoSent::Failed)
+        return {false, u"%1 is in the report now, its photo is not."_s.arg(key), forms::Colour::Red, {}};
+    return {true, u"%1 is in the report now."_s.arg(key), forms::Colour::Green, {}};
+}
+
+Outcome ObtainShownData(DropDesk& desk, QLatin1StringView group, int index, WithPhoto photo)
+{
+    return ForShown(desk, group, index, [&](int i) { return ObtainData(desk, group, i, photo); });
+}
+
+Outcome ClickDataBox(DropDesk& desk, QLatin1StringView group, int index)
+{
+    const common::RoutineScope scope{"gea_Click"};
+    link::LinkDesk& link = desk.link;
+    const Group& row = RowOf(group);
+    const QString key = KeyOfSlot(desk, group, index);
+    if (row.full.isEmpty() || !LinkStands(desk) || !TakeRecord(link, key))
+        return {};
+    const Slot slot = SlotOf(link, group, index);
+    link.state.currentSlotIndex = static_cast<qint16>(index);
+    link.state.dragSourceIndex = -1;
+    const link::DropOutcome sent = link::DropComp(link, slot.text, slot.photo, row.dropType, false);
+    if (sent != link::DropOutcome::Sent)
+        return {false, u"%1 did not reach the report."_s.arg(key), forms::Colour::Red, {}};
+    link.loader.ErrLoadPict(*slot.data, link.globals.G_ProgramDir + row.full);
+    slot.text.SetText(SlotText(link.state));
+    return {true, u"%1 is in the report now."_s.arg(key), forms::Colour::Green, {}};
+}
+
+Outcome SavePhotoOfSlot(DropDesk& desk, QLatin1StringView group, int index)
+{
+    const Slot slot = SlotOf(desk.link, group, index);
+    const QString key = text::Folded(slot.text.Text());
+    if (group == "GENERAL"_L1) {
+        if (key.isEmpty())
+            return {false, u"Blank address"_s, forms::Colour::Blue, {}};
+        const QString file = desk.link.loader.Table().ErrGetPict(slot.photo);
+        if (text::Trim(file).isEmpty() || file.contains("EMPTY"_L1, Qt::CaseInsensitive))
+            return {};
+    }
+    if (!desk.routines.save)
+        return {};
+    desk.routines.save(group, index, SlotPart::Photo);
+    return {true, {}, forms::Colour::Normal, key};
+}
+
+} // namespace vasclip::drops

@@ -1,0 +1,49 @@
+#include "drops/view_rule.h"
+
+#include "link/general_text.h"
+#include "platform/text/text.h"
+
+#include <QScopedValueRollback>
+
+namespace vasclip::drops {
+
+using namespace Qt::Literals::StringLiterals;
+
+QString ProposedView(const QString& source, int index, const QString& text)
+{
+    const QString name = text::Folded(source);
+    if (name == "CBOGENERAL"_L1)
+        return text::Trim(text).isEmpty() ? u"GENERAL VIEW "_s + text::Str(index) : text;
+    return name == "GEAMAPPHOTO"_L1 ? u"GENERAL VIEW"_s : u"FRONT VIEW"_s;
+}
+
+QString AskView(DropDesk& desk, const QString& source, int index, const QString& picture)
+{
+    link::LinkDesk& link = desk.link;
+    const bool general = text::Folded(source) == "CBOGENERAL"_L1;
+    const QString now = general ? link.report.cboGeneral(index).Text() : QString();
+    QString& view = desk.photos.CurrentView;
+    view = ProposedView(source, index, now);
+    view = desk.photos.questions.View(picture, view);
+    if (text::Folded(view).isEmpty() || text::Folded(view) == "CANCEL"_L1) {
+        view.clear();
+        return {};
+    }
+    if (general) {
+        // Poked with its address by TellGeneral, once the picture is there.
+        const QScopedValueRollback<bool> quiet(link.state.generalReentry, true);
+        link.report.cboGeneral(index).SetText(view);
+    } else if (text::Folded(source) == "TXTVIEW"_L1) {
+        link.lists.txtView.SetText(view);
+    }
+    return view;
+}
+
+void TellGeneral(DropDesk& desk, int index)
+{
+    const link::ReportControls& report = desk.link.report;
+    if (link::KelPokeGeneralData(desk.link, index, report.cboGeneral(index).Text()))
+        link::KelPokeGeneralAddr(desk.link, index, report.txtgeneraladdr(index).Text());
+}
+
+} // namespace vasclip::drops

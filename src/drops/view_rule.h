@@ -1,0 +1,19 @@
+#pragma once
+
+#include "drops/drop_desk.h"
+
+namespace vasclip::drops {
+
+/// The view that is proposed for a picture of this source. @param text  of the source where it has one
+[[nodiscard]] QString ProposedView(const QString& source, int index, const QString& text);
+
+/// Asks which view a picture is, with the proposal of its source; the answer stands in CurrentView.
+/// @param source   GEATHUMB, FILCAPTURE, CBOGENERAL, TXTVIEW, ...; of the last two the control takes the answer
+/// @param picture  path, may be empty
+/// @return the view; "" if the user gave up, and then nothing is taken
+QString AskView(DropDesk& desk, const QString& source, int index, const QString& picture);
+
+/// The view and the address of a general slot go to the report.
+void TellGeneral(DropDesk& desk, int index);
+
+} // namespace vasclip::drops

@@ -1,0 +1,117 @@
+// The capture browser of the main screen: its events, its directory, its pop-up menu.
+
+#include "common/error_block.h"
+#include "common/paths.h"
+#include "photos/capture_desk.h"
+#include "photos/frm_camera_dir.h"
+#include "photos/photo_copies.h"
+#include "photos/photo_files.h"
+#include "photos/trash_icon.h"
+#include "platform/text/text.h"
+#include "shell/frm_main.h"
+#include "shell/menus.h"
+
+namespace vasclip::shell {
+
+using namespace Qt::Literals::StringLiterals;
+
+void frm_Main::WireCapture()
+{
+    photos::CaptureDesk* desk = m_capture.get();
+    m_slotLoader->SetThumbTags(&capture.lbltag);
+    m_slotLoader->SetWriteProtect([this](const QString& path) {
+        photos::ApplyWriteProtect(m_base.ports, m_base.disk, globals, path);
+    });
+    for (int i = 0; i < photos::CaptureControls::kThumbs; ++i) {
+        connect(&capture.geathumb(i), &forms::Control::Pressed, desk, [desk, i] { desk->geathumb_MouseDown(i); });
+        connect(&capture.geathumb(i), &forms::Control::Hovered, desk, [desk, i] { desk->geathumb_MouseMove(i); });
+    }
+    for (int i = 0; i < 4; ++i)
+        connect(&capture.imaScroll(i), &forms::Control::Clicked, desk, [desk, i] { desk->imaScroll_Click(i); });
+    connect(&capture.filCapture, &forms::Control::Clicked, desk, &photos::CaptureDesk::filCapture_Click);
+    connect(&capture.lblTab, &forms::Control::Clicked, this, &frm_Main::ShowCameraDir);
+    connect(&capture.imaFolder, &forms::Control::Clicked, this, &frm_Main::ShowCameraDir);
+    connect(&capture.imaTrashcan, &forms::Control::Clicked, this, [this] {
+        const QString place =
+            photos::imaTrashcan_Click(m_base.ports.prompter, m_base.disk, globals.G_CaptureDir);
+        if (!place.isEmpty())
+            m_capture->ShowDirectory(place);
+    });
+    connect(desk, &photos::CaptureDesk::ViewChanged, this, &frm_Main::ShowViewTicks);
+    connect(&popThumb_M, &forms::Menu::Chosen, this,
+            [this](const QString&, int index) { popThumb_M_Click(index); });
+    connect(&photoLists.lstimages, &forms::ListBox::ListIndexChanged, this, [this] {
+        if (photoLists.lstViews.ListIndex() != photoLists.lstimages.ListIndex())
+            photoLists.lstViews.SetListIndex(photoLists.lstimages.ListIndex());
+    });
+}
+
+void frm_Main::ShowCapture()
+{
+    const common::RoutineScope scope{"DisplayCamera"};
+    if (!m_unloaded)
+        m_capture->StartBrowsing();
+}
+
+void frm_Main::ShowViewTicks()
+{
+    mnuSetupItem.SetEntryChecked(kImageNamesEntry, m_capture->NamesOn());
+    mnuSetupItem.SetEntryChecked(kImageListEntry, m_capture->ListMode());
+    popThumb_M.SetEntryChecked(2, m_capture->NamesOn());
+    popThumb_M.SetEntryChecked(5, m_capture->ListMode());
+}
+
+bool frm_Main::CaptureChosen(const QString& array, int index)
+{
+    if (array == u"mnuSetupItem"_s && index == kImageNamesEntry)
+        m_capture->ToggleFileNames();
+    else if (array == u"mnuSetupItem"_s && index == kImageListEntry)
+        m_capture->ToggleListBox();
+    else if (array == u"mnuMaintItem"_s && index == 2)
+        ShowCameraDir();
+    else
+        return false;
+    return true;
+}
+
+void frm_Main::ShowCameraDir()
+{
+    const common::RoutineScope scope{"ShowCameraDir"};
+    const QString before = globals.G_CaptureDir;
+    photos::frm_CameraDir screen(m_base.ports, m_base.disk, globals, globals.G_ProgramDir);
+    m_base.ports.screens.ShowModal(screen);
+    if (screen.Changed() && text::Folded(before) != text::Folded(globals.G_CaptureDir))
+        m_capture->DisplayCamera();
+    else
+        m_capture->RefreshCapture();
+}
+
+void frm_Main::popThumb_M_Click(int index)
+{
+    if (index == 0)
+        DeleteImage();
+    else if (index == 2)
+        m_capture->ToggleFileNames();
+    else if (index == 5)
+        m_capture->ToggleListBox();
+}
+
+/// The picture under the menu goes for good.
+void frm_Main::DeleteImage()
+{
+    const common::RoutineScope scope{"popThumb_M"};
+    auto* control = controls.Find(m_menuControl, m_menuIndex);
+    if (control == nullptr)
+        return;
+    const QString path = m_slotTable.ErrGetPict(*control);
+    QString prompt =
+        u"Permanently delete this photo (this is NOT sent to the trashcan).  Are you sure?"_s;
+    if (!photos::DelPict(m_base.ports, m_base.disk, path, photos::Quiet::No, prompt))
+        return;
+    m_slotTable.ErrSetPict(*control, {});
+    m_capture->Loader().Forget(path);
+    m_capture->RefreshCapture();
+    status.lblmsg.Show(u"%1 is deleted."_s.arg(common::FileNameWithExt(path)), forms::Colour::Blue);
+}
+
+} // namespace vasclip::shell

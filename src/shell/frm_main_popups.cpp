@@ -1,0 +1,139 @@
+// The pop-up menus over slots and pictures, and clicks on slots, icons and data boxes.
+
+#include "common/error_block.h"
+#include "drops/router.h"
+#include "drops/slot_menus.h"
+#include "photos/capture_desk.h"
+#include "platform/text/text.h"
+#include "shell/frm_main.h"
+#include "shell/menus.h"
+
+namespace vasclip::shell {
+
+using namespace Qt::Literals::StringLiterals;
+
+void frm_Main::WireSlots()
+{
+    const auto eachOf = [](const forms::ControlArray<forms::PictureBox>& array, const auto& wire) {
+        for (int i = std::max(1, array.First()); i <= array.Last(); ++i)
+            wire(array(i));
+    };
+    for (const auto* icons : {&slots.imaSubjectIcon, &slots.imaCompIcon, &slots.imaAltCompIcon,
+                              &slots.imaListingIcon, &slots.imaRentalIcon, &slots.imaGeneralIcon})
+        eachOf(*icons, [this](forms::PictureBox& icon) {
+            const QString slot = icon.Name().chopped(4); // "Icon"
+            const auto save = [this, slot, index = icon.Index()] {
+                const common::RoutineScope scope{"Icon_Click"};
+                drops::DropDesk desk = Drops();
+                Told(drops::SavePhotoOfSlot(desk, drops::GroupOf(slot), index));
+            };
+            connect(&icon, &forms::Control::Clicked, this, save);
+        });
+    for (const auto* boxes : {&slots.geaComp, &slots.geaAltComp, &slots.geaListing, &slots.geaRental})
+        eachOf(*boxes, [this](forms::PictureBox& box) {
+            connect(&box, &forms::Control::Clicked, this, [this, &box] {
+                drops::DropDesk desk = Drops();
+                Told(drops::ClickDataBox(desk, drops::GroupOf(box.Name()), box.Index()));
+            });
+        });
+    for (const auto* photos : {&slots.imaSubject, &slots.imaComp, &slots.imaAltComp, &slots.imaListing,
+                               &slots.imaRental, &slots.imaGeneral})
+        eachOf(*photos, [this](forms::PictureBox& slot) {
+            connect(&slot, &forms::Control::DoubleClicked, this, [this, &slot] { SlotPhoto_DblClick(slot); });
+        });
+    const std::pair<forms::Menu*, void (frm_Main::*)(int)> menus[] = {
+        {&popPicture_M, &frm_Main::popPicture_M_Click},
+        {&popGeneral_M, &frm_Main::popGeneral_M_Click},
+        {&popTextData_M, &frm_Main::popTextData_M_Click},
+        {&popPicAndData_M, &frm_Main::popPicAndData_M_Click}};
+    for (const auto& [menu, handler] : menus)
+        connect(menu, &forms::Menu::Chosen, this,
+                [this, chosen = handler](const QString&, int index) { (this->*chosen)(index); });
+}
+
+forms::Menu* frm_Main::MenuOver(const forms::Control& control)
+{
+    m_menuControl = control.Name();
+    m_menuIndex = control.Index();
+    const QString name = text::Folded(control.Name());
+    if (name == u"GEATHUMB"_s || name == u"FILCAPTURE"_s || name == u"GEALISTBOX"_s) {
+        if (name == u"GEATHUMB"_s)
+            m_capture->geathumb_MouseDown(control.Index());
+        popThumb_M.SetEntryEnabled(0, !text::Trim(m_slotTable.ErrGetPict(control)).isEmpty());
+        return &popThumb_M;
+    }
+    const QLatin1StringView group = drops::GroupOf(name);
+    if (group.isEmpty() || name.startsWith(u"LBL"_s) || name.startsWith(u"TAB"_s))
+        return nullptr;
+    const bool subject = group == QLatin1StringView("SUBJECT");
+    if (name == u"IMAGENERAL"_s)
+        return &popGeneral_M;
+    if (name.startsWith(u"IMA"_s)) {
+        popPicture_M.SetEntryCaption(1, PictureEntryCaption(subject)); // SetCorrectPicMenuText
+        return &popPicture_M;
+    }
+    if (name.startsWith(u"GEA"_s))
+        return &popPicAndData_M;
+    if (!name.startsWith(u"TXT"_s))
+        return nullptr;
+    // The subject's data are not sent from the Databook.
+    popTextData_M.SetEntryEnabled(0, !subject);
+    popTextData_M.SetEntryEnabled(1, !subject);
+    popTextData_M.SetEntryEnabled(3, bool(Drops().routines.save));
+    return &popTextData_M;
+}
+
+void frm_Main::popPicture_M_Click(int index)
+{
+    const common::RoutineScope scope{"popPicture_M"};
+    drops::DropDesk desk = Drops();
+    const QLatin1StringView group = drops::GroupOf(m_menuControl);
+    if (index == 0)
+        Told(drops::ObtainPhoto(desk, group, m_menuIndex));
+    else if (index == 1)
+        Told(drops::ObtainShownPhotos(desk, group, m_menuIndex));
+    else if (index == 3)
+        Told(drops::ClearPhoto(desk, group, m_menuIndex));
+}
+
+void frm_Main::popGeneral_M_Click(int index)
+{
+    const common::RoutineScope scope{"popGeneral_M"};
+    drops::DropDesk desk = Drops();
+    if (index == 0)
+        Told(drops::ObtainGeneral(desk, m_menuIndex));
+    else if (index == 2)
+        Told(drops::ClearPhoto(desk, drops::GroupOf(m_menuControl), m_menuIndex));
+}
+
+void frm_Main::popTextData_M_Click(int index)
+{
+    const common::RoutineScope scope{"popTextData_M"};
+    drops::DropDesk desk = Drops();
+    const QLatin1StringView group = drops::GroupOf(m_menuControl);
+    if (index == 0)
+        Told(drops::ObtainData(desk, group, m_menuIndex, drops::WithPhoto::No));
+    else if (index == 1)
+        Told(drops::ObtainShownData(desk, group, m_menuIndex, drops::WithPhoto::No));
+    else if (index == 3 && desk.routines.save)
+        desk.routines.save(group, m_menuIndex, drops::SlotPart::Data);
+}
+
+void frm_Main::popPicAndData_M_Click(int index)
+{
+    const common::RoutineScope scope{"popPicAndData_M"};
+    drops::DropDesk desk = Drops();
+    const QLatin1StringView group = drops::GroupOf(m_menuControl);
+    if (index == 0)
+        Told(drops::ObtainData(desk, group, m_menuIndex, drops::WithPhoto::Yes));
+    else if (index == 1)
+        Told(drops::ObtainShownData(desk, group, m_menuIndex, drops::WithPhoto::Yes));
+}
+
+void frm_Main::SlotPhoto_DblClick(forms::PictureBox& slot)
+{
+    if (text::Trim(m_slotTable.ErrGetPict(slot)).isEmpty())
+        m_base.ports.prompter.Box(globals.productName, u"The photo box is empty."_s);
+}
+
+} // namespace vasclip::shell

@@ -1,0 +1,539 @@
+#include "router_home.h"
+
+#include "drops/view_rule.h"
+
+namespace vasclip::drops {
+namespace {
+
+class PicturesTest : public RouterTest
+{};
+
+// ---- starting a drag -----------------------------------------------------------------------------------
+
+TEST_F(PicturesTest, AThumbnailIsSelectedAndItsFileDragged)
+{
+    Browse();
+    const Drag drag = router.Begin(controls.geathumb(2));
+    EXPECT_EQ(controls.filCapture.ListIndex(), 2);
+    EXPECT_EQ(drag.picturePath, kSnap + u"C.JPG"_s);
+    EXPECT_EQ(router.State().DragSource, u"THUMB"_s);
+    EXPECT_EQ(router.State().DraggedPicture, kSnap + u"C.JPG"_s);
+    EXPECT_TRUE(router.CanStart(controls.geathumb(2)));
+    EXPECT_FALSE(router.CanStart(controls.geathumb(3)));
+}
+
+TEST_F(PicturesTest, TheListDragsItsSelectedFile)
+{
+    globals.imageListBox = u"ON"_s;
+    Browse();
+    controls.filCapture.SetListIndex(1);
+    capture.filCapture_Click();
+    for (const forms::Control* source : {static_cast<const forms::Control*>(&controls.filCapture),
+                                         static_cast<const forms::Control*>(&controls.geaListBox)}) {
+        EXPECT_TRUE(router.CanStart(*source));
+        EXPECT_EQ(router.Begin(*source).picturePath, kSnap + u"B.JPG"_s);
+        EXPECT_EQ(router.State().DragSource, u"FILCAPTURE"_s);
+    }
+}
+
+TEST_F(PicturesTest, ReportSlotsStartWithAFileOrATextAlone)
+{
+    EXPECT_FALSE(router.CanStart(slots.imaComp(2)));
+    EXPECT_FALSE(router.CanStart(report.txtComp(2)));
+    EXPECT_FALSE(router.CanStart(slots.geaComp(2)));
+    EXPECT_FALSE(router.CanStart(slots.imaCompIcon(2)));
+    loader.ErrLoadThumb(slots.imaComp(2), u"C:\\JPG\\OAK.jpg"_s);
+    report.txtComp(2).SetText(u"12 Oak St"_s);
+    EXPECT_TRUE(router.CanStart(slots.imaComp(2)));
+    EXPECT_TRUE(router.CanStart(report.txtComp(2)));
+    EXPECT_TRUE(router.CanStart(slots.geaComp(2)));
+    EXPECT_FALSE(router.CanStart(status.lblmsg));
+    const Drag drag = router.Begin(slots.imaComp(2), forms::kShiftMask);
+    EXPECT_EQ(drag.picturePath, u"C:\\JPG\\OAK.jpg"_s);
+    EXPECT_EQ(router.State().DragSource, u"KEL"_s);
+    EXPECT_EQ(router.State().DragIndex, 2);
+    EXPECT_EQ(router.State().DragShift, forms::kShiftMask);
+    (void)router.Begin(report.txtComp(2));
+    EXPECT_EQ(router.State().DraggedPicture, QString());
+    report.txtMapAddress.SetText(u" 12 oak st "_s);
+    EXPECT_EQ(router.Begin(report.txtMapAddress).key, u"12 OAK ST"_s);
+    EXPECT_EQ(router.State().DragSource, u"THUMB"_s);
+}
+
+// ---- guards --------------------------------------------------------------------------------------------
+
+TEST_F(PicturesTest, WithNoReportOpenAPhotoSlotTakesNothing)
+{
+    Browse();
+    conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"none"_s);
+    EXPECT_FALSE(DropThumb(0, slots.imaComp(1)).done);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    EXPECT_TRUE(Trash().isEmpty());
+    EXPECT_TRUE(home.disk.FileExists(kSnap + u"A.JPG"_s));
+}
+
+TEST_F(PicturesTest, ASlotOfAPageThatIsNotThereTakesNothingSilently)
+{
+    Browse();
+    report.TabComp.SetTabCaption(0, u"N/A"_s);
+    report.TabGeneral.SetTabCaption(1, u"N/A"_s);
+    EXPECT_FALSE(DropThumb(0, slots.imaComp(1)).done);
+    EXPECT_FALSE(DropThumb(0, slots.imaGeneral(4)).done);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    EXPECT_TRUE(conduit.commands.isEmpty());
+}
+
+TEST_F(PicturesTest, ADeadLinkIsToldForPhotosAndForThePicturesOnTheSubject)
+{
+    Browse();
+    addr.lblFileNo.SetCaption(u"KEL NOT ACTIVE"_s);
+    EXPECT_FALSE(DropThumb(0, slots.imaComp(1)).done);
+    EXPECT_FALSE(DropThumb(0, report.txtSubject).done);
+    EXPECT_EQ(doubles.prompter.Texts(), (QStringList{u"KEL is not active"_s, u"KEL is not active"_s}));
+    doubles.prompter.AnswerAlways(forms::Answer::Cancel);
+    DropOn(report.txtSubject);
+    EXPECT_EQ(doubles.prompter.Last().title, u"Overwrite Subject Photos"_s) << "a record is not asked for it";
+}
+
+TEST_F(PicturesTest, AnOccupiedPhotoSlotAsksOnceAndNoEndsTheDrop)
+{
+    Browse();
+    loader.ErrLoadThumb(slots.imaComp(1), u"C:\\JPG\\OAK.jpg"_s);
+    doubles.prompter.Answer(forms::Answer::No);
+    EXPECT_FALSE(DropThumb(0, slots.imaComp(1)).done);
+    EXPECT_EQ(doubles.prompter.Last().text, u"Overwrite C:\\JPG\\OAK.jpg?  Are you sure?"_s);
+    EXPECT_EQ(doubles.prompter.Last().buttons, forms::Buttons::YesNo);
+    EXPECT_EQ(Shows(slots.imaComp(1)), u"C:\\JPG\\OAK.jpg"_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    EXPECT_TRUE(DropThumb(0, slots.imaComp(1)).done);
+    EXPECT_FALSE(doubles.window.hourglass);
+}
+
+// ---- A, B, C: a record's view --------------------------------------------------------------------------
+
+TEST_F(PicturesTest, ARecordsViewOfTheIndexGoesToTheSubject)
+{
+    EXPECT_EQ(DropOn(slots.imaSubject(2)).message, u"The REAR VIEW of 12 OAK ST is in the report now."_s);
+    EXPECT_EQ(Shows(slots.imaSubject(2)), u"C:\\JPG\\OAKR.jpg"_s);
+    EXPECT_EQ(report.txtSubject.Text(), u"12 Oak St"_s);
+    EXPECT_EQ(conduit.commands, (QStringList{SetImage(u"SUB_2_3X5"_s, u"C:\\\\JPG\\\\OAKR.jpg"_s)}));
+    EXPECT_TRUE(slots.imaSubjectIcon(2).Visible());
+}
+
+TEST_F(PicturesTest, ARecordWithoutTheViewEmptiesTheSlot)
+{
+    const Outcome outcome = DropOn(slots.imaSubject(3));
+    EXPECT_EQ(outcome.message, u"12 OAK ST has no STREET SCENE. The slot is empty now."_s);
+    EXPECT_EQ(Shows(slots.imaSubject(3)), QString());
+}
+
+TEST_F(PicturesTest, ARecordsFrontViewGoesToEveryOtherPhotoSlot)
+{
+    const std::pair<forms::PictureBox*, forms::TextBox*> targets[] = {
+        {&slots.imaComp(4), &report.txtComp(4)},
+        {&slots.imaAltComp(2), &report.txtAltComp(2)},
+        {&slots.imaListing(1), &report.txtListing(1)},
+        {&slots.imaRental(9), &report.txtRental(9)}};
+    const QStringList objects{u"CMP_4_3X5"_s, u"ALT_2_3X5"_s, u"LCMP_1_3X5"_s, u"RCMP_9_3X5"_s};
+    qsizetype at = 0;
+    for (const auto& [photo, text] : targets) {
+        EXPECT_TRUE(DropOn(*photo).done);
+        EXPECT_EQ(Shows(*photo), u"C:\\JPG\\OAK.jpg"_s);
+        EXPECT_EQ(text->Text(), u"12 Oak St"_s);
+        EXPECT_EQ(conduit.commands.value(at), SetImage(objects.at(at), u"C:\\\\JPG\\\\OAK.jpg"_s));
+        ++at;
+    }
+    EXPECT_TRUE(conduit.pokes.isEmpty()) << "only the photo";
+}
+
+TEST_F(PicturesTest, AMapAddressSendsTheSameByItsKey)
+{
+    report.txtMapAddress.SetText(u"12 Oak St"_s);
+    EXPECT_TRUE(router.Drop(router.Begin(report.txtMapAddress), slots.imaComp(2)).done);
+    EXPECT_EQ(Shows(slots.imaComp(2)), u"C:\\JPG\\OAK.jpg"_s);
+    EXPECT_TRUE(router.Drop(router.Begin(report.txtMapAddress), slots.geaComp(3)).done);
+    EXPECT_EQ(Poked(), (QStringList{u"SALEPAGE|12|7=1850"_s}));
+}
+
+TEST_F(PicturesTest, AGeneralSlotAsksTheViewAndTellsTheReport)
+{
+    ini = {{u"3X5_PHOTO_PAGES/GENERAL_1"_s, u"GEN1"_s},
+           {u"3X5_PHOTO_PAGES/GENERAL_DATA_2"_s, u"7|1"_s},
+           {u"3X5_PHOTO_PAGES/GENERAL_ADDR_2"_s, u"8|1"_s}};
+    addr.txtKelListForms.SetText(u"UA5,SUBPHOTO,"_s);
+    addr.txtKelReport.SetText(u"SMITH"_s);
+    questions.view = u"REAR VIEW"_s;
+    EXPECT_TRUE(DropOn(slots.imaGeneral(2)).done);
+    EXPECT_EQ(questions.asked, QStringList{u"C:\\JPG\\OAK.jpg ? GENERAL VIEW  2"_s});
+    EXPECT_EQ(report.cboGeneral(2).Text(), u"REAR VIEW"_s);
+    EXPECT_EQ(report.txtgeneraladdr(2).Text(), u"12 Oak St"_s);
+    EXPECT_EQ(Shows(slots.imaGeneral(2)), u"C:\\JPG\\OAKR.jpg"_s);
+    EXPECT_EQ(Poked(), (QStringList{u"GEN1|7|1=REAR VIEW"_s, u"GEN1|8|1=12 Oak St"_s}));
+    for (const QString& answer : {QString(), u"cancel"_s}) {
+        doubles.prompter.Answer(forms::Answer::Yes);
+        questions.view = answer;
+        conduit.pokes.clear();
+        EXPECT_FALSE(DropOn(slots.imaGeneral(2)).done);
+        EXPECT_EQ(filing.CurrentView, QString());
+        EXPECT_EQ(report.cboGeneral(2).Text(), u"REAR VIEW"_s);
+        EXPECT_TRUE(conduit.pokes.isEmpty());
+    }
+}
+
+TEST(ViewRule, ProposesByTheSource)
+{
+    EXPECT_EQ(ProposedView(u"cboGeneral"_s, 1, u" "_s), u"GENERAL VIEW  1"_s);
+    EXPECT_EQ(ProposedView(u"cboGeneral"_s, 12, u"Kitchen"_s), u"Kitchen"_s);
+    for (const QString& name : {u"geathumb"_s, u"geamaintain"_s, u"filCapture"_s, u"TXTVIEW"_s})
+        EXPECT_EQ(ProposedView(name, -1, {}), u"FRONT VIEW"_s);
+    EXPECT_EQ(ProposedView(u"geaMapPhoto"_s, -1, {}), u"GENERAL VIEW"_s);
+}
+
+// ---- D, E: a capture picture into a slot ---------------------------------------------------------------
+
+TEST_F(PicturesTest, AThumbnailIsStoredShownSentTrashedAndSaved)
+{
+    Browse();
+    globals.autoDelete = 1;
+    const Outcome outcome = DropThumb(1, slots.imaComp(2));
+    EXPECT_EQ(outcome.message, u"B.JPG is in the report now."_s);
+    const QString stored = Shows(slots.imaComp(2));
+    EXPECT_TRUE(stored.startsWith(u"C:\\JPG\\"_s));
+    EXPECT_TRUE(home.disk.FileExists(stored));
+    EXPECT_NE(home.disk.GetAttr(stored) & files::ReadOnly, 0U) << "shown in a report slot";
+    EXPECT_EQ(conduit.commands, QStringList{SetImage(u"CMP_2_3X5"_s, Doubled(stored))});
+    EXPECT_EQ(routed, QStringList{u"autosave SALE 2"_s});
+    EXPECT_EQ(Trash(), QStringList{u"B.JPG"_s});
+    EXPECT_FALSE(home.disk.FileExists(kSnap + u"B.JPG"_s));
+    EXPECT_FALSE(controls.geathumb(1).Visible());
+    EXPECT_FALSE(controls.lbltag(1).Visible());
+    EXPECT_TRUE(controls.geathumb(0).Visible());
+}
+
+TEST_F(PicturesTest, WithAutoDeleteOffTheThumbnailStaysInPlace)
+{
+    Browse();
+    globals.autoDelete = 0;
+    EXPECT_TRUE(DropThumb(1, slots.imaListing(2)).done);
+    EXPECT_TRUE(controls.geathumb(1).Visible());
+    EXPECT_TRUE(controls.lbltag(1).Visible());
+    EXPECT_TRUE(home.disk.FileExists(kSnap + u"B.JPG"_s));
+}
+
+TEST_F(PicturesTest, WithTheTrashcanOffTheThumbnailStaysToo)
+{
+    Browse();
+    globals.autoDelete = 1;
+    globals.trashcan = 0;
+    EXPECT_TRUE(DropThumb(1, slots.imaRental(2)).done);
+    EXPECT_TRUE(controls.geathumb(1).Visible());
+}
+
+TEST_F(PicturesTest, OfTheSubjectOnlyTheFirstViewIsSaved)
+{
+    Browse();
+    globals.autoDelete = 0;
+    for (int i = 1; i <= 3; ++i)
+        EXPECT_TRUE(DropThumb(0, slots.imaSubject(i)).done);
+    EXPECT_EQ(routed.filter(u"autosave"_s), QStringList{u"autosave SUBJECT 1"_s});
+}
+
+TEST_F(PicturesTest, APictureThatCannotBeStoredStaysAndNothingIsSent)
+{
+    Browse();
+    home.Put(kSnap + u"B.JPG"_s, "no picture");
+    const Outcome outcome = DropThumb(1, slots.imaComp(2));
+    EXPECT_FALSE(outcome.done);
+    EXPECT_TRUE(outcome.message.startsWith(u"B.JPG was not filed"_s)) << outcome.message.toStdString();
+    EXPECT_TRUE(conduit.commands.isEmpty());
+    EXPECT_TRUE(routed.isEmpty());
+    EXPECT_TRUE(home.disk.FileExists(kSnap + u"B.JPG"_s));
+    EXPECT_TRUE(controls.geathumb(1).Visible());
+}
+
+TEST_F(PicturesTest, ASendThatFailsIsToldAndThePictureIsKept)
+{
+    Browse();
+    conduit.before = [](const QString& entry) {
+        if (entry.startsWith("execute"_L1))
+            throw RuntimeError(error::kLinkBusy, u"No such object"_s);
+    };
+    const Outcome outcome = DropThumb(1, slots.imaComp(2));
+    EXPECT_EQ(outcome.message, u"B.JPG is stored and in the slot; the report did not take it."_s);
+    EXPECT_EQ(outcome.colour, forms::Colour::Red);
+    EXPECT_TRUE(home.disk.FileExists(Shows(slots.imaComp(2))));
+}
+
+TEST_F(PicturesTest, APictureOfTheListRefreshesTheList)
+{
+    globals.imageListBox = u"ON"_s;
+    globals.autoDelete = 1;
+    Browse();
+    controls.filCapture.SetListIndex(1);
+    capture.filCapture_Click();
+    EXPECT_TRUE(router.Drop(router.Begin(controls.filCapture), slots.imaComp(2)).done);
+    EXPECT_EQ(controls.filCapture.ListCount(), 2);
+    EXPECT_EQ(capture.SelectedFile(), kSnap + u"C.JPG"_s) << "the list keeps its place";
+    EXPECT_EQ(Shows(controls.geaListBox), kSnap + u"C.JPG"_s);
+}
+
+TEST_F(PicturesTest, AGeneralSlotAsksTheViewOfACapturePictureFirst)
+{
+    Browse();
+    questions.view = u"KITCHEN"_s;
+    report.txtgeneraladdr(5).SetText(u"12 Oak St"_s);
+    EXPECT_TRUE(DropThumb(0, slots.imaGeneral(5)).done);
+    EXPECT_EQ(report.cboGeneral(5).Text(), u"KITCHEN"_s);
+    EXPECT_EQ(questions.asked, QStringList{kSnap + u"A.JPG ? GENERAL VIEW  5"_s});
+    questions.view.clear();
+    EXPECT_FALSE(DropThumb(1, slots.imaGeneral(6)).done);
+    EXPECT_EQ(Shows(slots.imaGeneral(6)), QString());
+    EXPECT_TRUE(home.disk.FileExists(kSnap + u"B.JPG"_s));
+}
+
+// ---- F, G, I -------------------------------------------------------------------------------------------
+
+TEST_F(PicturesTest, ThePhotoOnShowGoesOutUnderItsView)
+{
+    txtcentralkey.SetText(u"12 OAK ST"_s);
+    lists.txtView.SetText(u"REAR VIEW"_s);
+    EXPECT_TRUE(router.Drop({u"geamaintain"_s, -1, {}, {}, {}}, slots.imaComp(3)).done);
+    EXPECT_EQ(Shows(slots.imaComp(3)), u"C:\\JPG\\OAKR.jpg"_s);
+    EXPECT_EQ(report.txtComp(3).Text(), u"12 Oak St"_s);
+    questions.view = u"FRONT VIEW"_s;
+    EXPECT_TRUE(router.Drop({u"geamaintain"_s, -1, {}, {}, {}}, slots.imaGeneral(1)).done);
+    EXPECT_EQ(Shows(slots.imaGeneral(1)), u"C:\\JPG\\OAK.jpg"_s);
+}
+
+TEST_F(PicturesTest, ARecordOnTheSubjectReplacesItsThreePhotosAfterAQuestion)
+{
+    report.txtSubject.SetText(u"1 Main St"_s);
+    for (const forms::Answer answer : {forms::Answer::No, forms::Answer::Cancel}) {
+        doubles.prompter.Answer(answer);
+        EXPECT_FALSE(DropOn(report.txtSubject).done);
+        EXPECT_TRUE(conduit.commands.isEmpty());
+    }
+    doubles.prompter.Answer(forms::Answer::Yes);
+    EXPECT_TRUE(DropOn(report.txtSubject).done);
+    EXPECT_EQ(doubles.prompter.Last(),
+              (tests::ShownBox{forms::Buttons::YesNoCancel, forms::Icon::Question,
+                               u"Overwrite Subject Photos"_s,
+                               u"This action overwrites the 3 main subject photos (if present) of 1 Main St "
+                               u"with the 3 main subject photos of 12 OAK ST. Continue?"_s}));
+    EXPECT_EQ(conduit.commands, (QStringList{SetImage(u"SUB_1_3X5"_s, u"C:\\\\JPG\\\\OAK.jpg"_s),
+                                             SetImage(u"SUB_2_3X5"_s, u"C:\\\\JPG\\\\OAKR.jpg"_s)}));
+    EXPECT_EQ(report.txtSubject.Text(), u"1 Main St"_s);
+}
+
+TEST_F(PicturesTest, ACapturePictureOnTheSubjectIsShownThreeTimesAndNotSent)
+{
+    Browse();
+    EXPECT_TRUE(DropThumb(0, report.txtSubject).done);
+    for (int i = 1; i <= 3; ++i)
+        EXPECT_EQ(Shows(slots.imaSubject(i)), kSnap + u"A.JPG"_s);
+    EXPECT_TRUE(conduit.commands.isEmpty());
+    EXPECT_TRUE(routed.isEmpty());
+}
+
+// ---- K, N: with a record -------------------------------------------------------------------------------
+
+class GridRow : public forms::GridSource
+{
+public:
+    [[nodiscard]] qint64 RowCount() const override { return 1; }
+    [[nodiscard]] QStringList FieldNames() const override { return {u"CENTRALKEY"_s}; }
+    [[nodiscard]] QStringList Row(qint64) const override { return {u"14 ELM ST          "_s}; }
+};
+
+class RecordTest : public PicturesTest
+{
+protected:
+    GridRow row;
+    void SetUp() override
+    {
+        PicturesTest::SetUp();
+        grddatabook.Rebind(&row);
+        grddatabook.SetRow(0);
+        Browse();
+        questions.view = u"FRONT VIEW"_s;
+        globals.autoDelete = 1;
+    }
+};
+
+TEST_F(RecordTest, AThumbnailOnTheGridIsFiledWithTheHighlightedRecord)
+{
+    const Outcome outcome = DropThumb(0, grddatabook);
+    EXPECT_EQ(outcome.message, u"FRONT VIEW is filed with 14 ELM ST now."_s);
+    EXPECT_EQ(outcome.record, u"14 ELM ST"_s);
+    EXPECT_TRUE(PhotosOf(u"14 ELM ST"_s).contains(u"\r\nFRONT VIEW|"_s));
+    EXPECT_EQ(questions.asked, QStringList{kSnap + u"A.JPG ? FRONT VIEW"_s});
+    EXPECT_EQ(Trash(), QStringList{u"A.JPG"_s});
+    EXPECT_FALSE(controls.geathumb(0).Visible());
+    EXPECT_TRUE(conduit.commands.isEmpty()) << "no report is needed";
+}
+
+TEST_F(RecordTest, WithoutAViewTheDropEnds)
+{
+    questions.view.clear();
+    EXPECT_FALSE(DropThumb(0, grddatabook).done);
+    EXPECT_EQ(PhotosOf(u"14 ELM ST"_s), u"REAR VIEW|ELM\r\n"_s);
+    EXPECT_TRUE(Trash().isEmpty());
+}
+
+TEST_F(RecordTest, AnOverwriteThatIsCancelledLeavesPictureAndRecordAlone)
+{
+    questions.view = u"rear view"_s;
+    for (const forms::Answer answer : {forms::Answer::Cancel, forms::Answer::No}) {
+        questions.overwrite = answer;
+        EXPECT_FALSE(DropThumb(0, grddatabook).done);
+        EXPECT_EQ(PhotosOf(u"14 ELM ST"_s), u"REAR VIEW|ELM\r\n"_s);
+        EXPECT_TRUE(home.disk.FileExists(kSnap + u"A.JPG"_s));
+        EXPECT_TRUE(controls.geathumb(0).Visible());
+        EXPECT_TRUE(Trash().isEmpty());
+    }
+}
+
+TEST_F(RecordTest, TheListOnTheGridIsRefreshed)
+{
+    globals.imageListBox = u"ON"_s;
+    capture.ViewFilCapture();
+    controls.filCapture.SetListIndex(0);
+    capture.filCapture_Click();
+    EXPECT_TRUE(router.Drop(router.Begin(controls.filCapture), grddatabook).done);
+    EXPECT_EQ(controls.filCapture.ListCount(), 2);
+}
+
+TEST_F(RecordTest, TheAddressBoxNamesTheRecordAndABlankOneStopsEverything)
+{
+    txtcentralkey.SetText(u"  "_s);
+    EXPECT_FALSE(DropThumb(0, txtcentralkey).done);
+    EXPECT_TRUE(questions.asked.isEmpty());
+    EXPECT_TRUE(routed.isEmpty());
+    txtcentralkey.SetText(u" 77 new rd "_s);
+    const Outcome outcome = DropThumb(0, txtcentralkey);
+    EXPECT_EQ(outcome.record, u"77 NEW RD"_s);
+    EXPECT_TRUE(PhotosOf(u"77 NEW RD"_s).startsWith(u"FRONT VIEW|"_s));
+    EXPECT_EQ(lists.txtView.Text(), u"FRONT VIEW"_s);
+    EXPECT_EQ(Trash(), QStringList{u"A.JPG"_s});
+}
+
+// ---- L, M, O, the trash --------------------------------------------------------------------------------
+
+TEST_F(PicturesTest, ReportSlotsOnTheGridAreSavedByTheirKind)
+{
+    const std::pair<forms::Control*, QString> rows[] = {
+        {&slots.geaComp(1), u"save SALE 1 DATA"_s},     {&slots.geaAltComp(2), u"save ALT 2 DATA"_s},
+        {&slots.geaListing(3), u"save LIST 3 DATA"_s},  {&slots.geaRental(4), u"save RENT 4 DATA"_s},
+        {&slots.imaComp(5), u"save SALE 5 PIC"_s},      {&slots.imaAltComp(6), u"save ALT 6 PIC"_s},
+        {&slots.imaListing(1), u"save LIST 1 PIC"_s},   {&slots.imaRental(2), u"save RENT 2 PIC"_s},
+        {&slots.imaSubject(3), u"save SUBJECT 3 PIC"_s}, {&report.txtComp(9), u"save SALE 9 BOTH"_s},
+        {&report.txtAltComp(1), u"save ALT 1 BOTH"_s},  {&report.txtListing(6), u"save LIST 6 BOTH"_s},
+        {&report.txtRental(7), u"save RENT 7 BOTH"_s},  {&report.txtSubject, u"save SUBJECT -1 BOTH"_s}};
+    for (const auto& [source, wanted] : rows) {
+        routed.clear();
+        EXPECT_TRUE(router.Drop(router.Begin(*source), grddatabook).done);
+        EXPECT_EQ(routed, QStringList{wanted});
+    }
+}
+
+TEST_F(PicturesTest, GeneralSlotsOnTheGridShowAdviceAlone)
+{
+    EXPECT_TRUE(router.Drop(router.Begin(slots.imaGeneral(1)), grddatabook).done);
+    EXPECT_EQ(doubles.prompter.Last().title, u"How To: Saving General Views"_s);
+    EXPECT_EQ(doubles.prompter.Last().text,
+              u"To save (or resave) a General Photo to Subject Address,\r\ndouble click on the icon to the "
+              u"right of the picture.\r\n\r\nNote: Make sure you type or pick (from drop down menu)\r\nthe "
+              u"exact name of the General View"_s);
+    EXPECT_TRUE(routed.isEmpty());
+}
+
+TEST_F(PicturesTest, WhatTheGridIgnores)
+{
+    for (const QString& source : {u"grddatabook"_s, u"geamaintain"_s, u"txtMapAddress"_s})
+        EXPECT_FALSE(router.Accepts(source, grddatabook)) << source.toStdString();
+}
+
+TEST_F(PicturesTest, AReportPhotoGoesBackToTheCaptureDirectory)
+{
+    Browse();
+    loader.ErrLoadThumb(slots.imaRental(2), u"C:\\JPG\\ELM.jpg"_s);
+    for (forms::Control* target : {static_cast<forms::Control*>(&controls.fraPics),
+                                   static_cast<forms::Control*>(&controls.lblTab),
+                                   static_cast<forms::Control*>(&controls.geathumb(0))}) {
+        EXPECT_TRUE(router.Drop(router.Begin(slots.imaRental(2)), *target).done);
+        EXPECT_TRUE(home.disk.FileExists(kSnap + u"ELM.jpg"_s));
+    }
+    EXPECT_EQ(controls.filCapture.ListCount(), 4);
+    EXPECT_FALSE(DropThumb(0, controls.geathumb(2)).done);
+}
+
+TEST_F(PicturesTest, ARecordsPicturesGoBackAndAMissingOneIsNamed)
+{
+    Browse();
+    home.disk.Kill(u"C:\\JPG\\OAK.jpg"_s);
+    const Outcome outcome = DropOn(controls.fraPics);
+    EXPECT_EQ(outcome.message, u"1 picture is in C:\\SNAP\\ now."_s);
+    EXPECT_EQ(doubles.prompter.Last().title, u"Picture not found in database"_s);
+    EXPECT_EQ(doubles.prompter.Last().text,
+              u"The source picture ( OAK.jpg ) is not currently found \r\nin C:\\JPG\\"_s);
+    EXPECT_TRUE(home.disk.FileExists(kSnap + u"OAKR.jpg"_s));
+    EXPECT_EQ(controls.filCapture.ListCount(), 4);
+}
+
+TEST_F(PicturesTest, TheTrashTakesAThumbnailAlone)
+{
+    Browse();
+    doubles.prompter.Answer(forms::Answer::No);
+    EXPECT_FALSE(DropThumb(0, controls.imaTrashcan).done);
+    EXPECT_TRUE(controls.geathumb(0).Visible());
+    doubles.prompter.Answer(forms::Answer::Yes);
+    EXPECT_TRUE(DropThumb(0, controls.imaTrashcan).done);
+    EXPECT_EQ(doubles.prompter.Last().text, u"Delete C:\\SNAP\\A.JPG?"_s);
+    EXPECT_EQ(Trash(), QStringList{u"A.JPG"_s});
+    EXPECT_FALSE(controls.geathumb(0).Visible());
+    EXPECT_FALSE(router.Accepts(u"filCapture"_s, controls.imaTrashcan));
+    EXPECT_FALSE(router.Accepts(u"imaComp"_s, controls.imaTrashcan));
+}
+
+// ---- files of another program --------------------------------------------------------------------------
+
+TEST_F(RecordTest, FilesOfAnotherProgramAreFiledAndStayWhereTheyAre)
+{
+    home.MakeDirs(u"C:\\DESKTOP"_s);
+    Picture(u"C:\\DESKTOP\\X.JPG"_s);
+    Picture(u"C:\\DESKTOP\\Y.PNG"_s);
+    const Drag drag = router.BeginFiles({u"C:\\DESKTOP\\X.JPG"_s, u"C:\\DESKTOP\\Y.PNG"_s});
+    EXPECT_EQ(router.State().DragSource, u"FILCAPTURE"_s);
+    EXPECT_EQ(router.Drop(drag, slots.imaComp(1)).message,
+              u"X.JPG is in the report now. A slot takes one picture; the others were left."_s);
+    EXPECT_TRUE(Trash().isEmpty());
+    EXPECT_TRUE(home.disk.FileExists(u"C:\\DESKTOP\\X.JPG"_s));
+    questions.view = u"STREET SCENE"_s;
+    const Outcome filed = router.Drop(router.BeginFiles({u"C:\\DESKTOP\\Y.PNG"_s}), grddatabook);
+    EXPECT_TRUE(filed.done);
+    EXPECT_TRUE(PhotosOf(u"14 ELM ST"_s).contains(u"STREET SCENE|"_s));
+    EXPECT_TRUE(home.disk.FileExists(u"C:\\DESKTOP\\Y.PNG"_s));
+}
+
+TEST_F(PicturesTest, FilesOfAnotherProgramAreCopiedIntoTheCaptureDirectory)
+{
+    Browse();
+    home.MakeDirs(u"C:\\DESKTOP"_s);
+    for (const QString& name : {u"A.JPG"_s, u"Y.png"_s, u"Z.1.jpeg"_s})
+        Picture(u"C:\\DESKTOP\\"_s + name);
+    home.Put(u"C:\\DESKTOP\\BAD.png"_s, "no picture");
+    QStringList files;
+    for (const QString& name : {u"A.JPG"_s, u"Y.png"_s, u"Z.1.jpeg"_s, u"BAD.png"_s})
+        files << u"C:\\DESKTOP\\"_s + name;
+    const Outcome outcome = router.Drop(router.BeginFiles(files), controls.fraPics);
+    EXPECT_TRUE(outcome.message.startsWith(u"3 pictures are in C:\\SNAP\\ now. "_s)) << outcome.message.toStdString();
+    EXPECT_EQ(outcome.colour, forms::Colour::Red);
+    EXPECT_EQ(capture.Folder().Names(), (QStringList{u"A (2).jpg"_s, u"A.JPG"_s, u"B.JPG"_s, u"C.JPG"_s,
+                                                     u"Y.jpg"_s, u"Z_1.jpg"_s}));
+    EXPECT_EQ(picture::PictureSize(home.disk, kSnap + u"Y.jpg"_s), QSize(16, 12));
+    EXPECT_TRUE(router.Drop(router.BeginFiles({kSnap + u"A.JPG"_s}), controls.lblTab).done);
+    EXPECT_EQ(controls.filCapture.ListCount(), 6) << "a picture dropped where it lies";
+}
+
+} // namespace
+} // namespace vasclip::drops

@@ -1,0 +1,181 @@
+#include "drops/slot_menus.h"
+
+#include "router_home.h"
+
+namespace vasclip::drops {
+namespace {
+
+class SlotMenusTest : public RouterTest
+{
+protected:
+    DropDesk drops{desk,
+                   filing,
+                   capture,
+                   grddatabook,
+                   txtcentralkey,
+                   {.autoSave = {},
+                    .save = [this](QLatin1StringView group, int index, SlotPart part) {
+                        routed << u"%1 %2 %3"_s.arg(group).arg(index).arg(static_cast<int>(part));
+                    }}};
+    void SetUp() override
+    {
+        RouterTest::SetUp();
+        for (const QString& name : {u"compfull.jpg"_s, u"LISTfull.jpg"_s, u"RENTfull.jpg"_s})
+            Picture(u"C:\\VAS2000\\"_s + name);
+    }
+};
+
+TEST_F(SlotMenusTest, GroupsOfControls)
+{
+    const std::pair<QString, QString> rows[] = {
+        {u"txtSubject"_s, u"SUBJECT"_s}, {u"imaComp"_s, u"SALE"_s},   {u"GEAALTCOMP"_s, u"ALT"_s},
+        {u"txtListing"_s, u"LIST"_s},    {u"imaRental"_s, u"RENT"_s}, {u"imaGeneral"_s, u"GENERAL"_s},
+        {u"imaCompIcon"_s, QString()},   {u"geathumb"_s, QString()}};
+    for (const auto& [name, group] : rows)
+        EXPECT_EQ(QString(GroupOf(name)), group) << name.toStdString();
+}
+
+TEST_F(SlotMenusTest, ASlotObtainsItsPhotoFromItsRecord)
+{
+    report.txtComp(5).SetText(u"12 Oak St"_s);
+    EXPECT_TRUE(ObtainPhoto(drops, "SALE"_L1, 5).done);
+    EXPECT_EQ(Shows(slots.imaComp(5)), u"C:\\JPG\\OAK.jpg"_s);
+    EXPECT_EQ(conduit.commands, QStringList{SetImage(u"CMP_5_3X5"_s, u"C:\\\\JPG\\\\OAK.jpg"_s)});
+    EXPECT_TRUE(slots.imaCompIcon(5).Visible());
+    report.txtComp(6).SetText(u"1 Nowhere"_s);
+    EXPECT_EQ(ObtainPhoto(drops, "SALE"_L1, 6).message, u"1 NOWHERE is not in the Databook."_s);
+    EXPECT_EQ(ObtainPhoto(drops, "SALE"_L1, 4).message, u"The slot names no record."_s);
+}
+
+TEST_F(SlotMenusTest, TheSubjectObtainsTheViewOfTheIndexOrAllThree)
+{
+    report.txtSubject.SetText(u"12 Oak St"_s);
+    EXPECT_TRUE(ObtainPhoto(drops, "SUBJECT"_L1, 2).done);
+    EXPECT_EQ(Shows(slots.imaSubject(2)), u"C:\\JPG\\OAKR.jpg"_s);
+    EXPECT_EQ(Shows(slots.imaSubject(1)), QString());
+    const Outcome all = ObtainShownPhotos(drops, "SUBJECT"_L1, 2);
+    EXPECT_TRUE(all.done);
+    EXPECT_EQ(Shows(slots.imaSubject(1)), u"C:\\JPG\\OAK.jpg"_s);
+    EXPECT_EQ(all.message, u"12 OAK ST has no STREET SCENE."_s);
+}
+
+TEST_F(SlotMenusTest, TheThreeSlotsOnViewAreFilledAndNoOthers)
+{
+    for (const int i : {3, 4, 6, 7})
+        report.txtRental(i).SetText(u"12 Oak St"_s);
+    EXPECT_EQ(ObtainShownPhotos(drops, "RENT"_L1, 5).message,
+              u"2 of the slots on view are filled from the Databook."_s);
+    EXPECT_EQ(Shows(slots.imaRental(4)), u"C:\\JPG\\OAK.jpg"_s);
+    EXPECT_EQ(Shows(slots.imaRental(6)), u"C:\\JPG\\OAK.jpg"_s);
+    EXPECT_EQ(Shows(slots.imaRental(3)), QString());
+    EXPECT_EQ(Shows(slots.imaRental(7)), QString());
+    EXPECT_EQ(ObtainShownPhotos(drops, "LIST"_L1, 1).message, u"The slots on view name no records."_s);
+}
+
+TEST_F(SlotMenusTest, APhotoIsClearedAfterAQuestion)
+{
+    loader.ErrLoadThumb(slots.imaListing(2), u"C:\\JPG\\OAK.jpg"_s);
+    doubles.prompter.Answer(forms::Answer::No);
+    EXPECT_FALSE(ClearPhoto(drops, "LIST"_L1, 2).done);
+    EXPECT_EQ(doubles.prompter.Last().text, u"Clear the photo.  Are you sure?"_s);
+    EXPECT_NE(Shows(slots.imaListing(2)), QString());
+    doubles.prompter.Answer(forms::Answer::Yes);
+    EXPECT_TRUE(ClearPhoto(drops, "LIST"_L1, 2).done);
+    EXPECT_EQ(Shows(slots.imaListing(2)), QString());
+    EXPECT_EQ(conduit.commands, QStringList{SetImage(u"LCMP_2_3X5"_s, {})});
+}
+
+TEST_F(SlotMenusTest, AGeneralSlotObtainsTheViewThatIsTypedBesideIt)
+{
+    report.txtSubject.SetText(u"12 Oak St"_s);
+    report.cboGeneral(3).SetText(u"kitchen"_s);
+    EXPECT_FALSE(ObtainGeneral(drops, 3).done);
+    EXPECT_EQ(doubles.prompter.Last().title, u"Photo not present"_s);
+    EXPECT_EQ(doubles.prompter.Last().text, u"General Photo is not present in database"_s);
+    report.cboGeneral(3).SetText(u"rear view"_s);
+    loader.ErrLoadThumb(slots.imaGeneral(3), u"C:\\JPG\\ELM.jpg"_s);
+    doubles.prompter.Answer(forms::Answer::No);
+    EXPECT_FALSE(ObtainGeneral(drops, 3).done);
+    EXPECT_EQ(doubles.prompter.Last().text, u"Overwrite C:\\JPG\\ELM.jpg?  Are you sure?"_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    EXPECT_TRUE(ObtainGeneral(drops, 3).done);
+    EXPECT_EQ(Shows(slots.imaGeneral(3)), u"C:\\JPG\\OAKR.jpg"_s);
+    EXPECT_EQ(report.txtgeneraladdr(3).Text(), u"12 Oak St"_s);
+}
+
+TEST_F(SlotMenusTest, DataAreObtainedWithThePhotoOrWithout)
+{
+    report.txtAltComp(2).SetText(u"12 oak st"_s);
+    EXPECT_TRUE(ObtainData(drops, "ALT"_L1, 2, WithPhoto::No).done);
+    EXPECT_EQ(Poked(), QStringList{u"ALTPAGE|12|5=1850"_s});
+    EXPECT_TRUE(conduit.commands.isEmpty());
+    EXPECT_EQ(report.txtAltComp(2).Text(), u"12 Oak St"_s);
+    EXPECT_EQ(Shows(slots.geaAltComp(2)), u"C:\\VAS2000\\Addendum_Added.bmp"_s);
+    EXPECT_TRUE(ObtainData(drops, "ALT"_L1, 2, WithPhoto::Yes).done);
+    EXPECT_EQ(conduit.commands, QStringList{SetImage(u"ALT_2_3X5"_s, u"C:\\\\JPG\\\\OAK.jpg"_s)});
+    EXPECT_TRUE(doubles.prompter.Boxes().empty()) << "the slot's own record asks no question";
+    report.txtAltComp(3).SetText(u"14 Elm St"_s);
+    conduit.pokes.clear();
+    EXPECT_TRUE(ObtainShownData(drops, "ALT"_L1, 1, WithPhoto::No).done);
+    EXPECT_EQ(Poked(), (QStringList{u"ALTPAGE|12|5=1850"_s, u"ALTPAGE|12|7=990"_s}));
+}
+
+TEST_F(SlotMenusTest, WithNoReportOpenNothingIsObtained)
+{
+    report.txtComp(1).SetText(u"12 Oak St"_s);
+    conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"none"_s);
+    EXPECT_EQ(ObtainPhoto(drops, "SALE"_L1, 1).message, u"No report is open."_s);
+    EXPECT_EQ(ObtainData(drops, "SALE"_L1, 1, WithPhoto::Yes).message, u"No report is open."_s);
+    EXPECT_FALSE(ObtainGeneral(drops, 1).done);
+    EXPECT_FALSE(ClickDataBox(drops, "SALE"_L1, 1).done);
+    EXPECT_TRUE(conduit.pokes.isEmpty());
+}
+
+TEST_F(SlotMenusTest, AClickOnADataBoxSendsItsRecordAndLightsItsLamp)
+{
+    const std::tuple<QLatin1StringView, forms::TextBox*, forms::PictureBox*, QString> rows[] = {
+        {"SALE"_L1, &report.txtComp(2), &slots.geaComp(2), u"compfull.jpg"_s},
+        {"ALT"_L1, &report.txtAltComp(2), &slots.geaAltComp(2), u"compfull.jpg"_s},
+        {"LIST"_L1, &report.txtListing(2), &slots.geaListing(2), u"LISTfull.jpg"_s},
+        {"RENT"_L1, &report.txtRental(2), &slots.geaRental(2), u"RENTfull.jpg"_s}};
+    for (const auto& [group, text, box, file] : rows) {
+        EXPECT_FALSE(ClickDataBox(drops, group, 2).done);
+        text->SetText(u"12 oak st"_s);
+        conduit.pokes.clear();
+        EXPECT_TRUE(ClickDataBox(drops, group, 2).done);
+        EXPECT_EQ(Poked(), QStringList{QString(group) + u"PAGE|12|5=1850"_s});
+        EXPECT_EQ(Shows(*box), u"C:\\VAS2000\\"_s + file);
+        EXPECT_EQ(text->Text(), u"12 Oak St"_s);
+        EXPECT_EQ(state.currentSlotIndex, 2);
+    }
+}
+
+TEST_F(SlotMenusTest, AnIconSavesThePhotoOfItsSlot)
+{
+    EXPECT_TRUE(SavePhotoOfSlot(drops, "SUBJECT"_L1, 3).done);
+    EXPECT_TRUE(SavePhotoOfSlot(drops, "RENT"_L1, 4).done);
+    EXPECT_EQ(routed, (QStringList{u"SUBJECT 3 1"_s, u"RENT 4 1"_s}));
+    routed.clear();
+    const Outcome blank = SavePhotoOfSlot(drops, "GENERAL"_L1, 1);
+    EXPECT_EQ(blank.message, u"Blank address"_s);
+    EXPECT_EQ(blank.colour, forms::Colour::Blue);
+    report.txtgeneraladdr(1).SetText(u"12 Oak St"_s);
+    EXPECT_FALSE(SavePhotoOfSlot(drops, "GENERAL"_L1, 1).done);
+    Picture(u"C:\\JPG\\EmptySlot.jpg"_s);
+    loader.ErrLoadThumb(slots.imaGeneral(1), u"C:\\JPG\\EmptySlot.jpg"_s);
+    EXPECT_FALSE(SavePhotoOfSlot(drops, "GENERAL"_L1, 1).done);
+    EXPECT_TRUE(routed.isEmpty());
+    loader.ErrLoadThumb(slots.imaGeneral(1), u"C:\\JPG\\OAK.jpg"_s);
+    EXPECT_TRUE(SavePhotoOfSlot(drops, "GENERAL"_L1, 1).done);
+    EXPECT_EQ(routed, QStringList{u"GENERAL 1 1"_s});
+}
+
+TEST(SlotMenus, TheSlotsOnViewComeInThrees)
+{
+    const int firsts[] = {1, 1, 1, 4, 4, 4, 7};
+    for (int i = 1; i <= 7; ++i)
+        EXPECT_EQ(FirstShown(i), firsts[i - 1]);
+}
+
+} // namespace
+} // namespace vasclip::drops
