@@ -4,6 +4,7 @@
 #include "common/paths.h"
 #include "photos/capture_desk.h"
 #include "photos/frm_camera_dir.h"
+#include "photos/frm_double.h"
 #include "photos/photo_copies.h"
 #include "photos/photo_files.h"
 #include "photos/trash_icon.h"
@@ -15,6 +16,19 @@ namespace vasclip::shell {
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace {
+
+/// The adjust window on a picture. @return the file that is to be shown from now on, and whether it changed
+/// which files there are
+std::pair<QString, bool> Adjust(const photos::AdjustDesk& desk, const QString& path)
+{
+    photos::frm_Double screen(desk, path);
+    desk.ports.screens.ShowModal(screen);
+    return {screen.Result().isEmpty() ? path : screen.Result(), screen.RefreshThumbs()};
+}
+
+} // namespace
+
 void frm_Main::WireCapture()
 {
     photos::CaptureDesk* desk = m_capture.get();
@@ -25,7 +39,15 @@ void frm_Main::WireCapture()
     for (int i = 0; i < photos::CaptureControls::kThumbs; ++i) {
         connect(&capture.geathumb(i), &forms::Control::Pressed, desk, [desk, i] { desk->geathumb_MouseDown(i); });
         connect(&capture.geathumb(i), &forms::Control::Hovered, desk, [desk, i] { desk->geathumb_MouseMove(i); });
+        connect(&capture.geathumb(i), &forms::Control::DoubleClicked, this, [this, i] {
+            m_menuControl = capture.geathumb(i).Name();
+            m_menuIndex = i;
+            popThumb_M_Click(3);
+        });
     }
+    connect(&slots.geamaintain, &forms::Control::DoubleClicked, this,
+            [this] { SlotPhoto_DblClick(slots.geamaintain); });
+    connect(&capture.imaGetPics, &forms::Control::Clicked, this, [this] { MenuChosen(u"mnuFileItem"_s, 3); });
     for (int i = 0; i < 4; ++i)
         connect(&capture.imaScroll(i), &forms::Control::Clicked, desk, [desk, i] { desk->imaScroll_Click(i); });
     connect(&capture.filCapture, &forms::Control::Clicked, desk, &photos::CaptureDesk::filCapture_Click);
@@ -94,6 +116,34 @@ void frm_Main::popThumb_M_Click(int index)
         m_capture->ToggleFileNames();
     else if (index == 5)
         m_capture->ToggleListBox();
+    if (index != 3)
+        return;
+    const auto* control = controls.Find(m_menuControl, m_menuIndex);
+    const QString path = control == nullptr ? QString() : m_slotTable.ErrGetPict(*control);
+    if (text::Trim(path).isEmpty())
+        return;
+    const int thumb = control == &capture.filCapture || control == &capture.geaListBox ? -1 : m_menuIndex;
+    const auto [shown, refresh] = Adjust({m_base.ports, m_base.disk, globals, *m_slotLoader}, path);
+    m_capture->Loader().Forget(path);
+    if (thumb >= 0 && !refresh)
+        m_capture->ReloadThumb(thumb, shown);
+    else
+        m_capture->RefreshCapture();
+}
+
+/// A photo opens in the adjust window and is shown anew behind it.
+void frm_Main::SlotPhoto_DblClick(forms::PictureBox& slot)
+{
+    const common::RoutineScope scope{"SlotPhoto_DblClick"};
+    const QString path = text::Trim(m_slotTable.ErrGetPict(slot));
+    if (path.isEmpty()) {
+        m_base.ports.prompter.Box(globals.productName, u"The photo box is empty."_s);
+        return;
+    }
+    const auto [shown, refresh] = Adjust({m_base.ports, m_base.disk, globals, *m_slotLoader}, path);
+    m_slotLoader->ErrLoadThumb(slot, shown);
+    if (refresh)
+        m_capture->RefreshCapture();
 }
 
 /// The picture under the menu goes for good.

@@ -5,6 +5,7 @@
 #include "common/error_block.h"
 #include "databook/frm_calendar.h"
 #include "common/settings.h"
+#include "photos/capture_desk.h"
 #include "photos/frm_copy_pics.h"
 #include "photos/frm_gen_view.h"
 #include "photos/frm_search_pics.h"
@@ -45,6 +46,7 @@ void frm_Main::ShowTrash()
                                  databook::GetCalandarDate(m_base.ports, box, title);
                              });
     m_base.ports.screens.ShowModal(screen);
+    m_capture->RefreshCapture();
 }
 
 void frm_Main::CopyPhotos(const QString& word, const QString& caption)
@@ -57,6 +59,7 @@ void frm_Main::CopyPhotos(const QString& word, const QString& caption)
                                  .recordOf = [&owners](const QString& stem) { return owners.Of(stem); }},
                                 globals, *m_slotLoader, word, caption);
     m_base.ports.screens.ShowModal(screen);
+    m_capture->RefreshCapture();
     if (!screen.Done().isEmpty())
         status.lblmsg.Show(screen.Done(), forms::Colour::Blue);
 }
@@ -73,6 +76,7 @@ void frm_Main::FindPhotos()
         return;
     common::WriteSetting(*common::FindSetting(&common::Globals::G_CaptureDir), screen.Chosen(), globals,
                          m_base.disk);
+    m_capture->DisplayCamera();
     status.lblmsg.Show(u"The capture directory is %1 now."_s.arg(globals.G_CaptureDir), forms::Colour::Blue);
 }
 

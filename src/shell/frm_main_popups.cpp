@@ -130,10 +130,4 @@ void frm_Main::popPicAndData_M_Click(int index)
         Told(drops::ObtainShownData(desk, group, m_menuIndex, drops::WithPhoto::Yes));
 }
 
-void frm_Main::SlotPhoto_DblClick(forms::PictureBox& slot)
-{
-    if (text::Trim(m_slotTable.ErrGetPict(slot)).isEmpty())
-        m_base.ports.prompter.Box(globals.productName, u"The photo box is empty."_s);
-}
-
 } // namespace vasclip::shell

@@ -158,7 +158,7 @@ QList<forms::MenuEntry> ThumbEntries()
         {0, "Delete Image"_L1, Screen::Here},
         {1, kSeparator},
         {2, "View Image Name"_L1, Screen::Here},
-        {3, "Compress Image"_L1},
+        {3, "Compress Image"_L1, Screen::Here},
         {4, kSeparator},
         {5, "View Image Listbox"_L1, Screen::Here},
     });

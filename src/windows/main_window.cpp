@@ -20,6 +20,7 @@
 #include <QLocale>
 #include <QScreen>
 #include <QSettings>
+#include <QShortcut>
 #include <QTimer>
 #include <QToolButton>
 
@@ -263,11 +264,9 @@ void MainWindow::BuildViewMenu()
         add(tr("&Send to Slot..."), QKeySequence(Qt::CTRL | Qt::Key_Return), [this] { SendToSlot(); });
     send->setIcon(ThemedIcon(QStringLiteral("send")));
     QAction* pick = add(tr("Pick &Up"), QKeySequence(Qt::CTRL | Qt::Key_J), [this] { PickUpOrDrop(); });
-    auto* putDown = new QAction(this);
-    putDown->setShortcut(Qt::Key_Escape);
+    auto* putDown = new QShortcut(Qt::Key_Escape, this);
     putDown->setEnabled(false);
-    addAction(putDown);
-    connect(putDown, &QAction::triggered, this, [this] { m_drags.PutDown(); });
+    connect(putDown, &QShortcut::activated, this, [this] { m_drags.PutDown(); });
     connect(&m_drags, &DragDesk::HeldChanged, this, [this, pick, putDown] {
         putDown->setEnabled(m_drags.Held() != nullptr);
         pick->setText(m_drags.Held() == nullptr ? tr("Pick &Up") : tr("Dr&op Here"));
