@@ -308,8 +308,8 @@ TEST(ReadGlobals, LeavesTheRowsOfOtherReadingsAlone)
     EXPECT_EQ(asked, (QStringList{u"RADIUS"_s, u"FREEZE"_s, u"IMAGEFILENAMES"_s, u"IMAGELISTBOX"_s}));
     asked.clear();
     ReadNames(globals, reader);
-    EXPECT_EQ(asked, (QStringList{u"COMPANY NAME"_s, u"Vasclip"_s, u"ApplicationName"_s, u"Korvat Pointer"_s,
-                                  u"WEBSITE"_s}));
+    EXPECT_EQ(asked, (QStringList{u"COMPANY NAME"_s, u"WEBSITE"_s, u"Vasclip"_s, u"ApplicationName"_s,
+                                  u"Korvat Pointer"_s}));
 }
 
 struct SettingsFileTest : testing::Test
