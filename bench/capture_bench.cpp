@@ -1,3 +1,4 @@
+#include "forms/screen.h"
 #include "photos/capture_desk.h"
 #include "photos/picture_thumbs.h"
 #include "platform/picture/picture.h"
