@@ -77,6 +77,7 @@ private:
         m_desk.state.compNumber = job.comp;
         m_desk.state.groupWord = job.groupWord;
         const QString key = m_desk.state.currentKey;
+        m_tally.blank += key.isEmpty() ? 1 : 0;
         if (job.data && !Data(key, progress))
             return false;
         for (const auto& [slot, view] : job.pictures) {
@@ -176,15 +177,14 @@ QString TransferTally::Text() const
         return messages::kTransferBusy;
     if (notRunning)
         return messages::kNotRunning;
-    if (slots_ == 0)
+    if (Empty())
         return messages::kNothingToTransfer;
     QStringList parts;
-    for (const QString& part :
-         {Counted(added, u"1 record was added"_s, u"%1 records were added"_s),
-          Counted(replaced, u"1 was replaced"_s, u"%1 were replaced"_s),
-          Counted(kept, u"1 was kept as it was"_s, u"%1 were kept as they were"_s),
-          Counted(pictures, u"1 picture was filed"_s, u"%1 pictures were filed"_s),
-          Counted(failed, u"1 could not be stored"_s, u"%1 could not be stored"_s)})
+    for (const QString& part : {Counted(added, u"1 record was added"_s, u"%1 records were added"_s),
+                                Counted(replaced, u"1 was replaced"_s, u"%1 were replaced"_s),
+                                Counted(kept, u"1 was kept as it was"_s, u"%1 were kept as they were"_s),
+                                Counted(pictures, u"1 picture was filed"_s, u"%1 pictures were filed"_s),
+                                Counted(failed, u"1 could not be stored"_s, u"%1 could not be stored"_s)})
         if (!part.isEmpty())
             parts.append(part);
     if (parts.isEmpty())
@@ -198,8 +198,7 @@ TransferTally TransferSubject(LinkDesk& desk, What what, int view)
 {
     const common::RoutineScope scope{"TransferSubject"};
     const Wants wants = WantsOf(what);
-    const TransferTally tally =
-        Transfer(desk, SubjectJobs(desk, wants.data, wants.pictures, view), what);
+    const TransferTally tally = Transfer(desk, SubjectJobs(desk, wants.data, wants.pictures, view), what);
     RefreshSubjectIcons(desk, 0);
     return tally;
 }

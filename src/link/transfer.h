@@ -11,6 +11,7 @@ enum class What { Both, Data, Pic };
 struct TransferTally
 {
     int slots_ = 0; ///< slots that were to be transferred
+    int blank = 0;  ///< of these, without an address
     int added = 0, replaced = 0, kept = 0, pictures = 0, failed = 0;
     bool stopped = false;    ///< cancelled: the slots after it were left alone
     bool linkLost = false;   ///< the forms program went away: likewise
@@ -20,6 +21,8 @@ struct TransferTally
 
     /// One line for people.
     [[nodiscard]] QString Text() const;
+    /// Did the report have nothing there?
+    [[nodiscard]] bool Empty() const { return slots_ == blank; }
     [[nodiscard]] bool Failed() const { return failed > 0 || linkLost || notRunning; }
 };
 

@@ -24,7 +24,8 @@ constexpr Field kSale[] = {
     {"SFCONCESS1"_L1, "Financing concessions"_L1, Text, true},
     {"SFCONCESS2"_L1, "Sale concessions"_L1, Text, true},
     {"SALEFLD"_L1, "Date of sale / time"_L1, Text, true},
-    {"SALEDATE"_L1, "Date of closing"_L1},
+    // Not SALEDATE: that field is never sent, so reading the empty cell would blank it.
+    {""_L1, "Date of closing"_L1},
 };
 
 constexpr Field kListing[] = {

@@ -57,7 +57,7 @@ constexpr HeaderLine kHeader[] = {
 bool HasSubjectCell(const Field& field)
 {
     return !field.name.isEmpty() && field.name != "ADDRESS"_L1 && field.name != "NEIGHBORHD"_L1 &&
-           field.name != "PROXIMITY"_L1 && field.name != "SALEDATE"_L1;
+           field.name != "PROXIMITY"_L1;
 }
 
 QString GroupTitles(Group group)

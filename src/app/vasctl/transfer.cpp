@@ -89,7 +89,7 @@ int RunTransfer(Session& session, const Output& out, const QStringList& argument
     const link::TransferTally tally = order.run(main.Link(), what);
     if (tally.notRunning)
         return kNoLink; // which has been said
-    if (tally.slots_ == 0) {
+    if (tally.Empty()) {
         out.Error(tally.Text());
         return kNotFound;
     }

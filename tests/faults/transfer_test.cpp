@@ -1,0 +1,148 @@
+// A transfer into the Databook in which one of the two programs dies: each record is whole or untouched, and
+// no picture is lost.
+
+#include "faults/fault_home.h"
+
+#include <random>
+
+namespace vasclip::tests {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+class TransferFaults : public FaultHome
+{
+protected:
+    static constexpr int kComps = 9;
+
+    /// Nine comps with pictures in the report; their records then lack what the report holds.
+    void FillReport()
+    {
+        ASSERT_TRUE(StartForms({u"--save-on-exit"_s}));
+        const Ended list =
+            home.Vasctl({u"sql"_s, u"SELECT CENTRALKEY FROM COMPS WHERE FRONT = '1' ORDER BY CENTRALKEY"_s});
+        for (const QJsonValue& row : list.Array()) {
+            if (m_keys.size() == kComps)
+                break;
+            const QString key = row.toObject()[u"CENTRALKEY"_s].toString().trimmed();
+            m_keys.append(key);
+            const QString slot = u"txtComp:%1"_s.arg(m_keys.size());
+            const Timed run = Vasctl({u"--yes"_s, u"drop"_s, key, u"--on"_s, slot});
+            ASSERT_EQ(run.code, kDone) << run.Story();
+        }
+        ASSERT_EQ(m_keys.size(), kComps);
+        ProgramHome::Stop(home.forms);
+        for (const QString& key : m_keys)
+            m_whole.insert(key, Values(key));
+        Spoil();
+    }
+    /// Gives every record of the report other values than the report's.
+    void Spoil()
+    {
+        for (const QString& key : m_keys) {
+            const Timed run = Vasctl({u"records"_s, u"edit"_s, key, u"--set"_s, u"GLA=1"_s, u"--set"_s,
+                                      u"CONDITION=Spoiled"_s, u"--set"_s, u"PARKING=Spoiled"_s});
+            ASSERT_EQ(run.code, kDone) << run.Story();
+        }
+    }
+    /// What the report's first, a middle and one of its last lines lead to.
+    [[nodiscard]] QStringList Values(const QString& key) const
+    {
+        const QJsonObject record = home.Vasctl({u"records"_s, u"show"_s, key}).Object();
+        QStringList values;
+        for (const QString& field : {u"GLA"_s, u"CONDITION"_s, u"PARKING"_s})
+            values.append(record[field].toString());
+        return values;
+    }
+    /// @return how many records hold the report's values; every other one holds those it had before
+    int ExpectWholeOrUntouched(const std::string& when) const
+    {
+        int whole = 0;
+        for (const QString& key : m_keys) {
+            const QStringList now = Values(key);
+            const bool stored = now == m_whole[key];
+            whole += stored ? 1 : 0;
+            EXPECT_TRUE(stored || now == (QStringList{u"1"_s, u"Spoiled"_s, u"Spoiled"_s}))
+                << when << ": " << key.toStdString() << " holds " << now.join(u", "_s).toStdString();
+        }
+        EXPECT_EQ(home.Vasctl({u"records"_s, u"list"_s}).Array().size(), m_records) << when;
+        const Timed verify = Vasctl({u"photos"_s, u"verify"_s});
+        EXPECT_EQ(verify.code, kDone) << when << ": " << verify.Story();
+        return whole;
+    }
+    [[nodiscard]] QStringList SubjectPictures() const
+    {
+        QStringList lost;
+        for (const QString& name : {u"OAKST114_1.JPG"_s, u"OAKST114_2.JPG"_s, u"OAKST114_3.JPG"_s})
+            if (!QFile::exists(home.Native(u"KEL/DATA/"_s + name)))
+                lost.append(name);
+        return lost;
+    }
+
+    QStringList m_keys;
+    QMap<QString, QStringList> m_whole;
+    int m_records = 60;
+};
+
+TEST_F(TransferFaults, AFormsProgramThatDiesLeavesTheCompItWasAtAndThoseAfterIt)
+{
+    FillReport();
+    ASSERT_TRUE(StartForms({u"--log"_s, home.Path() + u"/exchanges"_s}));
+    ASSERT_EQ(Vasctl({u"--yes"_s, u"transfer"_s, u"comps"_s, u"--data"_s}).code, kDone);
+    EXPECT_EQ(ExpectWholeOrUntouched("no fault"), kComps);
+    ProgramHome::Stop(home.forms);
+    const qsizetype exchanges = Bytes(home.Path() + u"/exchanges"_s).count('\n');
+    ASSERT_GT(exchanges, kComps * 30);
+
+    QList<int> stored;
+    for (const int percent : {50, 75, 95}) {
+        Spoil();
+        const auto answers = exchanges / 2 * percent / 100;
+        ASSERT_TRUE(StartForms({u"--die-after"_s, QString::number(answers)}));
+        const Timed run =
+            Vasctl({u"--time-limit"_s, u"5"_s, u"--yes"_s, u"transfer"_s, u"comps"_s, u"--data"_s});
+        EXPECT_EQ(run.code, kFailed) << percent << ": " << run.Story();
+        EXPECT_TRUE(run.Says(u"The forms program closed the link in the middle of an answer"_s))
+            << percent << ": " << run.Story();
+        EXPECT_TRUE(home.forms.waitForFinished(kPatienceMs));
+        stored.append(ExpectWholeOrUntouched(std::to_string(percent) + " %"));
+    }
+    EXPECT_LT(stored.first(), stored.last()) << "the faults fell on different comps";
+    EXPECT_LT(stored.last(), kComps);
+}
+
+TEST_F(TransferFaults, AVasctlThatIsKilledLeavesWholeRecordsAndPictures)
+{
+    FillReport();
+    ASSERT_TRUE(StartForms({}));
+    const QStringList transfer{u"--yes"_s, u"transfer"_s, u"all"_s};
+    const Timed usual = Vasctl(transfer);
+    ASSERT_EQ(usual.code, kDone) << usual.Story();
+    m_records = 61; // with the subject
+    ASSERT_EQ(ExpectWholeOrUntouched("no fault"), kComps);
+
+    std::mt19937 random{20040307};
+    int partly = 0;
+    int ms = static_cast<int>(usual.seconds * 1000);
+    for (int i = 0; i < 12; ++i) {
+        Spoil();
+        QProcess process;
+        process.setProcessEnvironment(home.environment);
+        process.start(ProgramHome::Program(u"vasctl"_s), QStringList{u"--home"_s, home.Path()} + transfer);
+        const bool ended = process.waitForFinished(ms * static_cast<int>(30 + random() % 70) / 100);
+        process.kill();
+        process.waitForFinished();
+        ms = ended ? ms * 3 / 4 + 1 : ms;
+        const int whole = ExpectWholeOrUntouched("run " + std::to_string(i));
+        partly += whole > 0 && whole < kComps ? 1 : 0;
+        EXPECT_EQ(SubjectPictures(), QStringList()) << "run " << i;
+    }
+    EXPECT_GT(partly, 0) << "no run was killed among the comps";
+    ASSERT_EQ(Vasctl(transfer).code, kDone) << "and the next one goes through";
+    EXPECT_EQ(ExpectWholeOrUntouched("in the end"), kComps);
+    EXPECT_EQ(Vasctl({u"doctor"_s}).code, kDone);
+}
+
+} // namespace
+} // namespace vasclip::tests
