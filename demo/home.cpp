@@ -80,6 +80,13 @@ HomeOutcome MakeHome(const HomeOptions& options, const std::function<void(const 
         }
         RefuseWhileInUse(directory);
         break;
+    case HomeState::Older:
+        RefuseWhileInUse(directory);
+        if (options.force)
+            break;
+        say(u"The home is of another version; it is made anew. What it held is kept in %1."_s.arg(
+            KeepOlderHome(directory)));
+        break;
     case HomeState::Unfinished:
         say(u"An earlier run did not finish; its files are made anew."_s);
         break;

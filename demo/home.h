@@ -17,7 +17,8 @@ struct HomeOptions
 
 enum class HomeOutcome { Made, WasComplete };
 
-/// Makes the demo home, or leaves a complete one as it is. What an interrupted run left behind is made anew.
+/// Makes the demo home, or leaves a complete one as it is. What an interrupted run left behind is made anew; the
+/// home of another version is moved aside first.
 /// @param say  gets a line of progress at a time
 /// @throws RuntimeError when the directory holds other files than a demo home's, when a program works on it,
 /// or when something cannot be written; the home then counts as unfinished

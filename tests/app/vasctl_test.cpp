@@ -466,7 +466,7 @@ TEST_F(Vasctl, ADropThatCannotBeIsExplained)
 {
     ASSERT_TRUE(home.StartForms());
     EXPECT_EQ(home.Vasctl({u"drop"_s, FirstKey(), u"--on"_s, u"txtComp:10"_s}).code, kNotFound);
-    EXPECT_EQ(home.Vasctl({u"drop"_s, FirstKey(), u"--on"_s, u"imaComp:1"_s}).code, kNotFound);
+    EXPECT_EQ(home.Vasctl({u"drop"_s, FirstKey(), u"--on"_s, u"lblmsg:1"_s}).code, kNotFound);
     EXPECT_EQ(home.Vasctl({u"drop"_s, u"1 NOWHERE LN"_s, u"--on"_s, u"txtComp:3"_s}).code, kNotFound);
     EXPECT_EQ(home.Vasctl({u"drop"_s, FirstKey()}).code, kUsage);
 }

@@ -111,6 +111,24 @@ TEST(Home, IsLeftAloneWhenComplete)
     EXPECT_EQ(Tree(place.path()), before);
 }
 
+TEST(Home, OfAnotherVersionIsKeptAsideAndMadeAnew)
+{
+    const QTemporaryDir place;
+    Write(place.filePath(u"demo-home.txt"_s), "Vasclip demo home\n12 comps\ncomplete\n");
+    Write(place.filePath(u"drive_c/DATABOOK/NOTES.TXT"_s), "the user's work");
+    QStringList said;
+    ASSERT_EQ(MakeHome({place.path(), kFew, false}, [&](const QString& line) { said.append(line); }),
+              HomeOutcome::Made);
+    const QString kept = place.filePath(u"drive_c.older-1"_s);
+    EXPECT_EQ(said.first(),
+              u"The home is of another version; it is made anew. What it held is kept in %1."_s.arg(kept));
+    QFile notes(kept + u"/DATABOOK/NOTES.TXT"_s);
+    ASSERT_TRUE(notes.open(QIODevice::ReadOnly));
+    EXPECT_EQ(notes.readAll(), "the user's work");
+    EXPECT_FALSE(QFile::exists(place.filePath(u"drive_c/DATABOOK/NOTES.TXT"_s)));
+    EXPECT_EQ(MakeHome({place.path(), kFew, false}, Quiet), HomeOutcome::WasComplete);
+}
+
 TEST(Home, LeavesForeignFilesAlone)
 {
     for (const bool force : {false, true}) {
