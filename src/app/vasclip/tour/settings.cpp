@@ -27,7 +27,8 @@ bool Settings(const Stage& stage)
 
 bool Cities(const Stage& stage)
 {
-    return LookAt(stage, u"Maintenance > City Editing"_s, u"cities"_s);
+    const bool edited = LookAt(stage, u"Maintenance > City Editing"_s, u"cities"_s);
+    return LookAt(stage, u"Setup > City Listings"_s, u"city-listings"_s) && edited;
 }
 
 bool Databases(const Stage& stage)
