@@ -248,7 +248,7 @@ void CaptureDesk::TellPlace()
     if (count == 0)
         m_controls.lblDirectory.SetCaption(u"No pictures"_s);
     else if (ListMode() || count <= kPageStep)
-        m_controls.lblDirectory.SetCaption(u"%1 of them"_s.arg(count));
+        m_controls.lblDirectory.SetCaption(count == 1 ? u"1 picture"_s : u"%1 pictures"_s.arg(count));
     else
         m_controls.lblDirectory.SetCaption(u"%1 to %2 of %3"_s.arg(m_first + 1).arg(last).arg(count));
     const bool more = count > (ListMode() ? 1 : kPageStep);
