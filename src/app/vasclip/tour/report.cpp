@@ -2,6 +2,8 @@
 
 #include "app/vasclip/tour/steps.h"
 #include "databook/records.h"
+#include "link/comp_data.h"
+#include "photos/photo_records.h"
 #include "platform/text/text.h"
 
 #include <QMessageBox>
@@ -78,6 +80,27 @@ void AnswerYes(const Stage& stage, QWidget& dialog)
         yes->click();
 }
 
+/// Holds the record on which datDatabook stands against the report.
+/// @return how many of the subject's cells it holds; -1 if one of them is stored otherwise
+int CellsStored(shell::frm_Main& main)
+{
+    store::DataSource& databook = main.sources.datDatabook;
+    const auto cells = link::ReadCompData(main.Link(), main.addr.txtFormType.Text(),
+                                          text::Trim(main.addr.txtKelReport.Text()), 10, u"SALE"_s);
+    int same = 0;
+    for (const link::CompCell& cell : cells.value_or(QList<link::CompCell>())) {
+        // The address is the key's, a cell of two fields is none of the record's.
+        const bool own = cell.field != u"ADDRESS"_s && databook.Recordset().FieldIndex(cell.field) >= 0;
+        if (!own || cell.text.isEmpty())
+            continue;
+        if (store::GetFieldData(databook, cell.field) !=
+            text::Trim(store::Trim2Size(databook, cell.text, cell.field)))
+            return -1;
+        ++same;
+    }
+    return same;
+}
+
 } // namespace
 
 bool Started(const Stage& stage)
@@ -126,6 +149,35 @@ bool DropComps(const Stage& stage)
         [&](QWidget& box) { AnswerYes(stage, box); });
     stage.tour.ShootFormsProgram(u"report"_s);
     return done && replaced && asked;
+}
+
+bool TransferSubject(const Stage& stage)
+{
+    shell::frm_Main& main = stage.main;
+    store::DataSource& databook = main.sources.datDatabook;
+    const QString key = text::Folded(main.report.txtSubject.Text());
+    if (store::FindRecord(main.Base().ports, databook, key, u"CENTRALKEY"_s))
+        return stage.tour.Fail(u"%1 is in the Databook before it was transferred."_s.arg(key));
+    main.report.TabData.SetTab(0);
+    const bool chosen = stage.tour.Choose(stage.window, u"Transfer > Subject: Appraisal to Databook"_s);
+    if (!store::FindRecord(main.Base().ports, databook, key, u"CENTRALKEY"_s))
+        return stage.tour.Fail(u"%1 did not come into the Databook."_s.arg(key));
+    const int cells = CellsStored(main);
+    photos::ReadPhotoLists(databook, main.photoLists.lstViews, main.photoLists.lstimages);
+    const int pictures = main.photoLists.lstViews.ListCount();
+    stage.tour.Step(
+        u"Transferred %1 to the Databook, which holds its %2 fields and %3 pictures: %4"_s.arg(key)
+            .arg(cells)
+            .arg(pictures)
+            .arg(main.status.lblmsg.Caption()));
+    main.ShowRecord(key);
+    stage.tour.Shoot(stage.window, u"transferred"_s);
+    const bool located = LookAt(stage, u"Setup > City Listings"_s, u"attach-city"_s);
+    const bool asked = stage.tour.During(
+        u"The question before a record is deleted"_s, [&] { main.CompDeleteRecord(); },
+        [&](QWidget& box) { AnswerYes(stage, box); });
+    const bool gone = !store::FindRecord(main.Base().ports, databook, key, u"CENTRALKEY"_s);
+    return chosen && located && asked && gone && cells > 0 && pictures > 0;
 }
 
 } // namespace vasclip::app

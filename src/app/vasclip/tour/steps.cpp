@@ -12,6 +12,7 @@ std::span<const TourStep> TourSteps()
         {"start"_L1, Started},
         {"refresh from the report"_L1, RefreshReport},
         {"drop comps on the report"_L1, DropComps},
+        {"transfer the subject to the Databook"_L1, TransferSubject},
         // the camera
         {"browse the camera's pictures"_L1, BrowsePictures},
         {"file a picture into the report"_L1, FilePictureIntoReport},

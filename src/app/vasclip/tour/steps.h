@@ -36,6 +36,7 @@ bool LookAt(const Stage& stage, const QString& entry, const QString& name, const
 bool Started(const Stage& stage);
 bool RefreshReport(const Stage& stage);
 bool DropComps(const Stage& stage);
+bool TransferSubject(const Stage& stage);
 
 // tour/pictures.cpp
 bool BrowsePictures(const Stage& stage);
