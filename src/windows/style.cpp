@@ -74,6 +74,45 @@ void DrawTabLabel(const QStyleOptionTab& tab, QPainter& painter, const QStyle& s
     painter.restore();
 }
 
+/// A box or a ring with an outline that shows on a dark ground too, which Fusion's does not.
+void DrawIndicator(const QStyleOption& option, QPainter& painter, bool round)
+{
+    const ThemeColours& colours = Theme::Colours();
+    const bool on = option.state & QStyle::State_On;
+    const bool enabled = option.state & QStyle::State_Enabled;
+    const QColor ground = on && enabled ? colours.accent : enabled ? colours.well : colours.window;
+    const QColor mark = enabled ? colours.accentText : colours.faint;
+    const QColor edge = !enabled                                 ? colours.border
+                        : on                                     ? colours.accent
+                        : option.state & QStyle::State_MouseOver ? colours.accent
+                                                                 : colours.muted;
+    QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+    const qreal side = std::min(box.width(), box.height());
+    box = QRectF(box.center() - QPointF(side, side) / 2, QSizeF(side, side));
+
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(edge, 1));
+    painter.setBrush(ground);
+    if (round)
+        painter.drawEllipse(box);
+    else
+        painter.drawRoundedRect(box, 3, 3);
+    if (on && round) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(mark);
+        painter.drawEllipse(box.center(), side / 5, side / 5);
+    } else if (on) {
+        painter.setPen(QPen(mark, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        const auto at = [&](qreal x, qreal y) { return box.topLeft() + QPointF(x, y) * side; };
+        painter.drawPolyline(QPolygonF({at(0.22, 0.52), at(0.42, 0.72), at(0.78, 0.28)}));
+    } else if (option.state & QStyle::State_NoChange) {
+        painter.setPen(QPen(mark, 1.6));
+        painter.drawLine(box.center() - QPointF(side / 4, 0), box.center() + QPointF(side / 4, 0));
+    }
+    painter.restore();
+}
+
 } // namespace
 
 TabStyle::TabStyle()
@@ -124,6 +163,8 @@ void TabStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* optio
 {
     if (element == PE_FrameTabBarBase || element == PE_FrameTabWidget)
         return;
+    if (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton)
+        return DrawIndicator(*option, *painter, element == PE_IndicatorRadioButton);
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
