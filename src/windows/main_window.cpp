@@ -408,6 +408,8 @@ void MainWindow::Decorate()
     m_ui->topSplitter->setStretchFactor(0, 5);
     m_ui->topSplitter->setStretchFactor(1, 2);
     // On a large screen the rest of the row stays free.
+    m_ui->txtcentralkey->setMinimumWidth(170); // a usual address whole
+    m_ui->cboapprslType->setMinimumWidth(140);
     m_ui->txtcentralkey->setMaximumWidth(560);
     m_ui->cboapprslType->setMaximumWidth(320);
     m_ui->txtQuickFind->setMaximumWidth(480);
@@ -560,7 +562,7 @@ void MainWindow::RestoreLayout()
     if (noDisplay || !restoreGeometry(m_settings.value(kGeometry).toByteArray()))
         TakeFirstSize();
     m_ui->topSplitter->setSizes({5000, 2000});
-    m_ui->bottomSplitter->setSizes({4500, 2500});
+    m_ui->bottomSplitter->setSizes({5000, 2200});
     m_ui->mainSplitter->setSizes({5000, 5000});
     m_ui->mainSplitter->restoreState(m_settings.value(kMainSplitter).toByteArray());
     m_ui->topSplitter->restoreState(m_settings.value(kTopSplitter).toByteArray());
