@@ -3,6 +3,7 @@
 #include "platform/picture/exif.h"
 #include "platform/picture/refusal.h"
 
+#include <QLibrary>
 #include <libheif/heif.h>
 
 #include <algorithm>
@@ -15,9 +16,101 @@ namespace vasclip::picture {
 
 namespace {
 
-using Context = std::unique_ptr<heif_context, decltype(&heif_context_free)>;
-using Handle = std::unique_ptr<heif_image_handle, decltype(&heif_image_handle_release)>;
-using Picture = std::unique_ptr<heif_image, decltype(&heif_image_release)>;
+/// The library and the decoders that it brings are loaded with the first picture of their kind: they are
+/// large, and most starts of the program meet none.
+class Library
+{
+public:
+    Library()
+    {
+        if (!m_missing.isEmpty())
+            qWarning("libheif cannot be used: %s", qPrintable(m_missing));
+    }
+
+    /// Why pictures of this kind can not be read; empty if they can.
+    [[nodiscard]] const QString& Missing() const { return m_missing; }
+
+private:
+    QLibrary m_file{u"heif"_s, 1};
+    QString m_missing;
+
+    template <class Function>
+    Function* Find(const char* name)
+    {
+        const QFunctionPointer found = m_file.resolve(name);
+        if (!found && m_missing.isEmpty())
+            m_missing = m_file.errorString();
+        return reinterpret_cast<Function*>(found);
+    }
+
+public:
+    decltype(heif_check_filetype)* checkFiletype = Find<decltype(heif_check_filetype)>("heif_check_filetype");
+    decltype(heif_context_alloc)* contextAlloc = Find<decltype(heif_context_alloc)>("heif_context_alloc");
+    decltype(heif_context_free)* contextFree = Find<decltype(heif_context_free)>("heif_context_free");
+    decltype(heif_context_get_primary_image_handle)* contextGetPrimaryImageHandle =
+        Find<decltype(heif_context_get_primary_image_handle)>("heif_context_get_primary_image_handle");
+    decltype(heif_context_read_from_memory_without_copy)* contextReadFromMemoryWithoutCopy =
+        Find<decltype(heif_context_read_from_memory_without_copy)>(
+            "heif_context_read_from_memory_without_copy");
+    decltype(heif_context_set_maximum_image_size_limit)* contextSetMaximumImageSizeLimit =
+        Find<decltype(heif_context_set_maximum_image_size_limit)>(
+            "heif_context_set_maximum_image_size_limit");
+    decltype(heif_decode_image)* decodeImage = Find<decltype(heif_decode_image)>("heif_decode_image");
+    decltype(heif_image_get_height)* imageGetHeight =
+        Find<decltype(heif_image_get_height)>("heif_image_get_height");
+    decltype(heif_image_get_plane_readonly)* imageGetPlaneReadonly =
+        Find<decltype(heif_image_get_plane_readonly)>("heif_image_get_plane_readonly");
+    decltype(heif_image_get_width)* imageGetWidth =
+        Find<decltype(heif_image_get_width)>("heif_image_get_width");
+    decltype(heif_image_handle_get_height)* imageHandleGetHeight =
+        Find<decltype(heif_image_handle_get_height)>("heif_image_handle_get_height");
+    decltype(heif_image_handle_get_list_of_metadata_block_IDs)* imageHandleGetListOfMetadataBlockIDs =
+        Find<decltype(heif_image_handle_get_list_of_metadata_block_IDs)>(
+            "heif_image_handle_get_list_of_metadata_block_IDs");
+    decltype(heif_image_handle_get_list_of_thumbnail_IDs)* imageHandleGetListOfThumbnailIDs =
+        Find<decltype(heif_image_handle_get_list_of_thumbnail_IDs)>(
+            "heif_image_handle_get_list_of_thumbnail_IDs");
+    decltype(heif_image_handle_get_luma_bits_per_pixel)* imageHandleGetLumaBitsPerPixel =
+        Find<decltype(heif_image_handle_get_luma_bits_per_pixel)>(
+            "heif_image_handle_get_luma_bits_per_pixel");
+    decltype(heif_image_handle_get_metadata)* imageHandleGetMetadata =
+        Find<decltype(heif_image_handle_get_metadata)>("heif_image_handle_get_metadata");
+    decltype(heif_image_handle_get_metadata_size)* imageHandleGetMetadataSize =
+        Find<decltype(heif_image_handle_get_metadata_size)>("heif_image_handle_get_metadata_size");
+    decltype(heif_image_handle_get_thumbnail)* imageHandleGetThumbnail =
+        Find<decltype(heif_image_handle_get_thumbnail)>("heif_image_handle_get_thumbnail");
+    decltype(heif_image_handle_get_width)* imageHandleGetWidth =
+        Find<decltype(heif_image_handle_get_width)>("heif_image_handle_get_width");
+    decltype(heif_image_handle_has_alpha_channel)* imageHandleHasAlphaChannel =
+        Find<decltype(heif_image_handle_has_alpha_channel)>("heif_image_handle_has_alpha_channel");
+    decltype(heif_image_handle_release)* imageHandleRelease =
+        Find<decltype(heif_image_handle_release)>("heif_image_handle_release");
+    decltype(heif_image_release)* imageRelease = Find<decltype(heif_image_release)>("heif_image_release");
+};
+
+const Library& Lib()
+{
+    static const Library library;
+    return library;
+}
+
+/// @throws as Refuse() does when the library is not installed
+void NeedLibrary(const QString& name)
+{
+    if (!Lib().Missing().isEmpty())
+        Refuse(name, u"HEIC pictures need the package libheif1, which is not installed"_s);
+}
+
+struct Release
+{
+    void operator()(heif_context* context) const { Lib().contextFree(context); }
+    void operator()(heif_image_handle* handle) const { Lib().imageHandleRelease(handle); }
+    void operator()(heif_image* picture) const { Lib().imageRelease(picture); }
+};
+
+using Context = std::unique_ptr<heif_context, Release>;
+using Handle = std::unique_ptr<heif_image_handle, Release>;
+using Picture = std::unique_ptr<heif_image, Release>;
 
 void Check(const heif_error& failure, const QString& name)
 {
@@ -29,32 +122,32 @@ void Check(const heif_error& failure, const QString& name)
 Handle Primary(const Context& context, QByteArrayView bytes, const QString& name)
 {
     constexpr int kLongestSide = 65'535;
-    heif_context_set_maximum_image_size_limit(context.get(), kLongestSide);
-    Check(heif_context_read_from_memory_without_copy(context.get(), bytes.data(),
-                                                     static_cast<size_t>(bytes.size()), nullptr),
+    Lib().contextSetMaximumImageSizeLimit(context.get(), kLongestSide);
+    Check(Lib().contextReadFromMemoryWithoutCopy(context.get(), bytes.data(),
+                                                 static_cast<size_t>(bytes.size()), nullptr),
           name);
     heif_image_handle* handle = nullptr;
-    Check(heif_context_get_primary_image_handle(context.get(), &handle), name);
-    return {handle, &heif_image_handle_release};
+    Check(Lib().contextGetPrimaryImageHandle(context.get(), &handle), name);
+    return Handle(handle);
 }
 
 QSize SizeOf(const Handle& handle)
 {
-    return {heif_image_handle_get_width(handle.get()), heif_image_handle_get_height(handle.get())};
+    return {Lib().imageHandleGetWidth(handle.get()), Lib().imageHandleGetHeight(handle.get())};
 }
 
 QImage Decoded(const Handle& handle, const QString& name)
 {
-    const bool alpha = heif_image_handle_has_alpha_channel(handle.get()) != 0;
+    const bool alpha = Lib().imageHandleHasAlphaChannel(handle.get()) != 0;
     heif_image* decoded = nullptr;
-    Check(heif_decode_image(handle.get(), &decoded, heif_colorspace_RGB,
+    Check(Lib().decodeImage(handle.get(), &decoded, heif_colorspace_RGB,
                             alpha ? heif_chroma_interleaved_RGBA : heif_chroma_interleaved_RGB, nullptr),
           name);
-    const Picture picture(decoded, &heif_image_release);
+    const Picture picture(decoded);
     int step = 0;
-    const uint8_t* rows = heif_image_get_plane_readonly(decoded, heif_channel_interleaved, &step);
-    const QSize size(heif_image_get_width(decoded, heif_channel_interleaved),
-                     heif_image_get_height(decoded, heif_channel_interleaved));
+    const uint8_t* rows = Lib().imageGetPlaneReadonly(decoded, heif_channel_interleaved, &step);
+    const QSize size(Lib().imageGetWidth(decoded, heif_channel_interleaved),
+                     Lib().imageGetHeight(decoded, heif_channel_interleaved));
     if (!rows || size.isEmpty())
         Refuse(name, u"it holds no picture"_s);
     const QImage borrowed(rows, size.width(), size.height(), step,
@@ -65,15 +158,15 @@ QImage Decoded(const Handle& handle, const QString& name)
 Exif ExifOf(const Handle& handle, QByteArray& storage)
 {
     heif_item_id id = 0;
-    if (heif_image_handle_get_list_of_metadata_block_IDs(handle.get(), "Exif", &id, 1) != 1)
+    if (Lib().imageHandleGetListOfMetadataBlockIDs(handle.get(), "Exif", &id, 1) != 1)
         return {};
     constexpr size_t kLongest = 4 * 1024 * 1024;
-    const size_t length = heif_image_handle_get_metadata_size(handle.get(), id);
+    const size_t length = Lib().imageHandleGetMetadataSize(handle.get(), id);
     constexpr qsizetype kOffsetLength = 4;
     if (length <= size_t(kOffsetLength) || length > kLongest)
         return {};
     storage.resize(static_cast<qsizetype>(length));
-    if (heif_image_handle_get_metadata(handle.get(), id, storage.data()).code != heif_error_Ok)
+    if (Lib().imageHandleGetMetadata(handle.get(), id, storage.data()).code != heif_error_Ok)
         return {};
     // Four bytes tell how far behind them the TIFF structure begins.
     const qsizetype tiff = storage.indexOf(QByteArrayView("MM\0\x2A", 4), kOffsetLength);
@@ -89,15 +182,18 @@ bool IsHeif(QByteArrayView bytes)
     constexpr qsizetype kBrandLength = 12;
     if (bytes.size() < kBrandLength || bytes.sliced(4, 4) != QByteArrayView("ftyp"))
         return false;
+    if (!Lib().Missing().isEmpty()) // reading it says what is missing
+        return QByteArrayList{"heic", "heix", "heim", "heis", "mif1", "avif"}.contains(bytes.sliced(8, 4));
     const int longest = static_cast<int>(std::min<qsizetype>(bytes.size(), 1024));
     const auto* data = reinterpret_cast<const uint8_t*>(bytes.data());
-    return heif_check_filetype(data, longest) != heif_filetype_no;
+    return Lib().checkFiletype(data, longest) != heif_filetype_no;
 }
 
 QImage ReadHeif(QByteArrayView bytes, const QString& name, const TargetSize& target, const Limits& limits)
 {
+    NeedLibrary(name);
     const Watch watch(limits);
-    const Context context(heif_context_alloc(), &heif_context_free);
+    const Context context(Lib().contextAlloc());
     const Handle handle = Primary(context, bytes, name);
     CheckPixels(SizeOf(handle), name, limits);
     if (const char* stop = watch.Stop())
@@ -110,15 +206,16 @@ QImage ReadHeif(QByteArrayView bytes, const QString& name, const TargetSize& tar
 
 Facts DescribeHeif(QByteArrayView bytes, const QString& name)
 {
-    const Context context(heif_context_alloc(), &heif_context_free);
+    NeedLibrary(name);
+    const Context context(Lib().contextAlloc());
     const Handle handle = Primary(context, bytes, name);
     QByteArray storage;
     Facts facts;
     facts.size = SizeOf(handle);
     facts.format = u"HEIC"_s;
     facts.compression = u"HEVC"_s;
-    const int components = heif_image_handle_has_alpha_channel(handle.get()) != 0 ? 4 : 3;
-    facts.bitsPerPixel = components * std::max(heif_image_handle_get_luma_bits_per_pixel(handle.get()), 0);
+    const int components = Lib().imageHandleHasAlphaChannel(handle.get()) != 0 ? 4 : 3;
+    facts.bitsPerPixel = components * std::max(Lib().imageHandleGetLumaBitsPerPixel(handle.get()), 0);
     facts.notes = ExifOf(handle, storage).notes;
     return facts;
 }
@@ -126,15 +223,16 @@ Facts DescribeHeif(QByteArrayView bytes, const QString& name)
 QImage HeifThumbnail(QByteArrayView bytes)
 {
     const QString none;
-    const Context context(heif_context_alloc(), &heif_context_free);
+    NeedLibrary(none);
+    const Context context(Lib().contextAlloc());
     const Handle handle = Primary(context, bytes, none);
     heif_item_id id = 0;
-    if (heif_image_handle_get_list_of_thumbnail_IDs(handle.get(), &id, 1) != 1)
+    if (Lib().imageHandleGetListOfThumbnailIDs(handle.get(), &id, 1) != 1)
         return {};
     heif_image_handle* small = nullptr;
-    if (heif_image_handle_get_thumbnail(handle.get(), id, &small).code != heif_error_Ok)
+    if (Lib().imageHandleGetThumbnail(handle.get(), id, &small).code != heif_error_Ok)
         return {};
-    return Decoded(Handle(small, &heif_image_handle_release), none);
+    return Decoded(Handle(small), none);
 }
 
 } // namespace vasclip::picture
