@@ -504,6 +504,19 @@ TEST_F(RecordButtons, ARecordOutsideTheSearchOnDisplayStaysInTheEntryArea)
     EXPECT_TRUE(main.records.cmdDelete.Enabled());
 }
 
+TEST_F(RecordButtons, PendingSalesThatSearchesLeaveOutAreShownWithoutASearch)
+{
+    main.globals.ignorePending = 1;
+    main.records.txtcentralkey.SetText(u"15 Pine Rd"_s);
+    main.records.cboapprslType.SetText(u"L=Land"_s);
+    doubles.screens.Play([](forms::Screen&) {});
+    Q_EMIT main.records.cmdAdd.Clicked();
+    ASSERT_EQ(store::GetFieldData(main.sources.datDatabook, u"SALEDATE"_s), u"01/01/1900"_s);
+    main.records.state.searchOnDisplay = false;
+    main.DisplayAllRecords();
+    EXPECT_EQ(Rows(), 4);
+}
+
 TEST_F(RecordButtons, CityEditingShowsWhatItChanged)
 {
     StandOnRow(u"14 ELM ST"_s);
