@@ -1,3 +1,4 @@
+#include "windows/layout_parts.h"
 #include "windows/screen_layouts.h"
 
 #include <QCheckBox>
@@ -7,7 +8,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListView>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -16,23 +16,6 @@ namespace vasclip::windows {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-QPushButton* Button(const QString& name, QWidget& parent)
-{
-    auto* button = new QPushButton(&parent);
-    button->setObjectName(name);
-    button->setAutoDefault(false);
-    return button;
-}
-
-QLabel* Shown(const QString& name, const char* role, QWidget& parent)
-{
-    auto* label = new QLabel(&parent);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    label->setProperty("role", QString::fromLatin1(role));
-    return label;
-}
 
 void AddBox(QGridLayout& fields, const QString& caption, const QString& name, QWidget& parent)
 {
@@ -51,8 +34,8 @@ QLayout* RecordColumn(QDialog& window)
     auto* column = new QVBoxLayout;
     column->setSpacing(8);
     auto* head = new QHBoxLayout;
-    head->addWidget(Shown(u"lblCentralKey"_s, "title", window), 1);
-    head->addWidget(Shown(u"lblRecord"_s, "quiet", window));
+    head->addWidget(MakeLabel(window, u"lblCentralKey"_s, "title"), 1);
+    head->addWidget(MakeLabel(window, u"lblRecord"_s, "quiet"));
     column->addLayout(head);
 
     auto* fields = new QGridLayout;
@@ -72,32 +55,12 @@ QLayout* RecordColumn(QDialog& window)
     auto* steps = new QHBoxLayout;
     steps->setSpacing(8);
     for (const QString& name : {u"cmdprev"_s, u"cmdnext"_s, u"cmdOk"_s})
-        steps->addWidget(Button(name, window));
+        steps->addWidget(MakeButton(window, name));
     steps->addStretch(1);
-    auto* all = Button(u"cmdCopyCity"_s, window);
+    auto* all = MakeButton(window, u"cmdCopyCity"_s);
     all->setProperty("primary", true);
     steps->addWidget(all);
     column->addLayout(steps);
-    return column;
-}
-
-QLayout* ListColumn(QDialog& window)
-{
-    auto* column = new QVBoxLayout;
-    column->setSpacing(8);
-    auto* caption = new QLabel(QDialog::tr("&Locations"), &window);
-    caption->setProperty("role", u"quiet"_s);
-    column->addWidget(caption);
-    auto* list = new QListView(&window);
-    list->setObjectName(u"lstcity"_s);
-    list->setMinimumWidth(280);
-    caption->setBuddy(list);
-    column->addWidget(list, 1);
-    auto* keep = new QHBoxLayout;
-    keep->setSpacing(8);
-    keep->addWidget(Button(u"cmdAdd"_s, window));
-    keep->addWidget(Button(u"cmdDelete"_s, window));
-    column->addLayout(keep);
     return column;
 }
 
@@ -111,15 +74,15 @@ void Layout_frm_MassCity(QDialog& window, forms::Screen&)
     auto* columns = new QHBoxLayout;
     columns->setSpacing(24);
     columns->addLayout(RecordColumn(window), 3);
-    columns->addLayout(ListColumn(window), 2);
+    columns->addLayout(MakeLocations(window), 2);
     rows->addLayout(columns, 1);
 
     auto* foot = new QHBoxLayout;
     foot->setSpacing(8);
-    auto* message = Shown(u"lblmsg"_s, "", window);
+    auto* message = MakeLabel(window, u"lblmsg"_s);
     message->setWordWrap(true);
     foot->addWidget(message, 1);
-    foot->addWidget(Button(u"cmdCancel"_s, window));
+    foot->addWidget(MakeButton(window, u"cmdCancel"_s));
     rows->addLayout(foot);
     window.setMinimumWidth(860);
 }

@@ -102,4 +102,21 @@ QVBoxLayout* MakeRows(QDialog& window)
     return rows;
 }
 
+QVBoxLayout* MakeLocations(QDialog& window)
+{
+    auto* column = new QVBoxLayout;
+    column->setSpacing(8);
+    auto* list = new QListView(&window);
+    list->setObjectName(QStringLiteral("lstcity"));
+    list->setMinimumWidth(280);
+    column->addWidget(MakeWords(window, QDialog::tr("&Locations"), "quiet", list));
+    column->addWidget(list, 1);
+    auto* keep = new QHBoxLayout;
+    keep->setSpacing(8);
+    keep->addWidget(MakeButton(window, QStringLiteral("cmdAdd")));
+    keep->addWidget(MakeButton(window, QStringLiteral("cmdDelete")));
+    column->addLayout(keep);
+    return column;
+}
+
 } // namespace vasclip::windows

@@ -36,4 +36,7 @@ class PictureView;
 /// The rows of a window with its margins.
 [[nodiscard]] QVBoxLayout* MakeRows(QDialog& window);
 
+/// The list of cities with the buttons that keep it.
+QVBoxLayout* MakeLocations(QDialog& window);
+
 } // namespace vasclip::windows
