@@ -385,10 +385,10 @@ int main(int argc, char** argv)
     if (!bare.waitForConnected(5000))
         return 1;
 
-    // Who wakes whom on which processor decides more than the work does, and left to itself the system places a
-    // pair now so, now so. Both pairs are therefore measured in each of the two places: the ends together on one
-    // processor, and on two. In turn, so that whatever else the machine does meets both alike; the quickest
-    // round of each counts.
+    // Who wakes whom on which processor decides more than the work does, and left to itself the system places
+    // a pair now so, now so. Both pairs are therefore measured in each of the two places: the ends together
+    // on one processor, and on two. In turn, so that whatever else the machine does meets both alike; the
+    // quickest round of each counts.
     double ratio = 0;
     const auto compare = [&](const char* place) {
         double send = 1e9, trips = 1e9;
