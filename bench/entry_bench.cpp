@@ -6,6 +6,7 @@
 #include "databook/entry_screen.h"
 #include "forms/system_ports.h"
 #include "platform/engine/collation.h"
+#include "still_ports.h"
 #include "store/schema.h"
 #include "store/store.h"
 #include "windows/guard.h"
@@ -36,25 +37,6 @@ namespace {
 
 const QString kPath = u"C:\\DATABOOK.MDB"_s;
 const QString kComp = u"101 OAK ST"_s;
-
-class Quiet : public forms::Prompter
-{
-public:
-    forms::Answer MsgBox(forms::Buttons, forms::Icon, const QString& title, const QString& text) override
-    {
-        std::fprintf(stderr, "%s: %s\n", qPrintable(title), qPrintable(text));
-        return forms::Answer::Cancel;
-    }
-    QString OpenDialog(const QString&, const QString&, const QString&) override { return {}; }
-    QString ChooseDirectory(const QString&, const QString&) override { return {}; }
-};
-
-class Nowhere : public forms::WindowPort
-{
-public:
-    void AppActivate() override {}
-    void SetHourglass(bool) override {}
-};
 
 /// Shows a screen until it is painted, then closes it.
 class ShowOnce : public forms::ScreenPort
@@ -135,11 +117,11 @@ int main(int argc, char* argv[])
     QTemporaryDir dir(place + u"/entry-bench-XXXXXX"_s);
     const files::Disk disk(dir.path());
     engine::Engine engine(disk);
-    Quiet prompter;
+    bench::Nobody prompter;
     forms::QtEventPump pump;
     forms::SystemClock clock;
     forms::SystemRandom random;
-    Nowhere window;
+    bench::NoWindow window;
     windows::EventGuard guard(prompter, {});
     ShowOnce screens(guard);
     const forms::Ports ports{prompter, pump, clock, random, window, screens};

@@ -5,6 +5,7 @@
 #include "forms/screen.h"
 #include "forms/system_ports.h"
 #include "platform/engine/collation.h"
+#include "still_ports.h"
 #include "store/schema.h"
 #include "store/store.h"
 
@@ -48,40 +49,6 @@ QString KeyOf(qint64 row)
     // Spread over the index, as addresses are.
     return QStringLiteral("%1 STREET %2").arg((row * 7919) % 100003).arg(row).leftJustified(35);
 }
-
-class Quiet : public forms::Prompter
-{
-public:
-    forms::Answer MsgBox(forms::Buttons, forms::Icon, const QString& title, const QString& text) override
-    {
-        std::fprintf(stderr, "%s: %s\n", qPrintable(title), qPrintable(text));
-        return forms::Answer::Cancel;
-    }
-    QString OpenDialog(const QString&, const QString&, const QString&) override { return {}; }
-    QString ChooseDirectory(const QString&, const QString&) override { return {}; }
-};
-class Still : public forms::EventPump
-{
-public:
-    void DoEvents() override {}
-};
-class Stopped : public forms::Clock
-{
-public:
-    [[nodiscard]] QDateTime Now() const override { return QDateTime(QDate(2024, 5, 17), QTime(9, 0)); }
-    void Wait(double) override {}
-};
-class Fixed : public forms::RandomSource
-{
-public:
-    [[nodiscard]] double Rnd() override { return 0.5; }
-};
-class Nowhere : public forms::WindowPort
-{
-public:
-    void AppActivate() override {}
-    void SetHourglass(bool) override {}
-};
 
 void Fill(engine::Engine& engine, const QString& path, qint64 rows)
 {
@@ -158,11 +125,11 @@ int main(int argc, char** argv)
     const QTemporaryDir home;
     const files::Disk disk(home.path());
     engine::Engine engine(disk);
-    Quiet prompter;
-    Still pump;
-    Stopped clock;
-    Fixed random;
-    Nowhere window;
+    bench::Nobody prompter;
+    bench::NoEvents pump;
+    bench::StoppedClock clock;
+    bench::FixedNumber random;
+    bench::NoWindow window;
     forms::NoScreens screens;
     const forms::Ports ports{prompter, pump, clock, random, window, screens};
     const QString path = QStringLiteral("C:\\DATABOOK.MDB");

@@ -8,6 +8,7 @@
 #include "platform/conduit/link_server.h"
 #include "platform/conduit/protocol.h"
 #include "platform/conduit/socket_conduit.h"
+#include "still_ports.h"
 #include "store/schema.h"
 
 #include <QCoreApplication>
@@ -156,28 +157,6 @@ public:
     QString OpenDialog(const QString&, const QString&, const QString&) override { return {}; }
     QString ChooseDirectory(const QString&, const QString&) override { return {}; }
 };
-class Still : public forms::EventPump
-{
-public:
-    void DoEvents() override {}
-};
-class Stopped : public forms::Clock
-{
-public:
-    [[nodiscard]] QDateTime Now() const override { return QDateTime(QDate(2024, 5, 17), QTime(9, 0)); }
-    void Wait(double) override {}
-};
-class Fixed : public forms::RandomSource
-{
-public:
-    [[nodiscard]] double Rnd() override { return 0.5; }
-};
-class Nowhere : public forms::WindowPort
-{
-public:
-    void AppActivate() override {}
-    void SetHourglass(bool) override {}
-};
 
 /// A desk with one comp and a mapping of so many fields.
 /// @param transfer  map text columns of COMPS, each once, and make the records of kTransferred comps
@@ -286,10 +265,10 @@ struct Bench
     files::Disk disk;
     engine::Engine engine{disk};
     Loud prompter;
-    Still pump;
-    Stopped clock;
-    Fixed random;
-    Nowhere window;
+    bench::NoEvents pump;
+    bench::StoppedClock clock;
+    bench::FixedNumber random;
+    bench::NoWindow window;
     forms::NoScreens screens;
     forms::Ports ports{prompter, pump, clock, random, window, screens};
     forms::ControlSet set;

@@ -3,6 +3,7 @@
 #include "platform/engine/database.h"
 #include "platform/picture/facts.h"
 #include "platform/picture/picture.h"
+#include "still_ports.h"
 #include "store/data_source.h"
 
 #include <QCoreApplication>
@@ -60,24 +61,6 @@ double Best(int who, Work&& work, int runs = kRuns)
     return best;
 }
 
-class Silent : public forms::Prompter
-{
-public:
-    forms::Answer MsgBox(forms::Buttons, forms::Icon, const QString&, const QString& text) override
-    {
-        std::fprintf(stderr, "%s\n", qPrintable(text));
-        return forms::Answer::No;
-    }
-    QString OpenDialog(const QString&, const QString&, const QString&) override { return {}; }
-    QString ChooseDirectory(const QString&, const QString&) override { return {}; }
-};
-
-class NoPump : public forms::EventPump
-{
-public:
-    void DoEvents() override {}
-};
-
 /// Passes over the settling times, which are not what is measured.
 class NoWaits : public forms::Clock
 {
@@ -93,13 +76,6 @@ public:
 
 private:
     std::mt19937 m_engine{5};
-};
-
-class NoWindow : public forms::WindowPort
-{
-public:
-    void AppActivate() override {}
-    void SetHourglass(bool) override {}
 };
 
 class NoQuestions : public photos::PhotoQuestions
@@ -130,11 +106,11 @@ struct Desk
 
     files::Disk disk;
     engine::Engine engine;
-    Silent prompter;
-    NoPump pump;
+    bench::Nobody prompter{forms::Answer::No};
+    bench::NoEvents pump;
     NoWaits clock;
     Numbers random;
-    NoWindow window;
+    bench::NoWindow window;
     forms::NoScreens screens;
     forms::Ports ports{prompter, pump, clock, random, window, screens};
     forms::ControlSet set;

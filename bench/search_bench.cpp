@@ -8,6 +8,7 @@
 #include "forms/system_ports.h"
 #include "platform/engine/collation.h"
 #include "platform/engine/functions.h"
+#include "still_ports.h"
 #include "store/schema.h"
 #include "store/store.h"
 
@@ -64,24 +65,6 @@ std::pair<double, double> Medians(int rounds, double (*measure)(const std::funct
         std::sort(taken.begin(), taken.end());
     return {times[0][times[0].size() / 2], times[1][times[1].size() / 2]};
 }
-
-class Quiet : public forms::Prompter
-{
-public:
-    forms::Answer MsgBox(forms::Buttons, forms::Icon, const QString&, const QString& text) override
-    {
-        std::fprintf(stderr, "%s\n", qPrintable(text));
-        return forms::Answer::Cancel;
-    }
-    QString OpenDialog(const QString&, const QString&, const QString&) override { return {}; }
-    QString ChooseDirectory(const QString&, const QString&) override { return {}; }
-};
-class Nowhere : public forms::WindowPort
-{
-public:
-    void AppActivate() override {}
-    void SetHourglass(bool) override {}
-};
 
 void Fill(engine::Engine& engine, const QString& path, qint64 rows)
 {
@@ -155,11 +138,11 @@ int main(int argc, char** argv)
     const QString path = u"C:\\DATABOOK.MDB"_s;
     Fill(engine, path, rows);
 
-    Quiet prompter;
+    bench::Nobody prompter;
     forms::QtEventPump pump;
     forms::SystemClock clock;
     forms::SystemRandom random;
-    Nowhere window;
+    bench::NoWindow window;
     forms::NoScreens screens;
     const forms::Ports ports{prompter, pump, clock, random, window, screens};
     forms::ControlSet set;

@@ -62,6 +62,23 @@ bool Find(const forms::Ports& ports, store::DataSource& databook, const QString&
     return store::FindRecord(ports, databook, KeyOf(address), kKey);
 }
 
+/// Stands on the record of an address that is to be copied or renamed, unless something speaks against it.
+RecordResult FindForNewAddress(const forms::Ports& ports, store::DataSource& databook, const QString& address,
+                               const QString& newAddress)
+{
+    if (KeyOf(address).isEmpty())
+        return Failed(RecordOutcome::Blank, kEnterAddress);
+    if (KeyOf(newAddress) == KeyOf(address))
+        return Failed(RecordOutcome::Itself, kRenamedToItself);
+    if (const RecordResult wrong = CheckAddress(databook, newAddress, kEnterValidAddress); !wrong)
+        return wrong;
+    if (Find(ports, databook, newAddress))
+        return Exists(newAddress);
+    if (!Find(ports, databook, address))
+        return Missing(address);
+    return {};
+}
+
 void SetSized(store::DataSource& databook, const QString& value, const QString& field)
 {
     store::SetFieldData(databook, store::Trim2Size(databook, value, field), field);
@@ -164,16 +181,8 @@ RecordResult CopyRecord(const forms::Ports& ports, store::DataSource& databook, 
                         const QString& newAddress)
 {
     const RoutineScope scope{"CompCopyRecord"};
-    if (KeyOf(address).isEmpty())
-        return Failed(RecordOutcome::Blank, kEnterAddress);
-    if (KeyOf(newAddress) == KeyOf(address))
-        return Failed(RecordOutcome::Itself, kRenamedToItself);
-    if (const RecordResult wrong = CheckAddress(databook, newAddress, kEnterValidAddress); !wrong)
+    if (const RecordResult wrong = FindForNewAddress(ports, databook, address, newAddress); !wrong)
         return wrong;
-    if (Find(ports, databook, newAddress))
-        return Exists(newAddress);
-    if (!Find(ports, databook, address))
-        return Missing(address);
 
     engine::Recordset& recordset = databook.Recordset();
     const engine::FieldList& fields = recordset.Fields();
@@ -200,16 +209,8 @@ RecordResult RenameRecord(const forms::Ports& ports, store::DataSource& databook
                           const QString& newAddress)
 {
     const RoutineScope scope{"CompRenameRecord"};
-    if (KeyOf(address).isEmpty())
-        return Failed(RecordOutcome::Blank, kEnterAddress);
-    if (KeyOf(newAddress) == KeyOf(address))
-        return Failed(RecordOutcome::Itself, kRenamedToItself);
-    if (const RecordResult wrong = CheckAddress(databook, newAddress, kEnterValidAddress); !wrong)
+    if (const RecordResult wrong = FindForNewAddress(ports, databook, address, newAddress); !wrong)
         return wrong;
-    if (Find(ports, databook, newAddress))
-        return Exists(newAddress);
-    if (!Find(ports, databook, address))
-        return Missing(address);
     const RecordResult renamed = AsOne(ports, databook, address, newAddress, [&] {
         databook.Recordset().Edit();
         SetSized(databook, newAddress, kAddress);
