@@ -44,13 +44,8 @@ constexpr ConfigField Number(QLatin1StringView control, common::SettingTarget se
     return {control, ConfigKind::Number, setting, label, page, group, {}, refusal};
 }
 
-constexpr ConfigField Made(QLatin1StringView control, common::SettingTarget setting, QLatin1StringView label,
-                           ConfigPage page, QLatin1StringView group)
-{
-    return {control, ConfigKind::Directory, setting, label, page, group, {}, {}, {}, true};
-}
-
 constexpr auto Check = ConfigKind::Check;
+constexpr auto Directory = ConfigKind::Directory;
 constexpr auto Shown = ConfigKind::ShownOnly;
 using Page = ConfigPage;
 
@@ -84,32 +79,38 @@ constexpr ConfigField kFields[] = {
     Number("txtmapquality"_L1, &Globals::mapQuality, "Map Quality (1-100)"_L1, Page::Map, kMap, kPercentBox),
     {"optArrowColor"_L1, ConfigKind::Options, &Globals::arrowColor, "Default Map Arrow Color"_L1, Page::Map, kMap, kColourOptions},
     {"txtMapFilename"_L1, ConfigKind::Text, &Globals::mapExportFile, "Map Data Export File"_L1, Page::Map, kExport},
-    Made("txtMapFiledir"_L1, &Globals::mapExportDir, "Map Data Export Path"_L1, Page::Map, kExport),
+    {"txtMapFiledir"_L1, Directory, &Globals::mapExportDir, "Map Data Export Path"_L1, Page::Map, kExport},
     {"ckbMapCase"_L1, Check, &Globals::mapCase, "Upper Case Transfer To External Map Program"_L1, Page::Map, kExport},
 
-    Made("txtDataDir"_L1, &Globals::G_DataDir, "Data Path"_L1, Page::Directories, kDatabook),
+    {"txtDataDir"_L1, Directory, &Globals::G_DataDir, "Data Path"_L1, Page::Directories, kDatabook},
     {"txtDataFile"_L1, Shown, &Globals::G_DataFile, "Database"_L1, Page::Directories, kDatabook},
     {"txtTable"_L1, Shown, &Globals::G_Table, "Table Name"_L1, Page::Directories, kDatabook},
-    Made("txtPhotoDir"_L1, &Globals::G_PhotoDir, "Database Photo Dir"_L1, Page::Directories, kPictures),
-    Made("txtCaptureDir"_L1, &Globals::G_CaptureDir, "Camera (Capture) Dir"_L1, Page::Directories, kPictures),
-    Made("txtProgramDir"_L1, &Globals::G_ProgramDir, "Program Path"_L1, Page::Directories, kProgram),
-    Made("txtUserDir"_L1, &Globals::G_UserDir, "User Directory"_L1, Page::Directories, kProgram),
+    {"txtPhotoDir"_L1, Directory, &Globals::G_PhotoDir, "Database Photo Dir"_L1, Page::Directories, kPictures},
+    {"txtCaptureDir"_L1, Directory, &Globals::G_CaptureDir, "Camera (Capture) Dir"_L1, Page::Directories, kPictures},
+    {"txtProgramDir"_L1, Directory, &Globals::G_ProgramDir, "Program Path"_L1, Page::Directories, kProgram},
+    {"txtUserDir"_L1, Directory, &Globals::G_UserDir, "User Directory"_L1, Page::Directories, kProgram},
 
-    Made("txtArchiveDir"_L1, &Globals::G_ArchiveDir, "Achive Directory"_L1, Page::Transfer, kArchive),
+    {"txtArchiveDir"_L1, Directory, &Globals::G_ArchiveDir, "Achive Directory"_L1, Page::Transfer, kArchive},
     {"txtArchiveFile"_L1, Shown, &Globals::G_ArchiveFile, "Archive Database"_L1, Page::Transfer, kArchive},
     {"txtArchiveTable"_L1, Shown, &Globals::G_ArchiveTable, "Archive Table Name"_L1, Page::Transfer, kArchive},
-    Made("txtImportDir"_L1, &Globals::G_ImportDir, "Import Directory"_L1, Page::Transfer, kImportGroup),
+    {"txtImportDir"_L1, Directory, &Globals::G_ImportDir, "Import Directory"_L1, Page::Transfer, kImportGroup},
     {"txtImportFile"_L1, Shown, &Globals::G_ImportFile, "Import Database"_L1, Page::Transfer, kImportGroup},
     {"txtImportTable"_L1, Shown, &Globals::G_ImportTable, "Import Table Name"_L1, Page::Transfer, kImportGroup},
-    Made("txtExportDir"_L1, &Globals::G_ExportDir, "Export Directory"_L1, Page::Transfer, kExportGroup),
+    {"txtExportDir"_L1, Directory, &Globals::G_ExportDir, "Export Directory"_L1, Page::Transfer, kExportGroup},
     {"txtExportFile"_L1, Shown, &Globals::G_ExportFile, "Export Database"_L1, Page::Transfer, kExportGroup},
     {"txtExportTable"_L1, Shown, &Globals::G_ExportTableS, "Export Table Name"_L1, Page::Transfer, kExportGroup},
 
-    {"txtCopyFromFloppy"_L1, ConfigKind::Directory, &Globals::floppy, "Copy From Floppy"_L1, Page::CopyDevices, kDevices},
-    {"txtCopyFromReader"_L1, ConfigKind::Directory, &Globals::reader, "Copy From Reader"_L1, Page::CopyDevices, kDevices},
-    {"txtCopyFromRom"_L1, ConfigKind::Directory, &Globals::rom, "Copy From ROM"_L1, Page::CopyDevices, kDevices},
+    {"txtCopyFromFloppy"_L1, Directory, &Globals::floppy, "Copy From Floppy"_L1, Page::CopyDevices, kDevices},
+    {"txtCopyFromReader"_L1, Directory, &Globals::reader, "Copy From Reader"_L1, Page::CopyDevices, kDevices},
+    {"txtCopyFromRom"_L1, Directory, &Globals::rom, "Copy From ROM"_L1, Page::CopyDevices, kDevices},
 };
 // clang-format on
+
+constexpr common::SettingTarget kDirectories[] = {
+    &Globals::G_ProgramDir, &Globals::G_UserDir,   &Globals::G_CaptureDir,
+    &Globals::G_PhotoDir,   &Globals::G_DataDir,   &Globals::G_ImportDir,
+    &Globals::G_ExportDir,  &Globals::G_ArchiveDir, &Globals::mapExportDir,
+};
 
 constexpr common::SettingTarget kWritingOrder[] = {
     &Globals::G_ProgramDir,
@@ -183,6 +184,11 @@ const ConfigField* FieldOf(const common::SettingRow& row)
     const auto found = std::find_if(std::begin(kFields), std::end(kFields),
                                     [&](const ConfigField& field) { return field.setting == row.target; });
     return found == std::end(kFields) ? nullptr : &*found;
+}
+
+std::span<const common::SettingTarget> ConfigDirectories()
+{
+    return kDirectories;
 }
 
 std::span<const common::SettingTarget> ConfigWritingOrder()

@@ -35,7 +35,6 @@ struct ConfigField
     std::span<const QLatin1StringView> options = {};
     QLatin1StringView refusal = {}; ///< the box for a number out of range
     QLatin1StringView hint = {};    ///< a quiet note behind the label
-    bool created = false;           ///< a directory that is made if it is not there
 
     [[nodiscard]] const common::SettingRow& Row() const;
     /// The label without the mark of its access key.
@@ -46,6 +45,9 @@ struct ConfigField
 [[nodiscard]] std::span<const ConfigField> ConfigFields();
 /// The field that edits a row; nullptr if the screen has none for it.
 [[nodiscard]] const ConfigField* FieldOf(const common::SettingRow& row);
+
+/// The directories that saving makes if they are not there, in the order of making.
+[[nodiscard]] std::span<const common::SettingTarget> ConfigDirectories();
 
 /// What saving writes, in the order of writing.
 [[nodiscard]] std::span<const common::SettingTarget> ConfigWritingOrder();

@@ -324,10 +324,9 @@ void frm_Config::Write()
     }
     if (changed.G_CaptureDir != m_globals.G_CaptureDir)
         changed.captureDirBeforeTrash = changed.G_CaptureDir;
-    for (const Field& field : m_fields) {
-        if (field.about.created)
-            common::MakeDirectory(m_engine.Disk(), m_ports.prompter, SettingText(field.about.Row(), changed));
-    }
+    for (const common::SettingTarget& directory : ConfigDirectories())
+        common::MakeDirectory(m_engine.Disk(), m_ports.prompter,
+                              SettingText(*common::FindSetting(directory), changed));
     common::WriteSettings(ConfigWritingOrder(), changed, m_engine.Disk());
     changed.arrowsDir = common::ArrowsDirectory(changed.G_ProgramDir);
     m_globals = changed;

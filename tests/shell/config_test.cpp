@@ -123,30 +123,102 @@ TEST(ConfigFields, WritesEverySettingThatTheScreenMayWriteAndNoOther)
 
 TEST_F(Config, LabelsStandLetterForLetter)
 {
-    const std::pair<const char16_t*, const char16_t*> labels[] = {
-        {u"ckbTabMask", u"Use Default Windows Tab colors"},
-        {u"ckbTrashcan", u"Use Trashcan (Copy of photos is saved)"},
-        {u"ckbAutoSave", u"&AutoSave Front Views to the Database"},
-        {u"ckbWrightProtectPhotos", u"Write Protect Photos"},
-        {u"ckbImageListbox", u"View Image File Name ListBox"},
-        {u"ckbImageFilenames", u"View Image File Names with Thumbnails"},
-        {u"ckbMapCase", u"Upper Case Transfer To External Map Program"},
-        {u"ckbIgnoreZipCodes", u"Ignore Zip Codes (use only City, St)"},
-        {u"ckbCaps", u"Function keys  - Return comments in CAPS"},
-        {u"ckbLockAddr", u"Lock Text Addresses (Upper Right Tab control)"},
+    const std::pair<QString, QString> labels[] = {
+        {u"ckbTabMask"_s, u"Use Default Windows Tab colors"_s},
+        {u"txtQuality"_s, u"Photo Quality (1-100)"_s},
+        {u"ckbRedux"_s, u"Auto Reduce Image Resolution"_s},
+        {u"txtPixelX"_s, u"Pixels (width)"_s},
+        {u"txtPixelY"_s, u"Pixels (height)"_s},
+        {u"txtPicDelay"_s, u"Picture Format Delay (seconds)"_s},
+        {u"ckbTrashcan"_s, u"Use Trashcan (Copy of photos is saved)"_s},
+        {u"ckbAutoSave"_s, u"&AutoSave Front Views to the Database"_s},
+        {u"ckbWrightProtectPhotos"_s, u"Write Protect Photos"_s},
+        {u"ckbAutoDelete"_s, u"Auto Delete Thumbnails"_s},
+        {u"ckbImageListbox"_s, u"View Image File Name ListBox"_s},
+        {u"ckbImageFilenames"_s, u"View Image File Names with Thumbnails"_s},
+        {u"ckbPreviewCopyPics"_s, u"Preview Pictures when Copying"_s},
+        {u"optSort"_s, u"Database Sort Method"_s},
+        {u"ckbIgnorePending"_s, u"Ignore Pending Sales"_s},
+        {u"optAddressCase"_s, u"Address Case Sensitivity"_s},
+        {u"ckbLockAddr"_s, u"Lock Text Addresses (Upper Right Tab control)"_s},
+        {u"ckbShare"_s, u"Share comments with other users"_s},
+        {u"ckbCaps"_s, u"Function keys  - Return comments in CAPS"_s},
+        {u"ckbTransparent"_s, u"&Transparent Arrows"_s},
+        {u"ckbIgnoreZipCodes"_s, u"Ignore Zip Codes (use only City, St)"_s},
+        {u"txtmapquality"_s, u"Map Quality (1-100)"_s},
+        {u"optArrowColor"_s, u"Default Map Arrow Color"_s},
+        {u"txtMapFilename"_s, u"Map Data Export File"_s},
+        {u"txtMapFiledir"_s, u"Map Data Export Path"_s},
+        {u"ckbMapCase"_s, u"Upper Case Transfer To External Map Program"_s},
+        {u"txtDataDir"_s, u"Data Path"_s},
+        {u"txtDataFile"_s, u"Database"_s},
+        {u"txtTable"_s, u"Table Name"_s},
+        {u"txtPhotoDir"_s, u"Database Photo Dir"_s},
+        {u"txtCaptureDir"_s, u"Camera (Capture) Dir"_s},
+        {u"txtProgramDir"_s, u"Program Path"_s},
+        {u"txtUserDir"_s, u"User Directory"_s},
+        {u"txtArchiveDir"_s, u"Achive Directory"_s},
+        {u"txtArchiveFile"_s, u"Archive Database"_s},
+        {u"txtArchiveTable"_s, u"Archive Table Name"_s},
+        {u"txtImportDir"_s, u"Import Directory"_s},
+        {u"txtImportFile"_s, u"Import Database"_s},
+        {u"txtImportTable"_s, u"Import Table Name"_s},
+        {u"txtExportDir"_s, u"Export Directory"_s},
+        {u"txtExportFile"_s, u"Export Database"_s},
+        {u"txtExportTable"_s, u"Export Table Name"_s},
+        {u"txtCopyFromFloppy"_s, u"Copy From Floppy"_s},
+        {u"txtCopyFromReader"_s, u"Copy From Reader"_s},
+        {u"txtCopyFromRom"_s, u"Copy From ROM"_s},
     };
-    for (const auto& [name, label] : labels)
-        EXPECT_EQ(Check(QString::fromUtf16(name)).Caption(), QString::fromUtf16(label));
-    EXPECT_EQ(FieldOf(u"txtArchiveDir"_s).about.label, "Achive Directory"_L1);
-    EXPECT_EQ(Check(u"optSort"_s, 5).Caption(), u"Sort by Price GLA"_s);
-    EXPECT_EQ(Check(u"optAddressCase"_s, 0).Caption(), u"USE UPPER CASE FOR ADDRESSES"_s);
-    EXPECT_EQ(Check(u"optAddressCase"_s, 2).Caption(), u"Use address data 'AS IS'"_s);
-    EXPECT_EQ(Check(u"optArrowColor"_s, 2).Caption(), u"Blac&k"_s);
+    EXPECT_EQ(std::size(labels), ConfigFields().size());
+    for (const auto& [name, label] : labels) {
+        const frm_Config::Field& field = FieldOf(name);
+        EXPECT_EQ(QString(field.about.label), label) << name.toStdString();
+        if (field.check) {
+            EXPECT_EQ(field.check->Caption(), label) << name.toStdString();
+        }
+    }
+    EXPECT_EQ(FieldOf(u"ckbIgnorePending"_s).about.hint, "( SaleDate = 1/1/1900 )"_L1);
+    const std::pair<QString, QStringList> options[] = {
+        {u"optSort"_s,
+         {u"Non-Sorted"_s, u"Sort by Address"_s, u"Sort by Sale Date"_s, u"Sort by Sale Price"_s,
+          u"Sort by GLA"_s, u"Sort by Price GLA"_s, u"Sort by Load Date"_s}},
+        {u"optAddressCase"_s,
+         {u"USE UPPER CASE FOR ADDRESSES"_s, u"Use Proper Case For Addresses"_s,
+          u"Use address data 'AS IS'"_s}},
+        {u"optArrowColor"_s, {u"&Blue"_s, u"&Red"_s, u"Blac&k"_s}},
+    };
+    for (const auto& [name, captions] : options) {
+        ASSERT_EQ(static_cast<qsizetype>(FieldOf(name).options.size()), captions.size());
+        for (int i = 0; i < captions.size(); ++i)
+            EXPECT_EQ(Check(name, i).Caption(), captions.at(i));
+    }
+    EXPECT_EQ(screen->cmdResetSize.Caption(), u"Reset Form Size"_s);
     EXPECT_EQ(screen->CmdOK.Caption(), u"&Exit"_s);
+    EXPECT_EQ(screen->cmdCancel.Caption(), u"&Cancel"_s);
+    EXPECT_EQ(screen->cmdSave.Caption(), u"&Save"_s);
+}
+
+TEST_F(Config, AnythingTouchedCountsAsAChange)
+{
+    const std::pair<const char*, std::function<void()>> touches[] = {
+        {"a text", [this] { Text(u"txtMapFilename"_s).SetText(u"OTHER.MDB"_s); }},
+        {"a check box", [this] { Check(u"ckbMapCase"_s).SetValue(!Check(u"ckbMapCase"_s).Value()); }},
+        {"an option", [this] { Choose(u"optSort"_s, 5); }},
+        {"a number", [this] { Text(u"txtQuality"_s).SetText(u"80"_s); }},
+    };
+    for (const auto& [name, touch] : touches) {
+        screen->Open();
+        ASSERT_FALSE(screen->HasChanged()) << name;
+        touch();
+        EXPECT_TRUE(screen->HasChanged()) << name;
+    }
 }
 
 TEST_F(Config, OpensOnItsFirstPageWithTheGlobals)
 {
+    screen->SSConfig.SetTab(3);
+    screen->Open();
     EXPECT_EQ(screen->SSConfig.Tab(), 0);
     EXPECT_FALSE(screen->HasChanged());
     EXPECT_EQ(Text(u"txtQuality"_s).Text(), u"90"_s);
@@ -156,7 +228,10 @@ TEST_F(Config, OpensOnItsFirstPageWithTheGlobals)
     EXPECT_FALSE(Check(u"ckbImageListbox"_s).Value());
     EXPECT_TRUE(Check(u"optSort"_s, 1).Value());
     EXPECT_FALSE(Check(u"optSort"_s, 0).Value());
-    EXPECT_TRUE(Text(u"txtDataFile"_s).Locked());
+    for (const QString& shown : {u"txtDataFile"_s, u"txtTable"_s, u"txtArchiveFile"_s, u"txtArchiveTable"_s,
+                                 u"txtImportFile"_s, u"txtImportTable"_s, u"txtExportFile"_s,
+                                 u"txtExportTable"_s})
+        EXPECT_TRUE(Text(shown).Locked()) << shown.toStdString();
     EXPECT_FALSE(Text(u"txtMapFilename"_s).Locked());
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
@@ -315,6 +390,10 @@ TEST_F(Config, SavingWritesEveryKeyInItsOrderAndKeepsWhatElseStandsThere)
                                         u"MAPQUALITY"_s,    u"MAPCASE"_s,         u"ARROWCOLOR"_s,
                                         u"TABMASK"_s,       u"IMAGE TYPE"_s,      u"USESUBJCSZ"_s,
                                         u"CONTRAST"_s,      u"BRIGHTNESS"_s,      u"MAPDETAIL"_s}));
+    EXPECT_EQ(files::ProfileKeys(home.disk, u"DIRECTORIES"_s, kIni),
+              (QStringList{u"USERDIR"_s, u"APPDIR"_s, u"CAPTUREDIR"_s, u"PHOTODIR"_s, u"DATADIR"_s,
+                           u"ARCHIVEDIR"_s, u"EXPORTDIR"_s, u"IMPORTDIR"_s, u"MAPDIR"_s, u"MAPFILE"_s}))
+        << "USERDIR stood there before";
     EXPECT_EQ(files::ProfileKeys(home.disk, u"COPY DEVICE"_s, kIni),
               (QStringList{u"FLOPPY"_s, u"ROM"_s, u"READER"_s}));
     EXPECT_TRUE(home.disk.ReadWhole(kIni).startsWith("; mine"));
@@ -323,6 +402,32 @@ TEST_F(Config, SavingWritesEveryKeyInItsOrderAndKeepsWhatElseStandsThere)
     Read();
     EXPECT_EQ(globals.sortGrid, again.sortGrid);
     EXPECT_EQ(globals.picDelay, 2.5);
+}
+
+TEST_F(Config, EachDirectoryThatIsNotThereIsAnnouncedAndMade)
+{
+    const QStringList boxes = {u"txtProgramDir"_s, u"txtUserDir"_s,   u"txtCaptureDir"_s,
+                               u"txtPhotoDir"_s,   u"txtDataDir"_s,   u"txtImportDir"_s,
+                               u"txtExportDir"_s,  u"txtArchiveDir"_s, u"txtMapFiledir"_s};
+    QStringList told;
+    for (const QString& box : boxes) {
+        const QString path = u"C:\\NEW\\"_s + box.toUpper();
+        Text(box).SetText(path);
+        told.append(u"Creating directory "_s + path + u"."_s);
+    }
+    Text(u"txtCopyFromFloppy"_s).SetText(u"C:\\NO CARD"_s);
+    ClickSave();
+    EXPECT_EQ(doubles.prompter.Texts(), told) << "in this order";
+    for (const auto& box : doubles.prompter.Boxes()) {
+        EXPECT_EQ(box.title, u"Creating Directory"_s);
+        EXPECT_EQ(box.icon, forms::Icon::None);
+        EXPECT_EQ(box.buttons, forms::Buttons::Ok);
+    }
+    for (const QString& box : boxes)
+        EXPECT_TRUE(home.disk.DirExists(u"C:\\NEW\\"_s + box.toUpper())) << box.toStdString();
+    EXPECT_FALSE(home.disk.DirExists(u"C:\\NO CARD"_s)) << "a card comes by itself";
+    EXPECT_EQ(globals.G_DataDir, u"C:\\NEW\\TXTDATADIR\\"_s);
+    EXPECT_EQ(globals.mapExportDir, u"C:\\NEW\\TXTMAPFILEDIR\\"_s);
 }
 
 TEST_F(Config, ADirectoryThatCannotBeStopsTheSaveWholly)
