@@ -19,6 +19,7 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTest>
+#include <QTimer>
 
 namespace vasclip::windows {
 namespace {
@@ -239,6 +240,64 @@ TEST_F(RecordGridTest, TheHeadingsMenuTicksSortsAndHides)
     view->FillColumnMenu(other, 1);
     EXPECT_FALSE(other.actions().at(0)->isEnabled()) << "no order of the six";
     EXPECT_FALSE(other.actions().at(1)->isEnabled());
+}
+
+TEST_F(RecordGridTest, TheRightButtonOnAHeadingHidesItsColumn)
+{
+    QList<forms::GridColumn> columns = grid.Columns();
+    columns[0].sortable = true;
+    grid.SetColumns(columns);
+    root.resize(640, 320);
+    root.show();
+    QStringList sorted;
+    QObject::connect(&grid, &forms::Grid::HeadClick, &grid, [&](const QString& field) { sorted += field; });
+    QWidget* head = view->horizontalHeader()->viewport();
+    // As the system does it: the button goes down and up, and asks for the menu.
+    const auto rightClick = [&](QPoint at) {
+        QTest::mousePress(head, Qt::RightButton, {}, at);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, at, head->mapToGlobal(at));
+        QApplication::sendEvent(head, &event);
+        QTest::mouseRelease(head, Qt::RightButton, {}, at);
+    };
+    // The menu holds the click until an entry is chosen.
+    const auto choose = [&](const QString& words, QPoint at) {
+        bool chosen = false;
+        QTimer::singleShot(0, view, [&] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            if (menu == nullptr)
+                return;
+            EXPECT_TRUE(menu->geometry().contains(head->mapToGlobal(at)));
+            for (QAction* action : menu->actions()) {
+                if (action->text() != words)
+                    continue;
+                chosen = true;
+                QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+            }
+            menu->close();
+        });
+        rightClick(at);
+        return chosen;
+    };
+    const QPoint onSold(view->columnViewportPosition(2) + 20, 8);
+    EXPECT_TRUE(choose(u"&Hide This Column"_s, onSold));
+    EXPECT_FALSE(grid.Columns().at(2).visible);
+    EXPECT_TRUE(view->isColumnHidden(2));
+    EXPECT_TRUE(grid.Columns().at(0).visible && grid.Columns().at(1).visible) << "no other";
+    EXPECT_TRUE(choose(u"Sold"_s, QPoint(20, 8)));
+    EXPECT_TRUE(grid.Columns().at(2).visible) << "its tick brings it back";
+    EXPECT_FALSE(view->isColumnHidden(2));
+    EXPECT_TRUE(sorted.isEmpty()) << "the right button sorts nothing";
+
+    view->FixColumns();
+    bool opened = false;
+    QTimer::singleShot(50, view, [&] {
+        opened = QApplication::activePopupWidget() != nullptr;
+        if (opened)
+            QApplication::activePopupWidget()->close();
+    });
+    rightClick(onSold);
+    QTest::qWait(80);
+    EXPECT_FALSE(opened) << "a preview has no menu";
 }
 
 TEST_F(RecordGridTest, AClickOnAHeadingSorts)
