@@ -2,6 +2,7 @@
 #include "store/schema.h"
 #include "windows/fkey_bar.h"
 #include "windows/icons.h"
+#include "windows/layout_parts.h"
 #include "windows/screen_layouts.h"
 
 #include <QAbstractItemView>
@@ -35,7 +36,7 @@ namespace {
 constexpr int kShortField = 20; ///< characters; two short fields share a line
 constexpr int kShortWidth = 90;
 constexpr int kDateWidth = 96;
-constexpr int kLongWidth = 200;
+constexpr int kLongWidth = 184; ///< three columns fit a screen of 1366
 constexpr int kRoomAround = 48;  ///< of the screen, for the window's own frame
 constexpr int kNarrowest = 1120; ///< the phrases of the keys can be read
 constexpr int kWidest = 1300;    ///< boxes become no better to read beyond
@@ -280,10 +281,14 @@ void Layout_EntryScreen(QDialog& window, forms::Screen& screen)
     }
 
     const QSize room = window.screen()->availableSize() - QSize(kRoomAround, kRoomAround);
-    const QSize inside = desk->sizeHint() + QSize(scroller->verticalScrollBar()->sizeHint().width(), 4);
-    const int width = inside.width() + rows->contentsMargins().left() + rows->contentsMargins().right();
-    const QSize wanted(std::clamp(width, kNarrowest, std::max(kWidest, desk->minimumSizeHint().width())),
-                       rows->sizeHint().height() - scroller->sizeHint().height() + inside.height());
+    PolishAll(window);
+    const QMargins margins = rows->contentsMargins();
+    const int around =
+        margins.left() + margins.right() + scroller->verticalScrollBar()->sizeHint().width();
+    const QSize wanted(std::clamp(desk->sizeHint().width() + around, kNarrowest,
+                                  std::max(kWidest, desk->minimumSizeHint().width() + around)),
+                       rows->sizeHint().height() - scroller->sizeHint().height() +
+                           desk->sizeHint().height() + 4);
     const bool noDisplay = QGuiApplication::platformName() == "offscreen"_L1;
     window.resize(noDisplay ? wanted : wanted.boundedTo(room)); // nothing bounds a picture of it
     if (!entry.Boxes().empty())

@@ -14,6 +14,13 @@
 
 namespace vasclip::windows {
 
+void PolishAll(const QWidget& window)
+{
+    window.ensurePolished();
+    for (const QWidget* widget : window.findChildren<QWidget*>())
+        widget->ensurePolished();
+}
+
 QPushButton* MakeButton(QDialog& window, const QString& name)
 {
     auto* button = new QPushButton(&window);

@@ -15,7 +15,10 @@ namespace vasclip::windows {
 
 class PictureView;
 
-// Pieces that the windows of pictures have in common.
+// Pieces that windows have in common.
+
+/// Dresses a window that is built but not shown yet: before that its size hints are those of bare widgets.
+void PolishAll(const QWidget& window);
 
 /// A button that Return elsewhere does not press.
 [[nodiscard]] QPushButton* MakeButton(QDialog& window, const QString& name);

@@ -13,6 +13,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSettings>
 #include <QTest>
 
@@ -84,6 +85,21 @@ TEST_F(EntryWindows, EachShowsEveryControlOfItsScreen)
             ASSERT_NE(widget, nullptr) << box->field.toStdString();
             EXPECT_FALSE(widget->accessibleName().isEmpty()) << box->field.toStdString();
         }
+    }
+}
+
+TEST_F(EntryWindows, EachOpensWithAllOfItsBoxesInSight)
+{
+    for (const databook::EntryForm& form : databook::EntryForms()) {
+        Shown shown(*this, form);
+        shown.window->show();
+        QCoreApplication::processEvents();
+        const auto* scroller = shown.window->findChild<QScrollArea*>();
+        EXPECT_EQ(scroller->horizontalScrollBar()->maximum(), 0) << form.screen.data();
+        EXPECT_EQ(scroller->verticalScrollBar()->maximum(), 0) << form.screen.data();
+        shown.window->resize(1366 - 48, 768 - 48);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(scroller->horizontalScrollBar()->maximum(), 0) << form.screen.data() << " on a small screen";
     }
 }
 
