@@ -213,13 +213,20 @@ void MainWindow::DeleteThumb(int index)
     });
 }
 
-/// In a narrow pane the buttons of the grid do without their words.
+/// In a narrow pane the buttons of the grid do without their words; narrower than that it does not get.
 void MainWindow::ShowWords()
 {
-    constexpr int kRoomForWords = 1080;
-    const bool words = m_ui->recordsPane->width() >= kRoomForWords;
-    for (QToolButton* button : {m_ui->cmdCopy, m_ui->cmdRename, m_ui->cmdEdit, m_ui->cmdDelete, m_ui->cmdSearch})
-        button->setToolButtonStyle(words ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
+    const auto leastWith = [this](Qt::ToolButtonStyle style) {
+        for (QToolButton* button :
+             {m_ui->cmdCopy, m_ui->cmdRename, m_ui->cmdEdit, m_ui->cmdDelete, m_ui->cmdSearch})
+            button->setToolButtonStyle(style);
+        const QMargins margins = m_ui->databookRows->contentsMargins();
+        return m_ui->addRow->minimumSize().width() + margins.left() + margins.right();
+    };
+    const int least = leastWith(Qt::ToolButtonIconOnly);
+    m_ui->recordsPane->setMinimumWidth(least);
+    if (leastWith(Qt::ToolButtonTextBesideIcon) > m_ui->recordsPane->width())
+        static_cast<void>(leastWith(Qt::ToolButtonIconOnly));
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event)

@@ -31,6 +31,8 @@
 #include <QTimer>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace vasclip::windows {
 namespace {
 
@@ -305,6 +307,33 @@ TEST_F(MainWindowTest, NothingIsClippedAt1366)
             }
         }
     }
+}
+
+/// The row above the grid needs room: words go first, and the pane stops before boxes lie on each other.
+TEST_F(MainWindowTest, TheRowAboveTheGridNeverOverlaps)
+{
+    auto* pane = Find<QWidget>(u"recordsPane"_s);
+    auto* row = Find<QWidget>(u"fraAddaComp"_s);
+    auto* splitter = Find<QSplitter>(u"bottomSplitter"_s);
+    auto* edit = Find<QToolButton>(u"cmdEdit"_s);
+    bool bare = false, worded = false;
+    for (int width = 2000; width >= 400; width -= 20) {
+        window->resize(2400, 900);
+        splitter->setSizes({width, 2400 - width});
+        QApplication::processEvents();
+        QApplication::processEvents();
+        (edit->toolButtonStyle() == Qt::ToolButtonIconOnly ? bare : worded) = true;
+        QList<QWidget*> shown;
+        for (QWidget* widget : row->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+            if (widget->isVisible())
+                shown.append(widget);
+        std::sort(shown.begin(), shown.end(), [](const auto* a, const auto* b) { return a->x() < b->x(); });
+        for (qsizetype i = 0; i + 1 < shown.size(); ++i)
+            ASSERT_LT(shown.at(i)->geometry().right(), shown.at(i + 1)->geometry().left())
+                << shown.at(i)->objectName().toStdString() << " at " << pane->width();
+        ASSERT_LE(shown.last()->geometry().right(), row->width()) << pane->width();
+    }
+    EXPECT_TRUE(bare && worded);
 }
 
 TEST(SplashWindowTest, WindowAndScreenAgree)
