@@ -1,6 +1,7 @@
 #include "windows/about_box.h"
 
 #include "windows/icons.h"
+#include "windows/layout_parts.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -9,9 +10,14 @@
 #include <QPlainTextEdit>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace vasclip::windows {
 
 namespace {
+
+constexpr int kNarrowest = 440;
+constexpr QSize kSizeWithChanges(640, 560);
 
 QLabel* Plain(const QString& text, const char* role, QWidget* parent)
 {
@@ -76,13 +82,18 @@ AboutBox::AboutBox(const AboutText& text, QWidget* parent)
         changes->setReadOnly(true);
         changes->setAccessibleName(tr("What is new"));
         rows->addWidget(changes, 1);
-        resize(640, 560);
     }
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     rows->addStretch(text.changes.isEmpty() ? 1 : 0);
     rows->addWidget(buttons);
-    setMinimumWidth(440);
+    setMinimumWidth(kNarrowest);
+    // Wrapped lines need the height that goes with the width they get.
+    PolishAll(*this);
+    const QSize least = text.changes.isEmpty() ? QSize(kNarrowest, 0) : kSizeWithChanges;
+    const int width = std::max(least.width(), sizeHint().width());
+    setMinimumHeight(rows->totalHeightForWidth(width));
+    resize(width, std::max(least.height(), minimumHeight()));
 }
 
 } // namespace vasclip::windows

@@ -206,6 +206,7 @@ int TabStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidge
     case SH_ToolTip_WakeUpDelay:
         return 600;
     case SH_ItemView_ActivateItemOnSingleClick:
+    case SH_DialogButtonBox_ButtonsHaveIcons: // a desktop's signs do not go with the colours
         return 0;
     default:
         return QProxyStyle::styleHint(hint, option, widget, data);

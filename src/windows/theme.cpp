@@ -145,8 +145,9 @@ QFrame[found="true"] { background: $accentSoft; border-radius: 6px; }
 QTableView, QListView { background: $surface; alternate-background-color: $alternate; border: 1px solid $border;
   border-radius: 6px; outline: none; selection-background-color: $selection;
   selection-color: $selectionText; }
-QListView:focus { border: 2px solid $accent; }
-QListView[pages="true"] { background: transparent; border: none; }
+QListView { padding: 1px; }
+QListView:focus { border: 2px solid $accent; padding: 0; }
+QListView[pages="true"] { background: transparent; border: none; padding: 0; }
 QListView[pages="true"]::item { padding: 8px 12px; }
 QListView::item { padding: 3px 6px; border-radius: 4px; }
 QListView::item:selected { background: $selection; color: $selectionText; }

@@ -136,6 +136,25 @@ TEST_F(RealScreens, WhatIsNewStandsInTheAboutBox)
     EXPECT_EQ(changes.windowTitle(), u"What's New?"_s);
 }
 
+TEST_F(RealScreens, TheAboutBoxShowsItsLinesWhole)
+{
+    const QString longPath = u"C:\\A DIRECTORY OF A LONG NAME\\ANOTHER ONE\\AND ONE MORE\\DATABOOK.MDB"_s;
+    // A window takes two thirds of a screen by itself; on a small one that is less than these.
+    const QList<std::pair<QString, QString>> facts(16, {u"Databook"_s, longPath});
+    for (const QString& changes : {QString(), u"A line\n"_s.repeated(80)}) {
+        AboutBox about({u"Vasclip"_s, u"1.0.0"_s, u"Ostrand Ltd."_s, facts, changes});
+        about.show();
+        QCoreApplication::processEvents();
+        for (const auto* label : about.findChildren<QLabel*>()) {
+            if (label->text().isEmpty())
+                continue;
+            EXPECT_GE(label->height(), label->heightForWidth(label->width())) << label->text().toStdString();
+        }
+        for (const auto* button : about.findChildren<QPushButton*>())
+            EXPECT_TRUE(button->icon().isNull()) << "the desktop's sign on the program's colours";
+    }
+}
+
 TEST_F(RealScreens, ResetSizePutsTheWindowBackToItsFirstSize)
 {
     shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
