@@ -71,6 +71,8 @@ bool Router::CanStart(const forms::Control& source) const
     }
     if (name != "TXTMAPADDRESS"_L1 && PlaceOf(name) == Place::Elsewhere)
         return false;
+    if (const auto* combo = qobject_cast<const forms::ComboBox*>(&source))
+        return !text::Trim(combo->Text()).isEmpty();
     const auto* box = qobject_cast<const forms::TextBox*>(&source);
     return box != nullptr && !text::Trim(box->Text()).isEmpty();
 }

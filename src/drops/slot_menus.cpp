@@ -217,4 +217,12 @@ Outcome SavePhotoOfSlot(DropDesk& desk, QLatin1StringView group, int index)
     return {true, {}, forms::Colour::Normal, key};
 }
 
+Outcome SaveDataOfSlot(DropDesk& desk, QLatin1StringView group, int index)
+{
+    if (!desk.routines.save)
+        return {};
+    desk.routines.save(group, index, SlotPart::Data);
+    return {true, {}, forms::Colour::Normal, KeyOfSlot(desk, group, index)};
+}
+
 } // namespace vasclip::drops

@@ -32,6 +32,8 @@ Outcome ClickDataBox(DropDesk& desk, QLatin1StringView group, int index);
 
 /// A click on the icon beside a photo slot: its photo goes into the Databook.
 Outcome SavePhotoOfSlot(DropDesk& desk, QLatin1StringView group, int index);
+/// The slot's data go there, by its menu.
+Outcome SaveDataOfSlot(DropDesk& desk, QLatin1StringView group, int index);
 
 /// First of the three slots that are on view together with this one.
 [[nodiscard]] constexpr int FirstShown(int index)

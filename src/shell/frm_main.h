@@ -167,6 +167,7 @@ private:
     drops::Outcome Told(drops::Outcome outcome);
     void SaveSlotNow(QLatin1StringView group, int index, drops::SlotPart part);
     void AutoSaveSlot(QLatin1StringView group, int index);
+    void SetCorrectPicMenuText(bool subject);
     void popPicture_M_Click(int index);
     void popGeneral_M_Click(int index);
     void popTextData_M_Click(int index);

@@ -69,7 +69,7 @@ forms::Menu* frm_Main::MenuOver(const forms::Control& control)
     if (name == u"IMAGENERAL"_s)
         return &popGeneral_M;
     if (name.startsWith(u"IMA"_s)) {
-        popPicture_M.SetEntryCaption(1, PictureEntryCaption(subject)); // SetCorrectPicMenuText
+        SetCorrectPicMenuText(subject);
         return &popPicture_M;
     }
     if (name.startsWith(u"GEA"_s))
@@ -79,8 +79,12 @@ forms::Menu* frm_Main::MenuOver(const forms::Control& control)
     // The subject's data are not sent from the Databook.
     popTextData_M.SetEntryEnabled(0, !subject);
     popTextData_M.SetEntryEnabled(1, !subject);
-    popTextData_M.SetEntryEnabled(3, bool(Drops().routines.save));
     return &popTextData_M;
+}
+
+void frm_Main::SetCorrectPicMenuText(bool subject)
+{
+    popPicture_M.SetEntryCaption(1, PictureEntryCaption(subject));
 }
 
 void frm_Main::popPicture_M_Click(int index)
@@ -115,8 +119,8 @@ void frm_Main::popTextData_M_Click(int index)
         Told(drops::ObtainData(desk, group, m_menuIndex, drops::WithPhoto::No));
     else if (index == 1)
         Told(drops::ObtainShownData(desk, group, m_menuIndex, drops::WithPhoto::No));
-    else if (index == 3 && desk.routines.save)
-        desk.routines.save(group, m_menuIndex, drops::SlotPart::Data);
+    else if (index == 3)
+        Told(drops::SaveDataOfSlot(desk, group, m_menuIndex));
 }
 
 void frm_Main::popPicAndData_M_Click(int index)
