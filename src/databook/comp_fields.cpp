@@ -6,6 +6,8 @@
 #include "platform/text/text.h"
 #include "store/store.h"
 
+#include <cmath>
+
 namespace vasclip::databook {
 
 using common::RoutineScope;
@@ -38,11 +40,17 @@ void StoreSaleDate(store::DataSource& source, const QString& date, QDate today)
     store::SetFieldData(source, SerialText(date, today), kSaleSerial);
 }
 
+/// The day that stands for a pending sale, however it is written.
+bool IsPendingDay(const QString& date, QDate today)
+{
+    const std::optional<QDateTime> value = text::ReadDate(date, today);
+    return value && value->date() == QDate(1900, 1, 1);
+}
+
 bool IsNumeric(const QString& text)
 {
-    bool whole = false;
-    text.toDouble(&whole);
-    return whole;
+    bool number = false;
+    return std::isfinite(text.toDouble(&number)) && number;
 }
 
 } // namespace
@@ -139,8 +147,8 @@ void ErrSetSaleDate(const forms::Ports& ports, store::DataSource& source, QStrin
         const QDate today = ports.clock.Today();
         if (!common::IsDate(dateText, today))
             dateText = kPendingDate;
-        const QString date = dateText == kPendingDate ? kPendingDate : common::FixDate(dateText, today);
-        StoreSaleDate(source, date, today);
+        const QString date = common::FixDate(dateText, today);
+        StoreSaleDate(source, IsPendingDay(date, today) ? kPendingDate : date, today);
     });
 }
 

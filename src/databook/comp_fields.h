@@ -43,7 +43,7 @@ void ForceLoadDate2Today(const forms::Ports& ports, store::DataSource& source);
 void RepairLoadDate(const forms::Ports& ports, store::DataSource& source);
 
 /// SALEDATE and SALESERIAL from a text; one that is no date means a pending sale, and the text becomes
-/// "01/01/1900" itself.
+/// "01/01/1900" itself. A pending sale is stored as that text however its day was written.
 void ErrSetSaleDate(const forms::Ports& ports, store::DataSource& source, QString& dateText);
 
 /// The same from a box, whose text becomes "01/01/1900" if it is no date; then updates and finds the record

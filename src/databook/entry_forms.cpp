@@ -126,17 +126,20 @@ EntryGroup Descriptions(int column)
 
 EntryForm Condo()
 {
-    return {"frm_CompMntC"_L1, "Condominium Comparable Description"_L1,
-            With(Without(SingleFamily(), kNotOnCondo), {{"Project"_L1,
-                                                         1,
-                                                         {{"txtProjSize"_L1, "PROJSIZE"_L1},
-                                                          {"txtFloorLocal"_L1, "FLOORLOCAL"_L1},
-                                                          {"txtMonthAsses"_L1, "MONTHASSES"_L1, kNumber},
-                                                          {"txtUtilFurn1"_L1, "UTILFURN1"_L1},
-                                                          {"txtUtilFurn2"_L1, "UTILFURN2"_L1},
-                                                          {"txtUtilFurn3"_L1, "UTILFURN3"_L1},
-                                                          {"txtUtilFurn4"_L1, "UTILFURN4"_L1},
-                                                          {"txtUtilFurn5"_L1, "UTILFURN5"_L1}}}})};
+    EntryForm form{
+        "frm_CompMntC"_L1, "Condominium Comparable Description"_L1,
+        With(Without(SingleFamily(), kNotOnCondo), {{"Project"_L1,
+                                                     1,
+                                                     {{"txtProjSize"_L1, "PROJSIZE"_L1},
+                                                      {"txtFloorLocal"_L1, "FLOORLOCAL"_L1},
+                                                      {"txtMonthAsses"_L1, "MONTHASSES"_L1, kNumber},
+                                                      {"txtUtilFurn1"_L1, "UTILFURN1"_L1},
+                                                      {"txtUtilFurn2"_L1, "UTILFURN2"_L1},
+                                                      {"txtUtilFurn3"_L1, "UTILFURN3"_L1},
+                                                      {"txtUtilFurn4"_L1, "UTILFURN4"_L1},
+                                                      {"txtUtilFurn5"_L1, "UTILFURN5"_L1}}}})};
+    form.validation = "frm_CompMntCValidation";
+    return form;
 }
 
 EntryForm UnitSale()
@@ -167,6 +170,7 @@ EntryForm UnitSale()
                {"txtBedrooms4"_L1, "BEDROOMS4"_L1, kNumber},   {"txtBaths4"_L1, "BATHS4"_L1, kNumber}},
               {"Units"_L1, "Vacant"_L1, "Rooms"_L1, "Beds"_L1, "Baths"_L1},
               "Unit"_L1}})};
+    form.validation = "frm_CompmntSValidation";
     form.limitsAtLoad = true;
     return form;
 }
@@ -229,6 +233,7 @@ EntryForm UnitRental()
                {"txtUtilFurn5"_L1, "UTILFURN5"_L1},
                {"txtUtilFurn6"_L1, "UTILFURN6"_L1}}}})};
     form.dateField = "LEASEDATE"_L1;
+    form.validation = "frm_CompMntRValidation";
     form.limitsAtLoad = true;
     form.rentalAge = true;
     return form;

@@ -42,7 +42,8 @@ struct EntryForm
     std::vector<EntryGroup> groups;
     QLatin1StringView dateField =
         QLatin1StringView("SALEDATE"); ///< the field that plays the sale date's part
-    bool limitsAtLoad = false; ///< every box takes its field's size when the screen opens, not only on focus
+    const char* validation = nullptr;  ///< the routine that is run when the screen opens
+    bool limitsAtLoad = false; ///< with it every box takes its field's size at once, not only on focus
     bool rentalAge = false;    ///< the age is what ReturnRentalAge makes of its box
     bool secondPage = false;
 };

@@ -71,10 +71,7 @@ EntryScreen::EntryScreen(const EntryDesk& desk, const EntryForm& form, EntryReco
     connect(&cmdExit, &forms::Control::Clicked, this, &EntryScreen::cmdExit_Click);
     for (forms::Control* other : controls.All())
         if (qobject_cast<forms::TextBox*>(other) == nullptr)
-            connect(other, &forms::Control::GotFocus, this, [this] {
-                if (m_desk.comments != nullptr)
-                    m_desk.comments->FieldLeft();
-            });
+            connect(other, &forms::Control::GotFocus, this, &EntryScreen::DisableFKeys);
 }
 
 forms::TextBox* EntryScreen::Box(QLatin1StringView field) const
@@ -117,8 +114,7 @@ void EntryScreen::Form_Load()
         cboCity->SetEnabled(!m_desk.cities.isEmpty());
     }
     ShowTexts();
-    if (m_form.limitsAtLoad)
-        LimitBoxes();
+    Validate();
     if (!m_record.Updatable()) {
         lblmsg.Show(kReadOnlyHere, forms::Colour::Red);
         cmdSave.SetEnabled(false);
@@ -157,9 +153,15 @@ void EntryScreen::ShowPriceGla()
         lblPriceGla.SetVisible(false);
 }
 
-/// Every box takes the size of its field, in the order of the form.
-void EntryScreen::LimitBoxes()
+/// No value is checked: where the form wants it, every box takes the size of its field, in the order of the
+/// form.
+void EntryScreen::Validate()
 {
+    if (m_form.validation == nullptr)
+        return;
+    const common::RoutineScope scope{m_form.validation};
+    if (!m_form.limitsAtLoad)
+        return;
     for (const auto& box : m_boxes)
         box->box.SetMaxLength(m_record.Size(box->field));
 }
@@ -171,12 +173,17 @@ void EntryScreen::Entered(EntryBox& box)
     box.box.SetMaxLength(m_record.Size(box.field));
     box.box.SetText(text::Trim(box.box.Text()));
     box.box.SelectAll();
-    if (m_desk.comments == nullptr)
-        return;
     if (box.box.Locked())
-        m_desk.comments->FieldLeft();
-    else
+        DisableFKeys();
+    else if (m_desk.comments != nullptr)
         m_desk.comments->FieldEntered(*this, box.box, box.field);
+}
+
+/// There is no box that a phrase could go into.
+void EntryScreen::DisableFKeys()
+{
+    if (m_desk.comments != nullptr)
+        m_desk.comments->FieldLeft();
 }
 
 void EntryScreen::Left(EntryBox& box)
@@ -184,10 +191,17 @@ void EntryScreen::Left(EntryBox& box)
     if (!IsOpen() || box.box.Locked())
         return;
     const common::RoutineScope scope{"LostFocus"};
-    if (box.row.field == m_form.dateField && !common::IsDate(box.box.Text(), m_desk.ports.clock.Today()))
-        box.box.SetText(QString(kInvalidSaleDate));
+    if (box.row.field == m_form.dateField)
+        ErrtxtSaleDate_LostFocus(box.box);
     Recalculate();
     ShowPriceGla();
+}
+
+void EntryScreen::ErrtxtSaleDate_LostFocus(forms::TextBox& date)
+{
+    const common::RoutineScope scope{"ErrtxtSaleDate_LostFocus"};
+    if (!common::IsDate(date.Text(), m_desk.ports.clock.Today()))
+        date.SetText(QString(kInvalidSaleDate));
 }
 
 /// The age follows its year built and its sale date; one that was typed stays as long as these do.

@@ -52,9 +52,11 @@ private:
     void Wire(EntryBox& box);
     void ShowTexts();
     void ShowPriceGla();
-    void LimitBoxes();
+    void Validate();
+    void DisableFKeys();
     void Entered(EntryBox& box);
     void Left(EntryBox& box);
+    void ErrtxtSaleDate_LostFocus(forms::TextBox& date);
     void Calendar(EntryBox& box);
     [[nodiscard]] bool KeyDown(EntryBox& box, int keyCode, int shift);
     void Recalculate();

@@ -72,6 +72,9 @@ TEST(CompFields, AddressHelpers)
              Row{u"Main St"_s, u"Main St"_s, u"MainSt"_s},
              Row{u"1615"_s, u"1615"_s, QString()},
              Row{u" 12 Oak"_s, u" 12 Oak"_s, u"Oak"_s},
+             Row{u"nan King Rd"_s, u"nan King Rd"_s, u"nanKingRd"_s},
+             Row{u"inf St"_s, u"inf St"_s, u"infSt"_s},
+             Row{u"12.5 Oak"_s, u"Oak"_s, u"Oak"_s},
              Row{QString(), QString(), QString()},
          }) {
         EXPECT_EQ(databook::Strip1stNums(row.text), row.stripped) << row.text.toStdString();
@@ -189,6 +192,8 @@ TEST_F(CompDates, SaleDateRows)
              Row{"no date", u"pending"_s, u"01/01/1900"_s, u"01/01/1900"_s, u" 2"_s},
              Row{"too short", u"3/7/4"_s, u"01/01/1900"_s, u"01/01/1900"_s, u" 2"_s},
              Row{"pending", u"01/01/1900"_s, u"01/01/1900"_s, u"01/01/1900"_s, u" 2"_s},
+             Row{"pending as a left box has it", u"1/1/1900"_s, u"1/1/1900"_s, u"01/01/1900"_s, u" 2"_s},
+             Row{"pending in words", u"January 1, 1900"_s, u"January 1, 1900"_s, u"01/01/1900"_s, u" 2"_s},
              Row{"in the future", u"3/7/2099"_s, u"3/7/2099"_s, u"01/01/1900"_s, u" 2"_s},
          }) {
         QString text = row.typed;

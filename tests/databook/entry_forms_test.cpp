@@ -130,6 +130,19 @@ TEST(EntryForms, EveryTypeHasItsFormAndEveryBoxAFieldOfItsOwn)
     }
 }
 
+TEST(EntryForms, ThreeFormsHaveAValidationAndTwoTakeTheirLimitsThere)
+{
+    for (const EntryForm& form : EntryForms()) {
+        const QString name = form.screen == "frm_CompMntC"_L1   ? u"frm_CompMntCValidation"_s
+                             : form.screen == "frm_CompMntS"_L1 ? u"frm_CompmntSValidation"_s
+                             : form.screen == "frm_CompMntR"_L1 ? u"frm_CompMntRValidation"_s
+                                                                : QString();
+        EXPECT_EQ(QString::fromLatin1(form.validation), name) << form.screen.data();
+        EXPECT_EQ(form.limitsAtLoad, !name.isEmpty() && form.screen != "frm_CompMntC"_L1)
+            << form.screen.data();
+    }
+}
+
 TEST(EntryForms, LabelsOfATableNameItsLine)
 {
     const EntryForm& form = *FindEntryForm("frm_CompMntS"_L1);
