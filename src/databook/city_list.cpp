@@ -77,4 +77,13 @@ CityAdded AddCity(forms::ListBox& list, const CityEntry& entry)
                                                                                   : CityAdded::IsThere;
 }
 
+void RemoveSelectedCities(forms::MultiListBox& list)
+{
+    QStringList kept;
+    for (int i = 0; i < list.ListCount(); ++i)
+        if (!list.Selected(i))
+            kept.append(list.List(i));
+    list.SetItems(kept);
+}
+
 } // namespace vasclip::databook

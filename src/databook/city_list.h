@@ -2,6 +2,7 @@
 
 #include "common/globals.h"
 #include "forms/controls.h"
+#include "forms/multi_list.h"
 #include "platform/files/disk.h"
 
 namespace vasclip::databook {
@@ -31,5 +32,7 @@ void LoadCities(forms::ListBox& list, const files::Disk& disk, const common::Glo
 enum class CityAdded { Yes, IsThere, NoCity };
 /// Adds a line at the end, unless the list has it (in any case) or the city is blank.
 CityAdded AddCity(forms::ListBox& list, const CityEntry& entry);
+/// Takes the selected lines off; the others stay in their order.
+void RemoveSelectedCities(forms::MultiListBox& list);
 
 } // namespace vasclip::databook

@@ -244,9 +244,9 @@ void frm_MassCity::cmdAdd_Click()
 void frm_MassCity::cmdDelete_Click()
 {
     const RoutineScope scope{"frm_MassCity"};
-    if (lstcity.ListIndex() < 0 || !m_ports.prompter.YesNo(store::kPlainTitle, kDeleteCities))
+    if (lstcity.SelCount() == 0 || !m_ports.prompter.YesNo(store::kPlainTitle, kDeleteCities))
         return;
-    lstcity.RemoveItem(lstcity.ListIndex());
+    RemoveSelectedCities(lstcity);
     m_listChanged = true;
 }
 

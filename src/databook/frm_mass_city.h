@@ -22,7 +22,7 @@ public:
 
     forms::Label lblCentralKey;
     forms::TextBox txtneighborhood, txtCity, txtState, txtZip, txtCounty;
-    forms::ListBox lstcity;
+    forms::MultiListBox lstcity;
     forms::CheckBox ckbBlank;
     forms::Button cmdprev, cmdnext, cmdOk, cmdCancel;
     forms::Button cmdCopyCity;       ///< to all records of the neighbourhood

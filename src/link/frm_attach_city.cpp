@@ -60,10 +60,9 @@ frm_AttachCity::frm_AttachCity(LinkDesk& desk, const QString& mode, const QStrin
     , m_mode(text::Folded(mode) == "COMP"_L1 ? u"SALE"_s : text::Folded(mode))
     , m_key(text::Folded(key))
 {
-    m_boxes = {{txtAddress, u"ADDRESS"_s},   {txtCity, u"CITY"_s},
-               {txtState, u"ST"_s},          {txtZip, u"ZIP"_s},
-               {txtCounty, u"COUNTY"_s},     {txtNeighborhd, u"NEIGHBORHD"_s},
-               {txtSaleFld, u"SALEFLD"_s},   {txtSaleDate, u"SALEDATE"_s}};
+    m_boxes = {{txtAddress, u"ADDRESS"_s}, {txtCity, u"CITY"_s},        {txtState, u"ST"_s},
+               {txtZip, u"ZIP"_s},         {txtCounty, u"COUNTY"_s},    {txtNeighborhd, u"NEIGHBORHD"_s},
+               {txtSaleFld, u"SALEFLD"_s}, {txtSaleDate, u"SALEDATE"_s}};
     SetCaption(m_mode + u" Transfer Option"_s);
     lblPending.SetCaption(messages::kPending);
     txtAddress.SetLocked(true);
@@ -92,6 +91,7 @@ void frm_AttachCity::Form_Load()
     for (Box& row : m_boxes)
         row.box.SetMaxLength(comps.Fields().at(comps.FieldIndex(row.field)).size);
     const QString setting = text::Folded(m_desk.globals.useSubjCsz);
+    m_choice = optUseSubjCSZ.Last(); // any other text inherits nothing either
     for (int i = 0; i <= optUseSubjCSZ.Last(); ++i)
         if (setting == kChoices[static_cast<std::size_t>(i)].setting)
             m_choice = i;
@@ -125,8 +125,7 @@ void frm_AttachCity::SaveChoice()
                              QString(kChoices[static_cast<std::size_t>(chosen)].setting), m_desk.globals,
                              m_desk.disk);
     } catch (const RuntimeError& failure) {
-        m_desk.ports.prompter.Box(store::kPlainTitle,
-                                  messages::kSettingNotSaved.arg(failure.Description()));
+        m_desk.ports.prompter.Box(store::kPlainTitle, messages::kSettingNotSaved.arg(failure.Description()));
     }
 }
 
@@ -216,10 +215,9 @@ void frm_AttachCity::cmdAdd_Click()
 void frm_AttachCity::cmdDelete_Click()
 {
     const RoutineScope scope{"frm_AttachCity"};
-    if (lstcity.ListIndex() < 0 ||
-        !m_desk.ports.prompter.YesNo(store::kPlainTitle, databook::kDeleteCities))
+    if (lstcity.SelCount() == 0 || !m_desk.ports.prompter.YesNo(store::kPlainTitle, databook::kDeleteCities))
         return;
-    lstcity.RemoveItem(lstcity.ListIndex());
+    databook::RemoveSelectedCities(lstcity);
     m_listChanged = true;
 }
 

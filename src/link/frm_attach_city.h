@@ -19,7 +19,7 @@ public:
 
     forms::Label lblCentralKey, lblPending;
     forms::TextBox txtAddress, txtCity, txtState, txtZip, txtCounty, txtNeighborhd, txtSaleFld, txtSaleDate;
-    forms::ListBox lstcity;
+    forms::MultiListBox lstcity;
     forms::ControlArray<forms::CheckBox> optUseSubjCSZ; ///< CS, CSZ, NONE; one of them is ticked
     forms::Button cmdAdd, cmdDelete, cmdOk, cmdCancel;
     forms::Label lblmsg;

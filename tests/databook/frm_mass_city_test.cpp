@@ -214,15 +214,63 @@ TEST_F(FrmMassCity, KeepsTheListOfCities)
     EXPECT_EQ(screen->lblmsg.Caption(), u"Enter a city first."_s);
     Click(screen->cmdDelete);
     EXPECT_TRUE(doubles.prompter.Boxes().empty()) << "nothing is selected";
-    screen->lstcity.SetListIndex(0);
+    screen->lstcity.SetSelected(0, true);
     doubles.prompter.Answer(forms::Answer::No);
     Click(screen->cmdDelete);
     EXPECT_EQ(doubles.prompter.Last().text, u"Delete selected cities?"_s);
+    EXPECT_EQ(screen->lstcity.ListCount(), 3);
     doubles.prompter.Answer(forms::Answer::Yes);
     Click(screen->cmdDelete);
     Leave();
     EXPECT_EQ(disk.ReadWhole(globals.applicationIni), "[CITIES]\r\nCITY1=Ferndale, WA  98248  Whatcom\r\n"
                                                       "CITY2=Port Ellis, WA  98111  Skagit\r\n");
+}
+
+TEST_F(FrmMassCity, TheBoxesTakeEveryKindOfText)
+{
+    for (const QString& sample : {QString(300, u'W'), u"Caf\u00e9 \u00d1u\u00f1ez"_s,
+                                  u"\u05e8\u05d7\u05d5\u05d1 12"_s, u"a\tb\x01"_s, u"O'B \"x\" %s; --"_s}) {
+        Enter(u"Eastside"_s, sample, sample, sample, sample);
+        const QStringList typed{screen->txtCity.Text(), screen->txtState.Text(), screen->txtZip.Text(),
+                                screen->txtCounty.Text()};
+        const auto stored = [this](const QString& comp) {
+            return QStringList{Field(comp, u"CITY"_s), Field(comp, u"ST"_s), Field(comp, u"ZIP"_s),
+                               Field(comp, u"COUNTY"_s)};
+        };
+        QStringList trimmed;
+        for (const QString& text : typed) {
+            EXPECT_TRUE(sample.startsWith(text)) << sample.toStdString();
+            trimmed.append(text.endsWith(u' ') ? text.chopped(1) : text);
+        }
+        Click(screen->cmdOk);
+        EXPECT_EQ(stored(u"1 A ST"_s), trimmed) << sample.toStdString();
+        Enter(u"Eastside"_s, typed[0], typed[1], typed[2], typed[3]);
+        Click(screen->cmdCopyCity);
+        EXPECT_EQ(stored(u"2 B ST"_s), trimmed) << sample.toStdString();
+        Enter(sample, u"Nowhere"_s, {}, {}, {}); // the neighbourhood box, quotes and all
+        Click(screen->cmdCopyCity);
+        EXPECT_TRUE(screen->lblmsg.Caption().startsWith(u"0 records of"_s)) << sample.toStdString();
+    }
+    EXPECT_EQ(source.Recordset().RecordCount(), 5);
+}
+
+TEST_F(FrmMassCity, AllSelectedCitiesAreDeletedAtOnce)
+{
+    for (const QString& city : {u"Port Ellis"_s, u"Alder"_s}) {
+        Enter({}, city, u"WA"_s, {}, {});
+        Click(screen->cmdAdd);
+    }
+    screen->lstcity.SetListIndex(1); // stood on, not selected
+    screen->lstcity.Select({0, 2});
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Click(screen->cmdDelete);
+    EXPECT_EQ(screen->lstcity.Items(), (QStringList{u"Ferndale, WA  98248  Whatcom"_s, u"Alder, WA"_s}));
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1U);
+    Click(screen->cmdDelete);
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1U) << "nothing is selected any more";
+    Leave();
+    EXPECT_EQ(disk.ReadWhole(globals.applicationIni),
+              "[CITIES]\r\nCITY1=Ferndale, WA  98248  Whatcom\r\nCITY2=Alder, WA\r\n");
 }
 
 TEST_F(FrmMassCity, AnUntouchedListIsNotWritten)

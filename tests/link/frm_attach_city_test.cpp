@@ -3,6 +3,8 @@
 #include "desk_test.h"
 #include "link/attach_fields.h"
 #include "platform/files/profile.h"
+#include "platform/text/text.h"
+#include "store/schema.h"
 
 namespace vasclip::link {
 namespace {
@@ -213,10 +215,9 @@ TEST_F(AttachCity, WhatIsMissingIsAskedAboutInItsOwnWords)
         Click(screen->cmdOk);
         EXPECT_TRUE(screen->IsOpen());
         EXPECT_FALSE(screen->HasChanged());
-        EXPECT_EQ(doubles.prompter.Last(),
-                  (tests::ShownBox{forms::Buttons::YesNo, forms::Icon::Exclamation,
-                                   u"City and State information not complete"_s,
-                                   QString::fromLatin1(row.question)}));
+        EXPECT_EQ(doubles.prompter.Last(), (tests::ShownBox{forms::Buttons::YesNo, forms::Icon::Exclamation,
+                                                            u"City and State information not complete"_s,
+                                                            QString::fromLatin1(row.question)}));
         doubles.prompter.Answer(forms::Answer::Yes);
         Click(screen->cmdOk);
         EXPECT_FALSE(screen->IsOpen());
@@ -237,7 +238,9 @@ TEST_F(AttachCity, LocationsAreAddedOnceAndDeletedAfterAQuestion)
     EXPECT_EQ(screen->lstcity.Items().size(), 3);
     EXPECT_EQ(screen->lstcity.List(2), u"Alder, WI  54001  Polk"_s);
     EXPECT_EQ(screen->lblmsg.Caption(), u"Alder, WI  54001  Polk is in the list already."_s);
-    screen->lstcity.SetListIndex(0);
+    Click(screen->cmdDelete);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty()) << "nothing is selected";
+    screen->lstcity.SetSelected(0, true);
     doubles.prompter.Answer(forms::Answer::No);
     Click(screen->cmdDelete);
     EXPECT_EQ(screen->lstcity.ListCount(), 3);
@@ -249,6 +252,18 @@ TEST_F(AttachCity, LocationsAreAddedOnceAndDeletedAfterAQuestion)
     EXPECT_EQ(Ini(u"CITIES"_s, u"CITY1"_s), u"Ferndale, WA  98248  Whatcom"_s);
     EXPECT_EQ(Ini(u"CITIES"_s, u"CITY2"_s), u"Alder, WI  54001  Polk"_s);
     EXPECT_EQ(Ini(u"CITIES"_s, u"CITY3"_s), QString());
+}
+
+TEST_F(AttachCity, AllSelectedLocationsAreDeletedAtOnce)
+{
+    Open(u"MANUAL"_s);
+    screen->lstcity.SelectAllLines();
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Click(screen->cmdDelete);
+    EXPECT_EQ(screen->lstcity.ListCount(), 0);
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1U);
+    Close();
+    EXPECT_EQ(Ini(u"CITIES"_s, u"CITY1"_s), QString());
 }
 
 TEST_F(AttachCity, TheChoiceIsOneOfThreeAndIsWrittenBack)
@@ -263,6 +278,43 @@ TEST_F(AttachCity, TheChoiceIsOneOfThreeAndIsWrittenBack)
     EXPECT_EQ(Ini(u"PREFERENCES"_s, u"USESUBJCSZ"_s), u"CSZ"_s);
     Open(u"MANUAL"_s);
     EXPECT_TRUE(screen->optUseSubjCSZ(1).Value());
+}
+
+TEST_F(AttachCity, AChoiceThatIsNoneOfTheThreeShowsWhatItDoes)
+{
+    globals.useSubjCsz = u"CITY"_s;
+    Open(u"MANUAL"_s);
+    EXPECT_TRUE(screen->optUseSubjCSZ(2).Value());
+    EXPECT_FALSE(screen->optUseSubjCSZ(0).Value());
+    Close();
+    EXPECT_EQ(Ini(u"PREFERENCES"_s, u"USESUBJCSZ"_s), u"CS"_s) << "nothing was chosen, nothing is written";
+}
+
+TEST_F(AttachCity, TheBoxesTakeEveryKindOfText)
+{
+    for (const QString& sample : {QString(300, u'W'), u"Caf\u00e9 \u00d1u\u00f1ez"_s,
+                                  u"\u05e8\u05d7\u05d5\u05d1 12"_s, u"a\tb\x01"_s, u"O'B \"x\" %s; --"_s}) {
+        Open(u"MANUAL"_s);
+        QHash<QString, QString> typed;
+        for (const auto& [box, field] : {std::pair{&screen->txtCity, u"CITY"_s},
+                                         {&screen->txtState, u"ST"_s},
+                                         {&screen->txtZip, u"ZIP"_s},
+                                         {&screen->txtCounty, u"COUNTY"_s},
+                                         {&screen->txtNeighborhd, u"NEIGHBORHD"_s},
+                                         {&screen->txtSaleFld, u"SALEFLD"_s}}) {
+            box->SetText(sample);
+            EXPECT_EQ(box->Text(), sample.left(store::FindCompsColumn(field)->size));
+            typed.insert(field, text::Trim(box->Text()));
+        }
+        screen->txtSaleDate.SetText(sample);
+        Click(screen->cmdOk);
+        EXPECT_FALSE(screen->IsOpen()) << sample.toStdString();
+        for (auto field = typed.cbegin(); field != typed.cend(); ++field)
+            EXPECT_EQ(Field(field.key()), field.value()) << field.key().toStdString();
+        EXPECT_EQ(Field(u"SALEDATE"_s), u"01/01/1900"_s);
+        Close();
+    }
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
 
 TEST_F(AttachCity, WithoutARecordTheListIsThereAllTheSame)

@@ -28,6 +28,7 @@
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QPushButton>
 #include <QSet>
 #include <QSettings>
@@ -123,6 +124,32 @@ TEST_F(RecordScreens, TheCityWindowShowsEveryControl)
         marks.insert(mark);
     }
     EXPECT_GE(marks.size(), 9);
+}
+
+TEST_F(RecordScreens, SeveralCitiesAreSelectedAndDeletedAtOnce)
+{
+    home.Put(globals.applicationIni, "[CITIES]\r\nCITY1=Marlow, WA  98210  Skagit\r\nCITY2=Alder, WA\r\n"
+                                     "CITY3=Ferndale, WA  98248  Whatcom\r\n");
+    databook::frm_MassCity screen(ports.Get(), source, globals, home.disk);
+    screen.Open();
+    ScreenWindow window(screen, guard);
+    window.show();
+    auto* list = window.findChild<QListView*>(u"lstcity"_s);
+    ASSERT_NE(list, nullptr);
+    const auto click = [list](int line, Qt::KeyboardModifiers keys) {
+        const QModelIndex index = list->model()->index(line, 0);
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, keys, list->visualRect(index).center());
+    };
+    click(0, Qt::NoModifier);
+    EXPECT_EQ(window.findChild<QLineEdit*>(u"txtCity"_s)->text(), u"Marlow"_s);
+    click(2, Qt::ControlModifier);
+    EXPECT_EQ(window.findChild<QLineEdit*>(u"txtCounty"_s)->text(), u"Whatcom"_s) << "the line stood on";
+    EXPECT_EQ(screen.lstcity.SelectedLines(), (QList<int>{0, 2}));
+    ports.prompter.Answer(forms::Answer::Yes);
+    QTest::mouseClick(window.findChild<QPushButton*>(u"cmdDelete"_s), Qt::LeftButton);
+    EXPECT_EQ(screen.lstcity.Items(), QStringList{u"Alder, WA"_s});
+    EXPECT_EQ(list->model()->rowCount(), 1);
+    EXPECT_FALSE(list->selectionModel()->hasSelection());
 }
 
 TEST_F(RecordScreens, TheAttachCityWindowShowsEveryControlAndAnswersToItsKeys)
