@@ -39,6 +39,13 @@ RecordResult Missing(const QString& address)
     return Failed(RecordOutcome::NotFound, kNoSuchAddress.arg(text::Trim(address)));
 }
 
+bool IsUnseen(QChar letter)
+{
+    const QChar::Category category = letter.category();
+    return category == QChar::Other_Control || category == QChar::Separator_Line ||
+           category == QChar::Separator_Paragraph;
+}
+
 /// What speaks against an address as a key; the message of a blank one differs by its place.
 RecordResult CheckAddress(const store::DataSource& databook, const QString& address, const QString& whenBlank)
 {
@@ -47,6 +54,8 @@ RecordResult CheckAddress(const store::DataSource& databook, const QString& addr
         std::any_of(key.cbegin(), key.cend(), [](QChar letter) { return letter.isLetterOrNumber(); });
     if (!hasContent)
         return Failed(RecordOutcome::Blank, whenBlank);
+    if (std::any_of(key.cbegin(), key.cend(), IsUnseen))
+        return Failed(RecordOutcome::Invalid, kEnterValidAddress);
     const engine::Recordset& recordset = databook.Recordset();
     int size = recordset.Fields().at(recordset.FieldIndex(kKey)).size;
     if (const int field = recordset.FieldIndex(kAddress); field >= 0)

@@ -9,7 +9,17 @@
 namespace vasclip::databook {
 
 /// Abandoned: the user gave up at the question of a device error; nothing was changed.
-enum class RecordOutcome { Done, Blank, TooLong, Duplicate, NotFound, Itself, UnknownType, Abandoned };
+enum class RecordOutcome {
+    Done,
+    Blank,
+    Invalid,
+    TooLong,
+    Duplicate,
+    NotFound,
+    Itself,
+    UnknownType,
+    Abandoned
+};
 
 /// How an operation on a record ended. `message` tells people what to do; it is empty when all went well.
 struct RecordResult
@@ -20,8 +30,9 @@ struct RecordResult
 };
 
 // What the screens and vasctl do to comps. `databook` is a table-type source of COMPS. Each operation is one
-// transaction: it happens whole or not at all, whatever is thrown on the way. Addresses are trimmed; keys are
-// upper case. Done, the source stands on the record (after a deletion on none).
+// transaction: it happens whole or not at all, whatever is thrown on the way. Addresses are trimmed and have
+// no control characters, which nobody could see in a key; keys are upper case. Done, the source stands on the
+// record (after a deletion on none).
 
 /// The key of an address: trimmed and upper-cased, not padded.
 [[nodiscard]] QString KeyOf(const QString& address);

@@ -61,6 +61,10 @@ TEST_F(FrmRename, RefusesWithItsMessagesAndStaysOpen)
               Row{"empty", {}, u"Please enter a valid address."_s},
               Row{"blanks", u"   "_s, u"Please enter a valid address."_s},
               Row{"only signs", u"#-'"_s, u"Please enter a valid address."_s},
+              Row{"control characters", u"14 Main St\r\n"_s, u"Please enter a valid address."_s},
+              Row{"too long", QString(36, u'x'),
+                  u"The address "_s + QString(36, u'x') +
+                      u" has 36 characters; the Databook holds at most 35. Shorten it and try again."_s},
               Row{"there already", u"7 Oak Ave"_s, u"The address 7 Oak Ave already exists.  Try again."_s}}) {
             focus = 0;
             screen.cboNewName.SetText(row.typed);
@@ -72,6 +76,24 @@ TEST_F(FrmRename, RefusesWithItsMessagesAndStaysOpen)
         EXPECT_EQ(source.Recordset().RecordCount(), 2);
         EXPECT_EQ(screen.NewKey(), QString());
     }
+}
+
+TEST_F(FrmRename, TakesAddressesOfAllKinds)
+{
+    QString from = u"12 MAIN ST"_s;
+    for (const QString& address : {u"3 O'Brien's \"Rd\""_s, u"4 \u00c9cole W\u00e4y"_s,
+                                   u"\u05e8\u05d7\u05d5\u05d1 12"_s, u"5 %s; DROP TABLE COMPS --"_s}) {
+        databook::frm_Rename screen(ports, source, RenameMode::Rename, from, {});
+        screen.Open();
+        screen.cboNewName.SetText(address);
+        Q_EMIT screen.cmdRename.Clicked();
+        EXPECT_EQ(screen.lblmsg.Caption(), QString()) << address.toStdString();
+        from = screen.NewKey();
+        ASSERT_TRUE(IsThere(from)) << address.toStdString();
+        EXPECT_EQ(store::GetFieldData(source, u"ADDRESS"_s), address);
+        EXPECT_EQ(store::GetFieldData(source, u"GLA"_s), u"1500"_s);
+    }
+    EXPECT_EQ(source.Recordset().RecordCount(), 2);
 }
 
 TEST_F(FrmRename, RenamesAndCloses)

@@ -100,6 +100,12 @@ TEST_F(Records, WhatIsRefusedChangesNothing)
     for (const Row& row : {
              Row{"blank", u"  "_s, u'F', RecordOutcome::Blank, u"Please Enter An Address"_s},
              Row{"nothing but signs", u"---"_s, u'F', RecordOutcome::Blank, u"Please Enter An Address"_s},
+             Row{"a tab behind it, as a copy from a table has it", u"12 MAIN ST\t"_s, u'F',
+                 RecordOutcome::Invalid, u"Please enter a valid address."_s},
+             Row{"two lines", u"1 NEW RD\r\nELM GROVE"_s, u'F', RecordOutcome::Invalid,
+                 u"Please enter a valid address."_s},
+             Row{"an unseen end of line", u"1 NEW\u2028RD"_s, u'F', RecordOutcome::Invalid,
+                 u"Please enter a valid address."_s},
              Row{"there already", u"12 main st"_s, u'F', RecordOutcome::Duplicate,
                  u"The address 12 main st already exists.  Try again."_s},
              Row{"unknown type", u"1 NEW RD"_s, u'Z', RecordOutcome::UnknownType,
@@ -121,11 +127,12 @@ TEST_F(Records, WhatIsRefusedChangesNothing)
 TEST_F(Records, AddressesOfAllKindsAreFoundAgain)
 {
     for (const QString& address : {u"3 O'Brien's Rd"_s, u"4 École Wäy"_s, u"5 \"Quoted\" Ln; DROP TABLE"_s,
-                                   QString(35, u'Y'), u"x"_s}) {
+                                   u"\u05e8\u05d7\u05d5\u05d1 12"_s, QString(35, u'Y'), u"x"_s}) {
         const databook::RecordResult added = Add(address, u' ');
         EXPECT_TRUE(added) << added.message.toStdString();
         EXPECT_EQ(Raw(u"ADDRESS"_s), address.leftJustified(35));
         EXPECT_EQ(Raw(u"APPRSLTYPE"_s), u" "_s);
+        EXPECT_TRUE(store::FindRecord(ports, source, databook::KeyOf(address), key));
     }
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
@@ -483,6 +490,10 @@ TEST_F(CopyAndRename, BothRefuseTheSameThings)
                  u"Address cannot be renamed to itself."_s},
              Row{"blank", u"12 MAIN ST"_s, u"  "_s, RecordOutcome::Blank, u"Please enter a valid address."_s},
              Row{"nothing but signs", u"12 MAIN ST"_s, u"#"_s, RecordOutcome::Blank,
+                 u"Please enter a valid address."_s},
+             Row{"a control character", u"12 MAIN ST"_s, u"14 MAIN\x01ST"_s, RecordOutcome::Invalid,
+                 u"Please enter a valid address."_s},
+             Row{"its own with a tab", u"12 MAIN ST"_s, u"12 MAIN ST\t"_s, RecordOutcome::Invalid,
                  u"Please enter a valid address."_s},
              Row{"no address to begin with", u" "_s, u"14 MAIN ST"_s, RecordOutcome::Blank,
                  u"Please Enter An Address"_s},

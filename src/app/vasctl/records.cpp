@@ -30,6 +30,7 @@ int ExitOf(databook::RecordOutcome outcome)
     case databook::RecordOutcome::NotFound:
         return kNotFound;
     case databook::RecordOutcome::Blank:
+    case databook::RecordOutcome::Invalid:
     case databook::RecordOutcome::TooLong:
     case databook::RecordOutcome::UnknownType:
         return kUsage;
