@@ -69,6 +69,14 @@ constexpr SettingRow Pref(QLatin1StringView key, SettingDefault fallback, ReadRu
     return {IniFile::Application, kPreferences, key, fallback, rule, target, readBy, writtenBy, range};
 }
 
+constexpr SettingRow OneOf(QLatin1StringView key, SettingDefault fallback, QLatin1StringView words,
+                           QString Globals::*target, unsigned writtenBy)
+{
+    SettingRow row = Pref(key, fallback, ReadRule::Text, target, writtenBy);
+    row.words = words;
+    return row;
+}
+
 constexpr SettingRow KelDir(QLatin1StringView key, QString Globals::*target)
 {
     return {IniFile::Kel, kDirectories, key, Text(""_L1), ReadRule::Directory, target, ReadBy::Globals};
@@ -132,7 +140,8 @@ constexpr SettingRow kSettings[] = {
     Pref("ADDRESSCASE"_L1, Text("2"_L1), ReadRule::Integer, &Globals::addressCase, SettingsScreen, {0, 2}),
     Pref("SORTGRID"_L1, Text("1"_L1), ReadRule::Integer, &Globals::sortGrid, kBoth, {0, 6}),
     Pref("IGNOREPENDING"_L1, Text("0"_L1), ReadRule::Integer, &Globals::ignorePending, kBoth, kFlag),
-    Pref("USESUBJCSZ"_L1, Text("CS"_L1), ReadRule::Text, &Globals::useSubjCsz, SettingsScreen | AttachCity),
+    OneOf("USESUBJCSZ"_L1, Text("CS"_L1), "CS CSZ NONE"_L1, &Globals::useSubjCsz,
+          SettingsScreen | AttachCity),
     Pref("PICDELAY"_L1, Text("0"_L1), ReadRule::Seconds, &Globals::picDelay, SettingsScreen, {0, 10}),
     Pref("TABMASK"_L1, kOneOnVista, ReadRule::OnIfOne, &Globals::tabMask, SettingsScreen),
     Pref("IGNOREZIPCODES"_L1, Text("1"_L1), ReadRule::OnIfNonZero, &Globals::ignoreZipCodes, SettingsScreen),
@@ -214,7 +223,7 @@ QString NumberRefusal(const SettingRow& row, const QString& text, bool whole)
 {
     bool readable = false;
     const double value = text::Trim(text).toDouble(&readable);
-    if (!readable || (whole && value != std::floor(value)))
+    if (!readable || !std::isfinite(value) || (whole && value != std::floor(value)))
         return u"%1 must be a %2, not '%3'"_s.arg(row.key, whole ? "whole number"_L1 : "number"_L1, text);
     if (value < row.range.lowest || value > row.range.highest)
         return u"%1 must be from %2 to %3, not '%4'"_s.arg(row.key)
@@ -232,7 +241,9 @@ QString Refusal(const SettingRow& row, const QString& text)
     switch (row.rule) {
     case ReadRule::Text:
     case ReadRule::TrimmedText:
-        return {};
+        return row.words.isEmpty() || QString(row.words).split(u' ').contains(folded)
+                   ? QString()
+                   : u"%1 must be one of %2, not '%3'"_s.arg(row.key, row.words, text);
     case ReadRule::OneCharacter:
         return text::Trim(text).size() == 1 ? QString()
                                             : u"%1 must be one character, not '%2'"_s.arg(row.key, text);

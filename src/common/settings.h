@@ -77,6 +77,7 @@ struct SettingRow
     ReadBy readBy;
     unsigned writtenBy = NoWriter;
     SettingRange range = {};
+    QLatin1StringView words = {}; ///< that a text may be when a user sets it; "" for any
 };
 
 /// All settings in their reading order: a computed default only looks at rows above its own.
