@@ -4,6 +4,9 @@
 #include "databook/city_fields.h"
 #include "databook/messages.h"
 #include "platform/text/text.h"
+#include "store/schema.h"
+
+#include <functional>
 
 namespace vasclip::vasctl {
 
@@ -39,8 +42,28 @@ int List(const Output& out, const forms::ListBox& cities)
     return kDone;
 }
 
+/// @return false, told, for a part that the field of that name does not hold
+bool Fits(const Output& out, const databook::CityEntry& entry,
+          const std::function<int(const QString& field)>& sizeOf)
+{
+    for (const auto& [field, value] : {std::pair{u"CITY"_s, entry.city},
+                                       {u"ST"_s, entry.state},
+                                       {u"ZIP"_s, entry.zip},
+                                       {u"COUNTY"_s, entry.county}}) {
+        const int size = sizeOf(field);
+        if (value.size() > size) {
+            out.Error(u"%1 takes at most %2 characters; the value has %3."_s.arg(field).arg(size).arg(
+                value.size()));
+            return false;
+        }
+    }
+    return true;
+}
+
 int Add(Session& session, const Output& out, forms::ListBox& cities, const databook::CityEntry& entry)
 {
+    if (!Fits(out, entry, [](const QString& field) { return store::FindCompsColumn(field)->size; }))
+        return kUsage;
     const QString line = databook::CityText(entry);
     switch (databook::AddCity(cities, entry)) {
     case databook::CityAdded::NoCity:
@@ -84,17 +107,8 @@ int Assign(Session& session, const Output& out, const QString& neighborhood, con
     }
     auto& source = session.WithDatabook().sources.datDatabook;
     const auto& rs = source.Recordset();
-    for (const auto& [field, value] : {std::pair{u"CITY"_s, entry.city},
-                                       {u"ST"_s, entry.state},
-                                       {u"ZIP"_s, entry.zip},
-                                       {u"COUNTY"_s, entry.county}}) {
-        const int size = rs.Fields().at(rs.FieldIndex(field)).size;
-        if (value.size() > size) {
-            out.Error(u"%1 takes at most %2 characters; the value has %3."_s.arg(field).arg(size).arg(
-                value.size()));
-            return kUsage;
-        }
-    }
+    if (!Fits(out, entry, [&rs](const QString& field) { return rs.Fields().at(rs.FieldIndex(field)).size; }))
+        return kUsage;
     const qint64 changed = databook::AssignCity(source, neighborhood, entry);
     if (changed == 0) {
         out.Error(u"There is no record of the neighborhood '%1'."_s.arg(neighborhood));

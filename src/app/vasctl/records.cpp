@@ -1,4 +1,5 @@
 #include "app/vasctl/session.h"
+#include "app/vasctl/set_fields.h"
 
 #include "databook/records.h"
 #include "platform/text/text.h"
@@ -91,42 +92,6 @@ int Show(Session& session, const Output& out, const QString& key, bool everythin
     return kDone;
 }
 
-/// --set FIELD=VALUE, each checked against the table before anything is written.
-int SetFields(Session& session, const Output& out, const QStringList& settings)
-{
-    if (settings.isEmpty())
-        return kDone;
-    auto& databook = session.WithDatabook().sources.datDatabook;
-    auto& rs = databook.Recordset();
-    QList<std::pair<QString, QString>> values;
-    for (const QString& setting : settings) {
-        const qsizetype equals = setting.indexOf(u'=');
-        const QString field = text::Folded(setting.left(equals));
-        if (equals < 1 || rs.FieldIndex(field) < 0) {
-            out.Error(u"--set takes FIELD=VALUE with a field of the Databook; '%1' is none."_s.arg(setting));
-            return kUsage;
-        }
-        if (field == u"CENTRALKEY"_s) {
-            out.Error(u"The key is changed with 'vasctl records rename'."_s);
-            return kUsage;
-        }
-        const engine::Field& defined = rs.Fields()[rs.FieldIndex(field)];
-        const QString value = setting.mid(equals + 1);
-        if (defined.type == engine::FieldType::Text && value.size() > defined.size) {
-            out.Error(u"%1 takes at most %2 characters; the value has %3."_s.arg(field)
-                          .arg(defined.size)
-                          .arg(value.size()));
-            return kUsage;
-        }
-        values.append({field, value});
-    }
-    rs.Edit();
-    for (const auto& [field, value] : values)
-        store::SetFieldData(databook, value, field);
-    rs.Update();
-    return kDone;
-}
-
 } // namespace
 
 std::optional<qint64> LimitOf(const Output& out, const QCommandLineParser& options)
@@ -178,7 +143,7 @@ int RunRecords(Session& session, const Output& out, const QStringList& arguments
                                                type[0], main.globals.addressCase);
         if (!added)
             return Report(out, added, {});
-        if (const int wrong = SetFields(session, out, options.values(u"set"_s)); wrong != kDone)
+        if (const int wrong = SetFields(session, out, arguments[1], options.values(u"set"_s)); wrong != kDone)
             return wrong;
         together.Commit();
         return Report(out, added, u"%1 was added."_s.arg(databook::KeyOf(arguments[1])));
@@ -194,7 +159,7 @@ int RunRecords(Session& session, const Output& out, const QStringList& arguments
             out.Error(u"Say what to change with --set FIELD=VALUE."_s);
             return kUsage;
         }
-        const int wrong = SetFields(session, out, options.values(u"set"_s));
+        const int wrong = SetFields(session, out, arguments[1], options.values(u"set"_s));
         if (wrong == kDone)
             out.Line(u"%1 was changed."_s.arg(databook::KeyOf(arguments[1])));
         return wrong;

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <numeric>
 
@@ -54,7 +55,7 @@ double NumberIn(const QString& option, QString typed, bool percent)
     typed.remove(u',').remove(u'$');
     bool number = false;
     const double value = text::Trim(typed).toDouble(&number);
-    if (!number)
+    if (!number || !std::isfinite(value))
         throw Wrong{u"--%1 takes a number%2, not '%3'."_s.arg(
             option, percent ? u" or a percentage such as 10%"_s : QString(), typed)};
     return value;
