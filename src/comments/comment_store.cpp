@@ -191,6 +191,19 @@ QStringList ListPhrases(store::DataSource& data, const QString& column)
     return phrases;
 }
 
+bool HasPhrasesBehindAGap(store::DataSource& data, const QString& column)
+{
+    Walk walk(data, column);
+    bool gap = false;
+    for (walk.SkipTo(kKeys); !walk.rows.Eof(); walk.rows.MoveNext()) {
+        const bool empty = Shown(walk.Text()).isEmpty();
+        if (gap && !empty)
+            return true;
+        gap = gap || empty;
+    }
+    return false;
+}
+
 int ClearAllFieldsBelow6(store::DataSource& data, const QString& column)
 {
     const RoutineScope scope{"ClearAllFieldsBelow6"};

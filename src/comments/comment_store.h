@@ -49,6 +49,8 @@ Stored SaveTheComment(const forms::Ports& ports, store::DataSource& data, int ke
 [[nodiscard]] QStringList KeyPhrases(store::DataSource& data, const QString& column);
 /// The free list: the values from the seventh row on; the first empty one ends it.
 [[nodiscard]] QStringList ListPhrases(store::DataSource& data, const QString& column);
+/// Are there values behind the empty one that ends the free list?
+[[nodiscard]] bool HasPhrasesBehindAGap(store::DataSource& data, const QString& column);
 
 /// Empties the column in every row below the six keys. @return how many rows were written
 int ClearAllFieldsBelow6(store::DataSource& data, const QString& column);

@@ -296,12 +296,13 @@ void frm_FKey::PreLoadListControl(const Library& library, frm_Comment& dialog)
     dialog.LoadListArray(library.list);
 }
 
-/// Writes what the dialogue made of a library, unless nothing changed.
+/// Writes what the dialogue made of a library. Nothing that would stay as it is is written; what stands behind
+/// a gap in the list was not shown and goes.
 void frm_FKey::SaveLibrary(const QString& column, const Library& opened, const QStringList& entries)
 {
     Library mine{entries.mid(0, kKeys), entries.mid(kKeys)};
     mine.list.removeAll(QString());
-    if (mine == opened)
+    if (mine == opened && (!datComment.Recordset().Updatable() || !HasPhrasesBehindAGap(datComment, column)))
         return;
     engine::Transaction all(datComment.Database());
     const Library merged = Merged(opened, mine, ReadLibrary(datComment, column));

@@ -239,6 +239,78 @@ TEST_F(FrmFKey, CancelLeavesFieldAndFile)
     EXPECT_EQ(Column(local, u"SITE"_s), phrases);
 }
 
+TEST_F(FrmFKey, OkDropsWhatStoodBehindAGapEvenIfNothingElseChanged)
+{
+    const QStringList keys{u"k3"_s, u""_s, u""_s, u""_s, u""_s, u""_s};
+    const auto ok = [](forms::Screen& shown) { Q_EMIT dynamic_cast<frm_Comment&>(shown).cmdOK.Clicked(); };
+    Prepare(keys + QStringList{u"Corner"_s, u""_s, u"behind"_s});
+    doubles.screens.Play(ok);
+    EXPECT_EQ(entry.Press(kF2), stay);
+    EXPECT_EQ(Column(local, u"SITE"_s), keys + QStringList{u"Corner"_s});
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(FrmFKey, OkOnAReadOnlyFileWithAGapGivesThePhraseAndStoresNothing)
+{
+    CreateCommentFile(engine, globals, local);
+    const QStringList phrases{u"k3"_s, u""_s, u""_s, u""_s, u""_s, u""_s, u"Corner"_s, u""_s, u"behind"_s};
+    Fill(local, u"SITE"_s, phrases);
+    home.disk.SetAttr(local, files::ReadOnly);
+    entry.Open();
+    doubles.screens.Play([](forms::Screen& shown) {
+        auto& dialog = dynamic_cast<frm_Comment&>(shown);
+        dialog.txtAddComment.SetText(u"Corner"_s);
+        Q_EMIT dialog.cmdOK.Clicked();
+    });
+    EXPECT_EQ(entry.Press(kF2), stay);
+    EXPECT_EQ(entry.txtSite.Text(), u"CORNER"_s);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    EXPECT_EQ(Column(local, u"SITE"_s), phrases);
+}
+
+struct OpenRow
+{
+    const char* name;
+    int share;
+    QString path, other, question;
+};
+
+TEST_F(FrmFKey, OpeningUpdatesTheFileThatSharingPointsTo)
+{
+    const OpenRow rows[] = {
+        {"local", 0, local, shared, u"The local 'comments' database needs to be updated."_s},
+        {"shared", 1, shared, local, u"The shared 'comments' database needs to be updated."_s},
+    };
+    for (const OpenRow& row : rows) {
+        SCOPED_TRACE(row.name);
+        for (const QString& path : {local, shared}) {
+            if (HasCommentFile(home.disk, path))
+                home.disk.Kill(path);
+            engine::TableDef older = store::CommentTables().first();
+            older.fields.removeIf([](const engine::Field& field) { return field.name == u"OTHERAREA2"_s; });
+            engine.CreateDatabase(path)->CreateTable(older);
+        }
+        const auto fields = [this](const QString& path) {
+            return engine.OpenDatabase(path, engine::OpenMode::ReadOnly)->Table(u"COMPS"_s).fields.size();
+        };
+        const qsizetype old = fields(row.path);
+        globals.share = row.share;
+        doubles.prompter.Forget();
+        doubles.prompter.Answer(forms::Answer::Yes);
+        frm_FKey opened({ports, engine, globals, {}});
+        Entry screen(opened);
+        screen.Open();
+        ASSERT_FALSE(doubles.prompter.Boxes().empty());
+        EXPECT_TRUE(doubles.prompter.Texts().first().startsWith(row.question));
+        EXPECT_EQ(opened.datComment.DatabaseName(), row.path);
+        EXPECT_EQ(fields(row.path), old + 1);
+        EXPECT_EQ(fields(row.other), old) << "the other file stays";
+        screen.Unload();
+        screen.End();
+        opened.TimerFKEY_Timer();
+    }
+}
+
 TEST_F(FrmFKey, WhatOthersAddedWhileTheLibraryWasOpenStays)
 {
     Prepare({u"k3"_s, u"k4"_s, u""_s, u""_s, u""_s, u""_s, u"Corner"_s});
