@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QPlainTextEdit>
 #include <QRegularExpression>
 
 namespace vasclip::windows {
@@ -149,6 +150,8 @@ void Binder::Watch(forms::Control& control, QWidget& widget)
     QWidget* inner = nullptr;
     if (auto* view = qobject_cast<QAbstractItemView*>(&widget))
         inner = view->viewport();
+    else if (auto* text = qobject_cast<QPlainTextEdit*>(&widget))
+        inner = text->viewport();
     else if (auto* combo = qobject_cast<QComboBox*>(&widget))
         inner = combo->lineEdit();
     if (inner == nullptr)

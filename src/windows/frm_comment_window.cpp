@@ -1,6 +1,7 @@
 #include "windows/screen_layouts.h"
 
 #include <QAbstractButton>
+#include <QAbstractTextDocumentLayout>
 #include <QCheckBox>
 #include <QDialog>
 #include <QFrame>
@@ -9,9 +10,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QShortcut>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace vasclip::windows {
 
@@ -20,6 +24,40 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int kKeys = 6;
+constexpr int kLeastHeight = 20; ///< of a line, as line edits have it
+constexpr int kMostLines = 5;    ///< further ones are scrolled to
+
+/// The phrase of a key, as high as its text. It is read, not written.
+class PhraseBox : public QPlainTextEdit
+{
+public:
+    explicit PhraseBox(QWidget* parent)
+        : QPlainTextEdit(parent)
+    {
+        setTabChangesFocus(true);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        document()->setDocumentMargin(0);
+        connect(document()->documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, this,
+                [this] { Fit(); });
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        QPlainTextEdit::resizeEvent(event);
+        Fit();
+    }
+
+private:
+    void Fit()
+    {
+        const int lines = std::clamp(qRound(document()->size().height()), 1, kMostLines);
+        const int text = lines * fontMetrics().lineSpacing();
+        setViewportMargins(0, std::max(0, kLeastHeight - text) / 2, 0, 0);
+        const QMargins frame = contentsMargins();
+        setFixedHeight(std::max(kLeastHeight, text) + frame.top() + frame.bottom());
+    }
+};
 
 template <class T>
 T* Named(const QString& name, QWidget* parent)
@@ -68,7 +106,7 @@ QFrame* FunctionKeys(QDialog& window)
     for (int i = 0; i < kKeys; ++i) {
         const QString key = u"F%1"_s.arg(i + 3);
         auto* name = new QLabel(key, group);
-        auto* phrase = Named<QLineEdit>(u"txtFKey_%1"_s.arg(i), group);
+        auto* phrase = Named<PhraseBox>(u"txtFKey_%1"_s.arg(i), group);
         phrase->setAccessibleName(QDialog::tr("Phrase of %1").arg(key));
         phrase->setPlaceholderText(QDialog::tr("empty"));
         phrase->setMinimumWidth(220);

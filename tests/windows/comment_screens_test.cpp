@@ -15,6 +15,7 @@
 #include <QDir>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSettings>
 #include <QTest>
@@ -77,7 +78,7 @@ TEST_F(CommentScreens, TheDialogShowsEveryControl)
     EXPECT_TRUE(window.Leftovers().isEmpty()) << window.Leftovers().join(u'\n').toStdString();
     EXPECT_EQ(window.windowTitle(), u"Comment Dialog"_s);
     EXPECT_EQ(window.findChild<QListWidget*>(u"lstComment"_s)->currentRow(), 0);
-    EXPECT_TRUE(window.findChild<QLineEdit*>(u"txtFKey_0"_s)->isReadOnly());
+    EXPECT_TRUE(window.findChild<QPlainTextEdit*>(u"txtFKey_0"_s)->isReadOnly());
     for (const auto& [choice, name] :
          {std::pair{ThemeChoice::Light, u"light"_s}, {ThemeChoice::Dark, u"dark"_s}}) {
         theme.Choose(choice);
@@ -101,14 +102,48 @@ TEST_F(CommentScreens, KeysAndButtonsOfTheDialogWork)
     QTest::keyClick(phrase, Qt::Key_F4);
     EXPECT_EQ(phrase->text(), u"Corner lot"_s);
     QTest::keyClick(phrase, Qt::Key_F6, Qt::ControlModifier | Qt::AltModifier);
-    EXPECT_EQ(window.findChild<QLineEdit*>(u"txtFKey_3"_s)->text(), u"Corner lot"_s);
-    QTest::mouseClick(window.findChild<QLineEdit*>(u"txtFKey_0"_s), Qt::LeftButton);
+    EXPECT_EQ(window.findChild<QPlainTextEdit*>(u"txtFKey_3"_s)->toPlainText(), u"Corner lot"_s);
+    QTest::mouseClick(window.findChild<QPlainTextEdit*>(u"txtFKey_0"_s)->viewport(), Qt::LeftButton);
     EXPECT_EQ(phrase->text(), u"Level"_s);
     QTest::mouseClick(window.findChild<QPushButton*>(u"CmdInsertRow"_s), Qt::LeftButton);
     EXPECT_EQ(window.findChild<QListWidget*>(u"lstComment"_s)->item(0)->text(), u"Level"_s);
     QTest::keyClick(phrase, Qt::Key_Return);
     EXPECT_FALSE(dialog.IsOpen()) << "Enter is OK";
     EXPECT_EQ(dialog.g_CommentResult, u"LEVEL"_s);
+}
+
+TEST_F(CommentScreens, ThePhraseOfAKeyStandsInABoxOfItsHeight)
+{
+    comments::frm_Comment dialog(ports.Get(), globals, home.disk);
+    Fill(dialog);
+    dialog.SetLimits(255, 100);
+    dialog.txtFKey(1).SetText(u"Comparable backs to a greenbelt with a seasonal creek; the view is territorial."_s);
+    dialog.txtFKey(2).SetText(u"word "_s.repeated(51).trimmed());
+    dialog.Open();
+    ScreenWindow window(dialog, guard);
+    window.show();
+    QApplication::processEvents();
+    const auto box = [&](int key) {
+        return window.findChild<QPlainTextEdit*>(u"txtFKey_%1"_s.arg(key));
+    };
+    const auto lines = [&](int key) { return qRound(box(key)->document()->size().height()); };
+    const auto holds = [&](int key) { return box(key)->viewport()->height() / box(key)->fontMetrics().lineSpacing(); };
+    const int one = box(0)->height();
+    EXPECT_EQ(lines(0), 1);
+    EXPECT_EQ(box(3)->height(), one) << "an empty one";
+    EXPECT_GT(lines(1), 1);
+    EXPECT_GE(holds(1), lines(1));
+    EXPECT_LT(box(1)->height(), one * lines(1)) << "no higher than it needs";
+    EXPECT_EQ(holds(2), 5) << "more than five lines are scrolled to";
+    dialog.txtFKey(1).SetText(u"Level"_s);
+    QApplication::processEvents();
+    EXPECT_EQ(box(1)->height(), one);
+    for (const auto& [choice, name] :
+         {std::pair{ThemeChoice::Light, u"light"_s}, {ThemeChoice::Dark, u"dark"_s}}) {
+        theme.Choose(choice);
+        Save(window, u"comment-long-"_s + name);
+    }
+    theme.Choose(ThemeChoice::System);
 }
 
 /// A window with one field and the buttons of the keys.
