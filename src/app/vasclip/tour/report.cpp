@@ -69,13 +69,14 @@ bool DropOne(const Stage& stage, const Stop& stop)
     return outcome.done && sent > 0;
 }
 
-void AnswerYes(const Stage& stage, QWidget& dialog)
+/// @param name  of the question's picture
+void AnswerYes(const Stage& stage, QWidget& dialog, const QString& name)
 {
     auto* box = qobject_cast<QMessageBox*>(&dialog);
     if (!box)
         return;
     stage.tour.Step(u"Asked: \"%1\" - answered Yes."_s.arg(box->text()));
-    stage.tour.Shoot(*box, u"question"_s);
+    stage.tour.Shoot(*box, name);
     if (auto* yes = box->button(QMessageBox::Yes))
         yes->click();
 }
@@ -146,7 +147,7 @@ bool DropComps(const Stage& stage)
         [&] {
             replaced = DropOne(stage, {keys[2], filled});
         },
-        [&](QWidget& box) { AnswerYes(stage, box); });
+        [&](QWidget& box) { AnswerYes(stage, box, u"question-replace"_s); });
     stage.tour.ShootFormsProgram(u"report"_s);
     return done && replaced && asked;
 }
@@ -175,7 +176,7 @@ bool TransferSubject(const Stage& stage)
     const bool located = LookAt(stage, u"Setup > City Listings"_s, u"attach-city"_s);
     const bool asked = stage.tour.During(
         u"The question before a record is deleted"_s, [&] { main.CompDeleteRecord(); },
-        [&](QWidget& box) { AnswerYes(stage, box); });
+        [&](QWidget& box) { AnswerYes(stage, box, u"question-delete"_s); });
     const bool gone = !store::FindRecord(main.Base().ports, databook, key, u"CENTRALKEY"_s);
     return chosen && located && asked && gone && cells > 0 && pictures > 0;
 }

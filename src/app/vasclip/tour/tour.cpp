@@ -15,6 +15,8 @@
 #include <QThread>
 #include <QTimer>
 
+#include <cstdlib>
+
 namespace vasclip::app {
 
 using namespace Qt::Literals::StringLiterals;
@@ -51,6 +53,13 @@ void Settle(int milliseconds)
 Tour::Tour(const QString& directory, const QString& formsProgram)
     : m_directory(directory)
     , m_forms(m_directory, formsProgram)
+    , m_strangers([this](QWidget& dialog) { TellOf(dialog); },
+                  [this] {
+                      Fail(u"One dialog after the other: the tour is given up."_s);
+                      m_forms.Stop();
+                      std::_Exit(1);
+                  })
+    , m_playing(u"start-up"_s)
 {
     m_directory.mkpath(u"."_s);
     for (const QString& old :
@@ -85,6 +94,12 @@ void Tour::Shoot(QWidget& window, const QString& name)
         Fail(u"The picture %1 could not be written."_s.arg(file));
 }
 
+void Tour::TellOf(QWidget& stranger)
+{
+    Fail(u"Nobody expected this in the step \"%1\": %2"_s.arg(m_playing, WordsOf(stranger)));
+    Shoot(stranger, u"not-expected"_s);
+}
+
 void Tour::ShootFormsProgram(const QString& name)
 {
     const QString picture = u"%1-%2.png"_s.arg(++m_pictures, 2, 10, QChar(u'0')).arg(name);
@@ -107,6 +122,7 @@ bool Tour::During(const QString& what, const std::function<void()>& open, const 
             return;
         watch.stop();
         came = true;
+        const Strangers::Visited visited(m_strangers, *dialog);
         m_opened.insert(dialog->objectName());
         Settle();
         visit(*dialog);
@@ -149,6 +165,7 @@ bool Tour::Play(shell::frm_Main& main, QWidget& window, const LinkRecorder& reco
     window.resize(1366, 768);
     const Stage stage{*this, main, window, recorder};
     for (const TourStep& step : TourSteps()) {
+        m_playing = step.name;
         if (!step.play(stage))
             Fail(u"The step \"%1\" did not do what it should."_s.arg(step.name));
     }
@@ -162,6 +179,7 @@ bool Tour::Play(shell::frm_Main& main, QWidget& window, const LinkRecorder& reco
 
 int Tour::Finish(const LinkRecorder& recorder)
 {
+    m_playing = u"the end"_s;
     if (!m_forms.Stop()) {
         Fail(u"The forms program did not stop."_s);
         return 1;

@@ -2,6 +2,7 @@
 
 #include "app/vasclip/link_recorder.h"
 #include "app/vasclip/tour/forms_program.h"
+#include "app/vasclip/tour/strangers.h"
 #include "shell/frm_main.h"
 
 #include <QDir>
@@ -47,8 +48,13 @@ public:
     bool Choose(QWidget& window, const QString& words);
 
 private:
+    /// A picture of a dialog that nobody expects, and what it says. The tour has failed.
+    void TellOf(QWidget& stranger);
+
     QDir m_directory;
     FormsProgram m_forms;
+    Strangers m_strangers;
+    QString m_playing; ///< name of the step
     QStringList m_steps;
     QSet<QString> m_opened; ///< object names of the dialogs that came up
     int m_pictures = 0;
