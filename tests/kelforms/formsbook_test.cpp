@@ -181,6 +181,19 @@ TEST(FormsBook, ARelocationSummaryCarriesItsListings)
     EXPECT_FALSE(LayoutOf(u"ERS"_s, u"LIST13"_s));
 }
 
+TEST(FormsBook, TheAddendumIsAPageOfEveryForm)
+{
+    for (const Form& form : Forms()) {
+        EXPECT_EQ(PagesOf(form, Edition::Small).last(), u"ADDENDUM"_s);
+        const auto page = LayoutOf(form.code, u"Addendum"_s);
+        ASSERT_TRUE(page);
+        EXPECT_EQ(page->title, u"Text addendum"_s);
+        EXPECT_EQ(page->LabelOf(20, 1), u"Line 20"_s);
+        EXPECT_FALSE(page->HasCell(21, 1));
+        EXPECT_FALSE(page->HasCell(1, 2));
+    }
+}
+
 TEST(FormsBook, LabelsSayWhoseCellItIs)
 {
     const auto page = LayoutOf(u"UA5"_s, u"UA5"_s);

@@ -147,6 +147,21 @@ Section Captions()
     return section;
 }
 
+Section AddendumText()
+{
+    Section section;
+    section.title = u"Comments"_s;
+    section.wide = true;
+    for (int row = 1; row <= kAddendumLines; ++row) {
+        Line line;
+        line.row = line.subjectRow = row;
+        line.subjectCell = 1;
+        line.label = u"Line %1"_s.arg(row);
+        section.lines.append(line);
+    }
+    return section;
+}
+
 constexpr Group kGroups[] = {Group::Sale, Group::Alt, Group::List, Group::Rent};
 
 } // namespace
@@ -230,6 +245,11 @@ std::optional<Page> LayoutOf(const QString& formType, const QString& pageCode)
     }
     if (!page.sections.isEmpty())
         return page;
+    if (code == kAddendumPage) {
+        page.title = u"Text addendum"_s;
+        page.sections.append(AddendumText());
+        return page;
+    }
     const std::optional<PhotoPage> photos = FindPhotoPage(code);
     if (!photos)
         return std::nullopt;
@@ -252,6 +272,7 @@ QStringList PagesOf(const Form& form, Edition edition)
     }
     for (const PhotoPage& page : PhotoPages(edition))
         pages.append(page.code);
+    pages.append(kAddendumPage);
     return pages;
 }
 

@@ -32,6 +32,7 @@ struct Section
     QString title;
     std::optional<Group> group;
     int base = 0;         ///< first comp of the grid
+    bool wide = false;    ///< each line takes the page's whole width
     bool subject = false; ///< maps its subject cells (comp 10)
     QString subjectPage;
     QList<Line> lines;
@@ -50,6 +51,10 @@ struct Page
     [[nodiscard]] QString LabelOf(int row, int cell) const;
 };
 
+/// The page of free text behind the forms.
+inline constexpr QLatin1StringView kAddendumPage{"ADDENDUM"};
+inline constexpr int kAddendumLines = 20;
+
 /// The page as it stands in a report with that main form.
 /// @return nullopt if that form has no such page
 [[nodiscard]] std::optional<Page> LayoutOf(const QString& formType, const QString& pageCode);
@@ -58,7 +63,7 @@ struct Page
 [[nodiscard]] QString GridPage(const Form& form, Group group, int base);
 
 /// Every page of a report with that main form: the main page, the grid pages, the picture pages of the
-/// edition.
+/// edition, the text addendum.
 [[nodiscard]] QStringList PagesOf(const Form& form, Edition edition);
 
 } // namespace vasclip::formsbook

@@ -140,11 +140,16 @@ QString AddressCell(const Report& report, Group group, int comp)
         }
         return {};
     }
+    return CompCell(report, group, comp, "ADDRESS"_L1);
+}
+
+QString CompCell(const Report& report, Group group, int comp, QLatin1StringView field)
+{
     const Column column = ColumnOf(report, group, comp);
     if (column.section == nullptr)
         return {};
     for (const Line& line : column.section->lines) {
-        if (line.field == u"ADDRESS"_s)
+        if (line.field == field)
             return Key(column.page, line.row, line.comps[column.place]);
     }
     return {};

@@ -10,6 +10,10 @@ namespace kelforms {
 /// @return "" if the main form is unknown or has no such comp
 [[nodiscard]] QString AddressCell(const Report& report, vasclip::formsbook::Group group, int comp);
 
+/// The cell of a comp's column that holds a field ("PRICEFLD"). @return "" if its grid has no such line
+[[nodiscard]] QString CompCell(const Report& report, vasclip::formsbook::Group group, int comp,
+                               QLatin1StringView field);
+
 /// Exchanges two comparable sales: every cell of their columns and their pictures.
 /// @param a, b  comps 1 to 9
 /// @throws RuntimeError 285 if the report has no page for one of them; nothing is then changed

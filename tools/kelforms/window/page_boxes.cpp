@@ -14,6 +14,10 @@ constexpr int kRow = 23;
 constexpr int kFieldRow = 40;
 constexpr int kGap = 14;
 
+/// What stands beside a comp's photo, repeated from its column.
+constexpr QLatin1StringView kBesideAPhoto[] = {"ADDRESS"_L1, "NEIGHBORHD"_L1, "PROXIMITY"_L1, "PRICEFLD"_L1,
+                                               "SELLINGPR"_L1, "RENTFLD"_L1, "GLA"_L1};
+
 class Builder
 {
 public:
@@ -49,13 +53,13 @@ private:
         m_y += 26;
     }
 
-    /// Four in a row; those of the last row share its width.
+    /// Four in a row, or one; those of the last row share its width.
     void Fields(const Section& section)
     {
-        constexpr qsizetype kInARow = 4;
+        const qsizetype inARow = section.wide ? 1 : 4;
         Heading(section.title);
-        for (qsizetype i = 0; i < section.lines.size(); i += kInARow) {
-            const int count = static_cast<int>(qMin(kInARow, section.lines.size() - i));
+        for (qsizetype i = 0; i < section.lines.size(); i += inARow) {
+            const int count = static_cast<int>(qMin(inARow, section.lines.size() - i));
             for (int n = 0; n < count; ++n) {
                 const Line& line = section.lines[i + n];
                 const int left = m_width * n / count;
@@ -128,7 +132,10 @@ private:
                     const Page* page = m_report.Layout(address.form);
                     const QString name =
                         page == nullptr ? QString() : page->LabelOf(address.row, address.cell);
-                    Add(Box::Kind::Field, {left, y, room, kFieldRow}, name.section(u": "_s, -1), key);
+                    QString label = name.section(u": "_s, -1);
+                    if (!label.isEmpty())
+                        label[0] = label[0].toUpper();
+                    Add(Box::Kind::Field, {left, y, room, kFieldRow}, label, key);
                     y += kFieldRow;
                 }
             }
@@ -141,19 +148,21 @@ private:
     {
         if (!m_page.sections.isEmpty())
             return {CellAddress{m_page.code, place, 1}.Key(), CellAddress{m_page.code, place, 2}.Key()};
-        const int comp = object.section(u'_', 1, 1).toInt();
-        QString cell;
+        QStringList cells;
+        const auto add = [&cells](const QString& cell) {
+            if (!cell.isEmpty())
+                cells.append(cell);
+        };
         if (object.startsWith("SUB_"_L1))
-            cell = AddressCell(m_report, Group::Sale, 0);
-        else if (object.startsWith("CMP_"_L1))
-            cell = AddressCell(m_report, Group::Sale, comp);
-        else if (object.startsWith("ALT_"_L1))
-            cell = AddressCell(m_report, Group::Alt, comp);
-        else if (object.startsWith("RCMP_"_L1))
-            cell = AddressCell(m_report, Group::Rent, comp);
-        else if (object.startsWith("LCMP_"_L1))
-            cell = AddressCell(m_report, Group::List, comp);
-        return cell.isEmpty() ? QStringList() : QStringList{cell};
+            add(AddressCell(m_report, Group::Sale, 0));
+        const int comp = object.section(u'_', 1, 1).toInt();
+        for (const Group group : {Group::Sale, Group::Alt, Group::Rent, Group::List}) {
+            if (!object.startsWith(ObjectPrefix(group)))
+                continue;
+            for (const QLatin1StringView field : kBesideAPhoto)
+                add(CompCell(m_report, group, comp, field));
+        }
+        return cells;
     }
 
 public:
