@@ -103,6 +103,10 @@ TEST_F(Window, AChangedCellIsPaintedInAnotherColourAndFades)
     EXPECT_GT(count(during, flash), 2000);
     Turn(2700);
     EXPECT_LT(count(window.grab().toImage(), flash), 50);
+    window.KeepGlow();
+    reports.SetCell(*reports.Active(), u"UA5|3|1"_s, u"9 Elm St"_s);
+    Turn(2700);
+    EXPECT_GT(count(window.grab().toImage(), flash), 2000);
 }
 
 TEST_F(Window, ClosingAReportLetsItGo)
@@ -155,6 +159,24 @@ TEST_F(Window, EveryPageOfEveryKindOfFormIsPainted)
         }
         EXPECT_FALSE(window.grab().isNull());
     }
+}
+
+TEST_F(Window, ACompsPhotoHasItsColumnBesideIt)
+{
+    Service service(Line({m_home.MakeReport(u"smith"_s, u"UA5"_s)}));
+    const auto beside = [&service](const QString& page) {
+        QStringList labels;
+        for (const Box& box : LayOut(*service.OpenReports().Active(), page, 800).boxes) {
+            if (box.kind == Box::Kind::Field)
+                labels.append(box.text);
+        }
+        return labels.mid(0, labels.size() / 3);
+    };
+    EXPECT_EQ(beside(u"COMPPH1"_s), (QStringList{u"Address"_s, u"City, state, ZIP"_s, u"Proximity to subject"_s,
+                                                 u"Sale price"_s, u"Gross living area"_s}));
+    EXPECT_EQ(beside(u"LISTPH2"_s).value(3), u"List price"_s);
+    EXPECT_EQ(beside(u"RENTPH1"_s).value(3), u"Monthly rent"_s);
+    EXPECT_EQ(beside(u"GENPH04"_s), (QStringList{u"Description"_s, u"Address"_s}));
 }
 
 TEST_F(Window, AReportOfAnUnknownFormIsShownAsItsCells)

@@ -30,13 +30,8 @@ Flashes::Flashes(std::function<void()> repaint)
 void Flashes::Start(const QString& key)
 {
     m_began.insert(key, QDateTime::currentMSecsSinceEpoch());
-    if (!m_timer.isActive())
+    if (!m_keep && !m_timer.isActive())
         m_timer.start();
-}
-
-void Flashes::Clear()
-{
-    m_began.clear();
 }
 
 qreal Flashes::Strength(const QString& key) const
@@ -44,6 +39,8 @@ qreal Flashes::Strength(const QString& key) const
     const auto found = m_began.constFind(key);
     if (found == m_began.constEnd())
         return 0;
+    if (m_keep)
+        return 1;
     const qint64 age = QDateTime::currentMSecsSinceEpoch() - *found;
     return age <= kFullMs ? 1 : qMax<qreal>(0, 1 - static_cast<qreal>(age - kFullMs) / kFadeMs);
 }

@@ -15,7 +15,8 @@ public:
     explicit Flashes(std::function<void()> repaint);
 
     void Start(const QString& key);
-    void Clear();
+    /// From now on nothing fades: a picture that is taken some time later shows all that was written.
+    void Keep() { m_keep = true; }
     /// 1 right after the write, 0 when it is over.
     [[nodiscard]] qreal Strength(const QString& key) const;
 
@@ -23,6 +24,7 @@ private:
     std::function<void()> m_repaint;
     QHash<QString, qint64> m_began;
     QTimer m_timer;
+    bool m_keep = false;
 };
 
 } // namespace kelforms

@@ -183,6 +183,12 @@ void MainWindow::ShowPage(const QString& page)
         Show({}, {});
 }
 
+void MainWindow::KeepGlow()
+{
+    m_view->KeepFlashes();
+    m_strip->KeepFlashes();
+}
+
 void MainWindow::Show(const QString& name, const QString& page)
 {
     const Report* report = m_reports.Find(name);

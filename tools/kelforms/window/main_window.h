@@ -26,6 +26,8 @@ public:
 
     /// Shows a page of the active report; "" its main form.
     void ShowPage(const QString& page);
+    /// What is written glows as long as the window stands: for pictures.
+    void KeepGlow();
 
     [[nodiscard]] QString ShownReport() const { return m_report; }
     [[nodiscard]] QString ShownPage() const { return m_page; }

@@ -20,6 +20,7 @@ public:
     void Show(const Report* report, const QString& pageCode);
     void FlashCell(const QString& key);
     void FlashImage(const QString& object);
+    void KeepFlashes() { m_flashes.Keep(); }
     /// Where a cell or picture stands, to scroll there; empty if it is not on the page.
     [[nodiscard]] QRect PlaceOf(const QString& key) const;
     void LayOutAgain();

@@ -19,6 +19,7 @@ public:
     /// @return false if there is nothing to show
     bool Show(const Report* report, const QString& pageCode);
     void Flash(const QString& object);
+    void KeepFlashes() { m_flashes.Keep(); }
     [[nodiscard]] QRect PlaceOf(const QString& object) const;
 
 protected:

@@ -25,8 +25,10 @@ int RunWindow(Service& service, const Options& options)
     service.Listen();
     MainWindow window(service, options.dark, !options.saveOnExit);
     std::optional<Tour> tour;
-    if (!options.tourDir.isEmpty())
+    if (!options.tourDir.isEmpty()) {
         tour.emplace(window, options.tourDir, [&window](const QString& page) { window.ShowPage(page); });
+        window.KeepGlow();
+    }
     const SystemSignals signals([] { QApplication::exit(0); },
                                 [&tour] {
                                     if (tour)
