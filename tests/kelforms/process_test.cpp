@@ -84,6 +84,25 @@ TEST_F(Process, ServesSavesAndGoes)
     EXPECT_TRUE(lines[2].contains("\"refused\":\"Macro not understood at character 2"));
 }
 
+TEST_F(Process, AWrongArgumentReachesTheOtherProgramInWords)
+{
+    ASSERT_TRUE(Start({m_home.MakeReport(u"smith"_s, u"UA5"_s)}));
+    const auto link = Open(u"KEL|System"_s);
+    for (const auto& [command, words] :
+         {std::pair(u"[RunMacro( SetRequest \"IMAGES\",  GetImages$(7))]"_s, u"GETIMAGES$ takes 1"_s),
+          {u"[RUNMACRO(SetRequest \"RQ_CompForm\", CompT$(Boats))]"_s, u"COMPT$ takes a kind of comps"_s}}) {
+        try {
+            link->LinkExecute(command);
+            ADD_FAILURE() << "taken: " << command.toStdString();
+        } catch (const RuntimeError& refusal) {
+            EXPECT_EQ(refusal.Number(), 285);
+            EXPECT_TRUE(refusal.Description().contains(words)) << refusal.what();
+        }
+    }
+    link->LinkExecute(u"[RunMacro( SetRequest \"IMAGES\",  GetImages$(1))]"_s);
+    ASSERT_TRUE(Stop());
+}
+
 TEST_F(Process, WritesNothingUnlessAskedTo)
 {
     const QString report = m_home.MakeReport(u"smith"_s, u"UA5"_s);

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 using namespace Qt::Literals::StringLiterals;
 using namespace kelforms;
 using kelforms::test::SampleHome;
@@ -239,6 +241,125 @@ TEST_F(Program, CompForm)
                       u"[RUNMACRO(InitEnvironment \"C:\\\\VAS2000\\\\test.rpt\"\nSetRequest \"RQ_CompForm\", "
                       "CompT$(Listings))]"_s);
     EXPECT_EQ(m_program.Request(kQuery, u"RQ_CompForm"_s), u"LIST13"_s);
+}
+
+TEST_F(Program, CompFormTakesTheKindsOfCompsAndNothingElse)
+{
+    OpenSmith();
+    const auto form = [this](const QString& kind) {
+        const QString refusal = Refusal([&] {
+            m_program.Execute(kQuery, u"[RUNMACRO(SetRequest \"RQ_CompForm\", CompT$(%1))]"_s.arg(kind));
+        });
+        return refusal.isEmpty() ? m_program.Request(kQuery, u"RQ_CompForm"_s) : refusal;
+    };
+    for (const auto& [kind, page] : {std::pair(u"Sales Comparables"_s, u"UA5"_s), {u"SALE"_s, u"UA5"_s},
+                                     {u"\"Comps\""_s, u"UA5"_s}, {u" alt "_s, u"ALTCMP13"_s},
+                                     {u"Alternate Comparables"_s, u"ALTCMP13"_s}, {u"LIST"_s, u"LIST13"_s},
+                                     {u"Listings"_s, u"LIST13"_s}, {u"rentals"_s, u"RENT1"_s}})
+        EXPECT_EQ(form(kind), page) << kind.toStdString();
+    for (const QString& kind : {u""_s, u"1"_s, u"Photos"_s, u"Salesman"_s, u"Sales of boats"_s, u"Rent,Sale"_s,
+                                u"\"Rent"_s, u"\"\""_s})
+        EXPECT_EQ(form(kind), u"COMPT$ takes a kind of comps: Sales, Alternates, Listings or Rentals (character 37)"_s)
+            << kind.toStdString();
+}
+
+TEST_F(Program, ImagesAreListedForEveryPageAndForNothingElse)
+{
+    Report& smith = OpenSmith();
+    const auto ask = [this](const QString& pages) {
+        return Refusal([&] {
+            m_program.Execute(kSystem, u"[RunMacro( SetRequest \"IMAGES\",  GetImages$(%1))]"_s.arg(pages));
+        });
+    };
+    for (const QString& pages : {u""_s, u"0"_s, u"2"_s, u"-1"_s, u"01"_s, u"1 1"_s, u"\"1\""_s, u"all"_s,
+                                 u"99999999999999999999"_s})
+        EXPECT_EQ(ask(pages), u"GETIMAGES$ takes 1, for every page (character 34)"_s) << pages.toStdString();
+    EXPECT_FALSE(smith.Variable(u"IMAGES"_s)) << "a refused macro leaves nothing behind";
+    EXPECT_EQ(ask(u" 1 "_s), QString());
+    EXPECT_EQ(m_program.Request(kSystem, u"IMAGES"_s).count(u';'), smith.Objects().size());
+    EXPECT_TRUE(Refusal([this] {
+                    m_program.Execute(kSystem, u"[RunMacro(SWAPCOMPS GetImages$(1),2)]"_s);
+                }).startsWith(u"SWAPCOMPS takes numbers"_s));
+}
+
+TEST_F(Program, GeneralViewsAndTheAddendumTakeTexts)
+{
+    Report& smith = OpenSmith();
+    for (int page = 1; page <= 12; ++page) {
+        for (int place = 1; place <= 3; ++place) {
+            const QString row = u"GENPH%1|%2|"_s.arg(page, 2, 10, QLatin1Char('0')).arg(place);
+            m_program.Poke(kSmith, row + u'1', u"KITCHEN %1"_s.arg(page * 3 + place));
+            m_program.Poke(kSmith, row + u'2', u"7 Elm St"_s);
+            EXPECT_EQ(m_program.Request(kSmith, row + u'1'), u"KITCHEN %1"_s.arg(page * 3 + place));
+        }
+    }
+    EXPECT_EQ(Refusal([this] { m_program.Poke(kSmith, u"GENPH01|4|1"_s, u"x"_s); }),
+              u"The page GENPH01 has no cell 1 in row 4"_s);
+    m_program.Poke(kSmith, u"ADDENDUM|1|1"_s, u"The kitchen was renewed."_s);
+    m_program.Poke(kSmith, u"addendum|20|1"_s, u"The end."_s);
+    EXPECT_EQ(m_program.Request(kSmith, u"ADDENDUM|1|1"_s), u"The kitchen was renewed."_s);
+    EXPECT_EQ(Refusal([this] { m_program.Poke(kSmith, u"ADDENDUM|21|1"_s, u"x"_s); }),
+              u"The page ADDENDUM has no cell 1 in row 21"_s);
+    EXPECT_EQ(smith.Cells().size(), 74);
+}
+
+/// What comes over the link may be anything: each is done or refused in words, and what was there stays readable.
+TEST_F(Program, SurvivesNoise)
+{
+    OpenSmith({{u"UA5|3|1"_s, u"7 Elm St"_s}});
+    const QStringList seeds = {
+        u"[RunMacro( SetRequest \"LASTCOMPTYPE\",\"SALES COMPARABLES\"\r\nSWAPCOMPS 4,2\r\n)]\r"_s,
+        u"[RunMacro( SetRequest \"IMAGES\",  GetImages$(1))]"_s,
+        u"[RunMacro( SetImage \"CMP_1_3X5\", \"C:\\\\VASCLIPS\\\\JPG\\\\12345678.jpg\" ) ]\r"_s,
+        u"[RUNMACRO(InitEnvironment \"C:\\\\VAS2000\\\\test.rpt\"\nSetRequest \"RQ_CompForm\", CompT$(Listings))]"_s,
+        u"[RunMacro(recalc.bas)]\r"_s,
+        u"KEL|SMITH.RPT"_s,
+        u"UA5|UA5|44|3"_s,
+        u"GENPH01|1|2"_s,
+        u"SC_5"_s,
+        u"ActiveReports"_s,
+    };
+    std::mt19937 random(2006);
+    const auto below = [&random](qsizetype limit) {
+        return static_cast<qsizetype>(random() % static_cast<unsigned>(limit));
+    };
+    const auto noise = [&] {
+        QString text = seeds[below(seeds.size())];
+        for (qsizetype changes = below(5); changes > 0 && !text.isEmpty(); --changes) {
+            const qsizetype at = below(text.size());
+            switch (below(4)) {
+            case 0:
+                text.remove(at, 1 + below(6));
+                break;
+            case 1:
+                text.insert(at, text.mid(below(text.size()), below(12)));
+                break;
+            case 2:
+                text[at] = QChar(static_cast<char16_t>(random()));
+                break;
+            default:
+                text[at] = QChar(static_cast<char16_t>(32 + below(95)));
+            }
+        }
+        return text;
+    };
+    int done = 0;
+    for (int i = 0; i < 12'000; ++i) {
+        const QString topic = below(4) == 0 ? noise() : below(2) == 0 ? kSmith : kSystem;
+        const QString refusal = Refusal([&] {
+            if (i % 3 == 0)
+                m_program.Execute(topic, noise());
+            else if (i % 3 == 1)
+                static_cast<void>(m_program.Request(topic, noise()));
+            else
+                m_program.Poke(topic, noise(), noise());
+            ++done;
+        });
+    }
+    EXPECT_GT(done, 500);
+    EXPECT_LT(done, 11'500);
+    const QByteArray json = m_reports.Active()->ToJson();
+    EXPECT_EQ(Report::FromJson(json, u"again"_s).ToJson(), json) << "what it holds can be saved and read again";
 }
 
 TEST_F(Program, OnlyScriptsOfItsDirectoryRun)

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 using namespace Qt::Literals::StringLiterals;
 using namespace kelforms;
 using kelforms::test::SampleHome;
@@ -138,6 +140,31 @@ INSTANTIATE_TEST_SUITE_P(
                     BadRow{"cellKey", R"({"name":"A.RPT","forms":["UA5"],"cells":{"UA5|1":"x"}})",
                            u"\"UA5|1\""_s}),
     [](const auto& info) { return info.param.name; });
+
+TEST(Report, ADamagedFileIsReadOrRefusedInWords)
+{
+    const QByteArray whole = R"({"name":"SMITH.RPT","forms":["UA5","SUBPHOTO"],"cells":{"UA5|3|1":"7 Elm St"},)"
+                             R"("images":{"SUB_1_3X5":"C:\\A.jpg"},"variables":{"City":"Dover"},"more":[1,{}]})";
+    ASSERT_EQ(Report::FromJson(whole, u"x"_s).Cell(u"UA5|3|1"_s), u"7 Elm St"_s);
+    std::mt19937 random(704);
+    int refused = 0;
+    for (int i = 0; i < 5000; ++i) {
+        QByteArray bytes = whole;
+        if (i % 5 == 0)
+            bytes.truncate(static_cast<qsizetype>(random() % static_cast<unsigned>(bytes.size())));
+        for (unsigned changes = 1 + random() % 3; changes > 0 && !bytes.isEmpty(); --changes)
+            bytes[static_cast<qsizetype>(random() % static_cast<unsigned>(bytes.size()))] =
+                static_cast<char>(random());
+        try {
+            static_cast<void>(Report::FromJson(bytes, u"x"_s));
+        } catch (const RuntimeError& refusal) {
+            ASSERT_EQ(refusal.Number(), 321);
+            ASSERT_TRUE(refusal.Description().startsWith(u"x is no report: "_s)) << refusal.what();
+            ++refused;
+        }
+    }
+    EXPECT_GT(refused, 2000);
+}
 
 TEST(Report, AFailedSaveLeavesTheFile)
 {

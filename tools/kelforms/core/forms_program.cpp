@@ -5,6 +5,7 @@
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 
+#include <optional>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -101,6 +102,50 @@ int CompOf(const MacroValue& value)
     if (value.kind != MacroValue::Kind::Number || number < 2 || number > 10)
         Refuse(u"SWAPCOMPS takes numbers from 2 to 10 (character %1)"_s.arg(value.at));
     return number - 1;
+}
+
+/// The kinds of comps that CompT$ takes, each by its first word in the singular or plural, a word behind it being
+/// an ornament: "Sales Comparables", "LIST", "Rentals".
+struct KindRow
+{
+    QLatin1StringView word;
+    Group group;
+};
+
+constexpr KindRow kKinds[] = {
+    {"SALE"_L1, Group::Sale},        {"SALES"_L1, Group::Sale},    {"COMP"_L1, Group::Sale},
+    {"COMPS"_L1, Group::Sale},       {"COMPARABLE"_L1, Group::Sale}, {"COMPARABLES"_L1, Group::Sale},
+    {"ALT"_L1, Group::Alt},          {"ALTERNATE"_L1, Group::Alt}, {"ALTERNATES"_L1, Group::Alt},
+    {"LIST"_L1, Group::List},        {"LISTING"_L1, Group::List},  {"LISTINGS"_L1, Group::List},
+    {"RENT"_L1, Group::Rent},        {"RENTAL"_L1, Group::Rent},   {"RENTALS"_L1, Group::Rent},
+};
+
+/// A kind of comps as it stands between the parentheses, bare or in quotes. nullopt for anything else.
+std::optional<Group> KindOf(QString argument)
+{
+    if (argument.size() >= 2 && argument.startsWith(u'"') && argument.endsWith(u'"'))
+        argument = argument.mid(1, argument.size() - 2);
+    const QStringList words = argument.simplified().toUpper().split(u' ');
+    const bool ornament = words.size() == 2 && (words[1] == u"COMPS"_s || words[1] == u"COMPARABLES"_s);
+    for (const KindRow& row : kKinds) {
+        if (words[0] == row.word && (words.size() == 1 || ornament))
+            return row.group;
+    }
+    return std::nullopt;
+}
+
+void CheckCall(const MacroValue& call)
+{
+    if (call.text == u"GETIMAGES$"_s) {
+        if (call.argument != u"1"_s)
+            Refuse(u"GETIMAGES$ takes 1, for every page (character %1)"_s.arg(call.at));
+    } else if (call.text == u"COMPT$"_s) {
+        if (!KindOf(call.argument))
+            Refuse(u"COMPT$ takes a kind of comps: Sales, Alternates, Listings or Rentals (character %1)"_s.arg(
+                call.at));
+    } else {
+        Refuse(u"\"%1\" is no function (character %2)"_s.arg(call.text).arg(call.at));
+    }
 }
 
 } // namespace
@@ -246,9 +291,8 @@ void FormsProgram::Check(const Report* report, const MacroStatement& statement) 
     if (statement.values.size() != known->values)
         Refuse(u"%1 takes %2 (character %3)"_s.arg(statement.keyword, known->takes).arg(statement.at));
     for (const MacroValue& value : statement.values) {
-        if (value.kind == MacroValue::Kind::Call && value.text != u"GETIMAGES$"_s &&
-            value.text != u"COMPT$"_s)
-            Refuse(u"\"%1\" is no function (character %2)"_s.arg(value.text).arg(value.at));
+        if (value.kind == MacroValue::Kind::Call)
+            CheckCall(value);
     }
     const bool general = statement.keyword == u"SETREQUEST"_s || statement.keyword == u"INITENVIRONMENT"_s;
     if (general) {
@@ -310,12 +354,7 @@ QString FormsProgram::ValueOf(const Report* report, const MacroValue& value) con
     const auto* form = vasclip::formsbook::FindForm(report->MainForm());
     if (form == nullptr)
         return {};
-    const QString kind = value.argument.left(4).remove(u'"').toUpper();
-    const Group group = kind.startsWith("RENT"_L1)   ? Group::Rent
-                        : kind.startsWith("LIST"_L1) ? Group::List
-                        : kind.startsWith("ALT"_L1)  ? Group::Alt
-                                                     : Group::Sale;
-    return vasclip::formsbook::GridPage(*form, group, 1);
+    return vasclip::formsbook::GridPage(*form, KindOf(value.argument).value_or(Group::Sale), 1);
 }
 
 QList<MacroStatement> FormsProgram::ReadScript(const QString& name) const
