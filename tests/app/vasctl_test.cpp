@@ -379,6 +379,24 @@ TEST_F(Vasctl, SettingsAreListedReadAndChecked)
     EXPECT_EQ(refused.code, kFailed);
     EXPECT_FALSE(refused.err.isEmpty());
     EXPECT_EQ(home.Vasctl({u"settings"_s, u"get"_s, u"NOSUCHKEY"_s}).code, kNotFound);
+    for (const QStringList& wrong :
+         {QStringList{}, QStringList{u"get"_s}, QStringList{u"set"_s, u"QUALITY"_s},
+          QStringList{u"list"_s, u"x"_s}, QStringList{u"set"_s, u"A"_s, u"B"_s, u"C"_s, u"D"_s}})
+        EXPECT_EQ(home.Vasctl(QStringList{u"settings"_s} + wrong).code, kUsage)
+            << wrong.join(u' ').toStdString();
+    const std::pair<QStringList, int> rows[] = {
+        {{u"NOSUCHKEY"_s, u"1"_s}, kNotFound},    {{u"NOSECTION"_s, u"QUALITY"_s, u"50"_s}, kNotFound},
+        {{u"QUALITY"_s, u"high"_s}, kFailed},     {{u"QUALITY"_s, u""_s}, kFailed},
+        {{u"PHOTODIR"_s, u"nowhere"_s}, kFailed}, {{u"TABLE"_s, u"A\nB"_s}, kFailed},
+        {{u"USESUBJCSZ"_s, u"some"_s}, kFailed},
+    };
+    const QByteArray ini = home.Vasctl({u"settings"_s, u"list"_s}).out;
+    for (const auto& [words, code] : rows) {
+        const auto ended = home.Vasctl(QStringList{u"settings"_s, u"set"_s} + words);
+        EXPECT_EQ(ended.code, code) << words.join(u' ').toStdString();
+        EXPECT_FALSE(ended.err.isEmpty()) << words.join(u' ').toStdString();
+    }
+    EXPECT_EQ(home.Vasctl({u"settings"_s, u"list"_s}).out, ini);
 }
 
 TEST_F(Vasctl, LayoutsAreListedSavedUsedAndDeleted)
@@ -408,8 +426,13 @@ TEST_F(Vasctl, LayoutsAreListedSavedUsedAndDeleted)
     EXPECT_EQ(home.Vasctl({u"--no"_s, u"layouts"_s, u"default"_s}).code, kDeclined);
     EXPECT_EQ(home.Vasctl({u"--yes"_s, u"layouts"_s, u"default"_s}).code, kDone);
     EXPECT_TRUE(QFile::exists(home.Native(u"VAS2000/default.grx"_s)));
-    for (const QStringList& wrong : {QStringList{}, QStringList{u"fly"_s}, QStringList{u"use"_s}})
-        EXPECT_EQ(run(wrong).code, kUsage);
+    for (const QStringList& wrong :
+         {QStringList{}, QStringList{u"fly"_s}, QStringList{u"use"_s}, QStringList{u"list"_s, u"all"_s},
+          QStringList{u"default"_s, u"x"_s}, QStringList{u"save"_s, QString(61, u'x')},
+          QStringList{u"save"_s, u"two\nlines"_s}})
+        EXPECT_EQ(run(wrong).code, kUsage) << wrong.join(u' ').toStdString();
+    EXPECT_EQ(run({u"save"_s, u" "_s}).code, kFailed);
+    EXPECT_EQ(run({u"list"_s}).Array().size(), 2) << "as before";
     QFile bad(file);
     ASSERT_TRUE(bad.open(QFile::WriteOnly | QFile::Truncate));
     bad.write("another program's");

@@ -4,6 +4,8 @@
 #include "databook/grid.h"
 #include "platform/text/text.h"
 
+#include <algorithm>
+
 namespace vasclip::vasctl {
 
 using namespace Qt::Literals::StringLiterals;
@@ -39,6 +41,17 @@ int List(const files::Disk& disk, const Output& out, const QString& file)
     return kDone;
 }
 
+/// What the box of the screen would not take; "" for what it would.
+QString WrongName(const QString& name, int longest)
+{
+    if (name.size() > longest)
+        return u"The name of a grid layout has at most %1 characters; this one has %2."_s.arg(longest).arg(
+            name.size());
+    const bool plain = std::none_of(name.cbegin(), name.cend(),
+                                    [](QChar letter) { return letter.category() == QChar::Other_Control; });
+    return plain ? QString() : u"The name of a grid layout is one line of plain text."_s;
+}
+
 } // namespace
 
 /// The rules of the screen, played on the grid as the program left it: its layout is "Current (User)".
@@ -64,6 +77,10 @@ int RunLayouts(Session& session, const Output& out, const QStringList& arguments
     databook::frm_Grid screen(disk, session.Ports(), grid, main.globals.G_ProgramDir);
     const QString name = text::Trim(arguments.value(1));
     screen.LayoutListLayouts(file);
+    if (const QString wrong = WrongName(name, screen.txtLayout.MaxLength()); !wrong.isEmpty()) {
+        out.Error(wrong);
+        return kUsage;
+    }
     screen.txtLayout.SetText(name);
     if ((verb == u"delete"_s || verb == u"use"_s) && screen.lstLayout.IndexOf(name) < 0) {
         out.Error(u"There is no grid layout %1 in %2."_s.arg(name, file));
