@@ -4,6 +4,7 @@
 #include "databook/load_comp_form.h"
 #include "databook/messages.h"
 #include "support/databook_home.h"
+#include "support/file_limit.h"
 
 #include <gtest/gtest.h>
 
@@ -693,6 +694,40 @@ TEST_F(Entry, AReadOnlyDatabookIsShownButNotChanged)
         EXPECT_FALSE(screen.IsOpen());
     });
     EXPECT_FALSE(changed);
+}
+
+TEST_F(Entry, LeavingAnUnchangedRecordStampsTheDayAndABlankLoadDate)
+{
+    Elsewhere(u"LOADDATE"_s, u"  "_s);
+    Show([](EntryScreen& screen) { Click(screen.cmdExit); });
+    EXPECT_TRUE(changed);
+    EXPECT_EQ(Field(u"MODIFIEDDATE"_s), u"5/17/2024"_s);
+    EXPECT_EQ(Field(u"LOADDATE"_s), u"5/17/2024"_s);
+    EXPECT_EQ(Field(u"LOADSERIAL"_s), u" 45429"_s);
+    EXPECT_EQ(Field(u"PRICEGLA"_s), u"156.25"_s);
+    EXPECT_EQ(Field(u"SALEDATE"_s), u"3/7/2004"_s);
+    EXPECT_EQ(Field(u"CITY"_s), u"Ferndale"_s);
+}
+
+TEST_F(Entry, WhatCannotBeStoredStaysOnTheScreen)
+{
+    doubles.prompter.AnswerAlways(forms::Answer::Abort);
+    Show([this](EntryScreen& screen) {
+        Type(screen, "CITY"_L1, u"Marlow"_s);
+        {
+            const tests::FileLimit full(1024); // nor a journal
+            for (forms::Button* button : {&screen.cmdSave, &screen.cmdExit}) {
+                Click(*button);
+                EXPECT_TRUE(screen.IsOpen());
+                EXPECT_EQ(screen.lblmsg.Caption(), kNotStored);
+                EXPECT_EQ(screen.Box("CITY"_L1)->Text(), u"Marlow"_s);
+            }
+        }
+        EXPECT_EQ(Field(u"CITY"_s), u"Ferndale"_s);
+        Click(screen.cmdExit);
+        EXPECT_FALSE(screen.IsOpen()) << "there is room again";
+    });
+    EXPECT_EQ(Field(u"CITY"_s), u"Marlow"_s);
 }
 
 /// A program that saves again and again is killed at any moment: the record is the old or the new one.

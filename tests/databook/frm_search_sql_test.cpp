@@ -329,6 +329,97 @@ TEST_F(SearchScreen, ClearingEmptiesEveryFieldAndForgetsTheSearch)
     EXPECT_TRUE(screen.optSort(3).Value()) << "the sort is no field";
 }
 
+TEST_F(SearchScreen, ClearingEmptiesTheListsToo)
+{
+    files::WritePrivateProfileString(disk, u"CITIES"_s, u"CITY1"_s, u"Elm Grove, WA  98001  King"_s,
+                                     globals.applicationIni);
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    screen.cboCity.SetListIndex(0);
+    screen.cboapprslType.SetListIndex(2);
+    Press(screen.cmdSearch);
+    EXPECT_NE(screen.lblmsg.Caption(), QString());
+    Press(screen.cmdClear);
+    EXPECT_EQ(screen.cboCity.Text(), QString());
+    EXPECT_EQ(screen.cboCity.ListIndex(), -1);
+    EXPECT_EQ(screen.cboapprslType.Text(), QString());
+    EXPECT_EQ(screen.TextOf(u"txtCity"_s), QString()) << "clearing the list fills nothing";
+    EXPECT_EQ(screen.lblmsg.Caption(), QString());
+    screen.cboCity.SetListIndex(0);
+    EXPECT_EQ(screen.TextOf(u"txtCity"_s), u"Elm Grove"_s) << "the same line can be chosen again";
+    Press(screen.cmdExit);
+    EXPECT_FALSE(screen.IsOpen());
+}
+
+TEST_F(SearchScreen, TheLabelOfARangeClearsTheRange)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    int ranges = 0;
+    for (const SearchBox& box : screen.Boxes()) {
+        if (!box.rangeLabel)
+            continue;
+        ++ranges;
+        screen.SetText(QString(box.row.control), u"10"_s);
+        screen.SetText(QString(box.row.rangeControl), u"5"_s);
+        Q_EMIT box.rangeLabel->Clicked();
+        EXPECT_EQ(screen.TextOf(QString(box.row.rangeControl)), QString()) << box.row.control.data();
+        EXPECT_EQ(screen.TextOf(QString(box.row.control)), u"10"_s) << box.row.control.data();
+    }
+    EXPECT_EQ(ranges, 5);
+}
+
+TEST_F(SearchScreen, ADateIsFixedBeforeASearchThatDidNotLeaveItsBox)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    screen.SetText(u"txtSaleDate"_s, u"march 7, 2004"_s);
+    screen.SetText(u"cboSaleRange"_s, u"Equal To"_s);
+    Press(screen.cmdSearch);
+    EXPECT_TRUE(screen.lblSQL.Caption().contains(u"COMPS.SALEDATE=#3/7/2004#"_s));
+    EXPECT_EQ(Shown(), QStringList(u"114 OAK ST"_s));
+    screen.SetText(u"txtSaleDate"_s, u"soon"_s);
+    Press(screen.cmdSearch);
+    EXPECT_EQ(screen.TextOf(u"txtSaleDate"_s), u"01/01/1900"_s);
+    EXPECT_EQ(Shown(), QStringList(u"22 FERRY RD"_s)) << "what is no date is a pending sale";
+}
+
+TEST_F(SearchScreen, WithoutWildcardsATextIsTheWholeField)
+{
+    desk.state.wildcards = false;
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    screen.SetText(u"txtCity"_s, u"elm"_s);
+    Press(screen.cmdSearch);
+    EXPECT_TRUE(screen.lblSQL.Caption().contains(u"UCASE(CITY) LIKE 'ELM'"_s));
+    EXPECT_TRUE(Shown().isEmpty());
+    screen.SetText(u"txtCity"_s, u"elmira"_s);
+    Press(screen.cmdSearch);
+    EXPECT_EQ(Shown(), QStringList(u"22 FERRY RD"_s));
+}
+
+TEST_F(SearchScreen, AQuoteInANumberOrADateIsNoPartOfTheStatement)
+{
+    for (const SearchField& field : SearchFields()) {
+        if (field.kind == SearchKind::Like || field.kind == SearchKind::Equal)
+            continue;
+        for (const QString& typed : {u"'"_s, u"12' OR '1'='1"_s, u"#12#"_s, u"1e999"_s, u"nan"_s}) {
+            frm_SearchSQL screen(Base());
+            screen.Open();
+            screen.SetText(QString(field.control), typed);
+            if (field.kind != SearchKind::Date)
+                screen.SetText(QString(field.rangeControl), typed);
+            try {
+                Press(screen.cmdSearch);
+                EXPECT_FALSE(screen.lblSQL.Caption().contains(u"'1'='1'"_s));
+            } catch (const RuntimeError& failure) {
+                ADD_FAILURE() << field.control.data() << ' ' << typed.toStdString() << ": "
+                              << failure.Description().toStdString();
+            }
+        }
+    }
+}
+
 TEST_F(SearchScreen, ALabelClearsItsOwnField)
 {
     frm_SearchSQL screen(Base());

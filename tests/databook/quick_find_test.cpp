@@ -85,6 +85,44 @@ TEST_F(QuickFinding, NarrowsAsOneTypesOverTheFiveFields)
     }
 }
 
+TEST_F(QuickFinding, TakesEveryKindOfText)
+{
+    AddRow({{key, u"7 CALLE PE\u00d1A"_s},
+            {u"ADDRESS"_s, u"7 Calle Pe\u00f1a"_s},
+            {u"CITY"_s, u"\u05d7\u05d9\u05e4\u05d4"_s},
+            {u"NOTES"_s, u"it's 100% \"x\" [a-z] * ? _ ; --"_s}});
+    DisplayAllRecords(ports, desk, datsql, rows, 1);
+    const QStringList found{u"7 CALLE PE\u00d1A"_s};
+    const std::pair<QString, QStringList> typed[] = {
+        {u"PE\u00d1A"_s, found},
+        {u"pe\u00f1a"_s, found},
+        {u"\u05d7\u05d9\u05e4\u05d4"_s, found},
+        {u"it's"_s, found},
+        {u"100%"_s, found},
+        {u"\"x\""_s, found},
+        {u"[a-z]"_s, found},
+        {u"* ? _ ; --"_s, found},
+        {u"NOT AND OR NEAR("_s, {}},
+        {u"a\x01 b\t\r\n"_s, {}},
+        {QString(5000, u'W'), {}},
+        {QString(2000, u'\'').append(u" \" "_s), {}},
+        {QString(QChar(0)), {u"114 OAK ST"_s, u"22 FERRY RD"_s, u"9 ELM CT"_s, found[0]}},
+    };
+    for (const bool indexed : {false, true}) {
+        while (indexed && find->Work()) {
+        }
+        for (const auto& [text, keys] : typed) {
+            Type({});
+            Type(text);
+            QStringList shown = Shown();
+            shown.sort();
+            QStringList wanted = keys;
+            wanted.sort();
+            EXPECT_EQ(shown, wanted) << text.left(20).toStdString() << (indexed ? " indexed" : "");
+        }
+    }
+}
+
 TEST_F(QuickFinding, LeavesTheSearchAlone)
 {
     const GridState before = desk.state;

@@ -150,6 +150,19 @@ TEST_F(CheckStatus, AFoundCompWithoutATypeIsSingleFamily)
     EXPECT_EQ(desk.cboapprslType.Text(), u"F=Single Family"_s);
 }
 
+TEST_F(CheckStatus, EveryKindOfTextIsLookedUp)
+{
+    for (const QString& text : {QString(5000, u'W'), u"Caf\u00e9 \u00d1u\u00f1ez"_s,
+                                u"\u05e8\u05d7\u05d5\u05d1 12"_s, u"12 MAIN ST\t"_s, u"O'B \"x\" *; --"_s}) {
+        desk.txtcentralkey.SetText(text);
+        desk.CheckStatus(ports, source, status);
+        EXPECT_EQ(status.lblmsg.Caption(), text.toUpper() + u" was NOT found in the comp file."_s);
+        EXPECT_TRUE(desk.cmdAdd.Enabled());
+        EXPECT_FALSE(desk.cmdDelete.Enabled());
+    }
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
 TEST_F(CheckStatus, ANewAddressMayBeAdded)
 {
     desk.cboapprslType.SetText(u"L=Land"_s);

@@ -4,10 +4,10 @@
 #include "support/databook_home.h"
 
 #if __has_include(<sys/resource.h>)
-#include <csignal>
-#include <sys/resource.h>
+#include "support/file_limit.h"
 #endif
 #if __has_include(<sys/wait.h>)
+#include <csignal>
 #include <sys/wait.h>
 #include <unistd.h>
 #endif
@@ -157,33 +157,13 @@ TEST_F(Records, ACompThatSomebodyElseAddsFirstIsReportedAsThere)
 }
 
 #if __has_include(<sys/resource.h>)
-/// As if the disk were full: no file grows beyond `bytes` while this stands.
-class FileLimit
-{
-public:
-    explicit FileLimit(qint64 bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{static_cast<rlim_t>(bytes), m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileLimit() { Lift(); }
-    void Lift() { setrlimit(RLIMIT_FSIZE, &m_before); }
-    FileLimit(const FileLimit&) = delete;
-    FileLimit& operator=(const FileLimit&) = delete;
-
-private:
-    rlimit m_before{};
-};
-
 TEST_F(Records, WithoutRoomOnTheDiskTheUserIsAskedAndNothingIsLost)
 {
     doubles.prompter.AnswerAlways(forms::Answer::Abort);
     const auto address = [](int i) { return u"%1 FULL DISK RD"_s.arg(i); };
     int added = 0;
     {
-        const FileLimit limit(disk.FileLen(path));
+        const tests::FileLimit limit(disk.FileLen(path));
         databook::RecordResult result;
         while (added < 2000 && (result = Add(address(added))))
             ++added;
@@ -205,7 +185,7 @@ TEST_F(Records, WithoutRoomOnTheDiskTheUserIsAskedAndNothingIsLost)
 class Tidying : public tests::ScriptedPrompter
 {
 public:
-    FileLimit* limit = nullptr;
+    tests::FileLimit* limit = nullptr;
     forms::Answer MsgBox(forms::Buttons buttons, forms::Icon icon, const QString& title,
                          const QString& text) override
     {
@@ -218,7 +198,7 @@ public:
 TEST_F(Records, ARetryWritesAllOfItAgain)
 {
     Tidying prompter;
-    FileLimit limit(disk.FileLen(path));
+    tests::FileLimit limit(disk.FileLen(path));
     prompter.limit = &limit;
     const forms::Ports tidying{prompter, ports.pump, ports.clock, ports.random, ports.window, ports.screens};
     for (int i = 0; i < 2000 && prompter.Boxes().empty(); ++i) {

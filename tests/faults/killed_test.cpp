@@ -31,7 +31,7 @@ protected:
         const bool done = said.contains("was added.") || said.contains("was changed.") ||
                           said.contains(" now.") || said.contains("was copied to") ||
                           said.contains("was deleted.") || said.contains("were changed.") ||
-                          said.contains("was added to");
+                          said.contains("was added to") || said.contains("was saved.");
         ++(done ? m_done : m_killed);
         return done;
     }
@@ -228,6 +228,61 @@ TEST_F(Killed, APhraseIsStoredWholeOrNotAtAll)
         const bool reported = RunAndKill({u"comments"_s, u"add"_s, field, phrase});
         const QStringList now = phrases();
         EXPECT_TRUE(now == known + QStringList{phrase} || (!reported && now == known))
+            << now.join(u'|').toStdString() << " in run " << i;
+        known = now;
+    }
+}
+
+TEST_F(Killed, ASettingIsTheOldOneOrTheNewOneAndTheRestStays)
+{
+    const auto settings = [this] {
+        QMap<QString, QString> all;
+        const Ended list = home.Vasctl({u"settings"_s, u"list"_s});
+        EXPECT_EQ(list.code, kDone) << list.err.toStdString();
+        for (const QJsonValue& value : list.Array()) {
+            const QJsonObject row = value.toObject();
+            all.insert(row[u"section"_s].toString() + u'/' + row[u"key"_s].toString(),
+                       row[u"value"_s].toString());
+        }
+        return all;
+    };
+    const QString key = u"PREFERENCES/QUALITY"_s;
+    const Timed usual = Vasctl({u"settings"_s, u"set"_s, u"QUALITY"_s, u"50"_s});
+    ASSERT_EQ(usual.code, kDone) << usual.Story();
+    Usually(usual);
+    QMap<QString, QString> known = settings();
+    ASSERT_EQ(known.value(key), u"50"_s);
+    for (int i = 51; i <= 66; ++i) {
+        const bool reported = RunAndKill({u"settings"_s, u"set"_s, u"QUALITY"_s, QString::number(i)});
+        const QMap<QString, QString> now = settings();
+        QMap<QString, QString> wanted = known;
+        wanted[key] = QString::number(i);
+        EXPECT_TRUE(now == wanted || (!reported && now == known)) << "in run " << i;
+        known = now;
+    }
+}
+
+TEST_F(Killed, ALayoutIsSavedWholeOrNotAtAll)
+{
+    const auto layouts = [this] {
+        QStringList all;
+        const Ended list = home.Vasctl({u"layouts"_s, u"list"_s});
+        EXPECT_EQ(list.code, kDone) << list.err.toStdString();
+        for (const QJsonValue& value : list.Array()) {
+            all.append(value.toObject()[u"layout"_s].toString());
+            EXPECT_EQ(value.toObject()[u"columns"_s], u"29"_s) << all.last().toStdString();
+        }
+        return all;
+    };
+    const Timed usual = Vasctl({u"layouts"_s, u"save"_s, u"Kill 0"_s});
+    ASSERT_EQ(usual.code, kDone) << usual.Story();
+    Usually(usual);
+    QStringList known = layouts();
+    for (int i = 1; i <= 16; ++i) {
+        const QString name = u"Kill %1"_s.arg(i);
+        const bool reported = RunAndKill({u"layouts"_s, u"save"_s, name});
+        const QStringList now = layouts();
+        EXPECT_TRUE(now == known + QStringList{name} || (!reported && now == known))
             << now.join(u'|').toStdString() << " in run " << i;
         known = now;
     }
