@@ -270,6 +270,29 @@ TEST_F(MainWindowTest, PlacesAreRemembered)
     EXPECT_EQ(Find<QSplitter>(u"topSplitter"_s)->sizes(), sizes);
 }
 
+TEST_F(MainWindowTest, ResizingKeepsTheProportionsOfThePanes)
+{
+    const auto share = [this](const QString& name) {
+        const QList<int> sizes = Find<QSplitter>(name)->sizes();
+        return static_cast<double>(sizes.first()) / (sizes.first() + sizes.last());
+    };
+    window->resize(1700, 900);
+    QApplication::processEvents();
+    Find<QSplitter>(u"mainSplitter"_s)->setSizes({350, 450});
+    Find<QSplitter>(u"topSplitter"_s)->setSizes({900, 760});
+    Find<QSplitter>(u"bottomSplitter"_s)->setSizes({1000, 660});
+    QApplication::processEvents();
+    QMap<QString, double> before;
+    for (const QString& name : {u"mainSplitter"_s, u"topSplitter"_s, u"bottomSplitter"_s})
+        before[name] = share(name);
+    for (const QSize& size : {QSize(2400, 1300), QSize(1600, 860), QSize(3000, 1600), QSize(1700, 900)}) {
+        window->resize(size);
+        QApplication::processEvents();
+        for (const QString& name : before.keys())
+            EXPECT_NEAR(share(name), before[name], 0.01) << name.toStdString() << " at " << size.width();
+    }
+}
+
 TEST_F(MainWindowTest, TheThemeIsRemembered)
 {
     Find<QToolButton>(u"themeButton"_s)->click();
