@@ -17,6 +17,7 @@
 #include <QRadioButton>
 #include <QStackedWidget>
 #include <QTest>
+#include <QTimer>
 
 // The settings screen in its window: pages, search, keys.
 
@@ -175,6 +176,32 @@ TEST_F(ConfigWindow, EveryFieldIsReachedByTab)
                     << field.about.control.data();
             }
         }
+    }
+}
+
+TEST_F(ConfigWindow, ItOpensOverTheMiddleOfItsOwner)
+{
+    window.reset();
+    config.Unload();
+    config.End();
+    QWidget owner;
+    WindowScreens screens;
+    screens.SetGuard(&guard);
+    screens.SetOwner(&owner);
+    for (const QRect& place : {QRect(0, 0, 800, 700), QRect(10, 60, 780, 700)}) {
+        owner.setGeometry(place);
+        owner.show();
+        QApplication::processEvents();
+        QPoint middle;
+        QTimer::singleShot(50, &owner, [&] {
+            if (auto* shown = QApplication::activeModalWidget()) {
+                middle = shown->frameGeometry().center();
+                shown->close();
+            }
+        });
+        screens.ShowModal(config);
+        EXPECT_NEAR(middle.x(), place.center().x(), 2);
+        EXPECT_NEAR(middle.y(), place.center().y(), 2);
     }
 }
 
