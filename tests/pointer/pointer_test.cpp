@@ -1,5 +1,5 @@
 // Drives the real programs with a real pointer on a virtual display: a row of the grid is dragged to a slot,
-// and the report in the forms program fills.
+// and the report in the forms program fills; columns are arranged by their headings.
 
 #include "support/processes.h"
 
@@ -99,11 +99,17 @@ protected:
         Xdotool({u"mousemove"_s, QString::number(point.x()), QString::number(point.y())});
     }
 
-    void Click(QPoint point)
+    void Click(QPoint point, const QString& button = u"1"_s)
     {
         MoveTo(point);
-        Xdotool({u"click"_s, u"1"_s});
+        Xdotool({u"click"_s, button});
         QThread::msleep(300);
+    }
+
+    /// Of a column's heading; empty while it is not on the screen.
+    [[nodiscard]] QJsonArray Head(const QString& field) const
+    {
+        return Places().value(u"heads"_s).toObject().value(field).toArray();
     }
 
     void Drag(QPoint from, QPoint to)
@@ -175,6 +181,41 @@ TEST_F(Pointer, ReplacingACompAsksAndTheKeyboardAnswers)
     Xdotool({u"key"_s, u"alt+y"_s});
     EXPECT_TRUE(
         WaitFor([&] { return m_home.Cell(1, u"ADDRESS"_s) == record[u"ADDRESS"_s].toString(); }, 20000));
+}
+
+TEST_F(Pointer, ColumnsAreHiddenSizedAndMovedByTheirHeadingsAndTheEndKeepsThem)
+{
+    ASSERT_TRUE(WaitFor([this] { return !Head(u"CITY"_s).isEmpty(); }));
+    Click(Middle(Head(u"CITY"_s)), u"3"_s);
+    Xdotool({u"key"_s, u"h"_s});
+    ASSERT_TRUE(WaitFor([this] { return Head(u"CITY"_s).isEmpty(); })) << "Hide This Column";
+
+    const QJsonArray address = Head(u"ADDRESS"_s);
+    ASSERT_FALSE(address.isEmpty());
+    const QPoint border(address[0].toInt() + address[2].toInt() - 1, Middle(address).y());
+    Drag(border, border + QPoint(60, 0));
+    EXPECT_TRUE(WaitFor([&] { return Head(u"ADDRESS"_s)[2].toInt() == address[2].toInt() + 60; }));
+
+    Drag(Middle(Head(u"ADDRESS"_s)), Middle(Head(u"CENTRALKEY"_s)) - QPoint(40, 0));
+    EXPECT_TRUE(WaitFor(
+        [this] { return Head(u"ADDRESS"_s)[0].toInt() < Head(u"CENTRALKEY"_s)[0].toInt(); }));
+
+    Xdotool({u"key"_s, u"ctrl+q"_s});
+    ASSERT_TRUE(m_vasclip.waitForFinished(kPatienceMs)) << "File, Exit";
+    EXPECT_EQ(m_vasclip.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(m_vasclip.exitCode(), 0);
+    QStringList order;
+    for (const QJsonValue& value : m_home.Vasctl({u"layouts"_s, u"show"_s, u"Current (User)"_s}).Array()) {
+        const QJsonObject column = value.toObject();
+        const QString field = column[u"field"_s].toString();
+        order.append(field);
+        EXPECT_EQ(column[u"visible"_s].toString(), field == u"CITY"_s ? u"no"_s : u"yes"_s)
+            << field.toStdString();
+        if (field == u"ADDRESS"_s) {
+            EXPECT_EQ(column[u"width"_s].toString().toInt(), address[2].toInt() + 60);
+        }
+    }
+    EXPECT_EQ(order.mid(0, 3), (QStringList{u"FRONT"_s, u"ADDRESS"_s, u"CENTRALKEY"_s}));
 }
 
 TEST_F(Pointer, AThumbnailDraggedToAPhotoIsFiledAndSent)

@@ -63,6 +63,15 @@ QJsonObject PlacesReport::Places() const
         rows.append(line);
     }
     places.insert(u"rows"_s, rows);
+    QJsonObject heads; // by field
+    const QHeaderView& header = *grid.horizontalHeader();
+    const auto& columns = grid.Control()->Columns();
+    for (int column = 0; column < columns.size(); ++column) {
+        const QRect place(header.sectionViewportPosition(column), 0, header.sectionSize(column), header.height());
+        if (!header.isSectionHidden(column) && header.viewport()->rect().contains(place))
+            heads.insert(columns.at(column).field, Rectangle(*header.viewport(), place));
+    }
+    places.insert(u"heads"_s, heads);
     return places;
 }
 
