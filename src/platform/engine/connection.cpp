@@ -51,7 +51,8 @@ QString OtherUser(const QString& nativePath)
 Connection::Connection(const Setup& setup)
     : m_setup(setup)
 {
-    const int flags = setup.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    // A connection has one thread, so SQLite need not lock it for every value that is read.
+    const int flags = (setup.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE) | SQLITE_OPEN_NOMUTEX;
     NoteOpen(setup.nativePath, 1);
     try {
         const int code = sqlite3_open_v2(setup.nativePath.toUtf8().constData(), &m_handle,

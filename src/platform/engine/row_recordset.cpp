@@ -54,6 +54,7 @@ RowRecordset::RowRecordset(std::shared_ptr<Session> session, sql::Plan plan)
     }
     m_rowSql = u"SELECT %1, %2 FROM %3 WHERE %4 = ?1"_s.arg(VersionName(), columns.join(u", "_s),
                                                             m_plan.tableSql, IdName());
+    m_versionSql = u"SELECT %1 FROM %2 WHERE %3 = ?1"_s.arg(VersionName(), m_plan.tableSql, IdName());
     m_session->recordsets.push_back(this);
     m_session->connection->AddUse(Table().name);
 }
@@ -114,12 +115,13 @@ qint64 RowRecordset::NeedId() const
 void RowRecordset::Moved()
 {
     CancelUpdate();
-    m_row.reset();
+    m_current = false;
 }
 
 void RowRecordset::ShowComputed(const QVariantList& values)
 {
     m_row = Row{0, 0, 0, values};
+    m_current = true;
 }
 
 std::optional<RowRecordset::Row> RowRecordset::ReadRow(qint64 id) const
@@ -139,16 +141,33 @@ std::optional<RowRecordset::Row> RowRecordset::ReadRow(qint64 id) const
     return row;
 }
 
+bool RowRecordset::Unchanged(qint64 id) const
+{
+    // Ids are never given out again, and every change raises the version; one taken back, the generation.
+    if (!m_row || m_row->id != id || m_plan.computed || m_row->generation != Open().Generation())
+        return false;
+    Query query(Open(), m_versionSql);
+    query.Bind(1, id);
+    return query.Step() && query.Integer(0) == m_row->version;
+}
+
+bool RowRecordset::ReadNow(qint64 id) const
+{
+    if (!Unchanged(id))
+        m_row = ReadRow(id);
+    m_current = m_row.has_value();
+    return m_current;
+}
+
 const RowRecordset::Row& RowRecordset::NeedRow() const
 {
     const qint64 id = NeedId();
     // What other record sets of this engine change shows at once, unless this one is being edited.
     const bool fresh = m_mode == EditMode::InProgress || m_plan.computed ||
-                       (m_row && m_row->generation == Open().Generation());
+                       (m_current && m_row && m_row->generation == Open().Generation());
     if (m_row && (m_row->id == id || m_plan.computed) && fresh)
         return *m_row;
-    m_row = ReadRow(id);
-    if (!m_row)
+    if (!ReadNow(id))
         throw RuntimeError(error::kRecordDeleted, u"The record was deleted by somebody else"_s);
     return *m_row;
 }
@@ -232,8 +251,7 @@ void RowRecordset::Edit()
     NeedUpdatable();
     const qint64 id = NeedId();
     CancelUpdate();
-    m_row = ReadRow(id);
-    if (!m_row)
+    if (!ReadNow(id))
         throw RuntimeError(error::kRecordDeleted, u"The record was deleted by somebody else"_s);
     m_mode = EditMode::InProgress;
 }

@@ -42,7 +42,7 @@ protected:
     [[nodiscard]] const sql::Plan& Plan() const { return m_plan; }
     [[nodiscard]] const TableDef& Table() const { return m_plan.table; }
     [[nodiscard]] qint64 NeedId() const; ///< the current row; @throws 3021 without one
-    void Moved();                        ///< drops an edit and what is known of the row
+    void Moved();                        ///< drops an edit; the row is looked at anew
     /// Shows a row that no table holds (a count).
     void ShowComputed(const QVariantList& values);
 
@@ -62,7 +62,9 @@ private:
     };
 
     [[nodiscard]] std::optional<Row> ReadRow(qint64 id) const;
-    [[nodiscard]] const Row& NeedRow() const; ///< @throws 3021, 3167
+    [[nodiscard]] bool Unchanged(qint64 id) const; ///< is m_row the row, as the file holds it now?
+    [[nodiscard]] bool ReadNow(qint64 id) const;   ///< into m_row; false if the row is gone
+    [[nodiscard]] const Row& NeedRow() const;      ///< @throws 3021, 3167
     [[nodiscard]] int NeedField(int field) const;
     [[nodiscard]] int NeedField(const QString& name) const;
     [[nodiscard]] int NeedSource(int field) const;
@@ -78,7 +80,9 @@ private:
     FieldList m_fields;
     QHash<QString, int> m_byName;
     QString m_rowSql;
+    QString m_versionSql;
     mutable std::optional<Row> m_row;
+    mutable bool m_current = false; ///< m_row was read, or found unchanged, since the last move
     EditMode m_mode = EditMode::None;
     std::map<int, QVariant> m_changes;  ///< by field of the table
     std::map<int, QByteArray> m_chunks; ///< appended so far, by field of the table

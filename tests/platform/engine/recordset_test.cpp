@@ -212,6 +212,23 @@ TEST_F(RecordsetTest, DynasetSortsByValueAndPeeks)
     EXPECT_EQ(query->PositionOf(query->GetBookmark()), 3);
 }
 
+TEST_F(RecordsetTest, PeeksAtComputedColumnsWithAndWithoutGapsInTheNumbers)
+{
+    const QString text = u"SELECT CENTRALKEY & ' in ' & CITY AS PLACE, CITY FROM COMPS"_s;
+    const QList<int> both{1, 0};
+    const auto whole = Query(text);
+    const auto kept = Query(u"SELECT CENTRALKEY & ' in ' & CITY AS PLACE, CITY FROM COMPS "
+                            "WHERE CENTRALKEY <> '7 ELM AVE'"_s);
+    ASSERT_EQ(whole->RecordCount(), 4);
+    ASSERT_EQ(kept->RecordCount(), 3);
+    for (qint64 row = 0; row < 4; ++row) {
+        const QVariantList values = whole->Peek(row, both);
+        EXPECT_EQ(values[1], kStored[row] + u" in "_s + values[0].toString());
+    }
+    EXPECT_EQ(kept->Peek(1, both), whole->Peek(2, both));
+    EXPECT_EQ(kept->Peek(2, {0}), whole->Peek(3, {0}));
+}
+
 TEST_F(RecordsetTest, LongValuesInPieces)
 {
     QByteArray picture;

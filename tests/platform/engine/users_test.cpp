@@ -104,6 +104,31 @@ TEST_F(UsersTest, AConflictingEditIsError3197AndASecondUpdateOverwrites)
     EXPECT_EQ(City(u"A1"_s), u"Mine"_s);
 }
 
+TEST_F(UsersTest, ARecordStoodOnAgainIsAsOthersLeftIt)
+{
+    EXPECT_EQ(City(u"A1"_s), u"Salem"_s);
+    Run({u"set"_s, u"A1"_s, u"Bend"_s});
+    EXPECT_EQ(table->Value(u"CITY"_s), u"Salem"_s) << "still standing on it";
+    EXPECT_EQ(City(u"A1"_s), u"Bend"_s);
+    Run({u"set"_s, u"A1"_s, u"Troy"_s});
+    table->Edit();
+    EXPECT_EQ(table->Value(u"CITY"_s), u"Troy"_s);
+    table->CancelUpdate();
+    Run({u"drop"_s, u"A1"_s});
+    EXPECT_EQ(ErrorOf([&] { table->Edit(); }), error::kRecordDeleted);
+}
+
+TEST_F(UsersTest, AChangeTakenBackIsNotTakenForAnothersOfTheSameVersion)
+{
+    database->BeginTrans();
+    Edit(u"A1"_s, u"Bend"_s);
+    table->Update();
+    EXPECT_EQ(City(u"A1"_s), u"Bend"_s);
+    database->Rollback();
+    Run({u"set"_s, u"A1"_s, u"Troy"_s});
+    EXPECT_EQ(City(u"A1"_s), u"Troy"_s);
+}
+
 TEST_F(UsersTest, AnEditOfADeletedRecordIsError3167)
 {
     const auto rows = database->OpenRecordset(u"COMPS"_s, RecordsetType::Dynaset);
