@@ -17,14 +17,15 @@ constexpr auto kMayBeCorrupt =
     "The databases may be corrupt.  Please run the rebuild programs. (Double Click on the "
     "icons) and restart Vasclip Manager."_L1;
 
-QString FixedLength(const QString& name)
+QString FixedLength(const char* name)
 {
-    return name.leftJustified(kNameLength, u' ', true);
+    return QString::fromUtf8(name).leftJustified(kNameLength, u' ', true);
 }
 
+/// Scopes come and go with every cell that goes over the link, so names are made texts only when asked for.
 struct State
 {
-    QString current = FixedLength({});
+    const char* current = "";
     QString failed; ///< the innermost routine that the error on its way up has left
     std::function<void(const QString&)> log;
 };
@@ -39,7 +40,7 @@ State& TheState()
 QString FailedRoutine()
 {
     const State& state = TheState();
-    return text::Trim(state.failed.isEmpty() ? state.current : state.failed);
+    return text::Trim(state.failed.isEmpty() ? FixedLength(state.current) : state.failed);
 }
 
 QString ErrorText(const RuntimeError& failure)
@@ -54,7 +55,7 @@ RoutineScope::RoutineScope(const char* name)
     : m_previous(TheState().current)
     , m_unwinding(std::uncaught_exceptions())
 {
-    TheState().current = FixedLength(QString::fromUtf8(name));
+    TheState().current = name;
     if (m_unwinding == 0)
         TheState().failed.clear();
 }
@@ -63,13 +64,13 @@ RoutineScope::~RoutineScope()
 {
     State& state = TheState();
     if (std::uncaught_exceptions() > m_unwinding && state.failed.isEmpty())
-        state.failed = state.current;
+        state.failed = FixedLength(state.current);
     state.current = m_previous;
 }
 
 QString RoutineScope::Current()
 {
-    return TheState().current;
+    return FixedLength(TheState().current);
 }
 
 ErrorAction FileErrors(forms::Prompter& prompter, const RuntimeError& failure)

@@ -14,7 +14,7 @@ namespace vasclip::common {
 class RoutineScope
 {
 public:
-    explicit RoutineScope(const char* name);
+    explicit RoutineScope(const char* name); ///< must outlive the scope
     ~RoutineScope();
     RoutineScope(const RoutineScope&) = delete;
     RoutineScope& operator=(const RoutineScope&) = delete;
@@ -22,7 +22,7 @@ public:
     [[nodiscard]] static QString Current(); ///< 20 characters
 
 private:
-    QString m_previous;
+    const char* m_previous;
     int m_unwinding;
 };
 

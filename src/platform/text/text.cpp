@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <optional>
 
 namespace vasclip::text {
 
@@ -42,6 +43,21 @@ double RadixValue(const QString& digits, qsizetype at, int base)
         return static_cast<std::int16_t>(value);
     if (value <= 0xFFFFFFFF)
         return static_cast<std::int32_t>(value);
+    return static_cast<double>(value);
+}
+
+/// What most texts are, a few digits, needs no copy; nullopt for anything else.
+std::optional<double> FewDigits(const QString& text)
+{
+    constexpr qsizetype kExact = 15; // so many digits fit a double whole
+    if (text.isEmpty() || text.size() > kExact)
+        return std::nullopt;
+    std::int64_t value = 0;
+    for (const QChar c : text) {
+        if (!IsDigit(c))
+            return std::nullopt;
+        value = value * 10 + (c.unicode() - u'0');
+    }
     return static_cast<double>(value);
 }
 
@@ -95,6 +111,8 @@ QString Folded(const QString& text)
 
 double Val(const QString& text)
 {
+    if (const std::optional<double> few = FewDigits(text))
+        return *few;
     QString seen;
     seen.reserve(text.size());
     for (const QChar c : text) {
