@@ -153,4 +153,16 @@ QList<MappingRow> ReadMappingRows(const store::DataSource& source, MappingColumn
     return rows;
 }
 
+const QList<MappingRow>& MappingPages::Rows(store::DataSource& source, const QString& formType,
+                                            const QString& comp, const QString& compType)
+{
+    const Page page{formType, comp, compType};
+    auto found = m_rows.find(page);
+    if (found == m_rows.end()) {
+        Select(source, FilterComp2KelQuery(formType, comp, compType));
+        found = m_rows.emplace(page, ReadMappingRows(source, MappingColumns::Fields)).first;
+    }
+    return found->second;
+}
+
 } // namespace vasclip::link

@@ -2,6 +2,9 @@
 
 #include "store/data_source.h"
 
+#include <array>
+#include <map>
+
 namespace vasclip::link {
 
 /// One row of the mapping, every column trimmed.
@@ -45,5 +48,19 @@ enum class MappingColumns {
 /// shared: who holds the rows needs it no more, whatever a turn of the queue does to it.
 [[nodiscard]] QList<MappingRow> ReadMappingRows(const store::DataSource& source,
                                                 MappingColumns columns = MappingColumns::All);
+
+/// Mapping rows that were read once, by form, page base and group. Comps of one page share their rows, and
+/// asking for them anew costs more than a comp's own storing; kept no longer than one transfer.
+class MappingPages
+{
+public:
+    /// The rows that FilterComp2Kel selects, in their order; empty if there are none.
+    const QList<MappingRow>& Rows(store::DataSource& source, const QString& formType, const QString& comp,
+                                  const QString& compType);
+
+private:
+    using Page = std::array<QString, 3>;
+    std::map<Page, QList<MappingRow>> m_rows;
+};
 
 } // namespace vasclip::link

@@ -82,14 +82,13 @@ void StoreByType(LinkDesk& desk, const CompCell& cell)
 } // namespace
 
 std::optional<QList<CompCell>> ReadCompData(LinkDesk& desk, const QString& formType, const QString& report,
-                                            qint16 comp, const QString& compType,
+                                            qint16 comp, const QString& compType, MappingPages& pages,
                                             const std::function<bool()>& goOn)
 {
     const common::RoutineScope scope{"GetCompData"};
     QList<CompCell> cells;
-    store::DataSource& mapping = desk.sources.datComp2Kel_CURRENT;
-    FilterComp2Kel(mapping, formType, text::Dec(KelPageBase(comp)), MappingGroup(compType));
-    const QList<MappingRow> rows = ReadMappingRows(mapping, MappingColumns::Fields);
+    const QList<MappingRow> rows = pages.Rows(desk.sources.datComp2Kel_CURRENT, formType,
+                                              text::Dec(KelPageBase(comp)), MappingGroup(compType));
     if (rows.isEmpty()) {
         desk.ports.prompter.Box(messages::kNoMappingTitle, messages::kNoMapping);
         return cells;
@@ -134,7 +133,8 @@ bool GetCompData(LinkDesk& desk, const QString& formType, const QString& report,
 {
     const common::RoutineScope scope{"GetCompData"};
     const QString key = store::GetFieldData(desk.sources.datDatabook, u"CENTRALKEY"_s);
-    const std::optional<QList<CompCell>> cells = ReadCompData(desk, formType, report, comp, compType);
+    MappingPages pages;
+    const std::optional<QList<CompCell>> cells = ReadCompData(desk, formType, report, comp, compType, pages);
     if (!cells || cells->isEmpty())
         return false;
     engine::Recordset& record = desk.sources.datDatabook.Recordset();

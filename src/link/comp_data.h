@@ -1,5 +1,6 @@
 #pragma once
 
+#include "link/comp2kel.h"
 #include "link/link_desk.h"
 
 #include <optional>
@@ -17,13 +18,14 @@ struct CompCell
 /// asked for. The queue is turned now and then, so that a slow forms program can be given up.
 /// @param comp      1 to 9, 10 for the subject
 /// @param compType  RENT, LIST and ALT are groups of their own, any other word is SALE
+/// @param pages     mapping rows of a transfer's earlier comps; those of this one are added
 /// @param goOn      asked after each turn of the queue; false ends the reading
 /// @return the cells; none if the mapping has no rows for the comp, which has been said; nullopt if it was
 /// given up
 /// @throws RuntimeError of the exchange, with the cell it was at
 [[nodiscard]] std::optional<QList<CompCell>> ReadCompData(LinkDesk& desk, const QString& formType,
                                                           const QString& report, qint16 comp,
-                                                          const QString& compType,
+                                                          const QString& compType, MappingPages& pages,
                                                           const std::function<bool()>& goOn = {});
 
 /// Stores the cells in the record that datDatabook is editing or adding; the caller updates. A blank cell

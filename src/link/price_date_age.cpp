@@ -130,12 +130,12 @@ QString PriceDateAge(LinkDesk& desk, const QString& field, const QString& report
 
 bool StorePriceDateAge(store::DataSource& databook, QDate today, const QString& field, const QString& text)
 {
-    const common::RoutineScope scope{"PriceDateAge"};
     const QString folded = text::Folded(field);
     const auto rule = std::find_if(kRules.begin(), kRules.end(),
                                    [&folded](const FieldRule& row) { return folded == row.field; });
     if (rule == kRules.end())
         return false;
+    const common::RoutineScope scope{"PriceDateAge"};
     Cell cell(databook, today, text);
     return (cell.*rule->store)();
 }

@@ -23,10 +23,12 @@ constexpr int kTries = 5;
 class Saving
 {
 public:
-    Saving(LinkDesk& desk, const QString& key, const QString& compType, const std::function<bool()>& goOn)
+    Saving(LinkDesk& desk, const QString& key, const QString& compType, MappingPages& pages,
+           const std::function<bool()>& goOn)
         : m_desk(desk)
         , m_key(key)
         , m_compType(compType)
+        , m_pages(pages)
         , m_goOn(goOn)
     {}
 
@@ -41,10 +43,11 @@ public:
                     return outcome;
             }
             // Both the question and the reading turned the queue.
-            if (StandOn(m_desk, m_key) && !m_asked)
+            const bool stillThere = StandOn(m_desk, m_key);
+            if (stillThere && !m_asked)
                 continue;
             try {
-                return Store();
+                return Store(stillThere);
             } catch (const RuntimeError& failure) {
                 // Another user added, deleted or changed it a moment ago: look again.
                 const bool meanwhile = failure.Number() == error::kDuplicateKey ||
@@ -62,8 +65,8 @@ private:
         m_asked = true;
         const QString address = store::GetFieldData(m_desk.sources.datDatabook, u"ADDRESS"_s);
         m_desk.ports.window.AppActivate();
-        return m_desk.ports.prompter.YesNo(
-            store::kPlainTitle, messages::kReplaceData.arg(address.isEmpty() ? m_key : address));
+        return m_desk.ports.prompter.YesNo(store::kPlainTitle,
+                                           messages::kReplaceData.arg(address.isEmpty() ? m_key : address));
     }
 
     SaveOutcome Read()
@@ -72,9 +75,9 @@ private:
         if (m_desk.state.compNumber == -1)
             return SaveOutcome::Added;
         m_desk.ports.window.AppActivate();
-        auto cells = ReadCompData(m_desk, m_desk.addr.txtFormType.Text(),
-                                  text::Trim(m_desk.addr.txtKelReport.Text()), m_desk.state.compNumber,
-                                  m_compType, m_goOn);
+        auto cells =
+            ReadCompData(m_desk, m_desk.addr.txtFormType.Text(), text::Trim(m_desk.addr.txtKelReport.Text()),
+                         m_desk.state.compNumber, m_compType, m_pages, m_goOn);
         m_desk.ports.window.AppActivate();
         if (!cells)
             return SaveOutcome::GivenUp;
@@ -84,11 +87,11 @@ private:
         return SaveOutcome::Added;
     }
 
-    SaveOutcome Store()
+    /// @param there  datDatabook stands on the record
+    SaveOutcome Store(bool there)
     {
         store::DataSource& databook = m_desk.sources.datDatabook;
         engine::Recordset& record = databook.Recordset();
-        const bool there = StandOn(m_desk, m_key);
         if (there)
             record.Edit();
         else
@@ -114,6 +117,7 @@ private:
     LinkDesk& m_desk;
     QString m_key;
     QString m_compType;
+    MappingPages& m_pages;
     const std::function<bool()>& m_goOn;
     QList<CompCell> m_cells;
     bool m_asked = false;
@@ -133,7 +137,7 @@ void CheckLength(const LinkDesk& desk, const QString& key)
 } // namespace
 
 SaveOutcome SaveDataToDatabook(LinkDesk& desk, const QString& key, const QString& compType,
-                               const std::function<bool()>& goOn)
+                               MappingPages& pages, const std::function<bool()>& goOn)
 {
     const common::RoutineScope scope{"SaveDataToDatabook"};
     const QString folded = text::Folded(key);
@@ -142,7 +146,7 @@ SaveOutcome SaveDataToDatabook(LinkDesk& desk, const QString& key, const QString
     desk.state.currentKey = folded;
     SaveOutcome outcome = SaveOutcome::Failed;
     try {
-        Saving saving(desk, folded, compType, goOn);
+        Saving saving(desk, folded, compType, pages, goOn);
         common::Guarded(desk.ports.prompter, [&] {
             CheckLength(desk, folded);
             outcome = saving.Run();

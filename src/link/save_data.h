@@ -1,5 +1,6 @@
 #pragma once
 
+#include "link/comp2kel.h"
 #include "link/link_desk.h"
 
 namespace vasclip::link {
@@ -22,8 +23,8 @@ enum class SaveOutcome {
 /// @param key       address; trimmed and upper-cased
 /// @param compType  group word: COMP, ALT, LIST, RENT, or SALE for the subject; LinkState::compNumber says
 ///                  which comp, -1 stores the key alone
-/// @param goOn      as ReadCompData
+/// @param pages, goOn  as ReadCompData
 SaveOutcome SaveDataToDatabook(LinkDesk& desk, const QString& key, const QString& compType,
-                               const std::function<bool()>& goOn = {});
+                               MappingPages& pages, const std::function<bool()>& goOn = {});
 
 } // namespace vasclip::link

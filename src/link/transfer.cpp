@@ -91,7 +91,7 @@ private:
 
     bool Data(const QString& key, const common::Progress& progress)
     {
-        const SaveOutcome outcome = SaveDataToDatabook(m_desk, key, m_desk.state.groupWord,
+        const SaveOutcome outcome = SaveDataToDatabook(m_desk, key, m_desk.state.groupWord, m_pages,
                                                        [&progress] { return !progress.Stopped(); });
         switch (outcome) {
         case SaveOutcome::Added:
@@ -123,6 +123,7 @@ private:
     }
 
     LinkDesk& m_desk;
+    MappingPages m_pages;
     forms::Hourglass m_hourglass;
     TransferTally m_tally;
 };

@@ -209,7 +209,8 @@ TEST_F(CompData, GroupsAreReadFromTheirOwnRows)
                                      {u"RENT"_s, u"RENT"_s},
                                      {u"LIST"_s, u"LIST"_s},
                                      {u"whatever"_s, u"SALE"_s}}) {
-        (void)ReadCompData(desk, u"UA5"_s, u"SMITH"_s, 2, word);
+        MappingPages pages;
+        (void)ReadCompData(desk, u"UA5"_s, u"SMITH"_s, 2, word, pages);
         EXPECT_EQ(Asked(), QStringList(page + u"|7|5"_s)) << word.toStdString();
     }
 }
@@ -219,8 +220,9 @@ TEST_F(CompData, AReadingCanBeGivenUp)
     for (int row = 1; row <= 40; ++row)
         Field(u"GLA"_s, text::Dec(row), u"1"_s);
     int turns = 0;
+    MappingPages pages;
     const auto cells =
-        ReadCompData(desk, u"UA5"_s, u"SMITH"_s, 5, u"SALE"_s, [&turns] { return ++turns < 2; });
+        ReadCompData(desk, u"UA5"_s, u"SMITH"_s, 5, u"SALE"_s, pages, [&turns] { return ++turns < 2; });
     EXPECT_FALSE(cells.has_value());
     EXPECT_EQ(turns, 2);
     EXPECT_LT(Asked().size(), 40);

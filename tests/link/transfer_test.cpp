@@ -117,6 +117,24 @@ TEST_F(Transfer, AllSkipsEmptySlotsAndPagesTheReportLacks)
     EXPECT_TRUE(state.currentKey.isEmpty());
 }
 
+TEST_F(Transfer, CompsOfOnePageAreReadByOneLookIntoTheMapping)
+{
+    for (int comp = 1; comp <= 9; ++comp)
+        Slot(report.txtComp, comp, u"%1 A"_s.arg(comp));
+    int asked = 0;
+    QObject::connect(&sources.datComp2Kel_CURRENT, &store::DataSource::Refreshed, [&asked] { ++asked; });
+    EXPECT_EQ(TransferComps(desk, true, 0, What::Data).added, 9);
+    EXPECT_EQ(asked, 3);
+    EXPECT_EQ(Read(),
+              (QStringList{u"SALE1|7|1"_s, u"SALE1|7|2"_s, u"SALE1|7|3"_s, u"SALE4|7|1"_s, u"SALE4|7|2"_s,
+                           u"SALE4|7|3"_s, u"SALE7|7|1"_s, u"SALE7|7|2"_s, u"SALE7|7|3"_s}));
+    // The next transfer looks again: the mapping may be another one.
+    Map({u"UA5"_s, u"SALE7"_s, u"BATH"_s, u"8"_s, u"1"_s, u"SALE"_s, u"7"_s, u"1"_s});
+    doubles.prompter.Answer(forms::Answer::Yes);
+    EXPECT_EQ(TransferComps(desk, false, 7, What::Data).replaced, 1);
+    EXPECT_EQ(Read(), (QStringList{u"SALE7|7|1"_s, u"SALE7|8|1"_s}));
+}
+
 TEST_F(Transfer, EachGroupHasItsSlotsPagesRowsAndLetter)
 {
     Slot(report.txtAltComp, 4, u"1 ALT"_s);
@@ -171,14 +189,16 @@ TEST_F(Transfer, TheCityLineGoesToItsFieldsAndStaysInItsOwn)
 
 TEST_F(Transfer, ABlankAddressIsPassedOver)
 {
-    EXPECT_EQ(SaveDataToDatabook(desk, u"   "_s, u"COMP"_s), SaveOutcome::Blank);
+    MappingPages pages;
+    EXPECT_EQ(SaveDataToDatabook(desk, u"   "_s, u"COMP"_s, pages), SaveOutcome::Blank);
     EXPECT_TRUE(Keys().isEmpty());
     EXPECT_TRUE(conduit.Take().isEmpty());
 }
 
 TEST_F(Transfer, WithoutACompNumberTheKeyAloneIsStored)
 {
-    EXPECT_EQ(SaveDataToDatabook(desk, u"12 Oak St"_s, u"COMP"_s), SaveOutcome::Added);
+    MappingPages pages;
+    EXPECT_EQ(SaveDataToDatabook(desk, u"12 Oak St"_s, u"COMP"_s, pages), SaveOutcome::Added);
     EXPECT_TRUE(conduit.Take().isEmpty());
     EXPECT_EQ(Keys(), QStringList(u"12 OAK ST"_s));
 }

@@ -86,8 +86,9 @@ void AnswerYes(const Stage& stage, QWidget& dialog, const QString& name)
 int CellsStored(shell::frm_Main& main)
 {
     store::DataSource& databook = main.sources.datDatabook;
+    link::MappingPages pages;
     const auto cells = link::ReadCompData(main.Link(), main.addr.txtFormType.Text(),
-                                          text::Trim(main.addr.txtKelReport.Text()), 10, u"SALE"_s);
+                                          text::Trim(main.addr.txtKelReport.Text()), 10, u"SALE"_s, pages);
     int same = 0;
     for (const link::CompCell& cell : cells.value_or(QList<link::CompCell>())) {
         // The address is the key's, a cell of two fields is none of the record's.
