@@ -43,6 +43,13 @@ double Seconds(const std::function<void()>& work)
     return std::chrono::duration<double>(Clock::now() - begin).count();
 }
 
+double SecondsOf(clockid_t clock)
+{
+    timespec time{};
+    clock_gettime(clock, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
+}
+
 /// What every cell of the report holds.
 const QString kCell = u"1850"_s;
 
@@ -79,6 +86,12 @@ public:
     }
     Child(const Child&) = delete;
     Child& operator=(const Child&) = delete;
+    /// Processor time so far.
+    [[nodiscard]] double Seconds() const
+    {
+        clockid_t clock{};
+        return clock_getcpuclockid(m_process, &clock) == 0 ? SecondsOf(clock) : 0;
+    }
 
     [[nodiscard]] pid_t Process() const { return m_process; }
 
@@ -156,6 +169,20 @@ public:
     }
     QString OpenDialog(const QString&, const QString&, const QString&) override { return {}; }
     QString ChooseDirectory(const QString&, const QString&) override { return {}; }
+};
+
+/// The quickest of all rounds, by the clock on the wall and in processor time of both ends.
+struct Best
+{
+    double wall = 1e9, processor = 1e9;
+
+    void Round(const Child& other, const std::function<void()>& work)
+    {
+        const auto used = [&other] { return SecondsOf(CLOCK_PROCESS_CPUTIME_ID) + other.Seconds(); };
+        const double before = used();
+        wall = std::min(wall, Seconds(work));
+        processor = std::min(processor, used() - before);
+    }
 };
 
 /// A desk with one comp and a mapping of so many fields.
@@ -420,18 +447,19 @@ int main(int argc, char** argv)
     cells.connectToServer(cellPath);
     if (!cells.waitForConnected(5000))
         return 1;
-    double transfer = 1e9, parts = 1e9;
+    Best transfer, parts;
     for (int round = 0; round < rounds; ++round) {
-        transfer = std::min(transfer, Seconds([&] { back.Transfer(); }));
-        parts = std::min(parts, Seconds([&] {
-                             RoundTrips(cells, questions);
-                             back.UpdateRecords(columns);
-                         }));
+        transfer.Round(linkServer, [&] { back.Transfer(); });
+        parts.Round(cellServer, [&] {
+            RoundTrips(cells, questions);
+            back.UpdateRecords(columns);
+        });
     }
-    const double backRatio = transfer / parts;
-    std::printf("TransferComps of 9 comps   %8.3f ms\n", transfer * 1e3);
-    std::printf("bare requests and updates  %8.3f ms\n", parts * 1e3);
-    std::printf("ratio                      %8.2f  (at most 1.50)  %s\n", backRatio,
-                backRatio <= 1.5 ? "ok" : "TOO SLOW");
+    const double backRatio = transfer.wall / parts.wall;
+    std::printf("TransferComps of 9 comps   %8.3f ms  %8.3f ms processor time of both ends\n",
+                transfer.wall * 1e3, transfer.processor * 1e3);
+    std::printf("bare requests and updates  %8.3f ms  %8.3f ms\n", parts.wall * 1e3, parts.processor * 1e3);
+    std::printf("ratio                      %8.2f     %8.2f     (at most 1.50)  %s\n", backRatio,
+                transfer.processor / parts.processor, backRatio <= 1.5 ? "ok" : "TOO SLOW");
     return ratio <= 1.5 && backRatio <= 1.5 ? 0 : 1;
 }
