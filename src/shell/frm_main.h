@@ -179,6 +179,7 @@ private:
     void RefuseSecondCopy(const StartUpOptions& options, const QString& title, const QString& text);
     [[nodiscard]] bool AskForDisk();
     void ReadiniSettings();
+    void LockAddresses();
     void TurnOnMaps(const SystemPlaces& places);
     void LoadMenu();
     void VerifyCaptureDirectory() const;

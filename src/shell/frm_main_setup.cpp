@@ -3,6 +3,7 @@
 #include "common/error_block.h"
 #include "common/settings.h"
 #include "databook/grid.h"
+#include "photos/capture_desk.h"
 #include "platform/text/text.h"
 #include "shell/frm_change_db.h"
 #include "shell/frm_config.h"
@@ -49,6 +50,13 @@ void frm_Main::ShowConfiguration()
     } else if (globals.sortGrid != before.sortGrid || globals.ignorePending != before.ignorePending) {
         DisplayAllRecords();
     }
+    if (globals.G_CaptureDir != before.G_CaptureDir)
+        m_capture->DisplayCamera();
+    if (globals.imageListBox != before.imageListBox || globals.imageFileNames != before.imageFileNames) {
+        m_capture->ViewFilCapture();
+        m_capture->DisplayImageLabels();
+    }
+    LockAddresses();
     LoadMenu();
     Q_EMIT TabColoursChanged(globals.tabMask);
     if (config.ResetWanted())

@@ -44,6 +44,19 @@ void frm_Main::ReadSettings()
 void frm_Main::ReadiniSettings()
 {
     common::ReadiniSettings(globals, common::ProfileReader(m_base.disk, globals));
+    LockAddresses();
+}
+
+/// The addresses of the report's tabs come from the report and from drops; unless they are locked they can be
+/// typed over.
+void frm_Main::LockAddresses()
+{
+    const bool locked = globals.lockAddr != 0;
+    report.txtSubject.SetLocked(locked);
+    for (const auto* boxes : {&report.txtComp, &report.txtAltComp, &report.txtListing, &report.txtRental,
+                              &report.txtgeneraladdr})
+        for (int i = boxes->First(); i <= boxes->Last(); ++i)
+            (*boxes)(i).SetLocked(locked);
 }
 
 void frm_Main::Connect(store::DataSource& source, const QString& path, const std::function<void()>& open)

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <QScopeGuard>
+#include <QSet>
 
 // What the Setup, Database and Help menus lead to.
 
@@ -67,6 +68,16 @@ protected:
         const forms::GridSource* source = main.records.grddatabook.Source();
         return source ? source->RowCount() : -1;
     }
+    /// Changes something on the settings screen and saves it.
+    void Configure(const std::function<void(frm_Config&)>& change)
+    {
+        doubles.screens.Play([change](forms::Screen& screen) {
+            auto& config = dynamic_cast<frm_Config&>(screen);
+            change(config);
+            Q_EMIT config.cmdSave.Clicked();
+        });
+        main.mnuSetupItem.Choose(u"mnuSetupItem"_s, 0);
+    }
     QString Ini(const QString& key)
     {
         return files::GetPrivateProfileString(home.disk, u"DIRECTORIES"_s, key, u"(absent)"_s, kIni);
@@ -74,11 +85,9 @@ protected:
     /// Saves this data path on the settings screen.
     void Configure(const QString& dataDir)
     {
-        doubles.screens.Play([dataDir](forms::Screen& screen) {
-            dynamic_cast<forms::TextBox&>(*screen.controls.Find(u"txtDataDir"_s)).SetText(dataDir);
-            Q_EMIT dynamic_cast<frm_Config&>(screen).cmdSave.Clicked();
+        Configure([dataDir](frm_Config& config) {
+            dynamic_cast<forms::TextBox&>(*config.controls.Find(u"txtDataDir"_s)).SetText(dataDir);
         });
-        main.mnuSetupItem.Choose(u"mnuSetupItem"_s, 0);
     }
     void ChooseDatabase(const QString& name)
     {
@@ -133,6 +142,64 @@ TEST_F(SetupMenu, ADataPathWithoutADatabookKeepsTheOldOneHereAndInTheIni)
     EXPECT_EQ(Rows(), 2);
     EXPECT_EQ(Ini(u"DATADIR"_s), u"C:\\DATABOOK\\"_s);
     EXPECT_FALSE(main.lblChangingDB.Visible());
+}
+
+TEST_F(SetupMenu, AnotherCaptureDirectoryIsShownAtOnce)
+{
+    home.MakeDirs(u"C:\\CARD"_s);
+    home.Put(u"C:\\CARD\\A.JPG"_s);
+    Load();
+    main.ShowCapture();
+    EXPECT_EQ(main.capture.filCapture.ListCount(), 0);
+    Configure([](frm_Config& config) {
+        dynamic_cast<forms::TextBox&>(*config.controls.Find(u"txtCaptureDir"_s)).SetText(u"C:\\CARD"_s);
+    });
+    EXPECT_EQ(main.capture.lblTab.Caption(), u"C:\\CARD"_s);
+    EXPECT_EQ(main.capture.filCapture.ListCount(), 1);
+}
+
+TEST_F(SetupMenu, TheViewsOfTheCaptureDirectoryFollowTheirSettings)
+{
+    home.Put(u"C:\\SNAP\\A.JPG"_s);
+    Load();
+    main.ShowCapture();
+    const auto ticked = [this](int index) {
+        return main.mnuSetupItem.Entry(u"mnuSetupItem"_s, index)->checked;
+    };
+    EXPECT_TRUE(main.capture.lbltag(0).Visible() && ticked(5));
+    EXPECT_FALSE(main.capture.filCapture.Visible() || ticked(6));
+    const auto set = [](frm_Config& config, const QString& box, bool on) {
+        dynamic_cast<forms::CheckBox&>(*config.controls.Find(box)).SetValue(on);
+    };
+    Configure([&](frm_Config& config) { set(config, u"ckbImageFilenames"_s, false); });
+    EXPECT_FALSE(main.capture.lbltag(0).Visible() || ticked(5));
+    EXPECT_FALSE(main.popThumb_M.Entry(u"popThumb_M"_s, 2)->checked);
+    Configure([&](frm_Config& config) { set(config, u"ckbImageListbox"_s, true); });
+    EXPECT_TRUE(main.capture.filCapture.Visible() && ticked(6));
+    EXPECT_TRUE(main.popThumb_M.Entry(u"popThumb_M"_s, 5)->checked);
+    EXPECT_FALSE(main.capture.fraPics.Visible());
+}
+
+TEST_F(SetupMenu, TheAddressesOfTheReportsTabsAreLockedBySetting)
+{
+    Load();
+    const auto locked = [this] {
+        QSet<bool> states{main.report.txtSubject.Locked()};
+        for (const auto* boxes : {&main.report.txtComp, &main.report.txtAltComp, &main.report.txtListing,
+                                  &main.report.txtRental, &main.report.txtgeneraladdr})
+            for (int i = boxes->First(); i <= boxes->Last(); ++i)
+                states.insert((*boxes)(i).Locked());
+        return states;
+    };
+    EXPECT_EQ(locked(), QSet<bool>{true}) << "as long as nobody says otherwise";
+    Configure([](frm_Config& config) {
+        dynamic_cast<forms::CheckBox&>(*config.controls.Find(u"ckbLockAddr"_s)).SetValue(false);
+    });
+    EXPECT_EQ(locked(), QSet<bool>{false});
+    frm_Main again({home.disk, engine, conduit, doubles.Get()});
+    frm_Splash secondSplash{doubles.Get()};
+    again.Form_load(options, secondSplash);
+    EXPECT_FALSE(again.report.txtComp(1).Locked()) << "and so it is from the start";
 }
 
 TEST_F(SetupMenu, AResetOfTheSizeIsAppliedWhenTheScreenHasClosed)
