@@ -146,6 +146,7 @@ TEST_F(FrmComment, AddsAtTheSelectedRow)
          u"fig already exists."_s,
          1},
         {"by case another", 1, false, u"FIG"_s, {u"pear"_s, u"FIG"_s, u"Apple"_s, u"fig"_s}, {}, 1},
+        {"an empty one", 1, false, u"  "_s, {u"pear"_s, u""_s, u"Apple"_s, u"fig"_s}, {}, 1},
         {"sorted", 0, true, u"kiwi"_s, {u"Apple"_s, u"fig"_s, u"kiwi"_s, u"pear"_s}, {}, 2},
     };
     for (const AddRow& row : rows) {

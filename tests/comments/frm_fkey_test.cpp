@@ -188,9 +188,11 @@ TEST_F(FrmFKey, EnterAdvancesAndOtherKeysAreTheFields)
 TEST_F(FrmFKey, AClickTakesThePathOfTheKey)
 {
     Prepare({u""_s, u"Level"_s});
+    const int turns = doubles.pump.turns;
     Q_EMIT frame.cmdComment(1).Clicked();
     EXPECT_EQ(entry.sent, (QList<int>{kF4}));
     EXPECT_EQ(focused, 1);
+    EXPECT_GT(doubles.pump.turns, turns) << "events run behind the key";
     EXPECT_EQ(entry.txtSite.Text(), u"LEVEL"_s);
     EXPECT_EQ(entry.last, next);
     for (int i = 0; i < 6; ++i)
