@@ -111,15 +111,18 @@ QMenu::item:selected { background: $accentSoft; color: $text; }
 QMenu::item:disabled { color: $faint; }
 QMenu::separator { height: 1px; background: $border; margin: 4px 8px; }
 QToolTip { background: $surface; color: $text; border: 1px solid $border; padding: 4px; }
-QLineEdit, QComboBox, QPlainTextEdit { background: $surface; border: 1px solid $border; border-radius: 6px;
+QLineEdit, QComboBox, QSpinBox, QPlainTextEdit { background: $surface; border: 1px solid $border; border-radius: 6px;
   padding: 3px 8px; min-height: 20px; selection-background-color: $accent; selection-color: $accentText; }
 QLineEdit:hover, QComboBox:hover { border-color: $borderStrong; }
-QLineEdit:focus, QComboBox:focus, QPlainTextEdit:focus { border: 2px solid $accent; padding: 2px 7px; }
+QLineEdit:focus, QComboBox:focus, QSpinBox:focus, QPlainTextEdit:focus { border: 2px solid $accent; padding: 2px 7px; }
 QLineEdit:disabled, QComboBox:disabled, QLineEdit:read-only { background: $well; }
 QLineEdit:disabled, QComboBox:disabled { color: $faint; }
 QComboBox QLineEdit, QComboBox QLineEdit:focus { border: none; padding: 0; min-height: 0; background: transparent; }
 QComboBox::drop-down { border: none; width: 22px; }
 QComboBox::down-arrow { image: url(:/icons/chevron-$mode.svg); width: 12px; height: 12px; }
+QSpinBox::up-button, QSpinBox::down-button { border: none; width: 22px; subcontrol-origin: border; }
+QSpinBox::up-arrow { image: url(:/icons/chevron-up-$mode.svg); width: 10px; height: 10px; }
+QSpinBox::down-arrow { image: url(:/icons/chevron-$mode.svg); width: 10px; height: 10px; }
 QComboBox QAbstractItemView { background: $surface; border: 1px solid $border; padding: 4px; outline: none; }
 QPushButton { background: $surface; border: 1px solid $border; border-radius: 6px; padding: 4px 12px;
   min-height: 20px; }
