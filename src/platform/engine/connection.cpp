@@ -11,6 +11,7 @@
 #include <QMutex>
 #include <QSysInfo>
 #include <QUrl>
+#include <QtEndian>
 
 #include <sqlite3.h>
 
@@ -224,11 +225,58 @@ const TableDef* Connection::FindTable(const QString& name, const QString& schema
     return nullptr;
 }
 
+qint64 Connection::ChangeNumber()
+{
+    constexpr int kPlace = 24; // in the file's header, most significant byte first
+    unsigned char bytes[4] = {};
+    sqlite3_file* file = nullptr;
+    Check(sqlite3_file_control(m_handle, "main", SQLITE_FCNTL_FILE_POINTER, static_cast<void*>(&file)));
+    if (file == nullptr || file->pMethods == nullptr ||
+        file->pMethods->xRead(file, bytes, sizeof bytes, kPlace) != SQLITE_OK)
+        return -1;
+    return qFromBigEndian<quint32>(bytes);
+}
+
+// The stamp is SQLite's number for users: it lies in the header page, which every change writes anyway.
+
+bool Connection::InStep()
+{
+    const Reading together(*this);
+    Query query(*this, u"PRAGMA user_version"_s);
+    const bool read = query.Step();
+    return read && query.Integer(0) != 0 && static_cast<quint32>(query.Integer(0)) == ChangeNumber();
+}
+
+void Connection::Stamp()
+{
+    Run(u"PRAGMA user_version=%1"_s.arg(static_cast<qint32>(m_changeNumber + 1)));
+}
+
+void Connection::NoteStart()
+{
+    try {
+        m_changeNumber = ChangeNumber();
+        m_rowsChanged = sqlite3_total_changes64(m_handle);
+        m_inStep = !m_setup.readOnly && InStep();
+    } catch (...) {
+        sqlite3_exec(m_handle, "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+}
+
+/// Within the outermost transaction, before it is committed.
+void Connection::CarryStamp()
+{
+    if (m_inStep && sqlite3_total_changes64(m_handle) != m_rowsChanged)
+        Stamp();
+}
+
 void Connection::Begin()
 {
     if (m_depth == 0) {
         Run(m_setup.readOnly ? u"BEGIN"_s : u"BEGIN IMMEDIATE"_s);
         m_undone = false;
+        NoteStart();
     } else if (!m_undone) {
         Run(u"SAVEPOINT vas_%1"_s.arg(m_depth));
     }
@@ -249,10 +297,17 @@ void Connection::Commit()
             u"The transaction on %1 was taken back after an error and could not be committed"_s.arg(
                 FileOfError()));
     }
+    if (m_depth == 1)
+        CarryStamp();
     // A commit that fails stays open: the caller may try again or roll back.
     Run(m_depth == 1 ? u"COMMIT"_s : u"RELEASE vas_%1"_s.arg(m_depth - 1));
-    if (--m_depth == 0)
-        DetachAll();
+    if (--m_depth > 0)
+        return;
+    if (sqlite3_total_changes64(m_handle) != m_rowsChanged)
+        for (auto& [table, check] : m_textChecks)
+            if (check.since == m_changeNumber)
+                ++check.since;
+    DetachAll();
 }
 
 void Connection::Rollback()

@@ -23,6 +23,8 @@ struct TextIndexCheck
 {
     qint64 upto = 0;       ///< rows up to this id were compared with it
     bool compared = false; ///< all of them
+    bool stamped = false;  ///< and the file says so
+    qint64 since = -1;     ///< change number of the file since which no other writer came between
     bool unfit = false;    ///< wrong, and the file cannot be written
     int rowsAtOnce = 200;  ///< that a slice of making it takes in; follows how long they took
     TextIndexTrouble trouble = TextIndexTrouble::None;
@@ -78,6 +80,14 @@ public:
     void Rollback();
     [[nodiscard]] int Depth() const { return m_depth; }
 
+    /// The number of the file's last change, which every writer raises by one, whatever program it is.
+    [[nodiscard]] qint64 ChangeNumber();
+    /// Was every change of the file since the last stamp one of ours? A stamp is the number of the change
+    /// that it came with; the transactions of every connection carry it on as long as nobody else writes.
+    [[nodiscard]] bool InStep();
+    /// Stamps the change that the transaction under way will be.
+    void Stamp();
+
     /// Makes another file's tables reachable until the outermost transaction (or the statement, without one)
     /// ends.
     /// @return its schema name
@@ -114,7 +124,9 @@ private:
         QList<TableDef> tables;
     };
 
-    void CheckOwn(); ///< @throws 3343 unless the file has our mark
+    void CheckOwn();  ///< @throws 3343 unless the file has our mark
+    void NoteStart(); ///< of the outermost transaction
+    void CarryStamp();
     [[nodiscard]] sqlite3_stmt* Take(const QString& sql);
     void GiveBack(const QString& sql, sqlite3_stmt* statement);
     void ForgetStatements();
@@ -129,7 +141,10 @@ private:
     std::vector<Attached> m_attached;
     int m_nextSchema = 1;
     int m_depth = 0;
-    bool m_undone = false; ///< SQLite took the whole transaction back by itself
+    qint64 m_changeNumber = 0; ///< as the transaction under way found it
+    qint64 m_rowsChanged = 0;  ///< by this connection, likewise
+    bool m_inStep = false;     ///< likewise
+    bool m_undone = false;     ///< SQLite took the whole transaction back by itself
     quint64 m_generation = 0;
 };
 

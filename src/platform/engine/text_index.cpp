@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <limits>
 #include <sqlite3.h>
+#include <utility>
 
 namespace vasclip::engine {
 
@@ -351,6 +352,9 @@ std::vector<Bookmark> TextIndex::Compare(int milliseconds)
     const QString id = QString::fromUtf16(sql::kIdColumn);
     QElapsedTimer timer;
     timer.start();
+    const Reading together(m_connection);
+    if (m_check.since < 0)
+        m_check.since = m_connection.ChangeNumber();
     std::vector<Bookmark> strange;
     Query query(m_connection,
                 u"SELECT c.%1, k.sum IS vas_textsum(%2) OR EXISTS(SELECT 1 FROM %5 n WHERE n.id = c.%1) FROM "
@@ -381,6 +385,26 @@ void TextIndex::Note(const std::vector<Bookmark>& ids)
     writing.Commit();
 }
 
+void TextIndex::Stamp()
+{
+    if (std::exchange(m_check.stamped, true))
+        return;
+    try {
+        {
+            // The stamp speaks for the whole file, and the others were not compared.
+            Query query(m_connection, u"SELECT count(*) FROM "_s + kStates);
+            if (!query.Step() || query.Integer(0) != 1)
+                return;
+        }
+        Writing writing(m_connection);
+        if (m_connection.ChangeNumber() == m_check.since)
+            m_connection.Stamp();
+        writing.Commit();
+    } catch (const RuntimeError&) {
+        return; // in use by others: the next who opens the file compares it again
+    }
+}
+
 TextIndexState TextIndex::MakeOn(int milliseconds)
 {
     QElapsedTimer timer;
@@ -400,8 +424,12 @@ TextIndexState TextIndex::MakeOn(int milliseconds)
         case Standing::Whole:
             if (CatchUp())
                 break;
-            if (m_check.compared)
+            if (!m_check.compared && m_connection.InStep())
+                m_check.compared = m_check.stamped = true;
+            if (m_check.compared) {
+                Stamp();
                 return {true, m_check.trouble};
+            }
             Note(Compare(milliseconds));
             break;
         }
@@ -432,6 +460,8 @@ TextIndexState TextIndex::Check(int milliseconds)
     if (now != Standing::Whole) {
         m_check.unfit = true;
         m_check.trouble = now == Standing::Damaged ? TextIndexTrouble::Damaged : TextIndexTrouble::Missing;
+    } else if (m_connection.InStep()) {
+        m_check.compared = true;
     } else if (!Compare(milliseconds).empty()) {
         m_check.unfit = true;
         m_check.trouble = TextIndexTrouble::OutOfStep;

@@ -16,7 +16,8 @@ struct TextIndexCheck;
 ///
 /// It is asked only after it was found right. Its own record of its segments stands beside it as it was left,
 /// so that one that was emptied, swapped or written to by others is told from ours; and it has a sum of each
-/// row's texts as it took them in, with which a row that was changed behind the triggers' back is found.
+/// row's texts as it took them in, with which a row that was changed behind the triggers' back is found. The
+/// sums are compared only when another program has written to the file since this was done last.
 class TextIndex
 {
 public:
@@ -47,6 +48,7 @@ private:
     /// Compares the next rows with it, for so long. @return those that it does not know
     [[nodiscard]] std::vector<Bookmark> Compare(int milliseconds);
     void Note(const std::vector<Bookmark>& ids);
+    void Stamp(); ///< lets the next who opens the file know that nothing has to be compared
     [[nodiscard]] TextIndexState MakeOn(int milliseconds);
     [[nodiscard]] TextHits Walk(const TextSearch& search, const QString& match);
     [[nodiscard]] QString Columns(const QString& prefix) const;

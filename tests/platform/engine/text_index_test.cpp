@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
+
+#include <functional>
 #include <sqlite3.h>
 
 namespace vasclip::engine {
@@ -270,6 +273,168 @@ TEST_F(TextIndexes, RowsChangedBehindItsBackAreLearned)
     database->Close();
     database = home.engine.OpenDatabase(u"C:\\TEXT.MDB"_s);
     EXPECT_TRUE(Keep(TextIndexTrouble::None));
+}
+
+/// Which rows are compared when the file is opened: all, or none because nobody else has written to it.
+class TextIndexStamps : public TextIndexes
+{
+protected:
+    void SetUp() override
+    {
+        TextIndexes::SetUp();
+        Add(u"114 OAK ST"_s, u"roof"_s);
+        ASSERT_TRUE(Keep());
+    }
+    /// Four bytes of the file's header.
+    [[nodiscard]] QByteArray Header(qint64 place) const
+    {
+        QFile file(home.Native(u"TEXT.MDB"_s));
+        EXPECT_TRUE(file.open(QFile::ReadOnly) && file.seek(place));
+        return file.read(4);
+    }
+    [[nodiscard]] QByteArray ChangeNumber() const { return Header(24); }
+    [[nodiscard]] bool Stamped() const { return ChangeNumber() == Header(60); }
+    void Reopen()
+    {
+        database->Close();
+        database = home.engine.OpenDatabase(u"C:\\TEXT.MDB"_s);
+    }
+};
+
+TEST_F(TextIndexStamps, OurChangesCarryItOn)
+{
+    EXPECT_TRUE(Stamped());
+    const auto rows = database->OpenRecordset(u"COMPS"_s, RecordsetType::Table);
+    Engine othersEngine(home.disk);
+    const auto other = othersEngine.OpenDatabase(u"C:\\TEXT.MDB"_s);
+    const std::pair<const char*, std::function<void()>> changes[] = {
+        {"a row", [&] { Add(u"22 FERRY RD"_s, u"river"_s); }},
+        {"a row of a record set",
+         [&] {
+             rows->AddNew();
+             rows->SetValue(u"NAME"_s, u"9 ELM CT"_s);
+             rows->Update();
+         }},
+        {"another user's", [&] { other->Execute(u"UPDATE COMPS SET NOTES = 'brook'"_s); }},
+        {"a transaction",
+         [&] {
+             Transaction all(*database);
+             Add(u"1 A ST"_s, u"x"_s);
+             Add(u"2 A ST"_s, u"y"_s);
+             all.Commit();
+         }},
+        {"a table",
+         [&] {
+             TableDef table;
+             table.name = u"OTHER"_s;
+             table.fields = {TextField(u"NAME"_s, 35)};
+             database->CreateTable(table);
+         }},
+        {"the index itself", [&] { EXPECT_TRUE(Keep()); }},
+    };
+    for (const auto& [what, change] : changes) {
+        const QByteArray before = ChangeNumber();
+        change();
+        EXPECT_NE(ChangeNumber(), before) << what;
+        EXPECT_TRUE(Stamped()) << what;
+    }
+    for (const bool begun : {false, true}) {
+        const QByteArray before = ChangeNumber();
+        if (begun) {
+            Transaction undone(*database);
+            Add(u"3 A ST"_s, u"z"_s);
+        } else {
+            EXPECT_EQ(database->Execute(u"DELETE FROM COMPS WHERE NAME = 'NOBODY'"_s), 0);
+        }
+        EXPECT_EQ(ChangeNumber(), before) << "nothing was changed";
+        EXPECT_TRUE(Stamped());
+    }
+    rows->Close();
+    other->Close();
+    Reopen();
+    EXPECT_TRUE(database->KeepTextIndex(u"COMPS"_s, kFields, 0).whole) << "nothing to compare";
+    EXPECT_EQ(Find(u"brook"_s), (QStringList{u"114 OAK ST"_s, u"22 FERRY RD"_s, u"9 ELM CT"_s}));
+}
+
+TEST_F(TextIndexStamps, WithOneNothingIsCompared)
+{
+    for (const OpenMode mode : {OpenMode::Shared, OpenMode::ReadOnly}) {
+        database->Close();
+        Raw("DELETE FROM vas_known_COMPS");
+        ASSERT_FALSE(Stamped()) << "another program has written";
+        // As if it had not.
+        QFile file(home.Native(u"TEXT.MDB"_s));
+        const QByteArray now = ChangeNumber();
+        ASSERT_TRUE(file.open(QFile::ReadWrite) && file.seek(60) && file.write(now) == 4);
+        file.close();
+        database = home.engine.OpenDatabase(u"C:\\TEXT.MDB"_s, mode);
+        EXPECT_TRUE(Keep(TextIndexTrouble::None));
+    }
+}
+
+TEST_F(TextIndexStamps, AnotherProgramsChangeIsComparedOnceAndThenStamped)
+{
+    const QByteArray changes[] = {
+        "UPDATE COMPS SET NOTES = 'cellar'", // with our triggers
+        "DROP TRIGGER vas_text_COMPS_changed; UPDATE COMPS SET NOTES = 'attic'",
+        "PRAGMA user_version = 0",
+    };
+    for (const QByteArray& change : changes) {
+        database->Close();
+        Raw(change);
+        EXPECT_FALSE(Stamped()) << change.toStdString();
+        database = home.engine.OpenDatabase(u"C:\\TEXT.MDB"_s);
+        Add(u"%1 NEW RD"_s.arg(change.size()), u"roof"_s);
+        EXPECT_FALSE(Stamped()) << "nobody has compared it yet";
+        while (!database->KeepTextIndex(u"COMPS"_s, kFields, 1000).whole) {
+        }
+        EXPECT_TRUE(Stamped()) << change.toStdString();
+        EXPECT_EQ(Find(u"cellar"_s).size(), change.contains("cellar") ? 1 : 0) << change.toStdString();
+    }
+}
+
+TEST_F(TextIndexStamps, AnothersChangeWhileItIsComparedPutsItOff)
+{
+    {
+        Transaction all(*database);
+        for (int i = 0; i < 2000; ++i)
+            Add(u"%1 OAK ST X"_s.arg(i), u"house"_s);
+        all.Commit();
+    }
+    ASSERT_TRUE(Keep());
+    database->Close();
+    Raw("PRAGMA user_version = 0");
+    database = home.engine.OpenDatabase(u"C:\\TEXT.MDB"_s);
+    ASSERT_FALSE(database->KeepTextIndex(u"COMPS"_s, kFields, 0).whole);
+    Add(u"OURS"_s, u"meanwhile"_s);
+    Raw("UPDATE COMPS SET GLA = '1' WHERE vas_id = 1");
+    EXPECT_TRUE(Keep(TextIndexTrouble::None));
+    EXPECT_FALSE(Stamped()) << "what was compared before it may not be so any more";
+    Reopen();
+    ASSERT_FALSE(database->KeepTextIndex(u"COMPS"_s, kFields, 0).whole);
+    Add(u"OURS TOO"_s, u"meanwhile"_s);
+    EXPECT_TRUE(Keep(TextIndexTrouble::None));
+    EXPECT_TRUE(Stamped()) << "our own is no harm";
+    EXPECT_EQ(Find(u"meanwhile"_s).size(), 2);
+}
+
+TEST_F(TextIndexStamps, ACopyAndASecondTableAreCompared)
+{
+    home.engine.CopyDatabase(u"C:\\TEXT.MDB"_s, u"C:\\COPY.MDB"_s);
+    TableDef table;
+    table.name = u"SECOND"_s;
+    table.fields = {TextField(u"NAME"_s, 35)};
+    database->CreateTable(table);
+    while (!database->KeepTextIndex(u"SECOND"_s, {u"NAME"_s}, 1000).whole) {
+    }
+    EXPECT_TRUE(Stamped()) << "both were made under one chain of changes";
+    database->Close();
+    Raw("PRAGMA user_version = 0");
+    database = home.engine.OpenDatabase(u"C:\\TEXT.MDB"_s);
+    EXPECT_TRUE(Keep(TextIndexTrouble::None));
+    EXPECT_FALSE(Stamped()) << "one of two says nothing of the file";
+    const auto copy = home.engine.OpenDatabase(u"C:\\COPY.MDB"_s);
+    EXPECT_EQ(Find(u"roof"_s, copy.get()), QStringList(u"114 OAK ST"_s));
 }
 
 TEST_F(TextIndexes, ReadOnlyFilesAnswerFromTheirRows)
