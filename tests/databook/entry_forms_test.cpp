@@ -47,6 +47,39 @@ TEST(EntryForms, SingleFamilyHasItsFields)
     EXPECT_EQ(SetOf("frm_CompMnt1"_L1), SetOf(kSingleFamily));
 }
 
+TEST(EntryForms, ItsBoxesHaveTheirNamesAndLimits)
+{
+    const std::tuple<const char*, const char*, int> rows[] = {
+        {"txtAddress", "ADDRESS", 0},
+        {"txtCity", "CITY", 0},
+        {"txtState", "ST", 0},
+        {"txtZip", "ZIP", 0},
+        {"txtCounty", "COUNTY", 0},
+        {"txtNeighborHd", "NEIGHBORHD", 0},
+        {"txtSellingPr", "SELLINGPR", 7},
+        {"txtSaleDate", "SALEDATE", 0},
+        {"txtAge", "AGE", 4},
+        {"txtGLA", "GLA", 5},
+        {"txtERCFinal", "ERCFINAL", 0},
+        {"txtContrkDate", "CONTRKDATE", 0},
+        {"txtFinanceTyp", "FINANCETYP", 0},
+        {"txtOtherArea1", "OTHERAREA1", 0},
+        {"txtOtherArea2", "OTHERAREA2", 0},
+    };
+    for (const auto& [control, field, limit] : rows) {
+        int found = 0;
+        for (const EntryGroup& group : FindEntryForm("frm_CompMnt1"_L1)->groups)
+            for (const EntryField& row : group.fields)
+                if (row.control == QLatin1StringView(control)) {
+                    ++found;
+                    EXPECT_EQ(row.field, QLatin1StringView(field));
+                    EXPECT_EQ(row.limit, limit) << control;
+                }
+        EXPECT_EQ(found, 1) << control;
+    }
+    EXPECT_EQ(FindEntryForm("frm_CompMnt1"_L1)->caption, "Single Family Comparable Description"_L1);
+}
+
 TEST(EntryForms, EveryOtherFormDiffersByWhatItAddsAndLacks)
 {
     struct Row

@@ -104,8 +104,18 @@ TEST(SearchSql, ComparisonsGoByTheirWords)
 TEST(SearchSql, TheTableNamesEveryFieldOnceInItsOrder)
 {
     QStringList fields;
-    for (const SearchField& row : SearchFields())
+    QStringList controls;
+    for (const SearchField& row : SearchFields()) {
         fields.append(row.field);
+        controls.append(row.control);
+        if (!row.rangeControl.isEmpty())
+            controls.append(row.rangeControl);
+    }
+    EXPECT_EQ(controls.join(u' '),
+              u"cboSearchKey cboAddr txtCity txtState txtZip txtCounty txtNeighbor txtBedRoom txtBath "
+              "txtTaxMap txtCensus txtStories txtCTS txtType txtPorchPati2 txtNotes txtdesignappl txtSQFt "
+              "txtSQftRange txtPrice txtPriceRange txtage txtAgeRange txtLandSize txtLandSizeRange "
+              "txtSaleDate cboSaleRange txtLoadDate cboLoadRange txtPriceGLA txtPriceGLARange"_s);
     EXPECT_EQ(fields.join(u' '),
               u"CENTRALKEY ADDRESS CITY ST ZIP COUNTY NEIGHBORHD BEDROOM BATH TAXMAPNUM CENSUSTRCT STRCODE "
               "CTSCODE APPRSLTYPE PORCHPATI2 NOTES DESIGNAPPL GLA SELLINGPR AGE LANDSIZE SALEDATE LOADDATE "

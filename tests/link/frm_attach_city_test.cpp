@@ -343,6 +343,26 @@ TEST_F(AttachCity, ARecordDeletedMeanwhileIsSaid)
     EXPECT_EQ(screen->lblmsg.Caption(), u"The record 12 OAK ST is not in the Databook any more."_s);
 }
 
+TEST_F(AttachCity, ADatabookThatStaysLockedEndsTheProgramAndChangesNothing)
+{
+    Open(u"MANUAL"_s);
+    engine::Engine othersEngine(home.disk);
+    const auto other = othersEngine.OpenDatabase(kDatabook);
+    engine.SetLockWait(50);
+    screen->txtState.SetText(u"WA"_s);
+    {
+        engine::Transaction busy(*other);
+        other->Execute(u"UPDATE COMPS SET CITY = 'Theirs'"_s);
+        EXPECT_THROW(Click(screen->cmdOk), forms::EndOfProgram);
+        ASSERT_EQ(doubles.prompter.Boxes().size(), 1U);
+        EXPECT_TRUE(doubles.prompter.Last().text.startsWith(u"The databases may be corrupt."_s));
+        EXPECT_FALSE(screen->HasChanged());
+        busy.Commit();
+    }
+    EXPECT_EQ(Field(u"ST"_s), QString());
+    EXPECT_EQ(Field(u"CITY"_s), u"Theirs"_s);
+}
+
 TEST_F(AttachCity, OnlyWhatWasChangedIsWrittenOverAnothersWork)
 {
     Open(u"MANUAL"_s);
