@@ -613,6 +613,79 @@ TEST_F(Entry, SomebodyElsesChangeIsToldAndOverwrittenOnYes)
     EXPECT_EQ(Field(u"COUNTY"_s), u"Skagit"_s);
 }
 
+TEST_F(Entry, OfManyFieldsThatBothChangedEightAreNamed)
+{
+    doubles.prompter.Answer(forms::Answer::Yes);
+    const std::initializer_list<QLatin1StringView> fields = {
+        "CITY"_L1,    "COUNTY"_L1,     "LOCATION"_L1,  "SITE"_L1,    "CONDITION"_L1,
+        "STORAGE"_L1, "CONSTRQUAL"_L1, "FUNCTUTIL"_L1, "PARKING"_L1, "AC"_L1};
+    Show([&](EntryScreen& screen) {
+        for (const QLatin1StringView field : fields) {
+            Type(screen, field, u"mine"_s);
+            Elsewhere(QString(field), u"theirs"_s);
+        }
+        Click(screen.cmdSave);
+    });
+    const QString told = doubles.prompter.Last().text;
+    EXPECT_EQ(told.count(u"is yours"_s), 8);
+    EXPECT_TRUE(told.contains(u"AC: \"mine\" is yours, \"theirs\" is theirs"_s)) << told.toStdString();
+    EXPECT_TRUE(told.contains(u"\n..."_s));
+    EXPECT_EQ(Field(u"STORAGE"_s), u"mine"_s) << "what was not named is stored all the same";
+}
+
+TEST_F(Entry, OtherFieldsOfOthersAreToldToo)
+{
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Show([this](EntryScreen& screen) {
+        Type(screen, "CITY"_L1, u"Mine"_s);
+        Elsewhere(u"COUNTY"_s, u"Skagit"_s);
+        Click(screen.cmdSave);
+    });
+    EXPECT_TRUE(doubles.prompter.Last().text.contains(u"No field was changed by both of you."_s));
+    EXPECT_EQ(Field(u"CITY"_s), u"Mine"_s);
+    EXPECT_EQ(Field(u"COUNTY"_s), u"Skagit"_s);
+}
+
+TEST_F(Entry, APricePerAreaThatIsTooLongIsCutToItsField)
+{
+    Show([this](EntryScreen& screen) {
+        Type(screen, "SELLINGPR"_L1, u"9999999"_s);
+        Type(screen, "GLA"_L1, u".001"_s);
+        Click(screen.cmdSave);
+        EXPECT_EQ(Field(u"PRICEGLA"_s), u"9999999000"_s);
+        EXPECT_EQ(Field(u"GLA"_s), u".001"_s);
+    });
+}
+
+TEST_F(Entry, WithoutCitiesTheirListIsOff)
+{
+    Show([](EntryScreen& screen) { EXPECT_FALSE(screen.cboCity->Enabled()); });
+    desk.cities = {u"Marlow, WA  98210  Skagit"_s};
+    Show([](EntryScreen& screen) { EXPECT_TRUE(screen.cboCity->Enabled()); });
+}
+
+TEST_F(Entry, ABoxThatOnlyShowsTakesNoPhrase)
+{
+    desk.comments = &phrases;
+    phrases.answer = {true, comments::Advance::Next};
+    phrases.phrase = u"GOOD VIEW"_s;
+    Show([this](EntryScreen& screen) {
+        doubles.screens.Play([this](forms::Screen& shown) {
+            auto& second = dynamic_cast<EntryScreen&>(shown);
+            forms::TextBox& box = *second.Box("MODIFIEDDATE"_L1);
+            phrases.log.clear();
+            Q_EMIT box.GotFocus();
+            bool handled = false;
+            Q_EMIT box.KeyPressed(comments::kF3, comments::kNoShift, handled);
+            EXPECT_FALSE(handled);
+            EXPECT_EQ(box.Text(), QString());
+            EXPECT_EQ(phrases.log, QStringList(u"left"_s));
+            Click(*second.cmdPage1);
+        });
+        Click(*screen.cmdPage2);
+    });
+}
+
 TEST_F(Entry, ADatabaseThatIsOpenAlreadyIsUsedAndLeftOpen)
 {
     store::DataSource opened(engine, u"datDatabook"_s);

@@ -112,6 +112,18 @@ TEST_F(Calendar, AClickOnADayClosesItOnlyWithQuickExit)
     });
 }
 
+TEST_F(Calendar, ADoubleClickOnADayChoosesIt)
+{
+    EXPECT_EQ(TextAfter({},
+                        [](frm_Calendar& calendar) {
+                            calendar.ckbQuickExit.SetValue(false);
+                            calendar.calCalendar.SetValue(QDate(2004, 2, 9));
+                            Q_EMIT calendar.calCalendar.DateDblClick();
+                            EXPECT_FALSE(calendar.IsOpen());
+                        }),
+              u"02/09/2004"_s);
+}
+
 TEST_F(Calendar, Captions)
 {
     frm_Calendar calendar(ports, u"Load Date"_s, {});

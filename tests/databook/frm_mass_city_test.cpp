@@ -180,6 +180,26 @@ TEST_F(FrmMassCity, EditStoresInTheRecordOnShow)
     EXPECT_EQ(Field(u"4 D ST"_s, u"CITY"_s), QString());
 }
 
+TEST_F(FrmMassCity, AmongTheBlankOnesTheNextStepsUpWhenOneGetsItsCity)
+{
+    screen->ckbBlank.SetValue(true);
+    ASSERT_EQ(screen->lblRecord.Caption(), u"Record 1 of 3"_s);
+    for (const QString& comp : {u"2 B ST"_s, u"4 D ST"_s, u"5 E ST"_s}) {
+        EXPECT_EQ(screen->lblCentralKey.Caption(), comp);
+        screen->lstcity.SetListIndex(-1);
+        screen->lstcity.SetListIndex(1);
+        Click(screen->cmdOk);
+        EXPECT_EQ(screen->lblmsg.Caption(), comp + u" was changed."_s);
+        EXPECT_EQ(Field(comp, u"CITY"_s), u"Ferndale"_s);
+    }
+    EXPECT_EQ(screen->lblRecord.Caption(), u"No records to show"_s);
+    EXPECT_EQ(screen->lblCentralKey.Caption(), QString());
+    EXPECT_FALSE(screen->cmdOk.Enabled());
+    EXPECT_FALSE(screen->cmdnext.Enabled());
+    Click(screen->cmdOk);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
 TEST_F(FrmMassCity, ARecordThatSomebodyElseDeletedIsTold)
 {
     store::DeleteRecord(ports, source, u"1 A ST"_s);

@@ -154,6 +154,21 @@ TEST_F(RecordActions, EditOpensTheRecord)
     ExpectSaid(u"The address 99 NOWHERE is not in the Databook."_s, forms::Colour::Red);
 }
 
+TEST_F(RecordActions, TheButtonsLearnThatTheRecordIsGone)
+{
+    using Action = void (*)(const databook::RecordWork&);
+    for (const Action action : {databook::CompEditRecord, databook::CompDeleteRecord,
+                                databook::CompCopyRecord, databook::CompRenameRecord}) {
+        Type(u"99 Nowhere"_s);
+        desk.ButtonStatus(u"Found"_s);
+        action(work);
+        ExpectSaid(u"The address 99 NOWHERE is not in the Databook."_s, forms::Colour::Red);
+        EXPECT_TRUE(desk.cmdAdd.Enabled());
+        EXPECT_FALSE(desk.cmdDelete.Enabled());
+    }
+    EXPECT_TRUE(doubles.screens.Shown().isEmpty());
+}
+
 TEST_F(RecordActions, DeleteAsksThenTakesRecordAndPictures)
 {
     disk.MkDir(u"C:\\JPG"_s);
