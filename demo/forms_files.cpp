@@ -81,6 +81,7 @@ void MakeFormsFiles(engine::Engine& engine, const QList<Comp>& comps, const Form
     MakeProgram(disk);
     MakeMapping(engine, places.userDirectory + u"Comp2Kel.mdb"_s);
     WriteReport(disk, BigReport(comps, places.photoDirectory));
+    WriteReport(disk, FullReport(comps, places.photoDirectory));
     WriteReport(disk, SmallReport(comps, places.photoDirectory));
 }
 

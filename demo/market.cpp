@@ -264,7 +264,9 @@ QList<Comp> MakeMarket(int count)
 {
     Q_ASSERT(count >= 1 && count <= kMostComps);
     Dice dice(20260630);
-    QSet<QString> taken{SubjectAddress(Subject::OakStreet), SubjectAddress(Subject::FerryStreet)};
+    QSet<QString> taken;
+    for (const Subject subject : kSubjects)
+        taken.insert(SubjectAddress(subject));
     QList<Comp> comps;
     comps.reserve(count);
     for (int index = 0; index < count; ++index)
@@ -280,8 +282,8 @@ Comp MakeSubject(Subject subject)
         for (const Street& street : place.streets) {
             if (!text.endsWith(u' ' + street.name))
                 continue;
-            Dice dice(subject == Subject::OakStreet ? 114 : 22);
             const int number = text.section(u' ', 0, 0).toInt();
+            Dice dice(static_cast<quint32>(number));
             Comp comp = MakeProperty(dice, u'F', place, {text, PlaceOf(street, number)}, kNoRecord);
             comp.look.season = Season::Summer; // inspected these days
             for (const auto field :
@@ -296,7 +298,15 @@ Comp MakeSubject(Subject subject)
 
 QString SubjectAddress(Subject subject)
 {
-    return subject == Subject::OakStreet ? QStringLiteral("114 Oak St") : QStringLiteral("22 Ferry St");
+    switch (subject) {
+    case Subject::OakStreet:
+        return QStringLiteral("114 Oak St");
+    case Subject::FerryStreet:
+        return QStringLiteral("22 Ferry St");
+    case Subject::LaurelHill:
+        break;
+    }
+    return QStringLiteral("764 Laurel Hill Rd");
 }
 
 } // namespace vasclip::demo

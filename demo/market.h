@@ -35,8 +35,9 @@ inline constexpr int kMostComps = 5000;
 /// @param count  1 to kMostComps
 [[nodiscard]] QList<Comp> MakeMarket(int count);
 
-/// The properties that the two reports appraise. They are no records of the Databook.
-enum class Subject { OakStreet, FerryStreet };
+/// The properties that the reports appraise. They are no records of the Databook.
+enum class Subject { OakStreet, FerryStreet, LaurelHill };
+inline constexpr Subject kSubjects[] = {Subject::OakStreet, Subject::FerryStreet, Subject::LaurelHill};
 [[nodiscard]] QString SubjectAddress(Subject subject);
 [[nodiscard]] Comp MakeSubject(Subject subject);
 

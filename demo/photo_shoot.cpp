@@ -25,6 +25,8 @@ QByteArray Taken(const Shot& shot)
         return AsJpeg(DrawRearView(shot.look));
     case View::Street:
         return AsJpeg(DrawStreetScene(shot.look));
+    case View::Inside:
+        return AsJpeg(DrawRoomView(shot.look, shot.room));
     }
     return {};
 }

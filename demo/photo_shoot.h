@@ -1,6 +1,6 @@
 #pragma once
 
-#include "demo/drawing/look.h"
+#include "demo/drawing/rooms.h"
 #include "platform/files/disk.h"
 
 #include <QList>
@@ -9,7 +9,7 @@
 
 namespace vasclip::demo {
 
-enum class View { Front, Rear, Street };
+enum class View { Front, Rear, Street, Inside };
 
 /// A picture that is to be drawn and where it goes.
 struct Shot
@@ -17,6 +17,7 @@ struct Shot
     QString path; ///< drive path
     Look look;
     View view = View::Front;
+    Room room = Room::Kitchen; ///< of a view of the inside
 };
 
 /// Draws the pictures on two threads and writes them in order.

@@ -32,6 +32,39 @@ QString Proximity(const Comp& here, const Comp& there)
     return u"%1 Mi. %2"_s.arg(std::hypot(north, east), 0, 'f', 1).arg(winds[wind]);
 }
 
+/// A picture of its own, which stands beside the report: 1 to 3 the subject's, the general ones behind them.
+QString OwnPicture(const QString& report, int number)
+{
+    const formsbook::KelPlaces kel;
+    return kel.dataDir + report.section(u'.', 0, 0) + u"_%1.JPG"_s.arg(number);
+}
+
+struct Group
+{
+    QLatin1StringView compType, objectPrefix;
+};
+constexpr Group kSales{"SALE"_L1, "CMP_"_L1};
+constexpr Group kAlternates{"ALT"_L1, "ALT_"_L1};
+constexpr Group kListings{"LIST"_L1, "LCMP_"_L1};
+constexpr Group kRentals{"RENT"_L1, "RCMP_"_L1};
+
+/// The general photos of the full report.
+struct General
+{
+    QLatin1StringView words;
+    View view;
+    Room room;
+};
+constexpr General kGeneral[] = {
+    {"KITCHEN"_L1, View::Inside, Room::Kitchen},
+    {"LIVING ROOM"_L1, View::Inside, Room::LivingRoom},
+    {"MAIN BATH"_L1, View::Inside, Room::MainBath},
+    {"BASEMENT"_L1, View::Inside, Room::Basement},
+    {"GARAGE INTERIOR"_L1, View::Inside, Room::GarageInterior},
+    {"VIEW FROM DECK"_L1, View::Inside, Room::Deck},
+};
+constexpr int kFirstGeneral = 4;
+
 QString BedBath(const Comp& comp)
 {
     return comp.fields.value(u"BEDROOM"_s) + u" / "_s + comp.fields.value(u"BATH"_s);
@@ -48,29 +81,44 @@ public:
         , m_subject(MakeSubject(subject))
     {
         m_subject.fields[u"APPRSRFILE"_s] = fileNumber;
-        const formsbook::KelPlaces kel;
-        const QString stem = kel.dataDir + name.section(u'.', 0, 0);
         PutSubject();
-        PutPicture(u"SUB_1_3X5"_s, stem + u"_1.JPG"_s);
-        PutPicture(u"SUB_2_3X5"_s, stem + u"_2.JPG"_s);
-        PutPicture(u"SUB_3_3X5"_s, stem + u"_3.JPG"_s);
+        for (int view = 1; view <= 3; ++view)
+            PutPicture(u"SUB_%1_3X5"_s.arg(view), OwnPicture(name, view));
     }
 
     [[nodiscard]] const Comp& TheSubject() const { return m_subject; }
 
-    /// Fills a comp's column and picture; comp is 1 to 3.
-    void PutComp(int comp, const Comp& record, const QString& photoDirectory)
+    /// Fills a comp's column.
+    void PutComp(const Group& group, int comp, const Comp& record)
     {
+        const QString base = QString::number((comp - 1) / 3 * 3 + 1);
         for (const formsbook::MappingRow& row : formsbook::MappingRows(m_formType)) {
-            if (row.compType != "SALE"_L1 || row.comp != "1"_L1)
+            if (row.compType != group.compType || row.comp != base)
                 continue;
-            const int cell = row.cell.toInt() + (comp - 1) * row.offset.toInt();
+            const int cell = row.cell.toInt() + (comp - 1) % 3 * row.offset.toInt();
             PutCell(row.formName, row.row, cell, ValueOf(record, row));
         }
+    }
+    void PutPhoto(const Group& group, int comp, const Comp& record, const QString& photoDirectory)
+    {
         for (const Photo& photo : record.photos)
             if (photo.view == "FRONT VIEW"_L1)
-                PutPicture(u"CMP_%1_3X5"_s.arg(comp), photoDirectory + photo.stem + u".jpg"_s);
+                PutPicture(u"%1%2_3X5"_s.arg(group.objectPrefix).arg(comp), photoDirectory + photo.stem + u".jpg"_s);
     }
+    void PutGeneral(int number, const QString& view, const QString& path)
+    {
+        const QString page = u"GENPH%1"_s.arg((number + 2) / 3, 2, 10, QLatin1Char('0'));
+        const QString row = QString::number((number - 1) % 3 + 1);
+        PutCell(page, row, 1, view);
+        PutCell(page, row, 2, m_subject.fields.value(u"ADDRESS"_s));
+        PutPicture(u"GN_%1_3X5"_s.arg(number), path);
+    }
+    void PutAddendum(const QStringList& lines)
+    {
+        for (qsizetype i = 0; i < lines.size(); ++i)
+            PutCell(formsbook::kAddendumPage, QString::number(i + 1), 1, lines[i]);
+    }
+    void PutPicture(const QString& object, const QString& path) { m_images.insert(object, path); }
 
     [[nodiscard]] QJsonObject Json() const
     {
@@ -118,7 +166,6 @@ private:
         if (!text.isEmpty())
             m_cells.insert(u"%1|%2|%3"_s.arg(form, row).arg(cell), text);
     }
-    void PutPicture(const QString& object, const QString& path) { m_images.insert(object, path); }
 
     QString m_name;
     QString m_formType;
@@ -158,8 +205,50 @@ QJsonObject BigReport(const QList<Comp>& comps, const QString& photoDirectory)
     const QStringList pages = formsbook::PagesOf(*formsbook::FindForm(formType), formsbook::Edition::Small);
     Report report(u"OAKST114.RPT"_s, formType, pages, Subject::OakStreet, u"26-0417"_s);
     const QList<Comp> fit = Candidates(comps, report.TheSubject());
-    for (int comp = 1; comp <= 2 && comp <= fit.size(); ++comp)
-        report.PutComp(comp, fit[comp - 1], photoDirectory);
+    for (int comp = 1; comp <= 2 && comp <= fit.size(); ++comp) {
+        report.PutComp(kSales, comp, fit[comp - 1]);
+        report.PutPhoto(kSales, comp, fit[comp - 1], photoDirectory);
+    }
+    return report.Json();
+}
+
+QJsonObject FullReport(const QList<Comp>& comps, const QString& photoDirectory)
+{
+    const QString name = u"LAUREL.RPT"_s;
+    const QString formType = u"UA5"_s;
+    const QStringList pages = formsbook::PagesOf(*formsbook::FindForm(formType), formsbook::Edition::Small);
+    Report report(name, formType, pages, Subject::LaurelHill, u"26-0440"_s);
+    QList<Comp> rentals;
+    for (const Comp& comp : comps)
+        if (comp.type == u'R')
+            rentals.append(comp);
+    std::stable_sort(rentals.begin(), rentals.end(), [](const Comp& a, const Comp& b) {
+        return !a.photos.isEmpty() && b.photos.isEmpty();
+    });
+    QList<Comp> fit = Candidates(comps, report.TheSubject());
+    const auto put = [&](const Group& group, int count, QList<Comp>& from, int withPhoto) {
+        for (int comp = 1; comp <= count && !from.isEmpty(); ++comp) {
+            const Comp record = from.takeFirst();
+            report.PutComp(group, comp, record);
+            if (comp <= withPhoto)
+                report.PutPhoto(group, comp, record, photoDirectory);
+        }
+    };
+    put(kSales, 5, fit, 4);
+    put(kAlternates, 2, fit, 2);
+    put(kListings, 3, fit, 3);
+    put(kRentals, 3, rentals, 3);
+    int number = 0;
+    for (const General& general : kGeneral) {
+        report.PutGeneral(number + 1, general.words, OwnPicture(name, kFirstGeneral + number));
+        ++number;
+    }
+    report.PutPicture(u"SUB_TITLE"_s, OwnPicture(name, 1));
+    report.PutAddendum(
+        {u"The subject was inspected on June 26, 2026, from the street and from within."_s,
+         u"The kitchen and the main bath were renewed in 2019; the basement is dry and unfinished."_s,
+         u"The deck looks west over the orchards to the hills, which buyers of this street pay for."_s,
+         u"Comparable 5 is to be photographed."_s});
     return report.Json();
 }
 
@@ -175,21 +264,26 @@ QJsonObject SmallReport(const QList<Comp>& comps, const QString& photoDirectory)
     }
     Report report(u"FERRY22.RPT"_s, formType, pages, Subject::FerryStreet, u"26-0431"_s);
     const QList<Comp> fit = Candidates(comps, report.TheSubject());
-    if (!fit.isEmpty())
-        report.PutComp(1, fit.first(), photoDirectory);
+    if (!fit.isEmpty()) {
+        report.PutComp(kSales, 1, fit.first());
+        report.PutPhoto(kSales, 1, fit.first(), photoDirectory);
+    }
     return report.Json();
 }
 
 QList<Shot> SubjectPictures()
 {
-    const formsbook::KelPlaces kel;
     QList<Shot> shots;
-    for (const auto& [subject, stem] :
-         {std::pair(Subject::OakStreet, u"OAKST114"_s), {Subject::FerryStreet, u"FERRY22"_s}}) {
+    for (const auto& [subject, report] : {std::pair(Subject::OakStreet, u"OAKST114.RPT"_s),
+                                          {Subject::FerryStreet, u"FERRY22.RPT"_s},
+                                          {Subject::LaurelHill, u"LAUREL.RPT"_s}}) {
         const Look look = MakeSubject(subject).look;
-        shots.append({kel.dataDir + stem + u"_1.JPG"_s, look, View::Front});
-        shots.append({kel.dataDir + stem + u"_2.JPG"_s, look, View::Rear});
-        shots.append({kel.dataDir + stem + u"_3.JPG"_s, look, View::Street});
+        for (const View view : {View::Front, View::Rear, View::Street})
+            shots.append({OwnPicture(report, static_cast<int>(view) + 1), look, view});
+        if (subject != Subject::LaurelHill)
+            continue;
+        for (int i = 0; i < static_cast<int>(std::size(kGeneral)); ++i)
+            shots.append({OwnPicture(report, kFirstGeneral + i), look, kGeneral[i].view, kGeneral[i].room});
     }
     return shots;
 }

@@ -188,6 +188,14 @@ QImage DrawRearView(const Look& look)
     });
 }
 
+QImage DrawRoomView(const Look& look, Room room)
+{
+    const Look day = DayAsLook(look, 0x4004u + static_cast<quint32>(room));
+    Dice camera(day.day ^ 0xc0ffeeu);
+    const double tilt = camera.Real(-0.7, 0.7);
+    return Shoot(day, tilt, camera.Real(1.02, 1.08), [&](Scene& scene) { DrawRoom(scene, day, room); });
+}
+
 QImage DrawStreetScene(const Look& look)
 {
     const Look day = DayAsLook(look, 0x57e7u);

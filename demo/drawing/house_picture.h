@@ -1,6 +1,7 @@
 #pragma once
 
 #include "demo/drawing/look.h"
+#include "demo/drawing/rooms.h"
 
 #include <QByteArray>
 #include <QImage>
@@ -12,6 +13,9 @@ namespace vasclip::demo {
 [[nodiscard]] QImage DrawFrontView(const Look& look);
 [[nodiscard]] QImage DrawRearView(const Look& look);
 [[nodiscard]] QImage DrawStreetScene(const Look& look);
+
+/// A room of the property, or the view from its deck, at the same size.
+[[nodiscard]] QImage DrawRoomView(const Look& look, Room room);
 
 /// The picture as a camera saves it.
 [[nodiscard]] QByteArray AsJpeg(const QImage& picture, int quality = 85);

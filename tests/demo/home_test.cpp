@@ -246,7 +246,7 @@ TEST(Home, HoldsWhatTheProgramsLookFor)
     EXPECT_EQ(pictures.size(), photos);
     EXPECT_EQ(disk.Dir(globals.G_PhotoDir + u"*.jpg"_s).size(), photos);
     EXPECT_EQ(disk.Dir(globals.G_CaptureDir + u"*.jpg"_s).size(), 24);
-    EXPECT_EQ(disk.Dir(globals.kelDataDir + u"*.RPT"_s), (QStringList{u"FERRY22.RPT"_s, u"OAKST114.RPT"_s}));
+    EXPECT_EQ(disk.Dir(globals.kelDataDir + u"*.RPT"_s), (QStringList{u"FERRY22.RPT"_s, u"LAUREL.RPT"_s, u"OAKST114.RPT"_s}));
 }
 
 } // namespace

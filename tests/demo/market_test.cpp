@@ -89,7 +89,7 @@ TEST(Market, GivesEachAddressOnce)
     EXPECT_EQ(keys.size(), Market().size());
     EXPECT_GT(longest, 0);
     EXPECT_GT(accented, 5);
-    for (const Subject subject : {Subject::OakStreet, Subject::FerryStreet})
+    for (const Subject subject : kSubjects)
         EXPECT_FALSE(keys.contains(SubjectAddress(subject).toUpper()));
 }
 

@@ -56,6 +56,9 @@ TEST(Pictures, DifferByDesignHouseDayAndSide)
     add(DrawFrontView(otherDay));
     add(DrawRearView(LookOf(Design::Ranch, 5)));
     add(DrawStreetScene(LookOf(Design::Ranch, 5)));
+    for (int room = 0; room <= static_cast<int>(Room::Deck); ++room)
+        add(DrawRoomView(LookOf(Design::Ranch, 5), static_cast<Room>(room)));
+    add(DrawRoomView(LookOf(Design::Ranch, 6), Room::Kitchen));
     EXPECT_EQ(seen.size(), drawn);
 }
 

@@ -29,7 +29,7 @@ QString CellAt(const QJsonObject& report, const QString& label)
     const auto page = formsbook::LayoutOf(main, main);
     for (auto cell = cells.begin(); cell != cells.end(); ++cell) {
         const QStringList parts = cell.key().split(u'|');
-        if (page->LabelOf(parts.at(1).toInt(), parts.at(2).toInt()) == label)
+        if (parts.at(0) == main && page->LabelOf(parts.at(1).toInt(), parts.at(2).toInt()) == label)
             return cell.value().toString();
     }
     return {};
@@ -96,10 +96,45 @@ TEST_P(Reports, HoldSubjectAndRecordsOfTheDatabook)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Both, Reports,
+INSTANTIATE_TEST_SUITE_P(All, Reports,
                          testing::Values(ReportRow{"Big", &BigReport, "OAKST114.RPT", "114 Oak St", 2},
+                                         ReportRow{"Full", &FullReport, "LAUREL.RPT", "764 Laurel Hill Rd", 3},
                                          ReportRow{"Small", &SmallReport, "FERRY22.RPT", "22 Ferry St", 1}),
                          [](const auto& info) { return std::string(info.param.name); });
+
+TEST(Report, FullHasEveryGroupWithPhotosAndGeneralViews)
+{
+    const QJsonObject report = FullReport(MakeMarket(120), kPhotos);
+    const QJsonObject images = report.value("images"_L1).toObject();
+    const QJsonObject cells = report.value("cells"_L1).toObject();
+    for (const auto& [prefix, count] : {std::pair("SUB", 3), std::pair("CMP", 4), std::pair("ALT", 2),
+                                        std::pair("LCMP", 3), std::pair("RCMP", 3), std::pair("GN", 6)}) {
+        for (int n = 1; n <= count + 1; ++n)
+            EXPECT_EQ(images.contains(u"%1_%2_3X5"_s.arg(QLatin1String(prefix)).arg(n)), n <= count) << prefix << n;
+    }
+    EXPECT_EQ(images.value("GN_4_3X5"_L1).toString(), u"C:\\KEL\\DATA\\LAUREL_7.JPG"_s);
+    EXPECT_EQ(cells.value("GENPH02|1|1"_L1).toString(), u"BASEMENT"_s);
+    EXPECT_EQ(cells.value("GENPH02|1|2"_L1).toString(), u"764 Laurel Hill Rd"_s);
+    EXPECT_FALSE(cells.value("ADDENDUM|1|1"_L1).toString().isEmpty());
+    QStringList drawn;
+    for (const Shot& shot : SubjectPictures())
+        drawn.append(shot.path);
+    EXPECT_EQ(drawn.removeDuplicates(), 0);
+    for (const QString& object : images.keys()) {
+        const QString path = images.value(object).toString();
+        EXPECT_TRUE(path.startsWith(kPhotos) || drawn.contains(path)) << path.toStdString();
+    }
+    // Each comp stands in the report once, and the fifth has its data and no photo.
+    QStringList addresses;
+    const auto add = [&](const char* cell) {
+        addresses.append(cells.value(QLatin1String(cell)).toString());
+        EXPECT_FALSE(addresses.last().isEmpty()) << cell;
+    };
+    for (const char* cell : {"UA5|42|3", "UA5|42|5", "UA5|42|7", "COMP46|5|3", "COMP46|5|5", "ALTCMP13|5|3",
+                             "ALTCMP13|5|5", "LIST13|5|3", "LIST13|5|5", "LIST13|5|7", "RENT1|5|3"})
+        add(cell);
+    EXPECT_EQ(addresses.removeDuplicates(), 0);
+}
 
 TEST(Report, BigHasAllPagesAndSmallOneOfComps)
 {
