@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSaveFile>
 
 namespace vasclip::app {
 
@@ -63,16 +64,18 @@ QString FormsProgram::Start(const files::Disk& disk, const QString& socketPath)
     return {};
 }
 
-QString FormsProgram::TakePicture()
+QString FormsProgram::TakePicture(const QString& page)
 {
     // It takes a picture of its window when it finds a file "shoot" here, and takes that away.
     const auto taken = [this] {
         return m_directory.entryList({u"kelforms-*.png"_s}, QDir::Files, QDir::Name);
     };
     const qsizetype before = taken().size();
-    QFile request(m_directory.filePath(u"shoot"_s));
-    if (request.open(QIODevice::WriteOnly))
-        request.close();
+    QSaveFile request(m_directory.filePath(u"shoot"_s));
+    if (request.open(QIODevice::WriteOnly)) {
+        request.write(page.isEmpty() ? QByteArray() : "page=" + page.toUtf8() + '\n');
+        request.commit();
+    }
     QElapsedTimer timer;
     timer.start();
     while (taken().size() == before && !timer.hasExpired(kStopSeconds * 1000))

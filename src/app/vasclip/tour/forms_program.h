@@ -21,8 +21,10 @@ public:
     QString Start(const files::Disk& disk, const QString& socketPath);
     [[nodiscard]] const QString& Report() const { return m_report; }
 
-    /// The program's own picture of its window. @return the file's name in the directory, "" if it took none
-    QString TakePicture();
+    /// The program's own picture of its window.
+    /// @param page  to turn to first; "" for the one on show
+    /// @return the file's name in the directory, "" if it took none
+    QString TakePicture(const QString& page);
 
     /// Ends the program, which saves. @return false if it does not stop
     bool Stop();

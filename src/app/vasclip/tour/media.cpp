@@ -8,8 +8,11 @@
 #include "photos/trash.h"
 
 #include <QAbstractButton>
+#include <QFile>
 #include <QListView>
 #include <QSlider>
+
+#include <utility>
 
 namespace vasclip::app {
 
@@ -25,8 +28,8 @@ bool Press(QWidget& dialog, const QString& button)
     return found != nullptr;
 }
 
-/// A copy of the first capture picture to play with; "" if there is none.
-QString PlayPicture(const Stage& stage, const QString& directory)
+/// A copy of the first capture picture to play with, always of one time; "" if there is none.
+QString PlayPicture(const Stage& stage, const QString& directory, const QString& as = u"TOUR.JPG"_s)
 {
     const files::Disk& disk = stage.main.Base().disk;
     const QString capture = stage.main.globals.G_CaptureDir;
@@ -35,27 +38,45 @@ QString PlayPicture(const Stage& stage, const QString& directory)
         return {};
     if (!disk.DirExists(directory))
         disk.MkDir(directory.chopped(1));
-    disk.FileCopy(capture + names.first(), directory + u"TOUR.JPG"_s);
-    return directory + u"TOUR.JPG"_s;
+    disk.FileCopy(capture + names.first(), directory + as);
+    QFile file(disk.ToNative(directory + as));
+    if (file.open(QIODevice::ReadWrite))
+        file.setFileTime(stage.main.Base().ports.clock.Now(), QFileDevice::FileModificationTime);
+    return directory + as;
 }
 
 } // namespace
 
 bool CopyAndFind(const Stage& stage)
 {
-    const auto look = [&](const QString& entry, const QString& name) {
+    int onCard = 0, found = 0;
+    const auto look = [&](const QString& entry, const Tour::Visit& visit) {
         bool chosen = false;
-        const bool shown = stage.tour.During(
-            entry, [&] { chosen = stage.tour.Choose(stage.window, entry); },
-            [&](QWidget& dialog) { stage.tour.Shoot(dialog, name); });
+        const bool shown =
+            stage.tour.During(entry, [&] { chosen = stage.tour.Choose(stage.window, entry); }, visit);
         return chosen && shown;
     };
-    const QString last = stage.main.globals.lastCopy;
-    const bool copy = look(u"File > Copy Photos - From Reader"_s, u"copy-photos"_s);
+    const QString last = std::exchange(stage.main.globals.lastCopy, u"C:\\CARD\\DCIM\\100DEMO\\"_s);
+    const bool copy = look(u"File > Copy Photos - From Reader"_s, [&](QWidget& dialog) {
+        auto* list = dialog.findChild<QListView*>(u"filListBox"_s);
+        if (!list)
+            return;
+        onCard = list->model()->rowCount();
+        for (int row = 0; row < 6; ++row)
+            list->selectionModel()->setCurrentIndex(list->model()->index(row, 0), QItemSelectionModel::Select);
+        stage.tour.Shoot(dialog, u"copy-photos"_s);
+    });
     stage.main.globals.lastCopy = last;
-    const bool find = look(u"File > Find Photos"_s, u"find-photos"_s);
-    stage.tour.Step(u"Looked at copying from a card and at the search for photos."_s);
-    return copy && find;
+    const bool find = look(u"File > Find Photos"_s, [&](QWidget& dialog) {
+        Press(dialog, u"optSearch_3"_s); // the whole drive
+        Press(dialog, u"cmdSearch"_s);
+        if (auto* list = dialog.findChild<QListView*>(u"lstdirectory2"_s))
+            found = list->model()->rowCount();
+        stage.tour.Shoot(dialog, u"find-photos"_s);
+    });
+    stage.tour.Step(
+        u"Looked at copying from a card of %1 photos, and found photos in %2 directories."_s.arg(onCard).arg(found));
+    return copy && find && onCard == 200 && found >= 4;
 }
 
 bool AdjustPhoto(const Stage& stage)
@@ -91,6 +112,7 @@ bool TrashAndRestore(const Stage& stage)
     const QString capture = stage.main.globals.G_CaptureDir;
     const QString trash = photos::TrashDirectory(capture);
     const QString picture = PlayPicture(stage, trash);
+    const QString others[] = {PlayPicture(stage, trash, u"TOUR2.JPG"_s), PlayPicture(stage, trash, u"TOUR3.JPG"_s)};
     if (picture.isEmpty())
         return stage.tour.Fail(u"The capture directory has no picture for the trash."_s);
     bool chosen = false;
@@ -106,12 +128,12 @@ bool TrashAndRestore(const Stage& stage)
                 if (line.data().toString().startsWith(u"TOUR.JPG|"_s))
                     list->setCurrentIndex(line);
             }
-            stage.tour.Shoot(dialog, u"trash-restore"_s);
+            stage.tour.Shoot(dialog, u"trashcan"_s);
             Press(dialog, u"cmdRestore"_s);
             Press(dialog, u"cmdExit"_s);
         });
     const bool back = base.disk.FileExists(capture + u"TOUR.JPG"_s) && !base.disk.Found(picture);
-    for (const QString& left : {capture + u"TOUR.JPG"_s, picture}) {
+    for (const QString& left : {capture + u"TOUR.JPG"_s, picture, others[0], others[1]}) {
         if (base.disk.Found(left))
             base.disk.Kill(left);
     }

@@ -11,9 +11,4 @@ bool GeneralViews(const Stage& stage)
     return LookAt(stage, u"Setup > General Views"_s, u"general-views"_s);
 }
 
-bool Trashcan(const Stage& stage)
-{
-    return LookAt(stage, u"Maintenance > Trashcan Maintenance"_s, u"trashcan"_s);
-}
-
 } // namespace vasclip::app

@@ -4,8 +4,12 @@
 #include "photos/capture_desk.h"
 #include "photos/photo_desk.h"
 
+#include "platform/text/text.h"
+
+#include <QAbstractButton>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QLineEdit>
 
 #include <utility>
 
@@ -16,13 +20,17 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int kPatienceMilliseconds = 30'000;
+constexpr int kGeneralSlots = 36;
 
 /// Waits until the pictures of the page stand.
-bool PicturesStand(const Stage& stage)
+/// @param count  as many as there shall be; -1 for any
+bool PicturesStand(const Stage& stage, int count = -1)
 {
     QElapsedTimer timer;
     timer.start();
-    while (stage.main.capture.lblRefreshing.Visible() || !stage.main.Capture().Loader().Idle()) {
+    const auto& capture = stage.main.capture;
+    while (capture.lblRefreshing.Visible() || !stage.main.Capture().Loader().Idle() ||
+           (count >= 0 && capture.filCapture.ListCount() != count)) {
         if (timer.hasExpired(kPatienceMilliseconds))
             return false;
         Settle(20);
@@ -60,6 +68,20 @@ private:
     QString m_before;
 };
 
+/// Answers the question which view a picture shows.
+/// @param name  of the picture of the question; "" for none
+void ChooseView(const Stage& stage, QWidget& dialog, const QString& view, const QString& name)
+{
+    if (auto* box = dialog.findChild<QLineEdit*>(u"txtView"_s)) {
+        box->selectAll();
+        box->insert(view);
+    }
+    if (!name.isEmpty())
+        stage.tour.Shoot(dialog, name);
+    if (auto* ok = dialog.findChild<QAbstractButton*>(u"cmdOK"_s))
+        ok->click();
+}
+
 } // namespace
 
 bool BrowsePictures(const Stage& stage)
@@ -78,6 +100,53 @@ bool BrowsePictures(const Stage& stage)
     stage.main.Capture().ToggleListBox();
     stage.tour.Step(u"Looked through %1 pictures of the camera."_s.arg(pictures));
     return pictures == 40 && turned && list;
+}
+
+bool FilePictureWithRecord(const Stage& stage)
+{
+    auto& main = stage.main;
+    const QString key = text::Folded(main.report.txtSubject.Text());
+    main.ShowRecord(key);
+    if (text::Folded(main.records.grddatabook.CurrentText(u"CENTRALKEY"_s)) != key)
+        return stage.tour.Fail(u"%1, which was transferred, is not in the Databook."_s.arg(key));
+    const Errand errand(stage, 12);
+    if (!PicturesStand(stage))
+        return stage.tour.Fail(u"The pictures of the camera did not come up."_s);
+    drops::Outcome outcome;
+    const bool asked = stage.tour.During(
+        u"The question for a picture's view"_s,
+        [&] { outcome = main.Drop(main.BeginDrag(main.capture.geathumb(0)), main.records.grddatabook); },
+        [&](QWidget& dialog) { ChooseView(stage, dialog, u"GARAGE INTERIOR"_s, u"view-of-picture"_s); });
+    const bool tidy = PicturesStand(stage, 11);
+    stage.tour.Step(u"Dropped a picture of the camera on a record: %1"_s.arg(outcome.message));
+    stage.tour.Shoot(stage.window, u"filed"_s);
+    return asked && outcome.done && tidy && main.photoLists.lstViews.ListCount() == 4;
+}
+
+bool FileGeneralView(const Stage& stage)
+{
+    const Errand errand(stage, 12);
+    auto& main = stage.main;
+    if (!PicturesStand(stage))
+        return stage.tour.Fail(u"The pictures of the camera did not come up."_s);
+    int slot = 1;
+    while (slot <= kGeneralSlots && !main.NativeFileOf(main.slots.imaGeneral(slot)).isEmpty())
+        ++slot;
+    if (slot > kGeneralSlots)
+        return stage.tour.Fail(u"The report has no empty general slot."_s);
+    main.report.TabData.SetTab(2);
+    main.report.TabGeneral.SetTab((slot - 1) / 3);
+    drops::Outcome outcome;
+    const bool asked = stage.tour.During(
+        u"The question for a picture's view"_s,
+        [&] { outcome = main.Drop(main.BeginDrag(main.capture.geathumb(3)), main.slots.imaGeneral(slot)); },
+        [&](QWidget& dialog) { ChooseView(stage, dialog, u"VIEW FROM DECK"_s, {}); });
+    const bool tidy = PicturesStand(stage, 11);
+    stage.tour.Step(
+        u"Dropped a picture of the camera on the general photo %1: %2"_s.arg(slot).arg(outcome.message));
+    stage.tour.Shoot(stage.window, u"general-filed"_s);
+    stage.tour.ShootFormsProgram(u"report-general"_s, u"GENPH%1"_s.arg((slot + 2) / 3, 2, 10, QLatin1Char('0')));
+    return asked && outcome.done && tidy && main.report.cboGeneral(slot).Text() == u"VIEW FROM DECK"_s;
 }
 
 bool FilePictureIntoReport(const Stage& stage)
@@ -100,8 +169,9 @@ bool FilePictureIntoReport(const Stage& stage)
     const drops::Outcome outcome = main.Drop(main.BeginDrag(main.capture.geathumb(0)), main.slots.imaComp(slot));
     main.globals.autoSave = autoSave;
     stage.tour.Step(u"Dropped a picture of the camera on the photo of comp %1: %2"_s.arg(slot).arg(outcome.message));
+    const bool tidy = PicturesStand(stage, 11);
     stage.tour.Shoot(stage.window, u"picture-in-report"_s);
-    return outcome.done && !main.NativeFileOf(main.slots.imaComp(slot)).isEmpty();
+    return outcome.done && tidy && !main.NativeFileOf(main.slots.imaComp(slot)).isEmpty();
 }
 
 bool CameraFolder(const Stage& stage)

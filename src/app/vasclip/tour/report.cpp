@@ -119,9 +119,13 @@ bool RefreshReport(const Stage& stage)
         main.addr.txtKelReport.Text(), main.addr.txtKelListForms.Text(), main.report.txtSubject.Text()));
     main.report.TabData.SetTab(0);
     stage.tour.Shoot(stage.window, u"subject"_s);
+    main.report.TabData.SetTab(2);
+    stage.tour.Shoot(stage.window, u"general"_s);
+    const bool views = !main.NativeFileOf(main.slots.imaGeneral(1)).isEmpty() &&
+                       !main.report.cboGeneral(1).Text().isEmpty();
     main.report.TabData.SetTab(1);
     stage.tour.Shoot(stage.window, u"refreshed"_s);
-    return !main.addr.txtKelReport.Text().isEmpty();
+    return !main.addr.txtKelReport.Text().isEmpty() && views;
 }
 
 bool DropComps(const Stage& stage)
@@ -174,12 +178,19 @@ bool TransferSubject(const Stage& stage)
             .arg(main.status.lblmsg.Caption()));
     main.ShowRecord(key);
     stage.tour.Shoot(stage.window, u"transferred"_s);
-    const bool located = LookAt(stage, u"Setup > City Listings"_s, u"attach-city"_s);
+    const bool located = LookAt(stage, u"Setup > City Listings"_s, u"city-listings"_s);
+    return chosen && located && cells > 0 && pictures > 0;
+}
+
+bool DeleteTheSubject(const Stage& stage)
+{
+    shell::frm_Main& main = stage.main;
+    const QString key = text::Folded(main.report.txtSubject.Text());
+    main.ShowRecord(key);
     const bool asked = stage.tour.During(
         u"The question before a record is deleted"_s, [&] { main.CompDeleteRecord(); },
         [&](QWidget& box) { AnswerYes(stage, box, u"question-delete"_s); });
-    const bool gone = !store::FindRecord(main.Base().ports, databook, key, u"CENTRALKEY"_s);
-    return chosen && located && asked && gone && cells > 0 && pictures > 0;
+    return asked && !store::FindRecord(main.Base().ports, main.sources.datDatabook, key, u"CENTRALKEY"_s);
 }
 
 } // namespace vasclip::app

@@ -27,8 +27,7 @@ bool Settings(const Stage& stage)
 
 bool Cities(const Stage& stage)
 {
-    const bool edited = LookAt(stage, u"Maintenance > City Editing"_s, u"cities"_s);
-    return LookAt(stage, u"Setup > City Listings"_s, u"city-listings"_s) && edited;
+    return LookAt(stage, u"Maintenance > City Editing"_s, u"cities"_s);
 }
 
 bool Databases(const Stage& stage)

@@ -15,7 +15,10 @@ std::span<const TourStep> TourSteps()
         {"transfer the subject to the Databook"_L1, TransferSubject},
         // the camera
         {"browse the camera's pictures"_L1, BrowsePictures},
+        {"file a picture with the record"_L1, FilePictureWithRecord},
+        {"delete the subject's record"_L1, DeleteTheSubject},
         {"file a picture into the report"_L1, FilePictureIntoReport},
+        {"file a general view"_L1, FileGeneralView},
         {"the camera's folder"_L1, CameraFolder},
         // the Databook
         {"find by words"_L1, FindByWords},
@@ -26,7 +29,6 @@ std::span<const TourStep> TourSteps()
         {"calendar of a date"_L1, CalendarOfADate},
         // photos
         {"general views"_L1, GeneralViews},
-        {"trashcan"_L1, Trashcan},
         {"copy and find photos"_L1, CopyAndFind},
         {"adjust a photo"_L1, AdjustPhoto},
         {"trash and restore"_L1, TrashAndRestore},

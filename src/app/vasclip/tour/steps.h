@@ -37,10 +37,13 @@ bool Started(const Stage& stage);
 bool RefreshReport(const Stage& stage);
 bool DropComps(const Stage& stage);
 bool TransferSubject(const Stage& stage);
+bool DeleteTheSubject(const Stage& stage);
 
 // tour/pictures.cpp
 bool BrowsePictures(const Stage& stage);
+bool FilePictureWithRecord(const Stage& stage);
 bool FilePictureIntoReport(const Stage& stage);
+bool FileGeneralView(const Stage& stage);
 bool CameraFolder(const Stage& stage);
 
 // tour/records.cpp
@@ -53,7 +56,6 @@ bool CalendarOfADate(const Stage& stage);
 
 // tour/photos.cpp
 bool GeneralViews(const Stage& stage);
-bool Trashcan(const Stage& stage);
 // tour/media.cpp
 bool CopyAndFind(const Stage& stage);
 bool AdjustPhoto(const Stage& stage);

@@ -100,10 +100,10 @@ void Tour::TellOf(QWidget& stranger)
     Shoot(stranger, u"not-expected"_s);
 }
 
-void Tour::ShootFormsProgram(const QString& name)
+void Tour::ShootFormsProgram(const QString& name, const QString& page)
 {
     const QString picture = u"%1-%2.png"_s.arg(++m_pictures, 2, 10, QChar(u'0')).arg(name);
-    const QString taken = m_forms.TakePicture();
+    const QString taken = m_forms.TakePicture(page);
     if (taken.isEmpty() || !m_directory.rename(taken, picture))
         Fail(u"The forms program took no picture %1."_s.arg(picture));
 }

@@ -36,7 +36,8 @@ public:
     void Step(const QString& text);                   ///< a line of steps.txt, and of the terminal
     bool Fail(const QString& text);                   ///< the same; the tour has failed. @return false
     void Shoot(QWidget& window, const QString& name); ///< DIR/NN-name.png
-    void ShootFormsProgram(const QString& name);      ///< the same, of the other program's window
+    /// The same, of the other program's window; it turns to a page first, "" for the one on show.
+    void ShootFormsProgram(const QString& name, const QString& page = {});
 
     using Visit = std::function<void(QWidget& dialog)>;
     /// Does what opens a modal dialog, visits it and closes it if the visit has not.
