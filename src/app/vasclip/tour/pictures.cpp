@@ -116,7 +116,7 @@ bool FilePictureWithRecord(const Stage& stage)
     const bool asked = stage.tour.During(
         u"The question for a picture's view"_s,
         [&] { outcome = main.Drop(main.BeginDrag(main.capture.geathumb(0)), main.records.grddatabook); },
-        [&](QWidget& dialog) { ChooseView(stage, dialog, u"GARAGE INTERIOR"_s, u"view-of-picture"_s); });
+        [&](QWidget& dialog) { ChooseView(stage, dialog, u"DRIVEWAY"_s, u"view-of-picture"_s); });
     const bool tidy = PicturesStand(stage, 11);
     stage.tour.Step(u"Dropped a picture of the camera on a record: %1"_s.arg(outcome.message));
     stage.tour.Shoot(stage.window, u"filed"_s);
@@ -140,13 +140,13 @@ bool FileGeneralView(const Stage& stage)
     const bool asked = stage.tour.During(
         u"The question for a picture's view"_s,
         [&] { outcome = main.Drop(main.BeginDrag(main.capture.geathumb(3)), main.slots.imaGeneral(slot)); },
-        [&](QWidget& dialog) { ChooseView(stage, dialog, u"VIEW FROM DECK"_s, {}); });
+        [&](QWidget& dialog) { ChooseView(stage, dialog, u"ENTRANCE"_s, {}); });
     const bool tidy = PicturesStand(stage, 11);
     stage.tour.Step(
         u"Dropped a picture of the camera on the general photo %1: %2"_s.arg(slot).arg(outcome.message));
     stage.tour.Shoot(stage.window, u"general-filed"_s);
     stage.tour.ShootFormsProgram(u"report-general"_s, u"GENPH%1"_s.arg((slot + 2) / 3, 2, 10, QLatin1Char('0')));
-    return asked && outcome.done && tidy && main.report.cboGeneral(slot).Text() == u"VIEW FROM DECK"_s;
+    return asked && outcome.done && tidy && main.report.cboGeneral(slot).Text() == u"ENTRANCE"_s;
 }
 
 bool FilePictureIntoReport(const Stage& stage)
