@@ -617,7 +617,8 @@ TEST_F(Vasctl, TheGuideNamesCommandsAndOptionsThatAreThere)
     for (auto found = kExample.globalMatch(text); found.hasNext();) {
         const auto example = found.next();
         ++commands;
-        EXPECT_TRUE(help.contains(u"\n  "_s + example.captured(1))) << example.captured(1).toStdString();
+        const QString command = example.captured(1);
+        EXPECT_TRUE(help.contains(u"\n  "_s + command) || help.contains(u", "_s + command)) << command.toStdString();
         static const QRegularExpression kOption(u"--[a-z-]+"_s);
         for (auto option = kOption.globalMatch(example.captured(2)); option.hasNext();) {
             const QString name = option.next().captured();
@@ -625,6 +626,32 @@ TEST_F(Vasctl, TheGuideNamesCommandsAndOptionsThatAreThere)
         }
     }
     EXPECT_GE(commands, 12);
+}
+
+TEST_F(Vasctl, TheGuideLeavesNoCommandOut)
+{
+    QFile page(QStringLiteral(VASCLIP_GUIDE_DIR "/vasctl.md"));
+    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(page.readAll());
+    QString help = QString::fromUtf8(home.Vasctl({u"--plain"_s, u"--help"_s}).out);
+    help = help.section(u"\nCommands:\n"_s, 1).section(u"\nExit codes:"_s, 0, 0);
+    // Two on a line stand behind each other with a comma: "comments add ..., comments delete ...".
+    static const QRegularExpression kCommand(u"(?:^  |, )([a-z]+(?: [a-z][a-z-]+)?)(?= |$)"_s,
+                                             QRegularExpression::MultilineOption);
+    QStringList commands;
+    for (auto found = kCommand.globalMatch(help); found.hasNext();) {
+        const QString command = found.next().captured(1);
+        const QString first = command.section(u' ', 0, 0);
+        // What follows a comma in an explanation is no command.
+        if (help.contains(u"\n  "_s + first + u' ') || help.startsWith(u"  "_s + first + u' '))
+            commands.append(command);
+    }
+    commands.removeDuplicates();
+    EXPECT_GE(commands.size(), 48) << commands.join(u", "_s).toStdString();
+    for (const QString& command : std::as_const(commands)) {
+        const QRegularExpression named(u"`vasctl %1[ `]"_s.arg(command));
+        EXPECT_TRUE(named.match(text).hasMatch()) << command.toStdString();
+    }
 }
 
 } // namespace
