@@ -30,7 +30,8 @@ enum class Mark { Empty, Full, Added };
 QImage Sheet(Mark mark)
 {
     QImage image(48, 48, QImage::Format_RGB32);
-    image.fill(QColor(246, 247, 249));
+    const QColor ground(246, 247, 249); // one colour up to the edge, which stands for no picture at all
+    image.fill(ground);
     QPainter p(&image);
     p.setRenderHint(QPainter::Antialiasing);
     QPainterPath paper;
@@ -43,7 +44,7 @@ QImage Sheet(Mark mark)
     const bool written = mark != Mark::Empty;
     p.setPen(QPen(written ? QColor(70, 92, 128) : QColor(176, 182, 190), 2,
                   written ? Qt::SolidLine : Qt::DashLine));
-    p.setBrush(written ? QColor(255, 255, 255) : QColor(250, 250, 251));
+    p.setBrush(written ? QColor(255, 255, 255) : ground);
     p.drawPath(paper);
     p.drawLine(QPointF(29, 6), QPointF(29, 14));
     p.drawLine(QPointF(29, 14), QPointF(37, 14));

@@ -11,6 +11,35 @@
 
 namespace vasclip::windows {
 
+namespace {
+
+/// As large as an icon; a picture of this size and no alpha has a ground that stands for none.
+constexpr int kMarkSide = 64;
+
+/// A mark of the program directory has one colour around what it shows, since its kind of file knows no
+/// transparency. What hangs together with its first pixel is taken away.
+QImage WithoutGround(const QImage& picture)
+{
+    if (picture.hasAlphaChannel() || picture.width() > kMarkSide || picture.height() > kMarkSide)
+        return picture;
+    QImage mark = picture.convertToFormat(QImage::Format_ARGB32);
+    const QRgb ground = mark.pixel(0, 0);
+    QList<QPoint> edge{{0, 0},
+                       {mark.width() - 1, 0},
+                       {0, mark.height() - 1},
+                       {mark.width() - 1, mark.height() - 1}};
+    while (!edge.isEmpty()) {
+        const QPoint at = edge.takeLast();
+        if (!mark.valid(at) || mark.pixel(at) != ground)
+            continue;
+        mark.setPixel(at, 0);
+        edge << at + QPoint(1, 0) << at - QPoint(1, 0) << at + QPoint(0, 1) << at - QPoint(0, 1);
+    }
+    return mark;
+}
+
+} // namespace
+
 PictureView::PictureView(QWidget* parent)
     : QWidget(parent)
 {
@@ -86,7 +115,7 @@ void PictureView::paintEvent(QPaintEvent*)
     const bool empty = m_picture.isNull() || !m_shown;
 
     if (!m_bare)
-        painter.fillPath(shape, drop ? colours.accentSoft : empty ? colours.well : colours.photoGround);
+        painter.fillPath(shape, drop ? colours.accentSoft : empty || m_lamp ? colours.well : colours.photoGround);
     if (empty) {
         PaintEmpty(painter, ground);
     } else {
@@ -95,8 +124,8 @@ void PictureView::paintEvent(QPaintEvent*)
         const QSizeF fitted = QSizeF(m_picture.size()).scaled(room.size(), Qt::KeepAspectRatio);
         const QSize pixels = (fitted * devicePixelRatioF()).toSize().expandedTo(QSize(1, 1));
         if (m_scaled.size() != pixels)
-            m_scaled =
-                QPixmap::fromImage(m_picture.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+            m_scaled = QPixmap::fromImage((m_lamp ? WithoutGround(m_picture) : m_picture)
+                                              .scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
         QRectF target(QPointF(), fitted);
         target.moveCenter(room.center());
         painter.save();
