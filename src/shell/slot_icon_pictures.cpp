@@ -10,7 +10,7 @@ namespace {
 constexpr int kSide = 64; // drawn large: a slot shows it at about 20, at 200 % at 40
 
 constexpr QRgb kGrey = qRgb(0x8a, 0x94, 0xa3);
-constexpr QRgb kBlue = qRgb(0x2f, 0x74, 0xc0);
+constexpr QRgb kBlue = qRgb(0x3f, 0x86, 0xd6); // tells itself from a white ground and from a dark one
 constexpr QRgb kGreen = qRgb(0x2e, 0x9d, 0x62);
 
 QImage Blank()

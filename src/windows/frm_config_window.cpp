@@ -117,9 +117,10 @@ private:
             line->setContentsMargins(8, 4, 8, 4);
             line->setSpacing(8);
             line->addWidget(MadeButton(m_screen.cmdResetSize, card));
-            line->addWidget(
-                Words(QDialog::tr("Puts the main window back to its first size and panes"), "quiet", card));
-            line->addStretch(1);
+            auto* words =
+                Words(QDialog::tr("Puts the main window back to its first size and panes"), "quiet", card);
+            words->setWordWrap(true);
+            line->addWidget(words, 1);
             m_groupRows->addLayout(line);
         }
     }

@@ -146,6 +146,8 @@ bool FileGeneralView(const Stage& stage)
         u"Dropped a picture of the camera on the general photo %1: %2"_s.arg(slot).arg(outcome.message));
     stage.tour.Shoot(stage.window, u"general-filed"_s);
     stage.tour.ShootFormsProgram(u"report-general"_s, u"GENPH%1"_s.arg((slot + 2) / 3, 2, 10, QLatin1Char('0')));
+    main.report.TabData.SetTab(1);
+    main.report.TabComp.SetTab(0);
     return asked && outcome.done && tidy && main.report.cboGeneral(slot).Text() == u"ENTRANCE"_s;
 }
 
