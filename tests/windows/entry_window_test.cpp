@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -90,6 +91,7 @@ TEST_F(EntryWindows, EachShowsEveryControlOfItsScreen)
 
 TEST_F(EntryWindows, EachOpensWithAllOfItsBoxesInSight)
 {
+    QDialog().ensurePolished(); // the main window has brought the style sheet
     for (const databook::EntryForm& form : databook::EntryForms()) {
         Shown shown(*this, form);
         shown.window->show();
