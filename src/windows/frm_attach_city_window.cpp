@@ -2,7 +2,7 @@
 #include "windows/screen_layouts.h"
 
 #include <QDialog>
-#include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -16,13 +16,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-void AddBox(QFormLayout& fields, const QString& caption, const QString& name, QWidget& parent)
-{
-    auto* box = new QLineEdit(&parent);
-    box->setObjectName(name);
-    fields.addRow(caption, box); // the caption's access key leads to the box
-}
-
 QLayout* RecordColumn(QDialog& window)
 {
     auto* column = new QVBoxLayout;
@@ -32,18 +25,15 @@ QLayout* RecordColumn(QDialog& window)
     head->addWidget(MakeLabel(window, u"lblPending"_s, "quiet"));
     column->addLayout(head);
 
-    auto* fields = new QFormLayout;
-    fields->setHorizontalSpacing(12);
-    fields->setVerticalSpacing(8);
-    fields->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    AddBox(*fields, QDialog::tr("Add&ress"), u"txtAddress"_s, window);
-    AddBox(*fields, QDialog::tr("C&ity"), u"txtCity"_s, window);
-    AddBox(*fields, QDialog::tr("&State"), u"txtState"_s, window);
-    AddBox(*fields, QDialog::tr("&ZIP"), u"txtZip"_s, window);
-    AddBox(*fields, QDialog::tr("Co&unty"), u"txtCounty"_s, window);
-    AddBox(*fields, QDialog::tr("Neighbor&hood"), u"txtNeighborhd"_s, window);
-    AddBox(*fields, QDialog::tr("Sale date on re&port"), u"txtSaleFld"_s, window);
-    AddBox(*fields, QDialog::tr("Sale &date"), u"txtSaleDate"_s, window);
+    auto* fields = MakeFields();
+    AddField(*fields, QDialog::tr("Add&ress"), u"txtAddress"_s, window);
+    AddField(*fields, QDialog::tr("C&ity"), u"txtCity"_s, window);
+    AddField(*fields, QDialog::tr("&State"), u"txtState"_s, window);
+    AddField(*fields, QDialog::tr("&ZIP"), u"txtZip"_s, window);
+    AddField(*fields, QDialog::tr("Co&unty"), u"txtCounty"_s, window);
+    AddField(*fields, QDialog::tr("Neighbor&hood"), u"txtNeighborhd"_s, window);
+    AddField(*fields, QDialog::tr("Sale date on re&port"), u"txtSaleFld"_s, window);
+    AddField(*fields, QDialog::tr("Sale &date"), u"txtSaleDate"_s, window);
     column->addLayout(fields);
 
     auto* heading = new QLabel(QDialog::tr("When the report does not tell a comp's city"), &window);

@@ -7,7 +7,6 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -16,17 +15,6 @@ namespace vasclip::windows {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-void AddBox(QGridLayout& fields, const QString& caption, const QString& name, QWidget& parent)
-{
-    auto* label = new QLabel(caption, &parent);
-    auto* box = new QLineEdit(&parent);
-    box->setObjectName(name);
-    label->setBuddy(box);
-    const int row = fields.rowCount();
-    fields.addWidget(label, row, 0);
-    fields.addWidget(box, row, 1);
-}
 
 /// The record on show, its boxes, and the steps to its neighbours.
 QLayout* RecordColumn(QDialog& window)
@@ -38,15 +26,12 @@ QLayout* RecordColumn(QDialog& window)
     head->addWidget(MakeLabel(window, u"lblRecord"_s, "quiet"));
     column->addLayout(head);
 
-    auto* fields = new QGridLayout;
-    fields->setHorizontalSpacing(12);
-    fields->setVerticalSpacing(8);
-    fields->setColumnStretch(1, 1);
-    AddBox(*fields, QDialog::tr("Neighbor&hood"), u"txtneighborhood"_s, window);
-    AddBox(*fields, QDialog::tr("C&ity"), u"txtCity"_s, window);
-    AddBox(*fields, QDialog::tr("&State"), u"txtState"_s, window);
-    AddBox(*fields, QDialog::tr("&ZIP"), u"txtZip"_s, window);
-    AddBox(*fields, QDialog::tr("Co&unty"), u"txtCounty"_s, window);
+    auto* fields = MakeFields();
+    AddField(*fields, QDialog::tr("Neighbor&hood"), u"txtneighborhood"_s, window);
+    AddField(*fields, QDialog::tr("C&ity"), u"txtCity"_s, window);
+    AddField(*fields, QDialog::tr("&State"), u"txtState"_s, window);
+    AddField(*fields, QDialog::tr("&ZIP"), u"txtZip"_s, window);
+    AddField(*fields, QDialog::tr("Co&unty"), u"txtCounty"_s, window);
     column->addLayout(fields);
 
     auto* blank = new QCheckBox(&window);

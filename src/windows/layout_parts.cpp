@@ -5,7 +5,9 @@
 
 #include <QComboBox>
 #include <QDialog>
+#include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListView>
 #include <QProgressBar>
 #include <QPushButton>
@@ -107,6 +109,26 @@ QVBoxLayout* MakeRows(QDialog& window)
     rows->setContentsMargins(16, 16, 16, 16);
     rows->setSpacing(12);
     return rows;
+}
+
+QGridLayout* MakeFields()
+{
+    auto* fields = new QGridLayout;
+    fields->setHorizontalSpacing(12);
+    fields->setVerticalSpacing(8);
+    fields->setColumnStretch(1, 1);
+    return fields;
+}
+
+void AddField(QGridLayout& fields, const QString& caption, const QString& name, QWidget& parent)
+{
+    auto* label = new QLabel(caption, &parent);
+    auto* box = new QLineEdit(&parent);
+    box->setObjectName(name);
+    label->setBuddy(box);
+    const int row = fields.rowCount();
+    fields.addWidget(label, row, 0);
+    fields.addWidget(box, row, 1);
 }
 
 QVBoxLayout* MakeLocations(QDialog& window)

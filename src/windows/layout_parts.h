@@ -3,6 +3,7 @@
 #include <QString>
 
 class QDialog;
+class QGridLayout;
 class QLabel;
 class QListView;
 class QProgressBar;
@@ -38,6 +39,11 @@ void PolishAll(const QWidget& window);
                                        const QString& directoryName);
 /// The rows of a window with its margins.
 [[nodiscard]] QVBoxLayout* MakeRows(QDialog& window);
+
+/// A grid of captions and their boxes.
+[[nodiscard]] QGridLayout* MakeFields();
+/// A row of it. The caption's access key leads to the box.
+void AddField(QGridLayout& fields, const QString& caption, const QString& name, QWidget& parent);
 
 /// The list of cities with the buttons that keep it.
 QVBoxLayout* MakeLocations(QDialog& window);
