@@ -152,6 +152,26 @@ TEST_F(FormatPicture, TheStoredPictureIsUprightAndKeepsItsDate)
     EXPECT_GT(stored.pixelColor(440, 590).red(), 215);
 }
 
+TEST_F(FormatPicture, TheStoredPictureKnowsWhereItWasTaken)
+{
+    // Orientation 6, and a directory of its place with the latitude's letter.
+    const QByteArray exif("Exif\0\0MM\0\x2A\0\0\0\x08\0\x02\x01\x12\0\x03\0\0\0\x01\0\x06\0\0\x88\x25\0\x04\0\0\0\x01"
+                          "\0\0\0\x26\0\0\0\0\0\x01\0\x01\0\x02\0\0\0\x02N\0\0\0\0\0\0\0",
+                          62);
+    const QByteArray place = exif.right(18);
+    QByteArray jpeg = picture::ToJpeg(Sample(1200, 900), 90);
+    jpeg.insert(2, QByteArray("\xFF\xE1\0", 3) + char(exif.size() + 2) + exif);
+    for (const bool redux : {true, false}) {
+        globals.redux = redux;
+        globals.quality = 80;
+        disk.WriteWhole(u"C:\\VASSNAP\\PHONE.JPG"_s, jpeg);
+        ASSERT_TRUE(Save(u"C:\\VASSNAP\\PHONE.JPG"_s));
+        const QByteArray stored = disk.ReadWhole(table_.ErrGetPict(imaComp));
+        EXPECT_TRUE(stored.left(200).contains(place)) << redux;
+        EXPECT_EQ(picture::Describe(disk, table_.ErrGetPict(imaComp)).orientation, 1) << redux;
+    }
+}
+
 TEST_F(FormatPicture, AGivenStemIsTakenWithoutItsBlanksAndNoneIsDrawn)
 {
     const QString source = PutJpeg(u"A.JPG"_s);

@@ -12,6 +12,7 @@ struct Exif
 {
     int orientation = 1;       ///< 1 to 8
     Notes notes;
+    QByteArrayView tiff;       ///< all of it, within the bytes that were read; empty for none
     QByteArrayView thumbnail;  ///< a JPEG within the bytes that were read; empty if there is none
 };
 
@@ -30,8 +31,10 @@ struct JpegHead
 };
 [[nodiscard]] JpegHead ReadJpegHead(QByteArrayView bytes);
 
-/// The content of an EXIF segment ("Exif\0\0" and a TIFF structure) that says orientation 1 and the notes.
-[[nodiscard]] QByteArray ExifSegment(const Notes& notes);
+/// The content of an EXIF segment ("Exif\0\0" and a TIFF structure) that says orientation 1: the camera's own
+/// data without their small picture, or where the notes bring none that fit, the notes alone.
+/// @param size  of the picture that is written
+[[nodiscard]] QByteArray ExifSegment(const Notes& notes, QSize size);
 
 /// Does the orientation turn the picture on its side?
 [[nodiscard]] constexpr bool SwapsSides(int orientation)

@@ -43,9 +43,12 @@ QImage HeifThumbnailOfFile(const QString& nativePath)
 
 Facts DescribeJpeg(QFile& file, const QByteArray& begin, const QString& name)
 {
-    JpegHead head = ReadJpegHead(begin);
-    if (head.size.isEmpty() && file.seek(0))
-        head = ReadJpegHead(file.read(kLongHeadLength));
+    QByteArray bytes = begin;
+    JpegHead head = ReadJpegHead(bytes);
+    if (head.size.isEmpty() && file.seek(0)) {
+        bytes = file.read(kLongHeadLength);
+        head = ReadJpegHead(bytes);
+    }
     if (head.size.isEmpty())
         Refuse(name, u"its header names no size"_s);
     Facts facts;
@@ -55,6 +58,7 @@ Facts DescribeJpeg(QFile& file, const QByteArray& begin, const QString& name)
     facts.compression = head.progressive ? u"JPEG progressive"_s : u"JPEG"_s;
     facts.bitsPerPixel = head.components * head.bits;
     facts.notes = head.exif.notes;
+    facts.notes.exif = head.exif.tiff.toByteArray();
     return facts;
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/files/disk.h"
 
+#include <QByteArray>
 #include <QDateTime>
 #include <QImage>
 #include <QSize>
@@ -14,7 +15,13 @@ struct Notes
 {
     QDateTime taken; ///< local time of the camera; invalid if it is not told
     QString make, model;
-    bool operator==(const Notes&) const = default;
+    /// The camera's whole EXIF data, a TIFF structure: where the picture was taken, exposure, the maker's own.
+    QByteArray exif = {};
+    /// Do they tell the same? The data they were read from may differ.
+    bool operator==(const Notes& other) const
+    {
+        return taken == other.taken && make == other.make && model == other.model;
+    }
 };
 
 /// What a picture file says of itself, from its head alone.

@@ -216,7 +216,9 @@ Facts DescribeHeif(QByteArrayView bytes, const QString& name)
     facts.compression = u"HEVC"_s;
     const int components = Lib().imageHandleHasAlphaChannel(handle.get()) != 0 ? 4 : 3;
     facts.bitsPerPixel = components * std::max(Lib().imageHandleGetLumaBitsPerPixel(handle.get()), 0);
-    facts.notes = ExifOf(handle, storage).notes;
+    const Exif exif = ExifOf(handle, storage);
+    facts.notes = exif.notes;
+    facts.notes.exif = exif.tiff.toByteArray();
     return facts;
 }
 

@@ -117,7 +117,7 @@ QByteArray ToJpeg(const QImage& image, int quality, const Notes& notes)
     if (image.isNull())
         throw RuntimeError(5, u"There is no picture to save"_s);
     const QImage plain = Plain(image);
-    const QByteArray exif = ExifSegment(notes);
+    const QByteArray exif = ExifSegment(notes, plain.size());
     const QByteArray profile = ProfileOf(image);
     Encoder encoder;
     if (!encoder.Encode(plain, std::clamp(quality, 1, 100), exif, profile))

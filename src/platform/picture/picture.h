@@ -54,7 +54,7 @@ inline constexpr int kFullSize = 0;
 /// Width and height of the upright picture, from the file's head alone. @throws as Load
 [[nodiscard]] QSize PictureSize(const files::Disk& disk, const QString& path);
 
-/// The picture as a JPEG on a white ground, upright, with the notes in its EXIF data.
+/// The picture as a JPEG on a white ground, upright, with the notes and the camera's EXIF data beside it.
 /// @param quality  1 to 100, kept within
 /// @throws RuntimeError 5 for a null image
 [[nodiscard]] QByteArray ToJpeg(const QImage& image, int quality, const Notes& notes = {});

@@ -268,6 +268,82 @@ TEST(PictureKinds, NotesAndProfileStayWithThePicture)
     EXPECT_EQ(ReadJpegHead(ToJpeg(image, 90, {{}, u"M"_s, {}})).exif.notes.make, u"M"_s);
 }
 
+/// A TIFF structure as a camera writes it: orientation 6, the size, a place, a maker's note and a small picture.
+QByteArray CameraTiff(bool big, const QByteArray& small, const QByteArray& behind = {})
+{
+    const auto number = [big](quint32 value, int bytes) {
+        QByteArray text;
+        for (int at = 0; at < bytes; ++at)
+            text.append(static_cast<char>(value >> (8 * (big ? bytes - 1 - at : at)) & 0xFF));
+        return text;
+    };
+    const auto entry = [&](quint32 tag, quint32 type, quint32 count, quint32 value) {
+        return number(tag, 2) + number(type, 2) + number(count, 4) +
+               (type == 3 ? number(value, 2) + number(0, 2) : number(value, 4));
+    };
+    constexpr quint32 kFirst = 8, kDetail = kFirst + 2 + 3 * 12 + 4, kPlace = kDetail + 2 + 3 * 12 + 4,
+                      kSecond = kPlace + 2 + 12 + 4, kDegrees = kSecond + 2 + 2 * 12 + 4, kNote = kDegrees + 24,
+                      kSmall = kNote + 8;
+    return QByteArray(big ? "MM" : "II") + number(42, 2) + number(kFirst, 4) + number(3, 2) +
+           entry(0x0112, 3, 1, 6) + entry(0x8769, 4, 1, kDetail) + entry(0x8825, 4, 1, kPlace) +
+           number(kSecond, 4) + number(3, 2) + entry(0x927C, 7, 8, kNote) + entry(0xA002, 3, 1, 4000) +
+           entry(0xA003, 4, 1, 3000) + number(0, 4) + number(1, 2) + entry(0x0002, 5, 3, kDegrees) + number(0, 4) +
+           number(2, 2) + entry(0x0201, 4, 1, kSmall) + entry(0x0202, 4, 1, static_cast<quint32>(small.size())) +
+           number(0, 4) + number(48, 4) + number(1, 4) + number(51, 4) + number(1, 4) + number(30, 4) +
+           number(1, 4) + QByteArray("MAKERS!", 8) + small + behind;
+}
+
+TEST(PictureKinds, WrittenAnewAPictureKeepsItsExifDataButTurnAndSmallPicture)
+{
+    const QByteArray small = ToJpeg(Quarters(40, 20), 90);
+    for (const bool big : {true, false}) {
+        for (const QByteArray& behind : {QByteArray(), QByteArray("behind")}) {
+            Notes notes;
+            notes.exif = CameraTiff(big, small, behind);
+            const QByteArray jpeg = ToJpeg(Quarters(80, 60), 90, notes);
+            const Exif kept = ReadJpegHead(jpeg).exif;
+            EXPECT_EQ(kept.orientation, 1);
+            EXPECT_TRUE(kept.thumbnail.isEmpty());
+            EXPECT_FALSE(jpeg.contains(small)) << "it shows the picture as it was";
+            // What is expected, byte for byte: the same with three numbers and the link to the small picture changed.
+            QByteArray wanted = notes.exif;
+            const auto put = [&](qsizetype at, int bytes, quint32 value) {
+                for (int i = 0; i < bytes; ++i)
+                    wanted[at + (big ? bytes - 1 - i : i)] = static_cast<char>(value >> (8 * i) & 0xFF);
+            };
+            put(18, 2, 1);   // orientation
+            put(46, 4, 0);   // second directory
+            put(72, 2, 80);  // width
+            put(84, 4, 60);  // height
+            if (behind.isEmpty())
+                wanted.chop(small.size());
+            else
+                wanted.replace(wanted.indexOf(small), small.size(), QByteArray(small.size(), '\0'));
+            EXPECT_EQ(kept.tiff.toByteArray().toHex(), wanted.toHex()) << big << behind.toStdString();
+        }
+    }
+}
+
+TEST(PictureKinds, ExifDataThatCanNotBeKeptLeaveTheNotes)
+{
+    const QByteArray small = ToJpeg(Quarters(40, 20), 90);
+    const QByteArray whole = CameraTiff(true, small);
+    const QDateTime taken(QDate(2023, 12, 31), QTime(23, 59, 58));
+    for (const QByteArray& exif : {QByteArray("MM"), QByteArray("no TIFF structure at all"), whole.left(8), whole.left(9),
+                                   whole + QByteArray(70'000, 'x')}) {
+        Notes notes{taken, u"Maker"_s, u"Model"_s};
+        notes.exif = exif;
+        EXPECT_EQ(ReadJpegHead(ToJpeg(Quarters(80, 60), 90, notes)).exif.notes, notes) << exif.size();
+    }
+    for (qsizetype length = 8; length < whole.size(); ++length) { // cut short at any place it does no harm
+        Notes notes;
+        notes.exif = whole.left(length);
+        const QByteArray jpeg = ToJpeg(Quarters(16, 16), 90, notes);
+        EXPECT_EQ(FromBytes(jpeg, u"a"_s).size(), QSize(16, 16)) << length;
+        EXPECT_TRUE(length < 22 || ReadJpegHead(jpeg).exif.orientation == 1) << length;
+    }
+}
+
 TEST(PictureKinds, TheEmbeddedThumbnailIsReadUprightFromTheHead)
 {
     const QByteArray small = ToJpeg(Quarters(40, 20), 90);
