@@ -26,11 +26,11 @@ QImage InShape(const QImage& image, QSize full)
 
 std::optional<Thumb> PictureThumbs::Embedded(const QString& path) const
 {
-    const QImage image = picture::EmbeddedThumbnail(m_disk, path);
-    if (image.isNull())
+    const picture::SmallPicture small = picture::EmbeddedThumbnail(m_disk, path);
+    if (small.image.isNull())
         return std::nullopt;
-    const QSize full = picture::Describe(m_disk, path).size;
-    return Thumb{InShape(image, full), full};
+    const QSize full = small.ofWhole.isEmpty() ? picture::Describe(m_disk, path).size : small.ofWhole;
+    return Thumb{InShape(small.image, full), full};
 }
 
 Thumb PictureThumbs::Reduced(const QString& path, int longerSide) const

@@ -104,7 +104,7 @@ TEST(Card, HasTwoHundredPicturesThatAreTheSameEveryTime)
         orientations.insert(facts.orientation);
         const bool high = facts.orientation == 6 || facts.orientation == 8;
         EXPECT_EQ(facts.size, high ? QSize(600, 800) : QSize(800, 600)) << name.toStdString();
-        const QImage small = picture::EmbeddedThumbnail(first.disk, path);
+        const QImage small = picture::EmbeddedThumbnail(first.disk, path).image;
         EXPECT_EQ(small.size(), high ? QSize(120, 160) : QSize(160, 120)) << name.toStdString();
         bytes += first.disk.FileLen(path);
         contents.insert(QCryptographicHash::hash(first.disk.ReadWhole(path), QCryptographicHash::Sha1));

@@ -21,6 +21,8 @@ constexpr qint64 kLongHeadLength = 4 * 1024 * 1024;
 constexpr int kSmallestSide = 16;
 /// A block of a card; the EXIF data tells how much more of it there is.
 constexpr qint64 kFirstRead = 4096;
+/// Behind the EXIF data come tables, often a profile, and then the frame, which tells the size.
+constexpr qint64 kReadBehindExif = 4096;
 
 /// Where the EXIF data of a JPEG ends, 0 without any within the bytes.
 qint64 EndOfExif(const QByteArray& begin)
@@ -41,6 +43,11 @@ QImage HeifThumbnailOfFile(const QString& nativePath)
     return IsHeif(begin) ? HeifThumbnail(begin + file.readAll()) : QImage();
 }
 
+QSize UprightSize(const JpegHead& head)
+{
+    return SwapsSides(head.exif.orientation) ? head.size.transposed() : head.size;
+}
+
 Facts DescribeJpeg(QFile& file, const QByteArray& begin, const QString& name)
 {
     QByteArray bytes = begin;
@@ -53,7 +60,7 @@ Facts DescribeJpeg(QFile& file, const QByteArray& begin, const QString& name)
         Refuse(name, u"its header names no size"_s);
     Facts facts;
     facts.orientation = head.exif.orientation;
-    facts.size = SwapsSides(facts.orientation) ? head.size.transposed() : head.size;
+    facts.size = UprightSize(head);
     facts.format = u"JPEG"_s;
     facts.compression = head.progressive ? u"JPEG progressive"_s : u"JPEG"_s;
     facts.bitsPerPixel = head.components * head.bits;
@@ -102,28 +109,30 @@ ThumbnailBytes EmbeddedThumbnailBytes(const QString& nativePath)
         return {};
     const qint64 wanted = EndOfExif(head);
     if (wanted > head.size())
-        head += file.read(wanted - head.size());
-    const Exif exif = ReadJpegHead(head).exif;
-    return {IsJpeg(exif.thumbnail) ? exif.thumbnail.toByteArray() : QByteArray(), exif.orientation};
+        head += file.read(wanted - head.size() + kReadBehindExif);
+    const JpegHead facts = ReadJpegHead(head);
+    const Exif& exif = facts.exif;
+    return {IsJpeg(exif.thumbnail) ? exif.thumbnail.toByteArray() : QByteArray(), exif.orientation,
+            UprightSize(facts)};
 }
 
-QImage EmbeddedThumbnailOfNativeFile(const QString& nativePath) noexcept
+SmallPicture EmbeddedThumbnailOfNativeFile(const QString& nativePath) noexcept
 {
     try {
         const ThumbnailBytes found = EmbeddedThumbnailBytes(nativePath);
         if (found.jpeg.isEmpty())
-            return HeifThumbnailOfFile(nativePath);
+            return {HeifThumbnailOfFile(nativePath), {}};
         const auto asItIs = [](QSize size) { return size; };
         const QImage small = ReadJpeg(found.jpeg, u"thumbnail"_s, asItIs, {});
         if (small.width() < kSmallestSide || small.height() < kSmallestSide)
             return {};
-        return Upright(small, found.orientation);
+        return {Upright(small, found.orientation), found.ofWhole};
     } catch (const std::exception&) {
         return {}; // the picture itself is decoded instead
     }
 }
 
-QImage EmbeddedThumbnail(const files::Disk& disk, const QString& path) noexcept
+SmallPicture EmbeddedThumbnail(const files::Disk& disk, const QString& path) noexcept
 {
     try {
         return EmbeddedThumbnailOfNativeFile(disk.ToNative(path));

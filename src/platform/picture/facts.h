@@ -41,16 +41,21 @@ struct Facts
 
 /// The small picture that a camera puts into the head of its file, upright. It may have another shape than
 /// the picture (black bars above and below).
-/// @return a null image if there is none, also for a file that is not there or can't be read
-[[nodiscard]] QImage EmbeddedThumbnail(const files::Disk& disk, const QString& path) noexcept;
+struct SmallPicture
+{
+    QImage image;  ///< null if there is none, also for a file that is not there or can't be read
+    QSize ofWhole; ///< upright pixels of the picture itself; empty where they stand too far behind
+};
+[[nodiscard]] SmallPicture EmbeddedThumbnail(const files::Disk& disk, const QString& path) noexcept;
 /// For threads that work beside the rules.
-[[nodiscard]] QImage EmbeddedThumbnailOfNativeFile(const QString& nativePath) noexcept;
+[[nodiscard]] SmallPicture EmbeddedThumbnailOfNativeFile(const QString& nativePath) noexcept;
 
 /// The embedded thumbnail as it stands in the file, for who decodes it later or elsewhere.
 struct ThumbnailBytes
 {
     QByteArray jpeg; ///< empty if there is none
     int orientation = 1;
+    QSize ofWhole; ///< upright pixels of the picture itself; empty where they stand too far behind
 };
 [[nodiscard]] ThumbnailBytes EmbeddedThumbnailBytes(const QString& nativePath);
 

@@ -365,14 +365,17 @@ TEST(PictureKinds, TheEmbeddedThumbnailIsReadUprightFromTheHead)
     jpeg.insert(2, QByteArray("\xFF\xE1", 2) + number(static_cast<quint32>(segment.size() + 2), 2) + segment);
     tests::TempHome home;
     home.Put(u"C:\\A.JPG"_s, jpeg.left(segment.size() + 40)); // the head is enough
-    const QImage thumbnail = EmbeddedThumbnail(home.disk, u"C:\\A.JPG"_s);
+    EXPECT_TRUE(EmbeddedThumbnail(home.disk, u"C:\\A.JPG"_s).ofWhole.isEmpty()) << "its frame is not there";
+    const QImage thumbnail = EmbeddedThumbnail(home.disk, u"C:\\A.JPG"_s).image;
     EXPECT_EQ(thumbnail.size(), QSize(20, 40));
     EXPECT_EQ(Corners(thumbnail), "brwg");
+    home.Put(u"C:\\A.JPG"_s, jpeg);
+    EXPECT_EQ(EmbeddedThumbnail(home.disk, u"C:\\A.JPG"_s).ofWhole, QSize(200, 400)) << "upright";
     home.Put(u"C:\\A.JPG"_s, ToJpeg(Quarters(40, 20), 90));
-    EXPECT_TRUE(EmbeddedThumbnail(home.disk, u"C:\\A.JPG"_s).isNull()) << "there is none in it";
-    EXPECT_TRUE(EmbeddedThumbnail(home.disk, u"C:\\NONE.JPG"_s).isNull());
+    EXPECT_TRUE(EmbeddedThumbnail(home.disk, u"C:\\A.JPG"_s).image.isNull()) << "there is none in it";
+    EXPECT_TRUE(EmbeddedThumbnail(home.disk, u"C:\\NONE.JPG"_s).image.isNull());
     home.Put(u"C:\\A.JPG"_s, "text");
-    EXPECT_TRUE(EmbeddedThumbnail(home.disk, u"C:\\A.JPG"_s).isNull());
+    EXPECT_TRUE(EmbeddedThumbnail(home.disk, u"C:\\A.JPG"_s).image.isNull());
 }
 
 TEST(PictureKinds, AMissingEndMarkerIsNoDamage)
