@@ -30,10 +30,12 @@ CaptureDesk::CaptureDesk(const CaptureBase& base, CaptureControls& controls,
 {
     m_controls.filCapture.SetSource(&m_folder);
     connect(&m_folder, &CaptureFolder::Changed, this, &CaptureDesk::News);
+    connect(&m_folder, &CaptureFolder::Opened, this, &CaptureDesk::Opened);
     connect(&m_folder, &CaptureFolder::Polled, this, &CaptureDesk::LookAtBroken);
     connect(&m_loader, &ThumbLoader::Arrived, this, &CaptureDesk::Arrived);
     connect(&m_loader, &ThumbLoader::Broken, this, &CaptureDesk::Broken);
-    connect(&m_loader, &ThumbLoader::Settled, this, [this] { m_controls.lblRefreshing.SetVisible(false); });
+    connect(&m_loader, &ThumbLoader::Settled, this,
+            [this] { m_controls.lblRefreshing.SetVisible(!ListMode() && m_folder.Reading()); });
 }
 
 bool CaptureDesk::ListMode() const
@@ -182,7 +184,7 @@ void CaptureDesk::AskForPictures()
         next.removeAll(QString());
     }
     m_broken.clear();
-    m_controls.lblRefreshing.SetVisible(!ListMode() && !onShow.isEmpty());
+    m_controls.lblRefreshing.SetVisible(!ListMode() && (!onShow.isEmpty() || m_folder.Reading()));
     m_loader.SetLimit(std::min(kMostBytes, kBytesOfAPicture * m_folder.Count()));
     m_loader.Show(onShow, next, ListMode() ? kPreviewPixels : kThumbPixels);
 }
@@ -245,7 +247,9 @@ void CaptureDesk::TellPlace()
 {
     const int count = m_folder.Count();
     const int last = std::min(m_first + kPageStep, count);
-    if (count == 0)
+    if (m_folder.Reading())
+        m_controls.lblDirectory.SetCaption(u"Looking for pictures..."_s);
+    else if (count == 0)
         m_controls.lblDirectory.SetCaption(u"No pictures"_s);
     else if (ListMode() || count <= kPageStep)
         m_controls.lblDirectory.SetCaption(count == 1 ? u"1 picture"_s : u"%1 pictures"_s.arg(count));
@@ -294,6 +298,16 @@ void CaptureDesk::Test2PopulateThumbs()
 {
     const forms::Hourglass hourglass(m_base.ports.window);
     m_refreshPending = false;
+}
+
+/// The names of a large or slow directory have come.
+void CaptureDesk::Opened()
+{
+    m_controls.filCapture.SetSource(&m_folder);
+    errdisplayThumbs();
+    if (ListMode())
+        ShowPreview();
+    TellPlace();
 }
 
 /// Others have changed the directory: the page keeps its first file, the list its selected one.

@@ -115,6 +115,7 @@ private:
     void ShowPreview();
     void TellPlace();
     void News(const QStringList& before);
+    void Opened();
     void Arrived(const QString& path, const Thumb& thumb);
     void Broken(const QString& path, const QString& why);
     void LookAtBroken();

@@ -108,11 +108,7 @@ void CaptureDesk::DisplayCamera()
     m_first = 0;
     for (int i = 0; i < CaptureControls::kThumbs; ++i)
         ClearThumbAt(i);
-    m_controls.filCapture.SetSource(&m_folder);
-    errdisplayThumbs();
-    if (ListMode())
-        ShowPreview();
-    TellPlace();
+    Opened();
 }
 
 void CaptureDesk::ShowDirectory(const QString& directory)

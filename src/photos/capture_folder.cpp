@@ -3,6 +3,10 @@
 #include "platform/text/runtime_error.h"
 
 #include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
 
 namespace vasclip::photos {
 
@@ -10,6 +14,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+/// A directory that answers slowly does not keep another one waiting.
+constexpr int kMostReaders = 4;
 constexpr QLatin1StringView kPatterns[] = {"*.jpg"_L1, "*.bmp"_L1};
 
 bool Before(const QString& a, const QString& b)
@@ -23,7 +29,7 @@ CaptureFolder::CaptureFolder(const files::Disk& disk, QObject* parent)
     : QObject(parent)
     , m_disk(disk)
 {
-    m_pool.setMaxThreadCount(1);
+    m_pool.setMaxThreadCount(kMostReaders);
     m_poll.setInterval(kPollMilliseconds);
     m_rest.setInterval(kRestMilliseconds);
     m_rest.setSingleShot(true);
@@ -55,23 +61,63 @@ QStringList CaptureFolder::PicturesIn(const files::Disk& disk, const QString& di
     return names;
 }
 
-void CaptureFolder::Open(const QString& directory)
+/// What a worker thread found, and who may still wait for it.
+struct CaptureFolder::Answer
+{
+    std::mutex mutex;
+    std::condition_variable came;
+    std::optional<QStringList> names;
+    bool awaited = true; ///< else the worker tells it by the queue
+};
+
+/// The names of the directory, read aside. @return nullopt if they are not there within the patience; they
+/// are then taken when they come
+std::optional<QStringList> CaptureFolder::Read()
 {
     ++m_round;
+    if (m_patience < 0)
+        return PicturesIn(m_disk, m_directory);
+    const auto answer = std::make_shared<Answer>();
+    m_pool.start([this, answer, directory = m_directory, round = m_round] {
+        QStringList names = PicturesIn(m_disk, directory);
+        const std::lock_guard lock(answer->mutex);
+        if (answer->awaited) {
+            answer->names = std::move(names);
+            answer->came.notify_one();
+            return;
+        }
+        QMetaObject::invokeMethod(
+            this,
+            [this, round, names = std::move(names)] {
+                if (round == m_round)
+                    Take(names);
+            },
+            Qt::QueuedConnection);
+    });
+    std::unique_lock lock(answer->mutex);
+    answer->came.wait_for(lock, std::chrono::milliseconds(m_patience),
+                          [&answer] { return answer->names.has_value(); });
+    answer->awaited = false;
+    return std::move(answer->names);
+}
+
+void CaptureFolder::Open(const QString& directory)
+{
     m_directory = directory;
-    m_names = PicturesIn(m_disk, m_directory);
+    const std::optional<QStringList> names = Read();
+    m_reading = !names.has_value();
+    m_names = names.value_or(QStringList());
     if (Watching())
         Attach();
 }
 
 bool CaptureFolder::Refresh()
 {
-    ++m_round;
-    QStringList names = PicturesIn(m_disk, m_directory);
-    if (names == m_names)
+    const std::optional<QStringList> names = Read();
+    if (!names)
         return false;
-    m_names = std::move(names);
-    return true;
+    m_reading = false;
+    return std::exchange(m_names, *names) != *names;
 }
 
 void CaptureFolder::Watch()
@@ -120,7 +166,10 @@ void CaptureFolder::Take(const QStringList& names)
 {
     if (m_watcher != nullptr && m_watcher->directories().isEmpty())
         Attach(); // a card that came back
-    if (names != m_names) {
+    if (std::exchange(m_reading, false)) {
+        m_names = names;
+        Q_EMIT Opened();
+    } else if (names != m_names) {
         const QStringList before = std::exchange(m_names, names);
         Q_EMIT Changed(before);
     }

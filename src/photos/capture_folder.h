@@ -9,6 +9,8 @@
 #include <QThreadPool>
 #include <QTimer>
 
+#include <optional>
+
 namespace vasclip::photos {
 
 /// The names of the pictures in one directory, and the news of them: a watcher tells of changes, and a look
@@ -24,10 +26,16 @@ public:
     /// Names of the pictures in a directory, sorted without regard to case; none for one that can't be read.
     [[nodiscard]] static QStringList PicturesIn(const files::Disk& disk, const QString& directory);
 
-    /// Lists a directory now. @param directory  a drive path with its closing backslash
+    /// How long Open and Refresh wait for the names before they leave them to come later; for good unless set.
+    void SetPatience(int milliseconds) { m_patience = milliseconds; }
+
+    /// Lists a directory; where that takes too long, it is empty until Opened is told.
+    /// @param directory  a drive path with its closing backslash
     void Open(const QString& directory);
-    /// Lists it again now. @return true if the names are others
+    /// Lists it again. @return true if the names are others; they may still come, with Changed
     bool Refresh();
+    /// The names of the directory that was opened have not come yet.
+    [[nodiscard]] bool Reading() const { return m_reading; }
     /// From now on news of the directory are told; nothing is watched before.
     void Watch();
     [[nodiscard]] bool Watching() const { return m_poll.isActive(); }
@@ -41,14 +49,19 @@ public:
 
     static constexpr int kPollMilliseconds = 3000;
     static constexpr int kRestMilliseconds = 150; ///< news come in swarms
+    static constexpr int kShortPatience = 30;     ///< milliseconds that a window may stand still
+
 
 Q_SIGNALS:
+    void Opened(); ///< the names have come that Open did not wait for
     /// The names are others than before, which were `before`.
     void Changed(const QStringList& before);
     void Polled(); ///< a look has been had, whether it found something or not
 
 private:
+    struct Answer;
     void Look();
+    [[nodiscard]] std::optional<QStringList> Read();
     void Take(const QStringList& names);
     void Attach();
 
@@ -59,6 +72,8 @@ private:
     QTimer m_poll, m_rest;
     QThreadPool m_pool;
     bool m_looking = false;
+    bool m_reading = false;
+    int m_patience = -1;
     quint64 m_round = 0;
 };
 

@@ -1,5 +1,7 @@
 #include "capture_home.h"
 
+#include <filesystem>
+
 namespace vasclip::photos {
 namespace {
 
@@ -320,12 +322,38 @@ TEST_F(CaptureDeskTest, ThePendingRefreshIsClearedUnderTheHourglass)
 
 TEST_F(CaptureDeskTest, FiftyThousandPicturesDecodeLikeFifty)
 {
-    for (int i = 0; i < 300; ++i)
-        Put(u"%1.JPG"_s.arg(i, 5, 10, QChar(u'0')));
+    constexpr int kMany = 50'000;
+    Put(u"00000.JPG"_s);
+    const std::filesystem::path first = home.disk.ToNative(kDir + u"00000.JPG"_s).toStdString();
+    for (int i = 1; i < kMany; ++i)
+        std::filesystem::create_hard_link(
+            first, first.parent_path() / u"%1.JPG"_s.arg(i, 5, 10, QChar(u'0')).toStdString());
     Start();
     ASSERT_TRUE(Settle());
+    EXPECT_EQ(controls.filCapture.ListCount(), kMany);
     EXPECT_EQ(thumbs->Asked().filter(u"decode"_s).size(), 24) << "a page and the one behind it";
-    EXPECT_LE(desk->Loader().Cache().Bytes(), 300 * 10 * 1024);
+    desk->imaScroll_Click(3);
+    ASSERT_TRUE(Settle());
+    EXPECT_EQ(Shown().last(), u"49999.JPG"_s);
+    EXPECT_LE(thumbs->Asked().filter(u"decode"_s).size(), 24 + 2 * 24);
+}
+
+TEST_F(CaptureDeskTest, ADirectoryThatTakesLongDoesNotHoldUpTheWindow)
+{
+    PutMany(14);
+    desk->Folder().SetPatience(0);
+    Start();
+    if (!desk->Folder().Reading())
+        GTEST_SKIP() << "the names were there at once";
+    EXPECT_EQ(controls.lblDirectory.Caption(), u"Looking for pictures..."_s);
+    EXPECT_TRUE(controls.lblRefreshing.Visible());
+    EXPECT_EQ(Shown(), QStringList());
+    desk->imaScroll_Click(2); // nothing is there to turn yet
+    ASSERT_TRUE(tests::Until([this] { return !desk->Folder().Reading(); }));
+    ASSERT_TRUE(Settle());
+    EXPECT_EQ(Shown(), Names(0, 11));
+    EXPECT_EQ(controls.filCapture.ListIndex(), 0);
+    EXPECT_EQ(controls.lblDirectory.Caption(), u"1 to 12 of 14"_s);
 }
 
 TEST_F(CaptureDeskTest, OffTheScreenAHundredPicturesTakeAMegabyteAtMost)

@@ -93,5 +93,41 @@ TEST_F(FolderTest, WhatTheRulesHaveReadThemselvesIsNotToldAgain)
     EXPECT_EQ(told, 0);
 }
 
+TEST_F(FolderTest, WithoutPatienceTheNamesComeLaterAndAreToldOnce)
+{
+    Put(u"a.jpg"_s);
+    int opened = 0;
+    QObject::connect(&folder, &CaptureFolder::Opened, &folder, [&] { ++opened; });
+    folder.SetPatience(0);
+    folder.Open(u"C:\\SNAP\\"_s);
+    if (!folder.Reading()) // the worker was quicker than no time at all
+        GTEST_SKIP() << "the names were there at once";
+    EXPECT_EQ(folder.Count(), 0);
+    ASSERT_TRUE(tests::Until([&] { return opened == 1; }));
+    EXPECT_FALSE(folder.Reading());
+    EXPECT_EQ(folder.Names(), QStringList{u"a.jpg"_s});
+    Put(u"b.jpg"_s);
+    if (!folder.Refresh()) {
+        ASSERT_TRUE(tests::Until([&] { return told == 1; }));
+        EXPECT_EQ(before, QStringList{u"a.jpg"_s});
+    }
+    EXPECT_EQ(folder.Names(), (QStringList{u"a.jpg"_s, u"b.jpg"_s}));
+    EXPECT_EQ(opened, 1);
+}
+
+TEST_F(FolderTest, OfTwoDirectoriesOpenedAtOnceTheLastOneIsShown)
+{
+    Put(u"a.jpg"_s);
+    home.Put(u"C:\\CARD\\c.jpg"_s);
+    folder.SetPatience(0);
+    folder.Open(u"C:\\SNAP\\"_s);
+    folder.Open(u"C:\\CARD\\"_s);
+    ASSERT_TRUE(tests::Until([&] { return !folder.Reading(); }));
+    EXPECT_EQ(folder.Names(), QStringList{u"c.jpg"_s});
+    for (int turn = 0; turn < 20; ++turn)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    EXPECT_EQ(folder.Names(), QStringList{u"c.jpg"_s}) << "the first one's names are not taken";
+}
+
 } // namespace
 } // namespace vasclip::photos

@@ -54,10 +54,16 @@ public:
             return std::nullopt;
         return photos::Thumb{Plain(160, 120), SizeOf(path)};
     }
-    [[nodiscard]] photos::Thumb Reduced(const QString& path, int longerSide) const override
+    [[nodiscard]] photos::Thumb Reduced(const QString& path, int longerSide,
+                                        const std::function<bool()>& cancelled) const override
     {
         Note(QStringLiteral("decode ") + path);
         const QString name = path.mid(path.lastIndexOf(u'\\') + 1).toUpper();
+        while (name.startsWith(QStringLiteral("SLOW"))) {
+            if (cancelled())
+                throw RuntimeError(481, QStringLiteral("cancelled"));
+            QThread::yieldCurrentThread();
+        }
         if (name.startsWith(QStringLiteral("BAD")))
             throw RuntimeError(481, QStringLiteral("cut short"));
         return {Plain(longerSide, longerSide * 3 / 4), SizeOf(path)};

@@ -5,6 +5,7 @@
 #include "app/vasclip/tour/tour.h"
 #include "common/error_block.h"
 #include "forms/system_ports.h"
+#include "photos/capture_desk.h"
 #include "platform/conduit/socket_conduit.h"
 #include "platform/conduit/socket_path.h"
 #include "platform/desktop/desktop.h"
@@ -235,6 +236,7 @@ private:
             &*m_window, &windows::MainWindow::FirstPainted, &m_main,
             [this] {
                 m_guard.Run([this] { m_main.ShowRecordPhoto(); });
+                m_main.Capture().Folder().SetPatience(photos::CaptureFolder::kShortPatience);
                 m_guard.Run([this] { m_main.ShowCapture(); });
             },
             Qt::QueuedConnection);

@@ -51,7 +51,9 @@ bool ListingCache::IsGood(const Listing& listing, const native::Info& info, Need
     return false;
 }
 
-native::Failure ListingCache::Refresh(const QString& directory, Need need, Listing*& listing)
+/// Gives the lock away while the directory is read: a slow one does not hold up look-ups in others.
+native::Failure ListingCache::Refresh(std::unique_lock<std::mutex>& lock, const QString& directory, Need need,
+                                      Listing*& listing)
 {
     native::Info info;
     if (const native::Failure failure = native::Inspect(directory, info); failure != native::Failure::None) {
@@ -64,10 +66,13 @@ native::Failure ListingCache::Refresh(const QString& directory, Need need, Listi
     }
 
     m_listings.remove(directory); // first, so that the new names take the old ones' memory
+    lock.unlock();
     const qint64 startedNs = native::StampClockNs();
     QList<native::Entry> entries;
-    if (const native::Failure failure = native::List(directory, entries); failure != native::Failure::None)
+    if (const native::Failure failure = native::List(directory, entries); failure != native::Failure::None) {
+        lock.lock();
         return failure;
+    }
     Listing fresh;
     fresh.names.reserve(entries.size());
     for (native::Entry& entry : entries) {
@@ -81,7 +86,7 @@ native::Failure ListingCache::Refresh(const QString& directory, Need need, Listi
     fresh.inode = info.inode;
     fresh.stampNs = info.modifiedNs;
     fresh.state = startedNs > info.modifiedNs ? State::Settled : State::Young;
-
+    lock.lock();
     if (m_listings.size() >= kMostListings)
         m_listings.clear();
     listing = &*m_listings.insert(directory, std::move(fresh));
@@ -90,9 +95,9 @@ native::Failure ListingCache::Refresh(const QString& directory, Need need, Listi
 
 std::optional<QString> ListingCache::Find(const QString& directory, const QString& folded)
 {
-    const std::lock_guard lock(m_mutex);
+    std::unique_lock lock(m_mutex);
     Listing* listing = nullptr;
-    if (Refresh(directory, Need::LookUp, listing) != native::Failure::None)
+    if (Refresh(lock, directory, Need::LookUp, listing) != native::Failure::None)
         return std::nullopt;
     const auto found =
         std::lower_bound(listing->names.cbegin(), listing->names.cend(), folded,
@@ -104,9 +109,9 @@ std::optional<QString> ListingCache::Find(const QString& directory, const QStrin
 
 native::Failure ListingCache::ForEach(const QString& directory, const std::function<bool(const Name&)>& use)
 {
-    const std::lock_guard lock(m_mutex);
+    std::unique_lock lock(m_mutex);
     Listing* listing = nullptr;
-    if (const native::Failure failure = Refresh(directory, Need::Exact, listing);
+    if (const native::Failure failure = Refresh(lock, directory, Need::Exact, listing);
         failure != native::Failure::None)
         return failure;
     for (const Name& name : std::as_const(listing->names)) {

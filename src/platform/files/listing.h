@@ -73,7 +73,8 @@ private:
 
     enum class Need { Exact, LookUp };
 
-    native::Failure Refresh(const QString& directory, Need need, Listing*& listing);
+    native::Failure Refresh(std::unique_lock<std::mutex>& lock, const QString& directory, Need need,
+                            Listing*& listing);
     [[nodiscard]] bool IsGood(const Listing& listing, const native::Info& info, Need need) const;
 
     std::mutex m_mutex;
