@@ -33,9 +33,11 @@ std::optional<Thumb> PictureThumbs::Embedded(const QString& path) const
     return Thumb{InShape(small.image, full), full};
 }
 
-Thumb PictureThumbs::Reduced(const QString& path, int longerSide) const
+Thumb PictureThumbs::Reduced(const QString& path, int longerSide, const std::function<bool()>& cancelled) const
 {
-    const QImage image = picture::Load(m_disk, path, longerSide);
+    picture::Limits limits;
+    limits.cancelled = cancelled;
+    const QImage image = picture::Load(m_disk, path, longerSide, limits);
     const QSize full = picture::Describe(m_disk, path).size;
     return {image, full.isEmpty() ? image.size() : full};
 }

@@ -13,7 +13,8 @@ public:
         : m_disk(disk)
     {}
     [[nodiscard]] std::optional<Thumb> Embedded(const QString& path) const override;
-    [[nodiscard]] Thumb Reduced(const QString& path, int longerSide) const override;
+    [[nodiscard]] Thumb Reduced(const QString& path, int longerSide,
+                                const std::function<bool()>& cancelled) const override;
 
 private:
     const files::Disk& m_disk;

@@ -19,6 +19,7 @@ ThumbLoader::~ThumbLoader()
     {
         const std::lock_guard lock(m_mutex);
         m_tasks.clear();
+        m_closing = true;
     }
     m_pool.waitForDone();
 }
@@ -49,6 +50,8 @@ void ThumbLoader::Show(const QStringList& onShow, const QStringList& next, int l
     {
         const std::lock_guard lock(m_mutex);
         m_tasks = std::move(tasks);
+        m_wanted = m_onShow;
+        m_wanted.unite(QSet<QString>(next.cbegin(), next.cend()));
     }
     for (const QString& path : std::as_const(wanted))
         if (const auto kept = m_cache.Get(path); kept && !kept->image.isNull())
@@ -82,6 +85,7 @@ void ThumbLoader::ForgetAll()
     {
         const std::lock_guard lock(m_mutex);
         m_tasks.clear();
+        m_wanted.clear();
         ++m_round;
     }
     m_onShow.clear();
@@ -122,8 +126,19 @@ void ThumbLoader::WorkOff()
     }
 }
 
+bool ThumbLoader::Unwanted(const QString& path) const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_closing || !m_wanted.contains(path);
+}
+
 void ThumbLoader::Do(const Task& task)
 {
+    bool gaveUp = false;
+    const auto cancelled = [this, &task, &gaveUp] {
+        gaveUp = gaveUp || Unwanted(task.path);
+        return gaveUp;
+    };
     try {
         switch (task.work) {
         case Work::Head:
@@ -131,7 +146,7 @@ void ThumbLoader::Do(const Task& task)
                 Tell(task, *embedded, Pass::Embedded);
             break;
         case Work::Decode: {
-            const Thumb thumb = m_source->Reduced(task.path, task.longerSide);
+            const Thumb thumb = m_source->Reduced(task.path, task.longerSide, cancelled);
             Tell(task, thumb, Pass::Reduced);
             m_cache.Put(task.path, thumb);
             break;
@@ -140,10 +155,12 @@ void ThumbLoader::Do(const Task& task)
             if (const auto embedded = m_source->Embedded(task.path))
                 m_cache.Put(task.path, *embedded);
             else
-                m_cache.Put(task.path, m_source->Reduced(task.path, task.longerSide));
+                m_cache.Put(task.path, m_source->Reduced(task.path, task.longerSide, cancelled));
             break;
         }
     } catch (const std::exception& failure) {
+        if (gaveUp)
+            return; // whoever wants it again has asked for it anew
         const auto* known = dynamic_cast<const RuntimeError*>(&failure);
         const QString why = known != nullptr ? known->Description() : QString::fromLocal8Bit(failure.what());
         QMetaObject::invokeMethod(

@@ -62,6 +62,7 @@ private:
     void Do(const Task& task);
     void Tell(const Task& task, const Thumb& thumb, Pass pass);
     void Finished(const Task& task);
+    [[nodiscard]] bool Unwanted(const QString& path) const;
 
     std::unique_ptr<ThumbSource> m_source;
     ThumbCache m_cache;
@@ -69,6 +70,8 @@ private:
     mutable std::mutex m_mutex;
     std::deque<Task> m_tasks;
     int m_workers = 0; ///< threads at work
+    QSet<QString> m_wanted; ///< on show or next; the decoding of others is given up
+    bool m_closing = false;
     quint64 m_round = 0;
     int m_longerSide = 0;
     // In the screen's thread alone:

@@ -152,6 +152,17 @@ TEST_F(LoaderTest, APageThatWasLeftIsForgotten)
     EXPECT_EQ(settled, 1);
 }
 
+TEST_F(LoaderTest, ADecodingThatIsNotWantedAnyMoreIsGivenUp)
+{
+    loader.Show({u"SLOW"_s}, {}, 320);
+    ASSERT_TRUE(tests::Until([this] { return !log->Asked().filter(u"decode SLOW"_s).isEmpty(); }));
+    loader.Show({u"A"_s}, {}, 320);
+    ASSERT_TRUE(Finish());
+    EXPECT_EQ(told, QStringList{u"whole A 320"_s}) << "what was given up is not told, nor called broken";
+    loader.Show({u"SLOW"_s}, {}, 320); // and none holds up the end of the program
+    ASSERT_TRUE(tests::Until([this] { return log->Asked().filter(u"decode SLOW"_s).size() == 2; }));
+}
+
 TEST_F(LoaderTest, AFileThatHasChangedIsMadeAnew)
 {
     loader.Show({u"A"_s}, {}, 320);

@@ -7,8 +7,14 @@
 #include <libheif/heif.h>
 
 #include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
 #include <cstring>
+#include <exception>
 #include <memory>
+#include <mutex>
+#include <thread>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -90,7 +96,7 @@ public:
 
 const Library& Lib()
 {
-    static const Library library;
+    static const Library& library = *new Library; // never goes: a decoding that was left may outlive the program
     return library;
 }
 
@@ -155,6 +161,54 @@ QImage Decoded(const Handle& handle, const QString& name)
     return borrowed.convertToFormat(alpha ? QImage::Format_ARGB32 : QImage::Format_RGB32);
 }
 
+/// A decoding in a thread of its own; the last of both sides to let go of it frees it.
+struct Aside
+{
+    QByteArray bytes;
+    Context context;
+    Handle handle;
+    std::mutex mutex;
+    std::condition_variable ended;
+    bool done = false;
+    QImage image;
+    std::exception_ptr failure;
+};
+
+std::atomic<int> asideRunning = 0;
+
+QImage DecodedAside(const std::shared_ptr<Aside>& aside, const QString& name, const Watch& watch)
+{
+    constexpr int kMostAtOnce = 8; // those that were left count too
+    constexpr std::chrono::milliseconds kBetweenLooks(5);
+    if (++asideRunning > kMostAtOnce) {
+        --asideRunning;
+        Refuse(name, u"too many other pictures are still being decoded"_s);
+    }
+    std::thread([aside, name] {
+        QImage image;
+        std::exception_ptr failure;
+        try {
+            image = Decoded(aside->handle, name);
+        } catch (...) {
+            failure = std::current_exception();
+        }
+        --asideRunning;
+        const std::lock_guard lock(aside->mutex);
+        aside->image = std::move(image);
+        aside->failure = failure;
+        aside->done = true;
+        aside->ended.notify_one();
+    }).detach();
+    std::unique_lock lock(aside->mutex);
+    do {
+        if (const char* stop = watch.Stop())
+            Refuse(name, QString::fromLatin1(stop));
+    } while (!aside->ended.wait_for(lock, kBetweenLooks, [&aside] { return aside->done; }));
+    if (aside->failure)
+        std::rethrow_exception(aside->failure);
+    return std::move(aside->image);
+}
+
 Exif ExifOf(const Handle& handle, QByteArray& storage)
 {
     heif_item_id id = 0;
@@ -189,16 +243,18 @@ bool IsHeif(QByteArrayView bytes)
     return Lib().checkFiletype(data, longest) != heif_filetype_no;
 }
 
-QImage ReadHeif(QByteArrayView bytes, const QString& name, const TargetSize& target, const Limits& limits)
+QImage ReadHeif(const QByteArray& bytes, const QString& name, const TargetSize& target, const Limits& limits)
 {
     NeedLibrary(name);
     const Watch watch(limits);
-    const Context context(Lib().contextAlloc());
-    const Handle handle = Primary(context, bytes, name);
-    CheckPixels(SizeOf(handle), name, limits);
+    const auto aside = std::make_shared<Aside>();
+    aside->bytes = bytes;
+    aside->context.reset(Lib().contextAlloc());
+    aside->handle = Primary(aside->context, aside->bytes, name);
+    CheckPixels(SizeOf(aside->handle), name, limits);
     if (const char* stop = watch.Stop())
         Refuse(name, QString::fromLatin1(stop));
-    QImage image = Decoded(handle, name);
+    QImage image = DecodedAside(aside, name, watch);
     if (const QSize wanted = target(image.size()); wanted != image.size())
         image = image.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     return image;

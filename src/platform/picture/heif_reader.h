@@ -9,8 +9,11 @@ namespace vasclip::picture {
 [[nodiscard]] bool IsHeif(QByteArrayView bytes);
 
 /// Decodes the main picture, upright as the file's own transformations have it.
+///
+/// The library can't be stopped within a picture. One that takes too long, or is not wanted any more, is left to
+/// a thread of its own, which ends when the library is done with it.
 /// @throws RuntimeError 481 as picture::Load
-[[nodiscard]] QImage ReadHeif(QByteArrayView bytes, const QString& name, const TargetSize& target,
+[[nodiscard]] QImage ReadHeif(const QByteArray& bytes, const QString& name, const TargetSize& target,
                               const Limits& limits);
 
 /// Size, depth and notes; the whole file is needed for them. @throws RuntimeError 481

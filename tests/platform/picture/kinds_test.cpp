@@ -220,6 +220,12 @@ TEST(PictureKinds, HeicFromPhones)
     EXPECT_EQ(FromBytes(heic, u"a"_s, 80).size(), QSize(80, 48));
     EXPECT_NE(Refusal(heic.left(heic.size() / 2)), QString());
     EXPECT_NE(Refusal(heic, {1000, 1'000'000}), QString());
+    int asked = 0;
+    Limits impatient;
+    impatient.cancelled = [&asked] { return ++asked > 1; }; // in the middle of the decoding
+    EXPECT_TRUE(Refusal(heic, impatient).contains(u"cancelled"_s));
+    EXPECT_EQ(asked, 2);
+    EXPECT_EQ(Corners(FromBytes(heic, u"a"_s)), "rgbw") << "beside the one that was left";
     tests::TempHome home;
     home.Put(u"C:\\A.HEIC"_s, heic);
     EXPECT_EQ(PictureSize(home.disk, u"C:\\A.HEIC"_s), QSize(160, 96));
