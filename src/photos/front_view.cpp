@@ -35,6 +35,8 @@ void TestFrontView(const store::DataSource& source, const QString& key, PhotoLis
     const int row = lists.lstViews.IndexOf(view);
     if (row < 0) {
         lists.lblPhotomsg.SetCaption(u"A 'FRONT VIEW' for '"_s + key + u"' is not available."_s);
+        lists.txtView.SetText({}); // no row is selected: those of the record before must not stay
+        lists.txtimage.SetText({});
         loader.ErrClearPict(box);
         return;
     }

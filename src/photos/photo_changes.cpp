@@ -7,6 +7,8 @@
 #include "photos/photo_files.h"
 #include "photos/photo_messages.h"
 #include "platform/text/text.h"
+#include "store/messages.h"
+#include "store/store.h"
 
 namespace vasclip::photos {
 
@@ -47,6 +49,16 @@ void RemovePair(PhotoLists& lists, const QString& view, const QString& stem)
     }
 }
 
+/// Stands on the record again and reads its photos as they are now: a turn of the queue, or another user, may
+/// have changed either. @return false if the record is gone
+bool ReadAgain(PhotoDesk& desk, const QString& key)
+{
+    if (!store::FindRecord(desk.ports, desk.databook, key, store::kKeyIndex))
+        return false;
+    ReadPhotoLists(desk.databook, desk.lists.lstViews, desk.lists.lstimages);
+    return true;
+}
+
 void ShowFirst(PhotoDesk& desk, forms::PictureBox& geamaintain)
 {
     desk.lists.lstViews.SetListIndex(0);
@@ -73,6 +85,7 @@ PhotoChange CmdDeletePhoto(PhotoDesk& desk, forms::PictureBox& geamaintain)
     const int row = lists.lstViews.ListIndex();
     if (row < 0 || !desk.ports.prompter.YesNo({}, kDeletePhoto))
         return PhotoChange::None;
+    const QString key = store::GetFieldData(desk.databook, u"CENTRALKEY"_s);
     const QString view = lists.lstViews.List(row);
     const QString stem = lists.lstimages.List(row);
     const QString file = FileOf(desk, stem);
@@ -81,7 +94,14 @@ PhotoChange CmdDeletePhoto(PhotoDesk& desk, forms::PictureBox& geamaintain)
     RemovePair(lists, view, stem);
     QString prompt;
     (void)DelPict(desk.ports, desk.disk, file, Quiet::Yes, prompt);
-    WritePhotoLists(desk.ports, desk.databook, lists.lstViews, lists.lstimages);
+    {
+        engine::Transaction whole(desk.databook.Database());
+        if (!ReadAgain(desk, key))
+            return PhotoChange::None;
+        RemovePair(lists, view, stem);
+        WritePhotoLists(desk.ports, desk.databook, lists.lstViews, lists.lstimages);
+        whole.Commit();
+    }
     ReadPhotoLists(desk.databook, lists.lstViews, lists.lstimages);
     if (lists.lstViews.ListCount() > 0) {
         ShowFirst(desk, geamaintain);
@@ -95,11 +115,12 @@ PhotoChange CmdRenamePhotoView(PhotoDesk& desk)
 {
     const RoutineScope scope{"CmdRenamePhotoView"};
     PhotoLists& lists = desk.lists;
-    const int row = lists.lstViews.ListIndex();
-    if (row < 0)
+    const int selected = lists.lstViews.ListIndex();
+    if (selected < 0)
         return PhotoChange::None;
-    const QString old = lists.lstViews.List(row);
-    desk.CurrentView = desk.questions.View(FileOf(desk, lists.lstimages.List(row)), old);
+    const QString key = store::GetFieldData(desk.databook, u"CENTRALKEY"_s);
+    const QString old = lists.lstViews.List(selected);
+    desk.CurrentView = desk.questions.View(FileOf(desk, lists.lstimages.List(selected)), old);
     const QString fresh = std::exchange(desk.CurrentView, QString());
     if (text::Trim(fresh).isEmpty())
         return PhotoChange::None;
@@ -107,9 +128,17 @@ PhotoChange CmdRenamePhotoView(PhotoDesk& desk)
         desk.ports.prompter.Box(kNameInUseTitle, kNameInUse);
         return PhotoChange::None;
     }
+    engine::Transaction whole(desk.databook.Database());
+    if (!ReadAgain(desk, key))
+        return PhotoChange::None;
+    const int row = lists.lstViews.IndexOf(old);
+    if (row < 0 || lists.lstViews.IndexOf(fresh) >= 0)
+        return PhotoChange::None; // another user was quicker
+    lists.lstViews.SetListIndex(row);
     lists.txtView.SetText(fresh);
-    lists.lstViews.SetItem(lists.lstViews.IndexOf(old), fresh);
+    lists.lstViews.SetItem(row, fresh);
     WritePhotoLists(desk.ports, desk.databook, lists.lstViews, lists.lstimages);
+    whole.Commit();
     return PhotoChange::Changed;
 }
 

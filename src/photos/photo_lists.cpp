@@ -15,7 +15,17 @@ PhotoLists::PhotoLists(forms::ControlSet& set)
     , txtimage(set, u"txtimage"_s)
     , lblLabelTag(set, u"lblLabelTag"_s)
     , lblPhotomsg(set, u"lblPhotomsg"_s)
-{}
+    , CmdDeletePhoto(set, u"CmdDeletePhoto"_s)
+    , CmdRenamePhotoView(set, u"CmdRenamePhotoView"_s)
+{
+    CmdDeletePhoto.SetCaption(u"Delete Photo"_s);
+    CmdDeletePhoto.SetToolTipText(u"Delete the selected photo of the record (Del); its picture goes back to the "
+                                  u"capture directory"_s);
+    CmdRenamePhotoView.SetCaption(u"Rename View"_s);
+    CmdRenamePhotoView.SetToolTipText(u"Give the selected photo another view (F2)"_s);
+    CmdDeletePhoto.SetEnabled(false);
+    CmdRenamePhotoView.SetEnabled(false);
+}
 
 QList<PhotoPair> ParsePhotos(const QString& photos)
 {

@@ -13,6 +13,7 @@ struct PhotoLists
     forms::ListBox lstViews, lstimages;
     forms::TextBox txtView, txtimage;
     forms::Label lblLabelTag, lblPhotomsg;
+    forms::Button CmdDeletePhoto, CmdRenamePhotoView; ///< of the selected photo
 };
 
 /// One photo of a record.

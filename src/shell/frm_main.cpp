@@ -61,6 +61,7 @@ frm_Main::frm_Main(const Foundation& foundation)
     , mnuDBItem(controls, u"mnuDBItem"_s, u"&Database"_s, DatabaseEntries())
     , mnuHelpItem(controls, u"mnuHelpItem"_s, u"&Help"_s, HelpEntries())
     , popGrid_M(controls, u"popGrid_M"_s, {}, GridEntries())
+    , popPhoto_M(controls, u"popPhoto_M"_s, {}, PhotoEntries())
     , popThumb_M(controls, u"popThumb_M"_s, {}, ThumbEntries())
     , popPicture_M(controls, u"popPicture_M"_s, {}, PictureEntries())
     , popGeneral_M(controls, u"popGeneral_M"_s, {}, GeneralEntries())
@@ -142,9 +143,6 @@ void frm_Main::WireControls()
         connect(&report.cboGeneral(i), &forms::ListBox::ListIndexChanged, this,
                 [this, i] { link::cboGeneral_Click(*m_link, i); });
     }
-    connect(&photoLists.lstViews, &forms::ListBox::ListIndexChanged, this, [this] {
-        photos::SelectPhoto(photoLists, *m_slotLoader, slots.geamaintain, m_base.disk, globals.G_PhotoDir);
-    });
 
     Timer1.setParent(this);
     Timer1.setObjectName(u"Timer1"_s);
@@ -159,6 +157,7 @@ void frm_Main::WireControls()
          {&records.cmdAddManual, &records.cmdPrint, &records.cmdDetails, &report.cmdSubjectAnd})
         button->SetEnabled(false);
     WireGrid();
+    WirePhotos();
     WireCapture();
     WireSlots();
 }

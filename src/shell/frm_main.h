@@ -75,6 +75,7 @@ public:
     forms::Menu mnuFileItem, mnuSetupItem, mnuMaintItem, mnuTransferItem, mnuRefreshItem, mnuDBItem,
         mnuHelpItem;
     forms::Menu popGrid_M; ///< of the grid, by the right button
+    forms::Menu popPhoto_M; ///< of the record's photo and its views
     forms::Menu popThumb_M, popPicture_M, popGeneral_M, popTextData_M, popPicAndData_M;
 
     common::Globals globals;
@@ -160,6 +161,11 @@ private:
     void popThumb_M_Click(int index);
     void DeleteImage();
     bool CaptureChosen(const QString& array, int index); ///< @return false for an entry of other rooms
+    // The photos of the record on show.
+    void WirePhotos();
+    bool StandOnShownPhoto();
+    void CmdDeletePhoto_Click();
+    void CmdRenamePhotoView_Click();
     // Slots, drags and their menus.
     void WireSlots();
     void MakeRouter();

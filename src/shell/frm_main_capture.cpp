@@ -45,8 +45,6 @@ void frm_Main::WireCapture()
             popThumb_M_Click(3);
         });
     }
-    connect(&slots.geamaintain, &forms::Control::DoubleClicked, this,
-            [this] { SlotPhoto_DblClick(slots.geamaintain); });
     connect(&capture.imaGetPics, &forms::Control::Clicked, this, [this] { MenuChosen(u"mnuFileItem"_s, 3); });
     for (int i = 0; i < 4; ++i)
         connect(&capture.imaScroll(i), &forms::Control::Clicked, desk, [desk, i] { desk->imaScroll_Click(i); });
@@ -62,10 +60,6 @@ void frm_Main::WireCapture()
     connect(desk, &photos::CaptureDesk::ViewChanged, this, &frm_Main::ShowViewTicks);
     connect(&popThumb_M, &forms::Menu::Chosen, this,
             [this](const QString&, int index) { popThumb_M_Click(index); });
-    connect(&photoLists.lstimages, &forms::ListBox::ListIndexChanged, this, [this] {
-        if (photoLists.lstViews.ListIndex() != photoLists.lstimages.ListIndex())
-            photoLists.lstViews.SetListIndex(photoLists.lstimages.ListIndex());
-    });
 }
 
 void frm_Main::ShowCapture()

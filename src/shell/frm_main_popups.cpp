@@ -62,6 +62,11 @@ forms::Menu* frm_Main::MenuOver(const forms::Control& control)
         popThumb_M.SetEntryEnabled(0, !text::Trim(m_slotTable.ErrGetPict(control)).isEmpty());
         return &popThumb_M;
     }
+    if (name == u"GEAMAINTAIN"_s || name == u"LSTVIEWS"_s) {
+        for (const int entry : {0, 1})
+            popPhoto_M.SetEntryEnabled(entry, photoLists.lstViews.ListIndex() >= 0);
+        return &popPhoto_M;
+    }
     const QLatin1StringView group = drops::GroupOf(name);
     if (group.isEmpty() || name.startsWith(u"LBL"_s) || name.startsWith(u"TAB"_s))
         return nullptr;

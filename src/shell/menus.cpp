@@ -152,6 +152,14 @@ QList<forms::MenuEntry> GridEntries()
     });
 }
 
+QList<forms::MenuEntry> PhotoEntries()
+{
+    return Entries({
+        {0, "Rename View"_L1, Screen::Here},
+        {1, "Delete Photo"_L1, Screen::Here},
+    });
+}
+
 QList<forms::MenuEntry> ThumbEntries()
 {
     return Entries({

@@ -20,6 +20,7 @@ inline constexpr int kWebsiteEntry = 9;    ///< of Help
 [[nodiscard]] QList<forms::MenuEntry> DatabaseEntries();
 [[nodiscard]] QList<forms::MenuEntry> HelpEntries();
 [[nodiscard]] QList<forms::MenuEntry> GridEntries();        ///< of the pop-up over the grid
+[[nodiscard]] QList<forms::MenuEntry> PhotoEntries();       ///< over the record's photo and its views
 [[nodiscard]] QList<forms::MenuEntry> ThumbEntries();       ///< over thumbnails and the capture list
 [[nodiscard]] QList<forms::MenuEntry> PictureEntries();     ///< over photo slots
 [[nodiscard]] QList<forms::MenuEntry> GeneralEntries();     ///< over general photo slots

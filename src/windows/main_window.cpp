@@ -194,7 +194,7 @@ void MainWindow::BuildCapture()
 /// Where the menus of the rules over slots and pictures are built; each is shown by MenuDesk.
 void MainWindow::BuildPopups()
 {
-    for (const char* name : {"popThumb_M", "popPicture_M", "popGeneral_M", "popTextData_M", "popPicAndData_M"}) {
+    for (const char* name : {"popPhoto_M", "popThumb_M", "popPicture_M", "popGeneral_M", "popTextData_M", "popPicAndData_M"}) {
         if (m_binder.Controls().Find(QLatin1StringView(name)) == nullptr)
             continue;
         auto* menu = new QMenu(this);
@@ -375,6 +375,15 @@ void MainWindow::BuildRecordKeys()
     key(tr("Copy the record to another address"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, m_ui->cmdCopy);
     key(tr("Give the record another address"), Qt::CTRL | Qt::Key_R, m_ui->cmdRename);
     key(tr("Delete the record and its photos"), Qt::Key_Delete, m_ui->cmdDelete);
+    for (QWidget* photo : {static_cast<QWidget*>(m_ui->lstViews), static_cast<QWidget*>(m_ui->geamaintain)})
+        for (const auto& [keys, button] : {std::pair(Qt::Key_F2, m_ui->CmdRenamePhotoView),
+                                           std::pair(Qt::Key_Delete, m_ui->CmdDeletePhoto)}) {
+            auto* action = new QAction(photo);
+            action->setShortcut(keys);
+            action->setShortcutContext(Qt::WidgetShortcut);
+            connect(action, &QAction::triggered, button, &QAbstractButton::click);
+            photo->addAction(action);
+        }
     for (QLineEdit* box : {m_ui->txtcentralkey, m_ui->cboapprslType->lineEdit()})
         connect(box, &QLineEdit::returnPressed, this, [this] {
             if (m_ui->cmdAdd->isEnabled())
@@ -404,7 +413,8 @@ void MainWindow::Decorate()
         {m_ui->cmdEdit, "edit", true},         {m_ui->cmdDelete, "delete", true},
         {m_ui->cmdAddManual, "manual", false}, {m_ui->cmdSearch, "search", true},
         {m_ui->cmdDetails, "details", false},  {m_ui->cmdRefresh, "refresh", false},
-        {m_ui->cmdPrint, "print", false}};
+        {m_ui->cmdPrint, "print", false},      {m_ui->CmdRenamePhotoView, "rename", false},
+        {m_ui->CmdDeletePhoto, "delete", false}};
     for (const auto& [button, icon, words] : tools) {
         button->setIcon(ThemedIcon(QLatin1StringView(icon)));
         button->setToolButtonStyle(words ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);

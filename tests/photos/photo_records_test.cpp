@@ -248,6 +248,33 @@ TEST_F(PhotoRecords, FrontViewClearsWithItsRowAlone)
     EXPECT_EQ(PhotosOf(kKey), u"REAR VIEW|22222222\r\n"_s);
 }
 
+TEST_F(PhotoRecords, DeletingKeepsToItsRecordAndToWhatOthersFiledMeanwhile)
+{
+    SetPhotos(u"FRONT VIEW|11111111\r\nREAR VIEW|22222222\r\n"_s);
+    engine::Engine other(disk);
+    lists.lstViews.SetListIndex(0);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    doubles.pump.onTurn = [&] { // in the middle, another user files a photo and this one goes to another record
+        doubles.pump.onTurn = {};
+        const auto database = other.OpenDatabase(path);
+        const auto rows = database->OpenRecordset(table, engine::RecordsetType::Table);
+        rows->SetIndex(u"CENTRALKEY"_s);
+        rows->Seek(u"="_s, kKey);
+        rows->Edit();
+        rows->SetValue(u"PHOTOS"_s, u"FRONT VIEW|11111111\r\nREAR VIEW|22222222\r\nPOOL|33333333\r\n"_s);
+        rows->Update();
+        rows->AddNew();
+        rows->SetValue(u"CENTRALKEY"_s, u"99 OTHER RD"_s);
+        rows->SetValue(u"PHOTOS"_s, u"FRONT VIEW|44444444\r\n"_s);
+        rows->Update();
+        ASSERT_TRUE(store::FindRecord(ports, datDatabook, u"99 OTHER RD"_s, u"CENTRALKEY"_s));
+        photos::ReadPhotoLists(datDatabook, lists.lstViews, lists.lstimages);
+    };
+    EXPECT_EQ(photos::CmdDeletePhoto(desk, geamaintain), PhotoChange::Changed);
+    EXPECT_EQ(PhotosOf(kKey), u"REAR VIEW|22222222\r\nPOOL|33333333\r\n"_s);
+    EXPECT_EQ(PhotosOf(u"99 OTHER RD"_s), u"FRONT VIEW|44444444\r\n"_s);
+}
+
 TEST_F(PhotoRecords, RenamingChangesTheViewAndNoFile)
 {
     ASSERT_TRUE(Save(u"FRONT VIEW"_s));

@@ -2,6 +2,7 @@
 
 #include "databook/layouts.h"
 #include "drops/drag.h"
+#include "photos/frm_gen_view.h"
 #include "platform/engine/database.h"
 #include "platform/files/profile.h"
 #include "platform/text/text.h"
@@ -241,6 +242,75 @@ TEST_F(MainScreen, WithNobodyOnTheLinkEveryTabStandsOpenAndNothingIsSaid)
         EXPECT_NE(main.report.TabComp.TabCaption(page), u"N/A"_s);
     EXPECT_FALSE(main.linkState.linkActive);
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(MainScreen, ThePhotoButtonsRenameAndDeleteTheSelectedPhoto)
+{
+    Load();
+    main.ShowRecordPhoto();
+    main.ShowCapture();
+    forms::Button& remove = main.photoLists.CmdDeletePhoto;
+    forms::Button& rename = main.photoLists.CmdRenamePhotoView;
+    StandOnRow(u"14 ELM ST"_s);
+    EXPECT_FALSE(remove.Enabled());
+    EXPECT_FALSE(rename.Enabled()) << "the record has no photo";
+    EXPECT_EQ(main.photoLists.txtView.Text() + main.photoLists.txtimage.Text(), QString());
+    Q_EMIT remove.Clicked();
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    StandOnRow(u"12 OAK ST"_s);
+    EXPECT_TRUE(remove.Enabled());
+    EXPECT_TRUE(rename.Enabled());
+    EXPECT_EQ(main.MenuOver(main.slots.geamaintain), &main.popPhoto_M);
+    EXPECT_EQ(main.MenuOver(main.photoLists.lstViews), &main.popPhoto_M);
+    doubles.screens.Play([](forms::Screen& shown) {
+        auto& screen = dynamic_cast<photos::frm_GenView&>(shown);
+        EXPECT_EQ(screen.txtView.Text(), u"FRONT VIEW"_s);
+        screen.txtView.SetText(u"pool"_s);
+        screen.cmdOK_Click();
+    });
+    Q_EMIT rename.Clicked();
+    EXPECT_EQ(main.records.grddatabook.CurrentText(u"PHOTOS"_s), u"POOL|OAK\r\n"_s);
+    EXPECT_EQ(text::Trim(main.records.grddatabook.CurrentText(u"FRONT"_s)), QString());
+    EXPECT_EQ(main.photoLists.txtView.Text(), u"POOL"_s);
+    EXPECT_EQ(main.photoLists.lblPhotomsg.Caption(), u"A 'FRONT VIEW' for '12 OAK ST' is not available."_s);
+    EXPECT_FALSE(main.slots.geamaintain.Picture().isNull()) << "the photo stays on show";
+    EXPECT_EQ(main.status.lblmsg.Caption(), u"The FRONT VIEW is the POOL now."_s);
+    // A look-up of another record lies between.
+    main.records.txtcentralkey.SetText(u"14 ELM ST"_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    main.MenuOver(main.slots.geamaintain);
+    main.popPhoto_M.Choose(u"popPhoto_M"_s, 1);
+    EXPECT_EQ(doubles.prompter.Last().text, u"Delete this photo?  Are you sure?"_s);
+    EXPECT_EQ(main.records.grddatabook.CurrentText(u"PHOTOS"_s), u" "_s);
+    EXPECT_TRUE(main.slots.geamaintain.Picture().isNull());
+    EXPECT_FALSE(remove.Enabled());
+    EXPECT_FALSE(home.disk.FileExists(u"C:\\JPG\\OAK.jpg"_s));
+    EXPECT_EQ(main.capture.filCapture.ListCount(), 1) << "its picture waits to be filed again";
+    EXPECT_EQ(main.status.lblmsg.Caption(), u"The POOL is deleted; its picture is back in C:\\SNAP\\."_s);
+    main.MenuOver(main.slots.geamaintain);
+    EXPECT_FALSE(main.popPhoto_M.Entry(u"popPhoto_M"_s, 1)->enabled);
+}
+
+TEST_F(MainScreen, APhotoThatAnotherUserHasTakenAwayIsTold)
+{
+    Load();
+    main.ShowRecordPhoto();
+    StandOnRow(u"12 OAK ST"_s);
+    {
+        const auto database = engine.OpenDatabase(kDatabook);
+        const auto rows = database->OpenRecordset(u"COMPS"_s, engine::RecordsetType::Table);
+        rows->SetIndex(u"CENTRALKEY"_s);
+        rows->Seek(u"="_s, u"12 OAK ST"_s);
+        ASSERT_FALSE(rows->NoMatch());
+        rows->Edit();
+        rows->SetValue(u"PHOTOS"_s, u"POOL|ELM\r\n"_s);
+        rows->Update();
+    }
+    Q_EMIT main.photoLists.CmdDeletePhoto.Clicked();
+    EXPECT_TRUE(doubles.prompter.Boxes().empty()) << "nothing is asked about what is gone";
+    EXPECT_EQ(main.status.lblmsg.Caption(), u"12 OAK ST has no FRONT VIEW any more."_s);
+    EXPECT_EQ(main.photoLists.lstViews.Items(), QStringList{u"POOL"_s});
+    EXPECT_TRUE(home.disk.FileExists(u"C:\\JPG\\OAK.jpg"_s));
 }
 
 TEST_F(MainScreen, TheRowShowsItsPhotoAndItsStatus)

@@ -255,6 +255,25 @@ TEST_F(MainWindowTest, TheTabKeyReachesSlotsAndGrid)
     EXPECT_LT(order.indexOf(u"cmdPrint"_s), order.indexOf(u"grddatabook"_s));
 }
 
+TEST_F(MainWindowTest, KeysOfThePhotoPressItsButtonsUnlessTheyAreDisabled)
+{
+    QStringList pressed;
+    for (const QString& name : {u"CmdDeletePhoto"_s, u"CmdRenamePhotoView"_s})
+        QObject::connect(&screen.Get<forms::Button>(name), &forms::Control::Clicked, &screen.Get<forms::Button>(name),
+                         [&pressed, name] { pressed += name; });
+    for (QWidget* photo : {static_cast<QWidget*>(Find<QListView>(u"lstViews"_s)),
+                           static_cast<QWidget*>(Find<windows::PictureView>(u"geamaintain"_s))}) {
+        photo->setFocus();
+        QTest::keyClick(photo, Qt::Key_F2);
+        QTest::keyClick(photo, Qt::Key_Delete);
+        EXPECT_EQ(pressed, (QStringList{u"CmdRenamePhotoView"_s, u"CmdDeletePhoto"_s})) << photo->objectName().toStdString();
+        pressed.clear();
+    }
+    screen.Get<forms::Button>(u"CmdDeletePhoto"_s).SetEnabled(false);
+    QTest::keyClick(Find<QListView>(u"lstViews"_s), Qt::Key_Delete);
+    EXPECT_EQ(pressed, QStringList());
+}
+
 TEST_F(MainWindowTest, PlacesAreRemembered)
 {
     auto* splitter = Find<QSplitter>(u"topSplitter"_s);

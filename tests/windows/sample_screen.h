@@ -150,7 +150,9 @@ struct SampleScreen
                                                        {u"cmdAddManual"_s, u"Add &Manually"_s},
                                                        {u"cmdPrint"_s, u"Print Comps"_s},
                                                        {u"cmdRefresh"_s, u"Refresh Grid"_s},
-                                                       {u"cmdDetails"_s, u"Current Details"_s}};
+                                                       {u"cmdDetails"_s, u"Current Details"_s},
+                                                       {u"CmdDeletePhoto"_s, u"Delete Photo"_s},
+                                                       {u"CmdRenamePhotoView"_s, u"Rename View"_s}};
         for (const auto& [name, caption] : buttons)
             Add<Button>(name).SetCaption(caption);
         Add<PictureBox>(u"imaKel"_s);
@@ -175,7 +177,7 @@ struct SampleScreen
                                  {.index = 1, .caption = u"-"_s},
                                  {.index = 2, .caption = u"Copy Photos - From Reader"_s, .enabled = false},
                                  {.index = 11, .caption = u"Exit"_s}});
-        for (const QString& name : {u"popThumb_M"_s, u"popPicture_M"_s, u"popGeneral_M"_s, u"popTextData_M"_s,
+        for (const QString& name : {u"popPhoto_M"_s, u"popThumb_M"_s, u"popPicture_M"_s, u"popGeneral_M"_s, u"popTextData_M"_s,
                                     u"popPicAndData_M"_s})
             Add<Menu>(name, QString(), QList<MenuEntry>{{.index = 0, .caption = u"First of "_s + name}});
         Get<Label>(u"lblAddingaComp"_s).SetCaption(u"Add a Comp"_s);
