@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QStandardPaths>
+
 using namespace Qt::Literals::StringLiterals;
 using namespace vasclip::tests;
 
@@ -41,6 +43,29 @@ protected:
     ProgramHome home;
     QString capture;
 };
+
+TEST_F(VasctlMedia, APersonAtATerminalSeesHowFarItIsAndAScriptDoesNot)
+{
+    if (QStandardPaths::findExecutable(u"script"_s).isEmpty())
+        GTEST_SKIP() << "no 'script' here to make a terminal with";
+    Put(home.Native(u"CARD/ZA.JPG"_s), QByteArray(3'000'000, 'a'));
+    const QString command = u"'%1' --home '%2' capture copy 'C:\\CARD' ZA.JPG"_s.arg(
+        ProgramHome::Program(u"vasctl"_s), home.Path());
+    QProcess terminal;
+    terminal.setProcessEnvironment(home.environment);
+    terminal.start(u"script"_s, {u"-qec"_s, command, u"/dev/null"_s});
+    ASSERT_TRUE(terminal.waitForFinished(kPatienceMs));
+    const QByteArray seen = terminal.readAllStandardOutput();
+    EXPECT_EQ(terminal.exitCode(), kDone) << seen.toStdString();
+    EXPECT_TRUE(seen.contains("Looking at ZA.JPG")) << seen.toStdString();
+    EXPECT_TRUE(seen.contains("Copying ZA.JPG  34 %")) << seen.toStdString();
+    EXPECT_TRUE(seen.contains("Copying ZA.JPG  100 %")) << seen.toStdString();
+    const qsizetype last = seen.lastIndexOf("\x1b[K");
+    EXPECT_TRUE(seen.mid(last).contains("Photos copied to")) << "the line goes before the result: " << seen.toStdString();
+    const auto piped = home.Vasctl({u"--plain"_s, u"capture"_s, u"copy"_s, u"C:\\CARD"_s, u"ZB.JPG"_s});
+    EXPECT_EQ(piped.code, kDone);
+    EXPECT_FALSE(piped.err.contains("Copying")) << piped.err.toStdString();
+}
 
 TEST_F(VasctlMedia, CopiesFromACardAndKnowsWhatHasComeInBefore)
 {

@@ -82,7 +82,15 @@ int Copy(Session& session, const Output& out, const QString& directory, QStringL
                                 .disk = disk,
                                 .globals = main.globals,
                                 .recordOf = [&owners](const QString& stem) { return owners.Of(stem); }};
-    const photos::CopyOutcome outcome = photos::CopyFromMedia(desk, source, names, {});
+    ProgressLine line(out);
+    session.Prompter().SetBeforeBox([&line] { line.Clear(); });
+    const photos::CopyOutcome outcome =
+        photos::CopyFromMedia(desk, source, names, [&line](const QString& doing, qint64 done, qint64 total) {
+            line.Show(doing, done, total);
+            return true;
+        });
+    session.Prompter().SetBeforeBox({});
+    line.Clear();
     const QString text = outcome.Text(main.globals.G_CaptureDir);
     if (outcome.begun && !outcome.stopped && outcome.failed.isEmpty()) {
         out.Value({{u"copied"_s, outcome.copied},

@@ -1,5 +1,7 @@
 #include "app/vasctl/output.h"
 
+#include "platform/desktop/terminal.h"
+
 #include <QJsonDocument>
 
 #include <cstdio>
@@ -93,6 +95,35 @@ void Output::Error(const QString& text) const
 {
     Print(stderr, m_json ? QJsonDocument(QJsonObject{{u"error"_s, text}}).toJson(QJsonDocument::Compact)
                          : (u"vasctl: "_s + text).toUtf8());
+}
+
+ProgressLine::ProgressLine(const Output& out)
+    : m_seen(!out.Json() && desktop::ErrorsAreSeen())
+{}
+
+ProgressLine::~ProgressLine()
+{
+    Clear();
+}
+
+void ProgressLine::Show(const QString& doing, qint64 done, qint64 total)
+{
+    constexpr int kWhole = 100;
+    const QString line = total > 0 ? doing + u"  %1 %"_s.arg(done * kWhole / total) : doing;
+    if (!m_seen || line == m_shown)
+        return;
+    m_shown = line;
+    std::fprintf(stderr, "\r%s\x1b[K", line.toUtf8().constData());
+    std::fflush(stderr);
+}
+
+void ProgressLine::Clear()
+{
+    if (m_shown.isEmpty())
+        return;
+    m_shown.clear();
+    std::fputs("\r\x1b[K", stderr);
+    std::fflush(stderr);
 }
 
 } // namespace vasclip::vasctl

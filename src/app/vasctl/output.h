@@ -37,4 +37,21 @@ private:
     bool m_json;
 };
 
+/// One line that tells how far a long command is, for a person at a terminal; for nobody else, so that what a
+/// script reads has none of it. It goes when this does.
+class ProgressLine
+{
+public:
+    explicit ProgressLine(const Output& out);
+    ~ProgressLine();
+    ProgressLine(const ProgressLine&) = delete;
+    ProgressLine& operator=(const ProgressLine&) = delete;
+    void Show(const QString& doing, qint64 done = 0, qint64 total = 0);
+    void Clear();
+
+private:
+    bool m_seen;
+    QString m_shown;
+};
+
 } // namespace vasclip::vasctl

@@ -197,8 +197,13 @@ int Orphans(Session& session, const Output& out)
 int Verify(Session& session, const Output& out)
 {
     auto& main = session.WithDatabook();
-    const photos::StoreCheck check =
-        photos::VerifyStore(main.sources.datDatabook, session.Disk(), main.globals.G_PhotoDir);
+    ProgressLine line(out);
+    const photos::StoreCheck check = photos::VerifyStore(
+        main.sources.datDatabook, session.Disk(), main.globals.G_PhotoDir, [&line](int records) {
+            line.Show(u"Looking at the photos of record %1"_s.arg(records + 1));
+            return true;
+        });
+    line.Clear();
     for (const photos::LostPhoto& lost : check.lost)
         out.Error(LineOf(lost).join(u"  "_s));
     const int whole = check.photos - static_cast<int>(check.lost.size());

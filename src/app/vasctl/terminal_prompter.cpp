@@ -84,6 +84,8 @@ Answer TerminalPrompter::MsgBox(forms::Buttons buttons, forms::Icon, const QStri
                                 const QString& text)
 {
     m_shown.append(text);
+    if (m_beforeBox)
+        m_beforeBox();
     QTextStream err(stderr);
     err << (title.isEmpty() ? QString() : title + u": "_s) << text << Qt::endl;
     const QList<Answer> choices = ChoicesOf(buttons);

@@ -2,6 +2,7 @@
 
 #include "forms/ports.h"
 
+#include <functional>
 #include <optional>
 
 namespace vasclip::vasctl {
@@ -27,6 +28,9 @@ public:
     QString OpenDialog(const QString& filter, const QString& title, const QString& directory) override;
     QString ChooseDirectory(const QString& title, const QString& directory) override;
 
+    /// Called before each box: what stands on the line of the terminal goes.
+    void SetBeforeBox(std::function<void()> clear) { m_beforeBox = std::move(clear); }
+
     /// Was any question answered with No, Cancel or Abort?
     [[nodiscard]] bool Declined() const { return m_declined; }
     [[nodiscard]] const QStringList& Shown() const { return m_shown; } ///< texts of the boxes so far
@@ -39,6 +43,7 @@ private:
     bool m_interactive;
     bool m_declined = false;
     QStringList m_shown;
+    std::function<void()> m_beforeBox;
 };
 
 } // namespace vasclip::vasctl

@@ -9,4 +9,9 @@ bool IsTerminal()
     return isatty(STDIN_FILENO) != 0;
 }
 
+bool ErrorsAreSeen()
+{
+    return isatty(STDERR_FILENO) != 0;
+}
+
 } // namespace vasclip::desktop

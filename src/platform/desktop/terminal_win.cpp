@@ -10,4 +10,9 @@ bool IsTerminal()
     return _isatty(_fileno(stdin)) != 0;
 }
 
+bool ErrorsAreSeen()
+{
+    return _isatty(_fileno(stderr)) != 0;
+}
+
 } // namespace vasclip::desktop
