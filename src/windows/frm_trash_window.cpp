@@ -7,8 +7,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QStyledItemDelegate>
 #include <QToolButton>
 
 namespace vasclip::windows {
@@ -17,6 +19,47 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+/// Shows a row of a name and its time in two columns. What stands on the bar between them is for the rules.
+class NameAndTime : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QString displayText(const QVariant& value, const QLocale&) const override
+    {
+        return value.toString().section(u'|', 0, 0);
+    }
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        const QString time = TimeOf(index);
+        const int width = option.fontMetrics.horizontalAdvance(time) + 2 * kGap;
+        QStyledItemDelegate::paint(painter, option, index);
+        QStyleOptionViewItem cell(option);
+        initStyleOption(&cell, index);
+        const bool selected = (option.state & QStyle::State_Selected) != 0;
+        QRect rest = option.rect;
+        rest.setLeft(rest.right() - width);
+        painter->save();
+        if (option.fontMetrics.horizontalAdvance(cell.text) + width + kGap > option.rect.width())
+            painter->fillRect(rest, selected ? option.palette.highlight() : option.palette.base());
+        painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::PlaceholderText));
+        painter->drawText(rest.adjusted(0, 0, -kGap, 0), Qt::AlignRight | Qt::AlignVCenter, time);
+        painter->restore();
+    }
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        const QSize name = QStyledItemDelegate::sizeHint(option, index);
+        return {name.width() + option.fontMetrics.horizontalAdvance(TimeOf(index)) + 3 * kGap, name.height()};
+    }
+
+private:
+    static constexpr int kGap = 8;
+    static QString TimeOf(const QModelIndex& index)
+    {
+        return index.data().toString().section(u'|', 1);
+    }
+};
+
 /// The photos with what selects them.
 QLayout* PhotoColumn(QDialog& window)
 {
@@ -24,6 +67,7 @@ QLayout* PhotoColumn(QDialog& window)
     column->setSpacing(8);
     auto* list = MakeList(window, u"lstfiles"_s, QDialog::tr("Photos in the trash directory"));
     list->setMinimumWidth(300);
+    list->setItemDelegate(new NameAndTime(list));
     auto* hidden = MakeList(window, u"filFilename"_s, {});
     hidden->hide();
     auto* head = new QHBoxLayout;

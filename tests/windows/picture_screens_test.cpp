@@ -24,6 +24,7 @@
 #include <QRadioButton>
 #include <QScreen>
 #include <QSlider>
+#include <QStyledItemDelegate>
 #include <QTest>
 
 // The windows about the trash, copying, finding and adjusting pictures.
@@ -112,6 +113,9 @@ TEST_F(PictureScreens, TheTrashShowsEveryControlAndWorksByKeys)
     Check(window);
     auto* list = Get<QListView>(window, u"lstfiles"_s);
     list->setFocus();
+    const auto* cells = qobject_cast<QStyledItemDelegate*>(list->itemDelegate());
+    ASSERT_NE(cells, nullptr);
+    EXPECT_EQ(cells->displayText(u"A.JPG|3/7/2004 9:05:00 AM"_s, {}), u"A.JPG"_s) << "the time stands in its own column";
     EXPECT_TRUE(Get<QListView>(window, u"filFilename"_s)->isHidden());
     QTest::keyClick(list, Qt::Key_Home);
     QTest::keyClick(list, Qt::Key_Down, Qt::ShiftModifier);
