@@ -1,3 +1,5 @@
+#include "faults/desktop_user.h"
+
 #include <QCoreApplication>
 #include <QThread>
 
@@ -32,6 +34,10 @@ int main(int argc, char* argv[])
 {
     if (argc == 3 && std::strcmp(argv[1], "--hold-lock") == 0)
         return HoldLock(argv[2]);
+    if (argc == 3 && std::strcmp(argv[1], "--main-screen") == 0) {
+        const QCoreApplication app(argc, argv);
+        return vasclip::tests::WorkAtTheMainScreen(QString::fromLocal8Bit(argv[2]));
+    }
     testing::InitGoogleTest(&argc, argv);
     const QCoreApplication app(argc, argv);
     return RUN_ALL_TESTS();
