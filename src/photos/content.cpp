@@ -5,6 +5,7 @@
 #include "platform/text/text.h"
 
 #include <QCryptographicHash>
+#include <QSet>
 
 #include <algorithm>
 
@@ -37,6 +38,16 @@ QStringList PictureNames(const files::Disk& disk, const QString& directory, cons
                         [&](const QString& pattern) { return files::MatchesPattern(folded, pattern); }))
             names.append(name);
     }
+    return names;
+}
+
+QStringList DirectoryNames(const files::Disk& disk, const QString& directory)
+{
+    const QString all = common::CkRSlash(directory) + u'*';
+    const QStringList others = disk.Dir(all);
+    const QSet<QString> plain(others.cbegin(), others.cend()); // a look at every file takes too long
+    QStringList names = disk.Dir(all, files::Directory);
+    names.removeIf([&plain](const QString& name) { return plain.contains(name); });
     return names;
 }
 

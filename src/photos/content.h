@@ -27,4 +27,7 @@ inline const QString kTrashPatterns = QStringLiteral("*.jpg;*.bmp;*.tif");
 [[nodiscard]] QStringList PictureNames(const files::Disk& disk, const QString& directory,
                                        const QString& patterns);
 
+/// Names of the directories in a directory, by name without regard to case. @throws as Disk::Dir
+[[nodiscard]] QStringList DirectoryNames(const files::Disk& disk, const QString& directory);
+
 } // namespace vasclip::photos

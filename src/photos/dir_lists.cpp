@@ -1,10 +1,10 @@
 #include "photos/dir_lists.h"
 
 #include "common/paths.h"
+#include "photos/content.h"
 #include "platform/text/text.h"
 
 #include <QScopedValueRollback>
-#include <QSet>
 
 namespace vasclip::photos {
 
@@ -41,11 +41,7 @@ bool DirLists::GoTo(const QString& directory)
     try {
         if (wanted.size() < 3 || !m_disk.DirExists(wanted))
             return false;
-        const QStringList names = m_disk.Dir(wanted + u"*.*"_s);
-        const QSet<QString> plain(names.cbegin(), names.cend()); // a look at every file takes too long
-        for (const QString& name : m_disk.Dir(wanted + u"*.*"_s, files::Directory))
-            if (!plain.contains(name))
-                below.append(name);
+        below = DirectoryNames(m_disk, wanted);
     } catch (const RuntimeError&) {
         return false;
     }

@@ -47,8 +47,8 @@ frm_GenView::frm_GenView(const forms::Ports& ports, const files::Disk& disk, con
     SetCaption(u"Select The View"_s);
     cmdOK.SetCaption(u"&OK"_s);
     cmdCancel.SetCaption(u"&Cancel"_s);
-    cmdAddView.SetCaption(u"&Add View to List"_s);
-    cmdDelView.SetCaption(u"&Delete View From List"_s);
+    cmdAddView.SetCaption(u"Add View to List"_s);
+    cmdDelView.SetCaption(u"Delete View From List"_s);
     imaOK.SetToolTipText(u"Take the view"_s);
     imaCancel.SetToolTipText(u"Close without a view"_s);
     imaAdd.SetToolTipText(u"Add View to List"_s);

@@ -34,7 +34,6 @@ public:
 
 private:
     [[nodiscard]] FoundDirectory Pictures(const QString& path);
-    [[nodiscard]] QStringList Below(const QString& path) const;
     [[nodiscard]] bool IsNew(const QString& path);
 
     const forms::Ports& m_ports;
@@ -79,18 +78,6 @@ FoundDirectory Walk::Pictures(const QString& path)
     return found;
 }
 
-QStringList Walk::Below(const QString& path) const
-{
-    const QStringList names = m_disk.Dir(path + u'*');
-    const QSet<QString> plain(names.cbegin(), names.cend());
-    QStringList below;
-    for (const QString& name : m_disk.Dir(path + u'*', files::Directory)) {
-        if (!plain.contains(name))
-            below.append(path + name + u'\\');
-    }
-    return below;
-}
-
 bool Walk::Directory(const QString& path)
 {
     m_ports.pump.DoEvents();
@@ -103,12 +90,12 @@ bool Walk::Directory(const QString& path)
         const FoundDirectory found = Pictures(path);
         if (found.count > 0 && !m_found(found))
             return false;
-        below = Below(path);
+        below = DirectoryNames(m_disk, path);
     } catch (const RuntimeError&) {
         return true; // what may not be read holds nothing for us
     }
     return std::all_of(below.cbegin(), below.cend(),
-                       [this](const QString& directory) { return Directory(directory); });
+                       [&](const QString& name) { return Directory(path + name + u'\\'); });
 }
 
 } // namespace

@@ -13,6 +13,14 @@ protected:
     [[nodiscard]] int Position() const { return controls.filCapture.ListIndex(); }
 };
 
+TEST_F(CaptureDeskTest, TheBrowsersTextsStandAsTheyAre)
+{
+    EXPECT_EQ(controls.lblTab.ToolTipText(),
+              u"Current Capture Directory - Click here to change to user specific folder"_s);
+    EXPECT_EQ(controls.lblRefreshing.Caption(), u"Refreshing Picture Thumbnails"_s);
+    EXPECT_EQ(controls.lblListBox.Caption(), u"Selected Picture"_s);
+}
+
 TEST_F(CaptureDeskTest, NothingIsListedBeforeTheBrowserStarts)
 {
     PutMany(3);

@@ -378,6 +378,21 @@ TEST_F(FormatPicture, ARepetitionThatSucceedsSavesThePicture)
     EXPECT_TRUE(disk.FileExists(u"C:\\NOWHERE\\07055475.JPG"_s));
 }
 
+TEST_F(FormatPicture, AStoredFileThatVanishesBeforeItIsShownAsks)
+{
+    globals.redux = false;
+    globals.quality = 100;
+    doubles.clock.onWait = [&] {
+        if (disk.FileExists(kFirst) && doubles.clock.waits.size() >= 5)
+            disk.Kill(kFirst);
+    };
+    doubles.prompter.Answer(forms::Answer::No);
+    EXPECT_FALSE(Save(PutJpeg(u"A.JPG"_s)));
+    EXPECT_EQ(doubles.prompter.Last().text,
+              u"Picture Compression Error: Retry? \r\nERROR = \r\nLoadPicture(TargetPic)"_s + kFirst);
+    EXPECT_FALSE(desk.PictureSaved);
+}
+
 TEST_F(FormatPicture, TheErrorsOfOneCallAreCountedTogether)
 {
     // Nine errors at the working file, two more at the target.

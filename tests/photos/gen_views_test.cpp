@@ -49,6 +49,14 @@ protected:
     }
 };
 
+TEST_F(GenViews, TheButtonsSayWhatTheyDo)
+{
+    const auto screen = Opened(picture);
+    EXPECT_EQ(screen->Caption(), u"Select The View"_s);
+    EXPECT_EQ(screen->cmdAddView.Caption(), u"Add View to List"_s);
+    EXPECT_EQ(screen->cmdDelView.Caption(), u"Delete View From List"_s);
+}
+
 TEST_F(GenViews, FillTheBoxesOfTheGeneralPages)
 {
     forms::ControlSet set;
