@@ -261,7 +261,8 @@ void FiveHundred()
                 double(after - onePage) / 1048576);
 }
 
-double OpenDirectoryOf(int count)
+/// Milliseconds that the window stands still, and until the first page is whole.
+std::pair<double, double> OpenDirectoryOf(int count)
 {
     tests::TempHome home;
     home.MakeDirs(u"C:\\SNAP"_s);
@@ -270,17 +271,21 @@ double OpenDirectoryOf(int count)
     for (int i = 1; i < count; ++i)
         std::filesystem::create_hard_link(
             first, first.parent_path() / u"%1.JPG"_s.arg(i, 5, 10, QChar(u'0')).toStdString());
-    double best = 1e9;
+    double still = 1e9;
+    double whole = 1e9;
     for (int round = 0; round < 3; ++round) {
         const files::Disk fresh(home.disk.Home());
         Browser browser(fresh); // which has not read the directory yet
-        best = std::min(best, Milliseconds([&] {
-                            browser.desk->StartBrowsing();
-                            browser.Settle();
-                        }));
+        browser.desk->Folder().SetPatience(photos::CaptureFolder::kShortPatience);
+        QElapsedTimer timer;
+        timer.start();
+        browser.desk->StartBrowsing();
+        still = std::min(still, double(timer.nsecsElapsed()) / 1e6);
+        browser.Settle();
+        whole = std::min(whole, double(timer.nsecsElapsed()) / 1e6);
         browser.Rest();
     }
-    return best;
+    return {still, whole};
 }
 
 } // namespace
@@ -308,8 +313,10 @@ int main(int argc, char** argv)
         PageOfTwelve(u"of "_s + given, home);
     }
     FiveHundred();
-    const double few = OpenDirectoryOf(50);
-    const double many = OpenDirectoryOf(50'000);
-    std::printf("first page whole: %.0f ms of 50 pictures, %.0f ms of 50,000\n", few, many);
+    const auto few = OpenDirectoryOf(50);
+    const auto many = OpenDirectoryOf(50'000);
+    std::printf("a directory of 50: the window stands still for %.0f ms, the first page is whole after %.0f ms; of "
+                "50,000: %.0f ms, %.0f ms\n",
+                few.first, few.second, many.first, many.second);
     return 0;
 }

@@ -378,11 +378,9 @@ void MainWindow::BuildRecordKeys()
     for (QWidget* photo : {static_cast<QWidget*>(m_ui->lstViews), static_cast<QWidget*>(m_ui->geamaintain)})
         for (const auto& [keys, button] : {std::pair(Qt::Key_F2, m_ui->CmdRenamePhotoView),
                                            std::pair(Qt::Key_Delete, m_ui->CmdDeletePhoto)}) {
-            auto* action = new QAction(photo);
-            action->setShortcut(keys);
-            action->setShortcutContext(Qt::WidgetShortcut);
-            connect(action, &QAction::triggered, button, &QAbstractButton::click);
-            photo->addAction(action);
+            auto* key = new QShortcut(keys, photo);
+            key->setContext(Qt::WidgetShortcut);
+            connect(key, &QShortcut::activated, button, &QAbstractButton::click);
         }
     for (QLineEdit* box : {m_ui->txtcentralkey, m_ui->cboapprslType->lineEdit()})
         connect(box, &QLineEdit::returnPressed, this, [this] {
