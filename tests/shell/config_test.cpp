@@ -364,7 +364,13 @@ TEST_F(Config, SavingWritesEveryKeyInItsOrderAndKeepsWhatElseStandsThere)
     Text(u"txtPicDelay"_s).SetText(u"2.5"_s);
     Text(u"txtMapFilename"_s).SetText(u"MAP.MDB"_s);
     EXPECT_TRUE(screen->HasChanged());
+    bool saveWas = true, cancelWas = true;
+    QObject::connect(&screen->cmdSave, &forms::Control::Changed,
+                     [&] { saveWas = saveWas && screen->cmdSave.Enabled(); });
+    QObject::connect(&screen->cmdCancel, &forms::Control::Changed,
+                     [&] { cancelWas = cancelWas && screen->cmdCancel.Enabled(); });
     ClickSave();
+    EXPECT_FALSE(saveWas || cancelWas) << "neither can be pressed meanwhile";
     EXPECT_FALSE(screen->HasChanged());
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
     EXPECT_TRUE(screen->cmdSave.Enabled() && screen->cmdCancel.Enabled());

@@ -10,8 +10,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QDeadlineTimer>
+#include <QFile>
 #include <QScopeGuard>
 #include <QSet>
+#include <QThread>
 
 // What the Setup, Database and Help menus lead to.
 
@@ -220,7 +223,13 @@ TEST_F(SetupMenu, ChangeCurrentDatabaseOpensTheChoice)
     Load();
     main.tabSource.SetTab(1);
     bool shown = false;
-    doubles.pump.onTurn = [&] { shown = shown || main.lblChangingDB.Visible(); };
+    doubles.pump.onTurn = [&] {
+        if (!main.lblChangingDB.Visible() || shown)
+            return;
+        shown = true;
+        EXPECT_EQ(Rows(), -1) << "the grid is empty meanwhile";
+        EXPECT_EQ(main.tabSource.Tab(), 0);
+    };
     ChooseDatabase(u"OLD.MDB"_s);
     doubles.pump.onTurn = nullptr;
     EXPECT_EQ(offered, (QStringList{u"DATABOOK.MDB"_s, u"OLD.MDB"_s}));
@@ -330,6 +339,15 @@ TEST_F(SetupMenu, TutorialsAreThereAsFarAsTheirFilesAre)
     for (const auto& entry : tutorials->subEntries)
         names.append(entry.caption);
     EXPECT_EQ(names, (QStringList{u"Mapping.exe"_s, u"photos.cls"_s}));
+    const QString noted = home.Native(u"noted"_s);
+    home.Put(u"C:\\VAS2000\\Mapping.exe"_s, "#!/bin/sh\n: > " + noted.toUtf8() + "\n");
+    ASSERT_TRUE(QFile::setPermissions(home.disk.ToNative(u"C:\\VAS2000\\Mapping.exe"_s),
+                                      QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    again.mnuHelpItem.Choose(u"mnuHelpTut_M"_s, 0);
+    for (const QDeadlineTimer limit(20'000); !QFile::exists(noted) && !limit.hasExpired();)
+        QThread::msleep(10);
+    EXPECT_TRUE(QFile::exists(noted)) << "it was started";
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
     home.disk.Kill(u"C:\\VAS2000\\Mapping.exe"_s);
     again.mnuHelpItem.Choose(u"mnuHelpTut_M"_s, 0);
     EXPECT_EQ(doubles.prompter.Last().text, u"File not found"_s);
