@@ -103,6 +103,7 @@ void EntryRecord::Read()
         if (field.type == engine::FieldType::Text || field.type == engine::FieldType::Memo)
             m_read.insert(field.name.toUpper(), store::GetFieldData(datDatabook, field.name));
     m_texts = m_read;
+    m_key = text::Folded(m_read.value(store::kKeyIndex)); // somebody else may have renamed it
     m_theirsUntold = false;
 }
 
@@ -189,7 +190,7 @@ Stored EntryRecord::Write(bool leaving)
             return decision;
     }
     m_stored = true;
-    store::Updateandfind(m_desk.ports, datDatabook, m_key);
+    store::Updateandfind(m_desk.ports, datDatabook, store::GetFieldData(datDatabook, store::kKeyIndex));
     Read();
     return Stored::Done;
 }

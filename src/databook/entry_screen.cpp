@@ -106,8 +106,6 @@ void EntryScreen::Form_Load()
         Unload();
         return;
     }
-    lblCentralKey.SetCaption(m_record.Key());
-    SetCaption(u"%1 - %2"_s.arg(m_form.caption, m_record.Key()));
     if (cboCity) {
         for (const QString& city : m_desk.cities)
             cboCity->AddItem(city);
@@ -128,6 +126,8 @@ void EntryScreen::Form_Load()
 /// The boxes take what the record holds. None is ever cut to the limit that it is drawn with.
 void EntryScreen::ShowTexts()
 {
+    lblCentralKey.SetCaption(m_record.Key());
+    SetCaption(u"%1 - %2"_s.arg(m_form.caption, m_record.Key()));
     for (const auto& box : m_boxes) {
         const QString text = m_record.Text(box->field);
         const int limit = box->row.limit > 0 ? box->row.limit : m_record.Size(box->field);

@@ -739,6 +739,37 @@ TEST_F(Entry, SomebodyElsesChangeIsAskedAgainAfterCancel)
     EXPECT_EQ(doubles.prompter.Boxes().size(), 3u);
 }
 
+TEST_F(Entry, ARecordRenamedMeanwhileIsFollowed)
+{
+    for (const forms::Answer answer : {forms::Answer::Yes, forms::Answer::No}) {
+        const bool mine = answer == forms::Answer::Yes;
+        doubles.prompter.Forget();
+        doubles.prompter.Answer(answer);
+        const QString renamed = mine ? u"103 OAK ST"_s : u"105 OAK ST"_s;
+        const QString before = mine ? comp : u"103 OAK ST"_s;
+        doubles.screens.Play([&](forms::Screen& shown) {
+            auto& screen = dynamic_cast<EntryScreen&>(shown);
+            Type(screen, "CITY"_L1, u"Mine"_s + before);
+            engine.OpenDatabase(path)->Execute(
+                u"UPDATE COMPS SET CENTRALKEY = '%1', ADDRESS = '%1'"_s.arg(renamed));
+            Click(screen.cmdSave);
+            EXPECT_EQ(screen.lblCentralKey.Caption(), renamed);
+            EXPECT_TRUE(screen.Caption().endsWith(renamed)) << screen.Caption().toStdString();
+            EXPECT_EQ(screen.Box("ADDRESS"_L1)->Text(), renamed);
+            EXPECT_EQ(screen.Box("CITY"_L1)->Text(), u"Mine"_s + comp) << "of the first round";
+            Type(screen, "COUNTY"_L1, u"Skagit"_s);
+            Click(screen.cmdExit);
+            EXPECT_FALSE(screen.IsOpen());
+        });
+        EXPECT_TRUE(LoadCompForm(desk, before, u"F"_s));
+        EXPECT_EQ(doubles.prompter.Boxes().size(), 1u) << "only the question whose change it shall be";
+        const auto rows = engine.OpenDatabase(path)->OpenRecordset(table, engine::RecordsetType::Table);
+        EXPECT_EQ(rows->Value(key).toString().trimmed(), renamed);
+        EXPECT_EQ(rows->Value(u"COUNTY"_s).toString(), u"Skagit"_s);
+        EXPECT_EQ(rows->RecordCount(), 1);
+    }
+}
+
 TEST_F(Entry, ARecordDeletedMeanwhileIsTold)
 {
     doubles.prompter.Answer(forms::Answer::Yes);
