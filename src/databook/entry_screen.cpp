@@ -215,7 +215,10 @@ void EntryScreen::Recalculate()
     std::pair<QString, QString> from{year->Text(), date->Text()};
     if (from == m_ageFrom)
         return;
+    const bool noYear = text::Trim(m_ageFrom.first).isEmpty() && text::Trim(from.first).isEmpty();
     m_ageFrom = std::move(from);
+    if (noYear) // there is nothing that a new sale date could make of it
+        return;
     age->SetText(AgeText(year->Text(), date->Text(), m_desk.ports.clock.Today()));
 }
 

@@ -59,6 +59,17 @@ TEST_F(VasctlRecords, WhatHangsOnAFieldFollowsIt)
     EXPECT_EQ(record[u"SALESERIAL"_s], u"38054"_s) << "on a rental the lease date plays the sale date's part";
 }
 
+TEST_F(VasctlRecords, AnAgeWithoutAYearOutlivesANewSaleDate)
+{
+    ASSERT_EQ(Edit({u"AGE=45"_s}).code, kDone);
+    ASSERT_EQ(Edit({u"SALEDATE=3/7/2004"_s}).code, kDone);
+    EXPECT_EQ(Show()[u"AGE"_s], u"45"_s);
+    ASSERT_EQ(Edit({u"YEARBUILT=1985"_s}).code, kDone);
+    EXPECT_EQ(Show()[u"AGE"_s], u"19"_s);
+    ASSERT_EQ(Edit({u"YEARBUILT="_s}).code, kDone);
+    EXPECT_FALSE(Show().contains(u"AGE"_s)) << "the year was taken away";
+}
+
 TEST_F(VasctlRecords, AValueThatCannotBeChangesNothing)
 {
     const QJsonObject before = Show();

@@ -314,6 +314,21 @@ TEST_F(Entry, TheAgeFollowsYearAndSale)
     });
 }
 
+TEST_F(Entry, AnAgeWithoutAYearOutlivesANewSaleDate)
+{
+    Elsewhere(u"YEARBUILT"_s, u" "_s);
+    Show([](EntryScreen& screen) {
+        forms::TextBox& age = *screen.Box("AGE"_L1);
+        Type(screen, "SALEDATE"_L1, u"1/5/2010"_s);
+        EXPECT_EQ(age.Text(), u"19"_s);
+        Type(screen, "YEARBUILT"_L1, u"1990"_s);
+        EXPECT_EQ(age.Text(), u"20"_s);
+        Type(screen, "YEARBUILT"_L1, {});
+        EXPECT_EQ(age.Text(), QString()) << "the year was taken away";
+        Click(screen.cmdSave);
+    });
+}
+
 TEST_F(Entry, RentalsKeepTheirLeaseDate)
 {
     Show(

@@ -89,8 +89,11 @@ void Complete(QHash<QString, QString>& values, const databook::EntryRecord& reco
 {
     const auto value = [&](const QString& field) { return values.value(field, record.Text(field)); };
     const QString date(record.Form().dateField);
-    if (!values.contains(u"AGE"_s) && (values.contains(u"YEARBUILT"_s) || values.contains(date)))
-        values.insert(u"AGE"_s, databook::AgeText(value(u"YEARBUILT"_s), value(date), today));
+    const QString year = value(u"YEARBUILT"_s);
+    const bool follows =
+        values.contains(u"YEARBUILT"_s) || (values.contains(date) && !text::Trim(year).isEmpty());
+    if (follows && !values.contains(u"AGE"_s))
+        values.insert(u"AGE"_s, databook::AgeText(year, value(date), today));
     if (values.contains(u"SALEDATE"_s))
         values.insert(u"SALESERIAL"_s, databook::SerialText(value(u"SALEDATE"_s), today));
 }
