@@ -34,9 +34,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int kShortField = 20; ///< characters; two short fields share a line
-constexpr int kShortWidth = 90;
+constexpr int kShortWidth = 76;
 constexpr int kDateWidth = 96;
-constexpr int kLongWidth = 184; ///< three columns fit a screen of 1366
+constexpr int kLongWidth = 150; ///< three columns fit a screen of 1280
 constexpr int kRoomAround = 48;  ///< of the screen, for the window's own frame
 constexpr int kNarrowest = 1120; ///< the phrases of the keys can be read
 constexpr int kWidest = 1300;    ///< boxes become no better to read beyond
@@ -74,7 +74,7 @@ public:
         auto* card = new QFrame(m_parent);
         card->setProperty("card", true);
         auto* rows = new QVBoxLayout(card);
-        rows->setContentsMargins(12, 8, 12, 12);
+        rows->setContentsMargins(10, 8, 10, 12);
         rows->setSpacing(8);
         auto* head = new QHBoxLayout;
         head->addWidget(Words(QString(group.title), "title", card));
@@ -181,9 +181,8 @@ private:
         }
         box->setObjectName(QString(row.control));
         box->setAccessibleName(words);
-        box->setMinimumWidth(row.kind == databook::EntryKind::Date ? kDateWidth
-                             : narrow                              ? kShortWidth
-                                                                   : kLongWidth);
+        const bool date = row.kind == databook::EntryKind::Date || row.field == "CONTRKDATE"_L1;
+        box->setMinimumWidth(date ? kDateWidth : narrow ? kShortWidth : kLongWidth);
         return box;
     }
 
@@ -242,13 +241,13 @@ void Layout_EntryScreen(QDialog& window, forms::Screen& screen)
     auto* desk = new QWidget(scroller);
     auto* columns = new QHBoxLayout(desk);
     columns->setContentsMargins(0, 0, 4, 0);
-    columns->setSpacing(12);
+    columns->setSpacing(8);
     QList<QVBoxLayout*> stacks;
     Builder builder(desk, entry);
     for (const databook::EntryGroup& group : form.groups) {
         while (stacks.size() <= group.column) {
             stacks.append(new QVBoxLayout);
-            stacks.back()->setSpacing(12);
+            stacks.back()->setSpacing(8);
             columns->addLayout(stacks.back(), 1);
         }
         stacks.at(group.column)->addWidget(builder.Group(group));

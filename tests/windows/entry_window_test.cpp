@@ -89,6 +89,8 @@ TEST_F(EntryWindows, EachShowsEveryControlOfItsScreen)
     }
 }
 
+constexpr int kPadding = 9; ///< of a box, with its frame
+
 TEST_F(EntryWindows, EachOpensWithAllOfItsBoxesInSight)
 {
     QDialog().ensurePolished(); // the main window has brought the style sheet
@@ -99,9 +101,16 @@ TEST_F(EntryWindows, EachOpensWithAllOfItsBoxesInSight)
         const auto* scroller = shown.window->findChild<QScrollArea*>();
         EXPECT_EQ(scroller->horizontalScrollBar()->maximum(), 0) << form.screen.data();
         EXPECT_EQ(scroller->verticalScrollBar()->maximum(), 0) << form.screen.data();
-        shown.window->resize(1366 - 48, 768 - 48);
+        shown.window->resize(1280 - 48, 720 - 48); // of a small screen
         QCoreApplication::processEvents();
         EXPECT_EQ(scroller->horizontalScrollBar()->maximum(), 0) << form.screen.data() << " on a small screen";
+        for (const auto& box : shown.screen.Boxes()) {
+            const auto* edit = shown.window->findChild<QLineEdit*>(box->box.ObjectName());
+            if (edit == nullptr || !box->field.contains("DATE"_L1))
+                continue;
+            const int text = edit->fontMetrics().horizontalAdvance(u"12/30/2026"_s);
+            EXPECT_GE(edit->width(), text + 2 * kPadding) << box->field.toStdString();
+        }
     }
 }
 
