@@ -197,8 +197,15 @@ void Copying::CopyAll()
             return;
         bool going = true;
         const int before = m_outcome.copied;
-        if (!Try([&] { going = CopyOne(picture); }))
+        try {
+            if (!Try([&] { going = CopyOne(picture); }))
+                m_outcome.stopped = true;
+        } catch (const RuntimeError& failure) {
+            // It is told here, so that what was copied before it is told too.
+            common::ReportError(m_desk.ports.prompter, failure);
+            m_outcome.failed.append(picture.name);
             m_outcome.stopped = true;
+        }
         if (!going || m_outcome.stopped)
             return;
         if (m_outcome.copied == before)

@@ -39,8 +39,9 @@ struct CopyOutcome
 ///
 /// Asks first about pictures whose content has come in before, and looks whether there is room. A file of the
 /// same name and another content is kept in the trash directory before it is replaced. Each copy is read back
-/// before it takes its name; no source is ever changed. When the medium goes, asks whether to try again.
-/// @throws RuntimeError for what the common error block does not handle; what was copied is whole
+/// before it takes its name; no source is ever changed. When the medium goes, asks whether to try again. An error
+/// that the common error block does not handle is reported and stops the copy; what was copied is whole.
+/// @throws RuntimeError for what it meets before the copy begins
 CopyOutcome CopyFromMedia(const CopyDesk& desk, const QString& sourceDir, const QStringList& names,
                           const CopyStep& step);
 

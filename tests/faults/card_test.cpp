@@ -94,6 +94,7 @@ TEST_F(CardFaults, ACaptureDirectoryThatTakesNothingIsTold)
     const Timed run = Copy({u"--no"_s});
     EXPECT_EQ(run.code, kFailed) << run.Story();
     EXPECT_TRUE(run.Says(u"\"C:\\SMALL\\DSC00.JPG\" lies on a read-only disk"_s)) << run.Story();
+    EXPECT_TRUE(run.Says(u"Stopped. Photos copied to C:\\SMALL\\: 0, not copied: DSC00.JPG"_s)) << run.Story();
     EXPECT_EQ(InSmall(), QStringList());
     for (int i = 0; i < 4; ++i)
         EXPECT_TRUE(Bytes(Card() + u'/' + Name(i)) == Content(i));

@@ -235,7 +235,11 @@ TEST_F(CardCopy, AnErrorOfTheTargetGoesToTheCommonBlock)
 {
     home.Put(u"C:\\VASSNAP\\TRASHCAN"_s, "a file where the trash directory should be");
     home.Put(capture + u"A.JPG"_s, "another one");
-    EXPECT_THROW(Copy({u"A.JPG"_s}), RuntimeError);
+    const CopyOutcome outcome = Copy({u"B.JPG"_s, u"A.JPG"_s, u"C.BMP"_s});
+    EXPECT_EQ(outcome.Text(capture), u"Stopped. Photos copied to C:\\VASSNAP\\: 1, not copied: A.JPG"_s);
+    EXPECT_EQ(doubles.prompter.Last().title, u"Error"_s);
+    EXPECT_TRUE(doubles.prompter.Last().text.contains(u"C:\\VASSNAP\\TRASHCAN"_s))
+        << doubles.prompter.Last().text.toStdString();
     EXPECT_EQ(Read(capture + u"A.JPG"_s), "another one") << "what can't be kept is not replaced";
 }
 
