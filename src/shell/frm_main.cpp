@@ -72,7 +72,8 @@ frm_Main::frm_Main(const Foundation& foundation)
     , m_slotLoader(std::make_unique<photos::SlotLoader>(foundation.disk, foundation.ports, m_slotTable))
     , m_rows(std::make_unique<databook::GridRows>(sources.datsql))
 {
-    m_photoQuestions = MakePhotoQuestions(foundation.ports, foundation.disk, globals, *m_slotLoader);
+    m_photoQuestions = MakePhotoQuestions(foundation.ports, foundation.disk, globals, *m_slotLoader,
+                                          [this] { AddGenViews2CBO(); });
     m_photos =
         std::make_unique<photos::PhotoDesk>(foundation.ports, foundation.disk, globals, sources.datDatabook,
                                             photoLists, *m_slotLoader, status, *m_photoQuestions);

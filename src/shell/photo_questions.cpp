@@ -35,11 +35,12 @@ class PhotoScreens : public photos::PhotoQuestions
 {
 public:
     PhotoScreens(const forms::Ports& ports, const files::Disk& disk, const common::Globals& globals,
-                 photos::SlotLoader& loader)
+                 photos::SlotLoader& loader, std::function<void()> viewsChanged)
         : m_ports(ports)
         , m_disk(disk)
         , m_globals(globals)
         , m_loader(loader)
+        , m_viewsChanged(std::move(viewsChanged))
     {}
     forms::Answer Overwrite(const QString& existing, const QString& fresh) override
     {
@@ -51,6 +52,8 @@ public:
     {
         photos::frm_GenView screen(m_ports, m_disk, m_globals, m_loader, picture, proposal);
         m_ports.screens.ShowModal(screen);
+        if (screen.ListChanged())
+            m_viewsChanged();
         return screen.View();
     }
 
@@ -59,17 +62,19 @@ private:
     const files::Disk& m_disk;
     const common::Globals& m_globals;
     photos::SlotLoader& m_loader;
+    std::function<void()> m_viewsChanged;
 };
 
 } // namespace
 
 std::unique_ptr<photos::PhotoQuestions> MakePhotoQuestions(const forms::Ports& ports, const files::Disk& disk,
                                                            const common::Globals& globals,
-                                                           photos::SlotLoader& loader)
+                                                           photos::SlotLoader& loader,
+                                                           std::function<void()> viewsChanged)
 {
     if (dynamic_cast<const forms::NoScreens*>(&ports.screens) != nullptr)
         return std::make_unique<PhotoBoxes>(ports.prompter);
-    return std::make_unique<PhotoScreens>(ports, disk, globals, loader);
+    return std::make_unique<PhotoScreens>(ports, disk, globals, loader, std::move(viewsChanged));
 }
 
 } // namespace vasclip::shell

@@ -266,9 +266,11 @@ TEST_F(MainScreen, ThePhotoButtonsRenameAndDeleteTheSelectedPhoto)
         auto& screen = dynamic_cast<photos::frm_GenView&>(shown);
         EXPECT_EQ(screen.txtView.Text(), u"FRONT VIEW"_s);
         screen.txtView.SetText(u"pool"_s);
+        screen.cmdAddView_Click();
         screen.cmdOK_Click();
     });
     Q_EMIT rename.Clicked();
+    EXPECT_TRUE(main.report.cboGeneral(1).Items().contains(u"POOL"_s)) << "a view that joins the list is offered at once";
     EXPECT_EQ(main.records.grddatabook.CurrentText(u"PHOTOS"_s), u"POOL|OAK\r\n"_s);
     EXPECT_EQ(text::Trim(main.records.grddatabook.CurrentText(u"FRONT"_s)), QString());
     EXPECT_EQ(main.photoLists.txtView.Text(), u"POOL"_s);
