@@ -201,6 +201,16 @@ TEST_F(Refresh, WithoutMappingRowsSaysSoAndReadsNothing)
     EXPECT_TRUE(logged.isEmpty());
 }
 
+TEST_F(Refresh, AFormCodeOfAnotherCaseIsTheSameForm)
+{
+    Map({u"UA5 X"_s, u"PAGE1"_s, u"ZIP"_s, u"2"_s, u"5"_s, u"SALE"_s, u"10"_s, u"0"_s});
+    OpenReport(u"SMITH"_s, u"ua5,SUBPHOTO,COMPPAGE"_s);
+    RefreshAppraisal(desk);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    EXPECT_EQ(report.txtSubject.Text(), u"1 Main St"_s);
+    EXPECT_EQ(addr.txtKelZip.Text(), u""_s);
+}
+
 TEST_F(Refresh, GoesOnWithTheNextStepAfterAFailure)
 {
     conduit.FailOnce(u"item PAGE1|2|2"_s, error::kLinkTimeOut, u"No answer in time"_s);

@@ -199,6 +199,18 @@ TEST_F(SlotPhotos, ASecondFillWithoutEmptyingEmptiesTheSlot)
     EXPECT_EQ(table.ErrGetPict(slots.imaComp(1)), u""_s);
 }
 
+TEST_F(SlotPhotos, ADamagedPictureOfTheReportDoesNotHideTheOthers)
+{
+    home.Put(u"C:\\JPG\\BAD.jpg"_s, QByteArrayLiteral("\xFF\xD8\xFFno picture"));
+    addr.txtKelimages.SetText(
+        u"CMP_1_3X5|C:\\JPG\\A1.jpg;CMP_2_3X5|C:\\JPG\\BAD.jpg;CMP_3_3X5|C:\\JPG\\B2.jpg;"_s);
+    SetPhotos(desk, u"CMP"_s);
+    EXPECT_FALSE(slots.imaComp(1).Picture().isNull());
+    EXPECT_TRUE(slots.imaComp(2).Picture().isNull());
+    EXPECT_EQ(table.ErrGetPict(slots.imaComp(3)), u"C:\\JPG\\B2.jpg"_s);
+    EXPECT_FALSE(slots.imaComp(3).Picture().isNull());
+}
+
 TEST_F(SlotPhotos, AListThatBreaksOffIsReported)
 {
     addr.txtKelimages.SetText(u"CMP_1_3X5|C:\\JPG\\A1.jpg;CMP_2_3X5|C:\\JP"_s);

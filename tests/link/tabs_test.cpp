@@ -122,6 +122,28 @@ TEST_F(Tabs, TheThirdAlternatesKeyClaimsOnlyAPageLeftUnused)
     EXPECT_EQ(report.TabComp.TabCaption(4), u"N/A"_s);
 }
 
+TEST_F(Tabs, TheFourthAlternatesKeyClaimsTheSecondPage)
+{
+    ini = {{u"DESCRIPTIONS/ALTPH2"_s, u"Two"_s}, {u"DESCRIPTIONS/ALTPH4"_s, u"Four"_s}};
+    TestOtherTabs(desk, u"UA5,ALTPH4"_s, false);
+    EXPECT_EQ(Captions(report.TabComp),
+              (QStringList{u"N/A"_s, u"N/A"_s, u"N/A"_s, u"N/A"_s, u"A 10 - 12"_s}));
+    EXPECT_EQ(report.lblAltComp(1).Caption(), u"Alt Comparables 4 - 6"_s);
+    EXPECT_FALSE(report.txtAltComp(3).Enabled());
+    EXPECT_TRUE(report.txtAltComp(4).Enabled());
+    TestOtherTabs(desk, u"UA5,ALTPH2,ALTPH4"_s, false);
+    EXPECT_EQ(report.TabComp.TabCaption(4), u"A 4 - 6"_s) << "the second key comes first";
+}
+
+TEST_F(Tabs, FormAuc3IsNoException)
+{
+    ini = {{u"3X5_PHOTO_PAGES/COMPARABLES_2"_s, u"COMP2"_s}, {u"3X5_PHOTO_PAGES/LISTINGS_1"_s, u"LIST1"_s}};
+    TestOtherTabs(desk, u"AUC3,COMP2,LIST1"_s, false);
+    EXPECT_EQ(report.TabListing.TabCaption(0), u"1 - 3"_s);
+    EXPECT_TRUE(report.txtComp(5).Enabled());
+    EXPECT_TRUE(slots.imaComp(5).Visible());
+}
+
 TEST_F(Tabs, AnAvailablePageEnablesItsTabControl)
 {
     report.TabRental.SetEnabled(false);

@@ -85,6 +85,30 @@ TEST_F(Transfer, ARecordThatIsThereIsReplacedAfterAQuestion)
     EXPECT_NE(Value(u"12 OAK ST"_s, u"LOADDATE"_s), u"01/05/2001"_s);
 }
 
+TEST_F(Transfer, ABlankAtTheEndIsNoOtherAddress)
+{
+    AddComp(u"12 Oak St"_s, {{u"GLA"_s, u"900"_s}});
+    Slot(report.txtComp, 1, u"12 Oak St "_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    EXPECT_EQ(TransferComps(desk, false, 1, What::Data).replaced, 1);
+    EXPECT_EQ(Keys(), QStringList(u"12 OAK ST"_s));
+}
+
+TEST_F(Transfer, RunsUnderTheHourglassAndKeepsTheProgramInFront)
+{
+    Slot(report.txtComp, 1, u"1 A"_s);
+    Slot(report.txtComp, 2, u"2 A"_s);
+    bool waiting = true;
+    conduit.before = [this, &waiting](const QString& entry) {
+        if (entry.startsWith(u"item SALE"_s))
+            waiting = waiting && doubles.window.hourglass;
+    };
+    EXPECT_EQ(TransferComps(desk, true, 0, What::Data).added, 2);
+    EXPECT_TRUE(waiting);
+    EXPECT_FALSE(doubles.window.hourglass);
+    EXPECT_EQ(doubles.window.activations, 1 + 2 * 2) << "at first, and about each comp that is read";
+}
+
 TEST_F(Transfer, NoKeepsTheRecordAndReadsNothing)
 {
     AddComp(u"12 Oak St"_s, {{u"GLA"_s, u"900"_s}});
