@@ -62,7 +62,7 @@ RecordResult CheckAddress(const store::DataSource& databook, const QString& addr
         size = std::min(size, recordset.Fields().at(field).size);
     if (key.size() > size)
         return Failed(RecordOutcome::TooLong,
-                      kAddressTooLong.arg(text::Trim(address)).arg(key.size()).arg(size));
+                      kAddressTooLong.arg(text::Trim(address), text::Dec(key.size()), text::Dec(size)));
     return {};
 }
 

@@ -102,7 +102,7 @@ public:
     {
         if (m_count > 0)
             throw RuntimeError(error::kLinkBusy,
-                               m_count == 1 ? m_first : messages::kMoreRefused.arg(m_first).arg(m_count - 1));
+                               m_count == 1 ? m_first : messages::kMoreRefused.arg(m_first, text::Dec(m_count - 1)));
     }
 
 private:

@@ -131,7 +131,7 @@ void CheckLength(const LinkDesk& desk, const QString& key)
     const int size = record.Fields().at(record.FieldIndex(u"CENTRALKEY"_s)).size;
     if (key.size() > size)
         throw RuntimeError(error::kFieldTooLong,
-                           databook::kAddressTooLong.arg(key).arg(key.size()).arg(size));
+                           databook::kAddressTooLong.arg(key, text::Dec(key.size()), text::Dec(size)));
 }
 
 } // namespace

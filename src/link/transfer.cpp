@@ -58,7 +58,7 @@ public:
         int place = 0;
         for (const TransferJob& job : jobs) {
             const QString name = text::Trim(job.label->Text());
-            if (!progress.Step(messages::kTransferring.arg(name).arg(++place).arg(jobs.size())) ||
+            if (!progress.Step(messages::kTransferring.arg(name, text::Dec(++place), text::Dec(jobs.size()))) ||
                 !m_desk.sources.datDatabook.Bound()) {
                 m_tally.stopped = true;
                 break;

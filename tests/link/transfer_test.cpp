@@ -310,6 +310,22 @@ TEST_F(Transfer, TheGaugeTellsTheStepAndItsButtonStops)
     EXPECT_EQ(status.lblmsg.Caption(), u"1 record was added, the rest was left alone."_s);
 }
 
+TEST_F(Transfer, AnAddressIsTakenAsItStandsInWhatIsSaid)
+{
+    Slot(report.txtComp, 1, u"1%2 A%3"_s);
+    QStringList captions;
+    const auto connection = QObject::connect(&status.gauProgress, &forms::Control::Changed,
+                                             [&] { captions << status.gauProgress.Caption(); });
+    EXPECT_EQ(TransferComps(desk, true, 0, What::Data).added, 1);
+    QObject::disconnect(connection);
+    EXPECT_TRUE(captions.contains(u"Transferring 1%2 A%3 (1 of 1)"_s)) << captions.join(u'|').toStdString();
+    Slot(report.txtComp, 1, u"%2 "_s + QString(40, u'X'));
+    EXPECT_EQ(TransferComps(desk, true, 0, What::Data).failed, 1);
+    EXPECT_TRUE(doubles.prompter.Last().text.contains(u"%2 XXXX"_s));
+    EXPECT_TRUE(
+        doubles.prompter.Last().text.contains(u"has 43 characters; the Databook holds at most 35."_s));
+}
+
 TEST_F(Transfer, ASecondTransferAndARefreshWithinOneDoNothing)
 {
     Slot(report.txtComp, 1, u"1 A"_s);
