@@ -201,20 +201,20 @@ struct Bench
              });
         const QStringList columns = TextColumns();
         const QStringList bases = transfer ? QStringList{u"1"_s, u"4"_s, u"7"_s} : QStringList{u"4"_s};
-        Fill(u"C:\\Comp2Kel.mdb"_s, u"Comp2Kel"_s, fields * static_cast<int>(bases.size()),
-             [&](engine::Recordset& rows, int i) {
-                 const int field = i % fields;
-                 rows.SetValue(u"FORMTYPE"_s, u"UA5"_s);
-                 rows.SetValue(u"FORMNAME"_s, u"UA5"_s);
-                 rows.SetValue(u"FIELDNAME"_s, transfer         ? columns[field % columns.size()]
-                                               : field % 2 == 0 ? u"ADDRESS"_s
-                                                                : u"GLA"_s);
-                 rows.SetValue(u"ROW"_s, QString::number(field + 1));
-                 rows.SetValue(u"CELL"_s, u"3"_s);
-                 rows.SetValue(u"COMPTYPE"_s, u"SALE"_s);
-                 rows.SetValue(u"COMP"_s, bases[i / fields]);
-                 rows.SetValue(u"OFFSET"_s, u"2"_s);
-             });
+        const int ours = fields * static_cast<int>(bases.size());
+        Fill(u"C:\\Comp2Kel.mdb"_s, u"Comp2Kel"_s, ours + kOtherRows, [&](engine::Recordset& rows, int i) {
+            const int field = i % fields;
+            rows.SetValue(u"FORMTYPE"_s, i < ours ? u"UA5"_s : u"F%1"_s.arg(i % kOtherForms));
+            rows.SetValue(u"FORMNAME"_s, u"UA5"_s);
+            rows.SetValue(u"FIELDNAME"_s, transfer         ? columns[field % columns.size()]
+                                          : field % 2 == 0 ? u"ADDRESS"_s
+                                                           : u"GLA"_s);
+            rows.SetValue(u"ROW"_s, QString::number(field + 1));
+            rows.SetValue(u"CELL"_s, u"3"_s);
+            rows.SetValue(u"COMPTYPE"_s, u"SALE"_s);
+            rows.SetValue(u"COMP"_s, bases[i / fields % bases.size()]);
+            rows.SetValue(u"OFFSET"_s, u"2"_s);
+        });
         store::Connect2Databook(ports, sources, u"C:\\DATABOOK.MDB"_s, u"COMPS"_s);
         store::Connect2mdb(ports, sources.datComp2Kel_CURRENT, u"C:\\Comp2Kel.mdb"_s, u"Comp2Kel"_s,
                            engine::RecordsetType::Dynaset);
@@ -288,6 +288,9 @@ struct Bench
     }
 
     static constexpr int kTransferred = 9;
+    // A mapping has the rows of every form there is.
+    static constexpr int kOtherForms = 65;
+    static constexpr int kOtherRows = 20'000;
 
     files::Disk disk;
     engine::Engine engine{disk};
@@ -447,19 +450,40 @@ int main(int argc, char** argv)
     cells.connectToServer(cellPath);
     if (!cells.waitForConnected(5000))
         return 1;
-    Best transfer, parts;
-    for (int round = 0; round < rounds; ++round) {
-        transfer.Round(linkServer, [&] { back.Transfer(); });
-        parts.Round(cellServer, [&] {
-            RoundTrips(cells, questions);
-            back.UpdateRecords(columns);
-        });
+    // Fifteen milliseconds are long enough for others to come between, so the processor time decides.
+    double backRatio = 0;
+    const auto compareBack = [&](const char* place) {
+        Best transfer, parts;
+        for (int round = 0; round < rounds; ++round) {
+            transfer.Round(linkServer, [&] { back.Transfer(); });
+            parts.Round(cellServer, [&] {
+                RoundTrips(cells, questions);
+                back.UpdateRecords(columns);
+            });
+        }
+        const double measured = transfer.processor / parts.processor;
+        std::printf("TransferComps of 9 comps, %s %8.3f ms  %8.3f ms processor time of both ends\n", place,
+                    transfer.wall * 1e3, transfer.processor * 1e3);
+        std::printf("bare requests and updates                %8.3f ms  %8.3f ms\n", parts.wall * 1e3,
+                    parts.processor * 1e3);
+        std::printf("ratio                                    %8.2f     %8.2f  (at most 1.50)  %s\n",
+                    transfer.wall / parts.wall, measured, measured <= 1.5 ? "ok" : "TOO SLOW");
+        backRatio = std::max(backRatio, measured);
+    };
+    if (!processors.empty()) {
+        const auto place = [&](int here, int there) {
+            Keep(0, {here});
+            Keep(linkServer.Process(), {there});
+            Keep(cellServer.Process(), {there});
+        };
+        place(processors.front(), processors.front());
+        compareBack("one processor ");
+        if (processors.size() > 1) {
+            place(processors.front(), processors.back());
+            compareBack("two processors");
+        }
+    } else {
+        compareBack("anywhere      ");
     }
-    const double backRatio = transfer.wall / parts.wall;
-    std::printf("TransferComps of 9 comps   %8.3f ms  %8.3f ms processor time of both ends\n",
-                transfer.wall * 1e3, transfer.processor * 1e3);
-    std::printf("bare requests and updates  %8.3f ms  %8.3f ms\n", parts.wall * 1e3, parts.processor * 1e3);
-    std::printf("ratio                      %8.2f     %8.2f     (at most 1.50)  %s\n", backRatio,
-                transfer.processor / parts.processor, backRatio <= 1.5 ? "ok" : "TOO SLOW");
     return ratio <= 1.5 && backRatio <= 1.5 ? 0 : 1;
 }
