@@ -367,7 +367,16 @@ QList<engine::TableDef> CommentTables()
 
 const engine::TableDef& MappingTable()
 {
-    static const engine::TableDef table = PlainTable("Comp2Kel", kMapping);
+    static const engine::TableDef table = [] {
+        engine::TableDef mapping = PlainTable("Comp2Kel", kMapping);
+        // Every send and every reading asks for one page of one form among the thousands of rows of all
+        // forms.
+        mapping.indexes = {{QStringLiteral("Page"),
+                            {QStringLiteral("FORMTYPE"), QStringLiteral("COMPTYPE"), QStringLiteral("COMP")},
+                            false,
+                            false}};
+        return mapping;
+    }();
     return table;
 }
 

@@ -129,6 +129,10 @@ TEST(Schema, MappingAndAppraisalTables)
     EXPECT_EQ(store::MappingTable().name, u"Comp2Kel"_s);
     EXPECT_EQ(names(store::MappingTable()),
               u"FORMTYPE FORMNAME FIELDNAME ROW CELL COMPTYPE COMP OFFSET PREEVAL TRUEFALSE"_s);
+    ASSERT_EQ(store::MappingTable().indexes.size(), 1)
+        << "a page of a form is found without reading all forms";
+    EXPECT_EQ(store::MappingTable().indexes[0].fields.join(u' '), u"FORMTYPE COMPTYPE COMP"_s);
+    EXPECT_FALSE(store::MappingTable().indexes[0].unique) << "a page has many rows";
     EXPECT_EQ(store::AppraisalTable().name, u"appraisal"_s);
     EXPECT_EQ(names(store::AppraisalTable()),
               u"ID NAME ADDRESS ADDRESS2 CITY ST ZIP COUNTY HYPERLINK Information"_s);
