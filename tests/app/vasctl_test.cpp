@@ -598,6 +598,30 @@ TEST_F(Vasctl, WrongCommandLinesAreToldWithTheirCode)
         EXPECT_EQ(ended.code, kUsage) << line.join(u' ').toStdString();
         EXPECT_FALSE(ended.err.isEmpty());
     }
+    const QStringList strange[] = {
+        {u"records"_s, u"add"_s, u"1 Odd Rd"_s, u"--city"_s, u"Marlow"_s},
+        {u"records"_s, u"list"_s, u"--price"_s, u"5"_s},
+        {u"records"_s, u"show"_s, u"x"_s, u"--set"_s, u"CITY=x"_s},
+        {u"records"_s, u"edit"_s, u"x"_s, u"--set"_s, u"CITY=x"_s, u"--type"_s, u"C"_s},
+        {u"records"_s, u"delete"_s, u"x"_s, u"--where"_s, u"1=1"_s},
+        {u"search"_s, u"--where"_s, u"CITY='x'"_s},
+        {u"search"_s, u"--type"_s, u"F"_s},
+        {u"find"_s, u"oak"_s, u"--sort"_s, u"GLA"_s},
+        {u"cities"_s, u"list"_s, u"--city"_s, u"x"_s},
+        {u"trash"_s, u"list"_s, u"--before"_s, u"1/2/2004"_s},
+        {u"photos"_s, u"verify"_s, u"--limit"_s, u"5"_s},
+        {u"layouts"_s, u"list"_s, u"--limit"_s, u"1"_s},
+        {u"settings"_s, u"list"_s, u"--sort"_s, u"key"_s},
+        {u"comments"_s, u"list"_s, u"SITE"_s, u"--limit"_s, u"1"_s},
+        {u"doctor"_s, u"--data"_s},
+    };
+    for (const QStringList& line : strange) {
+        const auto ended = home.Vasctl(QStringList{u"--plain"_s} + line);
+        EXPECT_EQ(ended.code, kUsage) << line.join(u' ').toStdString();
+        EXPECT_TRUE(ended.err.contains("means nothing to 'vasctl " + line[0].toUtf8()))
+            << ended.err.toStdString();
+    }
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"find"_s, u"1 Odd Rd"_s}).code, kNotFound);
     const auto help = home.Vasctl({u"--plain"_s, u"--help"_s});
     EXPECT_EQ(help.code, kDone);
     for (const char* word : {"records list", "search", "find TEXT", "--price-from", "--land-size-range",
@@ -618,7 +642,8 @@ TEST_F(Vasctl, TheGuideNamesCommandsAndOptionsThatAreThere)
         const auto example = found.next();
         ++commands;
         const QString command = example.captured(1);
-        EXPECT_TRUE(help.contains(u"\n  "_s + command) || help.contains(u", "_s + command)) << command.toStdString();
+        EXPECT_TRUE(help.contains(u"\n  "_s + command) || help.contains(u", "_s + command))
+            << command.toStdString();
         static const QRegularExpression kOption(u"--[a-z-]+"_s);
         for (auto option = kOption.globalMatch(example.captured(2)); option.hasNext();) {
             const QString name = option.next().captured();

@@ -1,3 +1,4 @@
+#include "app/vasctl/command_options.h"
 #include "app/vasctl/session.h"
 
 #include "common/error_block.h"
@@ -192,6 +193,12 @@ int main(int argc, char* argv[])
     }
     if (options.isSet(u"yes"_s) && options.isSet(u"no"_s)) {
         out.Error(u"--yes and --no exclude each other."_s);
+        return kUsage;
+    }
+    const QString strange = StrangeOption(options.positionalArguments(), options.optionNames());
+    if (!strange.isEmpty()) {
+        out.Error(u"--%1 means nothing to 'vasctl %2'; 'vasctl --help' tells its options."_s.arg(
+            strange, options.positionalArguments().mid(0, 2).join(u' ')));
         return kUsage;
     }
     const Standing standing = options.isSet(u"yes"_s)  ? Standing::Yes

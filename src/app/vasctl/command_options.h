@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QStringList>
+
+namespace vasclip::vasctl {
+
+/// Of the options that were given, the first that means nothing to the command; "" if all of them do. Left
+/// unsaid, somebody would think that it was heeded.
+/// @param command  the words of the command line without its options
+[[nodiscard]] QString StrangeOption(const QStringList& command, const QStringList& given);
+
+} // namespace vasclip::vasctl
