@@ -115,9 +115,11 @@ void frm_Double::Form_Load()
     const RoutineScope scope{"frm_Double"};
     for (const QString& name : {u"tempOrig.jpg"_s, u"tempOrig.bmp"_s, u"temptemp.jpg"_s})
         DeleteQuietly(Working(name));
-    m_extension = common::FileExtension(m_source);
-    const qsizetype dot = m_source.indexOf(u'.');
-    m_target = (dot < 0 ? m_source : m_source.left(dot)) + u".jpg"_s;
+    // The last dot of the name: one in a directory's name is no extension, and the file stays beside itself.
+    const qsizetype dot = m_source.lastIndexOf(u'.');
+    const bool extended = dot > m_source.lastIndexOf(u'\\');
+    m_extension = extended ? m_source.mid(dot + 1).toUpper() : QString();
+    m_target = (extended ? m_source.left(dot) : m_source) + u".jpg"_s;
     m_desk.loader.ErrLoadPict(bmpDouble, m_source);
     const bool loaded = !bmpDouble.Picture().isNull();
     if (loaded) {

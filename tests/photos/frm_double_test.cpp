@@ -195,6 +195,22 @@ TEST_F(FrmDouble, AnotherPictureOfTheNewNameIsNotLost)
     EXPECT_TRUE(home.disk.FileExists(bmp));
 }
 
+TEST_F(FrmDouble, ADotInADirectoryIsNoExtension)
+{
+    home.MakeDirs(u"C:\\DCIM\\100.CAM"_s);
+    const QString path = u"C:\\DCIM\\100.CAM\\PORCH.1.JPG"_s;
+    home.disk.FileCopy(jpg, path);
+    const auto screen = Opened(path);
+    screen->hsbquality.SetValue(10);
+    screen->cmdCompress_Click();
+    EXPECT_FALSE(screen->RefreshThumbs());
+    EXPECT_EQ(home.disk.Dir(u"C:\\DCIM\\100.CAM\\*"_s), QStringList{u"PORCH.1.JPG"_s});
+    EXPECT_EQ(home.disk.Dir(u"C:\\DCIM\\*"_s), QStringList());
+    EXPECT_LT(home.disk.FileLen(path), original.size());
+    screen->cmdCancel_Click();
+    EXPECT_EQ(home.disk.ReadWhole(path), original);
+}
+
 TEST_F(FrmDouble, AMissingOriginalIsTold)
 {
     const auto screen = Opened(jpg);
