@@ -34,8 +34,8 @@ RecordDesk::RecordDesk(forms::ControlSet& set)
     cmdDelete.SetCaption(QStringLiteral("De&lete"));
     cmdRename.SetCaption(QStringLiteral("Re&name"));
     cmdEdit.SetCaption(QStringLiteral("&Edit"));
-    cmdSearch.SetCaption(QStringLiteral("Searc&h"));
-    cmdAddManual.SetCaption(QStringLiteral("Add &Manually"));
+    cmdSearch.SetCaption(QStringLiteral("Search"));
+    cmdAddManual.SetCaption(QStringLiteral("Add Man&ually"));
     txtcentralkey.SetToolTipText(
         QStringLiteral("Address of a comp (Ins in the grid). Enter adds it, or edits one "
                        "that is there"));
