@@ -35,6 +35,8 @@ public:
     {
         return m_main.NativeFileOf(source);
     }
+    [[nodiscard]] QImage ImageOf(const forms::Control& source) const override { return m_main.ImageOf(source); }
+    [[nodiscard]] QImage DragIcon() const override { return m_main.DragPicture(); }
     [[nodiscard]] bool AcceptsFiles(const forms::Control& target) const override
     {
         return m_main.Accepts(drops::kFiles, target);
@@ -45,8 +47,7 @@ public:
         for (const QString& file : files)
             if (const auto path = m_main.Base().disk.ToDrivePath(file); path && QFileInfo(file).isFile())
                 paths.append(*path);
-        if (!paths.isEmpty())
-            m_main.DropFiles(paths, target);
+        m_main.DropFiles(paths, target);
     }
     forms::Menu* MenuOver(const forms::Control& control) override { return m_main.MenuOver(control); }
 

@@ -16,6 +16,9 @@ struct Drag
     QStringList files = {}; ///< drive paths, when they come from another program
 };
 
+/// Of a drag: HandPict.Ico or DropPict.Ico of the program directory.
+enum class DragIcon { Hand, Drop };
+
 /// What is being dragged, written when a drag starts and kept until the next one.
 struct DragState
 {
@@ -23,6 +26,7 @@ struct DragState
     QString DraggedPicture; ///< full path, or empty
     qint16 DragIndex = -1;
     qint16 DragShift = 0;   ///< state of the shift keys at the press
+    drops::DragIcon DragIcon = drops::DragIcon::Hand;
 };
 
 /// What a drop came to.

@@ -166,6 +166,8 @@ constexpr auto kPlacePhoto = "Drop here to place the photo into the appraisal"_L
 constexpr auto kPasteBoth = "Drop here to place both the photo and the comp data into the appraisal"_L1;
 constexpr auto kAddPhoto = "Drop here to add a photo to the currently highlighted data entry"_L1;
 
+// The first and the third have always stood on each other's target: a text slot takes the photo too, a data
+// box the data alone. The tool tips of both say it as it is.
 constexpr std::array kHints{
     HintRow{kGrid, "TXTCOMP"_L1, kPasteData},
     HintRow{kGrid, "TXTALTCOMP"_L1, kPasteData},

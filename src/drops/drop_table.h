@@ -1,5 +1,7 @@
 #pragma once
 
+#include "drops/drag.h"
+
 #include <QLatin1StringView>
 #include <QString>
 
@@ -54,7 +56,6 @@ inline constexpr QLatin1StringView kFiles{"FILES"};
 /// What `DragSource` is for a drag that starts on a control.
 [[nodiscard]] QString KindOfSource(const QString& name);
 
-enum class DragIcon { Hand, Drop };
 /// The icon of a drag after it has come over a control, or has left it.
 [[nodiscard]] DragIcon IconOver(const QString& source, const QString& target, bool entering, DragIcon now);
 

@@ -149,6 +149,8 @@ Outcome ShowInSubject(DropDesk& desk, const QString& picture)
     for (int i = 1; i <= 3; ++i) {
         forms::PictureBox& box = desk.link.slots.imaSubject(i);
         loader.ErrLoadThumb(box, picture);
+        if (text::Folded(loader.Table().ErrGetPict(box)) != text::Folded(picture))
+            return {}; // which has been said, and would be said twice more
         loader.ErrLoadThumb(box, loader.Table().ErrGetPict(box));
     }
     return {true, u"The picture is on show; it has not gone to the report."_s, forms::Colour::Blue, {}};

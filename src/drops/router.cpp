@@ -87,12 +87,30 @@ QString Router::KeyOf(const forms::Control& source) const
     return {};
 }
 
+void Router::SourceMouseDown()
+{
+    m_state.DragIcon = DragIcon::Hand;
+    m_overSource.clear();
+    m_overTarget.clear();
+}
+
+void Router::TargetDragOverKel(const QString& source, const QString& target)
+{
+    if (!m_overTarget.isEmpty())
+        m_state.DragIcon = IconOver(m_overSource, m_overTarget, false, m_state.DragIcon);
+    if (!target.isEmpty())
+        m_state.DragIcon = IconOver(source, target, true, m_state.DragIcon);
+    m_overSource = source;
+    m_overTarget = target;
+}
+
 Drag Router::Begin(const forms::Control& source, int shift)
 {
     const QString name = text::Folded(source.Name());
     m_state.DragSource = KindOfSource(name);
     if (name == "GEATHUMB"_L1)
         m_desk.capture.geathumb_MouseDown(source.Index());
+    SourceMouseDown();
     QString picture;
     if (name == "FILCAPTURE"_L1)
         picture = m_desk.capture.SelectedFile();
@@ -109,6 +127,7 @@ Drag Router::Begin(const forms::Control& source, int shift)
 Drag Router::BeginFiles(const QStringList& files)
 {
     m_state.DragSource = KindOfSource(kFiles);
+    SourceMouseDown();
     m_state.DraggedPicture = files.value(0);
     return {kFiles, -1, {}, files.value(0), files};
 }

@@ -19,6 +19,8 @@ public:
     /// Files of another program come in.
     Drag BeginFiles(const QStringList& files);
     [[nodiscard]] const DragState& State() const { return m_state; }
+    /// The drag has come over a control, which takes it off the one before; an empty target takes it off alone.
+    void TargetDragOverKel(const QString& source, const QString& target);
 
     /// Is there a rule for the pair, and is the target's slot in the report?
     [[nodiscard]] bool Accepts(const QString& source, const forms::Control& target) const;
@@ -27,6 +29,7 @@ public:
     Outcome Drop(const Drag& drag, forms::Control& target);
 
 private:
+    void SourceMouseDown();
     enum class Place { PhotoSlot, Subject, TextOrData, Elsewhere };
     [[nodiscard]] static Place PlaceOf(const QString& target);
     [[nodiscard]] bool Guards(const Drag& drag, const DropRule& rule, forms::Control& target);
@@ -35,6 +38,7 @@ private:
 
     DropDesk m_desk;
     DragState m_state;
+    QString m_overSource, m_overTarget; ///< what the drag hovers over
     bool m_busy = false;
 };
 

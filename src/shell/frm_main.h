@@ -136,8 +136,12 @@ public:
     drops::Drag BeginDrag(const forms::Control& source, int shift = 0);
     /// Files of another program end on a control. @param files  drive paths
     drops::Outcome DropFiles(const QStringList& files, forms::Control& target);
-    /// Native path of the file that a control shows, for other programs; "" without one.
+    /// The icon of the drag that lasts; null if the program directory has none.
+    [[nodiscard]] QImage DragPicture() const;
+    /// Native path of the picture file that a control shows, for other programs; "" without one.
     [[nodiscard]] QString NativeFileOf(const forms::Control& source) const;
+    /// Its pixels, upright. @throws RuntimeError 481 for a file that is no picture
+    [[nodiscard]] QImage ImageOf(const forms::Control& source) const;
     /// The menu that the right button opens over a control, its captions set; nullptr for none. What it leads
     /// to is done to that control.
     forms::Menu* MenuOver(const forms::Control& control);
@@ -169,6 +173,7 @@ private:
     // Slots, drags and their menus.
     void WireSlots();
     void MakeRouter();
+    [[nodiscard]] QString FileOf(const forms::Control& source) const;
     [[nodiscard]] drops::DropDesk Drops();
     drops::Outcome Told(drops::Outcome outcome);
     void SaveSlotNow(QLatin1StringView group, int index, drops::SlotPart part);

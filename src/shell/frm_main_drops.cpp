@@ -2,8 +2,10 @@
 
 #include "common/error_block.h"
 #include "drops/router.h"
+#include "drops/slot_menus.h"
 #include "link/transfer.h"
 #include "photos/capture_desk.h"
+#include "platform/picture/picture.h"
 #include "platform/text/text.h"
 #include "shell/frm_main.h"
 
@@ -94,6 +96,8 @@ drops::Outcome frm_Main::Drop(const drops::Drag& drag, forms::Control& target)
 
 drops::Outcome frm_Main::DropFiles(const QStringList& files, forms::Control& target)
 {
+    if (files.isEmpty())
+        return Told({false, u"Only picture files can be dropped here, no folders."_s, forms::Colour::Red, {}});
     status.lblmsg.Show({}, forms::Colour::Normal);
     return Told(m_router->Drop(m_router->BeginFiles(files), target));
 }
@@ -116,17 +120,39 @@ drops::Outcome frm_Main::Told(drops::Outcome outcome)
 
 void frm_Main::DragOver(const QString& sourceName, const QString& targetName)
 {
+    m_router->TargetDragOverKel(sourceName, targetName);
     status.lblmsg.Show(drops::HintFor(sourceName, targetName), forms::Colour::Normal);
+}
+
+QImage frm_Main::DragPicture() const
+{
+    const bool drop = m_router->State().DragIcon == drops::DragIcon::Drop;
+    const QString path = globals.G_ProgramDir + (drop ? u"DropPict.Ico"_s : u"HandPict.Ico"_s);
+    return m_base.disk.FileExists(path) ? QImage(m_base.disk.ToNative(path)) : QImage();
+}
+
+QString frm_Main::FileOf(const forms::Control& source) const
+{
+    const QString name = text::Folded(source.Name());
+    // What a data box shows is a lamp of the program, no picture.
+    const bool lamp = name.startsWith(u"GEA"_s) && !drops::GroupOf(name).isEmpty();
+    if (lamp || !m_router->CanStart(source))
+        return {};
+    const QString path = name == u"FILCAPTURE"_s ? m_capture->SelectedFile()
+                                                 : text::Trim(m_slotTable.ErrGetPict(source));
+    return m_base.disk.FileExists(path) ? path : QString();
 }
 
 QString frm_Main::NativeFileOf(const forms::Control& source) const
 {
-    if (!m_router->CanStart(source))
-        return {};
-    const QString path = text::Folded(source.Name()) == u"FILCAPTURE"_s
-                             ? m_capture->SelectedFile()
-                             : text::Trim(m_slotTable.ErrGetPict(source));
-    return path.isEmpty() || !m_base.disk.FileExists(path) ? QString() : m_base.disk.ToNative(path);
+    const QString path = FileOf(source);
+    return path.isEmpty() ? QString() : m_base.disk.ToNative(path);
+}
+
+QImage frm_Main::ImageOf(const forms::Control& source) const
+{
+    const QString path = FileOf(source);
+    return path.isEmpty() ? QImage() : picture::Load(m_base.disk, path);
 }
 
 } // namespace vasclip::shell

@@ -285,4 +285,12 @@ forms::Control* Binder::ControlOf(const QObject* widget) const
     return m_watched.value(widget);
 }
 
+forms::Control* Binder::ControlAt(const QWidget* widget) const
+{
+    forms::Control* control = ControlOf(widget);
+    if (control == nullptr && widget != nullptr && qobject_cast<const QComboBox*>(widget->parentWidget()) != nullptr)
+        control = ControlOf(widget->parentWidget());
+    return control;
+}
+
 } // namespace vasclip::windows

@@ -52,6 +52,8 @@ public:
     [[nodiscard]] QWidget* WidgetOf(const forms::Control& control) const; ///< nullptr if it is not bound
     [[nodiscard]] forms::Control*
     ControlOf(const QObject* widget) const; ///< nullptr for a widget of no control
+    /// The same for a widget that may be the field of a combo box.
+    [[nodiscard]] forms::Control* ControlAt(const QWidget* widget) const;
     [[nodiscard]] forms::ControlSet& Controls() const { return m_controls; }
     [[nodiscard]] EventGuard& Guard() const { return m_guard; }
 

@@ -8,11 +8,13 @@
 #include <QAbstractItemView>
 #include <QAbstractScrollArea>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QDataStream>
 #include <QDrag>
 #include <QDropEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -22,6 +24,8 @@
 #include <QTimer>
 #include <QUrl>
 
+#include <functional>
+#include <memory>
 #include <utility>
 
 namespace vasclip::windows {
@@ -37,6 +41,26 @@ void Mark(QWidget& widget, const char* property, bool on)
     widget.style()->polish(&widget);
     widget.update();
 }
+
+/// A picture for other programs: its file, and its pixels once one asks for them.
+class PictureData : public QMimeData
+{
+public:
+    explicit PictureData(std::function<QImage()> image)
+        : m_image(std::move(image))
+    {}
+    [[nodiscard]] QStringList formats() const override { return QMimeData::formats() << kPixels; }
+
+protected:
+    [[nodiscard]] QVariant retrieveData(const QString& format, QMetaType type) const override
+    {
+        return format == kPixels ? QVariant(m_image()) : QMimeData::retrieveData(format, type);
+    }
+
+private:
+    static inline const QString kPixels = QStringLiteral("application/x-qt-image");
+    std::function<QImage()> m_image;
+};
 
 } // namespace
 
@@ -62,9 +86,13 @@ void DragDesk::Adopt(forms::Control& control, QWidget& widget)
     QWidget* taker = &widget;
     if (auto* area = qobject_cast<QAbstractScrollArea*>(&widget)) {
         taker = area->viewport();
+        area->installEventFilter(this); // the keys come to it
     } else if (auto* combo = qobject_cast<QComboBox*>(&widget)) {
-        if (combo->lineEdit() != nullptr)
-            combo->lineEdit()->setAcceptDrops(false); // its box takes the drop
+        if (QLineEdit* field = combo->lineEdit()) {
+            field->setAcceptDrops(false); // its box takes the drop
+            field->installEventFilter(this);
+            m_fields.insert(field, &control);
+        }
     } else if (qobject_cast<forms::TextBox*>(&control) == nullptr &&
                qobject_cast<forms::PictureBox*>(&control) == nullptr &&
                qobject_cast<forms::Label*>(&control) == nullptr &&
@@ -85,6 +113,53 @@ QMimeData* DragDesk::Payload(const forms::Control& source)
     auto* data = new QMimeData;
     data->setData(QLatin1StringView(kMimeType), bytes);
     return data;
+}
+
+QMimeData* DragDesk::DataOf(const forms::Control& source)
+{
+    QString file;
+    m_binder.Guard().Run([&] { file = m_port.FileOf(source); });
+    if (file.isEmpty())
+        return Payload(source);
+    auto* data = new PictureData([this, control = QPointer<const forms::Control>(&source)] {
+        QImage image;
+        if (control != nullptr)
+            m_binder.Guard().Run([&] { image = m_port.ImageOf(*control); });
+        return image;
+    });
+    const std::unique_ptr<QMimeData> own(Payload(source));
+    data->setData(QLatin1StringView(kMimeType), own->data(QLatin1StringView(kMimeType)));
+    data->setUrls({QUrl::fromLocalFile(file)});
+    return data;
+}
+
+bool DragDesk::CopyPicture(const forms::Control& source)
+{
+    QString file;
+    QImage image;
+    m_binder.Guard().Run([&] {
+        file = m_port.FileOf(source);
+        if (!file.isEmpty())
+            image = m_port.ImageOf(source);
+    });
+    if (file.isEmpty())
+        return false;
+    auto* data = new QMimeData; // whole, since the control may show another picture when it is asked for
+    data->setUrls({QUrl::fromLocalFile(file)});
+    if (!image.isNull())
+        data->setImageData(image);
+    QApplication::clipboard()->setMimeData(data);
+    return true;
+}
+
+bool DragDesk::PasteFiles(forms::Control& target)
+{
+    const QStringList files = FilesOf(QApplication::clipboard()->mimeData());
+    bool may = false;
+    m_binder.Guard().Run([&] { may = !files.isEmpty() && target.Enabled() && m_port.AcceptsFiles(target); });
+    if (may)
+        m_binder.Guard().Run([&] { m_port.DropFiles(files, target); });
+    return may;
 }
 
 /// The control that a drag began on; nullptr for a drag of another program.
@@ -132,26 +207,22 @@ void DragDesk::Start(forms::Control& source)
     bool may = false;
     m_binder.Guard().Run([&] { may = m_port.IsSource(source); });
     QWidget* widget = m_binder.WidgetOf(source);
-    if (!may || widget == nullptr || m_dragging)
+    if (!may || widget == nullptr || m_drag != nullptr)
         return;
     PutDown();
-    m_dragging = true;
     Begin(source);
     MarkWanted(source.Name());
     auto* drag = new QDrag(widget);
-    QMimeData* data = Payload(source);
-    m_binder.Guard().Run([&] {
-        if (const QString file = m_port.FileOf(source); !file.isEmpty())
-            data->setUrls({QUrl::fromLocalFile(file)});
-    });
-    drag->setMimeData(data);
+    m_drag = drag;
+    drag->setMimeData(DataOf(source));
     drag->setPixmap(CardPixmap(widget->devicePixelRatioF(), source));
     drag->setHotSpot(QPoint(12, 12));
+    ShowDragIcon();
     drag->exec(Qt::CopyAction);
-    m_dragging = false;
+    m_drag = nullptr; // the toolkit deletes it later
     MarkWanted(QString());
     Hover(nullptr);
-    m_binder.Guard().Run([&] { m_port.DragOver(source.Name(), QString()); });
+    TellOver(source.Name(), QString());
     TakePending();
 }
 
@@ -185,7 +256,7 @@ void DragDesk::PutDown()
     const QString source = m_held->Name();
     m_held = nullptr;
     MarkWanted(QString());
-    m_binder.Guard().Run([&] { m_port.DragOver(source, QString()); });
+    TellOver(source, QString());
     Q_EMIT HeldChanged();
 }
 
@@ -194,8 +265,24 @@ void DragDesk::FocusMoved(QWidget* now)
 {
     if (m_held == nullptr || now == nullptr)
         return;
-    const forms::Control* target = m_binder.ControlOf(now);
-    m_binder.Guard().Run([&] { m_port.DragOver(m_held->Name(), target != nullptr ? target->Name() : QString()); });
+    const forms::Control* target = m_binder.ControlAt(now);
+    TellOver(m_held->Name(), target != nullptr ? target->Name() : QString());
+}
+
+/// The hint follows the drag, and so does its icon.
+void DragDesk::TellOver(const QString& source, const QString& target)
+{
+    m_binder.Guard().Run([&] { m_port.DragOver(source, target); });
+    ShowDragIcon();
+}
+
+void DragDesk::ShowDragIcon()
+{
+    if (m_drag == nullptr)
+        return;
+    QImage icon;
+    m_binder.Guard().Run([&] { icon = m_port.DragIcon(); });
+    m_drag->setDragCursor(QPixmap::fromImage(icon), Qt::CopyAction);
 }
 
 void DragDesk::Drop(forms::Control& source, forms::Control& target)
@@ -229,10 +316,12 @@ bool DragDesk::eventFilter(QObject* watched, QEvent* event)
         if (m_hover != widget)
             return false;
         Hover(nullptr);
-        m_binder.Guard().Run([&] { m_port.DragOver(QString(), QString()); });
+        TellOver(QString(), QString());
         return true;
     case QEvent::Drop:
         return HandleDrop(*widget, *static_cast<QDropEvent*>(event));
+    case QEvent::KeyPress:
+        return HandleKey(*widget, *static_cast<QKeyEvent*>(event));
     case QEvent::MouseButtonPress:
     case QEvent::MouseMove:
     case QEvent::MouseButtonRelease:
@@ -255,7 +344,7 @@ bool DragDesk::HandleDrop(QWidget& widget, QDropEvent& event)
     m_pendingSource = source;
     m_pendingTarget = target;
     m_pendingFiles = files;
-    if (!m_dragging) // a drag of our own takes it when its loop is over
+    if (m_drag == nullptr) // a drag of our own takes it when its loop is over
         QTimer::singleShot(0, this, &DragDesk::TakePending);
     return true;
 }
@@ -264,9 +353,9 @@ bool DragDesk::HandleDrop(QWidget& widget, QDropEvent& event)
 bool DragDesk::HandlePull(QWidget& widget, const QEvent& event)
 {
     const auto& mouse = static_cast<const QMouseEvent&>(event);
-    forms::Control* control = m_targets.value(&widget);
+    forms::Control* control = m_fields.value(&widget, m_targets.value(&widget));
     if (event.type() == QEvent::MouseButtonPress) {
-        const bool field = qobject_cast<forms::TextBox*>(control) != nullptr && !widget.hasFocus();
+        const bool field = qobject_cast<QLineEdit*>(&widget) != nullptr && control != nullptr && !widget.hasFocus();
         const bool list = qobject_cast<forms::ListBox*>(control) != nullptr &&
                           qobject_cast<QAbstractItemView*>(widget.parentWidget()) != nullptr;
         m_pulled = mouse.button() == Qt::LeftButton && (field || list) ? &widget : nullptr;
@@ -292,6 +381,17 @@ bool DragDesk::HandlePull(QWidget& widget, const QEvent& event)
     return true;
 }
 
+/// A picture goes to the clipboard and files come from it. A field keeps these keys for its text.
+bool DragDesk::HandleKey(QWidget& widget, QKeyEvent& press)
+{
+    forms::Control* control = m_binder.ControlOf(&widget);
+    if (control == nullptr || qobject_cast<forms::TextBox*>(control) != nullptr ||
+        qobject_cast<forms::ComboBox*>(control) != nullptr)
+        return false;
+    return (press.matches(QKeySequence::Copy) && CopyPicture(*control)) ||
+           (press.matches(QKeySequence::Paste) && PasteFiles(*control));
+}
+
 /// @return true if the event is one of ours and answered
 bool DragDesk::HandleEnter(QWidget& widget, QDropEvent& event)
 {
@@ -305,10 +405,10 @@ bool DragDesk::HandleEnter(QWidget& widget, QDropEvent& event)
     m_binder.Guard().Run([&] {
         accepted = source != target && target->Enabled() &&
                    (files ? m_port.AcceptsFiles(*target) : m_port.Accepts(name, *target));
-        if (accepted && m_hover != &widget)
-            m_port.DragOver(name, target->Name());
     });
     if (accepted) {
+        if (m_hover != &widget)
+            TellOver(name, target->Name());
         Hover(&widget);
         event.setDropAction(Qt::CopyAction);
         event.accept();

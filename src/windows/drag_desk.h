@@ -10,7 +10,9 @@
 #include <QString>
 #include <QStringList>
 
+class QDrag;
 class QDropEvent;
+class QKeyEvent;
 class QMimeData;
 class QWidget;
 
@@ -19,8 +21,9 @@ namespace vasclip::windows {
 class Binder;
 class DropPort;
 
-/// Drags between the controls of one window, and of files to and from other programs. It starts them, marks the targets that would take the drag while
-/// it lasts, and hands a finished one to the port once the toolkit's own drag loop is over.
+/// Drags between the controls of one window, and of files to and from other programs. It starts them, marks the
+/// targets that would take the drag while it lasts, and hands a finished one to the port once the toolkit's own
+/// drag loop is over. The keyboard picks up and drops; pictures and files go over the clipboard as well.
 class DragDesk : public QObject
 {
     Q_OBJECT
@@ -32,6 +35,12 @@ public:
 
     /// What a drag from this control carries: its name and index, and which program it is.
     [[nodiscard]] static QMimeData* Payload(const forms::Control& source);
+    /// The same with the picture that the control shows, for other programs: its file and its pixels.
+    [[nodiscard]] QMimeData* DataOf(const forms::Control& source);
+    /// Puts that picture on the clipboard. @return false if the control shows none
+    bool CopyPicture(const forms::Control& source);
+    /// Drops the files of the clipboard on a control. @return false without files, or if it takes none
+    bool PasteFiles(forms::Control& target);
     /// Starts a drag from a control, as the mouse does. Returns when it has ended.
     void Start(forms::Control& source);
     /// The drag of the keyboard: with nothing held it picks a control up, else it drops what is held on it.
@@ -63,6 +72,9 @@ private:
     void Hover(QWidget* widget);
     void MarkWanted(const QString& source);
     void TakePending();
+    void TellOver(const QString& source, const QString& target);
+    void ShowDragIcon();
+    bool HandleKey(QWidget& widget, QKeyEvent& press);
     [[nodiscard]] QPixmap CardPixmap(qreal ratio, const forms::Control& source) const;
     [[nodiscard]] QPixmap RecordCard(qreal ratio, const QString& title, const QString& line) const;
     [[nodiscard]] static QPixmap PictureCard(qreal ratio, const QImage& picture);
@@ -70,13 +82,14 @@ private:
     Binder& m_binder;
     DropPort& m_port;
     QHash<const QObject*, QPointer<forms::Control>> m_targets; ///< by the widget that takes the events
+    QHash<const QObject*, QPointer<forms::Control>> m_fields;  ///< of combo boxes: they are pulled at
     QPointer<QWidget> m_hover;
     QPointer<forms::Control> m_pendingSource, m_pendingTarget;
     QPointer<forms::Control> m_held;
     QStringList m_pendingFiles;
     QPointer<QWidget> m_pulled; ///< pressed, and a drag if the pointer goes far enough
     QPoint m_pulledAt;
-    bool m_dragging = false;
+    QPointer<QDrag> m_drag;    ///< of our own, while it lasts
     QString m_cardTitle, m_cardLine;
 };
 

@@ -31,13 +31,21 @@ public:
         Q_UNUSED(source)
         return {};
     }
+    /// The pixels of that file; asked for only when another program wants them.
+    [[nodiscard]] virtual QImage ImageOf(const forms::Control& source) const
+    {
+        Q_UNUSED(source)
+        return {};
+    }
+    /// The icon of the drag that lasts; null for the desktop's own.
+    [[nodiscard]] virtual QImage DragIcon() const { return {}; }
     /// Would files of another program do something on this control?
     [[nodiscard]] virtual bool AcceptsFiles(const forms::Control& target) const
     {
         Q_UNUSED(target)
         return false;
     }
-    /// They ended there. @param files  native paths
+    /// They ended there. @param files  native paths; empty if no file was among what came
     virtual void DropFiles(const QStringList& files, forms::Control& target)
     {
         Q_UNUSED(files)

@@ -115,7 +115,7 @@ void MainWindow::BuildHeader()
         line->addWidget(made);
         return made;
     };
-    button(QStringLiteral("imaKel"), "house", tr("Re&fresh report"),
+    button(QStringLiteral("imaKel"), "house", tr("Refresh re&port"),
            tr("Read the open report and fill the tabs from it"));
     auto* send = button(QStringLiteral("sendButton"), "send", tr("Send to sl&ot"),
                         tr("Drop the current record on a slot (Ctrl+Enter)"));
@@ -239,7 +239,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
 /// The control that has the focus, if a drag may begin on it.
 forms::Control* MainWindow::FocusSource() const
 {
-    forms::Control* control = m_binder.ControlOf(focusWidget());
+    forms::Control* control = m_binder.ControlAt(focusWidget());
     bool source = false;
     if (control != nullptr)
         m_binder.Guard().Run([&] { source = m_port.IsSource(*control); });
@@ -248,7 +248,7 @@ forms::Control* MainWindow::FocusSource() const
 
 void MainWindow::PickUpOrDrop()
 {
-    if (forms::Control* control = m_binder.ControlOf(focusWidget()))
+    if (forms::Control* control = m_binder.ControlAt(focusWidget()))
         m_drags.PickUpOrDrop(*control);
 }
 
@@ -271,6 +271,14 @@ void MainWindow::BuildViewMenu()
         add(tr("&Send to Slot..."), QKeySequence(Qt::CTRL | Qt::Key_Return), [this] { SendToSlot(); });
     send->setIcon(ThemedIcon(QStringLiteral("send")));
     QAction* pick = add(tr("Pick &Up"), QKeySequence(Qt::CTRL | Qt::Key_J), [this] { PickUpOrDrop(); });
+    const auto focused = [this](auto act) {
+        if (forms::Control* control = m_binder.ControlAt(focusWidget()))
+            act(*control);
+    };
+    add(tr("Cop&y Picture"), {},
+        [this, focused] { focused([this](forms::Control& control) { (void)m_drags.CopyPicture(control); }); });
+    add(tr("Past&e Files"), {},
+        [this, focused] { focused([this](forms::Control& control) { (void)m_drags.PasteFiles(control); }); });
     auto* putDown = new QShortcut(Qt::Key_Escape, this);
     putDown->setEnabled(false);
     connect(putDown, &QShortcut::activated, this, [this] { m_drags.PutDown(); });
@@ -371,6 +379,7 @@ void MainWindow::BuildRecordKeys()
         m_ui->txtcentralkey->selectAll();
     });
     grid->addAction(fresh);
+    key(tr("Search by field"), Qt::CTRL | Qt::SHIFT | Qt::Key_F, m_ui->cmdSearch);
     key(tr("Edit the record"), Qt::CTRL | Qt::Key_E, m_ui->cmdEdit);
     key(tr("Copy the record to another address"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, m_ui->cmdCopy);
     key(tr("Give the record another address"), Qt::CTRL | Qt::Key_R, m_ui->cmdRename);

@@ -12,6 +12,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace vasclip::windows {
 
 namespace {
@@ -23,6 +25,21 @@ QString TextOf(const forms::Control* control)
     if (const auto* combo = qobject_cast<const forms::ComboBox*>(control))
         return combo->Text().trimmed();
     return {};
+}
+
+/// A picture goes to the record on which the grid stands; what comes from a slot to the one that the slot names.
+QString OnGrid(const QString& source)
+{
+    if (source == QLatin1StringView("imaGeneral") || source == QLatin1StringView("cboGeneral"))
+        return SendToSlotDialog::tr("how general photos are saved");
+    const bool slot =
+        source == QLatin1StringView("txtSubject") ||
+        std::any_of(std::begin(kSlotGroups), std::end(kSlotGroups), [&](const SlotGroup& group) {
+            return source == QLatin1StringView(group.text) || source == QLatin1StringView(group.photo) ||
+                   source == QLatin1StringView(group.box);
+        });
+    return slot ? SendToSlotDialog::tr("into the record of the slot")
+                : SendToSlotDialog::tr("with the highlighted record");
 }
 
 } // namespace
@@ -60,7 +77,7 @@ QList<SlotChoice> SlotChoices(const forms::ControlSet& controls, const DropPort&
         forms::Control* target = controls.Find(QLatin1StringView(name));
         add(target, title, effect, TextOf(target));
     };
-    other("grddatabook", SendToSlotDialog::tr("Databook"), SendToSlotDialog::tr("with the highlighted record"));
+    other("grddatabook", SendToSlotDialog::tr("Databook"), OnGrid(source));
     other("txtcentralkey", SendToSlotDialog::tr("Databook"), SendToSlotDialog::tr("with the address in its box"));
     other("fraPics", SendToSlotDialog::tr("Capture directory"), SendToSlotDialog::tr("a copy goes there"));
     other("imaTrashcan", SendToSlotDialog::tr("Trashcan"), SendToSlotDialog::tr("out of the capture directory"));

@@ -60,6 +60,27 @@ TEST_F(PicturesTest, ReportSlotsStartWithAFileOrATextAlone)
     EXPECT_EQ(router.State().DragSource, u"THUMB"_s);
 }
 
+TEST_F(PicturesTest, ADragBeginsWithTheHandAndItsIconFollowsWhatItHoversOver)
+{
+    Browse();
+    const auto icon = [this] { return router.State().DragIcon; };
+    (void)router.Begin(controls.geathumb(0));
+    EXPECT_EQ(icon(), DragIcon::Hand);
+    router.TargetDragOverKel(u"geathumb"_s, u"imaComp"_s);
+    EXPECT_EQ(icon(), DragIcon::Drop);
+    router.TargetDragOverKel({}, {});
+    EXPECT_EQ(icon(), DragIcon::Drop) << "the hand does not come back by leaving a slot";
+    router.TargetDragOverKel(u"geathumb"_s, u"grddatabook"_s);
+    router.TargetDragOverKel({}, {});
+    EXPECT_EQ(icon(), DragIcon::Hand) << "but by leaving the grid";
+    router.TargetDragOverKel(u"geathumb"_s, u"grddatabook"_s);
+    router.TargetDragOverKel(u"geathumb"_s, u"lblTab"_s);
+    EXPECT_EQ(icon(), DragIcon::Hand) << "also when the next control is a neighbour";
+    router.TargetDragOverKel(u"geathumb"_s, u"imaSubject"_s);
+    (void)router.Begin(controls.geathumb(1));
+    EXPECT_EQ(icon(), DragIcon::Hand) << "of the next drag";
+}
+
 // ---- guards --------------------------------------------------------------------------------------------
 
 TEST_F(PicturesTest, WithNoReportOpenAPhotoSlotTakesNothing)
@@ -333,6 +354,15 @@ TEST_F(PicturesTest, ACapturePictureOnTheSubjectIsShownThreeTimesAndNotSent)
         EXPECT_EQ(Shows(slots.imaSubject(i)), kSnap + u"A.JPG"_s);
     EXPECT_TRUE(conduit.commands.isEmpty());
     EXPECT_TRUE(routed.isEmpty());
+}
+
+TEST_F(PicturesTest, AFileThatIsNoPictureIsToldOnceAndNotShownOnTheSubject)
+{
+    home.Put(kSnap + u"LETTER.TXT"_s, "no picture");
+    EXPECT_FALSE(router.Drop(router.BeginFiles({kSnap + u"LETTER.TXT"_s}), report.txtSubject).done);
+    EXPECT_EQ(doubles.prompter.Texts(),
+              QStringList{u"The File 'C:\\SNAP\\LETTER.TXT' appears to be a corrupt file."_s});
+    EXPECT_EQ(Shows(slots.imaSubject(1)), QString());
 }
 
 // ---- K, N: with a record -------------------------------------------------------------------------------

@@ -23,14 +23,24 @@ inline const QString kReport = u"KEL|SMITH"_s;
 class ReportHome : public testing::Test
 {
 protected:
+    ReportHome()
+        : ReportHome(nullptr)
+    {}
+    /// @param screens  shows the screens in place of the scripted ones
+    explicit ReportHome(forms::ScreenPort* screens)
+        : ports{doubles.prompter, doubles.pump,   doubles.clock,
+                doubles.random,   doubles.window, screens != nullptr ? *screens : doubles.screens}
+    {}
+
     tests::TempHome home;
     tests::TestPorts doubles;
+    forms::Ports ports;
     engine::Engine engine{home.disk};
     test::RecordingConduit conduit;
     StartUpOptions options{
         {}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false}, u"6.2.1"_s};
-    frm_Splash splash{doubles.Get()};
-    frm_Main main{{home.disk, engine, conduit, doubles.Get()}};
+    frm_Splash splash{ports};
+    frm_Main main{{home.disk, engine, conduit, ports}};
 
     void SetUp() override
     {

@@ -1,3 +1,4 @@
+#include "keys.h"
 #include "sample_screen.h"
 
 #include "databook/layouts.h"
@@ -23,11 +24,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QPointer>
 #include <QPushButton>
 #include <QSettings>
 #include <QTest>
-#include <QTimer>
 #include <QToolButton>
 
 // Somebody sits before an empty Databook for the first time and has read nothing but the screen.
@@ -81,51 +80,10 @@ protected:
         ASSERT_TRUE(Activate(*window));
     }
 
-    /// No window manager does it here.
-    static bool Activate(QWidget& shown)
-    {
-        return QTest::qWaitFor([&] {
-            if (QApplication::activeWindow() == &shown)
-                return true;
-            shown.activateWindow();
-            return false;
-        });
-    }
-    /// Does what opens a screen, and works on it; a screen that is left open is closed.
     void On(const QString& screen, const std::function<void()>& open,
             const std::function<void(QWidget& shown)>& work)
     {
-        bool came = false;
-        QTimer watch;
-        QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
-            const QPointer<QWidget> shown = QApplication::activeModalWidget();
-            if (!shown)
-                return;
-            watch.stop();
-            came = true;
-            EXPECT_EQ(shown->objectName(), screen);
-            ASSERT_TRUE(Activate(*shown));
-            work(*shown);
-            if (shown && shown->isVisible())
-                shown->close();
-        });
-        watch.start(20);
-        open();
-        EXPECT_TRUE(came) << screen.toStdString() << " did not come up";
-        window->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&*window));
-    }
-    /// Types what a key does wherever the focus is.
-    static void Keys(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QWidget* focus = QApplication::focusWidget();
-        ASSERT_NE(focus, nullptr);
-        QTest::keyClick(focus, Qt::Key(key), modifiers);
-    }
-    static void Type(const QString& text)
-    {
-        ASSERT_NE(QApplication::focusWidget(), nullptr);
-        QTest::keyClicks(QApplication::focusWidget(), text);
+        OnScreen(*window, screen, open, work);
     }
     [[nodiscard]] qint64 Rows() const { return main.records.grddatabook.Source()->RowCount(); }
     [[nodiscard]] QString Status() const { return window->findChild<QLabel*>(u"lblmsg"_s)->text(); }
