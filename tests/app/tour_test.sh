@@ -12,3 +12,8 @@ test -s "$pictures/report.json"
 test -s "$pictures/steps.txt"
 twice=$(cd "$pictures" && ls ./*.png | sed 's/^..[0-9]*-//' | sort | uniq -d)
 [ -z "$twice" ] || { echo "Two pictures have one name: $twice"; exit 1; }
+# Every picture of the guide is one of the tour's.
+guide=$(dirname "$0")/../../docs/guide
+for name in $(grep -oh '(images/[a-z0-9-]*\.png)' "$guide"/*.md | sed 's#(images/\(.*\)\.png)#\1#' | sort -u); do
+    ls "$pictures"/[0-9][0-9]-"$name".png > /dev/null || { echo "The tour takes no picture $name."; exit 1; }
+done

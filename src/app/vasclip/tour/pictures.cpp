@@ -22,22 +22,6 @@ namespace {
 constexpr int kPatienceMilliseconds = 30'000;
 constexpr int kGeneralSlots = 36;
 
-/// Waits until the pictures of the page stand.
-/// @param count  as many as there shall be; -1 for any
-bool PicturesStand(const Stage& stage, int count = -1)
-{
-    QElapsedTimer timer;
-    timer.start();
-    const auto& capture = stage.main.capture;
-    while (capture.lblRefreshing.Visible() || !stage.main.Capture().Loader().Idle() ||
-           (count >= 0 && capture.filCapture.ListCount() != count)) {
-        if (timer.hasExpired(kPatienceMilliseconds))
-            return false;
-        Settle(20);
-    }
-    return true;
-}
-
 /// The card's pictures in a capture directory of the tour's own, which goes when the tour does.
 class Errand
 {
@@ -83,6 +67,20 @@ void ChooseView(const Stage& stage, QWidget& dialog, const QString& view, const 
 }
 
 } // namespace
+
+bool PicturesStand(const Stage& stage, int count)
+{
+    QElapsedTimer timer;
+    timer.start();
+    const auto& capture = stage.main.capture;
+    while (capture.lblRefreshing.Visible() || !stage.main.Capture().Loader().Idle() ||
+           (count >= 0 && capture.filCapture.ListCount() != count)) {
+        if (timer.hasExpired(kPatienceMilliseconds))
+            return false;
+        Settle(20);
+    }
+    return true;
+}
 
 bool BrowsePictures(const Stage& stage)
 {

@@ -107,8 +107,9 @@ int CellsStored(shell::frm_Main& main)
 
 bool Started(const Stage& stage)
 {
+    const bool stand = PicturesStand(stage);
     stage.tour.Shoot(stage.window, u"started"_s);
-    return true;
+    return stand;
 }
 
 bool RefreshReport(const Stage& stage)

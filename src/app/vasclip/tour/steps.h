@@ -40,6 +40,9 @@ bool TransferSubject(const Stage& stage);
 bool DeleteTheSubject(const Stage& stage);
 
 // tour/pictures.cpp
+/// Waits until the pictures of the browser's page stand.
+/// @param count  as many as there shall be; -1 for any
+bool PicturesStand(const Stage& stage, int count = -1);
 bool BrowsePictures(const Stage& stage);
 bool FilePictureWithRecord(const Stage& stage);
 bool FilePictureIntoReport(const Stage& stage);
