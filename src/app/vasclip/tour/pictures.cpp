@@ -3,6 +3,7 @@
 #include "app/vasclip/tour/steps.h"
 #include "photos/capture_desk.h"
 #include "photos/photo_desk.h"
+#include "photos/photo_records.h"
 
 #include "platform/text/text.h"
 
@@ -179,13 +180,19 @@ bool CameraFolder(const Stage& stage)
     const bool folder = stage.tour.During(
         u"The camera folder"_s, [&] { Q_EMIT stage.main.capture.imaFolder.Clicked(); },
         [&](QWidget& dialog) { stage.tour.Shoot(dialog, u"camera-folder"_s); });
-    const QString photos = stage.main.globals.G_PhotoDir;
-    const QStringList stored = stage.main.Base().disk.Dir(photos + u"*.jpg"_s);
-    if (stored.size() < 2)
-        return stage.tour.Fail(u"There are no two stored photos to compare."_s);
+    auto& main = stage.main;
+    const auto rows = main.sources.datDatabook.Database().OpenRecordset(
+        u"SELECT CENTRALKEY FROM ["_s + main.globals.G_Table + u"] WHERE FRONT = '1' ORDER BY CENTRALKEY"_s,
+        engine::RecordsetType::Dynaset);
+    const QString fresh = main.Base().disk.Dir(main.globals.G_CaptureDir + u"*.jpg"_s).value(0);
+    if (rows->Eof() || fresh.isEmpty())
+        return stage.tour.Fail(u"There is no record with a photo, or no picture of the camera."_s);
+    main.ShowRecord(rows->Value(0).toString());
+    photos::ReadPhotoLists(main.sources.datDatabook, main.photoLists.lstViews, main.photoLists.lstimages);
+    const QString stored = main.globals.G_PhotoDir + main.photoLists.lstimages.List(0) + u".jpg"_s;
     const bool question = stage.tour.During(
         u"The question about a photo"_s,
-        [&] { stage.main.Photos().questions.Overwrite(photos + stored[0], photos + stored[1]); },
+        [&] { main.Photos().questions.Overwrite(stored, main.globals.G_CaptureDir + fresh); },
         [&](QWidget& dialog) { stage.tour.Shoot(dialog, u"overwrite-photo"_s); });
     stage.tour.Step(u"Looked at the camera folder and at the question before a photo is replaced."_s);
     return folder && question;

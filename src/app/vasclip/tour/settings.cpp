@@ -21,6 +21,7 @@ bool Settings(const Stage& stage)
         if (!search)
             return;
         search->insert(u"photo"_s);
+        Settle(300); // its clear button fades in
         stage.tour.Shoot(dialog, u"settings-search"_s);
     });
 }
