@@ -350,6 +350,24 @@ TEST(PictureKinds, ExifDataThatCanNotBeKeptLeaveTheNotes)
     }
 }
 
+TEST(PictureKinds, DamagedExifDataStayWithinTheirBounds)
+{
+    const QByteArray whole = CameraTiff(false, QByteArray(60, 'p'), "behind");
+    std::mt19937 random(6);
+    for (int run = 0; run < 5000; ++run) {
+        Notes notes;
+        notes.exif = whole;
+        for (int damage = 0; damage < 4; ++damage)
+            notes.exif[static_cast<qsizetype>(random() % static_cast<unsigned>(whole.size()))] =
+                static_cast<char>(random() % 3 == 0 ? 0xFF : random());
+        const QByteArray before = notes.exif;
+        const QByteArray segment = ExifSegment(notes, {80, 60});
+        EXPECT_TRUE(segment.startsWith(QByteArray("Exif\0\0", 6)));
+        EXPECT_LE(segment.size(), 6 + whole.size());
+        EXPECT_EQ(notes.exif, before) << "what was read is not changed in place";
+    }
+}
+
 TEST(PictureKinds, TheEmbeddedThumbnailIsReadUprightFromTheHead)
 {
     const QByteArray small = ToJpeg(Quarters(40, 20), 90);
