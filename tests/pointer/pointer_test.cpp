@@ -131,6 +131,25 @@ protected:
         Xdotool({u"mouseup"_s, u"1"_s});
     }
 
+    /// Names in the photo directory.
+    [[nodiscard]] QStringList Stored() const
+    {
+        return QDir(m_home.Native(u"VASCLIPS/JPG"_s)).entryList({u"*.jpg"_s}, QDir::Files);
+    }
+    /// What the report shows, as the forms program says.
+    [[nodiscard]] QString Images() const
+    {
+        return QString::fromUtf8(m_home.Vasctl({u"--plain"_s, u"report"_s, u"images"_s}).out);
+    }
+    void OpenComps()
+    {
+        Click(MiddleOf(u"TabData#1"_s));
+        ASSERT_TRUE(WaitFor([this] {
+            return Places().contains(u"imaComp_3"_s) && Places().contains(u"geathumb_1"_s);
+        })) << "slots or thumbnails do not show";
+        QThread::msleep(1500); // the pictures of the page
+    }
+
     /// Record number `row` of the grid, which is sorted by address.
     QJsonObject Record(int row)
     {
@@ -220,33 +239,70 @@ TEST_F(Pointer, ColumnsAreHiddenSizedAndMovedByTheirHeadingsAndTheEndKeepsThem)
 
 TEST_F(Pointer, AThumbnailDraggedToAPhotoIsFiledAndSent)
 {
-    Click(MiddleOf(u"TabData#1"_s));
-    ASSERT_TRUE(WaitFor([this] {
-        return Places().contains(u"imaComp_3"_s) && Places().contains(u"geathumb_1"_s);
-    })) << "slots or thumbnails do not show";
-    QThread::msleep(1500); // the pictures of the page
-    const auto stored = [this] {
-        return QDir(m_home.Native(u"VASCLIPS/JPG"_s)).entryList({u"*.jpg"_s}, QDir::Files);
-    };
-    const QStringList before = stored();
+    OpenComps();
+    const QStringList before = Stored();
 
     Drag(MiddleOf(u"geathumb_1"_s), MiddleOf(u"imaComp_3"_s));
     QThread::msleep(1000);
     Xdotool({u"key"_s, u"alt+y"_s}); // a slot with a photo asks; on an empty one the key does nothing
 
-    EXPECT_TRUE(WaitFor([&] { return stored().size() == before.size() + 1; }, 20000)) << "nothing was stored";
-    QStringList fresh = stored();
+    EXPECT_TRUE(WaitFor([&] { return Stored().size() == before.size() + 1; }, 20000)) << "nothing was stored";
+    QStringList fresh = Stored();
     for (const QString& name : before)
         fresh.removeOne(name);
     ASSERT_EQ(fresh.size(), 1);
-    EXPECT_TRUE(WaitFor(
-        [&] {
-            const QByteArray images =
-                m_home.Vasctl({u"--plain"_s, u"report"_s, u"images"_s}).out;
-            return images.contains(fresh.first().toUtf8());
-        },
-        20000))
+    EXPECT_TRUE(WaitFor([&] { return Images().contains(fresh.first()); }, 20000))
         << "the report does not show " << fresh.first().toStdString();
+}
+
+TEST_F(Pointer, AThumbnailDraggedToARecordIsFiledUnderTheViewThatIsTyped)
+{
+    OpenComps();
+    Click(RowPoint(1));
+    const QJsonObject record = Record(1);
+    const QString view = u"WOODSHED"_s;
+    ASSERT_FALSE(record[u"PHOTOS"_s].toString().contains(view));
+    const QString images = Images();
+
+    Drag(MiddleOf(u"geathumb_0"_s), RowPoint(1));
+    QThread::msleep(1500);
+    Xdotool({u"key"_s, u"ctrl+a"_s}); // the dialog proposes a view
+    Xdotool({u"type"_s, view});
+    Xdotool({u"key"_s, u"Return"_s});
+
+    EXPECT_TRUE(WaitFor([&] { return Record(1)[u"PHOTOS"_s].toString().contains(view + u'|'); }, 20000))
+        << Record(1)[u"PHOTOS"_s].toString().toStdString();
+    EXPECT_EQ(Images(), images) << "nothing goes to the report";
+}
+
+TEST_F(Pointer, ThePhotoOnShowIsDraggedToASlotAndClearedByTheRightButton)
+{
+    OpenComps();
+    int row = 0;
+    while (row < 5 && !Record(row)[u"PHOTOS"_s].toString().contains(u"FRONT VIEW|"_s))
+        ++row;
+    ASSERT_LT(row, 5) << "no record on view has a photo";
+    const QString photos = Record(row)[u"PHOTOS"_s].toString();
+    const QString stem = photos.section(u"FRONT VIEW|"_s, 1).section(u'\r', 0, 0).section(u'\n', 0, 0).trimmed();
+    Click(RowPoint(row));
+    QThread::msleep(500);
+
+    Drag(MiddleOf(u"geamaintain"_s), MiddleOf(u"imaComp_3"_s));
+    QThread::msleep(1000);
+    Xdotool({u"key"_s, u"alt+y"_s});
+    const auto shown = [this] { return Images().split(u'\n').filter(u"CMP_3_"_s).join(u' '); };
+    EXPECT_TRUE(WaitFor([&] { return shown().contains(stem + u".jpg"_s, Qt::CaseInsensitive); }, 20000))
+        << stem.toStdString() << " is not in " << shown().toStdString();
+
+    MoveTo(MiddleOf(u"imaComp_3"_s));
+    Xdotool({u"click"_s, u"3"_s});
+    QThread::msleep(500);
+    Xdotool({u"key"_s, u"Up"_s}); // the last entry
+    Xdotool({u"key"_s, u"Return"_s});
+    QThread::msleep(1000);
+    Xdotool({u"key"_s, u"alt+y"_s});
+    EXPECT_TRUE(WaitFor([&] { return !shown().contains(stem, Qt::CaseInsensitive); }, 20000))
+        << shown().toStdString();
 }
 
 } // namespace
