@@ -38,7 +38,7 @@ QString FreeName(const files::Disk& disk, const QString& directory, const QStrin
 {
     QString path = directory + stem + u'.' + extension;
     for (int number = 2; disk.Found(path); ++number)
-        path = directory + u"%1 (%2)."_s.arg(stem).arg(number) + extension;
+        path = directory + u"%1 (%2)."_s.arg(stem, text::Dec(number)) + extension;
     return path;
 }
 

@@ -162,9 +162,8 @@ bool Copying::HasRoom()
     if (need <= free)
         return true;
     m_desk.ports.prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Exclamation, kNoRoomTitle,
-                                 kNoRoom.arg(m_capture)
-                                     .arg((need + kMegabyte - 1) / kMegabyte)
-                                     .arg(free / kMegabyte));
+                                 kNoRoom.arg(m_capture, text::Dec((need + kMegabyte - 1) / kMegabyte),
+                                             text::Dec(free / kMegabyte)));
     return false;
 }
 
@@ -227,7 +226,7 @@ CopyOutcome Copying::Run(const QStringList& names)
 
 QString CopyOutcome::Text(const QString& captureDir) const
 {
-    QString text = (stopped ? kStopped : QString()) + kCopied.arg(captureDir).arg(copied);
+    QString text = (stopped ? kStopped : QString()) + kCopied.arg(captureDir, text::Dec(copied));
     if (thereAlready > 0)
         text += kThereAlready.arg(thereAlready);
     if (leftOut > 0)

@@ -17,11 +17,6 @@ class MainScreenKills : public FaultHome
 {
 protected:
     static constexpr int kSources = 8;
-    static int Kills()
-    {
-        const int wanted = qEnvironmentVariableIntValue("VASCLIP_KILLS");
-        return wanted > 0 ? wanted : 12;
-    }
     static QByteArray Picture(int number)
     {
         QImage image(900, 700, QImage::Format_RGB32);
@@ -52,7 +47,7 @@ TEST_F(MainScreenKills, NoPictureIsLostAndNoRecordNamesHalfOfOne)
     std::mt19937 random(20040307);
     int usualMs = 1500;
     int filed = 0, deleted = 0, killed = 0;
-    const int kills = Kills();
+    const int kills = Kills(12);
     for (int run = 0; run < kills && !HasFailure(); ++run) {
         for (int i = 0; i < kSources; ++i)
             ASSERT_TRUE(Write(capture + u"/SRC%1.JPG"_s.arg(i), sources[i]));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "faults/kills.h"
 #include "support/processes.h"
 
 #include <QFileInfo>
@@ -13,14 +14,6 @@ namespace vasclip::tests {
 
 // The exit codes of vasctl.
 inline constexpr int kDone = 0, kFailed = 1, kUsage = 2, kNotFound = 3, kDeclined = 4, kNoLink = 5;
-
-/// How often a test kills: VASCLIP_KILLS where it is set (1000 for the long run), else the few of an ordinary
-/// run.
-inline int Kills(int usually)
-{
-    const int wanted = qEnvironmentVariableIntValue("VASCLIP_KILLS");
-    return wanted > 0 ? wanted : usually;
-}
 
 /// A run of vasctl with its seconds.
 struct Timed : Ended

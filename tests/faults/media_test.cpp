@@ -1,6 +1,7 @@
 // A process killed at any moment of copying from a card, of trashing and of restoring: no picture is lost, and none is
 // half written under its name. VASCLIP_KILLS sets how often; 1000 for the long run.
 
+#include "faults/kills.h"
 #include "photos/card_copy.h"
 #include "photos/photo_files.h"
 #include "photos/trash.h"
@@ -24,13 +25,6 @@ namespace vasclip::tests {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
-
-int Kills()
-{
-    bool number = false;
-    const int wanted = qEnvironmentVariableIntValue("VASCLIP_KILLS", &number);
-    return number && wanted > 0 ? wanted : 40;
-}
 
 class KilledMedia : public testing::Test
 {
@@ -87,7 +81,7 @@ private:
 
 TEST_F(KilledMedia, CopyingLeavesWholePicturesAndKeepsWhatItReplaces)
 {
-    for (int run = 0; run < Kills(); ++run) {
+    for (int run = 0; run < Kills(40); ++run) {
         const TempHome home;
         for (const QString& name : names)
             home.Put(u"C:\\CARD\\"_s + name, Content(name, "card"));
@@ -122,7 +116,7 @@ TEST_F(KilledMedia, CopyingLeavesWholePicturesAndKeepsWhatItReplaces)
 
 TEST_F(KilledMedia, TrashingLeavesEachPictureWholeInOneOfBothPlaces)
 {
-    for (int run = 0; run < Kills(); ++run) {
+    for (int run = 0; run < Kills(40); ++run) {
         const TempHome home;
         for (const QString& name : names)
             home.Put(u"C:\\VASSNAP\\"_s + name, Content(name, "filed"));
@@ -149,7 +143,7 @@ TEST_F(KilledMedia, TrashingLeavesEachPictureWholeInOneOfBothPlaces)
 
 TEST_F(KilledMedia, RestoringOntoAnotherPictureLosesNeither)
 {
-    for (int run = 0; run < Kills(); ++run) {
+    for (int run = 0; run < Kills(40); ++run) {
         const TempHome home;
         home.Put(u"C:\\VASSNAP\\A.JPG"_s, Content(u"A.JPG"_s, "present"));
         home.Put(u"C:\\VASSNAP\\TRASHCAN\\A.JPG"_s, Content(u"A.JPG"_s, "trashed"));

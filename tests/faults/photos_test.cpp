@@ -81,14 +81,6 @@ protected:
     }
 };
 
-/// Kills of the full run come from the environment; an ordinary run takes a few.
-int Kills()
-{
-    return std::max(1, qEnvironmentVariableIntValue("VASCLIP_KILLS") > 0
-                           ? qEnvironmentVariableIntValue("VASCLIP_KILLS")
-                           : 24);
-}
-
 class PhotoKills : public PhotoFaults
 {
 protected:
@@ -128,7 +120,7 @@ TEST_F(PhotoKills, FilingAndReplacingLoseNothing)
     m_usualMs = static_cast<int>(usual.seconds * 1000) + 1;
     const QStringList views{u"FRONT VIEW"_s, u"REAR VIEW"_s, u"STREET SCENE"_s, u"POOL"_s};
     QMap<QString, QString> before = Photos();
-    const int kills = Kills();
+    const int kills = Kills(24);
     for (int run = 0; run < kills; ++run) {
         const QString view = views[run % views.size()];
         const bool done = RunAndKill({u"--yes"_s, u"photos"_s, u"file"_s, key, view, Source(run % kSources)});
@@ -165,7 +157,7 @@ TEST_F(PhotoKills, FilingAndReplacingLoseNothing)
 
 TEST_F(PhotoKills, APhotoThatIsDeletedIsStoredOrWaitsToBeFiledAgain)
 {
-    const int kills = std::max(6, Kills() / 4);
+    const int kills = std::max(6, Kills(24) / 4);
     for (int run = 0; run < kills; ++run) {
         const Timed filed = FileIt(0, u"FRONT VIEW"_s);
         ASSERT_EQ(filed.code, kDone) << filed.Story();

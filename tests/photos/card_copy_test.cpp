@@ -168,6 +168,19 @@ TEST_F(CardCopy, ManyKnownPicturesAreCountedAndFiveAreNamed)
     EXPECT_TRUE(text.contains(u"and 3 more"_s));
 }
 
+TEST_F(CardCopy, ADirectoryWithAPercentSignIsToldAsItStands)
+{
+    globals.G_CaptureDir = u"C:\\100%2\\"_s;
+    const CopyOutcome outcome = Copy({u"A.JPG"_s});
+    EXPECT_EQ(outcome.Text(globals.G_CaptureDir), u"Photos copied to C:\\100%2\\: 1"_s);
+    freeBytes = 1;
+    home.Put(card + u"BIG.JPG"_s, QByteArray(3 * 1024 * 1024 - 5, 'x'));
+    EXPECT_FALSE(Copy({u"BIG.JPG"_s}).begun);
+    EXPECT_TRUE(doubles.prompter.Last().text.startsWith(
+        u"There is not enough room in C:\\100%2\\: the photos need 3 MB, and 0 MB are free."_s))
+        << doubles.prompter.Last().text.toStdString();
+}
+
 TEST_F(CardCopy, WithoutRoomNothingIsCopied)
 {
     freeBytes = 2 * 1024 * 1024;

@@ -57,9 +57,9 @@ void LookAtHome(const files::Disk& disk, Findings& found)
         const QStorageInfo storage(directory);
         const qint64 free = storage.bytesAvailable() / (1024 * 1024);
         if (letter == u'C' && free < 200)
-            found.Add(Grade::Notice, subject, u"%1, only %2 MB free"_s.arg(directory).arg(free));
+            found.Add(Grade::Notice, subject, u"%1, only %2 MB free"_s.arg(directory, text::Dec(free)));
         else
-            found.Add(Grade::Good, subject, u"%1, %2 MB free"_s.arg(directory).arg(free));
+            found.Add(Grade::Good, subject, u"%1, %2 MB free"_s.arg(directory, text::Dec(free)));
     }
 }
 
@@ -80,7 +80,7 @@ void LookAtDatabase(Session& session, Findings& found, const QString& subject, c
     try {
         const auto database = session.Engine().OpenDatabase(path, engine::OpenMode::ReadOnly);
         const auto rows = database->OpenRecordset(table, engine::RecordsetType::Table);
-        QString text = u"%1, %2 records"_s.arg(path).arg(rows->RecordCount());
+        QString text = u"%1, %2 records"_s.arg(path, text::Dec(rows->RecordCount()));
         const auto users = session.Engine().Users(path);
         QStringList others;
         for (const engine::User& user : users) {
@@ -105,7 +105,7 @@ void LookAtDatabase(Session& session, Findings& found, const QString& subject, c
                 found.Add(Grade::Wrong, subject, u"lacks the fields "_s + missing.join(u", "_s));
         }
     } catch (const RuntimeError& failure) {
-        found.Add(Grade::Wrong, subject, u"%1 (error %2)"_s.arg(failure.Description()).arg(failure.Number()));
+        found.Add(Grade::Wrong, subject, u"%1 (error %2)"_s.arg(failure.Description(), text::Dec(failure.Number())));
     }
 }
 
@@ -128,7 +128,7 @@ void LookAtLink(Session& session, Findings& found)
         found.Add(Grade::Good, u"link"_s, u"open report: "_s + link::KelFirstToken(session.Conduit().Text()));
     } catch (const RuntimeError& failure) {
         found.Add(Grade::Wrong, u"link"_s,
-                  u"%1 (error %2)"_s.arg(failure.Description()).arg(failure.Number()));
+                  u"%1 (error %2)"_s.arg(failure.Description(), text::Dec(failure.Number())));
     }
 }
 

@@ -212,7 +212,7 @@ int main(int argc, char* argv[])
     } catch (const forms::EndOfProgram& end) {
         return end.exitCode == 0 ? kFailed : end.exitCode;
     } catch (const RuntimeError& failure) {
-        out.Error(u"%1 (error %2)"_s.arg(failure.Description()).arg(failure.Number()));
+        out.Error(u"%1 (error %2)"_s.arg(failure.Description(), QString::number(failure.Number())));
     } catch (const std::exception& failure) {
         out.Error(QString::fromLocal8Bit(failure.what()));
     }

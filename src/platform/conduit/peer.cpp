@@ -9,7 +9,7 @@ namespace vasclip::conduit {
 QString Describe(const PeerIdentity& peer)
 {
     const QString name = peer.userName.isEmpty() ? u"without a name"_s : peer.userName;
-    return u"user %1 (uid %2), process %3"_s.arg(name, peer.userId).arg(peer.pid);
+    return u"user %1 (uid %2), process %3"_s.arg(name, peer.userId, QString::number(peer.pid));
 }
 
 void RequireOwnUser(const PeerReader& reader, qintptr descriptor, SocketEnd end, int number)

@@ -26,7 +26,7 @@ QString Quoted(const QByteArray& line)
         if (!c.isPrint())
             c = u'?';
     }
-    return line.size() > kShown ? u"\"%1...\" (%2 bytes)"_s.arg(shown).arg(line.size())
+    return line.size() > kShown ? u"\"%1...\" (%2 bytes)"_s.arg(shown, QString::number(line.size()))
                                 : u"\"%1\""_s.arg(shown);
 }
 

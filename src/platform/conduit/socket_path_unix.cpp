@@ -45,14 +45,14 @@ std::optional<Entry> Look(const QString& path)
 QString OwnerOf(const Entry& entry, const QString& path)
 {
     const QString name = QFileInfo(path).owner();
-    return u"user %1 (uid %2)"_s.arg(name.isEmpty() ? u"without a name"_s : name).arg(entry.uid);
+    return u"user %1 (uid %2)"_s.arg(name.isEmpty() ? u"without a name"_s : name, QString::number(entry.uid));
 }
 
 /// Why an entry cannot be this user's socket; "" if it can.
 QString Objection(const Entry& entry, const QString& path)
 {
     if (S_ISLNK(entry.mode))
-        return u"%1 is a symbolic link, not a socket (made by uid %2)"_s.arg(path).arg(entry.uid);
+        return u"%1 is a symbolic link, not a socket (made by uid %2)"_s.arg(path, QString::number(entry.uid));
     if (!S_ISSOCK(entry.mode))
         return u"%1 is not a socket"_s.arg(path);
     if (entry.uid != geteuid())

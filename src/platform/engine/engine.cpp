@@ -40,7 +40,7 @@ class NewFile
 public:
     explicit NewFile(const QString& target)
         : m_target(target)
-        , m_path(u"%1.new%2"_s.arg(target).arg(OwnProcess()))
+        , m_path(u"%1.new%2"_s.arg(target, QString::number(OwnProcess())))
     {
         Remove();
     }

@@ -162,7 +162,7 @@ void SwapComps(Reports& reports, Report& report, int a, int b)
     for (const auto& [column, comp] : {std::pair{columnA, a}, std::pair{columnB, b}}) {
         if (column.section == nullptr || !report.HasForm(column.page))
             throw RuntimeError(error::kLinkBusy,
-                               u"The report %1 has no page for comparable %2"_s.arg(report.Name()).arg(comp));
+                               u"The report %1 has no page for comparable %2"_s.arg(report.Name(), QString::number(comp)));
     }
     if (a == b)
         return;

@@ -144,7 +144,7 @@ void CheckCall(const MacroValue& call)
             Refuse(u"COMPT$ takes a kind of comps: Sales, Alternates, Listings or Rentals (character %1)"_s.arg(
                 call.at));
     } else {
-        Refuse(u"\"%1\" is no function (character %2)"_s.arg(call.text).arg(call.at));
+        Refuse(u"\"%1\" is no function (character %2)"_s.arg(call.text, QString::number(call.at)));
     }
 }
 
@@ -287,7 +287,7 @@ void FormsProgram::Check(const Report* report, const MacroStatement& statement) 
             known = &row;
     }
     if (known == nullptr)
-        Refuse(u"\"%1\" is no statement (character %2)"_s.arg(statement.keyword).arg(statement.at));
+        Refuse(u"\"%1\" is no statement (character %2)"_s.arg(statement.keyword, QString::number(statement.at)));
     if (statement.values.size() != known->values)
         Refuse(u"%1 takes %2 (character %3)"_s.arg(statement.keyword, known->takes).arg(statement.at));
     for (const MacroValue& value : statement.values) {
@@ -321,7 +321,7 @@ void FormsProgram::Check(const Report* report, const MacroStatement& statement) 
             const auto* form = vasclip::formsbook::FindForm(report->MainForm());
             if (form == nullptr ||
                 !report->HasForm(vasclip::formsbook::GridPage(*form, Group::Sale, (comp - 1) / 3 * 3 + 1)))
-                Refuse(u"The report %1 has no page for comparable %2"_s.arg(report->Name()).arg(comp));
+                Refuse(u"The report %1 has no page for comparable %2"_s.arg(report->Name(), QString::number(comp)));
         }
     }
 }
