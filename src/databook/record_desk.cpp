@@ -105,6 +105,7 @@ void RecordDesk::CheckStatus(const forms::Ports& ports, store::DataSource& datab
     }
     status.lblmsg.Show(key + kWasFound, forms::Colour::Blue);
     ButtonStatus(QStringLiteral("Found"));
+    const RoutineScope step{"Determine Comp Type"};
     const QVariant type = databook.Recordset().Value(QStringLiteral("APPRSLTYPE"));
     SetAppraisalType(type.isValid() ? type.toString() : QStringLiteral(" "));
 }

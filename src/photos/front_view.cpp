@@ -1,5 +1,6 @@
 #include "photos/front_view.h"
 
+#include "common/error_block.h"
 #include "platform/text/text.h"
 
 namespace vasclip::photos {
@@ -18,6 +19,7 @@ void SelectPhoto(PhotoLists& lists, SlotLoader& loader, forms::PictureBox& box, 
         return;
     const QString path = photoDir + stem + u".JPG"_s;
     lists.lblLabelTag.SetCaption(path);
+    const common::RoutineScope step{"Photo Box View"};
     if (!disk.FileExists(path)) {
         box.SetVisible(false);
         return;
@@ -31,7 +33,11 @@ void TestFrontView(const store::DataSource& source, const QString& key, PhotoLis
 {
     const QString view = u"FRONT VIEW"_s;
     lists.lblPhotomsg.SetCaption({});
-    ReadPhotoLists(source, lists.lstViews, lists.lstimages);
+    {
+        const common::RoutineScope step{"List Photos"};
+        ReadPhotoLists(source, lists.lstViews, lists.lstimages);
+    }
+    const common::RoutineScope step{"Checking Front View"};
     const int row = lists.lstViews.IndexOf(view);
     if (row < 0) {
         lists.lblPhotomsg.SetCaption(u"A 'FRONT VIEW' for '"_s + key + u"' is not available."_s);

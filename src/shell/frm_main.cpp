@@ -191,6 +191,7 @@ void frm_Main::grddatabook_RowColChange()
     const common::RoutineScope scope{"RowColChange"};
     const QString key = text::Trim(records.grddatabook.CurrentText(u"CENTRALKEY"_s));
     {
+        const common::RoutineScope step{"Address Combo"};
         const QScopedValueRollback<bool> showing(m_showingRecords, true); // CheckStatus looks the key up
         records.txtcentralkey.SetText(key);
     }

@@ -17,6 +17,7 @@ void frm_Main::WirePhotos()
         photos::SelectPhoto(photoLists, *m_slotLoader, slots.geamaintain, m_base.disk, globals.G_PhotoDir);
     });
     const auto enable = [this] {
+        const common::RoutineScope step{"Handling Photo Buttons"};
         const bool selected = photoLists.lstViews.ListIndex() >= 0;
         photoLists.CmdDeletePhoto.SetEnabled(selected);
         photoLists.CmdRenamePhotoView.SetEnabled(selected);

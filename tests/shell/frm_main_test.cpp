@@ -1,5 +1,6 @@
 #include "shell/frm_main.h"
 
+#include "common/error_block.h"
 #include "databook/layouts.h"
 #include "drops/drag.h"
 #include "photos/frm_gen_view.h"
@@ -110,6 +111,33 @@ protected:
         FAIL() << "no row of " << key.toStdString();
     }
 };
+
+TEST_F(MainScreen, AnErrorWhileTheRowChangesTellsTheStep)
+{
+    QImage photo(40, 30, QImage::Format_RGB32);
+    photo.fill(Qt::red);
+    home.Put(u"C:\\JPG\\OAK.jpg"_s);
+    ASSERT_TRUE(photo.save(home.disk.ToNative(u"C:\\JPG\\OAK.jpg"_s), "JPG"));
+    Load();
+    ASSERT_NO_FATAL_FAILURE(StandOnRow(u"14 ELM ST"_s));
+    QStringList steps;
+    const auto note = [&steps] { steps << text::Trim(common::RoutineScope::Current()); };
+    const auto watch = [&note](forms::Control& control) {
+        QObject::connect(&control, &forms::Control::Changed, &control, note);
+    };
+    QObject::connect(&main.photoLists.lstViews, &forms::ListBox::ItemsChanged, &main, note);
+    QObject::connect(&main.records.cboapprslType, &forms::ComboBox::TextChanged, &main, note);
+    watch(main.records.txtcentralkey);
+    watch(main.photoLists.CmdDeletePhoto);
+    watch(main.photoLists.txtimage);
+    watch(main.slots.geamaintain);
+    main.records.SetAppraisalType(u"F"_s);
+    main.slots.geamaintain.SetVisible(false);
+    ASSERT_NO_FATAL_FAILURE(StandOnRow(u"12 OAK ST"_s));
+    for (const char* step : {"Address Combo", "Determine Comp Type", "List Photos", "Checking Front View",
+                             "Handling Photo Butto", "Photo Box View"})
+        EXPECT_TRUE(steps.contains(QLatin1StringView(step))) << step << " of " << steps.join(u", "_s).toStdString();
+}
 
 TEST_F(MainScreen, TheSplashTellsTheStepsInTheirOrder)
 {
