@@ -11,9 +11,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace vasclip::conduit {
 
-LinkChannel::LinkChannel(std::unique_ptr<QIODevice> device, std::function<bool()> alive)
+LinkChannel::LinkChannel(std::unique_ptr<QIODevice> device, Ways ways)
     : m_device(std::move(device))
-    , m_alive(std::move(alive))
+    , m_ways(std::move(ways))
 {}
 
 LinkChannel::~LinkChannel() = default;
@@ -59,10 +59,11 @@ QString LinkChannel::Exchange(LinkMessage message, const QDeadlineTimer& deadlin
 
 bool LinkChannel::Idle()
 {
-    // Looking at the device is what makes it notice that the other side has gone.
-    if (m_device->bytesAvailable() == 0)
+    // Looking at the device is what makes it notice that the other side has gone; it is dear, and asked for
+    // before every exchange.
+    if (m_device->bytesAvailable() == 0 && (!m_ways.news || m_ways.news()))
         m_device->waitForReadyRead(0);
-    return m_alive() && m_device->bytesAvailable() == 0 && m_lines.Empty();
+    return m_ways.alive() && m_device->bytesAvailable() == 0 && m_lines.Empty();
 }
 
 void LinkChannel::Send(const QByteArray& line)
@@ -70,6 +71,8 @@ void LinkChannel::Send(const QByteArray& line)
     if (m_device->write(line) != line.size())
         throw RuntimeError(error::kLinkPeerGone,
                            u"The forms program has gone: %1"_s.arg(m_device->errorString()));
+    if (m_ways.push)
+        m_ways.push();
 }
 
 QByteArray LinkChannel::Receive(const QDeadlineTimer& deadline)
@@ -80,7 +83,7 @@ QByteArray LinkChannel::Receive(const QDeadlineTimer& deadline)
             const auto left = static_cast<int>(deadline.remainingTime());
             const bool came = left > 0 && m_device->waitForReadyRead(left);
             if (!came && m_device->bytesAvailable() == 0) {
-                if (m_alive() && deadline.remainingTime() <= 0)
+                if (m_ways.alive() && deadline.remainingTime() <= 0)
                     throw RuntimeError(error::kLinkTimeOut, u"The forms program did not answer in time"_s);
                 throw RuntimeError(error::kLinkPeerGone,
                                    m_lines.Empty()

@@ -17,9 +17,19 @@ namespace vasclip::conduit {
 class LinkChannel
 {
 public:
+    /// What the kind of device knows to do, beyond what every device does.
+    struct Ways
+    {
+        /// False once nothing more can come from the device.
+        std::function<bool()> alive;
+        /// False if the system has nothing to tell of it; without this the device itself is asked.
+        std::function<bool()> news = {};
+        /// Sends what was written; without this it goes when an answer is waited for.
+        std::function<void()> push = {};
+    };
+
     /// @param device  connected or running; owned
-    /// @param alive   false once nothing more can come from the device
-    LinkChannel(std::unique_ptr<QIODevice> device, std::function<bool()> alive);
+    LinkChannel(std::unique_ptr<QIODevice> device, Ways ways);
     ~LinkChannel();
     LinkChannel(const LinkChannel&) = delete;
     LinkChannel& operator=(const LinkChannel&) = delete;
@@ -43,7 +53,7 @@ private:
     [[nodiscard]] QByteArray Receive(const QDeadlineTimer& deadline);
 
     std::unique_ptr<QIODevice> m_device;
-    std::function<bool()> m_alive;
+    Ways m_ways;
     LineCutter m_lines;
     Hello m_partner;
     qint64 m_lastId = 0;

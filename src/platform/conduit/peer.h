@@ -21,6 +21,10 @@ enum class SocketEnd { Client, Server };
 /// @throws RuntimeError 57 if the system cannot say
 [[nodiscard]] PeerIdentity PeerOf(qintptr descriptor, SocketEnd end);
 
+/// False if neither bytes nor the end of the conversation wait to be read. True where the system can't be
+/// asked cheaply.
+[[nodiscard]] bool MayHaveNews(qintptr descriptor);
+
 [[nodiscard]] QString CurrentUserId();
 
 /// "user bob (uid 1001), process 4711"

@@ -4,6 +4,7 @@
 
 #include <QFile>
 
+#include <poll.h>
 #include <pwd.h>
 #include <sys/socket.h>
 #include <sys/types.h>
@@ -53,6 +54,12 @@ PeerIdentity PeerOf(qintptr descriptor, SocketEnd)
     peer.userId = QString::number(uid);
     peer.userName = NameOf(uid);
     return peer;
+}
+
+bool MayHaveNews(qintptr descriptor)
+{
+    pollfd look{static_cast<int>(descriptor), POLLIN, 0};
+    return poll(&look, 1, 0) != 0;
 }
 
 QString CurrentUserId()

@@ -77,6 +77,11 @@ PeerIdentity PeerOf(qintptr descriptor, SocketEnd end)
     return UserOf(process.get(), pid);
 }
 
+bool MayHaveNews(qintptr)
+{
+    return true;
+}
+
 QString CurrentUserId()
 {
     return UserOf(GetCurrentProcess(), GetCurrentProcessId()).userId;

@@ -43,8 +43,8 @@ std::unique_ptr<Conduit> MakePipeConduit(PipeOptions options)
                 throw RuntimeError(error::kLinkNoAnswer, u"The bridge %1 cannot be started: %2"_s.arg(
                                                              options.program, bridge->errorString()));
             Bridge* raw = bridge.get();
-            return std::make_unique<LinkChannel>(std::move(bridge),
-                                                 [raw] { return raw->state() == QProcess::Running; });
+            return std::make_unique<LinkChannel>(
+                std::move(bridge), LinkChannel::Ways{[raw] { return raw->state() == QProcess::Running; }});
         },
         timeLimitMs);
 }

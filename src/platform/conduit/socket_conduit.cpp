@@ -28,7 +28,10 @@ std::unique_ptr<Conduit> MakeSocketConduit(SocketOptions options)
                            error::kLinkNoAnswer);
             QLocalSocket* raw = socket.get();
             return std::make_unique<LinkChannel>(
-                std::move(socket), [raw] { return raw->state() == QLocalSocket::ConnectedState; });
+                std::move(socket),
+                LinkChannel::Ways{[raw] { return raw->state() == QLocalSocket::ConnectedState; },
+                                  [raw] { return MayHaveNews(raw->socketDescriptor()); },
+                                  [raw] { raw->flush(); }});
         },
         timeLimitMs);
 }
