@@ -2,6 +2,7 @@
 
 #include "databook/grid.h"
 #include "support/databook_home.h"
+#include "support/temp_home.h"
 
 #include <sqlite3.h>
 
@@ -203,8 +204,8 @@ TEST(FoundRowsTest, PlacesAndRowsAgreeOverManyWords)
 {
     struct None
     {
-        files::Disk disk{u"/nowhere"_s};
-        engine::Engine engine{disk};
+        tests::TempHome home;
+        engine::Engine engine{home.disk};
         store::DataSource source{engine, u"datsql"_s};
         GridRows rows{source};
     } none;

@@ -9,7 +9,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QStorageInfo>
 
 namespace vasclip::vasctl {
 
@@ -54,8 +53,7 @@ void LookAtHome(const files::Disk& disk, Findings& found)
                       u"%1 is not there; make it, or mend the line of drives.ini"_s.arg(directory));
             continue;
         }
-        const QStorageInfo storage(directory);
-        const qint64 free = storage.bytesAvailable() / (1024 * 1024);
+        const qint64 free = disk.FreeBytes(letter + u":\\"_s) / (1024 * 1024);
         if (letter == u'C' && free < 200)
             found.Add(Grade::Notice, subject, u"%1, only %2 MB free"_s.arg(directory, text::Dec(free)));
         else

@@ -9,12 +9,14 @@
 #include "platform/text/runtime_error.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QHash>
-#include <QStorageInfo>
 
 #include <algorithm>
 #include <exception>
+#include <filesystem>
 #include <functional>
+#include <limits>
 
 namespace vasclip::files {
 
@@ -476,7 +478,13 @@ qint64 Disk::FreeBytes(const QString& path) const
     const Private::Place place = d->Resolve(path);
     if (!place.Stands())
         ThrowNumber(error::kPathNotFound, path);
-    return QStorageInfo(place.native).bytesAvailable();
+    // Of the file system that holds it, whether or not the list of mounts names that.
+    std::error_code failure;
+    const std::filesystem::space_info space =
+        std::filesystem::space(QFileInfo(place.native).filesystemFilePath(), failure);
+    if (failure)
+        ThrowNumber(error::kDeviceIo, path);
+    return static_cast<qint64>(std::min<std::uintmax_t>(space.available, std::numeric_limits<qint64>::max()));
 }
 
 QByteArray Disk::ReadWhole(const QString& path) const

@@ -77,7 +77,7 @@ public:
     /// @param use  false stops the reading
     /// @return false if it was stopped; @throws 53, 57, 75
     bool ReadPieces(const QString& path, const std::function<bool(QByteArrayView)>& use) const;
-    /// Bytes that this user may still write where `path` lies. @throws 76
+    /// Bytes that this user may still write where `path` lies. @throws 57, 76
     [[nodiscard]] qint64 FreeBytes(const QString& path) const;
 
     [[nodiscard]] QByteArray ReadWhole(const QString& path) const; ///< @throws 53, 57, 75
