@@ -42,6 +42,10 @@ QString LinkChannel::Exchange(LinkMessage message, const QDeadlineTimer& deadlin
             error::kLinkBusy,
             u"The text is too long for the link: %1 bytes, at most %2 go"_s.arg(line.size()).arg(kMaxLine));
     Send(line);
+    // Not in the greeting: whoever refuses the conversation may have closed it, and his words would go with
+    // it.
+    if (m_ways.push)
+        m_ways.push();
     const LinkAnswer answer = DecodeAnswer(Receive(deadline));
     if (answer.id == 0 && answer.kind == LinkAnswer::Kind::Error)
         throw RuntimeError(error::kLinkPeerGone,
@@ -71,8 +75,6 @@ void LinkChannel::Send(const QByteArray& line)
     if (m_device->write(line) != line.size())
         throw RuntimeError(error::kLinkPeerGone,
                            u"The forms program has gone: %1"_s.arg(m_device->errorString()));
-    if (m_ways.push)
-        m_ways.push();
 }
 
 QByteArray LinkChannel::Receive(const QDeadlineTimer& deadline)

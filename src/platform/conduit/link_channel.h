@@ -24,7 +24,7 @@ public:
         std::function<bool()> alive;
         /// False if the system has nothing to tell of it; without this the device itself is asked.
         std::function<bool()> news = {};
-        /// Sends what was written; without this it goes when an answer is waited for.
+        /// Sends a message that was written; without this it goes when its answer is waited for.
         std::function<void()> push = {};
     };
 
