@@ -1,6 +1,7 @@
 #include "windows/capture_pane.h"
 
 #include "windows/icons.h"
+#include "windows/layout_parts.h"
 #include "windows/picture_view.h"
 
 #include <QHBoxLayout>
@@ -48,7 +49,8 @@ ThumbGrid::Shape ThumbGrid::ShapeFor(QSize room, int label)
         const int rows = kThumbs / columns;
         const int width = (room.width() - (columns - 1) * kGap) / columns;
         const int height = (room.height() - (rows - 1) * kGap) / rows - label;
-        const QSize picture = QSize(4, 3).scaled(std::max(width, 8), std::max(height, 6), Qt::KeepAspectRatio);
+        const QSize picture =
+            QSize(4, 3).scaled(std::max(width, 8), std::max(height, 6), Qt::KeepAspectRatio);
         if (picture.width() > best.picture.width())
             best = {columns, picture};
     }
@@ -121,7 +123,10 @@ bool ThumbGrid::HandleKey(int index, int key)
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:
     case Qt::Key_End:
-        Q_EMIT PageWanted(key == Qt::Key_Home ? 0 : key == Qt::Key_PageUp ? 1 : key == Qt::Key_PageDown ? 2 : 3);
+        Q_EMIT PageWanted(key == Qt::Key_Home       ? 0
+                          : key == Qt::Key_PageUp   ? 1
+                          : key == Qt::Key_PageDown ? 2
+                                                    : 3);
         return true;
     case Qt::Key_Delete:
         Q_EMIT DeleteWanted(index);
@@ -166,13 +171,9 @@ QWidget* CapturePane::Head()
     auto* line = new QHBoxLayout(head);
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(kSmallGap);
-    auto* title = new QLabel(head);
-    title->setObjectName(u"lblCapture"_s);
-    title->setProperty("role", u"title"_s);
+    auto* title = MakeLabel(*head, u"lblCapture"_s, "title");
     line->addWidget(title);
-    auto* directory = new QLabel(head);
-    directory->setObjectName(u"lblTab"_s);
-    directory->setProperty("role", u"link"_s);
+    auto* directory = MakeLabel(*head, u"lblTab"_s, "link");
     directory->setCursor(Qt::PointingHandCursor);
     directory->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     line->addWidget(directory, 1);
@@ -193,13 +194,9 @@ QWidget* CapturePane::Foot()
     auto* line = new QHBoxLayout(foot);
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(kSmallGap);
-    auto* place = new QLabel(foot);
-    place->setObjectName(u"lblDirectory"_s);
-    place->setProperty("role", u"quiet"_s);
+    auto* place = MakeLabel(*foot, u"lblDirectory"_s, "quiet");
     line->addWidget(place);
-    auto* refreshing = new QLabel(foot);
-    refreshing->setObjectName(u"lblRefreshing"_s);
-    refreshing->setProperty("role", u"quiet"_s);
+    auto* refreshing = MakeLabel(*foot, u"lblRefreshing"_s, "quiet");
     refreshing->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     QSizePolicy kept = refreshing->sizePolicy();
     kept.setRetainSizeWhenHidden(true);
@@ -230,9 +227,7 @@ QFrame* CapturePane::ListFrame()
     columns->addWidget(list, 1);
     auto* rows = new QVBoxLayout;
     rows->setSpacing(kSmallGap);
-    auto* caption = new QLabel(frame);
-    caption->setObjectName(u"lblListBox"_s);
-    caption->setProperty("role", u"quiet"_s);
+    auto* caption = MakeLabel(*frame, u"lblListBox"_s, "quiet");
     rows->addWidget(caption);
     auto* preview = new PictureView(frame);
     preview->setObjectName(u"geaListBox"_s);

@@ -40,7 +40,7 @@ QToolButton* MakeIconButton(QDialog& window, const QString& name, const QString&
     return button;
 }
 
-QLabel* MakeLabel(QDialog& window, const QString& name, const char* role)
+QLabel* MakeLabel(QWidget& window, const QString& name, const char* role)
 {
     auto* label = new QLabel(&window);
     label->setObjectName(name);

@@ -26,7 +26,7 @@ void PolishAll(const QWidget& window);
 /// A picture to click on; the keys have a button with words beside it.
 [[nodiscard]] QToolButton* MakeIconButton(QDialog& window, const QString& name, const QString& icon);
 /// A label of a screen's control. @param role  "title", "quiet" or ""
-[[nodiscard]] QLabel* MakeLabel(QDialog& window, const QString& name, const char* role = "");
+[[nodiscard]] QLabel* MakeLabel(QWidget& window, const QString& name, const char* role = "");
 /// Words of the window's own. @param buddy  where the access key leads; may be nullptr
 [[nodiscard]] QLabel* MakeWords(QDialog& window, const QString& text, const char* role,
                                 QWidget* buddy = nullptr);

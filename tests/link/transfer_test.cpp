@@ -319,9 +319,9 @@ TEST_F(Transfer, AnAddressIsTakenAsItStandsInWhatIsSaid)
     EXPECT_EQ(TransferComps(desk, true, 0, What::Data).added, 1);
     QObject::disconnect(connection);
     EXPECT_TRUE(captions.contains(u"Transferring 1%2 A%3 (1 of 1)"_s)) << captions.join(u'|').toStdString();
-    Slot(report.txtComp, 1, u"%2 "_s + QString(40, u'X'));
+    Slot(report.txtComp, 1, u"%2 "_s + QString(40, u'N'));
     EXPECT_EQ(TransferComps(desk, true, 0, What::Data).failed, 1);
-    EXPECT_TRUE(doubles.prompter.Last().text.contains(u"%2 XXXX"_s));
+    EXPECT_TRUE(doubles.prompter.Last().text.contains(u"%2 NNNN"_s));
     EXPECT_TRUE(
         doubles.prompter.Last().text.contains(u"has 43 characters; the Databook holds at most 35."_s));
 }
