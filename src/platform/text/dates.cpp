@@ -58,6 +58,16 @@ std::optional<QDate> MonthFirst(int year, int first, int second)
     return first > 12 ? ValidDate(year, second, first) : ValidDate(year, first, second);
 }
 
+/// Month, day and year; where they are no such date year, month and day, and last day, month and year.
+std::optional<QDate> ThreeNumbers(const Number& first, const Number& second, const Number& third)
+{
+    if (const auto date = ValidDate(FullYear(third), first.value, second.value))
+        return date;
+    if (const auto date = ValidDate(FullYear(first), second.value, third.value))
+        return date;
+    return ValidDate(FullYear(third), second.value, first.value);
+}
+
 class DateReader
 {
 public:
@@ -257,7 +267,7 @@ private:
             const Number& first = m_numbers[0];
             if (first.IsYear())
                 return MonthFirst(FullYear(first), m_numbers[1].value, m_numbers[2].value);
-            return MonthFirst(FullYear(m_numbers[2]), first.value, m_numbers[1].value);
+            return ThreeNumbers(first, m_numbers[1], m_numbers[2]);
         }
         if (m_numbers.size() != 2)
             return std::nullopt;
@@ -267,7 +277,12 @@ private:
             return ValidDate(FullYear(first), second.value, 1);
         if (second.IsYear())
             return ValidDate(FullYear(second), first.value, 1);
-        return MonthFirst(today.year(), first.value, second.value);
+        if (const auto date = MonthFirst(today.year(), first.value, second.value))
+            return date;
+        // No day of a month: February has no 30th, so "2/30" is of 1930.
+        if (const auto date = ValidDate(FullYear(second), first.value, 1))
+            return date;
+        return ValidDate(FullYear(first), second.value, 1);
     }
 
     [[nodiscard]] std::optional<QDate> NamedMonth(const QDate& today) const
@@ -276,7 +291,8 @@ private:
             const Number& only = m_numbers[0];
             if (only.IsYear())
                 return ValidDate(FullYear(only), m_month, 1);
-            return ValidDate(today.year(), m_month, only.value);
+            const auto day = ValidDate(today.year(), m_month, only.value);
+            return day ? day : ValidDate(FullYear(only), m_month, 1);
         }
         if (m_numbers.size() != 2)
             return std::nullopt;

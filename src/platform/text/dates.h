@@ -14,9 +14,9 @@ namespace vasclip::text {
 [[nodiscard]] QDate FromSerial(double serial);
 
 /// Reads a date as the language's own conversion does in US settings, whatever the machine's locale: M/D/Y with
-/// "/" or "-", month names ("March 7, 2004", "7-Mar-04"), two-digit years that turn at 29/30, month and day
-/// swapped if the first cannot be a month, an ISO date, a time behind or instead of it, M/D (the year of
-/// `today`). Dots separate times.
+/// "/" or "-", month names ("March 7, 2004", "7-Mar-04"), two-digit years that turn at 29/30, an ISO date, a time
+/// behind or instead of it, M/D (the year of `today`), M/Y where there is no such day ("2/30" is February 1930). Three numbers that are no
+/// M/D/Y are taken as Y/M/D, and only then as D/M/Y: "13/2/4" is 4 February 2013. Dots separate times.
 /// @return nullopt if it is no date; else the wall clock's date and time, in UTC so that no summer time moves it; a
 ///         time alone stands on the day of SerialEpoch
 [[nodiscard]] std::optional<QDateTime> ReadDate(const QString& text, const QDate& today);
