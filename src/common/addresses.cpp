@@ -54,7 +54,11 @@ QString NormalizeZip(const QString& zip)
 {
     if (zip.size() < 5)
         return {};
-    const QString digits = text::Dec(static_cast<qint64>(text::Val(zip.left(5))));
+    constexpr double kBeyond = 100'000; // "1E300" is a number too
+    const double number = text::Val(zip.left(5));
+    if (number >= kBeyond || number <= -kBeyond)
+        return {};
+    const QString digits = text::Dec(static_cast<qint64>(number));
     return digits == "0"_L1 ? QString() : digits.rightJustified(5, u'0');
 }
 

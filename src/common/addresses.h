@@ -17,7 +17,8 @@ struct CityStateZip
 /// True for two capitals that stand in the program's list of states. The list has no NV.
 [[nodiscard]] bool IsValidStateCode(const QString& code);
 
-/// The first five characters as a number of five digits; "" for fewer than five characters and for zero.
+/// The first five characters as a number of five digits; "" for fewer than five characters, for
+/// zero and for a number that five digits cannot hold ("1E300").
 [[nodiscard]] QString NormalizeZip(const QString& zip);
 
 } // namespace vasclip::common

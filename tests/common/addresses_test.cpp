@@ -76,6 +76,8 @@ TEST(NormalizeZip, GivesFiveDigitsOrNothing)
     EXPECT_EQ(NormalizeZip(u"00000"_s), QString());
     EXPECT_EQ(NormalizeZip(u"ABCDE"_s), QString());
     EXPECT_EQ(NormalizeZip(u"98A23"_s), u"00098"_s);
+    for (const QString& huge : {u"1E300"_s, u"1E+20"_s, u"9D99X"_s, u"-1E99"_s, u"1E5 x"_s})
+        EXPECT_EQ(NormalizeZip(huge), QString()) << huge.toStdString();
 }
 
 } // namespace
