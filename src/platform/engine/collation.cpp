@@ -233,6 +233,20 @@ bool MatchesPattern(std::string_view text, std::string_view pattern) noexcept
            Matches(shorter.data(), shorter.data() + shorter.size(), pattern.data(), patternEnd);
 }
 
+bool HasOpenSet(std::string_view pattern) noexcept
+{
+    const char* const end = pattern.data() + pattern.size();
+    for (const char* at = pattern.data(); at < end;) {
+        if (*at++ != '[')
+            continue;
+        bool closed = true;
+        static_cast<void>(MatchesSet(at, end, U' ', closed));
+        if (!closed)
+            return true;
+    }
+    return false;
+}
+
 void RegisterCollation(sqlite3* handle)
 {
     sqlite3_create_collation_v2(handle, "VAS", SQLITE_UTF8, nullptr, &Collate, nullptr);

@@ -22,6 +22,9 @@ namespace vasclip::engine {
 /// end the text. `%` and `_` are plain characters. A `[` that is never closed matches nothing.
 [[nodiscard]] bool MatchesPattern(std::string_view text, std::string_view pattern) noexcept;
 
+/// Has a pattern a `[` that is never closed?
+[[nodiscard]] bool HasOpenSet(std::string_view pattern) noexcept;
+
 /// Makes `COLLATE VAS` known to a connection.
 void RegisterCollation(sqlite3* handle);
 

@@ -185,6 +185,9 @@ void Connection::Fail(int code)
             throw RuntimeError(
                 error::kValueRequired,
                 u"The field '%1' needs a value. Nothing was stored"_s.arg(message.mid(needed.size())));
+        if (message == QLatin1StringView(kOpenSetMark))
+            throw RuntimeError(error::kSyntax,
+                               u"The statement cannot be carried out: %1"_s.arg(QLatin1StringView(kOpenSetWords)));
         if (message.startsWith(u"parser stack overflow"_s) ||
             message.startsWith(u"Expression tree is too large"_s))
             throw RuntimeError(error::kSyntax,

@@ -93,6 +93,15 @@ void Like(sqlite3_context* context, int count, sqlite3_value** values)
         sqlite3_result_int(context, MatchesPattern(Bytes(values[0]), Bytes(values[1])) ? 1 : 0);
 }
 
+/// vas_pattern(text): the text, or an error if it is no pattern.
+void Pattern(sqlite3_context* context, int, sqlite3_value** values)
+{
+    if (sqlite3_value_type(values[0]) != SQLITE_NULL && HasOpenSet(Bytes(values[0])))
+        sqlite3_result_error(context, kOpenSetMark, -1);
+    else
+        sqlite3_result_value(context, values[0]);
+}
+
 void ChangeCase(sqlite3_context* context, sqlite3_value* value, bool upper)
 {
     if (sqlite3_value_type(value) == SQLITE_NULL)
@@ -254,6 +263,7 @@ constexpr struct
     {"vas_date", 1, Date},
     {"vas_isdate", 1, IsDate},
     {"vas_like", 2, Like},
+    {"vas_pattern", 1, Pattern},
     {"vas_upper", 1, Upper},
     {"vas_lower", 1, Lower},
     {"vas_len", 1, Len},

@@ -1,11 +1,15 @@
 #include "platform/engine/sql_expression.h"
 
+#include "platform/engine/collation.h"
 #include "platform/engine/errors.h"
+#include "platform/engine/functions.h"
 #include "platform/engine/sql_lexer.h"
 #include "platform/engine/sql_translate.h"
 #include "platform/engine/values.h"
 
 #include <cmath>
+#include <optional>
+#include <utility>
 
 namespace vasclip::engine::sql {
 
@@ -58,6 +62,17 @@ const Aggregate* FindAggregate(const QString& name)
             return &row;
     }
     return nullptr;
+}
+
+/// What a number or a date says that is written down as such; nullopt for anything that has to be worked out.
+std::optional<double> LiteralNumber(const Expression& node)
+{
+    if (node.kind == Expression::Kind::Number || node.kind == Expression::Kind::Date)
+        return node.number;
+    if (node.kind != Expression::Kind::Negate)
+        return std::nullopt;
+    const std::optional<double> inner = LiteralNumber(*node.arguments[0]);
+    return inner ? std::optional(-*inner) : std::nullopt;
 }
 
 bool Matters(Yield yield)
@@ -276,16 +291,25 @@ Piece ExpressionTranslator::Binary(const Expression& node)
             -1};
 }
 
+/// The bounds may stand in either order.
 Piece ExpressionTranslator::Between(const Expression& node)
 {
+    const Expression* first = node.arguments[1].get();
+    const Expression* second = node.arguments[2].get();
+    const std::optional<double> one = LiteralNumber(*first);
+    const std::optional<double> other = LiteralNumber(*second);
+    const bool known = one && other;
+    if (known && *one > *other)
+        std::swap(first, second);
     const Piece value = WithoutCase(*node.arguments[0]);
-    const Piece low = WithoutCase(*node.arguments[1]);
-    const Piece high = WithoutCase(*node.arguments[2]);
+    const Piece low = WithoutCase(*first);
+    const Piece high = WithoutCase(*second);
     Yield common = CommonYield(low, high);
     if (!Matters(common) || value.yield == Yield::Date)
         common = CommonYield(value, {QString(), common, -1});
-    return {u"(%1 %2BETWEEN %3 AND %4)"_s.arg(Comparable(value, common), node.negated ? u"NOT "_s : QString(),
-                                              Comparable(low, common), Comparable(high, common)),
+    const QString order = known ? u"%1 AND %2"_s : u"min(%1, %2) AND max(%1, %2)"_s;
+    return {u"(%1 %2BETWEEN %3)"_s.arg(Comparable(value, common), node.negated ? u"NOT "_s : QString(),
+                                       order.arg(Comparable(low, common), Comparable(high, common))),
             Yield::Truth, -1};
 }
 
@@ -417,10 +441,14 @@ Piece ExpressionTranslator::Translate(const Expression& node)
     case Kind::Binary:
         return Binary(node);
     case Kind::Like: {
+        const Expression& wanted = *node.arguments[1];
+        if (wanted.kind == Kind::Text && HasOpenSet(wanted.text.toUtf8().constData()))
+            ThrowSyntax(m_statement, wanted.at, QString::fromLatin1(kOpenSetWords));
         const Piece text = WithoutCase(*node.arguments[0]);
         const Piece pattern = WithoutCase(*node.arguments[1]);
+        const bool written = wanted.kind == Kind::Text; // another is looked at row by row
         return {u"(%1vas_like(%2, %3))"_s.arg(node.negated ? u"NOT "_s : QString(), AsText(text),
-                                              AsText(pattern)),
+                                              (written ? u"%1"_s : u"vas_pattern(%1)"_s).arg(AsText(pattern))),
                 Yield::Truth, -1};
     }
     case Kind::Between:
