@@ -11,7 +11,7 @@ struct AttachFields
 };
 
 /// Reads the fields of a comp that are mapped: CITY, ST, ZIP, COUNTY, SALEDATE, SALEFLD and NEIGHBORHD, which
-/// for a comp is its second address line and is taken apart.
+/// for a comp is its second address line and is taken apart; a line of city, state and ZIP is no neighborhood.
 /// @throws RuntimeError of the exchange
 [[nodiscard]] AttachFields GetNeighborHdCompData(LinkDesk& desk, const ReportPlace& place);
 

@@ -122,6 +122,50 @@ TEST_F(AttachCity, ACompOfTheReportIsReadFromItsCells)
     EXPECT_EQ(Field(u"CITY"_s), u"Old City"_s) << "nothing is stored before Ok";
 }
 
+TEST_F(AttachCity, TheReportsCityLineIsNoNeighborhood)
+{
+    for (const auto& [line, neighborhood] :
+         {std::pair{u"Alder Creek, WI 54001"_s, u"Hill"_s},
+          {u"Alder Creek, WI, 54001-1234"_s, u"Hill"_s},
+          {u"Alder Creek, WI"_s, u"Hill"_s},
+          {u"Reno, NV 89501"_s, u"Hill"_s},
+          {u"Cherry Glen"_s, u"Cherry Glen"_s},
+          {u"Hill, North-West"_s, u"Hill, North-West"_s},
+          {u"Hill, Upper Part"_s, u"Hill, Upper Part"_s}}) {
+        engine.OpenDatabase(kDatabook)->Execute(u"UPDATE COMPS SET NEIGHBORHD = 'Hill', CITY = 'C', ST = 'WI'"_s);
+        conduit.Answer(topic, u"PAGE2|2|5"_s, line);
+        Open(u"COMP"_s);
+        EXPECT_EQ(screen->txtNeighborhd.Text(), neighborhood) << line.toStdString();
+        Click(screen->cmdOk);
+        EXPECT_FALSE(screen->IsOpen());
+        EXPECT_EQ(Field(u"NEIGHBORHD"_s), neighborhood) << line.toStdString();
+        Close();
+    }
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(AttachCity, NeighborhoodAndCountyComeFromTheReportAndGoToTheirFields)
+{
+    Map({u"UA5"_s, u"PAGE2"_s, u"COUNTY"_s, u"6"_s, u"3"_s, u"SALE"_s, u"4"_s, u"2"_s});
+    conduit.Answer(topic, u"PAGE2|2|5"_s, u"Cherry Glen"_s);
+    conduit.Answer(topic, u"PAGE2|6|5"_s, u"Polk"_s);
+    Open(u"COMP"_s);
+    EXPECT_EQ(screen->txtNeighborhd.Text(), u"Cherry Glen"_s);
+    EXPECT_EQ(screen->txtCounty.Text(), u"Polk"_s);
+    EXPECT_EQ(Field(u"COUNTY"_s), QString());
+    screen->txtState.SetText(u"WI"_s);
+    Click(screen->cmdOk);
+    EXPECT_EQ(Field(u"NEIGHBORHD"_s), u"Cherry Glen"_s);
+    EXPECT_EQ(Field(u"COUNTY"_s), u"Polk"_s);
+    Open(u"MANUAL"_s);
+    EXPECT_EQ(screen->txtCounty.Text(), u"Polk"_s);
+    screen->txtNeighborhd.SetText(u"Hillside"_s);
+    screen->txtCounty.SetText(u"Barron"_s);
+    Click(screen->cmdOk);
+    EXPECT_EQ(Field(u"NEIGHBORHD"_s), u"Hillside"_s);
+    EXPECT_EQ(Field(u"COUNTY"_s), u"Barron"_s);
+}
+
 TEST_F(AttachCity, TheSubjectsFieldsAreReadOneByOne)
 {
     int row = 1;
