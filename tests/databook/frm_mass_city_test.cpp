@@ -156,6 +156,21 @@ TEST_F(FrmMassCity, WithoutCityStateAndZipItAsks)
     EXPECT_EQ(Field(u"1 A ST"_s, u"COUNTY"_s), u"Skagit"_s);
 }
 
+TEST_F(FrmMassCity, TheMissingCityIsAskedAboutBeforeTheMissingNeighbourhood)
+{
+    const QString ask = u"No city, state, or zip information has been entered.  Are you sure you wish to replace "
+                        u"all neighborhoods equal to  with blank information."_s;
+    Enter(u" "_s, {}, u" "_s, {}, {});
+    doubles.prompter.Answer(forms::Answer::No);
+    Click(screen->cmdCopyCity);
+    EXPECT_EQ(doubles.prompter.Texts(), QStringList{ask}) << "No ends it";
+    doubles.prompter.Forget();
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Click(screen->cmdCopyCity);
+    EXPECT_EQ(doubles.prompter.Texts(), (QStringList{ask, u"You must have a neighborhood name."_s}));
+    EXPECT_FALSE(screen->HasChanged());
+}
+
 TEST_F(FrmMassCity, ABlankNeighbourhoodIsRefused)
 {
     for (const QString& blank : {QString(), u"    "_s}) {

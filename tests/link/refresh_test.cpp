@@ -72,6 +72,26 @@ TEST_F(Refresh, MirrorsTheOpenReport)
     EXPECT_FALSE(state.refreshing);
 }
 
+TEST_F(Refresh, EveryFieldOfTheSubjectGoesToItsOwnPlace)
+{
+    const std::pair<QString, forms::TextBox*> rows[] = {{u"ADDRESS"_s, &addr.txtCompAddr(0)},
+                                                        {u"CITY"_s, &addr.txtKelCity},
+                                                        {u"ST"_s, &addr.txtKelState},
+                                                        {u"ZIP"_s, &addr.txtKelZip},
+                                                        {u"COUNTY"_s, &addr.txtKelCounty},
+                                                        {u"NEIGHBORHD"_s, &addr.txtKelNeighBorHd},
+                                                        {u"APPRSRFILE"_s, &addr.txtKelFileNo}};
+    engine.OpenDatabase(kMapping)->Execute(u"DELETE FROM Comp2Kel"_s);
+    int row = 20;
+    for (const auto& [field, box] : rows) {
+        Map({u"UA5"_s, u"PAGE1"_s, field, QString::number(row), u"1"_s, u"SALE"_s, u"10"_s, u"0"_s});
+        Cell(u"PAGE1|%1|1"_s.arg(row++), u"the "_s + field);
+    }
+    RefreshAppraisal(desk);
+    for (const auto& [field, box] : rows)
+        EXPECT_EQ(box->Text(), u"the "_s + field) << field.toStdString();
+}
+
 TEST_F(Refresh, GaugeTellsItsSteps)
 {
     EXPECT_EQ(

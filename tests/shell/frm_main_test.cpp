@@ -588,6 +588,28 @@ TEST_F(RecordButtons, CopyAndRenameStandOnTheirRecord)
     EXPECT_EQ(Rows(), 4);
 }
 
+TEST_F(RecordButtons, CopyAndRenameOfferTheAddressesOfTheReport)
+{
+    StandOnRow(u"14 ELM ST"_s);
+    main.report.txtComp(1).SetText(u"1 Comp St"_s);
+    main.report.txtComp(9).SetText(u"14 Elm St"_s); // its own
+    main.report.txtAltComp(6).SetText(u"6 Alt St"_s);
+    main.report.txtListing(2).SetText(u" 2 List St "_s);
+    main.report.txtRental(9).SetText(u"9 Rent St"_s);
+    for (forms::Button* button : {&main.records.cmdCopy, &main.records.cmdRename}) {
+        bool shown = false;
+        doubles.screens.Play([&shown](forms::Screen& screen) {
+            shown = true;
+            const auto* box = dynamic_cast<forms::ComboBox*>(screen.controls.Find(u"cboNewName"_s));
+            ASSERT_NE(box, nullptr);
+            EXPECT_EQ(box->Items(),
+                      (QStringList{u"1 Comp St"_s, u"6 Alt St"_s, u"2 List St"_s, u"9 Rent St"_s}));
+        });
+        Q_EMIT button->Clicked();
+        EXPECT_TRUE(shown);
+    }
+}
+
 TEST_F(RecordButtons, ARecordOutsideTheSearchOnDisplayStaysInTheEntryArea)
 {
     auto& state = main.records.state;
