@@ -4,6 +4,9 @@
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 
+#include <QRegularExpression>
+#include <QStringList>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace vasclip::common {
@@ -18,6 +21,28 @@ QString Printed(const QDate& date, QLatin1StringView century, int yearOfCentury)
         .arg(date.day())
         .arg(century)
         .arg(yearOfCentury, 2, 10, QLatin1Char('0'));
+}
+
+/// Does a text say a day so that nobody can read another one? Month, day, year; or year, month, day; or day and year
+/// beside the month's name.
+bool SpellsOut(const QString& text, const QDate& date)
+{
+    static const QRegularExpression kDigits(u"[0-9]+"_s);
+    static const QRegularExpression kMonthName(u"[A-Za-z]{3,}"_s);
+    QStringList numbers;
+    for (auto found = kDigits.globalMatch(text); found.hasNext();)
+        numbers.append(found.next().captured());
+    const auto isYear = [&date](const QString& digits) {
+        const int number = digits.toInt();
+        return number == date.year() || (digits.size() <= 2 && date.year() >= 2000 && number == date.year() % 100);
+    };
+    const auto is = [&numbers](qsizetype at, int number) { return numbers[at].toInt() == number; };
+    if (numbers.size() == 2 && kMonthName.match(text).hasMatch())
+        return (is(0, date.day()) && isYear(numbers[1])) || (is(0, date.year()) && is(1, date.day()));
+    if (numbers.size() != 3)
+        return false;
+    return (is(0, date.month()) && is(1, date.day()) && isYear(numbers[2])) ||
+           (is(0, date.year()) && is(1, date.month()) && is(2, date.day()));
 }
 
 } // namespace
@@ -51,6 +76,21 @@ bool IsDate(const QString& text, const QDate& today)
         return false;
     const auto read = text::ReadDate(text, today);
     return read && read->date().isValid() && read->date() != text::SerialEpoch();
+}
+
+DateSense SenseOf(const QString& text, const QDate& today)
+{
+    if (text::Trim(text).isEmpty())
+        return DateSense::Blank;
+    const auto read = text::ReadDate(text, today);
+    if (!read)
+        return DateSense::Unreadable;
+    const QDate date = read->date();
+    if (date.year() > today.year())
+        return DateSense::Future;
+    if (date.year() < 1900)
+        return DateSense::TooEarly;
+    return SpellsOut(text, date) ? DateSense::Plain : DateSense::Loose;
 }
 
 DateParts SepDate(const QDate& date)

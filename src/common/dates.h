@@ -23,6 +23,11 @@ namespace vasclip::common {
 /// 12/30/1899. Never throws. `today` supplies the year of a date without one.
 [[nodiscard]] bool IsDate(const QString& text, const QDate& today);
 
+/// How FixDate takes a text. Loose: as a date that it does not spell out, because a part is missing, stands in another
+/// order or is a two-digit year of the last century. The last three mean no date.
+enum class DateSense { Blank, Plain, Loose, Unreadable, TooEarly, Future };
+[[nodiscard]] DateSense SenseOf(const QString& text, const QDate& today);
+
 struct DateParts
 {
     qint16 year = 0, month = 0, day = 0;

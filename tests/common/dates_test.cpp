@@ -112,5 +112,38 @@ TEST(SepDate, GivesThePartsOfDateAndTime)
     EXPECT_EQ(time, (TimeParts{1, 0, 0, u"PM"_s}));
 }
 
+TEST(SenseOf, TellsHowATextIsTaken)
+{
+    const std::pair<QString, DateSense> rows[] = {
+        {u""_s, DateSense::Blank},
+        {u"  "_s, DateSense::Blank},
+        {u"3/7/2004"_s, DateSense::Plain},
+        {u"03-07-04"_s, DateSense::Plain},
+        {u"2004-03-07"_s, DateSense::Plain},
+        {u"March 7, 2004"_s, DateSense::Plain},
+        {u"7-Mar-04"_s, DateSense::Plain},
+        {u"2004 March 7"_s, DateSense::Plain},
+        {u"01/01/1900"_s, DateSense::Plain},
+        {u"12/31/2024"_s, DateSense::Plain},
+        {u"2/30"_s, DateSense::Loose},
+        {u"3/7"_s, DateSense::Loose},
+        {u"3/2004"_s, DateSense::Loose},
+        {u"25/3/2004"_s, DateSense::Loose},
+        {u"13/2/4"_s, DateSense::Loose},
+        {u"3/7/85"_s, DateSense::Loose},
+        {u"7-Mar-85"_s, DateSense::Loose},
+        {u"2004-13-07"_s, DateSense::Loose},
+        {u"March 7"_s, DateSense::Loose},
+        {u"March 2004"_s, DateSense::Loose},
+        {u"3/7/2004 10:30"_s, DateSense::Loose},
+        {u"13/45/2026"_s, DateSense::Unreadable},
+        {u"soon"_s, DateSense::Unreadable},
+        {u"3/7/1850"_s, DateSense::TooEarly},
+        {u"10:30"_s, DateSense::TooEarly},
+        {u"1/1/2025"_s, DateSense::Future}};
+    for (const auto& [text, sense] : rows)
+        EXPECT_EQ(SenseOf(text, kToday), sense) << text.toStdString();
+}
+
 } // namespace
 } // namespace vasclip::common
