@@ -1,5 +1,6 @@
 #include "databook/entry_forms.h"
 
+#include "databook/number_text.h"
 #include "store/schema.h"
 
 #include <algorithm>
@@ -329,6 +330,11 @@ const EntryForm* FindEntryForm(QLatin1StringView screen)
 const EntryForm& SecondPage()
 {
     return EntryForms().back();
+}
+
+bool HasNote(const EntryField& field)
+{
+    return field.kind == EntryKind::Date || WantsNumber(QString(field.field));
 }
 
 QString EntryLabel(const EntryGroup& group, std::size_t index)

@@ -22,6 +22,9 @@ struct EntryField
     QLatin1StringView calendarTitle = {};
 };
 
+/// Are there words beside the box about what is made of its text? Dates, prices and areas have them.
+[[nodiscard]] bool HasNote(const EntryField& field);
+
 /// Boxes that stand together on paper, in their order. With heads it is a table: as many boxes a line as
 /// there are heads, each line named by `lineName` and its number.
 struct EntryGroup

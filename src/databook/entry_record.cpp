@@ -5,6 +5,7 @@
 #include "common/text_filters.h"
 #include "databook/comp_fields.h"
 #include "databook/messages.h"
+#include "databook/number_text.h"
 #include "platform/text/dates.h"
 #include "platform/text/text.h"
 #include "store/messages.h"
@@ -118,6 +119,15 @@ bool EntryRecord::IsChanged(const QString& field) const
     return text::Trim(m_texts.value(field)) != m_read.value(field);
 }
 
+std::optional<EntryRecord::Refusal> EntryRecord::Refused() const
+{
+    for (auto text = m_texts.cbegin(); text != m_texts.cend(); ++text)
+        if (WantsNumber(text.key()) && OnForm(text.key()) && IsChanged(text.key()) &&
+            !PlainNumber(text.value(), text.key()))
+            return Refusal{text.key(), NoNumberText(text::Trim(text.value()), text.key())};
+    return std::nullopt;
+}
+
 bool EntryRecord::Changed() const
 {
     return std::any_of(m_texts.keyBegin(), m_texts.keyEnd(),
@@ -217,6 +227,7 @@ Stored EntryRecord::AskAboutTheirs()
     case forms::Answer::Yes:
         return Stored::Done;
     case forms::Answer::No:
+        dateNotes.clear();
         Read();
         return Stored::TookTheirs;
     default:
@@ -246,32 +257,54 @@ void EntryRecord::PutDates(bool leaving)
         SetLoadDate2Today(m_desk.ports, datDatabook);
         RepairLoadDate(m_desk.ports, datDatabook);
     }
-    if (OnForm(date) && (leaving || IsChanged(date))) {
+    const QString saleDate = u"SALEDATE"_s;
+    const bool noSaleDate = Has(saleDate) && store::GetFieldData(datDatabook, saleDate).isEmpty();
+    if (OnForm(date) && (IsChanged(date) || (leaving && noSaleDate))) {
         QString dateText = text::Trim(m_texts.value(date));
         ErrSetSaleDate(m_desk.ports, datDatabook, dateText);
-        if (date != u"SALEDATE"_s) // the lease date plays its part and is kept itself
-            store::SetFieldData(datDatabook, store::GetFieldData(datDatabook, u"SALEDATE"_s), date);
+        if (date != saleDate && IsChanged(date)) // the lease date plays its part and is kept itself
+            store::SetFieldData(datDatabook, store::GetFieldData(datDatabook, saleDate), date);
+    } else if (leaving && Has(saleDate)) { // what was not touched keeps its text, be it no date
+        const QString serial = SerialText(store::GetFieldData(datDatabook, saleDate), Today());
+        if (!serial.isEmpty())
+            store::SetFieldData(datDatabook, serial, u"SALESERIAL"_s);
     }
     if (leaving || IsChanged(u"LOADDATE"_s))
         store::SetFieldData(datDatabook, SerialText(store::GetFieldData(datDatabook, u"LOADDATE"_s), Today()),
                             u"LOADSERIAL"_s);
 }
 
+/// An age of "12.5" is a number already; of anything else the digits count.
+QString EntryRecord::AgeDigits(const QString& text) const
+{
+    const QString number = PlainNumber(text, u"AGE"_s).value_or(QString());
+    return !number.isEmpty() ? number : DigitsOrZero(m_form.rentalAge ? ReturnRentalAge(text) : text);
+}
+
+/// Prices and areas are stored as plain numbers on every road; what was not touched keeps its text.
 void EntryRecord::PutNumbers(bool leaving)
 {
     const QString price = u"SELLINGPR"_s, gla = u"GLA"_s, age = u"AGE"_s;
-    if (leaving) {
-        for (const QString& field : {age, price, gla}) {
-            if (!OnForm(field))
-                continue;
-            const QString text = store::GetFieldData(datDatabook, field);
-            const bool rental = m_form.rentalAge && field == age;
-            store::SetFieldData(datDatabook, DigitsOrZero(rental ? ReturnRentalAge(text) : text), field);
-        }
+    const auto plain = [this](const QString& field) {
+        const QString text = store::GetFieldData(datDatabook, field);
+        return PlainNumber(text, field).value_or(text);
+    };
+    for (const QString& field : {price, gla}) {
+        if (!OnForm(field))
+            continue;
+        const QString number = plain(field);
+        if (leaving && number.isEmpty())
+            store::SetFieldData(datDatabook, u"0"_s, field);
+        else if (leaving || IsChanged(field))
+            store::SetFieldData(datDatabook, number, field);
+    }
+    if (leaving && OnForm(age)) {
+        const QString text = store::GetFieldData(datDatabook, age);
+        if (text.isEmpty() || IsChanged(age))
+            store::SetFieldData(datDatabook, AgeDigits(text), age);
     }
     if (OnForm(price) && OnForm(gla) && (leaving || IsChanged(price) || IsChanged(gla))) {
-        const QString perArea =
-            PriceGla(store::GetFieldData(datDatabook, price), store::GetFieldData(datDatabook, gla));
+        const QString perArea = PriceGla(plain(price), plain(gla));
         store::SetFieldData(datDatabook, perArea.left(Size(u"PRICEGLA"_s)), u"PRICEGLA"_s);
     }
 }

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "databook/entry_forms.h"
+#include "databook/field_note.h"
 #include "databook/load_comp_form.h"
 #include "store/data_source.h"
 
 #include <QHash>
+
+#include <optional>
 
 namespace vasclip::databook {
 
@@ -22,6 +25,7 @@ public:
     EntryRecord(const EntryDesk& desk, const EntryForm& form, const QString& centralKey);
 
     store::DataSource datDatabook;
+    QHash<QString, DateNote> dateNotes; ///< by field, as long as its text is what they are about; pages come and go
 
     /// Binds the Databook and begins to edit the record; a second call does nothing. @return false if the
     /// Databook has no such record @throws forms::EndOfProgram, RuntimeError
@@ -37,10 +41,19 @@ public:
     [[nodiscard]] bool Changed() const; ///< blanks at the ends do not count
     [[nodiscard]] bool WasStored() const { return m_stored; }
 
-    /// Stores the changed texts and today as MODIFIEDDATE. What is computed from a changed text follows it.
+    /// A changed field whose text is no number, and the words about it; nullopt if all can be stored.
+    struct Refusal
+    {
+        QString field, text;
+    };
+    [[nodiscard]] std::optional<Refusal> Refused() const;
+    /// Is the text another than the stored one? Blanks at the ends do not count.
+    [[nodiscard]] bool IsChanged(const QString& field) const;
+
+    /// Stores the changed texts, prices and areas as plain numbers, and today as MODIFIEDDATE. What is computed from a changed text follows it.
     Stored Save();
     /// The same, with what leaving a screen does: load date, sale date, serials and price per area are made
-    /// good, and numbers lose what is no number.
+    /// good, and a changed age loses what is no number; a blank number becomes 0.
     Stored SaveForExit();
     void Cancel(); ///< drops the edit
 
@@ -51,7 +64,7 @@ private:
     void Put(bool leaving);
     void PutDates(bool leaving);
     void PutNumbers(bool leaving);
-    [[nodiscard]] bool IsChanged(const QString& field) const;
+    [[nodiscard]] QString AgeDigits(const QString& text) const;
     [[nodiscard]] bool OnForm(const QString& field) const;
     [[nodiscard]] Stored AskAboutTheirs();
     [[nodiscard]] QDate Today() const { return m_desk.ports.clock.Today(); }

@@ -7,8 +7,14 @@
 #include "databook/comp_types.h"
 #include "databook/frm_calendar.h"
 #include "databook/messages.h"
+#include "databook/number_text.h"
+#include "forms/keys.h"
+#include "platform/text/dates.h"
 #include "platform/text/text.h"
 #include "store/messages.h"
+#include "store/schema.h"
+
+#include <QScopedValueRollback>
 
 #include <algorithm>
 
@@ -29,6 +35,8 @@ EntryBox::EntryBox(forms::ControlSet& set, const EntryField& entry)
 {
     if (!entry.calendar.isEmpty())
         calendar.emplace(set, QString(entry.calendar));
+    if (HasNote(entry))
+        note.emplace(set, QString(entry.control));
 }
 
 EntryScreen::EntryScreen(const EntryDesk& desk, const EntryForm& form, EntryRecord& record)
@@ -86,7 +94,9 @@ void EntryScreen::Wire(EntryBox& box)
 {
     forms::TextBox& text = box.box;
     connect(&text, &forms::TextBox::TextChanged, this,
-            [this, &box] { m_record.SetText(box.field, box.box.Text()); });
+            [this, &box] { TextChanged(box); });
+    if (box.note)
+        connect(&box.note->back, &forms::Control::Clicked, this, [this, &box] { BringBack(box); });
     connect(&text, &forms::Control::GotFocus, this, [this, &box] { Entered(box); });
     connect(&text, &forms::Control::LostFocus, this, [this, &box] { Left(box); });
     connect(&text, &forms::Control::KeyPressed, this,
@@ -126,6 +136,7 @@ void EntryScreen::Form_Load()
 /// The boxes take what the record holds. None is ever cut to the limit that it is drawn with.
 void EntryScreen::ShowTexts()
 {
+    const QScopedValueRollback showing(m_showing, true);
     lblCentralKey.SetCaption(m_record.Key());
     SetCaption(u"%1 - %2"_s.arg(m_form.caption, m_record.Key()));
     for (const auto& box : m_boxes) {
@@ -140,6 +151,7 @@ void EntryScreen::ShowTexts()
             box->calendar->SetEnabled(!box->box.Locked());
     }
     m_ageFrom = {m_record.Text(u"YEARBUILT"_s), m_record.Text(QString(m_form.dateField))};
+    ShowNotes();
     ShowPriceGla();
 }
 
@@ -147,8 +159,11 @@ void EntryScreen::ShowPriceGla()
 {
     const forms::TextBox* price = Box("SELLINGPR"_L1);
     const forms::TextBox* gla = Box("GLA"_L1);
+    const auto number = [](const forms::TextBox& box, const QString& field) {
+        return PlainNumber(box.Text(), field).value_or(QString());
+    };
     if (price != nullptr && gla != nullptr)
-        lblPriceGla.SetCaption(PriceGla(price->Text(), gla->Text()));
+        lblPriceGla.SetCaption(PriceGla(number(*price, u"SELLINGPR"_s), number(*gla, u"GLA"_s)));
     else
         lblPriceGla.SetVisible(false);
 }
@@ -191,17 +206,112 @@ void EntryScreen::Left(EntryBox& box)
     if (!IsOpen() || box.box.Locked())
         return;
     const common::RoutineScope scope{"LostFocus"};
-    if (box.row.field == m_form.dateField)
-        ErrtxtSaleDate_LostFocus(box.box);
+    Settle(box);
     Recalculate();
     ShowPriceGla();
 }
 
-void EntryScreen::ErrtxtSaleDate_LostFocus(forms::TextBox& date)
+void EntryScreen::TextChanged(EntryBox& box)
+{
+    m_record.SetText(box.field, box.box.Text());
+    if (m_showing || !box.note)
+        return;
+    m_record.dateNotes.remove(box.field);
+    box.note->Hide();
+}
+
+/// A date, a price or an area that was changed is taken as it will be stored, and what is made of it is said beside it.
+/// What was told already is not told of again.
+void EntryScreen::Settle(EntryBox& box)
+{
+    if (!box.note || box.box.Locked() || !m_record.IsChanged(box.field) || m_record.dateNotes.contains(box.field))
+        return;
+    if (box.row.kind != EntryKind::Date)
+        SettleNumber(box);
+    else if (box.row.field == m_form.dateField)
+        ErrtxtSaleDate_LostFocus(box);
+    else
+        SettleLoadDate(box);
+    ShowNotes();
+}
+
+/// The keys of the buttons leave no box.
+void EntryScreen::SettleAll()
+{
+    for (const auto& box : m_boxes)
+        Settle(*box);
+}
+
+void EntryScreen::PutQuietly(EntryBox& box, const QString& text)
+{
+    const QScopedValueRollback showing(m_showing, true);
+    box.box.SetText(text);
+}
+
+void EntryScreen::SettleNumber(EntryBox& box)
+{
+    if (const auto plain = PlainNumber(box.box.Text(), box.field))
+        PutQuietly(box, *plain);
+}
+
+/// A load date is kept as it is typed; only the way out makes today of one that is none.
+void EntryScreen::SettleLoadDate(EntryBox& box)
+{
+    const QDate today = m_desk.ports.clock.Today();
+    const QString typed = text::Trim(box.box.Text());
+    if (typed.isEmpty())
+        return;
+    if (!common::IsDate(typed, today))
+        m_record.dateNotes.insert(
+            box.field,
+            {typed, kNoLoadDate.arg(typed, common::FixDate(text::Format(today.startOfDay(), u"mm/dd/yyyy"_s), today)),
+             true});
+    else if (common::SenseOf(typed, today) == common::DateSense::Loose)
+        m_record.dateNotes.insert(box.field, *NoteOn(typed, common::DateSense::Loose, common::FixDate(typed, today), {}));
+}
+
+void EntryScreen::ErrtxtSaleDate_LostFocus(EntryBox& box)
 {
     const common::RoutineScope scope{"ErrtxtSaleDate_LostFocus"};
-    if (!common::IsDate(date.Text(), m_desk.ports.clock.Today()))
-        date.SetText(QString(kInvalidSaleDate));
+    const QDate today = m_desk.ports.clock.Today();
+    const QString typed = text::Trim(box.box.Text());
+    const QString means = box.row.field == "SALEDATE"_L1 ? kAPendingSale : kNoLeaseDate;
+    if (common::IsDate(typed, today)) {
+        if (const auto note = NoteOn(typed, common::SenseOf(typed, today), common::FixDate(typed, today), means))
+            m_record.dateNotes.insert(box.field, *note);
+        return;
+    }
+    PutQuietly(box, QString(kInvalidSaleDate));
+    if (!typed.isEmpty() && !typed.startsWith("pend"_L1, Qt::CaseInsensitive)) // which says what it becomes
+        m_record.dateNotes.insert(
+            box.field, *NoteOn(typed, common::DateSense::Unreadable, QString(kInvalidSaleDate), means));
+}
+
+/// The words of the page's own boxes, from the record that both pages share.
+void EntryScreen::ShowNotes()
+{
+    for (const auto& box : m_boxes) {
+        if (!box->note)
+            continue;
+        const auto note = m_record.dateNotes.constFind(box->field);
+        if (note != m_record.dateNotes.cend())
+            box->note->Tell(*note, text::Trim(box->box.Text()));
+        else if (WantsNumber(box->field) && m_record.IsChanged(box->field) &&
+                 !PlainNumber(box->box.Text(), box->field))
+            box->note->Refuse(NoNumberText(text::Trim(box->box.Text()), box->field));
+        else
+            box->note->Hide();
+    }
+}
+
+void EntryScreen::BringBack(EntryBox& box)
+{
+    const auto note = m_record.dateNotes.constFind(box.field);
+    if (note == m_record.dateNotes.cend() || box.box.Locked())
+        return;
+    const QString typed = note->typed;
+    box.box.SetText(typed); // the words go with the text that they were about
+    box.box.SetFocus();
 }
 
 /// The age follows its year built and its sale date; one that was typed stays as long as these do.
@@ -244,6 +354,12 @@ bool EntryScreen::KeyDown(EntryBox& box, int keyCode, int shift)
             return true;
         }
     }
+    if (keyCode == forms::kKeyZ && shift == forms::kCtrlMask) {
+        const bool another = box.note && box.note->back.Visible();
+        if (another)
+            BringBack(box);
+        return another;
+    }
     if (keyCode != forms::kKeyReturn)
         return false;
     box.box.SendTab((shift & forms::kShiftMask) != 0);
@@ -277,6 +393,8 @@ void EntryScreen::TellOutcome(Stored stored)
 {
     switch (stored) {
     case Stored::Done:
+        for (DateNote& note : m_record.dateNotes)
+            note.stored = true;
         ShowTexts();
         lblmsg.Show(kSaved, forms::Colour::Green);
         break;
@@ -290,15 +408,53 @@ void EntryScreen::TellOutcome(Stored stored)
     }
 }
 
+/// A price that is no number is refused where it stands; on the other page its words have to do.
+bool EntryScreen::MayStore()
+{
+    const std::optional<EntryRecord::Refusal> refused = m_record.Refused();
+    if (!refused)
+        return true;
+    lblmsg.Show(kNothingStored.arg(refused->text), forms::Colour::Red);
+    for (const auto& box : m_boxes)
+        if (box->field == refused->field)
+            box->box.SetFocus();
+    return false;
+}
+
+/// The window goes with the words about its dates, so that they are asked about here.
+bool EntryScreen::MayLoseDates()
+{
+    QStringList lost;
+    EntryBox* first = nullptr;
+    for (auto note = m_record.dateNotes.cbegin(); note != m_record.dateNotes.cend(); ++note) {
+        if (!note->lost || note->stored)
+            continue;
+        lost.append(u"%1: %2"_s.arg(store::FindCompsColumn(note.key())->heading, note->words));
+        for (const auto& box : m_boxes)
+            if (box->field == note.key())
+                first = box.get();
+    }
+    lost.sort();
+    if (lost.isEmpty() || m_desk.ports.prompter.YesNo(store::kPlainTitle, kDatesLost.arg(lost.join(u'\n'))))
+        return true;
+    if (first != nullptr)
+        BringBack(*first);
+    return false;
+}
+
 void EntryScreen::cmdSave_Click()
 {
-    if (m_record.Updatable())
+    SettleAll();
+    if (m_record.Updatable() && MayStore())
         TellOutcome(m_record.Save());
 }
 
 void EntryScreen::cmdExit_Click()
 {
+    SettleAll();
     if (m_record.Updatable()) {
+        if (!MayStore() || !MayLoseDates())
+            return;
         const Stored stored = m_record.SaveForExit();
         if (stored != Stored::Done) {
             TellOutcome(stored);
@@ -322,6 +478,8 @@ void EntryScreen::cmdCancel_Click()
 /// The window's cross is Cancel on the first page and leads back from the second, which shares its record.
 bool EntryScreen::QueryUnload()
 {
+    if (m_form.secondPage)
+        SettleAll();
     if (m_ended || m_form.secondPage)
         return true;
     if (m_record.Changed() && !m_desk.ports.prompter.YesNo(store::kPlainTitle, kChangesLost))
@@ -333,6 +491,7 @@ bool EntryScreen::QueryUnload()
 
 void EntryScreen::cmdPage2_Click()
 {
+    SettleAll();
     EntryScreen second(m_desk, SecondPage(), m_record);
     m_desk.ports.screens.ShowModal(second);
     if (second.Ended()) {

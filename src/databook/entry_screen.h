@@ -10,7 +10,7 @@
 
 namespace vasclip::databook {
 
-/// A box of an entry screen with its calendar icon, if it has one.
+/// A box of an entry screen with its calendar icon and the words about its text, if it has them.
 struct EntryBox
 {
     EntryBox(forms::ControlSet& set, const EntryField& row);
@@ -18,6 +18,7 @@ struct EntryBox
     QString field; ///< the data field behind the box
     forms::TextBox box;
     std::optional<forms::PictureBox> calendar;
+    std::optional<FieldNote> note;
 };
 
 /// An entry screen: frm_CompMnt1, frm_CompMnt2, frm_CompMntC, frm_CompMntS, frm_CompMntR, frm_CompMntL or
@@ -56,10 +57,20 @@ private:
     void DisableFKeys();
     void Entered(EntryBox& box);
     void Left(EntryBox& box);
-    void ErrtxtSaleDate_LostFocus(forms::TextBox& date);
+    void TextChanged(EntryBox& box);
+    void Settle(EntryBox& box);
+    void SettleAll();
+    void SettleNumber(EntryBox& box);
+    void SettleLoadDate(EntryBox& box);
+    void ErrtxtSaleDate_LostFocus(EntryBox& box);
+    void ShowNotes();
+    void PutQuietly(EntryBox& box, const QString& text);
+    void BringBack(EntryBox& box);
+    [[nodiscard]] bool MayLoseDates();
     void Calendar(EntryBox& box);
     [[nodiscard]] bool KeyDown(EntryBox& box, int keyCode, int shift);
     void Recalculate();
+    [[nodiscard]] bool MayStore();
     void TellOutcome(Stored stored);
     void cboCity_Click();
     void cmdSave_Click();
@@ -72,6 +83,7 @@ private:
     EntryRecord& m_record;
     std::vector<std::unique_ptr<EntryBox>> m_boxes;
     std::pair<QString, QString> m_ageFrom; ///< year built and sale date of the age on show
+    bool m_showing = false; ///< the texts come from the record or a rule, not from the user
     bool m_ended = false;
 };
 

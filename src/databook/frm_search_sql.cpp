@@ -5,7 +5,11 @@
 #include "databook/city_list.h"
 #include "databook/comp_types.h"
 #include "databook/frm_calendar.h"
+#include "databook/messages.h"
+#include "forms/keys.h"
 #include "platform/text/text.h"
+
+#include <QScopedValueRollback>
 
 #include <array>
 #include <limits>
@@ -156,7 +160,7 @@ void frm_SearchSQL::MakeBoxes()
     for (const SearchField& row : SearchFields()) {
         const Captions& captions = CaptionsOf(row.control);
         SearchBox box{row, std::make_unique<forms::Label>(controls, LabelOf(row.control)),
-                      MakeBox(controls, row.control), nullptr, nullptr};
+                      MakeBox(controls, row.control), nullptr, nullptr, nullptr};
         box.label->SetCaption(QString(captions.label));
         if (!row.rangeControl.isEmpty())
             box.range = MakeBox(controls, row.rangeControl);
@@ -165,8 +169,10 @@ void frm_SearchSQL::MakeBoxes()
             box.rangeLabel->SetCaption(QString(captions.rangeLabel));
             box.range->SetToolTipText(u"A number, or a percentage such as 10%"_s);
         }
-        if (row.kind == SearchKind::Date)
+        if (row.kind == SearchKind::Date) {
             PutText(box.range.get(), u"On Or After"_s);
+            box.note = std::make_unique<FieldNote>(controls, QString(row.control));
+        }
         m_boxes.push_back(std::move(box));
     }
 }
@@ -224,21 +230,50 @@ void frm_SearchSQL::WireDate(const SearchBox& box)
 {
     const QString control(box.row.control);
     const QString title = box.row.field == "SALEDATE"_L1 ? u"Sale Date"_s : u"Load Date"_s;
-    connect(box.value.get(), &forms::Control::LostFocus, this, [this, control] { FixDateBox(control); });
+    auto* value = qobject_cast<forms::TextBox*>(box.value.get());
+    connect(value, &forms::Control::LostFocus, this, [this, &box] { FixDateBox(box); });
+    connect(value, &forms::TextBox::TextChanged, this, [this, &box, control] {
+        if (m_fixing)
+            return;
+        m_typed.remove(control);
+        box.note->Hide();
+    });
+    connect(value, &forms::Control::KeyPressed, this,
+            [this, &box, control](int keyCode, int shift, bool& handled) {
+                handled = keyCode == forms::kKeyZ && shift == forms::kCtrlMask && m_typed.contains(control);
+                if (handled)
+                    BringBack(box);
+            });
+    connect(&box.note->back, &forms::Control::Clicked, this, [this, &box] { BringBack(box); });
     connect(box.value.get(), &forms::Control::DoubleClicked, this,
             [this, control, title] { PickDate(control, title); });
 }
 
-void frm_SearchSQL::FixDateBox(const QString& control)
+/// The date as the search takes it; where that is not what was typed it is said beside the box.
+void frm_SearchSQL::FixDateBox(const SearchBox& box)
 {
     const RoutineScope scope{"FixDate"};
-    try {
-        SetText(control, common::FixDate(TextOf(control), m_base.ports.clock.Today()));
-    } catch (const RuntimeError& failure) {
-        if (failure.Number() != error::kTypeMismatch)
-            throw;
-        SetText(control, kUnreadDate);
+    const QString control(box.row.control);
+    if (m_typed.contains(control)) // told already
+        return;
+    const QDate today = m_base.ports.clock.Today();
+    const QString typed = text::Trim(TextOf(control));
+    const common::DateSense sense = common::SenseOf(typed, today);
+    const QString fixed = sense == common::DateSense::Unreadable ? kUnreadDate : common::FixDate(typed, today);
+    const QScopedValueRollback fixing(m_fixing, true);
+    SetText(control, fixed);
+    const QString means = box.row.field == "SALEDATE"_L1 ? kAPendingSale : QString();
+    if (const auto note = NoteOn(typed, sense, fixed, means)) {
+        m_typed.insert(control, typed);
+        box.note->Tell(*note, fixed);
     }
+}
+
+void frm_SearchSQL::BringBack(const SearchBox& box)
+{
+    const QString control(box.row.control);
+    SetText(control, QString(m_typed.value(control))); // the words go with the text that they were about
+    box.value->SetFocus();
 }
 
 void frm_SearchSQL::PickDate(const QString& control, const QString& title)
@@ -343,7 +378,7 @@ void frm_SearchSQL::cmdSearch_Click()
     for (const SearchBox& box : m_boxes) {
         const QString value = TextIn(box.value.get());
         if (box.row.kind == SearchKind::Date) {
-            FixDateBox(QString(box.row.control));
+            FixDateBox(box);
             if (!text::Trim(value).isEmpty() && text::Trim(TextIn(box.range.get())).isEmpty())
                 PutText(box.range.get(), kOnOrAfter);
         } else if (box.range) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/globals.h"
+#include "databook/field_note.h"
 #include "databook/grid.h"
 #include "databook/search_sql.h"
 #include "forms/screen.h"
@@ -31,6 +32,7 @@ struct SearchBox
     std::unique_ptr<forms::Control> value;
     std::unique_ptr<forms::Label> rangeLabel;
     std::unique_ptr<forms::Control> range;
+    std::unique_ptr<FieldNote> note; ///< of a date
 };
 
 /// Searches the Databook by its fields: builds one SELECT, and shows its records in the grid.
@@ -76,7 +78,8 @@ private:
     void Wire();
     void WireRange(const SearchBox& box);
     void WireDate(const SearchBox& box);
-    void FixDateBox(const QString& control);
+    void FixDateBox(const SearchBox& box);
+    void BringBack(const SearchBox& box);
     void PickDate(const QString& control, const QString& title);
     void optSort_Click(int chosen);
     void cboCity_Click();
@@ -87,6 +90,8 @@ private:
 
     Base m_base;
     std::vector<SearchBox> m_boxes;
+    QHash<QString, QString> m_typed; ///< by control, what a date box said before it was read
+    bool m_fixing = false;
     FieldLines m_keys;
     FieldLines m_addresses;
 };

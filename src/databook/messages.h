@@ -64,6 +64,20 @@ inline const QString kIndexOutOfStep = QStringLiteral(
 
 inline const QString kChangesLost = QStringLiteral("Changes will be lost.  Are you sure?");
 inline const QString kSaved = QStringLiteral("The record was saved.");
+inline const QString kNoPrice =
+    QStringLiteral("\"%1\" is no price. Type digits, such as 250000 or 250,000.50.");
+inline const QString kNoArea = QStringLiteral("\"%1\" is no area. Type digits, such as 1600 or 1,600.");
+inline const QString kNothingStored = QStringLiteral("Nothing was stored: %1");
+inline const QString kReadAs = QStringLiteral("\"%1\" is read as %2.");
+inline const QString kNotADate = QStringLiteral("\"%1\" is not understood as a date; it counts as %2%3.");
+inline const QString kTooEarly = QStringLiteral("%1 lies before 1900; it counts as %2%3.");
+inline const QString kInTheFuture = QStringLiteral("%1 lies in a year to come; it counts as %2%3.");
+inline const QString kAPendingSale = QStringLiteral(", a pending sale");
+inline const QString kNoLeaseDate = QStringLiteral(", no lease date");
+inline const QString kNoLoadDate =
+    QStringLiteral("\"%1\" is not understood as a date; Exit makes it the day of today, %2.");
+inline const QString kBringBack = QStringLiteral("Brings \"%1\" back into the field (Ctrl+Z there)");
+inline const QString kDatesLost = QStringLiteral("%1\n\nDo you want to store that and leave?");
 inline const QString kTheirsShown = QStringLiteral("This is the record as it was stored by somebody else.");
 inline const QString kReadOnlyHere =
     QStringLiteral("This Databook is read-only: nothing can be changed here.");

@@ -1,5 +1,6 @@
 #include "windows/binder.h"
 
+#include "forms/keys.h"
 #include "windows/guard.h"
 #include "windows/picture_view.h"
 #include "windows/record_grid.h"
@@ -161,8 +162,10 @@ void Binder::Watch(forms::Control& control, QWidget& widget)
 }
 
 /// The key code that rules know; 0 for keys that they are not told of.
-int Binder::KeyCodeOf(int key)
+int Binder::KeyCodeOf(int key, bool ctrl)
 {
+    if (key == Qt::Key_Z)
+        return ctrl ? forms::kKeyZ : 0;
     if (key >= Qt::Key_F1 && key <= Qt::Key_F12)
         return forms::kKeyF1 + key - Qt::Key_F1;
     if (key == Qt::Key_Return || key == Qt::Key_Enter)
@@ -172,7 +175,7 @@ int Binder::KeyCodeOf(int key)
 
 bool Binder::TellKey(forms::Control& control, const QKeyEvent& press)
 {
-    const int keyCode = KeyCodeOf(press.key());
+    const int keyCode = KeyCodeOf(press.key(), press.modifiers().testFlag(Qt::ControlModifier));
     if (keyCode == 0)
         return false;
     int shift = 0;

@@ -88,7 +88,7 @@ private:
     bool BindGrid(forms::Grid& control, QWidget& widget);
     void ShowCommon(forms::Control& control, QWidget& widget);
     void Watch(forms::Control& control, QWidget& widget);
-    [[nodiscard]] static int KeyCodeOf(int key);
+    [[nodiscard]] static int KeyCodeOf(int key, bool ctrl);
     bool TellKey(forms::Control& control, const QKeyEvent& press); ///< @return true if a rule took it
 
     forms::ControlSet& m_controls;

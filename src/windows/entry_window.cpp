@@ -121,8 +121,12 @@ private:
             const bool pair =
                 i + 1 < group.fields.size() && IsShort(group.fields[i]) && IsShort(group.fields[i + 1]);
             Cell(group, i, grid, line, 0, pair ? 1 : 3, card);
+            const std::size_t first = i;
             if (pair)
                 Cell(group, ++i, grid, line, 2, 1, card);
+            for (std::size_t at = first; at <= i; ++at)
+                if (databook::HasNote(group.fields[at]))
+                    grid.addLayout(MakeNote(*card, QString(group.fields[at].control)), ++line, 0, 1, 4);
         }
         grid.setColumnStretch(1, 1);
         grid.setColumnStretch(3, 1);

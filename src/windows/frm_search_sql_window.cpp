@@ -1,4 +1,5 @@
 #include "windows/icons.h"
+#include "windows/layout_parts.h"
 #include "windows/screen_layouts.h"
 
 #include <QCheckBox>
@@ -125,6 +126,7 @@ void Date(const QString& value, const QString& range, const QString& calendar, c
     combo->setPlaceholderText(QDialog::tr("On or After"));
     combo->setAccessibleName(words);
     fields->addWidget(combo, row, 3);
+    fields->addLayout(MakeNote(*parent, value), row + 1, 0, 1, kWide);
 }
 
 } // namespace
@@ -171,7 +173,7 @@ void Layout_frm_SearchSQL(QDialog& window, forms::Screen&)
     Range(u"txtLandSize"_s, u"txtLandSizeRange"_s, fields, numbers);
     Date(u"txtSaleDate"_s, u"cboSaleRange"_s, u"imaSaleCal"_s, QDialog::tr("Sale date"), fields, numbers);
     Date(u"txtLoadDate"_s, u"cboLoadRange"_s, u"imaLoadCal"_s, QDialog::tr("Load date"), fields, numbers);
-    last->addWidget(numbers);
+    last->addWidget(numbers, 1); // has room for the words about its dates: what stands below keeps its place
 
     QFrame* order = Card(QDialog::tr("Order"), ground, fields);
     fields->setColumnStretch(0, 1);
@@ -185,7 +187,7 @@ void Layout_frm_SearchSQL(QDialog& window, forms::Screen&)
     auto* pending = new QCheckBox(order);
     pending->setObjectName(u"ckbIgnorePending"_s);
     fields->addWidget(pending, 4, 0, 1, 2);
-    last->addWidget(order, 1);
+    last->addWidget(order);
     columns->addLayout(last, 1);
 
     auto* statement = new QLabel(&window);
@@ -212,7 +214,7 @@ void Layout_frm_SearchSQL(QDialog& window, forms::Screen&)
         foot->addWidget(button);
     }
     page->addLayout(foot);
-    window.resize(1180, 640);
+    window.resize(1180, 690);
     ground->setFocusProxy(ground->findChild<QWidget*>(u"cboSearchKey"_s));
     ground->findChild<QWidget*>(u"cboSearchKey"_s)->setFocus();
 }

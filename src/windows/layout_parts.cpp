@@ -5,6 +5,7 @@
 
 #include <QComboBox>
 #include <QDialog>
+#include <QFont>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -15,6 +16,8 @@
 #include <QVBoxLayout>
 
 namespace vasclip::windows {
+
+using namespace Qt::Literals::StringLiterals;
 
 void PolishAll(const QWidget& window)
 {
@@ -56,6 +59,23 @@ QLabel* MakeWords(QDialog& window, const QString& text, const char* role, QWidge
     if (buddy != nullptr)
         label->setBuddy(buddy);
     return label;
+}
+
+QHBoxLayout* MakeNote(QWidget& parent, const QString& box)
+{
+    auto* words = MakeLabel(parent, u"lbl"_s + box.mid(3) + u"Note"_s);
+    words->setWordWrap(true);
+    auto* back = new QToolButton(&parent);
+    back->setObjectName(u"cmd"_s + box.mid(3) + u"Back"_s);
+    QFont underlined = back->font();
+    underlined.setUnderline(true);
+    back->setFont(underlined);
+    back->setFocusPolicy(Qt::NoFocus); // Ctrl+Z in the box does the same
+    auto* row = new QHBoxLayout;
+    row->setSpacing(6);
+    row->addWidget(words, 1);
+    row->addWidget(back, 0, Qt::AlignTop);
+    return row;
 }
 
 QListView* MakeList(QDialog& window, const QString& name, const QString& accessibleName)

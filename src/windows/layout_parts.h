@@ -4,6 +4,7 @@
 
 class QDialog;
 class QGridLayout;
+class QHBoxLayout;
 class QLabel;
 class QListView;
 class QProgressBar;
@@ -39,6 +40,10 @@ void PolishAll(const QWidget& window);
                                        const QString& directoryName);
 /// The rows of a window with its margins.
 [[nodiscard]] QVBoxLayout* MakeRows(QDialog& window);
+
+/// The words about a box's text and the button that brings the text back; both are there while there is something to
+/// say. @param box  its name, "txtSaleDate"
+[[nodiscard]] QHBoxLayout* MakeNote(QWidget& parent, const QString& box);
 
 /// A grid of captions and their boxes.
 [[nodiscard]] QGridLayout* MakeFields();

@@ -3,6 +3,8 @@
 #include "databook/frm_calendar.h"
 #include "databook/load_comp_form.h"
 #include "databook/messages.h"
+#include "databook/number_text.h"
+#include "forms/keys.h"
 #include "support/databook_home.h"
 #include "support/file_limit.h"
 
@@ -256,6 +258,7 @@ TEST_F(Entry, ZerosShowAndStoreZeroPerArea)
 
 TEST_F(Entry, DatesInEveryWrongFormBecomeAPendingSale)
 {
+    doubles.prompter.AnswerAlways(forms::Answer::Yes); // to leave all the same
     for (const QString& text :
          {QString(), u"   "_s, u"soon"_s, u"13/45/2004"_s, u"2/30/2004"_s, u"12/30/1899"_s, u"3/7"_s,
           u"1/1"_s, u"2004"_s, u"//"_s, u"03.07.2004x"_s, u"\u0663/\u0667/2004"_s, u"3/7/2004\t\n;DROP"_s}) {
@@ -270,6 +273,207 @@ TEST_F(Entry, DatesInEveryWrongFormBecomeAPendingSale)
     }
 }
 
+/// The words beside a box; "" while there are none.
+QString Note(EntryScreen& screen, QLatin1StringView field)
+{
+    for (const auto& box : screen.Boxes())
+        if (box->row.field == field && box->note && box->note->label.Visible())
+            return box->note->label.Caption();
+    return {};
+}
+
+FieldNote& NoteOf(EntryScreen& screen, QLatin1StringView field)
+{
+    for (const auto& box : screen.Boxes())
+        if (box->row.field == field)
+            return *box->note;
+    throw std::out_of_range("no such box");
+}
+
+TEST_F(Entry, WhatADateIsTakenForIsSaidBesideIt)
+{
+    struct Row
+    {
+        QString typed, shown, words;
+    };
+    const QString pending = u"\" is not understood as a date; it counts as 1/1/1900, a pending sale."_s;
+    const Row rows[] = {
+        {u"13/45/2026"_s, u"1/1/1900"_s, u"\"13/45/2026"_s + pending},
+        {u"soon"_s, u"1/1/1900"_s, u"\"soon"_s + pending},
+        {u"3/7"_s, u"1/1/1900"_s, u"\"3/7"_s + pending},
+        {u"7/3/2030"_s, u"7/3/2030"_s,
+         u"7/3/2030 lies in a year to come; it counts as 01/01/1900, a pending sale."_s},
+        {u"7/3/1830"_s, u"7/3/1830"_s, u"7/3/1830 lies before 1900; it counts as 01/01/1900, a pending sale."_s},
+        {u"30/3/04"_s, u"30/3/04"_s, u"\"30/3/04\" is read as 3/4/1930."_s},
+        {u"25/3/2004"_s, u"25/3/2004"_s, u"\"25/3/2004\" is read as 3/25/2004."_s},
+        {u"3/2004"_s, u"3/2004"_s, u"\"3/2004\" is read as 3/1/2004."_s},
+        {u"03/08/2004"_s, u"03/08/2004"_s, QString()},
+        {u"3/8/04"_s, u"3/8/04"_s, QString()},
+        {u"01/01/1900"_s, u"01/01/1900"_s, QString()},
+        {u"pending"_s, u"1/1/1900"_s, QString()},
+        {QString(), u"1/1/1900"_s, QString()}};
+    doubles.prompter.AnswerAlways(forms::Answer::Yes);
+    for (const Row& row : rows) {
+        Show([&](EntryScreen& screen) {
+            Type(screen, "SALEDATE"_L1, row.typed);
+            EXPECT_EQ(screen.Box("SALEDATE"_L1)->Text(), row.shown) << row.typed.toStdString();
+            EXPECT_EQ(Note(screen, "SALEDATE"_L1), row.words);
+            EXPECT_EQ(NoteOf(screen, "SALEDATE"_L1).back.Visible(),
+                      !row.words.isEmpty() && row.shown != row.typed);
+            Q_EMIT screen.Box("SALEDATE"_L1)->GotFocus(); // passing through says nothing new
+            Q_EMIT screen.Box("SALEDATE"_L1)->LostFocus();
+            EXPECT_EQ(Note(screen, "SALEDATE"_L1), row.words);
+            Click(screen.cmdCancel);
+        });
+    }
+    Show(
+        [](EntryScreen& screen) {
+            Type(screen, "LEASEDATE"_L1, u"never"_s);
+            EXPECT_EQ(Note(screen, "LEASEDATE"_L1),
+                      u"\"never\" is not understood as a date; it counts as 1/1/1900, no lease date."_s);
+            Click(screen.cmdCancel);
+        },
+        u"R"_s);
+}
+
+TEST_F(Entry, TheTypedDateIsBroughtBackByButtonAndKey)
+{
+    doubles.prompter.AnswerAlways(forms::Answer::Yes);
+    Show([this](EntryScreen& screen) {
+        forms::TextBox& box = *screen.Box("SALEDATE"_L1);
+        int focus = 0;
+        QObject::connect(&box, &forms::Control::FocusWanted, &box, [&focus] { ++focus; });
+        for (const bool saved : {false, true})
+            for (const bool key : {false, true}) {
+                Type(screen, "SALEDATE"_L1, u"13/45/2026"_s);
+                if (saved) {
+                    Click(screen.cmdSave);
+                    EXPECT_EQ(Field(u"SALEDATE"_s), u"01/01/1900"_s);
+                    EXPECT_EQ(box.Text(), u"01/01/1900"_s);
+                }
+                EXPECT_TRUE(NoteOf(screen, "SALEDATE"_L1).back.Visible());
+                EXPECT_TRUE(NoteOf(screen, "SALEDATE"_L1).back.ToolTipText().contains(u"13/45/2026"_s));
+                focus = 0;
+                if (key) {
+                    bool handled = false;
+                    Q_EMIT box.KeyPressed(forms::kKeyZ, forms::kCtrlMask, handled);
+                    EXPECT_TRUE(handled);
+                } else {
+                    Click(NoteOf(screen, "SALEDATE"_L1).back);
+                }
+                EXPECT_EQ(box.Text(), u"13/45/2026"_s);
+                EXPECT_EQ(focus, 1);
+                EXPECT_EQ(Note(screen, "SALEDATE"_L1), QString());
+                bool handled = false;
+                Q_EMIT box.KeyPressed(forms::kKeyZ, forms::kCtrlMask, handled);
+                EXPECT_FALSE(handled) << "nothing to bring back: the widget undoes";
+                Type(screen, "SALEDATE"_L1, u"3/9/2004"_s);
+                EXPECT_EQ(Note(screen, "SALEDATE"_L1), QString());
+            }
+        Click(screen.cmdCancel);
+    });
+}
+
+TEST_F(Entry, ADateThatStandsAsTypedIsBroughtBackOnlyOnceItIsStored)
+{
+    doubles.prompter.AnswerAlways(forms::Answer::Yes);
+    for (const auto& [typed, stored] :
+         {std::pair{u"30/3/04"_s, u"3/4/1930"_s}, {u"7/3/2030"_s, u"01/01/1900"_s}})
+        Show([&, typed = typed, stored = stored](EntryScreen& screen) {
+            forms::TextBox& box = *screen.Box("SALEDATE"_L1);
+            Type(screen, "SALEDATE"_L1, typed);
+            bool handled = true;
+            Q_EMIT box.KeyPressed(forms::kKeyZ, forms::kCtrlMask, handled);
+            EXPECT_FALSE(handled);
+            Click(screen.cmdSave);
+            EXPECT_EQ(box.Text(), stored);
+            EXPECT_NE(Note(screen, "SALEDATE"_L1), QString());
+            Q_EMIT box.KeyPressed(forms::kKeyZ, forms::kCtrlMask, handled);
+            EXPECT_TRUE(handled);
+            EXPECT_EQ(box.Text(), typed);
+            Click(screen.cmdCancel);
+        });
+}
+
+TEST_F(Entry, LeavingWithADateThatIsNoneAsksFirst)
+{
+    Show([this](EntryScreen& screen) {
+        screen.Box("SALEDATE"_L1)->SetText(u"13/45/2026"_s); // Alt+X leaves no box
+        doubles.prompter.Answer(forms::Answer::No);
+        Click(screen.cmdExit);
+        EXPECT_EQ(doubles.prompter.Last(),
+                  (tests::ShownBox{forms::Buttons::YesNo, forms::Icon::Question, u"Vasclip"_s,
+                                   u"Sale Date: \"13/45/2026\" is not understood as a date; it counts as 1/1/1900, a "
+                                   u"pending sale.\n\nDo you want to store that and leave?"_s}));
+        EXPECT_TRUE(screen.IsOpen());
+        EXPECT_EQ(screen.Box("SALEDATE"_L1)->Text(), u"13/45/2026"_s) << "to be put right";
+        EXPECT_EQ(Field(u"SALEDATE"_s), u"3/7/2004"_s);
+        doubles.prompter.Answer(forms::Answer::Yes);
+        Click(screen.cmdExit);
+        EXPECT_FALSE(screen.IsOpen());
+    });
+    EXPECT_EQ(Field(u"SALEDATE"_s), u"01/01/1900"_s);
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 2U);
+    Show([](EntryScreen& screen) { // the record is pending already: what was typed is lost all the same
+        Type(screen, "SALEDATE"_L1, u"13/45/2026"_s);
+        Click(screen.cmdSave);
+        Click(screen.cmdExit);
+        EXPECT_FALSE(screen.IsOpen()) << "what was stored and told is not asked about again";
+    });
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 2U);
+}
+
+TEST_F(Entry, TheLoadDateSaysWhatExitMakesOfIt)
+{
+    Show([this](EntryScreen& screen) {
+        doubles.screens.Play([this](forms::Screen& shown) {
+            auto& second = dynamic_cast<EntryScreen&>(shown);
+            Type(second, "LOADDATE"_L1, u"13/2/4"_s);
+            EXPECT_EQ(Note(second, "LOADDATE"_L1), u"\"13/2/4\" is read as 2/4/2013."_s);
+            second.Box("LOADDATE"_L1)->SetText(u"last week"_s);
+            EXPECT_EQ(Note(second, "LOADDATE"_L1), QString()) << "the words were about the other text";
+            Click(*second.cmdPage1); // by its key
+            EXPECT_FALSE(second.IsOpen());
+        });
+        Click(*screen.cmdPage2);
+        doubles.screens.Play([](forms::Screen& shown) {
+            auto& second = dynamic_cast<EntryScreen&>(shown);
+            EXPECT_EQ(Note(second, "LOADDATE"_L1),
+                      u"\"last week\" is not understood as a date; Exit makes it the day of today, 5/17/2024."_s);
+            Click(*second.cmdPage1);
+        });
+        Click(*screen.cmdPage2);
+        doubles.prompter.Answer(forms::Answer::Yes);
+        Click(screen.cmdExit);
+    });
+    EXPECT_TRUE(doubles.prompter.Last().text.startsWith(u"Load Date: \"last week\""_s));
+    EXPECT_EQ(Field(u"LOADDATE"_s), u"5/17/2024"_s);
+}
+
+TEST_F(Entry, ANumberIsCleanedOrRefusedWhenItsBoxIsLeft)
+{
+    Show([](EntryScreen& screen) {
+        forms::TextBox& price = *screen.Box("SELLINGPR"_L1);
+        Type(screen, "SELLINGPR"_L1, u"$320,000"_s);
+        EXPECT_EQ(price.Text(), u"320000"_s);
+        EXPECT_EQ(screen.lblPriceGla.Caption(), u"200."_s);
+        EXPECT_EQ(Note(screen, "SELLINGPR"_L1), QString());
+        Type(screen, "SELLINGPR"_L1, u"320K"_s);
+        EXPECT_EQ(price.Text(), u"320K"_s);
+        EXPECT_EQ(Note(screen, "SELLINGPR"_L1),
+                  u"\"320K\" is no price. Type digits, such as 250000 or 250,000.50."_s);
+        EXPECT_FALSE(NoteOf(screen, "SELLINGPR"_L1).back.Visible()) << "the text still stands";
+        price.SetText(u"320"_s);
+        EXPECT_EQ(Note(screen, "SELLINGPR"_L1), QString());
+        Type(screen, "GLA"_L1, u"big"_s);
+        EXPECT_EQ(Note(screen, "GLA"_L1), u"\"big\" is no area. Type digits, such as 1600 or 1,600."_s);
+        screen.Box("GLA"_L1)->SetText(u"1600"_s);
+        price.SetText(u"250000"_s);
+        Click(screen.cmdCancel);
+        EXPECT_FALSE(screen.IsOpen());
+    });
+}
+
 TEST_F(Entry, AnEmptySaleDateIsStoredAsPending)
 {
     Show([](EntryScreen& screen) {
@@ -282,6 +486,7 @@ TEST_F(Entry, AnEmptySaleDateIsStoredAsPending)
 
 TEST_F(Entry, DatesInTheirManyRightForms)
 {
+    doubles.prompter.AnswerAlways(forms::Answer::Yes); // to leave with a date to come
     const std::pair<QString, QString> rows[] = {
         {u"03/09/2004"_s, u"3/9/2004"_s}, {u"March 9, 2004"_s, u"3/9/2004"_s},
         {u"9-Mar-04"_s, u"3/9/2004"_s},   {u"2004-03-09"_s, u"3/9/2004"_s},
@@ -345,12 +550,195 @@ TEST_F(Entry, RentalsKeepTheirLeaseDate)
     EXPECT_EQ(Field(u"AGE"_s), u"12"_s);
     EXPECT_EQ(Field(u"SELLINGPR"_s), u"250000"_s) << "not on this form";
     Show(
-        [](EntryScreen& screen) {
+        [this](EntryScreen& screen) {
             Type(screen, "LEASEDATE"_L1, u"never"_s);
+            doubles.prompter.Answer(forms::Answer::Yes);
             Click(screen.cmdExit);
         },
         u"R"_s);
     EXPECT_EQ(Field(u"LEASEDATE"_s), u"01/01/1900"_s);
+}
+
+/// Every field of the record, so that a stray write shows wherever it lands.
+TEST_F(Entry, WhatWasNotTouchedKeepsItsTextOnEveryScreen)
+{
+    const std::pair<QString, QString> odd[] = {{u"LEASEDATE"_s, u"month to month"_s},
+                                               {u"SALEDATE"_s, u"not yet"_s},
+                                               {u"SALESERIAL"_s, u"36000"_s},
+                                               {u"SELLINGPR"_s, u"250000.00"_s},
+                                               {u"GLA"_s, u"n/a"_s},
+                                               {u"AGE"_s, u"new"_s},
+                                               {u"CONTRKDATE"_s, u"13/45/2026"_s},
+                                               {u"PRICEGLA"_s, u"0"_s}};
+    for (const auto& [field, value] : odd)
+        Elsewhere(field, value);
+    const auto all = [this] {
+        QMap<QString, QString> values;
+        for (const store::CompsColumn& column : store::CompsColumns())
+            if (column.size > 0)
+                values.insert(QString(column.name), Field(QString(column.name)));
+        values.remove(u"MODIFIEDDATE"_s);
+        return values;
+    };
+    const QMap<QString, QString> before = all();
+    for (const QString& type : {u"F"_s, u"C"_s, u"S"_s, u"R"_s, u"L"_s, u"M"_s})
+        for (const bool walked : {false, true})
+            for (const bool second : {false, true}) {
+                Show(
+                    [&](EntryScreen& screen) {
+                        const auto walk = [walked](EntryScreen& page) {
+                            for (const auto& box : page.Boxes())
+                                if (walked) {
+                                    Q_EMIT box->box.GotFocus();
+                                    Q_EMIT box->box.LostFocus();
+                                }
+                        };
+                        walk(screen);
+                        if (second) {
+                            doubles.screens.Play([&](forms::Screen& shown) {
+                                walk(dynamic_cast<EntryScreen&>(shown));
+                                Click(dynamic_cast<EntryScreen&>(shown).cmdExit);
+                            });
+                            Click(*screen.cmdPage2);
+                        } else {
+                            Click(screen.cmdExit);
+                        }
+                        EXPECT_FALSE(screen.IsOpen());
+                    },
+                    type);
+                const QMap<QString, QString> after = all();
+                for (auto field = before.cbegin(); field != before.cend(); ++field)
+                    EXPECT_EQ(after.value(field.key()), field.value())
+                        << field.key().toStdString() << " on " << type.toStdString();
+            }
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(Entry, AnUntouchedLeaseDateIsTheSaleDateOnlyWhereThereIsNone)
+{
+    Elsewhere(u"LEASEDATE"_s, u"5/6/2003"_s);
+    const auto leave = [](EntryScreen& screen) { Click(screen.cmdExit); };
+    Show(leave, u"R"_s);
+    EXPECT_EQ(Field(u"SALEDATE"_s), u"3/7/2004"_s);
+    EXPECT_EQ(Field(u"SALESERIAL"_s).trimmed(), u"38053"_s);
+    Elsewhere(u"SALEDATE"_s, u" "_s);
+    Show(leave, u"R"_s);
+    EXPECT_EQ(Field(u"SALEDATE"_s), u"5/6/2003"_s);
+    EXPECT_EQ(Field(u"SALESERIAL"_s).trimmed(), u"37747"_s);
+    Elsewhere(u"SALEDATE"_s, u" "_s);
+    Elsewhere(u"LEASEDATE"_s, u"month to month"_s);
+    Show(leave, u"R"_s);
+    EXPECT_EQ(Field(u"SALEDATE"_s), u"01/01/1900"_s);
+    EXPECT_EQ(Field(u"LEASEDATE"_s), u"month to month"_s);
+    Elsewhere(u"SALEDATE"_s, u" "_s);
+    Show(leave, u"F"_s);
+    EXPECT_EQ(Field(u"SALEDATE"_s), u"01/01/1900"_s) << "blank is a pending sale on every screen";
+}
+
+TEST_F(Entry, ExitPutsTheSerialsRight)
+{
+    Elsewhere(u"LOADSERIAL"_s, u"7"_s);
+    Elsewhere(u"SALESERIAL"_s, u"7"_s);
+    Show([](EntryScreen& screen) { Click(screen.cmdExit); });
+    EXPECT_EQ(Field(u"LOADSERIAL"_s), u" 38078"_s) << "of the load date that was there";
+    EXPECT_EQ(Field(u"SALESERIAL"_s), u" 38053"_s);
+}
+
+TEST_F(Entry, PricesAndAreasAreStoredAsPlainNumbersOnBothRoads)
+{
+    struct Row
+    {
+        QString price, gla, storedPrice, storedGla, perArea;
+    };
+    for (const Row& row : {Row{u"$320,000"_s, u"1,600"_s, u"320000"_s, u"1600"_s, u"200."_s},
+                           Row{u"250000.00"_s, u"1600 sf"_s, u"250000.00"_s, u"1600"_s, u"156.25"_s},
+                           Row{u"$ 1,250,000"_s, u"2,500 Sq. Ft."_s, u"1250000"_s, u"2500"_s, u"500."_s},
+                           Row{u"99999.50"_s, u"2000."_s, u"99999.50"_s, u"2000"_s, u"50."_s}}) {
+        for (const bool exit : {false, true}) {
+            Show([&](EntryScreen& screen) {
+                screen.Box("SELLINGPR"_L1)->SetMaxLength(0);
+                screen.Box("GLA"_L1)->SetMaxLength(0);
+                screen.Box("SELLINGPR"_L1)->SetText(row.price);
+                screen.Box("GLA"_L1)->SetText(row.gla);
+                Click(exit ? screen.cmdExit : screen.cmdSave);
+                EXPECT_EQ(screen.IsOpen(), !exit) << screen.lblmsg.Caption().toStdString();
+            });
+            EXPECT_EQ(Field(u"SELLINGPR"_s), row.storedPrice);
+            EXPECT_EQ(Field(u"GLA"_s), row.storedGla);
+            EXPECT_EQ(Field(u"PRICEGLA"_s), row.perArea);
+            const auto found = engine.OpenDatabase(path)->OpenRecordset(
+                u"SELECT * FROM COMPS WHERE SELLINGPR BETWEEN 99000 AND 1300000"_s, engine::RecordsetType::Dynaset);
+            EXPECT_EQ(found->RecordCount(), 1) << row.price.toStdString();
+            Elsewhere(u"SELLINGPR"_s, u"1"_s);
+            Elsewhere(u"GLA"_s, u"1"_s);
+        }
+    }
+}
+
+TEST_F(Entry, WhatIsNoNumberIsRefusedAtItsField)
+{
+    const std::pair<QLatin1StringView, QString> rows[] = {
+        {"SELLINGPR"_L1, u"250K"_s},      {"SELLINGPR"_L1, u"2,50"_s},  {"SELLINGPR"_L1, u"250.000"_s},
+        {"SELLINGPR"_L1, u"about 3"_s},   {"SELLINGPR"_L1, u"$"_s},     {"SELLINGPR"_L1, u"1-2"_s},
+        {"SELLINGPR"_L1, u"1600 sf"_s},   {"GLA"_L1, u"12x14"_s},       {"GLA"_L1, u"1600 acres"_s},
+        {"GLA"_L1, u"1600 or so"_s}};
+    for (const auto& [field, text] : rows) {
+        Show([&, field = field, text = text](EntryScreen& screen) {
+            forms::TextBox& box = *screen.Box(field);
+            int focus = 0;
+            QObject::connect(&box, &forms::Control::FocusWanted, &box, [&focus] { ++focus; });
+            Type(screen, "CITY"_L1, u"Marlow"_s);
+            box.SetMaxLength(0);
+            box.SetText(text);
+            for (forms::Button* button : {&screen.cmdSave, &screen.cmdExit}) {
+                focus = 0;
+                Click(*button);
+                EXPECT_TRUE(screen.IsOpen());
+                EXPECT_EQ(focus, 1) << text.toStdString();
+                EXPECT_TRUE(screen.lblmsg.Caption().startsWith(
+                    u"Nothing was stored: \"%1\" is no %2."_s.arg(text, field == "GLA"_L1 ? u"area"_s : u"price"_s)))
+                    << screen.lblmsg.Caption().toStdString();
+                EXPECT_EQ(screen.lblmsg.Fore(), forms::Colour::Red);
+                EXPECT_EQ(box.Text(), text) << "what was typed stays";
+            }
+            EXPECT_EQ(Field(u"CITY"_s), u"Ferndale"_s) << "all or nothing";
+            doubles.prompter.AnswerAlways(forms::Answer::Yes);
+            Click(screen.cmdCancel);
+        });
+    }
+}
+
+TEST_F(Entry, APriceIsRefusedFromTheSecondPageToo)
+{
+    doubles.prompter.AnswerAlways(forms::Answer::Yes);
+    Show([this](EntryScreen& screen) {
+        screen.Box("SELLINGPR"_L1)->SetText(u"250K"_s);
+        doubles.screens.Play([](forms::Screen& shown) {
+            auto& second = dynamic_cast<EntryScreen&>(shown);
+            Click(second.cmdExit);
+            EXPECT_TRUE(second.IsOpen());
+            EXPECT_TRUE(second.lblmsg.Caption().contains(u"\"250K\" is no price"_s));
+            Click(*second.cmdPage1);
+        });
+        Click(*screen.cmdPage2);
+        EXPECT_TRUE(screen.IsOpen());
+        Click(screen.cmdCancel);
+    });
+    EXPECT_EQ(Field(u"SELLINGPR"_s), u"250000"_s);
+}
+
+TEST_F(Entry, AnAgeWithAPointIsANumberAndNotItsDigits)
+{
+    for (const QString& type : {u"F"_s, u"R"_s}) {
+        Show(
+            [](EntryScreen& screen) {
+                Type(screen, "AGE"_L1, u"12.5"_s);
+                Click(screen.cmdExit);
+            },
+            type);
+        EXPECT_EQ(Field(u"AGE"_s), u"12.5"_s) << type.toStdString();
+        Elsewhere(u"AGE"_s, u"1"_s);
+    }
 }
 
 TEST_F(Entry, RentalAgeTakesTheNumbersOfTheFirstFour)
@@ -582,7 +970,7 @@ TEST_F(Entry, EveryFieldTakesEveryKindOfText)
             QHash<QString, QString> typed;
             const auto fill = [&](EntryScreen& screen) {
                 for (const auto& box : screen.Boxes()) {
-                    if (box->box.Locked() || box->row.kind == EntryKind::Date)
+                    if (box->box.Locked() || box->row.kind == EntryKind::Date || WantsNumber(box->field))
                         continue;
                     Q_EMIT box->box.GotFocus();
                     box->box.SetText(sample);

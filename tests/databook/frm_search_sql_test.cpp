@@ -2,6 +2,7 @@
 
 #include "databook/frm_calendar.h"
 #include "databook/messages.h"
+#include "forms/keys.h"
 #include "platform/files/profile.h"
 #include "support/databook_home.h"
 
@@ -482,7 +483,7 @@ TEST_F(SearchScreen, EveryFieldTakesEveryKindOfText)
                                u"a\tb\x01 c\r\n"_s,
                                u"100% \"x\" _ ; --"_s,
                                u"zz*?#[!a-z]"_s,
-                               u"[never closed"_s,
+                               u"[n]ever closed"_s,
                                u"   "_s};
     for (const SearchField& field : SearchFields()) {
         for (const QString& sample : samples) {
@@ -555,6 +556,84 @@ TEST_F(SearchScreen, AFailedSearchKeepsTheOneBefore)
     EXPECT_EQ(desk.state.sqlText, statement);
     EXPECT_TRUE(desk.state.searchOnDisplay);
     EXPECT_EQ(Shown(), QStringList({u"22 FERRY RD"_s, u"114 OAK ST"_s}));
+}
+
+TEST_F(SearchScreen, WhatADateIsTakenForIsSaidBesideItAndCanBeBroughtBack)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    struct Row
+    {
+        QString typed, fixed, words;
+    };
+    const QString none = u"; it counts as 01/01/1900"_s;
+    for (const Row& row :
+         {Row{u"13/45/2026"_s, u"01/01/1900"_s, u"\"13/45/2026\" is not understood as a date"_s + none},
+          Row{u"soon"_s, u"01/01/1900"_s, u"\"soon\" is not understood as a date"_s + none},
+          Row{u"2/30"_s, u"2/1/1930"_s, u"\"2/30\" is read as 2/1/1930"_s},
+          Row{u"13/2/4"_s, u"2/4/2013"_s, u"\"13/2/4\" is read as 2/4/2013"_s},
+          Row{u"3/7/2099"_s, u"01/01/1900"_s, u"3/7/2099 lies in a year to come"_s + none},
+          Row{u"03/07/2004"_s, u"3/7/2004"_s, QString()}, Row{QString(), QString(), QString()}})
+        for (const SearchBox& box : screen.Boxes()) {
+            if (box.row.kind != SearchKind::Date)
+                continue;
+            auto& value = dynamic_cast<forms::TextBox&>(*box.value);
+            const QString means =
+                row.words.endsWith(none) && box.row.field == "SALEDATE"_L1 ? u", a pending sale"_s : QString();
+            const QString words = row.words.isEmpty() ? QString() : row.words + means + u'.';
+            for (const bool key : {false, true}) {
+                value.SetText(row.typed);
+                Q_EMIT value.LostFocus();
+                Q_EMIT value.LostFocus(); // passing through once more
+                EXPECT_EQ(value.Text(), row.fixed);
+                EXPECT_EQ(box.note->label.Caption(), words);
+                EXPECT_EQ(box.note->label.Visible(), !words.isEmpty());
+                EXPECT_EQ(box.note->back.Visible(), !words.isEmpty());
+                int focus = 0;
+                const auto counting =
+                    QObject::connect(&value, &forms::Control::FocusWanted, &value, [&focus] { ++focus; });
+                bool handled = false;
+                if (key)
+                    Q_EMIT value.KeyPressed(forms::kKeyZ, forms::kCtrlMask, handled);
+                else if (!words.isEmpty())
+                    Q_EMIT box.note->back.Clicked();
+                EXPECT_EQ(handled, key && !words.isEmpty());
+                EXPECT_EQ(value.Text(), words.isEmpty() ? row.fixed : row.typed);
+                EXPECT_FALSE(box.note->label.Visible());
+                EXPECT_EQ(focus, words.isEmpty() ? 0 : 1);
+                QObject::disconnect(counting);
+            }
+        }
+}
+
+TEST_F(SearchScreen, EnterInADateSaysTheSame)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    screen.SetText(u"txtSaleDate"_s, u"13/45/2026"_s);
+    Press(screen.cmdSearch);
+    EXPECT_TRUE(screen.lblSQL.Caption().contains(u">=#01/01/1900#"_s));
+    const auto* note = dynamic_cast<forms::Label*>(screen.controls.Find(u"lblSaleDateNote"_s));
+    ASSERT_NE(note, nullptr);
+    EXPECT_TRUE(note->Caption().startsWith(u"\"13/45/2026\" is not understood"_s));
+    Press(screen.cmdClear);
+    EXPECT_FALSE(note->Visible());
+}
+
+TEST_F(SearchScreen, AnOpenBracketIsSaidAndNotAnEmptyAnswer)
+{
+    frm_SearchSQL screen(Base());
+    screen.Open();
+    screen.SetText(u"cboAddr"_s, u"[oak"_s);
+    try {
+        Press(screen.cmdSearch);
+        ADD_FAILURE() << "taken";
+    } catch (const RuntimeError& failure) { // the window's guard tells it
+        EXPECT_EQ(failure.Number(), error::kSyntax);
+        EXPECT_TRUE(failure.Description().contains(u"a \"[\" that no \"]\" closes"_s))
+            << failure.Description().toStdString();
+    }
+    EXPECT_EQ(Shown().size(), 3) << "the grid stays";
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDir>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -17,6 +18,8 @@
 #include <QScrollBar>
 #include <QSettings>
 #include <QTest>
+#include <QToolButton>
+#include <QWindow>
 
 // The window of every entry screen, on a comp of a Databook.
 
@@ -179,6 +182,126 @@ TEST_F(EntryWindows, LeavingTheSaleDateMakesItADate)
     EXPECT_EQ(date->text(), u"1/1/1900"_s);
 }
 
+/// A date typed with the keys and left with Tab.
+void TypeDate(QWidget& box, const QString& text)
+{
+    box.setFocus();
+    QCoreApplication::processEvents();
+    static_cast<QLineEdit&>(box).selectAll();
+    QTest::keyClicks(&box, text);
+    QTest::keyClick(&box, Qt::Key_Tab);
+    QCoreApplication::processEvents();
+}
+
+TEST_F(EntryWindows, EveryDateSaysAtOnceWhatBecameOfItAndGivesItBack)
+{
+    int dates = 0;
+    for (const databook::EntryForm& form : databook::EntryForms()) {
+        Shown shown(*this, form);
+        shown.window->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(shown.window.get()));
+        for (const auto& box : shown.screen.Boxes()) {
+            if (box->row.kind != databook::EntryKind::Date)
+                continue;
+            SCOPED_TRACE(form.screen.data() + (" " + box->field.toStdString()));
+            ++dates;
+            const QString stem = box->box.ObjectName().mid(3);
+            auto* edit = shown.window->findChild<QLineEdit*>(box->box.ObjectName());
+            auto* words = shown.window->findChild<QLabel*>(u"lbl"_s + stem + u"Note"_s);
+            auto* back = shown.window->findChild<QToolButton*>(u"cmd"_s + stem + u"Back"_s);
+            ASSERT_TRUE(edit && words && back);
+            EXPECT_FALSE(words->isVisible());
+            EXPECT_FALSE(back->isVisible());
+
+            TypeDate(*edit, u"13/45/2026"_s);
+            EXPECT_TRUE(words->isVisible());
+            EXPECT_TRUE(words->text().startsWith(u"\"13/45/2026\" is not understood as a date;"_s))
+                << words->text().toStdString();
+            const int gap = words->mapTo(shown.window.get(), QPoint()).y() -
+                            edit->mapTo(shown.window.get(), QPoint(0, edit->height())).y();
+            EXPECT_GE(gap, 0);
+            EXPECT_LE(gap, edit->height()) << "right below its box";
+            EXPECT_GE(words->height(), words->heightForWidth(words->width())) << "nothing is cut off";
+
+            if (box->field == "LOADDATE"_L1) { // which keeps its text until the screen is left
+                EXPECT_EQ(edit->text(), u"13/45/2026"_s);
+                EXPECT_FALSE(back->isVisible());
+                continue;
+            }
+            QTest::mouseClick(back, Qt::LeftButton);
+            QCoreApplication::processEvents();
+            EXPECT_EQ(edit->text(), u"13/45/2026"_s);
+            EXPECT_TRUE(edit->hasFocus());
+            EXPECT_FALSE(words->isVisible());
+
+            QTest::keyClick(edit, Qt::Key_Tab);
+            QCoreApplication::processEvents();
+            EXPECT_TRUE(words->isVisible()) << "still no date";
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+            QCoreApplication::processEvents();
+            EXPECT_TRUE(edit->hasFocus());
+            QTest::keyClick(edit, Qt::Key_Z, Qt::ControlModifier);
+            QCoreApplication::processEvents();
+            EXPECT_EQ(edit->text(), u"13/45/2026"_s);
+            EXPECT_FALSE(words->isVisible());
+            QTest::keyClick(edit, Qt::Key_End);
+            QTest::keyClick(edit, Qt::Key_Backspace);
+            QTest::keyClicks(edit, u"z"_s);
+            EXPECT_EQ(edit->text(), u"13/45/202z"_s) << "the letter alone is a letter";
+        }
+    }
+    EXPECT_EQ(dates, 7) << "one on each screen";
+}
+
+/// The words push down what stands below them: a button that was pressed meanwhile is pressed all the same.
+TEST_F(EntryWindows, ThePressThatLeavesADateStillReachesItsButton)
+{
+    Shown shown(*this, databook::EntryForms().front());
+    shown.window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(shown.window.get()));
+    auto* date = shown.window->findChild<QLineEdit*>(u"txtSaleDate"_s);
+    date->setFocus();
+    QCoreApplication::processEvents();
+    date->selectAll();
+    QTest::keyClicks(date, u"13/45/2026"_s);
+    auto* save = shown.window->findChild<QPushButton*>(u"cmdSave"_s);
+    QWindow* window = shown.window->windowHandle();
+    const QPoint at = save->mapTo(shown.window.get(), save->rect().center());
+    QTest::mousePress(window, Qt::LeftButton, {}, at);
+    QTest::qWait(20); // the window lays itself out anew
+    QTest::mouseRelease(window, Qt::LeftButton, {}, at);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(shown.screen.lblmsg.Caption(), u"The record was saved."_s);
+    EXPECT_EQ(date->text(), u"01/01/1900"_s);
+    auto* words = shown.window->findChild<QLabel*>(u"lblSaleDateNote"_s);
+    EXPECT_TRUE(words->isVisible()) << "what was stored is not what was typed";
+    auto* back = shown.window->findChild<QToolButton*>(u"cmdSaleDateBack"_s);
+    QTest::mouseClick(window, Qt::LeftButton, {}, back->mapTo(shown.window.get(), back->rect().center()));
+    EXPECT_EQ(date->text(), u"13/45/2026"_s);
+}
+
+TEST_F(EntryWindows, APriceThatIsNoneIsSaidBesideItAndKeepsTheFocus)
+{
+    Shown shown(*this, databook::EntryForms().front());
+    shown.window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(shown.window.get()));
+    auto* price = shown.window->findChild<QLineEdit*>(u"txtSellingPr"_s);
+    TypeDate(*price, u"250K"_s);
+    EXPECT_EQ(price->text(), u"250K"_s);
+    auto* words = shown.window->findChild<QLabel*>(u"lblSellingPrNote"_s);
+    EXPECT_TRUE(words->isVisible());
+    EXPECT_FALSE(shown.window->findChild<QToolButton*>(u"cmdSellingPrBack"_s)->isVisible());
+    QTest::mouseClick(shown.window->findChild<QPushButton*>(u"cmdExit"_s), Qt::LeftButton);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(shown.screen.IsOpen());
+    EXPECT_TRUE(price->hasFocus());
+    QTest::keyClicks(price, u"$250,000"_s);
+    QTest::keyClick(price, Qt::Key_Tab);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(price->text(), u"250000"_s);
+    EXPECT_FALSE(words->isVisible());
+}
+
 TEST_F(EntryWindows, PicturesForEyes)
 {
     const QString wish = qEnvironmentVariable("VASCLIP_SHOTS");
@@ -194,6 +317,17 @@ TEST_F(EntryWindows, PicturesForEyes)
             shown.window->show();
             QTest::qWait(30);
             EXPECT_TRUE(shown.window->grab().save(u"%1/%2-%3.png"_s.arg(out, form.screen, name)));
+            for (const auto& [field, text] : {std::pair{"SALEDATE"_L1, u"13/45/2026"_s},
+                                              {"LEASEDATE"_L1, u"30/3/04"_s},
+                                              {"LOADDATE"_L1, u"last week"_s},
+                                              {"SELLINGPR"_L1, u"250K"_s},
+                                              {"GLA"_L1, u"big"_s}})
+                if (forms::TextBox* box = shown.screen.Box(field)) {
+                    box->SetText(text);
+                    Q_EMIT box->LostFocus();
+                }
+            QTest::qWait(30);
+            EXPECT_TRUE(shown.window->grab().save(u"%1/%2-notes-%3.png"_s.arg(out, form.screen, name)));
         }
         databook::frm_Calendar calendar(ports, u"Sale Date"_s, QDate(2004, 3, 7));
         ScreenWindow window(calendar, guard);

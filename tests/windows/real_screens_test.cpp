@@ -31,12 +31,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
-#include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSettings>
 #include <QTest>
+#include <QToolButton>
 
 // Every window against the screen that it belongs to.
 
@@ -224,6 +225,52 @@ TEST_F(RealScreens, TheSearchShowsEveryControlAndListsAMillionLinesAsItShowsThem
     EXPECT_FALSE(range->isVisible());
     search.SetText(u"txtPrice"_s, u"1"_s);
     EXPECT_TRUE(range->isVisible());
+}
+
+/// The press that leaves the date makes its words appear: what was pressed must not run away from the pointer.
+TEST_F(RealScreens, ADateOfTheSearchSaysWhatItIsReadAsAndMovesNothing)
+{
+    shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+    databook::GridRows rows(main.sources.datsql);
+    const forms::Ports shown = ports.Get();
+    databook::frm_SearchSQL search({shown, home.disk, main.globals, main.records, main.sources.datsql, rows});
+    search.Open();
+    ScreenWindow window(search, guard);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    int order = 0;
+    for (const QString& stem : {u"SaleDate"_s, u"LoadDate"_s}) {
+        SCOPED_TRACE(stem.toStdString());
+        auto* edit = window.findChild<QLineEdit*>(u"txt"_s + stem);
+        auto* words = window.findChild<QLabel*>(u"lbl%1Note"_s.arg(stem));
+        auto* back = window.findChild<QToolButton*>(u"cmd%1Back"_s.arg(stem));
+        ASSERT_TRUE(edit && words && back);
+        edit->setFocus();
+        QApplication::processEvents();
+        QTest::keyClicks(edit, u"13/45/2026"_s);
+        auto* option = window.findChild<QRadioButton*>(u"optSort_%1"_s.arg(++order));
+        const QPoint at = option->mapTo(&window, QPoint(12, option->height() / 2));
+        QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, at);
+        QTest::qWait(20);
+        EXPECT_TRUE(words->isVisible());
+        EXPECT_GE(words->height(), words->heightForWidth(words->width())) << "nothing is cut off";
+        QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, at);
+        EXPECT_TRUE(option->isChecked());
+        EXPECT_EQ(edit->text(), u"01/01/1900"_s);
+        EXPECT_TRUE(words->text().startsWith(u"\"13/45/2026\" is not understood as a date"_s));
+        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, back->mapTo(&window, back->rect().center()));
+        QApplication::processEvents();
+        EXPECT_EQ(edit->text(), u"13/45/2026"_s);
+        EXPECT_TRUE(edit->hasFocus());
+        QTest::keyClick(edit, Qt::Key_Tab);
+        QApplication::processEvents();
+        EXPECT_EQ(edit->text(), u"01/01/1900"_s);
+        edit->setFocus(Qt::TabFocusReason);
+        QApplication::processEvents();
+        QTest::keyClick(edit, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(edit->text(), u"13/45/2026"_s);
+        EXPECT_FALSE(words->isVisible());
+    }
 }
 
 TEST_F(RealScreens, EscEmptiesTheQuickFindBoxAndGoesToTheGrid)

@@ -203,6 +203,12 @@ TEST(Shots, TheSearchScreen)
         window.show();
         QTest::qWait(30);
         EXPECT_TRUE(window.grab().save(u"%1/search-%2.png"_s.arg(out, name)));
+        for (const auto& [box, text] : {std::pair{u"txtSaleDate"_s, u"13/45/2026"_s}, {u"txtLoadDate"_s, u"2/30"_s}}) {
+            screen.SetText(box, text);
+            Q_EMIT screen.Box(box)->LostFocus();
+        }
+        QTest::qWait(30);
+        EXPECT_TRUE(window.grab().save(u"%1/search-notes-%2.png"_s.arg(out, name)));
     }
     theme.Choose(ThemeChoice::System);
 }

@@ -1,0 +1,47 @@
+#include "databook/number_text.h"
+
+#include "databook/messages.h"
+
+#include <QRegularExpression>
+
+namespace vasclip::databook {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr auto kPrice = "SELLINGPR"_L1;
+constexpr auto kArea = "GLA"_L1;
+
+} // namespace
+
+bool WantsNumber(const QString& field)
+{
+    return field == kPrice || field == kArea;
+}
+
+std::optional<QString> PlainNumber(const QString& text, const QString& field)
+{
+    static const QRegularExpression kUnit(u"(sf|sqft|sq\\.ft\\.?|sq\\.?feet|squarefeet)$"_s,
+                                          QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression kNumber(u"^(-?)\\$?([0-9]*|[0-9]{1,3}(?:,[0-9]{3})+)(?:\\.([0-9]*))?$"_s);
+    QString typed = text;
+    typed.removeIf([](QChar letter) { return letter.isSpace(); });
+    if (typed.isEmpty())
+        return QString(u""_s);
+    if (field != kPrice)
+        typed.remove(kUnit);
+    const QRegularExpressionMatch parts = kNumber.match(typed);
+    const QString whole = parts.captured(2).remove(u',');
+    const QString decimals = parts.captured(3);
+    if (!parts.hasMatch() || (whole.isEmpty() && decimals.isEmpty()) || (field == kPrice && decimals.size() > 2))
+        return std::nullopt;
+    return parts.captured(1) + whole + (decimals.isEmpty() ? QString() : u'.' + decimals);
+}
+
+QString NoNumberText(const QString& text, const QString& field)
+{
+    return (field == kPrice ? kNoPrice : kNoArea).arg(text);
+}
+
+} // namespace vasclip::databook
