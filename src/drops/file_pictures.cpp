@@ -54,7 +54,7 @@ Outcome NotStored(const DropDesk& desk, const QString& picture)
 bool FileOne(DropDesk& desk, const Drag& drag, const QString& key, const QString& picture,
              const QString& viewSource, Outcome& outcome)
 {
-    const QString view = AskView(desk, viewSource, drag.index, picture);
+    const QString view = AskView(desk, viewSource, drag.index, picture, key);
     if (view.isEmpty())
         return false;
     desk.photos.PictureSaved = false;
@@ -109,7 +109,8 @@ Outcome FilePictureIntoSlot(DropDesk& desk, const Drag& drag, const DropRule& ru
     if (common::ParseFileName(picture).name.isEmpty())
         return {};
     const bool general = rule.action == DropAction::FileIntoGeneral;
-    if (general && AskView(desk, u"CBOGENERAL"_s, index, picture).isEmpty())
+    const QString whose = u"General photo %1 of the report"_s.arg(index);
+    if (general && AskView(desk, u"CBOGENERAL"_s, index, picture, whose).isEmpty())
         return {};
     forms::PictureBox& slot = SlotOf(link, rule.group, index).photo;
     if (!photos::FormatPictureNow(desk.photos, picture, slot))

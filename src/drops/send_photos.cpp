@@ -55,7 +55,7 @@ Outcome SendAskedView(DropDesk& drops, const QString& key, const DropRule& rule,
 {
     if (!TakeRecord(drops.link, key))
         return Gone(key);
-    const QString view = AskView(drops, u"CBOGENERAL"_s, index, FrontFile(drops.link));
+    const QString view = AskView(drops, u"CBOGENERAL"_s, index, FrontFile(drops.link), text::Trim(key));
     if (view.isEmpty())
         return {};
     return SendRecordView(drops, key, rule, index, view);

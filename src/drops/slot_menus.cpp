@@ -6,6 +6,7 @@
 #include "link/drop_comp.h"
 #include "link/slot_icons.h"
 #include "link/slot_photos.h"
+#include "photos/view_name.h"
 #include "platform/text/text.h"
 
 namespace vasclip::drops {
@@ -128,7 +129,7 @@ Outcome ObtainGeneral(DropDesk& desk, int index)
     link::LinkDesk& link = desk.link;
     if (!LinkStands(desk))
         return NoReport();
-    const QString view = text::Folded(link.report.cboGeneral(index).Text());
+    const QString view = photos::CleanView(text::Folded(link.report.cboGeneral(index).Text()));
     const QString key = text::Folded(link.report.txtSubject.Text());
     if (view.isEmpty() || !TakeRecord(link, key) || link.lists.lstViews.IndexOf(view) < 0) {
         link.ports.prompter.Box(u"Photo not present"_s, u"General Photo is not present in database"_s);

@@ -1,6 +1,7 @@
 #include "drops/view_rule.h"
 
 #include "link/general_text.h"
+#include "photos/view_name.h"
 #include "platform/text/text.h"
 
 #include <QScopedValueRollback>
@@ -17,14 +18,14 @@ QString ProposedView(const QString& source, int index, const QString& text)
     return name == "GEAMAPPHOTO"_L1 ? u"GENERAL VIEW"_s : u"FRONT VIEW"_s;
 }
 
-QString AskView(DropDesk& desk, const QString& source, int index, const QString& picture)
+QString AskView(DropDesk& desk, const QString& source, int index, const QString& picture, const QString& whose)
 {
     link::LinkDesk& link = desk.link;
     const bool general = text::Folded(source) == "CBOGENERAL"_L1;
     const QString now = general ? link.report.cboGeneral(index).Text() : QString();
     QString& view = desk.photos.CurrentView;
     view = ProposedView(source, index, now);
-    view = desk.photos.questions.View(picture, view);
+    view = photos::CleanView(desk.photos.questions.View(picture, view, whose));
     if (text::Folded(view).isEmpty() || text::Folded(view) == "CANCEL"_L1) {
         view.clear();
         return {};

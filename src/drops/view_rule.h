@@ -10,8 +10,9 @@ namespace vasclip::drops {
 /// Asks which view a picture is, with the proposal of its source; the answer stands in CurrentView.
 /// @param source   GEATHUMB, FILCAPTURE, CBOGENERAL, TXTVIEW, ...; of the last two the control takes the answer
 /// @param picture  path, may be empty
-/// @return the view; "" if the user gave up, and then nothing is taken
-QString AskView(DropDesk& desk, const QString& source, int index, const QString& picture);
+/// @param whose    what the picture belongs to or goes to, which the dialogue names
+/// @return the view as a record can hold it; "" if the user gave up, and then nothing is taken
+QString AskView(DropDesk& desk, const QString& source, int index, const QString& picture, const QString& whose);
 
 /// The view and the address of a general slot go to the report.
 void TellGeneral(DropDesk& desk, int index);

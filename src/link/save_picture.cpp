@@ -3,6 +3,7 @@
 #include "link/messages.h"
 #include "link/reporter.h"
 #include "photos/photo_records.h"
+#include "photos/view_name.h"
 #include "platform/text/text.h"
 
 namespace vasclip::link {
@@ -24,8 +25,9 @@ bool IsFiledSo(LinkDesk& desk, const QString& key, const QString& path, const QS
 
 } // namespace
 
-PictureOutcome SavePictureToDatabook(LinkDesk& desk, forms::PictureBox& slot, const QString& view)
+PictureOutcome SavePictureToDatabook(LinkDesk& desk, forms::PictureBox& slot, const QString& given)
 {
+    const QString view = photos::CleanView(given); // a report's caption can hold anything
     const QString key = text::Folded(desk.state.currentKey);
     if (key.isEmpty()) {
         desk.status.lblmsg.Show(messages::kBlankAddress, forms::Colour::Blue);

@@ -8,6 +8,7 @@
 #include "link/save_picture.h"
 #include "link/slot_icons.h"
 #include "link/transfer_jobs.h"
+#include "photos/view_name.h"
 #include "platform/text/text.h"
 
 namespace vasclip::link {
@@ -84,7 +85,11 @@ private:
             if (!m_desk.sources.datDatabook.Bound())
                 return false;
             m_desk.state.currentKey = key;
-            m_tally.pictures += SavePictureToDatabook(m_desk, *slot, view) == PictureOutcome::Filed;
+            if (SavePictureToDatabook(m_desk, *slot, view) != PictureOutcome::Filed)
+                continue;
+            ++m_tally.pictures;
+            if (m_tally.note.isEmpty())
+                m_tally.note = photos::CleanedView(view);
         }
         return true;
     }
@@ -192,7 +197,7 @@ QString TransferTally::Text() const
         parts.append(u"Nothing was stored"_s);
     if (stopped || linkLost)
         parts.append(u"the rest was left alone"_s);
-    return parts.join(u", "_s) + u'.';
+    return parts.join(u", "_s) + u'.' + (note.isEmpty() ? QString() : u' ' + note);
 }
 
 TransferTally TransferSubject(LinkDesk& desk, What what, int view)

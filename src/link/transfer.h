@@ -18,6 +18,7 @@ struct TransferTally
     bool notRunning = false; ///< it was not there to begin with
     bool busy = false;       ///< another transfer is at work; nothing was done
     QStringList stored;      ///< keys of the records that hold their comp now
+    QString note;            ///< about a view that could not be kept as the report had it; "" for none
 
     /// One line for people.
     [[nodiscard]] QString Text() const;

@@ -2,6 +2,8 @@
 
 #include "common/error_block.h"
 #include "common/ini_list.h"
+#include "photos/gen_views.h"
+#include "photos/view_name.h"
 #include "platform/text/text.h"
 
 namespace vasclip::photos {
@@ -22,11 +24,12 @@ const QString kNotSaved =
 } // namespace
 
 frm_GenView::frm_GenView(const forms::Ports& ports, const files::Disk& disk, const common::Globals& globals,
-                         SlotLoader& loader, const QString& picture, const QString& proposal)
+                         SlotLoader& loader, const QString& picture, const QString& proposal, const QString& whose)
     : Screen(u"frm_GenView"_s)
     , lstViews(controls, u"lstViews"_s)
     , txtView(controls, u"txtView"_s)
     , geaPreview(controls, u"geaPreview"_s)
+    , lblWhose(controls, u"lblWhose"_s)
     , lblViews(controls, u"lblViews"_s)
     , lblmsg(controls, u"lblmsg"_s)
     , cmdOK(controls, u"cmdOK"_s)
@@ -45,6 +48,8 @@ frm_GenView::frm_GenView(const forms::Ports& ports, const files::Disk& disk, con
     , m_proposal(proposal)
 {
     SetCaption(u"Select The View"_s);
+    lblWhose.SetCaption(whose);
+    lblWhose.SetVisible(!whose.isEmpty());
     cmdOK.SetCaption(u"&OK"_s);
     cmdCancel.SetCaption(u"&Cancel"_s);
     cmdAddView.SetCaption(u"Add View to List"_s);
@@ -72,20 +77,17 @@ frm_GenView::frm_GenView(const forms::Ports& ports, const files::Disk& disk, con
 void frm_GenView::Form_Load()
 {
     const RoutineScope scope{"frm_GenView"};
-    common::LoadList(lstViews, m_disk, common::GeneralViews(m_globals));
+    LoadGenViews(lstViews, m_disk, m_globals);
     if (m_picture.isEmpty()) {
         geaPreview.SetVisible(false);
         lblViews.SetCaption(kKeepList);
     } else {
         m_loader.ErrLoadPict(geaPreview, m_picture);
         lblViews.SetCaption(kChooseView);
-        txtView.SetText(text::Trim(m_proposal).isEmpty() ? kGeneralView : m_proposal);
+        txtView.SetText(text::Trim(m_proposal).isEmpty() ? kGeneralView : CleanView(m_proposal));
+        lblmsg.Show(CleanedView(m_proposal), forms::Colour::Blue);
     }
-    // The proposal stands as it was given; what is typed comes in capitals.
-    connect(&txtView, &forms::TextBox::TextChanged, this, [this] {
-        lblmsg.Show({}, forms::Colour::Normal);
-        txtView.SetText(txtView.Text().toUpper());
-    });
+    connect(&txtView, &forms::TextBox::TextChanged, this, &frm_GenView::txtView_Change);
     txtView.SetFocus();
     txtView.SelectAll();
 }
@@ -95,6 +97,19 @@ void frm_GenView::Form_Unload()
     const RoutineScope scope{"frm_GenView"};
     if (m_changed && !common::SaveList(lstViews, m_disk, common::GeneralViews(m_globals)))
         m_ports.prompter.Box({}, kNotSaved.arg(m_globals.applicationIni));
+}
+
+/// The proposal stands as it was given; what is typed comes in capitals, and as a record can hold it.
+void frm_GenView::txtView_Change()
+{
+    const QString typed = txtView.Text();
+    const QString view = CleanView(typed).toUpper();
+    if (view != typed)
+        txtView.SetText(view); // which comes back here
+    if (const QString told = CleanedView(typed); !told.isEmpty())
+        lblmsg.Show(told, forms::Colour::Blue);
+    else if (view == typed)
+        lblmsg.Show({}, forms::Colour::Normal);
 }
 
 void frm_GenView::lstViews_Click()

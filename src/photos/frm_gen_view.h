@@ -13,13 +13,14 @@ class frm_GenView : public forms::Screen
 public:
     /// @param picture   path of the picture that the view is for; "" to maintain the list alone
     /// @param proposal  the view to begin with
+    /// @param whose     what the picture belongs to, a record's key for instance; may be empty
     frm_GenView(const forms::Ports& ports, const files::Disk& disk, const common::Globals& globals,
-                SlotLoader& loader, const QString& picture, const QString& proposal);
+                SlotLoader& loader, const QString& picture, const QString& proposal, const QString& whose = {});
 
     forms::ListBox lstViews;
     forms::TextBox txtView;
     forms::PictureBox geaPreview;
-    forms::Label lblViews, lblmsg;
+    forms::Label lblWhose, lblViews, lblmsg;
     forms::Button cmdOK, cmdCancel, cmdAddView, cmdDelView;
     forms::PictureBox imaOK, imaCancel, imaAdd, imaDelView; ///< the same four as pictures
 
@@ -38,6 +39,7 @@ protected:
 
 private:
     void lstViews_Click();
+    void txtView_Change();
 
     forms::Ports m_ports;
     const files::Disk& m_disk;

@@ -7,7 +7,8 @@ namespace vasclip::photos {
 
 using namespace Qt::Literals::StringLiterals;
 
-frm_Overwrite::frm_Overwrite(SlotLoader& loader, const QString& existing, const QString& fresh)
+frm_Overwrite::frm_Overwrite(SlotLoader& loader, const QString& existing, const QString& fresh,
+                             const QString& record)
     : Screen(u"frm_Overwrite"_s)
     , lblQuestion(controls, u"lblQuestion"_s)
     , lblExisting(controls, u"lblExisting"_s)
@@ -22,7 +23,8 @@ frm_Overwrite::frm_Overwrite(SlotLoader& loader, const QString& existing, const 
     , m_fresh(fresh)
 {
     SetCaption(u"Overwrite Photo"_s);
-    lblQuestion.SetCaption(u"The record has a photo of this view already. Shall the new one take its place?"_s);
+    lblQuestion.SetCaption(
+        u"%1 has a photo of this view already. Shall the new one take its place?"_s.arg(record));
     lblExisting.SetCaption(u"The record's photo: "_s + common::FileNameWithExt(existing));
     lblFresh.SetCaption(u"The new photo: "_s + common::FileNameWithExt(fresh));
     cmdYes.SetCaption(u"&Yes"_s);

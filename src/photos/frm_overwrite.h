@@ -12,7 +12,8 @@ class frm_Overwrite : public forms::Screen
     Q_OBJECT
 public:
     /// @param existing  path of the stored picture; @param fresh  path of the picture that is to be filed
-    frm_Overwrite(SlotLoader& loader, const QString& existing, const QString& fresh);
+    /// @param record    key of the record
+    frm_Overwrite(SlotLoader& loader, const QString& existing, const QString& fresh, const QString& record);
 
     forms::Label lblQuestion, lblExisting, lblFresh;
     forms::PictureBox geaExisting, geaFresh;

@@ -6,6 +6,7 @@
 #include "photos/photo_copies.h"
 #include "photos/photo_files.h"
 #include "photos/photo_messages.h"
+#include "photos/view_name.h"
 #include "platform/text/text.h"
 #include "store/messages.h"
 #include "store/store.h"
@@ -22,13 +23,18 @@ QString FileOf(const PhotoDesk& desk, const QString& stem)
     return common::CkRSlash(desk.globals.G_PhotoDir) + text::Trim(stem) + u".JPG"_s;
 }
 
+QString CopyOf(const PhotoDesk& desk, const QString& file)
+{
+    return common::CkRSlash(desk.globals.G_CaptureDir) + file.mid(file.lastIndexOf(u'\\') + 1);
+}
+
 /// Back among the pictures that wait to be filed, where it may be overwritten and deleted like them.
 /// @return false if there is a file and no copy of it came to be
 bool GiveBack(PhotoDesk& desk, const QString& file)
 {
     if (!desk.disk.FileExists(file))
         return true;
-    const QString copy = common::CkRSlash(desk.globals.G_CaptureDir) + file.mid(file.lastIndexOf(u'\\') + 1);
+    const QString copy = CopyOf(desk, file);
     if (desk.disk.FileExists(copy))
         desk.disk.SetAttr(copy, files::Normal);
     if (!CopyThePhoto(desk, file))
@@ -59,6 +65,43 @@ bool ReadAgain(PhotoDesk& desk, const QString& key)
     return true;
 }
 
+/// Takes the pair out of the record as it is now. @return false if the record is gone
+bool LetGo(PhotoDesk& desk, const QString& key, const QString& view, const QString& stem)
+{
+    engine::Transaction whole(desk.databook.Database());
+    if (!ReadAgain(desk, key))
+        return false;
+    RemovePair(desk.lists, view, stem);
+    WritePhotoLists(desk.ports, desk.databook, desk.lists.lstViews, desk.lists.lstimages);
+    whole.Commit();
+    return true;
+}
+
+/// The record keeps its photo: a copy that was made for the deletion goes, and the lists show the photo again.
+void KeepPhoto(PhotoDesk& desk, const QString& key, const QString& copy)
+{
+    try {
+        QString prompt;
+        (void)DelPict(desk.ports, desk.disk, copy, Quiet::Yes, prompt); // no copy is no file
+        (void)ReadAgain(desk, key);
+    } catch (const RuntimeError&) {
+        // What refused the deletion is told; a copy that stays waits to be filed once more.
+    }
+}
+
+/// Deletes the stored file of a photo that no record names any more; one that stays is told.
+void DeleteStored(PhotoDesk& desk, const QString& key, const QString& view, const QString& file)
+{
+    try {
+        QString prompt;
+        (void)DelPict(desk.ports, desk.disk, file, Quiet::Yes, prompt);
+    } catch (const RuntimeError& failure) {
+        desk.ports.prompter.Box({}, u"%1 has no %2 any more, and its picture is back in %3; but %4 could not be "
+                                    u"deleted and stays: %5."_s.arg(key, view, desk.globals.G_CaptureDir, file,
+                                                                   failure.Description()));
+    }
+}
+
 void ShowFirst(PhotoDesk& desk, forms::PictureBox& geamaintain)
 {
     desk.lists.lstViews.SetListIndex(0);
@@ -83,25 +126,31 @@ PhotoChange CmdDeletePhoto(PhotoDesk& desk, forms::PictureBox& geamaintain)
     const RoutineScope scope{"CmdDeletePhoto"};
     PhotoLists& lists = desk.lists;
     const int row = lists.lstViews.ListIndex();
-    if (row < 0 || !desk.ports.prompter.YesNo({}, kDeletePhoto))
+    if (row < 0)
         return PhotoChange::None;
+    // While the question stands, another record may come on show.
     const QString key = store::GetFieldData(desk.databook, u"CENTRALKEY"_s);
     const QString view = lists.lstViews.List(row);
     const QString stem = lists.lstimages.List(row);
+    if (!desk.ports.prompter.YesNo({}, kDeletePhoto))
+        return PhotoChange::None;
     const QString file = FileOf(desk, stem);
+    const bool copied = desk.disk.FileExists(file) && !desk.disk.FileExists(CopyOf(desk, file));
     if (!GiveBack(desk, file))
         return PhotoChange::None; // the only copy stays
-    RemovePair(lists, view, stem);
-    QString prompt;
-    (void)DelPict(desk.ports, desk.disk, file, Quiet::Yes, prompt);
-    {
-        engine::Transaction whole(desk.databook.Database());
-        if (!ReadAgain(desk, key))
+    const QString copy = copied ? CopyOf(desk, file) : QString();
+    try {
+        if (!LetGo(desk, key, view, stem)) {
+            KeepPhoto(desk, key, copy);
+            desk.notSaved = u"%1 is not in the Databook any more"_s.arg(text::Trim(key));
+            desk.status.lblmsg.Show(desk.notSaved, forms::Colour::Red);
             return PhotoChange::None;
-        RemovePair(lists, view, stem);
-        WritePhotoLists(desk.ports, desk.databook, lists.lstViews, lists.lstimages);
-        whole.Commit();
+        }
+    } catch (const RuntimeError&) {
+        KeepPhoto(desk, key, copy);
+        throw;
     }
+    DeleteStored(desk, text::Trim(key), view, file);
     ReadPhotoLists(desk.databook, lists.lstViews, lists.lstimages);
     if (lists.lstViews.ListCount() > 0) {
         ShowFirst(desk, geamaintain);
@@ -120,8 +169,9 @@ PhotoChange CmdRenamePhotoView(PhotoDesk& desk)
         return PhotoChange::None;
     const QString key = store::GetFieldData(desk.databook, u"CENTRALKEY"_s);
     const QString old = lists.lstViews.List(selected);
-    desk.CurrentView = desk.questions.View(FileOf(desk, lists.lstimages.List(selected)), old);
-    const QString fresh = std::exchange(desk.CurrentView, QString());
+    desk.CurrentView =
+        desk.questions.View(FileOf(desk, lists.lstimages.List(selected)), old, text::Trim(key));
+    const QString fresh = CleanView(std::exchange(desk.CurrentView, QString()));
     if (text::Trim(fresh).isEmpty())
         return PhotoChange::None;
     if (lists.lstViews.IndexOf(fresh) >= 0) {

@@ -20,11 +20,13 @@ public:
     virtual ~PhotoQuestions() = default;
     /// May a picture take the place of the one that the record has under that view?
     /// @param existing  path of the stored picture; @param fresh  path of the picture that is to be filed
+    /// @param record    key of the record, which the question names
     /// @return Yes, No or Cancel
-    virtual forms::Answer Overwrite(const QString& existing, const QString& fresh) = 0;
+    virtual forms::Answer Overwrite(const QString& existing, const QString& fresh, const QString& record) = 0;
     /// Which view is it? @param picture  path, may be empty; @param proposal  view to begin with
+    /// @param whose  what the picture belongs to, which the question names: a record's key, a slot; may be empty
     /// @return the view, "" when the user gave up
-    virtual QString View(const QString& picture, const QString& proposal) = 0;
+    virtual QString View(const QString& picture, const QString& proposal, const QString& whose) = 0;
 };
 
 /// What the filing of pictures works on. One for the program.

@@ -4,7 +4,9 @@
 #include "common/paths.h"
 #include "common/proper_case.h"
 #include "photos/format_picture.h"
+#include "photos/photo_files.h"
 #include "photos/photo_messages.h"
+#include "photos/view_name.h"
 #include "platform/text/text.h"
 #include "store/messages.h"
 #include "store/store.h"
@@ -44,15 +46,6 @@ void AddRecord(PhotoDesk& desk, const QString& key)
     book.Recordset().Update();
 }
 
-/// A view as a line of PHOTOS can hold it.
-QString LineOf(const QString& view)
-{
-    QString line = view;
-    for (const QChar end : u"|\r\n"_s)
-        line.replace(end, u' ');
-    return line;
-}
-
 void SetRow(forms::ListBox& views, forms::ListBox& stems, const QString& view, const QString& stem)
 {
     const int row = views.IndexOf(view);
@@ -66,21 +59,71 @@ void SetRow(forms::ListBox& views, forms::ListBox& stems, const QString& view, c
 
 /// Writes the lists. Where somebody else has changed the record's photos since `before` was read, only our own
 /// row goes into theirs.
-void WriteOwnRow(PhotoDesk& desk, const QString& key, const QString& before, const QString& view, bool saved)
+/// @param stem  of our own row, "" if there is none
+/// @return false if the record is gone
+bool WriteOwnRow(PhotoDesk& desk, const QString& key, const QString& before, const QString& view,
+                 const QString& stem)
 {
     forms::ListBox& views = desk.lists.lstViews;
     forms::ListBox& stems = desk.lists.lstimages;
-    const QString stem = saved ? stems.List(views.IndexOf(view)) : QString();
     engine::Transaction whole(desk.databook.Database());
     if (!Find(desk, key))
-        return;
+        return false;
     if (PhotosOfRecord(desk) != before) {
         ReadPhotoLists(desk.databook, views, stems);
-        if (saved)
+        if (!stem.isEmpty())
             SetRow(views, stems, view, stem);
     }
     WritePhotoLists(desk.ports, desk.databook, views, stems);
     whole.Commit();
+    return true;
+}
+
+/// The record did not take the photo: neither its stored file stays nor a record that was added for it.
+void TakeBack(PhotoDesk& desk, const QString& key, const QString& stem, bool added)
+{
+    desk.PictureSaved = false;
+    // A file that can't be deleted is one that no record names, which harms nobody.
+    (void)DeletePhotos(desk.ports, desk.disk, desk.globals.G_PhotoDir,
+                       stem.isEmpty() ? QStringList() : QStringList{stem});
+    if (!added)
+        return;
+    try {
+        if (Find(desk, key))
+            desk.databook.Recordset().Delete();
+    } catch (const RuntimeError&) {
+        desk.notSaved = u"The new record %1 stays, without a photo"_s.arg(key);
+    }
+}
+
+/// A record that is there, or one that is added for its first photo, takes what the lists hold.
+/// @param there  was it there when the lists were read?
+/// @return false if it could not be added, or was deleted meanwhile
+bool Enter(PhotoDesk& desk, const QString& key, const QString& before, const QString& view,
+           const QString& stem, bool there)
+{
+    bool added = false;
+    bool written = false;
+    try {
+        if (!there && !Find(desk, key)) {
+            AddRecord(desk, key);
+            added = Find(desk, key);
+        }
+        if (desk.setCity && Find(desk, key))
+            desk.setCity();
+        written = WriteOwnRow(desk, key, before, view, stem);
+    } catch (const RuntimeError& failure) {
+        TakeBack(desk, key, stem, added);
+        if (desk.notSaved.isEmpty())
+            throw;
+        throw RuntimeError(failure.Number(), failure.Description() + u". "_s + desk.notSaved);
+    }
+    if (written || stem.isEmpty())
+        return written;
+    TakeBack(desk, key, stem, added);
+    desk.notSaved = there ? u"%1 is not in the Databook any more"_s.arg(key)
+                          : u"%1 could not be added to the Databook"_s.arg(key);
+    return false;
 }
 
 /// Stores the picture under a stem of its own. @return the stem, "" if it was not stored
@@ -95,11 +138,11 @@ QString StoreUnderNewStem(PhotoDesk& desk, const QString& picture)
     }
 }
 
-bool MayOverwrite(PhotoDesk& desk, const QString& stem, const QString& picture)
+bool MayOverwrite(PhotoDesk& desk, const QString& stem, const QString& picture, const QString& key)
 {
     const QString existing = common::CkRSlash(desk.globals.G_PhotoDir) + text::Trim(stem) + u".JPG"_s;
     return !desk.disk.FileExists(existing) ||
-           desk.questions.Overwrite(existing, picture) == forms::Answer::Yes;
+           desk.questions.Overwrite(existing, picture, text::Trim(key)) == forms::Answer::Yes;
 }
 
 /// Loads the picture into the hidden control; a corrupt one shows its dialog. @return false then
@@ -124,21 +167,22 @@ FilingCheck CheckFiling(const files::Disk& disk, const QString& key, const QStri
     return text::Trim(view).isEmpty() ? FilingCheck::BlankView : FilingCheck::Fine;
 }
 
-bool SavePhotoToViewList(PhotoDesk& desk, forms::ListBox& views, forms::ListBox& stems, const QString& view,
+bool SavePhotoToViewList(PhotoDesk& desk, forms::ListBox& views, forms::ListBox& stems, const QString& given,
                          const QString& picture, const QString& key)
 {
     const RoutineScope scope{"SavePhotoToViewList"};
+    const QString view = CleanView(given);
     desk.PictureSaved = false;
     desk.notSaved.clear();
     if (CheckFiling(desk.disk, key, picture, view) != FilingCheck::Fine || !LoadHidden(desk, picture))
         return false;
     const int row = views.IndexOf(view);
-    if (row >= 0 && !MayOverwrite(desk, stems.List(row), picture))
+    if (row >= 0 && !MayOverwrite(desk, stems.List(row), picture, key))
         return false;
     const QString stem = StoreUnderNewStem(desk, picture);
     if (stem.isEmpty())
         return false;
-    SetRow(views, stems, LineOf(view), stem);
+    SetRow(views, stems, view, stem);
     return true;
 }
 
@@ -154,20 +198,23 @@ bool SavePhotoToRecord(PhotoDesk& desk, const QString& key, const QString& pictu
         desk.status.lblmsg.Show(kNoPicture, forms::Colour::Red);
         return false;
     }
-    if (!Find(desk, key)) {
-        AddRecord(desk, key);
-        if (!Find(desk, key))
-            return false;
+    forms::ListBox& views = desk.lists.lstViews;
+    forms::ListBox& stems = desk.lists.lstimages;
+    const bool there = Find(desk, key);
+    QString before;
+    if (there) {
+        before = PhotosOfRecord(desk);
+        ReadPhotoLists(desk.databook, views, stems);
+    } else {
+        views.Clear();
+        stems.Clear();
     }
-    const QString before = PhotosOfRecord(desk);
-    ReadPhotoLists(desk.databook, desk.lists.lstViews, desk.lists.lstimages);
-    const bool saved =
-        SavePhotoToViewList(desk, desk.lists.lstViews, desk.lists.lstimages, view, path, key);
+    bool saved = SavePhotoToViewList(desk, views, stems, view, path, key);
+    const QString stem = saved ? stems.List(views.IndexOf(CleanView(view))) : QString();
+    if (saved || there) // a refused picture is no reason for a new record
+        saved = Enter(desk, key, before, CleanView(view), stem, there) && saved;
     if (!saved && !desk.notSaved.isEmpty())
         desk.status.lblmsg.Show(desk.notSaved, forms::Colour::Red);
-    if (desk.setCity && Find(desk, key))
-        desk.setCity();
-    WriteOwnRow(desk, key, before, LineOf(view), saved);
     return saved;
 }
 

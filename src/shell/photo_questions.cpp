@@ -18,14 +18,14 @@ public:
     explicit PhotoBoxes(forms::Prompter& prompter)
         : m_prompter(prompter)
     {}
-    forms::Answer Overwrite(const QString& existing, const QString& fresh) override
+    forms::Answer Overwrite(const QString& existing, const QString& fresh, const QString& record) override
     {
         return m_prompter.MsgBox(
             forms::Buttons::YesNoCancel, forms::Icon::Question, store::kPlainTitle,
-            u"The record has a picture of that view already: %1. Shall %2 take its place?"_s.arg(existing,
-                                                                                                fresh));
+            u"%1 has a picture of that view already: %2. Shall %3 take its place?"_s.arg(record, existing,
+                                                                                        fresh));
     }
-    QString View(const QString&, const QString& proposal) override { return proposal; }
+    QString View(const QString&, const QString& proposal, const QString&) override { return proposal; }
 
 private:
     forms::Prompter& m_prompter;
@@ -42,15 +42,15 @@ public:
         , m_loader(loader)
         , m_viewsChanged(std::move(viewsChanged))
     {}
-    forms::Answer Overwrite(const QString& existing, const QString& fresh) override
+    forms::Answer Overwrite(const QString& existing, const QString& fresh, const QString& record) override
     {
-        photos::frm_Overwrite screen(m_loader, existing, fresh);
+        photos::frm_Overwrite screen(m_loader, existing, fresh, record);
         m_ports.screens.ShowModal(screen);
         return screen.Answer();
     }
-    QString View(const QString& picture, const QString& proposal) override
+    QString View(const QString& picture, const QString& proposal, const QString& whose) override
     {
-        photos::frm_GenView screen(m_ports, m_disk, m_globals, m_loader, picture, proposal);
+        photos::frm_GenView screen(m_ports, m_disk, m_globals, m_loader, picture, proposal, whose);
         m_ports.screens.ShowModal(screen);
         if (screen.ListChanged())
             m_viewsChanged();

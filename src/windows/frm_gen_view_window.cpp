@@ -33,6 +33,10 @@ void AddPair(QBoxLayout& row, QDialog& window, const QString& picture, const QSt
 void Layout_frm_GenView(QDialog& window, forms::Screen& screen)
 {
     auto* rows = MakeRows(window);
+    auto* whose = MakeLabel(window, u"lblWhose"_s);
+    whose->setProperty("role", u"title"_s);
+    whose->setWordWrap(true);
+    rows->addWidget(whose);
     auto* words = MakeLabel(window, u"lblViews"_s);
     words->setWordWrap(true);
     rows->addWidget(words);

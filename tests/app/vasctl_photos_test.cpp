@@ -87,6 +87,31 @@ TEST_F(VasctlPhotos, AViewThatIsThereIsReplacedAfterAsking)
     EXPECT_TRUE(orphans.out.contains(stem.toUtf8())) << "the earlier file stays, and is found";
 }
 
+TEST_F(VasctlPhotos, AViewWithABarStaysWithItsPhotoAndIsTold)
+{
+    const Ended filed = File(u"SIDE|NORTH"_s);
+    EXPECT_EQ(filed.code, kDone) << filed.err.toStdString();
+    EXPECT_TRUE(filed.Object()[u"message"_s].toString().contains(
+        u"is the SIDE NORTH of 7 NEW RD now, stored as "_s)) << filed.out.toStdString();
+    EXPECT_TRUE(filed.Object()[u"message"_s].toString().endsWith(
+        u"A view's name can't hold \"|\" or a line break; it is \"SIDE NORTH\" now."_s));
+    EXPECT_EQ(Photos({u"file"_s, key, u"SIDE|NORTH"_s, u"C:\\VASSNAP\\MINE.JPG"_s}, {u"--no"_s}).code, kDeclined)
+        << "asked before it is replaced";
+    EXPECT_EQ(Photos({u"rename-view"_s, key, u"SIDE|NORTH"_s, u"POOL\n2|"_s}).code, kDone);
+    EXPECT_EQ(Views(), QStringList{u"POOL 2 "_s});
+    EXPECT_EQ(Photos({u"rename-view"_s, key, u"POOL 2"_s, u"|"_s}).code, kUsage);
+    EXPECT_EQ(Photos({u"verify"_s}).code, kDone) << "no photo is cut off its record";
+}
+
+TEST_F(VasctlPhotos, ARefusedPictureLeavesNoNewRecord)
+{
+    QFile damaged(home.Native(u"VASSNAP/BAD.JPG"_s));
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly) && damaged.write("\xFF\xD8\xFF nothing") > 0);
+    damaged.close();
+    EXPECT_EQ(Photos({u"file"_s, u"8 NEW RD"_s, u"POOL"_s, u"C:\\VASSNAP\\BAD.JPG"_s}).code, kFailed);
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"show"_s, u"8 NEW RD"_s}).code, kNotFound);
+}
+
 TEST_F(VasctlPhotos, OrphansAndDamageAreFound)
 {
     ASSERT_EQ(File(u"FRONT VIEW"_s).code, kDone);

@@ -28,7 +28,7 @@ TEST_F(DiskFaults, AFullDiskUnderTheDatabookRefusesChangesAndKeepsAllRecords)
     disk.Fill();
     const QStringList names = Names(home.Native(u"DATABOOK"_s));
     const QString words =
-        u"The disk that holds C:\\DATABOOK\\DATABOOK.MDB is full. Nothing was changed; make "
+        u"The disk that holds C:\\DATABOOK\\DATABOOK.MDB is full. Nothing in that file was changed; make "
         u"room and try again"_s;
     struct Row
     {

@@ -171,6 +171,7 @@ TEST_F(PhotoKills, APhotoThatIsDeletedIsStoredOrWaitsToBeFiledAgain)
         const bool stored = Bytes(Store() + u'/' + stem + u".JPG"_s) == picture;
         const bool waits = Bytes(home.Native(u"VASSNAP/"_s + stem + u".JPG"_s)) == picture;
         EXPECT_TRUE(stored || waits) << "the picture is lost in run " << run;
+        EXPECT_TRUE(stored || !named) << "the record names a picture that is not there, run " << run;
         if (!named) {
             EXPECT_TRUE(waits) << "in run " << run;
         }
@@ -255,6 +256,36 @@ TEST_F(PhotoFaults, AClosedPhotoDirectoryIsTold)
     EXPECT_TRUE(run.Says(u"Unable to Copy to the Photo DB Directory: "_s)) << run.Story();
     EXPECT_TRUE(run.Says(u"Please check folder permissions and try again"_s)) << run.Story();
     EXPECT_TRUE(Photos().isEmpty());
+    ExpectSourcesWhole();
+}
+
+TEST_F(PhotoFaults, AFullDiskUnderTheDatabookLeavesPicturesAndRecordsAsTheyWere)
+{
+    ASSERT_EQ(FileIt(0, u"FRONT VIEW"_s).code, kDone);
+    const QMap<QString, QString> photos = Photos();
+    const QString file = Store() + u'/' + photos.value(u"FRONT VIEW"_s) + u".JPG"_s;
+    const QByteArray picture = Bytes(file);
+    const QStringList stored = StoredNames();
+    const QStringList waiting = QDir(home.Native(u"VASSNAP"_s)).entryList(QDir::Files);
+    const SmallDisk disk(home.Native(u"DATABOOK"_s));
+    if (!disk.Mounted())
+        GTEST_SKIP() << "a small disk can't be mounted here";
+    disk.Fill();
+    for (const QStringList& command :
+         {QStringList{u"delete"_s, key, u"FRONT VIEW"_s}, QStringList{u"file"_s, key, u"POOL"_s, Source(1)},
+          QStringList{u"file"_s, key, u"FRONT VIEW"_s, Source(1)},
+          QStringList{u"file"_s, u"2 NEW RD"_s, u"POOL"_s, Source(1)}}) {
+        const Timed run = Vasctl(QStringList{u"--yes"_s, u"photos"_s} + command);
+        EXPECT_NE(run.code, kDone) << run.Story();
+        EXPECT_TRUE(run.Says(u"is full"_s)) << run.Story();
+        EXPECT_EQ(Photos(), photos) << run.Story();
+        EXPECT_TRUE(Bytes(file) == picture) << "under its record still\n" << run.Story();
+        EXPECT_EQ(StoredNames(), stored) << run.Story();
+        EXPECT_EQ(QDir(home.Native(u"VASSNAP"_s)).entryList(QDir::Files), waiting) << run.Story();
+    }
+    EXPECT_EQ(Vasctl({u"records"_s, u"show"_s, u"2 NEW RD"_s}).code, kNotFound);
+    disk.MakeRoom();
+    EXPECT_EQ(Vasctl({u"--yes"_s, u"photos"_s, u"delete"_s, key, u"FRONT VIEW"_s}).code, kDone);
     ExpectSourcesWhole();
 }
 

@@ -11,12 +11,12 @@ namespace {
 class Questions : public photos::PhotoQuestions
 {
 public:
-    forms::Answer Overwrite(const QString& existing, const QString&) override
+    forms::Answer Overwrite(const QString& existing, const QString&, const QString&) override
     {
         asked << existing;
         return answer;
     }
-    QString View(const QString&, const QString& proposal) override { return proposal; }
+    QString View(const QString&, const QString& proposal, const QString&) override { return proposal; }
     forms::Answer answer = forms::Answer::Yes;
     QStringList asked;
 };
@@ -172,6 +172,26 @@ TEST_F(SavePicture, AGeneralPhotoIsFiledWithTheSubjectUnderItsName)
     EXPECT_EQ(Views(u"1 S"_s), QStringList(u"KITCHEN"_s));
     EXPECT_EQ(TransferSubject(desk, What::Pic, 135).slots_, 0) << "a slot without a picture";
     EXPECT_EQ(TransferSubject(desk, What::Pic, 137).slots_, 0);
+}
+
+TEST_F(SavePicture, ACaptionWithABarIsCleanedAndToldAndTheSamePictureIsNotFiledTwice)
+{
+    report.txtSubject.SetText(u"1 S"_s);
+    Show(slots.imaGeneral(36), u"g.jpg"_s);
+    report.cboGeneral(36).SetText(u"POOL|DECK"_s);
+    const TransferTally tally = TransferSubject(desk, What::Pic, 136);
+    EXPECT_EQ(tally.Text(), u"1 picture was filed. A view's name can't hold \"|\" or a line break; it is \"POOL "
+                            u"DECK\" now."_s);
+    EXPECT_EQ(status.lblmsg.Caption(), tally.Text());
+    EXPECT_EQ(Views(u"1 S"_s), QStringList(u"POOL DECK"_s));
+    const QString stem = lists.lstimages.List(0);
+    table.ErrSetPict(slots.imaGeneral(36), u"C:\\JPG\\"_s + stem + u".jpg"_s);
+    EXPECT_EQ(TransferSubject(desk, What::Pic, 136).pictures, 0);
+    EXPECT_TRUE(questions.asked.isEmpty()) << "it is the record's own";
+    Show(slots.imaGeneral(36), u"h.jpg"_s);
+    questions.answer = forms::Answer::No;
+    EXPECT_EQ(TransferSubject(desk, What::Pic, 136).pictures, 0);
+    EXPECT_EQ(questions.asked.size(), 1) << "another picture of that view asks";
 }
 
 TEST_F(SavePicture, AStoredViewGoesOutAsACopyOfItsOwn)

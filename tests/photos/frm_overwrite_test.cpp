@@ -34,10 +34,12 @@ TEST_F(OverwriteTest, ShowsBothPicturesAndAnswersWithItsButtons)
         {&frm_Overwrite::cmdNo, forms::Answer::No},
         {&frm_Overwrite::cmdCancel, forms::Answer::Cancel}};
     for (const auto& [button, answer] : rows) {
-        frm_Overwrite screen(loader, u"C:\\JPG\\OLD.jpg"_s, u"C:\\JPG\\NEW.jpg"_s);
+        frm_Overwrite screen(loader, u"C:\\JPG\\OLD.jpg"_s, u"C:\\JPG\\NEW.jpg"_s, u"12 OAK ST"_s);
         screen.Open();
         EXPECT_EQ(screen.geaExisting.Picture().width(), 20);
         EXPECT_EQ(screen.geaFresh.Picture().width(), 30);
+        EXPECT_EQ(screen.lblQuestion.Caption(),
+                  u"12 OAK ST has a photo of this view already. Shall the new one take its place?"_s);
         EXPECT_EQ(screen.lblExisting.Caption(), u"The record's photo: OLD.JPG"_s);
         EXPECT_EQ(screen.lblFresh.Caption(), u"The new photo: NEW.JPG"_s);
         Q_EMIT (screen.*button).Clicked();
@@ -48,7 +50,7 @@ TEST_F(OverwriteTest, ShowsBothPicturesAndAnswersWithItsButtons)
 
 TEST_F(OverwriteTest, ClosingTheWindowCancels)
 {
-    frm_Overwrite screen(loader, u"C:\\JPG\\OLD.jpg"_s, u"C:\\JPG\\NEW.jpg"_s);
+    frm_Overwrite screen(loader, u"C:\\JPG\\OLD.jpg"_s, u"C:\\JPG\\NEW.jpg"_s, u"12 OAK ST"_s);
     screen.Open();
     screen.Unload();
     EXPECT_EQ(screen.Answer(), forms::Answer::Cancel);

@@ -103,6 +103,33 @@ TEST_F(GenViews, TheDialogProposesAndTakesAView)
     EXPECT_FALSE(screen->ListChanged());
 }
 
+TEST_F(GenViews, WhatNoRecordCanHoldIsCleanedAndToldAtOnce)
+{
+    home.Put(globals.applicationIni, "[GENERAL VIEWS]\r\nGENERALVIEW1=POOL|DECK\r\n");
+    auto screen = Opened(picture, u"SHED|2"_s);
+    EXPECT_EQ(screen->txtView.Text(), u"SHED 2"_s);
+    EXPECT_EQ(screen->lblmsg.Caption(), u"A view's name can't hold \"|\" or a line break; it is \"SHED 2\" now."_s);
+    EXPECT_EQ(screen->lstViews.Items(), QStringList{u"POOL DECK"_s}) << "of a settings file from elsewhere";
+    screen->txtView.SetText(u"BARN"_s);
+    EXPECT_EQ(screen->lblmsg.Caption(), QString());
+    screen->txtView.SetText(u"barn|"_s);
+    EXPECT_EQ(screen->txtView.Text(), u"BARN "_s);
+    EXPECT_EQ(screen->lblmsg.Caption(), u"A view's name can't hold \"|\" or a line break; it is \"barn\" now."_s);
+    screen->cmdAddView_Click();
+    EXPECT_EQ(screen->lstViews.Items(), (QStringList{u"POOL DECK"_s, u"BARN"_s}));
+    screen->cmdOK_Click();
+    EXPECT_EQ(screen->View(), u"BARN "_s);
+}
+
+TEST_F(GenViews, TheDialogNamesWhatThePictureBelongsTo)
+{
+    photos::frm_GenView screen(doubles.Get(), home.disk, globals, loader, picture, u"FRONT VIEW"_s, u"12 OAK ST"_s);
+    screen.Open();
+    EXPECT_EQ(screen.lblWhose.Caption(), u"12 OAK ST"_s);
+    EXPECT_TRUE(screen.lblWhose.Visible());
+    EXPECT_FALSE(Opened({})->lblWhose.Visible());
+}
+
 TEST_F(GenViews, AnEmptyListStillOffersGeneralView)
 {
     home.Put(globals.applicationIni, "");

@@ -12,19 +12,22 @@ namespace vasclip::tests {
 class ScriptedQuestions : public photos::PhotoQuestions
 {
 public:
-    forms::Answer Overwrite(const QString& existing, const QString& fresh) override
+    forms::Answer Overwrite(const QString& existing, const QString& fresh, const QString& record) override
     {
         asked << existing + QStringLiteral(" <- ") + fresh;
+        whose << record;
         return overwrite;
     }
-    QString View(const QString& picture, const QString& proposal) override
+    QString View(const QString& picture, const QString& proposal, const QString& named) override
     {
         asked << picture + QStringLiteral(" ? ") + proposal;
+        whose << named;
         return view;
     }
     forms::Answer overwrite = forms::Answer::Yes;
     QString view;
     QStringList asked;
+    QStringList whose; ///< what each question named
 };
 
 /// A home with a Databook, directories and a desk to file pictures on.

@@ -44,6 +44,18 @@ protected:
     }
 };
 
+/// Answers Yes, after somebody has done something in the meantime.
+class SlowYes : public tests::ScriptedPrompter
+{
+public:
+    std::function<void()> meanwhile;
+    forms::Answer MsgBox(forms::Buttons, forms::Icon, const QString&, const QString&) override
+    {
+        meanwhile();
+        return forms::Answer::Yes;
+    }
+};
+
 TEST_F(PhotoRecords, ANewViewBecomesALineAndAFile)
 {
     EXPECT_TRUE(Save(u"FRONT VIEW"_s));
@@ -173,6 +185,135 @@ TEST_F(PhotoRecords, ALineCanHoldTheView)
     EXPECT_EQ(PhotosOf(kKey), u"SIDE   NORTH  END|07055475\r\n"_s);
 }
 
+TEST_F(PhotoRecords, AViewWithABarIsOneViewAndAsksBeforeItIsReplaced)
+{
+    ASSERT_TRUE(Save(u"SIDE|NORTH"_s));
+    questions.overwrite = forms::Answer::No;
+    EXPECT_FALSE(Save(u"SIDE|NORTH"_s));
+    EXPECT_EQ(questions.asked.size(), 1) << "the record has that view";
+    EXPECT_EQ(questions.whose, QStringList{kKey});
+    EXPECT_EQ(PhotosOf(kKey), u"SIDE NORTH|07055475\r\n"_s);
+    EXPECT_FALSE(Save(u"|"_s)) << "blank, once it is cleaned";
+    EXPECT_EQ(PhotosOf(kKey), u"SIDE NORTH|07055475\r\n"_s);
+}
+
+TEST_F(PhotoRecords, RenamingKeepsThePhotoWithItsRecordWhateverIsTyped)
+{
+    ASSERT_TRUE(Save(u"FRONT VIEW"_s));
+    ASSERT_TRUE(Save(u"REAR VIEW"_s));
+    lists.lstViews.SetListIndex(0);
+    questions.view = u"POOL|DECK"_s;
+    EXPECT_EQ(photos::CmdRenamePhotoView(desk), PhotoChange::Changed);
+    EXPECT_EQ(PhotosOf(kKey), u"POOL DECK|07055475\r\nREAR VIEW|00533424\r\n"_s);
+    EXPECT_EQ(questions.whose.last(), kKey);
+    lists.lstViews.SetListIndex(0);
+    questions.view = u"POOL\r\nFENCE|"_s;
+    EXPECT_EQ(photos::CmdRenamePhotoView(desk), PhotoChange::Changed);
+    EXPECT_EQ(PhotosOf(kKey), u"POOL  FENCE |07055475\r\nREAR VIEW|00533424\r\n"_s);
+    lists.lstViews.SetListIndex(0);
+    questions.view = u"rear|view"_s;
+    EXPECT_EQ(photos::CmdRenamePhotoView(desk), PhotoChange::None);
+    EXPECT_EQ(doubles.prompter.Last().title, u"Name already in Use"_s);
+}
+
+TEST_F(PhotoRecords, ARefusedPictureLeavesNoNewRecord)
+{
+    disk.WriteWhole(source, "\xFF\xD8\xFF\xE0 none");
+    EXPECT_FALSE(Save(u"FRONT VIEW"_s, u"1 NEW RD"_s));
+    EXPECT_FALSE(Save(u"  "_s, u"1 NEW RD"_s));
+    source = u"C:\\VASSNAP\\NONE.JPG"_s;
+    EXPECT_FALSE(Save(u"FRONT VIEW"_s, u"1 NEW RD"_s));
+    globals.G_PhotoDir = u"Q:\\"_s; // no such drive
+    source = PutJpeg(u"DSC2.JPG"_s);
+    EXPECT_FALSE(Save(u"FRONT VIEW"_s, u"1 NEW RD"_s));
+    EXPECT_FALSE(store::FindRecord(ports, datDatabook, u"1 NEW RD"_s, u"CENTRALKEY"_s));
+}
+
+TEST_F(PhotoRecords, WhatTheDatabookRefusesIsTakenBack)
+{
+    desk.setCity = [] { throw RuntimeError(61, u"The disk is full"_s); };
+    for (const QString& record : {kKey, u"1 NEW RD"_s}) {
+        try {
+            (void)Save(u"FRONT VIEW"_s, record);
+            ADD_FAILURE() << "nothing was told";
+        } catch (const RuntimeError& failure) {
+            EXPECT_EQ(failure.Description(), u"The disk is full"_s);
+        }
+        EXPECT_FALSE(desk.PictureSaved) << "or the source would go to the trash";
+        EXPECT_EQ(Stored(), QStringList()) << "a file that no record names";
+    }
+    EXPECT_EQ(PhotosOf(kKey), QString());
+    EXPECT_FALSE(store::FindRecord(ports, datDatabook, u"1 NEW RD"_s, u"CENTRALKEY"_s));
+    EXPECT_TRUE(disk.FileExists(source));
+}
+
+TEST_F(PhotoRecords, ARecordThatIsDeletedWhileItsPictureIsStoredIsTold)
+{
+    engine::Engine other(disk);
+    bool done = false;
+    doubles.clock.onWait = [&] {
+        if (std::exchange(done, true))
+            return;
+        const auto rows = other.OpenDatabase(path)->OpenRecordset(table, engine::RecordsetType::Table);
+        rows->SetIndex(u"CENTRALKEY"_s);
+        rows->Seek(u"="_s, kKey);
+        ASSERT_FALSE(rows->NoMatch());
+        rows->Delete();
+    };
+    EXPECT_FALSE(Save(u"FRONT VIEW"_s));
+    EXPECT_EQ(status.lblmsg.Caption(), u"12 OAK ST is not in the Databook any more"_s);
+    EXPECT_EQ(Stored(), QStringList());
+    EXPECT_FALSE(desk.PictureSaved);
+}
+
+TEST_F(PhotoRecords, DeletingNeverLeavesARecordThatNamesAMissingPicture)
+{
+    ASSERT_TRUE(Save(u"FRONT VIEW"_s));
+    lists.lstViews.SetListIndex(0);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    engine::Engine other(disk);
+    int turns = 0;
+    doubles.pump.onTurn = [&] { // as the next start would find it, were the program killed here
+        ++turns;
+        const auto rows = other.OpenDatabase(path)->OpenRecordset(table, engine::RecordsetType::Table);
+        rows->SetIndex(u"CENTRALKEY"_s);
+        rows->Seek(u"="_s, kKey);
+        ASSERT_FALSE(rows->NoMatch());
+        const bool named = rows->Value(u"PHOTOS"_s).toString().contains(u"07055475"_s);
+        EXPECT_TRUE(!named || disk.FileExists(u"C:\\JPG\\07055475.JPG"_s));
+        EXPECT_TRUE(named || disk.FileExists(u"C:\\VASSNAP\\07055475.JPG"_s));
+    };
+    EXPECT_EQ(photos::CmdDeletePhoto(desk, geamaintain), PhotoChange::LastGone);
+    doubles.pump.onTurn = {};
+    EXPECT_GT(turns, 0);
+    EXPECT_EQ(Stored(), QStringList());
+}
+
+TEST_F(PhotoRecords, DeletingAPhotoOfARecordThatIsRenamedMeanwhileKeepsThePictureWhereItWas)
+{
+    ASSERT_TRUE(Save(u"FRONT VIEW"_s));
+    disk.Kill(source);
+    SlowYes user;
+    forms::Ports slow{user, doubles.pump, doubles.clock, doubles.random, doubles.window, doubles.screens};
+    photos::PhotoDesk other{slow, disk, globals, datDatabook, lists, loader, status, questions};
+    user.meanwhile = [&] {
+        engine::Engine elsewhere(disk);
+        const auto database = elsewhere.OpenDatabase(path);
+        const auto rows = database->OpenRecordset(table, engine::RecordsetType::Table);
+        rows->SetIndex(u"CENTRALKEY"_s);
+        rows->Seek(u"="_s, kKey);
+        ASSERT_FALSE(rows->NoMatch());
+        rows->Edit();
+        rows->SetValue(u"CENTRALKEY"_s, u"12 OAK STREET"_s);
+        rows->Update();
+    };
+    lists.lstViews.SetListIndex(0);
+    EXPECT_EQ(photos::CmdDeletePhoto(other, geamaintain), PhotoChange::None);
+    EXPECT_EQ(Stored(), QStringList{u"07055475.JPG"_s});
+    EXPECT_EQ(disk.Dir(u"C:\\VASSNAP\\*.*"_s), QStringList());
+    EXPECT_EQ(status.lblmsg.Caption(), u"12 OAK ST is not in the Databook any more"_s);
+}
+
 TEST_F(PhotoRecords, DeletingAsksGivesTheFileBackAndWritesTheRecord)
 {
     ASSERT_TRUE(Save(u"FRONT VIEW"_s));
@@ -253,9 +394,10 @@ TEST_F(PhotoRecords, DeletingKeepsToItsRecordAndToWhatOthersFiledMeanwhile)
     SetPhotos(u"FRONT VIEW|11111111\r\nREAR VIEW|22222222\r\n"_s);
     engine::Engine other(disk);
     lists.lstViews.SetListIndex(0);
-    doubles.prompter.Answer(forms::Answer::Yes);
-    doubles.pump.onTurn = [&] { // in the middle, another user files a photo and this one goes to another record
-        doubles.pump.onTurn = {};
+    SlowYes user;
+    forms::Ports slow{user, doubles.pump, doubles.clock, doubles.random, doubles.window, doubles.screens};
+    photos::PhotoDesk filing{slow, disk, globals, datDatabook, lists, loader, status, questions};
+    user.meanwhile = [&] { // another user files a photo, and this one goes to another record
         const auto database = other.OpenDatabase(path);
         const auto rows = database->OpenRecordset(table, engine::RecordsetType::Table);
         rows->SetIndex(u"CENTRALKEY"_s);
@@ -270,7 +412,7 @@ TEST_F(PhotoRecords, DeletingKeepsToItsRecordAndToWhatOthersFiledMeanwhile)
         ASSERT_TRUE(store::FindRecord(ports, datDatabook, u"99 OTHER RD"_s, u"CENTRALKEY"_s));
         photos::ReadPhotoLists(datDatabook, lists.lstViews, lists.lstimages);
     };
-    EXPECT_EQ(photos::CmdDeletePhoto(desk, geamaintain), PhotoChange::Changed);
+    EXPECT_EQ(photos::CmdDeletePhoto(filing, geamaintain), PhotoChange::Changed);
     EXPECT_EQ(PhotosOf(kKey), u"REAR VIEW|22222222\r\nPOOL|33333333\r\n"_s);
     EXPECT_EQ(PhotosOf(u"99 OTHER RD"_s), u"FRONT VIEW|44444444\r\n"_s);
 }

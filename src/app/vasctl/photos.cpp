@@ -4,6 +4,7 @@
 #include "link/link_desk.h"
 #include "photos/photo_records.h"
 #include "photos/store_check.h"
+#include "photos/view_name.h"
 #include "platform/picture/picture.h"
 #include "platform/text/text.h"
 
@@ -23,13 +24,13 @@ public:
         : m_prompter(prompter)
         , m_view(std::move(view))
     {}
-    forms::Answer Overwrite(const QString& existing, const QString& fresh) override
+    forms::Answer Overwrite(const QString& existing, const QString& fresh, const QString& record) override
     {
         return m_prompter.MsgBox(
             forms::Buttons::YesNoCancel, forms::Icon::Question, {},
-            u"The record has a photo of that view, %1. Shall %2 take its place?"_s.arg(existing, fresh));
+            u"%1 has a photo of that view, %2. Shall %3 take its place?"_s.arg(record, existing, fresh));
     }
-    QString View(const QString&, const QString&) override { return m_view; }
+    QString View(const QString&, const QString&, const QString&) override { return m_view; }
 
 private:
     TerminalPrompter& m_prompter;
@@ -67,6 +68,13 @@ bool Find(Session& session, shell::frm_Main& main, const QString& key)
     return store::FindRecord(session.Ports(), main.sources.datDatabook, databook::KeyOf(key), u"Centralkey"_s);
 }
 
+/// What was made of a view, to put behind a sentence; "" if it stayed as it was.
+QString Cleaned(const QString& view)
+{
+    const QString told = photos::CleanedView(view);
+    return told.isEmpty() ? told : u' ' + told;
+}
+
 /// Reads the record's lists and selects the row of the view. @return kDone, or why not
 int Select(Session& session, shell::frm_Main& main, const Output& out, const QString& key, const QString& view)
 {
@@ -74,7 +82,7 @@ int Select(Session& session, shell::frm_Main& main, const Output& out, const QSt
         return NoRecord(out, key);
     photos::PhotoLists& lists = main.photoLists;
     photos::ReadPhotoLists(main.sources.datDatabook, lists.lstViews, lists.lstimages);
-    const int row = lists.lstViews.IndexOf(view);
+    const int row = lists.lstViews.IndexOf(photos::CleanView(view));
     if (row < 0) {
         out.Error(u"%1 has no photo '%2'. 'vasctl photos list' shows what it has."_s.arg(
             databook::KeyOf(key), view));
@@ -121,8 +129,8 @@ QString SourceOf(const files::Disk& disk, const QString& file)
 
 int File(Session& session, const Output& out, const QString& key, const QString& view, const QString& file)
 {
-    if (text::Trim(key).isEmpty() || text::Trim(view).isEmpty()) {
-        out.Error(u"A photo needs the key of its record and a view; one of them is blank."_s);
+    if (text::Trim(key).isEmpty() || text::Trim(photos::CleanView(view)).isEmpty()) {
+        out.Error(u"A photo needs the key of its record and a view; one of them is blank."_s + Cleaned(view));
         return kUsage;
     }
     const QString source = SourceOf(session.Disk(), file);
@@ -140,16 +148,19 @@ int File(Session& session, const Output& out, const QString& key, const QString&
                                                         why.isEmpty() ? u"."_s : u": "_s + why));
         return kFailed;
     }
-    const int row = main.photoLists.lstViews.IndexOf(view);
-    out.Line(u"'%1' is the %2 of %3 now, stored as %4."_s.arg(
-        source, main.photoLists.lstViews.List(row), databook::KeyOf(key), main.photoLists.lstimages.List(row)));
+    const int row = main.photoLists.lstViews.IndexOf(photos::CleanView(view));
+    out.Line(u"'%1' is the %2 of %3 now, stored as %4."_s.arg(source, main.photoLists.lstViews.List(row),
+                                                             databook::KeyOf(key),
+                                                             main.photoLists.lstimages.List(row)) +
+             Cleaned(view));
     return kDone;
 }
 
 int Rename(Session& session, const Output& out, const QString& key, const QString& view, const QString& fresh)
 {
-    if (text::Trim(fresh).isEmpty()) {
-        out.Error(u"The new view is blank."_s);
+    const QString clean = photos::CleanView(fresh);
+    if (text::Trim(clean).isEmpty()) {
+        out.Error(u"The new view is blank."_s + Cleaned(fresh));
         return kUsage;
     }
     auto& main = session.WithDatabook();
@@ -158,7 +169,7 @@ int Rename(Session& session, const Output& out, const QString& key, const QStrin
     Work work(session, main, fresh);
     if (photos::CmdRenamePhotoView(work.desk) == photos::PhotoChange::None)
         return kFailed; // its box has said why
-    out.Line(u"The %1 of %2 is its %3 now."_s.arg(view, databook::KeyOf(key), fresh));
+    out.Line(u"The %1 of %2 is its %3 now."_s.arg(view, databook::KeyOf(key), clean) + Cleaned(fresh));
     return kDone;
 }
 
@@ -168,8 +179,13 @@ int Delete(Session& session, const Output& out, const QString& key, const QStrin
     if (const int wrong = Select(session, main, out, key, view); wrong != kDone)
         return wrong;
     Work work(session, main);
-    if (photos::CmdDeletePhoto(work.desk, work.box) == photos::PhotoChange::None)
-        return session.Prompter().Declined() ? kDeclined : kFailed;
+    if (photos::CmdDeletePhoto(work.desk, work.box) == photos::PhotoChange::None) {
+        if (session.Prompter().Declined())
+            return kDeclined;
+        if (!work.desk.notSaved.isEmpty())
+            out.Error(work.desk.notSaved + u'.');
+        return kFailed;
+    }
     out.Line(u"The %1 of %2 was deleted; its picture is back in %3."_s.arg(view, databook::KeyOf(key),
                                                                          main.globals.G_CaptureDir));
     return kDone;

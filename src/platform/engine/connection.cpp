@@ -147,7 +147,7 @@ void Connection::Fail(int code)
     case SQLITE_FULL:
         throw RuntimeError(
             error::kDiskFull,
-            u"The disk that holds %1 is full. Nothing was changed; make room and try again"_s.arg(file));
+            u"The disk that holds %1 is full. Nothing in that file was changed; make room and try again"_s.arg(file));
     case SQLITE_READONLY:
         throw RuntimeError(error::kFileIsReadOnly,
                            u"The file %1 is read-only and can not be changed"_s.arg(file));

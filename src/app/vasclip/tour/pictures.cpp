@@ -187,12 +187,13 @@ bool CameraFolder(const Stage& stage)
     const QString fresh = main.Base().disk.Dir(main.globals.G_CaptureDir + u"*.jpg"_s).value(0);
     if (rows->Eof() || fresh.isEmpty())
         return stage.tour.Fail(u"There is no record with a photo, or no picture of the camera."_s);
-    main.ShowRecord(rows->Value(0).toString());
+    const QString key = rows->Value(0).toString();
+    main.ShowRecord(key);
     photos::ReadPhotoLists(main.sources.datDatabook, main.photoLists.lstViews, main.photoLists.lstimages);
     const QString stored = main.globals.G_PhotoDir + main.photoLists.lstimages.List(0) + u".jpg"_s;
     const bool question = stage.tour.During(
         u"The question about a photo"_s,
-        [&] { main.Photos().questions.Overwrite(stored, main.globals.G_CaptureDir + fresh); },
+        [&] { main.Photos().questions.Overwrite(stored, main.globals.G_CaptureDir + fresh, key); },
         [&](QWidget& dialog) { stage.tour.Shoot(dialog, u"overwrite-photo"_s); });
     stage.tour.Step(u"Looked at the camera folder and at the question before a photo is replaced."_s);
     return folder && question;
