@@ -120,7 +120,7 @@ Outcome FilePictureIntoSlot(DropDesk& desk, const Drag& drag, const DropRule& ru
     const bool moved = !FromFiles(drag) && SendFiledToTrash(desk, picture);
     link.loader.ErrLoadThumb(slot, table.ErrGetPict(slot));
     link.ports.window.AppActivate();
-    const bool sent = link::KelSendSlotPhoto(link, slot, slot, index);
+    const link::SlotSend sent = link::KelSendSlotPhoto(link, slot, slot, index);
     link.ports.window.AppActivate();
     link.loader.ErrLoadThumb(slot, table.ErrGetPict(slot));
     photos::ApplyWriteProtect(link.ports, link.disk, link.globals, table.ErrGetPict(slot));
@@ -136,8 +136,11 @@ Outcome FilePictureIntoSlot(DropDesk& desk, const Drag& drag, const DropRule& ru
     if (!general && (rule.group != "SUBJECT"_L1 || index == 1) && desk.routines.autoSave)
         desk.routines.autoSave(rule.group, index);
     const QString name = common::FileNameWithExt(picture);
-    if (!sent)
+    if (sent == link::SlotSend::Failed)
         return {true, u"%1 is stored and in the slot; the report did not take it."_s.arg(name),
+                forms::Colour::Red, {}};
+    if (sent == link::SlotSend::Cleared)
+        return {true, u"%1 was stored, but its file is missing now: the report's picture was cleared."_s.arg(name),
                 forms::Colour::Red, {}};
     const QString rest =
         drag.files.size() > 1 ? u" A slot takes one picture; the others were left."_s : QString();

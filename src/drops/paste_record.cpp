@@ -28,14 +28,19 @@ Outcome PasteRecord(DropDesk& drops, const Drag& drag, const DropRule& rule, for
 
     slot.text.SetText(SlotText(desk.state));
     PhotoSent photo = PhotoSent::Yes;
+    QString photoTold;
     if (rule.action == DropAction::PasteCompAndPhoto) {
         photos::ReadPhotoLists(desk.sources.datDatabook, desk.lists.lstViews, desk.lists.lstimages);
         photo = SendView(desk, slot.photo, u"FRONT VIEW"_s);
+        if (const auto unsent = TellUnsent(desk, photo, u"FRONT VIEW"_s, slot.text.Text()))
+            photoTold = unsent->message;
     }
     desk.loader.ErrLoadPict(*slot.data, desk.globals.G_ProgramDir + u"Addendum_Added.bmp"_s);
     slot.refreshIcons(desk);
     desk.ports.window.AppActivate();
     const QString shown = slot.text.Text();
+    if (photo == PhotoSent::Cleared || photo == PhotoSent::Kept)
+        return {true, u"%1 is in the report now. "_s.arg(shown) + photoTold, forms::Colour::Red, {}};
     if (photo == PhotoSent::Failed)
         return {true, u"%1 is in the report now, its photo is not."_s.arg(shown), forms::Colour::Red, {}};
     if (photo == PhotoSent::None)

@@ -16,10 +16,10 @@ Outcome Gone(const QString& key)
     return {false, u"%1 is no longer in the Databook."_s.arg(key), forms::Colour::Red, {}};
 }
 
-Outcome Told(PhotoSent sent, const QString& view, const QString& key)
+Outcome Told(const link::LinkDesk& desk, PhotoSent sent, const QString& view, const QString& key)
 {
-    if (sent == PhotoSent::Failed)
-        return {false, u"The photo of %1 did not reach the report."_s.arg(key), forms::Colour::Red, {}};
+    if (const auto unsent = TellUnsent(desk, sent, view, key))
+        return *unsent;
     if (sent == PhotoSent::None)
         return {true, u"%1 has no %2. The slot is empty now."_s.arg(key, view), forms::Colour::Blue, {}};
     return {true, u"The %1 of %2 is in the report now."_s.arg(view, key), forms::Colour::Green, {}};
@@ -42,13 +42,17 @@ Outcome SendRecordView(DropDesk& drops, const QString& key, const DropRule& rule
     if (!TakeRecord(desk, key))
         return Gone(key);
     const Slot slot = SlotOf(desk, rule.group, index);
+    const QString before = slot.text.Text();
     slot.text.SetText(SlotText(desk.state));
     const PhotoSent sent = SendView(desk, slot.photo, view);
-    if (rule.group == "GENERAL"_L1 && sent != PhotoSent::Failed)
+    const Outcome told = Told(desk, sent, view, text::Trim(key));
+    if (sent == PhotoSent::Kept)
+        slot.text.SetText(before); // nothing has changed, and it names whose picture the slot holds
+    else if (rule.group == "GENERAL"_L1 && sent != PhotoSent::Failed)
         TellGeneral(drops, index);
     slot.refreshIcons(desk);
     desk.ports.window.AppActivate();
-    return Told(sent, view, text::Trim(key));
+    return told;
 }
 
 Outcome SendAskedView(DropDesk& drops, const QString& key, const DropRule& rule, int index)
@@ -82,8 +86,11 @@ Outcome ReplaceSubjectPhotos(DropDesk& drops, const QString& key)
     if (!TakeRecord(desk, key))
         return Gone(key);
     PhotoSent worst = PhotoSent::Yes;
+    QStringList missing;
     for (int i = 1; i <= 3; ++i) {
         const PhotoSent sent = SendView(desk, desk.slots.imaSubject(i), link::SubjectView(i));
+        if (sent == PhotoSent::Kept || sent == PhotoSent::Cleared)
+            missing << TellUnsent(desk, sent, link::SubjectView(i), text::Trim(key))->message;
         worst = std::max(worst, sent);
         if (sent == PhotoSent::Failed)
             break;
@@ -93,6 +100,8 @@ Outcome ReplaceSubjectPhotos(DropDesk& drops, const QString& key)
     if (worst == PhotoSent::Failed)
         return {false, u"Not all photos of %1 reached the report."_s.arg(text::Trim(key)), forms::Colour::Red,
                 {}};
+    if (!missing.isEmpty())
+        return {true, missing.join(u' '), forms::Colour::Red, {}};
     if (worst == PhotoSent::None)
         return {true, u"The photos of %1 are in the report now; it doesn't have all three."_s.arg(text::Trim(key)),
                 forms::Colour::Blue, {}};

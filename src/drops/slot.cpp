@@ -62,16 +62,53 @@ bool ReportShowsPhoto(const link::LinkDesk& desk, const forms::PictureBox& photo
            (u';' + desk.addr.txtKelimages.Text()).contains(entry, Qt::CaseInsensitive);
 }
 
+/// Sending a picture that is gone empties the slot in the report, and no one would expect that.
+bool MaySendMissing(link::LinkDesk& desk, const QString& view)
+{
+    const QString file = link::PathOfView(desk, view);
+    return desk.disk.FileExists(file) ||
+           desk.ports.prompter.YesNo(desk.globals.productName,
+                                     u"The picture of the %1 of %2 is missing: %3 is not there. Sending it clears "
+                                     u"the picture of the slot in the report. Clear it?"_s.arg(
+                                         view, text::Trim(desk.state.currentKey), file));
+}
+
 } // namespace
 
 PhotoSent SendView(link::LinkDesk& desk, forms::PictureBox& photo, const QString& view)
 {
     const bool hasView = desk.lists.lstViews.IndexOf(view) >= 0;
+    if (hasView && !MaySendMissing(desk, view))
+        return PhotoSent::Kept;
     if (!hasView && ReportShowsPhoto(desk, photo) && !link::ClearSlotPhoto(desk, photo, false))
         return PhotoSent::Failed;
-    if (!link::SendKelTheView(desk, photo, photo, photo.Index(), view))
+    const link::SlotSend sent = link::SendKelTheView(desk, photo, photo, photo.Index(), view);
+    if (sent == link::SlotSend::Failed)
         return PhotoSent::Failed;
-    return hasView ? PhotoSent::Yes : PhotoSent::None;
+    if (!hasView)
+        return PhotoSent::None;
+    return sent == link::SlotSend::Sent ? PhotoSent::Yes : PhotoSent::Cleared;
+}
+
+std::optional<Outcome> TellUnsent(const link::LinkDesk& desk, PhotoSent sent, const QString& view,
+                                  const QString& key)
+{
+    const QString file = link::PathOfView(desk, view);
+    switch (sent) {
+    case PhotoSent::Failed:
+        return Outcome{false, u"The photo of %1 did not reach the report."_s.arg(key), forms::Colour::Red, {}};
+    case PhotoSent::Kept:
+        return Outcome{false, u"The %1 of %2 was not sent: %3 is missing."_s.arg(view, key, file),
+                       forms::Colour::Red, {}};
+    case PhotoSent::Cleared:
+        return Outcome{true,
+                       u"The slot's picture was cleared, because the %1 of %2 is missing: %3."_s.arg(view, key, file),
+                       forms::Colour::Red, {}};
+    case PhotoSent::Yes:
+    case PhotoSent::None:
+        break;
+    }
+    return std::nullopt;
 }
 
 } // namespace vasclip::drops

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "drops/drag.h"
 #include "link/link_desk.h"
 
 #include <QLatin1StringView>
+
+#include <optional>
 
 namespace vasclip::drops {
 
@@ -27,10 +30,23 @@ struct Slot
 /// @return false if there is no such record
 [[nodiscard]] bool TakeRecord(link::LinkDesk& desk, const QString& key);
 
-enum class PhotoSent { Yes, None, Failed };
+/// What became of a photo that was to be sent, the worse the further down.
+enum class PhotoSent {
+    Yes,
+    None,    ///< the record has no such view; the slot is empty
+    Kept,    ///< its file is missing, and the user kept what the slot holds
+    Cleared, ///< its file is missing, and the slot was emptied, in the report too
+    Failed,
+};
 
 /// Sends a view of the record whose photos are listed. Without one the slot is emptied here and in the report,
-/// where the picture of the comp before would stand beside the new one's data.
+/// where the picture of the comp before would stand beside the new one's data. A view whose file is missing
+/// would empty it as well, which is asked first.
 PhotoSent SendView(link::LinkDesk& desk, forms::PictureBox& photo, const QString& view);
+
+/// What to tell of a photo whose file is missing, or that did not reach the report; nullopt for the others.
+/// @param key  of its record
+[[nodiscard]] std::optional<Outcome> TellUnsent(const link::LinkDesk& desk, PhotoSent sent, const QString& view,
+                                                const QString& key);
 
 } // namespace vasclip::drops

@@ -61,7 +61,7 @@ Outcome ForShown(DropDesk& desk, QLatin1StringView group, int index, Step&& step
         const Outcome one = step(i);
         if (one.done)
             ++done;
-        else if (!one.message.isEmpty())
+        if ((!one.done || one.colour == forms::Colour::Red) && !one.message.isEmpty())
             all = one;
     }
     if (all.message.isEmpty())
@@ -103,9 +103,10 @@ Outcome ObtainPhoto(DropDesk& desk, QLatin1StringView group, int index)
     const Slot slot = SlotOf(desk.link, group, index);
     const QString view = group == "SUBJECT"_L1 ? link::SubjectView(index) : u"FRONT VIEW"_s;
     const PhotoSent sent = SendView(desk.link, slot.photo, view);
+    const auto unsent = TellUnsent(desk.link, sent, view, key); // before the icons list other records' photos
     slot.refreshIcons(desk.link);
-    if (sent == PhotoSent::Failed)
-        return {false, u"The photo of %1 did not reach the report."_s.arg(key), forms::Colour::Red, {}};
+    if (unsent)
+        return *unsent;
     if (sent == PhotoSent::None)
         return {false, u"%1 has no %2."_s.arg(key, view), forms::Colour::Blue, {}};
     return {true, u"The %1 of %2 is in the report now."_s.arg(view, key), forms::Colour::Green, {}};
@@ -141,11 +142,19 @@ Outcome ObtainGeneral(DropDesk& desk, int index)
         !link.ports.prompter.YesNo(link.globals.productName, u"Overwrite %1?  Are you sure?"_s.arg(file)))
         return {};
     const forms::Hourglass hourglass(link.ports.window);
+    const QString before = slot.text.Text();
     slot.text.SetText(SlotText(link.state));
-    if (SendView(link, slot.photo, view) == PhotoSent::Failed)
-        return {false, u"The photo of %1 did not reach the report."_s.arg(key), forms::Colour::Red, {}};
-    TellGeneral(desk, index);
+    const PhotoSent sent = SendView(link, slot.photo, view);
+    const auto unsent = TellUnsent(link, sent, view, key);
+    if (sent == PhotoSent::Failed)
+        return *unsent;
+    if (sent == PhotoSent::Kept)
+        slot.text.SetText(before);
+    else
+        TellGeneral(desk, index);
     slot.refreshIcons(link);
+    if (unsent)
+        return *unsent;
     return {true, u"The %1 of %2 is in the report now."_s.arg(view, key), forms::Colour::Green, {}};
 }
 
@@ -164,14 +173,19 @@ Outcome ObtainData(DropDesk& desk, QLatin1StringView group, int index, WithPhoto
         return {false, u"%1 did not reach the report."_s.arg(key), forms::Colour::Red, {}};
     slot.text.SetText(SlotText(link.state));
     PhotoSent photoSent = PhotoSent::Yes;
+    QString photoTold;
     if (photo == WithPhoto::Yes) {
         photos::ReadPhotoLists(link.sources.datDatabook, link.lists.lstViews, link.lists.lstimages);
         photoSent = SendView(link, slot.photo, u"FRONT VIEW"_s);
+        if (const auto unsent = TellUnsent(link, photoSent, u"FRONT VIEW"_s, key))
+            photoTold = unsent->message;
     }
     if (slot.data != nullptr)
         link.loader.ErrLoadPict(*slot.data, link.globals.G_ProgramDir + u"Addendum_Added.bmp"_s);
     slot.refreshIcons(link);
     link.ports.window.AppActivate();
+    if (photoSent == PhotoSent::Kept || photoSent == PhotoSent::Cleared)
+        return {true, u"%1 is in the report now. "_s.arg(key) + photoTold, forms::Colour::Red, {}};
     if (photoSent == PhotoSent::Failed)
         return {false, u"%1 is in the report now, its photo is not."_s.arg(key), forms::Colour::Red, {}};
     return {true, u"%1 is in the report now."_s.arg(key), forms::Colour::Green, {}};

@@ -69,27 +69,16 @@ void FillSlot(LinkDesk& desk, forms::PictureBox& slot, const QString& entry)
         desk.loader.geaClearImage(slot);
 }
 
-/// Full path of a view in the photo lists, "" if they do not hold it.
-QString PathOfView(const LinkDesk& desk, const QString& view)
-{
-    const int row = desk.lists.lstViews.IndexOf(view);
-    if (row < 0)
-        return {};
-    const QString& directory = desk.globals.G_PhotoDir;
-    const QString slash = directory.isEmpty() || directory.endsWith(u'\\') ? QString() : u"\\"_s;
-    return directory + slash + text::Trim(desk.lists.lstimages.List(row)) + u".jpg"_s;
-}
-
 /// Loads the last picture path into the slot and sends it, with the program in front before and after.
-bool ShowAndSend(LinkDesk& desk, const char* routine, const forms::Control& control, forms::PictureBox& slot,
-                 int index)
+SlotSend ShowAndSend(LinkDesk& desk, const char* routine, const forms::Control& control,
+                     forms::PictureBox& slot, int index)
 {
     const bool loaded = Reported(desk.ports.prompter, routine,
                                  [&] { desk.loader.ErrLoadThumb(slot, desk.state.lastPicturePath); });
     if (!loaded)
-        return false;
+        return SlotSend::Failed;
     desk.ports.window.AppActivate();
-    const bool sent = KelSendSlotPhoto(desk, control, slot, index);
+    const SlotSend sent = KelSendSlotPhoto(desk, control, slot, index);
     desk.ports.window.AppActivate();
     return sent;
 }
@@ -114,35 +103,51 @@ QString ImageObjectName(const QString& controlName, int index)
     return prefix.isEmpty() ? QString() : prefix + text::Dec(index) + u'_';
 }
 
-bool KelSendSlotPhoto(LinkDesk& desk, const forms::Control& control, const forms::PictureBox& slot, int index)
+QString PathOfView(const LinkDesk& desk, const QString& view)
 {
-    return Reported(desk.ports.prompter, "KelSendSlotPhoto", [&] {
+    const int row = desk.lists.lstViews.IndexOf(view);
+    if (row < 0)
+        return {};
+    const QString& directory = desk.globals.G_PhotoDir;
+    const QString slash = directory.isEmpty() || directory.endsWith(u'\\') ? QString() : u"\\"_s;
+    return directory + slash + text::Trim(desk.lists.lstimages.List(row)) + u".jpg"_s;
+}
+
+SlotSend KelSendSlotPhoto(LinkDesk& desk, const forms::Control& control, const forms::PictureBox& slot,
+                          int index)
+{
+    bool send = false;
+    const bool through = Reported(desk.ports.prompter, "KelSendSlotPhoto", [&] {
         QString object = ImageObjectName(control.Name(), index);
         OpenForSending(desk);
         if (index >= 0)
             object += KelPhotoSizeOfPage(desk.txtDDE.Text());
         const QString path = text::Trim(desk.loader.Table().ErrGetPict(slot));
         // A name with nothing before its extension is no picture.
-        const bool send =
+        send =
             !path.isEmpty() && !path.toUpper().contains("\\.JPG"_L1) && desk.disk.FileExists(path);
         KelSendPhoto2Object(desk.txtDDE, object, send ? path : QString());
         SendScriptIfThere(desk, u"refresh.bas"_s);
     });
+    return !through ? SlotSend::Failed : send ? SlotSend::Sent : SlotSend::Cleared;
 }
 
-bool SendKelTheView(LinkDesk& desk, const forms::Control& control, forms::PictureBox& slot, int index,
-                    const QString& view)
+SlotSend SendKelTheView(LinkDesk& desk, const forms::Control& control, forms::PictureBox& slot, int index,
+                        const QString& view)
 {
     const QString path = PathOfView(desk, view);
+    SlotSend sent = SlotSend::Cleared;
     if (path.isEmpty()) {
         desk.loader.geaClearImage(slot);
     } else {
         desk.state.lastPicturePath = path;
-        if (!ShowAndSend(desk, "SendKelTheView", control, slot, index))
-            return false;
+        sent = ShowAndSend(desk, "SendKelTheView", control, slot, index);
+        if (sent == SlotSend::Failed)
+            return sent;
     }
-    return Reported(desk.ports.prompter, "SendKelTheView",
-                    [&] { SendScriptIfThere(desk, u"refresh.bas"_s); });
+    const bool refreshed = Reported(desk.ports.prompter, "SendKelTheView",
+                                    [&] { SendScriptIfThere(desk, u"refresh.bas"_s); });
+    return refreshed ? sent : SlotSend::Failed;
 }
 
 bool SendStoredView(LinkDesk& desk, const forms::Control& control, forms::PictureBox& slot, int index,
@@ -156,7 +161,7 @@ bool SendStoredView(LinkDesk& desk, const forms::Control& control, forms::Pictur
     const bool copied = Reported(desk.ports.prompter, "SendStoredView", [&] {
         desk.state.lastPicturePath = photos::CopyPhotoRename(*desk.photoDesk, path, slot);
     });
-    return copied && ShowAndSend(desk, "SendStoredView", control, slot, index);
+    return copied && ShowAndSend(desk, "SendStoredView", control, slot, index) != SlotSend::Failed;
 }
 
 bool ClearSlotPhoto(LinkDesk& desk, forms::PictureBox& slot, bool ask)
@@ -164,7 +169,7 @@ bool ClearSlotPhoto(LinkDesk& desk, forms::PictureBox& slot, bool ask)
     if (ask && !desk.ports.prompter.YesNo(desk.globals.productName, messages::kClearPhoto))
         return false;
     desk.loader.geaClearImage(slot);
-    return KelSendSlotPhoto(desk, slot, slot, slot.Index());
+    return KelSendSlotPhoto(desk, slot, slot, slot.Index()) != SlotSend::Failed;
 }
 
 QString KelParseImages(const QString& images, const QString& key)

@@ -10,18 +10,27 @@ namespace vasclip::link {
 /// @return "" for a control of no group
 [[nodiscard]] QString ImageObjectName(const QString& controlName, int index);
 
+/// What became of a slot's object in the report.
+enum class SlotSend {
+    Failed,  ///< an exchange failed, which has been reported
+    Sent,    ///< it shows the slot's file
+    Cleared, ///< it was emptied: the slot holds no file, or one that is not there
+};
+
 /// Sends a slot's file to the report, or clears the object if the slot holds no file that is there.
 /// @param control  its name classes the slot
-/// @return false if an exchange failed, which has been reported
-bool KelSendSlotPhoto(LinkDesk& desk, const forms::Control& control, const forms::PictureBox& slot,
-                      int index);
+SlotSend KelSendSlotPhoto(LinkDesk& desk, const forms::Control& control, const forms::PictureBox& slot,
+                          int index);
+
+/// Full path of a view in the photo lists, "" if they do not hold it. The file need not be there.
+[[nodiscard]] QString PathOfView(const LinkDesk& desk, const QString& view);
 
 /// Loads a stored view of the record in the photo lists into a slot and sends it. A record without that view
 /// empties the slot. "refresh.bas" runs twice, once inside the send: the forms program has always been asked
 /// so.
-/// @return false if an exchange failed, which has been reported
-bool SendKelTheView(LinkDesk& desk, const forms::Control& control, forms::PictureBox& slot, int index,
-                    const QString& view);
+/// @return what the send came to; Cleared without a send for a record without that view
+SlotSend SendKelTheView(LinkDesk& desk, const forms::Control& control, forms::PictureBox& slot, int index,
+                        const QString& view);
 
 /// The same through a copy of the file under a stem of its own, for the views of another record: what is done
 /// to the copy leaves that record's picture alone. "refresh.bas" runs once.

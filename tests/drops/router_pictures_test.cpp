@@ -141,6 +141,61 @@ TEST_F(PicturesTest, ARecordsViewOfTheIndexGoesToTheSubject)
     EXPECT_TRUE(slots.imaSubjectIcon(2).Visible());
 }
 
+TEST_F(PicturesTest, APhotoThatIsGoneFromTheDiskIsAskedAboutAndNoSendsNothing)
+{
+    ASSERT_TRUE(DropOn(slots.imaComp(4)).done);
+    report.txtComp(4).SetText(u"14 Elm St"_s);
+    conduit.commands.clear();
+    home.disk.Kill(u"C:\\JPG\\OAK.jpg"_s);
+    doubles.prompter.Forget();
+    doubles.prompter.Answer(forms::Answer::Yes); // overwrite
+    doubles.prompter.Answer(forms::Answer::No);
+    const Outcome kept = DropOn(slots.imaComp(4));
+    EXPECT_EQ(doubles.prompter.Last().text,
+              u"The picture of the FRONT VIEW of 12 OAK ST is missing: C:\\JPG\\OAK.jpg is not there. Sending it "
+              u"clears the picture of the slot in the report. Clear it?"_s);
+    EXPECT_FALSE(kept.done);
+    EXPECT_EQ(kept.message, u"The FRONT VIEW of 12 OAK ST was not sent: C:\\JPG\\OAK.jpg is missing."_s);
+    EXPECT_EQ(kept.colour, forms::Colour::Red);
+    EXPECT_TRUE(conduit.commands.isEmpty());
+    EXPECT_EQ(report.txtComp(4).Text(), u"14 Elm St"_s);
+
+    doubles.prompter.AnswerAlways(forms::Answer::Yes);
+    const Outcome cleared = DropOn(slots.imaComp(4));
+    EXPECT_EQ(cleared.message,
+              u"The slot's picture was cleared, because the FRONT VIEW of 12 OAK ST is missing: C:\\JPG\\OAK.jpg."_s);
+    EXPECT_EQ(cleared.colour, forms::Colour::Red);
+    EXPECT_EQ(conduit.commands, QStringList{SetImage(u"CMP_4_3X5"_s, {})}) << "the wire stays as it is";
+    EXPECT_EQ(Shows(slots.imaComp(4)), QString());
+}
+
+TEST_F(PicturesTest, ACompWhoseFrontViewIsGoneSaysSoBesideItsData)
+{
+    home.disk.Kill(u"C:\\JPG\\OAK.jpg"_s);
+    doubles.prompter.Answer(forms::Answer::No);
+    const Outcome kept = DropOn(report.txtComp(3));
+    EXPECT_EQ(kept.message, u"12 Oak St is in the report now. The FRONT VIEW of 12 Oak St was not sent: "
+                            u"C:\\JPG\\OAK.jpg is missing."_s);
+    EXPECT_TRUE(conduit.commands.isEmpty());
+    doubles.prompter.Answer(forms::Answer::Yes);
+    const Outcome cleared = DropOn(report.txtComp(3));
+    EXPECT_EQ(cleared.message, u"12 Oak St is in the report now. The slot's picture was cleared, because the FRONT "
+                               u"VIEW of 12 Oak St is missing: C:\\JPG\\OAK.jpg."_s);
+    EXPECT_EQ(cleared.colour, forms::Colour::Red);
+}
+
+TEST_F(PicturesTest, OfTheSubjectsThreePhotosTheMissingOnesAreNamed)
+{
+    home.disk.Kill(u"C:\\JPG\\OAK.jpg"_s);
+    doubles.prompter.Answer(forms::Answer::Yes); // overwrites the three
+    doubles.prompter.Answer(forms::Answer::Yes); // clears the first
+    const Outcome outcome = DropOn(report.txtSubject);
+    EXPECT_EQ(outcome.message,
+              u"The slot's picture was cleared, because the FRONT VIEW of 12 OAK ST is missing: C:\\JPG\\OAK.jpg."_s);
+    EXPECT_EQ(outcome.colour, forms::Colour::Red);
+    EXPECT_EQ(Shows(slots.imaSubject(2)), u"C:\\JPG\\OAKR.jpg"_s);
+}
+
 TEST_F(PicturesTest, ARecordWithoutTheViewEmptiesTheSlot)
 {
     const Outcome outcome = DropOn(slots.imaSubject(3));

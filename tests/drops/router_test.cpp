@@ -120,6 +120,7 @@ TEST_F(RouterTest, ASlotThatHasNoPictureObjectIsNotCleared)
 TEST_F(RouterTest, ARecordWhosePhotoFileIsMissingClearsTheObject)
 {
     AddComp(u"16 Ash St"_s, {{u"PHOTOS"_s, u"FRONT VIEW|NOFILE\r\n"_s}});
+    doubles.prompter.Answer(forms::Answer::Yes);
     EXPECT_TRUE(DropOn(report.txtComp(2), u"16 ASH ST"_s).done);
     EXPECT_EQ(conduit.commands, (QStringList{SetImage(u"CMP_2_3X5"_s, {})}));
 }

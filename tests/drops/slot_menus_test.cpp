@@ -47,6 +47,36 @@ TEST_F(SlotMenusTest, ASlotObtainsItsPhotoFromItsRecord)
     EXPECT_EQ(ObtainPhoto(drops, "SALE"_L1, 4).message, u"The slot names no record."_s);
 }
 
+TEST_F(SlotMenusTest, ASlotWhosePhotoIsGoneFromTheDiskAsksAndSaysWhatItDid)
+{
+    home.disk.Kill(u"C:\\JPG\\OAK.jpg"_s);
+    report.txtComp(2).SetText(u"12 Oak St"_s);
+    report.txtSubject.SetText(u"12 Oak St"_s);
+    report.cboGeneral(1).SetText(u"FRONT|VIEW"_s); // the caption of somebody's report
+    const QString cleared =
+        u"The slot's picture was cleared, because the FRONT VIEW of 12 OAK ST is missing: C:\\JPG\\OAK.jpg."_s;
+    const std::pair<std::function<Outcome()>, QString> roads[] = {
+        {[this] { return ObtainPhoto(drops, "SALE"_L1, 2); }, {}},
+        {[this] { return ObtainShownPhotos(drops, "SALE"_L1, 2); }, {}},
+        {[this] { return ObtainGeneral(drops, 1); }, {}},
+        {[this] { return ObtainData(drops, "SALE"_L1, 2, WithPhoto::Yes); }, u"12 OAK ST is in the report now. "_s},
+        {[this] { return ObtainShownData(drops, "SALE"_L1, 2, WithPhoto::Yes); },
+         u"12 OAK ST is in the report now. "_s}};
+    for (const auto& [road, first] : roads) {
+        conduit.commands.clear();
+        doubles.prompter.Answer(forms::Answer::No);
+        EXPECT_EQ(road().message,
+                  first + u"The FRONT VIEW of 12 OAK ST was not sent: C:\\JPG\\OAK.jpg is missing."_s);
+        EXPECT_TRUE(conduit.commands.isEmpty());
+        doubles.prompter.Answer(forms::Answer::Yes);
+        const Outcome outcome = road();
+        EXPECT_EQ(outcome.message, first + cleared);
+        EXPECT_EQ(outcome.colour, forms::Colour::Red);
+        EXPECT_EQ(conduit.commands.size(), 1);
+        EXPECT_TRUE(doubles.prompter.AllAnswered());
+    }
+}
+
 TEST_F(SlotMenusTest, TheSubjectObtainsTheViewOfTheIndexOrAllThree)
 {
     report.txtSubject.SetText(u"12 Oak St"_s);

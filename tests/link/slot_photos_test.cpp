@@ -69,7 +69,7 @@ TEST_F(SlotPhotos, SendIsTheWholeConversation)
 {
     Script(u"refresh.bas"_s);
     loader.ErrLoadThumb(slots.imaComp(2), u"C:\\JPG\\A1.jpg"_s);
-    EXPECT_TRUE(KelSendSlotPhoto(desk, slots.imaComp(2), slots.imaComp(2), 2));
+    EXPECT_EQ(KelSendSlotPhoto(desk, slots.imaComp(2), slots.imaComp(2), 2), SlotSend::Sent);
     EXPECT_EQ(conduit.log, (QStringList{u"mode 0"_s,
                                         u"topic KEL|Query"_s,
                                         u"mode 2"_s,
@@ -114,7 +114,7 @@ TEST_F(SlotPhotos, SubjectZeroTakesTheSize)
 TEST_F(SlotPhotos, AMissingFileClearsTheObjectSilently)
 {
     table.ErrSetPict(slots.imaComp(2), u"C:\\JPG\\GONE.jpg"_s);
-    EXPECT_TRUE(KelSendSlotPhoto(desk, slots.imaComp(2), slots.imaComp(2), 2));
+    EXPECT_EQ(KelSendSlotPhoto(desk, slots.imaComp(2), slots.imaComp(2), 2), SlotSend::Cleared);
     EXPECT_EQ(conduit.commands, (QStringList{SetImage(u"CMP_2_3X5"_s, {})}));
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
@@ -134,7 +134,7 @@ TEST_F(SlotPhotos, AStoredViewIsLoadedAndSentAndTheScriptRunsTwice)
     lists.lstViews.AddItem(u"FRONT VIEW"_s);
     lists.lstimages.AddItem(u"B2"_s);
     lists.lstimages.AddItem(u"A1"_s);
-    EXPECT_TRUE(SendKelTheView(desk, slots.imaComp(2), slots.imaComp(2), 2, u"FRONT VIEW"_s));
+    EXPECT_EQ(SendKelTheView(desk, slots.imaComp(2), slots.imaComp(2), 2, u"FRONT VIEW"_s), SlotSend::Sent);
     EXPECT_EQ(table.ErrGetPict(slots.imaComp(2)), u"C:\\JPG\\A1.jpg"_s);
     EXPECT_EQ(state.lastPicturePath, u"C:\\JPG\\A1.jpg"_s);
     EXPECT_EQ(conduit.commands,
@@ -143,11 +143,21 @@ TEST_F(SlotPhotos, AStoredViewIsLoadedAndSentAndTheScriptRunsTwice)
     EXPECT_EQ(doubles.window.activations, 2);
 }
 
+TEST_F(SlotPhotos, AStoredViewWhoseFileIsGoneClearsTheObjectAndSaysSo)
+{
+    lists.lstViews.AddItem(u"FRONT VIEW"_s);
+    lists.lstimages.AddItem(u"GONE"_s);
+    loader.ErrLoadThumb(slots.imaComp(2), u"C:\\JPG\\A1.jpg"_s);
+    EXPECT_EQ(SendKelTheView(desk, slots.imaComp(2), slots.imaComp(2), 2, u"FRONT VIEW"_s), SlotSend::Cleared);
+    EXPECT_EQ(conduit.commands, (QStringList{SetImage(u"CMP_2_3X5"_s, {})}));
+    EXPECT_EQ(table.ErrGetPict(slots.imaComp(2)), QString());
+}
+
 TEST_F(SlotPhotos, ARecordWithoutTheViewEmptiesTheSlotOnly)
 {
     Script(u"refresh.bas"_s);
     loader.ErrLoadThumb(slots.imaComp(2), u"C:\\JPG\\A1.jpg"_s);
-    EXPECT_TRUE(SendKelTheView(desk, slots.imaComp(2), slots.imaComp(2), 2, u"FRONT VIEW"_s));
+    EXPECT_EQ(SendKelTheView(desk, slots.imaComp(2), slots.imaComp(2), 2, u"FRONT VIEW"_s), SlotSend::Cleared);
     EXPECT_EQ(table.ErrGetPict(slots.imaComp(2)), u""_s);
     EXPECT_EQ(conduit.commands, (QStringList{u"[RunMacro(refresh.bas)]\r"_s}));
 }
@@ -158,7 +168,7 @@ TEST_F(SlotPhotos, AFailedSendIsReportedOnce)
     lists.lstViews.AddItem(u"FRONT VIEW"_s);
     lists.lstimages.AddItem(u"A1"_s);
     conduit.FailOnce(u"item ListForms"_s, error::kLinkTimeOut, u"No answer in time"_s);
-    EXPECT_FALSE(SendKelTheView(desk, slots.imaComp(2), slots.imaComp(2), 2, u"FRONT VIEW"_s));
+    EXPECT_EQ(SendKelTheView(desk, slots.imaComp(2), slots.imaComp(2), 2, u"FRONT VIEW"_s), SlotSend::Failed);
     EXPECT_EQ(doubles.prompter.Texts(),
               (QStringList{u"No answer in time.\r\nError # 286 in module KelListForms."_s}));
     EXPECT_TRUE(conduit.commands.isEmpty());
