@@ -23,6 +23,12 @@ public:
     {
         return m_main.Accepts(source, target);
     }
+    [[nodiscard]] bool AimsAtRow(const QString& source, const forms::Control& target) const override
+    {
+        const drops::DropRule* rule = drops::RuleFor(source, target.Name());
+        return rule != nullptr && rule->action == drops::DropAction::FileInRecord;
+    }
+    bool TakeRow(int row, const QString& key) override { return m_main.TakeRow(row, key); }
     void DragOver(const QString& source, const QString& target) override { m_main.DragOver(source, target); }
     void Drop(forms::Control& source, forms::Control& target) override
     {

@@ -124,6 +124,10 @@ public:
 
     /// A drag ended on a control. Nothing happens for a pair without a rule.
     drops::Outcome Drop(const drops::Drag& drag, forms::Control& target);
+    /// The row that a drop was let go on becomes the current one.
+    /// @param key  of the record that was seen there
+    /// @return false if another record stands there now, or none; the status line says so
+    bool TakeRow(qint64 row, const QString& key);
     /// Would a drop of this source on this control do something now?
     [[nodiscard]] bool Accepts(const QString& sourceName, const forms::Control& target) const;
     /// The hint line while a drag is over a control goes to lblmsg; an empty target name clears it.

@@ -88,6 +88,33 @@ bool frm_Main::Accepts(const QString& sourceName, const forms::Control& target) 
     return m_router->Accepts(sourceName, target);
 }
 
+/// What the row holds now, whatever was painted; "" if there is no such row.
+static QString KeyInRow(const forms::Grid& grid, qint64 row)
+{
+    const forms::GridSource* source = grid.Source();
+    if (source == nullptr || row < 0 || row >= source->RowCount())
+        return {};
+    const QStringList names = source->FieldNames();
+    const auto key = std::find_if(names.cbegin(), names.cend(), [](const QString& name) {
+        return name.compare("CENTRALKEY"_L1, Qt::CaseInsensitive) == 0;
+    });
+    return source->Row(row).value(key - names.cbegin());
+}
+
+bool frm_Main::TakeRow(qint64 row, const QString& key)
+{
+    const common::RoutineScope scope{"TakeRow"};
+    const QString there = text::Trim(KeyInRow(records.grddatabook, row));
+    if (there.isEmpty() || there != text::Trim(key)) {
+        status.lblmsg.Show(u"The records have changed under the pointer; nothing was done. Drop it again."_s,
+                           forms::Colour::Red);
+        records.grddatabook.Refresh(); // to what stands there now
+        return false;
+    }
+    records.grddatabook.SetRow(row);
+    return true;
+}
+
 drops::Outcome frm_Main::Drop(const drops::Drag& drag, forms::Control& target)
 {
     status.lblmsg.Show({}, forms::Colour::Normal);

@@ -3,6 +3,7 @@
 #include "windows/binder.h"
 #include "windows/drop_port.h"
 #include "windows/guard.h"
+#include "windows/record_grid.h"
 #include "windows/theme.h"
 
 #include <QAbstractItemView>
@@ -31,6 +32,9 @@
 namespace vasclip::windows {
 
 namespace {
+
+/// How the port knows the files of another program.
+const QString kFilesName = QStringLiteral("FILES");
 
 void Mark(QWidget& widget, const char* property, bool on)
 {
@@ -295,8 +299,15 @@ void DragDesk::TakePending()
     forms::Control* source = m_pendingSource;
     forms::Control* target = m_pendingTarget;
     const QStringList files = std::exchange(m_pendingFiles, {});
+    const auto row = std::exchange(m_pendingRow, std::nullopt);
     m_pendingSource = nullptr;
     m_pendingTarget = nullptr;
+    if (row) {
+        bool there = false;
+        m_binder.Guard().Run([&] { there = m_port.TakeRow(row->first, row->second); });
+        if (!there)
+            return;
+    }
     if (source != nullptr && target != nullptr)
         Drop(*source, *target);
     else if (target != nullptr && !files.isEmpty())
@@ -338,6 +349,11 @@ bool DragDesk::HandleDrop(QWidget& widget, QDropEvent& event)
     const QStringList files = FilesOf(event.mimeData());
     if (target == nullptr || (source == nullptr && files.isEmpty()))
         return false;
+    const QString name = source != nullptr ? source->Name() : kFilesName;
+    if (const RecordGrid* grid = AimedGrid(name, *target, widget)) {
+        const RecordGrid::Aim aim = grid->AimOf(event.position().toPoint());
+        m_pendingRow = {aim.row, aim.key};
+    }
     Hover(nullptr);
     event.setDropAction(Qt::CopyAction);
     event.accept();
@@ -400,12 +416,14 @@ bool DragDesk::HandleEnter(QWidget& widget, QDropEvent& event)
     const bool files = source == nullptr && !FilesOf(event.mimeData()).isEmpty();
     if (target == nullptr || (source == nullptr && !files))
         return false;
-    const QString name = files ? QStringLiteral("FILES") : source->Name();
+    const QString name = files ? kFilesName : source->Name();
     bool accepted = false;
     m_binder.Guard().Run([&] {
         accepted = source != target && target->Enabled() &&
                    (files ? m_port.AcceptsFiles(*target) : m_port.Accepts(name, *target));
     });
+    if (RecordGrid* grid = accepted ? AimedGrid(name, *target, widget) : nullptr)
+        accepted = grid->AimAt(event.position().toPoint());
     if (accepted) {
         if (m_hover != &widget)
             TellOver(name, target->Name());
@@ -414,6 +432,10 @@ bool DragDesk::HandleEnter(QWidget& widget, QDropEvent& event)
         event.accept();
     } else {
         event.ignore();
+        if (m_hover == &widget) { // from a row to the empty space below the last one
+            Hover(nullptr);
+            TellOver(name, QString());
+        }
     }
     return true;
 }
@@ -422,11 +444,22 @@ void DragDesk::Hover(QWidget* widget)
 {
     if (m_hover == widget)
         return;
-    if (m_hover != nullptr)
+    if (m_hover != nullptr) {
         Mark(*m_hover, "dropHover", false);
+        if (auto* grid = qobject_cast<RecordGrid*>(m_hover->parentWidget()))
+            grid->DropAim();
+    }
     m_hover = widget;
     if (m_hover != nullptr)
         Mark(*m_hover, "dropHover", true);
+}
+
+/// The grid whose rows a drop of this source goes to; nullptr if the target is none.
+RecordGrid* DragDesk::AimedGrid(const QString& source, const forms::Control& target, QWidget& widget)
+{
+    bool aims = false;
+    m_binder.Guard().Run([&] { aims = m_port.AimsAtRow(source, target); });
+    return aims ? qobject_cast<RecordGrid*>(widget.parentWidget()) : nullptr;
 }
 
 /// While a drag lasts, the targets on view that would take it are marked; an empty source takes the marks

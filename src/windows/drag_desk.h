@@ -10,6 +10,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+#include <utility>
+
 class QDrag;
 class QDropEvent;
 class QKeyEvent;
@@ -20,6 +23,7 @@ namespace vasclip::windows {
 
 class Binder;
 class DropPort;
+class RecordGrid;
 
 /// Drags between the controls of one window, and of files to and from other programs. It starts them, marks the
 /// targets that would take the drag while it lasts, and hands a finished one to the port once the toolkit's own
@@ -70,6 +74,7 @@ private:
     void Begin(const forms::Control& source);
     bool HandleEnter(QWidget& widget, QDropEvent& event);
     void Hover(QWidget* widget);
+    [[nodiscard]] RecordGrid* AimedGrid(const QString& source, const forms::Control& target, QWidget& widget);
     void MarkWanted(const QString& source);
     void TakePending();
     void TellOver(const QString& source, const QString& target);
@@ -87,6 +92,7 @@ private:
     QPointer<forms::Control> m_pendingSource, m_pendingTarget;
     QPointer<forms::Control> m_held;
     QStringList m_pendingFiles;
+    std::optional<std::pair<int, QString>> m_pendingRow; ///< for a drop on a row: where, and its key
     QPointer<QWidget> m_pulled; ///< pressed, and a drag if the pointer goes far enough
     QPoint m_pulledAt;
     QPointer<QDrag> m_drag;    ///< of our own, while it lasts

@@ -20,6 +20,23 @@ public:
     /// Would a drop of this source on this control do something now?
     /// @param source  name of the control the drag began on, "grddatabook"
     [[nodiscard]] virtual bool Accepts(const QString& source, const forms::Control& target) const = 0;
+    /// Does a drop of this source on this control, a grid, go to a row of it? The highlight then follows the
+    /// pointer, and TakeRow comes before the drop.
+    [[nodiscard]] virtual bool AimsAtRow(const QString& source, const forms::Control& target) const
+    {
+        Q_UNUSED(source)
+        Q_UNUSED(target)
+        return false;
+    }
+    /// The record that the drop was let go on becomes the highlighted one.
+    /// @param row  -1 if the rows have changed under the pointer; @param key  of the record that it showed there
+    /// @return false if that row is no longer that record: the drop is off, which has been told
+    virtual bool TakeRow(int row, const QString& key)
+    {
+        Q_UNUSED(row)
+        Q_UNUSED(key)
+        return false;
+    }
     /// A drag hovers over a control: the hint goes to the status line. An empty target clears it.
     virtual void DragOver(const QString& source, const QString& target) = 0;
     /// The drag ended on a control. Runs after the toolkit's own drag loop is over, so it may ask questions.

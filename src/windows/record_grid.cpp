@@ -32,12 +32,18 @@ constexpr int kCellMargin = 9;
 class CellPainter : public QStyledItemDelegate
 {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    CellPainter(const RecordGrid::Aim& aim, QObject* parent)
+        : QStyledItemDelegate(parent)
+        , m_aim(aim)
+    {}
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
-        const bool selected = option.state & QStyle::State_Selected;
+        const bool aimed = m_aim.row >= 0;
+        const bool selected = aimed ? index.row() == m_aim.row : bool(option.state & QStyle::State_Selected);
         if (selected)
             painter->fillRect(option.rect, option.palette.highlight());
+        else if (aimed && option.state & QStyle::State_Selected)
+            painter->fillRect(option.rect, index.row() % 2 ? option.palette.alternateBase() : option.palette.base());
         const QString text = index.data(Qt::DisplayRole).toString();
         if (text.isEmpty())
             return;
@@ -47,6 +53,9 @@ public:
         painter->drawText(room, alignment | Qt::TextSingleLine,
                           option.fontMetrics.elidedText(text, Qt::ElideRight, room.width()));
     }
+
+private:
+    const RecordGrid::Aim& m_aim;
 };
 
 } // namespace
@@ -54,7 +63,7 @@ public:
 RecordGrid::RecordGrid(QWidget* parent)
     : QTableView(parent)
 {
-    setItemDelegate(new CellPainter(this));
+    setItemDelegate(new CellPainter(m_aim, this));
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -85,6 +94,7 @@ void RecordGrid::Attach(forms::Grid& grid, EventGuard& guard)
     connect(&grid, &forms::Grid::Rebound, this, &RecordGrid::Rebind);
     connect(&grid, &forms::Grid::ColumnsChanged, this, &RecordGrid::Rebind);
     connect(&grid, &forms::Grid::Repaint, this, [this] {
+        DropAim(); // another record may stand there now; the next move of the pointer tells
         m_guard->Run([this] {
             const QScopedValueRollback<bool> showing(m_showing, true);
             m_model->Forget();
@@ -92,6 +102,10 @@ void RecordGrid::Attach(forms::Grid& grid, EventGuard& guard)
         ShowRow();
     });
     connect(&grid, &forms::Grid::RowColChange, this, &RecordGrid::ShowRow);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+        if (m_aim.row >= 0)
+            AimAt(m_aimPlace);
+    });
     connect(horizontalHeader(), &QHeaderView::sectionMoved, this, [this] { TakeColumns(); });
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this] { TakeColumns(); });
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int column) {
@@ -109,6 +123,7 @@ void RecordGrid::Rebind()
 {
     if (m_showing)
         return;
+    DropAim();
     {
         const QScopedValueRollback<bool> showing(m_showing, true);
         m_model->Reset();
@@ -191,6 +206,35 @@ void RecordGrid::currentChanged(const QModelIndex& current, const QModelIndex& p
 QString RecordGrid::CurrentText(const QString& field) const
 {
     return m_model == nullptr ? QString() : m_model->Text(currentIndex().row(), field);
+}
+
+bool RecordGrid::AimAt(QPoint place)
+{
+    const int row = rowAt(place.y());
+    m_aimPlace = place;
+    if (row == m_aim.row)
+        return row >= 0;
+    if (row < 0 || m_model == nullptr) {
+        DropAim();
+        return false;
+    }
+    m_aim = {row, {}};
+    m_guard->Run([&] { m_aim.key = m_model->Text(row, QStringLiteral("CENTRALKEY")); });
+    viewport()->update();
+    return true;
+}
+
+void RecordGrid::DropAim()
+{
+    if (m_aim.row < 0)
+        return;
+    m_aim = {};
+    viewport()->update();
+}
+
+RecordGrid::Aim RecordGrid::AimOf(QPoint place) const
+{
+    return rowAt(place.y()) == m_aim.row ? m_aim : Aim();
 }
 
 void RecordGrid::startDrag(Qt::DropActions)

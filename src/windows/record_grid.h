@@ -2,6 +2,7 @@
 
 #include "forms/grid.h"
 
+#include <QPoint>
 #include <QTableView>
 
 class QMenu;
@@ -23,6 +24,20 @@ public:
     [[nodiscard]] forms::Grid* Control() const { return m_grid; }
     /// Text of a field in the current row as the grid's source has it.
     [[nodiscard]] QString CurrentText(const QString& field) const;
+
+    /// A drag is over this place of the viewport: while it is, the row there has the highlight instead of the
+    /// current one. The current row stays what it is.
+    /// @return false if there is no row
+    bool AimAt(QPoint place);
+    void DropAim(); ///< the highlight goes back to the current row
+    /// The row that was aimed at, -1 for none, and the key of the record that it showed.
+    struct Aim
+    {
+        int row = -1;
+        QString key = {};
+    };
+    /// What a drop at this place is for; no row if that is not the row with the highlight.
+    [[nodiscard]] Aim AimOf(QPoint place) const;
 
     void CopySelection(); ///< to the clipboard as text and as a table; what goes wrong is shown
     void MoveCurrentColumn(int places);
@@ -57,6 +72,8 @@ private:
     forms::Grid* m_grid = nullptr;
     EventGuard* m_guard = nullptr;
     RecordModel* m_model = nullptr;
+    Aim m_aim;
+    QPoint m_aimPlace;
     bool m_showing = false; ///< the control writes the view, not the user
     bool m_painted = false;
     bool m_fixed = false;

@@ -6,6 +6,7 @@
 
 #include <QMetaObject>
 
+#include <algorithm>
 #include <limits>
 
 namespace vasclip::windows {
@@ -95,10 +96,12 @@ void RecordModel::Failed(const RuntimeError& failure) const
 
 QString RecordModel::Text(int row, const QString& field) const
 {
-    const qsizetype place = m_fields.indexOf(field);
-    if (row < 0 || row >= m_rows || place < 0)
+    const auto named = std::find_if(m_fields.cbegin(), m_fields.cend(), [&](const QString& name) {
+        return name.compare(field, Qt::CaseInsensitive) == 0;
+    });
+    if (row < 0 || row >= m_rows || named == m_fields.cend())
         return {};
-    return Row(row)->value(place);
+    return Row(row)->value(named - m_fields.cbegin());
 }
 
 QString RecordModel::Shown(const QString& stored, const forms::GridColumn& column) const

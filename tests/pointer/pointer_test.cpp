@@ -255,10 +255,11 @@ TEST_F(Pointer, AThumbnailDraggedToAPhotoIsFiledAndSent)
         << "the report does not show " << fresh.first().toStdString();
 }
 
-TEST_F(Pointer, AThumbnailDraggedToARecordIsFiledUnderTheViewThatIsTyped)
+TEST_F(Pointer, AThumbnailDraggedToARecordIsFiledThereUnderTheViewThatIsTyped)
 {
     OpenComps();
-    Click(RowPoint(1));
+    Click(RowPoint(3)); // the highlight goes with the pointer
+    const QJsonObject highlighted = Record(3);
     const QJsonObject record = Record(1);
     const QString view = u"WOODSHED"_s;
     ASSERT_FALSE(record[u"PHOTOS"_s].toString().contains(view));
@@ -272,6 +273,7 @@ TEST_F(Pointer, AThumbnailDraggedToARecordIsFiledUnderTheViewThatIsTyped)
 
     EXPECT_TRUE(WaitFor([&] { return Record(1)[u"PHOTOS"_s].toString().contains(view + u'|'); }, 20000))
         << Record(1)[u"PHOTOS"_s].toString().toStdString();
+    EXPECT_EQ(Record(3)[u"PHOTOS"_s].toString(), highlighted[u"PHOTOS"_s].toString()) << "the row that was clicked";
     EXPECT_EQ(Images(), images) << "nothing goes to the report";
 }
 
