@@ -574,9 +574,9 @@ TEST_F(Entry, WhatWasNotTouchedKeepsItsTextOnEveryScreen)
         Elsewhere(field, value);
     const auto all = [this] {
         QMap<QString, QString> values;
-        for (const store::CompsColumn& column : store::CompsColumns())
-            if (column.size > 0)
-                values.insert(QString(column.name), Field(QString(column.name)));
+        const auto rows = engine.OpenDatabase(path)->OpenRecordset(table, engine::RecordsetType::Table);
+        for (const engine::Field& field : rows->Fields())
+            values.insert(field.name, rows->Value(field.name).toString());
         values.remove(u"MODIFIEDDATE"_s);
         return values;
     };
