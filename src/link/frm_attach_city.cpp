@@ -1,8 +1,10 @@
 #include "link/frm_attach_city.h"
 
+#include "common/dates.h"
 #include "common/error_block.h"
 #include "common/settings.h"
 #include "databook/comp_fields.h"
+#include "databook/field_note.h"
 #include "databook/messages.h"
 #include "link/attach_fields.h"
 #include "link/messages.h"
@@ -237,6 +239,21 @@ bool frm_AttachCity::MaySkip()
                                         messages::kCityNotComplete, question) == forms::Answer::Yes;
 }
 
+/// A sale date that is none is stored as the pending one; the window goes with it, so that it is said before.
+bool frm_AttachCity::MayLoseDate() const
+{
+    const QDate today = m_desk.ports.clock.Today();
+    const QString typed = text::Trim(txtSaleDate.Text());
+    const bool pending = typed.isEmpty() || typed.startsWith("pend"_L1, Qt::CaseInsensitive);
+    if (pending || typed == m_boxes.last().stored)
+        return true;
+    const common::DateSense sense =
+        common::IsDate(typed, today) ? common::SenseOf(typed, today) : common::DateSense::Unreadable;
+    const auto note = databook::NoteOn(typed, sense, databook::kPendingDate, databook::kAPendingSale);
+    return !note || !note->lost ||
+           m_desk.ports.prompter.YesNo(store::kPlainTitle, databook::kDatesLost.arg(note->words));
+}
+
 /// Boxes that were changed go to the record in one update. @return false if it is not there any more
 bool frm_AttachCity::Store()
 {
@@ -278,6 +295,10 @@ void frm_AttachCity::cmdOk_Click()
     }
     if (!MaySkip()) {
         (text::Trim(txtCity.Text()).isEmpty() ? txtCity : txtState).SetFocus();
+        return;
+    }
+    if (!MayLoseDate()) {
+        txtSaleDate.SetFocus();
         return;
     }
     bool there = true;

@@ -50,13 +50,14 @@ private:
     void optUseSubjCSZ_Click(int chosen);
     [[nodiscard]] databook::CityEntry Entry() const;
     [[nodiscard]] bool MaySkip();
+    [[nodiscard]] bool MayLoseDate() const;
     [[nodiscard]] bool Store();
     void SaveChoice();
 
     LinkDesk& m_desk;
     QString m_mode; ///< SALE or MANUAL
     QString m_key;
-    QList<Box> m_boxes;
+    QList<Box> m_boxes; ///< the sale date is the last
     bool m_found = false;
     bool m_changed = false;
     bool m_listChanged = false;

@@ -211,6 +211,36 @@ TEST_F(AttachCity, OkStoresTheBoxesCutToTheirFields)
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
 
+TEST_F(AttachCity, ASaleDateThatIsNoneIsAskedAboutBeforeItIsStored)
+{
+    engine.OpenDatabase(kDatabook)->Execute(u"UPDATE COMPS SET ST = 'WI', SALEDATE = '3/14/2024'"_s);
+    conduit.Answer(topic, u"PAGE2|4|5"_s, u"s05/24;c04/24"_s); // what the report says, untouched
+    Open(u"COMP"_s);
+    int focus = 0;
+    QObject::connect(&screen->txtSaleDate, &forms::Control::FocusWanted, &screen->txtSaleDate, [&] { ++focus; });
+    doubles.prompter.Answer(forms::Answer::No);
+    Click(screen->cmdOk);
+    EXPECT_TRUE(screen->IsOpen());
+    EXPECT_EQ(focus, 1);
+    EXPECT_EQ(Field(u"SALEDATE"_s), u"3/14/2024"_s);
+    const QString shown = screen->txtSaleDate.Text();
+    EXPECT_EQ(doubles.prompter.Texts(),
+              QStringList{u"\"%1\" is not understood as a date; it counts as 01/01/1900, a pending sale.\n\nDo you want "
+                          u"to store that and leave?"_s.arg(shown)});
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Click(screen->cmdOk);
+    EXPECT_FALSE(screen->IsOpen());
+    EXPECT_EQ(Field(u"SALEDATE"_s), u"01/01/1900"_s);
+    for (const QString& plain : {u"3/15/2024"_s, u"pending"_s, QString()}) {
+        doubles.prompter.Forget();
+        Open(u"MANUAL"_s);
+        screen->txtSaleDate.SetText(plain);
+        Click(screen->cmdOk);
+        EXPECT_FALSE(screen->IsOpen());
+        EXPECT_TRUE(doubles.prompter.Boxes().empty()) << plain.toStdString();
+    }
+}
+
 TEST_F(AttachCity, CancelStoresNothing)
 {
     Open(u"MANUAL"_s);
@@ -336,6 +366,7 @@ TEST_F(AttachCity, AChoiceThatIsNoneOfTheThreeShowsWhatItDoes)
 
 TEST_F(AttachCity, TheBoxesTakeEveryKindOfText)
 {
+    doubles.prompter.AnswerAlways(forms::Answer::Yes); // a sale date may be none
     for (const QString& sample : {QString(300, u'W'), u"Caf\u00e9 \u00d1u\u00f1ez"_s,
                                   u"\u05e8\u05d7\u05d5\u05d1 12"_s, u"a\tb\x01"_s, u"O'B \"x\" %s; --"_s}) {
         Open(u"MANUAL"_s);
@@ -358,7 +389,7 @@ TEST_F(AttachCity, TheBoxesTakeEveryKindOfText)
         EXPECT_EQ(Field(u"SALEDATE"_s), u"01/01/1900"_s);
         Close();
     }
-    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 5U) << "about nothing but the dates";
 }
 
 TEST_F(AttachCity, WithoutARecordTheListIsThereAllTheSame)
