@@ -12,7 +12,7 @@ OneCopy::OneCopy(const QString& home)
     if (m_lock.Take(path, 0)) {
         if (mark.open(QIODevice::WriteOnly | QIODevice::Truncate))
             mark.write(QByteArray::number(QCoreApplication::applicationPid()) + '\n');
-    } else if (mark.open(QIODevice::ReadOnly)) {
+    } else if (m_lock.HeldByOther() && mark.open(QIODevice::ReadOnly)) {
         m_other = mark.readLine(32).trimmed().toLongLong();
     }
 }

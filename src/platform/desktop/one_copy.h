@@ -11,11 +11,12 @@ namespace vasclip::desktop {
 class OneCopy
 {
 public:
-    /// @param home  native directory; it is there
+    /// @param home  native directory
     explicit OneCopy(const QString& home);
 
-    /// False if another copy was there first, or the home cannot hold the mark of this one.
-    [[nodiscard]] bool IsFirst() const { return m_lock.IsHeld(); }
+    /// False if another copy was there first. A home that takes no mark of this one, since it may not be written,
+    /// keeps nobody out.
+    [[nodiscard]] bool IsFirst() const { return !m_lock.HeldByOther(); }
     /// Number of the process that was there first; 0 if this one is, or nothing tells.
     [[nodiscard]] qint64 OtherProcess() const { return m_other; }
 

@@ -2,16 +2,14 @@
 
 #include "platform/engine/errors.h"
 #include "platform/engine/process.h"
+#include "platform/files/file_lock.h"
 
-#include <QDeadlineTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLockFile>
 #include <QSaveFile>
 #include <QSysInfo>
-#include <QThread>
 #include <QUuid>
 
 namespace vasclip::engine {
@@ -21,7 +19,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int kLockWaitMilliseconds = 5000;
-constexpr int kStaleMilliseconds = 10000;
 
 struct Entry
 {
@@ -69,20 +66,12 @@ bool WriteEntries(const QString& file, const QList<Entry>& entries)
     return output.commit();
 }
 
-/// Takes the lock file; waits in short steps, since it is held for moments only. @return false without rights
-/// or when the wait was in vain
-bool Take(QLockFile& lock)
+/// Takes the lock beside the companion, which is held for moments only. The system takes it back from a process
+/// that was killed, so that a file that was left holds nobody up. @return false without rights or when the wait
+/// was in vain
+bool Take(files::FileLock& lock, const QString& companion)
 {
-    lock.setStaleLockTime(kStaleMilliseconds);
-    const QDeadlineTimer deadline(kLockWaitMilliseconds);
-    constexpr unsigned long kStep = 5;
-    for (;;) {
-        if (lock.tryLock(0))
-            return true;
-        if (lock.error() != QLockFile::LockFailedError || deadline.hasExpired())
-            return false;
-        QThread::msleep(kStep);
-    }
+    return lock.Take(companion + u"~"_s, kLockWaitMilliseconds, files::FileLock::After::Goes);
 }
 
 QString Describe(const User& user)
@@ -119,8 +108,8 @@ Companion::Companion(const QString& nativePath, const QString& shown, OpenMode m
     : m_nativePath(nativePath)
 {
     const QString file = FileOf(nativePath);
-    QLockFile lock(file + u"~"_s);
-    const bool locked = Take(lock);
+    files::FileLock lock;
+    const bool locked = Take(lock, file);
     QList<Entry> entries = ReadEntries(file);
     entries.removeIf([](const Entry& entry) { return !entry.user.alive; });
     for (const Entry& entry : entries) {
@@ -155,9 +144,9 @@ Companion::~Companion()
     if (m_id.isEmpty())
         return;
     const QString file = FileOf(m_nativePath);
-    QLockFile lock(file + u"~"_s);
+    files::FileLock lock;
     // Without the lock the entry stays: it is seen as dead when this process is gone.
-    if (!Take(lock))
+    if (!Take(lock, file))
         return;
     QList<Entry> entries = ReadEntries(file);
     entries.removeIf([this](const Entry& entry) { return entry.id == m_id || !entry.user.alive; });

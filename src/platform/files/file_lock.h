@@ -14,15 +14,22 @@ public:
     FileLock(const FileLock&) = delete;
     FileLock& operator=(const FileLock&) = delete;
 
-    /// @param path    native; the file is made if it is missing and stays behind
+    /// What becomes of the file when the lock is let go.
+    enum class After { Stays, Goes };
+
+    /// @param path    native; the file is made if it is missing. One that a killed process left is taken over.
     /// @param waitMs  0 tries once
     /// @return false if somebody else holds it, or the file cannot be made
-    [[nodiscard]] bool Take(const QString& path, int waitMs);
+    [[nodiscard]] bool Take(const QString& path, int waitMs, After after = After::Stays);
     void Release();
     [[nodiscard]] bool IsHeld() const { return m_handle != -1; }
+    /// After a Take in vain: does somebody else hold it? False where there was no file to hold.
+    [[nodiscard]] bool HeldByOther() const { return m_heldByOther; }
 
 private:
     qintptr m_handle = -1;
+    QString m_goes; ///< the file that goes with the lock
+    bool m_heldByOther = false;
 };
 
 } // namespace vasclip::files

@@ -24,9 +24,10 @@ FileLock::~FileLock()
     Release();
 }
 
-bool FileLock::Take(const QString& path, int waitMs)
+bool FileLock::Take(const QString& path, int waitMs, After after)
 {
     Release();
+    m_heldByOther = false;
     const HANDLE handle =
         CreateFileW(reinterpret_cast<const wchar_t*>(path.utf16()), GENERIC_READ | GENERIC_WRITE,
                     FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -38,13 +39,17 @@ bool FileLock::Take(const QString& path, int waitMs)
         OVERLAPPED place = LockedPlace();
         if (LockFileEx(handle, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place))
             break;
-        if (GetLastError() != ERROR_LOCK_VIOLATION || waiting.elapsed() >= waitMs) {
+        m_heldByOther = GetLastError() == ERROR_LOCK_VIOLATION;
+        if (!m_heldByOther || waiting.elapsed() >= waitMs) {
             CloseHandle(handle);
             return false;
         }
         Sleep(2);
     }
     m_handle = reinterpret_cast<qintptr>(handle);
+    m_heldByOther = false;
+    if (after == After::Goes)
+        m_goes = path;
     return true;
 }
 
@@ -53,6 +58,9 @@ void FileLock::Release()
     if (m_handle != -1)
         CloseHandle(reinterpret_cast<HANDLE>(m_handle));
     m_handle = -1;
+    if (!m_goes.isEmpty())
+        DeleteFileW(reinterpret_cast<const wchar_t*>(m_goes.utf16())); // not while others have it open
+    m_goes.clear();
 }
 
 } // namespace vasclip::files

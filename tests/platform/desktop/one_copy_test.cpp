@@ -60,10 +60,12 @@ TEST(OneCopy, AKilledCopyStandsNoMore)
     close(ready[1]);
 }
 
-TEST(OneCopy, AHomeThatIsNotThereHoldsNone)
+TEST(OneCopy, AHomeThatTakesNoMarkKeepsNobodyOut)
 {
     const TempHome home;
-    EXPECT_FALSE(OneCopy(home.Native(QStringLiteral("none"))).IsFirst());
+    const OneCopy copy(home.Native(QStringLiteral("none")));
+    EXPECT_TRUE(copy.IsFirst());
+    EXPECT_EQ(copy.OtherProcess(), 0);
 }
 
 } // namespace
