@@ -9,6 +9,7 @@
 #include "platform/engine/values.h"
 
 #include <QMutex>
+#include <QScopeGuard>
 #include <QSysInfo>
 #include <QUrl>
 #include <QtEndian>
@@ -35,7 +36,8 @@ void NoteOpen(const QString& path, int change)
         OpenFiles().remove(path);
 }
 
-QString OtherUser(const QString& nativePath)
+/// Who else has the file open, as its companion tells; "" when it tells of nobody.
+QString OtherUsers(const QString& nativePath)
 {
     const QString host = QSysInfo::machineHostName();
     QStringList names;
@@ -44,7 +46,7 @@ QString OtherUser(const QString& nativePath)
         if (user.alive && !own)
             names.append(u"process %1 on %2"_s.arg(QString::number(user.process), user.host));
     }
-    return names.size() == 1 ? u" (%1)"_s.arg(names.front()) : QString();
+    return names.isEmpty() ? QString() : u" (%1)"_s.arg(names.join(u" or "_s));
 }
 
 } // namespace
@@ -135,20 +137,30 @@ void Connection::Fail(int code)
     switch (code & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-        throw RuntimeError(
-            error::kCouldNotUpdateLocked,
-            u"Could not update; currently locked by another user%1. Try again when the other user is "
-            "done with %2"_s.arg(OtherUser(m_setup.nativePath), file));
+        if (m_beginning || (m_depth > 0 && !ReadOnly()))
+            throw RuntimeError(
+                error::kCouldNotUpdateLocked,
+                u"Could not update; currently locked by another user%1. Try again when the other user is "
+                "done with %2"_s.arg(OtherUsers(m_setup.nativePath), file));
+        throw RuntimeError(error::kCouldNotReadLocked,
+                           u"Could not read; currently locked by another user%1. Try again when the other user is "
+                           "done with %2"_s.arg(OtherUsers(m_setup.nativePath), file));
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
+        // What the full-text index says of itself can be mended; a page that can't be read can't.
+        if (extended != SQLITE_CORRUPT_VTAB && m_attached.empty() && m_damage.isEmpty())
+            SetDamage(u"not all of its pages can be read"_s);
         throw RuntimeError(
             error::kCorruptDatabase,
-            u"The database %1 is damaged and can not be used. Restore it from a backup"_s.arg(file));
+            u"The database %1 is damaged: not all of it can be read. Copy what can be read into a new one, or restore "
+            "it from a backup"_s.arg(file));
     case SQLITE_FULL:
         throw RuntimeError(
             error::kDiskFull,
             u"The disk that holds %1 is full. Nothing in that file was changed; make room and try again"_s.arg(file));
     case SQLITE_READONLY:
+        if (!m_damage.isEmpty())
+            throw RuntimeError(error::kFileIsReadOnly, DamageText());
         throw RuntimeError(error::kFileIsReadOnly,
                            u"The file %1 is read-only and can not be changed"_s.arg(file));
     case SQLITE_CANTOPEN:
@@ -201,6 +213,19 @@ void Connection::Fail(int code)
         break;
     }
     throw RuntimeError(error::kInternalEngine, u"The database engine failed on %1: %2"_s.arg(file, message));
+}
+
+void Connection::SetDamage(const QString& damage)
+{
+    m_damage = damage;
+    sqlite3_exec(m_handle, damage.isEmpty() ? "PRAGMA query_only=OFF" : "PRAGMA query_only=ON", nullptr, nullptr,
+                 nullptr);
+}
+
+QString Connection::DamageText() const
+{
+    return u"Can not update: the database %1 is damaged (%2) and open for reading only. Copy what can be read into "
+           "a new one, or restore it from a backup"_s.arg(m_setup.shown, m_damage);
 }
 
 const QList<TableDef>& Connection::Tables(const QString& schema)
@@ -260,7 +285,7 @@ void Connection::NoteStart()
     try {
         m_changeNumber = ChangeNumber();
         m_rowsChanged = sqlite3_total_changes64(m_handle);
-        m_inStep = !m_setup.readOnly && InStep();
+        m_inStep = !ReadOnly() && InStep();
     } catch (...) {
         sqlite3_exec(m_handle, "ROLLBACK", nullptr, nullptr, nullptr);
         throw;
@@ -277,7 +302,9 @@ void Connection::CarryStamp()
 void Connection::Begin()
 {
     if (m_depth == 0) {
-        Run(m_setup.readOnly ? u"BEGIN"_s : u"BEGIN IMMEDIATE"_s);
+        m_beginning = !ReadOnly();
+        const auto begun = qScopeGuard([this] { m_beginning = false; });
+        Run(m_beginning ? u"BEGIN IMMEDIATE"_s : u"BEGIN"_s);
         m_undone = false;
         NoteStart();
     } else if (!m_undone) {

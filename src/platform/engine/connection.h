@@ -55,7 +55,11 @@ public:
     [[nodiscard]] sqlite3* Handle() const { return m_handle; }
     [[nodiscard]] const QString& NativePath() const { return m_setup.nativePath; }
     [[nodiscard]] const QString& Shown() const { return m_setup.shown; }
-    [[nodiscard]] bool ReadOnly() const { return m_setup.readOnly; }
+    [[nodiscard]] bool ReadOnly() const { return m_setup.readOnly || !m_damage.isEmpty(); }
+    /// What is wrong with the file, "" as far as is known. With damage nothing is written any more.
+    [[nodiscard]] const QString& Damage() const { return m_damage; }
+    void SetDamage(const QString& damage);
+    [[nodiscard]] QString DamageText() const; ///< why nothing is written, and what to do
     void SetLockWait(int milliseconds);
 
     /// Runs statements of the engine's own.
@@ -144,6 +148,8 @@ private:
     qint64 m_changeNumber = 0; ///< as the transaction under way found it
     qint64 m_rowsChanged = 0;  ///< by this connection, likewise
     bool m_inStep = false;     ///< likewise
+    QString m_damage;
+    bool m_beginning = false;  ///< a transaction that writes
     bool m_undone = false;     ///< SQLite took the whole transaction back by itself
     quint64 m_generation = 0;
 };

@@ -1,6 +1,6 @@
 #include "platform/engine/errors.h"
 #include "platform/engine/file_kind.h"
-#include "platform/engine/process.h"
+#include "platform/engine/new_file.h"
 #include "platform/engine/schema_tables.h"
 #include "platform/engine/sqlite_database.h"
 #include "platform/engine/super_journal.h"
@@ -33,53 +33,6 @@ struct Engine::Private
 };
 
 namespace {
-
-/// A file beside the target that becomes it in one step or goes away.
-class NewFile
-{
-public:
-    explicit NewFile(const QString& target)
-        : m_target(target)
-        , m_path(u"%1.new%2"_s.arg(target, QString::number(OwnProcess())))
-    {
-        Remove();
-    }
-    ~NewFile() { Remove(); }
-    NewFile(const NewFile&) = delete;
-    NewFile& operator=(const NewFile&) = delete;
-
-    [[nodiscard]] const QString& Path() const { return m_path; }
-    void Finish(const QString& shown)
-    {
-        if (!FlushFile(m_path) || !RenameOver(m_path, m_target))
-            throw RuntimeError(
-                error::kPathFileAccess,
-                u"The file %1 could not be written. Make sure that you have rights to its directory"_s.arg(
-                    shown));
-    }
-
-private:
-    void Remove()
-    {
-        QFile::remove(m_path);
-        QFile::remove(m_path + u"-journal"_s);
-    }
-
-    QString m_target;
-    QString m_path;
-};
-
-/// Makes an empty file for SQLite to fill, so that missing rights and full disks have their own errors.
-void Touch(const QString& native, const QString& shown)
-{
-    if (!QFileInfo(QFileInfo(native).absolutePath()).isDir())
-        throw RuntimeError(error::kPathNotFound, u"The directory of %1 is not there"_s.arg(shown));
-    QFile file(native);
-    if (!file.open(QIODevice::WriteOnly))
-        throw RuntimeError(
-            error::kPathFileAccess,
-            u"The file %1 could not be made. Make sure that you have rights to its directory"_s.arg(shown));
-}
 
 /// A connection without any schema of ours yet.
 struct BareHandle

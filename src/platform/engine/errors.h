@@ -13,6 +13,7 @@ inline constexpr int kKeyIsNull = 3058;
 inline constexpr int kUnknownInsertField = 3127;
 inline constexpr int kBadBookmark = 3159;
 inline constexpr int kRecordDeleted = 3167;
+inline constexpr int kCouldNotReadLocked = 3187; ///< a read or an opening that another user kept waiting
 inline constexpr int kDatabaseExists = 3204;
 inline constexpr int kIndexExists = 3284;
 inline constexpr int kValueRequired = 3314;

@@ -39,6 +39,14 @@ Connection& Session::Open() const
     return *connection;
 }
 
+QString Session::WhyReadOnly() const
+{
+    if (connection && !connection->Damage().isEmpty())
+        return connection->DamageText();
+    return u"Can not update: the database %1 is read-only. Get the rights to write it and its directory"_s.arg(
+        path);
+}
+
 RowRecordset::RowRecordset(std::shared_ptr<Session> session, sql::Plan plan)
     : m_session(std::move(session))
     , m_plan(std::move(plan))
@@ -99,8 +107,7 @@ void RowRecordset::NeedUpdatable() const
         error::kFileIsReadOnly,
         m_session->Updatable()
             ? u"The result of this query can not be changed"_s
-            : u"Can not update: the database %1 is read-only. Get the rights to write it and its directory"_s
-                  .arg(m_session->path));
+            : m_session->WhyReadOnly());
 }
 
 qint64 RowRecordset::NeedId() const

@@ -30,6 +30,7 @@ struct Session
     std::vector<RowRecordset*> recordsets;
 
     [[nodiscard]] Connection& Open() const; ///< @throws 3420 when closed
+    [[nodiscard]] QString WhyReadOnly() const; ///< a sentence without its full stop
     [[nodiscard]] bool Updatable() const
     {
         return connection && mode != OpenMode::ReadOnly && !connection->ReadOnly();

@@ -158,10 +158,7 @@ void SqliteDatabase::NeedUpdatable() const
 {
     static_cast<void>(Open());
     if (!m_session->Updatable())
-        throw RuntimeError(
-            error::kFileIsReadOnly,
-            u"Can not update: the database %1 is read-only. Get the rights to write it and its directory"_s
-                .arg(m_session->path));
+        throw RuntimeError(error::kFileIsReadOnly, m_session->WhyReadOnly());
 }
 
 void SqliteDatabase::NeedUnused(const QString& table) const

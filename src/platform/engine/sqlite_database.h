@@ -31,8 +31,9 @@ public:
     void Rollback() override;
     void Close() override;
 
-private:
     [[nodiscard]] Connection& Open() const { return m_session->Open(); }
+
+private:
     [[nodiscard]] sql::Plan Translate(const QString& text) const;
     [[nodiscard]] const TableDef& NeedTable(const QString& name) const;
     [[nodiscard]] TextIndex IndexOf(const QString& table, const QStringList& fields) const;

@@ -1,5 +1,6 @@
 #include "platform/engine/text_index.h"
 
+#include "platform/engine/check.h"
 #include "platform/engine/connection.h"
 #include "platform/text/runtime_error.h"
 
@@ -207,8 +208,8 @@ void TextIndex::Sweep(Connection& connection)
             if (table == nullptr)
                 continue;
             TextIndex index(connection, *table, fields.split(u'\n'));
-            if (index.Look() != Standing::Damaged)
-                continue;
+            if (index.Look() != Standing::Damaged || !CheckFile(connection, CheckDepth::Opening).isEmpty())
+                continue; // a file that is damaged elsewhere is not written any more
             index.Drop();
             index.m_check.trouble = TextIndexTrouble::Damaged;
         }
@@ -439,6 +440,7 @@ TextIndexState TextIndex::MakeOn(int milliseconds)
 
 TextIndexState TextIndex::Make(int milliseconds)
 {
+    const QString before = m_connection.Damage();
     try {
         return MakeOn(milliseconds);
     } catch (const RuntimeError& failure) {
@@ -446,6 +448,7 @@ TextIndexState TextIndex::Make(int milliseconds)
             throw;
     }
     // The index can be made again; if it is the records that are damaged, the next round tells.
+    m_connection.SetDamage(before);
     Drop();
     m_check = {};
     m_check.trouble = TextIndexTrouble::Damaged;
@@ -523,12 +526,14 @@ TextHits TextIndex::Find(const TextSearch& search)
     const QString match = MatchOf(search.words);
     if (match.isEmpty() || !m_check.compared || m_check.unfit || Look() != Standing::Whole)
         return Walk(search, {});
+    const QString before = m_connection.Damage();
     try {
         return Walk(search, match);
     } catch (const RuntimeError& failure) {
         if (failure.Number() != error::kCorruptDatabase)
             throw;
     }
+    m_connection.SetDamage(before);
     m_check = {};
     m_check.trouble = TextIndexTrouble::Damaged;
     m_check.unfit = m_connection.ReadOnly();
