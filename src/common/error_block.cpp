@@ -1,10 +1,13 @@
 #include "common/error_block.h"
 
+#include "common/given_up.h"
+
 #include "platform/text/text.h"
 
 #include <QDateTime>
 
 #include <exception>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -13,6 +16,7 @@ namespace vasclip::common {
 namespace {
 
 constexpr int kNameLength = 20;
+constexpr int kCouldNotReadLocked = 3187; // the engine's
 constexpr auto kMayBeCorrupt =
     "The databases may be corrupt.  Please run the rebuild programs. (Double Click on the "
     "icons) and restart Vasclip Manager."_L1;
@@ -28,6 +32,7 @@ struct State
     const char* current = "";
     QString failed; ///< the innermost routine that the error on its way up has left
     std::function<void(const QString&)> log;
+    QString givenUp; ///< what the user has read and will not try again
 };
 
 State& TheState()
@@ -56,8 +61,10 @@ RoutineScope::RoutineScope(const char* name)
     , m_unwinding(std::uncaught_exceptions())
 {
     TheState().current = name;
-    if (m_unwinding == 0)
+    if (m_unwinding == 0) {
         TheState().failed.clear();
+        TheState().givenUp.clear();
+    }
 }
 
 RoutineScope::~RoutineScope()
@@ -79,6 +86,12 @@ ErrorAction FileErrors(forms::Prompter& prompter, const RuntimeError& failure)
     case error::kCouldNotUpdateLocked:
         prompter.Box({}, QString(kMayBeCorrupt));
         throw forms::EndOfProgram{1};
+    case kCouldNotReadLocked:
+        if (prompter.MsgBox(forms::Buttons::RetryCancel, forms::Icon::Exclamation, u"Vasclip"_s,
+                            failure.Description() + u'.') == forms::Answer::Retry)
+            return ErrorAction::Retry;
+        TheState().givenUp = failure.Description();
+        return ErrorAction::Raise;
     case error::kDeviceIo:
     case error::kDiskFull:
     case error::kDeviceUnavailable:
@@ -109,8 +122,14 @@ void ReportError(forms::Prompter& prompter, const RuntimeError& failure)
         state.log(QDateTime::currentDateTime().toString(Qt::ISODate) + u' ' +
                   QString(text).replace("\r\n"_L1, " "_L1));
     }
-    prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Critical, u"Error"_s, text);
+    if (std::exchange(state.givenUp, {}) != failure.Description())
+        prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Critical, u"Error"_s, text);
     state.failed.clear();
+}
+
+bool TakeGivenUp()
+{
+    return !std::exchange(TheState().givenUp, {}).isEmpty();
 }
 
 void SetErrorLog(std::function<void(const QString& line)> log)

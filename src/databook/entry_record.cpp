@@ -2,10 +2,12 @@
 
 #include "common/dates.h"
 #include "common/error_block.h"
+#include "common/given_up.h"
 #include "common/text_filters.h"
 #include "databook/comp_fields.h"
 #include "databook/messages.h"
 #include "databook/number_text.h"
+#include "platform/engine/errors.h"
 #include "platform/text/dates.h"
 #include "platform/text/text.h"
 #include "store/messages.h"
@@ -31,6 +33,19 @@ QString OnlyNumeric(const QString& text)
         if (common::IsNumericChar(QString(letter)))
             kept.append(letter);
     return kept;
+}
+
+/// What was typed is worth a second try: another user's lock is asked about and does not end the program.
+template <class Step>
+void WaitingForOthers(Step&& step)
+{
+    try {
+        step();
+    } catch (const RuntimeError& failure) {
+        if (failure.Number() != error::kCouldNotUpdateLocked)
+            throw;
+        throw RuntimeError(error::kCouldNotReadLocked, failure.Description());
+    }
 }
 
 } // namespace
@@ -172,16 +187,22 @@ Stored EntryRecord::Write(bool leaving)
             if (!theirs)
                 common::Guarded(m_desk.ports.prompter, [&] {
                     m_texts = texts;
-                    if (recordset.CurrentEditMode() == engine::EditMode::None)
-                        recordset.Edit();
-                    Put(leaving);
-                    recordset.Update();
+                    WaitingForOthers([&] {
+                        if (recordset.CurrentEditMode() == engine::EditMode::None)
+                            recordset.Edit();
+                        Put(leaving);
+                        recordset.Update();
+                    });
                     done = true;
                 });
         } catch (const RuntimeError& failure) {
             m_texts = texts;
             if (failure.Number() == kRecordDeleted) {
                 m_desk.ports.prompter.Box(store::kPlainTitle, kDeletedMeanwhile.arg(m_key));
+                return Stored::Kept;
+            }
+            if (failure.Number() == error::kCouldNotReadLocked) {
+                common::TakeGivenUp(); // told already
                 return Stored::Kept;
             }
             if (failure.Number() != error::kDataChanged)

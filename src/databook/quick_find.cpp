@@ -3,10 +3,12 @@
 #include "common/error_block.h"
 #include "databook/grid.h"
 #include "databook/messages.h"
+#include "platform/engine/errors.h"
 #include "platform/text/text.h"
 
 #include <algorithm>
 #include <bit>
+#include <utility>
 
 namespace vasclip::databook {
 
@@ -121,8 +123,11 @@ QuickFind::QuickFind(const forms::Ports& ports, RecordDesk& desk, store::DataSou
                 m_timer.stop();
         } catch (const RuntimeError& failure) {
             m_timer.stop();
-            m_searching = false;
-            common::ReportError(m_ports.prompter, failure);
+            // Nobody waits for the index: without it the rows themselves are looked through.
+            const bool taken = failure.Number() == error::kCouldNotUpdateLocked ||
+                               failure.Number() == error::kCouldNotReadLocked;
+            if (std::exchange(m_searching, false) || !taken)
+                common::ReportError(m_ports.prompter, failure);
         }
     });
     connect(&desk.txtQuickFind, &forms::TextBox::TextChanged, this, &QuickFind::txtQuickFind_Change);

@@ -82,6 +82,38 @@ TEST(FileErrors, ALockedRecordEndsTheProgramWithItsMessage)
     EXPECT_EQ(ports.prompter.Last(), wanted);
 }
 
+TEST(Guarded, AReadThatIsKeptWaitingIsTriedAgainAndEndsNothing)
+{
+    TestPorts ports;
+    ports.prompter.Answer(Answer::Retry);
+    int tries = 0;
+    EXPECT_TRUE(Guarded(ports.prompter, [&] {
+        if (++tries < 2)
+            throw RuntimeError(3187, u"Could not read; A has it"_s);
+    }));
+    const ShownBox wanted{forms::Buttons::RetryCancel, forms::Icon::Exclamation, u"Vasclip"_s,
+                          u"Could not read; A has it."_s};
+    EXPECT_EQ(ports.prompter.Last(), wanted);
+
+    // What is given up is logged and not told twice; the next failure has its box again.
+    QStringList logged;
+    SetErrorLog([&](const QString& line) { logged.append(line); });
+    ports.prompter.Answer(Answer::Cancel);
+    const auto giveUp = [&] {
+        try {
+            Guarded(ports.prompter, [] { throw RuntimeError(3187, u"B has it"_s); });
+        } catch (const RuntimeError& failure) {
+            ReportError(ports.prompter, failure);
+        }
+    };
+    giveUp();
+    EXPECT_EQ(ports.prompter.Boxes().size(), 2U);
+    EXPECT_EQ(logged.size(), 1);
+    ReportError(ports.prompter, RuntimeError(3187, u"B has it"_s));
+    EXPECT_EQ(ports.prompter.Boxes().size(), 3U);
+    SetErrorLog({});
+}
+
 TEST(Guarded, RetriesTheStepUntilItSucceeds)
 {
     TestPorts ports;

@@ -11,12 +11,16 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <sqlite3.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <QFile>
 #include <QHash>
 #include <QThread>
+
+#include <functional>
+#include <utility>
 
 namespace vasclip::databook {
 namespace {
@@ -1047,6 +1051,73 @@ TEST_F(Entry, OtherFieldsOfOthersAreToldToo)
     EXPECT_TRUE(doubles.prompter.Last().text.contains(u"No field was changed by both of you."_s));
     EXPECT_EQ(Field(u"CITY"_s), u"Mine"_s);
     EXPECT_EQ(Field(u"COUNTY"_s), u"Skagit"_s);
+}
+
+/// Another program that stores: it keeps all others from it for as long as it takes.
+class Storing
+{
+public:
+    explicit Storing(const QString& native)
+    {
+        EXPECT_EQ(sqlite3_open(native.toUtf8().constData(), &m_handle), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(m_handle, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    }
+    ~Storing() { End(); }
+    Storing(const Storing&) = delete;
+    Storing& operator=(const Storing&) = delete;
+    void End() { sqlite3_close(std::exchange(m_handle, nullptr)); }
+
+private:
+    sqlite3* m_handle = nullptr;
+};
+
+/// Lets something happen before a question is answered.
+class SlowPrompter : public tests::ScriptedPrompter
+{
+public:
+    std::function<void()> beforeAnswer;
+    forms::Answer MsgBox(forms::Buttons buttons, forms::Icon icon, const QString& title,
+                         const QString& text) override
+    {
+        if (beforeAnswer)
+            beforeAnswer();
+        return tests::ScriptedPrompter::MsgBox(buttons, icon, title, text);
+    }
+};
+
+TEST_F(Entry, WhatWasTypedOutlivesALock)
+{
+    engine.SetLockWait(50);
+    SlowPrompter prompter;
+    const forms::Ports slow{prompter, doubles.pump, doubles.clock, doubles.random, doubles.window, doubles.screens};
+    const EntryDesk slowDesk{slow, engine, path, table, {}, nullptr};
+    doubles.screens.Play([&](forms::Screen& shown) {
+        auto& screen = dynamic_cast<EntryScreen&>(shown);
+        Type(screen, "CITY"_L1, u"Mine"_s);
+        Storing other(disk.ToNative(path));
+        prompter.Answer(forms::Answer::Cancel);
+        Click(screen.cmdSave); // given up: the screen stands with its text
+        EXPECT_TRUE(screen.IsOpen());
+        EXPECT_EQ(screen.Box("CITY"_L1)->Text(), u"Mine"_s);
+        EXPECT_EQ(screen.lblmsg.Caption(), kNotStored);
+        EXPECT_EQ(prompter.Last().buttons, forms::Buttons::RetryCancel);
+        EXPECT_TRUE(prompter.Last().text.contains(u"currently locked by another user"_s));
+
+        prompter.Answer(forms::Answer::Retry); // the other one is done by the second time
+        int asked = 0;
+        prompter.beforeAnswer = [&] {
+            if (++asked == 2)
+                other.End();
+        };
+        prompter.Answer(forms::Answer::Retry);
+        Click(screen.cmdSave);
+        EXPECT_EQ(asked, 2);
+        EXPECT_EQ(screen.lblmsg.Caption(), kSaved);
+        Click(screen.cmdExit);
+        EXPECT_FALSE(screen.IsOpen());
+    });
+    LoadCompForm(slowDesk, comp, u"F"_s);
+    EXPECT_EQ(Field(u"CITY"_s), u"Mine"_s);
 }
 
 TEST_F(Entry, APricePerAreaThatIsTooLongIsCutToItsField)
