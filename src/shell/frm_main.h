@@ -10,6 +10,7 @@
 #include "photos/photo_lists.h"
 #include "photos/slots.h"
 #include "platform/conduit/conduit.h"
+#include "platform/engine/health.h"
 #include "store/store.h"
 
 #include <QTimer>
@@ -41,6 +42,16 @@ struct frm_Splash;
 struct StartUpOptions;
 struct SystemPlaces;
 enum class Silence;
+
+/// Where a Databook lies.
+struct Databook
+{
+    QString directory; ///< with a backslash
+    QString file;
+};
+
+/// What came over from a damaged Databook, for people.
+[[nodiscard]] QString RescueText(const engine::Rescued& rescued, const QString& source, const QString& target);
 
 /// What the main window stands on; all of it outlives the window.
 struct Foundation
@@ -98,6 +109,11 @@ public:
     void ReadSettings();
     void ConnectDatabook(); ///< @throws forms::EndOfProgram after saying why
     void ConnectMapping();  ///< @throws forms::EndOfProgram after saying why
+    /// Looks whether the Databook that is open is whole. One that is not is open for reading only from then on.
+    /// @return false if it is damaged
+    bool LookAtDatabook(engine::CheckDepth depth);
+    /// The same, with the ways out offered for a damaged one.
+    void CheckDatabook(engine::CheckDepth depth);
 
     /// The photo of the record on show. The start leaves it to the window, which shows it once the grid
     /// stands.
@@ -189,7 +205,8 @@ private:
     void popPicAndData_M_Click(int index);
     void SlotPhoto_DblClick(forms::PictureBox& slot);
     void ReadCaption();
-    void StartStep(const SystemPlaces& places, const std::function<void()>& step);
+    void StartStep(const std::function<void()>& step);
+    void WithCaptureDisk(const SystemPlaces& places, const std::function<void()>& step);
     void TakeStartSteps(const StartUpOptions& options, frm_Splash& splash);
     void RefuseSecondCopy(const StartUpOptions& options, const QString& title, const QString& text);
     [[nodiscard]] bool AskForDisk();
@@ -228,6 +245,13 @@ private:
     void HelpChosen(const QString& array, int index);
     void ShowConfiguration();
     void ChangeDatabase();
+    void OpenDatabook(); ///< at the start; @throws forms::EndOfProgram
+    [[nodiscard]] QString WhyNotOpened();
+    void NameDatabook(const Databook& databook);
+    [[nodiscard]] Databook ChooseDatabook();
+    bool OfferWaysOut();
+    [[nodiscard]] Databook CopyReadable();
+    void DisplayFirstRecords();
     /// Opens another Databook, whole or not at all. @return false if the present one stays, which has been
     /// told
     bool SwitchDatabook(const QString& directory, const QString& file);
@@ -241,11 +265,13 @@ private:
     [[nodiscard]] QString ChangesText() const;
     void Connect(store::DataSource& source, const QString& path, const std::function<void()>& open);
 
+    QString m_damageTold; ///< the Databook, upper-cased, whose damage the user knows of
     QTimer Timer1; ///< the exit of last resort, armed when the stop is over
     Foundation m_base;
     QString m_caption;
     QString m_version;
     bool m_starting = false;     ///< within Form_load
+    bool m_readOnlyHome = false; ///< what can't be written there is told once
     bool m_settingsRead = false; ///< what the settings say was read; before that nothing is saved
     bool m_unloaded = false;
     bool m_showingRecords = false; ///< rows come and go: the one to stand on is not known yet

@@ -26,23 +26,28 @@ constexpr qsizetype kLongestCaption = 255;
 
 } // namespace
 
-/// One statement of the start. A device that is not there is passed over; a bad name stands for a capture
-/// directory on a drive without its disk; the rest is the central error block's.
-void frm_Main::StartStep(const SystemPlaces& places, const std::function<void()>& step)
+/// One statement of the start. A device that is not there is passed over; the rest is the central error block's.
+void frm_Main::StartStep(const std::function<void()>& step)
+{
+    if (!common::Guarded(m_base.ports.prompter, [&] {
+            try {
+                step();
+            } catch (const RuntimeError& failure) {
+                if (failure.Number() != error::kDeviceUnavailable)
+                    throw;
+            }
+        }))
+        throw Abandoned{};
+}
+
+/// A statement about the capture directory: there, and nowhere else, a bad name stands for a drive without its
+/// disk.
+void frm_Main::WithCaptureDisk(const SystemPlaces& places, const std::function<void()>& step)
 {
     const QString before = globals.G_CaptureDir;
     for (;;) {
         try {
-            if (!common::Guarded(m_base.ports.prompter, [&] {
-                    try {
-                        step();
-                    } catch (const RuntimeError& failure) {
-                        if (failure.Number() != error::kDeviceUnavailable)
-                            throw;
-                    }
-                }))
-                throw Abandoned{};
-            return;
+            return step();
         } catch (const RuntimeError& failure) {
             // Where another directory does not help the name was another one.
             if (failure.Number() != error::kBadFileName || globals.G_CaptureDir != before)
@@ -78,6 +83,7 @@ void frm_Main::Form_load(const StartUpOptions& options, frm_Splash& splash)
     const common::RoutineScope scope{"Form_load"};
     m_version = options.version;
     m_link->productVersion = options.version;
+    m_readOnlyHome = options.homeIsReadOnly;
     m_starting = true; // the grid comes first, the photo of its row when it stands on the screen
     const auto started = qScopeGuard([this] { m_starting = false; });
     try {
@@ -126,7 +132,7 @@ void frm_Main::TakeStartSteps(const StartUpOptions& options, frm_Splash& splash)
         if (!status.isEmpty())
             splash.ShowSplashStatus(status);
         tracer.Pump();
-        StartStep(options.places, work);
+        StartStep(work);
     };
 
     step(u"ReadGlobals"_s, u"Loading Configuration Settings"_s, [&] { ReadSettings(); });
@@ -140,16 +146,19 @@ void frm_Main::TakeStartSteps(const StartUpOptions& options, frm_Splash& splash)
     step(
         u"CheckCompDBF2"_s, u"Checking data - "_s + globals.G_DataDir, [] {}, databook);
     step(
-        u"Connect2Databook"_s, {}, [&] { ConnectDatabook(); }, databook);
+        u"Connect2Databook"_s, {}, [&] { OpenDatabook(); }, databook);
     step(u"Connect2mdb"_s, u"Connecting to "_s + QString::fromLatin1(common::Globals::kMappingFile),
          [&] { ConnectMapping(); });
     step(u"DisplayCamera"_s, u"Verifying Capture Directory"_s, [&] {
-        VerifyCaptureDirectory();
-        m_capture->SetSystemDrive(options.places.windowsDirectory.left(2));
-        m_capture->check4CaptureDir();
-        m_capture->DisplayCamera(); // its pictures come when the grid stands
+        WithCaptureDisk(options.places, [&] {
+            VerifyCaptureDirectory();
+            m_capture->SetSystemDrive(options.places.windowsDirectory.left(2));
+            m_capture->check4CaptureDir();
+            m_capture->DisplayCamera(); // its pictures come when the grid stands
+        });
     });
-    step(u"ViewFilCapture"_s, u"Displaying Capture Pictures"_s, [&] { m_capture->ViewFilCapture(); });
+    step(u"ViewFilCapture"_s, u"Displaying Capture Pictures"_s,
+         [&] { WithCaptureDisk(options.places, [&] { m_capture->ViewFilCapture(); }); });
     step(u"SetGearImages"_s, u"Setting GEAR image controls"_s,
          [&] { photos::SetGearImages(slots, *m_slotLoader); });
     step(u"SetFormatText"_s, u"Formatting Grid text"_s,
@@ -163,7 +172,7 @@ void frm_Main::TakeStartSteps(const StartUpOptions& options, frm_Splash& splash)
     step(u"SetGridSettings"_s, {}, [&] { PrepareGrid(!switches.noLoad, splash); });
     step(u"DisplayAllRecords"_s, u"Loading grid interface"_s, [&] {
         splash.ShowSplashStatus(u"Displaying Comp Records"_s);
-        DisplayAllRecords();
+        DisplayFirstRecords();
     });
     step(u"Finalize"_s, u"Finalizing Start-up"_s, [&] { globals.mapDetail = 3; });
     ports.window.AppActivate();

@@ -4,6 +4,7 @@
 #include "common/settings.h"
 #include "databook/grid.h"
 #include "photos/capture_desk.h"
+#include "platform/engine/errors.h"
 #include "platform/text/text.h"
 #include "shell/frm_change_db.h"
 #include "shell/frm_config.h"
@@ -83,6 +84,18 @@ bool frm_Main::SwitchDatabook(const QString& directory, const QString& file)
     auto& prompter = m_base.ports.prompter;
     const QString path = directory + file;
     const QString present = globals.G_DataDir + globals.G_DataFile;
+    try {
+        if (m_base.disk.Found(path, files::ReadOnly | files::Hidden))
+            (void)m_base.engine.OpenDatabase(path, engine::OpenMode::ReadOnly)->Table(globals.G_Table);
+    } catch (const RuntimeError& failure) {
+        const bool taken = failure.Number() == error::kCouldNotReadLocked ||
+                           failure.Number() == error::kExclusivelyLocked;
+        if (taken) { // it is whole, but somebody has it
+            prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Exclamation, store::kPlainTitle,
+                            u"%1. The database %2 stays open."_s.arg(failure.Description(), present));
+            return false;
+        }
+    }
     if (!store::Ismdb(m_base.engine, path, globals.G_Table)) {
         prompter.MsgBox(
             forms::Buttons::Ok, forms::Icon::Exclamation, store::kPlainTitle,
@@ -110,6 +123,8 @@ bool frm_Main::SwitchDatabook(const QString& directory, const QString& file)
     }
     lblChangingDB.SetVisible(false);
     DisplayAllRecords();
+    if (opened)
+        CheckDatabook(engine::CheckDepth::Opening);
     return opened;
 }
 

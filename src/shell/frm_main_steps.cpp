@@ -78,6 +78,11 @@ void frm_Main::ConnectDatabook()
     const QString path = globals.G_DataDir + globals.G_DataFile;
     Connect(sources.datDatabook, path,
             [&] { store::Connect2Databook(m_base.ports, sources, path, globals.G_Table); });
+    if (!LookAtDatabook(engine::CheckDepth::Opening))
+        m_base.ports.prompter.Info(
+            u"Databook Damaged"_s,
+            u"%1 is damaged: %2. It is open for reading only. Restore it from a backup, or let 'vasctl databook copy "
+            u"FILE' make a new one of what can be read."_s.arg(path, engine::DamageOf(sources.datDatabook.Database())));
 }
 
 void frm_Main::ConnectMapping()
@@ -147,7 +152,7 @@ void frm_Main::VerifyCaptureDirectory() const
 void frm_Main::checkUpdate() const
 {
     const QString waiting = globals.G_ProgramDir + u"Update\\update.exe"_s;
-    if (!m_base.disk.FileExists(waiting))
+    if (m_readOnlyHome || !m_base.disk.FileExists(waiting))
         return;
     m_base.disk.FileCopy(waiting, globals.G_ProgramDir + u"update.exe"_s);
     m_base.disk.Kill(waiting);
@@ -179,6 +184,12 @@ void frm_Main::PrepareGrid(bool loadUserLayout, frm_Splash& splash)
 
     splash.ShowSplashStatus(u"Verifying Default Grid Settings"_s);
     databook::SetGridSettings(grid, u"DEFAULT"_s);
+    if (m_readOnlyHome) {
+        if (loadUserLayout && m_base.disk.FileExists(userFile))
+            reported("LoadGrid",
+                     [&] { databook::LoadGrid(m_base.disk, grid, userFile, databook::kCurrentLayout); });
+        return;
+    }
     reported("SaveGrid", [&] {
         databook::SaveGrid(m_base.disk, grid, globals.G_ProgramDir + databook::kProgramLayouts,
                            databook::kDefaultLayout);

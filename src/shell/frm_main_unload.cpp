@@ -49,7 +49,7 @@ void frm_Main::Form_Unload()
     auto& clock = m_base.ports.clock;
 
     clock.Wait(kFirstWait);
-    if (m_settingsRead)
+    if (m_settingsRead && !m_readOnlyHome)
         common::SaveSettings(globals, m_base.disk);
     clock.Wait(kWait);
     if (m_gridReady)
@@ -64,7 +64,7 @@ void frm_Main::Form_Unload()
     clock.Wait(kWait);
     m_base.ports.screens.UnloadAllForms();
     clock.Wait(kWait);
-    if (m_settingsRead)
+    if (m_settingsRead && !m_readOnlyHome)
         ClearTempFiles();
     clock.Wait(kWait);
     Timer1.start(kLastResortMs);

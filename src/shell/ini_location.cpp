@@ -1,7 +1,10 @@
 #include "shell/ini_location.h"
 
 #include "common/paths.h"
+#include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
+
+#include <QFileInfo>
 
 namespace vasclip::shell {
 
@@ -31,7 +34,22 @@ IniDirectory GetIniDir(const files::Disk& disk, forms::Prompter& prompter, const
 
 namespace {
 
-QString MissingText(const QString& name, IniKind kind, const QString& iniDir, const QString& windowsDir)
+/// However the two are spelled, and through whichever drive.
+bool IsSameDirectory(const files::Disk& disk, const QString& one, const QString& other)
+{
+    if (text::Folded(common::CkRSlash(one)) == text::Folded(common::CkRSlash(other)))
+        return true;
+    const auto place = [&](const QString& directory) {
+        try {
+            return QFileInfo(disk.ToNative(directory)).canonicalFilePath();
+        } catch (const RuntimeError&) {
+            return QString(); // its drive is not there
+        }
+    };
+    return !place(one).isEmpty() && place(one) == place(other);
+}
+
+QString MissingText(const files::Disk& disk, const QString& name, IniKind kind, const QString& iniDir, const QString& windowsDir)
 {
     const bool appraisal = kind == IniKind::Appraisal;
     const QString question = u" . DO you wish to coninue? "_s;
@@ -40,7 +58,7 @@ QString MissingText(const QString& name, IniKind kind, const QString& iniDir, co
                                : u"(Program may not function correctly)"_s;
     const QString start =
         (appraisal ? u"Appraisal "_s : QString()) + name + u" configuration file is missing from "_s + iniDir;
-    if (text::Folded(iniDir) == text::Folded(windowsDir))
+    if (IsSameDirectory(disk, iniDir, windowsDir))
         return start + question + effect;
     return start + u" (primary location) and "_s + windowsDir +
            u" (secondary location). DO you wish to coninue? "_s + effect;
@@ -61,7 +79,7 @@ QString LocateIni(const files::Disk& disk, forms::Prompter& prompter, const QStr
         return primary;
     const auto answer =
         prompter.MsgBox(forms::Buttons::YesNoCancel, forms::Icon::Question, u"Configuration File Missing"_s,
-                        MissingText(name, kind, iniDir, windowsDir));
+                        MissingText(disk, name, kind, iniDir, windowsDir));
     if (answer != forms::Answer::Yes)
         throw forms::EndOfProgram{1};
     return primary;

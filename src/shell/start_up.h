@@ -15,7 +15,13 @@ struct StartUpOptions
     QString version; ///< major.minor.revision
     /// The caption of the first window of a class; null: there is none.
     std::function<QString(const QString& windowClass)> findWindowCaption = {};
+    bool homeIsReadOnly = false; ///< nothing of the home can be written: it is for looking and sending
 };
+
+/// Takes the program's own switches off its arguments; options that begin with "--" stay, each with its value.
+/// "/NO LOAD" is one switch of two arguments, wherever it stands.
+/// @return what was taken, in its order
+[[nodiscard]] QStringList TakeSwitches(QStringList& arguments);
 
 /// The switches, read from the whole line upper-cased.
 struct Switches

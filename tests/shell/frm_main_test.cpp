@@ -205,12 +205,13 @@ TEST_F(MainScreen, ASecondCopyIsRefused)
     EXPECT_FALSE(main.sources.datDatabook.Bound());
 }
 
-TEST_F(MainScreen, AMissingDatabookEndsTheProgramAndNamesIt)
+TEST_F(MainScreen, AMissingDatabookIsNamedAndCancelEndsTheProgram)
 {
     home.disk.Kill(kDatabook);
+    doubles.prompter.Answer(forms::Answer::Cancel);
     EXPECT_EQ(EndedWith(), 1);
-    ASSERT_EQ(doubles.prompter.Boxes().size(), 1U);
-    EXPECT_EQ(doubles.prompter.Last().text,
+    ASSERT_EQ(doubles.prompter.Boxes().size(), 2U);
+    EXPECT_EQ(doubles.prompter.Boxes()[0].text,
               u"The file "_s + kDatabook +
                   u" was not found.  This file must be present for this program to work "
                   u"properly.  Please correct and try again."_s);
@@ -230,13 +231,14 @@ TEST_F(MainScreen, AMissingMappingEndsTheProgramAndNamesIt)
     EXPECT_EQ(SplashTexts().last(), u"Connecting to Comp2Kel.mdb"_s);
 }
 
-TEST_F(MainScreen, ADamagedDatabookEndsTheProgramInWordsAndStaysAsItIs)
+TEST_F(MainScreen, WhatIsNoDatabookIsToldAndStaysAsItIs)
 {
     home.Put(kDatabook, QByteArray(5000, 'x'));
+    doubles.prompter.Answer(forms::Answer::Cancel);
     EXPECT_EQ(EndedWith(), 1);
     ASSERT_EQ(doubles.prompter.Boxes().size(), 1U);
     const QString told = doubles.prompter.Last().text;
-    EXPECT_TRUE(told.contains(u"C:\\DATABOOK\\DATABOOK.MDB can't be opened for datDatabook."_s))
+    EXPECT_TRUE(told.startsWith(u"C:\\DATABOOK\\DATABOOK.MDB can't be opened. "_s))
         << told.toStdString();
     EXPECT_EQ(home.disk.ReadWhole(kDatabook), QByteArray(5000, 'x'));
 }

@@ -251,6 +251,159 @@ TEST_F(StartSequence, ADiskPutIntoTheDriveIsTakenOnOk)
     EXPECT_EQ(main.globals.G_CaptureDir, u"C:\\"_s);
 }
 
+TEST_F(StartSequence, ADatabookWhoseDriveIsAwayAsksForNoDiskAndAnotherOneIsTaken)
+{
+    store::MakeDatabase(engine, u"C:\\VAS2000\\OTHER.MDB"_s);
+    for (const QString& directory : {u"Q:\\DATABOOK"_s, u"C:\\DATA:BOOK"_s, u"C:\\NOT\\THERE"_s}) {
+        Set(u"DIRECTORIES"_s, u"DATADIR"_s, directory);
+        doubles.prompter.Forget();
+        doubles.prompter.Answer(forms::Answer::Yes); // tried again, in vain
+        doubles.prompter.Answer(forms::Answer::No);
+        doubles.prompter.AnswerDialog(u"C:\\VAS2000\\OTHER.MDB"_s);
+        frm_Main again({home.disk, engine, conduit, ports});
+        again.Form_load(options, splash);
+        for (const tests::ShownBox& box : doubles.prompter.Boxes())
+            EXPECT_NE(box.title, kFloppyTitle) << directory.toStdString();
+        EXPECT_EQ(doubles.prompter.Last().title, u"Databook Not Opened"_s);
+        EXPECT_TRUE(doubles.prompter.Last().text.contains(directory + u"\\DATABOOK.MDB"_s))
+            << doubles.prompter.Last().text.toStdString();
+        EXPECT_TRUE(doubles.prompter.AllAnswered());
+        EXPECT_TRUE(again.sources.datDatabook.Bound());
+        EXPECT_EQ(again.sources.datsql.DatabaseName(), u"C:\\VAS2000\\OTHER.MDB"_s);
+        EXPECT_TRUE(again.Caption().endsWith(u"Connection = C:\\VAS2000\\OTHER.MDB"_s))
+            << again.Caption().toStdString();
+        EXPECT_EQ(again.globals.mapDetail, 3) << "the start went on to its end";
+        EXPECT_EQ(Stored(u"DATADIR"_s, u"DIRECTORIES"_s), directory) << "the drive may be back tomorrow";
+    }
+}
+
+TEST_F(StartSequence, AMissingDatabookHasItsBoxAndCancelEndsTheProgram)
+{
+    home.disk.Kill(u"C:\\DATABOOK\\DATABOOK.MDB"_s);
+    doubles.prompter.Answer(forms::Answer::No);
+    doubles.prompter.AnswerDialog({}); // the dialogue is left: the question comes again
+    doubles.prompter.Answer(forms::Answer::Cancel);
+    EXPECT_THROW(Load(), forms::EndOfProgram);
+    ASSERT_EQ(doubles.prompter.Boxes().size(), 4U);
+    EXPECT_EQ(doubles.prompter.Boxes()[0].text,
+              u"The file C:\\DATABOOK\\DATABOOK.MDB was not found.  This file must be present for this program to "
+              u"work properly.  Please correct and try again."_s);
+    EXPECT_EQ(doubles.prompter.Dialogs().size(), 1U);
+}
+
+TEST_F(StartSequence, AFileThatHoldsNoCompsIsNotTaken)
+{
+    home.Put(u"C:\\DATABOOK\\DATABOOK.MDB"_s, "Dear diary, today I sold a house.\r\n");
+    doubles.prompter.Answer(forms::Answer::No);
+    doubles.prompter.AnswerDialog(u"C:\\VAS2000\\Comp2Kel.mdb"_s);
+    doubles.prompter.Answer(forms::Answer::Cancel);
+    EXPECT_THROW(Load(), forms::EndOfProgram);
+    EXPECT_TRUE(doubles.prompter.Boxes()[0].text.contains(u"is a text file and not a database"_s));
+    EXPECT_TRUE(doubles.prompter.Boxes()[1].text.contains(u"Comp2Kel.mdb can't be opened. "_s));
+    EXPECT_TRUE(doubles.prompter.Boxes()[1].text.contains(u"COMPS"_s));
+}
+
+/// A Databook of 200 records, one of whose pages is broken.
+class DamagedStart : public StartSequence
+{
+protected:
+    const QString book = u"C:\\DATABOOK\\DATABOOK.MDB"_s;
+    QByteArray before;
+
+    void SetUp() override
+    {
+        StartSequence::SetUp();
+        {
+            const auto database = engine.OpenDatabase(book);
+            const auto rows = database->OpenRecordset(u"COMPS"_s, engine::RecordsetType::Table);
+            engine::Transaction together(*database);
+            for (int i = 0; i < 200; ++i) {
+                rows->AddNew();
+                rows->SetValue(u"CENTRALKEY"_s, u"%1 OAK ST"_s.arg(i, 4, 10, QChar(u'0')));
+                rows->SetValue(u"ADDRESS"_s, u"%1 Oak St"_s.arg(i, 4, 10, QChar(u'0')));
+                rows->SetValue(u"NOTES"_s, QString(120, u'n'));
+                rows->Update();
+            }
+            together.Commit();
+            rows->Close();
+            database->Close();
+        }
+        before = home.disk.ReadWhole(book);
+        const qsizetype page = before.indexOf("0100 Oak St") / 4096 * 4096;
+        ASSERT_GT(page, 0);
+        before.replace(page, 4096, QByteArray(4096, '\x5A'));
+        home.disk.WriteWhole(book, before);
+    }
+};
+
+TEST_F(DamagedStart, IsOpenForReadingOnlyWhenThatIsWanted)
+{
+    doubles.prompter.Answer(forms::Answer::Cancel);
+    Load();
+    ASSERT_EQ(doubles.prompter.Boxes().size(), 1U);
+    EXPECT_EQ(doubles.prompter.Last().title, u"Databook Damaged"_s);
+    EXPECT_TRUE(doubles.prompter.Last().text.startsWith(book + u" is damaged: "_s));
+    EXPECT_FALSE(main.sources.datDatabook.Recordset().Updatable());
+    EXPECT_EQ(main.records.grddatabook.CurrentText(u"CENTRALKEY"_s).trimmed(), u"0000 OAK ST"_s)
+        << "what is whole is shown";
+    main.CheckDatabook(engine::CheckDepth::Quiet);
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1U) << "told once";
+    EXPECT_THROW(main.sources.datDatabook.Recordset().AddNew(), RuntimeError);
+    main.Form_Unload();
+    EXPECT_TRUE(home.disk.ReadWhole(book) == before);
+}
+
+TEST_F(DamagedStart, InAnOrderToo)
+{
+    Set(u"PREFERENCES"_s, u"SORTGRID"_s, u"1"_s);
+    doubles.prompter.Answer(forms::Answer::Cancel);
+    Load();
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1U) << "told once";
+    EXPECT_EQ(main.records.grddatabook.CurrentText(u"CENTRALKEY"_s).trimmed(), u"0000 OAK ST"_s);
+    EXPECT_EQ(main.globals.mapDetail, 3);
+}
+
+TEST_F(DamagedStart, WhatCanBeReadBecomesANewDatabookThatTheProgramGoesOnWith)
+{
+    home.MakeDirs(u"C:\\SAFE"_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    doubles.prompter.AnswerDialog({}); // no directory: asked again
+    doubles.prompter.Answer(forms::Answer::Yes);
+    doubles.prompter.AnswerDialog(u"C:\\SAFE"_s);
+    Load();
+    EXPECT_TRUE(doubles.prompter.Last().text.contains(u" were copied to C:\\SAFE\\DATABOOK_COPY.MDB."_s))
+        << doubles.prompter.Last().text.toStdString();
+    EXPECT_TRUE(doubles.prompter.Last().text.contains(u"0100 OAK ST: lost"_s));
+    EXPECT_EQ(main.sources.datsql.DatabaseName(), u"C:\\SAFE\\DATABOOK_COPY.MDB"_s);
+    EXPECT_TRUE(main.sources.datDatabook.Recordset().Updatable());
+    EXPECT_GT(main.sources.datDatabook.Recordset().RecordCount(), 150);
+    EXPECT_EQ(Stored(u"DATADIR"_s, u"DIRECTORIES"_s), u"C:\\SAFE\\"_s);
+    EXPECT_EQ(Stored(u"DATAFILE"_s, u"DIRECTORIES"_s), u"DATABOOK_COPY.MDB"_s);
+    EXPECT_TRUE(home.disk.ReadWhole(book) == before);
+    main.Form_Unload();
+    frm_Main tomorrow({home.disk, engine, conduit, ports});
+    doubles.prompter.Forget();
+    tomorrow.Form_load(options, splash);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(StartSequence, AHomeThatCanNotBeWrittenIsOpenedAndTold)
+{
+    options.homeIsReadOnly = true;
+    home.Put(u"C:\\VAS2000\\Update\\update.exe"_s, "new");
+    const QByteArray ini = home.disk.ReadWhole(kIni);
+    Load();
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    main.ShowRecordPhoto();
+    main.CheckDatabook(engine::CheckDepth::Quiet); // as the window does when it stands
+    EXPECT_TRUE(main.status.lblmsg.Caption().startsWith(u"This home can't be written"_s));
+    main.Form_Unload();
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    EXPECT_EQ(home.disk.ReadWhole(kIni), ini);
+    EXPECT_FALSE(home.disk.FileExists(u"C:\\VAS2000\\VAS2000.grx"_s));
+    EXPECT_TRUE(home.disk.FileExists(u"C:\\VAS2000\\Update\\update.exe"_s));
+}
+
 TEST_F(StartSequence, ACaptureDirectoryThatIsMissingOnItsDriveAsksForNoDisk)
 {
     Set(u"DIRECTORIES"_s, u"CAPTUREDIR"_s, u"C:\\NOT\\THERE"_s);

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QMap>
+
 using namespace Qt::Literals::StringLiterals;
 using namespace vasclip;
 using shell::IniKind;
@@ -126,6 +128,48 @@ TEST_F(Start, AMissingApplicationIniInOnePlaceHasItsOwnText)
                                               u"not function correctly)"_s);
 }
 
+TEST_F(Start, OneDirectoryIsOneHoweverItIsSpelled)
+{
+    Dir(u"C:\\WINDOWS"_s);
+    const QString wanted = u"KEL.INI configuration file is missing from C:\\WINDOWS\\ . DO you wish to coninue? "_s;
+    const QString native = home.disk.ToNative(u"C:\\WINDOWS"_s);
+    for (const QString& windows : {u"C:\\WINDOWS"_s, u"c:\\windows\\"_s, u"Z:"_s + QString(native).replace(u'/', u'\\')}) {
+        ports.prompter.Answer(forms::Answer::Yes);
+        (void)shell::LocateIni(home.disk, ports.prompter, u"KEL.INI"_s, IniKind::Appraisal, u"C:\\WINDOWS\\"_s,
+                               windows, Silence::Ask);
+        EXPECT_TRUE(ports.prompter.Last().text.contains(wanted)) << ports.prompter.Last().text.toStdString();
+    }
+    ports.prompter.Answer(forms::Answer::Yes);
+    (void)shell::LocateIni(home.disk, ports.prompter, u"KEL.INI"_s, IniKind::Appraisal, u"C:\\WINDOWS\\"_s,
+                           u"Q:\\WINDOWS"_s, Silence::Ask);
+    EXPECT_TRUE(ports.prompter.Last().text.contains(u"(secondary location)"_s)) << "its drive is not there";
+}
+
+TEST(TakeSwitches, FindsThemInAnyPlaceAndLeavesOptionsTheirValues)
+{
+    struct Row
+    {
+        QStringList given, taken, kept;
+    };
+    const Row rows[] = {
+        {{u"p"_s, u"/NO"_s, u"LOAD"_s}, {u"/NO LOAD"_s}, {u"p"_s}},
+        {{u"p"_s, u"/NO"_s, u"LOAD"_s, u"/D"_s}, {u"/NO LOAD"_s, u"/D"_s}, {u"p"_s}},
+        {{u"p"_s, u"/d"_s, u"/no"_s, u"load"_s, u"/S"_s}, {u"/d"_s, u"/no load"_s, u"/S"_s}, {u"p"_s}},
+        {{u"p"_s, u"/NO LOAD"_s, u"/2"_s}, {u"/NO LOAD"_s, u"/2"_s}, {u"p"_s}},
+        {{u"p"_s, u"/noload"_s}, {u"/noload"_s}, {u"p"_s}},
+        {{u"p"_s, u"--home"_s, u"/D"_s, u"/NO"_s, u"LOAD"_s, u"--today"_s, u"x"_s},
+         {u"/NO LOAD"_s},
+         {u"p"_s, u"--home"_s, u"/D"_s, u"--today"_s, u"x"_s}},
+        {{u"p"_s, u"--home=x"_s, u"/S"_s}, {u"/S"_s}, {u"p"_s, u"--home=x"_s}},
+    };
+    for (const Row& row : rows) {
+        QStringList arguments = row.given;
+        EXPECT_EQ(shell::TakeSwitches(arguments), row.taken) << row.given.join(u' ').toStdString();
+        EXPECT_EQ(arguments, row.kept) << row.given.join(u' ').toStdString();
+        EXPECT_EQ(shell::Switches(row.taken.join(u' ')).noLoad, row.taken.join(u' ').contains(u"load"_s, Qt::CaseInsensitive));
+    }
+}
+
 TEST_F(Start, AnyAnswerButYesEndsTheProgram)
 {
     for (const auto answer : {forms::Answer::No, forms::Answer::Cancel}) {
@@ -178,12 +222,25 @@ TEST_F(Start, TheSplashAppendsTimedLinesAndMovesItsGaugeByTwo)
 
 TEST(ShellErrors, EachResultHasItsSentence)
 {
-    EXPECT_EQ(shell::ShellErrorText(0), u"Out of memory"_s);
-    EXPECT_EQ(shell::ShellErrorText(8), u"Out of memory"_s);
-    EXPECT_EQ(shell::ShellErrorText(2), u"File not found"_s);
-    EXPECT_EQ(shell::ShellErrorText(31), u"No application is associated with this file type."_s);
-    EXPECT_EQ(shell::ShellErrorText(17),
-              u"An error occurred occurred whilst trying to open or print the selected file."_s);
+    const QMap<int, QString> own{
+        {0, u"Out of memory"_s},
+        {2, u"File not found"_s},
+        {3, u"Path not found"_s},
+        {5, u"Path/file access error"_s},
+        {8, u"Out of memory"_s},
+        {11, u"The executable file is invalid or corrupt"_s},
+        {26, u"A sharing violation occurred."_s},
+        {27, u"This file type does not have a valid file association."_s},
+        {28, u"The file could not be opened due to time out. Please try again in a moment."_s},
+        {29, u"The file could not be opened because the DDE transaction failed. Please try again in a moment."_s},
+        {30,
+         u"The file could not be opened because the target application is busy. Please try again in a moment."_s},
+        {31, u"No application is associated with this file type."_s},
+        {32, u"The specified dynamic-link library was not found."_s},
+    };
+    const QString other = u"An error occurred occurred whilst trying to open or print the selected file."_s;
+    for (int result = 0; result <= 32; ++result)
+        EXPECT_EQ(shell::ShellErrorText(result), own.value(result, other)) << result;
 }
 
 } // namespace

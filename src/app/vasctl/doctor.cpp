@@ -1,6 +1,7 @@
 #include "app/vasctl/session.h"
 
 #include "common/paths.h"
+#include "databook/quick_find.h"
 #include "link/kel_channel.h"
 #include "link/kel_helpers.h"
 #include "platform/desktop/desktop.h"
@@ -72,6 +73,33 @@ void LookAtDirectory(const files::Disk& disk, Findings& found, const QString& ke
         found.Add(Grade::Wrong, key, path + u" is not there; make it, or set another directory"_s);
 }
 
+QString DamageText(const QString& path, const QStringList& damage, bool databook)
+{
+    constexpr int kTold = 3;
+    const QString more = damage.size() > kTold ? u" and %1 more"_s.arg(damage.size() - kTold) : QString();
+    return u"%1 is damaged: %2%3; restore it from a backup%4"_s.arg(
+        path, damage.mid(0, kTold).join(u"; "_s), more,
+        databook ? u", or let 'vasctl databook copy FILE' make a new one of what can be read; until then it is open "
+                   u"for reading only"_s
+                 : QString());
+}
+
+/// The index of the quick-find box; the program makes it anew by itself.
+void LookAtIndex(engine::Database& database, Findings& found, const QString& table)
+{
+    engine::TextIndexState state;
+    constexpr int kSliceMilliseconds = 200;
+    if (!engine::TextIndexReads(database, table))
+        state.trouble = engine::TextIndexTrouble::Damaged;
+    while (state.trouble == engine::TextIndexTrouble::None && !state.whole)
+        state = database.KeepTextIndex(table, databook::QuickFindFields(), kSliceMilliseconds);
+    if (state.trouble == engine::TextIndexTrouble::Damaged || state.trouble == engine::TextIndexTrouble::OutOfStep)
+        found.Add(Grade::Notice, u"text index"_s, databook::IndexText(state.trouble));
+    else
+        found.Add(Grade::Good, u"text index"_s,
+                  state.whole && state.trouble == engine::TextIndexTrouble::None ? u"whole"_s : u"not made yet"_s);
+}
+
 void LookAtDatabase(Session& session, Findings& found, const QString& subject, const QString& path,
                     const QString& table)
 {
@@ -89,8 +117,14 @@ void LookAtDatabase(Session& session, Findings& found, const QString& subject, c
         }
         if (!others.isEmpty())
             text += u"; open by "_s + others.join(u"; "_s);
-        found.Add(Grade::Good, subject, text);
-        if (subject == u"Databook"_s) {
+        const bool databook = subject == u"Databook"_s;
+        const QStringList damage = engine::CheckDatabase(*database, engine::CheckDepth::Whole);
+        if (damage.isEmpty())
+            found.Add(Grade::Good, subject, text);
+        else
+            found.Add(Grade::Wrong, subject, DamageText(path, damage, databook));
+        if (databook) {
+            LookAtIndex(*database, found, table);
             const auto missing = [&] {
                 QStringList names;
                 for (const engine::Field& field : store::CompsTable().fields) {

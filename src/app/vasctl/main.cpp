@@ -89,7 +89,9 @@ Commands:
                           what a key (F3 to F8) holds for a field; with TEXT it is stored there, asking first
   comments add FIELD TEXT, comments delete FIELD TEXT
                           a phrase of the field's list
-  doctor                  checks the home: files, versions, drives, databases, link
+  databook copy FILE      a new Databook of all that can still be read of a damaged one; exit code 1, with what is
+                          missing, if that is not all of it
+  doctor                  checks the home: files, versions, drives, databases from end to end, link
 
 Exit codes: 0 done; 1 failed, the message says why; 2 wrong command line; 3 not found; 4 a question was answered
 with No or Cancel; 5 the forms program is not running or has no report open.)"_s;
@@ -127,6 +129,8 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
         return RunSettings(session, out, arguments);
     if (command == u"comments"_s)
         return RunComments(session, out, arguments);
+    if (command == u"databook"_s)
+        return RunDatabook(session, out, arguments);
     if (command == u"doctor"_s && arguments.isEmpty())
         return RunDoctor(session, out);
     out.Error(

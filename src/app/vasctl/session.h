@@ -92,6 +92,7 @@ int RunTransfer(Session& session, const Output& out, const QStringList& argument
 int RunLayouts(Session& session, const Output& out, const QStringList& arguments);
 int RunSettings(Session& session, const Output& out, const QStringList& arguments);
 int RunComments(Session& session, const Output& out, const QStringList& arguments);
+int RunDatabook(Session& session, const Output& out, const QStringList& arguments);
 int RunDoctor(Session& session, const Output& out);
 
 } // namespace vasclip::vasctl
