@@ -10,6 +10,7 @@
 #include "platform/conduit/socket_path.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/one_copy.h"
+#include "platform/desktop/termination.h"
 #include "shell/frm_main.h"
 #include "shell/frm_splash.h"
 #include "shell/start_up.h"
@@ -17,6 +18,7 @@
 #include "windows/guard.h"
 #include "windows/guide_window.h"
 #include "windows/main_window.h"
+#include "windows/orderly_close.h"
 #include "windows/screens.h"
 #include "windows/splash_window.h"
 #include "windows/theme.h"
@@ -28,8 +30,8 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QMessageBox>
-#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QSettings>
 #include <QTextStream>
@@ -79,15 +81,8 @@ std::optional<Options> ReadOptions(const QStringList& arguments)
          u"FILE"_s},
         {u"quit-when-painted"_s, u"Ends as soon as the grid stands on the screen; for measuring."_s},
     });
-    // The program's own switches begin with a single "/"; a path behind an option does too, but is its value.
-    static const QRegularExpression kSwitch(u"^/(D|S|2|NOLOAD|NO)$"_s,
-                                            QRegularExpression::CaseInsensitiveOption);
-    QStringList own;
-    QStringList rest;
-    for (const QString& argument : arguments) {
-        const bool value = !own.isEmpty() && own.last().startsWith(u"--"_s) && !own.last().contains(u'=');
-        (!value && kSwitch.match(argument).hasMatch() ? rest : own).append(argument);
-    }
+    QStringList own = arguments;
+    QStringList rest = shell::TakeSwitches(own);
     parser.process(own);
     Options options;
     options.home = parser.isSet(u"home"_s) ? parser.value(u"home"_s) : files::DefaultHome();
@@ -118,7 +113,7 @@ void LogErrorsTo(const QString& file)
     common::SetErrorLog([file](const QString& line) {
         QFile log(file);
         if (log.open(QIODevice::Append | QIODevice::Text))
-            log.write((QDateTime::currentDateTime().toString(Qt::ISODate) + u' ' + line + u'\n').toUtf8());
+            log.write((line + u'\n').toUtf8());
     });
 }
 
@@ -194,6 +189,7 @@ private:
         start.places = app::Places(m_disk);
         start.version = QCoreApplication::applicationVersion();
         start.findWindowCaption = desktop::FindWindowCaption;
+        start.homeIsReadOnly = !QFileInfo(m_disk.Home()).isWritable();
         const bool loaded = m_guard.Run([&] { m_main.Form_load(start, m_splash); });
         if (!loaded) {
             m_exitCode = m_exitCode == 0 ? 1 : m_exitCode;
@@ -238,8 +234,11 @@ private:
                 m_guard.Run([this] { m_main.ShowRecordPhoto(); });
                 m_main.Capture().Folder().SetPatience(photos::CaptureFolder::kShortPatience);
                 m_guard.Run([this] { m_main.ShowCapture(); });
+                m_guard.Run([this] { m_main.CheckDatabook(engine::CheckDepth::Quiet); });
             },
             Qt::QueuedConnection);
+        m_orderlyClose.emplace(*m_window);
+        m_termination.emplace([this] { m_orderlyClose->Start(); });
         m_window->show();
         if (!m_options.places.isEmpty())
             m_places.emplace(*m_window, m_options.places);
@@ -291,6 +290,8 @@ private:
     desktop::OneCopy m_copy;
     std::optional<windows::MainWindow> m_window;
     std::optional<app::PlacesReport> m_places;
+    std::optional<windows::OrderlyClose> m_orderlyClose;
+    std::optional<desktop::Termination> m_termination;
     int m_exitCode = 0;
 };
 

@@ -1,0 +1,144 @@
+#include "windows/orderly_close.h"
+
+#include "databook/entry_screen.h"
+#include "databook/load_comp_form.h"
+#include "databook/messages.h"
+#include "support/databook_home.h"
+#include "windows/guard.h"
+#include "windows/screens.h"
+#include "windows/window_prompter.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+// The system wishes that the program ends while something stands in front of its window.
+
+namespace vasclip::windows {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+class Closing : public tests::DatabookHome
+{
+protected:
+    class Window : public QWidget
+    {
+    public:
+        int closed = 0;
+
+    protected:
+        void closeEvent(QCloseEvent*) override { ++closed; }
+    };
+
+    WindowPrompter prompter{disk};
+    EventGuard guard{prompter, {}};
+    WindowScreens screens;
+    forms::Ports real{prompter, doubles.pump, doubles.clock, doubles.random, doubles.window, screens};
+    databook::EntryDesk desk{real, engine, path, table, {}, nullptr};
+    Window main;
+    OrderlyClose close{main};
+
+    void SetUp() override
+    {
+        DatabookHome::SetUp();
+        AddComps({u"101 OAK ST"_s});
+        screens.SetGuard(&guard);
+        screens.SetOwner(&main);
+        prompter.SetOwner(&main);
+        main.show();
+    }
+    /// Runs in whatever loop is at work by then.
+    void Later(int milliseconds, const std::function<void()>& step)
+    {
+        QTimer::singleShot(milliseconds, &main, step);
+    }
+    static QMessageBox* Box() { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); }
+    static void TypeACity()
+    {
+        auto* city = QApplication::activeModalWidget()->findChild<QLineEdit*>(u"txtCity"_s);
+        ASSERT_NE(city, nullptr);
+        city->setFocus();
+        QTest::keyClicks(city, u"Bend"_s);
+    }
+    static void Press(QMessageBox::StandardButton button)
+    {
+        ASSERT_NE(Box(), nullptr);
+        EXPECT_EQ(Box()->text(), databook::kChangesLost);
+        QTest::mouseClick(Box()->button(button), Qt::LeftButton);
+    }
+    QString City()
+    {
+        const auto rows = engine.OpenDatabase(path)->OpenRecordset(table, engine::RecordsetType::Table);
+        rows->SetIndex(key);
+        rows->Seek(u"="_s, u"101 OAK ST"_s);
+        return rows->Value(u"CITY"_s).toString();
+    }
+};
+
+TEST_F(Closing, NothingInFrontClosesTheWindow)
+{
+    close.Start();
+    EXPECT_EQ(main.closed, 1);
+}
+
+TEST_F(Closing, AnOpenBoxIsAnsweredAsItsCrossAnswersIt)
+{
+    Later(50, [&] { close.Start(); });
+    EXPECT_EQ(prompter.MsgBox(forms::Buttons::YesNo, forms::Icon::Question, u"Delete"_s, u"For good?"_s),
+              forms::Answer::No);
+    QTest::qWait(50);
+    EXPECT_EQ(main.closed, 1);
+}
+
+TEST_F(Closing, AnEntryScreenWithoutChangesGoesUnasked)
+{
+    Later(100, [&] { close.Start(); });
+    databook::LoadCompForm(desk, u"101 OAK ST"_s, u"F"_s);
+    QTest::qWait(50);
+    EXPECT_EQ(main.closed, 1);
+}
+
+TEST_F(Closing, TypedTextIsAskedAboutAndStaysOnNo)
+{
+    Later(100, [&] {
+        TypeACity();
+        Later(100, [&] {
+            Later(50, [&] { close.Start(); }); // a second wish while the question stands is none
+            Later(150, [&] { Press(QMessageBox::No); });
+            close.Start();
+            EXPECT_EQ(main.closed, 0);
+            auto* screen = QApplication::activeModalWidget();
+            ASSERT_NE(screen, nullptr) << "the screen stays";
+            EXPECT_EQ(screen->findChild<QLineEdit*>(u"txtCity"_s)->text(), u"Bend"_s);
+            QTest::mouseClick(screen->findChild<QPushButton*>(u"cmdSave"_s), Qt::LeftButton);
+            Later(50, [&] { close.Start(); }); // stored now: nothing to ask
+        });
+    });
+    EXPECT_TRUE(databook::LoadCompForm(desk, u"101 OAK ST"_s, u"F"_s));
+    QTest::qWait(50);
+    EXPECT_EQ(main.closed, 1);
+    EXPECT_EQ(City(), u"Bend"_s);
+}
+
+TEST_F(Closing, ChangesThatMayGoEndTheProgram)
+{
+    Later(100, [&] {
+        TypeACity();
+        Later(100, [&] { Press(QMessageBox::Yes); });
+        close.Start();
+    });
+    EXPECT_FALSE(databook::LoadCompForm(desk, u"101 OAK ST"_s, u"F"_s));
+    QTest::qWait(50);
+    EXPECT_EQ(main.closed, 1);
+    EXPECT_EQ(City(), QString());
+}
+
+} // namespace
+} // namespace vasclip::windows
