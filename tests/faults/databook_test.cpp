@@ -135,19 +135,100 @@ TEST_F(DatabookFaults, OneOpenedExclusivelyNamesItsUser)
         << "a killed user locks nobody out";
 }
 
-TEST_F(DatabookFaults, OneThatStaysLockedIsGivenUpWithItsMessage)
+TEST_F(DatabookFaults, OneThatCanNotBeReadForALockIsGivenUpAndCalledWhole)
 {
     Helper other;
     ASSERT_TRUE(other.Start(QCoreApplication::applicationFilePath(), {u"--hold-lock"_s, Databook()}));
-    const Timed run = Vasctl({u"records"_s, u"add"_s, u"1 New Rd"_s});
-    EXPECT_EQ(run.code, kFailed) << run.Story();
-    EXPECT_TRUE(run.Says(u"The databases may be corrupt.  Please run the rebuild programs. (Double Click on "
-                         u"the icons) and restart Vasclip Manager."_s))
-        << run.Story();
-    EXPECT_LT(run.seconds, 20) << run.Story();
-    ExpectWhole(u"writing to a locked Databook"_s);
+    for (const QStringList& command : {QStringList{u"records"_s, u"add"_s, u"1 New Rd"_s},
+                                       QStringList{u"records"_s, u"list"_s}, QStringList{u"find"_s, u"oak"_s}}) {
+        const Timed run = Vasctl(command);
+        EXPECT_EQ(run.code, kFailed) << run.Story();
+        EXPECT_TRUE(run.Says(u"Could not read; currently locked by another user"_s)) << run.Story();
+        EXPECT_TRUE(run.Says(u"Try again when the other user is done with C:\\DATABOOK\\DATABOOK.MDB"_s))
+            << run.Story();
+        EXPECT_FALSE(run.Says(u"corrupt"_s)) << run.Story();
+        EXPECT_LT(run.seconds, 20) << run.Story();
+    }
+    ExpectWhole(u"asking for a locked Databook"_s);
     other.End();
     EXPECT_EQ(Vasctl({u"records"_s, u"add"_s, u"1 New Rd"_s}).code, kDone);
+}
+
+TEST_F(DatabookFaults, ALockThatEndsIsWaitedFor)
+{
+    struct Row
+    {
+        const char* held;
+        QStringList command;
+        int code;
+    };
+    for (const Row& row : {Row{"2", {u"records"_s, u"list"_s}, kDone},
+                           Row{"2", {u"records"_s, u"add"_s, u"1 New Rd"_s}, kDone},
+                           Row{"7", {u"--answer"_s, u"retry"_s, u"records"_s, u"list"_s}, kDone},
+                           Row{"7", {u"records"_s, u"list"_s}, kFailed}}) {
+        Helper other;
+        ASSERT_TRUE(other.Start(QCoreApplication::applicationFilePath(),
+                                {u"--hold-lock"_s, Databook(), QString::fromLatin1(row.held)}));
+        const Timed run = Vasctl(row.command);
+        EXPECT_EQ(run.code, row.code) << row.held << ": " << run.Story();
+        EXPECT_GT(run.seconds, 1) << row.held << ": " << run.Story();
+    }
+}
+
+/// A page of the Databook in which records stand is overwritten.
+class DamagedDatabook : public DatabookFaults
+{
+protected:
+    void SetUp() override
+    {
+        DatabookFaults::SetUp();
+        key = FirstKey();
+        QByteArray bytes = Bytes(Databook());
+        const qsizetype page = bytes.lastIndexOf(home.Vasctl({u"records"_s, u"list"_s})
+                                                     .Array()
+                                                     .last()
+                                                     .toObject()[u"CENTRALKEY"_s]
+                                                     .toString()
+                                                     .toUtf8()) /
+                               4096 * 4096;
+        ASSERT_GT(page, 4096);
+        bytes.replace(page, 4096, QByteArray(4096, '\x5A'));
+        ASSERT_TRUE(Write(Databook(), bytes));
+        Remember();
+    }
+    QString key;
+};
+
+TEST_F(DamagedDatabook, IsToldByDoctorAndNotWritten)
+{
+    ExpectDoctorFinds(u"C:\\DATABOOK\\DATABOOK.MDB is damaged: "_s);
+    ExpectDoctorFinds(u"'vasctl databook copy FILE'"_s);
+    for (const QStringList& command :
+         {QStringList{u"add"_s, u"1 New Rd"_s}, QStringList{u"edit"_s, key, u"--set"_s, u"CITY=Elsewhere"_s},
+          QStringList{u"delete"_s, key, u"--yes"_s}}) {
+        const Timed run = Vasctl(QStringList{u"records"_s} + command);
+        EXPECT_EQ(run.code, kFailed) << run.Story();
+        EXPECT_TRUE(run.Says(u"C:\\DATABOOK\\DATABOOK.MDB is damaged"_s)) << run.Story();
+        EXPECT_TRUE(run.Says(u"vasctl databook copy FILE"_s)) << run.Story();
+    }
+    ExpectWhole(u"writing to a damaged Databook"_s);
+}
+
+TEST_F(DamagedDatabook, IsCopiedAsFarAsItCanBeRead)
+{
+    const Timed run = Vasctl({u"databook"_s, u"copy"_s, u"SAVED.MDB"_s});
+    EXPECT_EQ(run.code, kFailed) << "not all of it: " << run.Story();
+    EXPECT_TRUE(run.out.contains("of C:\\DATABOOK\\DATABOOK.MDB were copied to C:\\DATABOOK\\SAVED.MDB."))
+        << run.Story();
+    EXPECT_TRUE(run.out.contains(" could not be read.")) << run.Story();
+    ExpectWhole(u"copying a damaged Databook"_s);
+    EXPECT_EQ(Vasctl({u"databook"_s, u"copy"_s, u"SAVED.MDB"_s}).code, kFailed) << "it is there already";
+    EXPECT_EQ(Vasctl({u"databook"_s, u"copy"_s}).code, kUsage);
+    ASSERT_EQ(Vasctl({u"settings"_s, u"set"_s, u"DIRECTORIES"_s, u"DATAFILE"_s, u"SAVED.MDB"_s}).code, kDone);
+    EXPECT_EQ(Vasctl({u"records"_s, u"add"_s, u"1 New Rd"_s}).code, kDone);
+    EXPECT_GT(home.Vasctl({u"records"_s, u"list"_s}).Array().size(), 30);
+    const Timed doctor = Vasctl({u"doctor"_s});
+    EXPECT_FALSE(doctor.out.contains("damaged")) << doctor.Story();
 }
 
 TEST_F(DatabookFaults, AnotherUsersHalfDoneChangeIsWaitedForAndTold)

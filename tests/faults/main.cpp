@@ -7,12 +7,13 @@
 #include <sqlite3.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 namespace {
 
-/// A process that keeps everybody else out of a database file until it is killed.
-int HoldLock(const char* file)
+/// A process that keeps everybody else out of a database file for so long, or until it is killed.
+int HoldLock(const char* file, unsigned long seconds)
 {
     sqlite3* database = nullptr;
     if (sqlite3_open(file, &database) != SQLITE_OK ||
@@ -23,7 +24,7 @@ int HoldLock(const char* file)
     }
     std::puts("ready");
     std::fflush(stdout);
-    QThread::sleep(120);
+    QThread::sleep(seconds);
     sqlite3_close(database);
     return 0;
 }
@@ -32,8 +33,8 @@ int HoldLock(const char* file)
 
 int main(int argc, char* argv[])
 {
-    if (argc == 3 && std::strcmp(argv[1], "--hold-lock") == 0)
-        return HoldLock(argv[2]);
+    if ((argc == 3 || argc == 4) && std::strcmp(argv[1], "--hold-lock") == 0)
+        return HoldLock(argv[2], argc == 4 ? std::strtoul(argv[3], nullptr, 10) : 120);
     if (argc == 3 && std::strcmp(argv[1], "--main-screen") == 0) {
         const QCoreApplication app(argc, argv);
         return vasclip::tests::WorkAtTheMainScreen(QString::fromLocal8Bit(argv[2]));
