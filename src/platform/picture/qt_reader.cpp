@@ -1,5 +1,7 @@
 #include "platform/picture/qt_reader.h"
 
+#include "platform/picture/bmp_head.h"
+#include "platform/picture/pixel_facts.h"
 #include "platform/picture/refusal.h"
 #include "platform/picture/whole.h"
 
@@ -97,11 +99,12 @@ QImage ReadWithQt(const QByteArray& bytes, const QString& name, const TargetSize
                   const Limits& limits)
 {
     RaiseAllocationLimit(limits);
-    WatchedBuffer buffer(bytes, limits);
+    const QByteArray known = AsWindowsBmp(bytes);
+    WatchedBuffer buffer(known, limits);
     QImageReader reader(&buffer);
     const QSize stored = ReadHeader(reader, name);
     CheckPixels(stored, name, limits);
-    if (IsBmp(bytes) && !IsWholeBmp(bytes))
+    if (IsBmp(known) && !IsWholeBmp(known))
         Refuse(name, u"the file is cut short"_s);
     QImage image;
     const bool complete = reader.read(&image);
@@ -117,8 +120,16 @@ QImage ReadWithQt(const QByteArray& bytes, const QString& name, const TargetSize
 
 Facts DescribeWithQt(QIODevice& device, const QString& name)
 {
-    QImageReader reader(&device);
+    constexpr qint64 kBmpHead = 64;
     Facts facts;
+    if (const auto head = ReadBmpHead(device.peek(kBmpHead)); head && head->length > 12 && head->length < 40) {
+        // A head of OS/2 that was cut short, which the reader takes for an older one.
+        facts.size = {static_cast<int>(head->width), std::abs(static_cast<int>(head->height))};
+        facts.format = u"BMP"_s;
+        TakePixelFacts(facts, device);
+        return facts;
+    }
+    QImageReader reader(&device);
     facts.size = ReadHeader(reader, name);
     if (facts.size.isEmpty())
         Refuse(name, u"its header names no size"_s);
@@ -129,6 +140,7 @@ Facts DescribeWithQt(QIODevice& device, const QString& name)
         facts.format = u"TIFF"_s;
     if (const QImage::Format pixels = reader.imageFormat(); pixels != QImage::Format_Invalid)
         facts.bitsPerPixel = QImage::toPixelFormat(pixels).bitsPerPixel();
+    TakePixelFacts(facts, device);
     return facts;
 }
 

@@ -1,5 +1,6 @@
 #include "platform/picture/picture.h"
 
+#include "platform/picture/facts.h"
 #include "platform/picture/jpeg_reader.h"
 #include "platform/picture/whole.h"
 #include "platform/text/runtime_error.h"
@@ -226,6 +227,79 @@ TEST_F(PictureTest, TransparencyBecomesWhite)
     QImage clear(16, 16, QImage::Format_ARGB32);
     clear.fill(Qt::transparent);
     EXPECT_GT(FromBytes(ToJpeg(clear, 90), u"a"_s).pixelColor(8, 8).lightness(), 250);
+}
+
+/// A bitmap as OS/2 wrote it: 12 or 16 bytes of head, no more colours than it needs, one pixel of each in a row.
+QByteArray Os2Bitmap(int headBytes, int bits, int colours, int gap)
+{
+    const auto number = [](quint32 value, int bytes) {
+        QByteArray little(4, '\0');
+        qToLittleEndian(value, little.data());
+        return little.left(bytes);
+    };
+    const int side = headBytes == 12 ? 2 : 4;
+    QByteArray head = number(quint32(headBytes), 4) + number(quint32(colours), side) + number(2, side) + number(1, 2) +
+                      number(quint32(bits), 2);
+    for (int i = 0; i < colours; ++i) {
+        head += QByteArray(1, static_cast<char>(i * 15)) + QByteArray(1, static_cast<char>(255 - i * 15)) +
+                QByteArray(1, static_cast<char>(i * 7));
+        if (headBytes > 12)
+            head += '\0';
+    }
+    head += QByteArray(gap, '\x55');
+    QByteArray row((colours * bits + 31) / 32 * 4, '\0');
+    for (int x = 0; x < colours; ++x)
+        row[x * bits / 8] = static_cast<char>(row[x * bits / 8] | x << (bits == 4 && x % 2 == 0 ? 4 : 0));
+    return "BM" + number(0, 4) + number(0, 4) + number(quint32(14 + head.size()), 4) + head + row + row;
+}
+
+TEST_F(PictureTest, ABitmapOfOs2KeepsItsPixelsWhereTheyAre)
+{
+    for (const int headBytes : {12, 16})
+        for (const int bits : {4, 8})
+            for (const int colours : {5, 16})
+                for (const int gap : {0, 6}) {
+                    SCOPED_TRACE(u"head %1, %2 bits, %3 colours, gap %4"_s.arg(headBytes).arg(bits).arg(colours).arg(gap)
+                                     .toStdString());
+                    const QByteArray bytes = Os2Bitmap(headBytes, bits, colours, gap);
+                    const QImage image = FromBytes(bytes, u"a"_s);
+                    ASSERT_EQ(image.size(), QSize(colours, 2));
+                    for (int x = 0; x < colours; ++x)
+                        EXPECT_EQ(image.pixelColor(x, 1), QColor(x * 7, 255 - x * 15, x * 15)) << x;
+                    home.Put(u"C:\\OS2.BMP"_s, bytes);
+                    const Facts facts = Describe(home.disk, u"C:\\OS2.BMP"_s);
+                    EXPECT_EQ(facts.size, QSize(colours, 2));
+                    EXPECT_EQ(facts.bitsPerPixel, bits);
+                    EXPECT_EQ(facts.compression, u"None"_s);
+                }
+    EXPECT_EQ(NumberOf([] { (void)FromBytes(Os2Bitmap(12, 8, 16, 0).chopped(1), u"a"_s); }), 481) << "cut short";
+}
+
+TEST_F(PictureTest, BitsAndCompressionAreThoseOfTheFile)
+{
+    const QImage grey = Halves(8, 8).convertToFormat(QImage::Format_Grayscale8);
+    struct Row
+    {
+        QByteArray bytes;
+        QString format;
+        int bits;
+        QString compression;
+    };
+    const Row rows[] = {
+        {Encoded(Halves(8, 8), "PNG"), u"PNG"_s, 24, u"Deflate"_s},
+        {Encoded(Halves(8, 8).convertToFormat(QImage::Format_ARGB32), "PNG"), u"PNG"_s, 32, u"Deflate"_s},
+        {Encoded(Halves(8, 8).convertToFormat(QImage::Format_Mono), "PNG"), u"PNG"_s, 1, u"Deflate"_s},
+        {Encoded(grey, "PNG"), u"PNG"_s, 8, u"Deflate"_s},
+        {Encoded(Halves(8, 8), "BMP"), u"BMP"_s, 24, u"None"_s},
+        {Encoded(grey, "BMP"), u"BMP"_s, 8, u"None"_s},
+    };
+    for (const Row& row : rows) {
+        home.Put(u"C:\\A.X"_s, row.bytes);
+        const Facts facts = Describe(home.disk, u"C:\\A.X"_s);
+        EXPECT_EQ(facts.format, row.format);
+        EXPECT_EQ(facts.bitsPerPixel, row.bits) << row.format.toStdString();
+        EXPECT_EQ(facts.compression, row.compression);
+    }
 }
 
 TEST(IsWholeBmp, CountsTheRows)

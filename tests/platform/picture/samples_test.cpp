@@ -162,6 +162,14 @@ TEST(Samples, HeadsTellSizesWithoutDecoding)
         EXPECT_EQ(facts.size, QSize(row[ShownWidth].toInt(), row[ShownHeight].toInt())) << row[Path].toStdString();
         EXPECT_EQ(facts.format, row[Format]) << row[Path].toStdString();
         EXPECT_GT(facts.bitsPerPixel, 0) << row[Path].toStdString();
+        const QStringList bits = row[Bits].split(u' ', Qt::SkipEmptyParts);
+        if ((row[Format] == "TIFF"_L1 || row[Format] == "BMP"_L1) && !bits.isEmpty()) {
+            int sum = 0;
+            for (const QString& sample : bits)
+                sum += sample.toInt();
+            EXPECT_EQ(facts.bitsPerPixel, sum) << row[Path].toStdString();
+            EXPECT_FALSE(facts.compression.isEmpty()) << row[Path].toStdString();
+        }
         if (facts.notes.taken.isValid() && !row[Taken].isEmpty()) {
             ++dated;
             EXPECT_EQ(facts.notes.taken.toString(u"yyyy:MM:dd HH:mm:ss"_s), row[Taken].left(19))
