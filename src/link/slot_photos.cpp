@@ -214,6 +214,20 @@ void LocateAndDisplay(LinkDesk& desk, const QString& name, const QString& path)
             desk.loader.ErrLoadThumb((desk.slots.*g.array)(index), path);
 }
 
+QStringList PicturesOfReport(const LinkDesk& desk)
+{
+    QStringList files;
+    for (const SlotGroup& g : kGroups) {
+        const PictureArray& array = desk.slots.*g.array;
+        for (int i = 1; i <= array.Last(); ++i)
+            files.append(text::Folded(desk.loader.Table().ErrGetPict(array(i))));
+    }
+    for (const QString& entry : desk.addr.txtKelimages.Text().split(u';', Qt::SkipEmptyParts))
+        files.append(text::Folded(entry.section(u'|', 1)));
+    files.removeAll(QString());
+    return files;
+}
+
 void ClearAllSlots(LinkDesk& desk)
 {
     static constexpr PictureArray photos::SlotControls::*kOrder[] = {

@@ -56,6 +56,9 @@ void SetPhotos(LinkDesk& desk, const QString& group);
 /// name without an index and a file that is not there do nothing.
 void LocateAndDisplay(LinkDesk& desk, const QString& name, const QString& path);
 
+/// The files that the open report shows, upper-cased: what its slots show here and what it named when it was read.
+[[nodiscard]] QStringList PicturesOfReport(const LinkDesk& desk);
+
 /// Empties the slots of all groups.
 void ClearAllSlots(LinkDesk& desk);
 

@@ -4,7 +4,9 @@
 
 #include "common/error_block.h"
 #include "databook/frm_calendar.h"
+#include "common/paths.h"
 #include "common/settings.h"
+#include "link/slot_photos.h"
 #include "photos/capture_desk.h"
 #include "photos/frm_copy_pics.h"
 #include "photos/frm_gen_view.h"
@@ -89,8 +91,10 @@ QStringList frm_Main::OrphanLines(const std::function<bool()>& goOn) const
     QStringList lines;
     for (const photos::LostPhoto& lost : check.lost)
         lines.append(u"%1: the photo %2 (%3.jpg) is gone"_s.arg(text::Trim(lost.key), lost.view, lost.stem));
+    const QStringList inReport = link::PicturesOfReport(*m_link);
     for (const QString& name : check.unnamed)
-        lines.append(u"%1%2: no record names it"_s.arg(globals.G_PhotoDir, name));
+        if (!inReport.contains(text::Folded(common::CkRSlash(globals.G_PhotoDir) + name)))
+            lines.append(u"%1%2: no record names it"_s.arg(globals.G_PhotoDir, name));
     return lines;
 }
 

@@ -1,7 +1,10 @@
 #include "app/vasctl/session.h"
 
+#include "common/paths.h"
 #include "databook/records.h"
+#include "link/kel_channel.h"
 #include "link/link_desk.h"
+#include "link/slot_photos.h"
 #include "photos/photo_records.h"
 #include "photos/store_check.h"
 #include "photos/view_name.h"
@@ -204,8 +207,12 @@ int Orphans(Session& session, const Output& out)
     QList<QStringList> table;
     for (const photos::LostPhoto& lost : check.lost)
         table.append(LineOf(lost));
+    QStringList inReport; // a picture may stand in a report and in no record
+    if (!check.unnamed.isEmpty() && link::KelIsActive(session.Conduit(), main.linkState))
+        inReport = link::PicturesOfReport(session.WithReport().Link());
     for (const QString& name : check.unnamed)
-        table.append({{}, {}, name.chopped(4), u"No record names the file"_s});
+        if (!inReport.contains(text::Folded(common::CkRSlash(main.globals.G_PhotoDir) + name)))
+            table.append({{}, {}, name.chopped(4), u"No record names the file"_s});
     out.Table({u"CENTRALKEY"_s, u"VIEW"_s, u"STEM"_s, u"WHY"_s}, table);
     return kDone;
 }
