@@ -4,6 +4,7 @@
 #include "common/paths.h"
 #include "photos/content.h"
 #include "photos/media_messages.h"
+#include "photos/photo_copies.h"
 #include "photos/trash.h"
 #include "platform/text/text.h"
 
@@ -23,6 +24,7 @@ constexpr int kNamedInQuestion = 5;
 struct CardPicture
 {
     QString name;
+    QString target = {}; ///< its name in CAPTUREDIR
     qint64 bytes = 0;
     WhereKnown where = {};
     bool sameHere = false; ///< CAPTUREDIR has it under this name
@@ -45,6 +47,7 @@ public:
 
 private:
     bool Look(const QStringList& names);
+    [[nodiscard]] QString TargetName(const QString& name, const QStringList& names) const;
     bool AskAboutKnown();
     bool HasRoom();
     void CopyAll();
@@ -92,6 +95,27 @@ bool Copying::Try(Step&& step)
     }
 }
 
+/// Its own name, unless no report could name the file then: it gets one that is free, or has this picture already.
+QString Copying::TargetName(const QString& name, const QStringList& names) const
+{
+    const QString plain = NameForReport(name);
+    if (plain == name)
+        return name;
+    const auto taken = [&](const QString& tried) {
+        return names.contains(tried, Qt::CaseInsensitive) ||
+               std::any_of(m_pictures.cbegin(), m_pictures.cend(), [&](const CardPicture& picture) {
+                   return picture.target.compare(tried, Qt::CaseInsensitive) == 0;
+               });
+    };
+    const qsizetype dot = plain.lastIndexOf(u'.');
+    QString tried = plain;
+    for (int number = 2; taken(tried) || (m_desk.disk.Found(m_capture + tried) &&
+                                          !SameContent(m_desk.disk, m_source + name, m_capture + tried));
+         ++number)
+        tried = u"%1 (%2)"_s.arg(plain.left(dot), text::Dec(number)) + plain.mid(dot);
+    return tried;
+}
+
 bool Copying::Look(const QStringList& names)
 {
     KnownPictures known(m_desk.disk, m_desk.globals, m_desk.recordOf);
@@ -100,7 +124,8 @@ bool Copying::Look(const QStringList& names)
             return false;
         CardPicture picture{.name = name};
         const bool seen = Try([&] {
-            const QString target = m_capture + name;
+            picture.target = TargetName(name, names);
+            const QString target = m_capture + picture.target;
             picture.bytes = m_desk.disk.FileLen(m_source + name);
             if (m_desk.disk.Found(target)) {
                 picture.sameHere = SameContent(m_desk.disk, m_source + name, target);
@@ -155,7 +180,7 @@ bool Copying::HasRoom()
     qint64 need = 0;
     for (const CardPicture& picture : std::as_const(m_pictures)) {
         m_total += picture.bytes;
-        need += picture.bytes + (picture.replaces ? m_desk.disk.FileLen(m_capture + picture.name) : 0);
+        need += picture.bytes + (picture.replaces ? m_desk.disk.FileLen(m_capture + picture.target) : 0);
     }
     const qint64 free =
         m_desk.freeBytes ? m_desk.freeBytes(m_capture) : m_desk.disk.FreeBytes(m_capture);
@@ -171,7 +196,7 @@ bool Copying::HasRoom()
 bool Copying::CopyOne(const CardPicture& picture)
 {
     const QString source = m_source + picture.name;
-    const QString target = m_capture + picture.name;
+    const QString target = m_capture + picture.target;
     if (m_desk.disk.Found(target)) {
         const QString kept = KeepInTrash(m_desk.disk, target);
         if (!m_outcome.kept.contains(kept))
@@ -185,6 +210,8 @@ bool Copying::CopyOne(const CardPicture& picture)
         return false;
     m_desk.disk.SetAttr(target, files::Normal); // what lies on a disc is read-only
     ++m_outcome.copied;
+    if (picture.target != picture.name)
+        m_outcome.renamed.append(picture.target);
     m_done += picture.bytes;
     return true;
 }
@@ -229,6 +256,8 @@ QString CopyOutcome::Text(const QString& captureDir) const
     QString text = (stopped ? kStopped : QString()) + kCopied.arg(captureDir, text::Dec(copied));
     if (thereAlready > 0)
         text += kThereAlready.arg(thereAlready);
+    if (!renamed.isEmpty())
+        text += kRenamed.arg(renamed.join(u", "_s));
     if (leftOut > 0)
         text += kLeftOut.arg(leftOut);
     if (!failed.isEmpty())

@@ -30,12 +30,13 @@ struct CopyOutcome
     int thereAlready = 0; ///< under the same name, with the same content
     int leftOut = 0;      ///< known pictures that the user did not want again
     QStringList failed;   ///< names that an error kept from being copied, and the user went on
+    QStringList renamed;  ///< names here of files that no report could have named
     QStringList kept;     ///< copies in the trash of files that were replaced
 
     [[nodiscard]] QString Text(const QString& captureDir) const; ///< for the status line
 };
 
-/// Copies pictures into `CAPTUREDIR` under their own names.
+/// Copies pictures into `CAPTUREDIR` under their own names, but for a "]" in one, which no report can name.
 ///
 /// Asks first about pictures whose content has come in before, and looks whether there is room. A file of the
 /// same name and another content is kept in the trash directory before it is replaced. Each copy is read back

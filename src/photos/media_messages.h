@@ -26,6 +26,7 @@ inline const QString kAndMore = QStringLiteral("and %1 more");
 inline const QString kCopied = QStringLiteral("Photos copied to %1: %2");
 inline const QString kThereAlready = QStringLiteral(", there already: %1");
 inline const QString kLeftOut = QStringLiteral(", left out: %1");
+inline const QString kRenamed = QStringLiteral(", renamed since no report can name a file with \"]\": %1");
 inline const QString kReplacedKept = QStringLiteral(", replaced and kept in the trash: %1");
 inline const QString kNotCopied = QStringLiteral(", not copied: %1");
 inline const QString kStopped = QStringLiteral("Stopped. ");

@@ -21,6 +21,13 @@ QString SpelledName(const QString& path)
 
 } // namespace
 
+QString NameForReport(const QString& name)
+{
+    if (!name.contains(u']'))
+        return name;
+    return QString(name).replace(u'[', u'(').replace(u']', u')');
+}
+
 bool CopyFile(const forms::Ports& ports, const files::Disk& disk, const QString& source,
               const QString& directory)
 {
@@ -42,7 +49,10 @@ bool CopyFile(const forms::Ports& ports, const files::Disk& disk, const QString&
     }
     if (!disk.FileExists(source))
         return false;
-    disk.FileCopy(source, destination + SpelledName(source));
+    const QString target = destination + SpelledName(source);
+    if (disk.Found(target))
+        disk.SetAttr(target, files::Normal); // a copy from before may have kept its write protection
+    disk.FileCopy(source, target);
     return true;
 }
 

@@ -4,6 +4,10 @@
 
 namespace vasclip::photos {
 
+/// A file's name as a report can name it: "]" would end the text that does, so "A[1].JPG" becomes "A(1).JPG". A name
+/// without one stays as it is.
+[[nodiscard]] QString NameForReport(const QString& name);
+
 /// Copies a file into a directory under its own name, overwriting, with dialogs: about equal directories, and
 /// whether a directory that is not there shall be made.
 /// @return true if the copy is there; false when a dialog said no, or there is no such source
