@@ -38,6 +38,22 @@ public:
     int unloads = 0;
 };
 
+/// The disk is in the drive when it is asked for the second time.
+class DiskIsPutIn : public tests::ScriptedPrompter
+{
+public:
+    std::function<void()> putIn;
+    forms::Answer MsgBox(forms::Buttons buttons, forms::Icon icon, const QString& title, const QString& text) override
+    {
+        if (++m_asked == 2)
+            putIn();
+        return ScriptedPrompter::MsgBox(buttons, icon, title, text);
+    }
+
+private:
+    int m_asked = 0;
+};
+
 class StartSequence : public testing::Test
 {
 protected:
@@ -241,14 +257,22 @@ TEST_F(StartSequence, AnEmptyCaptureDriveAsksAndCancelRunsOnC)
 TEST_F(StartSequence, ADiskPutIntoTheDriveIsTakenOnOk)
 {
     Set(u"DIRECTORIES"_s, u"CAPTUREDIR"_s, u"Q:\\DCIM"_s);
-    doubles.prompter.Answer(forms::Answer::Ok);
-    doubles.prompter.Answer(forms::Answer::Ok);
-    doubles.prompter.Answer(forms::Answer::Cancel);
-    Load();
-    EXPECT_EQ(doubles.prompter.Texts(), (QStringList{FloppyText(u"Q:\\DCIM\\"_s), FloppyText(u"Q:\\DCIM\\"_s),
-                                                     FloppyText(u"Q:\\DCIM\\"_s)}))
-        << "OK tries the same directory anew";
-    EXPECT_EQ(main.globals.G_CaptureDir, u"C:\\"_s);
+    QFile drives(home.Native(u"drives.ini"_s));
+    ASSERT_TRUE(drives.open(QIODevice::WriteOnly));
+    drives.write(QString(u"[DRIVES]\r\nQ="_s + home.Native(u"drive_c/CARD"_s) + u"\r\n"_s).toUtf8());
+    drives.close();
+    const files::Disk disk(home.disk.Home());
+    DiskIsPutIn prompter;
+    prompter.putIn = [this] { home.MakeDirs(u"C:\\CARD\\DCIM"_s); };
+    prompter.AnswerAlways(forms::Answer::Ok);
+    const forms::Ports asking{prompter, doubles.pump, doubles.clock, doubles.random, doubles.window, screens};
+    engine::Engine own{disk};
+    frm_Main started({disk, own, conduit, asking});
+    started.Form_load(options, splash);
+    EXPECT_EQ(prompter.Texts(), (QStringList{FloppyText(u"Q:\\DCIM\\"_s), FloppyText(u"Q:\\DCIM\\"_s)}))
+        << "OK without a disk asks anew, with one it goes on";
+    EXPECT_EQ(started.globals.G_CaptureDir, u"Q:\\DCIM\\"_s);
+    EXPECT_EQ(started.capture.lblTab.Caption(), u"Q:\\DCIM"_s);
 }
 
 TEST_F(StartSequence, ADatabookWhoseDriveIsAwayAsksForNoDiskAndAnotherOneIsTaken)
