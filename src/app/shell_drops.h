@@ -32,10 +32,9 @@ public:
     void DragOver(const QString& source, const QString& target) override { m_main.DragOver(source, target); }
     void Drop(forms::Control& source, forms::Control& target) override
     {
-        if (m_drag.source != source.Name() || m_drag.index != source.Index())
-            m_drag = m_main.BeginDrag(source);
         const drops::Drag drag = std::exchange(m_drag, {});
-        m_main.Drop(drag, target);
+        if (drag.source == source.Name() && drag.index == source.Index())
+            m_main.Drop(drag, target);
     }
     [[nodiscard]] QString FileOf(const forms::Control& source) const override
     {
@@ -56,6 +55,7 @@ public:
         m_main.DropFiles(paths, target);
     }
     forms::Menu* MenuOver(const forms::Control& control) override { return m_main.MenuOver(control); }
+    void DeleteKeyOn(const forms::Control& thumb) override { m_main.DeleteKeyOn(thumb); }
 
 private:
     shell::frm_Main& m_main;

@@ -14,8 +14,8 @@ Outcome PasteRecord(DropDesk& desk, const Drag& drag, const DropRule& rule, form
 /// A view of a record to a photo slot; for a general slot the view is asked.
 Outcome SendRecordView(DropDesk& desk, const QString& key, const DropRule& rule, int index, const QString& view);
 Outcome SendAskedView(DropDesk& desk, const QString& key, const DropRule& rule, int index);
-/// The photo on show in the Databook tab.
-Outcome SendShown(DropDesk& desk, const DropRule& rule, int index);
+/// The photo on show in the Databook tab as it was dragged; a general slot takes the view that is asked as its text.
+Outcome SendShown(DropDesk& desk, const Drag& drag, const DropRule& rule, int index);
 /// The three views of a record in place of the subject's.
 Outcome ReplaceSubjectPhotos(DropDesk& desk, const QString& key);
 
@@ -37,7 +37,8 @@ Outcome SaveSlot(DropDesk& desk, const Drag& drag, const DropRule& rule);
 Outcome AdviseGeneral(DropDesk& desk);
 Outcome ToTrash(DropDesk& desk, const Drag& drag);
 
-/// Sends a filed picture to the trash of the capture directory. @return true if it has left its place
-bool SendFiledToTrash(DropDesk& desk, const QString& picture);
+/// Sends a filed picture to the trash of the capture directory, unless another one bears its name by now.
+/// @return true if it has left its place
+bool SendFiledToTrash(DropDesk& desk, const photos::PointedFile& picture);
 
 } // namespace vasclip::drops

@@ -2,10 +2,14 @@
 
 #include "common/paths.h"
 #include "drops/slot.h"
+#include "photos/content.h"
 #include "photos/photo_copies.h"
+#include "photos/trash.h"
 #include "photos/trash_icon.h"
 #include "platform/picture/picture.h"
 #include "platform/text/text.h"
+
+#include <algorithm>
 
 namespace vasclip::drops {
 
@@ -17,6 +21,19 @@ bool IsPlainStem(const QString& stem)
 {
     return !stem.isEmpty() && std::none_of(stem.cbegin(), stem.cend(),
                                            [](QChar letter) { return u"*?\\/:"_s.contains(letter); });
+}
+
+/// Back among the pictures that wait to be filed, where it may be overwritten and deleted like them. Another picture
+/// that bore its name is kept in the trash.
+void CopyOver(const files::Disk& disk, const QString& source, const QString& target)
+{
+    if (disk.Found(target)) {
+        if (!photos::SameContent(disk, source, target))
+            photos::KeepInTrash(disk, target);
+        disk.SetAttr(target, files::Normal);
+    }
+    disk.FileCopy(source, target);
+    disk.SetAttr(target, files::Normal);
 }
 
 Outcome Copied(DropDesk& desk, int count)
@@ -51,7 +68,7 @@ void CopyOneIn(const link::LinkDesk& desk, const QString& file)
         return;
     const QString extension = name.mid(name.lastIndexOf(u'.') + 1).toUpper();
     // A dot in a name reads as its end.
-    const QString stem = name.left(name.lastIndexOf(u'.')).replace(u'.', u'_');
+    const QString stem = photos::NameForReport(name.left(name.lastIndexOf(u'.')).replace(u'.', u'_'));
     if (extension == "JPG"_L1 || extension == "JPEG"_L1 || extension == "BMP"_L1) {
         const QString kept = extension == "BMP"_L1 ? u"bmp"_s : u"jpg"_s;
         desk.disk.FileCopy(file, FreeName(desk.disk, directory, stem, kept));
@@ -72,8 +89,14 @@ Outcome CopyBack(DropDesk& drops, const Drag& drag, const DropRule& rule)
     if (!rule.group.isEmpty()) {
         const forms::PictureBox& slot = SlotOf(desk, rule.group, drag.index).photo;
         const QString file = text::Trim(desk.loader.Table().ErrGetPict(slot));
-        if (!file.isEmpty() && photos::CopyFile(desk.ports, desk.disk, file, directory))
+        const QString target = directory + file.mid(file.lastIndexOf(u'\\') + 1);
+        const bool elsewhere = text::Folded(target) != text::Folded(file);
+        if (elsewhere && desk.disk.FileExists(file) && desk.disk.DirExists(directory)) {
+            CopyOver(desk.disk, file, target);
             ++count;
+        } else if (!file.isEmpty() && photos::CopyFile(desk.ports, desk.disk, file, directory)) {
+            ++count;
+        }
         return Copied(drops, count);
     }
     if (!TakeRecord(desk, drag.key))
@@ -89,7 +112,7 @@ Outcome CopyBack(DropDesk& drops, const Drag& drag, const DropRule& rule)
                                         stem + u".jpg"_s, desk.globals.G_PhotoDir));
             continue;
         }
-        desk.disk.FileCopy(source, directory + stem + u".jpg"_s);
+        CopyOver(desk.disk, source, directory + stem + u".jpg"_s);
         ++count;
     }
     return Copied(drops, count);
@@ -108,6 +131,10 @@ Outcome CopyIn(DropDesk& drops, const QStringList& files)
         }
     }
     Outcome outcome = Copied(drops, count);
+    if (count > 0 && std::any_of(files.cbegin(), files.cend(), [](const QString& file) {
+            return file.mid(file.lastIndexOf(u'\\') + 1).contains(u']');
+        }))
+        outcome.message += u" A \"]\" in a name has become a \")\": no report can name such a file."_s;
     if (!refused.isEmpty()) {
         outcome.message += u' ' + refused.first();
         outcome.colour = forms::Colour::Red;
@@ -143,11 +170,31 @@ Outcome ToTrash(DropDesk& drops, const Drag& drag)
     const link::LinkDesk& desk = drops.link;
     const photos::TrashDesk trash{desk.ports, desk.disk, desk.globals};
     const auto saved = drops.photos.PictureSaved ? photos::PictureIs::Saved : photos::PictureIs::Unsaved;
-    if (photos::geatrashcan_DragDrop(trash, saved, drag.source, drag.picturePath) != photos::TrashDrop::Consumed)
+    const QString name = common::FileNameWithExt(drag.picture.path);
+    QString said;
+    switch (photos::geatrashcan_DragDrop(trash, saved, drag.source, drag.picture)) {
+    case photos::TrashDrop::Nothing:
         return {};
-    drops.capture.HideThumbOf(drag.picturePath);
-    return {true, u"%1 is in the trash now."_s.arg(common::FileNameWithExt(drag.picturePath)),
-            forms::Colour::Blue, {}};
+    case photos::TrashDrop::Another:
+        return {false, photos::WhyAnother(desk.disk, drag.picture), forms::Colour::Red, {}};
+    case photos::TrashDrop::Moved:
+        said = u"%1 is in the trash now."_s;
+        break;
+    case photos::TrashDrop::Deleted:
+        said = u"%1 is deleted for good."_s;
+        break;
+    case photos::TrashDrop::Copied:
+        said = desk.globals.autoDelete == 1
+                   ? u"A copy of %1 is in the trash now. %1 itself stays: no picture was stored just before."_s
+                   : u"A copy of %1 is in the trash now. %1 itself stays: the settings keep it."_s;
+        break;
+    case photos::TrashDrop::Stayed:
+        said = desk.globals.trashcan == 0 ? u"%1 stays where it is: the settings turn the trashcan off."_s
+                                          : u"%1 stays where it is: it could not be copied to the trash."_s;
+        break;
+    }
+    drops.capture.HideThumbOf(drag.picture.path);
+    return {true, said.arg(name), forms::Colour::Blue, {}};
 }
 
 } // namespace vasclip::drops

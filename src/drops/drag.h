@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/controls.h"
+#include "photos/pointed_file.h"
 
 #include <QStringList>
 
@@ -9,11 +10,13 @@ namespace vasclip::drops {
 /// A drag of a named source.
 struct Drag
 {
-    QString source;      ///< control name, any case: "grddatabook", "txtComp"
+    QString source = {}; ///< control name, any case: "grddatabook", "txtComp"
     int index = -1;      ///< of a control array
-    QString key;         ///< CENTRALKEY of the record being dragged, if it is one
-    QString picturePath; ///< drive path of the picture being dragged, may be empty
+    QString key = {};    ///< CENTRALKEY of the record being dragged, if it is one
+    photos::PointedFile picture = {}; ///< the picture being dragged, as it was when the drag began; may be empty
     QStringList files = {}; ///< drive paths, when they come from another program
+    QString view = {};       ///< of the photo on show, when that is dragged
+    QString refusal = {};    ///< why nothing may come of it, for the user's eyes
 };
 
 /// Of a drag: HandPict.Ico or DropPict.Ico of the program directory.

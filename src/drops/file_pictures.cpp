@@ -29,15 +29,15 @@ bool FromFiles(const Drag& drag)
 
 /// The picture is stored: its source goes to the trash and out of the browser. A file of another program
 /// stays where it is.
-void Consume(DropDesk& desk, const Drag& drag, const QString& picture)
+void Consume(DropDesk& desk, const Drag& drag)
 {
     if (FromFiles(drag))
         return;
-    const bool moved = SendFiledToTrash(desk, picture);
+    const bool moved = SendFiledToTrash(desk, drag.picture);
     if (!FromThumb(drag))
         desk.capture.RefreshCapture();
     else if (moved && desk.link.globals.autoDelete == 1 && desk.photos.PictureSaved)
-        desk.capture.HideThumbOf(picture);
+        desk.capture.HideThumbOf(drag.picture.path);
 }
 
 Outcome NotStored(const DropDesk& desk, const QString& picture)
@@ -51,12 +51,17 @@ Outcome NotStored(const DropDesk& desk, const QString& picture)
 }
 
 /// Files one picture with a record. @return false if the user gave up or it could not be filed
-bool FileOne(DropDesk& desk, const Drag& drag, const QString& key, const QString& picture,
+bool FileOne(DropDesk& desk, const Drag& drag, const QString& key, const photos::PointedFile& pointed,
              const QString& viewSource, Outcome& outcome)
 {
+    const QString& picture = pointed.path;
     const QString view = AskView(desk, viewSource, drag.index, picture, key);
     if (view.isEmpty())
         return false;
+    if (const QString why = photos::WhyAnother(desk.link.disk, pointed); !why.isEmpty()) {
+        outcome = {false, why, forms::Colour::Red, {}};
+        return false;
+    }
     desk.photos.PictureSaved = false;
     desk.photos.notSaved.clear();
     if (!photos::SavePhotoToRecord(desk.photos, key, picture, view)) {
@@ -64,7 +69,7 @@ bool FileOne(DropDesk& desk, const Drag& drag, const QString& key, const QString
             outcome = NotStored(desk, picture);
         return false;
     }
-    Consume(desk, drag, picture);
+    Consume(desk, drag);
     outcome = {true, u"%1 is filed with %2 now."_s.arg(view, key), forms::Colour::Green, key};
     return true;
 }
@@ -72,9 +77,11 @@ bool FileOne(DropDesk& desk, const Drag& drag, const QString& key, const QString
 Outcome FileAll(DropDesk& desk, const Drag& drag, const QString& key, const QString& viewSource)
 {
     Outcome outcome;
-    const QStringList pictures = FromFiles(drag) ? drag.files : QStringList{drag.picturePath};
+    QList<photos::PointedFile> pictures{drag.picture};
+    for (const QString& file : drag.files.mid(1))
+        pictures.append(photos::PointAt(desk.link.disk, file));
     int filed = 0;
-    for (const QString& picture : pictures) {
+    for (const photos::PointedFile& picture : std::as_const(pictures)) {
         if (!FileOne(desk, drag, key, picture, viewSource, outcome))
             break;
         ++filed;
@@ -88,15 +95,17 @@ Outcome FileAll(DropDesk& desk, const Drag& drag, const QString& key, const QStr
 
 } // namespace
 
-bool SendFiledToTrash(DropDesk& desk, const QString& picture)
+bool SendFiledToTrash(DropDesk& desk, const photos::PointedFile& picture)
 {
-    const common::FileNameParts parts = common::ParseFileName(picture);
+    if (!photos::WhyAnother(desk.link.disk, picture).isEmpty())
+        return false;
+    const common::FileNameParts parts = common::ParseFileName(picture.path);
     const photos::TrashDesk trash{desk.link.ports, desk.link.disk, desk.link.globals};
     const auto saved = desk.photos.PictureSaved ? photos::PictureIs::Saved : photos::PictureIs::Unsaved;
     bool moved = false;
     // A trash that takes nothing costs the tidying, not the picture that is filed by now.
     (void)link::Reported(desk.link.ports.prompter, "SendToTrashCan", [&] {
-        moved = photos::SendToTrashCan(trash, saved, desk.link.globals.G_CaptureDir, picture, parts.name,
+        moved = photos::SendToTrashCan(trash, saved, desk.link.globals.G_CaptureDir, picture.path, parts.name,
                                        parts.extension) == photos::Trashed::Moved;
     });
     return moved;
@@ -105,19 +114,21 @@ bool SendFiledToTrash(DropDesk& desk, const QString& picture)
 Outcome FilePictureIntoSlot(DropDesk& desk, const Drag& drag, const DropRule& rule, int index)
 {
     link::LinkDesk& link = desk.link;
-    const QString picture = text::Trim(drag.picturePath);
+    const QString& picture = drag.picture.path;
     if (common::ParseFileName(picture).name.isEmpty())
         return {};
     const bool general = rule.action == DropAction::FileIntoGeneral;
     const QString whose = u"General photo %1 of the report"_s.arg(index);
     if (general && AskView(desk, u"CBOGENERAL"_s, index, picture, whose).isEmpty())
         return {};
+    if (const QString why = photos::WhyAnother(link.disk, drag.picture); !why.isEmpty())
+        return {false, why, forms::Colour::Red, {}}; // while the view was asked
     forms::PictureBox& slot = SlotOf(link, rule.group, index).photo;
     if (!photos::FormatPictureNow(desk.photos, picture, slot))
         return NotStored(desk, picture);
 
     photos::SlotTable& table = link.loader.Table();
-    const bool moved = !FromFiles(drag) && SendFiledToTrash(desk, picture);
+    const bool moved = !FromFiles(drag) && SendFiledToTrash(desk, drag.picture);
     link.loader.ErrLoadThumb(slot, table.ErrGetPict(slot));
     link.ports.window.AppActivate();
     const link::SlotSend sent = link::KelSendSlotPhoto(link, slot, slot, index);

@@ -82,6 +82,8 @@ QString Router::KeyOf(const forms::Control& source) const
     const QString name = text::Folded(source.Name());
     if (name == "GRDDATABOOK"_L1)
         return text::Trim(m_desk.grddatabook.CurrentText(u"CENTRALKEY"_s));
+    if (name == "GEAMAINTAIN"_L1)
+        return text::Folded(m_desk.txtcentralkey.Text());
     if (name == "TXTMAPADDRESS"_L1 || name == "MAPVIEW"_L1 || name == "GEAMAPPHOTO"_L1)
         return text::Folded(m_desk.link.report.txtMapAddress.Text());
     return {};
@@ -108,8 +110,13 @@ Drag Router::Begin(const forms::Control& source, int shift)
 {
     const QString name = text::Folded(source.Name());
     m_state.DragSource = KindOfSource(name);
-    if (name == "GEATHUMB"_L1)
+    QString refusal;
+    if (name == "GEATHUMB"_L1) {
+        refusal = m_desk.capture.MovedSincePress(source.Index());
         m_desk.capture.geathumb_MouseDown(source.Index());
+    } else if (name == "FILCAPTURE"_L1) {
+        m_desk.capture.filCapture_Click();
+    }
     SourceMouseDown();
     QString picture;
     if (name == "FILCAPTURE"_L1)
@@ -121,7 +128,12 @@ Drag Router::Begin(const forms::Control& source, int shift)
         m_state.DragIndex = static_cast<qint16>(source.Index());
         m_state.DragShift = static_cast<qint16>(shift);
     }
-    return {source.Name(), source.Index(), KeyOf(source), m_state.DraggedPicture, {}};
+    return {.source = source.Name(),
+            .index = source.Index(),
+            .key = KeyOf(source),
+            .picture = photos::PointAt(m_desk.link.disk, m_state.DraggedPicture),
+            .view = name == "GEAMAINTAIN"_L1 ? text::Trim(m_desk.link.lists.txtView.Text()) : QString(),
+            .refusal = refusal};
 }
 
 Drag Router::BeginFiles(const QStringList& files)
@@ -129,7 +141,23 @@ Drag Router::BeginFiles(const QStringList& files)
     m_state.DragSource = KindOfSource(kFiles);
     SourceMouseDown();
     m_state.DraggedPicture = files.value(0);
-    return {kFiles, -1, {}, files.value(0), files};
+    return {.source = kFiles, .picture = photos::PointAt(m_desk.link.disk, files.value(0)), .files = files};
+}
+
+/// What was dragged may have been replaced, taken away or sent on since. @return why nothing may come of it
+QString Router::Refusal(const Drag& drag) const
+{
+    if (!drag.refusal.isEmpty())
+        return drag.refusal;
+    if (PlaceOf(drag.source) == Place::PhotoSlot && !drag.picture.path.isEmpty()) {
+        const DropRule* rule = RuleFor(drag.source, u"GRDDATABOOK"_s);
+        const QString now =
+            rule ? m_desk.link.loader.Table().ErrGetPict(SlotOf(m_desk.link, rule->group, drag.index).photo)
+                 : drag.picture.path;
+        if (text::Folded(now) != text::Folded(drag.picture.path))
+            return u"The slot shows another photo now than the one you dragged. Nothing was done."_s;
+    }
+    return photos::WhyAnother(m_desk.link.disk, drag.picture);
 }
 
 /// In this order; what fails ends the drop.
@@ -167,8 +195,12 @@ Outcome Router::Drop(const Drag& drag, forms::Control& target)
     if (m_desk.link.state.refreshing)
         return {false, u"The report is being read. Drop it again in a moment."_s, forms::Colour::Red, {}};
     const QScopedValueRollback<bool> busy(m_busy, true);
-    if (!Guards(drag, *rule, target))
-        return {};
+    for (const bool asked : {false, true}) {
+        if (const QString why = Refusal(drag); !why.isEmpty())
+            return {false, why, forms::Colour::Red, {}};
+        if (!asked && !Guards(drag, *rule, target))
+            return {};
+    }
     const forms::Hourglass hourglass(m_desk.link.ports.window);
     return Run(drag, target, *rule);
 }
@@ -188,14 +220,14 @@ Outcome Router::Run(const Drag& drag, forms::Control& target, const DropRule& ru
         return FilePictureIntoSlot(m_desk, drag, rule, index);
     case DropAction::SendShownPhoto:
     case DropAction::SendShownAsked:
-        return SendShown(m_desk, rule, index);
+        return SendShown(m_desk, drag, rule, index);
     case DropAction::ReplaceSubjectPhotos:
         return ReplaceSubjectPhotos(m_desk, drag.key);
     case DropAction::PasteCompAndPhoto:
     case DropAction::PasteComp:
         return PasteRecord(m_desk, drag, rule, target);
     case DropAction::ShowInSubject:
-        return ShowInSubject(m_desk, drag.picturePath);
+        return ShowInSubject(m_desk, drag.picture.path);
     case DropAction::FileInRecord:
         return FileInRecord(m_desk, drag);
     case DropAction::SaveData:

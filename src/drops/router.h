@@ -32,6 +32,7 @@ private:
     void SourceMouseDown();
     enum class Place { PhotoSlot, Subject, TextOrData, Elsewhere };
     [[nodiscard]] static Place PlaceOf(const QString& target);
+    [[nodiscard]] QString Refusal(const Drag& drag) const;
     [[nodiscard]] bool Guards(const Drag& drag, const DropRule& rule, forms::Control& target);
     Outcome Run(const Drag& drag, forms::Control& target, const DropRule& rule);
     [[nodiscard]] QString KeyOf(const forms::Control& source) const;

@@ -1,5 +1,6 @@
 #include "drops/actions.h"
 
+#include "common/paths.h"
 #include "drops/slot.h"
 #include "drops/view_rule.h"
 #include "link/slot_icons.h"
@@ -65,12 +66,20 @@ Outcome SendAskedView(DropDesk& drops, const QString& key, const DropRule& rule,
     return SendRecordView(drops, key, rule, index, view);
 }
 
-Outcome SendShown(DropDesk& drops, const DropRule& rule, int index)
+Outcome SendShown(DropDesk& drops, const Drag& drag, const DropRule& rule, int index)
 {
-    const QString key = text::Folded(drops.txtcentralkey.Text());
-    if (rule.action == DropAction::SendShownAsked)
-        return SendAskedView(drops, key, rule, index);
-    return SendRecordView(drops, key, rule, index, text::Trim(drops.link.lists.txtView.Text()));
+    const bool asks = rule.action == DropAction::SendShownAsked;
+    if (asks && AskView(drops, u"CBOGENERAL"_s, index, drag.picture.path, drag.key).isEmpty())
+        return {};
+    link::LinkDesk& desk = drops.link;
+    if (!TakeRecord(desk, drag.key))
+        return Gone(drag.key);
+    const QString stem = text::Folded(desk.lists.lstimages.List(desk.lists.lstViews.IndexOf(drag.view)));
+    if (stem != common::FileNameOnly(drag.picture.path))
+        return {false,
+                u"The %1 of %2 is no longer the picture that you dragged. Nothing was sent."_s.arg(drag.view, drag.key),
+                forms::Colour::Red, {}};
+    return SendRecordView(drops, drag.key, rule, index, drag.view);
 }
 
 Outcome ReplaceSubjectPhotos(DropDesk& drops, const QString& key)

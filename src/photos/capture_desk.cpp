@@ -32,6 +32,7 @@ CaptureDesk::CaptureDesk(const CaptureBase& base, CaptureControls& controls,
     connect(&m_folder, &CaptureFolder::Changed, this, &CaptureDesk::News);
     connect(&m_folder, &CaptureFolder::Opened, this, &CaptureDesk::Opened);
     connect(&m_folder, &CaptureFolder::Polled, this, &CaptureDesk::LookAtBroken);
+    connect(&m_controls.filCapture, &forms::ListBox::ListIndexChanged, this, &CaptureDesk::FollowHighlight);
     connect(&m_loader, &ThumbLoader::Arrived, this, &CaptureDesk::Arrived);
     connect(&m_loader, &ThumbLoader::Broken, this, &CaptureDesk::Broken);
     connect(&m_loader, &ThumbLoader::Settled, this,
@@ -78,6 +79,7 @@ void CaptureDesk::errdisplayThumbs()
     const common::RoutineScope scope{"errdisplayThumbs"};
     if (!m_browsing)
         return;
+    m_pressed = -1;
     forms::ListBox& list = m_controls.filCapture;
     const int last = list.ListCount() - 1;
     if (last < 0) {
@@ -279,7 +281,7 @@ void CaptureDesk::TurnPage(PageTurn turn)
     const int row = ListTurn(turn, p, last);
     list.SetTopIndex(row);
     list.SetListIndex(row);
-    ShowPreview();
+    PreviewSelected();
 }
 
 void CaptureDesk::imaScroll_Click(int button)
@@ -306,7 +308,7 @@ void CaptureDesk::Opened()
     m_controls.filCapture.SetSource(&m_folder);
     errdisplayThumbs();
     if (ListMode())
-        ShowPreview();
+        PreviewSelected();
     TellPlace();
 }
 

@@ -75,11 +75,15 @@ public:
     // One picture.
     void geathumb_MouseDown(int index);
     void geathumb_MouseMove(int index);
+    /// Others have changed the page since a thumbnail was pressed or the keyboard came to it.
+    /// @return what stands in its place now, for the user's eyes; "" while it shows the file that was pressed
+    [[nodiscard]] QString MovedSincePress(int index) const;
+    /// The file highlighted in the list becomes the one of the list and its preview.
     void filCapture_Click();
     /// The thumbnail of a file and its label go; the file has been consumed.
     void HideThumbOf(const QString& path);
-    /// The thumbnail shows its file anew, or another one.
-    void ReloadThumb(int index, const QString& path);
+    /// The thumbnail of a file shows it anew, or another file in its place.
+    void ReloadThumb(const QString& path, const QString& shown);
     /// The file selected in the list, "" without one.
     [[nodiscard]] QString SelectedFile() const;
     [[nodiscard]] QString FileOfThumb(int index) const;
@@ -119,6 +123,8 @@ private:
     void Arrived(const QString& path, const Thumb& thumb);
     void Broken(const QString& path, const QString& why);
     void LookAtBroken();
+    void FollowHighlight();
+    void PreviewSelected();
     [[nodiscard]] QString PathOf(int row) const;
 
     CaptureBase m_base;
@@ -130,6 +136,9 @@ private:
     bool m_browsing = false;
     bool m_refreshPending = false;
     int m_first = 0; ///< file of the first thumbnail
+    int m_pressed = -1;    ///< thumbnail that was pressed last; -1 once the user has turned the page himself
+    QString m_pressedFile; ///< what it showed then
+    QString m_followed;    ///< on show in the preview since it was highlighted, its click not yet heard
     std::array<QSize, CaptureControls::kThumbs> m_pixels;
     QHash<QString, QPair<qint64, QDateTime>> m_broken; ///< on show: length and time when they failed
 };

@@ -14,6 +14,20 @@ void CaptureDesk::geathumb_MouseDown(int index)
     forms::ListBox& list = m_controls.filCapture;
     if (const int row = list.TopIndex() + index; row < list.ListCount())
         list.SetListIndex(row);
+    m_pressed = index;
+    m_pressedFile = FileOfThumb(index);
+}
+
+QString CaptureDesk::MovedSincePress(int index) const
+{
+    if (m_pressed != index || m_pressedFile.isEmpty())
+        return {};
+    const QString now = m_controls.geathumb(index).Visible() ? FileOfThumb(index) : QString();
+    if (text::Folded(now) == text::Folded(m_pressedFile))
+        return {};
+    return now.isEmpty() ? u"%1 no longer stands here. Nothing was done."_s.arg(common::FileNameWithExt(m_pressedFile))
+                         : u"The pictures have moved: %1 stands here now, no longer %2. Nothing was done."_s.arg(
+                               common::FileNameWithExt(now), common::FileNameWithExt(m_pressedFile));
 }
 
 void CaptureDesk::geathumb_MouseMove(int index)
@@ -29,8 +43,27 @@ void CaptureDesk::filCapture_Click()
 {
     const common::RoutineScope scope{"filCapture_Click"};
     m_base.loader.Table().ErrSetPict(m_controls.filCapture, SelectedFile());
-    ShowPreview();
+    PreviewSelected();
     TellPlace();
+}
+
+/// A press highlights a row and may be let go elsewhere, which is no click; nothing may then be done to the row
+/// that was highlighted before.
+void CaptureDesk::FollowHighlight()
+{
+    if (!m_browsing || !ListMode())
+        return;
+    ShowPreview();
+    m_followed = SelectedFile();
+    TellPlace();
+}
+
+/// Unless it has come on show with its highlight.
+void CaptureDesk::PreviewSelected()
+{
+    const QString followed = std::exchange(m_followed, QString());
+    if (followed.isEmpty() || followed != SelectedFile())
+        ShowPreview();
 }
 
 /// The file selected in the list becomes the list's file; its picture comes when it is there.
@@ -59,13 +92,19 @@ void CaptureDesk::HideThumbOf(const QString& path)
     }
 }
 
-void CaptureDesk::ReloadThumb(int index, const QString& path)
+void CaptureDesk::ReloadThumb(const QString& path, const QString& shown)
 {
-    m_loader.Forget(path);
-    if (text::Trim(path).isEmpty() || !m_base.disk.FileExists(path))
-        ClearThumbAt(index);
-    else
-        ShowThumb(index, path, {});
+    m_loader.Forget(shown);
+    for (int i = 0; i < CaptureControls::kThumbs; ++i) {
+        if (text::Folded(FileOfThumb(i)) != text::Folded(path))
+            continue;
+        if (text::Trim(shown).isEmpty() || !m_base.disk.FileExists(shown))
+            ClearThumbAt(i);
+        else
+            ShowThumb(i, shown, {});
+        if (i == m_pressed)
+            m_pressedFile = shown;
+    }
     DisplayImageLabels();
     AskForPictures();
 }

@@ -59,7 +59,10 @@ frm_CopyPics::frm_CopyPics(const CopyDesk& desk, common::Globals& settings, Slot
         Poll(directory);
     });
     connect(&filListBox, &forms::ListBox::ListIndexChanged, this, &frm_CopyPics::ShowPreview);
-    connect(&filListBox, &forms::MultiListBox::SelectionChanged, this, &frm_CopyPics::ShowCount);
+    connect(&filListBox, &forms::MultiListBox::SelectionChanged, this, [this] {
+        PointAtSelected();
+        ShowCount();
+    });
     connect(&ckbPicPreview, &forms::CheckBox::Toggled, this, [this] {
         if (m_selecting)
             return;
@@ -133,9 +136,32 @@ void frm_CopyPics::ListFiles()
     common::Guarded(m_desk.ports.prompter, [&] {
         names = PictureNames(m_desk.disk, folders.Path(), kCapturePatterns);
     });
+    m_pointed.clear();
     filListBox.SetItems(names);
     m_loader.ErrClearPict(geaPreview);
     ShowCount();
+}
+
+/// A card can be changed for another one that has the same names.
+void frm_CopyPics::PointAtSelected()
+{
+    QHash<QString, PointedFile> before = std::exchange(m_pointed, {});
+    for (const int line : filListBox.SelectedLines()) {
+        const QString name = filListBox.List(line);
+        const auto known = before.constFind(name);
+        m_pointed.insert(name, known == before.cend() ? PointAt(m_desk.disk, folders.Path() + name) : *known);
+    }
+}
+
+/// @return why a selected photo is no longer the one that was selected; "" while all of them are
+QString frm_CopyPics::WhyAnotherSelected() const
+{
+    if (!m_desk.disk.DirExists(folders.Path()))
+        return {}; // a card that was pulled out is asked for while copying
+    for (const PointedFile& pointed : m_pointed)
+        if (const QString why = WhyAnother(m_desk.disk, pointed); !why.isEmpty())
+            return why;
+    return {};
 }
 
 void frm_CopyPics::ShowCount()
@@ -191,6 +217,11 @@ void frm_CopyPics::cmdCopy_Click()
         return;
     if (!anyJpg) {
         lblmsg.Show(kNoJpg.arg(folders.Path()), forms::Colour::Red);
+        return;
+    }
+    if (const QString why = WhyAnotherSelected(); !why.isEmpty()) {
+        ListFiles();
+        lblmsg.Show(why, forms::Colour::Red);
         return;
     }
     CopyOutcome outcome;

@@ -4,8 +4,10 @@
 #include "forms/screen.h"
 #include "photos/card_copy.h"
 #include "photos/dir_lists.h"
+#include "photos/pointed_file.h"
 #include "photos/slots.h"
 
+#include <QHash>
 #include <QTimer>
 
 namespace vasclip::photos {
@@ -45,6 +47,8 @@ private:
     void ListFiles();
     void ShowPreview();
     void ShowCount();
+    void PointAtSelected();
+    [[nodiscard]] QString WhyAnotherSelected() const;
     void WithoutPreview(const std::function<void()>& select);
     void Poll(const QString& directory);
     [[nodiscard]] QStringList Wanted() const;
@@ -53,6 +57,7 @@ private:
     common::Globals& m_settings;
     SlotLoader& m_loader;
     QString m_word;
+    QHash<QString, PointedFile> m_pointed; ///< the selected photos as they were when they were selected
     QString m_done;
     QString m_awaited; ///< the directory that TimerROM looks for
     QTimer m_timerROM;

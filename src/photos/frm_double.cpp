@@ -120,6 +120,7 @@ void frm_Double::Form_Load()
     const bool extended = dot > m_source.lastIndexOf(u'\\');
     m_extension = extended ? m_source.mid(dot + 1).toUpper() : QString();
     m_target = (extended ? m_source.left(dot) : m_source) + u".jpg"_s;
+    m_stands = PointAt(m_desk.disk, m_source);
     m_desk.loader.ErrLoadPict(bmpDouble, m_source);
     const bool loaded = !bmpDouble.Picture().isNull();
     if (loaded) {
@@ -200,6 +201,10 @@ void frm_Double::cmdCompress_Click()
     const RoutineScope scope{"cmdCompress_Click"};
     if (text::Trim(m_desk.loader.Table().ErrGetPict(bmpDouble)).isEmpty())
         return;
+    if (const QString why = WhyAnother(m_desk.disk, m_stands); !why.isEmpty()) {
+        lblmsg.Show(why, forms::Colour::Red);
+        return;
+    }
     const forms::Hourglass hourglass(m_desk.ports.window);
     if (!common::Guarded(m_desk.ports.prompter, [this] { Compress(); }))
         return;
@@ -237,6 +242,7 @@ void frm_Double::Compress()
         DeleteQuietly(m_source); // its copy is whole, and so is what takes its place
     m_compressed = true;
     m_current = m_target;
+    m_stands = PointAt(disk, m_target);
     m_desk.loader.Table().ErrSetPict(bmpDouble2, m_target);
     m_preview = picture::Load(disk, m_target, kPreviewPixels);
     bmpDouble2.SetPicture(m_preview);
@@ -260,8 +266,21 @@ void frm_Double::cmdCancel_Click()
     common::Guarded(m_desk.ports.prompter, [this] { Undo(); });
 }
 
+/// Puts into the trash what others have left under a name that is about to be taken. @return true if there was one
+bool frm_Double::KeepAnother(const QString& path) const
+{
+    if (!m_desk.disk.FileExists(path) ||
+        (text::Folded(path) == text::Folded(m_current) && WhyAnother(m_desk.disk, m_stands).isEmpty()))
+        return false;
+    KeepInTrash(m_desk.disk, path);
+    return true;
+}
+
 void frm_Double::Undo()
 {
+    bool kept = KeepAnother(m_source);
+    if (text::Folded(m_target) != text::Folded(m_source))
+        kept = KeepAnother(m_target) || kept;
     CopyFile(m_original, m_source);
     if (text::Folded(m_target) != text::Folded(m_source)) {
         DeleteQuietly(m_target);
@@ -272,6 +291,7 @@ void frm_Double::Undo()
         lblPending.SetCaption(lblPending.Caption().chopped(1));
     m_compressed = false;
     m_current = m_source;
+    m_stands = PointAt(m_desk.disk, m_source);
     m_desk.loader.Table().ErrSetPict(bmpDouble2, QString());
     bmpDouble2.SetPicture({});
     for (const auto* labels : {&lblFilename, &lblSize, &lblDate, &lblFormat, &lblCompression, &lblResolution,
@@ -280,7 +300,9 @@ void frm_Double::Undo()
     m_preview = m_opened;
     bmpDouble.SetPicture(m_opened);
     Describe(Left, m_source);
-    lblmsg.Show(u"The original picture is back."_s, forms::Colour::Blue);
+    lblmsg.Show(kept ? u"The original picture is back; what had taken its place meanwhile is in the trash."_s
+                     : u"The original picture is back."_s,
+                forms::Colour::Blue);
 }
 
 void frm_Double::Describe(Side side, const QString& path)

@@ -4,6 +4,7 @@
 #include "forms/ports.h"
 #include "forms/screen.h"
 #include "forms/scroll_bar.h"
+#include "photos/pointed_file.h"
 #include "photos/slots.h"
 
 namespace vasclip::photos {
@@ -64,6 +65,7 @@ private:
     void DisplayFileAttribs(Side side, const QString& path);
     void CopyFile(const QString& source, const QString& target) const;
     void DeleteQuietly(const QString& path) const;
+    [[nodiscard]] bool KeepAnother(const QString& path) const;
     void Compress();
     void Undo();
     void ShowPreview();
@@ -76,6 +78,7 @@ private:
     QString m_original;  ///< the copy from before the first compression
     QString m_replaced;  ///< kept copy of another picture that bore the target's name
     QString m_current;   ///< the file as it stands
+    PointedFile m_stands; ///< that file as it was opened or left here; another one is not touched
     QImage m_opened;     ///< the left picture at the size of the screen
     QImage m_preview;    ///< the file as it stands, likewise: what the next press works on
     int m_openQuality = 0;

@@ -133,16 +133,16 @@ void frm_Trash::lstfiles_Click()
 {
     if (m_busy || lstfiles.ListIndex() < 0)
         return;
-    const QString name = lstfiles.List(lstfiles.ListIndex()).section(u'|', 0, 0);
-    m_loader.ErrLoadPict(geatrashcan, folders.Path() + name);
+    m_loader.ErrLoadPict(geatrashcan, folders.Path() + m_files.at(lstfiles.ListIndex()).name);
 }
 
-QStringList frm_Trash::SelectedNames() const
+/// As they were listed.
+QList<TrashedFile> frm_Trash::SelectedPictures() const
 {
-    QStringList names;
+    QList<TrashedFile> pictures;
     for (const int line : lstfiles.SelectedLines())
-        names.append(lstfiles.List(line).section(u'|', 0, 0));
-    return names;
+        pictures.append(m_files.at(line));
+    return pictures;
 }
 
 void frm_Trash::cmdSelectDate_Click()
@@ -168,8 +168,8 @@ void frm_Trash::cmdDelete_Click()
     const RoutineScope scope{"frm_Trash"};
     if (m_busy)
         return;
-    const QStringList names = SelectedNames();
-    if (names.isEmpty()) {
+    const QList<TrashedFile> pictures = SelectedPictures();
+    if (pictures.isEmpty()) {
         lblmsg.Show(kNothingSelected, forms::Colour::Red);
         return;
     }
@@ -179,19 +179,21 @@ void frm_Trash::cmdDelete_Click()
     {
         const QScopedValueRollback<bool> busy(m_busy, true);
         m_stop = false;
-        gauTrash.SetRange(static_cast<int>(names.size()));
+        gauTrash.SetRange(static_cast<int>(pictures.size()));
         gauTrash.SetCaption(u"Erasing photos"_s);
-        done = EmptyTrash(m_desk, folders.Path(), names, [this](int count) {
+        done = EmptyTrash(m_desk, folders.Path(), pictures, [this](int count) {
             gauTrash.SetValue(count);
             return !m_stop;
         });
         gauTrash.SetCaption({});
     }
     Reload();
-    if (done.left.isEmpty())
-        lblmsg.Show(kPhotosErased.arg(done.deleted.size()), forms::Colour::Blue);
-    else
-        lblmsg.Show(kNotErased.arg(done.deleted.size()).arg(done.left.join(u", "_s)), forms::Colour::Red);
+    const bool all = done.left.isEmpty() && done.changed.isEmpty();
+    QString said = done.left.isEmpty() ? kPhotosErased.arg(done.deleted.size())
+                                       : kNotErased.arg(done.deleted.size()).arg(done.left.join(u", "_s));
+    if (!done.changed.isEmpty())
+        said += (done.left.isEmpty() ? u"."_s : QString()) + kOtherNow.arg(done.changed.join(u", "_s));
+    lblmsg.Show(said, all ? forms::Colour::Blue : forms::Colour::Red);
 }
 
 void frm_Trash::cmdRestore_Click()
@@ -199,25 +201,35 @@ void frm_Trash::cmdRestore_Click()
     const RoutineScope scope{"frm_Trash"};
     if (m_busy || !IsInTrashCan(folders.Path()))
         return;
-    const QStringList names = SelectedNames();
-    if (names.isEmpty()) {
+    const QList<TrashedFile> pictures = SelectedPictures();
+    if (pictures.isEmpty()) {
         lblmsg.Show(kNothingSelected, forms::Colour::Red);
         return;
     }
     int restored = 0;
+    QStringList changed;
     {
         const QScopedValueRollback<bool> busy(m_busy, true);
         try {
-            for (const QString& name : names) {
-                if (RestoreFromTrash(m_desk, folders.Path(), name) == Restored::Yes)
+            for (const TrashedFile& picture : pictures) {
+                const bool another = !WhyAnother(m_desk.disk, folders.Path(), picture).isEmpty();
+                const Restored done =
+                    another ? Restored::Another : RestoreFromTrash(m_desk, folders.Path(), picture.name);
+                if (done == Restored::Yes)
                     ++restored;
+                else if (done == Restored::Another)
+                    changed.append(picture.name);
             }
         } catch (const RuntimeError& failure) {
             common::ReportError(m_desk.ports.prompter, failure);
         }
     }
     Reload();
-    lblmsg.Show(kPhotosRestored.arg(TrashParentDir(folders.Path())).arg(restored), forms::Colour::Blue);
+    const QString said = kPhotosRestored.arg(TrashParentDir(folders.Path())).arg(restored);
+    if (changed.isEmpty())
+        lblmsg.Show(said, forms::Colour::Blue);
+    else
+        lblmsg.Show(said + u'.' + kOtherNow.arg(changed.join(u", "_s)), forms::Colour::Red);
 }
 
 } // namespace vasclip::photos

@@ -43,7 +43,7 @@ private:
     void Reload();
     void lstfiles_Click();
     void ShowCount();
-    [[nodiscard]] QStringList SelectedNames() const;
+    [[nodiscard]] QList<TrashedFile> SelectedPictures() const;
 
     TrashDesk m_desk;
     SlotLoader& m_loader;

@@ -6,6 +6,7 @@
 #include "photos/photo_copies.h"
 #include "photos/photo_files.h"
 #include "photos/photo_messages.h"
+#include "photos/pointed_file.h"
 #include "photos/view_name.h"
 #include "platform/text/text.h"
 #include "store/messages.h"
@@ -132,9 +133,15 @@ PhotoChange CmdDeletePhoto(PhotoDesk& desk, forms::PictureBox& geamaintain)
     const QString key = store::GetFieldData(desk.databook, u"CENTRALKEY"_s);
     const QString view = lists.lstViews.List(row);
     const QString stem = lists.lstimages.List(row);
+    const QString file = FileOf(desk, stem);
+    const PointedFile picture = PointAt(desk.disk, file);
     if (!desk.ports.prompter.YesNo({}, kDeletePhoto))
         return PhotoChange::None;
-    const QString file = FileOf(desk, stem);
+    if (const QString why = WhyAnother(desk.disk, picture); !why.isEmpty()) {
+        desk.notSaved = why.chopped(1); // its full stop comes later
+        desk.status.lblmsg.Show(why, forms::Colour::Red);
+        return PhotoChange::None;
+    }
     const bool copied = desk.disk.FileExists(file) && !desk.disk.FileExists(CopyOf(desk, file));
     if (!GiveBack(desk, file))
         return PhotoChange::None; // the only copy stays

@@ -49,6 +49,26 @@ bool DelPict(const forms::Ports& ports, const files::Disk& disk, const QString& 
     return true;
 }
 
+Deletion DelPointed(const forms::Ports& ports, const files::Disk& disk, const PointedFile& pointed,
+                    const QString& question, QString& why)
+{
+    const common::RoutineScope scope{"DelPointed"};
+    const auto another = [&] {
+        why = WhyAnother(disk, pointed);
+        return !why.isEmpty();
+    };
+    if (!pointed.path.isEmpty() && !pointed.written.isValid())
+        why = u"%1 is not there."_s.arg(common::FileNameWithExt(pointed.path));
+    if (!why.isEmpty() || another())
+        return Deletion::Another;
+    if (!ports.prompter.YesNo(common::FileNameWithExt(pointed.path), question))
+        return Deletion::Declined;
+    if (another())
+        return Deletion::Another;
+    QString prompt;
+    return DelPict(ports, disk, pointed.path, Quiet::Yes, prompt) ? Deletion::Done : Deletion::Declined;
+}
+
 QStringList DeletePhotos(const forms::Ports& ports, const files::Disk& disk, const QString& photoDir,
                          const QStringList& stems)
 {

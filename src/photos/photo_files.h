@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/ports.h"
+#include "photos/pointed_file.h"
 #include "platform/files/disk.h"
 
 #include <QStringList>
@@ -16,6 +17,18 @@ enum class Quiet { No, Yes };
 /// @throws RuntimeError 70, 75 for a file that the system keeps; it then bears its attributes as before
 bool DelPict(const forms::Ports& ports, const files::Disk& disk, const QString& path, Quiet quiet,
              QString& prompt);
+
+enum class Deletion {
+    Done,
+    Declined,
+    Another, ///< the file is gone or another one bears its name; nothing was deleted
+};
+
+/// Asks, with the file's name in the title, and deletes the file that was pointed at and no other.
+/// @param why  takes what has become of it after Another
+/// @throws RuntimeError as DelPict
+[[nodiscard]] Deletion DelPointed(const forms::Ports& ports, const files::Disk& disk, const PointedFile& pointed,
+                                  const QString& question, QString& why);
 
 /// Deletes the stored files of a record, quietly.
 /// @param stems  of its PHOTOS field, without directory and extension; what could reach a file outside

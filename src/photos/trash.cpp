@@ -4,6 +4,7 @@
 #include "common/paths.h"
 #include "photos/content.h"
 #include "photos/photo_files.h"
+#include "photos/pointed_file.h"
 #include "photos/trash_messages.h"
 #include "platform/text/text.h"
 
@@ -142,8 +143,11 @@ Restored RestoreFromTrash(const TrashDesk& desk, const QString& trashDirectory, 
         return Restored::Yes;
     }
     if (!SameContent(desk.disk, source, target)) {
+        const PointedFile pointed = PointAt(desk.disk, source);
         if (!desk.ports.prompter.YesNo({}, kRestoreOver.arg(name, TrashParentDir(trashDirectory))))
             return Restored::Declined;
+        if (!WhyAnother(desk.disk, pointed).isEmpty())
+            return Restored::Another;
         KeepInTrash(desk.disk, target);
         MakeWritable(desk.disk, target);
         desk.disk.FileCopyChecked(source, target);
@@ -153,13 +157,23 @@ Restored RestoreFromTrash(const TrashDesk& desk, const QString& trashDirectory, 
     return Restored::Yes;
 }
 
-Emptied EmptyTrash(const TrashDesk& desk, const QString& trashDirectory, const QStringList& names,
+QString WhyAnother(const files::Disk& disk, const QString& trashDirectory, const TrashedFile& listed)
+{
+    return WhyAnother(disk, {CkRSlash(trashDirectory) + listed.name, listed.modified, listed.bytes});
+}
+
+Emptied EmptyTrash(const TrashDesk& desk, const QString& trashDirectory, const QList<TrashedFile>& pictures,
                    const std::function<bool(int done)>& step)
 {
     const RoutineScope scope{"EmptyTrash"};
     Emptied done;
-    for (const QString& name : names) {
+    for (const TrashedFile& picture : pictures) {
+        const QString& name = picture.name;
         const QString path = CkRSlash(trashDirectory) + name;
+        if (desk.disk.Found(path) && !WhyAnother(desk.disk, trashDirectory, picture).isEmpty()) {
+            done.changed.append(name);
+            continue;
+        }
         try {
             QString prompt;
             const bool gone = DelPict(desk.ports, desk.disk, path, Quiet::Yes, prompt);
@@ -167,7 +181,7 @@ Emptied EmptyTrash(const TrashDesk& desk, const QString& trashDirectory, const Q
         } catch (const RuntimeError&) {
             done.left.append(name);
         }
-        if (step && !step(static_cast<int>(done.deleted.size() + done.left.size())))
+        if (step && !step(static_cast<int>(done.deleted.size() + done.left.size() + done.changed.size())))
             break;
     }
     return done;

@@ -61,6 +61,9 @@ struct TrashedFile
     qint64 bytes = 0;
 };
 
+/// Why a picture is no longer the one that was listed, for the user's eyes; "" while it is.
+[[nodiscard]] QString WhyAnother(const files::Disk& disk, const QString& trashDirectory, const TrashedFile& listed);
+
 /// The pictures of a trash directory by name; empty if there is none.
 [[nodiscard]] QList<TrashedFile> TrashedFiles(const files::Disk& disk, const QString& trashDirectory);
 
@@ -68,6 +71,7 @@ enum class Restored {
     Yes,
     Missing,  ///< there is no such picture in the trash
     Declined, ///< a picture of that name stays where it would have gone
+    Another,  ///< while that was asked, another picture took its name in the trash
 };
 
 /// Brings a trashed picture back to the directory that the trash belongs to. Where another picture bears its
@@ -80,11 +84,12 @@ struct Emptied
 {
     QStringList deleted; ///< names
     QStringList left;    ///< names that could not be deleted
+    QStringList changed; ///< names that other pictures bear by now, which stay
 };
 
-/// Deletes pictures of a directory for good, quietly.
+/// Deletes pictures of a directory for good, quietly, and none but those that were listed.
 /// @param step  told how many have been gone through; false stops
-Emptied EmptyTrash(const TrashDesk& desk, const QString& trashDirectory, const QStringList& names,
+Emptied EmptyTrash(const TrashDesk& desk, const QString& trashDirectory, const QList<TrashedFile>& pictures,
                    const std::function<bool(int done)>& step = {});
 
 } // namespace vasclip::photos

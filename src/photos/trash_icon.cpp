@@ -12,22 +12,32 @@ using namespace Qt::Literals::StringLiterals;
 using common::RoutineScope;
 
 TrashDrop geatrashcan_DragDrop(const TrashDesk& desk, PictureIs saved, const QString& source,
-                               const QString& path)
+                               const PointedFile& dragged)
 {
     const RoutineScope scope{"geatrashcan_DragDrop"};
-    const QString picture = text::Trim(path);
+    const QString& picture = dragged.path;
     if (text::Folded(source) != u"GEATHUMB"_s || !desk.disk.FileExists(picture))
         return TrashDrop::Nothing;
-    if (IsInTrashCan(picture)) {
-        QString prompt = kDeleteFromTrash.arg(picture);
-        return DelPict(desk.ports, desk.disk, picture, Quiet::No, prompt) ? TrashDrop::Consumed
-                                                                          : TrashDrop::Nothing;
-    }
-    if (!desk.ports.prompter.YesNo({}, kDeleteQuestion.arg(picture)))
+    const bool forGood = IsInTrashCan(picture);
+    if (!desk.ports.prompter.YesNo({}, (forGood ? kDeleteFromTrash : kDeleteQuestion).arg(picture)))
         return TrashDrop::Nothing;
+    if (!WhyAnother(desk.disk, dragged).isEmpty())
+        return TrashDrop::Another;
+    if (forGood) {
+        QString prompt;
+        return DelPict(desk.ports, desk.disk, picture, Quiet::Yes, prompt) ? TrashDrop::Deleted
+                                                                           : TrashDrop::Nothing;
+    }
     const common::FileNameParts parts = common::ParseFileName(picture);
-    SendToTrashCan(desk, saved, parts.drive + parts.directory, picture, parts.name, parts.extension);
-    return TrashDrop::Consumed;
+    switch (SendToTrashCan(desk, saved, parts.drive + parts.directory, picture, parts.name, parts.extension)) {
+    case Trashed::Moved:
+        return TrashDrop::Moved;
+    case Trashed::Copied:
+        return TrashDrop::Copied;
+    case Trashed::No:
+        break;
+    }
+    return TrashDrop::Stayed;
 }
 
 QString imaTrashcan_Click(forms::Prompter& prompter, const files::Disk& disk, const QString& captureDir)

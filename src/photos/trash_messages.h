@@ -24,6 +24,8 @@ inline const QString kNothingSelected = QStringLiteral("Select one or more photo
 inline const QString kPhotosErased = QStringLiteral("Photos erased: %1");
 inline const QString kPhotosRestored = QStringLiteral("Photos restored to %1: %2");
 inline const QString kNotErased = QStringLiteral("Photos erased: %1. Could not be erased: %2");
+inline const QString kOtherNow =
+    QStringLiteral(" Left alone, since other pictures bear these names now: %1");
 inline const QString kPhotosIn = QStringLiteral("Photos here: %1, selected: %2");
 
 } // namespace vasclip::photos

@@ -8,6 +8,7 @@
 #include "link/report_desk.h"
 #include "photos/capture_controls.h"
 #include "photos/photo_lists.h"
+#include "photos/pointed_file.h"
 #include "photos/slots.h"
 #include "platform/conduit/conduit.h"
 #include "platform/engine/health.h"
@@ -165,6 +166,8 @@ public:
     /// The menu that the right button opens over a control, its captions set; nullptr for none. What it leads
     /// to is done to that control.
     forms::Menu* MenuOver(const forms::Control& control);
+    /// The delete key on a thumbnail: what the menu over it would delete.
+    void DeleteKeyOn(const forms::Control& thumb);
 
 Q_SIGNALS:
     void CaptionChanged();
@@ -184,10 +187,13 @@ private:
     void ShowCameraDir();
     void popThumb_M_Click(int index);
     void DeleteImage();
+    bool Refused(const QString& why); ///< says why, and is true, unless there is nothing to say
+    [[nodiscard]] QString WhyOtherSlotPhoto() const;
     bool CaptureChosen(const QString& array, int index); ///< @return false for an entry of other rooms
     // The photos of the record on show.
     void WirePhotos();
     bool StandOnShownPhoto();
+    [[nodiscard]] QString ShownPhoto() const;
     void CmdDeletePhoto_Click();
     void CmdRenamePhotoView_Click();
     // Slots, drags and their menus.
@@ -287,8 +293,11 @@ private:
     std::unique_ptr<drops::Router> m_router;
     std::unique_ptr<comments::frm_FKey> m_functionKeys; ///< made when the first entry screen opens
     QString m_entryKey;                                 ///< of the comp whose entry screen is open
-    QString m_menuControl;                              ///< over which the last pop-up menu opened
+    // Over what the last pop-up menu opened: what is chosen in it is done to that and to nothing else.
+    QString m_menuControl;
     int m_menuIndex = -1;
+    photos::PointedFile m_menuFile;
+    QString m_menuPhoto; ///< record, view and file name of the photo on show
 };
 
 } // namespace vasclip::shell

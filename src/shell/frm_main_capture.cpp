@@ -40,9 +40,10 @@ void frm_Main::WireCapture()
         connect(&capture.geathumb(i), &forms::Control::Pressed, desk, [desk, i] { desk->geathumb_MouseDown(i); });
         connect(&capture.geathumb(i), &forms::Control::Hovered, desk, [desk, i] { desk->geathumb_MouseMove(i); });
         connect(&capture.geathumb(i), &forms::Control::DoubleClicked, this, [this, i] {
-            m_menuControl = capture.geathumb(i).Name();
-            m_menuIndex = i;
-            popThumb_M_Click(3);
+            const QString moved = m_capture->MovedSincePress(i);
+            (void)MenuOver(capture.geathumb(i));
+            if (!Refused(moved))
+                popThumb_M_Click(3);
         });
     }
     connect(&capture.imaGetPics, &forms::Control::Clicked, this, [this] { MenuChosen(u"mnuFileItem"_s, 3); });
@@ -112,17 +113,23 @@ void frm_Main::popThumb_M_Click(int index)
         m_capture->ToggleListBox();
     if (index != 3)
         return;
-    const auto* control = controls.Find(m_menuControl, m_menuIndex);
-    const QString path = control == nullptr ? QString() : m_slotTable.ErrGetPict(*control);
-    if (text::Trim(path).isEmpty())
+    const QString path = m_menuFile.path;
+    if (path.isEmpty() || Refused(photos::WhyAnother(m_base.disk, m_menuFile)))
         return;
-    const int thumb = control == &capture.filCapture || control == &capture.geaListBox ? -1 : m_menuIndex;
+    const bool thumb = text::Folded(m_menuControl) == u"GEATHUMB"_s;
     const auto [shown, refresh] = Adjust({m_base.ports, m_base.disk, globals, *m_slotLoader}, path);
     m_capture->Loader().Forget(path);
-    if (thumb >= 0 && !refresh)
-        m_capture->ReloadThumb(thumb, shown);
+    if (thumb && !refresh)
+        m_capture->ReloadThumb(path, shown);
     else
         m_capture->RefreshCapture();
+}
+
+void frm_Main::DeleteKeyOn(const forms::Control& thumb)
+{
+    const QString moved = m_capture->MovedSincePress(thumb.Index());
+    if (MenuOver(thumb) == &popThumb_M && !Refused(moved))
+        popThumb_M_Click(0);
 }
 
 /// A photo opens in the adjust window and is shown anew behind it.
@@ -135,7 +142,8 @@ void frm_Main::SlotPhoto_DblClick(forms::PictureBox& slot)
         return;
     }
     const auto [shown, refresh] = Adjust({m_base.ports, m_base.disk, globals, *m_slotLoader}, path);
-    m_slotLoader->ErrLoadThumb(slot, shown);
+    if (text::Folded(m_slotTable.ErrGetPict(slot)) == text::Folded(path)) // else another photo has come on show
+        m_slotLoader->ErrLoadThumb(slot, shown);
     if (refresh)
         m_capture->RefreshCapture();
 }
@@ -144,15 +152,18 @@ void frm_Main::SlotPhoto_DblClick(forms::PictureBox& slot)
 void frm_Main::DeleteImage()
 {
     const common::RoutineScope scope{"popThumb_M"};
-    auto* control = controls.Find(m_menuControl, m_menuIndex);
-    if (control == nullptr)
+    const QString path = m_menuFile.path;
+    const auto* control = controls.Find(m_menuControl, m_menuIndex);
+    if (path.isEmpty() || control == nullptr)
         return;
-    const QString path = m_slotTable.ErrGetPict(*control);
-    QString prompt =
-        u"Permanently delete this photo (this is NOT sent to the trashcan).  Are you sure?"_s;
-    if (!photos::DelPict(m_base.ports, m_base.disk, path, photos::Quiet::No, prompt))
+    QString why;
+    const auto deleted = photos::DelPointed(
+        m_base.ports, m_base.disk, m_menuFile,
+        u"Permanently delete this photo (this is NOT sent to the trashcan).  Are you sure?"_s, why);
+    if (Refused(why) || deleted != photos::Deletion::Done)
         return;
-    m_slotTable.ErrSetPict(*control, {});
+    if (text::Folded(m_slotTable.ErrGetPict(*control)) == text::Folded(path))
+        m_slotTable.ErrSetPict(*control, {});
     m_capture->Loader().Forget(path);
     m_capture->RefreshCapture();
     status.lblmsg.Show(u"%1 is deleted."_s.arg(common::FileNameWithExt(path)), forms::Colour::Blue);

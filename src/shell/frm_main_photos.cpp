@@ -33,11 +33,24 @@ void frm_Main::WirePhotos()
     connect(&photoLists.CmdDeletePhoto, &forms::Control::Clicked, this, &frm_Main::CmdDeletePhoto_Click);
     connect(&photoLists.CmdRenamePhotoView, &forms::Control::Clicked, this, &frm_Main::CmdRenamePhotoView_Click);
     connect(&popPhoto_M, &forms::Menu::Chosen, this, [this](const QString&, int index) {
+        if (Refused(ShownPhoto() == m_menuPhoto ? photos::WhyAnother(m_base.disk, m_menuFile)
+                                                : u"Another photo is on show now than when the menu opened. "
+                                                  u"Nothing was done."_s))
+            return;
         if (index == 0)
             CmdRenamePhotoView_Click();
         else
             CmdDeletePhoto_Click();
     });
+}
+
+/// Record, view and file name of the selected photo of the record on show.
+QString frm_Main::ShownPhoto() const
+{
+    const int row = photoLists.lstViews.ListIndex();
+    return QStringList{text::Folded(records.grddatabook.CurrentText(u"CENTRALKEY"_s)), photoLists.lstViews.List(row),
+                       photoLists.lstimages.List(row)}
+        .join(u'|');
 }
 
 /// Other look-ups have moved the record since it came on show, and another user may have changed its photos.

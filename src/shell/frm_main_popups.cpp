@@ -56,13 +56,19 @@ forms::Menu* frm_Main::MenuOver(const forms::Control& control)
     m_menuControl = control.Name();
     m_menuIndex = control.Index();
     const QString name = text::Folded(control.Name());
+    if (name == u"FILCAPTURE"_s)
+        m_capture->filCapture_Click();
+    const bool photoOnShow = name == u"GEAMAINTAIN"_s || name == u"LSTVIEWS"_s;
+    m_menuFile = photos::PointAt(
+        m_base.disk, m_slotTable.ErrGetPict(photoOnShow ? slots.geamaintain : control));
+    m_menuPhoto = ShownPhoto();
     if (name == u"GEATHUMB"_s || name == u"FILCAPTURE"_s || name == u"GEALISTBOX"_s) {
         if (name == u"GEATHUMB"_s)
             m_capture->geathumb_MouseDown(control.Index());
-        popThumb_M.SetEntryEnabled(0, !text::Trim(m_slotTable.ErrGetPict(control)).isEmpty());
+        popThumb_M.SetEntryEnabled(0, !m_menuFile.path.isEmpty());
         return &popThumb_M;
     }
-    if (name == u"GEAMAINTAIN"_s || name == u"LSTVIEWS"_s) {
+    if (photoOnShow) {
         for (const int entry : {0, 1})
             popPhoto_M.SetEntryEnabled(entry, photoLists.lstViews.ListIndex() >= 0);
         return &popPhoto_M;
@@ -92,9 +98,28 @@ void frm_Main::SetCorrectPicMenuText(bool subject)
     popPicture_M.SetEntryCaption(1, PictureEntryCaption(subject));
 }
 
+bool frm_Main::Refused(const QString& why)
+{
+    if (!why.isEmpty())
+        status.lblmsg.Show(why, forms::Colour::Red);
+    return !why.isEmpty();
+}
+
+/// @return why the slot is not as it was when its menu opened; "" while it is
+QString frm_Main::WhyOtherSlotPhoto() const
+{
+    const auto* slot = controls.Find(m_menuControl, m_menuIndex);
+    const QString now = slot == nullptr ? QString() : text::Trim(m_slotTable.ErrGetPict(*slot));
+    return text::Folded(now) == text::Folded(m_menuFile.path)
+               ? QString()
+               : u"The slot shows another photo now than when its menu opened. Nothing was done."_s;
+}
+
 void frm_Main::popPicture_M_Click(int index)
 {
     const common::RoutineScope scope{"popPicture_M"};
+    if (Refused(WhyOtherSlotPhoto()))
+        return;
     drops::DropDesk desk = Drops();
     const QLatin1StringView group = drops::GroupOf(m_menuControl);
     if (index == 0)
@@ -108,6 +133,8 @@ void frm_Main::popPicture_M_Click(int index)
 void frm_Main::popGeneral_M_Click(int index)
 {
     const common::RoutineScope scope{"popGeneral_M"};
+    if (Refused(WhyOtherSlotPhoto()))
+        return;
     drops::DropDesk desk = Drops();
     if (index == 0)
         Told(drops::ObtainGeneral(desk, m_menuIndex));

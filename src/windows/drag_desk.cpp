@@ -125,10 +125,12 @@ QMimeData* DragDesk::DataOf(const forms::Control& source)
     m_binder.Guard().Run([&] { file = m_port.FileOf(source); });
     if (file.isEmpty())
         return Payload(source);
-    auto* data = new PictureData([this, control = QPointer<const forms::Control>(&source)] {
+    auto* data = new PictureData([this, file, control = QPointer<const forms::Control>(&source)] {
         QImage image;
-        if (control != nullptr)
-            m_binder.Guard().Run([&] { image = m_port.ImageOf(*control); });
+        m_binder.Guard().Run([&] {
+            if (control != nullptr && m_port.FileOf(*control) == file) // else it shows another one by now
+                image = m_port.ImageOf(*control);
+        });
         return image;
     });
     const std::unique_ptr<QMimeData> own(Payload(source));

@@ -74,6 +74,8 @@ public:
         Q_UNUSED(control)
         return nullptr;
     }
+    /// The delete key was pressed on a picture of the capture directory.
+    virtual void DeleteKeyOn(const forms::Control& thumb) { Q_UNUSED(thumb) }
 };
 
 } // namespace vasclip::windows

@@ -202,13 +202,8 @@ void MainWindow::BuildPopups()
 
 void MainWindow::DeleteThumb(int index)
 {
-    forms::Control* thumb = m_binder.Controls().Find(QStringLiteral("geathumb"), index);
-    if (thumb == nullptr)
-        return;
-    m_binder.Guard().Run([&] {
-        if (forms::Menu* menu = m_port.MenuOver(*thumb))
-            menu->Choose(menu->Name(), 0);
-    });
+    if (const forms::Control* thumb = m_binder.Controls().Find(QStringLiteral("geathumb"), index))
+        m_binder.Guard().Run([&] { m_port.DeleteKeyOn(*thumb); });
 }
 
 /// In a narrow pane the buttons of the grid do without their words; narrower than that it does not get.
@@ -358,7 +353,9 @@ void MainWindow::SendToSlot()
         return;
     QList<SlotChoice> choices;
     QString title;
+    m_drags.PutDown();
     if (!m_binder.Guard().Run([&] {
+            m_port.Begin(*source, 0); // what is chosen now is sent, whatever stands there when a slot is chosen
             choices = SlotChoices(m_binder.Controls(), m_port, source->Name());
             title = source == grid ? grid->CurrentText(QStringLiteral("CENTRALKEY")).trimmed()
                                    : QFileInfo(m_port.FileOf(*source)).fileName();
@@ -369,8 +366,6 @@ void MainWindow::SendToSlot()
     SendToSlotDialog dialog(title, choices, this);
     if (dialog.exec() != QDialog::Accepted || dialog.Target() == nullptr)
         return;
-    m_drags.PutDown();
-    m_binder.Guard().Run([&] { m_port.Begin(*source, 0); });
     m_drags.Drop(*source, *dialog.Target());
 }
 

@@ -15,7 +15,7 @@ TEST_F(PicturesTest, AThumbnailIsSelectedAndItsFileDragged)
     Browse();
     const Drag drag = router.Begin(controls.geathumb(2));
     EXPECT_EQ(controls.filCapture.ListIndex(), 2);
-    EXPECT_EQ(drag.picturePath, kSnap + u"C.JPG"_s);
+    EXPECT_EQ(drag.picture.path, kSnap + u"C.JPG"_s);
     EXPECT_EQ(router.State().DragSource, u"THUMB"_s);
     EXPECT_EQ(router.State().DraggedPicture, kSnap + u"C.JPG"_s);
     EXPECT_TRUE(router.CanStart(controls.geathumb(2)));
@@ -26,12 +26,12 @@ TEST_F(PicturesTest, TheListDragsItsSelectedFile)
 {
     globals.imageListBox = u"ON"_s;
     Browse();
+    // A press highlights a row; where it becomes a drag, no click comes.
     controls.filCapture.SetListIndex(1);
-    capture.filCapture_Click();
     for (const forms::Control* source : {static_cast<const forms::Control*>(&controls.filCapture),
                                          static_cast<const forms::Control*>(&controls.geaListBox)}) {
         EXPECT_TRUE(router.CanStart(*source));
-        EXPECT_EQ(router.Begin(*source).picturePath, kSnap + u"B.JPG"_s);
+        EXPECT_EQ(router.Begin(*source).picture.path, kSnap + u"B.JPG"_s);
         EXPECT_EQ(router.State().DragSource, u"FILCAPTURE"_s);
     }
 }
@@ -49,7 +49,7 @@ TEST_F(PicturesTest, ReportSlotsStartWithAFileOrATextAlone)
     EXPECT_TRUE(router.CanStart(slots.geaComp(2)));
     EXPECT_FALSE(router.CanStart(status.lblmsg));
     const Drag drag = router.Begin(slots.imaComp(2), forms::kShiftMask);
-    EXPECT_EQ(drag.picturePath, u"C:\\JPG\\OAK.jpg"_s);
+    EXPECT_EQ(drag.picture.path, u"C:\\JPG\\OAK.jpg"_s);
     EXPECT_EQ(router.State().DragSource, u"KEL"_s);
     EXPECT_EQ(router.State().DragIndex, 2);
     EXPECT_EQ(router.State().DragShift, forms::kShiftMask);
@@ -373,12 +373,63 @@ TEST_F(PicturesTest, ThePhotoOnShowGoesOutUnderItsView)
 {
     txtcentralkey.SetText(u"12 OAK ST"_s);
     lists.txtView.SetText(u"REAR VIEW"_s);
-    EXPECT_TRUE(router.Drop({u"geamaintain"_s, -1, {}, {}, {}}, slots.imaComp(3)).done);
+    loader.ErrLoadThumb(slots.geamaintain, u"C:\\JPG\\OAKR.JPG"_s);
+    EXPECT_TRUE(router.Drop(router.Begin(slots.geamaintain), slots.imaComp(3)).done);
     EXPECT_EQ(Shows(slots.imaComp(3)), u"C:\\JPG\\OAKR.jpg"_s);
     EXPECT_EQ(report.txtComp(3).Text(), u"12 Oak St"_s);
+    // A general slot takes the picture that was dragged, whatever view it is called there.
+    questions.view = u"KITCHEN"_s;
+    EXPECT_TRUE(router.Drop(router.Begin(slots.geamaintain), slots.imaGeneral(1)).done);
+    EXPECT_EQ(Shows(slots.imaGeneral(1)), u"C:\\JPG\\OAKR.jpg"_s);
+    EXPECT_EQ(report.cboGeneral(1).Text(), u"KITCHEN"_s);
     questions.view = u"FRONT VIEW"_s;
-    EXPECT_TRUE(router.Drop({u"geamaintain"_s, -1, {}, {}, {}}, slots.imaGeneral(1)).done);
-    EXPECT_EQ(Shows(slots.imaGeneral(1)), u"C:\\JPG\\OAK.jpg"_s);
+    EXPECT_TRUE(router.Drop(router.Begin(slots.geamaintain), slots.imaGeneral(2)).done);
+    EXPECT_EQ(Shows(slots.imaGeneral(2)), u"C:\\JPG\\OAKR.jpg"_s);
+}
+
+TEST_F(PicturesTest, ThePhotoOnShowIsTheOneThatWasDraggedOrNone)
+{
+    txtcentralkey.SetText(u"12 OAK ST"_s);
+    lists.txtView.SetText(u"REAR VIEW"_s);
+    loader.ErrLoadThumb(slots.geamaintain, u"C:\\JPG\\OAKR.JPG"_s);
+    const Drag drag = router.Begin(slots.geamaintain);
+    txtcentralkey.SetText(u"14 ELM ST"_s); // a quick find came to its end meanwhile
+    lists.txtView.SetText(u"FRONT VIEW"_s);
+    EXPECT_TRUE(router.Drop(drag, slots.imaComp(3)).done);
+    EXPECT_EQ(Shows(slots.imaComp(3)), u"C:\\JPG\\OAKR.jpg"_s);
+    EXPECT_EQ(report.txtComp(3).Text(), u"12 Oak St"_s);
+
+    StandOn(u"12 OAK ST"_s); // another user files another picture under the view
+    store::DataSource& book = sources.datDatabook;
+    book.Recordset().Edit();
+    store::SetFieldData(book, u"FRONT VIEW|OAK\r\nREAR VIEW|ELM\r\n"_s, u"PHOTOS"_s);
+    book.Recordset().Update();
+    conduit.commands.clear();
+    const Outcome outcome = router.Drop(drag, slots.imaComp(2));
+    EXPECT_FALSE(outcome.done);
+    EXPECT_EQ(outcome.message, u"The REAR VIEW of 12 OAK ST is no longer the picture that you dragged. Nothing was sent."_s);
+    EXPECT_TRUE(conduit.commands.isEmpty());
+}
+
+TEST_F(PicturesTest, ASlotThatShowsAnotherPhotoByTheEndOfItsDragIsLeftAlone)
+{
+    loader.ErrLoadThumb(slots.imaComp(2), u"C:\\JPG\\OAK.jpg"_s);
+    report.txtComp(2).SetText(u"12 Oak St"_s);
+    const Drag drag = router.Begin(slots.imaComp(2));
+    loader.ErrLoadThumb(slots.imaComp(2), u"C:\\JPG\\ELM.jpg"_s);
+    const Outcome outcome = router.Drop(drag, grddatabook);
+    EXPECT_FALSE(outcome.done);
+    EXPECT_EQ(outcome.message, u"The slot shows another photo now than the one you dragged. Nothing was done."_s);
+    EXPECT_TRUE(routed.isEmpty());
+}
+
+TEST_F(PicturesTest, TheListsFileIsTheOneThatIsDraggedFromIt)
+{
+    Browse(); // thumbnails are on show, so that nothing but the drag has written it
+    controls.filCapture.SetListIndex(1);
+    ASSERT_EQ(Shows(controls.geaListBox), QString());
+    (void)router.Begin(controls.filCapture);
+    EXPECT_EQ(Shows(controls.geaListBox), kSnap + u"B.JPG"_s);
 }
 
 TEST_F(PicturesTest, ARecordOnTheSubjectReplacesItsThreePhotosAfterAQuestion)
@@ -552,6 +603,37 @@ TEST_F(PicturesTest, AReportPhotoGoesBackToTheCaptureDirectory)
     EXPECT_FALSE(DropThumb(0, controls.geathumb(2)).done);
 }
 
+TEST_F(PicturesTest, WhatGoesBackTakesThePlaceOfAWriteProtectedCopyAndKeepsAnotherPicture)
+{
+    Browse();
+    globals.writeProtectPhotos = true;
+    loader.ErrLoadThumb(slots.imaRental(2), u"C:\\JPG\\ELM.jpg"_s);
+    home.disk.SetAttr(u"C:\\JPG\\ELM.jpg"_s, files::ReadOnly); // as a photo in a report is
+    home.disk.SetAttr(u"C:\\JPG\\OAK.jpg"_s, files::ReadOnly);
+    for (int time = 1; time <= 2; ++time) {
+        EXPECT_TRUE(router.Drop(router.Begin(slots.imaRental(2)), controls.fraPics).done) << time;
+        EXPECT_TRUE(DropOn(controls.fraPics).done) << time;
+    }
+    for (const QString& name : {u"ELM.jpg"_s, u"OAK.jpg"_s, u"OAKR.jpg"_s})
+        EXPECT_EQ(home.disk.GetAttr(kSnap + name), files::Normal) << name.toStdString();
+    EXPECT_TRUE(Trash().isEmpty()) << "the same picture is no loss";
+    home.Put(kSnap + u"OAK.jpg"_s, "the camera's own");
+    home.disk.SetAttr(kSnap + u"OAK.jpg"_s, files::ReadOnly);
+    EXPECT_TRUE(DropOn(controls.fraPics).done);
+    EXPECT_EQ(home.disk.ReadWhole(kSnap + u"OAK.jpg"_s), home.disk.ReadWhole(u"C:\\JPG\\OAK.jpg"_s));
+    EXPECT_EQ(home.disk.ReadWhole(kSnap + u"TRASHCAN\\OAK.jpg"_s), "the camera's own");
+}
+
+TEST_F(PicturesTest, AFileThatNoReportCanNameGetsAnotherNameWhenItIsCopiedIn)
+{
+    Browse();
+    home.MakeDirs(u"C:\\DESKTOP"_s);
+    Picture(u"C:\\DESKTOP\\P[1].JPG"_s);
+    EXPECT_EQ(router.Drop(router.BeginFiles({u"C:\\DESKTOP\\P[1].JPG"_s}), controls.fraPics).message,
+              u"1 picture is in C:\\SNAP\\ now. A \"]\" in a name has become a \")\": no report can name such a file."_s);
+    EXPECT_TRUE(home.disk.FileExists(kSnap + u"P(1).jpg"_s));
+}
+
 TEST_F(PicturesTest, ARecordsPicturesGoBackAndAMissingOneIsNamed)
 {
     Browse();
@@ -578,6 +660,35 @@ TEST_F(PicturesTest, TheTrashTakesAThumbnailAlone)
     EXPECT_FALSE(controls.geathumb(0).Visible());
     EXPECT_FALSE(router.Accepts(u"filCapture"_s, controls.imaTrashcan));
     EXPECT_FALSE(router.Accepts(u"imaComp"_s, controls.imaTrashcan));
+}
+
+TEST_F(PicturesTest, TheTrashSaysWhatBecameOfThePicture)
+{
+    Browse();
+    doubles.prompter.AnswerAlways(forms::Answer::Yes);
+    struct Row
+    {
+        int trashcan, autoDelete;
+        bool saved;
+        QString said;
+        bool stays;
+    };
+    for (const Row& row :
+         {Row{0, 1, true, u"A.JPG stays where it is: the settings turn the trashcan off."_s, true},
+          Row{1, 0, true, u"A copy of A.JPG is in the trash now. A.JPG itself stays: the settings keep it."_s, true},
+          Row{1, 1, false,
+              u"A copy of A.JPG is in the trash now. A.JPG itself stays: no picture was stored just before."_s, true},
+          Row{1, 1, true, u"A.JPG is in the trash now."_s, false}}) {
+        globals.trashcan = row.trashcan;
+        globals.autoDelete = row.autoDelete;
+        filing.PictureSaved = row.saved;
+        capture.errdisplayThumbs();
+        EXPECT_EQ(DropThumb(0, controls.imaTrashcan).message, row.said);
+        EXPECT_EQ(home.disk.FileExists(kSnap + u"A.JPG"_s), row.stays);
+    }
+    capture.ShowDirectory(kSnap + u"TRASHCAN\\"_s);
+    EXPECT_EQ(DropThumb(0, controls.imaTrashcan).message, u"A.JPG is deleted for good."_s);
+    EXPECT_TRUE(Trash().isEmpty());
 }
 
 // ---- files of another program --------------------------------------------------------------------------

@@ -221,7 +221,7 @@ TEST_F(RouterTest, APairWithoutARuleAsksNobody)
 {
     EXPECT_FALSE(DropOn(report.txtMapProximity).done);
     EXPECT_FALSE(router.Drop({u"txtComp"_s, 1, {}, {}, {}}, report.txtComp(2)).done);
-    EXPECT_FALSE(router.Drop({u"imaComp"_s, 1, {}, u"C:\\JPG\\OAK.jpg"_s, {}}, slots.imaAltComp(2)).done);
+    EXPECT_FALSE(router.Drop({u"imaComp"_s, 1, {}, photos::PointAt(home.disk, u"C:\\JPG\\OAK.jpg"_s), {}}, slots.imaAltComp(2)).done);
     EXPECT_TRUE(conduit.log.isEmpty());
 }
 

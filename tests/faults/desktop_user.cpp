@@ -75,7 +75,7 @@ try {
         main.records.grddatabook.SetRow(row % 5);
         const drops::Drag drag = main.BeginDrag(main.capture.geathumb(0));
         if (main.Drop(drag, main.records.grddatabook).done)
-            Say("filed " + drag.picturePath.toUtf8());
+            Say("filed " + drag.picture.path.toUtf8());
         main.Capture().RefreshCapture();
         if (row % 3 == 2) {
             main.photoLists.lstViews.SetListIndex(main.photoLists.lstViews.ListCount() - 1);

@@ -310,12 +310,12 @@ TEST_F(CaptureDeskTest, AThumbnailIsLoadedAnewOrShowsAnotherFile)
     Start();
     ASSERT_TRUE(Settle());
     thumbs->sizes = {{Name(1), {1, 1}}};
-    desk->ReloadThumb(1, kDir + Name(1));
+    desk->ReloadThumb(kDir + Name(1), kDir + Name(1));
     ASSERT_TRUE(Settle());
     EXPECT_EQ(desk->PixelsOfThumb(1), QSize(1, 1));
-    desk->ReloadThumb(1, kDir + u"Q.JPG"_s);
+    desk->ReloadThumb(kDir + Name(1), kDir + u"Q.JPG"_s);
     EXPECT_EQ(controls.lbltag(1).Caption(), u"Q.JPG"_s);
-    desk->ReloadThumb(1, kDir + u"GONE.JPG"_s);
+    desk->ReloadThumb(kDir + u"Q.JPG"_s, kDir + u"GONE.JPG"_s);
     EXPECT_FALSE(controls.geathumb(1).Visible());
 }
 

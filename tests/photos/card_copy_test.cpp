@@ -393,5 +393,35 @@ TEST_F(CardCopy, AWishToCloseStopsTheCopyAndKeepsTheWindow)
     EXPECT_EQ(Names(capture).size(), 1);
 }
 
+TEST_F(CardCopy, AnotherCardWithTheSameNamesIsNotCopiedForTheOneThatWasSelected)
+{
+    const auto screen = Opened();
+    screen->filListBox.SetSelected(0, true);
+    home.Put(card + u"A.JPG"_s, "of another card");
+    screen->cmdCopy_Click();
+    EXPECT_TRUE(Names(capture).isEmpty());
+    EXPECT_EQ(screen->lblmsg.Caption(), u"A.JPG is another picture now than the one you chose. Nothing was done."_s);
+    EXPECT_EQ(screen->filListBox.SelCount(), 0) << "the card has been read again";
+    screen->filListBox.SetSelected(0, true);
+    screen->cmdCopy_Click();
+    EXPECT_EQ(Read(capture + u"A.JPG"_s), "of another card");
+}
+
+TEST_F(CardCopy, ANameThatNoReportCanNameIsChanged)
+{
+    home.Put(card + u"A[1].JPG"_s, "picture a1");
+    home.Put(card + u"A(2).JPG"_s, "picture a2");
+    home.Put(card + u"A[2].JPG"_s, "another a2");
+    CopyOutcome outcome = Copy({u"A[1].JPG"_s, u"A(2).JPG"_s, u"A[2].JPG"_s});
+    EXPECT_EQ(Names(capture), (QStringList{u"A(1).JPG"_s, u"A(2) (2).JPG"_s, u"A(2).JPG"_s}));
+    EXPECT_EQ(Read(capture + u"A(2).JPG"_s), "picture a2");
+    EXPECT_EQ(Read(capture + u"A(2) (2).JPG"_s), "another a2");
+    EXPECT_EQ(outcome.Text(capture), u"Photos copied to C:\\VASSNAP\\: 3, renamed since no report can name a file with "
+                                     u"\"]\": A(1).JPG, A(2) (2).JPG"_s);
+    outcome = Copy({u"A[1].JPG"_s});
+    EXPECT_EQ(outcome.thereAlready, 1) << "and known again under its new one";
+    EXPECT_EQ(Names(capture).size(), 3);
+}
+
 } // namespace
 } // namespace vasclip::photos

@@ -36,6 +36,7 @@ protected:
         globals.resolY = 600;
         home.MakeDirs(u"C:\\VAS2000"_s);
         QImage image(400, 300, QImage::Format_RGB32);
+        image.fill(Qt::white); // the lines leave pixels out
         QPainter painter(&image);
         for (int i = 0; i < 300; ++i) {
             painter.setPen(QColor::fromHsv(i * 7 % 360, 120, 60 + i / 3));
@@ -209,6 +210,25 @@ TEST_F(FrmDouble, ADotInADirectoryIsNoExtension)
     EXPECT_LT(home.disk.FileLen(path), original.size());
     screen->cmdCancel_Click();
     EXPECT_EQ(home.disk.ReadWhole(path), original);
+}
+
+TEST_F(FrmDouble, APictureThatTakesTheFilesPlaceMeanwhileIsNotTouched)
+{
+    const auto screen = Opened(jpg);
+    home.Put(jpg, "another picture");
+    screen->cmdCompress_Click();
+    EXPECT_EQ(home.disk.ReadWhole(jpg), "another picture");
+    EXPECT_EQ(screen->lblmsg.Caption(), u"HOUSE.JPG is another picture now than the one you chose. Nothing was done."_s);
+    EXPECT_EQ(screen->lblmsg.Fore(), forms::Colour::Red);
+
+    home.disk.WriteWhole(jpg, original);
+    const auto again = Opened(jpg);
+    again->hsbquality.SetValue(10);
+    again->cmdCompress_Click();
+    home.Put(jpg, "another picture");
+    again->cmdCancel_Click();
+    EXPECT_EQ(home.disk.ReadWhole(jpg), original) << "the user's own comes back";
+    EXPECT_EQ(home.disk.ReadWhole(u"C:\\VASSNAP\\TRASHCAN\\HOUSE.JPG"_s), "another picture") << "and neither is lost";
 }
 
 TEST_F(FrmDouble, AMissingOriginalIsTold)

@@ -206,5 +206,64 @@ TEST_F(FrmTrash, TheListIsRebuiltForAnotherDirectoryOnly)
     EXPECT_EQ(screen->lstfiles.ListCount(), 2);
 }
 
+/// Something happens while the question stands.
+class Asking : public tests::ScriptedPrompter
+{
+public:
+    std::function<void()> meanwhile;
+    forms::Answer MsgBox(forms::Buttons buttons, forms::Icon icon, const QString& title, const QString& text) override
+    {
+        if (const auto happen = std::exchange(meanwhile, {}))
+            happen();
+        return ScriptedPrompter::MsgBox(buttons, icon, title, text);
+    }
+};
+
+class TrashMeanwhile : public FrmTrash
+{
+protected:
+    Asking prompter;
+    forms::Ports asking{prompter, doubles.pump, doubles.clock, doubles.random, doubles.window, doubles.screens};
+    TrashDesk askingDesk{asking, home.disk, globals};
+    frm_Trash screen{askingDesk, loader, {}};
+    void SetUp() override
+    {
+        FrmTrash::SetUp();
+        for (const QString& name : {u"A.JPG"_s, u"B.JPG"_s})
+            home.Put(trash + name, "old");
+        screen.Open();
+        screen.lstfiles.SelectAllLines();
+    }
+};
+
+TEST_F(TrashMeanwhile, DeletingLeavesAPictureThatTookAnothersNameSinceItWasListed)
+{
+    home.Put(trash + u"A.JPG"_s, "filed since then");
+    prompter.Answer(Answer::Yes);
+    prompter.meanwhile = [this] { home.Put(trash + u"B.JPG"_s, "filed while it was asked"); };
+    screen.cmdDelete_Click();
+    EXPECT_EQ(home.disk.Dir(trash + u'*').size(), 2);
+    EXPECT_EQ(screen.lblmsg.Caption(),
+              u"Photos erased: 0. Left alone, since other pictures bear these names now: A.JPG, B.JPG"_s);
+    EXPECT_EQ(screen.lblmsg.Fore(), forms::Colour::Red);
+    screen.lstfiles.SelectAllLines();
+    prompter.Answer(Answer::Yes);
+    screen.cmdDelete_Click();
+    EXPECT_EQ(screen.lblmsg.Caption(), u"Photos erased: 2"_s) << "the list has been read again";
+}
+
+TEST_F(TrashMeanwhile, RestoringLeavesThemToo)
+{
+    home.Put(trash + u"A.JPG"_s, "filed since then");
+    home.Put(u"C:\\VASSNAP\\B.JPG"_s, "in its place");
+    prompter.Answer(Answer::Yes);
+    prompter.meanwhile = [this] { home.Put(trash + u"B.JPG"_s, "filed while it was asked"); };
+    screen.cmdRestore_Click();
+    EXPECT_EQ(screen.lblmsg.Caption(), u"Photos restored to C:\\VASSNAP\\: 0. Left alone, since other pictures bear "
+                                       u"these names now: A.JPG, B.JPG"_s);
+    EXPECT_EQ(home.disk.ReadWhole(u"C:\\VASSNAP\\B.JPG"_s), "in its place");
+    EXPECT_FALSE(home.disk.Found(u"C:\\VASSNAP\\A.JPG"_s));
+}
+
 } // namespace
 } // namespace vasclip::photos

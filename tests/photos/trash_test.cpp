@@ -222,10 +222,11 @@ TEST_F(Trash, EmptyingTellsWhatWentAndStopsWhenAskedTo)
         home.Put(trash + name, "x");
     home.disk.SetAttr(trash + u"B.BMP"_s, files::ReadOnly);
     QStringList names;
-    for (const TrashedFile& file : TrashedFiles(home.disk, trash))
+    const QList<TrashedFile> pictures = TrashedFiles(home.disk, trash);
+    for (const TrashedFile& file : pictures)
         names.append(file.name);
     EXPECT_EQ(names, (QStringList{u"A.JPG"_s, u"B.BMP"_s, u"C.TIF"_s})) << "pictures only";
-    const Emptied first = EmptyTrash(desk, trash, names, [](int done) { return done < 2; });
+    const Emptied first = EmptyTrash(desk, trash, pictures, [](int done) { return done < 2; });
     EXPECT_EQ(first.deleted, (QStringList{u"A.JPG"_s, u"B.BMP"_s}));
     EXPECT_TRUE(first.left.isEmpty());
     EXPECT_EQ(home.disk.Dir(trash + u'*'), (QStringList{u"C.TIF"_s, u"D.TXT"_s}));
@@ -235,9 +236,9 @@ TEST_F(Trash, EmptyingTellsWhatWentAndStopsWhenAskedTo)
 TEST_F(Trash, ADropOnTheIconTakesThumbnailsOnly)
 {
     for (const QString& source : {u"FILCAPTURE"_s, u"GEALISTBOX"_s, u"IMACOMP"_s, u"GEAMAINTAIN"_s, QString()})
-        EXPECT_EQ(geatrashcan_DragDrop(desk, PictureIs::Saved, source, picture), TrashDrop::Nothing)
+        EXPECT_EQ(geatrashcan_DragDrop(desk, PictureIs::Saved, source, PointAt(home.disk, picture)), TrashDrop::Nothing)
             << source.toStdString();
-    EXPECT_EQ(geatrashcan_DragDrop(desk, PictureIs::Saved, u"geathumb"_s, u"C:\\VASSNAP\\GONE.JPG"_s),
+    EXPECT_EQ(geatrashcan_DragDrop(desk, PictureIs::Saved, u"geathumb"_s, PointAt(home.disk, u"C:\\VASSNAP\\GONE.JPG"_s)),
               TrashDrop::Nothing)
         << "a file that is not there";
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
@@ -246,12 +247,13 @@ TEST_F(Trash, ADropOnTheIconTakesThumbnailsOnly)
 TEST_F(Trash, ADropOnTheIconAsksAndSends)
 {
     doubles.prompter.Answer(Answer::No);
-    EXPECT_EQ(geatrashcan_DragDrop(desk, PictureIs::Saved, u"GEATHUMB"_s, picture), TrashDrop::Nothing);
+    EXPECT_EQ(geatrashcan_DragDrop(desk, PictureIs::Saved, u"GEATHUMB"_s, PointAt(home.disk, picture)), TrashDrop::Nothing);
     EXPECT_EQ(doubles.prompter.Last(),
               (tests::ShownBox{forms::Buttons::YesNo, forms::Icon::Question, {}, u"Delete C:\\VASSNAP\\DSC 01.JPG?"_s}));
     EXPECT_TRUE(home.disk.Found(picture));
     doubles.prompter.Answer(Answer::Yes);
-    EXPECT_EQ(geatrashcan_DragDrop(desk, PictureIs::Saved, u"GEATHUMB"_s, picture), TrashDrop::Consumed);
+    EXPECT_EQ(geatrashcan_DragDrop(desk, PictureIs::Saved, u"GEATHUMB"_s, PointAt(home.disk, picture)),
+              TrashDrop::Moved);
     EXPECT_FALSE(home.disk.Found(picture));
     EXPECT_EQ(Read(trashed), "new picture");
 }
@@ -259,7 +261,8 @@ TEST_F(Trash, ADropOnTheIconAsksAndSends)
 TEST_F(Trash, ADropAfterAFailedSaveLeavesTheSourceAndTakesTheThumbnail)
 {
     doubles.prompter.Answer(Answer::Yes);
-    EXPECT_EQ(geatrashcan_DragDrop(desk, PictureIs::Unsaved, u"GEATHUMB"_s, picture), TrashDrop::Consumed);
+    EXPECT_EQ(geatrashcan_DragDrop(desk, PictureIs::Unsaved, u"GEATHUMB"_s, PointAt(home.disk, picture)),
+              TrashDrop::Copied);
     EXPECT_TRUE(home.disk.Found(picture));
     EXPECT_TRUE(home.disk.Found(trashed));
 }
@@ -268,13 +271,14 @@ TEST_F(Trash, ADropFromATrashDirectoryDeletesForGood)
 {
     home.Put(trashed, "older");
     doubles.prompter.Answer(Answer::No);
-    EXPECT_EQ(geatrashcan_DragDrop(desk, PictureIs::Unsaved, u"GEATHUMB"_s, trashed), TrashDrop::Nothing);
+    EXPECT_EQ(geatrashcan_DragDrop(desk, PictureIs::Unsaved, u"GEATHUMB"_s, PointAt(home.disk, trashed)), TrashDrop::Nothing);
     EXPECT_EQ(doubles.prompter.Last().text,
               u"Delete the image named C:\\VASSNAP\\TRASHCAN\\DSC 01.JPG from a TrashCan Directory is a permanant "
               u"delete.  Are you sure?"_s);
     EXPECT_TRUE(home.disk.Found(trashed));
     doubles.prompter.Answer(Answer::Yes);
-    EXPECT_EQ(geatrashcan_DragDrop(desk, PictureIs::Unsaved, u"GEATHUMB"_s, trashed), TrashDrop::Consumed);
+    EXPECT_EQ(geatrashcan_DragDrop(desk, PictureIs::Unsaved, u"GEATHUMB"_s, PointAt(home.disk, trashed)),
+              TrashDrop::Deleted);
     EXPECT_FALSE(home.disk.Found(trashed));
 }
 

@@ -186,6 +186,26 @@ TEST_F(CaptureTest, PopupsOverSlotsKnowWhereTheyOpened)
         EXPECT_EQ(main.MenuOver(*other), nullptr) << other->Name().toStdString();
 }
 
+TEST_F(CaptureTest, AMenuOverASlotHoldsThePhotoThatItShowed)
+{
+    const QString other = u"The slot shows another photo now than when its menu opened. Nothing was done."_s;
+    for (forms::PictureBox* slot : {&main.slots.imaComp(2), &main.slots.imaGeneral(2)}) {
+        main.Link().loader.ErrLoadThumb(*slot, kSnap + u"A.JPG"_s);
+        forms::Menu* menu = main.MenuOver(*slot);
+        ASSERT_NE(menu, nullptr);
+        main.Link().loader.ErrLoadThumb(*slot, kSnap + u"B.JPG"_s);
+        for (const forms::MenuEntry& entry : menu->Entries()) {
+            if (entry.caption == u"-"_s)
+                continue;
+            main.status.lblmsg.Show({}, forms::Colour::Normal);
+            menu->Choose(menu->Name(), entry.index);
+            EXPECT_EQ(main.status.lblmsg.Caption(), other) << entry.caption.toStdString();
+        }
+        EXPECT_EQ(main.Link().loader.Table().ErrGetPict(*slot), kSnap + u"B.JPG"_s);
+    }
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
 TEST_F(CaptureTest, ADoubleClickOnAnEmptyPhotoBoxSaysSo)
 {
     Q_EMIT main.slots.imaListing(3).DoubleClicked();

@@ -323,6 +323,27 @@ TEST_F(MainScreen, ThePhotoButtonsRenameAndDeleteTheSelectedPhoto)
     EXPECT_FALSE(main.popPhoto_M.Entry(u"popPhoto_M"_s, 1)->enabled);
 }
 
+TEST_F(MainScreen, TheMenuOfThePhotoOnShowHoldsThatPhoto)
+{
+    Load();
+    main.ShowRecordPhoto();
+    StandOnRow(u"12 OAK ST"_s);
+    ASSERT_EQ(main.MenuOver(main.slots.geamaintain), &main.popPhoto_M);
+    StandOnRow(u"14 ELM ST"_s); // a quick find came to its end while the menu was open
+    for (const int entry : {0, 1}) {
+        main.popPhoto_M.Choose(u"popPhoto_M"_s, entry);
+        EXPECT_EQ(main.status.lblmsg.Caption(),
+                  u"Another photo is on show now than when the menu opened. Nothing was done."_s);
+    }
+    StandOnRow(u"12 OAK ST"_s);
+    ASSERT_EQ(main.MenuOver(main.photoLists.lstViews), &main.popPhoto_M);
+    home.Put(u"C:\\JPG\\OAK.jpg"_s, "another");
+    main.popPhoto_M.Choose(u"popPhoto_M"_s, 1);
+    EXPECT_EQ(main.status.lblmsg.Caption(), u"OAK.JPG is another picture now than the one you chose. Nothing was done."_s);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    EXPECT_TRUE(home.disk.FileExists(u"C:\\JPG\\OAK.jpg"_s));
+}
+
 TEST_F(MainScreen, APhotoThatAnotherUserHasTakenAwayIsTold)
 {
     Load();

@@ -34,6 +34,9 @@ int Restore(Session& session, const Output& out, const photos::TrashDesk& desk, 
             out.Error(u"There is no picture '%1' in %2; 'vasctl trash list' shows what is there."_s.arg(name,
                                                                                                  trash));
             return kNotFound;
+        case photos::Restored::Another:
+            out.Error(u"%1 is another picture now than when it was asked about; nothing was restored."_s.arg(name));
+            return kFailed;
         case photos::Restored::Declined:
             return session.Prompter().Declined() ? kDeclined : kFailed;
         }
@@ -53,23 +56,23 @@ int Empty(Session& session, const Output& out, const photos::TrashDesk& desk, co
         }
         last = text::ReadDate(before, today)->date();
     }
-    QStringList names;
+    QList<photos::TrashedFile> pictures;
     for (const photos::TrashedFile& file : photos::TrashedFiles(session.Disk(), trash)) {
         if (!last.isValid() || file.modified.date() <= last)
-            names.append(file.name);
+            pictures.append(file);
     }
-    if (names.isEmpty()) {
+    if (pictures.isEmpty()) {
         out.Line(photos::kPhotosErased.arg(0));
         return kDone;
     }
     if (!session.Prompter().YesNo({}, photos::kEraseSelected))
         return kDeclined;
-    const photos::Emptied done = photos::EmptyTrash(desk, trash, names);
-    if (done.left.isEmpty()) {
+    const photos::Emptied done = photos::EmptyTrash(desk, trash, pictures);
+    if (done.left.isEmpty() && done.changed.isEmpty()) {
         out.Line(photos::kPhotosErased.arg(done.deleted.size()));
         return kDone;
     }
-    out.Error(photos::kNotErased.arg(done.deleted.size()).arg(done.left.join(u", "_s)));
+    out.Error(photos::kNotErased.arg(done.deleted.size()).arg((done.left + done.changed).join(u", "_s)));
     return kFailed;
 }
 
