@@ -339,8 +339,8 @@ bool frm_Config::QueryUnload()
     const RoutineScope scope{"frm_Config_Unload"};
     auto& prompter = m_ports.prompter;
     const QScopedValueRollback checking(m_checking, true);
-    if (prompter.MsgBox(forms::Buttons::YesNoCancel, forms::Icon::Question, messages::kSaveTitle,
-                        messages::kSaveQuestion) == forms::Answer::Yes)
+    if (prompter.MsgBox(forms::Buttons::YesNoCancel, forms::Icon::Information, messages::kSaveTitle,
+                        messages::kSaveQuestion) == forms::Answer::Yes) // No loses what was typed
         return Save();
     prompter.Box(messages::kRestoredTitle, messages::kRestoredText);
     return true;

@@ -49,7 +49,6 @@ void Layout_frm_Grid(QDialog& window, forms::Screen&)
     nameCaption->setBuddy(name);
 
     QPushButton* use = Button(window, "cmdUseSelected", tr("Arrange the Databook grid like this layout"));
-    use->setDefault(true); // Return in the box uses what it names
     QPushButton* save = Button(window, "cmdSave", tr("Save the Databook grid's arrangement under the name"));
     QPushButton* remove = Button(window, "cmdDelete", tr("Delete the layout named in the box"));
     QPushButton* refresh = Button(window, "cmdRefresh", tr("Read the list of layouts again"));
@@ -57,6 +56,15 @@ void Layout_frm_Grid(QDialog& window, forms::Screen&)
     QPushButton* removeAll =
         Button(window, "cmdRemoveAll", tr("Erase all saved layouts and go back to the program's"));
     QPushButton* ok = Button(window, "cmdOK", tr("Close"));
+    // Return in the box uses what it names, once the user has named it: the box opens with a layout that
+    // would take the place of the user's own.
+    ok->setDefault(true);
+    const auto named = [use, &window] {
+        if (window.isVisible())
+            use->setDefault(true);
+    };
+    QObject::connect(name, &QLineEdit::textChanged, use, named);
+    QObject::connect(list, &QListView::clicked, use, named);
 
     auto* actions = new QGridLayout;
     actions->setSpacing(8);

@@ -50,9 +50,7 @@ void Layout_frm_Overwrite(QDialog& window, forms::Screen&)
     for (const QString& name : {u"cmdYes"_s, u"cmdNo"_s, u"cmdCancel"_s}) {
         auto* button = new QPushButton(&window);
         button->setObjectName(name);
-        button->setAutoDefault(true);
-        if (name == u"cmdYes"_s)
-            button->setProperty("primary", true);
+        button->setAutoDefault(true); // Enter presses the one that has the focus
         foot->addWidget(button);
     }
     rows->addLayout(foot);

@@ -89,10 +89,17 @@ void ScreenWindow::closeEvent(QCloseEvent* event)
 void WindowScreens::ShowModal(forms::Screen& screen)
 {
     Q_ASSERT(m_guard);
+    // The screen is loaded before it has a window: where it wants the focus then is kept for the window.
+    QPointer<forms::Control> focus;
+    QObject loading;
+    for (forms::Control* control : screen.controls.All())
+        QObject::connect(control, &forms::Control::FocusWanted, &loading, [&focus, control] { focus = control; });
     screen.Open();
     {
         QWidget* active = QApplication::activeModalWidget();
         ScreenWindow window(screen, *m_guard, active ? active : m_owner.data());
+        if (QWidget* wanted = focus ? window.Bindings().WidgetOf(*focus) : nullptr)
+            wanted->setFocus(Qt::OtherFocusReason);
         m_open.append(&window);
         if (screen.IsOpen())
             window.exec();

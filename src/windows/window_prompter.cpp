@@ -10,6 +10,8 @@
 #include <QMessageBox>
 #include <QUrl>
 
+#include <algorithm>
+
 namespace vasclip::windows {
 
 namespace {
@@ -30,9 +32,9 @@ constexpr ButtonSet kSets[] = {
     {Buttons::OkCancel, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok, QMessageBox::Cancel},
     {Buttons::AbortRetryIgnore, QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore,
      QMessageBox::Abort, QMessageBox::Abort},
-    {Buttons::YesNoCancel, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes,
+    {Buttons::YesNoCancel, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::No,
      QMessageBox::Cancel},
-    {Buttons::YesNo, QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No},
+    {Buttons::YesNo, QMessageBox::Yes | QMessageBox::No, QMessageBox::No, QMessageBox::No},
     {Buttons::RetryCancel, QMessageBox::Retry | QMessageBox::Cancel, QMessageBox::Retry, QMessageBox::Cancel},
 };
 
@@ -71,6 +73,22 @@ Answer AnswerOf(int button)
     default:
         return Answer::Ok;
     }
+}
+
+const ButtonSet& SetOf(Buttons buttons)
+{
+    const auto* found =
+        std::ranges::find_if(kSets, [buttons](const ButtonSet& set) { return set.buttons == buttons; });
+    return found == std::end(kSets) ? kSets[0] : *found;
+}
+
+QMessageBox::StandardButton FirstOf(const ButtonSet& set, forms::Icon icon)
+{
+    if (set.buttons == Buttons::YesNoCancel && icon == forms::Icon::Exclamation)
+        return QMessageBox::Cancel;
+    if (set.buttons == Buttons::YesNoCancel && icon == forms::Icon::Information)
+        return QMessageBox::Yes;
+    return set.first;
 }
 
 /// A box is answered with the plain pointer, even in the middle of long work.
@@ -112,18 +130,14 @@ QWidget* WindowPrompter::Owner() const
 
 Answer WindowPrompter::MsgBox(Buttons buttons, forms::Icon icon, const QString& title, const QString& text)
 {
-    const ButtonSet* set = &kSets[0];
-    for (const ButtonSet& candidate : kSets) {
-        if (candidate.buttons == buttons)
-            set = &candidate;
-    }
+    const ButtonSet& set = SetOf(buttons);
     const PlainPointer pointer;
-    QMessageBox box(IconOf(icon), title, QString(), set->shown, Owner());
+    QMessageBox box(IconOf(icon), title, QString(), set.shown, Owner());
     box.setTextFormat(Qt::PlainText);
     box.setText(text);
     box.setWindowIcon(ApplicationIcon());
-    box.setDefaultButton(set->first);
-    box.setEscapeButton(set->closed);
+    box.setDefaultButton(FirstOf(set, icon));
+    box.setEscapeButton(set.closed);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
     for (QAbstractButton* button : box.buttons())
         button->setIcon(QIcon());

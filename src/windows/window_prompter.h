@@ -18,6 +18,8 @@ public:
     /// The window that boxes belong to when no other window of the program is active.
     void SetOwner(QWidget* owner) { m_owner = owner; }
 
+    /// A question of Yes and No stands on No: Enter, pressed too soon, changes nothing. With a Cancel beside them
+    /// a warning stands on Cancel, as both answers lose something, and an information on Yes, as No does.
     forms::Answer MsgBox(forms::Buttons buttons, forms::Icon icon, const QString& title,
                          const QString& text) override;
     QString OpenDialog(const QString& filter, const QString& title, const QString& directory) override;
