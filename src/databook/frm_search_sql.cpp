@@ -410,7 +410,7 @@ void frm_SearchSQL::cmdClear_Click()
     cboapprslType.SetListIndex(-1);
     cboapprslType.SetText({});
     lblmsg.Show({}, forms::Colour::Normal);
-    m_base.records.state.searchOnDisplay = false;
+    m_base.records.state.searchOnDisplay = false; // the grid shows all when this screen has closed
 }
 
 } // namespace vasclip::databook

@@ -272,6 +272,8 @@ void DisplayAllRecords(const forms::Ports& ports, RecordDesk& desk, store::DataS
         return;
     desk.state.sqlText = sql;
     desk.state.orderByText = orderBy;
+    if (!desk.state.searchOnDisplay)
+        desk.state.search.reset();
     rows.Forget();
     rows.Follow(desk.grddatabook);
     desk.grddatabook.Rebind(&rows);

@@ -52,6 +52,19 @@ inline const QString kUnknownType =
     QStringLiteral("\"%1\" is no comp type. The types are F, C, S, R, L and M.");
 inline const QString kNoDateRange =
     QStringLiteral("\"%1\" is no date range. Choose On or Prior, Equal To or On or After.");
+inline const QString kNotAmongShown =
+    QStringLiteral(" It is not among the records shown; close the conditions above the grid to see it.");
+inline const QString kDeleteManyQuestion =
+    QStringLiteral("Delete these %1 records and their photos?\n\n%2\n\nThis cannot be taken back.");
+inline const QString kAndMoreRecords = QStringLiteral("and %1 more");
+inline const QString kDeletingRecord = QStringLiteral("Deleting %1");
+inline const QString kManyDeleted = QStringLiteral("%1 records were deleted.");
+inline const QString kSomeDeleted = QStringLiteral("%1 of %2 records were deleted.");
+inline const QString kDeletionStopped =
+    QStringLiteral("Canceled: %1 of %2 records were deleted, the others are as they were.");
+inline const QString kNotDeleted = QStringLiteral("These records could not be deleted:\n\n%1");
+inline const QString kOtherDatabook =
+    QStringLiteral("%1 of %2 records were deleted; then another Databook was opened.");
 inline const QString kNothingChanged = QStringLiteral("Nothing was changed.");
 
 inline const QString kIndexMissing =

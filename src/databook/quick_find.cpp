@@ -143,6 +143,21 @@ void QuickFind::Clear()
 
 void QuickFind::txtQuickFind_Change()
 {
+    m_again = false;
+    m_quiet = false;
+    Find();
+}
+
+void QuickFind::NarrowAgain()
+{
+    if (!std::exchange(m_again, false))
+        return;
+    m_quiet = true;
+    Find();
+}
+
+void QuickFind::Find()
+{
     const common::RoutineScope scope{"txtQuickFind_Change"};
     m_search.words = QuickFindWords(m_desk.txtQuickFind.Text());
     if (m_search.words.isEmpty() || !m_datsql.Bound())
@@ -197,10 +212,15 @@ void QuickFind::Step()
 void QuickFind::ShowFound()
 {
     m_found.Count();
-    m_desk.grddatabook.Rebind(&m_found);
-    if (const qint64 row = m_found.RowOf(m_stood); row > 0)
-        m_desk.grddatabook.SetRow(row);
-    ShowCount();
+    const QString said = m_status.lblmsg.Caption();
+    const forms::Colour colour = m_status.lblmsg.Fore();
+    // The record that stood there is not left for another one unless the user asked for others.
+    const qint64 row = m_found.RowOf(m_stood);
+    m_desk.grddatabook.Rebind(&m_found, m_quiet ? row : std::max<qint64>(row, 0));
+    if (m_quiet)
+        m_status.lblmsg.Show(said, colour);
+    else
+        ShowCount();
 }
 
 void QuickFind::ShowCount()
@@ -223,9 +243,7 @@ void QuickFind::ShowAll()
         m_desk.grddatabook.Row() < 0 ? m_stood : m_found.PositionOf(m_desk.grddatabook.Row());
     m_found.Begin(0);
     m_positions = {};
-    m_desk.grddatabook.Rebind(m_datsql.Bound() ? &m_rows : nullptr);
-    if (stood > 0)
-        m_desk.grddatabook.SetRow(stood);
+    m_desk.grddatabook.Rebind(m_datsql.Bound() ? &m_rows : nullptr, std::max<qint64>(stood, 0));
 }
 
 void QuickFind::SourceChanged()
@@ -239,9 +257,11 @@ void QuickFind::SourceChanged()
     m_found.Begin(0);
     m_stood = -1;
     m_narrowed = false;
+    m_again = true;
     QTimer::singleShot(0, this, [this] {
         try {
-            txtQuickFind_Change();
+            NarrowAgain();
+            m_desk.grddatabook.SetRow(std::max<qint64>(m_desk.grddatabook.Row(), 0));
         } catch (const RuntimeError& failure) {
             common::ReportError(m_ports.prompter, failure);
         }
@@ -272,7 +292,7 @@ void QuickFind::KeepIndex()
     if (trouble == m_told)
         return;
     m_told = trouble;
-    if (m_narrowed)
+    if (m_narrowed && !m_quiet)
         ShowCount();
 }
 

@@ -62,11 +62,15 @@ public:
     bool Work();
     [[nodiscard]] bool Searching() const { return m_searching; }
     void Clear(); ///< empties the box
+    /// Narrows other records that the grid was given by the words that stand in the box, and keeps the status
+    /// line as it is. Done in a later turn of the queue where nobody asks for it.
+    void NarrowAgain();
 
     static constexpr int kSliceMilliseconds = 12;
 
 private:
     void txtQuickFind_Change();
+    void Find();
     void Start();
     void Step();
     void ShowFound();
@@ -88,6 +92,8 @@ private:
     QTimer m_timer;
     bool m_searching = false;
     bool m_narrowed = false;
+    bool m_again = false; ///< other records wait to be narrowed
+    bool m_quiet = false; ///< nobody typed: what was said last stays
     bool m_indexed = false;
     engine::TextIndexTrouble m_told = engine::TextIndexTrouble::None;
     qint64 m_stood = -1; ///< the record that was current when the narrowing began

@@ -22,6 +22,8 @@ RecordDesk::RecordDesk(forms::ControlSet& set)
     , cmdSearch(set, QStringLiteral("cmdSearch"))
     , cmdAddManual(set, QStringLiteral("cmdAddManual"))
     , txtQuickFind(set, QStringLiteral("txtQuickFind"))
+    , lstConditions(set, QStringLiteral("lstConditions"))
+    , cmdShowAll(set, QStringLiteral("cmdShowAll"))
     , grddatabook(set, QStringLiteral("grddatabook"))
     , cmdPrint(set, QStringLiteral("cmdPrint"))
     , cmdRefresh(set, QStringLiteral("cmdRefresh"))
@@ -47,6 +49,8 @@ RecordDesk::RecordDesk(forms::ControlSet& set)
     cmdPrint.SetCaption(QStringLiteral("Print Comps"));
     cmdRefresh.SetCaption(QStringLiteral("Refresh Grid"));
     cmdDetails.SetCaption(QStringLiteral("Current Details"));
+    cmdShowAll.SetCaption(QStringLiteral("Show all records"));
+    cmdShowAll.SetToolTipText(QStringLiteral("Ends the search and empties the quick find"));
 }
 
 void RecordDesk::LoadCompType()
@@ -107,7 +111,19 @@ void RecordDesk::CheckStatus(const forms::Ports& ports, store::DataSource& datab
     ButtonStatus(QStringLiteral("Found"));
     const RoutineScope step{"Determine Comp Type"};
     const QVariant type = databook.Recordset().Value(QStringLiteral("APPRSLTYPE"));
-    SetAppraisalType(type.isValid() ? type.toString() : QStringLiteral(" "));
+    const QString code = text::Trim(type.toString());
+    if (CompTypeLetter(code).isNull())
+        cboapprslType.SetText(code); // not the type of the record before
+    SetAppraisalType(code.isEmpty() ? QStringLiteral(" ") : code);
+}
+
+void RecordDesk::ShowNone()
+{
+    txtcentralkey.SetText({});
+    lblDatabookADDR.SetCaption({});
+    cboapprslType.SetListIndex(-1);
+    cboapprslType.SetText({});
+    ButtonStatus(QStringLiteral("Not Found"));
 }
 
 void RecordDesk::ButtonStatus(const QString& state)

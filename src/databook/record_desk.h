@@ -1,9 +1,13 @@
 #pragma once
 
 #include "common/status.h"
+#include "databook/search_form.h"
+#include "forms/chips.h"
 #include "forms/grid.h"
 #include "forms/ports.h"
 #include "store/data_source.h"
+
+#include <optional>
 
 namespace vasclip::databook {
 
@@ -14,6 +18,7 @@ struct GridState
     QString orderByText; ///< the ORDER BY of a search
     bool searchOnDisplay = false;
     bool wildcards = true; ///< the texts of a search may stand anywhere in their fields
+    std::optional<SearchForm> search = {}; ///< what the search on display was built from
 };
 
 /// The "Add a comp" area and the grid group of the main window, with their guards.
@@ -27,6 +32,8 @@ public:
     forms::ComboBox cboapprslType;
     forms::Button cmdAdd, cmdCopy, cmdDelete, cmdRename, cmdEdit, cmdSearch, cmdAddManual;
     forms::TextBox txtQuickFind; ///< narrows the grid; see quick_find.h
+    forms::ChipList lstConditions; ///< of what the grid shows; see conditions.h
+    forms::Button cmdShowAll;      ///< ends all of them
     forms::Grid grddatabook;
     forms::Button cmdPrint, cmdRefresh, cmdDetails;
     forms::Label lblDatabookADDR;
@@ -49,6 +56,9 @@ public:
     /// Looks the address of `txtcentralkey` up in the Databook and shows what can be done with it: buttons,
     /// type and status line. Found, `databook` stands on its record.
     void CheckStatus(const forms::Ports& ports, store::DataSource& databook, common::StatusDesk& status);
+
+    /// There is no record: no address, no type, and nothing that acts on one.
+    void ShowNone();
 
     /// "Found" and "Not Found", trimmed and without regard to case; any other text changes nothing.
     void ButtonStatus(const QString& state);

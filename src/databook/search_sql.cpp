@@ -59,12 +59,6 @@ QString NumberText(double value)
     return text::Trim(text::Str(value));
 }
 
-double NumberOf(QString typed)
-{
-    typed.remove(QLatin1Char(',')).remove(QLatin1Char('$'));
-    return text::Val(typed);
-}
-
 /// A further filter of a statement that may have none yet.
 QString Filtered(const QString& sql, const QString& condition)
 {
@@ -73,6 +67,12 @@ QString Filtered(const QString& sql, const QString& condition)
 }
 
 } // namespace
+
+double NumberOf(QString typed)
+{
+    typed.remove(QLatin1Char(',')).remove(QLatin1Char('$'));
+    return text::Val(typed);
+}
 
 std::span<const SearchField> SearchFields()
 {
@@ -192,6 +192,7 @@ SearchStatement BuildSearch(const SearchForm& form)
         statement.sql = Filtered(statement.sql, QStringLiteral("COMPS.SALEDATE <> #01/01/1900#"));
     statement.orderBy = OrderByText(form.sort);
     statement.sql += statement.orderBy;
+    statement.form = form;
     return statement;
 }
 
@@ -202,6 +203,7 @@ void ShowSearch(const forms::Ports& ports, RecordDesk& desk, store::DataSource& 
     desk.state.sqlText = statement.sql;
     desk.state.orderByText = statement.orderBy;
     desk.state.searchOnDisplay = true;
+    desk.state.search = statement.form;
     try {
         DisplayAllRecords(ports, desk, datsql, rows, 0);
     } catch (...) {

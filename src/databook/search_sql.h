@@ -1,8 +1,8 @@
 #pragma once
 
 #include "databook/grid.h"
+#include "databook/search_form.h"
 
-#include <QHash>
 #include <QLatin1StringView>
 #include <QString>
 
@@ -39,6 +39,9 @@ inline const QString kOnOrAfter = QStringLiteral("On or After");
 /// @param wildcards  the value may stand anywhere in the field; otherwise it is the whole field
 [[nodiscard]] QString AddLike(const QString& where, const QString& field, const QString& value,
                               bool wildcards);
+/// The number in a box of the search; "$" and "," in it are passed over.
+[[nodiscard]] double NumberOf(QString typed);
+
 /// From the value less the range to the value plus the range; both are numbers, "$" and "," in them are
 /// passed over.
 [[nodiscard]] QString AddNumericRange(const QString& where, const QString& field, const QString& value,
@@ -57,19 +60,11 @@ inline const QString kOnOrAfter = QStringLiteral("On or After");
 /// The column list of every search, letter for letter.
 [[nodiscard]] const QString& SearchColumns();
 
-/// What the search screen holds.
-struct SearchForm
-{
-    QHash<QLatin1StringView, QString> texts; ///< by control, values and ranges
-    int sort = 0;                            ///< 0 to 6, as SORTGRID
-    bool ignorePending = false;
-    bool wildcards = true;
-};
-
 struct SearchStatement
 {
     QString sql;     ///< whole, with its ORDER BY
     QString orderBy; ///< that alone
+    SearchForm form; ///< what it was built from
 };
 
 /// The statement of a search. @throws RuntimeError 5 for a date range that is none of the three

@@ -39,6 +39,8 @@ bool Router::Accepts(const QString& source, const forms::Control& target) const
                        rule->action == DropAction::SaveBoth;
     if (saves && !m_desk.routines.save)
         return false;
+    if (rule->action == DropAction::FileInRecord && m_desk.grddatabook.RowCount() == 0)
+        return false;
     if (PlaceOf(target.Name()) == Place::Elsewhere)
         return true;
     if (link::SlotPageNotAvailable(m_desk.link.report, target.Name(), target.Index()))

@@ -1,6 +1,7 @@
 #include "forms/grid.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vasclip::forms {
 
@@ -67,22 +68,46 @@ void Grid::ClickHead(int column)
         Q_EMIT HeadClick(m_columns.at(column).field);
 }
 
-void Grid::Rebind(const GridSource* source)
+void Grid::Rebind(const GridSource* source, qint64 row)
 {
     m_source = source;
-    m_row = source && source->RowCount() > 0 ? 0 : -1;
+    m_row = std::min(row, RowCount() - 1);
+    SetSelected({});
     Q_EMIT Rebound();
     Q_EMIT RowColChange();
 }
 
 void Grid::SetRow(qint64 row)
 {
-    const qint64 count = m_source ? m_source->RowCount() : 0;
+    const qint64 count = RowCount();
     const qint64 kept = count == 0 ? -1 : std::clamp<qint64>(row, 0, count - 1);
     if (m_row == kept)
         return;
     m_row = kept;
     Q_EMIT RowColChange();
+}
+
+void Grid::StandNowhere()
+{
+    SetSelected({});
+    if (std::exchange(m_row, -1) != -1)
+        Q_EMIT RowColChange();
+}
+
+qint64 Grid::SelectedCount() const
+{
+    qint64 count = 0;
+    for (const RowSpan& span : m_selected)
+        count += span.last - span.first + 1;
+    return count;
+}
+
+void Grid::SetSelected(const QList<RowSpan>& spans)
+{
+    if (m_selected == spans)
+        return;
+    m_selected = spans;
+    Q_EMIT SelectionChanged();
 }
 
 QString Grid::CurrentText(const QString& field) const

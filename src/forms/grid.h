@@ -28,6 +28,14 @@ struct GridColumn
     bool operator==(const GridColumn&) const = default;
 };
 
+/// Rows from one to another, both of them too.
+struct RowSpan
+{
+    qint64 first = 0;
+    qint64 last = 0;
+    bool operator==(const RowSpan&) const = default;
+};
+
 /// A bound record grid: columns in their shown order, the current row, and a source.
 class Grid : public Control
 {
@@ -51,13 +59,22 @@ public:
     static constexpr int kWidest = 2000;
 
     [[nodiscard]] const GridSource* Source() const { return m_source; }
-    /// Takes a source (not owned; nullptr empties the grid) and stands on its first row, -1 if it has none.
+    [[nodiscard]] qint64 RowCount() const { return m_source == nullptr ? 0 : m_source->RowCount(); }
+    /// Takes a source (not owned; nullptr empties the grid) and stands on a row of it, -1 for none.
     /// Raises Rebound, then RowColChange, since the current record is another one.
-    void Rebind(const GridSource* source);
+    void Rebind(const GridSource* source, qint64 row = 0);
     void Refresh() { Q_EMIT Repaint(); }
 
     [[nodiscard]] qint64 Row() const { return m_row; } ///< -1 for an empty grid
     void SetRow(qint64 row); ///< kept within the rows; raises RowColChange if it differs
+    /// On no row, though there are rows: what is spoken of is not among them. Raises RowColChange if it
+    /// stood on one.
+    void StandNowhere();
+
+    /// The rows that the user has selected; none once the grid takes a source.
+    [[nodiscard]] const QList<RowSpan>& Selected() const { return m_selected; }
+    [[nodiscard]] qint64 SelectedCount() const;
+    void SetSelected(const QList<RowSpan>& spans);
     /// Stored text of a field in the current row, "" if there is none.
     [[nodiscard]] QString CurrentText(const QString& field) const;
 
@@ -67,11 +84,13 @@ Q_SIGNALS:
     void Rebound();
     void Repaint();
     void RowColChange();
+    void SelectionChanged();
 
 private:
     QList<GridColumn> m_columns;
     const GridSource* m_source = nullptr;
     qint64 m_row = -1;
+    QList<RowSpan> m_selected;
 };
 
 } // namespace vasclip::forms

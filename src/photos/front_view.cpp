@@ -62,4 +62,15 @@ void TestFrontView(const store::DataSource& source, const QString& key, PhotoLis
         SelectPhoto(lists, loader, box, disk, photoDir);
 }
 
+void ShowNoPhotos(PhotoLists& lists, SlotLoader& loader, forms::PictureBox& box)
+{
+    lists.lstViews.Clear();
+    lists.lstimages.Clear();
+    lists.txtView.SetText({});
+    lists.txtimage.SetText({});
+    lists.lblLabelTag.SetCaption({});
+    lists.lblPhotomsg.SetCaption({});
+    loader.ErrClearPict(box);
+}
+
 } // namespace vasclip::photos

@@ -15,4 +15,7 @@ void SelectPhoto(PhotoLists& lists, SlotLoader& loader, forms::PictureBox& box, 
 void TestFrontView(const store::DataSource& source, const QString& key, PhotoLists& lists, SlotLoader& loader,
                    forms::PictureBox& box, const files::Disk& disk, const QString& photoDir);
 
+/// There is no record: its lists, texts and picture are empty.
+void ShowNoPhotos(PhotoLists& lists, SlotLoader& loader, forms::PictureBox& box);
+
 } // namespace vasclip::photos

@@ -12,7 +12,6 @@
 #include "link/set_city.h"
 #include "link/tabs.h"
 #include "photos/capture_desk.h"
-#include "photos/front_view.h"
 #include "photos/photo_desk.h"
 #include "photos/picture_thumbs.h"
 #include "platform/desktop/desktop.h"
@@ -23,6 +22,8 @@
 #include "shell/slot_icon_pictures.h"
 
 #include <QScopedValueRollback>
+
+#include <algorithm>
 
 namespace vasclip::shell {
 
@@ -126,7 +127,11 @@ void frm_Main::WireControls()
     connect(&records.cmdRefresh, &forms::Control::Clicked, this, [this] { DisplayAllRecords(); });
     connect(&records.cmdSearch, &forms::Control::Clicked, this, &frm_Main::cmdSearch_Click);
     connect(&records.cmdEdit, &forms::Control::Clicked, this, &frm_Main::CompEditRecord);
-    connect(&records.grddatabook, &forms::Control::DoubleClicked, this, &frm_Main::CompEditRecord);
+    connect(&records.grddatabook, &forms::Control::Clicked, this, &frm_Main::grddatabook_Click);
+    connect(&records.grddatabook, &forms::Control::DoubleClicked, this, [this] {
+        grddatabook_Click();
+        CompEditRecord();
+    });
     connect(&records.grddatabook, &forms::Grid::RowColChange, this, &frm_Main::grddatabook_RowColChange);
     connect(&records.txtcentralkey, &forms::TextBox::TextChanged, this, &frm_Main::txtcentralkey_Change);
     connect(&records.txtcentralkey, &forms::Control::LostFocus, this, &frm_Main::txtcentralkey_LostFocus);
@@ -158,6 +163,7 @@ void frm_Main::WireControls()
          {&records.cmdAddManual, &records.cmdPrint, &records.cmdDetails, &report.cmdSubjectAnd})
         button->SetEnabled(false);
     WireGrid();
+    WireConditions();
     WirePhotos();
     WireCapture();
     WireSlots();
@@ -173,7 +179,13 @@ void frm_Main::DisplayAllRecords()
 {
     const common::RoutineScope scope{"DisplayAllRecords"};
     const forms::Hourglass hourglass(m_base.ports.window);
-    databook::DisplayAllRecords(m_base.ports, records, sources.datsql, *m_rows, globals.sortGrid);
+    {
+        const QScopedValueRollback<bool> showing(m_showingRecords, true);
+        databook::DisplayAllRecords(m_base.ports, records, sources.datsql, *m_rows, globals.sortGrid);
+        m_quickFind->NarrowAgain();
+        records.grddatabook.SetRow(std::max<qint64>(records.grddatabook.Row(), 0));
+    }
+    grddatabook_RowColChange();
 }
 
 void frm_Main::cmdSearch_Click()
@@ -181,34 +193,9 @@ void frm_Main::cmdSearch_Click()
     databook::frm_SearchSQL search({m_base.ports, m_base.disk, globals, records, sources.datsql, *m_rows});
     m_quickFind->Clear();
     m_base.ports.screens.ShowModal(search);
+    if (!records.state.searchOnDisplay && records.state.search)
+        DisplayAllRecords(); // the search was cleared on its screen
     grddatabook_RowColChange();
-}
-
-void frm_Main::grddatabook_RowColChange()
-{
-    if (!sources.datDatabook.Bound() || records.grddatabook.Row() < 0 || m_showingRecords)
-        return;
-    const common::RoutineScope scope{"RowColChange"};
-    const QString key = text::Trim(records.grddatabook.CurrentText(u"CENTRALKEY"_s));
-    {
-        const common::RoutineScope step{"Address Combo"};
-        const QScopedValueRollback<bool> showing(m_showingRecords, true); // CheckStatus looks the key up
-        records.txtcentralkey.SetText(key);
-    }
-    records.lblDatabookADDR.SetCaption(text::Trim(records.grddatabook.CurrentText(u"ADDRESS"_s)));
-    records.CheckStatus(m_base.ports, sources.datDatabook, status);
-    if (!m_starting)
-        ShowRecordPhoto();
-}
-
-void frm_Main::ShowRecordPhoto()
-{
-    const QString key = records.txtcentralkey.Text();
-    if (!sources.datDatabook.Bound() || records.grddatabook.Row() < 0 ||
-        !store::FindRecord(m_base.ports, sources.datDatabook, key, u"CENTRALKEY"_s))
-        return;
-    photos::TestFrontView(sources.datDatabook, key, photoLists, *m_slotLoader, slots.geamaintain, m_base.disk,
-                          globals.G_PhotoDir);
 }
 
 void frm_Main::MenuChosen(const QString& array, int index)
@@ -226,7 +213,7 @@ void frm_Main::MenuChosen(const QString& array, int index)
     else if (array == u"mnuRefreshItem"_s && index == 0)
         RefreshAppraisal();
     else if (array == u"mnuRefreshItem"_s && index == 2)
-        DisplayAllRecords();
+        ShowAllRecords();
     else if (array == u"mnuSetupItem"_s && index == 2)
         ShowGridLayout();
     else if (array == u"mnuSetupItem"_s)

@@ -135,9 +135,11 @@ public:
     void CompDeleteRecord();
     void CompCopyRecord();
     void CompRenameRecord();
-    /// Shows the records anew and stands on the row of a key; if the grid has none, the row stays as it was
-    /// and the entry area takes the key.
+    /// Shows the records anew and stands on the row of a key. A record that the grid leaves out is shown beside
+    /// a grid that stands nowhere; for a key without a record the row that has moved up takes its place.
     void ShowRecord(const QString& key);
+    /// No search and no quick find: every record, and the one on show stays it.
+    void ShowAllRecords();
 
     /// A drag ended on a control. Nothing happens for a pair without a rule.
     drops::Outcome Drop(const drops::Drag& drag, forms::Control& target);
@@ -228,6 +230,14 @@ private:
     void PrepareGrid(bool loadUserLayout, frm_Splash& splash);
     void cmdSearch_Click();
     void grddatabook_RowColChange();
+    void grddatabook_Click();
+    void ShowNoRecord();
+    void ShowOutside(const QString& key);
+    [[nodiscard]] qint64 PlaceOf(const QString& key);
+    void AfterAction();
+    void WireConditions();
+    void CloseCondition(const QString& chip);
+    void ShowOtherRecords(const std::function<void()>& change);
     void grddatabook_HeadClick(const QString& field);
     void WireGrid();
     void popGrid_M_Click(int index);
@@ -281,6 +291,7 @@ private:
     bool m_settingsRead = false; ///< what the settings say was read; before that nothing is saved
     bool m_unloaded = false;
     bool m_showingRecords = false; ///< rows come and go: the one to stand on is not known yet
+    QString m_shownKey;            ///< of the record that the window speaks of; "" for none
     bool m_gridReady = false;      ///< the layout on show is the user's and is saved at exit
     photos::SlotTable m_slotTable;
     std::unique_ptr<photos::SlotLoader> m_slotLoader;

@@ -58,7 +58,7 @@ QString frm_Main::ShownPhoto() const
 bool frm_Main::StandOnShownPhoto()
 {
     photos::PhotoLists& lists = photoLists;
-    const QString key = text::Trim(records.grddatabook.CurrentText(u"CENTRALKEY"_s));
+    const QString& key = m_shownKey;
     if (lists.lstViews.ListIndex() < 0 || !sources.datDatabook.Bound() || key.isEmpty())
         return false;
     const QString view = lists.lstViews.List(lists.lstViews.ListIndex());

@@ -3,12 +3,13 @@
 #include "shell/frm_main.h"
 
 #include "common/error_block.h"
+#include "databook/delete_records.h"
 #include "databook/frm_mass_city.h"
-#include "databook/grid.h"
+#include "databook/messages.h"
 #include "databook/records.h"
 #include "platform/text/text.h"
 
-#include <QScopedValueRollback>
+#include <QScopeGuard>
 
 namespace vasclip::shell {
 
@@ -46,53 +47,60 @@ QStringList frm_Main::ReportAddresses() const
 void frm_Main::CompAddRecord()
 {
     databook::CompAddRecord(Records());
+    AfterAction();
 }
 
 void frm_Main::CompEditRecord()
 {
     databook::CompEditRecord(Records());
+    AfterAction();
 }
 
+/// Several selected rows are deleted together, unless another address than the row's stands in the box.
 void frm_Main::CompDeleteRecord()
 {
-    databook::CompDeleteRecord(Records());
+    const bool many = records.grddatabook.SelectedCount() > 1 &&
+                      databook::KeyOf(records.txtcentralkey.Text()) == m_shownKey;
+    if (!many) {
+        databook::CompDeleteRecord(Records());
+        AfterAction();
+        return;
+    }
+    const QString beside = databook::KeyBeside(records.grddatabook);
+    const QStringList keys = databook::SelectedKeys(records.grddatabook);
+    // The queue turns between two records.
+    records.grddatabook.SetEnabled(false);
+    fraAddaComp.SetEnabled(false);
+    const auto free = qScopeGuard([this] {
+        records.grddatabook.SetEnabled(true);
+        fraAddaComp.SetEnabled(true);
+        records.grddatabook.SetFocus();
+    });
+    databook::CompDeleteRecords(Records(), keys, beside);
 }
 
 void frm_Main::CompCopyRecord()
 {
     databook::CompCopyRecord(Records());
+    AfterAction();
 }
 
 void frm_Main::CompRenameRecord()
 {
     databook::CompRenameRecord(Records());
+    AfterAction();
 }
 
-void frm_Main::ShowRecord(const QString& key)
+/// The record may have gone meanwhile, or be where the grid does not show it.
+void frm_Main::AfterAction()
 {
-    const common::RoutineScope scope{"ShowRecord"};
-    const forms::Hourglass hourglass(m_base.ports.window);
-    qint64 row = records.grddatabook.Row();
-    bool inGrid = false;
-    {
-        const QScopedValueRollback<bool> showing(m_showingRecords, true);
-        databook::DisplayAllRecords(m_base.ports, records, sources.datsql, *m_rows, globals.sortGrid);
-        if (store::FindRecord(m_base.ports, sources.datDatabook, databook::KeyOf(key), u"CENTRALKEY"_s)) {
-            const qint64 place =
-                sources.datsql.Recordset().PositionOf(sources.datDatabook.Recordset().GetBookmark());
-            inGrid = place >= 0;
-            if (inGrid)
-                row = place;
-        }
-        records.grddatabook.SetRow(row);
-    }
-    grddatabook_RowColChange();
-    if (!inGrid &&
-        store::FindRecord(m_base.ports, sources.datDatabook, databook::KeyOf(key), u"CENTRALKEY"_s)) {
-        // A search that leaves the record out is on display.
-        records.txtcentralkey.SetText(databook::KeyOf(key));
-        records.CheckStatus(m_base.ports, sources.datDatabook, status);
-    }
+    if (m_unloaded || m_shownKey.isEmpty())
+        return;
+    if (!records.cmdEdit.Enabled())
+        ShowRecordPhoto();
+    const QString said = status.lblmsg.Caption();
+    if (records.grddatabook.Row() < 0 && !said.endsWith(databook::kNotAmongShown))
+        status.lblmsg.Show(said + databook::kNotAmongShown, status.lblmsg.Fore());
 }
 
 /// While an address is typed the buttons tell what can be done with it.
@@ -121,7 +129,7 @@ void frm_Main::MassCity()
     databook::frm_MassCity screen(m_base.ports, sources.datDatabook, globals, m_base.disk);
     m_base.ports.screens.ShowModal(screen);
     if (screen.HasChanged())
-        ShowRecord(text::Trim(records.grddatabook.CurrentText(u"CENTRALKEY"_s)));
+        ShowRecord(m_shownKey);
 }
 
 } // namespace vasclip::shell

@@ -45,7 +45,7 @@ void frm_Main::TransferChosen(int index)
     // Showing the records tells of the one on show; what came of the transfer is the last word.
     const QString told = status.lblmsg.Caption();
     const forms::Colour colour = status.lblmsg.Fore();
-    ShowRecord(text::Trim(records.grddatabook.CurrentText(u"CENTRALKEY"_s)));
+    ShowRecord(m_shownKey);
     status.lblmsg.Show(told, colour);
 }
 

@@ -1,5 +1,6 @@
 #include "windows/binder.h"
 
+#include "windows/chip_bar.h"
 #include "windows/guard.h"
 #include "windows/lines_model.h"
 #include "windows/record_grid.h"
@@ -249,6 +250,19 @@ bool Binder::BindTabs(forms::TabControl& control, QWidget& widget)
     });
     show();
     showPage();
+    return true;
+}
+
+bool Binder::BindChips(forms::ChipList& control, QWidget& widget)
+{
+    auto* bar = qobject_cast<ChipBar*>(&widget);
+    if (bar == nullptr)
+        return false;
+    const auto show = [&control, bar] { bar->SetChips(control.Chips()); };
+    connect(&control, &forms::Control::Changed, bar, show);
+    connect(bar, &ChipBar::CloseWanted, &control,
+            [this, &control](const QString& id) { m_guard.Run([&] { control.Close(id); }); });
+    show();
     return true;
 }
 

@@ -123,6 +123,8 @@ bool Binder::BindKind(forms::Control& control, QWidget& widget)
         return BindMenu(*menu, widget);
     if (auto* grid = qobject_cast<forms::Grid*>(&control))
         return BindGrid(*grid, widget);
+    if (auto* chips = qobject_cast<forms::ChipList*>(&control))
+        return BindChips(*chips, widget);
     return true; // a plain control is a frame of any kind
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "forms/chips.h"
 #include "forms/controls.h"
 #include "forms/grid.h"
 #include "forms/multi_list.h"
@@ -86,6 +87,7 @@ private:
     bool BindGauge(forms::Gauge& control, QWidget& widget);
     bool BindMenu(forms::Menu& control, QWidget& widget);
     bool BindGrid(forms::Grid& control, QWidget& widget);
+    bool BindChips(forms::ChipList& control, QWidget& widget);
     void ShowCommon(forms::Control& control, QWidget& widget);
     void Watch(forms::Control& control, QWidget& widget);
     [[nodiscard]] static int KeyCodeOf(int key, bool ctrl);

@@ -255,6 +255,13 @@ bool DragDesk::PickUpOrDrop(forms::Control& control)
     return true;
 }
 
+bool DragDesk::MaySend(const forms::Control& source)
+{
+    bool may = false;
+    m_binder.Guard().Run([&] { may = m_port.IsSource(source); });
+    return may;
+}
+
 void DragDesk::PutDown()
 {
     if (m_held == nullptr)

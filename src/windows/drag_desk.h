@@ -51,6 +51,8 @@ public:
     /// @return false if the control is no source, or would not take what is held
     bool PickUpOrDrop(forms::Control& control);
     [[nodiscard]] forms::Control* Held() const { return m_held; }
+    /// May this be sent where it is picked up?
+    [[nodiscard]] bool MaySend(const forms::Control& source);
     void PutDown(); ///< what is held is dropped nowhere
     /// The same as a finished drag, for the keyboard. Runs at once, under the guard.
     void Drop(forms::Control& source, forms::Control& target);

@@ -2,6 +2,7 @@
 
 #include "ui_frm_main.h"
 #include "windows/capture_pane.h"
+#include "windows/chip_bar.h"
 #include "windows/drop_port.h"
 #include "windows/guard.h"
 #include "windows/guide_window.h"
@@ -65,6 +66,8 @@ MainWindow::MainWindow(forms::ControlSet& controls, DropPort& port, EventGuard& 
     BuildPopups();
     Decorate();
     NamesForReaders();
+    m_ui->conditionRow->hide();
+    m_ui->lstConditions->FollowInTabOrder(m_ui->cmdPrint);
     // The stems run beside lstViews, line for line, and people look at the views; anchor 0 only holds the
     // picture that the others take.
     m_binder.DeclareUnseen({QStringLiteral("lstimages"), QStringLiteral("txtimage"),
@@ -76,10 +79,13 @@ MainWindow::MainWindow(forms::ControlSet& controls, DropPort& port, EventGuard& 
     if (auto* grid = qobject_cast<forms::Grid*>(controls.Find(kGridName))) {
         connect(grid, &forms::Grid::Rebound, this, &MainWindow::ShowRecordCount);
         connect(grid, &forms::Grid::RowColChange, this, &MainWindow::ShowRecordCount);
+        connect(grid, &forms::Grid::SelectionChanged, this, &MainWindow::ShowRecordCount);
+        connect(qApp, &QApplication::focusChanged, this, &MainWindow::FollowRecord);
         ShowRecordCount();
     }
     connect(m_ui->grddatabook, &RecordGrid::FirstPainted, this, &MainWindow::FirstPainted);
     connect(m_ui->grddatabook, &RecordGrid::FirstPainted, this, &MainWindow::BuildCapture, Qt::QueuedConnection);
+    connect(m_ui->lstConditions, &ChipBar::Filled, m_ui->conditionRow, &QWidget::setVisible);
     m_ui->recordsPane->installEventFilter(this);
     connect(&theme, &Theme::Changed, this, &MainWindow::MarkTheme);
     MarkTheme();
@@ -87,7 +93,10 @@ MainWindow::MainWindow(forms::ControlSet& controls, DropPort& port, EventGuard& 
     m_ui->grddatabook->setFocus();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow()
+{
+    disconnect(qApp, nullptr, this, nullptr); // the focus moves once more while the widgets go
+}
 
 RecordGrid& MainWindow::Databook() const
 {
@@ -118,6 +127,7 @@ void MainWindow::BuildHeader()
     auto* send = button(QStringLiteral("sendButton"), "send", tr("Send to sl&ot"),
                         tr("Drop the current record on a slot (Ctrl+Enter)"));
     connect(send, &QToolButton::clicked, this, &MainWindow::SendToSlot);
+    m_sendButton = send;
     m_themeButton = button(QStringLiteral("themeButton"), "moon", QString(), tr("Light or dark"));
     connect(m_themeButton, &QToolButton::clicked, this,
             [this] { m_theme.Choose(m_theme.IsDark() ? ThemeChoice::Light : ThemeChoice::Dark); });
@@ -376,16 +386,39 @@ void MainWindow::ShowRecordCount()
         return;
     m_binder.Guard().Run([&] {
         const QLocale locale;
-        const qint64 rows = grid->Source() == nullptr ? 0 : grid->Source()->RowCount();
-        m_ui->recordCount->setText(
-            rows == 0 ? tr("No records")
-                      : tr("Record %1 of %2").arg(locale.toString(grid->Row() + 1), locale.toString(rows)));
+        const qint64 rows = grid->RowCount();
+        QString count = rows == 0        ? tr("No records")
+                        : grid->Row() < 0 ? tr("%1 records").arg(locale.toString(rows))
+                                          : tr("Record %1 of %2").arg(locale.toString(grid->Row() + 1),
+                                                                      locale.toString(rows));
+        if (grid->SelectedCount() > 1)
+            count += tr(", %1 selected").arg(locale.toString(grid->SelectedCount()));
+        m_ui->recordCount->setText(count);
         m_drags.SetCardText(grid->CurrentText(QStringLiteral("CENTRALKEY")).trimmed(),
                             QStringLiteral("%1 %2")
                                 .arg(grid->CurrentText(QStringLiteral("CITY")).trimmed(),
                                      grid->CurrentText(QStringLiteral("ST")).trimmed())
                                 .trimmed());
     });
+    FollowRecord();
+}
+
+/// What acts on the current record is off while there is none. Sending takes what has the focus, too.
+void MainWindow::FollowRecord()
+{
+    const auto* grid = m_ui->grddatabook->Control();
+    if (grid == nullptr || m_send == nullptr)
+        return;
+    const bool rows = grid->RowCount() > 0;
+    for (QAction* action : std::as_const(m_rowActions))
+        action->setEnabled(rows);
+    const bool record = grid->Row() >= 0;
+    for (const auto& [action, button] : std::as_const(m_recordActions))
+        action->setEnabled(record || button->isEnabled());
+    const forms::Control* focus = m_binder.ControlAt(focusWidget());
+    const bool other = focus != nullptr && focus != grid && m_drags.MaySend(*focus);
+    m_send->setEnabled(record || other);
+    m_sendButton->setEnabled(record || other);
 }
 
 void MainWindow::ShowTabColours(bool themed)

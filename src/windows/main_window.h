@@ -7,7 +7,9 @@
 #include <QMainWindow>
 
 #include <memory>
+#include <utility>
 
+class QAbstractButton;
 class QAction;
 class QActionGroup;
 class QLabel;
@@ -87,6 +89,7 @@ private:
     void TakeFirstSize();
     void SaveLayout();
     void ShowRecordCount();
+    void FollowRecord();
     void MarkTheme();
 
     std::unique_ptr<Ui::frm_Main> m_ui;
@@ -99,6 +102,10 @@ private:
     QList<SlotPage*> m_pages;
     QMenu* m_gridMenu = nullptr; ///< the rules' entries; nullptr where they have none
     QList<QAction*> m_gridActions;
+    QList<QAction*> m_rowActions;                               ///< of rows, whichever
+    QList<std::pair<QAction*, QAbstractButton*>> m_recordActions; ///< of the current record
+    QAction* m_send = nullptr;
+    QToolButton* m_sendButton = nullptr;
     QActionGroup* m_themes = nullptr;
     QToolButton* m_themeButton = nullptr;
     bool m_unloaded = false;

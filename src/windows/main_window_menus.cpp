@@ -33,6 +33,7 @@ void MainWindow::BuildViewMenu()
     QAction* send =
         add(tr("&Send to Slot..."), QKeySequence(Qt::CTRL | Qt::Key_Return), [this] { SendToSlot(); });
     send->setIcon(ThemedIcon(QStringLiteral("send")));
+    m_send = send;
     QAction* pick = add(tr("Pick &Up"), QKeySequence(Qt::CTRL | Qt::Key_J), [this] { PickUpOrDrop(); });
     const auto focused = [this](auto act) {
         if (forms::Control* control = m_binder.ControlAt(focusWidget()))
@@ -107,7 +108,8 @@ void MainWindow::BuildGridMenu(QAction& send)
     m_gridActions.append(&send);
     QAction* copy = add(tr("Cop&y Selected Records"), QKeySequence::Copy, [grid] { grid->CopySelection(); });
     copy->setIcon(ThemedIcon(QStringLiteral("copy")));
-    add(tr("Select &All Records"), QKeySequence::SelectAll, [grid] { grid->selectAll(); });
+    QAction* all = add(tr("Select &All Records"), QKeySequence::SelectAll, [grid] { grid->selectAll(); });
+    m_rowActions = {copy, all};
     if (m_binder.Controls().Find(kGridMenuName) != nullptr) {
         m_gridMenu = new QMenu(this);
         m_gridMenu->setObjectName(kGridMenuName);
@@ -123,7 +125,8 @@ void MainWindow::BuildGridMenu(QAction& send)
     });
 }
 
-/// What the keys of the grid do is what its buttons do; a disabled button's key does nothing.
+/// What the keys of the grid do is what its buttons do, to the row that stands there: an address that was typed
+/// in the box meanwhile gives way. A disabled button's key does nothing.
 void MainWindow::BuildRecordKeys()
 {
     RecordGrid* grid = m_ui->grddatabook;
@@ -131,9 +134,21 @@ void MainWindow::BuildRecordKeys()
         auto* action = new QAction(words, grid);
         action->setShortcut(keys);
         action->setShortcutContext(Qt::WidgetShortcut);
-        connect(action, &QAction::triggered, button, &QAbstractButton::click);
+        connect(action, &QAction::triggered, this, [this, grid, button] {
+            m_binder.Guard().Run([grid] {
+                if (grid->Control() != nullptr && grid->Control()->Row() >= 0)
+                    Q_EMIT grid->Control()->Clicked();
+            });
+            button->click();
+        });
         grid->addAction(action);
         m_gridActions.append(action);
+        return action;
+    };
+    const auto recordKey = [&](const QString& words, const QKeySequence& keys, QAbstractButton* button) {
+        m_recordActions.append({key(words, keys, button), button});
+        if (const forms::Control* control = m_binder.Controls().Find(button->objectName()))
+            connect(control, &forms::Control::Changed, this, &MainWindow::FollowRecord, Qt::QueuedConnection);
     };
     auto* fresh = new QAction(tr("Add a comp"), grid);
     fresh->setShortcut(Qt::Key_Insert);
@@ -144,10 +159,10 @@ void MainWindow::BuildRecordKeys()
     });
     grid->addAction(fresh);
     key(tr("Search by field"), Qt::CTRL | Qt::SHIFT | Qt::Key_F, m_ui->cmdSearch);
-    key(tr("Edit the record"), Qt::CTRL | Qt::Key_E, m_ui->cmdEdit);
-    key(tr("Copy the record to another address"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, m_ui->cmdCopy);
-    key(tr("Give the record another address"), Qt::CTRL | Qt::Key_R, m_ui->cmdRename);
-    key(tr("Delete the record and its photos"), Qt::Key_Delete, m_ui->cmdDelete);
+    recordKey(tr("Edit the record"), Qt::CTRL | Qt::Key_E, m_ui->cmdEdit);
+    recordKey(tr("Copy the record to another address"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, m_ui->cmdCopy);
+    recordKey(tr("Give the record another address"), Qt::CTRL | Qt::Key_R, m_ui->cmdRename);
+    recordKey(tr("Delete the record and its photos"), Qt::Key_Delete, m_ui->cmdDelete);
     for (QWidget* photo : {static_cast<QWidget*>(m_ui->lstViews), static_cast<QWidget*>(m_ui->geamaintain)})
         for (const auto& [keys, button] : {std::pair(Qt::Key_F2, m_ui->CmdRenamePhotoView),
                                            std::pair(Qt::Key_Delete, m_ui->CmdDeletePhoto)}) {

@@ -20,6 +20,9 @@
 #include <QStyledItemDelegate>
 #include <QTimer>
 
+#include <algorithm>
+#include <utility>
+
 namespace vasclip::windows {
 
 namespace {
@@ -100,6 +103,7 @@ void RecordGrid::Attach(forms::Grid& grid, EventGuard& guard)
             m_model->Forget();
         });
         ShowRow();
+        TakeSelection();
     });
     connect(&grid, &forms::Grid::RowColChange, this, &RecordGrid::ShowRow);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
@@ -130,6 +134,7 @@ void RecordGrid::Rebind()
     }
     ShowColumns();
     ShowRow();
+    TakeSelection();
 }
 
 void RecordGrid::ShowColumns()
@@ -180,6 +185,7 @@ void RecordGrid::ShowRow()
     const QScopedValueRollback<bool> showing(m_showing, true);
     const int row = static_cast<int>(m_grid->Row());
     if (row < 0 || row >= m_model->rowCount()) {
+        clearSelection();
         setCurrentIndex({});
         return;
     }
@@ -201,6 +207,43 @@ void RecordGrid::currentChanged(const QModelIndex& current, const QModelIndex& p
     if (m_showing || m_grid == nullptr || !current.isValid())
         return;
     m_guard->Run([&] { m_grid->SetRow(current.row()); });
+}
+
+void RecordGrid::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
+{
+    QTableView::selectionChanged(selected, deselected);
+    TakeSelection();
+}
+
+/// The control knows which rows are selected.
+void RecordGrid::TakeSelection()
+{
+    if (m_grid == nullptr || selectionModel() == nullptr)
+        return;
+    QList<forms::RowSpan> spans;
+    const QItemSelection selection = selectionModel()->selection();
+    for (const QItemSelectionRange& range : selection)
+        spans.append({range.top(), range.bottom()});
+    std::ranges::sort(spans, {}, &forms::RowSpan::first);
+    m_guard->Run([&] { m_grid->SetSelected(spans); });
+    const bool apart = spans.isEmpty() || (m_grid->SelectedCount() == 1 && spans.first().first != m_grid->Row());
+    if (apart && m_grid->Row() >= 0 && !std::exchange(m_settling, true))
+        QTimer::singleShot(0, this, &RecordGrid::Settle);
+}
+
+/// Ctrl and a click may leave the current row out of what is selected. A single selected row is the current one,
+/// and with none selected the current row is.
+void RecordGrid::Settle()
+{
+    m_settling = false;
+    if (m_grid->Row() < 0 || !currentIndex().isValid())
+        return;
+    using Flag = QItemSelectionModel;
+    if (m_grid->SelectedCount() == 0)
+        selectionModel()->select(currentIndex(), Flag::Select | Flag::Rows);
+    else if (const qint64 row = m_grid->Selected().first().first; m_grid->SelectedCount() == 1 && row != m_grid->Row())
+        selectionModel()->setCurrentIndex(m_model->index(static_cast<int>(row), currentIndex().column()),
+                                          Flag::NoUpdate);
 }
 
 QString RecordGrid::CurrentText(const QString& field) const

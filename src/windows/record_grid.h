@@ -58,6 +58,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
@@ -68,6 +69,8 @@ private:
     void ShowColumns();
     void ShowRow();
     void TakeColumns();
+    void TakeSelection();
+    void Settle();
     void Rebind();
     forms::Grid* m_grid = nullptr;
     EventGuard* m_guard = nullptr;
@@ -75,6 +78,7 @@ private:
     Aim m_aim;
     QPoint m_aimPlace;
     bool m_showing = false; ///< the control writes the view, not the user
+    bool m_settling = false; ///< Settle is on its way
     bool m_painted = false;
     bool m_fixed = false;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "forms/chips.h"
 #include "forms/controls.h"
 #include "forms/grid.h"
 #include "photos/capture_controls.h"
@@ -118,6 +119,7 @@ struct SampleScreen
         Add<TabControl>(u"TabListing"_s, QStringList{u"1 - 3"_s, u"N/A"_s});
         Add<TabControl>(u"TabRental"_s, QStringList{u"N/A"_s, u"N/A"_s, u"N/A"_s});
         Add<TextBox>(u"txtSubject"_s);
+        Add<ChipList>(u"lstConditions"_s);
         const std::pair<QString, int> groups[] = {{u"Subject"_s, 3},  {u"Comp"_s, 9},    {u"AltComp"_s, 6},
                                                   {u"General"_s, 36}, {u"Listing"_s, 6}, {u"Rental"_s, 9}};
         for (const auto& [group, last] : groups) {
@@ -141,6 +143,7 @@ struct SampleScreen
             Add<Label>(name);
         Get<Label>(u"lblChangingDB"_s).SetVisible(false);
         const std::pair<QString, QString> buttons[] = {{u"cmdSubjectAnd"_s, u"Subject/Comp"_s},
+                                                       {u"cmdShowAll"_s, u"Show all records"_s},
                                                        {u"cmdAdd"_s, u"&Add"_s},
                                                        {u"cmdCopy"_s, u"&Copy"_s},
                                                        {u"cmdDelete"_s, u"De&lete"_s},
