@@ -49,7 +49,7 @@ public:
     virtual void FieldEntered(EntryKeys& keys, forms::TextBox& field, const QString& dataField) = 0;
     virtual void FieldLeft() = 0; ///< the buttons rest
 
-    /// F2 opens the library, F3 to F8 put their phrase in place of the field's text, with Ctrl and Alt they
+    /// F2 opens the library, F3 to F8 put their phrase in place of the field's text, with Ctrl and Alt or Shift they
     /// store the field's text, Enter advances. Any other key is not handled, nor is any but Enter without a
     /// data field.
     /// @param shift  a sum of ShiftState

@@ -50,7 +50,7 @@ frm_Comment::frm_Comment(const forms::Ports& ports, common::Globals& globals, co
         optRead(i).SetCaption(u"Read"_s);
         optRead(i).SetToolTipText(u"Take the phrase of %1 (%1)"_s.arg(key));
         optGet(i).SetCaption(u"Store"_s);
-        optGet(i).SetToolTipText(u"Put the phrase above on %1 (Ctrl+Alt+%1)"_s.arg(key));
+        optGet(i).SetToolTipText(u"Put the phrase above on %1 (Ctrl+Shift+%1 or Ctrl+Alt+%1)"_s.arg(key));
         connect(&optRead(i), &forms::Control::Clicked, this, [this, i] { optRead_Click(i); });
         connect(&txtFKey(i), &forms::Control::Clicked, this, [this, i] { optRead_Click(i); });
         connect(&optGet(i), &forms::Control::Clicked, this, [this] { optGet_Click(); });

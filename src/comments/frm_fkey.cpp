@@ -44,7 +44,8 @@ int SlotOfKey(int keyCode, int shift)
     const bool alt = (shift & kAlt) != 0;
     if (alt && !ctrl)
         return -1;
-    return keyCode - kF3 + (ctrl && alt ? kKeys : 0);
+    const bool stores = ctrl && (alt || (shift & kShift) != 0);
+    return keyCode - kF3 + (stores ? kKeys : 0);
 }
 
 QString FitCaption(const QString& phrase, int width)

@@ -73,8 +73,8 @@ private:
     QPointer<forms::TextBox> m_field;
 };
 
-/// The slot of a key: 0 to 5 recall F3 to F8, 6 to 11 (with Ctrl and Alt) store, -1 is any other key. Alt
-/// alone belongs to the system.
+/// The slot of a key: 0 to 5 recall F3 to F8, 6 to 11 (with Ctrl and Alt, or Ctrl and Shift, since many
+/// desktops take the first for themselves) store, -1 is any other key. Alt alone belongs to the system.
 [[nodiscard]] int SlotOfKey(int keyCode, int shift);
 
 /// A phrase as the caption of a button: at most `width` characters, dots for what is left out, "&" doubled.

@@ -42,7 +42,7 @@ QWidget* MakeFKeyBar(QWidget* parent)
         name->setProperty("role", u"quiet"_s);
         auto* button = new QPushButton(bar);
         button->setObjectName(u"cmdComment_%1"_s.arg(i));
-        button->setAccessibleName(QDialog::tr("Phrase of %1").arg(key));
+        button->setAccessibleDescription(QDialog::tr("Phrase of %1").arg(key));
         button->setAutoDefault(false);
         button->setFocusPolicy(Qt::NoFocus);
         button->setMinimumWidth(96);
@@ -56,12 +56,13 @@ QWidget* MakeFKeyBar(QWidget* parent)
         grid->setColumnStretch(i * 2 + 1, 1);
     }
     auto* hint = new QLabel(QDialog::tr("A key fills its phrase into the field. To set a key, type the phrase in the "
-                                        "field and press Ctrl+Alt with the key, as Ctrl+Alt+F3. F2 shows all phrases "
-                                        "of the field."),
+                                        "field and press Ctrl+Shift with the key, as Ctrl+Shift+F3; Ctrl+Alt+F3 does "
+                                        "the same where the desktop leaves it to programs. F2 shows all phrases of "
+                                        "the field."),
                             bar);
     hint->setObjectName(u"fkeyHint"_s);
     hint->setProperty("role", u"quiet"_s);
-    hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    hint->setWordWrap(true);
     grid->addWidget(hint, 1, 0, 1, kKeys * 2);
     return bar;
 }

@@ -52,7 +52,7 @@ private:
     void Fit()
     {
         const int lines = std::clamp(qRound(document()->size().height()), 1, kMostLines);
-        const int text = lines * fontMetrics().lineSpacing();
+        const int text = lines * fontMetrics().lineSpacing() + 2; // a line that is short of its height is scrolled
         setViewportMargins(0, std::max(0, kLeastHeight - text) / 2, 0, 0);
         const QMargins frame = contentsMargins();
         setFixedHeight(std::max(kLeastHeight, text) + frame.top() + frame.bottom());
@@ -122,7 +122,8 @@ QFrame* FunctionKeys(QDialog& window)
         grid->addWidget(read, i, 2);
         grid->addWidget(store, i, 3);
         OnKey(window, QKeySequence(Qt::Key(Qt::Key_F3 + i)), read);
-        OnKey(window, QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key(Qt::Key_F3 + i)), store);
+        for (const Qt::KeyboardModifier second : {Qt::AltModifier, Qt::ShiftModifier})
+            OnKey(window, QKeySequence(QKeyCombination(Qt::ControlModifier | second, Qt::Key(Qt::Key_F3 + i))), store);
     }
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(kKeys, 1);

@@ -171,6 +171,18 @@ TEST_F(FrmFKey, CtrlAltStoresAndShowsIt)
     EXPECT_EQ(Column(local, u"SITE"_s), (QStringList{u"Sloping"_s, u"-"_s, u"Sloping"_s}));
 }
 
+TEST_F(FrmFKey, CtrlShiftStoresToo)
+{
+    Prepare({u"Level"_s});
+    entry.txtSite.SetText(u"Sloping"_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    EXPECT_EQ(entry.Press(kF3, kCtrl | kShift), stay);
+    EXPECT_EQ(doubles.prompter.Last().text, u"Overwrite 'Level' with 'Sloping' ... Are you sure?"_s);
+    EXPECT_EQ(Column(local, u"SITE"_s).first(), u"Sloping"_s);
+    EXPECT_EQ(entry.Press(kF3, kShift), next) << "Shift alone recalls as ever";
+    EXPECT_EQ(entry.Press(kF3, kCtrl), next);
+}
+
 TEST_F(FrmFKey, EnterAdvancesAndOtherKeysAreTheFields)
 {
     Prepare({u"Level"_s});

@@ -103,6 +103,8 @@ TEST_F(CommentScreens, KeysAndButtonsOfTheDialogWork)
     EXPECT_EQ(phrase->text(), u"Corner lot"_s);
     QTest::keyClick(phrase, Qt::Key_F6, Qt::ControlModifier | Qt::AltModifier);
     EXPECT_EQ(window.findChild<QPlainTextEdit*>(u"txtFKey_3"_s)->toPlainText(), u"Corner lot"_s);
+    QTest::keyClick(phrase, Qt::Key_F8, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(window.findChild<QPlainTextEdit*>(u"txtFKey_5"_s)->toPlainText(), u"Corner lot"_s);
     QTest::mouseClick(window.findChild<QPlainTextEdit*>(u"txtFKey_0"_s)->viewport(), Qt::LeftButton);
     EXPECT_EQ(phrase->text(), u"Level"_s);
     QTest::mouseClick(window.findChild<QPushButton*>(u"CmdInsertRow"_s), Qt::LeftButton);

@@ -180,6 +180,12 @@ TEST_F(RealScreens, NoTwoMenuEntriesShareAKey)
                                            << " and " << taken.value(keys).toStdString();
         taken.insert(keys, action->text());
     }
+    for (int key = Qt::Key_F3; key <= Qt::Key_F8; ++key)
+        for (const Qt::KeyboardModifier second : {Qt::AltModifier, Qt::ShiftModifier}) {
+            const QKeySequence stores(QKeyCombination(Qt::ControlModifier | second, Qt::Key(key)));
+            EXPECT_FALSE(taken.contains(stores.toString(QKeySequence::PortableText)))
+                << "it keeps a phrase on a key of an entry screen";
+        }
     EXPECT_GE(taken.size(), 5);
 }
 
