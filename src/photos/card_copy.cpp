@@ -34,6 +34,14 @@ struct CardPicture
 struct MediumGone
 {};
 
+QString KnownLine(const CardPicture& picture)
+{
+    const WhereKnown& where = picture.where;
+    return where.known == Known::Filed  ? kKnownFiled.arg(picture.name, where.record)
+           : where.known == Known::Here ? kKnownHere.arg(picture.name, where.path)
+                                        : kKnownTrash.arg(picture.name, where.path);
+}
+
 class Copying
 {
 public:
@@ -138,9 +146,10 @@ bool Copying::Look(const QStringList& names)
             m_outcome.stopped = true;
         if (m_outcome.stopped)
             return false;
-        if (picture.sameHere)
+        if (picture.sameHere) {
             ++m_outcome.thereAlready;
-        else
+            m_outcome.left.append(kThereLine.arg(name));
+        } else
             m_pictures.append(picture);
     }
     return true;
@@ -152,12 +161,8 @@ bool Copying::AskAboutKnown()
     QStringList lines;
     int count = 0;
     for (const CardPicture& picture : std::as_const(m_pictures)) {
-        const WhereKnown& where = picture.where;
-        if (where.known == Known::New || ++count > kNamedInQuestion)
-            continue;
-        lines.append(where.known == Known::Filed  ? kKnownFiled.arg(picture.name, where.record)
-                     : where.known == Known::Here ? kKnownHere.arg(picture.name, where.path)
-                                                  : kKnownTrash.arg(picture.name, where.path));
+        if (picture.where.known != Known::New && ++count <= kNamedInQuestion)
+            lines.append(KnownLine(picture));
     }
     if (count == 0)
         return true;
@@ -168,6 +173,9 @@ bool Copying::AskAboutKnown()
         kCopyAgain.arg(count).arg(m_pictures.size() + m_outcome.thereAlready).arg(lines.join(u"\r\n"_s)));
     if (answer == forms::Answer::No) {
         m_outcome.leftOut = count;
+        for (const CardPicture& picture : std::as_const(m_pictures))
+            if (picture.where.known != Known::New)
+                m_outcome.left.append(KnownLine(picture));
         m_pictures.removeIf([](const CardPicture& picture) { return picture.where.known != Known::New; });
     }
     m_outcome.stopped = answer == forms::Answer::Cancel;

@@ -29,6 +29,7 @@ struct CopyOutcome
     int copied = 0;
     int thereAlready = 0; ///< under the same name, with the same content
     int leftOut = 0;      ///< known pictures that the user did not want again
+    QStringList left;     ///< a line for each picture that did not need to be copied, or should not: why
     QStringList failed;   ///< names that an error kept from being copied, and the user went on
     QStringList renamed;  ///< names here of files that no report could have named
     QStringList kept;     ///< copies in the trash of files that were replaced

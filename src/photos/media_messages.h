@@ -22,6 +22,7 @@ inline const QString kCopyAgain = QStringLiteral(
 inline const QString kKnownHere = QStringLiteral("%1 is %2");
 inline const QString kKnownFiled = QStringLiteral("%1 is filed with %2");
 inline const QString kKnownTrash = QStringLiteral("%1 is in the trash as %2");
+inline const QString kThereLine = QStringLiteral("%1 is there already");
 inline const QString kAndMore = QStringLiteral("and %1 more");
 inline const QString kCopied = QStringLiteral("Photos copied to %1: %2");
 inline const QString kThereAlready = QStringLiteral(", there already: %1");

@@ -93,6 +93,41 @@ TEST_F(VasctlMedia, CopiesFromACardAndKnowsWhatHasComeInBefore)
     EXPECT_TRUE(found);
 }
 
+TEST_F(VasctlMedia, TakesPathsOfTheSystemAndSaysWhatItLeftOut)
+{
+    Put(home.Native(u"CARD/NOTES.TXT"_s), "words");
+    ASSERT_TRUE(QDir().mkpath(home.Native(u"CARD/DCIM"_s)));
+    const QString card = home.Native(u"CARD"_s);
+    EXPECT_EQ(home.Vasctl({u"capture"_s, u"list"_s, card}).Array().size(), 2);
+    // As a shell makes it of card/*.JPG.
+    const auto first = home.Vasctl({u"capture"_s, u"copy"_s, card + u"/ZA.JPG"_s, card + u"/ZB.JPG"_s});
+    EXPECT_EQ(first.code, kDone) << first.err.toStdString();
+    EXPECT_EQ(first.Object()[u"copied"_s].toInt(), 2);
+    EXPECT_TRUE(first.Object()[u"left"_s].toArray().isEmpty());
+    EXPECT_EQ(Read(capture + u"/ZB.JPG"_s), "picture b");
+
+    Put(home.Native(u"CARD/ZC.JPG"_s), "picture c");
+    Put(home.Native(u"CARD/ZD.JPG"_s), "picture b");
+    const auto all = home.Vasctl({u"--plain"_s, u"--no"_s, u"capture"_s, u"copy"_s, card + u'/'});
+    EXPECT_EQ(all.code, kDone) << all.err.toStdString();
+    EXPECT_EQ(Read(capture + u"/ZC.JPG"_s), "picture c");
+    for (const char* line : {"ZA.JPG is there already", "ZB.JPG is there already", "ZD.JPG is C:\\",
+                             "NOTES.TXT is no picture (*.jpg;*.bmp)", "DCIM is a directory; name it to copy from it"})
+        EXPECT_TRUE(all.out.contains(line)) << line << "\n" << all.out.toStdString();
+
+    EXPECT_EQ(home.Vasctl({u"--no"_s, u"capture"_s, u"copy"_s, card, u"ZD.JPG"_s}).code, kDeclined)
+        << "nothing was copied, and No is why";
+    const auto words = home.Vasctl({u"capture"_s, u"copy"_s, card, u"NOTES.TXT"_s});
+    EXPECT_EQ(words.code, kUsage);
+    EXPECT_TRUE(words.err.contains("is no picture")) << words.err.toStdString();
+    EXPECT_FALSE(QFile::exists(capture + u"/NOTES.TXT"_s));
+    const auto empty = home.Vasctl({u"capture"_s, u"copy"_s, card + u"/DCIM"_s});
+    EXPECT_EQ(empty.code, kNotFound);
+    EXPECT_EQ(home.Vasctl({u"capture"_s, u"copy"_s, card + u"/NOWHERE"_s}).code, kNotFound);
+    EXPECT_EQ(home.Vasctl({u"capture"_s, u"copy"_s, card, capture + u"/ZA.JPG"_s}).code, kNotFound)
+        << "of another directory";
+}
+
 TEST_F(VasctlMedia, ListsRestoresAndEmptiesTheTrash)
 {
     const QString trash = capture + u"/TRASHCAN"_s;

@@ -37,35 +37,35 @@ TEST_F(VasctlRecords, WhatHangsOnAFieldFollowsIt)
     ASSERT_EQ(Edit({u"SALEDATE=3/7/04"_s, u"YEARBUILT=1985"_s, u"SELLINGPR=250000"_s, u"GLA=1600"_s}).code,
               kDone);
     QJsonObject record = Show();
-    EXPECT_EQ(record[u"SALEDATE"_s], u"3/7/2004"_s);
-    EXPECT_EQ(record[u"SALESERIAL"_s], u"38053"_s);
-    EXPECT_EQ(record[u"AGE"_s], u"19"_s);
-    EXPECT_EQ(record[u"PRICEGLA"_s], u"156.25"_s);
+    EXPECT_EQ(record[u"SALEDATE"_s], u"2004-03-07"_s);
+    EXPECT_EQ(record[u"SALESERIAL"_s], 38053);
+    EXPECT_EQ(record[u"AGE"_s], 19);
+    EXPECT_EQ(record[u"PRICEGLA"_s], 156.25);
     EXPECT_FALSE(record[u"MODIFIEDDATE"_s].toString().isEmpty());
 
     ASSERT_EQ(Edit({u"SALEDATE="_s, u"AGE=20"_s, u"LOADDATE=4/1/2004"_s, u"gla=1000"_s}).code, kDone);
     record = Show();
-    EXPECT_EQ(record[u"SALEDATE"_s], u"01/01/1900"_s) << "without a date it is pending";
-    EXPECT_EQ(record[u"SALESERIAL"_s], u"2"_s);
-    EXPECT_EQ(record[u"AGE"_s], u"20"_s) << "as it was given";
-    EXPECT_EQ(record[u"LOADSERIAL"_s], u"38078"_s);
-    EXPECT_EQ(record[u"PRICEGLA"_s], u"250."_s);
-    EXPECT_EQ(record[u"YEARBUILT"_s], u"1985"_s);
+    EXPECT_EQ(record[u"SALEDATE"_s], u"1900-01-01"_s) << "without a date it is pending";
+    EXPECT_EQ(record[u"SALESERIAL"_s], 2);
+    EXPECT_EQ(record[u"AGE"_s], 20) << "as it was given";
+    EXPECT_EQ(record[u"LOADSERIAL"_s], 38078);
+    EXPECT_EQ(record[u"PRICEGLA"_s], 250);
+    EXPECT_EQ(record[u"YEARBUILT"_s], 1985);
 
     ASSERT_EQ(Edit({u"APPRSLTYPE=r"_s, u"LEASEDATE=3/8/2004"_s}).code, kDone);
     record = Show();
     EXPECT_EQ(record[u"APPRSLTYPE"_s], u"R"_s);
-    EXPECT_EQ(record[u"LEASEDATE"_s], u"3/8/2004"_s);
-    EXPECT_EQ(record[u"SALESERIAL"_s], u"38054"_s) << "on a rental the lease date plays the sale date's part";
+    EXPECT_EQ(record[u"LEASEDATE"_s], u"2004-03-08"_s);
+    EXPECT_EQ(record[u"SALESERIAL"_s], 38054) << "on a rental the lease date plays the sale date's part";
 }
 
 TEST_F(VasctlRecords, AnAgeWithoutAYearOutlivesANewSaleDate)
 {
     ASSERT_EQ(Edit({u"AGE=45"_s}).code, kDone);
     ASSERT_EQ(Edit({u"SALEDATE=3/7/2004"_s}).code, kDone);
-    EXPECT_EQ(Show()[u"AGE"_s], u"45"_s);
+    EXPECT_EQ(Show()[u"AGE"_s], 45);
     ASSERT_EQ(Edit({u"YEARBUILT=1985"_s}).code, kDone);
-    EXPECT_EQ(Show()[u"AGE"_s], u"19"_s);
+    EXPECT_EQ(Show()[u"AGE"_s], 19);
     ASSERT_EQ(Edit({u"YEARBUILT="_s}).code, kDone);
     EXPECT_FALSE(Show().contains(u"AGE"_s)) << "the year was taken away";
 }

@@ -52,7 +52,7 @@ TEST_F(Vasctl, SortsByValueAndFilters)
     ASSERT_EQ(list.code, kDone);
     double last = 1e12;
     for (const QJsonValue& value : list.Array()) {
-        const double price = value.toObject()[u"SELLINGPR"_s].toString().toDouble();
+        const double price = value.toObject()[u"SELLINGPR"_s].toDouble();
         EXPECT_LE(price, last);
         last = price;
     }
@@ -69,14 +69,13 @@ TEST_F(Vasctl, AddsEditsCopiesRenamesAndDeletes)
     EXPECT_EQ(shown[u"CENTRALKEY"_s].toString(), u"12 O'BRIEN CT"_s);
     EXPECT_EQ(shown[u"APPRSLTYPE"_s].toString(), u"C"_s);
     EXPECT_EQ(shown[u"CITY"_s].toString(), u"Marlow Falls"_s);
-    EXPECT_EQ(shown[u"SALEDATE"_s].toString(), u"01/01/1900"_s) << "a new comp is a pending sale";
+    EXPECT_EQ(shown[u"SALEDATE"_s].toString(), u"1900-01-01"_s) << "a new comp is a pending sale";
 
     EXPECT_EQ(home.Vasctl({u"records"_s, u"add"_s, u"12 O'BRIEN CT"_s}).code, kFailed) << "a key exists once";
     EXPECT_EQ(home.Vasctl({u"records"_s, u"edit"_s, u"12 O'Brien Ct"_s, u"--set"_s, u"GLA=1450"_s}).code,
               kDone);
     EXPECT_EQ(home.Vasctl({u"records"_s, u"copy"_s, u"12 O'Brien Ct"_s, u"14 O'Brien Ct"_s}).code, kDone);
-    EXPECT_EQ(home.Vasctl({u"records"_s, u"show"_s, u"14 O'Brien Ct"_s}).Object()[u"GLA"_s].toString(),
-              u"1450"_s);
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"show"_s, u"14 O'Brien Ct"_s}).Object()[u"GLA"_s], 1450);
     EXPECT_EQ(home.Vasctl({u"records"_s, u"rename"_s, u"14 O'Brien Ct"_s, u"16 O'Brien Ct"_s}).code, kDone);
     EXPECT_EQ(home.Vasctl({u"records"_s, u"find"_s, u"14 O'Brien Ct"_s}).code, kNotFound);
     EXPECT_EQ(home.Vasctl({u"--no"_s, u"records"_s, u"delete"_s, u"16 O'Brien Ct"_s}).code, kDeclined);
@@ -170,7 +169,7 @@ TEST_F(Vasctl, SearchesAreSortedFilteredLimitedAndCounted)
     ASSERT_EQ(found.Array().size(), 5);
     double last = 1e12;
     for (const QJsonValue& value : found.Array()) {
-        const double price = value.toObject()[u"SELLINGPR"_s].toString().toDouble();
+        const double price = value.toObject()[u"SELLINGPR"_s].toDouble();
         EXPECT_LE(price, last);
         last = price;
     }
@@ -348,13 +347,13 @@ TEST_F(Vasctl, SqlReadsAndNeverWrites)
     ASSERT_EQ(rows.code, kDone) << rows.err.toStdString();
     EXPECT_FALSE(rows.Array().isEmpty());
     for (const QJsonValue& value : rows.Array()) {
-        const double gla = value.toObject()[u"GLA"_s].toString().toDouble();
+        const double gla = value.toObject()[u"GLA"_s].toDouble();
         EXPECT_TRUE(gla >= 1000 && gla <= 2000) << gla;
     }
     EXPECT_EQ(home.Vasctl({u"sql"_s, u"DELETE FROM COMPS"_s}).code, kUsage);
     EXPECT_NE(home.Vasctl({u"sql"_s, u"SELECT * INTO [C:\\DATABOOK\\X.MDB].[T] FROM COMPS"_s}).code, kDone);
     const auto twice = home.Vasctl({u"sql"_s, u"SELECT * FROM COMPS; DROP TABLE COMPS"_s});
-    EXPECT_EQ(twice.code, kFailed);
+    EXPECT_EQ(twice.code, kUsage);
     EXPECT_TRUE(twice.err.contains("3075")) << twice.err.toStdString();
     EXPECT_EQ(home.Vasctl({u"records"_s, u"list"_s}).Array().size(), 60);
 }
@@ -460,7 +459,7 @@ TEST_F(Vasctl, DropsARecordOnASlotAndTheReportHoldsIt)
     const auto dropped = home.Vasctl({u"--no"_s, u"drop"_s, key, u"--on"_s, u"txtComp:3"_s});
     ASSERT_EQ(dropped.code, kDone) << dropped.err.toStdString();
     EXPECT_EQ(home.Cell(3, u"ADDRESS"_s), record[u"ADDRESS"_s].toString());
-    EXPECT_EQ(home.Cell(3, u"GLA"_s), record[u"GLA"_s].toString());
+    EXPECT_EQ(home.Cell(3, u"GLA"_s), record[u"GLA"_s].toVariant().toString());
 
     const auto pages = home.Vasctl({u"report"_s, u"pages"_s});
     EXPECT_EQ(pages.code, kDone);
@@ -546,7 +545,7 @@ TEST_F(Vasctl, KeepsPhrases)
     EXPECT_EQ(run(u"--yes"_s, {u"delete"_s, field, u"Attic"_s}), kDone);
     EXPECT_EQ(run(u"--yes"_s, {u"delete"_s, field, u"Attic"_s}), kNotFound);
     EXPECT_EQ(phrases(field).mid(6), (QStringList{u"=Cellar"_s}));
-    EXPECT_EQ(run(u"--yes"_s, {u"list"_s, u"NOSUCHFIELD"_s}), kNotFound);
+    EXPECT_EQ(run(u"--yes"_s, {u"list"_s, u"NOSUCHFIELD"_s}), kUsage);
     EXPECT_EQ(run(u"--yes"_s, {u"key"_s, field, u"F9"_s}), kUsage);
     EXPECT_EQ(run(u"--yes"_s, {u"add"_s, field, QString(300, u'x')}), kFailed);
     home.Vasctl({u"settings"_s, u"set"_s, u"SHARE"_s, u"1"_s});
@@ -584,6 +583,145 @@ TEST_F(Vasctl, TwoUsersOfOneCommentFileLoseNothing)
             if (user == 0) {
                 EXPECT_EQ(rows[6 + round].toObject()[u"PHRASE"_s].toString(), u"phrase %1"_s.arg(round));
             }
+        }
+    }
+}
+
+TEST_F(Vasctl, JsonHasNumbersAndDatesAsSuch)
+{
+    ASSERT_EQ(home.Vasctl({u"records"_s, u"add"_s, u"1 Typed Rd"_s, u"--set"_s, u"SELLINGPR=250500"_s, u"--set"_s,
+                           u"GLA=1000"_s, u"--set"_s, u"SALEDATE=3/7/2004"_s, u"--set"_s, u"ZIP=01234"_s, u"--set"_s,
+                           u"MONTHRENT=call us"_s, u"--set"_s, u"LEASEDATE="_s})
+                  .code,
+              kDone);
+    const QString sql =
+        u"SELECT SELLINGPR, GLA, PRICEGLA, SALEDATE, ZIP, AGE, MONTHRENT, LEASEDATE FROM COMPS WHERE CENTRALKEY = '1 TYPED RD'"_s;
+    const QJsonObject row = home.Vasctl({u"sql"_s, sql}).Array()[0].toObject();
+    EXPECT_EQ(row[u"SELLINGPR"_s], 250500);
+    EXPECT_EQ(row[u"GLA"_s], 1000);
+    EXPECT_EQ(row[u"PRICEGLA"_s], 250.5);
+    EXPECT_EQ(row[u"SALEDATE"_s], u"2004-03-07"_s);
+    EXPECT_EQ(row[u"ZIP"_s], u"01234"_s) << "a text of digits stays a text";
+    EXPECT_TRUE(row[u"AGE"_s].isNull());
+    EXPECT_EQ(row[u"MONTHRENT"_s], u"call us"_s) << "what is no number is not lost";
+    EXPECT_TRUE(row[u"LEASEDATE"_s].isNull());
+    EXPECT_EQ(home.Vasctl({u"sql"_s, u"SELECT COUNT(*) AS N FROM COMPS"_s}).Array()[0].toObject()[u"N"_s], 61);
+    const QJsonObject found = home.Vasctl({u"find"_s, u"typed"_s}).Array()[0].toObject();
+    EXPECT_EQ(found[u"SELLINGPR"_s], 250500);
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"show"_s, u"1 typed rd"_s}).Object()[u"GLA"_s], 1000);
+    for (const QJsonValue& photo : home.Vasctl({u"capture"_s, u"list"_s}).Array())
+        EXPECT_TRUE(photo.toObject()[u"BYTES"_s].isDouble());
+}
+
+TEST_F(Vasctl, WhatATerminalWouldObeyIsShown)
+{
+    const QString evil = u"\u001b[2Jred\u009b31m\u007f\u202eback"_s;
+    ASSERT_EQ(home.Vasctl({u"records"_s, u"add"_s, u"1 Evil Rd"_s, u"--set"_s, u"NOTES="_s + evil}).code, kDone);
+    const QStringList commands[] = {
+        {u"records"_s, u"show"_s, u"1 Evil Rd"_s},
+        {u"sql"_s, u"SELECT NOTES, CENTRALKEY FROM COMPS WHERE CENTRALKEY = '1 EVIL RD'"_s},
+        {u"records"_s, u"find"_s, evil},
+        {u"settings"_s, u"get"_s, evil},
+        {evil},
+        {u"capture"_s, u"list"_s, u"/nowhere/"_s + evil},
+        {u"--no"_s, u"cities"_s, u"delete"_s, evil},
+        {u"--answer"_s, evil, u"records"_s, u"delete"_s, u"1 Evil Rd"_s},
+    };
+    for (const QStringList& command : commands) {
+        for (const bool plain : {true, false}) {
+            const auto run = home.Vasctl(plain ? QStringList{u"--plain"_s} + command : command);
+            const QString all = QString::fromUtf8(run.out + run.err);
+            EXPECT_FALSE(all.isEmpty());
+            for (const QChar letter : {QChar(0x1b), QChar(0x9b), QChar(0x7f), QChar(0x202e)})
+                EXPECT_FALSE(all.contains(letter))
+                    << command.join(u' ').toUtf8().toPercentEncoding(" ").toStdString() << ": U+" << std::hex
+                    << int(letter.unicode());
+        }
+    }
+    const auto shown = home.Vasctl({u"--plain"_s, u"records"_s, u"show"_s, u"1 Evil Rd"_s});
+    EXPECT_TRUE(QString::fromUtf8(shown.out).contains(u"\u241b[2Jred<U+009B>31m\u2421<U+202E>back"_s))
+        << shown.out.toStdString();
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"show"_s, u"1 Evil Rd"_s}).Object()[u"NOTES"_s].toString(), evil)
+        << "a reader of JSON gets every character back";
+}
+
+TEST_F(Vasctl, WhatIsUnknownEndsWithTwo)
+{
+    const QStringList lines[] = {
+        {u"fly"_s},
+        {u"records"_s, u"fly"_s},
+        {u"cities"_s, u"fly"_s},
+        {u"trash"_s},
+        {u"transfer"_s, u"everything"_s},
+        {u"sql"_s, u"SELECT NOSUCH FROM COMPS"_s},
+        {u"sql"_s, u"SELECT CENTRALKEY FROM NOSUCH"_s},
+        {u"sql"_s, u"SELECT CENTRALKEY FORM COMPS"_s},
+        {u"records"_s, u"list"_s, u"--where"_s, u"NOSUCH = '1'"_s},
+        {u"records"_s, u"list"_s, u"--sort"_s, u"NOSUCH"_s},
+        {u"records"_s, u"edit"_s, FirstKey(), u"--set"_s, u"NOSUCH=1"_s},
+        {u"comments"_s, u"list"_s, u"NOSUCH"_s},
+        {u"search"_s, u"--nosuch"_s, u"1"_s},
+    };
+    for (const QStringList& line : lines) {
+        const auto ended = home.Vasctl(line);
+        EXPECT_EQ(ended.code, kUsage) << line.join(u' ').toStdString() << ": " << ended.err.toStdString();
+        EXPECT_FALSE(ended.err.isEmpty()) << line.join(u' ').toStdString();
+    }
+    for (const QStringList& line : {QStringList{u"fly"_s}, QStringList{u"cities"_s, u"fly"_s}})
+        EXPECT_EQ(ProgramHome::RunProgram(u"vasctl"_s, QStringList{u"--home"_s, u"/nowhere"_s} + line, home.environment)
+                      .code,
+                  kUsage)
+            << "whatever home";
+}
+
+TEST_F(Vasctl, NothingThatFailedEndsWithNought)
+{
+    QProcess full;
+    full.setProcessEnvironment(home.environment);
+    full.setStandardOutputFile(u"/dev/full"_s);
+    full.start(ProgramHome::Program(u"vasctl"_s), {u"--home"_s, home.Path(), u"records"_s, u"list"_s});
+    ASSERT_TRUE(full.waitForFinished(kPatienceMs));
+    EXPECT_EQ(full.exitCode(), kFailed) << "what was found reached nobody";
+    EXPECT_TRUE(full.readAllStandardError().contains("could not be written"));
+    for (const QString& verb : {u"list"_s, u"empty"_s})
+        EXPECT_EQ(home.Vasctl({u"--yes"_s, u"trash"_s, verb, u"--dir"_s, u"C:\\NOWHERE\\TRASHCAN"_s}).code, kNotFound);
+    // Without the forms program each command that needs it says so.
+    for (const QStringList& line : {QStringList{u"refresh"_s}, {u"report"_s, u"status"_s}, {u"report"_s, u"pages"_s},
+                                    {u"report"_s, u"images"_s}, {u"report"_s, u"cells"_s}, {u"transfer"_s, u"all"_s},
+                                    {u"drop"_s, FirstKey(), u"--on"_s, u"txtComp:1"_s}}) {
+        const auto ended = home.Vasctl(line);
+        EXPECT_EQ(ended.code, kNoLink) << line.join(u' ').toStdString();
+        EXPECT_FALSE(ended.err.isEmpty()) << line.join(u' ').toStdString();
+    }
+    // A Databook that is not there, and one that is none.
+    const QString key = FirstKey();
+    const QStringList reads[] = {{u"records"_s, u"list"_s},
+                                 {u"records"_s, u"show"_s, key},
+                                 {u"records"_s, u"add"_s, u"1 New Rd"_s},
+                                 {u"records"_s, u"copy"_s, key, u"2 New Rd"_s},
+                                 {u"search"_s, u"--city"_s, u"Marlow"_s},
+                                 {u"find"_s, u"oak"_s},
+                                 {u"cities"_s, u"assign"_s, u"Old Town"_s, u"--city"_s, u"X"_s},
+                                 {u"sql"_s, u"SELECT CENTRALKEY FROM COMPS"_s},
+                                 {u"capture"_s, u"list"_s},
+                                 {u"photos"_s, u"list"_s, key},
+                                 {u"photos"_s, u"orphans"_s},
+                                 {u"photos"_s, u"verify"_s},
+                                 {u"doctor"_s}};
+    const QString databook = home.Native(u"DATABOOK/DATABOOK.MDB"_s);
+    for (const bool there : {false, true}) {
+        ASSERT_TRUE(QFile::remove(databook));
+        if (there) {
+            QFile none(databook);
+            ASSERT_TRUE(none.open(QIODevice::WriteOnly) && none.write("no database") > 0);
+        }
+        for (const QStringList& line : reads) {
+            const auto ended = home.Vasctl(QStringList{u"--no"_s} + line);
+            EXPECT_NE(ended.code, kDone) << line.join(u' ').toStdString() << (there ? " of none" : " of a missing one");
+        }
+        if (!there) {
+            QFile made(databook);
+            ASSERT_TRUE(made.open(QIODevice::WriteOnly));
         }
     }
 }

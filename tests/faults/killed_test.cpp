@@ -270,7 +270,7 @@ TEST_F(Killed, ALayoutIsSavedWholeOrNotAtAll)
         EXPECT_EQ(list.code, kDone) << list.err.toStdString();
         for (const QJsonValue& value : list.Array()) {
             all.append(value.toObject()[u"layout"_s].toString());
-            EXPECT_EQ(value.toObject()[u"columns"_s], u"29"_s) << all.last().toStdString();
+            EXPECT_EQ(value.toObject()[u"columns"_s], 29) << all.last().toStdString();
         }
         return all;
     };

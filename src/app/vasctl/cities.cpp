@@ -38,7 +38,8 @@ int List(const Output& out, const forms::ListBox& cities)
         const databook::CityEntry entry = databook::SplitCity(cities.List(i));
         rows.append({text::Dec(i + 1), cities.List(i), entry.city, entry.state, entry.zip, entry.county});
     }
-    out.Table({u"NUMBER"_s, u"LINE"_s, u"CITY"_s, u"ST"_s, u"ZIP"_s, u"COUNTY"_s}, rows);
+    out.Table({u"NUMBER"_s, u"LINE"_s, u"CITY"_s, u"ST"_s, u"ZIP"_s, u"COUNTY"_s}, rows,
+              {Kind::Number});
     return kDone;
 }
 

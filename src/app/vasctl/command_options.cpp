@@ -34,12 +34,51 @@ constexpr std::array kRows = {
     Row{"transfer"_L1, ""_L1, "data pictures"_L1},
 };
 
+struct CommandRow
+{
+    QLatin1StringView command;
+    QLatin1StringView verbs; ///< "" for a command that takes none
+};
+constexpr std::array kCommands = {
+    CommandRow{"records"_L1, "list find show add edit delete copy rename"_L1},
+    CommandRow{"search"_L1, ""_L1},
+    CommandRow{"find"_L1, ""_L1},
+    CommandRow{"cities"_L1, "list add delete assign"_L1},
+    CommandRow{"sql"_L1, ""_L1},
+    CommandRow{"capture"_L1, "list copy"_L1},
+    CommandRow{"trash"_L1, "list restore empty"_L1},
+    CommandRow{"report"_L1, "status pages images cells"_L1},
+    CommandRow{"refresh"_L1, ""_L1},
+    CommandRow{"drop"_L1, ""_L1},
+    CommandRow{"photos"_L1, "list file rename-view delete orphans verify"_L1},
+    CommandRow{"transfer"_L1, "subject comps alternates listings rentals all"_L1},
+    CommandRow{"layouts"_L1, "list show save use delete default"_L1},
+    CommandRow{"settings"_L1, "list get set"_L1},
+    CommandRow{"comments"_L1, "list key add delete"_L1},
+    CommandRow{"doctor"_L1, ""_L1},
+};
+
 QStringList Words(QLatin1StringView text)
 {
     return QString(text).split(u' ');
 }
 
 } // namespace
+
+QString StrangeCommand(const QStringList& command)
+{
+    const auto row = std::find_if(kCommands.begin(), kCommands.end(),
+                                  [&](const CommandRow& one) { return command.value(0) == one.command; });
+    if (row == kCommands.end())
+        return command.isEmpty() ? u"No command given; 'vasctl --help' lists them."_s
+                                 : u"'%1' is no command; 'vasctl --help' lists them."_s.arg(command[0]);
+    const QStringList verbs = Words(row->verbs);
+    if (row->verbs.isEmpty() || verbs.contains(command.value(1)))
+        return {};
+    return command.size() < 2 ? u"'vasctl %1' wants to know what to do: %2."_s.arg(command[0], verbs.join(u", "_s))
+                              : u"'vasctl %1' can't '%2'; it knows %3."_s.arg(command[0], command[1],
+                                                                              verbs.join(u", "_s));
+}
 
 QString StrangeOption(const QStringList& command, const QStringList& given)
 {

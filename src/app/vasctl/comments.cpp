@@ -80,7 +80,10 @@ int Delete(Session& session, store::DataSource& data, const Output& out, const Q
     }
     if (!session.Prompter().YesNo(u"vasctl"_s, comments::kDeletePhrase.arg(phrase)))
         return kDeclined;
-    static_cast<void>(comments::DatDeleteRecord(data, field, phrase));
+    if (!comments::DatDeleteRecord(data, field, phrase)) { // while the question stood
+        out.Error(u"'%1' is no longer in the list of %2."_s.arg(phrase, field));
+        return kNotFound;
+    }
     out.Line(u"'%1' is out of the list of %2."_s.arg(phrase, field));
     return kDone;
 }
@@ -100,7 +103,7 @@ int RunComments(Session& session, const Output& out, const QStringList& argument
     if (column == nullptr) {
         out.Error(u"COMPS has no field '%1'; 'vasctl records show KEY' names those of a record."_s.arg(
             arguments.at(1)));
-        return kNotFound;
+        return kUsage;
     }
     const QString field = QString(column->name);
     const common::Globals& globals = session.Main().globals;

@@ -23,7 +23,7 @@ int Show(const files::Disk& disk, const Output& out, const QString& file, const 
     QList<QStringList> rows;
     for (const databook::LayoutColumn& column : layout->columns)
         rows.append({column.field, column.visible ? u"yes"_s : u"no"_s, QString::number(column.width)});
-    out.Table({u"field"_s, u"visible"_s, u"width"_s}, rows);
+    out.Table({u"field"_s, u"visible"_s, u"width"_s}, rows, {Kind::Text, Kind::Text, Kind::Number});
     return kDone;
 }
 
@@ -37,7 +37,7 @@ int List(const files::Disk& disk, const Output& out, const QString& file)
             std::count_if(columns.begin(), columns.end(), [](const auto& column) { return column.visible; });
         rows.append({name, QString::number(visible), QString::number(columns.size())});
     }
-    out.Table({u"layout"_s, u"visible"_s, u"columns"_s}, rows);
+    out.Table({u"layout"_s, u"visible"_s, u"columns"_s}, rows, {Kind::Text, Kind::Number, Kind::Number});
     return kDone;
 }
 

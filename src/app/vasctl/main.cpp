@@ -7,7 +7,9 @@
 
 #include <QCoreApplication>
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace vasclip;
@@ -47,7 +49,8 @@ Commands:
   sql "SELECT ..."        a query in the program's SQL, read only
   capture list [DIR]      the pictures of the capture directory, or of another one, and which are known there
   capture copy DIR [NAME ...]
-                          copies pictures into the capture directory; asks about those that have come in before
+                          copies pictures into the capture directory, given as C:\CARD or as the system writes it;
+                          asks about those that have come in before, and says what it left out and why
   trash list [--dir DIR]  the pictures of the trashcan, or of another one
   trash restore NAME ... [--dir DIR]
                           brings pictures back to the directory that the trashcan belongs to
@@ -133,10 +136,7 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
         return RunDatabook(session, out, arguments);
     if (command == u"doctor"_s && arguments.isEmpty())
         return RunDoctor(session, out);
-    out.Error(
-        command.isEmpty()
-            ? u"No command given; 'vasctl --help' lists them."_s
-            : u"'%1' is no command, or takes no such arguments; 'vasctl --help' lists them."_s.arg(command));
+    out.Error(u"'%1' takes no such arguments; 'vasctl --help' lists them."_s.arg(command));
     return kUsage;
 }
 
@@ -199,6 +199,10 @@ int main(int argc, char* argv[])
         out.Error(u"--yes and --no exclude each other."_s);
         return kUsage;
     }
+    if (const QString wrong = StrangeCommand(options.positionalArguments()); !wrong.isEmpty()) {
+        out.Error(wrong);
+        return kUsage;
+    }
     const QString strange = StrangeOption(options.positionalArguments(), options.optionNames());
     if (!strange.isEmpty()) {
         out.Error(u"--%1 means nothing to 'vasctl %2'; 'vasctl --help' tells its options."_s.arg(
@@ -212,7 +216,10 @@ int main(int argc, char* argv[])
     try {
         Session session(options.isSet(u"home"_s) ? options.value(u"home"_s) : files::DefaultHome(),
                         options.value(u"socket"_s), static_cast<int>(seconds * 1000), prompter);
-        return Dispatch(session, out, options.positionalArguments(), options);
+        const int code = Dispatch(session, out, options.positionalArguments(), options);
+        if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
+            return code;
+        out.Error(u"What was found could not be written: %1."_s.arg(QString::fromLocal8Bit(std::strerror(errno))));
     } catch (const forms::EndOfProgram& end) {
         return end.exitCode == 0 ? kFailed : end.exitCode;
     } catch (const RuntimeError& failure) {

@@ -1,5 +1,6 @@
 #include "app/vasctl/output.h"
 
+#include "app/vasctl/shown_text.h"
 #include "platform/desktop/terminal.h"
 
 #include <QJsonDocument>
@@ -18,28 +19,38 @@ void Print(std::FILE* to, const QByteArray& bytes)
     std::fputc('\n', to);
 }
 
+void PrintText(std::FILE* to, const QString& text)
+{
+    Print(to, Visible(text).toUtf8());
+}
+
+void PrintJson(std::FILE* to, const QJsonDocument& json)
+{
+    Print(to, VisibleJson(json.toJson(QJsonDocument::Compact)));
+}
+
 /// A cell on one line: a long text is shortened for people, but never in the last column and never in JSON.
 QString Cell(const QString& text, bool last)
 {
     constexpr qsizetype kWidest = 60;
-    QString line = text;
-    line.replace(u"\r\n"_s, u" "_s).replace(u'\n', u' ').replace(u'\r', u' ').replace(u'\t', u' ');
+    QString line = Visible(QString(text).replace(u"\r\n"_s, u" "_s).replace(u'\r', u' '));
+    line.replace(u'\n', u' ').replace(u'\t', u' ');
     return !last && line.size() > kWidest ? line.left(kWidest - 1) + u'\u2026' : line;
 }
 
 } // namespace
 
-void Output::Table(const QStringList& headings, const QList<QStringList>& rows) const
+void Output::Table(const QStringList& headings, const QList<QStringList>& rows, const QList<Kind>& kinds) const
 {
     if (m_json) {
         QJsonArray array;
         for (const QStringList& row : rows) {
             QJsonObject object;
             for (qsizetype i = 0; i < headings.size(); ++i)
-                object.insert(headings[i], row.value(i));
+                object.insert(headings[i], AsJson(kinds.value(i, Kind::Text), row.value(i)));
             array.append(object);
         }
-        Print(stdout, QJsonDocument(array).toJson(QJsonDocument::Compact));
+        PrintJson(stdout, QJsonDocument(array));
         return;
     }
     QList<qsizetype> widths;
@@ -55,30 +66,27 @@ void Output::Table(const QStringList& headings, const QList<QStringList>& rows) 
             line += Cell(cells.value(i), i + 1 == headings.size()).leftJustified(widths[i] + 2);
         while (line.endsWith(u' '))
             line.chop(1);
-        Print(stdout, line.toUtf8());
+        PrintText(stdout, line);
     };
     print(headings);
     for (const QStringList& row : rows)
         print(row);
 }
 
-void Output::Facts(const QList<std::pair<QString, QString>>& facts) const
+void Output::Facts(const QList<std::pair<QString, QString>>& facts, Kind (*kindOf)(const QString&)) const
 {
     if (m_json) {
         QJsonObject object;
         for (const auto& [name, value] : facts)
-            object.insert(name, value);
-        Print(stdout, QJsonDocument(object).toJson(QJsonDocument::Compact));
+            object.insert(name, AsJson(kindOf == nullptr ? Kind::Text : kindOf(name), value));
+        PrintJson(stdout, QJsonDocument(object));
         return;
     }
     qsizetype width = 0;
     for (const auto& [name, value] : facts)
         width = qMax(width, name.size());
-    for (const auto& [name, value] : facts) {
-        QString text = value;
-        text.replace(u"\r\n"_s, u"\n"_s);
-        Print(stdout, (name.leftJustified(width + 2) + text).toUtf8());
-    }
+    for (const auto& [name, value] : facts)
+        PrintText(stdout, name.leftJustified(width + 2) + value);
 }
 
 void Output::Line(const QString& text) const
@@ -88,13 +96,18 @@ void Output::Line(const QString& text) const
 
 void Output::Value(const QJsonObject& value, const QString& text) const
 {
-    Print(stdout, m_json ? QJsonDocument(value).toJson(QJsonDocument::Compact) : text.toUtf8());
+    if (m_json)
+        PrintJson(stdout, QJsonDocument(value));
+    else
+        PrintText(stdout, text);
 }
 
 void Output::Error(const QString& text) const
 {
-    Print(stderr, m_json ? QJsonDocument(QJsonObject{{u"error"_s, text}}).toJson(QJsonDocument::Compact)
-                         : (u"vasctl: "_s + text).toUtf8());
+    if (m_json)
+        PrintJson(stderr, QJsonDocument(QJsonObject{{u"error"_s, text}}));
+    else
+        PrintText(stderr, u"vasctl: "_s + text);
 }
 
 ProgressLine::ProgressLine(const Output& out)
@@ -113,7 +126,7 @@ void ProgressLine::Show(const QString& doing, qint64 done, qint64 total)
     if (!m_seen || line == m_shown)
         return;
     m_shown = line;
-    std::fprintf(stderr, "\r%s\x1b[K", line.toUtf8().constData());
+    std::fprintf(stderr, "\r%s\x1b[K", Visible(line).toUtf8().constData());
     std::fflush(stderr);
 }
 

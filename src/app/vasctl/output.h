@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/vasctl/json_value.h"
+
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QString>
@@ -26,9 +28,10 @@ public:
     {}
 
     [[nodiscard]] bool Json() const { return m_json; }
-    void Table(const QStringList& headings, const QList<QStringList>& rows) const;
+    /// @param kinds  of the columns, for JSON; what it has none for is text
+    void Table(const QStringList& headings, const QList<QStringList>& rows, const QList<Kind>& kinds = {}) const;
     /// One object: "name  value" lines, in the order given.
-    void Facts(const QList<std::pair<QString, QString>>& facts) const;
+    void Facts(const QList<std::pair<QString, QString>>& facts, Kind (*kindOf)(const QString& name) = nullptr) const;
     void Line(const QString& text) const; ///< {"message": text} with --json
     void Value(const QJsonObject& value, const QString& text) const;
     void Error(const QString& text) const; ///< {"error": text} with --json, on stderr

@@ -11,8 +11,6 @@
 #include "platform/picture/picture.h"
 #include "platform/text/text.h"
 
-#include <QFileInfo>
-
 namespace vasclip::vasctl {
 
 using namespace Qt::Literals::StringLiterals;
@@ -117,16 +115,15 @@ int List(Session& session, const Output& out, const QString& key)
         }
         table.append({view, stem, size, bytes, file});
     }
-    out.Table({u"VIEW"_s, u"STEM"_s, u"SIZE"_s, u"BYTES"_s, u"FILE"_s}, table);
+    out.Table({u"VIEW"_s, u"STEM"_s, u"SIZE"_s, u"BYTES"_s, u"FILE"_s}, table,
+              {Kind::Text, Kind::Text, Kind::Text, Kind::Number, Kind::Text});
     return kDone;
 }
 
 /// The drive path of a file that is given as such or as the system writes it; "" if there is no such file.
 QString SourceOf(const files::Disk& disk, const QString& file)
 {
-    const bool isDrivePath = file.size() > 2 && file[1] == u':' && file[0].isLetter();
-    const QString path =
-        isDrivePath ? file : disk.ToDrivePath(QFileInfo(file).absoluteFilePath()).value_or(QString());
+    const QString path = DrivePathOf(disk, file);
     return disk.FileExists(path) ? path : QString();
 }
 

@@ -63,7 +63,9 @@ int List(Session& session, const Output& out, const QCommandLineParser& options)
     if (options.isSet(u"where"_s))
         sql += u" WHERE "_s + options.value(u"where"_s);
     sql += u" ORDER BY "_s + (options.isSet(u"sort"_s) ? options.value(u"sort"_s) : u"CENTRALKEY"_s);
-    const auto rows = main.sources.datDatabook.Database().OpenRecordset(sql, engine::RecordsetType::Dynaset);
+    const auto rows = OpenTyped(main.sources.datDatabook.Database(), sql, out);
+    if (!rows)
+        return kUsage;
 
     std::vector<qint64> places(static_cast<std::size_t>(std::min(*limit, rows->RecordCount())));
     std::iota(places.begin(), places.end(), qint64{0});
@@ -88,7 +90,7 @@ int Show(Session& session, const Output& out, const QString& key, bool everythin
         if (wanted)
             facts.append({field.name, value});
     }
-    out.Facts(facts);
+    out.Facts(facts, KindOf);
     return kDone;
 }
 
@@ -118,7 +120,25 @@ void PrintComps(const Output& out, const engine::Recordset& rows, const std::vec
             line.append(text::Trim(value.toString()));
         table.append(line);
     }
-    out.Table(kListed, table);
+    QList<Kind> kinds;
+    for (const QString& field : kListed)
+        kinds.append(KindOf(field));
+    out.Table(kListed, table, kinds);
+}
+
+std::unique_ptr<engine::Recordset> OpenTyped(engine::Database& database, const QString& statement, const Output& out)
+{
+    try {
+        return database.OpenRecordset(statement, engine::RecordsetType::Dynaset);
+    } catch (const RuntimeError& failure) {
+        for (const int wrong : {error::kSyntax, error::kParameterUnknown, error::kTableUnknown, error::kFieldUnknown}) {
+            if (failure.Number() == wrong) {
+                out.Error(u"%1 (error %2)"_s.arg(failure.Description()).arg(wrong));
+                return nullptr;
+            }
+        }
+        throw;
+    }
 }
 
 int RunRecords(Session& session, const Output& out, const QStringList& arguments,

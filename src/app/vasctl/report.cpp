@@ -49,7 +49,7 @@ int Pages(Session& session, const Output& out)
         add(r.TabListing, page, r.txtListing, 3 * page + 1);
     for (int page = 0; page < 3; ++page)
         add(r.TabRental, page, r.txtRental, 3 * page + 1);
-    out.Table({u"tab"_s, u"page"_s, u"caption"_s, u"slots"_s}, rows);
+    out.Table({u"tab"_s, u"page"_s, u"caption"_s, u"slots"_s}, rows, {Kind::Text, Kind::Number});
     return kDone;
 }
 

@@ -86,4 +86,11 @@ shell::frm_Main& Session::WithReport()
     return main;
 }
 
+QString DrivePathOf(const files::Disk& disk, const QString& given)
+{
+    if (given.size() >= 2 && given[1] == u':' && given[0].isLetter())
+        return given;
+    return disk.ToDrivePath(QFileInfo(given).absoluteFilePath()).value_or(QString());
+}
+
 } // namespace vasclip::vasctl

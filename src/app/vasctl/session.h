@@ -60,8 +60,15 @@ private:
     bool m_report = false;
 };
 
+/// The drive path of a file or directory that is given as such or as the system writes it; "" for one that lies on
+/// none of the program's drives.
+[[nodiscard]] QString DrivePathOf(const files::Disk& disk, const QString& given);
 /// --limit: all records without one; nullopt, told, for one that is no number.
 [[nodiscard]] std::optional<qint64> LimitOf(const Output& out, const QCommandLineParser& options);
+/// Runs a statement that the user has typed, whole or in part. @return nullptr, told, for one that is wrong:
+/// it names no such column or table, or can't be read
+[[nodiscard]] std::unique_ptr<engine::Recordset> OpenTyped(engine::Database& database, const QString& statement,
+                                                           const Output& out);
 /// Records in short: key, city, type, area, price, sale date and front photo.
 /// @param places  of the records in `rows`, which has these fields
 void PrintComps(const Output& out, const engine::Recordset& rows, const std::vector<qint64>& places);

@@ -20,12 +20,18 @@ int RunSql(Session& session, const Output& out, const QStringList& arguments)
     // A connection of its own that cannot write, whatever the statement says (SELECT INTO among them).
     const auto database = session.Engine().OpenDatabase(main.globals.G_DataDir + main.globals.G_DataFile,
                                                         engine::OpenMode::ReadOnly);
-    const auto rows = database->OpenRecordset(arguments[0], engine::RecordsetType::Dynaset);
+    const auto rows = OpenTyped(*database, arguments[0], out);
+    if (!rows)
+        return kUsage;
     QStringList headings;
     QList<int> fields;
+    QList<Kind> kinds;
     for (qsizetype i = 0; i < rows->Fields().size(); ++i) {
         headings.append(rows->Fields()[i].name);
         fields.append(static_cast<int>(i));
+        const engine::FieldType type = rows->Fields()[i].type;
+        const bool counted = type >= engine::FieldType::Byte && type <= engine::FieldType::Double;
+        kinds.append(counted ? Kind::Number : KindOf(headings.last()));
     }
     QList<QStringList> table;
     for (qint64 row = 0; row < rows->RecordCount(); ++row) {
@@ -38,7 +44,7 @@ int RunSql(Session& session, const Output& out, const QStringList& arguments)
         }
         table.append(line);
     }
-    out.Table(headings, table);
+    out.Table(headings, table, kinds);
     return kDone;
 }
 

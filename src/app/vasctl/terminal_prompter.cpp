@@ -1,5 +1,7 @@
 #include "app/vasctl/terminal_prompter.h"
 
+#include "app/vasctl/shown_text.h"
+
 #include <QTextStream>
 
 #include <cstdio>
@@ -87,7 +89,7 @@ Answer TerminalPrompter::MsgBox(forms::Buttons buttons, forms::Icon, const QStri
     if (m_beforeBox)
         m_beforeBox();
     QTextStream err(stderr);
-    err << (title.isEmpty() ? QString() : title + u": "_s) << text << Qt::endl;
+    err << Visible(title.isEmpty() ? text : title + u": "_s + text) << Qt::endl;
     const QList<Answer> choices = ChoicesOf(buttons);
     if (choices.size() == 1)
         return choices.first();
@@ -103,7 +105,7 @@ Answer TerminalPrompter::Choose(const QList<Answer>& choices)
         const QString given = m_answers.takeFirst();
         if (const auto answer = Match(choices, given))
             return *answer;
-        err << u"The answer '%1' is none of the choices."_s.arg(given) << Qt::endl;
+        err << u"The answer '%1' is none of the choices."_s.arg(Visible(given)) << Qt::endl;
         return Cautious(choices);
     }
     if (m_standing == Standing::Yes) {
@@ -139,7 +141,7 @@ QString TerminalPrompter::OpenDialog(const QString&, const QString& title, const
     if (!m_interactive)
         return {};
     QTextStream err(stderr);
-    err << title << u": "_s << Qt::flush;
+    err << Visible(title) << u": "_s << Qt::flush;
     QTextStream in(stdin);
     return in.readLine();
 }

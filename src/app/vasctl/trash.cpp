@@ -18,7 +18,7 @@ int List(Session& session, const Output& out, const QString& trash)
     QList<QStringList> rows;
     for (const photos::TrashedFile& file : photos::TrashedFiles(session.Disk(), trash))
         rows.append({file.name, text::Dec(file.bytes), file.modified.toString(Qt::ISODate)});
-    out.Table({u"NAME"_s, u"BYTES"_s, u"SAVED"_s}, rows);
+    out.Table({u"NAME"_s, u"BYTES"_s, u"SAVED"_s}, rows, {Kind::Text, Kind::Number});
     return kDone;
 }
 
@@ -83,11 +83,15 @@ int RunTrash(Session& session, const Output& out, const QStringList& arguments,
 {
     const QString verb = arguments.value(0);
     auto& main = session.Main();
-    const QString trash = options.isSet(u"dir"_s) ? common::CkRSlash(options.value(u"dir"_s))
+    const QString trash = options.isSet(u"dir"_s) ? common::CkRSlash(DrivePathOf(session.Disk(), options.value(u"dir"_s)))
                                                   : photos::TrashDirectory(main.globals.G_CaptureDir);
     if (!photos::IsInTrashCan(trash)) {
         out.Error(u"%1 is no trash directory: its name is not TRASHCAN."_s.arg(trash));
         return kUsage;
+    }
+    if (options.isSet(u"dir"_s) && !session.Disk().DirExists(trash)) {
+        out.Error(u"There is no directory '%1', or it can't be reached."_s.arg(trash));
+        return kNotFound;
     }
     const photos::TrashDesk desk{session.Ports(), session.Disk(), main.globals};
     if (verb == u"list"_s && arguments.size() == 1)
