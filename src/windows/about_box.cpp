@@ -1,5 +1,6 @@
 #include "windows/about_box.h"
 
+#include "windows/fit_to_screen.h"
 #include "windows/icons.h"
 #include "windows/layout_parts.h"
 
@@ -94,6 +95,7 @@ AboutBox::AboutBox(const AboutText& text, QWidget* parent)
     const int width = std::max(least.width(), sizeHint().width());
     setMinimumHeight(rows->totalHeightForWidth(width));
     resize(width, std::max(least.height(), minimumHeight()));
+    FitToScreen(*this);
 }
 
 } // namespace vasclip::windows

@@ -1,5 +1,6 @@
 #include "windows/binder.h"
 
+#include "windows/announce.h"
 #include "windows/guard.h"
 #include "windows/icons.h"
 #include "windows/picture_view.h"
@@ -106,8 +107,14 @@ bool Binder::BindLabel(forms::Label& control, QWidget& widget)
         return false;
     label->setTextFormat(Qt::PlainText);
     const bool collapses = label->property("collapses").toBool(); // takes no room while it says nothing
-    const auto show = [&control, label, collapses] {
+    const bool message = control.Name() == "lblmsg"_L1;
+    if (message)
+        MakeAnnouncing(*label);
+    const auto show = [&control, label, collapses, message] {
+        const bool news = message && label->text() != control.Caption();
         label->setText(control.Caption());
+        if (news)
+            Announce(*label);
         if (collapses)
             label->setMaximumHeight(control.Caption().isEmpty() ? 0 : QWIDGETSIZE_MAX);
         const QString tone = ToneOf(control.Fore());

@@ -223,7 +223,7 @@ bool Binder::BindTabs(forms::TabControl& control, QWidget& widget)
             const bool dim = caption == kNotAvailable || !control.TabEnabled(page);
             if (bar->tabText(page) != caption)
                 bar->setTabText(page, caption);
-            const QColor colour = dim ? Theme::Colours().faint : QColor();
+            const QColor colour = dim ? Theme::Colours().absent : QColor();
             if (bar->tabTextColor(page) != colour)
                 bar->setTabTextColor(page, colour);
             if (bar->isTabEnabled(page) != control.TabEnabled(page))

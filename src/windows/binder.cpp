@@ -16,6 +16,7 @@
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
+#include <QToolButton>
 
 namespace vasclip::windows {
 
@@ -134,6 +135,10 @@ void Binder::ShowCommon(forms::Control& control, QWidget& widget)
     widget.setEnabled(control.Enabled());
     if (!control.ToolTipText().isEmpty())
         widget.setToolTip(control.ToolTipText());
+    // A picture to click on is called by its tip, unless the window has a name for it.
+    if (auto* sign = qobject_cast<QToolButton*>(&widget); sign != nullptr && sign->text().isEmpty() &&
+                                                          sign->accessibleName().isEmpty())
+        sign->setAccessibleName(control.ToolTipText());
     if (auto* view = qobject_cast<PictureView*>(&widget)) {
         view->SetShown(control.Visible());
     } else if (auto* menu = qobject_cast<QMenu*>(&widget)) {

@@ -38,6 +38,7 @@ ThumbGrid::ThumbGrid(QWidget* parent)
         label->setObjectName(u"lbltag_%1"_s.arg(i));
         label->setAlignment(Qt::AlignCenter);
         label->setProperty("role", u"tag"_s);
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         label->installEventFilter(this);
     }
 }

@@ -1,5 +1,7 @@
 #include "windows/columns_dialog.h"
 
+#include "windows/fit_to_screen.h"
+
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -80,6 +82,7 @@ ColumnsDialog::ColumnsDialog(const QList<forms::GridColumn>& columns, QWidget* p
     m_list->setCurrentRow(0);
     ShowState();
     m_list->setFocus();
+    FitToScreen(*this);
 }
 
 void ColumnsDialog::Move(int places)

@@ -10,13 +10,11 @@
 #include <QDialog>
 #include <QFrame>
 #include <QGridLayout>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QToolButton>
@@ -37,7 +35,6 @@ constexpr int kShortField = 20; ///< characters; two short fields share a line
 constexpr int kShortWidth = 76;
 constexpr int kDateWidth = 96;
 constexpr int kLongWidth = 150; ///< three columns fit a screen of 1280
-constexpr int kRoomAround = 48;  ///< of the screen, for the window's own frame
 constexpr int kNarrowest = 1120; ///< the phrases of the keys can be read
 constexpr int kWidest = 1300;    ///< boxes become no better to read beyond
 
@@ -283,7 +280,6 @@ void Layout_EntryScreen(QDialog& window, forms::Screen& screen)
         unseen->hide();
     }
 
-    const QSize room = window.screen()->availableSize() - QSize(kRoomAround, kRoomAround);
     PolishAll(window);
     const QMargins margins = rows->contentsMargins();
     const int around =
@@ -292,8 +288,7 @@ void Layout_EntryScreen(QDialog& window, forms::Screen& screen)
                                   std::max(kWidest, desk->minimumSizeHint().width() + around)),
                        rows->sizeHint().height() - scroller->sizeHint().height() +
                            desk->sizeHint().height() + 4);
-    const bool noDisplay = QGuiApplication::platformName() == "offscreen"_L1;
-    window.resize(noDisplay ? wanted : wanted.boundedTo(room)); // nothing bounds a picture of it
+    window.resize(wanted.boundedTo(RoomFor(window)));
     if (!entry.Boxes().empty())
         if (auto* first = desk->findChild<QWidget*>(entry.Boxes().front()->box.ObjectName()))
             first->setFocus();

@@ -108,8 +108,8 @@ void GuideView::Mark(const QString& words, bool next)
              found = document()->find(word, found)) {
             ExtraSelection mark;
             mark.cursor = found;
-            mark.format.setBackground(colours.selection);
-            mark.format.setForeground(colours.selectionText);
+            mark.format.setBackground(colours.tint);
+            mark.format.setForeground(colours.text);
             marks.append(mark);
         }
     }

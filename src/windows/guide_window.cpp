@@ -3,12 +3,12 @@
 #include "windows/guide.h"
 #include "windows/guide_view.h"
 #include "windows/icons.h"
+#include "windows/layout_parts.h"
 
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QScreen>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QSplitter>
@@ -49,6 +49,7 @@ GuideWindow::GuideWindow(QWidget* owner)
     setWindowModality(Qt::NonModal);
     setWindowIcon(ApplicationIcon());
 
+    m_view->setAccessibleName(tr("Page of the guide"));
     auto* column = new QWidget(this);
     BuildContents(*column);
     auto* parts = new QSplitter(this);
@@ -74,9 +75,7 @@ GuideWindow::GuideWindow(QWidget* owner)
         m_find->setFocus(Qt::ShortcutFocusReason);
         m_find->selectAll();
     });
-    const QSize room = screen()->availableSize() - QSize(40, 80);
-    const bool noDisplay = QGuiApplication::platformName() == QLatin1StringView("offscreen");
-    resize(noDisplay ? kSize : kSize.boundedTo(room));
+    resize(kSize.boundedTo(RoomFor(*this)));
     Find({});
     m_view->setFocus();
 }

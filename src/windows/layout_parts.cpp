@@ -7,11 +7,13 @@
 #include <QDialog>
 #include <QFont>
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -19,11 +21,27 @@ namespace vasclip::windows {
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace {
+
+constexpr int kFrameAcross = 8; ///< what a desktop puts around a window
+constexpr int kFrameDown = 36;
+
+} // namespace
+
 void PolishAll(const QWidget& window)
 {
     window.ensurePolished();
     for (const QWidget* widget : window.findChildren<QWidget*>())
         widget->ensurePolished();
+}
+
+QSize RoomFor(const QWidget& window)
+{
+    const QScreen* screen = window.screen();
+    const bool told = !screen->name().isEmpty(); // of a screen to play that it is there
+    if (QGuiApplication::platformName() == QLatin1StringView("offscreen") && !told)
+        return {QWIDGETSIZE_MAX, QWIDGETSIZE_MAX};
+    return screen->availableSize() - (window.isMaximized() ? QSize(0, 0) : QSize(kFrameAcross, kFrameDown));
 }
 
 QPushButton* MakeButton(QDialog& window, const QString& name)
@@ -157,6 +175,7 @@ QVBoxLayout* MakeLocations(QDialog& window)
     column->setSpacing(8);
     auto* list = new QListView(&window);
     list->setObjectName(QStringLiteral("lstcity"));
+    list->setAccessibleName(QDialog::tr("Locations"));
     list->setMinimumWidth(280);
     column->addWidget(MakeWords(window, QDialog::tr("&Locations"), "quiet", list));
     column->addWidget(list, 1);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSize>
 #include <QString>
 
 class QDialog;
@@ -21,6 +22,10 @@ class PictureView;
 
 /// Dresses a window that is built but not shown yet: before that its size hints are those of bare widgets.
 void PolishAll(const QWidget& window);
+
+/// How large a window may be on its screen, with its frame. A platform without a display bounds nothing, so that
+/// pictures are whole.
+[[nodiscard]] QSize RoomFor(const QWidget& window);
 
 /// A button that Return elsewhere does not press.
 [[nodiscard]] QPushButton* MakeButton(QDialog& window, const QString& name);

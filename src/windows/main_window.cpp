@@ -7,6 +7,7 @@
 #include "windows/guard.h"
 #include "windows/guide_window.h"
 #include "windows/icons.h"
+#include "windows/layout_parts.h"
 #include "windows/send_to_slot.h"
 #include "windows/slot_page.h"
 #include "windows/theme.h"
@@ -118,7 +119,10 @@ void MainWindow::BuildHeader()
         made->setToolTip(tip);
         made->setToolButtonStyle(words.isEmpty() ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
         made->setFocusPolicy(Qt::TabFocus);
-        made->setAccessibleName(tip);
+        if (words.isEmpty())
+            made->setAccessibleName(tip);
+        else
+            made->setAccessibleDescription(tip);
         line->addWidget(made);
         return made;
     };
@@ -301,7 +305,7 @@ void MainWindow::Decorate()
     m_ui->reportPane->setMinimumSize(520, 240);
     m_ui->recordPane->setMinimumSize(280, 200);
     m_ui->recordsPane->setMinimumSize(420, 160);
-    m_ui->browserPane->setMinimumSize(280, 160);
+    m_ui->browserPane->setMinimumHeight(160);
     m_ui->browserPane->setVisible(m_binder.Controls().Find(QStringLiteral("fraPics")) != nullptr);
     m_ui->bottomSplitter->setStretchFactor(0, 5);
     m_ui->bottomSplitter->setStretchFactor(1, 2);
@@ -447,11 +451,11 @@ void MainWindow::ResetLayout()
 
 void MainWindow::TakeFirstSize()
 {
-    const QRect room = screen()->availableGeometry();
-    if (QGuiApplication::platformName() == QLatin1StringView("offscreen"))
+    const QSize room = RoomFor(*this);
+    if (room.width() == QWIDGETSIZE_MAX)
         resize(1440, 900); // nothing stands in the way of a whole picture
     else
-        resize(std::min(1600, room.width() - 40), std::min(960, room.height() - 60));
+        resize(QSize(1600, 960).boundedTo(room - QSize(32, 24)));
 }
 
 void MainWindow::ResetSize()

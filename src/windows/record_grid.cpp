@@ -475,6 +475,7 @@ void RecordGrid::paintEvent(QPaintEvent* event)
         painter.setPen(QPen(Theme::Colours().accent, 2));
         painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
         // The column that the keys move and size.
+        painter.setPen(QPen(Theme::Colours().selectionText, 2));
         if (currentIndex().isValid())
             painter.drawRoundedRect(visualRect(currentIndex()).adjusted(1, 2, -2, -2), 3, 3);
     }

@@ -1,5 +1,6 @@
 #include "windows/screens.h"
 
+#include "windows/fit_to_screen.h"
 #include "windows/guard.h"
 #include "windows/icons.h"
 #include "windows/screen_layouts.h"
@@ -68,6 +69,7 @@ ScreenWindow::ScreenWindow(forms::Screen& screen, EventGuard& guard, QWidget* pa
         m_companion = std::make_unique<Binder>(companion->controls, guard);
         m_companion->Bind(*this);
     }
+    FitToScreen(*this);
 }
 
 QStringList ScreenWindow::Leftovers() const

@@ -1,6 +1,7 @@
 #include "windows/send_to_slot.h"
 
 #include "windows/drop_port.h"
+#include "windows/fit_to_screen.h"
 #include "windows/icons.h"
 #include "windows/slot_groups.h"
 
@@ -116,6 +117,7 @@ SendToSlotDialog::SendToSlotDialog(const QString& record, QList<SlotChoice> choi
     Filter(QString());
     m_filter->setFocus();
     resize(440, 480);
+    FitToScreen(*this);
 }
 
 void SendToSlotDialog::Filter(const QString& words)

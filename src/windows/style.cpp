@@ -4,11 +4,14 @@
 #include "windows/theme.h"
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMenu>
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOptionTab>
+#include <QToolTip>
 #include <QWidget>
 
 namespace vasclip::windows {
@@ -33,8 +36,8 @@ void DrawTabShape(const QStyleOptionTab& tab, QPainter& painter, bool pill)
     if (pill) {
         const QRectF box = QRectF(tab.rect).adjusted(2, 4, -2, -4);
         painter.setPen(QPen(selected ? colours.accent
-                            : hover  ? colours.borderStrong
-                                     : colours.border,
+                            : hover  ? colours.muted
+                                     : colours.field,
                             focus ? 2 : 1));
         painter.setBrush(selected ? QBrush(colours.accentSoft) : QBrush(Qt::NoBrush));
         painter.drawRoundedRect(box, box.height() / 2, box.height() / 2);
@@ -56,7 +59,7 @@ void DrawTabLabel(const QStyleOptionTab& tab, QPainter& painter, const QStyle& s
     const bool selected = tab.state & QStyle::State_Selected;
     QColor colour = selected ? colours.accent : colours.muted;
     if (tab.text == kNotAvailable || !(tab.state & QStyle::State_Enabled))
-        colour = colours.faint;
+        colour = colours.absent;
     else if (!selected && (tab.state & QStyle::State_MouseOver))
         colour = colours.text;
     painter.save();
@@ -113,6 +116,17 @@ void DrawIndicator(const QStyleOption& option, QPainter& painter, bool round)
     painter.restore();
 }
 
+/// The tip of a label that ends in dots and has no tip of its own.
+bool TellWhole(QObject* watched, const QHelpEvent& event)
+{
+    auto* label = qobject_cast<QLabel*>(watched);
+    if (label == nullptr || !label->toolTip().isEmpty() || label->wordWrap() ||
+        label->sizeHint().width() <= label->width())
+        return false;
+    QToolTip::showText(event.globalPos(), label->text(), label);
+    return true;
+}
+
 } // namespace
 
 TabStyle::TabStyle()
@@ -121,8 +135,10 @@ TabStyle::TabStyle()
     QCoreApplication::instance()->installEventFilter(this);
 }
 
-bool TabStyle::eventFilter(QObject*, QEvent* event)
+bool TabStyle::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::ToolTip)
+        return TellWhole(watched, *static_cast<QHelpEvent*>(event));
     const auto show = [this](bool shown) {
         if (std::exchange(m_keysShown, shown) == shown)
             return;
@@ -180,6 +196,20 @@ QSize TabStyle::sizeFromContents(ContentsType type, const QStyleOption* option, 
         return {words + icon + (pill ? 28 : 32), option->fontMetrics.height() + (pill ? 16 : 18)};
     }
     return QProxyStyle::sizeFromContents(type, option, size, widget);
+}
+
+/// One line that has no room for its words ends in dots; a tip has the whole (see eventFilter).
+void TabStyle::drawItemText(QPainter* painter, const QRect& room, int flags, const QPalette& palette, bool enabled,
+                            const QString& text, QPalette::ColorRole role) const
+{
+    if ((flags & Qt::TextWordWrap) == 0 && !text.contains(u'\n')) {
+        const QFontMetrics metrics = painter->fontMetrics();
+        const int shown = flags & (Qt::TextShowMnemonic | Qt::TextHideMnemonic);
+        if (metrics.size(shown, text).width() > room.width())
+            return QProxyStyle::drawItemText(painter, room, flags, palette, enabled,
+                                             metrics.elidedText(text, Qt::ElideRight, room.width(), shown), role);
+    }
+    QProxyStyle::drawItemText(painter, room, flags, palette, enabled, text, role);
 }
 
 int TabStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const

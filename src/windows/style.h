@@ -5,7 +5,7 @@
 namespace vasclip::windows {
 
 /// Fusion with tabs of our own: quiet words with a line under the current one, or pills (property "pills" of
-/// the bar). A page that reads "N/A" looks disabled and can still be clicked.
+/// the bar). A page that reads "N/A" looks quieter and can still be clicked. Words without room end in dots.
 class TabStyle : public QProxyStyle
 {
     Q_OBJECT
@@ -16,6 +16,8 @@ public:
                      const QWidget* widget) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
+    void drawItemText(QPainter* painter, const QRect& room, int flags, const QPalette& palette, bool enabled,
+                      const QString& text, QPalette::ColorRole role) const override;
     [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                          const QWidget* widget) const override;
     [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,

@@ -32,14 +32,17 @@ ThemeColours Light()
             .muted = Rgb(0x5a6675),
             .faint = Rgb(0xa3adb9),
             .icon = Rgb(0x3c4a5a),
+            .absent = Rgb(0x6b7784),
             .border = Rgb(0xd3dae2),
             .borderStrong = Rgb(0xa9b4c1),
+            .field = Rgb(0x7a8695),
             .accent = Rgb(0x0b6e75),
             .accentText = Rgb(0xffffff),
             .accentSoft = Rgb(0xdcf0f0),
             .alternate = Rgb(0xf7f9fb),
-            .selection = Rgb(0xcfe8e9),
-            .selectionText = Rgb(0x0f2b2e),
+            .selection = Rgb(0x1f8088),
+            .selectionText = Rgb(0xffffff),
+            .tint = Rgb(0xcfe8e9),
             .blue = Rgb(0x1d5fbf),
             .red = Rgb(0xb3261e),
             .green = Rgb(0x1e7b3a)};
@@ -55,14 +58,17 @@ ThemeColours Dark()
             .muted = Rgb(0x9eabba),
             .faint = Rgb(0x5f6c7b),
             .icon = Rgb(0xc3ccd7),
+            .absent = Rgb(0x8391a1),
             .border = Rgb(0x354150),
             .borderStrong = Rgb(0x55647a),
+            .field = Rgb(0x6b7a8f),
             .accent = Rgb(0x45c1bd),
             .accentText = Rgb(0x06282a),
             .accentSoft = Rgb(0x1d3d40),
             .alternate = Rgb(0x222a33),
-            .selection = Rgb(0x23555a),
-            .selectionText = Rgb(0xf0fafa),
+            .selection = Rgb(0x2f7d83),
+            .selectionText = Rgb(0xffffff),
+            .tint = Rgb(0x23555a),
             .blue = Rgb(0x7fb2ff),
             .red = Rgb(0xff8a80),
             .green = Rgb(0x7ad893)};
@@ -111,12 +117,12 @@ QMenu::item:selected { background: $accentSoft; color: $text; }
 QMenu::item:disabled { color: $faint; }
 QMenu::separator { height: 1px; background: $border; margin: 4px 8px; }
 QToolTip { background: $surface; color: $text; border: 1px solid $border; padding: 4px; }
-QLineEdit, QComboBox, QSpinBox, QPlainTextEdit { background: $surface; border: 1px solid $border; border-radius: 6px;
+QLineEdit, QComboBox, QSpinBox, QPlainTextEdit { background: $surface; border: 1px solid $field; border-radius: 6px;
   padding: 3px 8px; min-height: 20px; selection-background-color: $accent; selection-color: $accentText; }
-QLineEdit:hover, QComboBox:hover { border-color: $borderStrong; }
+QLineEdit:hover, QComboBox:hover { border-color: $muted; }
 QLineEdit:focus, QComboBox:focus, QSpinBox:focus, QPlainTextEdit:focus { border: 2px solid $accent; padding: 2px 7px; }
 QLineEdit:disabled, QComboBox:disabled, QLineEdit:read-only { background: $well; }
-QLineEdit:disabled, QComboBox:disabled { color: $faint; }
+QLineEdit:disabled, QComboBox:disabled { color: $faint; border-color: $border; }
 QComboBox QLineEdit, QComboBox QLineEdit:focus { border: none; padding: 0; min-height: 0; background: transparent; }
 QComboBox::drop-down { border: none; width: 22px; }
 QComboBox::down-arrow { image: url(:/icons/chevron-$mode.svg); width: 12px; height: 12px; }
@@ -137,7 +143,7 @@ QPushButton[primary="true"]:disabled, QPushButton:default:disabled { background:
 QPushButton[primary="true"]:focus, QPushButton:default:focus { border-color: $text; }
 QToolButton { background: transparent; border: 1px solid transparent; border-radius: 6px; padding: 4px; }
 QToolButton:hover { background: $accentSoft; }
-QToolButton:pressed { background: $selection; }
+QToolButton:pressed { background: $tint; }
 QToolButton:focus { border: 2px solid $accent; padding: 3px; }
 QToolButton:disabled { color: $faint; }
 QToolButton::menu-indicator { image: none; }
@@ -145,7 +151,7 @@ QFrame#reportPane, QFrame#recordPane, QFrame#recordsPane, QFrame#browserPane, QF
   border: 1px solid $border; border-radius: 10px; }
 QFrame[card="true"] { background: $surface; border: 1px solid $border; border-radius: 8px; }
 QFrame[found="true"] { background: $accentSoft; border-radius: 6px; }
-QTableView, QListView { background: $surface; alternate-background-color: $alternate; border: 1px solid $border;
+QTableView, QListView { background: $surface; alternate-background-color: $alternate; border: 1px solid $field;
   border-radius: 6px; outline: none; selection-background-color: $selection;
   selection-color: $selectionText; }
 QListView { padding: 1px; }
@@ -163,7 +169,7 @@ QSplitter::handle { background: transparent; }
 QSplitter::handle:hover { background: $accentSoft; }
 QProgressBar { background: $well; border: 1px solid $border; border-radius: 6px; text-align: center;
   color: $text; min-height: 16px; max-height: 16px; }
-QProgressBar::chunk { background: $selection; border-radius: 5px; }
+QProgressBar::chunk { background: $tint; border-radius: 5px; }
 QScrollBar:vertical { background: transparent; width: 12px; margin: 0; }
 QScrollBar:horizontal { background: transparent; height: 12px; margin: 0; }
 QScrollBar::handle { background: $borderStrong; border-radius: 4px; margin: 2px; }
@@ -197,6 +203,8 @@ QFrame[dropHover="true"], QLabel[dropHover="true"] { border: 2px solid $accent; 
         {"$accentText", c.accentText.name()},
         {"$accentHover", hover.name()},
         {"$accent", c.accent.name()},
+        {"$field", c.field.name()},
+        {"$tint", c.tint.name()},
         {"$selectionText", c.selectionText.name()},
         {"$selection", c.selection.name()},
         {"$borderStrong", c.borderStrong.name()},

@@ -13,9 +13,12 @@ struct ThemeColours
 {
     QColor window, surface, well, photoGround;
     QColor text, muted, faint, icon;
+    QColor absent; ///< words that can be chosen all the same: the tab of a page that the report lacks
     QColor border, borderStrong;
+    QColor field; ///< the edge of what is typed into or chosen from
     QColor accent, accentText, accentSoft;
     QColor alternate, selection, selectionText;
+    QColor tint; ///< a mark under words, what a bar is filled with
     QColor blue, red, green;
 };
 

@@ -6,6 +6,10 @@ bin=$1 home=$2 pictures=$3
 shift 3
 sockets=$(mktemp -d)
 trap 'rm -rf "$sockets"' EXIT
+if [ -n "${VASCLIP_TOUR_THEME:-}" ]; then # 1 light, 2 dark
+    printf '[view]\ntheme=%s\n' "$VASCLIP_TOUR_THEME" > "$home/window.ini"
+    trap 'rm -rf "$sockets" "$home/window.ini"' EXIT
+fi
 rm -rf "$pictures"
 "$bin/vasclip" --home "$home" --socket "$sockets/kel.sock" --tour "$pictures" "$@"
 test -s "$pictures/report.json"

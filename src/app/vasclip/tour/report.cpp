@@ -124,6 +124,11 @@ bool RefreshReport(const Stage& stage)
     stage.tour.Shoot(stage.window, u"general"_s);
     const bool views = !main.NativeFileOf(main.slots.imaGeneral(1)).isEmpty() &&
                        !main.report.cboGeneral(1).Text().isEmpty();
+    for (const int listingsOrRentals : {3, 4}) {
+        main.report.TabData.SetTab(listingsOrRentals);
+        Settle();
+        stage.tour.Check(stage.window);
+    }
     main.report.TabData.SetTab(1);
     stage.tour.Shoot(stage.window, u"refreshed"_s);
     return !main.addr.txtKelReport.Text().isEmpty() && views;

@@ -4,6 +4,7 @@
 
 #include <QDialog>
 #include <QLineEdit>
+#include <QListWidget>
 
 namespace vasclip::app {
 
@@ -17,6 +18,14 @@ bool GridLayouts(const Stage& stage)
 bool Settings(const Stage& stage)
 {
     return LookAt(stage, u"Setup > Configuration"_s, u"settings"_s, [&](QWidget& dialog) {
+        if (auto* pages = dialog.findChild<QListWidget*>(u"SSConfig"_s)) {
+            for (int page = 0; page < pages->count(); ++page) {
+                pages->setCurrentRow(page);
+                Settle(30);
+                stage.tour.Check(dialog);
+            }
+            pages->setCurrentRow(0);
+        }
         auto* search = dialog.findChild<QLineEdit*>(u"txtFind"_s);
         if (!search)
             return;

@@ -1,6 +1,8 @@
 #include "app/vasclip/tour/tour.h"
 
+#include "app/vasclip/tour/reach.h"
 #include "app/vasclip/tour/steps.h"
+#include "windows/layout_parts.h"
 #include "windows/screens.h"
 
 #include <QApplication>
@@ -93,6 +95,14 @@ void Tour::Shoot(QWidget& window, const QString& name)
     // Without the alpha channel, which a window has no use for, the file is smaller.
     if (!window.grab().toImage().convertToFormat(QImage::Format_RGB888).save(m_directory.filePath(file)))
         Fail(u"The picture %1 could not be written."_s.arg(file));
+    Check(window);
+}
+
+void Tour::Check(const QWidget& window)
+{
+    const QStringList found = OutOfReach(window);
+    for (const QString& line : found)
+        Fail(u"In the step \"%1\", %2: %3."_s.arg(m_playing, window.objectName(), line));
 }
 
 void Tour::TellOf(QWidget& stranger)
@@ -163,7 +173,7 @@ bool Tour::StartFormsProgram(const files::Disk& disk, const QString& socketPath)
 
 bool Tour::Play(shell::frm_Main& main, QWidget& window, const LinkRecorder& recorder)
 {
-    window.resize(1366, 768);
+    window.resize(QSize(1366, 768).boundedTo(windows::RoomFor(window)));
     const Stage stage{*this, main, window, recorder};
     for (const TourStep& step : TourSteps()) {
         m_playing = step.name;

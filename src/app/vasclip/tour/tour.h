@@ -36,6 +36,8 @@ public:
     void Step(const QString& text);                   ///< a line of steps.txt, and of the terminal
     bool Fail(const QString& text);                   ///< the same; the tour has failed. @return false
     void Shoot(QWidget& window, const QString& name); ///< DIR/NN-name.png
+    /// Fails for what can't be reached, read or heard of a window; of each that a picture is taken of too.
+    void Check(const QWidget& window);
     /// The same, of the other program's window; it turns to a page first, "" for the one on show.
     void ShootFormsProgram(const QString& name, const QString& page = {});
 

@@ -1,0 +1,44 @@
+#include "forms/controls.h"
+#include "support/scripted_ports.h"
+#include "windows/binder.h"
+#include "windows/guard.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QDialog>
+#include <QLabel>
+
+namespace vasclip::windows {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+TEST(Announce, TheLineOfMessagesIsOneThatAScreenReaderSpeaks)
+{
+    tests::ScriptedPrompter prompter;
+    EventGuard guard(prompter, {});
+    forms::ControlSet controls;
+    forms::Label message(controls, u"lblmsg"_s);
+    forms::Label other(controls, u"lblCount"_s);
+    QDialog window;
+    auto* line = new QLabel(&window);
+    line->setObjectName(u"lblmsg"_s);
+    auto* count = new QLabel(&window);
+    count->setObjectName(u"lblCount"_s);
+    Binder binder(controls, guard);
+    binder.Bind(window);
+    window.show();
+    other.SetCaption(u"3 photos"_s);
+    message.Show(u"2 comps were sent."_s, forms::Colour::Blue);
+    const auto* heard = QAccessible::queryAccessibleInterface(line);
+    ASSERT_NE(heard, nullptr);
+    EXPECT_EQ(heard->role(), QAccessible::AlertMessage);
+    EXPECT_EQ(heard->text(QAccessible::Name), u"2 comps were sent."_s);
+    message.Show(u"Done."_s, forms::Colour::Blue);
+    EXPECT_EQ(heard->text(QAccessible::Name), u"Done."_s);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(count)->role(), QAccessible::StaticText);
+}
+
+} // namespace
+} // namespace vasclip::windows
