@@ -161,8 +161,10 @@ TEST_F(Program, ImagesAreSetListedAndCleared)
     EXPECT_EQ(
         m_program.Request(kSystem, u"IMAGES"_s),
         u"SUB_1_3X5|;SUB_2_3X5|;SUB_3_3X5|;CMP_1_3X5|C:\\VASCLIPS\\JPG\\12345678.jpg;CMP_2_3X5|;CMP_3_3X5|;"_s);
-    m_program.Execute(kSystem, u"[RunMacro( SetImage \"CMP_1_\", \"\" ) ]\r"_s);
+    m_program.Execute(kSystem, u"[RunMacro( SetImage \"CMP_1_3X5\", \"\" ) ]\r"_s);
     EXPECT_TRUE(smith.Images().isEmpty());
+    EXPECT_EQ(Refusal([this] { m_program.Execute(kSystem, u"[RunMacro( SetImage \"CMP_1_\", \"\" ) ]\r"_s); }),
+              u"The report SMITH.RPT has no image object \"CMP_1_\""_s);
     EXPECT_EQ(
         Refusal([this] { m_program.Execute(kSystem, u"[RunMacro( SetImage \"CMP_4_3X5\", \"\" ) ]\r"_s); }),
         u"The report SMITH.RPT has no image object \"CMP_4_3X5\""_s);
@@ -213,7 +215,7 @@ TEST_F(Program, SwapExchangesTwoWholeColumns)
 
 TEST_F(Program, AMacroThatCannotBeDoneWholeDoesNothing)
 {
-    Report& smith = m_reports.Open(m_home.MakeReportOf(u"smith"_s, {u"UA5"_s, u"SUBPHOTO"_s}, {}));
+    m_reports.Open(m_home.MakeReportOf(u"smith"_s, {u"UA5"_s, u"SUBPHOTO"_s}, {}));
     const auto swap = [this](const QString& numbers) {
         return Refusal([&] {
             m_program.Execute(
@@ -226,11 +228,48 @@ TEST_F(Program, AMacroThatCannotBeDoneWholeDoesNothing)
     EXPECT_TRUE(swap(u"2,11"_s).startsWith(u"SWAPCOMPS takes numbers from 2 to 10"_s));
     EXPECT_TRUE(swap(u"2"_s).startsWith(u"SWAPCOMPS takes two numbers"_s));
     EXPECT_TRUE(swap(u"2,99999999999999"_s).startsWith(u"SWAPCOMPS takes numbers from 2 to 10"_s));
-    EXPECT_FALSE(smith.Variable(u"LASTCOMPTYPE"_s));
+    EXPECT_EQ(m_program.Request(kSystem, u"LASTCOMPTYPE"_s), u"MACRO(GETREQUEST$(\"LASTCOMPTYPE\"))"_s);
     EXPECT_EQ(Refusal([this] { m_program.Execute(kSystem, u"[RunMacro(Format \"C:\")]"_s); }),
               u"\"FORMAT\" is no statement (character 11)"_s);
     EXPECT_EQ(Refusal([this] { m_program.Execute(kSystem, u"[RunMacro(SetRequest \"A\", Shell$(ls))]"_s); }),
               u"\"SHELL$\" is no function (character 27)"_s);
+}
+
+TEST_F(Program, VariablesAreTheProgramsAndLeaveAReportAsItIs)
+{
+    Report& smith = OpenSmith({{u"UA5|3|1"_s, u"7 Elm St"_s}});
+    m_program.Execute(kSmith, u"[RunMacro( SetRequest \"Mine\", \"1\")]"_s);
+    m_program.Execute(kSystem, u"[RunMacro( SetRequest \"IMAGES\",  GetImages$(1))]"_s);
+    m_program.Execute(kSystem, u"[RunMacro(ADDPLUS.BAS)]\r"_s);
+    EXPECT_FALSE(smith.Modified());
+    EXPECT_FALSE(smith.ToJson().contains("Mine"));
+    m_reports.Open(m_home.MakeReport(u"jones"_s, u"CN2"_s));
+    EXPECT_EQ(m_program.Request(kSystem, u"mine"_s), u"1"_s) << "another report is in front";
+    m_reports.Close(u"JONES.RPT"_s);
+    m_reports.Close(u"SMITH.RPT"_s);
+    EXPECT_EQ(m_program.Request(kSystem, u"MINE"_s), u"1"_s);
+}
+
+TEST_F(Program, HabitsOfOtherFormsPrograms)
+{
+    const auto with = [this](Habits habits) {
+        return FormsProgram(m_reports, m_disk, u"C:\\APPRAISE\\KEL.INI"_s, habits);
+    };
+    FormsProgram blank = with({.blankForNone = true});
+    EXPECT_EQ(blank.Request(kQuery, u"ActiveReports"_s), QString());
+    FormsProgram null = with({.noValue = Habits::NoValue::Null});
+    FormsProgram tail = with({.noValue = Habits::NoValue::Tail});
+    FormsProgram bare = with({.bareLists = true});
+    EXPECT_EQ(bare.Request(kQuery, u"ActiveReports"_s), u"none"_s);
+    m_reports.Open(m_home.MakeReportOf(u"smith"_s, {u"UA5"_s, u"SUBPHOTO"_s}, {{u"UA5|3|1"_s, u"7 Elm St"_s}}));
+    EXPECT_EQ(bare.Request(kQuery, u"ActiveReports"_s), u"SMITH.RPT"_s);
+    EXPECT_EQ(bare.Request(kSmith, u"ListForms"_s), u"UA5,SUBPHOTO"_s);
+    EXPECT_EQ(blank.Request(kQuery, u"ActiveReports"_s), u"SMITH.RPT,"_s);
+    for (const QString& name : {u"SC_1"_s, u"City"_s, u"Whatever"_s}) {
+        EXPECT_EQ(null.Request(kSystem, name), u"NULL"_s) << name.toStdString();
+        EXPECT_EQ(tail.Request(kSystem, name), u"ERAL)"_s) << name.toStdString();
+    }
+    EXPECT_EQ(null.Request(kSystem, u"Address"_s), u"7 Elm St"_s);
 }
 
 TEST_F(Program, CompForm)
@@ -274,7 +313,7 @@ TEST_F(Program, ImagesAreListedForEveryPageAndForNothingElse)
     for (const QString& pages : {u""_s, u"0"_s, u"2"_s, u"-1"_s, u"01"_s, u"1 1"_s, u"\"1\""_s, u"all"_s,
                                  u"99999999999999999999"_s})
         EXPECT_EQ(ask(pages), u"GETIMAGES$ takes 1, for every page (character 34)"_s) << pages.toStdString();
-    EXPECT_FALSE(smith.Variable(u"IMAGES"_s)) << "a refused macro leaves nothing behind";
+    EXPECT_EQ(m_program.Request(kSystem, u"IMAGES"_s), u"MACRO(GETREQUEST$(\"IMAGES\"))"_s) << "a refused macro leaves nothing behind";
     EXPECT_EQ(ask(u" 1 "_s), QString());
     EXPECT_EQ(m_program.Request(kSystem, u"IMAGES"_s).count(u';'), smith.Objects().size());
     EXPECT_TRUE(Refusal([this] {

@@ -35,6 +35,29 @@ const QCommandLineOption kGarbage(u"garbage-after"_s, u"Fault: garbage after N a
 const QCommandLineOption kDie(u"die-after"_s, u"Fault: half an answer after N answers, then the end."_s,
                               u"N"_s);
 const QCommandLineOption kNever(u"never-answer"_s, u"Fault: listen and be silent."_s);
+const QCommandLineOption kBareLists(u"bare-lists"_s, u"Habit: lists end without their last comma."_s);
+const QCommandLineOption kBlankForNone(u"blank-for-none"_s,
+                                       u"Habit: with no report open the list of reports is blank, not \"none\"."_s);
+const QCommandLineOption kNoValue(u"no-value"_s,
+                                  u"Habit: what a variable without a value is answered with: echo, null or eral."_s,
+                                  u"WORD"_s, u"echo"_s);
+
+/// Complains and returns false for another word.
+bool ReadHabits(const QCommandLineParser& parser, Habits& habits)
+{
+    habits.bareLists = parser.isSet(kBareLists);
+    habits.blankForNone = parser.isSet(kBlankForNone);
+    const QString word = parser.value(kNoValue);
+    if (word == u"null"_s)
+        habits.noValue = Habits::NoValue::Null;
+    else if (word == u"eral"_s)
+        habits.noValue = Habits::NoValue::Tail;
+    else if (word != u"echo"_s) {
+        std::fprintf(stderr, "kelforms: --no-value takes echo, null or eral, not \"%s\"\n", qPrintable(word));
+        return false;
+    }
+    return true;
+}
 
 /// A count from 0; complains and returns false for anything else.
 bool ReadCount(const QCommandLineParser& parser, const QCommandLineOption& option, int& into)
@@ -62,7 +85,8 @@ std::optional<Options> ReadOptions(const QStringList& arguments, int& exitCode)
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     parser.addOptions({kHeadless, kHome, kSocket, kIni, kSaveOnExit, kLog, kDark, kPage, kScreenshot,
-                       kTourDir, kDelay, kGarbage, kDie, kNever});
+                       kTourDir, kDelay, kGarbage, kDie, kNever,
+                       kBareLists, kBlankForNone, kNoValue});
     parser.addPositionalArgument(u"report"_s, u"Report files to open, by a path of the system or of a drive of the home; the first is the active one."_s,
                                  u"[report...]"_s);
     exitCode = 2;
@@ -89,7 +113,7 @@ std::optional<Options> ReadOptions(const QStringList& arguments, int& exitCode)
     options.tourDir = parser.value(kTourDir);
     options.reports = parser.positionalArguments();
     options.faults.neverAnswer = parser.isSet(kNever);
-    if (!ReadCount(parser, kDelay, options.faults.delayMs) ||
+    if (!ReadHabits(parser, options.habits) || !ReadCount(parser, kDelay, options.faults.delayMs) ||
         !ReadCount(parser, kGarbage, options.faults.garbageAfter) ||
         !ReadCount(parser, kDie, options.faults.dieAfter))
         return std::nullopt;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kelforms/core/forms_program.h"
 #include "platform/conduit/link_server.h"
 
 #include <QString>
@@ -24,6 +25,7 @@ struct Options
     QString tourDir;
     QStringList reports;
     vasclip::conduit::LinkFaults faults;
+    Habits habits;
 };
 
 /// @param exitCode  set when there is nothing to run: help and version were printed, or the line was wrong

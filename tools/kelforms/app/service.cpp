@@ -49,7 +49,7 @@ bool IsDrivePath(const QString& path)
 Service::Service(const Options& options)
     : m_options(options)
     , m_disk(RequireHome(options.home))
-    , m_program(m_reports, m_disk, FindIni(m_disk, options.iniFile))
+    , m_program(m_reports, m_disk, FindIni(m_disk, options.iniFile), options.habits)
 {
     if (!options.logFile.isEmpty()) {
         m_log.setFileName(options.logFile);

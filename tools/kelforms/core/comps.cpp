@@ -176,8 +176,8 @@ void SwapComps(Reports& reports, Report& report, int a, int b)
             reports.SwapCells(report, Key(columnA.page, lineA.row, lineA.adjusts[columnA.place]),
                               Key(columnB.page, lineB.row, lineB.adjusts[columnB.place]));
     }
-    const QString objectA = report.FindObject(u"CMP_%1_"_s.arg(a));
-    const QString objectB = report.FindObject(u"CMP_%1_"_s.arg(b));
+    const QString objectA = report.ObjectOf(u"CMP_%1_"_s.arg(a));
+    const QString objectB = report.ObjectOf(u"CMP_%1_"_s.arg(b));
     if (objectA.isEmpty() || objectB.isEmpty())
         return;
     const QString imageA = report.Image(objectA);

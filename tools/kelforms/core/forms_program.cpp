@@ -43,12 +43,6 @@ bool IsGeneral(const QString& name)
     return Same(name, "System"_L1) || Same(name, "Query"_L1);
 }
 
-/// What is answered for a variable that nobody has set: the question itself.
-QString Echo(const QString& name)
-{
-    return u"MACRO(GETREQUEST$(\"%1\"))"_s.arg(name);
-}
-
 QString SubjectField(const Report& report, QLatin1StringView field)
 {
     const auto* page = report.Layout(report.MainForm());
@@ -150,10 +144,11 @@ void CheckCall(const MacroValue& call)
 
 } // namespace
 
-FormsProgram::FormsProgram(Reports& reports, const vasclip::files::Disk& disk, QString iniFile)
+FormsProgram::FormsProgram(Reports& reports, const vasclip::files::Disk& disk, QString iniFile, Habits habits)
     : m_reports(reports)
     , m_disk(disk)
     , m_iniFile(std::move(iniFile))
+    , m_habits(habits)
 {}
 
 QString FormsProgram::Request(const QString& topic, const QString& item)
@@ -169,7 +164,7 @@ QString FormsProgram::Request(const QString& topic, const QString& item)
     if (Same(item.trimmed(), "UserID"_L1))
         return qEnvironmentVariable("USER", u"appraiser"_s);
     if (Same(item.trimmed(), "ListForms"_L1))
-        return report->Forms().join(u',') + u',';
+        return List(report->Forms());
     return ReadCell(*report, item);
 }
 
@@ -218,48 +213,60 @@ Report* FormsProgram::ReportOf(const QString& topic) const
 
 QString FormsProgram::ActiveReports() const
 {
-    QString names;
+    QStringList names;
     for (const auto& report : m_reports.All())
-        names += report->Name() + u',';
-    return names.isEmpty() ? u"none"_s : names;
+        names.append(report->Name());
+    if (names.isEmpty())
+        return m_habits.blankForNone ? QString() : u"none"_s;
+    return List(names);
 }
 
-QString FormsProgram::Variable(const QString& name) const
+QString FormsProgram::List(const QStringList& names) const
 {
-    const Report* report = m_reports.Active();
-    if (report != nullptr) {
-        if (const std::optional<QString> value = report->Variable(name))
-            return *value;
-        for (const SubjectRow& row : kSubjectVariables) {
-            if (Same(name, row.variable))
-                return SubjectField(*report, row.field);
-        }
-        for (const CaptionRow& row : kCaptions) {
-            const int comp = name.startsWith(row.prefix, Qt::CaseInsensitive) ? name.mid(3).toInt() : 0;
-            const QString caption = comp >= 1 && comp <= row.count
-                                        ? report->Cell(AddressCell(*report, row.group, comp))
-                                        : QString();
-            if (!caption.isEmpty())
-                return caption;
-        }
-    }
-    for (auto it = m_variables.cbegin(); it != m_variables.cend(); ++it) {
-        if (it.key().compare(name, Qt::CaseInsensitive) == 0)
-            return it.value();
+    return m_habits.bareLists ? names.join(u',') : names.join(u',') + u',';
+}
+
+QString FormsProgram::NoValueOf(const QString& name) const
+{
+    switch (m_habits.noValue) {
+    case Habits::NoValue::Null:
+        return u"NULL"_s;
+    case Habits::NoValue::Tail:
+        return u"ERAL)"_s;
+    case Habits::NoValue::Echo:
+        break;
     }
     for (const SubjectRow& row : kSubjectVariables) {
         if (Same(name, row.variable))
             return {};
     }
-    return Echo(name);
+    return u"MACRO(GETREQUEST$(\"%1\"))"_s.arg(name);
 }
 
-void FormsProgram::SetVariable(Report* report, const QString& name, const QString& value)
+QString FormsProgram::Variable(const QString& name) const
 {
-    if (report != nullptr)
-        report->SetVariable(name, value);
-    else
-        m_variables.insert(name.toUpper(), value);
+    if (const auto set = m_variables.constFind(name.toUpper()); set != m_variables.cend())
+        return *set;
+    const Report* report = m_reports.Active();
+    if (report == nullptr)
+        return NoValueOf(name);
+    if (const std::optional<QString> value = report->Variable(name))
+        return *value;
+    for (const SubjectRow& row : kSubjectVariables) {
+        if (!Same(name, row.variable))
+            continue;
+        const QString value = SubjectField(*report, row.field);
+        return value.isEmpty() ? NoValueOf(name) : value;
+    }
+    for (const CaptionRow& row : kCaptions) {
+        const int comp = name.startsWith(row.prefix, Qt::CaseInsensitive) ? name.mid(3).toInt() : 0;
+        const QString caption = comp >= 1 && comp <= row.count
+                                    ? report->Cell(AddressCell(*report, row.group, comp))
+                                    : QString();
+        if (!caption.isEmpty())
+            return caption;
+    }
+    return NoValueOf(name);
 }
 
 QString FormsProgram::ReadCell(const Report& report, const QString& item) const
@@ -329,9 +336,9 @@ void FormsProgram::Check(const Report* report, const MacroStatement& statement) 
 void FormsProgram::Run(Report* report, const MacroStatement& statement)
 {
     if (statement.keyword == u"SETREQUEST"_s)
-        SetVariable(report, statement.values[0].text, ValueOf(report, statement.values[1]));
+        m_variables.insert(statement.values[0].text.toUpper(), ValueOf(report, statement.values[1]));
     else if (statement.keyword == u"INITENVIRONMENT"_s)
-        SetVariable(report, u"ENVIRONMENT"_s, statement.values[0].text);
+        m_variables.insert(u"ENVIRONMENT"_s, statement.values[0].text);
     else if (statement.keyword == u"SETIMAGE"_s)
         m_reports.SetImage(*report, report->FindObject(statement.values[0].text), statement.values[1].text);
     else if (statement.keyword == u"SWAPCOMPS"_s)

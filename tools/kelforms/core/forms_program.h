@@ -9,6 +9,19 @@
 
 namespace kelforms {
 
+/// What forms programs have been seen to answer where nothing says what they must.
+struct Habits
+{
+    enum class NoValue {
+        Echo, ///< the question: MACRO(GETREQUEST$("SC_1"))
+        Null, ///< NULL
+        Tail, ///< ERAL), what is left of a question that was cut
+    };
+    NoValue noValue = NoValue::Echo; ///< for a variable that has no value
+    bool bareLists = false;          ///< lists end without their last comma
+    bool blankForNone = false;       ///< no report open: a blank answer in place of "none"
+};
+
 /// What the forms program answers on the link: reports, cells, variables and macros.
 ///
 /// Whatever it does not understand it refuses in words (RuntimeError 285) and changes nothing.
@@ -16,7 +29,7 @@ class FormsProgram final : public vasclip::conduit::LinkHandler
 {
 public:
     /// @param iniFile  drive path of KEL.INI; it names the directory of the scripts
-    FormsProgram(Reports& reports, const vasclip::files::Disk& disk, QString iniFile);
+    FormsProgram(Reports& reports, const vasclip::files::Disk& disk, QString iniFile, Habits habits = {});
 
     [[nodiscard]] QString Request(const QString& topic, const QString& item) override;
     void Poke(const QString& topic, const QString& item, const QString& text) override;
@@ -30,7 +43,8 @@ private:
     [[nodiscard]] Report* ReportOf(const QString& topic) const;
     [[nodiscard]] QString ActiveReports() const;
     [[nodiscard]] QString Variable(const QString& name) const;
-    void SetVariable(Report* report, const QString& name, const QString& value);
+    [[nodiscard]] QString List(const QStringList& names) const;
+    [[nodiscard]] QString NoValueOf(const QString& name) const;
     [[nodiscard]] QString ReadCell(const Report& report, const QString& item) const;
 
     void Run(Report* report, const QList<MacroStatement>& statements);
@@ -42,7 +56,8 @@ private:
     Reports& m_reports;
     const vasclip::files::Disk& m_disk;
     QString m_iniFile;
-    QMap<QString, QString> m_variables; ///< set while no report is open
+    Habits m_habits;
+    QMap<QString, QString> m_variables; ///< by upper-cased name; they are the program's, not a report's
 };
 
 } // namespace kelforms

@@ -137,8 +137,9 @@ Report Report::FromJson(const QByteArray& json, const QString& nativePath)
         const QString code = form.toString().toUpper();
         if (!IsToken(code))
             NoReport(nativePath, u"form %1 is no form code"_s.arg(report.m_forms.size() + 1));
-        if (report.m_forms.contains(code))
+        if (report.m_codes.contains(code))
             NoReport(nativePath, u"the form %1 is there twice"_s.arg(code));
+        report.m_codes.insert(code);
         report.m_forms.append(code);
     }
     if (report.m_forms.isEmpty())
@@ -243,13 +244,13 @@ QStringList Report::Objects() const
 QString Report::FindObject(const QString& name) const
 {
     const QString wanted = name.trimmed().toUpper();
-    const QStringList objects = Objects();
-    if (objects.contains(wanted))
-        return wanted;
-    if (!wanted.endsWith(u'_'))
-        return {};
-    for (const QString& object : objects) {
-        if (object.startsWith(wanted))
+    return Objects().contains(wanted) ? wanted : QString();
+}
+
+QString Report::ObjectOf(const QString& prefix) const
+{
+    for (const QString& object : Objects()) {
+        if (object.startsWith(prefix))
             return object;
     }
     return {};
@@ -271,19 +272,6 @@ std::optional<QString> Report::Variable(const QString& name) const
             return it.value();
     }
     return std::nullopt;
-}
-
-void Report::SetVariable(const QString& name, const QString& value)
-{
-    for (auto it = m_variables.begin(); it != m_variables.end(); ++it) {
-        if (it.key().compare(name, Qt::CaseInsensitive) == 0) {
-            m_modified = m_modified || *it != value;
-            *it = value;
-            return;
-        }
-    }
-    m_variables.insert(name, value);
-    m_modified = true;
 }
 
 } // namespace kelforms

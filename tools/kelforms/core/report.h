@@ -4,6 +4,7 @@
 
 #include <QJsonObject>
 #include <QMap>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -50,10 +51,7 @@ public:
     [[nodiscard]] const QString& Path() const { return m_path; }
     [[nodiscard]] const QStringList& Forms() const { return m_forms; }
     [[nodiscard]] QString MainForm() const { return m_forms.value(0); }
-    [[nodiscard]] bool HasForm(const QString& code) const
-    {
-        return m_forms.contains(code, Qt::CaseInsensitive);
-    }
+    [[nodiscard]] bool HasForm(const QString& code) const { return m_codes.contains(code.toUpper()); }
     [[nodiscard]] bool Modified() const { return m_modified; }
 
     /// The layout of one of its pages; nullptr for a page that the forms book does not know.
@@ -69,20 +67,23 @@ public:
 
     /// Every image object of its pages, in the order of the pages.
     [[nodiscard]] QStringList Objects() const;
-    /// The object that a name means: itself without regard to case, or the one that a name without a size
-    /// ("CMP_1_") begins. "" for none.
+    /// The object that a name means, without regard to case. "" for none: a name without its size ("CMP_1_") is
+    /// none either.
     [[nodiscard]] QString FindObject(const QString& name) const;
+    /// The object of a comp's or a view's picture, whatever its size: the one that "CMP_1_" begins. "" for none.
+    [[nodiscard]] QString ObjectOf(const QString& prefix) const;
     [[nodiscard]] QString Image(const QString& object) const { return m_images.value(object); }
     void SetImage(const QString& object, const QString& path);
     [[nodiscard]] const QMap<QString, QString>& Images() const { return m_images; }
 
-    /// Variables are named without regard to case.
+    /// What the file gives a variable, named without regard to case. No program changes it: what is set over the
+    /// link belongs to the forms program.
     [[nodiscard]] std::optional<QString> Variable(const QString& name) const;
-    void SetVariable(const QString& name, const QString& value);
 
 private:
     QString m_name, m_path;
     QStringList m_forms;
+    QSet<QString> m_codes; ///< of m_forms; a report may have a great many
     QMap<QString, QString> m_cells, m_images, m_variables;
     QJsonObject m_rest;
     bool m_modified = false;

@@ -227,7 +227,7 @@ QStringList ObjectsBeside(const Report& report, const QString& pageCode)
         return {};
     QStringList objects;
     const auto add = [&](const QString& prefix) {
-        if (const QString object = report.FindObject(prefix); !object.isEmpty())
+        if (const QString object = report.ObjectOf(prefix); !object.isEmpty())
             objects.append(object);
     };
     add(u"SUB_1_"_s);
