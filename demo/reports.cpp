@@ -137,13 +137,13 @@ private:
     [[nodiscard]] QString ValueOf(const Comp& record, const formsbook::MappingRow& row) const
     {
         const auto& fields = record.fields;
-        if (row.trueFalse == "A"_L1 || row.fieldName == "CENTRALKEY"_L1 || row.fieldName == "SALEDATE"_L1)
+        if (row.trueFalse == "A"_L1 || row.trueFalse == "R"_L1 || row.fieldName == "CENTRALKEY"_L1 || row.fieldName == "SALEDATE"_L1)
             return {}; // not sent by cell, or not at all
         if (row.fieldName == "PROXIMITY"_L1)
             return Proximity(m_subject, record);
         if (row.fieldName == "BEDBATH"_L1)
             return BedBath(record);
-        if (row.fieldName == "NEIGHBORHD"_L1) // the second address line of a comp
+        if (row.fieldName == "CITYSTZIP"_L1) // the second address line of a comp
             return u"%1, %2 %3"_s.arg(fields.value(u"CITY"_s), fields.value(u"ST"_s), fields.value(u"ZIP"_s));
         return fields.value(row.fieldName);
     }

@@ -45,6 +45,13 @@ CityStateZip ParseCityStateZip(const QString& text)
     return parts;
 }
 
+QString CityStateZipLine(const CityStateZip& parts)
+{
+    const QString city = text::Trim(parts.city);
+    const QString rest = text::Trim(text::Trim(parts.state) + u' ' + text::Trim(parts.zip));
+    return city.isEmpty() || rest.isEmpty() ? city + rest : city + u", "_s + rest;
+}
+
 bool IsValidStateCode(const QString& code)
 {
     return code.size() == 2 && kStates.contains(code + u',');

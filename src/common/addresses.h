@@ -14,6 +14,10 @@ struct CityStateZip
 /// and so is a state that IsValidStateCode refuses.
 [[nodiscard]] CityStateZip ParseCityStateZip(const QString& text);
 
+/// "City, ST ZIP", the line that ParseCityStateZip takes apart. What is blank leaves no comma and no blank behind:
+/// "Alder", "Alder, WI", "Alder, 54001", "WI 54001", and "" for three blanks.
+[[nodiscard]] QString CityStateZipLine(const CityStateZip& parts);
+
 /// True for two capitals that stand in the program's list of states. The list has no NV.
 [[nodiscard]] bool IsValidStateCode(const QString& code);
 

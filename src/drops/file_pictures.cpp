@@ -135,8 +135,7 @@ Outcome FilePictureIntoSlot(DropDesk& desk, const Drag& drag, const DropRule& ru
     link.ports.window.AppActivate();
     link.loader.ErrLoadThumb(slot, table.ErrGetPict(slot));
     photos::ApplyWriteProtect(link.ports, link.disk, link.globals, table.ErrGetPict(slot));
-    if (general)
-        TellGeneral(desk, index);
+    const GeneralTold told = general && sent != link::SlotSend::Failed ? TellGeneral(desk, index) : GeneralTold{};
 
     if (FromThumb(drag)) {
         if (moved && link.globals.autoDelete == 1)
@@ -155,7 +154,8 @@ Outcome FilePictureIntoSlot(DropDesk& desk, const Drag& drag, const DropRule& ru
                 forms::Colour::Red, {}};
     const QString rest =
         drag.files.size() > 1 ? u" A slot takes one picture; the others were left."_s : QString();
-    return {true, u"%1 is in the report now."_s.arg(name) + rest, forms::Colour::Green, {}};
+    return {true, u"%1 is in the report now"_s.arg(name) + told.Words() + rest,
+            told.Failed() ? forms::Colour::Red : forms::Colour::Green, {}};
 }
 
 Outcome ShowInSubject(DropDesk& desk, const QString& picture)

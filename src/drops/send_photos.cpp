@@ -46,14 +46,28 @@ Outcome SendRecordView(DropDesk& drops, const QString& key, const DropRule& rule
     const QString before = slot.text.Text();
     slot.text.SetText(SlotText(desk.state));
     const PhotoSent sent = SendView(desk, slot.photo, view);
-    const Outcome told = Told(desk, sent, view, text::Trim(key));
-    if (sent == PhotoSent::Kept)
-        slot.text.SetText(before); // nothing has changed, and it names whose picture the slot holds
-    else if (rule.group == "GENERAL"_L1 && sent != PhotoSent::Failed)
-        TellGeneral(drops, index);
+    const bool general = rule.group == "GENERAL"_L1;
+    Outcome outcome = Told(desk, sent, view, text::Trim(key)); // before the icons list other records' photos
+    const bool kept = sent == PhotoSent::Failed || sent == PhotoSent::Kept;
+    GeneralTold told;
+    if (general && !kept)
+        told = TellGeneral(drops, index);
+    // What the report did not take is not its slot's record.
+    if (kept || told.Failed())
+        slot.text.SetText(before);
     slot.refreshIcons(desk);
     desk.ports.window.AppActivate();
-    return told;
+    if (told.Failed() && sent == PhotoSent::Yes) {
+        outcome.message.chop(1);
+        outcome.message += told.Words();
+        outcome.colour = forms::Colour::Red;
+    } else if (!general && (sent == PhotoSent::Yes || sent == PhotoSent::None) && !text::Trim(before).isEmpty() &&
+               text::Folded(before) != text::Folded(slot.text.Text())) {
+        // The slot names the photo's record from here on; the report's own address is still the other one.
+        outcome.message += u" The data beside it are still those of %1."_s.arg(text::Trim(before));
+        outcome.colour = forms::Colour::Blue;
+    }
+    return outcome;
 }
 
 Outcome SendAskedView(DropDesk& drops, const QString& key, const DropRule& rule, int index)

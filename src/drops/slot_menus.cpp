@@ -1,7 +1,7 @@
 #include "drops/slot_menus.h"
 
 #include "common/error_block.h"
-#include "drops/slot.h"
+#include "drops/sent_words.h"
 #include "drops/view_rule.h"
 #include "link/drop_comp.h"
 #include "link/slot_icons.h"
@@ -81,6 +81,15 @@ Outcome NoReport()
     return {false, u"No report is open."_s, forms::Colour::Blue, {}};
 }
 
+/// A failure that a box has told of leaves no word behind; here it is the answer to a menu or a click.
+Outcome NotObtained(link::LinkDesk& desk, const Slot& slot, link::DropOutcome result, const QString& key)
+{
+    const Outcome outcome = BrokenOff(desk, slot, result, key, u"Send it again."_s);
+    return outcome.message.isEmpty()
+               ? Outcome{false, u"%1 did not reach the report."_s.arg(key), forms::Colour::Red, {}}
+               : outcome;
+}
+
 } // namespace
 
 QLatin1StringView GroupOf(const QString& controlName)
@@ -146,16 +155,18 @@ Outcome ObtainGeneral(DropDesk& desk, int index)
     slot.text.SetText(SlotText(link.state));
     const PhotoSent sent = SendView(link, slot.photo, view);
     const auto unsent = TellUnsent(link, sent, view, key);
-    if (sent == PhotoSent::Failed)
-        return *unsent;
-    if (sent == PhotoSent::Kept)
+    if (sent == PhotoSent::Failed || sent == PhotoSent::Kept) {
         slot.text.SetText(before);
-    else
-        TellGeneral(desk, index);
+        return *unsent;
+    }
+    const GeneralTold told = TellGeneral(desk, index);
+    if (told.addressFailed)
+        slot.text.SetText(before);
     slot.refreshIcons(link);
     if (unsent)
         return *unsent;
-    return {true, u"The %1 of %2 is in the report now."_s.arg(view, key), forms::Colour::Green, {}};
+    return {true, u"The %1 of %2 is in the report now"_s.arg(view, key) + told.Words(),
+            told.Failed() ? forms::Colour::Red : forms::Colour::Green, {}};
 }
 
 Outcome ObtainData(DropDesk& desk, QLatin1StringView group, int index, WithPhoto photo)
@@ -170,7 +181,7 @@ Outcome ObtainData(DropDesk& desk, QLatin1StringView group, int index, WithPhoto
     link.state.dragSourceIndex = -1;
     const link::DropOutcome sent = link::DropComp(link, slot.text, slot.photo, group, false);
     if (sent != link::DropOutcome::Sent)
-        return {false, u"%1 did not reach the report."_s.arg(key), forms::Colour::Red, {}};
+        return NotObtained(link, slot, sent, key);
     slot.text.SetText(SlotText(link.state));
     PhotoSent photoSent = PhotoSent::Yes;
     QString photoTold;
@@ -209,7 +220,7 @@ Outcome ClickDataBox(DropDesk& desk, QLatin1StringView group, int index)
     link.state.dragSourceIndex = -1;
     const link::DropOutcome sent = link::DropComp(link, slot.text, slot.photo, row.dropType, false);
     if (sent != link::DropOutcome::Sent)
-        return {false, u"%1 did not reach the report."_s.arg(key), forms::Colour::Red, {}};
+        return NotObtained(link, slot, sent, key);
     link.loader.ErrLoadPict(*slot.data, link.globals.G_ProgramDir + row.full);
     slot.text.SetText(SlotText(link.state));
     return {true, u"%1 is in the report now."_s.arg(key), forms::Colour::Green, {}};

@@ -40,11 +40,22 @@ QString AskView(DropDesk& desk, const QString& source, int index, const QString&
     return view;
 }
 
-void TellGeneral(DropDesk& desk, int index)
+QString GeneralTold::Words() const
 {
+    if (viewFailed)
+        return u"; its description and address are not."_s;
+    return addressFailed ? u"; its address is not."_s : u"."_s;
+}
+
+GeneralTold TellGeneral(DropDesk& desk, int index)
+{
+    using link::GeneralPoke;
     const link::ReportControls& report = desk.link.report;
-    if (link::KelPokeGeneralData(desk.link, index, report.cboGeneral(index).Text()))
+    if (link::KelPokeGeneralData(desk.link, index, report.cboGeneral(index).Text()) == GeneralPoke::Failed)
+        return {true, true};
+    const GeneralPoke address =
         link::KelPokeGeneralAddr(desk.link, index, report.txtgeneraladdr(index).Text());
+    return {false, address == GeneralPoke::Failed};
 }
 
 } // namespace vasclip::drops

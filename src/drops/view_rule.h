@@ -14,7 +14,17 @@ namespace vasclip::drops {
 /// @return the view as a record can hold it; "" if the user gave up, and then nothing is taken
 QString AskView(DropDesk& desk, const QString& source, int index, const QString& picture, const QString& whose);
 
+/// What became of the texts of a general slot on their way to the report.
+struct GeneralTold
+{
+    bool viewFailed = false, addressFailed = false; ///< reported; after a failed view the address is not tried
+    /// What a message about the picture goes on with: "; its description and address are not." and the like, "." if
+    /// both went.
+    [[nodiscard]] QString Words() const;
+    [[nodiscard]] bool Failed() const { return viewFailed || addressFailed; }
+};
+
 /// The view and the address of a general slot go to the report.
-void TellGeneral(DropDesk& desk, int index);
+GeneralTold TellGeneral(DropDesk& desk, int index);
 
 } // namespace vasclip::drops

@@ -7,6 +7,10 @@
 
 namespace vasclip::link {
 
+/// The mapping's word for the second address line of a comp: city, state and ZIP in one. Sent and never read; what
+/// stands there is read by the NEIGHBORHD row of the same cell, which a mapping then marks as not sent.
+inline constexpr QLatin1StringView kCityStateZipWord{"CITYSTZIP"};
+
 /// One row of the mapping, every column trimmed.
 struct MappingRow
 {

@@ -98,7 +98,8 @@ std::optional<QList<CompCell>> ReadCompData(LinkDesk& desk, const QString& formT
     int read = 0;
     for (const MappingRow& row : rows) {
         const QString field = row.fieldName.toUpper();
-        if (field == "PROXIMITY"_L1)
+        // Both are made up for the report; the record has no column for them.
+        if (field == "PROXIMITY"_L1 || field == kCityStateZipWord)
             continue;
         if (goOn && ++read % kCellsBetweenTurns == 0) {
             desk.ports.pump.DoEvents();

@@ -15,9 +15,37 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+DropOutcome OutcomeOf(const SendResult& result)
+{
+    if (result.complete)
+        return DropOutcome::Sent;
+    if (result.sent > 0)
+        return DropOutcome::Incomplete;
+    const bool noAnswer = result.failure == error::kLinkTimeOut || result.failure == error::kLinkPeerGone;
+    return noAnswer ? DropOutcome::Unsure : DropOutcome::NothingSent;
+}
+
+/// What cells without a value of the new comp still tell of the one before it, in words.
+QString LeftOfOldComp(LinkDesk& desk, const SendResult& result, const QString& existing)
+{
+    QStringList left;
+    for (const UnsentField& field : result.unsent) {
+        try {
+            const QString held = text::Trim(KelGetFieldInfo(desk.txtDDE, result.report, field.item));
+            if (!held.isEmpty())
+                left.append(messages::kStillOfOldComp.arg(field.what, held, existing));
+        } catch (const RuntimeError&) {
+            // The send itself is done; that the cell could not be looked at is no reason for a box.
+            left.append(messages::kMayBeOfOldComp.arg(field.what, existing));
+        }
+    }
+    return left.join(u"; "_s);
+}
+
 DropOutcome SendDropped(LinkDesk& desk, const forms::Control& target, forms::PictureBox& photoSlot,
                         const QString& compType, bool clearPhoto)
 {
+    const QString existing = text::Trim(ExistingSlotText(desk.report, compType, target.Index()));
     const QString key = desk.state.currentKey;
     bool found = false;
     const bool looked = Reported(desk.ports.prompter, "DropComp", [&] {
@@ -50,7 +78,10 @@ DropOutcome SendDropped(LinkDesk& desk, const forms::Control& target, forms::Pic
         return DropOutcome::Failed;
     if (!found)
         return DropOutcome::NotFound;
-    return result.complete ? DropOutcome::Sent : DropOutcome::Incomplete;
+    desk.state.addressSent = result.addressSent;
+    if (result.sent > 0 && LinkSurvived(result) && !existing.isEmpty() && text::Folded(existing) != text::Folded(key))
+        desk.state.leftOfOldComp = LeftOfOldComp(desk, result, existing);
+    return OutcomeOf(result);
 }
 
 } // namespace
@@ -62,6 +93,8 @@ DropOutcome DropComp(LinkDesk& desk, const forms::Control& target, forms::Pictur
     const forms::Hourglass hourglass{desk.ports.window};
     const int index = target.Index();
     const qint16 source = desk.state.dragSourceIndex;
+    desk.state.addressSent = false;
+    desk.state.leftOfOldComp.clear();
     if (source == index)
         return DropOutcome::OwnSlot;
     if (source >= 1 && source <= 9) {

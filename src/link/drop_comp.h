@@ -7,7 +7,9 @@ namespace vasclip::link {
 
 enum class DropOutcome {
     Sent,       ///< the comp's fields are in the report
-    Incomplete, ///< the send broke off, which has been reported
+    Incomplete, ///< the send broke off after some fields, which has been reported
+    NothingSent, ///< it broke off before the first one, which has been reported, or no report is open
+    Unsure,     ///< the first field got no answer, which has been reported: it may be there or not
     OwnSlot,    ///< a comp dropped on its own slot: nothing was sent
     Swapped,    ///< two comps of the report changed places
     Refused,    ///< the user kept the comp that stands in the slot

@@ -1,6 +1,7 @@
 #include "link/general_text.h"
 
 #include "link/kel_channel.h"
+#include "link/messages.h"
 #include "link/reporter.h"
 #include "platform/text/text.h"
 
@@ -37,17 +38,26 @@ QString GeneralSection(const QString& forms)
     return forms.contains("SUBPHOT2"_L1) ? u"4X6_PHOTO_PAGES"_s : QString();
 }
 
-bool PokeGeneral(LinkDesk& desk, const char* routine, const QString& keyStem, int lastIndex, int index,
-                 const QString& text)
+GeneralPoke PokeGeneral(LinkDesk& desk, const char* routine, const QString& keyStem, int lastIndex, int index,
+                        const QString& text)
 {
-    return Reported(desk.ports.prompter, routine, [&] {
+    bool place = true;
+    const bool done = Reported(desk.ports.prompter, routine, [&] {
         const QString section = GeneralSection(text::Folded(desk.addr.txtKelListForms.Text()));
         const QString key = index <= lastIndex ? keyStem + text::Dec((index - 1) % 3 + 1) : QString();
         const QString cell = desk.kelIni(section, key);
         const QString page = desk.kelIni(section, u"GENERAL_"_s + text::Dec((index + 2) / 3));
-        KelPokeText(desk.txtDDE, u"Kel|"_s + text::Trim(desk.addr.txtKelReport.Text()), page + u'|' + cell,
-                    text);
+        place = !page.isEmpty() && !cell.isEmpty();
+        try {
+            KelPokeText(desk.txtDDE, u"Kel|"_s + text::Trim(desk.addr.txtKelReport.Text()), page + u'|' + cell,
+                        text);
+        } catch (const RuntimeError& refusal) {
+            // Without a place there is nothing but a refusal to be had, at each letter that is typed.
+            if (place || refusal.Number() != error::kLinkBusy)
+                throw;
+        }
     });
+    return !done ? GeneralPoke::Failed : place ? GeneralPoke::Sent : GeneralPoke::NoPlace;
 }
 
 } // namespace
@@ -89,27 +99,39 @@ void GetGeneralText(LinkDesk& desk, const QString& section, const QString& repor
     }
 }
 
-bool KelPokeGeneralData(LinkDesk& desk, int index, const QString& text)
+GeneralPoke KelPokeGeneralData(LinkDesk& desk, int index, const QString& text)
 {
     return PokeGeneral(desk, "KelPokeGeneralData", u"GENERAL_DATA_"_s, 36, index, text);
 }
 
-bool KelPokeGeneralAddr(LinkDesk& desk, int index, const QString& text)
+GeneralPoke KelPokeGeneralAddr(LinkDesk& desk, int index, const QString& text)
 {
     return PokeGeneral(desk, "KelPokeGeneralAddr", u"GENERAL_ADDR_"_s, 18, index, text);
 }
 
+namespace {
+
+GeneralPoke PokeShownData(LinkDesk& desk, int index)
+{
+    const GeneralPoke poked = KelPokeGeneralData(desk, index, desk.report.cboGeneral(index).Text());
+    if (poked == GeneralPoke::NoPlace)
+        desk.status.lblmsg.Show(messages::kNoPlaceForView, forms::Colour::Blue);
+    return poked;
+}
+
+} // namespace
+
 void cboGeneral_Change(LinkDesk& desk, int index)
 {
     if (!desk.state.generalReentry && desk.state.linkActive)
-        KelPokeGeneralData(desk, index, desk.report.cboGeneral(index).Text());
+        PokeShownData(desk, index);
 }
 
 void cboGeneral_Click(LinkDesk& desk, int index)
 {
     if (!desk.state.linkActive)
         return;
-    if (KelPokeGeneralData(desk, index, desk.report.cboGeneral(index).Text()))
+    if (PokeShownData(desk, index) != GeneralPoke::Failed)
         KelPokeGeneralAddr(desk, index, desk.report.txtgeneraladdr(index).Text());
 }
 

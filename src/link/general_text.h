@@ -14,11 +14,15 @@ void TabPopulateGeneralText(LinkDesk& desk);
 void GetGeneralText(LinkDesk& desk, const QString& section, const QString& report, const QString& page,
                     int base);
 
-/// Writes the description of a general slot, 1 to 36, to the report. @return false if that failed and was
-/// reported
-bool KelPokeGeneralData(LinkDesk& desk, int index, const QString& text);
+enum class GeneralPoke {
+    Sent,
+    NoPlace, ///< the report's layout names no cell for it: whatever became of the poke, the report shows nothing
+    Failed,  ///< which has been reported
+};
+/// Writes the description of a general slot, 1 to 36, to the report.
+GeneralPoke KelPokeGeneralData(LinkDesk& desk, int index, const QString& text);
 /// Writes its address. The report's layout names no cell for a slot above 18: the item then ends in "|".
-bool KelPokeGeneralAddr(LinkDesk& desk, int index, const QString& text);
+GeneralPoke KelPokeGeneralAddr(LinkDesk& desk, int index, const QString& text);
 
 /// The view box of a general slot changed: its text goes to the report, unless a refresh is filling it or no
 /// report is open.

@@ -1,6 +1,7 @@
 #include "link/link_desk.h"
 
 #include "link/kel_channel.h"
+#include "link/kel_helpers.h"
 #include "link/messages.h"
 #include "link/reporter.h"
 #include "platform/text/text.h"
@@ -23,10 +24,22 @@ void SendScriptIfThere(LinkDesk& desk, const QString& name)
         KelSendScript(desk.txtDDE, name);
 }
 
+bool ReportIsNamed(LinkDesk& desk)
+{
+    if (!KelIsActive(desk.txtDDE, desk.state))
+        return false;
+    const QString answer = text::Trim(desk.txtDDE.Text());
+    if (!text::Trim(KelFirstToken(answer)).isEmpty())
+        return true;
+    desk.state.linkActive = desk.state.populateGate = false;
+    desk.status.lblmsg.Show(messages::kUnnamedReport.arg(answer.left(80)), forms::Colour::Red);
+    return false;
+}
+
 bool KelIsActive(LinkDesk& desk)
 {
     bool active = false;
-    Reported(desk.ports.prompter, "KelIsActive", [&] { active = KelIsActive(desk.txtDDE, desk.state); });
+    Reported(desk.ports.prompter, "KelIsActive", [&] { active = ReportIsNamed(desk); });
     return active;
 }
 
@@ -34,10 +47,10 @@ bool KelEnsureRunning(LinkDesk& desk)
 {
     bool running = false;
     const bool told = !Reported(desk.ports.prompter, "KelEnsureRunning", [&] {
-        running = KelIsActive(desk.txtDDE, desk.state);
+        running = ReportIsNamed(desk);
         if (!running) {
             KelReconnect(desk.txtDDE);
-            running = KelIsActive(desk.txtDDE, desk.state);
+            running = ReportIsNamed(desk);
         }
     });
     if (!running && !told)

@@ -65,7 +65,11 @@ struct LinkDesk
 /// exchange
 void SendScriptIfThere(LinkDesk& desk, const QString& name);
 
-/// KelIsActive with its failures reported; one that failed counts as "no report".
+/// KelIsActive, and is the report named? A list of reports without a comma names none, and without a name nothing can
+/// be asked of it: that counts as "no report", and the status line tells why. @throws RuntimeError of the exchange
+bool ReportIsNamed(LinkDesk& desk);
+
+/// ReportIsNamed with its failures reported; one that failed counts as "no report".
 bool KelIsActive(LinkDesk& desk);
 
 /// Is a report open, now or after a second try? If not, says so.

@@ -48,6 +48,18 @@ inline const QString kSendStopped =
     QStringLiteral("%1 (sending %2 to %3, row %6 of %5 in Comp2Kel). %4 fields were sent and stay in the "
                    "report; this one and "
                    "those after it were not. Drop the comp again to send them all");
+/// %1 a field, %2 what its cell holds, %3 address of the comp before
+inline const QString kStillOfOldComp = QStringLiteral("%1 is still %2 of %3");
+/// %1 a field, %2 address of the comp before
+inline const QString kMayBeOfOldComp = QStringLiteral("%1 may still be that of %2");
+inline const QString kNoPlaceForView =
+    QStringLiteral("The pages of this report have no line for the description of a general photo.");
+/// %1 the answer
+inline const QString kUnnamedReport = QStringLiteral(
+    "The forms program lists its open reports as \"%1\", without a comma: which one is in front is not known");
+/// %1 the answer, %2 the report
+inline const QString kUnnamedForm = QStringLiteral(
+    "The forms program lists the forms of %2 as \"%1\", without a comma: its main form is not known");
 /// %1 the first refusal, %2 how many followed
 inline const QString kMoreRefused = QStringLiteral("%1 (and %2 more fields of the report were refused)");
 /// %1 form, %2 group, %3 page base

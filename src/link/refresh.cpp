@@ -42,7 +42,7 @@ private:
 
 void FindReport(LinkDesk& desk)
 {
-    if (!KelIsActive(desk.txtDDE, desk.state))
+    if (!ReportIsNamed(desk))
         return;
     KelQueryActiveReports(desk.txtDDE);
     desk.addr.txtKelReport.SetText(KelFirstToken(desk.txtDDE.Text()));
@@ -84,7 +84,7 @@ void Test2PopulateTabs(LinkDesk& desk)
         KelReconnect(desk.txtDDE);
         if (!desk.txtDDE.Text().isEmpty())
             desk.addr.txtFormType.SetText(KelFirstToken(desk.txtDDE.Text()));
-        active = KelIsActive(desk.txtDDE, desk.state);
+        active = ReportIsNamed(desk);
     });
     if (active)
         PopulateKelTabs(desk);
@@ -105,6 +105,8 @@ void OpenActiveReport(LinkDesk& desk, const QString& report)
     KelOpenReport(desk.txtDDE, report);
     KelListForms(desk.txtDDE, report);
     desk.addr.txtKelListForms.SetText(desk.txtDDE.Text());
+    if (!text::Trim(desk.txtDDE.Text()).isEmpty() && KelFirstToken(desk.txtDDE.Text()).isEmpty())
+        desk.status.lblmsg.Show(messages::kUnnamedForm.arg(desk.txtDDE.Text().left(80), report), forms::Colour::Red);
     if (!IsApprovedForm(KelFirstToken(desk.addr.txtKelListForms.Text()))) {
         desk.ports.prompter.Info(messages::kFormTypeTitle, messages::kFormType);
         throw forms::EndOfProgram{};

@@ -52,6 +52,8 @@ struct LinkState
     QString currentKey;          ///< CENTRALKEY of the record being dragged
     QString displayAddress;      ///< its address in the ADDRESSCASE form
     bool dropRefused = false;
+    bool addressSent = false; ///< by the last DropComp: the slot's comp has that record's address now
+    QString leftOfOldComp;    ///< what its column still tells of the comp before, in words; "" for nothing
     qint16 currentSlotIndex = 0; ///< slot whose photo is being cleared
     bool proximityOnDrop = true; ///< compute the proximity of a dropped comp
     QString lastPicturePath;

@@ -1,5 +1,6 @@
 #include "link/save_data.h"
 
+#include "common/addresses.h"
 #include "common/error_block.h"
 #include "databook/comp_fields.h"
 #include "databook/messages.h"
@@ -96,6 +97,7 @@ private:
             record.Edit();
         else
             record.AddNew();
+        const QString neighborhood = there ? store::GetFieldData(databook, u"NEIGHBORHD"_s) : QString();
         try {
             store::SetFieldData(databook, store::Trim2Size(databook, m_key, store::kKeyIndex),
                                 u"centralkey"_s);
@@ -106,12 +108,27 @@ private:
                 databook::SetLoadDate2Today(m_desk.ports, databook);
             SetApprslType(databook, m_compType, m_desk.addr.txtFormType.Text());
             ErrDatabookSetCity(m_desk, CityRule::Replace);
+            if (there)
+                KeepNeighborhood(neighborhood);
             record.Update();
         } catch (...) {
             record.CancelUpdate();
             throw;
         }
         return there ? SaveOutcome::Replaced : SaveOutcome::Added;
+    }
+
+    /// What a comp's second address line holds is read as NEIGHBORHD. A city line, which has become the city by now,
+    /// does not cost a record the name of its neighborhood.
+    void KeepNeighborhood(const QString& held)
+    {
+        const auto isCityLine = [](const QString& line) {
+            return !(common::ParseCityStateZip(line) == common::CityStateZip{});
+        };
+        store::DataSource& databook = m_desk.sources.datDatabook;
+        if (m_desk.state.compNumber >= 1 && m_desk.state.compNumber <= 9 && !isCityLine(held) &&
+            isCityLine(store::GetFieldData(databook, u"NEIGHBORHD"_s)))
+            store::SetFieldData(databook, held, u"NEIGHBORHD"_s);
     }
 
     LinkDesk& m_desk;

@@ -1,5 +1,6 @@
 #include "link/send_bulk.h"
 
+#include "common/addresses.h"
 #include "common/error_block.h"
 #include "common/proper_case.h"
 #include "link/kel_channel.h"
@@ -28,6 +29,24 @@ std::optional<QString> ProximityText(LinkDesk& desk)
     const QString miles = desk.proximity->CalcTheDistance(key);
     // A comp that is not found is sent as an empty cell.
     return miles.isEmpty() ? QString() : miles + u" Mi. "_s + desk.proximity->GetDirection(key);
+}
+
+/// Nothing if all three are blank: a comp without a known city does not empty the line.
+std::optional<QString> CityLine(const store::DataSource& record)
+{
+    const QString line = common::CityStateZipLine({store::GetFieldData(record, u"CITY"_s),
+                                                   store::GetFieldData(record, u"ST"_s),
+                                                   store::GetFieldData(record, u"ZIP"_s)});
+    return line.isEmpty() ? std::nullopt : std::optional(line);
+}
+
+/// What an unsent row leaves in its cell, in words; "" where nothing of another comp can stay.
+QString LeftByRow(const MappingRow& row)
+{
+    const QString field = row.fieldName.toUpper();
+    if (field == "PROXIMITY"_L1)
+        return u"proximity"_s;
+    return field == kCityStateZipWord ? u"city line"_s : QString();
 }
 
 /// The value of a row without TRUEFALSE; nothing for the fields that are never sent so.
@@ -62,6 +81,11 @@ std::optional<OutgoingField> FieldToSend(LinkDesk& desk, const MappingRow& row, 
         if (!proximity)
             return std::nullopt;
         out.text = *proximity;
+    } else if (upperField == kCityStateZipWord) {
+        const std::optional<QString> line = CityLine(record);
+        if (!line)
+            return std::nullopt;
+        out.text = *line;
     } else if (upperField == "BEDBATH"_L1) {
         out.text =
             store::GetFieldData(record, u"BEDROOM"_s) + u" / "_s + store::GetFieldData(record, u"BATH"_s);
@@ -93,6 +117,7 @@ SendResult SendBulk(LinkDesk& desk, const QString& formType, const QString& repo
     const common::RoutineScope scope{"SendBulk"};
     forms::Prompter& prompter = desk.ports.prompter;
     SendResult result;
+    result.report = report;
     QList<MappingRow> rows;
     const QString base = text::Dec(KelPageBase(comp));
     const bool mapped = Reported(prompter, "SendBulk", [&] {
@@ -115,11 +140,17 @@ SendResult SendBulk(LinkDesk& desk, const QString& formType, const QString& repo
             going.item = formName + u'|' + rows[row].RowCell();
             const bool goOn = common::Guarded(prompter, [&] {
                 const std::optional<OutgoingField> field = FieldToSend(desk, rows[row], formName, comp);
-                if (!field)
+                if (!field) {
+                    if (const QString what = LeftByRow(rows[row]); !what.isEmpty())
+                        result.unsent.append({what, formName + u'|' + KelShiftCell(rows[row].RowCell(),
+                                                                                   rows[row].offset, comp)});
                     return;
+                }
                 going = *field;
                 KelPokeText(desk.txtDDE, topic, going.item, going.text);
                 ++result.sent;
+                if (rows[row].fieldName.compare("ADDRESS"_L1, Qt::CaseInsensitive) == 0)
+                    result.addressSent = true;
             });
             if (!goOn)
                 return result;

@@ -7,12 +7,22 @@
 
 namespace vasclip::link {
 
+/// A field of a comp that the record has no value for, so that its cell keeps what it held.
+struct UnsentField
+{
+    QString what; ///< "proximity", "city line"
+    QString item;
+};
+
 /// What a send came to.
 struct SendResult
 {
     bool complete = false;
     int sent = 0;    ///< fields poked
     int failure = 0; ///< error number that ended it
+    bool addressSent = false;
+    QList<UnsentField> unsent; ///< only such as would name another comp, if one stood there
+    QString report;
 };
 
 /// Fills a comp's column in the report with the current record of datDatabook, field by field as the mapping

@@ -124,6 +124,17 @@ void RefreshAllSlotIcons(LinkDesk& desk)
     RefreshRentalIcons(desk);
 }
 
+void SetAddendumIcon(LinkDesk& desk, forms::PictureBox& box, const forms::TextBox& label)
+{
+    // A slot that the form does not have stays hidden.
+    const bool absent = !box.Visible() && !label.Enabled();
+    const bool full = !text::Trim(label.Text()).isEmpty();
+    desk.loader.ErrLoadPict(box, desk.globals.G_ProgramDir +
+                                     (full ? u"Addendum_Full.bmp"_s : u"Addendum_Empty.bmp"_s));
+    if (absent)
+        box.SetVisible(false);
+}
+
 void RefreshAddendumIcons(LinkDesk& desk)
 {
     struct Row
@@ -137,16 +148,8 @@ void RefreshAddendumIcons(LinkDesk& desk)
                         {desk.slots.geaRental, desk.report.txtRental}};
     Reported(desk.ports.prompter, "RefreshAddendumIcons", [&] {
         for (const Row& row : rows) {
-            for (int i = row.labels.Last(); i >= row.labels.First(); --i) {
-                // A slot that the form does not have stays hidden.
-                const bool absent = !row.boxes(i).Visible() && !row.labels(i).Enabled();
-                const bool full = !text::Trim(row.labels(i).Text()).isEmpty();
-                desk.loader.ErrLoadPict(row.boxes(i),
-                                        desk.globals.G_ProgramDir +
-                                            (full ? u"Addendum_Full.bmp"_s : u"Addendum_Empty.bmp"_s));
-                if (absent)
-                    row.boxes(i).SetVisible(false);
-            }
+            for (int i = row.labels.Last(); i >= row.labels.First(); --i)
+                SetAddendumIcon(desk, row.boxes(i), row.labels(i));
         }
     });
 }

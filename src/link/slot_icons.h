@@ -20,6 +20,9 @@ void RefreshListingIcons(LinkDesk& desk);
 void RefreshRentalIcons(LinkDesk& desk);
 void RefreshAllSlotIcons(LinkDesk& desk);
 
+/// One data box, as RefreshAddendumIcons sets it.
+void SetAddendumIcon(LinkDesk& desk, forms::PictureBox& box, const forms::TextBox& label);
+
 /// The data boxes beside the text slots: "Addendum_Full.bmp" for a slot with a text, else
 /// "Addendum_Empty.bmp".
 void RefreshAddendumIcons(LinkDesk& desk);

@@ -69,10 +69,22 @@ void FillSlot(LinkDesk& desk, forms::PictureBox& slot, const QString& entry)
         desk.loader.geaClearImage(slot);
 }
 
+/// The picture that the report has kept comes back into the slot.
+void ShowAgain(LinkDesk& desk, forms::PictureBox& slot, const QString& path)
+{
+    Reported(desk.ports.prompter, "ShowAgain", [&] {
+        if (text::Trim(path).isEmpty() || !desk.disk.FileExists(path))
+            desk.loader.geaClearImage(slot);
+        else
+            desk.loader.ErrLoadThumb(slot, path);
+    });
+}
+
 /// Loads the last picture path into the slot and sends it, with the program in front before and after.
 SlotSend ShowAndSend(LinkDesk& desk, const char* routine, const forms::Control& control,
                      forms::PictureBox& slot, int index)
 {
+    const QString before = desk.loader.Table().ErrGetPict(slot);
     const bool loaded = Reported(desk.ports.prompter, routine,
                                  [&] { desk.loader.ErrLoadThumb(slot, desk.state.lastPicturePath); });
     if (!loaded)
@@ -80,6 +92,8 @@ SlotSend ShowAndSend(LinkDesk& desk, const char* routine, const forms::Control& 
     desk.ports.window.AppActivate();
     const SlotSend sent = KelSendSlotPhoto(desk, control, slot, index);
     desk.ports.window.AppActivate();
+    if (sent == SlotSend::Failed)
+        ShowAgain(desk, slot, before);
     return sent;
 }
 
@@ -117,7 +131,8 @@ SlotSend KelSendSlotPhoto(LinkDesk& desk, const forms::Control& control, const f
                           int index)
 {
     bool send = false;
-    const bool through = Reported(desk.ports.prompter, "KelSendSlotPhoto", [&] {
+    bool taken = false; // what a script after it comes to is another matter
+    Reported(desk.ports.prompter, "KelSendSlotPhoto", [&] {
         QString object = ImageObjectName(control.Name(), index);
         OpenForSending(desk);
         if (index >= 0)
@@ -127,9 +142,10 @@ SlotSend KelSendSlotPhoto(LinkDesk& desk, const forms::Control& control, const f
         send =
             !path.isEmpty() && !path.toUpper().contains("\\.JPG"_L1) && desk.disk.FileExists(path);
         KelSendPhoto2Object(desk.txtDDE, object, send ? path : QString());
+        taken = true;
         SendScriptIfThere(desk, u"refresh.bas"_s);
     });
-    return !through ? SlotSend::Failed : send ? SlotSend::Sent : SlotSend::Cleared;
+    return !taken ? SlotSend::Failed : send ? SlotSend::Sent : SlotSend::Cleared;
 }
 
 SlotSend SendKelTheView(LinkDesk& desk, const forms::Control& control, forms::PictureBox& slot, int index,
@@ -145,9 +161,8 @@ SlotSend SendKelTheView(LinkDesk& desk, const forms::Control& control, forms::Pi
         if (sent == SlotSend::Failed)
             return sent;
     }
-    const bool refreshed = Reported(desk.ports.prompter, "SendKelTheView",
-                                    [&] { SendScriptIfThere(desk, u"refresh.bas"_s); });
-    return refreshed ? sent : SlotSend::Failed;
+    Reported(desk.ports.prompter, "SendKelTheView", [&] { SendScriptIfThere(desk, u"refresh.bas"_s); });
+    return sent;
 }
 
 bool SendStoredView(LinkDesk& desk, const forms::Control& control, forms::PictureBox& slot, int index,
@@ -168,8 +183,12 @@ bool ClearSlotPhoto(LinkDesk& desk, forms::PictureBox& slot, bool ask)
 {
     if (ask && !desk.ports.prompter.YesNo(desk.globals.productName, messages::kClearPhoto))
         return false;
+    const QString before = desk.loader.Table().ErrGetPict(slot);
     desk.loader.geaClearImage(slot);
-    return KelSendSlotPhoto(desk, slot, slot, slot.Index()) != SlotSend::Failed;
+    const bool cleared = KelSendSlotPhoto(desk, slot, slot, slot.Index()) != SlotSend::Failed;
+    if (!cleared)
+        ShowAgain(desk, slot, before);
+    return cleared;
 }
 
 QString KelParseImages(const QString& images, const QString& key)
@@ -198,6 +217,13 @@ void SetPhotos(LinkDesk& desk, const QString& group)
             }
         });
     }
+}
+
+void SetPhoto(LinkDesk& desk, forms::PictureBox& slot)
+{
+    const QString entry = KelParseImages(desk.addr.txtKelimages.Text(), ImageObjectName(slot.Name(), slot.Index()));
+    desk.loader.geaClearImage(slot);
+    FillSlot(desk, slot, entry);
 }
 
 void LocateAndDisplay(LinkDesk& desk, const QString& name, const QString& path)

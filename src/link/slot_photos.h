@@ -12,7 +12,7 @@ namespace vasclip::link {
 
 /// What became of a slot's object in the report.
 enum class SlotSend {
-    Failed,  ///< an exchange failed, which has been reported
+    Failed,  ///< the report did not take it, which has been reported
     Sent,    ///< it shows the slot's file
     Cleared, ///< it was emptied: the slot holds no file, or one that is not there
 };
@@ -27,7 +27,7 @@ SlotSend KelSendSlotPhoto(LinkDesk& desk, const forms::Control& control, const f
 
 /// Loads a stored view of the record in the photo lists into a slot and sends it. A record without that view
 /// empties the slot. "refresh.bas" runs twice, once inside the send: the forms program has always been asked
-/// so.
+/// so. What the report did not take is not on show: the slot has its picture of before again.
 /// @return what the send came to; Cleared without a send for a record without that view
 SlotSend SendKelTheView(LinkDesk& desk, const forms::Control& control, forms::PictureBox& slot, int index,
                         const QString& view);
@@ -51,6 +51,10 @@ bool ClearSlotPhoto(LinkDesk& desk, forms::PictureBox& slot, bool ask);
 /// names is emptied, so all slots are emptied before a refresh.
 /// @param group  SUB, CMP, ALT, GN, RCMP or LCMP
 void SetPhotos(LinkDesk& desk, const QString& group);
+
+/// One slot from the images list of frm_Addr: the file that it names, or nothing.
+/// @throws RuntimeError as KelParseImages
+void SetPhoto(LinkDesk& desk, forms::PictureBox& slot);
 
 /// Shows a picture file in the slot that an image object's name denotes. The report's maps and sketches, a
 /// name without an index and a file that is not there do nothing.

@@ -54,6 +54,20 @@ const Row kRows[] = {
 INSTANTIATE_TEST_SUITE_P(Rows, ParseCityStateZipTest, testing::ValuesIn(kRows),
                          [](const auto& info) { return std::string(info.param.name); });
 
+TEST(CityStateZipLine, LeavesNoCommaBehindAndReadsBack)
+{
+    EXPECT_EQ(CityStateZipLine({u"Alder"_s, u"WA"_s, u"98223"_s}), u"Alder, WA 98223"_s);
+    EXPECT_EQ(CityStateZipLine({u" Alder "_s, u"WA"_s, u" "_s}), u"Alder, WA"_s);
+    EXPECT_EQ(CityStateZipLine({u"Alder"_s, {}, u"98223"_s}), u"Alder, 98223"_s);
+    EXPECT_EQ(CityStateZipLine({u"Alder"_s, {}, {}}), u"Alder"_s);
+    EXPECT_EQ(CityStateZipLine({{}, u"WA"_s, u"98223"_s}), u"WA 98223"_s);
+    EXPECT_EQ(CityStateZipLine({{}, {}, u"98223"_s}), u"98223"_s);
+    EXPECT_EQ(CityStateZipLine({u" "_s, {}, {}}), QString());
+    for (const CityStateZip& parts : {CityStateZip{u"Alder"_s, u"WA"_s, u"98223"_s}, {u"Alder"_s, u"WA"_s, {}},
+                                      {u"Alder"_s, {}, u"98223"_s}})
+        EXPECT_EQ(ParseCityStateZip(CityStateZipLine(parts)), parts);
+}
+
 TEST(IsValidStateCode, KnowsItsList)
 {
     const QString states =

@@ -256,6 +256,35 @@ TEST_F(PicturesTest, AGeneralSlotAsksTheViewAndTellsTheReport)
     }
 }
 
+TEST_F(PicturesTest, TextsThatTheReportRefusesAreNoSuccess)
+{
+    ini = {{u"3X5_PHOTO_PAGES/GENERAL_1"_s, u"GEN1"_s},
+           {u"3X5_PHOTO_PAGES/GENERAL_DATA_2"_s, u"7|1"_s},
+           {u"3X5_PHOTO_PAGES/GENERAL_ADDR_2"_s, u"8|1"_s}};
+    addr.txtKelListForms.SetText(u"UA5,SUBPHOTO,"_s);
+    addr.txtKelReport.SetText(u"SMITH"_s);
+    questions.view = u"REAR VIEW"_s;
+    report.txtgeneraladdr(2).SetText(u"1 Subject Way"_s);
+    for (const auto& [item, words] :
+         {std::pair{u"item GEN1|7|1"_s, u"The REAR VIEW of 12 OAK ST is in the report now; its description and "
+                                        u"address are not."_s},
+          {u"item GEN1|8|1"_s, u"The REAR VIEW of 12 OAK ST is in the report now; its address is not."_s}}) {
+        conduit.FailOnce(item, error::kLinkBusy, u"No such cell"_s);
+        loader.geaClearImage(slots.imaGeneral(2));
+        const Outcome outcome = DropOn(slots.imaGeneral(2));
+        EXPECT_EQ(outcome.message, words);
+        EXPECT_EQ(outcome.colour, forms::Colour::Red);
+        EXPECT_EQ(report.txtgeneraladdr(2).Text(), u"1 Subject Way"_s) << "the report has not taken another";
+    }
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 2U);
+    Browse();
+    conduit.FailOnce(u"item GEN1|8|1"_s, error::kLinkBusy, u"No such cell"_s);
+    loader.geaClearImage(slots.imaGeneral(2));
+    const Outcome filed = DropThumb(0, slots.imaGeneral(2));
+    EXPECT_TRUE(filed.message.endsWith(u" is in the report now; its address is not."_s)) << filed.message.toStdString();
+    EXPECT_EQ(filed.colour, forms::Colour::Red);
+}
+
 TEST(ViewRule, ProposesByTheSource)
 {
     EXPECT_EQ(ProposedView(u"cboGeneral"_s, 1, u" "_s), u"GENERAL VIEW  1"_s);

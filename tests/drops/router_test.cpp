@@ -174,15 +174,136 @@ TEST_F(RouterTest, ARefusedOverwriteChangesNothing)
     EXPECT_EQ(Shows(slots.geaComp(2)), QString());
 }
 
-TEST_F(RouterTest, ASendThatBreaksOffLeavesTheSlotAsItWas)
+/// The sends of a comp whose page has these fields, in their order.
+class BrokenSend : public RouterTest
 {
-    conduit.FailOnce(u"poke"_s, error::kLinkBusy, u"No such cell"_s);
+protected:
+    void Fields(const QStringList& fields)
+    {
+        int row = 20;
+        for (const QString& field : fields)
+            Map({u"UA5"_s, u"SALEPAGE"_s, field, QString::number(row++), u"3"_s, u"SALE"_s, u"1"_s, u"2"_s});
+    }
+    /// The poke of that number, from 1, fails.
+    void FailPoke(int which, int number)
+    {
+        conduit.before = [this, which, number](const QString& entry) {
+            if (entry == "poke"_L1 && ++m_poke == which)
+                throw RuntimeError(number, u"No"_s);
+        };
+    }
+    int m_poke = 0;
+};
+
+TEST_F(BrokenSend, BeforeTheFirstFieldSaysThatNothingWasSent)
+{
+    report.txtComp(2).SetText(u"99 Other St"_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    FailPoke(1, error::kLinkBusy);
+    const Outcome outcome = DropOn(report.txtComp(2));
+    EXPECT_FALSE(outcome.done);
+    EXPECT_EQ(outcome.message, u"Nothing of 12 OAK ST reached the report."_s);
+    EXPECT_EQ(outcome.colour, forms::Colour::Red);
+    EXPECT_EQ(report.txtComp(2).Text(), u"99 Other St"_s);
+    EXPECT_TRUE(conduit.commands.isEmpty());
+}
+
+TEST_F(BrokenSend, WithoutAnAnswerToTheFirstFieldDoesNotKnow)
+{
+    FailPoke(1, error::kLinkTimeOut);
+    EXPECT_EQ(DropOn(report.txtComp(2)).message,
+              u"Whether 12 OAK ST reached the report is not known: the forms program did not answer. "
+              u"Refresh shows what is there."_s);
+    EXPECT_EQ(report.txtComp(2).Text(), QString());
+}
+
+TEST_F(BrokenSend, BehindTheAddressNamesTheNewComp)
+{
+    Fields({u"ADDRESS"_s, u"CITY"_s});
+    report.txtComp(2).SetText(u"99 Other St"_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    FailPoke(3, error::kLinkBusy);
     const Outcome outcome = DropOn(report.txtComp(2));
     EXPECT_FALSE(outcome.done);
     EXPECT_EQ(outcome.message, u"Only a part of 12 OAK ST reached the report. Drop it again."_s);
-    EXPECT_EQ(outcome.colour, forms::Colour::Red);
-    EXPECT_EQ(report.txtComp(2).Text(), QString());
-    EXPECT_TRUE(conduit.commands.isEmpty());
+    EXPECT_EQ(report.txtComp(2).Text(), u"12 Oak St"_s);
+    EXPECT_TRUE(slots.imaCompIcon(2).Visible());
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 2U);
+    conduit.before = {};
+    EXPECT_TRUE(DropOn(report.txtComp(2)).done) << "and asks nothing when it is dropped again";
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 2U);
+}
+
+TEST_F(BrokenSend, BeforeTheAddressKeepsTheOldCompsName)
+{
+    Fields({u"CITY"_s, u"ADDRESS"_s});
+    report.txtComp(2).SetText(u"99 Other St"_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    FailPoke(3, error::kLinkBusy);
+    EXPECT_EQ(DropOn(report.txtComp(2)).message,
+              u"Only a part of 12 OAK ST reached the report; the address there is still 99 Other St. Drop it again."_s);
+    EXPECT_EQ(report.txtComp(2).Text(), u"99 Other St"_s);
+}
+
+TEST_F(BrokenSend, OfAPhotoLeavesTheSlotAsItWas)
+{
+    report.txtComp(2).SetText(u"99 Other St"_s);
+    loader.ErrLoadThumb(slots.imaComp(2), u"C:\\JPG\\ELM.jpg"_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    conduit.FailOnce(u"execute "_s + SetImage(u"CMP_2_3X5"_s, u"C:\\\\JPG\\\\OAK.jpg"_s), error::kLinkBusy,
+                     u"No such object"_s);
+    const Outcome outcome = DropOn(slots.imaComp(2));
+    EXPECT_EQ(outcome.message, u"The photo of 12 OAK ST did not reach the report."_s);
+    EXPECT_EQ(report.txtComp(2).Text(), u"99 Other St"_s);
+    EXPECT_EQ(Shows(slots.imaComp(2)), u"C:\\JPG\\ELM.jpg"_s);
+}
+
+TEST_F(BrokenSend, ByTheScriptBehindThePhotoHasTakenThePhoto)
+{
+    Script(u"refresh.bas"_s);
+    conduit.FailOnce(u"execute [RunMacro(refresh.bas)]\r"_s, error::kLinkBusy, u"No script"_s);
+    const Outcome outcome = DropOn(slots.imaComp(2));
+    EXPECT_EQ(outcome.message, u"The FRONT VIEW of 12 OAK ST is in the report now."_s);
+    EXPECT_EQ(Shows(slots.imaComp(2)), u"C:\\JPG\\OAK.jpg"_s);
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1U);
+}
+
+TEST_F(RouterTest, APhotoAloneSaysWhoseDataStandBesideIt)
+{
+    report.txtComp(2).SetText(u"99 Other St"_s);
+    const Outcome outcome = DropOn(slots.imaComp(2));
+    EXPECT_EQ(outcome.message, u"The FRONT VIEW of 12 OAK ST is in the report now. The data beside it are still "
+                               u"those of 99 Other St."_s);
+    EXPECT_EQ(report.txtComp(2).Text(), u"12 Oak St"_s);
+}
+
+TEST_F(RouterTest, WhatACompLeavesBehindIsNamedAsTheOldOnes)
+{
+    Map({u"UA5"_s, u"SALEPAGE"_s, u"PROXIMITY"_s, u"14"_s, u"3"_s, u"SALE"_s, u"1"_s, u"2"_s});
+    Map({u"UA5"_s, u"SALEPAGE"_s, u"CITYSTZIP"_s, u"15"_s, u"3"_s, u"SALE"_s, u"1"_s, u"2"_s});
+    conduit.Answer(u"KEL|SMITH"_s, u"SALEPAGE|14|5"_s, u" 0.1 Mi. E"_s);
+    report.txtComp(2).SetText(u"671 Scholars Ln"_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    const Outcome outcome = DropOn(report.txtComp(2));
+    EXPECT_TRUE(outcome.done);
+    EXPECT_EQ(outcome.message, u"12 Oak St is in the report now; proximity is still 0.1 Mi. E of 671 Scholars Ln."_s);
+    EXPECT_EQ(outcome.colour, forms::Colour::Blue);
+
+    EXPECT_EQ(DropOn(report.txtComp(2)).message, u"12 Oak St is in the report now."_s) << "its own comp";
+    conduit.Answer(u"KEL|SMITH"_s, u"SALEPAGE|15|3"_s, u"Duluth, MN 55803"_s);
+    report.txtComp(1).SetText(u"671 Scholars Ln"_s);
+    conduit.FailOnce(u"item SALEPAGE|14|3"_s, error::kLinkBusy, u"No"_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    EXPECT_EQ(DropOn(report.txtComp(1), u"14 ELM ST"_s).message,
+              u"14 Elm St is in the report now; proximity may still be that of 671 Scholars Ln; city line is still "
+              u"Duluth, MN 55803 of 671 Scholars Ln. It has no front view."_s);
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 2U) << "no box for the look at a cell";
+    state.proximityOnDrop = true;
+    report.txtMapAddress.SetText(u"12 OAK ST"_s);
+    report.txtMapProximity.SetText(u"1.2 Mi. NW"_s);
+    report.txtComp(3).SetText(u"671 Scholars Ln"_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    EXPECT_EQ(DropOn(report.txtComp(3)).message, u"12 Oak St is in the report now."_s) << "a known distance is sent";
 }
 
 TEST_F(RouterTest, ARecordThatIsGoneIsNamed)

@@ -59,7 +59,7 @@ TEST(EveryForm, HasTheFieldsThatEveryGroupNeeds)
                 it.key() == u"SALE 10"_s
                     ? QStringList{u"ADDRESS"_s, u"CITY"_s,       u"ST"_s,        u"ZIP"_s,
                                   u"COUNTY"_s,  u"NEIGHBORHD"_s, u"APPRSRFILE"_s}
-                    : QStringList{u"ADDRESS"_s, u"NEIGHBORHD"_s, u"PROXIMITY"_s};
+                    : QStringList{u"ADDRESS"_s, u"NEIGHBORHD"_s, u"CITYSTZIP"_s, u"PROXIMITY"_s};
             for (const QString& field : wanted)
                 EXPECT_EQ(it->count(field), 1) << it.key().toStdString() << " " << field.toStdString();
         }
@@ -83,7 +83,7 @@ TEST(EveryForm, OneFormNameForEverySet)
 }
 
 /// What the mapping says is a cell is a labelled cell on the page as it is shown, for all three comps, and no
-/// two fields share one.
+/// two fields share one, but for the line that is read under one word and sent under another.
 TEST(EveryForm, EveryMappedCellStandsOnItsPage)
 {
     for (const Form& form : Forms()) {
@@ -102,6 +102,8 @@ TEST(EveryForm, EveryMappedCellStandsOnItsPage)
                 EXPECT_TRUE(row.comp == u"10"_s || label.contains(u" %1: "_s.arg(row.comp.toInt() + place)))
                     << label.toStdString();
                 const QString item = u"%1|%2|%3"_s.arg(row.formName, row.row).arg(cell);
+                if (row.fieldName == u"CITYSTZIP"_s)
+                    EXPECT_EQ(taken.take(item), u"NEIGHBORHD"_s) << item.toStdString();
                 EXPECT_FALSE(taken.contains(item)) << item.toStdString();
                 taken.insert(item, row.fieldName);
             }
@@ -142,6 +144,21 @@ TEST(EveryForm, EveryFieldOnAPageIsMapped)
     }
 }
 
+/// The name of a neighborhood never goes where a comp's city, state and ZIP stand.
+TEST(EveryForm, SendsTheCityLineOfACompAndReadsItAsNeighborhood)
+{
+    for (const Form& form : Forms()) {
+        const QString code = form.code;
+        SCOPED_TRACE(code.toStdString());
+        for (const MappingRow& row : MappingRows(code)) {
+            const bool readOnly = row.fieldName == u"NEIGHBORHD"_s && row.comp != u"10"_s;
+            EXPECT_EQ(row.trueFalse == u"R"_s, readOnly) << row.fieldName.toStdString();
+            if (row.fieldName == u"CITYSTZIP"_s)
+                EXPECT_EQ(row.trueFalse, QString());
+        }
+    }
+}
+
 TEST(EveryForm, CompositesOnlyForTheSubject)
 {
     for (const Form& form : Forms()) {
@@ -149,7 +166,7 @@ TEST(EveryForm, CompositesOnlyForTheSubject)
         SCOPED_TRACE(code.toStdString());
         int composites = 0;
         for (const MappingRow& row : MappingRows(code)) {
-            EXPECT_TRUE(QStringList({QString(), u"0"_s, u"1"_s, u"A"_s}).contains(row.trueFalse));
+            EXPECT_TRUE(QStringList({QString(), u"0"_s, u"1"_s, u"A"_s, u"R"_s}).contains(row.trueFalse));
             EXPECT_EQ(row.trueFalse == u"A"_s, !row.preEval.isEmpty());
             if (row.trueFalse == u"A"_s) {
                 ++composites;

@@ -158,22 +158,30 @@ TEST_F(Drop, OfAGroupWordReachesItsRows)
     EXPECT_EQ(Poked(), (QStringList{u"ALTP|12|5=1850"_s}));
 }
 
-TEST_F(Drop, ThatBreaksOffIsIncompleteAndKeepsTheLinkQuiet)
+TEST_F(Drop, ThatGetsNoAnswerToItsFirstFieldIsUnsureAndKeepsTheLinkQuiet)
 {
     Script(u"recalc.bas"_s);
     conduit.FailOnce(u"poke"_s, error::kLinkPeerGone, u"The forms program has gone"_s);
-    EXPECT_EQ(OnComp(5), DropOutcome::Incomplete);
+    EXPECT_EQ(OnComp(5), DropOutcome::Unsure);
     EXPECT_EQ(doubles.prompter.Boxes().size(), 1U);
     EXPECT_TRUE(conduit.commands.isEmpty());
     EXPECT_FALSE(doubles.window.hourglass);
 }
 
-TEST_F(Drop, ThatIsRefusedInTheMiddleStillRecalculates)
+TEST_F(Drop, ThatIsRefusedInTheMiddleIsIncompleteAndStillRecalculates)
 {
     Script(u"recalc.bas"_s);
-    conduit.FailOnce(u"poke"_s, error::kLinkBusy, u"No such cell"_s);
+    Map({u"UA5"_s, u"PAGE2"_s, u"CITY"_s, u"13"_s, u"3"_s, u"SALE"_s, u"4"_s, u"2"_s});
+    conduit.FailOnce(u"item PAGE2|13|5"_s, error::kLinkBusy, u"No such cell"_s);
     EXPECT_EQ(OnComp(5), DropOutcome::Incomplete);
     EXPECT_EQ(conduit.commands, (QStringList{u"[RunMacro(recalc.bas)]\r"_s}));
+}
+
+TEST_F(Drop, ThatIsRefusedAtItsFirstFieldHasSentNothing)
+{
+    conduit.FailOnce(u"poke"_s, error::kLinkBusy, u"No such cell"_s);
+    EXPECT_EQ(OnComp(5), DropOutcome::NothingSent);
+    EXPECT_FALSE(state.addressSent);
 }
 
 TEST_F(Drop, SendsItsRecordEvenIfTheQueueMovesTheTable)

@@ -92,6 +92,42 @@ TEST_F(Refresh, EveryFieldOfTheSubjectGoesToItsOwnPlace)
         EXPECT_EQ(box->Text(), u"the "_s + field) << field.toStdString();
 }
 
+TEST_F(Refresh, AListOfReportsWithoutACommaNamesNoReportAndIsToldWithoutABox)
+{
+    RefreshAppraisal(desk);
+    conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"SMITH"_s);
+    RefreshAppraisal(desk);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty()) << doubles.prompter.Last().text.toStdString();
+    EXPECT_FALSE(state.linkActive);
+    EXPECT_EQ(status.lblmsg.Caption(), u"The forms program lists its open reports as \"SMITH\", without a comma: "
+                                       u"which one is in front is not known"_s);
+    EXPECT_EQ(report.txtComp(1).Text(), QString()) << "nothing of the report before stays";
+    conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"SMITH,JONES"_s);
+    conduit.Answer(u"KEL|SMITH"_s, u"ListForms"_s, u"UA5,SUBPHOTO,COMPPAGE"_s);
+    RefreshAppraisal(desk);
+    EXPECT_EQ(report.txtComp(1).Text(), u"12 Oak St"_s) << "the last comma alone is not missed";
+}
+
+TEST_F(Refresh, BlankAnswersMeanThatNoReportIsOpen)
+{
+    for (const QString& answer : {QString(), u"  "_s, u"None"_s}) {
+        conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, answer);
+        RefreshAppraisal(desk);
+        EXPECT_FALSE(state.linkActive);
+    }
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    EXPECT_EQ(status.lblmsg.Caption(), QString());
+}
+
+TEST_F(Refresh, AFormsListWithoutACommaIsToldBesideTheMissingMapping)
+{
+    conduit.Answer(u"KEL|SMITH"_s, u"ListForms"_s, u"UA5"_s);
+    RefreshAppraisal(desk);
+    EXPECT_EQ(doubles.prompter.Last().text, u"Reference Entries Not Found (Comp2Kel file incomplete)."_s);
+    EXPECT_EQ(status.lblmsg.Caption(), u"The forms program lists the forms of SMITH as \"UA5\", without a comma: its "
+                                       u"main form is not known"_s);
+}
+
 TEST_F(Refresh, GaugeTellsItsSteps)
 {
     EXPECT_EQ(

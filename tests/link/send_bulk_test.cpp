@@ -82,6 +82,41 @@ TEST_F(Send, TakesTheFormNameFromTheFirstRow)
     EXPECT_EQ(Poked(), (QStringList{u"PAGE2|12|3=1850"_s, u"PAGE2|13|3=Duluth"_s}));
 }
 
+TEST_F(Send, ReadsTheCityLineUnderOneWordAndSendsItUnderAnother)
+{
+    Row(u"NEIGHBORHD"_s, u"13"_s, u"R"_s);
+    Row(u"CityStZip"_s, u"13"_s);
+    EXPECT_TRUE(SendComp(5).complete);
+    EXPECT_EQ(Poked(), (QStringList{u"PAGE2|13|5=Duluth, MN"_s}));
+}
+
+TEST_F(Send, ByAMappingOfBeforeSendsTheNeighborhood)
+{
+    AddComp(u"14 Elm St"_s, {{u"NEIGHBORHD"_s, u"Oak Hill"_s}, {u"CITY"_s, u"Duluth"_s}});
+    sources.datDatabook.Refresh();
+    StandOn(u"14 ELM ST"_s);
+    Row(u"NEIGHBORHD"_s, u"13"_s);
+    EXPECT_TRUE(SendComp(5).complete);
+    EXPECT_EQ(Poked(), (QStringList{u"PAGE2|13|5=Oak Hill"_s}));
+}
+
+TEST_F(Send, LeavesTheCityLineOfARecordWithoutACityAndSaysSo)
+{
+    AddComp(u"14 Elm St"_s);
+    sources.datDatabook.Refresh();
+    StandOn(u"14 ELM ST"_s);
+    Row(u"CITYSTZIP"_s, u"13"_s);
+    Row(u"PROXIMITY"_s, u"14"_s);
+    Row(u"CENTRALKEY"_s, u"15"_s);
+    const SendResult result = SendComp(5);
+    EXPECT_TRUE(result.complete);
+    EXPECT_TRUE(conduit.pokes.isEmpty());
+    ASSERT_EQ(result.unsent.size(), 2);
+    EXPECT_EQ(result.unsent[0].what, u"city line"_s);
+    EXPECT_EQ(result.unsent[1].what, u"proximity"_s);
+    EXPECT_EQ(result.unsent[1].item, u"PAGE2|14|5"_s);
+}
+
 struct ValueRow
 {
     const char* name;

@@ -279,7 +279,7 @@ protected:
 
 TEST_F(GeneralText, PokesKeepTheMixedCasePrefix)
 {
-    EXPECT_TRUE(KelPokeGeneralData(desk, 5, u" KITCHEN "_s));
+    EXPECT_EQ(KelPokeGeneralData(desk, 5, u" KITCHEN "_s), GeneralPoke::Sent);
     EXPECT_EQ(conduit.log, (QStringList{u"mode 0"_s, u"topic Kel|SMITH"_s, u"mode 2"_s, u"item GENP2|20|1"_s,
                                         u"text KITCHEN"_s, u"poke"_s}));
 }
@@ -306,6 +306,37 @@ TEST_F(GeneralText, OnlyTwoSizesCountForTheSection)
     addr.txtKelListForms.SetText(u"UA5,NLSUBPH"_s);
     KelPokeGeneralData(desk, 1, u"x"_s);
     EXPECT_EQ(Poked(), (QStringList{u"|77|1=x"_s, u"|=x"_s}));
+}
+
+TEST_F(GeneralText, AReportWithoutALineForItIsToldOnceInTheStatusLineAndInNoBox)
+{
+    addr.txtKelListForms.SetText(u"UA5,NLSUBPH,"_s);
+    conduit.before = [](const QString& entry) {
+        if (entry == "poke"_L1)
+            throw RuntimeError(error::kLinkBusy, u"\"|\" is no item"_s);
+    };
+    for (const QString& typed : {u"K"_s, u"KI"_s, u"KIT"_s}) {
+        report.cboGeneral(1).SetText(typed);
+        cboGeneral_Change(desk, 1);
+    }
+    cboGeneral_Click(desk, 1);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    EXPECT_EQ(status.lblmsg.Caption(),
+              u"The pages of this report have no line for the description of a general photo."_s);
+    EXPECT_EQ(KelPokeGeneralAddr(desk, 20, u"1 Main St"_s), GeneralPoke::NoPlace);
+    conduit.before = [](const QString& entry) {
+        if (entry == "poke"_L1)
+            throw RuntimeError(error::kLinkTimeOut, u"No answer"_s);
+    };
+    EXPECT_EQ(KelPokeGeneralData(desk, 1, u"x"_s), GeneralPoke::Failed);
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1U) << "a link that is gone is another matter";
+}
+
+TEST_F(GeneralText, ARefusalOfALineThatTheReportHasIsReported)
+{
+    conduit.FailOnce(u"poke"_s, error::kLinkBusy, u"No such cell"_s);
+    EXPECT_EQ(KelPokeGeneralData(desk, 1, u"x"_s), GeneralPoke::Failed);
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1U);
 }
 
 TEST_F(GeneralText, IsReadForSlotsWithAPictureOnly)

@@ -211,6 +211,30 @@ TEST_F(Transfer, TheCityLineGoesToItsFieldsAndStaysInItsOwn)
     EXPECT_EQ(Value(u"12 OAK ST"_s, u"ZIP"_s), u"54001"_s);
 }
 
+TEST_F(Transfer, TheCityLineDoesNotCostARecordItsNeighborhood)
+{
+    AddComp(u"12 Oak St"_s, {{u"NEIGHBORHD"_s, u"Oak Hill"_s}, {u"CITY"_s, u"Duluth"_s}});
+    AddComp(u"14 Elm St"_s, {{u"NEIGHBORHD"_s, u"Duluth, MN 55803"_s}});
+    sources.datDatabook.Refresh();
+    Map({u"UA5"_s, u"SALE1"_s, u"NEIGHBORHD"_s, u"8"_s, u"1"_s, u"SALE"_s, u"1"_s, u"1"_s, {}, u"R"_s});
+    Map({u"UA5"_s, u"SALE1"_s, u"CITYSTZIP"_s, u"8"_s, u"1"_s, u"SALE"_s, u"1"_s, u"1"_s});
+    conduit.Answer(topic, u"SALE1|8|2"_s, u"Alder Creek, WI 54001"_s);
+    conduit.Answer(topic, u"SALE1|8|3"_s, u"Alder Creek, WI 54001"_s);
+    Slot(report.txtComp, 2, u"12 Oak St"_s);
+    Slot(report.txtComp, 3, u"14 Elm St"_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    EXPECT_EQ(TransferComps(desk, true, 0, What::Data).replaced, 2);
+    EXPECT_EQ(conduit.log.count(u"item SALE1|8|2"_s), 1) << "the word that is only sent is not read";
+    EXPECT_EQ(Value(u"12 OAK ST"_s, u"NEIGHBORHD"_s), u"Oak Hill"_s);
+    EXPECT_EQ(Value(u"12 OAK ST"_s, u"CITY"_s), u"Alder Creek"_s);
+    EXPECT_EQ(Value(u"14 ELM ST"_s, u"NEIGHBORHD"_s), u"Alder Creek, WI 54001"_s) << "that was no neighborhood";
+    conduit.Answer(topic, u"SALE1|8|2"_s, u"Lakeside"_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    TransferComps(desk, false, 2, What::Data);
+    EXPECT_EQ(Value(u"12 OAK ST"_s, u"NEIGHBORHD"_s), u"Lakeside"_s) << "and that is one";
+}
+
 TEST_F(Transfer, ABlankAddressIsPassedOver)
 {
     MappingPages pages;

@@ -10,9 +10,13 @@ namespace {
 
 using enum LineKind;
 
+/// A row with this mark is read and never sent: TRUEFALSE is none of the marks that a send knows.
+constexpr auto kReadOnly = "R"_L1;
+
 constexpr Field kPlace[] = {
     {"ADDRESS"_L1, "Address"_L1},
-    {"NEIGHBORHD"_L1, "City, state, ZIP"_L1},
+    // The second address line of a comp is read as NEIGHBORHD; the name of a neighborhood must not land there.
+    {"NEIGHBORHD"_L1, "City, state, ZIP"_L1, Text, false, kReadOnly, "CITYSTZIP"_L1},
     {"PROXIMITY"_L1, "Proximity to subject"_L1},
 };
 

@@ -31,6 +31,7 @@ struct Field
     LineKind kind = LineKind::Text;
     bool adjusted = false;           ///< has an adjustment beside the value
     QLatin1StringView trueFalse{""}; ///< TRUEFALSE of its mapping rows
+    QLatin1StringView sentAs{""};    ///< what is sent to the cell, if another word than the one it is read as
 };
 
 /// The lines of a family's grid, from the top.

@@ -111,6 +111,7 @@ Section Grid(const Form& form, Group group, int base, int firstRow)
         line.label = field.label;
         line.field = field.name;
         line.trueFalse = field.trueFalse;
+        line.sentAs = field.sentAs;
         line.kind = field.kind;
         for (int place = 0; place < 3; ++place) {
             const auto i = static_cast<size_t>(place);

@@ -19,6 +19,7 @@ struct Line
     QString field;     ///< FIELDNAME of the mapping; "" for a line that is not mapped
     QString trueFalse; ///< TRUEFALSE
     QString preEval;   ///< PREEVAL
+    QString sentAs;    ///< FIELDNAME of a second row for the same cell, which is sent and not read; "" for none
     LineKind kind = LineKind::Text;
     int subjectRow = 0; ///< where the subject's value stands, on the section's subjectPage
     int subjectCell = 0;

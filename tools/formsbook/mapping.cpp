@@ -34,6 +34,12 @@ void AppendGrid(QList<MappingRow>& rows, const Form& form, const Page& page, Gro
             rows.append({form.code, page.code, line.field, QString::number(line.row),
                          QString::number(line.comps[0]), GroupWord(group), QString::number(base),
                          QString::number(line.comps[1] - line.comps[0]), line.preEval, line.trueFalse});
+            if (line.sentAs.isEmpty())
+                continue;
+            MappingRow sent = rows.last();
+            sent.fieldName = line.sentAs;
+            sent.trueFalse.clear();
+            rows.append(sent);
         }
     }
 }

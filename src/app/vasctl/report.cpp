@@ -1,5 +1,6 @@
 #include "app/vasctl/session.h"
 
+#include "link/comp2kel.h"
 #include "link/kel_channel.h"
 #include "link/kel_helpers.h"
 #include "link/tabs.h"
@@ -68,6 +69,8 @@ int Cells(Session& session, const Output& out, const QStringList& items)
             engine::RecordsetType::Dynaset);
         for (; !all->Eof(); all->MoveNext()) {
             const auto column = [&](const QString& name) { return text::Trim(all->Value(name).toString()); };
+            if (column(u"FIELDNAME"_s).toUpper() == link::kCityStateZipWord)
+                continue; // its cell is read by the row beside it
             const qint16 base = text::ToInt16(text::Val(column(u"COMP"_s)));
             for (qint16 comp = base; comp < base + (base == 10 ? 1 : 3); ++comp) {
                 const QString cell = link::KelShiftCell(column(u"ROW"_s) + u'|' + column(u"CELL"_s),
@@ -107,10 +110,8 @@ int RunReport(Session& session, const Output& out, const QStringList& arguments)
         out.Error(u"Usage: vasctl report status | pages | images | cells [FORM|ROW|CELL ...]"_s);
         return kUsage;
     }
-    if (!link::KelIsActive(session.Conduit(), session.Main().linkState)) {
-        out.Error(kNoReport);
+    if (!session.ReportIsOpen(out, kNoReport))
         return kNoLink;
-    }
     if (verb == u"status"_s)
         return Status(session, out);
     if (verb == u"pages"_s)
@@ -122,10 +123,8 @@ int RunReport(Session& session, const Output& out, const QStringList& arguments)
 
 int RunRefresh(Session& session, const Output& out)
 {
-    if (!link::KelIsActive(session.Conduit(), session.Main().linkState)) {
-        out.Error(kNoReport);
+    if (!session.ReportIsOpen(out, kNoReport))
         return kNoLink;
-    }
     auto& main = session.WithReport();
     QList<QStringList> rows;
     for (int i = 1; i <= 9; ++i) {
@@ -145,10 +144,8 @@ int RunDrop(Session& session, const Output& out, const QStringList& arguments,
         out.Error(u"Usage: vasctl drop KEY --on SLOT:INDEX, for instance --on txtComp:4"_s);
         return kUsage;
     }
-    if (!link::KelIsActive(session.Conduit(), session.Main().linkState)) {
-        out.Error(kNoReport);
+    if (!session.ReportIsOpen(out, kNoReport))
         return kNoLink;
-    }
     auto& main = session.WithReport();
     forms::Control* target = main.controls.Find(slot.captured(1), slot.captured(2).toInt());
     if (!target) {
@@ -183,7 +180,8 @@ int RunDrop(Session& session, const Output& out, const QStringList& arguments,
     }
     if (session.Prompter().Declined())
         return kDeclined;
-    out.Error(u"%1 was not sent whole; see the message above."_s.arg(drag.key));
+    out.Error(outcome.message.isEmpty() ? u"%1 was not sent whole; see the message above."_s.arg(drag.key)
+                                        : outcome.message);
     return kFailed;
 }
 

@@ -1,6 +1,7 @@
 #include "app/vasctl/session.h"
 
 #include "app/places.h"
+#include "link/link_desk.h"
 #include "platform/conduit/socket_path.h"
 #include "shell/ini_location.h"
 
@@ -57,6 +58,16 @@ shell::frm_Main& Session::Main()
     main->ReadSettings();
     m_main = std::move(main);
     return *m_main;
+}
+
+bool Session::ReportIsOpen(const Output& out, const QString& otherwise)
+{
+    auto& main = Main();
+    if (link::ReportIsNamed(main.Link()))
+        return true;
+    const QString why = main.status.lblmsg.Caption();
+    out.Error(why.isEmpty() ? otherwise : why);
+    return false;
 }
 
 shell::frm_Main& Session::WithDatabook()

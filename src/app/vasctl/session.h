@@ -43,6 +43,8 @@ public:
     shell::frm_Main& WithDatabook();
     /// The same with the grid filled and the mapping bound, and the open report mirrored.
     shell::frm_Main& WithReport();
+    /// Is a report open in the forms program? If not, tells why, `otherwise` where nothing better is known.
+    bool ReportIsOpen(const Output& out, const QString& otherwise);
 
 private:
     TerminalPrompter& m_prompter;

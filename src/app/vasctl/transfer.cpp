@@ -1,6 +1,5 @@
 #include "app/vasctl/session.h"
 
-#include "link/kel_channel.h"
 #include "link/messages.h"
 #include "link/transfer.h"
 #include "platform/text/text.h"
@@ -81,10 +80,8 @@ int RunTransfer(Session& session, const Output& out, const QStringList& argument
     const link::What what = data == pictures ? link::What::Both
                             : data           ? link::What::Data
                                              : link::What::Pic;
-    if (!link::KelIsActive(session.Conduit(), session.Main().linkState)) {
-        out.Error(link::messages::kNotRunning);
+    if (!session.ReportIsOpen(out, link::messages::kNotRunning))
         return kNoLink;
-    }
     auto& main = session.WithReport();
     const link::TransferTally tally = order.run(main.Link(), what);
     if (tally.notRunning)
