@@ -157,6 +157,8 @@ public:
     [[nodiscard]] bool CanStart(const forms::Control& source) const;
     /// A drag begins on a control. @param shift  sum of kShiftMask, kCtrlMask and kAltMask
     drops::Drag BeginDrag(const forms::Control& source, int shift = 0);
+    /// Exchanges two sales comps of the report; the status line tells.
+    drops::Outcome SwapComps(int target, int source);
     /// Files of another program end on a control. @param files  drive paths
     drops::Outcome DropFiles(const QStringList& files, forms::Control& target);
     /// The icon of the drag that lasts; null if the program directory has none.
@@ -210,6 +212,8 @@ private:
     void popPicture_M_Click(int index);
     void popGeneral_M_Click(int index);
     void popTextData_M_Click(int index);
+    void popTextData_MSubSwap_Click(int index);
+    void OfferSwap(const forms::Control& slot);
     void popPicAndData_M_Click(int index);
     void SlotPhoto_DblClick(forms::PictureBox& slot);
     void ReadCaption();
@@ -309,6 +313,8 @@ private:
     int m_menuIndex = -1;
     photos::PointedFile m_menuFile;
     QString m_menuPhoto; ///< record, view and file name of the photo on show
+    int m_swapComp = 0;      ///< the comp over which the swap was offered
+    QStringList m_swapShown; ///< what comps 1 to 9 showed then
 };
 
 } // namespace vasclip::shell

@@ -3,6 +3,8 @@
 #include "common/error_block.h"
 #include "drops/router.h"
 #include "drops/slot_menus.h"
+#include "drops/swap_slots.h"
+#include "link/tabs.h"
 #include "photos/capture_desk.h"
 #include "platform/text/text.h"
 #include "shell/frm_main.h"
@@ -47,8 +49,12 @@ void frm_Main::WireSlots()
         {&popTextData_M, &frm_Main::popTextData_M_Click},
         {&popPicAndData_M, &frm_Main::popPicAndData_M_Click}};
     for (const auto& [menu, handler] : menus)
-        connect(menu, &forms::Menu::Chosen, this,
-                [this, chosen = handler](const QString&, int index) { (this->*chosen)(index); });
+        connect(menu, &forms::Menu::Chosen, this, [this, chosen = handler](const QString& array, int index) {
+            if (array == kSwapEntries)
+                popTextData_MSubSwap_Click(index);
+            else
+                (this->*chosen)(index);
+        });
 }
 
 forms::Menu* frm_Main::MenuOver(const forms::Control& control)
@@ -90,7 +96,30 @@ forms::Menu* frm_Main::MenuOver(const forms::Control& control)
     // The subject's data are not sent from the Databook.
     popTextData_M.SetEntryEnabled(0, !subject);
     popTextData_M.SetEntryEnabled(1, !subject);
+    OfferSwap(control);
     return &popTextData_M;
+}
+
+/// Only sales comps are swapped, and only with those that the report has.
+void frm_Main::OfferSwap(const forms::Control& slot)
+{
+    const bool sales = text::Folded(slot.Name()) == "TXTCOMP"_L1;
+    const auto has = [this](int comp) {
+        return report.txtComp(comp).Enabled() && !link::SlotPageNotAvailable(report, u"txtComp"_s, comp);
+    };
+    m_swapComp = sales ? slot.Index() : 0;
+    m_swapShown.clear();
+    bool any = false;
+    for (int comp = 1; comp <= report.txtComp.Last(); ++comp) {
+        const QString address = text::Trim(report.txtComp(comp).Text());
+        m_swapShown.append(address);
+        const bool can = sales && comp != m_swapComp && has(comp);
+        any = any || can;
+        const QString named = address.isEmpty() ? u"(empty)"_s : QString(address).replace(u'&', u"&&"_s);
+        popTextData_M.SetEntryCaption(kSwapEntries, comp, u"Comp &%1: %2"_s.arg(comp).arg(named));
+        popTextData_M.SetEntryEnabled(kSwapEntries, comp, can);
+    }
+    popTextData_M.SetEntryEnabled(kSwapEntry, any && has(std::max(1, m_swapComp)));
 }
 
 void frm_Main::SetCorrectPicMenuText(bool subject)
@@ -153,6 +182,21 @@ void frm_Main::popTextData_M_Click(int index)
         Told(drops::ObtainShownData(desk, group, m_menuIndex, drops::WithPhoto::No));
     else if (index == 3)
         Told(drops::SaveDataOfSlot(desk, group, m_menuIndex));
+}
+
+drops::Outcome frm_Main::SwapComps(int target, int source)
+{
+    drops::DropDesk desk = Drops();
+    return Told(drops::SwapSlots(desk, target, source));
+}
+
+void frm_Main::popTextData_MSubSwap_Click(int index)
+{
+    const common::RoutineScope scope{"popTextData_M"};
+    if (m_swapComp < 1 || index < 1 || index > m_swapShown.size())
+        return;
+    drops::DropDesk desk = Drops();
+    Told(drops::SwapSlots(desk, m_swapComp, index, {m_swapShown[m_swapComp - 1], m_swapShown[index - 1]}));
 }
 
 void frm_Main::popPicAndData_M_Click(int index)

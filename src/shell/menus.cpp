@@ -203,12 +203,18 @@ QList<forms::MenuEntry> GeneralEntries()
 
 QList<forms::MenuEntry> TextDataEntries()
 {
-    return Entries({
+    auto entries = Entries({
         {0, "Obtain Data (from databook)"_L1, Screen::Here},
         {1, "Obtain Data: ALL 3 shown (from databook)"_L1, Screen::Here},
         {2, kSeparator},
         {3, "Save Selected Data to Database"_L1, Screen::Here},
+        {4, kSeparator},
+        {kSwapEntry, "Swap in the Appraisal with"_L1, Screen::Here},
     });
+    entries[kSwapEntry].subName = kSwapEntries;
+    for (int comp = 1; comp <= 9; ++comp)
+        entries[kSwapEntry].subEntries.append({.index = comp, .caption = u"Comp &%1"_s.arg(comp)});
+    return entries;
 }
 
 QList<forms::MenuEntry> PicAndDataEntries()

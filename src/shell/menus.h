@@ -26,6 +26,9 @@ inline constexpr int kWebsiteEntry = 9;    ///< of Help
 [[nodiscard]] QList<forms::MenuEntry> GeneralEntries();     ///< over general photo slots
 [[nodiscard]] QList<forms::MenuEntry> TextDataEntries();    ///< over text slots
 [[nodiscard]] QList<forms::MenuEntry> PicAndDataEntries();  ///< over data boxes
+/// Of the menu over text slots: the submenu of the comps with which a sales comp can be swapped, by their number.
+inline constexpr int kSwapEntry = 5;
+inline constexpr QLatin1StringView kSwapEntries{"popTextData_MSubSwap"};
 /// The second entry of the photo slots' menu, by whether it opens over the subject.
 [[nodiscard]] QString PictureEntryCaption(bool subject);
 

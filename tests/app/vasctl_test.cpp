@@ -487,6 +487,118 @@ TEST_F(Vasctl, ReplacingACompAsks)
     EXPECT_EQ(home.Cell(1, u"ADDRESS"_s).toUpper(), key);
 }
 
+TEST_F(Vasctl, TwoCompsOfTheReportChangePlacesWithTheirPictures)
+{
+    ASSERT_TRUE(home.StartForms());
+    const auto image = [this](const QString& object) {
+        for (const QJsonValue& row : home.Vasctl({u"report"_s, u"images"_s}).Array())
+            if (row.toObject()[u"object"_s].toString() == object)
+                return row.toObject()[u"file"_s].toString();
+        return QString();
+    };
+    const QString one = home.Cell(1, u"ADDRESS"_s);
+    const QString two = home.Cell(2, u"ADDRESS"_s);
+    const QString place = home.Cell(1, u"PROXIMITY"_s);
+    const QString picture = image(u"CMP_1_3X5"_s);
+    ASSERT_NE(one, two);
+    ASSERT_FALSE(picture.isEmpty());
+    const auto swapped = home.Vasctl({u"swap"_s, u"1"_s, u"5"_s});
+    ASSERT_EQ(swapped.code, kDone) << swapped.err.toStdString();
+    EXPECT_EQ(swapped.Object()[u"message"_s].toString(), u"Swapped: comp 1 is empty now, comp 5 is %1."_s.arg(one));
+    EXPECT_EQ(home.Cell(1, u"ADDRESS"_s), QString());
+    EXPECT_EQ(home.Cell(5, u"ADDRESS"_s), one);
+    EXPECT_EQ(home.Cell(5, u"PROXIMITY"_s), place);
+    EXPECT_EQ(image(u"CMP_5_3X5"_s), picture);
+    EXPECT_EQ(image(u"CMP_1_3X5"_s), QString());
+    EXPECT_EQ(home.Cell(2, u"ADDRESS"_s), two);
+    for (const QStringList& wrong : {QStringList{u"1"_s}, {u"1"_s, u"1"_s}, {u"0"_s, u"1"_s}, {u"1"_s, u"10"_s},
+                                     {u"1"_s, u"x"_s}, {u"1"_s, u"2"_s, u"3"_s}})
+        EXPECT_EQ(home.Vasctl(QStringList{u"swap"_s} + wrong).code, kUsage) << wrong.join(u' ').toStdString();
+}
+
+TEST_F(Vasctl, ADropSendsTheCityAndNeverTheNeighborhoodAndNamesTheOldProximity)
+{
+    ASSERT_TRUE(home.StartForms());
+    const QString before = home.Cell(1, u"ADDRESS"_s);
+    const QString place = home.Cell(1, u"PROXIMITY"_s);
+    ASSERT_FALSE(place.isEmpty());
+    ASSERT_EQ(home.Vasctl({u"records"_s, u"add"_s, u"7 Plain Rd"_s, u"--set"_s, u"NEIGHBORHD=Old Orchard"_s,
+                           u"--set"_s, u"CITY=Calder"_s, u"--set"_s, u"ST=OR"_s})
+                  .code,
+              kDone);
+    const auto dropped = home.Vasctl({u"--yes"_s, u"drop"_s, u"7 PLAIN RD"_s, u"--on"_s, u"txtComp:1"_s});
+    ASSERT_EQ(dropped.code, kDone) << dropped.err.toStdString();
+    EXPECT_TRUE(dropped.Object()[u"message"_s].toString().contains(
+        u"is in the report now; proximity is still %1 of %2"_s.arg(place, before)))
+        << dropped.out.toStdString();
+    EXPECT_EQ(home.Cell(1, u"NEIGHBORHD"_s), u"Calder, OR"_s);
+    EXPECT_EQ(home.Cell(1, u"PROXIMITY"_s), place);
+    EXPECT_EQ(home.Cell(1, u"CITYSTZIP"_s), QString()) << "a cell is listed once";
+}
+
+/// What other forms programs have been seen to answer.
+TEST_F(Vasctl, CopesWithTheHabitsOfOtherFormsPrograms)
+{
+    ASSERT_TRUE(home.StartForms({u"--no-value"_s, u"eral"_s, u"--bare-lists"_s}));
+    const auto status = home.Vasctl({u"report"_s, u"status"_s}).Object();
+    EXPECT_EQ(status[u"report"_s].toString(), u"OAKST114.RPT"_s);
+    EXPECT_EQ(status[u"form"_s].toString(), u"UA5"_s);
+    EXPECT_EQ(home.Vasctl({u"--yes"_s, u"drop"_s, FirstKey(), u"--on"_s, u"txtComp:3"_s}).code, kDone);
+    EXPECT_EQ(home.Vasctl({u"report"_s, u"images"_s}).code, kDone);
+    ProgramHome::Stop(home.forms);
+
+    const auto start = [this](const QStringList& options) {
+        home.forms.setProcessEnvironment(home.environment);
+        home.forms.start(ProgramHome::Program(u"kelforms"_s),
+                         QStringList{u"--home"_s, home.Path(), u"--headless"_s} + options);
+        return home.forms.waitForStarted();
+    };
+    const auto refused = [this](const char* words) {
+        Ended ended;
+        WaitFor([&] { return (ended = home.Vasctl({u"refresh"_s})).err.contains(words); }, 20000);
+        EXPECT_EQ(ended.code, kNoLink);
+        return ended.err.contains(words);
+    };
+    ASSERT_TRUE(start({u"--bare-lists"_s, u"C:\\KEL\\DATA\\OAKST114.RPT"_s}));
+    EXPECT_TRUE(refused("without a comma"));
+    EXPECT_TRUE(home.Vasctl({u"swap"_s, u"1"_s, u"2"_s}).err.contains("without a comma"));
+    ProgramHome::Stop(home.forms);
+    ASSERT_TRUE(start({u"--blank-for-none"_s, u"--no-value"_s, u"null"_s}));
+    EXPECT_TRUE(refused("No report is open"));
+    ProgramHome::Stop(home.forms);
+    ASSERT_TRUE(start({u"--no-value"_s, u"x"_s}));
+    ASSERT_TRUE(home.forms.waitForFinished(10000));
+    EXPECT_EQ(home.forms.exitCode(), 2);
+}
+
+/// A report without a subject's photo page has no size for its picture objects, and takes no picture.
+TEST_F(Vasctl, APictureWhoseObjectTheReportDoesNotHaveIsToldAndTheDataStay)
+{
+    QFile file(home.Native(u"KEL/DATA/OAKST114.RPT"_s));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    QJsonObject report = QJsonDocument::fromJson(file.readAll()).object();
+    file.close();
+    QJsonArray forms = report[u"forms"_s].toArray();
+    for (qsizetype i = forms.size() - 1; i >= 0; --i)
+        if (forms[i].toString() == u"SUBPHOTO"_s)
+            forms.removeAt(i);
+    report[u"forms"_s] = forms;
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QJsonDocument(report).toJson());
+    file.close();
+    ASSERT_TRUE(home.StartForms());
+    QString key;
+    for (const QJsonValue& value : home.Vasctl({u"records"_s, u"list"_s}).Array())
+        if (!value.toObject()[u"FRONT"_s].toString().isEmpty())
+            key = value.toObject()[u"CENTRALKEY"_s].toString();
+    ASSERT_FALSE(key.isEmpty());
+    const auto dropped = home.Vasctl({u"drop"_s, key, u"--on"_s, u"txtComp:3"_s});
+    EXPECT_EQ(dropped.code, kFailed);
+    EXPECT_TRUE(dropped.err.contains("has no image object")) << dropped.err.toStdString();
+    EXPECT_TRUE(dropped.err.contains("is in the report now, its photo is not.")) << dropped.err.toStdString();
+    EXPECT_EQ(home.Cell(3, u"ADDRESS"_s).toUpper(), key);
+}
+
 TEST_F(Vasctl, ADropThatCannotBeIsExplained)
 {
     ASSERT_TRUE(home.StartForms());

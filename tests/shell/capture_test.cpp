@@ -42,7 +42,7 @@ TEST(SlotMenus, HaveTheirEntriesInOrder)
     EXPECT_EQ(GeneralEntries()[0].toolTip, u"General Photos Come from the shown above"_s);
     EXPECT_EQ(Captions(TextDataEntries()),
               (QStringList{u"Obtain Data (from databook)"_s, u"Obtain Data: ALL 3 shown (from databook)"_s,
-                           u"-"_s, u"Save Selected Data to Database"_s}));
+                           u"-"_s, u"Save Selected Data to Database"_s, u"-"_s, u"Swap in the Appraisal with"_s}));
     EXPECT_EQ(Captions(PicAndDataEntries()),
               (QStringList{u"Obtain Both Photo and Data (from databook)"_s,
                            u"Obtain Both Photo and Data: ALL 3 shown (from databook)"_s}));

@@ -335,5 +335,43 @@ TEST_F(SlotWiring, ThumbnailsThePhotoOnShowAndTheMenuOpenTheAdjustWindowToo)
         << "only what a report slot shows is protected";
 }
 
+TEST_F(SlotWiring, ASalesCompIsSwappedByItsMenuWithWhatItShowedWhenItOpened)
+{
+    main.report.txtComp(2).SetText(u"Ash & Elm"_s);
+    main.report.TabComp.SetTabCaption(1, u"N/A"_s);
+    forms::Menu* menu = main.MenuOver(Get(u"txtComp"_s, 1));
+    ASSERT_NE(menu, nullptr);
+    EXPECT_TRUE(menu->Entry(menu->Name(), 5)->enabled);
+    const auto entry = [&](int comp) { return *menu->Entry(u"popTextData_MSubSwap"_s, comp); };
+    EXPECT_FALSE(entry(1).enabled) << "not with itself";
+    EXPECT_EQ(entry(2).caption, u"Comp &2: Ash && Elm"_s);
+    EXPECT_TRUE(entry(2).enabled);
+    EXPECT_EQ(entry(3).caption, u"Comp &3: (empty)"_s);
+    EXPECT_FALSE(entry(4).enabled) << "no such page";
+
+    const QString swap = u"SWAPCOMPS 3,2\r\n"_s;
+    main.report.txtComp(2).SetText(u"99 Other St"_s); // the menu is open and the slot has changed
+    menu->Choose(u"popTextData_MSubSwap"_s, 2);
+    EXPECT_TRUE(conduit.commands.filter(swap).isEmpty());
+    EXPECT_EQ(main.status.lblmsg.Caption(),
+              u"The slots show other comps than when the menu opened. Nothing was swapped."_s);
+
+    main.MenuOver(Get(u"txtComp"_s, 1));
+    main.MenuOver(Get(u"imaListing"_s, 3)); // another menu between
+    conduit.Answer(kReport, u"CMP|1|1"_s, u"99 Other St"_s);
+    menu->Choose(u"popTextData_MSubSwap"_s, 2);
+    EXPECT_EQ(conduit.commands.filter(swap).size(), 1);
+    EXPECT_EQ(main.report.txtComp(1).Text(), u"99 Other St"_s);
+    EXPECT_TRUE(main.status.lblmsg.Caption().startsWith(u"Swapped: comp 1 is 99 Other St now"_s))
+        << main.status.lblmsg.Caption().toStdString();
+
+    for (const QString& other : {u"txtAltComp"_s, u"txtListing"_s, u"txtRental"_s}) {
+        main.MenuOver(Get(other, 1));
+        EXPECT_FALSE(menu->Entry(menu->Name(), 5)->enabled) << other.toStdString();
+    }
+    main.MenuOver(main.report.txtSubject);
+    EXPECT_FALSE(menu->Entry(menu->Name(), 5)->enabled);
+}
+
 } // namespace
 } // namespace vasclip::shell

@@ -64,6 +64,7 @@ Commands:
   refresh                 reads the open report as the program's Refresh does
   drop KEY --on SLOT:N    drops a record on a slot: txtComp:1-9, txtAltComp:1-6, txtListing:1-6, txtRental:1-9,
                           or on a data box (geaComp and so on) for the data without the photo
+  swap A B                exchanges two sales comps, 1 to 9, of the open report, with their pictures
   photos list KEY         the photos of a record: view, stem, size, file
   photos file KEY VIEW FILE
                           files a picture with a record, which is added if it is not there; asks before it
@@ -122,6 +123,8 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
         return RunRefresh(session, out);
     if (command == u"drop"_s)
         return RunDrop(session, out, arguments, options);
+    if (command == u"swap"_s)
+        return RunSwap(session, out, arguments);
     if (command == u"photos"_s)
         return RunPhotos(session, out, arguments);
     if (command == u"transfer"_s)

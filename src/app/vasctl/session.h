@@ -95,6 +95,7 @@ int RunReport(Session& session, const Output& out, const QStringList& arguments)
 int RunRefresh(Session& session, const Output& out);
 int RunDrop(Session& session, const Output& out, const QStringList& arguments,
             const QCommandLineParser& options);
+int RunSwap(Session& session, const Output& out, const QStringList& arguments);
 int RunPhotos(Session& session, const Output& out, const QStringList& arguments);
 int RunTransfer(Session& session, const Output& out, const QStringList& arguments,
                 const QCommandLineParser& options);

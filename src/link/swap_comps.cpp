@@ -1,0 +1,96 @@
+#include "link/swap_comps.h"
+
+#include "common/addresses.h"
+#include "link/comp2kel.h"
+#include "link/kel_channel.h"
+#include "link/kel_helpers.h"
+#include "link/reporter.h"
+#include "link/slot_icons.h"
+#include "link/slot_photos.h"
+#include "link/tabs.h"
+#include "platform/text/text.h"
+
+namespace vasclip::link {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+bool HasSlot(const ReportControls& report, int comp)
+{
+    return comp >= report.txtComp.First() && comp <= report.txtComp.Last() && comp > 0 &&
+           report.txtComp(comp).Enabled() && !SlotPageNotAvailable(report, u"txtComp"_s, comp);
+}
+
+void ReadAddress(LinkDesk& desk, const QList<MappingRow>& rows, int comp)
+{
+    const QString report = text::Trim(desk.addr.txtKelReport.Text());
+    for (const MappingRow& row : rows) {
+        const QString field = row.fieldName.toUpper();
+        const bool address = field == "ADDRESS"_L1;
+        if (!address && field != "NEIGHBORHD"_L1)
+            continue;
+        const QString cell = KelShiftCell(row.RowCell(), row.offset, static_cast<qint16>(comp));
+        const QString value = KelGetFieldInfo(desk.txtDDE, report, rows.first().formName + u'|' + cell);
+        if (address) {
+            desk.addr.txtCompAddr(comp).SetText(value);
+            continue;
+        }
+        const common::CityStateZip parts = common::ParseCityStateZip(value);
+        desk.addr.txtCompCity(comp).SetText(parts.city);
+        desk.addr.txtCompState(comp).SetText(parts.state);
+        desk.addr.txtCompZip(comp).SetText(parts.zip);
+    }
+}
+
+} // namespace
+
+SwapOutcome SwapComps(LinkDesk& desk, int target, int source)
+{
+    const common::RoutineScope scope{"SwapComps"};
+    if (desk.state.refreshing || desk.state.transferring)
+        return SwapOutcome::Busy;
+    if (target == source || !HasSlot(desk.report, target) || !HasSlot(desk.report, source))
+        return SwapOutcome::NoSuchSlot;
+    const forms::Hourglass hourglass{desk.ports.window};
+    if (!KelEnsureRunning(desk))
+        return SwapOutcome::NotRunning;
+    bool otherReport = false;
+    bool swapped = false;
+    const bool ran = Reported(desk.ports.prompter, "SwapComps", [&] {
+        KelQueryActiveReports(desk.txtDDE);
+        const QString report = KelFirstToken(desk.txtDDE.Text());
+        otherReport = text::Folded(report) != text::Folded(desk.addr.txtKelReport.Text());
+        if (otherReport)
+            return;
+        KelOpenReport(desk.txtDDE, report); // the macro runs on the topic that this leaves
+        ErrClearComp(desk.txtDDE, target, source);
+        swapped = true;
+    });
+    desk.ports.window.AppActivate();
+    if (otherReport)
+        return SwapOutcome::OtherReport;
+    if (!ran || !swapped)
+        return SwapOutcome::Failed;
+    const bool read =
+        Reported(desk.ports.prompter, "SwapComps", [&] { ReadSalesSlots(desk, {target, source}); });
+    return read ? SwapOutcome::Swapped : SwapOutcome::Unread;
+}
+
+void ReadSalesSlots(LinkDesk& desk, const QList<int>& comps)
+{
+    KelQueryGetImages(desk.txtDDE);
+    desk.addr.txtKelimages.SetText(desk.txtDDE.Text());
+    const QString formType = KelFirstToken(desk.addr.txtKelListForms.Text());
+    MappingPages pages;
+    for (const int comp : comps) {
+        const QString base = text::Dec(KelPageBase(static_cast<qint16>(comp)));
+        ReadAddress(desk, pages.Rows(desk.sources.datComp2Kel_CURRENT, formType, base, u"SALE"_s), comp);
+        desk.report.txtComp(comp).SetText(desk.addr.txtCompAddr(comp).Text());
+        SetPhoto(desk, desk.slots.imaComp(comp));
+        SetAddendumIcon(desk, desk.slots.geaComp(comp), desk.report.txtComp(comp));
+    }
+    RefreshCompIcons(desk);
+}
+
+} // namespace vasclip::link

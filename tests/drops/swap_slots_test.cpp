@@ -1,0 +1,107 @@
+#include "drops/swap_slots.h"
+
+#include "router_home.h"
+
+namespace vasclip::drops {
+namespace {
+
+/// Comps 2 and 3 of the report, and what it answers when they are read again.
+class SwapTest : public RouterTest
+{
+protected:
+    DropDesk drops{desk, filing, capture, grddatabook, txtcentralkey, {}};
+
+    void SetUp() override
+    {
+        RouterTest::SetUp();
+        Map({u"UA5"_s, u"SALEPAGE"_s, u"ADDRESS"_s, u"2"_s, u"3"_s, u"SALE"_s, u"1"_s, u"2"_s});
+        Map({u"UA5"_s, u"SALEPAGE"_s, u"NEIGHBORHD"_s, u"3"_s, u"3"_s, u"SALE"_s, u"1"_s, u"2"_s, {}, u"R"_s});
+        addr.txtKelReport.SetText(u"SMITH"_s);
+        addr.txtKelListForms.SetText(u"UA5,SUBPHOTO,"_s);
+        report.txtComp(2).SetText(u"12 Oak St"_s);
+        report.txtComp(3).SetText(u"14 Elm St"_s);
+        loader.ErrLoadThumb(slots.imaComp(2), u"C:\\JPG\\OAK.jpg"_s);
+        loader.ErrLoadThumb(slots.imaComp(4), u"C:\\JPG\\OAKR.jpg"_s);
+        conduit.Answer(u"KEL|SMITH"_s, u"SALEPAGE|2|5"_s, u"14 Elm St"_s);
+        conduit.Answer(u"KEL|SMITH"_s, u"SALEPAGE|2|7"_s, u"12 Oak St"_s);
+        conduit.Answer(u"KEL|SMITH"_s, u"SALEPAGE|3|7"_s, u"Duluth, MN 55803"_s);
+        conduit.Answer(u"KEL|System"_s, u"IMAGES"_s, u"CMP_2_3X5|;CMP_3_3X5|C:\\JPG\\OAK.jpg;"_s);
+    }
+    static QString Swap(const QString& numbers)
+    {
+        return u"[RunMacro( SetRequest \"LASTCOMPTYPE\",\"SALES COMPARABLES\"\r\nSWAPCOMPS "_s + numbers +
+               u"\r\n)]\r"_s;
+    }
+};
+
+TEST_F(SwapTest, TheSlotsShowWhatTheReportThenHolds)
+{
+    const Outcome outcome = SwapSlots(drops, 2, 3, {u"12 Oak St"_s, u"14 ELM ST "_s});
+    EXPECT_TRUE(outcome.done);
+    EXPECT_EQ(outcome.message, u"Swapped: comp 2 is 14 Elm St now, comp 3 is 12 Oak St."_s);
+    EXPECT_EQ(conduit.commands.value(0), Swap(u"4,3"_s));
+    const qsizetype macro = conduit.log.indexOf(u"execute "_s + Swap(u"4,3"_s));
+    EXPECT_EQ(conduit.log.first(macro).filter(u"topic"_s).last(), u"topic Kel|SMITH"_s) << "of this report";
+    EXPECT_TRUE(conduit.pokes.isEmpty());
+    EXPECT_EQ(report.txtComp(2).Text(), u"14 Elm St"_s);
+    EXPECT_EQ(report.txtComp(3).Text(), u"12 Oak St"_s);
+    EXPECT_EQ(addr.txtCompAddr(3).Text(), u"12 Oak St"_s);
+    EXPECT_EQ(addr.txtCompCity(3).Text(), u"Duluth"_s);
+    EXPECT_EQ(addr.txtCompZip(3).Text(), u"55803"_s);
+    EXPECT_EQ(Shows(slots.imaComp(2)), QString());
+    EXPECT_EQ(Shows(slots.imaComp(3)), u"C:\\JPG\\OAK.jpg"_s);
+    EXPECT_EQ(Shows(slots.imaComp(4)), u"C:\\JPG\\OAKR.jpg"_s) << "the others stay";
+    EXPECT_TRUE(slots.imaCompIcon(3).Visible());
+    EXPECT_EQ(Shows(slots.geaComp(2)), u"C:\\VAS2000\\Addendum_Full.bmp"_s);
+    EXPECT_EQ(Shows(slots.geaComp(4)), QString());
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(SwapTest, ASlotThatBecomesEmptyHasAnEmptyDataBox)
+{
+    conduit.Answer(u"KEL|SMITH"_s, u"SALEPAGE|2|5"_s, QString());
+    EXPECT_EQ(SwapSlots(drops, 2, 3).message, u"Swapped: comp 2 is empty now, comp 3 is 12 Oak St."_s);
+    EXPECT_EQ(Shows(slots.geaComp(2)), u"C:\\VAS2000\\Addendum_Empty.bmp"_s);
+    EXPECT_FALSE(slots.imaCompIcon(2).Visible());
+}
+
+TEST_F(SwapTest, ASlotThatHasChangedSinceTheMenuOpenedIsLeftAlone)
+{
+    const Outcome outcome = SwapSlots(drops, 2, 3, {u"12 Oak St"_s, u"99 Other St"_s});
+    EXPECT_FALSE(outcome.done);
+    EXPECT_EQ(outcome.message, u"The slots show other comps than when the menu opened. Nothing was swapped."_s);
+    EXPECT_TRUE(conduit.log.isEmpty());
+}
+
+TEST_F(SwapTest, OnlyCompsThatTheReportHasAndNotOneWithItself)
+{
+    report.TabComp.SetTabCaption(1, u"N/A"_s);
+    for (const auto& [a, b] : {std::pair{2, 2}, {2, 4}, {0, 2}, {2, 10}, {-1, 3}})
+        EXPECT_FALSE(SwapSlots(drops, a, b).done) << a << ' ' << b;
+    EXPECT_TRUE(conduit.log.isEmpty());
+}
+
+TEST_F(SwapTest, InAnotherReportNothingIsSwapped)
+{
+    conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"JONES,SMITH,"_s);
+    EXPECT_EQ(SwapSlots(drops, 2, 3).message,
+              u"Another report than the one on the tabs is in front. Refresh, then swap. Nothing was swapped."_s);
+    EXPECT_TRUE(conduit.commands.isEmpty());
+}
+
+TEST_F(SwapTest, WhatWentWrongIsToldAsItIs)
+{
+    conduit.FailOnce(u"execute "_s + Swap(u"4,3"_s), error::kLinkBusy, u"No page"_s);
+    EXPECT_EQ(SwapSlots(drops, 2, 3).message, u"The report did not swap comps 2 and 3. Refresh shows what it holds."_s);
+    EXPECT_EQ(report.txtComp(2).Text(), u"12 Oak St"_s);
+    conduit.FailOnce(u"item SALEPAGE|2|5"_s, error::kLinkBusy, u"No cell"_s);
+    const Outcome unread = SwapSlots(drops, 2, 3);
+    EXPECT_TRUE(unread.done);
+    EXPECT_EQ(unread.colour, forms::Colour::Red);
+    EXPECT_EQ(unread.message, u"Comps 2 and 3 were swapped, but could not be read again. Refresh shows them."_s);
+    state.transferring = true;
+    EXPECT_FALSE(SwapSlots(drops, 2, 3).done);
+}
+
+} // namespace
+} // namespace vasclip::drops
