@@ -102,8 +102,9 @@ TEST(EveryForm, EveryMappedCellStandsOnItsPage)
                 EXPECT_TRUE(row.comp == u"10"_s || label.contains(u" %1: "_s.arg(row.comp.toInt() + place)))
                     << label.toStdString();
                 const QString item = u"%1|%2|%3"_s.arg(row.formName, row.row).arg(cell);
-                if (row.fieldName == u"CITYSTZIP"_s)
+                if (row.fieldName == u"CITYSTZIP"_s) {
                     EXPECT_EQ(taken.take(item), u"NEIGHBORHD"_s) << item.toStdString();
+                }
                 EXPECT_FALSE(taken.contains(item)) << item.toStdString();
                 taken.insert(item, row.fieldName);
             }
@@ -153,8 +154,9 @@ TEST(EveryForm, SendsTheCityLineOfACompAndReadsItAsNeighborhood)
         for (const MappingRow& row : MappingRows(code)) {
             const bool readOnly = row.fieldName == u"NEIGHBORHD"_s && row.comp != u"10"_s;
             EXPECT_EQ(row.trueFalse == u"R"_s, readOnly) << row.fieldName.toStdString();
-            if (row.fieldName == u"CITYSTZIP"_s)
+            if (row.fieldName == u"CITYSTZIP"_s) {
                 EXPECT_EQ(row.trueFalse, QString());
+            }
         }
     }
 }
