@@ -52,6 +52,12 @@ QString CityStateZipLine(const CityStateZip& parts)
     return city.isEmpty() || rest.isEmpty() ? city + rest : city + u", "_s + rest;
 }
 
+bool IsCityLine(const CityStateZip& line)
+{
+    const bool zip = !line.zip.isEmpty() && line.zip.front().isDigit();
+    return !line.city.isEmpty() && (!line.state.isEmpty() || zip);
+}
+
 bool IsValidStateCode(const QString& code)
 {
     return code.size() == 2 && kStates.contains(code + u',');

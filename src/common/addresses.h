@@ -18,6 +18,10 @@ struct CityStateZip
 /// "Alder", "Alder, WI", "Alder, 54001", "WI 54001", and "" for three blanks.
 [[nodiscard]] QString CityStateZipLine(const CityStateZip& parts);
 
+/// Does a comp's second address line tell where it stands, and not the name of its neighborhood? A state that is in no
+/// list leaves the ZIP to tell; "Hill, North-West" has neither.
+[[nodiscard]] bool IsCityLine(const CityStateZip& line);
+
 /// True for two capitals that stand in the program's list of states. The list has no NV.
 [[nodiscard]] bool IsValidStateCode(const QString& code);
 

@@ -32,14 +32,6 @@ void TakeIfBlank(QString& part, const QString& text)
         part = text;
 }
 
-/// Does a comp's second address line tell where it stands, and not the name of its neighbourhood? A state that is in no
-/// list leaves the ZIP to tell; "Hill, North-West" has neither.
-bool IsCityLine(const common::CityStateZip& line)
-{
-    const bool zip = !line.zip.isEmpty() && line.zip.front().isDigit();
-    return !line.city.isEmpty() && (!line.state.isEmpty() || zip);
-}
-
 } // namespace
 
 AttachFields GetNeighborHdCompData(LinkDesk& desk, const ReportPlace& place)
@@ -65,7 +57,7 @@ AttachFields GetNeighborHdCompData(LinkDesk& desk, const ReportPlace& place)
         TakeIfBlank(fields.city, line.city);
         TakeIfBlank(fields.state, line.state);
         TakeIfBlank(fields.zip, line.zip);
-        if (IsCityLine(line))
+        if (common::IsCityLine(line))
             fields.neighborhood.clear();
     }
     return fields;

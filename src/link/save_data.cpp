@@ -123,7 +123,7 @@ private:
     void KeepNeighborhood(const QString& held)
     {
         const auto isCityLine = [](const QString& line) {
-            return !(common::ParseCityStateZip(line) == common::CityStateZip{});
+            return common::IsCityLine(common::ParseCityStateZip(line));
         };
         store::DataSource& databook = m_desk.sources.datDatabook;
         if (m_desk.state.compNumber >= 1 && m_desk.state.compNumber <= 9 && !isCityLine(held) &&
