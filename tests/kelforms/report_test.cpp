@@ -3,11 +3,11 @@
 #include "platform/text/runtime_error.h"
 #include "sample_home.h"
 
-#include <QElapsedTimer>
 #include <QFileInfo>
 
 #include <gtest/gtest.h>
 
+#include <ctime>
 #include <random>
 
 using namespace Qt::Literals::StringLiterals;
@@ -184,13 +184,12 @@ TEST(Report, AGreatManyFormsAreReadInAMoment)
         forms.append(u"F%1"_s.arg(i));
     const QByteArray json =
         QJsonDocument(QJsonObject{{u"name"_s, u"A.RPT"_s}, {u"forms"_s, forms}}).toJson(QJsonDocument::Compact);
-    QElapsedTimer timer;
-    timer.start();
+    const std::clock_t before = std::clock(); // of this process alone, however busy the machine is
     const Report report = Report::FromJson(json, u"a.json"_s);
     EXPECT_TRUE(report.HasForm(u"f199999"_s));
     EXPECT_FALSE(report.HasForm(u"F200000"_s));
     EXPECT_TRUE(report.Objects().isEmpty());
-    EXPECT_LT(timer.elapsed(), 12'000);
+    EXPECT_LT((std::clock() - before) / CLOCKS_PER_SEC, 12);
     forms.append(u"f7"_s);
     try {
         static_cast<void>(Report::FromJson(
