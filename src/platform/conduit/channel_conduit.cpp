@@ -8,9 +8,43 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace vasclip::conduit {
 
-ChannelConduit::ChannelConduit(Connector connector, int timeLimitMs)
+namespace {
+
+/// One exchange under the eyes of a patience.
+class Watched
+{
+public:
+    Watched(Patience* patience, bool& exchanging)
+        : m_patience(patience)
+        , m_exchanging(exchanging)
+    {
+        // A turn of the queue within an exchange must not begin another: the answers would cross.
+        if (m_exchanging)
+            throw RuntimeError(error::kLinkBusy, u"The link is at work on another exchange"_s);
+        if (m_patience)
+            m_patience->BeforeExchange();
+        m_exchanging = true;
+    }
+    ~Watched()
+    {
+        m_exchanging = false;
+        if (m_patience)
+            m_patience->AfterExchange();
+    }
+    Watched(const Watched&) = delete;
+    Watched& operator=(const Watched&) = delete;
+
+private:
+    Patience* m_patience;
+    bool& m_exchanging;
+};
+
+} // namespace
+
+ChannelConduit::ChannelConduit(Connector connector, int timeLimitMs, Patience* patience)
     : m_connector(std::move(connector))
     , m_timeLimitMs(timeLimitMs)
+    , m_patience(patience)
 {}
 
 ChannelConduit::~ChannelConduit() = default;
@@ -38,10 +72,12 @@ void ChannelConduit::SetLinkMode(qint16 mode)
         m_mode = 2;
         return;
     }
+    const Watched watched(m_patience, m_exchanging);
     m_mode = 0;
     m_channel.reset();
     const QDeadlineTimer deadline(m_timeLimitMs);
     std::unique_ptr<LinkChannel> channel = m_connector(deadline);
+    channel->SetPatience(m_patience);
     channel->Greet(deadline);
     m_channel = std::move(channel);
     m_mode = 2;
@@ -66,6 +102,7 @@ QString ChannelConduit::Exchange(LinkMessage message)
 {
     if (m_mode == 0)
         throw RuntimeError(kNoConversation, u"No conversation with the forms program is open"_s);
+    const Watched watched(m_patience, m_exchanging);
     try {
         return m_channel->Exchange(std::move(message), QDeadlineTimer(m_timeLimitMs));
     } catch (const RuntimeError& failure) {

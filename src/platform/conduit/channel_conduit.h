@@ -2,6 +2,7 @@
 
 #include "platform/conduit/conduit.h"
 #include "platform/conduit/link_channel.h"
+#include "platform/conduit/patience.h"
 
 #include <QDeadlineTimer>
 
@@ -21,7 +22,8 @@ using Connector = std::function<std::unique_ptr<LinkChannel>(const QDeadlineTime
 class ChannelConduit final : public Conduit
 {
 public:
-    ChannelConduit(Connector connector, int timeLimitMs);
+    /// @param patience  may be nullptr: nothing happens while an answer is waited for
+    ChannelConduit(Connector connector, int timeLimitMs, Patience* patience = nullptr);
     ~ChannelConduit() override;
 
     [[nodiscard]] QString Text() const override { return m_text; }
@@ -42,6 +44,8 @@ private:
 
     Connector m_connector;
     int m_timeLimitMs;
+    Patience* m_patience;
+    bool m_exchanging = false;
     std::unique_ptr<LinkChannel> m_channel;
     QString m_text, m_topic, m_item;
     qint16 m_mode = 0;

@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QRandomGenerator>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::Literals::StringLiterals;
@@ -77,14 +78,36 @@ void LinkChannel::Send(const QByteArray& line)
                            u"The forms program has gone: %1"_s.arg(m_device->errorString()));
 }
 
+/// @return false if nothing came until the deadline, or can come any more
+bool LinkChannel::Wait(const QDeadlineTimer& deadline)
+{
+    if (!m_patience) {
+        const auto left = static_cast<int>(deadline.remainingTime());
+        return left > 0 && m_device->waitForReadyRead(left);
+    }
+    for (int slice = kFirstWaitMs;; slice = kNextWaitMs) {
+        const auto left = static_cast<int>(deadline.remainingTime());
+        if (left <= 0)
+            return false;
+        if (m_device->waitForReadyRead(std::min(left, slice)))
+            return true;
+        // A turn of the queue may have taken the answer in already.
+        if (m_device->bytesAvailable() > 0)
+            return true;
+        if (!m_ways.alive())
+            return false;
+        m_patience->Waiting();
+        if (m_device->bytesAvailable() > 0)
+            return true;
+    }
+}
+
 QByteArray LinkChannel::Receive(const QDeadlineTimer& deadline)
 {
     QByteArray line;
     while (!m_lines.Next(line)) {
         if (m_device->bytesAvailable() == 0) {
-            const auto left = static_cast<int>(deadline.remainingTime());
-            const bool came = left > 0 && m_device->waitForReadyRead(left);
-            if (!came && m_device->bytesAvailable() == 0) {
+            if (!Wait(deadline) && m_device->bytesAvailable() == 0) {
                 if (m_ways.alive() && deadline.remainingTime() <= 0)
                     throw RuntimeError(error::kLinkTimeOut, u"The forms program did not answer in time"_s);
                 throw RuntimeError(error::kLinkPeerGone,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/conduit/patience.h"
 #include "platform/conduit/protocol.h"
 
 #include <QDeadlineTimer>
@@ -34,6 +35,9 @@ public:
     LinkChannel(const LinkChannel&) = delete;
     LinkChannel& operator=(const LinkChannel&) = delete;
 
+    /// Called while an answer is waited for; nullptr: nothing is.
+    void SetPatience(Patience* patience) { m_patience = patience; }
+
     /// The exchange of names that opens every conversation.
     /// @throws RuntimeError 286, 289
     void Greet(const QDeadlineTimer& deadline);
@@ -51,9 +55,11 @@ public:
 private:
     void Send(const QByteArray& line);
     [[nodiscard]] QByteArray Receive(const QDeadlineTimer& deadline);
+    [[nodiscard]] bool Wait(const QDeadlineTimer& deadline);
 
     std::unique_ptr<QIODevice> m_device;
     Ways m_ways;
+    Patience* m_patience = nullptr;
     LineCutter m_lines;
     Hello m_partner;
     qint64 m_lastId = 0;

@@ -15,6 +15,7 @@ namespace vasclip::conduit {
 std::unique_ptr<Conduit> MakeSocketConduit(SocketOptions options)
 {
     const int timeLimitMs = options.timeLimitMs;
+    Patience* const patience = options.patience;
     options.socketPath = WholeSocketPath(options.socketPath);
     return std::make_unique<ChannelConduit>(
         [options = std::move(options)](const QDeadlineTimer& deadline) {
@@ -33,7 +34,7 @@ std::unique_ptr<Conduit> MakeSocketConduit(SocketOptions options)
                                   [raw] { return MayHaveNews(raw->socketDescriptor()); },
                                   [raw] { raw->flush(); }});
         },
-        timeLimitMs);
+        timeLimitMs, patience);
 }
 
 } // namespace vasclip::conduit

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/conduit/conduit.h"
+#include "platform/conduit/patience.h"
 #include "platform/conduit/peer.h"
 
 #include <memory>
@@ -12,6 +13,7 @@ struct SocketOptions
     QString socketPath;
     int timeLimitMs = 5000;
     PeerReader peerOf = PeerOf;
+    Patience* patience = nullptr; ///< outlives the conduit
 };
 
 /// The link field over the local socket of a forms program. Before a word is exchanged it makes sure that the
