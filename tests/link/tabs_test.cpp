@@ -199,6 +199,24 @@ TEST_F(TabClicks, SnapBackFromAPageThatIsNotThere)
     EXPECT_EQ(conduit.log, QStringList{});
 }
 
+/// The pages of the comps and, behind them, of the alternates.
+TEST_F(TabClicks, SnapBackFromEveryPageThatIsNotThere)
+{
+    state.linkActive = true;
+    for (int page = 1; page < report.TabComp.Tabs(); ++page) {
+        report.TabComp.SetTabCaption(page, u"N/A"_s);
+        report.TabComp.SetTab(page);
+        EXPECT_EQ(report.TabComp.Tab(), 0) << page;
+        EXPECT_EQ(report.cmdSubjectAnd.Caption(), u"Subject/Comp"_s) << page;
+    }
+    report.TabComp.SetTabCaption(3, u"A 1 - 3"_s);
+    report.TabComp.SetTab(3);
+    ASSERT_EQ(report.TabComp.Tab(), 3);
+    report.TabComp.SetTab(4);
+    EXPECT_EQ(report.TabComp.Tab(), 3) << "back to the alternates, from the page behind them";
+    EXPECT_EQ(report.cmdSubjectAnd.Caption(), u"Subj/AltComp"_s);
+}
+
 TEST_F(TabClicks, FindAReportThatHasAppeared)
 {
     ini = {{u"3X5_PHOTO_PAGES/COMPARABLES_2"_s, u"COMP2"_s}};

@@ -266,6 +266,11 @@ TEST_F(Lookup, FindsByFileNumberUpperCased)
     EXPECT_TRUE(store::FindRecord(ports, source, u"ab-17"_s, u"FILENUMBERUSER"_s));
     EXPECT_EQ(Here(), u"9 ELM"_s);
     EXPECT_FALSE(store::FindRecord(ports, source, u"ab-18"_s, u"FILENUMBERUSER"_s));
+    // The index takes "ab" for "AB" by itself; only a letter that upper case spells otherwise tells them apart.
+    AddRow({{key, u"11 ELM"_s}, {u"APPRSRFILE"_s, u"STRASSE-7"_s}});
+    EXPECT_TRUE(store::FindRecord(ports, source, u"stra\u00dfe-7"_s, u"FILENUMBERUSER"_s));
+    EXPECT_EQ(Here(), u"11 ELM"_s);
+    EXPECT_TRUE(store::FindRecord(ports, source, u"ab-17"_s, u"FILENUMBERUSER"_s));
     EXPECT_EQ(Here(), u"9 ELM"_s);
     EXPECT_TRUE(store::FindRecord(ports, source, u"7 OAK AVE"_s, key)) << "back on the key";
 }
