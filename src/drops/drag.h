@@ -41,4 +41,10 @@ struct Outcome
     QString record = {}; ///< key of the record that has changed and should be on show; may be empty
 };
 
+/// Nothing went to the report, for a reason that is no fault.
+[[nodiscard]] inline Outcome NotSent(const QString& words)
+{
+    return {false, words, forms::Colour::Red, {}};
+}
+
 } // namespace vasclip::drops

@@ -133,6 +133,8 @@ Outcome FilePictureIntoSlot(DropDesk& desk, const Drag& drag, const DropRule& ru
     link.ports.window.AppActivate();
     const link::SlotSend sent = link::KelSendSlotPhoto(link, slot, slot, index);
     link.ports.window.AppActivate();
+    if (sent == link::SlotSend::Failed && !link.state.notSent.isEmpty()) // the slot may show another report by now
+        return NotSent(u"%1 is stored. %2"_s.arg(common::FileNameWithExt(picture), link.state.notSent));
     link.loader.ErrLoadThumb(slot, table.ErrGetPict(slot));
     photos::ApplyWriteProtect(link.ports, link.disk, link.globals, table.ErrGetPict(slot));
     const GeneralTold told = general && sent != link::SlotSend::Failed ? TellGeneral(desk, index) : GeneralTold{};

@@ -2,8 +2,11 @@
 
 #include "drops/actions.h"
 #include "drops/slot.h"
+#include "link/messages.h"
+#include "link/report_check.h"
 #include "link/slot_icons.h"
 #include "link/tabs.h"
+#include "link/talk.h"
 #include "platform/text/text.h"
 
 #include <QScopedValueRollback>
@@ -163,26 +166,30 @@ QString Router::Refusal(const Drag& drag) const
 }
 
 /// In this order; what fails ends the drop.
-bool Router::Guards(const Drag& drag, const DropRule& rule, forms::Control& target)
+std::optional<Outcome> Router::Guards(const Drag& drag, const DropRule& rule, forms::Control& target)
 {
     link::LinkDesk& desk = m_desk.link;
     const Place place = PlaceOf(target.Name());
-    if (place != Place::Elsewhere && !link::KelIsActive(desk))
-        return false;
+    if (place != Place::Elsewhere) {
+        if (const link::ReportCheck check = link::CheckReport(desk); !check.Stands())
+            return NotSent(check.words);
+    }
     if (!Accepts(drag.source, target))
-        return false;
+        return Outcome{};
     const bool alive = place == Place::PhotoSlot ||
                        (place == Place::Subject && text::Folded(drag.source) != "GRDDATABOOK"_L1);
     if (alive && !link::TestKelLabel(desk.addr)) {
         desk.ports.prompter.Box(desk.globals.productName, u"KEL is not active"_s);
-        return false;
+        return Outcome{};
     }
     if (place != Place::PhotoSlot)
-        return true;
+        return std::nullopt;
     const QString file =
         text::Trim(desk.loader.Table().ErrGetPict(SlotOf(desk, rule.group, target.Index()).photo));
-    return file.isEmpty() || desk.ports.prompter.YesNo(desk.globals.productName,
-                                                       u"Overwrite %1?  Are you sure?"_s.arg(file));
+    if (file.isEmpty() ||
+        desk.ports.prompter.YesNo(desk.globals.productName, u"Overwrite %1?  Are you sure?"_s.arg(file)))
+        return std::nullopt;
+    return Outcome{};
 }
 
 Outcome Router::Drop(const Drag& drag, forms::Control& target)
@@ -197,11 +204,16 @@ Outcome Router::Drop(const Drag& drag, forms::Control& target)
     if (m_desk.link.state.refreshing)
         return {false, u"The report is being read. Drop it again in a moment."_s, forms::Colour::Red, {}};
     const QScopedValueRollback<bool> busy(m_busy, true);
+    m_desk.link.state.notSent.clear();
+    const link::Talking talking(m_desk.link, drag.key.isEmpty() ? link::messages::kSendingSlots
+                                                                : link::messages::kSending.arg(drag.key));
     for (const bool asked : {false, true}) {
         if (const QString why = Refusal(drag); !why.isEmpty())
             return {false, why, forms::Colour::Red, {}};
-        if (!asked && !Guards(drag, *rule, target))
-            return {};
+        if (asked)
+            break;
+        if (const std::optional<Outcome> ended = Guards(drag, *rule, target))
+            return *ended;
     }
     const forms::Hourglass hourglass(m_desk.link.ports.window);
     return Run(drag, target, *rule);

@@ -4,6 +4,8 @@
 #include "drops/drop_desk.h"
 #include "drops/drop_table.h"
 
+#include <optional>
+
 namespace vasclip::drops {
 
 /// Routes a drag that ended on a control to the routine that does the work. Knows names, keys and indices.
@@ -24,7 +26,8 @@ public:
 
     /// Is there a rule for the pair, and is the target's slot in the report?
     [[nodiscard]] bool Accepts(const QString& source, const forms::Control& target) const;
-    /// A pair without a rule, a slot whose page is "N/A" and a drop with no report open do nothing, silently.
+    /// A pair without a rule and a slot whose page is "N/A" do nothing, silently. A drop with no report open, or
+    /// with another report active than the tabs show, does nothing and says so.
     /// A drop that arrives while another or a refresh is at work does nothing and says so.
     Outcome Drop(const Drag& drag, forms::Control& target);
 
@@ -33,7 +36,8 @@ private:
     enum class Place { PhotoSlot, Subject, TextOrData, Elsewhere };
     [[nodiscard]] static Place PlaceOf(const QString& target);
     [[nodiscard]] QString Refusal(const Drag& drag) const;
-    [[nodiscard]] bool Guards(const Drag& drag, const DropRule& rule, forms::Control& target);
+    /// @return what ends the drop, if anything does
+    [[nodiscard]] std::optional<Outcome> Guards(const Drag& drag, const DropRule& rule, forms::Control& target);
     Outcome Run(const Drag& drag, forms::Control& target, const DropRule& rule);
     [[nodiscard]] QString KeyOf(const forms::Control& source) const;
 

@@ -52,8 +52,9 @@ Outcome SendRecordView(DropDesk& drops, const QString& key, const DropRule& rule
     GeneralTold told;
     if (general && !kept)
         told = TellGeneral(drops, index);
-    // What the report did not take is not its slot's record.
-    if (kept || told.Failed())
+    // What the report did not take is not its slot's record; a slot that shows another report by now stays.
+    const bool stands = slot.text.Text() == SlotText(desk.state);
+    if (stands && (kept || told.Failed()))
         slot.text.SetText(before);
     slot.refreshIcons(desk);
     desk.ports.window.AppActivate();
@@ -120,6 +121,8 @@ Outcome ReplaceSubjectPhotos(DropDesk& drops, const QString& key)
     }
     link::RefreshSubjectIcons(desk, 0);
     desk.ports.window.AppActivate();
+    if (worst == PhotoSent::Failed && !desk.state.notSent.isEmpty())
+        return NotSent(desk.state.notSent);
     if (worst == PhotoSent::Failed)
         return {false, u"Not all photos of %1 reached the report."_s.arg(text::Trim(key)), forms::Colour::Red,
                 {}};

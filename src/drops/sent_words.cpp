@@ -28,6 +28,9 @@ Outcome BrokenOff(link::LinkDesk& desk, const Slot& slot, link::DropOutcome resu
     case Unsure:
         return told(u"Whether %1 reached the report is not known: the forms program did not answer. "
                     u"Refresh shows what is there."_s.arg(key));
+    case OtherReport:
+    case Cancelled:
+        return NotSent(desk.state.notSent);
     case NotFound:
         return told(u"%1 is no longer in the Databook."_s.arg(key));
     default: // refused by the user, or told in a box

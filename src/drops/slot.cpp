@@ -96,7 +96,8 @@ std::optional<Outcome> TellUnsent(const link::LinkDesk& desk, PhotoSent sent, co
     const QString file = link::PathOfView(desk, view);
     switch (sent) {
     case PhotoSent::Failed:
-        return Outcome{false, u"The photo of %1 did not reach the report."_s.arg(key), forms::Colour::Red, {}};
+        return NotSent(desk.state.notSent.isEmpty() ? u"The photo of %1 did not reach the report."_s.arg(key)
+                                                    : desk.state.notSent);
     case PhotoSent::Kept:
         return Outcome{false, u"The %1 of %2 was not sent: %3 is missing."_s.arg(view, key, file),
                        forms::Colour::Red, {}};

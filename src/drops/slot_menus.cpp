@@ -4,6 +4,7 @@
 #include "drops/sent_words.h"
 #include "drops/view_rule.h"
 #include "link/drop_comp.h"
+#include "link/report_check.h"
 #include "link/slot_icons.h"
 #include "link/slot_photos.h"
 #include "photos/view_name.h"
@@ -55,10 +56,17 @@ Outcome ForShown(DropDesk& desk, QLatin1StringView group, int index, Step&& step
     Outcome all;
     int done = 0;
     const int first = FirstShown(index);
+    desk.link.state.notSent.clear();
     for (int i = first; i <= first + 2; ++i) {
         if (KeyOfSlot(desk, group, i).isEmpty())
             continue;
         const Outcome one = step(i);
+        if (!desk.link.state.notSent.isEmpty()) // the slots after it may be another report's by now
+            return {done > 0,
+                    done == 0 ? desk.link.state.notSent
+                              : u"%1 of the slots on view are filled from the Databook, the others are not."_s.arg(done),
+                    forms::Colour::Red,
+                    {}};
         if (one.done)
             ++done;
         if ((!one.done || one.colour == forms::Colour::Red) && !one.message.isEmpty())
@@ -71,14 +79,12 @@ Outcome ForShown(DropDesk& desk, QLatin1StringView group, int index, Step&& step
     return all;
 }
 
-bool LinkStands(DropDesk& desk)
+/// @return what ends it, if the report that the tabs show is not the active one
+std::optional<Outcome> OtherReport(DropDesk& desk)
 {
-    return link::KelIsActive(desk.link);
-}
-
-Outcome NoReport()
-{
-    return {false, u"No report is open."_s, forms::Colour::Blue, {}};
+    const link::ReportCheck check = link::CheckReport(desk.link);
+    desk.link.state.notSent = check.words;
+    return check.Stands() ? std::nullopt : std::optional(NotSent(check.words));
 }
 
 /// A failure that a box has told of leaves no word behind; here it is the answer to a menu or a click.
@@ -103,8 +109,8 @@ QLatin1StringView GroupOf(const QString& controlName)
 
 Outcome ObtainPhoto(DropDesk& desk, QLatin1StringView group, int index)
 {
-    if (!LinkStands(desk))
-        return NoReport();
+    if (const std::optional<Outcome> ended = OtherReport(desk))
+        return *ended;
     const QString key = KeyOfSlot(desk, group, index);
     if (!TakeRecord(desk.link, key))
         return Missing(key);
@@ -128,17 +134,21 @@ Outcome ObtainShownPhotos(DropDesk& desk, QLatin1StringView group, int index)
 
 Outcome ClearPhoto(DropDesk& desk, QLatin1StringView group, int index)
 {
+    if (const std::optional<Outcome> ended = OtherReport(desk))
+        return *ended;
     const Slot slot = SlotOf(desk.link, group, index);
     const bool cleared = link::ClearSlotPhoto(desk.link, slot.photo, true);
     slot.refreshIcons(desk.link);
+    if (!cleared && !desk.link.state.notSent.isEmpty())
+        return NotSent(desk.link.state.notSent);
     return {cleared, {}, forms::Colour::Normal, {}};
 }
 
 Outcome ObtainGeneral(DropDesk& desk, int index)
 {
     link::LinkDesk& link = desk.link;
-    if (!LinkStands(desk))
-        return NoReport();
+    if (const std::optional<Outcome> ended = OtherReport(desk))
+        return *ended;
     const QString view = photos::CleanView(text::Folded(link.report.cboGeneral(index).Text()));
     const QString key = text::Folded(link.report.txtSubject.Text());
     if (view.isEmpty() || !TakeRecord(link, key) || link.lists.lstViews.IndexOf(view) < 0) {
@@ -172,8 +182,8 @@ Outcome ObtainGeneral(DropDesk& desk, int index)
 Outcome ObtainData(DropDesk& desk, QLatin1StringView group, int index, WithPhoto photo)
 {
     link::LinkDesk& link = desk.link;
-    if (!LinkStands(desk))
-        return NoReport();
+    if (const std::optional<Outcome> ended = OtherReport(desk))
+        return *ended;
     const QString key = KeyOfSlot(desk, group, index);
     if (!TakeRecord(link, key))
         return Missing(key);
@@ -213,7 +223,11 @@ Outcome ClickDataBox(DropDesk& desk, QLatin1StringView group, int index)
     link::LinkDesk& link = desk.link;
     const Group& row = RowOf(group);
     const QString key = KeyOfSlot(desk, group, index);
-    if (row.full.isEmpty() || !LinkStands(desk) || !TakeRecord(link, key))
+    if (row.full.isEmpty())
+        return {};
+    if (const std::optional<Outcome> ended = OtherReport(desk))
+        return *ended;
+    if (!TakeRecord(link, key))
         return {};
     const Slot slot = SlotOf(link, group, index);
     link.state.currentSlotIndex = static_cast<qint16>(index);

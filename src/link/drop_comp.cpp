@@ -5,8 +5,10 @@
 #include "link/kel_channel.h"
 #include "link/kel_helpers.h"
 #include "link/messages.h"
+#include "link/report_check.h"
 #include "link/reporter.h"
 #include "link/slot_photos.h"
+#include "link/talk.h"
 #include "platform/text/text.h"
 
 namespace vasclip::link {
@@ -42,6 +44,15 @@ QString LeftOfOldComp(LinkDesk& desk, const SendResult& result, const QString& e
     return left.join(u"; "_s);
 }
 
+/// How far a send got that the user has cancelled.
+DropOutcome TellCancelled(LinkDesk& desk, const QString& key, const SendResult& result)
+{
+    desk.state.notSent = result.sent == 0 ? messages::kNothingSent.arg(key)
+                                          : messages::kPartSent.arg(key, text::Dec(result.sent),
+                                                                    text::Dec(result.rows));
+    return DropOutcome::Cancelled;
+}
+
 DropOutcome SendDropped(LinkDesk& desk, const forms::Control& target, forms::PictureBox& photoSlot,
                         const QString& compType, bool clearPhoto)
 {
@@ -57,12 +68,14 @@ DropOutcome SendDropped(LinkDesk& desk, const forms::Control& target, forms::Pic
             store::GetFieldData(desk.sources.datDatabook, u"ADDRESS"_s), desk.globals.addressCase);
         KelQueryActiveReports(desk.txtDDE);
     });
+    if (Cancelled(desk))
+        return TellCancelled(desk, key, {});
     if (!looked)
         return DropOutcome::Failed;
     if (!found)
         return DropOutcome::NotFound;
     if (!KelEnsureRunning(desk))
-        return DropOutcome::NotRunning;
+        return Cancelled(desk) ? TellCancelled(desk, key, {}) : DropOutcome::NotRunning;
     if (clearPhoto) {
         desk.state.currentSlotIndex = static_cast<qint16>(target.Index());
         if (!ClearSlotPhoto(desk, photoSlot, false))
@@ -74,11 +87,15 @@ DropOutcome SendDropped(LinkDesk& desk, const forms::Control& target, forms::Pic
         if (found)
             result = KelUpdateKel(desk, static_cast<qint16>(target.Index()), CompGroup(compType));
     });
+    desk.state.addressSent = result.addressSent;
+    if (Cancelled(desk) && !result.complete && !result.otherReport)
+        return TellCancelled(desk, key, result);
     if (!updated)
         return DropOutcome::Failed;
     if (!found)
         return DropOutcome::NotFound;
-    desk.state.addressSent = result.addressSent;
+    if (result.otherReport)
+        return DropOutcome::OtherReport;
     if (result.sent > 0 && LinkSurvived(result) && !existing.isEmpty() && text::Folded(existing) != text::Folded(key))
         desk.state.leftOfOldComp = LeftOfOldComp(desk, result, existing);
     return OutcomeOf(result);
@@ -98,6 +115,10 @@ DropOutcome DropComp(LinkDesk& desk, const forms::Control& target, forms::Pictur
     if (source == index)
         return DropOutcome::OwnSlot;
     if (source >= 1 && source <= 9) {
+        if (const ReportCheck check = CheckReport(desk); !check.Stands()) {
+            desk.state.notSent = check.words;
+            return DropOutcome::OtherReport;
+        }
         const bool swapped =
             Reported(desk.ports.prompter, "DropComp", [&] { ErrClearComp(desk.txtDDE, index, source); });
         return swapped ? DropOutcome::Swapped : DropOutcome::Failed;
@@ -119,6 +140,12 @@ SendResult KelUpdateKel(LinkDesk& desk, qint16 comp, const QString& compType)
         KelQueryActiveReports(desk.txtDDE);
         if (text::Trim(desk.txtDDE.Text()).isEmpty())
             return;
+        // The question before it gave the user time to bring another report to the front.
+        if (const ReportCheck check = CheckAnsweredReport(desk); !check.Stands()) {
+            desk.state.notSent = check.words;
+            result.otherReport = true;
+            return;
+        }
         const QString report = KelFirstToken(desk.txtDDE.Text());
         KelOpenReport(desk.txtDDE, report);
         KelListForms(desk.txtDDE, report);

@@ -15,6 +15,8 @@ enum class DropOutcome {
     Refused,    ///< the user kept the comp that stands in the slot
     NotFound,   ///< no record of that key
     NotRunning, ///< the forms program is not running, which has been said
+    OtherReport, ///< another report is active than the tabs show: nothing was sent; LinkState::notSent tells
+    Cancelled,  ///< by the user; LinkState::notSent tells how far it got
     Failed,     ///< the swap, the look-up or the clearing failed, which has been reported
 };
 
@@ -29,7 +31,8 @@ DropOutcome DropComp(LinkDesk& desk, const forms::Control& target, forms::Pictur
 
 /// Opens the active report, sends the current record of datDatabook to a comp and has the report
 /// recalculated.
-/// @return an incomplete result without a failure if no report is open
+/// @return an incomplete result without a failure if no report is open, or another than the tabs show:
+/// LinkState::notSent tells
 SendResult KelUpdateKel(LinkDesk& desk, qint16 comp, const QString& compType);
 
 /// May the record being dragged replace what stands in the slot? The same key, and a blank slot, are not

@@ -8,7 +8,9 @@
 #include "databook/messages.h"
 #include "link/attach_fields.h"
 #include "link/messages.h"
+#include "link/report_check.h"
 #include "link/reporter.h"
+#include "link/talk.h"
 #include "platform/text/text.h"
 #include "store/messages.h"
 
@@ -100,6 +102,7 @@ void frm_AttachCity::Form_Load()
     optUseSubjCSZ(m_choice).SetValue(true);
     lblCentralKey.SetCaption(m_key);
     Reported(m_desk.ports.prompter, "frm_AttachCity", [this] { ShowRecord(); });
+    const Talking talking{m_desk, messages::kReadingReport};
     if (m_found && m_mode != "MANUAL"_L1)
         Reported(m_desk.ports.prompter, "frm_AttachCity", [this] { ReadReport(); });
     ShowPending();
@@ -147,6 +150,10 @@ void frm_AttachCity::ShowRecord()
 /// What the report tells takes the place of what the record holds; nothing is stored yet.
 void frm_AttachCity::ReadReport()
 {
+    if (const ReportCheck check = CheckReport(m_desk); !check.Stands()) {
+        lblmsg.Show(check.words, forms::Colour::Red);
+        return;
+    }
     const std::optional<ReportPlace> place = PlaceInReport(m_desk, m_key);
     if (!place)
         return;
@@ -310,7 +317,10 @@ void frm_AttachCity::cmdOk_Click()
     }
     if (m_changed && m_mode != "MANUAL"_L1 && m_desk.state.linkActive)
         Reported(m_desk.ports.prompter, "frm_AttachCity",
-                 [this] { SendScriptIfThere(m_desk, u"CITYPLUS.BAS"_s); });
+                 [this] {
+                     if (CheckReport(m_desk).Stands())
+                         SendScriptIfThere(m_desk, u"CITYPLUS.BAS"_s);
+                 });
     Unload();
 }
 

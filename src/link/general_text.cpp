@@ -1,8 +1,11 @@
 #include "link/general_text.h"
 
 #include "link/kel_channel.h"
+#include "link/kel_helpers.h"
 #include "link/messages.h"
+#include "link/report_check.h"
 #include "link/reporter.h"
+#include "link/talk.h"
 #include "platform/text/text.h"
 
 namespace vasclip::link {
@@ -36,6 +39,29 @@ QString GeneralSection(const QString& forms)
     if (forms.contains("SUBPHOTO"_L1))
         return u"3X5_PHOTO_PAGES"_s;
     return forms.contains("SUBPHOT2"_L1) ? u"4X6_PHOTO_PAGES"_s : QString();
+}
+
+/// Is the text meant for the report that is active? A user who has kept the tabs is asked once and not again at
+/// each letter that is typed; the status line goes on telling.
+bool MayPoke(LinkDesk& desk)
+{
+    QString& kept = desk.state.keptAgainst;
+    ReportCheck check{ReportIs::NotOpen, {}};
+    const bool asked = Reported(desk.ports.prompter, "KelPokeGeneralData", [&] {
+        KelQueryActiveReports(desk.txtDDE);
+        const QString active = text::Folded(KelFirstToken(desk.txtDDE.Text()));
+        check.is = CompareReport(desk);
+        if (check.is == ReportIs::Another && active == kept) {
+            check.words = desk.state.notSent;
+            return;
+        }
+        check = CheckAnsweredReport(desk);
+        kept = check.is == ReportIs::Another ? active : QString();
+    });
+    if (asked && !check.Stands())
+        desk.status.lblmsg.Show(check.words, forms::Colour::Red);
+    desk.state.notSent = check.words;
+    return asked && check.Stands();
 }
 
 GeneralPoke PokeGeneral(LinkDesk& desk, const char* routine, const QString& keyStem, int lastIndex, int index,
@@ -101,6 +127,8 @@ void GetGeneralText(LinkDesk& desk, const QString& section, const QString& repor
 
 GeneralPoke KelPokeGeneralData(LinkDesk& desk, int index, const QString& text)
 {
+    if (!MayPoke(desk))
+        return GeneralPoke::Failed;
     return PokeGeneral(desk, "KelPokeGeneralData", u"GENERAL_DATA_"_s, 36, index, text);
 }
 
@@ -123,6 +151,7 @@ GeneralPoke PokeShownData(LinkDesk& desk, int index)
 
 void cboGeneral_Change(LinkDesk& desk, int index)
 {
+    const Talking talking{desk, messages::kSendingSlots};
     if (!desk.state.generalReentry && desk.state.linkActive)
         PokeShownData(desk, index);
 }
@@ -131,6 +160,7 @@ void cboGeneral_Click(LinkDesk& desk, int index)
 {
     if (!desk.state.linkActive)
         return;
+    const Talking talking{desk, messages::kSendingSlots};
     if (PokeShownData(desk, index) != GeneralPoke::Failed)
         KelPokeGeneralAddr(desk, index, desk.report.txtgeneraladdr(index).Text());
 }

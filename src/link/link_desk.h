@@ -20,6 +20,8 @@
 
 namespace vasclip::link {
 
+class Talk;
+
 /// What the icons beside the slots show.
 struct SlotIconPictures
 {
@@ -55,6 +57,7 @@ struct LinkDesk
     QString productVersion = {};
     ProximitySource* proximity = nullptr; ///< none without a map
     SlotIconPictures icons = {};
+    Talk* talk = nullptr; ///< keeps the window alive while the forms program takes its time; none: nothing does
     photos::PhotoDesk* photoDesk = nullptr; ///< the photo store; none: nothing is filed
 };
 

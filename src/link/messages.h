@@ -34,6 +34,73 @@ inline const QString kOverwriteTitle = QStringLiteral("Overwrite a comp within t
 /// %1 what stands in the slot, %2 what comes
 inline const QString kOverwrite = QStringLiteral("Replace %1 with %2!  Are you sure?");
 
+// Another report is active than the one that the tabs mirror.
+inline const QString kAnotherReportTitle = QStringLiteral("Another report is active");
+/// %1 active, %2 mirrored
+inline const QString kAnotherReport =
+    QStringLiteral("The forms program has %1 active now, but the tabs show %2. Nothing has been sent.\r\n\r\n"
+                   "Refresh the tabs from %1?");
+/// %1 active
+inline const QString kNotReadYet =
+    QStringLiteral("The forms program has %1 active, and the tabs have not been read from it. Nothing has been "
+                   "sent.\r\n\r\nRefresh the tabs from %1?");
+/// %1 active
+inline const QString kRefreshFrom = QStringLiteral("Refresh from %1");
+inline const QString kNotSentAnother =
+    QStringLiteral("Nothing was sent: %1 is active in the forms program, and the tabs show %2.");
+inline const QString kNotSentUnread =
+    QStringLiteral("Nothing was sent: the tabs have not been read from %1, which is active in the forms program.");
+/// %1 what the tabs show now
+inline const QString kNotSentRefreshed = QStringLiteral("The tabs show %1 now. Nothing was sent.");
+/// %1 forms program
+inline const QString kNotRunningNothing = QStringLiteral("%1 is not running, so nothing was sent.");
+inline const QString kNoneOpenNothing = QStringLiteral("No report is open in %1, so nothing was sent.");
+inline const QString kCancelledBefore = QStringLiteral("Cancelled: nothing was sent.");
+inline const QString kNotAnswered = QStringLiteral("The forms program did not answer, so nothing was sent.");
+
+// The state of the link. %1 is the forms program, or the report that is active in it.
+inline const QString kLinkLooking = QStringLiteral("Looking for %1...");
+inline const QString kLinkNotRunning = QStringLiteral("%1 is not running");
+inline const QString kLinkAnothersUser = QStringLiteral("%1 is another user's");
+inline const QString kLinkSilent = QStringLiteral("%1 does not answer");
+inline const QString kLinkNoReport = QStringLiteral("No report is open in %1");
+inline const QString kLinkUnread = QStringLiteral("%1 is open; the tabs have not been read from it");
+inline const QString kLinkAnother = QStringLiteral("The forms program has %1 active");
+inline const QString kLinkLinked = QStringLiteral("Linked to %1");
+inline const QString kNoReportShown = QStringLiteral("No report");
+inline const QString kOfferRefresh = QStringLiteral("Refresh");
+inline const QString kOfferStart = QStringLiteral("Start it");
+inline const QString kOfferAgain = QStringLiteral("Try again");
+
+// Conversations that take long.
+inline const QString kCancelled = QStringLiteral("Cancelled");
+/// %1 what is at work, %2 its step, %3 of how many
+inline const QString kStepOf = QStringLiteral("%1 (%2 of %3)");
+inline const QString kSlowTitle = QStringLiteral("The forms program is slow");
+/// %1 seconds, %2 what is at work
+inline const QString kSlow = QStringLiteral(
+    "The forms program has taken %1 seconds so far (%2). Go on waiting for it?\r\n\r\nNo stops after what has "
+    "been done up to now.");
+inline const QString kReadingReport = QStringLiteral("Reading the report");
+/// %1 record or slot
+inline const QString kSending = QStringLiteral("Sending %1");
+inline const QString kSendingSlots = QStringLiteral("Sending to the report");
+inline const QString kWaitingForForms = QStringLiteral("Waiting for the forms program");
+inline const QString kRefreshCancelled =
+    QStringLiteral("The refresh was cancelled. The tabs show no report until it is read again.");
+/// %1 record
+inline const QString kNothingSent = QStringLiteral("Cancelled: nothing of %1 was sent.");
+/// %1 record, %2 fields sent, %3 rows of the mapping
+inline const QString kPartSent = QStringLiteral(
+    "Cancelled: fields of %1 sent so far: %2 of %3. They stay in the report. Drop it again to send them all.");
+/// %1 forms program
+inline const QString kRefreshNotRunning = QStringLiteral("%1 is not running, so the tabs show no report.");
+inline const QString kRefreshNoneOpen = QStringLiteral("No report is open in %1, so the tabs show none.");
+inline const QString kRefreshNotRead =
+    QStringLiteral("The forms program could not be asked for its report, so the tabs show none.");
+inline const QString kTransferCancelled = QStringLiteral("Cancelled: nothing was stored.");
+inline const QString kTransferNoneOpen = QStringLiteral("No report is open, so there is nothing to transfer.");
+
 inline const QString kClearPhoto = QStringLiteral("Clear the photo.  Are you sure?");
 inline const QString kKelNotActive = QStringLiteral("KEL is not active");
 

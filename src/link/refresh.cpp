@@ -2,6 +2,7 @@
 
 #include "link/addresses.h"
 #include "link/form_table.h"
+#include "link/general_text.h"
 #include "link/kel_channel.h"
 #include "link/kel_helpers.h"
 #include "link/messages.h"
@@ -10,6 +11,7 @@
 #include "link/slot_icons.h"
 #include "link/slot_photos.h"
 #include "link/tabs.h"
+#include "link/talk.h"
 #include "platform/text/text.h"
 
 namespace vasclip::link {
@@ -50,16 +52,42 @@ void FindReport(LinkDesk& desk)
     SendScriptIfThere(desk, u"ADDPLUS.BAS"_s);
 }
 
+/// Half a report on the tabs would pass for the whole one.
+void ShowNoReport(LinkDesk& desk)
+{
+    Reported(desk.ports.prompter, "RefreshAppraisal", [&] {
+        ClearAllSlots(desk);
+        ClearKelAddresses(desk.addr);
+        desk.state.linkActive = desk.state.populateGate = false;
+        TestOtherTabs(desk, QString(), true);
+        SetKelAddresses(desk);
+        TabPopulateGeneralText(desk);
+    });
+}
+
+/// Why no report was found, from what was answered to the question for one.
+QString AbsentWords(const LinkDesk& desk)
+{
+    const bool answered = !text::Trim(desk.txtDDE.Text()).isEmpty();
+    return (answered ? messages::kRefreshNoneOpen : messages::kRefreshNotRunning).arg(desk.globals.formsProgram);
+}
+
 } // namespace
 
-void RefreshAppraisal(LinkDesk& desk)
+QString RefreshAppraisal(LinkDesk& desk)
 {
     if (desk.state.refreshing || desk.state.transferring)
-        return;
+        return {};
+    const Talking talking{desk, messages::kReadingReport};
     const Refreshing guard{desk};
     desk.state.linkActive = false;
-    if (!Reported(desk.ports.prompter, "RefreshAppraisal", [&] { FindReport(desk); }))
+    QString absent;
+    if (!Reported(desk.ports.prompter, "RefreshAppraisal", [&] { FindReport(desk); })) {
         desk.state.linkActive = desk.state.populateGate = false;
+        absent = messages::kRefreshNotRead;
+    } else if (!desk.state.linkActive) {
+        absent = AbsentWords(desk);
+    }
     Reported(desk.ports.prompter, "RefreshAppraisal", [&] { ClearAllSlots(desk); });
     if (!desk.state.linkActive) {
         Reported(desk.ports.prompter, "TestOtherTabs", [&] { TestOtherTabs(desk, QString(), true); });
@@ -73,8 +101,11 @@ void RefreshAppraisal(LinkDesk& desk)
     desk.report.TabData.SetTab(0);
     AddKelEntries2VASP(desk);
     SetKelAddresses(desk);
+    if (talking.Cancelled())
+        ShowNoReport(desk);
     RefreshAddendumIcons(desk);
     RefreshAllSlotIcons(desk);
+    return talking.Cancelled() ? messages::kRefreshCancelled : absent;
 }
 
 void Test2PopulateTabs(LinkDesk& desk)

@@ -8,7 +8,8 @@ namespace vasclip::link {
 /// every tab shows its normal caption and nothing is said. A step that fails is reported and the next one
 /// goes on. A refresh asked for from within one, or from within a transfer, does nothing.
 /// @throws forms::EndOfProgram for a report whose main form is not in the form table
-void RefreshAppraisal(LinkDesk& desk);
+/// @return what to tell: why the tabs show no report; "" where they show one, or nothing was done
+QString RefreshAppraisal(LinkDesk& desk);
 
 /// Reopens the report if the conduit is closed, stores the main form's code, and sets the tabs if a report is
 /// active.

@@ -85,12 +85,16 @@ ReportControls::ReportControls(forms::ControlSet& set)
     , txtMapProximity(set, u"txtMapProximity"_s)
     , cmdSubjectAnd(set, u"cmdSubjectAnd"_s)
     , imaKel(set, u"imaKel"_s)
+    , lblReport(set, u"lblReport"_s)
+    , lblLink(set, u"lblLink"_s)
+    , cmdLink(set, u"cmdLink"_s)
 {
     CaptionLabels(lblComp, u"Comparables "_s);
     CaptionLabels(lblAltComp, u"Alt Comparables "_s);
     CaptionLabels(lblListing, u"Listings "_s);
     CaptionLabels(lblRental, u"Rentals "_s);
     cmdSubjectAnd.SetCaption(u"Subject/Comp"_s);
+    cmdLink.SetVisible(false);
     imaKel.SetToolTipText(u"Refresh the appraisal information"_s);
 }
 

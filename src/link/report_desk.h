@@ -39,6 +39,9 @@ struct ReportControls
     forms::TextBox txtMapAddress, txtMapProximity; ///< the point selected on the map
     forms::Button cmdSubjectAnd;
     forms::PictureBox imaKel; ///< the house icon: refresh
+    forms::Label lblReport;   ///< the report that the tabs show: name, file number, subject
+    forms::Label lblLink;     ///< how it stands with the forms program
+    forms::Button cmdLink;    ///< the one thing that helps now; hidden where nothing does
 };
 
 /// The process-wide values of the link.
@@ -54,6 +57,8 @@ struct LinkState
     bool dropRefused = false;
     bool addressSent = false; ///< by the last DropComp: the slot's comp has that record's address now
     QString leftOfOldComp;    ///< what its column still tells of the comp before, in words; "" for nothing
+    QString notSent; ///< why the last conversation sent nothing, where its report was not the active one
+    QString keptAgainst; ///< the active report from which the user did not want the tabs while typing
     qint16 currentSlotIndex = 0; ///< slot whose photo is being cleared
     bool proximityOnDrop = true; ///< compute the proximity of a dropped comp
     QString lastPicturePath;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/error_block.h"
+#include "platform/conduit/patience.h"
 
 #include <utility>
 
@@ -9,7 +10,7 @@ namespace vasclip::link {
 /// Runs a routine's steps under the common error reporter, in the routine's name.
 ///
 /// A failure that the error block does not settle is shown and logged once, under the name of the innermost
-/// routine that it left, and this routine is left too.
+/// routine that it left, and this routine is left too. What the user has cancelled raises no box.
 /// @return false if the steps did not run to their end
 template <class Steps>
 bool Reported(forms::Prompter& prompter, const char* routine, Steps&& steps)
@@ -18,7 +19,8 @@ bool Reported(forms::Prompter& prompter, const char* routine, Steps&& steps)
     try {
         return common::Guarded(prompter, std::forward<Steps>(steps));
     } catch (const RuntimeError& failure) {
-        common::ReportError(prompter, failure);
+        if (failure.Number() != conduit::kUserInterrupt)
+            common::ReportError(prompter, failure);
     }
     return false;
 }

@@ -8,6 +8,7 @@
 #include "link/comp_data.h"
 #include "link/messages.h"
 #include "link/set_city.h"
+#include "platform/conduit/patience.h"
 #include "platform/text/text.h"
 #include "store/messages.h"
 
@@ -169,6 +170,8 @@ SaveOutcome SaveDataToDatabook(LinkDesk& desk, const QString& key, const QString
             outcome = saving.Run();
         });
     } catch (const RuntimeError& failure) {
+        if (failure.Number() == conduit::kUserInterrupt)
+            return SaveOutcome::GivenUp;
         common::ReportError(desk.ports.prompter, failure);
         return LinkIsDead(failure.Number()) ? SaveOutcome::LinkLost : SaveOutcome::Failed;
     }

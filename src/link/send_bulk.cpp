@@ -7,6 +7,7 @@
 #include "link/kel_helpers.h"
 #include "link/messages.h"
 #include "link/reporter.h"
+#include "link/talk.h"
 #include "platform/text/text.h"
 
 namespace vasclip::link {
@@ -131,12 +132,15 @@ SendResult SendBulk(LinkDesk& desk, const QString& formType, const QString& repo
         return result;
     }
 
+    result.rows = static_cast<int>(rows.size());
     const QString formName = rows.first().formName;
     const QString topic = u"KEL|"_s + report;
     int row = 0;
     OutgoingField going;
     try {
         for (; row < rows.size(); ++row) {
+            if (desk.talk)
+                desk.talk->SetStep(row, result.rows);
             going.item = formName + u'|' + rows[row].RowCell();
             const bool goOn = common::Guarded(prompter, [&] {
                 const std::optional<OutgoingField> field = FieldToSend(desk, rows[row], formName, comp);
@@ -158,6 +162,9 @@ SendResult SendBulk(LinkDesk& desk, const QString& formType, const QString& repo
         result.complete = true;
     } catch (const RuntimeError& failure) {
         result.failure = failure.Number();
+        result.cancelled = failure.Number() == conduit::kUserInterrupt;
+        if (result.cancelled)
+            return result;
         common::ReportError(
             prompter, RuntimeError(failure.Number(),
                                    messages::kSendStopped.arg(failure.Description(), rows[row].fieldName,

@@ -19,10 +19,13 @@ struct SendResult
 {
     bool complete = false;
     int sent = 0;    ///< fields poked
+    int rows = 0;    ///< of the mapping
     int failure = 0; ///< error number that ended it
     bool addressSent = false;
     QList<UnsentField> unsent; ///< only such as would name another comp, if one stood there
     QString report;
+    bool cancelled = false;
+    bool otherReport = false; ///< another report is active than the tabs show: nothing was sent
 };
 
 /// Fills a comp's column in the report with the current record of datDatabook, field by field as the mapping

@@ -3,7 +3,9 @@
 #include "link/kel_channel.h"
 #include "link/kel_helpers.h"
 #include "link/messages.h"
+#include "link/report_check.h"
 #include "link/reporter.h"
+#include "link/talk.h"
 #include "photos/photo_copies.h"
 #include "platform/text/text.h"
 
@@ -46,13 +48,18 @@ QString PrefixOf(const QString& upperName)
     return {};
 }
 
-/// Opens the active report and leaves its forms list in Text.
-void OpenForSending(LinkDesk& desk)
+/// Opens the active report and leaves its forms list in Text. @return false if it isn't the one on show
+bool OpenForSending(LinkDesk& desk)
 {
     KelQueryActiveReports(desk.txtDDE);
+    if (const ReportCheck check = CheckAnsweredReport(desk); check.is == ReportIs::Another) {
+        desk.state.notSent = check.words;
+        return false;
+    }
     const QString report = KelFirstToken(desk.txtDDE.Text());
     KelOpenReport(desk.txtDDE, report);
     KelListForms(desk.txtDDE, report);
+    return true;
 }
 
 void FillSlot(LinkDesk& desk, forms::PictureBox& slot, const QString& entry)
@@ -134,7 +141,9 @@ SlotSend KelSendSlotPhoto(LinkDesk& desk, const forms::Control& control, const f
     bool taken = false; // what a script after it comes to is another matter
     Reported(desk.ports.prompter, "KelSendSlotPhoto", [&] {
         QString object = ImageObjectName(control.Name(), index);
-        OpenForSending(desk);
+        open = OpenForSending(desk);
+        if (!open)
+            return;
         if (index >= 0)
             object += KelPhotoSizeOfPage(desk.txtDDE.Text());
         const QString path = text::Trim(desk.loader.Table().ErrGetPict(slot));
@@ -183,6 +192,12 @@ bool ClearSlotPhoto(LinkDesk& desk, forms::PictureBox& slot, bool ask)
 {
     if (ask && !desk.ports.prompter.YesNo(desk.globals.productName, messages::kClearPhoto))
         return false;
+    if (ask) { // the question gave time to bring another report to the front
+        if (const ReportCheck check = CheckReport(desk); !check.Stands()) {
+            desk.state.notSent = check.words;
+            return false;
+        }
+    }
     const QString before = desk.loader.Table().ErrGetPict(slot);
     desk.loader.geaClearImage(slot);
     const bool cleared = KelSendSlotPhoto(desk, slot, slot, slot.Index()) != SlotSend::Failed;

@@ -12,7 +12,8 @@ namespace vasclip::link {
 
 /// What became of a slot's object in the report.
 enum class SlotSend {
-    Failed,  ///< the report did not take it, which has been reported
+    Failed,  ///< the report did not take it, which has been reported, or another report is active than the tabs
+             ///< show: nothing was sent then, and LinkState::notSent tells
     Sent,    ///< it shows the slot's file
     Cleared, ///< it was emptied: the slot holds no file, or one that is not there
 };

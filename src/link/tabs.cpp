@@ -2,7 +2,9 @@
 
 #include "link/form_table.h"
 #include "link/kel_helpers.h"
+#include "link/messages.h"
 #include "link/refresh.h"
+#include "link/talk.h"
 #include "platform/text/text.h"
 
 namespace vasclip::link {
@@ -150,6 +152,7 @@ void TabClicked(LinkDesk& desk, forms::TabControl& tab, int previous)
 {
     if (tab.TabCaption(previous) == kNotAvailable)
         return;
+    const Talking talking{desk, messages::kWaitingForForms};
     if (tab.TabCaption(tab.Tab()) == kNotAvailable && desk.state.linkActive) {
         tab.SetTab(previous);
     } else if (!desk.state.linkActive && KelIsActive(desk)) {

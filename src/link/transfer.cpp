@@ -3,10 +3,12 @@
 #include "common/error_block.h"
 #include "common/progress.h"
 #include "link/messages.h"
+#include "link/report_check.h"
 #include "link/reporter.h"
 #include "link/save_data.h"
 #include "link/save_picture.h"
 #include "link/slot_icons.h"
+#include "link/talk.h"
 #include "link/transfer_jobs.h"
 #include "photos/view_name.h"
 #include "platform/text/text.h"
@@ -53,7 +55,13 @@ public:
         m_desk.ports.window.AppActivate();
         m_tally.slots_ = static_cast<int>(jobs.size());
         m_tally.notRunning = data && !jobs.isEmpty() && !KelEnsureRunning(m_desk);
-        if (m_tally.notRunning)
+        if (m_tally.notRunning) {
+            m_tally.stopped = Cancelled(m_desk);
+            m_tally.notRunning = !m_tally.stopped;
+            return m_tally;
+        }
+        m_tally.otherReport = data && !jobs.isEmpty() && CompareReport(m_desk) != ReportIs::Mirrored;
+        if (m_tally.otherReport)
             return m_tally;
         common::Progress progress(m_desk.status, m_desk.ports.pump, m_tally.slots_);
         int place = 0;
@@ -139,9 +147,19 @@ void Tell(LinkDesk& desk, const TransferTally& tally)
         desk.status.lblmsg.Show(tally.Text(), tally.Failed() ? forms::Colour::Red : forms::Colour::Blue);
 }
 
+/// With nobody to ask the tabs are empty, which is not the report's doing.
+void LookForReport(LinkDesk& desk, TransferTally& tally)
+{
+    if (KelIsActive(desk))
+        return;
+    tally.notRunning = text::Trim(desk.txtDDE.Text()).isEmpty();
+    tally.noneOpen = !tally.notRunning;
+}
+
 TransferTally Transfer(LinkDesk& desk, const QList<TransferJob>& jobs, What what)
 {
     TransferTally tally;
+    const Talking talking{desk, messages::kReadingReport};
     if (desk.state.transferring || desk.state.refreshing) {
         tally.busy = true;
         Tell(desk, tally);
@@ -151,6 +169,10 @@ TransferTally Transfer(LinkDesk& desk, const QList<TransferJob>& jobs, What what
         Run run(desk);
         tally = run.Do(jobs, WantsOf(what).data);
     }
+    if (tally.Empty() && !tally.notRunning && !tally.stopped)
+        LookForReport(desk, tally);
+    if (tally.otherReport) // a transfer under way would keep the tabs from being read
+        tally.words = CheckAnsweredReport(desk).words;
     // What single pictures had to say is part of the sum, unless there was but one of them.
     const bool onePicture = what == What::Pic && tally.slots_ == 1 && tally.pictures == 0;
     if (!onePicture)
@@ -183,6 +205,12 @@ QString TransferTally::Text() const
         return messages::kTransferBusy;
     if (notRunning)
         return messages::kNotRunning;
+    if (otherReport)
+        return words;
+    if (noneOpen)
+        return messages::kTransferNoneOpen;
+    if (stopped && stored.isEmpty() && pictures == 0 && Empty())
+        return messages::kTransferCancelled;
     if (Empty())
         return messages::kNothingToTransfer;
     QStringList parts;

@@ -16,6 +16,9 @@ struct TransferTally
     bool stopped = false;    ///< cancelled: the slots after it were left alone
     bool linkLost = false;   ///< the forms program went away: likewise
     bool notRunning = false; ///< it was not there to begin with
+    bool noneOpen = false;   ///< it was, with no report open
+    bool otherReport = false; ///< another report is active than the tabs show; nothing was done
+    QString words;           ///< of that
     bool busy = false;       ///< another transfer is at work; nothing was done
     QStringList stored;      ///< keys of the records that hold their comp now
     QString note;            ///< about a view that could not be kept as the report had it; "" for none
@@ -24,7 +27,7 @@ struct TransferTally
     [[nodiscard]] QString Text() const;
     /// Did the report have nothing there?
     [[nodiscard]] bool Empty() const { return slots_ == blank; }
-    [[nodiscard]] bool Failed() const { return failed > 0 || linkLost || notRunning; }
+    [[nodiscard]] bool Failed() const { return failed > 0 || linkLost || notRunning || otherReport; }
 };
 
 // Each stores the report's column of a slot as a record, its picture as a photo of it, or both. They turn the

@@ -8,9 +8,9 @@
 #include "databook/quick_find.h"
 #include "drops/router.h"
 #include "link/general_text.h"
-#include "link/refresh.h"
 #include "link/set_city.h"
 #include "link/tabs.h"
+#include "link/talk.h"
 #include "photos/capture_desk.h"
 #include "photos/photo_desk.h"
 #include "photos/picture_thumbs.h"
@@ -101,8 +101,11 @@ frm_Main::frm_Main(const Foundation& foundation)
             },
         .fileVersion = [this](const QString& path) { return FileVersionOf(m_base.disk, path); },
         .icons = SlotIconPictures(),
+        .talk = foundation.talk,
         .photoDesk = m_photos.get(),
     });
+    if (foundation.talk)
+        foundation.talk->Attach(status, foundation.ports);
     m_quickFind = std::make_unique<databook::QuickFind>(foundation.ports, records, sources.datsql, *m_rows,
                                                         status, globals);
     MakeRouter();
@@ -123,7 +126,6 @@ void frm_Main::WireControls()
                               &mnuDBItem, &mnuHelpItem})
         connect(menu, &forms::Menu::Chosen, this, &frm_Main::MenuChosen);
 
-    connect(&report.imaKel, &forms::Control::Clicked, this, [this] { RefreshAppraisal(); });
     connect(&records.cmdRefresh, &forms::Control::Clicked, this, [this] { DisplayAllRecords(); });
     connect(&records.cmdSearch, &forms::Control::Clicked, this, &frm_Main::cmdSearch_Click);
     connect(&records.cmdEdit, &forms::Control::Clicked, this, &frm_Main::CompEditRecord);
@@ -164,15 +166,10 @@ void frm_Main::WireControls()
         button->SetEnabled(false);
     WireGrid();
     WireConditions();
+    WireLink();
     WirePhotos();
     WireCapture();
     WireSlots();
-}
-
-void frm_Main::RefreshAppraisal()
-{
-    link::RefreshAppraisal(*m_link);
-    grddatabook_RowColChange();
 }
 
 void frm_Main::DisplayAllRecords()
@@ -222,13 +219,6 @@ void frm_Main::MenuChosen(const QString& array, int index)
         ChangeDatabase();
     else if (array.startsWith(u"mnuHelp"_s))
         HelpChosen(array, index);
-}
-
-void frm_Main::LaunchAppraisalProgram()
-{
-    link::LaunchFormsProgram(*m_link, [this](const QString& path) {
-        return desktop::ShellOpen(m_base.disk, u"open"_s, path, {}, globals.kelAppDir) > 32;
-    });
 }
 
 } // namespace vasclip::shell

@@ -5,6 +5,7 @@
 #include "databook/record_actions.h"
 #include "databook/record_desk.h"
 #include "drops/drag.h"
+#include "link/link_state.h"
 #include "link/report_desk.h"
 #include "photos/capture_controls.h"
 #include "photos/photo_lists.h"
@@ -31,7 +32,8 @@ class PhotoQuestions;
 } // namespace vasclip::photos
 namespace vasclip::link {
 struct LinkDesk;
-}
+class Talk;
+} // namespace vasclip::link
 namespace vasclip::databook {
 class GridRows;
 class QuickFind;
@@ -61,6 +63,7 @@ struct Foundation
     engine::Engine& engine;
     conduit::Conduit& txtDDE;
     forms::Ports ports;
+    link::Talk* talk = nullptr; ///< the patience of the conduit, where a window waits with it
 };
 
 /// The one screen that stays open: it composes the desks of the rooms below and dispatches to them.
@@ -125,6 +128,8 @@ public:
     void Form_Unload();
 
     void RefreshAppraisal();
+    /// Somebody has looked how the forms program is doing; the window's line on the link follows.
+    void LinkSeen(link::LinkWatch::Sees sees, const QString& words);
     void DisplayAllRecords();
     /// Opens the entry screen of the comp with this key. @return true if something was stored there
     bool LoadCompForm(const QString& key);
@@ -181,6 +186,7 @@ Q_SIGNALS:
     void GuideWanted();                  ///< Program Help without a help file of its own
     void ResetSizeWanted();              ///< the window back to its design size and position
     void TabColoursChanged(bool themed); ///< themed: the theme's own; else the tabbed areas are plain
+    void LinkLookWanted(); ///< the state of the link may have changed
     void EndWanted();                    ///< Timer1: the stop is over and the process still lives
 
 private:
@@ -261,6 +267,9 @@ private:
     [[nodiscard]] QStringList OrphanLines(const std::function<bool()>& goOn) const;
     void ShowGeneralViews();
     void LaunchAppraisalProgram();
+    void WireLink();
+    void ShowLink();
+    void cmdLink_Click();
     void SetupChosen(int index);
     void HelpChosen(const QString& array, int index);
     void ShowConfiguration();
@@ -308,6 +317,9 @@ private:
     std::unique_ptr<drops::Router> m_router;
     std::unique_ptr<comments::frm_FKey> m_functionKeys; ///< made when the first entry screen opens
     QString m_entryKey;                                 ///< of the comp whose entry screen is open
+    link::LinkWatch::Sees m_sees = link::LinkWatch::Sees::Nothing;
+    QString m_seenWords;
+    link::LinkHelp m_linkHelp = link::LinkHelp::None;
     // Over what the last pop-up menu opened: what is chosen in it is done to that and to nothing else.
     QString m_menuControl;
     int m_menuIndex = -1;

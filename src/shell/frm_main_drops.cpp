@@ -132,6 +132,7 @@ drops::Outcome frm_Main::DropFiles(const QStringList& files, forms::Control& tar
 /// A drop walks other records for its icons; the record on show comes back, or the one that has changed comes.
 drops::Outcome frm_Main::Told(drops::Outcome outcome)
 {
+    Q_EMIT LinkLookWanted();
     const QString said = status.lblmsg.Caption();
     const forms::Colour colour = status.lblmsg.Fore();
     if (outcome.done && !outcome.record.isEmpty())

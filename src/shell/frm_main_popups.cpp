@@ -4,7 +4,9 @@
 #include "drops/router.h"
 #include "drops/slot_menus.h"
 #include "drops/swap_slots.h"
+#include "link/messages.h"
 #include "link/tabs.h"
+#include "link/talk.h"
 #include "photos/capture_desk.h"
 #include "platform/text/text.h"
 #include "shell/frm_main.h"
@@ -34,6 +36,7 @@ void frm_Main::WireSlots()
     for (const auto* boxes : {&slots.geaComp, &slots.geaAltComp, &slots.geaListing, &slots.geaRental})
         eachOf(*boxes, [this](forms::PictureBox& box) {
             connect(&box, &forms::Control::Clicked, this, [this, &box] {
+                const link::Talking talking(*m_link, link::messages::kSendingSlots);
                 drops::DropDesk desk = Drops();
                 Told(drops::ClickDataBox(desk, drops::GroupOf(box.Name()), box.Index()));
             });
@@ -149,6 +152,7 @@ void frm_Main::popPicture_M_Click(int index)
     const common::RoutineScope scope{"popPicture_M"};
     if (Refused(WhyOtherSlotPhoto()))
         return;
+    const link::Talking talking(*m_link, link::messages::kSendingSlots);
     drops::DropDesk desk = Drops();
     const QLatin1StringView group = drops::GroupOf(m_menuControl);
     if (index == 0)
@@ -164,6 +168,7 @@ void frm_Main::popGeneral_M_Click(int index)
     const common::RoutineScope scope{"popGeneral_M"};
     if (Refused(WhyOtherSlotPhoto()))
         return;
+    const link::Talking talking(*m_link, link::messages::kSendingSlots);
     drops::DropDesk desk = Drops();
     if (index == 0)
         Told(drops::ObtainGeneral(desk, m_menuIndex));
@@ -174,6 +179,7 @@ void frm_Main::popGeneral_M_Click(int index)
 void frm_Main::popTextData_M_Click(int index)
 {
     const common::RoutineScope scope{"popTextData_M"};
+    const link::Talking talking(*m_link, link::messages::kSendingSlots);
     drops::DropDesk desk = Drops();
     const QLatin1StringView group = drops::GroupOf(m_menuControl);
     if (index == 0)
@@ -202,6 +208,7 @@ void frm_Main::popTextData_MSubSwap_Click(int index)
 void frm_Main::popPicAndData_M_Click(int index)
 {
     const common::RoutineScope scope{"popPicAndData_M"};
+    const link::Talking talking(*m_link, link::messages::kSendingSlots);
     drops::DropDesk desk = Drops();
     const QLatin1StringView group = drops::GroupOf(m_menuControl);
     if (index == 0)

@@ -279,6 +279,7 @@ void MainWindow::Decorate()
     m_ui->lblAddingaComp->setProperty("role", QStringLiteral("title"));
     m_ui->lblPhotomsg->setProperty("role", QStringLiteral("quiet"));
     m_ui->recordCount->setProperty("role", QStringLiteral("quiet"));
+    m_ui->cmdLink->setAccessibleDescription(tr("What helps with the link to the forms program"));
     m_ui->viewsCaption->setProperty("role", QStringLiteral("quiet"));
     const std::tuple<QToolButton*, const char*, bool> tools[] = {
         {m_ui->cmdCopy, "copy", true},         {m_ui->cmdRename, "rename", true},

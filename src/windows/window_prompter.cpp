@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QUrl>
 
 #include <algorithm>
@@ -142,6 +143,21 @@ Answer WindowPrompter::MsgBox(Buttons buttons, forms::Icon icon, const QString& 
     for (QAbstractButton* button : box.buttons())
         button->setIcon(QIcon());
     return AnswerOf(box.exec());
+}
+
+bool WindowPrompter::Offer(const QString& action, const QString& title, const QString& text)
+{
+    const PlainPointer pointer;
+    QMessageBox box(QMessageBox::Warning, title, QString(), QMessageBox::Cancel, Owner());
+    box.setTextFormat(Qt::PlainText);
+    box.setText(text);
+    box.setWindowIcon(ApplicationIcon());
+    const auto* done = box.addButton(action, QMessageBox::AcceptRole);
+    box.setEscapeButton(QMessageBox::Cancel);
+    for (QAbstractButton* button : box.buttons())
+        button->setIcon(QIcon());
+    box.exec();
+    return box.clickedButton() == done;
 }
 
 QStringList DialogFilters(const QString& filter)

@@ -22,6 +22,8 @@ public:
     /// a warning stands on Cancel, as both answers lose something, and an information on Yes, as No does.
     forms::Answer MsgBox(forms::Buttons buttons, forms::Icon icon, const QString& title,
                          const QString& text) override;
+    /// Offers to do something. @param action  the words of its button; @return false for Cancel
+    bool Offer(const QString& action, const QString& title, const QString& text);
     QString OpenDialog(const QString& filter, const QString& title, const QString& directory) override;
     QString ChooseDirectory(const QString& title, const QString& directory) override;
 

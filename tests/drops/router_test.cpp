@@ -321,12 +321,45 @@ TEST_F(RouterTest, WithNoReportOpenNothingHappens)
         conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, reports);
         const Outcome outcome = DropOn(report.txtComp(2));
         EXPECT_FALSE(outcome.done);
-        EXPECT_EQ(outcome.message, QString());
+        EXPECT_EQ(outcome.message, reports.isEmpty()
+                                       ? u"Korvat Forms is not running, so nothing was sent."_s
+                                       : u"No report is open in Korvat Forms, so nothing was sent."_s);
     }
     conduit.running = false;
-    EXPECT_FALSE(DropOn(report.txtComp(2)).done);
+    EXPECT_EQ(DropOn(report.txtComp(2)).message, u"Korvat Forms is not running, so nothing was sent."_s);
     EXPECT_TRUE(conduit.pokes.isEmpty());
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+/// Every drop that ends on the report, whatever it comes from.
+TEST_F(RouterTest, WithAnotherReportActiveNoDropSendsAnything)
+{
+    Browse();
+    loader.ErrLoadThumb(slots.imaComp(2), u"C:\\JPG\\OAK.jpg"_s);
+    conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"JONES,SMITH,"_s);
+    int tried = 0;
+    for (const DropRule& rule : Matrix()) {
+        forms::Control* target = set.Find(rule.target, 2);
+        if (target == nullptr)
+            target = set.Find(rule.target);
+        const bool sends = rule.action <= DropAction::PasteComp;
+        if (!sends || target == nullptr)
+            continue;
+        ++tried;
+        doubles.prompter.Forget();
+        doubles.prompter.Answer(forms::Answer::Cancel);
+        const Outcome outcome = router.Drop({rule.source, -1, u"12 OAK ST"_s, kSnap + u"A.JPG"_s, {}}, *target);
+        EXPECT_FALSE(outcome.done) << rule.source.data() << " on " << rule.target.data();
+        EXPECT_EQ(outcome.message,
+                  u"Nothing was sent: JONES is active in the forms program, and the tabs show SMITH."_s)
+            << rule.source.data() << " on " << rule.target.data();
+        ASSERT_EQ(doubles.prompter.Boxes().size(), 1U) << rule.source.data() << " on " << rule.target.data();
+        EXPECT_EQ(doubles.prompter.Last().title, u"Another report is active"_s);
+    }
+    EXPECT_GE(tried, 30);
+    EXPECT_TRUE(conduit.pokes.isEmpty());
+    EXPECT_TRUE(conduit.commands.isEmpty());
+    EXPECT_TRUE(home.disk.FileExists(kSnap + u"A.JPG"_s)) << "no picture was filed";
 }
 
 TEST_F(RouterTest, TheReportIsAskedForBeforeThePage)

@@ -154,11 +154,45 @@ TEST_F(SlotMenusTest, WithNoReportOpenNothingIsObtained)
 {
     report.txtComp(1).SetText(u"12 Oak St"_s);
     conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"none"_s);
-    EXPECT_EQ(ObtainPhoto(drops, "SALE"_L1, 1).message, u"No report is open."_s);
-    EXPECT_EQ(ObtainData(drops, "SALE"_L1, 1, WithPhoto::Yes).message, u"No report is open."_s);
+    const QString none = u"No report is open in Korvat Forms, so nothing was sent."_s;
+    EXPECT_EQ(ObtainPhoto(drops, "SALE"_L1, 1).message, none);
+    EXPECT_EQ(ObtainData(drops, "SALE"_L1, 1, WithPhoto::Yes).message, none);
+    EXPECT_EQ(ObtainShownData(drops, "SALE"_L1, 1, WithPhoto::Yes).message, none);
+    EXPECT_EQ(ClearPhoto(drops, "SALE"_L1, 1).message, none);
     EXPECT_FALSE(ObtainGeneral(drops, 1).done);
     EXPECT_FALSE(ClickDataBox(drops, "SALE"_L1, 1).done);
     EXPECT_TRUE(conduit.pokes.isEmpty());
+}
+
+TEST_F(SlotMenusTest, WithAnotherReportActiveEachEntryAsksOnceAndSendsNothing)
+{
+    for (const int i : {1, 2, 3})
+        report.txtComp(i).SetText(u"12 Oak St"_s);
+    report.txtSubject.SetText(u"12 Oak St"_s);
+    report.cboGeneral(1).SetText(u"REAR VIEW"_s);
+    loader.ErrLoadThumb(slots.imaComp(1), u"C:\\JPG\\OAK.jpg"_s);
+    conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"JONES,SMITH,"_s);
+    const std::pair<const char*, std::function<Outcome()>> entries[] = {
+        {"photo", [&] { return ObtainPhoto(drops, "SALE"_L1, 1); }},
+        {"photos", [&] { return ObtainShownPhotos(drops, "SALE"_L1, 1); }},
+        {"clear", [&] { return ClearPhoto(drops, "SALE"_L1, 1); }},
+        {"general", [&] { return ObtainGeneral(drops, 1); }},
+        {"data", [&] { return ObtainData(drops, "SALE"_L1, 1, WithPhoto::Yes); }},
+        {"all data", [&] { return ObtainShownData(drops, "SALE"_L1, 1, WithPhoto::Yes); }},
+        {"data box", [&] { return ClickDataBox(drops, "SALE"_L1, 1); }}};
+    for (const auto& [name, entry] : entries) {
+        doubles.prompter.Forget();
+        doubles.prompter.Answer(forms::Answer::Cancel);
+        const Outcome outcome = entry();
+        EXPECT_FALSE(outcome.done) << name;
+        EXPECT_EQ(outcome.message,
+                  u"Nothing was sent: JONES is active in the forms program, and the tabs show SMITH."_s)
+            << name;
+        EXPECT_EQ(doubles.prompter.Boxes().size(), 1U) << name;
+    }
+    EXPECT_TRUE(conduit.pokes.isEmpty());
+    EXPECT_TRUE(conduit.commands.isEmpty());
+    EXPECT_EQ(Shows(slots.imaComp(1)), u"C:\\JPG\\OAK.jpg"_s) << "the tabs go on showing their own report";
 }
 
 TEST_F(SlotMenusTest, AClickOnADataBoxSendsItsRecordAndLightsItsLamp)

@@ -106,8 +106,10 @@ protected:
     {
         ASSERT_TRUE(store::FindRecord(desk.ports, sources.datDatabook, key, u"CENTRALKEY"_s));
     }
+    /// Open in the forms program, and the one that the tabs mirror.
     void OpenReport(const QString& name, const QString& forms)
     {
+        addr.txtKelReport.SetText(name);
         conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, name + u',');
         conduit.Answer(u"KEL|"_s + name, u"ListForms"_s, forms);
     }

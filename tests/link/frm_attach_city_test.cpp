@@ -23,7 +23,7 @@ protected:
         home.Put(globals.applicationIni, "[CITIES]\r\nCITY1=Marlow, WA  98210  Skagit\r\n"
                                          "CITY2=Ferndale, WA  98248  Whatcom\r\n[PREFERENCES]\r\n"
                                          "USESUBJCSZ=CS\r\n");
-        addr.txtKelReport.SetText(u"SMITH"_s);
+        OpenReport(u"SMITH"_s, u"UA5,"_s);
         addr.txtFormType.SetText(u"UA5"_s);
         for (const auto& [field, row] : {std::pair{u"NEIGHBORHD"_s, u"2"_s},
                                          {u"SALEFLD"_s, u"3"_s},
@@ -113,7 +113,7 @@ TEST_F(AttachCity, ACompOfTheReportIsReadFromItsCells)
     for (const QString& entry : conduit.Take())
         if (entry.startsWith(u"item "_s))
             asked << entry.mid(5);
-    EXPECT_EQ(asked, (QStringList{u"PAGE2|2|5"_s, u"PAGE2|3|5"_s, u"PAGE2|4|5"_s}));
+    EXPECT_EQ(asked, (QStringList{u"ActiveReports"_s, u"PAGE2|2|5"_s, u"PAGE2|3|5"_s, u"PAGE2|4|5"_s}));
     EXPECT_EQ(screen->txtCity.Text(), u"Alder Creek"_s);
     EXPECT_EQ(screen->txtState.Text(), u"WI"_s);
     EXPECT_EQ(screen->txtZip.Text(), u"54001"_s);

@@ -82,6 +82,7 @@ protected:
             Map({u"UA5"_s, u"PAGE2"_s, field, row, u"3"_s, u"SALE"_s, u"4"_s, u"2"_s});
         Map({u"UA5"_s, u"PAGE1"_s, u"ADDRESS"_s, u"2"_s, u"1"_s, u"SALE"_s, u"10"_s, u"0"_s});
         state.currentKey = u"12 OAK ST"_s;
+        addr.txtKelReport.SetText(u"SMITH"_s);
     }
     void Start(conduit::LinkFaults faults = {})
     {

@@ -280,8 +280,9 @@ protected:
 TEST_F(GeneralText, PokesKeepTheMixedCasePrefix)
 {
     EXPECT_EQ(KelPokeGeneralData(desk, 5, u" KITCHEN "_s), GeneralPoke::Sent);
-    EXPECT_EQ(conduit.log, (QStringList{u"mode 0"_s, u"topic Kel|SMITH"_s, u"mode 2"_s, u"item GENP2|20|1"_s,
-                                        u"text KITCHEN"_s, u"poke"_s}));
+    EXPECT_EQ(conduit.log, (QStringList{u"mode 0"_s, u"topic KEL|Query"_s, u"mode 2"_s, u"item ActiveReports"_s,
+                                        u"request"_s, u"mode 0"_s, u"mode 0"_s, u"topic Kel|SMITH"_s, u"mode 2"_s,
+                                        u"item GENP2|20|1"_s, u"text KITCHEN"_s, u"poke"_s}));
 }
 
 TEST_F(GeneralText, CellsFollowTheSlotsPlaceOnItsPage)

@@ -181,6 +181,40 @@ TEST_F(Pointer, ARowDraggedToASlotFillsTheReport)
     EXPECT_EQ(m_home.Cell(3, u"GLA"_s), record[u"GLA"_s].toVariant().toString());
 }
 
+TEST_F(Pointer, ADropMeantForAnotherReportSendsNothingUntilTheTabsAreRefreshed)
+{
+    Click(MiddleOf(u"TabData#1"_s));
+    ASSERT_TRUE(WaitFor([this] { return Places().contains(u"txtComp_2"_s); }));
+    EXPECT_FALSE(Places().contains(u"cmdLink"_s)) << "linked: nothing to help with";
+    // The other report comes to the front of the forms program.
+    ProgramHome::Stop(m_home.forms);
+    EXPECT_TRUE(WaitFor([this] { return Places().contains(u"cmdLink"_s); }, 10000)) << "it has gone, and is offered";
+    Start(m_home.forms, ProgramHome::Program(u"kelforms"_s),
+          {u"--home"_s, m_home.Path(), u"--headless"_s, u"C:\\KEL\\DATA\\FERRY22.RPT"_s,
+           u"C:\\KEL\\DATA\\OAKST114.RPT"_s});
+    ASSERT_TRUE(WaitFor([this] { return m_home.Vasctl({u"report"_s, u"status"_s}).code == 0; }, 20000));
+    const QString before = m_home.Cell(2, u"ADDRESS"_s);
+    const QJsonObject record = Record(0);
+    ASSERT_NE(before, record[u"ADDRESS"_s].toString());
+
+    Drag(RowPoint(0), MiddleOf(u"txtComp_2"_s));
+    QThread::msleep(1500);
+    Xdotool({u"key"_s, u"Escape"_s}); // the question; no question: nothing
+    QThread::msleep(1000);
+    EXPECT_EQ(m_home.Cell(2, u"ADDRESS"_s), before) << "the tabs showed the other report's comp";
+
+    ASSERT_TRUE(WaitFor([this] { return Places().contains(u"cmdLink"_s); }));
+    Click(MiddleOf(u"cmdLink"_s));
+    ASSERT_TRUE(WaitFor([this] { return !Places().contains(u"cmdLink"_s); }, 10000)) << "the tabs are refreshed";
+    Click(MiddleOf(u"TabData#1"_s));
+    QThread::msleep(500);
+    Drag(RowPoint(0), MiddleOf(u"txtComp_2"_s));
+    QThread::msleep(1500);
+    Xdotool({u"key"_s, u"alt+y"_s}); // a comp that is replaced asks
+    EXPECT_TRUE(
+        WaitFor([&] { return m_home.Cell(2, u"ADDRESS"_s) == record[u"ADDRESS"_s].toString(); }, 20000));
+}
+
 TEST_F(Pointer, ReplacingACompAsksAndTheKeyboardAnswers)
 {
     Click(MiddleOf(u"TabData#1"_s));
@@ -305,6 +339,48 @@ TEST_F(Pointer, ThePhotoOnShowIsDraggedToASlotAndClearedByTheRightButton)
     Xdotool({u"key"_s, u"alt+y"_s});
     EXPECT_TRUE(WaitFor([&] { return !shown().contains(stem, Qt::CaseInsensitive); }, 20000))
         << shown().toStdString();
+}
+
+/// A forms program that takes its time for each answer, from the start on.
+class SlowStart : public Pointer
+{
+protected:
+    void SetUp() override
+    {
+        for (const QString& needed : {u"Xvfb"_s, u"openbox"_s, u"xdotool"_s}) {
+            if (QStandardPaths::findExecutable(needed).isEmpty())
+                GTEST_SKIP() << needed.toStdString() << " is not installed, so no pointer can be moved";
+        }
+        ASSERT_TRUE(m_home.Make());
+        ASSERT_TRUE(StartDisplay());
+        Start(m_home.forms, ProgramHome::Program(u"kelforms"_s),
+              {u"--home"_s, m_home.Path(), u"--headless"_s, u"--delay"_s, u"400"_s,
+               u"C:\\KEL\\DATA\\OAKST114.RPT"_s});
+        QThread::msleep(1500);
+        Start(m_vasclip, ProgramHome::Program(u"vasclip"_s),
+              {u"--home"_s, m_home.Path(), u"--places"_s, Geometry()});
+    }
+    /// Windows of the program that can be seen.
+    [[nodiscard]] QStringList Seen() const
+    {
+        QProcess process;
+        process.setProcessEnvironment(m_environment);
+        process.start(u"xdotool"_s, {u"search"_s, u"--onlyvisible"_s, u"--pid"_s,
+                                     QString::number(m_vasclip.processId())});
+        process.waitForFinished(kPatienceMs);
+        return QString::fromLatin1(process.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
+    }
+};
+
+TEST_F(SlowStart, HasTheSplashOnTheScreenAndEscGoesOnWithoutTheReport)
+{
+    ASSERT_TRUE(WaitFor([this] { return !Seen().isEmpty(); }, 20000)) << "nothing on the screen";
+    EXPECT_TRUE(Places().isEmpty()) << "the main window came first";
+    QThread::msleep(500);
+    Xdotool({u"key"_s, u"--window"_s, Seen().value(0), u"Escape"_s});
+    // A refresh takes some sixty answers, which is half a minute here.
+    ASSERT_TRUE(WaitFor([this] { return Places().contains(u"cmdLink"_s); }, 10000))
+        << "the main window, which offers to read the report";
 }
 
 } // namespace

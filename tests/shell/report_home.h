@@ -26,10 +26,26 @@ protected:
     ReportHome()
         : ReportHome(nullptr)
     {}
+    /// What a test has of its own in place of the doubles; nullptr for the double.
+    struct Own
+    {
+        forms::ScreenPort* screens = nullptr;
+        forms::EventPump* pump = nullptr;
+        conduit::Conduit* wire = nullptr;
+        link::Talk* talk = nullptr;
+    };
     /// @param screens  shows the screens in place of the scripted ones
     explicit ReportHome(forms::ScreenPort* screens)
-        : ports{doubles.prompter, doubles.pump,   doubles.clock,
-                doubles.random,   doubles.window, screens != nullptr ? *screens : doubles.screens}
+        : ReportHome(Own{screens})
+    {}
+    explicit ReportHome(const Own& own)
+        : ports{doubles.prompter,
+                own.pump != nullptr ? *own.pump : doubles.pump,
+                doubles.clock,
+                doubles.random,
+                doubles.window,
+                own.screens != nullptr ? *own.screens : doubles.screens}
+        , main{{home.disk, engine, own.wire != nullptr ? *own.wire : conduit, ports, own.talk}}
     {}
 
     tests::TempHome home;
@@ -40,7 +56,7 @@ protected:
     StartUpOptions options{
         {}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false}, u"6.2.1"_s};
     frm_Splash splash{ports};
-    frm_Main main{{home.disk, engine, conduit, ports}};
+    frm_Main main;
 
     void SetUp() override
     {

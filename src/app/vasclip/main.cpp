@@ -6,6 +6,8 @@
 #include "common/error_block.h"
 #include "forms/system_ports.h"
 #include "photos/capture_desk.h"
+#include "link/talk.h"
+#include "platform/conduit/link_watch.h"
 #include "platform/conduit/socket_conduit.h"
 #include "platform/conduit/socket_path.h"
 #include "platform/desktop/desktop.h"
@@ -24,6 +26,7 @@
 #include "windows/theme.h"
 #include "windows/window_desktop.h"
 #include "windows/window_prompter.h"
+#include "windows/window_pump.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -37,8 +40,10 @@
 #include <QTextStream>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
 #include <optional>
+#include <utility>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace vasclip;
@@ -46,6 +51,8 @@ using namespace vasclip;
 namespace {
 
 constexpr qint64 kBlinkMilliseconds = 150;
+constexpr int kLookAtLinkMs = 2000;
+const QString kSlowStart = QStringLiteral("start/slow");
 
 struct Options
 {
@@ -126,18 +133,25 @@ public:
         , m_engine(m_disk)
         , m_socket(options.socket.isEmpty() ? conduit::DefaultSocketPath(m_disk.Home()) : options.socket)
         , m_conduit(
-              conduit::MakeSocketConduit({.socketPath = m_socket, .timeLimitMs = options.linkTimeLimitMs}))
+              conduit::MakeSocketConduit(
+                  {.socketPath = m_socket, .timeLimitMs = options.linkTimeLimitMs, .patience = &m_talk}))
+        , m_watch({.socketPath = m_socket, .timeLimitMs = options.linkTimeLimitMs})
         , m_recorder(*m_conduit)
         , m_settings(QDir(m_disk.Home()).filePath(u"window.ini"_s), QSettings::IniFormat)
         , m_theme(app, &m_settings)
         , m_prompter(m_disk)
         , m_guard(m_prompter, [this](int code) { End(code); })
         , m_clock(options.today)
-        , m_main({m_disk, m_engine, Link(), {m_prompter, m_pump, m_clock, m_random, m_desktop, m_screens}})
+        , m_main({m_disk, m_engine, Link(), {m_prompter, m_pump, m_clock, m_random, m_desktop, m_screens}, &m_talk})
         , m_splash({m_prompter, m_pump, m_clock, m_random, m_desktop, m_screens})
         , m_drops(m_main)
         , m_copy(m_disk.Home())
     {
+        m_pump.SetStop([this] { m_talk.Cancel(); });
+        m_talk.hold = [this](bool on) { m_pump.Hold(on); };
+        m_talk.offer = [this](const QString& action, const QString& title, const QString& text) {
+            return m_prompter.Offer(action, title, text);
+        };
         m_screens.SetGuard(&m_guard);
         app.installEventFilter(&m_guideKey);
         LogErrorsTo(QDir(m_disk.Home()).filePath(u"vasclip.log"_s));
@@ -174,15 +188,31 @@ private:
         std::optional<windows::SplashWindow> splash;
         QElapsedTimer sinceStart;
         sinceStart.start();
+        // A step that blocks lets nothing come up in its middle, so one that was slow the last time has the splash
+        // before it begins.
+        const bool wasSlow = m_settings.value(kSlowStart).toBool();
+        qint64 lastStep = 0, longest = 0;
         const auto showSplash = [&] {
-            if (splash || (!tour && sinceStart.elapsed() < kBlinkMilliseconds))
+            longest = std::max(longest, sinceStart.elapsed() - std::exchange(lastStep, sinceStart.elapsed()));
+            if (splash || (!tour && !wasSlow && sinceStart.elapsed() < kBlinkMilliseconds))
                 return;
             splash.emplace(m_splash.controls, m_guard);
             splash->show();
         };
         const auto watching =
             QObject::connect(&m_splash.lstSplash, &forms::ListBox::ItemsChanged, qApp, showSplash);
-        const auto watched = qScopeGuard([&] { QObject::disconnect(watching); });
+        const auto watched = qScopeGuard([&] {
+            QObject::disconnect(watching);
+            m_talk.onSlow = {};
+        });
+        // One that answers late holds up a step in which no status line comes.
+        bool told = false;
+        m_talk.onSlow = [&] {
+            if (std::exchange(told, true))
+                return;
+            m_splash.ShowSplashStatus(u"%1 answers slowly; Esc goes on without it"_s.arg(m_main.globals.formsProgram));
+            showSplash();
+        };
         shell::StartUpOptions start;
         start.commandLine = m_options.commandLine;
         start.previousInstance = [this] { return !m_copy.IsFirst(); };
@@ -191,6 +221,9 @@ private:
         start.findWindowCaption = desktop::FindWindowCaption;
         start.homeIsReadOnly = !QFileInfo(m_disk.Home()).isWritable();
         const bool loaded = m_guard.Run([&] { m_main.Form_load(start, m_splash); });
+        longest = std::max(longest, sinceStart.elapsed() - lastStep);
+        if (const bool slow = longest >= kBlinkMilliseconds; slow != wasSlow)
+            m_settings.setValue(kSlowStart, slow);
         if (!loaded) {
             m_exitCode = m_exitCode == 0 ? 1 : m_exitCode;
             return false;
@@ -220,6 +253,8 @@ private:
         m_window->ShowTabColours(m_main.globals.tabMask);
         QObject::connect(&m_main, &shell::frm_Main::TabColoursChanged, &*m_window,
                          [this](bool themed) { m_window->ShowTabColours(themed); });
+        QObject::connect(&m_watch, &conduit::LinkWatch::Seen, &m_main, &shell::frm_Main::LinkSeen);
+        QObject::connect(&m_main, &shell::frm_Main::LinkLookWanted, &m_watch, &conduit::LinkWatch::Look);
         QObject::connect(&m_main, &shell::frm_Main::EndWanted, qApp, [this] { std::_Exit(m_exitCode); });
         QObject::connect(&*m_window, &windows::MainWindow::Unload, &*m_window, [this] {
             m_window->hide();
@@ -235,6 +270,7 @@ private:
                 m_main.Capture().Folder().SetPatience(photos::CaptureFolder::kShortPatience);
                 m_guard.Run([this] { m_main.ShowCapture(); });
                 m_guard.Run([this] { m_main.CheckDatabook(engine::CheckDepth::Quiet); });
+                m_watch.Start(kLookAtLinkMs);
             },
             Qt::QueuedConnection);
         m_orderlyClose.emplace(*m_window);
@@ -272,7 +308,9 @@ private:
     files::Disk m_disk;
     engine::Engine m_engine;
     QString m_socket;
+    link::Talk m_talk;
     std::unique_ptr<conduit::Conduit> m_conduit;
+    conduit::LinkWatch m_watch;
     app::LinkRecorder m_recorder;
     QSettings m_settings;
     windows::Theme m_theme;
@@ -281,7 +319,7 @@ private:
     windows::GuideKey m_guideKey;
     windows::WindowDesktop m_desktop;
     windows::WindowScreens m_screens;
-    forms::QtEventPump m_pump;
+    windows::WindowPump m_pump;
     app::FixedClock m_clock;
     forms::SystemRandom m_random;
     shell::frm_Main m_main;

@@ -50,12 +50,14 @@ constexpr std::array kCommands = {
     CommandRow{"report"_L1, "status pages images cells"_L1},
     CommandRow{"refresh"_L1, ""_L1},
     CommandRow{"drop"_L1, ""_L1},
+    CommandRow{"swap"_L1, ""_L1},
     CommandRow{"photos"_L1, "list file rename-view delete orphans verify"_L1},
     CommandRow{"transfer"_L1, "subject comps alternates listings rentals all"_L1},
     CommandRow{"layouts"_L1, "list show save use delete default"_L1},
     CommandRow{"settings"_L1, "list get set"_L1},
     CommandRow{"comments"_L1, "list key add delete"_L1},
     CommandRow{"doctor"_L1, ""_L1},
+    CommandRow{"databook"_L1, "copy"_L1},
 };
 
 QStringList Words(QLatin1StringView text)

@@ -1,0 +1,90 @@
+#include "windows/window_pump.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QScopeGuard>
+#include <QTimer>
+#include <QWidget>
+#include <QWindow>
+
+namespace vasclip::windows {
+
+namespace {
+
+const QString kStopButton = QStringLiteral("cmdStop");
+
+} // namespace
+
+void WindowPump::DoEvents()
+{
+    if (m_holds == 0) {
+        QtEventPump::DoEvents();
+        return;
+    }
+    qApp->installEventFilter(this);
+    const auto free = qScopeGuard([this] { qApp->removeEventFilter(this); });
+    QtEventPump::DoEvents();
+}
+
+void WindowPump::Hold(bool on)
+{
+    m_holds += on ? 1 : -1;
+    if (m_holds > 0 || !m_closeWanted)
+        return;
+    QTimer::singleShot(0, m_closeWanted.data(), [window = m_closeWanted.data()] { window->close(); });
+    m_closeWanted.clear();
+}
+
+bool WindowPump::ForCancel(QObject* watched) const
+{
+    for (const QObject* object = watched; object != nullptr; object = object->parent())
+        if (object->objectName() == kStopButton)
+            return true;
+    return false;
+}
+
+bool WindowPump::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* window = qobject_cast<QWindow*>(watched);
+    switch (event->type()) {
+    case QEvent::Close:
+        if (window == nullptr)
+            return false; // the program closes a window of its own
+        m_closeWanted = window;
+        event->ignore();
+        return true;
+    case QEvent::KeyPress:
+        if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape && m_stop) {
+            m_stop();
+            return true;
+        }
+        [[fallthrough]];
+    case QEvent::KeyRelease:
+    case QEvent::Shortcut:
+    case QEvent::ShortcutOverride:
+    case QEvent::InputMethod:
+        if (event->type() == QEvent::Shortcut && ForCancel(watched))
+            return false;
+        return !ForCancel(watched) || window != nullptr;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+        // A window hands them on to the widget under the pointer, which comes by here too.
+        return window == nullptr && !ForCancel(watched);
+    case QEvent::Wheel:
+    case QEvent::ContextMenu:
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+        if (window == nullptr || event->type() != QEvent::Wheel)
+            event->ignore();
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace vasclip::windows
