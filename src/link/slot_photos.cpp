@@ -138,6 +138,7 @@ SlotSend KelSendSlotPhoto(LinkDesk& desk, const forms::Control& control, const f
                           int index)
 {
     bool send = false;
+    bool open = false;
     bool taken = false; // what a script after it comes to is another matter
     Reported(desk.ports.prompter, "KelSendSlotPhoto", [&] {
         QString object = ImageObjectName(control.Name(), index);

@@ -68,10 +68,10 @@ TEST_F(Questions, TheOverwriteQuestionStandsOnNo)
 {
     photos::SlotTable table;
     photos::SlotLoader loader{home.disk, ports.Get(), table};
-    photos::frm_Overwrite screen(loader, u"C:\\JPG\\OLD.jpg"_s, u"C:\\JPG\\NEW.jpg"_s);
+    photos::frm_Overwrite screen(loader, u"C:\\JPG\\OLD.jpg"_s, u"C:\\JPG\\NEW.jpg"_s, u"1 ELM ST"_s);
     KeyAtOnce(screen, Qt::Key_Return);
     EXPECT_EQ(screen.Answer(), Answer::No);
-    photos::frm_Overwrite other(loader, u"C:\\JPG\\OLD.jpg"_s, u"C:\\JPG\\NEW.jpg"_s);
+    photos::frm_Overwrite other(loader, u"C:\\JPG\\OLD.jpg"_s, u"C:\\JPG\\NEW.jpg"_s, u"1 ELM ST"_s);
     KeyAtOnce(other, Qt::Key_Space);
     EXPECT_EQ(other.Answer(), Answer::No);
 }
