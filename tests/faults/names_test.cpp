@@ -33,7 +33,7 @@ TEST_F(Names, AccentsAndQuotesReachTheReportAsTheyAre)
 TEST_F(Names, AQuoteInAConditionIsASyntaxErrorWithItsPlace)
 {
     const Timed run = Vasctl({u"records"_s, u"list"_s, u"--where"_s, u"CITY = 'O'Neil'; DROP TABLE COMPS"_s});
-    EXPECT_EQ(run.code, kFailed) << run.Story();
+    EXPECT_EQ(run.code, kUsage) << run.Story();
     EXPECT_TRUE(run.Says(u"Syntax error at position"_s) && run.Says(u"3075"_s)) << run.Story();
     ExpectWhole(u"a statement behind a quote"_s);
 }

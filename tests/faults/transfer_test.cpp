@@ -52,7 +52,7 @@ protected:
         const QJsonObject record = home.Vasctl({u"records"_s, u"show"_s, key}).Object();
         QStringList values;
         for (const QString& field : {u"GLA"_s, u"CONDITION"_s, u"PARKING"_s})
-            values.append(record[field].toString());
+            values.append(record[field].toVariant().toString()); // numbers are numbers
         return values;
     }
     /// @return how many records hold the report's values; every other one holds those it had before

@@ -134,7 +134,12 @@ protected:
                  });
         return named;
     }
-    [[nodiscard]] std::unique_ptr<QMimeData> Thumb() { return std::unique_ptr<QMimeData>(DragDesk::Payload(main.capture.geathumb(0))); }
+    /// The first thumbnail, picked up.
+    [[nodiscard]] std::unique_ptr<QMimeData> Thumb()
+    {
+        drops.Begin(main.capture.geathumb(0), 0);
+        return std::unique_ptr<QMimeData>(DragDesk::Payload(main.capture.geathumb(0)));
+    }
     [[nodiscard]] QString Said() { return main.status.lblmsg.Caption(); }
 
     QString current;

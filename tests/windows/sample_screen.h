@@ -139,7 +139,7 @@ struct SampleScreen
              {u"txtMapAddress"_s, u"txtMapProximity"_s, u"txtcentralkey"_s, u"txtQuickFind"_s, u"txtView"_s, u"txtimage"_s})
             Add<TextBox>(name);
         for (const QString& name : {u"lblmsg"_s, u"lblDatabookADDR"_s, u"lblAddingaComp"_s, u"lblPhotomsg"_s,
-                                    u"lblLabelTag"_s, u"lblChangingDB"_s})
+                                    u"lblLabelTag"_s, u"lblChangingDB"_s, u"lblReport"_s, u"lblLink"_s})
             Add<Label>(name);
         Get<Label>(u"lblChangingDB"_s).SetVisible(false);
         const std::pair<QString, QString> buttons[] = {{u"cmdSubjectAnd"_s, u"Subject/Comp"_s},
@@ -153,6 +153,7 @@ struct SampleScreen
                                                        {u"cmdAddManual"_s, u"Add Man&ually"_s},
                                                        {u"cmdPrint"_s, u"Print Comps"_s},
                                                        {u"cmdRefresh"_s, u"Refresh Grid"_s},
+                                                       {u"cmdLink"_s, u"Refresh"_s},
                                                        {u"cmdDetails"_s, u"Current Details"_s},
                                                        {u"CmdDeletePhoto"_s, u"Delete Photo"_s},
                                                        {u"CmdRenamePhotoView"_s, u"Rename View"_s}};

@@ -50,7 +50,7 @@ public:
     SlowPeer& operator=(const SlowPeer&) = delete;
 
     std::atomic<int> delayMs = 0;
-    std::atomic<int> exchanges = 0, pokes = 0;
+    std::atomic<int> exchanges = 0, pokesBegun = 0, pokes = 0;
 
     QString Request(const QString& topic, const QString& item) override
     {
@@ -61,6 +61,7 @@ public:
     }
     void Poke(const QString& topic, const QString& item, const QString& text) override
     {
+        ++pokesBegun;
         Take(topic);
         m_script.SetLinkItem(item);
         m_script.SetText(text);
