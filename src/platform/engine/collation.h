@@ -24,6 +24,9 @@ namespace vasclip::engine {
 
 /// Has a pattern a `[` that is never closed?
 [[nodiscard]] bool HasOpenSet(std::string_view pattern) noexcept;
+/// What is wrong with one, for people.
+inline constexpr char kOpenSetWords[] =
+    "a pattern of LIKE has a \"[\" that no \"]\" closes; write \"[[]\" to look for the bracket itself";
 
 /// Makes `COLLATE VAS` known to a connection.
 void RegisterCollation(sqlite3* handle);

@@ -28,10 +28,10 @@ Dynaset::Dynaset(std::shared_ptr<Session> session, sql::Plan plan)
 /// any other.
 std::optional<std::vector<qint64>> Dynaset::KeysWithoutGap() const
 {
+    if (!Plan().whole)
+        return std::nullopt;
     const QString id = QString::fromUtf16(sql::kIdColumn);
     const QString& table = Plan().tableSql;
-    if (Plan().computed || Plan().ordered || Plan().sql != u"SELECT %1 FROM %2"_s.arg(id, table))
-        return std::nullopt;
     Query query(Open(), u"SELECT (SELECT min(%1) FROM %2), (SELECT max(%1) FROM %2), "
                         u"(SELECT count(*) FROM %2)"_s.arg(id, table));
     if (!query.Step())

@@ -22,8 +22,5 @@ inline constexpr char kTooLongMark[] = "vas_too_long:";
 inline constexpr char kNullMark[] = "vas_needed:";
 /// The message of a pattern that `vas_pattern` refused.
 inline constexpr char kOpenSetMark[] = "vas_open_set";
-/// The same for people.
-inline constexpr char kOpenSetWords[] =
-    "a pattern of LIKE has a \"[\" that no \"]\" closes; write \"[[]\" to look for the bracket itself";
 
 } // namespace vasclip::engine

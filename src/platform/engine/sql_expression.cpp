@@ -2,11 +2,10 @@
 
 #include "platform/engine/collation.h"
 #include "platform/engine/errors.h"
-#include "platform/engine/functions.h"
 #include "platform/engine/sql_lexer.h"
-#include "platform/engine/sql_translate.h"
 #include "platform/engine/values.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <utility>
@@ -17,51 +16,119 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// Functions that are one call of SQLite with their arguments in order.
-struct Function
+/// Functions whose arguments are texts, or numbers as they stand.
+struct FunctionRow
 {
     QLatin1StringView name;
     int least;
     int most;
-    QLatin1StringView sql; ///< with %1 for the arguments
+    Function function;
     Yield yield;
 };
 
-constexpr Function kFunctions[] = {
-    {"UCASE"_L1, 1, 1, "vas_upper(%1)"_L1, Yield::Text},
-    {"LCASE"_L1, 1, 1, "vas_lower(%1)"_L1, Yield::Text},
-    {"TRIM"_L1, 1, 1, "trim(%1)"_L1, Yield::Text},
-    {"LTRIM"_L1, 1, 1, "ltrim(%1)"_L1, Yield::Text},
-    {"RTRIM"_L1, 1, 1, "rtrim(%1)"_L1, Yield::Text},
-    {"VAL"_L1, 1, 1, "vas_num(%1)"_L1, Yield::Number},
-    {"ISDATE"_L1, 1, 1, "vas_isdate(%1)"_L1, Yield::Truth},
-    {"LEN"_L1, 1, 1, "vas_len(%1)"_L1, Yield::Number},
-    {"LEFT"_L1, 2, 2, "vas_left(%1)"_L1, Yield::Text},
-    {"RIGHT"_L1, 2, 2, "vas_right(%1)"_L1, Yield::Text},
-    {"MID"_L1, 2, 3, "vas_mid(%1)"_L1, Yield::Text},
-    {"INSTR"_L1, 2, 3, "vas_instr(%1)"_L1, Yield::Number},
+constexpr FunctionRow kFunctions[] = {
+    {"UCASE"_L1, 1, 1, Function::Upper, Yield::Text},      {"LCASE"_L1, 1, 1, Function::Lower, Yield::Text},
+    {"TRIM"_L1, 1, 1, Function::Trim, Yield::Text},        {"LTRIM"_L1, 1, 1, Function::LeftTrim, Yield::Text},
+    {"RTRIM"_L1, 1, 1, Function::RightTrim, Yield::Text},  {"VAL"_L1, 1, 1, Function::Val, Yield::Number},
+    {"ISDATE"_L1, 1, 1, Function::IsDate, Yield::Truth},   {"LEN"_L1, 1, 1, Function::Len, Yield::Number},
+    {"LEFT"_L1, 2, 2, Function::Left, Yield::Text},        {"RIGHT"_L1, 2, 2, Function::Right, Yield::Text},
+    {"MID"_L1, 2, 3, Function::Mid, Yield::Text},          {"INSTR"_L1, 2, 3, Function::InStr, Yield::Number},
 };
 
-struct Aggregate
+struct AggregateRow
 {
     QLatin1StringView name;
-    QLatin1StringView sql;
+    Aggregate aggregate;
     bool number; ///< works on numbers only
 };
 
-constexpr Aggregate kAggregates[] = {{"COUNT"_L1, "count"_L1, false},
-                                     {"SUM"_L1, "sum"_L1, true},
-                                     {"AVG"_L1, "avg"_L1, true},
-                                     {"MIN"_L1, "min"_L1, false},
-                                     {"MAX"_L1, "max"_L1, false}};
+constexpr AggregateRow kAggregates[] = {{"COUNT"_L1, Aggregate::Count, false},
+                                        {"SUM"_L1, Aggregate::Sum, true},
+                                        {"AVG"_L1, Aggregate::Average, true},
+                                        {"MIN"_L1, Aggregate::Least, false},
+                                        {"MAX"_L1, Aggregate::Greatest, false}};
 
-const Aggregate* FindAggregate(const QString& name)
+const AggregateRow* FindAggregate(const QString& name)
 {
-    for (const Aggregate& row : kAggregates) {
-        if (name == row.name)
-            return &row;
+    const auto found = std::find_if(std::begin(kAggregates), std::end(kAggregates),
+                                    [&](const AggregateRow& row) { return name == row.name; });
+    return found == std::end(kAggregates) ? nullptr : found;
+}
+
+constexpr struct
+{
+    QLatin1StringView symbol;
+    Operator operation;
+} kOperators[] = {{"+"_L1, Operator::Plus},   {"-"_L1, Operator::Minus},      {"*"_L1, Operator::Times},
+                  {"/"_L1, Operator::Divide}, {"="_L1, Operator::Equal},      {"<>"_L1, Operator::NotEqual},
+                  {"<"_L1, Operator::Less},   {"<="_L1, Operator::LessEqual}, {">"_L1, Operator::Greater},
+                  {">="_L1, Operator::GreaterEqual}};
+
+Operator OperatorOf(const QString& symbol)
+{
+    for (const auto& row : kOperators) {
+        if (symbol == row.symbol)
+            return row.operation;
     }
-    return nullptr;
+    Q_UNREACHABLE();
+}
+
+TypedPtr Node(Typed node)
+{
+    return std::make_shared<const Typed>(std::move(node));
+}
+
+TypedPtr Literal(const QVariant& value, Yield yield)
+{
+    return Node({.kind = Typed::Kind::Literal, .yield = yield, .value = value});
+}
+
+TypedPtr Convert(const TypedPtr& node, Yield yield)
+{
+    return Node({.kind = Typed::Kind::Convert, .yield = yield, .arguments = {node}});
+}
+
+bool Is(const TypedPtr& node, Yield yield)
+{
+    return node->yield == yield;
+}
+
+/// As it is compared with values of that kind.
+TypedPtr Comparable(const TypedPtr& node, Yield as)
+{
+    switch (as) {
+    case Yield::Date:
+        return AsDate(node);
+    case Yield::Number:
+        return AsNumber(node);
+    case Yield::Text:
+        return AsText(node);
+    default:
+        return node;
+    }
+}
+
+Yield CommonYield(Yield left, Yield right)
+{
+    for (const Yield yield : {Yield::Date, Yield::Number}) {
+        if (left == yield || right == yield)
+            return yield;
+    }
+    const bool leftText = left == Yield::Text;
+    const bool rightText = right == Yield::Text;
+    if (leftText != rightText && (left == Yield::Truth || right == Yield::Truth))
+        return Yield::Number;
+    return leftText || rightText ? Yield::Text : left;
+}
+
+TypedPtr Compare(const TypedPtr& left, Operator operation, const TypedPtr& right)
+{
+    const Yield common = CommonYield(left->yield, right->yield);
+    return Node({.kind = Typed::Kind::Compare,
+                 .yield = Yield::Truth,
+                 .common = common,
+                 .operation = operation,
+                 .arguments = {Comparable(left, common), Comparable(right, common)}});
 }
 
 /// What a number or a date says that is written down as such; nullopt for anything that has to be worked out.
@@ -75,9 +142,12 @@ std::optional<double> LiteralNumber(const Expression& node)
     return inner ? std::optional(-*inner) : std::nullopt;
 }
 
-bool Matters(Yield yield)
+TypedPtr CallOf(Function function, Yield yield, std::vector<TypedPtr> arguments)
 {
-    return yield == Yield::Number || yield == Yield::Date;
+    return Node({.kind = Typed::Kind::Call,
+                 .yield = yield,
+                 .function = function,
+                 .arguments = std::move(arguments)});
 }
 
 } // namespace
@@ -106,56 +176,28 @@ Yield YieldOf(FieldType type)
     return Yield::Text;
 }
 
-QString AsNumber(const Piece& piece)
+TypedPtr AsNumber(const TypedPtr& node)
 {
-    switch (piece.yield) {
-    case Yield::Text:
-        return u"vas_num(%1)"_s.arg(piece.sql);
-    case Yield::Truth:
-        return u"(-(%1))"_s.arg(piece.sql);
-    default:
-        return piece.sql;
-    }
+    return Is(node, Yield::Text) || Is(node, Yield::Truth) ? Convert(node, Yield::Number) : node;
 }
 
-QString AsDate(const Piece& piece)
+TypedPtr AsDate(const TypedPtr& node)
 {
-    return piece.yield == Yield::Text ? u"vas_date(%1)"_s.arg(piece.sql) : AsNumber(piece);
+    return Is(node, Yield::Text) ? Convert(node, Yield::Date) : AsNumber(node);
 }
 
-QString AsText(const Piece& piece)
+TypedPtr AsText(const TypedPtr& node)
 {
-    switch (piece.yield) {
-    case Yield::Number:
-        return u"vas_text(%1)"_s.arg(piece.sql);
-    case Yield::Truth:
-        return u"vas_text(-(%1))"_s.arg(piece.sql);
-    case Yield::Date:
-        return u"vas_datetext(%1)"_s.arg(piece.sql);
-    default:
-        return piece.sql;
-    }
+    const bool other = Is(node, Yield::Number) || Is(node, Yield::Truth) || Is(node, Yield::Date);
+    return other ? Convert(node, Yield::Text) : node;
 }
 
-QString AsTruth(const Piece& piece)
+TypedPtr AsTruth(const TypedPtr& node)
 {
-    return piece.yield == Yield::Truth || piece.yield == Yield::Null ? piece.sql
-                                                                     : u"(%1 <> 0)"_s.arg(AsNumber(piece));
+    return Is(node, Yield::Truth) || Is(node, Yield::Null) ? node : Convert(AsNumber(node), Yield::Truth);
 }
 
-void ExpressionTranslator::CollectInto(QVariantList& bindings, int first)
-{
-    m_bindings = &bindings;
-    m_next = first;
-}
-
-QString ExpressionTranslator::Bind(const QVariant& value)
-{
-    m_bindings->append(value);
-    return u"?%1"_s.arg(m_next++);
-}
-
-int ExpressionTranslator::FindColumn(const Expression& node)
+int ExpressionTyper::FindColumn(const Expression& node)
 {
     const auto known = [&](const QString& name) { return m_names.contains(name, Qt::CaseInsensitive); };
     if (m_table && (node.table.isEmpty() || known(node.table))) {
@@ -169,7 +211,7 @@ int ExpressionTranslator::FindColumn(const Expression& node)
     return -1;
 }
 
-void ExpressionTranslator::ThrowUnknownNames() const
+void ExpressionTyper::ThrowUnknownNames() const
 {
     if (m_unknown.isEmpty())
         return;
@@ -179,121 +221,103 @@ void ExpressionTranslator::ThrowUnknownNames() const
                            : u"No field can be named here: %1"_s.arg(m_unknown.join(u", "_s)));
 }
 
-bool ExpressionTranslator::HasAggregate(const Expression& node) const
+bool ExpressionTyper::HasAggregate(const Expression& node)
 {
     if (node.kind == Expression::Kind::CountAll ||
         (node.kind == Expression::Kind::Call && FindAggregate(node.text)))
         return true;
-    for (const auto& argument : node.arguments) {
-        if (HasAggregate(*argument))
-            return true;
-    }
-    return false;
+    return std::any_of(node.arguments.begin(), node.arguments.end(),
+                       [](const ExpressionPtr& argument) { return HasAggregate(*argument); });
 }
 
-Piece ExpressionTranslator::Column(const Expression& node)
+TypedPtr ExpressionTyper::ColumnNode(int field) const
+{
+    const Field& column = m_table->fields[field];
+    return Node({.kind = Typed::Kind::Column,
+                 .yield = YieldOf(column.type),
+                 .field = field,
+                 .size = column.size});
+}
+
+TypedPtr ExpressionTyper::Column(const Expression& node)
 {
     const int index = FindColumn(node);
-    if (index < 0)
-        return {u"NULL"_s, Yield::Null, -1};
-    return {QuoteName(m_table->fields[index].name), YieldOf(m_table->fields[index].type), index};
+    return index < 0 ? Literal({}, Yield::Null) : ColumnNode(index);
 }
 
-QString ExpressionTranslator::SortKey(const Expression& node)
+TypedPtr ExpressionTyper::SortKey(const Expression& node)
 {
-    const Piece piece = Translate(node);
-    if (piece.field >= 0 && piece.yield == Yield::Text) {
-        const SortsAs sorts = m_table->fields[piece.field].sortsAs;
+    const TypedPtr key = Type(node);
+    if (key->field >= 0 && Is(key, Yield::Text)) {
+        const SortsAs sorts = m_table->fields[key->field].sortsAs;
         if (sorts == SortsAs::Number)
-            return AsNumber(piece);
+            return AsNumber(key);
         if (sorts == SortsAs::Date)
-            return AsDate(piece);
+            return AsDate(key);
     }
-    return Comparable(piece, piece.yield);
+    return Comparable(key, key->yield);
 }
 
 /// A piece that is only compared: the folding that comparisons do anyway is left out.
-Piece ExpressionTranslator::WithoutCase(const Expression& node)
+TypedPtr ExpressionTyper::WithoutCase(const Expression& node)
 {
     const bool folds = node.kind == Expression::Kind::Call && node.arguments.size() == 1 &&
                        (node.text == u"UCASE" || node.text == u"LCASE");
-    if (folds) {
-        Piece inner = Translate(*node.arguments.front());
-        return inner.yield == Yield::Text ? inner : Piece{AsText(inner), Yield::Text, -1};
-    }
-    return Translate(node);
+    if (!folds)
+        return Type(node);
+    const TypedPtr inner = Type(*node.arguments.front());
+    if (Is(inner, Yield::Text))
+        return inner;
+    // What it yields is a text all the same, Null and binary values too.
+    const TypedPtr text = AsText(inner);
+    return Is(text, Yield::Text) ? text : Convert(text, Yield::Text);
 }
 
-QString ExpressionTranslator::Comparable(const Piece& piece, Yield as)
-{
-    switch (as) {
-    case Yield::Date:
-        return AsDate(piece);
-    case Yield::Number:
-        return AsNumber(piece);
-    case Yield::Text:
-        return AsText(piece) + u" COLLATE VAS"_s;
-    default:
-        return piece.sql;
-    }
-}
-
-Yield ExpressionTranslator::CommonYield(const Piece& left, const Piece& right)
-{
-    for (const Yield yield : {Yield::Date, Yield::Number}) {
-        if (left.yield == yield || right.yield == yield)
-            return yield;
-    }
-    const bool leftText = left.yield == Yield::Text;
-    const bool rightText = right.yield == Yield::Text;
-    if (leftText != rightText && (left.yield == Yield::Truth || right.yield == Yield::Truth))
-        return Yield::Number;
-    return leftText || rightText ? Yield::Text : left.yield;
-}
-
-Piece ExpressionTranslator::Binary(const Expression& node)
+TypedPtr ExpressionTyper::Binary(const Expression& node)
 {
     const QString& symbol = node.text;
     if (symbol == u"AND" || symbol == u"OR") {
-        // A chain becomes one flat list: SQLite takes only so many parentheses inside each other.
-        QStringList terms;
+        // A chain becomes one flat list, however long it is.
         const Expression* chain = &node;
         std::vector<const Expression*> links;
         for (; chain->kind == Expression::Kind::Binary && chain->text == symbol;
              chain = chain->arguments[0].get())
             links.push_back(chain->arguments[1].get());
-        terms.append(Condition(*chain));
+        std::vector<TypedPtr> terms{Condition(*chain)};
         for (auto link = links.rbegin(); link != links.rend(); ++link)
-            terms.append(Condition(**link));
-        return {u'(' + terms.join(u' ' + symbol + u' ') + u')', Yield::Truth, -1};
+            terms.push_back(Condition(**link));
+        return Node({.kind = symbol == u"AND" ? Typed::Kind::And : Typed::Kind::Or,
+                     .yield = Yield::Truth,
+                     .arguments = std::move(terms)});
     }
-    const bool compares = symbol.at(0) == u'=' || symbol.at(0) == u'<' || symbol.at(0) == u'>';
-    const Piece left = compares ? WithoutCase(*node.arguments[0]) : Translate(*node.arguments[0]);
-    const Piece right = compares ? WithoutCase(*node.arguments[1]) : Translate(*node.arguments[1]);
-    if (compares) {
-        const Yield common = CommonYield(left, right);
-        return {u"(%1 %2 %3)"_s.arg(Comparable(left, common), symbol, Comparable(right, common)),
-                Yield::Truth, -1};
+    if (symbol == u"&") {
+        const TypedPtr left = AsText(Type(*node.arguments[0]));
+        const TypedPtr right = AsText(Type(*node.arguments[1]));
+        return Node(
+            {.kind = Typed::Kind::Concat, .yield = Yield::Text, .arguments = {left, right}});
     }
-    if (symbol == u"&")
-        return {u"(coalesce(%1, '') || coalesce(%2, ''))"_s.arg(AsText(left), AsText(right)), Yield::Text,
-                -1};
-    const bool bothText = left.yield == Yield::Text && right.yield == Yield::Text;
-    if (symbol == u"+" && bothText)
-        return {u"(%1 || %2)"_s.arg(left.sql, right.sql), Yield::Text, -1};
-    if (symbol == u"/")
-        return {u"(%1 * 1.0 / %2)"_s.arg(AsNumber(left), AsNumber(right)), Yield::Number, -1};
-    const bool dates = (left.yield == Yield::Date) != (right.yield == Yield::Date) && symbol != u"*";
-    const auto number = [](const Piece& piece) {
-        return piece.yield == Yield::Date ? AsDate(piece) : AsNumber(piece);
-    };
-    return {u"(%1 %2 %3)"_s.arg(number(left), symbol, number(right)), dates ? Yield::Date : Yield::Number,
-            -1};
+    const Operator operation = OperatorOf(symbol);
+    if (operation >= Operator::Equal) {
+        const TypedPtr left = WithoutCase(*node.arguments[0]);
+        return Compare(left, operation, WithoutCase(*node.arguments[1]));
+    }
+    const TypedPtr left = Type(*node.arguments[0]);
+    const TypedPtr right = Type(*node.arguments[1]);
+    if (operation == Operator::Plus && Is(left, Yield::Text) && Is(right, Yield::Text))
+        return Node(
+            {.kind = Typed::Kind::Join, .yield = Yield::Text, .arguments = {left, right}});
+    const bool oneDate = Is(left, Yield::Date) != Is(right, Yield::Date);
+    const bool date = oneDate && (operation == Operator::Plus || operation == Operator::Minus);
+    return Node({.kind = Typed::Kind::Arithmetic,
+                 .yield = date ? Yield::Date : Yield::Number,
+                 .operation = operation,
+                 .arguments = {AsNumber(left), AsNumber(right)}});
 }
 
 /// The bounds may stand in either order.
-Piece ExpressionTranslator::Between(const Expression& node)
+TypedPtr ExpressionTyper::Between(const Expression& node)
 {
+    const TypedPtr value = WithoutCase(*node.arguments[0]);
     const Expression* first = node.arguments[1].get();
     const Expression* second = node.arguments[2].get();
     const std::optional<double> one = LiteralNumber(*first);
@@ -301,168 +325,191 @@ Piece ExpressionTranslator::Between(const Expression& node)
     const bool known = one && other;
     if (known && *one > *other)
         std::swap(first, second);
-    const Piece value = WithoutCase(*node.arguments[0]);
-    const Piece low = WithoutCase(*first);
-    const Piece high = WithoutCase(*second);
-    Yield common = CommonYield(low, high);
-    if (!Matters(common) || value.yield == Yield::Date)
-        common = CommonYield(value, {QString(), common, -1});
-    const QString order = known ? u"%1 AND %2"_s : u"min(%1, %2) AND max(%1, %2)"_s;
-    return {u"(%1 %2BETWEEN %3)"_s.arg(Comparable(value, common), node.negated ? u"NOT "_s : QString(),
-                                       order.arg(Comparable(low, common), Comparable(high, common))),
-            Yield::Truth, -1};
+    const TypedPtr low = WithoutCase(*first);
+    const TypedPtr high = WithoutCase(*second);
+    Yield common = CommonYield(low->yield, high->yield);
+    const bool byValue = common == Yield::Number || common == Yield::Date;
+    if (!byValue || Is(value, Yield::Date))
+        common = CommonYield(value->yield, common);
+    return Node({.kind = Typed::Kind::Between,
+                 .yield = Yield::Truth,
+                 .common = common,
+                 .ordered = known,
+                 .negated = node.negated,
+                 .arguments = {Comparable(value, common), Comparable(low, common), Comparable(high, common)}});
 }
 
-Piece ExpressionTranslator::In(const Expression& node)
+TypedPtr ExpressionTyper::In(const Expression& node)
 {
     // One comparison per value, so that each goes by its own kind as "=" does.
-    const Piece value = WithoutCase(*node.arguments[0]);
-    QStringList tests;
-    for (std::size_t i = 1; i < node.arguments.size(); ++i) {
-        const Piece other = WithoutCase(*node.arguments[i]);
-        const Yield common = CommonYield(value, other);
-        tests.append(u"%1 = %2"_s.arg(Comparable(value, common), Comparable(other, common)));
-    }
-    return {u"(%1(%2))"_s.arg(node.negated ? u"NOT "_s : QString(), tests.join(u" OR "_s)), Yield::Truth, -1};
+    const TypedPtr value = WithoutCase(*node.arguments[0]);
+    std::vector<TypedPtr> tests;
+    for (std::size_t i = 1; i < node.arguments.size(); ++i)
+        tests.push_back(Compare(value, Operator::Equal, WithoutCase(*node.arguments[i])));
+    const TypedPtr any =
+        Node({.kind = Typed::Kind::Or, .yield = Yield::Truth, .arguments = std::move(tests)});
+    return node.negated
+               ? Node({.kind = Typed::Kind::Not, .yield = Yield::Truth, .arguments = {any}})
+               : any;
 }
 
-Piece ExpressionTranslator::Call(const Expression& node)
+TypedPtr ExpressionTyper::Argument(const Expression& node, std::size_t index)
+{
+    return Type(*node.arguments[index]);
+}
+
+void ExpressionTyper::NeedArguments(const Expression& node, int least, int most) const
 {
     const auto count = static_cast<int>(node.arguments.size());
-    const auto need = [&](int least, int most) {
-        if (count < least || count > most)
-            ThrowSyntax(m_statement, node.at,
-                        u"the function %1 takes %2"_s.arg(
-                            node.text, least == 0                    ? u"no arguments"_s
-                                       : least == most && least == 1 ? u"one argument"_s
-                                       : least == most               ? u"%1 arguments"_s.arg(least)
-                                                       : u"%1 to %2 arguments"_s.arg(least).arg(most)));
-    };
-    const auto argument = [&](int index) {
-        return Translate(*node.arguments[static_cast<std::size_t>(index)]);
-    };
+    if (count >= least && count <= most)
+        return;
+    ThrowSyntax(m_statement, node.at,
+                u"the function %1 takes %2"_s.arg(node.text,
+                                                  least == 0                    ? u"no arguments"_s
+                                                  : least == most && least == 1 ? u"one argument"_s
+                                                  : least == most               ? u"%1 arguments"_s.arg(least)
+                                                                  : u"%1 to %2 arguments"_s.arg(least).arg(most)));
+}
 
-    if (const Aggregate* aggregate = FindAggregate(node.text)) {
-        need(1, 1);
-        const Piece inner = argument(0);
-        Yield yield = inner.yield;
-        if (aggregate->number || node.text == u"COUNT")
-            yield = Yield::Number;
-        const QString sql = aggregate->number ? AsNumber(inner) : inner.sql;
-        return {u"%1(%2)"_s.arg(aggregate->sql, sql), yield, -1};
+/// NZ and IIF: both answers of one kind; of two kinds, texts.
+TypedPtr ExpressionTyper::Conditional(const Expression& node)
+{
+    const bool nz = node.text == u"NZ";
+    NeedArguments(node, nz ? 1 : 3, nz ? 2 : 3);
+    const TypedPtr test = nz ? nullptr : AsTruth(Argument(node, 0));
+    const TypedPtr first = Argument(node, nz ? 0 : 1);
+    const TypedPtr second =
+        nz && node.arguments.size() == 1 ? Literal(u""_s, Yield::Text) : Argument(node, nz ? 1 : 2);
+    const bool same =
+        first->yield == second->yield || Is(second, Yield::Null) || Is(first, Yield::Null);
+    const Yield yield = !same                      ? Yield::Text
+                        : Is(first, Yield::Null) ? second->yield
+                                                   : first->yield;
+    const TypedPtr one = same ? first : AsText(first);
+    const TypedPtr two = same ? second : AsText(second);
+    return nz ? CallOf(Function::Coalesce, yield, {one, two}) : CallOf(Function::If, yield, {test, one, two});
+}
+
+TypedPtr ExpressionTyper::Format(const Expression& node)
+{
+    NeedArguments(node, 2, 2);
+    const TypedPtr value = Argument(node, 0);
+    const TypedPtr picture = Argument(node, 1);
+    const Expression& pictureNode = *node.arguments[1];
+    // A text is taken as a date or a number by what its picture speaks of.
+    bool date = Is(value, Yield::Date);
+    if (Is(value, Yield::Text) && pictureNode.kind == Expression::Kind::Text)
+        date = !pictureNode.text.contains(u'0') && !pictureNode.text.contains(u'#');
+    return CallOf(date ? Function::FormatDate : Function::FormatNumber, Yield::Text,
+                  {Is(value, Yield::Truth) ? AsNumber(value) : value, AsText(picture)});
+}
+
+TypedPtr ExpressionTyper::Call(const Expression& node)
+{
+    if (const AggregateRow* row = FindAggregate(node.text)) {
+        NeedArguments(node, 1, 1);
+        const TypedPtr inner = Argument(node, 0);
+        const bool number = row->number || row->aggregate == Aggregate::Count;
+        return Node({.kind = Typed::Kind::Aggregated,
+                     .yield = number ? Yield::Number : inner->yield,
+                     .aggregate = row->aggregate,
+                     .arguments = {row->number ? AsNumber(inner) : inner}});
     }
     if (node.text == u"ISNULL") {
-        need(1, 1);
-        return {u"(%1 IS NULL)"_s.arg(argument(0).sql), Yield::Truth, -1};
+        NeedArguments(node, 1, 1);
+        return Node({.kind = Typed::Kind::IsNull,
+                     .yield = Yield::Truth,
+                     .arguments = {Argument(node, 0)}});
     }
     if (node.text == u"NOW" || node.text == u"DATE") {
-        need(0, 0);
+        NeedArguments(node, 0, 0);
         const double serial = ToSerial(m_now);
-        return {Bind(node.text == u"DATE" ? std::floor(serial) : serial), Yield::Date, -1};
+        return Literal(node.text == u"DATE" ? std::floor(serial) : serial, Yield::Date);
     }
     if (node.text == u"CDATE") {
-        need(1, 1);
-        return {AsDate(argument(0)), Yield::Date, -1};
+        NeedArguments(node, 1, 1);
+        const TypedPtr date = AsDate(Argument(node, 0));
+        return Is(date, Yield::Date) ? date : Convert(date, Yield::Date);
     }
     if (node.text == u"ABS" || node.text == u"INT" || node.text == u"STR") {
-        need(1, 1);
-        const QString number = AsNumber(argument(0));
+        NeedArguments(node, 1, 1);
+        const TypedPtr number = AsNumber(Argument(node, 0));
         if (node.text == u"STR")
-            return {u"vas_str(%1)"_s.arg(number), Yield::Text, -1};
-        return {u"%1(%2)"_s.arg(node.text == u"ABS" ? u"abs"_s : u"vas_int"_s, number), Yield::Number, -1};
+            return CallOf(Function::Str, Yield::Text, {number});
+        return CallOf(node.text == u"ABS" ? Function::Absolute : Function::Int, Yield::Number, {number});
     }
-    if (node.text == u"NZ" || node.text == u"IIF") {
-        const bool nz = node.text == u"NZ";
-        need(nz ? 1 : 3, nz ? 2 : 3);
-        const QString test = nz ? QString() : AsTruth(argument(0));
-        const Piece first = argument(nz ? 0 : 1);
-        const Piece second = nz && count == 1 ? Piece{Bind(u""_s), Yield::Text, -1} : argument(nz ? 1 : 2);
-        // Both answers of one kind; of two kinds, texts.
-        const bool same =
-            first.yield == second.yield || second.yield == Yield::Null || first.yield == Yield::Null;
-        const Yield yield = !same ? Yield::Text : first.yield == Yield::Null ? second.yield : first.yield;
-        const QString one = same ? first.sql : AsText(first);
-        const QString two = same ? second.sql : AsText(second);
-        return {nz ? u"coalesce(%1, %2)"_s.arg(one, two) : u"iif(%1, %2, %3)"_s.arg(test, one, two), yield,
-                -1};
-    }
-    if (node.text == u"FORMAT") {
-        need(2, 2);
-        const Piece value = argument(0);
-        const Piece picture = argument(1);
-        const Expression& pictureNode = *node.arguments[1];
-        // A text is taken as a date or a number by what its picture speaks of.
-        bool date = value.yield == Yield::Date;
-        if (value.yield == Yield::Text && pictureNode.kind == Expression::Kind::Text)
-            date = !pictureNode.text.contains(u'0') && !pictureNode.text.contains(u'#');
-        return {u"vas_format(%1, %2, %3)"_s.arg(value.yield == Yield::Truth ? AsNumber(value) : value.sql,
-                                                AsText(picture), date ? u"1"_s : u"0"_s),
-                Yield::Text, -1};
-    }
-    for (const Function& row : kFunctions) {
+    if (node.text == u"NZ" || node.text == u"IIF")
+        return Conditional(node);
+    if (node.text == u"FORMAT")
+        return Format(node);
+    for (const FunctionRow& row : kFunctions) {
         if (node.text != row.name)
             continue;
-        need(row.least, row.most);
-        QStringList arguments;
-        for (int i = 0; i < count; ++i) {
-            const Piece piece = argument(i);
-            const bool asIs = piece.yield == Yield::Number || row.yield == Yield::Truth;
-            arguments.append(asIs ? piece.sql : AsText(piece));
+        NeedArguments(node, row.least, row.most);
+        std::vector<TypedPtr> arguments;
+        for (std::size_t i = 0; i < node.arguments.size(); ++i) {
+            const TypedPtr argument = Argument(node, i);
+            const bool asIs = Is(argument, Yield::Number) || row.yield == Yield::Truth;
+            arguments.push_back(asIs ? argument : AsText(argument));
         }
-        return {QString(row.sql).arg(arguments.join(u", "_s)), row.yield, -1};
+        return CallOf(row.function, row.yield, std::move(arguments));
     }
     ThrowSyntax(m_statement, node.at, u"there is no function %1"_s.arg(node.text));
 }
 
-Piece ExpressionTranslator::Translate(const Expression& node)
+TypedPtr ExpressionTyper::Type(const Expression& node)
 {
     using Kind = Expression::Kind;
     switch (node.kind) {
     case Kind::Null:
-        return {u"NULL"_s, Yield::Null, -1};
+        return Literal({}, Yield::Null);
     case Kind::Text:
-        return {Bind(node.text.isNull() ? QString(u""_s) : node.text), Yield::Text, -1};
+        return Literal(node.text.isNull() ? QString(u""_s) : node.text, Yield::Text);
     case Kind::Number: {
         const bool whole = std::floor(node.number) == node.number && std::abs(node.number) < 9e15;
-        return {
-            Bind(whole ? QVariant::fromValue(static_cast<qlonglong>(node.number)) : QVariant(node.number)),
-            Yield::Number, -1};
+        return Literal(
+            whole ? QVariant::fromValue(static_cast<qlonglong>(node.number)) : QVariant(node.number),
+            Yield::Number);
     }
     case Kind::Date:
-        return {Bind(node.number), Yield::Date, -1};
+        return Literal(node.number, Yield::Date);
     case Kind::Truth:
-        return {node.number != 0 ? u"1"_s : u"0"_s, Yield::Truth, -1};
+        return Literal(node.number != 0, Yield::Truth);
     case Kind::Column:
         return Column(node);
     case Kind::Negate:
-        return {u"(-%1)"_s.arg(AsNumber(Translate(*node.arguments[0]))), Yield::Number, -1};
+        return Node({.kind = Typed::Kind::Negate,
+                     .yield = Yield::Number,
+                     .arguments = {AsNumber(Argument(node, 0))}});
     case Kind::Not:
-        return {u"(NOT %1)"_s.arg(Condition(*node.arguments[0])), Yield::Truth, -1};
+        return Node({.kind = Typed::Kind::Not,
+                     .yield = Yield::Truth,
+                     .arguments = {Condition(*node.arguments[0])}});
     case Kind::Binary:
         return Binary(node);
     case Kind::Like: {
         const Expression& wanted = *node.arguments[1];
-        if (wanted.kind == Kind::Text && HasOpenSet(wanted.text.toUtf8().constData()))
+        if (wanted.kind == Kind::Text && HasOpenSet(wanted.text.toStdString()))
             ThrowSyntax(m_statement, wanted.at, QString::fromLatin1(kOpenSetWords));
-        const Piece text = WithoutCase(*node.arguments[0]);
-        const Piece pattern = WithoutCase(*node.arguments[1]);
-        const bool written = wanted.kind == Kind::Text; // another is looked at row by row
-        return {u"(%1vas_like(%2, %3))"_s.arg(node.negated ? u"NOT "_s : QString(), AsText(text),
-                                              (written ? u"%1"_s : u"vas_pattern(%1)"_s).arg(AsText(pattern))),
-                Yield::Truth, -1};
+        const TypedPtr text = AsText(WithoutCase(*node.arguments[0]));
+        return Node({.kind = Typed::Kind::Like,
+                     .yield = Yield::Truth,
+                     .negated = node.negated,
+                     .arguments = {text, AsText(WithoutCase(wanted))}});
     }
     case Kind::Between:
         return Between(node);
     case Kind::In:
         return In(node);
     case Kind::IsNull:
-        return {
-            u"(%1 IS %2NULL)"_s.arg(Translate(*node.arguments[0]).sql, node.negated ? u"NOT "_s : QString()),
-            Yield::Truth, -1};
+        return Node({.kind = Typed::Kind::IsNull,
+                     .yield = Yield::Truth,
+                     .negated = node.negated,
+                     .arguments = {Argument(node, 0)}});
     case Kind::Call:
         return Call(node);
     case Kind::CountAll:
-        return {u"count(*)"_s, Yield::Number, -1};
+        return Node({.kind = Typed::Kind::CountAll, .yield = Yield::Number});
     }
     return {};
 }

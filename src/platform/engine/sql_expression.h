@@ -1,75 +1,58 @@
 #pragma once
 
-#include "platform/engine/sql_ast.h"
-#include "platform/engine/types.h"
+#include "platform/engine/sql_typed.h"
 
 #include <QDateTime>
-#include <QStringList>
-#include <QVariantList>
 
 namespace vasclip::engine::sql {
 
-/// What a translated piece yields. A truth is 1 or 0 in SQLite and -1 or 0 where it is taken for a number.
-enum class Yield { Null, Text, Number, Date, Truth, Binary };
+// The node as another kind of value; itself where it is one already.
+[[nodiscard]] TypedPtr AsNumber(const TypedPtr& node);
+[[nodiscard]] TypedPtr AsDate(const TypedPtr& node);
+[[nodiscard]] TypedPtr AsText(const TypedPtr& node);
+[[nodiscard]] TypedPtr AsTruth(const TypedPtr& node);
 
-struct Piece
-{
-    QString sql;
-    Yield yield = Yield::Null;
-    int field = -1; ///< of the table, when the piece is nothing but a column
-};
-
-[[nodiscard]] Yield YieldOf(FieldType type);
-
-// The piece as another kind of value.
-[[nodiscard]] QString AsNumber(const Piece& piece);
-[[nodiscard]] QString AsDate(const Piece& piece);
-[[nodiscard]] QString AsText(const Piece& piece);
-[[nodiscard]] QString AsTruth(const Piece& piece);
-
-/// Translates the expressions of one statement over one table. Literals become bindings.
-class ExpressionTranslator
+/// Applies the dialect's rules about kinds to the expressions of one statement over one table.
+class ExpressionTyper
 {
 public:
     /// @param names  what may stand before a column's point
-    ExpressionTranslator(const QString& statement, const TableDef* table, QStringList names,
-                         const QDateTime& now)
+    /// @param now    what NOW() and DATE() mean
+    ExpressionTyper(const QString& statement, const TableDef* table, QStringList names, const QDateTime& now)
         : m_statement(statement)
         , m_table(table)
         , m_names(std::move(names))
         , m_now(now)
     {}
 
-    /// Where the literals met from now on go, and the number of the first.
-    void CollectInto(QVariantList& bindings, int first);
-    [[nodiscard]] Piece Translate(const Expression& node);
-    [[nodiscard]] QString Condition(const Expression& node) { return AsTruth(Translate(node)); }
+    [[nodiscard]] TypedPtr Type(const Expression& node);
+    [[nodiscard]] TypedPtr Condition(const Expression& node) { return AsTruth(Type(node)); }
     /// An ORDER BY term: a column that holds numbers or dates sorts by value.
-    [[nodiscard]] QString SortKey(const Expression& node);
+    [[nodiscard]] TypedPtr SortKey(const Expression& node);
     /// The column as the statement sees it. @return its index; an unknown one is remembered and gives -1
     [[nodiscard]] int FindColumn(const Expression& node);
-    [[nodiscard]] bool HasAggregate(const Expression& node) const;
+    [[nodiscard]] TypedPtr ColumnNode(int field) const;
+    [[nodiscard]] static bool HasAggregate(const Expression& node);
     /// @throws 3061 naming every name that was not found
     void ThrowUnknownNames() const;
-    [[nodiscard]] QString Bind(const QVariant& value);
 
 private:
-    [[nodiscard]] Piece Column(const Expression& node);
-    [[nodiscard]] Piece Binary(const Expression& node);
-    [[nodiscard]] Piece Between(const Expression& node);
-    [[nodiscard]] Piece In(const Expression& node);
-    [[nodiscard]] Piece Call(const Expression& node);
-    [[nodiscard]] Piece WithoutCase(const Expression& node);
-    [[nodiscard]] static QString Comparable(const Piece& piece, Yield as);
-    [[nodiscard]] static Yield CommonYield(const Piece& left, const Piece& right);
+    [[nodiscard]] TypedPtr Column(const Expression& node);
+    [[nodiscard]] TypedPtr Binary(const Expression& node);
+    [[nodiscard]] TypedPtr Between(const Expression& node);
+    [[nodiscard]] TypedPtr In(const Expression& node);
+    [[nodiscard]] TypedPtr Call(const Expression& node);
+    [[nodiscard]] TypedPtr Conditional(const Expression& node);
+    [[nodiscard]] TypedPtr Format(const Expression& node);
+    [[nodiscard]] TypedPtr WithoutCase(const Expression& node);
+    [[nodiscard]] TypedPtr Argument(const Expression& node, std::size_t index);
+    void NeedArguments(const Expression& node, int least, int most) const;
 
     const QString& m_statement;
     const TableDef* m_table;
     QStringList m_names;
     QDateTime m_now;
     QStringList m_unknown;
-    QVariantList* m_bindings = nullptr;
-    int m_next = 1;
 };
 
 } // namespace vasclip::engine::sql

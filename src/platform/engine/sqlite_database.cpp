@@ -23,7 +23,8 @@ public:
         : m_session(session)
     {}
 
-    QString Schema(const QString& database) override
+    /// The SQLite schema of a database, which is attached if it is another one.
+    QString Schema(const QString& database)
     {
         if (database.isEmpty())
             return u"main"_s;
@@ -70,13 +71,7 @@ struct Detaching
 
 sql::Plan WholeTable(const TableDef& table)
 {
-    sql::Plan plan;
-    plan.table = table;
-    plan.tableSql = u"\"main\"."_s + sql::QuoteName(table.name);
-    for (int i = 0; i < table.fields.size(); ++i)
-        plan.columns.append({table.fields[i], i, sql::QuoteName(table.fields[i].name)});
-    plan.sql = u"SELECT %1 FROM %2"_s.arg(QString::fromUtf16(sql::kIdColumn), plan.tableSql);
-    return plan;
+    return sql::Print(sql::WholeTable(table), [](const QString&) { return u"main"_s; });
 }
 
 void CheckName(const QString& name, const QString& what)
@@ -115,7 +110,8 @@ SqliteDatabase::~SqliteDatabase()
 sql::Plan SqliteDatabase::Translate(const QString& text) const
 {
     SessionCatalog catalog(*m_session);
-    return sql::Translate(text, catalog, QDateTime::currentDateTime());
+    return sql::Print(sql::Type(text, catalog, QDateTime::currentDateTime()),
+                      [&catalog](const QString& database) { return catalog.Schema(database); });
 }
 
 const TableDef& SqliteDatabase::NeedTable(const QString& name) const
@@ -179,11 +175,11 @@ qint64 SqliteDatabase::Execute(const QString& text)
     using Kind = sql::Statement::Kind;
     if (plan.kind == Kind::Select)
         throw RuntimeError(error::kInvalidOperation, u"A SELECT gives records: open it as a record set"_s);
-    const bool own = plan.target.database.isEmpty() || plan.targetSchema == u"main"_s;
-    if (own || plan.tableSql.startsWith(u"\"main\""_s) || m_session->mode == OpenMode::ReadOnly)
+    const bool own = plan.targetSchema == u"main";
+    if (own || m_session->mode == OpenMode::ReadOnly)
         NeedUpdatable();
     if (plan.kind == Kind::Drop && own)
-        NeedUnused(plan.target.table);
+        NeedUnused(plan.table.name);
     Writing writing(connection);
     const qint64 rows = Work(plan);
     writing.Commit();
@@ -196,7 +192,7 @@ qint64 SqliteDatabase::Work(const sql::Plan& plan)
     Connection& connection = Open();
     using Kind = sql::Statement::Kind;
     if (plan.kind == Kind::Drop) {
-        DropTable(connection, plan.targetSchema, plan.target.table);
+        DropTable(connection, plan.targetSchema, plan.table.name);
         return 0;
     }
     if (plan.kind == Kind::SelectInto) {

@@ -1,5 +1,5 @@
 #include "platform/engine/home.h"
-#include "platform/engine/sql_translate.h"
+#include "platform/engine/sql_printer.h"
 
 #include <random>
 
@@ -346,12 +346,19 @@ TEST_F(SqlTest, AReadOnlyTargetIsRefusedAndASourceIsNot)
 struct OneTable final : sql::Catalog
 {
     TableDef table = SmallComps();
-    QString Schema(const QString& database) override { return database.isEmpty() ? u"main"_s : u"file1"_s; }
     const TableDef* Find(const QString&, const QString& name) override
     {
         return name.compare(table.name, Qt::CaseInsensitive) == 0 ? &table : nullptr;
     }
 };
+
+sql::Plan Translated(const QString& sql)
+{
+    OneTable tables;
+    return sql::Print(sql::Type(sql, tables, QDateTime()), [](const QString& database) {
+        return database.isEmpty() ? u"main"_s : u"file1"_s;
+    });
+}
 
 TEST(Translate, GivesSqliteTextAndBindings)
 {
@@ -384,11 +391,10 @@ TEST(Translate, GivesSqliteTextAndBindings)
          "\"CENTRALKEY\" IS NOT NULL",
          {}},
     };
-    OneTable tables;
     for (const auto& row : rows) {
         const QString sql = QString::fromUtf16(row.sql);
         SCOPED_TRACE(sql.toStdString());
-        const sql::Plan plan = sql::Translate(sql, tables, QDateTime());
+        const sql::Plan plan = Translated(sql);
         EXPECT_EQ(plan.sql.toStdString(), QString::fromUtf16(row.text).toStdString());
         EXPECT_EQ(plan.bindings, row.bindings);
     }
@@ -408,7 +414,6 @@ TEST(Translate, MangledStatementsAreTranslatedOrRefused)
     const auto below = [&](qsizetype limit) {
         return static_cast<qsizetype>(random() % static_cast<quint32>(limit));
     };
-    OneTable tables;
     int refused = 0;
     constexpr int kRounds = 20'000;
     for (int round = 0; round < kRounds; ++round) {
@@ -424,7 +429,7 @@ TEST(Translate, MangledStatementsAreTranslatedOrRefused)
         }
         QString text;
         const int number =
-            ErrorOf([&] { static_cast<void>(sql::Translate(sql, tables, QDateTime())); }, &text);
+            ErrorOf([&] { static_cast<void>(Translated(sql)); }, &text);
         refused += number != 0 ? 1 : 0;
         EXPECT_EQ(text.isEmpty(), number == 0) << sql.toStdString();
     }

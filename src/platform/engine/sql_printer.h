@@ -1,11 +1,10 @@
 #pragma once
 
-#include "platform/engine/sql_ast.h"
-#include "platform/engine/types.h"
+#include "platform/engine/sql_typer.h"
 
-#include <QDateTime>
-#include <QStringList>
 #include <QVariantList>
+
+#include <functional>
 
 namespace vasclip::engine::sql {
 
@@ -13,17 +12,6 @@ namespace vasclip::engine::sql {
 /// every change raises.
 inline constexpr char16_t kIdColumn[] = u"vas_id";
 inline constexpr char16_t kVersionColumn[] = u"vas_version";
-
-/// What a statement may name.
-class Catalog
-{
-public:
-    virtual ~Catalog() = default;
-    /// The SQLite schema name of a database; "" is the open one. @throws as OpenDatabase
-    [[nodiscard]] virtual QString Schema(const QString& database) = 0;
-    /// nullptr if the database has no such table
-    [[nodiscard]] virtual const TableDef* Find(const QString& database, const QString& table) = 0;
-};
 
 /// A column that a SELECT shows.
 struct OutputColumn
@@ -46,10 +34,10 @@ struct Plan
     bool ordered = false;
     bool computed = false;
     bool updatable = true;
+    bool whole = false; ///< every row of the table, in the order of insertion
 
     // Action: `sql` does the work; for SELECT INTO `newTable` must be made first.
-    TableName target;
-    QString targetSchema;
+    QString targetSchema; ///< of the table that it changes
     TableDef newTable;
 
     QString sql;
@@ -59,11 +47,9 @@ struct Plan
 /// A name in double quotes.
 [[nodiscard]] QString QuoteName(const QString& name);
 
-/// Reads and translates one statement. Depends on nothing but its arguments.
-/// @param now  what NOW() and DATE() mean
-/// @throws 3075 syntax, 3061 unknown names, 3078 unknown table, 3127 unknown field to insert into, 3346
-/// number of
-///         values, 3421 a value that its field cannot hold
-[[nodiscard]] Plan Translate(const QString& text, Catalog& catalog, const QDateTime& now);
+/// Says a statement in SQLite's words. Literals become bindings.
+/// @param schemaOf  the SQLite schema of a database that the statement names; "" is the open one
+[[nodiscard]] Plan Print(const TypedStatement& statement,
+                         const std::function<QString(const QString& database)>& schemaOf);
 
 } // namespace vasclip::engine::sql
