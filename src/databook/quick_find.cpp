@@ -166,20 +166,8 @@ void QuickFind::Find()
         Start();
 }
 
-void QuickFind::MapPositions()
-{
-    if (!m_positions.empty())
-        return;
-    const std::vector<engine::Bookmark>& records = m_datsql.Recordset().Bookmarks();
-    const auto last = std::max_element(records.begin(), records.end());
-    m_positions.assign(last == records.end() ? 1 : static_cast<std::size_t>(*last) + 1, -1);
-    for (std::size_t i = 0; i < records.size(); ++i)
-        m_positions[static_cast<std::size_t>(records[i])] = static_cast<qint32>(i);
-}
-
 void QuickFind::Start()
 {
-    MapPositions();
     if (!m_narrowed)
         m_stood = m_desk.grddatabook.Row();
     else if (m_desk.grddatabook.Row() >= 0)
@@ -187,7 +175,7 @@ void QuickFind::Start()
     m_narrowed = true;
     m_search.table = m_globals.G_Table;
     m_search.fields = QuickFindFields();
-    m_search.afterId = 0;
+    m_search.afterId = {};
     m_search.milliseconds = kSliceMilliseconds;
     m_searching = true;
     m_found.Begin(m_datsql.Recordset().RecordCount());
@@ -199,9 +187,9 @@ void QuickFind::Step()
 {
     const engine::TextHits hits = m_datsql.Database().FindText(m_search);
     m_search.afterId = hits.lastId;
-    for (const engine::Bookmark id : hits.ids) {
-        if (id < static_cast<qint64>(m_positions.size()) && m_positions[static_cast<std::size_t>(id)] >= 0)
-            m_found.Add(m_positions[static_cast<std::size_t>(id)]);
+    for (const qint64 position : m_datsql.Recordset().PositionsOf(hits.ids)) {
+        if (position >= 0)
+            m_found.Add(position);
     }
     m_searching = !hits.done;
     const bool first = m_desk.grddatabook.Source() != &m_found;
@@ -242,13 +230,11 @@ void QuickFind::ShowAll()
     const qint64 stood =
         m_desk.grddatabook.Row() < 0 ? m_stood : m_found.PositionOf(m_desk.grddatabook.Row());
     m_found.Begin(0);
-    m_positions = {};
     m_desk.grddatabook.Rebind(m_datsql.Bound() ? &m_rows : nullptr, std::max<qint64>(stood, 0));
 }
 
 void QuickFind::SourceChanged()
 {
-    m_positions = {};
     m_indexed = false;
     m_searching = false;
     if (!m_narrowed)

@@ -77,7 +77,6 @@ private:
     void ShowAll();
     void ShowCount();
     void KeepIndex();
-    void MapPositions();
     void SourceChanged();
 
     forms::Ports m_ports;
@@ -88,7 +87,6 @@ private:
     const common::Globals& m_globals;
     FoundRows m_found;
     engine::TextSearch m_search;
-    std::vector<qint32> m_positions; ///< by record id, -1 for one that is not in the grid
     QTimer m_timer;
     bool m_searching = false;
     bool m_narrowed = false;

@@ -169,6 +169,7 @@ public:
 
     Query& Bind(int index, const QVariant& value);
     Query& Bind(int index, qint64 value);
+    Query& Bind(int index, Bookmark id) { return Bind(index, static_cast<qint64>(id)); }
     Query& BindAll(const QVariantList& values,
                    int first = 1); ///< values beyond the last parameter are left out
     [[nodiscard]] bool Step();

@@ -27,14 +27,14 @@ struct TextSearch
     QString table;
     QStringList fields; ///< the same list for every search of a table: the index is made of them
     QStringList words;
-    Bookmark afterId = 0;  ///< go on behind this row; 0 begins
+    Bookmark afterId{};    ///< go on behind this row; the initial one begins
     int milliseconds = 20; ///< stop after about so long
 };
 
 struct TextHits
 {
     std::vector<Bookmark> ids; ///< ascending
-    Bookmark lastId = 0;       ///< all rows up to this one were looked at
+    Bookmark lastId{};         ///< all rows up to this one were looked at
     bool done = false;         ///< all rows were looked at
 };
 

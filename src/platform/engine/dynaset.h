@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/engine/places.h"
 #include "platform/engine/row_recordset.h"
 
 #include <chrono>
@@ -12,7 +13,7 @@ namespace vasclip::engine {
 class Dynaset final : public RowRecordset
 {
 public:
-    Dynaset(std::shared_ptr<Session> session, sql::Plan plan);
+    explicit Dynaset(std::unique_ptr<RowStore> store);
 
     [[nodiscard]] RecordsetType Type() const override { return RecordsetType::Dynaset; }
     [[nodiscard]] bool Bof() const override { return m_ids.empty() || m_at < 0; }
@@ -32,6 +33,7 @@ public:
     [[nodiscard]] QVariantList Peek(qint64 position, const QList<int>& fields) const override;
     [[nodiscard]] qint64 PositionOf(const Bookmark& bookmark) const override;
     [[nodiscard]] const std::vector<Bookmark>& Bookmarks() const override { return m_ids; }
+    [[nodiscard]] std::vector<qint64> PositionsOf(const std::vector<Bookmark>& bookmarks) const override;
     void Requery() override;
 
 private:
@@ -47,22 +49,22 @@ private:
         Clock::time_point read;
     };
 
-    [[nodiscard]] std::optional<qint64> CurrentId() const override;
-    void RowAdded(qint64 id) override;
-    void RowChanged(qint64) override {}
-    void RowDeleting(qint64) override {}
-    void RowDeleted(qint64 id) override;
+    [[nodiscard]] std::optional<Bookmark> CurrentId() const override;
+    void RowAdded(Bookmark id) override;
+    void RowChanged(Bookmark) override {}
+    void RowDeleting(Bookmark) override {}
+    void RowDeleted(Bookmark id) override;
 
     [[nodiscard]] qint64 Count() const { return static_cast<qint64>(m_ids.size()); }
     void Stand(qint64 at);
     void ReadKeys();
-    [[nodiscard]] std::optional<std::vector<qint64>> KeysWithoutGap() const;
     void ReadPage(qint64 first, const QList<int>& fields) const;
 
-    std::vector<qint64> m_ids;
+    std::vector<Bookmark> m_ids;
     qint64 m_at = -1;
     bool m_gone = false; ///< the record that was at m_at is deleted; the next one has moved up
     mutable Page m_page;
+    mutable std::optional<Places> m_places; ///< made when many places are asked for
 };
 
 } // namespace vasclip::engine

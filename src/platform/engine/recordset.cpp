@@ -34,6 +34,11 @@ const std::vector<Bookmark>& Recordset::Bookmarks() const
     throw RuntimeError(error::kInvalidOperation, u"Only a query has its bookmarks at hand"_s);
 }
 
+std::vector<qint64> Recordset::PositionsOf(const std::vector<Bookmark>&) const
+{
+    throw RuntimeError(error::kInvalidOperation, u"Only a query has its bookmarks at hand"_s);
+}
+
 Transaction::~Transaction()
 {
     if (!m_database)

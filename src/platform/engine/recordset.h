@@ -88,6 +88,9 @@ public:
 
     /// The bookmarks of a dynaset's rows in their order. @throws 3219 for another kind
     [[nodiscard]] virtual const std::vector<Bookmark>& Bookmarks() const;
+    /// Places of many rows in a dynaset, -1 for one that is not in it. The first call after a change of the
+    /// set looks at all of its rows, the others at those asked for. @throws 3219 for another kind
+    [[nodiscard]] virtual std::vector<qint64> PositionsOf(const std::vector<Bookmark>& bookmarks) const;
 
     virtual void Requery() = 0;
     virtual void Close() = 0;

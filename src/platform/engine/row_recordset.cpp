@@ -3,117 +3,75 @@
 #include "platform/engine/errors.h"
 #include "platform/engine/values.h"
 
-#include <sqlite3.h>
-
 namespace vasclip::engine {
 
 using namespace Qt::Literals::StringLiterals;
-using sql::QuoteName;
 
 namespace {
 
-const QString& IdName()
-{
-    static const QString name = QString::fromUtf16(sql::kIdColumn);
-    return name;
-}
-
-const QString& VersionName()
-{
-    static const QString name = QString::fromUtf16(sql::kVersionColumn);
-    return name;
-}
-
-/// Size of a name folded for look-up.
+/// A name folded for look-up.
 QString Fold(const QString& name)
 {
     return name.toUpper();
 }
 
+[[noreturn]] void ThrowDeleted()
+{
+    throw RuntimeError(error::kRecordDeleted, u"The record was deleted by somebody else"_s);
+}
+
 } // namespace
 
-Connection& Session::Open() const
+RowRecordset::RowRecordset(std::unique_ptr<RowStore> store)
+    : m_store(std::move(store))
+    , m_fields(m_store->Shape().fields)
 {
-    if (!connection)
-        throw RuntimeError(error::kClosed, u"The database %1 is closed"_s.arg(path));
-    return *connection;
-}
-
-QString Session::WhyReadOnly() const
-{
-    if (connection && !connection->Damage().isEmpty())
-        return connection->DamageText();
-    return u"Can not update: the database %1 is read-only. Get the rights to write it and its directory"_s.arg(
-        path);
-}
-
-RowRecordset::RowRecordset(std::shared_ptr<Session> session, sql::Plan plan)
-    : m_session(std::move(session))
-    , m_plan(std::move(plan))
-{
-    QStringList columns;
-    for (const sql::OutputColumn& column : std::as_const(m_plan.columns)) {
+    for (int i = 0; i < m_fields.size(); ++i) {
         // A name may be there twice; the first one answers.
-        if (!m_byName.contains(Fold(column.field.name)))
-            m_byName.insert(Fold(column.field.name), static_cast<int>(m_fields.size()));
-        m_fields.append(column.field);
-        columns.append(column.field.type == FieldType::LongBinary ? u"length(%1)"_s.arg(column.sql)
-                                                                  : column.sql);
+        if (!m_byName.contains(Fold(m_fields[i].name)))
+            m_byName.insert(Fold(m_fields[i].name), i);
+        m_all.append(i);
     }
-    m_rowSql = u"SELECT %1, %2 FROM %3 WHERE %4 = ?1"_s.arg(VersionName(), columns.join(u", "_s),
-                                                            m_plan.tableSql, IdName());
-    m_versionSql = u"SELECT %1 FROM %2 WHERE %3 = ?1"_s.arg(VersionName(), m_plan.tableSql, IdName());
-    m_session->recordsets.push_back(this);
-    m_session->connection->AddUse(Table().name);
-}
-
-RowRecordset::~RowRecordset()
-{
-    RowRecordset::Close();
 }
 
 void RowRecordset::Close()
 {
-    if (!m_session)
-        return;
-    if (m_session->connection)
-        m_session->connection->RemoveUse(Table().name);
-    std::erase(m_session->recordsets, this);
-    m_session.reset();
+    m_store.reset();
     m_row.reset();
     m_mode = EditMode::None;
     m_changes.clear();
     m_chunks.clear();
 }
 
-Connection& RowRecordset::Open() const
+RowStore& RowRecordset::Store() const
 {
-    if (!m_session)
+    if (!m_store)
         throw RuntimeError(error::kClosed, u"The record set is closed"_s);
-    return m_session->Open();
+    m_store->NeedOpen();
+    return *m_store;
 }
 
 bool RowRecordset::Updatable() const
 {
-    return m_session && m_session->Updatable() && m_plan.updatable;
+    return m_store && m_store->Updatable() && m_store->Shape().updatable;
 }
 
 void RowRecordset::NeedUpdatable() const
 {
-    static_cast<void>(Open());
+    const RowStore& store = Store();
     if (Updatable())
         return;
     throw RuntimeError(
         error::kFileIsReadOnly,
-        m_session->Updatable()
+        store.Updatable()
             ? u"The result of this query can not be changed"_s
-            : m_session->WhyReadOnly());
+            : store.WhyReadOnly());
 }
 
-qint64 RowRecordset::NeedId() const
+Bookmark RowRecordset::NeedId() const
 {
-    static_cast<void>(Open());
-    const std::optional<qint64> id = CurrentId();
+    static_cast<void>(Store());
+    const std::optional<Bookmark> id = CurrentId();
     if (!id)
         throw RuntimeError(error::kNoCurrentRecord, u"There is no current record"_s);
     return *id;
@@ -127,38 +85,30 @@ void RowRecordset::Moved()
 
 void RowRecordset::ShowComputed(const QVariantList& values)
 {
-    m_row = Row{0, 0, 0, values};
+    m_row = Row{{}, 0, {0, values}};
     m_current = true;
 }
 
-std::optional<RowRecordset::Row> RowRecordset::ReadRow(qint64 id) const
+std::optional<RowRecordset::Row> RowRecordset::ReadRow(Bookmark id) const
 {
-    Query query(Open(), m_rowSql);
-    query.Bind(1, id).BindAll(m_plan.columnBindings, 2);
-    if (!query.Step())
+    RowStore& store = Store();
+    const quint64 generation = store.Generation();
+    auto rows = store.Read({&id, 1}, m_all);
+    if (!rows.front())
         return std::nullopt;
-    Row row;
-    row.id = id;
-    row.version = query.Integer(0);
-    row.generation = Open().Generation();
-    row.values.reserve(m_fields.size());
-    for (int i = 0; i < m_fields.size(); ++i)
-        row.values.append(query.Value(i + 1, m_fields[i].type == FieldType::LongBinary ? FieldType::Long
-                                                                                       : m_fields[i].type));
-    return row;
+    return Row{id, generation, std::move(*rows.front())};
 }
 
-bool RowRecordset::Unchanged(qint64 id) const
+bool RowRecordset::Unchanged(Bookmark id) const
 {
     // Ids are never given out again, and every change raises the version; one taken back, the generation.
-    if (!m_row || m_row->id != id || m_plan.computed || m_row->generation != Open().Generation())
+    RowStore& store = Store();
+    if (!m_row || m_row->id != id || Shape().computed || m_row->generation != store.Generation())
         return false;
-    Query query(Open(), m_versionSql);
-    query.Bind(1, id);
-    return query.Step() && query.Integer(0) == m_row->version;
+    return store.Version(id) == m_row->stored.version;
 }
 
-bool RowRecordset::ReadNow(qint64 id) const
+bool RowRecordset::ReadNow(Bookmark id) const
 {
     if (!Unchanged(id))
         m_row = ReadRow(id);
@@ -168,14 +118,15 @@ bool RowRecordset::ReadNow(qint64 id) const
 
 const RowRecordset::Row& RowRecordset::NeedRow() const
 {
-    const qint64 id = NeedId();
+    const Bookmark id = NeedId();
+    const bool computed = Shape().computed;
     // What other record sets of this engine change shows at once, unless this one is being edited.
-    const bool fresh = m_mode == EditMode::InProgress || m_plan.computed ||
-                       (m_current && m_row && m_row->generation == Open().Generation());
-    if (m_row && (m_row->id == id || m_plan.computed) && fresh)
+    const bool fresh = m_mode == EditMode::InProgress || computed ||
+                       (m_current && m_row && m_row->generation == Store().Generation());
+    if (m_row && (m_row->id == id || computed) && fresh)
         return *m_row;
     if (!ReadNow(id))
-        throw RuntimeError(error::kRecordDeleted, u"The record was deleted by somebody else"_s);
+        ThrowDeleted();
     return *m_row;
 }
 
@@ -203,7 +154,7 @@ int RowRecordset::NeedField(const QString& name) const
 /// The table's own field behind a field of the set.
 int RowRecordset::NeedSource(int field) const
 {
-    const int source = m_plan.columns[field].source;
+    const int source = SourceOf(field);
     if (source < 0)
         throw RuntimeError(error::kInvalidOperation,
                            u"'%1' is computed and can not be changed"_s.arg(m_fields[field].name));
@@ -214,32 +165,23 @@ const QVariant* RowRecordset::Changed(int field) const
 {
     if (m_mode == EditMode::None)
         return nullptr;
-    const auto found = m_changes.find(m_plan.columns[field].source);
+    const auto found = m_changes.find(SourceOf(field));
     return found == m_changes.end() ? nullptr : &found->second;
-}
-
-QVariant RowRecordset::LongValue(int field) const
-{
-    Query query(Open(), u"SELECT %1 FROM %2 WHERE %3 = ?1"_s.arg(m_plan.columns[field].sql, m_plan.tableSql,
-                                                                 IdName()));
-    query.Bind(1, NeedId()).BindAll(m_plan.columnBindings, 2);
-    if (!query.Step())
-        throw RuntimeError(error::kRecordDeleted, u"The record was deleted by somebody else"_s);
-    return query.Value(0, FieldType::LongBinary);
 }
 
 QVariant RowRecordset::Value(int field) const
 {
     static_cast<void>(NeedField(field));
-    static_cast<void>(Open());
+    static_cast<void>(Store());
     if (const QVariant* changed = Changed(field))
         return *changed;
     if (m_mode == EditMode::Add)
         return {};
     const Row& row = NeedRow();
-    if (m_fields[field].type == FieldType::LongBinary && row.values[field].isValid())
-        return LongValue(field);
-    return row.values[field];
+    const QVariant& value = row.stored.values[field];
+    if (m_fields[field].type == FieldType::LongBinary && value.isValid())
+        return Store().ReadLong(row.id, field);
+    return value;
 }
 
 void RowRecordset::SetValue(int field, const QVariant& value)
@@ -256,10 +198,10 @@ void RowRecordset::SetValue(int field, const QVariant& value)
 void RowRecordset::Edit()
 {
     NeedUpdatable();
-    const qint64 id = NeedId();
+    const Bookmark id = NeedId();
     CancelUpdate();
     if (!ReadNow(id))
-        throw RuntimeError(error::kRecordDeleted, u"The record was deleted by somebody else"_s);
+        ThrowDeleted();
     m_mode = EditMode::InProgress;
 }
 
@@ -294,83 +236,42 @@ void RowRecordset::CheckRequired(bool adding) const
     }
 }
 
-qint64 RowRecordset::Insert()
+void RowRecordset::StoreChanges()
 {
-    QStringList names;
-    QStringList places;
-    for (const auto& [source, value] : m_changes) {
-        names.append(QuoteName(Table().fields[source].name));
-        places.append(u'?' + QString::number(places.size() + 1));
+    switch (Store().Update(m_row->id, m_row->stored.version, m_changes)) {
+    case UpdateOutcome::Done:
+        return;
+    case UpdateOutcome::Gone:
+        throw RuntimeError(error::kRecordDeleted, u"The record was deleted by somebody else meanwhile"_s);
+    case UpdateOutcome::Changed:
+        break;
     }
-    const QString sql = names.isEmpty() ? u"INSERT INTO %1 DEFAULT VALUES"_s.arg(m_plan.tableSql)
-                                        : u"INSERT INTO %1(%2) VALUES(%3)"_s.arg(
-                                              m_plan.tableSql, names.join(u", "_s), places.join(u", "_s));
-    Connection& connection = Open();
-    Writing writing(connection);
-    qint64 id = 0;
-    {
-        Query query(connection, sql);
-        int place = 1;
-        for (const auto& [source, value] : m_changes)
-            query.Bind(place++, value);
-        query.Run();
-        id = sqlite3_last_insert_rowid(connection.Handle());
-    }
-    writing.Commit();
-    return id;
-}
-
-void RowRecordset::Store()
-{
-    QStringList assignments;
-    for (const auto& [source, value] : m_changes)
-        assignments.append(u"%1 = ?%2"_s.arg(QuoteName(Table().fields[source].name),
-                                             QString::number(assignments.size() + 3)));
-    // The version in the condition makes the test for other users' changes and the change itself one step.
-    const QString sql = u"UPDATE %1 SET %2, %3 = %3 + 1 WHERE %4 = ?1 AND %3 = ?2"_s.arg(
-        m_plan.tableSql, assignments.join(u", "_s), VersionName(), IdName());
-    Connection& connection = Open();
-    Writing writing(connection);
-    {
-        Query query(connection, sql);
-        query.Bind(1, m_row->id).Bind(2, m_row->version);
-        int place = 3;
-        for (const auto& [source, value] : m_changes)
-            query.Bind(place++, value);
-        query.Run();
-    }
-    if (sqlite3_changes(connection.Handle()) == 0) {
-        std::optional<Row> fresh = ReadRow(m_row->id);
-        if (!fresh)
-            throw RuntimeError(error::kRecordDeleted, u"The record was deleted by somebody else meanwhile"_s);
-        m_row = std::move(fresh);
-        throw RuntimeError(
-            error::kDataChanged,
-            u"The data has changed: somebody else changed this record since it was opened for editing. "
-            "Nothing was stored; updating again overwrites the other change"_s);
-    }
-    writing.Commit();
+    std::optional<Row> fresh = ReadRow(m_row->id);
+    if (!fresh)
+        throw RuntimeError(error::kRecordDeleted, u"The record was deleted by somebody else meanwhile"_s);
+    m_row = std::move(fresh);
+    throw RuntimeError(
+        error::kDataChanged,
+        u"The data has changed: somebody else changed this record since it was opened for editing. "
+        "Nothing was stored; updating again overwrites the other change"_s);
 }
 
 void RowRecordset::Update()
 {
-    Connection& connection = Open();
+    RowStore& store = Store();
     if (m_mode == EditMode::None)
         throw RuntimeError(error::kNoEdit, u"There is nothing to update without Edit or AddNew"_s);
     const bool adding = m_mode == EditMode::Add;
     CheckRequired(adding);
     if (adding) {
-        const qint64 id = Insert();
-        connection.Touch();
+        const Bookmark id = store.Insert(m_changes);
         CancelUpdate();
         RowAdded(id);
         return;
     }
-    const qint64 id = m_row->id;
-    if (!m_changes.empty()) {
-        Store();
-        connection.Touch();
-    }
+    const Bookmark id = m_row->id;
+    if (!m_changes.empty())
+        StoreChanges();
     CancelUpdate();
     m_row.reset();
     RowChanged(id);
@@ -379,19 +280,11 @@ void RowRecordset::Update()
 void RowRecordset::Delete()
 {
     NeedUpdatable();
-    const qint64 id = NeedId();
+    const Bookmark id = NeedId();
     CancelUpdate();
     RowDeleting(id);
-    Connection& connection = Open();
-    Writing writing(connection);
-    {
-        Query query(connection, u"DELETE FROM %1 WHERE %2 = ?1"_s.arg(m_plan.tableSql, IdName()));
-        query.Bind(1, id).Run();
-    }
-    if (sqlite3_changes(connection.Handle()) == 0)
+    if (!Store().Delete(id))
         throw RuntimeError(error::kRecordDeleted, u"The record was already deleted by somebody else"_s);
-    writing.Commit();
-    connection.Touch();
     m_row.reset();
     RowDeleted(id);
 }
@@ -404,7 +297,7 @@ qint64 RowRecordset::FieldSize(const QString& name) const
                                                           : changed->toString().size();
     if (m_mode == EditMode::Add)
         return 0;
-    const QVariant value = NeedRow().values[field];
+    const QVariant value = NeedRow().stored.values[field];
     switch (m_fields[field].type) {
     case FieldType::LongBinary:
         return value.toLongLong();
@@ -428,31 +321,13 @@ QByteArray RowRecordset::GetChunk(const QString& name, qint64 offset, qint64 byt
     bytes = std::max<qint64>(bytes, 0);
     if (type == FieldType::Memo)
         return Value(field).toString().mid(offset, bytes).toUtf8();
-    const bool stored = m_mode != EditMode::Add && !Changed(field) && m_plan.columns[field].source >= 0;
+    const bool stored = m_mode != EditMode::Add && !Changed(field) && SourceOf(field) >= 0;
     if (!stored)
         return Value(field).toByteArray().mid(offset, bytes);
-
     const Row& row = NeedRow();
-    if (!row.values[field].isValid())
+    if (!row.stored.values[field].isValid())
         return {};
-    Connection& connection = Open();
-    sqlite3_blob* blob = nullptr;
-    const qsizetype point = m_plan.tableSql.indexOf(u"\".\""_s);
-    const QByteArray schema = m_plan.tableSql.mid(1, point - 1).toUtf8();
-    const int code = sqlite3_blob_open(
-        connection.Handle(), schema.constData(), Table().name.toUtf8().constData(),
-        Table().fields[m_plan.columns[field].source].name.toUtf8().constData(), row.id, 0, &blob);
-    const std::unique_ptr<sqlite3_blob, int (*)(sqlite3_blob*)> owner(blob, &sqlite3_blob_close);
-    if (code == SQLITE_ERROR) // the row or its value is gone
-        return {};
-    connection.Check(code);
-    const qint64 size = sqlite3_blob_bytes(blob);
-    if (offset >= size)
-        return {};
-    QByteArray chunk(std::min(bytes, size - offset), Qt::Uninitialized);
-    connection.Check(
-        sqlite3_blob_read(blob, chunk.data(), static_cast<int>(chunk.size()), static_cast<int>(offset)));
-    return chunk;
+    return Store().ReadPiece(row.id, SourceOf(field), offset, bytes);
 }
 
 void RowRecordset::AppendChunk(const QString& name, const QByteArray& bytes)

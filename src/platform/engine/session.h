@@ -9,7 +9,7 @@
 
 namespace vasclip::engine {
 
-class RowRecordset;
+class SqliteRowStore;
 
 /// What the databases of one engine share: the disk and one connection a file.
 struct Workspace
@@ -19,7 +19,7 @@ struct Workspace
     QHash<QString, std::weak_ptr<Connection>> connections;
 };
 
-/// One opening of a database. Record sets hold it, so that it outlives the Database object that made it.
+/// One opening of a database. Row stores hold it, so that it outlives the Database object that made it.
 struct Session
 {
     QString path;
@@ -27,7 +27,7 @@ struct Session
     std::shared_ptr<Workspace> workspace;
     std::unique_ptr<Companion> companion;   ///< goes after the connection
     std::shared_ptr<Connection> connection; ///< null when closed
-    std::vector<RowRecordset*> recordsets;
+    std::vector<SqliteRowStore*> stores;
 
     [[nodiscard]] Connection& Open() const; ///< @throws 3420 when closed
     [[nodiscard]] QString WhyReadOnly() const; ///< a sentence without its full stop

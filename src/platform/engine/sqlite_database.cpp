@@ -3,6 +3,7 @@
 #include "platform/engine/dynaset.h"
 #include "platform/engine/errors.h"
 #include "platform/engine/schema_tables.h"
+#include "platform/engine/sqlite_row_store.h"
 #include "platform/engine/table_recordset.h"
 
 #include <QFileInfo>
@@ -132,10 +133,10 @@ std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(const QString& source, 
     const bool statement = text.startsWith(u"SELECT"_s, Qt::CaseInsensitive) &&
                            (text.size() == 6 || !(text[6].isLetterOrNumber() || text[6] == u'_'));
     if (!statement) {
-        sql::Plan plan = WholeTable(NeedTable(text));
+        auto store = std::make_unique<SqliteRowStore>(m_session, WholeTable(NeedTable(text)));
         if (type == RecordsetType::Table)
-            return std::make_unique<TableRecordset>(m_session, std::move(plan));
-        return std::make_unique<Dynaset>(m_session, std::move(plan));
+            return std::make_unique<TableRecordset>(std::move(store));
+        return std::make_unique<Dynaset>(std::move(store));
     }
     if (type == RecordsetType::Table)
         throw RuntimeError(error::kInvalidOperation, u"A query can not be opened as a table"_s);
@@ -147,7 +148,7 @@ std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(const QString& source, 
     if (!plan.tableSql.startsWith(u"\"main\""_s))
         throw RuntimeError(error::kInvalidOperation,
                            u"Only tables of the open database can be opened: open the other one instead"_s);
-    return std::make_unique<Dynaset>(m_session, std::move(plan));
+    return std::make_unique<Dynaset>(std::make_unique<SqliteRowStore>(m_session, std::move(plan)));
 }
 
 void SqliteDatabase::NeedUpdatable() const
@@ -341,9 +342,8 @@ void SqliteDatabase::Close()
         return;
     for (; m_begun > 0; --m_begun)
         m_session->connection->Rollback();
-    const auto recordsets = m_session->recordsets;
-    for (RowRecordset* recordset : recordsets)
-        recordset->Close();
+    for (SqliteRowStore* store : m_session->stores)
+        store->Release();
     m_session->connection.reset();
     m_session->companion.reset();
 }

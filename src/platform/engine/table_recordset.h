@@ -8,7 +8,7 @@ namespace vasclip::engine {
 class TableRecordset final : public RowRecordset
 {
 public:
-    TableRecordset(std::shared_ptr<Session> session, sql::Plan plan);
+    explicit TableRecordset(std::unique_ptr<RowStore> store);
 
     [[nodiscard]] RecordsetType Type() const override { return RecordsetType::Table; }
     [[nodiscard]] bool Bof() const override { return m_place == Place::Before || m_place == Place::Nowhere; }
@@ -34,35 +34,31 @@ private:
     /// reached.
     enum class Place { Row, Before, Behind, Nowhere, Missed, Gone };
 
-    [[nodiscard]] std::optional<qint64> CurrentId() const override;
-    void RowAdded(qint64) override {}
-    void RowChanged(qint64 id) override;
-    void RowDeleting(qint64 id) override;
-    void RowDeleted(qint64) override { m_place = Place::Gone; }
+    [[nodiscard]] std::optional<Bookmark> CurrentId() const override;
+    void RowAdded(Bookmark) override {}
+    void RowChanged(Bookmark id) override;
+    void RowDeleting(Bookmark id) override;
+    void RowDeleted(Bookmark) override { m_place = Place::Gone; }
 
-    /// The row and its key: the place in the order.
-    struct Stand
+    /// Rows that lie ahead of the one it stands on, as a store that reads several at once gave them.
+    struct Ahead
     {
-        qint64 id = 0;
-        QVariantList key;
+        std::vector<Stand> stands;
+        std::size_t next = 0;
+        bool back = false;
+        quint64 generation = 0;
     };
 
-    [[nodiscard]] QString KeyColumns() const;
-    [[nodiscard]] std::optional<Stand> ReadStand(qint64 id) const;
-    [[nodiscard]] std::optional<Stand> Edge(bool last) const;
-    [[nodiscard]] std::optional<Stand> Neighbour(const Stand& from, bool back) const;
-    [[nodiscard]] qint64 RowsBefore(const Stand& stand) const;
-    void Build();
+    [[nodiscard]] const IndexDef* Order() const; ///< the current index; nullptr without one
+    [[nodiscard]] std::optional<Stand> Edge(bool last);
+    [[nodiscard]] std::optional<Stand> Neighbour(bool back);
     void Land(std::optional<Stand> stand, Place otherwise);
     void Step(bool back);
 
     QString m_index;
-    bool m_unique = false;
-    QStringList m_keys;       ///< quoted columns of the index
-    QList<FieldType> m_types; ///< of the keys
-    QString m_seekSql;
     Place m_place = Place::Nowhere;
     Stand m_stand;
+    Ahead m_ahead;
     mutable bool m_keyKnown = false; ///< after a Seek the key is read only when a move needs it
     bool m_noMatch = false;
 };

@@ -365,7 +365,7 @@ std::vector<Bookmark> TextIndex::Compare(int milliseconds)
     for (qint64 seen = 0; query.Step(); ++seen) {
         m_check.upto = query.Integer(0);
         if (query.Integer(1) == 0)
-            strange.push_back(m_check.upto);
+            strange.push_back(Bookmark{m_check.upto});
         if (seen % 64 == 63 && timer.elapsed() >= milliseconds)
             return strange;
     }
@@ -485,7 +485,7 @@ TextHits TextIndex::Walk(const TextSearch& search, const QString& match)
     hits.lastId = search.afterId;
     const auto look = [&](Query& query) {
         for (qint64 seen = 0; query.Step(); ++seen) {
-            const qint64 row = query.Integer(0);
+            const Bookmark row{query.Integer(0)};
             bool all = true;
             for (const QString& word : search.words) {
                 bool found = false;

@@ -28,8 +28,8 @@ enum class EditMode { None = 0, InProgress = 1, Add = 2 };
 /// value.
 enum class SortsAs { Text = 0, Number = 1, Date = 2 };
 
-/// Identity of a row, stable while the row exists.
-using Bookmark = qint64;
+/// Identity of a row, stable while the row exists. Opaque: two can be compared, nothing can be learnt from one.
+enum class Bookmark : qint64 {};
 
 struct Field
 {

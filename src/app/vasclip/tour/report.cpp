@@ -49,7 +49,7 @@ bool DropOne(const Stage& stage, const Stop& stop)
     const qint64 row = main.sources.datsql.Recordset().PositionOf([&] {
         auto& databook = main.sources.datDatabook;
         if (!store::FindRecord(main.Base().ports, databook, stop.key, u"Centralkey"_s))
-            return engine::Bookmark(-1);
+            return engine::Bookmark{};
         return databook.Recordset().GetBookmark();
     }());
     if (!target || row < 0)

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "platform/engine/row_store.h"
+#include "platform/engine/session.h"
+
+namespace vasclip::engine {
+
+/// The rows of one statement or table of a SQLite file.
+///
+/// No statement stays open between two calls, so no lock outlives a call outside of a transaction.
+class SqliteRowStore final : public RowStore
+{
+public:
+    SqliteRowStore(std::shared_ptr<Session> session, sql::Plan plan);
+    ~SqliteRowStore() override;
+
+    /// Lets go of the connection; every call then throws 3420.
+    void Release();
+
+    [[nodiscard]] const RowShape& Shape() const override { return m_shape; }
+    void NeedOpen() const override { static_cast<void>(Open()); }
+    [[nodiscard]] bool Updatable() const override { return m_connection && m_session->Updatable(); }
+    [[nodiscard]] QString WhyReadOnly() const override { return m_session->WhyReadOnly(); }
+    [[nodiscard]] quint64 Generation() const override { return Open().Generation(); }
+    void ReadKeys(const std::function<bool(std::span<const Bookmark>)>& sink) override;
+    [[nodiscard]] QVariantList ReadComputed() override;
+    [[nodiscard]] std::vector<std::optional<StoredRow>> Read(std::span<const Bookmark> ids,
+                                                             const QList<int>& fields) override;
+    [[nodiscard]] std::optional<qint64> Version(Bookmark id) override;
+    [[nodiscard]] QVariant ReadLong(Bookmark id, int field) override;
+    [[nodiscard]] QByteArray ReadPiece(Bookmark id, int source, qint64 offset, qint64 bytes) override;
+    [[nodiscard]] Bookmark Insert(const RowChanges& values) override;
+    [[nodiscard]] UpdateOutcome Update(Bookmark id, qint64 version, const RowChanges& values) override;
+    [[nodiscard]] bool Delete(Bookmark id) override;
+    [[nodiscard]] qint64 CountRows() override;
+    [[nodiscard]] std::optional<Stand> StandOf(const IndexDef* index, Bookmark id) override;
+    [[nodiscard]] std::vector<Stand> Walk(const IndexDef* index, const Stand* from, bool back,
+                                          int most) override;
+    [[nodiscard]] qint64 CountBefore(const IndexDef* index, const Stand& stand) override;
+    [[nodiscard]] std::optional<Bookmark> Seek(const IndexDef& index, const QString& key) override;
+
+private:
+    /// The columns of an index, as its order is said.
+    struct Keys
+    {
+        QStringList columns; ///< quoted
+        QList<FieldType> types;
+        bool unique = false;
+    };
+
+    [[nodiscard]] Connection& Open() const; ///< @throws 3420 when closed
+    [[nodiscard]] std::optional<std::pair<qint64, qint64>> RunWithoutGap() const;
+    [[nodiscard]] const QString& SelectOf(const QList<int>& fields);
+    [[nodiscard]] StoredRow RowOf(const Query& query, const QList<int>& fields) const;
+    [[nodiscard]] Keys KeysOf(const IndexDef* index) const;
+    [[nodiscard]] static Stand StandAt(const Query& query, const Keys& keys);
+    [[nodiscard]] std::optional<Stand> Edge(const Keys& keys, bool last);
+    [[nodiscard]] std::optional<Stand> Neighbour(const Keys& keys, const Stand& from, bool back);
+
+    std::shared_ptr<Session> m_session;
+    std::shared_ptr<Connection> m_connection; ///< null when closed
+    sql::Plan m_plan;
+    RowShape m_shape;
+    QList<int> m_selected; ///< the fields that m_select reads
+    QString m_select;
+    QString m_versionSql;
+    QString m_seekIndex; ///< the index that m_seekSql seeks in
+    QString m_seekSql;
+};
+
+} // namespace vasclip::engine
