@@ -4,7 +4,7 @@
 
 #include "platform/engine/collation.h"
 #include "platform/engine/database.h"
-#include "platform/engine/functions.h"
+#include "platform/engine/sqlite/functions.h"
 
 #include <QDir>
 #include <QElapsedTimer>

@@ -5,7 +5,7 @@
 
 #include "databook/entry_screen.h"
 #include "forms/system_ports.h"
-#include "platform/engine/collation.h"
+#include "platform/engine/sqlite/functions.h"
 #include "still_ports.h"
 #include "store/schema.h"
 #include "store/store.h"

@@ -4,7 +4,7 @@
 #include "databook/grid.h"
 #include "forms/screen.h"
 #include "forms/system_ports.h"
-#include "platform/engine/collation.h"
+#include "platform/engine/sqlite/functions.h"
 #include "still_ports.h"
 #include "store/schema.h"
 #include "store/store.h"

@@ -97,6 +97,19 @@ void CheckArrow(const QString& from, const QString& onto, QStringList& violation
         violations.append(QStringLiteral("%1 includes %2 of its own floor").arg(from, onto.mid(kSrc.size())));
 }
 
+/// One kind of database is known to itself and to the list of kinds alone.
+void CheckBackEnd(const QString& path, const Include& include, QStringList& violations)
+{
+    static const QString kSqlite = QStringLiteral("platform/engine/sqlite/");
+    const bool knows = path.startsWith(kSrc + kSqlite) ||
+                       path.startsWith(QStringLiteral("src/platform/engine/kinds/"));
+    const bool names = include.quoted ? include.name.startsWith(kSqlite)
+                                      : include.name == QStringLiteral("sqlite3.h");
+    if (names && !knows && path.startsWith(kSrc))
+        violations.append(
+            QStringLiteral("%1 includes %2, which is one kind of database's own").arg(path, include.name));
+}
+
 void CheckIncludes(const Sources& sources, const QSet<QString>& widgetHeaders,
                    QMap<QString, QStringList>& arrows, QStringList& violations)
 {
@@ -107,6 +120,7 @@ void CheckIncludes(const Sources& sources, const QSet<QString>& widgetHeaders,
         if (path.startsWith(kSrc) && RoomOf(path).isEmpty())
             violations.append(QStringLiteral("%1 lies in no room of the plan").arg(path));
         for (const Include& include : IncludesOf(source.value())) {
+            CheckBackEnd(path, include, violations);
             if (include.quoted && !IsGenerated(include.name)) {
                 const QString onto = Resolved(sources, path, include.name);
                 if (onto.isEmpty()) {

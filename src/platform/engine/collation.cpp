@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <cstring>
 #include <optional>
-#include <sqlite3.h>
 
 namespace vasclip::engine {
 
@@ -33,12 +32,6 @@ int CompareUnicode(const char* left, const char* leftEnd, const char* right, con
             return l < r ? -1 : 1;
     }
     return left < leftEnd ? 1 : right < rightEnd ? -1 : 0;
-}
-
-int Collate(void*, int leftSize, const void* left, int rightSize, const void* right)
-{
-    return CompareText({static_cast<const char*>(left), static_cast<std::size_t>(leftSize)},
-                       {static_cast<const char*>(right), static_cast<std::size_t>(rightSize)});
 }
 
 /// Matches one `[...]` at `at` (behind the bracket) and moves past it. @return false as well for an open
@@ -245,11 +238,6 @@ bool HasOpenSet(std::string_view pattern) noexcept
             return true;
     }
     return false;
-}
-
-void RegisterCollation(sqlite3* handle)
-{
-    sqlite3_create_collation_v2(handle, "VAS", SQLITE_UTF8, nullptr, &Collate, nullptr);
 }
 
 } // namespace vasclip::engine

@@ -4,8 +4,6 @@
 
 #include <string_view>
 
-struct sqlite3;
-
 namespace vasclip::engine {
 
 /// Compares two UTF-8 texts as keys and values of the database are compared: without regard to case (simple
@@ -27,8 +25,5 @@ namespace vasclip::engine {
 /// What is wrong with one, for people.
 inline constexpr char kOpenSetWords[] =
     "a pattern of LIKE has a \"[\" that no \"]\" closes; write \"[[]\" to look for the bracket itself";
-
-/// Makes `COLLATE VAS` known to a connection.
-void RegisterCollation(sqlite3* handle);
 
 } // namespace vasclip::engine

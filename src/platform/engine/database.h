@@ -10,6 +10,12 @@
 
 namespace vasclip::engine {
 
+class BackEnd;
+class RowStore;
+namespace sql {
+struct TypedStatement;
+}
+
 enum class OpenMode { Shared, Exclusive, ReadOnly };
 
 /// One user of a database file, as its .LDB tells.
@@ -70,6 +76,10 @@ public:
     [[nodiscard]] virtual std::unique_ptr<Recordset> OpenRecordset(const QString& source,
                                                                    RecordsetType type) = 0;
 
+    /// The rows of a SELECT of one of this database's tables, for record sets and for copies between databases of
+    /// two kinds.
+    [[nodiscard]] virtual std::unique_ptr<RowStore> OpenRows(const sql::TypedStatement& select) = 0;
+
     /// Runs one action statement (INSERT, UPDATE, DELETE, SELECT INTO, DROP TABLE) in one transaction: it
     /// happens whole or not at all. Tables of other files are named by their path, with or without the
     /// extension .MDB. INSERT with a SELECT leaves out rows whose key is empty or there already, as an append
@@ -95,11 +105,11 @@ public:
     /// does not know. A database that cannot be written has the index that it has, which is used if it is
     /// right.
     /// @return `whole` when there is nothing left to do. @throws 3078, 3265
-    virtual TextIndexState KeepTextIndex(const QString& table, const QStringList& fields,
-                                         int milliseconds) = 0;
+    /// A back end that has none answers `whole` at once.
+    virtual TextIndexState KeepTextIndex(const QString& table, const QStringList& fields, int milliseconds);
     /// Looks for words through the index, or through the rows while there is none that KeepTextIndex found
     /// right, or while all words are shorter than three letters. @throws 3078, 3265
-    [[nodiscard]] virtual TextHits FindText(const TextSearch& search) = 0;
+    [[nodiscard]] virtual TextHits FindText(const TextSearch& search);
 
     // Several writes that belong together. They nest; only the outermost commits.
     virtual void BeginTrans() = 0;
@@ -128,6 +138,9 @@ public:
     /// Copies a database that may be in use, through the engine's backup interface; target is replaced whole.
     void CopyDatabase(const QString& source, const QString& target);
     [[nodiscard]] QList<User> Users(const QString& path) const;
+
+    /// A further kind of database, which is asked before those that the engine comes with.
+    void AddBackEnd(std::unique_ptr<BackEnd> backEnd);
 
     /// How long a statement waits for another user's lock, in milliseconds.
     void SetLockWait(int milliseconds);

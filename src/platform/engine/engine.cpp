@@ -1,15 +1,7 @@
+#include "platform/engine/back_end.h"
 #include "platform/engine/errors.h"
-#include "platform/engine/file_kind.h"
-#include "platform/engine/new_file.h"
-#include "platform/engine/schema_tables.h"
-#include "platform/engine/sqlite_database.h"
-#include "platform/engine/super_journal.h"
-#include "platform/engine/text_index.h"
 
-#include <QFile>
-#include <QFileInfo>
-
-#include <sqlite3.h>
+#include <algorithm>
 
 namespace vasclip::engine {
 
@@ -17,141 +9,68 @@ using namespace Qt::Literals::StringLiterals;
 
 struct Engine::Private
 {
-    std::shared_ptr<Workspace> workspace = std::make_shared<Workspace>();
+    explicit Private(const files::Disk& disk)
+        : disk(disk)
+    {}
 
-    [[nodiscard]] std::shared_ptr<Connection> Connect(const QString& native, const QString& shown,
-                                                      bool readOnly) const
+    [[nodiscard]] BackEnd& OwnerOf(const QString& path) const
     {
-        std::weak_ptr<Connection>& place = workspace->connections[native];
-        if (auto connection = place.lock())
-            return connection;
-        auto connection =
-            std::make_shared<Connection>(Connection::Setup{native, shown, workspace->lockWait, readOnly});
-        place = connection;
-        return connection;
+        return **std::find_if(backEnds.begin(), backEnds.end(),
+                              [&](const auto& backEnd) { return backEnd->Owns(path); });
     }
+
+    const files::Disk& disk;
+    std::vector<std::unique_ptr<BackEnd>> backEnds;
 };
-
-namespace {
-
-/// A connection without any schema of ours yet.
-struct BareHandle
-{
-    explicit BareHandle(const QString& native) { code = sqlite3_open(native.toUtf8().constData(), &handle); }
-    ~BareHandle() { sqlite3_close(handle); }
-    BareHandle(const BareHandle&) = delete;
-    BareHandle& operator=(const BareHandle&) = delete;
-    sqlite3* handle = nullptr;
-    int code = SQLITE_OK;
-};
-
-} // namespace
 
 Engine::Engine(const files::Disk& disk)
-    : d(std::make_unique<Private>())
+    : d(std::make_unique<Private>(disk))
 {
-    d->workspace->disk = &disk;
+    d->backEnds = BuiltInBackEnds(disk, [this](const QString& path) -> std::shared_ptr<Database> {
+        BackEnd& owner = d->OwnerOf(path);
+        return &owner == d->backEnds.back().get() ? nullptr : owner.Open(path, OpenMode::Shared);
+    });
 }
 
 Engine::~Engine() = default;
 
 const files::Disk& Engine::Disk() const
 {
-    return *d->workspace->disk;
+    return d->disk;
+}
+
+void Engine::AddBackEnd(std::unique_ptr<BackEnd> backEnd)
+{
+    d->backEnds.insert(d->backEnds.begin(), std::move(backEnd));
 }
 
 std::shared_ptr<Database> Engine::OpenDatabase(const QString& path, OpenMode mode)
 {
-    const QString given = Disk().ToNative(path);
-    const QString canonical = QFileInfo(given).canonicalFilePath();
-    const QString native = canonical.isEmpty() ? given : canonical;
-    if (!Connection::HasOpen(native))
-        CheckFileKind(native, path);
-    auto session = std::make_shared<Session>();
-    session->path = path;
-    session->mode = mode;
-    session->workspace = d->workspace;
-    session->companion = std::make_unique<Companion>(native, path, mode);
-    const QFileInfo info(native);
-    const bool readOnly = !info.isWritable() || (Disk().GetAttr(path) & files::ReadOnly) != 0 ||
-                          !QFileInfo(info.absolutePath()).isWritable();
-    session->connection = d->Connect(native, path, readOnly);
-    if (!readOnly)
-        SweepSuperJournals(native);
-    if (session->Updatable() && session->connection.use_count() == 1)
-        TextIndex::Sweep(*session->connection);
-    return std::make_shared<SqliteDatabase>(std::move(session));
+    return d->OwnerOf(path).Open(path, mode);
 }
 
 std::shared_ptr<Database> Engine::CreateDatabase(const QString& path)
 {
     if (Disk().Found(path, files::Hidden))
         throw RuntimeError(error::kDatabaseExists, u"The database %1 already exists"_s.arg(path));
-    const QString native = Disk().ToNative(path);
-    NewFile file(native);
-    Touch(file.Path(), path);
-    {
-        Connection connection({file.Path(), path, d->workspace->lockWait, false, true});
-    }
-    file.Finish(path);
+    d->OwnerOf(path).Create(path);
     return OpenDatabase(path);
 }
 
 void Engine::CopyDatabase(const QString& source, const QString& target)
 {
-    const QString targetNative = Disk().ToNative(target);
-    const QString targetCanonical = QFileInfo(targetNative).canonicalFilePath();
-    const auto from = OpenDatabase(source, OpenMode::ReadOnly);
-    const QString sourceNative = QFileInfo(Disk().ToNative(source)).canonicalFilePath();
-    if (!targetCanonical.isEmpty()) {
-        if (targetCanonical == sourceNative)
-            throw RuntimeError(error::kFileAlreadyOpen,
-                               u"The database %1 can not be copied onto itself"_s.arg(source));
-        bool used = Connection::HasOpen(targetCanonical);
-        for (const User& user : Companion::Users(targetCanonical))
-            used = used || user.alive;
-        if (used)
-            throw RuntimeError(
-                error::kInUseByOthers,
-                u"The database %1 can not be replaced while it is open. Close it everywhere first"_s.arg(
-                    target));
-    }
-    NewFile file(targetNative);
-    Touch(file.Path(), target);
-    {
-        const BareHandle copy(file.Path());
-        const auto connection = d->Connect(sourceNative, source, true);
-        if (copy.code != SQLITE_OK)
-            throw RuntimeError(error::kCouldNotOpenFile, u"The file %1 could not be made"_s.arg(target));
-        sqlite3_backup* backup = sqlite3_backup_init(copy.handle, "main", connection->Handle(), "main");
-        const int code = backup ? sqlite3_backup_step(backup, -1) : sqlite3_errcode(copy.handle);
-        if (backup)
-            sqlite3_backup_finish(backup);
-        if (code == SQLITE_FULL)
-            throw RuntimeError(error::kDiskFull,
-                               u"The disk that %1 should be copied to is full"_s.arg(target));
-        if (code != SQLITE_DONE)
-            connection->Fail(code);
-    }
-    if (!targetCanonical.isEmpty())
-        QFile::remove(targetCanonical + u"-journal"_s);
-    file.Finish(target);
+    d->OwnerOf(source).Copy(source, target);
 }
 
 QList<User> Engine::Users(const QString& path) const
 {
-    const QString native = Disk().ToNative(path);
-    const QString canonical = QFileInfo(native).canonicalFilePath();
-    return Companion::Users(canonical.isEmpty() ? native : canonical);
+    return d->OwnerOf(path).Users(path);
 }
 
 void Engine::SetLockWait(int milliseconds)
 {
-    d->workspace->lockWait = milliseconds;
-    for (const auto& known : std::as_const(d->workspace->connections)) {
-        if (const auto connection = known.lock())
-            connection->SetLockWait(milliseconds);
-    }
+    for (const auto& backEnd : d->backEnds)
+        backEnd->SetLockWait(milliseconds);
 }
 
 } // namespace vasclip::engine

@@ -11,6 +11,8 @@ inline constexpr int kDatabaseNotFound = 3024;
 inline constexpr int kNoTransaction = 3034;
 inline constexpr int kKeyIsNull = 3058;
 inline constexpr int kUnknownInsertField = 3127;
+/// The server that holds the database can't be reached any more; what was stored before stands.
+inline constexpr int kConnectionLost = 3151;
 inline constexpr int kBadBookmark = 3159;
 inline constexpr int kRecordDeleted = 3167;
 inline constexpr int kCouldNotReadLocked = 3187; ///< a read or an opening that another user kept waiting

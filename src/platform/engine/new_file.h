@@ -8,23 +8,22 @@ namespace vasclip::engine {
 class NewFile
 {
 public:
-    explicit NewFile(const QString& target);
+    /// @param target  native path; `shown` is its drive path for messages
+    /// @throws 76 the directory is not there, 75 no right to it, 61 disk full
+    NewFile(const QString& target, const QString& shown);
     ~NewFile();
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;
 
     [[nodiscard]] const QString& Path() const { return m_path; }
-    void Finish(const QString& shown); ///< @throws 75
+    void Finish(); ///< @throws 75
 
 private:
     void Remove();
 
     QString m_target;
+    QString m_shown;
     QString m_path;
 };
-
-/// Makes an empty file for SQLite to fill, so that missing rights and full disks have their own errors.
-/// @throws 75, 76
-void Touch(const QString& native, const QString& shown);
 
 } // namespace vasclip::engine

@@ -1,7 +1,7 @@
 #include "platform/engine/sql_lexer.h"
 
 #include "platform/engine/errors.h"
-#include "platform/engine/functions.h"
+#include "platform/engine/text_values.h"
 
 namespace vasclip::engine::sql {
 

@@ -1,11 +1,11 @@
 #include "platform/engine/values.h"
 
+#include "platform/engine/collation.h"
 #include "platform/engine/errors.h"
 #include "platform/text/dates.h"
 #include "platform/text/text.h"
 
 #include <cmath>
-#include <sqlite3.h>
 
 namespace vasclip::engine {
 
@@ -161,64 +161,24 @@ QVariant FitToField(const Field& field, const QVariant& value)
     ThrowConversion(field, value);
 }
 
-int BindValue(sqlite3_stmt* statement, int index, const QVariant& value)
+void ThrowTooLong(const QString& field, int size)
 {
-    switch (value.typeId()) {
-    case QMetaType::UnknownType:
-        return sqlite3_bind_null(statement, index);
-    case QMetaType::QString: {
-        const QByteArray utf8 = value.toString().toUtf8();
-        return sqlite3_bind_text64(statement, index, utf8.constData(),
-                                   static_cast<sqlite3_uint64>(utf8.size()), SQLITE_TRANSIENT, SQLITE_UTF8);
-    }
-    case QMetaType::QByteArray: {
-        const QByteArray bytes = value.toByteArray();
-        return sqlite3_bind_blob64(statement, index, bytes.isEmpty() ? "" : bytes.constData(),
-                                   static_cast<sqlite3_uint64>(bytes.size()), SQLITE_TRANSIENT);
-    }
-    case QMetaType::Bool:
-        return sqlite3_bind_int(statement, index, value.toBool() ? 1 : 0);
-    case QMetaType::Double:
-    case QMetaType::Float:
-        return sqlite3_bind_double(statement, index, value.toDouble());
-    case QMetaType::QDateTime:
-        return sqlite3_bind_double(statement, index, ToSerial(value.toDateTime()));
-    default:
-        return sqlite3_bind_int64(statement, index, value.toLongLong());
-    }
+    throw RuntimeError(
+        error::kFieldTooLong,
+        u"A text is too long for the field '%1', which holds at most %2 characters. Nothing was stored"_s.arg(
+            field, QString::number(size)));
 }
 
-QVariant ReadValue(sqlite3_stmt* statement, int column, FieldType type)
+void ThrowNeeded(const QString& field)
 {
-    if (sqlite3_column_type(statement, column) == SQLITE_NULL)
-        return {};
-    switch (type) {
-    case FieldType::Text:
-    case FieldType::Memo: {
-        const auto* utf8 = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-        QString text = QString::fromUtf8(utf8, sqlite3_column_bytes(statement, column));
-        return text.isNull() ? QVariant(QString(u""_s)) : QVariant(std::move(text));
-    }
-    case FieldType::Boolean:
-        return sqlite3_column_int64(statement, column) != 0;
-    case FieldType::Byte:
-    case FieldType::Integer:
-    case FieldType::Long:
-        return QVariant::fromValue(static_cast<qlonglong>(sqlite3_column_int64(statement, column)));
-    case FieldType::Currency:
-    case FieldType::Single:
-    case FieldType::Double:
-        return sqlite3_column_double(statement, column);
-    case FieldType::Date:
-        return FromSerial(sqlite3_column_double(statement, column));
-    case FieldType::Binary:
-    case FieldType::LongBinary: {
-        const void* blob = sqlite3_column_blob(statement, column);
-        const int size = sqlite3_column_bytes(statement, column);
-        return size == 0 ? QByteArray("") : QByteArray(static_cast<const char*>(blob), size);
-    }
-    }
-    return {};
+    throw RuntimeError(error::kValueRequired,
+                       u"The field '%1' needs a value. Nothing was stored"_s.arg(field));
+}
+
+void ThrowOpenSet()
+{
+    throw RuntimeError(error::kSyntax,
+                       u"The statement cannot be carried out: %1"_s.arg(QLatin1StringView(kOpenSetWords)));
 }
 
 QString TypeName(FieldType type)

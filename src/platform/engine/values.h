@@ -5,8 +5,6 @@
 #include <QDateTime>
 #include <QVariant>
 
-struct sqlite3_stmt;
-
 namespace vasclip::engine {
 
 /// Days from 30 December 1899, the time of day as a fraction: how a date field is stored.
@@ -20,11 +18,10 @@ namespace vasclip::engine {
 /// may be
 [[nodiscard]] QVariant FitToField(const Field& field, const QVariant& value);
 
-/// Binds a value as it is stored; an invalid QVariant is Null. @return the code of SQLite
-[[nodiscard]] int BindValue(sqlite3_stmt* statement, int index, const QVariant& value);
-
-/// Reads a column of the current row as a value of that type.
-[[nodiscard]] QVariant ReadValue(sqlite3_stmt* statement, int column, FieldType type);
+// What a statement says of a value that its field cannot take.
+[[noreturn]] void ThrowTooLong(const QString& field, int size); ///< @throws 3163
+[[noreturn]] void ThrowNeeded(const QString& field);            ///< @throws 3314
+[[noreturn]] void ThrowOpenSet();                               ///< of a pattern of LIKE; @throws 3075
 
 /// "Text", "Memo", ...: for messages.
 [[nodiscard]] QString TypeName(FieldType type);

@@ -1,5 +1,5 @@
 #include "platform/engine/collation.h"
-#include "platform/engine/functions.h"
+#include "platform/engine/text_values.h"
 #include "platform/engine/values.h"
 #include "platform/text/dates.h"
 #include "platform/text/text.h"

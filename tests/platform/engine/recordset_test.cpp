@@ -1,4 +1,5 @@
 #include "platform/engine/home.h"
+#include "platform/engine/memory_back_end.h"
 
 namespace vasclip::engine {
 namespace {
@@ -15,12 +16,27 @@ QList<Comp> FourComps()
             {u"99 ASH LN"_s, QString(), u"250000"_s, u""_s, u""_s}};
 }
 
-struct RecordsetTest : testing::Test
+/// The kinds of database that every rule of record sets holds on.
+struct Kind
+{
+    const char* name;
+    int rowsAhead; ///< of the server in memory; 0 for the native file
+};
+
+void PrintTo(const Kind& kind, std::ostream* stream)
+{
+    *stream << kind.name;
+}
+
+struct RecordsetTest : testing::TestWithParam<Kind>
 {
     RecordsetTest()
-        : database(MakeComps(home.engine, kFile, FourComps()))
-        , table(database->OpenRecordset(u"comps"_s, RecordsetType::Table))
-    {}
+    {
+        if (GetParam().rowsAhead > 0)
+            home.engine.AddBackEnd(std::make_unique<MemoryBackEnd>(u".MDB"_s, GetParam().rowsAhead));
+        database = MakeComps(home.engine, kFile, FourComps());
+        table = database->OpenRecordset(u"comps"_s, RecordsetType::Table);
+    }
 
     std::unique_ptr<Recordset> Query(const QString& sql)
     {
@@ -35,7 +51,7 @@ struct RecordsetTest : testing::Test
 const QStringList kStored = {u"12 OAK ST"_s, u"7 ELM AVE"_s, u"1 PINE CT"_s, u"99 ASH LN"_s};
 const QStringList kByKey = {u"1 PINE CT"_s, u"12 OAK ST"_s, u"7 ELM AVE"_s, u"99 ASH LN"_s};
 
-TEST_F(RecordsetTest, TableWalksInOrderOfInsertionAndOfItsIndex)
+TEST_P(RecordsetTest, TableWalksInOrderOfInsertionAndOfItsIndex)
 {
     EXPECT_EQ(Column(*table, u"CENTRALKEY"_s), kStored);
     table->SetIndex(u"CENTRALKEY"_s);
@@ -47,7 +63,7 @@ TEST_F(RecordsetTest, TableWalksInOrderOfInsertionAndOfItsIndex)
     EXPECT_EQ(table->RecordCount(), 4);
 }
 
-TEST_F(RecordsetTest, AWholeTableShowsItsRowsWithAndWithoutGapsInTheirNumbers)
+TEST_P(RecordsetTest, AWholeTableShowsItsRowsWithAndWithoutGapsInTheirNumbers)
 {
     EXPECT_EQ(Column(*Query(u"SELECT * FROM COMPS"_s), u"CENTRALKEY"_s), kStored);
     const auto remove = [this](const QString& key) {
@@ -68,7 +84,7 @@ TEST_F(RecordsetTest, AWholeTableShowsItsRowsWithAndWithoutGapsInTheirNumbers)
     EXPECT_EQ(Query(u"SELECT * FROM COMPS"_s)->RecordCount(), 0);
 }
 
-TEST_F(RecordsetTest, MovingPastTheEndsIsError3021)
+TEST_P(RecordsetTest, MovingPastTheEndsIsError3021)
 {
     table->MoveLast();
     table->MoveNext();
@@ -83,7 +99,7 @@ TEST_F(RecordsetTest, MovingPastTheEndsIsError3021)
     EXPECT_EQ(ErrorOf([&] { table->MovePrevious(); }), error::kNoCurrentRecord);
 }
 
-TEST_F(RecordsetTest, SeekFindsWithoutCaseAndTrailingBlanks)
+TEST_P(RecordsetTest, SeekFindsWithoutCaseAndTrailingBlanks)
 {
     table->SetIndex(u"Centralkey"_s);
     for (const QString& key : {u"7 elm ave"_s, u"7 ELM AVE     "_s, u"7 Elm Ave"_s}) {
@@ -99,7 +115,7 @@ TEST_F(RecordsetTest, SeekFindsWithoutCaseAndTrailingBlanks)
     EXPECT_EQ(ErrorOf([&] { static_cast<void>(table->GetBookmark()); }), error::kNoCurrentRecord);
 }
 
-TEST_F(RecordsetTest, BookmarkBringsThePositionBack)
+TEST_P(RecordsetTest, BookmarkBringsThePositionBack)
 {
     table->SetIndex(u"Centralkey"_s);
     table->Seek(u"="_s, u"12 OAK ST"_s);
@@ -112,7 +128,7 @@ TEST_F(RecordsetTest, BookmarkBringsThePositionBack)
     EXPECT_EQ(ErrorOf([&] { table->SetBookmark(mark); }), error::kBadBookmark);
 }
 
-TEST_F(RecordsetTest, SeekRefusesWhatItCannotDo)
+TEST_P(RecordsetTest, SeekRefusesWhatItCannotDo)
 {
     EXPECT_EQ(ErrorOf([&] { table->Seek(u"="_s, u"x"_s); }), error::kNoSuchIndex);
     EXPECT_EQ(ErrorOf([&] { table->SetIndex(u"FILENUMBERUSER"_s); }), error::kNoSuchIndex);
@@ -123,7 +139,7 @@ TEST_F(RecordsetTest, SeekRefusesWhatItCannotDo)
     EXPECT_EQ(ErrorOf([&] { query->SetIndex(u"Centralkey"_s); }), error::kInvalidOperation);
 }
 
-TEST_F(RecordsetTest, EditUpdateAndCancel)
+TEST_P(RecordsetTest, EditUpdateAndCancel)
 {
     table->SetIndex(u"Centralkey"_s);
     table->Seek(u"="_s, u"12 OAK ST"_s);
@@ -147,7 +163,7 @@ TEST_F(RecordsetTest, EditUpdateAndCancel)
     EXPECT_EQ(table->Value(u"CITY"_s), u"Bend"_s);
 }
 
-TEST_F(RecordsetTest, AddNewKeepsThePosition)
+TEST_P(RecordsetTest, AddNewKeepsThePosition)
 {
     table->SetIndex(u"Centralkey"_s);
     table->Seek(u"="_s, u"12 OAK ST"_s);
@@ -161,7 +177,7 @@ TEST_F(RecordsetTest, AddNewKeepsThePosition)
     EXPECT_EQ(table->Value(u"CENTRALKEY"_s), u"13 NEW RD"_s);
 }
 
-TEST_F(RecordsetTest, RefusedChanges)
+TEST_P(RecordsetTest, RefusedChanges)
 {
     QString text;
     table->AddNew();
@@ -178,7 +194,7 @@ TEST_F(RecordsetTest, RefusedChanges)
     EXPECT_EQ(table->RecordCount(), 4);
 }
 
-TEST_F(RecordsetTest, DeleteLeavesNoCurrentRecordUntilAMove)
+TEST_P(RecordsetTest, DeleteLeavesNoCurrentRecordUntilAMove)
 {
     table->SetIndex(u"Centralkey"_s);
     table->Seek(u"="_s, u"12 OAK ST"_s);
@@ -196,7 +212,7 @@ TEST_F(RecordsetTest, DeleteLeavesNoCurrentRecordUntilAMove)
     EXPECT_EQ(query->Value(0), u"99 ASH LN"_s);
 }
 
-TEST_F(RecordsetTest, DynasetSortsByValueAndPeeks)
+TEST_P(RecordsetTest, DynasetSortsByValueAndPeeks)
 {
     const auto query =
         Query(u"SELECT COMPS.CENTRALKEY,COMPS.PHOTOS, COMPS.SELLINGPR, COMPS.PHOTOS FROM COMPS ORDER BY "
@@ -212,7 +228,7 @@ TEST_F(RecordsetTest, DynasetSortsByValueAndPeeks)
     EXPECT_EQ(query->PositionOf(query->GetBookmark()), 3);
 }
 
-TEST_F(RecordsetTest, PeeksAtComputedColumnsWithAndWithoutGapsInTheNumbers)
+TEST_P(RecordsetTest, PeeksAtComputedColumnsWithAndWithoutGapsInTheNumbers)
 {
     const QString text = u"SELECT CENTRALKEY & ' in ' & CITY AS PLACE, CITY FROM COMPS"_s;
     const QList<int> both{1, 0};
@@ -229,7 +245,7 @@ TEST_F(RecordsetTest, PeeksAtComputedColumnsWithAndWithoutGapsInTheNumbers)
     EXPECT_EQ(kept->Peek(2, {0}), whole->Peek(3, {0}));
 }
 
-TEST_F(RecordsetTest, LongValuesInPieces)
+TEST_P(RecordsetTest, LongValuesInPieces)
 {
     QByteArray picture;
     for (int i = 0; i < 100000; ++i)
@@ -258,7 +274,7 @@ TEST_F(RecordsetTest, LongValuesInPieces)
     EXPECT_FALSE(table->Value(u"FRONTPHOTO"_s).isValid());
 }
 
-TEST_F(RecordsetTest, ClosedSetsAndDatabases)
+TEST_P(RecordsetTest, ClosedSetsAndDatabases)
 {
     database->Close();
     EXPECT_EQ(ErrorOf([&] { table->MoveFirst(); }), error::kClosed);
@@ -266,7 +282,7 @@ TEST_F(RecordsetTest, ClosedSetsAndDatabases)
     EXPECT_TRUE(home.engine.Users(kFile).isEmpty());
 }
 
-TEST_F(RecordsetTest, EmptySetHasNeitherBeginningNorEnd)
+TEST_P(RecordsetTest, EmptySetHasNeitherBeginningNorEnd)
 {
     const auto query = Query(u"SELECT * FROM COMPS WHERE CITY = 'Nowhere'"_s);
     EXPECT_TRUE(query->Bof());
@@ -275,6 +291,11 @@ TEST_F(RecordsetTest, EmptySetHasNeitherBeginningNorEnd)
     EXPECT_EQ(query->RecordCount(), 0);
     EXPECT_EQ(query->AbsolutePosition(), -1);
 }
+
+INSTANTIATE_TEST_SUITE_P(Kinds, RecordsetTest,
+                         testing::Values(Kind{"Native", 0}, Kind{"ServerRowByRow", 1},
+                                         Kind{"ServerAhead", 64}),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 } // namespace
 } // namespace vasclip::engine

@@ -1,5 +1,5 @@
 #include "platform/engine/home.h"
-#include "platform/engine/sql_printer.h"
+#include "platform/engine/sqlite/sql_printer.h"
 
 #include <random>
 

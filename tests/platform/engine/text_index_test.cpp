@@ -1,6 +1,6 @@
 #include "home.h"
 
-#include "platform/engine/collation.h"
+#include "platform/engine/sqlite/functions.h"
 #include "platform/text/runtime_error.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
-#include "platform/engine/schema_tables.h"
+#include "platform/engine/sqlite/schema_tables.h"
 
-#include "platform/engine/connection.h"
+#include "platform/engine/sqlite/connection.h"
 #include "platform/engine/file_kind.h"
-#include "platform/engine/text_index.h"
+#include "platform/engine/sqlite/text_index.h"
 
 namespace vasclip::engine {
 

@@ -1,9 +1,10 @@
-#include "platform/engine/sqlite_database.h"
+#include "platform/engine/sqlite/sqlite_database.h"
 
+#include "platform/engine/copier.h"
 #include "platform/engine/dynaset.h"
 #include "platform/engine/errors.h"
-#include "platform/engine/schema_tables.h"
-#include "platform/engine/sqlite_row_store.h"
+#include "platform/engine/sqlite/schema_tables.h"
+#include "platform/engine/sqlite/sqlite_row_store.h"
 #include "platform/engine/table_recordset.h"
 
 #include <QFileInfo>
@@ -30,10 +31,7 @@ public:
         if (database.isEmpty())
             return u"main"_s;
         const files::Disk& disk = *m_session.workspace->disk;
-        // The extension may be left out.
-        QString path = database;
-        if (!disk.Found(path) && path.lastIndexOf(u'.') <= path.lastIndexOf(u'\\'))
-            path += u".MDB"_s;
+        const QString path = PathOf(database);
         const QString native = QFileInfo(disk.ToNative(path)).canonicalFilePath();
         if (native.isEmpty())
             throw RuntimeError(
@@ -43,8 +41,25 @@ public:
         return m_session.Open().Attach(native, path, readOnly);
     }
 
+    /// A database of another kind; null for the open one and for files that can be attached.
+    std::shared_ptr<Database> Foreign(const QString& database)
+    {
+        if (database.isEmpty())
+            return nullptr;
+        const auto known = m_foreign.constFind(database);
+        if (known != m_foreign.constEnd())
+            return *known;
+        return *m_foreign.insert(database, m_session.workspace->openForeign(PathOf(database)));
+    }
+
     const TableDef* Find(const QString& database, const QString& table) override
     {
+        if (const auto foreign = Foreign(database)) {
+            if (!foreign->TableNames().contains(table, Qt::CaseInsensitive))
+                return nullptr;
+            m_found.push_back(std::make_unique<TableDef>(foreign->Table(table)));
+            return m_found.back().get();
+        }
         const TableDef* found = m_session.Open().FindTable(table, Schema(database));
         if (!found)
             return nullptr;
@@ -54,8 +69,17 @@ public:
     }
 
 private:
+    /// The extension may be left out.
+    [[nodiscard]] QString PathOf(const QString& database) const
+    {
+        const bool bare = !m_session.workspace->disk->Found(database) &&
+                          database.lastIndexOf(u'.') <= database.lastIndexOf(u'\\');
+        return bare ? database + u".MDB"_s : database;
+    }
+
     const Session& m_session;
     std::vector<std::unique_ptr<TableDef>> m_found;
+    QHash<QString, std::shared_ptr<Database>> m_foreign;
 };
 
 /// Attached files go when the statement is done, unless a transaction still needs them.
@@ -69,11 +93,6 @@ struct Detaching
     Detaching& operator=(const Detaching&) = delete;
     Connection& owner;
 };
-
-sql::Plan WholeTable(const TableDef& table)
-{
-    return sql::Print(sql::WholeTable(table), [](const QString&) { return u"main"_s; });
-}
 
 void CheckName(const QString& name, const QString& what)
 {
@@ -108,13 +127,6 @@ SqliteDatabase::~SqliteDatabase()
     }
 }
 
-sql::Plan SqliteDatabase::Translate(const QString& text) const
-{
-    SessionCatalog catalog(*m_session);
-    return sql::Print(sql::Type(text, catalog, QDateTime::currentDateTime()),
-                      [&catalog](const QString& database) { return catalog.Schema(database); });
-}
-
 const TableDef& SqliteDatabase::NeedTable(const QString& name) const
 {
     const TableDef* table = Open().FindTable(name.trimmed());
@@ -130,10 +142,10 @@ std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(const QString& source, 
 {
     Connection& connection = Open();
     const QString text = source.trimmed();
-    const bool statement = text.startsWith(u"SELECT"_s, Qt::CaseInsensitive) &&
-                           (text.size() == 6 || !(text[6].isLetterOrNumber() || text[6] == u'_'));
-    if (!statement) {
-        auto store = std::make_unique<SqliteRowStore>(m_session, WholeTable(NeedTable(text)));
+    const bool selects = text.startsWith(u"SELECT"_s, Qt::CaseInsensitive) &&
+                         (text.size() == 6 || !(text[6].isLetterOrNumber() || text[6] == u'_'));
+    if (!selects) {
+        auto store = OpenRows(sql::WholeTable(NeedTable(text)));
         if (type == RecordsetType::Table)
             return std::make_unique<TableRecordset>(std::move(store));
         return std::make_unique<Dynaset>(std::move(store));
@@ -141,14 +153,22 @@ std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(const QString& source, 
     if (type == RecordsetType::Table)
         throw RuntimeError(error::kInvalidOperation, u"A query can not be opened as a table"_s);
     const Detaching detaching(connection);
-    sql::Plan plan = Translate(source);
-    if (plan.kind != sql::Statement::Kind::Select)
+    SessionCatalog catalog(*m_session);
+    const sql::TypedStatement statement = sql::Type(source, catalog, QDateTime::currentDateTime());
+    if (statement.kind != sql::Statement::Kind::Select)
         throw RuntimeError(error::kInvalidOperation,
                            u"This statement changes data and gives no records to open"_s);
-    if (!plan.tableSql.startsWith(u"\"main\""_s))
+    if (catalog.Foreign(statement.from.database) || catalog.Schema(statement.from.database) != u"main")
         throw RuntimeError(error::kInvalidOperation,
                            u"Only tables of the open database can be opened: open the other one instead"_s);
-    return std::make_unique<Dynaset>(std::make_unique<SqliteRowStore>(m_session, std::move(plan)));
+    return std::make_unique<Dynaset>(OpenRows(statement));
+}
+
+std::unique_ptr<RowStore> SqliteDatabase::OpenRows(const sql::TypedStatement& select)
+{
+    static_cast<void>(Open());
+    return std::make_unique<SqliteRowStore>(m_session,
+                                            sql::Print(select, [](const QString&) { return u"main"_s; }));
 }
 
 void SqliteDatabase::NeedUpdatable() const
@@ -170,12 +190,19 @@ void SqliteDatabase::NeedUnused(const QString& table) const
 
 qint64 SqliteDatabase::Execute(const QString& text)
 {
+    using Kind = sql::Statement::Kind;
     Connection& connection = Open();
     const Detaching detaching(connection);
-    sql::Plan plan = Translate(text);
-    using Kind = sql::Statement::Kind;
-    if (plan.kind == Kind::Select)
+    SessionCatalog catalog(*m_session);
+    const sql::TypedStatement statement = sql::Type(text, catalog, QDateTime::currentDateTime());
+    if (statement.kind == Kind::Select)
         throw RuntimeError(error::kInvalidOperation, u"A SELECT gives records: open it as a record set"_s);
+    const auto from = catalog.Foreign(statement.from.database);
+    const auto into = catalog.Foreign(statement.into.database);
+    if (from || into)
+        return CopyBetween(statement, from.get(), into.get());
+    const sql::Plan plan =
+        sql::Print(statement, [&catalog](const QString& database) { return catalog.Schema(database); });
     const bool own = plan.targetSchema == u"main";
     if (own || m_session->mode == OpenMode::ReadOnly)
         NeedUpdatable();
@@ -186,6 +213,25 @@ qint64 SqliteDatabase::Execute(const QString& text)
     writing.Commit();
     connection.Touch();
     return rows;
+}
+
+qint64 SqliteDatabase::CopyBetween(const sql::TypedStatement& statement, Database* from, Database* into)
+{
+    using Kind = sql::Statement::Kind;
+    const bool copies = statement.kind == Kind::InsertSelect || statement.kind == Kind::SelectInto;
+    const bool third = (!from && !statement.from.database.isEmpty()) ||
+                       (!into && !statement.into.database.isEmpty()) || (from && into);
+    if (!copies || third)
+        throw RuntimeError(error::kInvalidOperation,
+                           u"Between databases of different kinds, records can only be copied from or into the "
+                           "open one: open the other one instead"_s);
+    if (into && Open().Depth() > 0)
+        throw RuntimeError(error::kTooManyDatabases,
+                           u"A transaction on %1 can not reach %2, which is a database of another kind. End it "
+                           "first"_s.arg(m_session->path, into->Path()));
+    if (!into)
+        NeedUpdatable();
+    return CopyRows(statement, from ? *from : *this, into ? *into : *this);
 }
 
 qint64 SqliteDatabase::Work(const sql::Plan& plan)

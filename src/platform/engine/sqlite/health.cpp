@@ -1,10 +1,10 @@
 #include "platform/engine/health.h"
 
-#include "platform/engine/check.h"
+#include "platform/engine/sqlite/check.h"
 #include "platform/engine/errors.h"
 #include "platform/engine/new_file.h"
-#include "platform/engine/rescue.h"
-#include "platform/engine/sqlite_database.h"
+#include "platform/engine/sqlite/rescue.h"
+#include "platform/engine/sqlite/sqlite_database.h"
 
 namespace vasclip::engine {
 
@@ -12,31 +12,36 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// Every database that the engine hands out is of this kind.
-Connection& ConnectionOf(const Database& database)
+/// Null for a database of another kind, which looks after its own health.
+Connection* ConnectionOf(const Database& database)
 {
-    return dynamic_cast<const SqliteDatabase&>(database).Open();
+    const auto* native = dynamic_cast<const SqliteDatabase*>(&database);
+    return native ? &native->Open() : nullptr;
 }
 
 } // namespace
 
 QString DamageOf(const Database& database)
 {
-    return ConnectionOf(database).Damage();
+    const Connection* connection = ConnectionOf(database);
+    return connection ? connection->Damage() : QString();
 }
 
 QStringList CheckDatabase(Database& database, CheckDepth depth)
 {
-    Connection& connection = ConnectionOf(database);
-    const QStringList found = CheckFile(connection, depth);
-    if (!found.isEmpty() && connection.Damage().isEmpty())
-        connection.SetDamage(found.first());
+    Connection* connection = ConnectionOf(database);
+    if (!connection)
+        return {};
+    const QStringList found = CheckFile(*connection, depth);
+    if (!found.isEmpty() && connection->Damage().isEmpty())
+        connection->SetDamage(found.first());
     return found;
 }
 
 bool TextIndexReads(Database& database, const QString& table)
 {
-    return IndexReads(ConnectionOf(database), table);
+    Connection* connection = ConnectionOf(database);
+    return !connection || IndexReads(*connection, table);
 }
 
 std::optional<Rescued> CopyReadable(Engine& engine, const QString& source, const QString& target,
@@ -46,12 +51,15 @@ std::optional<Rescued> CopyReadable(Engine& engine, const QString& source, const
     if (disk.Found(target, files::ReadOnly | files::Hidden))
         throw RuntimeError(error::kDatabaseExists, u"The database %1 already exists"_s.arg(target));
     const auto from = engine.OpenDatabase(source, OpenMode::ReadOnly);
-    NewFile file(disk.ToNative(target));
-    Touch(file.Path(), target);
+    Connection* connection = ConnectionOf(*from);
+    if (!connection)
+        throw RuntimeError(error::kInvalidOperation,
+                           u"%1 is a database of another kind, which is not copied in this way"_s.arg(source));
+    NewFile file(disk.ToNative(target), target);
     std::optional<Rescued> rescued;
     {
         Connection fresh({.nativePath = file.Path(), .shown = target, .fresh = true});
-        rescued = CopyTables(ConnectionOf(*from), fresh, step);
+        rescued = CopyTables(*connection, fresh, step);
     }
     if (!rescued)
         return std::nullopt;
@@ -59,7 +67,7 @@ std::optional<Rescued> CopyReadable(Engine& engine, const QString& source, const
         throw RuntimeError(
             error::kCorruptDatabase,
             u"No record of %1 can be read any more, so nothing was copied. Restore it from a backup"_s.arg(source));
-    file.Finish(target);
+    file.Finish();
     return rescued;
 }
 

@@ -1,7 +1,7 @@
-#include "platform/engine/text_index.h"
+#include "platform/engine/sqlite/text_index.h"
 
-#include "platform/engine/check.h"
-#include "platform/engine/connection.h"
+#include "platform/engine/sqlite/check.h"
+#include "platform/engine/sqlite/connection.h"
 #include "platform/text/runtime_error.h"
 
 #include <QElapsedTimer>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/engine/row_store.h"
-#include "platform/engine/session.h"
+#include "platform/engine/sqlite/session.h"
 
 namespace vasclip::engine {
 

@@ -1,6 +1,6 @@
-#include "platform/engine/check.h"
+#include "platform/engine/sqlite/check.h"
 
-#include "platform/engine/connection.h"
+#include "platform/engine/sqlite/connection.h"
 #include "platform/engine/errors.h"
 
 #include <QStringDecoder>

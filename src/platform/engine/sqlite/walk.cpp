@@ -1,6 +1,6 @@
 // The walk of a SQLite table in the order of an index: each step is one range of the index.
 
-#include "platform/engine/sqlite_row_store.h"
+#include "platform/engine/sqlite/sqlite_row_store.h"
 
 namespace vasclip::engine {
 

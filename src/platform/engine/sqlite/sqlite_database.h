@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/engine/session.h"
-#include "platform/engine/text_index.h"
+#include "platform/engine/sqlite/session.h"
+#include "platform/engine/sqlite/text_index.h"
 
 namespace vasclip::engine {
 
@@ -18,6 +18,7 @@ public:
     [[nodiscard]] OpenMode Mode() const override { return m_session->mode; }
     [[nodiscard]] std::unique_ptr<Recordset> OpenRecordset(const QString& source,
                                                            RecordsetType type) override;
+    [[nodiscard]] std::unique_ptr<RowStore> OpenRows(const sql::TypedStatement& select) override;
     qint64 Execute(const QString& sql) override;
     [[nodiscard]] QStringList TableNames() const override;
     [[nodiscard]] TableDef Table(const QString& name) const override;
@@ -34,7 +35,7 @@ public:
     [[nodiscard]] Connection& Open() const { return m_session->Open(); }
 
 private:
-    [[nodiscard]] sql::Plan Translate(const QString& text) const;
+    qint64 CopyBetween(const sql::TypedStatement& statement, Database* from, Database* into);
     [[nodiscard]] const TableDef& NeedTable(const QString& name) const;
     [[nodiscard]] TextIndex IndexOf(const QString& table, const QStringList& fields) const;
     void NeedUpdatable() const;

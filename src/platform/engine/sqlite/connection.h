@@ -2,7 +2,7 @@
 
 #include "platform/engine/companion.h"
 #include "platform/engine/database.h"
-#include "platform/engine/sql_printer.h"
+#include "platform/engine/sqlite/sql_printer.h"
 #include "platform/files/disk.h"
 
 #include <QHash>

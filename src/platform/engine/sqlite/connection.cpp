@@ -1,11 +1,12 @@
-#include "platform/engine/connection.h"
+#include "platform/engine/sqlite/connection.h"
 
 #include "platform/engine/collation.h"
 #include "platform/engine/errors.h"
 #include "platform/engine/file_kind.h"
-#include "platform/engine/functions.h"
 #include "platform/engine/process.h"
-#include "platform/engine/schema_tables.h"
+#include "platform/engine/sqlite/bind_values.h"
+#include "platform/engine/sqlite/functions.h"
+#include "platform/engine/sqlite/schema_tables.h"
 #include "platform/engine/values.h"
 
 #include <QMutex>
@@ -187,19 +188,13 @@ void Connection::Fail(int code)
         const QString tooLong = QString::fromLatin1(kTooLongMark);
         if (message.startsWith(tooLong)) {
             const QString rest = message.mid(tooLong.size());
-            throw RuntimeError(
-                error::kFieldTooLong,
-                u"A text is too long for the field '%1', which holds at most %2 characters. Nothing was "
-                "stored"_s.arg(rest.section(u':', 1), rest.section(u':', 0, 0)));
+            ThrowTooLong(rest.section(u':', 1), rest.section(u':', 0, 0).toInt());
         }
         const QString needed = QString::fromLatin1(kNullMark);
         if (message.startsWith(needed))
-            throw RuntimeError(
-                error::kValueRequired,
-                u"The field '%1' needs a value. Nothing was stored"_s.arg(message.mid(needed.size())));
+            ThrowNeeded(message.mid(needed.size()));
         if (message == QLatin1StringView(kOpenSetMark))
-            throw RuntimeError(error::kSyntax,
-                               u"The statement cannot be carried out: %1"_s.arg(QLatin1StringView(kOpenSetWords)));
+            ThrowOpenSet();
         if (message.startsWith(u"parser stack overflow"_s) ||
             message.startsWith(u"Expression tree is too large"_s))
             throw RuntimeError(error::kSyntax,

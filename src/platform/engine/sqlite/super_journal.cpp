@@ -1,4 +1,4 @@
-#include "platform/engine/super_journal.h"
+#include "platform/engine/sqlite/super_journal.h"
 
 #include <QDateTime>
 #include <QDir>

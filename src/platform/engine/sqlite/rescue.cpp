@@ -1,7 +1,7 @@
-#include "platform/engine/rescue.h"
+#include "platform/engine/sqlite/rescue.h"
 
-#include "platform/engine/connection.h"
-#include "platform/engine/schema_tables.h"
+#include "platform/engine/sqlite/connection.h"
+#include "platform/engine/sqlite/schema_tables.h"
 #include "platform/text/runtime_error.h"
 
 #include <algorithm>

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "platform/engine/connection.h"
+#include "platform/engine/back_end.h"
+#include "platform/engine/sqlite/connection.h"
 
 #include <QHash>
 
@@ -17,6 +18,7 @@ struct Workspace
     const files::Disk* disk = nullptr;
     int lockWait = 5000;
     QHash<QString, std::weak_ptr<Connection>> connections;
+    OpenForeign openForeign; ///< of a database that a statement names
 };
 
 /// One opening of a database. Row stores hold it, so that it outlives the Database object that made it.

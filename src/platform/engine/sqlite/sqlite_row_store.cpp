@@ -1,4 +1,4 @@
-#include "platform/engine/sqlite_row_store.h"
+#include "platform/engine/sqlite/sqlite_row_store.h"
 
 #include "platform/engine/errors.h"
 

@@ -1,6 +1,6 @@
-#include "platform/engine/expression_printer.h"
+#include "platform/engine/sqlite/expression_printer.h"
 
-#include "platform/engine/sql_printer.h"
+#include "platform/engine/sqlite/sql_printer.h"
 
 #include <array>
 

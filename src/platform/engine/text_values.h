@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string_view>
+
+namespace vasclip::engine {
+
+/// The number that a UTF-8 text begins with, as `Val` reads it.
+[[nodiscard]] double NumberOf(std::string_view text);
+
+/// The serial of a date text (days from 30 December 1899, the time as a fraction). @return false if it is no
+/// date
+[[nodiscard]] bool SerialOf(std::string_view text, double& serial);
+
+} // namespace vasclip::engine
