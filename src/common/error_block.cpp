@@ -87,6 +87,8 @@ ErrorAction FileErrors(forms::Prompter& prompter, const RuntimeError& failure)
         prompter.Box({}, QString(kMayBeCorrupt));
         throw forms::EndOfProgram{1};
     case kCouldNotReadLocked:
+        if (TheState().givenUp == failure.Description()) // an inner step has asked
+            return ErrorAction::Raise;
         if (prompter.MsgBox(forms::Buttons::RetryCancel, forms::Icon::Exclamation, u"Vasclip"_s,
                             failure.Description() + u'.') == forms::Answer::Retry)
             return ErrorAction::Retry;

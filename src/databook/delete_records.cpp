@@ -125,7 +125,7 @@ void CompDeleteRecords(const RecordWork& work, const QStringList& keys, const QS
     if (!work.databook.Bound()) // the program closes
         return;
     const bool other = !same();
-    if (!other && work.showRecord)
+    if (!other && work.showRecord && tally.deleted > 0)
         work.showRecord(beside);
     work.status.lblmsg.Show(Told(tally, keys.size(), other),
                             tally.failed.isEmpty() && !other ? forms::Colour::Blue : forms::Colour::Red);

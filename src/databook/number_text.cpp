@@ -22,11 +22,10 @@ bool WantsNumber(const QString& field)
 
 std::optional<QString> PlainNumber(const QString& text, const QString& field)
 {
-    static const QRegularExpression kUnit(u"(sf|sqft|sq\\.ft\\.?|sq\\.?feet|squarefeet)$"_s,
+    static const QRegularExpression kUnit(u"\\s*(sf|sq\\.?\\s*ft\\.?|sq\\.?\\s*feet|square\\s*feet)$"_s,
                                           QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression kNumber(u"^(-?)\\$?([0-9]*|[0-9]{1,3}(?:,[0-9]{3})+)(?:\\.([0-9]*))?$"_s);
-    QString typed = text;
-    typed.removeIf([](QChar letter) { return letter.isSpace(); });
+    static const QRegularExpression kNumber(u"^(-?)\\s*\\$?\\s*([0-9]*|[0-9]{1,3}(?:,[0-9]{3})+)(?:\\.([0-9]*))?$"_s);
+    QString typed = text.trimmed();
     if (typed.isEmpty())
         return QString(u""_s);
     if (field != kPrice)

@@ -246,6 +246,8 @@ void QuickFind::SourceChanged()
     m_again = true;
     QTimer::singleShot(0, this, [this] {
         try {
+            if (m_held || !m_again) // whoever gave the grid its records narrows them, or has done so
+                return;
             NarrowAgain();
             m_desk.grddatabook.SetRow(std::max<qint64>(m_desk.grddatabook.Row(), 0));
         } catch (const RuntimeError& failure) {

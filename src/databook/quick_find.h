@@ -65,6 +65,8 @@ public:
     /// Narrows other records that the grid was given by the words that stand in the box, and keeps the status
     /// line as it is. Done in a later turn of the queue where nobody asks for it.
     void NarrowAgain();
+    /// While it is held, other records are narrowed by NarrowAgain alone and not when the queue turns.
+    void Hold(bool on) { m_held = on; }
 
     static constexpr int kSliceMilliseconds = 12;
 
@@ -90,6 +92,7 @@ private:
     QTimer m_timer;
     bool m_searching = false;
     bool m_narrowed = false;
+    bool m_held = false;
     bool m_again = false; ///< other records wait to be narrowed
     bool m_quiet = false; ///< nobody typed: what was said last stays
     bool m_indexed = false;

@@ -3,6 +3,7 @@
 #include "common/paths.h"
 #include "drops/slot.h"
 #include "drops/view_rule.h"
+#include "link/report_check.h"
 #include "link/reporter.h"
 #include "link/slot_photos.h"
 #include "photos/format_picture.h"
@@ -116,7 +117,7 @@ Outcome FilePictureIntoSlot(DropDesk& desk, const Drag& drag, const DropRule& ru
     link::LinkDesk& link = desk.link;
     const QString& picture = drag.picture.path;
     if (common::ParseFileName(picture).name.isEmpty())
-        return {};
+        return picture.isEmpty() ? Outcome{} : NotSent(u"%1 can not be used: give it a name without \"]\"."_s.arg(picture));
     const bool general = rule.action == DropAction::FileIntoGeneral;
     const QString whose = u"General photo %1 of the report"_s.arg(index);
     if (general && AskView(desk, u"CBOGENERAL"_s, index, picture, whose).isEmpty())
@@ -124,6 +125,12 @@ Outcome FilePictureIntoSlot(DropDesk& desk, const Drag& drag, const DropRule& ru
     if (const QString why = photos::WhyAnother(link.disk, drag.picture); !why.isEmpty())
         return {false, why, forms::Colour::Red, {}}; // while the view was asked
     forms::PictureBox& slot = SlotOf(link, rule.group, index).photo;
+    // A question stood: another report may be in front by now, and nothing has moved yet.
+    const bool asked = general || !text::Trim(link.loader.Table().ErrGetPict(slot)).isEmpty();
+    if (asked) {
+        if (const link::ReportCheck check = link::CheckReport(link); !check.Stands())
+            return NotSent(check.words);
+    }
     if (!photos::FormatPictureNow(desk.photos, picture, slot))
         return NotStored(desk, picture);
 

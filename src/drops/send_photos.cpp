@@ -1,9 +1,9 @@
 #include "drops/actions.h"
 
-#include "common/paths.h"
 #include "drops/slot.h"
 #include "drops/view_rule.h"
 #include "link/slot_icons.h"
+#include "link/slot_photos.h"
 #include "platform/text/text.h"
 
 namespace vasclip::drops {
@@ -63,7 +63,8 @@ Outcome SendRecordView(DropDesk& drops, const QString& key, const DropRule& rule
         outcome.message += told.Words();
         outcome.colour = forms::Colour::Red;
     } else if (!general && (sent == PhotoSent::Yes || sent == PhotoSent::None) && !text::Trim(before).isEmpty() &&
-               text::Folded(before) != text::Folded(slot.text.Text())) {
+               text::Folded(before) != text::Folded(slot.text.Text()) &&
+               text::Folded(before) != text::Folded(desk.state.displayAddress)) {
         // The slot names the photo's record from here on; the report's own address is still the other one.
         outcome.message += u" The data beside it are still those of %1."_s.arg(text::Trim(before));
         outcome.colour = forms::Colour::Blue;
@@ -89,8 +90,7 @@ Outcome SendShown(DropDesk& drops, const Drag& drag, const DropRule& rule, int i
     link::LinkDesk& desk = drops.link;
     if (!TakeRecord(desk, drag.key))
         return Gone(drag.key);
-    const QString stem = text::Folded(desk.lists.lstimages.List(desk.lists.lstViews.IndexOf(drag.view)));
-    if (stem != common::FileNameOnly(drag.picture.path))
+    if (text::Folded(link::PathOfView(desk, drag.view)) != text::Folded(drag.picture.path))
         return {false,
                 u"The %1 of %2 is no longer the picture that you dragged. Nothing was sent."_s.arg(drag.view, drag.key),
                 forms::Colour::Red, {}};
@@ -112,6 +112,8 @@ Outcome ReplaceSubjectPhotos(DropDesk& drops, const QString& key)
     PhotoSent worst = PhotoSent::Yes;
     QStringList missing;
     for (int i = 1; i <= 3; ++i) {
+        if (!TakeRecord(desk, key)) // the exchanges turn the queue, and the lists may be another record's
+            return Gone(key);
         const PhotoSent sent = SendView(desk, desk.slots.imaSubject(i), link::SubjectView(i));
         if (sent == PhotoSent::Kept || sent == PhotoSent::Cleared)
             missing << TellUnsent(desk, sent, link::SubjectView(i), text::Trim(key))->message;

@@ -82,6 +82,8 @@ PhotoSent SendView(link::LinkDesk& desk, forms::PictureBox& photo, const QString
         return PhotoSent::Kept;
     if (!hasView && ReportShowsPhoto(desk, photo) && !link::ClearSlotPhoto(desk, photo, false))
         return PhotoSent::Failed;
+    if (!hasView) // clearing turns the queue, and the lists may be another record's
+        static_cast<void>(TakeRecord(desk, desk.state.currentKey));
     const link::SlotSend sent = link::SendKelTheView(desk, photo, photo, photo.Index(), view);
     if (sent == link::SlotSend::Failed)
         return PhotoSent::Failed;

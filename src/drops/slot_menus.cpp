@@ -165,13 +165,17 @@ Outcome ObtainGeneral(DropDesk& desk, int index)
     slot.text.SetText(SlotText(link.state));
     const PhotoSent sent = SendView(link, slot.photo, view);
     const auto unsent = TellUnsent(link, sent, view, key);
+    const auto giveBack = [&] { // but for a slot that shows another report by now
+        if (slot.text.Text() == SlotText(link.state))
+            slot.text.SetText(before);
+    };
     if (sent == PhotoSent::Failed || sent == PhotoSent::Kept) {
-        slot.text.SetText(before);
+        giveBack();
         return *unsent;
     }
     const GeneralTold told = TellGeneral(desk, index);
     if (told.addressFailed)
-        slot.text.SetText(before);
+        giveBack();
     slot.refreshIcons(link);
     if (unsent)
         return *unsent;

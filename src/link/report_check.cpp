@@ -42,7 +42,8 @@ QString AskToRefresh(LinkDesk& desk)
     if (!refresh)
         return mirrored.isEmpty() ? messages::kNotSentUnread.arg(active)
                                   : messages::kNotSentAnother.arg(active, mirrored);
-    RefreshAppraisal(desk);
+    if (const QString told = RefreshAppraisal(desk); !told.isEmpty())
+        return told + u" Nothing was sent."_s;
     return messages::kNotSentRefreshed.arg(Mirrored(desk).isEmpty() ? active : Mirrored(desk));
 }
 

@@ -10,6 +10,8 @@
 #include "link/talk.h"
 #include "platform/text/text.h"
 
+#include <utility>
+
 namespace vasclip::link {
 
 using namespace Qt::Literals::StringLiterals;
@@ -135,6 +137,8 @@ SendResult SendBulk(LinkDesk& desk, const QString& formType, const QString& repo
     result.rows = static_cast<int>(rows.size());
     const QString formName = rows.first().formName;
     const QString topic = u"KEL|"_s + report;
+    const QString key = store::GetFieldData(desk.sources.datDatabook, u"CENTRALKEY"_s);
+    quint64 turns = desk.talk ? desk.talk->Turns() : 0;
     int row = 0;
     OutgoingField going;
     try {
@@ -143,6 +147,8 @@ SendResult SendBulk(LinkDesk& desk, const QString& formType, const QString& repo
                 desk.talk->SetStep(row, result.rows);
             going.item = formName + u'|' + rows[row].RowCell();
             const bool goOn = common::Guarded(prompter, [&] {
+                if (desk.talk && std::exchange(turns, desk.talk->Turns()) != desk.talk->Turns() && !StandOn(desk, key))
+                    throw RuntimeError(error::kNoCurrentRecord, messages::kRecordGone.arg(text::Trim(key)));
                 const std::optional<OutgoingField> field = FieldToSend(desk, rows[row], formName, comp);
                 if (!field) {
                     if (const QString what = LeftByRow(rows[row]); !what.isEmpty())

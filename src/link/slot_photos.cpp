@@ -92,6 +92,7 @@ SlotSend ShowAndSend(LinkDesk& desk, const char* routine, const forms::Control& 
                      forms::PictureBox& slot, int index)
 {
     const QString before = desk.loader.Table().ErrGetPict(slot);
+    const QString report = desk.addr.txtKelReport.Text();
     const bool loaded = Reported(desk.ports.prompter, routine,
                                  [&] { desk.loader.ErrLoadThumb(slot, desk.state.lastPicturePath); });
     if (!loaded)
@@ -99,7 +100,8 @@ SlotSend ShowAndSend(LinkDesk& desk, const char* routine, const forms::Control& 
     desk.ports.window.AppActivate();
     const SlotSend sent = KelSendSlotPhoto(desk, control, slot, index);
     desk.ports.window.AppActivate();
-    if (sent == SlotSend::Failed)
+    // A refresh from another report has shown that one's picture meanwhile.
+    if (sent == SlotSend::Failed && desk.addr.txtKelReport.Text() == report)
         ShowAgain(desk, slot, before);
     return sent;
 }
@@ -200,9 +202,10 @@ bool ClearSlotPhoto(LinkDesk& desk, forms::PictureBox& slot, bool ask)
         }
     }
     const QString before = desk.loader.Table().ErrGetPict(slot);
+    const QString report = desk.addr.txtKelReport.Text();
     desk.loader.geaClearImage(slot);
     const bool cleared = KelSendSlotPhoto(desk, slot, slot, slot.Index()) != SlotSend::Failed;
-    if (!cleared)
+    if (!cleared && desk.addr.txtKelReport.Text() == report)
         ShowAgain(desk, slot, before);
     return cleared;
 }

@@ -47,6 +47,7 @@ void Talk::End()
     if (--m_depth > 0)
         return;
     QObject::disconnect(m_wish);
+    m_cancelled = false; // what comes after it is another matter
     if (m_ownsStop)
         m_status->cmdStop.SetVisible(false);
     if (m_shown) {
@@ -69,6 +70,7 @@ void Talk::BeforeExchange()
         if (onSlow)
             onSlow();
         m_pump->DoEvents();
+        ++m_turns;
         m_sinceTurn.start();
         if (m_cancelled)
             throw RuntimeError(conduit::kUserInterrupt, messages::kCancelled);
@@ -94,6 +96,7 @@ void Talk::Waiting()
     if (onSlow && m_exchange.elapsed() + m_spentNs / kNsPerMs >= kSlowMs)
         onSlow();
     m_pump->DoEvents();
+    ++m_turns;
     m_sinceTurn.start();
     if (alone)
         Hold(false);

@@ -2,11 +2,13 @@
 
 #include "common/error_block.h"
 #include "common/paths.h"
+#include "photos/content.h"
 #include "photos/front_view.h"
 #include "photos/photo_copies.h"
 #include "photos/photo_files.h"
 #include "photos/photo_messages.h"
 #include "photos/pointed_file.h"
+#include "photos/trash.h"
 #include "photos/view_name.h"
 #include "platform/text/text.h"
 #include "store/messages.h"
@@ -36,8 +38,12 @@ bool GiveBack(PhotoDesk& desk, const QString& file)
     if (!desk.disk.FileExists(file))
         return true;
     const QString copy = CopyOf(desk, file);
-    if (desk.disk.FileExists(copy))
-        desk.disk.SetAttr(copy, files::Normal);
+    if (desk.disk.FileExists(copy)) {
+        if (!SameContent(desk.disk, file, copy)) // a picture that may be nowhere else
+            KeepInTrash(desk.disk, copy);
+        if (desk.disk.FileExists(copy))
+            desk.disk.SetAttr(copy, files::Normal);
+    }
     if (!CopyThePhoto(desk, file))
         return false;
     desk.disk.SetAttr(copy, files::Normal);

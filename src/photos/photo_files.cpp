@@ -66,7 +66,10 @@ Deletion DelPointed(const forms::Ports& ports, const files::Disk& disk, const Po
     if (another())
         return Deletion::Another;
     QString prompt;
-    return DelPict(ports, disk, pointed.path, Quiet::Yes, prompt) ? Deletion::Done : Deletion::Declined;
+    if (DelPict(ports, disk, pointed.path, Quiet::Yes, prompt))
+        return Deletion::Done;
+    why = u"%1 was not deleted."_s.arg(pointed.path);
+    return Deletion::Another;
 }
 
 QStringList DeletePhotos(const forms::Ports& ports, const files::Disk& disk, const QString& photoDir,

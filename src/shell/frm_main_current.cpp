@@ -12,6 +12,7 @@
 #include "photos/front_view.h"
 #include "platform/text/text.h"
 
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -109,6 +110,9 @@ void frm_Main::ShowRecord(const QString& key)
     qint64 row = -2;
     {
         const QScopedValueRollback<bool> showing(m_showingRecords, true);
+        // Looking a key up turns the queue; the places below are those among all records.
+        m_quickFind->Hold(true);
+        const auto release = qScopeGuard([this] { m_quickFind->Hold(false); });
         databook::DisplayAllRecords(m_base.ports, records, sources.datsql, *m_rows, globals.sortGrid);
         row = PlaceOf(wanted);
         const qint64 next = row == -2 ? PlaceOf(beside) : -1;

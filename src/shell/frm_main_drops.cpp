@@ -137,6 +137,8 @@ drops::Outcome frm_Main::Told(drops::Outcome outcome)
     const forms::Colour colour = status.lblmsg.Fore();
     if (outcome.done && !outcome.record.isEmpty())
         ShowRecord(outcome.record);
+    else if (records.grddatabook.Row() < 0 && !m_shownKey.isEmpty())
+        ShowRecordPhoto(); // of a record that the grid leaves out
     else
         grddatabook_RowColChange();
     if (!outcome.message.isEmpty())

@@ -31,6 +31,8 @@ void frm_Main::RefreshAppraisal()
         LinkSeen(Sees::Reports, addr.txtKelReport.Text() + u',');
     else if (told == link::messages::kRefreshNotRead)
         LinkSeen(Sees::Silent, {});
+    else if (told == link::messages::kRefreshCancelled)
+        LinkSeen(Sees::Nothing, {});
     else if (told == link::messages::kRefreshNoneOpen.arg(globals.formsProgram))
         LinkSeen(Sees::Reports, u"none"_s);
     else

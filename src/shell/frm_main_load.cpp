@@ -1,6 +1,7 @@
 // The start of the main window, in its fixed order.
 
 #include "common/error_block.h"
+#include "common/given_up.h"
 #include "common/paths.h"
 #include "databook/grid.h"
 #include "link/link_desk.h"
@@ -29,15 +30,21 @@ constexpr qsizetype kLongestCaption = 255;
 /// One statement of the start. A device that is not there is passed over; the rest is the central error block's.
 void frm_Main::StartStep(const std::function<void()>& step)
 {
-    if (!common::Guarded(m_base.ports.prompter, [&] {
-            try {
-                step();
-            } catch (const RuntimeError& failure) {
-                if (failure.Number() != error::kDeviceUnavailable)
-                    throw;
-            }
-        }))
-        throw Abandoned{};
+    try {
+        if (!common::Guarded(m_base.ports.prompter, [&] {
+                try {
+                    step();
+                } catch (const RuntimeError& failure) {
+                    if (failure.Number() != error::kDeviceUnavailable)
+                        throw;
+                }
+            }))
+            throw Abandoned{};
+    } catch (const RuntimeError&) {
+        // What another user holds, and the user will not wait for, the start goes without.
+        if (!common::TakeGivenUp())
+            throw;
+    }
 }
 
 /// A statement about the capture directory: there, and nowhere else, a bad name stands for a drive without its

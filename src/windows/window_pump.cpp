@@ -1,8 +1,11 @@
 #include "windows/window_pump.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <QTimer>
 #include <QWidget>
 #include <QWindow>
@@ -15,12 +18,17 @@ const QString kStopButton = QStringLiteral("cmdStop");
 
 } // namespace
 
+WindowPump::WindowPump() = default;
+WindowPump::~WindowPump() = default;
+
 void WindowPump::DoEvents()
 {
-    if (m_holds == 0) {
+    if (m_holds == 0 || m_turning) {
         QtEventPump::DoEvents();
         return;
     }
+    const QScopedValueRollback<bool> turning(m_turning, true);
+    m_modalBefore = QApplication::activeModalWidget();
     qApp->installEventFilter(this);
     const auto free = qScopeGuard([this] { qApp->removeEventFilter(this); });
     QtEventPump::DoEvents();
@@ -29,7 +37,14 @@ void WindowPump::DoEvents()
 void WindowPump::Hold(bool on)
 {
     m_holds += on ? 1 : -1;
-    if (m_holds > 0 || !m_closeWanted)
+    if (m_holds > 0)
+        return;
+    for (Typed& typed : m_typed) {
+        if (typed.window)
+            QCoreApplication::postEvent(typed.window, typed.key.release());
+    }
+    m_typed.clear();
+    if (!m_closeWanted)
         return;
     QTimer::singleShot(0, m_closeWanted.data(), [window = m_closeWanted.data()] { window->close(); });
     m_closeWanted.clear();
@@ -43,8 +58,21 @@ bool WindowPump::ForCancel(QObject* watched) const
     return false;
 }
 
+/// Letters that are typed on into a field while an answer is late are not lost.
+void WindowPump::KeepTyped(QWindow* window, const QKeyEvent& key)
+{
+    const QWidget* field = QApplication::focusWidget();
+    const bool writes =
+        qobject_cast<const QLineEdit*>(field) != nullptr || qobject_cast<const QComboBox*>(field) != nullptr;
+    if (writes && !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)))
+        m_typed.push_back({window, std::unique_ptr<QKeyEvent>(key.clone())});
+}
+
 bool WindowPump::eventFilter(QObject* watched, QEvent* event)
 {
+    const QWidget* box = QApplication::activeModalWidget();
+    if (box != nullptr && box != m_modalBefore)
+        return false;
     auto* window = qobject_cast<QWindow*>(watched);
     switch (event->type()) {
     case QEvent::Close:
@@ -58,6 +86,8 @@ bool WindowPump::eventFilter(QObject* watched, QEvent* event)
             m_stop();
             return true;
         }
+        if (window != nullptr && !ForCancel(watched))
+            KeepTyped(window, *static_cast<QKeyEvent*>(event));
         [[fallthrough]];
     case QEvent::KeyRelease:
     case QEvent::Shortcut:

@@ -339,6 +339,30 @@ TEST_F(CurrentRecord, ARecordThatTheGridLeavesOutIsTheOneOfTheWindow)
     SpeaksOf(u"3 Elder Ln"_s, u"L=Land"_s);
 }
 
+TEST_F(CurrentRecord, ARecordThatIsRenamedWithinAQuickFindStaysTheOneOfTheWindow)
+{
+    const auto rename = [this](const QString& name) {
+        ports.screens.Play([name](forms::Screen& screen) {
+            auto& shown = dynamic_cast<databook::frm_Rename&>(screen);
+            shown.cboNewName.SetText(name);
+            Q_EMIT shown.cmdRename.Clicked();
+        });
+        // Each look-up turns the queue, as the program's does.
+        ports.pump.onTurn = [] { QApplication::processEvents(); };
+        Press(u"cmdRename"_s);
+        ports.pump.onTurn = {};
+        QTest::qWait(50);
+    };
+    TypeIn(u"txtQuickFind"_s, u"r"_s); // Birch Rd, Cedar, Oak Dr
+    QTest::qWait(20);
+    ClickRow(1);
+    rename(u"3 Cedar Row"_s);
+    SpeaksOf(u"3 Cedar Row"_s, u"L=Land"_s);
+    rename(u"3 Elm St"_s); // not among those that hold an r, while others are
+    EXPECT_EQ(Grid().model()->rowCount(), 2);
+    SpeaksOf(u"3 Elm St"_s, u"L=Land"_s, false);
+}
+
 TEST_F(CurrentRecord, SeveralSelectedRowsAreDeletedByOneQuestion)
 {
     ClickRow(0);

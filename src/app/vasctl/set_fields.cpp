@@ -6,6 +6,7 @@
 #include "databook/comp_types.h"
 #include "databook/entry_record.h"
 #include "databook/messages.h"
+#include "databook/number_text.h"
 #include "platform/text/dates.h"
 #include "platform/text/text.h"
 
@@ -25,7 +26,7 @@ struct Wrong
 
 const QStringList kComputed{u"LOADSERIAL"_s, u"SALESERIAL"_s, u"MODIFIEDDATE"_s, u"PRICEGLA"_s};
 const QStringList kDates{u"SALEDATE"_s, u"LEASEDATE"_s, u"LOADDATE"_s};
-const QStringList kNumbers{u"SELLINGPR"_s, u"GLA"_s, u"AGE"_s};
+const QStringList kNumbers{u"AGE"_s};
 
 QString DateIn(const QString& field, const QString& value, QDate today)
 {
@@ -48,6 +49,13 @@ QString ValueIn(const engine::Field& field, const QString& value, QDate today)
             u"%1 belongs to the photos of the record, which are kept with 'vasctl photos'."_s.arg(name)};
     if (kComputed.contains(name))
         throw Wrong{u"%1 is computed from other fields; set those."_s.arg(name)};
+    if (databook::WantsNumber(name)) {
+        const std::optional<QString> plain = databook::PlainNumber(value, name);
+        if (!plain)
+            throw Wrong{u"%1 takes digits, not '%2'."_s.arg(name, value)};
+        if (plain->size() <= field.size)
+            return *plain;
+    }
     if (field.type == engine::FieldType::Text && value.size() > field.size)
         throw Wrong{u"%1 takes at most %2 characters; the value has %3."_s.arg(name)
                         .arg(field.size)

@@ -147,7 +147,7 @@ public:
 
 private:
     struct Private;
-    std::unique_ptr<Private> d;
+    std::shared_ptr<Private> d; ///< what a database that outlives the engine asks for is gone with it
 };
 
 /// Begins a transaction and rolls it back unless committed.

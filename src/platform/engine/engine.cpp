@@ -24,12 +24,16 @@ struct Engine::Private
 };
 
 Engine::Engine(const files::Disk& disk)
-    : d(std::make_unique<Private>(disk))
+    : d(std::make_shared<Private>(disk))
 {
-    d->backEnds = BuiltInBackEnds(disk, [this](const QString& path) -> std::shared_ptr<Database> {
-        BackEnd& owner = d->OwnerOf(path);
-        return &owner == d->backEnds.back().get() ? nullptr : owner.Open(path, OpenMode::Shared);
-    });
+    d->backEnds = BuiltInBackEnds(
+        disk, [weak = std::weak_ptr(d)](const QString& path) -> std::shared_ptr<Database> {
+            const std::shared_ptr<Private> engine = weak.lock();
+            if (!engine)
+                return nullptr;
+            BackEnd& owner = engine->OwnerOf(path);
+            return &owner == engine->backEnds.back().get() ? nullptr : owner.Open(path, OpenMode::Shared);
+        });
 }
 
 Engine::~Engine() = default;

@@ -35,10 +35,11 @@ Places::Places(const std::vector<Bookmark>& bookmarks)
 qint64 Places::Of(Bookmark bookmark) const
 {
     const auto id = static_cast<qint64>(bookmark);
-    if (!m_table.empty())
-        return id >= m_first && id - m_first < static_cast<qint64>(m_table.size())
-                   ? m_table[static_cast<std::size_t>(id - m_first)]
-                   : -1;
+    if (!m_table.empty()) {
+        // Unsigned: what lies before the first one is far behind the last.
+        const quint64 place = static_cast<quint64>(id) - static_cast<quint64>(m_first);
+        return place < m_table.size() ? m_table[place] : -1;
+    }
     const auto found =
         std::lower_bound(m_sorted.begin(), m_sorted.end(), bookmark,
                          [](const Entry& entry, Bookmark wanted) { return entry.bookmark < wanted; });

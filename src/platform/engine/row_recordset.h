@@ -20,7 +20,10 @@ public:
     explicit RowRecordset(std::unique_ptr<RowStore> store);
 
     [[nodiscard]] bool Updatable() const override;
-    [[nodiscard]] EditMode CurrentEditMode() const override { return m_mode; }
+    [[nodiscard]] EditMode CurrentEditMode() const override
+    {
+        return m_store && m_store->IsOpen() ? m_mode : EditMode::None;
+    }
     void Edit() override;
     void AddNew() override;
     void Update() override;

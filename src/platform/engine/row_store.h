@@ -52,7 +52,8 @@ public:
     RowStore& operator=(const RowStore&) = delete;
 
     [[nodiscard]] virtual const RowShape& Shape() const = 0;
-    virtual void NeedOpen() const = 0;                  ///< @throws 3420 when the database was closed
+    [[nodiscard]] virtual bool IsOpen() const = 0; ///< false when the database was closed
+    virtual void NeedOpen() const = 0;             ///< @throws 3420 then
     /// May this user change the table's rows, in this opening?
     [[nodiscard]] virtual bool Updatable() const = 0;
     /// Why not, and what to do: a sentence without its full stop.

@@ -429,7 +429,8 @@ TypedPtr ExpressionTyper::Call(const Expression& node)
     if (node.text == u"CDATE") {
         NeedArguments(node, 1, 1);
         const TypedPtr date = AsDate(Argument(node, 0));
-        return Is(date, Yield::Date) ? date : Convert(date, Yield::Date);
+        // Even of a date column it is a computed value, which can't be written through.
+        return Is(date, Yield::Date) && date->field < 0 ? date : Convert(date, Yield::Date);
     }
     if (node.text == u"ABS" || node.text == u"INT" || node.text == u"STR") {
         NeedArguments(node, 1, 1);
@@ -488,14 +489,14 @@ TypedPtr ExpressionTyper::Type(const Expression& node)
     case Kind::Binary:
         return Binary(node);
     case Kind::Like: {
-        const Expression& wanted = *node.arguments[1];
-        if (wanted.kind == Kind::Text && HasOpenSet(wanted.text.toStdString()))
-            ThrowSyntax(m_statement, wanted.at, QString::fromLatin1(kOpenSetWords));
         const TypedPtr text = AsText(WithoutCase(*node.arguments[0]));
+        const TypedPtr pattern = AsText(WithoutCase(*node.arguments[1]));
+        if (pattern->kind == Typed::Kind::Literal && HasOpenSet(pattern->value.toString().toStdString()))
+            ThrowSyntax(m_statement, node.arguments[1]->at, QString::fromLatin1(kOpenSetWords));
         return Node({.kind = Typed::Kind::Like,
                      .yield = Yield::Truth,
                      .negated = node.negated,
-                     .arguments = {text, AsText(WithoutCase(wanted))}});
+                     .arguments = {text, pattern}});
     }
     case Kind::Between:
         return Between(node);

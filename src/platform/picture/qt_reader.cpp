@@ -15,6 +15,8 @@
 
 using namespace Qt::Literals::StringLiterals;
 
+#include <limits>
+
 namespace vasclip::picture {
 
 namespace {
@@ -124,6 +126,8 @@ Facts DescribeWithQt(QIODevice& device, const QString& name)
     Facts facts;
     if (const auto head = ReadBmpHead(device.peek(kBmpHead)); head && head->length > 12 && head->length < 40) {
         // A head of OS/2 that was cut short, which the reader takes for an older one.
+        if (head->width <= 0 || head->height == 0 || head->height <= std::numeric_limits<qint32>::min())
+            Refuse(name, u"its header names no size"_s);
         facts.size = {static_cast<int>(head->width), std::abs(static_cast<int>(head->height))};
         facts.format = u"BMP"_s;
         TakePixelFacts(facts, device);

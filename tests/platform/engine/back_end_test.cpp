@@ -129,6 +129,40 @@ TEST_F(BackEndTest, AWindowReadAheadGoesWithAChange)
     EXPECT_EQ(table->Value(u"CENTRALKEY"_s), u"001 OAK ST"_s);
 }
 
+TEST_F(BackEndTest, WhatAnotherUserDeletesAheadIsToldWhenItIsReached)
+{
+    table->MoveFirst();
+    table->MoveNext();
+    const auto other = home.engine.OpenDatabase(kServer);
+    const auto theirs = other->OpenRecordset(u"COMPS"_s, RecordsetType::Table);
+    theirs->SetIndex(u"Centralkey"_s);
+    theirs->Seek(u"="_s, u"002 OAK ST"_s);
+    theirs->Delete();
+    table->MoveNext();
+    EXPECT_EQ(ErrorOf([&] { static_cast<void>(table->Value(u"CENTRALKEY"_s)); }), error::kRecordDeleted);
+    table->MoveNext();
+    EXPECT_EQ(table->Value(u"CENTRALKEY"_s), u"003 OAK ST"_s);
+}
+
+TEST_F(BackEndTest, AChangeThatOvertakesASlowOneIsNotOverwritten)
+{
+    table->Seek(u"="_s, u"003 OAK ST"_s);
+    table->Edit();
+    table->SetValue(u"CITY"_s, u"Dover"_s);
+    server->faults.delay = [this] {
+        server->faults.delay = {}; // on its way to the server, another one arrives
+        const auto theirs = home.engine.OpenDatabase(kServer)->OpenRecordset(u"COMPS"_s, RecordsetType::Table);
+        theirs->SetIndex(u"Centralkey"_s);
+        theirs->Seek(u"="_s, u"003 OAK ST"_s);
+        theirs->Edit();
+        theirs->SetValue(u"CITY"_s, u"Bend"_s);
+        theirs->Update();
+    };
+    EXPECT_EQ(ErrorOf([&] { table->Update(); }), error::kDataChanged);
+    table->CancelUpdate();
+    EXPECT_EQ(table->Value(u"CITY"_s), u"Bend"_s);
+}
+
 TEST_F(BackEndTest, RightsAreOfATable)
 {
     EXPECT_TRUE(table->Updatable());
@@ -204,9 +238,12 @@ TEST_F(BackEndTest, ATransactionReachesOneKindOnly)
 
 TEST_F(BackEndTest, ACopyThatBreaksOffLeavesTheTargetAsItWas)
 {
-    const auto file = MakeComps(home.engine, kFile, {{u"9 PINE"_s, u"Bend"_s, {}, {}, {}}});
-    // Opening, reading the keys and the first rows succeed.
-    server->faults.failAfter = 5;
+    const auto file = MakeComps(home.engine, kFile,
+                                {{u"7 PINE"_s, u"Bend"_s, {}, {}, {}},
+                                 {u"8 PINE"_s, u"Bend"_s, {}, {}, {}},
+                                 {u"9 PINE"_s, u"Bend"_s, {}, {}, {}}});
+    // Looking at the tables, beginning, and storing the first row succeed.
+    server->faults.failAfter = 7;
     EXPECT_EQ(ErrorOf([&] { file->Execute(u"INSERT INTO [C:\\OFFICE.SRV].[COMPS] SELECT * FROM COMPS"_s); }),
               error::kConnectionLost);
     server->faults.failAfter = -1;

@@ -26,6 +26,7 @@ public:
     MemoryRowStore(std::shared_ptr<MemoryOpening> opening, sql::TypedStatement select);
 
     [[nodiscard]] const RowShape& Shape() const override { return m_shape; }
+    [[nodiscard]] bool IsOpen() const override { return m_opening->open; }
     void NeedOpen() const override;
     [[nodiscard]] bool Updatable() const override;
     [[nodiscard]] QString WhyReadOnly() const override

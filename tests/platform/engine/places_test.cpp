@@ -20,6 +20,7 @@ TEST(Places, OfNumbersCloseTogetherFarApartAndHuge)
 {
     Expect({});
     Expect({Bookmark{3}, Bookmark{1}, Bookmark{2}});
+    Expect({Bookmark{-3}, Bookmark{-1}, Bookmark{-2}});
     Expect({Bookmark{900}, Bookmark{7}, Bookmark{123'456'789'012}});
     // Nothing of the size of the numbers is allocated.
     Expect({Bookmark{std::numeric_limits<qint64>::max()}, Bookmark{std::numeric_limits<qint64>::min()},

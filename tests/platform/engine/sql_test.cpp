@@ -378,6 +378,10 @@ TEST(Translate, GivesSqliteTextAndBindings)
         {u"SELECT * FROM COMPS ORDER BY Comps.SELLINGPR DESC, CITY",
          u"SELECT vas_id FROM \"main\".\"COMPS\" ORDER BY vas_num(\"SELLINGPR\") DESC, \"CITY\" COLLATE VAS",
          {}},
+        {u"SELECT * FROM COMPS WHERE CITY LIKE '*a*' AND CITY LIKE GLA",
+         u"SELECT vas_id FROM \"main\".\"COMPS\" WHERE ((vas_like(\"CITY\", ?1)) AND (vas_like(\"CITY\", "
+         u"vas_pattern(\"GLA\"))))",
+         {u"*a*"_s}},
         {u"DELETE FROM COMPS WHERE SALEDATE <= #1/1/1900#",
          u"DELETE FROM \"main\".\"COMPS\" WHERE (vas_date(\"SALEDATE\") <= ?1)",
          {2.0}},

@@ -109,10 +109,13 @@ void SqliteRowStore::ReadKeys(const std::function<bool(std::span<const Bookmark>
     std::vector<Bookmark> ids;
     if (m_plan.whole) {
         if (const auto run = RunWithoutGap()) {
-            ids.reserve(static_cast<std::size_t>(run->second - run->first + 1));
-            for (qint64 id = run->first; id <= run->second; ++id)
-                ids.push_back(Bookmark{id});
-            static_cast<void>(sink(ids));
+            for (qint64 id = run->first; id <= run->second;) {
+                ids.clear();
+                for (; id <= run->second && ids.size() < kPiece; ++id)
+                    ids.push_back(Bookmark{id});
+                if (!sink(ids))
+                    return;
+            }
             return;
         }
     }
@@ -149,20 +152,21 @@ QVariantList SqliteRowStore::ReadComputed()
     return values;
 }
 
-/// The statement up to its condition.
-const QString& SqliteRowStore::SelectOf(const QList<int>& fields)
+const SqliteRowStore::Select& SqliteRowStore::SelectOf(const QList<int>& fields)
 {
-    if (!m_select.isEmpty() && fields == m_selected)
-        return m_select;
+    Select& select = fields.size() == m_shape.fields.size() ? m_row : m_some;
+    if (!select.head.isEmpty() && fields == select.fields)
+        return select;
     QStringList columns{IdName(), VersionName()};
     for (const int field : fields) {
         const sql::OutputColumn& column = m_plan.columns[field];
         columns.append(column.field.type == FieldType::LongBinary ? u"length(%1)"_s.arg(column.sql)
                                                                   : column.sql);
     }
-    m_selected = fields;
-    m_select = u"SELECT %1 FROM %2 WHERE %3 "_s.arg(columns.join(u", "_s), m_plan.tableSql, IdName());
-    return m_select;
+    select.fields = fields;
+    select.head = u"SELECT %1 FROM %2 WHERE %3 "_s.arg(columns.join(u", "_s), m_plan.tableSql, IdName());
+    select.one = select.head + u"= ?1"_s;
+    return select;
 }
 
 StoredRow SqliteRowStore::RowOf(const Query& query, const QList<int>& fields) const
@@ -182,7 +186,7 @@ std::vector<std::optional<StoredRow>> SqliteRowStore::Read(std::span<const Bookm
                                                            const QList<int>& fields)
 {
     Connection& connection = Open();
-    const QString select = SelectOf(fields);
+    const Select select = SelectOf(fields);
     std::vector<std::optional<StoredRow>> rows(ids.size());
     bool run = ids.size() > 1;
     for (std::size_t i = 1; run && i < ids.size(); ++i)
@@ -190,7 +194,7 @@ std::vector<std::optional<StoredRow>> SqliteRowStore::Read(std::span<const Bookm
     if (run) {
         // A run of identities takes one statement instead of one for each row.
         const Reading together(connection);
-        Query query(connection, select + u"BETWEEN ?1 AND ?1 + %1 ORDER BY %2"_s.arg(
+        Query query(connection, select.head + u"BETWEEN ?1 AND ?1 + %1 ORDER BY %2"_s.arg(
                                              QString::number(ids.size() - 1), IdName()));
         query.Bind(1, Number(ids.front())).BindAll(m_plan.columnBindings, 2);
         while (query.Step())
@@ -203,7 +207,7 @@ std::vector<std::optional<StoredRow>> SqliteRowStore::Read(std::span<const Bookm
         lock.emplace(connection, u"SELECT 1 FROM sqlite_master"_s);
         static_cast<void>(lock->Step());
     }
-    Query query(connection, select + u"= ?1"_s);
+    Query query(connection, select.one);
     query.BindAll(m_plan.columnBindings, 2);
     for (std::size_t i = 0; i < ids.size(); ++i) {
         query.Bind(1, Number(ids[i]));

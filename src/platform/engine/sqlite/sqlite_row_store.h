@@ -18,6 +18,7 @@ public:
     void Release();
 
     [[nodiscard]] const RowShape& Shape() const override { return m_shape; }
+    [[nodiscard]] bool IsOpen() const override { return m_connection != nullptr; }
     void NeedOpen() const override { static_cast<void>(Open()); }
     [[nodiscard]] bool Updatable() const override { return m_connection && m_session->Updatable(); }
     [[nodiscard]] QString WhyReadOnly() const override { return m_session->WhyReadOnly(); }
@@ -43,6 +44,7 @@ private:
     /// The columns of an index, as its order is said.
     struct Keys
     {
+        QString index; ///< its name
         QStringList columns; ///< quoted
         QList<FieldType> types;
         bool unique = false;
@@ -50,9 +52,15 @@ private:
 
     [[nodiscard]] Connection& Open() const; ///< @throws 3420 when closed
     [[nodiscard]] std::optional<std::pair<qint64, qint64>> RunWithoutGap() const;
-    [[nodiscard]] const QString& SelectOf(const QList<int>& fields);
+    struct Select
+    {
+        QList<int> fields;
+        QString head; ///< up to the condition on the identity
+        QString one;  ///< of one row
+    };
+    [[nodiscard]] const Select& SelectOf(const QList<int>& fields);
     [[nodiscard]] StoredRow RowOf(const Query& query, const QList<int>& fields) const;
-    [[nodiscard]] Keys KeysOf(const IndexDef* index) const;
+    [[nodiscard]] const Keys& KeysOf(const IndexDef* index);
     [[nodiscard]] static Stand StandAt(const Query& query, const Keys& keys);
     [[nodiscard]] std::optional<Stand> Edge(const Keys& keys, bool last);
     [[nodiscard]] std::optional<Stand> Neighbour(const Keys& keys, const Stand& from, bool back);
@@ -61,8 +69,9 @@ private:
     std::shared_ptr<Connection> m_connection; ///< null when closed
     sql::Plan m_plan;
     RowShape m_shape;
-    QList<int> m_selected; ///< the fields that m_select reads
-    QString m_select;
+    Select m_row;  ///< reads every field
+    Select m_some; ///< reads those that were asked for last
+    Keys m_keys;   ///< of the index walked last
     QString m_versionSql;
     QString m_seekIndex; ///< the index that m_seekSql seeks in
     QString m_seekSql;

@@ -2,6 +2,8 @@
 
 #include "platform/engine/sqlite/sqlite_row_store.h"
 
+#include <algorithm>
+
 namespace vasclip::engine {
 
 using namespace Qt::Literals::StringLiterals;
@@ -61,20 +63,22 @@ QString Shown(const QStringList& columns)
 
 } // namespace
 
-SqliteRowStore::Keys SqliteRowStore::KeysOf(const IndexDef* index) const
+const SqliteRowStore::Keys& SqliteRowStore::KeysOf(const IndexDef* index)
 {
-    Keys keys;
+    const QString name = index ? index->name : QString();
+    if (m_keys.index == name)
+        return m_keys;
+    m_keys = {name, {}, {}, index && (index->unique || index->primary)};
     if (!index)
-        return keys;
-    keys.unique = index->unique || index->primary;
-    for (const QString& name : index->fields) {
-        keys.columns.append(QuoteName(name));
-        for (const Field& field : m_plan.table.fields) {
-            if (field.name.compare(name, Qt::CaseInsensitive) == 0)
-                keys.types.append(field.type);
-        }
+        return m_keys;
+    for (const QString& column : index->fields) {
+        m_keys.columns.append(QuoteName(column));
+        const auto field = std::find_if(
+            m_plan.table.fields.begin(), m_plan.table.fields.end(),
+            [&](const Field& one) { return one.name.compare(column, Qt::CaseInsensitive) == 0; });
+        m_keys.types.append(field->type);
     }
-    return keys;
+    return m_keys;
 }
 
 Stand SqliteRowStore::StandAt(const Query& query, const Keys& keys)
@@ -87,7 +91,7 @@ Stand SqliteRowStore::StandAt(const Query& query, const Keys& keys)
 
 std::optional<Stand> SqliteRowStore::StandOf(const IndexDef* index, Bookmark id)
 {
-    const Keys keys = KeysOf(index);
+    const Keys& keys = KeysOf(index);
     Query query(Open(),
                 u"SELECT %1 FROM %2 WHERE %3 = ?1"_s.arg(Shown(keys.columns), m_plan.tableSql, IdName()));
     query.Bind(1, static_cast<qint64>(id));
@@ -138,7 +142,7 @@ std::optional<Stand> SqliteRowStore::Neighbour(const Keys& keys, const Stand& fr
 
 std::vector<Stand> SqliteRowStore::Walk(const IndexDef* index, const Stand* from, bool back, int)
 {
-    const Keys keys = KeysOf(index);
+    const Keys& keys = KeysOf(index);
     std::optional<Stand> next = from ? Neighbour(keys, *from, back) : Edge(keys, back);
     std::vector<Stand> stands;
     if (next)
@@ -148,7 +152,7 @@ std::vector<Stand> SqliteRowStore::Walk(const IndexDef* index, const Stand* from
 
 qint64 SqliteRowStore::CountBefore(const IndexDef* index, const Stand& stand)
 {
-    const Keys keys = KeysOf(index);
+    const Keys& keys = KeysOf(index);
     const QStringList terms = Terms(keys.columns);
     const QVariantList values = Values(stand);
     qint64 rows = 0;
@@ -170,7 +174,7 @@ qint64 SqliteRowStore::CountBefore(const IndexDef* index, const Stand& stand)
 std::optional<Bookmark> SqliteRowStore::Seek(const IndexDef& index, const QString& key)
 {
     if (m_seekSql.isEmpty() || m_seekIndex != index.name) {
-        const Keys keys = KeysOf(&index);
+        const Keys& keys = KeysOf(&index);
         m_seekIndex = index.name;
         m_seekSql =
             u"SELECT %1 FROM %2 WHERE %3 = ?1"_s.arg(IdName(), m_plan.tableSql, keys.columns.front());
