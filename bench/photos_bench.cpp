@@ -81,8 +81,8 @@ private:
 class NoQuestions : public photos::PhotoQuestions
 {
 public:
-    forms::Answer Overwrite(const QString&, const QString&) override { return forms::Answer::Yes; }
-    QString View(const QString&, const QString& proposal) override { return proposal; }
+    forms::Answer Overwrite(const QString&, const QString&, const QString&) override { return forms::Answer::Yes; }
+    QString View(const QString&, const QString& proposal, const QString&) override { return proposal; }
 };
 
 /// A desk to file pictures on, in a home of its own.
