@@ -43,7 +43,7 @@ QString AskToRefresh(LinkDesk& desk)
         return mirrored.isEmpty() ? messages::kNotSentUnread.arg(active)
                                   : messages::kNotSentAnother.arg(active, mirrored);
     if (const QString told = RefreshAppraisal(desk); !told.isEmpty())
-        return told + u" Nothing was sent."_s;
+        return told + QStringLiteral(" Nothing was sent.");
     return messages::kNotSentRefreshed.arg(Mirrored(desk).isEmpty() ? active : Mirrored(desk));
 }
 
