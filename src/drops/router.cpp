@@ -170,8 +170,6 @@ std::optional<Outcome> Router::Guards(const Drag& drag, const DropRule& rule, fo
 {
     link::LinkDesk& desk = m_desk.link;
     const Place place = PlaceOf(target.Name());
-    if (!Accepts(drag.source, target)) // a page that the report does not have takes nothing, without a word
-        return Outcome{};
     if (place != Place::Elsewhere) {
         if (const link::ReportCheck check = link::CheckReport(desk); !check.Stands())
             return NotSent(check.words);

@@ -151,7 +151,8 @@ TEST_F(BackEndTest, AChangeThatOvertakesASlowOneIsNotOverwritten)
     table->SetValue(u"CITY"_s, u"Dover"_s);
     server->faults.delay = [this] {
         server->faults.delay = {}; // on its way to the server, another one arrives
-        const auto theirs = home.engine.OpenDatabase(kServer)->OpenRecordset(u"COMPS"_s, RecordsetType::Table);
+        const auto other = home.engine.OpenDatabase(kServer);
+        const auto theirs = other->OpenRecordset(u"COMPS"_s, RecordsetType::Table);
         theirs->SetIndex(u"Centralkey"_s);
         theirs->Seek(u"="_s, u"003 OAK ST"_s);
         theirs->Edit();

@@ -9,8 +9,8 @@ using namespace Qt::Literals::StringLiterals;
 void MemoryServer::Call()
 {
     ++calls;
-    if (faults.delay)
-        faults.delay();
+    if (const auto delay = faults.delay) // which may take itself away
+        delay();
     if (faults.failAfter == 0)
         throw RuntimeError(error::kConnectionLost, u"The connection to the server is lost"_s);
     if (faults.failAfter > 0)
