@@ -88,7 +88,7 @@ qint64 CopyRows(const sql::TypedStatement& statement, Database& source, Database
     qint64 stored = 0;
     for (std::size_t first = 0; first < ids.size(); first += kRowsAtOnce) {
         const std::span some = std::span(ids).subspan(first, std::min(kRowsAtOnce, ids.size() - first));
-        const auto read = rows->Read(some, all);
+        const auto read = rows->Read(some, all, Longs::Sizes);
         for (std::size_t i = 0; i < some.size(); ++i) {
             if (!read[i])
                 continue; // somebody deleted it meanwhile

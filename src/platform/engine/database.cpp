@@ -69,7 +69,7 @@ TextHits Database::FindText(const TextSearch& search)
         if (first > 0 && timer.elapsed() >= search.milliseconds)
             return hits;
         const std::span some = std::span(ids).subspan(first, std::min(kRowsAtOnce, ids.size() - first));
-        const auto read = rows->Read(some, places);
+        const auto read = rows->Read(some, places, Longs::Sizes);
         for (std::size_t i = 0; i < some.size(); ++i) {
             if (read[i] && HoldsAll(read[i]->values, search.words))
                 hits.ids.push_back(some[i]);

@@ -160,15 +160,8 @@ void Dynaset::ReadPage(qint64 first, const QList<int>& fields) const
     page.generation = store.Generation();
     const auto rows = static_cast<std::size_t>(std::min(kPageRows, Count() - first));
     const std::span<const Bookmark> ids{m_ids.data() + first, rows};
-    for (auto& row : store.Read(ids, fields)) {
-        // Of a long binary value the row has the size alone.
-        const Bookmark id = ids[static_cast<std::size_t>(page.rows.size())];
-        for (qsizetype i = 0; row && i < fields.size(); ++i) {
-            if (Fields()[fields[i]].type == FieldType::LongBinary && row->values[i].isValid())
-                row->values[i] = store.ReadLong(id, fields[i]);
-        }
+    for (auto& row : store.Read(ids, fields, Longs::Whole))
         page.rows.append(row ? std::move(row->values) : QVariantList());
-    }
     page.read = Clock::now();
     m_page = std::move(page);
 }

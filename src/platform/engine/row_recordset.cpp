@@ -93,7 +93,7 @@ std::optional<RowRecordset::Row> RowRecordset::ReadRow(Bookmark id) const
 {
     RowStore& store = Store();
     const quint64 generation = store.Generation();
-    auto rows = store.Read({&id, 1}, m_all);
+    auto rows = store.Read({&id, 1}, m_all, Longs::Sizes);
     if (!rows.front())
         return std::nullopt;
     return Row{id, generation, std::move(*rows.front())};
@@ -236,6 +236,24 @@ void RowRecordset::CheckRequired(bool adding) const
     }
 }
 
+/// Remembers the row as another user left it. @return false while it can't be read for him: what is remembered stays,
+/// so that storing again is refused again, and is not current any more. @throws 3167
+bool RowRecordset::ReadFresh()
+{
+    try {
+        std::optional<Row> fresh = ReadRow(m_row->id);
+        if (!fresh)
+            throw RuntimeError(error::kRecordDeleted, u"The record was deleted by somebody else meanwhile"_s);
+        m_row = std::move(fresh);
+        return true;
+    } catch (const RuntimeError& failure) {
+        if (failure.Number() != error::kCouldNotReadLocked)
+            throw;
+        m_current = false;
+        return false;
+    }
+}
+
 void RowRecordset::StoreChanges()
 {
     switch (Store().Update(m_row->id, m_row->stored.version, m_changes)) {
@@ -246,10 +264,9 @@ void RowRecordset::StoreChanges()
     case UpdateOutcome::Changed:
         break;
     }
-    std::optional<Row> fresh = ReadRow(m_row->id);
-    if (!fresh)
-        throw RuntimeError(error::kRecordDeleted, u"The record was deleted by somebody else meanwhile"_s);
-    m_row = std::move(fresh);
+    if (!ReadFresh())
+        throw RuntimeError(error::kDataChanged, u"The data has changed: somebody else changed this record since it was "
+                                                "opened for editing, and holds it still. Nothing was stored"_s);
     throw RuntimeError(
         error::kDataChanged,
         u"The data has changed: somebody else changed this record since it was opened for editing. "

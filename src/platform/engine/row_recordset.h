@@ -75,6 +75,7 @@ private:
     [[nodiscard]] const QVariant* Changed(int field) const;
     void NeedUpdatable() const;
     void CheckRequired(bool adding) const;
+    [[nodiscard]] bool ReadFresh();
     void StoreChanges();
 
     std::unique_ptr<RowStore> m_store;

@@ -38,6 +38,9 @@ struct Stand
     QVariantList key;
 };
 
+/// What a reading of rows gives of a long binary field.
+enum class Longs { Sizes, Whole };
+
 enum class UpdateOutcome { Done, Changed, Gone };
 
 /// What a back end does for one record set: the rows of a table or of a query, by identity, and the walk along
@@ -67,10 +70,11 @@ public:
     /// The one row of a computed shape.
     [[nodiscard]] virtual QVariantList ReadComputed() = 0;
     /// Reads rows in one call.
-    /// @param fields  of the shape; the values come in this order, of a long binary field its size
+    /// @param fields  of the shape; the values come in this order
     /// @return for each of `ids` its row; nothing for one that is gone
     [[nodiscard]] virtual std::vector<std::optional<StoredRow>> Read(std::span<const Bookmark> ids,
-                                                                     const QList<int>& fields) = 0;
+                                                                     const QList<int>& fields,
+                                                                     Longs longs) = 0;
     /// @return nothing for a row that is gone
     [[nodiscard]] virtual std::optional<qint64> Version(Bookmark id) = 0;
     /// A long binary value as a whole. @throws 3167 for a row that is gone

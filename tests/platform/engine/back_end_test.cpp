@@ -84,6 +84,33 @@ TEST_F(BackEndTest, AChangeWhoseAnswerWasLostIsNotMadeTwice)
     EXPECT_EQ(table->RecordCount(), 101);
 }
 
+TEST_F(BackEndTest, AChangeOfAnotherUserWhoHoldsTheRecordStillIsToldAsOne)
+{
+    table->Seek(u"="_s, u"003 OAK ST"_s);
+    table->Edit();
+    table->SetValue(u"CITY"_s, u"Dover"_s);
+    const auto other = database->OpenRecordset(u"COMPS"_s, RecordsetType::Table);
+    other->SetIndex(u"Centralkey"_s);
+    other->Seek(u"="_s, u"003 OAK ST"_s);
+    other->Edit();
+    other->SetValue(u"CITY"_s, u"Bend"_s);
+    other->Update();
+    for (int time = 1; time <= 2; ++time) {
+        const int refused = server->calls + 1; // the call that finds it changed; what is read behind it waits in vain
+        server->faults.delay = [this, refused] {
+            if (server->calls > refused)
+                throw RuntimeError(error::kCouldNotReadLocked, u"held"_s);
+        };
+        EXPECT_EQ(ErrorOf([&] { table->Update(); }), error::kDataChanged) << time;
+        EXPECT_EQ(table->Value(u"CITY"_s), u"Dover"_s) << "what was typed is kept";
+    }
+    table->CancelUpdate();
+    EXPECT_EQ(ErrorOf([&] { static_cast<void>(table->Value(u"CITY"_s)); }), error::kCouldNotReadLocked)
+        << "nothing stale is taken for the record";
+    server->faults.delay = {};
+    EXPECT_EQ(table->Value(u"CITY"_s), u"Bend"_s);
+}
+
 TEST_F(BackEndTest, AnErrorInATransactionDoesNotEndIt)
 {
     Transaction together(*database);
@@ -113,6 +140,18 @@ TEST_F(BackEndTest, APageOfAGridIsOneCallAndAWalkReadsAhead)
               4)
         << "the edge, and a window for each 64 rows";
     EXPECT_EQ(keys.size(), 100);
+}
+
+TEST_F(BackEndTest, LongBinaryValuesOfAPageComeWithTheirRows)
+{
+    table->Seek(u"="_s, u"040 OAK ST"_s);
+    table->Edit();
+    table->SetValue(u"FRONTPHOTO"_s, QByteArray("picture"));
+    table->Update();
+    const auto rows = database->OpenRecordset(u"SELECT CENTRALKEY, FRONTPHOTO FROM COMPS ORDER BY CENTRALKEY"_s,
+                                              RecordsetType::Dynaset);
+    EXPECT_EQ(Calls([&] { EXPECT_EQ(rows->Peek(40, {1}), QVariantList{QByteArray("picture")}); }), 1);
+    EXPECT_FALSE(rows->Peek(41, {1}).front().isValid());
 }
 
 TEST_F(BackEndTest, AWindowReadAheadGoesWithAChange)

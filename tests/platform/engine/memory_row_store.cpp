@@ -124,7 +124,7 @@ QVariantList MemoryRowStore::ReadComputed()
 }
 
 std::vector<std::optional<StoredRow>> MemoryRowStore::Read(std::span<const Bookmark> ids,
-                                                           const QList<int>& fields)
+                                                           const QList<int>& fields, Longs longs)
 {
     const MemoryTable& table = Table();
     std::vector<std::optional<StoredRow>> rows;
@@ -139,7 +139,7 @@ std::vector<std::optional<StoredRow>> MemoryRowStore::Read(std::span<const Bookm
         for (const int field : fields) {
             const sql::TypedColumn& column = m_select.columns[static_cast<std::size_t>(field)];
             QVariant value = sql::ToField(evaluator.Evaluate(*column.value), column.field.type);
-            if (column.field.type == FieldType::LongBinary && value.isValid())
+            if (longs == Longs::Sizes && column.field.type == FieldType::LongBinary && value.isValid())
                 value = QVariant::fromValue(static_cast<qlonglong>(value.toByteArray().size()));
             row.values.append(std::move(value));
         }

@@ -37,7 +37,7 @@ public:
     void ReadKeys(const std::function<bool(std::span<const Bookmark>)>& sink) override;
     [[nodiscard]] QVariantList ReadComputed() override;
     [[nodiscard]] std::vector<std::optional<StoredRow>> Read(std::span<const Bookmark> ids,
-                                                             const QList<int>& fields) override;
+                                                             const QList<int>& fields, Longs longs) override;
     [[nodiscard]] std::optional<qint64> Version(Bookmark id) override;
     [[nodiscard]] QVariant ReadLong(Bookmark id, int field) override;
     [[nodiscard]] QByteArray ReadPiece(Bookmark id, int source, qint64 offset, qint64 bytes) override;

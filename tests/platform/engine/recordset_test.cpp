@@ -245,6 +245,26 @@ TEST_P(RecordsetTest, PeeksAtComputedColumnsWithAndWithoutGapsInTheNumbers)
     EXPECT_EQ(kept->Peek(2, {0}), whole->Peek(3, {0}));
 }
 
+TEST_P(RecordsetTest, PeeksAtLongValuesWholeWithAndWithoutGapsInTheNumbers)
+{
+    table->SetIndex(u"CENTRALKEY"_s);
+    table->Seek(u"="_s, kStored[2]);
+    table->Edit();
+    table->SetValue(u"FRONTPHOTO"_s, QByteArray("\0picture", 8));
+    table->Update();
+    const QVariantList wanted{kStored[2], QByteArray("\0picture", 8)};
+    for (const QString& but : {QString(), u" WHERE CENTRALKEY <> '%1'"_s.arg(kStored[1])}) {
+        const auto query = Query(u"SELECT CENTRALKEY, FRONTPHOTO FROM COMPS"_s + but);
+        const qint64 row = but.isEmpty() ? 2 : 1;
+        EXPECT_EQ(query->Peek(row, {0, 1}), wanted);
+        EXPECT_FALSE(query->Peek(row - 1, {0, 1}).back().isValid());
+        query->SetAbsolutePosition(row);
+        EXPECT_EQ(query->FieldSize(u"FRONTPHOTO"_s), 8) << "the cursor reads sizes all the same";
+        query->Requery();
+        EXPECT_EQ(query->Peek(row, {0, 1}), wanted);
+    }
+}
+
 TEST_P(RecordsetTest, LongValuesInPieces)
 {
     QByteArray picture;

@@ -152,41 +152,43 @@ QVariantList SqliteRowStore::ReadComputed()
     return values;
 }
 
-const SqliteRowStore::Select& SqliteRowStore::SelectOf(const QList<int>& fields)
+const SqliteRowStore::Select& SqliteRowStore::SelectOf(const QList<int>& fields, Longs longs)
 {
     Select& select = fields.size() == m_shape.fields.size() ? m_row : m_some;
-    if (!select.head.isEmpty() && fields == select.fields)
+    if (!select.head.isEmpty() && fields == select.fields && longs == select.longs)
         return select;
     QStringList columns{IdName(), VersionName()};
     for (const int field : fields) {
         const sql::OutputColumn& column = m_plan.columns[field];
-        columns.append(column.field.type == FieldType::LongBinary ? u"length(%1)"_s.arg(column.sql)
-                                                                  : column.sql);
+        const bool size = longs == Longs::Sizes && column.field.type == FieldType::LongBinary;
+        columns.append(size ? u"length(%1)"_s.arg(column.sql) : column.sql);
     }
     select.fields = fields;
+    select.longs = longs;
     select.head = u"SELECT %1 FROM %2 WHERE %3 "_s.arg(columns.join(u", "_s), m_plan.tableSql, IdName());
     select.one = select.head + u"= ?1"_s;
     return select;
 }
 
-StoredRow SqliteRowStore::RowOf(const Query& query, const QList<int>& fields) const
+StoredRow SqliteRowStore::RowOf(const Query& query, const Select& select) const
 {
     StoredRow row;
     row.version = query.Integer(1);
-    row.values.reserve(fields.size());
+    row.values.reserve(select.fields.size());
     int place = 2;
-    for (const int field : fields) {
+    for (const int field : select.fields) {
         const FieldType type = m_shape.fields[field].type;
-        row.values.append(query.Value(place++, type == FieldType::LongBinary ? FieldType::Long : type));
+        const bool size = select.longs == Longs::Sizes && type == FieldType::LongBinary;
+        row.values.append(query.Value(place++, size ? FieldType::Long : type));
     }
     return row;
 }
 
 std::vector<std::optional<StoredRow>> SqliteRowStore::Read(std::span<const Bookmark> ids,
-                                                           const QList<int>& fields)
+                                                           const QList<int>& fields, Longs longs)
 {
     Connection& connection = Open();
-    const Select select = SelectOf(fields);
+    const Select select = SelectOf(fields, longs);
     std::vector<std::optional<StoredRow>> rows(ids.size());
     bool run = ids.size() > 1;
     for (std::size_t i = 1; run && i < ids.size(); ++i)
@@ -198,7 +200,7 @@ std::vector<std::optional<StoredRow>> SqliteRowStore::Read(std::span<const Bookm
                                              QString::number(ids.size() - 1), IdName()));
         query.Bind(1, Number(ids.front())).BindAll(m_plan.columnBindings, 2);
         while (query.Step())
-            rows[static_cast<std::size_t>(query.Integer(0) - Number(ids.front()))] = RowOf(query, fields);
+            rows[static_cast<std::size_t>(query.Integer(0) - Number(ids.front()))] = RowOf(query, select);
         return rows;
     }
     // Begun and not ended, it keeps the file's read lock for all rows; each one would take and drop it anew.
@@ -212,7 +214,7 @@ std::vector<std::optional<StoredRow>> SqliteRowStore::Read(std::span<const Bookm
     for (std::size_t i = 0; i < ids.size(); ++i) {
         query.Bind(1, Number(ids[i]));
         if (query.Step())
-            rows[i] = RowOf(query, fields);
+            rows[i] = RowOf(query, select);
         query.Again();
     }
     return rows;

@@ -26,7 +26,7 @@ public:
     void ReadKeys(const std::function<bool(std::span<const Bookmark>)>& sink) override;
     [[nodiscard]] QVariantList ReadComputed() override;
     [[nodiscard]] std::vector<std::optional<StoredRow>> Read(std::span<const Bookmark> ids,
-                                                             const QList<int>& fields) override;
+                                                             const QList<int>& fields, Longs longs) override;
     [[nodiscard]] std::optional<qint64> Version(Bookmark id) override;
     [[nodiscard]] QVariant ReadLong(Bookmark id, int field) override;
     [[nodiscard]] QByteArray ReadPiece(Bookmark id, int source, qint64 offset, qint64 bytes) override;
@@ -55,11 +55,12 @@ private:
     struct Select
     {
         QList<int> fields;
+        Longs longs = Longs::Sizes;
         QString head; ///< up to the condition on the identity
         QString one;  ///< of one row
     };
-    [[nodiscard]] const Select& SelectOf(const QList<int>& fields);
-    [[nodiscard]] StoredRow RowOf(const Query& query, const QList<int>& fields) const;
+    [[nodiscard]] const Select& SelectOf(const QList<int>& fields, Longs longs);
+    [[nodiscard]] StoredRow RowOf(const Query& query, const Select& select) const;
     [[nodiscard]] const Keys& KeysOf(const IndexDef* index);
     [[nodiscard]] static Stand StandAt(const Query& query, const Keys& keys);
     [[nodiscard]] std::optional<Stand> Edge(const Keys& keys, bool last);
