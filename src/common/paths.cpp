@@ -40,6 +40,29 @@ FileNameParts ParseFileName(const QString& path)
     return parts;
 }
 
+FileNameParts SplitFilePath(const QString& path)
+{
+    FileNameParts parts;
+    parts.directory = text::Folded(path);
+    parts.name = parts.directory.mid(parts.directory.lastIndexOf(u'\\') + 1);
+    parts.directory.chop(parts.name.size());
+    if (parts.directory.size() > 1 && parts.directory[1] == u':') {
+        parts.drive = parts.directory.left(2);
+        parts.directory.remove(0, 2);
+    }
+    if (const qsizetype dot = parts.name.lastIndexOf(u'.'); dot >= 0) {
+        parts.extension = parts.name.mid(dot + 1);
+        parts.name.truncate(dot);
+    }
+    return parts;
+}
+
+QString WholeFileName(const QString& path)
+{
+    const QString folded = text::Folded(path);
+    return folded.mid(folded.lastIndexOf(u'\\') + 1);
+}
+
 QString FileNameOnly(const QString& path)
 {
     return ParseFileName(path).name;

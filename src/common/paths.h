@@ -36,6 +36,13 @@ FileNameWithExt(const QString& path); ///< the name, and "." and the extension i
 [[nodiscard]] QString FileExtension(const QString& path); ///< the extension
 [[nodiscard]] QString FileDirectory(const QString& path); ///< the directory, without the drive
 
+/// The parts of a path to a file that is there, all in upper case. Here a "]" and a dot of a directory are letters like
+/// others, and the extension begins at the last dot of the name.
+[[nodiscard]] FileNameParts SplitFilePath(const QString& path);
+
+/// What stands behind the last backslash, in upper case: a file's whole name, for words and for other directories.
+[[nodiscard]] QString WholeFileName(const QString& path);
+
 /// True if drive and directory of a path end in "TRASHCAN\", in any case.
 [[nodiscard]] bool IsTrashDirectory(const QString& path);
 

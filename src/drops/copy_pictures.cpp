@@ -59,24 +59,27 @@ QString FreeName(const files::Disk& disk, const QString& directory, const QStrin
     return path;
 }
 
-void CopyOneIn(const link::LinkDesk& desk, const QString& file)
+/// @return whether the copy bears another name, since no report can name the file's own
+bool CopyOneIn(const link::LinkDesk& desk, const QString& file)
 {
     const QString directory = common::CkRSlash(desk.globals.G_CaptureDir);
     const QString name = file.mid(file.lastIndexOf(u'\\') + 1);
     // A file's own directory is the one into which it is dropped: it is there.
     if (text::Folded(directory + name) == text::Folded(file))
-        return;
+        return false;
     const QString extension = name.mid(name.lastIndexOf(u'.') + 1).toUpper();
     // A dot in a name reads as its end.
-    const QString stem = photos::NameForReport(name.left(name.lastIndexOf(u'.')).replace(u'.', u'_'));
+    const QString plain = name.left(name.lastIndexOf(u'.')).replace(u'.', u'_');
+    const QString stem = photos::NameForReport(plain);
     if (extension == "JPG"_L1 || extension == "JPEG"_L1 || extension == "BMP"_L1) {
         const QString kept = extension == "BMP"_L1 ? u"bmp"_s : u"jpg"_s;
         desk.disk.FileCopy(file, FreeName(desk.disk, directory, stem, kept));
-        return;
+        return stem != plain;
     }
     constexpr int kQuality = 95;
     picture::SaveJpeg(desk.disk, picture::Load(desk.disk, file),
                       FreeName(desk.disk, directory, stem, u"jpg"_s), kQuality);
+    return stem != plain;
 }
 
 } // namespace
@@ -121,19 +124,18 @@ Outcome CopyBack(DropDesk& drops, const Drag& drag, const DropRule& rule)
 Outcome CopyIn(DropDesk& drops, const QStringList& files)
 {
     int count = 0;
+    bool renamed = false;
     QStringList refused;
     for (const QString& file : files) {
         try {
-            CopyOneIn(drops.link, file);
+            renamed = CopyOneIn(drops.link, file) || renamed;
             ++count;
         } catch (const RuntimeError& failure) {
             refused.append(failure.Description());
         }
     }
     Outcome outcome = Copied(drops, count);
-    if (count > 0 && std::any_of(files.cbegin(), files.cend(), [](const QString& file) {
-            return file.mid(file.lastIndexOf(u'\\') + 1).contains(u']');
-        }))
+    if (renamed)
         outcome.message += u" A \"]\" in a name has become a \")\": no report can name such a file."_s;
     if (!refused.isEmpty()) {
         outcome.message += u' ' + refused.first();
@@ -170,7 +172,7 @@ Outcome ToTrash(DropDesk& drops, const Drag& drag)
     const link::LinkDesk& desk = drops.link;
     const photos::TrashDesk trash{desk.ports, desk.disk, desk.globals};
     const auto saved = drops.photos.PictureSaved ? photos::PictureIs::Saved : photos::PictureIs::Unsaved;
-    const QString name = common::FileNameWithExt(drag.picture.path);
+    const QString name = common::WholeFileName(drag.picture.path);
     QString said;
     switch (photos::geatrashcan_DragDrop(trash, saved, drag.source, drag.picture)) {
     case photos::TrashDrop::Nothing:

@@ -45,8 +45,8 @@ Outcome NotStored(const DropDesk& desk, const QString& picture)
 {
     const QString why = desk.photos.notSaved;
     return {false,
-            why.isEmpty() ? u"%1 was not filed."_s.arg(common::FileNameWithExt(picture))
-                          : u"%1 was not filed: %2"_s.arg(common::FileNameWithExt(picture), why),
+            why.isEmpty() ? u"%1 was not filed."_s.arg(common::WholeFileName(picture))
+                          : u"%1 was not filed: %2"_s.arg(common::WholeFileName(picture), why),
             forms::Colour::Red,
             {}};
 }
@@ -100,7 +100,7 @@ bool SendFiledToTrash(DropDesk& desk, const photos::PointedFile& picture)
 {
     if (!photos::WhyAnother(desk.link.disk, picture).isEmpty())
         return false;
-    const common::FileNameParts parts = common::ParseFileName(picture.path);
+    const common::FileNameParts parts = common::SplitFilePath(picture.path);
     const photos::TrashDesk trash{desk.link.ports, desk.link.disk, desk.link.globals};
     const auto saved = desk.photos.PictureSaved ? photos::PictureIs::Saved : photos::PictureIs::Unsaved;
     bool moved = false;
@@ -141,7 +141,7 @@ Outcome FilePictureIntoSlot(DropDesk& desk, const Drag& drag, const DropRule& ru
     const link::SlotSend sent = link::KelSendSlotPhoto(link, slot, slot, index);
     link.ports.window.AppActivate();
     if (sent == link::SlotSend::Failed && !link.state.notSent.isEmpty()) // the slot may show another report by now
-        return NotSent(u"%1 is stored. %2"_s.arg(common::FileNameWithExt(picture), link.state.notSent));
+        return NotSent(u"%1 is stored. %2"_s.arg(common::WholeFileName(picture), link.state.notSent));
     link.loader.ErrLoadThumb(slot, table.ErrGetPict(slot));
     photos::ApplyWriteProtect(link.ports, link.disk, link.globals, table.ErrGetPict(slot));
     const GeneralTold told = general && sent != link::SlotSend::Failed ? TellGeneral(desk, index) : GeneralTold{};
@@ -154,7 +154,7 @@ Outcome FilePictureIntoSlot(DropDesk& desk, const Drag& drag, const DropRule& ru
     }
     if (!general && (rule.group != "SUBJECT"_L1 || index == 1) && desk.routines.autoSave)
         desk.routines.autoSave(rule.group, index);
-    const QString name = common::FileNameWithExt(picture);
+    const QString name = common::WholeFileName(picture);
     if (sent == link::SlotSend::Failed)
         return {true, u"%1 is stored and in the slot; the report did not take it."_s.arg(name),
                 forms::Colour::Red, {}};

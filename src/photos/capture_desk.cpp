@@ -135,7 +135,7 @@ void CaptureDesk::ShowThumb(int index, const QString& path, const Standing& stan
     thumb.SetVisible(true);
     thumb.SetToolTipText(path);
     m_pixels[static_cast<std::size_t>(index)] = standing.pixels;
-    ErrLoadLblTag(m_controls.lbltag(index), common::FileNameWithExt(path));
+    ErrLoadLblTag(m_controls.lbltag(index), common::WholeFileName(path));
     MarkLarge(index);
 }
 

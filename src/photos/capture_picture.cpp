@@ -25,9 +25,9 @@ QString CaptureDesk::MovedSincePress(int index) const
     const QString now = m_controls.geathumb(index).Visible() ? FileOfThumb(index) : QString();
     if (text::Folded(now) == text::Folded(m_pressedFile))
         return {};
-    return now.isEmpty() ? u"%1 no longer stands here. Nothing was done."_s.arg(common::FileNameWithExt(m_pressedFile))
+    return now.isEmpty() ? u"%1 no longer stands here. Nothing was done."_s.arg(common::WholeFileName(m_pressedFile))
                          : u"The pictures have moved: %1 stands here now, no longer %2. Nothing was done."_s.arg(
-                               common::FileNameWithExt(now), common::FileNameWithExt(m_pressedFile));
+                               common::WholeFileName(now), common::WholeFileName(m_pressedFile));
 }
 
 void CaptureDesk::geathumb_MouseMove(int index)

@@ -25,8 +25,8 @@ frm_Overwrite::frm_Overwrite(SlotLoader& loader, const QString& existing, const 
     SetCaption(u"Overwrite Photo"_s);
     lblQuestion.SetCaption(
         u"%1 has a photo of this view already. Shall the new one take its place?"_s.arg(record));
-    lblExisting.SetCaption(u"The record's photo: "_s + common::FileNameWithExt(existing));
-    lblFresh.SetCaption(u"The new photo: "_s + common::FileNameWithExt(fresh));
+    lblExisting.SetCaption(u"The record's photo: "_s + common::WholeFileName(existing));
+    lblFresh.SetCaption(u"The new photo: "_s + common::WholeFileName(fresh));
     cmdYes.SetCaption(u"&Yes"_s);
     cmdNo.SetCaption(u"&No"_s);
     cmdCancel.SetCaption(u"&Cancel"_s);

@@ -27,7 +27,7 @@ bool DelPict(const forms::Ports& ports, const files::Disk& disk, const QString& 
 {
     const common::RoutineScope scope{"DelPict"};
     ports.pump.DoEvents();
-    if (common::ParseFileName(path).name.isEmpty() || !disk.FileExists(path))
+    if (common::SplitFilePath(path).name.isEmpty() || !disk.FileExists(path))
         return false;
     if (quiet == Quiet::No) {
         if (prompt.isEmpty())
@@ -58,10 +58,10 @@ Deletion DelPointed(const forms::Ports& ports, const files::Disk& disk, const Po
         return !why.isEmpty();
     };
     if (!pointed.path.isEmpty() && !pointed.written.isValid())
-        why = u"%1 is not there."_s.arg(common::FileNameWithExt(pointed.path));
+        why = u"%1 is not there."_s.arg(common::WholeFileName(pointed.path));
     if (!why.isEmpty() || another())
         return Deletion::Another;
-    if (!ports.prompter.YesNo(common::FileNameWithExt(pointed.path), question))
+    if (!ports.prompter.YesNo(common::WholeFileName(pointed.path), question))
         return Deletion::Declined;
     if (another())
         return Deletion::Another;

@@ -29,7 +29,7 @@ QString WhyAnother(const files::Disk& disk, const PointedFile& pointed)
     const PointedFile now = PointAt(disk, pointed.path);
     if (now == pointed)
         return {};
-    const QString name = common::FileNameWithExt(pointed.path);
+    const QString name = common::WholeFileName(pointed.path);
     return now.written.isValid()
                ? u"%1 is another picture now than the one you chose. Nothing was done."_s.arg(name)
                : u"%1 is no longer there. Nothing was done."_s.arg(name);

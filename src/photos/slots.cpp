@@ -220,7 +220,7 @@ void SlotLoader::ErrLoadPict(forms::PictureBox& control, const QString& path)
     m_table.ErrSetPict(control, shown);
     if (IsThumb(control)) {
         control.SetVisible(true);
-        TagThumb(control, common::FileNameWithExt(shown), true);
+        TagThumb(control, common::WholeFileName(shown), true);
     }
     const SlotRow* row = RowOf(control);
     if (m_writeProtect && row && row->reportPhoto && !shown.isEmpty())

@@ -88,8 +88,8 @@ Trashed TrashPicture(const TrashDesk& desk, PictureIs saved, const SlotTable& ta
                      const forms::PictureBox& control)
 {
     const QString path = text::Trim(table.ErrGetPict(control));
-    const common::FileNameParts parts = common::ParseFileName(path);
-    if (parts.name.isEmpty())
+    const common::FileNameParts parts = common::SplitFilePath(path);
+    if (path.isEmpty())
         return Trashed::No;
     return SendToTrashCan(desk, saved, parts.drive + parts.directory, path, parts.name, parts.extension);
 }

@@ -28,7 +28,7 @@ TrashDrop geatrashcan_DragDrop(const TrashDesk& desk, PictureIs saved, const QSt
         return DelPict(desk.ports, desk.disk, picture, Quiet::Yes, prompt) ? TrashDrop::Deleted
                                                                            : TrashDrop::Nothing;
     }
-    const common::FileNameParts parts = common::ParseFileName(picture);
+    const common::FileNameParts parts = common::SplitFilePath(picture);
     switch (SendToTrashCan(desk, saved, parts.drive + parts.directory, picture, parts.name, parts.extension)) {
     case Trashed::Moved:
         return TrashDrop::Moved;

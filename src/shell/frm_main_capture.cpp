@@ -166,7 +166,7 @@ void frm_Main::DeleteImage()
         m_slotTable.ErrSetPict(*control, {});
     m_capture->Loader().Forget(path);
     m_capture->RefreshCapture();
-    status.lblmsg.Show(u"%1 is deleted."_s.arg(common::FileNameWithExt(path)), forms::Colour::Blue);
+    status.lblmsg.Show(u"%1 is deleted."_s.arg(common::WholeFileName(path)), forms::Colour::Blue);
 }
 
 } // namespace vasclip::shell

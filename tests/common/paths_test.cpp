@@ -24,6 +24,24 @@ TEST(CkRSlash, EndsAPathInABackslash)
     EXPECT_EQ(CkRSlash(u"\\"_s), u"\\"_s);
 }
 
+TEST(SplitFilePath, TakesBracketsAndDotsOfDirectoriesAsLetters)
+{
+    struct Row
+    {
+        QString path;
+        FileNameParts parts;
+    };
+    for (const Row& row : {Row{u"C:\\SNAP\\A]b.jpg"_s, {u"C:"_s, u"\\SNAP\\"_s, u"A]B"_s, u"JPG"_s}},
+                           Row{u"C:\\SNAP\\A].JPG"_s, {u"C:"_s, u"\\SNAP\\"_s, u"A]"_s, u"JPG"_s}},
+                           Row{u"C:\\MY.PHOTOS\\A.B.JPG"_s, {u"C:"_s, u"\\MY.PHOTOS\\"_s, u"A.B"_s, u"JPG"_s}},
+                           Row{u"C:\\A.D\\NONE"_s, {u"C:"_s, u"\\A.D\\"_s, u"NONE"_s, {}}},
+                           Row{u" a.jpg "_s, {{}, {}, u"A"_s, u"JPG"_s}}, Row{{}, {}}}) {
+        EXPECT_EQ(SplitFilePath(row.path), row.parts) << row.path.toStdString();
+        EXPECT_EQ(WholeFileName(row.path),
+                  row.parts.name + (row.parts.extension.isEmpty() ? QString() : u'.' + row.parts.extension));
+    }
+}
+
 TEST(StripRChar, TakesTheBackslashAndTrimsItsArgument)
 {
     QString path = u"  C:\\VASSNAP\\ "_s;

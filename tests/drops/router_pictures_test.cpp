@@ -663,6 +663,60 @@ TEST_F(PicturesTest, AFileThatNoReportCanNameGetsAnotherNameWhenItIsCopiedIn)
     EXPECT_TRUE(home.disk.FileExists(kSnap + u"P(1).jpg"_s));
 }
 
+TEST_F(PicturesTest, ABracketIsSpokenOfOnlyWhereTheCopyLostIt)
+{
+    Browse();
+    home.MakeDirs(u"C:\\DESKTOP"_s);
+    Picture(u"C:\\DESKTOP\\OK.JPG"_s);
+    home.Put(u"C:\\DESKTOP\\P[1].TIF"_s, "no picture");
+    const Outcome outcome =
+        router.Drop(router.BeginFiles({u"C:\\DESKTOP\\OK.JPG"_s, u"C:\\DESKTOP\\P[1].TIF"_s}), controls.fraPics);
+    EXPECT_TRUE(outcome.message.startsWith(u"1 picture is in C:\\SNAP\\ now. "_s)) << outcome.message.toStdString();
+    EXPECT_FALSE(outcome.message.contains(u"has become"_s)) << outcome.message.toStdString();
+    Picture(kSnap + u"Q[1].JPG"_s);
+    EXPECT_EQ(router.Drop(router.BeginFiles({kSnap + u"Q[1].JPG"_s}), controls.fraPics).message,
+              u"1 picture is in C:\\SNAP\\ now."_s)
+        << "it lies there already, under its own name";
+    EXPECT_TRUE(home.disk.FileExists(kSnap + u"Q[1].JPG"_s));
+}
+
+TEST_F(PicturesTest, AThumbnailWithABracketInItsNameGoesToTheTrashUnderThatName)
+{
+    Picture(kSnap + u"A[1].JPG"_s);
+    Picture(kSnap + u"A].JPG"_s);
+    Browse();
+    doubles.prompter.AnswerAlways(forms::Answer::Yes);
+    filing.PictureSaved = true;
+    globals.autoDelete = 1;
+    for (int i = 0; i < controls.filCapture.ListCount(); ++i) {
+        const QString name = controls.filCapture.List(i);
+        if (!name.contains(u']'))
+            continue;
+        EXPECT_EQ(DropThumb(i, controls.imaTrashcan).message, name + u" is in the trash now."_s);
+        EXPECT_FALSE(controls.geathumb(i).Visible());
+        EXPECT_FALSE(home.disk.Found(kSnap + name));
+    }
+    QStringList trashed = Trash();
+    trashed.sort();
+    EXPECT_EQ(trashed, (QStringList{u"A[1].JPG"_s, u"A].JPG"_s}));
+    EXPECT_FALSE(home.disk.DirExists(u"C:\\TRASHCAN"_s));
+}
+
+TEST_F(PicturesTest, AFiledPictureWithABracketInItsNameGoesToTheTrashUnderThatName)
+{
+    Picture(kSnap + u"A]B.JPG"_s);
+    home.Put(kSnap + u"TRASHCAN\\B.JPG"_s, "another picture");
+    globals.autoDelete = 1;
+    Browse();
+    int thumb = 0;
+    while (controls.filCapture.List(thumb) != u"A]B.JPG"_s)
+        ASSERT_LT(++thumb, controls.filCapture.ListCount());
+    EXPECT_TRUE(DropThumb(thumb, slots.imaComp(1)).done);
+    EXPECT_FALSE(home.disk.Found(kSnap + u"A]B.JPG"_s));
+    EXPECT_TRUE(home.disk.Found(kSnap + u"TRASHCAN\\A]B.JPG"_s));
+    EXPECT_EQ(home.disk.ReadWhole(kSnap + u"TRASHCAN\\B.JPG"_s), "another picture");
+}
+
 TEST_F(PicturesTest, ARecordsPicturesGoBackAndAMissingOneIsNamed)
 {
     Browse();

@@ -132,6 +132,10 @@ TEST_F(Trash, ThePictureOfAControlIsTakenByItsPath)
     table.ErrSetPict(thumbs(3), picture);
     EXPECT_EQ(TrashPicture(desk, PictureIs::Saved, table, thumbs(3)), Trashed::Moved);
     EXPECT_EQ(Read(trashed), "new picture");
+    home.Put(u"C:\\VASSNAP\\A[1].JPG"_s, "in brackets");
+    table.ErrSetPict(thumbs(3), u"C:\\VASSNAP\\A[1].JPG"_s);
+    EXPECT_EQ(TrashPicture(desk, PictureIs::Saved, table, thumbs(3)), Trashed::Moved);
+    EXPECT_EQ(Read(u"C:\\VASSNAP\\TRASHCAN\\A[1].JPG"_s), "in brackets");
 }
 
 TEST(TrashNames, TellATrashDirectoryByItsLastNineCharacters)
