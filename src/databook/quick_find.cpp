@@ -200,15 +200,18 @@ void QuickFind::Step()
 void QuickFind::ShowFound()
 {
     m_found.Count();
-    const QString said = m_status.lblmsg.Caption();
+    QString said = m_status.lblmsg.Caption();
     const forms::Colour colour = m_status.lblmsg.Fore();
     // The record that stood there is not left for another one unless the user asked for others.
     const qint64 row = m_found.RowOf(m_stood);
     m_desk.grddatabook.Rebind(&m_found, m_quiet ? row : std::max<qint64>(row, 0));
-    if (m_quiet)
-        m_status.lblmsg.Show(said, colour);
-    else
+    if (!m_quiet) {
         ShowCount();
+        return;
+    }
+    if (m_desk.grddatabook.Row() >= 0 && said.endsWith(kNotAmongShown))
+        said.chop(kNotAmongShown.size()); // a later slice has found it
+    m_status.lblmsg.Show(said, colour);
 }
 
 void QuickFind::ShowCount()

@@ -1,6 +1,7 @@
 #include "databook/quick_find.h"
 
 #include "databook/grid.h"
+#include "databook/messages.h"
 #include "support/databook_home.h"
 #include "support/temp_home.h"
 
@@ -165,6 +166,32 @@ TEST_F(QuickFinding, SeesWhatWasChangedMeanwhile)
     DisplayAllRecords(ports, desk, datsql, rows, 1);
     Type(u"oak ln"_s);
     EXPECT_EQ(Shown(), QStringList(u"5 OAK LN"_s));
+}
+
+TEST_F(QuickFinding, ARecordThatALaterSliceFindsIsNoLongerSaidToBeMissing)
+{
+    QStringList keys;
+    for (int i = 0; i < 25000; ++i)
+        keys.append(u"A%1"_s.arg(i));
+    AddComps(keys);
+    AddRow({{key, u"5 ELDER LN"_s}});
+    Type(u"elder"_s);
+    DisplayAllRecords(ports, desk, datsql, rows, 1);
+    desk.grddatabook.SetRow(datsql.Recordset().RecordCount() - 1);
+    for (qint64 row = desk.grddatabook.Row(); desk.grddatabook.CurrentText(key).trimmed() != u"5 ELDER LN"_s; --row) {
+        ASSERT_GE(row, 0);
+        desk.grddatabook.SetRow(row);
+    }
+    const QString said = u"4 ELDER LN is 5 ELDER LN now."_s;
+    status.lblmsg.Show(said, forms::Colour::Blue);
+    find->NarrowAgain();
+    ASSERT_TRUE(find->Searching()) << "the records are too few for two slices";
+    ASSERT_EQ(desk.grddatabook.Row(), -1);
+    status.lblmsg.Show(said + kNotAmongShown, forms::Colour::Blue);
+    while (find->Searching())
+        static_cast<void>(find->Work());
+    EXPECT_EQ(desk.grddatabook.CurrentText(key).trimmed(), u"5 ELDER LN"_s);
+    EXPECT_EQ(status.lblmsg.Caption(), said);
 }
 
 TEST_F(QuickFinding, SaysThatADamagedIndexIsMadeAnewAndFindsAllTheSame)
