@@ -224,6 +224,12 @@ TEST_F(DamagedDatabook, IsCopiedAsFarAsItCanBeRead)
     ExpectWhole(u"copying a damaged Databook"_s);
     EXPECT_EQ(Vasctl({u"databook"_s, u"copy"_s, u"SAVED.MDB"_s}).code, kFailed) << "it is there already";
     EXPECT_EQ(Vasctl({u"databook"_s, u"copy"_s}).code, kUsage);
+    EXPECT_TRUE(run.out.contains("'vasctl settings set DIRECTORIES DATAFILE \"SAVED.MDB\"' lets the program open it."))
+        << run.Story();
+    const Timed elsewhere = Vasctl({u"databook"_s, u"copy"_s, u"C:\\VASSNAP\\SAVED.MDB"_s});
+    EXPECT_TRUE(elsewhere.out.contains("'vasctl settings set DIRECTORIES DATADIR \"C:\\VASSNAP\\\"' and 'vasctl settings set "
+                                       "DIRECTORIES DATAFILE \"SAVED.MDB\"' let the program open it."))
+        << elsewhere.Story();
     ASSERT_EQ(Vasctl({u"settings"_s, u"set"_s, u"DIRECTORIES"_s, u"DATAFILE"_s, u"SAVED.MDB"_s}).code, kDone);
     EXPECT_EQ(Vasctl({u"records"_s, u"add"_s, u"1 New Rd"_s}).code, kDone);
     EXPECT_GT(home.Vasctl({u"records"_s, u"list"_s}).Array().size(), 30);

@@ -1,5 +1,6 @@
 #include "app/vasctl/session.h"
 
+#include "common/paths.h"
 #include "platform/text/text.h"
 
 namespace vasclip::vasctl {
@@ -7,6 +8,17 @@ namespace vasclip::vasctl {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+/// How the program gets to open a Databook: its directory is a setting of its own.
+QString HowToOpen(const QString& directory, const QString& target)
+{
+    const qsizetype slash = target.lastIndexOf(u'\\') + 1;
+    const QString file = u"'vasctl settings set DIRECTORIES DATAFILE \"%1\"'"_s.arg(target.mid(slash));
+    if (text::Folded(target.left(slash)) == text::Folded(common::CkRSlash(directory)))
+        return file + u" lets the program open it."_s;
+    return u"'vasctl settings set DIRECTORIES DATADIR \"%1\"' and %2 let the program open it."_s.arg(
+        target.left(slash), file);
+}
 
 int Copy(Session& session, const Output& out, const QString& given)
 {
@@ -36,7 +48,7 @@ int Copy(Session& session, const Output& out, const QString& given)
                       {u"file"_s, target},
                       {u"missing"_s, QJsonArray::fromStringList(rescued->names)}};
     out.Value(value, shell::RescueText(*rescued, source, target) +
-                         u"\n'vasctl settings set DIRECTORIES DATAFILE NAME' lets the program open it."_s);
+                         u'\n' + HowToOpen(g.G_DataDir, target));
     return rescued->lost == 0 && rescued->incomplete == 0 ? kDone : kFailed;
 }
 
