@@ -204,13 +204,16 @@ QWidget* CapturePane::Foot()
     refreshing->setSizePolicy(kept);
     refreshing->setAlignment(Qt::AlignCenter);
     line->addWidget(refreshing, 1);
+    auto* turns = new QHBoxLayout; // side by side, so that the count has room beside them in large text
+    turns->setSpacing(0);
+    line->addLayout(turns);
     const char* icons[] = {"page-first", "page-up", "page-down", "page-last"};
     const QString names[] = {tr("First pictures"), tr("Pictures before"), tr("Pictures behind"),
                              tr("Last pictures")};
     for (int i = 0; i < 4; ++i) {
         auto* button = m_scroll[static_cast<std::size_t>(i)] = IconButton(u"imaScroll_%1"_s.arg(i), icons[i]);
         button->setAccessibleName(names[i]);
-        line->addWidget(button);
+        turns->addWidget(button);
     }
     return foot;
 }

@@ -116,7 +116,8 @@ SendToSlotDialog::SendToSlotDialog(const QString& record, QList<SlotChoice> choi
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     Filter(QString());
     m_filter->setFocus();
-    resize(440, 480);
+    constexpr int kFrame = 64; // margins, scroll bar and the list's own padding
+    resize(std::clamp(m_list->sizeHintForColumn(0) + kFrame, 440, 640), 480);
     FitToScreen(*this);
 }
 

@@ -103,6 +103,16 @@ bool RenameRecord(const Stage& stage)
     return renaming && copying;
 }
 
+bool SendToSlot(const Stage& stage)
+{
+    return LookAt(stage, u"View > Send to Slot..."_s, u"send-to-slot"_s);
+}
+
+bool Columns(const Stage& stage)
+{
+    return LookAt(stage, u"View > Columns..."_s, u"columns"_s);
+}
+
 bool EntryScreens(const Stage& stage)
 {
     bool all = true;

@@ -24,6 +24,8 @@ std::span<const TourStep> TourSteps()
         {"find by words"_L1, FindByWords},
         {"search by field"_L1, SearchByField},
         {"rename a record"_L1, RenameRecord},
+        {"send to a slot by keys"_L1, SendToSlot},
+        {"columns of the grid"_L1, Columns},
         {"entry screens"_L1, EntryScreens},
         {"phrases of a field"_L1, PhrasesOfAField},
         {"calendar of a date"_L1, CalendarOfADate},

@@ -53,6 +53,8 @@ bool CameraFolder(const Stage& stage);
 bool FindByWords(const Stage& stage);
 bool SearchByField(const Stage& stage);
 bool RenameRecord(const Stage& stage);
+bool SendToSlot(const Stage& stage);
+bool Columns(const Stage& stage);
 bool EntryScreens(const Stage& stage);
 bool PhrasesOfAField(const Stage& stage);
 bool CalendarOfADate(const Stage& stage);

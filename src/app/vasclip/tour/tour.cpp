@@ -1,5 +1,6 @@
 #include "app/vasclip/tour/tour.h"
 
+#include "app/vasclip/tour/letters.h"
 #include "app/vasclip/tour/reach.h"
 #include "app/vasclip/tour/steps.h"
 #include "windows/layout_parts.h"
@@ -93,6 +94,8 @@ void Tour::Shoot(QWidget& window, const QString& name)
     Settle();
     const QString file = u"%1-%2.png"_s.arg(++m_pictures, 2, 10, QChar(u'0')).arg(name);
     // Without the alpha channel, which a window has no use for, the file is smaller.
+    // A text that has just come gets its room with the next event.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
     if (!window.grab().toImage().convertToFormat(QImage::Format_RGB888).save(m_directory.filePath(file)))
         Fail(u"The picture %1 could not be written."_s.arg(file));
     Check(window);
@@ -100,7 +103,7 @@ void Tour::Shoot(QWidget& window, const QString& name)
 
 void Tour::Check(const QWidget& window)
 {
-    const QStringList found = OutOfReach(window);
+    const QStringList found = OutOfReach(window) + SharedLetters(window);
     for (const QString& line : found)
         Fail(u"In the step \"%1\", %2: %3."_s.arg(m_playing, window.objectName(), line));
 }
