@@ -1,8 +1,14 @@
 #include "shell/menus.h"
 
-#include <QLatin1StringView>
+#include "drops/slot_menus.h"
+#include "shell/city_screens.h"
+#include "shell/frm_main.h"
+#include "shell/help.h"
+#include "shell/media.h"
+#include "shell/transfers.h"
 
-#include <initializer_list>
+#include <algorithm>
+#include <span>
 
 namespace vasclip::shell {
 
@@ -10,178 +16,300 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-enum class Screen { Here, Missing };
+using Action = void (*)(frm_Main&);
 
 struct Row
 {
     int index;
     QLatin1StringView caption;
-    Screen screen = Screen::Missing;
+    Action action = nullptr; ///< nullptr: the program does not have it yet
     QLatin1StringView shortcut = {};
+    QLatin1StringView sub = {}; ///< its submenu, of the tables below
+    QLatin1StringView toolTip = {};
 };
 
 constexpr auto kSeparator = "-"_L1;
+constexpr auto kExports = "mnuFileItemSubExport"_L1;
+constexpr int kSalesComps = 9;
 
-QList<forms::MenuEntry> Entries(std::initializer_list<Row> rows)
+template <typename Work>
+void TransferBy(frm_Main& main, Work work)
+{
+    Transfer(main.program, main.shown, work);
+}
+
+template <drops::WithPhoto photo>
+drops::Outcome Obtain(drops::DropDesk& desk, QLatin1StringView group, int index)
+{
+    return drops::ObtainData(desk, group, index, photo);
+}
+
+template <drops::WithPhoto photo>
+drops::Outcome ObtainShown(drops::DropDesk& desk, QLatin1StringView group, int index)
+{
+    return drops::ObtainShownData(desk, group, index, photo);
+}
+
+drops::Outcome ObtainGeneral(drops::DropDesk& desk, QLatin1StringView, int index)
+{
+    return drops::ObtainGeneral(desk, index);
+}
+
+constexpr Row kFile[] = {
+    {0, "Launch Appraisal Program"_L1, [](frm_Main& m) { m.linkLine.LaunchAppraisalProgram(); }, "Ctrl+L"_L1},
+    {1, kSeparator},
+    {2, "Copy Photos - From Floppy"_L1, [](frm_Main& m) { CopyFromFloppy(m.program); }},
+    {3, "Copy Photos - From Reader"_L1, [](frm_Main& m) { CopyFromReader(m.program); }},
+    {4, "Copy Photos - From ROM"_L1, [](frm_Main& m) { CopyFromRom(m.program); }},
+    {5, kSeparator},
+    {6, "Find Photos"_L1, [](frm_Main& m) { FindPhotos(m.program); }},
+    {7, kSeparator},
+    {.index = 8, .caption = "Export Address/Comp Data"_L1, .sub = kExports},
+    {9, "Print Comparable Report (from Database)"_L1},
+    {10, kSeparator},
+    {11, "Exit"_L1, [](frm_Main& m) { Q_EMIT m.UnloadWanted(); }, "Ctrl+Q"_L1},
+};
+
+constexpr Row kExport[] = {
+    {0, "To Delorme (tm) Street Atlas (current)"_L1},
+    {1, "To Delorme (tm) Street Atlas (2004 and prior)"_L1},
+    {2, kSeparator},
+    {3, "To Microsoft (tm) Streets (current)"_L1},
+    {4, "To Microsoft (tm) Streets (2001 and prior)"_L1},
+};
+
+constexpr Row kSetup[] = {
+    {0, "Configuration"_L1, [](frm_Main& m) { m.setup.ShowConfiguration(); }, "Ctrl+,"_L1},
+    {1, kSeparator},
+    {2, "Grid Layout"_L1, [](frm_Main& m) { m.rows.ShowGridLayout(); }},
+    {3, "City Listings"_L1, [](frm_Main& m) { AttachCity(m.program, m.shown); }},
+    {4, kSeparator},
+    {kImageNamesEntry, "View Capture Image Names"_L1, [](frm_Main& m) { m.Capture().ToggleFileNames(); }},
+    {kImageListEntry, "View Image Filename Listing"_L1, [](frm_Main& m) { m.Capture().ToggleListBox(); }},
+    {7, kSeparator},
+    {kManualEntry, "Hide Manual Comp Entry"_L1, [](frm_Main& m) { m.setup.ToggleManualEntry(); }},
+    {9, kSeparator},
+    {10, "General Views"_L1, [](frm_Main& m) { ShowGeneralViews(m.program); }},
+};
+
+constexpr Row kMaintenance[] = {
+    {0, "Data Correction"_L1},
+    {1, kSeparator},
+    {2, "Camera Views"_L1, [](frm_Main& m) { m.captureEvents.ShowCameraDir(); }},
+    {3, "City Editing"_L1, [](frm_Main& m) { MassCity(m.program, m.shown); }},
+    {4, "Trashcan Maintenance"_L1, [](frm_Main& m) { ShowTrash(m.program); }},
+};
+
+constexpr Row kTransfer[] = {
+    {0, "Subject: Appraisal to Databook"_L1,
+     [](frm_Main& m) {
+         TransferBy(m, [](auto& desk) { return link::TransferSubject(desk, link::What::Both, 0); });
+     }},
+    {1, kSeparator},
+    {2, "Comps 1-9: Appraisal to Databook"_L1,
+     [](frm_Main& m) {
+         TransferBy(m, [](auto& desk) { return link::TransferComps(desk, true, 0, link::What::Both); });
+     }},
+    {3, "Alt Comps 1-6: Appraisal to Databook"_L1,
+     [](frm_Main& m) {
+         TransferBy(m, [](auto& desk) { return link::TransferAltComps(desk, true, 0, link::What::Both); });
+     }},
+    {4, "Listings 1-6: Appraisal to Databook"_L1,
+     [](frm_Main& m) {
+         TransferBy(m, [](auto& desk) { return link::TransferListings(desk, true, 0, link::What::Both); });
+     }},
+    {5, "Rentals 1-9: Appraisal to Databook"_L1,
+     [](frm_Main& m) {
+         TransferBy(m, [](auto& desk) { return link::TransferRentals(desk, true, 0, link::What::Both); });
+     }},
+    {6, kSeparator},
+    {7, "All Data: Appraisal to Databook"_L1,
+     [](frm_Main& m) {
+         TransferBy(m, [](auto& desk) { return link::TransferAllData(desk, link::What::Both); });
+     },
+     "Ctrl+T"_L1},
+};
+
+constexpr Row kRefresh[] = {
+    {0, "Appraisal Information"_L1, [](frm_Main& m) { m.linkLine.RefreshAppraisal(); }, "F5"_L1},
+    {1, kSeparator},
+    {2, "Database Grid (all records shown)"_L1, [](frm_Main& m) { m.rows.ShowAllRecords(); }, "Shift+F5"_L1},
+};
+
+constexpr Row kDatabase[] = {
+    {0, "Import Data"_L1},
+    {1, "Export Data"_L1},
+    {2, "Archive Data"_L1},
+    {3, kSeparator},
+    {4, "Change Current Database"_L1, [](frm_Main& m) { m.databookInUse.ChangeDatabase(); }, "Ctrl+D"_L1},
+};
+
+constexpr Row kHelp[] = {
+    {0, "Program Help"_L1, [](frm_Main& m) { OpenHelp(m.program, m); }},
+    {kTutorialsEntry, "Tutorials"_L1},
+    {2, "What's New?"_L1, [](frm_Main& m) { Q_EMIT m.WhatsNewWanted(ChangesText(m.program)); }},
+    {8, kSeparator},
+    {kWebsiteEntry, "Connect to Website"_L1, [](frm_Main& m) { ConnectToWebsite(m.program); }},
+    {11, kSeparator},
+    {12, "About"_L1, [](frm_Main& m) { Q_EMIT m.AboutWanted(); }},
+};
+
+constexpr Row kGrid[] = {
+    {0, "Refesh Grid"_L1, [](frm_Main& m) { Q_EMIT m.records.cmdRefresh.Clicked(); }},
+    {1, kSeparator},
+    {kSearchEntry, "Search"_L1, [](frm_Main& m) { Q_EMIT m.records.cmdSearch.Clicked(); }},
+    {3, kSeparator},
+    {4, "Refresh from Appraisal"_L1, [](frm_Main& m) { m.linkLine.RefreshAppraisal(); }},
+    {5, "Addresses in Memory"_L1},
+};
+
+constexpr Row kPhoto[] = {
+    {0, "Rename View"_L1,
+     [](frm_Main& m) { m.recordPhotos.FromMenu(&RecordPhotos::CmdRenamePhotoView_Click); }},
+    {1, "Delete Photo"_L1, [](frm_Main& m) { m.recordPhotos.FromMenu(&RecordPhotos::CmdDeletePhoto_Click); }},
+};
+
+constexpr Row kThumb[] = {
+    {kDeleteImageEntry, "Delete Image"_L1, [](frm_Main& m) { m.captureEvents.DeleteImage(); }},
+    {1, kSeparator},
+    {kThumbNamesEntry, "View Image Name"_L1, [](frm_Main& m) { m.Capture().ToggleFileNames(); }},
+    {3, "Compress Image"_L1, [](frm_Main& m) { m.captureEvents.CompressImage(); }},
+    {4, kSeparator},
+    {kThumbListEntry, "View Image Listbox"_L1, [](frm_Main& m) { m.Capture().ToggleListBox(); }},
+};
+
+constexpr Row kPicture[] = {
+    {0, "Obtain Selected Photo (from databook)"_L1,
+     [](frm_Main& m) { m.popUps.OnPhoto("popPicture_M", drops::ObtainPhoto); }},
+    {kAllPhotosEntry, ""_L1, // by what the menu opens over
+     [](frm_Main& m) { m.popUps.OnPhoto("popPicture_M", drops::ObtainShownPhotos); }},
+    {2, kSeparator},
+    {3, "Clear Selected Photo from Appraisal"_L1,
+     [](frm_Main& m) { m.popUps.OnPhoto("popPicture_M", drops::ClearPhoto); }},
+};
+
+constexpr Row kGeneral[] = {
+    {.index = 0,
+     .caption = "Obtain Selected Photo (from databook)"_L1,
+     .action = [](frm_Main& m) { m.popUps.OnPhoto("popGeneral_M", ObtainGeneral); },
+     .toolTip = "General Photos Come from the shown above"_L1},
+    {1, kSeparator},
+    {2, "Clear Selected Photo from Appraisal"_L1,
+     [](frm_Main& m) { m.popUps.OnPhoto("popGeneral_M", drops::ClearPhoto); }},
+};
+
+constexpr Row kTextData[] = {
+    {0, "Obtain Data (from databook)"_L1,
+     [](frm_Main& m) { m.popUps.OnSlot("popTextData_M", Obtain<drops::WithPhoto::No>); }},
+    {1, "Obtain Data: ALL 3 shown (from databook)"_L1,
+     [](frm_Main& m) { m.popUps.OnSlot("popTextData_M", ObtainShown<drops::WithPhoto::No>); }},
+    {2, kSeparator},
+    {3, "Save Selected Data to Database"_L1,
+     [](frm_Main& m) { m.popUps.OnSlot("popTextData_M", drops::SaveDataOfSlot); }},
+    {4, kSeparator},
+    {.index = kSwapEntry, .caption = "Swap in the Appraisal with"_L1, .sub = kSwapEntries},
+};
+
+constexpr Row kPicAndData[] = {
+    {0, "Obtain Both Photo and Data (from databook)"_L1,
+     [](frm_Main& m) { m.popUps.OnSlot("popPicAndData_M", Obtain<drops::WithPhoto::Yes>); }},
+    {1, "Obtain Both Photo and Data: ALL 3 shown (from databook)"_L1,
+     [](frm_Main& m) { m.popUps.OnSlot("popPicAndData_M", ObtainShown<drops::WithPhoto::Yes>); }},
+};
+
+/// The entries of a menu or a submenu, in stored order.
+struct Table
+{
+    QLatin1StringView array;
+    std::span<const Row> rows;
+};
+
+constexpr Table kTables[] = {
+    {"mnuFileItem"_L1, kFile},
+    {kExports, kExport},
+    {"mnuSetupItem"_L1, kSetup},
+    {"mnuMaintItem"_L1, kMaintenance},
+    {"mnuTransferItem"_L1, kTransfer},
+    {"mnuRefreshItem"_L1, kRefresh},
+    {"mnuDBItem"_L1, kDatabase},
+    {"mnuHelpItem"_L1, kHelp},
+    {"popGrid_M"_L1, kGrid},
+    {"popPhoto_M"_L1, kPhoto},
+    {"popThumb_M"_L1, kThumb},
+    {"popPicture_M"_L1, kPicture},
+    {"popGeneral_M"_L1, kGeneral},
+    {"popTextData_M"_L1, kTextData},
+    {"popPicAndData_M"_L1, kPicAndData},
+};
+
+/// Submenus whose entries the program makes while it runs: one action, with the index that was chosen.
+struct Made
+{
+    QLatin1StringView array;
+    void (*action)(frm_Main&, int index);
+};
+
+constexpr Made kMade[] = {
+    {kTutorials, [](frm_Main& m, int index) { StartTutorial(m.program, m.mnuHelpItem, index); }},
+    {kSwapEntries, [](frm_Main& m, int index) { m.popUps.Swap(index); }},
+};
+
+template <typename Tables>
+const auto* TableOf(const Tables& tables, const QString& array)
+{
+    const auto found = std::find_if(std::begin(tables), std::end(tables),
+                                    [&](const auto& table) { return table.array == array; });
+    return found == std::end(tables) ? nullptr : found;
+}
+
+QList<forms::MenuEntry> EntriesOf(const QString& array)
 {
     QList<forms::MenuEntry> entries;
-    for (const Row& row : rows) {
-        forms::MenuEntry entry;
-        entry.index = row.index;
-        entry.caption = row.caption;
-        entry.enabled = row.screen == Screen::Here;
-        entry.shortcut = row.shortcut;
-        entries.append(entry);
-    }
+    const Table* table = TableOf(kTables, array);
+    if (table == nullptr)
+        return entries;
+    for (const Row& row : table->rows)
+        entries.append({.index = row.index,
+                        .caption = row.caption,
+                        .enabled = row.action != nullptr || TableOf(kMade, row.sub) != nullptr,
+                        .shortcut = row.shortcut,
+                        .subEntries = EntriesOf(row.sub),
+                        .subName = row.sub,
+                        .toolTip = row.toolTip});
     return entries;
 }
 
 } // namespace
 
-QList<forms::MenuEntry> FileEntries()
+Menus::Menus(forms::ControlSet& controls)
+    : mnuFileItem(controls, u"mnuFileItem"_s, u"&File"_s, EntriesOf(u"mnuFileItem"_s))
+    , mnuSetupItem(controls, u"mnuSetupItem"_s, u"&Setup"_s, EntriesOf(u"mnuSetupItem"_s))
+    , mnuMaintItem(controls, u"mnuMaintItem"_s, u"&Maintenance"_s, EntriesOf(u"mnuMaintItem"_s))
+    , mnuTransferItem(controls, u"mnuTransferItem"_s, u"&Transfer"_s, EntriesOf(u"mnuTransferItem"_s))
+    , mnuRefreshItem(controls, u"mnuRefreshItem"_s, u"&Refresh"_s, EntriesOf(u"mnuRefreshItem"_s))
+    , mnuDBItem(controls, u"mnuDBItem"_s, u"&Database"_s, EntriesOf(u"mnuDBItem"_s))
+    , mnuHelpItem(controls, u"mnuHelpItem"_s, u"&Help"_s, EntriesOf(u"mnuHelpItem"_s))
+    , popGrid_M(controls, u"popGrid_M"_s, {}, EntriesOf(u"popGrid_M"_s))
+    , popPhoto_M(controls, u"popPhoto_M"_s, {}, EntriesOf(u"popPhoto_M"_s))
+    , popThumb_M(controls, u"popThumb_M"_s, {}, EntriesOf(u"popThumb_M"_s))
+    , popPicture_M(controls, u"popPicture_M"_s, {}, EntriesOf(u"popPicture_M"_s))
+    , popGeneral_M(controls, u"popGeneral_M"_s, {}, EntriesOf(u"popGeneral_M"_s))
+    , popTextData_M(controls, u"popTextData_M"_s, {}, EntriesOf(u"popTextData_M"_s))
+    , popPicAndData_M(controls, u"popPicAndData_M"_s, {}, EntriesOf(u"popPicAndData_M"_s))
 {
-    auto entries = Entries({
-        {0, "Launch Appraisal Program"_L1, Screen::Here, "Ctrl+L"_L1},
-        {1, kSeparator},
-        {2, "Copy Photos - From Floppy"_L1, Screen::Here},
-        {3, "Copy Photos - From Reader"_L1, Screen::Here},
-        {4, "Copy Photos - From ROM"_L1, Screen::Here},
-        {5, kSeparator},
-        {6, "Find Photos"_L1, Screen::Here},
-        {7, kSeparator},
-        {8, "Export Address/Comp Data"_L1},
-        {9, "Print Comparable Report (from Database)"_L1},
-        {10, kSeparator},
-        {11, "Exit"_L1, Screen::Here, "Ctrl+Q"_L1},
-    });
-    entries[8].subName = u"mnuFileItemSubExport"_s;
-    entries[8].subEntries = Entries({
-        {0, "To Delorme (tm) Street Atlas (current)"_L1},
-        {1, "To Delorme (tm) Street Atlas (2004 and prior)"_L1},
-        {2, kSeparator},
-        {3, "To Microsoft (tm) Streets (current)"_L1},
-        {4, "To Microsoft (tm) Streets (2001 and prior)"_L1},
-    });
-    return entries;
+    QList<forms::MenuEntry> entries = popTextData_M.Entries();
+    for (int comp = 1; comp <= kSalesComps; ++comp)
+        entries.last().subEntries.append({.index = comp, .caption = u"Comp &%1"_s.arg(comp)});
+    popTextData_M.SetEntries(entries);
+    popPicture_M.SetEntryCaption(kAllPhotosEntry, PictureEntryCaption(false));
+    mnuHelpItem.SetEntryEnabled(kWebsiteEntry, false); // until the settings name a page
 }
 
-QList<forms::MenuEntry> SetupEntries()
+QList<forms::Menu*> Menus::All()
 {
-    return Entries({
-        {0, "Configuration"_L1, Screen::Here, "Ctrl+,"_L1},
-        {1, kSeparator},
-        {2, "Grid Layout"_L1, Screen::Here},
-        {3, "City Listings"_L1, Screen::Here},
-        {4, kSeparator},
-        {kImageNamesEntry, "View Capture Image Names"_L1, Screen::Here},
-        {kImageListEntry, "View Image Filename Listing"_L1, Screen::Here},
-        {7, kSeparator},
-        {kManualEntry, "Hide Manual Comp Entry"_L1, Screen::Here},
-        {9, kSeparator},
-        {10, "General Views"_L1, Screen::Here},
-    });
-}
-
-QList<forms::MenuEntry> MaintenanceEntries()
-{
-    return Entries({
-        {0, "Data Correction"_L1},
-        {1, kSeparator},
-        {2, "Camera Views"_L1, Screen::Here},
-        {3, "City Editing"_L1, Screen::Here},
-        {4, "Trashcan Maintenance"_L1, Screen::Here},
-    });
-}
-
-QList<forms::MenuEntry> TransferEntries()
-{
-    return Entries({
-        {0, "Subject: Appraisal to Databook"_L1, Screen::Here},
-        {1, kSeparator},
-        {2, "Comps 1-9: Appraisal to Databook"_L1, Screen::Here},
-        {3, "Alt Comps 1-6: Appraisal to Databook"_L1, Screen::Here},
-        {4, "Listings 1-6: Appraisal to Databook"_L1, Screen::Here},
-        {5, "Rentals 1-9: Appraisal to Databook"_L1, Screen::Here},
-        {6, kSeparator},
-        {7, "All Data: Appraisal to Databook"_L1, Screen::Here, "Ctrl+T"_L1},
-    });
-}
-
-QList<forms::MenuEntry> RefreshEntries()
-{
-    return Entries({
-        {0, "Appraisal Information"_L1, Screen::Here, "F5"_L1},
-        {1, kSeparator},
-        {2, "Database Grid (all records shown)"_L1, Screen::Here, "Shift+F5"_L1},
-    });
-}
-
-QList<forms::MenuEntry> DatabaseEntries()
-{
-    return Entries({
-        {0, "Import Data"_L1},
-        {1, "Export Data"_L1},
-        {2, "Archive Data"_L1},
-        {3, kSeparator},
-        {4, "Change Current Database"_L1, Screen::Here, "Ctrl+D"_L1},
-    });
-}
-
-QList<forms::MenuEntry> HelpEntries()
-{
-    return Entries({
-        {0, "Program Help"_L1, Screen::Here},
-        {1, "Tutorials"_L1},
-        {2, "What's New?"_L1, Screen::Here},
-        {8, kSeparator},
-        {kWebsiteEntry, "Connect to Website"_L1},
-        {11, kSeparator},
-        {12, "About"_L1, Screen::Here},
-    });
-}
-
-QList<forms::MenuEntry> GridEntries()
-{
-    return Entries({
-        {0, "Refesh Grid"_L1, Screen::Here},
-        {1, kSeparator},
-        {2, "Search"_L1},
-        {3, kSeparator},
-        {4, "Refresh from Appraisal"_L1, Screen::Here},
-        {5, "Addresses in Memory"_L1},
-    });
-}
-
-QList<forms::MenuEntry> PhotoEntries()
-{
-    return Entries({
-        {0, "Rename View"_L1, Screen::Here},
-        {1, "Delete Photo"_L1, Screen::Here},
-    });
-}
-
-QList<forms::MenuEntry> ThumbEntries()
-{
-    return Entries({
-        {0, "Delete Image"_L1, Screen::Here},
-        {1, kSeparator},
-        {2, "View Image Name"_L1, Screen::Here},
-        {3, "Compress Image"_L1, Screen::Here},
-        {4, kSeparator},
-        {5, "View Image Listbox"_L1, Screen::Here},
-    });
-}
-
-QList<forms::MenuEntry> PictureEntries()
-{
-    auto entries = Entries({
-        {0, "Obtain Selected Photo (from databook)"_L1, Screen::Here},
-        {1, ""_L1, Screen::Here},
-        {2, kSeparator},
-        {3, "Clear Selected Photo from Appraisal"_L1, Screen::Here},
-    });
-    entries[1].caption = PictureEntryCaption(false);
-    return entries;
+    return {&mnuFileItem,  &mnuSetupItem, &mnuMaintItem,  &mnuTransferItem, &mnuRefreshItem,
+            &mnuDBItem,    &mnuHelpItem,  &popGrid_M,     &popPhoto_M,      &popThumb_M,
+            &popPicture_M, &popGeneral_M, &popTextData_M, &popPicAndData_M};
 }
 
 QString PictureEntryCaption(bool subject)
@@ -190,39 +318,16 @@ QString PictureEntryCaption(bool subject)
                    : u"Obtain 3 Shown Front Views (from databook)"_s;
 }
 
-QList<forms::MenuEntry> GeneralEntries()
+void Choose(frm_Main& main, const QString& array, int index)
 {
-    auto entries = Entries({
-        {0, "Obtain Selected Photo (from databook)"_L1, Screen::Here},
-        {1, kSeparator},
-        {2, "Clear Selected Photo from Appraisal"_L1, Screen::Here},
-    });
-    entries[0].toolTip = u"General Photos Come from the shown above"_s;
-    return entries;
-}
-
-QList<forms::MenuEntry> TextDataEntries()
-{
-    auto entries = Entries({
-        {0, "Obtain Data (from databook)"_L1, Screen::Here},
-        {1, "Obtain Data: ALL 3 shown (from databook)"_L1, Screen::Here},
-        {2, kSeparator},
-        {3, "Save Selected Data to Database"_L1, Screen::Here},
-        {4, kSeparator},
-        {kSwapEntry, "Swap in the Appraisal with"_L1, Screen::Here},
-    });
-    entries[kSwapEntry].subName = kSwapEntries;
-    for (int comp = 1; comp <= 9; ++comp)
-        entries[kSwapEntry].subEntries.append({.index = comp, .caption = u"Comp &%1"_s.arg(comp)});
-    return entries;
-}
-
-QList<forms::MenuEntry> PicAndDataEntries()
-{
-    return Entries({
-        {0, "Obtain Both Photo and Data (from databook)"_L1, Screen::Here},
-        {1, "Obtain Both Photo and Data: ALL 3 shown (from databook)"_L1, Screen::Here},
-    });
+    if (const Made* made = TableOf(kMade, array)) {
+        made->action(main, index);
+    } else if (const Table* table = TableOf(kTables, array)) {
+        const auto row = std::find_if(table->rows.begin(), table->rows.end(),
+                                      [index](const Row& candidate) { return candidate.index == index; });
+        if (row != table->rows.end() && row->action != nullptr)
+            row->action(main);
+    }
 }
 
 } // namespace vasclip::shell

@@ -4,32 +4,49 @@
 
 namespace vasclip::shell {
 
-// Entries that the settings change.
-inline constexpr int kImageNamesEntry = 5; ///< of Setup
-inline constexpr int kImageListEntry = 6;  ///< of Setup
-inline constexpr int kManualEntry = 8;     ///< of Setup
-inline constexpr int kWebsiteEntry = 9;    ///< of Help
+class frm_Main;
 
-// The entries of each menu in stored order. An entry whose screen the program does not have yet is disabled.
-
-[[nodiscard]] QList<forms::MenuEntry> FileEntries();
-[[nodiscard]] QList<forms::MenuEntry> SetupEntries();
-[[nodiscard]] QList<forms::MenuEntry> MaintenanceEntries();
-[[nodiscard]] QList<forms::MenuEntry> TransferEntries();
-[[nodiscard]] QList<forms::MenuEntry> RefreshEntries();
-[[nodiscard]] QList<forms::MenuEntry> DatabaseEntries();
-[[nodiscard]] QList<forms::MenuEntry> HelpEntries();
-[[nodiscard]] QList<forms::MenuEntry> GridEntries();        ///< of the pop-up over the grid
-[[nodiscard]] QList<forms::MenuEntry> PhotoEntries();       ///< over the record's photo and its views
-[[nodiscard]] QList<forms::MenuEntry> ThumbEntries();       ///< over thumbnails and the capture list
-[[nodiscard]] QList<forms::MenuEntry> PictureEntries();     ///< over photo slots
-[[nodiscard]] QList<forms::MenuEntry> GeneralEntries();     ///< over general photo slots
-[[nodiscard]] QList<forms::MenuEntry> TextDataEntries();    ///< over text slots
-[[nodiscard]] QList<forms::MenuEntry> PicAndDataEntries();  ///< over data boxes
-/// Of the menu over text slots: the submenu of the comps with which a sales comp can be swapped, by their number.
-inline constexpr int kSwapEntry = 5;
+// Entries that change while the program runs.
+inline constexpr int kImageNamesEntry = 5;  ///< of Setup
+inline constexpr int kImageListEntry = 6;   ///< of Setup
+inline constexpr int kManualEntry = 8;      ///< of Setup
+inline constexpr int kTutorialsEntry = 1;   ///< of Help
+inline constexpr int kWebsiteEntry = 9;     ///< of Help
+inline constexpr int kSearchEntry = 2;      ///< over the grid
+inline constexpr int kThumbNamesEntry = 2;  ///< over thumbnails
+inline constexpr int kThumbListEntry = 5;   ///< over thumbnails
+inline constexpr int kDeleteImageEntry = 0; ///< over thumbnails
+inline constexpr int kAllPhotosEntry = 1;   ///< over photo slots
+inline constexpr int kSwapEntry = 5;        ///< over text slots
+/// The submenu of the tutorials, by their place in the program directory.
+inline constexpr QLatin1StringView kTutorials{"mnuHelpTut_M"};
+/// The submenu of the comps with which a sales comp can be swapped, by their number.
 inline constexpr QLatin1StringView kSwapEntries{"popTextData_MSubSwap"};
+
+/// The menus of the main screen, each with its entries in stored order. An entry without an action, and one
+/// whose screen the program does not have yet, is disabled.
+struct Menus
+{
+    explicit Menus(forms::ControlSet& controls);
+
+    forms::Menu mnuFileItem, mnuSetupItem, mnuMaintItem, mnuTransferItem, mnuRefreshItem, mnuDBItem,
+        mnuHelpItem;
+    forms::Menu popGrid_M;       ///< of the grid, by the right button
+    forms::Menu popPhoto_M;      ///< of the record's photo and its views
+    forms::Menu popThumb_M;      ///< over thumbnails and the capture list
+    forms::Menu popPicture_M;    ///< over photo slots
+    forms::Menu popGeneral_M;    ///< over general photo slots
+    forms::Menu popTextData_M;   ///< over text slots
+    forms::Menu popPicAndData_M; ///< over data boxes
+
+    [[nodiscard]] QList<forms::Menu*> All();
+};
+
 /// The second entry of the photo slots' menu, by whether it opens over the subject.
 [[nodiscard]] QString PictureEntryCaption(bool subject);
+
+/// Does what a menu entry leads to.
+/// @param array  name of the menu or of its submenu
+void Choose(frm_Main& main, const QString& array, int index);
 
 } // namespace vasclip::shell

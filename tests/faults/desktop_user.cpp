@@ -64,10 +64,11 @@ try {
     forms::SystemClock clock;
     forms::SystemRandom random;
     const forms::Ports ports{doubles.prompter, doubles.pump, clock, random, doubles.window, user};
-    shell::frm_Main main{{disk, engine, conduit, ports}};
-    main.LocateInis(app::Places(disk), shell::Silence::Silent);
-    main.ReadSettings();
-    main.ConnectDatabook();
+    shell::Program program{{disk, engine, conduit, ports}};
+    shell::frm_Main main{program};
+    main.program.LocateInis(app::Places(disk), shell::Silence::Silent);
+    main.program.ReadSettings();
+    main.program.ConnectDatabook();
     main.DisplayAllRecords();
     main.ShowCapture();
     Say("ready");

@@ -31,19 +31,21 @@ QStringList Captions(const QList<forms::MenuEntry>& entries)
 
 TEST(SlotMenus, HaveTheirEntriesInOrder)
 {
-    EXPECT_EQ(Captions(ThumbEntries()), (QStringList{u"Delete Image"_s, u"-"_s, u"View Image Name"_s,
+    forms::ControlSet controls;
+    const Menus menus(controls);
+    EXPECT_EQ(Captions(menus.popThumb_M.Entries()), (QStringList{u"Delete Image"_s, u"-"_s, u"View Image Name"_s,
                                                      u"Compress Image"_s, u"-"_s, u"View Image Listbox"_s}));
-    EXPECT_EQ(Captions(PictureEntries()),
+    EXPECT_EQ(Captions(menus.popPicture_M.Entries()),
               (QStringList{u"Obtain Selected Photo (from databook)"_s,
                            u"Obtain 3 Shown Front Views (from databook)"_s, u"-"_s,
                            u"Clear Selected Photo from Appraisal"_s}));
-    EXPECT_EQ(Captions(GeneralEntries()), (QStringList{u"Obtain Selected Photo (from databook)"_s, u"-"_s,
+    EXPECT_EQ(Captions(menus.popGeneral_M.Entries()), (QStringList{u"Obtain Selected Photo (from databook)"_s, u"-"_s,
                                                        u"Clear Selected Photo from Appraisal"_s}));
-    EXPECT_EQ(GeneralEntries()[0].toolTip, u"General Photos Come from the shown above"_s);
-    EXPECT_EQ(Captions(TextDataEntries()),
+    EXPECT_EQ(menus.popGeneral_M.Entries()[0].toolTip, u"General Photos Come from the shown above"_s);
+    EXPECT_EQ(Captions(menus.popTextData_M.Entries()),
               (QStringList{u"Obtain Data (from databook)"_s, u"Obtain Data: ALL 3 shown (from databook)"_s,
                            u"-"_s, u"Save Selected Data to Database"_s, u"-"_s, u"Swap in the Appraisal with"_s}));
-    EXPECT_EQ(Captions(PicAndDataEntries()),
+    EXPECT_EQ(Captions(menus.popPicAndData_M.Entries()),
               (QStringList{u"Obtain Both Photo and Data (from databook)"_s,
                            u"Obtain Both Photo and Data: ALL 3 shown (from databook)"_s}));
 }
@@ -56,7 +58,8 @@ protected:
     tests::TestPorts doubles;
     engine::Engine engine{home.disk};
     test::RecordingConduit conduit;
-    frm_Main main{{home.disk, engine, conduit, doubles.Get()}};
+    Program program{{home.disk, engine, conduit, doubles.Get()}};
+    frm_Main main{program};
     const QString kSnap = u"C:\\SNAP\\"_s;
 
     void SetUp() override

@@ -42,18 +42,25 @@ protected:
         conduit.running = false;
     }
 
-    std::unique_ptr<shell::frm_Main> Start(const QString& commandLine = {})
+    struct Run
     {
-        auto main =
-            std::make_unique<shell::frm_Main>(shell::Foundation{home.disk, engine, conduit, ports.Get()});
+        explicit Run(const shell::Foundation& foundation)
+            : program(foundation)
+        {}
+        shell::Program program;
+        shell::frm_Main main{program};
+    };
+    std::unique_ptr<Run> Start(const QString& commandLine = {})
+    {
+        auto run = std::make_unique<Run>(shell::Foundation{home.disk, engine, conduit, ports.Get()});
         shell::frm_Splash splash(ports.Get());
-        main->Form_load({.commandLine = commandLine,
+        run->main.Form_load({.commandLine = commandLine,
                          .previousInstance = {},
                          .places = {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false},
                          .version = u"1.0.0"_s},
                         splash);
         statuses = splash.lstSplash.Items();
-        return main;
+        return run;
     }
     static void PriceFirst(forms::Grid& grid) { grid.SetColumns(WithFirst(u"SELLINGPR"_s)); }
     static QList<forms::GridColumn> WithFirst(const QString& field)
@@ -93,8 +100,8 @@ protected:
 
 TEST_F(LayoutsAtStart, TheFirstStartWritesTheDefaultIntoBothFiles)
 {
-    auto main = Start();
-    EXPECT_EQ(main->records.grddatabook.Columns(), databook::DefaultColumns());
+    auto run = Start();
+    EXPECT_EQ(run->main.records.grddatabook.Columns(), databook::DefaultColumns());
     EXPECT_EQ(databook::LayoutNames(home.disk, program), QStringList{u"Default"_s});
     EXPECT_EQ(databook::LayoutNames(home.disk, user), QStringList{u"Default"_s});
     EXPECT_EQ(Told(), 0);
@@ -108,14 +115,14 @@ TEST_F(LayoutsAtStart, TheUsersLayoutSurvivesAStartAndTheDefaultIsWrittenAnew)
     PutLayout(u"Current (User)"_s, u"SELLINGPR"_s);
     PutLayout(u"Default"_s, u"NOTES"_s); // of an earlier version of the program
     PutLayout(u"Mine"_s, u"GLA"_s);
-    auto main = Start();
-    EXPECT_EQ(main->records.grddatabook.Columns().first().field, u"SELLINGPR"_s);
+    auto run = Start();
+    EXPECT_EQ(run->main.records.grddatabook.Columns().first().field, u"SELLINGPR"_s);
     EXPECT_EQ(Saved(user, u"Current (User)"_s), u"SELLINGPR"_s);
     EXPECT_EQ(Saved(user, u"Default"_s), u"FRONT"_s);
     EXPECT_EQ(Saved(user, u"Mine"_s), u"GLA"_s);
     EXPECT_EQ(Saved(program, u"Default"_s), u"FRONT"_s);
     EXPECT_EQ(home.disk.ReadWhole(u"C:\\VAS2000\\VAS2000.gbk"_s), home.disk.ReadWhole(user));
-    for (const forms::GridColumn& column : main->records.grddatabook.Columns()) {
+    for (const forms::GridColumn& column : run->main.records.grddatabook.Columns()) {
         if (column.field == u"SALEDATE"_s) {
             EXPECT_EQ(column.numberFormat, u"Short Date"_s);
         }
@@ -128,8 +135,8 @@ TEST_F(LayoutsAtStart, NoLoadShowsTheDefaultAndLeavesTheUsersFileAlone)
     PutLayout(u"Default"_s, u"NOTES"_s);
     const QByteArray before = home.disk.ReadWhole(user);
     for (const QString& line : {u"/NOLOAD"_s, u"/no load"_s}) {
-        auto main = Start(line);
-        EXPECT_EQ(main->records.grddatabook.Columns(), databook::DefaultColumns());
+        auto run = Start(line);
+        EXPECT_EQ(run->main.records.grddatabook.Columns(), databook::DefaultColumns());
         EXPECT_EQ(home.disk.ReadWhole(user), before);
         EXPECT_FALSE(home.disk.FileExists(u"C:\\VAS2000\\VAS2000.gbk"_s));
         EXPECT_EQ(Saved(program, u"Default"_s), u"FRONT"_s);
@@ -140,25 +147,25 @@ TEST_F(LayoutsAtStart, NoLoadShowsTheDefaultAndLeavesTheUsersFileAlone)
 TEST_F(LayoutsAtStart, NoLoadSavesTheLayoutAtExitAllTheSame)
 {
     PutLayout(u"Current (User)"_s, u"SELLINGPR"_s);
-    auto main = Start(u"/NOLOAD"_s);
-    main->records.grddatabook.SetColumns(WithFirst(u"GLA"_s));
-    main->Form_Unload();
+    auto run = Start(u"/NOLOAD"_s);
+    run->main.records.grddatabook.SetColumns(WithFirst(u"GLA"_s));
+    run->main.Form_Unload();
     EXPECT_EQ(Saved(user, u"Current (User)"_s), u"GLA"_s);
 }
 
 TEST_F(LayoutsAtStart, TheLayoutIsSavedAtExitOnce)
 {
-    auto main = Start();
-    PriceFirst(main->records.grddatabook);
-    main->Form_Unload();
+    auto run = Start();
+    PriceFirst(run->main.records.grddatabook);
+    run->main.Form_Unload();
     EXPECT_EQ(Saved(user, u"Current (User)"_s), u"SELLINGPR"_s);
     EXPECT_EQ(Saved(user, u"Default"_s), u"FRONT"_s);
-    EXPECT_EQ(main->records.grddatabook.Source(), nullptr);
-    main->records.grddatabook.SetColumns(WithFirst(u"GLA"_s));
-    main->Form_Unload();
+    EXPECT_EQ(run->main.records.grddatabook.Source(), nullptr);
+    run->main.records.grddatabook.SetColumns(WithFirst(u"GLA"_s));
+    run->main.Form_Unload();
     EXPECT_EQ(Saved(user, u"Current (User)"_s), u"SELLINGPR"_s);
-    main.reset();
-    EXPECT_EQ(Start()->records.grddatabook.Columns().first().field, u"SELLINGPR"_s);
+    run.reset();
+    EXPECT_EQ(Start()->main.records.grddatabook.Columns().first().field, u"SELLINGPR"_s);
 }
 
 TEST_F(LayoutsAtStart, ADamagedFileIsToldOnceAndNeverOverwritten)
@@ -168,10 +175,10 @@ TEST_F(LayoutsAtStart, ADamagedFileIsToldOnceAndNeverOverwritten)
     for (const QString& line : {QString(), u"/NOLOAD"_s}) {
         home.disk.WriteWhole(user, half);
         ports.prompter.Forget();
-        auto main = Start(line);
+        auto run = Start(line);
         EXPECT_EQ(Told(), 1);
-        EXPECT_EQ(main->records.grddatabook.Columns(), databook::DefaultColumns());
-        main->Form_Unload();
+        EXPECT_EQ(run->main.records.grddatabook.Columns(), databook::DefaultColumns());
+        run->main.Form_Unload();
         EXPECT_EQ(Told(), 1) << "once is enough";
         EXPECT_EQ(home.disk.ReadWhole(user), half);
     }
@@ -183,17 +190,17 @@ TEST_F(LayoutsAtStart, AReadOnlyFileStillGivesItsLayout)
     PutLayout(u"Current (User)"_s, u"SELLINGPR"_s);
     home.disk.SetAttr(user, files::ReadOnly);
     const QByteArray before = home.disk.ReadWhole(user);
-    auto main = Start();
-    EXPECT_EQ(main->records.grddatabook.Columns().first().field, u"SELLINGPR"_s);
+    auto run = Start();
+    EXPECT_EQ(run->main.records.grddatabook.Columns().first().field, u"SELLINGPR"_s);
     EXPECT_GE(Told(), 1);
-    main->Form_Unload();
+    run->main.Form_Unload();
     EXPECT_EQ(home.disk.ReadWhole(user), before);
     home.disk.SetAttr(user, files::Normal);
 }
 
 TEST_F(LayoutsAtStart, GridLayoutIsOnTheSetupMenu)
 {
-    auto main = Start();
+    auto run = Start();
     PutLayout(u"Price"_s, u"SELLINGPR"_s);
     ports.screens.Play([](forms::Screen& screen) {
         auto* list = qobject_cast<forms::ListBox*>(screen.controls.Find(u"lstLayout"_s));
@@ -202,47 +209,47 @@ TEST_F(LayoutsAtStart, GridLayoutIsOnTheSetupMenu)
         Q_EMIT screen.controls.Find(u"cmdUseSelected"_s)->Clicked();
         Q_EMIT screen.controls.Find(u"cmdOK"_s)->Clicked();
     });
-    main->mnuSetupItem.Choose(u"mnuSetupItem"_s, 2);
+    run->main.mnuSetupItem.Choose(u"mnuSetupItem"_s, 2);
     EXPECT_EQ(ports.screens.Shown(), QStringList{u"frm_Grid"_s});
-    EXPECT_EQ(main->records.grddatabook.Columns().first().field, u"SELLINGPR"_s);
+    EXPECT_EQ(run->main.records.grddatabook.Columns().first().field, u"SELLINGPR"_s);
     EXPECT_EQ(Saved(user, u"Current (User)"_s), u"SELLINGPR"_s);
 }
 
 TEST_F(LayoutsAtStart, AHeadingSortsByItsFieldAndIsRemembered)
 {
-    auto main = Start();
-    auto& grid = main->records.grddatabook;
+    auto run = Start();
+    auto& grid = run->main.records.grddatabook;
     grid.ClickHead(grid.ColumnOf(u"GLA"_s));
-    EXPECT_EQ(main->globals.sortGrid, 4);
-    EXPECT_TRUE(main->sources.datsql.RecordSource().endsWith(u" ORDER BY COMPS.GLA DESC"_s));
-    const QString before = main->sources.datsql.RecordSource();
+    EXPECT_EQ(run->main.globals.sortGrid, 4);
+    EXPECT_TRUE(run->main.sources.datsql.RecordSource().endsWith(u" ORDER BY COMPS.GLA DESC"_s));
+    const QString before = run->main.sources.datsql.RecordSource();
     grid.ClickHead(grid.ColumnOf(u"NOTES"_s));
-    EXPECT_EQ(main->globals.sortGrid, 4) << "no order of the six";
-    EXPECT_EQ(main->sources.datsql.RecordSource(), before);
-    main->Form_Unload();
-    main.reset();
-    EXPECT_EQ(Start()->globals.sortGrid, 4);
+    EXPECT_EQ(run->main.globals.sortGrid, 4) << "no order of the six";
+    EXPECT_EQ(run->main.sources.datsql.RecordSource(), before);
+    run->main.Form_Unload();
+    run.reset();
+    EXPECT_EQ(Start()->main.globals.sortGrid, 4);
 }
 
 TEST_F(LayoutsAtStart, ThePopUpOfTheGridDoesWhatItsEntriesSay)
 {
-    auto main = Start();
-    auto& menu = main->popGrid_M;
+    auto run = Start();
+    auto& menu = run->main.popGrid_M;
     QStringList captions;
     for (const forms::MenuEntry& entry : menu.Entries())
         captions.append(entry.caption);
     EXPECT_EQ(captions, (QStringList{u"Refesh Grid"_s, u"-"_s, u"Search"_s, u"-"_s,
                                      u"Refresh from Appraisal"_s, u"Addresses in Memory"_s}));
     int rebound = 0;
-    QObject::connect(&main->records.grddatabook, &forms::Grid::Rebound, main.get(), [&] { ++rebound; });
+    QObject::connect(&run->main.records.grddatabook, &forms::Grid::Rebound, &run->main, [&] { ++rebound; });
     menu.Choose(u"popGrid_M"_s, 0);
     EXPECT_EQ(rebound, 1);
     conduit.log.clear();
     menu.Choose(u"popGrid_M"_s, 4);
     EXPECT_FALSE(conduit.log.isEmpty()) << "the forms program was asked";
-    main->records.cmdSearch.SetEnabled(false);
+    run->main.records.cmdSearch.SetEnabled(false);
     EXPECT_FALSE(menu.Entry(u"popGrid_M"_s, 2)->enabled);
-    main->records.cmdSearch.SetEnabled(true);
+    run->main.records.cmdSearch.SetEnabled(true);
     EXPECT_TRUE(menu.Entry(u"popGrid_M"_s, 2)->enabled) << "as soon as its button can";
     EXPECT_FALSE(menu.Entry(u"popGrid_M"_s, 5)->enabled);
 }

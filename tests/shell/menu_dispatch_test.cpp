@@ -34,7 +34,8 @@ protected:
     tests::TestPorts doubles;
     engine::Engine engine{home.disk};
     test::RecordingConduit conduit;
-    frm_Main main{{home.disk, engine, conduit, doubles.Get()}};
+    Program program{{home.disk, engine, conduit, doubles.Get()}};
+    frm_Main main{program};
 
     void SetUp() override
     {

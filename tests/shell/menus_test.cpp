@@ -15,9 +15,15 @@ QStringList Captions(const QList<forms::MenuEntry>& entries)
     return lines;
 }
 
-TEST(Menus, FileEntriesInStoredOrder)
+struct MenusTest : testing::Test
 {
-    const auto entries = shell::FileEntries();
+    forms::ControlSet controls;
+    shell::Menus menus{controls};
+};
+
+TEST_F(MenusTest, FileEntriesInStoredOrder)
+{
+    const auto entries = menus.mnuFileItem.Entries();
     EXPECT_EQ(Captions(entries),
               (QStringList{u"0 Launch Appraisal Program"_s, u"1 -"_s, u"2 Copy Photos - From Floppy"_s,
                            u"3 Copy Photos - From Reader"_s, u"4 Copy Photos - From ROM"_s, u"5 -"_s,
@@ -30,40 +36,40 @@ TEST(Menus, FileEntriesInStoredOrder)
                            u"4 To Microsoft (tm) Streets (2001 and prior)"_s}));
 }
 
-TEST(Menus, TransferEntriesSubjectFirst)
+TEST_F(MenusTest, TransferEntriesSubjectFirst)
 {
     EXPECT_EQ(
-        Captions(shell::TransferEntries()),
+        Captions(menus.mnuTransferItem.Entries()),
         (QStringList{u"0 Subject: Appraisal to Databook"_s, u"1 -"_s, u"2 Comps 1-9: Appraisal to Databook"_s,
                      u"3 Alt Comps 1-6: Appraisal to Databook"_s, u"4 Listings 1-6: Appraisal to Databook"_s,
                      u"5 Rentals 1-9: Appraisal to Databook"_s, u"6 -"_s,
                      u"7 All Data: Appraisal to Databook"_s}));
 }
 
-TEST(Menus, OtherMenusInStoredOrder)
+TEST_F(MenusTest, OtherMenusInStoredOrder)
 {
-    EXPECT_EQ(Captions(shell::SetupEntries()),
+    EXPECT_EQ(Captions(menus.mnuSetupItem.Entries()),
               (QStringList{u"0 Configuration"_s, u"1 -"_s, u"2 Grid Layout"_s, u"3 City Listings"_s, u"4 -"_s,
                            u"5 View Capture Image Names"_s, u"6 View Image Filename Listing"_s, u"7 -"_s,
                            u"8 Hide Manual Comp Entry"_s, u"9 -"_s, u"10 General Views"_s}));
-    EXPECT_EQ(Captions(shell::MaintenanceEntries()),
+    EXPECT_EQ(Captions(menus.mnuMaintItem.Entries()),
               (QStringList{u"0 Data Correction"_s, u"1 -"_s, u"2 Camera Views"_s, u"3 City Editing"_s,
                            u"4 Trashcan Maintenance"_s}));
-    EXPECT_EQ(Captions(shell::RefreshEntries()), (QStringList{u"0 Appraisal Information"_s, u"1 -"_s,
+    EXPECT_EQ(Captions(menus.mnuRefreshItem.Entries()), (QStringList{u"0 Appraisal Information"_s, u"1 -"_s,
                                                               u"2 Database Grid (all records shown)"_s}));
-    EXPECT_EQ(Captions(shell::DatabaseEntries()),
+    EXPECT_EQ(Captions(menus.mnuDBItem.Entries()),
               (QStringList{u"0 Import Data"_s, u"1 Export Data"_s, u"2 Archive Data"_s, u"3 -"_s,
                            u"4 Change Current Database"_s}));
-    EXPECT_EQ(Captions(shell::HelpEntries()),
+    EXPECT_EQ(Captions(menus.mnuHelpItem.Entries()),
               (QStringList{u"0 Program Help"_s, u"1 Tutorials"_s, u"2 What's New?"_s, u"8 -"_s,
                            u"9 Connect to Website"_s, u"11 -"_s, u"12 About"_s}));
 }
 
-TEST(Menus, AnEntryWithoutAScreenIsDisabled)
+TEST_F(MenusTest, AnEntryWithoutAScreenIsDisabled)
 {
-    for (const auto& entry : shell::FileEntries())
+    for (const auto& entry : menus.mnuFileItem.Entries())
         EXPECT_EQ(entry.enabled, QList<int>({0, 2, 3, 4, 6, 11}).contains(entry.index)) << entry.caption.toStdString();
-    for (const auto& entry : shell::MaintenanceEntries())
+    for (const auto& entry : menus.mnuMaintItem.Entries())
         EXPECT_EQ(entry.enabled, entry.index != 0 && entry.index != 1) << entry.caption.toStdString();
 }
 

@@ -45,7 +45,7 @@ protected:
                 doubles.random,
                 doubles.window,
                 own.screens != nullptr ? *own.screens : doubles.screens}
-        , main{{home.disk, engine, own.wire != nullptr ? *own.wire : conduit, ports, own.talk}}
+        , program{{home.disk, engine, own.wire != nullptr ? *own.wire : conduit, ports, own.talk}}
     {}
 
     tests::TempHome home;
@@ -56,7 +56,8 @@ protected:
     StartUpOptions options{
         {}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false}, u"6.2.1"_s};
     frm_Splash splash{ports};
-    frm_Main main;
+    Program program;
+    frm_Main main{program};
 
     void SetUp() override
     {

@@ -35,7 +35,8 @@ protected:
     StartUpOptions options{
         {}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false}, u"6.2.1"_s};
     frm_Splash splash{doubles.Get()};
-    frm_Main main{{home.disk, engine, conduit, doubles.Get()}};
+    Program program{{home.disk, engine, conduit, doubles.Get()}};
+    frm_Main main{program};
 
     void SetUp() override
     {
@@ -199,7 +200,8 @@ TEST_F(SetupMenu, TheAddressesOfTheReportsTabsAreLockedBySetting)
         dynamic_cast<forms::CheckBox&>(*config.controls.Find(u"ckbLockAddr"_s)).SetValue(false);
     });
     EXPECT_EQ(locked(), QSet<bool>{false});
-    frm_Main again({home.disk, engine, conduit, doubles.Get()});
+    Program againProgram{{home.disk, engine, conduit, doubles.Get()}};
+    frm_Main again{againProgram};
     frm_Splash secondSplash{doubles.Get()};
     again.Form_load(options, secondSplash);
     EXPECT_FALSE(again.report.txtComp(1).Locked()) << "and so it is from the start";
@@ -330,7 +332,8 @@ TEST_F(SetupMenu, TutorialsAreThereAsFarAsTheirFilesAre)
     home.Put(u"C:\\VAS2000\\Mapping.exe"_s);
     home.Put(u"C:\\VAS2000\\photos.cls"_s);
     home.Put(u"C:\\VAS2000\\notes.txt"_s);
-    frm_Main again({home.disk, engine, conduit, doubles.Get()});
+    Program againProgram{{home.disk, engine, conduit, doubles.Get()}};
+    frm_Main again{againProgram};
     frm_Splash secondSplash{doubles.Get()};
     again.Form_load(options, secondSplash);
     const forms::MenuEntry* tutorials = again.mnuHelpItem.Entry(u"mnuHelpItem"_s, 1);

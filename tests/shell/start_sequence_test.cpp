@@ -67,7 +67,8 @@ protected:
     StartUpOptions options{
         {}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\EXE\\"_s, false}, u"6.2.1"_s};
     frm_Splash splash{ports};
-    frm_Main main{{home.disk, engine, conduit, ports}};
+    Program program{{home.disk, engine, conduit, ports}};
+    frm_Main main{program};
 
     void SetUp() override
     {
@@ -142,7 +143,8 @@ TEST_F(StartSequence, TheQueueTurnsBetweenStepsUnlessTheLineForbidsIt)
     options.commandLine = u"/S"_s;
     Load();
     const int quiet = doubles.pump.turns;
-    frm_Main again({home.disk, engine, conduit, ports});
+    Program againProgram{{home.disk, engine, conduit, ports}};
+    frm_Main again{againProgram};
     options.commandLine.clear();
     doubles.pump.turns = 0;
     again.Form_load(options, splash);
@@ -185,7 +187,8 @@ TEST_F(StartSequence, PwstreetIniIsCopiedToTheProgramDirectoryAndReadThere)
 
     // A copy that stands is not replaced.
     home.Put(u"C:\\VAS2000\\pwstreet.ini"_s, "[V2BETA]\r\nCellData=D:\\OWN\r\n");
-    frm_Main again({home.disk, engine, conduit, ports});
+    Program againProgram{{home.disk, engine, conduit, ports}};
+    frm_Main again{againProgram};
     again.Form_load(options, splash);
     EXPECT_EQ(again.globals.cellData, u"D:\\OWN"_s);
 }
@@ -267,7 +270,8 @@ TEST_F(StartSequence, ADiskPutIntoTheDriveIsTakenOnOk)
     prompter.AnswerAlways(forms::Answer::Ok);
     const forms::Ports asking{prompter, doubles.pump, doubles.clock, doubles.random, doubles.window, screens};
     engine::Engine own{disk};
-    frm_Main started({disk, own, conduit, asking});
+    Program startedProgram{{disk, own, conduit, asking}};
+    frm_Main started{startedProgram};
     started.Form_load(options, splash);
     EXPECT_EQ(prompter.Texts(), (QStringList{FloppyText(u"Q:\\DCIM\\"_s), FloppyText(u"Q:\\DCIM\\"_s)}))
         << "OK without a disk asks anew, with one it goes on";
@@ -284,7 +288,8 @@ TEST_F(StartSequence, ADatabookWhoseDriveIsAwayAsksForNoDiskAndAnotherOneIsTaken
         doubles.prompter.Answer(forms::Answer::Yes); // tried again, in vain
         doubles.prompter.Answer(forms::Answer::No);
         doubles.prompter.AnswerDialog(u"C:\\VAS2000\\OTHER.MDB"_s);
-        frm_Main again({home.disk, engine, conduit, ports});
+        Program againProgram{{home.disk, engine, conduit, ports}};
+        frm_Main again{againProgram};
         again.Form_load(options, splash);
         for (const tests::ShownBox& box : doubles.prompter.Boxes())
             EXPECT_NE(box.title, kFloppyTitle) << directory.toStdString();
@@ -405,7 +410,8 @@ TEST_F(DamagedStart, WhatCanBeReadBecomesANewDatabookThatTheProgramGoesOnWith)
     EXPECT_EQ(Stored(u"DATAFILE"_s, u"DIRECTORIES"_s), u"DATABOOK_COPY.MDB"_s);
     EXPECT_TRUE(home.disk.ReadWhole(book) == before);
     main.Form_Unload();
-    frm_Main tomorrow({home.disk, engine, conduit, ports});
+    Program tomorrowProgram{{home.disk, engine, conduit, ports}};
+    frm_Main tomorrow{tomorrowProgram};
     doubles.prompter.Forget();
     tomorrow.Form_load(options, splash);
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
@@ -463,7 +469,8 @@ TEST_F(StartSequence, TheWebsiteEntryIsThereWhenTheDeploymentNamesAPage)
     Load();
     EXPECT_FALSE(main.mnuHelpItem.Entry(u"mnuHelpItem"_s, 9)->enabled);
     Set(u"PRODUCT INFO"_s, u"WEBSITE"_s, u"C:\\VAS2000\\update.exe"_s);
-    frm_Main again({home.disk, engine, conduit, ports});
+    Program againProgram{{home.disk, engine, conduit, ports}};
+    frm_Main again{againProgram};
     again.Form_load(options, splash);
     EXPECT_TRUE(again.mnuHelpItem.Entry(u"mnuHelpItem"_s, 9)->enabled);
     again.mnuHelpItem.Choose(u"mnuHelpItem"_s, 9);
@@ -560,7 +567,8 @@ TEST_F(StartSequence, AStartAfterAKillFindsEverythingAsItWas)
     main.sources.datsql.Close();
     main.sources.datComp2Kel_CURRENT.Close();
     const QByteArray ini = home.disk.ReadWhole(kIni);
-    frm_Main again({home.disk, engine, conduit, ports});
+    Program againProgram{{home.disk, engine, conduit, ports}};
+    frm_Main again{againProgram};
     again.Form_load(options, splash);
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
     EXPECT_TRUE(again.sources.datDatabook.Bound());

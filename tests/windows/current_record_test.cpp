@@ -56,6 +56,7 @@ protected:
     Theme theme{*qApp, &settings};
     tests::SamplePort port;
     store::DataSource source{engine, u"other"_s}; ///< another user's
+    std::unique_ptr<shell::Program> program;
     std::unique_ptr<shell::frm_Main> main;
     std::unique_ptr<MainWindow> window;
 
@@ -94,8 +95,9 @@ protected:
     void Open()
     {
         shell::frm_Splash splash{ports.Get()};
-        main = std::make_unique<shell::frm_Main>(
-            shell::Foundation{home.disk, engine, conduit, ports.Get()});
+        main.reset();
+        program = std::make_unique<shell::Program>(shell::Foundation{home.disk, engine, conduit, ports.Get()});
+        main = std::make_unique<shell::frm_Main>(*program);
         main->Form_load(
             {{}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false}, u"6.2.1"_s},
             splash);

@@ -81,7 +81,8 @@ protected:
     QSettings settings{home.Native(u"window.ini"_s), QSettings::IniFormat};
     Theme theme{*qApp, &settings};
     tests::SamplePort port;
-    shell::frm_Main main{{home.disk, engine, conduit, ports.Get()}};
+    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::frm_Main main{program};
     MainWindow window{main.controls, port, guard, theme, settings};
     GuideKey key;
 

@@ -51,7 +51,8 @@ protected:
     Theme theme{*qApp, &settings};
     tests::SamplePort port;
     shell::frm_Splash splash{ports};
-    shell::frm_Main main{{home.disk, engine, conduit, ports}};
+    shell::Program program{{home.disk, engine, conduit, ports}};
+    shell::frm_Main main{program};
     std::unique_ptr<MainWindow> window;
 
     void SetUp() override

@@ -65,7 +65,8 @@ protected:
     QSettings settings{home.Native(u"window.ini"_s), QSettings::IniFormat};
     Theme theme{*qApp, &settings};
     shell::frm_Splash splash{ports};
-    shell::frm_Main main{{home.disk, engine, conduit, ports}};
+    shell::Program program{{home.disk, engine, conduit, ports}};
+    shell::frm_Main main{program};
     app::ShellDrops drops{main};
     std::unique_ptr<MainWindow> window;
     static inline const QString kSnap = u"C:\\SNAP\\"_s;

@@ -61,7 +61,8 @@ protected:
 
 TEST_F(RealScreens, TheMainWindowShowsEveryControlOfFrmMain)
 {
-    shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::frm_Main main{program};
     MainWindow window(main.controls, port, guard, theme, settings);
     EXPECT_TRUE(window.Leftovers().isEmpty()) << window.Leftovers().join(u'\n').toStdString();
 }
@@ -158,7 +159,8 @@ TEST_F(RealScreens, TheAboutBoxShowsItsLinesWhole)
 
 TEST_F(RealScreens, ResetSizePutsTheWindowBackToItsFirstSize)
 {
-    shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::frm_Main main{program};
     MainWindow window(main.controls, port, guard, theme, settings);
     window.show();
     const QSize first = window.size();
@@ -169,7 +171,8 @@ TEST_F(RealScreens, ResetSizePutsTheWindowBackToItsFirstSize)
 
 TEST_F(RealScreens, NoTwoMenuEntriesShareAKey)
 {
-    shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::frm_Main main{program};
     MainWindow window(main.controls, port, guard, theme, settings);
     QHash<QString, QString> taken;
     for (const QAction* action : window.findChildren<QAction*>()) {
@@ -201,7 +204,8 @@ TEST_F(RealScreens, TheSearchShowsEveryControlAndListsAMillionLinesAsItShowsThem
         }
         mutable int asked = 0;
     } lines;
-    shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::frm_Main main{program};
     databook::GridRows rows(main.sources.datsql);
     const forms::Ports shown = ports.Get();
     databook::frm_SearchSQL search({shown, home.disk, main.globals, main.records, main.sources.datsql, rows});
@@ -236,7 +240,8 @@ TEST_F(RealScreens, TheSearchShowsEveryControlAndListsAMillionLinesAsItShowsThem
 /// The press that leaves the date makes its words appear: what was pressed must not run away from the pointer.
 TEST_F(RealScreens, ADateOfTheSearchSaysWhatItIsReadAsAndMovesNothing)
 {
-    shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::frm_Main main{program};
     databook::GridRows rows(main.sources.datsql);
     const forms::Ports shown = ports.Get();
     databook::frm_SearchSQL search({shown, home.disk, main.globals, main.records, main.sources.datsql, rows});
@@ -281,7 +286,8 @@ TEST_F(RealScreens, ADateOfTheSearchSaysWhatItIsReadAsAndMovesNothing)
 
 TEST_F(RealScreens, EscEmptiesTheQuickFindBoxAndGoesToTheGrid)
 {
-    shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::frm_Main main{program};
     MainWindow window(main.controls, port, guard, theme, settings);
     window.show();
     window.activateWindow();
@@ -311,7 +317,8 @@ TEST_F(RealScreens, TheCalendarShowsEveryControlOfFrmCalendar)
 
 TEST_F(RealScreens, EveryHeadingOfTheGridFitsItsColumn)
 {
-    shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::frm_Main main{program};
     MainWindow window(main.controls, port, guard, theme, settings);
     databook::SetGridSettings(main.records.grddatabook, u"DEFAULT"_s);
     const QHeaderView* header = window.Databook().horizontalHeader();

@@ -154,7 +154,8 @@ TEST_F(RecordScreens, SeveralCitiesAreSelectedAndDeletedAtOnce)
 
 TEST_F(RecordScreens, TheAttachCityWindowShowsEveryControlAndAnswersToItsKeys)
 {
-    shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::frm_Main main{program};
     main.globals.applicationIni = globals.applicationIni;
     main.sources.datDatabook.SetDatabaseName(u"C:\\DATABOOK.MDB"_s);
     main.sources.datDatabook.SetRecordSource(u"COMPS"_s);
@@ -184,14 +185,15 @@ TEST_F(RecordScreens, TheAttachCityWindowShowsEveryControlAndAnswersToItsKeys)
 
 TEST_F(RecordScreens, TheKeysOfTheGridDoWhatItsButtonsDo)
 {
-    shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::frm_Main main{program};
     MainWindow window(main.controls, port, guard, theme, settings);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     QStringList clicked;
     for (forms::Button* button : {&main.records.cmdAdd, &main.records.cmdEdit, &main.records.cmdCopy,
                                   &main.records.cmdRename, &main.records.cmdDelete}) {
-        button->disconnect(&main);
+        button->disconnect(&main.entry);
         QObject::connect(button, &forms::Control::Clicked,
                          [&clicked, button] { clicked.append(button->Name()); });
         button->SetEnabled(true);
@@ -240,7 +242,8 @@ TEST_F(RecordScreens, ThePhotoBesideTheGridIsThatOfItsRow)
     conduit.running = false;
 
     shell::frm_Splash splash{ports.Get()};
-    shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::frm_Main main{program};
     main.Form_load(
         {{}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false}, u"6.2.1"_s},
         splash);
@@ -303,7 +306,8 @@ TEST_F(RecordScreens, PicturesOfBothInBothThemes)
         cities.lstcity.SetListIndex(1);
         cities.cmdOk_Click();
         save(cities);
-        shell::frm_Main main({home.disk, engine, conduit, ports.Get()});
+        shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+        shell::frm_Main main{program};
         main.globals.applicationIni = globals.applicationIni;
         main.sources.datDatabook.SetDatabaseName(u"C:\\DATABOOK.MDB"_s);
         main.sources.datDatabook.SetRecordSource(u"COMPS"_s);

@@ -142,7 +142,8 @@ public:
         , m_prompter(m_disk)
         , m_guard(m_prompter, [this](int code) { End(code); })
         , m_clock(options.today)
-        , m_main({m_disk, m_engine, Link(), {m_prompter, m_pump, m_clock, m_random, m_desktop, m_screens}, &m_talk})
+        , m_program({m_disk, m_engine, Link(), {m_prompter, m_pump, m_clock, m_random, m_desktop, m_screens}, &m_talk})
+        , m_main(m_program)
         , m_splash({m_prompter, m_pump, m_clock, m_random, m_desktop, m_screens})
         , m_drops(m_main)
         , m_copy(m_disk.Home())
@@ -322,6 +323,7 @@ private:
     windows::WindowPump m_pump;
     app::FixedClock m_clock;
     forms::SystemRandom m_random;
+    shell::Program m_program;
     shell::frm_Main m_main;
     shell::frm_Splash m_splash;
     app::ShellDrops m_drops;

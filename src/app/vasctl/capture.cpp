@@ -35,15 +35,15 @@ int NoDirectory(const Output& out, const QString& directory)
 
 int List(Session& session, const Output& out, const QString& given)
 {
-    auto& main = session.WithDatabook();
+    auto& program = session.WithDatabook();
     const files::Disk& disk = session.Disk();
     const QString directory =
-        common::CkRSlash(given.isEmpty() ? main.globals.G_CaptureDir : DrivePathOf(disk, given));
+        common::CkRSlash(given.isEmpty() ? program.globals.G_CaptureDir : DrivePathOf(disk, given));
     if (directory == "\\"_L1 || !disk.DirExists(directory))
         return NoDirectory(out, given.isEmpty() ? directory : given);
-    const bool own = photos::IsCaptureDirectory(main.globals, directory);
-    photos::PhotoOwners owners(main.sources.datDatabook, main.globals.G_Table);
-    photos::KnownPictures known(disk, main.globals, [&owners](const QString& stem) { return owners.Of(stem); });
+    const bool own = photos::IsCaptureDirectory(program.globals, directory);
+    photos::PhotoOwners owners(program.sources.datDatabook, program.globals.G_Table);
+    photos::KnownPictures known(disk, program.globals, [&owners](const QString& stem) { return owners.Of(stem); });
     QList<QStringList> rows;
     for (const QString& name : photos::PictureNames(disk, directory, photos::kCapturePatterns)) {
         QStringList row{name, text::Dec(disk.FileLen(directory + name)),
@@ -89,7 +89,7 @@ bool ReadNames(const Output& out, const files::Disk& disk, const QString& source
 
 int Copy(Session& session, const Output& out, const QString& given, QStringList names)
 {
-    auto& main = session.WithDatabook();
+    auto& program = session.WithDatabook();
     const files::Disk& disk = session.Disk();
     // A shell makes many names of "card/*.jpg": the first is a picture too then.
     QString source = DrivePathOf(disk, given);
@@ -100,7 +100,7 @@ int Copy(Session& session, const Output& out, const QString& given, QStringList 
     source = common::CkRSlash(source);
     if (source == "\\"_L1 || !disk.DirExists(source))
         return NoDirectory(out, given);
-    if (photos::IsCaptureDirectory(main.globals, source)) {
+    if (photos::IsCaptureDirectory(program.globals, source)) {
         out.Error(u"The Source and target directories are the same.  Copy ignored."_s);
         return kUsage;
     }
@@ -125,10 +125,10 @@ int Copy(Session& session, const Output& out, const QString& given, QStringList 
                       .trimmed());
         return kNotFound;
     }
-    photos::PhotoOwners owners(main.sources.datDatabook, main.globals.G_Table);
+    photos::PhotoOwners owners(program.sources.datDatabook, program.globals.G_Table);
     const photos::CopyDesk desk{.ports = session.Ports(),
                                 .disk = disk,
-                                .globals = main.globals,
+                                .globals = program.globals,
                                 .recordOf = [&owners](const QString& stem) { return owners.Of(stem); }};
     ProgressLine line(out);
     session.Prompter().SetBeforeBox([&line] { line.Clear(); });
@@ -139,7 +139,7 @@ int Copy(Session& session, const Output& out, const QString& given, QStringList 
         });
     session.Prompter().SetBeforeBox({});
     line.Clear();
-    const QString text = outcome.Text(main.globals.G_CaptureDir);
+    const QString text = outcome.Text(program.globals.G_CaptureDir);
     left = outcome.left + left;
     if (outcome.begun && !outcome.stopped && outcome.failed.isEmpty()) {
         out.Value({{u"copied"_s, outcome.copied},

@@ -22,7 +22,7 @@ databook::CityEntry Wanted(const QCommandLineParser& options)
 
 int Save(Session& session, const Output& out, const forms::ListBox& cities, const QString& done)
 {
-    const common::Globals& globals = session.Main().globals;
+    const common::Globals& globals = session.Home().globals;
     if (!databook::SaveCities(cities, session.Disk(), globals)) {
         out.Error(databook::kCitiesNotSaved.arg(globals.applicationIni));
         return kFailed;
@@ -131,7 +131,7 @@ int RunCities(Session& session, const Output& out, const QStringList& arguments,
         return Assign(session, out, text::Trim(arguments[1]), Wanted(options));
     forms::ControlSet set;
     forms::ListBox cities(set, u"lstcity"_s);
-    databook::LoadCities(cities, session.Disk(), session.Main().globals);
+    databook::LoadCities(cities, session.Disk(), session.Home().globals);
     if (verb == u"list"_s && needs(0))
         return List(out, cities);
     if (verb == u"add"_s && needs(0))

@@ -106,7 +106,7 @@ int RunComments(Session& session, const Output& out, const QStringList& argument
         return kUsage;
     }
     const QString field = QString(column->name);
-    const common::Globals& globals = session.Main().globals;
+    const common::Globals& globals = session.Home().globals;
     const QString path = comments::CommentFilePath(globals);
     if (!comments::HasCommentFile(session.Disk(), path)) {
         out.Error(u"There is no comment file %1; the program makes it when an entry screen opens, or set "

@@ -2,6 +2,7 @@
 
 #include "common/paths.h"
 #include "platform/text/text.h"
+#include "shell/rescue_text.h"
 
 namespace vasclip::vasctl {
 
@@ -22,7 +23,7 @@ QString HowToOpen(const QString& directory, const QString& target)
 
 int Copy(Session& session, const Output& out, const QString& given)
 {
-    const auto& g = session.Main().globals;
+    const auto& g = session.Home().globals;
     const files::Disk& disk = session.Disk();
     const QString source = g.G_DataDir + g.G_DataFile;
     QString target = given;

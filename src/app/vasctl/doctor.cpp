@@ -143,14 +143,14 @@ void LookAtDatabase(Session& session, Findings& found, const QString& subject, c
 
 void LookAtLink(Session& session, Findings& found)
 {
-    auto& main = session.Main();
-    if (main.globals.kelAppDir.isEmpty())
+    auto& program = session.Home();
+    if (program.globals.kelAppDir.isEmpty())
         found.Add(Grade::Notice, u"forms program"_s,
                   u"KEL.INI names no APPDIR; its scripts can't be found"_s);
     else
-        LookAtDirectory(session.Disk(), found, u"forms program"_s, main.globals.kelAppDir);
+        LookAtDirectory(session.Disk(), found, u"forms program"_s, program.globals.kelAppDir);
     try {
-        if (!link::KelIsActive(session.Conduit(), main.linkState)) {
+        if (!link::KelIsActive(session.Conduit(), program.linkState)) {
             found.Add(Grade::Notice, u"link"_s,
                       u"no report is open on %1; start the forms program and open a report"_s.arg(
                           session.SocketPath()));
@@ -175,19 +175,19 @@ int RunDoctor(Session& session, const Output& out)
     LookAtHome(session.Disk(), found);
     bool settings = true;
     try {
-        auto& main = session.Main();
-        found.Add(Grade::Good, u"VAS2000.INI"_s, main.globals.applicationIni);
-        const bool kel = session.Disk().FileExists(main.globals.kelIni);
+        auto& program = session.Home();
+        found.Add(Grade::Good, u"VAS2000.INI"_s, program.globals.applicationIni);
+        const bool kel = session.Disk().FileExists(program.globals.kelIni);
         found.Add(kel ? Grade::Good : Grade::Wrong, u"KEL.INI"_s,
-                  kel ? main.globals.kelIni
-                      : main.globals.kelIni + u" is not there; it comes with the forms program"_s);
+                  kel ? program.globals.kelIni
+                      : program.globals.kelIni + u" is not there; it comes with the forms program"_s);
     } catch (const RuntimeError& failure) {
         found.Add(Grade::Wrong, u"VAS2000.INI"_s, failure.Description());
         settings = false;
     }
     if (settings) {
-        auto& main = session.Main();
-        const auto& g = main.globals;
+        auto& program = session.Home();
+        const auto& g = program.globals;
         const std::pair<QString, QString> directories[]{
             {u"APPDIR"_s, g.G_ProgramDir},   {u"USERDIR"_s, g.G_UserDir},
             {u"PHOTODIR"_s, g.G_PhotoDir},   {u"CAPTUREDIR"_s, g.G_CaptureDir},

@@ -59,9 +59,9 @@ int RunLayouts(Session& session, const Output& out, const QStringList& arguments
 {
     const QString verb = arguments.value(0);
     const bool named = arguments.size() == 2;
-    auto& main = session.Main();
+    auto& program = session.Home();
     const files::Disk& disk = session.Disk();
-    const QString file = main.globals.G_ProgramDir + databook::kUserLayouts;
+    const QString file = program.globals.G_ProgramDir + databook::kUserLayouts;
     if (verb == u"list"_s && arguments.size() == 1)
         return List(disk, out, file);
     if (verb == u"show"_s && named)
@@ -71,10 +71,10 @@ int RunLayouts(Session& session, const Output& out, const QStringList& arguments
         out.Error(u"Usage: vasctl layouts list | show NAME | save NAME | delete NAME | use NAME | default"_s);
         return kUsage;
     }
-    auto& grid = main.records.grddatabook;
+    auto& grid = program.records.grddatabook;
     databook::SetGridSettings(grid, u"DEFAULT"_s);
     databook::LoadGrid(disk, grid, file, databook::kCurrentLayout);
-    databook::frm_Grid screen(disk, session.Ports(), grid, main.globals.G_ProgramDir);
+    databook::frm_Grid screen(disk, session.Ports(), grid, program.globals.G_ProgramDir);
     const QString name = text::Trim(arguments.value(1));
     screen.LayoutListLayouts(file);
     if (const QString wrong = WrongName(name, screen.txtLayout.MaxLength()); !wrong.isEmpty()) {

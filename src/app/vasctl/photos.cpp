@@ -41,15 +41,15 @@ private:
 /// The desk that the commands work on, with the parts of the main screen.
 struct Work
 {
-    Work(Session& session, shell::frm_Main& main, QString view = {})
+    Work(Session& session, shell::Program& program, QString view = {})
         : questions(session.Prompter(), std::move(view))
-        , desk(session.Ports(), session.Disk(), main.globals, main.sources.datDatabook, main.photoLists,
-               main.Link().loader, main.status, questions)
-        , box(main.slots.geamaintain)
+        , desk(session.Ports(), session.Disk(), program.globals, program.sources.datDatabook, program.photoLists,
+               program.Link().loader, program.status, questions)
+        , box(program.slots.geamaintain)
     {
-        desk.addRecord = [&session, &main](const QString& key) {
-            (void)databook::AddRecord(session.Ports(), main.sources.datDatabook, key, u'F',
-                                      main.globals.addressCase);
+        desk.addRecord = [&session, &program](const QString& key) {
+            (void)databook::AddRecord(session.Ports(), program.sources.datDatabook, key, u'F',
+                                      program.globals.addressCase);
         };
     }
     TerminalQuestions questions;
@@ -64,9 +64,9 @@ int NoRecord(const Output& out, const QString& key)
     return kNotFound;
 }
 
-bool Find(Session& session, shell::frm_Main& main, const QString& key)
+bool Find(Session& session, shell::Program& program, const QString& key)
 {
-    return store::FindRecord(session.Ports(), main.sources.datDatabook, databook::KeyOf(key), u"Centralkey"_s);
+    return store::FindRecord(session.Ports(), program.sources.datDatabook, databook::KeyOf(key), u"Centralkey"_s);
 }
 
 /// What was made of a view, to put behind a sentence; "" if it stayed as it was.
@@ -77,12 +77,12 @@ QString Cleaned(const QString& view)
 }
 
 /// Reads the record's lists and selects the row of the view. @return kDone, or why not
-int Select(Session& session, shell::frm_Main& main, const Output& out, const QString& key, const QString& view)
+int Select(Session& session, shell::Program& program, const Output& out, const QString& key, const QString& view)
 {
-    if (!Find(session, main, key))
+    if (!Find(session, program, key))
         return NoRecord(out, key);
-    photos::PhotoLists& lists = main.photoLists;
-    photos::ReadPhotoLists(main.sources.datDatabook, lists.lstViews, lists.lstimages);
+    photos::PhotoLists& lists = program.photoLists;
+    photos::ReadPhotoLists(program.sources.datDatabook, lists.lstViews, lists.lstimages);
     const int row = lists.lstViews.IndexOf(photos::CleanView(view));
     if (row < 0) {
         out.Error(u"%1 has no photo '%2'. 'vasctl photos list' shows what it has."_s.arg(
@@ -95,13 +95,13 @@ int Select(Session& session, shell::frm_Main& main, const Output& out, const QSt
 
 int List(Session& session, const Output& out, const QString& key)
 {
-    auto& main = session.WithDatabook();
-    if (!Find(session, main, key))
+    auto& program = session.WithDatabook();
+    if (!Find(session, program, key))
         return NoRecord(out, key);
     QList<QStringList> table;
     for (const auto& [view, stem] :
-         photos::ParsePhotos(store::GetFieldData(main.sources.datDatabook, u"PHOTOS"_s))) {
-        const QString file = main.globals.G_PhotoDir + text::Trim(stem) + u".jpg"_s;
+         photos::ParsePhotos(store::GetFieldData(program.sources.datDatabook, u"PHOTOS"_s))) {
+        const QString file = program.globals.G_PhotoDir + text::Trim(stem) + u".jpg"_s;
         QString size = u"missing"_s;
         QString bytes;
         if (session.Disk().FileExists(file)) {
@@ -138,8 +138,8 @@ int File(Session& session, const Output& out, const QString& key, const QString&
         out.Error(u"There is no picture '%1', or it is empty."_s.arg(file));
         return kNotFound;
     }
-    auto& main = session.WithDatabook();
-    Work work(session, main);
+    auto& program = session.WithDatabook();
+    Work work(session, program);
     if (!photos::SavePhotoToRecord(work.desk, databook::KeyOf(key), source, view)) {
         if (session.Prompter().Declined())
             return kDeclined;
@@ -148,10 +148,10 @@ int File(Session& session, const Output& out, const QString& key, const QString&
                                                         why.isEmpty() ? u"."_s : u": "_s + why));
         return kFailed;
     }
-    const int row = main.photoLists.lstViews.IndexOf(photos::CleanView(view));
-    out.Line(u"'%1' is the %2 of %3 now, stored as %4."_s.arg(source, main.photoLists.lstViews.List(row),
+    const int row = program.photoLists.lstViews.IndexOf(photos::CleanView(view));
+    out.Line(u"'%1' is the %2 of %3 now, stored as %4."_s.arg(source, program.photoLists.lstViews.List(row),
                                                              databook::KeyOf(key),
-                                                             main.photoLists.lstimages.List(row)) +
+                                                             program.photoLists.lstimages.List(row)) +
              Cleaned(view));
     return kDone;
 }
@@ -163,10 +163,10 @@ int Rename(Session& session, const Output& out, const QString& key, const QStrin
         out.Error(u"The new view is blank."_s + Cleaned(fresh));
         return kUsage;
     }
-    auto& main = session.WithDatabook();
-    if (const int wrong = Select(session, main, out, key, view); wrong != kDone)
+    auto& program = session.WithDatabook();
+    if (const int wrong = Select(session, program, out, key, view); wrong != kDone)
         return wrong;
-    Work work(session, main, fresh);
+    Work work(session, program, fresh);
     if (photos::CmdRenamePhotoView(work.desk) == photos::PhotoChange::None)
         return kFailed; // its box has said why
     out.Line(u"The %1 of %2 is its %3 now."_s.arg(view, databook::KeyOf(key), clean) + Cleaned(fresh));
@@ -175,10 +175,10 @@ int Rename(Session& session, const Output& out, const QString& key, const QStrin
 
 int Delete(Session& session, const Output& out, const QString& key, const QString& view)
 {
-    auto& main = session.WithDatabook();
-    if (const int wrong = Select(session, main, out, key, view); wrong != kDone)
+    auto& program = session.WithDatabook();
+    if (const int wrong = Select(session, program, out, key, view); wrong != kDone)
         return wrong;
-    Work work(session, main);
+    Work work(session, program);
     if (photos::CmdDeletePhoto(work.desk, work.box) == photos::PhotoChange::None) {
         if (session.Prompter().Declined())
             return kDeclined;
@@ -187,7 +187,7 @@ int Delete(Session& session, const Output& out, const QString& key, const QStrin
         return kFailed;
     }
     out.Line(u"The %1 of %2 was deleted; its picture is back in %3."_s.arg(view, databook::KeyOf(key),
-                                                                         main.globals.G_CaptureDir));
+                                                                         program.globals.G_CaptureDir));
     return kDone;
 }
 
@@ -198,17 +198,17 @@ QStringList LineOf(const photos::LostPhoto& lost)
 
 int Orphans(Session& session, const Output& out)
 {
-    auto& main = session.WithDatabook();
+    auto& program = session.WithDatabook();
     const photos::StoreCheck check =
-        photos::CheckStore(main.sources.datDatabook, session.Disk(), main.globals.G_PhotoDir);
+        photos::CheckStore(program.sources.datDatabook, session.Disk(), program.globals.G_PhotoDir);
     QList<QStringList> table;
     for (const photos::LostPhoto& lost : check.lost)
         table.append(LineOf(lost));
     QStringList inReport; // a picture may stand in a report and in no record
-    if (!check.unnamed.isEmpty() && link::KelIsActive(session.Conduit(), main.linkState))
+    if (!check.unnamed.isEmpty() && link::KelIsActive(session.Conduit(), program.linkState))
         inReport = link::PicturesOfReport(session.WithReport().Link());
     for (const QString& name : check.unnamed)
-        if (!inReport.contains(text::Folded(common::CkRSlash(main.globals.G_PhotoDir) + name)))
+        if (!inReport.contains(text::Folded(common::CkRSlash(program.globals.G_PhotoDir) + name)))
             table.append({{}, {}, name.chopped(4), u"No record names the file"_s});
     out.Table({u"CENTRALKEY"_s, u"VIEW"_s, u"STEM"_s, u"WHY"_s}, table);
     return kDone;
@@ -216,10 +216,10 @@ int Orphans(Session& session, const Output& out)
 
 int Verify(Session& session, const Output& out)
 {
-    auto& main = session.WithDatabook();
+    auto& program = session.WithDatabook();
     ProgressLine line(out);
     const photos::StoreCheck check = photos::VerifyStore(
-        main.sources.datDatabook, session.Disk(), main.globals.G_PhotoDir, [&line](int records) {
+        program.sources.datDatabook, session.Disk(), program.globals.G_PhotoDir, [&line](int records) {
             line.Show(u"Looking at the photos of record %1"_s.arg(records + 1));
             return true;
         });

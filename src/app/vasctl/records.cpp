@@ -58,12 +58,12 @@ int List(Session& session, const Output& out, const QCommandLineParser& options)
     const std::optional<qint64> limit = LimitOf(out, options);
     if (!limit)
         return kUsage;
-    auto& main = session.WithDatabook();
-    QString sql = u"SELECT "_s + kListed.join(u", "_s) + u" FROM ["_s + main.globals.G_Table + u"]"_s;
+    auto& program = session.WithDatabook();
+    QString sql = u"SELECT "_s + kListed.join(u", "_s) + u" FROM ["_s + program.globals.G_Table + u"]"_s;
     if (options.isSet(u"where"_s))
         sql += u" WHERE "_s + options.value(u"where"_s);
     sql += u" ORDER BY "_s + (options.isSet(u"sort"_s) ? options.value(u"sort"_s) : u"CENTRALKEY"_s);
-    const auto rows = OpenTyped(main.sources.datDatabook.Database(), sql, out);
+    const auto rows = OpenTyped(program.sources.datDatabook.Database(), sql, out);
     if (!rows)
         return kUsage;
 
@@ -75,8 +75,8 @@ int List(Session& session, const Output& out, const QCommandLineParser& options)
 
 int Show(Session& session, const Output& out, const QString& key, bool everything)
 {
-    auto& main = session.WithDatabook();
-    auto& databook = main.sources.datDatabook;
+    auto& program = session.WithDatabook();
+    auto& databook = program.sources.datDatabook;
     if (!store::FindRecord(session.Ports(), databook, databook::KeyOf(key), u"Centralkey"_s)) {
         out.Error(Missing(key));
         return kNotFound;
@@ -152,15 +152,15 @@ int RunRecords(Session& session, const Output& out, const QStringList& arguments
         return Show(session, out, arguments[1], verb == u"show"_s);
 
     if (verb == u"add"_s && needs(1)) {
-        auto& main = session.WithDatabook();
+        auto& program = session.WithDatabook();
         const QString type = options.isSet(u"type"_s) ? options.value(u"type"_s) : u"F"_s;
         if (type.size() != 1) {
             out.Error(u"--type takes one letter: F, C, S, R, L or M."_s);
             return kUsage;
         }
-        engine::Transaction together(main.sources.datDatabook.Database());
-        const auto added = databook::AddRecord(session.Ports(), main.sources.datDatabook, arguments[1],
-                                               type[0], main.globals.addressCase);
+        engine::Transaction together(program.sources.datDatabook.Database());
+        const auto added = databook::AddRecord(session.Ports(), program.sources.datDatabook, arguments[1],
+                                               type[0], program.globals.addressCase);
         if (!added)
             return Report(out, added, {});
         if (const int wrong = SetFields(session, out, arguments[1], options.values(u"set"_s)); wrong != kDone)
@@ -169,8 +169,8 @@ int RunRecords(Session& session, const Output& out, const QStringList& arguments
         return Report(out, added, u"%1 was added."_s.arg(databook::KeyOf(arguments[1])));
     }
     if (verb == u"edit"_s && needs(1)) {
-        auto& main = session.WithDatabook();
-        if (!store::FindRecord(session.Ports(), main.sources.datDatabook, databook::KeyOf(arguments[1]),
+        auto& program = session.WithDatabook();
+        if (!store::FindRecord(session.Ports(), program.sources.datDatabook, databook::KeyOf(arguments[1]),
                                u"Centralkey"_s)) {
             out.Error(Missing(arguments[1]));
             return kNotFound;
@@ -185,16 +185,16 @@ int RunRecords(Session& session, const Output& out, const QStringList& arguments
         return wrong;
     }
     if (verb == u"delete"_s && needs(1)) {
-        auto& main = session.WithDatabook();
+        auto& program = session.WithDatabook();
         const QString key = databook::KeyOf(arguments[1]);
-        if (!store::FindRecord(session.Ports(), main.sources.datDatabook, key, u"Centralkey"_s)) {
+        if (!store::FindRecord(session.Ports(), program.sources.datDatabook, key, u"Centralkey"_s)) {
             out.Error(Missing(key));
             return kNotFound;
         }
         if (!session.Prompter().YesNo({}, u"Delete '"_s + key + u"'?"_s))
             return kDeclined;
-        const auto deleted = databook::DeleteRecord(session.Ports(), main.sources.datDatabook, key,
-                                                    {session.Disk(), main.globals.G_PhotoDir});
+        const auto deleted = databook::DeleteRecord(session.Ports(), program.sources.datDatabook, key,
+                                                    {session.Disk(), program.globals.G_PhotoDir});
         if (deleted && !deleted.message.isEmpty()) {
             out.Error(deleted.message);
             return kFailed;
@@ -202,16 +202,16 @@ int RunRecords(Session& session, const Output& out, const QStringList& arguments
         return Report(out, deleted, key + u" was deleted."_s);
     }
     if (verb == u"copy"_s && needs(2)) {
-        auto& main = session.WithDatabook();
+        auto& program = session.WithDatabook();
         return Report(
-            out, databook::CopyRecord(session.Ports(), main.sources.datDatabook, arguments[1], arguments[2]),
+            out, databook::CopyRecord(session.Ports(), program.sources.datDatabook, arguments[1], arguments[2]),
             u"%1 was copied to %2."_s.arg(databook::KeyOf(arguments[1]), databook::KeyOf(arguments[2])));
     }
     if (verb == u"rename"_s && needs(2)) {
-        auto& main = session.WithDatabook();
+        auto& program = session.WithDatabook();
         return Report(
             out,
-            databook::RenameRecord(session.Ports(), main.sources.datDatabook, arguments[1], arguments[2]),
+            databook::RenameRecord(session.Ports(), program.sources.datDatabook, arguments[1], arguments[2]),
             u"%1 is %2 now."_s.arg(databook::KeyOf(arguments[1]), databook::KeyOf(arguments[2])));
     }
     out.Error(u"Usage: vasctl records list | find KEY | show KEY | add KEY | edit KEY | delete KEY | copy "

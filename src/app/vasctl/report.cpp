@@ -1,5 +1,6 @@
 #include "app/vasctl/session.h"
 
+#include "drops/router.h"
 #include "link/comp2kel.h"
 #include "link/kel_channel.h"
 #include "link/kel_helpers.h"
@@ -18,11 +19,11 @@ const QString kNoReport = u"No report is open. Start the forms program, open a r
 
 int Status(Session& session, const Output& out)
 {
-    auto& main = session.WithReport();
-    out.Facts({{u"report"_s, main.addr.txtKelReport.Text()},
-               {u"form"_s, link::KelFirstToken(main.addr.txtKelListForms.Text())},
-               {u"forms"_s, main.addr.txtKelListForms.Text()},
-               {u"subject"_s, main.report.txtSubject.Text()},
+    auto& program = session.WithReport();
+    out.Facts({{u"report"_s, program.addr.txtKelReport.Text()},
+               {u"form"_s, link::KelFirstToken(program.addr.txtKelListForms.Text())},
+               {u"forms"_s, program.addr.txtKelListForms.Text()},
+               {u"subject"_s, program.report.txtSubject.Text()},
                {u"socket"_s, session.SocketPath()}});
     return kDone;
 }
@@ -30,7 +31,7 @@ int Status(Session& session, const Output& out)
 /// Every page of every tab with its caption and what its slots hold.
 int Pages(Session& session, const Output& out)
 {
-    auto& main = session.WithReport();
+    auto& program = session.WithReport();
     QList<QStringList> rows;
     const auto add = [&](const forms::TabControl& tab, int page,
                          const forms::ControlArray<forms::TextBox>& texts, int first) {
@@ -39,7 +40,7 @@ int Pages(Session& session, const Output& out)
             slots_.append(u"%1: %2"_s.arg(i).arg(text::Trim(texts(i).Text())));
         rows.append({tab.Name(), QString::number(page + 1), tab.TabCaption(page), slots_.join(u"; "_s)});
     };
-    const auto& r = main.report;
+    const auto& r = program.report;
     for (int page = 0; page < 3; ++page)
         add(r.TabComp, page, r.txtComp, 3 * page + 1);
     for (int page = 3; page < 5; ++page)
@@ -57,14 +58,14 @@ int Pages(Session& session, const Output& out)
 /// The cells of one slot as the mapping knows them, or named items.
 int Cells(Session& session, const Output& out, const QStringList& items)
 {
-    auto& main = session.WithReport();
-    const QString report = main.addr.txtKelReport.Text();
+    auto& program = session.WithReport();
+    const QString report = program.addr.txtKelReport.Text();
     QList<QStringList> rows;
     for (const QString& item : items)
         rows.append({item, link::KelGetFieldInfo(session.Conduit(), report, item)});
     if (items.isEmpty()) {
-        const QString form = link::KelFirstToken(main.addr.txtKelListForms.Text());
-        const auto all = main.sources.datComp2Kel_CURRENT.Database().OpenRecordset(
+        const QString form = link::KelFirstToken(program.addr.txtKelListForms.Text());
+        const auto all = program.sources.datComp2Kel_CURRENT.Database().OpenRecordset(
             u"SELECT * FROM Comp2Kel WHERE Comp2Kel.FORMTYPE = '%1'"_s.arg(form),
             engine::RecordsetType::Dynaset);
         for (; !all->Eof(); all->MoveNext()) {
@@ -92,9 +93,9 @@ int Cells(Session& session, const Output& out, const QStringList& items)
 /// The report's picture objects and the files in them.
 int Images(Session& session, const Output& out)
 {
-    auto& main = session.WithReport();
+    auto& program = session.WithReport();
     QList<QStringList> rows;
-    for (const QString& entry : main.addr.txtKelimages.Text().split(u';', Qt::SkipEmptyParts))
+    for (const QString& entry : program.addr.txtKelimages.Text().split(u';', Qt::SkipEmptyParts))
         rows.append({entry.section(u'|', 0, 0), entry.section(u'|', 1)});
     out.Table({u"object"_s, u"file"_s}, rows);
     return kDone;
@@ -125,11 +126,11 @@ int RunRefresh(Session& session, const Output& out)
 {
     if (!session.ReportIsOpen(out, kNoReport))
         return kNoLink;
-    auto& main = session.WithReport();
+    auto& program = session.WithReport();
     QList<QStringList> rows;
     for (int i = 1; i <= 9; ++i) {
-        if (!main.report.txtComp(i).Text().isEmpty())
-            rows.append({u"txtComp:%1"_s.arg(i), main.report.txtComp(i).Text()});
+        if (!program.report.txtComp(i).Text().isEmpty())
+            rows.append({u"txtComp:%1"_s.arg(i), program.report.txtComp(i).Text()});
     }
     out.Table({u"slot"_s, u"address"_s}, rows);
     return kDone;
@@ -146,8 +147,8 @@ int RunDrop(Session& session, const Output& out, const QStringList& arguments,
     }
     if (!session.ReportIsOpen(out, kNoReport))
         return kNoLink;
-    auto& main = session.WithReport();
-    forms::Control* target = main.controls.Find(slot.captured(1), slot.captured(2).toInt());
+    auto& program = session.WithReport();
+    forms::Control* target = program.controls.Find(slot.captured(1), slot.captured(2).toInt());
     if (!target) {
         out.Error(
             u"There is no slot %1(%2). Slots are txtComp 1-9, txtAltComp 1-6, txtListing 1-6, txtRental 1-9, "
@@ -156,19 +157,20 @@ int RunDrop(Session& session, const Output& out, const QStringList& arguments,
         return kNotFound;
     }
     drops::Drag drag;
-    drag.source = main.records.grddatabook.Name();
+    drag.source = program.records.grddatabook.Name();
     drag.key = text::Folded(arguments[0]);
-    if (!store::FindRecord(session.Ports(), main.sources.datDatabook, drag.key, u"Centralkey"_s)) {
+    if (!store::FindRecord(session.Ports(), program.sources.datDatabook, drag.key, u"Centralkey"_s)) {
         out.Error(u"There is no record '%1' in the Databook."_s.arg(drag.key));
         return kNotFound;
     }
-    if (!main.Accepts(drag.source, *target)) {
+    drops::Router router(program.Drops());
+    if (!router.Accepts(drag.source, *target)) {
         out.Error(u"A record can't be dropped on %1: it is no text slot or data box, or the report has no "
                   u"such page "
                   u"(\"N/A\"). 'vasctl report pages' shows the pages."_s.arg(target->ObjectName()));
         return kNotFound;
     }
-    const drops::Outcome outcome = main.Drop(drag, *target);
+    const drops::Outcome outcome = router.Drop(drag, *target);
     if (outcome.done && outcome.colour == forms::Colour::Red) {
         out.Error(outcome.message); // the data are there, the photo is not
         return kFailed;

@@ -209,7 +209,7 @@ int RunSearch(Session& session, const Output& out, const QStringList& arguments,
     try {
         const QDate today = session.Ports().clock.Today();
         const databook::SearchStatement statement =
-            databook::BuildSearch(FormOf(session.Main().globals, options, today));
+            databook::BuildSearch(FormOf(session.Home().globals, options, today));
         if (options.isSet(u"sql"_s)) {
             out.Value(QJsonObject{{u"sql"_s, statement.sql}}, statement.sql);
             return kDone;
@@ -243,9 +243,9 @@ int RunFind(Session& session, const Output& out, const QStringList& arguments,
                   "neighborhood or notes."_s);
         return kUsage;
     }
-    auto& main = session.WithDatabook();
-    engine::Database& database = main.sources.datDatabook.Database();
-    search.table = main.globals.G_Table;
+    auto& program = session.WithDatabook();
+    engine::Database& database = program.sources.datDatabook.Database();
+    search.table = program.globals.G_Table;
     search.fields = databook::QuickFindFields();
     engine::TextIndexTrouble told = engine::TextIndexTrouble::None;
     for (;;) {
@@ -263,7 +263,7 @@ int RunFind(Session& session, const Output& out, const QStringList& arguments,
         ids.insert(ids.end(), hits.ids.begin(), hits.ids.end());
     }
     const auto rows =
-        database.OpenRecordset(databook::SelectAllText() + databook::OrderByText(main.globals.sortGrid),
+        database.OpenRecordset(databook::SelectAllText() + databook::OrderByText(program.globals.sortGrid),
                                engine::RecordsetType::Dynaset);
     std::vector<qint64> places;
     qint64 found = 0;

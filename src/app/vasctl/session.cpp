@@ -2,6 +2,7 @@
 
 #include "app/places.h"
 #include "link/link_desk.h"
+#include "link/refresh.h"
 #include "platform/conduit/socket_path.h"
 #include "shell/ini_location.h"
 
@@ -44,57 +45,57 @@ forms::Ports Session::Ports()
     return {m_prompter, m_pump, m_clock, m_random, m_window, m_screens};
 }
 
-shell::frm_Main& Session::Main()
+shell::Program& Session::Home()
 {
-    if (m_main)
-        return *m_main;
-    auto main = std::make_unique<shell::frm_Main>(shell::Foundation{m_disk, m_engine, *m_conduit, Ports()});
-    main->LocateInis(app::Places(m_disk), shell::Silence::Silent);
-    if (!m_disk.FileExists(main->globals.applicationIni))
+    if (m_program)
+        return *m_program;
+    auto program = std::make_unique<shell::Program>(shell::Foundation{m_disk, m_engine, *m_conduit, Ports()});
+    program->LocateInis(app::Places(m_disk), shell::Silence::Silent);
+    if (!m_disk.FileExists(program->globals.applicationIni))
         throw RuntimeError(
             error::kFileNotFound,
             u"%1 is not there, so this is no home of the program; choose another with --home"_s.arg(
-                main->globals.applicationIni));
-    main->ReadSettings();
-    m_main = std::move(main);
-    return *m_main;
+                program->globals.applicationIni));
+    program->ReadSettings();
+    m_program = std::move(program);
+    return *m_program;
 }
 
 bool Session::ReportIsOpen(const Output& out, const QString& otherwise)
 {
-    auto& main = Main();
-    if (link::ReportIsNamed(main.Link()))
+    auto& program = Home();
+    if (link::ReportIsNamed(program.Link()))
         return true;
-    const QString why = main.status.lblmsg.Caption();
+    const QString why = program.status.lblmsg.Caption();
     out.Error(why.isEmpty() ? otherwise : why);
     return false;
 }
 
-shell::frm_Main& Session::WithDatabook()
+shell::Program& Session::WithDatabook()
 {
-    auto& main = Main();
+    auto& program = Home();
     if (!m_databook) {
-        main.ConnectDatabook();
+        program.ConnectDatabook();
         m_databook = true;
     }
-    return main;
+    return program;
 }
 
-shell::frm_Main& Session::WithReport()
+shell::Program& Session::WithReport()
 {
-    auto& main = WithDatabook();
+    auto& program = WithDatabook();
     if (!m_report) {
-        if (!m_disk.FileExists(main.globals.kelIni))
+        if (!m_disk.FileExists(program.globals.kelIni))
             m_prompter.Info(
                 u"Configuration File Missing"_s,
                 u"%1 is not there, so the pages of the report are not known and nothing can be sent to "
-                u"them; the file comes with the forms program."_s.arg(main.globals.kelIni));
-        main.ConnectMapping();
-        main.records.LoadCompType();
-        main.RefreshAppraisal();
+                u"them; the file comes with the forms program."_s.arg(program.globals.kelIni));
+        program.ConnectMapping();
+        program.records.LoadCompType();
+        link::RefreshAppraisal(program.Link());
         m_report = true;
     }
-    return main;
+    return program;
 }
 
 QString DrivePathOf(const files::Disk& disk, const QString& given)

@@ -5,7 +5,7 @@
 #include "forms/screen.h"
 #include "forms/system_ports.h"
 #include "platform/conduit/socket_conduit.h"
-#include "shell/frm_main.h"
+#include "shell/program.h"
 
 #include <QCommandLineParser>
 
@@ -23,7 +23,7 @@ public:
     void SetHourglass(bool) override {}
 };
 
-/// One run of vasctl: the home, its settings, and the main screen without a window.
+/// One run of vasctl: the home, its settings, and the program without a screen.
 class Session
 {
 public:
@@ -36,13 +36,13 @@ public:
     [[nodiscard]] forms::Ports Ports();
     [[nodiscard]] conduit::Conduit& Conduit() { return *m_conduit; }
 
-    /// The main screen with ini files located and settings read. @throws RuntimeError if VAS2000.INI is
+    /// The program with ini files located and settings read. @throws RuntimeError if VAS2000.INI is
     /// missing
-    shell::frm_Main& Main();
+    shell::Program& Home();
     /// The same with the Databook bound to datDatabook.
-    shell::frm_Main& WithDatabook();
+    shell::Program& WithDatabook();
     /// The same with the grid filled and the mapping bound, and the open report mirrored.
-    shell::frm_Main& WithReport();
+    shell::Program& WithReport();
     /// Is a report open in the forms program? If not, tells why, `otherwise` where nothing better is known.
     bool ReportIsOpen(const Output& out, const QString& otherwise);
 
@@ -57,7 +57,7 @@ private:
     forms::SystemRandom m_random;
     NoWindow m_window;
     forms::NoScreens m_screens;
-    std::unique_ptr<shell::frm_Main> m_main;
+    std::unique_ptr<shell::Program> m_program;
     bool m_databook = false;
     bool m_report = false;
 };

@@ -112,8 +112,8 @@ int SetFields(Session& session, const Output& out, const QString& key, const QSt
 {
     if (settings.isEmpty())
         return kDone;
-    auto& main = session.WithDatabook();
-    const store::DataSource& databook = main.sources.datDatabook;
+    auto& program = session.WithDatabook();
+    const store::DataSource& databook = program.sources.datDatabook;
     const QDate today = session.Ports().clock.Today();
     QHash<QString, QString> values;
     try {

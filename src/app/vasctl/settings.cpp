@@ -66,13 +66,13 @@ QStringList Line(const common::SettingRow& row, const common::Globals& globals)
 int RunSettings(Session& session, const Output& out, const QStringList& arguments)
 {
     const QString verb = arguments.value(0);
-    auto& main = session.Main();
+    auto& program = session.Home();
     const QStringList headings{u"file"_s, u"section"_s, u"key"_s, u"value"_s, u"page"_s, u"label"_s};
     if (verb == u"list"_s && arguments.size() == 1) {
         QList<QStringList> rows;
         for (const common::SettingRow& row : common::Settings()) {
             if (row.readBy != common::ReadBy::Nothing)
-                rows.append(Line(row, main.globals));
+                rows.append(Line(row, program.globals));
         }
         out.Table(headings, rows);
         return kDone;
@@ -81,7 +81,7 @@ int RunSettings(Session& session, const Output& out, const QStringList& argument
         const auto* row = Find(out, arguments.mid(1));
         if (!row)
             return kNotFound;
-        const QString value = common::SettingText(*row, main.globals);
+        const QString value = common::SettingText(*row, program.globals);
         out.Value({{u"section"_s, QString(row->section)}, {u"key"_s, QString(row->key)}, {u"value"_s, value}},
                   value);
         return kDone;
@@ -94,8 +94,8 @@ int RunSettings(Session& session, const Output& out, const QStringList& argument
             out.Error(u"%1 belongs to another program and is only read here."_s.arg(FileName(row->file)));
             return kFailed;
         }
-        common::WriteSetting(*row, arguments.last(), main.globals, session.Disk());
-        out.Line(u"%1 is '%2' now."_s.arg(row->key, common::SettingText(*row, main.globals)));
+        common::WriteSetting(*row, arguments.last(), program.globals, session.Disk());
+        out.Line(u"%1 is '%2' now."_s.arg(row->key, common::SettingText(*row, program.globals)));
         return kDone;
     }
     out.Error(u"Usage: vasctl settings list | get [SECTION] KEY | set [SECTION] KEY VALUE"_s);

@@ -16,9 +16,9 @@ int RunSql(Session& session, const Output& out, const QStringList& arguments)
         out.Error(u"Only SELECT statements run here; records are changed with 'vasctl records'."_s);
         return kUsage;
     }
-    auto& main = session.Main();
+    auto& program = session.Home();
     // A connection of its own that cannot write, whatever the statement says (SELECT INTO among them).
-    const auto database = session.Engine().OpenDatabase(main.globals.G_DataDir + main.globals.G_DataFile,
+    const auto database = session.Engine().OpenDatabase(program.globals.G_DataDir + program.globals.G_DataFile,
                                                         engine::OpenMode::ReadOnly);
     const auto rows = OpenTyped(*database, arguments[0], out);
     if (!rows)

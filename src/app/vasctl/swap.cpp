@@ -23,8 +23,9 @@ int RunSwap(Session& session, const Output& out, const QStringList& arguments)
     }
     if (!session.ReportIsOpen(out, link::messages::kNotRunning))
         return kNoLink;
-    auto& main = session.WithReport();
-    const drops::Outcome outcome = main.SwapComps(a, b);
+    auto& program = session.WithReport();
+    drops::DropDesk desk = program.Drops();
+    const drops::Outcome outcome = drops::SwapSlots(desk, a, b);
     if (!outcome.done || outcome.colour == forms::Colour::Red) {
         if (!outcome.message.isEmpty())
             out.Error(outcome.message);

@@ -82,8 +82,8 @@ int RunTransfer(Session& session, const Output& out, const QStringList& argument
                                              : link::What::Pic;
     if (!session.ReportIsOpen(out, link::messages::kNotRunning))
         return kNoLink;
-    auto& main = session.WithReport();
-    const link::TransferTally tally = order.run(main.Link(), what);
+    auto& program = session.WithReport();
+    const link::TransferTally tally = order.run(program.Link(), what);
     if (tally.notRunning)
         return kNoLink; // which has been said
     if (tally.Empty()) {

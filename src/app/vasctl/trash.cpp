@@ -82,9 +82,9 @@ int RunTrash(Session& session, const Output& out, const QStringList& arguments,
              const QCommandLineParser& options)
 {
     const QString verb = arguments.value(0);
-    auto& main = session.Main();
+    auto& program = session.Home();
     const QString trash = options.isSet(u"dir"_s) ? common::CkRSlash(DrivePathOf(session.Disk(), options.value(u"dir"_s)))
-                                                  : photos::TrashDirectory(main.globals.G_CaptureDir);
+                                                  : photos::TrashDirectory(program.globals.G_CaptureDir);
     if (!photos::IsInTrashCan(trash)) {
         out.Error(u"%1 is no trash directory: its name is not TRASHCAN."_s.arg(trash));
         return kUsage;
@@ -93,7 +93,7 @@ int RunTrash(Session& session, const Output& out, const QStringList& arguments,
         out.Error(u"There is no directory '%1', or it can't be reached."_s.arg(trash));
         return kNotFound;
     }
-    const photos::TrashDesk desk{session.Ports(), session.Disk(), main.globals};
+    const photos::TrashDesk desk{session.Ports(), session.Disk(), program.globals};
     if (verb == u"list"_s && arguments.size() == 1)
         return List(session, out, trash);
     if (verb == u"restore"_s && arguments.size() >= 2)

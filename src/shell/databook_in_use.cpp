@@ -1,4 +1,4 @@
-// The Databook that the program works on: opened at the start, looked at, and the ways out when it can't be used.
+#include "shell/databook_in_use.h"
 
 #include "common/error_block.h"
 #include "common/given_up.h"
@@ -7,7 +7,10 @@
 #include "databook/grid.h"
 #include "platform/engine/errors.h"
 #include "platform/text/text.h"
-#include "shell/frm_main.h"
+#include "shell/program.h"
+#include "shell/record_on_show.h"
+#include "shell/rescue_text.h"
+#include "shell/window_wants.h"
 #include "store/messages.h"
 
 namespace vasclip::shell {
@@ -23,8 +26,10 @@ const QString kDamagedTitle = u"Databook Damaged"_s;
 const QString kNotOpened =
     u"%1 can't be opened. %2.\n\nYes tries again, No chooses another Databook, Cancel ends the program."_s;
 const QString kDamaged =
-    u"%1 is damaged: %2.\nIt is open for reading only, so that nothing more is lost. If there is a backup, restoring "
-    u"it brings everything back.\n\nYes copies the records that can still be read into a new Databook and goes on "
+    u"%1 is damaged: %2.\nIt is open for reading only, so that nothing more is lost. If there is a backup, "
+    u"restoring "
+    u"it brings everything back.\n\nYes copies the records that can still be read into a new Databook and "
+    u"goes on "
     u"with that one, No chooses another Databook, Cancel goes on with this one, for reading only."_s;
 
 QString Joined(const Databook& databook)
@@ -52,38 +57,39 @@ QString FreeName(const files::Disk& disk, const QString& directory, const QStrin
 
 } // namespace
 
-QString RescueText(const engine::Rescued& rescued, const QString& source, const QString& target)
+DatabookInUse::DatabookInUse(Program& program, RecordOnShow& shown, WindowWants& wants,
+                             const ChangingDatabook& place)
+    : m_program(program)
+    , m_shown(shown)
+    , m_wants(wants)
+    , m_place(place)
+{}
+
+void DatabookInUse::ReadCaption()
 {
-    QString text = u"%1 records of %2 were copied to %3."_s.arg(QString::number(rescued.records), source, target);
-    if (rescued.lost > 0)
-        text += u" %1 could not be read."_s.arg(rescued.lost);
-    if (rescued.incomplete > 0)
-        text += u" %1 lack what could not be read."_s.arg(rescued.incomplete);
-    constexpr int kNamesShown = 12;
-    if (!rescued.names.isEmpty())
-        text += u"\n\n"_s + rescued.names.mid(0, kNamesShown).join(u'\n');
-    if (rescued.names.size() > kNamesShown)
-        text += u"\n..."_s;
-    return text;
+    const auto& globals = m_program.globals;
+    m_caption = globals.productName + u" -  Version "_s + m_program.version + u"  -  Connection = "_s +
+                text::Folded(globals.G_DataDir) + text::Folded(globals.G_DataFile);
+    Q_EMIT m_wants.CaptionChanged();
 }
 
 /// Binds the Databook that the settings name. @return why it could not be opened; "" if it was
-QString frm_Main::WhyNotOpened()
+QString DatabookInUse::WhyNotOpened()
 {
-    const QString path = globals.G_DataDir + globals.G_DataFile;
+    const QString path = m_program.DatabookPath();
     try {
-        if (!m_base.disk.Found(path, files::ReadOnly | files::Hidden)) {
-            m_base.ports.prompter.Box(store::kPlainTitle, store::kFileNotFound.arg(path));
+        if (!m_program.Disk().Found(path, files::ReadOnly | files::Hidden)) {
+            m_program.Prompter().Box(store::kPlainTitle, store::kFileNotFound.arg(path));
             return u"The file is not there"_s;
         }
-        store::Connect2Databook(m_base.ports, sources, path, globals.G_Table);
+        store::Connect2Databook(m_program.Ports(), m_program.sources, path, m_program.globals.G_Table);
         const auto bound = [&](const store::DataSource& source) {
             return source.Bound() && text::Folded(source.DatabaseName()) == text::Folded(path);
         };
-        if (!bound(sources.datDatabook) || !bound(sources.datsql))
+        if (!bound(m_program.sources.datDatabook) || !bound(m_program.sources.datsql))
             return u"Its disk can't be read"_s; // asked about already
-        if (sources.datDatabook.Recordset().FieldIndex(store::kKeyIndex) < 0)
-            return u"Its table %1 holds no comps"_s.arg(globals.G_Table);
+        if (m_program.sources.datDatabook.Recordset().FieldIndex(store::kKeyIndex) < 0)
+            return u"Its table %1 holds no comps"_s.arg(m_program.globals.G_Table);
         return {};
     } catch (const RuntimeError& failure) {
         common::TakeGivenUp();
@@ -92,13 +98,13 @@ QString frm_Main::WhyNotOpened()
 }
 
 /// A Databook that is missing, locked or no Databook costs a question, never the start.
-void frm_Main::OpenDatabook()
+void DatabookInUse::OpenDatabook()
 {
     const common::RoutineScope scope{"Connect2Databook"};
     for (QString why = WhyNotOpened(); !why.isEmpty(); why = WhyNotOpened()) {
-        const QString path = globals.G_DataDir + globals.G_DataFile;
-        switch (m_base.ports.prompter.MsgBox(forms::Buttons::YesNoCancel, forms::Icon::Exclamation, kNotOpenedTitle,
-                                             kNotOpened.arg(path, why))) {
+        const QString path = m_program.DatabookPath();
+        switch (m_program.Prompter().MsgBox(forms::Buttons::YesNoCancel, forms::Icon::Exclamation,
+                                            kNotOpenedTitle, kNotOpened.arg(path, why))) {
         case forms::Answer::Yes:
             break;
         case forms::Answer::No:
@@ -112,52 +118,41 @@ void frm_Main::OpenDatabook()
     CheckDatabook(engine::CheckDepth::Opening);
 }
 
-void frm_Main::NameDatabook(const Databook& databook)
+void DatabookInUse::NameDatabook(const Databook& databook)
 {
-    globals.G_DataDir = databook.directory;
-    globals.G_DataFile = databook.file;
+    m_program.globals.G_DataDir = databook.directory;
+    m_program.globals.G_DataFile = databook.file;
     ReadCaption();
 }
 
-Databook frm_Main::ChooseDatabook()
+Databook DatabookInUse::ChooseDatabook()
 {
-    const QString begin = m_base.disk.DirExists(globals.G_DataDir) ? globals.G_DataDir : u"C:\\"_s;
-    return Split(m_base.ports.prompter.OpenDialog(u"*.mdb|Access"_s, u"Choose another Databook"_s, begin));
+    const QString begin =
+        m_program.Disk().DirExists(m_program.globals.G_DataDir) ? m_program.globals.G_DataDir : u"C:\\"_s;
+    return Split(m_program.Prompter().OpenDialog(u"*.mdb|Access"_s, u"Choose another Databook"_s, begin));
 }
 
-bool frm_Main::LookAtDatabook(engine::CheckDepth depth)
-{
-    engine::Database& database = sources.datDatabook.Database();
-    try {
-        if (engine::DamageOf(database).isEmpty())
-            engine::CheckDatabase(database, depth);
-    } catch (const RuntimeError&) {
-        return true; // in use, or its disk failed: whoever reads it next is told
-    }
-    return engine::DamageOf(database).isEmpty();
-}
-
-void frm_Main::CheckDatabook(engine::CheckDepth depth)
+void DatabookInUse::CheckDatabook(engine::CheckDepth depth)
 {
     const common::RoutineScope scope{"CheckDatabook"};
     const bool inQuiet = depth == engine::CheckDepth::Quiet;
-    const bool told = inQuiet && m_damageTold == text::Folded(globals.G_DataDir + globals.G_DataFile);
-    if (sources.datDatabook.Bound() && !told && !LookAtDatabook(depth))
+    const bool told = inQuiet && m_damageTold == text::Folded(m_program.DatabookPath());
+    if (m_program.sources.datDatabook.Bound() && !told && !m_program.LookAtDatabook(depth))
         OfferWaysOut();
-    if (inQuiet && m_readOnlyHome) // behind what the first record has to say
-        status.lblmsg.Show(kReadOnlyHome, forms::Colour::Red);
+    if (inQuiet && m_program.life.readOnlyHome) // behind what the first record has to say
+        m_program.status.lblmsg.Show(kReadOnlyHome, forms::Colour::Red);
 }
 
 /// @return true if another Databook is open now
-bool frm_Main::OfferWaysOut()
+bool DatabookInUse::OfferWaysOut()
 {
-    const QString path = globals.G_DataDir + globals.G_DataFile;
-    const QString damage = engine::DamageOf(sources.datDatabook.Database());
+    const QString path = m_program.DatabookPath();
+    const QString damage = engine::DamageOf(m_program.sources.datDatabook.Database());
     m_damageTold = text::Folded(path);
     for (;;) {
         Databook wanted;
-        switch (m_base.ports.prompter.MsgBox(forms::Buttons::YesNoCancel, forms::Icon::Exclamation, kDamagedTitle,
-                                             kDamaged.arg(path, damage))) {
+        switch (m_program.Prompter().MsgBox(forms::Buttons::YesNoCancel, forms::Icon::Exclamation,
+                                            kDamagedTitle, kDamaged.arg(path, damage))) {
         case forms::Answer::Yes:
             wanted = CopyReadable();
             break;
@@ -169,7 +164,7 @@ bool frm_Main::OfferWaysOut()
         }
         if (wanted.file.isEmpty() || text::Folded(Joined(wanted)) == text::Folded(path))
             continue;
-        if (!m_starting) {
+        if (!m_program.life.starting) {
             if (SwitchDatabook(wanted.directory, wanted.file))
                 return true;
             continue;
@@ -181,49 +176,50 @@ bool frm_Main::OfferWaysOut()
 }
 
 /// Records that a damaged Databook can't put in order come as they lie.
-void frm_Main::DisplayFirstRecords()
+void DatabookInUse::DisplayFirstRecords()
 {
     try {
-        return DisplayAllRecords();
+        return m_shown.DisplayAllRecords();
     } catch (const RuntimeError& failure) {
         if (failure.Number() != error::kCorruptDatabase)
             throw;
     }
-    const QString path = text::Folded(globals.G_DataDir + globals.G_DataFile);
+    const QString path = text::Folded(m_program.DatabookPath());
     if (m_damageTold != path && OfferWaysOut())
-        return DisplayAllRecords();
+        return m_shown.DisplayAllRecords();
     try {
-        databook::DisplayAllRecords(m_base.ports, records, sources.datsql, *m_rows, 0);
+        databook::DisplayAllRecords(m_program.Ports(), m_program.records, m_program.sources.datsql,
+                                    m_shown.Rows(), 0);
     } catch (const RuntimeError& failure) {
-        common::ReportError(m_base.ports.prompter, failure);
+        common::ReportError(m_program.Prompter(), failure);
     }
 }
 
-/// A new Databook of what can be read of the present one. The settings name it from now on: tomorrow's start must
-/// not find the old one again. @return its place; without a file if none was made
-Databook frm_Main::CopyReadable()
+/// A new Databook of what can be read of the present one. The settings name it from now on: tomorrow's start
+/// must not find the old one again. @return its place; without a file if none was made
+Databook DatabookInUse::CopyReadable()
 {
-    auto& prompter = m_base.ports.prompter;
-    const QString source = globals.G_DataDir + globals.G_DataFile;
+    auto& prompter = m_program.Prompter();
+    const QString source = m_program.DatabookPath();
     const QString directory = common::CkRSlash(
-        prompter.ChooseDirectory(u"Directory of the new Databook"_s, globals.G_DataDir));
+        prompter.ChooseDirectory(u"Directory of the new Databook"_s, m_program.globals.G_DataDir));
     if (directory.isEmpty())
         return {};
     try {
-        const Databook made{directory, FreeName(m_base.disk, directory, globals.G_DataFile)};
+        const Databook made{directory, FreeName(m_program.Disk(), directory, m_program.globals.G_DataFile)};
         std::optional<engine::Rescued> rescued;
         {
-            const forms::Hourglass hourglass(m_base.ports.window);
-            rescued = engine::CopyReadable(m_base.engine, source, Joined(made));
+            const forms::Hourglass hourglass(m_program.Ports().window);
+            rescued = engine::CopyReadable(m_program.Engine(), source, Joined(made));
         }
         prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Information, kDamagedTitle,
                         RescueText(*rescued, source, Joined(made)));
-        common::Globals kept = globals;
+        common::Globals kept = m_program.globals;
         kept.G_DataDir = made.directory;
         kept.G_DataFile = made.file;
         const common::SettingTarget rows[]{&common::Globals::G_DataDir, &common::Globals::G_DataFile};
         try {
-            common::WriteSettings(rows, kept, m_base.disk);
+            common::WriteSettings(rows, kept, m_program.Disk());
         } catch (const RuntimeError& failure) {
             common::ReportError(prompter, failure);
         }

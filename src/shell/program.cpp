@@ -1,0 +1,195 @@
+#include "shell/program.h"
+
+#include "common/error_block.h"
+#include "common/settings.h"
+#include "drops/drop_desk.h"
+#include "link/link_desk.h"
+#include "link/set_city.h"
+#include "link/talk.h"
+#include "photos/capture_desk.h"
+#include "photos/gen_views.h"
+#include "photos/photo_copies.h"
+#include "photos/photo_desk.h"
+#include "photos/picture_thumbs.h"
+#include "platform/desktop/desktop.h"
+#include "shell/ini_location.h"
+#include "shell/photo_questions.h"
+#include "shell/slot_icon_pictures.h"
+#include "shell/slot_saves.h"
+
+namespace vasclip::shell {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// "" for an executable that is not there or lies outside the drives.
+QString FileVersionOf(const files::Disk& disk, const QString& path)
+{
+    try {
+        return desktop::FileVersion(disk.ToNative(path));
+    } catch (const RuntimeError&) {
+        return {};
+    }
+}
+
+} // namespace
+
+Program::Program(const Foundation& foundation)
+    : status(controls)
+    , records(controls)
+    , report(controls)
+    , slots(controls)
+    , photoLists(controls)
+    , lstGenViews(controls, u"lstGenViews"_s)
+    , capture(controls)
+    , sources(foundation.engine)
+    , m_base(foundation)
+    , m_slotLoader(std::make_unique<photos::SlotLoader>(foundation.disk, foundation.ports, m_slotTable))
+{
+    m_slotLoader->SetThumbTags(&capture.lbltag);
+    m_slotLoader->SetWriteProtect(
+        [this](const QString& path) { photos::ApplyWriteProtect(m_base.ports, m_base.disk, globals, path); });
+    m_photoQuestions = MakePhotoQuestions(foundation.ports, foundation.disk, globals, *m_slotLoader,
+                                          [this] { AddGenViews2CBO(); });
+    m_photos =
+        std::make_unique<photos::PhotoDesk>(foundation.ports, foundation.disk, globals, sources.datDatabook,
+                                            photoLists, *m_slotLoader, status, *m_photoQuestions);
+    m_photos->setCity = [this] { link::ErrDatabookSetCity(*m_link, link::CityRule::Fill); };
+    m_capture = std::make_unique<photos::CaptureDesk>(
+        photos::CaptureBase{foundation.disk, foundation.ports, globals, status, *m_slotLoader}, capture,
+        std::make_unique<photos::PictureThumbs>(foundation.disk));
+    m_link = std::make_unique<link::LinkDesk>(link::LinkDesk{
+        .txtDDE = foundation.txtDDE,
+        .globals = globals,
+        .ports = foundation.ports,
+        .status = status,
+        .report = report,
+        .addr = addr,
+        .state = linkState,
+        .slots = slots,
+        .loader = *m_slotLoader,
+        .lists = photoLists,
+        .sources = sources,
+        .disk = foundation.disk,
+        .kelIni =
+            [this](const QString& section, const QString& key) {
+                return link::ReadsKelIni(m_base.disk, globals.kelIni)(section, key);
+            },
+        .fileVersion = [this](const QString& path) { return FileVersionOf(m_base.disk, path); },
+        .icons = SlotIconPictures(),
+        .talk = foundation.talk,
+        .photoDesk = m_photos.get(),
+    });
+    if (foundation.talk)
+        foundation.talk->Attach(status, foundation.ports);
+}
+
+Program::~Program() = default;
+
+drops::DropDesk Program::Drops()
+{
+    return {.link = *m_link,
+            .photos = *m_photos,
+            .capture = *m_capture,
+            .grddatabook = records.grddatabook,
+            .txtcentralkey = records.txtcentralkey,
+            .routines = SlotSaves(*m_link)};
+}
+
+void Program::LocateInis(const SystemPlaces& places, Silence silence)
+{
+    auto& prompter = m_base.ports.prompter;
+    globals.isVista = places.isVista;
+    globals.windowsName = places.windowsName;
+    SystemPlaces looked = places;
+    looked.isVista = places.isVista && silence == Silence::Ask; // the notice is for people at the screen
+    const IniDirectory found = GetIniDir(m_base.disk, prompter, looked);
+    globals.iniDir = found.directory;
+    globals.preferredIniDir = found.preferred;
+    globals.applicationIni = LocateIni(m_base.disk, prompter, u"VAS2000.INI"_s, IniKind::Application,
+                                       globals.iniDir, places.windowsDirectory, silence);
+    globals.kelIni = LocateIni(m_base.disk, prompter, u"KEL.INI"_s, IniKind::Appraisal, globals.iniDir,
+                               places.windowsDirectory, silence);
+    common::ReadNames(globals, common::ProfileReader(m_base.disk, globals));
+}
+
+void Program::ReadSettings()
+{
+    common::ReadGlobals(globals, common::ProfileReader(m_base.disk, globals));
+    ReadiniSettings();
+    life.settingsRead = true;
+}
+
+void Program::ReadiniSettings()
+{
+    common::ReadiniSettings(globals, common::ProfileReader(m_base.disk, globals));
+    LockAddresses();
+}
+
+void Program::LockAddresses()
+{
+    const bool locked = globals.lockAddr != 0;
+    report.txtSubject.SetLocked(locked);
+    for (const auto* boxes :
+         {&report.txtComp, &report.txtAltComp, &report.txtListing, &report.txtRental, &report.txtgeneraladdr})
+        for (int i = boxes->First(); i <= boxes->Last(); ++i)
+            (*boxes)(i).SetLocked(locked);
+}
+
+void Program::Connect(store::DataSource& source, const QString& path, const std::function<void()>& open)
+{
+    try {
+        open();
+    } catch (const RuntimeError& failure) {
+        // Nothing works without this file; say what is wrong with it and stop before anything is changed.
+        common::ReportError(m_base.ports.prompter,
+                            RuntimeError(failure.Number(), u"%1 can't be opened for %2. %3"_s.arg(
+                                                               path, source.Name(), failure.Description())));
+        throw forms::EndOfProgram{1};
+    }
+}
+
+void Program::ConnectDatabook()
+{
+    const common::RoutineScope scope{"Connect2Databook"};
+    const QString path = DatabookPath();
+    Connect(sources.datDatabook, path,
+            [&] { store::Connect2Databook(m_base.ports, sources, path, globals.G_Table); });
+    if (!LookAtDatabook(engine::CheckDepth::Opening))
+        m_base.ports.prompter.Info(u"Databook Damaged"_s,
+                                   u"%1 is damaged: %2. It is open for reading only. Restore it from a "
+                                   u"backup, or let 'vasctl databook copy "
+                                   u"FILE' make a new one of what can be read."_s.arg(
+                                       path, engine::DamageOf(sources.datDatabook.Database())));
+}
+
+void Program::ConnectMapping()
+{
+    const common::RoutineScope scope{"Connect2mdb"};
+    const QString path = globals.G_UserDir + QString::fromLatin1(common::Globals::kMappingFile);
+    Connect(sources.datComp2Kel_CURRENT, path, [&] {
+        store::Connect2mdb(m_base.ports, sources.datComp2Kel_CURRENT, path,
+                           QString::fromLatin1(common::Globals::kMappingTable),
+                           engine::RecordsetType::Dynaset);
+    });
+}
+
+bool Program::LookAtDatabook(engine::CheckDepth depth)
+{
+    engine::Database& database = sources.datDatabook.Database();
+    try {
+        if (engine::DamageOf(database).isEmpty())
+            engine::CheckDatabase(database, depth);
+    } catch (const RuntimeError&) {
+        return true; // in use, or its disk failed: whoever reads it next is told
+    }
+    return engine::DamageOf(database).isEmpty();
+}
+
+void Program::AddGenViews2CBO()
+{
+    photos::AddGenViews2CBO(lstGenViews, report.cboGeneral, m_base.disk, globals);
+}
+
+} // namespace vasclip::shell

@@ -1,0 +1,123 @@
+#pragma once
+
+#include "common/globals.h"
+#include "common/status.h"
+#include "databook/record_desk.h"
+#include "link/link_state.h"
+#include "link/report_desk.h"
+#include "photos/capture_controls.h"
+#include "photos/photo_lists.h"
+#include "photos/slots.h"
+#include "platform/conduit/conduit.h"
+#include "platform/engine/health.h"
+#include "store/store.h"
+
+#include <memory>
+
+namespace vasclip::drops {
+struct DropDesk;
+enum class SlotPart;
+} // namespace vasclip::drops
+namespace vasclip::photos {
+class CaptureDesk;
+struct PhotoDesk;
+class PhotoQuestions;
+} // namespace vasclip::photos
+namespace vasclip::link {
+struct LinkDesk;
+class Talk;
+} // namespace vasclip::link
+
+namespace vasclip::shell {
+
+struct SystemPlaces;
+enum class Silence;
+
+/// What a program stands on; all of it outlives the program.
+struct Foundation
+{
+    const files::Disk& disk;
+    engine::Engine& engine;
+    conduit::Conduit& txtDDE;
+    forms::Ports ports;
+    link::Talk* talk = nullptr; ///< the patience of the conduit, where a window waits with it
+};
+
+/// Where the program stands between its first statement and its last.
+struct Life
+{
+    bool starting = false;
+    bool readOnlyHome = false; ///< what can't be written there is told once
+    bool settingsRead = false; ///< before that nothing is saved
+    bool gridReady = false;    ///< the layout on show is the user's and is saved at exit
+    bool unloaded = false;
+};
+
+/// What lives as long as the program: the home's disk and engine, the settings, the sources, and the desks of
+/// the rooms below with their controls. Whoever works without a screen works with this alone.
+class Program
+{
+public:
+    explicit Program(const Foundation& foundation);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    forms::ControlSet controls; ///< of the desks, and of the screen that stands on them
+
+    common::StatusDesk status;
+    databook::RecordDesk records;
+    link::ReportControls report;
+    photos::SlotControls slots;
+    photos::PhotoLists photoLists;
+    forms::ListBox lstGenViews; ///< hidden: the general views that cboGeneral offers
+    photos::CaptureControls capture;
+
+    common::Globals globals;
+    store::Sources sources;
+    link::frm_Addr addr;
+    link::LinkState linkState;
+    QString version; ///< major.minor.revision
+    Life life;
+
+    [[nodiscard]] const Foundation& Base() const { return m_base; }
+    [[nodiscard]] const files::Disk& Disk() const { return m_base.disk; }
+    [[nodiscard]] engine::Engine& Engine() const { return m_base.engine; }
+    [[nodiscard]] const forms::Ports& Ports() const { return m_base.ports; }
+    [[nodiscard]] forms::Prompter& Prompter() const { return m_base.ports.prompter; }
+    [[nodiscard]] link::LinkDesk& Link() { return *m_link; }
+    [[nodiscard]] photos::PhotoDesk& Photos() { return *m_photos; }
+    [[nodiscard]] photos::CaptureDesk& Capture() { return *m_capture; }
+    [[nodiscard]] photos::SlotTable& SlotTable() { return m_slotTable; }
+    [[nodiscard]] photos::SlotLoader& Loader() { return *m_slotLoader; }
+    [[nodiscard]] drops::DropDesk Drops();
+    /// The Databook that the settings name.
+    [[nodiscard]] QString DatabookPath() const { return globals.G_DataDir + globals.G_DataFile; }
+
+    void LocateInis(const SystemPlaces& places, Silence silence); ///< @throws forms::EndOfProgram
+    void ReadSettings();
+    void ReadiniSettings();
+    /// The addresses of the report's tabs come from the report and from drops; unless the settings lock them
+    /// they can be typed over.
+    void LockAddresses();
+    void ConnectDatabook(); ///< @throws forms::EndOfProgram after saying why
+    void ConnectMapping();  ///< @throws forms::EndOfProgram after saying why
+    /// Looks whether the Databook that is open is whole. One that is not is open for reading only from then
+    /// on.
+    /// @return false if it is damaged
+    bool LookAtDatabook(engine::CheckDepth depth);
+    void AddGenViews2CBO();
+
+private:
+    void Connect(store::DataSource& source, const QString& path, const std::function<void()>& open);
+
+    Foundation m_base;
+    photos::SlotTable m_slotTable;
+    std::unique_ptr<photos::SlotLoader> m_slotLoader;
+    std::unique_ptr<photos::PhotoQuestions> m_photoQuestions;
+    std::unique_ptr<photos::PhotoDesk> m_photos;
+    std::unique_ptr<photos::CaptureDesk> m_capture;
+    std::unique_ptr<link::LinkDesk> m_link;
+};
+
+} // namespace vasclip::shell
