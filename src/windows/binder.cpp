@@ -215,9 +215,9 @@ bool Binder::eventFilter(QObject* watched, QEvent* event)
             // The rule has given the focus back: the widget never lost it, and keeps its selection.
             if (const auto* widget = qobject_cast<QWidget*>(watched); widget != nullptr && widget->hasFocus())
                 return true;
-        } else // after the widget's own handling, which may set the selection anew
+        } else // after the widget's own handling, which may set the selection anew; not after the window
             QMetaObject::invokeMethod(
-                control, [this, control] { m_guard.Run([control] { Q_EMIT control->GotFocus(); }); },
+                this, [this, control] { m_guard.Run([control] { Q_EMIT control->GotFocus(); }); },
                 Qt::QueuedConnection);
         break;
     }

@@ -73,6 +73,33 @@ TEST(BinderText, ARuleMayAnswerTypingWithAnotherText)
     EXPECT_EQ(edit->cursorPosition(), 5);
 }
 
+TEST(BinderText, AFocusThatComesWithTheEndOfTheWindowIsNotTold)
+{
+    tests::ScriptedPrompter prompter;
+    EventGuard guard{prompter, {}};
+    forms::ControlSet controls;
+    forms::TextBox box(controls, u"txtLayout"_s);
+    int told = 0;
+    QObject::connect(&box, &forms::Control::GotFocus, &box, [&] { ++told; });
+    QWidget root;
+    auto* edit = new QLineEdit(&root);
+    edit->setObjectName(u"txtLayout"_s);
+    const auto focus = [edit] {
+        QFocusEvent event(QEvent::FocusIn, Qt::TabFocusReason);
+        QApplication::sendEvent(edit, &event);
+    };
+    {
+        Binder binder{controls, guard};
+        binder.Bind(root);
+        focus();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(told, 1);
+        focus();
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(told, 1);
+}
+
 TEST(BinderText, LengthAndLockReachTheWidget)
 {
     Screen s;
