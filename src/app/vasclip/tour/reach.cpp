@@ -8,6 +8,8 @@
 #include <QAccessible>
 #include <QCalendarWidget>
 #include <QComboBox>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -150,10 +152,19 @@ QString Unnamed(QWidget& widget)
     return {};
 }
 
+/// Words that have just changed get their room with the next turn of the queue.
+void LayOut()
+{
+    constexpr int kDeepest = 8; // a layout within a layout asks anew
+    for (int i = 0; i < kDeepest; ++i)
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+}
+
 } // namespace
 
 QStringList OutOfReach(const QWidget& window)
 {
+    LayOut();
     QStringList found;
     const auto add = [&found](const QString& finding) {
         if (!finding.isEmpty() && !found.contains(finding))
