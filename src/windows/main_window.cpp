@@ -4,10 +4,12 @@
 #include "windows/capture_pane.h"
 #include "windows/chip_bar.h"
 #include "windows/drop_port.h"
+#include "windows/grid_menu.h"
 #include "windows/guard.h"
 #include "windows/guide_window.h"
 #include "windows/icons.h"
 #include "windows/layout_parts.h"
+#include "windows/main_looks.h"
 #include "windows/send_to_slot.h"
 #include "windows/slot_page.h"
 #include "windows/theme.h"
@@ -20,8 +22,6 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QLocale>
-#include <QScreen>
-#include <QSettings>
 #include <QTimer>
 #include <QToolButton>
 
@@ -29,10 +29,6 @@ namespace vasclip::windows {
 
 namespace {
 
-const QString kGeometry = QStringLiteral("window/geometry");
-const QString kMainSplitter = QStringLiteral("window/mainSplitter");
-const QString kTopSplitter = QStringLiteral("window/topSplitter");
-const QString kBottomSplitter = QStringLiteral("window/bottomSplitter");
 const QString kGridName = QStringLiteral("grddatabook");
 
 /// Widgets made late stand at the end of the tab order; these belong behind the bar of their book.
@@ -53,11 +49,11 @@ MainWindow::MainWindow(forms::ControlSet& controls, DropPort& port, EventGuard& 
                        QSettings& settings)
     : m_ui(std::make_unique<Ui::frm_Main>())
     , m_theme(theme)
-    , m_settings(settings)
     , m_port(port)
     , m_binder(controls, guard)
     , m_drags(m_binder, port)
     , m_menus(m_binder, port)
+    , m_places(*this, *m_ui, settings)
 {
     m_ui->setupUi(this);
     setWindowIcon(ApplicationIcon());
@@ -65,8 +61,9 @@ MainWindow::MainWindow(forms::ControlSet& controls, DropPort& port, EventGuard& 
     BuildPages();
     BuildViewMenu();
     BuildPopups();
-    Decorate();
-    NamesForReaders();
+    Decorate(*m_ui);
+    m_ui->browserPane->setVisible(controls.Find(QStringLiteral("fraPics")) != nullptr);
+    NamesForReaders(*m_ui);
     m_ui->conditionRow->hide();
     m_ui->lstConditions->FollowInTabOrder(m_ui->cmdPrint);
     // The stems run beside lstViews, line for line, and people look at the views; anchor 0 only holds the
@@ -90,7 +87,7 @@ MainWindow::MainWindow(forms::ControlSet& controls, DropPort& port, EventGuard& 
     m_ui->recordsPane->installEventFilter(this);
     connect(&theme, &Theme::Changed, this, &MainWindow::MarkTheme);
     MarkTheme();
-    RestoreLayout();
+    m_places.Restore();
     m_ui->grddatabook->setFocus();
 }
 
@@ -265,67 +262,6 @@ QStringList MainWindow::Leftovers()
     return m_binder.Leftovers(*this);
 }
 
-/// Icons and the ways buttons are drawn.
-void MainWindow::Decorate()
-{
-    m_ui->tabSource->setTabIcon(0, ThemedIcon(QStringLiteral("report")));
-    m_ui->tabSource->setTabIcon(1, ThemedIcon(QStringLiteral("map")));
-    m_ui->atlasEmpty->SetWords(
-        QStringLiteral("map"), tr("No street map"),
-        tr("This home has no street data. Comps are sent to the report without a map image."));
-    m_ui->geamaintain->SetEmptyIcon(QStringLiteral("photo"));
-    m_ui->geamaintain->SetEmptyText(tr("No photo"));
-    m_ui->lblDatabookADDR->setProperty("role", QStringLiteral("title"));
-    m_ui->lblAddingaComp->setProperty("role", QStringLiteral("title"));
-    m_ui->lblPhotomsg->setProperty("role", QStringLiteral("quiet"));
-    m_ui->recordCount->setProperty("role", QStringLiteral("quiet"));
-    m_ui->cmdLink->setAccessibleDescription(tr("What helps with the link to the forms program"));
-    m_ui->viewsCaption->setProperty("role", QStringLiteral("quiet"));
-    const std::tuple<QToolButton*, const char*, bool> tools[] = {
-        {m_ui->cmdCopy, "copy", true},         {m_ui->cmdRename, "rename", true},
-        {m_ui->cmdEdit, "edit", true},         {m_ui->cmdDelete, "delete", true},
-        {m_ui->cmdAddManual, "manual", false}, {m_ui->cmdSearch, "search", true},
-        {m_ui->cmdDetails, "details", false},  {m_ui->cmdRefresh, "refresh", false},
-        {m_ui->cmdPrint, "print", false},      {m_ui->CmdRenamePhotoView, "rename", false},
-        {m_ui->CmdDeletePhoto, "delete", false}};
-    for (const auto& [button, icon, words] : tools) {
-        button->setIcon(ThemedIcon(QLatin1StringView(icon)));
-        button->setToolButtonStyle(words ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
-        button->setFocusPolicy(Qt::StrongFocus);
-    }
-    m_ui->mainSplitter->setStretchFactor(0, 1);
-    m_ui->mainSplitter->setStretchFactor(1, 1);
-    m_ui->topSplitter->setStretchFactor(0, 5);
-    m_ui->topSplitter->setStretchFactor(1, 2);
-    // On a large screen the rest of the row stays free.
-    m_ui->txtcentralkey->setMinimumWidth(170); // a usual address whole
-    m_ui->cboapprslType->setMinimumWidth(140);
-    m_ui->txtcentralkey->setMaximumWidth(560);
-    m_ui->cboapprslType->setMaximumWidth(320);
-    m_ui->txtQuickFind->setMaximumWidth(480);
-    m_ui->reportPane->setMinimumSize(520, 240);
-    m_ui->recordPane->setMinimumSize(280, 200);
-    m_ui->recordsPane->setMinimumSize(420, 160);
-    m_ui->browserPane->setMinimumHeight(160);
-    m_ui->browserPane->setVisible(m_binder.Controls().Find(QStringLiteral("fraPics")) != nullptr);
-    m_ui->bottomSplitter->setStretchFactor(0, 5);
-    m_ui->bottomSplitter->setStretchFactor(1, 2);
-}
-
-void MainWindow::NamesForReaders()
-{
-    m_ui->grddatabook->setAccessibleName(tr("Databook records"));
-    m_ui->txtcentralkey->setAccessibleName(tr("Address of a comp"));
-    m_ui->txtQuickFind->setAccessibleName(tr("Quick find in the Databook"));
-    m_ui->txtQuickFind->setToolTip(
-        tr("Narrows the grid by words of the key, address, city, neighborhood and notes; Esc shows all"));
-    m_ui->cboapprslType->setAccessibleName(tr("Type of the comp"));
-    m_ui->geamaintain->setAccessibleName(tr("Photo of the current record"));
-    m_ui->lstViews->setAccessibleName(tr("Views of the current record"));
-    m_ui->txtView->setAccessibleName(tr("Name of the view"));
-    m_ui->TabData->tabBar()->setAccessibleName(tr("Groups of the report"));
-}
-
 /// From pane to pane: source tabs, report, record, add row, grid.
 void MainWindow::NextPane(int step)
 {
@@ -414,12 +350,8 @@ void MainWindow::FollowRecord()
     const auto* grid = m_ui->grddatabook->Control();
     if (grid == nullptr || m_send == nullptr)
         return;
-    const bool rows = grid->RowCount() > 0;
-    for (QAction* action : std::as_const(m_rowActions))
-        action->setEnabled(rows);
+    m_gridMenu->Follow();
     const bool record = grid->Row() >= 0;
-    for (const auto& [action, button] : std::as_const(m_recordActions))
-        action->setEnabled(record || button->isEnabled());
     const forms::Control* focus = m_binder.ControlAt(focusWidget());
     const bool other = focus != nullptr && focus != grid && m_drags.MaySend(*focus);
     m_send->setEnabled(record || other);
@@ -441,61 +373,12 @@ void MainWindow::MarkTheme()
         action->setChecked(action->data().toInt() == static_cast<int>(m_theme.Choice()));
 }
 
-void MainWindow::ResetLayout()
-{
-    const int height = m_ui->mainSplitter->height();
-    const int width = m_ui->topSplitter->width();
-    m_ui->mainSplitter->setSizes({height / 2, height - height / 2});
-    m_ui->topSplitter->setSizes({width * 5 / 7, width - width * 5 / 7});
-    m_ui->bottomSplitter->setSizes({width * 9 / 14, width - width * 9 / 14});
-}
-
-void MainWindow::TakeFirstSize()
-{
-    const QSize room = RoomFor(*this);
-    if (room.width() == QWIDGETSIZE_MAX)
-        resize(1440, 900); // nothing stands in the way of a whole picture
-    else
-        resize(QSize(1600, 960).boundedTo(room - QSize(32, 24)));
-}
-
-void MainWindow::ResetSize()
-{
-    if (isMaximized() || isFullScreen())
-        showNormal();
-    TakeFirstSize();
-    move(screen()->availableGeometry().center() - rect().center());
-    QCoreApplication::sendPostedEvents(); // the panes share the new size
-    ResetLayout();
-}
-
-void MainWindow::RestoreLayout()
-{
-    const bool noDisplay = QGuiApplication::platformName() == QLatin1StringView("offscreen");
-    if (noDisplay || !restoreGeometry(m_settings.value(kGeometry).toByteArray()))
-        TakeFirstSize();
-    m_ui->topSplitter->setSizes({5000, 2000});
-    m_ui->bottomSplitter->setSizes({5000, 2200});
-    m_ui->mainSplitter->setSizes({5000, 5000});
-    m_ui->mainSplitter->restoreState(m_settings.value(kMainSplitter).toByteArray());
-    m_ui->topSplitter->restoreState(m_settings.value(kTopSplitter).toByteArray());
-    m_ui->bottomSplitter->restoreState(m_settings.value(kBottomSplitter).toByteArray());
-}
-
-void MainWindow::SaveLayout()
-{
-    m_settings.setValue(kGeometry, saveGeometry());
-    m_settings.setValue(kMainSplitter, m_ui->mainSplitter->saveState());
-    m_settings.setValue(kTopSplitter, m_ui->topSplitter->saveState());
-    m_settings.setValue(kBottomSplitter, m_ui->bottomSplitter->saveState());
-}
-
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     event->accept();
     if (std::exchange(m_unloaded, true))
         return;
-    SaveLayout();
+    m_places.Save();
     m_binder.Guard().Run([this] { Q_EMIT Unload(); });
 }
 

@@ -3,17 +3,15 @@
 #include "windows/binder.h"
 #include "windows/drag_desk.h"
 #include "windows/menu_desk.h"
+#include "windows/window_places.h"
 
 #include <QMainWindow>
 
 #include <memory>
-#include <utility>
 
-class QAbstractButton;
 class QAction;
 class QActionGroup;
 class QLabel;
-class QMenu;
 class QSettings;
 class QTabWidget;
 class QToolButton;
@@ -26,6 +24,7 @@ namespace vasclip::windows {
 
 class DropPort;
 class EventGuard;
+class GridMenu;
 class RecordGrid;
 class SlotPage;
 class Theme;
@@ -57,10 +56,8 @@ public:
     void SendToSlot();
     /// The drag of the keyboard, from the control that has the focus or onto it.
     void PickUpOrDrop();
-    /// Closes the window; it asks nothing.
-    void CloseNow() { close(); }
-    void ResetLayout(); ///< the panes as they were designed
-    void ResetSize();   ///< the window's own size and position too
+    void ResetLayout() { m_places.ResetLayout(); }
+    void ResetSize() { m_places.ResetSize(); }
     /// The ground behind the tabs: the theme's own, or plain as the pages are.
     void ShowTabColours(bool themed);
 
@@ -76,34 +73,24 @@ private:
     void BuildHeader();
     void BuildPages();
     void BuildViewMenu();
-    void BuildGridMenu(QAction& send);
-    void BuildRecordKeys();
     void BuildPopups();
     void DeleteThumb(int index);
     void ShowWords();
     [[nodiscard]] forms::Control* FocusSource() const;
-    void Decorate();
-    void NamesForReaders();
     void NextPane(int step);
-    void RestoreLayout();
-    void TakeFirstSize();
-    void SaveLayout();
     void ShowRecordCount();
     void FollowRecord();
     void MarkTheme();
 
     std::unique_ptr<Ui::frm_Main> m_ui;
     Theme& m_theme;
-    QSettings& m_settings;
     DropPort& m_port;
     Binder m_binder;
     DragDesk m_drags;
     MenuDesk m_menus;
+    WindowPlaces m_places;
     QList<SlotPage*> m_pages;
-    QMenu* m_gridMenu = nullptr; ///< the rules' entries; nullptr where they have none
-    QList<QAction*> m_gridActions;
-    QList<QAction*> m_rowActions;                               ///< of rows, whichever
-    QList<std::pair<QAction*, QAbstractButton*>> m_recordActions; ///< of the current record
+    GridMenu* m_gridMenu = nullptr;
     QAction* m_send = nullptr;
     QToolButton* m_sendButton = nullptr;
     QActionGroup* m_themes = nullptr;
