@@ -1,7 +1,6 @@
 #include "databook/frm_grid.h"
 
 #include "common/error_block.h"
-#include "databook/grid.h"
 #include "platform/text/text.h"
 
 namespace vasclip::databook {
@@ -12,17 +11,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int kLongestName = 60;
 const QString kLineBreak = u"\r\n"_s;
-
-const QString kCannotSave = u"Cannot Save"_s;
-const QString kCannotDelete = u"Cannot Delete"_s;
-const QString kBlankName = u"You cannot use a blank name'"_s;
-const QString kSaveLayout = u"Save Grid Layout"_s;
-const QString kDeleteLayout = u"Delete Grid Layout"_s;
-
-const QString kFoldedDefault = u"DEFAULT"_s;
-const QString kFoldedCurrent = u"CURRENT (USER)"_s;
 
 } // namespace
 
@@ -44,8 +33,7 @@ frm_Grid::frm_Grid(const files::Disk& disk, const forms::Ports& ports, forms::Gr
     , m_disk(disk)
     , m_ports(ports)
     , m_grid(grddatabook)
-    , m_userFile(programDir + kUserLayouts)
-    , m_programFile(programDir + kProgramLayouts)
+    , m_work(disk, ports, grddatabook, programDir)
 {
     SetCaption(u"Grid Layout"_s);
     cmdUseSelected.SetCaption(u"Use Selected"_s);
@@ -55,7 +43,7 @@ frm_Grid::frm_Grid(const files::Disk& disk, const forms::Ports& ports, forms::Gr
     cmdDelete.SetCaption(u"&Delete Selected"_s);
     cmddefault.SetCaption(u"Use De&fault"_s);
     cmdOK.SetCaption(u"&Ok"_s);
-    txtLayout.SetMaxLength(kLongestName);
+    txtLayout.SetMaxLength(kLongestLayoutName);
     Wire();
 }
 
@@ -95,16 +83,22 @@ void frm_Grid::Form_Unload()
     grdLayout.Rebind(nullptr);
 }
 
-bool frm_Grid::Step(const std::function<void()>& step)
+/// Shows what was done to the layouts, and why nothing was.
+bool frm_Grid::Tell(const LayoutOutcome& outcome)
 {
-    return common::Guarded(m_ports.prompter, step);
-}
-
-bool frm_Grid::Refused(const QString& title, const QString& text)
-{
-    m_ports.prompter.Box(title, text);
-    SelectTheText();
-    return false;
+    if (outcome.listChanged)
+        ListAgain(outcome.select);
+    if (outcome.standard) {
+        PreviewGrid();
+        txtLayout.SetText(kDefaultLayout);
+    }
+    if (!outcome.said.isEmpty())
+        lblmsg.Show(outcome.said, outcome.colour);
+    if (!outcome.refused.isEmpty()) {
+        m_ports.prompter.Box(outcome.refusedTitle, outcome.refused);
+        SelectTheText();
+    }
+    return outcome.done;
 }
 
 void frm_Grid::SelectTheText()
@@ -115,8 +109,7 @@ void frm_Grid::SelectTheText()
 
 bool frm_Grid::LayoutLoadLayout(forms::Grid& grid, const QString& file, const QString& layoutName)
 {
-    const RoutineScope scope{"LayoutLoadLayout"};
-    return LoadGrid(m_disk, grid, file, layoutName);
+    return m_work.LayoutLoadLayout(grid, file, layoutName);
 }
 
 void frm_Grid::LayoutListLayouts(const QString& file)
@@ -129,20 +122,18 @@ void frm_Grid::LayoutListLayouts(const QString& file)
 
 void frm_Grid::LayoutSaveLayout(const QString& layoutName)
 {
-    const RoutineScope scope{"LayoutSaveLayout"};
-    SaveGrid(m_disk, m_grid, m_userFile, layoutName);
+    m_work.LayoutSaveLayout(layoutName);
 }
 
 bool frm_Grid::LayoutDeleteLayout(const QString& layoutName)
 {
-    const RoutineScope scope{"LayoutDeleteLayout"};
-    return RemoveLayout(m_disk, m_userFile, layoutName);
+    return m_work.LayoutDeleteLayout(layoutName);
 }
 
 /// Lists the user's layouts anew and stands on one of them, if it is there.
 void frm_Grid::ListAgain(const QString& select)
 {
-    Step([this] { LayoutListLayouts(m_userFile); });
+    common::Guarded(m_ports.prompter, [this] { LayoutListLayouts(m_work.UserFile()); });
     const int index = select.isEmpty() ? -1 : lstLayout.IndexOf(select);
     if (index >= 0)
         lstLayout.SetListIndex(index);
@@ -161,12 +152,12 @@ void frm_Grid::lstLayout_Click()
 void frm_Grid::Preview(const QString& layoutName)
 {
     bool shown = false;
-    if (!Step([&] { shown = LayoutLoadLayout(grdLayout, m_userFile, layoutName); }))
+    if (!common::Guarded(m_ports.prompter, [&] { shown = LayoutLoadLayout(grdLayout, m_work.UserFile(), layoutName); }))
         return;
     if (shown)
         lblPreview.SetCaption(u"Preview of %1"_s.arg(layoutName));
     else
-        lblmsg.Show(u"%1 is no longer in %2."_s.arg(layoutName, m_userFile), Colour::Red);
+        lblmsg.Show(u"%1 is no longer in %2."_s.arg(layoutName, m_work.UserFile()), Colour::Red);
 }
 
 void frm_Grid::PreviewGrid()
@@ -178,84 +169,13 @@ void frm_Grid::PreviewGrid()
 bool frm_Grid::cmdSave_Click()
 {
     const RoutineScope scope{"cmdSave_Click"};
-    return SaveUnder(txtLayout.Text());
-}
-
-bool frm_Grid::SaveUnder(const QString& typed)
-{
-    const QString name = text::Trim(typed);
-    const QString folded = text::Folded(typed);
-    if (folded == kFoldedDefault)
-        return Refused(kCannotSave, u"You cannot save over the 'default'"_s);
-    if (folded == kFoldedCurrent)
-        return Refused(kCannotSave, u"Choose a unique grid layout name - cannot save as 'Current (User)'"_s);
-    if (name.isEmpty())
-        return Refused(kCannotSave, kBlankName);
-    bool exists = false;
-    if (!Step([&] { exists = LayoutFile::ReadOrNew(m_disk, m_userFile).Find(name) != nullptr; }))
-        return false;
-    if (exists && !m_ports.prompter.YesNo(kSaveLayout, u"Replace "_s + name + u"?"_s))
-        return false;
-    if (!Step([&] { LayoutSaveLayout(name); }))
-        return false;
-    ListAgain(name);
-    lblmsg.Show(u"%1 was saved."_s.arg(name), Colour::Blue);
-    return true;
+    return Tell(m_work.Save(txtLayout.Text()));
 }
 
 bool frm_Grid::cmdDelete_Click()
 {
     const RoutineScope scope{"cmdDelete_Click"};
-    const QString name = text::Trim(txtLayout.Text());
-    const QString folded = text::Folded(name);
-    if (folded == kFoldedDefault)
-        return Refused(kCannotDelete, u"You cannot delete the 'default'"_s);
-    if (name.isEmpty())
-        return Refused(kCannotDelete, kBlankName);
-    if (folded == kFoldedCurrent)
-        return RevertCurrent();
-    if (!m_ports.prompter.YesNo(kDeleteLayout, u"Delete "_s + name + u"?"_s))
-        return false;
-    bool removed = false;
-    if (!Step([&] { removed = LayoutDeleteLayout(name); }))
-        return false;
-    ListAgain();
-    if (!removed)
-        return Refused(kCannotDelete, u"There is no grid layout %1 in %2."_s.arg(name, m_userFile));
-    PreviewGrid();
-    txtLayout.SetText(kDefaultLayout);
-    lblmsg.Show(u"%1 was deleted."_s.arg(name), Colour::Blue);
-    return true;
-}
-
-/// "Current (User)" becomes what "Default" is, in the file and on the grid, which would otherwise write its
-/// own layout there at exit.
-bool frm_Grid::RevertCurrent()
-{
-    if (!m_ports.prompter.YesNo(kDeleteLayout,
-                                u"Current (user) layout will revert back to default: Proceed ?"_s))
-        return false;
-    bool found = false;
-    const bool done = Step([&] {
-        LayoutFile layouts = LayoutFile::ReadOrNew(m_disk, m_userFile);
-        const Layout* standard = layouts.Find(kDefaultLayout);
-        found = standard != nullptr;
-        if (!found)
-            return;
-        Layout current = *standard;
-        current.name = kCurrentLayout;
-        layouts.Add(current);
-        layouts.Write(m_disk, m_userFile);
-        LayoutLoadLayout(m_grid, m_userFile, kCurrentLayout);
-    });
-    if (!done)
-        return false;
-    if (!found)
-        return Refused(kCannotDelete, u"There is no layout Default in %1. \"Use Default\" takes the "
-                                      u"program's own."_s.arg(m_userFile));
-    ListAgain(kCurrentLayout);
-    lblmsg.Show(u"Current (User) is the default now."_s, Colour::Blue);
-    return true;
+    return Tell(m_work.Delete(txtLayout.Text()));
 }
 
 bool frm_Grid::cmdUseSelected_Click()
@@ -263,110 +183,25 @@ bool frm_Grid::cmdUseSelected_Click()
     const RoutineScope scope{"cmdUseSelected_Click"};
     const QString name = text::Trim(txtLayout.Text());
     if (lstLayout.IndexOf(name) >= 0)
-        return Use(name);
+        return Tell(m_work.Use(name));
     if (m_ports.prompter.YesNo(u"Grid Entry Not Found"_s,
                                u"The entry types appears to be new (not from list of choices). "_s +
                                    kLineBreak + u"Would you like to SAVE it first, then USE?"_s))
-        return SaveUnder(name) && Use(name);
+        return Tell(m_work.Save(name)) && Tell(m_work.Use(name));
     m_ports.prompter.Box(u"Save Aborted"_s, u"Reverting to 'Current (User)'"_s);
-    return Use(kCurrentLayout);
-}
-
-bool frm_Grid::Use(const QString& layoutName)
-{
-    bool loaded = false;
-    if (!Step([&] { loaded = LayoutLoadLayout(m_grid, m_userFile, layoutName); }))
-        return false;
-    if (!loaded) {
-        ListAgain();
-        lblmsg.Show(u"%1 is not in %2; the grid stays as it is."_s.arg(layoutName, m_userFile), Colour::Red);
-        return false;
-    }
-    const bool kept = Step([this] { LayoutSaveLayout(kCurrentLayout); });
-    ListAgain(layoutName);
-    lblmsg.Show(u"The grid uses %1 now."_s.arg(layoutName), Colour::Blue);
-    return kept;
-}
-
-/// A default.grx that can't be read is told here and counts as missing.
-bool frm_Grid::HasDefault()
-{
-    bool there = false;
-    Step([&] {
-        try {
-            there = LayoutFile::ReadOrNew(m_disk, m_programFile).Find(kDefaultLayout) != nullptr;
-        } catch (const RuntimeError& failure) {
-            if (failure.Number() != kInvalidLayoutFile)
-                throw;
-            common::ReportError(m_ports.prompter, failure);
-        }
-    });
-    return there;
+    return Tell(m_work.Use(kCurrentLayout));
 }
 
 bool frm_Grid::cmddefault_Click()
 {
     const RoutineScope scope{"cmddefault_Click"};
-    if (!HasDefault())
-        return RebuildDefault();
-    if (!Step([this] { LayoutLoadLayout(m_grid, m_programFile, kDefaultLayout); }))
-        return false;
-    txtLayout.SetText(kDefaultLayout);
-    PreviewGrid();
-    lblmsg.Show(u"The grid uses Default now."_s, Colour::Blue);
-    return true;
-}
-
-bool frm_Grid::RebuildDefault()
-{
-    if (!m_ports.prompter.YesNo(
-            u"Unable to load default grid"_s,
-            u"The default could not be found: Remove ALL other grids and Rebuild NEW default?"_s))
-        return false;
-    const RoutineScope scope{"SetGridSettings"};
-    const QList<forms::GridColumn> before = m_grid.Columns();
-    const bool done = Step([&] {
-        SetGridSettings(m_grid, kFoldedDefault);
-        try {
-            RebuildLayoutFile(m_disk, m_grid, m_programFile, kDefaultLayout);
-            RebuildLayoutFile(m_disk, m_grid, m_userFile, kDefaultLayout);
-        } catch (const RuntimeError&) {
-            m_grid.SetColumns(before);
-            throw;
-        }
-    });
-    ListAgain();
-    PreviewGrid();
-    txtLayout.SetText(kDefaultLayout);
-    if (done)
-        lblmsg.Show(u"The default grid was rebuilt."_s, Colour::Blue);
-    return done;
+    return Tell(m_work.UseDefault());
 }
 
 bool frm_Grid::cmdRemoveAll_Click()
 {
     const RoutineScope scope{"cmdRemoveAll_Click"};
-    if (!m_ports.prompter.YesNo(
-            u"Restore Grid Utility"_s,
-            u"This utility restores the grid to program defaults (and erases all previous layouts)."_s +
-                kLineBreak + u"The 'Current (User)' grid will revert to program default."_s + kLineBreak +
-                u"Proceed ?"_s))
-        return false;
-    const bool hasDefault = HasDefault();
-    if (!hasDefault && !RebuildDefault()) // before anything is deleted
-        return false;
-    const bool done = Step([&] {
-        if (hasDefault)
-            ReplaceLayoutFile(m_disk, m_programFile, m_userFile);
-        LayoutLoadLayout(m_grid, m_userFile, kDefaultLayout);
-        LayoutSaveLayout(kCurrentLayout);
-    });
-    ListAgain();
-    PreviewGrid();
-    txtLayout.SetText(kDefaultLayout);
-    if (done)
-        lblmsg.Show(u"The grid is as the program made it; all other layouts are gone."_s, Colour::Blue);
-    return done;
+    return Tell(m_work.RemoveAll());
 }
 
 } // namespace vasclip::databook

@@ -1,11 +1,7 @@
 #pragma once
 
-#include "databook/layouts.h"
-#include "forms/grid.h"
-#include "forms/ports.h"
+#include "databook/layout_work.h"
 #include "forms/screen.h"
-
-#include <functional>
 
 namespace vasclip::databook {
 
@@ -49,13 +45,7 @@ protected:
 
 private:
     void Wire();
-    bool Step(const std::function<void()>& step);
-    bool Refused(const QString& title, const QString& text);
-    bool SaveUnder(const QString& typed);
-    bool Use(const QString& layoutName);
-    bool RevertCurrent();
-    bool RebuildDefault();
-    bool HasDefault();
+    bool Tell(const LayoutOutcome& outcome);
     void Preview(const QString& layoutName);
     void PreviewGrid();
     void ListAgain(const QString& select = {});
@@ -63,8 +53,7 @@ private:
     const files::Disk& m_disk;
     forms::Ports m_ports;
     forms::Grid& m_grid;
-    QString m_userFile;    ///< VAS2000.grx
-    QString m_programFile; ///< default.grx
+    LayoutWork m_work;
 };
 
 } // namespace vasclip::databook

@@ -1,7 +1,7 @@
 #include "app/vasctl/session.h"
 
-#include "databook/frm_grid.h"
 #include "databook/grid.h"
+#include "databook/layout_work.h"
 #include "platform/text/text.h"
 
 #include <algorithm>
@@ -41,7 +41,7 @@ int List(const files::Disk& disk, const Output& out, const QString& file)
     return kDone;
 }
 
-/// What the box of the screen would not take; "" for what it would.
+/// What the box of the layouts' screen would not take; "" for what it would.
 QString WrongName(const QString& name, int longest)
 {
     if (name.size() > longest)
@@ -54,7 +54,7 @@ QString WrongName(const QString& name, int longest)
 
 } // namespace
 
-/// The rules of the screen, played on the grid as the program left it: its layout is "Current (User)".
+/// The rules of the layouts, on the grid as the program left it: its layout is "Current (User)".
 int RunLayouts(Session& session, const Output& out, const QStringList& arguments)
 {
     const QString verb = arguments.value(0);
@@ -74,33 +74,28 @@ int RunLayouts(Session& session, const Output& out, const QStringList& arguments
     auto& grid = program.records.grddatabook;
     databook::SetGridSettings(grid, u"DEFAULT"_s);
     databook::LoadGrid(disk, grid, file, databook::kCurrentLayout);
-    databook::frm_Grid screen(disk, session.Ports(), grid, program.globals.G_ProgramDir);
+    databook::LayoutWork work(disk, session.Ports(), grid, program.globals.G_ProgramDir);
     const QString name = text::Trim(arguments.value(1));
-    screen.LayoutListLayouts(file);
-    if (const QString wrong = WrongName(name, screen.txtLayout.MaxLength()); !wrong.isEmpty()) {
+    const bool known = databook::LayoutNames(disk, file).contains(name, Qt::CaseInsensitive);
+    if (const QString wrong = WrongName(name, databook::kLongestLayoutName); !wrong.isEmpty()) {
         out.Error(wrong);
         return kUsage;
     }
-    screen.txtLayout.SetText(name);
-    if ((verb == u"delete"_s || verb == u"use"_s) && screen.lstLayout.IndexOf(name) < 0) {
+    if ((verb == u"delete"_s || verb == u"use"_s) && !known) {
         out.Error(u"There is no grid layout %1 in %2."_s.arg(name, file));
         return kNotFound;
     }
-    bool done = false;
-    if (standard) {
-        done = screen.cmddefault_Click();
-        if (done)
-            screen.LayoutSaveLayout(databook::kCurrentLayout);
-    } else if (verb == u"save"_s) {
-        done = screen.cmdSave_Click();
-    } else if (verb == u"delete"_s) {
-        done = screen.cmdDelete_Click();
-    } else {
-        done = screen.cmdUseSelected_Click();
-    }
-    if (!done)
+    const databook::LayoutOutcome outcome = standard              ? work.UseDefault()
+                                            : verb == u"save"_s   ? work.Save(name)
+                                            : verb == u"delete"_s ? work.Delete(name)
+                                                                  : work.Use(name);
+    if (standard && outcome.done)
+        work.LayoutSaveLayout(databook::kCurrentLayout);
+    if (!outcome.refused.isEmpty())
+        session.Prompter().Box(outcome.refusedTitle, outcome.refused);
+    if (!outcome.done)
         return session.Prompter().Declined() ? kDeclined : kFailed;
-    out.Line(screen.lblmsg.Caption());
+    out.Line(outcome.said);
     return kDone;
 }
 
