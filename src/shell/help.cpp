@@ -42,10 +42,9 @@ void LoadHelpMenu(const Program& program, forms::Menu& mnuHelpItem)
     const QStringList tutorials = Tutorials(program);
     QList<forms::MenuEntry> entries = mnuHelpItem.Entries();
     for (forms::MenuEntry& entry : entries) {
-        if (entry.index != kTutorialsEntry)
+        if (entry.subName != kTutorials)
             continue;
         entry.enabled = !tutorials.isEmpty();
-        entry.subName = kTutorials;
         entry.subEntries.clear();
         for (const QString& name : tutorials)
             entry.subEntries.append({.index = static_cast<int>(entry.subEntries.size()), .caption = name});

@@ -146,7 +146,7 @@ constexpr Row kDatabase[] = {
 
 constexpr Row kHelp[] = {
     {0, "Program Help"_L1, [](frm_Main& m) { OpenHelp(m.program, m); }},
-    {kTutorialsEntry, "Tutorials"_L1},
+    {.index = kTutorialsEntry, .caption = "Tutorials"_L1, .sub = kTutorials},
     {2, "What's New?"_L1, [](frm_Main& m) { Q_EMIT m.WhatsNewWanted(ChangesText(m.program)); }},
     {8, kSeparator},
     {kWebsiteEntry, "Connect to Website"_L1, [](frm_Main& m) { ConnectToWebsite(m.program); }},
@@ -302,7 +302,9 @@ Menus::Menus(forms::ControlSet& controls)
         entries.last().subEntries.append({.index = comp, .caption = u"Comp &%1"_s.arg(comp)});
     popTextData_M.SetEntries(entries);
     popPicture_M.SetEntryCaption(kAllPhotosEntry, PictureEntryCaption(false));
-    mnuHelpItem.SetEntryEnabled(kWebsiteEntry, false); // until the settings name a page
+    // Until the settings name a page, and the program directory holds tutorials.
+    mnuHelpItem.SetEntryEnabled(kWebsiteEntry, false);
+    mnuHelpItem.SetEntryEnabled(kTutorialsEntry, false);
 }
 
 QList<forms::Menu*> Menus::All()
