@@ -60,7 +60,9 @@ void LinkWatch::Connect()
     m_greeted = m_asked = false;
     connect(m_socket.get(), &QLocalSocket::readyRead, this, &LinkWatch::Read);
     connect(m_socket.get(), &QLocalSocket::disconnected, this, [this] { Lose(Sees::NotRunning); });
-    connect(m_socket.get(), &QLocalSocket::errorOccurred, this, [this] { Lose(Sees::NotRunning); });
+    connect(m_socket.get(), &QLocalSocket::errorOccurred, this, [this](QLocalSocket::LocalSocketError error) {
+        Lose(error == QLocalSocket::SocketTimeoutError ? Sees::Silent : Sees::NotRunning);
+    });
     connect(m_socket.get(), &QLocalSocket::connected, this, [this] {
         try {
             RequireOwnUser(m_options.peerOf, m_socket->socketDescriptor(), SocketEnd::Client, error::kLinkNoAnswer);
@@ -72,6 +74,7 @@ void LinkWatch::Connect()
         m_socket->write(Encode(Hello{m_nonce, u"vasclip"_s, QCoreApplication::applicationPid()}));
         m_silence.start(m_options.timeLimitMs);
     });
+    m_silence.start(m_options.timeLimitMs); // one that hangs takes nobody in once its backlog is full
     m_socket->connectToServer(m_options.socketPath);
 }
 

@@ -22,9 +22,14 @@ std::unique_ptr<Conduit> MakeSocketConduit(SocketOptions options)
             RequireOwnSocket(options.socketPath);
             auto socket = std::make_unique<QLocalSocket>();
             socket->connectToServer(options.socketPath);
-            if (!socket->waitForConnected(static_cast<int>(deadline.remainingTime())))
-                throw RuntimeError(error::kLinkNoAnswer, u"No forms program answers at %1: %2"_s.arg(
-                                                             options.socketPath, socket->errorString()));
+            if (!socket->waitForConnected(static_cast<int>(deadline.remainingTime()))) {
+                // One that hangs with a full queue of callers is there all the same.
+                const bool hangs = socket->state() == QLocalSocket::ConnectingState ||
+                                   socket->error() == QLocalSocket::SocketTimeoutError;
+                throw RuntimeError(hangs ? error::kLinkTimeOut : error::kLinkNoAnswer,
+                                   u"No forms program answers at %1: %2"_s.arg(options.socketPath,
+                                                                               socket->errorString()));
+            }
             RequireOwnUser(options.peerOf, socket->socketDescriptor(), SocketEnd::Client,
                            error::kLinkNoAnswer);
             QLocalSocket* raw = socket.get();

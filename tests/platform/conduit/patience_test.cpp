@@ -5,6 +5,15 @@
 
 #include <gtest/gtest.h>
 
+#ifdef Q_OS_UNIX
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+#endif
+
+#include <cerrno>
+#include <cstring>
+
 using namespace Qt::Literals::StringLiterals;
 using namespace vasclip;
 using namespace vasclip::conduit;
@@ -167,6 +176,72 @@ TEST_F(Watch, SeesTheProgramComeItsReportsAndThatItHasGone)
     }
     EXPECT_TRUE(Sees(LinkWatch::Sees::NotRunning));
 }
+
+#ifdef Q_OS_UNIX
+/// A program that hangs takes nobody in; each look that gave up stays in its queue until that is full.
+class Hanging
+{
+public:
+    explicit Hanging(const QString& path)
+        : m_listener(socket(AF_UNIX, SOCK_STREAM, 0))
+    {
+        m_address.sun_family = AF_UNIX;
+        const QByteArray name = QFile::encodeName(path);
+        std::memcpy(m_address.sun_path, name.constData(), static_cast<size_t>(name.size()) + 1);
+        bind(m_listener, Address(), sizeof m_address);
+        listen(m_listener, 1);
+    }
+    ~Hanging()
+    {
+        for (const int waiting : m_waiting)
+            close(waiting);
+        close(m_listener);
+    }
+    Hanging(const Hanging&) = delete;
+    Hanging& operator=(const Hanging&) = delete;
+    /// @return false if the queue is not known to be full
+    bool Fill()
+    {
+        for (int i = 0; i < 64; ++i) {
+            const int client = socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0);
+            m_waiting.append(client);
+            if (connect(client, Address(), sizeof m_address) != 0)
+                return errno == EAGAIN;
+        }
+        return false;
+    }
+
+private:
+    sockaddr* Address() { return reinterpret_cast<sockaddr*>(&m_address); }
+    sockaddr_un m_address{};
+    int m_listener;
+    QList<int> m_waiting;
+};
+
+TEST_F(Watch, OfOneThatHangsNeverSaysThatItIsNotRunning)
+{
+    Hanging program(m_path);
+    ASSERT_TRUE(program.Fill());
+    watch.Start(50);
+    EXPECT_TRUE(Sees(LinkWatch::Sees::Silent));
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < 1500)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    EXPECT_FALSE(seen.contains(LinkWatch::Sees::NotRunning));
+    EXPECT_GE(seen.count(LinkWatch::Sees::Silent), 2);
+}
+
+TEST_F(PatienceTest, OneThatHangsHasNotGone)
+{
+    Hanging program(m_path);
+    ASSERT_TRUE(program.Fill());
+    const auto link = Client(300);
+    link->SetLinkMode(0);
+    link->SetLinkTopic(u"KEL|SMITH"_s);
+    EXPECT_EQ(ThrownBy([&] { link->SetLinkMode(2); }).number, error::kLinkTimeOut);
+}
+#endif
 
 TEST_F(Watch, SeesOneThatIsSilentAndOneThatIsAnothersWithoutBlocking)
 {
