@@ -17,6 +17,13 @@ QString KelFirstToken(const QString& text)
     return comma < 0 ? QString() : text.left(comma);
 }
 
+bool KelReportsUnnamed(const QString& reports)
+{
+    const QString answer = text::Trim(reports);
+    return !answer.isEmpty() && answer.compare("none"_L1, Qt::CaseInsensitive) != 0 &&
+           text::Trim(KelFirstToken(answer)).isEmpty();
+}
+
 QString KelCleanCaption(const QString& text)
 {
     const QString padded = text + QString(text.size(), u' ');

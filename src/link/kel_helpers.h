@@ -6,6 +6,8 @@ namespace vasclip::link {
 
 /// The text before the first comma; "" if there is no comma at all.
 [[nodiscard]] QString KelFirstToken(const QString& text);
+/// Does a list of reports name none although there is one? It lacks its comma then.
+[[nodiscard]] bool KelReportsUnnamed(const QString& reports);
 
 /// The caption of a comp as the forms program answers it, fit to be shown.
 /// @return "" for what it echoes when a variable has no value, and for any character below 32 or above 126

@@ -28,12 +28,18 @@ bool ReportIsNamed(LinkDesk& desk)
 {
     if (!KelIsActive(desk.txtDDE, desk.state))
         return false;
-    const QString answer = text::Trim(desk.txtDDE.Text());
-    if (!text::Trim(KelFirstToken(answer)).isEmpty())
+    const QString unnamed = UnnamedReportWords(desk);
+    if (unnamed.isEmpty())
         return true;
     desk.state.linkActive = desk.state.populateGate = false;
-    desk.status.lblmsg.Show(messages::kUnnamedReport.arg(answer.left(80)), forms::Colour::Red);
+    desk.status.lblmsg.Show(unnamed, forms::Colour::Red);
     return false;
+}
+
+QString UnnamedReportWords(const LinkDesk& desk)
+{
+    const QString answer = text::Trim(desk.txtDDE.Text());
+    return KelReportsUnnamed(answer) ? messages::kUnnamedReport.arg(answer.left(80)) : QString();
 }
 
 bool KelIsActive(LinkDesk& desk)
@@ -53,8 +59,11 @@ bool KelEnsureRunning(LinkDesk& desk)
             running = ReportIsNamed(desk);
         }
     });
-    if (!running && !told)
-        desk.ports.prompter.Box(messages::kNotRunningTitle, messages::kNotRunning);
+    if (!running && !told) {
+        const QString unnamed = UnnamedReportWords(desk);
+        desk.ports.prompter.Box(unnamed.isEmpty() ? messages::kNotRunningTitle : desk.globals.productName,
+                                unnamed.isEmpty() ? messages::kNotRunning : unnamed);
+    }
     return running;
 }
 

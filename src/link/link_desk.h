@@ -75,6 +75,10 @@ bool ReportIsNamed(LinkDesk& desk);
 /// ReportIsNamed with its failures reported; one that failed counts as "no report".
 bool KelIsActive(LinkDesk& desk);
 
+/// Why the forms program has a report and it can't be told which; "" unless that is what Text holds as its answer to
+/// the question for its reports.
+[[nodiscard]] QString UnnamedReportWords(const LinkDesk& desk);
+
 /// Is a report open, now or after a second try? If not, says so.
 bool KelEnsureRunning(LinkDesk& desk);
 

@@ -29,6 +29,8 @@ LinkStanding OfReports(const LinkDesk& desk, const QString& reports)
     const QString& program = desk.globals.formsProgram;
     const QString active = text::Trim(KelFirstToken(reports));
     const QString mirrored = text::Trim(desk.addr.txtKelReport.Text());
+    if (KelReportsUnnamed(reports))
+        return {{}, messages::kLinkUnnamed.arg(program), forms::Colour::Red, LinkHelp::TryAgain, {}};
     if (active.isEmpty())
         return {{}, messages::kLinkNoReport.arg(program), forms::Colour::Blue,
                 mirrored.isEmpty() ? LinkHelp::None : LinkHelp::Refresh, {}};

@@ -64,6 +64,7 @@ inline const QString kLinkNotRunning = QStringLiteral("%1 is not running");
 inline const QString kLinkAnothersUser = QStringLiteral("%1 is another user's");
 inline const QString kLinkSilent = QStringLiteral("%1 does not answer");
 inline const QString kLinkNoReport = QStringLiteral("No report is open in %1");
+inline const QString kLinkUnnamed = QStringLiteral("%1 does not tell which report is in front");
 inline const QString kLinkUnread = QStringLiteral("%1 is open; the tabs have not been read from it");
 inline const QString kLinkAnother = QStringLiteral("The forms program has %1 active");
 inline const QString kLinkLinked = QStringLiteral("Linked to %1");
@@ -85,6 +86,9 @@ inline const QString kReadingReport = QStringLiteral("Reading the report");
 /// %1 record or slot
 inline const QString kSending = QStringLiteral("Sending %1");
 inline const QString kSendingSlots = QStringLiteral("Sending to the report");
+/// %1 and %2 comps
+inline const QString kSwapping = QStringLiteral("Swapping comps %1 and %2");
+inline const QString kSavingSlot = QStringLiteral("Saving to the Databook");
 inline const QString kWaitingForForms = QStringLiteral("Waiting for the forms program");
 inline const QString kRefreshCancelled =
     QStringLiteral("The refresh was cancelled. The tabs show no report until it is read again.");
@@ -92,7 +96,7 @@ inline const QString kRefreshCancelled =
 inline const QString kNothingSent = QStringLiteral("Cancelled: nothing of %1 was sent.");
 /// %1 record, %2 fields sent, %3 rows of the mapping
 inline const QString kPartSent = QStringLiteral(
-    "Cancelled: fields of %1 sent so far: %2 of %3. They stay in the report. Drop it again to send them all.");
+    "Cancelled: fields of %1 sent so far: %2 of %3. They stay in the report. Send it again to send them all.");
 /// %1 forms program
 inline const QString kRefreshNotRunning = QStringLiteral("%1 is not running, so the tabs show no report.");
 inline const QString kRefreshNoneOpen = QStringLiteral("No report is open in %1, so the tabs show none.");
@@ -114,7 +118,7 @@ inline const QString kVerifying = QStringLiteral("Verifying Addresses (City, ST,
 inline const QString kSendStopped =
     QStringLiteral("%1 (sending %2 to %3, row %6 of %5 in Comp2Kel). %4 fields were sent and stay in the "
                    "report; this one and "
-                   "those after it were not. Drop the comp again to send them all");
+                   "those after it were not. Send the comp again to send them all");
 /// %1 a field, %2 what its cell holds, %3 address of the comp before
 inline const QString kStillOfOldComp = QStringLiteral("%1 is still %2 of %3");
 /// %1 a field, %2 address of the comp before

@@ -68,6 +68,8 @@ void ShowNoReport(LinkDesk& desk)
 /// Why no report was found, from what was answered to the question for one.
 QString AbsentWords(const LinkDesk& desk)
 {
+    if (const QString unnamed = UnnamedReportWords(desk); !unnamed.isEmpty())
+        return unnamed + u", so the tabs show none."_s;
     const bool answered = !text::Trim(desk.txtDDE.Text()).isEmpty();
     return (answered ? messages::kRefreshNoneOpen : messages::kRefreshNotRunning).arg(desk.globals.formsProgram);
 }

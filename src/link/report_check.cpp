@@ -79,6 +79,8 @@ ReportCheck CheckReport(LinkDesk& desk)
 
 QString NoReportWords(const LinkDesk& desk)
 {
+    if (const QString unnamed = UnnamedReportWords(desk); !unnamed.isEmpty())
+        return unnamed + QStringLiteral(", so nothing was sent.");
     return text::Trim(desk.txtDDE.Text()).isEmpty() ? messages::kNotRunningNothing.arg(desk.globals.formsProgram)
                                                     : messages::kNoneOpenNothing.arg(desk.globals.formsProgram);
 }

@@ -57,7 +57,9 @@ public:
         m_tally.notRunning = data && !jobs.isEmpty() && !KelEnsureRunning(m_desk);
         if (m_tally.notRunning) {
             m_tally.stopped = Cancelled(m_desk);
-            m_tally.notRunning = !m_tally.stopped;
+            m_tally.words = UnnamedReportWords(m_desk);
+            m_tally.noneOpen = !m_tally.stopped && !m_tally.words.isEmpty();
+            m_tally.notRunning = !m_tally.stopped && !m_tally.noneOpen;
             return m_tally;
         }
         m_tally.otherReport = data && !jobs.isEmpty() && CompareReport(m_desk) != ReportIs::Mirrored;
@@ -93,10 +95,10 @@ private:
             if (!m_desk.sources.datDatabook.Bound())
                 return false;
             m_desk.state.currentKey = key;
-            if (SavePictureToDatabook(m_desk, *slot, view) != PictureOutcome::Filed)
-                continue;
-            ++m_tally.pictures;
-            if (m_tally.note.isEmpty())
+            const PictureOutcome outcome = SavePictureToDatabook(m_desk, *slot, view);
+            if (outcome == PictureOutcome::Filed)
+                ++m_tally.pictures;
+            if (m_tally.note.isEmpty() && (outcome == PictureOutcome::Filed || outcome == PictureOutcome::IsThere))
                 m_tally.note = photos::CleanedView(view);
         }
         return true;
@@ -154,6 +156,7 @@ void LookForReport(LinkDesk& desk, TransferTally& tally)
         return;
     tally.notRunning = text::Trim(desk.txtDDE.Text()).isEmpty();
     tally.noneOpen = !tally.notRunning;
+    tally.words = UnnamedReportWords(desk);
 }
 
 TransferTally Transfer(LinkDesk& desk, const QList<TransferJob>& jobs, What what)
@@ -177,6 +180,8 @@ TransferTally Transfer(LinkDesk& desk, const QList<TransferJob>& jobs, What what
     const bool onePicture = what == What::Pic && tally.slots_ == 1 && tally.pictures == 0;
     if (!onePicture)
         Tell(desk, tally);
+    else if (!tally.note.isEmpty())
+        desk.status.lblmsg.Show(tally.note, forms::Colour::Blue);
     return tally;
 }
 
@@ -208,7 +213,7 @@ QString TransferTally::Text() const
     if (otherReport)
         return words;
     if (noneOpen)
-        return messages::kTransferNoneOpen;
+        return words.isEmpty() ? messages::kTransferNoneOpen : words + u", so nothing was transferred."_s;
     if (stopped && stored.isEmpty() && pictures == 0 && Empty())
         return messages::kTransferCancelled;
     if (Empty())

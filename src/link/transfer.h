@@ -16,9 +16,9 @@ struct TransferTally
     bool stopped = false;    ///< cancelled: the slots after it were left alone
     bool linkLost = false;   ///< the forms program went away: likewise
     bool notRunning = false; ///< it was not there to begin with
-    bool noneOpen = false;   ///< it was, with no report open
+    bool noneOpen = false;   ///< it was, with no report open, or with one that it does not name
     bool otherReport = false; ///< another report is active than the tabs show; nothing was done
-    QString words;           ///< of that
+    QString words;           ///< of that, and of a report that is not named
     bool busy = false;       ///< another transfer is at work; nothing was done
     QStringList stored;      ///< keys of the records that hold their comp now
     QString note;            ///< about a view that could not be kept as the report had it; "" for none
@@ -27,7 +27,7 @@ struct TransferTally
     [[nodiscard]] QString Text() const;
     /// Did the report have nothing there?
     [[nodiscard]] bool Empty() const { return slots_ == blank; }
-    [[nodiscard]] bool Failed() const { return failed > 0 || linkLost || notRunning || otherReport; }
+    [[nodiscard]] bool Failed() const { return failed > 0 || linkLost || notRunning || otherReport || (noneOpen && !Empty()); }
 };
 
 // Each stores the report's column of a slot as a record, its picture as a photo of it, or both. They turn the

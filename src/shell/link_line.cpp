@@ -38,10 +38,10 @@ void LinkLine::RefreshAppraisal()
         LinkSeen(Sees::Silent, {});
     else if (told == link::messages::kRefreshCancelled)
         LinkSeen(Sees::Nothing, {});
-    else if (told == link::messages::kRefreshNoneOpen.arg(m_program.globals.formsProgram))
-        LinkSeen(Sees::Reports, u"none"_s);
-    else
+    else if (told == link::messages::kRefreshNotRunning.arg(m_program.globals.formsProgram))
         LinkSeen(Sees::NotRunning, {});
+    else // its answer, which names no report
+        LinkSeen(Sees::Reports, m_program.Link().txtDDE.Text());
     m_shown.grddatabook_RowColChange();
     if (!told.isEmpty())
         m_program.status.lblmsg.Show(told, forms::Colour::Red);

@@ -62,6 +62,8 @@ TEST_F(State, WithoutAReportOrAProgram)
     for (const Row& row : {Row{Sees::Reports, u"none"_s, {}, u"No report is open in Korvat Forms"_s, LinkHelp::None},
                            Row{Sees::Reports, u"none"_s, u"OAK.RPT"_s, u"No report is open in Korvat Forms"_s,
                                LinkHelp::Refresh},
+                           Row{Sees::Reports, u"OAK.RPT"_s, u"OAK.RPT"_s,
+                               u"Korvat Forms does not tell which report is in front"_s, LinkHelp::TryAgain},
                            Row{Sees::NotRunning, {}, {}, u"Korvat Forms is not running"_s, LinkHelp::StartFormsProgram},
                            Row{Sees::NotRunning, {}, u"OAK.RPT"_s, u"Korvat Forms is not running"_s,
                                LinkHelp::StartFormsProgram},

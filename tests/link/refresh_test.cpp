@@ -96,7 +96,8 @@ TEST_F(Refresh, AListOfReportsWithoutACommaNamesNoReportAndIsToldWithoutABox)
 {
     RefreshAppraisal(desk);
     conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"SMITH"_s);
-    RefreshAppraisal(desk);
+    EXPECT_EQ(RefreshAppraisal(desk), u"The forms program lists its open reports as \"SMITH\", without a comma: which one "
+                                      u"is in front is not known, so the tabs show none."_s);
     EXPECT_TRUE(doubles.prompter.Boxes().empty()) << doubles.prompter.Last().text.toStdString();
     EXPECT_FALSE(state.linkActive);
     EXPECT_EQ(status.lblmsg.Caption(), u"The forms program lists its open reports as \"SMITH\", without a comma: "

@@ -150,6 +150,9 @@ TEST_F(OtherReport, NoneAtAllIsSaid)
 {
     conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"none"_s);
     EXPECT_EQ(CheckReport(desk).words, u"No report is open in Korvat Forms, so nothing was sent."_s);
+    conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"SMITH"_s);
+    EXPECT_EQ(CheckReport(desk).words, u"The forms program lists its open reports as \"SMITH\", without a comma: which one "
+                                       u"is in front is not known, so nothing was sent."_s);
     conduit.running = false;
     EXPECT_EQ(CheckReport(desk).words, u"Korvat Forms is not running, so nothing was sent."_s);
     EXPECT_TRUE(doubles.prompter.Boxes().empty());

@@ -186,8 +186,10 @@ TEST_F(SavePicture, ACaptionWithABarIsCleanedAndToldAndTheSamePictureIsNotFiledT
     EXPECT_EQ(Views(u"1 S"_s), QStringList(u"POOL DECK"_s));
     const QString stem = lists.lstimages.List(0);
     table.ErrSetPict(slots.imaGeneral(36), u"C:\\JPG\\"_s + stem + u".jpg"_s);
+    status.lblmsg.Show({}, forms::Colour::Normal);
     EXPECT_EQ(TransferSubject(desk, What::Pic, 136).pictures, 0);
     EXPECT_TRUE(questions.asked.isEmpty()) << "it is the record's own";
+    EXPECT_EQ(status.lblmsg.Caption(), u"A view's name can't hold \"|\" or a line break; it is \"POOL DECK\" now."_s);
     Show(slots.imaGeneral(36), u"h.jpg"_s);
     questions.answer = forms::Answer::No;
     EXPECT_EQ(TransferSubject(desk, What::Pic, 136).pictures, 0);

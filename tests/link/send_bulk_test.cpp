@@ -278,7 +278,7 @@ TEST_F(Send, AFailingPokeEndsItAndSaysWhere)
     EXPECT_EQ(
         doubles.prompter.Last().text,
         u"The forms program refused the field (sending CITY to PAGE2|13|5, row 2 of 3 in Comp2Kel). 1 fields "
-        "were sent and stay in the report; this one and those after it were not. Drop the comp again to send "
+        "were sent and stay in the report; this one and those after it were not. Send the comp again to send "
         "them all.\r\nError # 285 in module KelPokeText."_s);
 }
 

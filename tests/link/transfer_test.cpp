@@ -278,6 +278,24 @@ TEST_F(Transfer, NobodyAtTheLinkIsSaidOnceAndNothingIsTouched)
     EXPECT_TRUE(Keys().isEmpty());
 }
 
+TEST_F(Transfer, AReportThatIsNotNamedIsNeitherAbsentNorClosed)
+{
+    conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"SMITH"_s);
+    const QString unnamed =
+        u"The forms program lists its open reports as \"SMITH\", without a comma: which one is in front is not known"_s;
+    TransferTally tally = TransferComps(desk, true, 0, What::Data);
+    EXPECT_EQ(tally.Text(), unnamed + u", so nothing was transferred."_s);
+    EXPECT_EQ(status.lblmsg.Caption(), tally.Text());
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    Slot(report.txtComp, 1, u"1 A"_s);
+    tally = TransferComps(desk, true, 0, What::Data);
+    EXPECT_FALSE(tally.notRunning);
+    EXPECT_TRUE(tally.Failed());
+    EXPECT_EQ(status.lblmsg.Caption(), unnamed + u", so nothing was transferred."_s);
+    EXPECT_EQ(doubles.prompter.Texts(), QStringList(unnamed));
+    EXPECT_TRUE(Keys().isEmpty());
+}
+
 TEST_F(Transfer, ALinkThatBreaksLeavesThatCompAndTheRest)
 {
     for (int i = 1; i <= 3; ++i)

@@ -183,7 +183,7 @@ TEST_F(SlowLink, EscCancelsASendWhichTellsHowFarItGot)
            [this] { return peer.pokesBegun >= 1; }); // the exchange at work still ends
     EXPECT_EQ(peer.pokes, conduit.pokes.size());
     EXPECT_EQ(conduit.pokes.size(), 1);
-    EXPECT_EQ(Said(), u"Cancelled: fields of 7 ELM ST sent so far: 1 of 2. They stay in the report. Drop it again to "
+    EXPECT_EQ(Said(), u"Cancelled: fields of 7 ELM ST sent so far: 1 of 2. They stay in the report. Send it again to "
                       u"send them all."_s);
     EXPECT_EQ(main.report.txtComp(2).Text(), u"7 Elm St"_s) << "its address is in the report";
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
@@ -226,6 +226,30 @@ TEST_F(SlowLink, AfterTheLimitItAsksWhetherToGoOn)
     ASSERT_EQ(doubles.prompter.Boxes().size(), 2U);
     EXPECT_EQ(doubles.prompter.Last().title, u"The forms program is slow"_s);
     EXPECT_EQ(Said(), u"The refresh was cancelled. The tabs show no report until it is read again."_s);
+}
+
+TEST_F(SlowLink, ASwapAndASaveSayWhatTheyAreInTheGauge)
+{
+    peer.delayMs = 100;
+    doubles.prompter.AnswerAlways(forms::Answer::Yes);
+    QStringList told;
+    const auto note = [&] { told.append(main.status.gauProgress.Caption()); };
+    main.report.TabData.SetTab(1);
+    During([this] { main.SwapComps(1, 2); }, [&] {
+        note();
+        QTest::mouseClick(&Stop(), Qt::LeftButton);
+    });
+    EXPECT_EQ(told.value(0), u"Swapping comps 1 and 2"_s);
+    EXPECT_EQ(Said(), u"Cancelled: nothing was sent."_s);
+    EXPECT_TRUE(conduit.commands.filter(u"SWAPCOMPS"_s).isEmpty());
+    During(
+        [this] {
+            drops.Begin(main.report.txtComp(1), 0);
+            drops.Drop(main.report.txtComp(1), main.records.grddatabook);
+        },
+        note);
+    EXPECT_FALSE(told.value(1).contains(u"Sending"_s)) << told.value(1).toStdString();
+    EXPECT_FALSE(told.value(1).isEmpty());
 }
 
 TEST_F(SlowLink, AFastOneShowsNoGaugeAndTurnsNothing)
