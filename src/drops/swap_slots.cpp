@@ -49,14 +49,15 @@ Outcome SwapSlots(DropDesk& drops, int target, int source)
                 forms::Colour::Red, {}};
     case link::SwapOutcome::Failed:
         return Told(u"The report did not swap comps %1 and %2. Refresh shows what it holds."_s.arg(target).arg(source));
-    case link::SwapOutcome::OtherReport:
-        return Told(u"Another report than the one on the tabs is in front. Refresh, then swap. Nothing was swapped."_s);
+    case link::SwapOutcome::Unsure:
+        return Told(u"Whether comps %1 and %2 were swapped is not known: the forms program did not answer. Refresh shows "
+                    u"what is there."_s.arg(target).arg(source));
+    case link::SwapOutcome::NotSent:
+        return NotSent(desk.state.notSent);
     case link::SwapOutcome::Busy:
         return Told(u"The report is being read. Try again in a moment."_s);
     case link::SwapOutcome::NoSuchSlot:
         return Told(u"Comps %1 and %2 cannot be swapped: the report does not have both."_s.arg(target).arg(source));
-    case link::SwapOutcome::NotRunning:
-        break; // which has been said
     }
     return {};
 }

@@ -8,6 +8,7 @@
 #include "link/report_check.h"
 #include "link/reporter.h"
 #include "link/slot_photos.h"
+#include "link/swap_comps.h"
 #include "link/talk.h"
 #include "platform/text/text.h"
 
@@ -115,13 +116,14 @@ DropOutcome DropComp(LinkDesk& desk, const forms::Control& target, forms::Pictur
     if (source == index)
         return DropOutcome::OwnSlot;
     if (source >= 1 && source <= 9) {
-        if (const ReportCheck check = CheckReport(desk); !check.Stands()) {
-            desk.state.notSent = check.words;
+        switch (SendSwap(desk, index, source)) {
+        case SwapOutcome::Swapped:
+            return DropOutcome::Swapped;
+        case SwapOutcome::NotSent:
             return DropOutcome::OtherReport;
+        default:
+            return DropOutcome::Failed;
         }
-        const bool swapped =
-            Reported(desk.ports.prompter, "DropComp", [&] { ErrClearComp(desk.txtDDE, index, source); });
-        return swapped ? DropOutcome::Swapped : DropOutcome::Failed;
     }
     if (source == -1) {
         desk.state.dropRefused = false;

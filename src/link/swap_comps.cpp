@@ -4,10 +4,13 @@
 #include "link/comp2kel.h"
 #include "link/kel_channel.h"
 #include "link/kel_helpers.h"
+#include "link/messages.h"
+#include "link/report_check.h"
 #include "link/reporter.h"
 #include "link/slot_icons.h"
 #include "link/slot_photos.h"
 #include "link/tabs.h"
+#include "link/talk.h"
 #include "platform/text/text.h"
 
 namespace vasclip::link {
@@ -45,6 +48,32 @@ void ReadAddress(LinkDesk& desk, const QList<MappingRow>& rows, int comp)
 
 } // namespace
 
+SwapOutcome SendSwap(LinkDesk& desk, int target, int source)
+{
+    const ReportCheck check = CheckReport(desk);
+    desk.state.notSent = check.words;
+    if (!check.Stands())
+        return SwapOutcome::NotSent;
+    int failure = 0;
+    const bool swapped = Reported(desk.ports.prompter, "ErrClearComp", [&] {
+        try {
+            KelOpenReport(desk.txtDDE, KelFirstToken(desk.txtDDE.Text())); // the macro runs on the topic that this leaves
+            ErrClearComp(desk.txtDDE, target, source);
+        } catch (const RuntimeError& error) {
+            failure = error.Number();
+            throw;
+        }
+    });
+    if (swapped)
+        return SwapOutcome::Swapped;
+    if (failure == conduit::kUserInterrupt) {
+        desk.state.notSent = messages::kCancelledBefore;
+        return SwapOutcome::NotSent;
+    }
+    return failure == error::kLinkTimeOut || failure == error::kLinkPeerGone ? SwapOutcome::Unsure
+                                                                              : SwapOutcome::Failed;
+}
+
 SwapOutcome SwapComps(LinkDesk& desk, int target, int source)
 {
     const common::RoutineScope scope{"SwapComps"};
@@ -52,26 +81,12 @@ SwapOutcome SwapComps(LinkDesk& desk, int target, int source)
         return SwapOutcome::Busy;
     if (target == source || !HasSlot(desk.report, target) || !HasSlot(desk.report, source))
         return SwapOutcome::NoSuchSlot;
+    const Talking talking{desk, messages::kSwapping.arg(text::Dec(target), text::Dec(source))};
     const forms::Hourglass hourglass{desk.ports.window};
-    if (!KelEnsureRunning(desk))
-        return SwapOutcome::NotRunning;
-    bool otherReport = false;
-    bool swapped = false;
-    const bool ran = Reported(desk.ports.prompter, "SwapComps", [&] {
-        KelQueryActiveReports(desk.txtDDE);
-        const QString report = KelFirstToken(desk.txtDDE.Text());
-        otherReport = text::Folded(report) != text::Folded(desk.addr.txtKelReport.Text());
-        if (otherReport)
-            return;
-        KelOpenReport(desk.txtDDE, report); // the macro runs on the topic that this leaves
-        ErrClearComp(desk.txtDDE, target, source);
-        swapped = true;
-    });
+    const SwapOutcome sent = SendSwap(desk, target, source);
     desk.ports.window.AppActivate();
-    if (otherReport)
-        return SwapOutcome::OtherReport;
-    if (!ran || !swapped)
-        return SwapOutcome::Failed;
+    if (sent != SwapOutcome::Swapped)
+        return sent;
     const bool read =
         Reported(desk.ports.prompter, "SwapComps", [&] { ReadSalesSlots(desk, {target, source}); });
     return read ? SwapOutcome::Swapped : SwapOutcome::Unread;

@@ -1,5 +1,6 @@
 #include "drops/swap_slots.h"
 
+#include "link/talk.h"
 #include "router_home.h"
 
 namespace vasclip::drops {
@@ -84,9 +85,55 @@ TEST_F(SwapTest, OnlyCompsThatTheReportHasAndNotOneWithItself)
 TEST_F(SwapTest, InAnotherReportNothingIsSwapped)
 {
     conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"JONES,SMITH,"_s);
+    doubles.prompter.Answer(forms::Answer::Cancel);
     EXPECT_EQ(SwapSlots(drops, 2, 3).message,
-              u"Another report than the one on the tabs is in front. Refresh, then swap. Nothing was swapped."_s);
-    EXPECT_TRUE(conduit.commands.isEmpty());
+              u"Nothing was sent: JONES is active in the forms program, and the tabs show SMITH."_s);
+    EXPECT_EQ(doubles.prompter.Last().title, u"Another report is active"_s);
+    doubles.prompter.Answer(forms::Answer::Ok);
+    conduit.Answer(u"KEL|JONES"_s, u"ListForms"_s, u"UA5,SUBPHOTO,"_s);
+    EXPECT_EQ(SwapSlots(drops, 2, 3).message, u"The tabs show JONES now. Nothing was sent."_s);
+    EXPECT_EQ(addr.txtKelReport.Text(), u"JONES"_s);
+    EXPECT_TRUE(conduit.commands.filter(u"SWAPCOMPS"_s).isEmpty());
+}
+
+TEST_F(SwapTest, WithNobodyThereSaysSo)
+{
+    conduit.running = false;
+    EXPECT_EQ(SwapSlots(drops, 2, 3).message, u"Korvat Forms is not running, so nothing was sent."_s);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(SwapTest, ThatIsCancelledSaysHowFarItGot)
+{
+    link::Talk talk;
+    talk.Attach(status, desk.ports);
+    desk.talk = &talk;
+    // The recording conduit knows no patience; the wish is heard before each request and macro as on the real line.
+    const auto cancelAt = [&](const QString& step) {
+        conduit.before = [&talk, step](const QString& entry) {
+            if (entry.startsWith(step))
+                talk.Cancel();
+            if (entry == "request"_L1 || entry.startsWith("execute"_L1))
+                talk.BeforeExchange();
+        };
+    };
+    cancelAt(u"item ActiveReports"_s);
+    EXPECT_EQ(SwapSlots(drops, 2, 3).message, u"Cancelled: nothing was sent."_s);
+    cancelAt(u"execute [RunMacro( SetRequest \"LASTCOMPTYPE\""_s);
+    EXPECT_EQ(SwapSlots(drops, 2, 3).message, u"Cancelled: nothing was sent."_s);
+    EXPECT_EQ(report.txtComp(2).Text(), u"12 Oak St"_s);
+    cancelAt(u"item IMAGES"_s); // the macro has gone out
+    EXPECT_EQ(SwapSlots(drops, 2, 3).message,
+              u"Comps 2 and 3 were swapped, but could not be read again. Refresh shows them."_s);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    desk.talk = nullptr;
+}
+
+TEST_F(SwapTest, WithoutAnAnswerIsNotKnown)
+{
+    conduit.FailOnce(u"execute "_s + Swap(u"4,3"_s), error::kLinkTimeOut, u"No answer"_s);
+    EXPECT_EQ(SwapSlots(drops, 2, 3).message, u"Whether comps 2 and 3 were swapped is not known: the forms program did "
+                                              u"not answer. Refresh shows what is there."_s);
 }
 
 TEST_F(SwapTest, WhatWentWrongIsToldAsItIs)

@@ -78,8 +78,8 @@ TEST_F(Drop, OfCompThreeOnCompOneSwapsThem)
     ASSERT_EQ(conduit.commands.size(), 1);
     EXPECT_TRUE(conduit.commands[0].contains(u"SWAPCOMPS 4,2\r\n"_s));
     EXPECT_TRUE(conduit.pokes.isEmpty());
-    EXPECT_EQ(conduit.log.filter(u"request"_s).size(), 1) << "which report is active";
-    EXPECT_EQ(conduit.log.mid(conduit.log.size() - 4, 2), (QStringList{u"mode 0"_s, u"mode 2"_s})) << "the same topic";
+    EXPECT_EQ(conduit.log.filter(u"item"_s), (QStringList{u"item ActiveReports"_s, u"item UserID"_s}));
+    EXPECT_EQ(conduit.log.filter(u"topic"_s).last(), u"topic Kel|SMITH"_s) << "the macro runs on the report";
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
 
