@@ -119,6 +119,9 @@ Outcome FilePictureIntoSlot(DropDesk& desk, const Drag& drag, const DropRule& ru
     if (common::ParseFileName(picture).name.isEmpty())
         return picture.isEmpty() ? Outcome{} : NotSent(u"%1 can not be used: give it a name without \"]\"."_s.arg(picture));
     const bool general = rule.action == DropAction::FileIntoGeneral;
+    std::optional<GeneralCaption> caption;
+    if (general)
+        caption.emplace(desk, index);
     const QString whose = u"General photo %1 of the report"_s.arg(index);
     if (general && AskView(desk, u"CBOGENERAL"_s, index, picture, whose).isEmpty())
         return {};
@@ -135,7 +138,7 @@ Outcome FilePictureIntoSlot(DropDesk& desk, const Drag& drag, const DropRule& ru
         return NotStored(desk, picture);
 
     photos::SlotTable& table = link.loader.Table();
-    const bool moved = !FromFiles(drag) && SendFiledToTrash(desk, drag.picture);
+    Consume(desk, drag);
     link.loader.ErrLoadThumb(slot, table.ErrGetPict(slot));
     link.ports.window.AppActivate();
     const link::SlotSend sent = link::KelSendSlotPhoto(link, slot, slot, index);
@@ -144,14 +147,10 @@ Outcome FilePictureIntoSlot(DropDesk& desk, const Drag& drag, const DropRule& ru
         return NotSent(u"%1 is stored. %2"_s.arg(common::WholeFileName(picture), link.state.notSent));
     link.loader.ErrLoadThumb(slot, table.ErrGetPict(slot));
     photos::ApplyWriteProtect(link.ports, link.disk, link.globals, table.ErrGetPict(slot));
-    const GeneralTold told = general && sent != link::SlotSend::Failed ? TellGeneral(desk, index) : GeneralTold{};
+    const GeneralTold told = general && sent != link::SlotSend::Failed 
+                                 ? TellGeneral(desk, index, &*caption)
+                                 : GeneralTold{};
 
-    if (FromThumb(drag)) {
-        if (moved && link.globals.autoDelete == 1)
-            desk.capture.HideThumbOf(picture);
-    } else if (!FromFiles(drag)) {
-        desk.capture.RefreshCapture();
-    }
     if (!general && (rule.group != "SUBJECT"_L1 || index == 1) && desk.routines.autoSave)
         desk.routines.autoSave(rule.group, index);
     const QString name = common::WholeFileName(picture);

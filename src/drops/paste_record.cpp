@@ -19,7 +19,7 @@ Outcome PasteRecord(DropDesk& drops, const Drag& drag, const DropRule& rule, for
     const link::DropOutcome result = link::DropComp(desk, target, slot.photo, rule.group, false);
     desk.ports.window.AppActivate();
     if (result != link::DropOutcome::Sent)
-        return BrokenOff(desk, slot, result, drag.key, u"Drop it again."_s);
+        return BrokenOff(desk, slot, result, drag.key);
 
     slot.text.SetText(SlotText(desk.state));
     PhotoSent photo = PhotoSent::Yes;

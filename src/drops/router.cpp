@@ -17,6 +17,13 @@ namespace vasclip::drops {
 
 using namespace Qt::Literals::StringLiterals;
 
+/// Does the row bring a slot of the report into the Databook?
+static bool Saves(const DropRule& rule)
+{
+    return rule.action == DropAction::SaveData || rule.action == DropAction::SavePhoto ||
+           rule.action == DropAction::SaveBoth;
+}
+
 Router::Router(DropDesk desk)
     : m_desk(std::move(desk))
 {}
@@ -38,9 +45,7 @@ bool Router::Accepts(const QString& source, const forms::Control& target) const
     const DropRule* rule = RuleFor(source, target.Name());
     if (!rule || !target.Enabled())
         return false;
-    const bool saves = rule->action == DropAction::SaveData || rule->action == DropAction::SavePhoto ||
-                       rule->action == DropAction::SaveBoth;
-    if (saves && !m_desk.routines.save)
+    if (Saves(*rule) && !m_desk.routines.save)
         return false;
     if (rule->action == DropAction::FileInRecord && m_desk.grddatabook.RowCount() == 0)
         return false;
@@ -165,6 +170,14 @@ QString Router::Refusal(const Drag& drag) const
     return photos::WhyAnother(m_desk.link.disk, drag.picture);
 }
 
+/// What the gauge says of a drop.
+static QString AtWork(const DropRule& rule, const Drag& drag)
+{
+    if (Saves(rule))
+        return link::messages::kSavingSlot;
+    return drag.key.isEmpty() ? link::messages::kSendingSlots : link::messages::kSending.arg(drag.key);
+}
+
 /// In this order; what fails ends the drop.
 std::optional<Outcome> Router::Guards(const Drag& drag, const DropRule& rule, forms::Control& target)
 {
@@ -199,14 +212,13 @@ Outcome Router::Drop(const Drag& drag, forms::Control& target)
         return {};
     // A turn of the queue can bring a drop into the middle of other work on the same slots and records.
     if (m_busy)
-        return {false, u"The drop before this one is still on its way. Drop it again in a moment."_s,
+        return {false, u"What was sent or dropped before is still on its way. Try again in a moment."_s,
                 forms::Colour::Red, {}};
     if (m_desk.link.state.refreshing)
-        return {false, u"The report is being read. Drop it again in a moment."_s, forms::Colour::Red, {}};
+        return {false, u"The report is being read. Try again in a moment."_s, forms::Colour::Red, {}};
     const QScopedValueRollback<bool> busy(m_busy, true);
     m_desk.link.state.notSent.clear();
-    const link::Talking talking(m_desk.link, drag.key.isEmpty() ? link::messages::kSendingSlots
-                                                                : link::messages::kSending.arg(drag.key));
+    const link::Talking talking(m_desk.link, AtWork(*rule, drag));
     for (const bool asked : {false, true}) {
         if (const QString why = Refusal(drag); !why.isEmpty())
             return {false, why, forms::Colour::Red, {}};

@@ -36,8 +36,11 @@ QString FrontFile(const link::LinkDesk& desk)
 
 } // namespace
 
-Outcome SendRecordView(DropDesk& drops, const QString& key, const DropRule& rule, int index,
-                       const QString& view)
+namespace {
+
+/// @param caption  of a general slot whose view was asked
+Outcome Send(DropDesk& drops, const QString& key, const DropRule& rule, int index, const QString& view,
+             GeneralCaption* caption)
 {
     link::LinkDesk& desk = drops.link;
     if (!TakeRecord(desk, key))
@@ -51,7 +54,7 @@ Outcome SendRecordView(DropDesk& drops, const QString& key, const DropRule& rule
     const bool kept = sent == PhotoSent::Failed || sent == PhotoSent::Kept;
     GeneralTold told;
     if (general && !kept)
-        told = TellGeneral(drops, index);
+        told = TellGeneral(drops, index, caption);
     // What the report did not take is not its slot's record; a slot that shows another report by now stays.
     const bool stands = slot.text.Text() == SlotText(desk.state);
     if (stands && (kept || told.Failed()))
@@ -72,20 +75,31 @@ Outcome SendRecordView(DropDesk& drops, const QString& key, const DropRule& rule
     return outcome;
 }
 
+} // namespace
+
+Outcome SendRecordView(DropDesk& drops, const QString& key, const DropRule& rule, int index,
+                       const QString& view)
+{
+    return Send(drops, key, rule, index, view, nullptr);
+}
+
 Outcome SendAskedView(DropDesk& drops, const QString& key, const DropRule& rule, int index)
 {
     if (!TakeRecord(drops.link, key))
         return Gone(key);
+    GeneralCaption caption(drops, index);
     const QString view = AskView(drops, u"CBOGENERAL"_s, index, FrontFile(drops.link), text::Trim(key));
     if (view.isEmpty())
         return {};
-    return SendRecordView(drops, key, rule, index, view);
+    return Send(drops, key, rule, index, view, &caption);
 }
 
 Outcome SendShown(DropDesk& drops, const Drag& drag, const DropRule& rule, int index)
 {
-    const bool asks = rule.action == DropAction::SendShownAsked;
-    if (asks && AskView(drops, u"CBOGENERAL"_s, index, drag.picture.path, drag.key).isEmpty())
+    std::optional<GeneralCaption> caption;
+    if (rule.action == DropAction::SendShownAsked)
+        caption.emplace(drops, index);
+    if (caption && AskView(drops, u"CBOGENERAL"_s, index, drag.picture.path, drag.key).isEmpty())
         return {};
     link::LinkDesk& desk = drops.link;
     if (!TakeRecord(desk, drag.key))
@@ -94,7 +108,7 @@ Outcome SendShown(DropDesk& drops, const Drag& drag, const DropRule& rule, int i
         return {false,
                 u"The %1 of %2 is no longer the picture that you dragged. Nothing was sent."_s.arg(drag.view, drag.key),
                 forms::Colour::Red, {}};
-    return SendRecordView(drops, drag.key, rule, index, drag.view);
+    return Send(drops, drag.key, rule, index, drag.view, caption ? &*caption : nullptr);
 }
 
 Outcome ReplaceSubjectPhotos(DropDesk& drops, const QString& key)

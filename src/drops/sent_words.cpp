@@ -6,8 +6,7 @@ namespace vasclip::drops {
 
 using namespace Qt::Literals::StringLiterals;
 
-Outcome BrokenOff(link::LinkDesk& desk, const Slot& slot, link::DropOutcome result, const QString& key,
-                  const QString& again)
+Outcome BrokenOff(link::LinkDesk& desk, const Slot& slot, link::DropOutcome result, const QString& key)
 {
     using enum link::DropOutcome;
     const auto told = [](const QString& message) { return Outcome{false, message, forms::Colour::Red, {}}; };
@@ -16,6 +15,7 @@ Outcome BrokenOff(link::LinkDesk& desk, const Slot& slot, link::DropOutcome resu
         slot.refreshIcons(desk);
     }
     const QString shown = text::Trim(slot.text.Text());
+    const QString again = u"Send it again."_s; // dropped, or by a menu or a key
     switch (result) {
     case Incomplete:
         if (desk.state.addressSent)
@@ -49,7 +49,8 @@ Outcome InReport(const link::LinkDesk& desk, const QString& shown, PhotoSent pho
         return {true, message + (left.isEmpty() ? u", its photo is not."_s : u". Its photo is not there."_s),
                 forms::Colour::Red, {}};
     message += photo == PhotoSent::None ? u". It has no front view."_s : u"."_s;
-    return {true, message, left.isEmpty() ? forms::Colour::Green : forms::Colour::Blue, {}};
+    const bool all = left.isEmpty() && photo != PhotoSent::None;
+    return {true, message, all ? forms::Colour::Green : forms::Colour::Blue, {}};
 }
 
 } // namespace vasclip::drops

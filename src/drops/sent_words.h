@@ -9,9 +9,8 @@ namespace vasclip::drops {
 // What is said, and shown in the slot, after a record was sent to a comp.
 
 /// A send that was not completed. The slot takes the record's address only if the report has taken it.
-/// @param again  what the user can do about it, for a send that broke off
-[[nodiscard]] Outcome BrokenOff(link::LinkDesk& desk, const Slot& slot, link::DropOutcome result, const QString& key,
-                                const QString& again);
+[[nodiscard]] Outcome BrokenOff(link::LinkDesk& desk, const Slot& slot, link::DropOutcome result,
+                                const QString& key);
 
 /// A complete one, with what the comp's column still tells of the comp before it.
 /// @param photoTold  what TellUnsent says of the photo

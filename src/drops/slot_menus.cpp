@@ -4,9 +4,11 @@
 #include "drops/sent_words.h"
 #include "drops/view_rule.h"
 #include "link/drop_comp.h"
+#include "link/messages.h"
 #include "link/report_check.h"
 #include "link/slot_icons.h"
 #include "link/slot_photos.h"
+#include "link/talk.h"
 #include "photos/view_name.h"
 #include "platform/text/text.h"
 
@@ -49,34 +51,51 @@ QString KeyOfSlot(DropDesk& desk, QLatin1StringView group, int index)
     return text::Folded(SlotOf(desk.link, group, index).text.Text());
 }
 
-/// Runs a step for the slots that are on view and have a text; the last word is told.
+/// Runs a step for the slots that are on view and have a text, and tells of all of them. What breaks one off for the
+/// user's sake, or for another report, ends it: the slots after it may be another report's by now.
 template <class Step>
 Outcome ForShown(DropDesk& desk, QLatin1StringView group, int index, Step&& step)
 {
-    Outcome all;
+    QStringList filled, words;
+    QList<int> left;
+    for (int i = FirstShown(index); i < FirstShown(index) + kShownTogether; ++i)
+        if (!KeyOfSlot(desk, group, i).isEmpty())
+            left.append(i);
+    if (left.isEmpty())
+        return {false, u"The slots on view name no records."_s, forms::Colour::Normal, {}};
+    QStringList names; // now: another report may be on the tabs when they are told
+    for (const int i : std::as_const(left))
+        names.append(group == "SUBJECT"_L1 ? link::SubjectView(i) : KeyOfSlot(desk, group, i));
+    forms::Colour colour = forms::Colour::Green;
     int done = 0;
-    const int first = FirstShown(index);
+    bool ended = false;
     desk.link.state.notSent.clear();
-    for (int i = first; i <= first + 2; ++i) {
-        if (KeyOfSlot(desk, group, i).isEmpty())
-            continue;
-        const Outcome one = step(i);
-        if (!desk.link.state.notSent.isEmpty()) // the slots after it may be another report's by now
-            return {done > 0,
-                    done == 0 ? desk.link.state.notSent
-                              : u"%1 of the slots on view are filled from the Databook, the others are not."_s.arg(done),
-                    forms::Colour::Red,
-                    {}};
-        if (one.done)
-            ++done;
-        if ((!one.done || one.colour == forms::Colour::Red) && !one.message.isEmpty())
-            all = one;
+    while (!left.isEmpty() && !ended) {
+        const Outcome one = step(left.first());
+        ended = !desk.link.state.notSent.isEmpty() || link::Cancelled(desk.link);
+        if (ended && one.message == link::messages::kCancelledBefore)
+            break; // nothing of this one went out either
+        left.removeFirst();
+        const QString name = names.takeFirst();
+        done += one.done ? 1 : 0;
+        if (one.colour == forms::Colour::Green)
+            filled.append(name);
+        else if (!one.message.isEmpty())
+            words.append(one.message);
+        if (colour != forms::Colour::Red)
+            colour = one.colour;
     }
-    if (all.message.isEmpty())
-        all.message = done == 0 ? u"The slots on view name no records."_s
-                                : u"%1 of the slots on view are filled from the Databook."_s.arg(done);
-    all.done = done > 0;
-    return all;
+    if (words.isEmpty() && left.isEmpty())
+        words.append(u"%1 of the slots on view are filled from the Databook."_s.arg(done));
+    else if (!filled.isEmpty())
+        words.prepend(u"Filled from the Databook: %1."_s.arg(filled.join(u"; "_s)));
+    const bool none = done == 0 && !link::Cancelled(desk.link); // nothing was sent, which has been said
+    if (!left.isEmpty() && !none) {
+        words.append((link::Cancelled(desk.link) ? u"Cancelled. Not filled: %1."_s : u"Not filled: %1."_s)
+                         .arg(names.join(u"; "_s)));
+        colour = forms::Colour::Red;
+    }
+    return {done > 0, words.join(u' '), colour, {}};
 }
 
 /// @return what ends it, if the report that the tabs show is not the active one
@@ -90,7 +109,7 @@ std::optional<Outcome> OtherReport(DropDesk& desk)
 /// A failure that a box has told of leaves no word behind; here it is the answer to a menu or a click.
 Outcome NotObtained(link::LinkDesk& desk, const Slot& slot, link::DropOutcome result, const QString& key)
 {
-    const Outcome outcome = BrokenOff(desk, slot, result, key, u"Send it again."_s);
+    const Outcome outcome = BrokenOff(desk, slot, result, key);
     return outcome.message.isEmpty()
                ? Outcome{false, u"%1 did not reach the report."_s.arg(key), forms::Colour::Red, {}}
                : outcome;
@@ -149,7 +168,8 @@ Outcome ObtainGeneral(DropDesk& desk, int index)
     link::LinkDesk& link = desk.link;
     if (const std::optional<Outcome> ended = OtherReport(desk))
         return *ended;
-    const QString view = photos::CleanView(text::Folded(link.report.cboGeneral(index).Text()));
+    const QString typed = text::Folded(link.report.cboGeneral(index).Text());
+    const QString view = photos::CleanView(typed);
     const QString key = text::Folded(link.report.txtSubject.Text());
     if (view.isEmpty() || !TakeRecord(link, key) || link.lists.lstViews.IndexOf(view) < 0) {
         link.ports.prompter.Box(u"Photo not present"_s, u"General Photo is not present in database"_s);
@@ -179,7 +199,10 @@ Outcome ObtainGeneral(DropDesk& desk, int index)
     slot.refreshIcons(link);
     if (unsent)
         return *unsent;
-    return {true, u"The %1 of %2 is in the report now"_s.arg(view, key) + told.Words(),
+    const QString cleaned = photos::CleanedView(typed); // the record has it so; the report keeps what is typed
+    return {true,
+            u"The %1 of %2 is in the report now"_s.arg(view, key) + told.Words() +
+                (cleaned.isEmpty() ? QString() : u' ' + cleaned),
             told.Failed() ? forms::Colour::Red : forms::Colour::Green, {}};
 }
 
@@ -209,11 +232,7 @@ Outcome ObtainData(DropDesk& desk, QLatin1StringView group, int index, WithPhoto
         link.loader.ErrLoadPict(*slot.data, link.globals.G_ProgramDir + u"Addendum_Added.bmp"_s);
     slot.refreshIcons(link);
     link.ports.window.AppActivate();
-    if (photoSent == PhotoSent::Kept || photoSent == PhotoSent::Cleared)
-        return {true, u"%1 is in the report now. "_s.arg(key) + photoTold, forms::Colour::Red, {}};
-    if (photoSent == PhotoSent::Failed)
-        return {false, u"%1 is in the report now, its photo is not."_s.arg(key), forms::Colour::Red, {}};
-    return {true, u"%1 is in the report now."_s.arg(key), forms::Colour::Green, {}};
+    return InReport(link, slot.text.Text(), photoSent, photoTold);
 }
 
 Outcome ObtainShownData(DropDesk& desk, QLatin1StringView group, int index, WithPhoto photo)
@@ -241,7 +260,7 @@ Outcome ClickDataBox(DropDesk& desk, QLatin1StringView group, int index)
         return NotObtained(link, slot, sent, key);
     link.loader.ErrLoadPict(*slot.data, link.globals.G_ProgramDir + row.full);
     slot.text.SetText(SlotText(link.state));
-    return {true, u"%1 is in the report now."_s.arg(key), forms::Colour::Green, {}};
+    return InReport(link, slot.text.Text(), PhotoSent::Yes, {});
 }
 
 Outcome SavePhotoOfSlot(DropDesk& desk, QLatin1StringView group, int index)

@@ -35,10 +35,12 @@ Outcome SavePhotoOfSlot(DropDesk& desk, QLatin1StringView group, int index);
 /// The slot's data go there, by its menu.
 Outcome SaveDataOfSlot(DropDesk& desk, QLatin1StringView group, int index);
 
-/// First of the three slots that are on view together with this one.
+inline constexpr int kShownTogether = 3;
+
+/// First of the slots that are on view together with this one.
 [[nodiscard]] constexpr int FirstShown(int index)
 {
-    return (index - 1) / 3 * 3 + 1;
+    return (index - 1) / kShownTogether * kShownTogether + 1;
 }
 
 } // namespace vasclip::drops

@@ -18,6 +18,23 @@ QString ProposedView(const QString& source, int index, const QString& text)
     return name == "GEAMAPPHOTO"_L1 ? u"GENERAL VIEW"_s : u"FRONT VIEW"_s;
 }
 
+GeneralCaption::GeneralCaption(DropDesk& desk, int index)
+    : m_desk(desk)
+    , m_index(index)
+    , m_before(desk.link.report.cboGeneral(index).Text())
+    , m_report(desk.link.addr.txtKelReport.Text())
+{}
+
+GeneralCaption::~GeneralCaption()
+{
+    const QString now = m_desk.link.report.cboGeneral(m_index).Text();
+    const bool filled = m_desk.link.addr.txtKelReport.Text() != m_report && now != m_desk.photos.CurrentView;
+    if (m_taken || filled)
+        return;
+    const QScopedValueRollback<bool> quiet(m_desk.link.state.generalReentry, true);
+    m_desk.link.report.cboGeneral(m_index).SetText(m_before);
+}
+
 QString AskView(DropDesk& desk, const QString& source, int index, const QString& picture, const QString& whose)
 {
     link::LinkDesk& link = desk.link;
@@ -47,12 +64,14 @@ QString GeneralTold::Words() const
     return addressFailed ? u"; its address is not."_s : u"."_s;
 }
 
-GeneralTold TellGeneral(DropDesk& desk, int index)
+GeneralTold TellGeneral(DropDesk& desk, int index, GeneralCaption* caption)
 {
     using link::GeneralPoke;
     const link::ReportControls& report = desk.link.report;
     if (link::KelPokeGeneralData(desk.link, index, report.cboGeneral(index).Text()) == GeneralPoke::Failed)
         return {true, true};
+    if (caption)
+        caption->Taken();
     const GeneralPoke address =
         link::KelPokeGeneralAddr(desk.link, index, report.txtgeneraladdr(index).Text());
     return {false, address == GeneralPoke::Failed};

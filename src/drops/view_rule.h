@@ -7,6 +7,24 @@ namespace vasclip::drops {
 /// The view that is proposed for a picture of this source. @param text  of the source where it has one
 [[nodiscard]] QString ProposedView(const QString& source, int index, const QString& text);
 
+/// The view that AskView writes beside a general slot. The report has taken none of it yet: unless it does, what stood
+/// there comes back at the end of the scope, but not into a box that another report has filled by then.
+class GeneralCaption
+{
+public:
+    GeneralCaption(DropDesk& desk, int index);
+    ~GeneralCaption();
+    GeneralCaption(const GeneralCaption&) = delete;
+    GeneralCaption& operator=(const GeneralCaption&) = delete;
+    void Taken() { m_taken = true; }
+
+private:
+    DropDesk& m_desk;
+    int m_index;
+    QString m_before, m_report;
+    bool m_taken = false;
+};
+
 /// Asks which view a picture is, with the proposal of its source; the answer stands in CurrentView.
 /// @param source   GEATHUMB, FILCAPTURE, CBOGENERAL, TXTVIEW, ...; of the last two the control takes the answer
 /// @param picture  path, may be empty
@@ -25,6 +43,7 @@ struct GeneralTold
 };
 
 /// The view and the address of a general slot go to the report.
-GeneralTold TellGeneral(DropDesk& desk, int index);
+/// @param caption  of a view that was asked; none for one that is typed there
+GeneralTold TellGeneral(DropDesk& desk, int index, GeneralCaption* caption = nullptr);
 
 } // namespace vasclip::drops

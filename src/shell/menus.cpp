@@ -1,6 +1,7 @@
 #include "shell/menus.h"
 
 #include "drops/slot_menus.h"
+#include "link/messages.h"
 #include "shell/city_screens.h"
 #include "shell/frm_main.h"
 #include "shell/help.h"
@@ -205,7 +206,7 @@ constexpr Row kTextData[] = {
      [](frm_Main& m) { m.popUps.OnSlot("popTextData_M", ObtainShown<drops::WithPhoto::No>); }},
     {2, kSeparator},
     {3, "Save Selected Data to Database"_L1,
-     [](frm_Main& m) { m.popUps.OnSlot("popTextData_M", drops::SaveDataOfSlot); }},
+     [](frm_Main& m) { m.popUps.OnSlot("popTextData_M", drops::SaveDataOfSlot, link::messages::kSavingSlot); }},
     {4, kSeparator},
     {.index = kSwapEntry, .caption = "Swap in the Appraisal with"_L1, .sub = kSwapEntries},
 };

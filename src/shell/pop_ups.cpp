@@ -138,10 +138,10 @@ QString PopUps::WhyOtherSlotPhoto() const
                : u"The slot shows another photo now than when its menu opened. Nothing was done."_s;
 }
 
-void PopUps::OnSlot(const char* menu, const SlotWork& work)
+void PopUps::OnSlot(const char* menu, const SlotWork& work, const QString& atWork)
 {
     const common::RoutineScope scope{menu};
-    const link::Talking talking(m_program.Link(), link::messages::kSendingSlots);
+    const link::Talking talking(m_program.Link(), atWork.isEmpty() ? link::messages::kSendingSlots : atWork);
     drops::DropDesk desk = m_program.Drops();
     m_drags.Told(work(desk, drops::GroupOf(m_point.control), m_point.index));
 }

@@ -27,7 +27,8 @@ public:
     /// What is done to a slot: its group and its index.
     using SlotWork = std::function<drops::Outcome(drops::DropDesk& desk, QLatin1StringView group, int index)>;
     /// A choice about the slot over which the menu opened.
-    void OnSlot(const char* menu, const SlotWork& work);
+    /// @param atWork  what the gauge says of it; sending where nothing else is said
+    void OnSlot(const char* menu, const SlotWork& work, const QString& atWork = {});
     /// The same about its photo. With another photo there by now nothing is done, which is told.
     void OnPhoto(const char* menu, const SlotWork& work);
     /// The sales comp over which the menu opened and another one change places.

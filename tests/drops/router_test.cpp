@@ -225,7 +225,7 @@ TEST_F(BrokenSend, BehindTheAddressNamesTheNewComp)
     FailPoke(3, error::kLinkBusy);
     const Outcome outcome = DropOn(report.txtComp(2));
     EXPECT_FALSE(outcome.done);
-    EXPECT_EQ(outcome.message, u"Only a part of 12 OAK ST reached the report. Drop it again."_s);
+    EXPECT_EQ(outcome.message, u"Only a part of 12 OAK ST reached the report. Send it again."_s);
     EXPECT_EQ(report.txtComp(2).Text(), u"12 Oak St"_s);
     EXPECT_TRUE(slots.imaCompIcon(2).Visible());
     EXPECT_EQ(doubles.prompter.Boxes().size(), 2U);
@@ -241,7 +241,7 @@ TEST_F(BrokenSend, BeforeTheAddressKeepsTheOldCompsName)
     doubles.prompter.Answer(forms::Answer::Yes);
     FailPoke(3, error::kLinkBusy);
     EXPECT_EQ(DropOn(report.txtComp(2)).message,
-              u"Only a part of 12 OAK ST reached the report; the address there is still 99 Other St. Drop it again."_s);
+              u"Only a part of 12 OAK ST reached the report; the address there is still 99 Other St. Send it again."_s);
     EXPECT_EQ(report.txtComp(2).Text(), u"99 Other St"_s);
 }
 
@@ -403,7 +403,7 @@ TEST_F(RouterTest, ADropInTheMiddleOfARefreshIsPutOff)
     ASSERT_FALSE(within.isEmpty());
     for (const Outcome& outcome : within) {
         EXPECT_FALSE(outcome.done);
-        EXPECT_EQ(outcome.message, u"The report is being read. Drop it again in a moment."_s);
+        EXPECT_EQ(outcome.message, u"The report is being read. Try again in a moment."_s);
     }
     EXPECT_TRUE(conduit.pokes.isEmpty());
     doubles.pump.onTurn = nullptr;
@@ -422,7 +422,7 @@ TEST_F(RouterTest, ADropInTheMiddleOfADropIsPutOff)
     };
     const Outcome outer = DropOn(report.txtComp(2));
     EXPECT_FALSE(inner.done);
-    EXPECT_EQ(inner.message, u"The drop before this one is still on its way. Drop it again in a moment."_s);
+    EXPECT_EQ(inner.message, u"What was sent or dropped before is still on its way. Try again in a moment."_s);
     EXPECT_TRUE(outer.done);
     EXPECT_EQ(report.txtComp(2).Text(), u"12 Oak St"_s);
     EXPECT_EQ(report.txtComp(3).Text(), QString());

@@ -1,5 +1,6 @@
 #include "drops/slot_menus.h"
 
+#include "link/talk.h"
 #include "router_home.h"
 
 namespace vasclip::drops {
@@ -59,9 +60,9 @@ TEST_F(SlotMenusTest, ASlotWhosePhotoIsGoneFromTheDiskAsksAndSaysWhatItDid)
         {[this] { return ObtainPhoto(drops, "SALE"_L1, 2); }, {}},
         {[this] { return ObtainShownPhotos(drops, "SALE"_L1, 2); }, {}},
         {[this] { return ObtainGeneral(drops, 1); }, {}},
-        {[this] { return ObtainData(drops, "SALE"_L1, 2, WithPhoto::Yes); }, u"12 OAK ST is in the report now. "_s},
+        {[this] { return ObtainData(drops, "SALE"_L1, 2, WithPhoto::Yes); }, u"12 Oak St is in the report now. "_s},
         {[this] { return ObtainShownData(drops, "SALE"_L1, 2, WithPhoto::Yes); },
-         u"12 OAK ST is in the report now. "_s}};
+         u"12 Oak St is in the report now. "_s}};
     for (const auto& [road, first] : roads) {
         conduit.commands.clear();
         doubles.prompter.Answer(forms::Answer::No);
@@ -86,7 +87,7 @@ TEST_F(SlotMenusTest, TheSubjectObtainsTheViewOfTheIndexOrAllThree)
     const Outcome all = ObtainShownPhotos(drops, "SUBJECT"_L1, 2);
     EXPECT_TRUE(all.done);
     EXPECT_EQ(Shows(slots.imaSubject(1)), u"C:\\JPG\\OAK.jpg"_s);
-    EXPECT_EQ(all.message, u"12 OAK ST has no STREET SCENE."_s);
+    EXPECT_EQ(all.message, u"Filled from the Databook: FRONT VIEW; REAR VIEW. 12 OAK ST has no STREET SCENE."_s);
 }
 
 TEST_F(SlotMenusTest, TheThreeSlotsOnViewAreFilledAndNoOthers)
@@ -131,6 +132,10 @@ TEST_F(SlotMenusTest, AGeneralSlotObtainsTheViewThatIsTypedBesideIt)
     EXPECT_TRUE(ObtainGeneral(drops, 3).done);
     EXPECT_EQ(Shows(slots.imaGeneral(3)), u"C:\\JPG\\OAKR.jpg"_s);
     EXPECT_EQ(report.txtgeneraladdr(3).Text(), u"12 Oak St"_s);
+    loader.geaClearImage(slots.imaGeneral(3));
+    report.cboGeneral(3).SetText(u"rear|view"_s); // the report keeps it so, the record does not
+    EXPECT_EQ(ObtainGeneral(drops, 3).message, u"The REAR VIEW of 12 OAK ST is in the report now. A view's name can't hold "
+                                               u"\"|\" or a line break; it is \"REAR VIEW\" now."_s);
 }
 
 TEST_F(SlotMenusTest, DataAreObtainedWithThePhotoOrWithout)
@@ -148,6 +153,78 @@ TEST_F(SlotMenusTest, DataAreObtainedWithThePhotoOrWithout)
     conduit.pokes.clear();
     EXPECT_TRUE(ObtainShownData(drops, "ALT"_L1, 1, WithPhoto::No).done);
     EXPECT_EQ(Poked(), (QStringList{u"ALTPAGE|12|5=1850"_s, u"ALTPAGE|12|7=990"_s}));
+}
+
+TEST_F(SlotMenusTest, DataSayWhatTheRecordLacksAndWhatIsLeftOfTheCompBefore)
+{
+    Map({u"UA5"_s, u"SALEPAGE"_s, u"PROXIMITY"_s, u"30"_s, u"3"_s, u"SALE"_s, u"1"_s, u"2"_s});
+    conduit.Answer(u"KEL|SMITH"_s, u"SALEPAGE|30|5"_s, u"0.4 Mi. E"_s);
+    report.txtComp(2).SetText(u"14 Elm St"_s);
+    report.txtComp(3).SetText(u"12 Oak St"_s);
+    const Outcome one = ObtainData(drops, "SALE"_L1, 2, WithPhoto::Yes);
+    EXPECT_EQ(one.message, u"14 Elm St is in the report now. It has no front view."_s);
+    EXPECT_EQ(one.colour, forms::Colour::Blue);
+    EXPECT_EQ(ObtainShownData(drops, "SALE"_L1, 1, WithPhoto::Yes).message,
+              u"Filled from the Databook: 12 OAK ST. 14 Elm St is in the report now. It has no front view."_s);
+}
+
+/// Cancel is pressed at a step of the second of three slots.
+class CancelledSlots : public SlotMenusTest
+{
+protected:
+    link::Talk talk;
+    void SetUp() override
+    {
+        SlotMenusTest::SetUp();
+        Map({u"UA5"_s, u"SALEPAGE"_s, u"ADDRESS"_s, u"11"_s, u"3"_s, u"SALE"_s, u"1"_s, u"2"_s});
+        talk.Attach(status, desk.ports);
+        desk.talk = &talk;
+        report.txtComp(1).SetText(u"12 Oak St"_s);
+        report.txtComp(2).SetText(u"14 Elm St"_s);
+        report.txtComp(3).SetText(u"12 Oak St"_s);
+    }
+    void TearDown() override { desk.talk = nullptr; }
+    /// The line of the test has no patience of its own: the wish is heard before each exchange.
+    QString CancelAt(int which, const QString& step, const std::function<Outcome()>& road)
+    {
+        int seen = 0;
+        conduit.before = [&](const QString& entry) {
+            if (entry.startsWith(step) && ++seen == which)
+                talk.Cancel();
+            if (entry == "request"_L1 || entry == "poke"_L1 || entry.startsWith("execute"_L1))
+                talk.BeforeExchange();
+        };
+        const link::Talking talking(desk, u"Sending"_s);
+        const QString told = road().message;
+        conduit.before = {};
+        return told;
+    }
+};
+
+TEST_F(CancelledSlots, AreAllNamedByWhatBecameOfThem)
+{
+    const auto data = [this] { return ObtainShownData(drops, "SALE"_L1, 1, WithPhoto::No); };
+    EXPECT_EQ(CancelAt(4, u"poke"_s, data), u"Filled from the Databook: 12 OAK ST. Cancelled: fields of 14 ELM ST sent so "
+                                            u"far: 1 of 2. They stay in the report. Send it again to send them all. "
+                                            u"Cancelled. Not filled: 12 OAK ST."_s);
+    EXPECT_EQ(CancelAt(3, u"poke"_s, data), u"Filled from the Databook: 12 OAK ST. Cancelled: nothing of 14 ELM ST was sent. "
+                                            u"Cancelled. Not filled: 12 OAK ST."_s);
+    EXPECT_EQ(CancelAt(1, u"poke"_s, data), u"Cancelled: nothing of 12 OAK ST was sent. Cancelled. Not filled: 14 ELM ST; 12 OAK ST."_s);
+    // Between two slots: before the second is begun.
+    QString first;
+    conduit.Answer(u"KEL|SMITH"_s, u"ListForms"_s, u"UA5,SUBPHOTO,"_s);
+    EXPECT_EQ(CancelAt(1, u"item ActiveReports"_s, data), u"Cancelled. Not filled: 12 OAK ST; 14 ELM ST; 12 OAK ST."_s);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(CancelledSlots, SoAreTheirPhotos)
+{
+    loader.ErrLoadThumb(slots.imaComp(2), u"C:\\JPG\\ELM.jpg"_s); // which has no front view: the slot is cleared
+    EXPECT_EQ(CancelAt(2, u"execute [RunMacro( SetImage"_s,
+                       [this] { return ObtainShownPhotos(drops, "SALE"_L1, 1); }),
+              u"Filled from the Databook: 12 OAK ST. The photo of 14 ELM ST did not reach the report. Cancelled. Not "
+              u"filled: 12 OAK ST."_s);
+    EXPECT_EQ(Shows(slots.imaComp(2)), u"C:\\JPG\\ELM.jpg"_s);
 }
 
 TEST_F(SlotMenusTest, WithNoReportOpenNothingIsObtained)
