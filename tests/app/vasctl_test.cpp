@@ -1,5 +1,6 @@
 // vasctl as a person or a script runs it: whole processes on a demo home, the forms program beside it.
 
+#include "platform/conduit/link_server.h"
 #include "support/processes.h"
 
 #include <gtest/gtest.h>
@@ -9,6 +10,7 @@
 #include <sqlite3.h>
 
 using namespace Qt::Literals::StringLiterals;
+using namespace vasclip;
 using namespace vasclip::tests;
 
 namespace {
@@ -514,6 +516,73 @@ TEST_F(Vasctl, TwoCompsOfTheReportChangePlacesWithTheirPictures)
     for (const QStringList& wrong : {QStringList{u"1"_s}, {u"1"_s, u"1"_s}, {u"0"_s, u"1"_s}, {u"1"_s, u"10"_s},
                                      {u"1"_s, u"x"_s}, {u"1"_s, u"2"_s, u"3"_s}})
         EXPECT_EQ(home.Vasctl(QStringList{u"swap"_s} + wrong).code, kUsage) << wrong.join(u' ').toStdString();
+}
+
+/// A forms program whose other report comes to the front once the tabs have been read.
+class TwoReports final : public conduit::LinkHandler
+{
+public:
+    QStringList commands;
+    int asked = 0, front = 1000;
+    QString Request(const QString&, const QString& item) override
+    {
+        if (item == u"ActiveReports"_s)
+            return ++asked < front ? u"OAKST114.RPT,FERRY22.RPT,"_s : u"FERRY22.RPT,OAKST114.RPT,"_s;
+        return item == u"ListForms"_s ? u"UA5,COMP46,SUBPHOTO,COMPPH1,"_s : QString();
+    }
+    void Poke(const QString&, const QString&, const QString&) override {}
+    void Execute(const QString&, const QString& command) override { commands.append(command); }
+};
+
+TEST_F(Vasctl, ASwapThatIsDeclinedForAnotherReportEndsWithItsCode)
+{
+    const QString path = home.Path() + u"/two.sock"_s;
+    TwoReports reports;
+    conduit::ServerOptions options;
+    options.socketPath = path;
+    conduit::LinkServer server(reports, options);
+    server.Listen();
+    const auto run = [&](const QStringList& arguments) {
+        QProcess vasctl;
+        vasctl.setProcessEnvironment(home.environment);
+        vasctl.start(ProgramHome::Program(u"vasctl"_s),
+                     QStringList{u"--home"_s, home.Path(), u"--socket"_s, path} + arguments);
+        vasctl.closeWriteChannel();
+        WaitFor(
+            [&] {
+                QCoreApplication::processEvents();
+                return vasctl.state() == QProcess::NotRunning;
+            },
+            20000);
+        return std::pair(vasctl.exitCode(), vasctl.readAllStandardError());
+    };
+    ASSERT_EQ(run({u"refresh"_s}).first, kDone);
+    const int read = reports.asked;
+    reports.asked = 0;
+    ASSERT_EQ(run({u"--no"_s, u"swap"_s, u"1"_s, u"2"_s}).first, kDone);
+    ASSERT_EQ(reports.commands.filter(u"SWAPCOMPS"_s).size(), 1);
+    reports.asked = 0;
+    reports.front = read + 1; // the swap's own look
+    const auto declined = run({u"--no"_s, u"swap"_s, u"1"_s, u"2"_s});
+    EXPECT_EQ(declined.first, kDeclined) << declined.second.toStdString();
+    EXPECT_TRUE(declined.second.contains("Nothing was sent: FERRY22.RPT is active")) << declined.second.toStdString();
+    EXPECT_EQ(reports.commands.filter(u"SWAPCOMPS"_s).size(), 1);
+}
+
+TEST_F(Vasctl, AReportThatCannotBeReadRightEndsInNoZero)
+{
+    ASSERT_TRUE(home.StartForms());
+    for (const QString& item : {QString(), u" "_s, u"|3|1"_s})
+        EXPECT_EQ(home.Vasctl({u"report"_s, u"cells"_s, item}).code, kUsage) << item.toStdString();
+    for (const QString& item : {u"12 OAK ST"_s, u"NOPAGE|1|2"_s, u"UA5|1"_s})
+        EXPECT_EQ(home.Vasctl({u"report"_s, u"cells"_s, item}).code, kFailed) << item.toStdString();
+    ASSERT_TRUE(QFile::remove(home.Native(u"APPRAISE/KEL.INI"_s)));
+    for (const QStringList& line : {QStringList{u"refresh"_s}, {u"report"_s, u"status"_s}, {u"report"_s, u"pages"_s},
+                                    {u"report"_s, u"images"_s}, {u"report"_s, u"cells"_s}}) {
+        const auto ended = home.Vasctl(line);
+        EXPECT_EQ(ended.code, kFailed) << line.join(u' ').toStdString();
+        EXPECT_TRUE(ended.err.contains("The report's pages are not known without KEL.INI")) << ended.err.toStdString();
+    }
 }
 
 TEST_F(Vasctl, ADropSendsTheCityAndNeverTheNeighborhoodAndNamesTheOldProximity)

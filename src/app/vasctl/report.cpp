@@ -28,6 +28,17 @@ int Status(Session& session, const Output& out)
     return kDone;
 }
 
+/// Without KEL.INI no page of a report is known, and what would be said of it is not what it is.
+bool PagesAreKnown(Session& session, const Output& out)
+{
+    const QString ini = session.Main().globals.kelIni;
+    if (!ini.isEmpty() && session.Disk().FileExists(ini))
+        return true;
+    out.Error(u"The report's pages are not known without KEL.INI%1."_s.arg(ini.isEmpty() ? QString()
+                                                                                     : u", which belongs at "_s + ini));
+    return false;
+}
+
 /// Every page of every tab with its caption and what its slots hold.
 int Pages(Session& session, const Output& out)
 {
@@ -111,8 +122,15 @@ int RunReport(Session& session, const Output& out, const QStringList& arguments)
         out.Error(u"Usage: vasctl report status | pages | images | cells [FORM|ROW|CELL ...]"_s);
         return kUsage;
     }
+    for (const QString& item : arguments.mid(1))
+        if (text::Trim(item).isEmpty() || item.startsWith(u'|')) { // the forms program would not even be asked
+            out.Error(u"\"%1\" is no item: FORM|ROW|CELL is wanted."_s.arg(item));
+            return kUsage;
+        }
     if (!session.ReportIsOpen(out, kNoReport))
         return kNoLink;
+    if (!PagesAreKnown(session, out))
+        return kFailed;
     if (verb == u"status"_s)
         return Status(session, out);
     if (verb == u"pages"_s)
@@ -126,6 +144,8 @@ int RunRefresh(Session& session, const Output& out)
 {
     if (!session.ReportIsOpen(out, kNoReport))
         return kNoLink;
+    if (!PagesAreKnown(session, out))
+        return kFailed;
     auto& program = session.WithReport();
     QList<QStringList> rows;
     for (int i = 1; i <= 9; ++i) {

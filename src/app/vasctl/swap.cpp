@@ -29,7 +29,7 @@ int RunSwap(Session& session, const Output& out, const QStringList& arguments)
     if (!outcome.done || outcome.colour == forms::Colour::Red) {
         if (!outcome.message.isEmpty())
             out.Error(outcome.message);
-        return kFailed;
+        return session.Prompter().Declined() ? kDeclined : kFailed;
     }
     out.Value({{u"comps"_s, QJsonArray{a, b}}, {u"message"_s, outcome.message}}, outcome.message);
     return kDone;
