@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QEventLoop>
 #include <QRegularExpression>
+#include <QTimer>
 
 #include <sqlite3.h>
 
@@ -548,12 +550,10 @@ TEST_F(Vasctl, ASwapThatIsDeclinedForAnotherReportEndsWithItsCode)
         vasctl.start(ProgramHome::Program(u"vasctl"_s),
                      QStringList{u"--home"_s, home.Path(), u"--socket"_s, path} + arguments);
         vasctl.closeWriteChannel();
-        WaitFor(
-            [&] {
-                QCoreApplication::processEvents();
-                return vasctl.state() == QProcess::NotRunning;
-            },
-            20000);
+        QEventLoop loop; // the server answers in it
+        QObject::connect(&vasctl, &QProcess::finished, &loop, &QEventLoop::quit);
+        QTimer::singleShot(4 * kPatienceMs, &loop, &QEventLoop::quit);
+        loop.exec();
         return std::pair(vasctl.exitCode(), vasctl.readAllStandardError());
     };
     ASSERT_EQ(run({u"refresh"_s}).first, kDone);
