@@ -31,7 +31,7 @@ int Status(Session& session, const Output& out)
 /// Without KEL.INI no page of a report is known, and what would be said of it is not what it is.
 bool PagesAreKnown(Session& session, const Output& out)
 {
-    const QString ini = session.Main().globals.kelIni;
+    const QString ini = session.Home().globals.kelIni;
     if (!ini.isEmpty() && session.Disk().FileExists(ini))
         return true;
     out.Error(u"The report's pages are not known without KEL.INI%1."_s.arg(ini.isEmpty() ? QString()
