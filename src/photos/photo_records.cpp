@@ -6,6 +6,7 @@
 #include "photos/format_picture.h"
 #include "photos/photo_files.h"
 #include "photos/photo_messages.h"
+#include "photos/pointed_file.h"
 #include "photos/view_name.h"
 #include "platform/text/text.h"
 #include "store/messages.h"
@@ -177,8 +178,13 @@ bool SavePhotoToViewList(PhotoDesk& desk, forms::ListBox& views, forms::ListBox&
     if (CheckFiling(desk.disk, key, picture, view) != FilingCheck::Fine || !LoadHidden(desk, picture))
         return false;
     const int row = views.IndexOf(view);
+    const PointedFile shown = PointAt(desk.disk, picture);
     if (row >= 0 && !MayOverwrite(desk, stems.List(row), picture, key))
         return false;
+    if (const QString why = WhyAnother(desk.disk, shown); !why.isEmpty()) {
+        desk.notSaved = why.chopped(1); // its full stop comes later
+        return false;
+    }
     const QString stem = StoreUnderNewStem(desk, picture);
     if (stem.isEmpty())
         return false;

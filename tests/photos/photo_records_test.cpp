@@ -137,6 +137,30 @@ TEST_F(PhotoRecords, AViewThatIsPresentAsksAndKeepsTheEarlierFile)
     EXPECT_TRUE(questions.asked.isEmpty());
 }
 
+TEST_F(PhotoRecords, APictureThatIsReplacedWhileTheOverwriteIsAskedIsNotFiled)
+{
+    class Slow : public tests::ScriptedQuestions
+    {
+    public:
+        std::function<void()> meanwhile;
+        forms::Answer Overwrite(const QString&, const QString&, const QString&) override
+        {
+            meanwhile();
+            return forms::Answer::Yes;
+        }
+    } user;
+    user.meanwhile = [this] { picture::SaveJpeg(disk, Sample(80, 60), source, 95); };
+    ASSERT_TRUE(Save(u"FRONT VIEW"_s));
+    photos::PhotoDesk slow{ports, disk, globals, datDatabook, lists, loader, status, user};
+    EXPECT_FALSE(SavePhotoToRecord(slow, kKey, source, u"FRONT VIEW"_s));
+    EXPECT_EQ(PhotosOf(kKey), u"FRONT VIEW|07055475\r\n"_s);
+    EXPECT_EQ(Stored(), QStringList{u"07055475.JPG"_s});
+    EXPECT_FALSE(slow.PictureSaved);
+    EXPECT_TRUE(status.lblmsg.Caption().contains(u"is another picture now than the one you chose"_s))
+        << status.lblmsg.Caption().toStdString();
+    EXPECT_TRUE(Save(u"FRONT VIEW"_s)) << "the next time it is the one that the question shows";
+}
+
 TEST_F(PhotoRecords, ASaveThatFailsLeavesTheRecordAsItWas)
 {
     ASSERT_TRUE(Save(u"FRONT VIEW"_s));
@@ -260,7 +284,7 @@ TEST_F(PhotoRecords, ARecordThatIsDeletedWhileItsPictureIsStoredIsTold)
         ASSERT_FALSE(rows->NoMatch());
         rows->Delete();
     };
-    EXPECT_FALSE(Save(u"FRONT VIEW"_s));
+    EXPECT_FALSE(Save(u"FRONT|VIEW"_s)) << "under whatever name";
     EXPECT_EQ(status.lblmsg.Caption(), u"12 OAK ST is not in the Databook any more"_s);
     EXPECT_EQ(Stored(), QStringList());
     EXPECT_FALSE(desk.PictureSaved);
@@ -287,6 +311,42 @@ TEST_F(PhotoRecords, DeletingNeverLeavesARecordThatNamesAMissingPicture)
     doubles.pump.onTurn = {};
     EXPECT_GT(turns, 0);
     EXPECT_EQ(Stored(), QStringList());
+}
+
+TEST_F(PhotoRecords, ADeletionThatTheDatabookRefusesTakesItsCopyBack)
+{
+    ASSERT_TRUE(Save(u"FRONT VIEW"_s));
+    disk.Kill(source);
+    lists.lstViews.SetListIndex(0);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    engine::Engine other(disk);
+    auto holder = other.OpenDatabase(path);
+    engine.SetLockWait(50);
+    {
+        const engine::Transaction held(*holder); // another user stores something
+        EXPECT_THROW(static_cast<void>(photos::CmdDeletePhoto(desk, geamaintain)), RuntimeError);
+    }
+    EXPECT_EQ(PhotosOf(kKey), u"FRONT VIEW|07055475\r\n"_s);
+    EXPECT_EQ(Stored(), QStringList{u"07055475.JPG"_s});
+    EXPECT_EQ(disk.Dir(u"C:\\VASSNAP\\*.*"_s), QStringList()) << "no copy waits to be filed again";
+    EXPECT_EQ(lists.lstViews.ListCount(), 1) << "and the list shows the photo";
+}
+
+TEST_F(PhotoRecords, APictureThatIsReplacedWhileItsDeletionIsAskedStays)
+{
+    ASSERT_TRUE(Save(u"FRONT VIEW"_s));
+    disk.Kill(source);
+    const QString stored = u"C:\\JPG\\07055475.JPG"_s;
+    SlowYes user;
+    forms::Ports slow{user, doubles.pump, doubles.clock, doubles.random, doubles.window, doubles.screens};
+    photos::PhotoDesk other{slow, disk, globals, datDatabook, lists, loader, status, questions};
+    user.meanwhile = [&] { picture::SaveJpeg(disk, Sample(80, 60), stored, 95); };
+    lists.lstViews.SetListIndex(0);
+    EXPECT_EQ(photos::CmdDeletePhoto(other, geamaintain), PhotoChange::None);
+    EXPECT_EQ(status.lblmsg.Caption(),
+              u"07055475.JPG is another picture now than the one you chose. Nothing was done."_s);
+    EXPECT_EQ(PhotosOf(kKey), u"FRONT VIEW|07055475\r\n"_s);
+    EXPECT_TRUE(disk.FileExists(stored));
 }
 
 TEST_F(PhotoRecords, DeletingAPhotoOfARecordThatIsRenamedMeanwhileKeepsThePictureWhereItWas)
