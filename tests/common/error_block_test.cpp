@@ -1,5 +1,6 @@
 #include "common/error_block.h"
 
+#include "common/given_up.h"
 #include "support/scripted_ports.h"
 
 #include <gtest/gtest.h>
@@ -109,8 +110,16 @@ TEST(Guarded, AReadThatIsKeptWaitingIsTriedAgainAndEndsNothing)
     giveUp();
     EXPECT_EQ(ports.prompter.Boxes().size(), 2U);
     EXPECT_EQ(logged.size(), 1);
-    ReportError(ports.prompter, RuntimeError(3187, u"B has it"_s));
+    // Nor is it asked about again by the routines around the one that asked.
+    const RoutineScope scope{"Outer"};
+    ports.prompter.Answer(Answer::Cancel);
+    EXPECT_THROW(Guarded(ports.prompter,
+                         [&] { Guarded(ports.prompter, [] { throw RuntimeError(3187, u"C has it"_s); }); }),
+                 RuntimeError);
     EXPECT_EQ(ports.prompter.Boxes().size(), 3U);
+    EXPECT_TRUE(TakeGivenUp());
+    ReportError(ports.prompter, RuntimeError(3187, u"B has it"_s));
+    EXPECT_EQ(ports.prompter.Boxes().size(), 4U);
     SetErrorLog({});
 }
 
