@@ -117,7 +117,7 @@ SendToSlotDialog::SendToSlotDialog(const QString& record, QList<SlotChoice> choi
     Filter(QString());
     m_filter->setFocus();
     constexpr int kFrame = 64; // margins, scroll bar and the list's own padding
-    resize(std::clamp(m_list->sizeHintForColumn(0) + kFrame, 440, 640), 480);
+    resize(std::clamp(m_list->sizeHintForColumn(0) + kFrame, 440, 900), 480);
     FitToScreen(*this);
 }
 
