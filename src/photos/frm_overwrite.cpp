@@ -2,6 +2,7 @@
 
 #include "common/error_block.h"
 #include "common/paths.h"
+#include "platform/text/text.h"
 
 namespace vasclip::photos {
 
@@ -24,7 +25,7 @@ frm_Overwrite::frm_Overwrite(SlotLoader& loader, const QString& existing, const 
 {
     SetCaption(u"Overwrite Photo"_s);
     lblQuestion.SetCaption(
-        u"%1 has a photo of this view already. Shall the new one take its place?"_s.arg(record));
+        u"%1 has a photo of this view already. Shall the new one take its place?"_s.arg(text::Trim(record)));
     lblExisting.SetCaption(u"The record's photo: "_s + common::WholeFileName(existing));
     lblFresh.SetCaption(u"The new photo: "_s + common::WholeFileName(fresh));
     cmdYes.SetCaption(u"&Yes"_s);

@@ -34,7 +34,8 @@ TEST_F(OverwriteTest, ShowsBothPicturesAndAnswersWithItsButtons)
         {&frm_Overwrite::cmdNo, forms::Answer::No},
         {&frm_Overwrite::cmdCancel, forms::Answer::Cancel}};
     for (const auto& [button, answer] : rows) {
-        frm_Overwrite screen(loader, u"C:\\JPG\\OLD.jpg"_s, u"C:\\JPG\\NEW.jpg"_s, u"12 OAK ST"_s);
+        frm_Overwrite screen(loader, u"C:\\JPG\\OLD.jpg"_s, u"C:\\JPG\\NEW.jpg"_s,
+                             u"12 OAK ST                          "_s); // as the Databook pads it
         screen.Open();
         EXPECT_EQ(screen.geaExisting.Picture().width(), 20);
         EXPECT_EQ(screen.geaFresh.Picture().width(), 30);
