@@ -1,6 +1,8 @@
 #include "store/data_source.h"
 
 #include "platform/text/runtime_error.h"
+#include "store/change.h"
+#include "store/record.h"
 
 namespace vasclip::store {
 
@@ -23,6 +25,8 @@ void DataSource::Refresh()
     if (!recordset->Bof() || !recordset->Eof())
         recordset->MoveFirst();
     // Everything that can fail is done: only now is the old binding let go.
+    m_reader.reset();
+    m_step.reset();
     std::swap(m_recordset, recordset);
     std::swap(m_database, database);
     if (recordset)
@@ -32,8 +36,16 @@ void DataSource::Refresh()
     Q_EMIT Refreshed();
 }
 
+void DataSource::ShareDatabase(const DataSource& other)
+{
+    m_database = other.m_database;
+    m_watch = other.m_watch;
+}
+
 void DataSource::Close()
 {
+    m_reader.reset();
+    m_step.reset();
     if (m_recordset)
         m_recordset->Close();
     m_recordset.reset();

@@ -5,7 +5,13 @@
 
 #include <QObject>
 
+#include <functional>
+
 namespace vasclip::store {
+
+class Change;
+class RecordReader;
+struct Step;
 
 /// A data control: one open table or query, under the control's fixed name ("datDatabook").
 ///
@@ -30,8 +36,8 @@ public:
     /// OpenRecordset
     void Refresh();
     /// Works on the database that another source has open: the next Refresh opens none if the path is the
-    /// same.
-    void ShareDatabase(const DataSource& other) { m_database = other.m_database; }
+    /// same. Who watches the other one hears of changes through this one too.
+    void ShareDatabase(const DataSource& other);
     void Close(); ///< record set and database
 
     [[nodiscard]] bool Bound() const { return m_recordset != nullptr; }
@@ -39,10 +45,16 @@ public:
     [[nodiscard]] engine::Database& Database() const;   ///< @throws RuntimeError 91 when unbound
     [[nodiscard]] engine::Engine& Engine() const { return m_engine; }
 
+    /// Who hears of every change that is stored through this source, within its transaction: what he throws takes the
+    /// change back.
+    void Watch(std::function<void(const Step&)> watch) { m_watch = std::move(watch); }
+
 Q_SIGNALS:
     void Refreshed(); ///< the record set is another one now
 
 private:
+    friend class Change;
+    friend class RecordReader;
     engine::Engine& m_engine;
     QString m_name;
     QString m_databaseName;
@@ -50,6 +62,9 @@ private:
     engine::RecordsetType m_type = engine::RecordsetType::Table;
     std::shared_ptr<engine::Database> m_database;
     std::unique_ptr<engine::Recordset> m_recordset;
+    std::shared_ptr<Step> m_step; ///< the change under way, the last one that was dropped, or none
+    std::function<void(const Step&)> m_watch;
+    mutable std::unique_ptr<RecordReader> m_reader; ///< made for the first record that is read beside the cursor
 };
 
 } // namespace vasclip::store

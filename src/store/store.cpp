@@ -2,6 +2,7 @@
 
 #include "common/error_block.h"
 #include "platform/text/text.h"
+#include "store/change.h"
 #include "store/messages.h"
 
 #include <algorithm>
@@ -160,9 +161,8 @@ void Updateandfind(const forms::Ports& ports, DataSource& source, const QString&
 {
     const RoutineScope scope{"Updateandfind"};
     if (!common::Guarded(ports.prompter, [&] {
-            engine::Recordset& recordset = source.Recordset();
-            if (recordset.CurrentEditMode() != engine::EditMode::None)
-                recordset.Update();
+            if (Change::Open(source))
+                Change::StoreOpen(source);
         }))
         return;
     if (!FindRecord(ports, source, key, kKeyIndex))
@@ -174,7 +174,7 @@ void DeleteRecord(const forms::Ports& ports, DataSource& source, const QString& 
     const RoutineScope scope{"DeleteRecord"};
     if (!FindRecord(ports, source, key, kKeyIndex))
         return;
-    common::Guarded(ports.prompter, [&] { source.Recordset().Delete(); });
+    common::Guarded(ports.prompter, [&] { Change::Delete(source, QStringLiteral("Delete %1").arg(key)); });
 }
 
 QString GetFieldData(const DataSource& source, const QString& field)
@@ -185,7 +185,7 @@ QString GetFieldData(const DataSource& source, const QString& field)
 
 void SetFieldData(DataSource& source, const QString& value, const QString& field)
 {
-    source.Recordset().SetValue(field, value);
+    Change::Set(source, field, value);
 }
 
 QString Trim2Size(const DataSource& source, const QString& value, const QString& field)

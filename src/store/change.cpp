@@ -1,0 +1,207 @@
+#include "store/change.h"
+
+#include "platform/text/runtime_error.h"
+#include "store/messages.h"
+
+#include <utility>
+
+namespace vasclip::store {
+
+namespace {
+
+const QString kKeyMark = QStringLiteral("%1");
+
+/// Null where the table has no such field, and for a long binary one, which no history keeps.
+QVariant ValueOf(const engine::Recordset& record, int field)
+{
+    return field < 0 || record.Fields().at(field).type == engine::FieldType::LongBinary ? QVariant()
+                                                                                        : record.Value(field);
+}
+
+QString KeyOf(const engine::Recordset& record)
+{
+    return ValueOf(record, record.FieldIndex(kKeyIndex)).toString().trimmed();
+}
+
+QString Quoted(QString text)
+{
+    return u'\'' + text.replace(u'\'', QStringLiteral("''")) + u'\'';
+}
+
+FieldValues AllValues(const engine::Recordset& record)
+{
+    FieldValues values;
+    for (int i = 0; i < record.Fields().size(); ++i)
+        if (const QVariant value = ValueOf(record, i); value.isValid())
+            values.insert(record.Fields().at(i).name.toUpper(), value);
+    return values;
+}
+
+} // namespace
+
+Change::Change(DataSource& source, const QString& words)
+    : m_source(source)
+    , m_mine(true)
+{
+    Drop(source);
+    Begin(source, words);
+    m_begun = source.m_step;
+}
+
+Change::Change(DataSource& source, NewRecord, const QString& words)
+    : m_source(source)
+    , m_mine(true)
+{
+    BeginNew(source, words);
+    m_begun = source.m_step;
+}
+
+Change::Change(DataSource& source, TakePart, const QString& words)
+    : m_source(source)
+    , m_mine(!Open(source))
+{
+    Begin(source, words);
+    if (m_mine)
+        m_begun = source.m_step;
+}
+
+Change::~Change()
+{
+    if (!m_begun.expired() && m_begun.lock() == m_source.m_step)
+        Drop(m_source);
+}
+
+void Change::Store()
+{
+    if (!m_mine)
+        return;
+    if (m_begun.expired())
+        throw RuntimeError(error::kNoEdit, QStringLiteral("The change was dropped before it was stored"));
+    StoreOpen(m_source);
+    m_mine = false;
+}
+
+bool Change::Open(const DataSource& source)
+{
+    return source.Recordset().CurrentEditMode() != engine::EditMode::None;
+}
+
+void Change::Begin(DataSource& source, const QString& words)
+{
+    if (Open(source))
+        return;
+    source.Recordset().Edit();
+    Note(source, Step::Kind::Edited, words);
+}
+
+void Change::BeginNew(DataSource& source, const QString& words)
+{
+    source.Recordset().AddNew();
+    Note(source, Step::Kind::Added, words);
+}
+
+void Change::Note(DataSource& source, Step::Kind kind, const QString& words)
+{
+    source.m_step = std::make_shared<Step>(Step{.kind = kind, .words = words, .table = source.RecordSource()});
+    if (kind == Step::Kind::Added)
+        return;
+    source.m_step->key = KeyOf(source.Recordset());
+    source.m_step->words.replace(kKeyMark, source.m_step->key);
+}
+
+void Change::Set(DataSource& source, const QString& field, const QVariant& value)
+{
+    engine::Recordset& record = source.Recordset();
+    const QString name = field.toUpper();
+    Step* step = source.m_step.get();
+    const int index = record.FieldIndex(field);
+    const bool first = step != nullptr && step->kind == Step::Kind::Edited && !step->before.contains(name);
+    const QVariant before = first && Open(source) ? ValueOf(record, index) : QVariant();
+    record.SetValue(field, value);
+    if (step == nullptr || record.Fields().at(index).type == engine::FieldType::LongBinary)
+        return;
+    if (first)
+        step->before.insert(name, before);
+    step->after.insert(name, record.Value(index));
+}
+
+void Change::StoreOpen(DataSource& source)
+{
+    engine::Recordset& record = source.Recordset();
+    Step* step = source.m_step.get();
+    if (step == nullptr || !source.m_watch) {
+        record.Update();
+    } else {
+        if (step->kind == Step::Kind::Added)
+            step->key = step->after.value(kKeyIndex).toString().trimmed();
+        engine::Transaction whole(source.Database());
+        record.Update();
+        source.m_watch(*step);
+        whole.Commit();
+    }
+    source.m_step.reset();
+}
+
+void Change::Drop(DataSource& source)
+{
+    source.m_step.reset();
+    if (source.Bound() && Open(source))
+        source.Recordset().CancelUpdate();
+}
+
+void Change::Delete(DataSource& source, const QString& words)
+{
+    engine::Recordset& record = source.Recordset();
+    if (!source.m_watch) {
+        record.Delete();
+        return;
+    }
+    const Step step{.kind = Step::Kind::Deleted,
+                    .words = words,
+                    .table = source.RecordSource(),
+                    .key = KeyOf(record),
+                    .before = AllValues(record)};
+    engine::Transaction whole(source.Database());
+    record.Delete();
+    source.m_watch(step);
+    whole.Commit();
+}
+
+qint64 Change::Rows(DataSource& source, const QMap<QString, QString>& texts, const QString& condition,
+                    const QString& words)
+{
+    QStringList settings;
+    FieldValues after;
+    for (auto text = texts.cbegin(); text != texts.cend(); ++text) {
+        settings.append(QStringLiteral("%1 = %2").arg(text.key(), Quoted(text.value())));
+        after.insert(text.key().toUpper(), text.value());
+    }
+    engine::Database& database = source.Database();
+    const QString where = QStringLiteral(" WHERE ") + condition;
+    const QString statement = QStringLiteral("UPDATE [") + source.RecordSource() + QStringLiteral("] SET ") +
+                              settings.join(QStringLiteral(", ")) + where;
+    if (!source.m_watch)
+        return database.Execute(statement);
+    engine::Transaction whole(database);
+    QList<Step> steps;
+    const auto rows = database.OpenRecordset(
+        QStringLiteral("SELECT * FROM [") + source.RecordSource() + u']' + where, engine::RecordsetType::Dynaset);
+    for (; !rows->Eof(); rows->MoveNext()) {
+        FieldValues before;
+        for (const QString& field : after.keys())
+            before.insert(field, ValueOf(*rows, rows->FieldIndex(field)));
+        steps.append({.kind = Step::Kind::Edited,
+                      .words = words,
+                      .table = source.RecordSource(),
+                      .key = KeyOf(*rows),
+                      .before = before,
+                      .after = after});
+    }
+    const qint64 changed = database.Execute(statement);
+    for (const Step& step : std::as_const(steps))
+        source.m_watch(step);
+    whole.Commit();
+    return changed;
+}
+
+} // namespace vasclip::store
