@@ -2,8 +2,10 @@
 
 #include "common/dates.h"
 #include "common/error_block.h"
+#include "databook/messages.h"
 #include "platform/text/dates.h"
 #include "platform/text/text.h"
+#include "store/change.h"
 #include "store/store.h"
 
 #include <cmath>
@@ -19,13 +21,6 @@ const QString kLoadDate = QStringLiteral("LOADDATE");
 const QString kLoadSerial = QStringLiteral("LOADSERIAL");
 const QString kSaleDate = QStringLiteral("SALEDATE");
 const QString kSaleSerial = QStringLiteral("SALESERIAL");
-
-/// An edit under way goes on: opening it anew would drop what it holds.
-void BeginEdit(store::DataSource& source)
-{
-    if (source.Recordset().CurrentEditMode() == engine::EditMode::None)
-        source.Recordset().Edit();
-}
 
 void StoreLoadDate(store::DataSource& source, QDate today)
 {
@@ -113,7 +108,7 @@ void SetLoadDate2Today(const forms::Ports& ports, store::DataSource& source)
 {
     const RoutineScope scope{"ErrSetLoadDate2Today"};
     common::Guarded(ports.prompter, [&] {
-        BeginEdit(source);
+        store::Change::Begin(source, kEditWords);
         if (store::GetFieldData(source, kLoadDate).isEmpty())
             StoreLoadDate(source, ports.clock.Today());
     });
@@ -123,7 +118,7 @@ void ForceLoadDate2Today(const forms::Ports& ports, store::DataSource& source)
 {
     const RoutineScope scope{"ForceLoadDate2Today"};
     common::Guarded(ports.prompter, [&] {
-        BeginEdit(source);
+        store::Change::Begin(source, kEditWords);
         StoreLoadDate(source, ports.clock.Today());
     });
 }
@@ -132,7 +127,7 @@ void RepairLoadDate(const forms::Ports& ports, store::DataSource& source)
 {
     const RoutineScope scope{"RepairLoadDate"};
     common::Guarded(ports.prompter, [&] {
-        BeginEdit(source);
+        store::Change::Begin(source, kEditWords);
         const QString stored = store::GetFieldData(source, kLoadDate);
         if (!stored.isEmpty() && !common::IsDate(stored, ports.clock.Today()))
             StoreLoadDate(source, ports.clock.Today());
@@ -143,7 +138,7 @@ void ErrSetSaleDate(const forms::Ports& ports, store::DataSource& source, QStrin
 {
     const RoutineScope scope{"ErrSetSaleDate"};
     common::Guarded(ports.prompter, [&] {
-        BeginEdit(source);
+        store::Change::Begin(source, kEditWords);
         const QDate today = ports.clock.Today();
         if (!common::IsDate(dateText, today))
             dateText = kPendingDate;

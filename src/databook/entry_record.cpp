@@ -10,6 +10,7 @@
 #include "platform/engine/errors.h"
 #include "platform/text/dates.h"
 #include "platform/text/text.h"
+#include "store/change.h"
 #include "store/messages.h"
 #include "store/store.h"
 
@@ -125,8 +126,9 @@ void EntryRecord::Read()
 
 void EntryRecord::Begin()
 {
+    store::Change::Drop(datDatabook);
     if (Updatable())
-        datDatabook.Recordset().Edit();
+        store::Change::Begin(datDatabook, kEditWords);
 }
 
 bool EntryRecord::IsChanged(const QString& field) const
@@ -172,13 +174,11 @@ Stored EntryRecord::SaveForExit()
 
 void EntryRecord::Cancel()
 {
-    if (datDatabook.Bound())
-        datDatabook.Recordset().CancelUpdate();
+    store::Change::Drop(datDatabook);
 }
 
 Stored EntryRecord::Write(bool leaving)
 {
-    engine::Recordset& recordset = datDatabook.Recordset();
     const QHash<QString, QString> texts = m_texts;
     for (;;) {
         bool done = false;
@@ -188,10 +188,9 @@ Stored EntryRecord::Write(bool leaving)
                 common::Guarded(m_desk.ports.prompter, [&] {
                     m_texts = texts;
                     WaitingForOthers([&] {
-                        if (recordset.CurrentEditMode() == engine::EditMode::None)
-                            recordset.Edit();
+                        store::Change::Begin(datDatabook, kEditWords);
                         Put(leaving);
-                        recordset.Update();
+                        store::Change::StoreOpen(datDatabook);
                     });
                     done = true;
                 });
@@ -229,7 +228,7 @@ Stored EntryRecord::Write(bool leaving)
 /// Tells that somebody else stored the record meanwhile. @return Done to store over it
 Stored EntryRecord::AskAboutTheirs()
 {
-    datDatabook.Recordset().CancelUpdate();
+    store::Change::Drop(datDatabook);
     QStringList both;
     for (auto read = m_read.cbegin(); read != m_read.cend(); ++read) {
         const QString theirs = store::GetFieldData(datDatabook, read.key());

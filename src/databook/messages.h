@@ -52,6 +52,14 @@ inline const QString kUnknownType =
     QStringLiteral("\"%1\" is no comp type. The types are F, C, S, R, L and M.");
 inline const QString kNoDateRange =
     QStringLiteral("\"%1\" is no date range. Choose On or Prior, Equal To or On or After.");
+// What a step of a record is called.
+inline const QString kAddWords = QStringLiteral("Add %1");
+inline const QString kDeleteWords = QStringLiteral("Delete %1");
+inline const QString kCopyWords = QStringLiteral("Copy %1 to %2");
+inline const QString kRenameWords = QStringLiteral("Rename %1 to %2");
+inline const QString kEditWords = QStringLiteral("Edit %1");
+inline const QString kCityWords = QStringLiteral("Set the city of %1");
+inline const QString kCitiesWords = QStringLiteral("Set the city of the neighborhood %1");
 inline const QString kNotAmongShown =
     QStringLiteral(" It is not among the records shown; close the conditions above the grid to see it.");
 inline const QString kDeleteManyQuestion =

@@ -8,6 +8,7 @@
 #include "photos/photo_files.h"
 #include "photos/photo_lists.h"
 #include "platform/text/text.h"
+#include "store/change.h"
 #include "store/store.h"
 
 #include <algorithm>
@@ -94,7 +95,7 @@ void SetSized(store::DataSource& databook, const QString& value, const QString& 
 }
 
 /// Runs the writes of one operation as a transaction under the central error block: a retry runs all of them
-/// again, for a device error takes all of them back. An edit that a failure leaves open is let go.
+/// again, for a device error takes all of them back.
 /// @param address  the record at work, for the message that somebody else deleted it meanwhile
 /// @param taken    the address that it gets, for the message that somebody else took it meanwhile
 template <class Writes>
@@ -109,8 +110,6 @@ RecordResult AsOne(const forms::Ports& ports, store::DataSource& databook, const
             transaction.Commit();
             result = {};
         } catch (const RuntimeError& failure) {
-            if (databook.Recordset().CurrentEditMode() != engine::EditMode::None)
-                databook.Recordset().CancelUpdate();
             if (failure.Number() == error::kDuplicateKey)
                 result = Exists(taken);
             else if (failure.Number() == kRecordDeleted)
@@ -150,14 +149,14 @@ RecordResult AddRecord(const forms::Ports& ports, store::DataSource& databook, c
     if (Find(ports, databook, address))
         return Exists(address);
     const RecordResult added = AsOne(ports, databook, address, address, [&] {
-        databook.Recordset().AddNew();
+        store::Change change(databook, store::Change::NewRecord{}, kAddWords.arg(KeyOf(address)));
         SetSized(databook, KeyOf(address), kKey);
         SetSized(databook, common::AddressInCase(address, addressCase), kAddress);
         store::SetFieldData(databook, QString(letter), kType);
         SetLoadDate2Today(ports, databook);
         QString noDate;
         ErrSetSaleDate(ports, databook, noDate);
-        databook.Recordset().Update();
+        change.Store();
     });
     return Found(ports, databook, address, added);
 }
@@ -176,7 +175,7 @@ RecordResult DeleteRecord(const forms::Ports& ports, store::DataSource& databook
         for (const auto& [view, stem] :
              photos::ParsePhotos(store::GetFieldData(databook, QStringLiteral("PHOTOS"))))
             stems.append(stem);
-        databook.Recordset().Delete();
+        store::Change::Delete(databook, kDeleteWords.arg(KeyOf(address)));
     });
     if (!deleted)
         return deleted;
@@ -200,16 +199,17 @@ RecordResult CopyRecord(const forms::Ports& ports, store::DataSource& databook, 
         for (int i = 0; i < fields.size(); ++i)
             values.append(fields.at(i).type == engine::FieldType::LongBinary ? QVariant()
                                                                              : recordset.Value(i));
-        recordset.AddNew();
+        store::Change change(databook, store::Change::NewRecord{},
+                             kCopyWords.arg(KeyOf(address), KeyOf(newAddress)));
         for (int i = 0; i < fields.size(); ++i)
             if (values.at(i).isValid())
-                recordset.SetValue(i, values.at(i));
+                change.Set(fields.at(i).name, values.at(i));
         SetSized(databook, newAddress, kAddress);
         SetSized(databook, KeyOf(newAddress), kKey);
         for (const QString& photos : {QStringLiteral("FRONT"), QStringLiteral("PHOTOS")})
             if (recordset.FieldIndex(photos) >= 0)
                 store::SetFieldData(databook, QStringLiteral(" "), photos);
-        recordset.Update();
+        change.Store();
     });
     return Found(ports, databook, newAddress, copied);
 }
@@ -221,10 +221,10 @@ RecordResult RenameRecord(const forms::Ports& ports, store::DataSource& databook
     if (const RecordResult wrong = FindForNewAddress(ports, databook, address, newAddress); !wrong)
         return wrong;
     const RecordResult renamed = AsOne(ports, databook, address, newAddress, [&] {
-        databook.Recordset().Edit();
+        store::Change change(databook, kRenameWords.arg(KeyOf(address), KeyOf(newAddress)));
         SetSized(databook, newAddress, kAddress);
         SetSized(databook, KeyOf(newAddress), kKey);
-        databook.Recordset().Update();
+        change.Store();
     });
     return Found(ports, databook, newAddress, renamed);
 }

@@ -1,6 +1,10 @@
 #include "databook/records.h"
 
+#include "databook/city_fields.h"
+#include "databook/comp_types.h"
+#include "databook/entry_record.h"
 #include "platform/text/runtime_error.h"
+#include "store/change.h"
 #include "support/databook_home.h"
 
 #if __has_include(<sys/resource.h>)
@@ -493,6 +497,39 @@ TEST_F(CopyAndRename, BothRefuseTheSameThings)
         EXPECT_EQ(renamed.message, row.message) << row.name;
         EXPECT_EQ(Keys(), unchanged) << row.name;
     }
+}
+
+TEST_F(Records, EveryStepIsToldInItsWordsWithWhatItChanged)
+{
+    QList<store::Step> steps;
+    source.Watch([&](const store::Step& step) { steps.append(step); });
+    const auto words = [&] {
+        QStringList said;
+        for (const store::Step& step : std::exchange(steps, {}))
+            said.append(step.words);
+        return said;
+    };
+    EXPECT_TRUE(Add(u"1 New Rd"_s));
+    EXPECT_TRUE(databook::CopyRecord(ports, source, u"1 New Rd"_s, u"2 New Rd"_s));
+    EXPECT_TRUE(databook::RenameRecord(ports, source, u"2 New Rd"_s, u"3 New Rd"_s));
+    EXPECT_EQ(steps.last().before.value(key).toString().trimmed(), u"2 NEW RD"_s);
+    EXPECT_EQ(steps.last().after.value(key).toString().trimmed(), u"3 NEW RD"_s);
+    EXPECT_TRUE(databook::DeleteRecord(ports, source, u"3 New Rd"_s, pictures));
+    EXPECT_EQ(steps.last().before.value(u"APPRSLTYPE"_s), u"F"_s);
+    EXPECT_EQ(words(), (QStringList{u"Add 1 NEW RD"_s, u"Copy 1 NEW RD to 2 NEW RD"_s, u"Rename 2 NEW RD to 3 NEW RD"_s,
+                                    u"Delete 3 NEW RD"_s}));
+
+    const databook::EntryDesk desk{
+        .ports = ports, .engine = engine, .databook = path, .table = table, .opened = &source};
+    databook::EntryRecord record(desk, *databook::FindEntryForm(databook::EntryFormOf(u"F"_s)), u"12 Main St"_s);
+    ASSERT_TRUE(record.Open());
+    record.SetText(u"CITY"_s, u"Bend"_s);
+    EXPECT_EQ(record.Save(), databook::Stored::Done);
+    EXPECT_EQ(steps.last().after.value(u"CITY"_s), u"Bend"_s);
+    record.Cancel();
+    ASSERT_TRUE(store::FindRecord(ports, source, u"7 OAK AVE"_s, key));
+    databook::SetCity(source, {u"Salem"_s, u"OR"_s, {}, {}});
+    EXPECT_EQ(words(), (QStringList{u"Edit 12 MAIN ST"_s, u"Set the city of 7 OAK AVE"_s}));
 }
 
 } // namespace
