@@ -2,6 +2,7 @@
 
 #include "common/error_block.h"
 #include "photos/photo_messages.h"
+#include "store/change.h"
 #include "store/store.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -69,17 +70,10 @@ void WritePhotoLists(const forms::Ports& ports, store::DataSource& source, const
 {
     const common::RoutineScope scope{"WritePhotoLists"};
     const QString key = store::GetFieldData(source, u"CENTRALKEY"_s);
-    engine::Recordset& recordset = source.Recordset();
-    recordset.Edit();
-    try {
-        store::SetFieldData(source, ComposePhotos(views, stems), u"PHOTOS"_s);
-        SetFrontFlag(source, views);
-        store::Updateandfind(ports, source, key);
-    } catch (const RuntimeError&) {
-        if (recordset.CurrentEditMode() != engine::EditMode::None)
-            recordset.CancelUpdate();
-        throw;
-    }
+    store::Change change(source, kPhotosWords);
+    change.Set(u"PHOTOS"_s, ComposePhotos(views, stems));
+    SetFrontFlag(source, views);
+    store::Updateandfind(ports, source, key);
 }
 
 } // namespace vasclip::photos

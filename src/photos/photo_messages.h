@@ -23,6 +23,12 @@ inline const QString kDeletePhoto = QStringLiteral("Delete this photo?  Are you 
 inline const QString kNameInUseTitle = QStringLiteral("Name already in Use");
 inline const QString kNameInUse =
     QStringLiteral("You already have a picture for this entry by that name");
+
+// What a step of a record is called; %1 its key.
+inline const QString kPhotosWords = QStringLiteral("Photos of %1");
+inline const QString kAddForPhotoWords = QStringLiteral("Add %1 for a photo");
+inline const QString kTakeBackWords = QStringLiteral("Take back %1");
+
 inline const QString kFrontView = QStringLiteral("FRONT VIEW");
 
 } // namespace vasclip::photos

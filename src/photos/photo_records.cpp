@@ -9,6 +9,7 @@
 #include "photos/pointed_file.h"
 #include "photos/view_name.h"
 #include "platform/text/text.h"
+#include "store/change.h"
 #include "store/messages.h"
 #include "store/store.h"
 
@@ -40,11 +41,11 @@ void AddRecord(PhotoDesk& desk, const QString& key)
         return;
     }
     store::DataSource& book = desk.databook;
-    book.Recordset().AddNew();
-    store::SetFieldData(book, store::Trim2Size(book, text::Folded(key), u"CENTRALKEY"_s), u"CENTRALKEY"_s);
+    store::Change change(book, store::Change::NewRecord{}, kAddForPhotoWords.arg(text::Folded(key)));
+    change.Set(u"CENTRALKEY"_s, store::Trim2Size(book, text::Folded(key), u"CENTRALKEY"_s));
     const QString address = common::AddressInCase(text::Trim(key), desk.globals.addressCase);
-    store::SetFieldData(book, store::Trim2Size(book, address, u"ADDRESS"_s), u"ADDRESS"_s);
-    book.Recordset().Update();
+    change.Set(u"ADDRESS"_s, store::Trim2Size(book, address, u"ADDRESS"_s));
+    change.Store();
 }
 
 void SetRow(forms::ListBox& views, forms::ListBox& stems, const QString& view, const QString& stem)
@@ -91,7 +92,7 @@ void TakeBack(PhotoDesk& desk, const QString& key, const QString& stem, bool add
         return;
     try {
         if (Find(desk, key))
-            desk.databook.Recordset().Delete();
+            store::Change::Delete(desk.databook, kTakeBackWords.arg(text::Folded(key)));
     } catch (const RuntimeError&) {
         desk.notSaved = u"The new record %1 stays, without a photo"_s.arg(key);
     }

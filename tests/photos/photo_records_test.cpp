@@ -1,6 +1,7 @@
 #include "photos/photo_records.h"
 
 #include "photo_home.h"
+#include "store/change.h"
 
 #include <gtest/gtest.h>
 
@@ -83,6 +84,15 @@ TEST_F(PhotoRecords, ARecordThatIsNotThereIsAdded)
     desk.addRecord = [&](const QString& key) { AddComps({key.toUpper()}); };
     EXPECT_TRUE(Save(u"REAR VIEW"_s, u"2 new rd"_s));
     EXPECT_EQ(cities.last(), u"2 NEW RD"_s);
+}
+
+TEST_F(PhotoRecords, EveryStepIsToldInItsWords)
+{
+    QStringList words;
+    datDatabook.Watch([&](const store::Step& step) { words.append(step.words); });
+    EXPECT_TRUE(Save(u"FRONT VIEW"_s));
+    EXPECT_TRUE(Save(u"FRONT VIEW"_s, u"1 new rd"_s));
+    EXPECT_EQ(words, (QStringList{u"Photos of 12 OAK ST"_s, u"Add 1 NEW RD for a photo"_s, u"Photos of 1 NEW RD"_s}));
 }
 
 TEST_F(PhotoRecords, WhatIsMissingIsSaidInRed)
