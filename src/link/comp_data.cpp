@@ -9,6 +9,7 @@
 #include "link/messages.h"
 #include "link/price_date_age.h"
 #include "platform/text/text.h"
+#include "store/change.h"
 
 #include <algorithm>
 #include <array>
@@ -64,7 +65,7 @@ void StoreByType(LinkDesk& desk, const CompCell& cell)
     case FieldType::Integer:
     case FieldType::Single:
     case FieldType::Double:
-        databook.Recordset().SetValue(index, store::TrimNum2Size(databook, cell.text, cell.field));
+        store::Change::Set(databook, cell.field, store::TrimNum2Size(databook, cell.text, cell.field));
         break;
     case FieldType::Text:
         // The report's own spelling of the address is not kept.
@@ -138,18 +139,12 @@ bool GetCompData(LinkDesk& desk, const QString& formType, const QString& report,
     const std::optional<QList<CompCell>> cells = ReadCompData(desk, formType, report, comp, compType, pages);
     if (!cells || cells->isEmpty())
         return false;
-    engine::Recordset& record = desk.sources.datDatabook.Recordset();
     if (!StandOn(desk, key))
         throw RuntimeError(error::kNoCurrentRecord, messages::kRecordGone.arg(key));
-    record.Edit();
-    try {
-        StoreCompData(desk, *cells);
-        databook::SetLoadDate2Today(desk.ports, desk.sources.datDatabook);
-        record.Update();
-    } catch (...) {
-        record.CancelUpdate();
-        throw;
-    }
+    store::Change change(desk.sources.datDatabook, messages::kReadWords);
+    StoreCompData(desk, *cells);
+    databook::SetLoadDate2Today(desk.ports, desk.sources.datDatabook);
+    change.Store();
     return true;
 }
 

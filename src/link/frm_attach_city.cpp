@@ -12,6 +12,7 @@
 #include "link/reporter.h"
 #include "link/talk.h"
 #include "platform/text/text.h"
+#include "store/change.h"
 #include "store/messages.h"
 
 #include <algorithm>
@@ -265,14 +266,13 @@ bool frm_AttachCity::MayLoseDate() const
 bool frm_AttachCity::Store()
 {
     store::DataSource& databook = m_desk.sources.datDatabook;
-    engine::Recordset& record = databook.Recordset();
     if (!StandOn(m_desk, m_key))
         return false;
     const auto changed = [](const Box& row) { return text::Trim(row.box.Text()) != row.stored; };
     if (std::none_of(m_boxes.cbegin(), m_boxes.cend(), changed))
         return true;
-    record.Edit();
     try {
+        store::Change change(databook, messages::kAttachWords);
         for (const Box& row : m_boxes) {
             if (!changed(row))
                 continue;
@@ -282,9 +282,8 @@ bool frm_AttachCity::Store()
             else
                 store::SetFieldData(databook, store::Trim2Size(databook, value, row.field), row.field);
         }
-        record.Update();
+        change.Store();
     } catch (const RuntimeError& failure) {
-        record.CancelUpdate();
         if (failure.Number() == kRecordDeleted)
             return false;
         throw;

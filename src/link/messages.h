@@ -159,6 +159,12 @@ inline const QString kTransferBusy = QStringLiteral("A transfer is under way alr
 inline const QString kNothingToTransfer = QStringLiteral("The report has nothing to transfer here.");
 
 
+// What a step of a record is called; %1 its key.
+inline const QString kReadWords = QStringLiteral("Take %1 from the report");
+inline const QString kAddReadWords = QStringLiteral("Add %1 from the report");
+inline const QString kCityWords = QStringLiteral("Set the city of %1");
+inline const QString kAttachWords = QStringLiteral("City Listings of %1");
+
 // Attaching city, state and ZIP.
 inline const QString kCityNotComplete = QStringLiteral("City and State information not complete");
 inline const QString kSkipCityAndState =

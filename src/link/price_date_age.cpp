@@ -4,8 +4,10 @@
 #include "common/error_block.h"
 #include "databook/comp_fields.h"
 #include "link/kel_channel.h"
+#include "link/messages.h"
 #include "platform/text/dates.h"
 #include "platform/text/text.h"
+#include "store/change.h"
 
 #include <algorithm>
 #include <array>
@@ -27,8 +29,7 @@ public:
         , m_today(today)
         , m_text(text)
     {
-        if (databook.Recordset().CurrentEditMode() == engine::EditMode::None)
-            databook.Recordset().Edit();
+        store::Change::Begin(databook, messages::kReadWords);
     }
 
     bool Price()

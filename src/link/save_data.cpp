@@ -10,6 +10,7 @@
 #include "link/set_city.h"
 #include "platform/conduit/patience.h"
 #include "platform/text/text.h"
+#include "store/change.h"
 #include "store/messages.h"
 
 namespace vasclip::link {
@@ -93,29 +94,23 @@ private:
     SaveOutcome Store(bool there)
     {
         store::DataSource& databook = m_desk.sources.datDatabook;
-        engine::Recordset& record = databook.Recordset();
+        std::optional<store::Change> change;
         if (there)
-            record.Edit();
+            change.emplace(databook, messages::kReadWords);
         else
-            record.AddNew();
+            change.emplace(databook, store::Change::NewRecord{}, messages::kAddReadWords.arg(m_key));
         const QString neighborhood = there ? store::GetFieldData(databook, u"NEIGHBORHD"_s) : QString();
-        try {
-            store::SetFieldData(databook, store::Trim2Size(databook, m_key, store::kKeyIndex),
-                                u"centralkey"_s);
-            StoreCompData(m_desk, m_cells);
-            if (there)
-                databook::ForceLoadDate2Today(m_desk.ports, databook);
-            else
-                databook::SetLoadDate2Today(m_desk.ports, databook);
-            SetApprslType(databook, m_compType, m_desk.addr.txtFormType.Text());
-            ErrDatabookSetCity(m_desk, CityRule::Replace);
-            if (there)
-                KeepNeighborhood(neighborhood);
-            record.Update();
-        } catch (...) {
-            record.CancelUpdate();
-            throw;
-        }
+        change->Set(store::kKeyIndex, store::Trim2Size(databook, m_key, store::kKeyIndex));
+        StoreCompData(m_desk, m_cells);
+        if (there)
+            databook::ForceLoadDate2Today(m_desk.ports, databook);
+        else
+            databook::SetLoadDate2Today(m_desk.ports, databook);
+        SetApprslType(databook, m_compType, m_desk.addr.txtFormType.Text());
+        ErrDatabookSetCity(m_desk, CityRule::Replace);
+        if (there)
+            KeepNeighborhood(neighborhood);
+        change->Store();
         return there ? SaveOutcome::Replaced : SaveOutcome::Added;
     }
 

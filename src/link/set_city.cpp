@@ -3,8 +3,9 @@
 #include "common/addresses.h"
 #include "common/error_block.h"
 #include "link/addresses.h"
+#include "link/messages.h"
 #include "platform/text/text.h"
-
+#include "store/change.h"
 
 namespace vasclip::link {
 
@@ -85,27 +86,17 @@ void ErrDatabookSetCity(LinkDesk& desk, CityRule rule)
 {
     const common::RoutineScope scope{"ErrDatabookSetCity"};
     store::DataSource& databook = desk.sources.datDatabook;
-    engine::Recordset& record = databook.Recordset();
     const auto field = [&databook](const QString& name) { return store::GetFieldData(databook, name); };
     const CityStateZip held{field(kCity), field(kState), field(kZip)};
     const CityStateZip wanted =
         Completed(desk, held, PartsOf(desk, text::Folded(field(u"CENTRALKEY"_s))), rule);
     if (wanted == held)
         return;
-    const bool editing = record.CurrentEditMode() != engine::EditMode::None;
-    if (!editing)
-        record.Edit();
-    try {
-        for (const auto& [name, value] :
-             {std::pair{kCity, wanted.city}, {kState, wanted.state}, {kZip, wanted.zip}})
-            store::SetFieldData(databook, store::Trim2Size(databook, value, name), name);
-        if (!editing)
-            record.Update();
-    } catch (...) {
-        if (!editing)
-            record.CancelUpdate();
-        throw;
-    }
+    store::Change change(databook, store::Change::TakePart{}, messages::kCityWords);
+    for (const auto& [name, value] :
+         {std::pair{kCity, wanted.city}, {kState, wanted.state}, {kZip, wanted.zip}})
+        change.Set(name, store::Trim2Size(databook, value, name));
+    change.Store();
 }
 
 } // namespace vasclip::link

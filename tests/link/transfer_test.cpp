@@ -4,6 +4,7 @@
 #include "link/refresh.h"
 #include "link/save_data.h"
 #include "link/tabs.h"
+#include "store/change.h"
 
 namespace vasclip::link {
 namespace {
@@ -70,6 +71,21 @@ TEST_F(Transfer, ANewCompBecomesARecordWithoutAQuestion)
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
     EXPECT_EQ(status.lblmsg.Caption(), u"1 record was added."_s);
     EXPECT_EQ(status.lblmsg.Fore(), forms::Colour::Blue);
+}
+
+TEST_F(Transfer, EveryStepIsToldInItsWords)
+{
+    QList<store::Step> steps;
+    sources.datDatabook.Watch([&](const store::Step& step) { steps.append(step); });
+    Slot(report.txtComp, 5, u"12 Oak St"_s);
+    doubles.prompter.AnswerAlways(forms::Answer::Yes);
+    EXPECT_EQ(TransferComps(desk, false, 5, What::Data).added, 1);
+    EXPECT_EQ(TransferComps(desk, false, 5, What::Data).replaced, 1);
+    ASSERT_EQ(steps.size(), 2) << "the city and the dates are part of the one step";
+    EXPECT_EQ(steps[0].words, u"Add 12 OAK ST from the report"_s);
+    EXPECT_EQ(steps[0].after.value(u"GLA"_s).toString().trimmed(), u"1850"_s);
+    EXPECT_EQ(steps[1].words, u"Take 12 OAK ST from the report"_s);
+    EXPECT_TRUE(steps[1].before.contains(u"LOADDATE"_s));
 }
 
 TEST_F(Transfer, ARecordThatIsThereIsReplacedAfterAQuestion)
