@@ -5,6 +5,7 @@
 #include "common/text_filters.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
+#include "store/change.h"
 #include "store/messages.h"
 
 #include <algorithm>
@@ -25,8 +26,10 @@ constexpr int kInvalidCall = 5;
 /// The record set on its first row, with the column's place in it.
 struct Walk
 {
-    Walk(store::DataSource& data, const QString& name)
-        : rows(data.Recordset())
+    Walk(store::DataSource& source, const QString& library)
+        : data(source)
+        , rows(source.Recordset())
+        , name(library)
         , column(rows.FieldIndex(name))
     {
         if (column < 0)
@@ -48,12 +51,14 @@ struct Walk
     [[nodiscard]] QString Text() const { return rows.Value(column).toString(); }
     void Write(const QString& text)
     {
-        rows.Edit();
-        rows.SetValue(column, text);
-        rows.Update();
+        store::Change change(data, kPhraseWords);
+        change.Set(name, text);
+        change.Store();
     }
 
+    store::DataSource& data;
     Recordset& rows;
+    QString name;
     int column;
 };
 
@@ -68,22 +73,22 @@ Stored StoreOnKey(const forms::Ports& ports, Walk& walk, const QString& text)
     const QString cleaned = text::Trim(common::RemoveIllegalChars(text));
     QString agreed; // the phrase that the user gave away
     for (;;) {
-        walk.rows.Edit(); // remembers the row: a change of another user from here on is error 3197
+        // Remembers the row: a change of another user from here on is error 3197.
+        store::Change change(walk.data, kPhraseWords);
         const QString old = Shown(walk.Text());
         const bool same = old == cleaned || old == Shown(text);
         if (!old.isEmpty() && !same && old != agreed) {
-            walk.rows.CancelUpdate(); // no row is held open while somebody thinks
+            store::Change::Drop(walk.data); // no row is held open while somebody thinks
             if (!ports.prompter.YesNo(store::kPlainTitle, kOverwriteKey.arg(old, cleaned)))
                 return Stored::Declined;
             agreed = old;
             continue;
         }
-        walk.rows.SetValue(walk.column, text::Trim(text));
+        change.Set(walk.name, text::Trim(text));
         try {
-            walk.rows.Update();
+            change.Store();
             return Stored::Yes;
         } catch (const RuntimeError& failure) {
-            walk.rows.CancelUpdate();
             if (failure.Number() != error::kDataChanged)
                 throw;
         }
@@ -109,11 +114,10 @@ void Add6Records(store::DataSource& data)
 {
     const RoutineScope scope{"Add6Records"};
     Transaction all(data.Database());
-    Recordset& rows = data.Recordset();
     for (int key = 1; key <= kKeys; ++key) {
-        rows.AddNew();
-        rows.SetValue(kKeyField, QString::number(key));
-        rows.Update();
+        store::Change row(data, store::Change::NewRecord{}, kRowWords.arg(key));
+        row.Set(kKeyField, QString::number(key));
+        row.Store();
     }
     all.Commit();
 }

@@ -7,6 +7,7 @@
 #include "comments/messages.h"
 #include "common/error_block.h"
 #include "platform/text/runtime_error.h"
+#include "store/change.h"
 #include "store/messages.h"
 #include "store/store.h"
 
@@ -139,8 +140,8 @@ void frm_FKey::Form_Unload()
     m_field.clear();
     RestButtons();
     datComment.Close();
-    if (datDatabook.Bound() && datDatabook.Recordset().CurrentEditMode() != engine::EditMode::None)
-        common::Guarded(m_desk.ports.prompter, [this] { datDatabook.Recordset().Update(); });
+    if (datDatabook.Bound() && store::Change::Open(datDatabook))
+        common::Guarded(m_desk.ports.prompter, [this] { store::Change::StoreOpen(datDatabook); });
     datDatabook.Close();
 }
 

@@ -55,4 +55,8 @@ inline const QString kCountText =
     QStringLiteral("Unable to detect field count in databook.mdb (reference *new* files are missing or "
                    "corrupt). Reinstall the program and retry");
 
+// What a step of a row is called; %1 its key.
+inline const QString kPhraseWords = QStringLiteral("Phrases of row %1");
+inline const QString kRowWords = QStringLiteral("Add row %1");
+
 } // namespace vasclip::comments

@@ -1,8 +1,10 @@
 #include "app/vasctl/session.h"
 #include "app/vasctl/set_fields.h"
 
+#include "common/error_block.h"
 #include "databook/records.h"
 #include "platform/text/text.h"
+#include "store/record.h"
 
 #include <algorithm>
 #include <limits>
@@ -75,9 +77,11 @@ int List(Session& session, const Output& out, const QCommandLineParser& options)
 
 int Show(Session& session, const Output& out, const QString& key, bool everything)
 {
-    auto& program = session.WithDatabook();
-    auto& databook = program.sources.datDatabook;
-    if (!store::FindRecord(session.Ports(), databook, databook::KeyOf(key), u"Centralkey"_s)) {
+    const store::DataSource& databook = session.WithDatabook().sources.datDatabook;
+    std::optional<store::Record> record;
+    common::Guarded(session.Ports().prompter,
+                    [&] { record = store::ReadRecord(databook, databook::KeyOf(key)); });
+    if (!record) {
         out.Error(Missing(key));
         return kNotFound;
     }
@@ -85,7 +89,7 @@ int Show(Session& session, const Output& out, const QString& key, bool everythin
     for (const engine::Field& field : databook.Recordset().Fields()) {
         if (field.type == engine::FieldType::LongBinary)
             continue;
-        const QString value = store::GetFieldData(databook, field.name);
+        const QString value = record->Text(field.name);
         const bool wanted = everything ? !value.isEmpty() : kListed.contains(field.name);
         if (wanted)
             facts.append({field.name, value});

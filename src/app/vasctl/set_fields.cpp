@@ -9,6 +9,7 @@
 #include "databook/number_text.h"
 #include "platform/text/dates.h"
 #include "platform/text/text.h"
+#include "store/change.h"
 
 #include <algorithm>
 
@@ -134,7 +135,7 @@ int SetFields(Session& session, const Output& out, const QString& key, const QSt
         return kNotFound;
     }
     if (!record.Updatable())
-        record.datDatabook.Recordset().Edit(); // says which file it is and what to do
+        store::Change::Begin(record.datDatabook, {}); // says which file it is and what to do
     Complete(values, record, today);
     for (auto value = values.cbegin(); value != values.cend(); ++value)
         record.SetText(value.key(), value.value());
