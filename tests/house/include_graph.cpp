@@ -157,6 +157,21 @@ void CheckSystems(const Sources& sources, QStringList& violations)
     }
 }
 
+/// Every change of a record goes through store::Change, which knows what it held and holds.
+void CheckWriters(const Sources& sources, QStringList& violations)
+{
+    static const QRegularExpression pattern(
+        QStringLiteral(R"((?:\.|->)(Edit(?=\(\))|AddNew|Update(?=\(\))|Delete(?=\(\))|CancelUpdate|Execute)\()"));
+    for (auto source = sources.cbegin(); source != sources.cend(); ++source) {
+        const QString& path = source.key();
+        const bool writer =
+            path.startsWith(QStringLiteral("src/store/")) || path.startsWith(QStringLiteral("src/platform/"));
+        const QRegularExpressionMatch match = pattern.match(source.value());
+        if (match.hasMatch() && !writer && path.startsWith(kSrc))
+            violations.append(QStringLiteral("%1 changes records by %2, past store::Change").arg(path, match.captured(1)));
+    }
+}
+
 enum class Mark { Unseen, OnTheWay, Done };
 
 void Visit(const QString& path, const QMap<QString, QStringList>& arrows, QMap<QString, Mark>& marks,
@@ -209,6 +224,7 @@ QStringList Violations(const Sources& sources, const QSet<QString>& widgetHeader
     QMap<QString, QStringList> arrows;
     CheckIncludes(sources, widgetHeaders, arrows, violations);
     CheckSystems(sources, violations);
+    CheckWriters(sources, violations);
     QMap<QString, Mark> marks;
     QStringList way;
     for (auto source = sources.cbegin(); source != sources.cend(); ++source) {

@@ -15,7 +15,8 @@ using Sources = QMap<QString, QString>;
 [[nodiscard]] const QList<QStringList>& Floors();
 
 /// Everything that breaks the plan of the house, one sentence each: includes that run up or sideways or to
-/// nowhere, circles between files, widgets below the windows, checks for a system outside platform/.
+/// nowhere, circles between files, widgets below the windows, checks for a system outside platform/, changes of records outside
+/// store.
 /// @param widgetHeaders  names of the headers that only the widget library has
 [[nodiscard]] QStringList Violations(const Sources& sources, const QSet<QString>& widgetHeaders);
 

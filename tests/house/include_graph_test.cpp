@@ -79,6 +79,12 @@ TEST(HouseRules, CatchWhatBreaksThem)
          Of({{"src/platform/engine/kinds/k.cpp", "#include \"platform/engine/sqlite/c.h\"\n"},
              {"src/platform/engine/sqlite/c.h", "#include <sqlite3.h>\n"}}),
          QString()},
+        {"a record changed by hand", Of({{"src/link/a.cpp", "source.Recordset().Edit();\n"}}),
+         Text("src/link/a.cpp changes records by Edit, past store::Change")},
+        {"a statement run by hand", Of({{"src/app/a.cpp", "database->Execute(sql);\n"}}),
+         Text("src/app/a.cpp changes records by Execute, past store::Change")},
+        {"the one writer", Of({{"src/store/a.cpp", "record.Update();\n"}, {"src/link/a.cpp", "change.Store();\n"}}),
+         QString()},
         {"a comment is no include",
          Of({{"src/common/c.h", "// see #include \"link/a.h\"\n"}, {"src/link/a.h", ""}}), QString()},
     };
