@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/engine/database.h"
+#include "platform/engine/waits.h"
 
 #include <functional>
 
@@ -22,7 +23,8 @@ public:
     virtual void Create(const QString& path) = 0;
     virtual void Copy(const QString& source, const QString& target) = 0;
     [[nodiscard]] virtual QList<User> Users(const QString& path) const = 0;
-    virtual void SetLockWait(int milliseconds) = 0;
+    /// How the calls of all its databases wait, from before the first one.
+    virtual void SetWaits(std::shared_ptr<Waits> waits) = 0;
 };
 
 /// Opens the database at a path if it belongs to another back end than the one that asks; else null.

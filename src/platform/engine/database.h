@@ -12,6 +12,7 @@ namespace vasclip::engine {
 
 class BackEnd;
 class RowStore;
+class Waits;
 namespace sql {
 struct TypedStatement;
 }
@@ -142,7 +143,9 @@ public:
     /// A further kind of database, which is asked before those that the engine comes with.
     void AddBackEnd(std::unique_ptr<BackEnd> backEnd);
 
-    /// How long a statement waits for another user's lock, in milliseconds.
+    /// How its calls wait for others; see WaitScope.
+    [[nodiscard]] Waits& Waiting();
+    /// How long a call waits for others, in milliseconds.
     void SetLockWait(int milliseconds);
 
 private:

@@ -20,6 +20,7 @@ struct Engine::Private
     }
 
     const files::Disk& disk;
+    std::shared_ptr<Waits> waits = std::make_shared<Waits>();
     std::vector<std::unique_ptr<BackEnd>> backEnds;
 };
 
@@ -34,6 +35,8 @@ Engine::Engine(const files::Disk& disk)
             BackEnd& owner = engine->OwnerOf(path);
             return &owner == engine->backEnds.back().get() ? nullptr : owner.Open(path, OpenMode::Shared);
         });
+    for (const auto& backEnd : d->backEnds)
+        backEnd->SetWaits(d->waits);
 }
 
 Engine::~Engine() = default;
@@ -45,6 +48,7 @@ const files::Disk& Engine::Disk() const
 
 void Engine::AddBackEnd(std::unique_ptr<BackEnd> backEnd)
 {
+    backEnd->SetWaits(d->waits);
     d->backEnds.insert(d->backEnds.begin(), std::move(backEnd));
 }
 
@@ -71,10 +75,16 @@ QList<User> Engine::Users(const QString& path) const
     return d->OwnerOf(path).Users(path);
 }
 
+Waits& Engine::Waiting()
+{
+    return *d->waits;
+}
+
 void Engine::SetLockWait(int milliseconds)
 {
-    for (const auto& backEnd : d->backEnds)
-        backEnd->SetLockWait(milliseconds);
+    CallWait wait = d->waits->Now();
+    wait.deadline = std::chrono::milliseconds(milliseconds);
+    d->waits->Set(std::move(wait));
 }
 
 } // namespace vasclip::engine

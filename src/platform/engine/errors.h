@@ -10,6 +10,7 @@ inline constexpr int kTooManyDatabases = 3014;
 inline constexpr int kDatabaseNotFound = 3024;
 inline constexpr int kNoTransaction = 3034;
 inline constexpr int kKeyIsNull = 3058;
+inline constexpr int kWaitGivenUp = 3059; ///< by the user, who waited for others
 inline constexpr int kUnknownInsertField = 3127;
 /// The server that holds the database can't be reached any more; what was stored before stands.
 inline constexpr int kConnectionLost = 3151;

@@ -2,7 +2,10 @@
 // the answer to a commit, and refuses statements after an error.
 
 #include "platform/engine/home.h"
+#include "platform/engine/waits.h"
 #include "platform/engine/memory_back_end.h"
+#include "platform/engine/row_store.h"
+#include "platform/engine/sql_typer.h"
 
 #include <gtest/gtest.h>
 
@@ -65,6 +68,54 @@ TEST_F(BackEndTest, ALostConnectionHasItsOwnErrorAndAnOpenEditSurvivesIt)
     server->faults.failAfter = -1;
     table->Update();
     EXPECT_EQ(table->Value(u"CITY"_s), u"Dover"_s);
+}
+
+TEST_F(BackEndTest, ASlowCallEndsAtItsDeadlineWithoutAChange)
+{
+    server->faults.answersAfter = std::chrono::seconds(3);
+    {
+        const WaitScope brief(home.engine, {std::chrono::seconds(1), {}});
+        QString text;
+        EXPECT_EQ(ErrorOf([&] { Add(u"1 LATE ST"_s); }, &text), error::kConnectionLost);
+        EXPECT_TRUE(text.contains(u"did not answer"_s)) << text.toStdString();
+    }
+    server->faults.answersAfter = {};
+    EXPECT_EQ(table->RecordCount(), 100);
+    server->faults.answersAfter = std::chrono::seconds(3);
+    table->CancelUpdate();
+    Add(u"1 LATE ST"_s); // the scope's deadline went with it
+    EXPECT_EQ(table->RecordCount(), 101);
+}
+
+TEST_F(BackEndTest, AWaitIsGivenUpByTheHookAndNothingComesBetween)
+{
+    server->faults.answersAfter = std::chrono::seconds(3);
+    int looks = 0, within = 0;
+    const int before = server->calls;
+    const WaitScope scope(home.engine, {std::chrono::seconds(60), [&](std::chrono::milliseconds waited) {
+                                            ++looks;
+                                            within = ErrorOf([&] { table->MoveLast(); });
+                                            return waited < std::chrono::milliseconds(200);
+                                        }});
+    EXPECT_EQ(ErrorOf([&] { table->Seek(u"="_s, u"003 OAK ST"_s); }), error::kWaitGivenUp);
+    EXPECT_EQ(looks, 20);
+    EXPECT_EQ(within, error::kInternalEngine);
+    EXPECT_EQ(server->calls, before + 1) << "what the hook tried never reached the server";
+    server->faults.answersAfter = {};
+    table->Seek(u"="_s, u"003 OAK ST"_s);
+    EXPECT_FALSE(table->NoMatch());
+}
+
+TEST_F(BackEndTest, AStreamOfKeysEndsWhenNobodyWantsMore)
+{
+    const auto rows = database->OpenRows(sql::WholeTable(database->Table(u"COMPS"_s)));
+    std::size_t got = 0;
+    rows->ReadKeys([&](std::span<const Bookmark> keys) {
+        got += keys.size();
+        return false;
+    });
+    EXPECT_GT(got, 0U);
+    EXPECT_LT(got, 100U);
 }
 
 TEST_F(BackEndTest, AChangeWhoseAnswerWasLostIsNotMadeTwice)

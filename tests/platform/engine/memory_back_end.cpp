@@ -162,7 +162,9 @@ std::shared_ptr<Database> MemoryBackEnd::Open(const QString& path, OpenMode mode
 
 void MemoryBackEnd::Create(const QString& path)
 {
-    m_servers[path.toUpper()] = std::make_shared<MemoryServer>();
+    auto server = std::make_shared<MemoryServer>();
+    server->waits = m_waits;
+    m_servers[path.toUpper()] = std::move(server);
 }
 
 void MemoryBackEnd::Copy(const QString&, const QString&)

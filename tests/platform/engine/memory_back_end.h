@@ -24,7 +24,7 @@ public:
     void Create(const QString& path) override;
     void Copy(const QString& source, const QString& target) override;
     [[nodiscard]] QList<User> Users(const QString& path) const override;
-    void SetLockWait(int) override {}
+    void SetWaits(std::shared_ptr<Waits> waits) override { m_waits = std::move(waits); }
 
     [[nodiscard]] std::shared_ptr<MemoryServer> ServerOf(const QString& path) const; ///< @throws 3024
 
@@ -33,6 +33,7 @@ private:
     int m_rowsAhead;
     QHash<QString, std::shared_ptr<MemoryServer>> m_servers;
     QHash<QString, int> m_users;
+    std::shared_ptr<Waits> m_waits;
 };
 
 } // namespace vasclip::engine

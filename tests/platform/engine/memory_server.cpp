@@ -8,9 +8,19 @@ using namespace Qt::Literals::StringLiterals;
 
 void MemoryServer::Call()
 {
+    if (waits)
+        waits->NeedFree();
     ++calls;
     if (const auto delay = faults.delay) // which may take itself away
         delay();
+    constexpr std::chrono::milliseconds kLook{10};
+    for (auto waited = kLook; waits && waited < faults.answersAfter; waited += kLook) {
+        if (waits->GoOn(waited))
+            continue;
+        if (waits->TakeGivenUp())
+            throw RuntimeError(error::kWaitGivenUp, u"The wait for the server was given up"_s);
+        throw RuntimeError(error::kConnectionLost, u"The server did not answer in time"_s);
+    }
     if (faults.failAfter == 0)
         throw RuntimeError(error::kConnectionLost, u"The connection to the server is lost"_s);
     if (faults.failAfter > 0)

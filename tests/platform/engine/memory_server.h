@@ -1,12 +1,15 @@
 #pragma once
 
 #include "platform/engine/types.h"
+#include "platform/engine/waits.h"
 
 #include <QHash>
 #include <QVariant>
 
+#include <chrono>
 #include <functional>
 #include <map>
+#include <memory>
 #include <vector>
 
 namespace vasclip::engine {
@@ -15,6 +18,7 @@ namespace vasclip::engine {
 struct MemoryFaults
 {
     std::function<void()> delay;   ///< turned before every call
+    std::chrono::milliseconds answersAfter{0}; ///< each call; the time passes without a clock
     int failAfter = -1;            ///< so many calls succeed, then the connection is lost; -1 for never
     bool loseCommitAnswer = false; ///< the next commit happens, and its answer does not arrive
 };
@@ -40,8 +44,10 @@ class MemoryServer
 public:
     MemoryFaults faults;
     int calls = 0;
+    std::shared_ptr<Waits> waits; ///< of the engine whose calls these are
 
-    // Every access is one call. @throws 3151 when the connection is lost
+    // Every access is one call. @throws 3151 when the connection is lost or no answer came in time, 3059 when
+    // the wait was given up
     [[nodiscard]] MemoryTable& Table(const QString& name); ///< @throws 3078
     [[nodiscard]] const QList<MemoryTable>& Tables();
     [[nodiscard]] qint64 Generation() const { return m_generation; }

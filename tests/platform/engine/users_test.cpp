@@ -1,6 +1,8 @@
 #include "platform/engine/home.h"
+#include "platform/engine/waits.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QThread>
@@ -171,6 +173,32 @@ TEST_F(UsersTest, ALockThatLastsIsError3218)
     table->Update();
     EXPECT_EQ(City(u"B2"_s), u"Bend"_s);
     EXPECT_EQ(City(u"A1"_s), u"Salem"_s) << "the other user's transaction was never committed";
+}
+
+TEST_F(UsersTest, AWaitForALockCanBeGivenUp)
+{
+    const auto other = Hold(u"locked"_s);
+    Edit(u"B2"_s, u"Bend"_s);
+    int looks = 0, within = 0;
+    QElapsedTimer time;
+    time.start();
+    {
+        const WaitScope scope(home.engine, {std::chrono::seconds(60), [&](std::chrono::milliseconds) {
+                                                within = ErrorOf([&] { static_cast<void>(database->TableNames()); });
+                                                return ++looks < 4;
+                                            }});
+        QString text;
+        EXPECT_EQ(ErrorOf([&] { table->Update(); }, &text), error::kWaitGivenUp);
+        EXPECT_TRUE(text.contains(QString::number(other->processId()))) << text.toStdString();
+    }
+    EXPECT_EQ(looks, 4);
+    EXPECT_EQ(within, error::kInternalEngine) << "no call between the halves of another";
+    EXPECT_LT(time.elapsed(), 30000);
+    home.engine.SetLockWait(50);
+    EXPECT_EQ(ErrorOf([&] { table->Update(); }), error::kCouldNotUpdateLocked) << "a wait that ran out is none given up";
+    Finish(*other);
+    table->Update();
+    EXPECT_EQ(City(u"B2"_s), u"Bend"_s);
 }
 
 TEST_F(UsersTest, TheCompanionNamesItsUsersAndGoesWithTheLast)

@@ -45,7 +45,7 @@ std::shared_ptr<Connection> SqliteBackEnd::Connect(const QString& native, const 
     if (auto connection = place.lock())
         return connection;
     auto connection =
-        std::make_shared<Connection>(Connection::Setup{native, shown, m_workspace->lockWait, readOnly});
+        std::make_shared<Connection>(Connection::Setup{native, shown, m_workspace->waits, readOnly});
     place = connection;
     return connection;
 }
@@ -77,7 +77,7 @@ void SqliteBackEnd::Create(const QString& path)
 {
     NewFile file(Disk().ToNative(path), path);
     {
-        Connection connection({file.Path(), path, m_workspace->lockWait, false, true});
+        Connection connection({file.Path(), path, m_workspace->waits, false, true});
     }
     file.Finish();
 }
@@ -127,15 +127,6 @@ QList<User> SqliteBackEnd::Users(const QString& path) const
     const QString native = Disk().ToNative(path);
     const QString canonical = QFileInfo(native).canonicalFilePath();
     return Companion::Users(canonical.isEmpty() ? native : canonical);
-}
-
-void SqliteBackEnd::SetLockWait(int milliseconds)
-{
-    m_workspace->lockWait = milliseconds;
-    for (const auto& known : std::as_const(m_workspace->connections)) {
-        if (const auto connection = known.lock())
-            connection->SetLockWait(milliseconds);
-    }
 }
 
 } // namespace vasclip::engine

@@ -16,7 +16,7 @@ public:
     void Create(const QString& path) override;
     void Copy(const QString& source, const QString& target) override;
     [[nodiscard]] QList<User> Users(const QString& path) const override;
-    void SetLockWait(int milliseconds) override;
+    void SetWaits(std::shared_ptr<Waits> waits) override { m_workspace->waits = std::move(waits); }
 
 private:
     [[nodiscard]] const files::Disk& Disk() const { return *m_workspace->disk; }

@@ -9,6 +9,7 @@
 #include "platform/engine/sqlite/schema_tables.h"
 #include "platform/engine/values.h"
 
+#include <QElapsedTimer>
 #include <QMutex>
 #include <QScopeGuard>
 #include <QSysInfo>
@@ -16,6 +17,11 @@
 #include <QtEndian>
 
 #include <sqlite3.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <thread>
 
 namespace vasclip::engine {
 
@@ -50,6 +56,24 @@ QString OtherUsers(const QString& nativePath)
     return names.isEmpty() ? QString() : u" (%1)"_s.arg(names.join(u" or "_s));
 }
 
+/// A lock is in the way for the `count`th time since a call began to wait for it.
+/// @return 0 to give up
+int WaitForLock(void* waiting, int count)
+{
+    using std::chrono::milliseconds;
+    constexpr std::array kPauses{1, 2, 5, 10, 15, 20, 25}; // short at first: most locks last a few milliseconds
+    static thread_local QElapsedTimer since;
+    if (count == 0)
+        since.start();
+    auto& waits = *static_cast<Waits*>(waiting);
+    const milliseconds waited(since.elapsed());
+    if (!waits.GoOn(waited))
+        return 0;
+    const milliseconds pause(kPauses.at(std::min(static_cast<std::size_t>(count), kPauses.size() - 1)));
+    std::this_thread::sleep_for(std::min(pause, std::max(milliseconds(1), waits.Now().deadline - waited)));
+    return 1;
+}
+
 } // namespace
 
 Connection::Connection(const Setup& setup)
@@ -64,7 +88,7 @@ Connection::Connection(const Setup& setup)
         if (code != SQLITE_OK)
             Fail(code);
         sqlite3_extended_result_codes(m_handle, 1);
-        sqlite3_busy_timeout(m_handle, setup.lockWait);
+        sqlite3_busy_handler(m_handle, &WaitForLock, setup.waits.get());
         sqlite3_db_config(m_handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
         sqlite3_db_config(m_handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
         sqlite3_db_config(m_handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
@@ -108,14 +132,9 @@ bool Connection::HasOpen(const QString& nativePath)
     return OpenFiles().contains(nativePath);
 }
 
-void Connection::SetLockWait(int milliseconds)
-{
-    m_setup.lockWait = milliseconds;
-    sqlite3_busy_timeout(m_handle, milliseconds);
-}
-
 void Connection::Run(const QString& sql)
 {
+    Waiting().NeedFree();
     Check(sqlite3_exec(m_handle, sql.toUtf8().constData(), nullptr, nullptr, nullptr));
 }
 
@@ -138,6 +157,10 @@ void Connection::Fail(int code)
     switch (code & 0xFF) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
+        if (Waiting().TakeGivenUp())
+            throw RuntimeError(error::kWaitGivenUp,
+                               u"The wait for another user%1 was given up; %2 is as it was"_s.arg(
+                                   OtherUsers(m_setup.nativePath), file));
         if (m_beginning || (m_depth > 0 && !ReadOnly()))
             throw RuntimeError(
                 error::kCouldNotUpdateLocked,
@@ -402,6 +425,7 @@ sqlite3_stmt* Connection::Take(const QString& sql)
 {
     if (sqlite3_stmt* idle = m_idle.take(sql))
         return idle;
+    Waiting().NeedFree();
     sqlite3_stmt* statement = nullptr;
     const QByteArray utf8 = sql.toUtf8();
     Check(sqlite3_prepare_v3(m_handle, utf8.constData(), static_cast<int>(utf8.size()),
@@ -451,6 +475,7 @@ Query& Query::BindAll(const QVariantList& values, int first)
 
 bool Query::Step()
 {
+    m_connection.Waiting().NeedFree();
     const int code = sqlite3_step(m_statement);
     if (code == SQLITE_ROW)
         return true;

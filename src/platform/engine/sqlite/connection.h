@@ -3,6 +3,7 @@
 #include "platform/engine/companion.h"
 #include "platform/engine/database.h"
 #include "platform/engine/sqlite/sql_printer.h"
+#include "platform/engine/waits.h"
 #include "platform/files/disk.h"
 
 #include <QHash>
@@ -39,7 +40,7 @@ public:
     {
         QString nativePath;
         QString shown; ///< drive path, for messages
-        int lockWait = 5000;
+        std::shared_ptr<Waits> waits = std::make_shared<Waits>();
         bool readOnly = false;
         bool fresh = false; ///< an empty file that gets the engine's own tables first
     };
@@ -60,7 +61,7 @@ public:
     [[nodiscard]] const QString& Damage() const { return m_damage; }
     void SetDamage(const QString& damage);
     [[nodiscard]] QString DamageText() const; ///< why nothing is written, and what to do
-    void SetLockWait(int milliseconds);
+    [[nodiscard]] Waits& Waiting() const { return *m_setup.waits; }
 
     /// Runs statements of the engine's own.
     void Run(const QString& sql);
