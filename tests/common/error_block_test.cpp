@@ -72,6 +72,19 @@ TEST(FileErrors, RaisesAllOthersWithoutABox)
     EXPECT_TRUE(ports.prompter.Boxes().empty());
 }
 
+TEST(FileErrors, ALostConnectionAndAWaitThatWasGivenUpEndNothing)
+{
+    constexpr int kConnectionLost = 3151, kWaitGivenUp = 3059;
+    for (const int number : {kConnectionLost, kWaitGivenUp}) {
+        TestPorts ports;
+        const RuntimeError failure(number, u"The server did not answer in time"_s);
+        EXPECT_EQ(FileErrors(ports.prompter, failure), ErrorAction::Raise) << "a step is not repeated unasked";
+        ReportError(ports.prompter, failure);
+        ASSERT_EQ(ports.prompter.Boxes().size(), 1U);
+        EXPECT_TRUE(ports.prompter.Boxes()[0].text.startsWith(u"The server did not answer in time."_s));
+    }
+}
+
 TEST(FileErrors, ALockedRecordEndsTheProgramWithItsMessage)
 {
     TestPorts ports;
