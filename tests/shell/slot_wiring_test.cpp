@@ -173,7 +173,7 @@ TEST_P(SlotOfGroup, AClickOnItsDataBoxSendsTheRecordOfItsText)
 {
     Get<forms::TextBox>(row.text, 1).SetText(u"12 Oak St"_s);
     Q_EMIT Get(row.data, 1).Clicked();
-    EXPECT_EQ(main.status.lblmsg.Caption(), u"12 OAK ST is in the report now."_s);
+    EXPECT_EQ(main.status.lblmsg.Caption(), u"12 Oak St is in the report now."_s);
     const QString lamp = row.data.endsWith(u"Comp"_s) ? u"comp"_s : row.key.mid(2, 4);
     EXPECT_EQ(Shows(Get(row.data, 1)), u"C:\\VAS2000\\"_s + lamp + u"full.jpg"_s);
     EXPECT_FALSE(conduit.pokes.isEmpty());
