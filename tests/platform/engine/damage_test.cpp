@@ -91,6 +91,52 @@ TEST_F(DamageTest, ABrokenPageIsFoundAtTheOpeningAndTheFileIsWrittenNoMore)
     EXPECT_TRUE(Bytes() == before);
 }
 
+TEST_F(DamageTest, WhatACheckFindsWithoutAReadErrorEndsAllWritingAndTheEditUnderWay)
+{
+    Make(40);
+    const QByteArray whole = Bytes();
+    const qsizetype row = whole.indexOf("000020 Oak StSalem");
+    ASSERT_GT(row, 0);
+    struct Row
+    {
+        const char* name;
+        qint64 at;
+        QByteArray bytes;
+        CheckDepth depth;
+    };
+    const Row rows[] = {
+        {"more unused pages than pages", 36, QByteArray("\x00\x10\x00\x00", 4), CheckDepth::Opening},
+        {"a text that is none", row + 13, "\xFF\xFE", CheckDepth::Whole},
+        {"a record that its index knows by another key", row, "000029 Oak StSalem", CheckDepth::Whole},
+    };
+    for (const Row& broken : rows) {
+        Put(0, whole);
+        Put(broken.at, broken.bytes);
+        const QByteArray before = Bytes();
+        const auto database = Open();
+        const auto edited = database->OpenRecordset(u"COMPS"_s, RecordsetType::Table);
+        const auto table = database->OpenRecordset(u"COMPS"_s, RecordsetType::Table);
+        edited->MoveFirst();
+        edited->Edit();
+        edited->SetValue(u"CITY"_s, u"ALDER"_s);
+        EXPECT_TRUE(table->Updatable()) << broken.name << ": nothing is known yet";
+        const QStringList found = CheckDatabase(*database, broken.depth);
+        ASSERT_FALSE(found.isEmpty()) << broken.name;
+        EXPECT_EQ(DamageOf(*database), found.first()) << broken.name;
+        EXPECT_FALSE(table->Updatable()) << broken.name;
+        QString text;
+        EXPECT_EQ(ErrorOf([&] { table->AddNew(); }, &text), error::kFileIsReadOnly) << broken.name;
+        EXPECT_TRUE(text.contains(found.first())) << text.toStdString();
+        EXPECT_EQ(ErrorOf([&] { edited->Update(); }), error::kFileIsReadOnly) << broken.name;
+        EXPECT_EQ(ErrorOf([&] { database->Execute(u"DELETE FROM COMPS"_s); }), error::kFileIsReadOnly) << broken.name;
+        edited->CancelUpdate();
+        edited->Close();
+        table->Close();
+        database->Close();
+        EXPECT_TRUE(Bytes() == before) << broken.name;
+    }
+}
+
 TEST_F(DamageTest, AReadThatMeetsABrokenPageEndsAllWriting)
 {
     Make(400);
