@@ -1,5 +1,7 @@
 #include "shell/menus.h"
 
+#include <QSet>
+
 #include <gtest/gtest.h>
 
 using namespace Qt::Literals::StringLiterals;
@@ -63,6 +65,22 @@ TEST_F(MenusTest, OtherMenusInStoredOrder)
     EXPECT_EQ(Captions(menus.mnuHelpItem.Entries()),
               (QStringList{u"0 Program Help"_s, u"1 Tutorials"_s, u"2 What's New?"_s, u"8 -"_s,
                            u"9 Connect to Website"_s, u"11 -"_s, u"12 About"_s}));
+}
+
+TEST_F(MenusTest, EachNumberStandsOnceInAMenu)
+{
+    const auto check = [](const QString& array, const QList<forms::MenuEntry>& entries, const auto& again) -> void {
+        QSet<int> numbers;
+        for (const forms::MenuEntry& entry : entries) {
+            EXPECT_FALSE(numbers.contains(entry.index)) << array.toStdString() << " has " << entry.index << " twice";
+            numbers.insert(entry.index);
+            again(entry.subName, entry.subEntries, again);
+        }
+    };
+    for (const forms::Menu* menu : menus.All()) {
+        EXPECT_FALSE(menu->Entries().isEmpty()) << menu->Name().toStdString() << " has no table";
+        check(menu->Name(), menu->Entries(), check);
+    }
 }
 
 TEST_F(MenusTest, AnEntryWithoutAScreenIsDisabled)
