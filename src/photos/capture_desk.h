@@ -47,7 +47,6 @@ public:
     void ShowDirectory(const QString& directory);
     /// The first look into the directory, and news of it from then on.
     void StartBrowsing();
-    [[nodiscard]] bool Browsing() const { return m_browsing; }
 
     // What is on show.
     void ViewFilCapture();

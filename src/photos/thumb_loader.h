@@ -56,7 +56,6 @@ private:
         int longerSide;
         quint64 round; ///< of Show; a task of an earlier round is not told any more
     };
-    void Enqueue(Task task);
     void Start();
     void WorkOff();
     void Do(const Task& task);

@@ -29,8 +29,8 @@ void LinkChannel::Greet(const QDeadlineTimer& deadline)
         throw RuntimeError(error::kLinkPeerGone,
                            u"The forms program refused the conversation: %1"_s.arg(refusal.text));
     }
-    m_partner = DecodeHello(line);
-    if (m_partner.nonce != nonce)
+    const Hello partner = DecodeHello(line);
+    if (partner.nonce != nonce)
         throw RuntimeError(error::kLinkPeerGone, u"The greeting on the link answers another conversation"_s);
 }
 

@@ -49,9 +49,6 @@ public:
     /// True if the other side is there and has said nothing unasked.
     [[nodiscard]] bool Idle();
 
-    /// What the other side called itself in its greeting.
-    [[nodiscard]] const Hello& Partner() const { return m_partner; }
-
 private:
     void Send(const QByteArray& line);
     [[nodiscard]] QByteArray Receive(const QDeadlineTimer& deadline);
@@ -61,7 +58,6 @@ private:
     Ways m_ways;
     Patience* m_patience = nullptr;
     LineCutter m_lines;
-    Hello m_partner;
     qint64 m_lastId = 0;
 };
 
