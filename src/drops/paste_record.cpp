@@ -31,7 +31,7 @@ Outcome PasteRecord(DropDesk& drops, const Drag& drag, const DropRule& rule, for
             photoTold = unsent->message;
     }
     desk.loader.ErrLoadPict(*slot.data, desk.globals.G_ProgramDir + u"Addendum_Added.bmp"_s);
-    slot.refreshIcons(desk);
+    slot.RefreshIcons(desk);
     desk.ports.window.AppActivate();
     return InReport(desk, slot.text.Text(), photo, photoTold);
 }

@@ -59,7 +59,7 @@ Outcome Send(DropDesk& drops, const QString& key, const DropRule& rule, int inde
     const bool stands = slot.text.Text() == SlotText(desk.state);
     if (stands && (kept || told.Failed()))
         slot.text.SetText(before);
-    slot.refreshIcons(desk);
+    slot.RefreshIcons(desk);
     desk.ports.window.AppActivate();
     if (told.Failed() && sent == PhotoSent::Yes) {
         outcome.message.chop(1);

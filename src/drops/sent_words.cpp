@@ -12,7 +12,7 @@ Outcome BrokenOff(link::LinkDesk& desk, const Slot& slot, link::DropOutcome resu
     const auto told = [](const QString& message) { return Outcome{false, message, forms::Colour::Red, {}}; };
     if (desk.state.addressSent) {
         slot.text.SetText(SlotText(desk.state));
-        slot.refreshIcons(desk);
+        slot.RefreshIcons(desk);
     }
     const QString shown = text::Trim(slot.text.Text());
     const QString again = u"Send it again."_s; // dropped, or by a menu or a key

@@ -6,31 +6,23 @@
 #include "photos/photo_lists.h"
 #include "platform/text/text.h"
 
-#include <algorithm>
-
 namespace vasclip::drops {
 
 using namespace Qt::Literals::StringLiterals;
 
 Slot SlotOf(link::LinkDesk& desk, QLatin1StringView group, int index)
 {
-    if (group == "SALE"_L1)
-        return {desk.report.txtComp(index), desk.slots.imaComp(index), &desk.slots.geaComp(index),
-                &link::RefreshCompIcons};
-    if (group == "ALT"_L1)
-        return {desk.report.txtAltComp(index), desk.slots.imaAltComp(index), &desk.slots.geaAltComp(index),
-                &link::RefreshAltCompIcons};
-    if (group == "LIST"_L1)
-        return {desk.report.txtListing(index), desk.slots.imaListing(index), &desk.slots.geaListing(index),
-                &link::RefreshListingIcons};
-    if (group == "RENT"_L1)
-        return {desk.report.txtRental(index), desk.slots.imaRental(index), &desk.slots.geaRental(index),
-                &link::RefreshRentalIcons};
-    if (group == "GENERAL"_L1)
-        return {desk.report.txtgeneraladdr(index), desk.slots.imaGeneral(index), nullptr,
-                &link::RefreshGeneralIcons};
-    return {desk.report.txtSubject, desk.slots.imaSubject(std::clamp(index, 1, 3)), nullptr,
-            [](link::LinkDesk& link) { link::RefreshSubjectIcons(link, 0); }};
+    const link::GroupRow* comps = link::GroupOfWord(group);
+    const link::Group of = comps                     ? comps->group
+                           : group == "GENERAL"_L1 ? link::Group::General
+                                                   : link::Group::Subject;
+    const link::SlotRef slot{of, index};
+    return {link::TextOf(desk.report, slot), link::PhotoOf(desk.slots, slot), link::BoxOf(desk.slots, slot), of};
+}
+
+void Slot::RefreshIcons(link::LinkDesk& desk) const
+{
+    link::RefreshIcons(desk, group);
 }
 
 QString SlotText(const link::LinkState& state)

@@ -2,6 +2,7 @@
 
 #include "drops/drag.h"
 #include "link/link_desk.h"
+#include "link/slot_table.h"
 
 #include <QLatin1StringView>
 
@@ -9,13 +10,15 @@
 
 namespace vasclip::drops {
 
-/// The controls of one report slot, and what refreshes the icons of its tab.
+/// The controls of one report slot.
 struct Slot
 {
     forms::TextBox& text; ///< key of its record
     forms::PictureBox& photo;
     forms::PictureBox* data; ///< nullptr for a slot without a data box
-    void (*refreshIcons)(link::LinkDesk&);
+    link::Group group;
+    /// The icons of its tab.
+    void RefreshIcons(link::LinkDesk& desk) const;
 };
 
 /// @param group  SUBJECT, SALE, ALT, GENERAL, LIST or RENT

@@ -138,7 +138,7 @@ Outcome ObtainPhoto(DropDesk& desk, QLatin1StringView group, int index)
     const QString view = group == "SUBJECT"_L1 ? link::SubjectView(index) : u"FRONT VIEW"_s;
     const PhotoSent sent = SendView(desk.link, slot.photo, view);
     const auto unsent = TellUnsent(desk.link, sent, view, key); // before the icons list other records' photos
-    slot.refreshIcons(desk.link);
+    slot.RefreshIcons(desk.link);
     if (unsent)
         return *unsent;
     if (sent == PhotoSent::None)
@@ -157,7 +157,7 @@ Outcome ClearPhoto(DropDesk& desk, QLatin1StringView group, int index)
         return *ended;
     const Slot slot = SlotOf(desk.link, group, index);
     const bool cleared = link::ClearSlotPhoto(desk.link, slot.photo, true);
-    slot.refreshIcons(desk.link);
+    slot.RefreshIcons(desk.link);
     if (!cleared && !desk.link.state.notSent.isEmpty())
         return NotSent(desk.link.state.notSent);
     return {cleared, {}, forms::Colour::Normal, {}};
@@ -196,7 +196,7 @@ Outcome ObtainGeneral(DropDesk& desk, int index)
     const GeneralTold told = TellGeneral(desk, index);
     if (told.addressFailed)
         giveBack();
-    slot.refreshIcons(link);
+    slot.RefreshIcons(link);
     if (unsent)
         return *unsent;
     const QString cleaned = photos::CleanedView(typed); // the record has it so; the report keeps what is typed
@@ -230,7 +230,7 @@ Outcome ObtainData(DropDesk& desk, QLatin1StringView group, int index, WithPhoto
     }
     if (slot.data != nullptr)
         link.loader.ErrLoadPict(*slot.data, link.globals.G_ProgramDir + u"Addendum_Added.bmp"_s);
-    slot.refreshIcons(link);
+    slot.RefreshIcons(link);
     link.ports.window.AppActivate();
     return InReport(link, slot.text.Text(), photoSent, photoTold);
 }

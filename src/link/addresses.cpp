@@ -12,8 +12,11 @@ namespace {
 
 using TextArray = forms::ControlArray<forms::TextBox>;
 
-void Copy(const TextArray& from, const TextArray& to)
+void ShowAddresses(LinkDesk& desk, Group group)
 {
+    const GroupRow& row = RowOf(group);
+    const TextArray& from = desk.addr.*row.addresses;
+    const TextArray& to = desk.report.*row.texts;
     for (int i = to.First(); i <= to.Last(); ++i)
         to(i).SetText(from(i).Text());
 }
@@ -28,30 +31,17 @@ void AddAddress(forms::ListBox& list, const QString& address, const QString& cit
 
 } // namespace
 
-std::array<AddressGroup, 4> AddressGroups(LinkDesk& desk)
-{
-    frm_Addr& a = desk.addr;
-    ReportControls& r = desk.report;
-    return {{{"SALE"_L1, a.txtCompAddr, a.txtCompCity, a.txtCompState, a.txtCompZip, r.txtComp},
-             {"ALT"_L1, a.txtAltCompAddr, a.txtAltCompCity, a.txtAltCompState, a.txtAltCompZip, r.txtAltComp},
-             {"RENT"_L1, a.txtRentalAddr, a.txtRentCity, a.txtRentState, a.txtRentZip, r.txtRental},
-             {"LIST"_L1, a.txtListingAddr, a.txtListCity, a.txtListState, a.txtListZip, r.txtListing}}};
-}
-
 std::optional<ReportPlace> PlaceInReport(LinkDesk& desk, const QString& address)
 {
     const QString key = text::Folded(address);
     if (key.isEmpty())
         return std::nullopt;
     if (key == text::Folded(desk.addr.txtCompAddr(0).Text()))
-        return ReportPlace{"SALE"_L1, 10};
-    for (const AddressGroup& group : AddressGroups(desk)) {
-        for (int i = 1; i <= group.Last(); ++i) {
-            if (key == text::Folded(group.addr(i).Text()))
-                return ReportPlace{group.compType == "SALE"_L1 ? "COMP"_L1 : group.compType,
-                                   static_cast<qint16>(i)};
-        }
-    }
+        return ReportPlace{Group::Subject, kSubjectComp};
+    for (const GroupRow* row : GatheredGroups())
+        for (int i = 1; i <= row->slots; ++i)
+            if (key == text::Folded((desk.addr.*row->addresses)(i).Text()))
+                return ReportPlace{row->group, static_cast<qint16>(i)};
     return std::nullopt;
 }
 
@@ -62,22 +52,22 @@ void setSubjectLabels(LinkDesk& desk)
 
 void SetSalesLabels(LinkDesk& desk)
 {
-    Copy(desk.addr.txtCompAddr, desk.report.txtComp);
+    ShowAddresses(desk, Group::Sales);
 }
 
 void SetAltSalesLabels(LinkDesk& desk)
 {
-    Copy(desk.addr.txtAltCompAddr, desk.report.txtAltComp);
+    ShowAddresses(desk, Group::Alternates);
 }
 
 void SetListingLabels(LinkDesk& desk)
 {
-    Copy(desk.addr.txtListingAddr, desk.report.txtListing);
+    ShowAddresses(desk, Group::Listings);
 }
 
 void SetRentalLabels(LinkDesk& desk)
 {
-    Copy(desk.addr.txtRentalAddr, desk.report.txtRental);
+    ShowAddresses(desk, Group::Rentals);
 }
 
 void SetKelAddresses(LinkDesk& desk)
@@ -125,10 +115,11 @@ void FillAddressList(LinkDesk& desk)
     list.Clear();
     AddAddress(list, desk.addr.txtCompAddr(0).Text(), desk.addr.txtKelCity.Text(),
                desk.addr.txtKelState.Text(), desk.addr.txtKelZip.Text());
-    for (const AddressGroup& group : AddressGroups(desk)) {
-        for (int i = 1; i <= group.Last(); ++i)
-            AddAddress(list, group.addr(i).Text(), group.city(i).Text(), group.state(i).Text(),
-                       group.zip(i).Text());
+    const frm_Addr& a = desk.addr;
+    for (const GroupRow* row : GatheredGroups()) {
+        for (int i = 1; i <= row->slots; ++i)
+            AddAddress(list, (a.*row->addresses)(i).Text(), (a.*row->cities)(i).Text(), (a.*row->states)(i).Text(),
+                       (a.*row->zips)(i).Text());
         desk.ports.pump.DoEvents();
     }
     const int empty = list.IndexOf(u", , ,"_s);

@@ -1,33 +1,16 @@
 #pragma once
 
 #include "link/link_desk.h"
+#include "link/slot_table.h"
 
 #include <optional>
 
 namespace vasclip::link {
 
-/// One of the four groups of comps, by the mapping's word: where its addresses stand in frm_Addr and on the
-/// window.
-struct AddressGroup
-{
-    QLatin1StringView compType; ///< SALE, ALT, RENT, LIST
-    const forms::ControlArray<forms::TextBox>& addr;
-    const forms::ControlArray<forms::TextBox>& city;
-    const forms::ControlArray<forms::TextBox>& state;
-    const forms::ControlArray<forms::TextBox>& zip;
-    const forms::ControlArray<forms::TextBox>& slots; ///< the text slots of the window
-
-    /// Slots run from 1 to this.
-    [[nodiscard]] int Last() const { return slots.Last(); }
-};
-/// SALE, ALT, RENT, LIST: the order in which addresses are gathered.
-[[nodiscard]] std::array<AddressGroup, 4> AddressGroups(LinkDesk& desk);
-
-/// A comp of the report: its group word (COMP, ALT, RENT, LIST, or SALE for the subject) and its number, 10
-/// for the subject.
+/// A comp of the report, or the subject with kSubjectComp.
 struct ReportPlace
 {
-    QLatin1StringView groupWord;
+    Group group = Group::Subject;
     qint16 comp = 0;
 };
 /// Where in the report an address stands, as the last refresh read it; the first place of several.

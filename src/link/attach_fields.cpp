@@ -40,7 +40,7 @@ AttachFields GetNeighborHdCompData(LinkDesk& desk, const ReportPlace& place)
     AttachFields fields;
     store::DataSource& mapping = desk.sources.datComp2Kel_CURRENT;
     FilterComp2Kel(mapping, desk.addr.txtFormType.Text(), text::Dec(KelPageBase(place.comp)),
-                   CompGroup(place.groupWord));
+                   RowOf(place.group).mapping);
     const QString report = text::Trim(desk.addr.txtKelReport.Text());
     for (const MappingRow& row : ReadMappingRows(mapping, MappingColumns::Fields)) {
         for (const FieldRow& wanted : kFields) {
@@ -51,7 +51,7 @@ AttachFields GetNeighborHdCompData(LinkDesk& desk, const ReportPlace& place)
                 text::Trim(KelGetFieldInfo(desk.txtDDE, report, row.formName + u'|' + cell));
         }
     }
-    const bool comp = place.comp != 10;
+    const bool comp = place.group != Group::Subject;
     const common::CityStateZip line = common::ParseCityStateZip(fields.neighborhood);
     if (comp && !(line == common::CityStateZip{})) {
         TakeIfBlank(fields.city, line.city);

@@ -8,6 +8,7 @@
 #include "link/kel_helpers.h"
 #include "link/messages.h"
 #include "link/price_date_age.h"
+#include "link/slot_table.h"
 #include "platform/text/text.h"
 #include "store/change.h"
 
@@ -24,9 +25,8 @@ constexpr int kCellsBetweenTurns = 16;
 
 QString MappingGroup(const QString& compType)
 {
-    static constexpr std::array kOwn = {"LIST"_L1, "RENT"_L1, "ALT"_L1};
-    const QString word = text::Folded(compType);
-    return std::find(kOwn.begin(), kOwn.end(), word) == kOwn.end() ? u"SALE"_s : word;
+    const GroupRow* row = GroupOfWord(compType);
+    return row && text::Folded(compType) == row->mapping ? row->mapping : RowOf(Group::Sales).mapping;
 }
 
 QString ReadCell(LinkDesk& desk, const QString& report, const QString& item, const QString& field)

@@ -8,6 +8,7 @@
 #include "link/report_check.h"
 #include "link/reporter.h"
 #include "link/slot_photos.h"
+#include "link/slot_table.h"
 #include "link/swap_comps.h"
 #include "link/talk.h"
 #include "platform/text/text.h"
@@ -177,16 +178,8 @@ QString ExistingSlotText(const ReportControls& report, const QString& compType, 
 {
     if (index == 0 || index == -1)
         return {};
-    const QString group = CompGroup(compType);
-    if (group == "SALE"_L1)
-        return report.txtComp(index).Text();
-    if (group == "ALT"_L1)
-        return report.txtAltComp(index).Text();
-    if (group == "RENT"_L1)
-        return report.txtRental(index).Text();
-    if (group == "LIST"_L1)
-        return report.txtListing(index).Text();
-    return {};
+    const GroupRow* row = GroupOfWord(compType);
+    return row ? (report.*row->texts)(index).Text() : QString();
 }
 
 } // namespace vasclip::link

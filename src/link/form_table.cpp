@@ -1,6 +1,7 @@
 #include "link/form_table.h"
 
 #include "common/globals.h"
+#include "link/slot_table.h"
 #include "platform/text/text.h"
 
 #include <algorithm>
@@ -118,27 +119,16 @@ bool IsReservedName(const QString& name)
 
 QString ReturnPageType(int tabIndex)
 {
-    static constexpr QLatin1StringView kTypes[] = {"SUBJECT_"_L1, "COMPARABLES_"_L1, "GENERAL_"_L1,
-                                                   "LISTINGS_"_L1, "RENTALS_"_L1};
-    return tabIndex >= 0 && tabIndex < 5 ? QString(kTypes[tabIndex]) : QString();
+    for (const GroupRow& row : GroupTable())
+        if (row.dataPage == tabIndex)
+            return row.pageKey;
+    return {};
 }
 
 QString CompGroup(const QString& compType)
 {
-    struct Row
-    {
-        QLatin1StringView word, group;
-    };
-    static constexpr Row kRows[] = {
-        {"SALE"_L1, "SALE"_L1}, {"COMP"_L1, "SALE"_L1},    {"COMPS"_L1, "SALE"_L1},
-        {"ALT"_L1, "ALT"_L1},   {"ALTCOMP"_L1, "ALT"_L1},  {"ALTCOMPS"_L1, "ALT"_L1},
-        {"RENT"_L1, "RENT"_L1}, {"RENTAL"_L1, "RENT"_L1},  {"RENTALS"_L1, "RENT"_L1},
-        {"LIST"_L1, "LIST"_L1}, {"LISTING"_L1, "LIST"_L1}, {"LISTINGS"_L1, "LIST"_L1}};
-    const QString word = text::Folded(compType);
-    for (const Row& row : kRows)
-        if (word == row.word)
-            return row.group;
-    return compType;
+    const GroupRow* row = GroupOfWord(compType);
+    return row ? QString(row->mapping) : compType;
 }
 
 } // namespace vasclip::link

@@ -5,6 +5,7 @@
 #include "link/messages.h"
 #include "link/report_check.h"
 #include "link/reporter.h"
+#include "link/slot_table.h"
 #include "link/talk.h"
 #include "platform/text/text.h"
 
@@ -32,6 +33,9 @@ private:
     bool& m_flag;
     bool m_before;
 };
+
+/// The report's later general pages have no line for an address.
+constexpr int kLastPokedAddress = 18;
 
 /// The general pages' section, by the photo size that the forms list tells; only two of the sizes count here.
 QString GeneralSection(const QString& forms)
@@ -69,10 +73,11 @@ GeneralPoke PokeGeneral(LinkDesk& desk, const char* routine, const QString& keyS
 {
     bool place = true;
     const bool done = Reported(desk.ports.prompter, routine, [&] {
+        const GroupRow& row = RowOf(Group::General);
         const QString section = GeneralSection(text::Folded(desk.addr.txtKelListForms.Text()));
-        const QString key = index <= lastIndex ? keyStem + text::Dec((index - 1) % 3 + 1) : QString();
+        const QString key = index <= lastIndex ? keyStem + text::Dec((index - 1) % kSlotsOnAPage + 1) : QString();
         const QString cell = desk.kelIni(section, key);
-        const QString page = desk.kelIni(section, u"GENERAL_"_s + text::Dec((index + 2) / 3));
+        const QString page = desk.kelIni(section, row.pageKey + text::Dec(PageOf(row, index) + 1));
         place = !page.isEmpty() && !cell.isEmpty();
         try {
             KelPokeText(desk.txtDDE, u"Kel|"_s + text::Trim(desk.addr.txtKelReport.Text()), page + u'|' + cell,
@@ -98,9 +103,10 @@ void TabPopulateGeneralText(LinkDesk& desk)
         const QString forms = text::Folded(desk.addr.txtKelListForms.Text());
         const QString section = KelPageSection(desk.kelIni, u"SUBJECT_1"_s, forms);
         const QString report = text::Trim(desk.addr.txtKelReport.Text());
-        for (int n = 1; n <= 12; ++n) {
-            const QString page = KelReturnPage(desk.kelIni, u"GENERAL_"_s + text::Dec(n), forms);
-            GetGeneralText(desk, section, report, page, 3 * n - 2);
+        const GroupRow& row = RowOf(Group::General);
+        for (int n = 1; n <= row.pages; ++n) {
+            const QString page = KelReturnPage(desk.kelIni, row.pageKey + text::Dec(n), forms);
+            GetGeneralText(desk, section, report, page, (n - 1) * kSlotsOnAPage + 1);
         }
     });
 }
@@ -108,7 +114,7 @@ void TabPopulateGeneralText(LinkDesk& desk)
 void GetGeneralText(LinkDesk& desk, const QString& section, const QString& report, const QString& page,
                     int base)
 {
-    for (int place = 1; place <= 3; ++place) {
+    for (int place = 1; place <= kSlotsOnAPage; ++place) {
         const int slot = base + place - 1;
         if (desk.slots.imaGeneral(slot).Picture().isNull())
             continue;
@@ -129,12 +135,12 @@ GeneralPoke KelPokeGeneralData(LinkDesk& desk, int index, const QString& text)
 {
     if (!MayPoke(desk))
         return GeneralPoke::Failed;
-    return PokeGeneral(desk, "KelPokeGeneralData", u"GENERAL_DATA_"_s, 36, index, text);
+    return PokeGeneral(desk, "KelPokeGeneralData", u"GENERAL_DATA_"_s, photos::kGeneralPhotos, index, text);
 }
 
 GeneralPoke KelPokeGeneralAddr(LinkDesk& desk, int index, const QString& text)
 {
-    return PokeGeneral(desk, "KelPokeGeneralAddr", u"GENERAL_ADDR_"_s, 18, index, text);
+    return PokeGeneral(desk, "KelPokeGeneralAddr", u"GENERAL_ADDR_"_s, kLastPokedAddress, index, text);
 }
 
 namespace {

@@ -1,5 +1,6 @@
 #include "link/kel_helpers.h"
 
+#include "link/slot_table.h"
 #include "platform/text/text.h"
 
 #include <QStringList>
@@ -68,9 +69,9 @@ QString DoubleSlash(const QString& path)
 
 qint16 KelPageBase(qint16 comp)
 {
-    if (comp == 10)
-        return 10;
-    return comp >= 1 && comp <= 9 ? static_cast<qint16>((comp - 1) / 3 * 3 + 1) : qint16{0};
+    if (comp == kSubjectComp)
+        return kSubjectComp;
+    return comp >= 1 && comp <= photos::kComps ? static_cast<qint16>(FirstShown(comp)) : qint16{0};
 }
 
 QString KelShiftCell(const QString& rowCell, const QString& offset, qint16 comp)

@@ -50,22 +50,22 @@ void ReadCompRow(LinkDesk& desk, const QString& report, const MappingRow& row, c
     const bool address = field == "ADDRESS"_L1;
     if (!address && field != "NEIGHBORHD"_L1)
         return;
-    for (const AddressGroup& group : AddressGroups(desk)) {
-        if (row.compType.toUpper() != group.compType)
+    for (const GroupRow* group : GatheredGroups()) {
+        if (row.compType.toUpper() != group->mapping)
             continue;
         // A group without that page has no slot to fill.
-        for (int n = base; n <= base + 2 && n <= group.Last(); ++n) {
+        for (int n = base; n < base + kSlotsOnAPage && n <= group->slots; ++n) {
             const QString cell = KelShiftCell(row.RowCell(), row.offset, static_cast<qint16>(n));
             const QString value =
                 KelGetFieldInfo(desk.txtDDE, report, row.formName.toUpper() + u'|' + cell.toUpper());
             if (address) {
-                group.addr(n).SetText(value);
+                (desk.addr.*group->addresses)(n).SetText(value);
             } else {
                 // On a comp's form the second address line stands under NEIGHBORHD.
                 const common::CityStateZip parts = common::ParseCityStateZip(value);
-                group.city(n).SetText(parts.city);
-                group.state(n).SetText(parts.state);
-                group.zip(n).SetText(parts.zip);
+                (desk.addr.*group->cities)(n).SetText(parts.city);
+                (desk.addr.*group->states)(n).SetText(parts.state);
+                (desk.addr.*group->zips)(n).SetText(parts.zip);
             }
         }
     }
@@ -75,7 +75,7 @@ void ReadRow(LinkDesk& desk, const QString& report, const MappingRow& row)
 {
     const QString field = row.fieldName.toUpper();
     const double base = text::Val(row.comp);
-    if (base == 10)
+    if (base == kSubjectComp)
         ReadSubjectRow(desk, report, field, row.formName.toUpper() + u'|' + row.RowCell().toUpper());
     else if (base == 1 || base == 4 || base == 7)
         ReadCompRow(desk, report, row, field, static_cast<int>(base));

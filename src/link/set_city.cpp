@@ -14,8 +14,6 @@ using common::CityStateZip;
 
 namespace {
 
-constexpr qint16 kSubject = 10;
-
 const QString kCity = u"CITY"_s;
 const QString kState = u"ST"_s;
 const QString kZip = u"ZIP"_s;
@@ -37,20 +35,17 @@ CityStateZip PartsOfSlot(LinkDesk& desk, const QString& key)
     const std::optional<ReportPlace> place = PlaceInReport(desk, key);
     if (!place)
         return {};
-    if (place->comp == kSubject)
+    if (place->group == Group::Subject)
         return SubjectParts(desk.addr);
-    const QString word = place->groupWord == "COMP"_L1 ? u"SALE"_s : QString(place->groupWord);
-    for (const AddressGroup& group : AddressGroups(desk))
-        if (word == group.compType)
-            return {group.city(place->comp).Text(), group.state(place->comp).Text(),
-                    group.zip(place->comp).Text()};
-    return {};
+    const GroupRow& row = RowOf(place->group);
+    return {(desk.addr.*row.cities)(place->comp).Text(), (desk.addr.*row.states)(place->comp).Text(),
+            (desk.addr.*row.zips)(place->comp).Text()};
 }
 
 CityStateZip PartsOf(LinkDesk& desk, const QString& key)
 {
     // On a comp's form the second address line stands under NEIGHBORHD.
-    if (desk.state.compNumber != -1 && desk.state.compNumber != kSubject) {
+    if (desk.state.compNumber != -1 && desk.state.compNumber != kSubjectComp) {
         const CityStateZip read =
             common::ParseCityStateZip(store::GetFieldData(desk.sources.datDatabook, u"NEIGHBORHD"_s));
         if (Tells(read))

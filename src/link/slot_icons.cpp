@@ -9,9 +9,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-using TextArray = forms::ControlArray<forms::TextBox>;
-using PictureArray = forms::ControlArray<forms::PictureBox>;
-
 const QString kFrontView = u"FRONT VIEW"_s;
 
 QString FieldText(const store::DataSource& source, const QString& field)
@@ -22,15 +19,6 @@ QString FieldText(const store::DataSource& source, const QString& field)
 bool HasCoordinates(const store::DataSource& source)
 {
     return !FieldText(source, u"LONGITUDE"_s).isEmpty() && !FieldText(source, u"LATITUDE"_s).isEmpty();
-}
-
-void RefreshGroup(LinkDesk& desk, const char* routine, const TextArray& labels, const PictureArray& icons,
-                  const PictureArray& anchors)
-{
-    Reported(desk.ports.prompter, routine, [&] {
-        for (int i = labels.First(); i <= labels.Last(); ++i)
-            SetSlotIcon(desk, labels(i).Text(), icons(i), &anchors(i), kFrontView);
-    });
 }
 
 } // namespace
@@ -74,54 +62,56 @@ void SetSlotIcon(LinkDesk& desk, const QString& label, forms::PictureBox& icon, 
 void RefreshSubjectIcons(LinkDesk& desk, int view)
 {
     Reported(desk.ports.prompter, "RefreshSubjectIcons", [&] {
-        for (int i = 1; i <= 3; ++i)
+        for (int i = 1; i <= photos::kSubjectPhotos; ++i)
             if (view == 0 || view == i)
                 SetSlotIcon(desk, desk.report.txtSubject.Text(), desk.slots.imaSubjectIcon(i),
                             &desk.slots.imaSubjectAnchor(i), SubjectView(i));
     });
 }
 
+void RefreshIcons(LinkDesk& desk, Group group)
+{
+    const GroupRow& row = RowOf(group);
+    if (!row.texts) {
+        RefreshSubjectIcons(desk, 0);
+        return;
+    }
+    Reported(desk.ports.prompter, row.iconRoutine, [&] {
+        for (int i = 1; i <= row.slots; ++i)
+            SetSlotIcon(desk, (desk.report.*row.texts)(i).Text(), (desk.slots.*row.icons)(i),
+                        row.anchors ? &(desk.slots.*row.anchors)(i) : nullptr, kFrontView);
+    });
+}
+
 void RefreshCompIcons(LinkDesk& desk)
 {
-    RefreshGroup(desk, "RefreshCompIcons", desk.report.txtComp, desk.slots.imaCompIcon,
-                 desk.slots.imaCompAnchor);
+    RefreshIcons(desk, Group::Sales);
 }
 
 void RefreshAltCompIcons(LinkDesk& desk)
 {
-    RefreshGroup(desk, "RefreshAltCompIcons", desk.report.txtAltComp, desk.slots.imaAltCompIcon,
-                 desk.slots.imaAltCompAnchor);
+    RefreshIcons(desk, Group::Alternates);
 }
 
 void RefreshGeneralIcons(LinkDesk& desk)
 {
-    Reported(desk.ports.prompter, "RefreshGeneralIcons", [&] {
-        const TextArray& labels = desk.report.txtgeneraladdr;
-        for (int i = labels.First(); i <= labels.Last(); ++i)
-            SetSlotIcon(desk, labels(i).Text(), desk.slots.imaGeneralIcon(i), nullptr, kFrontView);
-    });
+    RefreshIcons(desk, Group::General);
 }
 
 void RefreshListingIcons(LinkDesk& desk)
 {
-    RefreshGroup(desk, "RefreshListingIcons", desk.report.txtListing, desk.slots.imaListingIcon,
-                 desk.slots.imaListingAnchor);
+    RefreshIcons(desk, Group::Listings);
 }
 
 void RefreshRentalIcons(LinkDesk& desk)
 {
-    RefreshGroup(desk, "RefreshRentalIcons", desk.report.txtRental, desk.slots.imaRentalIcon,
-                 desk.slots.imaRentalAnchor);
+    RefreshIcons(desk, Group::Rentals);
 }
 
 void RefreshAllSlotIcons(LinkDesk& desk)
 {
-    RefreshSubjectIcons(desk, 0);
-    RefreshCompIcons(desk);
-    RefreshAltCompIcons(desk);
-    RefreshGeneralIcons(desk);
-    RefreshListingIcons(desk);
-    RefreshRentalIcons(desk);
+    for (const GroupRow& row : GroupTable())
+        RefreshIcons(desk, row.group);
 }
 
 void SetAddendumIcon(LinkDesk& desk, forms::PictureBox& box, const forms::TextBox& label)
@@ -137,20 +127,10 @@ void SetAddendumIcon(LinkDesk& desk, forms::PictureBox& box, const forms::TextBo
 
 void RefreshAddendumIcons(LinkDesk& desk)
 {
-    struct Row
-    {
-        const PictureArray& boxes;
-        const TextArray& labels;
-    };
-    const Row rows[] = {{desk.slots.geaComp, desk.report.txtComp},
-                        {desk.slots.geaAltComp, desk.report.txtAltComp},
-                        {desk.slots.geaListing, desk.report.txtListing},
-                        {desk.slots.geaRental, desk.report.txtRental}};
     Reported(desk.ports.prompter, "RefreshAddendumIcons", [&] {
-        for (const Row& row : rows) {
-            for (int i = row.labels.Last(); i >= row.labels.First(); --i)
-                SetAddendumIcon(desk, row.boxes(i), row.labels(i));
-        }
+        for (const GroupRow& row : GroupTable())
+            for (int i = row.boxes ? row.slots : 0; i >= 1; --i)
+                SetAddendumIcon(desk, (desk.slots.*row.boxes)(i), (desk.report.*row.texts)(i));
     });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "link/link_desk.h"
+#include "link/slot_table.h"
 
 namespace vasclip::link {
 
@@ -13,6 +14,8 @@ void SetSlotIcon(LinkDesk& desk, const QString& label, forms::PictureBox& icon, 
 
 /// @param view  1 "FRONT VIEW", 2 "REAR VIEW", 3 "STREET SCENE", 0 all three
 void RefreshSubjectIcons(LinkDesk& desk, int view);
+/// The icons of a group; the five after it by their own names.
+void RefreshIcons(LinkDesk& desk, Group group);
 void RefreshCompIcons(LinkDesk& desk);
 void RefreshAltCompIcons(LinkDesk& desk);
 void RefreshGeneralIcons(LinkDesk& desk);

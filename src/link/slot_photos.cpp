@@ -5,6 +5,7 @@
 #include "link/messages.h"
 #include "link/report_check.h"
 #include "link/reporter.h"
+#include "link/slot_table.h"
 #include "link/talk.h"
 #include "photos/photo_copies.h"
 #include "platform/text/text.h"
@@ -15,37 +16,12 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-using PictureArray = forms::ControlArray<forms::PictureBox>;
+/// In place of a slot's number, for the image objects of which there is one.
+enum OneObject { kLocationMap = -1, kGeneralMap = -2, kFax = -3, kNoObject = -4 };
 
-/// The six groups of slots: the argument of SetPhotos, the prefix of its objects, the first letters that
-/// denote it in an object's name, and its controls.
-struct SlotGroup
+QString Prefix(const GroupRow& row)
 {
-    QLatin1StringView group, prefix, letters;
-    PictureArray photos::SlotControls::*array;
-};
-constexpr SlotGroup kGroups[] = {
-    {"SUB"_L1, "SUB_"_L1, "SUB"_L1, &photos::SlotControls::imaSubject},
-    {"CMP"_L1, "CMP_"_L1, "CMP"_L1, &photos::SlotControls::imaComp},
-    {"ALT"_L1, "ALT_"_L1, "ALT"_L1, &photos::SlotControls::imaAltComp},
-    {"GN"_L1, "GN_"_L1, "GN_"_L1, &photos::SlotControls::imaGeneral},
-    {"LCMP"_L1, "LCMP_"_L1, "LCM"_L1, &photos::SlotControls::imaListing},
-    {"RCMP"_L1, "RCMP_"_L1, "RCM"_L1, &photos::SlotControls::imaRental},
-};
-
-QString PrefixOf(const QString& upperName)
-{
-    if (upperName.contains("SUBJ"_L1))
-        return u"SUB_"_s;
-    if (upperName.contains("COMP"_L1))
-        return upperName.contains("ALT"_L1) ? u"ALT_"_s : u"CMP_"_s;
-    if (upperName.contains("LIST"_L1))
-        return u"LCMP_"_s;
-    if (upperName.contains("RENT"_L1))
-        return u"RCMP_"_s;
-    if (upperName.contains("GEN"_L1))
-        return u"GN_"_s;
-    return {};
+    return row.wire + u'_';
 }
 
 /// Opens the active report and leaves its forms list in Text. @return false if it isn't the one on show
@@ -111,19 +87,19 @@ SlotSend ShowAndSend(LinkDesk& desk, const char* routine, const forms::Control& 
 QString ImageObjectName(const QString& controlName, int index)
 {
     switch (index) {
-    case -1:
+    case kLocationMap:
         return u"MAP_LOCATION"_s;
-    case -2:
+    case kGeneralMap:
         return u"MAP_GENERAL_1"_s;
-    case -3:
+    case kFax:
         return u"FAX_SCAN_A"_s;
-    case -4:
+    case kNoObject:
         return {};
     default:
         break;
     }
-    const QString prefix = PrefixOf(controlName.toUpper());
-    return prefix.isEmpty() ? QString() : prefix + text::Dec(index) + u'_';
+    const GroupRow* row = GroupOfLetters(controlName);
+    return row ? Prefix(*row) + text::Dec(index) + u'_' : QString();
 }
 
 QString PathOfView(const LinkDesk& desk, const QString& view)
@@ -225,13 +201,13 @@ QString KelParseImages(const QString& images, const QString& key)
 void SetPhotos(LinkDesk& desk, const QString& group)
 {
     const QString wanted = text::Folded(group);
-    for (const SlotGroup& g : kGroups) {
-        if (wanted != g.group)
+    for (const GroupRow& row : GroupTable()) {
+        if (wanted != row.wire)
             continue;
         Reported(desk.ports.prompter, "SetPhotos", [&] {
-            const PictureArray& array = desk.slots.*g.array;
-            for (int i = 1; i <= array.Last(); ++i) {
-                const QString key = QString(g.prefix) + text::Dec(i) + u'_';
+            const GroupRow::Pictures& array = desk.slots.*row.photos;
+            for (int i = 1; i <= row.slots; ++i) {
+                const QString key = Prefix(row) + text::Dec(i) + u'_';
                 FillSlot(desk, array(i), KelParseImages(desk.addr.txtKelimages.Text(), key));
             }
         });
@@ -254,19 +230,18 @@ void LocateAndDisplay(LinkDesk& desk, const QString& name, const QString& path)
     const qint16 index = GetIndexValue(name);
     if (index == -1 || !desk.disk.FileExists(path))
         return;
-    for (const SlotGroup& g : kGroups)
-        if (upper.left(3) == g.letters)
-            desk.loader.ErrLoadThumb((desk.slots.*g.array)(index), path);
+    constexpr qsizetype kTelling = 3; // letters of an object's name
+    for (const GroupRow& row : GroupTable())
+        if (upper.left(kTelling) == Prefix(row).left(kTelling))
+            desk.loader.ErrLoadThumb((desk.slots.*row.photos)(index), path);
 }
 
 QStringList PicturesOfReport(const LinkDesk& desk)
 {
     QStringList files;
-    for (const SlotGroup& g : kGroups) {
-        const PictureArray& array = desk.slots.*g.array;
-        for (int i = 1; i <= array.Last(); ++i)
-            files.append(text::Folded(desk.loader.Table().ErrGetPict(array(i))));
-    }
+    for (const GroupRow& row : GroupTable())
+        for (int i = 1; i <= row.slots; ++i)
+            files.append(text::Folded(desk.loader.Table().ErrGetPict((desk.slots.*row.photos)(i))));
     for (const QString& entry : desk.addr.txtKelimages.Text().split(u';', Qt::SkipEmptyParts))
         files.append(text::Folded(entry.section(u'|', 1)));
     files.removeAll(QString());
@@ -275,13 +250,9 @@ QStringList PicturesOfReport(const LinkDesk& desk)
 
 void ClearAllSlots(LinkDesk& desk)
 {
-    static constexpr PictureArray photos::SlotControls::*kOrder[] = {
-        &photos::SlotControls::imaSubject, &photos::SlotControls::imaComp,
-        &photos::SlotControls::imaAltComp, &photos::SlotControls::imaGeneral,
-        &photos::SlotControls::imaListing, &photos::SlotControls::imaRental};
-    for (const auto array : kOrder)
-        for (int i = 1; i <= (desk.slots.*array).Last(); ++i)
-            desk.loader.geaClearImage((desk.slots.*array)(i));
+    for (const GroupRow& row : GroupTable())
+        for (int i = 1; i <= row.slots; ++i)
+            desk.loader.geaClearImage((desk.slots.*row.photos)(i));
 }
 
 } // namespace vasclip::link

@@ -9,7 +9,7 @@
 #include "link/reporter.h"
 #include "link/slot_icons.h"
 #include "link/slot_photos.h"
-#include "link/tabs.h"
+#include "link/slot_table.h"
 #include "link/talk.h"
 #include "platform/text/text.h"
 
@@ -21,8 +21,8 @@ namespace {
 
 bool HasSlot(const ReportControls& report, int comp)
 {
-    return comp >= report.txtComp.First() && comp <= report.txtComp.Last() && comp > 0 &&
-           report.txtComp(comp).Enabled() && !SlotPageNotAvailable(report, u"txtComp"_s, comp);
+    return comp >= 1 && comp <= RowOf(Group::Sales).slots && report.txtComp(comp).Enabled() &&
+           !OnMissingPage(report, {Group::Sales, comp});
 }
 
 void ReadAddress(LinkDesk& desk, const QList<MappingRow>& rows, int comp)

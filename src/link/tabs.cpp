@@ -11,9 +11,15 @@ namespace vasclip::link {
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace {
+
+constexpr int kAlternateKeys = 4;
+
+} // namespace
+
 QString CaptionRange(int n)
 {
-    return text::Dec((n + 1) * 3 - 2) + u" - "_s + text::Dec((n + 1) * 3);
+    return text::Dec(n * kSlotsOnAPage + 1) + u" - "_s + text::Dec((n + 1) * kSlotsOnAPage);
 }
 
 QString PageKind(const QString& word)
@@ -53,31 +59,41 @@ void HandleTabCaption(forms::TabControl& tab, int page, const QString& caption, 
 {
     if (enabled)
         tab.SetEnabled(true);
-    tab.SetTabCaption(page, enabled ? caption : kNotAvailable);
+    tab.SetTabCaption(page, enabled ? caption : QString(kNotAvailable));
 }
 
 void HandleNALabel(ReportControls& report, const forms::TabControl& tab, int page, bool enabled)
 {
-    const auto enable = [enabled](const auto& boxes, int firstPage, int pages) {
-        if (firstPage < 0 || firstPage >= pages)
-            return;
-        for (int i = firstPage * 3 + 1; i <= firstPage * 3 + 3; ++i)
-            boxes(i).SetEnabled(enabled);
-    };
     const QString name = text::Folded(tab.Name());
-    if (name == "TABCOMP"_L1) {
-        if (page < 3)
-            enable(report.txtComp, page, 3);
-        else
-            enable(report.txtAltComp, page - 3, 2);
-    } else if (name == "TABRENTAL"_L1) {
-        enable(report.txtRental, page, 3);
-    } else if (name == "TABLISTING"_L1) {
-        enable(report.txtListing, page, 2);
-    } else if (name == "TABGENERAL"_L1) {
-        enable(report.cboGeneral, page, 12);
+    for (const GroupRow& row : GroupTable()) {
+        const int place = page - row.firstPage;
+        if (!row.texts || name.compare(row.tab, Qt::CaseInsensitive) != 0 || place < 0 || place >= row.pages)
+            continue;
+        for (int i = place * kSlotsOnAPage + 1; i <= (place + 1) * kSlotsOnAPage; ++i) {
+            if (row.group == Group::General) // whose addresses are the subject's, and are always there
+                report.cboGeneral(i).SetEnabled(enabled);
+            else
+                (report.*row.texts)(i).SetEnabled(enabled);
+        }
     }
 }
+
+namespace {
+
+void SetPage(ReportControls& report, const GroupRow& row, int page, int j, bool on)
+{
+    forms::TabControl& tab = report.*row.tabControl;
+    HandleTabCaption(tab, page, PageCaption(QString(row.controls).toUpper(), j), on);
+    HandleNALabel(report, tab, page, on);
+}
+
+void SetHeading(ReportControls& report, const GroupRow& row, int place)
+{
+    if (row.headings)
+        (report.*row.headings)(place).SetCaption(row.heading + u' ' + CaptionRange(place));
+}
+
+} // namespace
 
 void TestOtherTabs(LinkDesk& desk, const QString& forms, bool forceAll)
 {
@@ -87,44 +103,22 @@ void TestOtherTabs(LinkDesk& desk, const QString& forms, bool forceAll)
     const auto available = [&](const QString& key) {
         return forceAll || !KelReturnPage(desk.kelIni, key, forms).isEmpty();
     };
-    const auto setPage = [&report](forms::TabControl& tab, int page, const QString& kind, int j, bool on) {
-        HandleTabCaption(tab, page, PageCaption(kind, j), on);
-        HandleNALabel(report, tab, page, on);
-    };
-
-    const QString comp = PageKind(u"COMPARABLES_1"_s);
-    for (int j = 1; j <= 3; ++j) {
-        setPage(report.TabComp, j - 1, comp, j, available(u"COMPARABLES_"_s + text::Dec(j)));
-        report.lblComp(j - 1).SetCaption(u"Comparables "_s + CaptionRange(j - 1));
-    }
-
-    const QString alternate = PageKind(u"ALT COMPS"_s);
-    for (int j = 1; j <= 4; ++j) {
-        // The third and fourth keys only claim a page that the first two left unused.
-        const bool second = j > 2;
-        const int page = second ? j : j + 2;
-        if (second && report.TabComp.TabCaption(page) != kNotAvailable)
+    for (const GroupRow& row : GroupTable()) {
+        if (!row.texts) // the subject's page is always there
             continue;
-        const int place = second ? j - 3 : j - 1;
-        setPage(report.TabComp, page, alternate, j, available(u"ALTPH"_s + text::Dec(j)));
-        report.lblAltComp(place).SetCaption(u"Alt Comparables "_s + CaptionRange(place));
-    }
-
-    const QString general = PageKind(u"GENERAL_1"_s);
-    for (int j = 1; j <= 12; ++j)
-        setPage(report.TabGeneral, j - 1, general, j, available(u"GENERAL_"_s + text::Dec(j)));
-
-    const QString listing = PageKind(u"LISTINGS_1"_s);
-    for (int j = 1; j <= 2; ++j) {
-        const bool on = available(u"LISTINGS_"_s + text::Dec(j)) || mainForm == "ERS"_L1;
-        setPage(report.TabListing, j - 1, listing, j, on);
-        report.lblListing(j - 1).SetCaption(u"Listings "_s + CaptionRange(j - 1));
-    }
-
-    const QString rental = PageKind(u"RENTALS_1"_s);
-    for (int j = 1; j <= 3; ++j) {
-        setPage(report.TabRental, j - 1, rental, j, available(u"RENTALS_"_s + text::Dec(j)));
-        report.lblRental(j - 1).SetCaption(u"Rentals "_s + CaptionRange(j - 1));
+        // The keys of the alternates after their pages only claim a page that those before have left unused.
+        const int keys = row.group == Group::Alternates ? kAlternateKeys : row.pages;
+        for (int j = 1; j <= keys; ++j) {
+            const bool again = j > row.pages;
+            const int place = again ? j - row.pages - 1 : j - 1;
+            const int page = row.firstPage + place;
+            if (again && (report.*row.tabControl).TabCaption(page) != kNotAvailable)
+                continue;
+            const bool on = available(row.pageKey + text::Dec(j)) ||
+                            (row.group == Group::Listings && mainForm == "ERS"_L1);
+            SetPage(report, row, page, j, on);
+            SetHeading(report, row, place);
+        }
     }
 
     const bool withoutFiveAndSix = mainForm == "DT3"_L1;
@@ -136,8 +130,9 @@ void TestOtherTabs(LinkDesk& desk, const QString& forms, bool forceAll)
         desk.slots.geaComp(comp).SetVisible(!withoutFiveAndSix);
     }
     if (mainForm == "704"_L1) {
-        for (int j = 1; j <= 2; ++j)
-            setPage(report.TabListing, j - 1, listing, j, false);
+        const GroupRow& listings = RowOf(Group::Listings);
+        for (int j = 1; j <= listings.pages; ++j)
+            SetPage(report, listings, listings.firstPage + j - 1, j, false);
     }
 }
 
@@ -170,25 +165,8 @@ void CaptionSubjectAnd(ReportControls& report)
 
 bool SlotPageNotAvailable(const ReportControls& report, const QString& controlName, int index)
 {
-    const QString name = text::Folded(controlName);
-    const forms::TabControl* tab = nullptr;
-    int firstPage = 0;
-    if (name.contains("ALTCOMP"_L1)) {
-        tab = &report.TabComp;
-        firstPage = 3;
-    } else if (name.contains("COMP"_L1)) {
-        tab = &report.TabComp;
-    } else if (name.contains("GENERAL"_L1)) {
-        tab = &report.TabGeneral;
-    } else if (name.contains("LISTING"_L1)) {
-        tab = &report.TabListing;
-    } else if (name.contains("RENTAL"_L1)) {
-        tab = &report.TabRental;
-    }
-    const int page = firstPage + (index - 1) / 3;
-    if (!tab || index < 1 || page >= tab->Tabs())
-        return false;
-    return tab->TabCaption(page) == kNotAvailable;
+    const GroupRow* row = GroupWithin(controlName);
+    return row && OnMissingPage(report, {row->group, index});
 }
 
 } // namespace vasclip::link

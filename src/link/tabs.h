@@ -1,6 +1,7 @@
 #pragma once
 
 #include "link/link_desk.h"
+#include "link/slot_table.h"
 
 namespace vasclip::link {
 
@@ -11,10 +12,7 @@ namespace vasclip::link {
 /// Caption of page j, from 1, of a kind: "1 - 3", "A 1 - 3" for alternates, "1P" for general pages.
 [[nodiscard]] QString PageCaption(const QString& kind, int j);
 
-/// The caption of a page that the report does not have.
-inline const QString kNotAvailable = QStringLiteral("N/A");
-
-/// An unavailable page reads "N/A"; an available one takes `caption`, and its tab control is enabled.
+/// An unavailable page reads kNotAvailable; an available one takes `caption`, and its tab control is enabled.
 void HandleTabCaption(forms::TabControl& tab, int page, const QString& caption, bool enabled);
 /// Enables or disables the three address boxes of the page; other tabs and pages past the end do nothing.
 void HandleNALabel(ReportControls& report, const forms::TabControl& tab, int page, bool enabled);

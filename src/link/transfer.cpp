@@ -86,7 +86,7 @@ private:
     {
         m_desk.state.currentKey = text::Folded(job.label->Text());
         m_desk.state.compNumber = job.comp;
-        m_desk.state.groupWord = job.groupWord;
+        m_desk.state.groupWord = RowOf(job.group).storing;
         const QString key = m_desk.state.currentKey;
         m_tally.blank += key.isEmpty() ? 1 : 0;
         if (job.data && !Data(key, progress))
@@ -185,14 +185,12 @@ TransferTally Transfer(LinkDesk& desk, const QList<TransferJob>& jobs, What what
     return tally;
 }
 
-TransferTally TransferGroupSlots(LinkDesk& desk, const char* routine, qsizetype group, bool all, int index,
-                                 What what)
+TransferTally TransferGroup(LinkDesk& desk, Group group, bool all, int index, What what)
 {
-    const common::RoutineScope scope{routine};
-    const TransferGroup slots_ = TransferGroups(desk).at(group);
+    const common::RoutineScope scope{RowOf(group).transferRoutine};
     const Wants wants = WantsOf(what);
-    const TransferTally tally = Transfer(desk, JobsOf(slots_, all, index, wants.data, wants.pictures), what);
-    slots_.refreshIcons(desk);
+    const TransferTally tally = Transfer(desk, JobsOf(desk, group, all, index, wants.data, wants.pictures), what);
+    RefreshIcons(desk, group);
     return tally;
 }
 
@@ -244,22 +242,22 @@ TransferTally TransferSubject(LinkDesk& desk, What what, int view)
 
 TransferTally TransferComps(LinkDesk& desk, bool all, int index, What what)
 {
-    return TransferGroupSlots(desk, "TransferComps", 0, all, index, what);
+    return TransferGroup(desk, Group::Sales, all, index, what);
 }
 
 TransferTally TransferAltComps(LinkDesk& desk, bool all, int index, What what)
 {
-    return TransferGroupSlots(desk, "TransferAltComps", 1, all, index, what);
+    return TransferGroup(desk, Group::Alternates, all, index, what);
 }
 
 TransferTally TransferListings(LinkDesk& desk, bool all, int index, What what)
 {
-    return TransferGroupSlots(desk, "TransferListings", 2, all, index, what);
+    return TransferGroup(desk, Group::Listings, all, index, what);
 }
 
 TransferTally TransferRentals(LinkDesk& desk, bool all, int index, What what)
 {
-    return TransferGroupSlots(desk, "TransferRentals", 3, all, index, what);
+    return TransferGroup(desk, Group::Rentals, all, index, what);
 }
 
 TransferTally TransferAllData(LinkDesk& desk, What what)
@@ -269,12 +267,13 @@ TransferTally TransferAllData(LinkDesk& desk, What what)
     QList<TransferJob> jobs = SubjectJobs(desk, wants.data, wants.pictures, 0);
     if (text::Trim(desk.report.txtSubject.Text()).isEmpty())
         jobs.clear();
-    for (const TransferGroup& group : TransferGroups(desk))
-        jobs += JobsOf(group, true, 0, wants.data, wants.pictures);
+    for (const GroupRow& row : GroupTable())
+        if (row.Comps())
+            jobs += JobsOf(desk, row.group, true, 0, wants.data, wants.pictures);
     const TransferTally tally = Transfer(desk, jobs, what);
-    RefreshSubjectIcons(desk, 0);
-    for (const TransferGroup& group : TransferGroups(desk))
-        group.refreshIcons(desk);
+    for (const GroupRow& row : GroupTable())
+        if (row.group != Group::General)
+            RefreshIcons(desk, row.group);
     return tally;
 }
 

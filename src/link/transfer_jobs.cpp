@@ -1,7 +1,6 @@
 #include "link/transfer_jobs.h"
 
 #include "link/slot_icons.h"
-#include "link/tabs.h"
 #include "platform/text/text.h"
 
 namespace vasclip::link {
@@ -10,57 +9,46 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr qint16 kSubject = 10;
-constexpr int kFirstGeneral = 101;
-constexpr int kLastGeneral = 136;
+/// Views of the subject above this are its general photos: 101 is that of general slot 1.
+constexpr int kGeneralView = 100;
 
 } // namespace
 
-QList<TransferGroup> TransferGroups(LinkDesk& desk)
-{
-    ReportControls& r = desk.report;
-    photos::SlotControls& s = desk.slots;
-    return {{"COMP"_L1, r.txtComp, s.imaComp, r.TabComp, 0, RefreshCompIcons},
-            {"ALT"_L1, r.txtAltComp, s.imaAltComp, r.TabComp, 3, RefreshAltCompIcons},
-            {"LIST"_L1, r.txtListing, s.imaListing, r.TabListing, 0, RefreshListingIcons},
-            {"RENT"_L1, r.txtRental, s.imaRental, r.TabRental, 0, RefreshRentalIcons}};
-}
-
-QList<TransferJob> JobsOf(const TransferGroup& group, bool all, int index, bool data, bool pictures)
+QList<TransferJob> JobsOf(LinkDesk& desk, Group group, bool all, int index, bool data, bool pictures)
 {
     QList<TransferJob> jobs;
+    const GroupRow& row = RowOf(group);
+    const GroupRow::Texts& labels = desk.report.*row.texts;
     const auto add = [&](int n) {
-        TransferJob job{group.word, static_cast<qint16>(n), &group.labels(n), data, {}};
+        TransferJob job{group, static_cast<qint16>(n), &labels(n), data, {}};
         if (pictures)
-            job.pictures.append({&group.pictures(n), SubjectView(1)});
+            job.pictures.append({&(desk.slots.*row.photos)(n), SubjectView(1)});
         jobs.append(job);
     };
     if (!all) {
         add(index);
         return jobs;
     }
-    for (int n = 1; n <= group.labels.Last(); ++n) {
-        const int page = group.firstPage + (n - 1) / 3;
-        if (group.tab.TabCaption(page) != kNotAvailable && !text::Trim(group.labels(n).Text()).isEmpty())
+    for (int n = 1; n <= row.slots; ++n)
+        if (!OnMissingPage(desk.report, {group, n}) && !text::Trim(labels(n).Text()).isEmpty())
             add(n);
-    }
     return jobs;
 }
 
 QList<TransferJob> SubjectJobs(LinkDesk& desk, bool data, bool pictures, int view)
 {
-    TransferJob job{"SALE"_L1, kSubject, &desk.report.txtSubject, data, {}};
+    TransferJob job{Group::Subject, kSubjectComp, &desk.report.txtSubject, data, {}};
     const bool one = !data && view != 0;
-    if (one && view >= kFirstGeneral && view <= kLastGeneral) {
-        const int slot = view - 100;
+    if (one && view > kGeneralView && view <= kGeneralView + photos::kGeneralPhotos) {
+        const int slot = view - kGeneralView;
         if (desk.slots.imaGeneral(slot).Picture().isNull())
             return {};
         job.pictures.append({&desk.slots.imaGeneral(slot), text::Trim(desk.report.cboGeneral(slot).Text())});
         return {job};
     }
-    if (one && (view < 1 || view > 3))
+    if (one && (view < 1 || view > photos::kSubjectPhotos))
         return {};
-    for (int i = 1; pictures && i <= 3; ++i)
+    for (int i = 1; pictures && i <= photos::kSubjectPhotos; ++i)
         if (!one || view == i)
             job.pictures.append({&desk.slots.imaSubject(i), SubjectView(i)});
     return {job};

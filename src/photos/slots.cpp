@@ -2,6 +2,7 @@
 
 #include "common/error_block.h"
 #include "common/paths.h"
+#include "photos/slot_counts.h"
 #include "platform/picture/picture.h"
 #include "platform/text/text.h"
 
@@ -111,27 +112,27 @@ bool StaysHidden(const forms::Control& control)
 } // namespace
 
 SlotControls::SlotControls(forms::ControlSet& set)
-    : imaSubject(set, u"imaSubject"_s, 1, 3)
-    , imaComp(set, u"imaComp"_s, 1, 9)
-    , imaAltComp(set, u"imaAltComp"_s, 1, 6)
-    , imaGeneral(set, u"imaGeneral"_s, 1, 36)
-    , imaListing(set, u"imaListing"_s, 1, 6)
-    , imaRental(set, u"imaRental"_s, 1, 9)
-    , geaComp(set, u"geaComp"_s, 1, 9)
-    , geaAltComp(set, u"geaAltComp"_s, 1, 6)
-    , geaListing(set, u"geaListing"_s, 1, 6)
-    , geaRental(set, u"geaRental"_s, 1, 9)
-    , imaSubjectIcon(set, u"imaSubjectIcon"_s, 1, 3)
-    , imaCompIcon(set, u"imaCompIcon"_s, 1, 9)
-    , imaAltCompIcon(set, u"imaAltCompIcon"_s, 1, 6)
-    , imaListingIcon(set, u"imaListingIcon"_s, 1, 6)
-    , imaRentalIcon(set, u"imaRentalIcon"_s, 1, 9)
-    , imaGeneralIcon(set, u"imaGeneralIcon"_s, 1, 36)
-    , imaSubjectAnchor(set, u"imaSubjectAnchor"_s, 0, 3)
-    , imaCompAnchor(set, u"imaCompAnchor"_s, 1, 9)
-    , imaAltCompAnchor(set, u"imaAltCompAnchor"_s, 1, 6)
-    , imaListingAnchor(set, u"imaListingAnchor"_s, 1, 6)
-    , imaRentalAnchor(set, u"imaRentalAnchor"_s, 1, 9)
+    : imaSubject(set, u"imaSubject"_s, 1, kSubjectPhotos)
+    , imaComp(set, u"imaComp"_s, 1, kComps)
+    , imaAltComp(set, u"imaAltComp"_s, 1, kAltComps)
+    , imaGeneral(set, u"imaGeneral"_s, 1, kGeneralPhotos)
+    , imaListing(set, u"imaListing"_s, 1, kListings)
+    , imaRental(set, u"imaRental"_s, 1, kRentals)
+    , geaComp(set, u"geaComp"_s, 1, kComps)
+    , geaAltComp(set, u"geaAltComp"_s, 1, kAltComps)
+    , geaListing(set, u"geaListing"_s, 1, kListings)
+    , geaRental(set, u"geaRental"_s, 1, kRentals)
+    , imaSubjectIcon(set, u"imaSubjectIcon"_s, 1, kSubjectPhotos)
+    , imaCompIcon(set, u"imaCompIcon"_s, 1, kComps)
+    , imaAltCompIcon(set, u"imaAltCompIcon"_s, 1, kAltComps)
+    , imaListingIcon(set, u"imaListingIcon"_s, 1, kListings)
+    , imaRentalIcon(set, u"imaRentalIcon"_s, 1, kRentals)
+    , imaGeneralIcon(set, u"imaGeneralIcon"_s, 1, kGeneralPhotos)
+    , imaSubjectAnchor(set, u"imaSubjectAnchor"_s, 0, kSubjectPhotos)
+    , imaCompAnchor(set, u"imaCompAnchor"_s, 1, kComps)
+    , imaAltCompAnchor(set, u"imaAltCompAnchor"_s, 1, kAltComps)
+    , imaListingAnchor(set, u"imaListingAnchor"_s, 1, kListings)
+    , imaRentalAnchor(set, u"imaRentalAnchor"_s, 1, kRentals)
     , geamaintain(set, u"geamaintain"_s)
 {}
 

@@ -1,5 +1,6 @@
 #include "windows/binder.h"
 
+#include "link/slot_table.h"
 #include "windows/chip_bar.h"
 #include "windows/guard.h"
 #include "windows/lines_model.h"
@@ -21,7 +22,7 @@ namespace vasclip::windows {
 
 namespace {
 
-const QLatin1StringView kNotAvailable("N/A");
+using link::kNotAvailable;
 
 /// The lines of a source, without holding them; what a box did with all its lines it does no more.
 void ShowSource(QComboBox& combo, const forms::ListBox& control)

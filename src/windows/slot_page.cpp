@@ -1,6 +1,7 @@
 #include "windows/slot_page.h"
 
 #include "forms/controls.h"
+#include "link/slot_table.h"
 #include "windows/icons.h"
 #include "windows/picture_view.h"
 
@@ -64,7 +65,7 @@ bool PageAvailable(const forms::ControlSet& controls, const SlotGroup& group, in
     const auto* tab = qobject_cast<const forms::TabControl*>(controls.Find(QLatin1StringView(group.tab)));
     const int at = group.firstPage + page;
     return tab != nullptr && at < tab->Tabs() && tab->Enabled() && tab->TabEnabled(at) &&
-           tab->TabCaption(at) != QLatin1StringView("N/A");
+           tab->TabCaption(at) != link::kNotAvailable;
 }
 
 SlotPage::SlotPage(const SlotGroup& group, int page, std::function<void(QWidget&)> built, QWidget* parent)

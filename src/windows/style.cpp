@@ -1,5 +1,6 @@
 #include "windows/style.h"
 
+#include "link/slot_table.h"
 #include "windows/icons.h"
 #include "windows/theme.h"
 
@@ -18,7 +19,7 @@ namespace vasclip::windows {
 
 namespace {
 
-const QLatin1StringView kNotAvailable("N/A");
+using link::kNotAvailable;
 
 bool IsPill(const QWidget* widget)
 {

@@ -172,6 +172,20 @@ void CheckWriters(const Sources& sources, QStringList& violations)
     }
 }
 
+/// What is a group's of slots stands in the one table of them. A picture's length may be "N/A" as well.
+void CheckSlotTable(const Sources& sources, QStringList& violations)
+{
+    static const QString kTable = QStringLiteral("src/link/slot_table.h");
+    static const QRegularExpression comment(QStringLiteral("//[^\n]*"));
+    for (auto source = sources.cbegin(); source != sources.cend(); ++source) {
+        if (!source.key().startsWith(kSrc) || source.key() == kTable ||
+            FloorOf(RoomOf(source.key())) < FloorOf(QStringLiteral("link")))
+            continue;
+        if (QString(source.value()).remove(comment).contains(QStringLiteral("\"N/A\"")))
+            violations.append(QStringLiteral("%1 spells \"N/A\" itself: it is kNotAvailable").arg(source.key()));
+    }
+}
+
 enum class Mark { Unseen, OnTheWay, Done };
 
 void Visit(const QString& path, const QMap<QString, QStringList>& arrows, QMap<QString, Mark>& marks,
@@ -225,6 +239,7 @@ QStringList Violations(const Sources& sources, const QSet<QString>& widgetHeader
     CheckIncludes(sources, widgetHeaders, arrows, violations);
     CheckSystems(sources, violations);
     CheckWriters(sources, violations);
+    CheckSlotTable(sources, violations);
     QMap<QString, Mark> marks;
     QStringList way;
     for (auto source = sources.cbegin(); source != sources.cend(); ++source) {

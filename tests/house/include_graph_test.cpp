@@ -85,6 +85,11 @@ TEST(HouseRules, CatchWhatBreaksThem)
          Text("src/app/a.cpp changes records by Execute, past store::Change")},
         {"the one writer", Of({{"src/store/a.cpp", "record.Update();\n"}, {"src/link/a.cpp", "change.Store();\n"}}),
          QString()},
+        {"a caption of the table", Of({{"src/windows/w.cpp", "if (caption == \"N/A\")\n"}}),
+         Text("src/windows/w.cpp spells \"N/A\" itself: it is kNotAvailable")},
+        {"the table has it", Of({{"src/link/slot_table.h", "x{\"N/A\"};\n"}}), QString()},
+        {"a comment may name it", Of({{"src/drops/d.h", "/// on a page \"N/A\"\n"}}), QString()},
+        {"below the link it is another word", Of({{"src/photos/p.cpp", "u\"N/A\"_s\n"}}), QString()},
         {"a comment is no include",
          Of({{"src/common/c.h", "// see #include \"link/a.h\"\n"}, {"src/link/a.h", ""}}), QString()},
     };

@@ -173,7 +173,7 @@ TEST_F(AttachCity, TheSubjectsFieldsAreReadOneByOne)
         Map({u"UA5"_s, u"UA5"_s, field, QString::number(row), u"1"_s, u"SALE"_s, u"10"_s, u"0"_s});
         conduit.Answer(topic, u"UA5|%1|1"_s.arg(row++), u"the "_s + field);
     }
-    const AttachFields read = GetNeighborHdCompData(desk, {"SALE"_L1, 10});
+    const AttachFields read = GetNeighborHdCompData(desk, {Group::Subject, kSubjectComp});
     EXPECT_EQ(read.city, u"the CITY"_s);
     EXPECT_EQ(read.state, u"the ST"_s);
     EXPECT_EQ(read.zip, u"the ZIP"_s);
