@@ -7,6 +7,7 @@
 #include "link/refresh.h"
 #include "link/slot_photos.h"
 #include "link/transfer.h"
+#include "platform/picture/picture.h"
 
 // The tabs mirror SMITH; the user brings JONES to the front of the forms program.
 
@@ -103,6 +104,30 @@ TEST_F(OtherReport, ThatComesToTheFrontWhileTheOverwriteIsAskedIsLeftAlone)
     EXPECT_EQ(DropComp(desk, report.txtComp(1), slots.imaComp(1), u"SALE"_s, false), DropOutcome::OtherReport);
     EXPECT_TRUE(conduit.pokes.isEmpty());
     EXPECT_EQ(state.notSent, u"Nothing was sent: JONES is active in the forms program, and the tabs show SMITH."_s);
+}
+
+TEST_F(OtherReport, ThatComesToTheFrontWhileTheClearingIsAskedLeavesTheSlotAsItIs)
+{
+    picture::SaveJpeg(home.disk, QImage(20, 30, QImage::Format_RGB32), u"C:\\JPG\\OAK.jpg"_s, 90);
+    loader.ErrLoadThumb(slots.imaComp(1), u"C:\\JPG\\OAK.jpg"_s);
+    int hidden = 0;
+    QObject::connect(&slots.imaComp(1), &forms::Control::Changed, &slots.imaComp(1),
+                     [&] { hidden += slots.imaComp(1).Picture().isNull() ? 1 : 0; });
+    BringJonesToTheFront();
+    doubles.prompter.Answer(forms::Answer::Yes); // clear it
+    doubles.prompter.Answer(forms::Answer::Cancel); // no refresh
+    EXPECT_FALSE(ClearSlotPhoto(desk, slots.imaComp(1), true));
+    EXPECT_EQ(state.notSent, u"Nothing was sent: JONES is active in the forms program, and the tabs show SMITH."_s);
+    EXPECT_EQ(table.ErrGetPict(slots.imaComp(1)), u"C:\\JPG\\OAK.jpg"_s);
+    EXPECT_EQ(hidden, 0) << "nor does it go for a moment";
+    EXPECT_TRUE(conduit.commands.isEmpty());
+
+    conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"none"_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    EXPECT_FALSE(ClearSlotPhoto(desk, slots.imaComp(1), true));
+    EXPECT_EQ(state.notSent, u"No report is open in Korvat Forms, so nothing was sent."_s);
+    EXPECT_EQ(table.ErrGetPict(slots.imaComp(1)), u"C:\\JPG\\OAK.jpg"_s);
+    EXPECT_TRUE(conduit.commands.isEmpty());
 }
 
 TEST_F(OtherReport, IsReadWhenTheUserWantsIt)
