@@ -398,6 +398,70 @@ TEST_F(PicturesTest, AGeneralSlotAsksTheViewOfACapturePictureFirst)
 
 // ---- F, G, I -------------------------------------------------------------------------------------------
 
+TEST_F(PicturesTest, AReportThatComesToTheFrontWhileTheViewIsAskedGetsNothingAndThePictureStays)
+{
+    Browse();
+    questions.view = u"KITCHEN"_s;
+    int looks = 0; // the second one is behind the question
+    conduit.before = [&](const QString& entry) {
+        if (entry == u"item ActiveReports"_s && ++looks == 2)
+            conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"JONES,SMITH,"_s);
+    };
+    doubles.prompter.Answer(forms::Answer::Cancel);
+    const Outcome outcome = DropThumb(0, slots.imaGeneral(5));
+    conduit.before = {};
+    EXPECT_FALSE(outcome.done);
+    EXPECT_EQ(outcome.message, u"Nothing was sent: JONES is active in the forms program, and the tabs show SMITH."_s);
+    EXPECT_EQ(Shows(slots.imaGeneral(5)), QString());
+    EXPECT_TRUE(home.disk.FileExists(kSnap + u"A.JPG"_s));
+    EXPECT_EQ(Trash(), QStringList());
+    EXPECT_EQ(home.disk.Dir(u"C:\\JPG\\0*.jpg"_s), QStringList()) << "nothing was stored";
+    EXPECT_TRUE(conduit.pokes.isEmpty());
+    EXPECT_TRUE(conduit.commands.isEmpty());
+}
+
+TEST_F(PicturesTest, APictureThatIsReplacedDuringItsDragIsNeitherAskedAboutNorShown)
+{
+    Browse();
+    conduit.log.clear();
+    for (forms::Control* target : {static_cast<forms::Control*>(&grddatabook),
+                                   static_cast<forms::Control*>(&report.txtSubject),
+                                   static_cast<forms::Control*>(&slots.imaComp(1))}) {
+        const Drag drag = router.Begin(controls.geathumb(0));
+        picture::SaveJpeg(home.disk, QImage(20 + target->Name().size(), 30, QImage::Format_RGB32), kSnap + u"A.JPG"_s,
+                          90);
+        const Outcome outcome = router.Drop(drag, *target);
+        EXPECT_EQ(outcome.message, u"A.JPG is another picture now than the one you chose. Nothing was done."_s)
+            << target->Name().toStdString();
+    }
+    EXPECT_TRUE(questions.asked.isEmpty());
+    EXPECT_TRUE(conduit.log.isEmpty()) << "the report is not even looked for";
+    EXPECT_EQ(Shows(slots.imaSubject(1)), QString());
+    EXPECT_EQ(Trash(), QStringList());
+}
+
+TEST_F(PicturesTest, AStoredPictureThatIsGoneBeforeItIsSentIsNoSuccess)
+{
+    Browse();
+    conduit.before = [this](const QString& entry) {
+        if (entry == u"item ListForms"_s)
+            for (const QString& stored : home.disk.Dir(u"C:\\JPG\\0*.jpg"_s))
+                home.disk.Kill(u"C:\\JPG\\"_s + stored);
+    };
+    const Outcome outcome = DropThumb(0, slots.imaComp(1));
+    conduit.before = {};
+    EXPECT_EQ(outcome.message, u"A.JPG was stored, but its file is missing now: the report's picture was cleared."_s);
+    EXPECT_EQ(outcome.colour, forms::Colour::Red);
+}
+
+TEST_F(PicturesTest, AViewWithABarIsCleanedOnItsWayToTheReport)
+{
+    Browse();
+    questions.view = u"BACK|YARD"_s;
+    EXPECT_TRUE(DropThumb(0, slots.imaGeneral(5)).done);
+    EXPECT_EQ(report.cboGeneral(5).Text(), u"BACK YARD"_s);
+}
+
 TEST_F(PicturesTest, ThePhotoOnShowGoesOutUnderItsView)
 {
     txtcentralkey.SetText(u"12 OAK ST"_s);
