@@ -3,6 +3,7 @@
 #include "common/error_block.h"
 #include "databook/layouts.h"
 #include "drops/drag.h"
+#include "link/refresh.h"
 #include "photos/frm_gen_view.h"
 #include "platform/engine/database.h"
 #include "platform/files/profile.h"
@@ -408,6 +409,34 @@ TEST_F(MainScreen, TheHouseRefreshesTheReport)
     EXPECT_TRUE(main.linkState.linkActive);
     EXPECT_EQ(main.addr.txtKelReport.Text(), u"SMITH"_s);
     EXPECT_EQ(main.addr.txtFormType.Text(), u"UA5"_s);
+}
+
+TEST_F(MainScreen, TheLineOfTheReportIsTrueWhoeverReadsTheReport)
+{
+    Load();
+    const QString program = main.globals.formsProgram;
+    EXPECT_EQ(main.report.lblReport.Caption(), u"No report"_s);
+    EXPECT_EQ(main.report.lblLink.Caption(), program + u" is not running"_s);
+    EXPECT_EQ(main.report.cmdLink.Caption(), u"Start it"_s);
+    conduit.running = true;
+    conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"SMITH,"_s);
+    conduit.Answer(u"KEL|SMITH"_s, u"ListForms"_s, u"UA5,"_s);
+    EXPECT_EQ(link::RefreshAppraisal(main.Link()), QString()); // as the question before a drop does
+    EXPECT_EQ(main.report.lblReport.Caption(), u"SMITH"_s);
+    Q_EMIT main.report.imaKel.Clicked();
+    EXPECT_EQ(main.report.lblLink.Caption(), u"Linked to "_s + program);
+    EXPECT_FALSE(main.report.cmdLink.Visible());
+    conduit.running = false;
+    Q_EMIT main.report.imaKel.Clicked();
+    EXPECT_EQ(main.report.lblReport.Caption(), u"No report"_s);
+    EXPECT_EQ(main.report.lblLink.Caption(), program + u" is not running"_s);
+    EXPECT_TRUE(main.report.cmdLink.Visible());
+    EXPECT_EQ(main.status.lblmsg.Caption(), program + u" is not running, so the tabs show no report."_s);
+    conduit.running = true;
+    conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"none"_s);
+    Q_EMIT main.report.imaKel.Clicked();
+    EXPECT_EQ(main.report.lblLink.Caption(), u"No report is open in "_s + program);
+    EXPECT_EQ(main.status.lblmsg.Caption(), u"No report is open in "_s + program + u", so the tabs show none."_s);
 }
 
 TEST_F(MainScreen, FileExitAndHelpAboutAreHandedToTheWindow)
