@@ -427,7 +427,10 @@ TEST_F(StartSequence, AHomeThatCanNotBeWrittenIsOpenedAndTold)
     main.ShowRecordPhoto();
     main.CheckDatabook(engine::CheckDepth::Quiet); // as the window does when it stands
     EXPECT_TRUE(main.status.lblmsg.Caption().startsWith(u"This home can't be written"_s));
+    const QString scratch = main.globals.G_UserDir + u"tempdat_1"_s;
+    home.Put(scratch, "x");
     main.Form_Unload();
+    EXPECT_TRUE(home.disk.FileExists(scratch)) << "nothing is taken away either";
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
     EXPECT_EQ(home.disk.ReadWhole(kIni), ini);
     EXPECT_FALSE(home.disk.FileExists(u"C:\\VAS2000\\VAS2000.grx"_s));
