@@ -28,6 +28,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QSettings>
+#include <QWindow>
 
 // Pictures come in while somebody presses, drags, chooses from a menu or is asked. What is done is done to the
 // picture that was pointed at, or to none.
@@ -229,12 +230,19 @@ TEST_F(PointedPicture, APressOnTheListThatIsLetGoElsewhereCountsForItsMenu)
 {
     ShowList();
     auto* list = Find<QListView>(u"filCapture"_s);
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, Row(0));
-    QTest::mousePress(list->viewport(), Qt::LeftButton, {}, Row(2));
-    QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, QPoint(-40, -40));
+    // By the window, so that the list knows the pointer is over it: the click comes with the release then, or never.
+    QWindow* desk = window->windowHandle();
+    const auto at = [&](QPoint place) { return list->viewport()->mapTo(window.get(), place); };
+    QTest::mouseMove(desk, at(Row(0)));
+    QTest::mouseClick(desk, Qt::LeftButton, {}, at(Row(0)));
+    ASSERT_TRUE(list->underMouse());
+    QTest::mousePress(desk, Qt::LeftButton, {}, at(Row(2)));
     ASSERT_EQ(list->currentIndex().row(), 2);
+    EXPECT_EQ(Find<PictureView>(u"geaListBox"_s)->toolTip(), kSnap + u"D.JPG"_s) << "the preview follows the press";
+    QTest::mouseRelease(desk, Qt::LeftButton, {}, at(QPoint(-40, -40)));
     prompter.Answer(forms::Answer::Yes);
     Choose(*Find<PictureView>(u"geaListBox"_s), QPoint(8, 8), u"Delete Image"_s);
+    EXPECT_EQ(prompter.Last().title, u"D.JPG"_s);
     EXPECT_EQ(Snaps(), (QStringList{u"B.JPG"_s, u"C.JPG"_s}));
 }
 
@@ -270,6 +278,17 @@ TEST_F(PointedPicture, APictureThatIsReplacedUnderItsOpenMenuStays)
     }
     EXPECT_TRUE(prompter.Boxes().empty());
     EXPECT_EQ(Snaps().size(), 3);
+}
+
+TEST_F(PointedPicture, TheAdjustWindowOpensThePictureOverWhichItsMenuOpened)
+{
+    OnScreen(
+        *window, u"frm_Double"_s,
+        [this] { Choose(*Thumb(1), QPoint(8, 8), u"Compress Image"_s, [this] { Arrive(); }); },
+        [](QWidget& screen) {
+            EXPECT_EQ(screen.findChild<QLabel*>(u"lblFilename_0"_s)->text(), u"C.JPG"_s);
+            screen.close();
+        });
 }
 
 TEST_F(PointedPicture, TheQuestionHoldsTheFile)
