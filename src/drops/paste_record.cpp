@@ -21,19 +21,21 @@ Outcome PasteRecord(DropDesk& drops, const Drag& drag, const DropRule& rule, for
     if (result != link::DropOutcome::Sent)
         return BrokenOff(desk, slot, result, drag.key);
 
-    slot.text.SetText(SlotText(desk.state));
+    const QString shown = SlotText(desk.state);
+    slot.text.SetText(shown);
     PhotoSent photo = PhotoSent::Yes;
     QString photoTold;
     if (rule.action == DropAction::PasteCompAndPhoto) {
         photos::ReadPhotoLists(desk.sources.datDatabook, desk.lists.lstViews, desk.lists.lstimages);
         photo = SendView(desk, slot.photo, u"FRONT VIEW"_s);
-        if (const auto unsent = TellUnsent(desk, photo, u"FRONT VIEW"_s, slot.text.Text()))
+        if (const auto unsent = TellUnsent(desk, photo, u"FRONT VIEW"_s, shown))
             photoTold = unsent->message;
     }
-    desk.loader.ErrLoadPict(*slot.data, desk.globals.G_ProgramDir + u"Addendum_Added.bmp"_s);
+    if (slot.text.Text() == shown) // a refresh may show another report by now
+        desk.loader.ErrLoadPict(*slot.data, desk.globals.G_ProgramDir + u"Addendum_Added.bmp"_s);
     slot.RefreshIcons(desk);
     desk.ports.window.AppActivate();
-    return InReport(desk, slot.text.Text(), photo, photoTold);
+    return InReport(desk, shown, photo, photoTold);
 }
 
 } // namespace vasclip::drops

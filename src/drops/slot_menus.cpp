@@ -75,6 +75,10 @@ Outcome ForShown(DropDesk& desk, QLatin1StringView group, int index, Step&& step
         ended = !desk.link.state.notSent.isEmpty() || link::Cancelled(desk.link);
         if (ended && one.message == link::messages::kCancelledBefore)
             break; // nothing of this one went out either
+        if (ended && done > 0 && !link::Cancelled(desk.link) && one.message == desk.link.state.notSent) {
+            words.append(u"Then: "_s + one.message); // it is among those not filled
+            break;
+        }
         left.removeFirst();
         const QString name = names.takeFirst();
         done += one.done ? 1 : 0;
@@ -82,7 +86,7 @@ Outcome ForShown(DropDesk& desk, QLatin1StringView group, int index, Step&& step
             filled.append(name);
         else if (!one.message.isEmpty())
             words.append(one.message);
-        if (colour != forms::Colour::Red)
+        if (colour == forms::Colour::Green || one.colour == forms::Colour::Red)
             colour = one.colour;
     }
     if (words.isEmpty() && left.isEmpty())
@@ -219,7 +223,8 @@ Outcome ObtainData(DropDesk& desk, QLatin1StringView group, int index, WithPhoto
     const link::DropOutcome sent = link::DropComp(link, slot.text, slot.photo, group, false);
     if (sent != link::DropOutcome::Sent)
         return NotObtained(link, slot, sent, key);
-    slot.text.SetText(SlotText(link.state));
+    const QString shown = SlotText(link.state);
+    slot.text.SetText(shown);
     PhotoSent photoSent = PhotoSent::Yes;
     QString photoTold;
     if (photo == WithPhoto::Yes) {
@@ -228,11 +233,11 @@ Outcome ObtainData(DropDesk& desk, QLatin1StringView group, int index, WithPhoto
         if (const auto unsent = TellUnsent(link, photoSent, u"FRONT VIEW"_s, key))
             photoTold = unsent->message;
     }
-    if (slot.data != nullptr)
+    if (slot.data != nullptr && slot.text.Text() == shown) // a refresh may show another report by now
         link.loader.ErrLoadPict(*slot.data, link.globals.G_ProgramDir + u"Addendum_Added.bmp"_s);
     slot.RefreshIcons(link);
     link.ports.window.AppActivate();
-    return InReport(link, slot.text.Text(), photoSent, photoTold);
+    return InReport(link, shown, photoSent, photoTold);
 }
 
 Outcome ObtainShownData(DropDesk& desk, QLatin1StringView group, int index, WithPhoto photo)

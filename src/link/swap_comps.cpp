@@ -55,9 +55,11 @@ SwapOutcome SendSwap(LinkDesk& desk, int target, int source)
     if (!check.Stands())
         return SwapOutcome::NotSent;
     int failure = 0;
+    bool asked = false;
     const bool swapped = Reported(desk.ports.prompter, "ErrClearComp", [&] {
         try {
             KelOpenReport(desk.txtDDE, KelFirstToken(desk.txtDDE.Text())); // the macro runs on the topic that this leaves
+            asked = true;
             ErrClearComp(desk.txtDDE, target, source);
         } catch (const RuntimeError& error) {
             failure = error.Number();
@@ -70,8 +72,8 @@ SwapOutcome SendSwap(LinkDesk& desk, int target, int source)
         desk.state.notSent = messages::kCancelledBefore;
         return SwapOutcome::NotSent;
     }
-    return failure == error::kLinkTimeOut || failure == error::kLinkPeerGone ? SwapOutcome::Unsure
-                                                                              : SwapOutcome::Failed;
+    const bool silent = failure == error::kLinkTimeOut || failure == error::kLinkPeerGone;
+    return asked && silent ? SwapOutcome::Unsure : SwapOutcome::Failed;
 }
 
 SwapOutcome SwapComps(LinkDesk& desk, int target, int source)

@@ -9,7 +9,6 @@
 #include "platform/text/text.h"
 #include "shell/adjust.h"
 #include "shell/media.h"
-#include "shell/menus.h"
 #include "shell/pop_ups.h"
 #include "shell/program.h"
 

@@ -4,8 +4,6 @@
 
 namespace vasclip::shell {
 
-struct Menus;
-struct MenuPoint;
 class PopUps;
 class Program;
 

@@ -92,7 +92,7 @@ void EntryArea::CompDeleteRecord()
     }
     const QString beside = databook::KeyBeside(m_records.grddatabook);
     const QStringList keys = databook::SelectedKeys(m_records.grddatabook);
-    // The queue turns between two m_records.
+    // The queue turns between two records.
     m_records.grddatabook.SetEnabled(false);
     m_frame.SetEnabled(false);
     const auto free = qScopeGuard([this] {

@@ -38,7 +38,7 @@ void LinkLine::RefreshAppraisal()
         LinkSeen(Sees::Silent, {});
     else if (told == link::messages::kRefreshCancelled)
         LinkSeen(Sees::Nothing, {});
-    else if (told == link::messages::kRefreshNotRunning.arg(m_program.globals.formsProgram))
+    else if (text::Trim(m_program.Link().txtDDE.Text()).isEmpty())
         LinkSeen(Sees::NotRunning, {});
     else // its answer, which names no report
         LinkSeen(Sees::Reports, m_program.Link().txtDDE.Text());

@@ -8,7 +8,6 @@
 #include "windows/guard.h"
 #include "windows/guide_window.h"
 #include "windows/icons.h"
-#include "windows/layout_parts.h"
 #include "windows/main_looks.h"
 #include "windows/send_to_slot.h"
 #include "windows/slot_page.h"

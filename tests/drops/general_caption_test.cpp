@@ -29,7 +29,8 @@ protected:
                  {"photo on show", [this] { return router.Drop(router.Begin(slots.geamaintain), slots.imaGeneral(2)); }},
                  {"thumbnail", [this] { return DropThumb(1, slots.imaGeneral(2)); }}}};
     }
-    void EachRoadLeaves(const QString& caption, const std::function<void()>& before)
+    /// @param stored  where the picture is a new one, which stays in the slot; as the others if empty
+    void EachRoadLeaves(const QString& caption, const std::function<void()>& before, const QString& stored = {})
     {
         for (const auto& [name, road] : Roads()) {
             loader.geaClearImage(slots.imaGeneral(2));
@@ -37,7 +38,8 @@ protected:
             before();
             road();
             conduit.before = {};
-            EXPECT_EQ(report.cboGeneral(2).Text(), caption) << name;
+            const bool filed = !stored.isEmpty() && QLatin1StringView(name) == "thumbnail"_L1;
+            EXPECT_EQ(report.cboGeneral(2).Text(), filed ? stored : caption) << name;
         }
     }
 };
@@ -50,12 +52,14 @@ TEST_F(GeneralCaptionTest, TakesTheViewThatTheReportHasTaken)
 
 TEST_F(GeneralCaptionTest, StaysWhereTheReportRefusesThePicture)
 {
-    EachRoadLeaves(u"GARAGE"_s, [this] {
+    const auto refuse = [this] {
         conduit.before = [](const QString& entry) {
             if (entry.startsWith("execute"_L1))
                 throw RuntimeError(error::kLinkBusy, u"No such object"_s);
         };
-    });
+    };
+    // A picture that was stored stays in the slot, where a save files it under the view beside it.
+    EachRoadLeaves(u"GARAGE"_s, refuse, u"REAR VIEW"_s);
     EXPECT_TRUE(Poked().isEmpty());
 }
 

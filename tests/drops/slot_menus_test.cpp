@@ -217,6 +217,22 @@ TEST_F(CancelledSlots, AreAllNamedByWhatBecameOfThem)
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
 
+TEST_F(CancelledSlots, AReportThatComesToTheFrontAfterOneEndsTheFilling)
+{
+    doubles.prompter.AnswerAlways(forms::Answer::Cancel); // keep the tabs
+    int pokes = 0;
+    conduit.before = [&](const QString& entry) {
+        if (entry.startsWith("poke"_L1) && ++pokes == 2) // the last field of the first
+            conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"JONES,SMITH,"_s);
+    };
+    const Outcome told = ObtainShownData(drops, "SALE"_L1, 1, WithPhoto::No);
+    conduit.before = {};
+    EXPECT_TRUE(told.message.startsWith(u"Filled from the Databook: 12 OAK ST. Then: Nothing was sent: JONES is active"_s))
+        << told.message.toStdString();
+    EXPECT_TRUE(told.message.endsWith(u"Not filled: 14 ELM ST; 12 OAK ST."_s)) << told.message.toStdString();
+    EXPECT_EQ(told.colour, forms::Colour::Red);
+}
+
 TEST_F(CancelledSlots, SoAreTheirPhotos)
 {
     loader.ErrLoadThumb(slots.imaComp(2), u"C:\\JPG\\ELM.jpg"_s); // which has no front view: the slot is cleared

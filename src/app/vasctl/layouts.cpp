@@ -76,7 +76,7 @@ int RunLayouts(Session& session, const Output& out, const QStringList& arguments
     databook::LoadGrid(disk, grid, file, databook::kCurrentLayout);
     databook::LayoutWork work(disk, session.Ports(), grid, program.globals.G_ProgramDir);
     const QString name = text::Trim(arguments.value(1));
-    const bool known = databook::LayoutNames(disk, file).contains(name, Qt::CaseInsensitive);
+    const bool known = databook::LayoutFile::ReadOrNew(disk, file).Find(name) != nullptr;
     if (const QString wrong = WrongName(name, databook::kLongestLayoutName); !wrong.isEmpty()) {
         out.Error(wrong);
         return kUsage;

@@ -38,7 +38,7 @@ private:
     QString m_view;
 };
 
-/// The desk that the commands work on, with the parts of the main screen.
+/// The desk that the commands work on, with the parts of the program.
 struct Work
 {
     Work(Session& session, shell::Program& program, QString view = {})

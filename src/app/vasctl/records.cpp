@@ -77,10 +77,11 @@ int List(Session& session, const Output& out, const QCommandLineParser& options)
 
 int Show(Session& session, const Output& out, const QString& key, bool everything)
 {
-    const store::DataSource& databook = session.WithDatabook().sources.datDatabook;
+    store::DataSource& databook = session.WithDatabook().sources.datDatabook;
     std::optional<store::Record> record;
-    common::Guarded(session.Ports().prompter,
-                    [&] { record = store::ReadRecord(databook, databook::KeyOf(key)); });
+    if (store::FindRecord(session.Ports(), databook, databook::KeyOf(key), u"Centralkey"_s)) // which tells what to repair
+        common::Guarded(session.Ports().prompter,
+                        [&] { record = store::ReadRecord(databook, databook::KeyOf(key)); });
     if (!record) {
         out.Error(Missing(key));
         return kNotFound;

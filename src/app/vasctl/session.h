@@ -41,7 +41,7 @@ public:
     shell::Program& Home();
     /// The same with the Databook bound to datDatabook.
     shell::Program& WithDatabook();
-    /// The same with the grid filled and the mapping bound, and the open report mirrored.
+    /// The same with the comp types listed and the mapping bound, and the open report mirrored.
     shell::Program& WithReport();
     /// Is a report open in the forms program? If not, tells why, `otherwise` where nothing better is known.
     bool ReportIsOpen(const Output& out, const QString& otherwise);
