@@ -7,6 +7,7 @@
 
 #include <QEventLoop>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 #include <QTimer>
 
 #include <sqlite3.h>
@@ -538,7 +539,8 @@ public:
 
 TEST_F(Vasctl, ASwapThatIsDeclinedForAnotherReportEndsWithItsCode)
 {
-    const QString path = home.Path() + u"/two.sock"_s;
+    const QTemporaryDir own; // a socket's directory is its user's alone
+    const QString path = own.filePath(u"two.sock"_s);
     TwoReports reports;
     conduit::ServerOptions options;
     options.socketPath = path;

@@ -424,12 +424,15 @@ TEST_F(PicturesTest, APictureThatIsReplacedDuringItsDragIsNeitherAskedAboutNorSh
 {
     Browse();
     conduit.log.clear();
+    int edge = 40; // of another length each time: a fast machine gives several files the same time
     for (forms::Control* target : {static_cast<forms::Control*>(&grddatabook),
                                    static_cast<forms::Control*>(&report.txtSubject),
                                    static_cast<forms::Control*>(&slots.imaComp(1))}) {
         const Drag drag = router.Begin(controls.geathumb(0));
-        picture::SaveJpeg(home.disk, QImage(20 + target->Name().size(), 30, QImage::Format_RGB32), kSnap + u"A.JPG"_s,
-                          90);
+        edge *= 2;
+        QImage another(edge, edge, QImage::Format_RGB32);
+        another.fill(Qt::white);
+        picture::SaveJpeg(home.disk, another, kSnap + u"A.JPG"_s, 90);
         const Outcome outcome = router.Drop(drag, *target);
         EXPECT_EQ(outcome.message, u"A.JPG is another picture now than the one you chose. Nothing was done."_s)
             << target->Name().toStdString();
