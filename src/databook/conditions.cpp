@@ -157,10 +157,8 @@ void Relax(GridState& state, const QString& chip)
     else if (chip == kDatedChip)
         form.sort = 0;
     for (const SearchField& field : SearchFields()) {
-        if (chip != field.control)
-            continue;
-        form.texts.remove(field.control);
-        form.texts.remove(field.rangeControl);
+        if (chip == field.control)
+            form.texts.remove(field.control); // without which its range says nothing
     }
     if (ChipsOf(form).isEmpty()) {
         EndSearch(state);

@@ -76,6 +76,19 @@ TEST_F(ConditionChips, TheQuickFindIsOneToo)
     EXPECT_TRUE(Words().isEmpty());
 }
 
+TEST_F(ConditionChips, ClosingTheOneAboutPendingSalesBringsThemBack)
+{
+    Search({.texts = {{"txtCity"_L1, u"Marlow"_s}}, .ignorePending = true});
+    ASSERT_EQ(Words(), (QStringList{u"City contains \"Marlow\""_s, u"Without pending sales"_s}));
+    const QString chip = Conditions(desk).last().id;
+    Relax(desk.state, chip);
+    EXPECT_EQ(desk.state.sqlText, BuildSearch({.texts = {{"txtCity"_L1, u"Marlow"_s}}}).sql);
+    EXPECT_EQ(Words(), QStringList{u"City contains \"Marlow\""_s});
+    Search({.texts = {}, .ignorePending = true});
+    Relax(desk.state, chip);
+    EXPECT_FALSE(desk.state.searchOnDisplay) << "it was the only one";
+}
+
 TEST_F(ConditionChips, ClosingOneSearchesWithoutItInTheOrderOfNow)
 {
     const SearchForm form{.texts = {{"txtCity"_L1, u"Marlow"_s},

@@ -28,7 +28,7 @@ TEST_F(FrmRename, ShowsTheKeyAndOffersTheAddressToChange)
 {
     databook::frm_Rename screen(
         ports, source, RenameMode::Rename, u"12 main st"_s,
-        {u"22 Ferry St"_s, u" 12 MAIN ST "_s, u"  "_s, u"22 FERRY ST"_s, u"5 Elm Ct"_s});
+        {u"22 Ferry St"_s, u" 12 MAIN ST "_s, u"  "_s, u"22 FERRY ST"_s, u" 5 Elm Ct "_s});
     int focus = 0;
     QObject::connect(&screen.cboNewName, &forms::Control::FocusWanted, [&] { ++focus; });
     screen.Open();
