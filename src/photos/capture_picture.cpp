@@ -42,7 +42,6 @@ void CaptureDesk::geathumb_MouseMove(int index)
 void CaptureDesk::filCapture_Click()
 {
     const common::RoutineScope scope{"filCapture_Click"};
-    m_base.loader.Table().ErrSetPict(m_controls.filCapture, SelectedFile());
     PreviewSelected();
     TellPlace();
 }
@@ -102,8 +101,6 @@ void CaptureDesk::ReloadThumb(const QString& path, const QString& shown)
             ClearThumbAt(i);
         else
             ShowThumb(i, shown, {});
-        if (i == m_pressed)
-            m_pressedFile = shown;
     }
     DisplayImageLabels();
     AskForPictures();

@@ -61,8 +61,6 @@ forms::Menu* PopUps::MenuOver(const forms::Control& control)
     m_point.control = control.Name();
     m_point.index = control.Index();
     const QString name = text::Folded(control.Name());
-    if (name == u"FILCAPTURE"_s)
-        m_program.Capture().filCapture_Click();
     const bool photoOnShow = name == u"GEAMAINTAIN"_s || name == u"LSTVIEWS"_s;
     m_point.file = photos::PointAt(
         m_program.Disk(),

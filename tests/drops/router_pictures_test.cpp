@@ -375,7 +375,6 @@ TEST_F(PicturesTest, APictureOfTheListRefreshesTheList)
     globals.autoDelete = 1;
     Browse();
     controls.filCapture.SetListIndex(1);
-    capture.filCapture_Click();
     EXPECT_TRUE(router.Drop(router.Begin(controls.filCapture), slots.imaComp(2)).done);
     EXPECT_EQ(controls.filCapture.ListCount(), 2);
     EXPECT_EQ(capture.SelectedFile(), kSnap + u"C.JPG"_s) << "the list keeps its place";
@@ -630,7 +629,6 @@ TEST_F(RecordTest, TheListOnTheGridIsRefreshed)
     globals.imageListBox = u"ON"_s;
     capture.ViewFilCapture();
     controls.filCapture.SetListIndex(0);
-    capture.filCapture_Click();
     EXPECT_TRUE(router.Drop(router.Begin(controls.filCapture), grddatabook).done);
     EXPECT_EQ(controls.filCapture.ListCount(), 2);
 }

@@ -246,6 +246,29 @@ TEST_F(PointedPicture, APressOnTheListThatIsLetGoElsewhereCountsForItsMenu)
     EXPECT_EQ(Snaps(), (QStringList{u"B.JPG"_s, u"C.JPG"_s}));
 }
 
+TEST_F(PointedPicture, APictureThatIsReplacedAfterItsMenuWasClosedIsShownAnewByAClick)
+{
+    ShowList();
+    auto* list = Find<QListView>(u"filCapture"_s);
+    const auto ratio = [this] {
+        const QSize shown = Find<PictureView>(u"geaListBox"_s)->Picture().size();
+        return shown.isEmpty() ? 0 : 12 * shown.width() / shown.height();
+    };
+    QTimer::singleShot(0, window.get(), [] {
+        ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    });
+    QTest::mousePress(list->viewport(), Qt::RightButton, {}, Row(1));
+    QContextMenuEvent asked(QContextMenuEvent::Mouse, Row(1), list->viewport()->mapToGlobal(Row(1)));
+    QApplication::sendEvent(list->viewport(), &asked);
+    QTest::mouseRelease(list->viewport(), Qt::RightButton, {}, Row(1));
+    ASSERT_EQ(list->currentIndex().row(), 1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ratio() == 16; }));
+    Replace(u"C.JPG"_s);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, Row(1));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ratio() == 8; })) << ratio();
+}
+
 TEST_F(PointedPicture, AFileThatGoesWhileItsMenuIsOpenTakesNoOtherWithIt)
 {
     ShowList();
