@@ -59,9 +59,7 @@ void Talk::End()
 
 void Talk::BeforeExchange()
 {
-    if (m_cancelled)
-        throw RuntimeError(conduit::kUserInterrupt, messages::kCancelled);
-    if (m_depth > 0 && m_spentNs / kNsPerMs >= m_nextLimitMs)
+    if (!m_cancelled && m_depth > 0 && m_spentNs / kNsPerMs >= m_nextLimitMs)
         AskWhetherToGoOn();
     if (m_cancelled)
         throw RuntimeError(conduit::kUserInterrupt, messages::kCancelled);

@@ -176,6 +176,32 @@ TEST_F(SlowLink, ACancelledRefreshEndsAtOnceAndShowsNoHalfReport)
     EXPECT_EQ(main.report.txtComp(1).Text(), u"12 Oak St"_s);
 }
 
+TEST_F(SlowLink, ARefreshThatIsCancelledWhenItHasReadSomeAddressesShowsNoneOfThem)
+{
+    conduit.Answer(shell::kReport, u"CMP|1|1"_s, u"99 New St"_s);
+    peer.delayMs = 100;
+    During([this] { Refresh(); }, [this] { QTest::mouseClick(&Stop(), Qt::LeftButton); },
+           [this] { return main.addr.txtCompAddr(1).Text() == u"99 New St"_s; });
+    EXPECT_EQ(Said(), u"The refresh was cancelled. The tabs show no report until it is read again."_s);
+    EXPECT_EQ(main.report.txtComp(1).Text(), QString());
+    EXPECT_EQ(main.addr.txtCompAddr(1).Text(), QString());
+    EXPECT_EQ(main.addr.txtKelReport.Text(), QString());
+    EXPECT_FALSE(main.linkState.linkActive);
+}
+
+TEST_F(SlowLink, ManyAnswersThatAreEachALittleLateShowTheStepAndEndAtCancelToo)
+{
+    peer.delayMs = 40; // none of them is waited for long enough to turn the queue
+    int before = 0;
+    During([this] { Refresh(); },
+           [&] {
+               before = peer.exchanges;
+               QTest::mouseClick(&Stop(), Qt::LeftButton);
+           });
+    EXPECT_EQ(peer.exchanges, before) << "nothing is sent behind the click";
+    EXPECT_EQ(Said(), u"The refresh was cancelled. The tabs show no report until it is read again."_s);
+}
+
 TEST_F(SlowLink, EscCancelsASendWhichTellsHowFarItGot)
 {
     peer.delayMs = 120;
@@ -225,6 +251,16 @@ TEST_F(SlowLink, AfterTheLimitItAsksWhetherToGoOn)
     Refresh();
     ASSERT_EQ(doubles.prompter.Boxes().size(), 2U);
     EXPECT_EQ(doubles.prompter.Last().title, u"The forms program is slow"_s);
+    EXPECT_EQ(Said(), u"The refresh was cancelled. The tabs show no report until it is read again."_s);
+}
+
+TEST_F(SlowLink, WhoHasCancelledIsNotAskedWhetherToGoOn)
+{
+    peer.delayMs = 400;
+    talk.SetLimit(200); // over when the exchange at work is
+    doubles.prompter.AnswerAlways(forms::Answer::No);
+    During([this] { Refresh(); }, [this] { QTest::mouseClick(&Stop(), Qt::LeftButton); });
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
     EXPECT_EQ(Said(), u"The refresh was cancelled. The tabs show no report until it is read again."_s);
 }
 
