@@ -43,7 +43,7 @@ void MakeAnnouncing(QLabel& label)
 
 void Announce(QLabel& label)
 {
-    if (!QAccessible::isActive() || label.text().isEmpty() || !label.isVisible())
+    if (label.text().isEmpty() || !label.isVisible())
         return;
     QAccessibleEvent spoken(&label, QAccessible::Alert);
     QAccessible::updateAccessibility(&spoken);

@@ -1,3 +1,5 @@
+#include "screen_reader.h"
+
 #include "forms/controls.h"
 #include "support/scripted_ports.h"
 #include "windows/binder.h"
@@ -13,6 +15,28 @@ namespace vasclip::windows {
 namespace {
 
 using namespace Qt::Literals::StringLiterals;
+
+TEST(Announce, EachMessageIsSpokenAndNothingElse)
+{
+    tests::ScriptedPrompter prompter;
+    EventGuard guard(prompter, {});
+    forms::ControlSet controls;
+    forms::Label message(controls, u"lblmsg"_s);
+    forms::Label other(controls, u"lblCount"_s);
+    QDialog window;
+    for (const QString& name : {u"lblmsg"_s, u"lblCount"_s})
+        (new QLabel(&window))->setObjectName(name);
+    Binder binder(controls, guard);
+    binder.Bind(window);
+    window.show();
+    tests::Spoken().clear();
+    other.SetCaption(u"3 photos"_s);
+    message.Show(u"2 comps were sent."_s, forms::Colour::Blue);
+    message.Show(u"2 comps were sent."_s, forms::Colour::Normal); // in another colour only
+    message.Show(u"Done."_s, forms::Colour::Red);
+    message.Show({}, forms::Colour::Normal);
+    EXPECT_EQ(tests::Spoken(), (QStringList{u"2 comps were sent."_s, u"Done."_s}));
+}
 
 TEST(Announce, TheLineOfMessagesIsOneThatAScreenReaderSpeaks)
 {
