@@ -5,13 +5,17 @@
 #include "shell/start_up.h"
 #include "shell/win_version.h"
 #include "store/schema.h"
+#include "support/exclusive_lock.h"
 #include "support/recording_conduit.h"
 #include "support/scripted_ports.h"
 #include "support/temp_home.h"
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFile>
+
+#include <optional>
 
 // The steps of the start and of the stop beyond what the main screen shows of them.
 
@@ -38,20 +42,17 @@ public:
     int unloads = 0;
 };
 
-/// The disk is in the drive when it is asked for the second time.
-class DiskIsPutIn : public tests::ScriptedPrompter
+/// Something happens while a box stands.
+class Asking : public tests::ScriptedPrompter
 {
 public:
-    std::function<void()> putIn;
+    std::function<void(std::size_t before)> meanwhile; ///< with the number of boxes before it
     forms::Answer MsgBox(forms::Buttons buttons, forms::Icon icon, const QString& title, const QString& text) override
     {
-        if (++m_asked == 2)
-            putIn();
+        if (meanwhile)
+            meanwhile(Boxes().size());
         return ScriptedPrompter::MsgBox(buttons, icon, title, text);
     }
-
-private:
-    int m_asked = 0;
 };
 
 class StartSequence : public testing::Test
@@ -265,8 +266,11 @@ TEST_F(StartSequence, ADiskPutIntoTheDriveIsTakenOnOk)
     drives.write(QString(u"[DRIVES]\r\nQ="_s + home.Native(u"drive_c/CARD"_s) + u"\r\n"_s).toUtf8());
     drives.close();
     const files::Disk disk(home.disk.Home());
-    DiskIsPutIn prompter;
-    prompter.putIn = [this] { home.MakeDirs(u"C:\\CARD\\DCIM"_s); };
+    Asking prompter;
+    prompter.meanwhile = [this](std::size_t before) {
+        if (before == 1)
+            home.MakeDirs(u"C:\\CARD\\DCIM"_s);
+    };
     prompter.AnswerAlways(forms::Answer::Ok);
     const forms::Ports asking{prompter, doubles.pump, doubles.clock, doubles.random, doubles.window, screens};
     engine::Engine own{disk};
@@ -277,6 +281,49 @@ TEST_F(StartSequence, ADiskPutIntoTheDriveIsTakenOnOk)
         << "OK without a disk asks anew, with one it goes on";
     EXPECT_EQ(started.globals.G_CaptureDir, u"Q:\\DCIM\\"_s);
     EXPECT_EQ(started.capture.lblTab.Caption(), u"Q:\\DCIM"_s);
+}
+
+TEST_F(StartSequence, WhereNoOtherDirectoryIsThereEitherNoDiskIsAskedForAgain)
+{
+    Set(u"DIRECTORIES"_s, u"CAPTUREDIR"_s, u"Q:\\DCIM"_s);
+    const QString drive = home.Native(u"drive_c"_s);
+    const QString away = home.Native(u"away"_s);
+    Asking prompter;
+    prompter.meanwhile = [&](std::size_t before) { // the network goes, and comes back with the second question
+        if (before < 2) {
+            EXPECT_TRUE(before == 0 ? QDir().rename(drive, away) : QDir().rename(away, drive));
+        }
+    };
+    prompter.AnswerAlways(forms::Answer::Cancel);
+    const forms::Ports asking{prompter, doubles.pump, doubles.clock, doubles.random, doubles.window, screens};
+    Program startedProgram{{home.disk, engine, conduit, asking}};
+    frm_Main started{startedProgram};
+    EXPECT_THROW(started.Form_load(options, splash), RuntimeError);
+    EXPECT_EQ(prompter.Texts(), QStringList{FloppyText(u"Q:\\DCIM\\"_s)});
+    EXPECT_TRUE(QDir().rename(away, drive));
+}
+
+TEST_F(StartSequence, WhatAnotherUserHoldsAndNobodyWaitsForTheStartGoesWithout)
+{
+    engine.SetLockWait(50);
+    std::optional<tests::ExclusiveLock> other;
+    doubles.pump.onTurn = [&] { // the Databook is open already
+        if (!other && Told(u"Checking for Update Program Changes"_s))
+            other.emplace(home.Native(u"drive_c/DATABOOK/DATABOOK.MDB"_s));
+    };
+    doubles.prompter.Answer(forms::Answer::Retry);
+    doubles.prompter.Answer(forms::Answer::Cancel);
+    Load();
+    ASSERT_TRUE(other);
+    ASSERT_EQ(doubles.prompter.Boxes().size(), 2U);
+    EXPECT_EQ(doubles.prompter.Last().buttons, forms::Buttons::RetryCancel);
+    EXPECT_TRUE(doubles.prompter.Last().text.startsWith(u"Could not read; currently locked by another user"_s))
+        << doubles.prompter.Last().text.toStdString();
+    EXPECT_TRUE(Told(u"Finalizing Start-up"_s));
+    EXPECT_EQ(main.globals.mapDetail, 3);
+    other.reset();
+    Q_EMIT main.records.cmdRefresh.Clicked();
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 2U) << "and nothing is left of it";
 }
 
 TEST_F(StartSequence, ADatabookWhoseDriveIsAwayAsksForNoDiskAndAnotherOneIsTaken)

@@ -1,5 +1,6 @@
 #include "platform/engine/health.h"
 #include "platform/engine/home.h"
+#include "support/exclusive_lock.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -267,20 +268,6 @@ TEST_F(DamageTest, ACopyThatIsStoppedOrStandsInTheWayMakesNothing)
     EXPECT_EQ(ErrorOf([&] { static_cast<void>(CopyReadable(home.engine, kFile, kFile)); }), error::kDatabaseExists);
 }
 
-/// Another connection that keeps even readers out, as one that stores does for a moment.
-struct Exclusive
-{
-    explicit Exclusive(const QString& native)
-    {
-        EXPECT_EQ(sqlite3_open(native.toUtf8().constData(), &handle), SQLITE_OK);
-        EXPECT_EQ(sqlite3_exec(handle, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
-    }
-    ~Exclusive() { sqlite3_close(handle); }
-    Exclusive(const Exclusive&) = delete;
-    Exclusive& operator=(const Exclusive&) = delete;
-    sqlite3* handle = nullptr;
-};
-
 TEST_F(DamageTest, AReadThatIsKeptWaitingIsNoFailedUpdate)
 {
     Make(3);
@@ -293,7 +280,7 @@ TEST_F(DamageTest, AReadThatIsKeptWaitingIsNoFailedUpdate)
     edited->Edit();
     edited->SetValue(u"CITY"_s, u"Bend"_s);
     {
-        const Exclusive other(home.Native(u"DATABOOK.MDB"_s));
+        const tests::ExclusiveLock other(home.Native(u"DATABOOK.MDB"_s));
         QString text;
         EXPECT_EQ(ErrorOf([&] { table->Seek(u"="_s, u"000001 Oak St"_s); }, &text), error::kCouldNotReadLocked);
         EXPECT_TRUE(text.startsWith(u"Could not read; currently locked by another user"_s)) << text.toStdString();
