@@ -2,6 +2,7 @@
 
 #include "databook/frm_rename.h"
 #include "databook/frm_search_sql.h"
+#include "databook/messages.h"
 #include "databook/records.h"
 #include "keys.h"
 #include "platform/engine/database.h"
@@ -301,6 +302,33 @@ TEST_F(CurrentRecord, ARecordThatSomebodyElseDeletes)
     EXPECT_FALSE(Find<QAbstractButton>(u"CmdDeletePhoto"_s).isEnabled());
     ClickRow(2);
     SpeaksOf(u"3 Cedar Ln"_s, u"L=Land"_s);
+}
+
+TEST_F(CurrentRecord, ARowWhoseRecordIsGoneWhenItIsReachedIsNoRecord)
+{
+    ClickRow(0);
+    SpeaksOf(u"1 Ash Ct"_s, u"F=Single Family"_s);
+    ASSERT_TRUE(IsThere(u"2 BIRCH RD"_s));
+    source.Recordset().Delete();
+    main->records.grddatabook.Refresh(); // as a stored change of another record does
+    ClickRow(1);
+    EXPECT_EQ(Said(), databook::kGoneMeanwhile);
+    EXPECT_EQ(Find<QLineEdit>(u"txtcentralkey"_s).text(), QString()) << "not the record before";
+    EXPECT_EQ(Find<QLabel>(u"lblDatabookADDR"_s).text(), QString());
+    EXPECT_TRUE(Find<PictureView>(u"geamaintain"_s).Picture().isNull());
+    for (const QString& button : {u"cmdEdit"_s, u"cmdDelete"_s, u"cmdCopy"_s, u"cmdRename"_s})
+        EXPECT_FALSE(Find<QAbstractButton>(button).isEnabled()) << button.toStdString();
+}
+
+TEST_F(CurrentRecord, AnAddressThatWasTypedIsDeletedAloneThoughSeveralRowsAreSelected)
+{
+    ports.prompter.AnswerAlways(forms::Answer::No);
+    ClickRow(0);
+    ClickRow(1, Qt::ControlModifier);
+    Find<QLineEdit>(u"txtcentralkey"_s).selectAll();
+    TypeIn(u"txtcentralkey"_s, u"4 Oak Dr"_s);
+    Press(u"cmdDelete"_s);
+    EXPECT_EQ(Asked(), QStringList{u"Delete '4 OAK DR'?"_s});
 }
 
 TEST_F(CurrentRecord, AKeyInTheGridMeansItsRowAndNotWhatWasTypedMeanwhile)

@@ -14,6 +14,7 @@
 #include <QCloseEvent>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -110,12 +111,25 @@ TEST_F(Closing, TypedTextIsAskedAboutAndStaysOnNo)
     Later(100, [&] {
         TypeACity();
         Later(100, [&] {
+            QPointer<QMessageBox> question;
+            Later(25, [&] { question = Box(); });
             Later(50, [&] { close.Start(); }); // a second wish while the question stands is none
-            Later(150, [&] { Press(QMessageBox::No); });
+            Later(150, [&] {
+                EXPECT_FALSE(question.isNull()) << "it was not asked twice";
+                Press(QMessageBox::No);
+            });
             close.Start();
             EXPECT_EQ(main.closed, 0);
             auto* screen = QApplication::activeModalWidget();
             ASSERT_NE(screen, nullptr) << "the screen stays";
+            bool again = false;
+            Later(30, [&] {
+                again = Box() != nullptr;
+                if (again)
+                    Press(QMessageBox::Yes);
+            });
+            QTest::qWait(60);
+            ASSERT_FALSE(again) << "No is an answer";
             EXPECT_EQ(screen->findChild<QLineEdit*>(u"txtCity"_s)->text(), u"Bend"_s);
             QTest::mouseClick(screen->findChild<QPushButton*>(u"cmdSave"_s), Qt::LeftButton);
             Later(50, [&] { close.Start(); }); // stored now: nothing to ask

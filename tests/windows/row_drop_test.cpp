@@ -218,6 +218,26 @@ TEST_F(RowDrop, RowsThatChangeUnderThePointerTakeNothing)
     EXPECT_EQ(File(*data, Place(3)), KeyAt(3));
 }
 
+TEST_F(RowDrop, ARowThatIsReadAnewUnderThePointerIsAimedAtByItsNewName)
+{
+    const auto data = Thumb();
+    EXPECT_TRUE(Enter(*data, Place(3)));
+    {
+        const auto rows =
+            engine.OpenDatabase(shell::kDatabook)->OpenRecordset(u"COMPS"_s, engine::RecordsetType::Table);
+        rows->SetIndex(u"CENTRALKEY"_s);
+        rows->Seek(u"="_s, KeyAt(3));
+        ASSERT_FALSE(rows->NoMatch());
+        rows->Edit();
+        rows->SetValue(u"CENTRALKEY"_s, u"9 NEW NAME RD"_s);
+        rows->Update();
+    }
+    main.records.grddatabook.Refresh();
+    ASSERT_EQ(KeyAt(3), u"9 NEW NAME RD"_s);
+    EXPECT_TRUE(Move(*data, Place(3)));
+    EXPECT_EQ(File(*data, Place(3)), u"9 NEW NAME RD"_s) << Said().toStdString();
+}
+
 TEST_F(RowDrop, ARecordThatIsDeletedBetweenTheReleaseAndTheDropTakesNothing)
 {
     const auto data = Thumb();
