@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QRegularExpression>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace vasclip::common {
@@ -197,8 +199,9 @@ TEST(ReportError, ShowsAndLogsWithTheRoutine)
                           u"Disk full.\r\nError # 3021 in module FormatPictureNow."_s};
     EXPECT_EQ(ports.prompter.Last(), wanted);
     ASSERT_EQ(lines.size(), 1);
-    EXPECT_TRUE(lines[0].endsWith(u"Disk full. Error # 3021 in module FormatPictureNow."_s))
-        << lines[0].toStdString();
+    static const QRegularExpression whole(
+        u"^\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d Disk full\\. Error # 3021 in module FormatPictureNow\\.$"_s);
+    EXPECT_TRUE(whole.match(lines[0]).hasMatch()) << lines[0].toStdString();
     EXPECT_FALSE(lines[0].contains(u'\n'));
     ReportError(ports.prompter, RuntimeError(5, u"Bad call"_s));
     EXPECT_EQ(lines.size(), 1);

@@ -3,6 +3,8 @@
 #include "faults/fault_home.h"
 #include "faults/small_disk.h"
 
+#include <QRegularExpression>
+
 #include <csignal>
 
 namespace vasclip::tests {
@@ -52,6 +54,24 @@ TEST_F(WindowFaults, TheSystemsWishToEndClosesInOrder)
         EXPECT_TRUE(Bytes(Settings()).contains("LASTCOPY=")) << wish;
         EXPECT_FALSE(QFile::exists(home.Native(u"DATABOOK/DATABOOK.LDB"_s))) << wish;
     }
+}
+
+TEST_F(WindowFaults, ALineOfTheLogHasOneTimeStamp)
+{
+    ASSERT_TRUE(Write(home.Native(u"VAS2000/VAS2000.grx"_s), "no layouts"));
+    const QString log = home.Path() + u"/vasclip.log"_s;
+    ASSERT_FALSE(QFileInfo::exists(log));
+    program.setProcessEnvironment(home.environment);
+    program.start(ProgramHome::Program(u"vasclip"_s), {u"--home"_s, home.Path()});
+    ASSERT_TRUE(program.waitForStarted());
+    ASSERT_TRUE(WaitFor([&] { return Bytes(log).contains('\n'); }, 30000));
+    const QString line = QString::fromUtf8(Bytes(log)).section(u'\n', 0, 0);
+    static const QRegularExpression stamp(u"\\d{4}-\\d\\d-\\d\\dT\\d\\d:\\d\\d:\\d\\d"_s);
+    EXPECT_TRUE(stamp.match(line, 0, QRegularExpression::NormalMatch, QRegularExpression::AnchorAtOffsetMatchOption)
+                    .hasMatch())
+        << line.toStdString();
+    EXPECT_EQ(line.count(stamp), 1) << line.toStdString();
+    EXPECT_TRUE(line.contains(u"Error #"_s)) << line.toStdString();
 }
 
 /// A directory that nobody can write, not even the system's own user.
