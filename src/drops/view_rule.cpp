@@ -27,9 +27,7 @@ GeneralCaption::GeneralCaption(DropDesk& desk, int index)
 
 GeneralCaption::~GeneralCaption()
 {
-    const QString now = m_desk.link.report.cboGeneral(m_index).Text();
-    const bool filled = m_desk.link.addr.txtKelReport.Text() != m_report && now != m_desk.photos.CurrentView;
-    if (m_taken || filled)
+    if (m_taken || m_desk.link.addr.txtKelReport.Text() != m_report) // which has been read from another report
         return;
     const QScopedValueRollback<bool> quiet(m_desk.link.state.generalReentry, true);
     m_desk.link.report.cboGeneral(m_index).SetText(m_before);
