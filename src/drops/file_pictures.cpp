@@ -141,11 +141,10 @@ Outcome FilePictureIntoSlot(DropDesk& desk, const Drag& drag, const DropRule& ru
     Consume(desk, drag);
     link.loader.ErrLoadThumb(slot, table.ErrGetPict(slot));
     link.ports.window.AppActivate();
-    const QString mirrored = link.addr.txtKelReport.Text();
     const link::SlotSend sent = link::KelSendSlotPhoto(link, slot, slot, index);
     link.ports.window.AppActivate();
     // The picture stays in the slot, and a save files it under the view beside it.
-    if (caption && sent == link::SlotSend::Failed && link.addr.txtKelReport.Text() == mirrored)
+    if (caption && sent == link::SlotSend::Failed)
         caption->Taken();
     if (sent == link::SlotSend::Failed && !link.state.notSent.isEmpty()) // the slot may show another report by now
         return NotSent(u"%1 is stored. %2"_s.arg(common::WholeFileName(picture), link.state.notSent));

@@ -26,8 +26,8 @@ Outcome PasteRecord(DropDesk& drops, const Drag& drag, const DropRule& rule, for
     PhotoSent photo = PhotoSent::Yes;
     QString photoTold;
     if (rule.action == DropAction::PasteCompAndPhoto) {
-        photos::ReadPhotoLists(desk.sources.datDatabook, desk.lists.lstViews, desk.lists.lstimages);
-        photo = SendView(desk, slot.photo, u"FRONT VIEW"_s);
+        // The send turned the queue, and the lists may be another record's.
+        photo = TakeRecord(desk, drag.key) ? SendView(desk, slot.photo, u"FRONT VIEW"_s) : PhotoSent::Failed;
         if (const auto unsent = TellUnsent(desk, photo, u"FRONT VIEW"_s, shown))
             photoTold = unsent->message;
     }

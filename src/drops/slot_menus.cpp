@@ -228,8 +228,8 @@ Outcome ObtainData(DropDesk& desk, QLatin1StringView group, int index, WithPhoto
     PhotoSent photoSent = PhotoSent::Yes;
     QString photoTold;
     if (photo == WithPhoto::Yes) {
-        photos::ReadPhotoLists(link.sources.datDatabook, link.lists.lstViews, link.lists.lstimages);
-        photoSent = SendView(link, slot.photo, u"FRONT VIEW"_s);
+        // The send turned the queue, and the lists may be another record's.
+        photoSent = TakeRecord(link, key) ? SendView(link, slot.photo, u"FRONT VIEW"_s) : PhotoSent::Failed;
         if (const auto unsent = TellUnsent(link, photoSent, u"FRONT VIEW"_s, key))
             photoTold = unsent->message;
     }
