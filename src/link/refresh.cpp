@@ -84,7 +84,8 @@ QString RefreshAppraisal(LinkDesk& desk)
     const Refreshing guard{desk};
     desk.state.linkActive = false;
     QString absent;
-    if (!Reported(desk.ports.prompter, "RefreshAppraisal", [&] { FindReport(desk); })) {
+    const bool asked = Reported(desk.ports.prompter, "RefreshAppraisal", [&] { FindReport(desk); });
+    if (!asked) {
         desk.state.linkActive = desk.state.populateGate = false;
         absent = messages::kRefreshNotRead;
     } else if (!desk.state.linkActive) {
@@ -103,7 +104,7 @@ QString RefreshAppraisal(LinkDesk& desk)
     desk.report.TabData.SetTab(0);
     AddKelEntries2VASP(desk);
     SetKelAddresses(desk);
-    if (talking.Cancelled())
+    if (!asked || talking.Cancelled()) // a later step may have got its answer
         ShowNoReport(desk);
     RefreshAddendumIcons(desk);
     RefreshAllSlotIcons(desk);

@@ -439,6 +439,27 @@ TEST_F(MainScreen, TheLineOfTheReportIsTrueWhoeverReadsTheReport)
     EXPECT_EQ(main.status.lblmsg.Caption(), u"No report is open in "_s + program + u", so the tabs show none."_s);
 }
 
+TEST_F(MainScreen, TheButtonBesideTheLinkDoesWhatItSays)
+{
+    Load();
+    const QString program = main.globals.formsProgram;
+    ASSERT_EQ(main.report.cmdLink.Caption(), u"Start it"_s);
+    Q_EMIT main.report.cmdLink.Clicked();
+    EXPECT_EQ(doubles.prompter.Last().title, u"Unable to Open Program"_s) << "there is none to start";
+    conduit.running = true;
+    conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"SMITH,"_s);
+    conduit.Answer(u"KEL|SMITH"_s, u"ListForms"_s, u"UA5,"_s);
+    conduit.FailOnce(u"item ActiveReports"_s, error::kLinkTimeOut, u"No answer in time"_s);
+    Q_EMIT main.report.imaKel.Clicked();
+    EXPECT_EQ(main.status.lblmsg.Caption(),
+              u"The forms program could not be asked for its report, so the tabs show none."_s);
+    EXPECT_EQ(main.report.lblLink.Caption(), program + u" does not answer"_s);
+    ASSERT_EQ(main.report.cmdLink.Caption(), u"Try again"_s);
+    Q_EMIT main.report.cmdLink.Clicked();
+    EXPECT_EQ(main.report.lblLink.Caption(), u"Linked to "_s + program);
+    EXPECT_EQ(main.report.lblReport.Caption(), u"SMITH"_s);
+}
+
 TEST_F(MainScreen, FileExitAndHelpAboutAreHandedToTheWindow)
 {
     int exits = 0;

@@ -71,6 +71,22 @@ TEST_F(TransferMenu, WithNobodyOnTheLinkItIsSaidAndNothingIsStored)
     Choose(7);
     EXPECT_EQ(doubles.prompter.Texts(), QStringList(u"The Appraisal Program is not running at this time."_s));
     EXPECT_EQ(Records().size(), 1);
+    EXPECT_EQ(main.status.lblmsg.Caption(), u"The Appraisal Program is not running at this time."_s);
+}
+
+TEST_F(TransferMenu, EmptyTabsAreNotTheReportsDoingWhereNoneIsThere)
+{
+    conduit.running = false;
+    main.Form_load(options, splash);
+    for (const int entry : {0, 2, 3, 4, 5, 7}) {
+        main.status.lblmsg.Show({}, forms::Colour::Normal);
+        Choose(entry);
+        EXPECT_EQ(main.status.lblmsg.Caption(), u"The Appraisal Program is not running at this time."_s) << entry;
+    }
+    conduit.running = true;
+    conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"none"_s);
+    Choose(7);
+    EXPECT_EQ(main.status.lblmsg.Caption(), u"No report is open, so there is nothing to transfer."_s);
 }
 
 TEST_F(TransferMenu, CityListingsOfACompOfTheReportKeepsListAndRecord)
