@@ -103,6 +103,24 @@ TEST_F(Process, AWrongArgumentReachesTheOtherProgramInWords)
     ASSERT_TRUE(Stop());
 }
 
+TEST_F(Process, TakesTheHabitsOfOtherFormsPrograms)
+{
+    const auto answer = [this](const QString& topic, const QString& item) {
+        const auto link = Open(topic);
+        link->SetLinkItem(item);
+        link->LinkRequest();
+        return link->Text();
+    };
+    ASSERT_TRUE(Start({u"--bare-lists"_s, u"--no-value"_s, u"null"_s, m_home.MakeReport(u"smith"_s, u"UA5"_s)}));
+    EXPECT_EQ(answer(u"KEL|Query"_s, u"ActiveReports"_s), u"SMITH.RPT"_s);
+    EXPECT_EQ(answer(u"KEL|System"_s, u"SC_1"_s), u"NULL"_s);
+    ASSERT_TRUE(Stop());
+    ASSERT_TRUE(Start({u"--blank-for-none"_s, u"--no-value"_s, u"eral"_s}));
+    EXPECT_EQ(answer(u"KEL|Query"_s, u"ActiveReports"_s), QString());
+    EXPECT_EQ(answer(u"KEL|System"_s, u"SC_1"_s), u"ERAL)"_s);
+    ASSERT_TRUE(Stop());
+}
+
 TEST_F(Process, WritesNothingUnlessAskedTo)
 {
     const QString report = m_home.MakeReport(u"smith"_s, u"UA5"_s);
