@@ -62,6 +62,15 @@ TEST_F(VasctlMedia, APersonAtATerminalSeesHowFarItIsAndAScriptDoesNot)
     EXPECT_TRUE(seen.contains("Copying ZA.JPG  100 %")) << seen.toStdString();
     const qsizetype last = seen.lastIndexOf("\x1b[K");
     EXPECT_TRUE(seen.mid(last).contains("Photos copied to")) << "the line goes before the result: " << seen.toStdString();
+    // A name that would turn the line round.
+    ASSERT_TRUE(QDir().mkpath(home.Native(u"CARD2"_s)));
+    Put(home.Native(u"CARD2/Z\u202eC.JPG"_s), "picture c");
+    QString other = command;
+    terminal.start(u"script"_s, {u"-qec"_s, other.replace(u"'C:\\CARD' ZA.JPG"_s, u"'C:\\CARD2'"_s), u"/dev/null"_s});
+    ASSERT_TRUE(terminal.waitForFinished(kPatienceMs));
+    const QString odd = QString::fromUtf8(terminal.readAllStandardOutput());
+    EXPECT_TRUE(odd.contains(u"Copying Z<U+202E>C.JPG"_s)) << odd.toStdString();
+    EXPECT_FALSE(odd.contains(QChar(0x202e)));
     const auto piped = home.Vasctl({u"--plain"_s, u"capture"_s, u"copy"_s, u"C:\\CARD"_s, u"ZB.JPG"_s});
     EXPECT_EQ(piped.code, kDone);
     EXPECT_FALSE(piped.err.contains("Copying")) << piped.err.toStdString();

@@ -777,6 +777,9 @@ TEST_F(Vasctl, JsonHasNumbersAndDatesAsSuch)
                            u"MONTHRENT=call us"_s, u"--set"_s, u"LEASEDATE="_s})
                   .code,
               kDone);
+    ASSERT_EQ(home.Vasctl({u"records"_s, u"add"_s, u"2 Typed Rd"_s, u"--set"_s, u"MONTHRENT=1E999"_s}).code, kDone);
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"show"_s, u"2 Typed Rd"_s}).Object()[u"MONTHRENT"_s], u"1E999"_s)
+        << "no number of JSON is that large";
     const QString sql =
         u"SELECT SELLINGPR, GLA, PRICEGLA, SALEDATE, ZIP, AGE, MONTHRENT, LEASEDATE FROM COMPS WHERE CENTRALKEY = '1 TYPED RD'"_s;
     const QJsonObject row = home.Vasctl({u"sql"_s, sql}).Array()[0].toObject();
@@ -788,7 +791,7 @@ TEST_F(Vasctl, JsonHasNumbersAndDatesAsSuch)
     EXPECT_TRUE(row[u"AGE"_s].isNull());
     EXPECT_EQ(row[u"MONTHRENT"_s], u"call us"_s) << "what is no number is not lost";
     EXPECT_TRUE(row[u"LEASEDATE"_s].isNull());
-    EXPECT_EQ(home.Vasctl({u"sql"_s, u"SELECT COUNT(*) AS N FROM COMPS"_s}).Array()[0].toObject()[u"N"_s], 61);
+    EXPECT_EQ(home.Vasctl({u"sql"_s, u"SELECT COUNT(*) AS N FROM COMPS"_s}).Array()[0].toObject()[u"N"_s], 62);
     const QJsonObject found = home.Vasctl({u"find"_s, u"typed"_s}).Array()[0].toObject();
     EXPECT_EQ(found[u"SELLINGPR"_s], 250500);
     EXPECT_EQ(home.Vasctl({u"records"_s, u"show"_s, u"1 typed rd"_s}).Object()[u"GLA"_s], 1000);
@@ -798,9 +801,12 @@ TEST_F(Vasctl, JsonHasNumbersAndDatesAsSuch)
 
 TEST_F(Vasctl, WhatATerminalWouldObeyIsShown)
 {
-    const QString evil = u"\u001b[2Jred\u009b31m\u007f\u202eback"_s;
+    const QString evil = u"\u001b[2Jred\u009b31m\u007f\u202eback\u200f\u2067"_s;
     ASSERT_EQ(home.Vasctl({u"records"_s, u"add"_s, u"1 Evil Rd"_s, u"--set"_s, u"NOTES="_s + evil}).code, kDone);
+    ASSERT_EQ(home.Vasctl({u"cities"_s, u"add"_s, u"--city"_s, evil}).code, kDone);
+    const QString city = QString::number(home.Vasctl({u"cities"_s, u"list"_s}).Array().size());
     const QStringList commands[] = {
+        {u"--no"_s, u"cities"_s, u"delete"_s, city}, // the question names it
         {u"records"_s, u"show"_s, u"1 Evil Rd"_s},
         {u"sql"_s, u"SELECT NOTES, CENTRALKEY FROM COMPS WHERE CENTRALKEY = '1 EVIL RD'"_s},
         {u"records"_s, u"find"_s, evil},
@@ -815,17 +821,28 @@ TEST_F(Vasctl, WhatATerminalWouldObeyIsShown)
             const auto run = home.Vasctl(plain ? QStringList{u"--plain"_s} + command : command);
             const QString all = QString::fromUtf8(run.out + run.err);
             EXPECT_FALSE(all.isEmpty());
-            for (const QChar letter : {QChar(0x1b), QChar(0x9b), QChar(0x7f), QChar(0x202e)})
+            for (const QChar letter :
+                 {QChar(0x1b), QChar(0x9b), QChar(0x7f), QChar(0x202e), QChar(0x200f), QChar(0x2067)})
                 EXPECT_FALSE(all.contains(letter))
                     << command.join(u' ').toUtf8().toPercentEncoding(" ").toStdString() << ": U+" << std::hex
                     << int(letter.unicode());
         }
     }
     const auto shown = home.Vasctl({u"--plain"_s, u"records"_s, u"show"_s, u"1 Evil Rd"_s});
-    EXPECT_TRUE(QString::fromUtf8(shown.out).contains(u"\u241b[2Jred<U+009B>31m\u2421<U+202E>back"_s))
+    EXPECT_TRUE(QString::fromUtf8(shown.out).contains(u"\u241b[2Jred<U+009B>31m\u2421<U+202E>back<U+200F><U+2067>"_s))
         << shown.out.toStdString();
     EXPECT_EQ(home.Vasctl({u"records"_s, u"show"_s, u"1 Evil Rd"_s}).Object()[u"NOTES"_s].toString(), evil)
         << "a reader of JSON gets every character back";
+    // What is shown for a sign takes its own room in a table.
+    const QStringList lines =
+        QString::fromUtf8(home.Vasctl({u"--plain"_s, u"sql"_s, u"SELECT NOTES, CENTRALKEY FROM COMPS"_s}).out).split(u'\n');
+    const qsizetype column = lines[0].indexOf(u"CENTRALKEY"_s);
+    const QStringList own = lines.filter(u"1 EVIL RD"_s);
+    ASSERT_EQ(own.size(), 1);
+    EXPECT_EQ(own[0].indexOf(u"1 EVIL RD"_s), column) << own[0].toStdString();
+    // An end of line is none of them.
+    ASSERT_EQ(home.Vasctl({u"records"_s, u"edit"_s, u"1 Evil Rd"_s, u"--set"_s, u"NOTES=one\r\ntwo"_s}).code, kDone);
+    EXPECT_TRUE(home.Vasctl({u"--plain"_s, u"records"_s, u"show"_s, u"1 Evil Rd"_s}).out.contains("one\ntwo"));
 }
 
 TEST_F(Vasctl, WhatIsUnknownEndsWithTwo)
