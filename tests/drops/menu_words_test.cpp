@@ -161,6 +161,16 @@ TEST_F(MenuWords, OfAClearingThatMetAnotherReportSaySo)
     EXPECT_EQ(Shows(slots.imaComp(2)), u"C:\\JPG\\OAK.jpg"_s);
 }
 
+TEST_F(MenuWords, OfAClearingLeaveTheSlotOfAReportThatCameMeanwhile)
+{
+    loader.ErrLoadThumb(slots.imaComp(2), u"C:\\JPG\\OAK.jpg"_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    doubles.prompter.Answer(forms::Answer::Ok); // refresh from JONES
+    JonesComesAt(u"item ActiveReports"_s, 3);   // behind the question's own look
+    EXPECT_EQ(ClearPhoto(drops, "SALE"_L1, 2).message, u"The tabs show JONES now. Nothing was sent."_s);
+    EXPECT_EQ(Shows(slots.imaComp(2)), QString()) << "JONES has no picture there";
+}
+
 TEST_F(MenuWords, OfACaptionGoOutWithItsPictureAndNotWhenItIsTakenBack)
 {
     state.linkActive = true;

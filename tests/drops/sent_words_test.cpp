@@ -214,14 +214,17 @@ TEST_F(PhotoWords, SayWhoseDataStandBesideItOnlyWhereTheyAreAnothers)
         << "a general photo has no data beside it";
 }
 
-TEST_F(PhotoWords, LeaveTheTextOfAReportThatCameMeanwhile)
+TEST_F(PhotoWords, LeaveTheSlotOfAReportThatCameMeanwhile)
 {
     report.txtComp(2).SetText(u"99 Other St"_s);
-    doubles.prompter.Answer(forms::Answer::Ok); // refresh from JONES
+    loader.ErrLoadThumb(slots.imaComp(2), u"C:\\JPG\\ELM.jpg"_s);
+    doubles.prompter.Answer(forms::Answer::Yes); // overwrite the picture
+    doubles.prompter.Answer(forms::Answer::Ok);  // refresh from JONES
     At(u"item ActiveReports"_s, 2, [this] { BringJonesToTheFront(); });
     EXPECT_EQ(DropOn(slots.imaComp(2)).message, u"The tabs show JONES now. Nothing was sent."_s);
     EXPECT_EQ(addr.txtKelReport.Text(), u"JONES"_s);
     EXPECT_EQ(report.txtComp(2).Text(), QString()) << "JONES has no second comp";
+    EXPECT_EQ(Shows(slots.imaComp(2)), QString());
 }
 
 TEST_F(PhotoWords, OfACompWhosePhotoMetAnotherReportLightNoBoxThere)

@@ -296,14 +296,14 @@ TEST_F(GeneralText, CellsFollowTheSlotsPlaceOnItsPage)
 TEST_F(GeneralText, AddressesAboveEighteenHaveNoCell)
 {
     KelPokeGeneralAddr(desk, 18, u"1 Main St"_s);
-    KelPokeGeneralAddr(desk, 20, u"1 Main St"_s);
+    EXPECT_EQ(KelPokeGeneralAddr(desk, 20, u"1 Main St"_s), GeneralPoke::NoPlace) << "a page without that line";
     EXPECT_EQ(Poked(), (QStringList{u"|31|1=1 Main St"_s, u"GENP7|=1 Main St"_s}));
 }
 
 TEST_F(GeneralText, OnlyTwoSizesCountForTheSection)
 {
     addr.txtKelListForms.SetText(u"UA5,SUBPHOT2"_s);
-    KelPokeGeneralData(desk, 1, u"x"_s);
+    EXPECT_EQ(KelPokeGeneralData(desk, 1, u"x"_s), GeneralPoke::NoPlace) << "a line without a page";
     addr.txtKelListForms.SetText(u"UA5,NLSUBPH"_s);
     KelPokeGeneralData(desk, 1, u"x"_s);
     EXPECT_EQ(Poked(), (QStringList{u"|77|1=x"_s, u"|=x"_s}));
