@@ -124,17 +124,38 @@ TEST_F(VasctlMedia, TakesPathsOfTheSystemAndSaysWhatItLeftOut)
                              "NOTES.TXT is no picture (*.jpg;*.bmp)", "DCIM is a directory; name it to copy from it"})
         EXPECT_TRUE(all.out.contains(line)) << line << "\n" << all.out.toStdString();
 
+    QStringList left;
+    for (const QJsonValue& line : home.Vasctl({u"--no"_s, u"capture"_s, u"copy"_s, card}).Object()[u"left"_s].toArray())
+        left.append(line.toString());
+    EXPECT_TRUE(left.contains(u"NOTES.TXT is no picture (*.jpg;*.bmp)"_s)) << left.join(u"; "_s).toStdString();
+
     EXPECT_EQ(home.Vasctl({u"--no"_s, u"capture"_s, u"copy"_s, card, u"ZD.JPG"_s}).code, kDeclined)
         << "nothing was copied, and No is why";
     const auto words = home.Vasctl({u"capture"_s, u"copy"_s, card, u"NOTES.TXT"_s});
     EXPECT_EQ(words.code, kUsage);
     EXPECT_TRUE(words.err.contains("is no picture")) << words.err.toStdString();
     EXPECT_FALSE(QFile::exists(capture + u"/NOTES.TXT"_s));
-    const auto empty = home.Vasctl({u"capture"_s, u"copy"_s, card + u"/DCIM"_s});
+    Put(home.Native(u"CARD/DCIM/INDEX.DAT"_s), "names");
+    const auto empty = home.Vasctl({u"--plain"_s, u"capture"_s, u"copy"_s, card + u"/DCIM"_s});
     EXPECT_EQ(empty.code, kNotFound);
+    EXPECT_TRUE(empty.err.contains("holds no pictures") && empty.err.contains("INDEX.DAT is no picture"))
+        << empty.err.toStdString();
+    const auto same = home.Vasctl({u"capture"_s, u"copy"_s, capture});
+    EXPECT_EQ(same.code, kUsage);
+    EXPECT_TRUE(same.err.contains("are the same")) << same.err.toStdString();
     EXPECT_EQ(home.Vasctl({u"capture"_s, u"copy"_s, card + u"/NOWHERE"_s}).code, kNotFound);
     EXPECT_EQ(home.Vasctl({u"capture"_s, u"copy"_s, card, capture + u"/ZA.JPG"_s}).code, kNotFound)
         << "of another directory";
+}
+
+TEST_F(VasctlMedia, APictureThatCannotBeCopiedEndsInNoZero)
+{
+    ASSERT_TRUE(QDir().mkpath(capture + u"/ZA.JPG"_s)); // in the way
+    for (const QString& answer : {u"ignore"_s, u"abort"_s}) {
+        const auto ended = home.Vasctl({u"--answer"_s, answer, u"capture"_s, u"copy"_s, u"C:\\CARD"_s, u"ZA.JPG"_s});
+        EXPECT_NE(ended.code, kDone) << answer.toStdString() << ended.out.toStdString();
+        EXPECT_FALSE(ended.err.isEmpty());
+    }
 }
 
 TEST_F(VasctlMedia, ListsRestoresAndEmptiesTheTrash)

@@ -142,6 +142,22 @@ TEST_F(VasctlPhotos, OrphansAndDamageAreFound)
     EXPECT_EQ(Photos({u"list"_s, key}).Array()[0].toObject()[u"SIZE"_s].toString(), u"missing"_s);
 }
 
+TEST_F(VasctlPhotos, APictureThatTheOpenReportShowsIsNoOrphan)
+{
+    ASSERT_TRUE(home.StartForms());
+    ASSERT_EQ(File(u"FRONT VIEW"_s).code, kDone);
+    ASSERT_EQ(home.Vasctl({u"--yes"_s, u"drop"_s, key, u"--on"_s, u"txtComp:3"_s}).code, kDone);
+    const QString stem = Photos({u"list"_s, key}).Array()[0].toObject()[u"STEM"_s].toString();
+    const QString stored = home.Native(u"VASCLIPS/JPG/%1.JPG"_s.arg(stem));
+    const QString kept = home.Native(u"KEPT.JPG"_s);
+    ASSERT_TRUE(QFile::copy(stored, kept)) << stored.toStdString();
+    ASSERT_EQ(Photos({u"delete"_s, key, u"FRONT VIEW"_s}, {u"--yes"_s}).code, kDone);
+    ASSERT_TRUE(QFile::copy(kept, stored)); // no record names it any more, the report does
+    EXPECT_EQ(Photos({u"orphans"_s}).Array().size(), 0);
+    ProgramHome::Stop(home.forms);
+    EXPECT_EQ(Photos({u"orphans"_s}).Array().size(), 1);
+}
+
 TEST_F(VasctlPhotos, BadInputIsRefusedInWords)
 {
     struct Row

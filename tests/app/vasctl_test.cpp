@@ -799,6 +799,32 @@ TEST_F(Vasctl, JsonHasNumbersAndDatesAsSuch)
         EXPECT_TRUE(photo.toObject()[u"BYTES"_s].isDouble());
 }
 
+TEST_F(Vasctl, NumbersOfEveryListAreNumbers)
+{
+    ASSERT_EQ(home.Vasctl({u"layouts"_s, u"save"_s, u"Mine"_s}).code, kDone);
+    ASSERT_TRUE(QDir().mkpath(home.Native(u"OLD/TRASHCAN"_s)));
+    QFile trashed(home.Native(u"OLD/TRASHCAN/A.JPG"_s));
+    ASSERT_TRUE(trashed.open(QIODevice::WriteOnly) && trashed.write("a picture") > 0);
+    trashed.close();
+    QString filed; // a record with photos
+    for (const QJsonValue& row : home.Vasctl({u"sql"_s, u"SELECT CENTRALKEY, PHOTOS FROM COMPS"_s}).Array())
+        if (row.toObject()[u"PHOTOS"_s].toString().contains(u'|'))
+            filed = row.toObject()[u"CENTRALKEY"_s].toString().trimmed();
+    ASSERT_TRUE(home.StartForms());
+    const std::pair<QStringList, QStringList> lists[] = {
+        {{u"layouts"_s, u"list"_s}, {u"visible"_s, u"columns"_s}},
+        {{u"layouts"_s, u"show"_s, u"Mine"_s}, {u"width"_s}},
+        {{u"cities"_s, u"list"_s}, {u"NUMBER"_s}},
+        {{u"trash"_s, u"list"_s, u"--dir"_s, u"C:\\OLD\\TRASHCAN"_s}, {u"BYTES"_s}},
+        {{u"photos"_s, u"list"_s, filed}, {u"BYTES"_s}},
+        {{u"report"_s, u"pages"_s}, {u"page"_s}}};
+    for (const auto& [command, columns] : lists) {
+        const QJsonObject row = home.Vasctl(command).Array()[0].toObject();
+        for (const QString& column : columns)
+            EXPECT_TRUE(row[column].isDouble()) << command.join(u' ').toStdString() << ": " << column.toStdString();
+    }
+}
+
 TEST_F(Vasctl, WhatATerminalWouldObeyIsShown)
 {
     const QString evil = u"\u001b[2Jred\u009b31m\u007f\u202eback\u200f\u2067"_s;
@@ -858,6 +884,8 @@ TEST_F(Vasctl, WhatIsUnknownEndsWithTwo)
         {u"sql"_s, u"SELECT CENTRALKEY FORM COMPS"_s},
         {u"records"_s, u"list"_s, u"--where"_s, u"NOSUCH = '1'"_s},
         {u"records"_s, u"list"_s, u"--sort"_s, u"NOSUCH"_s},
+        {u"refresh"_s, u"all"_s},
+        {u"doctor"_s, u"fly"_s},
         {u"records"_s, u"edit"_s, FirstKey(), u"--set"_s, u"NOSUCH=1"_s},
         {u"comments"_s, u"list"_s, u"NOSUCH"_s},
         {u"search"_s, u"--nosuch"_s, u"1"_s},
