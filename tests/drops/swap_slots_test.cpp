@@ -79,6 +79,9 @@ TEST_F(SwapTest, OnlyCompsThatTheReportHasAndNotOneWithItself)
     report.TabComp.SetTabCaption(1, u"N/A"_s);
     for (const auto& [a, b] : {std::pair{2, 2}, {2, 4}, {0, 2}, {2, 10}, {-1, 3}})
         EXPECT_FALSE(SwapSlots(drops, a, b).done) << a << ' ' << b;
+    report.txtComp(3).SetEnabled(false); // the form has no such comp
+    EXPECT_EQ(SwapSlots(drops, 2, 3).message,
+              u"Comps 2 and 3 cannot be swapped: the report does not have both."_s);
     EXPECT_TRUE(conduit.log.isEmpty());
 }
 
@@ -131,9 +134,13 @@ TEST_F(SwapTest, ThatIsCancelledSaysHowFarItGot)
 
 TEST_F(SwapTest, WithoutAnAnswerIsNotKnown)
 {
-    conduit.FailOnce(u"execute "_s + Swap(u"4,3"_s), error::kLinkTimeOut, u"No answer"_s);
-    EXPECT_EQ(SwapSlots(drops, 2, 3).message, u"Whether comps 2 and 3 were swapped is not known: the forms program did "
-                                              u"not answer. Refresh shows what is there."_s);
+    for (const int silence : {error::kLinkTimeOut, error::kLinkPeerGone}) {
+        conduit.FailOnce(u"execute "_s + Swap(u"4,3"_s), silence, u"No answer"_s);
+        EXPECT_EQ(SwapSlots(drops, 2, 3).message, u"Whether comps 2 and 3 were swapped is not known: the forms program "
+                                                  u"did not answer. Refresh shows what is there."_s);
+    }
+    conduit.FailOnce(u"item UserID"_s, error::kLinkTimeOut, u"No answer"_s); // before the macro goes out
+    EXPECT_EQ(SwapSlots(drops, 2, 3).message, u"The report did not swap comps 2 and 3. Refresh shows what it holds."_s);
 }
 
 TEST_F(SwapTest, WhatWentWrongIsToldAsItIs)
@@ -146,8 +153,12 @@ TEST_F(SwapTest, WhatWentWrongIsToldAsItIs)
     EXPECT_TRUE(unread.done);
     EXPECT_EQ(unread.colour, forms::Colour::Red);
     EXPECT_EQ(unread.message, u"Comps 2 and 3 were swapped, but could not be read again. Refresh shows them."_s);
+    const QString busy = u"The report is being read. Try again in a moment."_s;
     state.transferring = true;
-    EXPECT_FALSE(SwapSlots(drops, 2, 3).done);
+    EXPECT_EQ(SwapSlots(drops, 2, 3).message, busy);
+    state.transferring = false;
+    state.refreshing = true;
+    EXPECT_EQ(SwapSlots(drops, 2, 3).message, busy);
 }
 
 } // namespace
