@@ -48,6 +48,7 @@ TEST_F(SwapTest, TheSlotsShowWhatTheReportThenHolds)
     EXPECT_EQ(report.txtComp(3).Text(), u"12 Oak St"_s);
     EXPECT_EQ(addr.txtCompAddr(3).Text(), u"12 Oak St"_s);
     EXPECT_EQ(addr.txtCompCity(3).Text(), u"Duluth"_s);
+    EXPECT_EQ(addr.txtCompState(3).Text(), u"MN"_s);
     EXPECT_EQ(addr.txtCompZip(3).Text(), u"55803"_s);
     EXPECT_EQ(Shows(slots.imaComp(2)), QString());
     EXPECT_EQ(Shows(slots.imaComp(3)), u"C:\\JPG\\OAK.jpg"_s);
@@ -66,11 +67,21 @@ TEST_F(SwapTest, ASlotThatBecomesEmptyHasAnEmptyDataBox)
     EXPECT_FALSE(slots.imaCompIcon(2).Visible());
 }
 
+TEST_F(SwapTest, CompsThatShareAPictureGoOnShowingIt)
+{
+    loader.ErrLoadThumb(slots.imaComp(3), u"C:\\JPG\\OAK.jpg"_s);
+    conduit.Answer(u"KEL|System"_s, u"IMAGES"_s, u"CMP_2_3X5|C:\\JPG\\OAK.jpg;CMP_3_3X5|C:\\JPG\\OAK.jpg;"_s);
+    EXPECT_TRUE(SwapSlots(drops, 2, 3).done);
+    EXPECT_EQ(Shows(slots.imaComp(2)), u"C:\\JPG\\OAK.jpg"_s);
+    EXPECT_EQ(Shows(slots.imaComp(3)), u"C:\\JPG\\OAK.jpg"_s);
+}
+
 TEST_F(SwapTest, ASlotThatHasChangedSinceTheMenuOpenedIsLeftAlone)
 {
     const Outcome outcome = SwapSlots(drops, 2, 3, {u"12 Oak St"_s, u"99 Other St"_s});
     EXPECT_FALSE(outcome.done);
     EXPECT_EQ(outcome.message, u"The slots show other comps than when the menu opened. Nothing was swapped."_s);
+    EXPECT_EQ(SwapSlots(drops, 2, 3, {u"99 Other St"_s, u"14 Elm St"_s}).message, outcome.message);
     EXPECT_TRUE(conduit.log.isEmpty());
 }
 

@@ -151,13 +151,22 @@ TEST(EveryForm, SendsTheCityLineOfACompAndReadsItAsNeighborhood)
     for (const Form& form : Forms()) {
         const QString code = form.code;
         SCOPED_TRACE(code.toStdString());
+        const auto cell = [](const MappingRow& row) {
+            return QStringList{row.formName, row.row, row.cell, row.compType, row.comp, row.offset}.join(u'|');
+        };
+        QStringList read, sent;
         for (const MappingRow& row : MappingRows(code)) {
             const bool readOnly = row.fieldName == u"NEIGHBORHD"_s && row.comp != u"10"_s;
             EXPECT_EQ(row.trueFalse == u"R"_s, readOnly) << row.fieldName.toStdString();
+            if (readOnly)
+                read.append(cell(row));
             if (row.fieldName == u"CITYSTZIP"_s) {
                 EXPECT_EQ(row.trueFalse, QString());
+                sent.append(cell(row));
             }
         }
+        EXPECT_FALSE(read.isEmpty());
+        EXPECT_EQ(sent, read) << "each is sent under the other word";
     }
 }
 

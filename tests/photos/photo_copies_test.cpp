@@ -33,6 +33,14 @@ TEST_F(PhotoCopies, ACopyKeepsNameAndExtensionAndOverwrites)
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
 
+TEST_F(PhotoCopies, ACopyTakesThePlaceOfAWriteProtectedOne)
+{
+    disk.WriteWhole(u"C:\\JPG\\DSC 1.JPG"_s, "older");
+    disk.SetAttr(u"C:\\JPG\\DSC 1.JPG"_s, files::ReadOnly);
+    EXPECT_TRUE(Copy(picture, u"C:\\JPG"_s));
+    EXPECT_EQ(disk.ReadWhole(u"C:\\JPG\\dsc 1.jpg"_s), "picture");
+}
+
 TEST_F(PhotoCopies, EqualDirectoriesAreRefused)
 {
     for (const QString& same : {u"C:\\VASSNAP"_s, u"c:\\vassnap\\"_s, u" C:\\VASSNAP "_s}) {
