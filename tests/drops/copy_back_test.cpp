@@ -1,6 +1,7 @@
 #include "photos/photo_copies.h"
 #include "photos/photo_messages.h"
 #include "router_home.h"
+#include "support/file_limit.h"
 
 // Pictures that go to the capture directory where something is in the way.
 
@@ -54,6 +55,19 @@ TEST_F(CopyBackTest, ABracketIsSpokenOfWhicheverFileLostIt)
     EXPECT_EQ(copyIn({u"C:\\DESKTOP\\Q].png"_s}), u"1 picture is in C:\\SNAP\\ now."_s + told);
     EXPECT_TRUE(home.disk.FileExists(kSnap + u"Q).jpg"_s));
     EXPECT_EQ(photos::NameForReport(u"A[1.JPG"_s), u"A[1.JPG"_s) << "which a report can name";
+}
+
+TEST_F(CopyBackTest, ATrashThatIsFullIsNotCalledSwitchedOff)
+{
+    globals.autoDelete = 1;
+    filing.PictureSaved = true;
+    doubles.prompter.Answer(forms::Answer::Yes);    // delete it
+    doubles.prompter.Answer(forms::Answer::Ignore); // the error
+    tests::FileLimit full(4);
+    const Outcome outcome = DropThumb(0, controls.imaTrashcan);
+    full.Lift();
+    EXPECT_EQ(outcome.message, u"A.JPG stays where it is: it could not be copied to the trash."_s);
+    EXPECT_TRUE(home.disk.FileExists(kSnap + u"A.JPG"_s));
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 #include "link/talk.h"
 #include "router_home.h"
 
+#include <QThread>
+
 // What is said of a send, and what its slot is called afterwards, when something goes wrong or changes on the way.
 
 namespace vasclip::drops {
@@ -188,6 +190,35 @@ TEST_F(OldComp, OfAnEmptySlotIsNobodys)
     EXPECT_EQ(DropOn(report.txtComp(5)).message, u"12 Oak St is in the report now."_s);
 }
 
+/// What the gauge says of a drop that takes long.
+TEST_F(SentWords, OfTheGaugeTellASaveFromASend)
+{
+    talk.Attach(status, desk.ports);
+    desk.talk = &talk;
+    QString told;
+    const auto slowly = [&] {
+        talk.BeforeExchange();
+        QThread::msleep(link::Talk::kSlowMs + 10);
+        talk.Waiting();
+        talk.AfterExchange();
+        told = status.gauProgress.Caption();
+    };
+    Router saving{{desk, filing, capture, grddatabook, txtcentralkey,
+                   {.autoSave = {}, .save = [&](QLatin1StringView, int, SlotPart) { slowly(); }}}};
+    report.txtComp(2).SetText(u"12 Oak St"_s);
+    saving.Drop(saving.Begin(report.txtComp(2)), grddatabook);
+    EXPECT_EQ(told, u"Saving to the Databook"_s);
+    status.gauProgress.SetCaption({});
+    conduit.before = [&, done = false](const QString& entry) mutable {
+        if (!done && entry == "item ActiveReports"_L1) {
+            done = true;
+            slowly();
+        }
+    };
+    DropOn(report.txtComp(2));
+    EXPECT_EQ(told, u"Sending 12 OAK ST"_s);
+}
+
 /// A photo goes to a slot that names another record.
 class PhotoWords : public SentWords
 {
@@ -251,6 +282,18 @@ TEST_F(PhotoWords, OfACaptionOfAnotherReportLeaveItThoughItIsTheOneThatWasAsked)
     DropOn(slots.imaGeneral(2));
     ASSERT_EQ(Shows(slots.imaGeneral(2)), u"C:\\JPG\\JONES.jpg"_s);
     EXPECT_EQ(report.cboGeneral(2).Text(), u"REAR VIEW"_s) << "that is what JONES has there";
+}
+
+TEST_F(PhotoWords, OfARefusalAreNotThoseOfTheDropBefore)
+{
+    At(u"item ActiveReports"_s, 2, [this] { BringJonesToTheFront(); }); // behind the drop's own look
+    doubles.prompter.Answer(forms::Answer::Cancel);                     // keep the tabs
+    EXPECT_EQ(DropPhoto(u"12 OAK ST"_s, QString()).message,
+              u"Nothing was sent: JONES is active in the forms program, and the tabs show SMITH."_s);
+    conduit.before = {};
+    conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"SMITH,JONES,"_s);
+    conduit.FailOnce(u"execute "_s + SetImage(u"CMP_2_3X5"_s, u"C:\\\\JPG\\\\OAK.jpg"_s), error::kLinkBusy, u"No"_s);
+    EXPECT_EQ(DropPhoto(u"12 OAK ST"_s, QString()).message, u"The photo of 12 OAK ST did not reach the report."_s);
 }
 
 /// The three photos of a record on the subject.

@@ -4,6 +4,7 @@
 #include "link/refresh.h"
 #include "link/save_data.h"
 #include "link/tabs.h"
+#include "platform/conduit/patience.h"
 #include "store/change.h"
 
 namespace vasclip::link {
@@ -330,6 +331,22 @@ TEST_F(Transfer, ALinkThatBreaksLeavesThatCompAndTheRest)
         << doubles.prompter.Last().text.toStdString();
     EXPECT_EQ(status.lblmsg.Caption(),
               u"1 record was added, 1 could not be stored, the rest was left alone."_s);
+}
+
+TEST_F(Transfer, ACompThatIsGivenUpLeavesTheRest)
+{
+    for (const int i : {1, 2, 3})
+        Slot(report.txtComp, i, u"%1 Oak St"_s.arg(i));
+    int comps = 0;
+    conduit.before = [&comps](const QString& entry) { // as when Cancel is pressed while the second is read
+        if (entry == "item SALE1|7|2"_L1 && ++comps == 1)
+            throw RuntimeError(conduit::kUserInterrupt, u"Cancelled"_s);
+    };
+    const TransferTally tally = TransferComps(desk, true, 0, What::Data);
+    EXPECT_TRUE(tally.stopped);
+    EXPECT_EQ(status.lblmsg.Caption(), u"1 record was added, the rest was left alone."_s);
+    EXPECT_EQ(Keys(), QStringList{u"1 OAK ST"_s});
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
 
 TEST_F(Transfer, ARefusedCompDoesNotStopTheOthers)

@@ -423,5 +423,24 @@ TEST_F(CardCopy, ANameThatNoReportCanNameIsChanged)
     EXPECT_EQ(Names(capture).size(), 3);
 }
 
+TEST_F(CardCopy, AChangedNameTakesThePlaceOfNoOther)
+{
+    home.Put(card + u"B[1].JPG"_s, "before its namesake");
+    home.Put(card + u"B(1).JPG"_s, "the namesake");
+    home.Put(card + u"C[1].JPG"_s, "one of two");
+    home.Put(card + u"C(1].JPG"_s, "two of two");
+    home.Put(card + u"D[1].JPG"_s, "of the card");
+    home.Put(capture + u"D(1).JPG"_s, "of the capture directory");
+    Copy({u"B[1].JPG"_s, u"B(1).JPG"_s, u"C[1].JPG"_s, u"C(1].JPG"_s, u"D[1].JPG"_s});
+    const std::pair<QString, QByteArray> files[] = {{u"B(1) (2).JPG"_s, "before its namesake"},
+                                                    {u"B(1).JPG"_s, "the namesake"},
+                                                    {u"C(1).JPG"_s, "one of two"},
+                                                    {u"C(1) (2).JPG"_s, "two of two"},
+                                                    {u"D(1) (2).JPG"_s, "of the card"},
+                                                    {u"D(1).JPG"_s, "of the capture directory"}};
+    for (const auto& [name, content] : files)
+        EXPECT_EQ(Read(capture + name), content) << name.toStdString();
+}
+
 } // namespace
 } // namespace vasclip::photos

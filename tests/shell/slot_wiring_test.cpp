@@ -339,6 +339,7 @@ TEST_F(SlotWiring, ASalesCompIsSwappedByItsMenuWithWhatItShowedWhenItOpened)
 {
     main.report.txtComp(2).SetText(u"Ash & Elm"_s);
     main.report.TabComp.SetTabCaption(1, u"N/A"_s);
+    main.report.txtComp(4).SetEnabled(true);
     forms::Menu* menu = main.MenuOver(Get(u"txtComp"_s, 1));
     ASSERT_NE(menu, nullptr);
     EXPECT_TRUE(menu->Entry(menu->Name(), 5)->enabled);
@@ -348,6 +349,12 @@ TEST_F(SlotWiring, ASalesCompIsSwappedByItsMenuWithWhatItShowedWhenItOpened)
     EXPECT_TRUE(entry(2).enabled);
     EXPECT_EQ(entry(3).caption, u"Comp &3: (empty)"_s);
     EXPECT_FALSE(entry(4).enabled) << "no such page";
+
+    main.MenuOver(Get(u"txtComp"_s, 4));
+    EXPECT_FALSE(menu->Entry(menu->Name(), 5)->enabled) << "nor with any other";
+    main.report.txtComp(3).SetEnabled(false);
+    main.MenuOver(Get(u"txtComp"_s, 1));
+    EXPECT_FALSE(entry(3).enabled) << "the form has no such comp";
 
     const QString swap = u"SWAPCOMPS 3,2\r\n"_s;
     main.report.txtComp(2).SetText(u"99 Other St"_s); // the menu is open and the slot has changed
@@ -368,7 +375,9 @@ TEST_F(SlotWiring, ASalesCompIsSwappedByItsMenuWithWhatItShowedWhenItOpened)
     for (const QString& other : {u"txtAltComp"_s, u"txtListing"_s, u"txtRental"_s}) {
         main.MenuOver(Get(other, 1));
         EXPECT_FALSE(menu->Entry(menu->Name(), 5)->enabled) << other.toStdString();
+        menu->Choose(u"popTextData_MSubSwap"_s, 2);
     }
+    EXPECT_EQ(conduit.commands.filter(u"SWAPCOMPS"_s).size(), 1);
     main.MenuOver(main.report.txtSubject);
     EXPECT_FALSE(menu->Entry(menu->Name(), 5)->enabled);
 }
