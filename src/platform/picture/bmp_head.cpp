@@ -14,7 +14,6 @@ constexpr qsizetype kFileHead = 14;
 constexpr qint64 kFirstOs2 = 12;
 constexpr qint64 kShortestOs2 = 16;
 constexpr qint64 kWindows = 40;
-constexpr qint64 kWholeOs2 = 64;
 
 template <class Number>
 qint64 At(QByteArrayView bytes, qsizetype at)
@@ -38,11 +37,8 @@ QString BmpHead::CompressionName() const
         return u"None"_s;
     case 1:
     case 2:
+    case 4: // of OS/2; no other is read
         return u"RLE"_s;
-    case 4:
-        return length == kWholeOs2 ? u"RLE"_s : u"JPEG"_s;
-    case 5:
-        return u"PNG"_s;
     default:
         return {};
     }

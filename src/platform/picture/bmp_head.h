@@ -19,7 +19,7 @@ struct BmpHead
     qint64 colours = 0;   ///< in the palette, 0 for as many as the bits allow
     qint64 firstData = 0; ///< where the rows begin
 
-    /// "None", "RLE", "JPEG", "PNG"; "" for a method that has no name here.
+    /// "None", "RLE"; "" for a method that has no name here.
     [[nodiscard]] QString CompressionName() const;
 };
 

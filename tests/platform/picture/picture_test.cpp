@@ -302,6 +302,77 @@ TEST_F(PictureTest, BitsAndCompressionAreThoseOfTheFile)
     }
 }
 
+/// One pixel as a TIFF of either order of bytes.
+/// @param bits  of the samples that the file tells of, which may be fewer than there are
+QByteArray SmallTiff(bool big, const QList<quint16>& bits, quint16 samples, quint16 compression = 1)
+{
+    const auto two = [big](quint16 value) {
+        QByteArray bytes(2, '\0');
+        big ? qToBigEndian(value, bytes.data()) : qToLittleEndian(value, bytes.data());
+        return bytes;
+    };
+    const auto four = [big](quint32 value) {
+        QByteArray bytes(4, '\0');
+        big ? qToBigEndian(value, bytes.data()) : qToLittleEndian(value, bytes.data());
+        return bytes;
+    };
+    constexpr quint32 kDirectory = 8;
+    constexpr quint16 kEntries = 9;
+    constexpr quint32 kBehind = kDirectory + 2 + kEntries * 12 + 4;
+    const auto number = [&](quint16 tag, quint16 value) { return two(tag) + two(3) + four(1) + two(value) + two(0); };
+    QByteArray list;
+    for (const quint16 one : bits)
+        list += two(one);
+    const auto count = static_cast<quint32>(bits.size());
+    const QByteArray held = count <= 2 ? list.leftJustified(4, '\0') : four(kBehind);
+    const QByteArray behind = count <= 2 ? QByteArray() : list;
+    const quint32 pixels = kBehind + static_cast<quint32>(behind.size());
+    return (big ? QByteArray("MM") : QByteArray("II")) + two(42) + four(kDirectory) + two(kEntries) + number(256, 1) +
+           number(257, 1) + two(258) + two(3) + four(count) + held + number(259, compression) +
+           number(262, samples >= 3 ? 2 : 1) + two(273) + two(4) + four(1) + four(pixels) + number(277, samples) +
+           number(278, 1) + two(279) + two(4) + four(1) + four(samples) + four(0) + behind + QByteArray(samples, '\x40');
+}
+
+TEST_F(PictureTest, BitsAndCompressionOfATiffAreThoseOfTheFile)
+{
+    struct Row
+    {
+        QByteArray bytes;
+        int bits;
+        QString compression;
+    };
+    for (const bool big : {false, true}) {
+        const Row rows[] = {{SmallTiff(big, {8, 8, 8}, 3), 24, u"None"_s},
+                            {SmallTiff(big, {8, 8, 8, 8}, 4), 32, u"None"_s},
+                            {SmallTiff(big, {8}, 1), 8, u"None"_s},
+                            {SmallTiff(big, {8}, 3), 24, u"None"_s}, // told once for all
+                            {SmallTiff(big, {8, 8, 8}, 3, 32773), 24, u"PackBits"_s},
+                            {SmallTiff(big, {8}, 1, 5), 8, u"LZW"_s}};
+        for (const Row& row : rows) {
+            SCOPED_TRACE(u"%1 bits, %2, %3"_s.arg(row.bits).arg(row.compression).arg(big).toStdString());
+            home.Put(u"C:\\A.TIF"_s, row.bytes);
+            const Facts facts = Describe(home.disk, u"C:\\A.TIF"_s);
+            EXPECT_EQ(facts.size, QSize(1, 1));
+            EXPECT_EQ(facts.format, u"TIFF"_s);
+            EXPECT_EQ(facts.bitsPerPixel, row.bits);
+            EXPECT_EQ(facts.compression, row.compression);
+        }
+    }
+}
+
+TEST_F(PictureTest, ARunLengthBitmapIsCalledSo)
+{
+    QByteArray windows = Encoded(Halves(8, 8).convertToFormat(QImage::Format_Grayscale8), "BMP");
+    windows[30] = 1;
+    QByteArray os2 = Os2Bitmap(16, 8, 16, 20); // a longer head of OS/2, whose fourth method is one too
+    os2[14] = 24;
+    os2.replace(30, 4, QByteArray("\4\0\0\0", 4));
+    for (const QByteArray& bytes : {windows, os2}) {
+        home.Put(u"C:\\R.BMP"_s, bytes);
+        EXPECT_EQ(Describe(home.disk, u"C:\\R.BMP"_s).compression, u"RLE"_s);
+    }
+}
+
 TEST(IsWholeBmp, CountsTheRows)
 {
     const QByteArray whole = Encoded(Halves(61, 40), "BMP");
