@@ -8,6 +8,7 @@
 #include "link/report_check.h"
 #include "link/slot_icons.h"
 #include "link/slot_photos.h"
+#include "link/slot_table.h"
 #include "link/talk.h"
 #include "photos/view_name.h"
 #include "platform/text/text.h"
@@ -18,23 +19,23 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-struct Group
+struct GroupWord
 {
-    QLatin1StringView word, group;
-    QLatin1StringView dropType; ///< what DropComp is told by a click on the data box
-    QLatin1StringView full;     ///< the lamp of a data box with data; "" for a group without data boxes
+    link::Group group;
+    QLatin1StringView word;
+    QLatin1StringView dropType = {}; ///< what DropComp is told by a click on the data box
 };
-constexpr Group kGroups[] = {{"SUBJECT"_L1, "SUBJECT"_L1, ""_L1, ""_L1},
-                             {"ALTCOMP"_L1, "ALT"_L1, "ALTCOMP"_L1, "compfull.jpg"_L1},
-                             {"COMP"_L1, "SALE"_L1, "SALE"_L1, "compfull.jpg"_L1},
-                             {"LISTING"_L1, "LIST"_L1, "LISTING"_L1, "LISTfull.jpg"_L1},
-                             {"RENTAL"_L1, "RENT"_L1, "RENTAL"_L1, "RENTfull.jpg"_L1},
-                             {"GENERAL"_L1, "GENERAL"_L1, ""_L1, ""_L1}};
+constexpr GroupWord kGroups[] = {{link::Group::Subject, "SUBJECT"_L1},
+                                 {link::Group::Alternates, "ALT"_L1, "ALTCOMP"_L1},
+                                 {link::Group::Sales, "SALE"_L1, "SALE"_L1},
+                                 {link::Group::Listings, "LIST"_L1, "LISTING"_L1},
+                                 {link::Group::Rentals, "RENT"_L1, "RENTAL"_L1},
+                                 {link::Group::General, "GENERAL"_L1}};
 
-const Group& RowOf(QLatin1StringView group)
+const GroupWord& RowOf(QLatin1StringView group)
 {
-    for (const Group& row : kGroups)
-        if (row.group == group)
+    for (const GroupWord& row : kGroups)
+        if (row.word == group)
             return row;
     return kGroups[0];
 }
@@ -58,7 +59,8 @@ Outcome ForShown(DropDesk& desk, QLatin1StringView group, int index, Step&& step
 {
     QStringList filled, words;
     QList<int> left;
-    for (int i = FirstShown(index); i < FirstShown(index) + kShownTogether; ++i)
+    const int first = link::FirstShown(index);
+    for (int i = first; i < first + link::kSlotsOnAPage; ++i)
         if (!KeyOfSlot(desk, group, i).isEmpty())
             left.append(i);
     if (left.isEmpty())
@@ -123,10 +125,10 @@ Outcome NotObtained(link::LinkDesk& desk, const Slot& slot, link::DropOutcome re
 
 QLatin1StringView GroupOf(const QString& controlName)
 {
-    const QString name = text::Folded(controlName);
-    for (const Group& row : kGroups)
-        if (name.mid(3) == row.word)
-            return row.group;
+    const link::GroupRow* found = link::GroupOf(controlName);
+    for (const GroupWord& row : kGroups)
+        if (found != nullptr && row.group == found->group)
+            return row.word;
     return ""_L1;
 }
 
@@ -249,9 +251,10 @@ Outcome ClickDataBox(DropDesk& desk, QLatin1StringView group, int index)
 {
     const common::RoutineScope scope{"gea_Click"};
     link::LinkDesk& link = desk.link;
-    const Group& row = RowOf(group);
+    const GroupWord& row = RowOf(group);
+    const QLatin1StringView full = link::RowOf(row.group).lamp;
     const QString key = KeyOfSlot(desk, group, index);
-    if (row.full.isEmpty())
+    if (full.isEmpty())
         return {};
     if (const std::optional<Outcome> ended = OtherReport(desk))
         return *ended;
@@ -263,7 +266,7 @@ Outcome ClickDataBox(DropDesk& desk, QLatin1StringView group, int index)
     const link::DropOutcome sent = link::DropComp(link, slot.text, slot.photo, row.dropType, false);
     if (sent != link::DropOutcome::Sent)
         return NotObtained(link, slot, sent, key);
-    link.loader.ErrLoadPict(*slot.data, link.globals.G_ProgramDir + row.full);
+    link.loader.ErrLoadPict(*slot.data, link.globals.G_ProgramDir + full);
     slot.text.SetText(SlotText(link.state));
     return InReport(link, slot.text.Text(), PhotoSent::Yes, {});
 }

@@ -35,12 +35,4 @@ Outcome SavePhotoOfSlot(DropDesk& desk, QLatin1StringView group, int index);
 /// The slot's data go there, by its menu.
 Outcome SaveDataOfSlot(DropDesk& desk, QLatin1StringView group, int index);
 
-inline constexpr int kShownTogether = 3;
-
-/// First of the slots that are on view together with this one.
-[[nodiscard]] constexpr int FirstShown(int index)
-{
-    return (index - 1) / kShownTogether * kShownTogether + 1;
-}
-
 } // namespace vasclip::drops

@@ -22,24 +22,6 @@ QString CaptionRange(int n)
     return text::Dec(n * kSlotsOnAPage + 1) + u" - "_s + text::Dec((n + 1) * kSlotsOnAPage);
 }
 
-QString PageKind(const QString& word)
-{
-    struct Row
-    {
-        QLatin1StringView letters, kind;
-    };
-    static constexpr Row kKinds[] = {{"COMP"_L1, "COMP"_L1},
-                                     {"GENE"_L1, "GENERAL"_L1},
-                                     {"LIST"_L1, "LISTING"_L1},
-                                     {"RENT"_L1, "RENTAL"_L1},
-                                     {"ALT "_L1, "ALTCOMP"_L1}};
-    const QString letters = word.left(4).toUpper();
-    for (const Row& row : kKinds)
-        if (letters == row.letters)
-            return row.kind;
-    return {};
-}
-
 QString PageCaption(const QString& kind, int j)
 {
     static const QStringList kPlain = {u"SUBJECT"_s, u"COMP"_s, u"COMPARABLE"_s, u"LIST"_s,

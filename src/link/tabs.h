@@ -7,8 +7,6 @@ namespace vasclip::link {
 
 /// The numbers of the three slots of page n, from 0: "1 - 3", "4 - 6", ...
 [[nodiscard]] QString CaptionRange(int n);
-/// Kind of a page word by its first four letters: COMP, GENERAL, LISTING, RENTAL or ALTCOMP; "" for others.
-[[nodiscard]] QString PageKind(const QString& word);
 /// Caption of page j, from 1, of a kind: "1 - 3", "A 1 - 3" for alternates, "1P" for general pages.
 [[nodiscard]] QString PageCaption(const QString& kind, int j);
 

@@ -165,9 +165,9 @@ constexpr Row kGrid[] = {
 };
 
 constexpr Row kPhoto[] = {
-    {0, "Rename View"_L1,
+    {kRenameViewEntry, "Rename View"_L1,
      [](frm_Main& m) { m.recordPhotos.FromMenu(&RecordPhotos::CmdRenamePhotoView_Click); }},
-    {1, "Delete Photo"_L1, [](frm_Main& m) { m.recordPhotos.FromMenu(&RecordPhotos::CmdDeletePhoto_Click); }},
+    {kDeletePhotoEntry, "Delete Photo"_L1, [](frm_Main& m) { m.recordPhotos.FromMenu(&RecordPhotos::CmdDeletePhoto_Click); }},
 };
 
 constexpr Row kThumb[] = {
@@ -200,9 +200,9 @@ constexpr Row kGeneral[] = {
 };
 
 constexpr Row kTextData[] = {
-    {0, "Obtain Data (from databook)"_L1,
+    {kObtainDataEntry, "Obtain Data (from databook)"_L1,
      [](frm_Main& m) { m.popUps.OnSlot("popTextData_M", Obtain<drops::WithPhoto::No>); }},
-    {1, "Obtain Data: ALL 3 shown (from databook)"_L1,
+    {kObtainShownEntry, "Obtain Data: ALL 3 shown (from databook)"_L1,
      [](frm_Main& m) { m.popUps.OnSlot("popTextData_M", ObtainShown<drops::WithPhoto::No>); }},
     {2, kSeparator},
     {3, "Save Selected Data to Database"_L1,

@@ -18,13 +18,17 @@ inline constexpr int kThumbListEntry = 5;   ///< over thumbnails
 inline constexpr int kDeleteImageEntry = 0; ///< over thumbnails
 inline constexpr int kAllPhotosEntry = 1;   ///< over photo slots
 inline constexpr int kSwapEntry = 5;        ///< over text slots
+inline constexpr int kRenameViewEntry = 0;  ///< over the record's photo
+inline constexpr int kDeletePhotoEntry = 1; ///< over the record's photo
+inline constexpr int kObtainDataEntry = 0;  ///< over text slots
+inline constexpr int kObtainShownEntry = 1; ///< over text slots
 /// The submenu of the tutorials, by their place in the program directory.
 inline constexpr QLatin1StringView kTutorials{"mnuHelpTut_M"};
 /// The submenu of the comps with which a sales comp can be swapped, by their number.
 inline constexpr QLatin1StringView kSwapEntries{"popTextData_MSubSwap"};
 
-/// The menus of the main screen, each with its entries in stored order. An entry without an action, and one
-/// whose screen the program does not have yet, is disabled.
+/// The menus of the main screen, each with its entries in stored order. An entry that has neither an
+/// action nor a submenu made while the program runs is disabled.
 struct Menus
 {
     explicit Menus(forms::ControlSet& controls);

@@ -73,7 +73,7 @@ forms::Menu* PopUps::MenuOver(const forms::Control& control)
         return &m_menus.popThumb_M;
     }
     if (photoOnShow) {
-        for (const int entry : {0, 1})
+        for (const int entry : {kRenameViewEntry, kDeletePhotoEntry})
             m_menus.popPhoto_M.SetEntryEnabled(entry, m_program.photoLists.lstViews.ListIndex() >= 0);
         return &m_menus.popPhoto_M;
     }
@@ -92,8 +92,8 @@ forms::Menu* PopUps::MenuOver(const forms::Control& control)
     if (!name.startsWith(u"TXT"_s))
         return nullptr;
     // The subject's data are not sent from the Databook.
-    m_menus.popTextData_M.SetEntryEnabled(0, !subject);
-    m_menus.popTextData_M.SetEntryEnabled(1, !subject);
+    m_menus.popTextData_M.SetEntryEnabled(kObtainDataEntry, !subject);
+    m_menus.popTextData_M.SetEntryEnabled(kObtainShownEntry, !subject);
     OfferSwap(control);
     return &m_menus.popTextData_M;
 }

@@ -24,8 +24,8 @@ struct Step
 /// The one writer: every change of a record is begun, filled, stored and dropped here, so that its values before and
 /// after and the words of the step are known where it is stored.
 ///
-/// A source has at most one change under way. It is the record set's edit: a move or a look-up drops it, and what fails
-/// to be stored stays under way. All throw as the record set does.
+/// A source has at most one change under way. It is the record set's edit: a move or a look-up drops it, and what the
+/// record set refuses stays under way. A step whose watcher fails is taken back and over. All throw as the record set does.
 class Change
 {
 public:

@@ -327,12 +327,5 @@ TEST_F(SlotMenusTest, AnIconSavesThePhotoOfItsSlot)
     EXPECT_EQ(routed, QStringList{u"GENERAL 1 1"_s});
 }
 
-TEST(SlotMenus, TheSlotsOnViewComeInThrees)
-{
-    const int firsts[] = {1, 1, 1, 4, 4, 4, 7};
-    for (int i = 1; i <= 7; ++i)
-        EXPECT_EQ(FirstShown(i), firsts[i - 1]);
-}
-
 } // namespace
 } // namespace vasclip::drops

@@ -23,7 +23,7 @@ protected:
 TEST_F(SlotTable, EachRowFitsItsControls)
 {
     for (const GroupRow& row : GroupTable()) {
-        SCOPED_TRACE(row.title.data());
+        SCOPED_TRACE(row.controls.data());
         EXPECT_EQ(&RowOf(row.group), &row);
         Holds(row, slots.*row.photos, "ima");
         Holds(row, slots.*row.icons, "ima", "Icon");
@@ -97,6 +97,13 @@ TEST_F(SlotTable, ASlotsControlsAndItsPage)
     EXPECT_FALSE(OnMissingPage(report, {Group::Alternates, 3}));
     EXPECT_FALSE(OnMissingPage(report, {Group::Sales, 9}));
     EXPECT_FALSE(OnMissingPage(report, {Group::Subject, 1}));
+}
+
+TEST(Slots, TheSlotsOnViewComeInThrees)
+{
+    const int firsts[] = {1, 1, 1, 4, 4, 4, 7};
+    for (int i = 1; i <= 7; ++i)
+        EXPECT_EQ(FirstShown(i), firsts[i - 1]);
 }
 
 } // namespace

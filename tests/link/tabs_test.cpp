@@ -7,16 +7,10 @@ namespace {
 
 using Tabs = DeskTest;
 
-TEST(Captions, OfRangesAndKinds)
+TEST(Captions, OfRangesAndPages)
 {
     EXPECT_EQ(CaptionRange(0), u"1 - 3"_s);
     EXPECT_EQ(CaptionRange(2), u"7 - 9"_s);
-    EXPECT_EQ(PageKind(u"comparables_1"_s), u"COMP"_s);
-    EXPECT_EQ(PageKind(u"GENERAL_1"_s), u"GENERAL"_s);
-    EXPECT_EQ(PageKind(u"LISTINGS_1"_s), u"LISTING"_s);
-    EXPECT_EQ(PageKind(u"RENTALS_1"_s), u"RENTAL"_s);
-    EXPECT_EQ(PageKind(u"ALT COMPS"_s), u"ALTCOMP"_s);
-    EXPECT_EQ(PageKind(u"ALTPH1"_s), u""_s);
     EXPECT_EQ(PageCaption(u"COMP"_s, 2), u"4 - 6"_s);
     EXPECT_EQ(PageCaption(u"ALTCOMP"_s, 2), u"A 4 - 6"_s);
     EXPECT_EQ(PageCaption(u"GENERAL"_s, 12), u"12P"_s);
