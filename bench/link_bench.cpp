@@ -283,7 +283,8 @@ struct Bench
     }
     void Send()
     {
-        if (!link::SendBulk(desk, u"UA5"_s, u"SMITH"_s, 5, u"SALE"_s).complete)
+        const store::Record record = store::ReadRecord(sources.datDatabook, KeyOf(0)).value();
+        if (!link::SendBulk(desk, record, u"UA5"_s, u"SMITH"_s, 5, u"SALE"_s).complete)
             std::exit(1);
     }
 

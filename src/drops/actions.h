@@ -8,9 +8,6 @@ namespace vasclip::drops {
 
 // What the rows of the table lead to. Each has passed the guards of its target.
 
-/// A record's data, and its front photo, to a comp slot of the report.
-Outcome PasteRecord(DropDesk& desk, const Drag& drag, const DropRule& rule, forms::Control& target);
-
 /// A view of a record to a photo slot; for a general slot the view is asked.
 Outcome SendRecordView(DropDesk& desk, const QString& key, const DropRule& rule, int index, const QString& view);
 Outcome SendAskedView(DropDesk& desk, const QString& key, const DropRule& rule, int index);

@@ -2,6 +2,7 @@
 
 #include "common/paths.h"
 #include "drops/slot.h"
+#include "link/transfer.h"
 #include "photos/content.h"
 #include "photos/photo_copies.h"
 #include "photos/trash.h"
@@ -89,8 +90,8 @@ Outcome CopyBack(DropDesk& drops, const Drag& drag, const DropRule& rule)
     link::LinkDesk& desk = drops.link;
     const QString directory = common::CkRSlash(desk.globals.G_CaptureDir);
     int count = 0;
-    if (!rule.group.isEmpty()) {
-        const forms::PictureBox& slot = SlotOf(desk, rule.group, drag.index).photo;
+    if (rule.group) {
+        const forms::PictureBox& slot = SlotOf(desk, {*rule.group, drag.index}).photo;
         const QString file = text::Trim(desk.loader.Table().ErrGetPict(slot));
         const QString target = directory + file.mid(file.lastIndexOf(u'\\') + 1);
         const bool elsewhere = text::Folded(target) != text::Folded(file);
@@ -102,10 +103,11 @@ Outcome CopyBack(DropDesk& drops, const Drag& drag, const DropRule& rule)
         }
         return Copied(drops, count);
     }
-    if (!TakeRecord(desk, drag.key))
+    const std::optional<Taken> record = TakeRecord(desk, drag.key);
+    if (!record)
         return {false, u"%1 is no longer in the Databook."_s.arg(drag.key), forms::Colour::Red, {}};
-    for (int i = 0; i < desk.lists.lstimages.ListCount(); ++i) {
-        const QString stem = text::Trim(desk.lists.lstimages.List(i));
+    for (const photos::PhotoPair& photo : record->photos.Pairs()) {
+        const QString stem = text::Trim(photo.second);
         if (!IsPlainStem(stem))
             continue;
         const QString source = common::CkRSlash(desk.globals.G_PhotoDir) + stem + u".jpg"_s;
@@ -146,14 +148,13 @@ Outcome CopyIn(DropDesk& drops, const QStringList& files)
 
 Outcome SaveSlot(DropDesk& desk, const Drag& drag, const DropRule& rule)
 {
-    SlotPart part = SlotPart::Both;
-    if (rule.action == DropAction::SaveData)
-        part = SlotPart::Data;
-    else if (rule.action == DropAction::SavePhoto)
-        part = SlotPart::Photo;
-    const QString key = text::Folded(SlotOf(desk.link, rule.group, drag.index).text.Text());
-    if (desk.routines.save)
-        desk.routines.save(rule.group, drag.index, part);
+    using link::What;
+    const What what = rule.action == DropAction::SaveData    ? What::Data
+                      : rule.action == DropAction::SavePhoto ? What::Pic
+                                                             : What::Both;
+    const SlotRef slot{*rule.group, drag.index};
+    const QString key = text::Folded(SlotOf(desk.link, slot).text.Text());
+    link::TransferSlot(desk.link, slot, what);
     return {true, {}, forms::Colour::Normal, key};
 }
 

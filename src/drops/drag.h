@@ -1,11 +1,15 @@
 #pragma once
 
 #include "forms/controls.h"
+#include "link/slot_table.h"
 #include "photos/pointed_file.h"
 
 #include <QStringList>
 
 namespace vasclip::drops {
+
+using link::Group;
+using link::SlotRef;
 
 /// A drag of a named source.
 struct Drag
@@ -39,6 +43,7 @@ struct Outcome
     QString message; ///< for the status line; may be empty
     forms::Colour colour = forms::Colour::Normal;
     QString record = {}; ///< key of the record that has changed and should be on show; may be empty
+    bool stayed = false; ///< the record on show was not left for another one meanwhile
 };
 
 /// Nothing went to the report, for a reason that is no fault.

@@ -7,18 +7,6 @@
 
 namespace vasclip::drops {
 
-/// What of a report slot goes into the Databook.
-enum class SlotPart { Data, Photo, Both };
-
-/// Routines in which a drop ends.
-struct DropRoutines
-{
-    /// The slot's data and photo go into the Databook if AUTOSAVE is on.
-    std::function<void(QLatin1StringView group, int index)> autoSave;
-    /// They go there now. @return what to tell the user; the record is named if there is one
-    std::function<void(QLatin1StringView group, int index, SlotPart part)> save;
-};
-
 /// What the drops work on; all of it outlives the router.
 struct DropDesk
 {
@@ -27,7 +15,6 @@ struct DropDesk
     photos::CaptureDesk& capture;
     const forms::Grid& grddatabook;
     const forms::TextBox& txtcentralkey; ///< key of the record on show, and the address box
-    DropRoutines routines;
 };
 
 } // namespace vasclip::drops

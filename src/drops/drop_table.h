@@ -5,6 +5,7 @@
 #include <QLatin1StringView>
 #include <QString>
 
+#include <optional>
 #include <span>
 
 namespace vasclip::drops {
@@ -38,7 +39,7 @@ struct DropRule
     QLatin1StringView source;
     QLatin1StringView target;
     DropAction action;
-    QLatin1StringView group; ///< of the report slot: SUBJECT, SALE, ALT, GENERAL, LIST, RENT; "" for none
+    std::optional<Group> group = {}; ///< of the report slot, if there is one
 };
 
 /// The name of the source for files that come from another program.

@@ -6,6 +6,7 @@
 #include "link/report_check.h"
 #include "link/reporter.h"
 #include "link/slot_photos.h"
+#include "link/transfer.h"
 #include "photos/format_picture.h"
 #include "photos/photo_copies.h"
 #include "photos/photo_records.h"
@@ -127,7 +128,7 @@ Outcome FilePictureIntoSlot(DropDesk& desk, const Drag& drag, const DropRule& ru
         return {};
     if (const QString why = photos::WhyAnother(link.disk, drag.picture); !why.isEmpty())
         return {false, why, forms::Colour::Red, {}}; // while the view was asked
-    forms::PictureBox& slot = SlotOf(link, rule.group, index).photo;
+    forms::PictureBox& slot = SlotOf(link, {*rule.group, index}).photo;
     // A question stood: another report may be in front by now, and nothing has moved yet.
     const bool asked = general || !text::Trim(link.loader.Table().ErrGetPict(slot)).isEmpty();
     if (asked) {
@@ -154,8 +155,8 @@ Outcome FilePictureIntoSlot(DropDesk& desk, const Drag& drag, const DropRule& ru
                                  ? TellGeneral(desk, index, &*caption)
                                  : GeneralTold{};
 
-    if (!general && (rule.group != "SUBJECT"_L1 || index == 1) && desk.routines.autoSave)
-        desk.routines.autoSave(rule.group, index);
+    if (!general)
+        link::SaveSlot2Database(link, {*rule.group, index});
     const QString name = common::WholeFileName(picture);
     if (sent == link::SlotSend::Failed)
         return {true, u"%1 is stored and in the slot; the report did not take it."_s.arg(name),

@@ -1,6 +1,7 @@
 #include "drops/router.h"
 
 #include "drops/actions.h"
+#include "drops/send_record.h"
 #include "drops/slot.h"
 #include "link/messages.h"
 #include "link/report_check.h"
@@ -31,9 +32,7 @@ Router::Router(DropDesk desk)
 Router::Place Router::PlaceOf(const QString& target)
 {
     const QString name = text::Folded(target);
-    const bool report = name.contains("SUBJECT"_L1) || name.contains("COMP"_L1) || name.contains("LISTING"_L1) ||
-                        name.contains("RENTAL"_L1) || name.contains("GENERAL"_L1);
-    if (!report || name == "FRAADDACOMP"_L1 || name == "TXTADDACOMP"_L1)
+    if (!link::GroupWithin(name) || name == "FRAADDACOMP"_L1 || name == "TXTADDACOMP"_L1)
         return Place::Elsewhere;
     if (name.startsWith("IMA"_L1))
         return Place::PhotoSlot;
@@ -45,8 +44,6 @@ bool Router::Accepts(const QString& source, const forms::Control& target) const
     const DropRule* rule = RuleFor(source, target.Name());
     if (!rule || !target.Enabled())
         return false;
-    if (Saves(*rule) && !m_desk.routines.save)
-        return false;
     if (rule->action == DropAction::FileInRecord && m_desk.grddatabook.RowCount() == 0)
         return false;
     if (PlaceOf(target.Name()) == Place::Elsewhere)
@@ -54,8 +51,8 @@ bool Router::Accepts(const QString& source, const forms::Control& target) const
     if (link::SlotPageNotAvailable(m_desk.link.report, target.Name(), target.Index()))
         return false;
     // The photo and the data box of a comp that the form does not have stay enabled; its text slot does not.
-    const Slot slot = SlotOf(m_desk.link, rule->group, target.Index());
-    return rule->group == "GENERAL"_L1 || slot.text.Enabled();
+    const SlotRef slot{*rule->group, target.Index()};
+    return slot.group == Group::General || SlotOf(m_desk.link, slot).text.Enabled();
 }
 
 bool Router::CanStart(const forms::Control& source) const
@@ -77,7 +74,7 @@ bool Router::CanStart(const forms::Control& source) const
         return !text::Trim(table.ErrGetPict(source)).isEmpty();
     if (name.startsWith("GEA"_L1) && PlaceOf(name) == Place::TextOrData) { // with the text of its slot
         const DropRule* rule = RuleFor(name, u"GRDDATABOOK"_s);
-        return rule && !text::Trim(SlotOf(m_desk.link, rule->group, source.Index()).text.Text()).isEmpty();
+        return rule && !text::Trim(SlotOf(m_desk.link, {*rule->group, source.Index()}).text.Text()).isEmpty();
     }
     if (name != "TXTMAPADDRESS"_L1 && PlaceOf(name) == Place::Elsewhere)
         return false;
@@ -162,7 +159,7 @@ QString Router::Refusal(const Drag& drag) const
     if (PlaceOf(drag.source) == Place::PhotoSlot && !drag.picture.path.isEmpty()) {
         const DropRule* rule = RuleFor(drag.source, u"GRDDATABOOK"_s);
         const QString now =
-            rule ? m_desk.link.loader.Table().ErrGetPict(SlotOf(m_desk.link, rule->group, drag.index).photo)
+            rule ? m_desk.link.loader.Table().ErrGetPict(SlotOf(m_desk.link, {*rule->group, drag.index}).photo)
                  : drag.picture.path;
         if (text::Folded(now) != text::Folded(drag.picture.path))
             return u"The slot shows another photo now than the one you dragged. Nothing was done."_s;
@@ -198,7 +195,7 @@ std::optional<Outcome> Router::Guards(const Drag& drag, const DropRule& rule, fo
     if (place != Place::PhotoSlot)
         return std::nullopt;
     const QString file =
-        text::Trim(desk.loader.Table().ErrGetPict(SlotOf(desk, rule.group, target.Index()).photo));
+        text::Trim(desk.loader.Table().ErrGetPict(SlotOf(desk, {*rule.group, target.Index()}).photo));
     if (file.isEmpty() ||
         desk.ports.prompter.YesNo(desk.globals.productName, u"Overwrite %1?  Are you sure?"_s.arg(file)))
         return std::nullopt;
@@ -250,8 +247,9 @@ Outcome Router::Run(const Drag& drag, forms::Control& target, const DropRule& ru
     case DropAction::ReplaceSubjectPhotos:
         return ReplaceSubjectPhotos(m_desk, drag.key);
     case DropAction::PasteCompAndPhoto:
+        return SendRecord(m_desk.link, {*rule.group, index}, drag.key, WithPhoto::Yes);
     case DropAction::PasteComp:
-        return PasteRecord(m_desk, drag, rule, target);
+        return SendRecord(m_desk.link, {*rule.group, index}, drag.key, WithPhoto::No);
     case DropAction::ShowInSubject:
         return ShowInSubject(m_desk, drag.picture.path);
     case DropAction::FileInRecord:

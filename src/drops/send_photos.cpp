@@ -17,49 +17,48 @@ Outcome Gone(const QString& key)
     return {false, u"%1 is no longer in the Databook."_s.arg(key), forms::Colour::Red, {}};
 }
 
-Outcome Told(const link::LinkDesk& desk, PhotoSent sent, const QString& view, const QString& key)
+Outcome Told(const link::LinkDesk& desk, const Taken& record, PhotoSent sent, const QString& view)
 {
-    if (const auto unsent = TellUnsent(desk, sent, view, key))
+    const QString& key = record.key;
+    if (const auto unsent = TellUnsent(desk, record, sent, view, key))
         return *unsent;
     if (sent == PhotoSent::None)
         return {true, u"%1 has no %2. The slot is empty now."_s.arg(key, view), forms::Colour::Blue, {}};
     return {true, u"The %1 of %2 is in the report now."_s.arg(view, key), forms::Colour::Green, {}};
 }
 
-/// Path of a record's front view, for the eyes; the photos are listed.
-QString FrontFile(const link::LinkDesk& desk)
+/// The picture for the eyes while a view is asked: the front view, else the record's first one.
+QString FrontFile(const link::LinkDesk& desk, const photos::PhotoList& photos)
 {
-    const int row = std::max(0, desk.lists.lstViews.IndexOf(u"FRONT VIEW"_s));
-    const QString stem = text::Trim(desk.lists.lstimages.List(row));
-    return stem.isEmpty() ? QString() : desk.globals.G_PhotoDir + stem + u".jpg"_s;
+    if (photos.Has(u"FRONT VIEW"_s) || photos.Pairs().isEmpty())
+        return link::PathOfView(desk, photos, u"FRONT VIEW"_s);
+    return link::PathOfView(desk, photos, photos.Pairs().first().first);
 }
-
-} // namespace
-
-namespace {
 
 /// @param caption  of a general slot whose view was asked
 Outcome Send(DropDesk& drops, const QString& key, const DropRule& rule, int index, const QString& view,
              GeneralCaption* caption)
 {
     link::LinkDesk& desk = drops.link;
-    if (!TakeRecord(desk, key))
+    const std::optional<Taken> record = TakeRecord(desk, key);
+    if (!record)
         return Gone(key);
-    const Slot slot = SlotOf(desk, rule.group, index);
+    const Slot slot = SlotOf(desk, {*rule.group, index});
     const QString before = slot.text.Text();
-    slot.text.SetText(SlotText(desk.state));
-    const PhotoSent sent = SendView(desk, slot.photo, view);
-    const bool general = rule.group == "GENERAL"_L1;
-    Outcome outcome = Told(desk, sent, view, text::Trim(key)); // before the icons list other records' photos
+    slot.text.SetText(record->Text());
+    const PhotoSent sent = SendView(desk, *record, slot.photo, view);
+    const bool general = rule.group == Group::General;
+    Outcome outcome = Told(desk, *record, sent, view);
+    outcome.stayed = true;
     const bool kept = sent == PhotoSent::Failed || sent == PhotoSent::Kept;
     GeneralTold told;
     if (general && !kept)
         told = TellGeneral(drops, index, caption);
     // What the report did not take is not its slot's record; a slot that shows another report by now stays.
-    const bool stands = slot.text.Text() == SlotText(desk.state);
+    const bool stands = slot.text.Text() == record->Text();
     if (stands && (kept || told.Failed()))
         slot.text.SetText(before);
-    slot.RefreshIcons(desk);
+    link::RefreshIcon(desk, slot.ref);
     desk.ports.window.AppActivate();
     if (told.Failed() && sent == PhotoSent::Yes) {
         outcome.message.chop(1);
@@ -67,7 +66,7 @@ Outcome Send(DropDesk& drops, const QString& key, const DropRule& rule, int inde
         outcome.colour = forms::Colour::Red;
     } else if (!general && (sent == PhotoSent::Yes || sent == PhotoSent::None) && !text::Trim(before).isEmpty() &&
                text::Folded(before) != text::Folded(slot.text.Text()) &&
-               text::Folded(before) != text::Folded(desk.state.displayAddress)) {
+               text::Folded(before) != text::Folded(record->address)) {
         // The slot names the photo's record from here on; the report's own address is still the other one.
         outcome.message += u" The data beside it are still those of %1."_s.arg(text::Trim(before));
         outcome.colour = forms::Colour::Blue;
@@ -85,10 +84,12 @@ Outcome SendRecordView(DropDesk& drops, const QString& key, const DropRule& rule
 
 Outcome SendAskedView(DropDesk& drops, const QString& key, const DropRule& rule, int index)
 {
-    if (!TakeRecord(drops.link, key))
+    const std::optional<Taken> record = TakeRecord(drops.link, key);
+    if (!record)
         return Gone(key);
     GeneralCaption caption(drops, index);
-    const QString view = AskView(drops, u"CBOGENERAL"_s, index, FrontFile(drops.link), text::Trim(key));
+    const QString front = FrontFile(drops.link, record->photos);
+    const QString view = AskView(drops, u"CBOGENERAL"_s, index, front, text::Trim(key));
     if (view.isEmpty())
         return {};
     return Send(drops, key, rule, index, view, &caption);
@@ -102,9 +103,10 @@ Outcome SendShown(DropDesk& drops, const Drag& drag, const DropRule& rule, int i
     if (caption && AskView(drops, u"CBOGENERAL"_s, index, drag.picture.path, drag.key).isEmpty())
         return {};
     link::LinkDesk& desk = drops.link;
-    if (!TakeRecord(desk, drag.key))
+    const std::optional<Taken> record = TakeRecord(desk, drag.key);
+    if (!record)
         return Gone(drag.key);
-    if (text::Folded(link::PathOfView(desk, drag.view)) != text::Folded(drag.picture.path))
+    if (text::Folded(link::PathOfView(desk, record->photos, drag.view)) != text::Folded(drag.picture.path))
         return {false,
                 u"The %1 of %2 is no longer the picture that you dragged. Nothing was sent."_s.arg(drag.view, drag.key),
                 forms::Colour::Red, {}};
@@ -121,16 +123,15 @@ Outcome ReplaceSubjectPhotos(DropDesk& drops, const QString& key)
         question.arg(text::Trim(desk.report.txtSubject.Text()), text::Trim(key)));
     if (answer != forms::Answer::Yes)
         return {};
-    if (!TakeRecord(desk, key))
+    const std::optional<Taken> record = TakeRecord(desk, key);
+    if (!record)
         return Gone(key);
     PhotoSent worst = PhotoSent::Yes;
     QStringList missing;
-    for (int i = 1; i <= 3; ++i) {
-        if (!TakeRecord(desk, key)) // the exchanges turn the queue, and the lists may be another record's
-            return Gone(key);
-        const PhotoSent sent = SendView(desk, desk.slots.imaSubject(i), link::SubjectView(i));
+    for (int i = 1; i <= photos::kSubjectPhotos; ++i) {
+        const PhotoSent sent = SendView(desk, *record, desk.slots.imaSubject(i), link::SubjectView(i));
         if (sent == PhotoSent::Kept || sent == PhotoSent::Cleared)
-            missing << TellUnsent(desk, sent, link::SubjectView(i), text::Trim(key))->message;
+            missing << TellUnsent(desk, *record, sent, link::SubjectView(i), record->key)->message;
         worst = std::max(worst, sent);
         if (sent == PhotoSent::Failed)
             break;

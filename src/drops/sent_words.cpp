@@ -1,24 +1,26 @@
 #include "drops/sent_words.h"
 
+#include "link/slot_icons.h"
 #include "platform/text/text.h"
 
 namespace vasclip::drops {
 
 using namespace Qt::Literals::StringLiterals;
 
-Outcome BrokenOff(link::LinkDesk& desk, const Slot& slot, link::DropOutcome result, const QString& key)
+Outcome BrokenOff(link::LinkDesk& desk, const Slot& slot, const link::Dropped& dropped)
 {
+    const QString& key = dropped.key;
     using enum link::DropOutcome;
     const auto told = [](const QString& message) { return Outcome{false, message, forms::Colour::Red, {}}; };
-    if (desk.state.addressSent) {
-        slot.text.SetText(SlotText(desk.state));
-        slot.RefreshIcons(desk);
+    if (dropped.addressSent) {
+        slot.text.SetText(SlotText(dropped.address, key));
+        link::RefreshIcon(desk, slot.ref);
     }
     const QString shown = text::Trim(slot.text.Text());
     const QString again = u"Send it again."_s; // dropped, or by a menu or a key
-    switch (result) {
+    switch (dropped.outcome) {
     case Incomplete:
-        if (desk.state.addressSent)
+        if (dropped.addressSent)
             return told(u"Only a part of %1 reached the report. "_s.arg(key) + again);
         if (shown.isEmpty())
             return told(u"Only a part of %1 reached the report, not its address. "_s.arg(key) + again);
@@ -38,9 +40,10 @@ Outcome BrokenOff(link::LinkDesk& desk, const Slot& slot, link::DropOutcome resu
     }
 }
 
-Outcome InReport(const link::LinkDesk& desk, const QString& shown, PhotoSent photo, const QString& photoTold)
+Outcome InReport(const link::Dropped& dropped, PhotoSent photo, const QString& photoTold)
 {
-    const QString& left = desk.state.leftOfOldComp;
+    const QString shown = SlotText(dropped.address, dropped.key);
+    const QString& left = dropped.leftOfOldComp;
     QString message = left.isEmpty() ? u"%1 is in the report now"_s.arg(shown)
                                      : u"%1 is in the report now; %2"_s.arg(shown, left);
     if (photo == PhotoSent::Cleared || photo == PhotoSent::Kept)

@@ -1,47 +1,30 @@
 #include "drops/slot.h"
 
 #include "common/proper_case.h"
-#include "link/slot_icons.h"
 #include "link/slot_photos.h"
-#include "photos/photo_lists.h"
 #include "platform/text/text.h"
 
 namespace vasclip::drops {
 
 using namespace Qt::Literals::StringLiterals;
 
-Slot SlotOf(link::LinkDesk& desk, QLatin1StringView group, int index)
+Slot SlotOf(link::LinkDesk& desk, SlotRef slot)
 {
-    const link::GroupRow* comps = link::GroupOfWord(group);
-    const link::Group of = comps                     ? comps->group
-                           : group == "GENERAL"_L1 ? link::Group::General
-                                                   : link::Group::Subject;
-    const link::SlotRef slot{of, index};
-    return {link::TextOf(desk.report, slot), link::PhotoOf(desk.slots, slot), link::BoxOf(desk.slots, slot), of};
+    return {slot, link::TextOf(desk.report, slot), link::PhotoOf(desk.slots, slot), link::BoxOf(desk.slots, slot)};
 }
 
-void Slot::RefreshIcons(link::LinkDesk& desk) const
+QString SlotText(const QString& address, const QString& key)
 {
-    link::RefreshIcons(desk, group);
+    return text::Trim(text::Folded(address) == text::Folded(key) ? address : key);
 }
 
-QString SlotText(const link::LinkState& state)
+std::optional<Taken> TakeRecord(const link::LinkDesk& desk, const QString& key)
 {
-    const bool same = text::Folded(state.displayAddress) == text::Folded(state.currentKey);
-    return text::Trim(same ? state.displayAddress : state.currentKey);
-}
-
-bool TakeRecord(link::LinkDesk& desk, const QString& key)
-{
-    store::DataSource& databook = desk.sources.datDatabook;
-    desk.state.currentKey = text::Folded(key);
-    if (desk.state.currentKey.isEmpty() ||
-        !store::FindRecord(desk.ports, databook, desk.state.currentKey, u"CENTRALKEY"_s))
-        return false;
-    desk.state.displayAddress =
-        common::AddressInCase(store::GetFieldData(databook, u"ADDRESS"_s), desk.globals.addressCase);
-    photos::ReadPhotoLists(databook, desk.lists.lstViews, desk.lists.lstimages);
-    return true;
+    const std::optional<store::Record> record = store::ReadRecord(desk.ports, desk.sources.datDatabook, key);
+    if (!record)
+        return std::nullopt;
+    return Taken{text::Folded(key), common::AddressInCase(record->Text(u"ADDRESS"_s), desk.globals.addressCase),
+                 photos::PhotoList(*record)};
 }
 
 namespace {
@@ -55,28 +38,25 @@ bool ReportShowsPhoto(const link::LinkDesk& desk, const forms::PictureBox& photo
 }
 
 /// Sending a picture that is gone empties the slot in the report, and no one would expect that.
-bool MaySendMissing(link::LinkDesk& desk, const QString& view)
+bool MaySendMissing(link::LinkDesk& desk, const Taken& record, const QString& view)
 {
-    const QString file = link::PathOfView(desk, view);
+    const QString file = link::PathOfView(desk, record.photos, view);
     return desk.disk.FileExists(file) ||
            desk.ports.prompter.YesNo(desk.globals.productName,
                                      u"The picture of the %1 of %2 is missing: %3 is not there. Sending it clears "
-                                     u"the picture of the slot in the report. Clear it?"_s.arg(
-                                         view, text::Trim(desk.state.currentKey), file));
+                                     u"the picture of the slot in the report. Clear it?"_s.arg(view, record.key, file));
 }
 
 } // namespace
 
-PhotoSent SendView(link::LinkDesk& desk, forms::PictureBox& photo, const QString& view)
+PhotoSent SendView(link::LinkDesk& desk, const Taken& record, forms::PictureBox& photo, const QString& view)
 {
-    const bool hasView = desk.lists.lstViews.IndexOf(view) >= 0;
-    if (hasView && !MaySendMissing(desk, view))
+    const bool hasView = record.photos.Has(view);
+    if (hasView && !MaySendMissing(desk, record, view))
         return PhotoSent::Kept;
     if (!hasView && ReportShowsPhoto(desk, photo) && !link::ClearSlotPhoto(desk, photo, false))
         return PhotoSent::Failed;
-    if (!hasView) // clearing turns the queue, and the lists may be another record's
-        static_cast<void>(TakeRecord(desk, desk.state.currentKey));
-    const link::SlotSend sent = link::SendKelTheView(desk, photo, photo, photo.Index(), view);
+    const link::SlotSend sent = link::SendKelTheView(desk, photo, photo, photo.Index(), record.photos, view);
     if (sent == link::SlotSend::Failed)
         return PhotoSent::Failed;
     if (!hasView)
@@ -84,20 +64,20 @@ PhotoSent SendView(link::LinkDesk& desk, forms::PictureBox& photo, const QString
     return sent == link::SlotSend::Sent ? PhotoSent::Yes : PhotoSent::Cleared;
 }
 
-std::optional<Outcome> TellUnsent(const link::LinkDesk& desk, PhotoSent sent, const QString& view,
-                                  const QString& key)
+std::optional<Outcome> TellUnsent(const link::LinkDesk& desk, const Taken& record, PhotoSent sent, const QString& view,
+                                  const QString& name)
 {
-    const QString file = link::PathOfView(desk, view);
+    const QString file = link::PathOfView(desk, record.photos, view);
     switch (sent) {
     case PhotoSent::Failed:
-        return NotSent(desk.state.notSent.isEmpty() ? u"The photo of %1 did not reach the report."_s.arg(key)
+        return NotSent(desk.state.notSent.isEmpty() ? u"The photo of %1 did not reach the report."_s.arg(name)
                                                     : desk.state.notSent);
     case PhotoSent::Kept:
-        return Outcome{false, u"The %1 of %2 was not sent: %3 is missing."_s.arg(view, key, file),
+        return Outcome{false, u"The %1 of %2 was not sent: %3 is missing."_s.arg(view, name, file),
                        forms::Colour::Red, {}};
     case PhotoSent::Cleared:
         return Outcome{true,
-                       u"The slot's picture was cleared, because the %1 of %2 is missing: %3."_s.arg(view, key, file),
+                       u"The slot's picture was cleared, because the %1 of %2 is missing: %3."_s.arg(view, name, file),
                        forms::Colour::Red, {}};
     case PhotoSent::Yes:
     case PhotoSent::None:

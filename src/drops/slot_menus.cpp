@@ -1,15 +1,15 @@
 #include "drops/slot_menus.h"
 
 #include "common/error_block.h"
-#include "drops/sent_words.h"
+#include "drops/slot.h"
 #include "drops/view_rule.h"
-#include "link/drop_comp.h"
 #include "link/messages.h"
 #include "link/report_check.h"
 #include "link/slot_icons.h"
 #include "link/slot_photos.h"
 #include "link/slot_table.h"
 #include "link/talk.h"
+#include "link/transfer.h"
 #include "photos/view_name.h"
 #include "platform/text/text.h"
 
@@ -19,27 +19,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-struct GroupWord
-{
-    link::Group group;
-    QLatin1StringView word;
-    QLatin1StringView dropType = {}; ///< what DropComp is told by a click on the data box
-};
-constexpr GroupWord kGroups[] = {{link::Group::Subject, "SUBJECT"_L1},
-                                 {link::Group::Alternates, "ALT"_L1, "ALTCOMP"_L1},
-                                 {link::Group::Sales, "SALE"_L1, "SALE"_L1},
-                                 {link::Group::Listings, "LIST"_L1, "LISTING"_L1},
-                                 {link::Group::Rentals, "RENT"_L1, "RENTAL"_L1},
-                                 {link::Group::General, "GENERAL"_L1}};
-
-const GroupWord& RowOf(QLatin1StringView group)
-{
-    for (const GroupWord& row : kGroups)
-        if (row.word == group)
-            return row;
-    return kGroups[0];
-}
-
 Outcome Missing(const QString& key)
 {
     if (key.isEmpty())
@@ -47,27 +26,27 @@ Outcome Missing(const QString& key)
     return {false, u"%1 is not in the Databook."_s.arg(key), forms::Colour::Red, {}};
 }
 
-QString KeyOfSlot(DropDesk& desk, QLatin1StringView group, int index)
+QString KeyOfSlot(DropDesk& desk, SlotRef slot)
 {
-    return text::Folded(SlotOf(desk.link, group, index).text.Text());
+    return text::Folded(SlotOf(desk.link, slot).text.Text());
 }
 
 /// Runs a step for the slots that are on view and have a text, and tells of all of them. What breaks one off for the
 /// user's sake, or for another report, ends it: the slots after it may be another report's by now.
 template <class Step>
-Outcome ForShown(DropDesk& desk, QLatin1StringView group, int index, Step&& step)
+Outcome ForShown(DropDesk& desk, SlotRef slot, Step&& step)
 {
     QStringList filled, words;
-    QList<int> left;
-    const int first = link::FirstShown(index);
+    QList<SlotRef> left;
+    const int first = link::FirstShown(slot.index);
     for (int i = first; i < first + link::kSlotsOnAPage; ++i)
-        if (!KeyOfSlot(desk, group, i).isEmpty())
-            left.append(i);
+        if (!KeyOfSlot(desk, {slot.group, i}).isEmpty())
+            left.append({slot.group, i});
     if (left.isEmpty())
         return {false, u"The slots on view name no records."_s, forms::Colour::Normal, {}};
     QStringList names; // now: another report may be on the tabs when they are told
-    for (const int i : std::as_const(left))
-        names.append(group == "SUBJECT"_L1 ? link::SubjectView(i) : KeyOfSlot(desk, group, i));
+    for (const SlotRef one : std::as_const(left))
+        names.append(one.group == Group::Subject ? link::SubjectView(one.index) : KeyOfSlot(desk, one));
     forms::Colour colour = forms::Colour::Green;
     int done = 0;
     bool ended = false;
@@ -112,39 +91,34 @@ std::optional<Outcome> OtherReport(DropDesk& desk)
     return check.Stands() ? std::nullopt : std::optional(NotSent(check.words));
 }
 
-/// A failure that a box has told of leaves no word behind; here it is the answer to a menu or a click.
-Outcome NotObtained(link::LinkDesk& desk, const Slot& slot, link::DropOutcome result, const QString& key)
+/// Sends the record that a slot's text names. A failure that a box has told of leaves no word behind; here it is the
+/// answer to a menu or a click.
+Outcome Obtain(link::LinkDesk& desk, SlotRef ref, const QString& key, WithPhoto photo, QLatin1StringView lamp)
 {
-    const Outcome outcome = BrokenOff(desk, slot, result, key);
-    return outcome.message.isEmpty()
-               ? Outcome{false, u"%1 did not reach the report."_s.arg(key), forms::Colour::Red, {}}
-               : outcome;
+    Outcome outcome = SendRecord(desk, ref, key, photo, lamp);
+    if (!outcome.done && outcome.message.isEmpty()) {
+        outcome.message = u"%1 did not reach the report."_s.arg(key);
+        outcome.colour = forms::Colour::Red;
+    }
+    return outcome;
 }
 
 } // namespace
 
-QLatin1StringView GroupOf(const QString& controlName)
-{
-    const link::GroupRow* found = link::GroupOf(controlName);
-    for (const GroupWord& row : kGroups)
-        if (found != nullptr && row.group == found->group)
-            return row.word;
-    return ""_L1;
-}
-
-Outcome ObtainPhoto(DropDesk& desk, QLatin1StringView group, int index)
+Outcome ObtainPhoto(DropDesk& desk, SlotRef ref)
 {
     if (const std::optional<Outcome> ended = OtherReport(desk))
         return *ended;
-    const QString key = KeyOfSlot(desk, group, index);
-    if (!TakeRecord(desk.link, key))
+    const QString key = KeyOfSlot(desk, ref);
+    const std::optional<Taken> record = TakeRecord(desk.link, key);
+    if (!record)
         return Missing(key);
     const forms::Hourglass hourglass(desk.link.ports.window);
-    const Slot slot = SlotOf(desk.link, group, index);
-    const QString view = group == "SUBJECT"_L1 ? link::SubjectView(index) : u"FRONT VIEW"_s;
-    const PhotoSent sent = SendView(desk.link, slot.photo, view);
-    const auto unsent = TellUnsent(desk.link, sent, view, key); // before the icons list other records' photos
-    slot.RefreshIcons(desk.link);
+    const Slot slot = SlotOf(desk.link, ref);
+    const QString view = ref.group == Group::Subject ? link::SubjectView(ref.index) : u"FRONT VIEW"_s;
+    const PhotoSent sent = SendView(desk.link, *record, slot.photo, view);
+    const auto unsent = TellUnsent(desk.link, *record, sent, view, key);
+    link::RefreshIcon(desk.link, ref);
     if (unsent)
         return *unsent;
     if (sent == PhotoSent::None)
@@ -152,18 +126,18 @@ Outcome ObtainPhoto(DropDesk& desk, QLatin1StringView group, int index)
     return {true, u"The %1 of %2 is in the report now."_s.arg(view, key), forms::Colour::Green, {}};
 }
 
-Outcome ObtainShownPhotos(DropDesk& desk, QLatin1StringView group, int index)
+Outcome ObtainShownPhotos(DropDesk& desk, SlotRef ref)
 {
-    return ForShown(desk, group, index, [&](int i) { return ObtainPhoto(desk, group, i); });
+    return ForShown(desk, ref, [&](SlotRef one) { return ObtainPhoto(desk, one); });
 }
 
-Outcome ClearPhoto(DropDesk& desk, QLatin1StringView group, int index)
+Outcome ClearPhoto(DropDesk& desk, SlotRef ref)
 {
     if (const std::optional<Outcome> ended = OtherReport(desk))
         return *ended;
-    const Slot slot = SlotOf(desk.link, group, index);
+    const Slot slot = SlotOf(desk.link, ref);
     const bool cleared = link::ClearSlotPhoto(desk.link, slot.photo, true);
-    slot.RefreshIcons(desk.link);
+    link::RefreshIcon(desk.link, ref);
     if (!cleared && !desk.link.state.notSent.isEmpty())
         return NotSent(desk.link.state.notSent);
     return {cleared, {}, forms::Colour::Normal, {}};
@@ -177,22 +151,23 @@ Outcome ObtainGeneral(DropDesk& desk, int index)
     const QString typed = text::Folded(link.report.cboGeneral(index).Text());
     const QString view = photos::CleanView(typed);
     const QString key = text::Folded(link.report.txtSubject.Text());
-    if (view.isEmpty() || !TakeRecord(link, key) || link.lists.lstViews.IndexOf(view) < 0) {
+    const std::optional<Taken> record = view.isEmpty() ? std::nullopt : TakeRecord(link, key);
+    if (!record || !record->photos.Has(view)) {
         link.ports.prompter.Box(u"Photo not present"_s, u"General Photo is not present in database"_s);
         return {};
     }
-    const Slot slot = SlotOf(link, "GENERAL"_L1, index);
+    const Slot slot = SlotOf(link, {Group::General, index});
     const QString file = text::Trim(link.loader.Table().ErrGetPict(slot.photo));
     if (!file.isEmpty() &&
         !link.ports.prompter.YesNo(link.globals.productName, u"Overwrite %1?  Are you sure?"_s.arg(file)))
         return {};
     const forms::Hourglass hourglass(link.ports.window);
     const QString before = slot.text.Text();
-    slot.text.SetText(SlotText(link.state));
-    const PhotoSent sent = SendView(link, slot.photo, view);
-    const auto unsent = TellUnsent(link, sent, view, key);
+    slot.text.SetText(record->Text());
+    const PhotoSent sent = SendView(link, *record, slot.photo, view);
+    const auto unsent = TellUnsent(link, *record, sent, view, key);
     const auto giveBack = [&] { // but for a slot that shows another report by now
-        if (slot.text.Text() == SlotText(link.state))
+        if (slot.text.Text() == record->Text())
             slot.text.SetText(before);
     };
     if (sent == PhotoSent::Failed || sent == PhotoSent::Kept) {
@@ -202,7 +177,7 @@ Outcome ObtainGeneral(DropDesk& desk, int index)
     const GeneralTold told = TellGeneral(desk, index);
     if (told.addressFailed)
         giveBack();
-    slot.RefreshIcons(link);
+    RefreshIcon(link, slot.ref);
     if (unsent)
         return *unsent;
     const QString cleaned = photos::CleanedView(typed); // the record has it so; the report keeps what is typed
@@ -212,88 +187,56 @@ Outcome ObtainGeneral(DropDesk& desk, int index)
             told.Failed() ? forms::Colour::Red : forms::Colour::Green, {}};
 }
 
-Outcome ObtainData(DropDesk& desk, QLatin1StringView group, int index, WithPhoto photo)
+Outcome ObtainData(DropDesk& desk, SlotRef ref, WithPhoto photo)
 {
-    link::LinkDesk& link = desk.link;
+    if (!link::RowOf(ref.group).Comps())
+        return {};
     if (const std::optional<Outcome> ended = OtherReport(desk))
         return *ended;
-    const QString key = KeyOfSlot(desk, group, index);
-    if (!TakeRecord(link, key))
+    const QString key = KeyOfSlot(desk, ref);
+    if (!TakeRecord(desk.link, key))
         return Missing(key);
-    const Slot slot = SlotOf(link, group, index);
-    link.state.dragSourceIndex = -1;
-    const link::DropOutcome sent = link::DropComp(link, slot.text, slot.photo, group, false);
-    if (sent != link::DropOutcome::Sent)
-        return NotObtained(link, slot, sent, key);
-    const QString shown = SlotText(link.state);
-    slot.text.SetText(shown);
-    PhotoSent photoSent = PhotoSent::Yes;
-    QString photoTold;
-    if (photo == WithPhoto::Yes) {
-        // The send turned the queue, and the lists may be another record's.
-        photoSent = TakeRecord(link, key) ? SendView(link, slot.photo, u"FRONT VIEW"_s) : PhotoSent::Failed;
-        if (const auto unsent = TellUnsent(link, photoSent, u"FRONT VIEW"_s, key))
-            photoTold = unsent->message;
-    }
-    if (slot.data != nullptr && slot.text.Text() == shown) // a refresh may show another report by now
-        link.loader.ErrLoadPict(*slot.data, link.globals.G_ProgramDir + u"Addendum_Added.bmp"_s);
-    slot.RefreshIcons(link);
-    link.ports.window.AppActivate();
-    return InReport(link, shown, photoSent, photoTold);
+    return Obtain(desk.link, ref, key, photo, kAddedLamp);
 }
 
-Outcome ObtainShownData(DropDesk& desk, QLatin1StringView group, int index, WithPhoto photo)
+Outcome ObtainShownData(DropDesk& desk, SlotRef ref, WithPhoto photo)
 {
-    return ForShown(desk, group, index, [&](int i) { return ObtainData(desk, group, i, photo); });
+    return ForShown(desk, ref, [&](SlotRef one) { return ObtainData(desk, one, photo); });
 }
 
-Outcome ClickDataBox(DropDesk& desk, QLatin1StringView group, int index)
+Outcome ClickDataBox(DropDesk& desk, SlotRef ref)
 {
     const common::RoutineScope scope{"gea_Click"};
-    link::LinkDesk& link = desk.link;
-    const GroupWord& row = RowOf(group);
-    const QLatin1StringView full = link::RowOf(row.group).lamp;
-    const QString key = KeyOfSlot(desk, group, index);
-    if (full.isEmpty())
+    const link::GroupRow& row = link::RowOf(ref.group);
+    const QString key = KeyOfSlot(desk, ref);
+    if (row.lamp.isEmpty())
         return {};
     if (const std::optional<Outcome> ended = OtherReport(desk))
         return *ended;
-    if (!TakeRecord(link, key))
+    if (!TakeRecord(desk.link, key))
         return {};
-    const Slot slot = SlotOf(link, group, index);
-    link.state.currentSlotIndex = static_cast<qint16>(index);
-    link.state.dragSourceIndex = -1;
-    const link::DropOutcome sent = link::DropComp(link, slot.text, slot.photo, row.dropType, false);
-    if (sent != link::DropOutcome::Sent)
-        return NotObtained(link, slot, sent, key);
-    link.loader.ErrLoadPict(*slot.data, link.globals.G_ProgramDir + full);
-    slot.text.SetText(SlotText(link.state));
-    return InReport(link, slot.text.Text(), PhotoSent::Yes, {});
+    return Obtain(desk.link, ref, key, WithPhoto::No, row.lamp);
 }
 
-Outcome SavePhotoOfSlot(DropDesk& desk, QLatin1StringView group, int index)
+Outcome SavePhotoOfSlot(DropDesk& desk, SlotRef ref)
 {
-    const Slot slot = SlotOf(desk.link, group, index);
+    const Slot slot = SlotOf(desk.link, ref);
     const QString key = text::Folded(slot.text.Text());
-    if (group == "GENERAL"_L1) {
+    if (ref.group == Group::General) {
         if (key.isEmpty())
             return {false, u"Blank address"_s, forms::Colour::Blue, {}};
         const QString file = desk.link.loader.Table().ErrGetPict(slot.photo);
         if (text::Trim(file).isEmpty() || file.contains("EMPTY"_L1, Qt::CaseInsensitive))
             return {};
     }
-    if (!desk.routines.save)
-        return {};
-    desk.routines.save(group, index, SlotPart::Photo);
+    link::TransferSlot(desk.link, ref, link::What::Pic);
     return {true, {}, forms::Colour::Normal, key};
 }
 
-Outcome SaveDataOfSlot(DropDesk& desk, QLatin1StringView group, int index)
+Outcome SaveDataOfSlot(DropDesk& desk, SlotRef ref)
 {
-    if (!desk.routines.save)
-        return {};
-    desk.routines.save(group, index, SlotPart::Data);
-    return {true, {}, forms::Colour::Normal, KeyOfSlot(desk, group, index)};
+    link::TransferSlot(desk.link, ref, link::What::Data);
+    return {true, {}, forms::Colour::Normal, KeyOfSlot(desk, ref)};
 }
 
 } // namespace vasclip::drops

@@ -53,7 +53,7 @@ void StoreBedBath(store::DataSource& databook, const QString& text)
 }
 
 /// By the column's type; memo, dates and the like are left alone.
-void StoreByType(LinkDesk& desk, const CompCell& cell)
+void StoreByType(LinkDesk& desk, const QString& key, const CompCell& cell)
 {
     using engine::FieldType;
     store::DataSource& databook = desk.sources.datDatabook;
@@ -71,7 +71,7 @@ void StoreByType(LinkDesk& desk, const CompCell& cell)
         // The report's own spelling of the address is not kept.
         if (cell.field == "ADDRESS"_L1)
             StoreText(databook, cell.field,
-                      common::AddressInCase(desk.state.currentKey, desk.globals.addressCase));
+                      common::AddressInCase(key, desk.globals.addressCase));
         else
             StoreText(databook, cell.field, cell.text);
         break;
@@ -113,20 +113,20 @@ std::optional<QList<CompCell>> ReadCompData(LinkDesk& desk, const QString& formT
     return cells;
 }
 
-void StoreCompData(LinkDesk& desk, const QList<CompCell>& cells)
+void StoreCompData(LinkDesk& desk, const QString& key, const QList<CompCell>& cells)
 {
     const common::RoutineScope scope{"GetCompData"};
     store::DataSource& databook = desk.sources.datDatabook;
     const QDate today = desk.ports.clock.Today();
     for (const CompCell& cell : cells) {
         if (cell.field == "CENTRALKEY"_L1) // the cell's own text is dropped
-            StoreText(databook, cell.field, text::Folded(desk.state.currentKey));
+            StoreText(databook, cell.field, text::Folded(key));
         else if (StorePriceDateAge(databook, today, cell.field, cell.text))
             continue;
         else if (cell.field == "BEDBATH"_L1)
             StoreBedBath(databook, cell.text);
         else
-            StoreByType(desk, cell);
+            StoreByType(desk, key, cell);
     }
 }
 
@@ -142,7 +142,7 @@ bool GetCompData(LinkDesk& desk, const QString& formType, const QString& report,
     if (!StandOn(desk, key))
         throw RuntimeError(error::kNoCurrentRecord, messages::kRecordGone.arg(key));
     store::Change change(desk.sources.datDatabook, messages::kReadWords);
-    StoreCompData(desk, *cells);
+    StoreCompData(desk, key, *cells);
     databook::SetLoadDate2Today(desk.ports, desk.sources.datDatabook);
     change.Store();
     return true;

@@ -29,9 +29,9 @@ struct CompCell
                                                           const std::function<bool()>& goOn = {});
 
 /// Stores the cells in the record that datDatabook is editing or adding; the caller updates. A blank cell
-/// overwrites what the record holds.
+/// overwrites what the record holds, but for its key and its address, which are those of `key`.
 /// @throws RuntimeError of the record set, 3265 for a field that it does not have
-void StoreCompData(LinkDesk& desk, const QList<CompCell>& cells);
+void StoreCompData(LinkDesk& desk, const QString& key, const QList<CompCell>& cells);
 
 /// Reads a comp's mapped fields from the report into the record that datDatabook stands on, in one update.
 /// @return false if the mapping has no rows for it, which has been said

@@ -1,7 +1,6 @@
 #include "link/drop_comp.h"
 
 #include "common/proper_case.h"
-#include "link/form_table.h"
 #include "link/kel_channel.h"
 #include "link/kel_helpers.h"
 #include "link/messages.h"
@@ -55,88 +54,89 @@ DropOutcome TellCancelled(LinkDesk& desk, const QString& key, const SendResult& 
     return DropOutcome::Cancelled;
 }
 
-DropOutcome SendDropped(LinkDesk& desk, const forms::Control& target, forms::PictureBox& photoSlot,
-                        const QString& compType, bool clearPhoto)
+/// Reads the record, and asks whether anybody is there.
+DropOutcome Prepare(LinkDesk& desk, SlotRef slot, ClearPhoto clear, Dropped& dropped)
 {
-    const QString existing = text::Trim(ExistingSlotText(desk.report, compType, target.Index()));
-    const QString key = desk.state.currentKey;
-    bool found = false;
     const bool looked = Reported(desk.ports.prompter, "DropComp", [&] {
-        found = store::FindRecord(desk.ports, desk.sources.datDatabook, key, u"CENTRALKEY"_s) &&
-                StandOn(desk, key);
-        if (!found)
+        dropped.record = store::ReadRecord(desk.ports, desk.sources.datDatabook, dropped.key);
+        if (!dropped.record)
             return;
-        desk.state.displayAddress = common::AddressInCase(
-            store::GetFieldData(desk.sources.datDatabook, u"ADDRESS"_s), desk.globals.addressCase);
+        dropped.address = common::AddressInCase(dropped.record->Text(u"ADDRESS"_s), desk.globals.addressCase);
         KelQueryActiveReports(desk.txtDDE);
     });
     if (Cancelled(desk))
-        return TellCancelled(desk, key, {});
+        return TellCancelled(desk, dropped.key, {});
     if (!looked)
         return DropOutcome::Failed;
-    if (!found)
+    if (!dropped.record)
         return DropOutcome::NotFound;
     if (!KelEnsureRunning(desk))
-        return Cancelled(desk) ? TellCancelled(desk, key, {}) : DropOutcome::NotRunning;
-    if (clearPhoto) {
-        desk.state.currentSlotIndex = static_cast<qint16>(target.Index());
-        if (!ClearSlotPhoto(desk, photoSlot, false))
-            return DropOutcome::Failed;
-    }
+        return Cancelled(desk) ? TellCancelled(desk, dropped.key, {}) : DropOutcome::NotRunning;
+    if (clear == ClearPhoto::Yes && !ClearSlotPhoto(desk, PhotoOf(desk.slots, slot), false))
+        return DropOutcome::Failed;
+    return DropOutcome::Sent;
+}
+
+DropOutcome SendDropped(LinkDesk& desk, SlotRef slot, ClearPhoto clear, Dropped& dropped)
+{
+    const QLatin1StringView group = RowOf(slot.group).mapping;
+    const QString existing = text::Trim(ExistingSlotText(desk.report, group, slot.index));
+    if (const DropOutcome ended = Prepare(desk, slot, clear, dropped); ended != DropOutcome::Sent)
+        return ended;
     SendResult result;
     const bool updated = Reported(desk.ports.prompter, "DropComp", [&] {
-        found = StandOn(desk, key);
-        if (found)
-            result = KelUpdateKel(desk, static_cast<qint16>(target.Index()), CompGroup(compType));
+        // The exchanges took their time: what goes out is what the record holds now.
+        dropped.record = store::ReadRecord(desk.ports, desk.sources.datDatabook, dropped.key);
+        if (dropped.record)
+            result = KelUpdateKel(desk, *dropped.record, static_cast<qint16>(slot.index), group);
     });
-    desk.state.addressSent = result.addressSent;
+    dropped.sent = result.sent;
+    dropped.addressSent = result.addressSent;
     if (Cancelled(desk) && !result.complete && !result.otherReport)
-        return TellCancelled(desk, key, result);
+        return TellCancelled(desk, dropped.key, result);
     if (!updated)
         return DropOutcome::Failed;
-    if (!found)
+    if (!dropped.record)
         return DropOutcome::NotFound;
     if (result.otherReport)
         return DropOutcome::OtherReport;
-    if (result.sent > 0 && LinkSurvived(result) && !existing.isEmpty() && text::Folded(existing) != text::Folded(key))
-        desk.state.leftOfOldComp = LeftOfOldComp(desk, result, existing);
+    if (result.sent > 0 && LinkSurvived(result) && !existing.isEmpty() &&
+        text::Folded(existing) != text::Folded(dropped.key))
+        dropped.leftOfOldComp = LeftOfOldComp(desk, result, existing);
     return OutcomeOf(result);
+}
+
+DropOutcome Swap(LinkDesk& desk, int target, int source)
+{
+    switch (SendSwap(desk, target, source)) {
+    case SwapOutcome::Swapped:
+        return DropOutcome::Swapped;
+    case SwapOutcome::NotSent:
+        return DropOutcome::OtherReport;
+    default:
+        return DropOutcome::Failed;
+    }
 }
 
 } // namespace
 
-DropOutcome DropComp(LinkDesk& desk, const forms::Control& target, forms::PictureBox& photoSlot,
-                     const QString& compType, bool clearPhoto)
+Dropped DropComp(LinkDesk& desk, SlotRef slot, const QString& key, int source, ClearPhoto clear)
 {
     const common::RoutineScope scope{"DropComp"};
     const forms::Hourglass hourglass{desk.ports.window};
-    const int index = target.Index();
-    const qint16 source = desk.state.dragSourceIndex;
-    desk.state.addressSent = false;
-    desk.state.leftOfOldComp.clear();
-    if (source == index)
-        return DropOutcome::OwnSlot;
-    if (source >= 1 && source <= 9) {
-        switch (SendSwap(desk, index, source)) {
-        case SwapOutcome::Swapped:
-            return DropOutcome::Swapped;
-        case SwapOutcome::NotSent:
-            return DropOutcome::OtherReport;
-        default:
-            return DropOutcome::Failed;
-        }
-    }
-    if (source == -1) {
-        desk.state.dropRefused = false;
-        if (!ConfirmOverwrite(desk, ExistingSlotText(desk.report, compType, index))) {
-            desk.state.dropRefused = true;
-            return DropOutcome::Refused;
-        }
-    }
-    return SendDropped(desk, target, photoSlot, compType, clearPhoto);
+    Dropped dropped{.key = key};
+    if (source == slot.index)
+        dropped.outcome = DropOutcome::OwnSlot;
+    else if (source >= 1 && source <= photos::kComps)
+        dropped.outcome = Swap(desk, slot.index, source);
+    else if (!ConfirmOverwrite(desk, TextOf(desk.report, slot).Text(), key))
+        dropped.outcome = DropOutcome::Refused;
+    else
+        dropped.outcome = SendDropped(desk, slot, clear, dropped);
+    return dropped;
 }
 
-SendResult KelUpdateKel(LinkDesk& desk, qint16 comp, const QString& compType)
+SendResult KelUpdateKel(LinkDesk& desk, const store::Record& record, qint16 comp, const QString& compType)
 {
     SendResult result;
     Reported(desk.ports.prompter, "KelUpdateKel", [&] {
@@ -154,7 +154,7 @@ SendResult KelUpdateKel(LinkDesk& desk, qint16 comp, const QString& compType)
         KelListForms(desk.txtDDE, report);
         const QString formType = KelFirstToken(desk.txtDDE.Text());
         desk.ports.window.AppActivate();
-        result = SendBulk(desk, formType, report, comp, compType);
+        result = SendBulk(desk, record, formType, report, comp, compType);
         desk.ports.window.AppActivate();
         if (LinkSurvived(result))
             SendScriptIfThere(desk, u"recalc.bas"_s);
@@ -163,10 +163,9 @@ SendResult KelUpdateKel(LinkDesk& desk, qint16 comp, const QString& compType)
     return result;
 }
 
-bool ConfirmOverwrite(LinkDesk& desk, const QString& existing)
+bool ConfirmOverwrite(LinkDesk& desk, const QString& existing, const QString& key)
 {
     desk.txtDDE.SetText(QString());
-    const QString& key = desk.state.currentKey;
     if (text::Trim(existing).isEmpty() || text::Folded(existing) == text::Folded(key))
         return true;
     desk.ports.window.AppActivate();

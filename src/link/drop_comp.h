@@ -2,6 +2,8 @@
 
 #include "link/link_desk.h"
 #include "link/send_bulk.h"
+#include "link/slot_table.h"
+#include "store/record.h"
 
 namespace vasclip::link {
 
@@ -20,24 +22,37 @@ enum class DropOutcome {
     Failed,     ///< the swap, the look-up or the clearing failed, which has been reported
 };
 
-/// Drops the record of `LinkState::currentKey` on a comp slot, or swaps two comps of the report when
-/// `LinkState::dragSourceIndex` is 1 to 9.
-/// @param target      the slot whose Index is the comp's number
-/// @param photoSlot   the picture beside it
-/// @param compType    SALE, ALT, RENT or LIST (or a word of that group)
-/// @param clearPhoto  empties the slot's photo, in the report too
-DropOutcome DropComp(LinkDesk& desk, const forms::Control& target, forms::PictureBox& photoSlot,
-                     const QString& compType, bool clearPhoto);
+/// What came of a drop on a comp slot.
+struct Dropped
+{
+    DropOutcome outcome = DropOutcome::Failed;
+    QString key;
+    QString address = {}; ///< of the record, in the ADDRESSCASE form
+    std::optional<store::Record> record = {}; ///< as it was sent; none before it was read
+    int sent = 0;             ///< fields poked
+    bool addressSent = false; ///< the slot's comp has that record's address now
+    QString leftOfOldComp = {}; ///< what its column still tells of the comp before, in words; "" for nothing
+};
 
-/// Opens the active report, sends the current record of datDatabook to a comp and has the report
-/// recalculated.
+/// Where a drop on a comp slot comes from, if not from the comp slot of that number.
+inline constexpr int kFromDatabook = -1;
+
+/// Is the slot's photo emptied first, in the report too?
+enum class ClearPhoto { No, Yes };
+
+/// Drops a record on a slot of a group of comps, or swaps two comps of the report. No cursor moves.
+/// @param key     CENTRALKEY
+/// @param source  1 to 9 for a comp of the report
+Dropped DropComp(LinkDesk& desk, SlotRef slot, const QString& key, int source = kFromDatabook,
+                 ClearPhoto clear = ClearPhoto::No);
+
+/// Opens the active report, sends a record to a comp and has the report recalculated.
 /// @return an incomplete result without a failure if no report is open, or another than the tabs show:
 /// LinkState::notSent tells
-SendResult KelUpdateKel(LinkDesk& desk, qint16 comp, const QString& compType);
+SendResult KelUpdateKel(LinkDesk& desk, const store::Record& record, qint16 comp, const QString& compType);
 
-/// May the record being dragged replace what stands in the slot? The same key, and a blank slot, are not
-/// asked about.
-[[nodiscard]] bool ConfirmOverwrite(LinkDesk& desk, const QString& existing);
+/// May the record of a key replace what stands in the slot? The same key, and a blank slot, are not asked about.
+[[nodiscard]] bool ConfirmOverwrite(LinkDesk& desk, const QString& existing, const QString& key);
 
 /// The text of a slot; "" for an index of 0 or -1 and for an unknown type.
 [[nodiscard]] QString ExistingSlotText(const ReportControls& report, const QString& compType, int index);

@@ -51,19 +51,9 @@ struct LinkState
     bool populateGate = false;   ///< its second copy: may the tabs be populated
     bool generalReentry = false; ///< raised while cboGeneral is emptied, so that its events poke nothing
     qint16 retryLimit = 0;       ///< of LoopWhileNull
-    qint16 dragSourceIndex = -1; ///< 1 to 9 a comp slot, -1 the grid or the map
-    QString currentKey;          ///< CENTRALKEY of the record being dragged
-    QString displayAddress;      ///< its address in the ADDRESSCASE form
-    bool dropRefused = false;
-    bool addressSent = false; ///< by the last DropComp: the slot's comp has that record's address now
-    QString leftOfOldComp;    ///< what its column still tells of the comp before, in words; "" for nothing
     QString notSent; ///< why the last conversation sent nothing, where its report was not the active one
     QString keptAgainst; ///< the active report from which the user did not want the tabs while typing
-    qint16 currentSlotIndex = 0; ///< slot whose photo is being cleared
     bool proximityOnDrop = true; ///< compute the proximity of a dropped comp
-    QString lastPicturePath;
-    qint16 compNumber = -1; ///< comp of the report that is being stored: 1 to 9, 10 the subject, -1 none
-    QString groupWord;      ///< its group: COMP, ALT, LIST, RENT, or SALE for the subject
     bool transferring = false; ///< a transfer is at work; a second one, and a refresh, do nothing
     bool refreshing = false; ///< RefreshAppraisal is at work; a second one does nothing
 };

@@ -26,11 +26,12 @@ constexpr int kTries = 5;
 class Saving
 {
 public:
-    Saving(LinkDesk& desk, const QString& key, const QString& compType, MappingPages& pages,
+    Saving(LinkDesk& desk, const QString& key, const ReportPlace& place, MappingPages& pages,
            const std::function<bool()>& goOn)
         : m_desk(desk)
         , m_key(key)
-        , m_compType(compType)
+        , m_place(place)
+        , m_compType(RowOf(place.group).storing)
         , m_pages(pages)
         , m_goOn(goOn)
     {}
@@ -75,12 +76,12 @@ private:
     SaveOutcome Read()
     {
         m_read = true;
-        if (m_desk.state.compNumber == -1)
+        if (m_place.comp == kNoComp)
             return SaveOutcome::Added;
         m_desk.ports.window.AppActivate();
         auto cells =
             ReadCompData(m_desk, m_desk.addr.txtFormType.Text(), text::Trim(m_desk.addr.txtKelReport.Text()),
-                         m_desk.state.compNumber, m_compType, m_pages, m_goOn);
+                         m_place.comp, m_compType, m_pages, m_goOn);
         m_desk.ports.window.AppActivate();
         if (!cells)
             return SaveOutcome::GivenUp;
@@ -101,13 +102,13 @@ private:
             change.emplace(databook, store::Change::NewRecord{}, messages::kAddReadWords.arg(m_key));
         const QString neighborhood = there ? store::GetFieldData(databook, u"NEIGHBORHD"_s) : QString();
         change->Set(store::kKeyIndex, store::Trim2Size(databook, m_key, store::kKeyIndex));
-        StoreCompData(m_desk, m_cells);
+        StoreCompData(m_desk, m_key, m_cells);
         if (there)
             databook::ForceLoadDate2Today(m_desk.ports, databook);
         else
             databook::SetLoadDate2Today(m_desk.ports, databook);
         SetApprslType(databook, m_compType, m_desk.addr.txtFormType.Text());
-        ErrDatabookSetCity(m_desk, CityRule::Replace);
+        ErrDatabookSetCity(m_desk, CityRule::Replace, m_place.comp);
         if (there)
             KeepNeighborhood(neighborhood);
         change->Store();
@@ -122,13 +123,14 @@ private:
             return common::IsCityLine(common::ParseCityStateZip(line));
         };
         store::DataSource& databook = m_desk.sources.datDatabook;
-        if (m_desk.state.compNumber >= 1 && m_desk.state.compNumber <= 9 && !isCityLine(held) &&
+        if (m_place.group != Group::Subject && m_place.comp != kNoComp && !isCityLine(held) &&
             isCityLine(store::GetFieldData(databook, u"NEIGHBORHD"_s)))
             store::SetFieldData(databook, held, u"NEIGHBORHD"_s);
     }
 
     LinkDesk& m_desk;
     QString m_key;
+    ReportPlace m_place;
     QString m_compType;
     MappingPages& m_pages;
     const std::function<bool()>& m_goOn;
@@ -149,17 +151,16 @@ void CheckLength(const LinkDesk& desk, const QString& key)
 
 } // namespace
 
-SaveOutcome SaveDataToDatabook(LinkDesk& desk, const QString& key, const QString& compType,
+SaveOutcome SaveDataToDatabook(LinkDesk& desk, const QString& key, const ReportPlace& place,
                                MappingPages& pages, const std::function<bool()>& goOn)
 {
     const common::RoutineScope scope{"SaveDataToDatabook"};
     const QString folded = text::Folded(key);
     if (folded.isEmpty())
         return SaveOutcome::Blank;
-    desk.state.currentKey = folded;
     SaveOutcome outcome = SaveOutcome::Failed;
     try {
-        Saving saving(desk, folded, compType, pages, goOn);
+        Saving saving(desk, folded, place, pages, goOn);
         common::Guarded(desk.ports.prompter, [&] {
             CheckLength(desk, folded);
             outcome = saving.Run();

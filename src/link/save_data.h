@@ -1,5 +1,6 @@
 #pragma once
 
+#include "link/addresses.h"
 #include "link/comp2kel.h"
 #include "link/link_desk.h"
 
@@ -21,10 +22,9 @@ enum class SaveOutcome {
 /// The cells are read first and stored in one update, with the comp's type, its city, state and ZIP, so the
 /// record is whole or as it was, whatever happens meanwhile. A replaced record is loaded today.
 /// @param key       address; trimmed and upper-cased
-/// @param compType  group word: COMP, ALT, LIST, RENT, or SALE for the subject; LinkState::compNumber says
-///                  which comp, -1 stores the key alone
+/// @param place     where the comp stands in the report; with kNoComp the key alone is stored
 /// @param pages, goOn  as ReadCompData
-SaveOutcome SaveDataToDatabook(LinkDesk& desk, const QString& key, const QString& compType,
+SaveOutcome SaveDataToDatabook(LinkDesk& desk, const QString& key, const ReportPlace& place,
                                MappingPages& pages, const std::function<bool()>& goOn = {});
 
 } // namespace vasclip::link

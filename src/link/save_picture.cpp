@@ -2,6 +2,7 @@
 
 #include "link/messages.h"
 #include "link/reporter.h"
+#include "link/slot_photos.h"
 #include "photos/photo_records.h"
 #include "photos/view_name.h"
 #include "platform/text/text.h"
@@ -13,22 +14,19 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 /// Is it the very file that the record keeps under that view? It was sent from there, then.
-bool IsFiledSo(LinkDesk& desk, const QString& key, const QString& path, const QString& view)
+bool IsFiledSo(const LinkDesk& desk, const QString& key, const QString& path, const QString& view)
 {
-    if (!StandOn(desk, key))
-        return false;
-    photos::ReadPhotoLists(desk.sources.datDatabook, desk.lists.lstViews, desk.lists.lstimages);
-    const int row = desk.lists.lstViews.IndexOf(view);
-    return row >= 0 && path == text::Folded(desk.globals.G_PhotoDir +
-                                            text::Trim(desk.lists.lstimages.List(row)) + u".jpg"_s);
+    const std::optional<store::Record> record = store::ReadRecord(desk.sources.datDatabook, key);
+    return record && path == text::Folded(PathOfView(desk, photos::PhotoList(*record), view));
 }
 
 } // namespace
 
-PictureOutcome SavePictureToDatabook(LinkDesk& desk, forms::PictureBox& slot, const QString& given)
+PictureOutcome SavePictureToDatabook(LinkDesk& desk, const QString& whose, forms::PictureBox& slot,
+                                     const QString& given)
 {
     const QString view = photos::CleanView(given); // a report's caption can hold anything
-    const QString key = text::Folded(desk.state.currentKey);
+    const QString key = text::Folded(whose);
     if (key.isEmpty()) {
         desk.status.lblmsg.Show(messages::kBlankAddress, forms::Colour::Blue);
         return PictureOutcome::NoAddress;

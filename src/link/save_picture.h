@@ -12,8 +12,9 @@ enum class PictureOutcome {
     NotFiled,  ///< the user kept the picture that was there, or it could not be stored, which has been said
 };
 
-/// Files a slot's picture under a view of the record of LinkState::currentKey, which is added if there is
+/// Files a slot's picture under a view of the record of a key, which is added if there is
 /// none, with city, state and ZIP. The picture is stored before the record names it.
-PictureOutcome SavePictureToDatabook(LinkDesk& desk, forms::PictureBox& slot, const QString& view);
+PictureOutcome SavePictureToDatabook(LinkDesk& desk, const QString& key, forms::PictureBox& slot,
+                                     const QString& view);
 
 } // namespace vasclip::link

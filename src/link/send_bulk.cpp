@@ -10,8 +10,6 @@
 #include "link/talk.h"
 #include "platform/text/text.h"
 
-#include <utility>
-
 namespace vasclip::link {
 
 using namespace Qt::Literals::StringLiterals;
@@ -19,10 +17,10 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 /// The proximity of the record being sent; nothing without a comp on the map.
-std::optional<QString> ProximityText(LinkDesk& desk)
+std::optional<QString> ProximityText(LinkDesk& desk, const store::Record& record)
 {
     const QString onMap = text::Folded(desk.report.txtMapAddress.Text());
-    if (onMap == text::Folded(store::GetFieldData(desk.sources.datDatabook, u"CENTRALKEY"_s)))
+    if (onMap == text::Folded(record.Text(u"CENTRALKEY"_s)))
         return text::Trim(desk.report.txtMapProximity.Text());
     if (onMap.isEmpty())
         return std::nullopt;
@@ -35,11 +33,10 @@ std::optional<QString> ProximityText(LinkDesk& desk)
 }
 
 /// Nothing if all three are blank: a comp without a known city does not empty the line.
-std::optional<QString> CityLine(const store::DataSource& record)
+std::optional<QString> CityLine(const store::Record& record)
 {
-    const QString line = common::CityStateZipLine({store::GetFieldData(record, u"CITY"_s),
-                                                   store::GetFieldData(record, u"ST"_s),
-                                                   store::GetFieldData(record, u"ZIP"_s)});
+    const QString line =
+        common::CityStateZipLine({record.Text(u"CITY"_s), record.Text(u"ST"_s), record.Text(u"ZIP"_s)});
     return line.isEmpty() ? std::nullopt : std::optional(line);
 }
 
@@ -53,11 +50,11 @@ QString LeftByRow(const MappingRow& row)
 }
 
 /// The value of a row without TRUEFALSE; nothing for the fields that are never sent so.
-std::optional<QString> PlainText(const store::DataSource& record, const QString& field)
+std::optional<QString> PlainText(const store::Record& record, const QString& field)
 {
     if (field.compare("CENTRALKEY"_L1, Qt::CaseInsensitive) == 0)
         return std::nullopt;
-    const QString value = store::GetFieldData(record, field);
+    const QString value = record.Text(field);
     if (field == "YEARBUILT"_L1)
         return u' ' + value;
     if (field == "SALEDATE"_L1)
@@ -69,10 +66,9 @@ std::optional<QString> PlainText(const store::DataSource& record, const QString&
 
 } // namespace
 
-std::optional<OutgoingField> FieldToSend(LinkDesk& desk, const MappingRow& row, const QString& formName,
-                                         qint16 comp)
+std::optional<OutgoingField> FieldToSend(LinkDesk& desk, const store::Record& record, const MappingRow& row,
+                                         const QString& formName, qint16 comp)
 {
-    const store::DataSource& record = desk.sources.datDatabook;
     const QString& field = row.fieldName;
     const QString upperField = field.toUpper();
     const QString rowCell = row.RowCell();
@@ -80,7 +76,7 @@ std::optional<OutgoingField> FieldToSend(LinkDesk& desk, const MappingRow& row, 
     out.item = formName + u'|' + text::Trim(KelShiftCell(rowCell, row.offset, comp));
 
     if (upperField == "PROXIMITY"_L1) {
-        const std::optional<QString> proximity = ProximityText(desk);
+        const std::optional<QString> proximity = ProximityText(desk, record);
         if (!proximity)
             return std::nullopt;
         out.text = *proximity;
@@ -90,18 +86,17 @@ std::optional<OutgoingField> FieldToSend(LinkDesk& desk, const MappingRow& row, 
             return std::nullopt;
         out.text = *line;
     } else if (upperField == "BEDBATH"_L1) {
-        out.text =
-            store::GetFieldData(record, u"BEDROOM"_s) + u" / "_s + store::GetFieldData(record, u"BATH"_s);
+        out.text = record.Text(u"BEDROOM"_s) + u" / "_s + record.Text(u"BATH"_s);
     } else if (upperField == "ADDRESS"_L1) {
-        out.text = common::AddressInCase(store::GetFieldData(record, u"ADDRESS"_s), desk.globals.addressCase);
+        out.text = common::AddressInCase(record.Text(u"ADDRESS"_s), desk.globals.addressCase);
     } else {
         const QString trueFalse = row.trueFalse.toUpper();
         if (trueFalse == "0"_L1 || trueFalse == "1"_L1) {
-            out.text = record.Recordset().Value(field).toString();
+            out.text = record.Value(field).toString();
         } else if (trueFalse == "A"_L1) {
             // Goes out with the form name twice and unshifted; the forms program expects it so.
             out.item = formName + u'|' + formName + u'|' + rowCell;
-            out.text = store::GetFieldData(record, row.preEval) + u' ' + store::GetFieldData(record, field);
+            out.text = record.Text(row.preEval) + u' ' + record.Text(field);
         } else if (trueFalse.isEmpty()) {
             const std::optional<QString> plain = PlainText(record, field);
             if (!plain)
@@ -114,8 +109,8 @@ std::optional<OutgoingField> FieldToSend(LinkDesk& desk, const MappingRow& row, 
     return out;
 }
 
-SendResult SendBulk(LinkDesk& desk, const QString& formType, const QString& report, qint16 comp,
-                    const QString& compType)
+SendResult SendBulk(LinkDesk& desk, const store::Record& record, const QString& formType, const QString& report,
+                    qint16 comp, const QString& compType)
 {
     const common::RoutineScope scope{"SendBulk"};
     forms::Prompter& prompter = desk.ports.prompter;
@@ -137,8 +132,6 @@ SendResult SendBulk(LinkDesk& desk, const QString& formType, const QString& repo
     result.rows = static_cast<int>(rows.size());
     const QString formName = rows.first().formName;
     const QString topic = u"KEL|"_s + report;
-    const QString key = store::GetFieldData(desk.sources.datDatabook, u"CENTRALKEY"_s);
-    quint64 turns = desk.talk ? desk.talk->Turns() : 0;
     int row = 0;
     OutgoingField going;
     try {
@@ -147,9 +140,7 @@ SendResult SendBulk(LinkDesk& desk, const QString& formType, const QString& repo
                 desk.talk->SetStep(row, result.rows);
             going.item = formName + u'|' + rows[row].RowCell();
             const bool goOn = common::Guarded(prompter, [&] {
-                if (desk.talk && std::exchange(turns, desk.talk->Turns()) != desk.talk->Turns() && !StandOn(desk, key))
-                    throw RuntimeError(error::kNoCurrentRecord, messages::kRecordGone.arg(text::Trim(key)));
-                const std::optional<OutgoingField> field = FieldToSend(desk, rows[row], formName, comp);
+                const std::optional<OutgoingField> field = FieldToSend(desk, record, rows[row], formName, comp);
                 if (!field) {
                     if (const QString what = LeftByRow(rows[row]); !what.isEmpty())
                         result.unsent.append({what, formName + u'|' + KelShiftCell(rows[row].RowCell(),

@@ -28,12 +28,11 @@ struct SendResult
     bool otherReport = false; ///< another report is active than the tabs show: nothing was sent
 };
 
-/// Fills a comp's column in the report with the current record of datDatabook, field by field as the mapping
-/// says. Nothing is pumped between two fields. A field that fails is reported with where the send stopped,
+/// Fills a comp's column in the report with a record, field by field as the mapping says. Nothing is pumped between two fields. A field that fails is reported with where the send stopped,
 /// and ends it: the fields before it stay in the report.
 /// @param comp  1 to 9, 10 for the subject; @param compType  the mapping's group: SALE, ALT, RENT, LIST
-SendResult SendBulk(LinkDesk& desk, const QString& formType, const QString& report, qint16 comp,
-                    const QString& compType);
+SendResult SendBulk(LinkDesk& desk, const store::Record& record, const QString& formType, const QString& report,
+                    qint16 comp, const QString& compType);
 
 /// False if the send ended because the forms program is gone or silent: there is nobody to ask for more.
 [[nodiscard]] bool LinkSurvived(const SendResult& result);
@@ -47,7 +46,7 @@ struct OutgoingField
 /// What a mapping row sends for a comp, if anything.
 /// @param formName  of the set's first row, which stands for all
 /// @throws RuntimeError 3265 for a row that names no column of the record
-[[nodiscard]] std::optional<OutgoingField> FieldToSend(LinkDesk& desk, const MappingRow& row,
+[[nodiscard]] std::optional<OutgoingField> FieldToSend(LinkDesk& desk, const store::Record& record, const MappingRow& row,
                                                        const QString& formName, qint16 comp);
 
 } // namespace vasclip::link

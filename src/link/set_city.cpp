@@ -42,10 +42,10 @@ CityStateZip PartsOfSlot(LinkDesk& desk, const QString& key)
             (desk.addr.*row.zips)(place->comp).Text()};
 }
 
-CityStateZip PartsOf(LinkDesk& desk, const QString& key)
+CityStateZip PartsOf(LinkDesk& desk, const QString& key, qint16 comp)
 {
     // On a comp's form the second address line stands under NEIGHBORHD.
-    if (desk.state.compNumber != -1 && desk.state.compNumber != kSubjectComp) {
+    if (comp != kNoComp && comp != kSubjectComp) {
         const CityStateZip read =
             common::ParseCityStateZip(store::GetFieldData(desk.sources.datDatabook, u"NEIGHBORHD"_s));
         if (Tells(read))
@@ -77,14 +77,14 @@ CityStateZip Completed(LinkDesk& desk, const CityStateZip& held, const CityState
 
 } // namespace
 
-void ErrDatabookSetCity(LinkDesk& desk, CityRule rule)
+void ErrDatabookSetCity(LinkDesk& desk, CityRule rule, qint16 comp)
 {
     const common::RoutineScope scope{"ErrDatabookSetCity"};
     store::DataSource& databook = desk.sources.datDatabook;
     const auto field = [&databook](const QString& name) { return store::GetFieldData(databook, name); };
     const CityStateZip held{field(kCity), field(kState), field(kZip)};
     const CityStateZip wanted =
-        Completed(desk, held, PartsOf(desk, text::Folded(field(u"CENTRALKEY"_s))), rule);
+        Completed(desk, held, PartsOf(desk, text::Folded(field(u"CENTRALKEY"_s)), comp), rule);
     if (wanted == held)
         return;
     store::Change change(databook, store::Change::TakePart{}, messages::kCityWords);

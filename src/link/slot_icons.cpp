@@ -11,14 +11,26 @@ namespace {
 
 const QString kFrontView = u"FRONT VIEW"_s;
 
-QString FieldText(const store::DataSource& source, const QString& field)
+bool HasCoordinates(const store::Record& record)
 {
-    return source.Recordset().FieldIndex(field) < 0 ? QString() : store::GetFieldData(source, field);
+    const auto known = [&record](const QString& field) { return record.Has(field) && !record.Text(field).isEmpty(); };
+    return known(u"LONGITUDE"_s) && known(u"LATITUDE"_s);
 }
 
-bool HasCoordinates(const store::DataSource& source)
+void Show(LinkDesk& desk, const std::optional<store::Record>& record, forms::PictureBox& icon, forms::PictureBox* anchor,
+          const QString& view)
 {
-    return !FieldText(source, u"LONGITUDE"_s).isEmpty() && !FieldText(source, u"LATITUDE"_s).isEmpty();
+    const bool has = record && photos::PhotoList(*record).Has(view);
+    const std::size_t picture = !record ? 0 : !has ? 1 : text::Folded(view) == kFrontView ? 3 : 2;
+    const bool located = record && HasCoordinates(*record);
+    icon.SetPicture(desk.icons.imaTypeIcon[picture]);
+    icon.SetVisible(true);
+    // Anchor 0 is the one the others take their picture from.
+    if (anchor && !(text::Folded(anchor->Name()) == "IMASUBJECTANCHOR"_L1 && anchor->Index() == 0)) {
+        if (located)
+            anchor->SetPicture(desk.icons.imaSubjectAnchor);
+        anchor->SetVisible(located);
+    }
 }
 
 } // namespace
@@ -38,25 +50,7 @@ void SetSlotIcon(LinkDesk& desk, const QString& label, forms::PictureBox& icon, 
             anchor->SetVisible(false);
         return;
     }
-    store::DataSource& records = desk.sources.datDatabook;
-    std::size_t picture = 0;
-    bool located = false;
-    if (store::FindRecord(desk.ports, records, label.toUpper(), u"CENTRALKEY"_s)) {
-        photos::ReadPhotoLists(records, desk.lists.lstViews, desk.lists.lstimages);
-        if (desk.lists.lstViews.IndexOf(view) < 0)
-            picture = 1;
-        else
-            picture = text::Folded(view) == kFrontView ? 3 : 2;
-        located = HasCoordinates(records);
-    }
-    icon.SetPicture(desk.icons.imaTypeIcon[picture]);
-    icon.SetVisible(true);
-    // Anchor 0 is the one the others take their picture from.
-    if (anchor && !(text::Folded(anchor->Name()) == "IMASUBJECTANCHOR"_L1 && anchor->Index() == 0)) {
-        if (located)
-            anchor->SetPicture(desk.icons.imaSubjectAnchor);
-        anchor->SetVisible(located);
-    }
+    Show(desk, store::ReadRecord(desk.ports, desk.sources.datDatabook, label), icon, anchor, view);
 }
 
 void RefreshSubjectIcons(LinkDesk& desk, int view)
@@ -80,6 +74,19 @@ void RefreshIcons(LinkDesk& desk, Group group)
         for (int i = 1; i <= row.slots; ++i)
             SetSlotIcon(desk, (desk.report.*row.texts)(i).Text(), (desk.slots.*row.icons)(i),
                         row.anchors ? &(desk.slots.*row.anchors)(i) : nullptr, kFrontView);
+    });
+}
+
+void RefreshIcon(LinkDesk& desk, SlotRef slot)
+{
+    const GroupRow& row = RowOf(slot.group);
+    if (!row.texts) {
+        RefreshSubjectIcons(desk, 0);
+        return;
+    }
+    Reported(desk.ports.prompter, row.iconRoutine, [&] {
+        SetSlotIcon(desk, TextOf(desk.report, slot).Text(), (desk.slots.*row.icons)(slot.index),
+                    row.anchors ? &(desk.slots.*row.anchors)(slot.index) : nullptr, kFrontView);
     });
 }
 

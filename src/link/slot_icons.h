@@ -6,14 +6,15 @@
 namespace vasclip::link {
 
 /// Sets a slot's icon by the record that its label names: not in the Databook, without the view, with it. The
-/// anchor shows if the record has coordinates. A blank label hides both. Lists the record's photos on the
-/// way.
+/// anchor shows if the record has coordinates. A blank label hides both. No cursor moves.
 /// @param anchor  nullptr for a slot that has none
 void SetSlotIcon(LinkDesk& desk, const QString& label, forms::PictureBox& icon, forms::PictureBox* anchor,
                  const QString& view);
 
 /// @param view  1 "FRONT VIEW", 2 "REAR VIEW", 3 "STREET SCENE", 0 all three
 void RefreshSubjectIcons(LinkDesk& desk, int view);
+/// Those of the one slot that has changed. The subject's text stands beside all its photos.
+void RefreshIcon(LinkDesk& desk, SlotRef slot);
 /// The icons of a group; the five after it by their own names.
 void RefreshIcons(LinkDesk& desk, Group group);
 void RefreshCompIcons(LinkDesk& desk);

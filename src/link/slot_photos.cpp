@@ -1,5 +1,6 @@
 #include "link/slot_photos.h"
 
+#include "common/paths.h"
 #include "link/kel_channel.h"
 #include "link/kel_helpers.h"
 #include "link/messages.h"
@@ -63,14 +64,14 @@ void ShowAgain(LinkDesk& desk, forms::PictureBox& slot, const QString& path)
     });
 }
 
-/// Loads the last picture path into the slot and sends it, with the program in front before and after.
+/// Loads a picture into the slot and sends it, with the program in front before and after.
 SlotSend ShowAndSend(LinkDesk& desk, const char* routine, const forms::Control& control,
-                     forms::PictureBox& slot, int index)
+                     forms::PictureBox& slot, int index, const QString& path)
 {
     const QString before = desk.loader.Table().ErrGetPict(slot);
     const QString report = desk.addr.txtKelReport.Text();
     const bool loaded = Reported(desk.ports.prompter, routine,
-                                 [&] { desk.loader.ErrLoadThumb(slot, desk.state.lastPicturePath); });
+                                 [&] { desk.loader.ErrLoadThumb(slot, path); });
     if (!loaded)
         return SlotSend::Failed;
     desk.ports.window.AppActivate();
@@ -102,14 +103,9 @@ QString ImageObjectName(const QString& controlName, int index)
     return row ? Prefix(*row) + text::Dec(index) + u'_' : QString();
 }
 
-QString PathOfView(const LinkDesk& desk, const QString& view)
+QString PathOfView(const LinkDesk& desk, const photos::PhotoList& photos, const QString& view)
 {
-    const int row = desk.lists.lstViews.IndexOf(view);
-    if (row < 0)
-        return {};
-    const QString& directory = desk.globals.G_PhotoDir;
-    const QString slash = directory.isEmpty() || directory.endsWith(u'\\') ? QString() : u"\\"_s;
-    return directory + slash + text::Trim(desk.lists.lstimages.List(row)) + u".jpg"_s;
+    return photos.Has(view) ? common::CkRSlash(desk.globals.G_PhotoDir) + photos.StemOf(view) + u".jpg"_s : QString();
 }
 
 SlotSend KelSendSlotPhoto(LinkDesk& desk, const forms::Control& control, const forms::PictureBox& slot,
@@ -137,15 +133,14 @@ SlotSend KelSendSlotPhoto(LinkDesk& desk, const forms::Control& control, const f
 }
 
 SlotSend SendKelTheView(LinkDesk& desk, const forms::Control& control, forms::PictureBox& slot, int index,
-                        const QString& view)
+                        const photos::PhotoList& photos, const QString& view)
 {
-    const QString path = PathOfView(desk, view);
+    const QString path = PathOfView(desk, photos, view);
     SlotSend sent = SlotSend::Cleared;
     if (path.isEmpty()) {
         desk.loader.geaClearImage(slot);
     } else {
-        desk.state.lastPicturePath = path;
-        sent = ShowAndSend(desk, "SendKelTheView", control, slot, index);
+        sent = ShowAndSend(desk, "SendKelTheView", control, slot, index, path);
         if (sent == SlotSend::Failed)
             return sent;
     }
@@ -154,17 +149,18 @@ SlotSend SendKelTheView(LinkDesk& desk, const forms::Control& control, forms::Pi
 }
 
 bool SendStoredView(LinkDesk& desk, const forms::Control& control, forms::PictureBox& slot, int index,
-                    const QString& view)
+                    const photos::PhotoList& photos, const QString& view)
 {
-    const QString path = PathOfView(desk, view);
+    const QString path = PathOfView(desk, photos, view);
     if (path.isEmpty() || !desk.photoDesk) {
         desk.loader.geaClearImage(slot);
         return true;
     }
+    QString copy;
     const bool copied = Reported(desk.ports.prompter, "SendStoredView", [&] {
-        desk.state.lastPicturePath = photos::CopyPhotoRename(*desk.photoDesk, path, slot);
+        copy = photos::CopyPhotoRename(*desk.photoDesk, path, slot);
     });
-    return copied && ShowAndSend(desk, "SendStoredView", control, slot, index) != SlotSend::Failed;
+    return copied && ShowAndSend(desk, "SendStoredView", control, slot, index, copy) != SlotSend::Failed;
 }
 
 bool ClearSlotPhoto(LinkDesk& desk, forms::PictureBox& slot, bool ask)

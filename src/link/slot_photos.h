@@ -1,6 +1,7 @@
 #pragma once
 
 #include "link/link_desk.h"
+#include "photos/photo_list.h"
 
 namespace vasclip::link {
 
@@ -23,21 +24,21 @@ enum class SlotSend {
 SlotSend KelSendSlotPhoto(LinkDesk& desk, const forms::Control& control, const forms::PictureBox& slot,
                           int index);
 
-/// Full path of a view in the photo lists, "" if they do not hold it. The file need not be there.
-[[nodiscard]] QString PathOfView(const LinkDesk& desk, const QString& view);
+/// Full path of a view of a record, "" if it has none of that name. The file need not be there.
+[[nodiscard]] QString PathOfView(const LinkDesk& desk, const photos::PhotoList& photos, const QString& view);
 
-/// Loads a stored view of the record in the photo lists into a slot and sends it. A record without that view
+/// Loads a stored view of a record into a slot and sends it. A record without that view
 /// empties the slot. "refresh.bas" runs twice, once inside the send: the forms program has always been asked
 /// so. What the report did not take is not on show: the slot has its picture of before again.
 /// @return what the send came to; Cleared without a send for a record without that view
 SlotSend SendKelTheView(LinkDesk& desk, const forms::Control& control, forms::PictureBox& slot, int index,
-                        const QString& view);
+                        const photos::PhotoList& photos, const QString& view);
 
 /// The same through a copy of the file under a stem of its own, for the views of another record: what is done
 /// to the copy leaves that record's picture alone. "refresh.bas" runs once.
 /// @return false if the copy or an exchange failed, which has been reported
 bool SendStoredView(LinkDesk& desk, const forms::Control& control, forms::PictureBox& slot, int index,
-                    const QString& view);
+                    const photos::PhotoList& photos, const QString& view);
 
 /// Empties a slot and its object in the report. @param ask  asks first; @return false if the user said No or
 /// an exchange failed

@@ -43,9 +43,6 @@ public:
     ~Run()
     {
         m_desk.state.transferring = false;
-        m_desk.state.currentKey.clear();
-        m_desk.state.groupWord.clear();
-        m_desk.state.compNumber = -1;
     }
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;
@@ -84,18 +81,14 @@ private:
     /// @return false if the slots after it are not to be tried
     bool One(const TransferJob& job, const common::Progress& progress)
     {
-        m_desk.state.currentKey = text::Folded(job.label->Text());
-        m_desk.state.compNumber = job.comp;
-        m_desk.state.groupWord = RowOf(job.group).storing;
-        const QString key = m_desk.state.currentKey;
+        const QString key = text::Folded(job.label->Text());
         m_tally.blank += key.isEmpty() ? 1 : 0;
-        if (job.data && !Data(key, progress))
+        if (job.data && !Data(key, {job.group, job.comp}, progress))
             return false;
         for (const auto& [slot, view] : job.pictures) {
             if (!m_desk.sources.datDatabook.Bound())
                 return false;
-            m_desk.state.currentKey = key;
-            const PictureOutcome outcome = SavePictureToDatabook(m_desk, *slot, view);
+            const PictureOutcome outcome = SavePictureToDatabook(m_desk, key, *slot, view);
             if (outcome == PictureOutcome::Filed)
                 ++m_tally.pictures;
             if (m_tally.note.isEmpty() && (outcome == PictureOutcome::Filed || outcome == PictureOutcome::IsThere))
@@ -104,9 +97,9 @@ private:
         return true;
     }
 
-    bool Data(const QString& key, const common::Progress& progress)
+    bool Data(const QString& key, const ReportPlace& place, const common::Progress& progress)
     {
-        const SaveOutcome outcome = SaveDataToDatabook(m_desk, key, m_desk.state.groupWord, m_pages,
+        const SaveOutcome outcome = SaveDataToDatabook(m_desk, key, place, m_pages,
                                                        [&progress] { return !progress.Stopped(); });
         switch (outcome) {
         case SaveOutcome::Added:
@@ -277,34 +270,46 @@ TransferTally TransferAllData(LinkDesk& desk, What what)
     return tally;
 }
 
+TransferTally TransferSlot(LinkDesk& desk, SlotRef slot, What what)
+{
+    const common::RoutineScope scope{"SaveSlot"};
+    if (slot.group == Group::General)
+        return TransferSubject(desk, What::Pic, kGeneralView + slot.index);
+    if (slot.group == Group::Subject)
+        return TransferSubject(desk, what, std::max(0, slot.index));
+    return TransferGroup(desk, slot.group, false, slot.index, what);
+}
+
+void SaveSlot2Database(LinkDesk& desk, SlotRef slot)
+{
+    const bool saved = slot.group == Group::Subject ? slot.index == 1 : RowOf(slot.group).Comps();
+    if (desk.globals.autoSave != 0 && saved)
+        TransferSlot(desk, slot, What::Both);
+}
+
 void SaveSubject2Database(LinkDesk& desk, int view)
 {
-    if (desk.globals.autoSave != 0 && view == 1)
-        TransferSubject(desk, What::Both, view);
+    SaveSlot2Database(desk, {Group::Subject, view});
 }
 
 void SaveComp2Database(LinkDesk& desk, int index)
 {
-    if (desk.globals.autoSave != 0)
-        TransferComps(desk, false, index, What::Both);
+    SaveSlot2Database(desk, {Group::Sales, index});
 }
 
 void SaveAltComp2Database(LinkDesk& desk, int index)
 {
-    if (desk.globals.autoSave != 0)
-        TransferAltComps(desk, false, index, What::Both);
+    SaveSlot2Database(desk, {Group::Alternates, index});
 }
 
 void SaveListing2Database(LinkDesk& desk, int index)
 {
-    if (desk.globals.autoSave != 0)
-        TransferListings(desk, false, index, What::Both);
+    SaveSlot2Database(desk, {Group::Listings, index});
 }
 
 void SaveRental2Database(LinkDesk& desk, int index)
 {
-    if (desk.globals.autoSave != 0)
-        TransferRentals(desk, false, index, What::Both);
+    SaveSlot2Database(desk, {Group::Rentals, index});
 }
 
 } // namespace vasclip::link

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "link/link_desk.h"
+#include "link/slot_table.h"
 
 namespace vasclip::link {
 
@@ -45,8 +46,14 @@ TransferTally TransferRentals(LinkDesk& desk, bool all, int index, What what);
 /// The five above in that order.
 TransferTally TransferAllData(LinkDesk& desk, What what);
 
-// What a drop of a camera picture on a slot leads to, only with the AUTOSAVE preference on: picture and data
-// of the slot go into the Databook. The subject's only for its first view.
+/// One slot by its group. Of a general slot its photo alone, under the name that stands beside it; of the subject the
+/// photo of the index, all three for an index below 1.
+TransferTally TransferSlot(LinkDesk& desk, SlotRef slot, What what);
+
+/// What a drop of a camera picture on a slot leads to, only with the AUTOSAVE preference on: picture and data
+/// of the slot go into the Databook. The subject's only for its first view, a general slot's never. The five after it
+/// by their own names.
+void SaveSlot2Database(LinkDesk& desk, SlotRef slot);
 void SaveSubject2Database(LinkDesk& desk, int view);
 void SaveComp2Database(LinkDesk& desk, int index);
 void SaveAltComp2Database(LinkDesk& desk, int index);

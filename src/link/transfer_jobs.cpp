@@ -7,13 +7,6 @@ namespace vasclip::link {
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
-/// Views of the subject above this are its general photos: 101 is that of general slot 1.
-constexpr int kGeneralView = 100;
-
-} // namespace
-
 QList<TransferJob> JobsOf(LinkDesk& desk, Group group, bool all, int index, bool data, bool pictures)
 {
     QList<TransferJob> jobs;

@@ -7,6 +7,9 @@
 
 namespace vasclip::link {
 
+/// Views of the subject above this are its general photos: 101 is that of general slot 1.
+inline constexpr int kGeneralView = 100;
+
 /// One slot that is to be transferred.
 struct TransferJob
 {

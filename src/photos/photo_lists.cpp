@@ -28,20 +28,6 @@ PhotoLists::PhotoLists(forms::ControlSet& set)
     CmdRenamePhotoView.SetEnabled(false);
 }
 
-QList<PhotoPair> ParsePhotos(const QString& photos)
-{
-    constexpr auto kLineEnd = "\r\n"_L1;
-    QList<PhotoPair> pairs;
-    qsizetype at = 0;
-    for (qsizetype end = photos.indexOf(kLineEnd); end > at; end = photos.indexOf(kLineEnd, at)) {
-        const QString line = photos.mid(at, end - at);
-        const qsizetype bar = line.indexOf(u'|');
-        pairs.append(bar < 0 ? PhotoPair(line, {}) : PhotoPair(line.left(bar), line.mid(bar + 1)));
-        at = end + kLineEnd.size();
-    }
-    return pairs;
-}
-
 void ReadPhotoLists(const store::DataSource& source, forms::ListBox& views, forms::ListBox& stems)
 {
     views.Clear();

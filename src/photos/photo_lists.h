@@ -2,6 +2,7 @@
 
 #include "forms/controls.h"
 #include "forms/ports.h"
+#include "photos/photo_list.h"
 #include "store/data_source.h"
 
 namespace vasclip::photos {
@@ -16,15 +17,8 @@ struct PhotoLists
     forms::Button CmdDeletePhoto, CmdRenamePhotoView; ///< of the selected photo
 };
 
-/// One photo of a record.
-using PhotoPair = std::pair<QString, QString>; ///< view, file stem
-
 /// Parses PHOTOS of the current record into the lists, which are cleared first. Rows by ParsePhotos.
 void ReadPhotoLists(const store::DataSource& source, forms::ListBox& views, forms::ListBox& stems);
-
-/// The photos of a PHOTOS text: view, "|", stem, CR LF for each. A last line without CR LF is lost; an empty
-/// line ends the reading; a line without "|" is a view without a stem.
-[[nodiscard]] QList<PhotoPair> ParsePhotos(const QString& photos);
 
 /// The PHOTOS text of two lists; a single blank for empty ones.
 [[nodiscard]] QString ComposePhotos(const forms::ListBox& views, const forms::ListBox& stems);

@@ -67,9 +67,9 @@ drops::Outcome Drags::Told(drops::Outcome outcome)
     const forms::Colour colour = m_program.status.lblmsg.Fore();
     if (outcome.done && !outcome.record.isEmpty())
         m_shown.ShowRecord(outcome.record);
-    else if (m_program.records.grddatabook.Row() < 0 && !m_shown.Key().isEmpty())
+    else if (!outcome.stayed && m_program.records.grddatabook.Row() < 0 && !m_shown.Key().isEmpty())
         m_shown.ShowPhoto(); // of a record that the grid leaves out
-    else
+    else if (!outcome.stayed)
         m_shown.grddatabook_RowColChange();
     if (!outcome.message.isEmpty())
         m_program.status.lblmsg.Show(outcome.message, outcome.colour);
@@ -95,7 +95,7 @@ QString Drags::FileOf(const forms::Control& source) const
 {
     const QString name = text::Folded(source.Name());
     // What a data box shows is a lamp of the program, no picture.
-    const bool lamp = name.startsWith(u"GEA"_s) && !drops::GroupOf(name).isEmpty();
+    const bool lamp = name.startsWith(u"GEA"_s) && link::GroupOf(name) != nullptr;
     if (lamp || !m_router->CanStart(source))
         return {};
     const QString path = name == u"FILCAPTURE"_s ? m_program.Capture().SelectedFile()

@@ -31,7 +31,6 @@ struct Row
 
 constexpr auto kSeparator = "-"_L1;
 constexpr auto kExports = "mnuFileItemSubExport"_L1;
-constexpr int kSalesComps = 9;
 
 template <typename Work>
 void TransferBy(frm_Main& main, Work work)
@@ -40,20 +39,20 @@ void TransferBy(frm_Main& main, Work work)
 }
 
 template <drops::WithPhoto photo>
-drops::Outcome Obtain(drops::DropDesk& desk, QLatin1StringView group, int index)
+drops::Outcome Obtain(drops::DropDesk& desk, link::SlotRef slot)
 {
-    return drops::ObtainData(desk, group, index, photo);
+    return drops::ObtainData(desk, slot, photo);
 }
 
 template <drops::WithPhoto photo>
-drops::Outcome ObtainShown(drops::DropDesk& desk, QLatin1StringView group, int index)
+drops::Outcome ObtainShown(drops::DropDesk& desk, link::SlotRef slot)
 {
-    return drops::ObtainShownData(desk, group, index, photo);
+    return drops::ObtainShownData(desk, slot, photo);
 }
 
-drops::Outcome ObtainGeneral(drops::DropDesk& desk, QLatin1StringView, int index)
+drops::Outcome ObtainGeneral(drops::DropDesk& desk, link::SlotRef slot)
 {
-    return drops::ObtainGeneral(desk, index);
+    return drops::ObtainGeneral(desk, slot.index);
 }
 
 constexpr Row kFile[] = {
@@ -299,7 +298,7 @@ Menus::Menus(forms::ControlSet& controls)
     , popPicAndData_M(controls, u"popPicAndData_M"_s, {}, EntriesOf(u"popPicAndData_M"_s))
 {
     QList<forms::MenuEntry> entries = popTextData_M.Entries();
-    for (int comp = 1; comp <= kSalesComps; ++comp)
+    for (int comp = 1; comp <= photos::kComps; ++comp)
         entries.last().subEntries.append({.index = comp, .caption = u"Comp &%1"_s.arg(comp)});
     popTextData_M.SetEntries(entries);
     popPicture_M.SetEntryCaption(kAllPhotosEntry, PictureEntryCaption(false));

@@ -5,7 +5,7 @@
 #include "drops/slot_menus.h"
 #include "drops/swap_slots.h"
 #include "link/messages.h"
-#include "link/tabs.h"
+#include "link/slot_table.h"
 #include "link/talk.h"
 #include "photos/capture_desk.h"
 #include "platform/text/text.h"
@@ -29,31 +29,28 @@ PopUps::PopUps(Program& program, Drags& drags, Menus& menus)
         for (int i = std::max(1, array.First()); i <= array.Last(); ++i)
             wire(array(i));
     };
-    for (const auto* icons : {&slots.imaSubjectIcon, &slots.imaCompIcon, &slots.imaAltCompIcon,
-                              &slots.imaListingIcon, &slots.imaRentalIcon, &slots.imaGeneralIcon})
-        eachOf(*icons, [this](forms::PictureBox& icon) {
-            const QString slot = icon.Name().chopped(4); // "Icon"
-            const auto save = [this, slot, index = icon.Index()] {
+    for (const link::GroupRow& row : link::GroupTable()) {
+        eachOf(slots.*row.icons, [this, group = row.group](forms::PictureBox& icon) {
+            const auto save = [this, slot = link::SlotRef{group, icon.Index()}] {
                 const common::RoutineScope scope{"Icon_Click"};
                 drops::DropDesk desk = m_program.Drops();
-                m_drags.Told(drops::SavePhotoOfSlot(desk, drops::GroupOf(slot), index));
+                m_drags.Told(drops::SavePhotoOfSlot(desk, slot));
             };
             connect(&icon, &forms::Control::Clicked, this, save);
         });
-    for (const auto* boxes : {&slots.geaComp, &slots.geaAltComp, &slots.geaListing, &slots.geaRental})
-        eachOf(*boxes, [this](forms::PictureBox& box) {
-            connect(&box, &forms::Control::Clicked, this, [this, &box] {
-                const link::Talking talking(m_program.Link(), link::messages::kSendingSlots);
-                drops::DropDesk desk = m_program.Drops();
-                m_drags.Told(drops::ClickDataBox(desk, drops::GroupOf(box.Name()), box.Index()));
+        if (row.boxes)
+            eachOf(slots.*row.boxes, [this, group = row.group](forms::PictureBox& box) {
+                connect(&box, &forms::Control::Clicked, this, [this, slot = link::SlotRef{group, box.Index()}] {
+                    const link::Talking talking(m_program.Link(), link::messages::kSendingSlots);
+                    drops::DropDesk desk = m_program.Drops();
+                    m_drags.Told(drops::ClickDataBox(desk, slot));
+                });
             });
-        });
-    for (const auto* photos : {&slots.imaSubject, &slots.imaComp, &slots.imaAltComp, &slots.imaListing,
-                               &slots.imaRental, &slots.imaGeneral})
-        eachOf(*photos, [this](forms::PictureBox& slot) {
+        eachOf(slots.*row.photos, [this](forms::PictureBox& slot) {
             connect(&slot, &forms::Control::DoubleClicked, this,
                     [this, &slot] { SlotPhoto_DblClick(m_program, slot); });
         });
+    }
 }
 
 forms::Menu* PopUps::MenuOver(const forms::Control& control)
@@ -77,10 +74,10 @@ forms::Menu* PopUps::MenuOver(const forms::Control& control)
             m_menus.popPhoto_M.SetEntryEnabled(entry, m_program.photoLists.lstViews.ListIndex() >= 0);
         return &m_menus.popPhoto_M;
     }
-    const QLatin1StringView group = drops::GroupOf(name);
-    if (group.isEmpty() || name.startsWith(u"LBL"_s) || name.startsWith(u"TAB"_s))
+    const link::GroupRow* row = link::GroupOf(name);
+    if (!row || name.startsWith(u"LBL"_s) || name.startsWith(u"TAB"_s))
         return nullptr;
-    const bool subject = group == QLatin1StringView("SUBJECT");
+    const bool subject = row->group == link::Group::Subject;
     if (name == u"IMAGENERAL"_s)
         return &m_menus.popGeneral_M;
     if (name.startsWith(u"IMA"_s)) {
@@ -104,7 +101,7 @@ void PopUps::OfferSwap(const forms::Control& slot)
     const bool sales = text::Folded(slot.Name()) == "TXTCOMP"_L1;
     const auto has = [this](int comp) {
         return m_program.report.txtComp(comp).Enabled() &&
-               !link::SlotPageNotAvailable(m_program.report, u"txtComp"_s, comp);
+               !link::OnMissingPage(m_program.report, {link::Group::Sales, comp});
     };
     m_swapComp = sales ? slot.Index() : 0;
     m_swapShown.clear();
@@ -141,7 +138,8 @@ void PopUps::OnSlot(const char* menu, const SlotWork& work, const QString& atWor
     const common::RoutineScope scope{menu};
     const link::Talking talking(m_program.Link(), atWork.isEmpty() ? link::messages::kSendingSlots : atWork);
     drops::DropDesk desk = m_program.Drops();
-    m_drags.Told(work(desk, drops::GroupOf(m_point.control), m_point.index));
+    if (const link::GroupRow* row = link::GroupOf(m_point.control))
+        m_drags.Told(work(desk, {row->group, m_point.index}));
 }
 
 void PopUps::OnPhoto(const char* menu, const SlotWork& work)

@@ -24,8 +24,8 @@ public:
     forms::Menu* MenuOver(const forms::Control& control);
     [[nodiscard]] const MenuPoint& Point() const { return m_point; }
 
-    /// What is done to a slot: its group and its index.
-    using SlotWork = std::function<drops::Outcome(drops::DropDesk& desk, QLatin1StringView group, int index)>;
+    /// What is done to a slot.
+    using SlotWork = std::function<drops::Outcome(drops::DropDesk& desk, link::SlotRef slot)>;
     /// A choice about the slot over which the menu opened.
     /// @param atWork  what the gauge says of it; sending where nothing else is said
     void OnSlot(const char* menu, const SlotWork& work, const QString& atWork = {});

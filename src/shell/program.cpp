@@ -15,7 +15,6 @@
 #include "shell/ini_location.h"
 #include "shell/photo_questions.h"
 #include "shell/slot_icon_pictures.h"
-#include "shell/slot_saves.h"
 
 namespace vasclip::shell {
 
@@ -93,8 +92,7 @@ drops::DropDesk Program::Drops()
             .photos = *m_photos,
             .capture = *m_capture,
             .grddatabook = records.grddatabook,
-            .txtcentralkey = records.txtcentralkey,
-            .routines = SlotSaves(*m_link)};
+            .txtcentralkey = records.txtcentralkey};
 }
 
 void Program::LocateInis(const SystemPlaces& places, Silence silence)

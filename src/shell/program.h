@@ -16,7 +16,6 @@
 
 namespace vasclip::drops {
 struct DropDesk;
-enum class SlotPart;
 } // namespace vasclip::drops
 namespace vasclip::photos {
 class CaptureDesk;

@@ -68,6 +68,30 @@ bool SeekKey(const forms::Ports& ports, DataSource& source, const QString& key, 
     return found;
 }
 
+/// A look-up in the Databook, with what is said of one that can't be looked up in.
+template <class Work>
+void LookUp(forms::Prompter& prompter, Work&& work)
+{
+    common::Guarded(prompter, [&] {
+        try {
+            work();
+        } catch (const RuntimeError& failure) {
+            switch (failure.Number()) {
+            case error::kNoCurrentRecord:
+                return;
+            case error::kNoSuchIndex:
+                prompter.Box(kRepairTitle, kRepairText);
+                throw forms::EndOfProgram{1};
+            case error::kNoObject:
+                prompter.Box(kCompressTitle, kCompressText);
+                throw forms::EndOfProgram{1};
+            default:
+                throw;
+            }
+        }
+    });
+}
+
 } // namespace
 
 void Connect2mdb(const forms::Ports& ports, DataSource& source, const QString& path,
@@ -135,26 +159,16 @@ bool FindRecord(const forms::Ports& ports, DataSource& source, const QString& ke
     if (index == QLatin1StringView("FILENUMBERUSER"))
         wanted = wanted.toUpper();
     bool found = false;
-    common::Guarded(ports.prompter, [&] {
-        try {
-            found = SeekKey(ports, source, wanted, index);
-        } catch (const RuntimeError& failure) {
-            switch (failure.Number()) {
-            case error::kNoCurrentRecord:
-                found = false;
-                return;
-            case error::kNoSuchIndex:
-                ports.prompter.Box(kRepairTitle, kRepairText);
-                throw forms::EndOfProgram{1};
-            case error::kNoObject:
-                ports.prompter.Box(kCompressTitle, kCompressText);
-                throw forms::EndOfProgram{1};
-            default:
-                throw;
-            }
-        }
-    });
+    LookUp(ports.prompter, [&] { found = SeekKey(ports, source, wanted, index); });
     return found;
+}
+
+std::optional<Record> ReadRecord(const forms::Ports& ports, const DataSource& source, const QString& key)
+{
+    const RoutineScope scope{"ReadRecord"};
+    std::optional<Record> record;
+    LookUp(ports.prompter, [&] { record = ReadRecord(source, key); });
+    return record;
 }
 
 void Updateandfind(const forms::Ports& ports, DataSource& source, const QString& key)

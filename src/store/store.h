@@ -2,6 +2,7 @@
 
 #include "forms/controls.h"
 #include "store/data_source.h"
+#include "store/record.h"
 
 namespace vasclip::store {
 
@@ -20,6 +21,10 @@ void Connect2mdb(const forms::Ports& ports, DataSource& source, const QString& p
 /// Compression Needed" (error 91); RuntimeError for all that the central error block does not handle
 [[nodiscard]] bool FindRecord(const forms::Ports& ports, DataSource& source, const QString& key,
                               const QString& index);
+
+/// ReadRecord of the one cursor's table, with the boxes of FindRecord for one that can't be looked up in. Nothing moves
+/// and the queue does not turn. @throws as FindRecord
+[[nodiscard]] std::optional<Record> ReadRecord(const forms::Ports& ports, const DataSource& source, const QString& key);
 
 /// Updates a record that is in edit mode and stands on the record of `key`; a miss shows its box and goes on.
 void Updateandfind(const forms::Ports& ports, DataSource& source, const QString& key);

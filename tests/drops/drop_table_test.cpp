@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <optional>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace vasclip;
@@ -27,18 +28,19 @@ const QStringList kNames{
 struct Expected
 {
     drops::DropAction action;
-    QString group;
+    std::optional<drops::Group> group = {};
 };
 using Pair = std::pair<QString, QString>;
 
 const QStringList kPhotoSlots{u"IMASUBJECT"_s, u"IMACOMP"_s,   u"IMAALTCOMP"_s,
                               u"IMALISTING"_s, u"IMARENTAL"_s, u"IMAGENERAL"_s};
 
-QString GroupOf(const QString& name)
+drops::Group GroupOf(const QString& name)
 {
-    static const std::map<QString, QString> groups{{u"SUBJECT"_s, u"SUBJECT"_s}, {u"COMP"_s, u"SALE"_s},
-                                                   {u"ALTCOMP"_s, u"ALT"_s},     {u"LISTING"_s, u"LIST"_s},
-                                                   {u"RENTAL"_s, u"RENT"_s},     {u"GENERAL"_s, u"GENERAL"_s}};
+    using enum drops::Group;
+    static const std::map<QString, drops::Group> groups{{u"SUBJECT"_s, Subject},    {u"COMP"_s, Sales},
+                                                        {u"ALTCOMP"_s, Alternates}, {u"LISTING"_s, Listings},
+                                                        {u"RENTAL"_s, Rentals},     {u"GENERAL"_s, General}};
     return groups.at(name.mid(3));
 }
 
@@ -47,7 +49,7 @@ std::map<Pair, Expected> Wanted()
 {
     std::map<Pair, Expected> wanted;
     const auto add = [&](const QString& source, const QString& target, drops::DropAction action,
-                         const QString& group) { wanted.insert({Pair(source, target), {action, group}}); };
+                         std::optional<drops::Group> group = {}) { wanted.insert({Pair(source, target), {action, group}}); };
     for (const QString& target : kPhotoSlots) {
         const bool subject = target == u"IMASUBJECT"_s;
         const bool general = target == u"IMAGENERAL"_s;
@@ -58,7 +60,7 @@ std::map<Pair, Expected> Wanted()
             add(source, target, general ? FileIntoGeneral : FileIntoSlot, GroupOf(target));
         add(u"GEAMAINTAIN"_s, target, general ? SendShownAsked : SendShownPhoto, GroupOf(target));
     }
-    add(u"GRDDATABOOK"_s, u"TXTSUBJECT"_s, ReplaceSubjectPhotos, u"SUBJECT"_s);
+    add(u"GRDDATABOOK"_s, u"TXTSUBJECT"_s, ReplaceSubjectPhotos, drops::Group::Subject);
     for (const QString& target : {u"TXTCOMP"_s, u"TXTALTCOMP"_s, u"TXTLISTING"_s, u"TXTRENTAL"_s}) {
         add(u"GRDDATABOOK"_s, target, PasteCompAndPhoto, GroupOf(target));
         add(u"MAPVIEW"_s, target, PasteCompAndPhoto, GroupOf(target));
@@ -66,35 +68,35 @@ std::map<Pair, Expected> Wanted()
     for (const QString& target : {u"TXTCOMP"_s, u"TXTALTCOMP"_s})
         add(u"TXTMAPADDRESS"_s, target, PasteCompAndPhoto, GroupOf(target));
     for (const QString& source : {u"GEATHUMB"_s, u"FILCAPTURE"_s, u"FILES"_s})
-        add(source, u"TXTSUBJECT"_s, ShowInSubject, u"SUBJECT"_s);
+        add(source, u"TXTSUBJECT"_s, ShowInSubject, drops::Group::Subject);
     for (const QString& target : {u"GEACOMP"_s, u"GEAALTCOMP"_s, u"GEALISTING"_s, u"GEARENTAL"_s})
         add(u"GRDDATABOOK"_s, target, PasteComp, GroupOf(target));
     for (const QString& target : {u"GEACOMP"_s, u"GEAALTCOMP"_s})
         for (const QString& source : {u"TXTMAPADDRESS"_s, u"GEAMAPPHOTO"_s})
             add(source, target, PasteComp, GroupOf(target));
     for (const QString& source : {u"GEATHUMB"_s, u"FILCAPTURE"_s, u"FILES"_s})
-        add(source, u"GRDDATABOOK"_s, FileInRecord, {});
+        add(source, u"GRDDATABOOK"_s, FileInRecord);
     for (const QString& name : {u"COMP"_s, u"ALTCOMP"_s, u"LISTING"_s, u"RENTAL"_s}) {
         add(u"GEA"_s + name, u"GRDDATABOOK"_s, SaveData, GroupOf(u"GEA"_s + name));
         add(u"IMA"_s + name, u"GRDDATABOOK"_s, SavePhoto, GroupOf(u"IMA"_s + name));
         add(u"TXT"_s + name, u"GRDDATABOOK"_s, SaveBoth, GroupOf(u"TXT"_s + name));
     }
-    add(u"IMASUBJECT"_s, u"GRDDATABOOK"_s, SavePhoto, u"SUBJECT"_s);
-    add(u"TXTSUBJECT"_s, u"GRDDATABOOK"_s, SaveBoth, u"SUBJECT"_s);
+    add(u"IMASUBJECT"_s, u"GRDDATABOOK"_s, SavePhoto, drops::Group::Subject);
+    add(u"TXTSUBJECT"_s, u"GRDDATABOOK"_s, SaveBoth, drops::Group::Subject);
     for (const QString& source : {u"IMAGENERAL"_s, u"TXTGENERAL"_s, u"CBOGENERAL"_s})
-        add(source, u"GRDDATABOOK"_s, AdviseGeneral, u"GENERAL"_s);
+        add(source, u"GRDDATABOOK"_s, AdviseGeneral, drops::Group::General);
     for (const QString& target : {u"CBOADDRESS"_s, u"TXTCENTRALKEY"_s, u"FRAADDACOMP"_s, u"TXTADDACOMP"_s})
         for (const QString& source : {u"GEATHUMB"_s, u"FILCAPTURE"_s, u"FILES"_s})
-            add(source, target, FileUnderAddress, {});
-    add(u"GEATHUMB"_s, u"IMATRASHCAN"_s, ToTrash, {});
+            add(source, target, FileUnderAddress);
+    add(u"GEATHUMB"_s, u"IMATRASHCAN"_s, ToTrash);
     for (const QString& target : {u"GEATHUMB"_s, u"FRAPICS"_s, u"LBLTAB"_s}) {
-        add(u"GRDDATABOOK"_s, target, CopyBack, {});
+        add(u"GRDDATABOOK"_s, target, CopyBack);
         for (const QString& source : kPhotoSlots)
             add(source, target, CopyBack, GroupOf(source));
     }
     for (const QString& target :
          {u"GEATHUMB"_s, u"FRAPICS"_s, u"LBLTAB"_s, u"FILCAPTURE"_s, u"GEALISTBOX"_s})
-        add(u"FILES"_s, target, CopyIn, {});
+        add(u"FILES"_s, target, CopyIn);
     return wanted;
 }
 
@@ -112,7 +114,7 @@ TEST(DropTable, EveryPairDoesWhatItsRowSaysOrNothing)
             }
             ASSERT_NE(rule, nullptr);
             EXPECT_EQ(rule->action, expected->second.action);
-            EXPECT_EQ(QString(rule->group), expected->second.group);
+            EXPECT_EQ(rule->group, expected->second.group);
         }
     }
     EXPECT_EQ(drops::Matrix().size(), wanted.size()) << "no row stands twice, none names an unknown control";

@@ -10,7 +10,6 @@ namespace {
 class MenuWords : public RouterTest
 {
 protected:
-    DropDesk drops{desk, filing, capture, grddatabook, txtcentralkey, {}};
 
     void SetUp() override
     {
@@ -84,7 +83,7 @@ TEST_F(MenuWords, OfOneCompAreNotThoseOfTheNextThatIsNotSent)
         report.txtComp(i).SetText(u"12 Oak St"_s);
     doubles.prompter.AnswerAlways(forms::Answer::Cancel); // keep the tabs
     JonesComesAt(u"poke"_s, 4); // the last field of the second
-    EXPECT_EQ(ObtainShownData(drops, "SALE"_L1, 1, WithPhoto::Yes).message,
+    EXPECT_EQ(ObtainShownData(drops, {Group::Sales, 1}, WithPhoto::Yes).message,
               u"Filled from the Databook: 12 OAK ST. 12 Oak St is in the report now, its photo is not. Not filled: "
               u"12 OAK ST."_s);
 }
@@ -93,16 +92,16 @@ TEST_F(MenuWords, HaveTheColourOfTheWorst)
 {
     report.txtComp(1).SetText(u"14 Elm St"_s);
     report.txtComp(2).SetText(u"12 Oak St"_s);
-    EXPECT_EQ(ObtainShownData(drops, "SALE"_L1, 1, WithPhoto::Yes).colour, forms::Colour::Blue) << "no front view";
+    EXPECT_EQ(ObtainShownData(drops, {Group::Sales, 1}, WithPhoto::Yes).colour, forms::Colour::Blue) << "no front view";
     report.txtComp(3).SetText(u"1 Nowhere"_s);
-    EXPECT_EQ(ObtainShownData(drops, "SALE"_L1, 1, WithPhoto::Yes).colour, forms::Colour::Red) << "no record";
+    EXPECT_EQ(ObtainShownData(drops, {Group::Sales, 1}, WithPhoto::Yes).colour, forms::Colour::Red) << "no record";
 }
 
 TEST_F(MenuWords, FollowABoxThatToldWhy)
 {
     report.txtComp(2).SetText(u"12 Oak St"_s);
     At(u"item ActiveReports"_s, 2, [] { throw RuntimeError(error::kLinkBusy, u"No"_s); });
-    const Outcome data = ObtainData(drops, "SALE"_L1, 2, WithPhoto::No);
+    const Outcome data = ObtainData(drops, {Group::Sales, 2}, WithPhoto::No);
     EXPECT_EQ(data.message, u"12 OAK ST did not reach the report."_s);
     EXPECT_EQ(data.colour, forms::Colour::Red);
     EXPECT_EQ(doubles.prompter.Boxes().size(), 1U);
@@ -112,7 +111,7 @@ TEST_F(MenuWords, OfADataBoxThatSentAPartLightNoLamp)
 {
     report.txtComp(2).SetText(u"12 Oak St"_s);
     At(u"poke"_s, 2, [] { throw RuntimeError(error::kLinkBusy, u"No"_s); });
-    const Outcome outcome = ClickDataBox(drops, "SALE"_L1, 2);
+    const Outcome outcome = ClickDataBox(drops, {Group::Sales, 2});
     EXPECT_FALSE(outcome.done);
     EXPECT_EQ(outcome.message, u"Only a part of 12 OAK ST reached the report; the address there is still 12 Oak St. Send "
                                u"it again."_s);
@@ -124,7 +123,7 @@ TEST_F(MenuWords, OfDataWhosePhotoMetAnotherReportLightNoBoxThere)
     report.txtComp(2).SetText(u"12 Oak St"_s);
     doubles.prompter.Answer(forms::Answer::Ok); // refresh from JONES
     JonesComesAt(u"poke"_s, 2);
-    EXPECT_EQ(ObtainData(drops, "SALE"_L1, 2, WithPhoto::Yes).message,
+    EXPECT_EQ(ObtainData(drops, {Group::Sales, 2}, WithPhoto::Yes).message,
               u"12 Oak St is in the report now, its photo is not."_s);
     EXPECT_EQ(addr.txtKelReport.Text(), u"JONES"_s);
     EXPECT_NE(Shows(slots.geaComp(2)), u"C:\\VAS2000\\Addendum_Added.bmp"_s);
@@ -140,7 +139,7 @@ TEST_F(MenuWords, OfDataAreFollowedByThePhotoOfTheirRecordThoughAnotherComesOnSh
     AddComp(u"16 Ash St"_s, {{u"PHOTOS"_s, u"FRONT VIEW|ELM\r\n"_s}});
     report.txtComp(2).SetText(u"12 Oak St"_s);
     const std::pair<const char*, std::function<Outcome()>> roads[] = {
-        {"menu", [this] { return ObtainData(drops, "SALE"_L1, 2, WithPhoto::Yes); }},
+        {"menu", [this] { return ObtainData(drops, {Group::Sales, 2}, WithPhoto::Yes); }},
         {"drop", [this] { return DropOn(report.txtComp(2)); }}};
     for (const auto& [name, road] : roads) {
         conduit.commands.clear();
@@ -156,7 +155,7 @@ TEST_F(MenuWords, OfAClearingThatMetAnotherReportSaySo)
     doubles.prompter.Answer(forms::Answer::Yes);
     doubles.prompter.Answer(forms::Answer::Cancel); // keep the tabs
     JonesComesAt(u"item ActiveReports"_s, 2);
-    EXPECT_EQ(ClearPhoto(drops, "SALE"_L1, 2).message,
+    EXPECT_EQ(ClearPhoto(drops, {Group::Sales, 2}).message,
               u"Nothing was sent: JONES is active in the forms program, and the tabs show SMITH."_s);
     EXPECT_EQ(Shows(slots.imaComp(2)), u"C:\\JPG\\OAK.jpg"_s);
 }
@@ -167,7 +166,7 @@ TEST_F(MenuWords, OfAClearingLeaveTheSlotOfAReportThatCameMeanwhile)
     doubles.prompter.Answer(forms::Answer::Yes);
     doubles.prompter.Answer(forms::Answer::Ok); // refresh from JONES
     JonesComesAt(u"item ActiveReports"_s, 3);   // behind the question's own look
-    EXPECT_EQ(ClearPhoto(drops, "SALE"_L1, 2).message, u"The tabs show JONES now. Nothing was sent."_s);
+    EXPECT_EQ(ClearPhoto(drops, {Group::Sales, 2}).message, u"The tabs show JONES now. Nothing was sent."_s);
     EXPECT_EQ(Shows(slots.imaComp(2)), QString()) << "JONES has no picture there";
 }
 

@@ -5,6 +5,7 @@
 #include "photos/capture_home.h"
 #include "photos/photo_home.h"
 #include "platform/picture/picture.h"
+#include "store/change.h"
 
 namespace vasclip::drops {
 
@@ -24,16 +25,9 @@ protected:
                                 std::make_unique<tests::NamedThumbs>(thumbs)};
     forms::Grid grddatabook{set, u"grddatabook"_s};
     forms::TextBox txtcentralkey{set, u"txtcentralkey"_s};
-    QStringList routed; ///< what went to the rooms beside
-    Router router{{desk, filing, capture, grddatabook, txtcentralkey,
-                   {.autoSave = [this](QLatin1StringView group,
-                                       int index) { routed << u"autosave %1 %2"_s.arg(group).arg(index); },
-                    .save =
-                        [this](QLatin1StringView group, int index, SlotPart part) {
-                            const char* parts[] = {"DATA", "PIC", "BOTH"};
-                            routed << u"save %1 %2 %3"_s.arg(group).arg(index).arg(
-                                QLatin1StringView(parts[static_cast<int>(part)]));
-                        }}}};
+    DropDesk drops{desk, filing, capture, grddatabook, txtcentralkey};
+    Router router{drops};
+    QStringList changes; ///< the words of each change of a record
 
     static inline const QString kSnap = u"C:\\SNAP\\"_s;
 
@@ -45,6 +39,7 @@ protected:
         globals.imageListBox = u"OFF"_s;
         globals.trashcan = 1;
         globals.autoDelete = 0;
+        globals.autoSave = 0;
         home.MakeDirs(u"C:\\SNAP"_s);
         AddComp(u"12 Oak St"_s,
                 {{u"GLA"_s, u"1850"_s}, {u"PHOTOS"_s, u"FRONT VIEW|OAK\r\nREAR VIEW|OAKR\r\n"_s}});
@@ -57,7 +52,11 @@ protected:
             Map({u"UA5"_s, group + u"PAGE"_s, u"GLA"_s, u"12"_s, u"3"_s, group, u"1"_s, u"2"_s});
         OpenReport(u"SMITH"_s, u"UA5,SUBPHOTO,"_s);
         loader.SetThumbTags(&controls.lbltag);
+        desk.photoDesk = &filing;
+        sources.datDatabook.Watch([this](const store::Step& step) { changes << step.words; });
         doubles.random.sequence = {0.7055475, 0.533424, 0.5795186, 0.2895625, 0.301948};
+        for (int stem = 1; stem <= 40; ++stem)
+            doubles.random.sequence.push_back(stem / 41.0);
     }
 
     /// Real pictures in the capture directory, which is then on show.

@@ -1,6 +1,8 @@
 #include "router_home.h"
 
 #include "drops/view_rule.h"
+#include "link/slot_icons.h"
+#include "link/transfer.h"
 
 namespace vasclip::drops {
 namespace {
@@ -300,6 +302,10 @@ TEST_F(PicturesTest, AThumbnailIsStoredShownSentTrashedAndSaved)
 {
     Browse();
     globals.autoDelete = 1;
+    globals.autoSave = 1;
+    addr.txtFormType.SetText(u"UA5"_s);
+    report.txtComp(2).SetText(u"2 New Rd"_s);
+    conduit.Answer(u"KEL|SMITH"_s, u"SALEPAGE|12|5"_s, u"1850"_s);
     const Outcome outcome = DropThumb(1, slots.imaComp(2));
     EXPECT_EQ(outcome.message, u"B.JPG is in the report now."_s);
     const QString stored = Shows(slots.imaComp(2));
@@ -307,7 +313,8 @@ TEST_F(PicturesTest, AThumbnailIsStoredShownSentTrashedAndSaved)
     EXPECT_TRUE(home.disk.FileExists(stored));
     EXPECT_NE(home.disk.GetAttr(stored) & files::ReadOnly, 0U) << "shown in a report slot";
     EXPECT_EQ(conduit.commands, QStringList{SetImage(u"CMP_2_3X5"_s, Doubled(stored))});
-    EXPECT_EQ(routed, QStringList{u"autosave SALE 2"_s});
+    EXPECT_EQ(changes.value(0), u"Add 2 NEW RD from the report"_s);
+    EXPECT_TRUE(PhotosOf(u"2 NEW RD"_s).startsWith(u"FRONT VIEW|"_s));
     EXPECT_EQ(Trash(), QStringList{u"B.JPG"_s});
     EXPECT_FALSE(home.disk.FileExists(kSnap + u"B.JPG"_s));
     EXPECT_FALSE(controls.geathumb(1).Visible());
@@ -338,9 +345,16 @@ TEST_F(PicturesTest, OfTheSubjectOnlyTheFirstViewIsSaved)
 {
     Browse();
     globals.autoDelete = 0;
-    for (int i = 1; i <= 3; ++i)
+    globals.autoSave = 1;
+    addr.txtFormType.SetText(u"UA5"_s);
+    Map({u"UA5"_s, u"SUBPAGE"_s, u"GLA"_s, u"12"_s, u"3"_s, u"SALE"_s, u"10"_s, u"0"_s});
+    conduit.Answer(u"KEL|SMITH"_s, u"SUBPAGE|12|3"_s, u"1850"_s);
+    report.txtSubject.SetText(u"1 Main St"_s);
+    for (int i = 3; i >= 1; --i) {
+        EXPECT_TRUE(changes.isEmpty());
         EXPECT_TRUE(DropThumb(0, slots.imaSubject(i)).done);
-    EXPECT_EQ(routed.filter(u"autosave"_s), QStringList{u"autosave SUBJECT 1"_s});
+    }
+    EXPECT_EQ(changes.value(0), u"Add 1 MAIN ST from the report"_s);
 }
 
 TEST_F(PicturesTest, APictureThatCannotBeStoredStaysAndNothingIsSent)
@@ -351,7 +365,7 @@ TEST_F(PicturesTest, APictureThatCannotBeStoredStaysAndNothingIsSent)
     EXPECT_FALSE(outcome.done);
     EXPECT_TRUE(outcome.message.startsWith(u"B.JPG was not filed"_s)) << outcome.message.toStdString();
     EXPECT_TRUE(conduit.commands.isEmpty());
-    EXPECT_TRUE(routed.isEmpty());
+    EXPECT_TRUE(changes.isEmpty());
     EXPECT_TRUE(home.disk.FileExists(kSnap + u"B.JPG"_s));
     EXPECT_TRUE(controls.geathumb(1).Visible());
 }
@@ -515,7 +529,7 @@ TEST_F(PicturesTest, ASlotThatShowsAnotherPhotoByTheEndOfItsDragIsLeftAlone)
     const Outcome outcome = router.Drop(drag, grddatabook);
     EXPECT_FALSE(outcome.done);
     EXPECT_EQ(outcome.message, u"The slot shows another photo now than the one you dragged. Nothing was done."_s);
-    EXPECT_TRUE(routed.isEmpty());
+    EXPECT_TRUE(changes.isEmpty());
 }
 
 TEST_F(PicturesTest, TheListsFileIsTheOneThatIsDraggedFromIt)
@@ -554,7 +568,7 @@ TEST_F(PicturesTest, ACapturePictureOnTheSubjectIsShownThreeTimesAndNotSent)
     for (int i = 1; i <= 3; ++i)
         EXPECT_EQ(Shows(slots.imaSubject(i)), kSnap + u"A.JPG"_s);
     EXPECT_TRUE(conduit.commands.isEmpty());
-    EXPECT_TRUE(routed.isEmpty());
+    EXPECT_TRUE(changes.isEmpty());
 }
 
 TEST_F(PicturesTest, AFileThatIsNoPictureIsToldOnceAndNotShownOnTheSubject)
@@ -638,7 +652,7 @@ TEST_F(RecordTest, TheAddressBoxNamesTheRecordAndABlankOneStopsEverything)
     txtcentralkey.SetText(u"  "_s);
     EXPECT_FALSE(DropThumb(0, txtcentralkey).done);
     EXPECT_TRUE(questions.asked.isEmpty());
-    EXPECT_TRUE(routed.isEmpty());
+    EXPECT_TRUE(changes.isEmpty());
     txtcentralkey.SetText(u" 77 new rd "_s);
     const Outcome outcome = DropThumb(0, txtcentralkey);
     EXPECT_EQ(outcome.record, u"77 NEW RD"_s);
@@ -651,18 +665,30 @@ TEST_F(RecordTest, TheAddressBoxNamesTheRecordAndABlankOneStopsEverything)
 
 TEST_F(PicturesTest, ReportSlotsOnTheGridAreSavedByTheirKind)
 {
-    const std::pair<forms::Control*, QString> rows[] = {
-        {&slots.geaComp(1), u"save SALE 1 DATA"_s},     {&slots.geaAltComp(2), u"save ALT 2 DATA"_s},
-        {&slots.geaListing(3), u"save LIST 3 DATA"_s},  {&slots.geaRental(4), u"save RENT 4 DATA"_s},
-        {&slots.imaComp(5), u"save SALE 5 PIC"_s},      {&slots.imaAltComp(6), u"save ALT 6 PIC"_s},
-        {&slots.imaListing(1), u"save LIST 1 PIC"_s},   {&slots.imaRental(2), u"save RENT 2 PIC"_s},
-        {&slots.imaSubject(3), u"save SUBJECT 3 PIC"_s}, {&report.txtComp(9), u"save SALE 9 BOTH"_s},
-        {&report.txtAltComp(1), u"save ALT 1 BOTH"_s},  {&report.txtListing(6), u"save LIST 6 BOTH"_s},
-        {&report.txtRental(7), u"save RENT 7 BOTH"_s},  {&report.txtSubject, u"save SUBJECT -1 BOTH"_s}};
-    for (const auto& [source, wanted] : rows) {
-        routed.clear();
-        EXPECT_TRUE(router.Drop(router.Begin(*source), grddatabook).done);
-        EXPECT_EQ(routed, QStringList{wanted});
+    addr.txtFormType.SetText(u"UA5"_s);
+    Map({u"UA5"_s, u"SUBPAGE"_s, u"GLA"_s, u"12"_s, u"3"_s, u"SALE"_s, u"10"_s, u"0"_s});
+    conduit.unscripted = u"1850"_s;
+    using link::What;
+    const std::tuple<forms::Control*, link::SlotRef, What> rows[] = {
+        {&slots.geaComp(1), {Group::Sales, 1}, What::Data},      {&slots.geaAltComp(2), {Group::Alternates, 2}, What::Data},
+        {&slots.geaListing(3), {Group::Listings, 3}, What::Data}, {&slots.geaRental(2), {Group::Rentals, 2}, What::Data},
+        {&slots.imaComp(5), {Group::Sales, 5}, What::Pic},       {&slots.imaAltComp(6), {Group::Alternates, 6}, What::Pic},
+        {&slots.imaListing(1), {Group::Listings, 1}, What::Pic}, {&slots.imaRental(3), {Group::Rentals, 3}, What::Pic},
+        {&slots.imaSubject(3), {Group::Subject, 3}, What::Pic},  {&report.txtComp(3), {Group::Sales, 3}, What::Both},
+        {&report.txtAltComp(1), {Group::Alternates, 1}, What::Both}, {&report.txtListing(2), {Group::Listings, 2}, What::Both},
+        {&report.txtRental(1), {Group::Rentals, 1}, What::Both}, {&report.txtSubject, {Group::Subject, 1}, What::Both}};
+    int number = 100;
+    for (const auto& [source, slot, what] : rows) {
+        const QString key = u"%1 SAVED RD"_s.arg(++number);
+        link::TextOf(report, slot).SetText(key.toLower());
+        loader.ErrLoadThumb(link::PhotoOf(slots, slot), u"C:\\JPG\\OAK.jpg"_s);
+        EXPECT_EQ(router.Drop(router.Begin(*source), grddatabook).record, key);
+        StandOn(key);
+        EXPECT_EQ(store::GetFieldData(sources.datDatabook, u"GLA"_s), what == What::Pic ? u""_s : u"1850"_s)
+            << key.toStdString();
+        EXPECT_EQ(PhotosOf(key).contains(u'|'), what != What::Data) << key.toStdString();
+        EXPECT_EQ(PhotosOf(key).startsWith(link::SubjectView(slot.group == Group::Subject ? slot.index : 1)),
+                  what != What::Data);
     }
 }
 
@@ -674,7 +700,7 @@ TEST_F(PicturesTest, GeneralSlotsOnTheGridShowAdviceAlone)
               u"To save (or resave) a General Photo to Subject Address,\r\ndouble click on the icon to the "
               u"right of the picture.\r\n\r\nNote: Make sure you type or pick (from drop down menu)\r\nthe "
               u"exact name of the General View"_s);
-    EXPECT_TRUE(routed.isEmpty());
+    EXPECT_TRUE(changes.isEmpty());
 }
 
 TEST_F(PicturesTest, WhatTheGridIgnores)

@@ -167,7 +167,6 @@ TEST_F(RouterTest, ARefusedOverwriteChangesNothing)
     const Outcome outcome = DropOn(report.txtComp(2));
     EXPECT_FALSE(outcome.done);
     EXPECT_EQ(outcome.message, QString());
-    EXPECT_TRUE(state.dropRefused);
     EXPECT_TRUE(conduit.pokes.isEmpty());
     EXPECT_TRUE(conduit.commands.isEmpty());
     EXPECT_EQ(report.txtComp(2).Text(), u"99 Other St"_s);

@@ -10,7 +10,6 @@ namespace {
 class SwapTest : public RouterTest
 {
 protected:
-    DropDesk drops{desk, filing, capture, grddatabook, txtcentralkey, {}};
 
     void SetUp() override
     {

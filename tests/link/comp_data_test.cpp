@@ -15,7 +15,6 @@ protected:
     void SetUp() override
     {
         DeskTest::SetUp();
-        state.currentKey = u"12 OAK ST"_s;
         globals.addressCase = 1;
     }
     /// A row of the sales page, its cell three to the comp at hand, and what the report holds for comp 5.
@@ -82,7 +81,7 @@ TEST_F(CompData, BedroomsAndBathsAreTakenApartAndCut)
         AddComp(u"12 Oak St"_s + text);
         StandOn(u"12 OAK ST"_s + text);
         sources.datDatabook.Recordset().Edit();
-        StoreCompData(desk, cells);
+        StoreCompData(desk, u"12 OAK ST"_s, cells);
         sources.datDatabook.Recordset().Update();
         EXPECT_EQ(store::GetFieldData(sources.datDatabook, u"BEDROOM"_s), bedrooms);
         EXPECT_EQ(store::GetFieldData(sources.datDatabook, u"BATH"_s), baths);
@@ -148,7 +147,7 @@ TEST_F(CompData, NumberColumnsTakeTheNumberOfTheText)
     engine::Recordset& record = sources.datDatabook.Recordset();
     record.AddNew();
     record.SetValue(u"CENTRALKEY"_s, u"12 OAK ST"_s);
-    StoreCompData(desk, {{u"GLA"_s, u" 1850 sf"_s}});
+    StoreCompData(desk, u"12 OAK ST"_s, {{u"GLA"_s, u" 1850 sf"_s}});
     record.Update();
     StandOn(u"12 OAK ST"_s);
     EXPECT_EQ(record.Value(u"GLA"_s).toDouble(), 1850.0);

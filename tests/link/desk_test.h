@@ -106,6 +106,13 @@ protected:
     {
         ASSERT_TRUE(store::FindRecord(desk.ports, sources.datDatabook, key, u"CENTRALKEY"_s));
     }
+    /// A comp as a value.
+    [[nodiscard]] store::Record Read(const QString& key)
+    {
+        const auto record = store::ReadRecord(sources.datDatabook, key);
+        EXPECT_TRUE(record) << key.toStdString();
+        return record.value();
+    }
     /// Open in the forms program, and the one that the tabs mirror.
     void OpenReport(const QString& name, const QString& forms)
     {

@@ -5,7 +5,7 @@
 namespace vasclip::link {
 namespace {
 
-class Drop : public DeskTest
+class DropOnComp : public DeskTest
 {
 protected:
     void SetUp() override
@@ -16,13 +16,12 @@ protected:
         Map({u"UA5"_s, u"PAGE2"_s, u"GLA"_s, u"12"_s, u"3"_s, u"SALE"_s, u"4"_s, u"2"_s});
         Map({u"UA5"_s, u"ALTP"_s, u"GLA"_s, u"12"_s, u"3"_s, u"ALT"_s, u"1"_s, u"2"_s});
         OpenReport(u"SMITH"_s, u"UA5,SUBPHOTO"_s);
-        state.currentKey = u"12 OAK ST"_s;
-        state.dragSourceIndex = -1;
     }
-    DropOutcome OnComp(int index, bool clearPhoto = false)
+    Dropped Drop(int index, int source = kFromDatabook, ClearPhoto clear = ClearPhoto::No)
     {
-        return DropComp(desk, report.txtComp(index), slots.imaComp(index), u"SALE"_s, clearPhoto);
+        return DropComp(desk, {Group::Sales, index}, u"12 OAK ST"_s, source, clear);
     }
+    DropOutcome OnComp(int index, int source = kFromDatabook) { return Drop(index, source).outcome; }
     [[nodiscard]] static QStringList QueryReports()
     {
         return {u"mode 0"_s,  u"topic KEL|Query"_s, u"mode 2"_s, u"item ActiveReports"_s,
@@ -36,10 +35,11 @@ protected:
     }
 };
 
-TEST_F(Drop, OfARecordIsTheWholeConversation)
+TEST_F(DropOnComp, OfARecordIsTheWholeConversation)
 {
     Script(u"recalc.bas"_s);
-    EXPECT_EQ(OnComp(5), DropOutcome::Sent);
+    const Dropped dropped = Drop(5);
+    EXPECT_EQ(dropped.outcome, DropOutcome::Sent);
     const QStringList steps = QStringList{u"text "_s}                    // the question is over
                               + QueryReports()                           // is anybody there
                               + QStringList{u"text "_s} + QueryReports() // is a report open
@@ -49,32 +49,31 @@ TEST_F(Drop, OfARecordIsTheWholeConversation)
                               QStringList{u"mode 0"_s, u"topic KEL|System"_s, u"mode 2"_s,
                                           u"execute [RunMacro(recalc.bas)]\r"_s, u"mode 0"_s};
     EXPECT_EQ(conduit.log, steps);
-    EXPECT_EQ(state.displayAddress, u"12 Oak St"_s);
+    EXPECT_EQ(dropped.address, u"12 Oak St"_s);
+    EXPECT_EQ(dropped.sent, 1);
     EXPECT_FALSE(doubles.window.hourglass);
     EXPECT_EQ(doubles.window.hourglassLog, (std::vector<bool>{true, false}));
     EXPECT_EQ(doubles.window.activations, 3);
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
 
-TEST_F(Drop, WithoutTheScriptSendsNoRecalculation)
+TEST_F(DropOnComp, WithoutTheScriptSendsNoRecalculation)
 {
     OnComp(5);
     EXPECT_TRUE(conduit.commands.isEmpty());
 }
 
-TEST_F(Drop, OnItsOwnSlotSendsNothing)
+TEST_F(DropOnComp, OnItsOwnSlotSendsNothing)
 {
-    state.dragSourceIndex = 3;
-    EXPECT_EQ(OnComp(3), DropOutcome::OwnSlot);
+    EXPECT_EQ(OnComp(3, 3), DropOutcome::OwnSlot);
     EXPECT_TRUE(conduit.log.isEmpty());
     EXPECT_FALSE(doubles.window.hourglass);
 }
 
-TEST_F(Drop, OfCompThreeOnCompOneSwapsThem)
+TEST_F(DropOnComp, OfCompThreeOnCompOneSwapsThem)
 {
-    state.dragSourceIndex = 3;
     report.txtComp(1).SetText(u"99 Other St"_s);
-    EXPECT_EQ(OnComp(1), DropOutcome::Swapped);
+    EXPECT_EQ(OnComp(1, 3), DropOutcome::Swapped);
     ASSERT_EQ(conduit.commands.size(), 1);
     EXPECT_TRUE(conduit.commands[0].contains(u"SWAPCOMPS 4,2\r\n"_s));
     EXPECT_TRUE(conduit.pokes.isEmpty());
@@ -83,46 +82,42 @@ TEST_F(Drop, OfCompThreeOnCompOneSwapsThem)
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
 
-TEST_F(Drop, OnTheSameAddressAsksNothing)
+TEST_F(DropOnComp, OnTheSameAddressAsksNothing)
 {
     report.txtComp(5).SetText(u" 12 oak st"_s);
     EXPECT_EQ(OnComp(5), DropOutcome::Sent);
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
 
-TEST_F(Drop, OnAnotherCompAsksFirst)
+TEST_F(DropOnComp, OnAnotherCompAsksFirst)
 {
     report.txtComp(5).SetText(u" 14 Elm St "_s);
     doubles.prompter.Answer(forms::Answer::Yes);
-    state.dropRefused = true;
     EXPECT_EQ(OnComp(5), DropOutcome::Sent);
     EXPECT_EQ(doubles.prompter.Last(),
               (tests::ShownBox{forms::Buttons::YesNo, forms::Icon::Question,
                                u"Overwrite a comp within the appraisal ..."_s,
                                u"Replace 14 Elm St with 12 OAK ST!  Are you sure?"_s}));
-    EXPECT_FALSE(state.dropRefused);
     EXPECT_EQ(Poked(), (QStringList{u"PAGE2|12|5=1850"_s}));
 }
 
-TEST_F(Drop, RefusedSendsNothing)
+TEST_F(DropOnComp, RefusedSendsNothing)
 {
     report.txtComp(5).SetText(u"14 Elm St"_s);
     doubles.prompter.Answer(forms::Answer::No);
     EXPECT_EQ(OnComp(5), DropOutcome::Refused);
-    EXPECT_TRUE(state.dropRefused);
     EXPECT_EQ(conduit.log, (QStringList{u"text "_s}));
     EXPECT_FALSE(doubles.window.hourglass);
 }
 
-TEST_F(Drop, OfAnUnknownKeyIsSilent)
+TEST_F(DropOnComp, OfAnUnknownKeyIsSilent)
 {
-    state.currentKey = u"1 NOWHERE"_s;
-    EXPECT_EQ(OnComp(5), DropOutcome::NotFound);
+    EXPECT_EQ(DropComp(desk, {Group::Sales, 5}, u"1 NOWHERE"_s).outcome, DropOutcome::NotFound);
     EXPECT_EQ(conduit.log, (QStringList{u"text "_s}));
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
 
-TEST_F(Drop, WithNobodyThereSaysSoOnce)
+TEST_F(DropOnComp, WithNobodyThereSaysSoOnce)
 {
     conduit.running = false;
     EXPECT_EQ(OnComp(5), DropOutcome::NotRunning);
@@ -132,7 +127,7 @@ TEST_F(Drop, WithNobodyThereSaysSoOnce)
     EXPECT_TRUE(conduit.pokes.isEmpty());
 }
 
-TEST_F(Drop, WithNoReportOpenSaysSoToo)
+TEST_F(DropOnComp, WithNoReportOpenSaysSoToo)
 {
     conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"none"_s);
     EXPECT_EQ(OnComp(5), DropOutcome::NotRunning);
@@ -140,26 +135,24 @@ TEST_F(Drop, WithNoReportOpenSaysSoToo)
               (QStringList{u"The Appraisal Program is not running at this time."_s}));
 }
 
-TEST_F(Drop, ThatClearsThePhotoClearsItsObjectFirst)
+TEST_F(DropOnComp, ThatClearsThePhotoClearsItsObjectFirst)
 {
     Picture(u"C:\\JPG\\A.jpg"_s);
     loader.ErrLoadThumb(slots.imaComp(5), u"C:\\JPG\\A.jpg"_s);
-    EXPECT_EQ(OnComp(5, true), DropOutcome::Sent);
-    EXPECT_EQ(state.currentSlotIndex, 5);
+    EXPECT_EQ(Drop(5, kFromDatabook, ClearPhoto::Yes).outcome, DropOutcome::Sent);
     EXPECT_EQ(table.ErrGetPict(slots.imaComp(5)), u""_s);
     EXPECT_EQ(conduit.commands, (QStringList{u"[RunMacro( SetImage \"CMP_5_3X5\", \"\" ) ]\r"_s}));
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
     EXPECT_LT(conduit.log.indexOf(u"execute "_s + conduit.commands[0]), conduit.log.indexOf(u"poke"_s));
 }
 
-TEST_F(Drop, OfAGroupWordReachesItsRows)
+TEST_F(DropOnComp, OfAGroupWordReachesItsRows)
 {
-    EXPECT_EQ(DropComp(desk, report.txtAltComp(2), slots.imaAltComp(2), u"ALTCOMP"_s, false),
-              DropOutcome::Sent);
+    EXPECT_EQ(DropComp(desk, {Group::Alternates, 2}, u"12 OAK ST"_s).outcome, DropOutcome::Sent);
     EXPECT_EQ(Poked(), (QStringList{u"ALTP|12|5=1850"_s}));
 }
 
-TEST_F(Drop, ThatGetsNoAnswerToItsFirstFieldIsUnsureAndKeepsTheLinkQuiet)
+TEST_F(DropOnComp, ThatGetsNoAnswerToItsFirstFieldIsUnsureAndKeepsTheLinkQuiet)
 {
     Script(u"recalc.bas"_s);
     conduit.FailOnce(u"poke"_s, error::kLinkPeerGone, u"The forms program has gone"_s);
@@ -169,7 +162,7 @@ TEST_F(Drop, ThatGetsNoAnswerToItsFirstFieldIsUnsureAndKeepsTheLinkQuiet)
     EXPECT_FALSE(doubles.window.hourglass);
 }
 
-TEST_F(Drop, ThatIsRefusedInTheMiddleIsIncompleteAndStillRecalculates)
+TEST_F(DropOnComp, ThatIsRefusedInTheMiddleIsIncompleteAndStillRecalculates)
 {
     Script(u"recalc.bas"_s);
     Map({u"UA5"_s, u"PAGE2"_s, u"CITY"_s, u"13"_s, u"3"_s, u"SALE"_s, u"4"_s, u"2"_s});
@@ -178,24 +171,25 @@ TEST_F(Drop, ThatIsRefusedInTheMiddleIsIncompleteAndStillRecalculates)
     EXPECT_EQ(conduit.commands, (QStringList{u"[RunMacro(recalc.bas)]\r"_s}));
 }
 
-TEST_F(Drop, ThatIsRefusedAtItsFirstFieldHasSentNothing)
+TEST_F(DropOnComp, ThatIsRefusedAtItsFirstFieldHasSentNothing)
 {
     conduit.FailOnce(u"poke"_s, error::kLinkBusy, u"No such cell"_s);
-    EXPECT_EQ(OnComp(5), DropOutcome::NothingSent);
-    EXPECT_FALSE(state.addressSent);
+    const Dropped dropped = Drop(5);
+    EXPECT_EQ(dropped.outcome, DropOutcome::NothingSent);
+    EXPECT_FALSE(dropped.addressSent);
 }
 
-TEST_F(Drop, SendsItsRecordEvenIfTheQueueMovesTheTable)
+TEST_F(DropOnComp, SendsItsRecordEvenIfTheQueueMovesTheTable)
 {
     doubles.pump.onTurn = [this] { sources.datDatabook.Recordset().MoveLast(); };
     OnComp(5);
     EXPECT_EQ(Poked(), (QStringList{u"PAGE2|12|5=1850"_s}));
 }
 
-TEST_F(Drop, UpdateStopsWithoutAReport)
+TEST_F(DropOnComp, UpdateStopsWithoutAReport)
 {
     conduit.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u""_s);
-    const SendResult result = KelUpdateKel(desk, 5, u"SALE"_s);
+    const SendResult result = KelUpdateKel(desk, Read(u"12 OAK ST"_s), 5, u"SALE"_s);
     EXPECT_FALSE(result.complete);
     EXPECT_EQ(conduit.log, QueryReports());
     EXPECT_EQ(doubles.window.activations, 0);

@@ -81,7 +81,6 @@ protected:
              {std::pair{u"GLA"_s, u"12"_s}, {u"CITY"_s, u"13"_s}, {u"ST"_s, u"14"_s}})
             Map({u"UA5"_s, u"PAGE2"_s, field, row, u"3"_s, u"SALE"_s, u"4"_s, u"2"_s});
         Map({u"UA5"_s, u"PAGE1"_s, u"ADDRESS"_s, u"2"_s, u"1"_s, u"SALE"_s, u"10"_s, u"0"_s});
-        state.currentKey = u"12 OAK ST"_s;
         addr.txtKelReport.SetText(u"SMITH"_s);
     }
     void Start(conduit::LinkFaults faults = {})
@@ -113,9 +112,9 @@ protected:
     [[nodiscard]] QString Socket() const { return m_private.filePath(u"link.sock"_s); }
     [[nodiscard]] LinkDesk& Desk() { return *m_live; }
     [[nodiscard]] QStringList Pokes() const { return m_forms->Pokes(); }
-    DropOutcome DropOnFive()
+    DropOutcome DropOnFive(const QString& key = u"12 OAK ST"_s)
     {
-        return DropComp(Desk(), report.txtComp(5), slots.imaComp(5), u"SALE"_s, false);
+        return DropComp(Desk(), {Group::Sales, 5}, key).outcome;
     }
     /// Answers of a drop before its first poke: three looks for reports, opening and listing.
     static constexpr int kBeforePokes = 5;
@@ -170,7 +169,7 @@ TEST_F(Live, AProgramThatDiesInTheMiddleOfASendLeavesWhatItTook)
     EXPECT_TRUE(doubles.prompter.Last().text.contains(u"Error # 289 in module KelPokeText"_s));
     EXPECT_EQ(Pokes().value(0), u"PAGE2|12|5=1850"_s);
     EXPECT_EQ(m_socket->LinkMode(), 0);
-    EXPECT_EQ(store::GetFieldData(sources.datDatabook, u"GLA"_s), u"1850"_s);
+    EXPECT_EQ(Read(u"12 OAK ST"_s).Text(u"GLA"_s), u"1850"_s);
 }
 
 TEST_F(Live, AProgramThatComesBackIsFoundAgain)
@@ -234,9 +233,8 @@ TEST_F(Live, NamesWithAccentsQuotesAndGreatLengthArrive)
 {
     const QString city = u"Caf\u00e9 \"O'Brien\" \\ \u65e5\u672c"_s;
     AddComp(u"1 O'Brien Ave"_s, {{u"GLA"_s, u"1"_s}, {u"NOTES"_s, u""_s}, {u"CITY"_s, city.left(20)}});
-    state.currentKey = u"1 O'BRIEN AVE"_s;
     Start();
-    EXPECT_EQ(DropOnFive(), DropOutcome::Sent);
+    EXPECT_EQ(DropOnFive(u"1 O'BRIEN AVE"_s), DropOutcome::Sent);
     EXPECT_TRUE(Pokes().contains(u"PAGE2|13|5="_s + city.left(20))) << Pokes().join(u'\n').toStdString();
     const QString longText(300, QChar(0x00e9));
     EXPECT_NO_THROW(KelPokeText(*m_socket, u"KEL|SMITH"_s, u"PAGE2|9|9"_s, longText));

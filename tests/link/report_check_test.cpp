@@ -33,8 +33,6 @@ protected:
         addr.txtKelListForms.SetText(u"UA5,SUBPHOTO,"_s);
         addr.txtFormType.SetText(u"UA5"_s);
         state.linkActive = true;
-        state.currentKey = u"12 OAK ST"_s;
-        state.dragSourceIndex = -1;
     }
     void BringJonesToTheFront()
     {
@@ -65,9 +63,8 @@ TEST_F(OtherReport, StopsEveryRoadBeforeAWordIsSent)
 {
     report.txtComp(1).SetText(u"12 Oak St"_s);
     loader.ErrLoadThumb(slots.imaComp(1), u"C:\\JPG\\OAK.jpg"_s);
-    ExpectNothingSent([&] { DropComp(desk, report.txtComp(1), slots.imaComp(1), u"SALE"_s, false); }, "drop");
-    state.dragSourceIndex = 3;
-    ExpectNothingSent([&] { DropComp(desk, report.txtComp(1), slots.imaComp(1), u"SALE"_s, false); }, "swap");
+    ExpectNothingSent([&] { DropComp(desk, {Group::Sales, 1}, u"12 OAK ST"_s); }, "drop");
+    ExpectNothingSent([&] { DropComp(desk, {Group::Sales, 1}, u"12 OAK ST"_s, 3); }, "swap");
     ExpectNothingSent([&] { KelSendSlotPhoto(desk, slots.imaComp(1), slots.imaComp(1), 1); }, "picture");
     ExpectNothingSent([&] { ClearSlotPhoto(desk, slots.imaComp(1), false); }, "clear");
     ExpectNothingSent([&] { cboGeneral_Click(desk, 1); }, "general text");
@@ -84,7 +81,7 @@ TEST_F(OtherReport, StopsEveryRoadBeforeAWordIsSent)
 
 TEST_F(OtherReport, SoMayTheyGoOnWhereTheTabsShowTheActiveOne)
 {
-    EXPECT_EQ(DropComp(desk, report.txtComp(1), slots.imaComp(1), u"SALE"_s, false), DropOutcome::Sent);
+    EXPECT_EQ(DropComp(desk, {Group::Sales, 1}, u"12 OAK ST"_s).outcome, DropOutcome::Sent);
     EXPECT_NE(KelSendSlotPhoto(desk, slots.imaComp(1), slots.imaComp(1), 1), SlotSend::Failed);
     cboGeneral_Click(desk, 1);
     EXPECT_EQ(Poked().size(), 4) << Poked().join(u' ').toStdString();
@@ -101,7 +98,7 @@ TEST_F(OtherReport, ThatComesToTheFrontWhileTheOverwriteIsAskedIsLeftAlone)
         if (entry == u"text "_s)
             BringJonesToTheFront();
     };
-    EXPECT_EQ(DropComp(desk, report.txtComp(1), slots.imaComp(1), u"SALE"_s, false), DropOutcome::OtherReport);
+    EXPECT_EQ(DropComp(desk, {Group::Sales, 1}, u"12 OAK ST"_s).outcome, DropOutcome::OtherReport);
     EXPECT_TRUE(conduit.pokes.isEmpty());
     EXPECT_EQ(state.notSent, u"Nothing was sent: JONES is active in the forms program, and the tabs show SMITH."_s);
 }

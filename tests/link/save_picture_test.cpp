@@ -66,22 +66,20 @@ protected:
 TEST_F(SavePicture, ABlankKeyAndAnEmptySlotAreSaid)
 {
     Show(slots.imaComp(1), u"a.jpg"_s);
-    EXPECT_EQ(SavePictureToDatabook(desk, slots.imaComp(1), u"FRONT VIEW"_s), PictureOutcome::NoAddress);
+    EXPECT_EQ(SavePictureToDatabook(desk, {}, slots.imaComp(1), u"FRONT VIEW"_s), PictureOutcome::NoAddress);
     EXPECT_EQ(status.lblmsg.Caption(), u"Blank address"_s);
     EXPECT_EQ(status.lblmsg.Fore(), forms::Colour::Blue);
-    state.currentKey = u"1 A"_s;
-    EXPECT_EQ(SavePictureToDatabook(desk, slots.imaComp(2), u"FRONT VIEW"_s), PictureOutcome::NoPicture);
+    EXPECT_EQ(SavePictureToDatabook(desk, u"1 A"_s, slots.imaComp(2), u"FRONT VIEW"_s), PictureOutcome::NoPicture);
     EXPECT_EQ(status.lblmsg.Caption(), u"No associated picture"_s);
     table.ErrSetPict(slots.imaComp(2), u"C:\\VAS2000\\Empty.bmp"_s);
-    EXPECT_EQ(SavePictureToDatabook(desk, slots.imaComp(2), u"FRONT VIEW"_s), PictureOutcome::NoPicture);
+    EXPECT_EQ(SavePictureToDatabook(desk, u"1 A"_s, slots.imaComp(2), u"FRONT VIEW"_s), PictureOutcome::NoPicture);
     EXPECT_TRUE(home.disk.Dir(u"C:\\JPG\\*.jpg"_s).isEmpty());
 }
 
 TEST_F(SavePicture, TheReportsPictureIsFiledWithANewRecord)
 {
     Show(slots.imaComp(1), u"a.jpg"_s);
-    state.currentKey = u"1 a st"_s;
-    EXPECT_EQ(SavePictureToDatabook(desk, slots.imaComp(1), u"FRONT VIEW"_s), PictureOutcome::Filed);
+    EXPECT_EQ(SavePictureToDatabook(desk, u"1 a st"_s, slots.imaComp(1), u"FRONT VIEW"_s), PictureOutcome::Filed);
     EXPECT_EQ(Views(u"1 A ST"_s), QStringList(u"FRONT VIEW"_s));
     EXPECT_TRUE(home.disk.FileExists(u"C:\\KEL\\DATA\\a.jpg"_s)) << "the report keeps its own";
 }
@@ -91,8 +89,7 @@ TEST_F(SavePicture, TheRecordsOwnPictureIsNotFiledAgain)
     Picture(u"C:\\JPG\\12345678.jpg"_s);
     AddComp(u"1 A"_s, {{u"PHOTOS"_s, u"FRONT VIEW|12345678\r\n"_s}});
     loader.ErrLoadThumb(slots.imaComp(1), u"C:\\JPG\\12345678.JPG"_s);
-    state.currentKey = u"1 A"_s;
-    EXPECT_EQ(SavePictureToDatabook(desk, slots.imaComp(1), u"FRONT VIEW"_s), PictureOutcome::IsThere);
+    EXPECT_EQ(SavePictureToDatabook(desk, u"1 A"_s, slots.imaComp(1), u"FRONT VIEW"_s), PictureOutcome::IsThere);
     EXPECT_TRUE(questions.asked.isEmpty());
     EXPECT_EQ(home.disk.Dir(u"C:\\JPG\\*.jpg"_s).size(), 1);
 }
@@ -102,13 +99,12 @@ TEST_F(SavePicture, AnotherPictureOfTheViewAsksAndNoKeepsIt)
     Picture(u"C:\\JPG\\12345678.jpg"_s);
     AddComp(u"1 A"_s, {{u"PHOTOS"_s, u"FRONT VIEW|12345678\r\n"_s}});
     Show(slots.imaComp(1), u"a.jpg"_s);
-    state.currentKey = u"1 A"_s;
     questions.answer = forms::Answer::No;
-    EXPECT_EQ(SavePictureToDatabook(desk, slots.imaComp(1), u"FRONT VIEW"_s), PictureOutcome::NotFiled);
+    EXPECT_EQ(SavePictureToDatabook(desk, u"1 A"_s, slots.imaComp(1), u"FRONT VIEW"_s), PictureOutcome::NotFiled);
     EXPECT_EQ(questions.asked.size(), 1);
     EXPECT_EQ(home.disk.Dir(u"C:\\JPG\\*.jpg"_s).size(), 1);
     questions.answer = forms::Answer::Yes;
-    EXPECT_EQ(SavePictureToDatabook(desk, slots.imaComp(1), u"FRONT VIEW"_s), PictureOutcome::Filed);
+    EXPECT_EQ(SavePictureToDatabook(desk, u"1 A"_s, slots.imaComp(1), u"FRONT VIEW"_s), PictureOutcome::Filed);
     EXPECT_EQ(Views(u"1 A"_s), QStringList(u"FRONT VIEW"_s));
     EXPECT_EQ(home.disk.Dir(u"C:\\JPG\\*.jpg"_s).size(), 2) << "the earlier file stays";
 }
@@ -200,16 +196,15 @@ TEST_F(SavePicture, AStoredViewGoesOutAsACopyOfItsOwn)
 {
     Script(u"refresh.bas"_s);
     Picture(u"C:\\JPG\\12345678.jpg"_s);
-    lists.lstViews.AddItem(u"FRONT VIEW"_s);
-    lists.lstimages.AddItem(u"12345678"_s);
-    EXPECT_TRUE(SendStoredView(desk, slots.imaComp(2), slots.imaComp(2), 2, u"FRONT VIEW"_s));
+    const photos::PhotoList list({{u"FRONT VIEW"_s, u"12345678"_s}});
+    EXPECT_TRUE(SendStoredView(desk, slots.imaComp(2), slots.imaComp(2), 2, list, u"FRONT VIEW"_s));
     const QString sent = table.ErrGetPict(slots.imaComp(2));
     EXPECT_NE(sent.toUpper(), u"C:\\JPG\\12345678.JPG"_s);
     EXPECT_TRUE(home.disk.FileExists(sent));
     ASSERT_EQ(conduit.commands.size(), 2) << "the script runs once";
     EXPECT_EQ(conduit.commands[0], u"[RunMacro( SetImage \"CMP_2_3X5\", \"%1\" ) ]\r"_s.arg(
                                        QString(sent).replace(u"\\"_s, u"\\\\"_s)));
-    EXPECT_TRUE(SendStoredView(desk, slots.imaComp(2), slots.imaComp(2), 2, u"REAR VIEW"_s));
+    EXPECT_TRUE(SendStoredView(desk, slots.imaComp(2), slots.imaComp(2), 2, list, u"REAR VIEW"_s));
     EXPECT_EQ(table.ErrGetPict(slots.imaComp(2)), QString());
     EXPECT_EQ(conduit.commands.size(), 2);
 }

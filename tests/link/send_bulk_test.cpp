@@ -9,6 +9,8 @@ namespace {
 class Send : public DeskTest
 {
 protected:
+    QString sent = u"12 OAK ST"_s; ///< key of the record
+
     void SetUp() override
     {
         DeskTest::SetUp();
@@ -21,9 +23,7 @@ protected:
                                  {u"FUNCUTIL1"_s, u"X"_s},
                                  {u"CITY"_s, u"Duluth"_s},
                                  {u"ST"_s, u"MN"_s}});
-        sources.datDatabook.Refresh();
         sources.datsql.Refresh();
-        StandOn(u"12 OAK ST"_s);
     }
     /// A row for the second page of sales of form UA5.
     void Row(const QString& field, const QString& row, const QString& trueFalse = {},
@@ -33,7 +33,7 @@ protected:
     }
     SendResult SendComp(qint16 comp, const QString& compType = u"SALE"_s)
     {
-        return SendBulk(desk, u"UA5"_s, u"SMITH"_s, comp, compType);
+        return SendBulk(desk, Read(sent), u"UA5"_s, u"SMITH"_s, comp, compType);
     }
 };
 
@@ -93,8 +93,7 @@ TEST_F(Send, ReadsTheCityLineUnderOneWordAndSendsItUnderAnother)
 TEST_F(Send, ByAMappingOfBeforeSendsTheNeighborhood)
 {
     AddComp(u"14 Elm St"_s, {{u"NEIGHBORHD"_s, u"Oak Hill"_s}, {u"CITY"_s, u"Duluth"_s}});
-    sources.datDatabook.Refresh();
-    StandOn(u"14 ELM ST"_s);
+    sent = u"14 ELM ST"_s;
     Row(u"NEIGHBORHD"_s, u"13"_s);
     EXPECT_TRUE(SendComp(5).complete);
     EXPECT_EQ(Poked(), (QStringList{u"PAGE2|13|5=Oak Hill"_s}));
@@ -103,8 +102,7 @@ TEST_F(Send, ByAMappingOfBeforeSendsTheNeighborhood)
 TEST_F(Send, LeavesTheCityLineOfARecordWithoutACityAndSaysSo)
 {
     AddComp(u"14 Elm St"_s);
-    sources.datDatabook.Refresh();
-    StandOn(u"14 ELM ST"_s);
+    sent = u"14 ELM ST"_s;
     Row(u"CITYSTZIP"_s, u"13"_s);
     Row(u"PROXIMITY"_s, u"14"_s);
     Row(u"CENTRALKEY"_s, u"15"_s);
@@ -161,9 +159,9 @@ TEST_F(Send, LeaseDateThatIsADateIsSent)
     AddComp(u"14 Elm St"_s, {{u"LEASEDATE"_s, u"1/2/2001"_s}});
     AddComp(u"16 Elm St"_s, {{u"LEASEDATE"_s, u"1/1/1900"_s}});
     Row(u"LEASEDATE"_s, u"12"_s);
-    StandOn(u"14 ELM ST"_s);
+    sent = u"14 ELM ST"_s;
     SendComp(4);
-    StandOn(u"16 ELM ST"_s);
+    sent = u"16 ELM ST"_s;
     SendComp(4);
     EXPECT_EQ(Poked(), (QStringList{u"PAGE2|12|3=1/2/2001"_s, u"PAGE2|12|3="_s}));
 }

@@ -1,6 +1,7 @@
 #include "link/set_city.h"
 
 #include "desk_test.h"
+#include "link/slot_table.h"
 
 namespace vasclip::link {
 namespace {
@@ -34,10 +35,10 @@ protected:
         addr.txtCompState(comp).SetText(parts.state);
         addr.txtCompZip(comp).SetText(parts.zip);
     }
-    Parts Set(const QString& key, CityRule rule = CityRule::Replace)
+    Parts Set(const QString& key, CityRule rule = CityRule::Replace, qint16 comp = kNoComp)
     {
         StandOn(key);
-        ErrDatabookSetCity(desk, rule);
+        ErrDatabookSetCity(desk, rule, comp);
         StandOn(key);
         const auto field = [this](const QString& name) {
             return store::GetFieldData(sources.datDatabook, name);
@@ -74,15 +75,13 @@ TEST_F(SetCity, ASecondAddressLineJustReadComesFirst)
 {
     InReport(3, u"12 Oak St"_s, {u"Old Town"_s, u"MN"_s, u"55000"_s});
     AddComp(u"12 Oak St"_s, {{u"NEIGHBORHD"_s, u"Alder, WI 54001-1234"_s}});
-    state.compNumber = 3;
-    EXPECT_EQ(Set(u"12 OAK ST"_s), (Parts{u"Alder"_s, u"WI"_s, u"54001"_s}));
+    EXPECT_EQ(Set(u"12 OAK ST"_s, CityRule::Replace, 3), (Parts{u"Alder"_s, u"WI"_s, u"54001"_s}));
 }
 
 TEST_F(SetCity, TheSubjectsNeighborhoodIsNoAddressLine)
 {
     AddComp(u"1 Subject Way"_s, {{u"NEIGHBORHD"_s, u"Oak Hill, MN 55999"_s}});
-    state.compNumber = 10;
-    EXPECT_EQ(Set(u"1 SUBJECT WAY"_s), (Parts{u"Marlow Falls"_s, u"MN"_s, u"55012"_s}));
+    EXPECT_EQ(Set(u"1 SUBJECT WAY"_s, CityRule::Replace, kSubjectComp), (Parts{u"Marlow Falls"_s, u"MN"_s, u"55012"_s}));
 }
 
 TEST_F(SetCity, WhatTheReportTellsReplacesOrFills)

@@ -130,13 +130,9 @@ TEST_F(SlotPhotos, ANameWithNothingBeforeItsExtensionClearsTheObject)
 TEST_F(SlotPhotos, AStoredViewIsLoadedAndSentAndTheScriptRunsTwice)
 {
     Script(u"refresh.bas"_s);
-    lists.lstViews.AddItem(u"REAR VIEW"_s);
-    lists.lstViews.AddItem(u"FRONT VIEW"_s);
-    lists.lstimages.AddItem(u"B2"_s);
-    lists.lstimages.AddItem(u"A1"_s);
-    EXPECT_EQ(SendKelTheView(desk, slots.imaComp(2), slots.imaComp(2), 2, u"FRONT VIEW"_s), SlotSend::Sent);
+    const photos::PhotoList list({{u"REAR VIEW"_s, u"B2"_s}, {u"front view"_s, u" A1 "_s}});
+    EXPECT_EQ(SendKelTheView(desk, slots.imaComp(2), slots.imaComp(2), 2, list, u"FRONT VIEW"_s), SlotSend::Sent);
     EXPECT_EQ(table.ErrGetPict(slots.imaComp(2)), u"C:\\JPG\\A1.jpg"_s);
-    EXPECT_EQ(state.lastPicturePath, u"C:\\JPG\\A1.jpg"_s);
     EXPECT_EQ(conduit.commands,
               (QStringList{SetImage(u"CMP_2_3X5"_s, u"C:\\\\JPG\\\\A1.jpg"_s), u"[RunMacro(refresh.bas)]\r"_s,
                            u"[RunMacro(refresh.bas)]\r"_s}));
@@ -145,10 +141,9 @@ TEST_F(SlotPhotos, AStoredViewIsLoadedAndSentAndTheScriptRunsTwice)
 
 TEST_F(SlotPhotos, AStoredViewWhoseFileIsGoneClearsTheObjectAndSaysSo)
 {
-    lists.lstViews.AddItem(u"FRONT VIEW"_s);
-    lists.lstimages.AddItem(u"GONE"_s);
+    const photos::PhotoList list({{u"FRONT VIEW"_s, u"GONE"_s}});
     loader.ErrLoadThumb(slots.imaComp(2), u"C:\\JPG\\A1.jpg"_s);
-    EXPECT_EQ(SendKelTheView(desk, slots.imaComp(2), slots.imaComp(2), 2, u"FRONT VIEW"_s), SlotSend::Cleared);
+    EXPECT_EQ(SendKelTheView(desk, slots.imaComp(2), slots.imaComp(2), 2, list, u"FRONT VIEW"_s), SlotSend::Cleared);
     EXPECT_EQ(conduit.commands, (QStringList{SetImage(u"CMP_2_3X5"_s, {})}));
     EXPECT_EQ(table.ErrGetPict(slots.imaComp(2)), QString());
 }
@@ -157,7 +152,7 @@ TEST_F(SlotPhotos, ARecordWithoutTheViewEmptiesTheSlotOnly)
 {
     Script(u"refresh.bas"_s);
     loader.ErrLoadThumb(slots.imaComp(2), u"C:\\JPG\\A1.jpg"_s);
-    EXPECT_EQ(SendKelTheView(desk, slots.imaComp(2), slots.imaComp(2), 2, u"FRONT VIEW"_s), SlotSend::Cleared);
+    EXPECT_EQ(SendKelTheView(desk, slots.imaComp(2), slots.imaComp(2), 2, {}, u"FRONT VIEW"_s), SlotSend::Cleared);
     EXPECT_EQ(table.ErrGetPict(slots.imaComp(2)), u""_s);
     EXPECT_EQ(conduit.commands, (QStringList{u"[RunMacro(refresh.bas)]\r"_s}));
 }
@@ -165,10 +160,9 @@ TEST_F(SlotPhotos, ARecordWithoutTheViewEmptiesTheSlotOnly)
 TEST_F(SlotPhotos, AFailedSendIsReportedOnce)
 {
     Script(u"refresh.bas"_s);
-    lists.lstViews.AddItem(u"FRONT VIEW"_s);
-    lists.lstimages.AddItem(u"A1"_s);
+    const photos::PhotoList list({{u"FRONT VIEW"_s, u"A1"_s}});
     conduit.FailOnce(u"item ListForms"_s, error::kLinkTimeOut, u"No answer in time"_s);
-    EXPECT_EQ(SendKelTheView(desk, slots.imaComp(2), slots.imaComp(2), 2, u"FRONT VIEW"_s), SlotSend::Failed);
+    EXPECT_EQ(SendKelTheView(desk, slots.imaComp(2), slots.imaComp(2), 2, list, u"FRONT VIEW"_s), SlotSend::Failed);
     EXPECT_EQ(doubles.prompter.Texts(),
               (QStringList{u"No answer in time.\r\nError # 286 in module KelListForms."_s}));
     EXPECT_TRUE(conduit.commands.isEmpty());

@@ -3,6 +3,7 @@
 #include "desk_test.h"
 #include "link/refresh.h"
 #include "link/save_data.h"
+#include "link/set_city.h"
 #include "link/tabs.h"
 #include "platform/conduit/patience.h"
 #include "store/change.h"
@@ -154,8 +155,6 @@ TEST_F(Transfer, AllSkipsEmptySlotsAndPagesTheReportLacks)
     HandleTabCaption(report.TabComp, 1, {}, false);
     EXPECT_EQ(TransferComps(desk, true, 0, What::Data).stored, (QStringList{u"1 A"_s, u"7 A"_s}));
     EXPECT_EQ(Read(), (QStringList{u"SALE1|7|1"_s, u"SALE7|7|1"_s}));
-    EXPECT_EQ(state.compNumber, -1);
-    EXPECT_TRUE(state.currentKey.isEmpty());
 }
 
 TEST_F(Transfer, CompsOfOnePageAreReadByOneLookIntoTheMapping)
@@ -255,7 +254,7 @@ TEST_F(Transfer, TheCityLineDoesNotCostARecordItsNeighborhood)
 TEST_F(Transfer, ABlankAddressIsPassedOver)
 {
     MappingPages pages;
-    EXPECT_EQ(SaveDataToDatabook(desk, u"   "_s, u"COMP"_s, pages), SaveOutcome::Blank);
+    EXPECT_EQ(SaveDataToDatabook(desk, u"   "_s, {Group::Sales, 1}, pages), SaveOutcome::Blank);
     EXPECT_TRUE(Keys().isEmpty());
     EXPECT_TRUE(conduit.Take().isEmpty());
 }
@@ -263,7 +262,7 @@ TEST_F(Transfer, ABlankAddressIsPassedOver)
 TEST_F(Transfer, WithoutACompNumberTheKeyAloneIsStored)
 {
     MappingPages pages;
-    EXPECT_EQ(SaveDataToDatabook(desk, u"12 Oak St"_s, u"COMP"_s, pages), SaveOutcome::Added);
+    EXPECT_EQ(SaveDataToDatabook(desk, u"12 Oak St"_s, {Group::Sales, kNoComp}, pages), SaveOutcome::Added);
     EXPECT_TRUE(conduit.Take().isEmpty());
     EXPECT_EQ(Keys(), QStringList(u"12 OAK ST"_s));
 }

@@ -4,7 +4,7 @@
 #include "link/comp2kel.h"
 #include "link/kel_channel.h"
 #include "link/kel_helpers.h"
-#include "link/tabs.h"
+#include "link/slot_table.h"
 #include "platform/text/text.h"
 
 #include <QRegularExpression>
@@ -44,24 +44,19 @@ int Pages(Session& session, const Output& out)
 {
     auto& program = session.WithReport();
     QList<QStringList> rows;
-    const auto add = [&](const forms::TabControl& tab, int page,
-                         const forms::ControlArray<forms::TextBox>& texts, int first) {
-        QStringList slots_;
-        for (int i = first; i < first + 3; ++i)
-            slots_.append(u"%1: %2"_s.arg(i).arg(text::Trim(texts(i).Text())));
-        rows.append({tab.Name(), QString::number(page + 1), tab.TabCaption(page), slots_.join(u"; "_s)});
-    };
-    const auto& r = program.report;
-    for (int page = 0; page < 3; ++page)
-        add(r.TabComp, page, r.txtComp, 3 * page + 1);
-    for (int page = 3; page < 5; ++page)
-        add(r.TabComp, page, r.txtAltComp, 3 * (page - 3) + 1);
-    for (int page = 0; page < 12; ++page)
-        rows.append({r.TabGeneral.Name(), QString::number(page + 1), r.TabGeneral.TabCaption(page), {}});
-    for (int page = 0; page < 2; ++page)
-        add(r.TabListing, page, r.txtListing, 3 * page + 1);
-    for (int page = 0; page < 3; ++page)
-        add(r.TabRental, page, r.txtRental, 3 * page + 1);
+    const auto& report = program.report;
+    for (const link::GroupRow& row : link::GroupTable()) {
+        if (!row.texts)
+            continue;
+        const forms::TabControl& tab = report.*row.tabControl;
+        for (int page = 0; page < row.pages; ++page) {
+            QStringList slots_;
+            for (int i = page * link::kSlotsOnAPage + 1; row.Comps() && i <= (page + 1) * link::kSlotsOnAPage; ++i)
+                slots_.append(u"%1: %2"_s.arg(i).arg(text::Trim((report.*row.texts)(i).Text())));
+            const int at = row.firstPage + page;
+            rows.append({tab.Name(), QString::number(at + 1), tab.TabCaption(at), slots_.join(u"; "_s)});
+        }
+    }
     out.Table({u"tab"_s, u"page"_s, u"caption"_s, u"slots"_s}, rows, {Kind::Text, Kind::Number});
     return kDone;
 }
@@ -84,7 +79,7 @@ int Cells(Session& session, const Output& out, const QStringList& items)
             if (column(u"FIELDNAME"_s).toUpper() == link::kCityStateZipWord)
                 continue; // its cell is read by the row beside it
             const qint16 base = text::ToInt16(text::Val(column(u"COMP"_s)));
-            for (qint16 comp = base; comp < base + (base == 10 ? 1 : 3); ++comp) {
+            for (qint16 comp = base; comp < base + (base == link::kSubjectComp ? 1 : link::kSlotsOnAPage); ++comp) {
                 const QString cell = link::KelShiftCell(column(u"ROW"_s) + u'|' + column(u"CELL"_s),
                                                         column(u"OFFSET"_s), comp);
                 const QString item = column(u"FORMNAME"_s) + u'|' + cell;
@@ -148,7 +143,7 @@ int RunRefresh(Session& session, const Output& out)
         return kFailed;
     auto& program = session.WithReport();
     QList<QStringList> rows;
-    for (int i = 1; i <= 9; ++i) {
+    for (int i = 1; i <= link::RowOf(link::Group::Sales).slots; ++i) {
         if (!program.report.txtComp(i).Text().isEmpty())
             rows.append({u"txtComp:%1"_s.arg(i), program.report.txtComp(i).Text()});
     }
