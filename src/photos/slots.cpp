@@ -197,10 +197,22 @@ SlotLoader::Outcome SlotLoader::Step(forms::PictureBox& control, const QString& 
     }
 }
 
+/// The thirty data boxes show the same mark, one after the other: it is read once.
+QImage SlotLoader::PictureOf(const QString& path)
+{
+    if (!path.endsWith(".bmp"_L1, Qt::CaseInsensitive))
+        return picture::Load(m_disk, path, kSlotPixels);
+    const PointedFile mark = PointAt(m_disk, path);
+    if (mark != m_mark) {
+        m_markPicture = picture::Load(m_disk, path, kSlotPixels);
+        m_mark = mark;
+    }
+    return m_markPicture;
+}
+
 SlotLoader::Outcome SlotLoader::LoadFile(forms::PictureBox& control, const QString& path)
 {
-    const Outcome outcome =
-        Step(control, path, [&] { control.SetPicture(picture::Load(m_disk, path, kSlotPixels)); });
+    const Outcome outcome = Step(control, path, [&] { control.SetPicture(PictureOf(path)); });
     if (outcome != Outcome::Ended && !StaysHidden(control))
         control.SetVisible(true);
     return outcome;

@@ -2,9 +2,11 @@
 
 #include "forms/controls.h"
 #include "forms/ports.h"
+#include "photos/pointed_file.h"
 #include "platform/files/disk.h"
 
 #include <QHash>
+#include <QImage>
 
 #include <functional>
 
@@ -69,6 +71,7 @@ public:
 private:
     enum class Outcome { Loaded, Skipped, Ended };
     Outcome LoadFile(forms::PictureBox& control, const QString& path);
+    QImage PictureOf(const QString& path);
     template <class Statement>
     Outcome Step(forms::PictureBox& control, const QString& path, Statement&& step);
     void TagThumb(const forms::PictureBox& control, const QString& text, bool visible);
@@ -76,6 +79,8 @@ private:
     const files::Disk& m_disk;
     forms::Ports m_ports;
     SlotTable& m_table;
+    PointedFile m_mark; ///< the last one that was read
+    QImage m_markPicture;
     std::function<void(const QString& path)> m_writeProtect;
     const forms::ControlArray<forms::Label>* m_thumbTags = nullptr;
 };

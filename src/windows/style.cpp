@@ -200,15 +200,26 @@ QSize TabStyle::sizeFromContents(ContentsType type, const QStyleOption* option, 
 }
 
 /// One line that has no room for its words ends in dots; a tip has the whole (see eventFilter).
+/// Every label asks at every painting, and measuring a text costs half as much as painting it.
+int TabStyle::WidthOf(const QPainter& painter, const QString& text, int shown) const
+{
+    const Measured measured{painter.font(), text, shown, painter.device()->logicalDpiX()};
+    if (const int* width = m_widths.object(measured))
+        return *width;
+    const int width = painter.fontMetrics().size(shown, text).width();
+    m_widths.insert(measured, new int(width));
+    return width;
+}
+
 void TabStyle::drawItemText(QPainter* painter, const QRect& room, int flags, const QPalette& palette, bool enabled,
                             const QString& text, QPalette::ColorRole role) const
 {
     if ((flags & Qt::TextWordWrap) == 0 && !text.contains(u'\n')) {
-        const QFontMetrics metrics = painter->fontMetrics();
         const int shown = flags & (Qt::TextShowMnemonic | Qt::TextHideMnemonic);
-        if (metrics.size(shown, text).width() > room.width())
-            return QProxyStyle::drawItemText(painter, room, flags, palette, enabled,
-                                             metrics.elidedText(text, Qt::ElideRight, room.width(), shown), role);
+        if (WidthOf(*painter, text, shown) > room.width())
+            return QProxyStyle::drawItemText(
+                painter, room, flags, palette, enabled,
+                painter->fontMetrics().elidedText(text, Qt::ElideRight, room.width(), shown), role);
     }
     QProxyStyle::drawItemText(painter, room, flags, palette, enabled, text, role);
 }

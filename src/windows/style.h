@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QCache>
+#include <QFont>
 #include <QProxyStyle>
 
 namespace vasclip::windows {
@@ -31,6 +33,21 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// A text as it is measured: its font, the screen's density, how "&" shows.
+    struct Measured
+    {
+        QFont font;
+        QString text;
+        int shown, density;
+        bool operator==(const Measured&) const = default;
+        friend size_t qHash(const Measured& key, size_t seed = 0)
+        {
+            return qHashMulti(seed, key.font, key.text, key.shown, key.density);
+        }
+    };
+    [[nodiscard]] int WidthOf(const QPainter& painter, const QString& text, int shown) const;
+
+    mutable QCache<Measured, int> m_widths{4000};
     bool m_keysShown = false; ///< access keys are underlined while Alt is held
 };
 
