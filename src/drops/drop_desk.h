@@ -7,6 +7,19 @@
 
 namespace vasclip::drops {
 
+struct Outcome;
+
+/// Who shows the records: what the drops ask of it.
+class DropShow
+{
+public:
+    virtual ~DropShow() = default;
+    /// As forms::DropPort.
+    virtual bool TakeRow(qint64 row, const QString& key) = 0;
+    /// A drop is over: the status line tells of it, and a record that has changed comes on show.
+    virtual void Told(const Outcome& outcome) = 0;
+};
+
 /// What the drops work on; all of it outlives the router.
 struct DropDesk
 {
@@ -15,6 +28,7 @@ struct DropDesk
     photos::CaptureDesk& capture;
     const forms::Grid& grddatabook;
     const forms::TextBox& txtcentralkey; ///< key of the record on show, and the address box
+    DropShow* show = nullptr;            ///< who shows records; none: outcomes are told to nobody
 };
 
 } // namespace vasclip::drops

@@ -10,9 +10,10 @@
 #include "link/talk.h"
 #include "platform/text/text.h"
 
+#include <QFileInfo>
 #include <QScopedValueRollback>
 
-#include <algorithm>
+#include <utility>
 
 namespace vasclip::drops {
 
@@ -53,102 +54,6 @@ bool Router::Accepts(const QString& source, const forms::Control& target) const
     // The photo and the data box of a comp that the form does not have stay enabled; its text slot does not.
     const SlotRef slot{*rule->group, target.Index()};
     return slot.group == Group::General || SlotOf(m_desk.link, slot).text.Enabled();
-}
-
-bool Router::CanStart(const forms::Control& source) const
-{
-    const QString name = text::Folded(source.Name());
-    const photos::SlotTable& table = m_desk.link.loader.Table();
-    const auto matrix = Matrix();
-    if (std::none_of(matrix.begin(), matrix.end(), [&](const DropRule& rule) { return rule.source == name; }))
-        return false;
-    if (&source == &m_desk.grddatabook)
-        return m_desk.grddatabook.Row() >= 0;
-    if (name == "FILCAPTURE"_L1)
-        return !m_desk.capture.SelectedFile().isEmpty();
-    if (name == "GEATHUMB"_L1)
-        return source.Visible() && !table.ErrGetPict(source).isEmpty();
-    if (name == "GEALISTBOX"_L1 || name == "GEAMAINTAIN"_L1)
-        return !text::Trim(table.ErrGetPict(source)).isEmpty();
-    if (PlaceOf(name) == Place::PhotoSlot)
-        return !text::Trim(table.ErrGetPict(source)).isEmpty();
-    if (name.startsWith("GEA"_L1) && PlaceOf(name) == Place::TextOrData) { // with the text of its slot
-        const DropRule* rule = RuleFor(name, u"GRDDATABOOK"_s);
-        return rule && !text::Trim(SlotOf(m_desk.link, {*rule->group, source.Index()}).text.Text()).isEmpty();
-    }
-    if (name != "TXTMAPADDRESS"_L1 && PlaceOf(name) == Place::Elsewhere)
-        return false;
-    if (const auto* combo = qobject_cast<const forms::ComboBox*>(&source))
-        return !text::Trim(combo->Text()).isEmpty();
-    const auto* box = qobject_cast<const forms::TextBox*>(&source);
-    return box != nullptr && !text::Trim(box->Text()).isEmpty();
-}
-
-QString Router::KeyOf(const forms::Control& source) const
-{
-    const QString name = text::Folded(source.Name());
-    if (name == "GRDDATABOOK"_L1)
-        return text::Trim(m_desk.grddatabook.CurrentText(u"CENTRALKEY"_s));
-    if (name == "GEAMAINTAIN"_L1)
-        return text::Folded(m_desk.txtcentralkey.Text());
-    if (name == "TXTMAPADDRESS"_L1 || name == "MAPVIEW"_L1 || name == "GEAMAPPHOTO"_L1)
-        return text::Folded(m_desk.link.report.txtMapAddress.Text());
-    return {};
-}
-
-void Router::SourceMouseDown()
-{
-    m_state.DragIcon = DragIcon::Hand;
-    m_overSource.clear();
-    m_overTarget.clear();
-}
-
-void Router::TargetDragOverKel(const QString& source, const QString& target)
-{
-    if (!m_overTarget.isEmpty())
-        m_state.DragIcon = IconOver(m_overSource, m_overTarget, false, m_state.DragIcon);
-    if (!target.isEmpty())
-        m_state.DragIcon = IconOver(source, target, true, m_state.DragIcon);
-    m_overSource = source;
-    m_overTarget = target;
-}
-
-Drag Router::Begin(const forms::Control& source, int shift)
-{
-    const QString name = text::Folded(source.Name());
-    m_state.DragSource = KindOfSource(name);
-    QString refusal;
-    if (name == "GEATHUMB"_L1) {
-        refusal = m_desk.capture.MovedSincePress(source.Index());
-        m_desk.capture.geathumb_MouseDown(source.Index());
-    } else if (name == "FILCAPTURE"_L1) {
-        m_desk.capture.filCapture_Click();
-    }
-    SourceMouseDown();
-    QString picture;
-    if (name == "FILCAPTURE"_L1)
-        picture = m_desk.capture.SelectedFile();
-    else if (qobject_cast<const forms::PictureBox*>(&source) != nullptr)
-        picture = m_desk.link.loader.Table().ErrGetPict(source);
-    m_state.DraggedPicture = text::Trim(picture).isEmpty() ? QString() : picture;
-    if (m_state.DragSource == "KEL"_L1) {
-        m_state.DragIndex = static_cast<qint16>(source.Index());
-        m_state.DragShift = static_cast<qint16>(shift);
-    }
-    return {.source = source.Name(),
-            .index = source.Index(),
-            .key = KeyOf(source),
-            .picture = photos::PointAt(m_desk.link.disk, m_state.DraggedPicture),
-            .view = name == "GEAMAINTAIN"_L1 ? text::Trim(m_desk.link.lists.txtView.Text()) : QString(),
-            .refusal = refusal};
-}
-
-Drag Router::BeginFiles(const QStringList& files)
-{
-    m_state.DragSource = KindOfSource(kFiles);
-    SourceMouseDown();
-    m_state.DraggedPicture = files.value(0);
-    return {.source = kFiles, .picture = photos::PointAt(m_desk.link.disk, files.value(0)), .files = files};
 }
 
 /// What was dragged may have been replaced, taken away or sent on since. @return why nothing may come of it
@@ -226,6 +131,44 @@ Outcome Router::Drop(const Drag& drag, forms::Control& target)
     }
     const forms::Hourglass hourglass(m_desk.link.ports.window);
     return Run(drag, target, *rule);
+}
+
+Outcome Router::Tell(const Outcome& outcome)
+{
+    if (m_desk.show)
+        m_desk.show->Told(outcome);
+    return outcome;
+}
+
+Outcome Router::End(const Drag& drag, forms::Control& target)
+{
+    m_desk.link.status.lblmsg.Show({}, forms::Colour::Normal);
+    return Tell(Drop(drag, target));
+}
+
+void Router::Drop(forms::Control& source, forms::Control& target)
+{
+    const Drag drag = std::exchange(m_drag, {});
+    if (drag.source == source.Name() && drag.index == source.Index())
+        End(drag, target);
+}
+
+void Router::DropFiles(const QStringList& files, forms::Control& target)
+{
+    QStringList paths;
+    for (const QString& file : files)
+        if (const auto path = m_desk.link.disk.ToDrivePath(file); path && QFileInfo(file).isFile())
+            paths.append(*path);
+    if (paths.isEmpty())
+        Tell({false, u"Only picture files can be dropped here, no folders."_s, forms::Colour::Red, {}});
+    else
+        End(StartFiles(paths), target);
+}
+
+bool Router::AimsAtRow(const QString& source, const forms::Control& target) const
+{
+    const DropRule* rule = RuleFor(source, target.Name());
+    return rule != nullptr && rule->action == DropAction::FileInRecord;
 }
 
 Outcome Router::Run(const Drag& drag, forms::Control& target, const DropRule& rule)

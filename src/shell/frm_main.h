@@ -1,5 +1,6 @@
 #pragma once
 
+#include "forms/menu_port.h"
 #include "shell/capture_events.h"
 #include "shell/databook_in_use.h"
 #include "shell/drags.h"
@@ -22,7 +23,7 @@ struct StartUpOptions;
 
 /// The one screen that stays open: the program's controls with menus and tabs around them, and who hears what
 /// happens on them. It does nothing itself.
-class frm_Main : public WindowWants, public Menus
+class frm_Main : public WindowWants, public Menus, public forms::MenuPort
 {
     Q_OBJECT
 public:
@@ -84,30 +85,8 @@ public:
     void CheckDatabook(engine::CheckDepth depth) { databookInUse.CheckDatabook(depth); }
     bool LoadCompForm(const QString& key) { return entry.LoadCompForm(key); }
     void CompDeleteRecord() { entry.CompDeleteRecord(); }
-    forms::Menu* MenuOver(const forms::Control& control) { return popUps.MenuOver(control); }
-    void DeleteKeyOn(const forms::Control& thumb) { captureEvents.DeleteKeyOn(thumb); }
-    [[nodiscard]] bool CanStart(const forms::Control& source) const { return drags.CanStart(source); }
-    drops::Drag BeginDrag(const forms::Control& source, int shift = 0) { return drags.Begin(source, shift); }
-    /// The drag that the current row of the grid starts.
-    drops::Drag grddatabook_dragCell() { return drags.Begin(records.grddatabook); }
-    [[nodiscard]] bool Accepts(const QString& source, const forms::Control& target) const
-    {
-        return drags.Accepts(source, target);
-    }
-    void DragOver(const QString& source, const QString& target) { drags.DragOver(source, target); }
-    bool TakeRow(qint64 row, const QString& key) { return shown.TakeRow(row, key); }
-    drops::Outcome Drop(const drops::Drag& drag, forms::Control& target) { return drags.Drop(drag, target); }
-    drops::Outcome DropFiles(const QStringList& files, forms::Control& target)
-    {
-        return drags.DropFiles(files, target);
-    }
-    drops::Outcome SwapComps(int target, int source) { return drags.SwapComps(target, source); }
-    [[nodiscard]] QImage DragPicture() const { return drags.DragPicture(); }
-    [[nodiscard]] QString NativeFileOf(const forms::Control& source) const
-    {
-        return drags.NativeFileOf(source);
-    }
-    [[nodiscard]] QImage ImageOf(const forms::Control& source) const { return drags.ImageOf(source); }
+    forms::Menu* MenuOver(const forms::Control& control) override { return popUps.MenuOver(control); }
+    void DeleteKeyOn(const forms::Control& thumb) override { captureEvents.DeleteKeyOn(thumb); }
 
 private:
     void WireControls();

@@ -1,7 +1,7 @@
 #include "windows/drag_desk.h"
 
+#include "forms/drop_port.h"
 #include "windows/binder.h"
-#include "windows/drop_port.h"
 #include "windows/guard.h"
 #include "windows/record_grid.h"
 #include "windows/theme.h"
@@ -68,7 +68,7 @@ private:
 
 } // namespace
 
-DragDesk::DragDesk(Binder& binder, DropPort& port, QObject* parent)
+DragDesk::DragDesk(Binder& binder, forms::DropPort& port, QObject* parent)
     : QObject(parent)
     , m_binder(binder)
     , m_port(port)

@@ -19,10 +19,13 @@ class QKeyEvent;
 class QMimeData;
 class QWidget;
 
+namespace vasclip::forms {
+class DropPort;
+}
+
 namespace vasclip::windows {
 
 class Binder;
-class DropPort;
 class RecordGrid;
 
 /// Drags between the controls of one window, and of files to and from other programs. It starts them, marks the
@@ -35,7 +38,7 @@ public:
     static constexpr const char* kMimeType = "application/x-vasclip-drag";
 
     /// Binder and port outlive the desk.
-    DragDesk(Binder& binder, DropPort& port, QObject* parent = nullptr);
+    DragDesk(Binder& binder, forms::DropPort& port, QObject* parent = nullptr);
 
     /// What a drag from this control carries: its name and index, and which program it is.
     [[nodiscard]] static QMimeData* Payload(const forms::Control& source);
@@ -87,7 +90,7 @@ private:
     [[nodiscard]] static QPixmap PictureCard(qreal ratio, const QImage& picture);
 
     Binder& m_binder;
-    DropPort& m_port;
+    forms::DropPort& m_port;
     QHash<const QObject*, QPointer<forms::Control>> m_targets; ///< by the widget that takes the events
     QHash<const QObject*, QPointer<forms::Control>> m_fields;  ///< of combo boxes: they are pulled at
     QPointer<QWidget> m_hover;

@@ -1,9 +1,10 @@
 #include "windows/main_window.h"
 
+#include "forms/drop_port.h"
+#include "forms/menu_port.h"
 #include "ui_frm_main.h"
 #include "windows/capture_pane.h"
 #include "windows/chip_bar.h"
-#include "windows/drop_port.h"
 #include "windows/grid_menu.h"
 #include "windows/guard.h"
 #include "windows/guide_window.h"
@@ -44,14 +45,15 @@ void ChainFocus(QWidget* behind, const QWidget& page)
 
 } // namespace
 
-MainWindow::MainWindow(forms::ControlSet& controls, DropPort& port, EventGuard& guard, Theme& theme,
+MainWindow::MainWindow(forms::ControlSet& controls, forms::DropPort& port, forms::MenuPort& menus, EventGuard& guard, Theme& theme,
                        QSettings& settings)
     : m_ui(std::make_unique<Ui::frm_Main>())
     , m_theme(theme)
     , m_port(port)
+    , m_menuPort(menus)
     , m_binder(controls, guard)
     , m_drags(m_binder, port)
-    , m_menus(m_binder, port)
+    , m_menus(m_binder, menus)
     , m_places(*this, *m_ui, settings)
 {
     m_ui->setupUi(this);
@@ -213,7 +215,7 @@ void MainWindow::BuildPopups()
 void MainWindow::DeleteThumb(int index)
 {
     if (const forms::Control* thumb = m_binder.Controls().Find(QStringLiteral("geathumb"), index))
-        m_binder.Guard().Run([&] { m_port.DeleteKeyOn(*thumb); });
+        m_binder.Guard().Run([&] { m_menuPort.DeleteKeyOn(*thumb); });
 }
 
 /// In a narrow pane the buttons of the grid do without their words; narrower than that it does not get.

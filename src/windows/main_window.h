@@ -20,9 +20,13 @@ namespace Ui {
 class frm_Main;
 }
 
+namespace vasclip::forms {
+class DropPort;
+class MenuPort;
+}
+
 namespace vasclip::windows {
 
-class DropPort;
 class EventGuard;
 class GridMenu;
 class RecordGrid;
@@ -37,7 +41,7 @@ public:
     /// All of it outlives the window.
     /// @param settings  where places of splitters, the window's size and the theme are kept
     /// @throws RuntimeError if a widget cannot show its control
-    MainWindow(forms::ControlSet& controls, DropPort& port, EventGuard& guard, Theme& theme,
+    MainWindow(forms::ControlSet& controls, forms::DropPort& port, forms::MenuPort& menus, EventGuard& guard, Theme& theme,
                QSettings& settings);
     ~MainWindow() override;
 
@@ -84,7 +88,8 @@ private:
 
     std::unique_ptr<Ui::frm_Main> m_ui;
     Theme& m_theme;
-    DropPort& m_port;
+    forms::DropPort& m_port;
+    forms::MenuPort& m_menuPort;
     Binder m_binder;
     DragDesk m_drags;
     MenuDesk m_menus;

@@ -1,7 +1,7 @@
 #include "windows/menu_desk.h"
 
+#include "forms/menu_port.h"
 #include "windows/binder.h"
-#include "windows/drop_port.h"
 #include "windows/guard.h"
 
 #include <QContextMenuEvent>
@@ -13,7 +13,7 @@
 
 namespace vasclip::windows {
 
-MenuDesk::MenuDesk(Binder& binder, DropPort& port, QObject* parent)
+MenuDesk::MenuDesk(Binder& binder, forms::MenuPort& port, QObject* parent)
     : QObject(parent)
     , m_binder(binder)
     , m_port(port)

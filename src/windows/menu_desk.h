@@ -9,10 +9,13 @@
 class QContextMenuEvent;
 class QWidget;
 
+namespace vasclip::forms {
+class MenuPort;
+}
+
 namespace vasclip::windows {
 
 class Binder;
-class DropPort;
 
 /// Opens the pop-up menus of the rules over the controls of a window, by the right button and the menu key.
 class MenuDesk : public QObject
@@ -20,7 +23,7 @@ class MenuDesk : public QObject
     Q_OBJECT
 public:
     /// Binder and port outlive the desk. Each menu has a QMenu of its name in the window.
-    MenuDesk(Binder& binder, DropPort& port, QObject* parent = nullptr);
+    MenuDesk(Binder& binder, forms::MenuPort& port, QObject* parent = nullptr);
 
     /// Opens the menu over a control. @return false if it has none
     bool Open(forms::Control& control, const QPoint& place);
@@ -31,7 +34,7 @@ protected:
 private:
     void Adopt(forms::Control& control, QWidget& widget);
     Binder& m_binder;
-    DropPort& m_port;
+    forms::MenuPort& m_port;
     QHash<const QObject*, QPointer<forms::Control>> m_watched;
 };
 

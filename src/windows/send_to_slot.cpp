@@ -1,6 +1,6 @@
 #include "windows/send_to_slot.h"
 
-#include "windows/drop_port.h"
+#include "forms/drop_port.h"
 #include "windows/fit_to_screen.h"
 #include "windows/icons.h"
 #include "windows/slot_groups.h"
@@ -45,7 +45,7 @@ QString OnGrid(const QString& source)
 
 } // namespace
 
-QList<SlotChoice> SlotChoices(const forms::ControlSet& controls, const DropPort& port, const QString& source)
+QList<SlotChoice> SlotChoices(const forms::ControlSet& controls, const forms::DropPort& port, const QString& source)
 {
     QList<SlotChoice> choices;
     const auto add = [&](forms::Control* target, const QString& title, const QString& effect,

@@ -9,9 +9,12 @@ class QLineEdit;
 class QListWidget;
 class QPushButton;
 
+namespace vasclip::forms {
+class DropPort;
+}
+
 namespace vasclip::windows {
 
-class DropPort;
 
 /// A place that a record can be sent to without a mouse.
 struct SlotChoice
@@ -24,7 +27,7 @@ struct SlotChoice
 
 /// Every text slot, data box and photo slot of the pages that the report has and that would take a drop of
 /// this source now, page by page.
-[[nodiscard]] QList<SlotChoice> SlotChoices(const forms::ControlSet& controls, const DropPort& port,
+[[nodiscard]] QList<SlotChoice> SlotChoices(const forms::ControlSet& controls, const forms::DropPort& port,
                                             const QString& source);
 
 /// The drag for the keyboard: the current record is picked up, a list of slots asks where to drop it.

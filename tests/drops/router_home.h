@@ -73,7 +73,7 @@ protected:
     }
     Outcome DropThumb(int index, forms::Control& target)
     {
-        return router.Drop(router.Begin(controls.geathumb(index)), target);
+        return router.Drop(router.Start(controls.geathumb(index)), target);
     }
     [[nodiscard]] QStringList Trash() const { return home.disk.Dir(kSnap + u"TRASHCAN\\*.*"_s); }
     [[nodiscard]] QString Shows(const forms::PictureBox& box) const { return table.ErrGetPict(box); }

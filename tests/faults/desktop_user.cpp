@@ -74,8 +74,8 @@ try {
     Say("ready");
     for (int row = 0; main.capture.geathumb(0).Visible(); ++row) {
         main.records.grddatabook.SetRow(row % 5);
-        const drops::Drag drag = main.BeginDrag(main.capture.geathumb(0));
-        if (main.Drop(drag, main.records.grddatabook).done)
+        const drops::Drag drag = main.drags.Router().Start(main.capture.geathumb(0));
+        if (main.drags.Router().End(drag, main.records.grddatabook).done)
             Say("filed " + drag.picture.path.toUtf8());
         main.Capture().RefreshCapture();
         if (row % 3 == 2) {

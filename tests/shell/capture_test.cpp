@@ -217,35 +217,35 @@ TEST_F(CaptureTest, ADoubleClickOnAnEmptyPhotoBoxSaysSo)
 
 TEST_F(CaptureTest, AFileCanBeGivenToOtherPrograms)
 {
-    EXPECT_EQ(main.NativeFileOf(main.capture.geathumb(0)), home.disk.ToNative(kSnap + u"A.JPG"_s));
-    EXPECT_EQ(main.NativeFileOf(main.capture.geathumb(5)), QString());
-    EXPECT_EQ(main.NativeFileOf(main.slots.imaComp(1)), QString());
-    EXPECT_EQ(main.ImageOf(main.capture.geathumb(0)).size(), QSize(16, 12));
-    EXPECT_TRUE(main.ImageOf(main.slots.imaComp(1)).isNull());
+    EXPECT_EQ(main.drags.Router().FileOf(main.capture.geathumb(0)), home.disk.ToNative(kSnap + u"A.JPG"_s));
+    EXPECT_EQ(main.drags.Router().FileOf(main.capture.geathumb(5)), QString());
+    EXPECT_EQ(main.drags.Router().FileOf(main.slots.imaComp(1)), QString());
+    EXPECT_EQ(main.drags.Router().ImageOf(main.capture.geathumb(0)).size(), QSize(16, 12));
+    EXPECT_TRUE(main.drags.Router().ImageOf(main.slots.imaComp(1)).isNull());
     home.disk.FileCopy(kSnap + u"A.JPG"_s, u"C:\\VAS2000\\Addendum_Full.bmp"_s);
     main.report.txtComp(1).SetText(u"12 Oak St"_s);
     main.Link().loader.ErrLoadPict(main.slots.geaComp(1), u"C:\\VAS2000\\Addendum_Full.bmp"_s);
-    ASSERT_TRUE(main.CanStart(main.slots.geaComp(1)));
-    EXPECT_EQ(main.NativeFileOf(main.slots.geaComp(1)), QString()) << "a lamp is no picture";
+    ASSERT_TRUE(main.drags.Router().IsSource(main.slots.geaComp(1)));
+    EXPECT_EQ(main.drags.Router().FileOf(main.slots.geaComp(1)), QString()) << "a lamp is no picture";
 }
 
 TEST_F(CaptureTest, ADragHasTheIconsOfTheProgramDirectory)
 {
-    EXPECT_TRUE(main.DragPicture().isNull()) << "without them the desktop's own";
+    EXPECT_TRUE(main.drags.Router().DragIcon().isNull()) << "without them the desktop's own";
     for (const auto& [name, colour] : {std::pair{u"HandPict.Ico"_s, Qt::red}, {u"DropPict.Ico"_s, Qt::blue}}) {
         QImage icon(16, 16, QImage::Format_ARGB32);
         icon.fill(colour);
         ASSERT_TRUE(icon.save(home.disk.ToNative(u"C:\\VAS2000\\"_s + name), "ico"));
     }
-    (void)main.BeginDrag(main.capture.geathumb(0));
-    EXPECT_EQ(main.DragPicture().pixelColor(8, 8), QColor(Qt::red));
-    main.DragOver(u"geathumb"_s, u"imaComp"_s);
-    EXPECT_EQ(main.DragPicture().pixelColor(8, 8), QColor(Qt::blue));
+    (void)main.drags.Router().Start(main.capture.geathumb(0));
+    EXPECT_EQ(main.drags.Router().DragIcon().pixelColor(8, 8), QColor(Qt::red));
+    main.drags.Router().DragOver(u"geathumb"_s, u"imaComp"_s);
+    EXPECT_EQ(main.drags.Router().DragIcon().pixelColor(8, 8), QColor(Qt::blue));
 }
 
 TEST_F(CaptureTest, AFolderThatIsDroppedIsRefusedInWords)
 {
-    EXPECT_FALSE(main.DropFiles({}, main.slots.imaComp(1)).done);
+    main.drags.Router().DropFiles({home.disk.ToNative(kSnap)}, main.slots.imaComp(1));
     EXPECT_EQ(main.status.lblmsg.Caption(), u"Only picture files can be dropped here, no folders."_s);
     EXPECT_EQ(main.status.lblmsg.Fore(), forms::Colour::Red);
 }

@@ -475,14 +475,14 @@ TEST_F(MainScreen, FileExitAndHelpAboutAreHandedToTheWindow)
 TEST_F(MainScreen, TheHintLineFollowsADragAndClears)
 {
     Load();
-    main.DragOver(u"grddatabook"_s, u"txtComp"_s);
+    main.drags.Router().DragOver(u"grddatabook"_s, u"txtComp"_s);
     EXPECT_EQ(main.status.lblmsg.Caption(), u"Drop here to paste the comp data in the appraisal"_s);
-    main.DragOver(u"grddatabook"_s, u"lstViews"_s);
+    main.drags.Router().DragOver(u"grddatabook"_s, u"lstViews"_s);
     EXPECT_EQ(main.status.lblmsg.Caption(), QString());
-    main.DragOver(u"grddatabook"_s, u"geaRental"_s);
+    main.drags.Router().DragOver(u"grddatabook"_s, u"geaRental"_s);
     EXPECT_EQ(main.status.lblmsg.Caption(),
               u"Drop here to place both the photo and the comp data into the appraisal"_s);
-    main.DragOver(u"grddatabook"_s, {});
+    main.drags.Router().DragOver(u"grddatabook"_s, {});
     EXPECT_EQ(main.status.lblmsg.Caption(), QString());
 }
 
@@ -490,7 +490,7 @@ TEST_F(MainScreen, TheDragOfARowCarriesItsKey)
 {
     Load();
     StandOnRow(u"14 ELM ST"_s);
-    const drops::Drag drag = main.grddatabook_dragCell();
+    const drops::Drag drag = main.drags.Router().Start(main.records.grddatabook);
     EXPECT_EQ(drag.source, u"grddatabook"_s);
     EXPECT_EQ(drag.key, u"14 ELM ST"_s);
     EXPECT_EQ(drag.index, -1);

@@ -64,7 +64,7 @@ protected:
     }
     drops::Outcome DropOnGrid(forms::Control& source)
     {
-        return main.Drop(main.BeginDrag(source), main.records.grddatabook);
+        return main.drags.Router().End(main.drags.Router().Start(source), main.records.grddatabook);
     }
     /// Views that a record has a file for.
     [[nodiscard]] QStringList Views(const QString& key)
@@ -163,7 +163,7 @@ TEST_P(SlotOfGroup, ACameraPictureOnItIsSavedWithTheDataIfTheSettingSaysSo)
         main.globals.autoSave = autoSave;
         main.globals.autoDelete = 0;
         const bool stored = autoSave == 1;
-        EXPECT_TRUE(main.Drop(main.BeginDrag(main.capture.geathumb(0)), Get(row.photo, 1)).done);
+        EXPECT_TRUE(main.drags.Router().End(main.drags.Router().Start(main.capture.geathumb(0)), Get(row.photo, 1)).done);
         EXPECT_EQ(Records().value(row.key), stored ? row.area : QString());
         EXPECT_EQ(Views(row.key), stored ? QStringList{u"FRONT VIEW"_s} : QStringList());
     }
@@ -231,9 +231,9 @@ TEST_F(SlotWiring, ACameraPictureOnTheSubjectIsSavedForTheFirstViewAlone)
     main.ShowCapture();
     main.globals.autoSave = 1;
     main.globals.autoDelete = 0;
-    EXPECT_TRUE(main.Drop(main.BeginDrag(main.capture.geathumb(0)), main.slots.imaSubject(2)).done);
+    EXPECT_TRUE(main.drags.Router().End(main.drags.Router().Start(main.capture.geathumb(0)), main.slots.imaSubject(2)).done);
     EXPECT_FALSE(Records().contains(u"1 SUBJECT WAY"_s));
-    EXPECT_TRUE(main.Drop(main.BeginDrag(main.capture.geathumb(0)), main.slots.imaSubject(1)).done);
+    EXPECT_TRUE(main.drags.Router().End(main.drags.Router().Start(main.capture.geathumb(0)), main.slots.imaSubject(1)).done);
     EXPECT_EQ(Records().value(u"1 SUBJECT WAY"_s), u"1001"_s);
 }
 
@@ -257,7 +257,7 @@ TEST_F(SlotWiring, AGeneralPhotoIsStoredWithTheSubjectUnderItsName)
     for (forms::Control* source : {static_cast<forms::Control*>(&main.slots.imaGeneral(2)),
                                    static_cast<forms::Control*>(&main.report.cboGeneral(2))}) {
         ShowHouse(u"imaGeneral"_s, 2);
-        EXPECT_TRUE(main.CanStart(*source));
+        EXPECT_TRUE(main.drags.Router().IsSource(*source));
         doubles.prompter.Forget();
         DropOnGrid(*source);
         EXPECT_EQ(doubles.prompter.Last().title, u"How To: Saving General Views"_s);

@@ -84,7 +84,7 @@ protected:
 
     void SetUp() override
     {
-        window = std::make_unique<MainWindow>(screen.controls, port, guard, theme, settings);
+        window = std::make_unique<MainWindow>(screen.controls, port, port, guard, theme, settings);
         screen.Fill(rows);
         window->resize(1366, 768);
         window->show();
@@ -119,7 +119,7 @@ TEST(ThumbGrid, TakesTheColumnsThatMakeThePicturesLargest)
 
 TEST_F(CaptureWindowTest, IsBuiltAfterTheFirstPaintAndBindsEveryControl)
 {
-    MainWindow fresh(screen.controls, port, guard, theme, settings);
+    MainWindow fresh(screen.controls, port, port, guard, theme, settings);
     EXPECT_EQ(fresh.findChild<QWidget*>(u"fraPics"_s), nullptr);
     EXPECT_TRUE(window->Leftovers().isEmpty()) << window->Leftovers().join(u'\n').toStdString();
 }

@@ -102,7 +102,7 @@ protected:
         main->Form_load(
             {{}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false}, u"6.2.1"_s},
             splash);
-        window = std::make_unique<MainWindow>(main->controls, port, guard, theme, settings);
+        window = std::make_unique<MainWindow>(main->controls, port, port, guard, theme, settings);
         window->resize(1366, 768);
         window->show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
@@ -177,9 +177,9 @@ protected:
                               action->shortcut() == QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F);
             EXPECT_EQ(action->isEnabled(), free) << action->text().toStdString();
         }
-        EXPECT_FALSE(main->CanStart(main->records.grddatabook));
-        EXPECT_FALSE(main->CanStart(main->slots.geamaintain));
-        EXPECT_FALSE(main->Accepts(u"geathumb"_s, main->records.grddatabook));
+        EXPECT_FALSE(main->drags.Router().IsSource(main->records.grddatabook));
+        EXPECT_FALSE(main->drags.Router().IsSource(main->slots.geamaintain));
+        EXPECT_FALSE(main->drags.Router().Accepts(u"geathumb"_s, main->records.grddatabook));
         const auto before = ports.prompter.Boxes().size();
         Grid().setFocus();
         for (const auto& [key, keys] : {std::pair(Qt::Key_Delete, Qt::NoModifier), {Qt::Key_E, Qt::ControlModifier},

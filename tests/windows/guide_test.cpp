@@ -83,7 +83,7 @@ protected:
     tests::SamplePort port;
     shell::Program program{{home.disk, engine, conduit, ports.Get()}};
     shell::frm_Main main{program};
-    MainWindow window{main.controls, port, guard, theme, settings};
+    MainWindow window{main.controls, port, port, guard, theme, settings};
     GuideKey key;
 
     void SetUp() override { qApp->installEventFilter(&key); }

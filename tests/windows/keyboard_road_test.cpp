@@ -1,6 +1,5 @@
 #include "keys.h"
 
-#include "app/shell_drops.h"
 #include "link/link_desk.h"
 #include "photos/capture_desk.h"
 #include "photos/photo_lists.h"
@@ -43,19 +42,26 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 /// The real rules, and a note of what is dropped on what. With `quiet` it is noted alone.
-class NotedDrops : public app::ShellDrops
+class NotedDrops : public drops::Router
 {
 public:
-    using ShellDrops::ShellDrops;
+    using Router::Router;
     QStringList dropped;
     bool quiet = false;
     void Drop(forms::Control& source, forms::Control& target) override
     {
         dropped << source.Name() + u" > "_s + target.Name();
         if (!quiet)
-            ShellDrops::Drop(source, target);
+            Router::Drop(source, target);
     }
 };
+
+drops::DropDesk OnScreen(shell::frm_Main& main)
+{
+    drops::DropDesk desk = main.program.Drops();
+    desk.show = &main.drags;
+    return desk;
+}
 
 struct OwnScreens
 {
@@ -73,7 +79,7 @@ protected:
     EventGuard guard{doubles.prompter, {}};
     QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
     Theme theme{*qApp, &settings};
-    NotedDrops drops{main};
+    NotedDrops drops{OnScreen(main)};
     std::unique_ptr<MainWindow> window;
 
     void SetUp() override
@@ -92,7 +98,7 @@ protected:
         main.globals.lastCopy = u"C:\\CARD\\"_s;
         main.globals.imageListBox = u"OFF"_s;
         screens.SetGuard(&guard);
-        window = std::make_unique<MainWindow>(main.controls, drops, guard, theme, settings);
+        window = std::make_unique<MainWindow>(main.controls, drops, main, guard, theme, settings);
         screens.SetOwner(&*window);
         window->resize(1366, 768);
         window->show();
@@ -167,7 +173,7 @@ protected:
                         views << view;
         return views;
     }
-    [[nodiscard]] QString Shows(const forms::Control& box) { return main.NativeFileOf(box); }
+    [[nodiscard]] QString Shows(const forms::Control& box) { return main.drags.Router().FileOf(box); }
 };
 
 TEST_F(ByKeys, TheWholeRoadFromTheCardToTheReport)

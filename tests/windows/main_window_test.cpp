@@ -55,7 +55,7 @@ protected:
     void SetUp() override { Open(); }
     void Open()
     {
-        window = std::make_unique<MainWindow>(screen.controls, port, guard, theme, settings);
+        window = std::make_unique<MainWindow>(screen.controls, port, port, guard, theme, settings);
         screen.Fill(rows);
         window->resize(1366, 768);
         window->show();

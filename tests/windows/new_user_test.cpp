@@ -74,7 +74,7 @@ protected:
         ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }))
             << doubles.prompter.Last().text.toStdString();
         screens.SetGuard(&guard);
-        window = std::make_unique<MainWindow>(main.controls, port, guard, theme, settings);
+        window = std::make_unique<MainWindow>(main.controls, port, port, guard, theme, settings);
         screens.SetOwner(&*window);
         window->resize(1366, 768);
         window->show();

@@ -1,6 +1,5 @@
 #include "keys.h"
 
-#include "app/shell_drops.h"
 #include "databook/layouts.h"
 #include "photos/capture_desk.h"
 #include "platform/engine/database.h"
@@ -68,7 +67,7 @@ protected:
     shell::frm_Splash splash{ports};
     shell::Program program{{home.disk, engine, conduit, ports}};
     shell::frm_Main main{program};
-    app::ShellDrops drops{main};
+    forms::DropPort& drops{main.drags.Router()};
     std::unique_ptr<MainWindow> window;
     static inline const QString kSnap = u"C:\\SNAP\\"_s;
 
@@ -101,7 +100,7 @@ protected:
             {}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false}, u"6.2.1"_s};
         ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
         screens.SetGuard(&guard);
-        window = std::make_unique<MainWindow>(main.controls, drops, guard, theme, settings);
+        window = std::make_unique<MainWindow>(main.controls, drops, main, guard, theme, settings);
         screens.SetOwner(&*window);
         window->resize(1366, 768);
         window->show();

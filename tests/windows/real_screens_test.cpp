@@ -63,7 +63,7 @@ TEST_F(RealScreens, TheMainWindowShowsEveryControlOfFrmMain)
 {
     shell::Program program{{home.disk, engine, conduit, ports.Get()}};
     shell::frm_Main main{program};
-    MainWindow window(main.controls, port, guard, theme, settings);
+    MainWindow window(main.controls, port, port, guard, theme, settings);
     EXPECT_TRUE(window.Leftovers().isEmpty()) << window.Leftovers().join(u'\n').toStdString();
 }
 
@@ -161,7 +161,7 @@ TEST_F(RealScreens, ResetSizePutsTheWindowBackToItsFirstSize)
 {
     shell::Program program{{home.disk, engine, conduit, ports.Get()}};
     shell::frm_Main main{program};
-    MainWindow window(main.controls, port, guard, theme, settings);
+    MainWindow window(main.controls, port, port, guard, theme, settings);
     window.show();
     const QSize first = window.size();
     window.resize(1111, 777);
@@ -173,7 +173,7 @@ TEST_F(RealScreens, NoTwoMenuEntriesShareAKey)
 {
     shell::Program program{{home.disk, engine, conduit, ports.Get()}};
     shell::frm_Main main{program};
-    MainWindow window(main.controls, port, guard, theme, settings);
+    MainWindow window(main.controls, port, port, guard, theme, settings);
     QHash<QString, QString> taken;
     for (const QAction* action : window.findChildren<QAction*>()) {
         const QString keys = action->shortcut().toString(QKeySequence::PortableText);
@@ -288,7 +288,7 @@ TEST_F(RealScreens, EscEmptiesTheQuickFindBoxAndGoesToTheGrid)
 {
     shell::Program program{{home.disk, engine, conduit, ports.Get()}};
     shell::frm_Main main{program};
-    MainWindow window(main.controls, port, guard, theme, settings);
+    MainWindow window(main.controls, port, port, guard, theme, settings);
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -319,7 +319,7 @@ TEST_F(RealScreens, EveryHeadingOfTheGridFitsItsColumn)
 {
     shell::Program program{{home.disk, engine, conduit, ports.Get()}};
     shell::frm_Main main{program};
-    MainWindow window(main.controls, port, guard, theme, settings);
+    MainWindow window(main.controls, port, port, guard, theme, settings);
     databook::SetGridSettings(main.records.grddatabook, u"DEFAULT"_s);
     const QHeaderView* header = window.Databook().horizontalHeader();
     ASSERT_EQ(header->count(), main.records.grddatabook.Columns().size());

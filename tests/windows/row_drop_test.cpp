@@ -1,6 +1,5 @@
 #include "keys.h"
 
-#include "app/shell_drops.h"
 #include "photos/capture_desk.h"
 #include "photos/photo_lists.h"
 #include "platform/engine/database.h"
@@ -43,7 +42,7 @@ protected:
     EventGuard guard{doubles.prompter, {}};
     QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
     Theme theme{*qApp, &settings};
-    app::ShellDrops drops{main};
+    forms::DropPort& drops{main.drags.Router()};
     std::unique_ptr<MainWindow> window;
 
     void SetUp() override
@@ -60,7 +59,7 @@ protected:
         ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
         main.globals.imageListBox = u"OFF"_s;
         screens.SetGuard(&guard);
-        window = std::make_unique<MainWindow>(main.controls, drops, guard, theme, settings);
+        window = std::make_unique<MainWindow>(main.controls, drops, main, guard, theme, settings);
         screens.SetOwner(&*window);
         window->resize(1366, 768);
         window->show();

@@ -2,9 +2,10 @@
 
 #include "forms/chips.h"
 #include "forms/controls.h"
+#include "forms/drop_port.h"
 #include "forms/grid.h"
+#include "forms/menu_port.h"
 #include "photos/capture_controls.h"
-#include "windows/drop_port.h"
 
 #include <QImage>
 #include <QPainter>
@@ -254,7 +255,7 @@ struct SampleScreen
 };
 
 /// Takes everything from the grid on slots, as the rules do, and writes down what happens.
-class SamplePort : public windows::DropPort
+class SamplePort : public forms::DropPort, public forms::MenuPort
 {
 public:
     QStringList log;
@@ -281,6 +282,8 @@ public:
         if (onDrop)
             onDrop(source, target);
     }
+    forms::Menu* MenuOver(const forms::Control&) override { return nullptr; }
+    void DeleteKeyOn(const forms::Control&) override {}
 };
 
 } // namespace vasclip::tests

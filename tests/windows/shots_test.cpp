@@ -54,7 +54,7 @@ TEST(Shots, EveryWindowInBothThemes)
         tests::SampleRows rows;
         tests::SampleScreen screen;
         tests::SamplePort port;
-        MainWindow window(screen.controls, port, guard, theme, settings);
+        MainWindow window(screen.controls, port, port, guard, theme, settings);
         screen.Fill(rows);
         window.setWindowTitle(u"Vasclip"_s);
         const auto save = [&](QWidget& widget, const QString& what) {

@@ -1,7 +1,6 @@
 #include "keys.h"
 #include "slow_peer.h"
 
-#include "app/shell_drops.h"
 #include "link/link_desk.h"
 #include "link/talk.h"
 #include "platform/conduit/socket_conduit.h"
@@ -51,7 +50,7 @@ protected:
     EventGuard guard{doubles.prompter, {}};
     QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
     Theme theme{*qApp, &settings};
-    app::ShellDrops drops{main};
+    forms::DropPort& drops{main.drags.Router()};
     std::unique_ptr<MainWindow> window;
     int within = 0; ///< turns of the queue in which the conversation was still on
 
@@ -72,7 +71,7 @@ protected:
         ASSERT_EQ(main.addr.txtKelReport.Text(), u"SMITH"_s);
         talk.hold = [this](bool on) { pump.Hold(on); };
         pump.SetStop([this] { talk.Cancel(); });
-        window = std::make_unique<MainWindow>(main.controls, drops, guard, theme, settings);
+        window = std::make_unique<MainWindow>(main.controls, drops, main, guard, theme, settings);
         window->resize(1366, 768);
         window->show();
         window->BuildAllPages();
@@ -271,7 +270,7 @@ TEST_F(SlowLink, ASwapAndASaveSayWhatTheyAreInTheGauge)
     QStringList told;
     const auto note = [&] { told.append(main.status.gauProgress.Caption()); };
     main.report.TabData.SetTab(1);
-    During([this] { main.SwapComps(1, 2); }, [&] {
+    During([this] { main.drags.SwapComps(1, 2); }, [&] {
         note();
         QTest::mouseClick(&Stop(), Qt::LeftButton);
     });

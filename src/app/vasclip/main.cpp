@@ -1,5 +1,4 @@
 #include "app/places.h"
-#include "app/shell_drops.h"
 #include "app/vasclip/fixed_clock.h"
 #include "app/vasclip/places_report.h"
 #include "app/vasclip/tour/tour.h"
@@ -145,7 +144,6 @@ public:
         , m_program({m_disk, m_engine, Link(), {m_prompter, m_pump, m_clock, m_random, m_desktop, m_screens}, &m_talk})
         , m_main(m_program)
         , m_splash({m_prompter, m_pump, m_clock, m_random, m_desktop, m_screens})
-        , m_drops(m_main)
         , m_copy(m_disk.Home())
     {
         m_pump.SetStop([this] { m_talk.Cancel(); });
@@ -236,7 +234,7 @@ private:
 
     void ShowWindow()
     {
-        m_window.emplace(m_main.controls, m_drops, m_guard, m_theme, m_settings);
+        m_window.emplace(m_main.controls, m_main.drags.Router(), m_main, m_guard, m_theme, m_settings);
         m_desktop.SetMainWindow(&*m_window);
         m_prompter.SetOwner(&*m_window);
         m_screens.SetOwner(&*m_window);
@@ -326,7 +324,6 @@ private:
     shell::Program m_program;
     shell::frm_Main m_main;
     shell::frm_Splash m_splash;
-    app::ShellDrops m_drops;
     desktop::OneCopy m_copy;
     std::optional<windows::MainWindow> m_window;
     std::optional<app::PlacesReport> m_places;

@@ -114,7 +114,7 @@ bool FilePictureWithRecord(const Stage& stage)
     drops::Outcome outcome;
     const bool asked = stage.tour.During(
         u"The question for a picture's view"_s,
-        [&] { outcome = main.Drop(main.BeginDrag(main.capture.geathumb(0)), main.records.grddatabook); },
+        [&] { outcome = main.drags.Router().End(main.drags.Router().Start(main.capture.geathumb(0)), main.records.grddatabook); },
         [&](QWidget& dialog) { ChooseView(stage, dialog, u"DRIVEWAY"_s, u"view-of-picture"_s); });
     const bool tidy = PicturesStand(stage, 11);
     stage.tour.Step(u"Dropped a picture of the camera on a record: %1"_s.arg(outcome.message));
@@ -129,7 +129,7 @@ bool FileGeneralView(const Stage& stage)
     if (!PicturesStand(stage))
         return stage.tour.Fail(u"The pictures of the camera did not come up."_s);
     int slot = 1;
-    while (slot <= kGeneralSlots && !main.NativeFileOf(main.slots.imaGeneral(slot)).isEmpty())
+    while (slot <= kGeneralSlots && !main.drags.Router().FileOf(main.slots.imaGeneral(slot)).isEmpty())
         ++slot;
     if (slot > kGeneralSlots)
         return stage.tour.Fail(u"The report has no empty general slot."_s);
@@ -138,7 +138,7 @@ bool FileGeneralView(const Stage& stage)
     drops::Outcome outcome;
     const bool asked = stage.tour.During(
         u"The question for a picture's view"_s,
-        [&] { outcome = main.Drop(main.BeginDrag(main.capture.geathumb(3)), main.slots.imaGeneral(slot)); },
+        [&] { outcome = main.drags.Router().End(main.drags.Router().Start(main.capture.geathumb(3)), main.slots.imaGeneral(slot)); },
         [&](QWidget& dialog) { ChooseView(stage, dialog, u"ENTRANCE"_s, {}); });
     const bool tidy = PicturesStand(stage, 11);
     stage.tour.Step(
@@ -159,20 +159,20 @@ bool FilePictureIntoReport(const Stage& stage)
     // The first comp that has a record and no photo in the report yet, else the first empty photo slot.
     int slot = 0;
     for (int i = 1; i <= 9 && slot == 0; ++i)
-        if (main.NativeFileOf(main.slots.imaComp(i)).isEmpty() &&
-            main.Accepts(u"geathumb"_s, main.slots.imaComp(i)))
+        if (main.drags.Router().FileOf(main.slots.imaComp(i)).isEmpty() &&
+            main.drags.Router().Accepts(u"geathumb"_s, main.slots.imaComp(i)))
             slot = i;
     if (slot == 0)
         return stage.tour.Fail(u"The report has no empty photo slot."_s);
     main.report.TabData.SetTab(1);
     main.report.TabComp.SetTab((slot - 1) / 3);
     const int autoSave = std::exchange(main.globals.autoSave, 0); // the Databook stays as it is
-    const drops::Outcome outcome = main.Drop(main.BeginDrag(main.capture.geathumb(0)), main.slots.imaComp(slot));
+    const drops::Outcome outcome = main.drags.Router().End(main.drags.Router().Start(main.capture.geathumb(0)), main.slots.imaComp(slot));
     main.globals.autoSave = autoSave;
     stage.tour.Step(u"Dropped a picture of the camera on the photo of comp %1: %2"_s.arg(slot).arg(outcome.message));
     const bool tidy = PicturesStand(stage, 11);
     stage.tour.Shoot(stage.window, u"picture-in-report"_s);
-    return outcome.done && tidy && !main.NativeFileOf(main.slots.imaComp(slot)).isEmpty();
+    return outcome.done && tidy && !main.drags.Router().FileOf(main.slots.imaComp(slot)).isEmpty();
 }
 
 bool CameraFolder(const Stage& stage)

@@ -59,7 +59,7 @@ bool DropOne(const Stage& stage, const Stop& stop)
     main.records.grddatabook.SetRow(row);
     const QString before = main.report.txtComp(stop.slot).Text();
     const int pokes = stage.recorder.Pokes();
-    const drops::Outcome outcome = main.Drop(main.grddatabook_dragCell(), *target);
+    const drops::Outcome outcome = main.drags.Router().End(main.drags.Router().Start(main.records.grddatabook), *target);
     const int sent = stage.recorder.Pokes() - pokes;
     stage.tour.Step(u"Dropped %1 on comp %2%3: %4 fields sent."_s.arg(stop.key)
                         .arg(stop.slot)
@@ -122,7 +122,7 @@ bool RefreshReport(const Stage& stage)
     stage.tour.Shoot(stage.window, u"subject"_s);
     main.report.TabData.SetTab(2);
     stage.tour.Shoot(stage.window, u"general"_s);
-    const bool views = !main.NativeFileOf(main.slots.imaGeneral(1)).isEmpty() &&
+    const bool views = !main.drags.Router().FileOf(main.slots.imaGeneral(1)).isEmpty() &&
                        !main.report.cboGeneral(1).Text().isEmpty();
     for (const int listingsOrRentals : {3, 4}) {
         main.report.TabData.SetTab(listingsOrRentals);
