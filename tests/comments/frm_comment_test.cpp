@@ -69,6 +69,7 @@ TEST_F(FrmComment, AKeyIsReadByItsOptionAndByAClickIntoItsBox)
 
 TEST_F(FrmComment, AKeyIsStoredAndAsksOverAPhrase)
 {
+    EXPECT_EQ(dialog->optGet(0).ToolTipText(), u"Put the phrase above on F3 (Ctrl+Shift+F3 or Ctrl+Alt+F3)"_s);
     Type(u"Rolling"_s);
     Choose(dialog->optGet(1));
     EXPECT_EQ(dialog->txtFKey(1).Text(), u"Rolling"_s);

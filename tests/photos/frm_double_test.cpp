@@ -79,6 +79,11 @@ TEST_F(FrmDouble, OpensWithTheFileOnTheLeftAndClearsItsWorkingFiles)
     EXPECT_EQ(screen->lblResolution(0).Caption(), u"400 x 300"_s);
     EXPECT_EQ(screen->lblBitDepth(0).Caption(), u"24 bit(s) per pixel"_s);
     EXPECT_EQ(screen->lblFormat(0).Caption(), u"JPEG"_s);
+    const QString png = u"C:\\VAS2000\\GREY.PNG"_s;
+    ASSERT_TRUE(QImage(8, 8, QImage::Format_Grayscale8).save(home.disk.ToNative(png)));
+    const auto grey = Opened(png);
+    EXPECT_EQ(grey->lblBitDepth(0).Caption(), u"8 bit(s) per pixel"_s);
+    EXPECT_EQ(grey->lblCompression(0).Caption(), u"Deflate"_s);
     EXPECT_EQ(screen->lblSize(0).Caption(), FileSizeText(home.disk, jpg));
     EXPECT_EQ(screen->cmdCompress.Caption(), u"&Compress Picture"_s);
     EXPECT_EQ(screen->cmdCancel.Caption(), u"Cancel Changes"_s);
@@ -145,11 +150,6 @@ TEST_F(FrmDouble, CompressingWritesAndMarksAndCancellingBringsTheOriginalBack)
     EXPECT_EQ(screen->lblPending.Caption(), u"Pending Changes"_s);
     EXPECT_TRUE(screen->bmpDouble2.Picture().isNull());
     EXPECT_TRUE(screen->IsOpen());
-    screen->hsbquality.SetValue(95);
-    screen->cmdCompress_Click();
-    EXPECT_GT(home.disk.FileLen(jpg), 2 * once) << "each at the quality that is set";
-    Q_EMIT screen->cmdCancel.Clicked();
-    EXPECT_EQ(home.disk.ReadWhole(jpg), original);
     Q_EMIT screen->cmdCancel.Clicked();
     EXPECT_FALSE(screen->IsOpen()) << "with nothing to cancel it closes";
 }

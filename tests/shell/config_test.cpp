@@ -528,6 +528,7 @@ TEST_F(Config, ClosingChangedAsksAndYesSaves)
     Q_EMIT screen->CmdOK.Clicked();
     EXPECT_FALSE(screen->IsOpen());
     EXPECT_EQ(doubles.prompter.Last().buttons, forms::Buttons::YesNoCancel);
+    EXPECT_EQ(doubles.prompter.Last().icon, forms::Icon::Information) << "No loses what was set, so it stands on Yes";
     EXPECT_EQ(doubles.prompter.Last().title, u"Save Configuration Changes?"_s);
     EXPECT_EQ(doubles.prompter.Last().text, u"Changes have been made to configuration. Save Changes?"_s);
     EXPECT_TRUE(globals.tabMask);

@@ -107,6 +107,10 @@ TEST_F(Questions, ABoxStandsOnTheAnswerThatLosesNothing)
                       return prompter.MsgBox(Buttons::YesNoCancel, mark, {}, u"Save Changes?"_s);
                   }),
                   wanted);
+    EXPECT_EQ(EnterInBox([](WindowPrompter& prompter) {
+                  return prompter.MsgBox(Buttons::AbortRetryIgnore, forms::Icon::None, u"Error"_s, u"The disk is full"_s);
+              }),
+              Answer::Abort);
 }
 
 TEST_F(Questions, EnterInTheLayoutsKeepsTheUsersOwn)
@@ -120,7 +124,14 @@ TEST_F(Questions, EnterInTheLayoutsKeepsTheUsersOwn)
     grid.ShowColumn(0, false);
     databook::SaveGrid(home.disk, grid, file, databook::kCurrentLayout);
     databook::frm_Grid screen(home.disk, ports.Get(), grid, u"C:\\VAS2000\\"_s);
-    KeyAtOnce(screen, Qt::Key_Return);
+    bool closed = false;
+    OnScreen(
+        owner, screen.Name(), [&] { screens.ShowModal(screen); },
+        [&](QWidget&) {
+            Keys(Qt::Key_Return);
+            closed = !screen.IsOpen();
+        });
+    EXPECT_TRUE(closed);
     EXPECT_FALSE(grid.Columns().at(0).visible) << "nobody chose Default";
 
     databook::frm_Grid chosen(home.disk, ports.Get(), grid, u"C:\\VAS2000\\"_s);
@@ -137,6 +148,19 @@ TEST_F(Questions, EnterInTheLayoutsKeepsTheUsersOwn)
             Keys(Qt::Key_Return);
         });
     EXPECT_TRUE(grid.Columns().at(0).visible) << "Return uses the one that was clicked";
+
+    grid.ShowColumn(0, false);
+    databook::frm_Grid typed(home.disk, ports.Get(), grid, u"C:\\VAS2000\\"_s);
+    OnScreen(
+        owner, typed.Name(), [&] { screens.ShowModal(typed); },
+        [&](QWidget& shown) {
+            auto* name = shown.findChild<QLineEdit*>(u"txtLayout"_s);
+            name->setFocus();
+            name->selectAll();
+            Type(u"default"_s);
+            Keys(Qt::Key_Return);
+        });
+    EXPECT_TRUE(grid.Columns().at(0).visible) << "or typed";
 }
 
 } // namespace
