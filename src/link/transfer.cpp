@@ -147,6 +147,9 @@ void LookForReport(LinkDesk& desk, TransferTally& tally)
 {
     if (KelIsActive(desk))
         return;
+    tally.stopped = Cancelled(desk);
+    if (tally.stopped)
+        return;
     tally.notRunning = text::Trim(desk.txtDDE.Text()).isEmpty();
     tally.noneOpen = !tally.notRunning;
     tally.words = UnnamedReportWords(desk);

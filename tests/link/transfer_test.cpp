@@ -5,6 +5,7 @@
 #include "link/save_data.h"
 #include "link/set_city.h"
 #include "link/tabs.h"
+#include "link/talk.h"
 #include "platform/conduit/patience.h"
 #include "store/change.h"
 
@@ -309,7 +310,30 @@ TEST_F(Transfer, AReportThatIsNotNamedIsNeitherAbsentNorClosed)
     EXPECT_TRUE(tally.Failed());
     EXPECT_EQ(status.lblmsg.Caption(), unnamed + u", so nothing was transferred."_s);
     EXPECT_EQ(doubles.prompter.Texts(), QStringList(unnamed));
+    EXPECT_EQ(doubles.prompter.Last().title, globals.productName) << "it is running";
     EXPECT_TRUE(Keys().isEmpty());
+}
+
+TEST_F(Transfer, ThatIsCancelledAtItsFirstQuestionIsNotCalledAbsent)
+{
+    Talk talk;
+    talk.Attach(status, desk.ports);
+    desk.talk = &talk;
+    conduit.before = [&talk](const QString& entry) {
+        if (entry == "item ActiveReports"_L1)
+            talk.Cancel();
+        if (entry == "request"_L1) // the recording conduit knows no patience
+            talk.BeforeExchange();
+    };
+    const TransferTally empty = TransferComps(desk, true, 0, What::Data);
+    EXPECT_TRUE(empty.stopped);
+    EXPECT_EQ(status.lblmsg.Caption(), u"Cancelled: nothing was stored."_s);
+    Slot(report.txtComp, 1, u"1 A"_s);
+    const TransferTally tally = TransferComps(desk, true, 0, What::Data);
+    desk.talk = nullptr;
+    EXPECT_TRUE(tally.stopped);
+    EXPECT_EQ(status.lblmsg.Caption(), u"Nothing was stored, the rest was left alone."_s);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
 
 TEST_F(Transfer, ALinkThatBreaksLeavesThatCompAndTheRest)

@@ -150,6 +150,11 @@ TEST_F(FrmDouble, CompressingWritesAndMarksAndCancellingBringsTheOriginalBack)
     EXPECT_EQ(screen->lblPending.Caption(), u"Pending Changes"_s);
     EXPECT_TRUE(screen->bmpDouble2.Picture().isNull());
     EXPECT_TRUE(screen->IsOpen());
+    screen->hsbquality.SetValue(95);
+    screen->cmdCompress_Click();
+    EXPECT_GT(home.disk.FileLen(jpg), 2 * once) << "each at the quality that is set";
+    Q_EMIT screen->cmdCancel.Clicked();
+    EXPECT_EQ(home.disk.ReadWhole(jpg), original);
     Q_EMIT screen->cmdCancel.Clicked();
     EXPECT_FALSE(screen->IsOpen()) << "with nothing to cancel it closes";
 }
