@@ -31,7 +31,7 @@ public:
             return u"OAKST114.RPT,"_s;
         }
         if (item == u"ListForms"_s)
-            return u"UA5,COMP46,SUBPHOTO,COMPPH1,"_s;
+            return form + u",COMP46,SUBPHOTO,COMPPH1,"_s;
         if (!item.contains(u'|'))
             return {};
         Refuse(refuseCells, item);
@@ -43,6 +43,7 @@ public:
         if (command.contains(u"SWAPCOMPS"_s))
             refuseCells = true; // it swaps, and can't be read any more
     }
+    QString form = u"UA5"_s;
     bool refusePokes = false, refuseCells = false;
     int asked = 0, refuseFrom = 1000; ///< times for the active report
 
@@ -88,6 +89,16 @@ protected:
     QString path, key;
     std::unique_ptr<conduit::LinkServer> server;
 };
+
+TEST_F(VasctlPeer, AReportOfAFormThatIsNotServedFails)
+{
+    peer.form = u"X99"_s;
+    for (const QStringList& line : {QStringList{u"refresh"_s}, {u"report"_s, u"pages"_s}, {u"transfer"_s, u"all"_s}}) {
+        const auto [code, words] = Run(line);
+        EXPECT_EQ(code, kFailed) << line.join(u' ').toStdString();
+        EXPECT_TRUE(words.contains(u"out of date for this form"_s)) << words.toStdString();
+    }
+}
 
 TEST_F(VasctlPeer, ADropOfWhichNothingIsTakenFails)
 {
