@@ -38,6 +38,7 @@ struct GroupRow
     Group group;
     QLatin1StringView controls; ///< what the names of its controls end in: "Comp" of imaComp, geaComp, txtComp
     QLatin1StringView letters;  ///< by which a control's name shows it to the report's image objects
+    QLatin1StringView title = {};    ///< for people: "Alt comp"
     QLatin1StringView heading = {};  ///< above its pages: "Alt Comparables"; "" for none
     QLatin1StringView lamp = {};     ///< of a data box that has been clicked; "" for a group without data boxes
 

@@ -162,9 +162,9 @@ void MainWindow::BuildPages()
         book->setFocusPolicy(Qt::NoFocus);
         book->tabBar()->setFocusPolicy(Qt::StrongFocus);
     }
-    for (const SlotGroup& group : kSlotGroups) {
-        QTabWidget* book = books.value(QLatin1StringView(group.tab));
-        for (int page = 0; page < group.pages; ++page) {
+    for (const SlotGroup& group : SlotGroups()) {
+        QTabWidget* book = books.value(group.row.tab);
+        for (int page = 0; page < group.row.pages; ++page) {
             const auto built = [this, bar = book->tabBar()](QWidget& whole) {
                 ChainFocus(bar, whole);
                 m_binder.Bind(whole);

@@ -35,7 +35,7 @@ QString OnGrid(const QString& source)
         return SendToSlotDialog::tr("how general photos are saved");
     const bool slot =
         source == QLatin1StringView("txtSubject") ||
-        std::any_of(std::begin(kSlotGroups), std::end(kSlotGroups), [&](const SlotGroup& group) {
+        std::any_of(SlotGroups().begin(), SlotGroups().end(), [&](const SlotGroup& group) {
             return source == QLatin1StringView(group.text) || source == QLatin1StringView(group.photo) ||
                    source == QLatin1StringView(group.box);
         });
@@ -53,17 +53,17 @@ QList<SlotChoice> SlotChoices(const forms::ControlSet& controls, const forms::Dr
         if (target != nullptr && target->Enabled() && port.Accepts(source, *target))
             choices.append({title, effect, now, target});
     };
-    for (const SlotGroup& group : kSlotGroups) {
-        for (int page = 0; page < group.pages; ++page) {
+    for (const SlotGroup& group : SlotGroups()) {
+        for (int page = 0; page < group.row.pages; ++page) {
             if (!PageAvailable(controls, group, page))
                 continue;
-            if (group.dataPage == 0)
+            if (group.Subject())
                 add(controls.Find(QStringLiteral("txtSubject")), SendToSlotDialog::tr("Subject"),
                     SendToSlotDialog::tr("all three photos"),
                     TextOf(controls.Find(QStringLiteral("txtSubject"))));
             for (int place = 1; place <= kSlotsOnAPage; ++place) {
                 const int index = page * kSlotsOnAPage + place;
-                const QString title = QStringLiteral("%1 %2").arg(QLatin1StringView(group.title)).arg(index);
+                const QString title = QStringLiteral("%1 %2").arg(group.row.title).arg(index);
                 forms::Control* text = controls.Find(QLatin1StringView(group.text), index);
                 const QString now = TextOf(text);
                 add(text, title, SendToSlotDialog::tr("data and front photo"), now);

@@ -1,8 +1,10 @@
 #pragma once
 
-#include <QLatin1StringView>
-#include <QList>
-#include <QString>
+#include "link/slot_table.h"
+
+#include <QByteArray>
+
+#include <vector>
 
 namespace vasclip::forms {
 class ControlSet;
@@ -10,38 +12,27 @@ class ControlSet;
 
 namespace vasclip::windows {
 
-inline constexpr int kSlotsOnAPage = 3;
+using link::kSlotsOnAPage;
 
-/// A family of slots and where its pages stand. A name that is empty is a control that the family does not
-/// have.
+/// The names of a group's controls, by the one table of slots. A name that is empty is a control that the group does
+/// not have.
 struct SlotGroup
 {
-    const char* title; ///< for people: "Comp"
-    int dataPage;      ///< page of TabData
-    const char* tab;   ///< the inner tab control
-    int firstPage;     ///< its first page there
-    int pages;
-    const char* text; ///< key of the record in the slot
-    const char* photo;
-    const char* box; ///< data box
-    const char* icon;
-    const char* anchor;
-    const char* heading; ///< label above the page, 0-based
+    explicit SlotGroup(const link::GroupRow& row);
+
+    const link::GroupRow& row;
+    QByteArray text; ///< key of the record in the slot; of a general one its description
+    QByteArray photo;
+    QByteArray box; ///< data box
+    QByteArray icon;
+    QByteArray anchor;
+    QByteArray heading; ///< label above the page, 0-based
+    [[nodiscard]] bool Subject() const { return row.group == link::Group::Subject; }
 };
 
-inline constexpr SlotGroup kSlotGroups[] = {
-    {"Subject", 0, "TabSubject", 0, 1, "", "imaSubject", "", "imaSubjectIcon", "imaSubjectAnchor", ""},
-    {"Comp", 1, "TabComp", 0, 3, "txtComp", "imaComp", "geaComp", "imaCompIcon", "imaCompAnchor", "lblComp"},
-    {"Alt comp", 1, "TabComp", 3, 2, "txtAltComp", "imaAltComp", "geaAltComp", "imaAltCompIcon",
-     "imaAltCompAnchor", "lblAltComp"},
-    {"General", 2, "TabGeneral", 0, 12, "cboGeneral", "imaGeneral", "", "imaGeneralIcon", "", ""},
-    {"Listing", 3, "TabListing", 0, 2, "txtListing", "imaListing", "geaListing", "imaListingIcon",
-     "imaListingAnchor", "lblListing"},
-    {"Rental", 4, "TabRental", 0, 3, "txtRental", "imaRental", "geaRental", "imaRentalIcon",
-     "imaRentalAnchor", "lblRental"},
-};
+[[nodiscard]] const std::vector<SlotGroup>& SlotGroups();
 
-/// The controls' tab says whether the report has this page: enabled and not "N/A".
+/// The controls' tab says whether the report has this page: enabled and not kNotAvailable.
 [[nodiscard]] bool PageAvailable(const forms::ControlSet& controls, const SlotGroup& group, int page);
 
 } // namespace vasclip::windows

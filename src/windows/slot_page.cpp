@@ -20,14 +20,9 @@ namespace {
 constexpr int kGap = 8;
 constexpr int kSmallGap = 4;
 
-QString Named(const char* name, int index)
+QString Named(const QByteArray& name, int index)
 {
     return QStringLiteral("%1_%2").arg(QLatin1StringView(name)).arg(index);
-}
-
-bool Has(const char* name)
-{
-    return *name != '\0';
 }
 
 /// A small picture that is clicked: an icon that keeps its place while it is hidden.
@@ -59,14 +54,6 @@ QString SubjectView(int index)
 }
 
 } // namespace
-
-bool PageAvailable(const forms::ControlSet& controls, const SlotGroup& group, int page)
-{
-    const auto* tab = qobject_cast<const forms::TabControl*>(controls.Find(QLatin1StringView(group.tab)));
-    const int at = group.firstPage + page;
-    return tab != nullptr && at < tab->Tabs() && tab->Enabled() && tab->TabEnabled(at) &&
-           tab->TabCaption(at) != link::kNotAvailable;
-}
 
 SlotPage::SlotPage(const SlotGroup& group, int page, std::function<void(QWidget&)> built, QWidget* parent)
     : QWidget(parent)
@@ -106,12 +93,12 @@ void SlotPage::showEvent(QShowEvent* event)
 /// The line above the cards: the label of the page, or for the subject its address.
 void SlotPage::AddHeading(QVBoxLayout& rows)
 {
-    if (Has(m_group.heading)) {
+    if (!m_group.heading.isEmpty()) {
         auto* heading = new QLabel(this);
         heading->setObjectName(Named(m_group.heading, m_page));
         heading->setProperty("role", QStringLiteral("title"));
         rows.addWidget(heading);
-    } else if (m_group.dataPage == 0) {
+    } else if (m_group.Subject()) {
         auto* line = new QHBoxLayout;
         line->setSpacing(kGap);
         auto* address = new QLineEdit(this);
@@ -136,14 +123,14 @@ QWidget* SlotPage::Card(int index)
     rows->setContentsMargins(kGap, kSmallGap, kGap, kGap);
     rows->setSpacing(kSmallGap);
 
-    const QString name = m_group.dataPage == 0 ? SubjectView(index)
-                                               : QStringLiteral("%1 %2").arg(tr(m_group.title)).arg(index);
+    const QString name = m_group.Subject() ? SubjectView(index)
+                                           : QStringLiteral("%1 %2").arg(tr(m_group.row.title.data())).arg(index);
     auto* head = new QHBoxLayout;
     head->setSpacing(0);
     auto* caption = new QLabel(name, card);
     caption->setProperty("role", QStringLiteral("quiet"));
     head->addWidget(caption, 1);
-    if (Has(m_group.anchor))
+    if (!m_group.anchor.isEmpty())
         head->addWidget(
             IconButton(card, Named(m_group.anchor, index), "pin", tr("%1 has a place on the map").arg(name)));
     head->addWidget(IconButton(card, Named(m_group.icon, index), "savephoto",
@@ -157,7 +144,7 @@ QWidget* SlotPage::Card(int index)
     photo->setAccessibleName(tr("Photo of %1").arg(name));
     photo->setToolTip(tr("Drop a record here to send its photo to the report"));
     rows->addWidget(photo, 1);
-    if (Has(m_group.text))
+    if (!m_group.text.isEmpty())
         rows->addWidget(Footer(index, name, card));
     return card;
 }
@@ -168,7 +155,7 @@ QWidget* SlotPage::Footer(int index, const QString& name, QWidget* card)
     auto* line = new QHBoxLayout(footer);
     line->setContentsMargins(0, kSmallGap, 0, 0);
     line->setSpacing(kSmallGap);
-    if (!Has(m_group.box)) {
+    if (m_group.box.isEmpty()) {
         auto* view = new QComboBox(footer);
         view->setEditable(true);
         view->setObjectName(Named(m_group.text, index));

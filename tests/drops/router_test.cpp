@@ -160,6 +160,29 @@ TEST_F(RouterTest, APhotoThatCannotBeSentIsToldAndTheDataStay)
     EXPECT_EQ(report.txtComp(2).Text(), u"12 Oak St"_s);
 }
 
+TEST_F(RouterTest, ARecordThatGoesOutMovesNoOtherAndItsOwnIconAlone)
+{
+    for (int i = 1; i <= 9; ++i)
+        report.txtComp(i).SetText(i == 2 ? QString() : u"14 Elm St"_s);
+    StandOn(u"14 ELM ST"_s);
+    photos::ReadPhotoLists(sources.datDatabook, lists.lstViews, lists.lstimages);
+    lists.lstViews.SetListIndex(0);
+    slots.imaCompIcon(5).SetVisible(false);
+    const int turns = doubles.pump.turns;
+    for (forms::Control* target : {static_cast<forms::Control*>(&report.txtComp(2)),
+                                   static_cast<forms::Control*>(&slots.imaListing(2))}) {
+        const Outcome outcome = DropOn(*target);
+        EXPECT_TRUE(outcome.done);
+        EXPECT_TRUE(outcome.stayed) << "nothing has to be brought back";
+    }
+    EXPECT_EQ(store::GetFieldData(sources.datDatabook, u"CENTRALKEY"_s), u"14 ELM ST"_s);
+    EXPECT_EQ(lists.lstViews.List(0), u"REAR VIEW"_s);
+    EXPECT_EQ(lists.lstViews.ListIndex(), 0);
+    EXPECT_EQ(doubles.pump.turns, turns);
+    EXPECT_TRUE(slots.imaCompIcon(2).Visible());
+    EXPECT_FALSE(slots.imaCompIcon(5).Visible()) << "its slot has not changed";
+}
+
 TEST_F(RouterTest, ARefusedOverwriteChangesNothing)
 {
     report.txtComp(2).SetText(u"99 Other St"_s);

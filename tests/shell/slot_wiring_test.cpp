@@ -237,6 +237,24 @@ TEST_F(SlotWiring, ACameraPictureOnTheSubjectIsSavedForTheFirstViewAlone)
     EXPECT_EQ(Records().value(u"1 SUBJECT WAY"_s), u"1001"_s);
 }
 
+TEST_F(SlotWiring, ASentRecordLeavesThePhotoThatIsChosenInTheRecordOnShow)
+{
+    ShowHouse(u"imaComp"_s, 1);
+    main.report.txtComp(1).SetText(u"9 Two Views"_s);
+    DropOnGrid(main.slots.imaComp(1));
+    main.ShowRecord(u"12 OAK ST"_s);
+    forms::ListBox& views = main.photoLists.lstViews;
+    views.AddItem(u"A MARK"_s);
+    main.photoLists.lstimages.AddItem(u"MARK"_s);
+    views.SetListIndex(views.ListCount() - 1);
+    drops::Router& router = main.drags.Router();
+    const drops::Outcome outcome =
+        router.End({.source = u"grddatabook"_s, .key = u"9 TWO VIEWS"_s}, main.slots.imaComp(2));
+    EXPECT_TRUE(outcome.done) << outcome.message.toStdString();
+    EXPECT_EQ(views.List(views.ListIndex()), u"A MARK"_s) << "the lists were not read again";
+    EXPECT_EQ(main.shown.Key(), u"12 OAK ST"_s);
+}
+
 TEST_F(SlotWiring, AGeneralPhotoIsStoredWithTheSubjectUnderItsName)
 {
     ShowHouse(u"imaGeneral"_s, 2);
