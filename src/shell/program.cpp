@@ -165,7 +165,7 @@ void Program::ConnectDatabook()
 void Program::ConnectMapping()
 {
     const common::RoutineScope scope{"Connect2mdb"};
-    const QString path = globals.G_UserDir + QString::fromLatin1(common::Globals::kMappingFile);
+    const QString path = MappingPath();
     Connect(sources.datComp2Kel_CURRENT, path, [&] {
         store::Connect2mdb(m_base.ports, sources.datComp2Kel_CURRENT, path,
                            QString::fromLatin1(common::Globals::kMappingTable),

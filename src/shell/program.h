@@ -92,6 +92,10 @@ public:
     [[nodiscard]] drops::DropDesk Drops();
     /// The Databook that the settings name.
     [[nodiscard]] QString DatabookPath() const { return globals.G_DataDir + globals.G_DataFile; }
+    [[nodiscard]] QString MappingPath() const
+    {
+        return globals.G_UserDir + QString::fromLatin1(common::Globals::kMappingFile);
+    }
 
     void LocateInis(const SystemPlaces& places, Silence silence); ///< @throws forms::EndOfProgram
     void ReadSettings();

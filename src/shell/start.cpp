@@ -6,6 +6,7 @@
 #include "databook/grid.h"
 #include "link/link_desk.h"
 #include "photos/capture_desk.h"
+#include "platform/files/reach.h"
 #include "shell/databook_in_use.h"
 #include "shell/frm_main.h"
 #include "shell/frm_splash.h"
@@ -25,6 +26,7 @@ struct Abandoned
 {};
 
 constexpr qsizetype kLongestCaption = 255;
+constexpr std::chrono::milliseconds kPatience{150}; ///< with a disk, before the splash says which one is slow
 
 class Start
 {
@@ -155,13 +157,21 @@ void Start::TakeStartSteps(const StartUpOptions& options, frm_Splash& splash)
     step(u"ReadiniSettings"_s, u"Reading User Defined Settings"_s, [&] { m_program.ReadiniSettings(); });
     step(u"LoadMenu"_s, u"Adding Pop-up Menus"_s, [&] { m_main.setup.LoadMenu(); });
     step(u"tabSource"_s, {}, [&] { m_main.tabSource.SetTab(0); });
+    // A disk that takes its time is waited for beside the window, or no splash could come up.
+    const auto reach = [&](const QString& path) {
+        const auto say = [&] { splash.ShowSplashStatus(u"Waiting for "_s + path); };
+        files::Reach(m_program.Disk(), path, kPatience, say, [&] { ports.pump.DoEvents(); });
+    };
     const QString databook = m_program.DatabookPath();
+    reach(databook);
     step(
         u"CheckCompDBF2"_s, u"Checking data - "_s + m_program.globals.G_DataDir, [] {}, databook);
     step(
         u"Connect2Databook"_s, {}, [&] { m_main.databookInUse.OpenDatabook(); }, databook);
+    reach(m_program.MappingPath());
     step(u"Connect2mdb"_s, u"Connecting to "_s + QString::fromLatin1(common::Globals::kMappingFile),
          [&] { m_program.ConnectMapping(); });
+    reach(m_program.globals.G_CaptureDir);
     step(u"DisplayCamera"_s, u"Verifying Capture Directory"_s, [&] {
         WithCaptureDisk(options.places, [&] {
             VerifyCaptureDirectory(m_program);

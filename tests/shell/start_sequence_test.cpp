@@ -17,6 +17,10 @@
 
 #include <optional>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 // The steps of the start and of the stop beyond what the main screen shows of them.
 
 namespace vasclip::shell {
@@ -608,6 +612,30 @@ TEST_F(StartSequence, AnEntryScreenOpensWithoutTheTemplatesAndSaysWhatIsMissing)
               u"Unable to detect field count in databook.mdb (reference *new* files are missing or corrupt). "
               u"Reinstall the program and retry"_s);
     EXPECT_TRUE(main.sources.datDatabook.Bound()) << "the program goes on";
+}
+
+TEST_F(StartSequence, ADiskThatTakesItsTimeIsNamedOnTheSplashWhileTheWindowLives)
+{
+    const QString mapping = home.disk.ToNative(u"C:\\VAS2000\\Comp2Kel.mdb"_s);
+    ASSERT_TRUE(QFile::rename(mapping, mapping + u".away"_s));
+    // Without a writer it keeps who opens it standing.
+    ASSERT_EQ(mkfifo(mapping.toLocal8Bit().constData(), 0600), 0);
+    const QString wanted = u"Waiting for C:\\VAS2000\\Comp2Kel.mdb"_s;
+    bool waited = false;
+    doubles.pump.onTurn = [&] {
+        const int last = splash.lstSplash.ListCount() - 1;
+        if (waited || last < 0 || !splash.lstSplash.List(last).endsWith(wanted))
+            return;
+        waited = true;
+        const int writer = open(mapping.toLocal8Bit().constData(), O_WRONLY | O_NONBLOCK);
+        ASSERT_TRUE(QFile::remove(mapping));
+        ASSERT_TRUE(QFile::rename(mapping + u".away"_s, mapping));
+        close(writer);
+    };
+    Load();
+    EXPECT_TRUE(waited);
+    EXPECT_TRUE(program.sources.datComp2Kel_CURRENT.Bound()) << "the start goes on where it stood";
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
 
 TEST_F(StartSequence, AStartAfterAKillFindsEverythingAsItWas)
