@@ -30,9 +30,9 @@ Outcome Told(const link::LinkDesk& desk, const Taken& record, PhotoSent sent, co
 /// The picture for the eyes while a view is asked: the front view, else the record's first one.
 QString FrontFile(const link::LinkDesk& desk, const photos::PhotoList& photos)
 {
-    if (photos.Has(u"FRONT VIEW"_s) || photos.Pairs().isEmpty())
-        return link::PathOfView(desk, photos, u"FRONT VIEW"_s);
-    return link::PathOfView(desk, photos, photos.Pairs().first().first);
+    const QString front = u"FRONT VIEW"_s;
+    const QString view = photos.Has(front) || photos.Pairs().isEmpty() ? front : photos.Pairs().first().first;
+    return photos.StemOf(view).isEmpty() ? QString() : link::PathOfView(desk, photos, view);
 }
 
 /// @param caption  of a general slot whose view was asked
@@ -58,7 +58,7 @@ Outcome Send(DropDesk& drops, const QString& key, const DropRule& rule, int inde
     const bool stands = slot.text.Text() == record->Text();
     if (stands && (kept || told.Failed()))
         slot.text.SetText(before);
-    link::RefreshIcon(desk, slot.ref);
+    link::RefreshIcons(desk, slot.ref.group);
     desk.ports.window.AppActivate();
     if (told.Failed() && sent == PhotoSent::Yes) {
         outcome.message.chop(1);

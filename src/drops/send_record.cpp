@@ -17,7 +17,7 @@ Outcome SendRecord(link::LinkDesk& desk, SlotRef ref, const QString& key, WithPh
     desk.ports.window.AppActivate();
     if (dropped.outcome != link::DropOutcome::Sent) {
         Outcome outcome = BrokenOff(desk, slot, dropped);
-        outcome.stayed = true;
+        outcome.stayed = dropped.outcome != link::DropOutcome::NotFound; // it may be the one on show
         return outcome;
     }
 
@@ -33,7 +33,7 @@ Outcome SendRecord(link::LinkDesk& desk, SlotRef ref, const QString& key, WithPh
     }
     if (slot.text.Text() == shown) { // a refresh may show another report by now
         desk.loader.ErrLoadPict(*slot.data, desk.globals.G_ProgramDir + lamp);
-        link::RefreshIcon(desk, ref);
+        link::RefreshIcons(desk, ref.group);
     }
     desk.ports.window.AppActivate();
     Outcome outcome = InReport(dropped, sent, photoTold);

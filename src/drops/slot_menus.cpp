@@ -96,6 +96,7 @@ std::optional<Outcome> OtherReport(DropDesk& desk)
 Outcome Obtain(link::LinkDesk& desk, SlotRef ref, const QString& key, WithPhoto photo, QLatin1StringView lamp)
 {
     Outcome outcome = SendRecord(desk, ref, key, photo, lamp);
+    outcome.stayed = false; // after a menu the record on show begins with its front view
     if (!outcome.done && outcome.message.isEmpty()) {
         outcome.message = u"%1 did not reach the report."_s.arg(key);
         outcome.colour = forms::Colour::Red;
@@ -118,7 +119,7 @@ Outcome ObtainPhoto(DropDesk& desk, SlotRef ref)
     const QString view = ref.group == Group::Subject ? link::SubjectView(ref.index) : u"FRONT VIEW"_s;
     const PhotoSent sent = SendView(desk.link, *record, slot.photo, view);
     const auto unsent = TellUnsent(desk.link, *record, sent, view, key);
-    link::RefreshIcon(desk.link, ref);
+    link::RefreshIcons(desk.link, ref.group);
     if (unsent)
         return *unsent;
     if (sent == PhotoSent::None)
@@ -137,7 +138,7 @@ Outcome ClearPhoto(DropDesk& desk, SlotRef ref)
         return *ended;
     const Slot slot = SlotOf(desk.link, ref);
     const bool cleared = link::ClearSlotPhoto(desk.link, slot.photo, true);
-    link::RefreshIcon(desk.link, ref);
+    link::RefreshIcons(desk.link, ref.group);
     if (!cleared && !desk.link.state.notSent.isEmpty())
         return NotSent(desk.link.state.notSent);
     return {cleared, {}, forms::Colour::Normal, {}};
@@ -177,7 +178,7 @@ Outcome ObtainGeneral(DropDesk& desk, int index)
     const GeneralTold told = TellGeneral(desk, index);
     if (told.addressFailed)
         giveBack();
-    RefreshIcon(link, slot.ref);
+    RefreshIcons(link, slot.ref.group);
     if (unsent)
         return *unsent;
     const QString cleaned = photos::CleanedView(typed); // the record has it so; the report keeps what is typed

@@ -54,15 +54,21 @@ DropOutcome TellCancelled(LinkDesk& desk, const QString& key, const SendResult& 
     return DropOutcome::Cancelled;
 }
 
+/// What the record holds now; none if it is gone.
+void Read(LinkDesk& desk, Dropped& dropped)
+{
+    dropped.record = store::ReadRecord(desk.ports, desk.sources.datDatabook, dropped.key);
+    if (dropped.record)
+        dropped.address = common::AddressInCase(dropped.record->Text(u"ADDRESS"_s), desk.globals.addressCase);
+}
+
 /// Reads the record, and asks whether anybody is there.
 DropOutcome Prepare(LinkDesk& desk, SlotRef slot, ClearPhoto clear, Dropped& dropped)
 {
     const bool looked = Reported(desk.ports.prompter, "DropComp", [&] {
-        dropped.record = store::ReadRecord(desk.ports, desk.sources.datDatabook, dropped.key);
-        if (!dropped.record)
-            return;
-        dropped.address = common::AddressInCase(dropped.record->Text(u"ADDRESS"_s), desk.globals.addressCase);
-        KelQueryActiveReports(desk.txtDDE);
+        Read(desk, dropped);
+        if (dropped.record)
+            KelQueryActiveReports(desk.txtDDE);
     });
     if (Cancelled(desk))
         return TellCancelled(desk, dropped.key, {});
@@ -85,8 +91,7 @@ DropOutcome SendDropped(LinkDesk& desk, SlotRef slot, ClearPhoto clear, Dropped&
         return ended;
     SendResult result;
     const bool updated = Reported(desk.ports.prompter, "DropComp", [&] {
-        // The exchanges took their time: what goes out is what the record holds now.
-        dropped.record = store::ReadRecord(desk.ports, desk.sources.datDatabook, dropped.key);
+        Read(desk, dropped); // the exchanges took their time
         if (dropped.record)
             result = KelUpdateKel(desk, *dropped.record, static_cast<qint16>(slot.index), group);
     });

@@ -7,6 +7,8 @@
 #include "photos/view_name.h"
 #include "platform/text/text.h"
 
+#include <QScopedValueRollback>
+
 namespace vasclip::link {
 
 using namespace Qt::Literals::StringLiterals;
@@ -23,7 +25,7 @@ bool IsFiledSo(const LinkDesk& desk, const QString& key, const QString& path, co
 } // namespace
 
 PictureOutcome SavePictureToDatabook(LinkDesk& desk, const QString& whose, forms::PictureBox& slot,
-                                     const QString& given)
+                                     const QString& given, qint16 comp)
 {
     const QString view = photos::CleanView(given); // a report's caption can hold anything
     const QString key = text::Folded(whose);
@@ -36,6 +38,9 @@ PictureOutcome SavePictureToDatabook(LinkDesk& desk, const QString& whose, forms
         desk.status.lblmsg.Show(messages::kNoPicture, forms::Colour::Blue);
         return PictureOutcome::NoPicture;
     }
+    std::optional<QScopedValueRollback<std::function<void()>>> city;
+    if (desk.photoDesk && desk.photoDesk->setCity && comp != kNoComp)
+        city.emplace(desk.photoDesk->setCity, [&desk, comp] { ErrDatabookSetCity(desk, CityRule::Fill, comp); });
     PictureOutcome outcome = PictureOutcome::NotFiled;
     Reported(desk.ports.prompter, "SavePictureToDatabook", [&] {
         if (IsFiledSo(desk, key, path, view))

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "link/link_desk.h"
+#include "link/set_city.h"
 
 namespace vasclip::link {
 
@@ -14,7 +15,8 @@ enum class PictureOutcome {
 
 /// Files a slot's picture under a view of the record of a key, which is added if there is
 /// none, with city, state and ZIP. The picture is stored before the record names it.
+/// @param comp  of the slot, as ErrDatabookSetCity takes it
 PictureOutcome SavePictureToDatabook(LinkDesk& desk, const QString& key, forms::PictureBox& slot,
-                                     const QString& view);
+                                     const QString& view, qint16 comp = kNoComp);
 
 } // namespace vasclip::link

@@ -28,8 +28,9 @@ struct SendResult
     bool otherReport = false; ///< another report is active than the tabs show: nothing was sent
 };
 
-/// Fills a comp's column in the report with a record, field by field as the mapping says. Nothing is pumped between two fields. A field that fails is reported with where the send stopped,
-/// and ends it: the fields before it stay in the report.
+/// Fills a comp's column in the report with a record, field by field as the mapping says. Nothing is pumped between two
+/// fields. A field that fails is reported with where the send stopped, and ends it: the fields before it stay in the
+/// report.
 /// @param comp  1 to 9, 10 for the subject; @param compType  the mapping's group: SALE, ALT, RENT, LIST
 SendResult SendBulk(LinkDesk& desk, const store::Record& record, const QString& formType, const QString& report,
                     qint16 comp, const QString& compType);

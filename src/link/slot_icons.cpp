@@ -77,19 +77,6 @@ void RefreshIcons(LinkDesk& desk, Group group)
     });
 }
 
-void RefreshIcon(LinkDesk& desk, SlotRef slot)
-{
-    const GroupRow& row = RowOf(slot.group);
-    if (!row.texts) {
-        RefreshSubjectIcons(desk, 0);
-        return;
-    }
-    Reported(desk.ports.prompter, row.iconRoutine, [&] {
-        SetSlotIcon(desk, TextOf(desk.report, slot).Text(), (desk.slots.*row.icons)(slot.index),
-                    row.anchors ? &(desk.slots.*row.anchors)(slot.index) : nullptr, kFrontView);
-    });
-}
-
 void RefreshCompIcons(LinkDesk& desk)
 {
     RefreshIcons(desk, Group::Sales);

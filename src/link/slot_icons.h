@@ -13,8 +13,6 @@ void SetSlotIcon(LinkDesk& desk, const QString& label, forms::PictureBox& icon, 
 
 /// @param view  1 "FRONT VIEW", 2 "REAR VIEW", 3 "STREET SCENE", 0 all three
 void RefreshSubjectIcons(LinkDesk& desk, int view);
-/// Those of the one slot that has changed. The subject's text stands beside all its photos.
-void RefreshIcon(LinkDesk& desk, SlotRef slot);
 /// The icons of a group; the five after it by their own names.
 void RefreshIcons(LinkDesk& desk, Group group);
 void RefreshCompIcons(LinkDesk& desk);

@@ -68,7 +68,6 @@ void Talk::BeforeExchange()
         if (onSlow)
             onSlow();
         m_pump->DoEvents();
-        ++m_turns;
         m_sinceTurn.start();
         if (m_cancelled)
             throw RuntimeError(conduit::kUserInterrupt, messages::kCancelled);
@@ -94,7 +93,6 @@ void Talk::Waiting()
     if (onSlow && m_exchange.elapsed() + m_spentNs / kNsPerMs >= kSlowMs)
         onSlow();
     m_pump->DoEvents();
-    ++m_turns;
     m_sinceTurn.start();
     if (alone)
         Hold(false);

@@ -33,8 +33,6 @@ public:
     [[nodiscard]] bool On() const { return m_depth > 0; }
     [[nodiscard]] bool Cancelled() const { return m_cancelled; }
     void Cancel() { m_cancelled = m_depth > 0; }
-    /// Turns of the queue so far; after one the current record may be another.
-    [[nodiscard]] quint64 Turns() const { return m_turns; }
     /// How far the conversation is; shown when it is slow.
     void SetStep(int done, int of)
     {
@@ -68,7 +66,6 @@ private:
     QString m_what;
     QElapsedTimer m_exchange, m_sinceTurn;
     qint64 m_spentNs = 0;
-    quint64 m_turns = 0;
     qint64 m_limitMs = kLimitMs, m_nextLimitMs = kLimitMs;
     int m_depth = 0, m_done = 0, m_of = 0;
     bool m_cancelled = false, m_shown = false, m_ownsStop = false, m_ownsCaption = false;

@@ -88,7 +88,7 @@ private:
         for (const auto& [slot, view] : job.pictures) {
             if (!m_desk.sources.datDatabook.Bound())
                 return false;
-            const PictureOutcome outcome = SavePictureToDatabook(m_desk, key, *slot, view);
+            const PictureOutcome outcome = SavePictureToDatabook(m_desk, key, *slot, view, job.comp);
             if (outcome == PictureOutcome::Filed)
                 ++m_tally.pictures;
             if (m_tally.note.isEmpty() && (outcome == PictureOutcome::Filed || outcome == PictureOutcome::IsThere))

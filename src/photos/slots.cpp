@@ -200,7 +200,7 @@ SlotLoader::Outcome SlotLoader::Step(forms::PictureBox& control, const QString& 
 /// The thirty data boxes show the same mark, one after the other: it is read once.
 QImage SlotLoader::PictureOf(const QString& path)
 {
-    if (!path.endsWith(".bmp"_L1, Qt::CaseInsensitive))
+    if (!common::WholeFileName(path).startsWith("Addendum_"_L1, Qt::CaseInsensitive))
         return picture::Load(m_disk, path, kSlotPixels);
     const PointedFile mark = PointAt(m_disk, path);
     if (mark != m_mark) {

@@ -1,6 +1,5 @@
 #include "shell/drags.h"
 
-#include "drops/swap_slots.h"
 #include "shell/program.h"
 #include "shell/record_on_show.h"
 #include "shell/window_wants.h"
@@ -28,14 +27,6 @@ Drags::Drags(Program& program, RecordOnShow& shown, WindowWants& wants)
 bool Drags::TakeRow(qint64 row, const QString& key)
 {
     return m_shown.TakeRow(row, key);
-}
-
-drops::Outcome Drags::SwapComps(int target, int source)
-{
-    drops::DropDesk desk = m_program.Drops();
-    const drops::Outcome outcome = drops::SwapSlots(desk, target, source);
-    Told(outcome);
-    return outcome;
 }
 
 void Drags::Told(const drops::Outcome& outcome)

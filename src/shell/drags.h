@@ -19,8 +19,6 @@ public:
     /// The status line tells of an outcome. Where what was done left the record on show, that comes back, or the one
     /// that has changed comes.
     void Told(const drops::Outcome& outcome) override;
-    /// Exchanges two sales comps of the report; the status line tells.
-    drops::Outcome SwapComps(int target, int source);
 
 private:
     Program& m_program;

@@ -199,7 +199,6 @@ QSize TabStyle::sizeFromContents(ContentsType type, const QStyleOption* option, 
     return QProxyStyle::sizeFromContents(type, option, size, widget);
 }
 
-/// One line that has no room for its words ends in dots; a tip has the whole (see eventFilter).
 /// Every label asks at every painting, and measuring a text costs half as much as painting it.
 int TabStyle::WidthOf(const QPainter& painter, const QString& text, int shown) const
 {
@@ -211,6 +210,7 @@ int TabStyle::WidthOf(const QPainter& painter, const QString& text, int shown) c
     return width;
 }
 
+/// One line that has no room for its words ends in dots; a tip has the whole (see eventFilter).
 void TabStyle::drawItemText(QPainter* painter, const QRect& room, int flags, const QPalette& palette, bool enabled,
                             const QString& text, QPalette::ColorRole role) const
 {

@@ -160,7 +160,7 @@ TEST_F(RouterTest, APhotoThatCannotBeSentIsToldAndTheDataStay)
     EXPECT_EQ(report.txtComp(2).Text(), u"12 Oak St"_s);
 }
 
-TEST_F(RouterTest, ARecordThatGoesOutMovesNoOtherAndItsOwnIconAlone)
+TEST_F(RouterTest, ARecordThatGoesOutMovesNoOtherAndTurnsNoQueue)
 {
     for (int i = 1; i <= 9; ++i)
         report.txtComp(i).SetText(i == 2 ? QString() : u"14 Elm St"_s);
@@ -180,7 +180,7 @@ TEST_F(RouterTest, ARecordThatGoesOutMovesNoOtherAndItsOwnIconAlone)
     EXPECT_EQ(lists.lstViews.ListIndex(), 0);
     EXPECT_EQ(doubles.pump.turns, turns);
     EXPECT_TRUE(slots.imaCompIcon(2).Visible());
-    EXPECT_FALSE(slots.imaCompIcon(5).Visible()) << "its slot has not changed";
+    EXPECT_TRUE(slots.imaCompIcon(5).Visible()) << "its record may have changed since";
 }
 
 TEST_F(RouterTest, ARefusedOverwriteChangesNothing)

@@ -179,6 +179,22 @@ TEST_F(DropOnComp, ThatIsRefusedAtItsFirstFieldHasSentNothing)
     EXPECT_FALSE(dropped.addressSent);
 }
 
+TEST_F(DropOnComp, SendsWhatTheRecordHoldsWhenTheFieldsGoOut)
+{
+    Map({u"UA5"_s, u"PAGE2"_s, u"ADDRESS"_s, u"2"_s, u"3"_s, u"SALE"_s, u"4"_s, u"2"_s});
+    int looks = 0;
+    conduit.before = [&](const QString& entry) {
+        if (entry != "item ActiveReports"_L1 || ++looks != 2)
+            return;
+        const auto database = engine.OpenDatabase(kDatabook);
+        database->Execute(u"UPDATE COMPS SET ADDRESS='12 Oak Lane' WHERE ADDRESS='12 Oak St'"_s);
+    };
+    const Dropped dropped = Drop(5);
+    EXPECT_EQ(dropped.outcome, DropOutcome::Sent);
+    EXPECT_EQ(dropped.address, u"12 Oak Lane"_s);
+    EXPECT_TRUE(Poked().contains(u"PAGE2|2|5=12 Oak Lane"_s));
+}
+
 TEST_F(DropOnComp, SendsItsRecordEvenIfTheQueueMovesTheTable)
 {
     doubles.pump.onTurn = [this] { sources.datDatabook.Recordset().MoveLast(); };

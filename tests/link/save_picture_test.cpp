@@ -84,6 +84,17 @@ TEST_F(SavePicture, TheReportsPictureIsFiledWithANewRecord)
     EXPECT_TRUE(home.disk.FileExists(u"C:\\KEL\\DATA\\a.jpg"_s)) << "the report keeps its own";
 }
 
+TEST_F(SavePicture, APictureOfACompBringsTheCityOfItsSecondAddressLine)
+{
+    globals.useSubjCsz = u"CSZ"_s;
+    addr.txtKelCity.SetText(u"Marlow Falls"_s);
+    AddComp(u"1 A"_s, {{u"NEIGHBORHD"_s, u"Alder, WI 54001"_s}});
+    report.txtComp(1).SetText(u"1 A"_s);
+    Show(slots.imaComp(1), u"a.jpg"_s);
+    EXPECT_EQ(TransferComps(desk, false, 1, What::Pic).pictures, 1);
+    EXPECT_EQ(Read(u"1 A"_s).Text(u"CITY"_s), u"Alder"_s);
+}
+
 TEST_F(SavePicture, TheRecordsOwnPictureIsNotFiledAgain)
 {
     Picture(u"C:\\JPG\\12345678.jpg"_s);

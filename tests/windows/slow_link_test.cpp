@@ -99,6 +99,12 @@ protected:
     QProgressBar& Gauge() { return *window->findChild<QProgressBar*>(u"gauStatus"_s); }
     [[nodiscard]] QString Said() { return window->findChild<QLabel*>(u"lblmsg"_s)->text(); }
     void Refresh() { QTest::mouseClick(window->findChild<QAbstractButton*>(u"imaKel"_s), Qt::LeftButton); }
+    /// By the menu of the slot.
+    void Swap(int comp, int other)
+    {
+        ASSERT_NE(main.MenuOver(main.report.txtComp(comp)), nullptr);
+        main.popUps.Swap(other);
+    }
     void DropElmOnComp(int n)
     {
         int row = 0;
@@ -270,7 +276,7 @@ TEST_F(SlowLink, ASwapAndASaveSayWhatTheyAreInTheGauge)
     QStringList told;
     const auto note = [&] { told.append(main.status.gauProgress.Caption()); };
     main.report.TabData.SetTab(1);
-    During([this] { main.drags.SwapComps(1, 2); }, [&] {
+    During([this] { Swap(1, 2); }, [&] {
         note();
         QTest::mouseClick(&Stop(), Qt::LeftButton);
     });

@@ -20,6 +20,12 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+drops::Outcome DropOf(shell::frm_Main& main, const forms::Control& source, forms::Control& target)
+{
+    drops::Router& router = main.drags.Router();
+    return router.End(router.Start(source), target);
+}
+
 constexpr int kPatienceMilliseconds = 30'000;
 constexpr int kGeneralSlots = 36;
 
@@ -114,7 +120,7 @@ bool FilePictureWithRecord(const Stage& stage)
     drops::Outcome outcome;
     const bool asked = stage.tour.During(
         u"The question for a picture's view"_s,
-        [&] { outcome = main.drags.Router().End(main.drags.Router().Start(main.capture.geathumb(0)), main.records.grddatabook); },
+        [&] { outcome = DropOf(main, main.capture.geathumb(0), main.records.grddatabook); },
         [&](QWidget& dialog) { ChooseView(stage, dialog, u"DRIVEWAY"_s, u"view-of-picture"_s); });
     const bool tidy = PicturesStand(stage, 11);
     stage.tour.Step(u"Dropped a picture of the camera on a record: %1"_s.arg(outcome.message));
@@ -138,7 +144,7 @@ bool FileGeneralView(const Stage& stage)
     drops::Outcome outcome;
     const bool asked = stage.tour.During(
         u"The question for a picture's view"_s,
-        [&] { outcome = main.drags.Router().End(main.drags.Router().Start(main.capture.geathumb(3)), main.slots.imaGeneral(slot)); },
+        [&] { outcome = DropOf(main, main.capture.geathumb(3), main.slots.imaGeneral(slot)); },
         [&](QWidget& dialog) { ChooseView(stage, dialog, u"ENTRANCE"_s, {}); });
     const bool tidy = PicturesStand(stage, 11);
     stage.tour.Step(
@@ -167,7 +173,7 @@ bool FilePictureIntoReport(const Stage& stage)
     main.report.TabData.SetTab(1);
     main.report.TabComp.SetTab((slot - 1) / 3);
     const int autoSave = std::exchange(main.globals.autoSave, 0); // the Databook stays as it is
-    const drops::Outcome outcome = main.drags.Router().End(main.drags.Router().Start(main.capture.geathumb(0)), main.slots.imaComp(slot));
+    const drops::Outcome outcome = DropOf(main, main.capture.geathumb(0), main.slots.imaComp(slot));
     main.globals.autoSave = autoSave;
     stage.tour.Step(u"Dropped a picture of the camera on the photo of comp %1: %2"_s.arg(slot).arg(outcome.message));
     const bool tidy = PicturesStand(stage, 11);
