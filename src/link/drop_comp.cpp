@@ -86,7 +86,7 @@ DropOutcome Prepare(LinkDesk& desk, SlotRef slot, ClearPhoto clear, Dropped& dro
 DropOutcome SendDropped(LinkDesk& desk, SlotRef slot, ClearPhoto clear, Dropped& dropped)
 {
     const QLatin1StringView group = RowOf(slot.group).mapping;
-    const QString existing = text::Trim(ExistingSlotText(desk.report, group, slot.index));
+    const QString existing = text::Trim(TextOf(desk.report, slot).Text());
     if (const DropOutcome ended = Prepare(desk, slot, clear, dropped); ended != DropOutcome::Sent)
         return ended;
     SendResult result;

@@ -34,7 +34,7 @@ struct Dropped
     QString leftOfOldComp = {}; ///< what its column still tells of the comp before, in words; "" for nothing
 };
 
-/// Where a drop on a comp slot comes from, if not from the comp slot of that number.
+/// The source of a drop that comes from no comp slot.
 inline constexpr int kFromDatabook = -1;
 
 /// Is the slot's photo emptied first, in the report too?

@@ -16,20 +16,32 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-TEST(Announce, EachMessageIsSpokenAndNothingElse)
+/// The line of messages and another label, bound in a window.
+class Announce : public testing::Test
 {
+protected:
     tests::ScriptedPrompter prompter;
-    EventGuard guard(prompter, {});
+    EventGuard guard{prompter, {}};
     forms::ControlSet controls;
-    forms::Label message(controls, u"lblmsg"_s);
-    forms::Label other(controls, u"lblCount"_s);
+    forms::Label message{controls, u"lblmsg"_s};
+    forms::Label other{controls, u"lblCount"_s};
     QDialog window;
-    for (const QString& name : {u"lblmsg"_s, u"lblCount"_s})
-        (new QLabel(&window))->setObjectName(name);
-    Binder binder(controls, guard);
-    binder.Bind(window);
-    window.show();
-    tests::Spoken().clear();
+    QLabel* line = new QLabel(&window);
+    QLabel* count = new QLabel(&window);
+    Binder binder{controls, guard};
+
+    void SetUp() override
+    {
+        line->setObjectName(message.Name());
+        count->setObjectName(other.Name());
+        binder.Bind(window);
+        window.show();
+        tests::Spoken().clear();
+    }
+};
+
+TEST_F(Announce, EachMessageIsSpokenAndNothingElse)
+{
     other.SetCaption(u"3 photos"_s);
     message.Show(u"2 comps were sent."_s, forms::Colour::Blue);
     message.Show(u"2 comps were sent."_s, forms::Colour::Normal); // in another colour only
@@ -38,21 +50,8 @@ TEST(Announce, EachMessageIsSpokenAndNothingElse)
     EXPECT_EQ(tests::Spoken(), (QStringList{u"2 comps were sent."_s, u"Done."_s}));
 }
 
-TEST(Announce, TheLineOfMessagesIsOneThatAScreenReaderSpeaks)
+TEST_F(Announce, TheLineOfMessagesIsOneThatAScreenReaderSpeaks)
 {
-    tests::ScriptedPrompter prompter;
-    EventGuard guard(prompter, {});
-    forms::ControlSet controls;
-    forms::Label message(controls, u"lblmsg"_s);
-    forms::Label other(controls, u"lblCount"_s);
-    QDialog window;
-    auto* line = new QLabel(&window);
-    line->setObjectName(u"lblmsg"_s);
-    auto* count = new QLabel(&window);
-    count->setObjectName(u"lblCount"_s);
-    Binder binder(controls, guard);
-    binder.Bind(window);
-    window.show();
     other.SetCaption(u"3 photos"_s);
     message.Show(u"2 comps were sent."_s, forms::Colour::Blue);
     const auto* heard = QAccessible::queryAccessibleInterface(line);
