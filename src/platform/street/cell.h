@@ -13,11 +13,19 @@ enum class Level : quint8 {
     Region ///< Motorway and Highway, large water, cities, lines simplified to about 80 m
 };
 
-/// One street edge as it is stored. The names are texts of the file, shared by the edges that bear them.
+/// A street name of a cell, shared by the edges that bear it.
+struct CellStreet
+{
+    QString name; ///< whole, as the source writes it
+    QString shield; ///< of a numbered road "US 31", "AL 14", "I 65"; "" for others
+};
+
+/// One street edge as it is stored.
 struct CellEdge
 {
-    quint32 street = 0; ///< the row of its name in the file, 0 for none
+    quint32 street = 0; ///< which of the cell's streets, from 1 on; 0 where it has no name
     RoadClass roadClass = RoadClass::Local;
+    bool hidden = false; ///< here for its numbers alone, its road is drawn by another line
     std::vector<Place> line;
     NumberRange left; ///< without zip and city
     NumberRange right;
@@ -29,11 +37,14 @@ struct CellHouse
     Place place;
 };
 
-/// A square of the map, decoded. What crosses its border stands in each cell that it touches.
+/// A square of the map, decoded. A street that crosses its border stands whole in each cell that it touches;
+/// areas and brooks are cut a little outside of it.
 struct Cell
 {
     Level level = Level::Streets;
+    quint32 id = 0; ///< its row in the county's file
     Extent extent;
+    std::vector<CellStreet> streets;
     std::vector<CellEdge> edges;
     std::vector<CellHouse> houses;
     std::vector<MapArea> areas;

@@ -46,6 +46,7 @@ struct RoadEdge
     std::vector<Place> line; ///< at least two places
     NumberRange left;
     NumberRange right;
+    bool hidden = false; ///< here for its numbers alone, its road is drawn by another line
 };
 
 /// One house as an address collection has it.
