@@ -97,12 +97,14 @@ void CheckArrow(const QString& from, const QString& onto, QStringList& violation
         violations.append(QStringLiteral("%1 includes %2 of its own floor").arg(from, onto.mid(kSrc.size())));
 }
 
-/// One kind of database is known to itself and to the list of kinds alone.
+/// One kind of database is known to itself and to the list of kinds alone. The maps keep their own files with its
+/// library, which are no databases of the engine.
 void CheckBackEnd(const QString& path, const Include& include, QStringList& violations)
 {
     static const QString kSqlite = QStringLiteral("platform/engine/sqlite/");
     const bool knows = path.startsWith(kSrc + kSqlite) ||
-                       path.startsWith(QStringLiteral("src/platform/engine/kinds/"));
+                       path.startsWith(QStringLiteral("src/platform/engine/kinds/")) ||
+                       (!include.quoted && path.startsWith(QStringLiteral("src/platform/street/")));
     const bool names = include.quoted ? include.name.startsWith(kSqlite)
                                       : include.name == QStringLiteral("sqlite3.h");
     if (names && !knows && path.startsWith(kSrc))

@@ -75,6 +75,8 @@ TEST(HouseRules, CatchWhatBreaksThem)
          Text("src/platform/engine/d.cpp includes platform/engine/sqlite/c.h, which is one kind of database's own")},
         {"its library above it", Of({{"src/store/s.cpp", "#include <sqlite3.h>\n"}}),
          Text("src/store/s.cpp includes sqlite3.h, which is one kind of database's own")},
+        {"its library under the maps' own files", Of({{"src/platform/street/s.cpp", "#include <sqlite3.h>\n"}}),
+         QString()},
         {"the list of kinds knows them",
          Of({{"src/platform/engine/kinds/k.cpp", "#include \"platform/engine/sqlite/c.h\"\n"},
              {"src/platform/engine/sqlite/c.h", "#include <sqlite3.h>\n"}}),

@@ -1,0 +1,166 @@
+#include "platform/street/map_data.h"
+
+#include "platform/files/native.h"
+
+#include <QDir>
+
+namespace vasclip::street {
+
+namespace {
+
+QString IndexPath(const QString& directory)
+{
+    return directory + u'/' + QString::fromUtf16(kIndexName);
+}
+
+/// Another file has another number or time: the index is replaced, never changed.
+QByteArray StampOf(const QString& path)
+{
+    files::native::Info info;
+    if (files::native::Inspect(path, info) != files::native::Failure::None)
+        return {};
+    return QByteArray::number(info.inode) + ' ' + QByteArray::number(info.modifiedNs) + ' ' +
+           QByteArray::number(info.size);
+}
+
+} // namespace
+
+MapData::MapData(const QString& directory, const MapLimits& limits)
+    : m_directory(directory)
+    , m_limits(limits)
+    , m_indexStamp(StampOf(IndexPath(directory)))
+    , m_cells(limits.cellBytes)
+{
+    QString problem;
+    m_index = MapIndex::Open(directory, problem);
+    if (m_index)
+        return;
+    if (!QDir(directory).exists())
+        problem = QStringLiteral("the directory is missing");
+    else if (m_indexStamp.isEmpty() &&
+             !QDir(directory).entryList({u'*' + QString::fromUtf16(kCountyEnd)}, QDir::Files).isEmpty())
+        problem = QStringLiteral("the index is missing though there are maps; import them again");
+    m_problems.insert(QString::fromUtf16(kIndexName), problem);
+}
+
+MapData::~MapData() = default;
+
+const std::vector<CountyRecord>& MapData::Counties() const
+{
+    static const std::vector<CountyRecord> none;
+    return m_index ? m_index->Counties() : none;
+}
+
+QStringList MapData::Problems() const
+{
+    const std::lock_guard lock(m_guard);
+    QStringList problems;
+    for (auto at = m_problems.cbegin(); at != m_problems.cend(); ++at)
+        problems.append(at.key() + QStringLiteral(": ") + at.value());
+    return problems;
+}
+
+bool MapData::IsOutdated() const
+{
+    return StampOf(IndexPath(m_directory)) != m_indexStamp;
+}
+
+void MapData::Tell(const CountyRecord& record, const QString& problem) const
+{
+    const std::lock_guard lock(m_guard);
+    m_problems.insert(record.info.county, problem);
+}
+
+std::shared_ptr<const CountyFile> MapData::OpenFile(const CountyRecord& record, QString& problem) const
+{
+    std::shared_ptr<const CountyFile> file = CountyFile::Open(m_directory + u'/' + record.file, problem);
+    if (file && file->Info() != record.info) {
+        problem = QStringLiteral("the file is of another map than the index says");
+        return {};
+    }
+    return file;
+}
+
+std::shared_ptr<const CountyFile> MapData::File(const CountyRecord& record) const
+{
+    const std::lock_guard lock(m_guard);
+    for (auto at = m_open.begin(); at != m_open.end(); ++at) {
+        if (at->county == record.number) {
+            m_open.splice(m_open.begin(), m_open, at);
+            return m_open.front().file;
+        }
+    }
+    if (m_unusable.contains(record.number))
+        return {};
+    QString problem;
+    std::shared_ptr<const CountyFile> file = OpenFile(record, problem);
+    if (!file) {
+        m_problems.insert(record.info.county, problem);
+        m_unusable.insert(record.number);
+        return {};
+    }
+    m_open.push_front({record.number, file});
+    if (m_open.size() > static_cast<std::size_t>(m_limits.openFiles))
+        m_open.pop_back();
+    return file;
+}
+
+std::shared_ptr<const Cell> MapData::CellOf(const CountyFile& file, const CountyRecord& record, quint32 id) const
+{
+    const CellCache::Key key{record.number, id};
+    if (std::shared_ptr<const Cell> kept = m_cells.Find(key))
+        return kept;
+    QString problem;
+    std::shared_ptr<const Cell> cell = file.ReadCell(id, problem);
+    if (cell)
+        m_cells.Keep(key, cell);
+    else if (!problem.isEmpty())
+        Tell(record, problem);
+    return cell;
+}
+
+void MapData::AppendCells(const CountyRecord& record, const Extent& extent, Level level,
+                          std::vector<std::shared_ptr<const Cell>>& cells) const
+{
+    if (!record.info.extent.Overlaps(extent))
+        return;
+    const std::shared_ptr<const CountyFile> file = File(record);
+    if (!file)
+        return;
+    std::vector<quint32> ids;
+    QString problem;
+    if (!file->CellsTouching(extent, level, ids, problem))
+        Tell(record, problem);
+    for (const quint32 id : ids) {
+        if (std::shared_ptr<const Cell> cell = CellOf(*file, record, id))
+            cells.push_back(std::move(cell));
+    }
+}
+
+std::vector<std::shared_ptr<const Cell>> MapData::Cells(const Extent& extent, Level level) const
+{
+    std::vector<std::shared_ptr<const Cell>> cells;
+    for (const CountyRecord& record : Counties())
+        AppendCells(record, extent, level, cells);
+    return cells;
+}
+
+QString MapData::StreetName(const Cell& cell, quint32 street) const
+{
+    return street > 0 && street <= cell.streets.size() ? cell.streets[street - 1].name : QString();
+}
+
+QString MapData::Shield(const Cell& cell, quint32 street) const
+{
+    return street > 0 && street <= cell.streets.size() ? cell.streets[street - 1].shield : QString();
+}
+
+Extent MapData::Covered() const
+{
+    Extent covered;
+    for (const CountyRecord& record : Counties())
+        covered.Widen(record.info.extent);
+    return covered;
+}
+
+} // namespace vasclip::street

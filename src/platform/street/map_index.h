@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/street/county_info.h"
+#include "platform/street/sql.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+namespace vasclip::street {
+
+/// The name of the index in a directory of maps. It alone says which files count.
+inline constexpr char16_t kIndexName[] = u"F1";
+/// What the name of a county's file ends in.
+inline constexpr char16_t kCountyEnd[] = u".cel";
+
+/// The index of a directory of maps, open for reading.
+class MapIndex
+{
+public:
+    /// @param directory  native
+    /// @return null with the reason in `problem`
+    [[nodiscard]] static std::unique_ptr<MapIndex> Open(const QString& directory, QString& problem);
+
+    /// All maps, by their numbers.
+    [[nodiscard]] const std::vector<CountyRecord>& Counties() const { return m_counties; }
+    [[nodiscard]] sqlite3* Handle() const { return m_file.get(); }
+
+private:
+    MapIndex() = default;
+
+    SqlFile m_file;
+    std::vector<CountyRecord> m_counties;
+};
+
+/// Replaces the index of a directory whole: a reader finds the old one or the new one, even after a crash.
+/// @param counties  whose files are there; numbered anew from 1 on, by their names
+/// @return false with the reason in `problem`; the old index then stands
+[[nodiscard]] bool WriteIndex(const QString& directory, std::vector<CountyRecord> counties, QString& problem);
+
+/// A map's record, with the checksum of its file as it lies. @return false with the reason in `problem`
+[[nodiscard]] bool MakeRecord(const QString& directory, const QString& file, CountyRecord& record, QString& problem);
+
+/// BLAKE2b-256 of a file; empty where it can't be read.
+[[nodiscard]] QByteArray ChecksumOf(const QString& path);
+
+} // namespace vasclip::street
