@@ -1,0 +1,117 @@
+#include "map/locations.h"
+
+#include "link/reporter.h"
+#include "map/messages.h"
+#include "platform/text/text.h"
+#include "store/change.h"
+
+namespace vasclip::map {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// A source of the same Databook with a cursor of its own, whose changes are heard of all the same.
+class Beside
+{
+public:
+    explicit Beside(const store::DataSource& databook)
+        : m_source(databook.Engine(), u"datLocations"_s)
+    {
+        m_source.ShareDatabase(databook);
+        m_source.SetDatabaseName(databook.DatabaseName());
+        m_source.SetRecordSource(databook.RecordSource());
+        m_source.SetRecordsetType(engine::RecordsetType::Table);
+        m_source.Refresh();
+    }
+    store::DataSource& Source() { return m_source; }
+
+private:
+    store::DataSource m_source;
+};
+
+bool Stands(const store::Record& record, const RecordLocation& location)
+{
+    return record.Text(u"LATITUDE"_s) == location.latitude && record.Text(u"LONGITUDE"_s) == location.longitude &&
+           record.Text(u"ANCHORED"_s) == (location.anchored ? "1"_L1 : "0"_L1);
+}
+
+QString WordsOf(const RecordLocation& location)
+{
+    return location.anchored             ? messages::kAnchorWords
+           : location.latitude.isEmpty() ? messages::kForgetWords
+                                         : messages::kPlaceWords;
+}
+
+void Store(const MapDesk& desk, store::DataSource& source, const RecordLocation& location)
+{
+    if (!store::FindRecord(desk.ports, source, text::Folded(location.key), u"CENTRALKEY"_s))
+        return;
+    store::Change change(source, WordsOf(location));
+    change.Set(u"LATITUDE"_s, location.latitude);
+    change.Set(u"LONGITUDE"_s, location.longitude);
+    change.Set(u"ANCHORED"_s, location.anchored ? u"1"_s : u"0"_s);
+    change.Store();
+}
+
+/// Is there anything to store?
+bool Differs(const MapDesk& desk, const RecordLocation& location)
+{
+    const std::optional<store::Record> record = FindComp(desk, location.key);
+    return record && !Stands(*record, location);
+}
+
+bool WouldMoveAnchor(const MapDesk& desk, const RecordLocation& location)
+{
+    if (location.anchored || location.latitude.isEmpty())
+        return false;
+    const std::optional<store::Record> record = FindComp(desk, location.key);
+    return record && IsAnchored(*record);
+}
+
+} // namespace
+
+RecordLocation FoundAt(const QString& key, street::Place place)
+{
+    return {.key = key,
+            .latitude = DegreesText(place.latitude),
+            .longitude = DegreesText(place.longitude)};
+}
+
+RecordLocation AnchoredAt(const QString& key, street::Place place)
+{
+    RecordLocation location = FoundAt(key, place);
+    location.anchored = true;
+    return location;
+}
+
+RecordLocation Forgotten(const QString& key)
+{
+    return {.key = key};
+}
+
+void SaveRecordLocation(MapDesk& desk, const RecordLocation& location)
+{
+    const common::RoutineScope scope{"SaveRecordLocation"};
+    if (Differs(desk, location))
+        Store(desk, Beside(desk.sources.datDatabook).Source(), location);
+}
+
+bool SaveLocations(MapDesk& desk, const QList<RecordLocation>& locations)
+{
+    return link::Reported(desk.ports.prompter, "SaveRecordLocation", [&] {
+        QList<RecordLocation> changed;
+        for (const RecordLocation& location : locations)
+            if (Differs(desk, location) && !WouldMoveAnchor(desk, location))
+                changed.append(location);
+        if (changed.isEmpty())
+            return;
+        Beside beside(desk.sources.datDatabook);
+        engine::Transaction whole(beside.Source().Database());
+        for (const RecordLocation& location : std::as_const(changed))
+            Store(desk, beside.Source(), location);
+        whole.Commit();
+    });
+}
+
+} // namespace vasclip::map

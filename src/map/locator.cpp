@@ -1,0 +1,140 @@
+#include "map/locator.h"
+
+#include "common/progress.h"
+#include "link/reporter.h"
+#include "map/flags.h"
+#include "map/messages.h"
+#include "map/pinmap.h"
+#include "map/place_arrows.h"
+#include "map/view.h"
+#include "platform/text/text.h"
+
+namespace vasclip::map {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr qint64 kManyRecords = 250;
+constexpr double kWholeViewFeet = 26400;
+constexpr int kNamed = 5; ///< of those that were not found
+
+/// One row of a search.
+struct Row
+{
+    QString key, city, state, zip, anchored, latitude, longitude, front;
+};
+
+Row Read(const engine::Recordset& rows)
+{
+    const auto text = [&rows](const QString& field) { return text::Trim(rows.Value(field).toString()); };
+    return {.key = text(u"CENTRALKEY"_s),
+            .city = text(u"CITY"_s),
+            .state = text(u"ST"_s),
+            .zip = text(u"ZIP"_s),
+            .anchored = text(u"ANCHORED"_s),
+            .latitude = text(u"LATITUDE"_s),
+            .longitude = text(u"LONGITUDE"_s),
+            .front = text(u"FRONT"_s)};
+}
+
+/// @return was it placed?
+bool Place(MapDesk& desk, const Row& row, QList<RecordLocation>& found)
+{
+    const qint32 id = NextPoint(desk);
+    bool ok = true;
+    if (row.anchored == "1"_L1 && !row.latitude.isEmpty() && !row.longitude.isEmpty()) {
+        PlaceAnchoredPoint(desk, id, row.latitude, row.longitude,
+                           {.text = row.key, .picture = u"reddooranchor.bmp"_s, .flag = flag::kAnchored});
+    } else {
+        QString address = row.key + u", "_s + row.city + u", "_s + row.state;
+        if (!desk.globals.ignoreZipCodes)
+            address += u' ' + row.zip;
+        const QString picture = row.front == "1"_L1 ? u"reddoor.bmp"_s : u"comp.bmp"_s;
+        ok = MapPlaceAddrPoint(desk, id, address, {.text = row.key, .picture = picture, .flag = flag::kFree}, found);
+    }
+    if (ok)
+        ++desk.state.g_MapPointCount;
+    return ok;
+}
+
+QString Words(const LocatorTally& tally)
+{
+    QString words = messages::kLocated.arg(tally.placed);
+    if (!tally.notFound.isEmpty()) {
+        QString names = tally.notFound.mid(0, kNamed).join(u"; "_s);
+        if (tally.notFound.size() > kNamed)
+            names += u", ..."_s;
+        words += messages::kLocatedNotFound.arg(text::Dec(tally.notFound.size()), names);
+    }
+    if (tally.skipped > 0)
+        words += messages::kLocatedSkipped.arg(tally.skipped);
+    if (tally.seen < tally.of)
+        words += messages::kLocatedStopped.arg(tally.seen).arg(tally.of);
+    return words;
+}
+
+} // namespace
+
+LocatorTally PlaceCompDatabase(MapDesk& desk, QList<RecordLocation>& found)
+{
+    LocatorTally tally;
+    link::Reported(desk.ports.prompter, "PlaceCompDatabase", [&] {
+        // A cursor of its own: the row that the user has selected stays so.
+        store::DataSource& search = desk.sources.datsql;
+        const auto rows = search.Database().OpenRecordset(search.RecordSource(), engine::RecordsetType::Dynaset);
+        tally.of = static_cast<int>(rows->RecordCount());
+        common::Progress progress(desk.status, desk.ports.pump, tally.of);
+        for (; !rows->Eof(); rows->MoveNext()) {
+            if (!progress.Step(messages::kLocating.arg(tally.seen + 1).arg(tally.of)))
+                return;
+            const Row row = Read(*rows);
+            ++tally.seen;
+            if (row.key.isEmpty() || row.city.isEmpty() || row.state.isEmpty())
+                ++tally.skipped;
+            else if (Place(desk, row, found))
+                ++tally.placed;
+            else
+                tally.notFound.append(row.key);
+        }
+    });
+    desk.state.arrows = false;
+    zoomtopoints(desk, 1, desk.state.g_MapPointCount - 1, true);
+    return tally;
+}
+
+void cmdGeoComp_Click(MapDesk& desk)
+{
+    if (desk.state.working)
+        return;
+    const store::DataSource& search = desk.sources.datsql;
+    const qint64 count = search.Bound() ? search.Recordset().RecordCount() : 0;
+    if (count > kManyRecords) {
+        const forms::Answer answer =
+            desk.ports.prompter.MsgBox(forms::Buttons::YesNoCancel, forms::Icon::Question, messages::kManyTitle,
+                                       messages::kMany.arg(count));
+        if (answer == forms::Answer::Yes && desk.openSearch)
+            desk.openSearch();
+        if (answer != forms::Answer::No)
+            return;
+    }
+    const Working working{desk.state};
+    ClearMap(desk);
+    desk.map.SetScale(kWholeViewFeet);
+    desk.state.g_MapRanges.clear();
+    desk.state.arrows = false;
+    QList<RecordLocation> found;
+    if (!AddressAt(desk, {}).isEmpty())
+        PlaceSubjectPoint(desk, u"comp.bmp"_s, u"SUBJECT"_s, found);
+    if (count > 0) {
+        const LocatorTally tally = PlaceCompDatabase(desk, found);
+        ApplyMapDetail(desk);
+        desk.status.lblmsg.Show(Words(tally), tally.notFound.isEmpty() ? forms::Colour::Blue : forms::Colour::Red);
+    } else {
+        desk.ports.prompter.Info(messages::kNoCompsTitle, messages::kNoComps);
+    }
+    SaveLocations(desk, found);
+    desk.map.Refresh();
+}
+
+} // namespace vasclip::map

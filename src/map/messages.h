@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QString>
+
+namespace vasclip::map::messages {
+
+using namespace Qt::Literals::StringLiterals;
+
+inline const QString kMapFilesTitle = u"Map files missing"_s;
+inline const QString kMapFiles =
+    u"The mapping files are missing (or partially missing) from %1 -  Please reinstall the mapping program."_s;
+inline const QString kFailedWith = u"Failed with error %1"_s;
+
+inline const QString kInsufficientTitle = u"Insufficient Address Data"_s;
+inline const QString kSubjectCityAndState =
+    u"Subject address - City and State - information is missing or incomplete. Unable to Place Subject arrow."_s;
+inline const QString kSubjectRecordState =
+    u"Subject address - State - information is missing or incomplete. Unable to Place Subject arrow."_s;
+inline const QString kSubjectRecordCity =
+    u"Subject address - City - information is missing or incomplete. Unable to Place Subject arrow."_s;
+inline const QString kSubjectState =
+    u"Subject address - STATE - information is missing or incomplete. Unable to Place Subject arrow."_s;
+inline const QString kSubjectCity =
+    u"Subject address - CITY - information is missing or incomplete. Unable to Place Subject arrow."_s;
+inline const QString kUseBestAvailable =
+    u"Incomplete Address - CITY/STATE - information is missing or incomplete. Use best available (Subject and/or "
+    "non-saved comparable information)?. If you choose NO, arrow will be omitted from map"_s;
+inline const QString kRecordOmitted =
+    u"Incomplete Address - CITY and STATE - information is missing or incomplete. Arrow will be Omitted. "_s;
+inline const QString kCompOmitted =
+    u"Incomplete Address - CITY and/or STATE - information is missing or incomplete. Arrow will be Omitted. "_s;
+
+inline const QString kNoSubjectTitle = u"Unable to generate Subject Map"_s;
+inline const QString kNoSubject =
+    u"There is no subject address listed. Please enter a subject address to generate a Subject Map."_s;
+inline const QString kWithoutSubject =
+    u"There is no subject address listed. Do you wish to generate map anyway?"_s;
+inline const QString kPlacementTitle = u"unable to complete Arrow Placement"_s;
+inline const QString kPlacement =
+    u"Unable to complete arrow placement. Please verify addresses before re-trying"_s;
+inline const QString kAddedTitle = u"%1 comparables were added after initial arrow placement."_s;
+inline const QString kAdded =
+    u"%1 comparables were added after initial arrow placement. It is advisable to clear 'ALL' and recreate all "
+    "arrows for accurate proximities"_s;
+
+inline const QString kManyTitle = u"Comp locator exceeds recommended maximum (250)"_s;
+inline const QString kMany =
+    u"%1 records were found. Do you want to refine the SEARCH criteria to reduce matches?..."_s;
+inline const QString kNoCompsTitle = u"No comps available"_s;
+inline const QString kNoComps =
+    u"No comps were avaiable from last Search query (count = 0). Expand your search criteria and retry"_s;
+
+// What the status line tells.
+inline const QString kPlaced = u"On the map: %1"_s;
+inline const QString kNotFound = u"Not found on the map: %1. Place by hand with Manual, or correct the address"_s;
+inline const QString kLocated = u"%1 comps are on the map"_s;
+inline const QString kLocatedNotFound = u"; %1 were not found: %2"_s;
+inline const QString kLocatedSkipped = u"; %1 have no address, city or state"_s;
+inline const QString kLocatedStopped = u"; stopped after %1 of %2"_s;
+inline const QString kLocating = u"Comp %1 of %2"_s;
+
+// The words of changes of records.
+inline const QString kPlaceWords = u"Place %1 on the map"_s;
+inline const QString kAnchorWords = u"Anchor %1 on the map"_s;
+inline const QString kForgetWords = u"Take the anchor off %1"_s;
+
+} // namespace vasclip::map::messages

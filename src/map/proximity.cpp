@@ -1,0 +1,184 @@
+#include "map/proximity.h"
+
+#include "map/map_addresses.h"
+#include "map/pinmap.h"
+#include "map/selection.h"
+#include "platform/text/text.h"
+
+#include <cmath>
+
+namespace vasclip::map {
+
+using namespace Qt::Literals::StringLiterals;
+namespace action = street::action;
+
+namespace {
+
+constexpr double kFeetOfMile = 5280;
+constexpr qint32 kSubjectPoint = 1;
+constexpr int kCompassNames = 16;
+constexpr std::array<QLatin1StringView, kCompassNames> kCompass = {
+    "North"_L1, "NNW"_L1, "NW"_L1, "WNW"_L1, "West"_L1, "WSW"_L1, "SW"_L1, "SSW"_L1,
+    "South"_L1, "SSE"_L1, "SE"_L1, "ESE"_L1, "East"_L1, "ENE"_L1, "NE"_L1, "NNE"_L1};
+// Limits of the ring as whole degrees.
+constexpr int kLastBearing = 338;
+constexpr int kBearingStep = 23;
+
+using Ring = std::array<street::Place, kCompassNames>;
+
+void Stand(MapDesk& desk, street::Place place)
+{
+    desk.map.SetLatitude(place.latitude);
+    desk.map.SetLongitude(place.longitude);
+}
+
+bool SetOrigin(MapDesk& desk, const QString& address)
+{
+    desk.map.SetLocation(address);
+    desk.map.DoAction(action::kGeocode);
+    return desk.map.Status() >= 0;
+}
+
+/// Places a mile around; the last entry, for which there is no bearing, is 0, 0.
+Ring RingAround(MapDesk& desk, street::Place subject)
+{
+    Ring ring{};
+    std::size_t k = 0;
+    for (int bearing = 0; bearing <= kLastBearing; bearing += kBearingStep, ++k) {
+        desk.map.SetDValue(bearing);
+        desk.map.SetValue(kFeetOfMile);
+        Stand(desk, subject);
+        desk.map.DoAction(action::kProject);
+        ring[k] = {desk.map.Latitude(), desk.map.Longitude()};
+    }
+    return ring;
+}
+
+/// Where a comp is: the selected point if it is that one's, else its record's stored place.
+std::optional<street::Place> PlaceOf(MapDesk& desk, const QString& address)
+{
+    const std::optional<MapPoint> point = LoadPoint(desk, desk.state.g_MapSelectedID);
+    if (point && text::Folded(PointAddress(desk, *point)) == text::Folded(address))
+        return point->place;
+    const std::optional<store::Record> record = FindComp(desk, address);
+    if (record && HasLocation(*record))
+        return street::Place{Millionths(record->Text(u"LATITUDE"_s)), Millionths(record->Text(u"LONGITUDE"_s))};
+    return std::nullopt;
+}
+
+int Nearest(MapDesk& desk, const Ring& ring)
+{
+    int winner = 0;
+    double shortest = 0;
+    for (int k = 0; k < kCompassNames; ++k) {
+        Stand(desk, ring[static_cast<std::size_t>(k)]);
+        desk.map.DoAction(action::kDistance);
+        const double feet = desk.map.Value();
+        if (k == 0 || feet < shortest) {
+            shortest = feet;
+            winner = k;
+        }
+    }
+    return winner;
+}
+
+} // namespace
+
+QString MilesText(qint32 feet)
+{
+    return text::Format(feet / kFeetOfMile, u"####.#"_s);
+}
+
+QString CompassName(int index)
+{
+    return index < 0 || index >= kCompassNames ? QString() : QString(kCompass[static_cast<std::size_t>(index)]);
+}
+
+QString CalcTheDistance(MapDesk& desk, const QString& key)
+{
+    if (!desk.state.inUse)
+        return {};
+    street::StreetControl& map = desk.map;
+    const std::optional<store::Record> subject = FindComp(desk, AddressAt(desk, {}));
+    if (subject && IsAnchored(*subject))
+        Stand(desk, {Millionths(subject->Text(u"LATITUDE"_s)), Millionths(subject->Text(u"LONGITUDE"_s))});
+    else if (!SetOrigin(desk, SubjectMapAddress(desk)))
+        return {};
+    map.DoAction(action::kSetOrigin);
+    const std::optional<store::Record> record = FindComp(desk, key);
+    if (!record)
+        return {};
+    if (HasLocation(*record))
+        Stand(desk, {Millionths(record->Text(u"LATITUDE"_s)), Millionths(record->Text(u"LONGITUDE"_s))});
+    else if (!SetOrigin(desk, RecordMapAddress(desk, key, *record)))
+        return {};
+    map.DoAction(action::kDistance);
+    return map.Status() < 0 ? QString() : MilesText(text::ToInt32(map.Value()));
+}
+
+QString PointDistanceToSubject(MapDesk& desk, qint32 id)
+{
+    if (id <= kSubjectPoint || desk.state.g_MapResult(kSubjectPoint) <= 0)
+        return {};
+    if (!LoadPoint(desk, kSubjectPoint))
+        return {};
+    desk.map.DoAction(action::kSetOrigin);
+    if (!LoadPoint(desk, id))
+        return {};
+    desk.map.DoAction(action::kDistance);
+    return desk.map.Status() < 0 ? QString() : MilesText(text::ToInt32(desk.map.Value()));
+}
+
+QString GetDirection(MapDesk& desk, const QString& address)
+{
+    if (!desk.state.inUse || FindSubjectPoint(desk) < 1)
+        return {};
+    const street::Place subject{desk.map.Latitude(), desk.map.Longitude()};
+    desk.map.DoAction(action::kSetOrigin);
+    const Ring ring = RingAround(desk, subject);
+    if (desk.state.g_MapSelectedID == 0)
+        return {};
+    const std::optional<street::Place> comp = PlaceOf(desk, address);
+    if (!comp)
+        return {};
+    Stand(desk, *comp);
+    desk.map.DoAction(action::kSetOrigin);
+    return CompassName(Nearest(desk, ring));
+}
+
+QString ProximityText(MapDesk& desk, const QString& address)
+{
+    const qint32 selected = desk.state.g_MapSelectedID;
+    const QString miles =
+        selected > 0 && !address.isEmpty() ? PointDistanceToSubject(desk, selected) : u"."_s;
+    if (miles.isEmpty())
+        return {};
+    const QString direction = GetDirection(desk, address);
+    return miles == "."_L1 ? u"< .1 Mi "_s + direction : miles + u" Mi. "_s + direction;
+}
+
+float DoCalcProximity(const QString& subject, const QString& comp)
+{
+    if (subject.isEmpty() || comp.isEmpty())
+        return 0;
+    const auto left = [](const QString& text) { return text::Val(text.section(u'|', 0, 0)); };
+    const auto right = [](const QString& text) { return text::Val(text.section(u'|', 1)); };
+    constexpr double kLatitudeOfMile = 0.0145, kLongitudeOfMile = 0.017213;
+    const double north = (right(subject) - right(comp)) / kLatitudeOfMile;
+    const double east = (left(subject) - left(comp)) / kLongitudeOfMile;
+    return static_cast<float>(std::pow(std::pow(north, 2) + std::pow(east, 2), 0.5));
+}
+
+std::optional<float> CalcProximity(const MapDesk& desk, const QString& address)
+{
+    const std::optional<store::Record> subject = FindComp(desk, AddressAt(desk, {}));
+    const std::optional<store::Record> comp = FindComp(desk, address);
+    if (!subject || !comp || !HasLocation(*subject) || !HasLocation(*comp))
+        return std::nullopt;
+    const auto text = [](const store::Record& record) {
+        return record.Text(u"LONGITUDE"_s) + u'|' + record.Text(u"LATITUDE"_s);
+    };
+    return DoCalcProximity(text(*subject), text(*comp));
+}
+
+} // namespace vasclip::map

@@ -1,0 +1,150 @@
+#include "map/locator.h"
+#include "map/map_test.h"
+
+namespace vasclip::map {
+
+namespace {
+
+class Locator : public MapTest
+{
+protected:
+    void SetUp() override
+    {
+        MapTest::SetUp();
+        globals.ignoreZipCodes = true;
+    }
+    /// The last search: all records in the order of their keys.
+    void Search()
+    {
+        sources.datsql.SetRecordSource(u"SELECT * FROM COMPS ORDER BY CENTRALKEY"_s);
+        sources.datsql.Refresh();
+    }
+};
+
+TEST_F(Locator, PlacesTheSearchAsHouses)
+{
+    Subject(u"1 Main St"_s);
+    Street(u"1 MAIN ST"_s, kOak);
+    Street(u"10 OAK ST"_s, Near(kOak, 0, 1000));
+    Street(u"11 OAK ST"_s, Near(kOak, 0, 2000));
+    AddTown(u"10 Oak St"_s, {{u"FRONT"_s, u"1"_s}});
+    AddTown(u"11 Oak St"_s);
+    AddTown(u"12 Oak St"_s, Anchor(u"32.47"_s, u"-86.48"_s));
+    AddComp(u"13 Oak St"_s, {{u"CITY"_s, u"PRATTVILLE"_s}}); // no state
+    AddTown(u"14 Oak St"_s);                                 // not found
+    Search();
+    desk.state.g_MapRanges = u"SUBJECT|1W1_|COMP|2W3_"_s; // of the arrows before
+    cmdGeoComp_Click(desk);
+    EXPECT_EQ(Pins(), (QStringList{u"1 comp.bmp 'SUBJECT' 8C52"_s, u"2 reddoor.bmp '10 OAK ST' 8C52"_s,
+                                   u"3 comp.bmp '11 OAK ST' 8C52"_s, u"4 reddooranchor.bmp '12 OAK ST' 8C62"_s}));
+    EXPECT_EQ(desk.state.g_MapPointCount, 5);
+    EXPECT_FALSE(desk.state.arrows);
+    EXPECT_EQ(desk.state.g_MapRanges, QString()); // houses are no comps of the report
+    EXPECT_EQ(Field(u"10 OAK ST"_s, u"ANCHORED"_s), u"0"_s);
+    EXPECT_EQ(Location(u"12 OAK ST"_s), u"32.47 -86.48 1"_s);
+    EXPECT_EQ(status.lblmsg.Caption(), u"3 comps are on the map; 1 were not found: 14 OAK ST; 1 have no address, "
+                                       "city or state"_s);
+    EXPECT_GT(control.centre.latitude, kOak.latitude); // zoomed to them
+}
+
+TEST_F(Locator, TheZipIsAskedForWhereItCounts)
+{
+    globals.ignoreZipCodes = false;
+    AddTown(u"10 Oak St"_s);
+    Search();
+    cmdGeoComp_Click(desk);
+    EXPECT_TRUE(control.log.contains(u"Location=10 OAK ST, PRATTVILLE, AL 36067"_s));
+}
+
+TEST_F(Locator, WithoutASubjectOneIsStillTheSubjects)
+{
+    Street(u"10 OAK ST"_s, kOak);
+    AddTown(u"10 Oak St"_s);
+    Search();
+    cmdGeoComp_Click(desk);
+    EXPECT_EQ(Pins(), QStringList{u"2 comp.bmp '10 OAK ST' 8C52"_s});
+    EXPECT_EQ(control.centre, kOak);
+}
+
+TEST_F(Locator, AnEmptySearchIsTold)
+{
+    Search();
+    cmdGeoComp_Click(desk);
+    EXPECT_EQ(doubles.prompter.Last().title, u"No comps available"_s);
+    EXPECT_EQ(doubles.prompter.Last().text, u"No comps were avaiable from last Search query (count = 0). Expand your "
+                                            "search criteria and retry"_s);
+}
+
+class ManyRecords : public Locator
+{
+protected:
+    void SetUp() override
+    {
+        Locator::SetUp();
+        const auto database = engine.OpenDatabase(kDatabook);
+        engine::Transaction whole(*database);
+        const auto rows = database->OpenRecordset(u"COMPS"_s, engine::RecordsetType::Table);
+        for (int i = 0; i < 251; ++i) {
+            const QString key = u"%1 OAK ST"_s.arg(i + 1);
+            rows->AddNew();
+            rows->SetValue(u"CENTRALKEY"_s, key);
+            rows->SetValue(u"CITY"_s, u"PRATTVILLE"_s);
+            rows->SetValue(u"ST"_s, u"AL"_s);
+            rows->Update();
+            control.addresses[key + u", PRATTVILLE, AL"_s] = Near(kOak, 0, 100.0 * i);
+        }
+        rows->Close();
+        whole.Commit();
+        Search();
+    }
+};
+
+TEST_F(ManyRecords, AreAskedAbout)
+{
+    bool search = false;
+    desk.openSearch = [&] { search = true; };
+    doubles.prompter.Answer(forms::Answer::Cancel);
+    cmdGeoComp_Click(desk);
+    EXPECT_EQ(doubles.prompter.Last().buttons, forms::Buttons::YesNoCancel);
+    EXPECT_EQ(doubles.prompter.Last().title, u"Comp locator exceeds recommended maximum (250)"_s);
+    EXPECT_EQ(doubles.prompter.Last().text,
+              u"251 records were found. Do you want to refine the SEARCH criteria to reduce matches?..."_s);
+    EXPECT_FALSE(search);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    cmdGeoComp_Click(desk);
+    EXPECT_TRUE(search);
+    EXPECT_EQ(control.log, QStringList());
+}
+
+TEST_F(ManyRecords, AreAllPlacedAndStoredAtOnce)
+{
+    doubles.prompter.Answer(forms::Answer::No);
+    cmdGeoComp_Click(desk);
+    EXPECT_EQ(control.pins.size(), 251u); // more than the results have room for
+    EXPECT_EQ(status.lblmsg.Caption(), u"251 comps are on the map"_s);
+    EXPECT_EQ(Field(u"251 OAK ST"_s, u"ANCHORED"_s), u"0"_s);
+    EXPECT_FALSE(Field(u"251 OAK ST"_s, u"LATITUDE"_s).isEmpty());
+    EXPECT_TRUE(doubles.prompter.AllAnswered());
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1u);
+    EXPECT_FALSE(status.cmdStop.Visible());
+}
+
+TEST_F(ManyRecords, CanBeStoppedAndShutOthersOut)
+{
+    doubles.prompter.Answer(forms::Answer::No);
+    doubles.pump.turns = 0;
+    doubles.pump.onTurn = [this] {
+        cmdGeoComp_Click(desk); // another click meanwhile
+        if (doubles.pump.turns == 11)
+            Q_EMIT status.cmdStop.Clicked();
+    };
+    cmdGeoComp_Click(desk);
+    EXPECT_EQ(control.pins.size(), 10u);
+    EXPECT_EQ(status.lblmsg.Caption(), u"10 comps are on the map; stopped after 10 of 251"_s);
+    EXPECT_FALSE(Field(u"1 OAK ST"_s, u"LATITUDE"_s).isEmpty()); // what was found is kept
+    EXPECT_FALSE(desk.state.working);
+}
+
+} // namespace
+
+} // namespace vasclip::map
