@@ -1,0 +1,171 @@
+#include "platform/street/map_change.h"
+
+#include "platform/street/county_file.h"
+#include "platform/street/map_index.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
+
+#include <algorithm>
+
+namespace vasclip::street {
+
+namespace {
+
+constexpr qsizetype kLongestName = 40;
+
+QString End()
+{
+    return QString::fromUtf16(kCountyEnd);
+}
+
+QString IndexPath(const QString& directory)
+{
+    return directory + u'/' + QString::fromUtf16(kIndexName);
+}
+
+QStringList CountyFiles(const QString& directory)
+{
+    return QDir(directory).entryList({u'*' + End()}, QDir::Files, QDir::Time);
+}
+
+auto Named(const QString& county)
+{
+    return [county](const CountyRecord& record) { return record.info.county == county; };
+}
+
+QString Said(const QString& name, const QString& problem)
+{
+    return name + QStringLiteral(": ") + problem;
+}
+
+} // namespace
+
+QString NameFault(const QString& county)
+{
+    if (county.isEmpty() || county.trimmed() != county)
+        return QStringLiteral("a county needs a name, with no blank at its ends");
+    if (county.size() > kLongestName)
+        return QStringLiteral("the name of a county has at most %1 letters").arg(kLongestName);
+    const bool plain = std::all_of(county.begin(), county.end(), [](QChar letter) {
+        return letter.isLetterOrNumber() || letter == u' ' || letter == u'_' || letter == u'-';
+    });
+    return plain ? QString()
+                 : QStringLiteral("the name of a county has letters, digits, blanks, - and _ alone");
+}
+
+bool MapChange::Begin(QString& problem)
+{
+    if (!QDir().mkpath(m_directory)) {
+        problem = QStringLiteral("the directory can't be made: %1").arg(m_directory);
+        return false;
+    }
+    if (!m_lock.Take(m_directory + QStringLiteral("/F1.lock"), 0, files::FileLock::After::Goes)) {
+        problem = m_lock.HeldByOther()
+                      ? QStringLiteral("another program is changing the maps of this directory")
+                      : QStringLiteral("the directory may not be written: %1").arg(m_directory);
+        return false;
+    }
+    QString wrong;
+    if (const std::unique_ptr<MapIndex> index = MapIndex::Open(m_directory, wrong)) {
+        m_counties = index->Counties();
+        return true;
+    }
+    if (QFile::exists(IndexPath(m_directory)) || !CountyFiles(m_directory).isEmpty()) {
+        m_notes.append(Said(QString::fromUtf16(kIndexName), wrong));
+        Recover();
+    }
+    return true;
+}
+
+void MapChange::Recover()
+{
+    // The newest first: of two files of a county, the older one was not yet swept.
+    for (const QString& name : CountyFiles(m_directory)) {
+        CountyRecord record;
+        QString problem;
+        if (!MakeRecord(m_directory, name, record, problem)) {
+            m_notes.append(Said(name, problem));
+            continue;
+        }
+        if (std::none_of(m_counties.begin(), m_counties.end(), Named(record.info.county)))
+            m_counties.push_back(std::move(record));
+    }
+}
+
+QString MapChange::NewFile(const QString& county) const
+{
+    // By time and by chance: two imports within a moment must not meet.
+    const QString stamp = QString::number(QDateTime::currentMSecsSinceEpoch(), 36) +
+                          QString::number(QRandomGenerator::system()->bounded(36 * 36 * 36), 36);
+    return m_directory + u'/' + county + u'-' + stamp + End();
+}
+
+bool MapChange::Put(const QString& path, QString& problem)
+{
+    CountyRecord record;
+    if (!MakeRecord(m_directory, QFileInfo(path).fileName(), record, problem))
+        return false;
+    (void)Remove(record.info.county);
+    m_counties.push_back(std::move(record));
+    return true;
+}
+
+bool MapChange::Remove(const QString& county)
+{
+    return std::erase_if(m_counties, Named(county)) > 0;
+}
+
+bool MapChange::Commit(QString& problem)
+{
+    if (!WriteIndex(m_directory, m_counties, problem))
+        return false;
+    Sweep();
+    return true;
+}
+
+void MapChange::Sweep() const
+{
+    for (const QString& name : CountyFiles(m_directory)) {
+        const bool used = std::any_of(m_counties.begin(), m_counties.end(),
+                                      [&name](const CountyRecord& record) { return record.file == name; });
+        if (!used)
+            QFile::remove(m_directory + u'/' + name);
+    }
+    // An index that a killed program was writing.
+    const QStringList litter = QDir(m_directory).entryList({QStringLiteral(".vasclip-*.tmp")},
+                                                           QDir::Files | QDir::Hidden);
+    for (const QString& name : litter)
+        QFile::remove(m_directory + u'/' + name);
+}
+
+QStringList VerifyMaps(const QString& directory,
+                       const std::function<bool(qint64, qint64, const QString&)>& progress)
+{
+    QString problem;
+    const std::unique_ptr<MapIndex> index = MapIndex::Open(directory, problem);
+    if (!index)
+        return {Said(QString::fromUtf16(kIndexName), problem)};
+    QStringList problems;
+    qint64 read = 0;
+    const auto all = static_cast<qint64>(index->Counties().size());
+    for (const CountyRecord& record : index->Counties()) {
+        if (progress && !progress(read++, all, record.info.county))
+            break;
+        const QString path = directory + u'/' + record.file;
+        problem.clear();
+        const std::unique_ptr<CountyFile> file = CountyFile::Open(path, problem);
+        if (file && file->Info() != record.info)
+            problem = QStringLiteral("the file is of another map than the index says");
+        else if (file && file->ReadsWhole(problem) && ChecksumOf(path) != record.checksum)
+            problem = QStringLiteral("the file is not as it was written");
+        if (!problem.isEmpty())
+            problems.append(Said(record.info.county, problem));
+    }
+    return problems;
+}
+
+} // namespace vasclip::street
