@@ -15,6 +15,8 @@
 #include <string>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 /// Directories of 500, 5,000 and 50,000 names and ini files of 100 to 10,000 keys. Behind the figures stands
 /// the growth of each from its smallest to its largest size: the exponent of the size, 1 is linear.
 namespace {
@@ -23,8 +25,8 @@ using vasclip::files::Directory;
 using vasclip::files::ProfileKey;
 using vasclip::tests::TempHome;
 
-const QString kIni = QStringLiteral("C:\\VAS2000.INI");
-const QString kSection = QStringLiteral("PREFERENCES");
+const QString kIni = u"C:\\VAS2000.INI"_s;
+const QString kSection = u"PREFERENCES"_s;
 
 /// A home with one directory of so many photos; made once for each size.
 TempHome& PhotoHome(qint64 names)
@@ -33,10 +35,10 @@ TempHome& PhotoHome(qint64 names)
     std::unique_ptr<TempHome>& home = homes[names];
     if (!home) {
         home = std::make_unique<TempHome>();
-        home->MakeDirs(QStringLiteral("C:\\Photos"));
-        const QString native = home->disk.ToNative(QStringLiteral("C:\\Photos"));
+        home->MakeDirs(u"C:\\Photos"_s);
+        const QString native = home->disk.ToNative(u"C:\\Photos"_s);
         for (qint64 at = 0; at < names; ++at) {
-            QFile file(native + QStringLiteral("/Photo%1.jpg").arg(at, 6, 10, QChar(u'0')));
+            QFile file(native + u"/Photo%1.jpg"_s.arg(at, 6, 10, QChar(u'0')));
             if (!file.open(QIODevice::WriteOnly))
                 std::abort();
         }
@@ -46,14 +48,14 @@ TempHome& PhotoHome(qint64 names)
 
 QString PhotoPath(qint64 at)
 {
-    return QStringLiteral("C:\\PHOTOS\\PHOTO%1.JPG").arg(at, 6, 10, QChar(u'0'));
+    return u"C:\\PHOTOS\\PHOTO%1.JPG"_s.arg(at, 6, 10, QChar(u'0'));
 }
 
 /// A directory that somebody just changed: every name is read.
 void ReadDirectory(benchmark::State& state)
 {
     const TempHome& home = PhotoHome(state.range(0));
-    const QString native = home.disk.ToNative(QStringLiteral("C:\\Photos")) + QStringLiteral("/Changed.bmp");
+    const QString native = home.disk.ToNative(u"C:\\Photos"_s) + u"/Changed.bmp"_s;
     for (auto step : state) {
         state.PauseTiming();
         if (!QFile::remove(native)) {
@@ -61,7 +63,7 @@ void ReadDirectory(benchmark::State& state)
             (void)file.open(QIODevice::WriteOnly);
         }
         state.ResumeTiming();
-        benchmark::DoNotOptimize(home.disk.Dir(QStringLiteral("C:\\Photos\\*.jpg")));
+        benchmark::DoNotOptimize(home.disk.Dir(u"C:\\Photos\\*.jpg"_s));
     }
 }
 
@@ -69,7 +71,7 @@ void ReadDirectory(benchmark::State& state)
 void ReadBare(benchmark::State& state)
 {
     const TempHome& home = PhotoHome(state.range(0));
-    const std::filesystem::path native = home.disk.ToNative(QStringLiteral("C:\\Photos")).toStdString();
+    const std::filesystem::path native = home.disk.ToNative(u"C:\\Photos"_s).toStdString();
     for (auto step : state) {
         std::vector<std::string> names;
         for (const auto& entry : std::filesystem::directory_iterator(native))
@@ -82,17 +84,17 @@ void ReadBare(benchmark::State& state)
 void ListAgain(benchmark::State& state)
 {
     const TempHome& home = PhotoHome(state.range(0));
-    benchmark::DoNotOptimize(home.disk.Found(QStringLiteral("C:\\Photos\\none*")));
+    benchmark::DoNotOptimize(home.disk.Found(u"C:\\Photos\\none*"_s));
     QThread::msleep(20); // until the stamp of the last change is older than the clock's tick
-    benchmark::DoNotOptimize(home.disk.Found(QStringLiteral("C:\\Photos\\none*")));
+    benchmark::DoNotOptimize(home.disk.Found(u"C:\\Photos\\none*"_s));
     for (auto step : state)
-        benchmark::DoNotOptimize(home.disk.Dir(QStringLiteral("C:\\Photos\\*.jpg")));
+        benchmark::DoNotOptimize(home.disk.Dir(u"C:\\Photos\\*.jpg"_s));
 }
 
 void FindExactName(benchmark::State& state)
 {
     const TempHome& home = PhotoHome(state.range(0));
-    const QString path = QStringLiteral("C:\\Photos\\Photo000321.jpg");
+    const QString path = u"C:\\Photos\\Photo000321.jpg"_s;
     for (auto step : state)
         benchmark::DoNotOptimize(home.disk.Found(path));
 }
@@ -110,7 +112,7 @@ void MissName(benchmark::State& state)
 {
     const TempHome& home = PhotoHome(state.range(0));
     for (auto step : state)
-        benchmark::DoNotOptimize(home.disk.Found(QStringLiteral("C:\\PHOTOS\\NONE.JPG")));
+        benchmark::DoNotOptimize(home.disk.Found(u"C:\\PHOTOS\\NONE.JPG"_s));
 }
 
 /// Saving photo after photo, each under a name that was looked for first.
@@ -124,12 +126,12 @@ void SaveNewFile(benchmark::State& state)
             state.SkipWithError("a new name was there");
         home.disk.WriteWhole(path, QByteArrayLiteral("jpeg"));
     }
-    home.disk.Kill(QStringLiteral("C:\\PHOTOS\\PHOTO9?????.JPG"));
+    home.disk.Kill(u"C:\\PHOTOS\\PHOTO9?????.JPG"_s);
 }
 
 QString KeyName(qint64 at)
 {
-    return QStringLiteral("GENERALVIEW%1").arg(at);
+    return u"GENERALVIEW%1"_s.arg(at);
 }
 
 QList<ProfileKey> ManyKeys(qint64 count, const QString& value)
@@ -144,8 +146,7 @@ QList<ProfileKey> ManyKeys(qint64 count, const QString& value)
 void ReadKeys(benchmark::State& state)
 {
     const TempHome home;
-    vasclip::files::WriteProfileKeys(home.disk, kIni,
-                                     ManyKeys(state.range(0), QStringLiteral("FRONT VIEW ")));
+    vasclip::files::WriteProfileKeys(home.disk, kIni, ManyKeys(state.range(0), u"FRONT VIEW "_s));
     qint64 at = 0;
     for (auto step : state)
         benchmark::DoNotOptimize(vasclip::files::GetPrivateProfileString(
@@ -156,8 +157,7 @@ void ReadKeys(benchmark::State& state)
 void WriteOneKey(benchmark::State& state)
 {
     const TempHome home;
-    vasclip::files::WriteProfileKeys(home.disk, kIni,
-                                     ManyKeys(state.range(0), QStringLiteral("FRONT VIEW ")));
+    vasclip::files::WriteProfileKeys(home.disk, kIni, ManyKeys(state.range(0), u"FRONT VIEW "_s));
     qint64 at = 0;
     for (auto step : state) {
         ++at;
@@ -173,8 +173,8 @@ void WriteManyKeys(benchmark::State& state)
     qint64 round = 0;
     for (auto step : state) {
         ++round;
-        vasclip::files::WriteProfileKeys(
-            home.disk, kIni, ManyKeys(state.range(0), QString::number(round) + QStringLiteral(" VIEW ")));
+        vasclip::files::WriteProfileKeys(home.disk, kIni,
+                                         ManyKeys(state.range(0), QString::number(round) + u" VIEW "_s));
     }
 }
 

@@ -22,6 +22,8 @@
 #include <random>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 using namespace vasclip;
 
 namespace {
@@ -47,29 +49,29 @@ double Best(int runs, const std::function<void()>& work)
 QString KeyOf(qint64 row)
 {
     // Spread over the index, as addresses are.
-    return QStringLiteral("%1 STREET %2").arg((row * 7919) % 100003).arg(row).leftJustified(35);
+    return u"%1 STREET %2"_s.arg((row * 7919) % 100003).arg(row).leftJustified(35);
 }
 
 void Fill(engine::Engine& engine, const QString& path, qint64 rows)
 {
     store::MakeDatabase(engine, path);
     const auto database = engine.OpenDatabase(path, engine::OpenMode::Exclusive);
-    const auto table = database->OpenRecordset(QStringLiteral("COMPS"), engine::RecordsetType::Table);
+    const auto table = database->OpenRecordset(u"COMPS"_s, engine::RecordsetType::Table);
     engine::Transaction all(*database);
     std::mt19937 random(7);
     for (qint64 row = 0; row < rows; ++row) {
         const QString key = KeyOf(row);
         table->AddNew();
-        table->SetValue(QStringLiteral("CENTRALKEY"), key);
-        table->SetValue(QStringLiteral("ADDRESS"), key);
-        table->SetValue(QStringLiteral("CITY"), QStringLiteral("Elm Grove"));
-        table->SetValue(QStringLiteral("ST"), QStringLiteral("WA"));
-        table->SetValue(QStringLiteral("ZIP"), QString::number(98000 + row % 900));
-        table->SetValue(QStringLiteral("GLA"), QString::number(700 + random() % 4000));
-        table->SetValue(QStringLiteral("SELLINGPR"), QString::number(50000 + random() % 950000));
-        table->SetValue(QStringLiteral("SALEDATE"), QStringLiteral("3/%1/2004").arg(1 + row % 28));
-        table->SetValue(QStringLiteral("PHOTOS"), QStringLiteral("FRONT VIEW|ABCDEFGH\r\n"));
-        table->SetValue(QStringLiteral("FRONT"), QStringLiteral("1"));
+        table->SetValue(u"CENTRALKEY"_s, key);
+        table->SetValue(u"ADDRESS"_s, key);
+        table->SetValue(u"CITY"_s, u"Elm Grove"_s);
+        table->SetValue(u"ST"_s, u"WA"_s);
+        table->SetValue(u"ZIP"_s, QString::number(98000 + row % 900));
+        table->SetValue(u"GLA"_s, QString::number(700 + random() % 4000));
+        table->SetValue(u"SELLINGPR"_s, QString::number(50000 + random() % 950000));
+        table->SetValue(u"SALEDATE"_s, u"3/%1/2004"_s.arg(1 + row % 28));
+        table->SetValue(u"PHOTOS"_s, u"FRONT VIEW|ABCDEFGH\r\n"_s);
+        table->SetValue(u"FRONT"_s, u"1"_s);
         table->Update();
     }
     all.Commit();
@@ -78,7 +80,7 @@ void Fill(engine::Engine& engine, const QString& path, qint64 rows)
 /// Resident memory of this process that no file backs, in bytes: what was allocated, without the page cache.
 qint64 OwnMemory()
 {
-    QFile status(QStringLiteral("/proc/self/status"));
+    QFile status(u"/proc/self/status"_s);
     if (!status.open(QIODevice::ReadOnly))
         return 0;
     for (const QByteArray& line : status.readAll().split('\n'))
@@ -132,13 +134,12 @@ int main(int argc, char** argv)
     bench::NoWindow window;
     forms::NoScreens screens;
     const forms::Ports ports{prompter, pump, clock, random, window, screens};
-    const QString path = QStringLiteral("C:\\DATABOOK.MDB");
+    const QString path = u"C:\\DATABOOK.MDB"_s;
     std::printf("%lld comps, made in %.1f s\n", static_cast<long long>(count),
                 Seconds([&] { Fill(engine, path, count); }));
 
     store::Sources sources(engine);
-    store::Connect2mdb(ports, sources.datDatabook, path, QStringLiteral("COMPS"),
-                       engine::RecordsetType::Table);
+    store::Connect2mdb(ports, sources.datDatabook, path, u"COMPS"_s, engine::RecordsetType::Table);
     sources.datsql.SetDatabaseName(path);
     Bare bare(disk.ToNative(path));
 
@@ -151,7 +152,7 @@ int main(int argc, char** argv)
     int found = 0;
     const double ours = Best(5, [&] {
         for (const QString& key : keys)
-            found += store::FindRecord(ports, sources.datDatabook, key, QStringLiteral("CENTRALKEY"));
+            found += store::FindRecord(ports, sources.datDatabook, key, u"CENTRALKEY"_s);
     });
     std::vector<QByteArray> bytes;
     for (const QString& key : keys)

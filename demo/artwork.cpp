@@ -8,6 +8,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::demo {
 namespace {
 
@@ -18,9 +20,8 @@ QByteArray Encoded(const QImage& image, const char* format)
     buffer.open(QIODevice::WriteOnly);
     QImageWriter writer(&buffer, format);
     if (!writer.write(image))
-        throw RuntimeError(error::kCorruptPicture,
-                           QStringLiteral("A %1 picture cannot be made here: %2")
-                               .arg(QString::fromLatin1(format), writer.errorString()));
+        throw RuntimeError(error::kCorruptPicture, u"A %1 picture cannot be made here: %2"_s.arg(
+                                                       QString::fromLatin1(format), writer.errorString()));
     return bytes;
 }
 
@@ -128,7 +129,6 @@ void MakeArtwork(const files::Disk& disk, const QString& directory)
     const auto write = [&](QLatin1StringView name, const QByteArray& bytes) {
         disk.WriteWhole(directory + QString(name), bytes);
     };
-    using namespace Qt::Literals::StringLiterals;
     write("Addendum_Empty.bmp"_L1, Encoded(Sheet(Mark::Empty), "bmp"));
     write("Addendum_Full.bmp"_L1, Encoded(Sheet(Mark::Full), "bmp"));
     write("Addendum_Added.bmp"_L1, Encoded(Sheet(Mark::Added), "bmp"));

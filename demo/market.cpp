@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::demo {
 namespace {
 
@@ -22,28 +24,27 @@ struct Address
 const QStringList& Notes()
 {
     static const QStringList notes{
-        QStringLiteral("Kitchen remodeled two years before the sale. Seller paid no concessions."),
-        QStringLiteral("Sold with adjoining strip along the creek; tax lots since combined."),
-        QStringLiteral("Multiple offers in the first week, closed above list."),
-        QStringLiteral("Roof replaced at time of sale, credited to buyer in escrow."),
-        QStringLiteral("Backs to the greenway. Good natural light, territorial view to the west."),
-        QStringLiteral("Estate sale, original finishes, well kept."),
-        QStringLiteral("Corner lot with alley access and room for a boat."),
-        QStringLiteral("Verified with both agents, an ordinary sale between strangers."),
-        QStringLiteral("Relocation sale through employer; typical market terms."),
-        QStringLiteral("Drainage easement along the rear line, no effect on utility."),
-        QStringLiteral("New furnace and water heater. Windows original."),
-        QStringLiteral("Walking distance to the ferry landing and the farmers market.")};
+        u"Kitchen remodeled two years before the sale. Seller paid no concessions."_s,
+        u"Sold with adjoining strip along the creek; tax lots since combined."_s,
+        u"Multiple offers in the first week, closed above list."_s,
+        u"Roof replaced at time of sale, credited to buyer in escrow."_s,
+        u"Backs to the greenway. Good natural light, territorial view to the west."_s,
+        u"Estate sale, original finishes, well kept."_s,
+        u"Corner lot with alley access and room for a boat."_s,
+        u"Verified with both agents, an ordinary sale between strangers."_s,
+        u"Relocation sale through employer; typical market terms."_s,
+        u"Drainage easement along the rear line, no effect on utility."_s,
+        u"New furnace and water heater. Windows original."_s,
+        u"Walking distance to the ferry landing and the farmers market."_s};
     return notes;
 }
 
 const QStringList& Comments()
 {
-    static const QStringList comments{QStringLiteral("Best comparable for the older part of town."),
-                                      QStringLiteral("Use with care: view not typical."),
-                                      QStringLiteral("Exterior inspected from the street."),
-                                      QStringLiteral("Interior pictures in the office file."),
-                                      QStringLiteral("Check the permit for the added bath.")};
+    static const QStringList comments{
+        u"Best comparable for the older part of town."_s, u"Use with care: view not typical."_s,
+        u"Exterior inspected from the street."_s, u"Interior pictures in the office file."_s,
+        u"Check the permit for the added bath."_s};
     return comments;
 }
 
@@ -58,7 +59,7 @@ Season SeasonOf(const QDate& date)
 /// The comp types in the shares they have in the Databook.
 QChar TypeOf(Dice& dice, int index)
 {
-    static const QString first = QStringLiteral("FCSRLM");
+    static const QString first = u"FCSRLM"_s;
     if (index < first.size())
         return first.at(index); // so that even a small home has all six
     const double at = dice.Real();
@@ -127,10 +128,9 @@ void PutWhereAndWhen(Draft& draft, const Address& address, int index)
     draft.Put("FLOODMAP", place.floodMap);
     draft.Put("COMPCODE", place.code);
     if (index != kNoRecord)
-        draft.Put("COMPID", QStringLiteral("MF%1").arg(index + 1, 5, 10, QChar(u'0')));
-    draft.Put("TAXMAPNUM", QStringLiteral("14-%1-%2")
-                               .arg(dice.Between(10, 36))
-                               .arg(dice.Between(100, 9899), 4, 10, QChar(u'0')));
+        draft.Put("COMPID", u"MF%1"_s.arg(index + 1, 5, 10, QChar(u'0')));
+    draft.Put("TAXMAPNUM",
+              u"14-%1-%2"_s.arg(dice.Between(10, 36)).arg(dice.Between(100, 9899), 4, 10, QChar(u'0')));
     const bool located = dice.Chance(0.5);
     if (located || index == kNoRecord) {
         draft.Put("LATITUDE", QString::number(address.place.latitude, 'f', 6));
@@ -140,11 +140,10 @@ void PutWhereAndWhen(Draft& draft, const Address& address, int index)
 
     const bool rental = draft.comp.type == u'R';
     const QDate closed = draft.pending || rental ? QDate(1900, 1, 1) : draft.sale;
-    draft.Put("SALEDATE", draft.pending || rental ? QStringLiteral("01/01/1900") : DateText(closed));
+    draft.Put("SALEDATE", draft.pending || rental ? u"01/01/1900"_s : DateText(closed));
     draft.Put("SALESERIAL", text::Str(static_cast<double>(text::DateSerial(closed))));
     if (!rental)
-        draft.Put("SALEFLD", draft.pending ? QStringLiteral("Pending")
-                                           : draft.sale.toString(QStringLiteral("MM/dd/yyyy")));
+        draft.Put("SALEFLD", draft.pending ? u"Pending"_s : draft.sale.toString(u"MM/dd/yyyy"_s));
     const QDate loaded = std::min(draft.sale.addDays(dice.Between(2, 40)), DemoToday());
     draft.Put("LOADDATE", DateText(loaded));
     draft.Put("LOADSERIAL", text::Str(static_cast<double>(text::DateSerial(loaded))));
@@ -152,19 +151,14 @@ void PutWhereAndWhen(Draft& draft, const Address& address, int index)
     if (!rental && !draft.pending)
         draft.Put("CONTRKDATE", DateText(draft.sale.addDays(-dice.Between(24, 60))));
 
-    draft.Put("DATASOURCE",
-              QStringLiteral("MLS #%1%2").arg(draft.sale.year() % 100).arg(dice.Between(10000, 99999)));
-    draft.Put("VERIFYSRCE",
-              dice.Pick(QStringList{QStringLiteral("County Assessor"), QStringLiteral("Public Records"),
-                                    QStringLiteral("Listing Agent"), QStringLiteral("Deed")}));
-    draft.Put("SFCONCESS1", dice.Pick(QStringList{QStringLiteral("Conv"), QStringLiteral("Conv"),
-                                                  QStringLiteral("FHA"), QStringLiteral("Cash")}));
-    draft.Put("SFCONCESS2",
-              dice.Chance(0.25) ? QString::number(dice.Between(1, 8) * 1000) : QStringLiteral("None Noted"));
+    draft.Put("DATASOURCE", u"MLS #%1%2"_s.arg(draft.sale.year() % 100).arg(dice.Between(10000, 99999)));
+    draft.Put("VERIFYSRCE", dice.Pick(QStringList{u"County Assessor"_s, u"Public Records"_s,
+                                                  u"Listing Agent"_s, u"Deed"_s}));
+    draft.Put("SFCONCESS1", dice.Pick(QStringList{u"Conv"_s, u"Conv"_s, u"FHA"_s, u"Cash"_s}));
+    draft.Put("SFCONCESS2", dice.Chance(0.25) ? QString::number(dice.Between(1, 8) * 1000) : u"None Noted"_s);
     draft.Put("DAYSONMKT", dice.Between(3, 140));
-    draft.Put("SALEHIST1", dice.Chance(0.2)
-                               ? QStringLiteral("Prior sale %1").arg(draft.sale.year() - dice.Between(2, 9))
-                               : QStringLiteral("None in 36 months"));
+    draft.Put("SALEHIST1", dice.Chance(0.2) ? u"Prior sale %1"_s.arg(draft.sale.year() - dice.Between(2, 9))
+                                            : u"None in 36 months"_s);
     if (dice.Chance(0.35))
         draft.Put("NOTES", dice.Pick(Notes()));
     if (dice.Chance(0.12))
@@ -177,7 +171,7 @@ void PutAge(Draft& draft)
     if (draft.comp.type == u'L')
         return;
     draft.Put("YEARBUILT", draft.year);
-    const int saleYear = draft.comp.fields.value(QStringLiteral("SALEDATE")).right(4).toInt();
+    const int saleYear = draft.comp.fields.value(u"SALEDATE"_s).right(4).toInt();
     if (saleYear - draft.year >= 1)
         draft.Put("AGE", saleYear - draft.year);
 }
@@ -240,11 +234,11 @@ void TakePhotos(Dice& dice, QList<Comp>& comps)
     int pictured = 0;
     for (qsizetype i = 0; i < byAddress.size(); i += 3, ++pictured) {
         QList<Photo>& photos = byAddress[i]->photos;
-        photos.append({QStringLiteral("FRONT VIEW"), NewStem(dice, stems)});
+        photos.append({u"FRONT VIEW"_s, NewStem(dice, stems)});
         if (pictured % 7 == 2)
-            photos.append({QStringLiteral("REAR VIEW"), NewStem(dice, stems)});
+            photos.append({u"REAR VIEW"_s, NewStem(dice, stems)});
         if (pictured % 9 == 2)
-            photos.append({QStringLiteral("STREET SCENE"), NewStem(dice, stems)});
+            photos.append({u"STREET SCENE"_s, NewStem(dice, stems)});
     }
 }
 
@@ -257,7 +251,7 @@ QDate DemoToday()
 
 QString DateText(const QDate& date)
 {
-    return date.toString(QStringLiteral("M/d/yyyy"));
+    return date.toString(u"M/d/yyyy"_s);
 }
 
 QList<Comp> MakeMarket(int count)
@@ -300,13 +294,13 @@ QString SubjectAddress(Subject subject)
 {
     switch (subject) {
     case Subject::OakStreet:
-        return QStringLiteral("114 Oak St");
+        return u"114 Oak St"_s;
     case Subject::FerryStreet:
-        return QStringLiteral("22 Ferry St");
+        return u"22 Ferry St"_s;
     case Subject::LaurelHill:
         break;
     }
-    return QStringLiteral("764 Laurel Hill Rd");
+    return u"764 Laurel Hill Rd"_s;
 }
 
 } // namespace vasclip::demo

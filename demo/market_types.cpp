@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::demo {
 namespace {
 
@@ -23,7 +25,7 @@ QString OneOf(Dice& dice, std::initializer_list<const char*> texts)
 
 QString GarageText(int cars)
 {
-    return cars == 0 ? QStringLiteral("None") : QStringLiteral("%1 Car Garage").arg(cars);
+    return cars == 0 ? u"None"_s : u"%1 Car Garage"_s.arg(cars);
 }
 
 void PutRooms(Draft& draft, int bedrooms, double baths)
@@ -80,9 +82,8 @@ void Draft::PutPrice(double price, int gla)
     const int rounded = static_cast<int>(price / 500 + 0.5) * 500;
     Put("SELLINGPR", rounded);
     Put("PRICEFLD", Grouped(rounded));
-    Put("PRICEGLA", gla > 0 && rounded > 0
-                        ? text::Format(static_cast<double>(rounded) / gla, QStringLiteral("###.##"))
-                        : QStringLiteral("0"));
+    Put("PRICEGLA",
+        gla > 0 && rounded > 0 ? text::Format(static_cast<double>(rounded) / gla, u"###.##"_s) : u"0"_s);
 }
 
 double Draft::Market(double perSquareFoot)
@@ -98,9 +99,9 @@ double Draft::Market(double perSquareFoot)
 void Draft::PutSite(double squareFeet)
 {
     if (squareFeet > 43560)
-        Put("SITE", QStringLiteral("%1 ac").arg(squareFeet / 43560, 0, 'f', 2));
+        Put("SITE", u"%1 ac"_s.arg(squareFeet / 43560, 0, 'f', 2));
     else
-        Put("SITE", Grouped(static_cast<int>(squareFeet / 10) * 10) + QStringLiteral(" sf"));
+        Put("SITE", Grouped(static_cast<int>(squareFeet / 10) * 10) + u" sf"_s);
 }
 
 void Draft::PutConditionAndUtility()
@@ -159,11 +160,10 @@ void PutSingleFamily(Draft& draft)
     draft.Put("DESIGNAPPL", QString::fromLatin1(style->text) + OneOf(dice, {"/Avg", "/Good", "/Average"}));
     draft.Put("STRCODE", style->stories);
     draft.Put("CTSCODE", OneOf(dice, {"T", "C", "T"}));
-    draft.Put("BASEMENT",
-              basement ? OneOf(dice, {"Full", "Partial", "900 sf"}) : QStringLiteral("Crawl Space"));
+    draft.Put("BASEMENT", basement ? OneOf(dice, {"Full", "Partial", "900 sf"}) : u"Crawl Space"_s);
     draft.Put("FINISHED", basement && dice.Chance(0.5)
                               ? OneOf(dice, {"50% Finished", "Rec Room", "75% Finished"})
-                              : QStringLiteral("None"));
+                              : u"None"_s);
     draft.Put("AC", draft.year > 1990 ? OneOf(dice, {"FWA/CAC", "Heat Pump"})
                                       : OneOf(dice, {"FWA/None", "FWA/CAC", "HWBB/None"}));
     draft.Put("ENERGYEFF1", OneOf(dice, {"Typical", "Dbl Pane Windows", "Solar Panels", "Ins. Doors"}));
@@ -171,8 +171,8 @@ void PutSingleFamily(Draft& draft)
     draft.Put("PARKING", GarageText(cars));
     draft.Put("PORCHPATI1", OneOf(dice, {"Porch/Deck", "Covered Porch", "Porch/Patio", "Deck"}));
     draft.Put("PORCHPATI2", OneOf(dice, {"Fence", "None", "Fence", "Fence/Pool"}));
-    draft.Put("FIREPLACES", fireplace ? OneOf(dice, {"1 Fireplace", "1 Fireplace", "2 Fireplaces"})
-                                      : QStringLiteral("None"));
+    draft.Put("FIREPLACES",
+              fireplace ? OneOf(dice, {"1 Fireplace", "1 Fireplace", "2 Fireplaces"}) : u"None"_s);
     draft.PutTick("STORAGE", dice.Chance(0.5));
     draft.Put("INTDECOR", OneOf(dice, {"Average", "Updated", "Good"}));
     draft.Put("OTHER1", OneOf(dice, {"None", "Sprinklers", "Workshop"}));
@@ -207,15 +207,13 @@ void PutCondo(Draft& draft)
     draft.Put("FINISHED", "None");
     draft.Put("AC", OneOf(dice, {"FWA/CAC", "Elec BB/Wall", "Heat Pump"}));
     draft.Put("ENERGYEFF1", OneOf(dice, {"Dbl Pane Windows", "Typical"}));
-    draft.Put("PARKING",
-              town ? QStringLiteral("1 Car Garage") : OneOf(dice, {"1 Assigned", "2 Assigned", "Carport"}));
+    draft.Put("PARKING", town ? u"1 Car Garage"_s : OneOf(dice, {"1 Assigned", "2 Assigned", "Carport"}));
     draft.Put("PORCHPATI1", town ? "Patio" : "Balcony");
     draft.Put("FIREPLACES", OneOf(dice, {"None", "1 Fireplace", "None"}));
     draft.PutTick("STORAGE", dice.Chance(0.6));
     draft.Put("COMMONELEM", OneOf(dice, {"Clubhouse/Pool", "Landscaping", "Clubhouse", "Pool/Court"}));
-    draft.Put("PROJSIZE", QStringLiteral("%1 Units").arg(project));
-    draft.Put("FLOORLOCAL",
-              town ? QStringLiteral("1-2") : OneOf(dice, {"1st Floor", "2nd Floor", "3rd Floor"}));
+    draft.Put("PROJSIZE", u"%1 Units"_s.arg(project));
+    draft.Put("FLOORLOCAL", town ? u"1-2"_s : OneOf(dice, {"1st Floor", "2nd Floor", "3rd Floor"}));
     draft.Put("MONTHASSES", dice.Between(36, 98) * 5);
     draft.Put("UTILFURN1", "Water/Sewer");
     draft.Put("UTILFURN2", "Garbage");
@@ -229,8 +227,8 @@ void PutUnitSale(Draft& draft)
     Dice& dice = draft.dice;
     const int units = dice.Between(2, 4);
     PutUnits(draft, units, true);
-    const int area = draft.comp.fields.value(QStringLiteral("GLA")).toInt();
-    const int rent = draft.comp.fields.value(QStringLiteral("GRSMORENT")).toInt();
+    const int area = draft.comp.fields.value(u"GLA"_s).toInt();
+    const int rent = draft.comp.fields.value(u"GRSMORENT"_s).toInt();
     const double byRent =
         rent * dice.Real(112, 134); // one after the other: operands have no order of their own
     const double byArea = draft.Market(118) * area;
@@ -256,10 +254,10 @@ void PutUnitRental(Draft& draft)
     Dice& dice = draft.dice;
     const int units = dice.Between(1, 4);
     PutUnits(draft, units, true);
-    draft.comp.fields.remove(QStringLiteral("GLA"));
+    draft.comp.fields.remove(u"GLA"_s);
     draft.Put("PRICEGLA", "0");
     draft.Put("LEASEDATE", DateText(draft.sale));
-    draft.Put("RENTFLD", Grouped(draft.comp.fields.value(QStringLiteral("MONTHRENT")).toInt()));
+    draft.Put("RENTFLD", Grouped(draft.comp.fields.value(u"MONTHRENT"_s).toInt()));
     draft.Put("RENTCONCES", OneOf(dice, {"None", "None", "First month free"}));
     draft.Put("FUNCUTIL1", OneOf(dice, {"Average", "Typical"}));
     draft.PutTick("UTILFURN1", dice.Chance(0.7));
@@ -268,8 +266,7 @@ void PutUnitRental(Draft& draft)
     draft.PutTick("FURNISHED", dice.Chance(0.2));
     draft.Put("AC", OneOf(dice, {"Elec BB/None", "FWA/None", "Wall Heat"}));
     draft.Put("PARKING", OneOf(dice, {"Open Parking", "1 Car Garage", "Street"}));
-    draft.Put("DESCRIPT1",
-              QStringLiteral("%1 unit%2 built %3").arg(units).arg(units == 1 ? u"" : u"s").arg(draft.year));
+    draft.Put("DESCRIPT1", u"%1 unit%2 built %3"_s.arg(units).arg(units == 1 ? u"" : u"s").arg(draft.year));
     draft.Put("DESCRIPT2",
               OneOf(dice, {"Walk to bus line", "Near schools", "Off-street parking", "Fenced yard"}));
     draft.Put("LOCATION", OneOf(dice, {"Suburban", "Residential", "Average"}));
@@ -285,10 +282,10 @@ void PutLand(Draft& draft)
     Dice& dice = draft.dice;
     const double acres = std::exp(dice.Real(std::log(0.3), std::log(22)));
     const int front = static_cast<int>(std::sqrt(acres * 43560) * dice.Real(0.6, 1.1) / 5) * 5;
-    draft.comp.fields.remove(QStringLiteral("YEARBUILT"));
+    draft.comp.fields.remove(u"YEARBUILT"_s);
     draft.Put("LANDSIZE", QString::number(acres, 'f', 2));
-    draft.Put("RUNFT", QStringLiteral("%1 ft").arg(front));
-    draft.Put("SITE", QStringLiteral("%1 ac").arg(acres, 0, 'f', 2));
+    draft.Put("RUNFT", u"%1 ft"_s.arg(front));
+    draft.Put("SITE", u"%1 ac"_s.arg(acres, 0, 'f', 2));
     draft.PutPrice((26000 + 34000 * std::pow(acres, 0.62)) * (0.5 + draft.place.priceFactor / 2) *
                        std::exp(0.08 * dice.Bell()),
                    0);
@@ -323,7 +320,7 @@ void PutManufactured(Draft& draft)
     draft.Put("DESIGNAPPL", wide ? "Double Wide/Avg" : "Single Wide/Avg");
     draft.Put("STRCODE", "1");
     draft.Put("CTSCODE", "C");
-    draft.Put("FUNCUTIL1", QStringLiteral("%1 x %2 ft").arg(width).arg(length));
+    draft.Put("FUNCUTIL1", u"%1 x %2 ft"_s.arg(width).arg(length));
     draft.Put("FUNCUTIL2", OneOf(dice, {"Block skirting", "Vinyl skirting"}));
     draft.Put("FUNCUTIL3", OneOf(dice, {"Tied down", "On foundation"}));
     draft.Put("FIREPLACES", OneOf(dice, {"None", "Wood stove"}));

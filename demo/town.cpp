@@ -3,6 +3,8 @@
 #include <array>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::demo {
 namespace {
 
@@ -233,13 +235,12 @@ QList<Neighbourhood> BuildTown()
         Neighbourhood place;
         place.name = Text(row.name);
         place.city = Text(row.city);
-        place.state = QStringLiteral("OR");
+        place.state = u"OR"_s;
         place.zip = Text(row.zip);
-        place.county = QStringLiteral("Calder");
+        place.county = u"Calder"_s;
         place.code = Text(row.code);
         place.tract = Text(row.tract);
-        place.floodMap =
-            QStringLiteral("41990C0%1%2").arg(dice.Between(120, 480)).arg(dice.Chance(0.5) ? u'D' : u'E');
+        place.floodMap = u"41990C0%1%2"_s.arg(dice.Between(120, 480)).arg(dice.Chance(0.5) ? u'D' : u'E');
         place.builds = Text(row.builds);
         place.priceFactor = row.priceFactor;
         place.firstYear = row.firstYear;
@@ -294,8 +295,8 @@ QStringList CityList()
 {
     QStringList cities;
     for (const Neighbourhood& place : Town()) {
-        const QString entry = place.city + QStringLiteral(", ") + place.state + QStringLiteral("  ") +
-                              place.zip + QStringLiteral("  ") + place.county;
+        const QString entry =
+            place.city + u", "_s + place.state + u"  "_s + place.zip + u"  "_s + place.county;
         if (!cities.contains(entry))
             cities.append(entry);
     }

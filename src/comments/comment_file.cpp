@@ -6,6 +6,8 @@
 #include "store/messages.h"
 #include "store/schema.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::comments {
 
 using common::RoutineScope;
@@ -49,8 +51,7 @@ void CreateCommentFile(engine::Engine& engine, const common::Globals& globals, c
 {
     const files::Disk& disk = engine.Disk();
     if (HasCommentFile(disk, path))
-        throw RuntimeError(error::kFileExists,
-                           QStringLiteral("The comment file %1 is there already").arg(path));
+        throw RuntimeError(error::kFileExists, u"The comment file %1 is there already"_s.arg(path));
     const QString pattern = globals.G_ProgramDir + kCommentTemplate;
     if (HasCommentFile(disk, pattern))
         CopyComments(engine, pattern, path);

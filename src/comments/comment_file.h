@@ -6,8 +6,10 @@
 
 namespace vasclip::comments {
 
-inline const QString kCommentFile = QStringLiteral("comments.mdb");
-inline const QString kCommentTemplate = QStringLiteral("newcmts.mdb");
+using namespace Qt::StringLiterals;
+
+inline const QString kCommentFile = u"comments.mdb"_s;
+inline const QString kCommentTemplate = u"newcmts.mdb"_s;
 
 [[nodiscard]] QString SharedCommentFile(const common::Globals& globals); ///< in G_DataDir
 [[nodiscard]] QString LocalCommentFile(const common::Globals& globals);  ///< in G_UserDir

@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::comments {
 
 using common::RoutineScope;
@@ -19,7 +21,7 @@ using engine::Transaction;
 
 namespace {
 
-const QString kKeyField = QStringLiteral("CENTRALKEY");
+const QString kKeyField = u"CENTRALKEY"_s;
 const QString kBlankKey(20, QLatin1Char(' '));
 constexpr int kInvalidCall = 5;
 
@@ -35,9 +37,8 @@ struct Walk
         if (column < 0)
             throw RuntimeError(
                 error::kFieldUnknown,
-                QStringLiteral("The comment file %1 has no library for the field %2. Let the file be updated "
-                               "when the program asks for it at the next opening")
-                    .arg(data.DatabaseName(), name));
+                u"The comment file %1 has no library for the field %2. Let the file be updated "
+                "when the program asks for it at the next opening"_s.arg(data.DatabaseName(), name));
         rows.MoveFirst();
     }
 
@@ -100,7 +101,7 @@ Stored StoreOnKey(const forms::Ports& ports, Walk& walk, const QString& text)
 void OpenCommentSource(store::DataSource& data, const QString& path)
 {
     data.SetDatabaseName(path);
-    data.SetRecordSource(QStringLiteral("COMPS"));
+    data.SetRecordSource(u"COMPS"_s);
     data.SetRecordsetType(engine::RecordsetType::Table);
     data.Refresh();
     if (!data.Recordset().Updatable())
@@ -161,11 +162,9 @@ Stored SaveTheComment(const forms::Ports& ports, store::DataSource& data, int ke
     const RoutineScope scope{"SaveTheComment"};
     Walk walk(data, column);
     if (!walk.SkipTo(keyIndex))
-        throw RuntimeError(
-            error::kNoCurrentRecord,
-            QStringLiteral("The comment file %1 has no row for this key. Open the entry screen "
-                           "anew, which adds it")
-                .arg(data.DatabaseName()));
+        throw RuntimeError(error::kNoCurrentRecord,
+                           u"The comment file %1 has no row for this key. Open the entry screen "
+                           "anew, which adds it"_s.arg(data.DatabaseName()));
     return StoreOnKey(ports, walk, text);
 }
 
@@ -267,7 +266,7 @@ bool AddPhrase(store::DataSource& data, const QString& column, const QString& te
 {
     const QString phrase = text::Trim(text);
     if (phrase.isEmpty())
-        throw RuntimeError(kInvalidCall, QStringLiteral("An empty phrase can not be added"));
+        throw RuntimeError(kInvalidCall, u"An empty phrase can not be added"_s);
     Transaction all(data.Database());
     const QStringList list = ListPhrases(data, column);
     if (list.contains(phrase))
@@ -275,11 +274,10 @@ bool AddPhrase(store::DataSource& data, const QString& column, const QString& te
     // What stands behind a gap is no part of the list, so the gap itself is free.
     Walk walk(data, column);
     if (!walk.SkipTo(kKeys + static_cast<int>(list.size())))
-        throw RuntimeError(
-            kInvalidCall, QStringLiteral("The list of %1 is full: the comment file has room for %2 phrases a "
-                                         "field. Delete one first")
-                              .arg(column)
-                              .arg(ListCapacity(data)));
+        throw RuntimeError(kInvalidCall,
+                           u"The list of %1 is full: the comment file has room for %2 phrases a "
+                           "field. Delete one first"_s.arg(column)
+                               .arg(ListCapacity(data)));
     walk.Write(phrase);
     all.Commit();
     return true;

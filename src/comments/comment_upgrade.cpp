@@ -7,14 +7,16 @@
 
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::comments {
 
 using common::RoutineScope;
 
 namespace {
 
-const QString kTable = QStringLiteral("COMPS");
-const QString kReference = QStringLiteral("newdata.mdb");
+const QString kTable = u"COMPS"_s;
+const QString kReference = u"newdata.mdb"_s;
 constexpr int kInUseByOthers = 3356;
 
 struct NewField

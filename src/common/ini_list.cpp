@@ -3,11 +3,13 @@
 #include "platform/files/profile.h"
 #include "platform/text/text.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::common {
 
 IniListPlace GeneralViews(const Globals& globals)
 {
-    return {globals.applicationIni, QStringLiteral("GENERAL VIEWS"), QStringLiteral("GENERALVIEW")};
+    return {globals.applicationIni, u"GENERAL VIEWS"_s, u"GENERALVIEW"_s};
 }
 
 void LoadList(forms::ListBox& list, const files::Disk& disk, const IniListPlace& place, int count)
@@ -27,7 +29,7 @@ bool SaveList(const forms::ListBox& list, const files::Disk& disk, const IniList
     for (int i = 0; i < list.ListCount(); ++i) {
         const QString key = place.prefix + QString::number(i + 1);
         // An empty text would be read back as the end of the list, but a null one would delete its key.
-        keys.append({place.section, key, list.List(i).isNull() ? QStringLiteral("") : list.List(i)});
+        keys.append({place.section, key, list.List(i).isNull() ? u""_s : list.List(i)});
     }
     for (const QString& key : files::ProfileKeys(disk, place.section, place.file)) {
         if (!key.startsWith(place.prefix, Qt::CaseInsensitive))

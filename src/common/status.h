@@ -4,16 +4,18 @@
 
 namespace vasclip::common {
 
+using namespace Qt::StringLiterals;
+
 /// The status line and the gauge of the main window; rules write them, the window shows them.
 struct StatusDesk
 {
     explicit StatusDesk(forms::ControlSet& set)
-        : lblmsg(set, QStringLiteral("lblmsg"))
-        , gauProgress(set, QStringLiteral("gauStatus"))
-        , cmdStop(set, QStringLiteral("cmdStop"))
+        : lblmsg(set, u"lblmsg"_s)
+        , gauProgress(set, u"gauStatus"_s)
+        , cmdStop(set, u"cmdStop"_s)
     {
-        cmdStop.SetCaption(QStringLiteral("Cancel"));
-        cmdStop.SetToolTipText(QStringLiteral("Stops after the step at work (Esc)"));
+        cmdStop.SetCaption(u"Cancel"_s);
+        cmdStop.SetToolTipText(u"Stops after the step at work (Esc)"_s);
         cmdStop.SetVisible(false);
     }
     forms::Label lblmsg;

@@ -3,16 +3,18 @@
 #include "common/ini_list.h"
 #include "platform/text/text.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::databook {
 
 namespace {
 
-const QString kComma = QStringLiteral(", ");
-const QString kBlanks = QStringLiteral("  ");
+const QString kComma = u", "_s;
+const QString kBlanks = u"  "_s;
 
 common::IniListPlace Place(const common::Globals& globals)
 {
-    return {globals.applicationIni, QStringLiteral("CITIES"), QStringLiteral("CITY")};
+    return {globals.applicationIni, u"CITIES"_s, u"CITY"_s};
 }
 
 QString Clean(QString part)

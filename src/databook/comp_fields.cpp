@@ -10,17 +10,19 @@
 
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::databook {
 
 using common::RoutineScope;
 
 namespace {
 
-const QString kStoredPicture = QStringLiteral("mm/dd/yyyy");
-const QString kLoadDate = QStringLiteral("LOADDATE");
-const QString kLoadSerial = QStringLiteral("LOADSERIAL");
-const QString kSaleDate = QStringLiteral("SALEDATE");
-const QString kSaleSerial = QStringLiteral("SALESERIAL");
+const QString kStoredPicture = u"mm/dd/yyyy"_s;
+const QString kLoadDate = u"LOADDATE"_s;
+const QString kLoadSerial = u"LOADSERIAL"_s;
+const QString kSaleDate = u"SALEDATE"_s;
+const QString kSaleSerial = u"SALESERIAL"_s;
 
 void StoreLoadDate(store::DataSource& source, QDate today)
 {
@@ -55,8 +57,8 @@ QString PriceGla(const QString& sellingPrice, const QString& gla)
     const double price = text::Val(sellingPrice);
     const double area = text::Val(gla);
     if (price == 0 || area == 0)
-        return QStringLiteral("0");
-    return text::Format(price / area, QStringLiteral("###.##"));
+        return u"0"_s;
+    return text::Format(price / area, u"###.##"_s);
 }
 
 QString AgeText(const QString& yearBuilt, const QString& saleDate, QDate today)
@@ -156,7 +158,7 @@ void ErrSaveSaleDate(const forms::Ports& ports, store::DataSource& source, forms
         box.SetText(date);
     }
     ErrSetSaleDate(ports, source, date);
-    store::Updateandfind(ports, source, store::GetFieldData(source, QStringLiteral("CENTRALKEY")));
+    store::Updateandfind(ports, source, store::GetFieldData(source, u"CENTRALKEY"_s));
 }
 
 } // namespace vasclip::databook

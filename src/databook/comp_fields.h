@@ -8,8 +8,10 @@
 
 namespace vasclip::databook {
 
+using namespace Qt::StringLiterals;
+
 /// The sale date of a pending sale, as it is stored.
-inline const QString kPendingDate = QStringLiteral("01/01/1900");
+inline const QString kPendingDate = u"01/01/1900"_s;
 
 /// Price per living area: "0" if either `Val` is 0, else the quotient in the picture "###.##" (so 100 is
 /// "100.").

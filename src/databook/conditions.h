@@ -4,8 +4,10 @@
 
 namespace vasclip::databook {
 
+using namespace Qt::StringLiterals;
+
 /// The quick find's chip; those of a search bear the names of their boxes.
-inline const QString kQuickFindChip = QStringLiteral("txtQuickFind");
+inline const QString kQuickFindChip = u"txtQuickFind"_s;
 
 /// What the records in the grid have in common, in an appraiser's words: a chip for each condition of the search
 /// on display, and one for the quick find.

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::databook {
 
 using common::RoutineScope;
@@ -16,7 +18,7 @@ using common::RoutineScope;
 namespace {
 
 constexpr qsizetype kNamed = 10;
-const QString kKeyField = QStringLiteral("CENTRALKEY");
+const QString kKeyField = u"CENTRALKEY"_s;
 
 QString Listed(QStringList lines)
 {
@@ -54,11 +56,11 @@ void DeleteOne(const RecordWork& work, const QString& key, Tally& tally)
         if (result || result.outcome == RecordOutcome::NotFound)
             ++tally.deleted;
         else
-            tally.failed.append(key + QStringLiteral(": ") + result.message);
+            tally.failed.append(key + u": "_s + result.message);
         if (result && !result.message.isEmpty())
             tally.pictures.append(result.message);
     } catch (const RuntimeError& failure) {
-        tally.failed.append(key + QStringLiteral(": ") + failure.Description());
+        tally.failed.append(key + u": "_s + failure.Description());
     }
 }
 

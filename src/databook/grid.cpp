@@ -7,6 +7,8 @@
 
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::databook {
 
 using common::RoutineScope;
@@ -45,9 +47,9 @@ constexpr std::array kOrders = {Order{Text("ADDRESS"), false},  Order{Text("SALE
                                 Order{Text("SELLINGPR"), true}, Order{Text("GLA"), true},
                                 Order{Text("PRICEGLA"), true},  Order{Text("LOADDATE"), true}};
 
-const QString kShortDate = QStringLiteral("Short Date");
-const QString kFormatText = QStringLiteral("FormatText Event");
-const QString kPending = QStringLiteral("01/01/1900");
+const QString kShortDate = u"Short Date"_s;
+const QString kFormatText = u"FormatText Event"_s;
+const QString kPending = u"01/01/1900"_s;
 constexpr QChar kFrontMark(0x25CF); // a black circle
 
 QString FormatOf(const QString& field)
@@ -61,18 +63,18 @@ QString FormatOf(const QString& field)
 QString PhotoViews(const QString& stored)
 {
     QStringList views;
-    for (const QString& line : stored.split(QStringLiteral("\r\n"))) {
+    for (const QString& line : stored.split(u"\r\n"_s)) {
         const QString view = text::Trim(line.section(QLatin1Char('|'), 0, 0));
         if (!view.isEmpty())
             views.append(view);
     }
-    return views.join(QStringLiteral(", "));
+    return views.join(u", "_s);
 }
 
 QString OneLine(const QString& stored)
 {
     QString line = stored;
-    line.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
+    line.replace(u"\r\n"_s, u" "_s);
     line.replace(QLatin1Char('\r'), QLatin1Char(' '));
     line.replace(QLatin1Char('\n'), QLatin1Char(' '));
     return text::RTrim(line);
@@ -82,13 +84,13 @@ QString OneLine(const QString& stored)
 
 const QString& SelectAllText()
 {
-    static const QString select = QStringLiteral(
-        "SELECT COMPS.FRONT,COMPS.CENTRALKEY,COMPS.ADDRESS, COMPS.PHOTOS, COMPS.CITY, COMPS.ST, COMPS.ZIP, "
+    static const QString select =
+        u"SELECT COMPS.FRONT,COMPS.CENTRALKEY,COMPS.ADDRESS, COMPS.PHOTOS, COMPS.CITY, COMPS.ST, COMPS.ZIP, "
         "COMPS.COUNTY, COMPS.NEIGHBORHD, COMPS.CENSUSTRCT, COMPS.TAXMAPNUM, COMPS.GLA, COMPS.SELLINGPR, "
         "COMPS.PRICEGLA, COMPS.BEDROOM, COMPS.BATH, COMPS.AGE, COMPS.APPRSLTYPE, COMPS.STRCODE, "
         "COMPS.CTSCODE, "
         "COMPS.LOADDATE, COMPS.SALEDATE, COMPS.PORCHPATI2, COMPS.BASEMENT, COMPS.LONGITUDE, COMPS.LATITUDE, "
-        "COMPS.ANCHORED, COMPS.DESIGNAPPL, COMPS.NOTES FROM COMPS");
+        "COMPS.ANCHORED, COMPS.DESIGNAPPL, COMPS.NOTES FROM COMPS"_s;
     return select;
 }
 
@@ -97,8 +99,7 @@ QString OrderByText(int sortGrid)
     if (sortGrid < 1 || sortGrid > static_cast<int>(kOrders.size()))
         return {};
     const Order& order = kOrders[static_cast<std::size_t>(sortGrid - 1)];
-    return QStringLiteral(" ORDER BY COMPS.") + order.field +
-           (order.descending ? QStringLiteral(" DESC") : QString());
+    return u" ORDER BY COMPS."_s + order.field + (order.descending ? u" DESC"_s : QString());
 }
 
 int SortGridOf(const QString& field)
@@ -278,7 +279,7 @@ void DisplayAllRecords(const forms::Ports& ports, RecordDesk& desk, store::DataS
     rows.Follow(desk.grddatabook);
     desk.grddatabook.Rebind(&rows);
     desk.grddatabook.Refresh();
-    desk.txtcentralkey.SetText(text::Trim(desk.grddatabook.CurrentText(QStringLiteral("CENTRALKEY"))));
+    desk.txtcentralkey.SetText(text::Trim(desk.grddatabook.CurrentText(u"CENTRALKEY"_s)));
 }
 
 } // namespace vasclip::databook

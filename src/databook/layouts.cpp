@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::databook {
 
 using common::RoutineScope;
@@ -19,15 +21,13 @@ namespace {
 constexpr int kVersion = 1;
 constexpr int kMinWidth = 16;
 constexpr int kMaxWidth = 4000;
-const QString kFormat = QStringLiteral("vasclip grid layouts");
+const QString kFormat = u"vasclip grid layouts"_s;
 
 [[noreturn]] void Refuse(const QString& file, const QString& why)
 {
-    throw RuntimeError(
-        kInvalidLayoutFile,
-        QStringLiteral("The grid layout file %1 can't be used: %2. Move it away or restore its backup "
-                       "(.gbk), then try again")
-            .arg(file, why));
+    throw RuntimeError(kInvalidLayoutFile,
+                       u"The grid layout file %1 can't be used: %2. Move it away or restore its backup "
+                       "(.gbk), then try again"_s.arg(file, why));
 }
 
 bool SameName(const QString& one, const QString& other)
@@ -38,13 +38,13 @@ bool SameName(const QString& one, const QString& other)
 LayoutColumn ParseColumn(const QJsonValue& value, const QString& file, const QString& layoutName)
 {
     const QJsonObject object = value.toObject();
-    const QString field = object.value(QStringLiteral("field")).toString();
-    const QJsonValue visible = object.value(QStringLiteral("visible"));
-    const QJsonValue width = object.value(QStringLiteral("width"));
+    const QString field = object.value(u"field"_s).toString();
+    const QJsonValue visible = object.value(u"visible"_s);
+    const QJsonValue width = object.value(u"width"_s);
     if (field.isEmpty() || !visible.isBool() || !width.isDouble())
-        Refuse(file, QStringLiteral(
-                         "a column of the layout \"%1\" lacks its field, its width or whether it is visible")
-                         .arg(layoutName));
+        Refuse(file,
+               u"a column of the layout \"%1\" lacks its field, its width or whether it is visible"_s.arg(
+                   layoutName));
     return {field, visible.toBool(),
             static_cast<int>(std::clamp<double>(width.toDouble(), kMinWidth, kMaxWidth))};
 }
@@ -53,10 +53,10 @@ Layout ParseLayout(const QJsonValue& value, const QString& file)
 {
     const QJsonObject object = value.toObject();
     Layout layout;
-    layout.name = object.value(QStringLiteral("name")).toString();
-    const QJsonValue columns = object.value(QStringLiteral("columns"));
+    layout.name = object.value(u"name"_s).toString();
+    const QJsonValue columns = object.value(u"columns"_s);
     if (text::Trim(layout.name).isEmpty() || !columns.isArray())
-        Refuse(file, QStringLiteral("one of its layouts has no name or no columns"));
+        Refuse(file, u"one of its layouts has no name or no columns"_s);
     for (const QJsonValue column : columns.toArray())
         layout.columns.append(ParseColumn(column, file, layout.name));
     return layout;
@@ -92,7 +92,7 @@ void Retire(const files::Disk& disk, const QString& file)
         RefreshLayoutFile(disk, file);
         return;
     }
-    const QString aside = file.chopped(3) + QStringLiteral("bad");
+    const QString aside = file.chopped(3) + u"bad"_s;
     if (disk.Found(aside))
         disk.Kill(aside);
     disk.Name(file, aside);
@@ -125,21 +125,17 @@ LayoutFile LayoutFile::Parse(const QByteArray& content, const QString& file)
     QJsonParseError failure;
     const QJsonDocument document = QJsonDocument::fromJson(content, &failure);
     if (failure.error != QJsonParseError::NoError)
-        Refuse(
-            file,
-            QStringLiteral("it is damaged at byte %1 (%2)").arg(failure.offset).arg(failure.errorString()));
+        Refuse(file, u"it is damaged at byte %1 (%2)"_s.arg(failure.offset).arg(failure.errorString()));
     const QJsonObject root = document.object();
-    if (root.value(QStringLiteral("format")).toString() != kFormat)
-        Refuse(file, QStringLiteral("it is no list of grid layouts of this program"));
-    const int version = root.value(QStringLiteral("version")).toInt();
+    if (root.value(u"format"_s).toString() != kFormat)
+        Refuse(file, u"it is no list of grid layouts of this program"_s);
+    const int version = root.value(u"version"_s).toInt();
     if (version != kVersion)
-        Refuse(
-            file,
-            QStringLiteral("it has version %1 and this program reads version %2").arg(version).arg(kVersion));
-    if (!root.value(QStringLiteral("layouts")).isArray())
-        Refuse(file, QStringLiteral("it has no list of layouts"));
+        Refuse(file, u"it has version %1 and this program reads version %2"_s.arg(version).arg(kVersion));
+    if (!root.value(u"layouts"_s).isArray())
+        Refuse(file, u"it has no list of layouts"_s);
     LayoutFile layouts;
-    for (const QJsonValue layout : root.value(QStringLiteral("layouts")).toArray())
+    for (const QJsonValue layout : root.value(u"layouts"_s).toArray())
         layouts.Add(ParseLayout(layout, file));
     return layouts;
 }
@@ -191,15 +187,11 @@ QByteArray LayoutFile::Text() const
     for (const Layout& layout : m_layouts) {
         QJsonArray columns;
         for (const LayoutColumn& column : layout.columns)
-            columns.append(QJsonObject{{QStringLiteral("field"), column.field},
-                                       {QStringLiteral("visible"), column.visible},
-                                       {QStringLiteral("width"), column.width}});
-        layouts.append(
-            QJsonObject{{QStringLiteral("name"), layout.name}, {QStringLiteral("columns"), columns}});
+            columns.append(QJsonObject{
+                {u"field"_s, column.field}, {u"visible"_s, column.visible}, {u"width"_s, column.width}});
+        layouts.append(QJsonObject{{u"name"_s, layout.name}, {u"columns"_s, columns}});
     }
-    const QJsonObject root{{QStringLiteral("format"), kFormat},
-                           {QStringLiteral("version"), kVersion},
-                           {QStringLiteral("layouts"), layouts}};
+    const QJsonObject root{{u"format"_s, kFormat}, {u"version"_s, kVersion}, {u"layouts"_s, layouts}};
     return QJsonDocument(root).toJson(QJsonDocument::Indented);
 }
 
@@ -243,7 +235,7 @@ void RefreshLayoutFile(const files::Disk& disk, const QString& file)
 {
     const RoutineScope scope{"RefreshLayoutFile"};
     if (disk.Found(file) && IsReadable(disk, file)) {
-        const QString backup = file.chopped(2) + QStringLiteral("bk");
+        const QString backup = file.chopped(2) + u"bk"_s;
         if (!disk.FileExists(backup) || disk.ReadWhole(backup) != disk.ReadWhole(file))
             disk.FileCopy(file, backup);
     }

@@ -9,6 +9,8 @@
 
 namespace vasclip::databook {
 
+using namespace Qt::StringLiterals;
+
 /// What a layout keeps of a column: its field, whether it shows, its width; the order is the order of the
 /// list.
 struct LayoutColumn
@@ -53,12 +55,12 @@ private:
 inline constexpr int kInvalidLayoutFile = 321;
 
 /// The two files, both in the program directory: the user's and the program's own.
-inline const QString kUserLayouts = QStringLiteral("VAS2000.grx");
-inline const QString kProgramLayouts = QStringLiteral("default.grx");
+inline const QString kUserLayouts = u"VAS2000.grx"_s;
+inline const QString kProgramLayouts = u"default.grx"_s;
 
 /// Names of the two layouts that the program keeps itself.
-inline const QString kDefaultLayout = QStringLiteral("Default");
-inline const QString kCurrentLayout = QStringLiteral("Current (User)");
+inline const QString kDefaultLayout = u"Default"_s;
+inline const QString kCurrentLayout = u"Current (User)"_s;
 
 /// Saves the grid's layout under a name. A damaged or foreign file is left alone. @throws as LayoutFile
 void SaveGrid(const files::Disk& disk, const forms::Grid& grid, const QString& file,

@@ -8,6 +8,8 @@
 #include "store/messages.h"
 #include "store/store.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::databook {
 
 using common::RoutineScope;
@@ -48,7 +50,7 @@ void Rename(const RecordWork& work, RenameMode mode)
     if (!work.desk.VerifyAddress(work.status))
         return;
     const QString key = WantedKey(work);
-    if (!store::FindRecord(work.ports, work.databook, key, QStringLiteral("CENTRALKEY"))) {
+    if (!store::FindRecord(work.ports, work.databook, key, u"CENTRALKEY"_s)) {
         Refuse(work, {RecordOutcome::NotFound, kNoSuchAddress.arg(key)});
         return;
     }
@@ -93,7 +95,7 @@ void CompEditRecord(const RecordWork& work)
     if (!work.desk.VerifyAddress(work.status))
         return;
     const QString key = WantedKey(work);
-    if (store::FindRecord(work.ports, work.databook, key, QStringLiteral("CENTRALKEY")))
+    if (store::FindRecord(work.ports, work.databook, key, u"CENTRALKEY"_s))
         Open(work, key);
     else
         Refuse(work, {RecordOutcome::NotFound, kNoSuchAddress.arg(key)});
@@ -105,7 +107,7 @@ void CompDeleteRecord(const RecordWork& work)
     if (!work.desk.SetAppraisalType(work.status) || !work.desk.VerifyAddress(work.status))
         return;
     const QString key = WantedKey(work);
-    if (!store::FindRecord(work.ports, work.databook, key, QStringLiteral("CENTRALKEY"))) {
+    if (!store::FindRecord(work.ports, work.databook, key, u"CENTRALKEY"_s)) {
         Refuse(work, {RecordOutcome::NotFound, kNoSuchAddress.arg(key)});
         return;
     }

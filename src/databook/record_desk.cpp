@@ -6,51 +6,52 @@
 #include "platform/text/text.h"
 #include "store/store.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::databook {
 
 using common::RoutineScope;
 
 RecordDesk::RecordDesk(forms::ControlSet& set)
-    : lblAddingaComp(set, QStringLiteral("lblAddingaComp"))
-    , txtcentralkey(set, QStringLiteral("txtcentralkey"))
-    , cboapprslType(set, QStringLiteral("cboapprslType"))
-    , cmdAdd(set, QStringLiteral("cmdAdd"))
-    , cmdCopy(set, QStringLiteral("cmdCopy"))
-    , cmdDelete(set, QStringLiteral("cmdDelete"))
-    , cmdRename(set, QStringLiteral("cmdRename"))
-    , cmdEdit(set, QStringLiteral("cmdEdit"))
-    , cmdSearch(set, QStringLiteral("cmdSearch"))
-    , cmdAddManual(set, QStringLiteral("cmdAddManual"))
-    , txtQuickFind(set, QStringLiteral("txtQuickFind"))
-    , lstConditions(set, QStringLiteral("lstConditions"))
-    , cmdShowAll(set, QStringLiteral("cmdShowAll"))
-    , grddatabook(set, QStringLiteral("grddatabook"))
-    , cmdPrint(set, QStringLiteral("cmdPrint"))
-    , cmdRefresh(set, QStringLiteral("cmdRefresh"))
-    , cmdDetails(set, QStringLiteral("cmdDetails"))
-    , lblDatabookADDR(set, QStringLiteral("lblDatabookADDR"))
+    : lblAddingaComp(set, u"lblAddingaComp"_s)
+    , txtcentralkey(set, u"txtcentralkey"_s)
+    , cboapprslType(set, u"cboapprslType"_s)
+    , cmdAdd(set, u"cmdAdd"_s)
+    , cmdCopy(set, u"cmdCopy"_s)
+    , cmdDelete(set, u"cmdDelete"_s)
+    , cmdRename(set, u"cmdRename"_s)
+    , cmdEdit(set, u"cmdEdit"_s)
+    , cmdSearch(set, u"cmdSearch"_s)
+    , cmdAddManual(set, u"cmdAddManual"_s)
+    , txtQuickFind(set, u"txtQuickFind"_s)
+    , lstConditions(set, u"lstConditions"_s)
+    , cmdShowAll(set, u"cmdShowAll"_s)
+    , grddatabook(set, u"grddatabook"_s)
+    , cmdPrint(set, u"cmdPrint"_s)
+    , cmdRefresh(set, u"cmdRefresh"_s)
+    , cmdDetails(set, u"cmdDetails"_s)
+    , lblDatabookADDR(set, u"lblDatabookADDR"_s)
 {
-    lblAddingaComp.SetCaption(QStringLiteral("Add a Comp"));
-    cmdAdd.SetCaption(QStringLiteral("&Add"));
-    cmdCopy.SetCaption(QStringLiteral("&Copy"));
-    cmdDelete.SetCaption(QStringLiteral("De&lete"));
-    cmdRename.SetCaption(QStringLiteral("Re&name"));
-    cmdEdit.SetCaption(QStringLiteral("&Edit"));
-    cmdSearch.SetCaption(QStringLiteral("Search"));
-    cmdAddManual.SetCaption(QStringLiteral("Add Man&ually"));
-    txtcentralkey.SetToolTipText(
-        QStringLiteral("Address of a comp (Ins in the grid). Enter adds it, or edits one "
-                       "that is there"));
-    cmdAdd.SetToolTipText(QStringLiteral("Add a comp of this address (Enter in the address)"));
-    cmdCopy.SetToolTipText(QStringLiteral("Copy the record to another address (Ctrl+Shift+C)"));
-    cmdDelete.SetToolTipText(QStringLiteral("Delete the record and its photos (Del)"));
-    cmdRename.SetToolTipText(QStringLiteral("Give the record another address (Ctrl+R)"));
-    cmdEdit.SetToolTipText(QStringLiteral("Edit the record (Ctrl+E)"));
-    cmdPrint.SetCaption(QStringLiteral("Print Comps"));
-    cmdRefresh.SetCaption(QStringLiteral("Refresh Grid"));
-    cmdDetails.SetCaption(QStringLiteral("Current Details"));
-    cmdShowAll.SetCaption(QStringLiteral("Show all records"));
-    cmdShowAll.SetToolTipText(QStringLiteral("Ends the search and empties the quick find"));
+    lblAddingaComp.SetCaption(u"Add a Comp"_s);
+    cmdAdd.SetCaption(u"&Add"_s);
+    cmdCopy.SetCaption(u"&Copy"_s);
+    cmdDelete.SetCaption(u"De&lete"_s);
+    cmdRename.SetCaption(u"Re&name"_s);
+    cmdEdit.SetCaption(u"&Edit"_s);
+    cmdSearch.SetCaption(u"Search"_s);
+    cmdAddManual.SetCaption(u"Add Man&ually"_s);
+    txtcentralkey.SetToolTipText(u"Address of a comp (Ins in the grid). Enter adds it, or edits one "
+                                 "that is there"_s);
+    cmdAdd.SetToolTipText(u"Add a comp of this address (Enter in the address)"_s);
+    cmdCopy.SetToolTipText(u"Copy the record to another address (Ctrl+Shift+C)"_s);
+    cmdDelete.SetToolTipText(u"Delete the record and its photos (Del)"_s);
+    cmdRename.SetToolTipText(u"Give the record another address (Ctrl+R)"_s);
+    cmdEdit.SetToolTipText(u"Edit the record (Ctrl+E)"_s);
+    cmdPrint.SetCaption(u"Print Comps"_s);
+    cmdRefresh.SetCaption(u"Refresh Grid"_s);
+    cmdDetails.SetCaption(u"Current Details"_s);
+    cmdShowAll.SetCaption(u"Show all records"_s);
+    cmdShowAll.SetToolTipText(u"Ends the search and empties the quick find"_s);
 }
 
 void RecordDesk::LoadCompType()
@@ -101,20 +102,20 @@ void RecordDesk::CheckStatus(const forms::Ports& ports, store::DataSource& datab
         status.lblmsg.Show(kKeyMissing, forms::Colour::Blue);
         return;
     }
-    if (!store::FindRecord(ports, databook, key, QStringLiteral("CENTRALKEY"))) {
+    if (!store::FindRecord(ports, databook, key, u"CENTRALKEY"_s)) {
         status.lblmsg.Show(key + kWasNotFound, forms::Colour::Blue);
-        ButtonStatus(QStringLiteral("Not Found"));
-        SetAppraisalType(QStringLiteral(" "));
+        ButtonStatus(u"Not Found"_s);
+        SetAppraisalType(u" "_s);
         return;
     }
     status.lblmsg.Show(key + kWasFound, forms::Colour::Blue);
-    ButtonStatus(QStringLiteral("Found"));
+    ButtonStatus(u"Found"_s);
     const RoutineScope step{"Determine Comp Type"};
-    const QVariant type = databook.Recordset().Value(QStringLiteral("APPRSLTYPE"));
+    const QVariant type = databook.Recordset().Value(u"APPRSLTYPE"_s);
     const QString code = text::Trim(type.toString());
     if (CompTypeLetter(code).isNull())
         cboapprslType.SetText(code); // not the type of the record before
-    SetAppraisalType(code.isEmpty() ? QStringLiteral(" ") : code);
+    SetAppraisalType(code.isEmpty() ? u" "_s : code);
 }
 
 void RecordDesk::ShowNone()
@@ -123,7 +124,7 @@ void RecordDesk::ShowNone()
     lblDatabookADDR.SetCaption({});
     cboapprslType.SetListIndex(-1);
     cboapprslType.SetText({});
-    ButtonStatus(QStringLiteral("Not Found"));
+    ButtonStatus(u"Not Found"_s);
 }
 
 void RecordDesk::ButtonStatus(const QString& state)

@@ -13,15 +13,17 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::databook {
 
 using common::RoutineScope;
 
 namespace {
 
-const QString kKey = QStringLiteral("CENTRALKEY");
-const QString kAddress = QStringLiteral("ADDRESS");
-const QString kType = QStringLiteral("APPRSLTYPE");
+const QString kKey = u"CENTRALKEY"_s;
+const QString kAddress = u"ADDRESS"_s;
+const QString kType = u"APPRSLTYPE"_s;
 
 constexpr int kRecordDeleted = 3167; ///< by somebody else
 
@@ -172,8 +174,7 @@ RecordResult DeleteRecord(const forms::Ports& ports, store::DataSource& databook
     QStringList stems;
     const RecordResult deleted = AsOne(ports, databook, address, address, [&] {
         stems.clear();
-        for (const auto& [view, stem] :
-             photos::ParsePhotos(store::GetFieldData(databook, QStringLiteral("PHOTOS"))))
+        for (const auto& [view, stem] : photos::ParsePhotos(store::GetFieldData(databook, u"PHOTOS"_s)))
             stems.append(stem);
         store::Change::Delete(databook, kDeleteWords.arg(KeyOf(address)));
     });
@@ -182,7 +183,7 @@ RecordResult DeleteRecord(const forms::Ports& ports, store::DataSource& databook
     const QStringList left = photos::DeletePhotos(ports, pictures.disk, pictures.photoDir, stems);
     if (left.isEmpty())
         return deleted;
-    return {RecordOutcome::Done, kPicturesLeft.arg(KeyOf(address), left.join(QStringLiteral(", ")))};
+    return {RecordOutcome::Done, kPicturesLeft.arg(KeyOf(address), left.join(u", "_s))};
 }
 
 RecordResult CopyRecord(const forms::Ports& ports, store::DataSource& databook, const QString& address,
@@ -206,9 +207,9 @@ RecordResult CopyRecord(const forms::Ports& ports, store::DataSource& databook, 
                 change.Set(fields.at(i).name, values.at(i));
         SetSized(databook, newAddress, kAddress);
         SetSized(databook, KeyOf(newAddress), kKey);
-        for (const QString& photos : {QStringLiteral("FRONT"), QStringLiteral("PHOTOS")})
+        for (const QString& photos : {u"FRONT"_s, u"PHOTOS"_s})
             if (recordset.FieldIndex(photos) >= 0)
-                store::SetFieldData(databook, QStringLiteral(" "), photos);
+                store::SetFieldData(databook, u" "_s, photos);
         change.Store();
     });
     return Found(ports, databook, newAddress, copied);

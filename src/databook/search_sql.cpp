@@ -7,6 +7,8 @@
 #include <array>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::databook {
 
 using Text = QLatin1StringView;
@@ -51,7 +53,7 @@ constexpr std::array kFields = {
 /// The text so far, ready for one more condition.
 QString Joined(const QString& where)
 {
-    return where.isEmpty() ? QString() : where + QStringLiteral(" AND ");
+    return where.isEmpty() ? QString() : where + u" AND "_s;
 }
 
 QString NumberText(double value)
@@ -63,7 +65,7 @@ QString NumberText(double value)
 QString Filtered(const QString& sql, const QString& condition)
 {
     const bool filtered = sql.toUpper().contains(Text("WHERE"));
-    return sql + (filtered ? QStringLiteral(" AND ") : QStringLiteral(" WHERE ")) + condition;
+    return sql + (filtered ? u" AND "_s : u" WHERE "_s) + condition;
 }
 
 } // namespace
@@ -84,8 +86,7 @@ QString AddEqual(const QString& where, const QString& field, const QString& valu
     const QString wanted = text::Folded(value);
     if (wanted.isEmpty())
         return where;
-    return Joined(where) + QStringLiteral("UCASE(") + field + QStringLiteral(") = '") + wanted +
-           QLatin1Char('\'');
+    return Joined(where) + u"UCASE("_s + field + u") = '"_s + wanted + QLatin1Char('\'');
 }
 
 QString AddLike(const QString& where, const QString& field, const QString& value, bool wildcards)
@@ -93,9 +94,9 @@ QString AddLike(const QString& where, const QString& field, const QString& value
     const QString wanted = text::Folded(value);
     if (wanted.isEmpty())
         return where;
-    const QString wildcard = wildcards ? QStringLiteral("*") : QString();
-    return Joined(where) + QStringLiteral("UCASE(") + field + QStringLiteral(") LIKE '") + wildcard + wanted +
-           wildcard + QLatin1Char('\'');
+    const QString wildcard = wildcards ? u"*"_s : QString();
+    return Joined(where) + u"UCASE("_s + field + u") LIKE '"_s + wildcard + wanted + wildcard +
+           QLatin1Char('\'');
 }
 
 QString AddNumericRange(const QString& where, const QString& field, const QString& value,
@@ -105,8 +106,8 @@ QString AddNumericRange(const QString& where, const QString& field, const QStrin
         return where;
     const double middle = NumberOf(value);
     const double width = NumberOf(range);
-    return Joined(where) + field + QStringLiteral(" BETWEEN ") + NumberText(middle - width) +
-           QStringLiteral(" AND ") + NumberText(middle + width);
+    return Joined(where) + field + u" BETWEEN "_s + NumberText(middle - width) + u" AND "_s +
+           NumberText(middle + width);
 }
 
 QString AddTextRange(const QString& where, const QString& field, const QString& value, const QString& range)
@@ -115,19 +116,19 @@ QString AddTextRange(const QString& where, const QString& field, const QString& 
         return where;
     const double middle = NumberOf(value);
     const double width = NumberOf(range);
-    return Joined(where) + field + QStringLiteral(" BETWEEN VAL('") + NumberText(middle - width) +
-           QStringLiteral("') AND VAL('") + NumberText(middle + width) + QStringLiteral("')");
+    return Joined(where) + field + u" BETWEEN VAL('"_s + NumberText(middle - width) + u"') AND VAL('"_s +
+           NumberText(middle + width) + u"')"_s;
 }
 
 QString DateComparison(const QString& range)
 {
     const QString wanted = text::Folded(range);
     if (wanted == Text("ON OR PRIOR") || wanted == Text("ON OR PRIOR TO"))
-        return QStringLiteral("<=");
+        return u"<="_s;
     if (wanted == Text("EQUAL") || wanted == Text("EQUAL TO"))
-        return QStringLiteral("=");
+        return u"="_s;
     if (wanted == Text("ON OR AFTER") || wanted == Text("ON OR AFTER TO"))
-        return QStringLiteral(">=");
+        return u">="_s;
     return {};
 }
 
@@ -137,18 +138,18 @@ QString AddDate(const QString& where, const QString& field, const QString& date,
     if (wanted.isEmpty())
         return where;
     const QString range = text::Trim(comparison).isEmpty() ? kOnOrAfter : comparison;
-    return Joined(where) + QStringLiteral("COMPS.") + field + DateComparison(range) + QLatin1Char('#') +
-           wanted + QLatin1Char('#');
+    return Joined(where) + u"COMPS."_s + field + DateComparison(range) + QLatin1Char('#') + wanted +
+           QLatin1Char('#');
 }
 
 const QString& SearchColumns()
 {
-    static const QString columns = QStringLiteral(
-        "COMPS.FRONT,COMPS.CENTRALKEY,COMPS.ADDRESS, COMPS.PHOTOS, COMPS.CITY, COMPS.ST, COMPS.ZIP, "
+    static const QString columns =
+        u"COMPS.FRONT,COMPS.CENTRALKEY,COMPS.ADDRESS, COMPS.PHOTOS, COMPS.CITY, COMPS.ST, COMPS.ZIP, "
         "COMPS.COUNTY, COMPS.NEIGHBORHD, COMPS.CENSUSTRCT, COMPS.TAXMAPNUM, COMPS.GLA, COMPS.SELLINGPR, "
         "COMPS.PRICEGLA, COMPS.BEDROOM, COMPS.BATH, COMPS.AGE, COMPS.APPRSLTYPE, COMPS.STRCODE, "
         "COMPS.CTSCODE, COMPS.LOADDATE, COMPS.SALEDATE, COMPS.PORCHPATI2, COMPS.BASEMENT, COMPS.PHOTOS, "
-        "COMPS.LONGITUDE, COMPS.LATITUDE, COMPS.ANCHORED, Comps.DESIGNAPPL, COMPS.LANDSIZE, COMPS.NOTES");
+        "COMPS.LONGITUDE, COMPS.LATITUDE, COMPS.ANCHORED, Comps.DESIGNAPPL, COMPS.LANDSIZE, COMPS.NOTES"_s;
     return columns;
 }
 
@@ -181,15 +182,15 @@ SearchStatement BuildSearch(const SearchForm& form)
         }
     }
     SearchStatement statement;
-    statement.sql = QStringLiteral("SELECT ") + SearchColumns() + QStringLiteral(" FROM COMPS") +
-                    (where.isEmpty() ? QString() : QStringLiteral(" WHERE ") + where);
+    statement.sql = u"SELECT "_s + SearchColumns() + u" FROM COMPS"_s +
+                    (where.isEmpty() ? QString() : u" WHERE "_s + where);
     // A sort by a date stored as text: rows without a date have no place in it.
     if (form.sort == 2)
-        statement.sql = Filtered(statement.sql, QStringLiteral("ISDATE(COMPS.SALEDATE)"));
+        statement.sql = Filtered(statement.sql, u"ISDATE(COMPS.SALEDATE)"_s);
     else if (form.sort == 6)
-        statement.sql = Filtered(statement.sql, QStringLiteral("ISDATE(COMPS.LOADDATE)"));
+        statement.sql = Filtered(statement.sql, u"ISDATE(COMPS.LOADDATE)"_s);
     if (form.ignorePending)
-        statement.sql = Filtered(statement.sql, QStringLiteral("COMPS.SALEDATE <> #01/01/1900#"));
+        statement.sql = Filtered(statement.sql, u"COMPS.SALEDATE <> #01/01/1900#"_s);
     statement.orderBy = OrderByText(form.sort);
     statement.sql += statement.orderBy;
     statement.form = form;

@@ -11,6 +11,8 @@
 
 namespace vasclip::databook {
 
+using namespace Qt::StringLiterals;
+
 /// How a field of the search screen is compared.
 enum class SearchKind { Like, Equal, NumericRange, TextRange, Date };
 
@@ -27,9 +29,9 @@ struct SearchField
 [[nodiscard]] std::span<const SearchField> SearchFields();
 
 /// The lines of the date range lists.
-inline const QString kOnOrPrior = QStringLiteral("On or Prior");
-inline const QString kEqualTo = QStringLiteral("Equal To");
-inline const QString kOnOrAfter = QStringLiteral("On or After");
+inline const QString kOnOrPrior = u"On or Prior"_s;
+inline const QString kEqualTo = u"Equal To"_s;
+inline const QString kOnOrAfter = u"On or After"_s;
 
 // The fragment builders. Each takes the WHERE text built so far and gives it with one more condition; the
 // value is trimmed, and a blank one adds nothing. Values stand in the text as they are: a quote in one is a

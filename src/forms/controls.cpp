@@ -4,13 +4,15 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::forms {
 
 namespace {
 
 [[noreturn]] void BadIndex(const QString& name, int index)
 {
-    throw RuntimeError(5, QStringLiteral("%1: the list has no line %2").arg(name).arg(index));
+    throw RuntimeError(5, u"%1: the list has no line %2"_s.arg(name).arg(index));
 }
 
 /// `Entries` is a list of entries or a constant one; the answer is likewise.
@@ -313,7 +315,7 @@ void TabControl::SetTab(int page)
 QString TabControl::TabCaption(int page) const
 {
     if (page < 0 || page >= Tabs())
-        throw RuntimeError(error::kSubscript, QStringLiteral("%1 has no tab %2").arg(ObjectName()).arg(page));
+        throw RuntimeError(error::kSubscript, u"%1 has no tab %2"_s.arg(ObjectName()).arg(page));
     return m_pages[page].caption;
 }
 
@@ -398,7 +400,7 @@ MenuEntry& Menu::Needed(const QString& array, int index)
         array.compare(Name(), Qt::CaseInsensitive) == 0 ? &m_entries : ArrayIn(m_entries, array, reachable);
     MenuEntry* entry = where ? EntryIn(*where, index) : nullptr;
     if (!entry)
-        throw RuntimeError(error::kSubscript, QStringLiteral("%1 has no entry %2").arg(array).arg(index));
+        throw RuntimeError(error::kSubscript, u"%1 has no entry %2"_s.arg(array).arg(index));
     return *entry;
 }
 
@@ -431,7 +433,7 @@ void Menu::Choose(const QString& array, int index)
     if (array.compare(Name(), Qt::CaseInsensitive) != 0)
         ArrayIn(m_entries, array, reachable);
     const MenuEntry* entry = Entry(array, index);
-    if (!entry || !entry->enabled || !reachable || entry->caption == QStringLiteral("-"))
+    if (!entry || !entry->enabled || !reachable || entry->caption == u"-"_s)
         return;
     Q_EMIT Chosen(array, index);
 }

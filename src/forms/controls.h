@@ -14,6 +14,8 @@
 
 namespace vasclip::forms {
 
+using namespace Qt::StringLiterals;
+
 class Control;
 
 /// The controls of one screen, in order of construction. The binder walks it; nothing else owns through it.
@@ -395,8 +397,7 @@ public:
     [[nodiscard]] T& operator()(int index) const
     {
         if (index < First() || index > Last())
-            throw RuntimeError(error::kSubscript,
-                               QStringLiteral("%1(%2): subscript out of range").arg(m_name).arg(index));
+            throw RuntimeError(error::kSubscript, u"%1(%2): subscript out of range"_s.arg(m_name).arg(index));
         return *m_items[static_cast<std::size_t>(index - m_first)];
     }
     [[nodiscard]] int First() const { return m_first; }

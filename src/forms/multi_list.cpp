@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::forms {
 
 QList<int> MultiListBox::SelectedLines() const
@@ -25,7 +27,7 @@ void MultiListBox::Select(const QSet<int>& lines)
 {
     for (const int line : lines) {
         if (line < 0 || line >= ListCount())
-            throw RuntimeError(5, QStringLiteral("%1: the list has no line %2").arg(ObjectName()).arg(line));
+            throw RuntimeError(5, u"%1: the list has no line %2"_s.arg(ObjectName()).arg(line));
     }
     if (m_selected == lines)
         return;

@@ -1,5 +1,7 @@
 #include "forms/screen.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::forms {
 
 Screen::Screen(const QString& name)
@@ -36,9 +38,8 @@ void Screen::End()
 
 void NoScreens::ShowModal(Screen& screen)
 {
-    throw RuntimeError(
-        error::kInvalidOperation,
-        QStringLiteral("This needs the screen %1, which only the program's window has").arg(screen.Name()));
+    throw RuntimeError(error::kInvalidOperation,
+                       u"This needs the screen %1, which only the program's window has"_s.arg(screen.Name()));
 }
 
 } // namespace vasclip::forms

@@ -8,6 +8,8 @@
 #include "link/talk.h"
 #include "platform/text/text.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::link {
 
 namespace {
@@ -43,7 +45,7 @@ QString AskToRefresh(LinkDesk& desk)
         return mirrored.isEmpty() ? messages::kNotSentUnread.arg(active)
                                   : messages::kNotSentAnother.arg(active, mirrored);
     if (const QString told = RefreshAppraisal(desk); !told.isEmpty())
-        return told + QStringLiteral(" Nothing was sent.");
+        return told + u" Nothing was sent."_s;
     return messages::kNotSentRefreshed.arg(Mirrored(desk).isEmpty() ? active : Mirrored(desk));
 }
 
@@ -80,7 +82,7 @@ ReportCheck CheckReport(LinkDesk& desk)
 QString NoReportWords(const LinkDesk& desk)
 {
     if (const QString unnamed = UnnamedReportWords(desk); !unnamed.isEmpty())
-        return unnamed + QStringLiteral(", so nothing was sent.");
+        return unnamed + u", so nothing was sent."_s;
     return text::Trim(desk.txtDDE.Text()).isEmpty() ? messages::kNotRunningNothing.arg(desk.globals.formsProgram)
                                                     : messages::kNoneOpenNothing.arg(desk.globals.formsProgram);
 }

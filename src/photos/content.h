@@ -9,6 +9,8 @@
 
 namespace vasclip::photos {
 
+using namespace Qt::StringLiterals;
+
 /// What a file holds, as a sum of 32 bytes; two files with one sum hold the same.
 /// @param step  called every megabyte; false stops
 /// @return "" if it was stopped @throws as Disk::ReadPieces
@@ -19,8 +21,8 @@ namespace vasclip::photos {
 [[nodiscard]] bool SameContent(const files::Disk& disk, const QString& left, const QString& right);
 
 // Which files are pictures, by list.
-inline const QString kCapturePatterns = QStringLiteral("*.jpg;*.bmp");
-inline const QString kTrashPatterns = QStringLiteral("*.jpg;*.bmp;*.tif");
+inline const QString kCapturePatterns = u"*.jpg;*.bmp"_s;
+inline const QString kTrashPatterns = u"*.jpg;*.bmp;*.tif"_s;
 
 /// Names in a directory that match any of the patterns ("*.jpg;*.bmp"), by name without regard to case, each
 /// once; empty for a directory that is not there.

@@ -9,6 +9,8 @@
 
 namespace vasclip::photos {
 
+using namespace Qt::StringLiterals;
+
 /// A directory that holds pictures.
 struct FoundDirectory
 {
@@ -30,7 +32,7 @@ inline constexpr int kAgeDigits = 10;
 struct SearchWish
 {
     QString root;                           ///< where to begin
-    QString patterns = QStringLiteral("*.jpg;*.bmp");
+    QString patterns = u"*.jpg;*.bmp"_s;
     QDateTime after = {};                     ///< only pictures saved after this; invalid for all
 };
 

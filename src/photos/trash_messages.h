@@ -4,28 +4,28 @@
 
 namespace vasclip::photos {
 
+using namespace Qt::StringLiterals;
+
 // Letter for letter.
-inline const QString kEnterDate = QStringLiteral("Please enter a date.");
+inline const QString kEnterDate = u"Please enter a date."_s;
 inline const QString kEraseSelected =
-    QStringLiteral("This is a permanent unreverable procedure.  All selected photos will be erased.  Are "
-                   "you sure?");
-inline const QString kToTrashDirectory =
-    QStringLiteral("Change the camera directory to the trashcan directory?");
-inline const QString kBackToCapture = QStringLiteral("Change back to the capture directory?");
-inline const QString kDeleteQuestion = QStringLiteral("Delete %1?");
+    u"This is a permanent unreverable procedure.  All selected photos will be erased.  Are "
+    "you sure?"_s;
+inline const QString kToTrashDirectory = u"Change the camera directory to the trashcan directory?"_s;
+inline const QString kBackToCapture = u"Change back to the capture directory?"_s;
+inline const QString kDeleteQuestion = u"Delete %1?"_s;
 inline const QString kDeleteFromTrash =
-    QStringLiteral("Delete the image named %1 from a TrashCan Directory is a permanant delete.  Are you "
-                   "sure?");
+    u"Delete the image named %1 from a TrashCan Directory is a permanant delete.  Are you "
+    "sure?"_s;
 
 // Texts of our own.
 inline const QString kRestoreOver =
-    QStringLiteral("Another picture named %1 is in %2. Restore this one? The other one goes to the trash.");
-inline const QString kNothingSelected = QStringLiteral("Select one or more photos first.");
-inline const QString kPhotosErased = QStringLiteral("Photos erased: %1");
-inline const QString kPhotosRestored = QStringLiteral("Photos restored to %1: %2");
-inline const QString kNotErased = QStringLiteral("Photos erased: %1. Could not be erased: %2");
-inline const QString kOtherNow =
-    QStringLiteral(" Left alone, since other pictures bear these names now: %1");
-inline const QString kPhotosIn = QStringLiteral("Photos here: %1, selected: %2");
+    u"Another picture named %1 is in %2. Restore this one? The other one goes to the trash."_s;
+inline const QString kNothingSelected = u"Select one or more photos first."_s;
+inline const QString kPhotosErased = u"Photos erased: %1"_s;
+inline const QString kPhotosRestored = u"Photos restored to %1: %2"_s;
+inline const QString kNotErased = u"Photos erased: %1. Could not be erased: %2"_s;
+inline const QString kOtherNow = u" Left alone, since other pictures bear these names now: %1"_s;
+inline const QString kPhotosIn = u"Photos here: %1, selected: %2"_s;
 
 } // namespace vasclip::photos

@@ -5,11 +5,13 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::store {
 
 namespace {
 
-const QString kKeyMark = QStringLiteral("%1");
+const QString kKeyMark = u"%1"_s;
 
 /// Null where the table has no such field, and for a long binary one, which no history keeps.
 QVariant ValueOf(const engine::Recordset& record, int field)
@@ -25,7 +27,7 @@ QString KeyOf(const engine::Recordset& record)
 
 QString Quoted(QString text)
 {
-    return u'\'' + text.replace(u'\'', QStringLiteral("''")) + u'\'';
+    return u'\'' + text.replace(u'\'', u"''"_s) + u'\'';
 }
 
 FieldValues AllValues(const engine::Recordset& record)
@@ -76,7 +78,7 @@ void Change::Store()
     if (!m_mine)
         return;
     if (m_begun.expired())
-        throw RuntimeError(error::kNoEdit, QStringLiteral("The change was dropped before it was stored"));
+        throw RuntimeError(error::kNoEdit, u"The change was dropped before it was stored"_s);
     StoreOpen(m_source);
     m_mine = false;
 }
@@ -173,19 +175,19 @@ qint64 Change::Rows(DataSource& source, const QMap<QString, QString>& texts, con
     QStringList settings;
     FieldValues after;
     for (auto text = texts.cbegin(); text != texts.cend(); ++text) {
-        settings.append(QStringLiteral("%1 = %2").arg(text.key(), Quoted(text.value())));
+        settings.append(u"%1 = %2"_s.arg(text.key(), Quoted(text.value())));
         after.insert(text.key().toUpper(), text.value());
     }
     engine::Database& database = source.Database();
-    const QString where = QStringLiteral(" WHERE ") + condition;
-    const QString statement = QStringLiteral("UPDATE [") + source.RecordSource() + QStringLiteral("] SET ") +
-                              settings.join(QStringLiteral(", ")) + where;
+    const QString where = u" WHERE "_s + condition;
+    const QString statement =
+        u"UPDATE ["_s + source.RecordSource() + u"] SET "_s + settings.join(u", "_s) + where;
     if (!source.m_watch)
         return database.Execute(statement);
     engine::Transaction whole(database);
     QList<Step> steps;
-    const auto rows = database.OpenRecordset(
-        QStringLiteral("SELECT * FROM [") + source.RecordSource() + u']' + where, engine::RecordsetType::Dynaset);
+    const auto rows = database.OpenRecordset(u"SELECT * FROM ["_s + source.RecordSource() + u']' + where,
+                                             engine::RecordsetType::Dynaset);
     for (; !rows->Eof(); rows->MoveNext()) {
         FieldValues before;
         for (const QString& field : after.keys())

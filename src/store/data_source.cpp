@@ -4,6 +4,8 @@
 #include "store/change.h"
 #include "store/record.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::store {
 
 DataSource::DataSource(engine::Engine& engine, const QString& name)
@@ -55,15 +57,14 @@ void DataSource::Close()
 engine::Recordset& DataSource::Recordset() const
 {
     if (!m_recordset)
-        throw RuntimeError(error::kNoObject, QStringLiteral("The data source %1 is not open").arg(m_name));
+        throw RuntimeError(error::kNoObject, u"The data source %1 is not open"_s.arg(m_name));
     return *m_recordset;
 }
 
 engine::Database& DataSource::Database() const
 {
     if (!m_database)
-        throw RuntimeError(error::kNoObject,
-                           QStringLiteral("The data source %1 has no open database").arg(m_name));
+        throw RuntimeError(error::kNoObject, u"The data source %1 has no open database"_s.arg(m_name));
     return *m_database;
 }
 

@@ -4,6 +4,8 @@
 #include "platform/text/text.h"
 #include "store/messages.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::store {
 
 Record::Record(std::shared_ptr<const Names> names, QVariantList values)
@@ -20,7 +22,7 @@ QVariant Record::Value(const QString& field) const
 {
     const auto place = m_names->constFind(field.toUpper());
     if (place == m_names->cend())
-        throw RuntimeError(error::kFieldUnknown, QStringLiteral("The record has no field %1").arg(field));
+        throw RuntimeError(error::kFieldUnknown, u"The record has no field %1"_s.arg(field));
     return m_values.at(*place);
 }
 
@@ -44,7 +46,7 @@ std::optional<Record> RecordReader::Read(const QString& key)
     const QString wanted = text::Trim(key);
     if (wanted.isEmpty())
         return std::nullopt;
-    m_rows->Seek(QStringLiteral("="), wanted);
+    m_rows->Seek(u"="_s, wanted);
     if (m_rows->NoMatch())
         return std::nullopt;
     QVariantList values;

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::store {
 
 namespace {
@@ -258,8 +260,8 @@ void AddCommentRows(engine::Database& database)
 {
     engine::Transaction rows(database);
     const std::unique_ptr<engine::Recordset> table =
-        database.OpenRecordset(QStringLiteral("COMPS"), engine::RecordsetType::Table);
-    const QString key = QStringLiteral("CENTRALKEY");
+        database.OpenRecordset(u"COMPS"_s, engine::RecordsetType::Table);
+    const QString key = u"CENTRALKEY"_s;
     for (int row = 1; row <= kCommentKeyRows + kCommentListRows; ++row) {
         table->AddNew();
         table->SetValue(key, row <= kCommentKeyRows ? QString::number(row) : QString(20, QLatin1Char(' ')));
@@ -344,12 +346,12 @@ const engine::TableDef& CompsTable()
 {
     static const engine::TableDef table = [] {
         engine::TableDef comps;
-        comps.name = QStringLiteral("COMPS");
+        comps.name = u"COMPS"_s;
         comps.fields = CompsFields();
         comps.indexes = {
-            {QStringLiteral("Centralkey"), {QStringLiteral("CENTRALKEY")}, true, true},
+            {u"Centralkey"_s, {u"CENTRALKEY"_s}, true, true},
             // The second index that look-ups know: a comp by the appraiser's own file number.
-            {QStringLiteral("FILENUMBERUSER"), {QStringLiteral("APPRSRFILE")}, false, false},
+            {u"FILENUMBERUSER"_s, {u"APPRSRFILE"_s}, false, false},
         };
         return comps;
     }();
@@ -371,10 +373,7 @@ const engine::TableDef& MappingTable()
         engine::TableDef mapping = PlainTable("Comp2Kel", kMapping);
         // Every send and every reading asks for one page of one form among the thousands of rows of all
         // forms.
-        mapping.indexes = {{QStringLiteral("Page"),
-                            {QStringLiteral("FORMTYPE"), QStringLiteral("COMPTYPE"), QStringLiteral("COMP")},
-                            false,
-                            false}};
+        mapping.indexes = {{u"Page"_s, {u"FORMTYPE"_s, u"COMPTYPE"_s, u"COMP"_s}, false, false}};
         return mapping;
     }();
     return table;
@@ -391,7 +390,7 @@ void MakeDatabase(engine::Engine& engine, const QString& path)
     const files::Disk& disk = engine.Disk();
     if (disk.Found(path, files::ReadOnly | files::Hidden))
         return;
-    const QString working = path + QStringLiteral(".new");
+    const QString working = path + u".new"_s;
     KillQuietly(disk, working); // a run that was killed in the middle
     try {
         const std::shared_ptr<engine::Database> database = engine.CreateDatabase(working);

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::store {
 
 using common::RoutineScope;
@@ -22,9 +24,8 @@ const engine::Field& FieldOf(const DataSource& source, const QString& field)
     const engine::Recordset& recordset = source.Recordset();
     const int index = recordset.FieldIndex(field);
     if (index < 0)
-        throw RuntimeError(error::kFieldUnknown,
-                           QStringLiteral("Field %1 is not in %2 of %3")
-                               .arg(field, source.RecordSource(), source.DatabaseName()));
+        throw RuntimeError(error::kFieldUnknown, u"Field %1 is not in %2 of %3"_s.arg(
+                                                     field, source.RecordSource(), source.DatabaseName()));
     return recordset.Fields().at(index);
 }
 
@@ -60,7 +61,7 @@ bool SeekKey(const forms::Ports& ports, DataSource& source, const QString& key, 
     const std::optional<engine::Bookmark> place = PlaceOf(recordset);
     if (recordset.Index().compare(index, Qt::CaseInsensitive) != 0)
         recordset.SetIndex(index);
-    recordset.Seek(QStringLiteral("="), key);
+    recordset.Seek(u"="_s, key);
     const bool found = !recordset.NoMatch(); // read before the pump: a turn of the queue may seek again
     if (!found && place)
         GoBack(recordset, *place);
@@ -188,7 +189,7 @@ void DeleteRecord(const forms::Ports& ports, DataSource& source, const QString& 
     const RoutineScope scope{"DeleteRecord"};
     if (!FindRecord(ports, source, key, kKeyIndex))
         return;
-    common::Guarded(ports.prompter, [&] { Change::Delete(source, QStringLiteral("Delete %1").arg(key)); });
+    common::Guarded(ports.prompter, [&] { Change::Delete(source, u"Delete %1"_s.arg(key)); });
 }
 
 QString GetFieldData(const DataSource& source, const QString& field)
@@ -215,17 +216,15 @@ double TrimNum2Size(const DataSource& source, const QString& value, const QStrin
 void DropTheTable(engine::Engine& engine, const QString& path, const QString& table)
 {
     const std::shared_ptr<engine::Database> database = engine.OpenDatabase(path);
-    database->Execute(QStringLiteral("DROP TABLE [") + table + QStringLiteral("]"));
+    database->Execute(u"DROP TABLE ["_s + table + u"]"_s);
     database->Close();
 }
 
 void CreateIndex(engine::Engine& engine, const QString& path, const QString& table)
 {
     const std::shared_ptr<engine::Database> database = engine.OpenDatabase(path);
-    database->AppendIndex(table, {.name = QStringLiteral("Centralkey"),
-                                  .fields = {QStringLiteral("Centralkey")},
-                                  .primary = true,
-                                  .unique = true});
+    database->AppendIndex(
+        table, {.name = u"Centralkey"_s, .fields = {u"Centralkey"_s}, .primary = true, .unique = true});
     database->Close();
 }
 
@@ -253,7 +252,7 @@ void DalmoSetReadWriteBit(const forms::Ports& ports, const files::Disk& disk, co
 QStringList OfferedDatabases(engine::Engine& engine, const QString& directory, const QString& table)
 {
     QStringList offered;
-    for (const QString& name : engine.Disk().Dir(directory + QStringLiteral("*.mdb"), files::ReadOnly)) {
+    for (const QString& name : engine.Disk().Dir(directory + u"*.mdb"_s, files::ReadOnly)) {
         // The text test is as loose as it looks: "DATA.MDB" is hidden too, being the tail of a template's
         // name.
         if (!kNeverOffered.contains(name.toUpper() + QLatin1Char('*')) &&
@@ -264,15 +263,15 @@ QStringList OfferedDatabases(engine::Engine& engine, const QString& directory, c
 }
 
 Sources::Sources(engine::Engine& engine)
-    : datDatabook(engine, QStringLiteral("datDatabook"))
-    , datsql(engine, QStringLiteral("datsql"))
-    , datCentralKey(engine, QStringLiteral("datCentralKey"))
-    , datComps(engine, QStringLiteral("datComps"))
-    , datcomments(engine, QStringLiteral("datcomments"))
-    , datnewcmts(engine, QStringLiteral("datnewcmts"))
-    , datnewcomps(engine, QStringLiteral("datnewcomps"))
-    , datmap(engine, QStringLiteral("datmap"))
-    , datComp2Kel_CURRENT(engine, QStringLiteral("datComp2Kel_CURRENT"))
+    : datDatabook(engine, u"datDatabook"_s)
+    , datsql(engine, u"datsql"_s)
+    , datCentralKey(engine, u"datCentralKey"_s)
+    , datComps(engine, u"datComps"_s)
+    , datcomments(engine, u"datcomments"_s)
+    , datnewcmts(engine, u"datnewcmts"_s)
+    , datnewcomps(engine, u"datnewcomps"_s)
+    , datmap(engine, u"datmap"_s)
+    , datComp2Kel_CURRENT(engine, u"datComp2Kel_CURRENT"_s)
 {}
 
 const DataSource* Sources::Find(const QString& name) const
@@ -289,7 +288,7 @@ QString GetData(const Sources& sources, const QString& name, const QString& fiel
 {
     const DataSource* source = sources.Find(name);
     if (!source)
-        throw RuntimeError(error::kNoObject, QStringLiteral("There is no data source %1").arg(name));
+        throw RuntimeError(error::kNoObject, u"There is no data source %1"_s.arg(name));
     return GetFieldData(*source, field);
 }
 

@@ -13,6 +13,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
@@ -48,7 +50,7 @@ QString Unwrapped(const QString& text)
 AboutBox::AboutBox(const AboutText& text, QWidget* parent)
     : QDialog(parent)
 {
-    setObjectName(QStringLiteral("frm_About"));
+    setObjectName(u"frm_About"_s);
     setWindowTitle(tr("About %1").arg(text.product));
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(24, 24, 24, 16);

@@ -33,15 +33,15 @@ QString ToneOf(forms::Colour colour)
 {
     switch (colour) {
     case forms::Colour::Blue:
-        return QStringLiteral("blue");
+        return u"blue"_s;
     case forms::Colour::Red:
-        return QStringLiteral("red");
+        return u"red"_s;
     case forms::Colour::Green:
-        return QStringLiteral("green");
+        return u"green"_s;
     case forms::Colour::Normal:
         break;
     }
-    return QStringLiteral("normal");
+    return u"normal"_s;
 }
 
 /// The caption as a tip: without the mark of the access key.

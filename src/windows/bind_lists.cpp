@@ -16,6 +16,8 @@
 #include <QTabBar>
 #include <QTabWidget>
 
+using namespace Qt::StringLiterals;
+
 // Lists, combo boxes, tabs and grids.
 
 namespace vasclip::windows {
@@ -209,8 +211,7 @@ bool Binder::BindTabs(forms::TabControl& control, QWidget& widget)
     if (bar == nullptr)
         return false;
     if (book != nullptr && book->count() != control.Tabs())
-        throw RuntimeError(error::kSubscript, QStringLiteral("%1 has %2 pages, its widget %3")
-                                                  .arg(control.ObjectName())
+        throw RuntimeError(error::kSubscript, u"%1 has %2 pages, its widget %3"_s.arg(control.ObjectName())
                                                   .arg(control.Tabs())
                                                   .arg(book->count()));
     while (bar->count() < control.Tabs())

@@ -18,6 +18,8 @@
 #include <QRegularExpression>
 #include <QToolButton>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
@@ -41,8 +43,8 @@ Binder::Binder(forms::ControlSet& controls, EventGuard& guard, QObject* parent)
 bool Binder::IsControlName(const QString& objectName)
 {
     static const QRegularExpression prefixes(
-        QStringLiteral("^((cmd|txt|lbl|lst|cbo|ckb|opt|ima|img|gea|dat|fil|fra|tab|Tab|mnu|pop|spn|grd|gau|hsb)["
-                       "A-Za-z0-9]|cal[A-Z])"));
+        u"^((cmd|txt|lbl|lst|cbo|ckb|opt|ima|img|gea|dat|fil|fra|tab|Tab|mnu|pop|spn|grd|gau|hsb)["
+        "A-Za-z0-9]|cal[A-Z])"_s);
     return prefixes.match(objectName).hasMatch();
 }
 
@@ -73,10 +75,9 @@ void Binder::Bind(QWidget& root)
 void Binder::BindOne(forms::Control& control, QWidget& widget)
 {
     if (!BindKind(control, widget))
-        throw RuntimeError(
-            error::kTypeMismatch,
-            QStringLiteral("%1: a %2 cannot show this control")
-                .arg(control.ObjectName(), QLatin1StringView(widget.metaObject()->className())));
+        throw RuntimeError(error::kTypeMismatch,
+                           u"%1: a %2 cannot show this control"_s.arg(
+                               control.ObjectName(), QLatin1StringView(widget.metaObject()->className())));
     m_widgets.insert(&control, &widget);
     widget.setProperty(kBoundBy, Mark(this));
     m_watched.insert(&widget, &control);
@@ -258,20 +259,20 @@ QStringList Binder::Leftovers(const QWidget& root) const
         seenNames.insert(control->ObjectName());
         const bool unseen = m_unseen.contains(control->Name()) || m_unseen.contains(control->ObjectName());
         if (!unseen && m_widgets.value(control) == nullptr)
-            left.append(QStringLiteral("control without a widget: %1").arg(control->ObjectName()));
+            left.append(u"control without a widget: %1"_s.arg(control->ObjectName()));
         if (unseen && m_widgets.value(control) != nullptr)
-            left.append(QStringLiteral("shown although declared unseen: %1").arg(control->ObjectName()));
+            left.append(u"shown although declared unseen: %1"_s.arg(control->ObjectName()));
     }
     for (const QString& name : m_unseen) {
         if (!seenNames.contains(name))
-            left.append(QStringLiteral("declared unseen, but there is no such control: %1").arg(name));
+            left.append(u"declared unseen, but there is no such control: %1"_s.arg(name));
     }
     for (const QWidget* widget : root.findChildren<QWidget*>()) {
         const QString& name = widget->objectName();
         const QVariant boundBy = widget->property(kBoundBy);
         const bool ofAnother = boundBy.isValid() && boundBy != Mark(this);
         if (IsControlName(name) && !ofAnother && !controlNames.contains(name.toUpper()))
-            left.append(QStringLiteral("widget without a control: %1").arg(name));
+            left.append(u"widget without a control: %1"_s.arg(name));
     }
     left.sort();
     return left;
@@ -281,8 +282,7 @@ void Binder::Check(const QWidget& root) const
 {
     const QStringList left = Leftovers(root);
     if (!left.isEmpty())
-        throw RuntimeError(error::kNoObject,
-                           QStringLiteral("Window and screen disagree: %1").arg(left.join(u"; ")));
+        throw RuntimeError(error::kNoObject, u"Window and screen disagree: %1"_s.arg(left.join(u"; ")));
 }
 
 QWidget* Binder::WidgetOf(const forms::Control& control) const

@@ -16,6 +16,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
@@ -123,7 +125,7 @@ ChipButton& ChipBar::ButtonAt(qsizetype place)
 {
     while (m_buttons.size() <= place) {
         auto* made = new ChipButton(this);
-        made->setObjectName(QStringLiteral("condition_%1").arg(m_buttons.size()));
+        made->setObjectName(u"condition_%1"_s.arg(m_buttons.size()));
         QWidget* before = m_buttons.isEmpty() ? m_before : m_buttons.last();
         if (before != nullptr && before->window() == window())
             setTabOrder(before, made);
@@ -178,7 +180,7 @@ void ChipBar::Arrange()
         m_buttons.at(i)->setVisible(i < m_shown);
     const qsizetype more = m_chips.size() - m_shown;
     m_rest->setVisible(more > 0);
-    m_rest->setText(QStringLiteral("+%1").arg(more));
+    m_rest->setText(u"+%1"_s.arg(more));
     m_rest->setAccessibleName(tr("%1 more conditions").arg(more));
     m_rest->setGeometry(left, (this->height() - height) / 2, kRestRoom, height);
 }
@@ -187,7 +189,7 @@ void ChipBar::OpenRest()
 {
     QMenu menu(this);
     for (const forms::Chip& chip : m_chips.mid(m_shown))
-        menu.addAction(tr("End: %1").arg(QString(chip.words).replace(QLatin1Char('&'), QStringLiteral("&&"))))
+        menu.addAction(tr("End: %1").arg(QString(chip.words).replace(QLatin1Char('&'), u"&&"_s)))
             ->setData(chip.id);
     if (const QAction* chosen = menu.exec(m_rest->mapToGlobal(QPoint(0, m_rest->height()))))
         Q_EMIT CloseWanted(chosen->data().toString());

@@ -10,6 +10,8 @@
 #include <QSpinBox>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
@@ -27,7 +29,7 @@ ColumnsDialog::ColumnsDialog(const QList<forms::GridColumn>& columns, QWidget* p
     , m_up(new QPushButton(tr("Move &Up"), this))
     , m_down(new QPushButton(tr("Move &Down"), this))
 {
-    setObjectName(QStringLiteral("columnsDialog"));
+    setObjectName(u"columnsDialog"_s);
     setWindowTitle(tr("Columns"));
     for (int i = 0; i < columns.size(); ++i) {
         auto* item = new QListWidgetItem(columns.at(i).caption, m_list);

@@ -29,12 +29,14 @@
 #include <memory>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
 
 /// How the port knows the files of another program.
-const QString kFilesName = QStringLiteral("FILES");
+const QString kFilesName = u"FILES"_s;
 
 void Mark(QWidget& widget, const char* property, bool on)
 {
@@ -62,7 +64,7 @@ protected:
     }
 
 private:
-    static inline const QString kPixels = QStringLiteral("application/x-qt-image");
+    static inline const QString kPixels = u"application/x-qt-image"_s;
     std::function<QImage()> m_image;
 };
 

@@ -7,6 +7,8 @@
 #include <QStyle>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
@@ -40,7 +42,7 @@ void PutIntoScroller(QDialog& window, QVBoxLayout& rows)
     const QMargins margins = rows.contentsMargins();
     QLayoutItem* foot = rows.takeAt(rows.count() - 1);
     auto* scroller = new QScrollArea(&window);
-    scroller->setObjectName(QStringLiteral("fitScroller"));
+    scroller->setObjectName(u"fitScroller"_s);
     scroller->setWidgetResizable(true);
     scroller->setFrameShape(QFrame::NoFrame);
     scroller->setFocusPolicy(Qt::NoFocus);

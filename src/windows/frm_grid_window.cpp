@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
@@ -38,10 +40,10 @@ void Layout_frm_Grid(QDialog& window, forms::Screen&)
 {
     const auto tr = [](const char* text) { return QDialog::tr(text); };
     auto* list = new QListView(&window);
-    list->setObjectName(QStringLiteral("lstLayout"));
+    list->setObjectName(u"lstLayout"_s);
     list->setAccessibleName(tr("Saved grid layouts"));
     auto* name = new QLineEdit(&window);
-    name->setObjectName(QStringLiteral("txtLayout"));
+    name->setObjectName(u"txtLayout"_s);
     name->setAccessibleName(tr("Name of the layout"));
     auto* saved = Words(window, tr("Saved &layouts"), "title");
     saved->setBuddy(list);
@@ -85,12 +87,12 @@ void Layout_frm_Grid(QDialog& window, forms::Screen&)
     left->addLayout(actions);
 
     auto* preview = new RecordGrid(&window);
-    preview->setObjectName(QStringLiteral("grdLayout"));
+    preview->setObjectName(u"grdLayout"_s);
     preview->setAccessibleName(tr("Preview of the layout"));
     preview->FixColumns();
     preview->setMinimumSize(360, 200);
     auto* shown = Words(window, QString(), "title");
-    shown->setObjectName(QStringLiteral("lblPreview"));
+    shown->setObjectName(u"lblPreview"_s);
     auto* hint = Words(window,
                        tr("Arrange the columns in the Databook grid itself: drag a heading, or press "
                           "Ctrl+Shift with an arrow key."),
@@ -108,7 +110,7 @@ void Layout_frm_Grid(QDialog& window, forms::Screen&)
     panes->addLayout(right, 5);
 
     auto* message = new QLabel(&window);
-    message->setObjectName(QStringLiteral("lblmsg"));
+    message->setObjectName(u"lblmsg"_s);
     message->setWordWrap(true);
     auto* foot = new QHBoxLayout;
     foot->setSpacing(8);

@@ -12,11 +12,13 @@
 #include <QMenu>
 #include <QShortcut>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
 
-const QString kGridMenuName = QStringLiteral("popGrid_M");
+const QString kGridMenuName = u"popGrid_M"_s;
 
 } // namespace
 
@@ -36,7 +38,7 @@ GridMenu::GridMenu(Ui::frm_Main& ui, Binder& binder, QAction& send, QWidget& win
     };
     m_actions.append(&send);
     QAction* copy = add(tr("Cop&y Selected Records"), QKeySequence::Copy, [grid] { grid->CopySelection(); });
-    copy->setIcon(ThemedIcon(QStringLiteral("copy")));
+    copy->setIcon(ThemedIcon(u"copy"_s));
     QAction* all = add(tr("Select &All Records"), QKeySequence::SelectAll, [grid] { grid->selectAll(); });
     m_rowActions = {copy, all};
     QMenu* rules = nullptr;

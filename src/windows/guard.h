@@ -10,6 +10,8 @@
 
 namespace vasclip::windows {
 
+using namespace Qt::StringLiterals;
+
 /// The one gate through which the user's events enter. Whatever a handler throws ends here: nothing escapes
 /// into the toolkit's event loop.
 class EventGuard
@@ -33,7 +35,7 @@ public:
         } catch (const std::exception& failure) {
             Report(RuntimeError(kInternal, QString::fromLocal8Bit(failure.what())));
         } catch (...) {
-            Report(RuntimeError(kInternal, QStringLiteral("An unknown failure")));
+            Report(RuntimeError(kInternal, u"An unknown failure"_s));
         }
         return false;
     }

@@ -16,6 +16,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
@@ -30,7 +32,7 @@ QToolButton* Tool(const QString& name, Qt::ArrowType arrow, const QString& words
     button->setObjectName(name);
     button->setArrowType(arrow);
     button->setAccessibleName(words);
-    button->setToolTip(QStringLiteral("%1 (%2)").arg(words, keys.toString(QKeySequence::NativeText)));
+    button->setToolTip(u"%1 (%2)"_s.arg(words, keys.toString(QKeySequence::NativeText)));
     button->setShortcut(keys);
     return button;
 }
@@ -43,7 +45,7 @@ GuideWindow::GuideWindow(QWidget* owner)
     , m_find(new QLineEdit(this))
     , m_contents(new QListWidget(this))
 {
-    setObjectName(QStringLiteral("guideWindow"));
+    setObjectName(u"guideWindow"_s);
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowFlags(Qt::Window);
     setWindowModality(Qt::NonModal);
@@ -87,10 +89,8 @@ void GuideWindow::BuildContents(QWidget& column)
     rows->setSpacing(8);
     auto* tools = new QHBoxLayout;
     tools->setSpacing(4);
-    auto* back =
-        Tool(QStringLiteral("guideBack"), Qt::LeftArrow, tr("Back"), Qt::ALT | Qt::Key_Left, &column);
-    auto* forth =
-        Tool(QStringLiteral("guideForward"), Qt::RightArrow, tr("Forward"), Qt::ALT | Qt::Key_Right, &column);
+    auto* back = Tool(u"guideBack"_s, Qt::LeftArrow, tr("Back"), Qt::ALT | Qt::Key_Left, &column);
+    auto* forth = Tool(u"guideForward"_s, Qt::RightArrow, tr("Forward"), Qt::ALT | Qt::Key_Right, &column);
     back->setEnabled(false);
     forth->setEnabled(false);
     connect(back, &QToolButton::clicked, m_view, &QTextBrowser::backward);
@@ -99,14 +99,14 @@ void GuideWindow::BuildContents(QWidget& column)
     connect(m_view, &QTextBrowser::forwardAvailable, forth, &QWidget::setEnabled);
     tools->addWidget(back);
     tools->addWidget(forth);
-    m_find->setObjectName(QStringLiteral("guideFind"));
+    m_find->setObjectName(u"guideFind"_s);
     m_find->setPlaceholderText(tr("Find in the guide"));
     m_find->setToolTip(tr("Pages that hold these words (Ctrl+F); Enter goes to the next place on the page"));
     m_find->setAccessibleName(tr("Find in the guide"));
     m_find->setClearButtonEnabled(true);
     tools->addWidget(m_find, 1);
     rows->addLayout(tools);
-    m_contents->setObjectName(QStringLiteral("guideContents"));
+    m_contents->setObjectName(u"guideContents"_s);
     m_contents->setProperty("pages", true);
     m_contents->setAccessibleName(tr("Contents"));
     m_contents->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

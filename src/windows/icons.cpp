@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QPixmapCache>
 
+using namespace Qt::StringLiterals;
+
 static void InitIconResources()
 {
     Q_INIT_RESOURCE(icons);
@@ -18,7 +20,7 @@ namespace {
 QString File(const QString& name)
 {
     InitIcons();
-    return QStringLiteral(":/icons/%1.svg").arg(name);
+    return u":/icons/%1.svg"_s.arg(name);
 }
 
 /// A drawing at a size, through the reader of drawings alone: asking for an image would load every reader.
@@ -30,11 +32,8 @@ QImage Drawing(const QString& name, const QSize& pixels)
 /// The drawing as a mask, filled with one colour.
 QPixmap Tinted(const QString& name, const QSize& pixels, const QColor& colour)
 {
-    const QString key = QStringLiteral("vasclip/%1/%2x%3/%4")
-                            .arg(name)
-                            .arg(pixels.width())
-                            .arg(pixels.height())
-                            .arg(colour.rgba());
+    const QString key =
+        u"vasclip/%1/%2x%3/%4"_s.arg(name).arg(pixels.width()).arg(pixels.height()).arg(colour.rgba());
     QPixmap result;
     if (QPixmapCache::find(key, &result))
         return result;
@@ -94,11 +93,11 @@ public:
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override
     {
         const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
-        painter->drawImage(rect, Drawing(QStringLiteral("vasclip"), rect.size() * ratio));
+        painter->drawImage(rect, Drawing(u"vasclip"_s, rect.size() * ratio));
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode, QIcon::State) override
     {
-        return QPixmap::fromImage(Drawing(QStringLiteral("vasclip"), size));
+        return QPixmap::fromImage(Drawing(u"vasclip"_s, size));
     }
     QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override
     {

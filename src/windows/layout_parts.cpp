@@ -110,7 +110,7 @@ PictureView* MakePicture(QDialog& window, const QString& name, const QString& em
     auto* view = new PictureView(&window);
     view->setObjectName(name);
     view->SetEmptyText(emptyText);
-    view->SetEmptyIcon(QStringLiteral("photo"));
+    view->SetEmptyIcon(u"photo"_s);
     view->setFocusPolicy(Qt::NoFocus);
     view->setMinimumSize(240, 180);
     view->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -174,15 +174,15 @@ QVBoxLayout* MakeLocations(QDialog& window)
     auto* column = new QVBoxLayout;
     column->setSpacing(8);
     auto* list = new QListView(&window);
-    list->setObjectName(QStringLiteral("lstcity"));
+    list->setObjectName(u"lstcity"_s);
     list->setAccessibleName(QDialog::tr("Locations"));
     list->setMinimumWidth(280);
     column->addWidget(MakeWords(window, QDialog::tr("&Locations"), "quiet", list));
     column->addWidget(list, 1);
     auto* keep = new QHBoxLayout;
     keep->setSpacing(8);
-    keep->addWidget(MakeButton(window, QStringLiteral("cmdAdd")));
-    keep->addWidget(MakeButton(window, QStringLiteral("cmdDelete")));
+    keep->addWidget(MakeButton(window, u"cmdAdd"_s));
+    keep->addWidget(MakeButton(window, u"cmdDelete"_s));
     column->addLayout(keep);
     return column;
 }

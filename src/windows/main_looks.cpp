@@ -7,23 +7,25 @@
 
 #include <tuple>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 void Decorate(Ui::frm_Main& ui)
 {
-    ui.tabSource->setTabIcon(0, ThemedIcon(QStringLiteral("report")));
-    ui.tabSource->setTabIcon(1, ThemedIcon(QStringLiteral("map")));
+    ui.tabSource->setTabIcon(0, ThemedIcon(u"report"_s));
+    ui.tabSource->setTabIcon(1, ThemedIcon(u"map"_s));
     ui.atlasEmpty->SetWords(
-        QStringLiteral("map"), QObject::tr("No street map"),
+        u"map"_s, QObject::tr("No street map"),
         QObject::tr("This home has no street data. Comps are sent to the report without a map image."));
-    ui.geamaintain->SetEmptyIcon(QStringLiteral("photo"));
+    ui.geamaintain->SetEmptyIcon(u"photo"_s);
     ui.geamaintain->SetEmptyText(QObject::tr("No photo"));
-    ui.lblDatabookADDR->setProperty("role", QStringLiteral("title"));
-    ui.lblAddingaComp->setProperty("role", QStringLiteral("title"));
-    ui.lblPhotomsg->setProperty("role", QStringLiteral("quiet"));
-    ui.recordCount->setProperty("role", QStringLiteral("quiet"));
+    ui.lblDatabookADDR->setProperty("role", u"title"_s);
+    ui.lblAddingaComp->setProperty("role", u"title"_s);
+    ui.lblPhotomsg->setProperty("role", u"quiet"_s);
+    ui.recordCount->setProperty("role", u"quiet"_s);
     ui.cmdLink->setAccessibleDescription(QObject::tr("What helps with the link to the forms program"));
-    ui.viewsCaption->setProperty("role", QStringLiteral("quiet"));
+    ui.viewsCaption->setProperty("role", u"quiet"_s);
     const std::tuple<QToolButton*, const char*, bool> tools[] = {
         {ui.cmdCopy, "copy", true},          {ui.cmdRename, "rename", true},
         {ui.cmdEdit, "edit", true},          {ui.cmdDelete, "delete", true},

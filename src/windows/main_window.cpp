@@ -25,11 +25,13 @@
 #include <QTimer>
 #include <QToolButton>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
 
-const QString kGridName = QStringLiteral("grddatabook");
+const QString kGridName = u"grddatabook"_s;
 
 /// Widgets made late stand at the end of the tab order; these belong behind the bar of their book.
 void ChainFocus(QWidget* behind, const QWidget& page)
@@ -63,15 +65,14 @@ MainWindow::MainWindow(forms::ControlSet& controls, forms::DropPort& port, forms
     BuildViewMenu();
     BuildPopups();
     Decorate(*m_ui);
-    m_ui->browserPane->setVisible(controls.Find(QStringLiteral("fraPics")) != nullptr);
+    m_ui->browserPane->setVisible(controls.Find(u"fraPics"_s) != nullptr);
     NamesForReaders(*m_ui);
     m_ui->conditionRow->hide();
     m_ui->lstConditions->FollowInTabOrder(m_ui->cmdPrint);
     // The stems run beside lstViews, line for line, and people look at the views; anchor 0 only holds the
     // picture that the others take.
-    m_binder.DeclareUnseen({QStringLiteral("lstimages"), QStringLiteral("txtimage"),
-                            QStringLiteral("lblLabelTag"), QStringLiteral("lstGenViews"),
-                            QStringLiteral("imaSubjectAnchor_0")});
+    m_binder.DeclareUnseen(
+        {u"lstimages"_s, u"txtimage"_s, u"lblLabelTag"_s, u"lstGenViews"_s, u"imaSubjectAnchor_0"_s});
     m_binder.Bind(*this);
     for (QTabWidget* book : {m_ui->TabSubject})
         book->tabBar()->setAutoHide(true);
@@ -124,17 +125,15 @@ void MainWindow::BuildHeader()
         line->addWidget(made);
         return made;
     };
-    button(QStringLiteral("imaKel"), "house", tr("Refresh re&port"),
-           tr("Read the open report and fill the tabs from it"));
-    auto* send = button(QStringLiteral("sendButton"), "send", tr("Send to sl&ot"),
+    button(u"imaKel"_s, "house", tr("Refresh re&port"), tr("Read the open report and fill the tabs from it"));
+    auto* send = button(u"sendButton"_s, "send", tr("Send to sl&ot"),
                         tr("Drop the current record on a slot (Ctrl+Enter)"));
     connect(send, &QToolButton::clicked, this, &MainWindow::SendToSlot);
     m_sendButton = send;
-    m_themeButton = button(QStringLiteral("themeButton"), "moon", QString(), tr("Light or dark"));
+    m_themeButton = button(u"themeButton"_s, "moon", QString(), tr("Light or dark"));
     connect(m_themeButton, &QToolButton::clicked, this,
             [this] { m_theme.Choose(m_theme.IsDark() ? ThemeChoice::Light : ThemeChoice::Dark); });
-    auto* help = button(QStringLiteral("helpButton"), "question", QString(),
-                        tr("The guide, at the page about this (F1)"));
+    auto* help = button(u"helpButton"_s, "question", QString(), tr("The guide, at the page about this (F1)"));
     connect(help, &QToolButton::clicked, this, [this] { OpenGuide(focusWidget(), *this); });
     m_ui->tabSource->setCornerWidget(corner, Qt::TopRightCorner);
 }
@@ -178,7 +177,7 @@ void MainWindow::BuildPages()
         while (book->count() < pagesOf(book->objectName()))
             book->addTab(new QWidget(book), QString());
     }
-    while (m_ui->tabSource->count() < pagesOf(QStringLiteral("tabSource")))
+    while (m_ui->tabSource->count() < pagesOf(u"tabSource"_s))
         m_ui->tabSource->addTab(new QWidget, QString());
 }
 
@@ -191,7 +190,7 @@ void MainWindow::BuildAllPages()
 
 void MainWindow::BuildCapture()
 {
-    if (m_ui->browserRows->count() > 0 || m_binder.Controls().Find(QStringLiteral("fraPics")) == nullptr)
+    if (m_ui->browserRows->count() > 0 || m_binder.Controls().Find(u"fraPics"_s) == nullptr)
         return;
     auto* pane = new CapturePane(m_ui->browserPane);
     m_ui->browserRows->addWidget(pane);
@@ -214,7 +213,7 @@ void MainWindow::BuildPopups()
 
 void MainWindow::DeleteThumb(int index)
 {
-    if (const forms::Control* thumb = m_binder.Controls().Find(QStringLiteral("geathumb"), index))
+    if (const forms::Control* thumb = m_binder.Controls().Find(u"geathumb"_s, index))
         m_binder.Guard().Run([&] { m_menuPort.DeleteKeyOn(*thumb); });
 }
 
@@ -309,7 +308,7 @@ void MainWindow::SendToSlot()
     if (!m_binder.Guard().Run([&] {
             m_port.Begin(*source, 0); // what is chosen now is sent, whatever stands there when a slot is chosen
             choices = SlotChoices(m_binder.Controls(), m_port, source->Name());
-            title = source == grid ? grid->CurrentText(QStringLiteral("CENTRALKEY")).trimmed()
+            title = source == grid ? grid->CurrentText(u"CENTRALKEY"_s).trimmed()
                                    : QFileInfo(m_port.FileOf(*source)).fileName();
             if (const auto* text = qobject_cast<forms::TextBox*>(source))
                 title = text->Text().trimmed();
@@ -336,11 +335,10 @@ void MainWindow::ShowRecordCount()
         if (grid->SelectedCount() > 1)
             count += tr(", %1 selected").arg(locale.toString(grid->SelectedCount()));
         m_ui->recordCount->setText(count);
-        m_drags.SetCardText(grid->CurrentText(QStringLiteral("CENTRALKEY")).trimmed(),
-                            QStringLiteral("%1 %2")
-                                .arg(grid->CurrentText(QStringLiteral("CITY")).trimmed(),
-                                     grid->CurrentText(QStringLiteral("ST")).trimmed())
-                                .trimmed());
+        m_drags.SetCardText(
+            grid->CurrentText(u"CENTRALKEY"_s).trimmed(),
+            u"%1 %2"_s.arg(grid->CurrentText(u"CITY"_s).trimmed(), grid->CurrentText(u"ST"_s).trimmed())
+                .trimmed());
     });
     FollowRecord();
 }
@@ -369,7 +367,7 @@ void MainWindow::ShowTabColours(bool themed)
 
 void MainWindow::MarkTheme()
 {
-    m_themeButton->setIcon(ThemedIcon(m_theme.IsDark() ? QStringLiteral("sun") : QStringLiteral("moon")));
+    m_themeButton->setIcon(ThemedIcon(m_theme.IsDark() ? u"sun"_s : u"moon"_s));
     for (QAction* action : m_themes->actions())
         action->setChecked(action->data().toInt() == static_cast<int>(m_theme.Choice()));
 }

@@ -12,6 +12,8 @@
 #include <QMenu>
 #include <QShortcut>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 void MainWindow::BuildViewMenu()
@@ -25,7 +27,7 @@ void MainWindow::BuildViewMenu()
     };
     QAction* send =
         add(tr("&Send to Slot..."), QKeySequence(Qt::CTRL | Qt::Key_Return), [this] { SendToSlot(); });
-    send->setIcon(ThemedIcon(QStringLiteral("send")));
+    send->setIcon(ThemedIcon(u"send"_s));
     m_send = send;
     QAction* pick = add(tr("Pick &Up"), QKeySequence(Qt::CTRL | Qt::Key_J), [this] { PickUpOrDrop(); });
     const auto focused = [this](auto act) {

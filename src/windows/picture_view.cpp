@@ -9,6 +9,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
@@ -160,7 +162,7 @@ void PictureView::PaintEmpty(QPainter& painter, const QRectF& ground)
     QRectF icon(0, 0, side, side);
     icon.moveCenter(ground.center() - QPointF(0, words ? 10 : 0));
     if (broken)
-        PaintIcon(painter, QStringLiteral("photo-broken"), icon, colours.red);
+        PaintIcon(painter, u"photo-broken"_s, icon, colours.red);
     else if (!m_emptyIcon.isEmpty() && !(waiting && m_lamp))
         PaintIcon(painter, m_emptyIcon, icon, isEnabled() && !waiting ? colours.muted : colours.faint);
     if (!words)

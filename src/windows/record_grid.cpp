@@ -23,6 +23,8 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
@@ -262,7 +264,7 @@ bool RecordGrid::AimAt(QPoint place)
         return false;
     }
     m_aim = {row, {}};
-    m_guard->Run([&] { m_aim.key = m_model->Text(row, QStringLiteral("CENTRALKEY")); });
+    m_guard->Run([&] { m_aim.key = m_model->Text(row, u"CENTRALKEY"_s); });
     viewport()->update();
     return true;
 }

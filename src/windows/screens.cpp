@@ -56,8 +56,7 @@ ScreenWindow::ScreenWindow(forms::Screen& screen, EventGuard& guard, QWidget* pa
     const auto entry = std::find_if(known.begin(), known.end(),
                                     [&](const ScreenEntry& row) { return screen.Name() == row.name; });
     if (entry == known.end())
-        throw RuntimeError(error::kInvalidOperation,
-                           QStringLiteral("The screen %1 has no window").arg(screen.Name()));
+        throw RuntimeError(error::kInvalidOperation, u"The screen %1 has no window"_s.arg(screen.Name()));
     entry->layout(*this, screen);
     setObjectName(screen.Name());
     setWindowIcon(ApplicationIcon());

@@ -15,6 +15,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
@@ -58,12 +60,11 @@ QList<SlotChoice> SlotChoices(const forms::ControlSet& controls, const forms::Dr
             if (!PageAvailable(controls, group, page))
                 continue;
             if (group.Subject())
-                add(controls.Find(QStringLiteral("txtSubject")), SendToSlotDialog::tr("Subject"),
-                    SendToSlotDialog::tr("all three photos"),
-                    TextOf(controls.Find(QStringLiteral("txtSubject"))));
+                add(controls.Find(u"txtSubject"_s), SendToSlotDialog::tr("Subject"),
+                    SendToSlotDialog::tr("all three photos"), TextOf(controls.Find(u"txtSubject"_s)));
             for (int place = 1; place <= kSlotsOnAPage; ++place) {
                 const int index = page * kSlotsOnAPage + place;
-                const QString title = QStringLiteral("%1 %2").arg(group.row.title).arg(index);
+                const QString title = u"%1 %2"_s.arg(group.row.title).arg(index);
                 forms::Control* text = controls.Find(QLatin1StringView(group.text), index);
                 const QString now = TextOf(text);
                 add(text, title, SendToSlotDialog::tr("data and front photo"), now);
@@ -91,13 +92,13 @@ SendToSlotDialog::SendToSlotDialog(const QString& record, QList<SlotChoice> choi
     , m_filter(new QLineEdit(this))
     , m_list(new QListWidget(this))
 {
-    setObjectName(QStringLiteral("sendToSlot"));
+    setObjectName(u"sendToSlot"_s);
     setWindowTitle(tr("Send to Slot"));
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(16, 16, 16, 16);
     rows->setSpacing(8);
     auto* title = new QLabel(record, this);
-    title->setProperty("role", QStringLiteral("title"));
+    title->setProperty("role", u"title"_s);
     title->setTextFormat(Qt::PlainText);
     rows->addWidget(title);
     m_filter->setPlaceholderText(tr("Type to narrow: comp 4, listing, data only"));
@@ -127,9 +128,9 @@ void SendToSlotDialog::Filter(const QString& words)
     const QStringList wanted = words.simplified().split(u' ', Qt::SkipEmptyParts);
     for (int i = 0; i < m_choices.size(); ++i) {
         const SlotChoice& choice = m_choices.at(i);
-        QString line = QStringLiteral("%1  \u2013  %2").arg(choice.title, choice.effect);
+        QString line = u"%1  \u2013  %2"_s.arg(choice.title, choice.effect);
         if (!choice.now.isEmpty())
-            line += QStringLiteral("   (%1)").arg(choice.now);
+            line += u"   (%1)"_s.arg(choice.now);
         const bool fits = std::all_of(wanted.begin(), wanted.end(), [&](const QString& word) {
             return line.contains(word, Qt::CaseInsensitive);
         });

@@ -13,6 +13,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
@@ -22,7 +24,7 @@ constexpr int kSmallGap = 4;
 
 QString Named(const QByteArray& name, int index)
 {
-    return QStringLiteral("%1_%2").arg(QLatin1StringView(name)).arg(index);
+    return u"%1_%2"_s.arg(QLatin1StringView(name)).arg(index);
 }
 
 /// A small picture that is clicked: an icon that keeps its place while it is hidden.
@@ -96,18 +98,18 @@ void SlotPage::AddHeading(QVBoxLayout& rows)
     if (!m_group.heading.isEmpty()) {
         auto* heading = new QLabel(this);
         heading->setObjectName(Named(m_group.heading, m_page));
-        heading->setProperty("role", QStringLiteral("title"));
+        heading->setProperty("role", u"title"_s);
         rows.addWidget(heading);
     } else if (m_group.Subject()) {
         auto* line = new QHBoxLayout;
         line->setSpacing(kGap);
         auto* address = new QLineEdit(this);
-        address->setObjectName(QStringLiteral("txtSubject"));
+        address->setObjectName(u"txtSubject"_s);
         address->setPlaceholderText(tr("Address of the subject"));
         address->setAccessibleName(tr("Address of the subject"));
         address->setToolTip(tr("Drop a record here to replace the three subject photos"));
         auto* caption = new QLabel(tr("Su&bject"), this);
-        caption->setProperty("role", QStringLiteral("title"));
+        caption->setProperty("role", u"title"_s);
         caption->setBuddy(address);
         line->addWidget(caption);
         line->addWidget(address, 1);
@@ -123,12 +125,12 @@ QWidget* SlotPage::Card(int index)
     rows->setContentsMargins(kGap, kSmallGap, kGap, kGap);
     rows->setSpacing(kSmallGap);
 
-    const QString name = m_group.Subject() ? SubjectView(index)
-                                           : QStringLiteral("%1 %2").arg(tr(m_group.row.title.data())).arg(index);
+    const QString name =
+        m_group.Subject() ? SubjectView(index) : u"%1 %2"_s.arg(tr(m_group.row.title.data())).arg(index);
     auto* head = new QHBoxLayout;
     head->setSpacing(0);
     auto* caption = new QLabel(name, card);
-    caption->setProperty("role", QStringLiteral("quiet"));
+    caption->setProperty("role", u"quiet"_s);
     head->addWidget(caption, 1);
     if (!m_group.anchor.isEmpty())
         head->addWidget(
@@ -139,7 +141,7 @@ QWidget* SlotPage::Card(int index)
 
     auto* photo = new PictureView(card);
     photo->setObjectName(Named(m_group.photo, index));
-    photo->SetEmptyIcon(QStringLiteral("photo"));
+    photo->SetEmptyIcon(u"photo"_s);
     photo->SetEmptyText(tr("Drop a photo here"));
     photo->setAccessibleName(tr("Photo of %1").arg(name));
     photo->setToolTip(tr("Drop a record here to send its photo to the report"));
@@ -180,7 +182,7 @@ QWidget* SlotPage::Footer(int index, const QString& name, QWidget* card)
     auto* lamp = new PictureView(footer);
     lamp->setObjectName(Named(m_group.box, index));
     lamp->SetLamp(true);
-    lamp->SetEmptyIcon(QStringLiteral("addendum"));
+    lamp->SetEmptyIcon(u"addendum"_s);
     lamp->setFixedSize(30, 30);
     lamp->setAccessibleName(tr("Data of %1").arg(name));
     lamp->setToolTip(tr("Drop a record here: only its data go to the report"));

@@ -6,6 +6,8 @@
 
 #include <QPainter>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
@@ -22,7 +24,7 @@ SplashWindow::SplashWindow(forms::ControlSet& controls, EventGuard& guard, QWidg
     m_ui->imgLogo->SetBare(true);
     m_ui->imgLogo->setFocusPolicy(Qt::NoFocus);
     m_ui->imgLogo->setAccessibleName(tr("Vasclip"));
-    if (auto* logo = qobject_cast<forms::PictureBox*>(controls.Find(QStringLiteral("imgLogo")));
+    if (auto* logo = qobject_cast<forms::PictureBox*>(controls.Find(u"imgLogo"_s));
         logo != nullptr && logo->Picture().isNull())
         logo->SetPicture(ApplicationIcon().pixmap(QSize(kLogoPixels, kLogoPixels), 1.0).toImage());
     m_binder.Bind(*this);

@@ -15,6 +15,8 @@
 #include <QToolTip>
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
@@ -131,7 +133,7 @@ bool TellWhole(QObject* watched, const QHelpEvent& event)
 } // namespace
 
 TabStyle::TabStyle()
-    : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion")))
+    : QProxyStyle(QStyleFactory::create(u"Fusion"_s))
 {
     QCoreApplication::instance()->installEventFilter(this);
 }
@@ -261,17 +263,17 @@ QIcon TabStyle::standardIcon(StandardPixmap which, const QStyleOption* option, c
     const ThemeColours& colours = Theme::Colours();
     switch (which) {
     case SP_MessageBoxQuestion:
-        return ColouredIcon(QStringLiteral("question"), colours.accent);
+        return ColouredIcon(u"question"_s, colours.accent);
     case SP_MessageBoxInformation:
-        return ColouredIcon(QStringLiteral("info"), colours.blue);
+        return ColouredIcon(u"info"_s, colours.blue);
     case SP_MessageBoxWarning:
-        return ColouredIcon(QStringLiteral("warning"), colours.red);
+        return ColouredIcon(u"warning"_s, colours.red);
     case SP_LineEditClearButton:
-        return ThemedIcon(QStringLiteral("clear"));
+        return ThemedIcon(u"clear"_s);
     case SP_ToolBarHorizontalExtensionButton:
-        return ThemedIcon(QStringLiteral("more"));
+        return ThemedIcon(u"more"_s);
     case SP_MessageBoxCritical:
-        return ColouredIcon(QStringLiteral("critical"), colours.red);
+        return ColouredIcon(u"critical"_s, colours.red);
     default:
         return QProxyStyle::standardIcon(which, option, widget);
     }

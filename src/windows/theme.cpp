@@ -11,11 +11,13 @@
 #include <QSettings>
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
 
-const QString kThemeKey = QStringLiteral("view/theme");
+const QString kThemeKey = u"view/theme"_s;
 
 QColor Rgb(unsigned value)
 {
@@ -107,7 +109,7 @@ QPalette PaletteOf(const ThemeColours& c)
 /// The sheet with its colour names put in. Kept small: every widget is matched against it.
 QString SheetOf(const ThemeColours& c, bool dark)
 {
-    QString sheet = QStringLiteral(R"(
+    QString sheet = uR"(
 QMenuBar { background: $window; padding: 2px 4px; }
 QMenuBar::item { padding: 4px 10px; border-radius: 4px; background: transparent; }
 QMenuBar::item:selected, QMenuBar::item:pressed { background: $accentSoft; }
@@ -195,7 +197,7 @@ QLineEdit[dropHover="true"], QComboBox[dropHover="true"] { border: 2px solid $ac
   background: $accentSoft; }
 QFrame[dropWanted="true"], QLabel[dropWanted="true"] { border: 2px dashed $accent; border-radius: 6px; }
 QFrame[dropHover="true"], QLabel[dropHover="true"] { border: 2px solid $accent; border-radius: 6px; }
-)");
+)"_s;
     const QColor hover = dark ? c.accent.lighter(112) : c.accent.darker(112);
     // Longer names first, so that "$accent" does not eat the head of "$accentSoft".
     const std::pair<const char*, QString> names[] = {
@@ -219,7 +221,7 @@ QFrame[dropHover="true"], QLabel[dropHover="true"] { border: 2px solid $accent; 
         {"$blue", c.blue.name()},
         {"$red", c.red.name()},
         {"$green", c.green.name()},
-        {"$mode", dark ? QStringLiteral("dark") : QStringLiteral("light")},
+        {"$mode", dark ? u"dark"_s : u"light"_s},
     };
     for (const auto& [name, value] : names)
         sheet.replace(QLatin1StringView(name), value);

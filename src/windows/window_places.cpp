@@ -8,14 +8,16 @@
 #include <QScreen>
 #include <QSettings>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
 
-const QString kGeometry = QStringLiteral("window/geometry");
-const QString kMainSplitter = QStringLiteral("window/mainSplitter");
-const QString kTopSplitter = QStringLiteral("window/topSplitter");
-const QString kBottomSplitter = QStringLiteral("window/bottomSplitter");
+const QString kGeometry = u"window/geometry"_s;
+const QString kMainSplitter = u"window/mainSplitter"_s;
+const QString kTopSplitter = u"window/topSplitter"_s;
+const QString kBottomSplitter = u"window/bottomSplitter"_s;
 
 } // namespace
 

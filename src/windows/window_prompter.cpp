@@ -13,6 +13,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
@@ -169,8 +171,8 @@ QStringList DialogFilters(const QString& filter)
         if (pattern.isEmpty())
             continue;
         const QString words = parts.value(i + 1).trimmed();
-        filters.append(QStringLiteral("%1 (%2)").arg(words.isEmpty() ? pattern : words,
-                                                     QString(pattern).replace(u';', u' ')));
+        filters.append(
+            u"%1 (%2)"_s.arg(words.isEmpty() ? pattern : words, QString(pattern).replace(u';', u' ')));
     }
     return filters;
 }

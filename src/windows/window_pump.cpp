@@ -10,11 +10,13 @@
 #include <QWidget>
 #include <QWindow>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::windows {
 
 namespace {
 
-const QString kStopButton = QStringLiteral("cmdStop");
+const QString kStopButton = u"cmdStop"_s;
 
 } // namespace
 

@@ -998,7 +998,7 @@ TEST_F(Vasctl, WrongCommandLinesAreToldWithTheirCode)
 
 TEST_F(Vasctl, TheGuideNamesCommandsAndOptionsThatAreThere)
 {
-    QFile page(QStringLiteral(VASCLIP_GUIDE_DIR "/vasctl.md"));
+    QFile page(u"" VASCLIP_GUIDE_DIR "/vasctl.md"_s);
     ASSERT_TRUE(page.open(QIODevice::ReadOnly));
     const QString text = QString::fromUtf8(page.readAll());
     const QString help = QString::fromUtf8(home.Vasctl({u"--plain"_s, u"--help"_s}).out);
@@ -1021,7 +1021,7 @@ TEST_F(Vasctl, TheGuideNamesCommandsAndOptionsThatAreThere)
 
 TEST_F(Vasctl, TheGuideLeavesNoCommandOut)
 {
-    QFile page(QStringLiteral(VASCLIP_GUIDE_DIR "/vasctl.md"));
+    QFile page(u"" VASCLIP_GUIDE_DIR "/vasctl.md"_s);
     ASSERT_TRUE(page.open(QIODevice::ReadOnly));
     const QString text = QString::fromUtf8(page.readAll());
     QString help = QString::fromUtf8(home.Vasctl({u"--plain"_s, u"--help"_s}).out);

@@ -364,7 +364,7 @@ TEST_F(TwoUsers, ARecordThatIsDeletedMeanwhileIsNeitherCopiedNorRenamed)
     engine::Engine engine(disk);
     tests::TestPorts doubles;
     const forms::Ports ports = doubles.Get();
-    store::DataSource source(engine, QStringLiteral("datDatabook"));
+    store::DataSource source(engine, u"datDatabook"_s);
     store::Connect2mdb(ports, source, path, u"COMPS"_s, engine::RecordsetType::Table);
     for (int i = 0;; ++i) {
         const QString name = u"%1 KILL RD %2"_s.arg(i).arg(round);

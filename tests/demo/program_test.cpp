@@ -30,7 +30,7 @@ TEST_P(Program, AnswersItsArguments)
         arguments.append(argument == "HOME"_L1 ? home.path() : argument);
     QProcess program;
     program.setProcessChannelMode(QProcess::MergedChannels);
-    program.start(QStringLiteral(DEMO_PROGRAM), arguments);
+    program.start(u"" DEMO_PROGRAM ""_s, arguments);
     ASSERT_TRUE(program.waitForFinished());
     EXPECT_EQ(program.exitCode(), GetParam().exitCode);
     const QString said = QString::fromUtf8(program.readAll());

@@ -90,7 +90,7 @@ TEST_F(DatabookFaults, WhatIsNoDatabookIsNamedAndLeftAsItIs)
 
 TEST_F(DatabookFaults, AGenuineFileOfTheOldEngineIsNamedAndLeftAsItIs)
 {
-    const QDir genuine(QStringLiteral(VASCLIP_GENUINE_DATABASES));
+    const QDir genuine(u"" VASCLIP_GENUINE_DATABASES ""_s);
     const std::pair<QString, QString> files[] = {{u"testV1997.mdb"_s, u"Jet 3"_s},
                                                  {u"testV2000.mdb"_s, u"Jet 4"_s}};
     if (!genuine.exists(files[0].first) || !genuine.exists(files[1].first))
@@ -126,7 +126,7 @@ TEST_F(DatabookFaults, AReadOnlyOneIsReadAndNotWritten)
 TEST_F(DatabookFaults, OneOpenedExclusivelyNamesItsUser)
 {
     Helper other;
-    ASSERT_TRUE(other.Start(QStringLiteral(VASCLIP_ENGINE_USER),
+    ASSERT_TRUE(other.Start(u"" VASCLIP_ENGINE_USER ""_s,
                             {home.Path(), u"C:\\DATABOOK\\DATABOOK.MDB"_s, u"hold"_s, u"exclusive"_s}));
     ExpectAllSay(u"The file C:\\DATABOOK\\DATABOOK.MDB is opened exclusively by"_s, u"opened exclusively"_s);
     ExpectWhole(u"asking for a Databook that is opened exclusively"_s);
@@ -240,7 +240,7 @@ TEST_F(DamagedDatabook, IsCopiedAsFarAsItCanBeRead)
 TEST_F(DatabookFaults, AnotherUsersHalfDoneChangeIsWaitedForAndTold)
 {
     Helper other;
-    ASSERT_TRUE(other.Start(QStringLiteral(VASCLIP_ENGINE_USER),
+    ASSERT_TRUE(other.Start(u"" VASCLIP_ENGINE_USER ""_s,
                             {home.Path(), u"C:\\DATABOOK\\DATABOOK.MDB"_s, u"hold"_s, u"locked"_s}));
     EXPECT_EQ(Vasctl({u"records"_s, u"list"_s}).code, kDone) << "reading goes on";
     const Timed run = Vasctl({u"records"_s, u"add"_s, u"1 New Rd"_s});

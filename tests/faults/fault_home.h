@@ -12,6 +12,8 @@
 
 namespace vasclip::tests {
 
+using namespace Qt::StringLiterals;
+
 // The exit codes of vasctl.
 inline constexpr int kDone = 0, kFailed = 1, kUsage = 2, kNotFound = 3, kDeclined = 4, kNoLink = 5;
 
@@ -66,7 +68,7 @@ protected:
     {
         QElapsedTimer timer;
         timer.start();
-        Timed run{home.Vasctl(QStringList{QStringLiteral("--plain")} + arguments), 0};
+        Timed run{home.Vasctl(QStringList{u"--plain"_s} + arguments), 0};
         run.seconds = static_cast<double>(timer.elapsed()) / 1000;
         return run;
     }
@@ -82,17 +84,17 @@ protected:
         return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
     }
 
-    [[nodiscard]] QString Databook() const { return home.Native(QStringLiteral("DATABOOK/DATABOOK.MDB")); }
-    [[nodiscard]] QString Settings() const { return home.Native(QStringLiteral("APPRAISE/VAS2000.INI")); }
-    [[nodiscard]] QString KelIni() const { return home.Native(QStringLiteral("APPRAISE/KEL.INI")); }
-    [[nodiscard]] QString Mapping() const { return home.Native(QStringLiteral("VAS2000/Comp2Kel.mdb")); }
+    [[nodiscard]] QString Databook() const { return home.Native(u"DATABOOK/DATABOOK.MDB"_s); }
+    [[nodiscard]] QString Settings() const { return home.Native(u"APPRAISE/VAS2000.INI"_s); }
+    [[nodiscard]] QString KelIni() const { return home.Native(u"APPRAISE/KEL.INI"_s); }
+    [[nodiscard]] QString Mapping() const { return home.Native(u"VAS2000/Comp2Kel.mdb"_s); }
 
     [[nodiscard]] QMap<QString, QByteArray> Files() const
     {
         QMap<QString, QByteArray> files;
-        for (const QString& file : {Databook(), Settings(), KelIni(), Mapping(),
-                                    home.Native(QStringLiteral("KEL/DATA/OAKST114.RPT")),
-                                    home.Native(QStringLiteral("KEL/DATA/FERRY22.RPT"))})
+        for (const QString& file :
+             {Databook(), Settings(), KelIni(), Mapping(), home.Native(u"KEL/DATA/OAKST114.RPT"_s),
+              home.Native(u"KEL/DATA/FERRY22.RPT"_s)})
             files.insert(file, Bytes(file));
         return files;
     }
@@ -109,27 +111,22 @@ protected:
 
     [[nodiscard]] QString FirstKey() const
     {
-        return home
-            .Vasctl({QStringLiteral("records"), QStringLiteral("list"), QStringLiteral("--limit"),
-                     QStringLiteral("1")})
+        return home.Vasctl({u"records"_s, u"list"_s, u"--limit"_s, u"1"_s})
             .Array()[0]
-            .toObject()[QStringLiteral("CENTRALKEY")]
+            .toObject()[u"CENTRALKEY"_s]
             .toString();
     }
     [[nodiscard]] QString CityOf(const QString& key) const
     {
-        return home.Vasctl({QStringLiteral("records"), QStringLiteral("show"), key})
-            .Object()[QStringLiteral("CITY")]
-            .toString();
+        return home.Vasctl({u"records"_s, u"show"_s, key}).Object()[u"CITY"_s].toString();
     }
     /// Starts the forms program with faults, without spending any of its answers.
     bool StartForms(const QStringList& options,
-                    const QStringList& reports = {QStringLiteral("C:\\KEL\\DATA\\OAKST114.RPT")})
+                    const QStringList& reports = {u"C:\\KEL\\DATA\\OAKST114.RPT"_s})
     {
         home.forms.setProcessEnvironment(home.environment);
-        home.forms.start(ProgramHome::Program(QStringLiteral("kelforms")),
-                         QStringList{QStringLiteral("--home"), home.Path(), QStringLiteral("--headless")} +
-                             options + reports);
+        home.forms.start(ProgramHome::Program(u"kelforms"_s),
+                         QStringList{u"--home"_s, home.Path(), u"--headless"_s} + options + reports);
         while (home.forms.waitForReadyRead(kPatienceMs)) {
             if (home.forms.readAllStandardOutput().contains("listening at"))
                 return true;

@@ -4,6 +4,8 @@
 
 namespace vasclip::tests {
 
+using namespace Qt::StringLiterals;
+
 inline bool RunTool(const QString& program, const QStringList& arguments)
 {
     QProcess process;
@@ -21,14 +23,14 @@ public:
     {
         const QString aside = m_aside.path();
         m_mounted =
-            RunTool(QStringLiteral("cp"), {QStringLiteral("-a"), directory + QStringLiteral("/."), aside}) &&
-            RunTool(QStringLiteral("mount"), {QStringLiteral("-t"), QStringLiteral("tmpfs"), QStringLiteral("-o"), QStringLiteral("size=1m"), QStringLiteral("tmpfs"), directory}) &&
-            RunTool(QStringLiteral("cp"), {QStringLiteral("-a"), aside + QStringLiteral("/."), directory});
+            RunTool(u"cp"_s, {u"-a"_s, directory + u"/."_s, aside}) &&
+            RunTool(u"mount"_s, {u"-t"_s, u"tmpfs"_s, u"-o"_s, u"size=1m"_s, u"tmpfs"_s, directory}) &&
+            RunTool(u"cp"_s, {u"-a"_s, aside + u"/."_s, directory});
     }
     ~SmallDisk()
     {
         if (m_mounted)
-            RunTool(QStringLiteral("umount"), {m_directory});
+            RunTool(u"umount"_s, {m_directory});
     }
     SmallDisk(const SmallDisk&) = delete;
     SmallDisk& operator=(const SmallDisk&) = delete;
@@ -47,13 +49,12 @@ public:
     }
     [[nodiscard]] bool MakeReadOnly() const
     {
-        return RunTool(QStringLiteral("mount"),
-                       {QStringLiteral("-o"), QStringLiteral("remount,ro"), m_directory});
+        return RunTool(u"mount"_s, {u"-o"_s, u"remount,ro"_s, m_directory});
     }
     void MakeRoom() const { QFile::remove(Filling()); }
 
 private:
-    [[nodiscard]] QString Filling() const { return m_directory + QStringLiteral("/filling"); }
+    [[nodiscard]] QString Filling() const { return m_directory + u"/filling"_s; }
 
     QString m_directory;
     QTemporaryDir m_aside;

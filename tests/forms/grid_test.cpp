@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::forms {
 namespace {
 
@@ -12,12 +14,12 @@ public:
         : m_count(count)
     {}
     qint64 RowCount() const override { return m_count; }
-    QStringList FieldNames() const override { return {QStringLiteral("CENTRALKEY"), QStringLiteral("CITY")}; }
+    QStringList FieldNames() const override { return {u"CENTRALKEY"_s, u"CITY"_s}; }
     QStringList Row(qint64 row) const override
     {
         if (row == gone)
             return {};
-        return {QStringLiteral("%1 OAK ST").arg(row), QStringLiteral("Alder")};
+        return {u"%1 OAK ST"_s.arg(row), u"Alder"_s};
     }
     qint64 gone = -1;
 
@@ -28,7 +30,7 @@ private:
 struct GridTest : testing::Test
 {
     ControlSet set;
-    Grid grid{set, QStringLiteral("grddatabook")};
+    Grid grid{set, u"grddatabook"_s};
 };
 
 TEST_F(GridTest, StandsOnTheFirstRowAfterRebind)
@@ -58,7 +60,7 @@ TEST_F(GridTest, EmptySourceHasNoRow)
     EXPECT_EQ(grid.Row(), -1);
     grid.SetRow(0);
     EXPECT_EQ(grid.Row(), -1);
-    EXPECT_EQ(grid.CurrentText(QStringLiteral("CITY")), QString());
+    EXPECT_EQ(grid.CurrentText(u"CITY"_s), QString());
 }
 
 TEST_F(GridTest, KeepsTheRowWithinTheRows)
@@ -80,18 +82,18 @@ TEST_F(GridTest, ReadsTheCurrentRowByFieldName)
     Rows rows(3);
     grid.Rebind(&rows);
     grid.SetRow(1);
-    EXPECT_EQ(grid.CurrentText(QStringLiteral("centralkey")), QStringLiteral("1 OAK ST"));
-    EXPECT_EQ(grid.CurrentText(QStringLiteral("CITY")), QStringLiteral("Alder"));
-    EXPECT_EQ(grid.CurrentText(QStringLiteral("NOFIELD")), QString());
+    EXPECT_EQ(grid.CurrentText(u"centralkey"_s), u"1 OAK ST"_s);
+    EXPECT_EQ(grid.CurrentText(u"CITY"_s), u"Alder"_s);
+    EXPECT_EQ(grid.CurrentText(u"NOFIELD"_s), QString());
     rows.gone = 1;
-    EXPECT_EQ(grid.CurrentText(QStringLiteral("CITY")), QString());
+    EXPECT_EQ(grid.CurrentText(u"CITY"_s), QString());
 }
 
 TEST_F(GridTest, TellsOfNewColumnsOnly)
 {
     int changed = 0;
     QObject::connect(&grid, &Grid::ColumnsChanged, &grid, [&] { ++changed; });
-    const QList<GridColumn> columns{{QStringLiteral("CITY"), QStringLiteral("City")}};
+    const QList<GridColumn> columns{{u"CITY"_s, u"City"_s}};
     grid.SetColumns(columns);
     grid.SetColumns(columns);
     EXPECT_EQ(changed, 1);
@@ -122,14 +124,14 @@ struct ColumnsTest : GridTest
 TEST_F(ColumnsTest, MovePastHiddenOnesAndStopAtTheEnds)
 {
     EXPECT_EQ(grid.MoveColumn(2, -1), 0);
-    EXPECT_EQ(Order(), QStringLiteral("CABD"));
+    EXPECT_EQ(Order(), u"CABD"_s);
     EXPECT_EQ(grid.MoveColumn(0, -1), 0);
-    EXPECT_EQ(Order(), QStringLiteral("CABD"));
+    EXPECT_EQ(Order(), u"CABD"_s);
     EXPECT_EQ(grid.MoveColumn(0, 9), 3);
-    EXPECT_EQ(Order(), QStringLiteral("ABDC"));
+    EXPECT_EQ(Order(), u"ABDC"_s);
     EXPECT_EQ(grid.MoveColumn(7, 1), 7) << "no such column";
-    EXPECT_EQ(grid.ColumnOf(QStringLiteral("c")), 3);
-    EXPECT_EQ(grid.ColumnOf(QStringLiteral("X")), -1);
+    EXPECT_EQ(grid.ColumnOf(u"c"_s), 3);
+    EXPECT_EQ(grid.ColumnOf(u"X"_s), -1);
 }
 
 TEST_F(ColumnsTest, FixedAndLastOnesStayOnShow)
@@ -162,7 +164,7 @@ TEST_F(ColumnsTest, OnlyASortableHeadingAnswers)
     QObject::connect(&grid, &Grid::HeadClick, &grid, [&](const QString& field) { clicked.append(field); });
     for (int column = -1; column < 5; ++column)
         grid.ClickHead(column);
-    EXPECT_EQ(clicked, QStringList{QStringLiteral("C")});
+    EXPECT_EQ(clicked, QStringList{u"C"_s});
 }
 
 } // namespace

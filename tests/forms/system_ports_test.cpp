@@ -10,6 +10,8 @@
 
 #include <set>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::forms {
 namespace {
 
@@ -106,17 +108,16 @@ TEST(Hourglass, ComesBackOnEveryWayOut)
 TEST(Prompter, ShortFormsShowPlainBoxes)
 {
     tests::TestPorts ports;
-    ports.prompter.Box(QStringLiteral("T"), QStringLiteral("plain"));
-    ports.prompter.Info(QStringLiteral("T"), QStringLiteral("info"));
+    ports.prompter.Box(u"T"_s, u"plain"_s);
+    ports.prompter.Info(u"T"_s, u"info"_s);
     ports.prompter.Answer(Answer::Yes);
-    EXPECT_TRUE(ports.prompter.YesNo(QStringLiteral("T"), QStringLiteral("sure?")));
+    EXPECT_TRUE(ports.prompter.YesNo(u"T"_s, u"sure?"_s));
     ports.prompter.Answer(Answer::No);
-    EXPECT_FALSE(ports.prompter.YesNo(QStringLiteral("T"), QStringLiteral("sure?")));
-    const std::vector<tests::ShownBox> wanted{
-        {Buttons::Ok, Icon::None, QStringLiteral("T"), QStringLiteral("plain")},
-        {Buttons::Ok, Icon::Information, QStringLiteral("T"), QStringLiteral("info")},
-        {Buttons::YesNo, Icon::Question, QStringLiteral("T"), QStringLiteral("sure?")},
-        {Buttons::YesNo, Icon::Question, QStringLiteral("T"), QStringLiteral("sure?")}};
+    EXPECT_FALSE(ports.prompter.YesNo(u"T"_s, u"sure?"_s));
+    const std::vector<tests::ShownBox> wanted{{Buttons::Ok, Icon::None, u"T"_s, u"plain"_s},
+                                              {Buttons::Ok, Icon::Information, u"T"_s, u"info"_s},
+                                              {Buttons::YesNo, Icon::Question, u"T"_s, u"sure?"_s},
+                                              {Buttons::YesNo, Icon::Question, u"T"_s, u"sure?"_s}};
     EXPECT_EQ(ports.prompter.Boxes(), wanted);
     EXPECT_TRUE(ports.prompter.AllAnswered());
 }

@@ -5,12 +5,14 @@
 #include <QFile>
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::house {
 
 namespace {
 
-const QString kSrc = QStringLiteral("src/");
-const QString kTools = QStringLiteral("tools/");
+const QString kSrc = u"src/"_s;
+const QString kTools = u"tools/"_s;
 
 struct Include
 {
@@ -20,9 +22,8 @@ struct Include
 
 QList<Include> IncludesOf(const QString& text)
 {
-    static const QRegularExpression pattern(
-        QStringLiteral(R"(^[ \t]*#[ \t]*include[ \t]*([<"])([^>"\n]+)[>"])"),
-        QRegularExpression::MultilineOption);
+    static const QRegularExpression pattern(uR"(^[ \t]*#[ \t]*include[ \t]*([<"])([^>"\n]+)[>"])"_s,
+                                            QRegularExpression::MultilineOption);
     QList<Include> includes;
     for (auto found = pattern.globalMatch(text); found.hasNext();) {
         const QRegularExpressionMatch match = found.next();
@@ -55,19 +56,18 @@ qsizetype FloorOf(const QString& room)
 /// Made by the build: the form of a window, the meta-object code of a class.
 bool IsGenerated(const QString& name)
 {
-    return name.startsWith(QStringLiteral("ui_")) || name.endsWith(QStringLiteral(".moc")) ||
-           name.startsWith(QStringLiteral("moc_"));
+    return name.startsWith(u"ui_"_s) || name.endsWith(u".moc"_s) || name.startsWith(u"moc_"_s);
 }
 
 bool MayShowWidgets(const QString& path)
 {
-    static const QRegularExpression pattern(QStringLiteral("^(src/windows/|src/app/|tools/kelforms/)"));
+    static const QRegularExpression pattern(u"^(src/windows/|src/app/|tools/kelforms/)"_s);
     return pattern.match(path).hasMatch();
 }
 
 bool MayAskTheSystem(const QString& path)
 {
-    return path.startsWith(QStringLiteral("src/platform/"));
+    return path.startsWith(u"src/platform/"_s);
 }
 
 /// A path of the project for the name of an include; empty if there is none.
@@ -91,44 +91,37 @@ void CheckArrow(const QString& from, const QString& onto, QStringList& violation
     const qsizetype floor = FloorOf(room);
     const qsizetype otherFloor = FloorOf(other);
     if (otherFloor > floor)
-        violations.append(
-            QStringLiteral("%1 includes %2, which stands above it").arg(from, onto.mid(kSrc.size())));
+        violations.append(u"%1 includes %2, which stands above it"_s.arg(from, onto.mid(kSrc.size())));
     else if (otherFloor == floor)
-        violations.append(QStringLiteral("%1 includes %2 of its own floor").arg(from, onto.mid(kSrc.size())));
+        violations.append(u"%1 includes %2 of its own floor"_s.arg(from, onto.mid(kSrc.size())));
 }
 
-/// One kind of database is known to itself and to the list of kinds alone. The maps keep their own files with its
-/// library, which are no databases of the engine.
+/// One kind of database is known to itself and to the list of kinds alone; the map's files are its own.
 void CheckBackEnd(const QString& path, const Include& include, QStringList& violations)
 {
-    static const QString kSqlite = QStringLiteral("platform/engine/sqlite/");
-    const bool knows = path.startsWith(kSrc + kSqlite) ||
-                       path.startsWith(QStringLiteral("src/platform/engine/kinds/")) ||
-                       (!include.quoted && path.startsWith(QStringLiteral("src/platform/street/")));
-    const bool names = include.quoted ? include.name.startsWith(kSqlite)
-                                      : include.name == QStringLiteral("sqlite3.h");
+    static const QString kSqlite = u"platform/engine/sqlite/"_s;
+    const bool knows = path.startsWith(kSrc + kSqlite) || path.startsWith(u"src/platform/engine/kinds/"_s) ||
+                       (!include.quoted && path.startsWith(u"src/platform/street/"_s));
+    const bool names = include.quoted ? include.name.startsWith(kSqlite) : include.name == u"sqlite3.h"_s;
     if (names && !knows && path.startsWith(kSrc))
-        violations.append(
-            QStringLiteral("%1 includes %2, which is one kind of database's own").arg(path, include.name));
+        violations.append(u"%1 includes %2, which is one kind of database's own"_s.arg(path, include.name));
 }
 
 void CheckIncludes(const Sources& sources, const QSet<QString>& widgetHeaders,
                    QMap<QString, QStringList>& arrows, QStringList& violations)
 {
-    static const QSet<QString> kWholeLibraries = {QStringLiteral("QtCore"), QStringLiteral("QtGui"),
-                                                  QStringLiteral("QtWidgets"), QStringLiteral("QtNetwork")};
+    static const QSet<QString> kWholeLibraries = {u"QtCore"_s, u"QtGui"_s, u"QtWidgets"_s, u"QtNetwork"_s};
     for (auto source = sources.cbegin(); source != sources.cend(); ++source) {
         const QString& path = source.key();
         if (path.startsWith(kSrc) && RoomOf(path).isEmpty())
-            violations.append(QStringLiteral("%1 lies in no room of the plan").arg(path));
+            violations.append(u"%1 lies in no room of the plan"_s.arg(path));
         for (const Include& include : IncludesOf(source.value())) {
             CheckBackEnd(path, include, violations);
             if (include.quoted && !IsGenerated(include.name)) {
                 const QString onto = Resolved(sources, path, include.name);
                 if (onto.isEmpty()) {
-                    violations.append(
-                        QStringLiteral("%1 includes \"%2\", which is no path from src/ or tools/")
-                            .arg(path, include.name));
+                    violations.append(u"%1 includes \"%2\", which is no path from src/ or tools/"_s.arg(
+                        path, include.name));
                 } else {
                     arrows[path].append(onto);
                     CheckArrow(path, onto, violations);
@@ -136,26 +129,34 @@ void CheckIncludes(const Sources& sources, const QSet<QString>& widgetHeaders,
             }
             const QString header = include.name.section(u'/', -1);
             if (kWholeLibraries.contains(include.name))
-                violations.append(QStringLiteral("%1 includes all of <%2>").arg(path, include.name));
-            const bool widget =
-                widgetHeaders.contains(header) || include.name.startsWith(QStringLiteral("QtWidgets/"));
+                violations.append(u"%1 includes all of <%2>"_s.arg(path, include.name));
+            const bool widget = widgetHeaders.contains(header) || include.name.startsWith(u"QtWidgets/"_s);
             if (!include.quoted && widget && !MayShowWidgets(path))
-                violations.append(QStringLiteral("%1 includes the widget <%2>").arg(path, include.name));
+                violations.append(u"%1 includes the widget <%2>"_s.arg(path, include.name));
         }
+    }
+}
+
+/// One spelling of a literal in the whole project.
+void CheckLiterals(const Sources& sources, QStringList& violations)
+{
+    for (auto source = sources.cbegin(); source != sources.cend(); ++source) {
+        if (source.value().contains(u"QString"_s + u"Literal("_s))
+            violations.append(u"%1 spells a text in the long way: it is u\"...\"_s"_s.arg(source.key()));
     }
 }
 
 void CheckSystems(const Sources& sources, QStringList& violations)
 {
     static const QRegularExpression pattern(
-        QStringLiteral(R"(^[ \t]*#[ \t]*(?:if|ifdef|ifndef|elif)\b.*\b)"
-                       R"((_?WIN32|_WIN64|Q_OS_\w+|__linux__|__unix__|__APPLE__|_MSC_VER|__MINGW\w*)\b)"),
+        uR"(^[ \t]*#[ \t]*(?:if|ifdef|ifndef|elif)\b.*\b)"
+        R"((_?WIN32|_WIN64|Q_OS_\w+|__linux__|__unix__|__APPLE__|_MSC_VER|__MINGW\w*)\b)"_s,
         QRegularExpression::MultilineOption);
     for (auto source = sources.cbegin(); source != sources.cend(); ++source) {
         const QRegularExpressionMatch match = pattern.match(source.value());
         if (match.hasMatch() && !MayAskTheSystem(source.key()))
-            violations.append(QStringLiteral("%1 asks for a system by %2 outside platform/")
-                                  .arg(source.key(), match.captured(1)));
+            violations.append(
+                u"%1 asks for a system by %2 outside platform/"_s.arg(source.key(), match.captured(1)));
     }
 }
 
@@ -163,28 +164,27 @@ void CheckSystems(const Sources& sources, QStringList& violations)
 void CheckWriters(const Sources& sources, QStringList& violations)
 {
     static const QRegularExpression pattern(
-        QStringLiteral(R"((?:\.|->)(Edit(?=\(\))|AddNew|Update(?=\(\))|Delete(?=\(\))|CancelUpdate|Execute)\()"));
+        uR"((?:\.|->)(Edit(?=\(\))|AddNew|Update(?=\(\))|Delete(?=\(\))|CancelUpdate|Execute)\()"_s);
     for (auto source = sources.cbegin(); source != sources.cend(); ++source) {
         const QString& path = source.key();
-        const bool writer =
-            path.startsWith(QStringLiteral("src/store/")) || path.startsWith(QStringLiteral("src/platform/"));
+        const bool writer = path.startsWith(u"src/store/"_s) || path.startsWith(u"src/platform/"_s);
         const QRegularExpressionMatch match = pattern.match(source.value());
         if (match.hasMatch() && !writer && path.startsWith(kSrc))
-            violations.append(QStringLiteral("%1 changes records by %2, past store::Change").arg(path, match.captured(1)));
+            violations.append(u"%1 changes records by %2, past store::Change"_s.arg(path, match.captured(1)));
     }
 }
 
 /// What is a group's of slots stands in the one table of them. A picture's length may be "N/A" as well.
 void CheckSlotTable(const Sources& sources, QStringList& violations)
 {
-    static const QString kTable = QStringLiteral("src/link/slot_table.h");
-    static const QRegularExpression comment(QStringLiteral("//[^\n]*"));
+    static const QString kTable = u"src/link/slot_table.h"_s;
+    static const QRegularExpression comment(u"//[^\n]*"_s);
     for (auto source = sources.cbegin(); source != sources.cend(); ++source) {
         if (!source.key().startsWith(kSrc) || source.key() == kTable ||
-            FloorOf(RoomOf(source.key())) < FloorOf(QStringLiteral("link")))
+            FloorOf(RoomOf(source.key())) < FloorOf(u"link"_s))
             continue;
-        if (QString(source.value()).remove(comment).contains(QStringLiteral("\"N/A\"")))
-            violations.append(QStringLiteral("%1 spells \"N/A\" itself: it is kNotAvailable").arg(source.key()));
+        if (QString(source.value()).remove(comment).contains(u"\"N/A\""_s))
+            violations.append(u"%1 spells \"N/A\" itself: it is kNotAvailable"_s.arg(source.key()));
     }
 }
 
@@ -198,9 +198,8 @@ void Visit(const QString& path, const QMap<QString, QStringList>& arrows, QMap<Q
     for (const QString& onto : arrows.value(path)) {
         const Mark mark = marks.value(onto, Mark::Unseen);
         if (mark == Mark::OnTheWay)
-            violations.append(
-                QStringLiteral("a circle of includes: %1")
-                    .arg((way.mid(way.indexOf(onto)) + QStringList{onto}).join(QStringLiteral(" > "))));
+            violations.append(u"a circle of includes: %1"_s.arg(
+                (way.mid(way.indexOf(onto)) + QStringList{onto}).join(u" > "_s)));
         else if (mark == Mark::Unseen)
             Visit(onto, arrows, marks, way, violations);
     }
@@ -213,23 +212,22 @@ void Visit(const QString& path, const QMap<QString, QStringList>& arrows, QMap<Q
 const QList<QStringList>& Floors()
 {
     static const QList<QStringList> floors = {
-        {QStringLiteral("platform/text")},
-        {QStringLiteral("platform/files")},
-        {QStringLiteral("platform/engine"), QStringLiteral("platform/picture"),
-         QStringLiteral("platform/street"), QStringLiteral("platform/conduit"),
-         QStringLiteral("platform/desktop")},
-        {QStringLiteral("forms")},
-        {QStringLiteral("common")},
-        {QStringLiteral("store")},
-        {QStringLiteral("photos"), QStringLiteral("comments")},
-        {QStringLiteral("databook")},
-        {QStringLiteral("link")},
-        {QStringLiteral("upkeep")},
-        {QStringLiteral("map")},
-        {QStringLiteral("drops")},
-        {QStringLiteral("shell")},
-        {QStringLiteral("windows")},
-        {QStringLiteral("app")},
+        {u"platform/text"_s},
+        {u"platform/files"_s},
+        {u"platform/engine"_s, u"platform/picture"_s, u"platform/street"_s, u"platform/conduit"_s,
+         u"platform/desktop"_s},
+        {u"forms"_s},
+        {u"common"_s},
+        {u"store"_s},
+        {u"photos"_s, u"comments"_s},
+        {u"databook"_s},
+        {u"link"_s},
+        {u"upkeep"_s},
+        {u"map"_s},
+        {u"drops"_s},
+        {u"shell"_s},
+        {u"windows"_s},
+        {u"app"_s},
     };
     return floors;
 }
@@ -240,6 +238,7 @@ QStringList Violations(const Sources& sources, const QSet<QString>& widgetHeader
     QMap<QString, QStringList> arrows;
     CheckIncludes(sources, widgetHeaders, arrows, violations);
     CheckSystems(sources, violations);
+    CheckLiterals(sources, violations);
     CheckWriters(sources, violations);
     CheckSlotTable(sources, violations);
     QMap<QString, Mark> marks;
@@ -256,8 +255,8 @@ Sources ReadSources(const QString& projectDirectory)
     Sources sources;
     const QDir root(projectDirectory);
     for (const QString& folder : {kSrc, kTools}) {
-        QDirIterator files(root.filePath(folder), {QStringLiteral("*.h"), QStringLiteral("*.cpp")},
-                           QDir::Files, QDirIterator::Subdirectories);
+        QDirIterator files(root.filePath(folder), {u"*.h"_s, u"*.cpp"_s}, QDir::Files,
+                           QDirIterator::Subdirectories);
         while (files.hasNext()) {
             QFile file(files.next());
             if (file.open(QIODevice::ReadOnly))

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::house {
 namespace {
 
-const QSet<QString> kWidgets = {QStringLiteral("QPushButton")};
+const QSet<QString> kWidgets = {u"QPushButton"_s};
 
 struct Row
 {
@@ -81,6 +83,9 @@ TEST(HouseRules, CatchWhatBreaksThem)
          Of({{"src/platform/engine/kinds/k.cpp", "#include \"platform/engine/sqlite/c.h\"\n"},
              {"src/platform/engine/sqlite/c.h", "#include <sqlite3.h>\n"}}),
          QString()},
+        {"the map's files are its own", Of({{"src/platform/street/s.cpp", "#include <sqlite3.h>\n"}}), QString()},
+        {"a text spelt in the long way", Of({{"src/common/a.cpp", "QString" "Literal(\"a\")\n"}}),
+         Text("src/common/a.cpp spells a text in the long way: it is u\"...\"_s")},
         {"a record changed by hand", Of({{"src/link/a.cpp", "source.Recordset().Edit();\n"}}),
          Text("src/link/a.cpp changes records by Edit, past store::Change")},
         {"a statement run by hand", Of({{"src/app/a.cpp", "database->Execute(sql);\n"}}),

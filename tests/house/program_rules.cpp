@@ -2,6 +2,8 @@
 
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::house {
 
 namespace {
@@ -11,35 +13,32 @@ constexpr qsizetype kMostLines = 600;
 /// A source without what people read in it alone.
 QString Code(QString text)
 {
-    static const QRegularExpression comment(QStringLiteral(R"(//[^\n]*)"));
+    static const QRegularExpression comment(uR"(//[^\n]*)"_s);
     return text.remove(comment);
 }
 
 void CheckMenus(const QString& path, const QString& code, QStringList& violations)
 {
-    static const QRegularExpression place(QStringLiteral("^src/(shell|windows)/"));
-    static const QRegularExpression table(QStringLiteral("^src/shell/menus\\.(h|cpp)$"));
-    static const QRegularExpression number(QStringLiteral(R"(\bindex\s*[!=]=\s*(\d+|k\w+Entry\b))"));
-    static const QRegularExpression menu(QStringLiteral(R"(u"mnu\w+"|"mnu\w+"_L1)"));
+    static const QRegularExpression place(u"^src/(shell|windows)/"_s);
+    static const QRegularExpression table(u"^src/shell/menus\\.(h|cpp)$"_s);
+    static const QRegularExpression number(uR"(\bindex\s*[!=]=\s*(\d+|k\w+Entry\b))"_s);
+    static const QRegularExpression menu(uR"(u"mnu\w+"|"mnu\w+"_L1)"_s);
     if (!place.match(path).hasMatch() || table.match(path).hasMatch())
         return;
     if (const auto found = number.match(code); found.hasMatch())
-        violations.append(
-            QStringLiteral("%1 asks for the number of a menu entry (%2) outside the table of menus")
-                .arg(path, found.captured()));
+        violations.append(u"%1 asks for the number of a menu entry (%2) outside the table of menus"_s.arg(
+            path, found.captured()));
     if (const auto found = menu.match(code); found.hasMatch())
-        violations.append(
-            QStringLiteral("%1 names the menu %2 outside the table of menus").arg(path, found.captured()));
+        violations.append(u"%1 names the menu %2 outside the table of menus"_s.arg(path, found.captured()));
 }
 
 void CheckTerminal(const QString& path, const QString& code, QStringList& violations)
 {
-    static const QRegularExpression screen(QStringLiteral(R"(\bfrm_\w+)"));
-    if (!path.startsWith(QStringLiteral("src/app/vasctl/")))
+    static const QRegularExpression screen(uR"(\bfrm_\w+)"_s);
+    if (!path.startsWith(u"src/app/vasctl/"_s))
         return;
     if (const auto found = screen.match(code); found.hasMatch())
-        violations.append(
-            QStringLiteral("%1 names the screen %2; vasctl has none").arg(path, found.captured()));
+        violations.append(u"%1 names the screen %2; vasctl has none"_s.arg(path, found.captured()));
 }
 
 void CheckSize(const Sources& sources, const QString& beginning, QStringList& violations)
@@ -49,8 +48,8 @@ void CheckSize(const Sources& sources, const QString& beginning, QStringList& vi
         if (source.key().startsWith(beginning))
             lines += source.value().count(u'\n');
     if (lines >= kMostLines)
-        violations.append(QStringLiteral("%1* has %2 lines; what it does belongs to files of their own")
-                              .arg(beginning, QString::number(lines)));
+        violations.append(u"%1* has %2 lines; what it does belongs to files of their own"_s.arg(
+            beginning, QString::number(lines)));
 }
 
 } // namespace
@@ -63,8 +62,8 @@ QStringList ProgramViolations(const Sources& sources)
         CheckMenus(source.key(), code, violations);
         CheckTerminal(source.key(), code, violations);
     }
-    CheckSize(sources, QStringLiteral("src/shell/frm_main"), violations);
-    CheckSize(sources, QStringLiteral("src/windows/main_window"), violations);
+    CheckSize(sources, u"src/shell/frm_main"_s, violations);
+    CheckSize(sources, u"src/windows/main_window"_s, violations);
     return violations;
 }
 

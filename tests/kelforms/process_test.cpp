@@ -24,7 +24,7 @@ protected:
 
     bool Start(const QStringList& more)
     {
-        m_process.start(QStringLiteral(KELFORMS),
+        m_process.start(u"" KELFORMS ""_s,
                         QStringList{u"--headless"_s, u"--home"_s, m_home.Path(), u"--socket"_s, m_socket} +
                             more);
         return m_process.waitForReadyRead(20000) &&
@@ -143,8 +143,7 @@ TEST_F(Process, ASecondStartIsRefusedAndTheFirstGoesOn)
 {
     ASSERT_TRUE(Start({}));
     QProcess second;
-    second.start(QStringLiteral(KELFORMS),
-                 {u"--headless"_s, u"--home"_s, m_home.Path(), u"--socket"_s, m_socket});
+    second.start(u"" KELFORMS ""_s, {u"--headless"_s, u"--home"_s, m_home.Path(), u"--socket"_s, m_socket});
     ASSERT_TRUE(second.waitForFinished(20000));
     EXPECT_EQ(second.exitCode(), 3);
     EXPECT_TRUE(second.readAllStandardError().contains("Another program already listens at"));
@@ -175,7 +174,7 @@ TEST_F(Process, WrongLinesAndFilesAreToldInWords)
               3,
               "is no report"}}) {
         QProcess process;
-        process.start(QStringLiteral(KELFORMS), QStringList{u"--headless"_s} + row.arguments);
+        process.start(u"" KELFORMS ""_s, QStringList{u"--headless"_s} + row.arguments);
         ASSERT_TRUE(process.waitForFinished(20000));
         EXPECT_EQ(process.exitCode(), row.code) << row.words.constData();
         EXPECT_TRUE(process.readAllStandardError().contains(row.words)) << row.words.constData();
@@ -188,7 +187,7 @@ TEST_F(Process, WithoutADisplayServesWithItsWindowOutOfSight)
     for (const QString& name : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"QT_QPA_PLATFORM"_s})
         bare.remove(name);
     m_process.setProcessEnvironment(bare);
-    m_process.start(QStringLiteral(KELFORMS), {u"--home"_s, m_home.Path(), u"--socket"_s, m_socket});
+    m_process.start(u"" KELFORMS ""_s, {u"--home"_s, m_home.Path(), u"--socket"_s, m_socket});
     ASSERT_TRUE(m_process.waitForReadyRead(20000));
     EXPECT_TRUE(m_process.readAllStandardOutput().contains("listening at"));
     EXPECT_TRUE(m_process.readAllStandardError().contains("there is no display"));
@@ -212,8 +211,7 @@ TEST_F(Process, Dies)
     ASSERT_TRUE(m_process.waitForFinished(10000));
     EXPECT_EQ(Number([&] { link->SetLinkMode(2); }), 282);
     QProcess again;
-    again.start(QStringLiteral(KELFORMS),
-                {u"--headless"_s, u"--home"_s, m_home.Path(), u"--socket"_s, m_socket});
+    again.start(u"" KELFORMS ""_s, {u"--headless"_s, u"--home"_s, m_home.Path(), u"--socket"_s, m_socket});
     ASSERT_TRUE(again.waitForReadyRead(20000));
     link->SetLinkMode(2);
     again.terminate();

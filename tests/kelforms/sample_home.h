@@ -15,17 +15,19 @@
 
 namespace kelforms::test {
 
+using namespace Qt::StringLiterals;
+
 /// A home with KEL.INI, the scripts, two pictures, and reports as they are asked for.
 class SampleHome
 {
 public:
     SampleHome()
     {
-        Write(QStringLiteral("drive_c/APPRAISE/KEL.INI"), vasclip::formsbook::KelIniText().toUtf8());
+        Write(u"drive_c/APPRAISE/KEL.INI"_s, vasclip::formsbook::KelIniText().toUtf8());
         for (const vasclip::formsbook::ScriptFile& script : vasclip::formsbook::Scripts())
-            Write(QStringLiteral("drive_c/KEL/") + script.name, script.text.toUtf8());
-        Write(QStringLiteral("drive_c/VASCLIPS/JPG/12345678.jpg"), "a picture");
-        Write(QStringLiteral("drive_c/VASCLIPS/JPG/Other.jpg"), "another");
+            Write(u"drive_c/KEL/"_s + script.name, script.text.toUtf8());
+        Write(u"drive_c/VASCLIPS/JPG/12345678.jpg"_s, "a picture");
+        Write(u"drive_c/VASCLIPS/JPG/Other.jpg"_s, "another");
     }
 
     [[nodiscard]] QString Path() const { return m_dir.path(); }
@@ -59,18 +61,18 @@ public:
     [[nodiscard]] QString MakeReportOf(const QString& name, const QStringList& forms,
                                        const QJsonObject& cells = {}) const
     {
-        const QJsonObject report{{QStringLiteral("name"), name.toUpper() + QStringLiteral(".RPT")},
-                                 {QStringLiteral("forms"), QJsonArray::fromStringList(forms)},
-                                 {QStringLiteral("cells"), cells},
-                                 {QStringLiteral("images"), QJsonObject()},
-                                 {QStringLiteral("variables"), QJsonObject()}};
-        Write(name + QStringLiteral(".json"), QJsonDocument(report).toJson());
-        return File(name + QStringLiteral(".json"));
+        const QJsonObject report{{u"name"_s, name.toUpper() + u".RPT"_s},
+                                 {u"forms"_s, QJsonArray::fromStringList(forms)},
+                                 {u"cells"_s, cells},
+                                 {u"images"_s, QJsonObject()},
+                                 {u"variables"_s, QJsonObject()}};
+        Write(name + u".json"_s, QJsonDocument(report).toJson());
+        return File(name + u".json"_s);
     }
 
     [[nodiscard]] QJsonObject ReadReport(const QString& name) const
     {
-        return QJsonDocument::fromJson(Read(name + QStringLiteral(".json"))).object();
+        return QJsonDocument::fromJson(Read(name + u".json"_s)).object();
     }
 
 private:

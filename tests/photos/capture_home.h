@@ -13,6 +13,8 @@
 
 namespace vasclip::tests {
 
+using namespace Qt::StringLiterals;
+
 /// Waits in the event loop until something is so; a minute is a failure.
 template <class Condition>
 bool Until(Condition&& condition)
@@ -48,24 +50,24 @@ public:
     {}
     [[nodiscard]] std::optional<photos::Thumb> Embedded(const QString& path) const override
     {
-        Note(QStringLiteral("head ") + path);
+        Note(u"head "_s + path);
         const QString name = path.mid(path.lastIndexOf(u'\\') + 1).toUpper();
-        if (!name.startsWith(QStringLiteral("EXIF")))
+        if (!name.startsWith(u"EXIF"_s))
             return std::nullopt;
         return photos::Thumb{Plain(160, 120), SizeOf(path)};
     }
     [[nodiscard]] photos::Thumb Reduced(const QString& path, int longerSide,
                                         const std::function<bool()>& cancelled) const override
     {
-        Note(QStringLiteral("decode ") + path);
+        Note(u"decode "_s + path);
         const QString name = path.mid(path.lastIndexOf(u'\\') + 1).toUpper();
-        while (name.startsWith(QStringLiteral("SLOW"))) {
+        while (name.startsWith(u"SLOW"_s)) {
             if (cancelled())
-                throw RuntimeError(481, QStringLiteral("cancelled"));
+                throw RuntimeError(481, u"cancelled"_s);
             QThread::yieldCurrentThread();
         }
-        if (name.startsWith(QStringLiteral("BAD")))
-            throw RuntimeError(481, QStringLiteral("cut short"));
+        if (name.startsWith(u"BAD"_s))
+            throw RuntimeError(481, u"cut short"_s);
         return {Plain(longerSide, longerSide * 3 / 4), SizeOf(path)};
     }
 
@@ -107,19 +109,19 @@ protected:
     std::shared_ptr<NamedThumbs::Log> thumbs = std::make_shared<NamedThumbs::Log>();
     std::unique_ptr<photos::CaptureDesk> desk;
 
-    const QString kDir = QStringLiteral("C:\\SNAP\\");
+    const QString kDir = u"C:\\SNAP\\"_s;
 
     void SetUp() override
     {
         globals.G_CaptureDir = kDir;
-        globals.imageFileNames = QStringLiteral("ON");
-        globals.imageListBox = QStringLiteral("OFF");
+        globals.imageFileNames = u"ON"_s;
+        globals.imageListBox = u"OFF"_s;
         home.MakeDirs(kDir.chopped(1));
         loader.SetThumbTags(&controls.lbltag);
         desk = std::make_unique<photos::CaptureDesk>(
             photos::CaptureBase{home.disk, doubles.Get(), globals, status, loader}, controls,
             std::make_unique<NamedThumbs>(thumbs));
-        desk->SetSystemDrive(QStringLiteral("C:"));
+        desk->SetSystemDrive(u"C:"_s);
     }
     void Put(const QString& name) { home.Put(kDir + name); }
     /// P00.JPG to P(count-1).JPG
@@ -128,7 +130,7 @@ protected:
         for (int i = 0; i < count; ++i)
             Put(Name(i));
     }
-    static QString Name(int i) { return QStringLiteral("P%1.JPG").arg(i, 2, 10, QChar(u'0')); }
+    static QString Name(int i) { return u"P%1.JPG"_s.arg(i, 2, 10, QChar(u'0')); }
     void Start()
     {
         desk->check4CaptureDir();

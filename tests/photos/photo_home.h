@@ -8,19 +8,21 @@
 
 namespace vasclip::tests {
 
+using namespace Qt::StringLiterals;
+
 /// Answers the two questions about pictures from queues and records them.
 class ScriptedQuestions : public photos::PhotoQuestions
 {
 public:
     forms::Answer Overwrite(const QString& existing, const QString& fresh, const QString& record) override
     {
-        asked << existing + QStringLiteral(" <- ") + fresh;
+        asked << existing + u" <- "_s + fresh;
         whose << record;
         return overwrite;
     }
     QString View(const QString& picture, const QString& proposal, const QString& named) override
     {
-        asked << picture + QStringLiteral(" ? ") + proposal;
+        asked << picture + u" ? "_s + proposal;
         whose << named;
         return view;
     }
@@ -39,22 +41,21 @@ protected:
     photos::PhotoLists lists{set};
     photos::SlotTable table_;
     photos::SlotLoader loader{disk, ports, table_};
-    forms::PictureBox geamaintain{set, QStringLiteral("geamaintain")};
-    forms::PictureBox imaComp{set, QStringLiteral("imaComp"), 1};
+    forms::PictureBox geamaintain{set, u"geamaintain"_s};
+    forms::PictureBox imaComp{set, u"imaComp"_s, 1};
     common::Globals globals;
-    store::DataSource datDatabook{engine, QStringLiteral("datDatabook")};
+    store::DataSource datDatabook{engine, u"datDatabook"_s};
     ScriptedQuestions questions;
     photos::PhotoDesk desk{ports, disk, globals, datDatabook, lists, loader, status, questions};
 
     void SetUp() override
     {
         DatabookHome::SetUp();
-        globals.G_UserDir = QStringLiteral("C:\\VAS2000\\");
-        globals.G_ProgramDir = QStringLiteral("C:\\PROGRAM\\");
-        globals.G_PhotoDir = QStringLiteral("C:\\JPG\\");
-        globals.G_CaptureDir = QStringLiteral("C:\\VASSNAP\\");
-        for (const QString& directory : {QStringLiteral("C:\\VAS2000"), QStringLiteral("C:\\PROGRAM"),
-                                         QStringLiteral("C:\\JPG"), QStringLiteral("C:\\VASSNAP")})
+        globals.G_UserDir = u"C:\\VAS2000\\"_s;
+        globals.G_ProgramDir = u"C:\\PROGRAM\\"_s;
+        globals.G_PhotoDir = u"C:\\JPG\\"_s;
+        globals.G_CaptureDir = u"C:\\VASSNAP\\"_s;
+        for (const QString& directory : {u"C:\\VAS2000"_s, u"C:\\PROGRAM"_s, u"C:\\JPG"_s, u"C:\\VASSNAP"_s})
             disk.MkDir(directory);
         doubles.random.sequence = {0.7055475, 0.533424, 0.5795186, 0.2895625, 0.301948};
         for (int more = 0; more < 200; ++more) // enough for all that a test files
@@ -77,11 +78,11 @@ protected:
         picture::SaveJpeg(disk, Sample(width, height), file, 95);
         return file;
     }
-    QStringList Stored() const { return disk.Dir(globals.G_PhotoDir + QStringLiteral("*.*")); }
+    QStringList Stored() const { return disk.Dir(globals.G_PhotoDir + u"*.*"_s); }
     QString PhotosOf(const QString& address)
     {
-        EXPECT_TRUE(store::FindRecord(ports, datDatabook, address, QStringLiteral("CENTRALKEY")));
-        return datDatabook.Recordset().Value(QStringLiteral("PHOTOS")).toString();
+        EXPECT_TRUE(store::FindRecord(ports, datDatabook, address, u"CENTRALKEY"_s));
+        return datDatabook.Recordset().Value(u"PHOTOS"_s).toString();
     }
 };
 

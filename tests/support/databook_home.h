@@ -12,6 +12,8 @@
 
 namespace vasclip::tests {
 
+using namespace Qt::StringLiterals;
+
 /// A home of its own with an empty Databook at C:\DATABOOK.MDB.
 class DatabookHome : public testing::Test
 {
@@ -21,9 +23,9 @@ protected:
     engine::Engine engine{disk};
     TestPorts doubles;
     forms::Ports ports = doubles.Get();
-    const QString path = QStringLiteral("C:\\DATABOOK.MDB");
-    const QString table = QStringLiteral("COMPS");
-    const QString key = QStringLiteral("CENTRALKEY");
+    const QString path = u"C:\\DATABOOK.MDB"_s;
+    const QString table = u"COMPS"_s;
+    const QString key = u"CENTRALKEY"_s;
 
     void SetUp() override { store::MakeDatabase(engine, path); }
 
@@ -50,8 +52,7 @@ protected:
     {
         QList<Values> added;
         for (const QString& name : keys)
-            added.append(
-                Values{{key, name.leftJustified(35)}, {QStringLiteral("ADDRESS"), name.leftJustified(35)}});
+            added.append(Values{{key, name.leftJustified(35)}, {u"ADDRESS"_s, name.leftJustified(35)}});
         AddRows(added);
     }
     void Bind(store::DataSource& source)

@@ -15,6 +15,8 @@
 
 namespace vasclip::tests {
 
+using namespace Qt::StringLiterals;
+
 inline constexpr int kPatienceMs = 60000;
 
 template <class Condition>
@@ -48,8 +50,8 @@ class ProgramHome
 public:
     ProgramHome()
     {
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-        environment.remove(QStringLiteral("DISPLAY"));
+        environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+        environment.remove(u"DISPLAY"_s);
     }
 
     ~ProgramHome() { Stop(forms); }
@@ -61,22 +63,17 @@ public:
         static const QTemporaryDir own;
         static const QString pattern = qEnvironmentVariable("VASCLIP_TEST_HOME", own.path());
         static const bool made =
-            RunProgram(QStringLiteral("vasclip-demo"),
-                       {QStringLiteral("--home"), pattern, QStringLiteral("--comps"), QStringLiteral("60")},
-                       environment)
-                .code == 0;
+            RunProgram(u"vasclip-demo"_s, {u"--home"_s, pattern, u"--comps"_s, u"60"_s}, environment).code ==
+            0;
         if (!made || !m_directory.isValid())
             return false;
         QProcess copy;
-        copy.start(QStringLiteral("cp"), {QStringLiteral("-a"), pattern + QStringLiteral("/."), Path()});
+        copy.start(u"cp"_s, {u"-a"_s, pattern + u"/."_s, Path()});
         return copy.waitForFinished(kPatienceMs) && copy.exitCode() == 0;
     }
 
     [[nodiscard]] QString Path() const { return m_directory.path(); }
-    [[nodiscard]] QString Native(const QString& below) const
-    {
-        return Path() + QStringLiteral("/drive_c/") + below;
-    }
+    [[nodiscard]] QString Native(const QString& below) const { return Path() + u"/drive_c/"_s + below; }
 
     static QString Program(const QString& name)
     {
@@ -102,13 +99,13 @@ public:
     /// vasctl on this home; with --json unless `arguments` begin with "--plain".
     Ended Vasctl(QStringList arguments) const
     {
-        const bool plain = !arguments.isEmpty() && arguments.first() == QStringLiteral("--plain");
+        const bool plain = !arguments.isEmpty() && arguments.first() == u"--plain"_s;
         if (plain)
             arguments.removeFirst();
-        QStringList all{QStringLiteral("--home"), Path()};
+        QStringList all{u"--home"_s, Path()};
         if (!plain)
-            all.append(QStringLiteral("--json"));
-        return RunProgram(QStringLiteral("vasctl"), all + arguments, environment);
+            all.append(u"--json"_s);
+        return RunProgram(u"vasctl"_s, all + arguments, environment);
     }
 
     /// The forms program without a window on a copy of the demo's reports; waits until it answers.
@@ -116,16 +113,14 @@ public:
     {
         forms.setProcessEnvironment(environment);
         forms.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        forms.start(Program(QStringLiteral("kelforms")),
-                    QStringList{QStringLiteral("--home"), Path(), QStringLiteral("--headless")} + options +
-                        QStringList{QStringLiteral("C:\\KEL\\DATA\\OAKST114.RPT"),
-                                    QStringLiteral("C:\\KEL\\DATA\\FERRY22.RPT")});
-        return forms.waitForStarted() &&
-               WaitFor(
-                   [this] {
-                       return Vasctl({QStringLiteral("report"), QStringLiteral("status")}).code == 0;
-                   },
-                   20000);
+        forms.start(Program(u"kelforms"_s),
+                    QStringList{u"--home"_s, Path(), u"--headless"_s} + options +
+                        QStringList{u"C:\\KEL\\DATA\\OAKST114.RPT"_s, u"C:\\KEL\\DATA\\FERRY22.RPT"_s});
+        return forms.waitForStarted() && WaitFor(
+                                             [this] {
+                                                 return Vasctl({u"report"_s, u"status"_s}).code == 0;
+                                             },
+                                             20000);
     }
 
     static void Stop(QProcess& process)
@@ -142,12 +137,11 @@ public:
     /// Text of a mapped field of a sales comp, as the forms program holds it.
     [[nodiscard]] QString Cell(int comp, const QString& field) const
     {
-        const QJsonArray cells = Vasctl({QStringLiteral("report"), QStringLiteral("cells")}).Array();
+        const QJsonArray cells = Vasctl({u"report"_s, u"cells"_s}).Array();
         for (const QJsonValue& value : cells) {
             const QJsonObject cell = value.toObject();
-            if (cell[QStringLiteral("comp")].toString() == QStringLiteral("SALE %1").arg(comp) &&
-                cell[QStringLiteral("field")].toString() == field)
-                return cell[QStringLiteral("text")].toString();
+            if (cell[u"comp"_s].toString() == u"SALE %1"_s.arg(comp) && cell[u"field"_s].toString() == field)
+                return cell[u"text"_s].toString();
         }
         return {};
     }

@@ -12,6 +12,8 @@
 
 namespace vasclip::test {
 
+using namespace Qt::StringLiterals;
+
 /// A conduit without a forms program: it writes down what was done to it and answers from a script.
 ///
 /// The log reads {"mode 0", "topic KEL|SMITH", "mode 2", "item URAR|14|2", "text 1.2 Mi. NW", "poke"}; a
@@ -57,7 +59,7 @@ public:
 
     void SetText(const QString& text) override
     {
-        Note(QStringLiteral("text ") + text);
+        Note(u"text "_s + text);
         m_text = text;
     }
 
@@ -65,10 +67,10 @@ public:
 
     void SetLinkTopic(const QString& topic) override
     {
-        Note(QStringLiteral("topic ") + topic);
+        Note(u"topic "_s + topic);
         if (m_mode != 0)
             throw RuntimeError(error::kLinkTopicOpen,
-                               QStringLiteral("The topic cannot be changed while the conversation is open"));
+                               u"The topic cannot be changed while the conversation is open"_s);
         m_topic = topic;
     }
 
@@ -76,7 +78,7 @@ public:
 
     void SetLinkItem(const QString& item) override
     {
-        Note(QStringLiteral("item ") + item);
+        Note(u"item "_s + item);
         m_item = item;
     }
 
@@ -84,15 +86,15 @@ public:
 
     void SetLinkMode(qint16 mode) override
     {
-        Note(QStringLiteral("mode ") + QString::number(mode));
+        Note(u"mode "_s + QString::number(mode));
         if (mode != 0 && !running)
-            throw RuntimeError(error::kLinkNoAnswer, QStringLiteral("No forms program answered"));
+            throw RuntimeError(error::kLinkNoAnswer, u"No forms program answered"_s);
         m_mode = mode;
     }
 
     void LinkRequest() override
     {
-        Exchange(QStringLiteral("request"));
+        Exchange(u"request"_s);
         const QString key = Key(m_topic, m_item);
         if (const auto once = m_once.find(key); once != m_once.end() && !once->isEmpty())
             m_text = once->takeFirst();
@@ -102,13 +104,13 @@ public:
 
     void LinkPoke() override
     {
-        Exchange(QStringLiteral("poke"));
+        Exchange(u"poke"_s);
         pokes.append({m_topic, m_item, m_text});
     }
 
     void LinkExecute(const QString& command) override
     {
-        Exchange(QStringLiteral("execute ") + command);
+        Exchange(u"execute "_s + command);
         commands.append(command);
     }
 
@@ -122,7 +124,7 @@ private:
     {
         Note(entry);
         if (m_mode == 0)
-            throw RuntimeError(conduit::kNoConversation, QStringLiteral("No conversation is open"));
+            throw RuntimeError(conduit::kNoConversation, u"No conversation is open"_s);
     }
 
     void Note(const QString& entry)

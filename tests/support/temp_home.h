@@ -8,12 +8,14 @@
 
 namespace vasclip::tests {
 
+using namespace Qt::StringLiterals;
+
 /// A home in a directory of its own, gone when the test is.
 class TempHome
 {
 public:
     TempHome()
-        : disk(m_directory.path() + QStringLiteral("/home"))
+        : disk(m_directory.path() + u"/home"_s)
     {}
 
     /// Native path in the home: Native("drive_c/VASSNAP").

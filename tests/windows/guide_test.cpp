@@ -44,7 +44,7 @@ using namespace Qt::Literals::StringLiterals;
 
 QStringList FilesOf(const QString& pattern, const QString& below = {})
 {
-    return QDir(QStringLiteral(VASCLIP_GUIDE_DIR) + below).entryList({pattern}, QDir::Files, QDir::Name);
+    return QDir(u"" VASCLIP_GUIDE_DIR ""_s + below).entryList({pattern}, QDir::Files, QDir::Name);
 }
 
 QStringList Captures(const QString& text, const QString& pattern)
@@ -123,7 +123,7 @@ TEST(Guide, EveryPageStandsInTheIndexAndInTheProgram)
     listed.sort();
     EXPECT_EQ(listed, files);
     for (const QString& page : files) {
-        QFile file(QStringLiteral(VASCLIP_GUIDE_DIR) + u'/' + page);
+        QFile file(u"" VASCLIP_GUIDE_DIR ""_s + u'/' + page);
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         EXPECT_EQ(GuideText(page), QString::fromUtf8(file.readAll())) << page.toStdString();
         EXPECT_TRUE(GuideText(page).startsWith(u"# "_s)) << page.toStdString() << " has no title";

@@ -12,6 +12,8 @@
 
 namespace vasclip::windows {
 
+using namespace Qt::StringLiterals;
+
 /// A forms program on a socket and in a thread of its own that takes its time for each answer. It answers what a
 /// recording conduit has been told to.
 class SlowPeer final : public conduit::LinkHandler
@@ -24,7 +26,7 @@ public:
         m_thread.reset(QThread::create([this] {
             conduit::ServerOptions options;
             options.socketPath = m_path;
-            options.program = QStringLiteral("slow");
+            options.program = u"slow"_s;
             conduit::LinkServer server(*this, options);
             server.Listen();
             m_listening = true;

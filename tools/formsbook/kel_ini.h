@@ -4,13 +4,15 @@
 
 namespace vasclip::formsbook {
 
+using namespace Qt::StringLiterals;
+
 /// Where the forms program is installed, as drive paths.
 struct KelPlaces
 {
-    QString dataDir = QStringLiteral("C:\\KEL\\DATA\\");
-    QString privateDir = QStringLiteral("C:\\KEL\\PRIVATE\\");
-    QString appDir = QStringLiteral("C:\\KEL\\");
-    QString applicationName = QStringLiteral("Korvat Forms");
+    QString dataDir = u"C:\\KEL\\DATA\\"_s;
+    QString privateDir = u"C:\\KEL\\PRIVATE\\"_s;
+    QString appDir = u"C:\\KEL\\"_s;
+    QString applicationName = u"Korvat Forms"_s;
 };
 
 /// The whole of KEL.INI, with CR LF line ends.

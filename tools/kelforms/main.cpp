@@ -10,6 +10,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kUsage = 2;
@@ -49,7 +51,7 @@ int Run(const kelforms::Options& options)
 
 int Start()
 {
-    QCoreApplication::setApplicationName(QStringLiteral("kelforms"));
+    QCoreApplication::setApplicationName(u"kelforms"_s);
     int exitCode = kUsage;
     const std::optional<kelforms::Options> options =
         kelforms::ReadOptions(QCoreApplication::arguments(), exitCode);

@@ -51,7 +51,7 @@ namespace {
 
 constexpr qint64 kBlinkMilliseconds = 150;
 constexpr int kLookAtLinkMs = 2000;
-const QString kSlowStart = QStringLiteral("start/slow");
+const QString kSlowStart = u"start/slow"_s;
 
 struct Options
 {
@@ -342,7 +342,7 @@ int main(int argc, char* argv[])
     }
     QApplication app(argc, argv);
     QApplication::setApplicationName(u"Vasclip"_s);
-    QApplication::setApplicationVersion(QStringLiteral(VASCLIP_VERSION));
+    QApplication::setApplicationVersion(u"" VASCLIP_VERSION ""_s);
     const auto options = ReadOptions(QApplication::arguments());
     if (!options)
         return 2;

@@ -149,7 +149,7 @@ int main(int argc, char* argv[])
 {
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(u"vasctl"_s);
-    QCoreApplication::setApplicationVersion(QStringLiteral(VASCLIP_VERSION));
+    QCoreApplication::setApplicationVersion(u"" VASCLIP_VERSION ""_s);
 
     QCommandLineParser options;
     options.setApplicationDescription(kHelp);

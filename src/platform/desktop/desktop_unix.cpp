@@ -14,6 +14,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 extern char** environ;
 
 namespace vasclip::desktop {
@@ -50,7 +52,7 @@ int RunOpener(const QString& program, const QStringList& arguments)
 
 int OpenWithAssociation(const QString& target)
 {
-    const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
+    const QString opener = QStandardPaths::findExecutable(u"xdg-open"_s);
     if (opener.isEmpty())
         return kShellNoAssociation;
     constexpr int kOpenerFoundNoFile = 2;
@@ -66,10 +68,10 @@ int OpenWithAssociation(const QString& target)
 
 int Print(const QString& target)
 {
-    const QString spooler = QStandardPaths::findExecutable(QStringLiteral("lp"));
+    const QString spooler = QStandardPaths::findExecutable(u"lp"_s);
     if (spooler.isEmpty())
         return kShellNoAssociation;
-    return RunOpener(spooler, {QStringLiteral("--"), target}) == 0 ? kShellDone : kShellNoAssociation;
+    return RunOpener(spooler, {u"--"_s, target}) == 0 ? kShellDone : kShellNoAssociation;
 }
 
 /// An address has a scheme of at least two letters; one letter is a drive.
@@ -137,7 +139,7 @@ bool StartProgram(const QString& program, const QStringList& arguments, const QS
 
 QString FileVersion(const QString& nativePath)
 {
-    QFile beside(nativePath + QStringLiteral(".version"));
+    QFile beside(nativePath + u".version"_s);
     if (!QFileInfo::exists(nativePath) || !beside.open(QIODevice::ReadOnly))
         return {};
     constexpr qint64 kLongestLine = 256;
@@ -146,12 +148,12 @@ QString FileVersion(const QString& nativePath)
 
 QString SystemDirectory()
 {
-    return QStringLiteral("C:\\WINDOWS\\SYSTEM32");
+    return u"C:\\WINDOWS\\SYSTEM32"_s;
 }
 
 QString WindowsDirectory()
 {
-    return QStringLiteral("C:\\WINDOWS");
+    return u"C:\\WINDOWS"_s;
 }
 
 SystemVersion ReadSystemVersion(const SystemVersion& elsewhere)

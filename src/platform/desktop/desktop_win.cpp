@@ -12,6 +12,8 @@
 
 #include <shellapi.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::desktop {
 
 namespace {
@@ -43,7 +45,7 @@ int ShellOpen(const files::Disk& disk, const QString& verb, const QString& file,
     } catch (const RuntimeError&) {
         return kShellPathNotFound;
     }
-    const QString action = verb.isEmpty() ? QStringLiteral("open") : verb;
+    const QString action = verb.isEmpty() ? u"open"_s : verb;
     const HINSTANCE result = ShellExecuteW(nullptr, Wide(action), Wide(target), Wide(parameters),
                                            start.isEmpty() ? nullptr : Wide(start), SW_SHOWNORMAL);
     const auto answer = reinterpret_cast<qintptr>(result);
@@ -67,8 +69,7 @@ QString FileVersion(const QString& nativePath)
     if (!GetFileVersionInfoW(Wide(nativePath), 0, size, block.data()) ||
         !VerQueryValueW(block.data(), L"\\", reinterpret_cast<void**>(&fixed), &length) || !fixed)
         return {};
-    return QStringLiteral("%1.%2.%3.%4")
-        .arg(HIWORD(fixed->dwFileVersionMS))
+    return u"%1.%2.%3.%4"_s.arg(HIWORD(fixed->dwFileVersionMS))
         .arg(LOWORD(fixed->dwFileVersionMS))
         .arg(HIWORD(fixed->dwFileVersionLS))
         .arg(LOWORD(fixed->dwFileVersionLS));

@@ -3,11 +3,13 @@
 #include <QCoreApplication>
 #include <QFile>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::desktop {
 
 OneCopy::OneCopy(const QString& home)
 {
-    const QString path = home + QStringLiteral("/.vasclip.lock");
+    const QString path = home + u"/.vasclip.lock"_s;
     QFile mark(path);
     if (m_lock.Take(path, 0)) {
         if (mark.open(QIODevice::WriteOnly | QIODevice::Truncate))

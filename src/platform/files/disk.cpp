@@ -18,6 +18,8 @@
 #include <functional>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::files {
 
 using native::Failure;
@@ -72,7 +74,7 @@ struct Disk::Private
         const auto root = roots.constFind(path.drive);
         if (root == roots.constEnd())
             ThrowNumber(error::kDeviceUnavailable, path.Text(),
-                        QStringLiteral("lies on a drive that drives.ini does not map"));
+                        u"lies on a drive that drives.ini does not map"_s);
         return *root;
     }
 
@@ -94,8 +96,7 @@ struct Disk::Private
             return place;
         if (depth == 0)
             ThrowNumber(error::kDiskNotReady, path.Text(),
-                        QStringLiteral("cannot be reached: the directory of its drive, \"%1\", is not there")
-                            .arg(root));
+                        u"cannot be reached: the directory of its drive, \"%1\", is not there"_s.arg(root));
 
         const Failure failure = place.failure;
         const QString& part = path.parts[depth - 1];
@@ -162,7 +163,7 @@ struct Disk::Private
         if (place.IsDirectory())
             ThrowFailure(Failure::IsADirectory, path, kContentDenied);
         if (place.IsFile() && place.info.readOnly)
-            ThrowNumber(error::kPathFileAccess, path, QStringLiteral("is read-only"));
+            ThrowNumber(error::kPathFileAccess, path, u"is read-only"_s);
         return place;
     }
 
@@ -183,17 +184,15 @@ Disk::Disk(const QString& home)
     d->home = QDir::cleanPath(QDir(home).absolutePath());
     if (!QDir().mkpath(d->home))
         throw RuntimeError(error::kPathFileAccess,
-                           QStringLiteral("Path/File access error: the home \"%1\" cannot be made; check the "
-                                          "permissions of the directories above it")
-                               .arg(d->home));
+                           u"Path/File access error: the home \"%1\" cannot be made; check the "
+                           "permissions of the directories above it"_s.arg(d->home));
     d->drives = ReadDrives(d->home);
     for (const auto& [letter, root] : std::as_const(d->drives)) {
         d->roots.insert(letter, root);
         if (letter == u'C' && !QDir().mkpath(root))
             throw RuntimeError(
                 error::kPathFileAccess,
-                QStringLiteral("Path/File access error: the directory of drive C, \"%1\", cannot be made")
-                    .arg(root));
+                u"Path/File access error: the directory of drive C, \"%1\", cannot be made"_s.arg(root));
     }
 }
 
@@ -226,7 +225,7 @@ std::optional<QString> Disk::ToDrivePath(const QString& nativePath) const
             if (!std::all_of(parts.cbegin(), parts.cend(), IsPossibleName))
                 continue;
             deepest = spelled.size();
-            best = letter + QStringLiteral(":\\") + parts.join(u'\\');
+            best = letter + u":\\"_s + parts.join(u'\\');
         }
     }
     return best;
@@ -241,8 +240,7 @@ void Disk::Private::Walk(const DrivePath& pattern, unsigned attributes,
                          const std::function<bool(const ListingCache::Name&)>& use) const
 {
     DrivePath directory = pattern;
-    const QString last =
-        pattern.closed || pattern.parts.isEmpty() ? QStringLiteral("*") : directory.parts.takeLast();
+    const QString last = pattern.closed || pattern.parts.isEmpty() ? u"*"_s : directory.parts.takeLast();
     const Place place = Resolve(directory);
     if (!place.IsDirectory())
         return;
@@ -371,9 +369,8 @@ void Disk::Kill(const QString& pattern) const
         native::Info info;
         if (native::Inspect(Joined(nativeDirectory, name), info) == Failure::None && info.readOnly)
             ThrowNumber(error::kPathFileAccess,
-                        directory.Text() +
-                            (directory.Text().endsWith(u'\\') ? QString() : QStringLiteral("\\")) + name,
-                        QStringLiteral("is read-only; nothing was deleted"));
+                        directory.Text() + (directory.Text().endsWith(u'\\') ? QString() : u"\\"_s) + name,
+                        u"is read-only; nothing was deleted"_s);
     }
     for (const QString& name : names) {
         ListingCache::Change change(d->listings, nativeDirectory);
@@ -402,7 +399,7 @@ bool Disk::Private::CopyFile(const QString& source, const QString& target,
     const Place from = ExistingFile(source, kContentDenied);
     const Place onto = ContentTarget(target);
     if (onto.IsFile() && onto.info.SameFile(from.info))
-        ThrowNumber(error::kPermissionDenied, target, QStringLiteral("is source and target at once"));
+        ThrowNumber(error::kPermissionDenied, target, u"is source and target at once"_s);
     ListingCache::Change change(listings, DirectoryOf(onto.native));
     const Failure failure = native::Copy(from.native, onto.native, watch);
     if (failure == Failure::Stopped)
@@ -441,11 +438,11 @@ void Disk::MkDir(const QString& path) const
 {
     const Private::Place place = d->Target(path, kDenied);
     if (place.Stands())
-        ThrowNumber(error::kPathFileAccess, path, QStringLiteral("is there already"));
+        ThrowNumber(error::kPathFileAccess, path, u"is there already"_s);
     ListingCache::Change change(d->listings, DirectoryOf(place.native));
     const Failure failure = native::MakeDirectory(place.native);
     if (failure == Failure::Exists)
-        ThrowNumber(error::kPathFileAccess, path, QStringLiteral("is there already"));
+        ThrowNumber(error::kPathFileAccess, path, u"is there already"_s);
     Private::Check(failure, path, kDenied);
     change.Added(NameOf(place.native), true);
 }
@@ -457,7 +454,7 @@ void Disk::RmDir(const QString& path) const
     if (!place.IsDirectory())
         ThrowNumber(error::kPathNotFound, path);
     if (parsed.parts.isEmpty())
-        ThrowNumber(error::kPathFileAccess, path, QStringLiteral("is a whole drive"));
+        ThrowNumber(error::kPathFileAccess, path, u"is a whole drive"_s);
     ListingCache::Change change(d->listings, DirectoryOf(place.native));
     Private::Check(native::RemoveDirectory(place.native), path, kDenied);
     change.Removed(NameOf(place.native));

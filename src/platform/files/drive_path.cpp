@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::files {
 
 namespace {
@@ -14,13 +16,12 @@ constexpr qsizetype kLongestName = 255;
 QString Shown(const QString& text)
 {
     constexpr qsizetype kLongestShown = 120;
-    return text.size() <= kLongestShown ? text : text.left(kLongestShown) + QStringLiteral("...");
+    return text.size() <= kLongestShown ? text : text.left(kLongestShown) + u"..."_s;
 }
 
 [[noreturn]] void RefuseName(const QString& path, const QString& reason)
 {
-    throw RuntimeError(error::kBadFileName,
-                       QStringLiteral("Bad file name or number: \"%1\" %2").arg(Shown(path), reason));
+    throw RuntimeError(error::kBadFileName, u"Bad file name or number: \"%1\" %2"_s.arg(Shown(path), reason));
 }
 
 bool IsSeparator(QChar c)
@@ -85,8 +86,7 @@ QString WithoutTail(QString part)
 
 QString DrivePath::Text() const
 {
-    return drive + QStringLiteral(":\\") + parts.join(u'\\') +
-           (closed && !parts.isEmpty() ? QStringLiteral("\\") : QString());
+    return drive + u":\\"_s + parts.join(u'\\') + (closed && !parts.isEmpty() ? u"\\"_s : QString());
 }
 
 bool IsPossibleName(const QString& name)
@@ -99,12 +99,12 @@ bool IsPossibleName(const QString& name)
 DrivePath ParseDrivePath(const QString& path, Wildcards wildcards)
 {
     if (path.trimmed().isEmpty())
-        RefuseName(path, QStringLiteral("is no path, it is empty"));
+        RefuseName(path, u"is no path, it is empty"_s);
     if (path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1]))
-        RefuseName(path, QStringLiteral("names a machine; give its share a drive letter in drives.ini"));
+        RefuseName(path, u"names a machine; give its share a drive letter in drives.ini"_s);
     const QChar letter = path[0].toUpper();
     if (path.size() < 2 || path[1] != u':' || letter < u'A' || letter > u'Z')
-        RefuseName(path, QStringLiteral("does not begin with a drive, such as C:\\"));
+        RefuseName(path, u"does not begin with a drive, such as C:\\"_s);
 
     DrivePath result;
     result.drive = letter;
@@ -113,40 +113,36 @@ DrivePath ParseDrivePath(const QString& path, Wildcards wildcards)
     const QStringList given = Split(rest);
     for (qsizetype at = 0; at < given.size(); ++at) {
         const QString& part = given[at];
-        if (part == QStringLiteral("."))
+        if (part == u"."_s)
             continue;
-        if (part == QStringLiteral("..")) {
+        if (part == u".."_s) {
             if (result.parts.isEmpty())
-                throw RuntimeError(
-                    error::kPathNotFound,
-                    QStringLiteral("Path not found: \"%1\" leaves its drive").arg(Shown(path)));
+                throw RuntimeError(error::kPathNotFound,
+                                   u"Path not found: \"%1\" leaves its drive"_s.arg(Shown(path)));
             result.parts.removeLast();
             continue;
         }
         if (part.size() > kLongestName)
             throw RuntimeError(
                 error::kPathNotFound,
-                QStringLiteral(
-                    "Path not found: a name in \"%1\" has %2 characters, and a disk holds %3 at most")
+                u"Path not found: a name in \"%1\" has %2 characters, and a disk holds %3 at most"_s
                     .arg(Shown(path))
                     .arg(part.size())
                     .arg(kLongestName));
         const bool last = at == given.size() - 1 && !result.closed;
         const bool pattern = std::any_of(part.begin(), part.end(), IsWildcard);
         if (pattern && (wildcards == Wildcards::Refused || !last))
-            RefuseName(path, wildcards == Wildcards::Refused
-                                 ? QStringLiteral("holds * or ?, and one name is wanted")
-                                 : QStringLiteral("holds * or ? in a directory's name"));
+            RefuseName(path, wildcards == Wildcards::Refused ? u"holds * or ?, and one name is wanted"_s
+                                                             : u"holds * or ? in a directory's name"_s);
         const auto forbidden = std::find_if(part.begin(), part.end(), IsForbidden);
         if (forbidden != part.end())
-            RefuseName(path, forbidden->unicode() < 32
-                                 ? QStringLiteral("holds a control character")
-                                 : QStringLiteral("holds the character %1").arg(*forbidden));
+            RefuseName(path, forbidden->unicode() < 32 ? u"holds a control character"_s
+                                                       : u"holds the character %1"_s.arg(*forbidden));
         if (IsDeviceName(part))
-            RefuseName(path, QStringLiteral("holds the name of a device"));
+            RefuseName(path, u"holds the name of a device"_s);
         const QString name = pattern ? part : WithoutTail(part);
         if (name.isEmpty())
-            RefuseName(path, QStringLiteral("holds a name of dots and blanks alone"));
+            RefuseName(path, u"holds a name of dots and blanks alone"_s);
         result.parts.append(name);
     }
     return result;

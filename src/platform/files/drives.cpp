@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::files {
 
 QList<std::pair<QChar, QString>> ReadDrives(const QString& home)
@@ -18,9 +20,9 @@ QList<std::pair<QChar, QString>> ReadDrives(const QString& home)
     };
 
     QByteArray content;
-    if (native::ReadAll(home + QStringLiteral("/drives.ini"), content) == native::Failure::None) {
+    if (native::ReadAll(home + u"/drives.ini"_s, content) == native::Failure::None) {
         const IniText ini(content);
-        const QString section = QStringLiteral("DRIVES");
+        const QString section = u"DRIVES"_s;
         for (const QString& key : ini.Keys(section)) {
             const QChar letter = key.isEmpty() ? QChar() : key[0].toUpper();
             const bool isLetter = letter >= u'A' && letter <= u'Z' && (key.size() == 1 || key.mid(1) == u":");

@@ -2,6 +2,8 @@
 
 #include "platform/text/runtime_error.h"
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::files {
 
 namespace {
@@ -10,29 +12,29 @@ QString WordsOf(int number)
 {
     switch (number) {
     case error::kBadFileName:
-        return QStringLiteral("Bad file name or number");
+        return u"Bad file name or number"_s;
     case error::kFileNotFound:
-        return QStringLiteral("File not found");
+        return u"File not found"_s;
     case error::kDeviceIo:
-        return QStringLiteral("Device I/O error");
+        return u"Device I/O error"_s;
     case error::kFileExists:
-        return QStringLiteral("File already exists");
+        return u"File already exists"_s;
     case error::kDiskFull:
-        return QStringLiteral("Disk full");
+        return u"Disk full"_s;
     case error::kTooManyFiles:
-        return QStringLiteral("Too many files");
+        return u"Too many files"_s;
     case error::kDeviceUnavailable:
-        return QStringLiteral("Device unavailable");
+        return u"Device unavailable"_s;
     case error::kPermissionDenied:
-        return QStringLiteral("Permission denied");
+        return u"Permission denied"_s;
     case error::kDiskNotReady:
-        return QStringLiteral("Disk not ready");
+        return u"Disk not ready"_s;
     case error::kOtherDrive:
-        return QStringLiteral("Can't rename with different drive");
+        return u"Can't rename with different drive"_s;
     case error::kPathNotFound:
-        return QStringLiteral("Path not found");
+        return u"Path not found"_s;
     default:
-        return QStringLiteral("Path/File access error");
+        return u"Path/File access error"_s;
     }
 }
 
@@ -40,7 +42,7 @@ QString WordsOf(int number)
 
 void ThrowNumber(int number, const QString& path, const QString& detail)
 {
-    throw RuntimeError(number, WordsOf(number) + QStringLiteral(": \"") + path + u'"' +
+    throw RuntimeError(number, WordsOf(number) + u": \""_s + path + u'"' +
                                    (detail.isEmpty() ? QString() : u' ' + detail));
 }
 
@@ -51,34 +53,33 @@ void ThrowFailure(native::Failure failure, const QString& path, int denied)
     case Failure::NotFound:
         ThrowNumber(error::kFileNotFound, path);
     case Failure::NotADirectory:
-        ThrowNumber(error::kPathNotFound, path, QStringLiteral("goes through a file"));
+        ThrowNumber(error::kPathNotFound, path, u"goes through a file"_s);
     case Failure::IsADirectory:
-        ThrowNumber(error::kPathFileAccess, path, QStringLiteral("is a directory"));
+        ThrowNumber(error::kPathFileAccess, path, u"is a directory"_s);
     case Failure::Exists:
         ThrowNumber(error::kFileExists, path);
     case Failure::NotEmpty:
-        ThrowNumber(error::kPathFileAccess, path, QStringLiteral("is not empty"));
+        ThrowNumber(error::kPathFileAccess, path, u"is not empty"_s);
     case Failure::Denied:
-        ThrowNumber(denied, path, QStringLiteral("is closed to this user; check its permissions"));
+        ThrowNumber(denied, path, u"is closed to this user; check its permissions"_s);
     case Failure::ReadOnlyDisk:
-        ThrowNumber(error::kPathFileAccess, path, QStringLiteral("lies on a read-only disk"));
+        ThrowNumber(error::kPathFileAccess, path, u"lies on a read-only disk"_s);
     case Failure::Full:
-        ThrowNumber(error::kDiskFull, path, QStringLiteral("could not be written; nothing was changed"));
+        ThrowNumber(error::kDiskFull, path, u"could not be written; nothing was changed"_s);
     case Failure::Busy:
-        ThrowNumber(error::kPermissionDenied, path, QStringLiteral("is in use"));
+        ThrowNumber(error::kPermissionDenied, path, u"is in use"_s);
     case Failure::Io:
         ThrowNumber(error::kDeviceIo, path);
     case Failure::NoDevice:
         ThrowNumber(error::kDeviceUnavailable, path);
     case Failure::NameTooLong:
-        ThrowNumber(error::kPathNotFound, path, QStringLiteral("is too long a name for this disk"));
+        ThrowNumber(error::kPathNotFound, path, u"is too long a name for this disk"_s);
     case Failure::OtherDisk:
         ThrowNumber(error::kOtherDrive, path);
     case Failure::TooManyFiles:
-        ThrowNumber(error::kTooManyFiles, path, QStringLiteral("could not be opened"));
+        ThrowNumber(error::kTooManyFiles, path, u"could not be opened"_s);
     case Failure::Differs:
-        ThrowNumber(error::kDeviceIo, path,
-                    QStringLiteral("does not hold what was written to it; nothing was changed"));
+        ThrowNumber(error::kDeviceIo, path, u"does not hold what was written to it; nothing was changed"_s);
     case Failure::None:
     case Failure::Stopped:
     case Failure::Other:

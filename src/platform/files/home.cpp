@@ -5,11 +5,13 @@
 #include <QStandardPaths>
 #include <QStringList>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::files {
 
 QString DefaultHome()
 {
-    const QString option = QStringLiteral("--home");
+    const QString option = u"--home"_s;
     const QStringList arguments =
         QCoreApplication::instance() ? QCoreApplication::arguments() : QStringList();
     for (qsizetype at = 1; at < arguments.size(); ++at) {
@@ -21,7 +23,7 @@ QString DefaultHome()
     const QString fromEnvironment = qEnvironmentVariable("VASCLIP_HOME");
     if (!fromEnvironment.isEmpty())
         return QDir(fromEnvironment).absolutePath();
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + QStringLiteral("/vasclip");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/vasclip"_s;
 }
 
 } // namespace vasclip::files

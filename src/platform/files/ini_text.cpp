@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::files {
 
 namespace {
@@ -291,14 +293,14 @@ void IniText::CloseLastLine(Block& block)
         return;
     const QByteArray& last = block.lines.last().raw;
     if (WithoutEnd(last).size() == Decoded(last).size()) {
-        const QByteArray end = Encoded(QStringLiteral("\r\n"));
+        const QByteArray end = Encoded(u"\r\n"_s);
         block.lines.last().raw += end;
     }
 }
 
 void IniText::WriteKey(Block& block, const QString& key, const QString& value)
 {
-    const QString end = QStringLiteral("\r\n");
+    const QString end = u"\r\n"_s;
     const qsizetype at = block.index.value(FoldedName(key), -1);
     if (at < 0) {
         CloseLastLine(block);
@@ -353,7 +355,7 @@ bool IniText::Write(const QString& givenSection, const QString& givenKey, const 
     }
     CloseLastLine(m_blocks.last());
     Block block;
-    block.lines.append(NewLine(u'[' + section + QStringLiteral("]\r\n")));
+    block.lines.append(NewLine(u'[' + section + u"]\r\n"_s));
     m_sections.insert(block.lines.first().folded, m_blocks.size());
     m_blocks.append(block);
     WriteKey(m_blocks.last(), key, value);

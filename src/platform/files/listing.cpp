@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::files {
 
 namespace {
@@ -24,7 +26,7 @@ bool IsLeftover(const QString& directory, const QString& name, qint64 nowNs)
 {
     constexpr qint64 kDayNs = 86'400'000'000'000;
     native::Info info;
-    return name.startsWith(QStringView(native::kOwnPrefix)) && name.endsWith(QStringLiteral(".tmp")) &&
+    return name.startsWith(QStringView(native::kOwnPrefix)) && name.endsWith(u".tmp"_s) &&
            native::Inspect(directory + u'/' + name, info) == native::Failure::None && !info.directory &&
            nowNs - info.modifiedNs > kDayNs;
 }

@@ -16,6 +16,8 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::files::native {
 
 namespace {
@@ -459,7 +461,7 @@ void SetHidden(const QString& path, bool hidden)
 
 QList<std::pair<QChar, QString>> OwnDrives(const QString& home)
 {
-    return {{u'C', home + QStringLiteral("/drive_c")}, {u'Z', QStringLiteral("/")}};
+    return {{u'C', home + u"/drive_c"_s}, {u'Z', u"/"_s}};
 }
 
 } // namespace vasclip::files::native

@@ -8,6 +8,8 @@
 
 #include <windows.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::files::native {
 
 namespace {
@@ -70,7 +72,7 @@ Failure Answer(BOOL good)
 /// The long form of a path, which may have more than 260 characters.
 std::wstring Wide(const QString& path)
 {
-    return QStringLiteral("\\\\?\\").toStdWString() + QDir::toNativeSeparators(path).toStdWString();
+    return u"\\\\?\\"_s.toStdWString() + QDir::toNativeSeparators(path).toStdWString();
 }
 
 qint64 Nanoseconds(const FILETIME& time)
@@ -106,7 +108,7 @@ private:
 QString FreshName(const QString& target)
 {
     return target.left(target.lastIndexOf(u'/') + 1) + QString::fromUtf16(kOwnPrefix) +
-           QString::number(QRandomGenerator::system()->generate64(), 36) + QStringLiteral(".tmp");
+           QString::number(QRandomGenerator::system()->generate64(), 36) + u".tmp"_s;
 }
 
 /// Puts a flushed new file in the target's place, or takes it away again.
@@ -335,8 +337,8 @@ QList<std::pair<QChar, QString>> OwnDrives(const QString& /*home*/)
     const DWORD present = GetLogicalDrives();
     for (int letter = 0; letter < 26; ++letter) {
         if ((present & (DWORD(1) << letter)) != 0)
-            drives.append({QChar(char16_t(u'A' + letter)),
-                           QString(QChar(char16_t(u'A' + letter))) + QStringLiteral(":/")});
+            drives.append(
+                {QChar(char16_t(u'A' + letter)), QString(QChar(char16_t(u'A' + letter))) + u":/"_s});
     }
     return drives;
 }

@@ -12,6 +12,8 @@
 #include <memory>
 #include <mutex>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::files {
 
 namespace {
@@ -98,7 +100,7 @@ QString LockName(const QString& path)
     for (const QChar c : FoldedName(path.mid(slash + 1)))
         mixed = (mixed ^ c.unicode()) * 1099511628211U;
     return path.left(slash + 1) + QString::fromUtf16(native::kOwnPrefix) + QString::number(mixed, 36) +
-           QStringLiteral(".lock");
+           u".lock"_s;
 }
 
 } // namespace

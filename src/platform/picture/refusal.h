@@ -7,20 +7,20 @@
 
 namespace vasclip::picture {
 
+using namespace Qt::StringLiterals;
+
 /// @throws RuntimeError 481 that names the picture and says why it can't be read
 [[noreturn]] inline void Refuse(const QString& name, const QString& why)
 {
     throw RuntimeError(error::kCorruptPicture,
-                       QStringLiteral("'%1' is not a picture that can be read: %2").arg(name, why));
+                       u"'%1' is not a picture that can be read: %2"_s.arg(name, why));
 }
 
 /// @throws RuntimeError 481 for more pixels than the limit
 inline void CheckPixels(QSize size, const QString& name, const Limits& limits)
 {
     if (qint64(size.width()) * size.height() > limits.pixels)
-        Refuse(name, QStringLiteral("its size of %1 by %2 is beyond the limit")
-                         .arg(size.width())
-                         .arg(size.height()));
+        Refuse(name, u"its size of %1 by %2 is beyond the limit"_s.arg(size.width()).arg(size.height()));
 }
 
 /// Watches the time of one decoding and whether it is still wanted.

@@ -6,6 +6,8 @@
 #include <array>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::text {
 
 namespace {
@@ -359,7 +361,7 @@ QString Format(const QDateTime& value, const QString& givenPicture)
     const QString picture = NamedPicture(givenPicture);
     const QDate date = value.date();
     const QTime time = value.time();
-    const bool twelveHours = picture.contains(QStringLiteral("AM/PM"), Qt::CaseInsensitive);
+    const bool twelveHours = picture.contains(u"AM/PM"_s, Qt::CaseInsensitive);
     const int hour = twelveHours ? (time.hour() + 11) % 12 + 1 : time.hour();
 
     QString out;
@@ -378,7 +380,7 @@ QString Format(const QDateTime& value, const QString& givenPicture)
             continue;
         }
         if (QStringView(picture).mid(at, 5).compare(u"AM/PM", Qt::CaseInsensitive) == 0) {
-            const QString half = time.hour() < 12 ? QStringLiteral("AM") : QStringLiteral("PM");
+            const QString half = time.hour() < 12 ? u"AM"_s : u"PM"_s;
             out.append(c.isLower() ? half.toLower() : half);
             at += 5;
             continue;

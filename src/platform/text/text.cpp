@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::text {
 
 namespace {
@@ -75,9 +77,9 @@ double Whole(double value, double lowest, double highest)
     const double whole = HalfToEven(value);
     if (!(whole >= lowest && whole <= highest))
         throw RuntimeError(error::kOverflow,
-                           QStringLiteral("Overflow: %1 does not fit between %2 and %3")
-                               .arg(QString::number(value, 'g', 15), QString::number(lowest, 'f', 0),
-                                    QString::number(highest, 'f', 0)));
+                           u"Overflow: %1 does not fit between %2 and %3"_s.arg(
+                               QString::number(value, 'g', 15), QString::number(lowest, 'f', 0),
+                               QString::number(highest, 'f', 0)));
     return whole;
 }
 
@@ -164,7 +166,7 @@ double Val(const QString& text)
 QString Str(double value)
 {
     QString digits = QString::number(std::fabs(value), 'G', 15);
-    if (digits.startsWith(QStringLiteral("0.")))
+    if (digits.startsWith(u"0."_s))
         digits.remove(0, 1);
     return (value < 0 ? u'-' : u' ') + digits;
 }

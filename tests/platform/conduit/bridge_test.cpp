@@ -13,7 +13,7 @@ namespace {
 
 std::unique_ptr<Conduit> Bridge(const QStringList& arguments, int timeLimitMs = 5000)
 {
-    auto link = MakePipeConduit({QStringLiteral(LINK_PEER), arguments, timeLimitMs});
+    auto link = MakePipeConduit({u"" LINK_PEER ""_s, arguments, timeLimitMs});
     link->SetLinkTopic(u"KEL|SMITH"_s);
     link->SetLinkItem(u"URAR|14|2"_s);
     return link;

@@ -10,18 +10,20 @@
 #include <cstdio>
 #include <string>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 int ServePipes(vasclip::test::MemoHandler& handler, const QString& manner)
 {
-    vasclip::conduit::LinkSession session(handler, QStringLiteral("link_peer"));
+    vasclip::conduit::LinkSession session(handler, u"link_peer"_s);
     bool greeted = false;
     for (int c = std::fgetc(stdin); c != EOF; c = std::fgetc(stdin)) {
         const QList<QByteArray> lines = session.Feed(QByteArray(1, static_cast<char>(c)));
         for (const QByteArray& line : lines) {
-            if (greeted && manner == QStringLiteral("--silent"))
+            if (greeted && manner == u"--silent"_s)
                 continue;
-            if (greeted && manner == QStringLiteral("--die")) {
+            if (greeted && manner == u"--die"_s) {
                 std::fwrite(line.constData(), 1, static_cast<size_t>(line.size() / 2), stdout);
                 std::fflush(stdout);
                 return 3;
@@ -41,10 +43,10 @@ int main(int argc, char** argv)
     const QCoreApplication app(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     vasclip::test::MemoHandler handler;
-    if (arguments.value(1) != QStringLiteral("--socket"))
+    if (arguments.value(1) != u"--socket"_s)
         return ServePipes(handler, arguments.value(1));
     vasclip::conduit::LinkServer server(
-        handler, {arguments.value(2), QStringLiteral("link_peer"), vasclip::conduit::PeerOf, {}, {}, {}, {}});
+        handler, {arguments.value(2), u"link_peer"_s, vasclip::conduit::PeerOf, {}, {}, {}, {}});
     try {
         server.Listen();
     } catch (const vasclip::RuntimeError& failure) {

@@ -369,7 +369,7 @@ TEST_F(Link, ASecondServerIsRefusedInWords)
 TEST_F(Link, TheSocketOfADeadProcessIsReplaced)
 {
     QProcess peer;
-    peer.start(QStringLiteral(LINK_PEER), {u"--socket"_s, m_path});
+    peer.start(u"" LINK_PEER ""_s, {u"--socket"_s, m_path});
     ASSERT_TRUE(peer.waitForReadyRead(10000));
     const auto link = Client();
     Open(*link, u"KEL|S"_s, u"x"_s);

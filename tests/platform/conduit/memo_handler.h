@@ -8,6 +8,8 @@
 
 namespace vasclip::test {
 
+using namespace Qt::StringLiterals;
+
 /// Keeps what is poked under "topic/item", gives it back, and refuses the item "REFUSE".
 class MemoHandler final : public conduit::LinkHandler
 {
@@ -17,17 +19,17 @@ public:
 
     QString Request(const QString& topic, const QString& item) override
     {
-        if (item == QStringLiteral("REFUSE"))
-            throw RuntimeError(5, QStringLiteral("I will not say \"REFUSE\""));
-        if (item == QStringLiteral("BREAK"))
+        if (item == u"REFUSE"_s)
+            throw RuntimeError(5, u"I will not say \"REFUSE\""_s);
+        if (item == u"BREAK"_s)
             throw std::runtime_error("something broke");
-        return memory.value(topic + QLatin1Char('/') + item, QStringLiteral("nothing"));
+        return memory.value(topic + QLatin1Char('/') + item, u"nothing"_s);
     }
 
     void Poke(const QString& topic, const QString& item, const QString& text) override
     {
-        if (item == QStringLiteral("REFUSE"))
-            throw RuntimeError(5, QStringLiteral("No such cell"));
+        if (item == u"REFUSE"_s)
+            throw RuntimeError(5, u"No such cell"_s);
         memory[topic + QLatin1Char('/') + item] = text;
     }
 

@@ -19,6 +19,8 @@
 
 namespace vasclip::test {
 
+using namespace Qt::StringLiterals;
+
 /// A LinkServer with its own event loop in a thread; stops with the object.
 class ServerThread
 {
@@ -116,7 +118,7 @@ public:
     static void Greet(QLocalSocket& socket)
     {
         const conduit::Hello hello = conduit::DecodeHello(ReadLine(socket));
-        Write(socket, conduit::Encode(conduit::Hello{hello.nonce, QStringLiteral("script"), 1}));
+        Write(socket, conduit::Encode(conduit::Hello{hello.nonce, u"script"_s, 1}));
     }
 
 private:

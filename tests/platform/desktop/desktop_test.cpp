@@ -11,6 +11,8 @@
 
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::desktop {
 namespace {
 
@@ -26,9 +28,9 @@ protected:
     void SetUp() override
     {
         oldPath = qgetenv("PATH");
-        home.MakeDirs(QStringLiteral("C:\\Bin"));
-        home.Put(QStringLiteral("C:\\P\\comp photo.jpg"));
-        qputenv("PATH", QFile::encodeName(home.Native(QStringLiteral("drive_c/Bin"))));
+        home.MakeDirs(u"C:\\Bin"_s);
+        home.Put(u"C:\\P\\comp photo.jpg"_s);
+        qputenv("PATH", QFile::encodeName(home.Native(u"drive_c/Bin"_s)));
     }
     void TearDown() override { qputenv("PATH", oldPath); }
 
@@ -38,11 +40,11 @@ protected:
         QFile::setPermissions(home.disk.ToNative(path),
                               QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
-    [[nodiscard]] QByteArray Noted() const { return QFile::encodeName(home.Native(QStringLiteral("noted"))); }
+    [[nodiscard]] QByteArray Noted() const { return QFile::encodeName(home.Native(u"noted"_s)); }
     [[nodiscard]] QByteArray ReadNote() const
     {
         for (int tries = 0; tries < 500; ++tries) {
-            QFile file(home.Native(QStringLiteral("noted")));
+            QFile file(home.Native(u"noted"_s));
             if (file.open(QIODevice::ReadOnly)) {
                 const QByteArray note = file.readAll();
                 if (note.endsWith('\n'))
@@ -68,63 +70,61 @@ TEST_F(Shell, TellsWhatIsMissing)
     EXPECT_EQ(Open(u"open", u"C:\\P\\comp photo.jpg"), kShellNoAssociation) << "no opener on this system";
     EXPECT_EQ(Open(u"print", u"C:\\P\\comp photo.jpg"), kShellNoAssociation);
     EXPECT_EQ(Open(u"dance", u"C:\\P\\comp photo.jpg"), kShellNoAssociation);
-    EXPECT_EQ(ShellOpen(home.disk, QString(), QStringLiteral("C:\\P\\comp photo.jpg"), QString(),
-                        QStringLiteral("C:\\none")),
+    EXPECT_EQ(ShellOpen(home.disk, QString(), u"C:\\P\\comp photo.jpg"_s, QString(), u"C:\\none"_s),
               kShellPathNotFound);
 }
 
 TEST_F(Shell, AsksTheOpener)
 {
-    PutProgram(QStringLiteral("C:\\Bin\\xdg-open"), "echo \"$1\" > " + Noted());
+    PutProgram(u"C:\\Bin\\xdg-open"_s, "echo \"$1\" > " + Noted());
     EXPECT_EQ(Open(u"", u"c:\\p\\COMP PHOTO.JPG"), kShellDone);
-    EXPECT_EQ(ReadNote(), QFile::encodeName(home.Native(QStringLiteral("drive_c/P/comp photo.jpg"))));
+    EXPECT_EQ(ReadNote(), QFile::encodeName(home.Native(u"drive_c/P/comp photo.jpg"_s)));
     EXPECT_EQ(Open(u"open", u"https://example.org/a?b=c"), kShellDone);
     EXPECT_EQ(ReadNote(), "https://example.org/a?b=c");
     EXPECT_EQ(Open(u"explore", u"C:\\P"), kShellDone);
-    EXPECT_EQ(ReadNote(), QFile::encodeName(home.Native(QStringLiteral("drive_c/P"))));
+    EXPECT_EQ(ReadNote(), QFile::encodeName(home.Native(u"drive_c/P"_s)));
 
-    PutProgram(QStringLiteral("C:\\Bin\\xdg-open"), "exit 3");
+    PutProgram(u"C:\\Bin\\xdg-open"_s, "exit 3");
     EXPECT_EQ(Open(u"open", u"C:\\P\\comp photo.jpg"), kShellNoAssociation);
-    PutProgram(QStringLiteral("C:\\Bin\\xdg-open"), "exit 2");
+    PutProgram(u"C:\\Bin\\xdg-open"_s, "exit 2");
     EXPECT_EQ(Open(u"open", u"C:\\P\\comp photo.jpg"), kShellFileNotFound);
 }
 
 TEST_F(Shell, StartsPrograms)
 {
-    PutProgram(QStringLiteral("C:\\P\\tool.exe"), "echo \"$1|$2|$PWD\" > " + Noted());
-    EXPECT_EQ(ShellOpen(home.disk, QStringLiteral("open"), QStringLiteral("C:\\P\\TOOL.EXE"),
-                        QStringLiteral("/D \"two words\""), QStringLiteral("C:\\bin")),
+    PutProgram(u"C:\\P\\tool.exe"_s, "echo \"$1|$2|$PWD\" > " + Noted());
+    EXPECT_EQ(ShellOpen(home.disk, u"open"_s, u"C:\\P\\TOOL.EXE"_s, u"/D \"two words\""_s, u"C:\\bin"_s),
               kShellDone);
-    EXPECT_EQ(ReadNote(), "/D|two words|" + QFile::encodeName(home.Native(QStringLiteral("drive_c/Bin"))));
-    EXPECT_FALSE(StartProgram(home.Native(QStringLiteral("drive_c/P/none")), {}));
+    EXPECT_EQ(ReadNote(), "/D|two words|" + QFile::encodeName(home.Native(u"drive_c/Bin"_s)));
+    EXPECT_FALSE(StartProgram(home.Native(u"drive_c/P/none"_s), {}));
 }
 
 TEST_F(Shell, PrintsThroughTheSpooler)
 {
-    PutProgram(QStringLiteral("C:\\Bin\\lp"), "echo \"$2\" > " + Noted());
+    PutProgram(u"C:\\Bin\\lp"_s, "echo \"$2\" > " + Noted());
     EXPECT_EQ(Open(u"print", u"C:\\P\\comp photo.jpg"), kShellDone);
-    EXPECT_EQ(ReadNote(), QFile::encodeName(home.Native(QStringLiteral("drive_c/P/comp photo.jpg"))));
+    EXPECT_EQ(ReadNote(), QFile::encodeName(home.Native(u"drive_c/P/comp photo.jpg"_s)));
 }
 
 TEST(FileVersions, StandBesideTheFile)
 {
     const TempHome home;
-    home.Put(QStringLiteral("C:\\KEL\\Kel.exe"));
-    const QString native = home.disk.ToNative(QStringLiteral("C:\\KEL\\KEL.EXE"));
+    home.Put(u"C:\\KEL\\Kel.exe"_s);
+    const QString native = home.disk.ToNative(u"C:\\KEL\\KEL.EXE"_s);
     EXPECT_EQ(FileVersion(native), QString());
-    home.Put(QStringLiteral("C:\\KEL\\Kel.exe.version"), "7.1.0.3\r\nmore\n");
-    EXPECT_EQ(FileVersion(native), QStringLiteral("7.1.0.3"));
-    home.disk.Kill(QStringLiteral("C:\\KEL\\Kel.exe"));
+    home.Put(u"C:\\KEL\\Kel.exe.version"_s, "7.1.0.3\r\nmore\n");
+    EXPECT_EQ(FileVersion(native), u"7.1.0.3"_s);
+    home.disk.Kill(u"C:\\KEL\\Kel.exe"_s);
     EXPECT_EQ(FileVersion(native), QString()) << "without the file there is no version";
 }
 
 TEST(SystemFacts, AreDrivePaths)
 {
-    EXPECT_EQ(SystemDirectory(), QStringLiteral("C:\\WINDOWS\\SYSTEM32"));
-    EXPECT_EQ(WindowsDirectory(), QStringLiteral("C:\\WINDOWS"));
+    EXPECT_EQ(SystemDirectory(), u"C:\\WINDOWS\\SYSTEM32"_s);
+    EXPECT_EQ(WindowsDirectory(), u"C:\\WINDOWS"_s);
     EXPECT_EQ(ReadSystemVersion().major, 6);
-    EXPECT_EQ(ReadSystemVersion({5, 1, 2600, true, QStringLiteral("Service Pack 3")}).minor, 1);
-    EXPECT_EQ(FindWindowCaption(QStringLiteral("ClassKel")), QString());
+    EXPECT_EQ(ReadSystemVersion({5, 1, 2600, true, u"Service Pack 3"_s}).minor, 1);
+    EXPECT_EQ(FindWindowCaption(u"ClassKel"_s), QString());
 }
 
 } // namespace

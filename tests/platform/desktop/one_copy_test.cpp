@@ -10,6 +10,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::desktop {
 namespace {
 
@@ -63,7 +65,7 @@ TEST(OneCopy, AKilledCopyStandsNoMore)
 TEST(OneCopy, AHomeThatTakesNoMarkKeepsNobodyOut)
 {
     const TempHome home;
-    const OneCopy copy(home.Native(QStringLiteral("none")));
+    const OneCopy copy(home.Native(u"none"_s));
     EXPECT_TRUE(copy.IsFirst());
     EXPECT_EQ(copy.OtherProcess(), 0);
 }

@@ -12,6 +12,8 @@
 
 namespace vasclip::engine {
 
+using namespace Qt::StringLiterals;
+
 /// A home of its own for one test, with an engine on it.
 struct Home
 {
@@ -22,7 +24,7 @@ struct Home
 
     [[nodiscard]] QString Native(const QString& name) const
     {
-        return directory.path() + QStringLiteral("/drive_c/") + name;
+        return directory.path() + u"/drive_c/"_s + name;
     }
 
     QTemporaryDir directory;
@@ -51,15 +53,15 @@ inline Field TypedField(const QString& name, FieldType type)
 inline TableDef SmallComps()
 {
     TableDef table;
-    table.name = QStringLiteral("COMPS");
-    table.fields = {TextField(QStringLiteral("CENTRALKEY"), 35),
-                    TextField(QStringLiteral("CITY"), 20),
-                    TextField(QStringLiteral("SELLINGPR"), 10, SortsAs::Number),
-                    TextField(QStringLiteral("SALEDATE"), 10, SortsAs::Date),
-                    TextField(QStringLiteral("GLA"), 7, SortsAs::Number),
-                    TypedField(QStringLiteral("PHOTOS"), FieldType::Memo),
-                    TypedField(QStringLiteral("FRONTPHOTO"), FieldType::LongBinary)};
-    table.indexes = {{QStringLiteral("Centralkey"), {QStringLiteral("CENTRALKEY")}, true, true}};
+    table.name = u"COMPS"_s;
+    table.fields = {TextField(u"CENTRALKEY"_s, 35),
+                    TextField(u"CITY"_s, 20),
+                    TextField(u"SELLINGPR"_s, 10, SortsAs::Number),
+                    TextField(u"SALEDATE"_s, 10, SortsAs::Date),
+                    TextField(u"GLA"_s, 7, SortsAs::Number),
+                    TypedField(u"PHOTOS"_s, FieldType::Memo),
+                    TypedField(u"FRONTPHOTO"_s, FieldType::LongBinary)};
+    table.indexes = {{u"Centralkey"_s, {u"CENTRALKEY"_s}, true, true}};
     return table;
 }
 
@@ -73,15 +75,15 @@ inline std::shared_ptr<Database> MakeComps(Engine& engine, const QString& path, 
 {
     auto database = engine.CreateDatabase(path);
     database->CreateTable(SmallComps());
-    const auto table = database->OpenRecordset(QStringLiteral("COMPS"), RecordsetType::Table);
+    const auto table = database->OpenRecordset(u"COMPS"_s, RecordsetType::Table);
     Transaction together(*database);
     for (const Comp& comp : comps) {
         table->AddNew();
-        table->SetValue(QStringLiteral("CENTRALKEY"), comp.key);
-        const std::pair<QString, QString> rest[] = {{QStringLiteral("CITY"), comp.city},
-                                                    {QStringLiteral("SELLINGPR"), comp.price},
-                                                    {QStringLiteral("SALEDATE"), comp.date},
-                                                    {QStringLiteral("GLA"), comp.gla}};
+        table->SetValue(u"CENTRALKEY"_s, comp.key);
+        const std::pair<QString, QString> rest[] = {{u"CITY"_s, comp.city},
+                                                    {u"SELLINGPR"_s, comp.price},
+                                                    {u"SALEDATE"_s, comp.date},
+                                                    {u"GLA"_s, comp.gla}};
         for (const auto& [field, value] : rest) {
             if (!value.isNull())
                 table->SetValue(field, value);
@@ -112,7 +114,7 @@ inline QStringList Column(Recordset& recordset, const QString& field)
     QStringList values;
     for (recordset.MoveFirst(); !recordset.Eof(); recordset.MoveNext()) {
         const QVariant value = recordset.Value(field);
-        values.append(value.isValid() ? value.toString() : QStringLiteral("NULL"));
+        values.append(value.isValid() ? value.toString() : u"NULL"_s);
     }
     return values;
 }

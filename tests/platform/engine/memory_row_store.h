@@ -8,6 +8,8 @@
 
 namespace vasclip::engine {
 
+using namespace Qt::StringLiterals;
+
 /// One opening of a memory server, shared by its database and record sets.
 struct MemoryOpening
 {
@@ -31,7 +33,7 @@ public:
     [[nodiscard]] bool Updatable() const override;
     [[nodiscard]] QString WhyReadOnly() const override
     {
-        return QStringLiteral("You have no right to change %1").arg(m_shape.table.name);
+        return u"You have no right to change %1"_s.arg(m_shape.table.name);
     }
     [[nodiscard]] quint64 Generation() const override { return m_opening->generation; }
     void ReadKeys(const std::function<bool(std::span<const Bookmark>)>& sink) override;

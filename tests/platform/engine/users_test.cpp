@@ -28,8 +28,7 @@ struct UsersTest : testing::Test
     std::unique_ptr<QProcess> Start(const QStringList& words) const
     {
         auto process = std::make_unique<QProcess>();
-        process->start(QStringLiteral(VASCLIP_ENGINE_USER),
-                       QStringList{home.directory.path(), kFile} + words);
+        process->start(u"" VASCLIP_ENGINE_USER ""_s, QStringList{home.directory.path(), kFile} + words);
         return process;
     }
 

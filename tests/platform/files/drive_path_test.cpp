@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::files {
 namespace {
 
@@ -20,22 +22,20 @@ struct Row
 TEST(DrivePath, IsTakenApartByItsText)
 {
     const Row rows[] = {
-        {"plain", QStringLiteral("C:\\VASSNAP\\A.JPG"), QStringLiteral("C:\\VASSNAP\\A.JPG")},
-        {"small drive letter", QStringLiteral("c:\\a"), QStringLiteral("C:\\a")},
-        {"forward slashes", QStringLiteral("C:/a/b"), QStringLiteral("C:\\a\\b")},
-        {"doubled separators", QStringLiteral("C:\\a\\\\b"), QStringLiteral("C:\\a\\b")},
-        {"closed", QStringLiteral("C:\\a\\"), QStringLiteral("C:\\a\\")},
-        {"the root", QStringLiteral("C:\\"), QStringLiteral("C:\\")},
-        {"the drive alone", QStringLiteral("C:"), QStringLiteral("C:\\")},
-        {"no separator behind the drive", QStringLiteral("C:a\\b"), QStringLiteral("C:\\a\\b")},
-        {"dots", QStringLiteral("C:\\a\\.\\b\\..\\c"), QStringLiteral("C:\\a\\c")},
-        {"up to the root", QStringLiteral("C:\\a\\.."), QStringLiteral("C:\\")},
-        {"dots and blanks at the end of a name", QStringLiteral("C:\\a.\\b. ."), QStringLiteral("C:\\a\\b")},
-        {"accents and apostrophes", QStringLiteral("C:\\Ren\u00E9's\\O'Neil.jpg"),
-         QStringLiteral("C:\\Ren\u00E9's\\O'Neil.jpg")},
-        {"a name like a device", QStringLiteral("C:\\console\\com10"), QStringLiteral("C:\\console\\com10")},
-        {"255 characters", QStringLiteral("C:\\") + QString(255, u'x'),
-         QStringLiteral("C:\\") + QString(255, u'x')},
+        {"plain", u"C:\\VASSNAP\\A.JPG"_s, u"C:\\VASSNAP\\A.JPG"_s},
+        {"small drive letter", u"c:\\a"_s, u"C:\\a"_s},
+        {"forward slashes", u"C:/a/b"_s, u"C:\\a\\b"_s},
+        {"doubled separators", u"C:\\a\\\\b"_s, u"C:\\a\\b"_s},
+        {"closed", u"C:\\a\\"_s, u"C:\\a\\"_s},
+        {"the root", u"C:\\"_s, u"C:\\"_s},
+        {"the drive alone", u"C:"_s, u"C:\\"_s},
+        {"no separator behind the drive", u"C:a\\b"_s, u"C:\\a\\b"_s},
+        {"dots", u"C:\\a\\.\\b\\..\\c"_s, u"C:\\a\\c"_s},
+        {"up to the root", u"C:\\a\\.."_s, u"C:\\"_s},
+        {"dots and blanks at the end of a name", u"C:\\a.\\b. ."_s, u"C:\\a\\b"_s},
+        {"accents and apostrophes", u"C:\\Ren\u00E9's\\O'Neil.jpg"_s, u"C:\\Ren\u00E9's\\O'Neil.jpg"_s},
+        {"a name like a device", u"C:\\console\\com10"_s, u"C:\\console\\com10"_s},
+        {"255 characters", u"C:\\"_s + QString(255, u'x'), u"C:\\"_s + QString(255, u'x')},
     };
     for (const Row& row : rows)
         EXPECT_EQ(ParseDrivePath(row.given, Wildcards::Refused).Text(), row.wanted) << row.name;
@@ -51,42 +51,35 @@ TEST(DrivePath, RefusesWhatNoDriveCanHold)
         QString words;
     };
     const Refusal rows[] = {
-        {"empty", QString(), 52, QStringLiteral("Bad file name or number: \"\" is no path, it is empty")},
-        {"relative", QStringLiteral("photos\\a.jpg"), 52,
-         QStringLiteral(
-             "Bad file name or number: \"photos\\a.jpg\" does not begin with a drive, such as C:\\")},
-        {"rooted without a drive", QStringLiteral("\\photos"), 52,
-         QStringLiteral("Bad file name or number: \"\\photos\" does not begin with a drive, such as C:\\")},
-        {"native", QStringLiteral("/tmp/a"), 52,
-         QStringLiteral("Bad file name or number: \"/tmp/a\" does not begin with a drive, such as C:\\")},
-        {"a machine", QStringLiteral("\\\\server\\share"), 52,
-         QStringLiteral(
-             "Bad file name or number: \"\\\\server\\share\" names a machine; give its share a drive letter "
-             "in drives.ini")},
-        {"a digit as drive", QStringLiteral("1:\\a"), 52,
-         QStringLiteral("Bad file name or number: \"1:\\a\" does not begin with a drive, such as C:\\")},
-        {"device", QStringLiteral("C:\\nul"), 52,
-         QStringLiteral("Bad file name or number: \"C:\\nul\" holds the name of a device")},
-        {"device with an extension", QStringLiteral("C:\\a\\Com1.txt"), 52,
-         QStringLiteral("Bad file name or number: \"C:\\a\\Com1.txt\" holds the name of a device")},
-        {"colon", QStringLiteral("C:\\a:b"), 52,
-         QStringLiteral("Bad file name or number: \"C:\\a:b\" holds the character :")},
-        {"quote", QStringLiteral("C:\\a\"b"), 52,
-         QStringLiteral("Bad file name or number: \"C:\\a\"b\" holds the character \"")},
-        {"line break", QStringLiteral("C:\\a\nb"), 52,
-         QStringLiteral("Bad file name or number: \"C:\\a\nb\" holds a control character")},
-        {"wildcard", QStringLiteral("C:\\*.jpg"), 52,
-         QStringLiteral("Bad file name or number: \"C:\\*.jpg\" holds * or ?, and one name is wanted")},
-        {"three dots", QStringLiteral("C:\\a\\..."), 52,
-         QStringLiteral("Bad file name or number: \"C:\\a\\...\" holds a name of dots and blanks alone")},
-        {"above the root", QStringLiteral("C:\\.."), 76,
-         QStringLiteral("Path not found: \"C:\\..\" leaves its drive")},
-        {"down and above the root", QStringLiteral("C:\\a\\..\\..\\etc"), 76,
-         QStringLiteral("Path not found: \"C:\\a\\..\\..\\etc\" leaves its drive")},
-        {"300 characters", QStringLiteral("C:\\") + QString(300, u'x'), 76,
-         QStringLiteral(
-             "Path not found: a name in \"C:\\%1...\" has 300 characters, and a disk holds 255 at most")
-             .arg(QString(117, u'x'))},
+        {"empty", QString(), 52, u"Bad file name or number: \"\" is no path, it is empty"_s},
+        {"relative", u"photos\\a.jpg"_s, 52,
+         u"Bad file name or number: \"photos\\a.jpg\" does not begin with a drive, such as C:\\"_s},
+        {"rooted without a drive", u"\\photos"_s, 52,
+         u"Bad file name or number: \"\\photos\" does not begin with a drive, such as C:\\"_s},
+        {"native", u"/tmp/a"_s, 52,
+         u"Bad file name or number: \"/tmp/a\" does not begin with a drive, such as C:\\"_s},
+        {"a machine", u"\\\\server\\share"_s, 52,
+         u"Bad file name or number: \"\\\\server\\share\" names a machine; give its share a drive letter "
+         "in drives.ini"_s},
+        {"a digit as drive", u"1:\\a"_s, 52,
+         u"Bad file name or number: \"1:\\a\" does not begin with a drive, such as C:\\"_s},
+        {"device", u"C:\\nul"_s, 52, u"Bad file name or number: \"C:\\nul\" holds the name of a device"_s},
+        {"device with an extension", u"C:\\a\\Com1.txt"_s, 52,
+         u"Bad file name or number: \"C:\\a\\Com1.txt\" holds the name of a device"_s},
+        {"colon", u"C:\\a:b"_s, 52, u"Bad file name or number: \"C:\\a:b\" holds the character :"_s},
+        {"quote", u"C:\\a\"b"_s, 52, u"Bad file name or number: \"C:\\a\"b\" holds the character \""_s},
+        {"line break", u"C:\\a\nb"_s, 52,
+         u"Bad file name or number: \"C:\\a\nb\" holds a control character"_s},
+        {"wildcard", u"C:\\*.jpg"_s, 52,
+         u"Bad file name or number: \"C:\\*.jpg\" holds * or ?, and one name is wanted"_s},
+        {"three dots", u"C:\\a\\..."_s, 52,
+         u"Bad file name or number: \"C:\\a\\...\" holds a name of dots and blanks alone"_s},
+        {"above the root", u"C:\\.."_s, 76, u"Path not found: \"C:\\..\" leaves its drive"_s},
+        {"down and above the root", u"C:\\a\\..\\..\\etc"_s, 76,
+         u"Path not found: \"C:\\a\\..\\..\\etc\" leaves its drive"_s},
+        {"300 characters", u"C:\\"_s + QString(300, u'x'), 76,
+         u"Path not found: a name in \"C:\\%1...\" has 300 characters, and a disk holds 255 at most"_s.arg(
+             QString(117, u'x'))},
     };
     for (const Refusal& row : rows) {
         const auto thrown = ThrownBy([&] { return ParseDrivePath(row.given, Wildcards::Refused).Text(); });
@@ -97,12 +90,10 @@ TEST(DrivePath, RefusesWhatNoDriveCanHold)
 
 TEST(DrivePath, TakesAPatternOnlyInTheLastPart)
 {
-    EXPECT_EQ(ParseDrivePath(QStringLiteral("C:\\a\\*.jp?"), Wildcards::InLastPart).parts.last(), u"*.jp?");
-    const auto thrown =
-        ThrownBy([] { return ParseDrivePath(QStringLiteral("C:\\a*\\b"), Wildcards::InLastPart).Text(); });
+    EXPECT_EQ(ParseDrivePath(u"C:\\a\\*.jp?"_s, Wildcards::InLastPart).parts.last(), u"*.jp?");
+    const auto thrown = ThrownBy([] { return ParseDrivePath(u"C:\\a*\\b"_s, Wildcards::InLastPart).Text(); });
     EXPECT_EQ(thrown.number, error::kBadFileName);
-    EXPECT_EQ(thrown.words,
-              QStringLiteral("Bad file name or number: \"C:\\a*\\b\" holds * or ? in a directory's name"));
+    EXPECT_EQ(thrown.words, u"Bad file name or number: \"C:\\a*\\b\" holds * or ? in a directory's name"_s);
 }
 
 } // namespace

@@ -10,13 +10,15 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::files {
 namespace {
 
 using tests::TempHome;
 
-const QString kFile = QStringLiteral("C:\\VAS2000.INI");
-const QString kAbsent = QStringLiteral("(absent)");
+const QString kFile = u"C:\\VAS2000.INI"_s;
+const QString kAbsent = u"(absent)"_s;
 
 QString Quoted(const char16_t* text)
 {
@@ -93,15 +95,13 @@ TEST(ProfileReads, Utf16)
 {
     const TempHome home;
     QByteArray content("\xFF\xFE");
-    for (const QChar c : QStringLiteral("[S]\r\nK=\u0160\u4E2D\r\n")) {
+    for (const QChar c : u"[S]\r\nK=\u0160\u4E2D\r\n"_s) {
         content.append(char(c.cell()));
         content.append(char(c.row()));
     }
     home.disk.WriteWhole(kFile, content);
-    EXPECT_EQ(GetPrivateProfileString(home.disk, QStringLiteral("s"), QStringLiteral("k"), kAbsent, kFile),
-              QStringLiteral("\u0160\u4E2D"));
-    ASSERT_TRUE(WritePrivateProfileString(home.disk, QStringLiteral("S"), QStringLiteral("L"),
-                                          QStringLiteral("\u4E2E"), kFile));
+    EXPECT_EQ(GetPrivateProfileString(home.disk, u"s"_s, u"k"_s, kAbsent, kFile), u"\u0160\u4E2D"_s);
+    ASSERT_TRUE(WritePrivateProfileString(home.disk, u"S"_s, u"L"_s, u"\u4E2E"_s, kFile));
     const QByteArray added("L\0=\0\x2E\x4E\r\0\n\0", 10);
     EXPECT_EQ(home.disk.ReadWhole(kFile), content + added);
 }
@@ -110,40 +110,37 @@ TEST(ProfileReads, FallsBack)
 {
     const TempHome home;
     const auto read = [&](const char16_t* fallback, const char16_t* file) {
-        return GetPrivateProfileString(home.disk, QStringLiteral("S"), QStringLiteral("K"), Quoted(fallback),
-                                       Quoted(file));
+        return GetPrivateProfileString(home.disk, u"S"_s, u"K"_s, Quoted(fallback), Quoted(file));
     };
-    EXPECT_EQ(read(u"C:\\VASCLIPS  ", u"C:\\none.ini"), QStringLiteral("C:\\VASCLIPS"))
-        << "trailing blanks go";
-    EXPECT_EQ(read(u"  x", u"C:\\none.ini"), QStringLiteral("  x"));
-    EXPECT_EQ(read(u"x", u"none.ini"), QStringLiteral("x"));
-    EXPECT_EQ(read(u"x", u"A:\\none.ini"), QStringLiteral("x"));
-    EXPECT_EQ(read(u"x", u""), QStringLiteral("x"));
-    EXPECT_EQ(read(u"x", u"C:\\"), QStringLiteral("x"));
+    EXPECT_EQ(read(u"C:\\VASCLIPS  ", u"C:\\none.ini"), u"C:\\VASCLIPS"_s) << "trailing blanks go";
+    EXPECT_EQ(read(u"  x", u"C:\\none.ini"), u"  x"_s);
+    EXPECT_EQ(read(u"x", u"none.ini"), u"x"_s);
+    EXPECT_EQ(read(u"x", u"A:\\none.ini"), u"x"_s);
+    EXPECT_EQ(read(u"x", u""), u"x"_s);
+    EXPECT_EQ(read(u"x", u"C:\\"), u"x"_s);
 }
 
 TEST(ProfileReads, ListsKeysAndSections)
 {
     const TempHome home;
     home.disk.WriteWhole(kFile, "[One]\n b =2\n;c=3\nA=1\nbare\n\n[Two]\nX=\n[one]\nD=4\n");
-    EXPECT_EQ(ProfileKeys(home.disk, QStringLiteral("ONE"), kFile).join(u','), QStringLiteral("b,A,bare"));
-    EXPECT_EQ(ProfileSections(home.disk, kFile).join(u','), QStringLiteral("One,Two,one"));
-    EXPECT_TRUE(ProfileKeys(home.disk, QStringLiteral("none"), kFile).isEmpty());
-    EXPECT_TRUE(ProfileSections(home.disk, QStringLiteral("C:\\none.ini")).isEmpty());
+    EXPECT_EQ(ProfileKeys(home.disk, u"ONE"_s, kFile).join(u','), u"b,A,bare"_s);
+    EXPECT_EQ(ProfileSections(home.disk, kFile).join(u','), u"One,Two,one"_s);
+    EXPECT_TRUE(ProfileKeys(home.disk, u"none"_s, kFile).isEmpty());
+    EXPECT_TRUE(ProfileSections(home.disk, u"C:\\none.ini"_s).isEmpty());
 }
 
 TEST(ProfileReads, SeeTheLatestContent)
 {
     const TempHome home;
-    const QString native = home.Native(QStringLiteral("drive_c/VAS2000.INI"));
+    const QString native = home.Native(u"drive_c/VAS2000.INI"_s);
     for (int round = 0; round < 300; ++round) {
         QFile file(native); // in place, with the same length: the hardest change to notice
         ASSERT_TRUE(file.open(QIODevice::ReadWrite));
         file.write("[S]\nK=" + QByteArray::number(1000 + round) + "\n");
         file.close();
-        ASSERT_EQ(
-            GetPrivateProfileString(home.disk, QStringLiteral("S"), QStringLiteral("K"), kAbsent, kFile),
-            QString::number(1000 + round));
+        ASSERT_EQ(GetPrivateProfileString(home.disk, u"S"_s, u"K"_s, kAbsent, kFile),
+                  QString::number(1000 + round));
     }
 }
 
@@ -166,7 +163,7 @@ TEST_P(ProfileWrite, Leaves)
     const TempHome home;
     home.disk.WriteWhole(kFile, row.before);
     const QString key = row.key ? Quoted(row.key) : QString();
-    const QString value = row.value ? (*row.value ? Quoted(row.value) : QStringLiteral("")) : QString();
+    const QString value = row.value ? (*row.value ? Quoted(row.value) : u""_s) : QString();
     EXPECT_TRUE(WritePrivateProfileString(home.disk, Quoted(row.section), key, value, kFile)) << row.name;
     EXPECT_EQ(home.disk.ReadWhole(kFile).toStdString(), row.after.toStdString()) << row.name;
 }
@@ -228,9 +225,9 @@ TEST(ProfileWrites, RefuseWhatCouldNotBeReadBack)
     EXPECT_FALSE(write(u"S", u"[K", u"1"));
     EXPECT_FALSE(write(u"S", u" ", u"1"));
     EXPECT_FALSE(write(u"S]T", u"K", u"1"));
-    EXPECT_FALSE(write(u"S", u"K", u"1", QStringLiteral("C:\\none\\a.ini")));
-    EXPECT_FALSE(write(u"S", u"K", u"1", QStringLiteral("a.ini")));
-    EXPECT_FALSE(write(u"S", u"K", u"1", QStringLiteral("C:\\")));
+    EXPECT_FALSE(write(u"S", u"K", u"1", u"C:\\none\\a.ini"_s));
+    EXPECT_FALSE(write(u"S", u"K", u"1", u"a.ini"_s));
+    EXPECT_FALSE(write(u"S", u"K", u"1", u"C:\\"_s));
     EXPECT_EQ(home.disk.ReadWhole(kFile), "[S]\nK=1\n");
     home.disk.SetAttr(kFile, ReadOnly);
     EXPECT_FALSE(write(u"S", u"K", u"2"));
@@ -241,10 +238,9 @@ TEST(ProfileWrites, RefuseWhatCouldNotBeReadBack)
 TEST(ProfileWrites, HoldLongValues)
 {
     const TempHome home;
-    const QString value = QString(200'000, u'v') + QStringLiteral("\u00E9nd");
-    ASSERT_TRUE(WritePrivateProfileString(home.disk, QStringLiteral("S"), QStringLiteral("K"), value, kFile));
-    EXPECT_EQ(GetPrivateProfileString(home.disk, QStringLiteral("S"), QStringLiteral("K"), kAbsent, kFile),
-              value);
+    const QString value = QString(200'000, u'v') + u"\u00E9nd"_s;
+    ASSERT_TRUE(WritePrivateProfileString(home.disk, u"S"_s, u"K"_s, value, kFile));
+    EXPECT_EQ(GetPrivateProfileString(home.disk, u"S"_s, u"K"_s, kAbsent, kFile), value);
 }
 
 TEST(ProfileWrites, ManyKeysAreOneReplacement)
@@ -252,15 +248,14 @@ TEST(ProfileWrites, ManyKeysAreOneReplacement)
     const TempHome home;
     home.disk.WriteWhole(kFile, "[A]\r\nold=1\r\ngone=2\r\n[B]\r\nx=1\r\n");
     ASSERT_TRUE(WriteProfileKeys(home.disk, kFile,
-                                 {{QStringLiteral("A"), QStringLiteral("old"), QStringLiteral("9")},
-                                  {QStringLiteral("A"), QStringLiteral("gone"), QString()},
-                                  {QStringLiteral("C"), QStringLiteral("new"), QStringLiteral("3")},
-                                  {QStringLiteral("C"), QStringLiteral("newer"), QStringLiteral("4")},
-                                  {QStringLiteral("B"), QString(), QString()}}));
+                                 {{u"A"_s, u"old"_s, u"9"_s},
+                                  {u"A"_s, u"gone"_s, QString()},
+                                  {u"C"_s, u"new"_s, u"3"_s},
+                                  {u"C"_s, u"newer"_s, u"4"_s},
+                                  {u"B"_s, QString(), QString()}}));
     EXPECT_EQ(home.disk.ReadWhole(kFile), "[A]\r\nold=9\r\n[C]\r\nnew=3\r\nnewer=4\r\n");
-    EXPECT_FALSE(WriteProfileKeys(home.disk, kFile,
-                                  {{QStringLiteral("A"), QStringLiteral("old"), QStringLiteral("10")},
-                                   {QStringLiteral("A"), QStringLiteral("b=d"), QStringLiteral("1")}}));
+    EXPECT_FALSE(
+        WriteProfileKeys(home.disk, kFile, {{u"A"_s, u"old"_s, u"10"_s}, {u"A"_s, u"b=d"_s, u"1"_s}}));
     EXPECT_EQ(home.disk.ReadWhole(kFile), "[A]\r\nold=9\r\n[C]\r\nnew=3\r\nnewer=4\r\n") << "all or none";
 }
 
@@ -276,10 +271,8 @@ TEST(ProfileWrites, OfTwoProcessesAreAllKept)
             bool good = true;
             for (int key = 0; key < kKeys; ++key) {
                 // Each spells the file in its own way.
-                const QString file =
-                    process == 0 ? QStringLiteral("C:\\shared.ini") : QStringLiteral("c:/SHARED.INI");
-                good = good && WritePrivateProfileString(home.disk, QStringLiteral("S"),
-                                                         QStringLiteral("P%1K%2").arg(process).arg(key),
+                const QString file = process == 0 ? u"C:\\shared.ini"_s : u"c:/SHARED.INI"_s;
+                good = good && WritePrivateProfileString(home.disk, u"S"_s, u"P%1K%2"_s.arg(process).arg(key),
                                                          QString::number(key), file);
             }
             _exit(good ? 0 : 1);
@@ -291,9 +284,8 @@ TEST(ProfileWrites, OfTwoProcessesAreAllKept)
         waitpid(child, &status, 0);
         EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
     }
-    EXPECT_EQ(home.disk.Dir(QStringLiteral("C:\\*.ini")).size(), 1);
-    EXPECT_EQ(ProfileKeys(home.disk, QStringLiteral("S"), QStringLiteral("C:\\shared.ini")).size(),
-              kProcesses * kKeys);
+    EXPECT_EQ(home.disk.Dir(u"C:\\*.ini"_s).size(), 1);
+    EXPECT_EQ(ProfileKeys(home.disk, u"S"_s, u"C:\\shared.ini"_s).size(), kProcesses * kKeys);
 }
 
 } // namespace

@@ -22,6 +22,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::files {
 namespace {
 
@@ -57,11 +59,10 @@ protected:
 
     void SetUp() override
     {
-        home.Put(QStringLiteral("C:\\P\\a.jpg"), QByteArrayLiteral("old"));
-        home.Put(QStringLiteral("C:\\Open\\b.jpg"), QByteArrayLiteral("new"));
+        home.Put(u"C:\\P\\a.jpg"_s, QByteArrayLiteral("old"));
+        home.Put(u"C:\\Open\\b.jpg"_s, QByteArrayLiteral("new"));
         // The way to the home must be open to all, the directory under test to nobody.
-        chmod(QFile::encodeName(QDir(home.disk.Home() + QStringLiteral("/..")).canonicalPath()).constData(),
-              0755);
+        chmod(QFile::encodeName(QDir(home.disk.Home() + u"/.."_s).canonicalPath()).constData(), 0755);
         chmod(Native(u"drive_c/Open").constData(), 0777);
         chmod(Native(u"drive_c/P").constData(), 0555);
     }
@@ -75,48 +76,40 @@ protected:
 
 TEST_F(Rights, AClosedDirectoryRefusesChanges)
 {
-    const QString inside = QStringLiteral("C:\\P\\a.jpg");
-    const QString open = QStringLiteral("C:\\Open\\b.jpg");
+    const QString inside = u"C:\\P\\a.jpg"_s;
+    const QString open = u"C:\\Open\\b.jpg"_s;
     EXPECT_EQ(AsUser([&] { return NumberOf([&] { home.disk.WriteWhole(inside, "x"); }); }),
               error::kPermissionDenied);
     EXPECT_EQ(AsUser([&] { return NumberOf([&] { home.disk.FileCopy(open, inside); }); }),
               error::kPermissionDenied);
     EXPECT_EQ(AsUser([&] { return NumberOf([&] { home.disk.Kill(inside); }); }), error::kPathFileAccess);
-    EXPECT_EQ(
-        AsUser([&] { return NumberOf([&] { home.disk.Name(inside, QStringLiteral("C:\\P\\c.jpg")); }); }),
-        error::kPathFileAccess);
-    EXPECT_EQ(AsUser([&] { return NumberOf([&] { home.disk.MkDir(QStringLiteral("C:\\P\\sub")); }); }),
+    EXPECT_EQ(AsUser([&] { return NumberOf([&] { home.disk.Name(inside, u"C:\\P\\c.jpg"_s); }); }),
               error::kPathFileAccess);
-    EXPECT_EQ(AsUser([&] {
-                  return NumberOf([&] { home.disk.FileCopy(inside, QStringLiteral("C:\\Open\\c.jpg")); });
-              }),
-              0)
+    EXPECT_EQ(AsUser([&] { return NumberOf([&] { home.disk.MkDir(u"C:\\P\\sub"_s); }); }),
+              error::kPathFileAccess);
+    EXPECT_EQ(AsUser([&] { return NumberOf([&] { home.disk.FileCopy(inside, u"C:\\Open\\c.jpg"_s); }); }), 0)
         << "reading is allowed";
     EXPECT_EQ(AsUser([&] {
-                  return int(WritePrivateProfileString(home.disk, QStringLiteral("S"), QStringLiteral("K"),
-                                                       QStringLiteral("V"), QStringLiteral("C:\\P\\x.ini")));
+                  return int(WritePrivateProfileString(home.disk, u"S"_s, u"K"_s, u"V"_s, u"C:\\P\\x.ini"_s));
               }),
               0);
     EXPECT_EQ(home.disk.ReadWhole(inside), "old");
-    EXPECT_EQ(home.disk.Dir(QStringLiteral("C:\\P\\*"), Directory), QStringList{QStringLiteral("a.jpg")});
+    EXPECT_EQ(home.disk.Dir(u"C:\\P\\*"_s, Directory), QStringList{u"a.jpg"_s});
 }
 
 TEST_F(Rights, ADirectoryThatCannotBeReadSaysSo)
 {
     chmod(Native(u"drive_c/P").constData(), 0000);
-    EXPECT_EQ(AsUser([&] { return NumberOf([&] { (void)home.disk.Dir(QStringLiteral("C:\\P\\*")); }); }),
+    EXPECT_EQ(AsUser([&] { return NumberOf([&] { (void)home.disk.Dir(u"C:\\P\\*"_s); }); }),
               error::kPathFileAccess);
-    EXPECT_EQ(
-        AsUser([&] { return NumberOf([&] { (void)home.disk.ReadWhole(QStringLiteral("C:\\P\\a.jpg")); }); }),
-        error::kPathFileAccess);
-    EXPECT_EQ(AsUser([&] { return int(home.disk.FileExists(QStringLiteral("C:\\P\\a.jpg"))); }), 0);
+    EXPECT_EQ(AsUser([&] { return NumberOf([&] { (void)home.disk.ReadWhole(u"C:\\P\\a.jpg"_s); }); }),
+              error::kPathFileAccess);
+    EXPECT_EQ(AsUser([&] { return int(home.disk.FileExists(u"C:\\P\\a.jpg"_s)); }), 0);
 }
 
 TEST_F(Rights, AHomeWithoutRightsIsRefusedInWords)
 {
-    EXPECT_EQ(AsUser([&] {
-                  return NumberOf([&] { const Disk disk(home.Native(QStringLiteral("drive_c/P/newhome"))); });
-              }),
+    EXPECT_EQ(AsUser([&] { return NumberOf([&] { const Disk disk(home.Native(u"drive_c/P/newhome"_s)); }); }),
               error::kPathFileAccess);
 }
 
@@ -136,14 +129,14 @@ TEST(FullDisk, LeavesTheOldFileWhole)
     const TempHome home;
     const QByteArray small(8 * 1024, 's');
     const QByteArray large(200 * 1024, 'l');
-    home.Put(QStringLiteral("C:\\P\\large.jpg"), large);
-    home.MakeDirs(QStringLiteral("C:\\Small"));
-    const QByteArray directory = QFile::encodeName(home.Native(QStringLiteral("drive_c/Small")));
+    home.Put(u"C:\\P\\large.jpg"_s, large);
+    home.MakeDirs(u"C:\\Small"_s);
+    const QByteArray directory = QFile::encodeName(home.Native(u"drive_c/Small"_s));
     const auto onSmallDisk = [&](const std::function<void(const QString& file)>& step) {
         return InChild([&] {
             if (!MakeSmallDisk(directory))
                 return 253;
-            const QString file = QStringLiteral("C:\\Small\\a.jpg");
+            const QString file = u"C:\\Small\\a.jpg"_s;
             home.disk.WriteWhole(file, small);
             const int number = NumberOf([&] { step(file); });
             if (home.disk.ReadWhole(file) != small)
@@ -154,15 +147,14 @@ TEST(FullDisk, LeavesTheOldFileWhole)
         });
     };
     EXPECT_EQ(onSmallDisk([&](const QString& file) { home.disk.WriteWhole(file, large); }), error::kDiskFull);
-    EXPECT_EQ(onSmallDisk(
-                  [&](const QString& file) { home.disk.FileCopy(QStringLiteral("C:\\P\\large.jpg"), file); }),
+    EXPECT_EQ(onSmallDisk([&](const QString& file) { home.disk.FileCopy(u"C:\\P\\large.jpg"_s, file); }),
               error::kDiskFull);
 }
 
 TEST(KilledWriter, LeavesTheOldFileOrTheNew)
 {
     const TempHome home;
-    const QString file = QStringLiteral("C:\\P\\a.ini");
+    const QString file = u"C:\\P\\a.ini"_s;
     const QByteArray old(300'000, 'o');
     const QByteArray fresh(500'000, 'n');
     home.Put(file, old);
@@ -180,36 +172,36 @@ TEST(KilledWriter, LeavesTheOldFileOrTheNew)
         const QByteArray left = home.disk.ReadWhole(file);
         ASSERT_TRUE(left == old || left == fresh) << left.size() << " bytes in round " << round;
     }
-    EXPECT_EQ(home.disk.Dir(QStringLiteral("C:\\P\\*")), QStringList{QStringLiteral("a.ini")});
+    EXPECT_EQ(home.disk.Dir(u"C:\\P\\*"_s), QStringList{u"a.ini"_s});
 }
 
 TEST(KilledWriter, ItsLeftoversGoAfterADay)
 {
     const TempHome home;
-    home.MakeDirs(QStringLiteral("C:\\P"));
-    const QString native = home.Native(QStringLiteral("drive_c/P/"));
+    home.MakeDirs(u"C:\\P"_s);
+    const QString native = home.Native(u"drive_c/P/"_s);
     for (const char* name : {".vasclip-old.tmp", ".vasclip-young.tmp", ".vasclip-old.lock"}) {
         QFile file(native + QString::fromLatin1(name));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         if (QByteArray(name).contains("old"))
             file.setFileTime(QDateTime::currentDateTime().addDays(-2), QFileDevice::FileModificationTime);
     }
-    EXPECT_TRUE(home.disk.Dir(QStringLiteral("C:\\P\\*")).isEmpty());
-    EXPECT_FALSE(QFile::exists(native + QStringLiteral(".vasclip-old.tmp")));
-    EXPECT_TRUE(QFile::exists(native + QStringLiteral(".vasclip-young.tmp")));
-    EXPECT_TRUE(QFile::exists(native + QStringLiteral(".vasclip-old.lock")));
+    EXPECT_TRUE(home.disk.Dir(u"C:\\P\\*"_s).isEmpty());
+    EXPECT_FALSE(QFile::exists(native + u".vasclip-old.tmp"_s));
+    EXPECT_TRUE(QFile::exists(native + u".vasclip-young.tmp"_s));
+    EXPECT_TRUE(QFile::exists(native + u".vasclip-old.lock"_s));
 }
 
 TEST(ReadOnlyDisk, RefusesChanges)
 {
     const TempHome home;
-    home.MakeDirs(QStringLiteral("C:\\Fixed"));
-    const QByteArray directory = QFile::encodeName(home.Native(QStringLiteral("drive_c/Fixed")));
+    home.MakeDirs(u"C:\\Fixed"_s);
+    const QByteArray directory = QFile::encodeName(home.Native(u"drive_c/Fixed"_s));
     const int number = InChild([&] {
         if (unshare(CLONE_NEWNS) != 0 || mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
             mount("fixed", directory.constData(), "tmpfs", MS_RDONLY, "size=64k") != 0)
             return 253;
-        return NumberOf([&] { home.disk.WriteWhole(QStringLiteral("C:\\Fixed\\a"), "x"); });
+        return NumberOf([&] { home.disk.WriteWhole(u"C:\\Fixed\\a"_s, "x"); });
     });
     if (number == 253)
         GTEST_SKIP() << "this system lets no test mount a disk";

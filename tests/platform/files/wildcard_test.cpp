@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::files {
 namespace {
 
@@ -51,17 +53,16 @@ TEST(Wildcards, ManyStarsTakeNoLonger)
     const QString name(250, u'A');
     QString pattern;
     for (int star = 0; star < 60; ++star)
-        pattern += QStringLiteral("*A");
+        pattern += u"*A"_s;
     QElapsedTimer timer;
     timer.start();
-    EXPECT_FALSE(MatchesPattern(name, pattern + QStringLiteral("*B")));
+    EXPECT_FALSE(MatchesPattern(name, pattern + u"*B"_s));
     EXPECT_LT(timer.elapsed(), 1000);
 }
 
 TEST(FoldedNames, KeepTheirLength)
 {
-    EXPECT_EQ(FoldedName(QStringLiteral("Ren\u00E9's stra\u00DFe \u0131.jpg")),
-              QStringLiteral("REN\u00C9'S STRA\u00DFE I.JPG"));
+    EXPECT_EQ(FoldedName(u"Ren\u00E9's stra\u00DFe \u0131.jpg"_s), u"REN\u00C9'S STRA\u00DFE I.JPG"_s);
 }
 
 } // namespace

@@ -12,7 +12,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace vasclip::picture {
 namespace {
 
-const QString kSamples = qEnvironmentVariable("VASCLIP_SAMPLES", QStringLiteral(VASCLIP_SAMPLES_DEFAULT));
+const QString kSamples = qEnvironmentVariable("VASCLIP_SAMPLES", u"" VASCLIP_SAMPLES_DEFAULT ""_s);
 
 /// Columns of the list that stands beside the samples.
 enum Column {

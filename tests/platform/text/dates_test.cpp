@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::text {
 namespace {
 
@@ -23,8 +25,7 @@ TEST_P(DateTexts, AreRead)
     const ReadRow& row = GetParam();
     const auto read = ReadDate(QString::fromUtf16(row.given), kToday);
     const QString answer =
-        read ? read->toString(read->time() == QTime(0, 0) ? QStringLiteral("yyyy-MM-dd")
-                                                          : QStringLiteral("yyyy-MM-dd HH:mm:ss"))
+        read ? read->toString(read->time() == QTime(0, 0) ? u"yyyy-MM-dd"_s : u"yyyy-MM-dd HH:mm:ss"_s)
              : QString();
     EXPECT_EQ(answer.toStdString(), row.wanted) << QString::fromUtf16(row.given).toStdString();
 }
@@ -134,14 +135,14 @@ TEST(ReadDate, DoesNotAskTheMachine)
 {
     const QLocale before;
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-    const auto numeric = ReadDate(QStringLiteral("3/7/2004"), kToday);
-    const auto german = ReadDate(QStringLiteral("7. M\u00E4rz 2004"), kToday);
-    const QString shown = Format(QDateTime(QDate(2004, 3, 7), QTime()), QStringLiteral("mmmm d, ddd"));
+    const auto numeric = ReadDate(u"3/7/2004"_s, kToday);
+    const auto german = ReadDate(u"7. M\u00E4rz 2004"_s, kToday);
+    const QString shown = Format(QDateTime(QDate(2004, 3, 7), QTime()), u"mmmm d, ddd"_s);
     QLocale::setDefault(before);
     ASSERT_TRUE(numeric);
     EXPECT_EQ(numeric->date(), QDate(2004, 3, 7));
     EXPECT_FALSE(german);
-    EXPECT_EQ(shown, QStringLiteral("March 7, Sun"));
+    EXPECT_EQ(shown, u"March 7, Sun"_s);
 }
 
 TEST(Serials, CountFromTheEpoch)
@@ -194,10 +195,9 @@ TEST(DatePicture, Prints)
         EXPECT_EQ(Format(afternoon, QString::fromUtf16(row.picture)), QString::fromUtf16(row.wanted));
 
     const QDateTime midnight(QDate(2004, 12, 25), QTime(0, 0));
-    EXPECT_EQ(Format(midnight, QStringLiteral("h AM/PM")), QStringLiteral("12 AM"));
-    EXPECT_EQ(Format(midnight, QStringLiteral("hhnnss")), QStringLiteral("000000"));
-    EXPECT_EQ(Format(QDateTime(QDate(2004, 12, 25), QTime(12, 0)), QStringLiteral("h AM/PM")),
-              QStringLiteral("12 PM"));
+    EXPECT_EQ(Format(midnight, u"h AM/PM"_s), u"12 AM"_s);
+    EXPECT_EQ(Format(midnight, u"hhnnss"_s), u"000000"_s);
+    EXPECT_EQ(Format(QDateTime(QDate(2004, 12, 25), QTime(12, 0)), u"h AM/PM"_s), u"12 PM"_s);
 }
 
 } // namespace

@@ -4,6 +4,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::text {
 namespace {
 
@@ -81,7 +83,7 @@ INSTANTIATE_TEST_SUITE_P(Rows, NumberPicture, testing::ValuesIn(kRows),
 
 TEST(NumberPictures, InfinityIsNoCrash)
 {
-    EXPECT_FALSE(Format(std::numeric_limits<double>::infinity(), QStringLiteral("0")).isEmpty());
+    EXPECT_FALSE(Format(std::numeric_limits<double>::infinity(), u"0"_s).isEmpty());
 }
 
 } // namespace

@@ -6,6 +6,8 @@
 
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::text {
 namespace {
 
@@ -19,23 +21,23 @@ struct TextRow
 TEST(Trim, TakesBlanksAndNothingElse)
 {
     const TextRow rows[] = {
-        {"blanks at both ends", QStringLiteral("  a b  "), QStringLiteral("a b")},
-        {"the carriage return of the link stays", QStringLiteral(" SMITH\r "), QStringLiteral("SMITH\r")},
-        {"tabs and line feeds stay", QStringLiteral("\t\n a \n"), QStringLiteral("\t\n a \n")},
-        {"a hard blank stays", QStringLiteral("\u00A0a"), QStringLiteral("\u00A0a")},
-        {"only blanks", QStringLiteral("    "), QString()},
+        {"blanks at both ends", u"  a b  "_s, u"a b"_s},
+        {"the carriage return of the link stays", u" SMITH\r "_s, u"SMITH\r"_s},
+        {"tabs and line feeds stay", u"\t\n a \n"_s, u"\t\n a \n"_s},
+        {"a hard blank stays", u"\u00A0a"_s, u"\u00A0a"_s},
+        {"only blanks", u"    "_s, QString()},
         {"empty", QString(), QString()},
     };
     for (const TextRow& row : rows)
         EXPECT_EQ(Trim(row.given), row.wanted) << row.name;
-    EXPECT_EQ(LTrim(QStringLiteral("  a ")), QStringLiteral("a "));
-    EXPECT_EQ(RTrim(QStringLiteral(" a  ")), QStringLiteral(" a"));
+    EXPECT_EQ(LTrim(u"  a "_s), u"a "_s);
+    EXPECT_EQ(RTrim(u" a  "_s), u" a"_s);
 }
 
 TEST(Folded, IsTrimmedAndUpper)
 {
-    EXPECT_EQ(Folded(QStringLiteral(" 12 oak Str\u00E4ndchen ")), QStringLiteral("12 OAK STR\u00C4NDCHEN"));
-    EXPECT_EQ(Folded(QStringLiteral("\tx")), QStringLiteral("\tX"));
+    EXPECT_EQ(Folded(u" 12 oak Str\u00E4ndchen "_s), u"12 OAK STR\u00C4NDCHEN"_s);
+    EXPECT_EQ(Folded(u"\tx"_s), u"\tX"_s);
 }
 
 TEST(Val, ReadsWhatTheTextBeginsWith)
@@ -47,42 +49,42 @@ TEST(Val, ReadsWhatTheTextBeginsWith)
         double wanted;
     };
     const Row rows[] = {
-        {"blanks drop out everywhere", QStringLiteral("1615 198th"), 1615198},
-        {"tabs and line ends drop out too", QStringLiteral(" \t1\r\n2"), 12},
-        {"plain", QStringLiteral("42"), 42},
-        {"zeros in front", QStringLiteral("007"), 7},
-        {"as many digits as a double holds", QStringLiteral("999999999999999"), 999999999999999},
-        {"more digits than that", QStringLiteral("12345678901234567890"), 12345678901234567890.0},
-        {"point first", QStringLiteral(".5"), 0.5},
-        {"point last", QStringLiteral("5."), 5},
-        {"second point stops", QStringLiteral("1.2.3"), 1.2},
-        {"minus", QStringLiteral("-7 1"), -71},
-        {"minus before a blank", QStringLiteral("- 3"), -3},
-        {"plus", QStringLiteral("+3"), 3},
-        {"two signs", QStringLiteral("--3"), 0},
-        {"comma stops", QStringLiteral("1,234"), 1},
-        {"dollar stops", QStringLiteral("$100"), 0},
-        {"dollar behind", QStringLiteral("100$"), 100},
-        {"exponent", QStringLiteral("1.5E3"), 1500},
-        {"exponent with D and sign", QStringLiteral("2d-2"), 0.02},
-        {"exponent in pieces", QStringLiteral("1 E 2"), 100},
-        {"letter E without digits", QStringLiteral("12 East"), 12},
-        {"sign without digits behind E", QStringLiteral("12E+"), 12},
-        {"beyond a double", QStringLiteral("1E999"), 0},
-        {"hexadecimal", QStringLiteral("&H1F"), 31},
-        {"hexadecimal in small letters", QStringLiteral("&hff"), 255},
-        {"sixteen bits are signed", QStringLiteral("&HFFFF"), -1},
-        {"long by its mark", QStringLiteral("&HFFFF&"), 65535},
-        {"thirty-two bits are signed", QStringLiteral("&HFFFFFFFF"), -1},
-        {"five hex digits", QStringLiteral("&H10000"), 65536},
-        {"hexadecimal stops at a letter", QStringLiteral("&H1G"), 1},
-        {"octal", QStringLiteral("&O17"), 15},
-        {"octal without letter", QStringLiteral("&17"), 15},
-        {"lone ampersand", QStringLiteral("&"), 0},
-        {"garbage", QStringLiteral("abc"), 0},
-        {"only a point", QStringLiteral("."), 0},
+        {"blanks drop out everywhere", u"1615 198th"_s, 1615198},
+        {"tabs and line ends drop out too", u" \t1\r\n2"_s, 12},
+        {"plain", u"42"_s, 42},
+        {"zeros in front", u"007"_s, 7},
+        {"as many digits as a double holds", u"999999999999999"_s, 999999999999999},
+        {"more digits than that", u"12345678901234567890"_s, 12345678901234567890.0},
+        {"point first", u".5"_s, 0.5},
+        {"point last", u"5."_s, 5},
+        {"second point stops", u"1.2.3"_s, 1.2},
+        {"minus", u"-7 1"_s, -71},
+        {"minus before a blank", u"- 3"_s, -3},
+        {"plus", u"+3"_s, 3},
+        {"two signs", u"--3"_s, 0},
+        {"comma stops", u"1,234"_s, 1},
+        {"dollar stops", u"$100"_s, 0},
+        {"dollar behind", u"100$"_s, 100},
+        {"exponent", u"1.5E3"_s, 1500},
+        {"exponent with D and sign", u"2d-2"_s, 0.02},
+        {"exponent in pieces", u"1 E 2"_s, 100},
+        {"letter E without digits", u"12 East"_s, 12},
+        {"sign without digits behind E", u"12E+"_s, 12},
+        {"beyond a double", u"1E999"_s, 0},
+        {"hexadecimal", u"&H1F"_s, 31},
+        {"hexadecimal in small letters", u"&hff"_s, 255},
+        {"sixteen bits are signed", u"&HFFFF"_s, -1},
+        {"long by its mark", u"&HFFFF&"_s, 65535},
+        {"thirty-two bits are signed", u"&HFFFFFFFF"_s, -1},
+        {"five hex digits", u"&H10000"_s, 65536},
+        {"hexadecimal stops at a letter", u"&H1G"_s, 1},
+        {"octal", u"&O17"_s, 15},
+        {"octal without letter", u"&17"_s, 15},
+        {"lone ampersand", u"&"_s, 0},
+        {"garbage", u"abc"_s, 0},
+        {"only a point", u"."_s, 0},
         {"empty", QString(), 0},
-        {"digits of another script", QStringLiteral("\u0663"), 0},
+        {"digits of another script", u"\u0663"_s, 0},
     };
     for (const Row& row : rows)
         EXPECT_DOUBLE_EQ(Val(row.given), row.wanted) << row.name;
@@ -115,8 +117,8 @@ TEST(Str, LeavesRoomForTheSign)
     };
     for (const Row& row : rows)
         EXPECT_EQ(Str(row.given), QString::fromUtf16(row.wanted)) << row.given;
-    EXPECT_EQ(Dec(-5), QStringLiteral("-5"));
-    EXPECT_EQ(Dec(std::numeric_limits<qint64>::max()), QStringLiteral("9223372036854775807"));
+    EXPECT_EQ(Dec(-5), u"-5"_s);
+    EXPECT_EQ(Dec(std::numeric_limits<qint64>::max()), u"9223372036854775807"_s);
 }
 
 TEST(ToInt, RoundsHalfToEven)

@@ -17,6 +17,8 @@ struct sqlite3_stmt;
 
 namespace vasclip::engine {
 
+using namespace Qt::StringLiterals;
+
 class Query;
 
 /// What this connection knows of a table's full-text index.
@@ -74,9 +76,8 @@ public:
     }
 
     /// Tables with their fields and indexes, in order of creation; read again when the schema has changed.
-    [[nodiscard]] const QList<TableDef>& Tables(const QString& schema = QStringLiteral("main"));
-    [[nodiscard]] const TableDef* FindTable(const QString& name,
-                                            const QString& schema = QStringLiteral("main"));
+    [[nodiscard]] const QList<TableDef>& Tables(const QString& schema = u"main"_s);
+    [[nodiscard]] const TableDef* FindTable(const QString& name, const QString& schema = u"main"_s);
 
     // Nested transactions; the outermost takes the write lock at once, so that two users never wait for each
     // other.
