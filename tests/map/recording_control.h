@@ -12,6 +12,8 @@
 
 namespace vasclip::test {
 
+using namespace Qt::StringLiterals;
+
 using street::Place;
 
 /// A point as it lies on the map.
@@ -44,50 +46,47 @@ public:
     std::function<void(const QString& file)> onDraw;
     std::function<void()> onGeocode;
 
-    [[nodiscard]] QStringList Actions() const
-    {
-        return log.filter(QStringLiteral("Action"));
-    }
+    [[nodiscard]] QStringList Actions() const { return log.filter(u"Action"_s); }
 
     qint32 ID() const override { return m_id; }
-    void SetID(qint32 id) override { Set(QStringLiteral("ID"), m_id, id); }
+    void SetID(qint32 id) override { Set(u"ID"_s, m_id, id); }
     QString Location() const override { return m_location; }
     void SetLocation(const QString& location) override
     {
         m_location = location;
-        log << QStringLiteral("Location=") + location;
+        log << u"Location="_s + location;
     }
     qint32 Latitude() const override { return m_place.latitude; }
-    void SetLatitude(qint32 latitude) override { Set(QStringLiteral("Latitude"), m_place.latitude, latitude); }
+    void SetLatitude(qint32 latitude) override { Set(u"Latitude"_s, m_place.latitude, latitude); }
     qint32 Longitude() const override { return m_place.longitude; }
-    void SetLongitude(qint32 longitude) override { Set(QStringLiteral("Longitude"), m_place.longitude, longitude); }
+    void SetLongitude(qint32 longitude) override { Set(u"Longitude"_s, m_place.longitude, longitude); }
     qint32 Flags() const override { return m_flags; }
     void SetFlags(qint32 flags) override
     {
         m_flags = flags;
-        log << QStringLiteral("Flags=") + QString::number(flags, 16).toUpper();
+        log << u"Flags="_s + QString::number(flags, 16).toUpper();
     }
     QString Picture() const override { return m_picture; }
     void SetPicture(const QString& picture) override
     {
         m_picture = picture;
-        log << QStringLiteral("Picture=") + picture;
+        log << u"Picture="_s + picture;
     }
     QString Text() const override { return m_text; }
     void SetText(const QString& text) override
     {
         m_text = text;
-        log << QStringLiteral("Text=") + text;
+        log << u"Text="_s + text;
     }
     qint32 Status() const override { return m_status; }
     double Value() const override { return m_value; }
-    void SetValue(double value) override { Set(QStringLiteral("Value"), m_value, value); }
+    void SetValue(double value) override { Set(u"Value"_s, m_value, value); }
     double DValue() const override { return m_degrees; }
-    void SetDValue(double degrees) override { Set(QStringLiteral("DValue"), m_degrees, degrees); }
-    void SetFeature(qint32 feature) override { Set(QStringLiteral("Feature"), m_feature, feature); }
-    void SetAttribute(qint32 attribute) override { Set(QStringLiteral("Attribute"), m_attribute, attribute); }
+    void SetDValue(double degrees) override { Set(u"DValue"_s, m_degrees, degrees); }
+    void SetFeature(qint32 feature) override { Set(u"Feature"_s, m_feature, feature); }
+    void SetAttribute(qint32 attribute) override { Set(u"Attribute"_s, m_attribute, attribute); }
     double Scale() const override { return m_scale; }
-    void SetScale(double feet) override { Set(QStringLiteral("Scale"), m_scale, feet); }
+    void SetScale(double feet) override { Set(u"Scale"_s, m_scale, feet); }
     double Width() const override { return width; }
     double Height() const override { return height; }
     void SetStreetClick(bool on) override { streetClick = on; }
@@ -95,7 +94,7 @@ public:
     void DoAction(qint32 action) override
     {
         namespace a = street::action;
-        log << QStringLiteral("Action ") + QString::number(action);
+        log << u"Action "_s + QString::number(action);
         m_status = 0;
         switch (action) {
         case a::kGeocode:
@@ -124,7 +123,7 @@ public:
             m_status = streetAt.isEmpty() ? -1 : 0;
             return;
         case a::kApplyAttribute:
-            log << QStringLiteral("%1/%2=%3").arg(m_feature).arg(m_attribute).arg(Shown(m_value));
+            log << u"%1/%2=%3"_s.arg(m_feature).arg(m_attribute).arg(Shown(m_value));
             m_status = attributeStatus;
             return;
         case a::kSetOrigin:
@@ -157,8 +156,7 @@ public:
     void CreateLine(qint32 id, const std::vector<Place>& line, qint32 lineWidth, qint32 colour) override
     {
         lines[id] = line;
-        log << QStringLiteral("CreateLine %1 of %2, width %3, colour %4")
-                   .arg(id)
+        log << u"CreateLine %1 of %2, width %3, colour %4"_s.arg(id)
                    .arg(line.size())
                    .arg(lineWidth)
                    .arg(colour, 0, 16);
@@ -166,16 +164,16 @@ public:
     void DestroyLine(qint32 id) override
     {
         lines.erase(id);
-        log << QStringLiteral("DestroyLine %1").arg(id);
+        log << u"DestroyLine %1"_s.arg(id);
     }
     void Refresh() override
     {
         ++refreshes;
-        log << QStringLiteral("Refresh");
+        log << u"Refresh"_s;
     }
     bool DrawTo(const QString& file, int w, int h) override
     {
-        log << QStringLiteral("DrawTo %1 %2x%3").arg(file).arg(w).arg(h);
+        log << u"DrawTo %1 %2x%3"_s.arg(file).arg(w).arg(h);
         m_status = canDraw ? 0 : -1;
         if (canDraw && onDraw)
             onDraw(file);

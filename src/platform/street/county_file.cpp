@@ -6,6 +6,8 @@
 
 #include <sqlite3.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::street {
 
 namespace {
@@ -33,7 +35,7 @@ QByteArrayView ColumnBytes(sqlite3_stmt* row, int column)
 
 QString DamagedCell(quint32 id)
 {
-    return QStringLiteral("cell %1 is damaged").arg(id);
+    return u"cell %1 is damaged"_s.arg(id);
 }
 
 } // namespace
@@ -101,8 +103,8 @@ bool CountyFile::ReadsWhole(QString& problem) const
         problem = SqlProblem(Handle());
         return false;
     }
-    if (ColumnText(check.get(), 0) != QStringLiteral("ok")) {
-        problem = QStringLiteral("the file is damaged");
+    if (ColumnText(check.get(), 0) != u"ok"_s) {
+        problem = u"the file is damaged"_s;
         return false;
     }
     const SqlStatement all = PrepareSql(Handle(), "SELECT id, bytes FROM cells", problem);

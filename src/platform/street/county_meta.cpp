@@ -4,6 +4,8 @@
 
 #include <sqlite3.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::street {
 
 bool WriteMeta(sqlite3* county, const CountyInfo& info, QString& problem)
@@ -39,7 +41,7 @@ bool ReadMeta(sqlite3* county, CountyInfo& info, QString& problem)
     if (!row)
         return false;
     if (sqlite3_step(row.get()) != SQLITE_ROW) {
-        problem = QStringLiteral("the file is damaged");
+        problem = u"the file is damaged"_s;
         return false;
     }
     int column = 0;

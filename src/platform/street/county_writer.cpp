@@ -14,6 +14,8 @@
 
 #include <sqlite3.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::street {
 
 struct CountyWriter::Work
@@ -72,7 +74,7 @@ bool CountyWriter::Work::WriteAll(QString& why, const std::function<bool(qint64,
             if (!WriteCell(insert.get(), cell, why))
                 return false;
             if (progress && !progress(++written, total)) {
-                why = QStringLiteral("it was stopped");
+                why = u"it was stopped"_s;
                 return false;
             }
         }

@@ -4,6 +4,8 @@
 
 #include <cstdlib>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::street {
 
 namespace {
@@ -15,9 +17,9 @@ constexpr qint64 kHalfTurn = 180'000'000;
 QString PlaceFault(Place place)
 {
     if (!grid::IsOnEarth(place))
-        return QStringLiteral("its coordinates are no place on earth");
+        return u"its coordinates are no place on earth"_s;
     if (place.latitude == 0 && place.longitude == 0)
-        return QStringLiteral("it lies at 0, 0");
+        return u"it lies at 0, 0"_s;
     return {};
 }
 
@@ -25,7 +27,7 @@ QString PlaceFault(Place place)
 QString LineFault(const std::vector<Place>& line, std::size_t least, qint64 longest)
 {
     if (line.size() < least)
-        return QStringLiteral("its line has fewer than %1 places").arg(least);
+        return u"its line has fewer than %1 places"_s.arg(least);
     for (std::size_t at = 0; at < line.size(); ++at) {
         if (QString fault = PlaceFault(line[at]); !fault.isEmpty())
             return fault;
@@ -33,9 +35,9 @@ QString LineFault(const std::vector<Place>& line, std::size_t least, qint64 long
             continue;
         const qint64 across = std::llabs(qint64(line[at].longitude) - line[at - 1].longitude);
         if (across > kHalfTurn)
-            return QStringLiteral("it crosses the date line");
+            return u"it crosses the date line"_s;
         if (across > longest || std::llabs(qint64(line[at].latitude) - line[at - 1].latitude) > longest)
-            return QStringLiteral("its line jumps by more than 50 km");
+            return u"its line jumps by more than 50 km"_s;
     }
     return {};
 }
@@ -43,7 +45,7 @@ QString LineFault(const std::vector<Place>& line, std::size_t least, qint64 long
 QString RingsFault(const std::vector<std::vector<Place>>& rings)
 {
     if (rings.empty())
-        return QStringLiteral("it has no outline");
+        return u"it has no outline"_s;
     for (const std::vector<Place>& ring : rings) {
         if (QString fault = LineFault(ring, 3, kHalfTurn); !fault.isEmpty())
             return fault;
@@ -61,7 +63,7 @@ QString Fault(const RoadEdge& edge)
 QString Fault(const AddressPoint& house)
 {
     if (house.number.isEmpty())
-        return QStringLiteral("it has no house number");
+        return u"it has no house number"_s;
     return PlaceFault(house.place);
 }
 
@@ -78,14 +80,14 @@ QString Fault(const WaterLine& line)
 QString Fault(const PlaceName& place)
 {
     if (place.name.isEmpty())
-        return QStringLiteral("it has no name");
+        return u"it has no name"_s;
     return PlaceFault(place.place);
 }
 
 QString Fault(const ZipArea& area)
 {
     if (area.zip.isEmpty())
-        return QStringLiteral("it has no ZIP code");
+        return u"it has no ZIP code"_s;
     return RingsFault(area.rings);
 }
 

@@ -11,6 +11,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::street {
 
 namespace {
@@ -39,7 +41,7 @@ auto Named(const QString& county)
 
 QString Said(const QString& name, const QString& problem)
 {
-    return name + QStringLiteral(": ") + problem;
+    return name + u": "_s + problem;
 }
 
 } // namespace
@@ -47,26 +49,24 @@ QString Said(const QString& name, const QString& problem)
 QString NameFault(const QString& county)
 {
     if (county.isEmpty() || county.trimmed() != county)
-        return QStringLiteral("a county needs a name, with no blank at its ends");
+        return u"a county needs a name, with no blank at its ends"_s;
     if (county.size() > kLongestName)
-        return QStringLiteral("the name of a county has at most %1 letters").arg(kLongestName);
+        return u"the name of a county has at most %1 letters"_s.arg(kLongestName);
     const bool plain = std::all_of(county.begin(), county.end(), [](QChar letter) {
         return letter.isLetterOrNumber() || letter == u' ' || letter == u'_' || letter == u'-';
     });
-    return plain ? QString()
-                 : QStringLiteral("the name of a county has letters, digits, blanks, - and _ alone");
+    return plain ? QString() : u"the name of a county has letters, digits, blanks, - and _ alone"_s;
 }
 
 bool MapChange::Begin(QString& problem)
 {
     if (!QDir().mkpath(m_directory)) {
-        problem = QStringLiteral("the directory can't be made: %1").arg(m_directory);
+        problem = u"the directory can't be made: %1"_s.arg(m_directory);
         return false;
     }
-    if (!m_lock.Take(m_directory + QStringLiteral("/F1.lock"), 0, files::FileLock::After::Goes)) {
-        problem = m_lock.HeldByOther()
-                      ? QStringLiteral("another program is changing the maps of this directory")
-                      : QStringLiteral("the directory may not be written: %1").arg(m_directory);
+    if (!m_lock.Take(m_directory + u"/F1.lock"_s, 0, files::FileLock::After::Goes)) {
+        problem = m_lock.HeldByOther() ? u"another program is changing the maps of this directory"_s
+                                       : u"the directory may not be written: %1"_s.arg(m_directory);
         return false;
     }
     QString wrong;
@@ -136,8 +136,7 @@ void MapChange::Sweep() const
             QFile::remove(m_directory + u'/' + name);
     }
     // An index that a killed program was writing.
-    const QStringList litter = QDir(m_directory).entryList({QStringLiteral(".vasclip-*.tmp")},
-                                                           QDir::Files | QDir::Hidden);
+    const QStringList litter = QDir(m_directory).entryList({u".vasclip-*.tmp"_s}, QDir::Files | QDir::Hidden);
     for (const QString& name : litter)
         QFile::remove(m_directory + u'/' + name);
 }
@@ -159,9 +158,9 @@ QStringList VerifyMaps(const QString& directory,
         problem.clear();
         const std::unique_ptr<CountyFile> file = CountyFile::Open(path, problem);
         if (file && file->Info() != record.info)
-            problem = QStringLiteral("the file is of another map than the index says");
+            problem = u"the file is of another map than the index says"_s;
         else if (file && file->ReadsWhole(problem) && ChecksumOf(path) != record.checksum)
-            problem = QStringLiteral("the file is not as it was written");
+            problem = u"the file is not as it was written"_s;
         if (!problem.isEmpty())
             problems.append(Said(record.info.county, problem));
     }

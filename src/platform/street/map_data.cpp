@@ -4,6 +4,8 @@
 
 #include <QDir>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::street {
 
 namespace {
@@ -36,10 +38,10 @@ MapData::MapData(const QString& directory, const MapLimits& limits)
     if (m_index)
         return;
     if (!QDir(directory).exists())
-        problem = QStringLiteral("the directory is missing");
+        problem = u"the directory is missing"_s;
     else if (m_indexStamp.isEmpty() &&
              !QDir(directory).entryList({u'*' + QString::fromUtf16(kCountyEnd)}, QDir::Files).isEmpty())
-        problem = QStringLiteral("the index is missing though there are maps; import them again");
+        problem = u"the index is missing though there are maps; import them again"_s;
     m_problems.insert(QString::fromUtf16(kIndexName), problem);
 }
 
@@ -56,7 +58,7 @@ QStringList MapData::Problems() const
     const std::lock_guard lock(m_guard);
     QStringList problems;
     for (auto at = m_problems.cbegin(); at != m_problems.cend(); ++at)
-        problems.append(at.key() + QStringLiteral(": ") + at.value());
+        problems.append(at.key() + u": "_s + at.value());
     return problems;
 }
 
@@ -75,7 +77,7 @@ std::shared_ptr<const CountyFile> MapData::OpenFile(const CountyRecord& record, 
 {
     std::shared_ptr<const CountyFile> file = CountyFile::Open(m_directory + u'/' + record.file, problem);
     if (file && file->Info() != record.info) {
-        problem = QStringLiteral("the file is of another map than the index says");
+        problem = u"the file is of another map than the index says"_s;
         return {};
     }
     return file;

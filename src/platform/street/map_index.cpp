@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::street {
 
 namespace {
@@ -52,7 +54,7 @@ bool ReadRecords(sqlite3* index, std::vector<CountyRecord>& counties, QString& p
         record.bytes = sqlite3_column_int64(rows.get(), column++);
         record.checksum = QByteArray::fromHex(ColumnText(rows.get(), column++).toLatin1());
         if (!IsOwnName(record.file)) {
-            problem = QStringLiteral("the index names a file that is no map: %1").arg(record.file.left(100));
+            problem = u"the index names a file that is no map: %1"_s.arg(record.file.left(100));
             return false;
         }
         counties.push_back(std::move(record));
@@ -85,15 +87,15 @@ QString Words(files::native::Failure failure)
     using files::native::Failure;
     switch (failure) {
     case Failure::Full:
-        return QStringLiteral("the disk is full");
+        return u"the disk is full"_s;
     case Failure::Denied:
     case Failure::ReadOnlyDisk:
-        return QStringLiteral("the directory may not be written");
+        return u"the directory may not be written"_s;
     case Failure::NotFound:
     case Failure::NotADirectory:
-        return QStringLiteral("the directory is missing");
+        return u"the directory is missing"_s;
     default:
-        return QStringLiteral("the index can't be written");
+        return u"the index can't be written"_s;
     }
 }
 
@@ -113,10 +115,11 @@ bool WriteIndex(const QString& directory, std::vector<CountyRecord> counties, QS
     std::sort(counties.begin(), counties.end(), [](const CountyRecord& one, const CountyRecord& other) {
         return one.info.county < other.info.county;
     });
-    const SqlFile index = CreateSql(QStringLiteral(":memory:"), FileKind::Index, problem);
+    const SqlFile index = CreateSql(u":memory:"_s, FileKind::Index, problem);
     if (!index ||
         !RunSql(index.get(),
-                "CREATE TABLE counties(number INTEGER PRIMARY KEY, county TEXT, state TEXT, source TEXT, date TEXT,"
+                "CREATE TABLE counties(number INTEGER PRIMARY KEY, county TEXT, state TEXT, source TEXT, "
+                "date TEXT,"
                 " low_latitude INT, low_longitude INT, high_latitude INT, high_longitude INT, edges INT,"
                 " houses INT, areas INT, file TEXT, bytes INT, checksum TEXT)",
                 problem))
@@ -141,7 +144,7 @@ bool WriteIndex(const QString& directory, std::vector<CountyRecord> counties, QS
     const std::unique_ptr<unsigned char, decltype(&sqlite3_free)> bytes(
         sqlite3_serialize(index.get(), "main", &size, 0), &sqlite3_free);
     if (!bytes) {
-        problem = QStringLiteral("out of memory");
+        problem = u"out of memory"_s;
         return false;
     }
     const auto failure =
@@ -164,7 +167,7 @@ bool MakeRecord(const QString& directory, const QString& file, CountyRecord& rec
     record.bytes = QFileInfo(path).size();
     record.checksum = ChecksumOf(path);
     if (record.checksum.isEmpty())
-        problem = QStringLiteral("the file can't be read");
+        problem = u"the file can't be read"_s;
     return !record.checksum.isEmpty();
 }
 

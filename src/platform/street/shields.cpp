@@ -2,6 +2,8 @@
 
 #include <QRegularExpression>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::street {
 
 namespace {
@@ -50,10 +52,10 @@ QString ShieldOf(const QStringList& names, const QString& state)
                 if (!match.hasMatch())
                     continue;
                 QString prefix = QString::fromUtf16(kRules[at].prefix);
-                if (prefix == QStringLiteral("*"))
+                if (prefix == u"*"_s)
                     prefix = match.captured(1);
                 else if (prefix.isEmpty())
-                    prefix = state.isEmpty() ? QStringLiteral("SR") : state;
+                    prefix = state.isEmpty() ? u"SR"_s : state;
                 return prefix + u' ' + match.captured(match.lastCapturedIndex());
             }
         }

@@ -9,6 +9,8 @@
 
 #include <sqlite3.h>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::street {
 
 namespace {
@@ -51,12 +53,12 @@ QString HeadProblem(const QFileInfo& info, FileKind kind)
 {
     const Head head(info.filePath());
     if (!head.IsDatabase() || head.Mark() != kFileMark || head.Version() / 1000 != static_cast<quint32>(kind))
-        return kind == FileKind::County ? QStringLiteral("the file is no map of a county")
-                                        : QStringLiteral("the file is no index of maps");
+        return kind == FileKind::County ? u"the file is no map of a county"_s
+                                        : u"the file is no index of maps"_s;
     if (head.Version() != static_cast<quint32>(VersionOf(kind)))
-        return QStringLiteral("the file was made for another version of the program; import the map again");
+        return u"the file was made for another version of the program; import the map again"_s;
     if (head.Bytes() > info.size())
-        return QStringLiteral("the file is shorter than it was written");
+        return u"the file is shorter than it was written"_s;
     return {};
 }
 
@@ -75,14 +77,14 @@ void CloseSql::operator()(sqlite3_stmt* statement) const
 QString SqlProblem(sqlite3* file)
 {
     if (!file)
-        return QStringLiteral("out of memory");
+        return u"out of memory"_s;
     const int code = sqlite3_errcode(file);
     int system = 0;
     sqlite3_file_control(file, "main", SQLITE_FCNTL_LAST_ERRNO, &system);
     if (code == SQLITE_FULL || (code == SQLITE_IOERR && (system == ENOSPC || system == EFBIG)))
-        return QStringLiteral("the disk is full");
+        return u"the disk is full"_s;
     if (code == SQLITE_CORRUPT || code == SQLITE_NOTADB)
-        return QStringLiteral("the file is damaged");
+        return u"the file is damaged"_s;
     return QString::fromUtf8(sqlite3_errmsg(file));
 }
 
@@ -137,11 +139,11 @@ SqlFile OpenSql(const QString& path, FileKind kind, QString& problem)
 {
     const QFileInfo info(path);
     if (!info.exists()) {
-        problem = QStringLiteral("the file is missing");
+        problem = u"the file is missing"_s;
         return {};
     }
     if (!info.isFile() || !info.isReadable()) {
-        problem = QStringLiteral("the file can't be read");
+        problem = u"the file can't be read"_s;
         return {};
     }
     problem = HeadProblem(info, kind);
