@@ -1,0 +1,152 @@
+#include "platform/street/draw/ground.h"
+
+#include <QPainterPath>
+
+#include <array>
+#include <cmath>
+
+namespace vasclip::street::draw {
+
+namespace {
+
+/// Adds a line's places, without those that no pixel tells apart.
+void AddLine(QPainterPath& path, const Projection& projection, const std::vector<Place>& line, bool closed)
+{
+    QPointF last = projection.Pixel(line.front());
+    path.moveTo(last);
+    for (size_t i = 1; i < line.size(); ++i) {
+        const QPointF next = projection.Pixel(line[i]);
+        const QPointF step = next - last;
+        if (i + 1 < line.size() && std::abs(step.x()) + std::abs(step.y()) < 0.7)
+            continue;
+        path.lineTo(next);
+        last = next;
+    }
+    if (closed)
+        path.closeSubpath();
+}
+
+void PaintAreas(QPainter& painter, const Projection& projection, const Content& content, const Palette& palette)
+{
+    // What lies under what: a pond in a park is seen.
+    constexpr std::array kOrder{AreaKind::Builtup, AreaKind::School, AreaKind::Airport, AreaKind::Forest,
+                                AreaKind::Park, AreaKind::Cemetery, AreaKind::Water};
+    for (const AreaKind kind : kOrder) {
+        std::vector<QPainterPath> paths;
+        for (const MapArea* area : content.areas) {
+            if (area->kind != kind)
+                continue;
+            QPainterPath& path = paths.emplace_back();
+            path.setFillRule(Qt::OddEvenFill);
+            for (const auto& ring : area->rings) {
+                if (ring.size() > 2)
+                    AddLine(path, projection, ring, true);
+            }
+        }
+        // A shore is what its water leaves of a broad line. Where a cell cuts an area, the next one's water covers
+        // the cut.
+        if (kind == AreaKind::Water) {
+            for (const QPainterPath& path : paths)
+                painter.strokePath(path, QPen(palette.waterEdge, projection.Px(2)));
+        }
+        for (const QPainterPath& path : paths)
+            painter.fillPath(path, palette.areas.at(static_cast<size_t>(kind)));
+    }
+}
+
+void PaintBrooks(QPainter& painter, const Projection& projection, const Content& content, const Palette& palette)
+{
+    if (content.waterLines.empty() || projection.Metres() > 40)
+        return;
+    QPainterPath path;
+    for (const WaterLine* water : content.waterLines)
+        AddLine(path, projection, water->line, false);
+    const double width = std::clamp(3 / projection.Metres(), 0.9, 4.0);
+    painter.strokePath(path, QPen(projection.Metres() > 2 ? palette.waterEdge
+                                                          : palette.areas.at(static_cast<size_t>(AreaKind::Water)),
+                                  projection.Px(width), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+}
+
+using Paths = std::array<QPainterPath, kRoadClasses>;
+
+void PaintRails(QPainter& painter, const Projection& projection, const QPainterPath& path, const RoadInk& ink,
+                double width)
+{
+    if (path.isEmpty() || width <= 0)
+        return;
+    painter.strokePath(path, QPen(ink.fill, projection.Px(width)));
+    if (width < 1.5)
+        return;
+    QPen ties(ink.casing, projection.Px(width - 1), Qt::CustomDashLine, Qt::FlatCap);
+    ties.setDashPattern({7 / (width - 1), 7 / (width - 1)});
+    painter.strokePath(path, ties);
+}
+
+void PaintWays(QPainter& painter, const Projection& projection, const QPainterPath& path, const RoadInk& ink,
+               double width)
+{
+    if (path.isEmpty() || width <= 0)
+        return;
+    QPen pen(ink.fill, projection.Px(width), Qt::CustomDashLine, Qt::FlatCap);
+    pen.setDashPattern({4, 2});
+    painter.strokePath(path, pen);
+}
+
+void PaintRoads(QPainter& painter, const Projection& projection, const Content& content, const Look& look,
+                const Palette& palette)
+{
+    Paths paths;
+    for (const Content::Edge& seen : content.edges) {
+        if (seen.edge->hidden)
+            continue;
+        const auto index = static_cast<size_t>(seen.edge->roadClass);
+        AddLine(paths.at(index), projection, seen.edge->line, false);
+    }
+    std::array<double, kRoadClasses> widths{};
+    for (size_t i = 0; i < kRoadClasses; ++i)
+        widths.at(i) = RoadWidth(static_cast<RoadClass>(i), projection.Metres(), look);
+
+    constexpr auto kPath = static_cast<size_t>(RoadClass::Path);
+    constexpr auto kTrack = static_cast<size_t>(RoadClass::Track);
+    constexpr auto kRail = static_cast<size_t>(RoadClass::Rail);
+    PaintWays(painter, projection, paths[kPath], palette.roads[kPath], widths[kPath]);
+    PaintWays(painter, projection, paths[kTrack], palette.roads[kTrack], widths[kTrack]);
+    PaintRails(painter, projection, paths[kRail], palette.roads[kRail], widths[kRail]);
+
+    // From the least road to the widest, ramps just below what they lead to. All casings first, so that crossings open.
+    constexpr std::array kOrder{RoadClass::Service, RoadClass::Local,   RoadClass::Collector, RoadClass::Arterial,
+                                RoadClass::Ramp,    RoadClass::Highway, RoadClass::Motorway};
+    for (const bool casing : {true, false}) {
+        for (const RoadClass roadClass : kOrder) {
+            const auto index = static_cast<size_t>(roadClass);
+            if (paths.at(index).isEmpty() || widths.at(index) <= 0)
+                continue;
+            const RoadInk& ink = palette.roads.at(index);
+            const double width = projection.Px(widths.at(index));
+            // A hair's breadth has no room for an edge: the line itself takes the edge's colour.
+            const bool hair = widths.at(index) < 2;
+            if (casing && hair)
+                continue;
+            painter.strokePath(paths.at(index), QPen(casing || hair ? ink.casing : ink.fill,
+                                                     casing ? width + 2 * std::round(projection.Px(1)) : width,
+                                                     Qt::SolidLine, casing ? Qt::FlatCap : Qt::RoundCap,
+                                                     Qt::RoundJoin));
+        }
+    }
+}
+
+} // namespace
+
+void PaintGround(QPainter& painter, const Projection& projection, const Content& content, const Look& look)
+{
+    const Palette& palette = PaletteOf(look.dark);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(projection.Sheet(), palette.land);
+    PaintAreas(painter, projection, content, palette);
+    PaintBrooks(painter, projection, content, palette);
+    PaintRoads(painter, projection, content, look, palette);
+    painter.restore();
+}
+
+} // namespace vasclip::street::draw

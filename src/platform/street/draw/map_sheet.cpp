@@ -1,0 +1,61 @@
+#include "platform/street/draw/map_sheet.h"
+
+#include "platform/street/draw/furniture.h"
+#include "platform/street/draw/ground.h"
+
+namespace vasclip::street::draw {
+
+namespace {
+
+constexpr double kReach = 40; // pixels of 1/96 inch that a road outside may reach into the picture
+
+std::vector<Written> PaintLabels(QPainter& painter, const Projection& projection, const Content& content,
+                                 const Look& look, std::vector<QRectF> kept)
+{
+    if (look.furniture) {
+        for (const QRectF& box : FurnitureBoxes(projection))
+            kept.push_back(box);
+    }
+    LabelSheet labels(painter, projection, content, look, kept);
+    labels.WriteAll();
+    return labels.All();
+}
+
+} // namespace
+
+QImage DrawGround(const CellSource& source, const View& view, const Look& look)
+{
+    const Projection projection(view);
+    QImage image(view.size, QImage::Format_RGB32);
+    QPainter painter(&image);
+    PaintGround(painter, projection, Gather(source, projection, projection.Px(kReach)), look);
+    return image;
+}
+
+QImage DrawLabels(const CellSource& source, const View& view, const Look& look, const std::vector<QRectF>& kept,
+                  std::vector<Written>* written)
+{
+    const Projection projection(view);
+    QImage image(view.size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    std::vector<Written> all = PaintLabels(painter, projection, Gather(source, projection, 0), look, kept);
+    if (written != nullptr)
+        *written = std::move(all);
+    return image;
+}
+
+QImage DrawMap(const CellSource& source, const View& view, const Look& look, const std::vector<QRectF>& kept)
+{
+    const Projection projection(view);
+    const Content content = Gather(source, projection, projection.Px(kReach));
+    QImage image(view.size, QImage::Format_RGB32);
+    QPainter painter(&image);
+    PaintGround(painter, projection, content, look);
+    PaintLabels(painter, projection, content, look, kept);
+    if (look.furniture)
+        PaintFurniture(painter, projection, look);
+    return image;
+}
+
+} // namespace vasclip::street::draw

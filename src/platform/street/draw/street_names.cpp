@@ -1,0 +1,105 @@
+#include "platform/street/draw/labels.h"
+#include "platform/street/draw/stretches.h"
+
+#include <algorithm>
+#include <map>
+
+namespace vasclip::street::draw {
+
+namespace {
+
+constexpr double kApart = 620; // pixels of 1/96 inch between two names of a street
+constexpr double kLeastRoom = 24; // a stretch that is shorter bears no name
+
+QString Digits(const QString& text)
+{
+    QString digits;
+    for (const QChar letter : text) {
+        if (letter.isDigit())
+            digits += letter;
+    }
+    return digits;
+}
+
+/// A name that says what the shield says: "US Hwy 31" with "US 31".
+bool SaysTheShield(const QString& name, const QString& shield)
+{
+    const QString digits = Digits(shield);
+    return !digits.isEmpty() && Digits(name) == digits;
+}
+
+} // namespace
+
+void LabelSheet::FindStreets()
+{
+    struct Found
+    {
+        RoadClass roadClass = RoadClass::Path;
+        std::vector<const std::vector<Place>*> edges;
+    };
+    // In the order of names: the same ground gives the same picture, whatever cells it came from.
+    std::map<std::pair<QString, QString>, Found> found;
+    const double metres = m_projection.Metres();
+    for (const Content::Edge& seen : m_content.edges) {
+        const quint32 index = seen.edge->street;
+        if (index == 0 || index > seen.cell->streets.size() || seen.edge->hidden ||
+            RoadWidth(seen.edge->roadClass, metres, m_look) <= 0 || seen.edge->roadClass == RoadClass::Rail)
+            continue;
+        const CellStreet& street = seen.cell->streets[index - 1];
+        Found& one = found[{street.name, street.shield}];
+        one.roadClass = std::min(one.roadClass, seen.edge->roadClass);
+        one.edges.push_back(&seen.edge->line);
+    }
+    for (const auto& [names, one] : found)
+        m_streets.push_back({names.first, names.second, one.roadClass, Join(one.edges, m_projection)});
+    std::stable_sort(m_streets.begin(), m_streets.end(),
+                     [](const Street& a, const Street& b) { return a.roadClass < b.roadClass; });
+}
+
+void LabelSheet::WriteStreets()
+{
+    for (const Street& street : m_streets) {
+        if (!street.name.isEmpty() && m_look.Of(street.roadClass).named &&
+            !(street.roadClass == RoadClass::Ramp || SaysTheShield(street.name, street.shield)))
+            WriteStreet(street);
+    }
+}
+
+void LabelSheet::WriteStreet(const Street& street)
+{
+    const double metres = m_projection.Metres();
+    const bool least = street.roadClass > RoadClass::Ramp;
+    // Names of small streets need streets that are more than a hair.
+    if (metres > (least ? 2.2 : street.roadClass >= RoadClass::Local ? 6 : 40))
+        return;
+    const bool great = street.roadClass <= RoadClass::Arterial;
+    const double size = Points(m_look.Of(street.roadClass).text + (great ? 0.5 : 0) - (least ? 1 : 0));
+    const QColor ink = m_palette.roads.at(static_cast<size_t>(street.roadClass)).text;
+    const QRectF reach = m_projection.Sheet().adjusted(-kApart, -kApart, kApart, kApart);
+    std::vector<Walk> walks;
+    for (const auto& line : street.lines) {
+        // What lies outside is cut off, or a county road would have all its names out of sight.
+        std::vector<QPointF> inside;
+        const auto take = [&] {
+            if (inside.size() > 1)
+                walks.emplace_back(inside);
+            inside.clear();
+        };
+        for (const QPointF point : line) {
+            if (!reach.contains(point))
+                take();
+            else
+                inside.push_back(point);
+        }
+        take();
+    }
+    // The longest stretch gets the name first; shorter ones near it go without.
+    std::stable_sort(walks.begin(), walks.end(),
+                     [](const Walk& a, const Walk& b) { return a.Length() > b.Length(); });
+    for (const Walk& walk : walks) {
+        if (walk.Length() > m_projection.Px(kLeastRoom))
+            Repeat(walk, street.name, Face::Regular, size, m_projection.Px(kApart), ink);
+    }
+}
+
+} // namespace vasclip::street::draw
