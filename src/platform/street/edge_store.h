@@ -36,8 +36,6 @@ public:
     /// The cells of a county at Level::Streets that touch `extent`.
     [[nodiscard]] virtual std::vector<std::shared_ptr<const Cell>> CellsNear(quint32 county,
                                                                              const Extent& extent) const = 0;
-    /// The whole name of a street of a cell of that county.
-    [[nodiscard]] virtual QString StreetName(quint32 county, const Cell& cell, quint32 street) const = 0;
 };
 
 } // namespace vasclip::street

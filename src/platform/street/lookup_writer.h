@@ -13,6 +13,7 @@ namespace vasclip::street {
 struct ZipSummary
 {
     QString zip;
+    QString city; ///< its post town by the places of the source, "" where it has none
     Place centre;
     Extent extent;
 };
