@@ -11,6 +11,8 @@
 #include "platform/street/control.h"
 #include "store/store.h"
 
+#include <QSet>
+
 #include <array>
 #include <functional>
 
@@ -42,6 +44,7 @@ struct MapState
     QString g_MapRanges;        ///< see map_ranges.h
     MapResults g_MapResult;
     qint32 g_MapSelectedID = 0; ///< last point clicked, 0 for none
+    QSet<qint32> turnedByHand; ///< arrows that keep their direction
     bool arrows = true;         ///< an arrow map, not one of the Comp Locator
     bool selectionLocked = false; ///< Caps Lock is down
     bool addressGate = false; ///< txtMapAddress is being set by a rule, which handles the change itself

@@ -59,6 +59,17 @@ inline const QString kLocatedSkipped = u"; %1 have no address, city or state"_s;
 inline const QString kLocatedStopped = u"; stopped after %1 of %2"_s;
 inline const QString kLocating = u"Comp %1 of %2"_s;
 
+inline const QString kAnchored = u"%1 is anchored: it stays at this place"_s;
+inline const QString kAnchoredHere =
+    u"%1 has no record in the Databook: its place is kept on this map, and forgotten with it"_s;
+inline const QString kAnchoredAll = u"%1 points are anchored"_s;
+inline const QString kForgetAll =
+    u"The Databook forgets the places of %1 records that were put right by hand. Take the anchors off?"_s;
+inline const QString kMapSent = u"The map is in the report as its %1"_s;
+inline const QString kMapNotSent = u"The map was not sent: the report did not take its %1"_s;
+inline const QString kNotDrawn =
+    u"The map could not be drawn into %1, so nothing was sent. Is there room on the disk, and may it be written?"_s;
+
 // The words of changes of records.
 inline const QString kPlaceWords = u"Place %1 on the map"_s;
 inline const QString kAnchorWords = u"Anchor %1 on the map"_s;

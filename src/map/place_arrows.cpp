@@ -56,6 +56,7 @@ void PlaceRow(MapDesk& desk, const link::GroupRow& row, QList<RecordLocation>& f
         const QString caption = type + u" #"_s + text::Dec(n);
         const bool ok = PlaceArrow(desk, id, address, cityState, caption, NewArrow(desk, type, n), found);
         desk.state.g_MapResult(id) = ok ? 1 : 0;
+        desk.state.turnedByHand.remove(id);
         ++desk.state.g_MapPointCount;
         if (ok)
             tally.placed.append(caption);

@@ -79,6 +79,7 @@ void ClearMap(MapDesk& desk)
     desk.state.g_MapResult.Clear();
     desk.state.g_MapPointCount = 0;
     desk.state.g_MapSelectedID = 0;
+    desk.state.turnedByHand.clear();
 }
 
 void CentreOnPoint(MapDesk& desk, qint32 id)
