@@ -96,6 +96,12 @@ std::shared_ptr<const Cell> CountyFile::ReadCell(quint32 id, QString& problem) c
     return cell;
 }
 
+const LookupReader& CountyFile::Lookup() const
+{
+    std::call_once(m_lookupOnce, [this] { m_lookup = std::make_unique<const LookupReader>(Handle()); });
+    return *m_lookup;
+}
+
 bool CountyFile::ReadsWhole(QString& problem) const
 {
     const SqlStatement check = PrepareSql(Handle(), "PRAGMA integrity_check(1)", problem);

@@ -2,6 +2,7 @@
 
 #include "platform/street/cell.h"
 #include "platform/street/county_info.h"
+#include "platform/street/lookup_reader.h"
 #include "platform/street/sql.h"
 
 #include <memory>
@@ -27,6 +28,8 @@ public:
     /// A cell, decoded; null where the file has none of this number, and then `problem` is empty, or where it
     /// can't be read.
     [[nodiscard]] std::shared_ptr<const Cell> ReadCell(quint32 id, QString& problem) const;
+    /// The tables by which addresses are found, opened when they are first asked for.
+    [[nodiscard]] const LookupReader& Lookup() const;
     /// Reads all there is. @return false with what is wrong in `problem`
     [[nodiscard]] bool ReadsWhole(QString& problem) const;
 
@@ -38,6 +41,8 @@ private:
     mutable std::mutex m_guard; ///< over the statements
     SqlStatement m_touching;
     SqlStatement m_cell;
+    mutable std::once_flag m_lookupOnce;
+    mutable std::unique_ptr<const LookupReader> m_lookup;
 };
 
 } // namespace vasclip::street

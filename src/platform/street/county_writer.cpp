@@ -6,6 +6,7 @@
 #include "platform/street/coarse_levels.h"
 #include "platform/street/county_meta.h"
 #include "platform/street/feature_check.h"
+#include "platform/street/lookup_writer.h"
 #include "platform/street/shape.h"
 #include "platform/street/shields.h"
 #include "platform/street/sql.h"
@@ -26,6 +27,7 @@ struct CountyWriter::Work
     SqlFile file;
     CellBuilder streets{Level::Streets};
     CoarseLevels coarse;
+    std::unique_ptr<LookupWriter> lookup; ///< null where the file could not be made
     QHash<QString, QString> shields; ///< by the names of a road, which come again and again
 
     QString Shield(const RoadEdge& edge);
@@ -83,7 +85,7 @@ bool CountyWriter::Work::WriteAll(QString& why, const std::function<bool(qint64,
                 return false;
         }
     }
-    return FinishSql(file, why);
+    return lookup->Finish(why) && FinishSql(file, why);
 }
 
 CountyWriter::CountyWriter(const QString& path, const CountyInfo& info)
@@ -94,6 +96,8 @@ CountyWriter::CountyWriter(const QString& path, const CountyInfo& info)
     m_work->info.extent = {};
     m_work->info.edges = m_work->info.houses = m_work->info.areas = 0;
     m_work->file = CreateSql(path, FileKind::County, m_work->problem);
+    if (m_work->file)
+        m_work->lookup = std::make_unique<LookupWriter>(m_work->file.get(), info.state);
 }
 
 CountyWriter::~CountyWriter()
@@ -112,8 +116,13 @@ bool CountyWriter::Add(const RoadEdge& edge)
     const CellStreet street{edge.name, work.Shield(edge)};
     const CellEdge stored{0, edge.roadClass, edge.hidden, edge.line, {edge.left.from, edge.left.to, {}, {}},
                           {edge.right.from, edge.right.to, {}, {}}};
-    for (const quint32 id : grid::Along(Level::Streets, edge.line))
-        work.streets.AddEdge(id, stored, street);
+    bool first = true;
+    for (const quint32 id : grid::Along(Level::Streets, edge.line)) {
+        const quint32 index = work.streets.AddEdge(id, stored, street);
+        if (first && work.lookup)
+            work.lookup->Add(edge, {id, index});
+        first = false;
+    }
     if (!edge.hidden)
         work.coarse.Add(edge.roadClass, street.name, street.shield, edge.line);
     work.info.extent.Widen(shape::ExtentOf(edge.line));
@@ -126,6 +135,8 @@ bool CountyWriter::Add(const AddressPoint& house)
     if (!Fault(house).isEmpty())
         return false;
     m_work->streets.At(grid::IdAt(Level::Streets, house.place)).houses.push_back({house.number, house.place});
+    if (m_work->lookup)
+        m_work->lookup->Add(house);
     m_work->info.extent.Widen(house.place);
     ++m_work->info.houses;
     return true;
@@ -160,12 +171,18 @@ bool CountyWriter::Add(const PlaceName& place)
     m_work->streets.At(grid::IdAt(Level::Streets, place.place))
         .places.push_back({place.name, place.kind, place.population, place.place, {}});
     m_work->coarse.Add(place);
+    if (m_work->lookup)
+        m_work->lookup->Add(place);
     return true;
 }
 
 bool CountyWriter::Add(const ZipArea& area)
 {
-    return Fault(area).isEmpty();
+    if (!Fault(area).isEmpty())
+        return false;
+    if (m_work->lookup)
+        m_work->lookup->Add(area);
+    return true;
 }
 
 bool CountyWriter::Finish(QString& problem, const std::function<bool(qint64, qint64)>& progress)

@@ -4,6 +4,8 @@
 
 #include <QDir>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace vasclip::street {
@@ -163,6 +165,52 @@ Extent MapData::Covered() const
     for (const CountyRecord& record : Counties())
         covered.Widen(record.info.extent);
     return covered;
+}
+
+const CountyRecord* MapData::Record(quint32 county) const
+{
+    const std::vector<CountyRecord>& counties = Counties();
+    const auto found = std::lower_bound(counties.begin(), counties.end(), county,
+                                        [](const CountyRecord& record, quint32 number) { return record.number < number; });
+    return found != counties.end() && found->number == county ? &*found : nullptr;
+}
+
+const NameIndex* MapData::Index() const
+{
+    return m_index ? &m_index->Names() : nullptr;
+}
+
+std::vector<quint32> MapData::CountiesAt(Place place) const
+{
+    std::vector<quint32> counties;
+    for (const CountyRecord& record : Counties()) {
+        if (record.info.extent.Contains(place))
+            counties.push_back(record.number);
+    }
+    return counties;
+}
+
+std::shared_ptr<const LookupReader> MapData::Lookup(quint32 county) const
+{
+    const CountyRecord* record = Record(county);
+    const std::shared_ptr<const CountyFile> file = record ? File(*record) : nullptr;
+    // The tables live with their file.
+    return file ? std::shared_ptr<const LookupReader>(file, &file->Lookup()) : nullptr;
+}
+
+std::shared_ptr<const Cell> MapData::CellAt(quint32 county, quint32 cell) const
+{
+    const CountyRecord* record = Record(county);
+    const std::shared_ptr<const CountyFile> file = record ? File(*record) : nullptr;
+    return file ? CellOf(*file, *record, cell) : nullptr;
+}
+
+std::vector<std::shared_ptr<const Cell>> MapData::CellsNear(quint32 county, const Extent& extent) const
+{
+    std::vector<std::shared_ptr<const Cell>> cells;
+    if (const CountyRecord* record = Record(county))
+        AppendCells(*record, extent, Level::Streets, cells);
+    return cells;
 }
 
 } // namespace vasclip::street

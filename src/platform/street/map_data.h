@@ -3,6 +3,7 @@
 #include "platform/street/cell.h"
 #include "platform/street/cell_cache.h"
 #include "platform/street/county_file.h"
+#include "platform/street/edge_store.h"
 #include "platform/street/map_index.h"
 
 #include <QMap>
@@ -25,7 +26,7 @@ struct MapLimits
 ///
 /// It stays as it was opened: maps that are imported or removed meanwhile show in a new one, and files that are
 /// deleted under it go on while they are open.
-class MapData : public CellSource
+class MapData : public CellSource, public EdgeStore
 {
 public:
     /// @param directory  native
@@ -51,6 +52,13 @@ public:
     [[nodiscard]] QString Shield(const Cell& cell, quint32 street) const override;
     [[nodiscard]] Extent Covered() const override;
 
+    [[nodiscard]] const NameIndex* Index() const override;
+    [[nodiscard]] std::vector<quint32> CountiesAt(Place place) const override;
+    [[nodiscard]] std::shared_ptr<const LookupReader> Lookup(quint32 county) const override;
+    [[nodiscard]] std::shared_ptr<const Cell> CellAt(quint32 county, quint32 cell) const override;
+    [[nodiscard]] std::vector<std::shared_ptr<const Cell>> CellsNear(quint32 county,
+                                                                     const Extent& extent) const override;
+
 private:
     struct Open
     {
@@ -58,6 +66,8 @@ private:
         std::shared_ptr<const CountyFile> file;
     };
 
+    /// The map of that number in the index; null for none.
+    [[nodiscard]] const CountyRecord* Record(quint32 county) const;
     /// Null where the file can't be used.
     [[nodiscard]] std::shared_ptr<const CountyFile> File(const CountyRecord& record) const;
     [[nodiscard]] std::shared_ptr<const CountyFile> OpenFile(const CountyRecord& record, QString& problem) const;

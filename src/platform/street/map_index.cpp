@@ -2,6 +2,7 @@
 
 #include "platform/files/native.h"
 #include "platform/street/county_file.h"
+#include "platform/street/lookup_writer.h"
 
 #include <QCryptographicHash>
 #include <QFileInfo>
@@ -107,6 +108,7 @@ std::unique_ptr<MapIndex> MapIndex::Open(const QString& directory, QString& prob
     index->m_file = OpenSql(Below(directory, QString::fromUtf16(kIndexName)), FileKind::Index, problem);
     if (!index->m_file || !ReadRecords(index->Handle(), index->m_counties, problem))
         return {};
+    index->m_names = std::make_unique<const NameIndex>(index->Handle());
     return index;
 }
 
@@ -130,13 +132,22 @@ bool WriteIndex(const QString& directory, std::vector<CountyRecord> counties, QS
         if (!insert)
             return false;
         quint32 number = 0;
+        NameIndexWriter names(index.get());
         for (CountyRecord& record : counties) {
             record.number = ++number;
             if (!InsertRecord(insert.get(), record)) {
                 problem = SqlProblem(index.get());
                 return false;
             }
+            // A map that can't be read keeps its place; it is told of when it is asked for.
+            LookupSummary summary;
+            QString why;
+            const SqlFile file = OpenSql(Below(directory, record.file), FileKind::County, why);
+            if (file && ReadSummary(file.get(), summary, why))
+                names.Add(number, summary);
         }
+        if (!names.Finish(problem))
+            return false;
     }
     if (!RunSql(index.get(), "COMMIT", problem))
         return false;

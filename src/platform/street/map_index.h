@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/street/county_info.h"
+#include "platform/street/lookup_reader.h"
 #include "platform/street/sql.h"
 
 #include <QString>
@@ -27,11 +28,14 @@ public:
     /// All maps, by their numbers.
     [[nodiscard]] const std::vector<CountyRecord>& Counties() const { return m_counties; }
     [[nodiscard]] sqlite3* Handle() const { return m_file.get(); }
+    /// Which counties can have a street, a ZIP or a place.
+    [[nodiscard]] const NameIndex& Names() const { return *m_names; }
 
 private:
     MapIndex() = default;
 
     SqlFile m_file;
+    std::unique_ptr<const NameIndex> m_names;
     std::vector<CountyRecord> m_counties;
 };
 
