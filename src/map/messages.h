@@ -70,6 +70,16 @@ inline const QString kMapNotSent = u"The map was not sent: the report did not ta
 inline const QString kNotDrawn =
     u"The map could not be drawn into %1, so nothing was sent. Is there room on the disk, and may it be written?"_s;
 
+inline const QString kProximityTitle = u"Proximities Not Transferred"_s;
+inline const QString kProximityFailed =
+    u"Unable to complete proximity transfers. Please verify comp locations"_s;
+inline const QString kSendingProximity = u"Sending the proximities"_s;
+inline const QString kProximitySent = u"In the report: %1"_s;
+inline const QString kProximityUnknown = u"Not on the map, so their cells are empty now: %1"_s;
+inline const QString kProximityNoCell = u"The form has no cell for %1"_s;
+inline const QString kProximityCancelled = u"Cancelled; the others keep what they had"_s;
+inline const QString kNoArrows = u"No arrows of comps are on the map: place them first"_s;
+
 // The words of changes of records.
 inline const QString kPlaceWords = u"Place %1 on the map"_s;
 inline const QString kAnchorWords = u"Anchor %1 on the map"_s;

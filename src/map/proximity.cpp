@@ -118,9 +118,9 @@ QString CalcTheDistance(MapDesk& desk, const QString& key)
 
 QString PointDistanceToSubject(MapDesk& desk, qint32 id)
 {
-    if (id <= kSubjectPoint || desk.state.g_MapResult(kSubjectPoint) <= 0)
-        return {};
-    if (!LoadPoint(desk, kSubjectPoint))
+    // A subject that was not found can have been placed by hand, under a number of its own.
+    const qint32 subject = desk.state.g_MapResult(kSubjectPoint) > 0 ? kSubjectPoint : FindSubjectPoint(desk);
+    if (id <= kSubjectPoint || subject < 1 || !LoadPoint(desk, subject))
         return {};
     desk.map.DoAction(action::kSetOrigin);
     if (!LoadPoint(desk, id))

@@ -13,7 +13,7 @@ namespace vasclip::map {
 /// Miles from the subject to a record, by its stored place or its address; "" for a key without a record, and where
 /// either place is not found. The subject's anchor comes before its address.
 [[nodiscard]] QString CalcTheDistance(MapDesk& desk, const QString& key);
-/// Miles from point 1 to another point; "" unless both are on the map.
+/// Miles from the subject's point to another point; "" unless both are on the map.
 [[nodiscard]] QString PointDistanceToSubject(MapDesk& desk, qint32 id);
 
 /// The compass word for a comp: the nearest of 15 places a mile around the subject. They stand 23 degrees apart from

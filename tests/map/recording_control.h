@@ -45,6 +45,7 @@ public:
     qint32 attributeStatus = 0;      ///< of action 22
     std::function<void(const QString& file)> onDraw;
     std::function<void()> onGeocode;
+    std::function<double(Place)> distance; ///< in place of the globe's
 
     [[nodiscard]] QStringList Actions() const { return log.filter(u"Action"_s); }
 
@@ -147,7 +148,7 @@ public:
             centre = m_place;
             return;
         case a::kDistance:
-            m_value = street::DistanceFeet(origin, m_place);
+            m_value = distance ? distance(m_place) : street::DistanceFeet(origin, m_place);
             return;
         default:
             m_status = -1;

@@ -1,0 +1,170 @@
+#include "map/cmd_prox.h"
+
+#include "link/link_desk.h"
+#include "link/report_check.h"
+#include "link/send_proximity.h"
+#include "link/talk.h"
+#include "map/messages.h"
+#include "map/selection.h"
+#include "platform/conduit/patience.h"
+#include "platform/text/text.h"
+
+#include <utility>
+
+namespace vasclip::map {
+
+using namespace Qt::Literals::StringLiterals;
+using link::Group;
+
+namespace {
+
+/// In the order in which they are sent.
+constexpr std::array kSendOrder = {Group::Sales, Group::Alternates, Group::Rentals, Group::Listings};
+
+using Texts = forms::ControlArray<forms::TextBox> link::frm_Addr::*;
+Texts ProximityBoxes(Group group)
+{
+    switch (group) {
+    case Group::Alternates:
+        return &link::frm_Addr::txtAltProximity;
+    case Group::Rentals:
+        return &link::frm_Addr::txtRentProximity;
+    case Group::Listings:
+        return &link::frm_Addr::txtListProximity;
+    default:
+        return &link::frm_Addr::txtProximity;
+    }
+}
+
+/// What came of a run.
+struct Run
+{
+    QStringList sent, unknown, without;
+    QString stopped; ///< why it ended before its end
+};
+
+/// The arrow of a comp that was placed by hand, past the range; 0 for none.
+qint32 PlacedByHand(MapDesk& desk, link::SlotRef slot, qint32 after)
+{
+    qint32 latest = 0;
+    for (qint32 id = after; id <= desk.state.g_MapPointCount; ++id)
+        if (const std::optional<MapPoint> point = LoadPoint(desk, id); point && SlotOf(*point) == slot)
+            latest = id;
+    return latest;
+}
+
+int NextFilled(const MapDesk& desk, Group group, int index)
+{
+    const int slots = link::RowOf(group).slots;
+    while (index < slots && AddressAt(desk, {group, index}).isEmpty())
+        ++index;
+    return index;
+}
+
+QString Caption(link::SlotRef slot)
+{
+    return TypeWord(slot.group) + u" #"_s + text::Dec(slot.index);
+}
+
+/// @return false if the run has to end
+bool SendOne(MapDesk& desk, const SlotPoint& comp, Run& run)
+{
+    const QString address = AddressAt(desk, comp.slot);
+    if (address.isEmpty())
+        return true;
+    desk.state.g_MapSelectedID = comp.id;
+    ShowMapAddress(desk, address);
+    const QString text = desk.report.txtMapProximity.Text();
+    switch (link::KelUpdateKelProximity(*desk.link, comp.slot, text)) {
+    case link::ProximitySend::NoReport:
+        run.stopped = link::NoReportWords(*desk.link);
+        return false;
+    case link::ProximitySend::OtherReport:
+        run.stopped = desk.link->state.notSent;
+        return false;
+    case link::ProximitySend::NoCell:
+        run.without.append(Caption(comp.slot));
+        break;
+    case link::ProximitySend::Sent:
+        if (text.isEmpty())
+            run.unknown.append(Caption(comp.slot));
+        else
+            run.sent.append(Caption(comp.slot) + u' ' + text);
+        break;
+    }
+    (desk.addr.*ProximityBoxes(comp.slot.group))(comp.slot.index).SetText(text);
+    return true;
+}
+
+void Tell(MapDesk& desk, const Run& run)
+{
+    QStringList words;
+    if (!run.sent.isEmpty())
+        words << messages::kProximitySent.arg(run.sent.join(u"; "_s));
+    if (!run.unknown.isEmpty())
+        words << messages::kProximityUnknown.arg(run.unknown.join(u", "_s));
+    if (!run.without.isEmpty())
+        words << messages::kProximityNoCell.arg(run.without.join(u", "_s));
+    if (!run.stopped.isEmpty())
+        words << run.stopped;
+    if (words.isEmpty())
+        words << messages::kNoArrows;
+    const bool whole = run.unknown.isEmpty() && run.without.isEmpty() && run.stopped.isEmpty() && !run.sent.isEmpty();
+    desk.status.lblmsg.Show(words.join(u". "_s), whole ? forms::Colour::Blue : forms::Colour::Red);
+}
+
+} // namespace
+
+std::vector<SlotPoint> ComposeRange(MapDesk& desk, Group group, MapRange range)
+{
+    std::vector<SlotPoint> comps;
+    int before = 0;
+    for (qint32 id = range.first; id < range.first + range.count; ++id) {
+        const std::optional<MapPoint> point = LoadPoint(desk, id);
+        const std::optional<link::SlotRef> told = point ? SlotOf(*point) : std::nullopt;
+        if (told && told->group == group) {
+            comps.push_back({*told, id});
+        } else {
+            const link::SlotRef slot{group, NextFilled(desk, group, before + 1)};
+            const qint32 byHand = PlacedByHand(desk, slot, range.first + range.count);
+            comps.push_back({slot, byHand > 0 ? byHand : id});
+        }
+        before = comps.back().slot.index;
+    }
+    return comps;
+}
+
+void cmdProx_Click(MapDesk& desk)
+{
+    if (desk.state.working || !desk.link)
+        return;
+    const Working working{desk.state};
+    const link::Talking talking{*desk.link, messages::kSendingProximity};
+    const QString ranges = desk.state.g_MapRanges.toUpper();
+    if (LoadPoint(desk, 1))
+        desk.state.g_MapSelectedID = 1;
+    Run run;
+    try {
+        bool goes = true;
+        bool first = true;
+        for (const Group group : kSendOrder) {
+            const std::optional<MapRange> range = RangeOf(ranges, TypeWord(group));
+            if (!range || !goes)
+                continue;
+            if (std::exchange(first, false))
+                ShowMapAddress(desk, AddressAt(desk, {Group::Sales, 1}));
+            for (const SlotPoint& comp : ComposeRange(desk, group, *range)) {
+                goes = goes && SendOne(desk, comp, run);
+                if (!goes)
+                    break;
+            }
+        }
+    } catch (const RuntimeError& failure) {
+        run.stopped = failure.Number() == conduit::kUserInterrupt ? messages::kProximityCancelled : failure.Description();
+        if (failure.Number() != conduit::kUserInterrupt)
+            desk.ports.prompter.Info(messages::kProximityTitle, messages::kProximityFailed);
+    }
+    Tell(desk, run);
+}
+
+} // namespace vasclip::map
