@@ -44,6 +44,25 @@ bool EndsStreet(const QStringList& before, const QString& word)
     return !apart;
 }
 
+/// Whether a ZIP may be of a state whose letters are a street's word too, or of any other state.
+bool ZipFits(const QString& zip, const QString& state)
+{
+    struct Row
+    {
+        QLatin1StringView state;
+        int low;
+        int high;
+    };
+    static constexpr Row kRows[] = {{"CT"_L1, 60, 69},   {"KY"_L1, 400, 427}, {"LA"_L1, 700, 714},
+                                    {"MT"_L1, 590, 599}, {"NE"_L1, 680, 693}, {"PR"_L1, 6, 9}};
+    for (const Row& row : kRows) {
+        const int area = zip.left(3).toInt();
+        if (state == row.state)
+            return area >= row.low && area <= row.high;
+    }
+    return true;
+}
+
 /// Takes the country, the ZIP and the state off the end.
 void TakeEnd(QStringList& words, Address& address)
 {
@@ -80,8 +99,8 @@ void TakeEnd(QStringList& words, Address& address)
             continue;
         const bool apart = words.at(at - 1) == u",";
         const QString& word = words.at(at);
-        if (take == 1 && address.zip.isEmpty() && EndsStreet(words.first(at), word))
-            break;
+        if (take == 1 && (address.zip.isEmpty() ? EndsStreet(words.first(at), word) : !ZipFits(address.zip, word)))
+            break; // "Elm Ct, 36067"
         // "1400 Avenue of the Americas, New York" names the city.
         if (take > 1 && address.zip.isEmpty() && apart && words.indexOf(u","_s) == at - 1 && state == u"NY")
             break;
@@ -148,6 +167,10 @@ qsizetype CityStart(const QStringList& words, bool cityLikely)
     };
     if (const qsizetype taken = RoadNumberAt(words, low, road); taken > 0)
         return pastDirection(low + taken, false);
+    if (words.value(low + 1) == u"COUNTY") { // "Autauga County 40"
+        if (const qsizetype taken = RoadNumberAt(words, low + 1, road); taken > 0)
+            return pastDirection(low + 1 + taken, false);
+    }
 
     qsizetype weak = 0;
     for (qsizetype at = low + 1; at < size; ++at) {
@@ -182,7 +205,7 @@ qsizetype CityStart(const QStringList& words, bool cityLikely)
         return size;
     if (weak > 0 && weak + 1 < size)
         return pastDirection(weak + 1, false);
-    return size - low >= 2 ? size - 1 : size;
+    return size - low >= 2 && !words.constLast().at(0).isDigit() ? size - 1 : size;
 }
 
 qsizetype KnownCityStart(const QStringList& words, const IsPlace& isPlace)

@@ -138,6 +138,8 @@ INSTANTIATE_TEST_SUITE_P(
         AddressRow{"2022 US-82, Prattville, AL", "2022 US HWY 82, PRATTVILLE, AL"},
         AddressRow{"1803 State Rte 14 E, Prattville, AL", "1803 STATE HWY 14 E, PRATTVILLE, AL"},
         AddressRow{"5 Elm Ct, Hartford, CT", "5 ELM CT, HARTFORD, CT"}, AddressRow{"5 Elm Ct", "5 ELM CT"},
+        AddressRow{"5 Elm Ct, 36067", "5 ELM CT, 36067"}, AddressRow{"5 Broadway Hartford CT 06103", "5 BROADWAY, HARTFORD, CT 06103"},
+        AddressRow{"1610 Autauga County 19, 36067", "1610 CO RD 19, 36067"},
         AddressRow{"1180 Peachtree Street, NE", "1180 PEACHTREE ST NE"},
         AddressRow{"100 Main St\nSt. Louis, MO 63104", "100 MAIN ST, SAINT LOUIS, MO 63104"},
         AddressRow{"100 Main St, Autauga County, Prattville, AL", "100 MAIN ST, PRATTVILLE, AL"},

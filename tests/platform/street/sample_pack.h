@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/street/map_data.h"
+
+#include <QTemporaryDir>
+
+#include <memory>
+
+namespace vasclip::street::test {
+
+/// The edges of an ADDRFEAT shapefile, read without GDAL; `path` has no extension. Empty where it can't be read.
+[[nodiscard]] std::vector<RoadEdge> ReadAddrFeat(const QString& path);
+
+/// A county in a directory of its own, open.
+struct SamplePack
+{
+    QTemporaryDir directory;
+    std::unique_ptr<MapData> maps;
+};
+/// @param county  five digits; @return null with a test failure where it can't be written
+[[nodiscard]] std::unique_ptr<SamplePack> MakePack(const QString& county, const QString& state,
+                                                   const std::vector<RoadEdge>& edges,
+                                                   const std::vector<AddressPoint>& houses = {},
+                                                   const std::vector<PlaceName>& places = {});
+
+} // namespace vasclip::street::test
