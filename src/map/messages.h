@@ -80,9 +80,20 @@ inline const QString kProximityNoCell = u"The form has no cell for %1"_s;
 inline const QString kProximityCancelled = u"Cancelled; the others keep what they had"_s;
 inline const QString kNoArrows = u"No arrows of comps are on the map: place them first"_s;
 
+inline const QString kImportBook = u"In Street Atlas USA, select File, Import Address Book, "_s;
+inline const QString kImportFrom = u"Import Data From: "_s;
+inline const QString kImportWizard = u"In MS Streets, select Data, Import Data Wizard, Access (*.mdb's) "_s;
+inline const QString kImportData = u"In MS Streets, select File, Import Data, Access (*.mdb's) "_s;
+inline const QString kImportFromStreets = u"Import Data from: "_s;
+inline const QString kExportAborted = u"Export Aborted"_s;
+inline const QString kNotExported =
+    u"%1 could not be written: %2. Check the map export directory in the settings, and the room on the disk"_s;
+
 // The words of changes of records.
 inline const QString kPlaceWords = u"Place %1 on the map"_s;
 inline const QString kAnchorWords = u"Anchor %1 on the map"_s;
 inline const QString kForgetWords = u"Take the anchor off %1"_s;
+
+inline const QString kExportWords = u"Export an address"_s;
 
 } // namespace vasclip::map::messages

@@ -1,0 +1,144 @@
+#include "common/paths.h"
+#include "link/reporter.h"
+#include "map/exports.h"
+#include "map/messages.h"
+#include "photos/photo_list.h"
+#include "platform/text/text.h"
+#include "store/change.h"
+#include "store/schema.h"
+
+namespace vasclip::map {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int kColumnIsThere = 3191;
+const QString kTable = u"appraisal"_s;
+const QString kTemplate = u"appraisal.mbk"_s;
+
+/// The template's copy, or a new file where there is none.
+void CopyFromNewFiles(const ExportDesk& desk, engine::Engine& engine, const QString& file)
+{
+    const QString given = desk.globals.G_ProgramDir + kTemplate;
+    if (desk.disk.FileExists(given)) {
+        desk.disk.FileCopy(given, file);
+        return;
+    }
+    const auto database = engine.CreateDatabase(file);
+    database->CreateTable(store::AppraisalTable());
+    database->Close();
+}
+
+QString PhotoOf(const ExportDesk& desk, const QString& key)
+{
+    const auto record = store::ReadRecord(desk.ports, desk.sources.datDatabook, text::Folded(key));
+    const QString stem = record ? photos::PhotoList(*record).StemOf(u"FRONT VIEW"_s) : QString();
+    return stem.isEmpty() ? QString() : u"File://"_s + desk.globals.G_PhotoDir + stem + u".jpg"_s;
+}
+
+void Add(const ExportDesk& desk, store::DataSource& data, const ExportEntry& entry)
+{
+    store::Change change(data, store::Change::NewRecord{}, messages::kExportWords);
+    change.Set(u"NAME"_s, entry.label);
+    change.Set(u"ADDRESS"_s, entry.address);
+    change.Set(u"CITY"_s, entry.city);
+    change.Set(u"ST"_s, entry.state);
+    change.Set(u"ZIP"_s, entry.zip);
+    change.Set(u"COUNTY"_s, entry.county);
+    if (const QString photo = PhotoOf(desk, entry.key); !photo.isEmpty()) {
+        change.Set(u"HYPERLINK"_s, photo);
+        change.Set(u"Information"_s, photo);
+    }
+    change.Store();
+}
+
+void KillQuietly(const files::Disk& disk, const QString& file)
+{
+    try {
+        if (disk.FileExists(file))
+            disk.Kill(file);
+    } catch (const RuntimeError&) {
+        // The next export meets it again.
+    }
+}
+
+/// Closes the source on every way out, so that the file can be moved.
+class Bound
+{
+public:
+    Bound(store::DataSource& data, const QString& file)
+        : m_data(data)
+    {
+        data.SetDatabaseName(file);
+        data.SetRecordSource(kTable);
+        data.SetRecordsetType(engine::RecordsetType::Table);
+        data.Refresh();
+    }
+    ~Bound() { m_data.Close(); }
+    Bound(const Bound&) = delete;
+    Bound& operator=(const Bound&) = delete;
+
+private:
+    store::DataSource& m_data;
+};
+
+void Fill(const ExportDesk& desk, const QString& file, const QList<ExportEntry>& entries)
+{
+    store::DataSource& data = desk.sources.datmap;
+    const Bound bound(data, file);
+    engine::Transaction whole(data.Database());
+    DeleteAllRecs(data);
+    for (const ExportEntry& entry : entries)
+        Add(desk, data, entry);
+    whole.Commit();
+}
+
+} // namespace
+
+void errcreatemdb(engine::Engine& engine, const QString& file)
+{
+    const common::RoutineScope scope{"errcreatemdb"};
+    const auto database = engine.OpenDatabase(file);
+    for (const engine::Field& field : store::AppraisalTable().fields) {
+        try {
+            database->AppendField(kTable, field);
+        } catch (const RuntimeError& failure) {
+            if (failure.Number() != kColumnIsThere)
+                throw;
+        }
+    }
+    database->Close();
+}
+
+void DeleteAllRecs(store::DataSource& data)
+{
+    for (data.Recordset().MoveFirst(); !data.Recordset().Eof(); data.Recordset().MoveFirst())
+        store::Change::Delete(data, messages::kExportWords);
+}
+
+ExportResult ExportToAppraisalmdb(ExportDesk desk)
+{
+    const QString directory = FindExportDir(desk.globals);
+    ExportResult result{.file = directory + desk.globals.mapExportFile};
+    const QString working = result.file + u".new"_s;
+    link::Reported(desk.ports.prompter, "ExportToAppraisalmdb", [&] {
+        engine::Engine& engine = desk.sources.datmap.Engine();
+        common::MakeDirectory(desk.disk, desk.ports.prompter, directory);
+        KillQuietly(desk.disk, working); // of a run that was ended in the middle
+        CopyFromNewFiles(desk, engine, working);
+        errcreatemdb(engine, working);
+        const QList<ExportEntry> entries = ExportEntries(desk);
+        Fill(desk, working, entries);
+        if (desk.disk.FileExists(result.file))
+            desk.disk.Kill(result.file);
+        desk.disk.Name(working, result.file);
+        result.entries = static_cast<int>(entries.size());
+        result.written = true;
+    });
+    if (!result.written)
+        KillQuietly(desk.disk, working);
+    return result;
+}
+
+} // namespace vasclip::map
