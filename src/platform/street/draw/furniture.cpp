@@ -7,7 +7,7 @@
 #include <array>
 #include <cmath>
 
-using namespace Qt::Literals::StringLiterals;
+using namespace Qt::StringLiterals;
 
 namespace vasclip::street::draw {
 
@@ -52,7 +52,7 @@ BarLength RoundLength(double feet)
     constexpr std::array kMiles{500.0, 200.0, 100.0, 50.0, 20.0, 10.0, 5.0, 2.0, 1.0, 0.5, 0.25};
     for (const double miles : kMiles) {
         if (miles * kMile <= feet)
-            return {miles * kMile, QString::number(miles) + " mi"_L1};
+            return {miles * kMile, QString::number(miles) + u" mi"_s};
     }
     double round = 1;
     for (double step = 1; step <= 1000; step *= 10) {
@@ -61,7 +61,7 @@ BarLength RoundLength(double feet)
                 round = step * times;
         }
     }
-    return {round, QString::number(round) + " ft"_L1};
+    return {round, QString::number(round) + u" ft"_s};
 }
 
 std::vector<QRectF> FurnitureBoxes(const Projection& projection)

@@ -9,7 +9,7 @@
 #include <QTextLayout>
 #include <QTransform>
 
-using namespace Qt::Literals::StringLiterals;
+using namespace Qt::StringLiterals;
 
 namespace vasclip::street::draw {
 

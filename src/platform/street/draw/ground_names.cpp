@@ -6,7 +6,7 @@
 #include <cmath>
 #include <optional>
 
-using namespace Qt::Literals::StringLiterals;
+using namespace Qt::StringLiterals;
 
 namespace vasclip::street::draw {
 

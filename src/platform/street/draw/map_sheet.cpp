@@ -23,20 +23,18 @@ std::vector<Written> PaintLabels(QPainter& painter, const Projection& projection
 
 } // namespace
 
-QImage DrawGround(const CellSource& source, const View& view, const Look& look)
+QImage DrawGround(const CellSource& source, const Projection& projection, const Look& look)
 {
-    const Projection projection(view);
-    QImage image(view.size, QImage::Format_RGB32);
+    QImage image(projection.Of().size, QImage::Format_RGB32);
     QPainter painter(&image);
     PaintGround(painter, projection, Gather(source, projection, projection.Px(kReach)), look);
     return image;
 }
 
-QImage DrawLabels(const CellSource& source, const View& view, const Look& look, const std::vector<QRectF>& kept,
+QImage DrawLabels(const CellSource& source, const Projection& projection, const Look& look, const std::vector<QRectF>& kept,
                   std::vector<Written>* written)
 {
-    const Projection projection(view);
-    QImage image(view.size, QImage::Format_ARGB32_Premultiplied);
+    QImage image(projection.Of().size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     std::vector<Written> all = PaintLabels(painter, projection, Gather(source, projection, 0), look, kept);
@@ -45,11 +43,10 @@ QImage DrawLabels(const CellSource& source, const View& view, const Look& look, 
     return image;
 }
 
-QImage DrawMap(const CellSource& source, const View& view, const Look& look, const std::vector<QRectF>& kept)
+QImage DrawMap(const CellSource& source, const Projection& projection, const Look& look, const std::vector<QRectF>& kept)
 {
-    const Projection projection(view);
     const Content content = Gather(source, projection, projection.Px(kReach));
-    QImage image(view.size, QImage::Format_RGB32);
+    QImage image(projection.Of().size, QImage::Format_RGB32);
     QPainter painter(&image);
     PaintGround(painter, projection, content, look);
     PaintLabels(painter, projection, content, look, kept);

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-using namespace Qt::Literals::StringLiterals;
+using namespace Qt::StringLiterals;
 
 namespace vasclip::street::draw {
 
@@ -18,11 +18,11 @@ enum class Kind { Interstate, Us, State, County };
 Kind KindOf(const QString& shield)
 {
     const QString system = shield.section(u' ', 0, 0);
-    if (system == "I"_L1)
+    if (system == u"I"_s)
         return Kind::Interstate;
-    if (system == "US"_L1)
+    if (system == u"US"_s)
         return Kind::Us;
-    return system == "CR"_L1 || system == "CO"_L1 ? Kind::County : Kind::State;
+    return system == u"CR"_s || system == u"CO"_s ? Kind::County : Kind::State;
 }
 
 QPainterPath Outline(Kind kind, const QRectF& box)

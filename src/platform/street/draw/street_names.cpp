@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 
 namespace vasclip::street::draw {
 
@@ -26,6 +27,47 @@ bool SaysTheShield(const QString& name, const QString& shield)
 {
     const QString digits = Digits(shield);
     return !digits.isEmpty() && Digits(name) == digits;
+}
+
+/// The piece of a step within a box.
+std::optional<std::pair<QPointF, QPointF>> Clip(QPointF from, QPointF to, const QRectF& box)
+{
+    double begin = 0;
+    double end = 1;
+    const QPointF step = to - from;
+    for (const auto& [start, along, low, high] :
+         {std::tuple(from.x(), step.x(), box.left(), box.right()), std::tuple(from.y(), step.y(), box.top(), box.bottom())}) {
+        if (along == 0) {
+            if (start < low || start > high)
+                return std::nullopt;
+            continue;
+        }
+        const double one = (low - start) / along;
+        const double other = (high - start) / along;
+        begin = std::max(begin, std::min(one, other));
+        end = std::min(end, std::max(one, other));
+    }
+    if (begin >= end)
+        return std::nullopt;
+    return std::pair(begin > 0 ? from + step * begin : from, end < 1 ? from + step * end : to);
+}
+
+/// What of a line lies within a box: a county road would else have its names out of sight.
+void AddWithin(const std::vector<QPointF>& line, const QRectF& box, std::vector<Walk>& walks)
+{
+    std::vector<QPointF> inside;
+    for (size_t i = 1; i < line.size(); ++i) {
+        const auto piece = Clip(line[i - 1], line[i], box);
+        if (piece && (inside.empty() || inside.back() != piece->first)) {
+            if (inside.size() > 1)
+                walks.emplace_back(std::exchange(inside, {}));
+            inside = {piece->first};
+        }
+        if (piece)
+            inside.push_back(piece->second);
+    }
+    if (inside.size() > 1)
+        walks.emplace_back(std::move(inside));
 }
 
 } // namespace
@@ -77,22 +119,8 @@ void LabelSheet::WriteStreet(const Street& street)
     const QColor ink = m_palette.roads.at(static_cast<size_t>(street.roadClass)).text;
     const QRectF reach = m_projection.Sheet().adjusted(-kApart, -kApart, kApart, kApart);
     std::vector<Walk> walks;
-    for (const auto& line : street.lines) {
-        // What lies outside is cut off, or a county road would have all its names out of sight.
-        std::vector<QPointF> inside;
-        const auto take = [&] {
-            if (inside.size() > 1)
-                walks.emplace_back(inside);
-            inside.clear();
-        };
-        for (const QPointF point : line) {
-            if (!reach.contains(point))
-                take();
-            else
-                inside.push_back(point);
-        }
-        take();
-    }
+    for (const auto& line : street.lines)
+        AddWithin(line, reach, walks);
     // The longest stretch gets the name first; shorter ones near it go without.
     std::stable_sort(walks.begin(), walks.end(),
                      [](const Walk& a, const Walk& b) { return a.Length() > b.Length(); });

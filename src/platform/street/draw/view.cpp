@@ -42,15 +42,41 @@ double MercatorFeet(double latitude, double scale, double pixels)
     return pixels * kEarthFeet * std::cos(Clamp(latitude) * kRadian) / scale;
 }
 
-Projection::Projection(const View& view) : m_view(view)
+Frame Frame::Snapped() const
+{
+    const QPointF corner = Corner();
+    Frame snapped = *this;
+    snapped.x += (std::round(corner.x()) - corner.x()) / scale;
+    snapped.y -= (std::round(corner.y()) - corner.y()) / scale;
+    return snapped;
+}
+
+QPointF Frame::Corner() const
+{
+    return {x * scale - size.width() / 2.0, -y * scale - size.height() / 2.0};
+}
+
+Frame FrameOf(const View& view)
 {
     const double latitude = Clamp(view.centre.latitude * kMicro);
-    m_x = view.centre.longitude * kMicro * kRadian;
-    m_y = MercatorY(latitude);
-    m_scale = MercatorScale(latitude, view.feet, view.size.width());
-    m_metres = FeetPerPixel() * kMetresPerFoot * view.ratio;
-    const double sec = 1 / std::cos(latitude * kRadian);
-    const double tan = std::tan(latitude * kRadian);
+    return {view.centre.longitude * kMicro * kRadian, MercatorY(latitude),
+            MercatorScale(latitude, view.feet, view.size.width()), view.size, view.ratio};
+}
+
+double FeetOf(const Frame& frame)
+{
+    return MercatorFeet(MercatorLatitude(frame.y), frame.scale, frame.size.width());
+}
+
+Projection::Projection(const View& view) : Projection(FrameOf(view)) {}
+
+Projection::Projection(const Frame& frame)
+    : m_frame(frame), m_latitude(MercatorLatitude(frame.y) / kMicro), m_longitude(frame.x / kRadian / kMicro)
+{
+    m_metres = FeetPerPixel() * kMetresPerFoot * frame.ratio;
+    const double latitude = m_latitude * kMicro * kRadian;
+    const double sec = 1 / std::cos(latitude);
+    const double tan = std::tan(latitude);
     m_rise[0] = sec;
     m_rise[1] = sec * tan / 2;
     m_rise[2] = sec * (tan * tan + sec * sec) / 6;
@@ -59,22 +85,23 @@ Projection::Projection(const View& view) : m_view(view)
 
 QPointF Projection::Pixel(Place place) const
 {
-    double east = (static_cast<double>(place.longitude) - m_view.centre.longitude) * kMicro;
+    double east = (place.longitude - m_longitude) * kMicro;
     if (east > 180)
         east -= 360;
     else if (east < -180)
         east += 360;
-    const double north = (static_cast<double>(place.latitude) - m_view.centre.latitude) * kMicro * kRadian;
+    const double north = (place.latitude - m_latitude) * kMicro * kRadian;
     const double y = std::abs(north) < kNear
                          ? north * (m_rise[0] + north * (m_rise[1] + north * (m_rise[2] + north * m_rise[3])))
-                         : MercatorY(place.latitude * kMicro) - m_y;
-    return {m_view.size.width() / 2.0 + east * kRadian * m_scale, m_view.size.height() / 2.0 - y * m_scale};
+                         : MercatorY(place.latitude * kMicro) - m_frame.y;
+    return {m_frame.size.width() / 2.0 + east * kRadian * m_frame.scale,
+            m_frame.size.height() / 2.0 - y * m_frame.scale};
 }
 
 Place Projection::At(QPointF pixel) const
 {
-    const double y = m_y - (pixel.y() - m_view.size.height() / 2.0) / m_scale;
-    double longitude = (m_x + (pixel.x() - m_view.size.width() / 2.0) / m_scale) / kRadian;
+    const double y = m_frame.y - (pixel.y() - m_frame.size.height() / 2.0) / m_frame.scale;
+    double longitude = (m_frame.x + (pixel.x() - m_frame.size.width() / 2.0) / m_frame.scale) / kRadian;
     if (longitude > 180)
         longitude -= 360;
     else if (longitude < -180)
@@ -86,8 +113,8 @@ Place Projection::At(QPointF pixel) const
 Extent Projection::Ground(double margin) const
 {
     const QRectF sheet = Sheet().adjusted(-margin, -margin, margin, margin);
-    const double east = m_view.centre.longitude * kMicro;
-    const double half = sheet.width() / 2 / m_scale / kRadian;
+    const double east = m_longitude * kMicro;
+    const double half = sheet.width() / 2 / m_frame.scale / kRadian;
     // No wrapping here: an extent that ran over the date line would have its low side above its high one.
     const auto side = [](double longitude) {
         return static_cast<qint32>(std::lround(std::clamp(longitude, -180.0, 180.0) / kMicro));
@@ -100,7 +127,7 @@ Extent Projection::Ground(double margin) const
 
 double Projection::FeetPerPixel() const
 {
-    return MercatorFeet(m_view.centre.latitude * kMicro, m_scale, 1);
+    return MercatorFeet(m_latitude * kMicro, m_frame.scale, 1);
 }
 
 } // namespace vasclip::street::draw

@@ -8,7 +8,7 @@
 #include <cmath>
 #include <map>
 
-using namespace Qt::Literals::StringLiterals;
+using namespace Qt::StringLiterals;
 
 namespace vasclip::street::draw {
 
@@ -161,6 +161,16 @@ TEST(Labels, NameAStretchOnceAndRepeatFarOff)
     const std::vector<Written> written = LabelsOf(town, ViewOf(4000));
     EXPECT_EQ(CountOf(written, u"Short Lane"_s), 1);
     EXPECT_EQ(CountOf(written, u"Long Road"_s), 2);
+}
+
+TEST(Labels, NameAStreetWhoseEndsAreFarOutOfSight)
+{
+    MadeTown town;
+    town.Road(town.Name(u"County Road"_s), RoadClass::Local, {town.At(-90000, -90000), town.At(90000, 90000)});
+    town.Road(town.Name(u"Elsewhere"_s), RoadClass::Local, {town.At(-90000, 80000), town.At(90000, 80000)});
+    const std::vector<Written> written = LabelsOf(town, ViewOf(4000));
+    EXPECT_GE(CountOf(written, u"County Road"_s), 1);
+    EXPECT_EQ(CountOf(written, u"Elsewhere"_s), 0);
 }
 
 TEST(Labels, LeaveOutANameThatDoesNotFit)
