@@ -393,6 +393,8 @@ std::vector<Hit> Search::Run()
     }
     const std::vector<quint32> here = m_where.IsOpen() ? AnyWith(m_asked.street) : m_where.Counties();
     std::vector<Variant> variants = Named(m_asked.street, here);
+    if (m_asked.crossing == m_asked.street)
+        return hits; // no street crosses itself
     if (!m_asked.crossing.IsEmpty()) {
         std::vector<Variant> others = Named(m_asked.crossing, here);
         if (variants.empty())

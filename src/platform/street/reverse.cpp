@@ -16,6 +16,7 @@ namespace {
 
 constexpr double kMicroDegreesPerFoot = 2.75;
 constexpr double kHouseFeet = 100; ///< a house that is known this near is the address of the place
+constexpr double kElsewhereFeet = 150; ///< a number so much farther than a street without belongs to another
 constexpr std::size_t kMostStreets = 4; ///< that are looked up for their numbers
 
 /// A street that passes near the place.
@@ -135,6 +136,8 @@ std::vector<Candidate> AddressesNear(const EdgeStore& store, Place place, double
     bool housed = false;
     bool ranged = false;
     bool named = false;
+    double numberFeet = 0;
+    double nameFeet = 0;
     Candidate best;
     double bestFeet = kHouseFeet;
     for (const Passing& passing : streets) {
@@ -178,6 +181,7 @@ std::vector<Candidate> AddressesNear(const EdgeStore& store, Place place, double
             const HouseNumber number = NumberAt(foot.share, side);
             if (!number.IsEmpty()) {
                 ranged = true;
+                numberFeet = foot.feet;
                 Candidate candidate;
                 candidate.place = PlaceBeside(passing.line, foot.share, isLeft ? Side::Left : Side::Right, kHouseBesideFeet);
                 candidate.foundBy = FoundBy::Range;
@@ -190,6 +194,7 @@ std::vector<Candidate> AddressesNear(const EdgeStore& store, Place place, double
         }
         if (!named) {
             named = true;
+            nameFeet = foot.feet;
             const StoredSide& side = sides.left.zip != 0 ? sides.left : sides.right;
             Candidate candidate;
             candidate.place = PlaceBeside(passing.line, foot.share, Side::Middle, 0);
@@ -200,8 +205,12 @@ std::vector<Candidate> AddressesNear(const EdgeStore& store, Place place, double
             found.push_back(candidate);
         }
     }
-    std::stable_sort(found.begin(), found.end(),
-                     [](const Candidate& one, const Candidate& other) { return one.foundBy < other.foundBy; });
+    // The number comes before the street, unless one stands on a street that has none.
+    if (found.size() == 2) {
+        const bool own = numberFeet <= nameFeet + kElsewhereFeet;
+        if (own != (found.front().foundBy == FoundBy::Range))
+            std::swap(found.front(), found.back());
+    }
     if (housed)
         found.insert(found.begin(), best);
     return found;
