@@ -1,6 +1,7 @@
 #include "map/map_keys.h"
 
 #include "map/anchors.h"
+#include "map/arrange_arrows.h"
 #include "map/rotate.h"
 #include "map/selection.h"
 
@@ -53,6 +54,10 @@ bool mapview_KeyDown(MapDesk& desk, int keyCode, int shift)
         }
         if (keyCode == 'A') {
             cmdAnchorOne_Click(desk);
+            return true;
+        }
+        if (keyCode == 'G') {
+            cmdArrange_Click(desk);
             return true;
         }
         return Move(desk, keyCode, kStepPixels);

@@ -89,6 +89,12 @@ inline const QString kExportAborted = u"Export Aborted"_s;
 inline const QString kNotExported =
     u"%1 could not be written: %2. Check the map export directory in the settings, and the room on the disk"_s;
 
+inline const QString kArranged = u"Turned: %1. No arrow covers another or a house"_s;
+inline const QString kArrangedAlready = u"No arrow covers another or a house; none was turned"_s;
+inline const QString kCrowded =
+    u"There is no room for all arrows at this scale: %1 still cover something or are covered. Zoom in, or turn or "
+    "move them by hand"_s;
+
 // The words of changes of records.
 inline const QString kPlaceWords = u"Place %1 on the map"_s;
 inline const QString kAnchorWords = u"Anchor %1 on the map"_s;

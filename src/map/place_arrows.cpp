@@ -1,6 +1,7 @@
 #include "map/place_arrows.h"
 
 #include "common/error_block.h"
+#include "map/arrange_arrows.h"
 #include "map/flags.h"
 #include "map/map_addresses.h"
 #include "map/map_ranges.h"
@@ -208,6 +209,8 @@ void cmdSubjectAnd_Click(MapDesk& desk)
     SaveLocations(desk, found);
     zoomtopoints(desk, kSubjectPoint, state.g_MapPointCount - 1, true);
     ApplyMapDetail(desk);
+    if (desk.tab.ckbArrange.Value())
+        static_cast<void>(ArrangeArrows(desk));
     desk.map.Refresh();
     Tell(desk, placed + tally.placed, notFound + tally.notFound);
 }

@@ -1,0 +1,166 @@
+#include "map/arrange_arrows.h"
+
+#include "map/arrange.h"
+#include "map/flags.h"
+#include "map/messages.h"
+#include "map/picture_names.h"
+#include "map/rotate.h"
+#include "platform/picture/facts.h"
+#include "platform/text/text.h"
+
+#include <QHash>
+
+#include <cmath>
+#include <numbers>
+
+namespace vasclip::map {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr double kHouseSize = 12; ///< pixels that stay free around an arrow's tip
+
+/// From places to pixels of the view as it stands.
+class Projection
+{
+public:
+    explicit Projection(MapDesk& desk)
+        : m_width(desk.map.Width())
+        , m_height(desk.map.Height())
+    {
+        desk.map.DoAction(street::action::kReadCentre);
+        m_centre = {desk.map.Latitude(), desk.map.Longitude()};
+        m_pixelsPerFoot = desk.map.Scale() > 0 ? m_width / desk.map.Scale() : 0;
+    }
+    [[nodiscard]] bool Usable() const { return m_width > 0 && m_height > 0 && m_pixelsPerFoot > 0; }
+    [[nodiscard]] Tile View() const { return {0, 0, m_width, m_height}; }
+    [[nodiscard]] Spot SpotOf(street::Place place) const
+    {
+        constexpr double kMillion = 1'000'000, kFeetOfDegree = 364'567; // of a meridian, on average
+        const double latitude = m_centre.latitude / kMillion * std::numbers::pi / 180;
+        const double north = (place.latitude - m_centre.latitude) / kMillion * kFeetOfDegree;
+        const double east = (place.longitude - m_centre.longitude) / kMillion * kFeetOfDegree * std::cos(latitude);
+        return {m_width / 2 + east * m_pixelsPerFoot, m_height / 2 - north * m_pixelsPerFoot};
+    }
+
+private:
+    double m_width, m_height, m_pixelsPerFoot = 0;
+    street::Place m_centre;
+};
+
+/// Sizes of bitmaps, each read once.
+class Sizes
+{
+public:
+    explicit Sizes(const MapDesk& desk)
+        : m_desk(desk)
+    {}
+    QSize Of(const QString& name)
+    {
+        const QString path = BitmapPath(m_desk.globals.arrowsDir, name);
+        if (const auto known = m_sizes.constFind(path); known != m_sizes.cend())
+            return *known;
+        QSize size;
+        try {
+            if (m_desk.disk.FileExists(path))
+                size = picture::Describe(m_desk.disk, path).size;
+        } catch (const RuntimeError&) {
+            size = {}; // a damaged bitmap is none
+        }
+        return *m_sizes.insert(path, size);
+    }
+
+private:
+    const MapDesk& m_desk;
+    QHash<QString, QSize> m_sizes;
+};
+
+ArrowShapes ShapesOf(Sizes& sizes, const MapPoint& point)
+{
+    ArrowShapes shapes;
+    PictureName name = ParsePicture(point.picture);
+    for (int direction = 1; direction <= kDirections; ++direction) {
+        name.direction = direction;
+        const QSize size = sizes.Of(ArrowName(name));
+        if (!size.isEmpty())
+            shapes[static_cast<std::size_t>(direction - 1)] = ShapeOf(direction, size.width(), size.height());
+    }
+    return shapes;
+}
+
+QString Caption(const MapPoint& point)
+{
+    const PictureName name = ParsePicture(point.picture);
+    return name.number > 0 ? name.type + u" #"_s + text::Dec(name.number)
+                           : (name.type.isEmpty() ? text::Trim(point.text) : name.type);
+}
+
+struct Scene
+{
+    std::vector<MapPoint> points; ///< of the arrows
+    std::vector<ArrowToArrange> arrows;
+    std::vector<Tile> houses;
+};
+
+Scene SceneOf(MapDesk& desk, const Projection& projection)
+{
+    Scene scene;
+    Sizes sizes(desk);
+    for (qint32 id = 1; id <= desk.state.g_MapPointCount; ++id) {
+        const std::optional<MapPoint> point = LoadPoint(desk, id);
+        if (!point)
+            continue;
+        const Spot spot = projection.SpotOf(point->place);
+        const PictureName name = ParsePicture(point->picture);
+        if (name.arrow) {
+            const bool byHand = desk.state.turnedByHand.contains(id) || point->flags & flag::kAnchored;
+            scene.points.push_back(*point);
+            scene.arrows.push_back({.house = spot,
+                                    .direction = name.direction,
+                                    .fixed = byHand,
+                                    .shapes = ShapesOf(sizes, *point)});
+        } else {
+            const QSize size = sizes.Of(BitmapName(point->picture));
+            const double width = std::max<double>(size.width(), kHouseSize);
+            const double height = std::max<double>(size.height(), kHouseSize);
+            scene.houses.push_back({spot.x - width / 2, spot.y - height / 2, width, height});
+        }
+    }
+    return scene;
+}
+
+} // namespace
+
+ArrangeTally ArrangeArrows(MapDesk& desk)
+{
+    ArrangeTally tally;
+    const Projection projection(desk);
+    if (!projection.Usable())
+        return tally;
+    const Scene scene = SceneOf(desk, projection);
+    const Arrangement arranged = Arrange(scene.arrows, scene.houses, kHouseSize, projection.View());
+    for (std::size_t i = 0; i < scene.points.size(); ++i)
+        if (arranged.directions[i] != scene.arrows[i].direction &&
+            TurnArrow(desk, scene.points[i], arranged.directions[i]))
+            tally.turned.append(Caption(scene.points[i]));
+    for (const int i : arranged.crowded)
+        tally.crowded.append(Caption(scene.points[static_cast<std::size_t>(i)]));
+    return tally;
+}
+
+void cmdArrange_Click(MapDesk& desk)
+{
+    if (desk.state.working)
+        return;
+    const ArrangeTally tally = ArrangeArrows(desk);
+    desk.map.Refresh();
+    if (!tally.crowded.isEmpty())
+        desk.status.lblmsg.Show(messages::kCrowded.arg(tally.crowded.join(u", "_s)), forms::Colour::Red);
+    else
+        desk.status.lblmsg.Show(tally.turned.isEmpty() ? messages::kArrangedAlready
+                                                       : messages::kArranged.arg(tally.turned.join(u", "_s)),
+                                forms::Colour::Blue);
+}
+
+} // namespace vasclip::map
