@@ -61,15 +61,16 @@ public:
         return static_cast<qint64>(value >> 1) ^ -static_cast<qint64>(value & 1);
     }
     QString Text() { return Raw(Number()); }
-    QString Raw(quint64 size)
+    QString Raw(quint64 size) { return QString::fromUtf8(Bytes(size)); }
+    QByteArrayView Bytes(quint64 size)
     {
         if (size > static_cast<quint64>(Left())) {
             Fail();
             return {};
         }
-        const QString text = QString::fromUtf8(m_bytes.sliced(m_at, static_cast<qsizetype>(size)));
+        const QByteArrayView bytes = m_bytes.sliced(m_at, static_cast<qsizetype>(size));
         m_at += static_cast<qsizetype>(size);
-        return text;
+        return bytes;
     }
     /// How many follow of things of at least `least` bytes each; 0 and `Failed` where so many can't be there.
     std::size_t Count(qsizetype least)

@@ -46,10 +46,21 @@ bool Shows(Level level, const PlaceName& place)
     return level == Level::Town ? place.kind <= PlaceKind::Hamlet : place.kind <= PlaceKind::Town;
 }
 
-quint64 KeyOf(Place place)
+constexpr std::size_t kLongestJoined = 2000;
+
+/// A place where lines of one street and class end.
+struct End
 {
-    return quint64(static_cast<quint32>(place.latitude)) << 32 | static_cast<quint32>(place.longitude);
-}
+    Place place;
+    quint32 street = 0;
+    RoadClass roadClass = RoadClass::Local;
+    friend bool operator==(const End&, const End&) = default;
+    friend size_t qHash(const End& end, size_t seed)
+    {
+        return qHashMulti(seed, end.place.latitude, end.place.longitude, end.street,
+                          static_cast<quint8>(end.roadClass));
+    }
+};
 
 } // namespace
 
@@ -107,24 +118,30 @@ RoadClass CoarseLevels::Least(Level level) const
 std::vector<CoarseLevels::Road> CoarseLevels::Joined(Level level) const
 {
     const RoadClass least = Least(level);
+    const auto endOf = [](const Road& road, Place place) { return End{place, road.street, road.roadClass}; };
     std::vector<const Road*> roads;
     for (const Road& road : m_roads) {
         if (road.roadClass <= least || (road.roadClass == RoadClass::Rail && level == Level::Town))
             roads.push_back(&road);
     }
-    // By street and end: a line goes on with one that is of its street and class and not yet taken.
+    // A line goes on with one of its street and class that is not yet taken. Of those that end in a place, the taken
+    // ones are let go, since a source may have any number of them.
     std::vector<bool> taken(roads.size(), false);
-    QMultiHash<quint64, std::size_t> ends;
+    QHash<End, std::vector<std::size_t>> ends;
     for (std::size_t at = 0; at < roads.size(); ++at) {
-        ends.insert(KeyOf(roads[at]->line.front()), at);
-        ends.insert(KeyOf(roads[at]->line.back()), at);
+        ends[endOf(*roads[at], roads[at]->line.front())].push_back(at);
+        ends[endOf(*roads[at], roads[at]->line.back())].push_back(at);
     }
-    const auto next = [&](const Road& like, Place end) -> const Road* {
-        for (auto found = ends.constFind(KeyOf(end)); found != ends.cend() && found.key() == KeyOf(end); ++found) {
-            const Road* const road = roads[*found];
-            if (!taken[*found] && road->street == like.street && road->roadClass == like.roadClass) {
-                taken[*found] = true;
-                return road;
+    const auto next = [&](const Road& like, const std::deque<Place>& line, Place end) -> const Road* {
+        if (line.size() > kLongestJoined)
+            return nullptr;
+        std::vector<std::size_t>& candidates = ends[endOf(like, end)];
+        while (!candidates.empty()) {
+            const std::size_t found = candidates.back();
+            candidates.pop_back();
+            if (!taken[found]) {
+                taken[found] = true;
+                return roads[found];
             }
         }
         return nullptr;
@@ -136,13 +153,13 @@ std::vector<CoarseLevels::Road> CoarseLevels::Joined(Level level) const
         taken[at] = true;
         const Road& first = *roads[at];
         std::deque<Place> line(first.line.begin(), first.line.end());
-        while (const Road* more = next(first, line.back())) {
+        while (const Road* more = next(first, line, line.back())) {
             if (more->line.front() == line.back())
                 line.insert(line.end(), more->line.begin() + 1, more->line.end());
             else
                 line.insert(line.end(), more->line.rbegin() + 1, more->line.rend());
         }
-        while (const Road* more = next(first, line.front())) {
+        while (const Road* more = next(first, line, line.front())) {
             if (more->line.back() == line.front())
                 line.insert(line.begin(), more->line.begin(), more->line.end() - 1);
             else

@@ -38,7 +38,13 @@ std::vector<bool> Staying(const std::vector<Place>& line, double metres)
     stays.front() = stays.back() = true;
     const double squeeze = Squeeze(line.front().latitude);
     const double limit = (metres / kMetresPerUnit) * (metres / kMetresPerUnit);
-    std::vector<std::pair<std::size_t, std::size_t>> open{{0, line.size() - 1}};
+    // In pieces: a line that goes to and fro many thousand times would take hours as a whole.
+    constexpr std::size_t kPiece = 1000;
+    std::vector<std::pair<std::size_t, std::size_t>> open;
+    for (std::size_t from = 0; from + 1 < line.size(); from += kPiece) {
+        open.emplace_back(from, std::min(from + kPiece, line.size() - 1));
+        stays[from] = true;
+    }
     while (!open.empty()) {
         const auto [from, to] = open.back();
         open.pop_back();

@@ -10,7 +10,7 @@
 namespace vasclip::street {
 namespace {
 
-using namespace Qt::Literals::StringLiterals;
+using namespace Qt::StringLiterals;
 
 const quint32 kId = grid::IdAt(Level::Streets, {32'455'000, -86'470'000});
 

@@ -5,6 +5,7 @@
 #include "platform/street/made_town.h"
 #include "support/file_limit.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -15,7 +16,7 @@
 namespace vasclip::street {
 namespace {
 
-using namespace Qt::Literals::StringLiterals;
+using namespace Qt::StringLiterals;
 using tests::MadeTown;
 
 CountyInfo About()
@@ -151,6 +152,18 @@ TEST_F(CountyFiles, JoinAndThinOutOnTheCoarserLevels)
     EXPECT_GE(lines, 8U);
     EXPECT_LE(lines, 8U * 4U);
     EXPECT_EQ(longest, 2U);
+}
+
+TEST_F(CountyFiles, TakeTheSameLineAnyNumberOfTimes)
+{
+    MadeTown town;
+    town.edges.resize(1);
+    town.edges.resize(30'000, town.edges.front());
+    QElapsedTimer timer;
+    timer.start();
+    const std::unique_ptr<CountyFile> file = Written(town);
+    EXPECT_EQ(file->Info().edges, 30'000);
+    EXPECT_LT(timer.elapsed(), 20'000);
 }
 
 TEST_F(CountyFiles, ShowLocalStreetsFromAfarWhereThereIsNothingElse)

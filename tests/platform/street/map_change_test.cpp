@@ -15,7 +15,7 @@
 namespace vasclip::street {
 namespace {
 
-using namespace Qt::Literals::StringLiterals;
+using namespace Qt::StringLiterals;
 
 class MapChanges : public testing::Test
 {

@@ -17,7 +17,7 @@
 namespace vasclip::street {
 namespace {
 
-using namespace Qt::Literals::StringLiterals;
+using namespace Qt::StringLiterals;
 using tests::MadeTown;
 
 constexpr Place kFirst{32'000'000, -86'000'000};
