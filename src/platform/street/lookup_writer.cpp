@@ -14,6 +14,8 @@
 #include <algorithm>
 #include <map>
 
+using namespace Qt::StringLiterals;
+
 namespace vasclip::street {
 
 namespace {
@@ -289,7 +291,7 @@ bool ReadSummary(sqlite3* county, LookupSummary& summary, QString& problem)
     if (!row)
         return false;
     if (sqlite3_step(row.get()) != SQLITE_ROW) {
-        problem = QStringLiteral("the file has no summary of its streets");
+        problem = u"the file has no summary of its streets"_s;
         return false;
     }
     const auto* bytes = static_cast<const char*>(sqlite3_column_blob(row.get(), 0));
