@@ -123,11 +123,11 @@ void PaintRoads(QPainter& painter, const Projection& projection, const Content& 
                 continue;
             const RoadInk& ink = palette.roads.at(index);
             const double width = projection.Px(widths.at(index));
-            // A hair's breadth has no room for an edge: the line itself takes the edge's colour.
+            // A hair's breadth has no room for an edge: on a light map the line itself takes the edge's colour.
             const bool hair = widths.at(index) < 2;
             if (casing && hair)
                 continue;
-            painter.strokePath(paths.at(index), QPen(casing || hair ? ink.casing : ink.fill,
+            painter.strokePath(paths.at(index), QPen(casing || (hair && !look.dark) ? ink.casing : ink.fill,
                                                      casing ? width + 2 * std::round(projection.Px(1)) : width,
                                                      Qt::SolidLine, casing ? Qt::FlatCap : Qt::RoundCap,
                                                      Qt::RoundJoin));

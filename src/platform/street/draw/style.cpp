@@ -25,7 +25,7 @@ constexpr std::array<RoadSize, kRoadClasses> kSizes{{{17, 2.6, 20, 1e9},
                                                      {5, 0.7, 8, 4},
                                                      {4, 0.9, 5, 8},
                                                      {2, 0.9, 3, 3},
-                                                     {3, 1.2, 4, 130}}};
+                                                     {5, 1.2, 4, 130}}};
 
 Palette Light()
 {
