@@ -23,6 +23,8 @@ constexpr std::size_t kMostCountiesMisspelt = 8;
 constexpr double kCornerFeet = 15; ///< no house stands in the middle of a crossing
 constexpr double kTownFeet = 12 * 5280;
 constexpr double kLocatedElsewhere = 0.9;
+constexpr qint32 kBeyond = 200000; ///< how far over its county's line a post town delivers, in millionths of a degree
+constexpr std::size_t kMostMiddles = 4;
 
 /// "10-20" may be a number of two parts, or the first of two; "1020" may be 10-20 without its hyphen.
 std::vector<HouseNumber> OtherNumbers(const HouseNumber& number)
@@ -134,6 +136,30 @@ std::vector<quint32> Search::AnyWith(const StreetName& name) const
                 break;
         }
     }
+    return {counties.begin(), counties.end()};
+}
+
+std::vector<quint32> Search::Neighbours() const
+{
+    std::vector<Place> middles;
+    if (const auto& zip = m_where.Zip())
+        middles.push_back(zip->centre);
+    for (const KnownPlace& place : m_where.Places()) {
+        if (middles.size() < kMostMiddles)
+            middles.push_back(place.place);
+    }
+    std::set<quint32> counties;
+    for (const Place middle : middles) {
+        for (const int north : {-1, 0, 1}) {
+            for (const int east : {-1, 0, 1}) {
+                const Place beside{middle.latitude + north * kBeyond, middle.longitude + east * kBeyond};
+                const std::vector<quint32> there = m_store.CountiesAt(beside);
+                counties.insert(there.begin(), there.end());
+            }
+        }
+    }
+    for (const quint32 county : m_where.Counties())
+        counties.erase(county);
     return {counties.begin(), counties.end()};
 }
 
@@ -422,8 +448,7 @@ std::vector<Hit> Search::Run()
     }
     if (hits.empty() && !m_where.IsOpen()) {
         // A post town's streets may lie beyond the county line.
-        std::vector<quint32> beyond = AnyWith(m_asked.street);
-        std::erase_if(beyond, [&here](quint32 county) { return std::binary_search(here.begin(), here.end(), county); });
+        const std::vector<quint32> beyond = Neighbours();
         for (Hit& hit : HitsOf(Named(m_asked.street, beyond))) {
             if (hit.located || hit.candidate.score >= kLocatedElsewhere)
                 hits.push_back(std::move(hit));

@@ -45,6 +45,9 @@ private:
     /// Counties of the whole map that can have the name, in the state that was asked for.
     [[nodiscard]] std::vector<quint32> AnyWith(const StreetName& name) const;
 
+    /// Counties around the ZIP or city that was asked for, without those that have it.
+    [[nodiscard]] std::vector<quint32> Neighbours() const;
+
     [[nodiscard]] std::vector<Hit> HitsOf(const std::vector<Variant>& variants) const;
     void AddHouses(const Variant& variant, const HouseNumber& number, double score, std::vector<Hit>& hits) const;
     void AddRanges(const Variant& variant, const HouseNumber& number, double score, std::vector<Hit>& hits) const;

@@ -1,0 +1,393 @@
+// Finding addresses on a state's streets: time by kind of query, growth with the number of edges, bytes on disk, and how
+// many are found and how near. The streets are those of real counties, and copies of them under other names and places.
+// usage: bench_geocode MAPDATA [EDGES [EDGES]]
+//   MAPDATA  the directory that has prattville_al and middlebury_vt_points
+
+#include "platform/street/address_parser.h"
+#include "platform/street/county_writer.h"
+#include "platform/street/geocode.h"
+#include "platform/street/geocode_line.h"
+#include "platform/street/sample_pack.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QHash>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <ctime>
+#include <random>
+#include <vector>
+
+using namespace vasclip;
+using namespace vasclip::street;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kHitFeet = 131; // 40 m
+
+struct Example
+{
+    QString kind;
+    QString query;
+    bool isOnStreet = true;
+    Place place;
+    QString street = {}; ///< its true name
+};
+
+Place At(double latitude, double longitude)
+{
+    return {static_cast<qint32>(std::lround(latitude * 1e6)), static_cast<qint32>(std::lround(longitude * 1e6))};
+}
+
+std::vector<Example> ReadExamples(const QString& path)
+{
+    std::vector<Example> examples;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return examples;
+    while (!file.atEnd()) {
+        const QStringList cells = QString::fromUtf8(file.readLine()).remove(u'\n').split(u'\t');
+        if (cells.size() < 10 || cells.at(0) == u"id" || cells.at(0).startsWith(u'#'))
+            continue;
+        examples.push_back({cells.at(1), cells.at(2), !cells.at(8).isEmpty(),
+                            At(cells.at(8).toDouble(), cells.at(9).toDouble()), cells.at(4)});
+    }
+    return examples;
+}
+
+std::vector<AddressPoint> ReadHouses(const QString& path)
+{
+    std::vector<AddressPoint> houses;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return houses;
+    const QJsonArray features = QJsonDocument::fromJson(file.readAll()).object().value(u"features"_s).toArray();
+    for (const auto& feature : features) {
+        const QJsonObject fields = feature.toObject().value(u"properties"_s).toObject();
+        const QJsonArray place =
+            feature.toObject().value(u"geometry"_s).toObject().value(u"coordinates"_s).toArray();
+        houses.push_back({QString::number(fields.value(u"HOUSE_NUMBER"_s).toInt()) +
+                              fields.value(u"HOUSE_NUMBERSUFFIX"_s).toString(),
+                          fields.value(u"PRIMARYNAME"_s).toString(), {}, fields.value(u"TOWNNAME"_s).toString(),
+                          fields.value(u"ZIP"_s).toString(), At(place.at(1).toDouble(), place.at(0).toDouble())});
+    }
+    return houses;
+}
+
+/// How a county of the made state differs from the real one.
+class Copy
+{
+public:
+    explicit Copy(int number)
+        : m_number(number)
+    {}
+
+    [[nodiscard]] Place Moved(Place place) const
+    {
+        // Half a degree apart, 30 in a row.
+        return {place.latitude - 500000 * (m_number / 30), place.longitude + 500000 * (m_number % 30)};
+    }
+    [[nodiscard]] QString Zip(const QString& zip) const
+    {
+        if (m_number == 0 || zip.isEmpty())
+            return zip;
+        return QString::number(10000 + (m_number * 20 + zip.toInt() % 20) % 89999);
+    }
+    [[nodiscard]] QString Town(const QString& town) const
+    {
+        return m_number == 0 ? town : Word(m_number) + Word(m_number / 40 + 7).toLower() + town.toLower();
+    }
+    /// One name in four is everywhere, as Main Street is, and so are numbered roads.
+    [[nodiscard]] QString Street(const QString& name) const { return Street(name, name); }
+    /// @param written  the name as a query has it, in the copy called as `name` is
+    [[nodiscard]] QString Street(const QString& written, const QString& name) const
+    {
+        const uint hash = static_cast<uint>(qHash(name, 7));
+        const bool numbered = std::any_of(name.begin(), name.end(), [](QChar letter) { return letter.isDigit(); });
+        if (m_number == 0 || numbered || hash % 4 == 0)
+            return written;
+        const QString word = Word(m_number * 7 + static_cast<int>(hash % 1000));
+        // A direction stays in front.
+        const qsizetype blank = written.indexOf(u' ');
+        return blank == 1 ? written.left(2) + word + written.sliced(1) : word + u' ' + written;
+    }
+
+private:
+    static QString Word(int number)
+    {
+        static const char* const kWords[] = {
+            "Oak",   "River", "Cedar", "Stone",  "Eagle", "Silver", "Willow", "Falcon", "Maple", "Copper",
+            "Birch", "Amber", "Hazel", "Juniper", "Fox",   "Heron",  "Laurel", "Granite", "Aspen", "Bishop",
+            "Clay",  "Dover", "Ember", "Fern",   "Grant", "Harbor", "Indigo", "Jasper", "Kirby", "Linden",
+            "Moss",  "Nolan", "Orchid", "Pearl", "Quail", "Raven",  "Saddle", "Thorn",  "Umber", "Violet"};
+        return QString::fromLatin1(kWords[static_cast<std::size_t>(number) % std::size(kWords)]);
+    }
+    int m_number;
+};
+
+/// A query for the copy: each word of the real one that names something, as the copy calls it.
+QString Translated(const Example& example, const Copy& copy)
+{
+    QString text = example.query;
+    if (const Address address = ParseAddress(text); !address.zip.isEmpty())
+        text.replace(address.zip, copy.Zip(address.zip));
+    text.replace(u"prattville"_s, copy.Town(u"Prattville"_s), Qt::CaseInsensitive);
+    const qsizetype blank = text.indexOf(u' ');
+    text.replace(blank + 1, text.size(), copy.Street(text.sliced(blank + 1), example.street));
+    return example.kind == u"lower" ? text.toLower() : text;
+}
+
+struct State
+{
+    QTemporaryDir directory;
+    qint64 edges = 0;
+    int counties = 0;
+    qint64 bytes = 0;
+};
+
+bool MakeState(State& state, const std::vector<RoadEdge>& real, qint64 wanted)
+{
+    std::vector<CountyRecord> records;
+    QString problem;
+    QElapsedTimer clock;
+    clock.start();
+    // Two copies a county, side by side, make one of the usual size.
+    for (int number = 0; state.edges < wanted; ++number) {
+        const QString file = u"%1-1.cel"_s.arg(10000 + number);
+        CountyWriter writer(state.directory.filePath(file),
+                            CountyInfo{QString::number(10000 + number), u"AL"_s, u"made"_s, u"2021"_s, {}});
+        for (const int half : {0, 1}) {
+            const Copy copy(number * 2 + half);
+            for (RoadEdge edge : real) {
+                edge.name = copy.Street(edge.name);
+                for (Place& place : edge.line)
+                    place = copy.Moved(place);
+                edge.left.zip = copy.Zip(edge.left.zip);
+                edge.right.zip = copy.Zip(edge.right.zip);
+                state.edges += writer.Add(edge) ? 1 : 0;
+            }
+            writer.Add(PlaceName{copy.Town(u"Prattville"_s), PlaceKind::City, 33960,
+                                 copy.Moved({32464000, -86459700}), {}});
+        }
+        CountyRecord record;
+        if (!writer.Finish(problem) || !MakeRecord(state.directory.path(), file, record, problem)) {
+            std::printf("%s\n", qPrintable(problem));
+            return false;
+        }
+        records.push_back(record);
+        state.bytes += record.bytes;
+    }
+    state.counties = static_cast<int>(records.size());
+    if (!WriteIndex(state.directory.path(), records, problem)) {
+        std::printf("%s\n", qPrintable(problem));
+        return false;
+    }
+    const qint64 index = QFileInfo(state.directory.filePath(u"F1"_s)).size();
+    state.bytes += index;
+    std::printf("%d counties, %lld edges, made in %.1f s: %.1f bytes an edge, of them %.1f of the index\n",
+                state.counties, static_cast<long long>(state.edges), static_cast<double>(clock.elapsed()) / 1000,
+                static_cast<double>(state.bytes) / static_cast<double>(state.edges),
+                static_cast<double>(index) / static_cast<double>(state.edges));
+    return true;
+}
+
+void Forget(const QString& directory)
+{
+    const QStringList files = QDir(directory).entryList(QDir::Files);
+    for (const QString& name : files) {
+        const int file = open(QFile::encodeName(directory + u'/' + name).constData(), O_RDONLY);
+        if (file >= 0) {
+            posix_fadvise(file, 0, 0, POSIX_FADV_DONTNEED);
+            close(file);
+        }
+    }
+}
+
+double Milliseconds(clockid_t clock)
+{
+    timespec now{};
+    clock_gettime(clock, &now);
+    return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
+}
+
+struct Times
+{
+    std::vector<double> milliseconds;
+    int hits = 0;
+
+    [[nodiscard]] double At(double share)
+    {
+        std::sort(milliseconds.begin(), milliseconds.end());
+        const auto at = static_cast<std::size_t>(share * static_cast<double>(milliseconds.size()));
+        return milliseconds.empty() ? 0 : milliseconds[std::min(at, milliseconds.size() - 1)];
+    }
+};
+
+/// @return the median of all that are found, in milliseconds
+double Time(const State& state, const std::vector<Example>& examples, int queries)
+{
+    const MapData maps(state.directory.path());
+    const MapGeocoder geocoder(maps);
+    std::mt19937 random(11);
+    Times all;
+    Times cold;
+    Times reverse;
+    QHash<QString, Times> kinds;
+    for (const bool warm : {false, true}) {
+        random.seed(11);
+        if (!warm)
+            Forget(state.directory.path());
+        for (int round = 0; round < queries; ++round) {
+            const Copy copy(static_cast<int>(random() % static_cast<unsigned>(state.counties * 2)));
+            const Example& example = examples[random() % examples.size()];
+            const QString query = Translated(example, copy);
+            // Processor time, so that what else the machine does is not counted; what waits for the disk by the wall.
+            const clockid_t clock = warm ? CLOCK_THREAD_CPUTIME_ID : CLOCK_MONOTONIC;
+            const double from = Milliseconds(clock);
+            const std::vector<Candidate> found = geocoder.Find(query);
+            const double took = Milliseconds(clock) - from;
+            const bool hit = example.isOnStreet
+                                 ? !found.empty() && PlaneFeet(found[0].place, copy.Moved(example.place)) <= kHitFeet
+                                 : found.empty();
+            if (!warm) {
+                cold.milliseconds.push_back(took);
+                continue;
+            }
+            all.milliseconds.push_back(took);
+            kinds[example.kind].milliseconds.push_back(took);
+            if (hit) {
+                ++all.hits;
+                ++kinds[example.kind].hits;
+            }
+            if (!example.isOnStreet)
+                continue;
+            const double before = Milliseconds(clock);
+            const std::vector<Candidate> near = geocoder.Near(copy.Moved(example.place));
+            reverse.milliseconds.push_back(Milliseconds(clock) - before);
+            reverse.hits += near.empty() ? 0 : 1;
+        }
+    }
+    std::printf("%-12s %8s %9s %9s %9s\n", "kind", "found", "median ms", "95 % ms", "worst ms");
+    const auto print = [](const char* name, Times& times) {
+        std::printf("%-12s %7.1f%% %9.3f %9.3f %9.3f\n", name,
+                    100.0 * times.hits / static_cast<double>(times.milliseconds.size()), times.At(0.5), times.At(0.95),
+                    times.At(1));
+    };
+    QStringList names = kinds.keys();
+    names.sort();
+    for (const QString& name : std::as_const(names))
+        print(qPrintable(name), kinds[name]);
+    print("all", all);
+    print("reverse", reverse);
+    std::printf("%-12s %8s %9.3f %9.3f %9.3f  (by the wall, files dropped from the cache)\n", "cold", "",
+                cold.At(0.5), cold.At(0.95), cold.At(1));
+    return all.At(0.5);
+}
+
+/// Hits and errors on the real county.
+void Measure(const char* name, const MapGeocoder& geocoder, const std::vector<Example>& examples)
+{
+    struct Tally
+    {
+        int asked = 0;
+        int hits = 0;
+        int wrong = 0;
+        int sure = 0;
+        int sureWrong = 0;
+        std::vector<double> feet;
+    };
+    QMap<QString, Tally> tallies;
+    for (const Example& example : examples) {
+        Tally& tally = tallies[example.kind];
+        ++tally.asked;
+        const std::vector<Candidate> found = geocoder.Find(example.query);
+        if (found.empty()) {
+            tally.hits += example.isOnStreet ? 0 : 1;
+            continue;
+        }
+        const double feet = PlaneFeet(found[0].place, example.place);
+        const bool hit = example.isOnStreet && feet <= kHitFeet;
+        tally.hits += hit ? 1 : 0;
+        tally.wrong += hit ? 0 : 1;
+        tally.sure += found[0].sure ? 1 : 0;
+        tally.sureWrong += found[0].sure && !hit ? 1 : 0;
+        if (hit)
+            tally.feet.push_back(feet);
+    }
+    std::printf("\n%s: found within %.0f feet\n%-12s %6s %7s %6s %6s %11s %12s %9s\n", name, kHitFeet, "kind", "asked",
+                "right", "wrong", "sure", "sure, wrong", "median feet", "worst");
+    for (auto tally = tallies.begin(); tally != tallies.end(); ++tally) {
+        std::sort(tally->feet.begin(), tally->feet.end());
+        std::printf("%-12s %6d %6.1f%% %6d %6d %11d %12.1f %9.1f\n", qPrintable(tally.key()), tally->asked,
+                    100.0 * tally->hits / tally->asked, tally->wrong, tally->sure, tally->sureWrong,
+                    tally->feet.empty() ? 0 : tally->feet[tally->feet.size() / 2],
+                    tally->feet.empty() ? 0 : tally->feet.back());
+    }
+}
+
+std::vector<Example> HouseExamples(const std::vector<AddressPoint>& houses)
+{
+    std::vector<Example> examples;
+    for (const AddressPoint& house : houses) {
+        if (house.number == u"0" || house.street.isEmpty())
+            continue;
+        const QString line = house.number + u' ' + house.street;
+        examples.push_back({u"exact"_s, line + u", "_s + house.city + u", VT "_s + house.zip, true, house.place});
+        examples.push_back({u"lower"_s, (line + u' ' + house.city + u" vt "_s + house.zip).toLower(), true, house.place});
+        examples.push_back({u"nozip"_s, line + u", "_s + house.city + u", VT"_s, true, house.place});
+        examples.push_back({u"nocity"_s, line + u", "_s + house.zip, true, house.place});
+        examples.push_back({u"outofrange"_s, u"9"_s + house.number + u"99 "_s + house.street + u", "_s + house.city + u", VT "_s + house.zip, false, {}});
+    }
+    return examples;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication app(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    const QString data = arguments.value(1);
+    const std::vector<RoadEdge> real = test::ReadAddrFeat(data + u"/prattville_al/prattville_addrfeat"_s);
+    const std::vector<Example> examples = ReadExamples(data + u"/prattville_al/geocode_examples.tsv"_s);
+    if (real.empty() || examples.empty()) {
+        std::printf("usage: bench_geocode MAPDATA [EDGES [EDGES]]\nMAPDATA has no prattville_al with streets and examples.\n");
+        return 2;
+    }
+    double first = 0;
+    const QList<qint64> sizes{arguments.value(2, u"400000"_s).toLongLong(), arguments.value(3, u"0"_s).toLongLong()};
+    for (const qint64 edges : sizes) {
+        if (edges <= 0)
+            continue;
+        State state;
+        if (!MakeState(state, real, edges))
+            return 1;
+        const double median = Time(state, examples, 4000);
+        if (first > 0)
+            std::printf("growth of the median: %.2f (limit 1.5)\n", median / first);
+        first = median;
+        std::printf("\n");
+    }
+    const auto county = test::MakePack(u"01001"_s, u"AL"_s, real, {},
+                                       {{u"Prattville"_s, PlaceKind::City, 33960, {32464000, -86459700}, {}}});
+    if (county)
+        Measure("Prattville, ranges", MapGeocoder(*county->maps), examples);
+    const std::vector<AddressPoint> houses =
+        ReadHouses(data + u"/middlebury_vt_points/e911_address_points_middlebury.geojson"_s);
+    const auto town = test::MakePack(u"50001"_s, u"VT"_s, {}, houses, {});
+    if (town && !houses.empty())
+        Measure("Middlebury, address points", MapGeocoder(*town->maps), HouseExamples(houses));
+    return 0;
+}
