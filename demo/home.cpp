@@ -8,9 +8,11 @@
 #include "demo/market.h"
 #include "demo/photo_shoot.h"
 #include "demo/settings_files.h"
+#include "platform/street/draw/mark.h"
 #include "platform/text/runtime_error.h"
 #include "store/schema.h"
 
+#include <QCoreApplication>
 #include <QDir>
 
 using namespace Qt::Literals::StringLiterals;
@@ -103,6 +105,10 @@ HomeOutcome MakeHome(const HomeOptions& options, const std::function<void(const 
         MakeDirectory(disk, path);
     disk.WriteWhole(kIniDirectory + u"VAS2000.INI"_s, ApplicationIniText().toLatin1());
     MakeArtwork(disk, kProgram);
+    const QStringList missing = street::draw::DeliverMarks(QCoreApplication::applicationDirPath() + u"/arrows"_s,
+                                                           disk.ToNative(kProgram + u"arrows"_s));
+    if (!missing.isEmpty())
+        throw RuntimeError(error::kPermissionDenied, missing.front());
 
     say(u"Templates"_s);
     for (const auto name : {"NEWDATA.MDB"_L1, "NEWCMTS.MDB"_L1, "appraisal.mbk"_L1, "Report_Brief.mdb"_L1,

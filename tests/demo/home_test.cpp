@@ -6,6 +6,7 @@
 #include "formsbook/mapping.h"
 #include "platform/files/profile.h"
 #include "platform/text/runtime_error.h"
+#include "platform/street/draw/mark.h"
 #include "store/store.h"
 
 #include <QDir>
@@ -179,6 +180,8 @@ TEST(Home, HoldsWhatTheProgramsLookFor)
     globals.applicationIni = u"C:\\APPRAISE\\VAS2000.INI"_s;
     globals.kelIni = u"C:\\APPRAISE\\KEL.INI"_s;
     common::ReadGlobals(globals, common::ProfileReader(disk, globals));
+    for (const QString& name : street::draw::MarkNames())
+        EXPECT_TRUE(disk.FileExists(globals.arrowsDir + name)) << name.toStdString();
     for (const common::SettingRow& row : common::Settings()) {
         if (row.file != common::IniFile::Application || row.readBy == common::ReadBy::Nothing)
             continue;

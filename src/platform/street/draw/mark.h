@@ -39,6 +39,10 @@ struct Mark
 /// @return what could not be written
 [[nodiscard]] QStringList WriteMarks(const QString& nativeDirectory);
 
+/// Copies the bitmaps that a directory lacks from the folder that the program is delivered with.
+/// @return what could not be copied; nothing where the folder itself is missing
+[[nodiscard]] QStringList DeliverMarks(const QString& delivered, const QString& nativeDirectory);
+
 /// Is a bitmap our own drawing? Then it may be drawn anew at any size; another's is shown as it is.
 [[nodiscard]] bool IsOwnBitmap(const QString& nativeFile);
 

@@ -15,6 +15,16 @@ namespace {
 constexpr int kReserved = 6;
 const QByteArray kOurs("VcMk", 4);
 
+/// The names of a directory's files in capitals, sorted.
+QStringList NamesIn(const QDir& directory)
+{
+    QStringList names;
+    for (const QString& name : directory.entryList(QDir::Files))
+        names << name.toUpper();
+    names.sort();
+    return names;
+}
+
 /// A mark on white: a bitmap has no alpha.
 QByteArray Bitmap(const Mark& mark)
 {
@@ -37,10 +47,7 @@ QStringList WriteMarks(const QString& nativeDirectory)
 {
     QStringList failed;
     const QDir directory(nativeDirectory);
-    QStringList there;
-    for (const QString& name : directory.entryList(QDir::Files))
-        there << name.toUpper();
-    there.sort();
+    const QStringList there = NamesIn(directory);
     for (const QString& name : MarkNames()) {
         if (std::binary_search(there.cbegin(), there.cend(), name.toUpper()))
             continue;
@@ -48,6 +55,22 @@ QStringList WriteMarks(const QString& nativeDirectory)
         QSaveFile file(directory.filePath(name));
         if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
             failed << u"%1: %2"_s.arg(directory.filePath(name), file.errorString());
+    }
+    return failed;
+}
+
+QStringList DeliverMarks(const QString& delivered, const QString& nativeDirectory)
+{
+    QStringList failed;
+    const QDir from(delivered);
+    const QDir to(nativeDirectory);
+    const QStringList there = NamesIn(to);
+    for (const QString& name : from.entryList(QDir::Files)) {
+        if (std::binary_search(there.cbegin(), there.cend(), name.toUpper()))
+            continue;
+        QFile file(from.filePath(name));
+        if (!QDir().mkpath(nativeDirectory) || !file.copy(to.filePath(name)))
+            failed << u"%1: %2"_s.arg(to.filePath(name), file.errorString());
     }
     return failed;
 }

@@ -103,6 +103,30 @@ TEST(MarkFiles, WritesWhatIsMissingAndNoMore)
     EXPECT_EQ(WriteMarks(u"/nowhere/at/all"_s).size(), MarkNames().size());
 }
 
+TEST(MarkFiles, DeliversThemIntoAHomeOnce)
+{
+    const QTemporaryDir program;
+    const QTemporaryDir home;
+    const QString arrows = home.filePath(u"VAS2000/arrows"_s);
+    for (const QString& name : {u"comp.bmp"_s, u"reddot.bmp"_s}) {
+        QFile file(program.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("new");
+    }
+    EXPECT_TRUE(DeliverMarks(program.path(), arrows).isEmpty());
+    EXPECT_EQ(QDir(arrows).entryList(QDir::Files).size(), 2);
+    QFile own(arrows + u"/comp.bmp"_s);
+    own.remove();
+    own.setFileName(arrows + u"/COMP.BMP"_s); // a user's own
+    ASSERT_TRUE(own.open(QIODevice::WriteOnly));
+    own.close();
+    EXPECT_TRUE(DeliverMarks(program.path(), arrows).isEmpty());
+    EXPECT_EQ(QDir(arrows).entryList(QDir::Files), (QStringList{u"COMP.BMP"_s, u"reddot.bmp"_s}));
+    EXPECT_EQ(own.size(), 0);
+    EXPECT_EQ(DeliverMarks(program.path(), u"/proc/arrows"_s).size(), 2);
+    EXPECT_TRUE(DeliverMarks(program.filePath(u"gone"_s), arrows).isEmpty());
+}
+
 } // namespace
 
 } // namespace vasclip::street::draw
