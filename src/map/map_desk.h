@@ -9,6 +9,7 @@
 #include "photos/slots.h"
 #include "platform/files/disk.h"
 #include "platform/street/control.h"
+#include "platform/street/geocoder.h"
 #include "store/store.h"
 
 #include <QSet>
@@ -83,6 +84,7 @@ struct MapDesk
     common::StatusDesk& status;
     const files::Disk& disk;
     photos::SlotLoader& loader;
+    const street::Geocoder* geocoder = nullptr; ///< none: an address that is not found has no candidates
     link::LinkDesk* link = nullptr;         ///< none: nothing goes into the report
     std::function<void()> openSearch = {};  ///< shows the search screen
     MapState state = {};

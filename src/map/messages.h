@@ -50,6 +50,15 @@ inline const QString kNoCompsTitle = u"No comps available"_s;
 inline const QString kNoComps =
     u"No comps were avaiable from last Search query (count = 0). Expand your search criteria and retry"_s;
 
+inline const QString kNoRowTitle = u"No Comparable Chosen"_s;
+inline const QString kNoRow =
+    u"Please choose text from the list box provided (click on) before placing arrow"_s;
+inline const QString kNoStreet = u"Type a street address first"_s;
+inline const QString kNoLabel = u"Choose a label first"_s;
+inline const QString kAddressNotFound = u"%1 was not found. Leave the city or the ZIP out, or try the street alone"_s;
+inline const QString kSeveralPlaces = u"%1 places may be meant. Choose one from the list"_s;
+inline const QString kLabelNotFound = u"%1 is not on the map"_s;
+
 // What the status line tells.
 inline const QString kPlaced = u"On the map: %1"_s;
 inline const QString kNotFound = u"Not found on the map: %1. Place by hand with Manual, or correct the address"_s;

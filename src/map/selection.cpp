@@ -4,6 +4,7 @@
 #include "map/flags.h"
 #include "map/picture_names.h"
 #include "map/proximity.h"
+#include "map/slot_labels.h"
 #include "map/view.h"
 #include "photos/photo_list.h"
 #include "platform/text/dates.h"
@@ -87,9 +88,11 @@ QString PointAddress(const MapDesk& desk, const MapPoint& point)
 {
     if (IsSubjectPoint(desk, point))
         return AddressAt(desk, {});
-    if (!ParsePicture(point.picture).arrow)
+    const bool arrow = ParsePicture(point.picture).arrow;
+    // A house or dot that was set by hand bears the label of its comp.
+    const std::optional<link::SlotRef> slot = arrow ? SlotOf(point) : SlotOfLabel(point.text);
+    if (!arrow && !slot)
         return text::Trim(point.text);
-    const std::optional<link::SlotRef> slot = SlotOf(point);
     return slot ? AddressAt(desk, *slot) : QString();
 }
 
