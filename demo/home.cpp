@@ -5,6 +5,7 @@
 #include "demo/databook_file.h"
 #include "demo/forms_files.h"
 #include "demo/home_marker.h"
+#include "demo/map_files.h"
 #include "demo/market.h"
 #include "demo/photo_shoot.h"
 #include "demo/settings_files.h"
@@ -109,6 +110,15 @@ HomeOutcome MakeHome(const HomeOptions& options, const std::function<void(const 
                                                            disk.ToNative(kProgram + u"arrows"_s));
     if (!missing.isEmpty())
         throw RuntimeError(error::kPermissionDenied, missing.front());
+
+    disk.WriteWhole(kIniDirectory + u"pwstreet.ini"_s, StreetIniText().toLatin1());
+
+    if (HasMapImporter()) {
+        say(u"Street map"_s);
+        MakeMap(disk, MapDirectory());
+    } else {
+        say(u"No street map: vasclip-mapdata, which makes it, is not installed."_s);
+    }
 
     say(u"Templates"_s);
     for (const auto name : {"NEWDATA.MDB"_L1, "NEWCMTS.MDB"_L1, "appraisal.mbk"_L1, "Report_Brief.mdb"_L1,

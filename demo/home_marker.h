@@ -14,7 +14,7 @@ enum class HomeState {
 };
 
 /// Raise it when a home holds something new or other, so that an older one is made anew.
-inline constexpr int kHomeRecipe = 6;
+inline constexpr int kHomeRecipe = 7;
 
 [[nodiscard]] HomeState StateOfHome(const QString& directory);
 

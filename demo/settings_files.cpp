@@ -24,6 +24,7 @@ common::Globals Defaults()
     common::ReadNames(globals, nothing);
     common::ReadGlobals(globals, nothing);
     common::ReadiniSettings(globals, nothing);
+    common::ReadStreetPaths(globals, nothing);
     return globals;
 }
 
@@ -61,8 +62,23 @@ QStringList SettingsDirectories()
         if (!directories.contains(directory, Qt::CaseInsensitive))
             directories.append(directory);
     }
-    directories.append(globals.arrowsDir);
+    directories.append({globals.arrowsDir, MapDirectory()});
     return directories;
+}
+
+QString MapDirectory()
+{
+    return Defaults().cellData + u'\\';
+}
+
+QString StreetIniText()
+{
+    const common::Globals globals = Defaults();
+    QString text = u"; Street maps of the demo.\r\n[V2BETA]\r\n"_s;
+    for (const common::SettingRow& row : common::Settings())
+        if (row.file == common::IniFile::PwStreet)
+            text += u"%1=%2\r\n"_s.arg(row.key, row.fallback.Text(globals));
+    return text;
 }
 
 } // namespace vasclip::demo

@@ -9,6 +9,12 @@ namespace vasclip::demo {
 /// Lines end in CR LF.
 [[nodiscard]] QString ApplicationIniText();
 
+/// pwstreet.ini of the demo: where its street maps are.
+[[nodiscard]] QString StreetIniText();
+
+/// Where the street map is, a drive path with a trailing backslash.
+[[nodiscard]] QString MapDirectory();
+
 /// The directories that the settings speak of, as drive paths with a trailing backslash.
 [[nodiscard]] QStringList SettingsDirectories();
 

@@ -271,6 +271,18 @@ QList<Neighbourhood> BuildTown()
     return town;
 }
 
+/// @param feet  to the right of the street's middle
+Place Beside(const Street& street, double number, double feet)
+{
+    const double along = (number - street.firstNumber) * kFeetPerNumber / 5280;
+    const double aside = feet / 5280;
+    const double bearing = street.towards * 3.14159265358979 / 180;
+    const double north = along * std::cos(bearing) - aside * std::sin(bearing);
+    const double east = along * std::sin(bearing) + aside * std::cos(bearing);
+    return {street.latitude + north / kMilesPerDegree,
+            street.longitude + east / (kMilesPerDegree * LongitudeShrink(street.latitude))};
+}
+
 } // namespace
 
 const QList<Neighbourhood>& Town()
@@ -279,16 +291,19 @@ const QList<Neighbourhood>& Town()
     return town;
 }
 
+Place TownHall()
+{
+    return {kTownHallLatitude, kTownHallLongitude};
+}
+
 Place PlaceOf(const Street& street, int number)
 {
-    constexpr double kFeetPerNumber = 5.5;
-    const double along = (number - street.firstNumber) * kFeetPerNumber / 5280;
-    const double aside = (number % 2 == 0 ? 60.0 : -60.0) / 5280;
-    const double bearing = street.towards * 3.14159265358979 / 180;
-    const double north = along * std::cos(bearing) - aside * std::sin(bearing);
-    const double east = along * std::sin(bearing) + aside * std::cos(bearing);
-    return {street.latitude + north / kMilesPerDegree,
-            street.longitude + east / (kMilesPerDegree * LongitudeShrink(street.latitude))};
+    return Beside(street, number, number % 2 == 0 ? 60.0 : -60.0);
+}
+
+Place MiddleOf(const Street& street, double number)
+{
+    return Beside(street, number, 0);
 }
 
 QStringList CityList()

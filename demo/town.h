@@ -7,6 +7,9 @@
 
 namespace vasclip::demo {
 
+/// How far one house number is from the next along a street.
+inline constexpr double kFeetPerNumber = 5.5;
+
 /// One street of the made-up town: a straight line along which the house numbers run.
 struct Street
 {
@@ -34,14 +37,20 @@ struct Neighbourhood
     QList<Street> streets;
 };
 
-/// Marlow Falls and the villages around it.
-[[nodiscard]] const QList<Neighbourhood>& Town();
-
 struct Place
 {
     double latitude = 0;
     double longitude = 0;
 };
+
+/// Where the miles of the town are counted from.
+[[nodiscard]] Place TownHall();
+
+/// Marlow Falls and the villages around it.
+[[nodiscard]] const QList<Neighbourhood>& Town();
+
+/// Where the middle of a street is beside a house number.
+[[nodiscard]] Place MiddleOf(const Street& street, double number);
 
 /// Where a house number stands: along its street, even numbers on the right.
 [[nodiscard]] Place PlaceOf(const Street& street, int number);

@@ -3,8 +3,10 @@
 #include "common/settings.h"
 #include "demo/databook_file.h"
 #include "demo/home_marker.h"
+#include "demo/map_files.h"
 #include "formsbook/mapping.h"
 #include "platform/files/profile.h"
+#include "platform/street/map_data.h"
 #include "platform/text/runtime_error.h"
 #include "platform/street/draw/mark.h"
 #include "store/store.h"
@@ -210,6 +212,11 @@ TEST(Home, HoldsWhatTheProgramsLookFor)
          {"recalc.bas"_L1, "refresh.bas"_L1, "ADDPLUS.BAS"_L1, "CITYPLUS.BAS"_L1, "Kel.exe"_L1})
         EXPECT_TRUE(disk.FileExists(globals.kelAppDir + name)) << name.data();
     EXPECT_EQ(disk.ReadWhole(globals.kelAppDir + u"Kel.exe.version"_s), "7.21.0.0\r\n");
+
+    // the street map
+    globals.pwStreetIni = u"C:\\APPRAISE\\pwstreet.ini"_s;
+    common::ReadStreetPaths(globals, common::ProfileReader(disk, globals));
+    EXPECT_EQ(street::MapData(disk.ToNative(globals.cellData)).IsOpen(), HasMapImporter()) << globals.cellData.toStdString();
 
     // templates and data
     for (const auto name : {"NEWDATA.MDB"_L1, "Report_Brief.mdb"_L1, "Report_Medium.mdb"_L1,
