@@ -51,7 +51,7 @@ void GatherNature(const Cell& cell, const Extent& ground, Seen& seen, Content& c
     for (const MapArea& area : cell.areas) {
         if (!area.rings.empty() && area.rings.front().size() > 2 && ground.Overlaps(Around(area.rings.front())) &&
             !seen.Again(area.rings.front(), 1 + static_cast<size_t>(area.kind)))
-            content.areas.push_back(&area);
+            content.areas.push_back({&cell, &area});
     }
     for (const WaterLine& water : cell.waterLines) {
         if (water.line.size() > 1 && ground.Overlaps(Around(water.line)) && !seen.Again(water.line, 100))

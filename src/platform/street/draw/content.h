@@ -16,9 +16,14 @@ struct Content
         const Cell* cell = nullptr;
         const CellEdge* edge = nullptr;
     };
+    struct Area
+    {
+        const Cell* cell = nullptr; ///< which it is cut by
+        const MapArea* area = nullptr;
+    };
     std::vector<std::shared_ptr<const Cell>> cells; ///< what the pointers below point into
     std::vector<Edge> edges;
-    std::vector<const MapArea*> areas;
+    std::vector<Area> areas;
     std::vector<const WaterLine*> waterLines;
     std::vector<const PlaceName*> places;
     std::vector<const CellHouse*> houses;

@@ -26,34 +26,6 @@ void AddLine(QPainterPath& path, const Projection& projection, const std::vector
         path.closeSubpath();
 }
 
-void PaintAreas(QPainter& painter, const Projection& projection, const Content& content, const Palette& palette)
-{
-    // What lies under what: a pond in a park is seen.
-    constexpr std::array kOrder{AreaKind::Builtup, AreaKind::School, AreaKind::Airport, AreaKind::Forest,
-                                AreaKind::Park, AreaKind::Cemetery, AreaKind::Water};
-    for (const AreaKind kind : kOrder) {
-        std::vector<QPainterPath> paths;
-        for (const MapArea* area : content.areas) {
-            if (area->kind != kind)
-                continue;
-            QPainterPath& path = paths.emplace_back();
-            path.setFillRule(Qt::OddEvenFill);
-            for (const auto& ring : area->rings) {
-                if (ring.size() > 2)
-                    AddLine(path, projection, ring, true);
-            }
-        }
-        // A shore is what its water leaves of a broad line. Where a cell cuts an area, the next one's water covers
-        // the cut.
-        if (kind == AreaKind::Water) {
-            for (const QPainterPath& path : paths)
-                painter.strokePath(path, QPen(palette.waterEdge, projection.Px(2)));
-        }
-        for (const QPainterPath& path : paths)
-            painter.fillPath(path, palette.areas.at(static_cast<size_t>(kind)));
-    }
-}
-
 void PaintBrooks(QPainter& painter, const Projection& projection, const Content& content, const Palette& palette)
 {
     if (content.waterLines.empty() || projection.Metres() > 40)
@@ -65,6 +37,83 @@ void PaintBrooks(QPainter& painter, const Projection& projection, const Content&
     painter.strokePath(path, QPen(projection.Metres() > 2 ? palette.waterEdge
                                                           : palette.areas.at(static_cast<size_t>(AreaKind::Water)),
                                   projection.Px(width), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+}
+
+/// Does a step run along the side where a cell cuts its areas? That is no shore.
+bool IsCut(const Extent& cell, Place from, Place to)
+{
+    return (from.latitude >= cell.high.latitude && to.latitude >= cell.high.latitude) ||
+           (from.latitude <= cell.low.latitude && to.latitude <= cell.low.latitude) ||
+           (from.longitude >= cell.high.longitude && to.longitude >= cell.high.longitude) ||
+           (from.longitude <= cell.low.longitude && to.longitude <= cell.low.longitude);
+}
+
+void PaintShores(QPainter& painter, const Projection& projection, const Content& content, const Palette& palette)
+{
+    QPainterPath path;
+    for (const auto& [cell, area] : content.areas) {
+        if (area->kind != AreaKind::Water)
+            continue;
+        for (const auto& ring : area->rings) {
+            std::vector<Place> shore;
+            const auto take = [&] {
+                if (shore.size() > 1)
+                    AddLine(path, projection, shore, false);
+                shore.clear();
+            };
+            for (size_t i = 0; i < ring.size(); ++i) {
+                const Place next = ring[(i + 1) % ring.size()];
+                if (IsCut(cell->extent, ring[i], next)) {
+                    take();
+                    continue;
+                }
+                if (shore.empty())
+                    shore.push_back(ring[i]);
+                shore.push_back(next);
+            }
+            take();
+        }
+    }
+    // The water itself covers the inner half.
+    painter.strokePath(path, QPen(palette.waterEdge, projection.Px(2)));
+}
+
+void PaintAreas(QPainter& painter, const Projection& projection, const Content& content, const Palette& palette)
+{
+    // What lies under what: a pond in a park is seen, a river's middle line is not.
+    constexpr std::array kOrder{AreaKind::Builtup, AreaKind::School, AreaKind::Airport, AreaKind::Forest,
+                                AreaKind::Park, AreaKind::Cemetery, AreaKind::Water};
+    for (const AreaKind kind : kOrder) {
+        if (kind == AreaKind::Water) {
+            PaintBrooks(painter, projection, content, palette);
+            PaintShores(painter, projection, content, palette);
+        }
+        for (const auto& [cell, area] : content.areas) {
+            if (area->kind != kind)
+                continue;
+            QPainterPath path;
+            path.setFillRule(Qt::OddEvenFill);
+            for (const auto& ring : area->rings) {
+                if (ring.size() > 2)
+                    AddLine(path, projection, ring, true);
+            }
+            painter.fillPath(path, palette.areas.at(static_cast<size_t>(kind)));
+        }
+    }
+}
+
+/// Houses as dots, where there is no room yet for their numbers.
+void PaintHouses(QPainter& painter, const Projection& projection, const Content& content, const Palette& palette)
+{
+    constexpr double kNumbers = 0.75;
+    constexpr double kTooMany = 2.5;
+    if (content.houses.empty() || projection.Metres() <= kNumbers || projection.Metres() > kTooMany)
+        return;
+    const double radius = projection.Px(1.4);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette.houses);
+    for (const CellHouse* house : content.houses)
+        painter.drawEllipse(projection.Pixel(house->place), radius, radius);
 }
 
 using Paths = std::array<QPainterPath, kRoadClasses>;
@@ -144,8 +193,8 @@ void PaintGround(QPainter& painter, const Projection& projection, const Content&
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(projection.Sheet(), palette.land);
     PaintAreas(painter, projection, content, palette);
-    PaintBrooks(painter, projection, content, palette);
     PaintRoads(painter, projection, content, look, palette);
+    PaintHouses(painter, projection, content, palette);
     painter.restore();
 }
 

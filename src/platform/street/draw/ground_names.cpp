@@ -150,7 +150,7 @@ void LabelSheet::WriteAreas()
         Room room;
     };
     std::vector<Candidate> candidates;
-    for (const MapArea* area : m_content.areas) {
+    for (const auto& [cell, area] : m_content.areas) {
         if (area->name.isEmpty() || area->kind == AreaKind::Builtup)
             continue;
         const auto room = Broadest(*area, m_projection);

@@ -52,6 +52,7 @@ Palette Light()
     light.areaText = QColor(0x3a, 0x6e, 0x32);
     light.placeText = QColor(0x22, 0x22, 0x28);
     light.quietText = QColor(0x5c, 0x59, 0x56);
+    light.houses = QColor(0xb5, 0xad, 0xa2);
     light.halo = QColor(255, 255, 255, 225);
     light.furniture = QColor(0x2a, 0x2a, 0x2e);
     light.furnitureBack = QColor(255, 255, 255, 215);
@@ -83,6 +84,7 @@ Palette Dark()
     dark.areaText = QColor(0x93, 0xbf, 0x93);
     dark.placeText = QColor(0xf2, 0xf3, 0xf5);
     dark.quietText = QColor(0xa9, 0xac, 0xb2);
+    dark.houses = QColor(0x5e, 0x62, 0x6a);
     dark.halo = QColor(0x16, 0x18, 0x1c, 225);
     dark.furniture = QColor(0xe4, 0xe6, 0xea);
     dark.furnitureBack = QColor(0x16, 0x18, 0x1c, 205);

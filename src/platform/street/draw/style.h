@@ -53,6 +53,7 @@ struct Palette
     QColor areaText;
     QColor placeText;
     QColor quietText; ///< hamlets, house numbers
+    QColor houses;
     QColor halo;
     QColor furniture;
     QColor furnitureBack;

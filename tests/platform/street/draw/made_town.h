@@ -40,6 +40,7 @@ public:
         return m_cells[0]->areas.back();
     }
     [[nodiscard]] Cell& Town() { return *m_cells[0]; }
+    [[nodiscard]] Cell& Last() { return *m_cells.back(); }
     /// The same again in a second cell, as what crosses a border stands in both.
     void Twice() { m_cells.push_back(std::make_shared<Cell>(*m_cells[0])); }
 

@@ -106,6 +106,53 @@ TEST(MapSheet, HidesLinesThatOnlyBringNumbers)
     EXPECT_TRUE(LabelsOf(town, view).empty());
 }
 
+// Two cells hold a river's halves, each cut a little beyond the border; a brook runs down its middle.
+TEST(MapSheet, ShowsNeitherTheCutsOfCellsNorALineInARiver)
+{
+    MadeTown town;
+    town.Town().extent = {town.At(-3000, -3000), town.At(0, 3000)};
+    town.Area(AreaKind::Water, {}, {town.At(-2000, -200), town.At(20, -200), town.At(20, 900), town.At(20, 200),
+                                    town.At(-2000, 200)});
+    town.Town().waterLines.push_back({{}, {town.At(-1500, 0), town.At(1500, 0)}});
+    town.Twice();
+    Cell& east = town.Last();
+    east.extent = {town.At(0, -3000), town.At(3000, 3000)};
+    east.areas.front().rings = {{town.At(-20, -200), town.At(2000, -200), town.At(2000, 200), town.At(-20, 200)}};
+    const View view = ViewOf(4000);
+    const QImage image = DrawGround(town, view, {});
+    const Palette& palette = PaletteOf(false);
+    EXPECT_EQ(ColourAt(image, view, town.At(20, 600)), palette.land) << "along the cut there is no shore";
+    for (int east = -60; east <= 60; east += 3)
+        EXPECT_EQ(ColourAt(image, view, town.At(east, 60)), palette.areas.at(0)) << east;
+    EXPECT_EQ(ColourAt(image, view, town.At(500, 0)), palette.areas.at(0)) << "no line in the river";
+    const QPointF shore = Projection(view).Pixel(town.At(500, 200));
+    bool edged = false;
+    for (int y = -2; y <= 2; ++y)
+        edged = edged || image.pixelColor(shore.toPoint() + QPoint(0, y)).green() < palette.areas.at(0).green();
+    EXPECT_TRUE(edged);
+}
+
+TEST(MapSheet, DrawsARoadWhoseNumbersComeFromTheSameLine)
+{
+    MadeTown town;
+    town.Road(0, RoadClass::Local, {town.At(-2000, 0), town.At(2000, 0)}).hidden = true;
+    town.Road(0, RoadClass::Local, {town.At(-2000, 0), town.At(2000, 0)});
+    const View view = ViewOf(4000);
+    EXPECT_EQ(ColourAt(DrawGround(town, view, {}), view, town.At(0, 0)), PaletteOf(false).roads[4].fill);
+}
+
+TEST(MapSheet, DotsHousesUntilTheirNumbersHaveRoom)
+{
+    MadeTown town;
+    town.Town().houses.push_back({u"1234"_s, town.At(150, 150)});
+    const View far = ViewOf(6000);
+    EXPECT_NE(ColourAt(DrawGround(town, far, {}), far, town.At(150, 150)), PaletteOf(false).land);
+    EXPECT_EQ(CountOf(LabelsOf(town, far), u"1234"_s), 0);
+    const View near = ViewOf(1640);
+    EXPECT_EQ(ColourAt(DrawGround(town, near, {}), near, town.At(150, 150)), PaletteOf(false).land);
+    EXPECT_EQ(CountOf(LabelsOf(town, near), u"1234"_s), 1);
+}
+
 TEST(MapSheet, AsksForCoarserCellsFurtherOut)
 {
     MadeTown town;
@@ -161,6 +208,15 @@ TEST(Labels, NameAStretchOnceAndRepeatFarOff)
     const std::vector<Written> written = LabelsOf(town, ViewOf(4000));
     EXPECT_EQ(CountOf(written, u"Short Lane"_s), 1);
     EXPECT_EQ(CountOf(written, u"Long Road"_s), 2);
+}
+
+TEST(Labels, NameTwoCarriagewaysOnce)
+{
+    MadeTown town;
+    const quint32 street = town.Name(u"Memorial Drive"_s);
+    town.Road(street, RoadClass::Arterial, {town.At(-500, 0), town.At(500, 0)});
+    town.Road(street, RoadClass::Arterial, {town.At(500, 90), town.At(-500, 90)});
+    EXPECT_EQ(CountOf(LabelsOf(town, ViewOf(4000)), u"Memorial Drive"_s), 1);
 }
 
 TEST(Labels, NameAStreetWhoseEndsAreFarOutOfSight)

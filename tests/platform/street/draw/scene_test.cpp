@@ -102,13 +102,13 @@ TEST_F(SceneTest, FindsThePointUnderAPixel)
 {
     const Projection sheet = SheetOf();
     Put(1, MadeTown::kMiddle, u"ARROWREDSUBJECTLT.BMP"_s);
-    Put(2, MadeTown::At(60, -60), u"ARROWBLUECOMP1LT.BMP"_s); // partly below the subject's
+    Put(2, MadeTown::At(30, -30), u"ARROWBLUECOMP1LT.BMP"_s); // partly below the subject's
     const QRectF subject = scene.BoxOf(1, sheet);
     const QRectF comp = scene.BoxOf(2, sheet);
     const QPointF both = subject.intersected(comp).center();
     ASSERT_TRUE(subject.intersects(comp));
     EXPECT_EQ(scene.PointAt(sheet, both), 1);
-    EXPECT_EQ(scene.PointAt(sheet, comp.bottomRight() - QPointF(6, 6)), 2);
+    EXPECT_EQ(scene.PointAt(sheet, comp.bottomRight() - QPointF(10, 3)), 2);
     EXPECT_EQ(scene.PointAt(sheet, subject.topRight() + QPointF(-2, 2)), 0) << "beside the tip";
     EXPECT_EQ(scene.PointAt(sheet, QPointF(5, 5)), 0);
     EXPECT_EQ(Painted(sheet).pixel(both.toPoint()), [&] {
