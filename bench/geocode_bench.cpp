@@ -107,7 +107,9 @@ public:
     }
     [[nodiscard]] QString Town(const QString& town) const
     {
-        return m_number == 0 ? town : Word(m_number) + Word(m_number / 40 + 7).toLower() + town.toLower();
+        return m_number == 0 ? town
+                             : Word(m_number) + Word(m_number / 40).toLower() + Word(m_number / 1600 + 9).toLower() +
+                                   town.toLower();
     }
     /// One name in four is everywhere, as Main Street is, and so are numbered roads.
     [[nodiscard]] QString Street(const QString& name) const { return Street(name, name); }

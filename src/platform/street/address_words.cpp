@@ -244,6 +244,13 @@ bool HyphenJoins(const QString& text, qsizetype at)
     return at > 0 && at + 1 < text.size() && text.at(at - 1).isDigit() && text.at(at + 1).isDigit();
 }
 
+/// "723-B Main St" is 723B: a hyphen before the one letter of a house number.
+bool HyphenVanishes(const QString& text, qsizetype at)
+{
+    return at > 0 && at + 1 < text.size() && text.at(at - 1).isDigit() && text.at(at + 1).isLetter() &&
+           (at + 2 == text.size() || text.at(at + 2) == u' ' || text.at(at + 2) == u',');
+}
+
 } // namespace
 
 QStringList AddressWords(const QString& text)
@@ -266,6 +273,8 @@ QStringList AddressWords(const QString& text)
             continue; // "U.S." is one word
         } else if ((letter == u'-' || letter == u'/') && HyphenJoins(whole, at)) {
             word.append(letter);
+        } else if (letter == u'-' && words.isEmpty() && HyphenVanishes(whole, at)) {
+            continue;
         } else {
             close();
             if (letter == u',' || letter == u';' || letter == u'\n' || letter == u'\r' || letter == u'\t')

@@ -27,8 +27,8 @@ public:
     virtual ~EdgeStore() = default;
     /// Which counties can have a name, a ZIP or a place; null where no maps are open.
     [[nodiscard]] virtual const NameIndex* Index() const = 0;
-    /// All counties whose ground may hold `place`.
-    [[nodiscard]] virtual std::vector<quint32> CountiesAt(Place place) const = 0;
+    /// All counties whose ground may have something of `extent`.
+    [[nodiscard]] virtual std::vector<quint32> CountiesAt(const Extent& extent) const = 0;
     /// The tables of a county, null where its file can't be read. What was handed out stays good.
     [[nodiscard]] virtual std::shared_ptr<const LookupReader> Lookup(quint32 county) const = 0;
     /// A cell of a county, decoded; null where it can't be read.

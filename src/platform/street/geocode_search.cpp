@@ -5,6 +5,7 @@
 #include "platform/street/geocode_line.h"
 #include "platform/street/geocode_range.h"
 #include "platform/street/lookup_writer.h"
+#include "platform/street/shape.h"
 
 #include <algorithm>
 #include <cmath>
@@ -150,13 +151,8 @@ std::vector<quint32> Search::Neighbours() const
     }
     std::set<quint32> counties;
     for (const Place middle : middles) {
-        for (const int north : {-1, 0, 1}) {
-            for (const int east : {-1, 0, 1}) {
-                const Place beside{middle.latitude + north * kBeyond, middle.longitude + east * kBeyond};
-                const std::vector<quint32> there = m_store.CountiesAt(beside);
-                counties.insert(there.begin(), there.end());
-            }
-        }
+        const std::vector<quint32> there = m_store.CountiesAt(shape::Widened({middle, middle}, kBeyond));
+        counties.insert(there.begin(), there.end());
     }
     for (const quint32 county : m_where.Counties())
         counties.erase(county);

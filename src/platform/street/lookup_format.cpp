@@ -224,12 +224,6 @@ QByteArray SummaryBytes(const LookupSummary& summary)
 {
     ByteWriter bytes;
     bytes.Text(summary.state);
-    bytes.Number(summary.names.size());
-    quint32 last = 0;
-    for (const quint32 name : summary.names) {
-        bytes.Number(name - last);
-        last = name;
-    }
     bytes.Number(summary.zips.size());
     for (const ZipSummary& zip : summary.zips) {
         bytes.Text(zip.zip);
@@ -253,10 +247,6 @@ LookupSummary ReadSummary(const QByteArray& from)
     ByteReader bytes(from);
     LookupSummary summary;
     summary.state = bytes.Text();
-    summary.names.resize(bytes.Count(1));
-    quint32 last = 0;
-    for (quint32& name : summary.names)
-        name = last += static_cast<quint32>(bytes.Number());
     summary.zips.resize(bytes.Count(8));
     for (ZipSummary& zip : summary.zips) {
         zip.zip = bytes.Text();
@@ -273,6 +263,28 @@ LookupSummary ReadSummary(const QByteArray& from)
         place.extent = ReadExtent(bytes);
     }
     return summary;
+}
+
+QByteArray NamesBytes(const std::vector<quint32>& names)
+{
+    ByteWriter bytes;
+    bytes.Number(names.size());
+    quint32 last = 0;
+    for (const quint32 name : names) {
+        bytes.Number(name - last);
+        last = name;
+    }
+    return bytes.Bytes();
+}
+
+std::vector<quint32> ReadNames(const QByteArray& from)
+{
+    ByteReader bytes(from);
+    std::vector<quint32> names(bytes.Count(1));
+    quint32 last = 0;
+    for (quint32& name : names)
+        name = last += static_cast<quint32>(bytes.Number());
+    return names;
 }
 
 QByteArray TextsBytes(const QStringList& texts)

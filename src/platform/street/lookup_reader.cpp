@@ -15,20 +15,24 @@ namespace vasclip::street {
 
 namespace {
 
-/// Reads the bytes of a row by its number.
+/// Reads the bytes of a row by its number. The statement is made when it is first needed: most files are opened for
+/// one address.
 class Rows
 {
 public:
     Rows(sqlite3* file, const char* sql)
-    {
-        QString problem; // a file without the table has no rows
-        m_select = PrepareSql(file, sql, problem);
-    }
+        : m_file(file)
+        , m_sql(sql)
+    {}
 
     [[nodiscard]] QByteArray At(quint32 id) const
     {
-        if (!m_select)
-            return {};
+        if (!m_select) {
+            QString problem; // a file without the table has no rows
+            m_select = PrepareSql(m_file, m_sql, problem);
+            if (!m_select)
+                return {};
+        }
         sqlite3_bind_int64(m_select.get(), 1, id);
         QByteArray bytes;
         if (sqlite3_step(m_select.get()) == SQLITE_ROW)
@@ -39,7 +43,9 @@ public:
     }
 
 private:
-    SqlStatement m_select;
+    sqlite3* m_file;
+    const char* m_sql;
+    mutable SqlStatement m_select;
 };
 
 /// A digit is no typing error: 3rd is not 4th, US 31 not US 82.
@@ -88,7 +94,6 @@ struct LookupReader::Work
     {
         const Rows facts(file, "SELECT bytes FROM lookup_facts WHERE id = ?");
         summary = format::ReadSummary(facts.At(format::kSummaryRow));
-        summary.names = {}; // the rows themselves tell
         zips = format::ReadTexts(facts.At(format::kZipsRow));
         cities = format::ReadTexts(facts.At(format::kCitiesRow));
     }

@@ -264,7 +264,8 @@ bool LookupWriter::Finish(QString& problem)
     work.summary.places = work.towns.Places();
     const std::map<quint32, QByteArray> facts{{format::kSummaryRow, format::SummaryBytes(work.summary)},
                                               {format::kZipsRow, format::TextsBytes(work.zips.All())},
-                                              {format::kCitiesRow, format::TextsBytes(work.cities.All())}};
+                                              {format::kCitiesRow, format::TextsBytes(work.cities.All())},
+                                              {format::kNamesRow, format::NamesBytes(work.summary.names)}};
     return RunSql(work.file,
                   "CREATE TABLE lookup_streets(id INTEGER PRIMARY KEY, bytes BLOB NOT NULL);"
                   "CREATE TABLE lookup_pieces(id INTEGER PRIMARY KEY, bytes BLOB NOT NULL);"
@@ -287,15 +288,22 @@ qint64 LookupWriter::LeftOut() const
 
 bool ReadSummary(sqlite3* county, LookupSummary& summary, QString& problem)
 {
-    const SqlStatement row = PrepareSql(county, "SELECT bytes FROM lookup_facts WHERE id = 1", problem);
+    const SqlStatement row = PrepareSql(county, "SELECT bytes FROM lookup_facts WHERE id = ?", problem);
     if (!row)
         return false;
-    if (sqlite3_step(row.get()) != SQLITE_ROW) {
-        problem = u"the file has no summary of its streets"_s;
-        return false;
+    QByteArray facts[2];
+    for (const int at : {0, 1}) {
+        sqlite3_reset(row.get());
+        sqlite3_bind_int(row.get(), 1, at == 0 ? format::kSummaryRow : format::kNamesRow);
+        if (sqlite3_step(row.get()) != SQLITE_ROW) {
+            problem = u"the file has no summary of its streets"_s;
+            return false;
+        }
+        const auto* bytes = static_cast<const char*>(sqlite3_column_blob(row.get(), 0));
+        facts[at] = QByteArray(bytes, sqlite3_column_bytes(row.get(), 0));
     }
-    const auto* bytes = static_cast<const char*>(sqlite3_column_blob(row.get(), 0));
-    summary = format::ReadSummary(QByteArray(bytes, sqlite3_column_bytes(row.get(), 0)));
+    summary = format::ReadSummary(facts[0]);
+    summary.names = format::ReadNames(facts[1]);
     return true;
 }
 

@@ -180,11 +180,11 @@ const NameIndex* MapData::Index() const
     return m_index ? &m_index->Names() : nullptr;
 }
 
-std::vector<quint32> MapData::CountiesAt(Place place) const
+std::vector<quint32> MapData::CountiesAt(const Extent& extent) const
 {
     std::vector<quint32> counties;
     for (const CountyRecord& record : Counties()) {
-        if (record.info.extent.Contains(place))
+        if (record.info.extent.Overlaps(extent))
             counties.push_back(record.number);
     }
     return counties;

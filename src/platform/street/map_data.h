@@ -53,7 +53,7 @@ public:
     [[nodiscard]] Extent Covered() const override;
 
     [[nodiscard]] const NameIndex* Index() const override;
-    [[nodiscard]] std::vector<quint32> CountiesAt(Place place) const override;
+    [[nodiscard]] std::vector<quint32> CountiesAt(const Extent& extent) const override;
     [[nodiscard]] std::shared_ptr<const LookupReader> Lookup(quint32 county) const override;
     [[nodiscard]] std::shared_ptr<const Cell> CellAt(quint32 county, quint32 cell) const override;
     [[nodiscard]] std::vector<std::shared_ptr<const Cell>> CellsNear(quint32 county,

@@ -43,15 +43,7 @@ std::vector<Passing> StreetsNear(const EdgeStore& store, Place place, double wit
     const auto by = static_cast<qint32>(std::min(withinFeet, 50000.0) * kMicroDegreesPerFoot * 2);
     const Extent around = shape::Widened({place, place}, by);
     // Beside a county's line the nearest street may be the neighbour's.
-    std::vector<quint32> counties;
-    for (const Place corner : {place, around.low, around.high, Place{around.low.latitude, around.high.longitude},
-                               Place{around.high.latitude, around.low.longitude}}) {
-        for (const quint32 county : store.CountiesAt(corner)) {
-            if (std::find(counties.begin(), counties.end(), county) == counties.end())
-                counties.push_back(county);
-        }
-    }
-    for (const quint32 county : counties) {
+    for (const quint32 county : store.CountiesAt(around)) {
         for (const auto& cell : store.CellsNear(county, around)) {
             for (const CellEdge& edge : cell->edges) {
                 if (edge.street == 0 || edge.street > cell->streets.size() || IsWalked(edge.roadClass))

@@ -320,6 +320,42 @@ TEST(AGeocoderOfALostMap, HasNoAnswer)
     EXPECT_FALSE(pack->maps->Problems().isEmpty());
 }
 
+TEST(AGeocoderOfTwoCounties, LooksAroundAPostTown)
+{
+    // The town lies in the first county, some of its post in the second; a far county has the same name once more.
+    auto pack = test::MakePack(u"01001"_s, u"AL"_s, {Road("N Main St", At(0, 0), At(3000, 0), Range("101", "199"))}, {},
+                               Towns());
+    ASSERT_TRUE(pack);
+    ASSERT_TRUE(pack->Put(u"01051"_s, u"AL"_s,
+                          {Road("Beyond Ct", At(0, 90000), At(3000, 90000), Range("101", "199", "36022")),
+                           Road("N Main St", At(0, 100000), At(3000, 100000), Range("101", "199", "36022"))},
+                          {}, {}));
+    ASSERT_TRUE(pack->Put(u"01101"_s, u"AL"_s,
+                          {Road("Beyond Ct", At(0, 3000000), At(3000, 3000000), Range("101", "199", "36999")),
+                           Road("Far Ct", At(0, 3100000), At(3000, 3100000), Range("101", "199", "36999"))},
+                          {}, {}));
+    ASSERT_TRUE(pack->Put(u"13001"_s, u"GA"_s, {Road("N Main St", At(0, 6000000), At(3000, 6000000), Range("101", "199", "30001"))},
+                          {}, {{u"Prattville"_s, PlaceKind::Town, 10, At(0, 6000000), {}}}));
+    const MapGeocoder geocoder(*pack->maps);
+    const std::vector<Candidate> beyond = geocoder.Find(u"125 Beyond Ct, Prattville, AL"_s);
+    ASSERT_EQ(beyond.size(), 1u);
+    EXPECT_NEAR(beyond[0].place.longitude, At(0, 90000).longitude, 200);
+    EXPECT_TRUE(beyond[0].sure);
+    EXPECT_TRUE(geocoder.Find(u"125 Far Ct, Prattville, AL"_s).empty()) << "a hundred miles off";
+    const std::vector<Candidate> home = geocoder.Find(u"125 N Main St, Prattville, AL"_s);
+    ASSERT_FALSE(home.empty());
+    EXPECT_NEAR(home[0].place.longitude, kMiddle.longitude, 200);
+    EXPECT_TRUE(home[0].sure);
+    const std::vector<Candidate> other = geocoder.Find(u"125 N Main St, Prattville, GA"_s);
+    ASSERT_FALSE(other.empty());
+    EXPECT_NEAR(other[0].place.longitude, At(0, 6000000).longitude, 200) << "the same town of another state";
+    const std::vector<Candidate> open = geocoder.Find(u"125 N Main St"_s);
+    EXPECT_EQ(open.size(), 3u) << "in every county that has it";
+    EXPECT_FALSE(open.at(0).sure);
+    EXPECT_FALSE(geocoder.Find(u"125 Nmain St, AL"_s).at(0).sure);
+    EXPECT_EQ(geocoder.Near(At(1500, 100000)).at(0).address, u"151 N MAIN ST, AL 36022"_s) << "the neighbour has no town";
+}
+
 TEST(AShareOfALine, IsBesideItOnTheGround)
 {
     const std::vector<Place> line{At(0, 0), At(0, 2000), At(2000, 2000)};

@@ -69,12 +69,11 @@ std::vector<RoadEdge> ReadAddrFeat(const QString& path)
     return edges;
 }
 
-std::unique_ptr<SamplePack> MakePack(const QString& county, const QString& state, const std::vector<RoadEdge>& edges,
-                                     const std::vector<AddressPoint>& houses, const std::vector<PlaceName>& places)
+bool SamplePack::Put(const QString& county, const QString& state, const std::vector<RoadEdge>& edges,
+                     const std::vector<AddressPoint>& houses, const std::vector<PlaceName>& places)
 {
-    auto pack = std::make_unique<SamplePack>();
     const QString file = county + u"-1.cel"_s;
-    CountyWriter writer(pack->directory.filePath(file), CountyInfo{county, state, u"sample"_s, u"2021"_s, {}});
+    CountyWriter writer(directory.filePath(file), CountyInfo{county, state, u"sample"_s, u"2021"_s, {}});
     for (const RoadEdge& edge : edges)
         writer.Add(edge);
     for (const AddressPoint& house : houses)
@@ -82,14 +81,22 @@ std::unique_ptr<SamplePack> MakePack(const QString& county, const QString& state
     for (const PlaceName& place : places)
         writer.Add(place);
     QString problem;
-    CountyRecord record;
-    if (!writer.Finish(problem) || !MakeRecord(pack->directory.path(), file, record, problem) ||
-        !WriteIndex(pack->directory.path(), {record}, problem)) {
+    std::vector<CountyRecord> records = maps ? maps->Counties() : std::vector<CountyRecord>();
+    records.emplace_back();
+    if (!writer.Finish(problem) || !MakeRecord(directory.path(), file, records.back(), problem) ||
+        !WriteIndex(directory.path(), records, problem)) {
         qWarning("%s", qPrintable(problem));
-        return {};
+        return false;
     }
-    pack->maps = std::make_unique<MapData>(pack->directory.path());
-    return pack;
+    maps = std::make_unique<MapData>(directory.path());
+    return true;
+}
+
+std::unique_ptr<SamplePack> MakePack(const QString& county, const QString& state, const std::vector<RoadEdge>& edges,
+                                     const std::vector<AddressPoint>& houses, const std::vector<PlaceName>& places)
+{
+    auto pack = std::make_unique<SamplePack>();
+    return pack->Put(county, state, edges, houses, places) ? std::move(pack) : nullptr;
 }
 
 } // namespace vasclip::street::test
