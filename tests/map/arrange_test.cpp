@@ -140,6 +140,15 @@ TEST(Arranging, OneMoreArrowTurnsAloneIfItCan)
     EXPECT_TRUE(Clear(arrows, next.directions));
 }
 
+TEST(Arranging, TheOneThatIsNotClearGivesWay)
+{
+    // The first arrow covers a house; its nearest turn would cover the second one, which is clear.
+    const std::vector<ArrowToArrange> arrows = {Arrow(100, 100), Arrow(30, 108)};
+    const Arrangement arranged = Arrange(arrows, {Tile{144, 106, 12, 12}}, kHouse);
+    EXPECT_EQ(arranged.directions, (std::vector<int>{7, 1}));
+    EXPECT_TRUE(arranged.crowded.empty());
+}
+
 TEST(Arranging, ABitmapThatIsMissingIsNoWayOut)
 {
     std::vector<ArrowToArrange> arrows = {Arrow(100, 100), Arrow(120, 100)};

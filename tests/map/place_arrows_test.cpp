@@ -338,6 +338,22 @@ TEST_F(PlaceArrows, OneMoreCompOnFrozenArrowsWarns)
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
 
+TEST_F(PlaceArrows, PlacingFrozenArrowsAgainKeepsTheNextNumber)
+{
+    Box(Group::Sales, 1, text(1));
+    Box(Group::Rentals, 1, text(8));
+    Box(Group::Rentals, 2, text(9));
+    cmdSubjectAnd_Click(desk);
+    tab.ckbFreeze.SetValue(true);
+    ShowTab(Group::Rentals);
+    cmdSubjectAnd_Click(desk);
+    EXPECT_EQ(desk.state.g_MapPointCount, 5);
+    ShowTab(Group::Sales);
+    cmdSubjectAnd_Click(desk); // number 2 again
+    EXPECT_EQ(desk.state.g_MapPointCount, 5);
+    EXPECT_EQ(control.pins.size(), 4u);
+}
+
 TEST_F(PlaceArrows, AnErrorEndsThePlacing)
 {
     Box(Group::Sales, 1, text(1));
