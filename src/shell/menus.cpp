@@ -5,6 +5,7 @@
 #include "shell/city_screens.h"
 #include "shell/frm_main.h"
 #include "shell/help.h"
+#include "shell/map_exports.h"
 #include "shell/media.h"
 #include "shell/transfers.h"
 
@@ -71,11 +72,15 @@ constexpr Row kFile[] = {
 };
 
 constexpr Row kExport[] = {
-    {0, "To Delorme (tm) Street Atlas (current)"_L1},
-    {1, "To Delorme (tm) Street Atlas (2004 and prior)"_L1},
+    {0, "To Delorme (tm) Street Atlas (current)"_L1,
+     [](frm_Main& m) { map::ExportDelorme2005(Exports(m.program)); }},
+    {1, "To Delorme (tm) Street Atlas (2004 and prior)"_L1,
+     [](frm_Main& m) { map::ExportDelorme(Exports(m.program)); }},
     {2, kSeparator},
-    {3, "To Microsoft (tm) Streets (current)"_L1},
-    {4, "To Microsoft (tm) Streets (2001 and prior)"_L1},
+    {3, "To Microsoft (tm) Streets (current)"_L1,
+     [](frm_Main& m) { map::ExportMSStreets(Exports(m.program), true); }},
+    {4, "To Microsoft (tm) Streets (2001 and prior)"_L1,
+     [](frm_Main& m) { map::ExportMSStreets(Exports(m.program), false); }},
 };
 
 constexpr Row kSetup[] = {
@@ -268,14 +273,17 @@ QList<forms::MenuEntry> EntriesOf(const QString& array)
     const Table* table = TableOf(kTables, array);
     if (table == nullptr)
         return entries;
-    for (const Row& row : table->rows)
+    for (const Row& row : table->rows) {
+        const QList<forms::MenuEntry> below = EntriesOf(row.sub);
+        const bool leads = std::any_of(below.begin(), below.end(), [](const auto& entry) { return entry.enabled; });
         entries.append({.index = row.index,
                         .caption = row.caption,
-                        .enabled = row.action != nullptr || TableOf(kMade, row.sub) != nullptr,
+                        .enabled = row.action != nullptr || TableOf(kMade, row.sub) != nullptr || leads,
                         .shortcut = row.shortcut,
-                        .subEntries = EntriesOf(row.sub),
+                        .subEntries = below,
                         .subName = row.sub,
                         .toolTip = row.toolTip});
+    }
     return entries;
 }
 

@@ -164,6 +164,34 @@ TEST_F(MenuDispatch, EachSourceOfCopiesHasItsCaptionAndItsDirectoryAndTheViewFol
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
 
+TEST_F(MenuDispatch, EachExportWritesItsFileAndTellsHowToImportIt)
+{
+    home.MakeDirs(u"C:\\VAM"_s);
+    main.globals.mapExportDir = u"C:\\VAM\\"_s;
+    main.globals.mapExportFile = u"APPRAISAL.MDB"_s;
+    main.globals.mapCase = true;
+    store::MakeDatabase(engine, u"C:\\DATABOOK.MDB"_s);
+    store::Connect2Databook(doubles.Get(), main.sources, u"C:\\DATABOOK.MDB"_s, u"COMPS"_s);
+    main.addr.txtCompAddr(0).SetText(u"1 Main St"_s);
+    main.addr.txtKelCity.SetText(u"Prattville"_s);
+    main.addr.txtKelState.SetText(u"AL"_s);
+    const auto choose = [this](int entry) {
+        main.mnuFileItem.Choose(u"mnuFileItemSubExport"_s, entry);
+        return main.status.lblmsg.Caption();
+    };
+    const auto written = [this] { return home.disk.ReadWhole(u"C:\\VAM\\appraisal.txt"_s); };
+    EXPECT_EQ(choose(0), u"In Street Atlas USA, select File, Import Address Book, C:\\VAM\\Appraisal.txt"_s);
+    EXPECT_EQ(written(), QByteArray("SUBJECT,1 MAIN ST,PRATTVILLE,AL,,\r\n"));
+    choose(1);
+    EXPECT_EQ(written(), QByteArray("\"SUBJECT\",\"1 MAIN ST\",\"PRATTVILLE\",\"AL\",\"\",\r\n"));
+    EXPECT_FALSE(home.disk.FileExists(u"C:\\VAM\\APPRAISAL.MDB"_s));
+    EXPECT_EQ(choose(3),
+              u"In MS Streets, select Data, Import Data Wizard, Access (*.mdb's) C:\\VAM\\APPRAISAL.MDB"_s);
+    EXPECT_TRUE(home.disk.FileExists(u"C:\\VAM\\APPRAISAL.MDB"_s));
+    EXPECT_EQ(choose(4), u"In MS Streets, select File, Import Data, Access (*.mdb's) C:\\VAM\\APPRAISAL.MDB"_s);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
 TEST_F(MenuDispatch, TheDirectoryThatWasFoundIsTheCaptureDirectoryFromNowOn)
 {
     Picture(u"C:\\PICS\\P.JPG"_s);
