@@ -3,6 +3,8 @@
 #include "mapdata/classes.h"
 #include "mapdata/house_columns.h"
 
+#include <QHash>
+
 #include <algorithm>
 
 namespace vasclip::mapdata {
@@ -81,6 +83,7 @@ bool ReadRoads(VectorLayer& layer, LayerKind kind, const LayerJob& job)
 {
     const RoadColumns columns(layer);
     layer.Only(columns.All());
+    QHash<QString, RoadClass> classes; ///< by code and name, which come again and again
     return EachRow(layer, job, [&](OGRFeature& row, Record record) {
         const QString mtfcc = TextOf(row, columns.kind);
         SourceEdge edge;
@@ -101,7 +104,10 @@ bool ReadRoads(VectorLayer& layer, LayerKind kind, const LayerJob& job)
             return;
         }
         edge.edge.name = name;
-        edge.edge.roadClass = ClassByName(*roadClass, name);
+        const QString key = mtfcc + name;
+        const auto known = classes.constFind(key);
+        edge.edge.roadClass =
+            known != classes.cend() ? *known : *classes.insert(key, ClassByName(*roadClass, name));
         edge.edge.left = Side(row, columns.leftFrom, columns.leftTo, columns.leftZip, columns.leftCity);
         edge.edge.right = Side(row, columns.rightFrom, columns.rightTo, columns.rightZip, columns.rightCity);
         edge.leftFace = NumberOf(row, columns.leftFace);

@@ -182,8 +182,10 @@ QString Restored(const QString& path, std::unique_ptr<QTemporaryDir>& copies)
     const QStringList beside = directory.entryList({shape.completeBaseName() + u".*"_s}, QDir::Files);
     const bool has = std::any_of(beside.begin(), beside.end(),
                                  [](const QString& name) { return name.endsWith(u".shx"_s, Qt::CaseInsensitive); });
+    if (has || !shape.exists())
+        return path;
     copies = std::make_unique<QTemporaryDir>();
-    if (has || !shape.exists() || !copies->isValid())
+    if (!copies->isValid())
         return path;
     for (const QString& name : beside) {
         if (!QFile::copy(directory.filePath(name), copies->filePath(name)))

@@ -50,7 +50,8 @@ quint32 CellBuilder::AddEdge(quint32 id, CellEdge edge, const CellStreet& street
     Cell& cell = At(id);
     edge.street = 0;
     if (!street.name.isEmpty() || !street.shield.isEmpty()) {
-        quint32& number = m_streets[{id, street.name + u'\n' + street.shield}];
+        const QString key = street.shield.isEmpty() ? street.name : street.name + u'\n' + street.shield;
+        quint32& number = m_streets[{id, key}];
         if (number == 0) {
             cell.streets.push_back(street);
             number = static_cast<quint32>(cell.streets.size());

@@ -41,11 +41,16 @@ QString ShieldOf(const QStringList& names, const QString& state)
             made.emplace_back(QString::fromUtf16(rule.pattern));
         return made;
     }();
+    const auto hasDigit = [](const QString& text) {
+        return std::any_of(text.begin(), text.end(), [](QChar letter) { return letter.isDigit(); });
+    };
     for (const QString& several : names) {
+        // Most names have no figure in them, and none of those is a numbered road.
+        if (!hasDigit(several))
+            continue;
         for (const QString& one : several.split(u';')) {
             const QString name = one.simplified().toUpper();
-            // Most names have no figure in them, and none of those is a numbered road.
-            if (name.isEmpty() || std::none_of(name.begin(), name.end(), [](QChar c) { return c.isDigit(); }))
+            if (!hasDigit(name))
                 continue;
             for (std::size_t at = 0; at < patterns.size(); ++at) {
                 const QRegularExpressionMatch match = patterns[at].match(name);
