@@ -83,7 +83,7 @@ bool ReadRoads(VectorLayer& layer, LayerKind kind, const LayerJob& job)
 {
     const RoadColumns columns(layer);
     layer.Only(columns.All());
-    QHash<QString, RoadClass> classes; ///< by code and name, which come again and again
+    QHash<QString, std::optional<RoadClass>> classes; ///< by code and name, which come again and again
     return EachRow(layer, job, [&](OGRFeature& row, Record record) {
         const QString mtfcc = TextOf(row, columns.kind);
         SourceEdge edge;
@@ -91,23 +91,28 @@ bool ReadRoads(VectorLayer& layer, LayerKind kind, const LayerJob& job)
         if (edge.line != 0)
             record = {u"TLID", edge.line};
         const bool brook = mtfcc.startsWith(u"H30");
-        const std::optional<RoadClass> roadClass = ClassOfMtfcc(mtfcc);
+        const QString name = TextOf(row, columns.name);
+        const QString key = mtfcc + name;
+        auto known = classes.constFind(key);
+        if (known == classes.cend()) {
+            std::optional<RoadClass> made = ClassOfMtfcc(mtfcc);
+            if (made)
+                made = ClassByName(*made, name);
+            known = classes.insert(key, made);
+        }
+        const std::optional<RoadClass> roadClass = *known;
         if (!roadClass && !brook)
             return job.account.Took(u"other lines, passed over"_s);
         const Shape shape = layer.ShapeOf(row);
         if (shape.kind != Shape::Kind::Lines)
             return job.account.Left(job.source, record.Text(), u"it has no line"_s);
-        const QString name = TextOf(row, columns.name);
         if (brook) {
             for (const std::vector<street::Place>& line : shape.parts)
                 job.county.Add(street::WaterLine{name, line}, record);
             return;
         }
         edge.edge.name = name;
-        const QString key = mtfcc + name;
-        const auto known = classes.constFind(key);
-        edge.edge.roadClass =
-            known != classes.cend() ? *known : *classes.insert(key, ClassByName(*roadClass, name));
+        edge.edge.roadClass = *roadClass;
         edge.edge.left = Side(row, columns.leftFrom, columns.leftTo, columns.leftZip, columns.leftCity);
         edge.edge.right = Side(row, columns.rightFrom, columns.rightTo, columns.rightZip, columns.rightCity);
         edge.leftFace = NumberOf(row, columns.leftFace);

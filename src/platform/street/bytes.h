@@ -12,11 +12,14 @@ class ByteWriter
 public:
     void Number(quint64 value)
     {
+        char bytes[10];
+        qsizetype size = 0;
         while (value >= 0x80) {
-            m_bytes.append(static_cast<char>(value | 0x80));
+            bytes[size++] = static_cast<char>(value | 0x80);
             value >>= 7;
         }
-        m_bytes.append(static_cast<char>(value));
+        bytes[size++] = static_cast<char>(value);
+        m_bytes.append(bytes, size);
     }
     /// A number that may be below zero.
     void Signed(qint64 value) { Number((static_cast<quint64>(value) << 1) ^ static_cast<quint64>(value >> 63)); }

@@ -15,7 +15,7 @@ constexpr char kPlain = 0;
 constexpr char kPacked = 1;
 /// The largest cell there is, unpacked; a packed one can't stand for more.
 constexpr quint32 kLargest = 16 * 1024 * 1024;
-constexpr int kPackLevel = 6;
+constexpr int kPackLevel = 5; ///< beyond it the work grows and the bytes hardly shrink
 constexpr int kLongestNumber = 9;
 constexpr quint64 kLargestPopulation = 0xffffffff;
 
