@@ -201,7 +201,12 @@ bool frm_Grid::cmddefault_Click()
 bool frm_Grid::cmdRemoveAll_Click()
 {
     const RoutineScope scope{"cmdRemoveAll_Click"};
-    return Tell(m_work.RemoveAll());
+    try {
+        return Tell(m_work.RemoveAll());
+    } catch (const RuntimeError&) {
+        ListAgain(); // the other layouts may be gone by now
+        throw;
+    }
 }
 
 } // namespace vasclip::databook

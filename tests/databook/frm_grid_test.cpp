@@ -355,6 +355,18 @@ TEST_F(FrmGrid, RemoveAllRestoresTheProgramsGridAfterAQuestion)
     EXPECT_EQ(home.disk.ReadWhole(u"C:\\VAS\\VAS2000.gbk"_s), before);
 }
 
+TEST_F(FrmGrid, RemoveAllThatFailsAtItsLastStepListsWhatIsLeft)
+{
+    const auto locks = QObject::connect(&grid, &forms::Grid::ColumnsChanged, // once the layouts are gone
+                                        [this] { home.disk.SetAttr(user, files::ReadOnly); });
+    doubles.prompter.Answer(Answer::Yes);
+    EXPECT_NE(NumberOf([&] { screen->cmdRemoveAll_Click(); }), 0);
+    QObject::disconnect(locks);
+    EXPECT_EQ(Names(), QStringList{u"Default"_s});
+    EXPECT_EQ(screen->lstLayout.Items(), Names());
+    home.disk.SetAttr(user, files::Normal);
+}
+
 TEST_F(FrmGrid, RemoveAllWithoutADefaultAsksForANewOneBeforeItDeletes)
 {
     home.disk.Kill(program);
