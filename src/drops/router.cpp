@@ -107,7 +107,7 @@ std::optional<Outcome> Router::Guards(const Drag& drag, const DropRule& rule, fo
     return Outcome{};
 }
 
-Outcome Router::Drop(const Drag& drag, forms::Control& target)
+Outcome Router::DropUntold(const Drag& drag, forms::Control& target)
 {
     const DropRule* rule = RuleFor(drag.source, target.Name());
     if (!rule)
@@ -143,7 +143,7 @@ Outcome Router::Tell(const Outcome& outcome)
 Outcome Router::End(const Drag& drag, forms::Control& target)
 {
     m_desk.link.status.lblmsg.Show({}, forms::Colour::Normal);
-    return Tell(Drop(drag, target));
+    return Tell(DropUntold(drag, target));
 }
 
 void Router::Drop(forms::Control& source, forms::Control& target)

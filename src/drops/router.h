@@ -45,7 +45,8 @@ public:
     /// A pair without a rule and a slot whose page is "N/A" do nothing, silently. A drop with no report open, or
     /// with another report active than the tabs show, does nothing and says so.
     /// A drop that arrives while another or a refresh is at work does nothing and says so.
-    Outcome Drop(const Drag& drag, forms::Control& target);
+    /// What comes of it is the caller's to tell.
+    Outcome DropUntold(const Drag& drag, forms::Control& target);
     /// The same, told.
     Outcome End(const Drag& drag, forms::Control& target);
 

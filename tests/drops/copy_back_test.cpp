@@ -19,7 +19,7 @@ protected:
     Outcome Back(const QString& path)
     {
         loader.ErrLoadThumb(slots.imaSubject(1), path);
-        return router.Drop(router.Start(slots.imaSubject(1)), controls.fraPics);
+        return router.DropUntold(router.Start(slots.imaSubject(1)), controls.fraPics);
     }
 };
 
@@ -48,7 +48,7 @@ TEST_F(CopyBackTest, ABracketIsSpokenOfWhicheverFileLostIt)
     for (const QString& name : {u"P].JPG"_s, u"Q].png"_s, u"R.JPG"_s})
         Picture(u"C:\\DESKTOP\\"_s + name);
     const auto copyIn = [this](const QStringList& files) {
-        return router.Drop(router.StartFiles(files), controls.fraPics).message;
+        return router.DropUntold(router.StartFiles(files), controls.fraPics).message;
     };
     const QString told = u" A \"]\" in a name has become a \")\": no report can name such a file."_s;
     EXPECT_EQ(copyIn({u"C:\\DESKTOP\\P].JPG"_s, u"C:\\DESKTOP\\R.JPG"_s}), u"2 pictures are in C:\\SNAP\\ now."_s + told);

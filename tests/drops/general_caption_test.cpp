@@ -26,7 +26,7 @@ protected:
     [[nodiscard]] std::array<std::pair<const char*, std::function<Outcome()>>, 3> Roads()
     {
         return {{{"record", [this] { return DropOn(slots.imaGeneral(2)); }},
-                 {"photo on show", [this] { return router.Drop(router.Start(slots.geamaintain), slots.imaGeneral(2)); }},
+                 {"photo on show", [this] { return router.DropUntold(router.Start(slots.geamaintain), slots.imaGeneral(2)); }},
                  {"thumbnail", [this] { return DropThumb(1, slots.imaGeneral(2)); }}}};
     }
     /// @param stored  where the picture is a new one, which stays in the slot; as the others if empty

@@ -69,11 +69,11 @@ protected:
     }
     Outcome DropOn(forms::Control& target, const QString& key = u"12 OAK ST"_s)
     {
-        return router.Drop({u"grddatabook"_s, -1, key, {}, {}}, target);
+        return router.DropUntold({u"grddatabook"_s, -1, key, {}, {}}, target);
     }
     Outcome DropThumb(int index, forms::Control& target)
     {
-        return router.Drop(router.Start(controls.geathumb(index)), target);
+        return router.DropUntold(router.Start(controls.geathumb(index)), target);
     }
     [[nodiscard]] QStringList Trash() const { return home.disk.Dir(kSnap + u"TRASHCAN\\*.*"_s); }
     [[nodiscard]] QString Shows(const forms::PictureBox& box) const { return table.ErrGetPict(box); }

@@ -227,9 +227,9 @@ TEST_F(PicturesTest, ARecordsFrontViewGoesToEveryOtherPhotoSlot)
 TEST_F(PicturesTest, AMapAddressSendsTheSameByItsKey)
 {
     report.txtMapAddress.SetText(u"12 Oak St"_s);
-    EXPECT_TRUE(router.Drop(router.Start(report.txtMapAddress), slots.imaComp(2)).done);
+    EXPECT_TRUE(router.DropUntold(router.Start(report.txtMapAddress), slots.imaComp(2)).done);
     EXPECT_EQ(Shows(slots.imaComp(2)), u"C:\\JPG\\OAK.jpg"_s);
-    EXPECT_TRUE(router.Drop(router.Start(report.txtMapAddress), slots.geaComp(3)).done);
+    EXPECT_TRUE(router.DropUntold(router.Start(report.txtMapAddress), slots.geaComp(3)).done);
     EXPECT_EQ(Poked(), (QStringList{u"SALEPAGE|12|7=1850"_s}));
 }
 
@@ -389,7 +389,7 @@ TEST_F(PicturesTest, APictureOfTheListRefreshesTheList)
     globals.autoDelete = 1;
     Browse();
     controls.filCapture.SetListIndex(1);
-    EXPECT_TRUE(router.Drop(router.Start(controls.filCapture), slots.imaComp(2)).done);
+    EXPECT_TRUE(router.DropUntold(router.Start(controls.filCapture), slots.imaComp(2)).done);
     EXPECT_EQ(controls.filCapture.ListCount(), 2);
     EXPECT_EQ(capture.SelectedFile(), kSnap + u"C.JPG"_s) << "the list keeps its place";
     EXPECT_EQ(Shows(controls.geaListBox), kSnap + u"C.JPG"_s);
@@ -446,7 +446,7 @@ TEST_F(PicturesTest, APictureThatIsReplacedDuringItsDragIsNeitherAskedAboutNorSh
         QImage another(edge, edge, QImage::Format_RGB32);
         another.fill(Qt::white);
         picture::SaveJpeg(home.disk, another, kSnap + u"A.JPG"_s, 90);
-        const Outcome outcome = router.Drop(drag, *target);
+        const Outcome outcome = router.DropUntold(drag, *target);
         EXPECT_EQ(outcome.message, u"A.JPG is another picture now than the one you chose. Nothing was done."_s)
             << target->Name().toStdString();
     }
@@ -483,16 +483,16 @@ TEST_F(PicturesTest, ThePhotoOnShowGoesOutUnderItsView)
     txtcentralkey.SetText(u"12 OAK ST"_s);
     lists.txtView.SetText(u"REAR VIEW"_s);
     loader.ErrLoadThumb(slots.geamaintain, u"C:\\JPG\\OAKR.JPG"_s);
-    EXPECT_TRUE(router.Drop(router.Start(slots.geamaintain), slots.imaComp(3)).done);
+    EXPECT_TRUE(router.DropUntold(router.Start(slots.geamaintain), slots.imaComp(3)).done);
     EXPECT_EQ(Shows(slots.imaComp(3)), u"C:\\JPG\\OAKR.jpg"_s);
     EXPECT_EQ(report.txtComp(3).Text(), u"12 Oak St"_s);
     // A general slot takes the picture that was dragged, whatever view it is called there.
     questions.view = u"KITCHEN"_s;
-    EXPECT_TRUE(router.Drop(router.Start(slots.geamaintain), slots.imaGeneral(1)).done);
+    EXPECT_TRUE(router.DropUntold(router.Start(slots.geamaintain), slots.imaGeneral(1)).done);
     EXPECT_EQ(Shows(slots.imaGeneral(1)), u"C:\\JPG\\OAKR.jpg"_s);
     EXPECT_EQ(report.cboGeneral(1).Text(), u"KITCHEN"_s);
     questions.view = u"FRONT VIEW"_s;
-    EXPECT_TRUE(router.Drop(router.Start(slots.geamaintain), slots.imaGeneral(2)).done);
+    EXPECT_TRUE(router.DropUntold(router.Start(slots.geamaintain), slots.imaGeneral(2)).done);
     EXPECT_EQ(Shows(slots.imaGeneral(2)), u"C:\\JPG\\OAKR.jpg"_s);
 }
 
@@ -504,7 +504,7 @@ TEST_F(PicturesTest, ThePhotoOnShowIsTheOneThatWasDraggedOrNone)
     const Drag drag = router.Start(slots.geamaintain);
     txtcentralkey.SetText(u"14 ELM ST"_s); // a quick find came to its end meanwhile
     lists.txtView.SetText(u"FRONT VIEW"_s);
-    EXPECT_TRUE(router.Drop(drag, slots.imaComp(3)).done);
+    EXPECT_TRUE(router.DropUntold(drag, slots.imaComp(3)).done);
     EXPECT_EQ(Shows(slots.imaComp(3)), u"C:\\JPG\\OAKR.jpg"_s);
     EXPECT_EQ(report.txtComp(3).Text(), u"12 Oak St"_s);
 
@@ -514,7 +514,7 @@ TEST_F(PicturesTest, ThePhotoOnShowIsTheOneThatWasDraggedOrNone)
     store::SetFieldData(book, u"FRONT VIEW|OAK\r\nREAR VIEW|ELM\r\n"_s, u"PHOTOS"_s);
     book.Recordset().Update();
     conduit.commands.clear();
-    const Outcome outcome = router.Drop(drag, slots.imaComp(2));
+    const Outcome outcome = router.DropUntold(drag, slots.imaComp(2));
     EXPECT_FALSE(outcome.done);
     EXPECT_EQ(outcome.message, u"The REAR VIEW of 12 OAK ST is no longer the picture that you dragged. Nothing was sent."_s);
     EXPECT_TRUE(conduit.commands.isEmpty());
@@ -526,7 +526,7 @@ TEST_F(PicturesTest, ASlotThatShowsAnotherPhotoByTheEndOfItsDragIsLeftAlone)
     report.txtComp(2).SetText(u"12 Oak St"_s);
     const Drag drag = router.Start(slots.imaComp(2));
     loader.ErrLoadThumb(slots.imaComp(2), u"C:\\JPG\\ELM.jpg"_s);
-    const Outcome outcome = router.Drop(drag, grddatabook);
+    const Outcome outcome = router.DropUntold(drag, grddatabook);
     EXPECT_FALSE(outcome.done);
     EXPECT_EQ(outcome.message, u"The slot shows another photo now than the one you dragged. Nothing was done."_s);
     EXPECT_TRUE(changes.isEmpty());
@@ -574,7 +574,7 @@ TEST_F(PicturesTest, ACapturePictureOnTheSubjectIsShownThreeTimesAndNotSent)
 TEST_F(PicturesTest, AFileThatIsNoPictureIsToldOnceAndNotShownOnTheSubject)
 {
     home.Put(kSnap + u"LETTER.TXT"_s, "no picture");
-    EXPECT_FALSE(router.Drop(router.StartFiles({kSnap + u"LETTER.TXT"_s}), report.txtSubject).done);
+    EXPECT_FALSE(router.DropUntold(router.StartFiles({kSnap + u"LETTER.TXT"_s}), report.txtSubject).done);
     EXPECT_EQ(doubles.prompter.Texts(),
               QStringList{u"The File 'C:\\SNAP\\LETTER.TXT' appears to be a corrupt file."_s});
     EXPECT_EQ(Shows(slots.imaSubject(1)), QString());
@@ -643,7 +643,7 @@ TEST_F(RecordTest, TheListOnTheGridIsRefreshed)
     globals.imageListBox = u"ON"_s;
     capture.ViewFilCapture();
     controls.filCapture.SetListIndex(0);
-    EXPECT_TRUE(router.Drop(router.Start(controls.filCapture), grddatabook).done);
+    EXPECT_TRUE(router.DropUntold(router.Start(controls.filCapture), grddatabook).done);
     EXPECT_EQ(controls.filCapture.ListCount(), 2);
 }
 
@@ -682,7 +682,7 @@ TEST_F(PicturesTest, ReportSlotsOnTheGridAreSavedByTheirKind)
         const QString key = u"%1 SAVED RD"_s.arg(++number);
         link::TextOf(report, slot).SetText(key.toLower());
         loader.ErrLoadThumb(link::PhotoOf(slots, slot), u"C:\\JPG\\OAK.jpg"_s);
-        EXPECT_EQ(router.Drop(router.Start(*source), grddatabook).record, key);
+        EXPECT_EQ(router.DropUntold(router.Start(*source), grddatabook).record, key);
         StandOn(key);
         EXPECT_EQ(store::GetFieldData(sources.datDatabook, u"GLA"_s), what == What::Pic ? u""_s : u"1850"_s)
             << key.toStdString();
@@ -694,7 +694,7 @@ TEST_F(PicturesTest, ReportSlotsOnTheGridAreSavedByTheirKind)
 
 TEST_F(PicturesTest, GeneralSlotsOnTheGridShowAdviceAlone)
 {
-    EXPECT_TRUE(router.Drop(router.Start(slots.imaGeneral(1)), grddatabook).done);
+    EXPECT_TRUE(router.DropUntold(router.Start(slots.imaGeneral(1)), grddatabook).done);
     EXPECT_EQ(doubles.prompter.Last().title, u"How To: Saving General Views"_s);
     EXPECT_EQ(doubles.prompter.Last().text,
               u"To save (or resave) a General Photo to Subject Address,\r\ndouble click on the icon to the "
@@ -716,7 +716,7 @@ TEST_F(PicturesTest, AReportPhotoGoesBackToTheCaptureDirectory)
     for (forms::Control* target : {static_cast<forms::Control*>(&controls.fraPics),
                                    static_cast<forms::Control*>(&controls.lblTab),
                                    static_cast<forms::Control*>(&controls.geathumb(0))}) {
-        EXPECT_TRUE(router.Drop(router.Start(slots.imaRental(2)), *target).done);
+        EXPECT_TRUE(router.DropUntold(router.Start(slots.imaRental(2)), *target).done);
         EXPECT_TRUE(home.disk.FileExists(kSnap + u"ELM.jpg"_s));
     }
     EXPECT_EQ(controls.filCapture.ListCount(), 4);
@@ -731,7 +731,7 @@ TEST_F(PicturesTest, WhatGoesBackTakesThePlaceOfAWriteProtectedCopyAndKeepsAnoth
     home.disk.SetAttr(u"C:\\JPG\\ELM.jpg"_s, files::ReadOnly); // as a photo in a report is
     home.disk.SetAttr(u"C:\\JPG\\OAK.jpg"_s, files::ReadOnly);
     for (int time = 1; time <= 2; ++time) {
-        EXPECT_TRUE(router.Drop(router.Start(slots.imaRental(2)), controls.fraPics).done) << time;
+        EXPECT_TRUE(router.DropUntold(router.Start(slots.imaRental(2)), controls.fraPics).done) << time;
         EXPECT_TRUE(DropOn(controls.fraPics).done) << time;
     }
     for (const QString& name : {u"ELM.jpg"_s, u"OAK.jpg"_s, u"OAKR.jpg"_s})
@@ -749,7 +749,7 @@ TEST_F(PicturesTest, AFileThatNoReportCanNameGetsAnotherNameWhenItIsCopiedIn)
     Browse();
     home.MakeDirs(u"C:\\DESKTOP"_s);
     Picture(u"C:\\DESKTOP\\P[1].JPG"_s);
-    EXPECT_EQ(router.Drop(router.StartFiles({u"C:\\DESKTOP\\P[1].JPG"_s}), controls.fraPics).message,
+    EXPECT_EQ(router.DropUntold(router.StartFiles({u"C:\\DESKTOP\\P[1].JPG"_s}), controls.fraPics).message,
               u"1 picture is in C:\\SNAP\\ now. A \"]\" in a name has become a \")\": no report can name such a file."_s);
     EXPECT_TRUE(home.disk.FileExists(kSnap + u"P(1).jpg"_s));
 }
@@ -761,11 +761,11 @@ TEST_F(PicturesTest, ABracketIsSpokenOfOnlyWhereTheCopyLostIt)
     Picture(u"C:\\DESKTOP\\OK.JPG"_s);
     home.Put(u"C:\\DESKTOP\\P[1].TIF"_s, "no picture");
     const Outcome outcome =
-        router.Drop(router.StartFiles({u"C:\\DESKTOP\\OK.JPG"_s, u"C:\\DESKTOP\\P[1].TIF"_s}), controls.fraPics);
+        router.DropUntold(router.StartFiles({u"C:\\DESKTOP\\OK.JPG"_s, u"C:\\DESKTOP\\P[1].TIF"_s}), controls.fraPics);
     EXPECT_TRUE(outcome.message.startsWith(u"1 picture is in C:\\SNAP\\ now. "_s)) << outcome.message.toStdString();
     EXPECT_FALSE(outcome.message.contains(u"has become"_s)) << outcome.message.toStdString();
     Picture(kSnap + u"Q[1].JPG"_s);
-    EXPECT_EQ(router.Drop(router.StartFiles({kSnap + u"Q[1].JPG"_s}), controls.fraPics).message,
+    EXPECT_EQ(router.DropUntold(router.StartFiles({kSnap + u"Q[1].JPG"_s}), controls.fraPics).message,
               u"1 picture is in C:\\SNAP\\ now."_s)
         << "it lies there already, under its own name";
     EXPECT_TRUE(home.disk.FileExists(kSnap + u"Q[1].JPG"_s));
@@ -874,12 +874,12 @@ TEST_F(RecordTest, FilesOfAnotherProgramAreFiledAndStayWhereTheyAre)
     Picture(u"C:\\DESKTOP\\Y.PNG"_s);
     const Drag drag = router.StartFiles({u"C:\\DESKTOP\\X.JPG"_s, u"C:\\DESKTOP\\Y.PNG"_s});
     EXPECT_EQ(router.State().DragSource, u"FILCAPTURE"_s);
-    EXPECT_EQ(router.Drop(drag, slots.imaComp(1)).message,
+    EXPECT_EQ(router.DropUntold(drag, slots.imaComp(1)).message,
               u"X.JPG is in the report now. A slot takes one picture; the others were left."_s);
     EXPECT_TRUE(Trash().isEmpty());
     EXPECT_TRUE(home.disk.FileExists(u"C:\\DESKTOP\\X.JPG"_s));
     questions.view = u"STREET SCENE"_s;
-    const Outcome filed = router.Drop(router.StartFiles({u"C:\\DESKTOP\\Y.PNG"_s}), grddatabook);
+    const Outcome filed = router.DropUntold(router.StartFiles({u"C:\\DESKTOP\\Y.PNG"_s}), grddatabook);
     EXPECT_TRUE(filed.done);
     EXPECT_TRUE(PhotosOf(u"14 ELM ST"_s).contains(u"STREET SCENE|"_s));
     EXPECT_TRUE(home.disk.FileExists(u"C:\\DESKTOP\\Y.PNG"_s));
@@ -895,13 +895,13 @@ TEST_F(PicturesTest, FilesOfAnotherProgramAreCopiedIntoTheCaptureDirectory)
     QStringList files;
     for (const QString& name : {u"A.JPG"_s, u"Y.png"_s, u"Z.1.jpeg"_s, u"BAD.png"_s})
         files << u"C:\\DESKTOP\\"_s + name;
-    const Outcome outcome = router.Drop(router.StartFiles(files), controls.fraPics);
+    const Outcome outcome = router.DropUntold(router.StartFiles(files), controls.fraPics);
     EXPECT_TRUE(outcome.message.startsWith(u"3 pictures are in C:\\SNAP\\ now. "_s)) << outcome.message.toStdString();
     EXPECT_EQ(outcome.colour, forms::Colour::Red);
     EXPECT_EQ(capture.Folder().Names(), (QStringList{u"A (2).jpg"_s, u"A.JPG"_s, u"B.JPG"_s, u"C.JPG"_s,
                                                      u"Y.jpg"_s, u"Z_1.jpg"_s}));
     EXPECT_EQ(picture::PictureSize(home.disk, kSnap + u"Y.jpg"_s), QSize(16, 12));
-    EXPECT_TRUE(router.Drop(router.StartFiles({kSnap + u"A.JPG"_s}), controls.lblTab).done);
+    EXPECT_TRUE(router.DropUntold(router.StartFiles({kSnap + u"A.JPG"_s}), controls.lblTab).done);
     EXPECT_EQ(controls.filCapture.ListCount(), 6) << "a picture dropped where it lies";
 }
 

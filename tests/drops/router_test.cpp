@@ -370,7 +370,7 @@ TEST_F(RouterTest, WithAnotherReportActiveNoDropSendsAnything)
         ++tried;
         doubles.prompter.Forget();
         doubles.prompter.Answer(forms::Answer::Cancel);
-        const Outcome outcome = router.Drop({rule.source, -1, u"12 OAK ST"_s, kSnap + u"A.JPG"_s, {}}, *target);
+        const Outcome outcome = router.DropUntold({rule.source, -1, u"12 OAK ST"_s, kSnap + u"A.JPG"_s, {}}, *target);
         EXPECT_FALSE(outcome.done) << rule.source.data() << " on " << rule.target.data();
         EXPECT_EQ(outcome.message,
                   u"Nothing was sent: JONES is active in the forms program, and the tabs show SMITH."_s)
@@ -396,8 +396,8 @@ TEST_F(RouterTest, TheReportIsAskedForBeforeThePage)
 TEST_F(RouterTest, APairWithoutARuleAsksNobody)
 {
     EXPECT_FALSE(DropOn(report.txtMapProximity).done);
-    EXPECT_FALSE(router.Drop({u"txtComp"_s, 1, {}, {}, {}}, report.txtComp(2)).done);
-    EXPECT_FALSE(router.Drop({u"imaComp"_s, 1, {}, photos::PointAt(home.disk, u"C:\\JPG\\OAK.jpg"_s), {}}, slots.imaAltComp(2)).done);
+    EXPECT_FALSE(router.DropUntold({u"txtComp"_s, 1, {}, {}, {}}, report.txtComp(2)).done);
+    EXPECT_FALSE(router.DropUntold({u"imaComp"_s, 1, {}, photos::PointAt(home.disk, u"C:\\JPG\\OAK.jpg"_s), {}}, slots.imaAltComp(2)).done);
     EXPECT_TRUE(conduit.log.isEmpty());
 }
 

@@ -210,7 +210,7 @@ TEST_F(SentWords, OfTheGaugeTellASaveFromASend)
     };
     report.txtComp(2).SetText(u"12 Oak St"_s);
     doubles.prompter.Answer(forms::Answer::No); // its data are not replaced
-    router.Drop(router.Start(report.txtComp(2)), grddatabook);
+    router.DropUntold(router.Start(report.txtComp(2)), grddatabook);
     EXPECT_EQ(told, u"Saving to the Databook"_s);
     status.gauProgress.SetCaption({});
     done = false;

@@ -185,7 +185,7 @@ int RunDrop(Session& session, const Output& out, const QStringList& arguments,
                   u"(\"N/A\"). 'vasctl report pages' shows the pages."_s.arg(target->ObjectName()));
         return kNotFound;
     }
-    const drops::Outcome outcome = router.Drop(drag, *target);
+    const drops::Outcome outcome = router.DropUntold(drag, *target);
     if (outcome.done && outcome.colour == forms::Colour::Red) {
         out.Error(outcome.message); // the data are there, the photo is not
         return kFailed;
