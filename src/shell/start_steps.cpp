@@ -14,7 +14,14 @@ namespace vasclip::shell {
 
 using namespace Qt::Literals::StringLiterals;
 
-void TurnOnMaps(Program& program, const SystemPlaces& places, forms::TabControl& tabSource)
+namespace {
+
+QString StreetIniCopy(const Program& program)
+{
+    return text::Folded(program.globals.G_ProgramDir + u"pwstreet.ini"_s);
+}
+
+void LocateMapInis(Program& program, const SystemPlaces& places)
 {
     common::Globals& globals = program.globals;
     const files::Disk& disk = program.Disk();
@@ -24,16 +31,37 @@ void TurnOnMaps(Program& program, const SystemPlaces& places, forms::TabControl&
     };
     globals.mapPointIni = locate(u"mappoint.ini"_s);
     globals.pwStreetIni = locate(u"pwstreet.ini"_s);
-    const QString copy = text::Folded(globals.G_ProgramDir + u"pwstreet.ini"_s);
+}
+
+void ReadLocated(Program& program)
+{
+    common::Globals& globals = program.globals;
+    if (const QString copy = StreetIniCopy(program); program.Disk().FileExists(copy))
+        globals.pwStreetIni = copy;
+    common::ReadStreetPaths(globals, common::ProfileReader(program.Disk(), globals));
+}
+
+} // namespace
+
+void ReadMapPlaces(Program& program, const SystemPlaces& places)
+{
+    LocateMapInis(program, places);
+    ReadLocated(program);
+}
+
+void TurnOnMaps(Program& program, const SystemPlaces& places, forms::TabControl& tabSource)
+{
+    const common::Globals& globals = program.globals;
+    const files::Disk& disk = program.Disk();
+    LocateMapInis(program, places);
+    const QString copy = StreetIniCopy(program);
     try {
         if (!disk.FileExists(copy) && disk.FileExists(globals.pwStreetIni))
             disk.FileCopy(globals.pwStreetIni, copy);
     } catch (const RuntimeError&) {
         // It is read where it was found.
     }
-    if (disk.FileExists(copy))
-        globals.pwStreetIni = copy;
-    common::ReadStreetPaths(globals, common::ProfileReader(disk, globals));
+    ReadLocated(program);
     const bool plain = globals.mapName.toUpper().contains(u"KORVAT"_s);
     tabSource.SetTabCaption(1, plain ? u"Atlas"_s : globals.mapName);
 }

@@ -12,7 +12,10 @@ struct SystemPlaces;
 
 /// The street control reads its paths from a copy of pwstreet.ini in the program directory. A directory that
 /// takes none leaves the file where it was found.
+/// @param tabSource  whose tab gets the map's name
 void TurnOnMaps(Program& program, const SystemPlaces& places, forms::TabControl& tabSource);
+/// Where the street maps are, for a program without a screen, which leaves every file as it is.
+void ReadMapPlaces(Program& program, const SystemPlaces& places);
 /// A directory that cannot even be looked for stands for a drive without its disk. @throws RuntimeError 52
 void VerifyCaptureDirectory(const Program& program);
 /// A new updater waits in the Update directory until the program starts.

@@ -2,6 +2,8 @@
 
 #include "app/vasctl/session.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <array>
 
@@ -32,6 +34,7 @@ constexpr std::array kRows = {
     Row{"trash"_L1, ""_L1, "dir"_L1},
     Row{"drop"_L1, ""_L1, "on"_L1},
     Row{"transfer"_L1, ""_L1, "data pictures"_L1},
+    Row{"mapdata"_L1, "import"_L1, "county state source date account"_L1},
 };
 
 struct CommandRow
@@ -56,9 +59,14 @@ constexpr std::array kCommands = {
     CommandRow{"layouts"_L1, "list show save use delete default"_L1},
     CommandRow{"settings"_L1, "list get set"_L1},
     CommandRow{"comments"_L1, "list key add delete"_L1},
+    CommandRow{"map"_L1, "geocode reverse export"_L1},
+    CommandRow{"mapdata"_L1, "import list verify remove"_L1},
     CommandRow{"doctor"_L1, ""_L1},
     CommandRow{"databook"_L1, "copy"_L1},
 };
+
+/// Stands for the sign of a number, which the parser would take for an option.
+constexpr QChar kMinus = u'\u2212';
 
 QStringList Words(QLatin1StringView text)
 {
@@ -96,6 +104,25 @@ QString StrangeOption(const QStringList& command, const QStringList& given)
     const auto strange =
         std::find_if(given.begin(), given.end(), [&](const QString& name) { return !known.contains(name); });
     return strange == given.end() ? QString() : *strange;
+}
+
+QStringList WithSouthAndWest(QStringList arguments)
+{
+    static const QRegularExpression below(u"^-(?=\\.?\\d)"_s);
+    if (arguments.contains(u"map"_s))
+        for (QString& argument : arguments)
+            argument.replace(below, QString(kMinus));
+    return arguments;
+}
+
+QStringList CommandOf(const QCommandLineParser& options)
+{
+    QStringList command = options.positionalArguments();
+    if (command.value(0) == "map"_L1)
+        for (QString& word : command)
+            if (word.startsWith(kMinus))
+                word[0] = u'-';
+    return command;
 }
 
 } // namespace vasclip::vasctl

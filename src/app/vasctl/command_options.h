@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCommandLineParser>
 #include <QStringList>
 
 namespace vasclip::vasctl {
@@ -11,5 +12,10 @@ namespace vasclip::vasctl {
 /// unsaid, somebody would think that it was heeded.
 /// @param command  the words of the command line without its options
 [[nodiscard]] QString StrangeOption(const QStringList& command, const QStringList& given);
+
+/// The arguments with the numbers below zero of a map command told from options, as the parser then takes them.
+[[nodiscard]] QStringList WithSouthAndWest(QStringList arguments);
+/// The command and its words, those numbers as they were given.
+[[nodiscard]] QStringList CommandOf(const QCommandLineParser& options);
 
 } // namespace vasclip::vasctl

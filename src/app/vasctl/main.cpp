@@ -79,6 +79,17 @@ Commands:
   transfer listings [N]
   transfer rentals [N]
   transfer all
+  map geocode ADDRESS     where an address is on the street map: latitude, longitude, how it was found, the feet it
+                          may be off, and the address as found, the best first; exit code 3 if it is not found
+  map reverse LATITUDE LONGITUDE
+                          the addresses at a place, in degrees; exit code 3 if no street is near
+  map export delorme      the report's addresses for an outside map program, into the map export directory; or
+                          delorme2005, streets, streets2001
+  mapdata import SOURCE ... [--county NAME] [--state ST] [--source WORDS] [--date DATE] [--account FILE]
+                          makes street maps of public street files: TIGER/Line, OpenStreetMap, address points
+  mapdata list            the street maps of this home
+  mapdata verify          reads them from end to end; exit code 1 if one is damaged
+  mapdata remove COUNTY   takes one away
   layouts list            the saved layouts of the grid
   layouts show NAME       its columns in their order
   layouts save NAME       the layout that the program left, under a name
@@ -137,6 +148,10 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
         return RunComments(session, out, arguments);
     if (command == u"databook"_s)
         return RunDatabook(session, out, arguments);
+    if (command == u"map"_s)
+        return RunMap(session, out, arguments, options);
+    if (command == u"mapdata"_s)
+        return RunMapdata(session, out, arguments, options);
     if (command == u"doctor"_s && arguments.isEmpty())
         return RunDoctor(session, out);
     out.Error(u"'%1' takes no such arguments; 'vasctl --help' lists them."_s.arg(command));
@@ -168,6 +183,9 @@ int main(int argc, char* argv[])
         {u"on"_s, u"Where to drop: SLOT:INDEX."_s, u"SLOT"_s},
         {u"data"_s, u"Transfer the data."_s},
         {u"pictures"_s, u"Transfer the pictures."_s},
+        {u"source"_s, u"Where street files come from, in words."_s, u"WORDS"_s},
+        {u"date"_s, u"Their date."_s, u"DATE"_s},
+        {u"account"_s, u"A file for what an import left out, and why."_s, u"FILE"_s},
         {u"type"_s, u"Comp type of a new record (F)."_s, u"LETTER"_s},
         {u"city"_s, u"A city."_s, u"NAME"_s},
         {u"state"_s, u"Its state."_s, u"ST"_s},
@@ -182,7 +200,7 @@ int main(int argc, char* argv[])
     });
     options.addOptions(SearchOptions());
     options.addPositionalArgument(u"COMMAND"_s, u"What to do."_s);
-    if (!options.parse(app.arguments())) {
+    if (!options.parse(WithSouthAndWest(app.arguments()))) {
         Output(false).Error(options.errorText());
         return kUsage;
     }
@@ -202,14 +220,15 @@ int main(int argc, char* argv[])
         out.Error(u"--yes and --no exclude each other."_s);
         return kUsage;
     }
-    if (const QString wrong = StrangeCommand(options.positionalArguments()); !wrong.isEmpty()) {
+    const QStringList command = CommandOf(options);
+    if (const QString wrong = StrangeCommand(command); !wrong.isEmpty()) {
         out.Error(wrong);
         return kUsage;
     }
-    const QString strange = StrangeOption(options.positionalArguments(), options.optionNames());
+    const QString strange = StrangeOption(command, options.optionNames());
     if (!strange.isEmpty()) {
         out.Error(u"--%1 means nothing to 'vasctl %2'; 'vasctl --help' tells its options."_s.arg(
-            strange, options.positionalArguments().mid(0, 2).join(u' ')));
+            strange, command.mid(0, 2).join(u' ')));
         return kUsage;
     }
     const Standing standing = options.isSet(u"yes"_s)  ? Standing::Yes
@@ -219,7 +238,7 @@ int main(int argc, char* argv[])
     try {
         Session session(options.isSet(u"home"_s) ? options.value(u"home"_s) : files::DefaultHome(),
                         options.value(u"socket"_s), static_cast<int>(seconds * 1000), prompter);
-        const int code = Dispatch(session, out, options.positionalArguments(), options);
+        const int code = Dispatch(session, out, command, options);
         if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
             return code;
         out.Error(u"What was found could not be written: %1."_s.arg(QString::fromLocal8Bit(std::strerror(errno))));

@@ -103,6 +103,8 @@ int RunLayouts(Session& session, const Output& out, const QStringList& arguments
 int RunSettings(Session& session, const Output& out, const QStringList& arguments);
 int RunComments(Session& session, const Output& out, const QStringList& arguments);
 int RunDatabook(Session& session, const Output& out, const QStringList& arguments);
+int RunMap(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options);
+int RunMapdata(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options);
 int RunDoctor(Session& session, const Output& out);
 
 } // namespace vasclip::vasctl

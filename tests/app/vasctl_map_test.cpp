@@ -1,0 +1,185 @@
+// vasctl map and mapdata: the street map of a demo home, asked as a person or a script asks it.
+
+#include "support/processes.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::Literals::StringLiterals;
+using namespace vasclip::tests;
+
+namespace {
+
+constexpr int kDone = 0, kFailed = 1, kUsage = 2, kNotFound = 3, kNoLink = 5;
+
+class VasctlMap : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        if (!QFile::exists(ProgramHome::Program(u"vasclip-mapdata"_s)))
+            GTEST_SKIP() << "vasclip-mapdata is not built here";
+        ASSERT_TRUE(home.Make());
+    }
+    [[nodiscard]] Ended Map(const QStringList& words) const { return home.Vasctl(QStringList{u"map"_s} + words); }
+    [[nodiscard]] Ended Mapdata(const QStringList& words) const
+    {
+        return home.Vasctl(QStringList{u"mapdata"_s} + words);
+    }
+    /// Records with a place of their own.
+    [[nodiscard]] QJsonArray Located() const
+    {
+        return home
+            .Vasctl({u"sql"_s, u"SELECT CENTRALKEY, CITY, ST, ZIP, LATITUDE, LONGITUDE FROM COMPS WHERE LATITUDE > ''"_s})
+            .Array();
+    }
+
+    ProgramHome home;
+};
+
+TEST_F(VasctlMap, GeocodesAnAddress)
+{
+    const QJsonObject record = Located()[0].toObject();
+    const QString address = record[u"CENTRALKEY"_s].toString().trimmed() + u", "_s + record[u"CITY"_s].toString();
+    const Ended ended = Map({u"geocode"_s, address});
+    ASSERT_EQ(ended.code, kDone) << ended.err.toStdString();
+    const QJsonObject best = ended.Array()[0].toObject();
+    EXPECT_EQ(best[u"kind"_s], u"range"_s);
+    EXPECT_EQ(best[u"sure"_s], u"yes"_s);
+    EXPECT_GE(best[u"uncertainty"_s].toDouble(), 50);
+    EXPECT_TRUE(best[u"address"_s].toString().endsWith(u", OR "_s + record[u"ZIP"_s].toString()))
+        << best[u"address"_s].toString().toStdString();
+    // 0.0003 degrees are some 100 feet
+    EXPECT_NEAR(best[u"latitude"_s].toDouble(), record[u"LATITUDE"_s].toVariant().toDouble(), 0.0003);
+    EXPECT_NEAR(best[u"longitude"_s].toDouble(), record[u"LONGITUDE"_s].toVariant().toDouble(), 0.0003);
+    // words without quotation marks are one address
+    EXPECT_EQ(Map(QStringList{u"geocode"_s} + address.split(u' ')).out, ended.out);
+    EXPECT_TRUE(home.Vasctl({u"--plain"_s, u"map"_s, u"geocode"_s, address}).out.startsWith("latitude"));
+}
+
+TEST_F(VasctlMap, SaysWhatIsNotOnTheMap)
+{
+    for (const QString& address :
+         {u"1 Nowhere Ln, Nowhere, ZZ"_s, QString(10000, u'x'), u"'; DROP TABLE COMPS; --"_s, u"\U0001F3E0"_s}) {
+        const Ended ended = Map({u"geocode"_s, u"--"_s, address});
+        EXPECT_EQ(ended.code, kNotFound) << address.left(30).toStdString() << ended.err.toStdString();
+        EXPECT_TRUE(ended.Array().isEmpty());
+        EXPECT_TRUE(ended.err.contains("was not found on the map")) << ended.err.toStdString();
+        EXPECT_LT(ended.err.size(), 500);
+    }
+    EXPECT_EQ(Map({u"geocode"_s}).code, kUsage);
+    EXPECT_EQ(Map({u"geocode"_s, u"  "_s}).code, kUsage);
+}
+
+TEST_F(VasctlMap, TellsTheAddressOfAPlace)
+{
+    const QJsonObject record = Located()[0].toObject();
+    const Ended ended = Map({u"reverse"_s, record[u"LATITUDE"_s].toVariant().toString(),
+                             record[u"LONGITUDE"_s].toVariant().toString()});
+    ASSERT_EQ(ended.code, kDone) << ended.err.toStdString();
+    EXPECT_FALSE(ended.Array()[0].toObject()[u"address"_s].toString().isEmpty());
+    EXPECT_EQ(Map({u"reverse"_s, u"44.82"_s, u"-10.5"_s}).code, kNotFound);
+    EXPECT_EQ(Map({u"reverse"_s, u"-44.82"_s, u".5"_s}).code, kNotFound);
+    for (const auto& [latitude, longitude] :
+         {std::pair(u"-120.9"_s, u"44.8"_s), std::pair(u"north"_s, u"44"_s), std::pair(u"44"_s, u"-181"_s),
+          std::pair(u"nan"_s, u"44"_s), std::pair(u"44"_s, u"inf"_s)}) {
+        const Ended wrong = Map({u"reverse"_s, latitude, longitude});
+        EXPECT_EQ(wrong.code, kUsage) << latitude.toStdString();
+        EXPECT_TRUE(wrong.err.contains((latitude + u' ' + longitude).toUtf8())) << wrong.err.toStdString();
+    }
+    EXPECT_EQ(Map({u"reverse"_s, u"44.8"_s}).code, kUsage);
+}
+
+TEST_F(VasctlMap, AsksWithoutChangingAFile)
+{
+    const QString copy = home.Native(u"VAS2000/pwstreet.ini"_s);
+    EXPECT_EQ(Map({u"geocode"_s, u"97991"_s}).code, kDone);
+    EXPECT_FALSE(QFile::exists(copy));
+    // the program's own copy comes first
+    QFile ini(copy);
+    ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
+    ini.write("[V2BETA]\r\nCellData=C:\\NOMAPS\r\n");
+    ini.close();
+    const Ended ended = Map({u"geocode"_s, u"97991"_s});
+    EXPECT_EQ(ended.code, kFailed);
+    EXPECT_TRUE(ended.err.contains("There are no street maps in") && ended.err.contains("vasctl mapdata import"))
+        << ended.err.toStdString();
+}
+
+TEST_F(VasctlMap, ExportsTheReportsAddresses)
+{
+    EXPECT_EQ(Map({u"export"_s, u"delorme"_s}).code, kNoLink);
+    EXPECT_EQ(Map({u"export"_s}).code, kUsage);
+    EXPECT_EQ(Map({u"export"_s, u"atlas"_s}).code, kUsage);
+    ASSERT_TRUE(home.StartForms());
+    for (const QString& kind : {u"delorme"_s, u"delorme2005"_s, u"streets"_s, u"streets2001"_s}) {
+        const Ended ended = Map({u"export"_s, kind});
+        ASSERT_EQ(ended.code, kDone) << kind.toStdString() << ended.err.toStdString();
+        const QString file = ended.Object()[u"file"_s].toString();
+        EXPECT_TRUE(file.startsWith(u"C:\\"_s)) << file.toStdString();
+        if (!kind.startsWith(u"delorme"_s))
+            continue;
+        QString below = file.mid(3).replace(u'\\', u'/');
+        QDir drive(home.Native(QString()));
+        for (const QString& part : below.split(u'/', Qt::SkipEmptyParts))
+            for (const QString& name : drive.entryList(QDir::AllEntries | QDir::NoDotAndDotDot))
+                if (name.compare(part, Qt::CaseInsensitive) == 0) {
+                    below = drive.filePath(name);
+                    drive.cd(name);
+                    break;
+                }
+        QFile text(below);
+        ASSERT_TRUE(text.open(QIODevice::ReadOnly)) << below.toStdString();
+        const QByteArray first = text.readLine();
+        EXPECT_TRUE(first.startsWith(kind == u"delorme"_s ? "\"SUBJECT\",\"" : "SUBJECT,")) << first.toStdString();
+        EXPECT_TRUE(first.toUpper().contains("114 OAK ST")) << first.toStdString();
+    }
+}
+
+TEST_F(VasctlMap, ListsVerifiesAndRemovesMaps)
+{
+    const QJsonObject county = Mapdata({u"list"_s}).Array()[0].toObject();
+    EXPECT_EQ(county[u"county"_s], u"Calder"_s);
+    EXPECT_EQ(county[u"state"_s], u"OR"_s);
+    EXPECT_EQ(Mapdata({u"verify"_s}).code, kDone);
+    EXPECT_EQ(Mapdata({u"remove"_s, u"NOWHERE"_s}).code, kNotFound);
+    EXPECT_EQ(Mapdata({u"remove"_s}).code, kUsage);
+    EXPECT_EQ(Mapdata({u"import"_s}).code, kUsage);
+    EXPECT_EQ(Mapdata({u"list"_s, u"all"_s}).code, kUsage);
+
+    QFile cells(home.Native(u"VAS2000/maps/Calder-demo.cel"_s));
+    ASSERT_TRUE(cells.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(cells.seek(cells.size() / 2));
+    cells.write("damaged");
+    cells.close();
+    const Ended damaged = Mapdata({u"verify"_s});
+    EXPECT_EQ(damaged.code, kFailed);
+    EXPECT_TRUE(damaged.err.contains("Calder")) << damaged.err.toStdString();
+
+    EXPECT_EQ(Mapdata({u"remove"_s, u"Calder"_s}).code, kDone);
+    EXPECT_TRUE(Mapdata({u"list"_s}).Array().isEmpty());
+    EXPECT_EQ(Map({u"geocode"_s, u"97991"_s}).code, kNotFound);
+}
+
+TEST_F(VasctlMap, ImportsStreetFiles)
+{
+    const QTemporaryDir sources;
+    QFile file(sources.filePath(u"houses.csv"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("number,street,city,postcode,lon,lat\n7,Pier St,Harbor,97000,-121.5,44.1\n9,Pier St,Harbor,97000,"
+               "-121.5002,44.1\n");
+    file.close();
+    const QString account = sources.filePath(u"account.txt"_s);
+    const Ended ended = Mapdata({u"import"_s, file.fileName(), u"--county"_s, u"Harbor"_s, u"--state"_s, u"OR"_s,
+                                 u"--account"_s, account});
+    ASSERT_EQ(ended.code, kDone) << ended.err.toStdString();
+    EXPECT_TRUE(ended.out.contains("taken 2 houses")) << ended.out.toStdString();
+    EXPECT_TRUE(QFile::exists(account));
+    EXPECT_EQ(Mapdata({u"list"_s}).Array().size(), 2);
+    const QJsonObject house = Map({u"geocode"_s, u"9 Pier St, Harbor, OR"_s}).Array()[0].toObject();
+    EXPECT_EQ(house[u"kind"_s], u"house"_s);
+    EXPECT_NEAR(house[u"longitude"_s].toDouble(), -121.5002, 1e-6);
+    EXPECT_EQ(Mapdata({u"import"_s, sources.filePath(u"none.shp"_s)}).code, kFailed);
+    EXPECT_EQ(home.Vasctl({u"mapdata"_s, u"list"_s, u"--county"_s, u"X"_s}).code, kUsage);
+}
+
+} // namespace
