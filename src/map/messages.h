@@ -104,6 +104,11 @@ inline const QString kCrowded =
     u"There is no room for all arrows at this scale: %1 still cover something or are covered. Zoom in, or turn or "
     "move them by hand"_s;
 
+inline const QString kSetByHand = u"set by hand"_s;
+inline const QString kWithinFeet = u"%1, within %2 feet"_s;
+inline const QString kNotKnown = u"not known"_s;
+inline const QString kSureness = u"Subject: %1. Comp: %2"_s;
+
 // The words of changes of records.
 inline const QString kPlaceWords = u"Place %1 on the map"_s;
 inline const QString kAnchorWords = u"Anchor %1 on the map"_s;

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "map/map_desk.h"
+
+namespace vasclip::map {
+
+/// How sure a point's place is, for people: "set by hand", "by its house, within 30 feet"; "" where nothing tells.
+[[nodiscard]] QString SurenessOf(MapDesk& desk, const MapPoint& point);
+
+/// Of the subject and the selected point, beside their proximity: "Subject: set by hand. Comp: ..."; "" without both.
+[[nodiscard]] QString ProximitySureness(MapDesk& desk);
+
+} // namespace vasclip::map
