@@ -76,6 +76,8 @@ public:
     /// The control's size in pixels of 1/96 inch, and how many of the screen's one of them takes.
     void SetSize(QSize size, double ratio);
     void SetDark(bool dark);
+    /// Whose data is shown: "(c) OpenStreetMap contributors". On every picture, "" for nobody.
+    void SetCredit(const QString& credit);
     /// Paints the view; a painter's coordinates are pixels of 1/96 inch. Never waits: `OnChanged` is called again when
     /// there is more. @return true when nothing is missing any more
     bool Paint(QPainter& painter);

@@ -37,6 +37,12 @@ void StreetMap::SetDark(bool dark)
     Changed();
 }
 
+void StreetMap::SetCredit(const QString& credit)
+{
+    m_look.credit = credit;
+    Changed();
+}
+
 void StreetMap::FrameFromScale()
 {
     m_frame = draw::FrameOf({m_centre, m_feet, (QSizeF(m_size) * m_ratio).toSize(), m_ratio}).Snapped();

@@ -45,6 +45,16 @@ QRectF NorthBox(const Projection& projection)
     return {QPointF(projection.Sheet().width() - margin - size.width(), margin), size};
 }
 
+/// Lower right; empty where nobody is named.
+QRectF CreditBox(const Projection& projection, const Look& look)
+{
+    if (look.credit.isEmpty())
+        return {};
+    const double width = Letters(look.credit, Face::Regular).width * projection.Px(kSmallestText);
+    const QSizeF size(std::ceil(width + projection.Px(10)), std::round(projection.Px(15)));
+    return {QPointF(projection.Sheet().width() - size.width(), projection.Sheet().height() - size.height()), size};
+}
+
 } // namespace
 
 BarLength RoundLength(double feet)
@@ -64,9 +74,12 @@ BarLength RoundLength(double feet)
     return {round, QString::number(round) + u" ft"_s};
 }
 
-std::vector<QRectF> FurnitureBoxes(const Projection& projection)
+std::vector<QRectF> FurnitureBoxes(const Projection& projection, const Look& look)
 {
-    return {BarOf(projection).back, NorthBox(projection)};
+    std::vector<QRectF> boxes{BarOf(projection).back, NorthBox(projection)};
+    if (!look.credit.isEmpty())
+        boxes.push_back(CreditBox(projection, look));
+    return boxes;
 }
 
 void PaintFurniture(QPainter& painter, const Projection& projection, const Look& look)
@@ -82,6 +95,14 @@ void PaintFurniture(QPainter& painter, const Projection& projection, const Look&
     const QRectF north = NorthBox(projection);
     painter.drawRoundedRect(bar.back, round, round);
     painter.drawRoundedRect(north, round, round);
+
+    if (!look.credit.isEmpty()) {
+        const QRectF credit = CreditBox(projection, look);
+        painter.drawRect(credit);
+        Write(painter,
+              OnTheLevel(Letters(look.credit, Face::Regular), projection.Px(kSmallestText), credit.center()),
+              palette.furniture, QColor(0, 0, 0, 0));
+    }
 
     // The bar's ends and foot are whole pixels: as sharp as a ruler.
     const double line = std::max(1.0, std::round(projection.Px(1.5)));

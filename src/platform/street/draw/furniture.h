@@ -20,8 +20,8 @@ struct BarLength
 /// The longest round length that is at most `feet`.
 [[nodiscard]] BarLength RoundLength(double feet);
 
-/// Where scale bar and north arrow stand, for labels to keep off.
-[[nodiscard]] std::vector<QRectF> FurnitureBoxes(const Projection& projection);
+/// Where scale bar, north arrow and credit stand, for labels to keep off.
+[[nodiscard]] std::vector<QRectF> FurnitureBoxes(const Projection& projection, const Look& look);
 void PaintFurniture(QPainter& painter, const Projection& projection, const Look& look);
 
 } // namespace vasclip::street::draw

@@ -13,7 +13,7 @@ std::vector<Written> PaintLabels(QPainter& painter, const Projection& projection
                                  const Look& look, std::vector<QRectF> kept)
 {
     if (look.furniture) {
-        for (const QRectF& box : FurnitureBoxes(projection))
+        for (const QRectF& box : FurnitureBoxes(projection, look))
             kept.push_back(box);
     }
     LabelSheet labels(painter, projection, content, look, kept);

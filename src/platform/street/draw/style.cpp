@@ -115,7 +115,7 @@ bool operator==(const Look& a, const Look& b)
         return one.text == other.text && one.width == other.width && one.shown == other.shown &&
                one.named == other.named;
     };
-    return a.dark == b.dark && a.furniture == b.furniture && same(a.motorways, b.motorways) &&
+    return a.dark == b.dark && a.furniture == b.furniture && a.credit == b.credit && same(a.motorways, b.motorways) &&
            same(a.highways, b.highways) && same(a.arterials, b.arterials) && same(a.streets, b.streets);
 }
 

@@ -3,6 +3,7 @@
 #include "platform/street/features.h"
 
 #include <QColor>
+#include <QString>
 
 #include <array>
 
@@ -29,7 +30,8 @@ struct Look
     RoadLook highways;
     RoadLook arterials; ///< and collectors
     RoadLook streets; ///< and what is less
-    bool furniture = true; ///< scale bar and north
+    bool furniture = true; ///< scale bar, north and credit
+    QString credit; ///< whose data it is, "" for nobody who asks to be named
 
     [[nodiscard]] const RoadLook& Of(RoadClass roadClass) const;
     friend bool operator==(const Look&, const Look&);

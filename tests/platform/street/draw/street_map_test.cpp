@@ -301,6 +301,19 @@ TEST_F(StreetMapTest, StoresThePictureOfTheReport)
     EXPECT_LT(elsewhere.Status(), 0);
 }
 
+TEST_F(StreetMapTest, NamesWhoseDataItIs)
+{
+    At(MadeTown::kMiddle);
+    Do(action::kSetCentre);
+    map.SetScale(5000);
+    const QImage nameless = map.ReportPicture(1500, 1000);
+    map.SetCredit(u"\u00a9 OpenStreetMap contributors"_s);
+    const QImage credited = map.ReportPicture(1500, 1000);
+    EXPECT_NE(credited.copy(1100, 965, 400, 35), nameless.copy(1100, 965, 400, 35));
+    map.SetCredit(QString());
+    EXPECT_EQ(map.ReportPicture(1500, 1000), nameless);
+}
+
 // All that was in sight is on the picture, though the window is taller.
 TEST_F(StreetMapTest, CutsNothingOffForTheReport)
 {
