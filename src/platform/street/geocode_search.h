@@ -39,7 +39,7 @@ public:
     [[nodiscard]] std::vector<Hit> Run();
 
 private:
-    /// Streets of a name among some counties; those of other counties are looked up later.
+    /// Streets of a name among some counties, which are ascending.
     [[nodiscard]] std::vector<Variant> Named(const StreetName& name, const std::vector<quint32>& counties) const;
     [[nodiscard]] std::vector<Variant> Misspelt(const StreetName& name, const std::vector<quint32>& counties) const;
     /// Counties of the whole map that can have the name, in the state that was asked for.

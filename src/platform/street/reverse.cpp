@@ -31,7 +31,7 @@ struct Passing
     NumberRange right;
 };
 
-bool IsWalked(RoadClass kind)
+bool HasNoHouses(RoadClass kind)
 {
     return kind == RoadClass::Rail || kind == RoadClass::Path || kind == RoadClass::Ramp;
 }
@@ -46,7 +46,7 @@ std::vector<Passing> StreetsNear(const EdgeStore& store, Place place, double wit
     for (const quint32 county : store.CountiesAt(around)) {
         for (const auto& cell : store.CellsNear(county, around)) {
             for (const CellEdge& edge : cell->edges) {
-                if (edge.street == 0 || edge.street > cell->streets.size() || IsWalked(edge.roadClass))
+                if (edge.street == 0 || edge.street > cell->streets.size() || HasNoHouses(edge.roadClass))
                     continue;
                 if (!shape::ExtentOf(edge.line).Overlaps(around))
                     continue;
@@ -94,12 +94,11 @@ struct Sides
     StoredSide left;
     StoredSide right;
 };
-Sides SidesOf(const LookupReader& lookup, const std::vector<StoredStreet>& streets, const StreetName& name,
+Sides SidesOf(const std::vector<StoredStreet>& streets, const StreetName& name,
               const Passing& passing, const EdgeStore& store)
 {
     const HouseNumber left = ParseHouseNumber(passing.left.from);
     const HouseNumber right = ParseHouseNumber(passing.right.from);
-    Sides first;
     for (const StoredStreet& street : streets) {
         if (street.name != name)
             continue;
@@ -114,8 +113,7 @@ Sides SidesOf(const LookupReader& lookup, const std::vector<StoredStreet>& stree
                 break;
         }
     }
-    static_cast<void>(lookup);
-    return first;
+    return {};
 }
 
 } // namespace
@@ -161,7 +159,7 @@ std::vector<Candidate> AddressesNear(const EdgeStore& store, Place place, double
         }
         if (ranged && (named || passing.numbered))
             continue;
-        const Sides sides = SidesOf(*lookup, stored, name, passing, store);
+        const Sides sides = SidesOf(stored, name, passing, store);
         const Foot foot = FootOf(place, passing.line);
         if (!ranged && passing.numbered) {
             StoredSide left = sides.left;
