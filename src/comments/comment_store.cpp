@@ -3,6 +3,7 @@
 #include "comments/messages.h"
 #include "common/error_block.h"
 #include "common/text_filters.h"
+#include "platform/text/call_errors.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/change.h"
@@ -23,7 +24,6 @@ namespace {
 
 const QString kKeyField = u"CENTRALKEY"_s;
 const QString kBlankKey(20, QLatin1Char(' '));
-constexpr int kInvalidCall = 5;
 
 /// The record set on its first row, with the column's place in it.
 struct Walk
@@ -266,7 +266,7 @@ bool AddPhrase(store::DataSource& data, const QString& column, const QString& te
 {
     const QString phrase = text::Trim(text);
     if (phrase.isEmpty())
-        throw RuntimeError(kInvalidCall, u"An empty phrase can not be added"_s);
+        throw RuntimeError(error::kInvalidCall, u"An empty phrase can not be added"_s);
     Transaction all(data.Database());
     const QStringList list = ListPhrases(data, column);
     if (list.contains(phrase))
@@ -274,7 +274,7 @@ bool AddPhrase(store::DataSource& data, const QString& column, const QString& te
     // What stands behind a gap is no part of the list, so the gap itself is free.
     Walk walk(data, column);
     if (!walk.SkipTo(kKeys + static_cast<int>(list.size())))
-        throw RuntimeError(kInvalidCall,
+        throw RuntimeError(error::kInvalidCall,
                            u"The list of %1 is full: the comment file has room for %2 phrases a "
                            "field. Delete one first"_s.arg(column)
                                .arg(ListCapacity(data)));

@@ -2,6 +2,7 @@
 
 #include "comments/messages.h"
 #include "common/error_block.h"
+#include "platform/engine/errors.h"
 #include "platform/text/runtime_error.h"
 #include "store/messages.h"
 
@@ -17,7 +18,6 @@ namespace {
 
 const QString kTable = u"COMPS"_s;
 const QString kReference = u"newdata.mdb"_s;
-constexpr int kInUseByOthers = 3356;
 
 struct NewField
 {
@@ -85,7 +85,7 @@ std::shared_ptr<engine::Database> OpenAlone(const forms::Ports& ports, engine::E
         try {
             return engine.OpenDatabase(path, engine::OpenMode::Exclusive);
         } catch (const RuntimeError& failure) {
-            if (failure.Number() != error::kExclusivelyLocked && failure.Number() != kInUseByOthers)
+            if (failure.Number() != error::kExclusivelyLocked && failure.Number() != error::kInUseByOthers)
                 throw;
             if (ports.prompter.MsgBox(forms::Buttons::RetryCancel, forms::Icon::Exclamation,
                                       store::kPlainTitle, kFileLocked) != forms::Answer::Retry)

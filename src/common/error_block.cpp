@@ -1,6 +1,7 @@
 #include "common/error_block.h"
 
 #include "common/given_up.h"
+#include "platform/engine/errors.h"
 
 #include "platform/text/text.h"
 
@@ -16,7 +17,6 @@ namespace vasclip::common {
 namespace {
 
 constexpr int kNameLength = 20;
-constexpr int kCouldNotReadLocked = 3187; // the engine's
 constexpr auto kMayBeCorrupt =
     "The databases may be corrupt.  Please run the rebuild programs. (Double Click on the "
     "icons) and restart Vasclip Manager."_L1;
@@ -86,7 +86,7 @@ ErrorAction FileErrors(forms::Prompter& prompter, const RuntimeError& failure)
     case error::kCouldNotUpdateLocked:
         prompter.Box({}, QString(kMayBeCorrupt));
         throw forms::EndOfProgram{1};
-    case kCouldNotReadLocked:
+    case error::kCouldNotReadLocked:
         if (TheState().givenUp == failure.Description()) // an inner step has asked
             return ErrorAction::Raise;
         if (prompter.MsgBox(forms::Buttons::RetryCancel, forms::Icon::Exclamation, u"Vasclip"_s,

@@ -2,6 +2,7 @@
 
 #include "common/paths.h"
 #include "platform/files/profile.h"
+#include "platform/text/call_errors.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 
@@ -392,7 +393,7 @@ void WriteSettings(std::span<const SettingTarget> rows, const Globals& globals, 
 void WriteSetting(const SettingRow& row, const QString& text, Globals& globals, const files::Disk& disk)
 {
     if (const auto refusal = SettingRefusal(row, text))
-        throw RuntimeError(5, *refusal);
+        throw RuntimeError(error::kInvalidCall, *refusal);
     Globals changed = globals;
     TakeSetting(row, text, changed);
     changed.arrowsDir = ArrowsDirectory(changed.G_ProgramDir);

@@ -1,6 +1,7 @@
 #include "databook/city_fields.h"
 
 #include "databook/messages.h"
+#include "platform/text/call_errors.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/change.h"
@@ -11,8 +12,6 @@ namespace vasclip::databook {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-constexpr int kBadArgument = 5;
 
 /// Each value brought to its field's size.
 QMap<QString, QString> Sized(const store::DataSource& databook, const CityEntry& entry)
@@ -31,7 +30,7 @@ QMap<QString, QString> Sized(const store::DataSource& databook, const CityEntry&
 qint64 AssignCity(store::DataSource& databook, const QString& neighborhood, const CityEntry& entry)
 {
     if (text::Trim(neighborhood).isEmpty())
-        throw RuntimeError(kBadArgument, kNeedNeighborhood);
+        throw RuntimeError(error::kInvalidCall, kNeedNeighborhood);
     QString wanted = text::Trim(neighborhood);
     wanted.replace(u'\'', u"''"_s);
     return store::Change::Rows(databook, Sized(databook, entry), u"TRIM(NEIGHBORHD) = '%1'"_s.arg(wanted),

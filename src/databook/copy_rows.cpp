@@ -2,6 +2,7 @@
 
 #include "common/error_block.h"
 #include "databook/grid.h"
+#include "platform/text/call_errors.h"
 
 #include <QLocale>
 
@@ -12,8 +13,6 @@ namespace vasclip::databook {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-constexpr int kOutOfMemory = 7;
 
 struct Shown
 {
@@ -60,7 +59,7 @@ CopiedRows CopyRows(const forms::Grid& grid, QList<RowRange> rows)
         return copied;
     if (count > kMostRowsCopied) {
         const QLocale locale;
-        throw RuntimeError(kOutOfMemory,
+        throw RuntimeError(error::kOutOfMemory,
                            u"%1 records are selected and one copy takes %2 at most. Nothing was copied. "
                            u"Select fewer, or search first and copy what was found"_s.arg(
                                locale.toString(count), locale.toString(kMostRowsCopied)));

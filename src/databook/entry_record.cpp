@@ -24,7 +24,6 @@ using common::RoutineScope;
 
 namespace {
 
-constexpr int kRecordDeleted = 3167;
 constexpr int kFieldsTold = 8;
 
 QString OnlyNumeric(const QString& text)
@@ -196,7 +195,7 @@ Stored EntryRecord::Write(bool leaving)
                 });
         } catch (const RuntimeError& failure) {
             m_texts = texts;
-            if (failure.Number() == kRecordDeleted) {
+            if (failure.Number() == error::kRecordDeleted) {
                 m_desk.ports.prompter.Box(store::kPlainTitle, kDeletedMeanwhile.arg(m_key));
                 return Stored::Kept;
             }

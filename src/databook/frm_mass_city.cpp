@@ -3,6 +3,7 @@
 #include "common/error_block.h"
 #include "databook/city_fields.h"
 #include "databook/messages.h"
+#include "platform/engine/errors.h"
 #include "platform/text/text.h"
 #include "store/messages.h"
 #include "store/store.h"
@@ -13,12 +14,6 @@ namespace vasclip::databook {
 
 using namespace Qt::Literals::StringLiterals;
 using common::RoutineScope;
-
-namespace {
-
-constexpr int kRecordDeleted = 3167; ///< by somebody else
-
-} // namespace
 
 frm_MassCity::frm_MassCity(const forms::Ports& ports, store::DataSource& databook,
                            const common::Globals& globals, const files::Disk& disk)
@@ -146,7 +141,7 @@ void frm_MassCity::ShowRecord()
                  {u"CENTRALKEY"_s, u"NEIGHBORHD"_s, u"CITY"_s, u"ST"_s, u"ZIP"_s, u"COUNTY"_s})
                 texts.append(Stored(field));
         } catch (const RuntimeError& failure) {
-            if (failure.Number() != kRecordDeleted)
+            if (failure.Number() != error::kRecordDeleted)
                 throw;
             texts.clear();
             gone = true;

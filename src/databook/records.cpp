@@ -7,6 +7,7 @@
 #include "databook/messages.h"
 #include "photos/photo_files.h"
 #include "photos/photo_lists.h"
+#include "platform/engine/errors.h"
 #include "platform/text/text.h"
 #include "store/change.h"
 #include "store/store.h"
@@ -24,8 +25,6 @@ namespace {
 const QString kKey = u"CENTRALKEY"_s;
 const QString kAddress = u"ADDRESS"_s;
 const QString kType = u"APPRSLTYPE"_s;
-
-constexpr int kRecordDeleted = 3167; ///< by somebody else
 
 RecordResult Failed(RecordOutcome outcome, const QString& message)
 {
@@ -114,7 +113,7 @@ RecordResult AsOne(const forms::Ports& ports, store::DataSource& databook, const
         } catch (const RuntimeError& failure) {
             if (failure.Number() == error::kDuplicateKey)
                 result = Exists(taken);
-            else if (failure.Number() == kRecordDeleted)
+            else if (failure.Number() == error::kRecordDeleted)
                 result = Missing(address);
             else
                 throw;

@@ -1,6 +1,7 @@
 #include "databook/search_sql.h"
 
 #include "databook/messages.h"
+#include "platform/text/call_errors.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 
@@ -14,8 +15,6 @@ namespace vasclip::databook {
 using Text = QLatin1StringView;
 
 namespace {
-
-constexpr int kBadArgument = 5;
 
 constexpr std::array kFields = {
     SearchField{Text("cboSearchKey"), Text(), Text("CENTRALKEY"), SearchKind::Like, Text("key")},
@@ -176,7 +175,7 @@ SearchStatement BuildSearch(const SearchForm& form)
         case SearchKind::Date:
             if (!text::Trim(value).isEmpty() && !text::Trim(range).isEmpty() &&
                 DateComparison(range).isEmpty())
-                throw RuntimeError(kBadArgument, kNoDateRange.arg(range));
+                throw RuntimeError(error::kInvalidCall, kNoDateRange.arg(range));
             where = AddDate(where, field, value, range);
             break;
         }

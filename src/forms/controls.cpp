@@ -1,5 +1,6 @@
 #include "forms/controls.h"
 
+#include "platform/text/call_errors.h"
 #include "platform/text/text.h"
 
 #include <algorithm>
@@ -12,7 +13,7 @@ namespace {
 
 [[noreturn]] void BadIndex(const QString& name, int index)
 {
-    throw RuntimeError(5, u"%1: the list has no line %2"_s.arg(name).arg(index));
+    throw RuntimeError(error::kInvalidCall, u"%1: the list has no line %2"_s.arg(name).arg(index));
 }
 
 /// `Entries` is a list of entries or a constant one; the answer is likewise.

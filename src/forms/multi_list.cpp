@@ -1,5 +1,7 @@
 #include "forms/multi_list.h"
 
+#include "platform/text/call_errors.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -27,7 +29,7 @@ void MultiListBox::Select(const QSet<int>& lines)
 {
     for (const int line : lines) {
         if (line < 0 || line >= ListCount())
-            throw RuntimeError(5, u"%1: the list has no line %2"_s.arg(ObjectName()).arg(line));
+            throw RuntimeError(error::kInvalidCall, u"%1: the list has no line %2"_s.arg(ObjectName()).arg(line));
     }
     if (m_selected == lines)
         return;

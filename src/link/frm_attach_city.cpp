@@ -11,6 +11,7 @@
 #include "link/report_check.h"
 #include "link/reporter.h"
 #include "link/talk.h"
+#include "platform/engine/errors.h"
 #include "platform/text/text.h"
 #include "store/change.h"
 #include "store/messages.h"
@@ -32,8 +33,6 @@ struct Choice
 constexpr std::array kChoices{Choice{"CS"_L1, "Use Subject City, State"_L1},
                               Choice{"CSZ"_L1, "Use Subject City, State, Zip"_L1},
                               Choice{"NONE"_L1, "Leave Empty"_L1}};
-
-constexpr int kRecordDeleted = 3167; ///< by somebody else
 
 bool IsPending(const QString& saleDate)
 {
@@ -284,7 +283,7 @@ bool frm_AttachCity::Store()
         }
         change.Store();
     } catch (const RuntimeError& failure) {
-        if (failure.Number() == kRecordDeleted)
+        if (failure.Number() == error::kRecordDeleted)
             return false;
         throw;
     }

@@ -9,6 +9,7 @@
 #include "link/messages.h"
 #include "link/set_city.h"
 #include "platform/conduit/patience.h"
+#include "platform/engine/errors.h"
 #include "platform/text/text.h"
 #include "store/change.h"
 #include "store/messages.h"
@@ -19,7 +20,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int kRecordDeleted = 3167; ///< by somebody else
 constexpr int kTries = 5;
 
 /// One comp on its way into the Databook. What was asked and read stays so when a step is tried again.
@@ -56,7 +56,7 @@ public:
                 // Another user added, deleted or changed it a moment ago: look again.
                 const bool meanwhile = failure.Number() == error::kDuplicateKey ||
                                        failure.Number() == error::kDataChanged ||
-                                       failure.Number() == kRecordDeleted;
+                                       failure.Number() == error::kRecordDeleted;
                 if (!meanwhile || tries == kTries)
                     throw;
             }

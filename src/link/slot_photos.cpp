@@ -9,6 +9,7 @@
 #include "link/slot_table.h"
 #include "link/talk.h"
 #include "photos/photo_copies.h"
+#include "platform/text/call_errors.h"
 #include "platform/text/text.h"
 
 namespace vasclip::link {
@@ -190,7 +191,7 @@ QString KelParseImages(const QString& images, const QString& key)
         return {};
     const qsizetype end = text.indexOf(u';', found + 1);
     if (end < 0)
-        throw RuntimeError(5, messages::kImagesCutOff.arg(text.mid(found + 1)));
+        throw RuntimeError(error::kInvalidCall, messages::kImagesCutOff.arg(text.mid(found + 1)));
     return text.mid(found + 1, end - found - 1);
 }
 

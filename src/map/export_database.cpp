@@ -3,6 +3,7 @@
 #include "map/exports.h"
 #include "map/messages.h"
 #include "photos/photo_list.h"
+#include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/change.h"
 #include "store/schema.h"
@@ -13,7 +14,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int kColumnIsThere = 3191;
 const QString kTable = u"appraisal"_s;
 const QString kTemplate = u"appraisal.mbk"_s;
 
@@ -104,7 +104,7 @@ void errcreatemdb(engine::Engine& engine, const QString& file)
         try {
             database->AppendField(kTable, field);
         } catch (const RuntimeError& failure) {
-            if (failure.Number() != kColumnIsThere)
+            if (failure.Number() != error::kFieldDefinedTwice)
                 throw;
         }
     }

@@ -3,6 +3,7 @@
 #include "comments/comment_file.h"
 #include "common/error_block.h"
 #include "common/paths.h"
+#include "platform/text/call_errors.h"
 #include "platform/text/text.h"
 #include "shell/config_messages.h"
 #include "store/messages.h"
@@ -314,7 +315,7 @@ void frm_Config::Write()
         if (!refusal.isEmpty()) {
             SSConfig.SetTab(static_cast<int>(field.about.page));
             field.text->SetFocus();
-            throw RuntimeError(5, field.about.Words() + u": "_s + refusal + u". Nothing was saved"_s);
+            throw RuntimeError(error::kInvalidCall, field.about.Words() + u": "_s + refusal + u". Nothing was saved"_s);
         }
         // While the trash is on show the screen shows the remembered directory, and saving must not leave it.
         const QString text = TextOf(field);

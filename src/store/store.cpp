@@ -1,6 +1,7 @@
 #include "store/store.h"
 
 #include "common/error_block.h"
+#include "platform/engine/errors.h"
 #include "platform/text/text.h"
 #include "store/change.h"
 #include "store/messages.h"
@@ -15,9 +16,6 @@ namespace vasclip::store {
 using common::RoutineScope;
 
 namespace {
-
-constexpr int kBookmarkGone = 3159;
-constexpr int kRecordDeleted = 3167;
 
 const engine::Field& FieldOf(const DataSource& source, const QString& field)
 {
@@ -50,7 +48,7 @@ void GoBack(engine::Recordset& recordset, engine::Bookmark place)
     try {
         recordset.SetBookmark(place);
     } catch (const RuntimeError& failure) {
-        if (failure.Number() != kBookmarkGone && failure.Number() != kRecordDeleted)
+        if (failure.Number() != error::kBadBookmark && failure.Number() != error::kRecordDeleted)
             throw;
     }
 }

@@ -188,6 +188,22 @@ void CheckSlotTable(const Sources& sources, QStringList& violations)
     }
 }
 
+/// A number of an error is named once, in the header of its floor.
+void CheckErrorNumbers(const Sources& sources, QStringList& violations)
+{
+    static const QRegularExpression header(u"^src/platform/(text/(runtime|call)_errors?|engine/errors)\\.h$"_s);
+    static const QRegularExpression bare(uR"(\bRuntimeError\s*[({]\s*(\d+)|\bNumber\(\)\s*[=!]=\s*(\d+)|)"
+                                         R"(\bconstexpr int k\w+ = (3(?!000)\d{3});)"_s);
+    for (auto source = sources.cbegin(); source != sources.cend(); ++source) {
+        if (!source.key().startsWith(kSrc) || header.match(source.key()).hasMatch())
+            continue;
+        const QRegularExpressionMatch match = bare.match(source.value());
+        if (match.hasMatch())
+            violations.append(u"%1 has the number %2 of an error, which has a name in namespace error"_s.arg(
+                source.key(), match.captured(match.lastCapturedIndex())));
+    }
+}
+
 enum class Mark { Unseen, OnTheWay, Done };
 
 void Visit(const QString& path, const QMap<QString, QStringList>& arrows, QMap<QString, Mark>& marks,
@@ -240,6 +256,7 @@ QStringList Violations(const Sources& sources, const QSet<QString>& widgetHeader
     CheckSystems(sources, violations);
     CheckLiterals(sources, violations);
     CheckWriters(sources, violations);
+    CheckErrorNumbers(sources, violations);
     CheckSlotTable(sources, violations);
     QMap<QString, Mark> marks;
     QStringList way;

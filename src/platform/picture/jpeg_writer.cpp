@@ -1,5 +1,6 @@
 #include "platform/picture/exif.h"
 #include "platform/picture/picture.h"
+#include "platform/text/call_errors.h"
 #include "platform/text/runtime_error.h"
 
 #include <QColorSpace>
@@ -115,7 +116,7 @@ QByteArray ProfileOf(const QImage& image)
 QByteArray ToJpeg(const QImage& image, int quality, const Notes& notes)
 {
     if (image.isNull())
-        throw RuntimeError(5, u"There is no picture to save"_s);
+        throw RuntimeError(error::kInvalidCall, u"There is no picture to save"_s);
     const QImage plain = Plain(image);
     const QByteArray exif = ExifSegment(notes, plain.size());
     const QByteArray profile = ProfileOf(image);

@@ -8,6 +8,7 @@
 #include "platform/engine/sqlite/functions.h"
 #include "platform/engine/sqlite/schema_tables.h"
 #include "platform/engine/values.h"
+#include "platform/text/call_errors.h"
 
 #include <QElapsedTimer>
 #include <QMutex>
@@ -197,7 +198,7 @@ void Connection::Fail(int code)
         throw RuntimeError(error::kDeviceIo,
                            u"The disk or the network failed while %1 was read or written"_s.arg(file));
     case SQLITE_NOMEM:
-        throw RuntimeError(7, u"There is not enough memory to work on %1"_s.arg(file));
+        throw RuntimeError(error::kOutOfMemory, u"There is not enough memory to work on %1"_s.arg(file));
     case SQLITE_CONSTRAINT:
         if (extended == SQLITE_CONSTRAINT_UNIQUE || extended == SQLITE_CONSTRAINT_PRIMARYKEY ||
             extended == SQLITE_CONSTRAINT_ROWID)
