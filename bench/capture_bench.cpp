@@ -2,6 +2,7 @@
 #include "photos/capture_desk.h"
 #include "photos/picture_thumbs.h"
 #include "platform/picture/picture.h"
+#include "platform/work/thread_workers.h"
 #include "support/temp_home.h"
 
 #include <QCoreApplication>
@@ -65,7 +66,8 @@ struct Browser
         globals.imageFileNames = u"ON"_s;
         globals.imageListBox = u"OFF"_s;
         desk = std::make_unique<photos::CaptureDesk>(photos::CaptureBase{disk, ports, globals, status, loader},
-                                                     controls, std::make_unique<photos::PictureThumbs>(disk));
+                                                     controls, std::make_unique<photos::PictureThumbs>(disk),
+                                                     std::make_unique<work::ThreadWorkers>());
     }
     void Settle() const
     {

@@ -22,11 +22,12 @@ constexpr qsizetype kMostBytes = qsizetype(32) * 1024 * 1024;
 } // namespace
 
 CaptureDesk::CaptureDesk(const CaptureBase& base, CaptureControls& controls,
-                         std::unique_ptr<ThumbSource> source)
+                         std::unique_ptr<ThumbSource> source, std::unique_ptr<work::Workers> workers)
     : m_base(base)
     , m_controls(controls)
     , m_folder(base.disk)
-    , m_loader(std::move(source))
+    , m_workers(std::move(workers))
+    , m_loader(std::move(source), *m_workers)
 {
     m_controls.filCapture.SetSource(&m_folder);
     connect(&m_folder, &CaptureFolder::Changed, this, &CaptureDesk::News);

@@ -33,7 +33,9 @@ class CaptureDesk : public QObject
 {
     Q_OBJECT
 public:
-    CaptureDesk(const CaptureBase& base, CaptureControls& controls, std::unique_ptr<ThumbSource> source);
+    /// @param workers  make the small pictures
+    CaptureDesk(const CaptureBase& base, CaptureControls& controls, std::unique_ptr<ThumbSource> source,
+                std::unique_ptr<work::Workers> workers);
 
     /// The drive of the Windows directory, "C:"; pictures go there when their own drive is gone.
     void SetSystemDrive(const QString& drive) { m_systemDrive = drive; }
@@ -129,6 +131,7 @@ private:
     CaptureBase m_base;
     CaptureControls& m_controls;
     CaptureFolder m_folder;
+    std::unique_ptr<work::Workers> m_workers;
     ThumbLoader m_loader;
     QString m_systemDrive;
     PageTurn m_turn = PageTurn::None;

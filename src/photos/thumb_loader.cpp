@@ -7,21 +7,19 @@
 
 namespace vasclip::photos {
 
-ThumbLoader::ThumbLoader(std::unique_ptr<ThumbSource> source, int threads)
+ThumbLoader::ThumbLoader(std::unique_ptr<ThumbSource> source, work::Workers& workers)
     : m_source(std::move(source))
-{
-    m_pool.setMaxThreadCount(std::clamp(threads, 1, 4));
-    m_pool.setThreadPriority(QThread::LowPriority);
-}
+    , m_atWork(workers)
+{}
 
 ThumbLoader::~ThumbLoader()
 {
     {
         const std::lock_guard lock(m_mutex);
         m_tasks.clear();
-        m_closing = true;
     }
-    m_pool.waitForDone();
+    m_token.Cancel();
+    m_token.Wait();
 }
 
 void ThumbLoader::Show(const QStringList& onShow, const QStringList& next, int longerSide)
@@ -102,11 +100,16 @@ bool ThumbLoader::Idle() const
 
 void ThumbLoader::Start()
 {
-    const std::lock_guard lock(m_mutex);
-    const int wanted = static_cast<int>(
-        std::min<std::size_t>(m_tasks.size(), static_cast<std::size_t>(m_pool.maxThreadCount())));
-    for (; m_workers < wanted; ++m_workers)
-        m_pool.start([this] { WorkOff(); });
+    int more = 0;
+    {
+        const std::lock_guard lock(m_mutex);
+        const int wanted = static_cast<int>(
+            std::min<std::size_t>(m_tasks.size(), static_cast<std::size_t>(m_atWork.AtOnce())));
+        more = std::max(0, wanted - m_workers);
+        m_workers += more;
+    }
+    for (; more > 0; --more)
+        m_atWork.Run([this](const work::CancelToken&) { WorkOff(); }, {}, m_token);
 }
 
 void ThumbLoader::WorkOff()
@@ -128,8 +131,10 @@ void ThumbLoader::WorkOff()
 
 bool ThumbLoader::Unwanted(const QString& path) const
 {
+    if (m_token.Cancelled())
+        return true;
     const std::lock_guard lock(m_mutex);
-    return m_closing || !m_wanted.contains(path);
+    return !m_wanted.contains(path);
 }
 
 void ThumbLoader::Do(const Task& task)
@@ -163,8 +168,7 @@ void ThumbLoader::Do(const Task& task)
             return; // whoever wants it again has asked for it anew
         const auto* known = dynamic_cast<const RuntimeError*>(&failure);
         const QString why = known != nullptr ? known->Description() : QString::fromLocal8Bit(failure.what());
-        QMetaObject::invokeMethod(
-            this,
+        m_atWork.Tell(
             [this, task, why] {
                 m_cache.Remove(task.path);
                 if (task.work != Work::Decode || !m_onShow.contains(task.path))
@@ -172,16 +176,15 @@ void ThumbLoader::Do(const Task& task)
                 m_done.insert(task.path);
                 Q_EMIT Broken(task.path, why);
             },
-            Qt::QueuedConnection);
+            m_token);
     }
     if (task.work != Work::Keep)
-        QMetaObject::invokeMethod(this, [this, task] { Finished(task); }, Qt::QueuedConnection);
+        m_atWork.Tell([this, task] { Finished(task); }, m_token);
 }
 
 void ThumbLoader::Tell(const Task& task, const Thumb& thumb, Pass pass)
 {
-    QMetaObject::invokeMethod(
-        this,
+    m_atWork.Tell(
         [this, path = task.path, thumb, pass] {
             if (!m_onShow.contains(path))
                 return;
@@ -189,7 +192,7 @@ void ThumbLoader::Tell(const Task& task, const Thumb& thumb, Pass pass)
                 m_done.insert(path);
             Q_EMIT Arrived(path, thumb, pass);
         },
-        Qt::QueuedConnection);
+        m_token);
 }
 
 void ThumbLoader::Finished(const Task& task)

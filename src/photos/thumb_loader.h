@@ -1,11 +1,11 @@
 #pragma once
 
 #include "photos/thumb_cache.h"
+#include "platform/work/workers.h"
 
 #include <QObject>
 #include <QSet>
 #include <QStringList>
-#include <QThreadPool>
 
 #include <deque>
 #include <memory>
@@ -13,7 +13,7 @@
 
 namespace vasclip::photos {
 
-/// Makes small pictures of files in worker threads, in passes: what is kept of an earlier look at once, then
+/// Makes small pictures of files by workers, in passes: what is kept of an earlier look at once, then
 /// what the camera has put into the file's head, then the file decoded at a reduced size. All files on show
 /// take the first pass before one takes the second; what is on show comes before what may be shown next.
 ///
@@ -22,7 +22,8 @@ class ThumbLoader : public QObject
 {
     Q_OBJECT
 public:
-    explicit ThumbLoader(std::unique_ptr<ThumbSource> source, int threads = QThread::idealThreadCount());
+    /// @param workers  outlive this; asked from its thread
+    ThumbLoader(std::unique_ptr<ThumbSource> source, work::Workers& workers);
     ~ThumbLoader() override;
 
     enum class Pass { Kept, Embedded, Reduced };
@@ -65,12 +66,12 @@ private:
 
     std::unique_ptr<ThumbSource> m_source;
     ThumbCache m_cache;
-    QThreadPool m_pool;
+    work::Workers& m_atWork;
+    work::CancelToken m_token; ///< cancelled when this goes
     mutable std::mutex m_mutex;
     std::deque<Task> m_tasks;
-    int m_workers = 0; ///< threads at work
+    int m_workers = 0; ///< jobs asked for that have not found the tasks at an end
     QSet<QString> m_wanted; ///< on show or next; the decoding of others is given up
-    bool m_closing = false;
     quint64 m_round = 0;
     int m_longerSide = 0;
     // In the screen's thread alone:

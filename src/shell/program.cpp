@@ -12,6 +12,7 @@
 #include "photos/photo_desk.h"
 #include "photos/picture_thumbs.h"
 #include "platform/desktop/desktop.h"
+#include "platform/work/thread_workers.h"
 #include "shell/ini_location.h"
 #include "shell/photo_questions.h"
 #include "shell/slot_icon_pictures.h"
@@ -57,7 +58,7 @@ Program::Program(const Foundation& foundation)
     m_photos->setCity = [this] { link::ErrDatabookSetCity(*m_link, link::CityRule::Fill); };
     m_capture = std::make_unique<photos::CaptureDesk>(
         photos::CaptureBase{foundation.disk, foundation.ports, globals, status, *m_slotLoader}, capture,
-        std::make_unique<photos::PictureThumbs>(foundation.disk));
+        std::make_unique<photos::PictureThumbs>(foundation.disk), std::make_unique<work::ThreadWorkers>());
     m_link = std::make_unique<link::LinkDesk>(link::LinkDesk{
         .txtDDE = foundation.txtDDE,
         .globals = globals,

@@ -22,7 +22,8 @@ protected:
     std::shared_ptr<tests::NamedThumbs::Log> thumbs = std::make_shared<tests::NamedThumbs::Log>();
     photos::CaptureDesk capture{{home.disk, desk.ports, globals, status, loader},
                                 controls,
-                                std::make_unique<tests::NamedThumbs>(thumbs)};
+                                std::make_unique<tests::NamedThumbs>(thumbs),
+                                std::make_unique<work::ThreadWorkers>()};
     forms::Grid grddatabook{set, u"grddatabook"_s};
     forms::TextBox txtcentralkey{set, u"txtcentralkey"_s};
     DropDesk drops{desk, filing, capture, grddatabook, txtcentralkey};

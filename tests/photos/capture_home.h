@@ -1,6 +1,7 @@
 #pragma once
 
 #include "photos/capture_desk.h"
+#include "platform/work/thread_workers.h"
 #include "support/scripted_ports.h"
 #include "support/temp_home.h"
 
@@ -120,7 +121,7 @@ protected:
         loader.SetThumbTags(&controls.lbltag);
         desk = std::make_unique<photos::CaptureDesk>(
             photos::CaptureBase{home.disk, doubles.Get(), globals, status, loader}, controls,
-            std::make_unique<NamedThumbs>(thumbs));
+            std::make_unique<NamedThumbs>(thumbs), std::make_unique<work::ThreadWorkers>());
         desk->SetSystemDrive(u"C:"_s);
     }
     void Put(const QString& name) { home.Put(kDir + name); }

@@ -75,7 +75,8 @@ class LoaderTest : public testing::Test
 {
 protected:
     std::shared_ptr<NamedThumbs::Log> log = std::make_shared<NamedThumbs::Log>();
-    ThumbLoader loader{std::make_unique<NamedThumbs>(log), 1};
+    work::ThreadWorkers workers{1};
+    ThumbLoader loader{std::make_unique<NamedThumbs>(log), workers};
     QStringList told;
     int settled = 0;
 
