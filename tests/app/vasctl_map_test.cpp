@@ -4,12 +4,17 @@
 
 #include <gtest/gtest.h>
 
+#include <QImage>
+#include <QSet>
+
+#include <tuple>
+
 using namespace Qt::Literals::StringLiterals;
 using namespace vasclip::tests;
 
 namespace {
 
-constexpr int kDone = 0, kFailed = 1, kUsage = 2, kNotFound = 3, kNoLink = 5;
+constexpr int kDone = 0, kFailed = 1, kUsage = 2, kNotFound = 3, kDeclined = 4, kNoLink = 5;
 
 class VasctlMap : public testing::Test
 {
@@ -133,6 +138,113 @@ TEST_F(VasctlMap, ExportsTheReportsAddresses)
         EXPECT_TRUE(first.startsWith(kind == u"delorme"_s ? "\"SUBJECT\",\"" : "SUBJECT,")) << first.toStdString();
         EXPECT_TRUE(first.toUpper().contains("114 OAK ST")) << first.toStdString();
     }
+}
+
+TEST_F(VasctlMap, DrawsTheSamePictureEachTime)
+{
+    const QTemporaryDir out;
+    QStringList drawn;
+    for (const QString& name : {u"one.png"_s, u"two.png"_s}) {
+        drawn.append(out.filePath(name));
+        const Ended ended = Map({u"picture"_s, u"--out"_s, drawn.last()});
+        ASSERT_EQ(ended.code, kDone) << ended.err.toStdString();
+        EXPECT_EQ(ended.Object()[u"points"_s].toArray()[0], u"SUBJECT"_s);
+    }
+    const QImage first(drawn[0]);
+    EXPECT_EQ(first.size(), QSize(1500, 1000));
+    QSet<QRgb> colours;
+    for (int x = 0; x < first.width(); ++x)
+        for (int y = 0; y < first.height(); ++y)
+            colours.insert(first.pixel(x, y));
+    EXPECT_GT(colours.size(), 20) << "streets, names and arrows";
+    QFile one(drawn[0]), two(drawn[1]);
+    ASSERT_TRUE(one.open(QIODevice::ReadOnly) && two.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(one.readAll() == two.readAll());
+
+    ASSERT_TRUE(home.StartForms());
+    const QString report = out.filePath(u"report.png"_s);
+    ASSERT_EQ(Map({u"picture"_s, u"--out"_s, report}).code, kDone);
+    EXPECT_NE(QImage(report), first) << "another report, another map";
+    ProgramHome::Stop(home.forms);
+
+    EXPECT_EQ(Map({u"picture"_s}).code, kUsage);
+    EXPECT_EQ(Map({u"picture"_s, u"--out"_s, u"a.gif"_s}).code, kUsage);
+    EXPECT_EQ(Map({u"picture"_s, u"--out"_s, u"/proc/a.png"_s}).code, kFailed);
+    ASSERT_TRUE(QFile::remove(home.Path() + u"/demo-home.txt"_s));
+    EXPECT_EQ(Map({u"picture"_s, u"--out"_s, drawn[0]}).code, kNoLink) << "only the demo has a map without a report";
+}
+
+TEST_F(VasctlMap, PlacesRecordsAndKeepsAnchors)
+{
+    const QString key = Located()[0].toObject()[u"CENTRALKEY"_s].toString().trimmed();
+    const auto place = [&] {
+        const QJsonObject record = home.Vasctl({u"records"_s, u"show"_s, key}).Object();
+        return std::tuple(record[u"LATITUDE"_s].toVariant().toDouble(), record[u"LONGITUDE"_s].toVariant().toDouble(),
+                          record[u"ANCHORED"_s].toVariant().toInt());
+    };
+    EXPECT_EQ(Map({u"anchor"_s, key, u"44.8"_s, u"-120.9"_s}).code, kDone);
+    EXPECT_EQ(place(), std::tuple(44.8, -120.9, 1));
+    Ended ended = Map({u"place"_s, key.toLower()});
+    ASSERT_EQ(ended.code, kDone) << ended.err.toStdString();
+    EXPECT_EQ(ended.Array()[0].toObject()[u"anchored"_s], u"yes"_s);
+    EXPECT_EQ(place(), std::tuple(44.8, -120.9, 1)) << "an anchor beats every look-up";
+
+    // a longitude without its sign
+    EXPECT_EQ(home.Vasctl({u"--no"_s, u"map"_s, u"anchor"_s, key, u"44.8"_s, u"120.9"_s}).code, kDeclined);
+    EXPECT_EQ(place(), std::tuple(44.8, -120.9, 1));
+    EXPECT_EQ(home.Vasctl({u"--yes"_s, u"map"_s, u"anchor"_s, key, u"44.8"_s, u"120.9"_s}).code, kDone);
+    EXPECT_EQ(place(), std::tuple(44.8, 120.9, 1));
+    EXPECT_EQ(Map({u"anchor"_s, u"1 NOWHERE LN"_s, u"44.8"_s, u"-120.9"_s}).code, kNotFound);
+    EXPECT_EQ(Map({u"anchor"_s, key, u"44.8"_s}).code, kUsage);
+
+    QString free;
+    for (const QJsonValue& value : home.Vasctl({u"sql"_s, u"SELECT CENTRALKEY, LATITUDE FROM COMPS"_s}).Array())
+        if (value.toObject()[u"LATITUDE"_s].toVariant().toString().trimmed().isEmpty())
+            free = value.toObject()[u"CENTRALKEY"_s].toString().trimmed();
+    ASSERT_FALSE(free.isEmpty());
+    ended = Map({u"place"_s, free, u"1 NOWHERE LN"_s});
+    EXPECT_EQ(ended.code, kNotFound) << "one of them";
+    EXPECT_TRUE(ended.err.contains("1 NOWHERE LN"));
+    const QJsonObject stored = home.Vasctl({u"records"_s, u"show"_s, free}).Object();
+    EXPECT_NEAR(stored[u"LATITUDE"_s].toVariant().toDouble(), 44.82, 0.15);
+    EXPECT_EQ(stored[u"LATITUDE"_s].toVariant().toDouble(),
+              ended.Array()[0].toObject()[u"latitude"_s].toVariant().toDouble());
+}
+
+TEST_F(VasctlMap, PlacesTheReportAndSendsItsProximities)
+{
+    EXPECT_EQ(Map({u"place"_s}).code, kNoLink);
+    EXPECT_EQ(Map({u"proximity"_s}).code, kNoLink);
+    ASSERT_TRUE(home.StartForms());
+    const Ended placed = Map({u"place"_s});
+    ASSERT_EQ(placed.code, kDone) << placed.err.toStdString();
+    ASSERT_GE(placed.Array().size(), 3);
+    EXPECT_EQ(placed.Array()[0].toObject()[u"point"_s], u"SUBJECT"_s);
+    EXPECT_EQ(placed.Array()[0].toObject()[u"address"_s].toString().toUpper(), u"114 OAK ST"_s);
+    EXPECT_EQ(placed.Array()[1].toObject()[u"point"_s], u"COMP #1"_s);
+    const Ended sent = Map({u"proximity"_s});
+    ASSERT_EQ(sent.code, kDone) << sent.err.toStdString();
+    EXPECT_TRUE(sent.Object()[u"message"_s].toString().startsWith(u"In the report: COMP #1 "_s))
+        << sent.out.toStdString();
+    const QString cell = home.Cell(1, u"PROXIMITY"_s);
+    EXPECT_TRUE(cell.contains(u"Mi"_s)) << cell.toStdString();
+    EXPECT_TRUE(sent.Object()[u"message"_s].toString().contains(cell)) << cell.toStdString();
+
+    const QJsonObject subject = Map({u"find"_s, u"subject"_s}).Object();
+    EXPECT_EQ(subject[u"latitude"_s], placed.Array()[0].toObject()[u"latitude"_s]);
+    EXPECT_EQ(Map({u"find"_s, u"COMP #1"_s}).code, kDone);
+    EXPECT_EQ(Map({u"find"_s, u"COMP #9"_s}).code, kNotFound);
+}
+
+TEST_F(VasctlMap, FindsWhatIsSure)
+{
+    EXPECT_EQ(Map({u"find"_s, u"114 Oak St, Marlow Falls, OR"_s}).code, kDone);
+    const Ended street = Map({u"find"_s, u"Oak St, Marlow Falls"_s});
+    EXPECT_EQ(street.code, kNotFound);
+    EXPECT_TRUE(street.err.contains("OAK ST, MARLOW FALLS")) << street.err.toStdString();
+    EXPECT_EQ(Map({u"find"_s, u"1 Nowhere Ln, Nowhere"_s}).code, kNotFound);
+    EXPECT_EQ(Map({u"find"_s}).code, kUsage);
+    EXPECT_EQ(Map({u"find"_s, u"SUBJECT"_s}).code, kNoLink);
 }
 
 TEST_F(VasctlMap, ListsVerifiesAndRemovesMaps)

@@ -6,10 +6,13 @@
 #include "platform/files/disk.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace vasclip;
@@ -83,6 +86,15 @@ Commands:
                           may be off, and the address as found, the best first; exit code 3 if it is not found
   map reverse LATITUDE LONGITUDE
                           the addresses at a place, in degrees; exit code 3 if no street is near
+  map find ADDRESS        where an address or a crossing is, if it is sure; or the subject or a comp of the open
+                          report by its label: SUBJECT, "COMP #1". Exit code 3 if it is not found
+  map place [KEY ...]     finds the places of the open report's subject and comps, or of records, and keeps them in the
+                          Databook; a place that was put right by hand stays. Exit code 3 if one is not found
+  map anchor KEY LATITUDE LONGITUDE
+                          puts a record at a place by hand, for ever; asks where that is outside of the street maps
+  map proximity           sends distance and direction of the open report's comps into it
+  map picture --out FILE  the street map with subject and comps of the open report as a PNG of 1500 x 1000 pixels; in
+                          the demo also without a report
   map export delorme      the report's addresses for an outside map program, into the map export directory; or
                           delorme2005, streets, streets2001
   mapdata import SOURCE ... [--county NAME] [--state ST] [--source WORDS] [--date DATE] [--account FILE]
@@ -158,11 +170,23 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
     return kUsage;
 }
 
+/// The map draws letters, which wants more than other commands pay for, and no display.
+std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char* argv[])
+{
+    const auto says = [&](const char* wanted) {
+        return std::any_of(argv, argv + argc, [&](const char* word) { return std::strcmp(word, wanted) == 0; });
+    };
+    if (!says("map") || !says("picture"))
+        return std::make_unique<QCoreApplication>(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    QCoreApplication app(argc, argv);
+    const std::unique_ptr<QCoreApplication> app = MakeApplication(argc, argv);
     QCoreApplication::setApplicationName(u"vasctl"_s);
     QCoreApplication::setApplicationVersion(u"" VASCLIP_VERSION ""_s);
 
@@ -183,6 +207,7 @@ int main(int argc, char* argv[])
         {u"on"_s, u"Where to drop: SLOT:INDEX."_s, u"SLOT"_s},
         {u"data"_s, u"Transfer the data."_s},
         {u"pictures"_s, u"Transfer the pictures."_s},
+        {u"out"_s, u"The picture's file."_s, u"FILE"_s},
         {u"source"_s, u"Where street files come from, in words."_s, u"WORDS"_s},
         {u"date"_s, u"Their date."_s, u"DATE"_s},
         {u"account"_s, u"A file for what an import left out, and why."_s, u"FILE"_s},
@@ -200,7 +225,7 @@ int main(int argc, char* argv[])
     });
     options.addOptions(SearchOptions());
     options.addPositionalArgument(u"COMMAND"_s, u"What to do."_s);
-    if (!options.parse(WithSouthAndWest(app.arguments()))) {
+    if (!options.parse(WithSouthAndWest(app->arguments()))) {
         Output(false).Error(options.errorText());
         return kUsage;
     }

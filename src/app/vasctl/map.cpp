@@ -60,7 +60,7 @@ QString NoMaps(const QString& directory)
     return u"There are no street maps in %1. 'vasctl mapdata import' makes them of street files."_s.arg(directory);
 }
 
-int RunMap(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& /*options*/)
+int RunMap(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options)
 {
     const QString verb = arguments.value(0);
     const QStringList words = arguments.mid(1);
@@ -68,6 +68,16 @@ int RunMap(Session& session, const Output& out, const QStringList& arguments, co
         return MapGeocode(session, out, words);
     if (verb == u"reverse"_s)
         return MapReverse(session, out, words);
+    if (verb == u"place"_s)
+        return MapPlace(session, out, words);
+    if (verb == u"proximity"_s)
+        return MapSendProximity(session, out, words);
+    if (verb == u"anchor"_s)
+        return MapAnchor(session, out, words);
+    if (verb == u"find"_s)
+        return MapFind(session, out, words);
+    if (verb == u"picture"_s)
+        return MapPicture(session, out, words, options.value(u"out"_s));
     return MapExport(session, out, words);
 }
 

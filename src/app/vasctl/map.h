@@ -28,6 +28,12 @@ namespace vasclip::vasctl {
 // The verbs of 'vasctl map', one file each.
 int MapGeocode(Session& session, const Output& out, const QStringList& words);
 int MapReverse(Session& session, const Output& out, const QStringList& words);
+/// The open report's subject and comps, or records, whose places the Databook then has.
+int MapPlace(Session& session, const Output& out, const QStringList& words);
+int MapSendProximity(Session& session, const Output& out, const QStringList& words);
+int MapAnchor(Session& session, const Output& out, const QStringList& words);
+int MapFind(Session& session, const Output& out, const QStringList& words);
+int MapPicture(Session& session, const Output& out, const QStringList& words, const QString& file);
 int MapExport(Session& session, const Output& out, const QStringList& words);
 
 } // namespace vasclip::vasctl
