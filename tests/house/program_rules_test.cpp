@@ -37,6 +37,7 @@ TEST(ProgramRules, CatchWhatBreaksThem)
         {"a comment", "src/shell/help.cpp", Text("// index == 1\n"), QString()},
         {"a screen in the terminal", "src/app/vasctl/swap.cpp", Text("shell::frm_Main main(program);\n"),
          Text("src/app/vasctl/swap.cpp names the screen frm_Main; vasctl has none")},
+        {"the controls of the map's rules", "src/app/vasctl/map_desk.h", Text("map::frm_MapTab tab;\n"), QString()},
         {"a screen in the desktop program", "src/app/vasclip/main.cpp",
          Text("shell::frm_Main main(program);\n"), QString()},
         {"a small main screen", "src/shell/frm_main.cpp", QString(599, u'\n'), QString()},

@@ -2,7 +2,6 @@
 #include "app/vasctl/map_desk.h"
 
 #include "link/messages.h"
-#include "map/frm_street_find.h"
 #include "map/map_addresses.h"
 #include "map/messages.h"
 #include "map/slot_labels.h"
@@ -21,6 +20,16 @@ int Told(const Output& out, const QString& what, street::Place place)
     return kDone;
 }
 
+/// Where an address is, if it is sure.
+std::optional<street::Place> FindAddress(map::MapDesk& desk, const QString& address)
+{
+    desk.map.SetLocation(address);
+    desk.map.DoAction(street::action::kGeocode);
+    if (desk.map.Status() < 0)
+        return std::nullopt;
+    return street::Place{desk.map.Latitude(), desk.map.Longitude()};
+}
+
 /// Where the subject or a comp of the open report is.
 int FindLabel(Session& session, const Output& out, map::MapDesk& desk, link::SlotRef slot, const QString& label)
 {
@@ -33,7 +42,7 @@ int FindLabel(Session& session, const Output& out, map::MapDesk& desk, link::Slo
         return Told(out, label + u' ' + address,
                     {map::Millionths(record->Text(u"LATITUDE"_s)), map::Millionths(record->Text(u"LONGITUDE"_s))});
     const QString town = address.isEmpty() ? QString() : map::ResolveCompCityState(desk, address, slot);
-    if (const auto place = town.isEmpty() ? std::nullopt : map::MapFindAddress(desk, address + u", "_s + town))
+    if (const auto place = town.isEmpty() ? std::nullopt : FindAddress(desk, address + u", "_s + town))
         return Told(out, label + u' ' + address, *place);
     out.Error(map::messages::kLabelNotFound.arg(label));
     return kNotFound;
@@ -57,7 +66,7 @@ int MapFind(Session& session, const Output& out, const QStringList& words)
         return FindLabel(session, out, desk, {}, label);
     if (const std::optional<link::SlotRef> slot = map::SlotOfLabel(label))
         return FindLabel(session, out, desk, *slot, label);
-    const auto place = map::MapFindAddress(desk, wanted);
+    const auto place = FindAddress(desk, wanted);
     const std::vector<street::Candidate>& candidates = map->Street().Candidates();
     if (place && !candidates.empty())
         return Told(out, candidates.front().address, *place);
