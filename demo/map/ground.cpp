@@ -57,7 +57,7 @@ std::vector<Patch> Surfaces()
                      Miles(-2.4, -1.75), Miles(-3.6, -2.3),  Miles(-4.5, -2.9),  Miles(-5.4, -2.75), Miles(-6.4, -3.1),
                      Miles(-8.3, -3.0)};
     return {
-        {u"Marlow River"_s, u"H3010"_s, Band(river, 420), {}},
+        {u"Marlow River"_s, u"H3010"_s, Band(Bent(river), 420), {}},
         {u"Lake Verena"_s, u"H2030"_s, Oval(Miles(3.05, 1.35), 2600, 2300, 28), {}},
         {u"Quarry Pond"_s, u"H2030"_s, Oval(Miles(-5.3, 3.7), 900, 620, 16), {}},
         {u"Riverfront Park"_s, u"K2181"_s,

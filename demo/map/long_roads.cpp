@@ -21,6 +21,7 @@ std::vector<LongRoad> Laid(const std::vector<Row>& rows)
         LongRoad road{QString::fromUtf16(row.name), QString::fromUtf16(row.kind), {}};
         for (const auto& [east, north] : row.miles)
             road.line.push_back(Miles(east, north));
+        road.line = Bent(road.line);
         roads.push_back(road);
     }
     return roads;

@@ -82,6 +82,30 @@ std::optional<std::pair<double, double>> Meet(Point from, Point to, Point otherF
     return std::pair(std::clamp(share, 0.0, 1.0), std::clamp(otherShare, 0.0, 1.0));
 }
 
+Line Bent(const Line& line)
+{
+    constexpr int kSteps = 6;
+    const std::size_t last = line.size() - 1;
+    const auto bend = [](double before, double from, double to, double behind, double t) {
+        return 0.5 * (2 * from + (to - before) * t + (2 * before - 5 * from + 4 * to - behind) * t * t +
+                      (3 * from - before - 3 * to + behind) * t * t * t);
+    };
+    Line bent{line.front()};
+    for (std::size_t at = 0; at < last; ++at) {
+        const Point& before = line[at == 0 ? 0 : at - 1];
+        const Point& from = line[at];
+        const Point& to = line[at + 1];
+        const Point& behind = line[std::min(at + 2, last)];
+        for (int step = 1; step < kSteps; ++step) {
+            const double t = double(step) / kSteps;
+            bent.push_back({bend(before.east, from.east, to.east, behind.east, t),
+                            bend(before.north, from.north, to.north, behind.north, t)});
+        }
+        bent.push_back(to);
+    }
+    return bent;
+}
+
 Line RingAround(const std::vector<Point>& points, double margin)
 {
     std::vector<Point> sorted;

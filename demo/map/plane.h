@@ -27,6 +27,9 @@ using Line = std::vector<Point>;
 [[nodiscard]] std::optional<std::pair<double, double>> Meet(Point from, Point to, Point otherFrom, Point otherTo);
 [[nodiscard]] Point Between(Point from, Point to, double share);
 
+/// A line with bends for corners, through the same places.
+[[nodiscard]] Line Bent(const Line& line);
+
 /// The smallest ring without a bay around all points, `margin` feet away from them.
 [[nodiscard]] Line RingAround(const std::vector<Point>& points, double margin);
 /// A ring with the corners of an oval.
