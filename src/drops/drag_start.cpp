@@ -32,6 +32,8 @@ bool Router::IsSource(const forms::Control& source) const
         const DropRule* rule = RuleFor(name, u"GRDDATABOOK"_s);
         return rule && !text::Trim(SlotOf(m_desk.link, {*rule->group, source.Index()}).text.Text()).isEmpty();
     }
+    if (name == "MAPVIEW"_L1 || name == "GEAMAPPHOTO"_L1) // with the point that is selected
+        return !KeyOf(source).isEmpty();
     if (name != "TXTMAPADDRESS"_L1 && PlaceOf(name) == Place::Elsewhere)
         return false;
     if (const auto* combo = qobject_cast<const forms::ComboBox*>(&source))

@@ -24,6 +24,7 @@ frm_Main::frm_Main(Program& theProgram)
     , popUps(program, drags, *this)
     , recordPhotos(program, shown, popUps.Point())
     , captureEvents(program, popUps)
+    , map(program, tabSource)
     , stop(program, *this)
 {
     WireControls();
@@ -63,8 +64,7 @@ void frm_Main::WireControls()
     lblChangingDB.SetVisible(false);
 
     // Their screens are not there yet: disabled, not dead.
-    for (forms::Button* button :
-         {&records.cmdAddManual, &records.cmdPrint, &records.cmdDetails, &report.cmdSubjectAnd})
+    for (forms::Button* button : {&records.cmdAddManual, &records.cmdPrint, &records.cmdDetails})
         button->SetEnabled(false);
 }
 

@@ -6,6 +6,7 @@
 #include "shell/drags.h"
 #include "shell/entry_area.h"
 #include "shell/link_line.h"
+#include "shell/map_events.h"
 #include "shell/menus.h"
 #include "shell/pop_ups.h"
 #include "shell/program.h"
@@ -56,6 +57,7 @@ public:
     PopUps popUps;
     RecordPhotos recordPhotos;
     CaptureEvents captureEvents;
+    MapEvents map;
     Stop stop;
 
     common::Globals& globals = program.globals;

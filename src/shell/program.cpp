@@ -14,6 +14,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/work/thread_workers.h"
 #include "shell/ini_location.h"
+#include "shell/map_parts.h"
 #include "shell/photo_questions.h"
 #include "shell/slot_icon_pictures.h"
 
@@ -81,6 +82,8 @@ Program::Program(const Foundation& foundation)
         .talk = foundation.talk,
         .photoDesk = m_photos.get(),
     });
+    m_map = std::make_unique<MapParts>(*this);
+    m_link->proximity = m_map.get();
     if (foundation.talk)
         foundation.talk->Attach(status, foundation.ports);
 }

@@ -29,6 +29,7 @@ class Talk;
 
 namespace vasclip::shell {
 
+class MapParts;
 struct SystemPlaces;
 enum class Silence;
 
@@ -85,6 +86,7 @@ public:
     [[nodiscard]] const forms::Ports& Ports() const { return m_base.ports; }
     [[nodiscard]] forms::Prompter& Prompter() const { return m_base.ports.prompter; }
     [[nodiscard]] link::LinkDesk& Link() { return *m_link; }
+    [[nodiscard]] MapParts& Map() { return *m_map; }
     [[nodiscard]] photos::PhotoDesk& Photos() { return *m_photos; }
     [[nodiscard]] photos::CaptureDesk& Capture() { return *m_capture; }
     [[nodiscard]] photos::SlotTable& SlotTable() { return m_slotTable; }
@@ -121,6 +123,7 @@ private:
     std::unique_ptr<photos::PhotoDesk> m_photos;
     std::unique_ptr<photos::CaptureDesk> m_capture;
     std::unique_ptr<link::LinkDesk> m_link;
+    std::unique_ptr<MapParts> m_map;
 };
 
 } // namespace vasclip::shell

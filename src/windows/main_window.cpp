@@ -5,11 +5,13 @@
 #include "ui_frm_main.h"
 #include "windows/capture_pane.h"
 #include "windows/chip_bar.h"
+#include "windows/focus_chain.h"
 #include "windows/grid_menu.h"
 #include "windows/guard.h"
 #include "windows/guide_window.h"
 #include "windows/icons.h"
 #include "windows/main_looks.h"
+#include "windows/map_page.h"
 #include "windows/send_to_slot.h"
 #include "windows/slot_page.h"
 #include "windows/theme.h"
@@ -32,18 +34,6 @@ namespace vasclip::windows {
 namespace {
 
 const QString kGridName = u"grddatabook"_s;
-
-/// Widgets made late stand at the end of the tab order; these belong behind the bar of their book.
-void ChainFocus(QWidget* behind, const QWidget& page)
-{
-    for (QWidget* widget : page.findChildren<QWidget*>()) {
-        if ((widget->focusPolicy() & Qt::TabFocus) == 0 || widget->focusProxy() != nullptr ||
-            widget->window() != behind->window()) // the list of a combo box
-            continue;
-        QWidget::setTabOrder(behind, widget);
-        behind = widget;
-    }
-}
 
 } // namespace
 
@@ -186,6 +176,13 @@ void MainWindow::BuildAllPages()
     for (SlotPage* page : std::as_const(m_pages))
         page->Build();
     BuildCapture();
+    if (m_map)
+        m_map->Build();
+}
+
+void MainWindow::ShowMap(map::MapPort& port)
+{
+    m_map = std::make_unique<MapPage>(port, m_binder, *m_ui);
 }
 
 void MainWindow::BuildCapture()

@@ -24,11 +24,15 @@ namespace vasclip::forms {
 class DropPort;
 class MenuPort;
 }
+namespace vasclip::map {
+class MapPort;
+}
 
 namespace vasclip::windows {
 
 class EventGuard;
 class GridMenu;
+class MapPage;
 class RecordGrid;
 class SlotPage;
 class Theme;
@@ -49,6 +53,9 @@ public:
     void BuildAllPages();
     /// The capture browser's widgets. They come after the first paint. Does nothing the second time.
     void BuildCapture();
+    /// Gives the map tab its map. Its widgets come when the tab is first opened.
+    /// @param port  outlives the window
+    void ShowMap(map::MapPort& port);
     /// See Binder::Leftovers; builds all pages first.
     [[nodiscard]] QStringList Leftovers();
 
@@ -95,6 +102,7 @@ private:
     MenuDesk m_menus;
     WindowPlaces m_places;
     QList<SlotPage*> m_pages;
+    std::unique_ptr<MapPage> m_map;
     GridMenu* m_gridMenu = nullptr;
     QAction* m_send = nullptr;
     QToolButton* m_sendButton = nullptr;

@@ -40,6 +40,8 @@ std::span<const ScreenEntry> Screens()
         {"frm_Overwrite"_L1, Layout_frm_Overwrite},
         {"frm_Rename"_L1, Layout_frm_Rename},
         {"frm_SearchPics"_L1, Layout_frm_SearchPics},
+        {"frm_StreetFind"_L1, Layout_frm_StreetFind},
+        {"frm_Manual"_L1, Layout_frm_Manual},
         {"frm_Trash"_L1, Layout_frm_Trash},
     };
     // clang-format on

@@ -5,6 +5,9 @@
 #include "databook/frm_search_sql.h"
 #include "databook/grid.h"
 #include "platform/engine/database.h"
+#include "map/frm_manual.h"
+#include "map/frm_street_find.h"
+#include "shell/map_parts.h"
 #include "shell/frm_change_db.h"
 #include "shell/frm_config.h"
 #include "shell/frm_main.h"
@@ -64,6 +67,7 @@ TEST_F(RealScreens, TheMainWindowShowsEveryControlOfFrmMain)
     shell::Program program{{home.disk, engine, conduit, ports.Get()}};
     shell::frm_Main main{program};
     MainWindow window(main.controls, port, port, guard, theme, settings);
+    window.ShowMap(main.map);
     EXPECT_TRUE(window.Leftovers().isEmpty()) << window.Leftovers().join(u'\n').toStdString();
 }
 
@@ -110,6 +114,17 @@ TEST_F(RealScreens, TheSettingsShowEveryControlOfFrmConfig)
     config.Open();
     ScreenWindow window(config, guard);
     EXPECT_TRUE(window.Leftovers().isEmpty()) << window.Leftovers().join(u'\n').toStdString();
+}
+
+TEST_F(RealScreens, TheMapsOwnWindowsShowEveryControl)
+{
+    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    map::frm_StreetFind find(program.Map().Desk());
+    ScreenWindow findWindow(find, guard);
+    EXPECT_TRUE(findWindow.Leftovers().isEmpty()) << findWindow.Leftovers().join(u'\n').toStdString();
+    map::frm_Manual manual(program.Map().Desk());
+    ScreenWindow manualWindow(manual, guard);
+    EXPECT_TRUE(manualWindow.Leftovers().isEmpty()) << manualWindow.Leftovers().join(u'\n').toStdString();
 }
 
 TEST_F(RealScreens, TheChoiceOfADatabaseShowsEveryControl)
@@ -162,6 +177,7 @@ TEST_F(RealScreens, ResetSizePutsTheWindowBackToItsFirstSize)
     shell::Program program{{home.disk, engine, conduit, ports.Get()}};
     shell::frm_Main main{program};
     MainWindow window(main.controls, port, port, guard, theme, settings);
+    window.ShowMap(main.map);
     window.show();
     const QSize first = window.size();
     window.resize(1111, 777);
@@ -174,6 +190,7 @@ TEST_F(RealScreens, NoTwoMenuEntriesShareAKey)
     shell::Program program{{home.disk, engine, conduit, ports.Get()}};
     shell::frm_Main main{program};
     MainWindow window(main.controls, port, port, guard, theme, settings);
+    window.ShowMap(main.map);
     QHash<QString, QString> taken;
     for (const QAction* action : window.findChildren<QAction*>()) {
         const QString keys = action->shortcut().toString(QKeySequence::PortableText);
@@ -289,6 +306,7 @@ TEST_F(RealScreens, EscEmptiesTheQuickFindBoxAndGoesToTheGrid)
     shell::Program program{{home.disk, engine, conduit, ports.Get()}};
     shell::frm_Main main{program};
     MainWindow window(main.controls, port, port, guard, theme, settings);
+    window.ShowMap(main.map);
     window.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -320,6 +338,7 @@ TEST_F(RealScreens, EveryHeadingOfTheGridFitsItsColumn)
     shell::Program program{{home.disk, engine, conduit, ports.Get()}};
     shell::frm_Main main{program};
     MainWindow window(main.controls, port, port, guard, theme, settings);
+    window.ShowMap(main.map);
     databook::SetGridSettings(main.records.grddatabook, u"DEFAULT"_s);
     const QHeaderView* header = window.Databook().horizontalHeader();
     ASSERT_EQ(header->count(), main.records.grddatabook.Columns().size());

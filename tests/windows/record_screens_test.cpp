@@ -188,6 +188,7 @@ TEST_F(RecordScreens, TheKeysOfTheGridDoWhatItsButtonsDo)
     shell::Program program{{home.disk, engine, conduit, ports.Get()}};
     shell::frm_Main main{program};
     MainWindow window(main.controls, port, port, guard, theme, settings);
+    window.ShowMap(main.map);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     QStringList clicked;
@@ -248,6 +249,7 @@ TEST_F(RecordScreens, ThePhotoBesideTheGridIsThatOfItsRow)
         {{}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false}, u"6.2.1"_s},
         splash);
     MainWindow window(main.controls, port, port, guard, theme, settings);
+    window.ShowMap(main.map);
     window.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     auto* photo = window.findChild<PictureView*>(u"geamaintain"_s);

@@ -143,8 +143,7 @@ struct SampleScreen
                                     u"lblLabelTag"_s, u"lblChangingDB"_s, u"lblReport"_s, u"lblLink"_s})
             Add<Label>(name);
         Get<Label>(u"lblChangingDB"_s).SetVisible(false);
-        const std::pair<QString, QString> buttons[] = {{u"cmdSubjectAnd"_s, u"Subject/Comp"_s},
-                                                       {u"cmdShowAll"_s, u"Show all records"_s},
+        const std::pair<QString, QString> buttons[] = {{u"cmdShowAll"_s, u"Show all records"_s},
                                                        {u"cmdAdd"_s, u"&Add"_s},
                                                        {u"cmdCopy"_s, u"&Copy"_s},
                                                        {u"cmdDelete"_s, u"De&lete"_s},

@@ -235,6 +235,7 @@ private:
     void ShowWindow()
     {
         m_window.emplace(m_main.controls, m_main.drags.Router(), m_main, m_guard, m_theme, m_settings);
+        m_window->ShowMap(m_main.map);
         m_desktop.SetMainWindow(&*m_window);
         m_prompter.SetOwner(&*m_window);
         m_screens.SetOwner(&*m_window);
