@@ -137,9 +137,11 @@ bool Binder::BindButton(forms::Button& control, QWidget& widget)
     if (button == nullptr)
         return false;
     const bool ownTip = !button->toolTip().isEmpty(); // of the layout, which says more than the caption
-    const auto show = [&control, button, ownTip] {
-        if (button->text() != control.Caption())
-            button->setText(control.Caption());
+    const bool plain = button->property("noAccessKey").toBool(); // a menu has that letter
+    const auto show = [&control, button, ownTip, plain] {
+        const QString caption = plain ? WithoutMark(control.Caption()) : control.Caption();
+        if (button->text() != caption)
+            button->setText(caption);
         if (control.ToolTipText().isEmpty() && !ownTip)
             button->setToolTip(WithoutMark(control.Caption()));
     };

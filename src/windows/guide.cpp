@@ -27,6 +27,7 @@ std::span<const GuideTopic> GuideTopics()
         {"TabData"_L1, "sending.md"_L1},
         {"recordPane"_L1, "photos.md"_L1},
         {"browserPane"_L1, "capture.md"_L1},
+        {"mapPane"_L1, "map.md"_L1},
         // windows
         {"frm_Main"_L1, "main-window.md"_L1},
         {"frm_Splash"_L1, "starting.md"_L1},
@@ -58,6 +59,8 @@ std::span<const GuideTopic> GuideTopics()
         {"frm_Trash"_L1, "trashcan.md"_L1},
         {"frm_CameraDir"_L1, "capture.md"_L1},
         {"frm_Overwrite"_L1, "capture.md"_L1},
+        {"frm_StreetFind"_L1, "map.md"_L1},
+        {"frm_Manual"_L1, "map.md"_L1},
     };
     // clang-format on
     return kTopics;

@@ -17,7 +17,7 @@ void Decorate(Ui::frm_Main& ui)
     ui.tabSource->setTabIcon(1, ThemedIcon(u"map"_s));
     ui.atlasEmpty->SetWords(
         u"map"_s, QObject::tr("No street map"),
-        QObject::tr("There are no street files here yet. Maintenance > Map Data loads those of a county or a state."));
+        QObject::tr("There are no street files here yet. The guide tells under \"Load street data\" how to load those of a county or a state."));
     ui.geamaintain->SetEmptyIcon(u"photo"_s);
     ui.geamaintain->SetEmptyText(QObject::tr("No photo"));
     ui.lblDatabookADDR->setProperty("role", u"title"_s);

@@ -122,6 +122,7 @@ QWidget* MapPane::MakePanel()
     place->addWidget(Make<QCheckBox>(u"ckbFreeze"_s, this));
     place->addWidget(Make<QCheckBox>(u"ckbArrange"_s, this));
     pair(*place, u"cmdLabelPosition"_s, u"cmdmanual"_s);
+    findChild<QPushButton*>(u"cmdLabelPosition"_s)->setProperty("noAccessKey", true); // Alt+F opens the File menu
 
     QVBoxLayout* arrows = AddGroup(*rows, tr("Arrows and pushpins"));
     pair(*arrows, u"cmdRotate"_s, u"cmdArrange"_s);

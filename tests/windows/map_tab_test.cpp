@@ -1,0 +1,196 @@
+#include "windows/map_view.h"
+
+#include "common/paths.h"
+#include "map/messages.h"
+#include "platform/street/geodesy.h"
+#include "shell/map_parts.h"
+#include "shell/report_home.h"
+#include "support/map_home.h"
+#include "windows/guard.h"
+#include "windows/main_window.h"
+#include "windows/theme.h"
+
+#include <QApplication>
+#include <QSettings>
+#include <QTabWidget>
+#include <QTest>
+
+#include <algorithm>
+#include <cmath>
+
+namespace vasclip::windows {
+
+namespace {
+
+const QString kKey = u"12 OAK ST"_s;
+constexpr qint32 kPoint = 2;
+
+/// The main window with its map tab, and a house of the Databook on the made-up town's map.
+class MapTab : public shell::ReportHome
+{
+protected:
+    EventGuard guard{doubles.prompter, {}};
+    QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
+    Theme theme{*qApp, &settings};
+    std::unique_ptr<MainWindow> window;
+    QList<QString> dragged;
+
+    void Start()
+    {
+        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
+        window = std::make_unique<MainWindow>(main.controls, main.drags.Router(), main, guard, theme, settings);
+        window->ShowMap(main.map);
+        window->resize(1366, 768);
+        window->show();
+    }
+    void StartWithMaps()
+    {
+        Start();
+        MakeMaps(home.disk.ToNative(common::CkRSlash(main.globals.cellData)));
+        OpenTab();
+        street::StreetMap& map = Map();
+        map.SetScale(5280);
+        map.SetLatitude(kHouse.latitude);
+        map.SetLongitude(kHouse.longitude);
+        map.DoAction(street::action::kSetCentre);
+        map.SetID(kPoint);
+        map.SetPicture(u"C:\\VAS2000\\arrows\\comp.bmp"_s);
+        map.SetText(kKey);
+        map.SetFlags(0x8C42 | 0x10);
+        map.DoAction(street::action::kAddPoint);
+        program.Map().Desk().state.g_MapPointCount = kPoint + 1;
+        View().setFocus();
+        QObject::disconnect(&View(), &MapView::DragWanted, nullptr, nullptr);
+        QObject::connect(&View(), &MapView::DragWanted, window.get(), [this] { dragged.append(main.report.txtMapAddress.Text()); });
+        QApplication::processEvents();
+    }
+    void OpenTab()
+    {
+        window->findChild<QTabWidget*>(u"tabSource"_s)->setCurrentIndex(1);
+        QApplication::processEvents();
+    }
+    street::StreetMap& Map() { return main.map.Engine(); }
+    MapView& View() { return *window->findChild<MapView*>(); }
+    street::Place Where() { return Map().Points().at(kPoint).place; }
+    QPoint OnPoint() { return Map().BoxOf(kPoint).center().toPoint(); }
+    QString Field(const QString& name)
+    {
+        const auto record = store::ReadRecord(ports, main.sources.datDatabook, kKey);
+        return record ? record->Text(name) : u"no record"_s;
+    }
+    int MissingBoxes() const
+    {
+        const auto& boxes = doubles.prompter.Boxes();
+        return static_cast<int>(std::count_if(boxes.begin(), boxes.end(), [](const auto& box) {
+            return box.title == map::messages::kMapFilesTitle;
+        }));
+    }
+    void Pull(QPoint from, QPoint to)
+    {
+        QTest::mousePress(&View(), Qt::LeftButton, {}, from);
+        for (int i = 1; i <= 10; ++i)
+            QTest::mouseMove(&View(), from + (to - from) * i / 10);
+    }
+
+    static constexpr street::Place kHouse{32'004'000, -85'996'000};
+};
+
+TEST_F(MapTab, SaysOnceThatThereAreNoMapsAndAgainWhenOneIsAskedFor)
+{
+    Start();
+    EXPECT_EQ(MissingBoxes(), 0) << "not at the start";
+    OpenTab();
+    EXPECT_EQ(MissingBoxes(), 1);
+    EXPECT_FALSE(View().isVisible());
+    EXPECT_TRUE(window->findChild<QWidget*>(u"atlasEmpty"_s)->isVisible());
+    window->findChild<QTabWidget*>(u"tabSource"_s)->setCurrentIndex(0);
+    OpenTab();
+    EXPECT_EQ(MissingBoxes(), 1) << "the tab alone tells it once";
+    Q_EMIT program.Map().tab.cmdSubjectOnly.Clicked();
+    EXPECT_EQ(MissingBoxes(), 2);
+
+    MakeMaps(home.disk.ToNative(common::CkRSlash(main.globals.cellData)));
+    window->findChild<QTabWidget*>(u"tabSource"_s)->setCurrentIndex(0);
+    OpenTab();
+    EXPECT_TRUE(View().isVisible()) << "maps that were loaded meanwhile are there";
+    EXPECT_FALSE(window->findChild<QWidget*>(u"atlasEmpty"_s)->isVisible());
+}
+
+TEST_F(MapTab, APointIsChosenByAClick)
+{
+    StartWithMaps();
+    QTest::mouseClick(&View(), Qt::LeftButton, {}, OnPoint());
+    EXPECT_EQ(main.report.txtMapAddress.Text(), kKey);
+    EXPECT_EQ(Field(u"ANCHORED"_s), QString()) << "a click moves nothing";
+}
+
+TEST_F(MapTab, APointThatIsDraggedIsAnchoredWhereItIsLetGo)
+{
+    StartWithMaps();
+    const street::Place before = Where();
+    const QPoint from = OnPoint();
+    Pull(from, from + QPoint(60, -40));
+    EXPECT_NE(Where(), before) << "it follows the pointer";
+    EXPECT_EQ(Field(u"ANCHORED"_s), QString()) << "and is stored when it is let go";
+    QTest::mouseRelease(&View(), Qt::LeftButton, {}, from + QPoint(60, -40));
+    EXPECT_EQ(Field(u"ANCHORED"_s), u"1"_s);
+    EXPECT_NEAR(street::DistanceFeet(before, Where()), Map().Scale() / Map().Width() * std::hypot(60, 40), 30);
+    EXPECT_EQ(main.report.txtMapAddress.Text(), kKey);
+    EXPECT_TRUE(dragged.isEmpty());
+}
+
+TEST_F(MapTab, APointThatIsPulledOutStaysAndIsCarried)
+{
+    StartWithMaps();
+    const street::Place before = Where();
+    Pull(OnPoint(), QPoint(View().width() + 80, OnPoint().y()));
+    EXPECT_EQ(Where(), before);
+    EXPECT_EQ(dragged, QStringList{kKey}) << "once";
+    QTest::mouseRelease(&View(), Qt::LeftButton, {}, QPoint(View().width() + 80, 10));
+    EXPECT_EQ(Where(), before);
+    EXPECT_EQ(Field(u"ANCHORED"_s), QString());
+}
+
+TEST_F(MapTab, APointThatGoesWhileItIsHeldIsLetGo)
+{
+    StartWithMaps();
+    const QPoint from = OnPoint();
+    QTest::mousePress(&View(), Qt::LeftButton, {}, from);
+    QTest::mouseMove(&View(), from + QPoint(30, 0));
+    Q_EMIT program.Map().tab.cmdClear.Clicked();
+    QTest::mouseMove(&View(), from + QPoint(60, 0));
+    QTest::mouseRelease(&View(), Qt::LeftButton, {}, from + QPoint(60, 0));
+    EXPECT_TRUE(Map().Points().empty());
+    EXPECT_EQ(Field(u"ANCHORED"_s), QString());
+}
+
+TEST_F(MapTab, TheGroundIsPulledAlong)
+{
+    StartWithMaps();
+    const street::Place at = Map().PlaceAt({300, 300});
+    Pull({300, 300}, {200, 250});
+    QTest::mouseRelease(&View(), Qt::LeftButton, {}, {200, 250});
+    EXPECT_LT(street::DistanceFeet(Map().PlaceAt({200, 250}), at), 20) << "the place stays under the pointer";
+}
+
+TEST_F(MapTab, KeysChooseMoveAndAnchorAPoint)
+{
+    StartWithMaps();
+    const street::Place before = Where();
+    QTest::keyClick(&View(), Qt::Key_PageDown);
+    EXPECT_EQ(main.report.txtMapAddress.Text(), kKey);
+    QTest::keyClick(&View(), Qt::Key_Right, Qt::ControlModifier);
+    EXPECT_GT(Where().longitude, before.longitude);
+    EXPECT_EQ(Where().latitude, before.latitude);
+    EXPECT_EQ(Field(u"ANCHORED"_s), u"1"_s);
+    const street::Place middle = Map().PlaceAt({500, 300});
+    QTest::keyClick(&View(), Qt::Key_Right);
+    EXPECT_GT(Map().PlaceAt({500, 300}).longitude, middle.longitude) << "an arrow alone moves the map";
+    const double feet = Map().Scale();
+    QTest::keyClick(&View(), Qt::Key_Plus);
+    EXPECT_LT(Map().Scale(), feet);
+}
+
+} // namespace
+
+} // namespace vasclip::windows
