@@ -122,6 +122,7 @@ void Layout_frm_StreetFind(QDialog& window, forms::Screen&)
     foot->addWidget(message, 1);
     auto* find = MakeButton(window, u"cmdFind"_s);
     find->setDefault(true);
+    find->setProperty("noAccessKey", true); // Return presses it; Alt+F looks for an address
     find->setProperty("primary", true);
     foot->addWidget(find);
     foot->addWidget(MakeButton(window, u"cmdCancel"_s));

@@ -72,7 +72,7 @@ QWidget* MapPane::MakeSpinner(const QString& name)
     for (const int step : {-1, 1}) {
         auto* button = new QToolButton(spinner);
         button->setText(step > 0 ? u"+"_s : u"\u2212"_s);
-        button->setAccessibleName(step > 0 ? tr("More") : tr("Less"));
+        button->setAccessibleName(step > 0 ? tr("+ more") : tr("\u2212 less"));
         button->setAutoRepeat(true);
         connect(button, &QToolButton::clicked, this,
                 [this, name, step] { m_guard.Run([&] { m_port.Step(name, step); }); });
@@ -149,6 +149,7 @@ QWidget* MapPane::MakePanel()
 
     QVBoxLayout* drawn = AddGroup(*rows, u"Map Configuration"_s);
     pair(*drawn, u"cmdin"_s, u"cmdout"_s);
+    findChild<QPushButton*>(u"cmdout"_s)->setProperty("noAccessKey", true); // Alt+O sends to a slot
     pair(*drawn, u"cmdDetail"_s, u"cmdRefreshMap"_s);
     drawn->addWidget(Make<QCheckBox>(u"ckbLabelStreets"_s, this));
 

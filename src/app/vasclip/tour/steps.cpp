@@ -34,6 +34,8 @@ std::span<const TourStep> TourSteps()
         {"copy and find photos"_L1, CopyAndFind},
         {"adjust a photo"_L1, AdjustPhoto},
         {"trash and restore"_L1, TrashAndRestore},
+        // the map
+        {"subject and comps on the map"_L1, Map},
         // setting up
         {"grid layouts"_L1, GridLayouts},
         {"settings"_L1, Settings},

@@ -66,6 +66,9 @@ bool CopyAndFind(const Stage& stage);
 bool AdjustPhoto(const Stage& stage);
 bool TrashAndRestore(const Stage& stage);
 
+// tour/map.cpp
+bool Map(const Stage& stage);
+
 // tour/settings.cpp
 bool GridLayouts(const Stage& stage);
 bool Settings(const Stage& stage);
