@@ -99,7 +99,6 @@ QWidget* MapPane::MakePanel()
 {
     auto* area = new QScrollArea(this);
     area->setFrameShape(QFrame::NoFrame);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setWidgetResizable(true);
     auto* panel = new QWidget(area);
     auto* rows = new QVBoxLayout(panel);
