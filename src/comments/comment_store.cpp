@@ -6,7 +6,7 @@
 #include "platform/text/call_errors.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
-#include "store/change.h"
+#include "store/transaction.h"
 #include "store/messages.h"
 
 #include <algorithm>
@@ -18,7 +18,6 @@ namespace vasclip::comments {
 
 using common::RoutineScope;
 using engine::Recordset;
-using engine::Transaction;
 
 namespace {
 
@@ -114,7 +113,7 @@ void OpenCommentSource(store::DataSource& data, const QString& path)
 void Add6Records(store::DataSource& data)
 {
     const RoutineScope scope{"Add6Records"};
-    Transaction all(data.Database());
+    store::Transaction all(data);
     for (int key = 1; key <= kKeys; ++key) {
         store::Change row(data, store::Change::NewRecord{}, kRowWords.arg(key));
         row.Set(kKeyField, QString::number(key));
@@ -129,12 +128,12 @@ void EnsureAtLeast6Records(store::DataSource& data)
     Walk walk(data, kKeyField);
     if (!walk.SkipTo(kKeys))
         return;
-    std::optional<Transaction> all;
+    std::optional<store::Transaction> all;
     for (; !walk.rows.Eof(); walk.rows.MoveNext()) {
         if (walk.Text() == kBlankKey)
             continue;
         if (!all)
-            all.emplace(data.Database());
+            all.emplace(data);
         walk.Write(kBlankKey);
     }
     if (all)
@@ -213,7 +212,7 @@ int ClearAllFieldsBelow6(store::DataSource& data, const QString& column)
     Walk walk(data, column);
     walk.SkipTo(kKeys);
     int written = 0;
-    Transaction all(data.Database());
+    store::Transaction all(data);
     for (; !walk.rows.Eof(); walk.rows.MoveNext()) {
         if (walk.Text().isEmpty())
             continue; // a row that is empty already would only cost a write
@@ -228,7 +227,7 @@ QStringList SaveListControl(store::DataSource& data, const QString& column, cons
 {
     const RoutineScope scope{"SaveListControl"};
     QStringList left;
-    Transaction all(data.Database());
+    store::Transaction all(data);
     ClearAllFieldsBelow6(data, column);
     Walk walk(data, column);
     for (const QString& entry : entries) {
@@ -267,7 +266,7 @@ bool AddPhrase(store::DataSource& data, const QString& column, const QString& te
     const QString phrase = text::Trim(text);
     if (phrase.isEmpty())
         throw RuntimeError(error::kInvalidCall, u"An empty phrase can not be added"_s);
-    Transaction all(data.Database());
+    store::Transaction all(data);
     const QStringList list = ListPhrases(data, column);
     if (list.contains(phrase))
         return false;
@@ -286,7 +285,7 @@ bool AddPhrase(store::DataSource& data, const QString& column, const QString& te
 bool DatDeleteRecord(store::DataSource& data, const QString& column, const QString& text)
 {
     const RoutineScope scope{"DatDeleteRecord"};
-    Transaction all(data.Database());
+    store::Transaction all(data);
     Library library = ReadLibrary(data, column);
     if (!library.list.removeOne(text))
         return false;

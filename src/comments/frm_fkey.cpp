@@ -10,6 +10,7 @@
 #include "store/change.h"
 #include "store/messages.h"
 #include "store/store.h"
+#include "store/transaction.h"
 
 #include <QCoreApplication>
 
@@ -26,13 +27,6 @@ constexpr int kCaptionWidth = 22;
 Capitals CapitalsOf(const common::Globals& globals)
 {
     return globals.caps == u"0"_s ? Capitals::Keep : Capitals::Upper;
-}
-
-/// Characters that the column holds; 0 for a memo.
-int SizeOf(const store::DataSource& data, const QString& column)
-{
-    const int field = data.Recordset().FieldIndex(column);
-    return field < 0 ? 0 : data.Recordset().Fields().at(field).size;
 }
 
 } // namespace
@@ -266,7 +260,7 @@ void frm_FKey::OpenLibrary(forms::TextBox& field, const QString& column)
     const RoutineScope scope{"OpenLibrary"};
     const Library opened = ReadLibrary(datComment, column);
     frm_Comment dialog(m_desk.ports, m_desk.globals, m_desk.engine.Disk());
-    dialog.SetLimits(SizeOf(datComment, column), ListCapacity(datComment));
+    dialog.SetLimits(store::SizeOf(datComment, column), ListCapacity(datComment));
     dialog.txtAddComment.SetText(field.Text());
     PreLoadFKeys(opened, dialog);
     PreLoadListControl(opened, dialog);
@@ -306,7 +300,7 @@ void frm_FKey::SaveLibrary(const QString& column, const Library& opened, const Q
     mine.list.removeAll(QString());
     if (mine == opened && (!datComment.Recordset().Updatable() || !HasPhrasesBehindAGap(datComment, column)))
         return;
-    engine::Transaction all(datComment.Database());
+    store::Transaction all(datComment);
     const Library merged = Merged(opened, mine, ReadLibrary(datComment, column));
     const QStringList left = SaveListControl(datComment, column, merged.keys + merged.list);
     all.Commit();

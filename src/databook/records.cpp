@@ -11,6 +11,7 @@
 #include "platform/text/text.h"
 #include "store/change.h"
 #include "store/store.h"
+#include "store/transaction.h"
 
 #include <algorithm>
 
@@ -106,7 +107,7 @@ RecordResult AsOne(const forms::Ports& ports, store::DataSource& databook, const
     RecordResult result = Failed(RecordOutcome::Abandoned, kNothingChanged);
     common::Guarded(ports.prompter, [&] {
         try {
-            engine::Transaction transaction(databook.Database());
+            store::Transaction transaction(databook);
             writes();
             transaction.Commit();
             result = {};

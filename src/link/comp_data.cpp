@@ -53,15 +53,13 @@ void StoreBedBath(store::DataSource& databook, const QString& text)
 }
 
 /// By the column's type; memo, dates and the like are left alone.
-void StoreByType(LinkDesk& desk, const QString& key, const CompCell& cell)
+void StoreByType(store::DataSource& databook, const QString& address, const CompCell& cell)
 {
     using engine::FieldType;
-    store::DataSource& databook = desk.sources.datDatabook;
-    const engine::Recordset& record = databook.Recordset();
-    const int index = record.FieldIndex(cell.field);
-    if (index < 0)
+    const engine::Field* field = store::FindField(databook, cell.field);
+    if (field == nullptr)
         throw RuntimeError(error::kFieldUnknown, messages::kNoSuchColumn.arg(cell.field));
-    switch (record.Fields().at(index).type) {
+    switch (field->type) {
     case FieldType::Integer:
     case FieldType::Single:
     case FieldType::Double:
@@ -70,8 +68,7 @@ void StoreByType(LinkDesk& desk, const QString& key, const CompCell& cell)
     case FieldType::Text:
         // The report's own spelling of the address is not kept.
         if (cell.field == "ADDRESS"_L1)
-            StoreText(databook, cell.field,
-                      common::AddressInCase(key, desk.globals.addressCase));
+            StoreText(databook, cell.field, address);
         else
             StoreText(databook, cell.field, cell.text);
         break;
@@ -113,10 +110,10 @@ std::optional<QList<CompCell>> ReadCompData(LinkDesk& desk, const QString& formT
     return cells;
 }
 
-void StoreCompData(LinkDesk& desk, const QString& key, const QList<CompCell>& cells)
+void StoreCompData(const LinkDesk& desk, store::DataSource& databook, const QString& key, const QList<CompCell>& cells)
 {
     const common::RoutineScope scope{"GetCompData"};
-    store::DataSource& databook = desk.sources.datDatabook;
+    const QString address = common::AddressInCase(key, desk.globals.addressCase);
     const QDate today = desk.ports.clock.Today();
     for (const CompCell& cell : cells) {
         if (cell.field == "CENTRALKEY"_L1) // the cell's own text is dropped
@@ -126,7 +123,7 @@ void StoreCompData(LinkDesk& desk, const QString& key, const QList<CompCell>& ce
         else if (cell.field == "BEDBATH"_L1)
             StoreBedBath(databook, cell.text);
         else
-            StoreByType(desk, key, cell);
+            StoreByType(databook, address, cell);
     }
 }
 
@@ -134,16 +131,17 @@ bool GetCompData(LinkDesk& desk, const QString& formType, const QString& report,
                  const QString& compType)
 {
     const common::RoutineScope scope{"GetCompData"};
-    const QString key = store::GetFieldData(desk.sources.datDatabook, u"CENTRALKEY"_s);
+    store::DataSource& databook = desk.sources.datDatabook;
+    const QString key = store::GetFieldData(databook, u"CENTRALKEY"_s);
     MappingPages pages;
     const std::optional<QList<CompCell>> cells = ReadCompData(desk, formType, report, comp, compType, pages);
     if (!cells || cells->isEmpty())
         return false;
-    if (!StandOn(desk, key))
+    if (!store::ReadRecord(databook, key))
         throw RuntimeError(error::kNoCurrentRecord, messages::kRecordGone.arg(key));
-    store::Change change(desk.sources.datDatabook, messages::kReadWords);
-    StoreCompData(desk, key, *cells);
-    databook::SetLoadDate2Today(desk.ports, desk.sources.datDatabook);
+    store::Change change(databook, store::Change::OfKey{key}, messages::kReadWords);
+    StoreCompData(desk, change.Source(), key, *cells);
+    databook::SetLoadDate2Today(desk.ports, change.Source());
     change.Store();
     return true;
 }

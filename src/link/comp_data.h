@@ -28,12 +28,12 @@ struct CompCell
                                                           const QString& compType, MappingPages& pages,
                                                           const std::function<bool()>& goOn = {});
 
-/// Stores the cells in the record that datDatabook is editing or adding; the caller updates. A blank cell
+/// Stores the cells in the record that a source is editing or adding; the caller stores that. A blank cell
 /// overwrites what the record holds, but for its key and its address, which are those of `key`.
 /// @throws RuntimeError of the record set, 3265 for a field that it does not have
-void StoreCompData(LinkDesk& desk, const QString& key, const QList<CompCell>& cells);
+void StoreCompData(const LinkDesk& desk, store::DataSource& record, const QString& key, const QList<CompCell>& cells);
 
-/// Reads a comp's mapped fields from the report into the record that datDatabook stands on, in one update.
+/// Reads a comp's mapped fields from the report into the record that is on show, in one update; another may come on show meanwhile.
 /// @return false if the mapping has no rows for it, which has been said
 /// @throws RuntimeError; the record is then as it was
 bool GetCompData(LinkDesk& desk, const QString& formType, const QString& report, qint16 comp,

@@ -91,9 +91,8 @@ void frm_AttachCity::Form_Load()
 {
     const RoutineScope scope{"frm_AttachCity"};
     databook::LoadCities(lstcity, m_desk.disk, m_desk.globals);
-    const engine::Recordset& comps = m_desk.sources.datDatabook.Recordset();
     for (Box& row : m_boxes)
-        row.box.SetMaxLength(comps.Fields().at(comps.FieldIndex(row.field)).size);
+        row.box.SetMaxLength(store::SizeOf(m_desk.sources.datDatabook, row.field));
     const QString setting = text::Folded(m_desk.globals.useSubjCsz);
     m_choice = optUseSubjCSZ.Last(); // any other text inherits nothing either
     for (int i = 0; i <= optUseSubjCSZ.Last(); ++i)
@@ -136,9 +135,10 @@ void frm_AttachCity::SaveChoice()
 
 void frm_AttachCity::ShowRecord()
 {
-    m_found = !m_key.isEmpty() && StandOn(m_desk, m_key);
+    const std::optional<store::Record> record = store::ReadRecord(m_desk.sources.datDatabook, m_key);
+    m_found = record.has_value();
     for (Box& row : m_boxes) {
-        row.stored = m_found ? store::GetFieldData(m_desk.sources.datDatabook, row.field) : QString();
+        row.stored = record ? record->Text(row.field) : QString();
         row.box.SetText(row.stored);
     }
     if (!m_found)
@@ -265,25 +265,25 @@ bool frm_AttachCity::MayLoseDate() const
 bool frm_AttachCity::Store()
 {
     store::DataSource& databook = m_desk.sources.datDatabook;
-    if (!StandOn(m_desk, m_key))
+    if (!store::ReadRecord(databook, m_key))
         return false;
     const auto changed = [](const Box& row) { return text::Trim(row.box.Text()) != row.stored; };
     if (std::none_of(m_boxes.cbegin(), m_boxes.cend(), changed))
         return true;
     try {
-        store::Change change(databook, messages::kAttachWords);
+        store::Change change(databook, store::Change::OfKey{m_key}, messages::kAttachWords);
         for (const Box& row : m_boxes) {
             if (!changed(row))
                 continue;
             QString value = text::Trim(row.box.Text());
             if (row.field == "SALEDATE"_L1)
-                databook::ErrSetSaleDate(m_desk.ports, databook, value);
+                databook::ErrSetSaleDate(m_desk.ports, change.Source(), value);
             else
-                store::SetFieldData(databook, store::Trim2Size(databook, value, row.field), row.field);
+                change.Set(row.field, store::Trim2Size(databook, value, row.field));
         }
         change.Store();
     } catch (const RuntimeError& failure) {
-        if (failure.Number() == error::kRecordDeleted)
+        if (failure.Number() == error::kRecordDeleted || failure.Number() == error::kNoCurrentRecord)
             return false;
         throw;
     }

@@ -67,14 +67,6 @@ bool KelEnsureRunning(LinkDesk& desk)
     return running;
 }
 
-bool StandOn(const LinkDesk& desk, const QString& key)
-{
-    engine::Recordset& record = desk.sources.datDatabook.Recordset();
-    record.SetIndex(u"CENTRALKEY"_s);
-    record.Seek(u"="_s, text::Trim(key));
-    return !record.NoMatch();
-}
-
 bool LinkIsDead(int number)
 {
     return number == error::kLinkNoAnswer || number == error::kLinkTimeOut || number == error::kLinkPeerGone;

@@ -82,10 +82,6 @@ bool KelIsActive(LinkDesk& desk);
 /// Is a report open, now or after a second try? If not, says so.
 bool KelEnsureRunning(LinkDesk& desk);
 
-/// Stands datDatabook on the record of a key, with no turn of the queue that could move it again.
-/// @return false if there is none; the position is then anybody's guess
-[[nodiscard]] bool StandOn(const LinkDesk& desk, const QString& key);
-
 /// Is nobody at the other end of the link any more? By the number of the failure that told so.
 [[nodiscard]] bool LinkIsDead(int number);
 

@@ -39,15 +39,15 @@ public:
     SaveOutcome Run()
     {
         for (int tries = 1;; ++tries) {
-            const bool there = StandOn(m_desk, m_key);
-            if (there && !m_asked && !MayReplace())
+            const std::optional<store::Record> held = Held();
+            if (held && !m_asked && !MayReplace(*held))
                 return SaveOutcome::Kept;
             if (!m_read) {
                 if (const SaveOutcome outcome = Read(); outcome != SaveOutcome::Added)
                     return outcome;
             }
             // Both the question and the reading turned the queue.
-            const bool stillThere = StandOn(m_desk, m_key);
+            const bool stillThere = Held().has_value();
             if (stillThere && !m_asked)
                 continue;
             try {
@@ -56,6 +56,7 @@ public:
                 // Another user added, deleted or changed it a moment ago: look again.
                 const bool meanwhile = failure.Number() == error::kDuplicateKey ||
                                        failure.Number() == error::kDataChanged ||
+                                       failure.Number() == error::kNoCurrentRecord ||
                                        failure.Number() == error::kRecordDeleted;
                 if (!meanwhile || tries == kTries)
                     throw;
@@ -64,10 +65,15 @@ public:
     }
 
 private:
-    bool MayReplace()
+    [[nodiscard]] std::optional<store::Record> Held() const
+    {
+        return store::ReadRecord(m_desk.sources.datDatabook, m_key);
+    }
+
+    bool MayReplace(const store::Record& held)
     {
         m_asked = true;
-        const QString address = store::GetFieldData(m_desk.sources.datDatabook, u"ADDRESS"_s);
+        const QString address = held.Text(u"ADDRESS"_s);
         m_desk.ports.window.AppActivate();
         return m_desk.ports.prompter.YesNo(store::kPlainTitle,
                                            messages::kReplaceData.arg(address.isEmpty() ? m_key : address));
@@ -91,41 +97,41 @@ private:
         return SaveOutcome::Added;
     }
 
-    /// @param there  datDatabook stands on the record
+    /// @param there  the record is replaced, else added
     SaveOutcome Store(bool there)
     {
         store::DataSource& databook = m_desk.sources.datDatabook;
         std::optional<store::Change> change;
         if (there)
-            change.emplace(databook, messages::kReadWords);
+            change.emplace(databook, store::Change::OfKey{m_key}, messages::kReadWords);
         else
-            change.emplace(databook, store::Change::NewRecord{}, messages::kAddReadWords.arg(m_key));
-        const QString neighborhood = there ? store::GetFieldData(databook, u"NEIGHBORHD"_s) : QString();
+            change.emplace(databook, store::Change::NewKey{}, messages::kAddReadWords.arg(m_key));
+        store::DataSource& record = change->Source();
+        const QString neighborhood = there ? store::GetFieldData(record, u"NEIGHBORHD"_s) : QString();
         change->Set(store::kKeyIndex, store::Trim2Size(databook, m_key, store::kKeyIndex));
-        StoreCompData(m_desk, m_key, m_cells);
+        StoreCompData(m_desk, record, m_key, m_cells);
         if (there)
-            databook::ForceLoadDate2Today(m_desk.ports, databook);
+            databook::ForceLoadDate2Today(m_desk.ports, record);
         else
-            databook::SetLoadDate2Today(m_desk.ports, databook);
-        SetApprslType(databook, m_compType, m_desk.addr.txtFormType.Text());
-        ErrDatabookSetCity(m_desk, CityRule::Replace, m_place.comp);
+            databook::SetLoadDate2Today(m_desk.ports, record);
+        SetApprslType(record, m_compType, m_desk.addr.txtFormType.Text());
+        ErrDatabookSetCity(m_desk, record, CityRule::Replace, m_place.comp);
         if (there)
-            KeepNeighborhood(neighborhood);
+            KeepNeighborhood(record, neighborhood);
         change->Store();
         return there ? SaveOutcome::Replaced : SaveOutcome::Added;
     }
 
     /// What a comp's second address line holds is read as NEIGHBORHD. A city line, which has become the city by now,
     /// does not cost a record the name of its neighborhood.
-    void KeepNeighborhood(const QString& held)
+    void KeepNeighborhood(store::DataSource& record, const QString& held) const
     {
         const auto isCityLine = [](const QString& line) {
             return common::IsCityLine(common::ParseCityStateZip(line));
         };
-        store::DataSource& databook = m_desk.sources.datDatabook;
         if (m_place.group != Group::Subject && m_place.comp != kNoComp && !isCityLine(held) &&
-            isCityLine(store::GetFieldData(databook, u"NEIGHBORHD"_s)))
-            store::SetFieldData(databook, held, u"NEIGHBORHD"_s);
+            isCityLine(store::GetFieldData(record, u"NEIGHBORHD"_s)))
+            store::SetFieldData(record, held, u"NEIGHBORHD"_s);
     }
 
     LinkDesk& m_desk;
@@ -142,8 +148,7 @@ private:
 /// @throws RuntimeError 3163 for a key that no record can bear
 void CheckLength(const LinkDesk& desk, const QString& key)
 {
-    const engine::Recordset& record = desk.sources.datDatabook.Recordset();
-    const int size = record.Fields().at(record.FieldIndex(u"CENTRALKEY"_s)).size;
+    const int size = store::SizeOf(desk.sources.datDatabook, store::kKeyIndex);
     if (key.size() > size)
         throw RuntimeError(error::kFieldTooLong,
                            databook::kAddressTooLong.arg(key, text::Dec(key.size()), text::Dec(size)));
@@ -171,8 +176,6 @@ SaveOutcome SaveDataToDatabook(LinkDesk& desk, const QString& key, const ReportP
         common::ReportError(desk.ports.prompter, failure);
         return LinkIsDead(failure.Number()) ? SaveOutcome::LinkLost : SaveOutcome::Failed;
     }
-    if (outcome == SaveOutcome::Added || outcome == SaveOutcome::Replaced)
-        store::Updateandfind(desk.ports, desk.sources.datDatabook, folded);
     return outcome;
 }
 

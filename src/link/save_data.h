@@ -20,7 +20,8 @@ enum class SaveOutcome {
 /// Stores a comp of the report as the record of a key, adding it or, after a question, replacing its data.
 ///
 /// The cells are read first and stored in one update, with the comp's type, its city, state and ZIP, so the
-/// record is whole or as it was, whatever happens meanwhile. A replaced record is loaded today.
+/// record is whole or as it was, whatever happens meanwhile. A replaced record is loaded today. The record on show stays;
+/// who shows the stored one refreshes it.
 /// @param key       address; trimmed and upper-cased
 /// @param place     where the comp stands in the report; with kNoComp the key alone is stored
 /// @param pages, goOn  as ReadCompData

@@ -38,9 +38,9 @@ PictureOutcome SavePictureToDatabook(LinkDesk& desk, const QString& whose, forms
         desk.status.lblmsg.Show(messages::kNoPicture, forms::Colour::Blue);
         return PictureOutcome::NoPicture;
     }
-    std::optional<QScopedValueRollback<std::function<void()>>> city;
+    std::optional<QScopedValueRollback<std::function<void(const QString&)>>> city;
     if (desk.photoDesk && desk.photoDesk->setCity && comp != kNoComp)
-        city.emplace(desk.photoDesk->setCity, [&desk, comp] { ErrDatabookSetCity(desk, CityRule::Fill, comp); });
+        city.emplace(desk.photoDesk->setCity, [&desk, comp](const QString& record) { SetCityOf(desk, record, CityRule::Fill, comp); });
     PictureOutcome outcome = PictureOutcome::NotFiled;
     Reported(desk.ports.prompter, "SavePictureToDatabook", [&] {
         if (IsFiledSo(desk, key, path, view))

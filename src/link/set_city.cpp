@@ -42,12 +42,12 @@ CityStateZip PartsOfSlot(LinkDesk& desk, const QString& key)
             (desk.addr.*row.zips)(place->comp).Text()};
 }
 
-CityStateZip PartsOf(LinkDesk& desk, const QString& key, qint16 comp)
+/// @param secondLine  of the record's address, as its NEIGHBORHD holds it
+CityStateZip PartsOf(LinkDesk& desk, const QString& key, const QString& secondLine, qint16 comp)
 {
     // On a comp's form the second address line stands under NEIGHBORHD.
     if (comp != kNoComp && comp != kSubjectComp) {
-        const CityStateZip read =
-            common::ParseCityStateZip(store::GetFieldData(desk.sources.datDatabook, u"NEIGHBORHD"_s));
+        const CityStateZip read = common::ParseCityStateZip(secondLine);
         if (Tells(read))
             return read;
     }
@@ -75,23 +75,49 @@ CityStateZip Completed(LinkDesk& desk, const CityStateZip& held, const CityState
     return wanted;
 }
 
+/// What a record is to hold, unless it holds that already.
+/// @param field  gives its text
+template <class Fields>
+std::optional<CityStateZip> Wanted(LinkDesk& desk, Fields&& field, CityRule rule, qint16 comp)
+{
+    const CityStateZip held{field(kCity), field(kState), field(kZip)};
+    const CityStateZip known = PartsOf(desk, text::Folded(field(u"CENTRALKEY"_s)), field(u"NEIGHBORHD"_s), comp);
+    const CityStateZip wanted = Completed(desk, held, known, rule);
+    return wanted == held ? std::nullopt : std::optional(wanted);
+}
+
+void Store(store::Change& change, const CityStateZip& wanted)
+{
+    for (const auto& [name, value] :
+         {std::pair{kCity, wanted.city}, {kState, wanted.state}, {kZip, wanted.zip}})
+        change.Set(name, store::Trim2Size(change.Source(), value, name));
+    change.Store();
+}
+
 } // namespace
 
-void ErrDatabookSetCity(LinkDesk& desk, CityRule rule, qint16 comp)
+void ErrDatabookSetCity(LinkDesk& desk, store::DataSource& record, CityRule rule, qint16 comp)
+{
+    const common::RoutineScope scope{"ErrDatabookSetCity"};
+    const auto field = [&record](const QString& name) { return store::GetFieldData(record, name); };
+    if (const auto wanted = Wanted(desk, field, rule, comp)) {
+        store::Change change(record, store::Change::TakePart{}, messages::kCityWords);
+        Store(change, *wanted);
+    }
+}
+
+void SetCityOf(LinkDesk& desk, const QString& key, CityRule rule, qint16 comp)
 {
     const common::RoutineScope scope{"ErrDatabookSetCity"};
     store::DataSource& databook = desk.sources.datDatabook;
-    const auto field = [&databook](const QString& name) { return store::GetFieldData(databook, name); };
-    const CityStateZip held{field(kCity), field(kState), field(kZip)};
-    const CityStateZip wanted =
-        Completed(desk, held, PartsOf(desk, text::Folded(field(u"CENTRALKEY"_s)), comp), rule);
-    if (wanted == held)
+    const std::optional<store::Record> record = store::ReadRecord(desk.ports, databook, key);
+    if (!record)
         return;
-    store::Change change(databook, store::Change::TakePart{}, messages::kCityWords);
-    for (const auto& [name, value] :
-         {std::pair{kCity, wanted.city}, {kState, wanted.state}, {kZip, wanted.zip}})
-        change.Set(name, store::Trim2Size(databook, value, name));
-    change.Store();
+    const auto field = [&record](const QString& name) { return record->Text(name); };
+    if (const auto wanted = Wanted(desk, field, rule, comp)) {
+        store::Change change(databook, store::Change::OfKey{key}, messages::kCityWords);
+        Store(change, *wanted);
+    }
 }
 
 } // namespace vasclip::link

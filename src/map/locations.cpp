@@ -3,32 +3,13 @@
 #include "link/reporter.h"
 #include "map/messages.h"
 #include "platform/text/text.h"
-#include "store/change.h"
+#include "store/transaction.h"
 
 namespace vasclip::map {
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-/// A source of the same Databook with a cursor of its own, whose changes are heard of all the same.
-class Beside
-{
-public:
-    explicit Beside(const store::DataSource& databook)
-        : m_source(databook.Engine(), u"datLocations"_s)
-    {
-        m_source.ShareDatabase(databook);
-        m_source.SetDatabaseName(databook.DatabaseName());
-        m_source.SetRecordSource(databook.RecordSource());
-        m_source.SetRecordsetType(engine::RecordsetType::Table);
-        m_source.Refresh();
-    }
-    store::DataSource& Source() { return m_source; }
-
-private:
-    store::DataSource m_source;
-};
 
 bool Stands(const store::Record& record, const RecordLocation& location)
 {
@@ -43,11 +24,9 @@ QString WordsOf(const RecordLocation& location)
                                          : messages::kPlaceWords;
 }
 
-void Store(const MapDesk& desk, store::DataSource& source, const RecordLocation& location)
+void Store(MapDesk& desk, const RecordLocation& location)
 {
-    if (!store::FindRecord(desk.ports, source, text::Folded(location.key), u"CENTRALKEY"_s))
-        return;
-    store::Change change(source, WordsOf(location));
+    store::Change change(desk.sources.datDatabook, store::Change::OfKey{location.key}, WordsOf(location));
     change.Set(u"LATITUDE"_s, location.latitude);
     change.Set(u"LONGITUDE"_s, location.longitude);
     change.Set(u"ANCHORED"_s, location.anchored ? u"1"_s : u"0"_s);
@@ -94,7 +73,7 @@ void SaveRecordLocation(MapDesk& desk, const RecordLocation& location)
 {
     const common::RoutineScope scope{"SaveRecordLocation"};
     if (Differs(desk, location))
-        Store(desk, Beside(desk.sources.datDatabook).Source(), location);
+        Store(desk, location);
 }
 
 bool SaveLocations(MapDesk& desk, const QList<RecordLocation>& locations)
@@ -106,10 +85,9 @@ bool SaveLocations(MapDesk& desk, const QList<RecordLocation>& locations)
                 changed.append(location);
         if (changed.isEmpty())
             return;
-        Beside beside(desk.sources.datDatabook);
-        engine::Transaction whole(beside.Source().Database());
+        store::Transaction whole(desk.sources.datDatabook);
         for (const RecordLocation& location : std::as_const(changed))
-            Store(desk, beside.Source(), location);
+            Store(desk, location);
         whole.Commit();
     });
 }

@@ -13,6 +13,7 @@
 #include "platform/text/text.h"
 #include "store/messages.h"
 #include "store/store.h"
+#include "store/transaction.h"
 
 namespace vasclip::photos {
 
@@ -75,7 +76,7 @@ bool ReadAgain(PhotoDesk& desk, const QString& key)
 /// Takes the pair out of the record as it is now. @return false if the record is gone
 bool LetGo(PhotoDesk& desk, const QString& key, const QString& view, const QString& stem)
 {
-    engine::Transaction whole(desk.databook.Database());
+    store::Transaction whole(desk.databook);
     if (!ReadAgain(desk, key))
         return false;
     RemovePair(desk.lists, view, stem);
@@ -191,7 +192,7 @@ PhotoChange CmdRenamePhotoView(PhotoDesk& desk)
         desk.ports.prompter.Box(kNameInUseTitle, kNameInUse);
         return PhotoChange::None;
     }
-    engine::Transaction whole(desk.databook.Database());
+    store::Transaction whole(desk.databook);
     if (!ReadAgain(desk, key))
         return PhotoChange::None;
     const int row = lists.lstViews.IndexOf(old);

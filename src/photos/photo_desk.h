@@ -44,8 +44,8 @@ struct PhotoDesk
     SlotLoader& loader;
     common::StatusDesk& status;
     PhotoQuestions& questions;
-    /// Gives the record that `databook` stands on its city (ErrDatabookSetCity). May be empty.
-    std::function<void()> setCity;
+    /// Gives the record of a key its city (ErrDatabookSetCity). May be empty.
+    std::function<void(const QString& key)> setCity;
     /// Adds a record of a key to the Databook. Without one the record gets its key and address alone.
     std::function<void(const QString& key)> addRecord;
 

@@ -47,6 +47,29 @@ bool PhotoList::Has(const QString& view) const
     return Find(m_pairs, view) != m_pairs.cend();
 }
 
+QString PhotoList::NameOf(const QString& view) const
+{
+    const auto found = Find(m_pairs, view);
+    return found == m_pairs.cend() ? QString() : found->first;
+}
+
+void PhotoList::Put(const QString& view, const QString& stem)
+{
+    const auto found = Find(m_pairs, view);
+    if (found == m_pairs.cend())
+        m_pairs.append({view, stem});
+    else
+        m_pairs[found - m_pairs.cbegin()].second = stem;
+}
+
+QString PhotoList::Text() const
+{
+    QString photos;
+    for (const auto& [view, stem] : m_pairs)
+        photos += view + u'|' + stem + u"\r\n"_s;
+    return photos.isEmpty() ? u" "_s : photos;
+}
+
 QString PhotoList::StemOf(const QString& view) const
 {
     const auto found = Find(m_pairs, view);

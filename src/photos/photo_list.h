@@ -31,6 +31,12 @@ public:
     [[nodiscard]] bool Has(const QString& view) const;
     /// File stem of a view, trimmed; "" if the record has none of that name.
     [[nodiscard]] QString StemOf(const QString& view) const;
+    /// A view as the record spells it; "" if the record has none of that name.
+    [[nodiscard]] QString NameOf(const QString& view) const;
+    /// Gives a view its stem, in its row or in a new one.
+    void Put(const QString& view, const QString& stem);
+    /// The PHOTOS text; a single blank for no photos.
+    [[nodiscard]] QString Text() const;
 
 private:
     QList<PhotoPair> m_pairs;

@@ -38,17 +38,25 @@ void ReadPhotoLists(const store::DataSource& source, forms::ListBox& views, form
     }
 }
 
-QString ComposePhotos(const forms::ListBox& views, const forms::ListBox& stems)
+PhotoList ListedPhotos(const forms::ListBox& views, const forms::ListBox& stems)
 {
-    QString photos;
+    QList<PhotoPair> pairs;
     for (int row = 0; row < views.ListCount(); ++row)
-        photos += views.List(row) + u'|' + stems.List(row) + u"\r\n"_s;
-    return photos.isEmpty() ? u" "_s : photos;
+        pairs.append({views.List(row), stems.List(row)});
+    return PhotoList(pairs);
 }
 
-void SetFrontFlag(store::DataSource& source, const forms::ListBox& views)
+void SetFrontFlag(store::DataSource& source, const PhotoList& photos)
 {
-    store::SetFieldData(source, views.IndexOf(kFrontView) >= 0 ? u"1"_s : QString(), u"FRONT"_s);
+    store::SetFieldData(source, photos.Has(kFrontView) ? u"1"_s : QString(), u"FRONT"_s);
+}
+
+void StorePhotos(store::DataSource& source, const QString& key, const PhotoList& photos)
+{
+    store::Change change(source, store::Change::OfKey{key}, kPhotosWords);
+    change.Set(u"PHOTOS"_s, photos.Text());
+    SetFrontFlag(change.Source(), photos);
+    change.Store();
 }
 
 void WritePhotoLists(const forms::Ports& ports, store::DataSource& source, const forms::ListBox& views,
@@ -56,9 +64,10 @@ void WritePhotoLists(const forms::Ports& ports, store::DataSource& source, const
 {
     const common::RoutineScope scope{"WritePhotoLists"};
     const QString key = store::GetFieldData(source, u"CENTRALKEY"_s);
+    const PhotoList photos = ListedPhotos(views, stems);
     store::Change change(source, kPhotosWords);
-    change.Set(u"PHOTOS"_s, ComposePhotos(views, stems));
-    SetFrontFlag(source, views);
+    change.Set(u"PHOTOS"_s, photos.Text());
+    SetFrontFlag(source, photos);
     store::Updateandfind(ports, source, key);
 }
 

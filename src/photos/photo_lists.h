@@ -20,11 +20,14 @@ struct PhotoLists
 /// Parses PHOTOS of the current record into the lists, which are cleared first. Rows by ParsePhotos.
 void ReadPhotoLists(const store::DataSource& source, forms::ListBox& views, forms::ListBox& stems);
 
-/// The PHOTOS text of two lists; a single blank for empty ones.
-[[nodiscard]] QString ComposePhotos(const forms::ListBox& views, const forms::ListBox& stems);
+/// What two lists show, as a value.
+[[nodiscard]] PhotoList ListedPhotos(const forms::ListBox& views, const forms::ListBox& stems);
 
-/// Sets FRONT of the current record, which must be in edit mode: "1" if the views hold "FRONT VIEW", else "".
-void SetFrontFlag(store::DataSource& source, const forms::ListBox& views);
+/// Sets FRONT of the current record, which must be in edit mode: "1" if there is a "FRONT VIEW", else "".
+void SetFrontFlag(store::DataSource& source, const PhotoList& photos);
+
+/// Writes PHOTOS and FRONT of the record of a key, whatever is on show. @throws RuntimeError as store::Change
+void StorePhotos(store::DataSource& source, const QString& key, const PhotoList& photos);
 
 /// Writes PHOTOS and FRONT of the current record from the lists, in one update, and stands on it again.
 /// @throws RuntimeError as Recordset::Update; the record is then as it was

@@ -12,6 +12,7 @@
 #include "store/change.h"
 #include "store/messages.h"
 #include "store/store.h"
+#include "store/transaction.h"
 
 #include <utility>
 
@@ -22,16 +23,10 @@ using common::RoutineScope;
 
 namespace {
 
-const QString kPhotos = u"PHOTOS"_s;
-
-QString PhotosOfRecord(const PhotoDesk& desk)
+std::optional<PhotoList> PhotosOf(const PhotoDesk& desk, const QString& key)
 {
-    return store::GetFieldData(desk.databook, kPhotos);
-}
-
-bool Find(PhotoDesk& desk, const QString& key)
-{
-    return store::FindRecord(desk.ports, desk.databook, key, store::kKeyIndex);
+    const std::optional<store::Record> record = store::ReadRecord(desk.ports, desk.databook, key);
+    return record ? std::optional(PhotoList(*record)) : std::nullopt;
 }
 
 void AddRecord(PhotoDesk& desk, const QString& key)
@@ -40,43 +35,31 @@ void AddRecord(PhotoDesk& desk, const QString& key)
         desk.addRecord(key);
         return;
     }
-    store::DataSource& book = desk.databook;
-    store::Change change(book, store::Change::NewRecord{}, kAddForPhotoWords.arg(text::Folded(key)));
+    const store::DataSource& book = desk.databook;
+    store::Change change(desk.databook, store::Change::NewKey{}, kAddForPhotoWords.arg(text::Folded(key)));
     change.Set(u"CENTRALKEY"_s, store::Trim2Size(book, text::Folded(key), u"CENTRALKEY"_s));
     const QString address = common::AddressInCase(text::Trim(key), desk.globals.addressCase);
     change.Set(u"ADDRESS"_s, store::Trim2Size(book, address, u"ADDRESS"_s));
     change.Store();
 }
 
-void SetRow(forms::ListBox& views, forms::ListBox& stems, const QString& view, const QString& stem)
-{
-    const int row = views.IndexOf(view);
-    if (row >= 0) {
-        stems.SetItem(row, stem);
-        return;
-    }
-    views.AddItem(view);
-    stems.AddItem(stem);
-}
-
-/// Writes the lists. Where somebody else has changed the record's photos since `before` was read, only our own
-/// row goes into theirs.
+/// Writes the photos. Where somebody else has changed the record's since `before` was read, only our own row goes into
+/// theirs.
 /// @param stem  of our own row, "" if there is none
 /// @return false if the record is gone
-bool WriteOwnRow(PhotoDesk& desk, const QString& key, const QString& before, const QString& view,
+bool WriteOwnRow(PhotoDesk& desk, const QString& key, const PhotoList& before, PhotoList photos, const QString& view,
                  const QString& stem)
 {
-    forms::ListBox& views = desk.lists.lstViews;
-    forms::ListBox& stems = desk.lists.lstimages;
-    engine::Transaction whole(desk.databook.Database());
-    if (!Find(desk, key))
+    store::Transaction whole(desk.databook);
+    const std::optional<PhotoList> now = PhotosOf(desk, key);
+    if (!now)
         return false;
-    if (PhotosOfRecord(desk) != before) {
-        ReadPhotoLists(desk.databook, views, stems);
+    if (now->Pairs() != before.Pairs()) {
+        photos = *now;
         if (!stem.isEmpty())
-            SetRow(views, stems, view, stem);
+            photos.Put(view, stem);
     }
-    WritePhotoLists(desk.ports, desk.databook, views, stems);
+    StorePhotos(desk.databook, key, photos);
     whole.Commit();
     return true;
 }
@@ -91,29 +74,28 @@ void TakeBack(PhotoDesk& desk, const QString& key, const QString& stem, bool add
     if (!added)
         return;
     try {
-        if (Find(desk, key))
-            store::Change::Delete(desk.databook, kTakeBackWords.arg(text::Folded(key)));
+        (void)store::Change::DeleteKey(desk.databook, key, kTakeBackWords.arg(text::Folded(key)));
     } catch (const RuntimeError&) {
         desk.notSaved = u"The new record %1 stays, without a photo"_s.arg(key);
     }
 }
 
-/// A record that is there, or one that is added for its first photo, takes what the lists hold.
-/// @param there  was it there when the lists were read?
+/// A record that is there, or one that is added for its first photo, takes the photos.
+/// @param before  what it had when they were read; nothing if it was not there
 /// @return false if it could not be added, or was deleted meanwhile
-bool Enter(PhotoDesk& desk, const QString& key, const QString& before, const QString& view,
-           const QString& stem, bool there)
+bool Enter(PhotoDesk& desk, const QString& key, const std::optional<PhotoList>& before, const PhotoList& photos,
+           const QString& view, const QString& stem)
 {
     bool added = false;
     bool written = false;
     try {
-        if (!there && !Find(desk, key)) {
+        if (!before && !PhotosOf(desk, key)) {
             AddRecord(desk, key);
-            added = Find(desk, key);
+            added = PhotosOf(desk, key).has_value();
         }
-        if (desk.setCity && Find(desk, key))
-            desk.setCity();
-        written = WriteOwnRow(desk, key, before, view, stem);
+        if (desk.setCity)
+            desk.setCity(text::Folded(key));
+        written = WriteOwnRow(desk, key, before.value_or(PhotoList()), photos, view, stem);
     } catch (const RuntimeError& failure) {
         TakeBack(desk, key, stem, added);
         if (desk.notSaved.isEmpty())
@@ -123,8 +105,8 @@ bool Enter(PhotoDesk& desk, const QString& key, const QString& before, const QSt
     if (written || stem.isEmpty())
         return written;
     TakeBack(desk, key, stem, added);
-    desk.notSaved = there ? u"%1 is not in the Databook any more"_s.arg(key)
-                          : u"%1 could not be added to the Databook"_s.arg(key);
+    desk.notSaved = before ? u"%1 is not in the Databook any more"_s.arg(key)
+                           : u"%1 could not be added to the Databook"_s.arg(key);
     return false;
 }
 
@@ -169,8 +151,8 @@ FilingCheck CheckFiling(const files::Disk& disk, const QString& key, const QStri
     return text::Trim(view).isEmpty() ? FilingCheck::BlankView : FilingCheck::Fine;
 }
 
-bool SavePhotoToViewList(PhotoDesk& desk, forms::ListBox& views, forms::ListBox& stems, const QString& given,
-                         const QString& picture, const QString& key)
+bool SavePhotoToViewList(PhotoDesk& desk, PhotoList& photos, const QString& given, const QString& picture,
+                         const QString& key)
 {
     const RoutineScope scope{"SavePhotoToViewList"};
     const QString view = CleanView(given);
@@ -178,9 +160,8 @@ bool SavePhotoToViewList(PhotoDesk& desk, forms::ListBox& views, forms::ListBox&
     desk.notSaved.clear();
     if (CheckFiling(desk.disk, key, picture, view) != FilingCheck::Fine || !LoadHidden(desk, picture))
         return false;
-    const int row = views.IndexOf(view);
     const PointedFile shown = PointAt(desk.disk, picture);
-    if (row >= 0 && !MayOverwrite(desk, stems.List(row), picture, key))
+    if (photos.Has(view) && !MayOverwrite(desk, photos.StemOf(view), picture, key))
         return false;
     if (const QString why = WhyAnother(desk.disk, shown); !why.isEmpty()) {
         desk.notSaved = why.chopped(1); // its full stop comes later
@@ -189,7 +170,7 @@ bool SavePhotoToViewList(PhotoDesk& desk, forms::ListBox& views, forms::ListBox&
     const QString stem = StoreUnderNewStem(desk, picture);
     if (stem.isEmpty())
         return false;
-    SetRow(views, stems, view, stem);
+    photos.Put(view, stem);
     return true;
 }
 
@@ -205,21 +186,12 @@ bool SavePhotoToRecord(PhotoDesk& desk, const QString& key, const QString& pictu
         desk.status.lblmsg.Show(kNoPicture, forms::Colour::Red);
         return false;
     }
-    forms::ListBox& views = desk.lists.lstViews;
-    forms::ListBox& stems = desk.lists.lstimages;
-    const bool there = Find(desk, key);
-    QString before;
-    if (there) {
-        before = PhotosOfRecord(desk);
-        ReadPhotoLists(desk.databook, views, stems);
-    } else {
-        views.Clear();
-        stems.Clear();
-    }
-    bool saved = SavePhotoToViewList(desk, views, stems, view, path, key);
-    const QString stem = saved ? stems.List(views.IndexOf(CleanView(view))) : QString();
-    if (saved || there) // a refused picture is no reason for a new record
-        saved = Enter(desk, key, before, CleanView(view), stem, there) && saved;
+    const std::optional<PhotoList> before = PhotosOf(desk, key);
+    PhotoList photos = before.value_or(PhotoList());
+    bool saved = SavePhotoToViewList(desk, photos, view, path, key);
+    const QString stem = saved ? photos.StemOf(CleanView(view)) : QString();
+    if (saved || before) // a refused picture is no reason for a new record
+        saved = Enter(desk, key, before, photos, CleanView(view), stem) && saved;
     if (!saved && !desk.notSaved.isEmpty())
         desk.status.lblmsg.Show(desk.notSaved, forms::Colour::Red);
     return saved;

@@ -6,7 +6,8 @@ namespace vasclip::photos {
 
 /// Files the picture that a control shows with the record of a key, which is added if it is not there; a view
 /// that the record has already asks first. The status line says what is missing. A picture that is refused, or
-/// that the Databook does not take, leaves neither a new record nor a stored file.
+/// that the Databook does not take, leaves neither a new record nor a stored file. The record on show and its lists
+/// stay; who shows that record refreshes it.
 /// @param view   cleaned by CleanView
 /// @param control  its path is taken from the slot table
 /// @return true if the picture is stored and the record names it; else `notSaved` may tell why
@@ -16,10 +17,10 @@ bool SavePhotoToRecord(PhotoDesk& desk, const QString& key, const forms::Picture
 /// The same for a picture that no control shows.
 bool SavePhotoToRecord(PhotoDesk& desk, const QString& key, const QString& picture, const QString& view);
 
-/// The part of SavePhotoToRecord that deals with the lists: a new row, or a new stem in the row of the view.
-/// The lists stay as they were when it fails.
-bool SavePhotoToViewList(PhotoDesk& desk, forms::ListBox& views, forms::ListBox& stems, const QString& view,
-                         const QString& picture, const QString& key);
+/// The part of SavePhotoToRecord that deals with the record's photos: a new row, or a new stem in the row of the view.
+/// They stay as they were when it fails.
+bool SavePhotoToViewList(PhotoDesk& desk, PhotoList& photos, const QString& view, const QString& picture,
+                         const QString& key);
 
 /// May a picture be filed? Why not goes by its number.
 enum class FilingCheck { Fine = 0, BlankKey = 1, BlankSource = 2, MissingSource = 3, BlankView = 4 };

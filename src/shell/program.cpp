@@ -56,7 +56,7 @@ Program::Program(const Foundation& foundation)
     m_photos =
         std::make_unique<photos::PhotoDesk>(foundation.ports, foundation.disk, globals, sources.datDatabook,
                                             photoLists, *m_slotLoader, status, *m_photoQuestions);
-    m_photos->setCity = [this] { link::ErrDatabookSetCity(*m_link, link::CityRule::Fill); };
+    m_photos->setCity = [this](const QString& key) { link::SetCityOf(*m_link, key, link::CityRule::Fill); };
     m_capture = std::make_unique<photos::CaptureDesk>(
         photos::CaptureBase{foundation.disk, foundation.ports, globals, status, *m_slotLoader}, capture,
         std::make_unique<photos::PictureThumbs>(foundation.disk), std::make_unique<work::ThreadWorkers>());

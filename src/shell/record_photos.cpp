@@ -73,7 +73,7 @@ bool RecordPhotos::StandOnShownPhoto()
         m_program.status.lblmsg.Show(u"%1 is not in the Databook any more."_s.arg(key), forms::Colour::Red);
         return false;
     }
-    if (photos::ParsePhotos(photos::ComposePhotos(lists.lstViews, lists.lstimages)) ==
+    if (photos::ParsePhotos(photos::ListedPhotos(lists.lstViews, lists.lstimages).Text()) ==
         photos::ParsePhotos(store::GetFieldData(m_program.sources.datDatabook, u"PHOTOS"_s)))
         return true;
     photos::ReadPhotoLists(m_program.sources.datDatabook, lists.lstViews, lists.lstimages);

@@ -1,7 +1,9 @@
 #include "store/change.h"
 
 #include "platform/text/runtime_error.h"
+#include "platform/text/text.h"
 #include "store/messages.h"
+#include "store/transaction.h"
 
 #include <utility>
 
@@ -58,6 +60,26 @@ Change::Change(DataSource& source, NewRecord, const QString& words)
     m_begun = source.m_step;
 }
 
+Change::Change(DataSource& source, const OfKey& record, const QString& words)
+    : m_beside(source.Beside())
+    , m_source(*m_beside)
+    , m_mine(true)
+{
+    if (!StandOn(m_source, record.key))
+        throw RuntimeError(error::kNoCurrentRecord, u"There is no record %1"_s.arg(text::Trim(record.key)));
+    Begin(m_source, words);
+    m_begun = m_source.m_step;
+}
+
+Change::Change(DataSource& source, NewKey, const QString& words)
+    : m_beside(source.Beside())
+    , m_source(*m_beside)
+    , m_mine(true)
+{
+    BeginNew(m_source, words);
+    m_begun = m_source.m_step;
+}
+
 Change::Change(DataSource& source, TakePart, const QString& words)
     : m_source(source)
     , m_mine(!Open(source))
@@ -81,6 +103,16 @@ void Change::Store()
         throw RuntimeError(error::kNoEdit, u"The change was dropped before it was stored"_s);
     StoreOpen(m_source);
     m_mine = false;
+}
+
+/// A look-up without a turn of the queue, which drops the change under way there.
+bool Change::StandOn(DataSource& beside, const QString& key)
+{
+    const QString wanted = text::Trim(key);
+    if (wanted.isEmpty())
+        return false;
+    beside.Recordset().Seek(u"="_s, wanted);
+    return !beside.Recordset().NoMatch();
 }
 
 bool Change::Open(const DataSource& source)
@@ -131,17 +163,18 @@ void Change::StoreOpen(DataSource& source)
 {
     engine::Recordset& record = source.Recordset();
     Step* step = source.m_step.get();
-    if (step == nullptr || !source.m_watch) {
+    if (step == nullptr || !source.m_watcher->watch) {
         record.Update();
-    } else {
-        if (step->kind == Step::Kind::Added)
-            step->key = step->after.value(kKeyIndex).toString().trimmed();
-        engine::Transaction whole(source.Database());
-        record.Update();
-        source.m_watch(*step);
-        whole.Commit();
+        source.m_step.reset();
+        return;
     }
-    source.m_step.reset();
+    if (step->kind == Step::Kind::Added)
+        step->key = step->after.value(kKeyIndex).toString().trimmed();
+    Transaction whole(source);
+    record.Update();
+    const auto stored = std::exchange(source.m_step, nullptr);
+    whole.Heard(*stored);
+    whole.Commit();
 }
 
 void Change::Drop(DataSource& source)
@@ -154,7 +187,7 @@ void Change::Drop(DataSource& source)
 void Change::Delete(DataSource& source, const QString& words)
 {
     engine::Recordset& record = source.Recordset();
-    if (!source.m_watch) {
+    if (!source.m_watcher->watch) {
         record.Delete();
         return;
     }
@@ -163,10 +196,19 @@ void Change::Delete(DataSource& source, const QString& words)
                     .table = source.RecordSource(),
                     .key = KeyOf(record),
                     .before = AllValues(record)};
-    engine::Transaction whole(source.Database());
+    Transaction whole(source);
     record.Delete();
-    source.m_watch(step);
+    whole.Heard(step);
     whole.Commit();
+}
+
+bool Change::DeleteKey(DataSource& source, const QString& key, const QString& words)
+{
+    const std::shared_ptr<DataSource> beside = source.Beside();
+    if (!StandOn(*beside, key))
+        return false;
+    Delete(*beside, words);
+    return true;
 }
 
 qint64 Change::Rows(DataSource& source, const QMap<QString, QString>& texts, const QString& condition,
@@ -182,26 +224,23 @@ qint64 Change::Rows(DataSource& source, const QMap<QString, QString>& texts, con
     const QString where = u" WHERE "_s + condition;
     const QString statement =
         u"UPDATE ["_s + source.RecordSource() + u"] SET "_s + settings.join(u", "_s) + where;
-    if (!source.m_watch)
+    if (!source.m_watcher->watch)
         return database.Execute(statement);
-    engine::Transaction whole(database);
-    QList<Step> steps;
+    Transaction whole(source);
     const auto rows = database.OpenRecordset(u"SELECT * FROM ["_s + source.RecordSource() + u']' + where,
                                              engine::RecordsetType::Dynaset);
     for (; !rows->Eof(); rows->MoveNext()) {
         FieldValues before;
         for (const QString& field : after.keys())
             before.insert(field, ValueOf(*rows, rows->FieldIndex(field)));
-        steps.append({.kind = Step::Kind::Edited,
-                      .words = words,
-                      .table = source.RecordSource(),
-                      .key = KeyOf(*rows),
-                      .before = before,
-                      .after = after});
+        whole.Heard({.kind = Step::Kind::Edited,
+                     .words = words,
+                     .table = source.RecordSource(),
+                     .key = KeyOf(*rows),
+                     .before = before,
+                     .after = after});
     }
     const qint64 changed = database.Execute(statement);
-    for (const Step& step : std::as_const(steps))
-        source.m_watch(step);
     whole.Commit();
     return changed;
 }

@@ -2,7 +2,9 @@
 
 #include "platform/text/runtime_error.h"
 #include "store/change.h"
+#include "store/messages.h"
 #include "store/record.h"
+#include "store/transaction.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,6 +13,7 @@ namespace vasclip::store {
 DataSource::DataSource(engine::Engine& engine, const QString& name)
     : m_engine(engine)
     , m_name(name)
+    , m_watcher(std::make_shared<Watcher>())
 {}
 
 DataSource::~DataSource()
@@ -28,6 +31,7 @@ void DataSource::Refresh()
         recordset->MoveFirst();
     // Everything that can fail is done: only now is the old binding let go.
     m_reader.reset();
+    m_beside.reset();
     m_step.reset();
     std::swap(m_recordset, recordset);
     std::swap(m_database, database);
@@ -41,12 +45,34 @@ void DataSource::Refresh()
 void DataSource::ShareDatabase(const DataSource& other)
 {
     m_database = other.m_database;
-    m_watch = other.m_watch;
+    m_watcher = other.m_watcher;
+}
+
+void DataSource::Watch(std::function<void(const Step&)> watch, std::function<void()> takenBack)
+{
+    m_watcher->watch = std::move(watch);
+    m_watcher->takenBack = std::move(takenBack);
+}
+
+std::shared_ptr<DataSource> DataSource::Beside()
+{
+    static_cast<void>(Database()); // is there a table to stand beside?
+    if (!m_beside) {
+        const auto beside = std::make_shared<DataSource>(m_engine, m_name);
+        beside->ShareDatabase(*this);
+        beside->SetDatabaseName(m_databaseName);
+        beside->SetRecordSource(m_recordSource);
+        beside->Refresh();
+        beside->Recordset().SetIndex(kKeyIndex);
+        m_beside = beside;
+    }
+    return m_beside;
 }
 
 void DataSource::Close()
 {
     m_reader.reset();
+    m_beside.reset();
     m_step.reset();
     if (m_recordset)
         m_recordset->Close();

@@ -11,6 +11,8 @@ namespace vasclip::store {
 
 class Change;
 class RecordReader;
+class Transaction;
+class Watcher;
 struct Step;
 
 /// A data control: one open table or query, under the control's fixed name ("datDatabook").
@@ -36,7 +38,7 @@ public:
     /// OpenRecordset
     void Refresh();
     /// Works on the database that another source has open: the next Refresh opens none if the path is the
-    /// same. Who watches the other one hears of changes through this one too.
+    /// same. Both have one watcher from now on, whichever of them is given it.
     void ShareDatabase(const DataSource& other);
     void Close(); ///< record set and database
 
@@ -45,9 +47,10 @@ public:
     [[nodiscard]] engine::Database& Database() const;   ///< @throws RuntimeError 91 when unbound
     [[nodiscard]] engine::Engine& Engine() const { return m_engine; }
 
-    /// Who hears of every change that is stored through this source, within its transaction: what he throws takes the
-    /// change back.
-    void Watch(std::function<void(const Step&)> watch) { m_watch = std::move(watch); }
+    /// Who hears of every change that is stored through this source: at the end of the outermost store::Transaction and
+    /// within it, so that what he throws takes all of it back.
+    /// @param takenBack  told that nothing became of what was heard since the last commit: it failed, or `watch` threw
+    void Watch(std::function<void(const Step&)> watch, std::function<void()> takenBack = {});
 
 Q_SIGNALS:
     void Refreshed(); ///< the record set is another one now
@@ -55,6 +58,10 @@ Q_SIGNALS:
 private:
     friend class Change;
     friend class RecordReader;
+    friend class Transaction;
+    /// The same table with a cursor that nobody sees. @throws as Refresh
+    [[nodiscard]] std::shared_ptr<DataSource> Beside();
+
     engine::Engine& m_engine;
     QString m_name;
     QString m_databaseName;
@@ -63,7 +70,8 @@ private:
     std::shared_ptr<engine::Database> m_database;
     std::unique_ptr<engine::Recordset> m_recordset;
     std::shared_ptr<Step> m_step; ///< the change under way, the last one that was dropped, or none
-    std::function<void(const Step&)> m_watch;
+    std::shared_ptr<Watcher> m_watcher; ///< of all sources that share the database
+    std::shared_ptr<DataSource> m_beside; ///< made for the first change by key
     mutable std::unique_ptr<RecordReader> m_reader; ///< made for the first record that is read beside the cursor
 };
 

@@ -19,12 +19,11 @@ namespace {
 
 const engine::Field& FieldOf(const DataSource& source, const QString& field)
 {
-    const engine::Recordset& recordset = source.Recordset();
-    const int index = recordset.FieldIndex(field);
-    if (index < 0)
+    const engine::Field* found = FindField(source, field);
+    if (found == nullptr)
         throw RuntimeError(error::kFieldUnknown, u"Field %1 is not in %2 of %3"_s.arg(
                                                      field, source.RecordSource(), source.DatabaseName()));
-    return recordset.Fields().at(index);
+    return *found;
 }
 
 /// Where a record set stands, put back unless the seek succeeded. A set without a current record has no place
@@ -188,6 +187,19 @@ void DeleteRecord(const forms::Ports& ports, DataSource& source, const QString& 
     if (!FindRecord(ports, source, key, kKeyIndex))
         return;
     common::Guarded(ports.prompter, [&] { Change::Delete(source, u"Delete %1"_s.arg(key)); });
+}
+
+const engine::Field* FindField(const DataSource& source, const QString& field)
+{
+    const engine::Recordset& recordset = source.Recordset();
+    const int index = recordset.FieldIndex(field);
+    return index < 0 ? nullptr : &recordset.Fields().at(index);
+}
+
+int SizeOf(const DataSource& source, const QString& field)
+{
+    const engine::Field* found = FindField(source, field);
+    return found == nullptr ? 0 : found->size;
 }
 
 QString GetFieldData(const DataSource& source, const QString& field)

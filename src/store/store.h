@@ -35,6 +35,11 @@ void DeleteRecord(const forms::Ports& ports, DataSource& source, const QString& 
 /// Trimmed text of a field of the current record, "" for Null.
 [[nodiscard]] QString GetFieldData(const DataSource& source, const QString& field);
 
+/// A column of the table or query, by its name in any case; nullptr if there is none.
+[[nodiscard]] const engine::Field* FindField(const DataSource& source, const QString& field);
+/// Its size in characters, 0 if there is none.
+[[nodiscard]] int SizeOf(const DataSource& source, const QString& field);
+
 /// Stores a text in a field of the current record, which must be in edit mode.
 void SetFieldData(DataSource& source, const QString& value, const QString& field);
 

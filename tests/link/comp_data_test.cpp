@@ -81,7 +81,7 @@ TEST_F(CompData, BedroomsAndBathsAreTakenApartAndCut)
         AddComp(u"12 Oak St"_s + text);
         StandOn(u"12 OAK ST"_s + text);
         sources.datDatabook.Recordset().Edit();
-        StoreCompData(desk, u"12 OAK ST"_s, cells);
+        StoreCompData(desk, sources.datDatabook, u"12 OAK ST"_s, cells);
         sources.datDatabook.Recordset().Update();
         EXPECT_EQ(store::GetFieldData(sources.datDatabook, u"BEDROOM"_s), bedrooms);
         EXPECT_EQ(store::GetFieldData(sources.datDatabook, u"BATH"_s), baths);
@@ -147,7 +147,7 @@ TEST_F(CompData, NumberColumnsTakeTheNumberOfTheText)
     engine::Recordset& record = sources.datDatabook.Recordset();
     record.AddNew();
     record.SetValue(u"CENTRALKEY"_s, u"12 OAK ST"_s);
-    StoreCompData(desk, u"12 OAK ST"_s, {{u"GLA"_s, u" 1850 sf"_s}});
+    StoreCompData(desk, sources.datDatabook, u"12 OAK ST"_s, {{u"GLA"_s, u" 1850 sf"_s}});
     record.Update();
     StandOn(u"12 OAK ST"_s);
     EXPECT_EQ(record.Value(u"GLA"_s).toDouble(), 1850.0);

@@ -34,7 +34,7 @@ protected:
         DeskTest::SetUp();
         home.MakeDirs(u"C:\\KEL\\DATA"_s);
         desk.photoDesk = &photoDesk;
-        photoDesk.setCity = [] {};
+        photoDesk.setCity = [](const QString&) {};
         globals.useSubjCsz = u"NONE"_s;
         doubles.random.sequence = {0.7055475, 0.533424, 0.5795186, 0.2895625, 0.301948};
         OpenReport(u"SMITH"_s, u"UA5,SUBPHOTO,"_s);
@@ -191,7 +191,7 @@ TEST_F(SavePicture, ACaptionWithABarIsCleanedAndToldAndTheSamePictureIsNotFiledT
                             u"DECK\" now."_s);
     EXPECT_EQ(status.lblmsg.Caption(), tally.Text());
     EXPECT_EQ(Views(u"1 S"_s), QStringList(u"POOL DECK"_s));
-    const QString stem = lists.lstimages.List(0);
+    const QString stem = photos::PhotoList(Read(u"1 S"_s)).StemOf(u"POOL DECK"_s);
     table.ErrSetPict(slots.imaGeneral(36), u"C:\\JPG\\"_s + stem + u".jpg"_s);
     status.lblmsg.Show({}, forms::Colour::Normal);
     EXPECT_EQ(TransferSubject(desk, What::Pic, 136).pictures, 0);

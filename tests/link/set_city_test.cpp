@@ -37,13 +37,9 @@ protected:
     }
     Parts Set(const QString& key, CityRule rule = CityRule::Replace, qint16 comp = kNoComp)
     {
-        StandOn(key);
-        ErrDatabookSetCity(desk, rule, comp);
-        StandOn(key);
-        const auto field = [this](const QString& name) {
-            return store::GetFieldData(sources.datDatabook, name);
-        };
-        return {field(u"CITY"_s), field(u"ST"_s), field(u"ZIP"_s)};
+        SetCityOf(desk, key, rule, comp);
+        const store::Record record = Read(key);
+        return {record.Text(u"CITY"_s), record.Text(u"ST"_s), record.Text(u"ZIP"_s)};
     }
 };
 
@@ -134,11 +130,24 @@ TEST_F(SetCity, AnEditUnderWayGoesOn)
     engine::Recordset& record = sources.datDatabook.Recordset();
     record.Edit();
     record.SetValue(u"SITE"_s, u"5 acres"_s);
-    ErrDatabookSetCity(desk, CityRule::Replace);
+    ErrDatabookSetCity(desk, sources.datDatabook, CityRule::Replace);
     EXPECT_EQ(record.CurrentEditMode(), engine::EditMode::InProgress);
     record.Update();
     EXPECT_EQ(store::GetFieldData(sources.datDatabook, u"SITE"_s), u"5 acres"_s);
     EXPECT_EQ(store::GetFieldData(sources.datDatabook, u"CITY"_s), u"Marlow Falls"_s);
+}
+
+TEST_F(SetCity, TheRecordOnShowAndItsEditStayAndARecordThatIsGoneGetsNone)
+{
+    AddComp(u"9 Elm"_s);
+    AddComp(u"10 Elm"_s);
+    StandOn(u"10 ELM"_s);
+    sources.datDatabook.Recordset().Edit();
+    SetCityOf(desk, u"9 ELM"_s, CityRule::Replace);
+    SetCityOf(desk, u"11 ELM"_s, CityRule::Replace);
+    EXPECT_EQ(Read(u"9 ELM"_s).Text(u"CITY"_s), u"Marlow Falls"_s);
+    EXPECT_EQ(sources.datDatabook.Recordset().CurrentEditMode(), engine::EditMode::InProgress);
+    EXPECT_EQ(store::GetFieldData(sources.datDatabook, u"CENTRALKEY"_s), u"10 ELM"_s);
 }
 
 TEST_F(SetCity, WithoutAReportNothingIsKnownAndNothingIsWritten)

@@ -91,6 +91,24 @@ TEST_F(Transfer, EveryStepIsToldInItsWords)
     EXPECT_TRUE(steps[1].before.contains(u"LOADDATE"_s));
 }
 
+TEST_F(Transfer, TheRecordOnShowAndItsEditStayWhateverIsStored)
+{
+    AddComp(u"9 Elm"_s, {{u"GLA"_s, u"900"_s}});
+    AddComp(u"1 A"_s, {{u"GLA"_s, u"900"_s}});
+    Slot(report.txtComp, 1, u"1 A"_s);
+    Slot(report.txtComp, 2, u"2 A"_s);
+    doubles.prompter.AnswerAlways(forms::Answer::Yes);
+    StandOn(u"9 ELM"_s);
+    store::Change typing(sources.datDatabook, u"typed"_s);
+    typing.Set(u"GLA"_s, u"950"_s);
+    const TransferTally tally = TransferComps(desk, true, 0, What::Data);
+    EXPECT_EQ(tally.stored, (QStringList{u"1 A"_s, u"2 A"_s}));
+    EXPECT_EQ(store::GetFieldData(sources.datDatabook, u"CENTRALKEY"_s), u"9 ELM"_s);
+    typing.Store();
+    EXPECT_EQ(store::ReadRecord(sources.datDatabook, u"9 ELM"_s)->Text(u"GLA"_s), u"950"_s);
+    EXPECT_EQ(store::ReadRecord(sources.datDatabook, u"1 A"_s)->Text(u"GLA"_s), u"1850"_s);
+}
+
 TEST_F(Transfer, ARecordThatIsThereIsReplacedAfterAQuestion)
 {
     AddComp(u"12 Oak St"_s, {{u"GLA"_s, u"900"_s}, {u"LOADDATE"_s, u"01/05/2001"_s}});

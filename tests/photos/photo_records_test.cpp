@@ -27,7 +27,15 @@ protected:
     bool Save(const QString& view, const QString& key = kKey)
     {
         table_.ErrSetPict(imaComp, source);
-        return SavePhotoToRecord(desk, key, imaComp, view);
+        const bool saved = SavePhotoToRecord(desk, key, imaComp, view);
+        Show(kKey);
+        return saved;
+    }
+    /// Brings a record on show.
+    void Show(const QString& key)
+    {
+        ASSERT_TRUE(store::FindRecord(ports, datDatabook, key, u"CENTRALKEY"_s));
+        photos::ReadPhotoLists(datDatabook, lists.lstViews, lists.lstimages);
     }
     QString FrontOf(const QString& key)
     {
@@ -40,8 +48,7 @@ protected:
         datDatabook.Recordset().Edit();
         store::SetFieldData(datDatabook, text, u"PHOTOS"_s);
         datDatabook.Recordset().Update();
-        ASSERT_TRUE(store::FindRecord(ports, datDatabook, kKey, u"CENTRALKEY"_s));
-        photos::ReadPhotoLists(datDatabook, lists.lstViews, lists.lstimages);
+        Show(kKey);
     }
 };
 
@@ -75,7 +82,7 @@ TEST_F(PhotoRecords, ANewViewBecomesALineAndAFile)
 TEST_F(PhotoRecords, ARecordThatIsNotThereIsAdded)
 {
     QStringList cities;
-    desk.setCity = [&] { cities << store::GetFieldData(datDatabook, u"CENTRALKEY"_s); };
+    desk.setCity = [&](const QString& key) { cities << key; };
     EXPECT_TRUE(Save(u"REAR VIEW"_s, u"1 new rd"_s));
     EXPECT_EQ(PhotosOf(u"1 NEW RD"_s), u"REAR VIEW|07055475\r\n"_s);
     EXPECT_EQ(FrontOf(u"1 NEW RD"_s), QString());
@@ -84,6 +91,20 @@ TEST_F(PhotoRecords, ARecordThatIsNotThereIsAdded)
     desk.addRecord = [&](const QString& key) { AddComps({key.toUpper()}); };
     EXPECT_TRUE(Save(u"REAR VIEW"_s, u"2 new rd"_s));
     EXPECT_EQ(cities.last(), u"2 NEW RD"_s);
+}
+
+TEST_F(PhotoRecords, TheRecordOnShowItsListsAndItsEditStayWhileAnotherGetsAPhoto)
+{
+    SetPhotos(u"POOL|33333333\r\n"_s);
+    lists.lstViews.SetListIndex(0);
+    datDatabook.Recordset().Edit();
+    EXPECT_TRUE(SavePhotoToRecord(desk, u"9 ELM ST"_s, source, u"FRONT VIEW"_s));
+    EXPECT_TRUE(SavePhotoToRecord(desk, u"1 NEW RD"_s, source, u"FRONT VIEW"_s));
+    EXPECT_EQ(datDatabook.Recordset().CurrentEditMode(), engine::EditMode::InProgress);
+    EXPECT_EQ(store::GetFieldData(datDatabook, u"CENTRALKEY"_s), kKey);
+    EXPECT_EQ(lists.lstViews.Items(), QStringList{u"POOL"_s});
+    EXPECT_EQ(lists.lstViews.ListIndex(), 0);
+    EXPECT_EQ(PhotosOf(u"9 ELM ST"_s), u"FRONT VIEW|07055475\r\n"_s);
 }
 
 TEST_F(PhotoRecords, EveryStepIsToldInItsWords)
@@ -265,7 +286,7 @@ TEST_F(PhotoRecords, ARefusedPictureLeavesNoNewRecord)
 
 TEST_F(PhotoRecords, WhatTheDatabookRefusesIsTakenBack)
 {
-    desk.setCity = [] { throw RuntimeError(61, u"The disk is full"_s); };
+    desk.setCity = [](const QString&) { throw RuntimeError(61, u"The disk is full"_s); };
     for (const QString& record : {kKey, u"1 NEW RD"_s}) {
         try {
             (void)Save(u"FRONT VIEW"_s, record);

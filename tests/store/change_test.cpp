@@ -2,6 +2,7 @@
 
 #include "store/record.h"
 #include "store/store.h"
+#include "store/transaction.h"
 #include "support/databook_home.h"
 #include "support/error_number.h"
 
@@ -208,6 +209,175 @@ TEST_F(Changes, ARecordIsReadAsAValueBesideTheCursorAndItsChange)
     EXPECT_EQ(tests::NumberOf([&] { static_cast<void>(store::ReadRecord(source, u"7 OAK AVE"_s)); }), error::kNoObject);
     Bind(source);
     EXPECT_EQ(Stored(u"7 OAK AVE"_s, u"CITY"_s), u"Dover"_s);
+}
+
+TEST_F(Changes, ARecordIsChangedByItsKeyBesideTheCursorAndItsChange)
+{
+    store::Change onShow(source, u"on show"_s);
+    onShow.Set(u"CITY"_s, u"Bend"_s);
+    {
+        store::Change change(source, store::Change::OfKey{u" 7 oak ave "_s}, u"Move %1"_s);
+        change.Set(u"CITY"_s, u"Astoria"_s);
+        store::SetFieldData(change.Source(), u"OR"_s, u"ST"_s);
+        change.Store();
+    }
+    EXPECT_EQ(Stored(u"7 OAK AVE"_s, u"CITY"_s), u"Astoria"_s);
+    EXPECT_EQ(Stored(u"7 OAK AVE"_s, u"ST"_s), u"OR"_s);
+    EXPECT_EQ(Stored(u"12 MAIN ST"_s, u"CITY"_s), u"Salem"_s);
+    ASSERT_EQ(steps.size(), 1);
+    EXPECT_EQ(steps[0].words, u"Move 7 OAK AVE"_s);
+    EXPECT_EQ(steps[0].table, table);
+    EXPECT_EQ(store::GetFieldData(source, key), u"12 MAIN ST"_s);
+    onShow.Store();
+    EXPECT_EQ(Stored(u"12 MAIN ST"_s, u"CITY"_s), u"Bend"_s) << "the change under way went on";
+    for (const QString& none : {u"9 NOWHERE"_s, u"  "_s})
+        EXPECT_EQ(tests::NumberOf([&] { store::Change(source, store::Change::OfKey{none}, {}); }),
+                  error::kNoCurrentRecord);
+}
+
+TEST_F(Changes, TheRecordOnShowReadsWhatWasStoredByItsKey)
+{
+    EXPECT_EQ(store::GetFieldData(source, u"CITY"_s), u"Salem"_s);
+    store::Change change(source, store::Change::OfKey{u"12 MAIN ST"_s}, {});
+    change.Set(u"CITY"_s, u"Bend"_s);
+    change.Store();
+    EXPECT_EQ(store::GetFieldData(source, u"CITY"_s), u"Bend"_s);
+}
+
+TEST_F(Changes, ARecordIsAddedAndDeletedByItsKeyBesideTheCursor)
+{
+    store::Change added(source, store::Change::NewKey{}, u"Add 1 NEW RD"_s);
+    added.Set(key, u"1 NEW RD"_s);
+    EXPECT_FALSE(store::Change::Open(source));
+    added.Store();
+    EXPECT_EQ(Stored(u"1 NEW RD"_s, key), u"1 NEW RD"_s);
+    EXPECT_TRUE(store::Change::DeleteKey(source, u"1 new rd"_s, u"Delete 1 NEW RD"_s));
+    EXPECT_FALSE(store::Change::DeleteKey(source, u"1 new rd"_s, u"Delete 1 NEW RD"_s));
+    EXPECT_EQ(Stored(u"1 NEW RD"_s, key), u"(none)"_s);
+    ASSERT_EQ(steps.size(), 2);
+    EXPECT_EQ(steps[1].kind, Kind::Deleted);
+    EXPECT_EQ(store::GetFieldData(source, key), u"12 MAIN ST"_s);
+}
+
+TEST_F(Changes, AChangeByKeyOutlivesTheTableItBeganOn)
+{
+    store::Change change(source, store::Change::OfKey{u"7 OAK AVE"_s}, {});
+    change.Set(u"CITY"_s, u"Astoria"_s);
+    source.Refresh(); // somebody switches while it is filled
+    change.Store();
+    EXPECT_EQ(Stored(u"7 OAK AVE"_s, u"CITY"_s), u"Astoria"_s);
+}
+
+/// What is heard of two changes within one transaction.
+class ChangesTogether : public Changes
+{
+protected:
+    int takenBack = 0;
+    void SetUp() override
+    {
+        Changes::SetUp();
+        source.Watch([this](const store::Step& step) { steps.append(step); }, [this] { ++takenBack; });
+    }
+    void Move(const QString& record, const QString& city)
+    {
+        store::Change change(source, store::Change::OfKey{record}, u"Move %1"_s);
+        change.Set(u"CITY"_s, city);
+        change.Store();
+    }
+    [[nodiscard]] QStringList Words() const
+    {
+        QStringList words;
+        for (const store::Step& step : steps)
+            words << step.words;
+        return words;
+    }
+};
+
+TEST_F(ChangesTogether, AreHeardOfWhenTheOutermostCommits)
+{
+    store::Transaction outer(source);
+    {
+        store::Transaction inner(source);
+        Move(u"12 MAIN ST"_s, u"Bend"_s);
+        inner.Commit();
+    }
+    Move(u"7 OAK AVE"_s, u"Astoria"_s);
+    EXPECT_TRUE(steps.isEmpty()) << "they may still be taken back";
+    outer.Commit();
+    EXPECT_EQ(Words(), (QStringList{u"Move 12 MAIN ST"_s, u"Move 7 OAK AVE"_s}));
+    EXPECT_EQ(takenBack, 0);
+    Move(u"7 OAK AVE"_s, u"Dover"_s);
+    EXPECT_EQ(steps.size(), 3) << "and once";
+}
+
+TEST_F(ChangesTogether, OfOneThatIsRolledBackNothingIsHeard)
+{
+    {
+        store::Transaction outer(source);
+        Move(u"12 MAIN ST"_s, u"Bend"_s);
+    }
+    EXPECT_EQ(Stored(u"12 MAIN ST"_s, u"CITY"_s), u"Salem"_s);
+    store::Transaction outer(source);
+    {
+        store::Transaction inner(source);
+        Move(u"12 MAIN ST"_s, u"Bend"_s);
+    }
+    Move(u"7 OAK AVE"_s, u"Astoria"_s);
+    outer.Commit();
+    EXPECT_EQ(Words(), QStringList{u"Move 7 OAK AVE"_s});
+    EXPECT_EQ(Stored(u"12 MAIN ST"_s, u"CITY"_s), u"Salem"_s);
+    EXPECT_EQ(takenBack, 0) << "nothing had been heard";
+}
+
+TEST_F(ChangesTogether, ACommitThatFailsTakesBackWhatWasHeard)
+{
+    constexpr int kNoTransaction = 3034;
+    {
+        store::Transaction outer(source);
+        Move(u"12 MAIN ST"_s, u"Bend"_s);
+        source.Database().Rollback(); // as after an error of the disk: there is nothing to commit any more
+        EXPECT_EQ(tests::NumberOf([&] { outer.Commit(); }), kNoTransaction);
+    }
+    EXPECT_EQ(Words(), QStringList{u"Move 12 MAIN ST"_s});
+    EXPECT_EQ(takenBack, 1);
+    EXPECT_EQ(Stored(u"12 MAIN ST"_s, u"CITY"_s), u"Salem"_s);
+    Move(u"7 OAK AVE"_s, u"Astoria"_s);
+    EXPECT_EQ(Words(), (QStringList{u"Move 12 MAIN ST"_s, u"Move 7 OAK AVE"_s})) << "the lost step is not told again";
+}
+
+TEST_F(ChangesTogether, AWatcherThatRefusesTakesAllOfThemBack)
+{
+    source.Watch(
+        [this](const store::Step& step) {
+            if (!steps.isEmpty())
+                throw RuntimeError(error::kDiskFull, u"no room for the history"_s);
+            steps.append(step);
+        },
+        [this] { ++takenBack; });
+    {
+        store::Transaction outer(source);
+        Move(u"12 MAIN ST"_s, u"Bend"_s);
+        Move(u"7 OAK AVE"_s, u"Astoria"_s);
+        EXPECT_EQ(tests::NumberOf([&] { outer.Commit(); }), error::kDiskFull);
+    }
+    EXPECT_EQ(takenBack, 1);
+    EXPECT_EQ(Stored(u"12 MAIN ST"_s, u"CITY"_s), u"Salem"_s);
+    EXPECT_EQ(Stored(u"7 OAK AVE"_s, u"CITY"_s), u"Dover"_s);
+}
+
+TEST_F(ChangesTogether, SourcesThatShareADatabaseHaveOneWatcherWheneverItIsGiven)
+{
+    store::DataSource other(engine, u"datOther"_s);
+    other.ShareDatabase(source);
+    Bind(other);
+    ASSERT_TRUE(store::FindRecord(ports, other, u"7 OAK AVE"_s, key));
+    int heard = 0;
+    source.Watch([&](const store::Step&) { ++heard; });
+    store::Change change(other, u"words"_s);
+    change.Set(u"CITY"_s, u"Astoria"_s);
+    change.Store();
+    EXPECT_EQ(heard, 1);
+    EXPECT_TRUE(steps.isEmpty());
 }
 
 } // namespace

@@ -148,10 +148,11 @@ int File(Session& session, const Output& out, const QString& key, const QString&
                                                         why.isEmpty() ? u"."_s : u": "_s + why));
         return kFailed;
     }
-    const int row = program.photoLists.lstViews.IndexOf(photos::CleanView(view));
-    out.Line(u"'%1' is the %2 of %3 now, stored as %4."_s.arg(source, program.photoLists.lstViews.List(row),
-                                                             databook::KeyOf(key),
-                                                             program.photoLists.lstimages.List(row)) +
+    const auto record = store::ReadRecord(session.Ports(), program.sources.datDatabook, key);
+    const photos::PhotoList filed = record ? photos::PhotoList(*record) : photos::PhotoList();
+    const QString clean = photos::CleanView(view);
+    out.Line(u"'%1' is the %2 of %3 now, stored as %4."_s.arg(source, filed.NameOf(clean), databook::KeyOf(key),
+                                                             filed.StemOf(clean)) +
              Cleaned(view));
     return kDone;
 }

@@ -5,6 +5,7 @@
 #include "databook/records.h"
 #include "platform/text/text.h"
 #include "store/record.h"
+#include "store/transaction.h"
 
 #include <algorithm>
 #include <limits>
@@ -163,7 +164,7 @@ int RunRecords(Session& session, const Output& out, const QStringList& arguments
             out.Error(u"--type takes one letter: F, C, S, R, L or M."_s);
             return kUsage;
         }
-        engine::Transaction together(program.sources.datDatabook.Database());
+        store::Transaction together(program.sources.datDatabook);
         const auto added = databook::AddRecord(session.Ports(), program.sources.datDatabook, arguments[1],
                                                type[0], program.globals.addressCase);
         if (!added)
