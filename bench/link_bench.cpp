@@ -316,20 +316,21 @@ struct Bench
     photos::PhotoLists lists{set};
     store::Sources sources{engine};
     std::unique_ptr<conduit::Conduit> txtDDE;
-    link::LinkDesk desk{.txtDDE = *txtDDE,
-                        .globals = globals,
-                        .ports = ports,
-                        .status = status,
-                        .report = report,
-                        .addr = addr,
-                        .state = state,
-                        .slots = slots,
-                        .loader = loader,
-                        .lists = lists,
-                        .sources = sources,
-                        .disk = disk,
-                        .kelIni = link::ReadsKelIni(disk, {}),
-                        .fileVersion = {}};
+    link::LinkDesk desk{
+        {.txtDDE = *txtDDE,
+         .ports = ports,
+         .status = status,
+         .kelIni = link::ReadsKelIni(disk, {}),
+         .fileVersion = {}},
+        {.report = report,
+         .addr = addr,
+         .state = state,
+         .slots = slots,
+         .loader = loader},
+        {.sources = sources,
+         .globals = globals,
+         .lists = lists,
+         .disk = disk}};
 
 private:
     bool m_flip = false;

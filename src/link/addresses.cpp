@@ -12,7 +12,7 @@ namespace {
 
 using TextArray = forms::ControlArray<forms::TextBox>;
 
-void ShowAddresses(LinkDesk& desk, Group group)
+void ShowAddresses(ReportMirror& desk, Group group)
 {
     const GroupRow& row = RowOf(group);
     const TextArray& from = desk.addr.*row.addresses;
@@ -31,7 +31,7 @@ void AddAddress(forms::ListBox& list, const QString& address, const QString& cit
 
 } // namespace
 
-std::optional<ReportPlace> PlaceInReport(LinkDesk& desk, const QString& address)
+std::optional<ReportPlace> PlaceInReport(ReportMirror& desk, const QString& address)
 {
     const QString key = text::Folded(address);
     if (key.isEmpty())
@@ -45,32 +45,32 @@ std::optional<ReportPlace> PlaceInReport(LinkDesk& desk, const QString& address)
     return std::nullopt;
 }
 
-void setSubjectLabels(LinkDesk& desk)
+void setSubjectLabels(ReportMirror& desk)
 {
     desk.report.txtSubject.SetText(desk.addr.txtCompAddr(0).Text());
 }
 
-void SetSalesLabels(LinkDesk& desk)
+void SetSalesLabels(ReportMirror& desk)
 {
     ShowAddresses(desk, Group::Sales);
 }
 
-void SetAltSalesLabels(LinkDesk& desk)
+void SetAltSalesLabels(ReportMirror& desk)
 {
     ShowAddresses(desk, Group::Alternates);
 }
 
-void SetListingLabels(LinkDesk& desk)
+void SetListingLabels(ReportMirror& desk)
 {
     ShowAddresses(desk, Group::Listings);
 }
 
-void SetRentalLabels(LinkDesk& desk)
+void SetRentalLabels(ReportMirror& desk)
 {
     ShowAddresses(desk, Group::Rentals);
 }
 
-void SetKelAddresses(LinkDesk& desk)
+void SetKelAddresses(ReportMirror& desk)
 {
     setSubjectLabels(desk);
     SetSalesLabels(desk);
@@ -80,7 +80,7 @@ void SetKelAddresses(LinkDesk& desk)
     SetGeneralAddresses(desk);
 }
 
-void SetGeneralAddresses(LinkDesk& desk)
+void SetGeneralAddresses(ReportMirror& desk)
 {
     const QString shown = desk.report.txtSubject.Text();
     const QString read = desk.addr.txtCompAddr(0).Text();

@@ -14,13 +14,13 @@ struct ReportPlace
     qint16 comp = 0;
 };
 /// Where in the report an address stands, as the last refresh read it; the first place of several.
-[[nodiscard]] std::optional<ReportPlace> PlaceInReport(LinkDesk& desk, const QString& address);
+[[nodiscard]] std::optional<ReportPlace> PlaceInReport(ReportMirror& desk, const QString& address);
 
 /// Copies the addresses of frm_Addr to the window: subject, comps, alternates, listings, rentals, and the
 /// general slots' fallback.
-void SetKelAddresses(LinkDesk& desk);
+void SetKelAddresses(ReportMirror& desk);
 /// All 36 general slots take the subject's address, the window's where it differs from the report's.
-void SetGeneralAddresses(LinkDesk& desk);
+void SetGeneralAddresses(ReportMirror& desk);
 
 /// Empties every text field of frm_Addr and its address list.
 void ClearKelAddresses(frm_Addr& addr);
@@ -29,11 +29,11 @@ void ClearKelAddresses(frm_Addr& addr);
 void ClearReportFields(frm_Addr& addr);
 
 // The label steps of a refresh.
-void setSubjectLabels(LinkDesk& desk);
-void SetSalesLabels(LinkDesk& desk);
-void SetAltSalesLabels(LinkDesk& desk);
-void SetListingLabels(LinkDesk& desk);
-void SetRentalLabels(LinkDesk& desk);
+void setSubjectLabels(ReportMirror& desk);
+void SetSalesLabels(ReportMirror& desk);
+void SetAltSalesLabels(ReportMirror& desk);
+void SetListingLabels(ReportMirror& desk);
+void SetRentalLabels(ReportMirror& desk);
 
 /// Fills lstAddr with the complete addresses of subject, comps, alternates, rentals and listings, each once;
 /// what an empty slot leaves is taken out.

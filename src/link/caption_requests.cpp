@@ -19,7 +19,7 @@ void RequestThree(LinkDesk& desk, const char* routine, const QString& stem, int 
         addresses(n).SetText(KelCleanCaption(KelRequestVar(desk.txtDDE, desk.state, stem + text::Dec(n))));
 }
 
-bool HoldsForm(const LinkDesk& desk, QLatin1StringView one, QLatin1StringView other)
+bool HoldsForm(const ReportMirror& desk, QLatin1StringView one, QLatin1StringView other)
 {
     const QString forms = desk.addr.txtKelListForms.Text().toUpper();
     return forms.contains(one) || forms.contains(other);

@@ -29,7 +29,7 @@ QString MappingGroup(const QString& compType)
     return row && text::Folded(compType) == row->mapping ? row->mapping : RowOf(Group::Sales).mapping;
 }
 
-QString ReadCell(LinkDesk& desk, const QString& report, const QString& item, const QString& field)
+QString ReadCell(Conversation& desk, const QString& report, const QString& item, const QString& field)
 {
     try {
         return text::Trim(KelGetFieldInfo(desk.txtDDE, report, item));

@@ -46,7 +46,7 @@ QString LeftOfOldComp(LinkDesk& desk, const SendResult& result, const QString& e
 }
 
 /// How far a send got that the user has cancelled.
-DropOutcome TellCancelled(LinkDesk& desk, const QString& key, const SendResult& result)
+DropOutcome TellCancelled(ReportMirror& desk, const QString& key, const SendResult& result)
 {
     desk.state.notSent = result.sent == 0 ? messages::kNothingSent.arg(key)
                                           : messages::kPartSent.arg(key, text::Dec(result.sent),
@@ -168,7 +168,7 @@ SendResult KelUpdateKel(LinkDesk& desk, const store::Record& record, qint16 comp
     return result;
 }
 
-bool ConfirmOverwrite(LinkDesk& desk, const QString& existing, const QString& key)
+bool ConfirmOverwrite(Conversation& desk, const QString& existing, const QString& key)
 {
     desk.txtDDE.SetText(QString());
     if (text::Trim(existing).isEmpty() || text::Folded(existing) == text::Folded(key))

@@ -52,7 +52,7 @@ Dropped DropComp(LinkDesk& desk, SlotRef slot, const QString& key, int source = 
 SendResult KelUpdateKel(LinkDesk& desk, const store::Record& record, qint16 comp, const QString& compType);
 
 /// May the record of a key replace what stands in the slot? The same key, and a blank slot, are not asked about.
-[[nodiscard]] bool ConfirmOverwrite(LinkDesk& desk, const QString& existing, const QString& key);
+[[nodiscard]] bool ConfirmOverwrite(Conversation& desk, const QString& existing, const QString& key);
 
 /// The text of a slot; "" for an index of 0 or -1 and for an unknown type.
 [[nodiscard]] QString ExistingSlotText(const ReportControls& report, const QString& compType, int index);

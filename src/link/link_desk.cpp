@@ -10,7 +10,7 @@ namespace vasclip::link {
 
 using namespace Qt::Literals::StringLiterals;
 
-QString FormsProgramFile(const LinkDesk& desk, const QString& name)
+QString FormsProgramFile(const BookSources& desk, const QString& name)
 {
     const QString& directory = desk.globals.kelAppDir;
     if (directory.isEmpty() || directory.endsWith(u'\\'))
@@ -36,7 +36,7 @@ bool ReportIsNamed(LinkDesk& desk)
     return false;
 }
 
-QString UnnamedReportWords(const LinkDesk& desk)
+QString UnnamedReportWords(const Conversation& desk)
 {
     const QString answer = text::Trim(desk.txtDDE.Text());
     return KelReportsUnnamed(answer) ? messages::kUnnamedReport.arg(answer.left(80)) : QString();

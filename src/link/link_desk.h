@@ -1,68 +1,18 @@
 #pragma once
 
-#include "common/globals.h"
-#include "common/status.h"
-#include "forms/ports.h"
-#include "link/kel_pages.h"
-#include "link/proximity_source.h"
-#include "link/report_desk.h"
-#include "photos/photo_desk.h"
-#include "photos/photo_lists.h"
-#include "photos/slots.h"
-#include "platform/conduit/conduit.h"
-#include "platform/files/disk.h"
-#include "store/store.h"
-
-#include <QImage>
-
-#include <array>
-#include <functional>
+#include "link/book_sources.h"
+#include "link/conversation.h"
+#include "link/report_mirror.h"
 
 namespace vasclip::link {
 
-class Talk;
-
-/// What the icons beside the slots show.
-struct SlotIconPictures
-{
-    /// 0 not in the Databook, 1 without the slot's view, 2 with it, 3 with its front view.
-    std::array<QImage, 4> imaTypeIcon;
-    QImage imaSubjectAnchor; ///< the record has coordinates
-};
-
-/// Everything that the conversation with the report works on. Each routine of the link takes the desk (or,
-/// the bare exchanges, its conduit); whoever composes it owns what it refers to.
-struct LinkDesk
-{
-    conduit::Conduit& txtDDE;
-    common::Globals& globals; ///< written here: formsProgramVersion
-    forms::Ports ports;
-    common::StatusDesk& status;
-    ReportControls& report;
-    frm_Addr& addr;
-    LinkState& state;
-    photos::SlotControls& slots;
-    photos::SlotLoader& loader;
-    photos::PhotoLists& lists;
-    store::Sources& sources;
-    const files::Disk& disk;
-    /// Reads KEL.INI; see ReadsKelIni.
-    IniReader kelIni;
-    /// File version of an executable by its drive path, "" if it has none or is not there.
-    std::function<QString(const QString& drivePath)> fileVersion;
-    /// Step texts of a refresh for the log; may be empty.
-    std::function<void(const QString& text)> log = {};
-    /// Refuses a version of the forms program; empty: every version serves.
-    std::function<bool(const QString& version)> versionServes = {};
-    QString productVersion = {};
-    ProximitySource* proximity = nullptr; ///< none without a map
-    SlotIconPictures icons = {};
-    Talk* talk = nullptr; ///< keeps the window alive while the forms program takes its time; none: nothing does
-    photos::PhotoDesk* photoDesk = nullptr; ///< the photo store; none: nothing is filed
-};
+/// Everything that the conversation with the report works on, and no more than the sum of its three parts. A routine
+/// takes the part that it uses, one that needs more the whole; whoever composes it owns what it refers to.
+struct LinkDesk : Conversation, ReportMirror, BookSources
+{};
 
 /// A file of the forms program's directory, by KEL.INI's APPDIR.
-[[nodiscard]] QString FormsProgramFile(const LinkDesk& desk, const QString& name);
+[[nodiscard]] QString FormsProgramFile(const BookSources& desk, const QString& name);
 
 /// Runs a script of the forms program if its directory has one of that name. @throws RuntimeError of the
 /// exchange
@@ -77,7 +27,7 @@ bool KelIsActive(LinkDesk& desk);
 
 /// Why the forms program has a report and it can't be told which; "" unless that is what Text holds as its answer to
 /// the question for its reports.
-[[nodiscard]] QString UnnamedReportWords(const LinkDesk& desk);
+[[nodiscard]] QString UnnamedReportWords(const Conversation& desk);
 
 /// Is a report open, now or after a second try? If not, says so.
 bool KelEnsureRunning(LinkDesk& desk);

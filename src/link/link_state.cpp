@@ -11,7 +11,7 @@ using Sees = LinkWatch::Sees;
 
 namespace {
 
-QString ReportWords(const LinkDesk& desk)
+QString ReportWords(const ReportMirror& desk)
 {
     const QString name = text::Trim(desk.addr.txtKelReport.Text());
     if (name.isEmpty())

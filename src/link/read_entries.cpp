@@ -110,7 +110,7 @@ private:
     QString m_first;
 };
 
-void NoMapping(LinkDesk& desk)
+void NoMapping(Conversation& desk)
 {
     desk.ports.prompter.Box(messages::kNoMappingTitle, messages::kNoMapping);
 }
@@ -150,17 +150,17 @@ struct DdeStep
 };
 constexpr DdeStep kDdeSteps[] = {
     {"Reading Subject photos"_L1, "SetPhotos('SUB')"_L1, [](LinkDesk& d) { SetPhotos(d, u"SUB"_s); }},
-    {"Setting Subject Label"_L1, "setSubjectLabels"_L1, setSubjectLabels},
+    {"Setting Subject Label"_L1, "setSubjectLabels"_L1, [](LinkDesk& d) { setSubjectLabels(d); }},
     {"Reading Comp photos"_L1, "SetPhotos('CMP')"_L1, [](LinkDesk& d) { SetPhotos(d, u"CMP"_s); }},
-    {"Setting Comp Labels"_L1, "SetSalesLabels"_L1, SetSalesLabels},
+    {"Setting Comp Labels"_L1, "SetSalesLabels"_L1, [](LinkDesk& d) { SetSalesLabels(d); }},
     {"Reading Alt. Comp photos"_L1, "SetPhotos('ALT')"_L1, [](LinkDesk& d) { SetPhotos(d, u"ALT"_s); }},
-    {"Setting Alt. Comp Labels"_L1, "SetAltSalesLabels"_L1, SetAltSalesLabels},
+    {"Setting Alt. Comp Labels"_L1, "SetAltSalesLabels"_L1, [](LinkDesk& d) { SetAltSalesLabels(d); }},
     {"Reading General photos"_L1, "SetPhotos('GN')"_L1, [](LinkDesk& d) { SetPhotos(d, u"GN"_s); }},
     {"Populating General Labels"_L1, "TabPopulateGeneralText"_L1, TabPopulateGeneralText},
     {"Reading Listings photos"_L1, "SetPhotos('LCMP')"_L1, [](LinkDesk& d) { SetPhotos(d, u"LCMP"_s); }},
-    {"Setting Listings Labels"_L1, "SetListingLabels"_L1, SetListingLabels},
+    {"Setting Listings Labels"_L1, "SetListingLabels"_L1, [](LinkDesk& d) { SetListingLabels(d); }},
     {"Reading Rental photos"_L1, "SetPhotos('RCMP')"_L1, [](LinkDesk& d) { SetPhotos(d, u"RCMP"_s); }},
-    {"Setting Rental Labels"_L1, "SetRentalLabels"_L1, SetRentalLabels},
+    {"Setting Rental Labels"_L1, "SetRentalLabels"_L1, [](LinkDesk& d) { SetRentalLabels(d); }},
 };
 
 } // namespace

@@ -14,12 +14,12 @@ namespace vasclip::link {
 
 namespace {
 
-QString Mirrored(const LinkDesk& desk)
+QString Mirrored(const ReportMirror& desk)
 {
     return text::Trim(desk.addr.txtKelReport.Text());
 }
 
-QString Active(const LinkDesk& desk)
+QString Active(const Conversation& desk)
 {
     return text::Trim(KelFirstToken(desk.txtDDE.Text()));
 }

@@ -146,7 +146,7 @@ private:
 };
 
 /// @throws RuntimeError 3163 for a key that no record can bear
-void CheckLength(const LinkDesk& desk, const QString& key)
+void CheckLength(const BookSources& desk, const QString& key)
 {
     const int size = store::SizeOf(desk.sources.datDatabook, store::kKeyIndex);
     if (key.size() > size)

@@ -16,7 +16,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 /// Is it the very file that the record keeps under that view? It was sent from there, then.
-bool IsFiledSo(const LinkDesk& desk, const QString& key, const QString& path, const QString& view)
+bool IsFiledSo(const BookSources& desk, const QString& key, const QString& path, const QString& view)
 {
     const std::optional<store::Record> record = store::ReadRecord(desk.sources.datDatabook, key);
     return record && path == text::Folded(PathOfView(desk, photos::PhotoList(*record), view));

@@ -30,7 +30,7 @@ bool Tells(const CityStateZip& parts)
 }
 
 /// Of the slot that bears the key, as the last refresh read it.
-CityStateZip PartsOfSlot(LinkDesk& desk, const QString& key)
+CityStateZip PartsOfSlot(ReportMirror& desk, const QString& key)
 {
     const std::optional<ReportPlace> place = PlaceInReport(desk, key);
     if (!place)

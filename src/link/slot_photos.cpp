@@ -104,7 +104,7 @@ QString ImageObjectName(const QString& controlName, int index)
     return row ? Prefix(*row) + text::Dec(index) + u'_' : QString();
 }
 
-QString PathOfView(const LinkDesk& desk, const photos::PhotoList& photos, const QString& view)
+QString PathOfView(const BookSources& desk, const photos::PhotoList& photos, const QString& view)
 {
     return photos.Has(view) ? common::CkRSlash(desk.globals.G_PhotoDir) + photos.StemOf(view) + u".jpg"_s : QString();
 }
@@ -233,7 +233,7 @@ void LocateAndDisplay(LinkDesk& desk, const QString& name, const QString& path)
             desk.loader.ErrLoadThumb((desk.slots.*row.photos)(index), path);
 }
 
-QStringList PicturesOfReport(const LinkDesk& desk)
+QStringList PicturesOfReport(const ReportMirror& desk)
 {
     QStringList files;
     for (const GroupRow& row : GroupTable())
@@ -245,7 +245,7 @@ QStringList PicturesOfReport(const LinkDesk& desk)
     return files;
 }
 
-void ClearAllSlots(LinkDesk& desk)
+void ClearAllSlots(ReportMirror& desk)
 {
     for (const GroupRow& row : GroupTable())
         for (int i = 1; i <= row.slots; ++i)

@@ -25,7 +25,7 @@ SlotSend KelSendSlotPhoto(LinkDesk& desk, const forms::Control& control, const f
                           int index);
 
 /// Full path of a view of a record, "" if it has none of that name. The file need not be there.
-[[nodiscard]] QString PathOfView(const LinkDesk& desk, const photos::PhotoList& photos, const QString& view);
+[[nodiscard]] QString PathOfView(const BookSources& desk, const photos::PhotoList& photos, const QString& view);
 
 /// Loads a stored view of a record into a slot and sends it. A record without that view
 /// empties the slot. "refresh.bas" runs twice, once inside the send: the forms program has always been asked
@@ -63,9 +63,9 @@ void SetPhoto(LinkDesk& desk, forms::PictureBox& slot);
 void LocateAndDisplay(LinkDesk& desk, const QString& name, const QString& path);
 
 /// The files that the open report shows, upper-cased: what its slots show here and what it named when it was read.
-[[nodiscard]] QStringList PicturesOfReport(const LinkDesk& desk);
+[[nodiscard]] QStringList PicturesOfReport(const ReportMirror& desk);
 
 /// Empties the slots of all groups.
-void ClearAllSlots(LinkDesk& desk);
+void ClearAllSlots(ReportMirror& desk);
 
 } // namespace vasclip::link

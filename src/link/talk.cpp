@@ -149,7 +149,7 @@ bool Talking::Cancelled() const
     return m_talk && m_talk->Cancelled();
 }
 
-bool Cancelled(const LinkDesk& desk)
+bool Cancelled(const Conversation& desk)
 {
     return desk.talk && desk.talk->Cancelled();
 }

@@ -12,6 +12,7 @@
 
 namespace vasclip::link {
 
+struct Conversation;
 struct LinkDesk;
 
 /// Whole conversations with the forms program: a refresh, a send, a transfer.
@@ -87,6 +88,6 @@ private:
 };
 
 /// Has the user cancelled the conversation at work?
-[[nodiscard]] bool Cancelled(const LinkDesk& desk);
+[[nodiscard]] bool Cancelled(const Conversation& desk);
 
 } // namespace vasclip::link

@@ -136,7 +136,7 @@ private:
     TransferTally m_tally;
 };
 
-void Tell(LinkDesk& desk, const TransferTally& tally)
+void Tell(Conversation& desk, const TransferTally& tally)
 {
     if (!tally.Text().isEmpty())
         desk.status.lblmsg.Show(tally.Text(), tally.Failed() ? forms::Colour::Red : forms::Colour::Blue);

@@ -7,7 +7,7 @@ namespace vasclip::link {
 
 using namespace Qt::Literals::StringLiterals;
 
-QList<TransferJob> JobsOf(LinkDesk& desk, Group group, bool all, int index, bool data, bool pictures)
+QList<TransferJob> JobsOf(ReportMirror& desk, Group group, bool all, int index, bool data, bool pictures)
 {
     QList<TransferJob> jobs;
     const GroupRow& row = RowOf(group);
@@ -28,7 +28,7 @@ QList<TransferJob> JobsOf(LinkDesk& desk, Group group, bool all, int index, bool
     return jobs;
 }
 
-QList<TransferJob> SubjectJobs(LinkDesk& desk, bool data, bool pictures, int view)
+QList<TransferJob> SubjectJobs(ReportMirror& desk, bool data, bool pictures, int view)
 {
     TransferJob job{Group::Subject, kSubjectComp, &desk.report.txtSubject, data, {}};
     const bool one = !data && view != 0;

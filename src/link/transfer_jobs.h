@@ -21,10 +21,10 @@ struct TransferJob
 };
 
 /// The jobs of one slot, or of every slot that has a text and is not on a page "N/A".
-[[nodiscard]] QList<TransferJob> JobsOf(LinkDesk& desk, Group group, bool all, int index, bool data,
+[[nodiscard]] QList<TransferJob> JobsOf(ReportMirror& desk, Group group, bool all, int index, bool data,
                                         bool pictures);
 /// The job of the subject; see TransferSubject for `view`. None for a view that is none, and for a general
 /// slot without a picture.
-[[nodiscard]] QList<TransferJob> SubjectJobs(LinkDesk& desk, bool data, bool pictures, int view);
+[[nodiscard]] QList<TransferJob> SubjectJobs(ReportMirror& desk, bool data, bool pictures, int view);
 
 } // namespace vasclip::link

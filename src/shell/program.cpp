@@ -61,27 +61,26 @@ Program::Program(const Foundation& foundation)
         photos::CaptureBase{foundation.disk, foundation.ports, globals, status, *m_slotLoader}, capture,
         std::make_unique<photos::PictureThumbs>(foundation.disk), std::make_unique<work::ThreadWorkers>());
     m_link = std::make_unique<link::LinkDesk>(link::LinkDesk{
-        .txtDDE = foundation.txtDDE,
-        .globals = globals,
-        .ports = foundation.ports,
-        .status = status,
-        .report = report,
-        .addr = addr,
-        .state = linkState,
-        .slots = slots,
-        .loader = *m_slotLoader,
-        .lists = photoLists,
-        .sources = sources,
-        .disk = foundation.disk,
-        .kelIni =
+        {.txtDDE = foundation.txtDDE,
+         .ports = foundation.ports,
+         .status = status,
+         .kelIni =
             [this](const QString& section, const QString& key) {
                 return link::ReadsKelIni(m_base.disk, globals.kelIni)(section, key);
             },
-        .fileVersion = [this](const QString& path) { return FileVersionOf(m_base.disk, path); },
-        .icons = SlotIconPictures(),
-        .talk = foundation.talk,
-        .photoDesk = m_photos.get(),
-    });
+         .fileVersion = [this](const QString& path) { return FileVersionOf(m_base.disk, path); },
+         .talk = foundation.talk},
+        {.report = report,
+         .addr = addr,
+         .state = linkState,
+         .slots = slots,
+         .loader = *m_slotLoader,
+         .icons = SlotIconPictures()},
+        {.sources = sources,
+         .globals = globals,
+         .lists = photoLists,
+         .disk = foundation.disk,
+         .photoDesk = m_photos.get()}});
     m_map = std::make_unique<MapParts>(*this);
     m_link->proximity = m_map.get();
     if (foundation.talk)

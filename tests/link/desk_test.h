@@ -39,22 +39,22 @@ protected:
     QMap<QString, QString> ini; ///< "SECTION/KEY"
     QStringList logged;
     LinkDesk desk{
-        .txtDDE = conduit,
-        .globals = globals,
-        .ports = doubles.Get(),
-        .status = status,
-        .report = report,
-        .addr = addr,
-        .state = state,
-        .slots = slots,
-        .loader = loader,
-        .lists = lists,
-        .sources = sources,
-        .disk = home.disk,
-        .kelIni = [this](const QString& section,
+        {.txtDDE = conduit,
+         .ports = doubles.Get(),
+         .status = status,
+         .kelIni = [this](const QString& section,
                          const QString& key) { return ini.value(section.toUpper() + u'/' + key.toUpper()); },
-        .fileVersion = [](const QString&) { return u"5.3.1"_s; },
-        .log = [this](const QString& text) { logged << text; }};
+         .fileVersion = [](const QString&) { return u"5.3.1"_s; },
+         .log = [this](const QString& text) { logged << text; }},
+        {.report = report,
+         .addr = addr,
+         .state = state,
+         .slots = slots,
+         .loader = loader},
+        {.sources = sources,
+         .globals = globals,
+         .lists = lists,
+         .disk = home.disk}};
 
     static inline const QString kDatabook = u"C:\\DATABOOK\\DATABOOK.MDB"_s;
     static inline const QString kMapping = u"C:\\VAS2000\\Comp2Kel.mdb"_s;

@@ -94,20 +94,21 @@ protected:
         options.socketPath = Socket();
         options.timeLimitMs = kTimeLimitMs;
         m_socket = conduit::MakeSocketConduit(options);
-        m_live = std::make_unique<LinkDesk>(LinkDesk{.txtDDE = *m_socket,
-                                                     .globals = globals,
-                                                     .ports = doubles.Get(),
-                                                     .status = status,
-                                                     .report = report,
-                                                     .addr = addr,
-                                                     .state = state,
-                                                     .slots = slots,
-                                                     .loader = loader,
-                                                     .lists = lists,
-                                                     .sources = sources,
-                                                     .disk = home.disk,
-                                                     .kelIni = desk.kelIni,
-                                                     .fileVersion = desk.fileVersion});
+        m_live = std::make_unique<LinkDesk>(LinkDesk{
+            {.txtDDE = *m_socket,
+             .ports = doubles.Get(),
+             .status = status,
+             .kelIni = desk.kelIni,
+             .fileVersion = desk.fileVersion},
+            {.report = report,
+             .addr = addr,
+             .state = state,
+             .slots = slots,
+             .loader = loader},
+            {.sources = sources,
+             .globals = globals,
+             .lists = lists,
+             .disk = home.disk}});
     }
     [[nodiscard]] QString Socket() const { return m_private.filePath(u"link.sock"_s); }
     [[nodiscard]] LinkDesk& Desk() { return *m_live; }

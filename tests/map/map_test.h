@@ -40,20 +40,21 @@ protected:
     photos::SlotLoader loader{home.disk, doubles.Get(), table};
     photos::PhotoLists lists{set};
     store::Sources sources{engine};
-    link::LinkDesk linkDesk{.txtDDE = conduit,
-                            .globals = globals,
-                            .ports = doubles.Get(),
-                            .status = status,
-                            .report = report,
-                            .addr = addr,
-                            .state = linkState,
-                            .slots = slots,
-                            .loader = loader,
-                            .lists = lists,
-                            .sources = sources,
-                            .disk = home.disk,
-                            .kelIni = [](const QString&, const QString&) { return QString(); },
-                            .fileVersion = [](const QString&) { return u"5.3.1"_s; }};
+    link::LinkDesk linkDesk{
+        {.txtDDE = conduit,
+         .ports = doubles.Get(),
+         .status = status,
+         .kelIni = [](const QString&, const QString&) { return QString(); },
+         .fileVersion = [](const QString&) { return u"5.3.1"_s; }},
+        {.report = report,
+         .addr = addr,
+         .state = linkState,
+         .slots = slots,
+         .loader = loader},
+        {.sources = sources,
+         .globals = globals,
+         .lists = lists,
+         .disk = home.disk}};
     frm_MapTab tab{set};
     test::RecordingControl control;
     MapDesk desk{.map = control,
