@@ -174,6 +174,20 @@ void CheckWriters(const Sources& sources, QStringList& violations)
     }
 }
 
+/// What is stored together is heard of together, which store::Transaction sees to. A file that is made or upgraded has
+/// nobody who hears.
+void CheckTransactions(const Sources& sources, QStringList& violations)
+{
+    static const QSet<QString> kUnheard = {u"src/comments/comment_upgrade.cpp"_s, u"src/map/export_database.cpp"_s};
+    for (auto source = sources.cbegin(); source != sources.cend(); ++source) {
+        const QString& path = source.key();
+        const bool owner = path.startsWith(u"src/store/"_s) || path.startsWith(u"src/platform/"_s);
+        if (path.startsWith(kSrc) && !owner && !kUnheard.contains(path) &&
+            source.value().contains(u"engine::Transaction"_s))
+            violations.append(u"%1 begins a transaction of the engine: it is store::Transaction"_s.arg(path));
+    }
+}
+
 /// What is a group's of slots stands in the one table of them. A picture's length may be "N/A" as well.
 void CheckSlotTable(const Sources& sources, QStringList& violations)
 {
@@ -257,6 +271,7 @@ QStringList Violations(const Sources& sources, const QSet<QString>& widgetHeader
     CheckLiterals(sources, violations);
     CheckWriters(sources, violations);
     CheckErrorNumbers(sources, violations);
+    CheckTransactions(sources, violations);
     CheckSlotTable(sources, violations);
     QMap<QString, Mark> marks;
     QStringList way;

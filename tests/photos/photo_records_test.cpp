@@ -28,7 +28,8 @@ protected:
     {
         table_.ErrSetPict(imaComp, source);
         const bool saved = SavePhotoToRecord(desk, key, imaComp, view);
-        Show(kKey);
+        if (store::ReadRecord(datDatabook, kKey))
+            Show(kKey);
         return saved;
     }
     /// Brings a record on show.
