@@ -116,7 +116,8 @@ int main(int argc, char* argv[])
     const QString place = app.arguments().value(1, u"."_s);
     QTemporaryDir dir(place + u"/entry-bench-XXXXXX"_s);
     const files::Disk disk(dir.path());
-    engine::Engine engine(disk);
+    const bench::StoppedClock time;
+    engine::Engine engine(disk, time);
     bench::Nobody prompter;
     forms::QtEventPump pump;
     forms::SystemClock clock;

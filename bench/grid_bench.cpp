@@ -126,7 +126,8 @@ int main(int argc, char** argv)
     const qint64 count = argc > 1 ? std::atoll(argv[1]) : 1'000'000;
     const QTemporaryDir home;
     const files::Disk disk(home.path());
-    engine::Engine engine(disk);
+    const bench::StoppedClock time;
+    engine::Engine engine(disk, time);
     bench::Nobody prompter;
     bench::NoEvents pump;
     bench::StoppedClock clock;

@@ -296,10 +296,10 @@ struct Bench
     static constexpr int kOtherRows = 20'000;
 
     files::Disk disk;
-    engine::Engine engine{disk};
+    bench::StoppedClock clock;
+    engine::Engine engine{disk, clock};
     Loud prompter;
     bench::NoEvents pump;
-    bench::StoppedClock clock;
     bench::FixedNumber random;
     bench::NoWindow window;
     forms::NoScreens screens;

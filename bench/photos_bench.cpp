@@ -90,7 +90,7 @@ struct Desk
 {
     explicit Desk(const QString& home)
         : disk(home)
-        , engine(disk)
+        , engine(disk, clock)
         , databook(engine, u"datDatabook"_s)
     {
         for (const QString& directory : {u"C:\\USER"_s, u"C:\\JPG"_s})
@@ -105,10 +105,10 @@ struct Desk
     }
 
     files::Disk disk;
+    NoWaits clock;
     engine::Engine engine;
     bench::Nobody prompter{forms::Answer::No};
     bench::NoEvents pump;
-    NoWaits clock;
     Numbers random;
     bench::NoWindow window;
     forms::NoScreens screens;

@@ -86,7 +86,8 @@ void Stamp(sqlite3* bare)
 /// Until the index of a file that is opened anew can be asked.
 double OpenIndex(files::Disk& disk, const QString& path, const QString& table)
 {
-    engine::Engine engine(disk);
+    const bench::StoppedClock time;
+    engine::Engine engine(disk, time);
     const auto database = engine.OpenDatabase(path);
     return WallMilliseconds([&] {
         while (!database->KeepTextIndex(table, databook::QuickFindFields(), 500).whole) {
@@ -162,7 +163,8 @@ int main(int argc, char** argv)
     const qint64 rows = argc > 1 ? std::atoll(argv[1]) : 1000000;
     QTemporaryDir dir;
     files::Disk disk(dir.path());
-    engine::Engine engine(disk);
+    const bench::StoppedClock time;
+    engine::Engine engine(disk, time);
     const QString path = u"C:\\DATABOOK.MDB"_s;
     Fill(engine, path, rows);
 
@@ -187,7 +189,7 @@ int main(int argc, char** argv)
     sqlite3* bare = nullptr;
     sqlite3_open(disk.ToNative(path).toUtf8().constData(), &bare);
     engine::RegisterCollation(bare);
-    engine::RegisterFunctions(bare);
+    engine::RegisterFunctions(bare, clock);
 
     std::printf("%lld records\n", static_cast<long long>(rows));
     for (const databook::SearchField& row : databook::SearchFields()) {

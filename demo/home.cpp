@@ -9,6 +9,7 @@
 #include "demo/market.h"
 #include "demo/photo_shoot.h"
 #include "demo/settings_files.h"
+#include "forms/system_ports.h"
 #include "platform/street/draw/mark.h"
 #include "platform/text/runtime_error.h"
 #include "store/schema.h"
@@ -53,7 +54,8 @@ QList<Shot> ShotsOf(const QList<Comp>& comps)
 void RefuseWhileInUse(const QString& directory)
 {
     const files::Disk disk(directory);
-    const engine::Engine engine(disk);
+    const forms::SystemClock clock;
+    const engine::Engine engine(disk, clock);
     if (!disk.Found(kDatabook))
         return;
     for (const engine::User& user : engine.Users(kDatabook))
@@ -101,7 +103,8 @@ HomeOutcome MakeHome(const HomeOptions& options, const std::function<void(const 
 
     say(u"Making the demo home in %1"_s.arg(directory));
     const files::Disk disk(directory);
-    engine::Engine engine(disk);
+    const forms::SystemClock clock;
+    engine::Engine engine(disk, clock);
     for (const QString& path : SettingsDirectories() + QStringList{kIniDirectory} + FormsDirectories())
         MakeDirectory(disk, path);
     disk.WriteWhole(kIniDirectory + u"VAS2000.INI"_s, ApplicationIniText().toLatin1());

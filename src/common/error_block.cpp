@@ -5,8 +5,6 @@
 
 #include "platform/text/text.h"
 
-#include <QDateTime>
-
 #include <exception>
 #include <utility>
 
@@ -120,10 +118,8 @@ void ReportError(forms::Prompter& prompter, const RuntimeError& failure)
 {
     State& state = TheState();
     const QString text = ErrorText(failure);
-    if (state.log) {
-        state.log(QDateTime::currentDateTime().toString(Qt::ISODate) + u' ' +
-                  QString(text).replace("\r\n"_L1, " "_L1));
-    }
+    if (state.log)
+        state.log(QString(text).replace("\r\n"_L1, " "_L1));
     if (std::exchange(state.givenUp, {}) != failure.Description())
         prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Critical, u"Error"_s, text);
     state.failed.clear();

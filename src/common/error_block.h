@@ -61,7 +61,7 @@ bool Guarded(forms::Prompter& prompter, Step&& step)
 /// The log is `G_UserDir` + "vasclip.log"; see SetErrorLog.
 void ReportError(forms::Prompter& prompter, const RuntimeError& failure);
 
-/// Where ReportError appends; an empty function logs nowhere.
+/// Where ReportError appends, one line without its time; an empty function logs nowhere.
 void SetErrorLog(std::function<void(const QString& line)> log);
 
 } // namespace vasclip::common

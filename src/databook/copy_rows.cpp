@@ -66,6 +66,7 @@ CopiedRows CopyRows(const forms::Grid& grid, QList<RowRange> rows)
     }
     std::sort(rows.begin(), rows.end(),
               [](const RowRange& one, const RowRange& other) { return one.from < other.from; });
+    const QDate today = grid.Source()->Today();
     const QList<Shown> columns = ShownColumns(grid);
     copied.html = u"<table>\n"_s;
     QStringList cells;
@@ -78,7 +79,7 @@ CopiedRows CopyRows(const forms::Grid& grid, QList<RowRange> rows)
             cells.clear();
             for (const Shown& shown : columns)
                 cells.append(shown.field < 0 ? QString()
-                                             : FormatCell(*shown.column, stored.value(shown.field)));
+                                             : FormatCell(*shown.column, stored.value(shown.field), today));
             AddLine(copied, cells, columns, "td"_L1);
         }
     }

@@ -33,6 +33,7 @@ public:
     [[nodiscard]] qint64 RowCount() const override; ///< 0 for a source that is not open
     [[nodiscard]] QStringList FieldNames() const override;
     [[nodiscard]] QStringList Row(qint64 row) const override;
+    [[nodiscard]] QDate Today() const override { return m_source.Engine().Time().Today(); }
 
     /// From now on a repaint of the grid reads the rows again.
     void Follow(const forms::Grid& grid);
@@ -70,8 +71,7 @@ void SetFormatText(forms::Grid& grid);
 /// What a cell shows for a stored text: dates in the user's short form ("01/01/1900", a pending sale, as it
 /// is stored), a mark for a record with a front photo, photo views in one line. Everything else on one line
 /// as stored.
-[[nodiscard]] QString FormatCell(const forms::GridColumn& column, const QString& stored,
-                                 QDate today = QDate::currentDate());
+[[nodiscard]] QString FormatCell(const forms::GridColumn& column, const QString& stored, QDate today);
 
 /// Shows all records, or the search that is on display, in the order of SORTGRID.
 /// `txtcentralkey` takes the key of the current row. The settings' pending filter does not reach this.

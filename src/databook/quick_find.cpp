@@ -56,6 +56,11 @@ QStringList FoundRows::FieldNames() const
     return m_rows.FieldNames();
 }
 
+QDate FoundRows::Today() const
+{
+    return m_rows.Today();
+}
+
 QStringList FoundRows::Row(qint64 row) const
 {
     const qint64 position = PositionOf(row);

@@ -30,6 +30,7 @@ public:
     [[nodiscard]] qint64 RowCount() const override { return m_count; }
     [[nodiscard]] QStringList FieldNames() const override;
     [[nodiscard]] QStringList Row(qint64 row) const override;
+    [[nodiscard]] QDate Today() const override;
 
     void Begin(qint64 records);                        ///< none found among so many
     void Add(qint64 position);                         ///< of a record in the grid's order

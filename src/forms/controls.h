@@ -315,7 +315,7 @@ Q_SIGNALS:
     void DateDblClick();
 
 private:
-    QDate m_value = QDate::currentDate();
+    QDate m_value{2000, 1, 1}; ///< until the screen sets one
 };
 
 class Gauge : public Control

@@ -13,6 +13,8 @@ public:
     [[nodiscard]] virtual QStringList FieldNames() const = 0;
     /// The stored texts of a whole row, one for each field name; empty if the row is gone.
     [[nodiscard]] virtual QStringList Row(qint64 row) const = 0;
+    /// Whose year dates without one are of; an invalid day leaves them as they are stored.
+    [[nodiscard]] virtual QDate Today() const { return {}; }
 };
 
 struct GridColumn

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/text/time_source.h"
+
 #include <QDate>
 #include <QDateTime>
 #include <QString>
@@ -46,14 +48,11 @@ public:
     virtual void DoEvents() = 0;
 };
 
-class Clock
+class Clock : public text::TimeSource
 {
 public:
-    virtual ~Clock() = default;
-    [[nodiscard]] virtual QDateTime Now() const = 0;
     /// Turns the queue until `seconds` have passed; returns at once for 0 or less.
     virtual void Wait(double seconds) = 0;
-    [[nodiscard]] QDate Today() const { return Now().date(); }
 };
 
 class RandomSource

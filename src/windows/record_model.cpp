@@ -106,7 +106,8 @@ QString RecordModel::Text(int row, const QString& field) const
 
 QString RecordModel::Shown(const QString& stored, const forms::GridColumn& column) const
 {
-    return databook::FormatCell(column, stored);
+    const forms::GridSource* source = m_grid.Source();
+    return databook::FormatCell(column, stored, source ? source->Today() : QDate());
 }
 
 QVariant RecordModel::data(const QModelIndex& index, int role) const

@@ -6,6 +6,7 @@
 #include "store/store.h"
 #include "support/error_number.h"
 #include "support/scripted_ports.h"
+#include "support/standing_time.h"
 #include "support/temp_home.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +20,7 @@ class CommentHome : public testing::Test
 {
 protected:
     TempHome home;
-    engine::Engine engine{home.disk};
+    engine::Engine engine{home.disk, tests::SomeTime()};
     common::Globals globals;
     TestPorts doubles;
     forms::Ports ports = doubles.Get();

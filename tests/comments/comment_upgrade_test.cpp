@@ -1,6 +1,7 @@
 #include "comments/comment_upgrade.h"
 
 #include "comment_home.h"
+#include "support/standing_time.h"
 
 namespace vasclip::comments {
 namespace {
@@ -113,7 +114,7 @@ TEST_F(CommentUpgrade, OneFieldMoreAsksEachTime)
 TEST_F(CommentUpgrade, WaitsForTheOthersUntilTheUserGivesUp)
 {
     MakeOld(local, kAdded);
-    engine::Engine others(home.disk);
+    engine::Engine others(home.disk, tests::SomeTime());
     const auto open = others.OpenDatabase(local);
     doubles.prompter.Answer(forms::Answer::Yes);
     doubles.prompter.Answer(forms::Answer::Retry);

@@ -3,6 +3,7 @@
 #include "comments/frm_comment.h"
 
 #include "comment_home.h"
+#include "support/standing_time.h"
 
 namespace vasclip::comments {
 namespace {
@@ -413,7 +414,7 @@ TEST_F(FrmFKey, AFileLockedByAnotherIsToldAndTriedAgain)
 {
     CreateCommentFile(engine, globals, local);
     Fill(local, u"SITE"_s, {u"Level"_s});
-    engine::Engine others(home.disk);
+    engine::Engine others(home.disk, tests::SomeTime());
     auto alone = others.OpenDatabase(local, engine::OpenMode::Exclusive);
     engine.SetLockWait(50);
     entry.Open();
@@ -430,7 +431,7 @@ TEST_F(FrmFKey, ABusyFileIsWorthASecondTryAndEndsNoProgram)
 {
     Prepare({u""_s});
     engine.SetLockWait(50);
-    engine::Engine others(home.disk);
+    engine::Engine others(home.disk, tests::SomeTime());
     auto busy = others.OpenDatabase(local);
     busy->BeginTrans();
     entry.txtSite.SetText(u"Level"_s);

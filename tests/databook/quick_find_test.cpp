@@ -3,6 +3,7 @@
 #include "databook/grid.h"
 #include "databook/messages.h"
 #include "support/databook_home.h"
+#include "support/standing_time.h"
 #include "support/temp_home.h"
 
 #include <sqlite3.h>
@@ -232,7 +233,7 @@ TEST(FoundRowsTest, PlacesAndRowsAgreeOverManyWords)
     struct None
     {
         tests::TempHome home;
-        engine::Engine engine{home.disk};
+        engine::Engine engine{home.disk, tests::SomeTime()};
         store::DataSource source{engine, u"datsql"_s};
         GridRows rows{source};
     } none;

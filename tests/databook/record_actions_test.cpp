@@ -3,6 +3,7 @@
 #include "databook/frm_rename.h"
 #include "databook/records.h"
 #include "support/databook_home.h"
+#include "support/standing_time.h"
 
 using namespace Qt::Literals::StringLiterals;
 using namespace vasclip;
@@ -117,7 +118,7 @@ TEST_F(RecordActions, AddOfAnAddressThatIsThereAsksToOpenIt)
 
 TEST_F(RecordActions, AddOfAnAddressThatSomebodyElseJustAddedAsksToo)
 {
-    engine::Engine othersEngine(disk);
+    engine::Engine othersEngine(disk, tests::SomeTime());
     store::DataSource other(othersEngine, u"datDatabook"_s);
     store::Connect2mdb(ports, other, path, table, engine::RecordsetType::Table);
     bool done = false;
@@ -213,7 +214,7 @@ TEST_F(RecordActions, ARecordDeletedBySomebodyElseWhileTheQuestionStandsIsTold)
             return forms::Answer::Yes;
         }
     } prompter;
-    engine::Engine othersEngine(disk);
+    engine::Engine othersEngine(disk, tests::SomeTime());
     store::DataSource other(othersEngine, u"datDatabook"_s);
     store::Connect2mdb(ports, other, path, table, engine::RecordsetType::Table);
     prompter.meanwhile = [&] { store::DeleteRecord(ports, other, u"12 MAIN ST"_s); };

@@ -9,6 +9,7 @@
 
 #if __has_include(<sys/resource.h>)
 #include "support/file_limit.h"
+#include "support/standing_time.h"
 #endif
 #if __has_include(<sys/wait.h>)
 #include <csignal>
@@ -143,7 +144,7 @@ TEST_F(Records, AddressesOfAllKindsAreFoundAgain)
 
 TEST_F(Records, ACompThatSomebodyElseAddsFirstIsReportedAsThere)
 {
-    engine::Engine othersEngine(disk);
+    engine::Engine othersEngine(disk, tests::SomeTime());
     store::DataSource other(othersEngine, u"datDatabook"_s);
     store::Connect2mdb(ports, other, path, table, engine::RecordsetType::Table);
     // The other user is quicker: between the look and the write.
@@ -284,7 +285,7 @@ TEST_F(DeleteWithPictures, APictureThatCannotGoIsNamed)
 
 TEST_F(DeleteWithPictures, NoPictureGoesWhileTheRecordIsLocked)
 {
-    engine::Engine othersEngine(disk);
+    engine::Engine othersEngine(disk, tests::SomeTime());
     const auto other = othersEngine.OpenDatabase(path);
     engine.SetLockWait(50);
     {
@@ -305,7 +306,7 @@ TEST_F(DeleteWithPictures, NoPictureGoesWhileTheRecordIsLocked)
 class TwoUsers : public DeleteWithPictures
 {
 protected:
-    engine::Engine othersEngine{disk};
+    engine::Engine othersEngine{disk, tests::SomeTime()};
     store::DataSource other{othersEngine, u"datDatabook"_s};
     /// The other user does something between this one's look and write.
     template <class Act>
@@ -361,7 +362,7 @@ TEST_F(TwoUsers, ARecordThatIsDeletedMeanwhileIsNeitherCopiedNorRenamed)
 [[noreturn]] void WorkUntilKilled(const QString& home, const QString& path, int round)
 {
     files::Disk disk(home);
-    engine::Engine engine(disk);
+    engine::Engine engine(disk, tests::SomeTime());
     tests::TestPorts doubles;
     const forms::Ports ports = doubles.Get();
     store::DataSource source(engine, u"datDatabook"_s);

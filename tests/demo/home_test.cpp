@@ -10,6 +10,7 @@
 #include "platform/text/runtime_error.h"
 #include "platform/street/draw/mark.h"
 #include "store/store.h"
+#include "support/standing_time.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -149,7 +150,7 @@ TEST(Home, IsNotRemadeUnderAProgramThatWorksOnIt)
     const QString databook = u"C:\\DATABOOK\\DATABOOK.MDB"_s;
     const files::Disk disk(place.path());
     disk.MkDir(u"C:\\DATABOOK"_s);
-    engine::Engine engine(disk);
+    engine::Engine engine(disk, tests::SomeTime());
     MakeDatabook(engine, databook, MakeMarket(6));
     MarkHome(place.path(), HomeState::Complete, 6);
     const auto open = engine.OpenDatabase(databook);
@@ -172,7 +173,7 @@ TEST(Home, HoldsWhatTheProgramsLookFor)
     const QTemporaryDir place;
     ASSERT_EQ(MakeHome({place.path(), kFew, false}, Quiet), HomeOutcome::Made);
     const files::Disk disk(place.path());
-    engine::Engine engine(disk);
+    engine::Engine engine(disk, tests::SomeTime());
 
     // settings: every key stands in the file with its default
     common::Globals defaults;

@@ -11,6 +11,7 @@
 #include "shell/start_up.h"
 #include "support/recording_conduit.h"
 #include "support/scripted_ports.h"
+#include "support/standing_time.h"
 
 #include <QCoreApplication>
 
@@ -55,7 +56,7 @@ void Say(const QByteArray& words)
 int WorkAtTheMainScreen(const QString& home)
 try {
     const files::Disk disk(home);
-    engine::Engine engine(disk);
+    engine::Engine engine(disk, tests::SomeTime());
     test::RecordingConduit conduit;
     conduit.running = false;
     TestPorts doubles;

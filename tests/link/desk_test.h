@@ -4,6 +4,7 @@
 #include "store/schema.h"
 #include "support/recording_conduit.h"
 #include "support/scripted_ports.h"
+#include "support/standing_time.h"
 #include "support/temp_home.h"
 
 #include <gtest/gtest.h>
@@ -22,7 +23,7 @@ class DeskTest : public testing::Test
 {
 protected:
     tests::TempHome home;
-    engine::Engine engine{home.disk};
+    engine::Engine engine{home.disk, tests::SomeTime()};
     tests::TestPorts doubles;
     forms::ControlSet set;
     test::RecordingConduit conduit;

@@ -5,6 +5,7 @@
 #include "platform/files/profile.h"
 #include "platform/text/text.h"
 #include "store/schema.h"
+#include "support/standing_time.h"
 
 namespace vasclip::link {
 namespace {
@@ -421,7 +422,7 @@ TEST_F(AttachCity, ARecordDeletedMeanwhileIsSaid)
 TEST_F(AttachCity, ADatabookThatStaysLockedEndsTheProgramAndChangesNothing)
 {
     Open(u"MANUAL"_s);
-    engine::Engine othersEngine(home.disk);
+    engine::Engine othersEngine(home.disk, tests::SomeTime());
     const auto other = othersEngine.OpenDatabase(kDatabook);
     engine.SetLockWait(50);
     screen->txtState.SetText(u"WA"_s);

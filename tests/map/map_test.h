@@ -7,6 +7,7 @@
 #include "store/schema.h"
 #include "support/recording_conduit.h"
 #include "support/scripted_ports.h"
+#include "support/standing_time.h"
 #include "support/temp_home.h"
 
 #include <gtest/gtest.h>
@@ -26,7 +27,7 @@ class MapTest : public testing::Test
 {
 protected:
     tests::TempHome home;
-    engine::Engine engine{home.disk};
+    engine::Engine engine{home.disk, tests::SomeTime()};
     tests::TestPorts doubles;
     forms::ControlSet set;
     test::RecordingConduit conduit;

@@ -2,6 +2,7 @@
 
 #include "photo_home.h"
 #include "store/change.h"
+#include "support/standing_time.h"
 
 #include <gtest/gtest.h>
 
@@ -217,7 +218,7 @@ TEST_F(PhotoRecords, ACorruptPictureCostsItsMessage)
 
 TEST_F(PhotoRecords, PhotosThatAnotherUserFiledMeanwhileStay)
 {
-    engine::Engine other(disk);
+    engine::Engine other(disk, tests::SomeTime());
     bool done = false;
     doubles.clock.onWait = [&] { // while the picture is being stored, after the lists were read
         if (std::exchange(done, true))
@@ -305,7 +306,7 @@ TEST_F(PhotoRecords, WhatTheDatabookRefusesIsTakenBack)
 
 TEST_F(PhotoRecords, ARecordThatIsDeletedWhileItsPictureIsStoredIsTold)
 {
-    engine::Engine other(disk);
+    engine::Engine other(disk, tests::SomeTime());
     bool done = false;
     doubles.clock.onWait = [&] {
         if (std::exchange(done, true))
@@ -327,7 +328,7 @@ TEST_F(PhotoRecords, DeletingNeverLeavesARecordThatNamesAMissingPicture)
     ASSERT_TRUE(Save(u"FRONT VIEW"_s));
     lists.lstViews.SetListIndex(0);
     doubles.prompter.Answer(forms::Answer::Yes);
-    engine::Engine other(disk);
+    engine::Engine other(disk, tests::SomeTime());
     int turns = 0;
     doubles.pump.onTurn = [&] { // as the next start would find it, were the program killed here
         ++turns;
@@ -351,7 +352,7 @@ TEST_F(PhotoRecords, ADeletionThatTheDatabookRefusesTakesItsCopyBack)
     disk.Kill(source);
     lists.lstViews.SetListIndex(0);
     doubles.prompter.Answer(forms::Answer::Yes);
-    engine::Engine other(disk);
+    engine::Engine other(disk, tests::SomeTime());
     auto holder = other.OpenDatabase(path);
     engine.SetLockWait(50);
     {
@@ -389,7 +390,7 @@ TEST_F(PhotoRecords, DeletingAPhotoOfARecordThatIsRenamedMeanwhileKeepsThePictur
     forms::Ports slow{user, doubles.pump, doubles.clock, doubles.random, doubles.window, doubles.screens};
     photos::PhotoDesk other{slow, disk, globals, datDatabook, lists, loader, status, questions};
     user.meanwhile = [&] {
-        engine::Engine elsewhere(disk);
+        engine::Engine elsewhere(disk, tests::SomeTime());
         const auto database = elsewhere.OpenDatabase(path);
         const auto rows = database->OpenRecordset(table, engine::RecordsetType::Table);
         rows->SetIndex(u"CENTRALKEY"_s);
@@ -484,7 +485,7 @@ TEST_F(PhotoRecords, FrontViewClearsWithItsRowAlone)
 TEST_F(PhotoRecords, DeletingKeepsToItsRecordAndToWhatOthersFiledMeanwhile)
 {
     SetPhotos(u"FRONT VIEW|11111111\r\nREAR VIEW|22222222\r\n"_s);
-    engine::Engine other(disk);
+    engine::Engine other(disk, tests::SomeTime());
     lists.lstViews.SetListIndex(0);
     SlowYes user;
     forms::Ports slow{user, doubles.pump, doubles.clock, doubles.random, doubles.window, doubles.screens};

@@ -3,6 +3,7 @@
 #include "shell/frm_config.h"
 #include "store/schema.h"
 #include "support/scripted_ports.h"
+#include "support/standing_time.h"
 #include "support/temp_home.h"
 
 #include <gtest/gtest.h>
@@ -74,7 +75,7 @@ protected:
     void ClickSave() { Q_EMIT screen->cmdSave.Clicked(); }
 
     tests::TempHome home;
-    engine::Engine engine{home.disk};
+    engine::Engine engine{home.disk, tests::SomeTime()};
     tests::TestPorts doubles;
     Globals globals;
     std::optional<frm_Config> screen;

@@ -8,6 +8,7 @@
 #include "store/schema.h"
 #include "support/recording_conduit.h"
 #include "support/scripted_ports.h"
+#include "support/standing_time.h"
 #include "support/temp_home.h"
 
 #include <gtest/gtest.h>
@@ -22,7 +23,7 @@ class LayoutsAtStart : public testing::Test
 protected:
     tests::TempHome home;
     tests::TestPorts ports;
-    engine::Engine engine{home.disk};
+    engine::Engine engine{home.disk, tests::SomeTime()};
     test::RecordingConduit conduit;
     const QString user = u"C:\\VAS2000\\VAS2000.grx"_s;
     const QString program = u"C:\\VAS2000\\default.grx"_s;

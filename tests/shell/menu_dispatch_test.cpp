@@ -8,6 +8,7 @@
 #include "store/schema.h"
 #include "support/recording_conduit.h"
 #include "support/scripted_ports.h"
+#include "support/standing_time.h"
 #include "support/temp_home.h"
 
 #include <gtest/gtest.h>
@@ -32,7 +33,7 @@ class MenuDispatch : public testing::Test
 protected:
     tests::TempHome home;
     tests::TestPorts doubles;
-    engine::Engine engine{home.disk};
+    engine::Engine engine{home.disk, tests::SomeTime()};
     test::RecordingConduit conduit;
     Program program{{home.disk, engine, conduit, doubles.Get()}};
     frm_Main main{program};

@@ -8,6 +8,7 @@
 #include "support/exclusive_lock.h"
 #include "support/recording_conduit.h"
 #include "support/scripted_ports.h"
+#include "support/standing_time.h"
 #include "support/temp_home.h"
 
 #include <gtest/gtest.h>
@@ -67,7 +68,7 @@ protected:
     WatchedScreens screens;
     forms::Ports ports{doubles.prompter, doubles.pump,   doubles.clock,
                        doubles.random,   doubles.window, screens};
-    engine::Engine engine{home.disk};
+    engine::Engine engine{home.disk, tests::SomeTime()};
     test::RecordingConduit conduit;
     StartUpOptions options{
         {}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\EXE\\"_s, false}, u"6.2.1"_s};
@@ -277,7 +278,7 @@ TEST_F(StartSequence, ADiskPutIntoTheDriveIsTakenOnOk)
     };
     prompter.AnswerAlways(forms::Answer::Ok);
     const forms::Ports asking{prompter, doubles.pump, doubles.clock, doubles.random, doubles.window, screens};
-    engine::Engine own{disk};
+    engine::Engine own{disk, tests::SomeTime()};
     Program startedProgram{{disk, own, conduit, asking}};
     frm_Main started{startedProgram};
     started.Form_load(options, splash);

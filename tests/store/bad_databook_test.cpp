@@ -1,5 +1,6 @@
 #include "platform/text/runtime_error.h"
 #include "support/databook_home.h"
+#include "support/standing_time.h"
 
 #include <QFile>
 
@@ -98,7 +99,7 @@ TEST_F(BadDatabook, AReadOnlyOneIsReadAndNotWritten)
 
 TEST_F(BadDatabook, OneOpenedExclusivelyBySomebodyIsLocked)
 {
-    engine::Engine othersEngine(disk);
+    engine::Engine othersEngine(disk, tests::SomeTime());
     const auto other = othersEngine.OpenDatabase(path, engine::OpenMode::Exclusive);
     engine.SetLockWait(50);
     const int number = Connect(path).Number();
@@ -114,7 +115,7 @@ TEST_F(BadDatabook, AnUpdateThatStaysLockedEndsTheProgramWithItsMessage)
     Bind(source);
     ASSERT_TRUE(store::FindRecord(ports, source, u"12 MAIN ST"_s, key));
     engine.SetLockWait(50);
-    engine::Engine othersEngine(disk);
+    engine::Engine othersEngine(disk, tests::SomeTime());
     const auto other = othersEngine.OpenDatabase(path);
     other->BeginTrans();
     other->Execute(u"UPDATE COMPS SET CITY = 'Elm Grove'"_s);

@@ -3,6 +3,7 @@
 #include "common/error_block.h"
 #include "platform/text/runtime_error.h"
 #include "support/databook_home.h"
+#include "support/standing_time.h"
 
 #include <QFile>
 
@@ -479,7 +480,7 @@ TEST_F(Store, AttributesAreSetAndAFailureIsToldAndPassedOver)
 class TwoUsers : public Lookup
 {
 protected:
-    engine::Engine othersEngine{disk};
+    engine::Engine othersEngine{disk, tests::SomeTime()};
     store::DataSource other{othersEngine, u"datDatabook"_s};
     void SetUp() override
     {

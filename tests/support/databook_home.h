@@ -5,6 +5,7 @@
 #include "store/schema.h"
 #include "store/store.h"
 #include "support/scripted_ports.h"
+#include "support/standing_time.h"
 
 #include <QTemporaryDir>
 
@@ -20,7 +21,7 @@ class DatabookHome : public testing::Test
 protected:
     QTemporaryDir dir;
     files::Disk disk{dir.path()};
-    engine::Engine engine{disk};
+    engine::Engine engine{disk, tests::SomeTime()};
     TestPorts doubles;
     forms::Ports ports = doubles.Get();
     const QString path = u"C:\\DATABOOK.MDB"_s;

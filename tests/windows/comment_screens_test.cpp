@@ -3,6 +3,7 @@
 #include "platform/engine/database.h"
 #include "store/schema.h"
 #include "support/scripted_ports.h"
+#include "support/standing_time.h"
 #include "support/temp_home.h"
 #include "windows/fkey_bar.h"
 #include "windows/guard.h"
@@ -33,7 +34,7 @@ class CommentScreens : public testing::Test
 protected:
     tests::TempHome home;
     tests::TestPorts ports;
-    engine::Engine engine{home.disk};
+    engine::Engine engine{home.disk, tests::SomeTime()};
     common::Globals globals;
     EventGuard guard{ports.prompter, {}};
     QSettings settings{home.Native(u"window.ini"_s), QSettings::IniFormat};

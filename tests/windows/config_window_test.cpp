@@ -1,5 +1,6 @@
 #include "shell/frm_config.h"
 #include "support/scripted_ports.h"
+#include "support/standing_time.h"
 #include "support/temp_home.h"
 #include "windows/guard.h"
 #include "windows/screens.h"
@@ -56,7 +57,7 @@ protected:
 
     tests::TempHome home;
     tests::TestPorts ports;
-    engine::Engine engine{home.disk};
+    engine::Engine engine{home.disk, tests::SomeTime()};
     EventGuard guard{ports.prompter, {}};
     Theme theme{*qApp, nullptr};
     common::Globals globals;

@@ -14,6 +14,7 @@
 #include "store/store.h"
 #include "support/recording_conduit.h"
 #include "support/scripted_ports.h"
+#include "support/standing_time.h"
 #include "support/temp_home.h"
 #include "windows/chip_bar.h"
 #include "windows/guard.h"
@@ -50,7 +51,7 @@ class CurrentRecord : public testing::Test
 protected:
     tests::TempHome home;
     tests::TestPorts ports;
-    engine::Engine engine{home.disk};
+    engine::Engine engine{home.disk, tests::SomeTime()};
     test::RecordingConduit conduit;
     EventGuard guard{ports.prompter, {}};
     QSettings settings{home.Native(u"window.ini"_s), QSettings::IniFormat};

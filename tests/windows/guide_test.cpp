@@ -6,6 +6,7 @@
 #include "shell/frm_main.h"
 #include "support/recording_conduit.h"
 #include "support/scripted_ports.h"
+#include "support/standing_time.h"
 #include "support/temp_home.h"
 #include "windows/guard.h"
 #include "windows/guide_view.h"
@@ -75,7 +76,7 @@ class GuideOnWindows : public testing::Test
 protected:
     tests::TempHome home;
     tests::TestPorts ports;
-    engine::Engine engine{home.disk};
+    engine::Engine engine{home.disk, tests::SomeTime()};
     test::RecordingConduit conduit;
     EventGuard guard{ports.prompter, {}};
     QSettings settings{home.Native(u"window.ini"_s), QSettings::IniFormat};

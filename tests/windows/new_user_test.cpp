@@ -9,6 +9,7 @@
 #include "store/schema.h"
 #include "support/recording_conduit.h"
 #include "support/scripted_ports.h"
+#include "support/standing_time.h"
 #include "support/temp_home.h"
 #include "windows/guard.h"
 #include "windows/main_window.h"
@@ -44,7 +45,7 @@ protected:
     WindowScreens screens;
     forms::Ports ports{doubles.prompter, doubles.pump,   doubles.clock,
                        doubles.random,   doubles.window, screens};
-    engine::Engine engine{home.disk};
+    engine::Engine engine{home.disk, tests::SomeTime()};
     test::RecordingConduit conduit;
     EventGuard guard{doubles.prompter, {}};
     QSettings settings{home.Native(u"window.ini"_s), QSettings::IniFormat};

@@ -9,6 +9,7 @@
 #include "store/schema.h"
 #include "support/recording_conduit.h"
 #include "support/scripted_ports.h"
+#include "support/standing_time.h"
 #include "support/temp_home.h"
 #include "windows/drag_desk.h"
 #include "windows/guard.h"
@@ -59,7 +60,7 @@ protected:
     Asking prompter;
     WindowScreens screens;
     forms::Ports ports{prompter, doubles.pump, doubles.clock, doubles.random, doubles.window, screens};
-    engine::Engine engine{home.disk};
+    engine::Engine engine{home.disk, tests::SomeTime()};
     test::RecordingConduit conduit;
     EventGuard guard{prompter, {}};
     QSettings settings{home.Native(u"window.ini"_s), QSettings::IniFormat};

@@ -9,6 +9,7 @@
 #include "store/schema.h"
 #include "store/store.h"
 #include "support/scripted_ports.h"
+#include "support/standing_time.h"
 #include "support/temp_home.h"
 #include "windows/guard.h"
 #include "windows/screens.h"
@@ -78,7 +79,7 @@ TEST_F(Questions, TheOverwriteQuestionStandsOnNo)
 
 TEST_F(Questions, TheFocusThatALoadWantsIsThereInTheWindow)
 {
-    engine::Engine engine{home.disk};
+    engine::Engine engine{home.disk, tests::SomeTime()};
     store::DataSource source{engine, u"datDatabook"_s};
     store::MakeDatabase(engine, u"C:\\DATABOOK.MDB"_s);
     store::Connect2mdb(ports.Get(), source, u"C:\\DATABOOK.MDB"_s, u"COMPS"_s, engine::RecordsetType::Table);

@@ -14,6 +14,7 @@
 #include "shell/frm_splash.h"
 #include "support/recording_conduit.h"
 #include "support/scripted_ports.h"
+#include "support/standing_time.h"
 #include "support/temp_home.h"
 #include "windows/about_box.h"
 #include "windows/guard.h"
@@ -54,7 +55,7 @@ class RealScreens : public testing::Test
 protected:
     tests::TempHome home;
     tests::TestPorts ports;
-    engine::Engine engine{home.disk};
+    engine::Engine engine{home.disk, tests::SomeTime()};
     test::RecordingConduit conduit;
     EventGuard guard{ports.prompter, {}};
     QSettings settings{home.Native(u"window.ini"_s), QSettings::IniFormat};

@@ -12,6 +12,7 @@
 #include "store/store.h"
 #include "support/recording_conduit.h"
 #include "support/scripted_ports.h"
+#include "support/standing_time.h"
 #include "support/temp_home.h"
 #include "windows/guard.h"
 #include "windows/main_window.h"
@@ -47,7 +48,7 @@ class RecordScreens : public testing::Test
 protected:
     tests::TempHome home;
     tests::TestPorts ports;
-    engine::Engine engine{home.disk};
+    engine::Engine engine{home.disk, tests::SomeTime()};
     test::RecordingConduit conduit;
     EventGuard guard{ports.prompter, {}};
     QSettings settings{home.Native(u"window.ini"_s), QSettings::IniFormat};

@@ -4,6 +4,7 @@
 #include "databook/frm_search_sql.h"
 #include "databook/grid.h"
 #include "support/scripted_ports.h"
+#include "support/standing_time.h"
 #include "support/temp_home.h"
 #include "windows/about_box.h"
 #include "windows/columns_dialog.h"
@@ -181,7 +182,7 @@ TEST(Shots, TheSearchScreen)
     tests::TestPorts doubles;
     const forms::Ports ports = doubles.Get();
     EventGuard guard(doubles.prompter, {});
-    engine::Engine engine(home.disk);
+    engine::Engine engine(home.disk, tests::SomeTime());
     store::DataSource datsql(engine, u"datsql"_s);
     databook::GridRows rows(datsql);
     forms::ControlSet set;

@@ -114,12 +114,12 @@ std::optional<Options> ReadOptions(const QStringList& arguments)
 }
 
 /// What reached the top is kept where people who help can find it.
-void LogErrorsTo(const QString& file)
+void LogErrorsTo(const QString& file, const text::TimeSource& time)
 {
-    common::SetErrorLog([file](const QString& line) {
+    common::SetErrorLog([file, &time](const QString& line) {
         QFile log(file);
         if (log.open(QIODevice::Append | QIODevice::Text))
-            log.write((line + u'\n').toUtf8());
+            log.write((time.Now().toString(Qt::ISODate) + u' ' + line + u'\n').toUtf8());
     });
 }
 
@@ -129,7 +129,8 @@ public:
     Program(QApplication& app, const Options& options)
         : m_options(options)
         , m_disk(options.home)
-        , m_engine(m_disk)
+        , m_clock(options.today)
+        , m_engine(m_disk, m_clock)
         , m_socket(options.socket.isEmpty() ? conduit::DefaultSocketPath(m_disk.Home()) : options.socket)
         , m_conduit(
               conduit::MakeSocketConduit(
@@ -140,7 +141,6 @@ public:
         , m_theme(app, &m_settings)
         , m_prompter(m_disk)
         , m_guard(m_prompter, [this](int code) { End(code); })
-        , m_clock(options.today)
         , m_program({m_disk, m_engine, Link(), {m_prompter, m_pump, m_clock, m_random, m_desktop, m_screens}, &m_talk})
         , m_main(m_program)
         , m_splash({m_prompter, m_pump, m_clock, m_random, m_desktop, m_screens})
@@ -153,7 +153,7 @@ public:
         };
         m_screens.SetGuard(&m_guard);
         app.installEventFilter(&m_guideKey);
-        LogErrorsTo(QDir(m_disk.Home()).filePath(u"vasclip.log"_s));
+        LogErrorsTo(QDir(m_disk.Home()).filePath(u"vasclip.log"_s), m_clock);
     }
 
     int Run()
@@ -306,6 +306,7 @@ private:
 
     Options m_options;
     files::Disk m_disk;
+    app::FixedClock m_clock;
     engine::Engine m_engine;
     QString m_socket;
     link::Talk m_talk;
@@ -320,7 +321,6 @@ private:
     windows::WindowDesktop m_desktop;
     windows::WindowScreens m_screens;
     windows::WindowPump m_pump;
-    app::FixedClock m_clock;
     forms::SystemRandom m_random;
     shell::Program m_program;
     shell::frm_Main m_main;

@@ -35,7 +35,7 @@ Session::Session(const QString& home, const QString& socketPath, int linkTimeLim
                  TerminalPrompter& prompter)
     : m_prompter(prompter)
     , m_disk(ExistingHome(home))
-    , m_engine(m_disk)
+    , m_engine(m_disk, m_clock)
     , m_socketPath(socketPath.isEmpty() ? conduit::DefaultSocketPath(m_disk.Home()) : socketPath)
     , m_conduit(conduit::MakeSocketConduit({.socketPath = m_socketPath, .timeLimitMs = linkTimeLimitMs}))
 {}

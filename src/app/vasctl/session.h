@@ -49,11 +49,11 @@ public:
 private:
     TerminalPrompter& m_prompter;
     files::Disk m_disk;
+    forms::SystemClock m_clock;
     engine::Engine m_engine;
     QString m_socketPath;
     std::unique_ptr<conduit::Conduit> m_conduit;
     forms::QtEventPump m_pump;
-    forms::SystemClock m_clock;
     forms::SystemRandom m_random;
     NoWindow m_window;
     forms::NoScreens m_screens;

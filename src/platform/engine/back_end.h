@@ -25,6 +25,8 @@ public:
     [[nodiscard]] virtual QList<User> Users(const QString& path) const = 0;
     /// How the calls of all its databases wait, from before the first one.
     virtual void SetWaits(std::shared_ptr<Waits> waits) = 0;
+    /// What time it is for all its databases, from before the first one.
+    virtual void SetTime(const text::TimeSource& time) = 0;
 };
 
 /// Opens the database at a path if it belongs to another back end than the one that asks; else null.

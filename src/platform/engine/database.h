@@ -2,6 +2,7 @@
 
 #include "platform/engine/recordset.h"
 #include "platform/files/disk.h"
+#include "platform/text/time_source.h"
 
 #include <QStringList>
 
@@ -124,10 +125,12 @@ public:
 class Engine
 {
 public:
-    explicit Engine(const files::Disk& disk);
+    /// @param time  what NOW(), DATE() and a date without a year mean; it outlives the databases
+    Engine(const files::Disk& disk, const text::TimeSource& time);
     ~Engine();
 
     [[nodiscard]] const files::Disk& Disk() const;
+    [[nodiscard]] const text::TimeSource& Time() const;
 
     /// @throws 3024 file not found, 3343 not a database (a text file, an empty file: the description says
     /// what the file is), 3049 damaged, 3051 no right to open, 3009/3356 opened exclusively by somebody, and

@@ -9,8 +9,9 @@ using namespace Qt::Literals::StringLiterals;
 
 struct Engine::Private
 {
-    explicit Private(const files::Disk& disk)
+    Private(const files::Disk& disk, const text::TimeSource& time)
         : disk(disk)
+        , time(time)
     {}
 
     [[nodiscard]] BackEnd& OwnerOf(const QString& path) const
@@ -19,13 +20,20 @@ struct Engine::Private
                               [&](const auto& backEnd) { return backEnd->Owns(path); });
     }
 
+    void Take(BackEnd& backEnd) const
+    {
+        backEnd.SetWaits(waits);
+        backEnd.SetTime(time);
+    }
+
     const files::Disk& disk;
+    const text::TimeSource& time;
     std::shared_ptr<Waits> waits = std::make_shared<Waits>();
     std::vector<std::unique_ptr<BackEnd>> backEnds;
 };
 
-Engine::Engine(const files::Disk& disk)
-    : d(std::make_shared<Private>(disk))
+Engine::Engine(const files::Disk& disk, const text::TimeSource& time)
+    : d(std::make_shared<Private>(disk, time))
 {
     d->backEnds = BuiltInBackEnds(
         disk, [weak = std::weak_ptr(d)](const QString& path) -> std::shared_ptr<Database> {
@@ -36,7 +44,7 @@ Engine::Engine(const files::Disk& disk)
             return &owner == engine->backEnds.back().get() ? nullptr : owner.Open(path, OpenMode::Shared);
         });
     for (const auto& backEnd : d->backEnds)
-        backEnd->SetWaits(d->waits);
+        d->Take(*backEnd);
 }
 
 Engine::~Engine() = default;
@@ -46,9 +54,14 @@ const files::Disk& Engine::Disk() const
     return d->disk;
 }
 
+const text::TimeSource& Engine::Time() const
+{
+    return d->time;
+}
+
 void Engine::AddBackEnd(std::unique_ptr<BackEnd> backEnd)
 {
-    backEnd->SetWaits(d->waits);
+    d->Take(*backEnd);
     d->backEnds.insert(d->backEnds.begin(), std::move(backEnd));
 }
 

@@ -191,7 +191,7 @@ void RowRecordset::SetValue(int field, const QVariant& value)
         throw RuntimeError(error::kNoEdit, u"The field '%1' can be set only after Edit or AddNew"_s.arg(
                                                m_fields[field].name));
     const int source = NeedSource(field);
-    m_changes[source] = FitToField(Table().fields[source], value);
+    m_changes[source] = FitToField(Table().fields[source], value, m_store->Time());
     m_chunks.erase(source);
 }
 
@@ -361,7 +361,7 @@ void RowRecordset::AppendChunk(const QString& name, const QByteArray& bytes)
     whole += bytes;
     // The first piece replaces what the record holds; a letter of a memo may be cut between two pieces.
     if (type == FieldType::Memo)
-        m_changes[source] = FitToField(Table().fields[source], QString::fromUtf8(whole));
+        m_changes[source] = FitToField(Table().fields[source], QString::fromUtf8(whole), m_store->Time());
     else
         m_changes[source] = whole;
 }

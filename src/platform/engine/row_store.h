@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/engine/types.h"
+#include "platform/text/time_source.h"
 
 #include <QVariant>
 
@@ -61,6 +62,8 @@ public:
     [[nodiscard]] virtual bool Updatable() const = 0;
     /// Why not, and what to do: a sentence without its full stop.
     [[nodiscard]] virtual QString WhyReadOnly() const = 0;
+    /// The engine's.
+    [[nodiscard]] virtual const text::TimeSource& Time() const = 0;
     /// Raised by what may make rows read before stale without raising their version (a change through this
     /// opening, one taken back). Costs nothing to ask.
     [[nodiscard]] virtual quint64 Generation() const = 0;

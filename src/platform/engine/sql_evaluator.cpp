@@ -59,7 +59,7 @@ QVariant Evaluator::Converted(const Typed& node) const
     case Yield::Number:
         return AsNumber(value);
     case Yield::Date:
-        return AsSerial(value);
+        return AsSerial(value, m_time);
     case Yield::Text:
         return from == Yield::Binary ? value : QVariant(AsText(value, from == Yield::Date));
     default:
@@ -149,7 +149,7 @@ QVariant Evaluator::Called(const Typed& node) const
     QVariantList arguments;
     for (const TypedPtr& argument : node.arguments)
         arguments.append(Evaluate(*argument));
-    return Call(node.function, arguments);
+    return Call(node.function, arguments, m_time);
 }
 
 QVariant Evaluator::Aggregated(const Typed& node) const
@@ -158,7 +158,7 @@ QVariant Evaluator::Aggregated(const Typed& node) const
         return static_cast<double>(m_rows.size());
     QVariantList values;
     for (const RowValues& row : m_rows) {
-        QVariant value = Evaluator(row).Argument(node, 0);
+        QVariant value = Evaluator(row, m_time).Argument(node, 0);
         if (value.isValid())
             values.append(std::move(value));
     }

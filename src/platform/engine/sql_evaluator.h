@@ -14,12 +14,14 @@ using RowValues = std::function<QVariant(int field)>;
 class Evaluator
 {
 public:
-    explicit Evaluator(RowValues row)
+    Evaluator(RowValues row, const text::TimeSource& time)
         : m_row(std::move(row))
+        , m_time(time)
     {}
     /// Over many rows, for counts and sums.
-    explicit Evaluator(std::vector<RowValues> rows)
+    Evaluator(std::vector<RowValues> rows, const text::TimeSource& time)
         : m_rows(std::move(rows))
+        , m_time(time)
     {}
 
     /// @throws 3163, 3314 for a value that its field cannot take
@@ -43,6 +45,7 @@ private:
 
     RowValues m_row;
     std::vector<RowValues> m_rows;
+    const text::TimeSource& m_time;
 };
 
 } // namespace vasclip::engine::sql

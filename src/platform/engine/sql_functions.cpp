@@ -52,9 +52,9 @@ double PlaceOf(const QVariantList& arguments)
     return static_cast<double>(text.indexOf(TextOf(arguments.back()), start, Qt::CaseInsensitive) + 1);
 }
 
-QVariant FormatDate(const QVariantList& arguments)
+QVariant FormatDate(const QVariantList& arguments, const text::TimeSource& time)
 {
-    const QVariant serial = AsSerial(arguments[0]);
+    const QVariant serial = AsSerial(arguments[0], time);
     return serial.isValid() ? text::Format(FromSerial(serial.toDouble()), TextOf(arguments[1]))
                             : TextOf(arguments[0]);
 }
@@ -110,12 +110,12 @@ double AsNumber(const QVariant& value)
     return value.typeId() == QMetaType::Bool ? (value.toBool() ? -1 : 0) : value.toDouble();
 }
 
-QVariant AsSerial(const QVariant& value)
+QVariant AsSerial(const QVariant& value, const text::TimeSource& time)
 {
     if (!IsText(value))
         return value.isValid() ? QVariant(AsNumber(value)) : QVariant();
     double serial = 0;
-    return SerialOf(value.toString().toStdString(), serial) ? QVariant(serial) : QVariant();
+    return SerialOf(value.toString().toStdString(), time, serial) ? QVariant(serial) : QVariant();
 }
 
 QString AsText(const QVariant& value, bool date)
@@ -138,12 +138,12 @@ int Compare(const QVariant& left, const QVariant& right)
     return l < r ? -1 : l > r ? 1 : 0;
 }
 
-QVariant Call(Function function, const QVariantList& arguments)
+QVariant Call(Function function, const QVariantList& arguments, const text::TimeSource& time)
 {
     const bool anyNull = std::any_of(arguments.begin(), arguments.end(),
                                      [](const QVariant& argument) { return !argument.isValid(); });
     if (function == Function::IsDate)
-        return AsSerial(arguments[0]).isValid();
+        return AsSerial(arguments[0], time).isValid();
     if (anyNull)
         return {};
     const auto text = [&](int index) { return TextOf(arguments[index]); };
@@ -180,7 +180,7 @@ QVariant Call(Function function, const QVariantList& arguments)
     case Function::FormatNumber:
         return text::Format(AsNumber(arguments[0]), text(1));
     case Function::FormatDate:
-        return FormatDate(arguments);
+        return FormatDate(arguments, time);
     case Function::IsDate:
     case Function::Coalesce:
     case Function::If:

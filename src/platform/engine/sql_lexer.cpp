@@ -124,7 +124,7 @@ Token Lexer::Date()
     token.at = m_at;
     token.end = close + 1;
     token.text = m_text.mid(m_at + 1, close - m_at - 1);
-    if (!SerialOf(token.text.toStdString(), token.number))
+    if (!SerialOf(token.text.toStdString(), m_time, token.number))
         ThrowSyntax(m_text, m_at, u"'%1' is not a date"_s.arg(token.text.left(30)));
     m_at = token.end;
     return token;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/text/time_source.h"
+
 #include <QString>
 
 namespace vasclip::engine::sql {
@@ -23,8 +25,9 @@ struct Token
 class Lexer
 {
 public:
-    explicit Lexer(const QString& statement)
+    Lexer(const QString& statement, const text::TimeSource& time)
         : m_text(statement)
+        , m_time(time)
     {}
 
     [[nodiscard]] const QString& Text() const { return m_text; }
@@ -37,6 +40,7 @@ private:
     [[nodiscard]] Token Number();
 
     QString m_text;
+    const text::TimeSource& m_time;
     qsizetype m_at = 0;
 };
 

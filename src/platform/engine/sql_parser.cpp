@@ -22,8 +22,8 @@ const QStringList kReserved = {
 class Parser
 {
 public:
-    explicit Parser(const QString& text)
-        : m_lexer(text)
+    Parser(const QString& text, const text::TimeSource& time)
+        : m_lexer(text, time)
     {
         Advance();
     }
@@ -595,9 +595,9 @@ private:
 
 } // namespace
 
-Statement Parse(const QString& text)
+Statement Parse(const QString& text, const text::TimeSource& time)
 {
-    return Parser(text).Read();
+    return Parser(text, time).Read();
 }
 
 } // namespace vasclip::engine::sql

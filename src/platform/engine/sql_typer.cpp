@@ -119,11 +119,11 @@ TypedPtr ToField(const TypedPtr& value, const TableDef* source, const Field& fie
 class Typer
 {
 public:
-    Typer(const QString& text, Catalog& catalog, const QDateTime& now)
+    Typer(const QString& text, Catalog& catalog, const text::TimeSource& time)
         : m_text(text)
         , m_catalog(catalog)
-        , m_now(now)
-        , m_statement(Parse(text))
+        , m_now(time.Now())
+        , m_statement(Parse(text, time))
     {}
 
     TypedStatement Run()
@@ -409,9 +409,9 @@ private:
 
 } // namespace
 
-TypedStatement Type(const QString& text, Catalog& catalog, const QDateTime& now)
+TypedStatement Type(const QString& text, Catalog& catalog, const text::TimeSource& time)
 {
-    return Typer(text, catalog, now).Run();
+    return Typer(text, catalog, time).Run();
 }
 
 TypedStatement WholeTable(const TableDef& table)

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "platform/engine/sql_typed.h"
-
-#include <QDateTime>
+#include "platform/text/time_source.h"
 
 namespace vasclip::engine::sql {
 
@@ -18,10 +17,10 @@ public:
 };
 
 /// Reads one statement and applies the rules of the dialect to it. Depends on nothing but its arguments.
-/// @param now  what NOW() and DATE() mean
+/// @param time  what NOW() and DATE() mean, one moment for the whole statement
 /// @throws 3075 syntax, 3061 unknown names, 3078 unknown table, 3127 unknown field to insert into, 3346
 /// number of values, 3421 a value that its field cannot hold
-[[nodiscard]] TypedStatement Type(const QString& text, Catalog& catalog, const QDateTime& now);
+[[nodiscard]] TypedStatement Type(const QString& text, Catalog& catalog, const text::TimeSource& time);
 
 /// A whole table, as SELECT * without an order gives it.
 [[nodiscard]] TypedStatement WholeTable(const TableDef& table);

@@ -96,14 +96,14 @@ double NumberOf(std::string_view text)
     return negative ? -value : value;
 }
 
-bool SerialOf(std::string_view text, double& serial)
+bool SerialOf(std::string_view text, const text::TimeSource& time, double& serial)
 {
     if (PlainDate(text, serial))
         return true;
     const QString whole = text::Trim(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
     if (whole.isEmpty())
         return false;
-    const auto date = text::ReadDate(whole, QDate::currentDate());
+    const auto date = text::ReadDate(whole, time.Today());
     if (!date)
         return false;
     serial = ToSerial(*date);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/text/time_source.h"
+
 #include <string_view>
 
 namespace vasclip::engine {
@@ -9,6 +11,7 @@ namespace vasclip::engine {
 
 /// The serial of a date text (days from 30 December 1899, the time as a fraction). @return false if it is no
 /// date
-[[nodiscard]] bool SerialOf(std::string_view text, double& serial);
+/// @param time  whose year one without a year is of
+[[nodiscard]] bool SerialOf(std::string_view text, const text::TimeSource& time, double& serial);
 
 } // namespace vasclip::engine

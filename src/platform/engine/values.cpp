@@ -103,7 +103,7 @@ QString DateToText(const QDateTime& value)
     return text::Format(value, midnight ? u"m/d/yyyy"_s : u"m/d/yyyy h:nn:ss AM/PM"_s);
 }
 
-QVariant FitToField(const Field& field, const QVariant& value)
+QVariant FitToField(const Field& field, const QVariant& value, const text::TimeSource& time)
 {
     if (!value.isValid() || value.isNull())
         return {};
@@ -138,7 +138,7 @@ QVariant FitToField(const Field& field, const QVariant& value)
         if (value.typeId() == QMetaType::QDateTime || value.typeId() == QMetaType::QDate)
             return value.toDateTime();
         if (value.typeId() == QMetaType::QString) {
-            const auto date = text::ReadDate(value.toString(), QDate::currentDate());
+            const auto date = text::ReadDate(value.toString(), time.Today());
             if (!date)
                 ThrowConversion(field, value);
             return *date;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/engine/types.h"
+#include "platform/text/time_source.h"
 
 #include <QDateTime>
 #include <QVariant>
@@ -16,7 +17,8 @@ namespace vasclip::engine {
 /// A value as a field of that type and size holds it. A null one stays null.
 /// @throws 3163 too long for the field, 3421 of a type that cannot be converted, 3315 empty text where none
 /// may be
-[[nodiscard]] QVariant FitToField(const Field& field, const QVariant& value);
+[[nodiscard]] QVariant FitToField(const Field& field, const QVariant& value,
+                                  const text::TimeSource& time);
 
 // What a statement says of a value that its field cannot take.
 [[noreturn]] void ThrowTooLong(const QString& field, int size); ///< @throws 3163

@@ -98,9 +98,8 @@ void MapChange::Recover()
 
 QString MapChange::NewFile(const QString& county) const
 {
-    // By time and by chance: two imports within a moment must not meet.
-    const QString stamp = QString::number(QDateTime::currentMSecsSinceEpoch(), 36) +
-                          QString::number(QRandomGenerator::system()->bounded(36 * 36 * 36), 36);
+    // By chance: two imports must not meet, not even from two machines.
+    const QString stamp = QString::number(QRandomGenerator::system()->generate64(), 36);
     return m_directory + u'/' + county + u'-' + stamp + End();
 }
 

@@ -1,6 +1,7 @@
 #include "platform/engine/health.h"
 #include "platform/engine/home.h"
 #include "support/exclusive_lock.h"
+#include "support/standing_time.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -286,7 +287,7 @@ TEST_F(DamageTest, AReadThatIsKeptWaitingIsNoFailedUpdate)
         EXPECT_TRUE(text.startsWith(u"Could not read; currently locked by another user"_s)) << text.toStdString();
         EXPECT_EQ(ErrorOf([&] { edited->Update(); }), error::kCouldNotUpdateLocked);
         EXPECT_EQ(ErrorOf([&] { CheckDatabase(*database, CheckDepth::Opening); }), error::kCouldNotReadLocked);
-        Engine another(home.disk);
+        Engine another(home.disk, tests::SomeTime());
         another.SetLockWait(50);
         EXPECT_EQ(ErrorOf([&] { static_cast<void>(another.OpenDatabase(kFile)); }), error::kCouldNotReadLocked);
     }

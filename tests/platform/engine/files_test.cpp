@@ -348,7 +348,7 @@ TEST_F(FilesTest, LeftSuperJournalsAreSweptWhenNothingNeedsThem)
         Write(row.name, row.content);
         QFile file(home.Native(row.name));
         ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-        const QDateTime time = QDateTime::currentDateTime().addDays(row.old ? -1 : 0);
+        const QDateTime time = home.time.now.addDays(row.old ? -1 : 0);
         ASSERT_TRUE(file.setFileTime(time, QFileDevice::FileModificationTime));
     }
     static_cast<void>(home.engine.OpenDatabase(kFile));

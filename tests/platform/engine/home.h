@@ -2,6 +2,7 @@
 
 #include "platform/engine/database.h"
 #include "platform/engine/errors.h"
+#include "support/standing_time.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -19,7 +20,7 @@ struct Home
 {
     Home()
         : disk(directory.path())
-        , engine(disk)
+        , engine(disk, time)
     {}
 
     [[nodiscard]] QString Native(const QString& name) const
@@ -29,6 +30,7 @@ struct Home
 
     QTemporaryDir directory;
     files::Disk disk;
+    tests::StandingTime time;
     Engine engine;
 };
 

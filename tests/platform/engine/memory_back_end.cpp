@@ -63,7 +63,7 @@ public:
                 return std::make_unique<TableRecordset>(std::move(rows));
             return std::make_unique<Dynaset>(std::move(rows));
         }
-        return std::make_unique<Dynaset>(OpenRows(sql::Type(source, catalog, QDateTime::currentDateTime())));
+        return std::make_unique<Dynaset>(OpenRows(sql::Type(source, catalog, *m_opening->time)));
     }
     [[nodiscard]] std::unique_ptr<RowStore> OpenRows(const sql::TypedStatement& select) override
     {
@@ -156,6 +156,7 @@ std::shared_ptr<Database> MemoryBackEnd::Open(const QString& path, OpenMode mode
     opening->server = ServerOf(path);
     opening->readOnly = mode == OpenMode::ReadOnly;
     opening->rowsAhead = m_rowsAhead;
+    opening->time = m_time;
     ++m_users[path.toUpper()];
     return std::make_shared<MemoryDatabase>(opening, [this, path] { --m_users[path.toUpper()]; });
 }

@@ -25,6 +25,7 @@ public:
     void Copy(const QString& source, const QString& target) override;
     [[nodiscard]] QList<User> Users(const QString& path) const override;
     void SetWaits(std::shared_ptr<Waits> waits) override { m_waits = std::move(waits); }
+    void SetTime(const text::TimeSource& time) override { m_time = &time; }
 
     [[nodiscard]] std::shared_ptr<MemoryServer> ServerOf(const QString& path) const; ///< @throws 3024
 
@@ -34,6 +35,7 @@ private:
     QHash<QString, std::shared_ptr<MemoryServer>> m_servers;
     QHash<QString, int> m_users;
     std::shared_ptr<Waits> m_waits;
+    const text::TimeSource* m_time = nullptr;
 };
 
 } // namespace vasclip::engine

@@ -76,7 +76,7 @@ void MemoryRowStore::ReadKeys(const std::function<bool(std::span<const Bookmark>
     };
     std::vector<Entry> entries;
     for (const auto& [id, row] : Table().rows) {
-        const sql::Evaluator evaluator(ValuesOf(row));
+        const sql::Evaluator evaluator(ValuesOf(row), Time());
         if (!evaluator.Holds(m_select.where))
             continue;
         Entry entry{Bookmark{id}, {}, {}};
@@ -113,10 +113,10 @@ QVariantList MemoryRowStore::ReadComputed()
 {
     std::vector<sql::RowValues> rows;
     for (const auto& [id, row] : Table().rows) {
-        if (sql::Evaluator(ValuesOf(row)).Holds(m_select.where))
+        if (sql::Evaluator(ValuesOf(row), Time()).Holds(m_select.where))
             rows.push_back(ValuesOf(row));
     }
-    const sql::Evaluator evaluator(std::move(rows));
+    const sql::Evaluator evaluator(std::move(rows), Time());
     QVariantList values;
     for (const sql::TypedColumn& column : m_select.columns)
         values.append(sql::ToField(evaluator.Evaluate(*column.value), column.field.type));
@@ -134,7 +134,7 @@ std::vector<std::optional<StoredRow>> MemoryRowStore::Read(std::span<const Bookm
             rows.emplace_back();
             continue;
         }
-        const sql::Evaluator evaluator(ValuesOf(found->second));
+        const sql::Evaluator evaluator(ValuesOf(found->second), Time());
         StoredRow row{found->second.version, {}};
         for (const int field : fields) {
             const sql::TypedColumn& column = m_select.columns[static_cast<std::size_t>(field)];
@@ -162,7 +162,7 @@ QVariant MemoryRowStore::ReadLong(Bookmark id, int field)
     if (found == table.rows.end())
         throw RuntimeError(error::kRecordDeleted, u"The record was deleted by somebody else"_s);
     const sql::TypedColumn& column = m_select.columns[static_cast<std::size_t>(field)];
-    return sql::Evaluator(ValuesOf(found->second)).Evaluate(*column.value);
+    return sql::Evaluator(ValuesOf(found->second), Time()).Evaluate(*column.value);
 }
 
 QByteArray MemoryRowStore::ReadPiece(Bookmark id, int source, qint64 offset, qint64 bytes)

@@ -18,6 +18,7 @@ struct MemoryOpening
     bool readOnly = false;
     bool open = true;
     int rowsAhead = 1;
+    const text::TimeSource* time = nullptr;
     quint64 generation = 0; ///< raised by this opening's own changes
 };
 
@@ -35,6 +36,7 @@ public:
     {
         return u"You have no right to change %1"_s.arg(m_shape.table.name);
     }
+    [[nodiscard]] const text::TimeSource& Time() const override { return *m_opening->time; }
     [[nodiscard]] quint64 Generation() const override { return m_opening->generation; }
     void ReadKeys(const std::function<bool(std::span<const Bookmark>)>& sink) override;
     [[nodiscard]] QVariantList ReadComputed() override;

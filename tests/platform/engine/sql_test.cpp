@@ -355,7 +355,7 @@ struct OneTable final : sql::Catalog
 sql::Plan Translated(const QString& sql)
 {
     OneTable tables;
-    return sql::Print(sql::Type(sql, tables, QDateTime()), [](const QString& database) {
+    return sql::Print(sql::Type(sql, tables, tests::SomeTime()), [](const QString& database) {
         return database.isEmpty() ? u"main"_s : u"file1"_s;
     });
 }

@@ -2,6 +2,7 @@
 
 #include "platform/engine/sqlite/functions.h"
 #include "platform/text/runtime_error.h"
+#include "support/standing_time.h"
 
 #include <gtest/gtest.h>
 
@@ -305,7 +306,7 @@ TEST_F(TextIndexStamps, OurChangesCarryItOn)
 {
     EXPECT_TRUE(Stamped());
     const auto rows = database->OpenRecordset(u"COMPS"_s, RecordsetType::Table);
-    Engine othersEngine(home.disk);
+    Engine othersEngine(home.disk, tests::SomeTime());
     const auto other = othersEngine.OpenDatabase(u"C:\\TEXT.MDB"_s);
     const std::pair<const char*, std::function<void()>> changes[] = {
         {"a row", [&] { Add(u"22 FERRY RD"_s, u"river"_s); }},

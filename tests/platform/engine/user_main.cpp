@@ -8,6 +8,7 @@
 
 #include "platform/engine/database.h"
 #include "platform/engine/errors.h"
+#include "support/standing_time.h"
 
 #include <cstdio>
 #include <iostream>
@@ -32,7 +33,7 @@ void Seek(engine::Recordset& table, const QString& key)
 int Work(const QStringList& words)
 {
     const files::Disk disk(words[1]);
-    engine::Engine engine(disk);
+    engine::Engine engine(disk, tests::SomeTime());
     engine.SetLockWait(30000);
     const QString& what = words[3];
     const auto mode =

@@ -45,7 +45,8 @@ std::shared_ptr<Connection> SqliteBackEnd::Connect(const QString& native, const 
     if (auto connection = place.lock())
         return connection;
     auto connection =
-        std::make_shared<Connection>(Connection::Setup{native, shown, m_workspace->waits, readOnly});
+        std::make_shared<Connection>(
+            Connection::Setup{native, shown, m_workspace->waits, m_workspace->time, readOnly});
     place = connection;
     return connection;
 }
@@ -67,7 +68,7 @@ std::shared_ptr<Database> SqliteBackEnd::Open(const QString& path, OpenMode mode
                           !QFileInfo(info.absolutePath()).isWritable();
     session->connection = Connect(native, path, readOnly);
     if (!readOnly)
-        SweepSuperJournals(native);
+        SweepSuperJournals(native, m_workspace->time->Now());
     if (session->Updatable() && session->connection.use_count() == 1)
         TextIndex::Sweep(*session->connection);
     return std::make_shared<SqliteDatabase>(std::move(session));
@@ -77,7 +78,7 @@ void SqliteBackEnd::Create(const QString& path)
 {
     NewFile file(Disk().ToNative(path), path);
     {
-        Connection connection({file.Path(), path, m_workspace->waits, false, true});
+        Connection connection({file.Path(), path, m_workspace->waits, m_workspace->time, false, true});
     }
     file.Finish();
 }

@@ -17,6 +17,7 @@ public:
     void Copy(const QString& source, const QString& target) override;
     [[nodiscard]] QList<User> Users(const QString& path) const override;
     void SetWaits(std::shared_ptr<Waits> waits) override { m_workspace->waits = std::move(waits); }
+    void SetTime(const text::TimeSource& time) override { m_workspace->time = &time; }
 
 private:
     [[nodiscard]] const files::Disk& Disk() const { return *m_workspace->disk; }

@@ -52,7 +52,7 @@ double NumberOf(sqlite3_value* value)
                                                           : engine::NumberOf(Bytes(value));
 }
 
-bool SerialOf(sqlite3_value* value, double& serial)
+bool SerialOf(sqlite3_context* context, sqlite3_value* value, double& serial)
 {
     switch (sqlite3_value_type(value)) {
     case SQLITE_NULL:
@@ -62,7 +62,8 @@ bool SerialOf(sqlite3_value* value, double& serial)
         serial = sqlite3_value_double(value);
         return true;
     default:
-        return engine::SerialOf(Bytes(value), serial);
+        return engine::SerialOf(
+            Bytes(value), *static_cast<const text::TimeSource*>(sqlite3_user_data(context)), serial);
     }
 }
 
@@ -77,14 +78,14 @@ void Num(sqlite3_context* context, int, sqlite3_value** values)
 void Date(sqlite3_context* context, int, sqlite3_value** values)
 {
     double serial = 0;
-    if (SerialOf(values[0], serial))
+    if (SerialOf(context, values[0], serial))
         sqlite3_result_double(context, serial);
 }
 
 void IsDate(sqlite3_context* context, int, sqlite3_value** values)
 {
     double serial = 0;
-    sqlite3_result_int(context, SerialOf(values[0], serial) ? 1 : 0);
+    sqlite3_result_int(context, SerialOf(context, values[0], serial) ? 1 : 0);
 }
 
 void Like(sqlite3_context* context, int count, sqlite3_value** values)
@@ -191,7 +192,7 @@ void FormatValue(sqlite3_context* context, int, sqlite3_value** values)
     const QString picture = TextOf(values[1]);
     if (sqlite3_value_int(values[2]) != 0) {
         double serial = 0;
-        if (SerialOf(values[0], serial))
+        if (SerialOf(context, values[0], serial))
             Give(context, text::Format(FromSerial(serial), picture));
         else
             Give(context, TextOf(values[0]));
@@ -296,11 +297,12 @@ void RegisterCollation(sqlite3* handle)
     sqlite3_create_collation_v2(handle, "VAS", SQLITE_UTF8, nullptr, &Collate, nullptr);
 }
 
-void RegisterFunctions(sqlite3* handle)
+void RegisterFunctions(sqlite3* handle, const text::TimeSource& time)
 {
+    void* known = const_cast<text::TimeSource*>(&time); // as SQLite keeps it
     for (const auto& row : kFunctions) {
         sqlite3_create_function_v2(handle, row.name, row.arguments,
-                                   SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS, nullptr,
+                                   SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS, known,
                                    row.function, nullptr, nullptr, nullptr);
     }
 }

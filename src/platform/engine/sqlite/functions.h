@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/text/time_source.h"
+
 struct sqlite3;
 
 namespace vasclip::engine {
@@ -8,7 +10,8 @@ namespace vasclip::engine {
 void RegisterCollation(sqlite3* handle);
 
 /// Makes the functions known that translated statements call (`vas_num`, `vas_date`, `vas_like`, ...).
-void RegisterFunctions(sqlite3* handle);
+/// @param time  outlives the handle
+void RegisterFunctions(sqlite3* handle, const text::TimeSource& time);
 
 /// Leads the message of a value that `vas_fit` found too long; the field's name and size follow.
 inline constexpr char kTooLongMark[] = "vas_too_long:";

@@ -16,6 +16,7 @@ class SqliteRowStore;
 struct Workspace
 {
     const files::Disk* disk = nullptr;
+    const text::TimeSource* time = nullptr;
     std::shared_ptr<Waits> waits = std::make_shared<Waits>(); ///< the engine gives its own
     QHash<QString, std::weak_ptr<Connection>> connections;
     OpenForeign openForeign; ///< of a database that a statement names

@@ -154,7 +154,7 @@ std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(const QString& source, 
         throw RuntimeError(error::kInvalidOperation, u"A query can not be opened as a table"_s);
     const Detaching detaching(connection);
     SessionCatalog catalog(*m_session);
-    const sql::TypedStatement statement = sql::Type(source, catalog, QDateTime::currentDateTime());
+    const sql::TypedStatement statement = sql::Type(source, catalog, *m_session->workspace->time);
     if (statement.kind != sql::Statement::Kind::Select)
         throw RuntimeError(error::kInvalidOperation,
                            u"This statement changes data and gives no records to open"_s);
@@ -194,7 +194,7 @@ qint64 SqliteDatabase::Execute(const QString& text)
     Connection& connection = Open();
     const Detaching detaching(connection);
     SessionCatalog catalog(*m_session);
-    const sql::TypedStatement statement = sql::Type(text, catalog, QDateTime::currentDateTime());
+    const sql::TypedStatement statement = sql::Type(text, catalog, *m_session->workspace->time);
     if (statement.kind == Kind::Select)
         throw RuntimeError(error::kInvalidOperation, u"A SELECT gives records: open it as a record set"_s);
     const auto from = catalog.Foreign(statement.from.database);

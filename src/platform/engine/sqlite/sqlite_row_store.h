@@ -22,6 +22,7 @@ public:
     void NeedOpen() const override { static_cast<void>(Open()); }
     [[nodiscard]] bool Updatable() const override { return m_connection && m_session->Updatable(); }
     [[nodiscard]] QString WhyReadOnly() const override { return m_session->WhyReadOnly(); }
+    [[nodiscard]] const text::TimeSource& Time() const override { return *m_session->workspace->time; }
     [[nodiscard]] quint64 Generation() const override { return Open().Generation(); }
     void ReadKeys(const std::function<bool(std::span<const Bookmark>)>& sink) override;
     [[nodiscard]] QVariantList ReadComputed() override;

@@ -1,6 +1,5 @@
 #include "platform/engine/sqlite/super_journal.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -28,11 +27,11 @@ bool IsNeeded(const QString& path)
 
 } // namespace
 
-void SweepSuperJournals(const QString& nativePath)
+void SweepSuperJournals(const QString& nativePath, const QDateTime& now)
 {
     const QFileInfo info(nativePath);
     const QDir directory(info.path());
-    const QDateTime limit = QDateTime::currentDateTime().addSecs(-kYoungSeconds);
+    const QDateTime limit = now.addSecs(-kYoungSeconds);
     // Brackets and stars in a name are characters to match here, so the names are compared one by one.
     const QString start = info.fileName() + u"-mj"_s;
     for (const QFileInfo& entry : directory.entryInfoList(QDir::Files)) {

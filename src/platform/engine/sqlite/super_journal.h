@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 
 namespace vasclip::engine {
@@ -9,6 +10,6 @@ namespace vasclip::engine {
 ///
 /// One is needed as long as a journal that it names exists: without it, that journal would no longer be
 /// rolled back. Young ones are left alone, since a commit may be under way. Never throws.
-void SweepSuperJournals(const QString& nativePath);
+void SweepSuperJournals(const QString& nativePath, const QDateTime& now);
 
 } // namespace vasclip::engine

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "house/include_graph.h"
+
+namespace vasclip::house {
+
+/// What a file of the house takes by itself though it should be handed it: the system's clock. Empty when all is
+/// well.
+[[nodiscard]] QStringList HandedViolations(const Sources& sources);
+
+} // namespace vasclip::house
