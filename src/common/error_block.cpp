@@ -24,18 +24,18 @@ QString FixedLength(const char* name)
     return QString::fromUtf8(name).leftJustified(kNameLength, u' ', true);
 }
 
-/// Scopes come and go with every cell that goes over the link, so names are made texts only when asked for.
+/// What belongs to the stack of calls, of which each thread has one. Scopes come and go with every cell that goes over
+/// the link, so names are made texts only when asked for.
 struct State
 {
     const char* current = "";
     QString failed; ///< the innermost routine that the error on its way up has left
-    std::function<void(const QString&)> log;
     QString givenUp; ///< what the user has read and will not try again
 };
 
 State& TheState()
 {
-    static State state;
+    thread_local State state;
     return state;
 }
 
@@ -118,8 +118,7 @@ void ReportError(forms::Prompter& prompter, const RuntimeError& failure)
 {
     State& state = TheState();
     const QString text = ErrorText(failure);
-    if (state.log)
-        state.log(QString(text).replace("\r\n"_L1, " "_L1));
+    prompter.Log(QString(text).replace("\r\n"_L1, " "_L1));
     if (std::exchange(state.givenUp, {}) != failure.Description())
         prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Critical, u"Error"_s, text);
     state.failed.clear();
@@ -128,11 +127,6 @@ void ReportError(forms::Prompter& prompter, const RuntimeError& failure)
 bool TakeGivenUp()
 {
     return !std::exchange(TheState().givenUp, {}).isEmpty();
-}
-
-void SetErrorLog(std::function<void(const QString& line)> log)
-{
-    TheState().log = std::move(log);
 }
 
 } // namespace vasclip::common

@@ -3,7 +3,6 @@
 #include "forms/ports.h"
 #include "platform/text/runtime_error.h"
 
-#include <functional>
 #include <utility>
 
 namespace vasclip::common {
@@ -57,11 +56,7 @@ bool Guarded(forms::Prompter& prompter, Step&& step)
     }
 }
 
-/// What reaches the top is shown with its routine and logged, never forgotten.
-/// The log is `G_UserDir` + "vasclip.log"; see SetErrorLog.
+/// What reaches the top is shown with its routine and logged by the prompter, never forgotten.
 void ReportError(forms::Prompter& prompter, const RuntimeError& failure);
-
-/// Where ReportError appends, one line without its time; an empty function logs nowhere.
-void SetErrorLog(std::function<void(const QString& line)> log);
 
 } // namespace vasclip::common

@@ -24,6 +24,8 @@ public:
     /// @return the button chosen; closing a box is Cancel where it has one, No for YesNo, Abort for
     /// AbortRetryIgnore, else Ok
     virtual Answer MsgBox(Buttons buttons, Icon icon, const QString& title, const QString& text) = 0;
+    /// What reached the top, one line without its time, for the program's log where it keeps one.
+    virtual void Log(const QString&) {}
     /// @param filter  as "*.mdb|Access"; @return the path chosen (a drive path), "" on cancel
     virtual QString OpenDialog(const QString& filter, const QString& title, const QString& directory) = 0;
     /// @param directory  where to begin; @return the directory chosen (a drive path), "" on cancel

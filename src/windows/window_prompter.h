@@ -2,6 +2,8 @@
 
 #include "forms/ports.h"
 
+#include <functional>
+
 class QWidget;
 
 namespace vasclip::files {
@@ -17,6 +19,13 @@ public:
     explicit WindowPrompter(const files::Disk& disk);
     /// The window that boxes belong to when no other window of the program is active.
     void SetOwner(QWidget* owner) { m_owner = owner; }
+    /// Where lines for the log go.
+    void SetLog(std::function<void(const QString& line)> log) { m_log = std::move(log); }
+    void Log(const QString& line) override
+    {
+        if (m_log)
+            m_log(line);
+    }
 
     /// A question of Yes and No stands on No: Enter, pressed too soon, changes nothing. With a Cancel beside them
     /// a warning stands on Cancel, as both answers lose something, and an information on Yes, as No does.
@@ -33,6 +42,7 @@ private:
     [[nodiscard]] QWidget* Owner() const;
     const files::Disk& m_disk;
     QWidget* m_owner = nullptr;
+    std::function<void(const QString&)> m_log;
 };
 
 /// "*.mdb|Access" as a file dialog wants it: "Access (*.mdb)"; further pairs follow.

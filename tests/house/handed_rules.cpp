@@ -1,5 +1,6 @@
 #include "house/handed_rules.h"
 
+#include <QHash>
 #include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
@@ -13,8 +14,10 @@ const QString kSrc = u"src/"_s;
 /// A source without what people read in it alone.
 QString Code(QString text)
 {
-    static const QRegularExpression comment(uR"(//[^\n]*)"_s);
-    return text.remove(comment);
+    static const QRegularExpression comment(uR"(//[^\n]*|/\*.*?\*/)"_s,
+                                            QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression page(uR"re(R"\(.*?\)")re"_s, QRegularExpression::DotMatchesEverythingOption);
+    return text.remove(page).remove(comment);
 }
 
 /// A test sets the clock, so nobody but its port looks at the wall. How long something takes is another matter.
@@ -33,6 +36,47 @@ void CheckClock(const QString& path, const QString& code, QStringList& violation
             path, found.captured()));
 }
 
+/// Where state of the whole process has a reason.
+const QHash<QString, QString>& OfTheProcess()
+{
+    static const QHash<QString, QString> names = {
+        {u"src/common/error_block.cpp"_s, u"state"_s},                // the stack of calls is a thread's
+        {u"src/databook/frm_calendar.cpp"_s, u"g_quickExit"_s},       // a box that stays as the user left it
+        {u"src/platform/desktop/termination_unix.cpp"_s, u"wakeUp"_s}, // a signal handler reaches nothing else
+        {u"src/platform/engine/sqlite/connection.cpp"_s, u"files openMutex"_s}, // locks are the process's
+        {u"src/platform/picture/heif_reader.cpp"_s, u"asideRunning"_s}, // threads that outlive who asked
+        {u"src/platform/street/draw/glyphs.cpp"_s, u"known fonts"_s}, // shapes of letters, which never change
+        {u"src/windows/theme.cpp"_s, u"g_dark"_s},                    // the palette is the application's
+    };
+    return names;
+}
+
+/// What a program remembers is a member of what it owns, so that two of them can stand in one process.
+void CheckState(const QString& path, const QString& code, QStringList& violations)
+{
+    // Namespaces are not indented, and functions with their bodies are no declarations that end at once.
+    static const QRegularExpression ofNamespace(
+        uR"(^(?:(?:static|inline|thread_local)\s+)*)"
+        R"((?!(?:static|inline|thread_local|constexpr|const|constinit|using|return|class|struct|union|enum|namespace|)"
+        R"(template|typedef|extern|friend|public|private|protected|case|default|else|throw|delete|static_assert)\b|Q_))"
+        R"([A-Za-z_][\w:<>,*& ]*[ >*&](\w+)(?:\s*=[^=;][^;]*|\{[^;]*\})?;)"_s,
+        QRegularExpression::MultilineOption);
+    static const QRegularExpression ofFunction(
+        uR"(^\s+(?:static\s+thread_local|thread_local\s+static|static|thread_local)\s+)"
+        R"((?!const\b|constexpr\b|inline\s+const|thread_local\b)[A-Za-z_][\w:<>,*& ]*[ >*&](\w+))"
+        R"((?:\s*=[^=;][^;]*|\s*\{[^;]*\})?;)"_s,
+        QRegularExpression::MultilineOption);
+    const QStringList known = OfTheProcess().value(path).split(u' ');
+    for (const QRegularExpression& pattern : {ofNamespace, ofFunction}) {
+        for (auto found = pattern.globalMatch(code); found.hasNext();) {
+            const QString name = found.next().captured(1);
+            if (!known.contains(name))
+                violations.append(u"%1 keeps %2 for the whole process: the program owns what it remembers"_s.arg(
+                    path, name));
+        }
+    }
+}
+
 } // namespace
 
 QStringList HandedViolations(const Sources& sources)
@@ -43,6 +87,7 @@ QStringList HandedViolations(const Sources& sources)
             continue;
         const QString code = Code(source.value());
         CheckClock(source.key(), code, violations);
+        CheckState(source.key(), code, violations);
     }
     return violations;
 }

@@ -43,6 +43,8 @@ class ScriptedPrompter : public forms::Prompter
 {
 public:
     void Answer(forms::Answer answer) { m_answers.push_back(answer); }
+    void Log(const QString& line) override { logged.append(line); }
+    QStringList logged;
     void AnswerAlways(forms::Answer answer) { m_default = answer; }
     void AnswerDialog(const QString& path) { m_paths.push_back(path); }
 

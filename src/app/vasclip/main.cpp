@@ -114,13 +114,13 @@ std::optional<Options> ReadOptions(const QStringList& arguments)
 }
 
 /// What reached the top is kept where people who help can find it.
-void LogErrorsTo(const QString& file, const text::TimeSource& time)
+std::function<void(const QString&)> LogTo(const QString& file, const text::TimeSource& time)
 {
-    common::SetErrorLog([file, &time](const QString& line) {
+    return [file, &time](const QString& line) {
         QFile log(file);
         if (log.open(QIODevice::Append | QIODevice::Text))
             log.write((time.Now().toString(Qt::ISODate) + u' ' + line + u'\n').toUtf8());
-    });
+    };
 }
 
 class Program
@@ -153,7 +153,7 @@ public:
         };
         m_screens.SetGuard(&m_guard);
         app.installEventFilter(&m_guideKey);
-        LogErrorsTo(QDir(m_disk.Home()).filePath(u"vasclip.log"_s), m_clock);
+        m_prompter.SetLog(LogTo(QDir(m_disk.Home()).filePath(u"vasclip.log"_s), m_clock));
     }
 
     int Run()

@@ -3,6 +3,7 @@
 #include "platform/files/drive_path.h"
 #include "platform/files/drives.h"
 #include "platform/files/failures.h"
+#include "platform/files/kept_inis.h"
 #include "platform/files/listing.h"
 #include "platform/files/native.h"
 #include "platform/files/wildcard.h"
@@ -68,6 +69,7 @@ struct Disk::Private
     QList<std::pair<QChar, QString>> drives;
     QHash<QChar, QString> roots;
     mutable ListingCache listings;
+    KeptInis inis;
 
     [[nodiscard]] QString RootOf(const DrivePath& path) const
     {
@@ -197,6 +199,11 @@ Disk::Disk(const QString& home)
 }
 
 Disk::~Disk() = default;
+
+KeptInis& Disk::Inis() const
+{
+    return d->inis;
+}
 
 QString Disk::Home() const
 {

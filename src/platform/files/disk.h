@@ -12,6 +12,8 @@
 
 namespace vasclip::files {
 
+class KeptInis;
+
 enum Attribute : unsigned { Normal = 0, ReadOnly = 1, Hidden = 2, Directory = 16 };
 
 /// What stands behind the drive letters of one home.
@@ -84,6 +86,9 @@ public:
     /// Replaces a file: new file, flush, rename, so that a reader sees the old or the new one whole.
     /// @throws 61 disk full, 70 permission denied, 75, 76; the old file is then untouched
     void WriteWhole(const QString& path, const QByteArray& content) const;
+
+    /// For the profile calls; may be asked by any thread.
+    [[nodiscard]] KeptInis& Inis() const;
 
 private:
     struct Private;

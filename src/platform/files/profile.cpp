@@ -2,15 +2,13 @@
 
 #include "platform/files/file_lock.h"
 #include "platform/files/ini_text.h"
+#include "platform/files/kept_inis.h"
 #include "platform/files/native.h"
 #include "platform/files/wildcard.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 
-#include <QHash>
-
 #include <memory>
-#include <mutex>
 
 using namespace Qt::StringLiterals;
 
@@ -19,74 +17,12 @@ namespace vasclip::files {
 namespace {
 
 constexpr int kLockWaitMs = 10'000;
-constexpr qsizetype kMostKept = 64;
-
-/// Files as they were read, good while the file bears the same stamps. One that was read in the clock tick of
-/// its last change is not kept: a second change could bear the same stamps.
-class KeptFiles
-{
-public:
-    std::shared_ptr<const IniText> Read(const QString& path)
-    {
-        native::Info info;
-        if (native::Inspect(path, info) != native::Failure::None)
-            return nullptr;
-        {
-            const std::lock_guard lock(m_mutex);
-            const auto kept = m_files.constFind(path);
-            if (kept != m_files.constEnd() && Same(kept->info, info))
-                return kept->text;
-        }
-        const qint64 startedNs = native::StampClockNs();
-        QByteArray content;
-        if (native::ReadAll(path, content) != native::Failure::None)
-            return nullptr;
-        const auto text = std::make_shared<const IniText>(content);
-        const bool settled = startedNs > info.modifiedNs && startedNs > info.changedNs;
-        const std::lock_guard lock(m_mutex);
-        if (m_files.size() >= kMostKept)
-            m_files.clear();
-        if (settled && content.size() == info.size)
-            m_files.insert(path, {info, text});
-        else
-            m_files.remove(path);
-        return text;
-    }
-
-    void Forget(const QString& path)
-    {
-        const std::lock_guard lock(m_mutex);
-        m_files.remove(path);
-    }
-
-private:
-    struct Kept
-    {
-        native::Info info;
-        std::shared_ptr<const IniText> text;
-    };
-
-    static bool Same(const native::Info& a, const native::Info& b)
-    {
-        return a.SameFile(b) && a.size == b.size && a.modifiedNs == b.modifiedNs &&
-               a.changedNs == b.changedNs;
-    }
-
-    std::mutex m_mutex;
-    QHash<QString, Kept> m_files;
-};
-
-KeptFiles& Kept()
-{
-    static KeptFiles files;
-    return files;
-}
 
 /// A name that no drive holds is, to these calls, a file that is not there.
 std::shared_ptr<const IniText> ReadFile(const Disk& disk, const QString& file)
 {
     try {
-        return Kept().Read(disk.ToNative(file));
+        return disk.Inis().Read(disk.ToNative(file));
     } catch (const RuntimeError&) {
         return nullptr;
     }
@@ -141,7 +77,7 @@ bool WriteProfileKeys(const Disk& disk, const QString& file, const QList<Profile
         }
         if (text.IsChanged()) {
             disk.WriteWhole(file, text.Bytes());
-            Kept().Forget(disk.ToNative(file));
+            disk.Inis().Forget(disk.ToNative(file));
         }
         return true;
     } catch (const RuntimeError&) {

@@ -30,6 +30,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+// Of the process and not of an engine: closing a file by any road frees the locks that the process has on it.
 QMutex openMutex;
 QHash<QString, int>& OpenFiles()
 {
@@ -63,15 +64,14 @@ int WaitForLock(void* waiting, int count)
 {
     using std::chrono::milliseconds;
     constexpr std::array kPauses{1, 2, 5, 10, 15, 20, 25}; // short at first: most locks last a few milliseconds
-    static thread_local QElapsedTimer since;
+    auto& [waits, since] = *static_cast<LockWait*>(waiting);
     if (count == 0)
         since.start();
-    auto& waits = *static_cast<Waits*>(waiting);
     const milliseconds waited(since.elapsed());
-    if (!waits.GoOn(waited))
+    if (!waits->GoOn(waited))
         return 0;
     const milliseconds pause(kPauses.at(std::min(static_cast<std::size_t>(count), kPauses.size() - 1)));
-    std::this_thread::sleep_for(std::min(pause, std::max(milliseconds(1), waits.Now().deadline - waited)));
+    std::this_thread::sleep_for(std::min(pause, std::max(milliseconds(1), waits->Now().deadline - waited)));
     return 1;
 }
 
@@ -89,7 +89,7 @@ Connection::Connection(const Setup& setup)
         if (code != SQLITE_OK)
             Fail(code);
         sqlite3_extended_result_codes(m_handle, 1);
-        sqlite3_busy_handler(m_handle, &WaitForLock, setup.waits.get());
+        sqlite3_busy_handler(m_handle, &WaitForLock, &m_lockWait);
         sqlite3_db_config(m_handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
         sqlite3_db_config(m_handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
         sqlite3_db_config(m_handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);

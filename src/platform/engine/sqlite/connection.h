@@ -6,6 +6,7 @@
 #include "platform/engine/waits.h"
 #include "platform/files/disk.h"
 
+#include <QElapsedTimer>
 #include <QHash>
 
 #include <functional>
@@ -20,6 +21,13 @@ namespace vasclip::engine {
 using namespace Qt::StringLiterals;
 
 class Query;
+
+/// The wait of a call for another user's lock.
+struct LockWait
+{
+    Waits* waits;
+    QElapsedTimer since;
+};
 
 /// What this connection knows of a table's full-text index.
 struct TextIndexCheck
@@ -140,6 +148,7 @@ private:
     [[nodiscard]] QString FileOfError() const;
 
     Setup m_setup;
+    LockWait m_lockWait{m_setup.waits.get(), {}};
     sqlite3* m_handle = nullptr;
     QHash<QString, sqlite3_stmt*> m_idle;
     QHash<QString, SchemaState> m_tables;
