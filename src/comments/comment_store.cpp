@@ -6,8 +6,9 @@
 #include "platform/text/call_errors.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
-#include "store/transaction.h"
+#include "store/fields.h"
 #include "store/messages.h"
+#include "store/transaction.h"
 
 #include <algorithm>
 #include <optional>
@@ -21,7 +22,7 @@ using engine::Recordset;
 
 namespace {
 
-const QString kKeyField = u"CENTRALKEY"_s;
+const QString kKeyField = fields::CENTRALKEY;
 const QString kBlankKey(20, QLatin1Char(' '));
 
 /// The record set on its first row, with the column's place in it.

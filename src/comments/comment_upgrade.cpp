@@ -4,6 +4,7 @@
 #include "common/error_block.h"
 #include "platform/engine/errors.h"
 #include "platform/text/runtime_error.h"
+#include "store/fields.h"
 #include "store/messages.h"
 
 #include <optional>
@@ -27,12 +28,9 @@ struct NewField
 
 /// The fields that older files lack, in the order of appending.
 constexpr NewField kNewFields[] = {
-    {QLatin1StringView("FRONTPHOTO"), 0},  {QLatin1StringView("LONGITUDE"), 11},
-    {QLatin1StringView("LATITUDE"), 11},   {QLatin1StringView("ANCHORED"), 1},
-    {QLatin1StringView("COMPID"), 7},      {QLatin1StringView("SALEHIST4"), 20},
-    {QLatin1StringView("SALEHIST5"), 20},  {QLatin1StringView("FINANCETYP"), 20},
-    {QLatin1StringView("CONTRKDATE"), 20}, {QLatin1StringView("OTHERAREA1"), 20},
-    {QLatin1StringView("OTHERAREA2"), 20},
+    {fields::FRONTPHOTO, 0},  {fields::LONGITUDE, 11},  {fields::LATITUDE, 11},   {fields::ANCHORED, 1},
+    {fields::COMPID, 7},      {fields::SALEHIST4, 20},  {fields::SALEHIST5, 20},  {fields::FINANCETYP, 20},
+    {fields::CONTRKDATE, 20}, {fields::OTHERAREA1, 20}, {fields::OTHERAREA2, 20},
 };
 
 qsizetype FieldCount(engine::Engine& engine, const QString& path)

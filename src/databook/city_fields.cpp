@@ -5,6 +5,7 @@
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/change.h"
+#include "store/fields.h"
 #include "store/store.h"
 
 namespace vasclip::databook {
@@ -17,10 +18,10 @@ namespace {
 QMap<QString, QString> Sized(const store::DataSource& databook, const CityEntry& entry)
 {
     QMap<QString, QString> values;
-    for (const auto& [field, value] : {std::pair{u"CITY"_s, entry.city},
-                                       {u"ST"_s, entry.state},
-                                       {u"ZIP"_s, entry.zip},
-                                       {u"COUNTY"_s, entry.county}})
+    for (const auto& [field, value] : {std::pair{fields::CITY, entry.city},
+                                       {fields::ST, entry.state},
+                                       {fields::ZIP, entry.zip},
+                                       {fields::COUNTY, entry.county}})
         values.insert(field, store::Trim2Size(databook, value, field));
     return values;
 }

@@ -6,6 +6,7 @@
 #include "platform/text/dates.h"
 #include "platform/text/text.h"
 #include "store/change.h"
+#include "store/fields.h"
 #include "store/store.h"
 
 #include <cmath>
@@ -19,10 +20,10 @@ using common::RoutineScope;
 namespace {
 
 const QString kStoredPicture = u"mm/dd/yyyy"_s;
-const QString kLoadDate = u"LOADDATE"_s;
-const QString kLoadSerial = u"LOADSERIAL"_s;
-const QString kSaleDate = u"SALEDATE"_s;
-const QString kSaleSerial = u"SALESERIAL"_s;
+const QString kLoadDate = fields::LOADDATE;
+const QString kLoadSerial = fields::LOADSERIAL;
+const QString kSaleDate = fields::SALEDATE;
+const QString kSaleSerial = fields::SALESERIAL;
 
 void StoreLoadDate(store::DataSource& source, QDate today)
 {
@@ -158,7 +159,7 @@ void ErrSaveSaleDate(const forms::Ports& ports, store::DataSource& source, forms
         box.SetText(date);
     }
     ErrSetSaleDate(ports, source, date);
-    store::Updateandfind(ports, source, store::GetFieldData(source, u"CENTRALKEY"_s));
+    store::Updateandfind(ports, source, store::GetFieldData(source, fields::CENTRALKEY));
 }
 
 } // namespace vasclip::databook

@@ -3,6 +3,7 @@
 #include "databook/comp_types.h"
 #include "databook/search_sql.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 #include <QLocale>
 
@@ -92,7 +93,7 @@ QString ChipWords(const SearchField& field, const QString& value, const QString&
     case SearchKind::Date:
         return WordsOf(field.control).arg(DateText(typed, range));
     case SearchKind::Like:
-        if (field.field == "APPRSLTYPE"_L1)
+        if (field.field == fields::APPRSLTYPE)
             for (const CompType& type : CompTypes())
                 if (typed.toUpper() == QLatin1Char(type.letter))
                     return u"Type: %1"_s.arg(QString(type.listText).mid(2));

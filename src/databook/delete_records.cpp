@@ -5,6 +5,7 @@
 #include "databook/messages.h"
 #include "databook/records.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 #include "store/messages.h"
 
 #include <algorithm>
@@ -18,7 +19,7 @@ using common::RoutineScope;
 namespace {
 
 constexpr qsizetype kNamed = 10;
-const QString kKeyField = u"CENTRALKEY"_s;
+const QString kKeyField = fields::CENTRALKEY;
 
 QString Listed(QStringList lines)
 {

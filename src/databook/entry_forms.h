@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/fields.h"
+
 #include <QLatin1StringView>
 #include <QString>
 
@@ -43,8 +45,7 @@ struct EntryForm
     QLatin1StringView screen; ///< "frm_CompMnt1"
     QLatin1StringView caption;
     std::vector<EntryGroup> groups;
-    QLatin1StringView dateField =
-        QLatin1StringView("SALEDATE"); ///< the field that plays the sale date's part
+    QLatin1StringView dateField = fields::SALEDATE; ///< the field that plays the sale date's part
     const char* validation = nullptr;  ///< the routine that is run when the screen opens
     bool limitsAtLoad = false; ///< with it every box takes its field's size at once, not only on focus
     bool rentalAge = false;    ///< the age is what ReturnRentalAge makes of its box

@@ -11,6 +11,7 @@
 #include "platform/text/dates.h"
 #include "platform/text/text.h"
 #include "store/change.h"
+#include "store/fields.h"
 #include "store/messages.h"
 #include "store/store.h"
 
@@ -262,8 +263,8 @@ void EntryRecord::Put(bool leaving)
         if (IsChanged(text.key()))
             store::SetFieldData(datDatabook, text::Trim(text.value()), text.key());
     const QString today = text::Format(Today().startOfDay(), u"mm/dd/yyyy"_s);
-    if (Has(u"MODIFIEDDATE"_s))
-        store::SetFieldData(datDatabook, common::FixDate(today, Today()), u"MODIFIEDDATE"_s);
+    if (Has(fields::MODIFIEDDATE))
+        store::SetFieldData(datDatabook, common::FixDate(today, Today()), fields::MODIFIEDDATE);
     PutDates(leaving);
     PutNumbers(leaving);
 }
@@ -276,7 +277,7 @@ void EntryRecord::PutDates(bool leaving)
         SetLoadDate2Today(m_desk.ports, datDatabook);
         RepairLoadDate(m_desk.ports, datDatabook);
     }
-    const QString saleDate = u"SALEDATE"_s;
+    const QString saleDate = fields::SALEDATE;
     const bool noSaleDate = Has(saleDate) && store::GetFieldData(datDatabook, saleDate).isEmpty();
     if (OnForm(date) && (IsChanged(date) || (leaving && noSaleDate))) {
         QString dateText = text::Trim(m_texts.value(date));
@@ -286,24 +287,25 @@ void EntryRecord::PutDates(bool leaving)
     } else if (leaving && Has(saleDate)) { // what was not touched keeps its text, be it no date
         const QString serial = SerialText(store::GetFieldData(datDatabook, saleDate), Today());
         if (!serial.isEmpty())
-            store::SetFieldData(datDatabook, serial, u"SALESERIAL"_s);
+            store::SetFieldData(datDatabook, serial, fields::SALESERIAL);
     }
-    if (leaving || IsChanged(u"LOADDATE"_s))
-        store::SetFieldData(datDatabook, SerialText(store::GetFieldData(datDatabook, u"LOADDATE"_s), Today()),
-                            u"LOADSERIAL"_s);
+    if (leaving || IsChanged(fields::LOADDATE))
+        store::SetFieldData(datDatabook,
+                            SerialText(store::GetFieldData(datDatabook, fields::LOADDATE), Today()),
+                            fields::LOADSERIAL);
 }
 
 /// An age of "12.5" is a number already; of anything else the digits count.
 QString EntryRecord::AgeDigits(const QString& text) const
 {
-    const QString number = PlainNumber(text, u"AGE"_s).value_or(QString());
+    const QString number = PlainNumber(text, fields::AGE).value_or(QString());
     return !number.isEmpty() ? number : DigitsOrZero(m_form.rentalAge ? ReturnRentalAge(text) : text);
 }
 
 /// Prices and areas are stored as plain numbers on every road; what was not touched keeps its text.
 void EntryRecord::PutNumbers(bool leaving)
 {
-    const QString price = u"SELLINGPR"_s, gla = u"GLA"_s, age = u"AGE"_s;
+    const QString price = fields::SELLINGPR, gla = fields::GLA, age = fields::AGE;
     const auto plain = [this](const QString& field) {
         const QString text = store::GetFieldData(datDatabook, field);
         return PlainNumber(text, field).value_or(text);
@@ -324,7 +326,7 @@ void EntryRecord::PutNumbers(bool leaving)
     }
     if (OnForm(price) && OnForm(gla) && (leaving || IsChanged(price) || IsChanged(gla))) {
         const QString perArea = PriceGla(plain(price), plain(gla));
-        store::SetFieldData(datDatabook, perArea.left(Size(u"PRICEGLA"_s)), u"PRICEGLA"_s);
+        store::SetFieldData(datDatabook, perArea.left(Size(fields::PRICEGLA)), fields::PRICEGLA);
     }
 }
 

@@ -11,6 +11,7 @@
 #include "forms/keys.h"
 #include "platform/text/dates.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 #include "store/messages.h"
 #include "store/schema.h"
 
@@ -68,7 +69,7 @@ EntryScreen::EntryScreen(const EntryDesk& desk, const EntryForm& form, EntryReco
     for (const EntryGroup& group : form.groups)
         for (const EntryField& row : group.fields)
             m_boxes.push_back(std::make_unique<EntryBox>(controls, row));
-    if (Box("CITY"_L1) != nullptr) {
+    if (Box(fields::CITY) != nullptr) {
         cboCity.emplace(controls, u"cboCity"_s);
         connect(&*cboCity, &forms::ListBox::ListIndexChanged, this, &EntryScreen::cboCity_Click);
     }
@@ -150,20 +151,20 @@ void EntryScreen::ShowTexts()
         if (box->calendar)
             box->calendar->SetEnabled(!box->box.Locked());
     }
-    m_ageFrom = {m_record.Text(u"YEARBUILT"_s), m_record.Text(QString(m_form.dateField))};
+    m_ageFrom = {m_record.Text(fields::YEARBUILT), m_record.Text(QString(m_form.dateField))};
     ShowNotes();
     ShowPriceGla();
 }
 
 void EntryScreen::ShowPriceGla()
 {
-    const forms::TextBox* price = Box("SELLINGPR"_L1);
-    const forms::TextBox* gla = Box("GLA"_L1);
+    const forms::TextBox* price = Box(fields::SELLINGPR);
+    const forms::TextBox* gla = Box(fields::GLA);
     const auto number = [](const forms::TextBox& box, const QString& field) {
         return PlainNumber(box.Text(), field).value_or(QString());
     };
     if (price != nullptr && gla != nullptr)
-        lblPriceGla.SetCaption(PriceGla(number(*price, u"SELLINGPR"_s), number(*gla, u"GLA"_s)));
+        lblPriceGla.SetCaption(PriceGla(number(*price, fields::SELLINGPR), number(*gla, fields::GLA)));
     else
         lblPriceGla.SetVisible(false);
 }
@@ -275,7 +276,7 @@ void EntryScreen::ErrtxtSaleDate_LostFocus(EntryBox& box)
     const common::RoutineScope scope{"ErrtxtSaleDate_LostFocus"};
     const QDate today = m_desk.ports.clock.Today();
     const QString typed = text::Trim(box.box.Text());
-    const QString means = box.row.field == "SALEDATE"_L1 ? kAPendingSale : kNoLeaseDate;
+    const QString means = box.row.field == fields::SALEDATE ? kAPendingSale : kNoLeaseDate;
     if (common::IsDate(typed, today)) {
         if (const auto note = NoteOn(typed, common::SenseOf(typed, today), common::FixDate(typed, today), means))
             m_record.dateNotes.insert(box.field, *note);
@@ -317,8 +318,8 @@ void EntryScreen::BringBack(EntryBox& box)
 /// The age follows its year built and its sale date; one that was typed stays as long as these do.
 void EntryScreen::Recalculate()
 {
-    forms::TextBox* age = Box("AGE"_L1);
-    const forms::TextBox* year = Box("YEARBUILT"_L1);
+    forms::TextBox* age = Box(fields::AGE);
+    const forms::TextBox* year = Box(fields::YEARBUILT);
     const forms::TextBox* date = Box(m_form.dateField);
     if (age == nullptr || year == nullptr || date == nullptr)
         return;
@@ -382,8 +383,10 @@ void EntryScreen::cboCity_Click()
     if (cboCity->ListIndex() < 0)
         return;
     const CityEntry entry = SplitCity(cboCity->List(cboCity->ListIndex()));
-    const std::pair<QLatin1StringView, QString> parts[] = {
-        {"CITY"_L1, entry.city}, {"ST"_L1, entry.state}, {"ZIP"_L1, entry.zip}, {"COUNTY"_L1, entry.county}};
+    const std::pair<QLatin1StringView, QString> parts[] = {{fields::CITY, entry.city},
+                                                           {fields::ST, entry.state},
+                                                           {fields::ZIP, entry.zip},
+                                                           {fields::COUNTY, entry.county}};
     for (const auto& [field, text] : parts)
         if (forms::TextBox* box = Box(field); box != nullptr && !box->Locked())
             box->SetText(text);

@@ -5,6 +5,7 @@
 #include "databook/messages.h"
 #include "platform/engine/errors.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 #include "store/messages.h"
 #include "store/store.h"
 
@@ -80,11 +81,11 @@ void frm_MassCity::Form_Load()
         const engine::Recordset& comps = m_databook.Recordset();
         box.SetMaxLength(comps.Fields().at(comps.FieldIndex(field)).size);
     };
-    limit(txtneighborhood, u"NEIGHBORHD"_s);
-    limit(txtCity, u"CITY"_s);
-    limit(txtState, u"ST"_s);
-    limit(txtZip, u"ZIP"_s);
-    limit(txtCounty, u"COUNTY"_s);
+    limit(txtneighborhood, fields::NEIGHBORHD);
+    limit(txtCity, fields::CITY);
+    limit(txtState, fields::ST);
+    limit(txtZip, fields::ZIP);
+    limit(txtCounty, fields::COUNTY);
     OpenRecords();
 }
 
@@ -137,8 +138,8 @@ void frm_MassCity::ShowRecord()
     bool gone = false;
     if (place >= 0) {
         try {
-            for (const QString& field :
-                 {u"CENTRALKEY"_s, u"NEIGHBORHD"_s, u"CITY"_s, u"ST"_s, u"ZIP"_s, u"COUNTY"_s})
+            for (const auto field : {fields::CENTRALKEY, fields::NEIGHBORHD, fields::CITY, fields::ST,
+                                         fields::ZIP, fields::COUNTY})
                 texts.append(Stored(field));
         } catch (const RuntimeError& failure) {
             if (failure.Number() != error::kRecordDeleted)
@@ -184,7 +185,7 @@ void frm_MassCity::cmdOk_Click()
     const QString key = lblCentralKey.Caption();
     if (key.isEmpty())
         return;
-    if (!store::FindRecord(m_ports, m_databook, key, u"CENTRALKEY"_s)) {
+    if (!store::FindRecord(m_ports, m_databook, key, fields::CENTRALKEY)) {
         lblmsg.Show(kNoSuchAddress.arg(key), forms::Colour::Red);
         return;
     }

@@ -3,6 +3,7 @@
 #include "common/error_block.h"
 #include "databook/records.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 #include "store/store.h"
 
 namespace vasclip::databook {
@@ -37,8 +38,8 @@ void frm_Rename::Form_Load()
 {
     const common::RoutineScope scope{"frm_Rename"};
     // Most new addresses differ from the old one in a few characters.
-    const bool found = store::FindRecord(m_ports, m_databook, m_key, u"CENTRALKEY"_s);
-    const QString address = found ? store::GetFieldData(m_databook, u"ADDRESS"_s) : QString();
+    const bool found = store::FindRecord(m_ports, m_databook, m_key, fields::CENTRALKEY);
+    const QString address = found ? store::GetFieldData(m_databook, fields::ADDRESS) : QString();
     cboNewName.SetText(address.isEmpty() ? m_key : address);
     cboNewName.SetFocus();
 }

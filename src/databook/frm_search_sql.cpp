@@ -8,6 +8,7 @@
 #include "databook/messages.h"
 #include "forms/keys.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 #include <QScopedValueRollback>
 
@@ -138,8 +139,8 @@ frm_SearchSQL::frm_SearchSQL(const Base& base)
     , lblmsg(controls, u"lblmsg"_s)
     , lblSQL(controls, u"lblSQL"_s)
     , m_base(base)
-    , m_keys(base.datsql, u"CENTRALKEY"_s)
-    , m_addresses(base.datsql, u"ADDRESS"_s)
+    , m_keys(base.datsql, fields::CENTRALKEY)
+    , m_addresses(base.datsql, fields::ADDRESS)
 {
     cmdSearch.SetCaption(u"&Search"_s);
     cmdClear.SetCaption(u"&Clear"_s);
@@ -229,7 +230,7 @@ void frm_SearchSQL::WireRange(const SearchBox& box)
 void frm_SearchSQL::WireDate(const SearchBox& box)
 {
     const QString control(box.row.control);
-    const QString title = box.row.field == "SALEDATE"_L1 ? u"Sale Date"_s : u"Load Date"_s;
+    const QString title = box.row.field == fields::SALEDATE ? u"Sale Date"_s : u"Load Date"_s;
     auto* value = qobject_cast<forms::TextBox*>(box.value.get());
     connect(value, &forms::Control::LostFocus, this, [this, &box] { FixDateBox(box); });
     connect(value, &forms::TextBox::TextChanged, this, [this, &box, control] {
@@ -262,7 +263,7 @@ void frm_SearchSQL::FixDateBox(const SearchBox& box)
     const QString fixed = sense == common::DateSense::Unreadable ? kUnreadDate : common::FixDate(typed, today);
     const QScopedValueRollback fixing(m_fixing, true);
     SetText(control, fixed);
-    const QString means = box.row.field == "SALEDATE"_L1 ? kAPendingSale : QString();
+    const QString means = box.row.field == fields::SALEDATE ? kAPendingSale : QString();
     if (const auto note = NoteOn(typed, sense, fixed, means)) {
         m_typed.insert(control, typed);
         box.note->Tell(*note, fixed);

@@ -3,6 +3,7 @@
 #include "common/error_block.h"
 #include "platform/text/dates.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 #include "store/schema.h"
 
 #include <array>
@@ -24,16 +25,16 @@ struct PlanRow
 
 // In the order of the SELECT. A field that sorts as a number stands to the right.
 constexpr std::array kPlan = {
-    PlanRow{Text("FRONT"), 56},       PlanRow{Text("CENTRALKEY"), 210}, PlanRow{Text("ADDRESS"), 200},
-    PlanRow{Text("PHOTOS"), 150},     PlanRow{Text("CITY"), 120},       PlanRow{Text("ST"), 60},
-    PlanRow{Text("ZIP"), 64},         PlanRow{Text("COUNTY"), 110},     PlanRow{Text("NEIGHBORHD"), 140},
-    PlanRow{Text("CENSUSTRCT"), 112}, PlanRow{Text("TAXMAPNUM"), 110},  PlanRow{Text("GLA"), 64},
-    PlanRow{Text("SELLINGPR"), 80},   PlanRow{Text("PRICEGLA"), 92},    PlanRow{Text("BEDROOM"), 92},
-    PlanRow{Text("BATH"), 64},        PlanRow{Text("AGE"), 48},         PlanRow{Text("APPRSLTYPE"), 56},
-    PlanRow{Text("STRCODE"), 72},     PlanRow{Text("CTSCODE"), 88},     PlanRow{Text("LOADDATE"), 90},
-    PlanRow{Text("SALEDATE"), 90},    PlanRow{Text("PORCHPATI2"), 120}, PlanRow{Text("BASEMENT"), 120},
-    PlanRow{Text("LONGITUDE"), 96},   PlanRow{Text("LATITUDE"), 96},    PlanRow{Text("ANCHORED"), 90},
-    PlanRow{Text("DESIGNAPPL"), 120}, PlanRow{Text("NOTES"), 240},
+    PlanRow{fields::FRONT, 56},       PlanRow{fields::CENTRALKEY, 210}, PlanRow{fields::ADDRESS, 200},
+    PlanRow{fields::PHOTOS, 150},     PlanRow{fields::CITY, 120},       PlanRow{fields::ST, 60},
+    PlanRow{fields::ZIP, 64},         PlanRow{fields::COUNTY, 110},     PlanRow{fields::NEIGHBORHD, 140},
+    PlanRow{fields::CENSUSTRCT, 112}, PlanRow{fields::TAXMAPNUM, 110},  PlanRow{fields::GLA, 64},
+    PlanRow{fields::SELLINGPR, 80},   PlanRow{fields::PRICEGLA, 92},    PlanRow{fields::BEDROOM, 92},
+    PlanRow{fields::BATH, 64},        PlanRow{fields::AGE, 48},         PlanRow{fields::APPRSLTYPE, 56},
+    PlanRow{fields::STRCODE, 72},     PlanRow{fields::CTSCODE, 88},     PlanRow{fields::LOADDATE, 90},
+    PlanRow{fields::SALEDATE, 90},    PlanRow{fields::PORCHPATI2, 120}, PlanRow{fields::BASEMENT, 120},
+    PlanRow{fields::LONGITUDE, 96},   PlanRow{fields::LATITUDE, 96},    PlanRow{fields::ANCHORED, 90},
+    PlanRow{fields::DESIGNAPPL, 120}, PlanRow{fields::NOTES, 240},
 };
 
 struct Order
@@ -43,9 +44,9 @@ struct Order
 };
 
 // SORTGRID 1 to 6.
-constexpr std::array kOrders = {Order{Text("ADDRESS"), false},  Order{Text("SALEDATE"), true},
-                                Order{Text("SELLINGPR"), true}, Order{Text("GLA"), true},
-                                Order{Text("PRICEGLA"), true},  Order{Text("LOADDATE"), true}};
+constexpr std::array kOrders = {Order{fields::ADDRESS, false},  Order{fields::SALEDATE, true},
+                                Order{fields::SELLINGPR, true}, Order{fields::GLA, true},
+                                Order{fields::PRICEGLA, true},  Order{fields::LOADDATE, true}};
 
 const QString kShortDate = u"Short Date"_s;
 const QString kFormatText = u"FormatText Event"_s;
@@ -54,9 +55,9 @@ constexpr QChar kFrontMark(0x25CF); // a black circle
 
 QString FormatOf(const QString& field)
 {
-    if (field == Text("SALEDATE") || field == Text("LOADDATE"))
+    if (field == fields::SALEDATE || field == fields::LOADDATE)
         return kShortDate;
-    return field == Text("FRONT") ? kFormatText : QString();
+    return field == fields::FRONT ? kFormatText : QString();
 }
 
 /// Views of a PHOTOS text, "FRONT VIEW, REAR VIEW".
@@ -203,7 +204,7 @@ const QList<forms::GridColumn>& DefaultColumns()
                          .numberFormat = FormatOf(field),
                          .rightAligned = stored && stored->sorts == engine::SortsAs::Number,
                          .sortable = SortGridOf(field) != 0,
-                         .fixed = row.field == Text("CENTRALKEY")});
+                         .fixed = row.field == fields::CENTRALKEY});
         }
         return plan;
     }();
@@ -241,7 +242,7 @@ QString FormatCell(const forms::GridColumn& column, const QString& stored, QDate
         const std::optional<QDateTime> value = text::ReadDate(date, today);
         return value ? text::Format(*value, kShortDate) : date;
     }
-    if (column.field.compare(Text("PHOTOS"), Qt::CaseInsensitive) == 0)
+    if (column.field.compare(fields::PHOTOS, Qt::CaseInsensitive) == 0)
         return PhotoViews(stored);
     return OneLine(stored);
 }
@@ -279,7 +280,7 @@ void DisplayAllRecords(const forms::Ports& ports, RecordDesk& desk, store::DataS
     rows.Follow(desk.grddatabook);
     desk.grddatabook.Rebind(&rows);
     desk.grddatabook.Refresh();
-    desk.txtcentralkey.SetText(text::Trim(desk.grddatabook.CurrentText(u"CENTRALKEY"_s)));
+    desk.txtcentralkey.SetText(text::Trim(desk.grddatabook.CurrentText(fields::CENTRALKEY)));
 }
 
 } // namespace vasclip::databook

@@ -1,6 +1,7 @@
 #include "databook/number_text.h"
 
 #include "databook/messages.h"
+#include "store/fields.h"
 
 #include <QRegularExpression>
 
@@ -10,8 +11,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr auto kPrice = "SELLINGPR"_L1;
-constexpr auto kArea = "GLA"_L1;
+constexpr auto kPrice = fields::SELLINGPR;
+constexpr auto kArea = fields::GLA;
 
 } // namespace
 

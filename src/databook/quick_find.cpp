@@ -5,6 +5,7 @@
 #include "databook/messages.h"
 #include "platform/engine/errors.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 #include <algorithm>
 #include <bit>
@@ -22,7 +23,8 @@ constexpr qint64 kBits = 64;
 
 const QStringList& QuickFindFields()
 {
-    static const QStringList fields{u"CENTRALKEY"_s, u"ADDRESS"_s, u"CITY"_s, u"NEIGHBORHD"_s, u"NOTES"_s};
+    static const QStringList fields{fields::CENTRALKEY, fields::ADDRESS, fields::CITY, fields::NEIGHBORHD,
+                                    fields::NOTES};
     return fields;
 }
 

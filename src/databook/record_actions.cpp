@@ -5,6 +5,7 @@
 #include "databook/messages.h"
 #include "databook/records.h"
 #include "forms/screen.h"
+#include "store/fields.h"
 #include "store/messages.h"
 #include "store/store.h"
 
@@ -50,7 +51,7 @@ void Rename(const RecordWork& work, RenameMode mode)
     if (!work.desk.VerifyAddress(work.status))
         return;
     const QString key = WantedKey(work);
-    if (!store::FindRecord(work.ports, work.databook, key, u"CENTRALKEY"_s)) {
+    if (!store::FindRecord(work.ports, work.databook, key, fields::CENTRALKEY)) {
         Refuse(work, {RecordOutcome::NotFound, kNoSuchAddress.arg(key)});
         return;
     }
@@ -95,7 +96,7 @@ void CompEditRecord(const RecordWork& work)
     if (!work.desk.VerifyAddress(work.status))
         return;
     const QString key = WantedKey(work);
-    if (store::FindRecord(work.ports, work.databook, key, u"CENTRALKEY"_s))
+    if (store::FindRecord(work.ports, work.databook, key, fields::CENTRALKEY))
         Open(work, key);
     else
         Refuse(work, {RecordOutcome::NotFound, kNoSuchAddress.arg(key)});
@@ -107,7 +108,7 @@ void CompDeleteRecord(const RecordWork& work)
     if (!work.desk.SetAppraisalType(work.status) || !work.desk.VerifyAddress(work.status))
         return;
     const QString key = WantedKey(work);
-    if (!store::FindRecord(work.ports, work.databook, key, u"CENTRALKEY"_s)) {
+    if (!store::FindRecord(work.ports, work.databook, key, fields::CENTRALKEY)) {
         Refuse(work, {RecordOutcome::NotFound, kNoSuchAddress.arg(key)});
         return;
     }

@@ -4,6 +4,7 @@
 #include "databook/comp_types.h"
 #include "databook/messages.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 #include "store/store.h"
 
 using namespace Qt::StringLiterals;
@@ -102,7 +103,7 @@ void RecordDesk::CheckStatus(const forms::Ports& ports, store::DataSource& datab
         status.lblmsg.Show(kKeyMissing, forms::Colour::Blue);
         return;
     }
-    if (!store::FindRecord(ports, databook, key, u"CENTRALKEY"_s)) {
+    if (!store::FindRecord(ports, databook, key, fields::CENTRALKEY)) {
         status.lblmsg.Show(key + kWasNotFound, forms::Colour::Blue);
         ButtonStatus(u"Not Found"_s);
         SetAppraisalType(u" "_s);
@@ -111,7 +112,7 @@ void RecordDesk::CheckStatus(const forms::Ports& ports, store::DataSource& datab
     status.lblmsg.Show(key + kWasFound, forms::Colour::Blue);
     ButtonStatus(u"Found"_s);
     const RoutineScope step{"Determine Comp Type"};
-    const QVariant type = databook.Recordset().Value(u"APPRSLTYPE"_s);
+    const QVariant type = databook.Recordset().Value(fields::APPRSLTYPE);
     const QString code = text::Trim(type.toString());
     if (CompTypeLetter(code).isNull())
         cboapprslType.SetText(code); // not the type of the record before

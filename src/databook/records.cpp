@@ -10,6 +10,7 @@
 #include "platform/engine/errors.h"
 #include "platform/text/text.h"
 #include "store/change.h"
+#include "store/fields.h"
 #include "store/store.h"
 #include "store/transaction.h"
 
@@ -23,9 +24,9 @@ using common::RoutineScope;
 
 namespace {
 
-const QString kKey = u"CENTRALKEY"_s;
-const QString kAddress = u"ADDRESS"_s;
-const QString kType = u"APPRSLTYPE"_s;
+const QString kKey = fields::CENTRALKEY;
+const QString kAddress = fields::ADDRESS;
+const QString kType = fields::APPRSLTYPE;
 
 RecordResult Failed(RecordOutcome outcome, const QString& message)
 {
@@ -174,7 +175,7 @@ RecordResult DeleteRecord(const forms::Ports& ports, store::DataSource& databook
     QStringList stems;
     const RecordResult deleted = AsOne(ports, databook, address, address, [&] {
         stems.clear();
-        for (const auto& [view, stem] : photos::ParsePhotos(store::GetFieldData(databook, u"PHOTOS"_s)))
+        for (const auto& [view, stem] : photos::ParsePhotos(store::GetFieldData(databook, fields::PHOTOS)))
             stems.append(stem);
         store::Change::Delete(databook, kDeleteWords.arg(KeyOf(address)));
     });
@@ -207,7 +208,7 @@ RecordResult CopyRecord(const forms::Ports& ports, store::DataSource& databook, 
                 change.Set(fields.at(i).name, values.at(i));
         SetSized(databook, newAddress, kAddress);
         SetSized(databook, KeyOf(newAddress), kKey);
-        for (const QString& photos : {u"FRONT"_s, u"PHOTOS"_s})
+        for (const auto photos : {fields::FRONT, fields::PHOTOS})
             if (recordset.FieldIndex(photos) >= 0)
                 store::SetFieldData(databook, u" "_s, photos);
         change.Store();

@@ -4,6 +4,7 @@
 #include "platform/text/call_errors.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 #include <array>
 #include <cmath>
@@ -17,35 +18,35 @@ using Text = QLatin1StringView;
 namespace {
 
 constexpr std::array kFields = {
-    SearchField{Text("cboSearchKey"), Text(), Text("CENTRALKEY"), SearchKind::Like, Text("key")},
-    SearchField{Text("cboAddr"), Text(), Text("ADDRESS"), SearchKind::Like, Text("address")},
-    SearchField{Text("txtCity"), Text(), Text("CITY"), SearchKind::Like, Text("city")},
-    SearchField{Text("txtState"), Text(), Text("ST"), SearchKind::Equal, Text("state")},
-    SearchField{Text("txtZip"), Text(), Text("ZIP"), SearchKind::Like, Text("zip")},
-    SearchField{Text("txtCounty"), Text(), Text("COUNTY"), SearchKind::Like, Text("county")},
-    SearchField{Text("txtNeighbor"), Text(), Text("NEIGHBORHD"), SearchKind::Like, Text("neighborhood")},
-    SearchField{Text("txtBedRoom"), Text(), Text("BEDROOM"), SearchKind::Equal, Text("bedrooms")},
-    SearchField{Text("txtBath"), Text(), Text("BATH"), SearchKind::Like, Text("baths")},
-    SearchField{Text("txtTaxMap"), Text(), Text("TAXMAPNUM"), SearchKind::Like, Text("tax-map")},
-    SearchField{Text("txtCensus"), Text(), Text("CENSUSTRCT"), SearchKind::Like, Text("census")},
-    SearchField{Text("txtStories"), Text(), Text("STRCODE"), SearchKind::Like, Text("stories")},
-    SearchField{Text("txtCTS"), Text(), Text("CTSCODE"), SearchKind::Like, Text("cts")},
+    SearchField{Text("cboSearchKey"), Text(), fields::CENTRALKEY, SearchKind::Like, Text("key")},
+    SearchField{Text("cboAddr"), Text(), fields::ADDRESS, SearchKind::Like, Text("address")},
+    SearchField{Text("txtCity"), Text(), fields::CITY, SearchKind::Like, Text("city")},
+    SearchField{Text("txtState"), Text(), fields::ST, SearchKind::Equal, Text("state")},
+    SearchField{Text("txtZip"), Text(), fields::ZIP, SearchKind::Like, Text("zip")},
+    SearchField{Text("txtCounty"), Text(), fields::COUNTY, SearchKind::Like, Text("county")},
+    SearchField{Text("txtNeighbor"), Text(), fields::NEIGHBORHD, SearchKind::Like, Text("neighborhood")},
+    SearchField{Text("txtBedRoom"), Text(), fields::BEDROOM, SearchKind::Equal, Text("bedrooms")},
+    SearchField{Text("txtBath"), Text(), fields::BATH, SearchKind::Like, Text("baths")},
+    SearchField{Text("txtTaxMap"), Text(), fields::TAXMAPNUM, SearchKind::Like, Text("tax-map")},
+    SearchField{Text("txtCensus"), Text(), fields::CENSUSTRCT, SearchKind::Like, Text("census")},
+    SearchField{Text("txtStories"), Text(), fields::STRCODE, SearchKind::Like, Text("stories")},
+    SearchField{Text("txtCTS"), Text(), fields::CTSCODE, SearchKind::Like, Text("cts")},
     // --type is the comp type of a new record.
-    SearchField{Text("txtType"), Text(), Text("APPRSLTYPE"), SearchKind::Like, Text("comp-type")},
-    SearchField{Text("txtPorchPati2"), Text(), Text("PORCHPATI2"), SearchKind::Like, Text("porch")},
-    SearchField{Text("txtNotes"), Text(), Text("NOTES"), SearchKind::Like, Text("notes")},
-    SearchField{Text("txtdesignappl"), Text(), Text("DESIGNAPPL"), SearchKind::Like, Text("design")},
-    SearchField{Text("txtSQFt"), Text("txtSQftRange"), Text("GLA"), SearchKind::NumericRange, Text("sqft")},
-    SearchField{Text("txtPrice"), Text("txtPriceRange"), Text("SELLINGPR"), SearchKind::NumericRange,
+    SearchField{Text("txtType"), Text(), fields::APPRSLTYPE, SearchKind::Like, Text("comp-type")},
+    SearchField{Text("txtPorchPati2"), Text(), fields::PORCHPATI2, SearchKind::Like, Text("porch")},
+    SearchField{Text("txtNotes"), Text(), fields::NOTES, SearchKind::Like, Text("notes")},
+    SearchField{Text("txtdesignappl"), Text(), fields::DESIGNAPPL, SearchKind::Like, Text("design")},
+    SearchField{Text("txtSQFt"), Text("txtSQftRange"), fields::GLA, SearchKind::NumericRange, Text("sqft")},
+    SearchField{Text("txtPrice"), Text("txtPriceRange"), fields::SELLINGPR, SearchKind::NumericRange,
                 Text("price")},
-    SearchField{Text("txtage"), Text("txtAgeRange"), Text("AGE"), SearchKind::NumericRange, Text("age")},
-    SearchField{Text("txtLandSize"), Text("txtLandSizeRange"), Text("LANDSIZE"), SearchKind::TextRange,
+    SearchField{Text("txtage"), Text("txtAgeRange"), fields::AGE, SearchKind::NumericRange, Text("age")},
+    SearchField{Text("txtLandSize"), Text("txtLandSizeRange"), fields::LANDSIZE, SearchKind::TextRange,
                 Text("land-size")},
-    SearchField{Text("txtSaleDate"), Text("cboSaleRange"), Text("SALEDATE"), SearchKind::Date,
+    SearchField{Text("txtSaleDate"), Text("cboSaleRange"), fields::SALEDATE, SearchKind::Date,
                 Text("sale-date")},
-    SearchField{Text("txtLoadDate"), Text("cboLoadRange"), Text("LOADDATE"), SearchKind::Date,
+    SearchField{Text("txtLoadDate"), Text("cboLoadRange"), fields::LOADDATE, SearchKind::Date,
                 Text("load-date")},
-    SearchField{Text("txtPriceGLA"), Text("txtPriceGLARange"), Text("PRICEGLA"), SearchKind::NumericRange,
+    SearchField{Text("txtPriceGLA"), Text("txtPriceGLARange"), fields::PRICEGLA, SearchKind::NumericRange,
                 Text("price-gla")},
 };
 

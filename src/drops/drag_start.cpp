@@ -2,6 +2,7 @@
 #include "drops/slot.h"
 #include "platform/picture/picture.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 #include <algorithm>
 
@@ -46,7 +47,7 @@ QString Router::KeyOf(const forms::Control& source) const
 {
     const QString name = text::Folded(source.Name());
     if (name == "GRDDATABOOK"_L1)
-        return text::Trim(m_desk.grddatabook.CurrentText(u"CENTRALKEY"_s));
+        return text::Trim(m_desk.grddatabook.CurrentText(fields::CENTRALKEY));
     if (name == "GEAMAINTAIN"_L1)
         return text::Folded(m_desk.txtcentralkey.Text());
     if (name == "TXTMAPADDRESS"_L1 || name == "MAPVIEW"_L1 || name == "GEAMAPPHOTO"_L1)

@@ -12,6 +12,7 @@
 #include "photos/photo_records.h"
 #include "photos/trash.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 namespace vasclip::drops {
 
@@ -185,7 +186,7 @@ Outcome ShowInSubject(DropDesk& desk, const QString& picture)
 
 Outcome FileInRecord(DropDesk& desk, const Drag& drag)
 {
-    const QString key = text::Trim(desk.grddatabook.CurrentText(u"CENTRALKEY"_s));
+    const QString key = text::Trim(desk.grddatabook.CurrentText(fields::CENTRALKEY));
     if (key.isEmpty())
         return {};
     return FileAll(desk, drag, key, drag.source);

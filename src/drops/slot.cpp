@@ -3,6 +3,7 @@
 #include "common/proper_case.h"
 #include "link/slot_photos.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 namespace vasclip::drops {
 
@@ -23,7 +24,8 @@ std::optional<Taken> TakeRecord(const link::LinkDesk& desk, const QString& key)
     const std::optional<store::Record> record = store::ReadRecord(desk.ports, desk.sources.datDatabook, key);
     if (!record)
         return std::nullopt;
-    return Taken{text::Folded(key), common::AddressInCase(record->Text(u"ADDRESS"_s), desk.globals.addressCase),
+    return Taken{text::Folded(key),
+                 common::AddressInCase(record->Text(fields::ADDRESS), desk.globals.addressCase),
                  photos::PhotoList(*record)};
 }
 

@@ -1,6 +1,7 @@
 #include "link/apprsl_type.h"
 
 #include "platform/text/text.h"
+#include "store/fields.h"
 #include "store/store.h"
 
 #include <algorithm>
@@ -54,7 +55,7 @@ QString ApprslTypeLetter(const QString& group, const QString& formType)
 
 void SetApprslType(store::DataSource& databook, const QString& group, const QString& formType)
 {
-    store::SetFieldData(databook, ApprslTypeLetter(group, formType), u"APPRSLTYPE"_s);
+    store::SetFieldData(databook, ApprslTypeLetter(group, formType), fields::APPRSLTYPE);
 }
 
 } // namespace vasclip::link

@@ -7,6 +7,7 @@
 #include "link/kel_channel.h"
 #include "link/kel_helpers.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 namespace vasclip::link {
 
@@ -20,10 +21,13 @@ struct FieldRow
     QString AttachFields::*member;
 };
 constexpr FieldRow kFields[] = {
-    {"CITY"_L1, &AttachFields::city},         {"ST"_L1, &AttachFields::state},
-    {"ZIP"_L1, &AttachFields::zip},           {"COUNTY"_L1, &AttachFields::county},
-    {"SALEDATE"_L1, &AttachFields::saleDate}, {"SALEFLD"_L1, &AttachFields::saleFld},
-    {"NEIGHBORHD"_L1, &AttachFields::neighborhood},
+    {fields::CITY, &AttachFields::city},
+    {fields::ST, &AttachFields::state},
+    {fields::ZIP, &AttachFields::zip},
+    {fields::COUNTY, &AttachFields::county},
+    {fields::SALEDATE, &AttachFields::saleDate},
+    {fields::SALEFLD, &AttachFields::saleFld},
+    {fields::NEIGHBORHD, &AttachFields::neighborhood},
 };
 
 void TakeIfBlank(QString& part, const QString& text)

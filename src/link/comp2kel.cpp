@@ -3,6 +3,7 @@
 #include "common/globals.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 #include <array>
 
@@ -84,8 +85,9 @@ QString FilterComp2KelProximityQuery(const QString& formType, const QString& com
 
 QString AddressRowsQuery(const QString& formType)
 {
-    static constexpr QLatin1StringView kFields[] = {
-        "ADDRESS"_L1, "NEIGHBORHD"_L1, "APPRSRFILE"_L1, "COUNTY"_L1, "CITY"_L1, "ST"_L1, "ZIP"_L1};
+    static constexpr QLatin1StringView kFields[] = {fields::ADDRESS, fields::NEIGHBORHD, fields::APPRSRFILE,
+                                                    fields::COUNTY,  fields::CITY,       fields::ST,
+                                                    fields::ZIP};
     const QString& t = TableName();
     QString conditions;
     for (const QLatin1StringView field : kFields)

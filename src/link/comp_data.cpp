@@ -11,6 +11,7 @@
 #include "link/slot_table.h"
 #include "platform/text/text.h"
 #include "store/change.h"
+#include "store/fields.h"
 
 #include <algorithm>
 #include <array>
@@ -48,8 +49,8 @@ void StoreText(store::DataSource& databook, const QString& field, const QString&
 void StoreBedBath(store::DataSource& databook, const QString& text)
 {
     const qsizetype slash = text.indexOf(u'/');
-    StoreText(databook, u"BEDROOM"_s, slash < 0 ? text : text.left(slash));
-    StoreText(databook, u"BATH"_s, slash < 0 ? QString() : text.mid(slash + 1));
+    StoreText(databook, fields::BEDROOM, slash < 0 ? text : text.left(slash));
+    StoreText(databook, fields::BATH, slash < 0 ? QString() : text.mid(slash + 1));
 }
 
 /// By the column's type; memo, dates and the like are left alone.
@@ -67,7 +68,7 @@ void StoreByType(store::DataSource& databook, const QString& address, const Comp
         break;
     case FieldType::Text:
         // The report's own spelling of the address is not kept.
-        if (cell.field == "ADDRESS"_L1)
+        if (cell.field == fields::ADDRESS)
             StoreText(databook, cell.field, address);
         else
             StoreText(databook, cell.field, cell.text);
@@ -116,7 +117,7 @@ void StoreCompData(const LinkDesk& desk, store::DataSource& databook, const QStr
     const QString address = common::AddressInCase(key, desk.globals.addressCase);
     const QDate today = desk.ports.clock.Today();
     for (const CompCell& cell : cells) {
-        if (cell.field == "CENTRALKEY"_L1) // the cell's own text is dropped
+        if (cell.field == fields::CENTRALKEY) // the cell's own text is dropped
             StoreText(databook, cell.field, text::Folded(key));
         else if (StorePriceDateAge(databook, today, cell.field, cell.text))
             continue;
@@ -132,7 +133,7 @@ bool GetCompData(LinkDesk& desk, const QString& formType, const QString& report,
 {
     const common::RoutineScope scope{"GetCompData"};
     store::DataSource& databook = desk.sources.datDatabook;
-    const QString key = store::GetFieldData(databook, u"CENTRALKEY"_s);
+    const QString key = store::GetFieldData(databook, fields::CENTRALKEY);
     MappingPages pages;
     const std::optional<QList<CompCell>> cells = ReadCompData(desk, formType, report, comp, compType, pages);
     if (!cells || cells->isEmpty())

@@ -11,6 +11,7 @@
 #include "link/swap_comps.h"
 #include "link/talk.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 namespace vasclip::link {
 
@@ -59,7 +60,8 @@ void Read(LinkDesk& desk, Dropped& dropped)
 {
     dropped.record = store::ReadRecord(desk.ports, desk.sources.datDatabook, dropped.key);
     if (dropped.record)
-        dropped.address = common::AddressInCase(dropped.record->Text(u"ADDRESS"_s), desk.globals.addressCase);
+        dropped.address =
+            common::AddressInCase(dropped.record->Text(fields::ADDRESS), desk.globals.addressCase);
 }
 
 /// Reads the record, and asks whether anybody is there.

@@ -14,6 +14,7 @@
 #include "platform/engine/errors.h"
 #include "platform/text/text.h"
 #include "store/change.h"
+#include "store/fields.h"
 #include "store/messages.h"
 
 #include <algorithm>
@@ -64,9 +65,10 @@ frm_AttachCity::frm_AttachCity(LinkDesk& desk, const QString& mode, const QStrin
     , m_mode(text::Folded(mode) == "COMP"_L1 ? u"SALE"_s : text::Folded(mode))
     , m_key(text::Folded(key))
 {
-    m_boxes = {{txtAddress, u"ADDRESS"_s}, {txtCity, u"CITY"_s},        {txtState, u"ST"_s},
-               {txtZip, u"ZIP"_s},         {txtCounty, u"COUNTY"_s},    {txtNeighborhd, u"NEIGHBORHD"_s},
-               {txtSaleFld, u"SALEFLD"_s}, {txtSaleDate, u"SALEDATE"_s}};
+    m_boxes = {{txtAddress, fields::ADDRESS}, {txtCity, fields::CITY},
+               {txtState, fields::ST},        {txtZip, fields::ZIP},
+               {txtCounty, fields::COUNTY},   {txtNeighborhd, fields::NEIGHBORHD},
+               {txtSaleFld, fields::SALEFLD}, {txtSaleDate, fields::SALEDATE}};
     SetCaption(m_mode + u" Transfer Option"_s);
     lblPending.SetCaption(messages::kPending);
     txtAddress.SetLocked(true);
@@ -276,7 +278,7 @@ bool frm_AttachCity::Store()
             if (!changed(row))
                 continue;
             QString value = text::Trim(row.box.Text());
-            if (row.field == "SALEDATE"_L1)
+            if (row.field == fields::SALEDATE)
                 databook::ErrSetSaleDate(m_desk.ports, change.Source(), value);
             else
                 change.Set(row.field, store::Trim2Size(databook, value, row.field));

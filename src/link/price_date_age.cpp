@@ -8,6 +8,7 @@
 #include "platform/text/dates.h"
 #include "platform/text/text.h"
 #include "store/change.h"
+#include "store/fields.h"
 
 #include <algorithm>
 #include <array>
@@ -38,13 +39,13 @@ public:
         const bool plain = std::all_of(m_text.cbegin(), m_text.cend(),
                                        [](QChar letter) { return kOfPrices.contains(letter); });
         if (!plain) {
-            Store(u"PRICEFLD"_s, u"0"_s);
+            Store(fields::PRICEFLD, u"0"_s);
             return false;
         }
         // A number stops at a comma or a sign of money, so these go first.
         QString digits = m_text;
         digits.remove(u',').remove(u'$');
-        for (const QString& field : {u"PRICEFLD"_s, u"SELLINGPR"_s})
+        for (const auto field : {fields::PRICEFLD, fields::SELLINGPR})
             StoreNumber(field, digits);
         return true;
     }
@@ -55,31 +56,31 @@ public:
             return false;
         const QString date = Date();
         if (common::IsDate(date, m_today)) {
-            Store(u"SALEDATE"_s, Stored(date));
-            Store(u"SALESERIAL"_s, databook::SerialText(date, m_today));
+            Store(fields::SALEDATE, Stored(date));
+            Store(fields::SALESERIAL, databook::SerialText(date, m_today));
         } else {
-            Store(u"SALEDATE"_s, kPending);
+            Store(fields::SALEDATE, kPending);
         }
-        StoreSized(u"SALEFLD"_s);
+        StoreSized(fields::SALEFLD);
         return true;
     }
 
     bool Lease()
     {
         const QString date = Date();
-        Store(u"LEASEDATE"_s, common::IsDate(date, m_today) ? Stored(date) : kPending);
+        Store(fields::LEASEDATE, common::IsDate(date, m_today) ? Stored(date) : kPending);
         return false;
     }
 
     bool Year()
     {
-        StoreSized(u"YEARBUILT"_s);
+        StoreSized(fields::YEARBUILT);
         const QString age =
-            databook::AgeText(m_text, store::GetFieldData(m_databook, u"SALEDATE"_s), m_today);
+            databook::AgeText(m_text, store::GetFieldData(m_databook, fields::SALEDATE), m_today);
         if (age.isEmpty())
-            Store(u"AGE"_s, store::Trim2Size(m_databook, age, u"AGE"_s)); // no age is none, not 0
+            Store(fields::AGE, store::Trim2Size(m_databook, age, fields::AGE)); // no age is none, not 0
         else
-            StoreNumber(u"AGE"_s, age);
+            StoreNumber(fields::AGE, age);
         return true;
     }
 
@@ -111,10 +112,10 @@ struct FieldRule
 };
 
 constexpr std::array kRules = {
-    FieldRule{"PRICEFLD"_L1, &Cell::Price},
-    FieldRule{"SALEFLD"_L1, &Cell::Sale},
-    FieldRule{"LEASEDATE"_L1, &Cell::Lease},
-    FieldRule{"YEARBUILT"_L1, &Cell::Year},
+    FieldRule{fields::PRICEFLD, &Cell::Price},
+    FieldRule{fields::SALEFLD, &Cell::Sale},
+    FieldRule{fields::LEASEDATE, &Cell::Lease},
+    FieldRule{fields::YEARBUILT, &Cell::Year},
 };
 
 } // namespace

@@ -10,6 +10,7 @@
 #include "link/reporter.h"
 #include "link/slot_photos.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 namespace vasclip::link {
 
@@ -25,13 +26,13 @@ forms::TextBox* SubjectTarget(frm_Addr& addr, const QString& field)
         QLatin1StringView field;
         forms::TextBox frm_Addr::*target;
     };
-    static constexpr Row kRows[] = {{"CITY"_L1, &frm_Addr::txtKelCity},
-                                    {"ST"_L1, &frm_Addr::txtKelState},
-                                    {"ZIP"_L1, &frm_Addr::txtKelZip},
-                                    {"COUNTY"_L1, &frm_Addr::txtKelCounty},
-                                    {"NEIGHBORHD"_L1, &frm_Addr::txtKelNeighBorHd},
-                                    {"APPRSRFILE"_L1, &frm_Addr::txtKelFileNo}};
-    if (field == "ADDRESS"_L1)
+    static constexpr Row kRows[] = {{fields::CITY, &frm_Addr::txtKelCity},
+                                    {fields::ST, &frm_Addr::txtKelState},
+                                    {fields::ZIP, &frm_Addr::txtKelZip},
+                                    {fields::COUNTY, &frm_Addr::txtKelCounty},
+                                    {fields::NEIGHBORHD, &frm_Addr::txtKelNeighBorHd},
+                                    {fields::APPRSRFILE, &frm_Addr::txtKelFileNo}};
+    if (field == fields::ADDRESS)
         return &addr.txtCompAddr(0);
     for (const Row& row : kRows)
         if (field == row.field)
@@ -47,8 +48,8 @@ void ReadSubjectRow(LinkDesk& desk, const QString& report, const QString& field,
 
 void ReadCompRow(LinkDesk& desk, const QString& report, const MappingRow& row, const QString& field, int base)
 {
-    const bool address = field == "ADDRESS"_L1;
-    if (!address && field != "NEIGHBORHD"_L1)
+    const bool address = field == fields::ADDRESS;
+    if (!address && field != fields::NEIGHBORHD)
         return;
     for (const GroupRow* group : GatheredGroups()) {
         if (row.compType.toUpper() != group->mapping)

@@ -12,6 +12,7 @@
 #include "platform/engine/errors.h"
 #include "platform/text/text.h"
 #include "store/change.h"
+#include "store/fields.h"
 #include "store/messages.h"
 
 namespace vasclip::link {
@@ -73,7 +74,7 @@ private:
     bool MayReplace(const store::Record& held)
     {
         m_asked = true;
-        const QString address = held.Text(u"ADDRESS"_s);
+        const QString address = held.Text(fields::ADDRESS);
         m_desk.ports.window.AppActivate();
         return m_desk.ports.prompter.YesNo(store::kPlainTitle,
                                            messages::kReplaceData.arg(address.isEmpty() ? m_key : address));
@@ -107,7 +108,7 @@ private:
         else
             change.emplace(databook, store::Change::NewKey{}, messages::kAddReadWords.arg(m_key));
         store::DataSource& record = change->Source();
-        const QString neighborhood = there ? store::GetFieldData(record, u"NEIGHBORHD"_s) : QString();
+        const QString neighborhood = there ? store::GetFieldData(record, fields::NEIGHBORHD) : QString();
         change->Set(store::kKeyIndex, store::Trim2Size(databook, m_key, store::kKeyIndex));
         StoreCompData(m_desk, record, m_key, m_cells);
         if (there)
@@ -130,8 +131,8 @@ private:
             return common::IsCityLine(common::ParseCityStateZip(line));
         };
         if (m_place.group != Group::Subject && m_place.comp != kNoComp && !isCityLine(held) &&
-            isCityLine(store::GetFieldData(record, u"NEIGHBORHD"_s)))
-            store::SetFieldData(record, held, u"NEIGHBORHD"_s);
+            isCityLine(store::GetFieldData(record, fields::NEIGHBORHD)))
+            store::SetFieldData(record, held, fields::NEIGHBORHD);
     }
 
     LinkDesk& m_desk;

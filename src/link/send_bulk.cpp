@@ -9,6 +9,7 @@
 #include "link/reporter.h"
 #include "link/talk.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 namespace vasclip::link {
 
@@ -20,13 +21,13 @@ namespace {
 std::optional<QString> ProximityText(LinkDesk& desk, const store::Record& record)
 {
     const QString onMap = text::Folded(desk.report.txtMapAddress.Text());
-    if (onMap == text::Folded(record.Text(u"CENTRALKEY"_s)))
+    if (onMap == text::Folded(record.Text(fields::CENTRALKEY)))
         return text::Trim(desk.report.txtMapProximity.Text());
     if (onMap.isEmpty())
         return std::nullopt;
     if (!desk.state.proximityOnDrop || !desk.proximity)
         return QString();
-    const QString key = store::GetFieldData(desk.sources.datsql, u"CENTRALKEY"_s);
+    const QString key = store::GetFieldData(desk.sources.datsql, fields::CENTRALKEY);
     const QString miles = desk.proximity->CalcTheDistance(key);
     // A comp that is not found is sent as an empty cell.
     return miles.isEmpty() ? QString() : miles + u" Mi. "_s + desk.proximity->GetDirection(key);
@@ -35,8 +36,8 @@ std::optional<QString> ProximityText(LinkDesk& desk, const store::Record& record
 /// Nothing if all three are blank: a comp without a known city does not empty the line.
 std::optional<QString> CityLine(const store::Record& record)
 {
-    const QString line =
-        common::CityStateZipLine({record.Text(u"CITY"_s), record.Text(u"ST"_s), record.Text(u"ZIP"_s)});
+    const QString line = common::CityStateZipLine(
+        {record.Text(fields::CITY), record.Text(fields::ST), record.Text(fields::ZIP)});
     return line.isEmpty() ? std::nullopt : std::optional(line);
 }
 
@@ -52,14 +53,14 @@ QString LeftByRow(const MappingRow& row)
 /// The value of a row without TRUEFALSE; nothing for the fields that are never sent so.
 std::optional<QString> PlainText(const store::Record& record, const QString& field)
 {
-    if (field.compare("CENTRALKEY"_L1, Qt::CaseInsensitive) == 0)
+    if (field.compare(fields::CENTRALKEY, Qt::CaseInsensitive) == 0)
         return std::nullopt;
     const QString value = record.Text(field);
-    if (field == "YEARBUILT"_L1)
+    if (field == fields::YEARBUILT)
         return u' ' + value;
-    if (field == "SALEDATE"_L1)
+    if (field == fields::SALEDATE)
         return std::nullopt;
-    if (field == "LEASEDATE"_L1 && (value == "01/01/1900"_L1 || value == "1/1/1900"_L1))
+    if (field == fields::LEASEDATE && (value == "01/01/1900"_L1 || value == "1/1/1900"_L1))
         return QString();
     return value;
 }
@@ -86,9 +87,9 @@ std::optional<OutgoingField> FieldToSend(LinkDesk& desk, const store::Record& re
             return std::nullopt;
         out.text = *line;
     } else if (upperField == "BEDBATH"_L1) {
-        out.text = record.Text(u"BEDROOM"_s) + u" / "_s + record.Text(u"BATH"_s);
-    } else if (upperField == "ADDRESS"_L1) {
-        out.text = common::AddressInCase(record.Text(u"ADDRESS"_s), desk.globals.addressCase);
+        out.text = record.Text(fields::BEDROOM) + u" / "_s + record.Text(fields::BATH);
+    } else if (upperField == fields::ADDRESS) {
+        out.text = common::AddressInCase(record.Text(fields::ADDRESS), desk.globals.addressCase);
     } else {
         const QString trueFalse = row.trueFalse.toUpper();
         if (trueFalse == "0"_L1 || trueFalse == "1"_L1) {
@@ -150,7 +151,7 @@ SendResult SendBulk(LinkDesk& desk, const store::Record& record, const QString& 
                 going = *field;
                 KelPokeText(desk.txtDDE, topic, going.item, going.text);
                 ++result.sent;
-                if (rows[row].fieldName.compare("ADDRESS"_L1, Qt::CaseInsensitive) == 0)
+                if (rows[row].fieldName.compare(fields::ADDRESS, Qt::CaseInsensitive) == 0)
                     result.addressSent = true;
             });
             if (!goOn)

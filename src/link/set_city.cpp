@@ -6,6 +6,7 @@
 #include "link/messages.h"
 #include "platform/text/text.h"
 #include "store/change.h"
+#include "store/fields.h"
 
 namespace vasclip::link {
 
@@ -14,9 +15,9 @@ using common::CityStateZip;
 
 namespace {
 
-const QString kCity = u"CITY"_s;
-const QString kState = u"ST"_s;
-const QString kZip = u"ZIP"_s;
+const QString kCity = fields::CITY;
+const QString kState = fields::ST;
+const QString kZip = fields::ZIP;
 
 CityStateZip SubjectParts(const frm_Addr& addr)
 {
@@ -81,7 +82,8 @@ template <class Fields>
 std::optional<CityStateZip> Wanted(LinkDesk& desk, Fields&& field, CityRule rule, qint16 comp)
 {
     const CityStateZip held{field(kCity), field(kState), field(kZip)};
-    const CityStateZip known = PartsOf(desk, text::Folded(field(u"CENTRALKEY"_s)), field(u"NEIGHBORHD"_s), comp);
+    const CityStateZip known =
+        PartsOf(desk, text::Folded(field(fields::CENTRALKEY)), field(fields::NEIGHBORHD), comp);
     const CityStateZip wanted = Completed(desk, held, known, rule);
     return wanted == held ? std::nullopt : std::optional(wanted);
 }

@@ -2,6 +2,7 @@
 
 #include "link/reporter.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 namespace vasclip::link {
 
@@ -14,7 +15,7 @@ const QString kFrontView = u"FRONT VIEW"_s;
 bool HasCoordinates(const store::Record& record)
 {
     const auto known = [&record](const QString& field) { return record.Has(field) && !record.Text(field).isEmpty(); };
-    return known(u"LONGITUDE"_s) && known(u"LATITUDE"_s);
+    return known(fields::LONGITUDE) && known(fields::LATITUDE);
 }
 
 void Show(LinkDesk& desk, const std::optional<store::Record>& record, forms::PictureBox& icon, forms::PictureBox* anchor,

@@ -12,6 +12,7 @@
 #include "link/slot_table.h"
 #include "link/talk.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 namespace vasclip::link {
 
@@ -30,8 +31,8 @@ void ReadAddress(LinkDesk& desk, const QList<MappingRow>& rows, int comp)
     const QString report = text::Trim(desk.addr.txtKelReport.Text());
     for (const MappingRow& row : rows) {
         const QString field = row.fieldName.toUpper();
-        const bool address = field == "ADDRESS"_L1;
-        if (!address && field != "NEIGHBORHD"_L1)
+        const bool address = field == fields::ADDRESS;
+        if (!address && field != fields::NEIGHBORHD)
             continue;
         const QString cell = KelShiftCell(row.RowCell(), row.offset, static_cast<qint16>(comp));
         const QString value = KelGetFieldInfo(desk.txtDDE, report, rows.first().formName + u'|' + cell);

@@ -5,6 +5,7 @@
 #include "map/picture_names.h"
 #include "map/pinmap.h"
 #include "map/selection.h"
+#include "store/fields.h"
 
 namespace vasclip::map {
 
@@ -60,7 +61,7 @@ void MapFindAndBlink(MapDesk& desk, const QString& key)
     if (!record)
         return;
     if (HasLocation(*record))
-        MapCenterOnLatLong(desk, record->Text(u"LATITUDE"_s), record->Text(u"LONGITUDE"_s));
+        MapCenterOnLatLong(desk, record->Text(fields::LATITUDE), record->Text(fields::LONGITUDE));
     else
         MapCenterOnAddress(desk, RecordMapAddress(desk, key, *record));
     desk.map.SetScale(kCloseFeet);

@@ -6,6 +6,7 @@
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/change.h"
+#include "store/fields.h"
 #include "store/schema.h"
 
 namespace vasclip::map {
@@ -41,11 +42,11 @@ void Add(const ExportDesk& desk, store::DataSource& data, const ExportEntry& ent
 {
     store::Change change(data, store::Change::NewRecord{}, messages::kExportWords);
     change.Set(u"NAME"_s, entry.label);
-    change.Set(u"ADDRESS"_s, entry.address);
-    change.Set(u"CITY"_s, entry.city);
-    change.Set(u"ST"_s, entry.state);
-    change.Set(u"ZIP"_s, entry.zip);
-    change.Set(u"COUNTY"_s, entry.county);
+    change.Set(fields::ADDRESS, entry.address);
+    change.Set(fields::CITY, entry.city);
+    change.Set(fields::ST, entry.state);
+    change.Set(fields::ZIP, entry.zip);
+    change.Set(fields::COUNTY, entry.county);
     if (const QString photo = PhotoOf(desk, entry.key); !photo.isEmpty()) {
         change.Set(u"HYPERLINK"_s, photo);
         change.Set(u"Information"_s, photo);

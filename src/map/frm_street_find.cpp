@@ -11,6 +11,7 @@
 #include "map/slot_labels.h"
 #include "map/view.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 #include <QSet>
 
@@ -41,8 +42,8 @@ void FillFromDatabook(const store::DataSource& databook, forms::ListBox& address
     QStringList keys;
     QSet<QString> found;
     for (; !rows->Eof(); rows->MoveNext()) {
-        keys.append(text::Trim(rows->Value(u"CENTRALKEY"_s).toString()));
-        found.insert(text::Folded(rows->Value(u"CITY"_s).toString()));
+        keys.append(text::Trim(rows->Value(fields::CENTRALKEY).toString()));
+        found.insert(text::Folded(rows->Value(fields::CITY).toString()));
     }
     found.remove(QString());
     QStringList sorted(found.begin(), found.end());
@@ -181,10 +182,10 @@ void frm_StreetFind::lstaddress_Click()
     if (!record)
         return;
     txtStreet.SetText(key);
-    txtCity.SetText(record->Text(u"CITY"_s));
-    txtState.SetText(record->Text(u"ST"_s));
-    txtZip.SetText(record->Text(u"ZIP"_s));
-    txtCounty.SetText(record->Text(u"COUNTY"_s));
+    txtCity.SetText(record->Text(fields::CITY));
+    txtState.SetText(record->Text(fields::ST));
+    txtZip.SetText(record->Text(fields::ZIP));
+    txtCounty.SetText(record->Text(fields::COUNTY));
 }
 
 void frm_StreetFind::lstCity_Click()

@@ -3,6 +3,7 @@
 #include "link/reporter.h"
 #include "map/messages.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 #include "store/transaction.h"
 
 namespace vasclip::map {
@@ -13,8 +14,9 @@ namespace {
 
 bool Stands(const store::Record& record, const RecordLocation& location)
 {
-    return record.Text(u"LATITUDE"_s) == location.latitude && record.Text(u"LONGITUDE"_s) == location.longitude &&
-           record.Text(u"ANCHORED"_s) == (location.anchored ? "1"_L1 : "0"_L1);
+    return record.Text(fields::LATITUDE) == location.latitude &&
+           record.Text(fields::LONGITUDE) == location.longitude &&
+           record.Text(fields::ANCHORED) == (location.anchored ? "1"_L1 : "0"_L1);
 }
 
 QString WordsOf(const RecordLocation& location)
@@ -27,9 +29,9 @@ QString WordsOf(const RecordLocation& location)
 void Store(MapDesk& desk, const RecordLocation& location)
 {
     store::Change change(desk.sources.datDatabook, store::Change::OfKey{location.key}, WordsOf(location));
-    change.Set(u"LATITUDE"_s, location.latitude);
-    change.Set(u"LONGITUDE"_s, location.longitude);
-    change.Set(u"ANCHORED"_s, location.anchored ? u"1"_s : u"0"_s);
+    change.Set(fields::LATITUDE, location.latitude);
+    change.Set(fields::LONGITUDE, location.longitude);
+    change.Set(fields::ANCHORED, location.anchored ? u"1"_s : u"0"_s);
     change.Store();
 }
 

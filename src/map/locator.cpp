@@ -8,6 +8,7 @@
 #include "map/place_arrows.h"
 #include "map/view.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 namespace vasclip::map {
 
@@ -28,14 +29,14 @@ struct Row
 Row Read(const engine::Recordset& rows)
 {
     const auto text = [&rows](const QString& field) { return text::Trim(rows.Value(field).toString()); };
-    return {.key = text(u"CENTRALKEY"_s),
-            .city = text(u"CITY"_s),
-            .state = text(u"ST"_s),
-            .zip = text(u"ZIP"_s),
-            .anchored = text(u"ANCHORED"_s),
-            .latitude = text(u"LATITUDE"_s),
-            .longitude = text(u"LONGITUDE"_s),
-            .front = text(u"FRONT"_s)};
+    return {.key = text(fields::CENTRALKEY),
+            .city = text(fields::CITY),
+            .state = text(fields::ST),
+            .zip = text(fields::ZIP),
+            .anchored = text(fields::ANCHORED),
+            .latitude = text(fields::LATITUDE),
+            .longitude = text(fields::LONGITUDE),
+            .front = text(fields::FRONT)};
 }
 
 /// @return was it placed?

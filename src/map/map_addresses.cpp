@@ -4,6 +4,7 @@
 #include "common/text_filters.h"
 #include "map/messages.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 namespace vasclip::map {
 
@@ -25,7 +26,7 @@ CityParts Cleaned(const QString& city, const QString& state, const QString& zip)
 
 CityParts PartsOf(const store::Record& record)
 {
-    return Cleaned(record.Text(u"CITY"_s), record.Text(u"ST"_s), record.Text(u"ZIP"_s));
+    return Cleaned(record.Text(fields::CITY), record.Text(fields::ST), record.Text(fields::ZIP));
 }
 
 void Fill(CityParts& parts, const CityParts& from)
@@ -61,7 +62,8 @@ QString SubjectMapAddress(const MapDesk& desk)
 
 QString RecordCityStateZip(const MapDesk& desk, const store::Record& record)
 {
-    return Line(desk, {record.Text(u"CITY"_s), record.Text(u"ST"_s), record.Text(u"ZIP"_s)}, u", "_s);
+    return Line(desk, {record.Text(fields::CITY), record.Text(fields::ST), record.Text(fields::ZIP)},
+                u", "_s);
 }
 
 QString RecordMapAddress(const MapDesk& desk, const QString& key, const store::Record& record)

@@ -2,6 +2,7 @@
 
 #include "map/flags.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 namespace vasclip::map {
 
@@ -88,12 +89,12 @@ std::optional<store::Record> FindComp(const MapDesk& desk, const QString& key)
 
 bool HasLocation(const store::Record& record)
 {
-    return !record.Text(u"LONGITUDE"_s).isEmpty() && !record.Text(u"LATITUDE"_s).isEmpty();
+    return !record.Text(fields::LONGITUDE).isEmpty() && !record.Text(fields::LATITUDE).isEmpty();
 }
 
 bool IsAnchored(const store::Record& record)
 {
-    return record.Text(u"ANCHORED"_s) == "1"_L1 && HasLocation(record);
+    return record.Text(fields::ANCHORED) == "1"_L1 && HasLocation(record);
 }
 
 QString DegreesText(qint32 millionths)

@@ -9,6 +9,7 @@
 #include "map/picture_names.h"
 #include "map/view.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 #include <algorithm>
 
@@ -36,7 +37,7 @@ bool PlaceArrow(MapDesk& desk, qint32 id, const QString& address, const QString&
 {
     const std::optional<store::Record> record = FindComp(desk, address);
     if (record && IsAnchored(*record)) {
-        PlaceAnchoredPoint(desk, id, record->Text(u"LATITUDE"_s), record->Text(u"LONGITUDE"_s),
+        PlaceAnchoredPoint(desk, id, record->Text(fields::LATITUDE), record->Text(fields::LONGITUDE),
                            Look(caption, picture, flag::kAnchored));
         return true;
     }
@@ -98,8 +99,8 @@ bool PlaceSubjectPoint(MapDesk& desk, const QString& picture, const QString& cap
     const QString address = AddressAt(desk, {});
     const std::optional<store::Record> record = FindComp(desk, address);
     if (record && IsAnchored(*record)) {
-        PlaceAnchoredPoint(desk, kSubjectPoint, record->Text(u"LATITUDE"_s), record->Text(u"LONGITUDE"_s),
-                           Look(caption, picture, flag::kAnchored));
+        PlaceAnchoredPoint(desk, kSubjectPoint, record->Text(fields::LATITUDE),
+                           record->Text(fields::LONGITUDE), Look(caption, picture, flag::kAnchored));
         desk.state.g_MapResult(kSubjectPoint) = 1;
         static_cast<void>(NextPoint(desk));
         return true;

@@ -4,6 +4,7 @@
 #include "map/pinmap.h"
 #include "map/selection.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 #include <cmath>
 
@@ -62,7 +63,8 @@ std::optional<street::Place> PlaceOf(MapDesk& desk, const QString& address)
         return point->place;
     const std::optional<store::Record> record = FindComp(desk, address);
     if (record && HasLocation(*record))
-        return street::Place{Millionths(record->Text(u"LATITUDE"_s)), Millionths(record->Text(u"LONGITUDE"_s))};
+        return street::Place{Millionths(record->Text(fields::LATITUDE)),
+                             Millionths(record->Text(fields::LONGITUDE))};
     return std::nullopt;
 }
 
@@ -101,7 +103,8 @@ QString CalcTheDistance(MapDesk& desk, const QString& key)
     street::StreetControl& map = desk.map;
     const std::optional<store::Record> subject = FindComp(desk, AddressAt(desk, {}));
     if (subject && IsAnchored(*subject))
-        Stand(desk, {Millionths(subject->Text(u"LATITUDE"_s)), Millionths(subject->Text(u"LONGITUDE"_s))});
+        Stand(desk,
+              {Millionths(subject->Text(fields::LATITUDE)), Millionths(subject->Text(fields::LONGITUDE))});
     else if (!SetOrigin(desk, SubjectMapAddress(desk)))
         return {};
     map.DoAction(action::kSetOrigin);
@@ -109,7 +112,8 @@ QString CalcTheDistance(MapDesk& desk, const QString& key)
     if (!record)
         return {};
     if (HasLocation(*record))
-        Stand(desk, {Millionths(record->Text(u"LATITUDE"_s)), Millionths(record->Text(u"LONGITUDE"_s))});
+        Stand(desk,
+              {Millionths(record->Text(fields::LATITUDE)), Millionths(record->Text(fields::LONGITUDE))});
     else if (!SetOrigin(desk, RecordMapAddress(desk, key, *record)))
         return {};
     map.DoAction(action::kDistance);
@@ -176,7 +180,7 @@ std::optional<float> CalcProximity(const MapDesk& desk, const QString& address)
     if (!subject || !comp || !HasLocation(*subject) || !HasLocation(*comp))
         return std::nullopt;
     const auto text = [](const store::Record& record) {
-        return record.Text(u"LONGITUDE"_s) + u'|' + record.Text(u"LATITUDE"_s);
+        return record.Text(fields::LONGITUDE) + u'|' + record.Text(fields::LATITUDE);
     };
     return DoCalcProximity(text(*subject), text(*comp));
 }

@@ -9,6 +9,7 @@
 #include "photos/photo_list.h"
 #include "platform/text/dates.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 namespace vasclip::map {
 
@@ -56,10 +57,11 @@ void ShowPhoto(MapDesk& desk, const std::optional<store::Record>& record)
 void ShowRecord(MapDesk& desk, const std::optional<store::Record>& record)
 {
     const auto field = [&](const QString& name) { return record ? record->Text(name) : QString(); };
-    const QString gla = field(u"GLA"_s);
+    const QString gla = field(fields::GLA);
     desk.tab.txtGLA.SetText(gla.isEmpty() ? QString() : u"GLA = "_s + gla);
-    desk.tab.txtSellingPr.SetText(PriceShown(field(u"SELLINGPR"_s)));
-    desk.tab.txtSaleDate.SetText(record ? DateShown(field(u"SALEDATE"_s), desk.ports.clock.Today()) : QString());
+    desk.tab.txtSellingPr.SetText(PriceShown(field(fields::SELLINGPR)));
+    desk.tab.txtSaleDate.SetText(record ? DateShown(field(fields::SALEDATE), desk.ports.clock.Today())
+                                        : QString());
 }
 
 } // namespace
@@ -112,7 +114,7 @@ void mapview_PointClick(MapDesk& desk, qint32 id)
     if (subject)
         desk.report.txtMapProximity.SetText(QString());
     const std::optional<store::Record> record = FindComp(desk, address);
-    desk.tab.imaanchor.SetVisible(record && record->Text(u"ANCHORED"_s) == "1"_L1);
+    desk.tab.imaanchor.SetVisible(record && record->Text(fields::ANCHORED) == "1"_L1);
     const qint16 result = MapResults::Has(id) ? desk.state.g_MapResult(id) : qint16{0};
     desk.tab.lblMapID.SetCaption(text::Dec(id) + u'|' + text::Dec(result));
 }

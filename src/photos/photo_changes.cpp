@@ -11,6 +11,7 @@
 #include "photos/trash.h"
 #include "photos/view_name.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 #include "store/messages.h"
 #include "store/store.h"
 #include "store/transaction.h"
@@ -137,7 +138,7 @@ PhotoChange CmdDeletePhoto(PhotoDesk& desk, forms::PictureBox& geamaintain)
     if (row < 0)
         return PhotoChange::None;
     // While the question stands, another record may come on show.
-    const QString key = store::GetFieldData(desk.databook, u"CENTRALKEY"_s);
+    const QString key = store::GetFieldData(desk.databook, fields::CENTRALKEY);
     const QString view = lists.lstViews.List(row);
     const QString stem = lists.lstimages.List(row);
     const QString file = FileOf(desk, stem);
@@ -181,7 +182,7 @@ PhotoChange CmdRenamePhotoView(PhotoDesk& desk)
     const int selected = lists.lstViews.ListIndex();
     if (selected < 0)
         return PhotoChange::None;
-    const QString key = store::GetFieldData(desk.databook, u"CENTRALKEY"_s);
+    const QString key = store::GetFieldData(desk.databook, fields::CENTRALKEY);
     const QString old = lists.lstViews.List(selected);
     desk.CurrentView =
         desk.questions.View(FileOf(desk, lists.lstimages.List(selected)), old, text::Trim(key));

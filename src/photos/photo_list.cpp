@@ -1,6 +1,7 @@
 #include "photos/photo_list.h"
 
 #include "platform/text/text.h"
+#include "store/fields.h"
 #include "store/record.h"
 
 #include <algorithm>
@@ -39,7 +40,7 @@ PhotoList::PhotoList(QList<PhotoPair> pairs)
 {}
 
 PhotoList::PhotoList(const store::Record& record)
-    : m_pairs(ParsePhotos(record.Text(u"PHOTOS"_s)))
+    : m_pairs(ParsePhotos(record.Text(fields::PHOTOS)))
 {}
 
 bool PhotoList::Has(const QString& view) const

@@ -3,6 +3,7 @@
 #include "common/error_block.h"
 #include "photos/photo_messages.h"
 #include "store/change.h"
+#include "store/fields.h"
 #include "store/store.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -32,7 +33,7 @@ void ReadPhotoLists(const store::DataSource& source, forms::ListBox& views, form
 {
     views.Clear();
     stems.Clear();
-    for (const auto& [view, stem] : ParsePhotos(store::GetFieldData(source, u"PHOTOS"_s))) {
+    for (const auto& [view, stem] : ParsePhotos(store::GetFieldData(source, fields::PHOTOS))) {
         views.AddItem(view);
         stems.AddItem(stem);
     }
@@ -48,13 +49,13 @@ PhotoList ListedPhotos(const forms::ListBox& views, const forms::ListBox& stems)
 
 void SetFrontFlag(store::DataSource& source, const PhotoList& photos)
 {
-    store::SetFieldData(source, photos.Has(kFrontView) ? u"1"_s : QString(), u"FRONT"_s);
+    store::SetFieldData(source, photos.Has(kFrontView) ? u"1"_s : QString(), fields::FRONT);
 }
 
 void StorePhotos(store::DataSource& source, const QString& key, const PhotoList& photos)
 {
     store::Change change(source, store::Change::OfKey{key}, kPhotosWords);
-    change.Set(u"PHOTOS"_s, photos.Text());
+    change.Set(fields::PHOTOS, photos.Text());
     SetFrontFlag(change.Source(), photos);
     change.Store();
 }
@@ -63,10 +64,10 @@ void WritePhotoLists(const forms::Ports& ports, store::DataSource& source, const
                      const forms::ListBox& stems)
 {
     const common::RoutineScope scope{"WritePhotoLists"};
-    const QString key = store::GetFieldData(source, u"CENTRALKEY"_s);
+    const QString key = store::GetFieldData(source, fields::CENTRALKEY);
     const PhotoList photos = ListedPhotos(views, stems);
     store::Change change(source, kPhotosWords);
-    change.Set(u"PHOTOS"_s, photos.Text());
+    change.Set(fields::PHOTOS, photos.Text());
     SetFrontFlag(source, photos);
     store::Updateandfind(ports, source, key);
 }

@@ -2,6 +2,7 @@
 
 #include "photos/photo_lists.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 namespace vasclip::photos {
 
@@ -18,8 +19,8 @@ QString PhotoOwners::Of(const QString& stem)
         const auto rows = m_databook.Database().OpenRecordset(
             u"SELECT CENTRALKEY, PHOTOS FROM ["_s + m_table + u']', engine::RecordsetType::Dynaset);
         for (; !rows->Eof(); rows->MoveNext()) {
-            const QString key = text::Trim(rows->Value(u"CENTRALKEY"_s).toString());
-            for (const auto& [view, named] : ParsePhotos(rows->Value(u"PHOTOS"_s).toString()))
+            const QString key = text::Trim(rows->Value(fields::CENTRALKEY).toString());
+            for (const auto& [view, named] : ParsePhotos(rows->Value(fields::PHOTOS).toString()))
                 m_keys.insert(text::Folded(named), key);
         }
         m_read = true;

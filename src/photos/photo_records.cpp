@@ -10,6 +10,7 @@
 #include "photos/view_name.h"
 #include "platform/text/text.h"
 #include "store/change.h"
+#include "store/fields.h"
 #include "store/messages.h"
 #include "store/store.h"
 #include "store/transaction.h"
@@ -37,9 +38,9 @@ void AddRecord(PhotoDesk& desk, const QString& key)
     }
     const store::DataSource& book = desk.databook;
     store::Change change(desk.databook, store::Change::NewKey{}, kAddForPhotoWords.arg(text::Folded(key)));
-    change.Set(u"CENTRALKEY"_s, store::Trim2Size(book, text::Folded(key), u"CENTRALKEY"_s));
+    change.Set(fields::CENTRALKEY, store::Trim2Size(book, text::Folded(key), fields::CENTRALKEY));
     const QString address = common::AddressInCase(text::Trim(key), desk.globals.addressCase);
-    change.Set(u"ADDRESS"_s, store::Trim2Size(book, address, u"ADDRESS"_s));
+    change.Set(fields::ADDRESS, store::Trim2Size(book, address, fields::ADDRESS));
     change.Store();
 }
 

@@ -5,6 +5,7 @@
 #include "platform/picture/picture.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 #include <QSet>
 
@@ -43,7 +44,7 @@ StoreCheck Check(const store::DataSource& databook, const files::Disk& disk, con
     const auto rows = databook.Database().OpenRecordset(
         u"SELECT CENTRALKEY, PHOTOS FROM [%1] ORDER BY CENTRALKEY"_s.arg(databook.RecordSource()),
         engine::RecordsetType::Dynaset);
-    const QList<int> fields{rows->FieldIndex(u"CENTRALKEY"_s), rows->FieldIndex(u"PHOTOS"_s)};
+    const QList<int> fields{rows->FieldIndex(fields::CENTRALKEY), rows->FieldIndex(fields::PHOTOS)};
     StoreCheck check;
     QSet<QString> named;
     for (qint64 at = 0; at < rows->RecordCount(); ++at) {

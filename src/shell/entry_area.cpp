@@ -11,6 +11,7 @@
 #include "platform/text/text.h"
 #include "shell/program.h"
 #include "shell/record_on_show.h"
+#include "store/fields.h"
 
 #include <QScopeGuard>
 
@@ -134,7 +135,7 @@ void EntryArea::txtcentralkey_Change()
         return;
     const QString typed = m_records.txtcentralkey.Text();
     const bool found = store::FindRecord(m_program.Ports(), m_program.sources.datDatabook,
-                                         databook::KeyOf(typed), u"CENTRALKEY"_s);
+                                         databook::KeyOf(typed), fields::CENTRALKEY);
     if (typed == m_records.txtcentralkey.Text()) // the look-up turned the queue
         m_records.ButtonStatus(found ? u"Found"_s : u"Not Found"_s);
 }
@@ -144,7 +145,7 @@ void EntryArea::txtcentralkey_LostFocus()
 {
     if (m_program.sources.datDatabook.Bound() &&
         store::FindRecord(m_program.Ports(), m_program.sources.datDatabook,
-                          databook::KeyOf(m_records.txtcentralkey.Text()), u"CENTRALKEY"_s))
+                          databook::KeyOf(m_records.txtcentralkey.Text()), fields::CENTRALKEY))
         m_records.CheckStatus(m_program.Ports(), m_program.sources.datDatabook, m_program.status);
 }
 
@@ -152,9 +153,9 @@ bool EntryArea::LoadCompForm(const QString& key)
 {
     const common::RoutineScope scope{"LoadCompForm"};
     if (!store::FindRecord(m_program.Ports(), m_program.sources.datDatabook, databook::KeyOf(key),
-                           u"CENTRALKEY"_s))
+                           fields::CENTRALKEY))
         return false;
-    const QString type = store::GetFieldData(m_program.sources.datDatabook, u"APPRSLTYPE"_s);
+    const QString type = store::GetFieldData(m_program.sources.datDatabook, fields::APPRSLTYPE);
     m_entryKey = databook::KeyOf(key);
     if (!m_functionKeys)
         m_functionKeys = std::make_unique<comments::frm_FKey>(comments::FKeyDesk{

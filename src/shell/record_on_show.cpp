@@ -9,6 +9,7 @@
 #include "photos/front_view.h"
 #include "platform/text/text.h"
 #include "shell/program.h"
+#include "store/fields.h"
 
 #include <QScopeGuard>
 #include <QScopedValueRollback>
@@ -29,7 +30,7 @@ QString KeyInRow(const forms::Grid& grid, qint64 row)
         return {};
     const QStringList names = source->FieldNames();
     const auto key = std::find_if(names.cbegin(), names.cend(), [](const QString& name) {
-        return name.compare("CENTRALKEY"_L1, Qt::CaseInsensitive) == 0;
+        return name.compare(fields::CENTRALKEY, Qt::CaseInsensitive) == 0;
     });
     return source->Row(row).value(key - names.cbegin());
 }
@@ -76,7 +77,7 @@ void RecordOnShow::grddatabook_RowColChange()
     }
     if (!m_program.sources.datDatabook.Bound())
         return;
-    const QString key = text::Trim(m_records.grddatabook.CurrentText(u"CENTRALKEY"_s));
+    const QString key = text::Trim(m_records.grddatabook.CurrentText(fields::CENTRALKEY));
     if (key.isEmpty()) {
         ShowNoRecord();
         m_program.status.lblmsg.Show(databook::kGoneMeanwhile, forms::Colour::Blue);
@@ -88,7 +89,7 @@ void RecordOnShow::grddatabook_RowColChange()
         const QScopedValueRollback<bool> showing(m_changing, true); // CheckStatus looks the key up
         m_records.txtcentralkey.SetText(key);
     }
-    m_records.lblDatabookADDR.SetCaption(text::Trim(m_records.grddatabook.CurrentText(u"ADDRESS"_s)));
+    m_records.lblDatabookADDR.SetCaption(text::Trim(m_records.grddatabook.CurrentText(fields::ADDRESS)));
     m_records.CheckStatus(m_program.Ports(), m_program.sources.datDatabook, m_program.status);
     if (!m_program.life.starting)
         ShowPhoto();
@@ -121,14 +122,14 @@ void RecordOnShow::ShowOutside(const QString& key)
     m_records.txtcentralkey.SetText(key);
     m_records.CheckStatus(m_program.Ports(), m_program.sources.datDatabook, m_program.status);
     m_records.lblDatabookADDR.SetCaption(
-        text::Trim(store::GetFieldData(m_program.sources.datDatabook, u"ADDRESS"_s)));
+        text::Trim(store::GetFieldData(m_program.sources.datDatabook, fields::ADDRESS)));
     ShowPhoto();
 }
 
 void RecordOnShow::ShowPhoto()
 {
     if (m_key.isEmpty() || !m_program.sources.datDatabook.Bound() ||
-        !store::FindRecord(m_program.Ports(), m_program.sources.datDatabook, m_key, u"CENTRALKEY"_s)) {
+        !store::FindRecord(m_program.Ports(), m_program.sources.datDatabook, m_key, fields::CENTRALKEY)) {
         ShowNoPhotos();
         return;
     }
@@ -140,7 +141,7 @@ void RecordOnShow::ShowPhoto()
 qint64 RecordOnShow::PlaceOf(const QString& key)
 {
     if (key.isEmpty() ||
-        !store::FindRecord(m_program.Ports(), m_program.sources.datDatabook, key, u"CENTRALKEY"_s))
+        !store::FindRecord(m_program.Ports(), m_program.sources.datDatabook, key, fields::CENTRALKEY))
         return -2;
     const qint64 place = m_program.sources.datsql.Recordset().PositionOf(
         m_program.sources.datDatabook.Recordset().GetBookmark());

@@ -9,6 +9,7 @@
 #include "shell/menu_point.h"
 #include "shell/program.h"
 #include "shell/record_on_show.h"
+#include "store/fields.h"
 
 namespace vasclip::shell {
 
@@ -17,7 +18,7 @@ using namespace Qt::Literals::StringLiterals;
 QString ShownPhoto(const Program& program)
 {
     const int row = program.photoLists.lstViews.ListIndex();
-    return QStringList{text::Folded(program.records.grddatabook.CurrentText(u"CENTRALKEY"_s)),
+    return QStringList{text::Folded(program.records.grddatabook.CurrentText(fields::CENTRALKEY)),
                        program.photoLists.lstViews.List(row), program.photoLists.lstimages.List(row)}
         .join(u'|');
 }
@@ -69,12 +70,12 @@ bool RecordPhotos::StandOnShownPhoto()
     if (lists.lstViews.ListIndex() < 0 || !m_program.sources.datDatabook.Bound() || key.isEmpty())
         return false;
     const QString view = lists.lstViews.List(lists.lstViews.ListIndex());
-    if (!store::FindRecord(m_program.Ports(), m_program.sources.datDatabook, key, u"CENTRALKEY"_s)) {
+    if (!store::FindRecord(m_program.Ports(), m_program.sources.datDatabook, key, fields::CENTRALKEY)) {
         m_program.status.lblmsg.Show(u"%1 is not in the Databook any more."_s.arg(key), forms::Colour::Red);
         return false;
     }
     if (photos::ParsePhotos(photos::ListedPhotos(lists.lstViews, lists.lstimages).Text()) ==
-        photos::ParsePhotos(store::GetFieldData(m_program.sources.datDatabook, u"PHOTOS"_s)))
+        photos::ParsePhotos(store::GetFieldData(m_program.sources.datDatabook, fields::PHOTOS)))
         return true;
     photos::ReadPhotoLists(m_program.sources.datDatabook, lists.lstViews, lists.lstimages);
     const int row = lists.lstViews.IndexOf(view);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/fields.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -37,6 +39,6 @@ inline const QStringList kSystemTables = {
 };
 
 /// The index of every look-up by key.
-inline const QString kKeyIndex = u"CENTRALKEY"_s;
+inline const QString kKeyIndex = fields::CENTRALKEY;
 
 } // namespace vasclip::store

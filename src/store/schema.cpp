@@ -1,6 +1,7 @@
 #include "store/schema.h"
 
 #include "platform/text/runtime_error.h"
+#include "store/fields.h"
 
 #include <algorithm>
 #include <array>
@@ -18,174 +19,174 @@ constexpr int kDateSize = 20; // roomy enough for "January 1, 1900", as the cale
 constexpr int kReportCell = 40;
 constexpr int kNoteSize = 255;
 
-constexpr CompsColumn Text(const char* name, int size, const char* heading)
+constexpr CompsColumn Text(FieldName name, int size, const char* heading)
 {
-    return {Name(name), size, engine::SortsAs::Text, Name(heading)};
+    return {name, size, engine::SortsAs::Text, Name(heading)};
 }
-constexpr CompsColumn Num(const char* name, int size, const char* heading)
+constexpr CompsColumn Num(FieldName name, int size, const char* heading)
 {
-    return {Name(name), size, engine::SortsAs::Number, Name(heading)};
+    return {name, size, engine::SortsAs::Number, Name(heading)};
 }
-constexpr CompsColumn Day(const char* name, const char* heading)
+constexpr CompsColumn Day(FieldName name, const char* heading)
 {
-    return {Name(name), kDateSize, engine::SortsAs::Date, Name(heading)};
+    return {name, kDateSize, engine::SortsAs::Date, Name(heading)};
 }
 
 constexpr std::array kComps = {
     // key and identity
-    Text("CENTRALKEY", kKeySize, "Key"),
-    Text("COMPID", 7, "Comp ID"),
-    Text("APPRSLTYPE", 1, "Type"),
-    Text("COMPCODE", 10, "Comp Code"),
-    Text("CTSCODE", 10, "CTS Code"),
-    Text("STRCODE", 10, "Stories"),
+    Text(fields::CENTRALKEY, kKeySize, "Key"),
+    Text(fields::COMPID, 7, "Comp ID"),
+    Text(fields::APPRSLTYPE, 1, "Type"),
+    Text(fields::COMPCODE, 10, "Comp Code"),
+    Text(fields::CTSCODE, 10, "CTS Code"),
+    Text(fields::STRCODE, 10, "Stories"),
     // location
-    Text("ADDRESS", kKeySize, "Address"),
-    Text("ADDRESS2", kKeySize, "Address 2"),
-    Text("CITY", 25, "City"),
-    Text("ST", 4, "State"),
-    Text("ZIP", 10, "ZIP"),
-    Text("COUNTY", 25, "County"),
-    Text("NEIGHBORHD", kReportCell, "Neighborhood"),
-    Text("CENSUSTRCT", 15, "Census Tract"),
-    Text("TAXMAPNUM", 30, "Tax Map No."),
-    Text("FLOODMAP", 25, "Flood Map"),
-    Num("LONGITUDE", 11, "Longitude"),
-    Num("LATITUDE", 11, "Latitude"),
-    Text("ANCHORED", 1, "Anchored"),
+    Text(fields::ADDRESS, kKeySize, "Address"),
+    Text(fields::ADDRESS2, kKeySize, "Address 2"),
+    Text(fields::CITY, 25, "City"),
+    Text(fields::ST, 4, "State"),
+    Text(fields::ZIP, 10, "ZIP"),
+    Text(fields::COUNTY, 25, "County"),
+    Text(fields::NEIGHBORHD, kReportCell, "Neighborhood"),
+    Text(fields::CENSUSTRCT, 15, "Census Tract"),
+    Text(fields::TAXMAPNUM, 30, "Tax Map No."),
+    Text(fields::FLOODMAP, 25, "Flood Map"),
+    Num(fields::LONGITUDE, 11, "Longitude"),
+    Num(fields::LATITUDE, 11, "Latitude"),
+    Text(fields::ANCHORED, 1, "Anchored"),
     // dates and calculated fields
-    Day("LOADDATE", "Load Date"),
-    Num("LOADSERIAL", 10, "Load Serial"),
-    Day("SALEDATE", "Sale Date"),
-    Text("SALEFLD", kReportCell, "Sale Date on Report"),
-    Num("SALESERIAL", 10, "Sale Serial"),
-    Day("MODIFIEDDATE", "Modified"),
-    Day("CONTRKDATE", "Contract Date"),
-    Num("PRICEGLA", 10, "Price/GLA"),
-    Num("AGE", 4, "Age"),
-    Day("LEASEDATE", "Lease Date"),
+    Day(fields::LOADDATE, "Load Date"),
+    Num(fields::LOADSERIAL, 10, "Load Serial"),
+    Day(fields::SALEDATE, "Sale Date"),
+    Text(fields::SALEFLD, kReportCell, "Sale Date on Report"),
+    Num(fields::SALESERIAL, 10, "Sale Serial"),
+    Day(fields::MODIFIEDDATE, "Modified"),
+    Day(fields::CONTRKDATE, "Contract Date"),
+    Num(fields::PRICEGLA, 10, "Price/GLA"),
+    Num(fields::AGE, 4, "Age"),
+    Day(fields::LEASEDATE, "Lease Date"),
     // sale
-    Num("SELLINGPR", 10, "Price"),
-    Text("PRICEFLD", 20, "Price on Report"),
-    Text("RENTFLD", 20, "Rent on Report"),
-    Text("DATASOURCE", kReportCell, "Data Source"),
-    Text("VERIFYSRCE", kReportCell, "Verification"),
-    Text("SFCONCESS1", kReportCell, "Concessions"),
-    Text("SFCONCESS2", kReportCell, "Concessions 2"),
-    Text("FINANCETYP", 20, "Financing"),
-    Text("ERCFINAL", 20, "ERC Final"),
-    Text("MKTCHANGE", 30, "Market Change"),
-    Num("DAYSONMKT", 10, "Days on Market"),
-    Text("SALEHIST1", kReportCell, "Sale History 1"),
-    Text("SALEHIST2", kReportCell, "Sale History 2"),
-    Text("SALEHIST3", kReportCell, "Sale History 3"),
-    Text("SALEHIST4", 20, "Sale History 4"),
-    Text("SALEHIST5", 20, "Sale History 5"),
+    Num(fields::SELLINGPR, 10, "Price"),
+    Text(fields::PRICEFLD, 20, "Price on Report"),
+    Text(fields::RENTFLD, 20, "Rent on Report"),
+    Text(fields::DATASOURCE, kReportCell, "Data Source"),
+    Text(fields::VERIFYSRCE, kReportCell, "Verification"),
+    Text(fields::SFCONCESS1, kReportCell, "Concessions"),
+    Text(fields::SFCONCESS2, kReportCell, "Concessions 2"),
+    Text(fields::FINANCETYP, 20, "Financing"),
+    Text(fields::ERCFINAL, 20, "ERC Final"),
+    Text(fields::MKTCHANGE, 30, "Market Change"),
+    Num(fields::DAYSONMKT, 10, "Days on Market"),
+    Text(fields::SALEHIST1, kReportCell, "Sale History 1"),
+    Text(fields::SALEHIST2, kReportCell, "Sale History 2"),
+    Text(fields::SALEHIST3, kReportCell, "Sale History 3"),
+    Text(fields::SALEHIST4, 20, "Sale History 4"),
+    Text(fields::SALEHIST5, 20, "Sale History 5"),
     // dwelling
-    Num("GLA", 10, "GLA"),
-    Num("ROOMCOUNT", 6, "Rooms"),
-    Num("BEDROOM", 6, "Bedrooms"),
-    Num("BATH", 6, "Baths"),
-    Num("YEARBUILT", 20, "Year Built"),
-    Text("SITE", 30, "Site"),
-    Text("LOCATION", 30, "Location"),
-    Text("DESIGNAPPL", 30, "Design/Appeal"),
-    Text("CONSTRQUAL", 30, "Quality"),
-    Text("CONDITION", 30, "Condition"),
-    Text("FUNCTUTIL", 30, "Functional Utility"),
-    Text("FUNCUTIL1", 30, "Functional Utility 1"),
-    Text("FUNCUTIL2", 30, "Functional Utility 2"),
-    Text("FUNCUTIL3", 30, "Functional Utility 3"),
-    Text("FUNCUTIL4", 30, "Functional Utility 4"),
-    Text("FUNCUTIL5", 30, "Functional Utility 5"),
-    Text("FUNCUTIL6", 30, "Functional Utility 6"),
-    Text("BASEMENT", 30, "Basement"),
-    Text("FINISHED", 30, "Finished Below Grade"),
-    Text("AC", 30, "Heating/Cooling"),
-    Text("ENERGYEFF1", 30, "Energy Efficient 1"),
-    Text("ENERGYEFF2", 30, "Energy Efficient 2"),
-    Text("PARKING", 30, "Parking"),
-    Text("PORCHPATI1", 30, "Porch/Patio 1"),
-    Text("PORCHPATI2", 30, "Porch/Patio 2"),
-    Text("FIREPLACES", 30, "Fireplaces"),
-    Text("STORAGE", 30, "Storage"),
-    Text("COMMONELEM", 30, "Common Elements"),
-    Text("LEASEFEE", 30, "Leasehold/Fee"),
-    Text("INTDECOR", 30, "Interior"),
-    Text("OTHER1", 30, "Other 1"),
-    Text("OTHER2", 30, "Other 2"),
-    Text("OTHERAREA1", 20, "Other Area 1"),
-    Text("OTHERAREA2", 20, "Other Area 2"),
+    Num(fields::GLA, 10, "GLA"),
+    Num(fields::ROOMCOUNT, 6, "Rooms"),
+    Num(fields::BEDROOM, 6, "Bedrooms"),
+    Num(fields::BATH, 6, "Baths"),
+    Num(fields::YEARBUILT, 20, "Year Built"),
+    Text(fields::SITE, 30, "Site"),
+    Text(fields::LOCATION, 30, "Location"),
+    Text(fields::DESIGNAPPL, 30, "Design/Appeal"),
+    Text(fields::CONSTRQUAL, 30, "Quality"),
+    Text(fields::CONDITION, 30, "Condition"),
+    Text(fields::FUNCTUTIL, 30, "Functional Utility"),
+    Text(fields::FUNCUTIL1, 30, "Functional Utility 1"),
+    Text(fields::FUNCUTIL2, 30, "Functional Utility 2"),
+    Text(fields::FUNCUTIL3, 30, "Functional Utility 3"),
+    Text(fields::FUNCUTIL4, 30, "Functional Utility 4"),
+    Text(fields::FUNCUTIL5, 30, "Functional Utility 5"),
+    Text(fields::FUNCUTIL6, 30, "Functional Utility 6"),
+    Text(fields::BASEMENT, 30, "Basement"),
+    Text(fields::FINISHED, 30, "Finished Below Grade"),
+    Text(fields::AC, 30, "Heating/Cooling"),
+    Text(fields::ENERGYEFF1, 30, "Energy Efficient 1"),
+    Text(fields::ENERGYEFF2, 30, "Energy Efficient 2"),
+    Text(fields::PARKING, 30, "Parking"),
+    Text(fields::PORCHPATI1, 30, "Porch/Patio 1"),
+    Text(fields::PORCHPATI2, 30, "Porch/Patio 2"),
+    Text(fields::FIREPLACES, 30, "Fireplaces"),
+    Text(fields::STORAGE, 30, "Storage"),
+    Text(fields::COMMONELEM, 30, "Common Elements"),
+    Text(fields::LEASEFEE, 30, "Leasehold/Fee"),
+    Text(fields::INTDECOR, 30, "Interior"),
+    Text(fields::OTHER1, 30, "Other 1"),
+    Text(fields::OTHER2, 30, "Other 2"),
+    Text(fields::OTHERAREA1, 20, "Other Area 1"),
+    Text(fields::OTHERAREA2, 20, "Other Area 2"),
     // condominium
-    Num("PROJSIZE", 20, "Project Size"),
-    Text("FLOORLOCAL", 20, "Floor Location"),
-    Num("MONTHASSES", 20, "Monthly Assessment"),
-    Text("UTILFURN1", 30, "Utilities/Furniture 1"),
-    Text("UTILFURN2", 30, "Utilities/Furniture 2"),
-    Text("UTILFURN3", 30, "Utilities/Furniture 3"),
-    Text("UTILFURN4", 30, "Utilities/Furniture 4"),
-    Text("UTILFURN5", 30, "Utilities/Furniture 5"),
-    Text("UTILFURN6", 30, "Utilities/Furniture 6"),
+    Num(fields::PROJSIZE, 20, "Project Size"),
+    Text(fields::FLOORLOCAL, 20, "Floor Location"),
+    Num(fields::MONTHASSES, 20, "Monthly Assessment"),
+    Text(fields::UTILFURN1, 30, "Utilities/Furniture 1"),
+    Text(fields::UTILFURN2, 30, "Utilities/Furniture 2"),
+    Text(fields::UTILFURN3, 30, "Utilities/Furniture 3"),
+    Text(fields::UTILFURN4, 30, "Utilities/Furniture 4"),
+    Text(fields::UTILFURN5, 30, "Utilities/Furniture 5"),
+    Text(fields::UTILFURN6, 30, "Utilities/Furniture 6"),
     // income units
-    Num("NUMBUNITS", 6, "Units"),
-    Num("NUMVACANT", 6, "Vacant Units"),
-    Num("UNITS_1", 6, "Units 1"),
-    Num("UNITS_2", 6, "Units 2"),
-    Num("UNITS_3", 6, "Units 3"),
-    Num("UNITS_4", 6, "Units 4"),
-    Num("VACANT_1", 6, "Vacant 1"),
-    Num("VACANT_2", 6, "Vacant 2"),
-    Num("VACANT_3", 6, "Vacant 3"),
-    Num("VACANT_4", 6, "Vacant 4"),
-    Num("SQFT_1", 10, "Sq. Ft. 1"),
-    Num("SQFT_2", 10, "Sq. Ft. 2"),
-    Num("SQFT_3", 10, "Sq. Ft. 3"),
-    Num("SQFT_4", 10, "Sq. Ft. 4"),
-    Num("ROOMCOUNT1", 6, "Rooms 1"),
-    Num("ROOMCOUNT2", 6, "Rooms 2"),
-    Num("ROOMCOUNT3", 6, "Rooms 3"),
-    Num("ROOMCOUNT4", 6, "Rooms 4"),
-    Num("BEDROOMS1", 6, "Bedrooms 1"),
-    Num("BEDROOMS2", 6, "Bedrooms 2"),
-    Num("BEDROOMS3", 6, "Bedrooms 3"),
-    Num("BEDROOMS4", 6, "Bedrooms 4"),
-    Num("BATHS1", 6, "Baths 1"),
-    Num("BATHS2", 6, "Baths 2"),
-    Num("BATHS3", 6, "Baths 3"),
-    Num("BATHS4", 6, "Baths 4"),
-    Num("MONTHRENT", 10, "Monthly Rent"),
-    Num("MONTHRENT2", 10, "Monthly Rent 2"),
-    Num("MONTHRENT3", 10, "Monthly Rent 3"),
-    Num("MONTHRENT4", 10, "Monthly Rent 4"),
-    Num("GRSMORENT", 10, "Gross Monthly Rent"),
-    Text("RENTCONCES", kReportCell, "Rent Concessions"),
-    Text("RENTEXTRA", kReportCell, "Rent Extras"),
-    Text("FURNISHED", 20, "Furnished"),
+    Num(fields::NUMBUNITS, 6, "Units"),
+    Num(fields::NUMVACANT, 6, "Vacant Units"),
+    Num(fields::UNITS_1, 6, "Units 1"),
+    Num(fields::UNITS_2, 6, "Units 2"),
+    Num(fields::UNITS_3, 6, "Units 3"),
+    Num(fields::UNITS_4, 6, "Units 4"),
+    Num(fields::VACANT_1, 6, "Vacant 1"),
+    Num(fields::VACANT_2, 6, "Vacant 2"),
+    Num(fields::VACANT_3, 6, "Vacant 3"),
+    Num(fields::VACANT_4, 6, "Vacant 4"),
+    Num(fields::SQFT_1, 10, "Sq. Ft. 1"),
+    Num(fields::SQFT_2, 10, "Sq. Ft. 2"),
+    Num(fields::SQFT_3, 10, "Sq. Ft. 3"),
+    Num(fields::SQFT_4, 10, "Sq. Ft. 4"),
+    Num(fields::ROOMCOUNT1, 6, "Rooms 1"),
+    Num(fields::ROOMCOUNT2, 6, "Rooms 2"),
+    Num(fields::ROOMCOUNT3, 6, "Rooms 3"),
+    Num(fields::ROOMCOUNT4, 6, "Rooms 4"),
+    Num(fields::BEDROOMS1, 6, "Bedrooms 1"),
+    Num(fields::BEDROOMS2, 6, "Bedrooms 2"),
+    Num(fields::BEDROOMS3, 6, "Bedrooms 3"),
+    Num(fields::BEDROOMS4, 6, "Bedrooms 4"),
+    Num(fields::BATHS1, 6, "Baths 1"),
+    Num(fields::BATHS2, 6, "Baths 2"),
+    Num(fields::BATHS3, 6, "Baths 3"),
+    Num(fields::BATHS4, 6, "Baths 4"),
+    Num(fields::MONTHRENT, 10, "Monthly Rent"),
+    Num(fields::MONTHRENT2, 10, "Monthly Rent 2"),
+    Num(fields::MONTHRENT3, 10, "Monthly Rent 3"),
+    Num(fields::MONTHRENT4, 10, "Monthly Rent 4"),
+    Num(fields::GRSMORENT, 10, "Gross Monthly Rent"),
+    Text(fields::RENTCONCES, kReportCell, "Rent Concessions"),
+    Text(fields::RENTEXTRA, kReportCell, "Rent Extras"),
+    Text(fields::FURNISHED, 20, "Furnished"),
     // land and description
-    Num("LANDSIZE", 20, "Land Size"),
-    Text("RUNFT", 20, "Front Feet"),
-    Text("DESCRIPT1", kReportCell, "Description 1"),
-    Text("DESCRIPT2", kReportCell, "Description 2"),
-    Text("DESCRIPT3", kReportCell, "Description 3"),
-    Text("DESCRIPT4", kReportCell, "Description 4"),
-    Text("DESCRIPT5", kReportCell, "Description 5"),
+    Num(fields::LANDSIZE, 20, "Land Size"),
+    Text(fields::RUNFT, 20, "Front Feet"),
+    Text(fields::DESCRIPT1, kReportCell, "Description 1"),
+    Text(fields::DESCRIPT2, kReportCell, "Description 2"),
+    Text(fields::DESCRIPT3, kReportCell, "Description 3"),
+    Text(fields::DESCRIPT4, kReportCell, "Description 4"),
+    Text(fields::DESCRIPT5, kReportCell, "Description 5"),
     // notes and photos
-    Text("NOTES", kNoteSize, "Notes"),
-    Text("MISCCOMM", kNoteSize, "Comments"),
-    Text("MISCCOMM2", kNoteSize, "Comments 2"),
-    Text("MISCCOMM3", kNoteSize, "Comments 3"),
-    Text("PICTFILENM", 60, "Picture File"),
-    Text("APPRSRFILE", 30, "File No."),
-    Text("PHOTOS", 0, "Photos"),
-    Text("FRONT", 1, "Front"),
-    Text("FRONTPHOTO", 0, "Front Photo"),
+    Text(fields::NOTES, kNoteSize, "Notes"),
+    Text(fields::MISCCOMM, kNoteSize, "Comments"),
+    Text(fields::MISCCOMM2, kNoteSize, "Comments 2"),
+    Text(fields::MISCCOMM3, kNoteSize, "Comments 3"),
+    Text(fields::PICTFILENM, 60, "Picture File"),
+    Text(fields::APPRSRFILE, 30, "File No."),
+    Text(fields::PHOTOS, 0, "Photos"),
+    Text(fields::FRONT, 1, "Front"),
+    Text(fields::FRONTPHOTO, 0, "Front Photo"),
 };
 
 engine::FieldType TypeOf(const CompsColumn& column)
 {
     if (column.size > 0)
         return engine::FieldType::Text;
-    return column.name == Name("FRONTPHOTO") ? engine::FieldType::LongBinary : engine::FieldType::Memo;
+    return column.name == fields::FRONTPHOTO ? engine::FieldType::LongBinary : engine::FieldType::Memo;
 }
 
 engine::Field MakeField(const QString& name, engine::FieldType type, int size)
@@ -210,7 +211,7 @@ engine::FieldList CompsFields()
 
 struct PlainColumn
 {
-    const char* name;
+    Name name;
     int size;
 };
 
@@ -220,39 +221,39 @@ engine::TableDef PlainTable(const char* name, const std::array<PlainColumn, N>& 
     engine::TableDef table;
     table.name = QString::fromLatin1(name);
     for (const PlainColumn& column : columns)
-        table.fields.append(
-            MakeField(QString::fromLatin1(column.name), engine::FieldType::Text, column.size));
+        table.fields.append(MakeField(column.name, engine::FieldType::Text, column.size));
     return table;
 }
 
 constexpr std::array<PlainColumn, 10> kMapping = {{
-    {"FORMTYPE", 10},
-    {"FORMNAME", 20},
-    {"FIELDNAME", 20},
-    {"ROW", 6},
-    {"CELL", 10},
-    {"COMPTYPE", 10},
-    {"COMP", 4},
-    {"OFFSET", 10},
-    {"PREEVAL", 20},
-    {"TRUEFALSE", 4},
+    {Name("FORMTYPE"), 10},
+    {Name("FORMNAME"), 20},
+    {Name("FIELDNAME"), 20},
+    {Name("ROW"), 6},
+    {Name("CELL"), 10},
+    {Name("COMPTYPE"), 10},
+    {Name("COMP"), 4},
+    {Name("OFFSET"), 10},
+    {Name("PREEVAL"), 20},
+    {Name("TRUEFALSE"), 4},
 }};
 
 // Text fields of the engine's default size.
 constexpr std::array<PlainColumn, 10> kAppraisal = {{
-    {"ID", 255},
-    {"NAME", 255},
-    {"ADDRESS", 255},
-    {"ADDRESS2", 255},
-    {"CITY", 255},
-    {"ST", 255},
-    {"ZIP", 255},
-    {"COUNTY", 255},
-    {"HYPERLINK", 255},
-    {"Information", 255},
+    {Name("ID"), 255},
+    {Name("NAME"), 255},
+    {fields::ADDRESS, 255},
+    {fields::ADDRESS2, 255},
+    {fields::CITY, 255},
+    {fields::ST, 255},
+    {fields::ZIP, 255},
+    {fields::COUNTY, 255},
+    {Name("HYPERLINK"), 255},
+    {Name("Information"), 255},
 }};
 
-constexpr std::array<PlainColumn, 4> kCities = {{{"CITY", 25}, {"ST", 4}, {"ZIP", 10}, {"COUNTY", 25}}};
+constexpr std::array<PlainColumn, 4> kCities = {
+    {{fields::CITY, 25}, {fields::ST, 4}, {fields::ZIP, 10}, {fields::COUNTY, 25}}};
 
 /// Phrases of the keys stand in the first six rows, "1" to "6"; the library of a field can't outgrow the
 /// table.
@@ -261,7 +262,7 @@ void AddCommentRows(engine::Database& database)
     engine::Transaction rows(database);
     const std::unique_ptr<engine::Recordset> table =
         database.OpenRecordset(u"COMPS"_s, engine::RecordsetType::Table);
-    const QString key = u"CENTRALKEY"_s;
+    const QString key = fields::CENTRALKEY;
     for (int row = 1; row <= kCommentKeyRows + kCommentListRows; ++row) {
         table->AddNew();
         table->SetValue(key, row <= kCommentKeyRows ? QString::number(row) : QString(20, QLatin1Char(' ')));
@@ -349,9 +350,9 @@ const engine::TableDef& CompsTable()
         comps.name = u"COMPS"_s;
         comps.fields = CompsFields();
         comps.indexes = {
-            {u"Centralkey"_s, {u"CENTRALKEY"_s}, true, true},
+            {u"Centralkey"_s, {fields::CENTRALKEY}, true, true},
             // The second index that look-ups know: a comp by the appraiser's own file number.
-            {u"FILENUMBERUSER"_s, {u"APPRSRFILE"_s}, false, false},
+            {u"FILENUMBERUSER"_s, {fields::APPRSRFILE}, false, false},
         };
         return comps;
     }();

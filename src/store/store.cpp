@@ -4,6 +4,7 @@
 #include "platform/engine/errors.h"
 #include "platform/text/text.h"
 #include "store/change.h"
+#include "store/fields.h"
 #include "store/messages.h"
 
 #include <algorithm>
@@ -137,9 +138,9 @@ bool Ismdb(engine::Engine& engine, const QString& path, const QString& table) no
                 definition.fields.cbegin(), definition.fields.cend(),
                 [name](const engine::Field& f) { return f.name.compare(name, Qt::CaseInsensitive) == 0; });
         };
-        const auto key = find(QLatin1StringView("CENTRALKEY"));
-        const auto gla = find(QLatin1StringView("GLA"));
-        const auto photos = find(QLatin1StringView("PHOTOS"));
+        const auto key = find(fields::CENTRALKEY);
+        const auto gla = find(fields::GLA);
+        const auto photos = find(fields::PHOTOS);
         const auto end = definition.fields.cend();
         return key != end && key->size > 0 && gla != end && gla->size > 0 && photos != end &&
                photos->type == engine::FieldType::Memo;

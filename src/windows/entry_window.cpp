@@ -1,4 +1,5 @@
 #include "databook/entry_screen.h"
+#include "store/fields.h"
 #include "store/schema.h"
 #include "windows/fkey_bar.h"
 #include "windows/icons.h"
@@ -76,7 +77,7 @@ public:
         auto* head = new QHBoxLayout;
         head->addWidget(Words(QString(group.title), "title", card));
         head->addStretch(1);
-        const bool prices = Holds(group, "SELLINGPR"_L1) && m_screen.lblPriceGla.Visible();
+        const bool prices = Holds(group, fields::SELLINGPR) && m_screen.lblPriceGla.Visible();
         if (prices) {
             head->addWidget(Words(QDialog::tr("Price/GLA"), "quiet", card));
             auto* perArea = new QLabel(card);
@@ -182,7 +183,7 @@ private:
         }
         box->setObjectName(QString(row.control));
         box->setAccessibleName(words);
-        const bool date = row.kind == databook::EntryKind::Date || row.field == "CONTRKDATE"_L1;
+        const bool date = row.kind == databook::EntryKind::Date || row.field == fields::CONTRKDATE;
         box->setMinimumWidth(date ? kDateWidth : narrow ? kShortWidth : kLongWidth);
         return box;
     }
@@ -199,7 +200,7 @@ private:
             icon->setFocusPolicy(Qt::NoFocus);
             return icon;
         }
-        if (row.field != "CITY"_L1 || !m_screen.cboCity)
+        if (row.field != fields::CITY || !m_screen.cboCity)
             return nullptr;
         auto* cities = new QComboBox(card);
         cities->setObjectName(u"cboCity"_s);

@@ -2,6 +2,7 @@
 
 #include "forms/drop_port.h"
 #include "forms/menu_port.h"
+#include "store/fields.h"
 #include "ui_frm_main.h"
 #include "windows/capture_pane.h"
 #include "windows/chip_bar.h"
@@ -305,7 +306,7 @@ void MainWindow::SendToSlot()
     if (!m_binder.Guard().Run([&] {
             m_port.Begin(*source, 0); // what is chosen now is sent, whatever stands there when a slot is chosen
             choices = SlotChoices(m_binder.Controls(), m_port, source->Name());
-            title = source == grid ? grid->CurrentText(u"CENTRALKEY"_s).trimmed()
+            title = source == grid ? grid->CurrentText(fields::CENTRALKEY).trimmed()
                                    : QFileInfo(m_port.FileOf(*source)).fileName();
             if (const auto* text = qobject_cast<forms::TextBox*>(source))
                 title = text->Text().trimmed();
@@ -333,8 +334,8 @@ void MainWindow::ShowRecordCount()
             count += tr(", %1 selected").arg(locale.toString(grid->SelectedCount()));
         m_ui->recordCount->setText(count);
         m_drags.SetCardText(
-            grid->CurrentText(u"CENTRALKEY"_s).trimmed(),
-            u"%1 %2"_s.arg(grid->CurrentText(u"CITY"_s).trimmed(), grid->CurrentText(u"ST"_s).trimmed())
+            grid->CurrentText(fields::CENTRALKEY).trimmed(),
+            u"%1 %2"_s.arg(grid->CurrentText(fields::CITY).trimmed(), grid->CurrentText(fields::ST).trimmed())
                 .trimmed());
     });
     FollowRecord();

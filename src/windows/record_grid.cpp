@@ -1,6 +1,7 @@
 #include "windows/record_grid.h"
 
 #include "databook/copy_rows.h"
+#include "store/fields.h"
 #include "windows/columns_dialog.h"
 #include "windows/guard.h"
 #include "windows/record_model.h"
@@ -264,7 +265,7 @@ bool RecordGrid::AimAt(QPoint place)
         return false;
     }
     m_aim = {row, {}};
-    m_guard->Run([&] { m_aim.key = m_model->Text(row, u"CENTRALKEY"_s); });
+    m_guard->Run([&] { m_aim.key = m_model->Text(row, fields::CENTRALKEY); });
     viewport()->update();
     return true;
 }

@@ -4,6 +4,7 @@
 #include "databook/city_fields.h"
 #include "databook/messages.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 #include "store/schema.h"
 
 #include <functional>
@@ -38,7 +39,7 @@ int List(const Output& out, const forms::ListBox& cities)
         const databook::CityEntry entry = databook::SplitCity(cities.List(i));
         rows.append({text::Dec(i + 1), cities.List(i), entry.city, entry.state, entry.zip, entry.county});
     }
-    out.Table({u"NUMBER"_s, u"LINE"_s, u"CITY"_s, u"ST"_s, u"ZIP"_s, u"COUNTY"_s}, rows,
+    out.Table({u"NUMBER"_s, u"LINE"_s, fields::CITY, fields::ST, fields::ZIP, fields::COUNTY}, rows,
               {Kind::Number});
     return kDone;
 }
@@ -47,10 +48,10 @@ int List(const Output& out, const forms::ListBox& cities)
 bool Fits(const Output& out, const databook::CityEntry& entry,
           const std::function<int(const QString& field)>& sizeOf)
 {
-    for (const auto& [field, value] : {std::pair{u"CITY"_s, entry.city},
-                                       {u"ST"_s, entry.state},
-                                       {u"ZIP"_s, entry.zip},
-                                       {u"COUNTY"_s, entry.county}}) {
+    for (const auto& [field, value] : {std::pair{fields::CITY, entry.city},
+                                       {fields::ST, entry.state},
+                                       {fields::ZIP, entry.zip},
+                                       {fields::COUNTY, entry.county}}) {
         const int size = sizeOf(field);
         if (value.size() > size) {
             out.Error(u"%1 takes at most %2 characters; the value has %3."_s.arg(field).arg(size).arg(

@@ -6,6 +6,7 @@
 #include "map/messages.h"
 #include "map/slot_labels.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 namespace vasclip::vasctl {
 
@@ -40,7 +41,8 @@ int FindLabel(Session& session, const Output& out, map::MapDesk& desk, link::Slo
     const std::optional<store::Record> record = map::FindComp(desk, address);
     if (record && map::IsAnchored(*record))
         return Told(out, label + u' ' + address,
-                    {map::Millionths(record->Text(u"LATITUDE"_s)), map::Millionths(record->Text(u"LONGITUDE"_s))});
+                    {map::Millionths(record->Text(fields::LATITUDE)),
+                     map::Millionths(record->Text(fields::LONGITUDE))});
     const QString town = address.isEmpty() ? QString() : map::ResolveCompCityState(desk, address, slot);
     if (const auto place = town.isEmpty() ? std::nullopt : FindAddress(desk, address + u", "_s + town))
         return Told(out, label + u' ' + address, *place);

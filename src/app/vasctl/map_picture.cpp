@@ -7,6 +7,7 @@
 #include "link/refresh.h"
 #include "map/arrange_arrows.h"
 #include "map/messages.h"
+#include "store/fields.h"
 
 #include <QDir>
 #include <QFile>
@@ -42,11 +43,11 @@ void FillFromDemo(shell::Program& program)
         engine::RecordsetType::Dynaset);
     for (int n = 1; n <= kDemoComps && !rows->Eof(); ++n, rows->MoveNext()) {
         if (n == 1) {
-            program.addr.txtKelCity.SetText(rows->Value(u"CITY"_s).toString().trimmed());
-            program.addr.txtKelState.SetText(rows->Value(u"ST"_s).toString().trimmed());
-            program.addr.txtKelZip.SetText(rows->Value(u"ZIP"_s).toString().trimmed());
+            program.addr.txtKelCity.SetText(rows->Value(fields::CITY).toString().trimmed());
+            program.addr.txtKelState.SetText(rows->Value(fields::ST).toString().trimmed());
+            program.addr.txtKelZip.SetText(rows->Value(fields::ZIP).toString().trimmed());
         }
-        program.report.txtComp(n).SetText(rows->Value(u"CENTRALKEY"_s).toString().trimmed());
+        program.report.txtComp(n).SetText(rows->Value(fields::CENTRALKEY).toString().trimmed());
     }
 }
 

@@ -7,6 +7,7 @@
 #include "map/messages.h"
 #include "map/pinmap.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 namespace vasclip::vasctl {
 
@@ -39,7 +40,8 @@ int PlaceRecords(map::MapDesk& desk, const Output& out, const QStringList& keys)
         const std::optional<store::Record> record = map::FindComp(desk, key);
         if (record && map::IsAnchored(*record)) {
             rows.append(Row({}, key,
-                            {map::Millionths(record->Text(u"LATITUDE"_s)), map::Millionths(record->Text(u"LONGITUDE"_s))},
+                            {map::Millionths(record->Text(fields::LATITUDE)),
+                             map::Millionths(record->Text(fields::LONGITUDE))},
                             true));
             continue;
         }

@@ -10,6 +10,7 @@
 #include "photos/view_name.h"
 #include "platform/picture/picture.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 namespace vasclip::vasctl {
 
@@ -100,7 +101,7 @@ int List(Session& session, const Output& out, const QString& key)
         return NoRecord(out, key);
     QList<QStringList> table;
     for (const auto& [view, stem] :
-         photos::ParsePhotos(store::GetFieldData(program.sources.datDatabook, u"PHOTOS"_s))) {
+         photos::ParsePhotos(store::GetFieldData(program.sources.datDatabook, fields::PHOTOS))) {
         const QString file = program.globals.G_PhotoDir + text::Trim(stem) + u".jpg"_s;
         QString size = u"missing"_s;
         QString bytes;
@@ -211,7 +212,7 @@ int Orphans(Session& session, const Output& out)
     for (const QString& name : check.unnamed)
         if (!inReport.contains(text::Folded(common::CkRSlash(program.globals.G_PhotoDir) + name)))
             table.append({{}, {}, name.chopped(4), u"No record names the file"_s});
-    out.Table({u"CENTRALKEY"_s, u"VIEW"_s, u"STEM"_s, u"WHY"_s}, table);
+    out.Table({fields::CENTRALKEY, u"VIEW"_s, u"STEM"_s, u"WHY"_s}, table);
     return kDone;
 }
 

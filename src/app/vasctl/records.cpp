@@ -4,6 +4,7 @@
 #include "common/error_block.h"
 #include "databook/records.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 #include "store/record.h"
 #include "store/transaction.h"
 
@@ -17,8 +18,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-const QStringList kListed{u"CENTRALKEY"_s, u"CITY"_s,     u"APPRSLTYPE"_s, u"GLA"_s,
-                          u"SELLINGPR"_s,  u"SALEDATE"_s, u"FRONT"_s};
+const QStringList kListed{fields::CENTRALKEY, fields::CITY,     fields::APPRSLTYPE, fields::GLA,
+                          fields::SELLINGPR,  fields::SALEDATE, fields::FRONT};
 
 QString Missing(const QString& key)
 {
@@ -65,7 +66,7 @@ int List(Session& session, const Output& out, const QCommandLineParser& options)
     QString sql = u"SELECT "_s + kListed.join(u", "_s) + u" FROM ["_s + program.globals.G_Table + u"]"_s;
     if (options.isSet(u"where"_s))
         sql += u" WHERE "_s + options.value(u"where"_s);
-    sql += u" ORDER BY "_s + (options.isSet(u"sort"_s) ? options.value(u"sort"_s) : u"CENTRALKEY"_s);
+    sql += u" ORDER BY "_s + (options.isSet(u"sort"_s) ? options.value(u"sort"_s) : fields::CENTRALKEY);
     const auto rows = OpenTyped(program.sources.datDatabook.Database(), sql, out);
     if (!rows)
         return kUsage;

@@ -10,6 +10,7 @@
 #include "platform/text/dates.h"
 #include "platform/text/text.h"
 #include "store/change.h"
+#include "store/fields.h"
 
 #include <algorithm>
 
@@ -25,9 +26,9 @@ struct Wrong
     QString text;
 };
 
-const QStringList kComputed{u"LOADSERIAL"_s, u"SALESERIAL"_s, u"MODIFIEDDATE"_s, u"PRICEGLA"_s};
-const QStringList kDates{u"SALEDATE"_s, u"LEASEDATE"_s, u"LOADDATE"_s};
-const QStringList kNumbers{u"AGE"_s};
+const QStringList kComputed{fields::LOADSERIAL, fields::SALESERIAL, fields::MODIFIEDDATE, fields::PRICEGLA};
+const QStringList kDates{fields::SALEDATE, fields::LEASEDATE, fields::LOADDATE};
+const QStringList kNumbers{fields::AGE};
 
 QString DateIn(const QString& field, const QString& value, QDate today)
 {
@@ -43,9 +44,9 @@ QString DateIn(const QString& field, const QString& value, QDate today)
 QString ValueIn(const engine::Field& field, const QString& value, QDate today)
 {
     const QString name = field.name.toUpper();
-    if (name == "CENTRALKEY"_L1)
+    if (name == fields::CENTRALKEY)
         throw Wrong{u"The key is changed with 'vasctl records rename'."_s};
-    if (name == "PHOTOS"_L1 || field.type == engine::FieldType::LongBinary)
+    if (name == fields::PHOTOS || field.type == engine::FieldType::LongBinary)
         throw Wrong{
             u"%1 belongs to the photos of the record, which are kept with 'vasctl photos'."_s.arg(name)};
     if (kComputed.contains(name))
@@ -63,7 +64,7 @@ QString ValueIn(const engine::Field& field, const QString& value, QDate today)
                         .arg(value.size())};
     if (kDates.contains(name))
         return DateIn(name, value, today);
-    if (name == "APPRSLTYPE"_L1) {
+    if (name == fields::APPRSLTYPE) {
         const QChar letter = databook::CompTypeLetter(value);
         if (letter.isNull() || value.size() != 1)
             throw Wrong{databook::kUnknownType.arg(value)};
@@ -98,13 +99,13 @@ void Complete(QHash<QString, QString>& values, const databook::EntryRecord& reco
 {
     const auto value = [&](const QString& field) { return values.value(field, record.Text(field)); };
     const QString date(record.Form().dateField);
-    const QString year = value(u"YEARBUILT"_s);
+    const QString year = value(fields::YEARBUILT);
     const bool follows =
-        values.contains(u"YEARBUILT"_s) || (values.contains(date) && !text::Trim(year).isEmpty());
-    if (follows && !values.contains(u"AGE"_s))
-        values.insert(u"AGE"_s, databook::AgeText(year, value(date), today));
-    if (values.contains(u"SALEDATE"_s))
-        values.insert(u"SALESERIAL"_s, databook::SerialText(value(u"SALEDATE"_s), today));
+        values.contains(fields::YEARBUILT) || (values.contains(date) && !text::Trim(year).isEmpty());
+    if (follows && !values.contains(fields::AGE))
+        values.insert(fields::AGE, databook::AgeText(year, value(date), today));
+    if (values.contains(fields::SALEDATE))
+        values.insert(fields::SALESERIAL, databook::SerialText(value(fields::SALEDATE), today));
 }
 
 } // namespace
@@ -128,7 +129,7 @@ int SetFields(Session& session, const Output& out, const QString& key, const QSt
                                    .databook = databook.DatabaseName(),
                                    .table = databook.RecordSource(),
                                    .opened = &databook};
-    const QString type = values.value(u"APPRSLTYPE"_s, store::GetFieldData(databook, u"APPRSLTYPE"_s));
+    const QString type = values.value(fields::APPRSLTYPE, store::GetFieldData(databook, fields::APPRSLTYPE));
     databook::EntryRecord record(desk, *databook::FindEntryForm(databook::EntryFormOf(type)), key);
     if (!record.Open()) {
         out.Error(databook::kNoSuchAddress.arg(key));

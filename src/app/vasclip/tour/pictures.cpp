@@ -6,6 +6,7 @@
 #include "photos/photo_records.h"
 
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 #include <QAbstractButton>
 #include <QDir>
@@ -112,7 +113,7 @@ bool FilePictureWithRecord(const Stage& stage)
     auto& main = stage.main;
     const QString key = text::Folded(main.report.txtSubject.Text());
     main.ShowRecord(key);
-    if (text::Folded(main.records.grddatabook.CurrentText(u"CENTRALKEY"_s)) != key)
+    if (text::Folded(main.records.grddatabook.CurrentText(fields::CENTRALKEY)) != key)
         return stage.tour.Fail(u"%1, which was transferred, is not in the Databook."_s.arg(key));
     const Errand errand(stage, 12);
     if (!PicturesStand(stage))

@@ -2,6 +2,7 @@
 
 #include "app/vasclip/tour/steps.h"
 #include "databook/comp_types.h"
+#include "store/fields.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -75,7 +76,7 @@ bool FindByWords(const Stage& stage)
 
 bool SearchByField(const Stage& stage)
 {
-    const QString city = stage.main.records.grddatabook.CurrentText(u"CITY"_s).trimmed();
+    const QString city = stage.main.records.grddatabook.CurrentText(fields::CITY).trimmed();
     const bool shown = stage.tour.During(
         u"The search"_s, [&] { Click(stage.window, u"cmdSearch"_s); },
         [&](QWidget& search) {

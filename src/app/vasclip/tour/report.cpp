@@ -5,6 +5,7 @@
 #include "link/comp_data.h"
 #include "photos/photo_records.h"
 #include "platform/text/text.h"
+#include "store/fields.h"
 
 #include <QMessageBox>
 #include <QPushButton>
@@ -92,7 +93,7 @@ int CellsStored(shell::frm_Main& main)
     int same = 0;
     for (const link::CompCell& cell : cells.value_or(QList<link::CompCell>())) {
         // The address is the key's, a cell of two fields is none of the record's.
-        const bool own = cell.field != u"ADDRESS"_s && databook.Recordset().FieldIndex(cell.field) >= 0;
+        const bool own = cell.field != fields::ADDRESS && databook.Recordset().FieldIndex(cell.field) >= 0;
         if (!own || cell.text.isEmpty())
             continue;
         if (store::GetFieldData(databook, cell.field) !=
@@ -168,11 +169,11 @@ bool TransferSubject(const Stage& stage)
     shell::frm_Main& main = stage.main;
     store::DataSource& databook = main.sources.datDatabook;
     const QString key = text::Folded(main.report.txtSubject.Text());
-    if (store::FindRecord(main.Base().ports, databook, key, u"CENTRALKEY"_s))
+    if (store::FindRecord(main.Base().ports, databook, key, fields::CENTRALKEY))
         return stage.tour.Fail(u"%1 is in the Databook before it was transferred."_s.arg(key));
     main.report.TabData.SetTab(0);
     const bool chosen = stage.tour.Choose(stage.window, u"Transfer > Subject: Appraisal to Databook"_s);
-    if (!store::FindRecord(main.Base().ports, databook, key, u"CENTRALKEY"_s))
+    if (!store::FindRecord(main.Base().ports, databook, key, fields::CENTRALKEY))
         return stage.tour.Fail(u"%1 did not come into the Databook."_s.arg(key));
     const int cells = CellsStored(main);
     photos::ReadPhotoLists(databook, main.photoLists.lstViews, main.photoLists.lstimages);
@@ -196,7 +197,7 @@ bool DeleteTheSubject(const Stage& stage)
     const bool asked = stage.tour.During(
         u"The question before a record is deleted"_s, [&] { main.CompDeleteRecord(); },
         [&](QWidget& box) { AnswerYes(stage, box, u"question-delete"_s); });
-    return asked && !store::FindRecord(main.Base().ports, main.sources.datDatabook, key, u"CENTRALKEY"_s);
+    return asked && !store::FindRecord(main.Base().ports, main.sources.datDatabook, key, fields::CENTRALKEY);
 }
 
 } // namespace vasclip::app
