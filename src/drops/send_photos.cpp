@@ -58,7 +58,10 @@ Outcome Send(DropDesk& drops, const QString& key, const DropRule& rule, int inde
     const bool stands = slot.text.Text() == record->Text();
     if (stands && (kept || told.Failed()))
         slot.text.SetText(before);
-    link::RefreshIcons(desk, slot.ref.group);
+    if (text::Folded(slot.text.Text()) == text::Folded(record->Text()))
+        link::RefreshSlotIcon(desk, slot.ref, record->record);
+    else
+        link::RefreshSlotIcon(desk, slot.ref);
     desk.ports.window.AppActivate();
     if (told.Failed() && sent == PhotoSent::Yes) {
         outcome.message.chop(1);

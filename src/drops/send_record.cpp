@@ -21,7 +21,7 @@ Outcome SendRecord(link::LinkDesk& desk, SlotRef ref, const QString& key, WithPh
         return outcome;
     }
 
-    const Taken record{dropped.key, dropped.address, photos::PhotoList(*dropped.record)};
+    const Taken record{*dropped.record, dropped.key, dropped.address, photos::PhotoList(*dropped.record)};
     const QString shown = record.Text();
     slot.text.SetText(shown);
     PhotoSent sent = PhotoSent::Yes;
@@ -33,7 +33,7 @@ Outcome SendRecord(link::LinkDesk& desk, SlotRef ref, const QString& key, WithPh
     }
     if (slot.text.Text() == shown) { // a refresh may show another report by now
         desk.loader.ErrLoadPict(*slot.data, desk.globals.G_ProgramDir + lamp);
-        link::RefreshIcons(desk, ref.group);
+        link::RefreshSlotIcon(desk, ref, record.record);
     }
     desk.ports.window.AppActivate();
     Outcome outcome = InReport(dropped, sent, photoTold);

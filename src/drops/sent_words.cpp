@@ -14,7 +14,7 @@ Outcome BrokenOff(link::LinkDesk& desk, const Slot& slot, const link::Dropped& d
     const auto told = [](const QString& message) { return Outcome{false, message, forms::Colour::Red, {}}; };
     if (dropped.addressSent) {
         slot.text.SetText(SlotText(dropped.address, key));
-        link::RefreshIcons(desk, slot.ref.group);
+        link::RefreshSlotIcon(desk, slot.ref, *dropped.record);
     }
     const QString shown = text::Trim(slot.text.Text());
     const QString again = u"Send it again."_s; // dropped, or by a menu or a key

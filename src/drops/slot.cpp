@@ -24,7 +24,7 @@ std::optional<Taken> TakeRecord(const link::LinkDesk& desk, const QString& key)
     const std::optional<store::Record> record = store::ReadRecord(desk.ports, desk.sources.datDatabook, key);
     if (!record)
         return std::nullopt;
-    return Taken{text::Folded(key),
+    return Taken{*record, text::Folded(key),
                  common::AddressInCase(record->Text(fields::ADDRESS), desk.globals.addressCase),
                  photos::PhotoList(*record)};
 }

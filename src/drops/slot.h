@@ -3,6 +3,7 @@
 #include "drops/drag.h"
 #include "link/link_desk.h"
 #include "photos/photo_list.h"
+#include "store/record.h"
 
 #include <optional>
 
@@ -26,6 +27,7 @@ struct Slot
 /// A record on its way to the report, as it was read.
 struct Taken
 {
+    store::Record record;
     QString key; ///< upper-cased
     QString address; ///< in the user's case
     photos::PhotoList photos;

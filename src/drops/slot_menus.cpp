@@ -119,7 +119,7 @@ Outcome ObtainPhoto(DropDesk& desk, SlotRef ref)
     const QString view = ref.group == Group::Subject ? link::SubjectView(ref.index) : u"FRONT VIEW"_s;
     const PhotoSent sent = SendView(desk.link, *record, slot.photo, view);
     const auto unsent = TellUnsent(desk.link, *record, sent, view, key);
-    link::RefreshIcons(desk.link, ref.group);
+    link::RefreshSlotIcon(desk.link, ref);
     if (unsent)
         return *unsent;
     if (sent == PhotoSent::None)
@@ -178,7 +178,7 @@ Outcome ObtainGeneral(DropDesk& desk, int index)
     const GeneralTold told = TellGeneral(desk, index);
     if (told.addressFailed)
         giveBack();
-    RefreshIcons(link, slot.ref.group);
+    RefreshSlotIcon(link, slot.ref);
     if (unsent)
         return *unsent;
     const QString cleaned = photos::CleanedView(typed); // the record has it so; the report keeps what is typed

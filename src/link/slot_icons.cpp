@@ -18,9 +18,24 @@ bool HasCoordinates(const store::Record& record)
     return known(fields::LONGITUDE) && known(fields::LATITUDE);
 }
 
-void Show(LinkDesk& desk, const std::optional<store::Record>& record, forms::PictureBox& icon, forms::PictureBox* anchor,
-          const QString& view)
+using Found = std::optional<store::Record>;
+
+Found RecordOf(LinkDesk& desk, const QString& label)
 {
+    return text::Trim(label).isEmpty() ? std::nullopt
+                                       : store::ReadRecord(desk.ports, desk.sources.datDatabook, label);
+}
+
+/// @param record  of the label; none is not in the Databook
+void Show(LinkDesk& desk, const QString& label, const Found& record, forms::PictureBox& icon,
+          forms::PictureBox* anchor, const QString& view)
+{
+    if (text::Trim(label).isEmpty()) {
+        icon.SetVisible(false);
+        if (anchor)
+            anchor->SetVisible(false);
+        return;
+    }
     const bool has = record && photos::PhotoList(*record).Has(view);
     const std::size_t picture = !record ? 0 : !has ? 1 : text::Folded(view) == kFrontView ? 3 : 2;
     const bool located = record && HasCoordinates(*record);
@@ -34,6 +49,23 @@ void Show(LinkDesk& desk, const std::optional<store::Record>& record, forms::Pic
     }
 }
 
+/// What stands beside one slot: each refresh, of one slot or of a group, comes here for each of its slots.
+void ShowSlot(LinkDesk& desk, SlotRef slot, const Found& record)
+{
+    const GroupRow& row = RowOf(slot.group);
+    Show(desk, TextOf(desk.report, slot).Text(), record, (desk.slots.*row.icons)(slot.index),
+         row.anchors ? &(desk.slots.*row.anchors)(slot.index) : nullptr,
+         row.texts ? kFrontView : SubjectView(slot.index));
+}
+
+/// @param view  0 all
+void ShowSubject(LinkDesk& desk, const Found& record, int view)
+{
+    for (int i = 1; i <= photos::kSubjectPhotos; ++i)
+        if (view == 0 || view == i)
+            ShowSlot(desk, {Group::Subject, i}, record);
+}
+
 } // namespace
 
 QString SubjectView(int index)
@@ -45,23 +77,32 @@ QString SubjectView(int index)
 void SetSlotIcon(LinkDesk& desk, const QString& label, forms::PictureBox& icon, forms::PictureBox* anchor,
                  const QString& view)
 {
-    if (text::Trim(label).isEmpty()) {
-        icon.SetVisible(false);
-        if (anchor)
-            anchor->SetVisible(false);
-        return;
-    }
-    Show(desk, store::ReadRecord(desk.ports, desk.sources.datDatabook, label), icon, anchor, view);
+    Show(desk, label, RecordOf(desk, label), icon, anchor, view);
 }
 
 void RefreshSubjectIcons(LinkDesk& desk, int view)
 {
-    Reported(desk.ports.prompter, "RefreshSubjectIcons", [&] {
-        for (int i = 1; i <= photos::kSubjectPhotos; ++i)
-            if (view == 0 || view == i)
-                SetSlotIcon(desk, desk.report.txtSubject.Text(), desk.slots.imaSubjectIcon(i),
-                            &desk.slots.imaSubjectAnchor(i), SubjectView(i));
+    Reported(desk.ports.prompter, "RefreshSubjectIcons",
+             [&] { ShowSubject(desk, RecordOf(desk, desk.report.txtSubject.Text()), view); });
+}
+
+void RefreshSlotIcon(LinkDesk& desk, SlotRef slot)
+{
+    Reported(desk.ports.prompter, RowOf(slot.group).iconRoutine, [&] {
+        const Found record = RecordOf(desk, TextOf(desk.report, slot).Text());
+        if (slot.group == Group::Subject)
+            ShowSubject(desk, record, 0);
+        else
+            ShowSlot(desk, slot, record);
     });
+}
+
+void RefreshSlotIcon(LinkDesk& desk, SlotRef slot, const store::Record& record)
+{
+    if (slot.group == Group::Subject)
+        ShowSubject(desk, record, 0);
+    else
+        ShowSlot(desk, slot, record);
 }
 
 void RefreshIcons(LinkDesk& desk, Group group)
@@ -73,8 +114,7 @@ void RefreshIcons(LinkDesk& desk, Group group)
     }
     Reported(desk.ports.prompter, row.iconRoutine, [&] {
         for (int i = 1; i <= row.slots; ++i)
-            SetSlotIcon(desk, (desk.report.*row.texts)(i).Text(), (desk.slots.*row.icons)(i),
-                        row.anchors ? &(desk.slots.*row.anchors)(i) : nullptr, kFrontView);
+            ShowSlot(desk, {group, i}, RecordOf(desk, (desk.report.*row.texts)(i).Text()));
     });
 }
 

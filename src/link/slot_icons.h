@@ -2,6 +2,7 @@
 
 #include "link/link_desk.h"
 #include "link/slot_table.h"
+#include "store/record.h"
 
 namespace vasclip::link {
 
@@ -13,6 +14,10 @@ void SetSlotIcon(LinkDesk& desk, const QString& label, forms::PictureBox& icon, 
 
 /// @param view  1 "FRONT VIEW", 2 "REAR VIEW", 3 "STREET SCENE", 0 all three
 void RefreshSubjectIcons(LinkDesk& desk, int view);
+/// The icon and anchor beside one slot, by the record of its text; of the subject, whose photos share a text, all three.
+void RefreshSlotIcon(LinkDesk& desk, SlotRef slot);
+/// The same where the record of the slot's text is in hand, without a look-up.
+void RefreshSlotIcon(LinkDesk& desk, SlotRef slot, const store::Record& record);
 /// The icons of a group; the five after it by their own names.
 void RefreshIcons(LinkDesk& desk, Group group);
 void RefreshCompIcons(LinkDesk& desk);
