@@ -128,20 +128,13 @@ struct Desk
     photos::PhotoLists lists{set};
     store::Sources sources{engine};
     test::RecordingConduit txtDDE;
-    link::LinkDesk desk{.txtDDE = txtDDE,
-                        .globals = globals,
-                        .ports = ports,
-                        .status = status,
-                        .report = report,
-                        .addr = addr,
-                        .state = state,
-                        .slots = slots,
-                        .loader = loader,
-                        .lists = lists,
-                        .sources = sources,
-                        .disk = disk,
-                        .kelIni = link::ReadsKelIni(disk, {}),
-                        .fileVersion = {}};
+    link::LinkDesk desk{{.txtDDE = txtDDE,
+                         .ports = ports,
+                         .status = status,
+                         .kelIni = link::ReadsKelIni(disk, {}),
+                         .fileVersion = {}},
+                        {.report = report, .addr = addr, .state = state, .slots = slots, .loader = loader},
+                        {.sources = sources, .globals = globals, .lists = lists, .disk = disk}};
 };
 
 struct Limits
