@@ -145,7 +145,7 @@ int main(int argc, char* argv[])
         all.Commit();
     }
     store::DataSource opened(engine, u"datDatabook"_s); // as the main window holds it
-    store::Connect2mdb(ports, opened, kPath, u"COMPS"_s, engine::RecordsetType::Table);
+    store::Connect2mdb(ports, opened, kPath, u"COMPS"_s, store::SourceKind::Table);
     const databook::EntryDesk desk{ports, engine, kPath, u"COMPS"_s, {}, nullptr, &opened};
     for (const databook::EntryForm& form : databook::EntryForms()) {
         if (form.secondPage)

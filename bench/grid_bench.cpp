@@ -140,7 +140,7 @@ int main(int argc, char** argv)
                 Seconds([&] { Fill(engine, path, count); }));
 
     store::Sources sources(engine);
-    store::Connect2mdb(ports, sources.datDatabook, path, u"COMPS"_s, engine::RecordsetType::Table);
+    store::Connect2mdb(ports, sources.datDatabook, path, u"COMPS"_s, store::SourceKind::Table);
     sources.datsql.SetDatabaseName(path);
     Bare bare(disk.ToNative(path));
 

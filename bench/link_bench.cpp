@@ -218,7 +218,7 @@ struct Bench
         });
         store::Connect2Databook(ports, sources, u"C:\\DATABOOK.MDB"_s, u"COMPS"_s);
         store::Connect2mdb(ports, sources.datComp2Kel_CURRENT, u"C:\\Comp2Kel.mdb"_s, u"Comp2Kel"_s,
-                           engine::RecordsetType::Dynaset);
+                           store::SourceKind::Query);
         if (!store::FindRecord(ports, sources.datDatabook, KeyOf(0), u"CENTRALKEY"_s))
             std::exit(1);
         addr.txtFormType.SetText(u"UA5"_s);

@@ -71,7 +71,7 @@ struct Desk
         });
         store::Connect2Databook(ports, sources, u"C:\\DATABOOK.MDB"_s, u"COMPS"_s);
         store::Connect2mdb(ports, sources.datComp2Kel_CURRENT, u"C:\\Comp2Kel.mdb"_s, u"Comp2Kel"_s,
-                           engine::RecordsetType::Dynaset);
+                           store::SourceKind::Query);
         txtDDE.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"SMITH,"_s);
         txtDDE.Answer(u"KEL|SMITH"_s, u"ListForms"_s, u"UA5,"_s);
         FillReport();

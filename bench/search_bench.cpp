@@ -182,7 +182,7 @@ int main(int argc, char** argv)
     globals.G_Table = u"COMPS"_s;
     store::DataSource datsql(engine, u"datsql"_s);
     databook::GridRows gridRows(datsql);
-    store::Connect2mdb(ports, datsql, path, u"COMPS"_s, engine::RecordsetType::Dynaset);
+    store::Connect2mdb(ports, datsql, path, u"COMPS"_s, store::SourceKind::Query);
     databook::QuickFind find(ports, desk, datsql, gridRows, status, globals);
     databook::DisplayAllRecords(ports, desk, datsql, gridRows, 1);
 

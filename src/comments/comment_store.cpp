@@ -100,10 +100,7 @@ Stored StoreOnKey(const forms::Ports& ports, Walk& walk, const QString& text)
 
 void OpenCommentSource(store::DataSource& data, const QString& path)
 {
-    data.SetDatabaseName(path);
-    data.SetRecordSource(u"COMPS"_s);
-    data.SetRecordsetType(engine::RecordsetType::Table);
-    data.Refresh();
+    data.Open(path, u"COMPS"_s, store::SourceKind::Table);
     if (!data.Recordset().Updatable())
         return;
     if (data.Recordset().RecordCount() < kKeys)

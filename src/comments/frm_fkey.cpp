@@ -90,7 +90,7 @@ void frm_FKey::BindDatabook()
 {
     const QString key = m_desk.currentKey ? m_desk.currentKey() : QString();
     store::Connect2mdb(m_desk.ports, datDatabook, m_desk.globals.G_DataDir + m_desk.globals.G_DataFile,
-                       m_desk.globals.G_Table, engine::RecordsetType::Table);
+                       m_desk.globals.G_Table, store::SourceKind::Table);
     static_cast<void>(store::FindRecord(m_desk.ports, datDatabook, key, store::kKeyIndex));
 }
 

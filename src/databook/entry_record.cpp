@@ -76,7 +76,7 @@ bool EntryRecord::Open()
     if (m_desk.opened != nullptr)
         datDatabook.ShareDatabase(*m_desk.opened);
     store::Connect2mdb(m_desk.ports, datDatabook, m_desk.databook, m_desk.table,
-                       engine::RecordsetType::Table);
+                       store::SourceKind::Table);
     if (!store::FindRecord(m_desk.ports, datDatabook, m_key, store::kKeyIndex))
         return false;
     Read();

@@ -257,20 +257,7 @@ void DisplayAllRecords(const forms::Ports& ports, RecordDesk& desk, store::DataS
         sql = SelectAllText() + OrderByText(sortGrid);
         orderBy.clear();
     }
-    const QString before = datsql.RecordSource();
-    const engine::RecordsetType typeBefore = datsql.RecordsetType();
-    const bool done = common::Guarded(ports.prompter, [&] {
-        datsql.SetRecordSource(sql);
-        datsql.SetRecordsetType(engine::RecordsetType::Dynaset);
-        try {
-            datsql.Refresh();
-        } catch (...) {
-            datsql.SetRecordSource(before);
-            datsql.SetRecordsetType(typeBefore);
-            throw;
-        }
-    });
-    if (!done)
+    if (!common::Guarded(ports.prompter, [&] { datsql.Select(sql); }))
         return;
     desk.state.sqlText = sql;
     desk.state.orderByText = orderBy;

@@ -46,13 +46,6 @@ QString SelectForForm(const QString& formType)
     return query + u" from "_s + t + u" WHERE "_s + t + u".FORMTYPE = '"_s + formType + u'\'';
 }
 
-void Select(store::DataSource& source, const QString& query)
-{
-    source.SetRecordsetType(engine::RecordsetType::Dynaset);
-    source.SetRecordSource(query);
-    source.Refresh();
-}
-
 bool HasRows(const store::DataSource& source)
 {
     const engine::Recordset& rows = source.Recordset();
@@ -100,7 +93,7 @@ QString AddressRowsQuery(const QString& formType)
 void FilterComp2Kel(store::DataSource& source, const QString& formType, const QString& comp,
                     const QString& compType)
 {
-    Select(source, FilterComp2KelQuery(formType, comp, compType));
+    source.Select(FilterComp2KelQuery(formType, comp, compType));
     if (HasRows(source))
         source.Recordset().MoveLast();
 }
@@ -108,7 +101,7 @@ void FilterComp2Kel(store::DataSource& source, const QString& formType, const QS
 void FilterAltComp2Kel(store::DataSource& source, const QString& formType, const QString& comp,
                        const QString& formName)
 {
-    Select(source, FilterAltComp2KelQuery(formType, comp, formName));
+    source.Select(FilterAltComp2KelQuery(formType, comp, formName));
     if (!HasRows(source))
         throw RuntimeError(error::kNoCurrentRecord, u"No current record"_s);
     source.Recordset().MoveLast();
@@ -117,7 +110,7 @@ void FilterAltComp2Kel(store::DataSource& source, const QString& formType, const
 void FilterComp2KelProximity(store::DataSource& source, const QString& formType, const QString& comp,
                              const QString& compType)
 {
-    Select(source, FilterComp2KelProximityQuery(formType, comp, compType));
+    source.Select(FilterComp2KelProximityQuery(formType, comp, compType));
     if (HasRows(source))
         source.Recordset().MoveLast();
 }
@@ -161,7 +154,7 @@ const QList<MappingRow>& MappingPages::Rows(store::DataSource& source, const QSt
     const Page page{formType, comp, compType};
     auto found = m_rows.find(page);
     if (found == m_rows.end()) {
-        Select(source, FilterComp2KelQuery(formType, comp, compType));
+        source.Select(FilterComp2KelQuery(formType, comp, compType));
         found = m_rows.emplace(page, ReadMappingRows(source, MappingColumns::Fields)).first;
     }
     return found->second;

@@ -121,9 +121,7 @@ bool ReadAddresses(LinkDesk& desk)
 {
     const QString formType = KelFirstToken(desk.addr.txtKelListForms.Text());
     store::DataSource& mapping = desk.sources.datComp2Kel_CURRENT;
-    mapping.SetRecordsetType(engine::RecordsetType::Dynaset);
-    mapping.SetRecordSource(AddressRowsQuery(formType));
-    mapping.Refresh();
+    mapping.Select(AddressRowsQuery(formType));
     if (mapping.Recordset().RecordCount() < 1) {
         NoMapping(desk);
         return false;

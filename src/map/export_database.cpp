@@ -71,10 +71,7 @@ public:
     Bound(store::DataSource& data, const QString& file)
         : m_data(data)
     {
-        data.SetDatabaseName(file);
-        data.SetRecordSource(kTable);
-        data.SetRecordsetType(engine::RecordsetType::Table);
-        data.Refresh();
+        data.Open(file, kTable, store::SourceKind::Table);
     }
     ~Bound() { m_data.Close(); }
     Bound(const Bound&) = delete;

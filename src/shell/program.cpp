@@ -172,7 +172,7 @@ void Program::ConnectMapping()
     Connect(sources.datComp2Kel_CURRENT, path, [&] {
         store::Connect2mdb(m_base.ports, sources.datComp2Kel_CURRENT, path,
                            QString::fromLatin1(common::Globals::kMappingTable),
-                           engine::RecordsetType::Dynaset);
+                           store::SourceKind::Query);
     });
 }
 

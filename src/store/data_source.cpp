@@ -6,6 +6,8 @@
 #include "store/record.h"
 #include "store/transaction.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace vasclip::store {
@@ -26,7 +28,8 @@ void DataSource::Refresh()
     const bool sameFile = m_database && m_database->Path().compare(m_databaseName, Qt::CaseInsensitive) == 0;
     std::shared_ptr<engine::Database> database =
         sameFile ? m_database : m_engine.OpenDatabase(m_databaseName);
-    std::unique_ptr<engine::Recordset> recordset = database->OpenRecordset(m_recordSource, m_type);
+    std::unique_ptr<engine::Recordset> recordset = database->OpenRecordset(
+        m_recordSource, m_kind == SourceKind::Table ? engine::RecordsetType::Table : engine::RecordsetType::Dynaset);
     if (!recordset->Bof() || !recordset->Eof())
         recordset->MoveFirst();
     // Everything that can fail is done: only now is the old binding let go.
@@ -40,6 +43,22 @@ void DataSource::Refresh()
     recordset.reset();
     database.reset();
     Q_EMIT Refreshed();
+}
+
+void DataSource::Open(QString path, QString tableOrSql, SourceKind kind)
+{
+    const auto swapNames = [&] {
+        std::swap(m_databaseName, path);
+        std::swap(m_recordSource, tableOrSql);
+        std::swap(m_kind, kind);
+    };
+    swapNames();
+    try {
+        Refresh();
+    } catch (...) {
+        swapNames();
+        throw;
+    }
 }
 
 void DataSource::ShareDatabase(const DataSource& other)
@@ -92,6 +111,66 @@ engine::Database& DataSource::Database() const
     if (!m_database)
         throw RuntimeError(error::kNoObject, u"The data source %1 has no open database"_s.arg(m_name));
     return *m_database;
+}
+
+bool DataSource::Updatable() const
+{
+    return Recordset().Updatable();
+}
+
+qint64 DataSource::Count() const
+{
+    return Recordset().RecordCount();
+}
+
+const engine::FieldList& DataSource::Fields() const
+{
+    return Recordset().Fields();
+}
+
+int DataSource::FieldIndex(const QString& field) const
+{
+    return Recordset().FieldIndex(field);
+}
+
+QVariant DataSource::Value(const QString& field) const
+{
+    return Recordset().Value(field);
+}
+
+bool DataSource::AtEnd() const
+{
+    return Recordset().Eof();
+}
+
+void DataSource::MoveFirst()
+{
+    Recordset().MoveFirst();
+}
+
+void DataSource::MoveNext()
+{
+    Recordset().MoveNext();
+}
+
+void DataSource::MoveLast()
+{
+    Recordset().MoveLast();
+}
+
+QVariantList DataSource::ValuesAt(qint64 place, const QList<int>& fields) const
+{
+    return Recordset().Peek(place, fields);
+}
+
+qint64 DataSource::PlaceOf(const DataSource& other) const
+{
+    return Recordset().PositionOf(other.Recordset().GetBookmark());
+}
+
+std::vector<qint64> DataSource::PlacesOf(const std::vector<engine::Bookmark>& records) const
+{
+    return Recordset().PositionsOf(records);
 }
 
 } // namespace vasclip::store

@@ -94,7 +94,7 @@ void LookUp(forms::Prompter& prompter, Work&& work)
 } // namespace
 
 void Connect2mdb(const forms::Ports& ports, DataSource& source, const QString& path,
-                 const QString& tableOrSql, engine::RecordsetType type)
+                 const QString& tableOrSql, SourceKind kind)
 {
     const RoutineScope scope{"Connect2mdb"};
     const bool done = common::Guarded(ports.prompter, [&] {
@@ -103,21 +103,7 @@ void Connect2mdb(const forms::Ports& ports, DataSource& source, const QString& p
             throw forms::EndOfProgram{1};
         }
         ports.pump.DoEvents();
-        const QString oldPath = source.DatabaseName();
-        const QString oldRecordSource = source.RecordSource();
-        const engine::RecordsetType oldType = source.RecordsetType();
-        source.SetDatabaseName(path);
-        source.SetRecordSource(tableOrSql);
-        source.SetRecordsetType(type);
-        try {
-            source.Refresh();
-        } catch (...) {
-            // The names keep telling what is bound.
-            source.SetDatabaseName(oldPath);
-            source.SetRecordSource(oldRecordSource);
-            source.SetRecordsetType(oldType);
-            throw;
-        }
+        source.Open(path, tableOrSql, kind);
         ports.pump.DoEvents();
     });
     if (done)
@@ -306,8 +292,8 @@ QString GetData(const Sources& sources, const QString& name, const QString& fiel
 void Connect2Databook(const forms::Ports& ports, Sources& sources, const QString& path, const QString& table)
 {
     const RoutineScope scope{"Connect2Databook"};
-    Connect2mdb(ports, sources.datDatabook, path, table, engine::RecordsetType::Table);
-    Connect2mdb(ports, sources.datsql, path, table, engine::RecordsetType::Dynaset);
+    Connect2mdb(ports, sources.datDatabook, path, table, SourceKind::Table);
+    Connect2mdb(ports, sources.datsql, path, table, SourceKind::Query);
 }
 
 } // namespace vasclip::store

@@ -9,7 +9,7 @@ namespace vasclip::store {
 /// Binds a source to a table or SQL text of a database file, pumping messages after each step.
 /// A file that is not there: a plain box, then the program ends. @throws forms::EndOfProgram, RuntimeError
 void Connect2mdb(const forms::Ports& ports, DataSource& source, const QString& path,
-                 const QString& tableOrSql, engine::RecordsetType type);
+                 const QString& tableOrSql, SourceKind kind);
 
 /// True if `path` is a database whose `table` holds CENTRALKEY and GLA with sizes above 0 and PHOTOS as memo.
 /// Never throws.

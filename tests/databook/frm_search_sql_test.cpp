@@ -51,7 +51,7 @@ protected:
              {u"SELLINGPR"_s, u"115001"_s},
              {u"SALEDATE"_s, u"not yet"_s}},
         });
-        store::Connect2mdb(ports, datsql, path, table, engine::RecordsetType::Dynaset);
+        store::Connect2mdb(ports, datsql, path, table, store::SourceKind::Query);
         DisplayAllRecords(ports, desk, datsql, rows, 1);
     }
 

@@ -40,7 +40,7 @@ protected:
              {u"NEIGHBORHD"_s, u"Harbour"_s},
              {u"COUNTY"_s, u"Oakland"_s}},
         });
-        store::Connect2mdb(ports, datsql, path, table, engine::RecordsetType::Dynaset);
+        store::Connect2mdb(ports, datsql, path, table, store::SourceKind::Query);
         find = std::make_unique<QuickFind>(ports, desk, datsql, rows, status, globals);
         DisplayAllRecords(ports, desk, datsql, rows, 1);
     }

@@ -120,7 +120,7 @@ TEST_F(RecordActions, AddOfAnAddressThatSomebodyElseJustAddedAsksToo)
 {
     engine::Engine othersEngine(disk, tests::SomeTime());
     store::DataSource other(othersEngine, u"datDatabook"_s);
-    store::Connect2mdb(ports, other, path, table, engine::RecordsetType::Table);
+    store::Connect2mdb(ports, other, path, table, store::SourceKind::Table);
     bool done = false;
     doubles.pump.onTurn = [&] {
         if (!std::exchange(done, true))
@@ -216,7 +216,7 @@ TEST_F(RecordActions, ARecordDeletedBySomebodyElseWhileTheQuestionStandsIsTold)
     } prompter;
     engine::Engine othersEngine(disk, tests::SomeTime());
     store::DataSource other(othersEngine, u"datDatabook"_s);
-    store::Connect2mdb(ports, other, path, table, engine::RecordsetType::Table);
+    store::Connect2mdb(ports, other, path, table, store::SourceKind::Table);
     prompter.meanwhile = [&] { store::DeleteRecord(ports, other, u"12 MAIN ST"_s); };
     const forms::Ports slow{prompter, ports.pump, ports.clock, ports.random, ports.window, ports.screens};
     const databook::RecordWork slowWork{slow, desk, status, source, globals, disk, {}, work.showRecord, {}};

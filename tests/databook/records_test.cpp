@@ -146,7 +146,7 @@ TEST_F(Records, ACompThatSomebodyElseAddsFirstIsReportedAsThere)
 {
     engine::Engine othersEngine(disk, tests::SomeTime());
     store::DataSource other(othersEngine, u"datDatabook"_s);
-    store::Connect2mdb(ports, other, path, table, engine::RecordsetType::Table);
+    store::Connect2mdb(ports, other, path, table, store::SourceKind::Table);
     // The other user is quicker: between the look and the write.
     bool done = false;
     doubles.pump.onTurn = [&] {
@@ -312,7 +312,7 @@ protected:
     template <class Act>
     void Meanwhile(Act&& act)
     {
-        store::Connect2mdb(ports, other, path, table, engine::RecordsetType::Table);
+        store::Connect2mdb(ports, other, path, table, store::SourceKind::Table);
         doubles.pump.onTurn = [this, act, done = false]() mutable {
             if (!std::exchange(done, true))
                 act();
@@ -341,7 +341,7 @@ TEST_F(TwoUsers, ARecordThatIsDeletedMeanwhileIsNeitherCopiedNorRenamed)
             AddComps({u"12 MAIN ST"_s});
         // The first turn is that of the look at the new address, the second that of the old one.
         int turns = 0;
-        store::Connect2mdb(ports, other, path, table, engine::RecordsetType::Table);
+        store::Connect2mdb(ports, other, path, table, store::SourceKind::Table);
         doubles.pump.onTurn = [&] {
             if (++turns == 2)
                 DeletesIt();
@@ -366,7 +366,7 @@ TEST_F(TwoUsers, ARecordThatIsDeletedMeanwhileIsNeitherCopiedNorRenamed)
     tests::TestPorts doubles;
     const forms::Ports ports = doubles.Get();
     store::DataSource source(engine, u"datDatabook"_s);
-    store::Connect2mdb(ports, source, path, u"COMPS"_s, engine::RecordsetType::Table);
+    store::Connect2mdb(ports, source, path, u"COMPS"_s, store::SourceKind::Table);
     for (int i = 0;; ++i) {
         const QString name = u"%1 KILL RD %2"_s.arg(i).arg(round);
         (void)databook::AddRecord(ports, source, name, u'C', 2);

@@ -143,7 +143,7 @@ TEST_F(CompData, NumberColumnsTakeTheNumberOfTheText)
                     field(u"GLA"_s, engine::FieldType::Double, 8)};
     table.indexes = {{.name = u"CENTRALKEY"_s, .fields = {u"CENTRALKEY"_s}, .primary = true, .unique = true}};
     database->CreateTable(table);
-    store::Connect2mdb(desk.ports, sources.datDatabook, path, u"COMPS"_s, engine::RecordsetType::Table);
+    store::Connect2mdb(desk.ports, sources.datDatabook, path, u"COMPS"_s, store::SourceKind::Table);
     engine::Recordset& record = sources.datDatabook.Recordset();
     record.AddNew();
     record.SetValue(u"CENTRALKEY"_s, u"12 OAK ST"_s);

@@ -73,7 +73,7 @@ protected:
         store::MakeDatabase(engine, kMapping);
         store::Connect2Databook(desk.ports, sources, kDatabook, u"COMPS"_s);
         store::Connect2mdb(desk.ports, sources.datComp2Kel_CURRENT, kMapping, u"Comp2Kel"_s,
-                           engine::RecordsetType::Dynaset);
+                           store::SourceKind::Query);
     }
 
     static void Add(engine::Engine& engine, const QString& path, const QString& table, const Fields& fields)

@@ -89,7 +89,7 @@ protected:
         store::MakeDatabase(engine, kMapping);
         store::Connect2Databook(doubles.Get(), sources, kDatabook, u"COMPS"_s);
         store::Connect2mdb(doubles.Get(), sources.datComp2Kel_CURRENT, kMapping, u"Comp2Kel"_s,
-                           engine::RecordsetType::Dynaset);
+                           store::SourceKind::Query);
         desk.state.inUse = true;
         AttachMap(desk);
     }

@@ -9,7 +9,7 @@ using namespace vasclip;
 
 namespace {
 
-constexpr auto kTable = engine::RecordsetType::Table;
+constexpr auto kTable = store::SourceKind::Table;
 
 class BadDatabook : public tests::DatabookHome
 {

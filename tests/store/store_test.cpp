@@ -12,8 +12,8 @@ using namespace vasclip;
 
 namespace {
 
-constexpr auto kTable = engine::RecordsetType::Table;
-constexpr auto kDynaset = engine::RecordsetType::Dynaset;
+constexpr auto kTable = store::SourceKind::Table;
+constexpr auto kQuery = store::SourceKind::Query;
 
 class Store : public tests::DatabookHome
 {
@@ -44,7 +44,7 @@ TEST_F(Store, ConnectStandsOnTheFirstRecordAndPumpsAfterEachStep)
     store::Connect2mdb(ports, source, path, table, kTable);
     EXPECT_TRUE(source.Bound());
     EXPECT_EQ(source.DatabaseName(), path);
-    EXPECT_EQ(source.RecordsetType(), kTable);
+    EXPECT_EQ(source.Kind(), kTable);
     EXPECT_EQ(store::GetFieldData(source, key), u"12 MAIN ST"_s);
     EXPECT_EQ(doubles.pump.turns, 3);
 }
@@ -63,7 +63,7 @@ TEST_F(Store, ConnectTakesAStatementAsADynaset)
 {
     AddComps({u"B"_s, u"A"_s});
     store::Connect2mdb(ports, source, path, u"SELECT COMPS.CENTRALKEY FROM COMPS ORDER BY COMPS.ADDRESS"_s,
-                       kDynaset);
+                       kQuery);
     EXPECT_EQ(source.Recordset().RecordCount(), 2);
     EXPECT_EQ(store::GetFieldData(source, key), u"A"_s);
 }
@@ -115,8 +115,8 @@ TEST_F(Store, TheDatabookIsBoundTwice)
     store::Sources sources(engine);
     AddComps({u"12 MAIN ST"_s});
     store::Connect2Databook(ports, sources, path, table);
-    EXPECT_EQ(sources.datDatabook.Recordset().Type(), kTable);
-    EXPECT_EQ(sources.datsql.Recordset().Type(), kDynaset);
+    EXPECT_EQ(sources.datDatabook.Kind(), kTable);
+    EXPECT_EQ(sources.datsql.Kind(), kQuery);
     EXPECT_EQ(store::GetFieldData(sources.datsql, key), u"12 MAIN ST"_s);
     EXPECT_EQ(sources.datComp2Kel_CURRENT.Name(), u"datComp2Kel_CURRENT"_s);
     EXPECT_FALSE(sources.datmap.Bound());
@@ -309,7 +309,7 @@ TEST_F(Lookup, WithoutARecordSetTheDatabaseNeedsCompression)
 
 TEST_F(Lookup, ADynasetIsNotSoughtIn)
 {
-    store::Connect2mdb(ports, source, path, u"SELECT * FROM COMPS"_s, kDynaset);
+    store::Connect2mdb(ports, source, path, u"SELECT * FROM COMPS"_s, kQuery);
     try {
         (void)store::FindRecord(ports, source, u"12 MAIN ST"_s, key);
         FAIL() << "sought in a dynaset";

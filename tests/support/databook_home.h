@@ -58,7 +58,7 @@ protected:
     }
     void Bind(store::DataSource& source)
     {
-        store::Connect2mdb(ports, source, path, table, engine::RecordsetType::Table);
+        store::Connect2mdb(ports, source, path, table, store::SourceKind::Table);
     }
 };
 

@@ -74,7 +74,7 @@ protected:
         store::MakeDatabase(engine, u"C:\\VAS2000\\Comp2Kel.mdb"_s);
         store::MakeDatabase(engine, u"C:\\DATABOOK.MDB"_s);
         store::Connect2mdb(ports.Get(), source, u"C:\\DATABOOK.MDB"_s, u"COMPS"_s,
-                           engine::RecordsetType::Table);
+                           store::SourceKind::Table);
         const std::pair<QString, QChar> comps[] = {
             {u"1 Ash Ct"_s, u'F'}, {u"2 Birch Rd"_s, u'C'}, {u"3 Cedar Ln"_s, u'L'}, {u"4 Oak Dr"_s, u'R'}};
         for (const auto& [address, type] : comps) {

@@ -82,7 +82,7 @@ TEST_F(Questions, TheFocusThatALoadWantsIsThereInTheWindow)
     engine::Engine engine{home.disk, tests::SomeTime()};
     store::DataSource source{engine, u"datDatabook"_s};
     store::MakeDatabase(engine, u"C:\\DATABOOK.MDB"_s);
-    store::Connect2mdb(ports.Get(), source, u"C:\\DATABOOK.MDB"_s, u"COMPS"_s, engine::RecordsetType::Table);
+    store::Connect2mdb(ports.Get(), source, u"C:\\DATABOOK.MDB"_s, u"COMPS"_s, store::SourceKind::Table);
     ASSERT_TRUE(databook::AddRecord(ports.Get(), source, u"12 Main St"_s, u'F', 2));
     databook::frm_Rename screen(ports.Get(), source, databook::RenameMode::Copy, u"12 MAIN ST"_s, {});
     QString typed;

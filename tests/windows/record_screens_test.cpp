@@ -61,7 +61,7 @@ protected:
         const QString path = u"C:\\DATABOOK.MDB"_s;
         globals.applicationIni = u"C:\\VAS2000.INI"_s;
         store::MakeDatabase(engine, path);
-        store::Connect2mdb(ports.Get(), source, path, u"COMPS"_s, engine::RecordsetType::Table);
+        store::Connect2mdb(ports.Get(), source, path, u"COMPS"_s, store::SourceKind::Table);
         for (const QString& address : {u"12 Main St"_s, u"7 Oak Ave"_s})
             ASSERT_TRUE(databook::AddRecord(ports.Get(), source, address, u'F', 2));
     }
