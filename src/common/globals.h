@@ -55,6 +55,7 @@ struct Globals
     QString imageFileNames; ///< "ON" or "OFF"
     QString imageListBox;   ///< "ON" or "OFF"
     bool labelStreets = false;
+    int arrangeArrows = 0; ///< after each placing
 
     // names
     QString companyName;  ///< PRODUCT INFO, COMPANY NAME

@@ -153,6 +153,7 @@ constexpr SettingRow kSettings[] = {
     Pref("TRANSPARENT"_L1, Text("1"_L1), ReadRule::OneCharacter, &Globals::transparent, SettingsScreen),
     Pref("RADIUS"_L1, Text("0"_L1), ReadRule::Integer, &Globals::radius, AtExit, kFlag, ReadBy::Screen),
     Pref("FREEZE"_L1, Text("0"_L1), ReadRule::Integer, &Globals::freeze, AtExit, kFlag, ReadBy::Screen),
+    Pref("ARRANGE"_L1, Text("0"_L1), ReadRule::Integer, &Globals::arrangeArrows, AtExit, kFlag, ReadBy::Screen),
     Pref("IMAGEFILENAMES"_L1, Text("ON"_L1), ReadRule::OnUnlessOff, &Globals::imageFileNames, kBoth, {}, ReadBy::Screen),
     Pref("IMAGELISTBOX"_L1, Text("OFF"_L1), ReadRule::OffUnlessOn, &Globals::imageListBox, kBoth, {}, ReadBy::Screen),
     Pref("LABELSTREETS"_L1, Text(""_L1), ReadRule::OnIfOne, &Globals::labelStreets, AtExit, {}, ReadBy::Nothing),

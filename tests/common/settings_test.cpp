@@ -46,7 +46,7 @@ TEST(SettingsTable, NamesNoKeyTwice)
         EXPECT_FALSE(seen.contains(RowName(row))) << RowName(row).toStdString();
         seen << RowName(row);
     }
-    EXPECT_EQ(seen.size(), 67);
+    EXPECT_EQ(seen.size(), 68);
 }
 
 TEST(SettingsTable, EveryReadingRuleSuitsItsTarget)
@@ -101,7 +101,7 @@ TEST(SettingsTable, KnowsWhoWritesAKey)
         "SORTGRID,IGNOREPENDING,IGNOREZIPCODES,TRANSPARENT,MAPQUALITY,MAPCASE,MAPDIR,MAPFILE,"
         "ARROWCOLOR,TABMASK,IMAGE TYPE,USESUBJCSZ,CONTRAST,BRIGHTNESS,MAPDETAIL"_s.split(u',');
     QStringList exit =
-        u"IMAGEFILENAMES,IMAGELISTBOX,RADIUS,FREEZE,LABELSTREETS,MAPDETAIL,PREVIEWCOPYPICS,SORTGRID,"
+        u"IMAGEFILENAMES,IMAGELISTBOX,RADIUS,FREEZE,ARRANGE,LABELSTREETS,MAPDETAIL,PREVIEWCOPYPICS,SORTGRID,"
         "IGNOREPENDING,LASTCOPY,CAPTUREDIR"_s.split(u',');
     screen.sort();
     exit.sort();
@@ -182,6 +182,7 @@ TEST(ReadGlobals, AbsentKeysGiveTheDefaults)
         {"PREFERENCES", "TRANSPARENT", "1"},
         {"PREFERENCES", "RADIUS", "0"},
         {"PREFERENCES", "FREEZE", "0"},
+        {"PREFERENCES", "ARRANGE", "0"},
         {"PREFERENCES", "IMAGEFILENAMES", "ON"},
         {"PREFERENCES", "IMAGELISTBOX", "OFF"},
         {"PREFERENCES", "LABELSTREETS", "0"},
@@ -305,7 +306,7 @@ TEST(ReadGlobals, LeavesTheRowsOfOtherReadingsAlone)
     EXPECT_EQ(asked, order);
     asked.clear();
     ReadiniSettings(globals, reader);
-    EXPECT_EQ(asked, (QStringList{u"RADIUS"_s, u"FREEZE"_s, u"IMAGEFILENAMES"_s, u"IMAGELISTBOX"_s}));
+    EXPECT_EQ(asked, (QStringList{u"RADIUS"_s, u"FREEZE"_s, u"ARRANGE"_s, u"IMAGEFILENAMES"_s, u"IMAGELISTBOX"_s}));
     asked.clear();
     ReadNames(globals, reader);
     EXPECT_EQ(asked, (QStringList{u"COMPANY NAME"_s, u"WEBSITE"_s, u"Vasclip"_s, u"ApplicationName"_s,
@@ -365,6 +366,7 @@ TEST_F(SettingsFileTest, SaveWritesTheValuesOfTheRunAndNothingElse)
     globals.imageListBox = u"1"_s;
     globals.radius = 1;
     globals.freeze = 0;
+    globals.arrangeArrows = 1;
     globals.labelStreets = true;
     globals.previewCopyPics = 0;
     globals.sortGrid = 4;
@@ -374,11 +376,12 @@ TEST_F(SettingsFileTest, SaveWritesTheValuesOfTheRunAndNothingElse)
     EXPECT_TRUE(SaveSettings(globals, disk));
     const QString wanted = u"; kept\r\n[PREFERENCES]\r\nQUALITY=55\r\n"_s;
     EXPECT_TRUE(QString::fromLatin1(disk.ReadWhole(globals.applicationIni)).startsWith(wanted));
-    EXPECT_EQ(files::ProfileKeys(disk, u"PREFERENCES"_s, globals.applicationIni).size(), 10);
+    EXPECT_EQ(files::ProfileKeys(disk, u"PREFERENCES"_s, globals.applicationIni).size(), 11);
     EXPECT_EQ(Stored(u"PREFERENCES"_s, u"IMAGEFILENAMES"_s), u"ON"_s);
     EXPECT_EQ(Stored(u"PREFERENCES"_s, u"IMAGELISTBOX"_s), u"ON"_s);
     EXPECT_EQ(Stored(u"PREFERENCES"_s, u"RADIUS"_s), u"1"_s);
     EXPECT_EQ(Stored(u"PREFERENCES"_s, u"FREEZE"_s), u"0"_s);
+    EXPECT_EQ(Stored(u"PREFERENCES"_s, u"ARRANGE"_s), u"1"_s);
     EXPECT_EQ(Stored(u"PREFERENCES"_s, u"LABELSTREETS"_s), u"1"_s);
     EXPECT_EQ(Stored(u"PREFERENCES"_s, u"MAPDETAIL"_s), u"3"_s);
     EXPECT_EQ(Stored(u"PREFERENCES"_s, u"PREVIEWCOPYPICS"_s), u"0"_s);
