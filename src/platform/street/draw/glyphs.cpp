@@ -39,7 +39,9 @@ std::shared_ptr<const Glyph> Outline(const QRawFont& font, quint32 index)
     around.setJoinStyle(Qt::RoundJoin);
     around.setCurveThreshold(1);
     const QPainterPath wide = around.createStroke(QTransform::fromScale(20, 20).map(glyph->shape));
-    glyph->halo = QTransform::fromScale(1 / 20.0, 1 / 20.0).map(wide);
+    // One outline: what overlaps within it would be searched through at every letter that is written.
+    const QPainterPath whole = (wide + QTransform::fromScale(20, 20).map(glyph->shape)).simplified();
+    glyph->halo = QTransform::fromScale(1 / 20.0, 1 / 20.0).map(whole);
     glyph->halo.setFillRule(Qt::WindingFill);
     return glyph;
 }

@@ -26,17 +26,31 @@ void AddLine(QPainterPath& path, const Projection& projection, const std::vector
         path.closeSubpath();
 }
 
+QPainterPath LinePath(const Projection& projection, const std::vector<Place>& line)
+{
+    QPainterPath path;
+    AddLine(path, projection, line, false);
+    return path;
+}
+
 void PaintBrooks(QPainter& painter, const Projection& projection, const Content& content, const Palette& palette)
 {
     if (content.waterLines.empty() || projection.Metres() > 40)
         return;
-    QPainterPath path;
-    for (const WaterLine* water : content.waterLines)
-        AddLine(path, projection, water->line, false);
     const double width = std::clamp(3 / projection.Metres(), 0.9, 4.0);
-    painter.strokePath(path, QPen(projection.Metres() > 2 ? palette.waterEdge
-                                                          : palette.areas.at(static_cast<size_t>(AreaKind::Water)),
-                                  projection.Px(width), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const QPen pen(projection.Metres() > 2 ? palette.waterEdge
+                                           : palette.areas.at(static_cast<size_t>(AreaKind::Water)),
+                   projection.Px(width), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    for (const WaterLine* water : content.waterLines)
+        painter.strokePath(LinePath(projection, water->line), pen);
+}
+
+/// Each line for itself: the rasterizer searches all that one path has in a row of pixels, so that one path
+/// of all roads costs several times as much.
+void Stroke(QPainter& painter, const std::vector<QPainterPath>& lines, const QPen& pen)
+{
+    for (const QPainterPath& line : lines)
+        painter.strokePath(line, pen);
 }
 
 /// Does a step run along the side where a cell cuts its areas? That is no shore.
@@ -50,7 +64,7 @@ bool IsCut(const Extent& cell, Place from, Place to)
 
 void PaintShores(QPainter& painter, const Projection& projection, const Content& content, const Palette& palette)
 {
-    QPainterPath path;
+    const QPen pen(palette.waterEdge, projection.Px(2)); // the water itself covers the inner half
     for (const auto& [cell, area] : content.areas) {
         if (area->kind != AreaKind::Water)
             continue;
@@ -58,7 +72,7 @@ void PaintShores(QPainter& painter, const Projection& projection, const Content&
             std::vector<Place> shore;
             const auto take = [&] {
                 if (shore.size() > 1)
-                    AddLine(path, projection, shore, false);
+                    painter.strokePath(LinePath(projection, shore), pen);
                 shore.clear();
             };
             for (size_t i = 0; i < ring.size(); ++i) {
@@ -74,8 +88,6 @@ void PaintShores(QPainter& painter, const Projection& projection, const Content&
             take();
         }
     }
-    // The water itself covers the inner half.
-    painter.strokePath(path, QPen(palette.waterEdge, projection.Px(2)));
 }
 
 void PaintAreas(QPainter& painter, const Projection& projection, const Content& content, const Palette& palette)
@@ -116,29 +128,30 @@ void PaintHouses(QPainter& painter, const Projection& projection, const Content&
         painter.drawEllipse(projection.Pixel(house->place), radius, radius);
 }
 
-using Paths = std::array<QPainterPath, kRoadClasses>;
+using Lines = std::vector<QPainterPath>;
+using Paths = std::array<Lines, kRoadClasses>;
 
-void PaintRails(QPainter& painter, const Projection& projection, const QPainterPath& path, const RoadInk& ink,
+void PaintRails(QPainter& painter, const Projection& projection, const Lines& lines, const RoadInk& ink,
                 double width)
 {
-    if (path.isEmpty() || width <= 0)
+    if (width <= 0)
         return;
-    painter.strokePath(path, QPen(ink.fill, projection.Px(width)));
+    Stroke(painter, lines, QPen(ink.fill, projection.Px(width)));
     if (width < 1.5)
         return;
     QPen ties(ink.casing, projection.Px(width - 1), Qt::CustomDashLine, Qt::FlatCap);
     ties.setDashPattern({7 / (width - 1), 7 / (width - 1)});
-    painter.strokePath(path, ties);
+    Stroke(painter, lines, ties);
 }
 
-void PaintWays(QPainter& painter, const Projection& projection, const QPainterPath& path, const RoadInk& ink,
+void PaintWays(QPainter& painter, const Projection& projection, const Lines& lines, const RoadInk& ink,
                double width)
 {
-    if (path.isEmpty() || width <= 0)
+    if (width <= 0)
         return;
     QPen pen(ink.fill, projection.Px(width), Qt::CustomDashLine, Qt::FlatCap);
     pen.setDashPattern({4, 2});
-    painter.strokePath(path, pen);
+    Stroke(painter, lines, pen);
 }
 
 void PaintRoads(QPainter& painter, const Projection& projection, const Content& content, const Look& look,
@@ -149,7 +162,7 @@ void PaintRoads(QPainter& painter, const Projection& projection, const Content& 
         if (seen.edge->hidden)
             continue;
         const auto index = static_cast<size_t>(seen.edge->roadClass);
-        AddLine(paths.at(index), projection, seen.edge->line, false);
+        paths.at(index).push_back(LinePath(projection, seen.edge->line));
     }
     std::array<double, kRoadClasses> widths{};
     for (size_t i = 0; i < kRoadClasses; ++i)
@@ -168,7 +181,7 @@ void PaintRoads(QPainter& painter, const Projection& projection, const Content& 
     for (const bool casing : {true, false}) {
         for (const RoadClass roadClass : kOrder) {
             const auto index = static_cast<size_t>(roadClass);
-            if (paths.at(index).isEmpty() || widths.at(index) <= 0)
+            if (widths.at(index) <= 0)
                 continue;
             const RoadInk& ink = palette.roads.at(index);
             const double width = projection.Px(widths.at(index));
@@ -176,10 +189,10 @@ void PaintRoads(QPainter& painter, const Projection& projection, const Content& 
             const bool hair = widths.at(index) < 2;
             if (casing && hair)
                 continue;
-            painter.strokePath(paths.at(index), QPen(casing || (hair && !look.dark) ? ink.casing : ink.fill,
-                                                     casing ? width + 2 * std::round(projection.Px(1)) : width,
-                                                     Qt::SolidLine, casing ? Qt::FlatCap : Qt::RoundCap,
-                                                     Qt::RoundJoin));
+            Stroke(painter, paths.at(index),
+                   QPen(casing || (hair && !look.dark) ? ink.casing : ink.fill,
+                        casing ? width + 2 * std::round(projection.Px(1)) : width, Qt::SolidLine,
+                        casing ? Qt::FlatCap : Qt::RoundCap, Qt::RoundJoin));
         }
     }
 }

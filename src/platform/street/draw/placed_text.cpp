@@ -118,18 +118,12 @@ std::optional<PlacedText> Along(const Walk& walk, const TextRun& run, double siz
 
 void Write(QPainter& painter, const PlacedText& text, const QColor& ink, const QColor& halo)
 {
-    QPainterPath around;
-    QPainterPath letters;
-    around.setFillRule(Qt::WindingFill);
-    letters.setFillRule(Qt::WindingFill);
-    for (const PlacedText::Letter& letter : text.letters) {
-        if (halo.alpha() > 0)
-            around.addPath(letter.where.map(letter.glyph->halo));
-        letters.addPath(letter.where.map(letter.glyph->shape));
-    }
+    // Each letter for itself, as the roads are; no halo covers a letter.
     if (halo.alpha() > 0)
-        painter.fillPath(around, halo);
-    painter.fillPath(letters, ink);
+        for (const PlacedText::Letter& letter : text.letters)
+            painter.fillPath(letter.where.map(letter.glyph->halo), halo);
+    for (const PlacedText::Letter& letter : text.letters)
+        painter.fillPath(letter.where.map(letter.glyph->shape), ink);
 }
 
 } // namespace vasclip::street::draw
