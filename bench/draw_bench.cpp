@@ -1,5 +1,7 @@
 // Pictures of a map of 1500 x 1000 with names, what whoever paints waits for, and the pictures' own work.
-// usage: bench_draw DIRECTORY LATITUDE LONGITUDE (a directory of maps; millionths of a degree)
+// usage: bench_draw DIRECTORY LATITUDE LONGITUDE [PICTURES]
+//   DIRECTORY  of maps; latitude and longitude in millionths of a degree; PICTURES is where they are left to
+//   be looked at
 
 #include "platform/street/map_data.h"
 #include "platform/street/street_map.h"
@@ -50,10 +52,13 @@ Spread Of(int runs, const std::function<void()>& work)
     return {times[times.size() / 2], times.back()};
 }
 
-void Measure(StreetMap& map, double kilometres)
+void Measure(StreetMap& map, double kilometres, const QString& pictures)
 {
     map.SetScale(kilometres * 1000 / 0.3048);
     const Spread whole = Of(9, [&map] { (void)map.ReportPicture(kSize.width(), kSize.height()); });
+    if (!pictures.isEmpty())
+        map.ReportPicture(kSize.width(), kSize.height())
+            .save(u"%1/map_%2.png"_s.arg(pictures).arg(kilometres));
     map.FinishDrawing();
     QImage screen(kSize, QImage::Format_RGB32);
     QPainter painter(&screen);
@@ -75,14 +80,15 @@ void Measure(StreetMap& map, double kilometres)
 
 int main(int argc, char** argv)
 {
-    if (argc != 4) {
-        std::fprintf(stderr, "usage: %s DIRECTORY LATITUDE LONGITUDE\n", argv[0]);
+    if (argc != 4 && argc != 5) {
+        std::fprintf(stderr, "usage: %s DIRECTORY LATITUDE LONGITUDE [PICTURES]\n", argv[0]);
         return 2;
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication app(argc, argv);
     StreetMap map({std::make_shared<MapData>(QString::fromLocal8Bit(argv[1])), nullptr,
                    [](const QString& path) { return path; }});
+    const QString pictures = argc == 5 ? QString::fromLocal8Bit(argv[4]) : QString();
     map.SetSize(kSize, 1);
     map.SetLatitude(std::atoi(argv[2]));
     map.SetLongitude(std::atoi(argv[3]));
@@ -94,7 +100,7 @@ int main(int argc, char** argv)
                 Milliseconds([&] { map.Paint(painter); }));
     painter.end();
     for (const double kilometres : {0.5, 1.5, 5.0})
-        Measure(map, kilometres);
+        Measure(map, kilometres, pictures);
 
     // A whole search on the map.
     for (qint32 id = 1; id <= 1000; ++id) {
@@ -107,6 +113,6 @@ int main(int argc, char** argv)
         map.DoAction(action::kAddPoint);
     }
     std::printf("1,000 points:\n");
-    Measure(map, 5);
+    Measure(map, 5, {});
     return 0;
 }

@@ -1,7 +1,8 @@
 // Finding addresses on a state's streets: time by kind of query, growth with the number of edges, bytes on disk, and how
 // many are found and how near. The streets are those of real counties, and copies of them under other names and places.
-// usage: bench_geocode MAPDATA [EDGES [EDGES]]
+// usage: bench_geocode MAPDATA [EDGES [EDGES]] [--peer DIRECTORY]
 //   MAPDATA  the directory that has prattville_al and middlebury_vt_points
+//   --peer   asks for 1,000 addresses and leaves them and the streets in the directory, for bench/peers/geocode
 
 #include "platform/street/address_parser.h"
 #include "platform/street/county_writer.h"
@@ -159,7 +160,46 @@ struct State
     qint64 bytes = 0;
 };
 
-bool MakeState(State& state, const std::vector<RoadEdge>& real, qint64 wanted)
+/// What a peer is to be asked on, as tables with a tab between the columns.
+class PeerFiles
+{
+public:
+    explicit PeerFiles(const QString& directory)
+        : m_streets(directory + u"/streets.tsv"_s)
+        , m_queries(directory + u"/queries.tsv"_s)
+        , m_open(!directory.isEmpty() && m_streets.open(QIODevice::WriteOnly) && m_queries.open(QIODevice::WriteOnly))
+    {}
+    [[nodiscard]] bool Open() const { return m_open; }
+    void Add(const RoadEdge& edge, const QString& original, int county, const QString& town)
+    {
+        if (!m_open)
+            return;
+        QStringList line;
+        for (const Place& place : edge.line)
+            line.append(Number(place.longitude) + u' ' + Number(place.latitude));
+        Write(m_streets, {QString::number(++m_edges), QString::number(county), edge.name, original, edge.left.from,
+                          edge.left.to, edge.left.zip, edge.right.from, edge.right.to, edge.right.zip, town,
+                          u"LINESTRING("_s + line.join(u',') + u')'});
+    }
+    void Ask(const Example& example, const QString& query, Place place)
+    {
+        if (m_open)
+            Write(m_queries, {QString::number(++m_asked), example.kind, query, example.isOnStreet ? u"t"_s : u"f"_s,
+                              Number(place.latitude), Number(place.longitude)});
+    }
+
+private:
+    static QString Number(qint32 millionths) { return QString::number(millionths / 1e6, 'f', 6); }
+    static void Write(QFile& file, const QStringList& cells) { file.write(cells.join(u'\t').toUtf8() + '\n'); }
+
+    QFile m_streets;
+    QFile m_queries;
+    bool m_open;
+    qint64 m_edges = 0;
+    int m_asked = 0;
+};
+
+bool MakeState(State& state, const std::vector<RoadEdge>& real, qint64 wanted, PeerFiles& peer)
 {
     std::vector<CountyRecord> records;
     QString problem;
@@ -173,12 +213,14 @@ bool MakeState(State& state, const std::vector<RoadEdge>& real, qint64 wanted)
         for (const int half : {0, 1}) {
             const Copy copy(number * 2 + half);
             for (RoadEdge edge : real) {
+                const QString original = edge.name;
                 edge.name = copy.Street(edge.name);
                 for (Place& place : edge.line)
                     place = copy.Moved(place);
                 edge.left.zip = copy.Zip(edge.left.zip);
                 edge.right.zip = copy.Zip(edge.right.zip);
                 state.edges += writer.Add(edge) ? 1 : 0;
+                peer.Add(edge, original, number, copy.Town(u"Prattville"_s));
             }
             writer.Add(PlaceName{copy.Town(u"Prattville"_s), PlaceKind::City, 33960,
                                  copy.Moved({32464000, -86459700}), {}});
@@ -238,7 +280,7 @@ struct Times
 };
 
 /// @return the median of all that are found, in milliseconds
-double Time(const State& state, const std::vector<Example>& examples, int queries)
+double Time(const State& state, const std::vector<Example>& examples, int queries, PeerFiles& peer)
 {
     const MapData maps(state.directory.path());
     const MapGeocoder geocoder(maps);
@@ -255,6 +297,8 @@ double Time(const State& state, const std::vector<Example>& examples, int querie
             const Copy copy(static_cast<int>(random() % static_cast<unsigned>(state.counties * 2)));
             const Example& example = examples[random() % examples.size()];
             const QString query = Translated(example, copy);
+            if (warm)
+                peer.Ask(example, query, copy.Moved(example.place));
             // Processor time, so that what else the machine does is not counted; what waits for the disk by the wall.
             const clockid_t clock = warm ? CLOCK_THREAD_CPUTIME_ID : CLOCK_MONOTONIC;
             const double from = Milliseconds(clock);
@@ -360,7 +404,17 @@ std::vector<Example> HouseExamples(const std::vector<AddressPoint>& houses)
 int main(int argc, char** argv)
 {
     const QCoreApplication app(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
+    QStringList arguments = QCoreApplication::arguments();
+    QString peerDirectory;
+    if (const qsizetype at = arguments.indexOf(u"--peer"_s); at > 0) {
+        peerDirectory = arguments.value(at + 1);
+        arguments.remove(at, arguments.size() - at);
+    }
+    PeerFiles peer(peerDirectory);
+    if (!peerDirectory.isEmpty() && !peer.Open()) {
+        std::printf("nothing can be written in %s\n", qPrintable(peerDirectory));
+        return 1;
+    }
     const QString data = arguments.value(1);
     const std::vector<RoadEdge> real = test::ReadAddrFeat(data + u"/prattville_al/prattville_addrfeat"_s);
     const std::vector<Example> examples = ReadExamples(data + u"/prattville_al/geocode_examples.tsv"_s);
@@ -374,9 +428,9 @@ int main(int argc, char** argv)
         if (edges <= 0)
             continue;
         State state;
-        if (!MakeState(state, real, edges))
+        if (!MakeState(state, real, edges, peer))
             return 1;
-        const double median = Time(state, examples, 4000);
+        const double median = Time(state, examples, peer.Open() ? 1000 : 4000, peer);
         if (first > 0)
             std::printf("growth of the median: %.2f (limit 1.5)\n", median / first);
         first = median;
