@@ -5,6 +5,7 @@
 #include "map/locations.h"
 #include "map/messages.h"
 #include "map/picture_names.h"
+#include "map/placed_for.h"
 #include "map/radius.h"
 #include "map/selection.h"
 #include "platform/street/geodesy.h"
@@ -55,6 +56,15 @@ qint32 LastToAnchor(const MapDesk& desk)
     return search.Bound() ? static_cast<qint32>(search.Recordset().RecordCount()) + 1 : 0;
 }
 
+std::vector<MapPoint> PointsUpTo(MapDesk& desk, qint32 last)
+{
+    std::vector<MapPoint> points;
+    for (qint32 id = 1; id <= last; ++id)
+        if (const std::optional<MapPoint> point = LoadPoint(desk, id))
+            points.push_back(*point);
+    return points;
+}
+
 void TellKept(MapDesk& desk, const QString& address, bool record)
 {
     if (record)
@@ -68,7 +78,7 @@ void TellKept(MapDesk& desk, const QString& address, bool record)
 void cmdAnchorOne_Click(MapDesk& desk)
 {
     const std::optional<MapPoint> point = LoadPoint(desk, desk.state.g_MapSelectedID);
-    if (desk.state.g_MapSelectedID == 0 || !point)
+    if (desk.state.working || desk.state.g_MapSelectedID == 0 || !point || !MayStand(desk, {*point}))
         return;
     const QString address = PointAddress(desk, *point);
     const bool record = FindComp(desk, address).has_value();
@@ -79,6 +89,7 @@ void cmdAnchorOne_Click(MapDesk& desk)
         WriteAnchored(desk, *point);
     else
         WriteFree(desk, *point);
+    KeepPlacedFor(desk, point->id);
     SaveLocations(desk, {anchor ? AnchoredAt(address, point->place) : Forgotten(address)});
     if (anchor)
         TellKept(desk, address, record);
@@ -87,16 +98,19 @@ void cmdAnchorOne_Click(MapDesk& desk)
 
 void cmdAnchor_Click(MapDesk& desk)
 {
+    if (desk.state.working)
+        return;
     link::Reported(desk.ports.prompter, "cmdAnchor_Click", [&] {
+        const std::vector<MapPoint> points = PointsUpTo(desk, LastToAnchor(desk));
+        if (!MayStand(desk, points))
+            return;
         QList<RecordLocation> kept;
-        const qint32 last = LastToAnchor(desk);
-        for (qint32 id = 1; id <= last; ++id) {
-            const std::optional<MapPoint> point = LoadPoint(desk, id);
-            if (!point)
+        for (const MapPoint& point : points) {
+            Write(desk, point, AnchoredForm(point.picture), point.flags | flag::kAnchored, action::kWritePoint);
+            if (desk.map.Status() < 0)
                 continue;
-            Write(desk, *point, AnchoredForm(point->picture), point->flags | flag::kAnchored, action::kWritePoint);
-            if (desk.map.Status() >= 0)
-                kept.append(AnchoredAt(PointAddress(desk, *point), point->place));
+            KeepPlacedFor(desk, point.id);
+            kept.append(AnchoredAt(PointAddress(desk, point), point.place));
         }
         SaveLocations(desk, kept);
         static_cast<void>(LoadPoint(desk, 1));
@@ -109,18 +123,18 @@ void cmdAnchor_Click(MapDesk& desk)
 
 void cmdAnchor_RightClick(MapDesk& desk)
 {
+    if (desk.state.working)
+        return;
     link::Reported(desk.ports.prompter, "cmdAnchor_RightClick", [&] {
-        std::vector<MapPoint> points;
+        const std::vector<MapPoint> points = PointsUpTo(desk, desk.state.g_MapPointCount);
+        if (!MayStand(desk, points))
+            return;
         QList<RecordLocation> forgotten;
         int anchored = 0;
-        for (qint32 id = 1; id <= desk.state.g_MapPointCount; ++id) {
-            const std::optional<MapPoint> point = LoadPoint(desk, id);
-            if (!point)
-                continue;
-            const QString address = PointAddress(desk, *point);
+        for (const MapPoint& point : points) {
+            const QString address = PointAddress(desk, point);
             const std::optional<store::Record> record = FindComp(desk, address);
             anchored += record && IsAnchored(*record) ? 1 : 0;
-            points.push_back(*point);
             forgotten.append(Forgotten(address));
         }
         if (anchored > 0 && !desk.ports.prompter.YesNo(desk.globals.productName, messages::kForgetAll.arg(anchored)))
@@ -136,16 +150,16 @@ void cmdAnchor_RightClick(MapDesk& desk)
 bool MovePointTo(MapDesk& desk, qint32 id, street::Place place)
 {
     std::optional<MapPoint> point = LoadPoint(desk, id);
-    if (!point)
+    if (desk.state.working || !point || !MayStand(desk, {*point}))
         return false;
     point->place = place;
     WriteAnchored(desk, *point, action::kAddPoint);
+    KeepPlacedFor(desk, id);
     const QString address = PointAddress(desk, *point);
     const bool record = FindComp(desk, address).has_value();
     if (SaveLocations(desk, {AnchoredAt(address, place)}))
         TellKept(desk, address, record);
-    if (IsSubjectPoint(desk, *point) && desk.tab.ckbRadius.Value())
-        txtradius_Change(desk);
+    FollowCircle(desk);
     if (desk.state.g_MapSelectedID > 0)
         txtMapAddress_Change(desk);
     desk.map.Refresh();

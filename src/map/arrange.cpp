@@ -15,12 +15,10 @@ constexpr double kTouching = 0.01; ///< pixels; edges may meet
 class Search
 {
 public:
-    Search(const std::vector<ArrowToArrange>& arrows, const std::vector<Tile>& houses, double houseSize,
-           const Tile& view)
+    Search(const std::vector<ArrowToArrange>& arrows, std::vector<Sheet> sheets, double houseSize)
         : m_arrows(arrows)
-        , m_houses(houses)
+        , m_sheets(std::move(sheets))
         , m_houseSize(houseSize)
-        , m_view(view)
         , m_chosen(arrows.size())
     {
         for (std::size_t i = 0; i < arrows.size(); ++i) {
@@ -54,36 +52,49 @@ private:
     static int Known(int direction) { return direction < 1 || direction > kDirections ? 1 : direction; }
     static std::size_t At(int direction) { return static_cast<std::size_t>(direction - 1); }
 
-    [[nodiscard]] Tile TileOf(std::size_t arrow, int direction) const
+    [[nodiscard]] Tile TileOf(const Sheet& sheet, std::size_t arrow, int direction) const
     {
-        return m_arrows[arrow].shapes[At(direction)].At(m_arrows[arrow].house);
+        return m_arrows[arrow].shapes[At(direction)].At(sheet.spots[arrow]);
     }
-    [[nodiscard]] Tile HouseOf(std::size_t arrow) const
+    /// The pixels that two arrows share.
+    [[nodiscard]] double Shared(std::size_t one, int direction, std::size_t other, int otherDirection) const
     {
-        const Spot spot = m_arrows[arrow].house;
+        double shared = 0;
+        for (const Sheet& sheet : m_sheets)
+            shared += TileOf(sheet, one, direction).Shared(TileOf(sheet, other, otherDirection));
+        return shared;
+    }
+    [[nodiscard]] Tile HouseOf(const Sheet& sheet, std::size_t arrow) const
+    {
+        const Spot spot = sheet.spots[arrow];
         return {spot.x - m_houseSize / 2, spot.y - m_houseSize / 2, m_houseSize, m_houseSize};
     }
 
     /// Pixels of houses that an arrow would cover.
     [[nodiscard]] double HousesUnder(std::size_t arrow, int direction) const
     {
-        const Tile tile = TileOf(arrow, direction);
         double covered = 0;
-        const auto add = [&](const Tile& house) {
-            if (!house.Holds(m_arrows[arrow].house)) // it points at that one as well
-                covered += tile.Shared(house);
-        };
-        for (std::size_t other = 0; other < m_arrows.size(); ++other)
-            if (other != arrow)
-                add(HouseOf(other));
-        for (const Tile& house : m_houses)
-            add(house);
+        for (const Sheet& sheet : m_sheets) {
+            const Tile tile = TileOf(sheet, arrow, direction);
+            const auto add = [&](const Tile& house) {
+                if (!house.Holds(sheet.spots[arrow])) // it points at that one as well
+                    covered += tile.Shared(house);
+            };
+            for (std::size_t other = 0; other < m_arrows.size(); ++other)
+                if (other != arrow)
+                    add(HouseOf(sheet, other));
+            for (const Tile& house : sheet.houses)
+                add(house);
+        }
         return covered;
     }
 
     [[nodiscard]] bool LeavesView(std::size_t arrow, int direction) const
     {
-        return m_view.width > 0 && m_view.Holds(m_arrows[arrow].house) && !m_view.Holds(TileOf(arrow, direction));
+        return std::any_of(m_sheets.begin(), m_sheets.end(), [&](const Sheet& sheet) {
+            return sheet.view.width > 0 && sheet.view.Holds(sheet.spots[arrow]) &&
+                   !sheet.view.Holds(TileOf(sheet, arrow, direction));
+        });
     }
 
     /// The directions of an arrow, the best first: within the view, as it is, a small turn.
@@ -146,20 +157,18 @@ private:
             return true;
         if (m_under[arrow][At(direction)] > 0)
             return false;
-        const Tile tile = TileOf(arrow, direction);
         for (std::size_t before = 0; before < depth; ++before)
-            if (tile.Shared(TileOf(m_order[before], m_chosen[m_order[before]])) > 0)
+            if (Shared(arrow, direction, m_order[before], m_chosen[m_order[before]]) > 0)
                 return false;
         return true;
     }
 
     [[nodiscard]] double CostOf(std::size_t arrow, int direction) const
     {
-        const Tile tile = TileOf(arrow, direction);
         double cost = m_under[arrow][At(direction)];
         for (std::size_t other = 0; other < m_arrows.size(); ++other)
             if (other != arrow)
-                cost += tile.Shared(TileOf(other, m_chosen[other]));
+                cost += Shared(arrow, direction, other, m_chosen[other]);
         return cost;
     }
     [[nodiscard]] double Cost(std::size_t arrow) const { return CostOf(arrow, m_chosen[arrow]); }
@@ -186,9 +195,8 @@ private:
     }
 
     const std::vector<ArrowToArrange>& m_arrows;
-    const std::vector<Tile>& m_houses;
+    std::vector<Sheet> m_sheets;
     double m_houseSize;
-    Tile m_view;
     std::vector<int> m_chosen;
     std::vector<std::vector<int>> m_choices;
     std::vector<std::array<double, kDirections>> m_under; ///< pixels of houses, by direction
@@ -224,9 +232,13 @@ ArrowShape ShapeOf(int direction, double width, double height)
 }
 
 Arrangement Arrange(const std::vector<ArrowToArrange>& arrows, const std::vector<Tile>& houses, double houseSize,
-                    const Tile& view)
+                    const Tile& view, const std::vector<Sheet>& further)
 {
-    return Search(arrows, houses, houseSize, view).Run();
+    std::vector<Sheet> sheets{{.spots = {}, .houses = houses, .view = view}};
+    for (const ArrowToArrange& arrow : arrows)
+        sheets.front().spots.push_back(arrow.house);
+    sheets.insert(sheets.end(), further.begin(), further.end());
+    return Search(arrows, std::move(sheets), houseSize).Run();
 }
 
 } // namespace vasclip::map

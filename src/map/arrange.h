@@ -44,6 +44,14 @@ struct ArrowToArrange
     ArrowShapes shapes = {};
 };
 
+/// Another layout of the same arrows, as a picture on paper shows them closer together than a wide window.
+struct Sheet
+{
+    std::vector<Spot> spots; ///< of the arrows, in their order
+    std::vector<Tile> houses;
+    Tile view;
+};
+
 /// What came of it.
 struct Arrangement
 {
@@ -57,7 +65,8 @@ struct Arrangement
 /// @param houses     what else must stay in sight; those that the arrows point at are known
 /// @param houseSize  side of the square around the house of an arrow
 /// @param view       in which an arrow stays if its house does; an empty one has no border
+/// @param further    layouts in which the same has to hold
 [[nodiscard]] Arrangement Arrange(const std::vector<ArrowToArrange>& arrows, const std::vector<Tile>& houses,
-                                  double houseSize, const Tile& view = {});
+                                  double houseSize, const Tile& view = {}, const std::vector<Sheet>& further = {});
 
 } // namespace vasclip::map

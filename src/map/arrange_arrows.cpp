@@ -20,18 +20,29 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr double kHouseSize = 12; ///< pixels that stay free around an arrow's tip
+constexpr double kPaperWidth = 720, kPaperHeight = 480; ///< of the report's picture, in pixels of 1/96 inch
 
-/// From places to pixels of the view as it stands.
+/// From places to pixels of a layout of the view as it stands.
 class Projection
 {
 public:
-    explicit Projection(MapDesk& desk)
-        : m_width(desk.map.Width())
-        , m_height(desk.map.Height())
+    Projection(double width, double height, street::Place centre, double feet)
+        : m_width(width)
+        , m_height(height)
+        , m_pixelsPerFoot(feet > 0 ? width / feet : 0)
+        , m_centre(centre)
+    {}
+    /// The layout on the screen.
+    [[nodiscard]] static Projection OfScreen(MapDesk& desk)
     {
         desk.map.DoAction(street::action::kReadCentre);
-        m_centre = {desk.map.Latitude(), desk.map.Longitude()};
-        m_pixelsPerFoot = desk.map.Scale() > 0 ? m_width / desk.map.Scale() : 0;
+        return {desk.map.Width(), desk.map.Height(), {desk.map.Latitude(), desk.map.Longitude()}, desk.map.Scale()};
+    }
+    /// That of the report's picture: all that is in sight, on three by two.
+    [[nodiscard]] Projection OnPaper() const
+    {
+        const double across = m_width / m_pixelsPerFoot, down = m_height / m_pixelsPerFoot;
+        return {kPaperWidth, kPaperHeight, m_centre, std::max(across, down * kPaperWidth / kPaperHeight)};
     }
     [[nodiscard]] bool Usable() const { return m_width > 0 && m_height > 0 && m_pixelsPerFoot > 0; }
     [[nodiscard]] Tile View() const { return {0, 0, m_width, m_height}; }
@@ -45,7 +56,7 @@ public:
     }
 
 private:
-    double m_width, m_height, m_pixelsPerFoot = 0;
+    double m_width, m_height, m_pixelsPerFoot;
     street::Place m_centre;
 };
 
@@ -101,11 +112,13 @@ struct Scene
     std::vector<MapPoint> points; ///< of the arrows
     std::vector<ArrowToArrange> arrows;
     std::vector<Tile> houses;
+    Sheet paper;
 };
 
-Scene SceneOf(MapDesk& desk, const Projection& projection)
+Scene SceneOf(MapDesk& desk, const Projection& projection, const Projection& paper)
 {
     Scene scene;
+    scene.paper.view = paper.View();
     Sizes sizes(desk);
     for (qint32 id = 1; id <= desk.state.g_MapPointCount; ++id) {
         const std::optional<MapPoint> point = LoadPoint(desk, id);
@@ -116,6 +129,7 @@ Scene SceneOf(MapDesk& desk, const Projection& projection)
         if (name.arrow) {
             const bool byHand = desk.state.turnedByHand.contains(id) || point->flags & flag::kAnchored;
             scene.points.push_back(*point);
+            scene.paper.spots.push_back(paper.SpotOf(point->place));
             scene.arrows.push_back({.house = spot,
                                     .direction = name.direction,
                                     .fixed = byHand,
@@ -124,7 +138,9 @@ Scene SceneOf(MapDesk& desk, const Projection& projection)
             const QSize size = sizes.Of(BitmapName(point->picture));
             const double width = std::max<double>(size.width(), kHouseSize);
             const double height = std::max<double>(size.height(), kHouseSize);
-            scene.houses.push_back({spot.x - width / 2, spot.y - height / 2, width, height});
+            const auto tile = [&](Spot at) { return Tile{at.x - width / 2, at.y - height / 2, width, height}; };
+            scene.houses.push_back(tile(spot));
+            scene.paper.houses.push_back(tile(paper.SpotOf(point->place)));
         }
     }
     return scene;
@@ -135,11 +151,11 @@ Scene SceneOf(MapDesk& desk, const Projection& projection)
 ArrangeTally ArrangeArrows(MapDesk& desk)
 {
     ArrangeTally tally;
-    const Projection projection(desk);
-    if (!projection.Usable())
+    const Projection screen = Projection::OfScreen(desk);
+    if (!screen.Usable())
         return tally;
-    const Scene scene = SceneOf(desk, projection);
-    const Arrangement arranged = Arrange(scene.arrows, scene.houses, kHouseSize, projection.View());
+    const Scene scene = SceneOf(desk, screen, screen.OnPaper());
+    const Arrangement arranged = Arrange(scene.arrows, scene.houses, kHouseSize, screen.View(), {scene.paper});
     for (std::size_t i = 0; i < scene.points.size(); ++i)
         if (arranged.directions[i] != scene.arrows[i].direction &&
             TurnArrow(desk, scene.points[i], arranged.directions[i]))

@@ -5,6 +5,7 @@
 #include "map/picture_names.h"
 #include "map/pinmap.h"
 #include "map/selection.h"
+#include "platform/text/text.h"
 #include "store/fields.h"
 
 namespace vasclip::map {
@@ -71,8 +72,16 @@ void MapFindAndBlink(MapDesk& desk, const QString& key)
 void lstaddresses_Click(MapDesk& desk)
 {
     const int line = desk.tab.lstaddresses.ListIndex();
-    if (line >= 0)
-        MapFindAndBlink(desk, desk.tab.lstaddresses.List(line));
+    if (line < 0)
+        return;
+    const QString address = desk.tab.lstaddresses.List(line);
+    // An arrow has no caption to be found by.
+    const auto id = static_cast<qint32>(text::Val(desk.tab.lstids.List(line)));
+    const std::optional<MapPoint> point = LoadPoint(desk, id);
+    if (point && text::Trim(point->text).isEmpty() && PointAddress(desk, *point) == address)
+        BlinkPoint(desk, id);
+    else
+        MapFindAndBlink(desk, address);
 }
 
 } // namespace vasclip::map

@@ -5,6 +5,8 @@
 #include "link/send_proximity.h"
 #include "link/talk.h"
 #include "map/messages.h"
+#include "map/pinmap.h"
+#include "map/placed_for.h"
 #include "map/selection.h"
 #include "platform/conduit/patience.h"
 #include "platform/text/text.h"
@@ -64,6 +66,29 @@ int NextFilled(const MapDesk& desk, Group group, int index)
 QString Caption(link::SlotRef slot)
 {
     return TypeWord(slot.group) + u" #"_s + text::Dec(slot.index);
+}
+
+/// Asks where arrows stand for other addresses than the report has there now.
+bool MayMeasure(MapDesk& desk, const QString& ranges)
+{
+    QStringList others;
+    const auto look = [&](qint32 id) {
+        const std::optional<MapPoint> point = id >= 1 ? LoadPoint(desk, id) : std::nullopt;
+        if (point && !StandsFor(desk, *point))
+            others.append(OtherAddress(desk, *point));
+    };
+    std::vector<SlotPoint> comps;
+    for (const Group group : kSendOrder)
+        if (const std::optional<MapRange> range = RangeOf(ranges, TypeWord(group)))
+            for (const SlotPoint& comp : ComposeRange(desk, group, *range))
+                comps.push_back(comp);
+    if (comps.empty())
+        return true;
+    look(FindSubjectPoint(desk));
+    for (const SlotPoint& comp : comps)
+        look(comp.id);
+    return others.isEmpty() || desk.ports.prompter.YesNo(desk.globals.productName,
+                                                         messages::kOtherDistances.arg(others.join(u"; "_s)));
 }
 
 /// @return false if the run has to end
@@ -139,8 +164,10 @@ void cmdProx_Click(MapDesk& desk)
     if (desk.state.working || !desk.link)
         return;
     const Working working{desk.state};
-    const link::Talking talking{*desk.link, messages::kSendingProximity};
     const QString ranges = desk.state.g_MapRanges.toUpper();
+    if (!MayMeasure(desk, ranges))
+        return;
+    const link::Talking talking{*desk.link, messages::kSendingProximity};
     if (LoadPoint(desk, 1))
         desk.state.g_MapSelectedID = 1;
     Run run;

@@ -3,6 +3,7 @@
 #include "link/link_desk.h"
 #include "link/reporter.h"
 #include "link/slot_photos.h"
+#include "map/frm_map_preview.h"
 #include "map/messages.h"
 
 namespace vasclip::map {
@@ -52,27 +53,57 @@ void optMapAddendum_Click(MapDesk& desk, int index)
 QString DrawMap(MapDesk& desk, const QString& name)
 {
     const QString file = desk.globals.G_ProgramDir + name;
-    if (desk.map.DrawTo(file, kPictureWidth, kPictureHeight))
+    if (desk.map.DrawTo(file, kPictureWidth, kPictureHeight, desk.globals.mapQuality))
         return file;
     desk.ports.prompter.Box(desk.globals.productName, messages::kNotDrawn.arg(file));
     return {};
+}
+
+QString DrawAddendum(MapDesk& desk, int addendum)
+{
+    const QString stock = desk.globals.G_ProgramDir + kAddenda[addendum].stock;
+    if (desk.disk.FileExists(stock))
+        desk.loader.ErrLoadPict(desk.tab.geatemp, stock);
+    return DrawMap(desk, kAddenda[addendum].file);
 }
 
 void cmdCopyMap_Click(MapDesk& desk)
 {
     if (desk.state.working || !desk.link)
         return;
+    QString file;
+    const int addendum = ChosenAddendum(desk);
+    {
+        const Working working{desk.state};
+        const forms::Hourglass hourglass{desk.ports.window};
+        link::Reported(desk.ports.prompter, "cmdCopyMap_Click", [&] { file = DrawAddendum(desk, addendum); });
+    }
+    if (!file.isEmpty())
+        SendMap(desk, addendum, file);
+}
+
+void cmdPreviewMap_Click(MapDesk& desk)
+{
+    if (desk.state.working || !desk.link)
+        return;
+    QString file;
+    const int addendum = ChosenAddendum(desk);
+    link::Reported(desk.ports.prompter, "cmdPreviewMap_Click", [&] { file = DrawAddendum(desk, addendum); });
+    if (file.isEmpty())
+        return;
+    frm_MapPreview preview(desk, addendum, file);
+    desk.ports.screens.ShowModal(preview);
+}
+
+void SendMap(MapDesk& desk, int index, const QString& file)
+{
+    if (desk.state.working || !desk.link)
+        return;
     const Working working{desk.state};
     const forms::Hourglass hourglass{desk.ports.window};
-    const Addendum& addendum = kAddenda[ChosenAddendum(desk)];
+    const Addendum& addendum = kAddenda[index];
     link::Reported(desk.ports.prompter, "cmdCopyMap_Click", [&] {
         forms::PictureBox& picture = desk.tab.geatemp;
-        const QString stock = desk.globals.G_ProgramDir + addendum.stock;
-        if (desk.disk.FileExists(stock))
-            desk.loader.ErrLoadPict(picture, stock);
-        const QString file = DrawMap(desk, addendum.file);
-        if (file.isEmpty())
-            return;
         desk.loader.ErrLoadPict(picture, file);
         if (!link::KelEnsureRunning(*desk.link))
             return;

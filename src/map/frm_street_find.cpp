@@ -7,6 +7,7 @@
 #include "map/map_icons.h"
 #include "map/messages.h"
 #include "map/pinmap.h"
+#include "map/placed_for.h"
 #include "map/selection.h"
 #include "map/slot_labels.h"
 #include "map/view.h"
@@ -241,6 +242,7 @@ void frm_StreetFind::FindAddress()
         if (point && !label.isEmpty()) {
             m_desk.map.SetText(label);
             m_desk.map.DoAction(action::kWritePoint);
+            KeepPlacedFor(m_desk, id);
         }
         MapCenterOnAddress(m_desk, Location());
         return;
@@ -315,6 +317,7 @@ void ShowCandidates(MapDesk& desk, forms::ListBox& list, bool firstKind)
         desk.map.SetPicture(picture);
         desk.map.SetText(row);
         desk.map.DoAction(action::kAddPoint);
+        KeepPlacedFor(desk, desk.map.ID());
         ++desk.state.g_MapPointCount;
     }
     if (list.ListCount() > 0) {

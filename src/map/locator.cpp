@@ -6,6 +6,8 @@
 #include "map/messages.h"
 #include "map/pinmap.h"
 #include "map/place_arrows.h"
+#include "map/radius.h"
+#include "map/selection.h"
 #include "map/view.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
@@ -45,8 +47,8 @@ bool Place(MapDesk& desk, const Row& row, QList<RecordLocation>& found)
     const qint32 id = NextPoint(desk);
     bool ok = true;
     if (row.anchored == "1"_L1 && !row.latitude.isEmpty() && !row.longitude.isEmpty()) {
-        PlaceAnchoredPoint(desk, id, row.latitude, row.longitude,
-                           {.text = row.key, .picture = u"reddooranchor.bmp"_s, .flag = flag::kAnchored});
+        ok = PlaceAnchoredPoint(desk, id, row.latitude, row.longitude,
+                                {.text = row.key, .picture = u"reddooranchor.bmp"_s, .flag = flag::kAnchored});
     } else {
         QString address = row.key + u", "_s + row.city + u", "_s + row.state;
         if (!desk.globals.ignoreZipCodes)
@@ -121,6 +123,7 @@ void cmdGeoComp_Click(MapDesk& desk)
     }
     const Working working{desk.state};
     ClearMap(desk);
+    ClearDetails(desk);
     desk.map.SetScale(kWholeViewFeet);
     desk.state.g_MapRanges.clear();
     desk.state.arrows = false;
@@ -135,6 +138,7 @@ void cmdGeoComp_Click(MapDesk& desk)
         desk.ports.prompter.Info(messages::kNoCompsTitle, messages::kNoComps);
     }
     SaveLocations(desk, found);
+    FollowCircle(desk);
     desk.map.Refresh();
 }
 

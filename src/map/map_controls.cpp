@@ -21,6 +21,7 @@ frm_MapTab::frm_MapTab(forms::ControlSet& set)
     , txtradius(set, u"txtradius"_s)
     , lstaddresses(set, u"lstaddresses"_s)
     , lstids(set, u"lstids"_s)
+    , lblJustOutside(set, u"lblJustOutside"_s)
     , spnFontSize(set, u"spnFontSize"_s)
     , spnWidth(set, u"spnWidth"_s)
     , txtfontsize(set, u"txtfontsize"_s)
@@ -33,12 +34,14 @@ frm_MapTab::frm_MapTab(forms::ControlSet& set)
     , cmdArrange(set, u"cmdArrange"_s)
     , ckbArrange(set, u"ckbArrange"_s)
     , cmdCopyMap(set, u"cmdCopyMap"_s)
+    , cmdPreviewMap(set, u"cmdPreviewMap"_s)
     , optMapAddendum(set, u"optMapAddendum"_s, 0, 2)
     , mapPic(set, u"mapPic"_s)
     , geatemp(set, u"geatemp"_s)
     , imaanchor(set, u"imaanchor"_s)
     , lblMapID(set, u"lblMapID"_s)
     , lblProximity(set, u"lblProximity"_s)
+    , lblSureness(set, u"lblSureness"_s)
     , txtGLA(set, u"txtGLA"_s)
     , txtSellingPr(set, u"txtSellingPr"_s)
     , txtSaleDate(set, u"txtSaleDate"_s)
@@ -70,6 +73,7 @@ frm_MapTab::frm_MapTab(forms::ControlSet& set)
         {cmdArrange, "Arrange"_L1, "Turns the arrows so that none covers another (Ctrl+G)"_L1},
         {ckbArrange, "Arrange after placing"_L1, "Arranges the arrows each time they are placed"_L1},
         {cmdCopyMap, "&Generate Map"_L1, "Copies the current map to selected map addenda in Appraisals."_L1},
+        {cmdPreviewMap, "Preview"_L1, "Shows the picture as it goes into the report"_L1},
         {optMapAddendum(0), "Location Map"_L1, {}},
         {optMapAddendum(1), "General Map"_L1, {}},
         {optMapAddendum(2), "Fax / Scan"_L1, {}},

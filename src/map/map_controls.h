@@ -19,19 +19,21 @@ struct frm_MapTab
     forms::TextBox txtradius; ///< miles
     forms::ListBox lstaddresses;
     forms::ListBox lstids; ///< hidden: the point of each line
+    forms::Label lblJustOutside;
     forms::Control spnFontSize, spnWidth;
     forms::TextBox txtfontsize, txtwidth;
 
     forms::Button cmdClear, cmdClearPoint, cmdAnchor, cmdAnchorOne, cmdRotate;
     forms::Button cmdArrange;
     forms::CheckBox ckbArrange; ///< arrange after placing
-    forms::Button cmdCopyMap;
+    forms::Button cmdCopyMap, cmdPreviewMap;
     forms::ControlArray<forms::CheckBox> optMapAddendum; ///< one of them is on
     forms::PictureBox mapPic, geatemp;                   ///< hidden
 
     forms::PictureBox imaanchor;
     forms::Label lblMapID; ///< hidden: the selected point and its result
     forms::Label lblProximity;
+    forms::Label lblSureness; ///< how sure the two places of the proximity are
     forms::TextBox txtGLA, txtSellingPr, txtSaleDate;
     forms::PictureBox geaMapPhoto;
 

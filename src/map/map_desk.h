@@ -12,6 +12,7 @@
 #include "platform/street/geocoder.h"
 #include "store/store.h"
 
+#include <QHash>
 #include <QSet>
 
 #include <array>
@@ -46,12 +47,14 @@ struct MapState
     MapResults g_MapResult;
     qint32 g_MapSelectedID = 0; ///< last point clicked, 0 for none
     QSet<qint32> turnedByHand; ///< arrows that keep their direction
+    QHash<qint32, QString> placedFor; ///< see placed_for.h
     bool arrows = true;         ///< an arrow map, not one of the Comp Locator
     bool selectionLocked = false; ///< Caps Lock is down
     bool addressGate = false; ///< txtMapAddress is being set by a rule, which handles the change itself
     bool working = false; ///< a long gesture turns the queue; another one does nothing meanwhile
     street::Place radiusCentre;
     double radiusMiles = 0;
+    QStringList radiusDistances; ///< of each line of lstaddresses, in words
 };
 
 /// A gesture that turns the queue, for its scope.

@@ -14,12 +14,14 @@ public:
     [[nodiscard]] virtual street::StreetMap& Engine() = 0;
     /// The map comes to the screen: its files are opened the first time. @return are there any?
     virtual bool Shown() = 0;
-    /// A click on a point, by its `ID`.
-    virtual void PointClicked(qint32 id) = 0;
+    /// A click on a point, by its `ID`. @return is the address on show that of the point?
+    virtual bool PointClicked(qint32 id) = 0;
     /// A point was dragged and let go.
     virtual void PointDropped(qint32 id, street::Place place) = 0;
     /// A click beside all points.
     virtual void GroundClicked(street::Place place) = 0;
+    /// How far from the subject a line of the circle's list is, in words.
+    [[nodiscard]] virtual QString DistanceOfLine(int line) const = 0;
     virtual void AnchorAllOff() = 0; ///< the right button on cmdAnchor
     /// One step of a spinner, +1 or -1, by its name.
     virtual void Step(const QString& spinner, int step) = 0;

@@ -71,6 +71,14 @@ inline const QString kLocating = u"Comp %1 of %2"_s;
 inline const QString kAnchored = u"%1 is anchored: it stays at this place"_s;
 inline const QString kAnchoredHere =
     u"%1 has no record in the Databook: its place is kept on this map, and forgotten with it"_s;
+inline const QString kOtherAddress = u"%1: %2, now %3"_s;
+inline const QString kNobody = u"nothing"_s;
+inline const QString kOtherAddresses =
+    u"These arrows were placed for other addresses than the report has there now: %1. Go on with the report's addresses?"_s;
+inline const QString kOtherDistances =
+    u"These arrows were placed for other addresses than the report has there now: %1. They are measured by the report's "
+    "addresses, not by the arrows. Send the proximities?"_s;
+inline const QString kPlaceAgain = u"Placed for another address than the report has there now: %1. Place the arrows again"_s;
 inline const QString kAnchoredAll = u"%1 points are anchored"_s;
 inline const QString kForgetAll =
     u"The Databook forgets the places of %1 records that were put right by hand. Take the anchors off?"_s;
@@ -103,6 +111,9 @@ inline const QString kArrangedAlready = u"No arrow covers another or a house; no
 inline const QString kCrowded =
     u"There is no room for all arrows at this scale: %1 still cover something or are covered. Zoom in, or turn or "
     "move them by hand"_s;
+
+inline const QString kMiles = u"%1 mi"_s;
+inline const QString kJustOutside = u"Just outside: %1"_s;
 
 inline const QString kSetByHand = u"set by hand"_s;
 inline const QString kWithinFeet = u"%1, within %2 feet"_s;

@@ -2,6 +2,7 @@
 
 #include "map/flags.h"
 #include "map/picture_names.h"
+#include "map/placed_for.h"
 #include "platform/text/text.h"
 
 #include <algorithm>
@@ -75,6 +76,9 @@ bool MapPlaceAddrPoint(MapDesk& desk, qint32 id, const QString& address, const P
     map.SetPicture(BitmapPath(desk.globals.arrowsDir, look.picture));
     map.SetText(ParsePicture(look.picture).arrow ? QString() : look.text);
     map.DoAction(action::kAddPoint);
+    if (map.Status() < 0)
+        return false;
+    KeepPlacedFor(desk, id);
     found.append(look.flag == flag::kAnchored ? AnchoredAt(street, place) : FoundAt(street, place));
     return true;
 }
@@ -90,10 +94,11 @@ void MapPlaceLatLongPoint(MapDesk& desk, qint32 id, street::Place place, const P
     map.SetPicture(BitmapPath(desk.globals.arrowsDir, look.picture));
     map.SetText(name.arrow && name.number > 0 ? QString() : look.text);
     map.DoAction(action::kAddPoint);
+    KeepPlacedFor(desk, id);
     ++desk.state.g_MapPointCount;
 }
 
-void PlaceAnchoredPoint(MapDesk& desk, qint32 id, const QString& latitude, const QString& longitude,
+bool PlaceAnchoredPoint(MapDesk& desk, qint32 id, const QString& latitude, const QString& longitude,
                         const PointLook& look)
 {
     street::StreetControl& map = desk.map;
@@ -108,6 +113,10 @@ void PlaceAnchoredPoint(MapDesk& desk, qint32 id, const QString& latitude, const
                               look.flag == flag::kAnchored ? AnchoredForm(look.picture) : look.picture));
     map.SetText(name.arrow ? QString() : look.text);
     map.DoAction(action::kAddPoint);
+    if (map.Status() < 0)
+        return false;
+    KeepPlacedFor(desk, id);
+    return true;
 }
 
 qint32 FindMapPoint(MapDesk& desk, FindBy kind, const QString& key, int number)

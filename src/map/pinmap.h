@@ -29,8 +29,8 @@ bool MapPlaceAddrPoint(MapDesk& desk, qint32 id, const QString& address, const P
 void MapPlaceLatLongPoint(MapDesk& desk, qint32 id, street::Place place, const PointLook& look);
 
 /// Places a point at a record's stored place.
-/// @param latitude, longitude  decimal degrees
-void PlaceAnchoredPoint(MapDesk& desk, qint32 id, const QString& latitude, const QString& longitude,
+/// @param latitude, longitude  decimal degrees; @return false if that is no place on the globe
+bool PlaceAnchoredPoint(MapDesk& desk, qint32 id, const QString& latitude, const QString& longitude,
                         const PointLook& look);
 
 enum class FindBy {

@@ -7,6 +7,8 @@
 #include "map/map_ranges.h"
 #include "map/messages.h"
 #include "map/picture_names.h"
+#include "map/radius.h"
+#include "map/selection.h"
 #include "map/view.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
@@ -37,9 +39,8 @@ bool PlaceArrow(MapDesk& desk, qint32 id, const QString& address, const QString&
 {
     const std::optional<store::Record> record = FindComp(desk, address);
     if (record && IsAnchored(*record)) {
-        PlaceAnchoredPoint(desk, id, record->Text(fields::LATITUDE), record->Text(fields::LONGITUDE),
-                           Look(caption, picture, flag::kAnchored));
-        return true;
+        return PlaceAnchoredPoint(desk, id, record->Text(fields::LATITUDE), record->Text(fields::LONGITUDE),
+                                  Look(caption, picture, flag::kAnchored));
     }
     return MapPlaceAddrPoint(desk, id, address + u", "_s + cityState, Look(caption, picture, flag::kFree), found);
 }
@@ -99,11 +100,12 @@ bool PlaceSubjectPoint(MapDesk& desk, const QString& picture, const QString& cap
     const QString address = AddressAt(desk, {});
     const std::optional<store::Record> record = FindComp(desk, address);
     if (record && IsAnchored(*record)) {
-        PlaceAnchoredPoint(desk, kSubjectPoint, record->Text(fields::LATITUDE),
-                           record->Text(fields::LONGITUDE), Look(caption, picture, flag::kAnchored));
-        desk.state.g_MapResult(kSubjectPoint) = 1;
-        static_cast<void>(NextPoint(desk));
-        return true;
+        const bool ok = PlaceAnchoredPoint(desk, kSubjectPoint, record->Text(fields::LATITUDE),
+                                           record->Text(fields::LONGITUDE), Look(caption, picture, flag::kAnchored));
+        desk.state.g_MapResult(kSubjectPoint) = ok ? 1 : 0;
+        if (ok)
+            static_cast<void>(NextPoint(desk));
+        return ok;
     }
     const QString resolved = ResolveCompCityState(desk, address, {});
     const qsizetype comma = resolved.indexOf(u',');
@@ -162,6 +164,7 @@ void cmdSubjectOnly_Click(MapDesk& desk)
         return;
     }
     ClearMap(desk);
+    ClearDetails(desk);
     desk.map.SetScale(kWholeViewFeet);
     desk.state.arrows = true;
     desk.state.g_MapRanges.clear();
@@ -175,6 +178,7 @@ void cmdSubjectOnly_Click(MapDesk& desk)
         Tell(desk, {}, {kSubjectType + u' ' + AddressAt(desk, {})});
     }
     SaveLocations(desk, found);
+    FollowCircle(desk);
     desk.map.Refresh();
 }
 
@@ -189,6 +193,7 @@ void cmdSubjectAnd_Click(MapDesk& desk)
     const bool frozen = desk.tab.ckbFreeze.Value();
     if (!frozen) {
         ClearMap(desk);
+        ClearDetails(desk);
         desk.map.SetScale(kWholeViewFeet);
     }
     if (state.g_MapPointCount == 0)
@@ -212,6 +217,7 @@ void cmdSubjectAnd_Click(MapDesk& desk)
     ApplyMapDetail(desk);
     if (desk.tab.ckbArrange.Value())
         static_cast<void>(ArrangeArrows(desk));
+    FollowCircle(desk);
     desk.map.Refresh();
     Tell(desk, placed + tally.placed, notFound + tally.notFound);
 }

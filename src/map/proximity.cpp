@@ -2,6 +2,7 @@
 
 #include "map/map_addresses.h"
 #include "map/pinmap.h"
+#include "map/placed_for.h"
 #include "map/selection.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
@@ -33,7 +34,7 @@ void Stand(MapDesk& desk, street::Place place)
     desk.map.SetLongitude(place.longitude);
 }
 
-bool SetOrigin(MapDesk& desk, const QString& address)
+bool StandAt(MapDesk& desk, const QString& address)
 {
     desk.map.SetLocation(address);
     desk.map.DoAction(action::kGeocode);
@@ -55,11 +56,38 @@ Ring RingAround(MapDesk& desk, street::Place subject)
     return ring;
 }
 
+/// The subject by the report and its record, whatever is on the map.
+bool StandAtSubject(MapDesk& desk)
+{
+    const std::optional<store::Record> subject = FindComp(desk, AddressAt(desk, {}));
+    if (!subject || !IsAnchored(*subject))
+        return StandAt(desk, SubjectMapAddress(desk));
+    Stand(desk, {Millionths(subject->Text(fields::LATITUDE)), Millionths(subject->Text(fields::LONGITUDE))});
+    return true;
+}
+
+/// The selected point, if it was placed for this address.
+std::optional<MapPoint> SelectedAs(MapDesk& desk, const QString& address)
+{
+    const qint32 selected = desk.state.g_MapSelectedID;
+    std::optional<MapPoint> point = selected > 0 ? LoadPoint(desk, selected) : std::nullopt;
+    if (point && (text::Folded(PointAddress(desk, *point)) != text::Folded(address) || !StandsFor(desk, *point)))
+        point.reset();
+    return point;
+}
+
+/// Does the subject's point, if there is one, stand for the subject that the report has?
+bool SubjectStands(MapDesk& desk)
+{
+    const qint32 id = FindSubjectPoint(desk);
+    const std::optional<MapPoint> point = id >= 1 ? LoadPoint(desk, id) : std::nullopt;
+    return !point || StandsFor(desk, *point);
+}
+
 /// Where a comp is: the selected point if it is that one's, else its record's stored place.
 std::optional<street::Place> PlaceOf(MapDesk& desk, const QString& address)
 {
-    const std::optional<MapPoint> point = LoadPoint(desk, desk.state.g_MapSelectedID);
-    if (point && text::Folded(PointAddress(desk, *point)) == text::Folded(address))
+    if (const std::optional<MapPoint> point = SelectedAs(desk, address))
         return point->place;
     const std::optional<store::Record> record = FindComp(desk, address);
     if (record && HasLocation(*record))
@@ -101,20 +129,15 @@ QString CalcTheDistance(MapDesk& desk, const QString& key)
     if (!desk.state.inUse)
         return {};
     street::StreetControl& map = desk.map;
-    const std::optional<store::Record> subject = FindComp(desk, AddressAt(desk, {}));
-    if (subject && IsAnchored(*subject))
-        Stand(desk,
-              {Millionths(subject->Text(fields::LATITUDE)), Millionths(subject->Text(fields::LONGITUDE))});
-    else if (!SetOrigin(desk, SubjectMapAddress(desk)))
+    if (!StandAtSubject(desk))
         return {};
     map.DoAction(action::kSetOrigin);
     const std::optional<store::Record> record = FindComp(desk, key);
     if (!record)
         return {};
     if (HasLocation(*record))
-        Stand(desk,
-              {Millionths(record->Text(fields::LATITUDE)), Millionths(record->Text(fields::LONGITUDE))});
-    else if (!SetOrigin(desk, RecordMapAddress(desk, key, *record)))
+        Stand(desk, {Millionths(record->Text(fields::LATITUDE)), Millionths(record->Text(fields::LONGITUDE))});
+    else if (!StandAt(desk, RecordMapAddress(desk, key, *record)))
         return {};
     map.DoAction(action::kDistance);
     return map.Status() < 0 ? QString() : MilesText(text::ToInt32(map.Value()));
@@ -135,7 +158,7 @@ QString PointDistanceToSubject(MapDesk& desk, qint32 id)
 
 QString GetDirection(MapDesk& desk, const QString& address)
 {
-    if (!desk.state.inUse || FindSubjectPoint(desk) < 1)
+    if (!desk.state.inUse || FindSubjectPoint(desk) < 1 || (!SubjectStands(desk) && !StandAtSubject(desk)))
         return {};
     const street::Place subject{desk.map.Latitude(), desk.map.Longitude()};
     desk.map.DoAction(action::kSetOrigin);
@@ -152,9 +175,10 @@ QString GetDirection(MapDesk& desk, const QString& address)
 
 QString ProximityText(MapDesk& desk, const QString& address)
 {
-    const qint32 selected = desk.state.g_MapSelectedID;
+    // What no point stands for is measured by its record: the selected point is another comp's.
+    const bool points = SelectedAs(desk, address) && SubjectStands(desk);
     const QString miles =
-        selected > 0 && !address.isEmpty() ? PointDistanceToSubject(desk, selected) : u"."_s;
+        points ? PointDistanceToSubject(desk, desk.state.g_MapSelectedID) : CalcTheDistance(desk, address);
     if (miles.isEmpty())
         return {};
     const QString direction = GetDirection(desk, address);

@@ -1,9 +1,13 @@
 #include "map/radius.h"
 
 #include "map/map_addresses.h"
+#include "map/messages.h"
 #include "map/pinmap.h"
 #include "map/selection.h"
 #include "platform/text/text.h"
+
+#include <QHash>
+#include <QSet>
 
 #include <algorithm>
 
@@ -27,11 +31,51 @@ double MilesIn(const MapDesk& desk)
     return text::Val(desk.tab.txtradius.Text());
 }
 
+void ClearList(MapDesk& desk)
+{
+    desk.tab.lstaddresses.Clear();
+    desk.tab.lstids.Clear();
+    desk.tab.lblJustOutside.SetCaption(QString());
+    desk.state.radiusDistances.clear();
+}
+
+QString MilesWords(double feet)
+{
+    constexpr int kDecimals = 2; // with one, who is just outside reads as far as who is inside
+    return messages::kMiles.arg(feet / kFeetOfMile, 0, 'f', kDecimals);
+}
+
+/// Behind the houses that the map reports: arrows, whose text stands in their bitmap, each one's distance, and who is
+/// just outside.
+void CompleteList(MapDesk& desk)
+{
+    const std::vector<RadiusComp> comps = CompsAroundRadius(desk);
+    QStringList outside;
+    QHash<QString, QString> distances;
+    const QSet<QString> listed(desk.tab.lstids.Items().begin(), desk.tab.lstids.Items().end());
+    for (const RadiusComp& comp : comps) {
+        const QString id = text::Dec(comp.id);
+        distances.insert(id, MilesWords(comp.feet));
+        if (!comp.within) {
+            outside.append(comp.address + u' ' + MilesWords(comp.feet));
+        } else if (!listed.contains(id)) {
+            desk.tab.lstaddresses.AddItem(comp.address);
+            desk.tab.lstids.AddItem(id);
+        }
+    }
+    for (int line = 0; line < desk.tab.lstids.ListCount(); ++line)
+        desk.state.radiusDistances.append(distances.value(desk.tab.lstids.List(line)));
+    constexpr qsizetype kNamed = 5;
+    const QString more = outside.size() > kNamed ? u", ..."_s : QString();
+    if (!outside.isEmpty())
+        desk.tab.lblJustOutside.SetCaption(messages::kJustOutside.arg(outside.mid(0, kNamed).join(u"; "_s) + more));
+    Q_EMIT desk.tab.lstaddresses.Changed(); // the distances stand beside its lines
+}
+
 void RemoveCircle(MapDesk& desk)
 {
     desk.map.DoAction(action::kClearLines);
-    desk.tab.lstaddresses.Clear();
-    desk.tab.lstids.Clear();
+    ClearList(desk);
     desk.state.radiusMiles = 0;
     desk.map.Refresh();
 }
@@ -95,10 +139,18 @@ void SetCircle(MapDesk& desk, street::Place centre)
     desk.state.radiusCentre = centre;
     CreateCircularBuffer(desk, kRadiusLine, centre, desk.state.radiusMiles);
     map.Refresh();
-    desk.tab.lstaddresses.Clear();
-    desk.tab.lstids.Clear();
+    ClearList(desk);
     map.SetID(kRadiusLine);
     map.DoAction(action::kPointsInLine);
+    CompleteList(desk);
+}
+
+void FollowCircle(MapDesk& desk)
+{
+    if (!desk.tab.ckbRadius.Value())
+        return;
+    RemoveCircle(desk);
+    txtradius_Change(desk);
 }
 
 void CreateCircularBuffer(MapDesk& desk, qint32 line, street::Place centre, double radiusMiles)

@@ -16,6 +16,9 @@ void spnradius_Change(MapDesk& desk, int step);
 /// Draws the circle around the subject, or removes it for an empty or zero text.
 void txtradius_Change(MapDesk& desk);
 
+/// Points have come, gone or moved: the circle stands around the subject as it is now, and lists who is within now.
+void FollowCircle(MapDesk& desk);
+
 /// Draws the circle of the radius around a place and lists the comps within it.
 void SetCircle(MapDesk& desk, street::Place centre);
 /// Replaces a line by 36 places around a centre.

@@ -30,7 +30,7 @@ bool TurnArrow(MapDesk& desk, const MapPoint& point, int direction)
 void cmdRotate_Click(MapDesk& desk)
 {
     const qint32 selected = desk.state.g_MapSelectedID;
-    if (selected == 0)
+    if (desk.state.working || selected == 0)
         return;
     const std::optional<MapPoint> point = LoadPoint(desk, selected);
     if (!point || BitmapName(point->picture).toUpper().contains("COMP.BMP"_L1))

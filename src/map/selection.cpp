@@ -2,9 +2,13 @@
 
 #include "link/reporter.h"
 #include "map/flags.h"
+#include "map/messages.h"
 #include "map/picture_names.h"
+#include "map/placed_for.h"
 #include "map/proximity.h"
+#include "map/radius.h"
 #include "map/slot_labels.h"
+#include "map/sureness.h"
 #include "map/view.h"
 #include "photos/photo_list.h"
 #include "platform/text/dates.h"
@@ -98,13 +102,13 @@ QString PointAddress(const MapDesk& desk, const MapPoint& point)
     return slot ? AddressAt(desk, *slot) : QString();
 }
 
-void mapview_PointClick(MapDesk& desk, qint32 id)
+bool mapview_PointClick(MapDesk& desk, qint32 id)
 {
     if (desk.state.selectionLocked)
-        return;
+        return false;
     const std::optional<MapPoint> point = LoadPoint(desk, id);
     if (!point)
-        return;
+        return false;
     desk.state.g_MapSelectedID = id;
     const bool known = IsSubjectPoint(desk, *point) || !ParsePicture(point->picture).arrow || SlotOf(*point);
     const QString address = known ? PointAddress(desk, *point) : text::Trim(desk.report.txtMapAddress.Text());
@@ -115,8 +119,11 @@ void mapview_PointClick(MapDesk& desk, qint32 id)
         desk.report.txtMapProximity.SetText(QString());
     const std::optional<store::Record> record = FindComp(desk, address);
     desk.tab.imaanchor.SetVisible(record && record->Text(fields::ANCHORED) == "1"_L1);
+    if (!StandsFor(desk, *point))
+        desk.status.lblmsg.Show(messages::kPlaceAgain.arg(OtherAddress(desk, *point)), forms::Colour::Red);
     const qint16 result = MapResults::Has(id) ? desk.state.g_MapResult(id) : qint16{0};
     desk.tab.lblMapID.SetCaption(text::Dec(id) + u'|' + text::Dec(result));
+    return known;
 }
 
 void ClearDetails(MapDesk& desk)
@@ -144,6 +151,7 @@ void txtMapAddress_Change(MapDesk& desk)
         if (address.isEmpty()) {
             for (forms::TextBox* box : {&desk.tab.txtGLA, &desk.tab.txtSellingPr, &desk.tab.txtSaleDate, &proximity})
                 box->SetText(QString());
+            desk.tab.lblSureness.SetCaption(QString());
             return;
         }
         const std::optional<store::Record> record = FindComp(desk, address);
@@ -153,6 +161,9 @@ void txtMapAddress_Change(MapDesk& desk)
         const std::optional<MapPoint> point = selected > 0 ? LoadPoint(desk, selected) : std::nullopt;
         const bool subject = IsSubjectAddress(desk, address) || (point && IsSubjectPoint(desk, *point));
         proximity.SetText(subject ? QString() : ProximityText(desk, address));
+        // While proximities are sent nobody reads it, and it costs two look-ups.
+        const bool sure = !subject && !desk.state.working && !proximity.Text().isEmpty();
+        desk.tab.lblSureness.SetCaption(sure ? ProximitySureness(desk, address) : QString());
         if (selected > 0) {
             const std::optional<MapPoint> again = LoadPoint(desk, selected);
             desk.tab.imaanchor.SetVisible(again && again->flags & flag::kAnchored);
@@ -163,7 +174,7 @@ void txtMapAddress_Change(MapDesk& desk)
 void cmdClearPoint_Click(MapDesk& desk)
 {
     const qint32 selected = desk.state.g_MapSelectedID;
-    if (selected == 0)
+    if (desk.state.working || selected == 0)
         return;
     const std::optional<MapPoint> point = LoadPoint(desk, selected);
     if (point && IsSubjectPoint(desk, *point))
@@ -174,14 +185,18 @@ void cmdClearPoint_Click(MapDesk& desk)
     desk.map.DoAction(street::action::kDeletePoint);
     desk.state.g_MapSelectedID = 0;
     ClearDetails(desk);
+    FollowCircle(desk);
     desk.map.Refresh();
 }
 
 void cmdClear_Click(MapDesk& desk)
 {
+    if (desk.state.working)
+        return;
     ClearMap(desk);
     ClearDetails(desk);
     desk.state.g_MapRanges.clear();
+    FollowCircle(desk);
     desk.map.Refresh();
 }
 

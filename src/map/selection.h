@@ -13,7 +13,8 @@ namespace vasclip::map {
 [[nodiscard]] QString PointAddress(const MapDesk& desk, const MapPoint& point);
 
 /// A click on a point of the map: its details come on show. Nothing while Caps Lock is down.
-void mapview_PointClick(MapDesk& desk, qint32 id);
+/// @return is the address on show that of the point?
+bool mapview_PointClick(MapDesk& desk, qint32 id);
 
 /// Empties what is shown of the selected point, and hides the anchor.
 void ClearDetails(MapDesk& desk);

@@ -4,6 +4,7 @@
 #include "map/map_addresses.h"
 #include "map/messages.h"
 #include "map/pinmap.h"
+#include "map/placed_for.h"
 #include "map/selection.h"
 #include "platform/street/geodesy.h"
 #include "platform/text/text.h"
@@ -65,13 +66,14 @@ QString SurenessOf(MapDesk& desk, const MapPoint& point)
     return {}; // it was placed by other streets, or by hand
 }
 
-QString ProximitySureness(MapDesk& desk)
+QString ProximitySureness(MapDesk& desk, const QString& address)
 {
     const qint32 selected = desk.state.g_MapSelectedID;
     const qint32 subject = FindSubjectPoint(desk);
     const std::optional<MapPoint> from = subject >= 1 ? LoadPoint(desk, subject) : std::nullopt;
     const std::optional<MapPoint> to = selected > 0 ? LoadPoint(desk, selected) : std::nullopt;
-    if (!from || !to || selected == subject)
+    if (!from || !to || selected == subject || !StandsFor(desk, *from) || !StandsFor(desk, *to) ||
+        text::Folded(PointAddress(desk, *to)) != text::Folded(address))
         return {};
     const auto words = [&](const MapPoint& point) {
         const QString known = SurenessOf(desk, point);

@@ -8,6 +8,7 @@ namespace vasclip::map {
 [[nodiscard]] QString SurenessOf(MapDesk& desk, const MapPoint& point);
 
 /// Of the subject and the selected point, beside their proximity: "Subject: set by hand. Comp: ..."; "" without both.
-[[nodiscard]] QString ProximitySureness(MapDesk& desk);
+/// @param address  on show: "" where the selected point is another one's
+[[nodiscard]] QString ProximitySureness(MapDesk& desk, const QString& address);
 
 } // namespace vasclip::map

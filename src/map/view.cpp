@@ -80,6 +80,7 @@ void ClearMap(MapDesk& desk)
     desk.state.g_MapPointCount = 0;
     desk.state.g_MapSelectedID = 0;
     desk.state.turnedByHand.clear();
+    desk.state.placedFor.clear();
 }
 
 void CentreOnPoint(MapDesk& desk, qint32 id)

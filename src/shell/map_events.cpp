@@ -60,6 +60,7 @@ void MapEvents::WireButtons()
         {&tab.cmdRotate, map::cmdRotate_Click},
         {&tab.cmdArrange, map::cmdArrange_Click},
         {&tab.cmdCopyMap, map::cmdCopyMap_Click},
+        {&tab.cmdPreviewMap, map::cmdPreviewMap_Click},
         {&tab.cmdProx, map::cmdProx_Click},
     };
     for (const auto& [button, clicked] : buttons)
@@ -94,6 +95,11 @@ void MapEvents::WireBoxes()
         });
     };
     heard(m_program.report.txtMapAddress, map::txtMapAddress_Change);
+    // What is on show was measured from the subject that stood there before.
+    connect(&m_program.report.txtSubject, &forms::TextBox::TextChanged, this, [this, &desk] {
+        if (m_ready && !desk.state.working)
+            map::ClearDetails(desk);
+    });
     heard(tab.txtradius, map::txtradius_Change);
     heard(tab.txtfontsize, map::txtfontsize_Change);
     heard(tab.txtwidth, map::txtwidth_Change);
@@ -155,9 +161,9 @@ bool MapEvents::Shown()
     return true;
 }
 
-void MapEvents::PointClicked(qint32 id)
+bool MapEvents::PointClicked(qint32 id)
 {
-    map::mapview_PointClick(m_parts.Desk(), id);
+    return map::mapview_PointClick(m_parts.Desk(), id);
 }
 
 void MapEvents::PointDropped(qint32 id, street::Place place)
@@ -168,6 +174,11 @@ void MapEvents::PointDropped(qint32 id, street::Place place)
 void MapEvents::GroundClicked(street::Place place)
 {
     map::StreetClick(m_parts.Desk(), place);
+}
+
+QString MapEvents::DistanceOfLine(int line) const
+{
+    return m_parts.Desk().state.radiusDistances.value(line);
 }
 
 void MapEvents::AnchorAllOff()

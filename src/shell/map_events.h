@@ -21,9 +21,10 @@ public:
 
     street::StreetMap& Engine() override;
     bool Shown() override;
-    void PointClicked(qint32 id) override;
+    bool PointClicked(qint32 id) override;
     void PointDropped(qint32 id, street::Place place) override;
     void GroundClicked(street::Place place) override;
+    QString DistanceOfLine(int line) const override;
     void AnchorAllOff() override;
     void Step(const QString& spinner, int step) override;
     bool KeyDown(int keyCode, int shift) override;

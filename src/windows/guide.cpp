@@ -61,6 +61,7 @@ std::span<const GuideTopic> GuideTopics()
         {"frm_Overwrite"_L1, "capture.md"_L1},
         {"frm_StreetFind"_L1, "map.md"_L1},
         {"frm_Manual"_L1, "map.md"_L1},
+        {"frm_MapPreview"_L1, "map.md"_L1},
     };
     // clang-format on
     return kTopics;

@@ -17,6 +17,7 @@
 #include <QRadioButton>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -28,6 +29,27 @@ namespace {
 
 constexpr int kPanelWidth = 268;
 constexpr int kListRows = 4;
+
+/// A line of the circle's list with its distance.
+class DistanceLines : public QStyledItemDelegate
+{
+public:
+    DistanceLines(map::MapPort& port, QObject* parent)
+        : QStyledItemDelegate(parent)
+        , m_port(port)
+    {}
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (const QString distance = m_port.DistanceOfLine(index.row()); !distance.isEmpty())
+            option->text = distance + u"  "_s + option->text;
+    }
+
+private:
+    map::MapPort& m_port;
+};
 
 template <class Widget>
 Widget* Make(const QString& name, QWidget* parent)
@@ -114,6 +136,10 @@ QWidget* MapPane::MakePanel()
     };
 
     rows->addWidget(MakeDetails());
+    auto* sureness = Make<QLabel>(u"lblSureness"_s, this);
+    sureness->setProperty("role", u"quiet"_s);
+    sureness->setWordWrap(true);
+    rows->addWidget(sureness);
 
     QVBoxLayout* place = AddGroup(*rows, tr("Place"));
     pair(*place, u"cmdSubjectOnly"_s, u"cmdSubjectAnd"_s);
@@ -136,7 +162,8 @@ QWidget* MapPane::MakePanel()
     QVBoxLayout* send = AddGroup(*rows, u"Send Map To:"_s);
     for (int i = 0; i < 3; ++i)
         send->addWidget(Make<QRadioButton>(u"optMapAddendum_%1"_s.arg(i), this));
-    pair(*send, u"cmdCopyMap"_s, u"cmdProx"_s);
+    pair(*send, u"cmdPreviewMap"_s, u"cmdCopyMap"_s);
+    send->addWidget(Make<QPushButton>(u"cmdProx"_s, this));
 
     QVBoxLayout* circle = AddGroup(*rows, u"Draw Circle"_s);
     circle->addWidget(Make<QCheckBox>(u"ckbRadius"_s, this));
@@ -144,7 +171,12 @@ QWidget* MapPane::MakePanel()
     auto* inside = Make<QListWidget>(u"lstaddresses"_s, this);
     inside->setAccessibleName(tr("Comps inside the circle"));
     inside->setFixedHeight(kListRows * (inside->fontMetrics().height() + 6) + 2 * inside->frameWidth());
+    inside->setItemDelegate(new DistanceLines(m_port, inside));
     circle->addWidget(inside);
+    auto* outside = Make<QLabel>(u"lblJustOutside"_s, this);
+    outside->setProperty("role", u"quiet"_s);
+    outside->setWordWrap(true);
+    circle->addWidget(outside);
 
     QVBoxLayout* drawn = AddGroup(*rows, u"Map Configuration"_s);
     pair(*drawn, u"cmdin"_s, u"cmdout"_s);

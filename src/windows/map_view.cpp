@@ -167,8 +167,10 @@ void MapView::PullOut()
 {
     GiveUpGesture();
     const qint32 id = m_grabbed;
-    m_guard.Run([&] { m_port.PointClicked(id); });
-    Q_EMIT DragWanted();
+    bool chosen = false;
+    m_guard.Run([&] { chosen = m_port.PointClicked(id); });
+    if (chosen) // else the address on show is another point's
+        Q_EMIT DragWanted();
 }
 
 void MapView::GiveUpGesture()

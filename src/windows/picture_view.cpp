@@ -131,7 +131,8 @@ void PictureView::paintEvent(QPaintEvent*)
         QRectF target(QPointF(), fitted);
         target.moveCenter(room.center());
         painter.save();
-        painter.setClipPath(shape);
+        if (!m_bare)
+            painter.setClipPath(shape);
         painter.setOpacity(isEnabled() ? 1.0 : 0.45);
         painter.drawPixmap(target, m_scaled, QRectF(m_scaled.rect()));
         painter.restore();

@@ -42,6 +42,7 @@ std::span<const ScreenEntry> Screens()
         {"frm_SearchPics"_L1, Layout_frm_SearchPics},
         {"frm_StreetFind"_L1, Layout_frm_StreetFind},
         {"frm_Manual"_L1, Layout_frm_Manual},
+        {"frm_MapPreview"_L1, Layout_frm_MapPreview},
         {"frm_Trash"_L1, Layout_frm_Trash},
     };
     // clang-format on

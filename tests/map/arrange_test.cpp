@@ -169,6 +169,30 @@ TEST(Arranging, StaysWithinTheView)
     EXPECT_EQ(Arrange(arrows, {}, kHouse).directions, (std::vector<int>{1, 1})); // without a border
 }
 
+TEST(Arranging, HoldsInAFurtherLayoutToo)
+{
+    std::mt19937 random(7);
+    std::uniform_real_distribution<double> x(200, 1200), y(100, 600);
+    for (int run = 0; run < 100; ++run) {
+        std::vector<ArrowToArrange> arrows;
+        std::vector<ArrowToArrange> closer;
+        Sheet sheet;
+        for (int i = 0; i < 6; ++i) {
+            arrows.push_back(Arrow(x(random), y(random)));
+            closer.push_back(Arrow(arrows.back().house.x / 2, arrows.back().house.y / 2));
+            sheet.spots.push_back(closer.back().house);
+        }
+        const Arrangement arranged = Arrange(arrows, {}, kHouse, {}, {sheet});
+        EXPECT_EQ(arranged.crowded.empty(), Clear(arrows, arranged.directions) && Clear(closer, arranged.directions)) << run;
+    }
+    // Clear on the screen, upon each other on paper.
+    const std::vector<ArrowToArrange> apart = {Arrow(100, 100), Arrow(190, 100)};
+    EXPECT_EQ(Arrange(apart, {}, kHouse).directions, (std::vector<int>{1, 1}));
+    const Arrangement both = Arrange(apart, {}, kHouse, {}, {{.spots = {{50, 50}, {95, 50}}, .houses = {}, .view = {}}});
+    EXPECT_NE(both.directions, (std::vector<int>{1, 1}));
+    EXPECT_TRUE(both.crowded.empty());
+}
+
 TEST(Arranging, ViewsAsTheyComeAreCleared)
 {
     std::mt19937 random(20240517);
@@ -248,6 +272,18 @@ TEST_F(ArrangeMap, KeepsWhatWasTurnedByHandOrAnchored)
     EXPECT_EQ(status.lblmsg.Caption(),
               u"There is no room for all arrows at this scale: SUBJECT, COMP #1, COMP #2 still cover something or are "
               "covered. Zoom in, or turn or move them by hand"_s);
+}
+
+TEST_F(ArrangeMap, ArrowsThatMeetOnPaperAloneTurnToo)
+{
+    control.width = 1440; // twice as wide as the report's picture
+    control.height = 960;
+    control.SetScale(14400);
+    Pin(1, 0, u"ARROWBLUESUBJECTLT.BMP"_s);
+    Pin(2, 100, u"ARROWBLUECOMP1LT.BMP"_s);
+    cmdArrange_Click(desk);
+    EXPECT_NE(Direction(1) + Direction(2), 2);
+    EXPECT_TRUE(status.lblmsg.Caption().startsWith(u"Turned: "_s));
 }
 
 TEST_F(ArrangeMap, HousesAreKeptInSight)

@@ -1,5 +1,6 @@
 #include "link/kel_channel.h"
 #include "map/copy_map.h"
+#include "map/frm_map_preview.h"
 #include "map/map_test.h"
 
 namespace vasclip::map {
@@ -38,7 +39,7 @@ TEST_F(CopyMap, TheMapGoesIntoEachOfItsSlots)
         control.log.clear();
         conduit.commands.clear();
         cmdCopyMap_Click(desk);
-        EXPECT_EQ(control.log, QStringList{u"DrawTo C:\\VAS2000\\%1 1500x1000"_s.arg(table[i].second)});
+        EXPECT_EQ(control.log, QStringList{u"DrawTo C:\\VAS2000\\%1 1500x1000, 100"_s.arg(table[i].second)});
         ASSERT_EQ(Sent().size(), 1) << i;
         EXPECT_TRUE(Sent()[0].contains(table[i].first)) << Sent()[0].toStdString();
         EXPECT_TRUE(Sent()[0].contains(table[i].second)) << Sent()[0].toStdString();
@@ -57,6 +58,40 @@ TEST_F(CopyMap, TheStockPictureComesFirst)
     cmdCopyMap_Click(desk);
     EXPECT_EQ(table.ErrGetPict(tab.geatemp), u"C:\\VAS2000\\GENERAL.JPG"_s);
     EXPECT_FALSE(tab.geatemp.Visible());
+}
+
+TEST_F(CopyMap, TheQualityIsThatOfTheSettings)
+{
+    globals.mapQuality = 40;
+    cmdCopyMap_Click(desk);
+    EXPECT_EQ(control.log, QStringList{u"DrawTo C:\\VAS2000\\VAS2000.JPG 1500x1000, 40"_s});
+}
+
+TEST_F(CopyMap, ThePreviewIsWhatIsSent)
+{
+    optMapAddendum_Click(desk, 1);
+    QString shown;
+    doubles.screens.Play([&](forms::Screen& screen) {
+        auto& preview = dynamic_cast<frm_MapPreview&>(screen);
+        shown = preview.Caption();
+        const QByteArray file = home.disk.ReadWhole(u"C:\\VAS2000\\GENERAL.JPG"_s);
+        EXPECT_EQ(preview.mapPreview.Picture().convertToFormat(QImage::Format_RGB32),
+                  QImage::fromData(file).convertToFormat(QImage::Format_RGB32));
+        EXPECT_TRUE(Sent().isEmpty());
+        Q_EMIT preview.cmdSend.Clicked();
+        EXPECT_EQ(home.disk.ReadWhole(u"C:\\VAS2000\\GENERAL.JPG"_s), file);
+    });
+    cmdPreviewMap_Click(desk);
+    EXPECT_EQ(shown, u"Map Preview - General Map"_s);
+    EXPECT_EQ(control.log.filter(u"DrawTo"_s).size(), 1) << "what was seen is sent, not drawn anew";
+    ASSERT_EQ(Sent().size(), 1);
+    EXPECT_TRUE(Sent()[0].contains(u"MAP_GENERAL_1"_s));
+
+    doubles.screens.Play([&](forms::Screen& screen) {
+        Q_EMIT dynamic_cast<frm_MapPreview&>(screen).cmdCancel.Clicked();
+    });
+    cmdPreviewMap_Click(desk);
+    EXPECT_EQ(Sent().size(), 1);
 }
 
 TEST_F(CopyMap, WhatCannotBeDrawnIsNotSent)

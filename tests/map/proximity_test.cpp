@@ -178,8 +178,8 @@ TEST_F(Proximity, ShortDistancesAreShownSo)
     mapview_PointClick(desk, 2);
     EXPECT_EQ(report.txtMapProximity.Text(), u"< .1 Mi North"_s);
     EXPECT_EQ(ProximityText(desk, u"10 Oak St"_s), u"< .1 Mi North"_s);
-    desk.state.g_MapSelectedID = 0; // typed without a point
-    EXPECT_EQ(ProximityText(desk, u"10 Oak St"_s), u"< .1 Mi "_s);
+    desk.state.g_MapSelectedID = 0; // typed without a point, and without a record
+    EXPECT_EQ(ProximityText(desk, u"10 Oak St"_s), QString());
 }
 
 TEST_F(Proximity, TheOlderMeasure)
@@ -259,6 +259,26 @@ TEST_F(ProximitySending, EachCompGoesIntoItsCell)
               "North; LISTING #1 < .1 Mi North"_s);
     EXPECT_EQ(desk.state.g_MapSelectedID, 6);
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(ProximitySending, ArrowsOfOtherAddressesAskFirst)
+{
+    Comp(Group::Sales, 1, 2, 5280);
+    desk.state.g_MapRanges = u"SUBJECT|1W1_|COMP|2W1_"_s;
+    desk.state.placedFor = {{1, u"1 Main St"_s}, {2, u"8 Gone St"_s}};
+    doubles.prompter.Answer(forms::Answer::No);
+    cmdProx_Click(desk);
+    EXPECT_EQ(Poked(), QStringList());
+    EXPECT_EQ(doubles.prompter.Last().text,
+              u"These arrows were placed for other addresses than the report has there now: COMP #1: 8 Gone St, now 1 COMP "
+              "ST. They are measured by the report's addresses, not by the arrows. Send the proximities?"_s);
+    EXPECT_FALSE(desk.state.working);
+    const Place place = Near(kOak, 270, 10560);
+    AddTown(u"1 COMP ST"_s, {{u"LATITUDE"_s, DegreesText(place.latitude)}, {u"LONGITUDE"_s, DegreesText(place.longitude)}});
+    Street(u"1 MAIN ST"_s, kOak);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    cmdProx_Click(desk);
+    EXPECT_EQ(Poked(), QStringList{u"URAR|14|2=2. Mi. West"_s});
 }
 
 TEST_F(ProximitySending, WithoutArrowsOnlyTheSubjectIsSelected)

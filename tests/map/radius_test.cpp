@@ -1,5 +1,8 @@
+#include "map/anchors.h"
 #include "map/map_test.h"
+#include "map/place_arrows.h"
 #include "map/radius.h"
+#include "map/selection.h"
 #include "platform/street/geodesy.h"
 
 namespace vasclip::map {
@@ -158,6 +161,37 @@ TEST_F(Radius, TellsDistancesAndWhoIsJustOutside)
     const std::vector<RadiusComp> around = CompsAroundRadius(desk);
     ASSERT_EQ(around.size(), 2u); // half as far again, and no farther
     EXPECT_EQ(around[1].address, u"12 OAK ST"_s);
+    EXPECT_EQ(tab.lstaddresses.Items(), QStringList{u"20 Oak St"_s}); // an arrow too
+    EXPECT_EQ(desk.state.radiusDistances, QStringList{u"0.76 mi"_s});
+    EXPECT_EQ(tab.lblJustOutside.Caption(), u"Just outside: 12 OAK ST 1.33 mi"_s);
+    control.pins[2].place = Near(kOak, 10, 2000);
+    FollowCircle(desk);
+    EXPECT_EQ(tab.lstaddresses.Items(), (QStringList{u"12 OAK ST"_s, u"20 Oak St"_s}));
+    EXPECT_EQ(desk.state.radiusDistances, (QStringList{u"0.38 mi"_s, u"0.76 mi"_s}));
+    EXPECT_EQ(tab.lblJustOutside.Caption(), QString());
+}
+
+TEST_F(Radius, FollowsWhatIsPlacedMovedAndCleared)
+{
+    globals.ignoreZipCodes = true;
+    report.txtComp(1).SetText(u"20 Oak St"_s);
+    AddTown(u"20 Oak St"_s);
+    Street(u"20 OAK ST"_s, Near(kOak, 90, 3000));
+    Draw(u"1"_s);
+    cmdSubjectAnd_Click(desk);
+    EXPECT_EQ(tab.lstaddresses.Items(), QStringList{u"20 Oak St"_s});
+    MovePointTo(desk, 2, Near(kOak, 90, 6000));
+    EXPECT_EQ(tab.lstaddresses.ListCount(), 0);
+    EXPECT_EQ(tab.lblJustOutside.Caption(), u"Just outside: 20 Oak St 1.14 mi"_s);
+    MovePointTo(desk, 2, Near(kOak, 90, 1000));
+    EXPECT_EQ(tab.lstaddresses.ListCount(), 1);
+    const Place elsewhere = Near(kOak, 0, 9000);
+    MovePointTo(desk, 1, elsewhere);
+    EXPECT_EQ(desk.state.radiusCentre, elsewhere);
+    EXPECT_EQ(tab.lstaddresses.ListCount(), 0);
+    MovePointTo(desk, 1, kOak);
+    cmdClear_Click(desk);
+    EXPECT_EQ(tab.lstaddresses.ListCount(), 0);
 }
 
 } // namespace

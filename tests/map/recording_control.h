@@ -106,6 +106,10 @@ public:
         case a::kFind:
             return Find();
         case a::kAddPoint:
+            if (std::abs(m_place.latitude) > 90'000'000 || std::abs(m_place.longitude) > 180'000'000) {
+                m_status = -1; // no place on the globe
+                return;
+            }
             pins[m_id] = {m_place, m_flags, m_picture, m_text};
             return;
         case a::kWritePoint:
@@ -172,9 +176,9 @@ public:
         ++refreshes;
         log << u"Refresh"_s;
     }
-    bool DrawTo(const QString& file, int w, int h) override
+    bool DrawTo(const QString& file, int w, int h, int quality) override
     {
-        log << u"DrawTo %1 %2x%3"_s.arg(file).arg(w).arg(h);
+        log << u"DrawTo %1 %2x%3, %4"_s.arg(file).arg(w).arg(h).arg(quality);
         m_status = canDraw ? 0 : -1;
         if (canDraw && onDraw)
             onDraw(file);

@@ -1,4 +1,6 @@
+#include "map/anchors.h"
 #include "map/map_test.h"
+#include "map/selection.h"
 #include "map/sureness.h"
 
 namespace vasclip::map {
@@ -45,11 +47,11 @@ protected:
 
 TEST_F(Sureness, OfBothPlaces)
 {
-    EXPECT_EQ(ProximitySureness(desk), u"Subject: by its house, within 30 feet. Comp: by the street's house numbers, "
+    EXPECT_EQ(ProximitySureness(desk, u"10 OAK ST"_s), u"Subject: by its house, within 30 feet. Comp: by the street's house numbers, "
                                        "within 120 feet"_s);
     control.pins[1].flags = 0x60062;
     control.pins[2].place = Near(kElm, 0, 50); // not where its address is
-    EXPECT_EQ(ProximitySureness(desk), u"Subject: set by hand. Comp: not known"_s);
+    EXPECT_EQ(ProximitySureness(desk, u"10 OAK ST"_s), u"Subject: set by hand. Comp: not known"_s);
 }
 
 TEST_F(Sureness, ARecordIsAskedForByItsOwnCity)
@@ -57,20 +59,35 @@ TEST_F(Sureness, ARecordIsAskedForByItsOwnCity)
     AddComp(u"10 Oak St"_s, {{u"CITY"_s, u"Millbrook"_s}, {u"ST"_s, u"AL"_s}});
     geocoder.places[u"10 OAK ST,MILLBROOK, AL"_s] = {
         .place = kElm, .foundBy = street::FoundBy::Street, .uncertaintyFeet = 900, .address = {}};
-    EXPECT_TRUE(ProximitySureness(desk).endsWith(u"Comp: by its street alone, within 900 feet"_s));
+    EXPECT_TRUE(ProximitySureness(desk, u"10 OAK ST"_s).endsWith(u"Comp: by its street alone, within 900 feet"_s));
 }
 
 TEST_F(Sureness, NothingWithoutTwoPlaces)
 {
     desk.state.g_MapSelectedID = 1;
-    EXPECT_EQ(ProximitySureness(desk), QString());
+    EXPECT_EQ(ProximitySureness(desk, u"10 OAK ST"_s), QString());
     desk.state.g_MapSelectedID = 0;
-    EXPECT_EQ(ProximitySureness(desk), QString());
+    EXPECT_EQ(ProximitySureness(desk, u"10 OAK ST"_s), QString());
     desk.state.g_MapSelectedID = 2;
+    EXPECT_EQ(ProximitySureness(desk, u"11 OAK ST"_s), QString()); // another one's
     control.pins.erase(1);
-    EXPECT_EQ(ProximitySureness(desk), QString());
+    EXPECT_EQ(ProximitySureness(desk, u"10 OAK ST"_s), QString());
     desk.geocoder = nullptr;
     EXPECT_EQ(SurenessOf(desk, {.id = 2, .flags = 0x8C52, .picture = control.pins[2].picture}), QString());
+}
+
+TEST_F(Sureness, StandsBesideTheProximity)
+{
+    mapview_PointClick(desk, 2);
+    EXPECT_EQ(tab.lblSureness.Caption(), u"Subject: by its house, within 30 feet. Comp: by the street's house numbers, "
+                                         "within 120 feet"_s);
+    MovePointTo(desk, 2, Near(kElm, 0, 50));
+    EXPECT_EQ(tab.lblSureness.Caption(), u"Subject: by its house, within 30 feet. Comp: set by hand"_s);
+    mapview_PointClick(desk, 1);
+    EXPECT_EQ(tab.lblSureness.Caption(), QString());
+    mapview_PointClick(desk, 2);
+    cmdClearPoint_Click(desk);
+    EXPECT_EQ(tab.lblSureness.Caption(), QString());
 }
 
 } // namespace

@@ -8,9 +8,15 @@
 #include "support/map_home.h"
 #include "windows/guard.h"
 #include "windows/main_window.h"
+#include "windows/picture_view.h"
+#include "windows/screens.h"
 #include "windows/theme.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QSettings>
 #include <QTabWidget>
 #include <QTest>
@@ -24,6 +30,7 @@ namespace {
 
 const QString kKey = u"12 OAK ST"_s;
 constexpr qint32 kPoint = 2;
+constexpr qint32 kArrowPoint = 3;
 
 /// The main window with its map tab, and a house of the Databook on the made-up town's map.
 class MapTab : public shell::ReportHome
@@ -63,6 +70,23 @@ protected:
         QObject::disconnect(&View(), &MapView::DragWanted, nullptr, nullptr);
         QObject::connect(&View(), &MapView::DragWanted, window.get(), [this] { dragged.append(main.report.txtMapAddress.Text()); });
         QApplication::processEvents();
+    }
+    /// Comp 1's arrow, placed for an address.
+    void AddArrow(const QString& address)
+    {
+        main.report.txtComp(1).SetText(address);
+        street::StreetMap& map = Map();
+        const street::Place place = street::Project(kHouse, 180, 800);
+        map.SetID(kArrowPoint);
+        map.SetLatitude(place.latitude);
+        map.SetLongitude(place.longitude);
+        map.SetPicture(u"C:\\VAS2000\\arrows\\ARROWBLUECOMP1LT.BMP"_s);
+        map.SetText({});
+        map.SetFlags(0x8C42 | 0x10);
+        map.DoAction(street::action::kAddPoint);
+        map::MapState& state = program.Map().Desk().state;
+        state.g_MapPointCount = kArrowPoint + 1;
+        state.placedFor.insert(kArrowPoint, address);
     }
     void OpenTab()
     {
@@ -149,6 +173,96 @@ TEST_F(MapTab, APointThatIsPulledOutStaysAndIsCarried)
     QTest::mouseRelease(&View(), Qt::LeftButton, {}, QPoint(View().width() + 80, 10));
     EXPECT_EQ(Where(), before);
     EXPECT_EQ(Field(u"ANCHORED"_s), QString());
+}
+
+TEST_F(MapTab, APointThatWasNotChosenIsNotCarried)
+{
+    StartWithMaps();
+    AddArrow(u"99 Elm St"_s);
+    QTest::mouseClick(&View(), Qt::LeftButton, {}, OnPoint());
+    ASSERT_EQ(main.report.txtMapAddress.Text(), kKey);
+    QTest::keyPress(&View(), Qt::Key_CapsLock); // the selection is held
+    const QPoint arrow = Map().BoxOf(kArrowPoint).center().toPoint();
+    Pull(arrow, QPoint(View().width() + 80, arrow.y()));
+    EXPECT_TRUE(dragged.isEmpty()) << "the address on show is the other point's";
+    QTest::mouseRelease(&View(), Qt::LeftButton, {}, QPoint(View().width() + 80, arrow.y()));
+    QTest::keyRelease(&View(), Qt::Key_CapsLock);
+    Pull(arrow, QPoint(View().width() + 80, arrow.y()));
+    EXPECT_EQ(dragged, QStringList{u"99 Elm St"_s});
+}
+
+TEST_F(MapTab, AnArrowWhoseCompIsAnotherByNowAsksWhenItIsLetGo)
+{
+    StartWithMaps();
+    AddArrow(u"99 Elm St"_s);
+    const street::Place before = Map().Points().at(kArrowPoint).place;
+    const QPoint from = Map().BoxOf(kArrowPoint).center().toPoint();
+    Pull(from, from + QPoint(60, 40));
+    main.report.txtComp(1).SetText(kKey); // the report is read, or two comps are swapped, while it is held
+    doubles.prompter.Answer(forms::Answer::No);
+    QTest::mouseRelease(&View(), Qt::LeftButton, {}, from + QPoint(60, 40));
+    EXPECT_EQ(Map().Points().at(kArrowPoint).place, before);
+    EXPECT_EQ(Field(u"ANCHORED"_s), QString());
+    EXPECT_TRUE(doubles.prompter.Last().text.contains(u"COMP #1: 99 Elm St, now 12 OAK ST"_s))
+        << doubles.prompter.Last().text.toStdString();
+    Pull(from, from + QPoint(60, 40));
+    doubles.prompter.Answer(forms::Answer::Yes);
+    QTest::mouseRelease(&View(), Qt::LeftButton, {}, from + QPoint(60, 40));
+    EXPECT_EQ(Field(u"ANCHORED"_s), u"1"_s);
+}
+
+TEST_F(MapTab, AnotherSubjectEmptiesWhatWasMeasured)
+{
+    StartWithMaps();
+    QTest::mouseClick(&View(), Qt::LeftButton, {}, OnPoint());
+    main.report.txtMapProximity.SetText(u"1.2 Mi. NW"_s);
+    main.report.txtSubject.SetText(u"5 New St"_s);
+    EXPECT_EQ(main.report.txtMapAddress.Text(), QString());
+    EXPECT_EQ(main.report.txtMapProximity.Text(), QString()) << "a drop would send it";
+}
+
+TEST_F(MapTab, TheCirclesListTellsDistancesAndWhoIsJustOutside)
+{
+    StartWithMaps();
+    street::StreetMap& map = Map();
+    const auto house = [&](qint32 id, const QString& text, double feet) {
+        const street::Place place = street::Project(kHouse, 90, feet);
+        map.SetID(id);
+        map.SetLatitude(place.latitude);
+        map.SetLongitude(place.longitude);
+        map.SetText(text);
+        map.DoAction(street::action::kAddPoint);
+    };
+    house(1, u"SUBJECT"_s, 0);
+    house(2, kKey, 2640);
+    house(3, u"14 OAK ST"_s, 6336);
+    program.Map().Desk().state.g_MapPointCount = 4;
+    window->findChild<QAbstractButton*>(u"ckbRadius"_s)->click();
+    window->findChild<QLineEdit*>(u"txtradius"_s)->setText(u"1"_s);
+    auto* list = window->findChild<QListWidget*>(u"lstaddresses"_s);
+    ASSERT_EQ(list->count(), 1);
+    EXPECT_EQ(list->item(0)->text(), kKey);
+    EXPECT_EQ(main.map.DistanceOfLine(0), u"0.50 mi"_s);
+    auto* outside = window->findChild<QLabel*>(u"lblJustOutside"_s);
+    EXPECT_EQ(outside->text(), u"Just outside: 14 OAK ST 1.20 mi"_s);
+    window->findChild<QAbstractButton*>(u"ckbRadius"_s)->click();
+    EXPECT_EQ(outside->text(), QString());
+}
+
+TEST_F(MapTab, ThePreviewIsTheFileThatIsSentPixelByPixel)
+{
+    StartWithMaps();
+    doubles.screens.Play([&](forms::Screen& screen) {
+        ScreenWindow preview(screen, guard);
+        preview.show();
+        auto* view = preview.findChild<PictureView*>(u"mapPreview"_s);
+        const QImage file(home.disk.ToNative(u"C:\\VAS2000\\VAS2000.JPG"_s));
+        ASSERT_EQ(file.size(), QSize(1500, 1000));
+        const QImage seen = view->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        EXPECT_EQ(seen.copy(1, 1, 1500, 1000), file.convertToFormat(QImage::Format_RGB32));
+    });
+    window->findChild<QAbstractButton*>(u"cmdPreviewMap"_s)->click();
+    EXPECT_EQ(doubles.screens.Shown(), QStringList{u"frm_MapPreview"_s});
 }
 
 TEST_F(MapTab, APointThatGoesWhileItIsHeldIsLetGo)

@@ -6,6 +6,7 @@
 #include "databook/grid.h"
 #include "platform/engine/database.h"
 #include "map/frm_manual.h"
+#include "map/frm_map_preview.h"
 #include "map/frm_street_find.h"
 #include "shell/map_parts.h"
 #include "shell/frm_change_db.h"
@@ -126,6 +127,9 @@ TEST_F(RealScreens, TheMapsOwnWindowsShowEveryControl)
     map::frm_Manual manual(program.Map().Desk());
     ScreenWindow manualWindow(manual, guard);
     EXPECT_TRUE(manualWindow.Leftovers().isEmpty()) << manualWindow.Leftovers().join(u'\n').toStdString();
+    map::frm_MapPreview preview(program.Map().Desk(), 0, {});
+    ScreenWindow previewWindow(preview, guard);
+    EXPECT_TRUE(previewWindow.Leftovers().isEmpty()) << previewWindow.Leftovers().join(u'\n').toStdString();
 }
 
 TEST_F(RealScreens, TheChoiceOfADatabaseShowsEveryControl)

@@ -56,8 +56,9 @@ public:
     /// Draws what has changed at once.
     virtual void Refresh() = 0;
     /// Action 17: the map as it stands, laid out for `width` x `height` and saved as a JPEG (a drive path).
+    /// @param quality  of the JPEG, 1 to 100
     /// @return false, with a negative `status`, where it can't be drawn or stored
-    virtual bool DrawTo(const QString& file, int width, int height) = 0;
+    virtual bool DrawTo(const QString& file, int width, int height, int quality) = 0;
 
     /// Hears of each point that action 27 finds: its text and its `ID`.
     virtual void OnPointFound(std::function<void(const QString& text, qint32 id)> heard) = 0;

@@ -60,7 +60,7 @@ public:
     void CreateLine(qint32 id, const std::vector<Place>& line, qint32 width, qint32 colour) override;
     void DestroyLine(qint32 id) override;
     void Refresh() override;
-    bool DrawTo(const QString& file, int width, int height) override;
+    bool DrawTo(const QString& file, int width, int height, int quality) override;
     void OnPointFound(std::function<void(const QString& text, qint32 id)> heard) override;
 
     // Beyond the members, for windows and the terminal.

@@ -16,7 +16,6 @@ namespace {
 
 constexpr double kPaperInches = 7.5; // of the report's slot
 constexpr double kScreenInch = 96;
-constexpr int kJpegQuality = 92;
 constexpr double kMetre = 39.3701; // inches
 
 } // namespace
@@ -187,7 +186,7 @@ QImage StreetMap::ReportPicture(int width, int height)
     return image;
 }
 
-bool StreetMap::DrawTo(const QString& file, int width, int height)
+bool StreetMap::DrawTo(const QString& file, int width, int height, int quality)
 {
     constexpr int kMost = 20000;
     m_status = -1;
@@ -197,7 +196,7 @@ bool StreetMap::DrawTo(const QString& file, int width, int height)
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    if (!ReportPicture(width, height).save(&buffer, png ? "PNG" : "JPG", png ? -1 : kJpegQuality))
+    if (!ReportPicture(width, height).save(&buffer, png ? "PNG" : "JPG", png ? -1 : std::clamp(quality, 1, 100)))
         return false;
     try {
         QSaveFile stored(m_parts.toNative(file));

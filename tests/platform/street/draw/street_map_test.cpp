@@ -278,7 +278,7 @@ TEST_F(StreetMapTest, StoresThePictureOfTheReport)
     map.SetScale(5000);
     Put(1, kHouse);
     map.SetDark(true);
-    EXPECT_TRUE(map.DrawTo(u"C:\\VAS2000\\VAS2000.JPG"_s, 1500, 1000));
+    EXPECT_TRUE(map.DrawTo(u"C:\\VAS2000\\VAS2000.JPG"_s, 1500, 1000, 92));
     EXPECT_EQ(map.Status(), 0);
     QFile file(home.filePath(u"VAS2000.JPG"_s));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -288,16 +288,16 @@ TEST_F(StreetMapTest, StoresThePictureOfTheReport)
     EXPECT_NEAR(picture.dotsPerMeterX() * 0.0254, 200, 1);
     EXPECT_GT(qGray(picture.pixel(20, 500)), 200) << "light";
     file.close();
-    EXPECT_TRUE(map.DrawTo(u"C:\\VAS2000\\VAS2000.JPG"_s, 1500, 1000));
+    EXPECT_TRUE(map.DrawTo(u"C:\\VAS2000\\VAS2000.JPG"_s, 1500, 1000, 92));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll(), bytes);
-    EXPECT_TRUE(map.DrawTo(u"C:\\VAS2000\\map.png"_s, 1500, 1000));
+    EXPECT_TRUE(map.DrawTo(u"C:\\VAS2000\\map.png"_s, 1500, 1000, 92));
     EXPECT_EQ(QImage(home.filePath(u"map.png"_s)), map.ReportPicture(1500, 1000));
-    EXPECT_FALSE(map.DrawTo(u"C:\\VAS2000\\x.jpg"_s, 0, 1000));
+    EXPECT_FALSE(map.DrawTo(u"C:\\VAS2000\\x.jpg"_s, 0, 1000, 92));
     EXPECT_LT(map.Status(), 0);
     QTemporaryDir gone;
     StreetMap elsewhere({nullptr, nullptr, [](const QString&) { return u"/nowhere/at/all.jpg"_s; }});
-    EXPECT_FALSE(elsewhere.DrawTo(u"C:\\x.jpg"_s, 150, 100));
+    EXPECT_FALSE(elsewhere.DrawTo(u"C:\\x.jpg"_s, 150, 100, 92));
     EXPECT_LT(elsewhere.Status(), 0);
 }
 
