@@ -18,38 +18,35 @@ using namespace Qt::StringLiterals;
 namespace vasclip::comments {
 
 using common::RoutineScope;
-using engine::Recordset;
 
 namespace {
 
 const QString kKeyField = fields::CENTRALKEY;
 const QString kBlankKey(20, QLatin1Char(' '));
 
-/// The record set on its first row, with the column's place in it.
+/// A source on its first row, and the column that is read and written.
 struct Walk
 {
     Walk(store::DataSource& source, const QString& library)
         : data(source)
-        , rows(source.Recordset())
         , name(library)
-        , column(rows.FieldIndex(name))
     {
-        if (column < 0)
+        if (data.FieldIndex(name) < 0)
             throw RuntimeError(
                 error::kFieldUnknown,
                 u"The comment file %1 has no library for the field %2. Let the file be updated "
                 "when the program asks for it at the next opening"_s.arg(data.DatabaseName(), name));
-        rows.MoveFirst();
+        data.MoveFirst();
     }
 
     /// @return false if the table has fewer rows
     bool SkipTo(int row)
     {
-        for (int i = 0; i < row && !rows.Eof(); ++i)
-            rows.MoveNext();
-        return !rows.Eof();
+        for (int i = 0; i < row && !data.AtEnd(); ++i)
+            data.MoveNext();
+        return !data.AtEnd();
     }
-    [[nodiscard]] QString Text() const { return rows.Value(column).toString(); }
+    [[nodiscard]] QString Text() const { return data.Value(name).toString(); }
     void Write(const QString& text)
     {
         store::Change change(data, kPhraseWords);
@@ -58,9 +55,7 @@ struct Walk
     }
 
     store::DataSource& data;
-    Recordset& rows;
     QString name;
-    int column;
 };
 
 /// "" and Null are the same phrase.
@@ -101,9 +96,9 @@ Stored StoreOnKey(const forms::Ports& ports, Walk& walk, const QString& text)
 void OpenCommentSource(store::DataSource& data, const QString& path)
 {
     data.Open(path, u"COMPS"_s, store::SourceKind::Table);
-    if (!data.Recordset().Updatable())
+    if (!data.Updatable())
         return;
-    if (data.Recordset().RecordCount() < kKeys)
+    if (data.Count() < kKeys)
         Add6Records(data);
     EnsureAtLeast6Records(data);
 }
@@ -127,7 +122,7 @@ void EnsureAtLeast6Records(store::DataSource& data)
     if (!walk.SkipTo(kKeys))
         return;
     std::optional<store::Transaction> all;
-    for (; !walk.rows.Eof(); walk.rows.MoveNext()) {
+    for (; !walk.data.AtEnd(); walk.data.MoveNext()) {
         if (walk.Text() == kBlankKey)
             continue;
         if (!all)
@@ -140,7 +135,7 @@ void EnsureAtLeast6Records(store::DataSource& data)
 
 int ListCapacity(const store::DataSource& data)
 {
-    return static_cast<int>(std::max<qint64>(0, data.Recordset().RecordCount() - kKeys));
+    return static_cast<int>(std::max<qint64>(0, data.Count() - kKeys));
 }
 
 QString ReturnComment(store::DataSource& data, int keyIndex, const QString& column, Capitals capitals)
@@ -170,9 +165,9 @@ QStringList KeyPhrases(store::DataSource& data, const QString& column)
     Walk walk(data, column);
     QStringList phrases;
     for (int key = 0; key < kKeys; ++key) {
-        phrases.append(walk.rows.Eof() ? QString() : Shown(walk.Text()));
-        if (!walk.rows.Eof())
-            walk.rows.MoveNext();
+        phrases.append(walk.data.AtEnd() ? QString() : Shown(walk.Text()));
+        if (!walk.data.AtEnd())
+            walk.data.MoveNext();
     }
     return phrases;
 }
@@ -182,7 +177,7 @@ QStringList ListPhrases(store::DataSource& data, const QString& column)
     Walk walk(data, column);
     QStringList phrases;
     walk.SkipTo(kKeys);
-    for (; !walk.rows.Eof(); walk.rows.MoveNext()) {
+    for (; !walk.data.AtEnd(); walk.data.MoveNext()) {
         const QString phrase = walk.Text();
         if (Shown(phrase).isEmpty())
             break;
@@ -195,7 +190,7 @@ bool HasPhrasesBehindAGap(store::DataSource& data, const QString& column)
 {
     Walk walk(data, column);
     bool gap = false;
-    for (walk.SkipTo(kKeys); !walk.rows.Eof(); walk.rows.MoveNext()) {
+    for (walk.SkipTo(kKeys); !walk.data.AtEnd(); walk.data.MoveNext()) {
         const bool empty = Shown(walk.Text()).isEmpty();
         if (gap && !empty)
             return true;
@@ -211,7 +206,7 @@ int ClearAllFieldsBelow6(store::DataSource& data, const QString& column)
     walk.SkipTo(kKeys);
     int written = 0;
     store::Transaction all(data);
-    for (; !walk.rows.Eof(); walk.rows.MoveNext()) {
+    for (; !walk.data.AtEnd(); walk.data.MoveNext()) {
         if (walk.Text().isEmpty())
             continue; // a row that is empty already would only cost a write
         walk.Write(QString());
@@ -229,14 +224,14 @@ QStringList SaveListControl(store::DataSource& data, const QString& column, cons
     ClearAllFieldsBelow6(data, column);
     Walk walk(data, column);
     for (const QString& entry : entries) {
-        if (walk.rows.Eof()) {
+        if (walk.data.AtEnd()) {
             if (!entry.isEmpty())
                 left.append(entry);
             continue;
         }
         if (!entry.isEmpty())
             walk.Write(entry);
-        walk.rows.MoveNext();
+        walk.data.MoveNext();
     }
     all.Commit();
     return left;

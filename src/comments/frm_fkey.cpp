@@ -175,7 +175,7 @@ void frm_FKey::FieldLeft()
 void frm_FKey::LoadCommentKeyCaptions(store::DataSource& data, const QString& column)
 {
     const RoutineScope scope{"LoadCommentKeyCaptions"};
-    if (column.isEmpty() || !data.Bound() || data.Recordset().FieldIndex(column) < 0)
+    if (column.isEmpty() || !data.Bound() || data.FieldIndex(column) < 0)
         return RestButtons();
     QStringList phrases;
     try {
@@ -298,7 +298,7 @@ void frm_FKey::SaveLibrary(const QString& column, const Library& opened, const Q
 {
     Library mine{entries.mid(0, kKeys), entries.mid(kKeys)};
     mine.list.removeAll(QString());
-    if (mine == opened && (!datComment.Recordset().Updatable() || !HasPhrasesBehindAGap(datComment, column)))
+    if (mine == opened && (!datComment.Updatable() || !HasPhrasesBehindAGap(datComment, column)))
         return;
     store::Transaction all(datComment);
     const Library merged = Merged(opened, mine, ReadLibrary(datComment, column));

@@ -30,7 +30,7 @@ void SetFrontFlag(store::DataSource& source, const PhotoList& photos);
 void StorePhotos(store::DataSource& source, const QString& key, const PhotoList& photos);
 
 /// Writes PHOTOS and FRONT of the current record from the lists, in one update, and stands on it again.
-/// @throws RuntimeError as Recordset::Update; the record is then as it was
+/// @throws RuntimeError as store::Change; the record is then as it was
 void WritePhotoLists(const forms::Ports& ports, store::DataSource& source, const forms::ListBox& views,
                      const forms::ListBox& stems);
 

@@ -3,6 +3,7 @@
 #include "photos/photo_lists.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
+#include "store/record.h"
 
 namespace vasclip::photos {
 
@@ -16,11 +17,10 @@ PhotoOwners::PhotoOwners(const store::DataSource& databook, QString table)
 QString PhotoOwners::Of(const QString& stem)
 {
     if (!m_read && m_databook.Bound()) {
-        const auto rows = m_databook.Database().OpenRecordset(
-            u"SELECT CENTRALKEY, PHOTOS FROM ["_s + m_table + u']', engine::RecordsetType::Dynaset);
-        for (; !rows->Eof(); rows->MoveNext()) {
-            const QString key = text::Trim(rows->Value(fields::CENTRALKEY).toString());
-            for (const auto& [view, named] : ParsePhotos(rows->Value(fields::PHOTOS).toString()))
+        store::Rows rows = store::ReadRows(m_databook, u"SELECT CENTRALKEY, PHOTOS FROM ["_s + m_table + u']');
+        while (const auto record = rows.Next()) {
+            const QString key = record->Text(fields::CENTRALKEY);
+            for (const auto& [view, named] : ParsePhotos(record->Value(fields::PHOTOS).toString()))
                 m_keys.insert(text::Folded(named), key);
         }
         m_read = true;

@@ -6,6 +6,7 @@
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
+#include "store/record.h"
 
 #include <QSet>
 
@@ -41,20 +42,18 @@ StoreCheck Check(const store::DataSource& databook, const files::Disk& disk, con
                  const std::function<bool(int)>& goOn, Depth depth)
 {
     const QString directory = common::CkRSlash(photoDir);
-    const auto rows = databook.Database().OpenRecordset(
-        u"SELECT CENTRALKEY, PHOTOS FROM [%1] ORDER BY CENTRALKEY"_s.arg(databook.RecordSource()),
-        engine::RecordsetType::Dynaset);
-    const QList<int> fields{rows->FieldIndex(fields::CENTRALKEY), rows->FieldIndex(fields::PHOTOS)};
+    const store::Rows rows = store::ReadRows(
+        databook, u"SELECT CENTRALKEY, PHOTOS FROM [%1] ORDER BY CENTRALKEY"_s.arg(databook.RecordSource()));
     StoreCheck check;
     QSet<QString> named;
-    for (qint64 at = 0; at < rows->RecordCount(); ++at) {
+    for (qint64 at = 0; at < rows.Count(); ++at) {
         if (goOn && at % kRecordsBetweenTurns == 0 && !goOn(static_cast<int>(at)))
             return check;
-        const QVariantList values = rows->Peek(at, fields);
-        if (values.isEmpty())
+        const std::optional<store::Record> record = rows.At(at);
+        if (!record)
             continue; // deleted meanwhile
-        const QString key = text::Trim(values[0].toString());
-        const QList<PhotoPair> photos = ParsePhotos(values[1].toString());
+        const QString key = record->Text(fields::CENTRALKEY);
+        const QList<PhotoPair> photos = ParsePhotos(record->Value(fields::PHOTOS).toString());
         check.records += photos.isEmpty() ? 0 : 1;
         for (const auto& [view, listed] : photos) {
             const QString stem = text::Trim(listed);
