@@ -46,12 +46,6 @@ QString SelectForForm(const QString& formType)
     return query + u" from "_s + t + u" WHERE "_s + t + u".FORMTYPE = '"_s + formType + u'\'';
 }
 
-bool HasRows(const store::DataSource& source)
-{
-    const engine::Recordset& rows = source.Recordset();
-    return !(rows.Bof() && rows.Eof());
-}
-
 } // namespace
 
 QString FilterComp2KelQuery(const QString& formType, const QString& comp, const QString& compType)
@@ -94,51 +88,48 @@ void FilterComp2Kel(store::DataSource& source, const QString& formType, const QS
                     const QString& compType)
 {
     source.Select(FilterComp2KelQuery(formType, comp, compType));
-    if (HasRows(source))
-        source.Recordset().MoveLast();
+    source.MoveLast();
 }
 
 void FilterAltComp2Kel(store::DataSource& source, const QString& formType, const QString& comp,
                        const QString& formName)
 {
     source.Select(FilterAltComp2KelQuery(formType, comp, formName));
-    if (!HasRows(source))
+    if (source.Count() == 0)
         throw RuntimeError(error::kNoCurrentRecord, u"No current record"_s);
-    source.Recordset().MoveLast();
+    source.MoveLast();
 }
 
 void FilterComp2KelProximity(store::DataSource& source, const QString& formType, const QString& comp,
                              const QString& compType)
 {
     source.Select(FilterComp2KelProximityQuery(formType, comp, compType));
-    if (HasRows(source))
-        source.Recordset().MoveLast();
+    source.MoveLast();
 }
 
 QString GetComp2KelData(const store::DataSource& source, const QString& fieldName)
 {
-    return source.Recordset().Value(fieldName).toString();
+    return source.Value(fieldName).toString();
 }
 
 QList<MappingRow> ReadMappingRows(const store::DataSource& source, MappingColumns columns)
 {
     QList<MappingRow> rows;
-    const engine::Recordset& recordset = source.Recordset();
     QList<int> fields;
     QList<QString MappingRow::*> members;
     for (const Column& column : kColumns) {
         if (columns == MappingColumns::Fields && column.fixed)
             continue;
-        fields << recordset.FieldIndex(column.name);
+        fields << source.FieldIndex(column.name);
         members << column.member;
         if (fields.last() < 0)
             throw RuntimeError(error::kFieldUnknown, u"Column %1 is missing in %2 of %3"_s.arg(
                                                          column.name, TableName(), source.DatabaseName()));
     }
-    const qint64 count = recordset.RecordCount();
+    const qint64 count = source.Count();
     rows.reserve(count);
     for (qint64 position = 0; position < count; ++position) {
-        const QVariantList values = recordset.Peek(position, fields);
+        const QVariantList values = source.ValuesAt(position, fields);
         if (values.isEmpty())
             continue; // somebody took the row away meanwhile
         MappingRow& row = rows.emplace_back();

@@ -122,7 +122,7 @@ bool ReadAddresses(LinkDesk& desk)
     const QString formType = KelFirstToken(desk.addr.txtKelListForms.Text());
     store::DataSource& mapping = desk.sources.datComp2Kel_CURRENT;
     mapping.Select(AddressRowsQuery(formType));
-    if (mapping.Recordset().RecordCount() < 1) {
+    if (mapping.Count() < 1) {
         NoMapping(desk);
         return false;
     }
