@@ -85,18 +85,17 @@ bool EntryRecord::Open()
 
 bool EntryRecord::Updatable() const
 {
-    return datDatabook.Recordset().Updatable();
+    return datDatabook.Updatable();
 }
 
 bool EntryRecord::Has(const QString& field) const
 {
-    return datDatabook.Bound() && datDatabook.Recordset().FieldIndex(field) >= 0;
+    return datDatabook.Bound() && datDatabook.FieldIndex(field) >= 0;
 }
 
 int EntryRecord::Size(const QString& field) const
 {
-    const int index = datDatabook.Bound() ? datDatabook.Recordset().FieldIndex(field) : -1;
-    return index < 0 ? 0 : datDatabook.Recordset().Fields().at(index).size;
+    return datDatabook.Bound() ? store::SizeOf(datDatabook, field) : 0;
 }
 
 QString EntryRecord::Text(const QString& field) const
@@ -115,8 +114,7 @@ void EntryRecord::Read()
 {
     Begin();
     m_read.clear();
-    const engine::FieldList& fields = datDatabook.Recordset().Fields();
-    for (const engine::Field& field : fields)
+    for (const engine::Field& field : datDatabook.Fields())
         if (field.type == engine::FieldType::Text || field.type == engine::FieldType::Memo)
             m_read.insert(field.name.toUpper(), store::GetFieldData(datDatabook, field.name));
     m_texts = m_read;

@@ -3,7 +3,6 @@
 #include "common/error_block.h"
 #include "databook/city_fields.h"
 #include "databook/messages.h"
-#include "platform/engine/errors.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
 #include "store/messages.h"
@@ -78,8 +77,7 @@ void frm_MassCity::Form_Load()
     const RoutineScope scope{"frm_MassCity"};
     LoadCities(lstcity, m_disk, m_globals);
     const auto limit = [this](forms::TextBox& box, const QString& field) {
-        const engine::Recordset& comps = m_databook.Recordset();
-        box.SetMaxLength(comps.Fields().at(comps.FieldIndex(field)).size);
+        box.SetMaxLength(store::SizeOf(m_databook, field));
     };
     limit(txtneighborhood, fields::NEIGHBORHD);
     limit(txtCity, fields::CITY);
@@ -102,11 +100,8 @@ void frm_MassCity::OpenRecords()
 {
     const forms::Hourglass hourglass(m_ports.window);
     common::Guarded(m_ports.prompter, [&] {
-        const qint64 place = m_records ? m_records->AbsolutePosition() : 0;
-        m_records =
-            m_databook.Database().OpenRecordset(SelectText(ckbBlank.Value()), engine::RecordsetType::Dynaset);
-        if (const qint64 count = m_records->RecordCount(); count > 0)
-            m_records->SetAbsolutePosition(std::clamp<qint64>(place, 0, count - 1));
+        m_records = store::ReadRows(m_databook, SelectText(ckbBlank.Value()));
+        m_place = std::clamp<qint64>(m_place, 0, std::max<qint64>(m_records->Count() - 1, 0));
     });
     ShowRecord();
 }
@@ -114,46 +109,29 @@ void frm_MassCity::OpenRecords()
 void frm_MassCity::Step(int by)
 {
     const RoutineScope scope{"frm_MassCity"};
-    if (!m_records || m_records->RecordCount() == 0)
+    if (!m_records || m_records->Count() == 0)
         return;
     lblmsg.Show({}, forms::Colour::Normal);
-    const qint64 wanted = m_records->AbsolutePosition() + by;
-    if (wanted < 0 || wanted >= m_records->RecordCount())
+    const qint64 wanted = m_place + by;
+    if (wanted < 0 || wanted >= m_records->Count())
         return;
-    m_records->SetAbsolutePosition(wanted);
+    m_place = wanted;
     ShowRecord();
-}
-
-QString frm_MassCity::Stored(const QString& field) const
-{
-    const QVariant value = m_records->Value(field);
-    return value.isValid() ? text::Trim(value.toString()) : QString();
 }
 
 void frm_MassCity::ShowRecord()
 {
-    const qint64 count = m_records ? m_records->RecordCount() : 0;
-    const qint64 place = count > 0 ? m_records->AbsolutePosition() : -1;
-    QStringList texts;
-    bool gone = false;
-    if (place >= 0) {
-        try {
-            for (const auto field : {fields::CENTRALKEY, fields::NEIGHBORHD, fields::CITY, fields::ST,
-                                         fields::ZIP, fields::COUNTY})
-                texts.append(Stored(field));
-        } catch (const RuntimeError& failure) {
-            if (failure.Number() != error::kRecordDeleted)
-                throw;
-            texts.clear();
-            gone = true;
-        }
-    }
-    lblCentralKey.SetCaption(texts.value(0));
-    txtneighborhood.SetText(texts.value(1));
-    txtCity.SetText(texts.value(2));
-    txtState.SetText(texts.value(3));
-    txtZip.SetText(texts.value(4));
-    txtCounty.SetText(texts.value(5));
+    const qint64 count = m_records ? m_records->Count() : 0;
+    const qint64 place = count > 0 ? m_place : -1;
+    const std::optional<store::Record> record = place >= 0 ? m_records->At(place) : std::nullopt;
+    const bool gone = place >= 0 && !record;
+    const auto stored = [&](const QString& field) { return record ? record->Text(field) : QString(); };
+    lblCentralKey.SetCaption(stored(fields::CENTRALKEY));
+    txtneighborhood.SetText(stored(fields::NEIGHBORHD));
+    txtCity.SetText(stored(fields::CITY));
+    txtState.SetText(stored(fields::ST));
+    txtZip.SetText(stored(fields::ZIP));
+    txtCounty.SetText(stored(fields::COUNTY));
     lblRecord.SetCaption(count == 0 ? kNoRecordsToShow : kRecordOf.arg(place + 1).arg(count));
     cmdprev.SetEnabled(place > 0);
     cmdnext.SetEnabled(place >= 0 && place + 1 < count);

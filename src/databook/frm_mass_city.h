@@ -5,9 +5,9 @@
 #include "forms/ports.h"
 #include "forms/screen.h"
 #include "platform/files/disk.h"
-#include "store/data_source.h"
+#include "store/record.h"
 
-#include <memory>
+#include <optional>
 
 namespace vasclip::databook {
 
@@ -51,13 +51,13 @@ private:
     void ShowRecord();
     void ShowCity();
     [[nodiscard]] CityEntry Entry() const;
-    [[nodiscard]] QString Stored(const QString& field) const;
 
     forms::Ports m_ports;
     store::DataSource& m_databook;
     const common::Globals& m_globals;
     const files::Disk& m_disk;
-    std::unique_ptr<engine::Recordset> m_records;
+    std::optional<store::Rows> m_records;
+    qint64 m_place = 0; ///< among them
     bool m_changed = false;
     bool m_listChanged = false;
 };

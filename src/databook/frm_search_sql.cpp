@@ -111,18 +111,16 @@ FieldLines::FieldLines(const store::DataSource& source, const QString& field)
 
 int FieldLines::Count() const
 {
-    if (!m_source.Bound() || m_source.Recordset().FieldIndex(m_field) < 0)
+    if (!m_source.Bound() || m_source.FieldIndex(m_field) < 0)
         return 0;
-    return static_cast<int>(
-        std::min<qint64>(m_source.Recordset().RecordCount(), std::numeric_limits<int>::max()));
+    return static_cast<int>(std::min<qint64>(m_source.Count(), std::numeric_limits<int>::max()));
 }
 
 QString FieldLines::Line(int index) const
 {
     if (index < 0 || index >= Count())
         return {};
-    const engine::Recordset& records = m_source.Recordset();
-    return text::Trim(records.Peek(index, {records.FieldIndex(m_field)}).value(0).toString());
+    return text::Trim(m_source.ValuesAt(index, {m_source.FieldIndex(m_field)}).value(0).toString());
 }
 
 frm_SearchSQL::frm_SearchSQL(const Base& base)
@@ -392,10 +390,7 @@ void frm_SearchSQL::cmdSearch_Click()
     ShowSearch(m_base.ports, m_base.records, m_base.datsql, m_base.rows, statement);
     if (m_base.records.state.sqlText != statement.sql)
         return; // given up after an error box; the grid shows what it did
-    engine::Recordset& found = m_base.datsql.Recordset();
-    found.MoveLast();
-    const qint64 count = found.RecordCount();
-    found.MoveFirst();
+    const qint64 count = m_base.datsql.Count();
     lblmsg.Show(FoundText(count), count == 0 ? forms::Colour::Red : forms::Colour::Blue);
 }
 

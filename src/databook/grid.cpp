@@ -147,7 +147,7 @@ void GridRows::Forget()
 
 qint64 GridRows::RowCount() const
 {
-    return m_source.Bound() ? m_source.Recordset().RecordCount() : 0;
+    return m_source.Bound() ? m_source.Count() : 0;
 }
 
 QStringList GridRows::FieldNames() const
@@ -155,7 +155,7 @@ QStringList GridRows::FieldNames() const
     QStringList names;
     if (!m_source.Bound())
         return names;
-    for (const engine::Field& field : m_source.Recordset().Fields())
+    for (const engine::Field& field : m_source.Fields())
         names.append(field.name);
     return names;
 }
@@ -163,14 +163,14 @@ QStringList GridRows::FieldNames() const
 const QList<int>& GridRows::Fields() const
 {
     if (m_fields.isEmpty())
-        for (int i = 0; i < m_source.Recordset().Fields().size(); ++i)
+        for (int i = 0; i < m_source.Fields().size(); ++i)
             m_fields.append(i);
     return m_fields;
 }
 
 QStringList GridRows::Read(qint64 row) const
 {
-    const QVariantList values = m_source.Recordset().Peek(row, Fields());
+    const QVariantList values = m_source.ValuesAt(row, Fields());
     QStringList texts;
     texts.reserve(values.size());
     for (const QVariant& value : values)

@@ -185,7 +185,7 @@ void QuickFind::Start()
     m_search.afterId = {};
     m_search.milliseconds = kSliceMilliseconds;
     m_searching = true;
-    m_found.Begin(m_datsql.Recordset().RecordCount());
+    m_found.Begin(m_datsql.Count());
     Step();
     m_timer.start();
 }
@@ -194,7 +194,7 @@ void QuickFind::Step()
 {
     const engine::TextHits hits = m_datsql.Database().FindText(m_search);
     m_search.afterId = hits.lastId;
-    for (const qint64 position : m_datsql.Recordset().PositionsOf(hits.ids)) {
+    for (const qint64 position : m_datsql.PlacesOf(hits.ids)) {
         if (position >= 0)
             m_found.Add(position);
     }

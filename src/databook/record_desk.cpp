@@ -112,8 +112,7 @@ void RecordDesk::CheckStatus(const forms::Ports& ports, store::DataSource& datab
     status.lblmsg.Show(key + kWasFound, forms::Colour::Blue);
     ButtonStatus(u"Found"_s);
     const RoutineScope step{"Determine Comp Type"};
-    const QVariant type = databook.Recordset().Value(fields::APPRSLTYPE);
-    const QString code = text::Trim(type.toString());
+    const QString code = store::GetFieldData(databook, fields::APPRSLTYPE);
     if (CompTypeLetter(code).isNull())
         cboapprslType.SetText(code); // not the type of the record before
     SetAppraisalType(code.isEmpty() ? u" "_s : code);

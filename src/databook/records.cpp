@@ -60,10 +60,9 @@ RecordResult CheckAddress(const store::DataSource& databook, const QString& addr
         return Failed(RecordOutcome::Blank, whenBlank);
     if (std::any_of(key.cbegin(), key.cend(), IsUnseen))
         return Failed(RecordOutcome::Invalid, kEnterValidAddress);
-    const engine::Recordset& recordset = databook.Recordset();
-    int size = recordset.Fields().at(recordset.FieldIndex(kKey)).size;
-    if (const int field = recordset.FieldIndex(kAddress); field >= 0)
-        size = std::min(size, recordset.Fields().at(field).size);
+    int size = store::SizeOf(databook, kKey);
+    if (const engine::Field* field = store::FindField(databook, kAddress))
+        size = std::min(size, field->size);
     if (key.size() > size)
         return Failed(RecordOutcome::TooLong,
                       kAddressTooLong.arg(text::Trim(address), text::Dec(key.size()), text::Dec(size)));
@@ -194,13 +193,11 @@ RecordResult CopyRecord(const forms::Ports& ports, store::DataSource& databook, 
     if (const RecordResult wrong = FindForNewAddress(ports, databook, address, newAddress); !wrong)
         return wrong;
 
-    engine::Recordset& recordset = databook.Recordset();
-    const engine::FieldList& fields = recordset.Fields();
+    const engine::FieldList& fields = databook.Fields();
     const RecordResult copied = AsOne(ports, databook, address, newAddress, [&] {
         QVariantList values;
-        for (int i = 0; i < fields.size(); ++i)
-            values.append(fields.at(i).type == engine::FieldType::LongBinary ? QVariant()
-                                                                             : recordset.Value(i));
+        for (const engine::Field& field : fields)
+            values.append(field.type == engine::FieldType::LongBinary ? QVariant() : databook.Value(field.name));
         store::Change change(databook, store::Change::NewRecord{},
                              kCopyWords.arg(KeyOf(address), KeyOf(newAddress)));
         for (int i = 0; i < fields.size(); ++i)
@@ -209,7 +206,7 @@ RecordResult CopyRecord(const forms::Ports& ports, store::DataSource& databook, 
         SetSized(databook, newAddress, kAddress);
         SetSized(databook, KeyOf(newAddress), kKey);
         for (const auto photos : {fields::FRONT, fields::PHOTOS})
-            if (recordset.FieldIndex(photos) >= 0)
+            if (databook.FieldIndex(photos) >= 0)
                 store::SetFieldData(databook, u" "_s, photos);
         change.Store();
     });
