@@ -53,7 +53,7 @@ qint32 LastToAnchor(const MapDesk& desk)
     if (desk.state.arrows)
         return std::min(desk.state.g_MapPointCount, kLastArrow);
     const store::DataSource& search = desk.sources.datsql;
-    return search.Bound() ? static_cast<qint32>(search.Recordset().RecordCount()) + 1 : 0;
+    return search.Bound() ? static_cast<qint32>(search.Count()) + 1 : 0;
 }
 
 std::vector<MapPoint> PointsUpTo(MapDesk& desk, qint32 last)

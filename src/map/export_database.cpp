@@ -111,7 +111,7 @@ void errcreatemdb(engine::Engine& engine, const QString& file)
 
 void DeleteAllRecs(store::DataSource& data)
 {
-    for (data.Recordset().MoveFirst(); !data.Recordset().Eof(); data.Recordset().MoveFirst())
+    for (data.MoveFirst(); !data.AtEnd(); data.MoveFirst())
         store::Change::Delete(data, messages::kExportWords);
 }
 

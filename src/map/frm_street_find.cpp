@@ -13,6 +13,7 @@
 #include "map/view.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
+#include "store/record.h"
 
 #include <QSet>
 
@@ -37,14 +38,13 @@ void Choose(const forms::ControlArray<forms::CheckBox>& options, int index)
 /// Addresses and cities of the Databook, in order.
 void FillFromDatabook(const store::DataSource& databook, forms::ListBox& addresses, forms::ListBox& cities)
 {
-    const auto rows = databook.Database().OpenRecordset(
-        u"SELECT CENTRALKEY, CITY FROM ["_s + databook.RecordSource() + u"] ORDER BY CENTRALKEY"_s,
-        engine::RecordsetType::Dynaset);
+    store::Rows rows = store::ReadRows(
+        databook, u"SELECT CENTRALKEY, CITY FROM ["_s + databook.RecordSource() + u"] ORDER BY CENTRALKEY"_s);
     QStringList keys;
     QSet<QString> found;
-    for (; !rows->Eof(); rows->MoveNext()) {
-        keys.append(text::Trim(rows->Value(fields::CENTRALKEY).toString()));
-        found.insert(text::Folded(rows->Value(fields::CITY).toString()));
+    while (const auto record = rows.Next()) {
+        keys.append(record->Text(fields::CENTRALKEY));
+        found.insert(text::Folded(record->Value(fields::CITY).toString()));
     }
     found.remove(QString());
     QStringList sorted(found.begin(), found.end());

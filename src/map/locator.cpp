@@ -11,6 +11,7 @@
 #include "map/view.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
+#include "store/record.h"
 
 namespace vasclip::map {
 
@@ -28,17 +29,16 @@ struct Row
     QString key, city, state, zip, anchored, latitude, longitude, front;
 };
 
-Row Read(const engine::Recordset& rows)
+Row Read(const store::Record& record)
 {
-    const auto text = [&rows](const QString& field) { return text::Trim(rows.Value(field).toString()); };
-    return {.key = text(fields::CENTRALKEY),
-            .city = text(fields::CITY),
-            .state = text(fields::ST),
-            .zip = text(fields::ZIP),
-            .anchored = text(fields::ANCHORED),
-            .latitude = text(fields::LATITUDE),
-            .longitude = text(fields::LONGITUDE),
-            .front = text(fields::FRONT)};
+    return {.key = record.Text(fields::CENTRALKEY),
+            .city = record.Text(fields::CITY),
+            .state = record.Text(fields::ST),
+            .zip = record.Text(fields::ZIP),
+            .anchored = record.Text(fields::ANCHORED),
+            .latitude = record.Text(fields::LATITUDE),
+            .longitude = record.Text(fields::LONGITUDE),
+            .front = record.Text(fields::FRONT)};
 }
 
 /// @return was it placed?
@@ -83,15 +83,15 @@ LocatorTally PlaceCompDatabase(MapDesk& desk, QList<RecordLocation>& found)
 {
     LocatorTally tally;
     link::Reported(desk.ports.prompter, "PlaceCompDatabase", [&] {
-        // A cursor of its own: the row that the user has selected stays so.
-        store::DataSource& search = desk.sources.datsql;
-        const auto rows = search.Database().OpenRecordset(search.RecordSource(), engine::RecordsetType::Dynaset);
-        tally.of = static_cast<int>(rows->RecordCount());
+        // Beside its cursor: the row that the user has selected stays so.
+        const store::DataSource& search = desk.sources.datsql;
+        store::Rows rows = store::ReadRows(search, search.RecordSource());
+        tally.of = static_cast<int>(rows.Count());
         common::Progress progress(desk.status, desk.ports.pump, tally.of);
-        for (; !rows->Eof(); rows->MoveNext()) {
+        while (tally.seen < tally.of) {
             if (!progress.Step(messages::kLocating.arg(tally.seen + 1).arg(tally.of)))
                 return;
-            const Row row = Read(*rows);
+            const Row row = Read(rows.Next().value());
             ++tally.seen;
             if (row.key.isEmpty() || row.city.isEmpty() || row.state.isEmpty())
                 ++tally.skipped;
@@ -111,7 +111,7 @@ void cmdGeoComp_Click(MapDesk& desk)
     if (desk.state.working)
         return;
     const store::DataSource& search = desk.sources.datsql;
-    const qint64 count = search.Bound() ? search.Recordset().RecordCount() : 0;
+    const qint64 count = search.Bound() ? search.Count() : 0;
     if (count > kManyRecords) {
         const forms::Answer answer =
             desk.ports.prompter.MsgBox(forms::Buttons::YesNoCancel, forms::Icon::Question, messages::kManyTitle,

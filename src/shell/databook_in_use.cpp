@@ -88,7 +88,7 @@ QString DatabookInUse::WhyNotOpened()
         };
         if (!bound(m_program.sources.datDatabook) || !bound(m_program.sources.datsql))
             return u"Its disk can't be read"_s; // asked about already
-        if (m_program.sources.datDatabook.Recordset().FieldIndex(store::kKeyIndex) < 0)
+        if (m_program.sources.datDatabook.FieldIndex(store::kKeyIndex) < 0)
             return u"Its table %1 holds no comps"_s.arg(m_program.globals.G_Table);
         return {};
     } catch (const RuntimeError& failure) {

@@ -143,9 +143,7 @@ qint64 RecordOnShow::PlaceOf(const QString& key)
     if (key.isEmpty() ||
         !store::FindRecord(m_program.Ports(), m_program.sources.datDatabook, key, fields::CENTRALKEY))
         return -2;
-    const qint64 place = m_program.sources.datsql.Recordset().PositionOf(
-        m_program.sources.datDatabook.Recordset().GetBookmark());
-    return std::max<qint64>(place, -1);
+    return m_program.sources.datsql.PlaceOf(m_program.sources.datDatabook);
 }
 
 void RecordOnShow::ShowRecord(const QString& key)

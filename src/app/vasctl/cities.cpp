@@ -108,8 +108,7 @@ int Assign(Session& session, const Output& out, const QString& neighborhood, con
         return kUsage;
     }
     auto& source = session.WithDatabook().sources.datDatabook;
-    const auto& rs = source.Recordset();
-    if (!Fits(out, entry, [&rs](const QString& field) { return rs.Fields().at(rs.FieldIndex(field)).size; }))
+    if (!Fits(out, entry, [&source](const QString& field) { return store::SizeOf(source, field); }))
         return kUsage;
     const qint64 changed = databook::AssignCity(source, neighborhood, entry);
     if (changed == 0) {

@@ -11,6 +11,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace vasclip::vasctl {
 
 using namespace Qt::Literals::StringLiterals;
@@ -105,8 +107,8 @@ void LookAtDatabase(Session& session, Findings& found, const QString& subject, c
 {
     try {
         const auto database = session.Engine().OpenDatabase(path, engine::OpenMode::ReadOnly);
-        const auto rows = database->OpenRecordset(table, engine::RecordsetType::Table);
-        QString text = u"%1, %2 records"_s.arg(path, text::Dec(rows->RecordCount()));
+        const engine::TableDef stored = database->Table(table);
+        QString text = u"%1, %2 records"_s.arg(path, text::Dec(store::CountRows(*database, table)));
         const auto users = session.Engine().Users(path);
         QStringList others;
         for (const engine::User& user : users) {
@@ -128,7 +130,10 @@ void LookAtDatabase(Session& session, Findings& found, const QString& subject, c
             const auto missing = [&] {
                 QStringList names;
                 for (const engine::Field& field : store::CompsTable().fields) {
-                    if (rows->FieldIndex(field.name) < 0)
+                    const auto same = [&](const engine::Field& other) {
+                        return other.name.compare(field.name, Qt::CaseInsensitive) == 0;
+                    };
+                    if (std::none_of(stored.fields.begin(), stored.fields.end(), same))
                         names.append(field.name);
                 }
                 return names;

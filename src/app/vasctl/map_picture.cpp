@@ -37,17 +37,20 @@ bool IsDemo(const Session& session)
 void FillFromDemo(shell::Program& program)
 {
     program.report.txtSubject.SetText(kDemoSubject);
-    const auto rows = program.sources.datDatabook.Database().OpenRecordset(
+    store::Rows rows = store::ReadRows(
+        program.sources.datDatabook,
         u"SELECT CENTRALKEY, CITY, ST, ZIP FROM [%1] WHERE NEIGHBORHD = '%2' ORDER BY CENTRALKEY"_s.arg(
-            program.globals.G_Table, QString(kDemoNeighborhood)),
-        engine::RecordsetType::Dynaset);
-    for (int n = 1; n <= kDemoComps && !rows->Eof(); ++n, rows->MoveNext()) {
+            program.globals.G_Table, QString(kDemoNeighborhood)));
+    for (int n = 1; n <= kDemoComps; ++n) {
+        const std::optional<store::Record> comp = rows.Next();
+        if (!comp)
+            return;
         if (n == 1) {
-            program.addr.txtKelCity.SetText(rows->Value(fields::CITY).toString().trimmed());
-            program.addr.txtKelState.SetText(rows->Value(fields::ST).toString().trimmed());
-            program.addr.txtKelZip.SetText(rows->Value(fields::ZIP).toString().trimmed());
+            program.addr.txtKelCity.SetText(comp->Text(fields::CITY));
+            program.addr.txtKelState.SetText(comp->Text(fields::ST));
+            program.addr.txtKelZip.SetText(comp->Text(fields::ZIP));
         }
-        program.report.txtComp(n).SetText(rows->Value(fields::CENTRALKEY).toString().trimmed());
+        program.report.txtComp(n).SetText(comp->Text(fields::CENTRALKEY));
     }
 }
 

@@ -67,11 +67,11 @@ int List(Session& session, const Output& out, const QCommandLineParser& options)
     if (options.isSet(u"where"_s))
         sql += u" WHERE "_s + options.value(u"where"_s);
     sql += u" ORDER BY "_s + (options.isSet(u"sort"_s) ? options.value(u"sort"_s) : fields::CENTRALKEY);
-    const auto rows = OpenTyped(program.sources.datDatabook.Database(), sql, out);
+    const std::optional<store::Rows> rows = OpenTyped(program.sources.datDatabook.Database(), sql, out);
     if (!rows)
         return kUsage;
 
-    std::vector<qint64> places(static_cast<std::size_t>(std::min(*limit, rows->RecordCount())));
+    std::vector<qint64> places(static_cast<std::size_t>(std::min(*limit, rows->Count())));
     std::iota(places.begin(), places.end(), qint64{0});
     PrintComps(out, *rows, places);
     return kDone;
@@ -89,7 +89,7 @@ int Show(Session& session, const Output& out, const QString& key, bool everythin
         return kNotFound;
     }
     QList<std::pair<QString, QString>> facts;
-    for (const engine::Field& field : databook.Recordset().Fields()) {
+    for (const engine::Field& field : databook.Fields()) {
         if (field.type == engine::FieldType::LongBinary)
             continue;
         const QString value = record->Text(field.name);
@@ -115,16 +115,14 @@ std::optional<qint64> LimitOf(const Output& out, const QCommandLineParser& optio
     return std::nullopt;
 }
 
-void PrintComps(const Output& out, const engine::Recordset& rows, const std::vector<qint64>& places)
+void PrintComps(const Output& out, const store::Rows& rows, const std::vector<qint64>& places)
 {
-    QList<int> fields;
-    for (const QString& field : kListed)
-        fields.append(rows.FieldIndex(field));
     QList<QStringList> table;
     for (const qint64 place : places) {
         QStringList line;
-        for (const QVariant& value : rows.Peek(place, fields))
-            line.append(text::Trim(value.toString()));
+        if (const auto record = rows.At(place))
+            for (const QString& field : kListed)
+                line.append(record->Text(field));
         table.append(line);
     }
     QList<Kind> kinds;
@@ -133,15 +131,15 @@ void PrintComps(const Output& out, const engine::Recordset& rows, const std::vec
     out.Table(kListed, table, kinds);
 }
 
-std::unique_ptr<engine::Recordset> OpenTyped(engine::Database& database, const QString& statement, const Output& out)
+std::optional<store::Rows> OpenTyped(engine::Database& database, const QString& statement, const Output& out)
 {
     try {
-        return database.OpenRecordset(statement, engine::RecordsetType::Dynaset);
+        return store::Rows(database, statement);
     } catch (const RuntimeError& failure) {
         for (const int wrong : {error::kSyntax, error::kParameterUnknown, error::kTableUnknown, error::kFieldUnknown}) {
             if (failure.Number() == wrong) {
                 out.Error(u"%1 (error %2)"_s.arg(failure.Description()).arg(wrong));
-                return nullptr;
+                return std::nullopt;
             }
         }
         throw;

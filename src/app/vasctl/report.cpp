@@ -71,11 +71,10 @@ int Cells(Session& session, const Output& out, const QStringList& items)
         rows.append({item, link::KelGetFieldInfo(session.Conduit(), report, item)});
     if (items.isEmpty()) {
         const QString form = link::KelFirstToken(program.addr.txtKelListForms.Text());
-        const auto all = program.sources.datComp2Kel_CURRENT.Database().OpenRecordset(
-            u"SELECT * FROM Comp2Kel WHERE Comp2Kel.FORMTYPE = '%1'"_s.arg(form),
-            engine::RecordsetType::Dynaset);
-        for (; !all->Eof(); all->MoveNext()) {
-            const auto column = [&](const QString& name) { return text::Trim(all->Value(name).toString()); };
+        store::Rows all = store::ReadRows(program.sources.datComp2Kel_CURRENT,
+                                          u"SELECT * FROM Comp2Kel WHERE Comp2Kel.FORMTYPE = '%1'"_s.arg(form));
+        while (const auto row = all.Next()) {
+            const auto column = [&](const QString& name) { return row->Text(name); };
             if (column(u"FIELDNAME"_s).toUpper() == link::kCityStateZipWord)
                 continue; // its cell is read by the row beside it
             const qint16 base = text::ToInt16(text::Val(column(u"COMP"_s)));

@@ -217,12 +217,11 @@ int RunSearch(Session& session, const Output& out, const QStringList& arguments,
         const std::optional<qint64> limit = LimitOf(out, options);
         if (!limit)
             return kUsage;
-        const auto rows = session.WithDatabook().sources.datDatabook.Database().OpenRecordset(
-            statement.sql, engine::RecordsetType::Dynaset);
-        const qint64 found = rows->RecordCount();
+        const store::Rows rows = store::ReadRows(session.WithDatabook().sources.datDatabook, statement.sql);
+        const qint64 found = rows.Count();
         std::vector<qint64> places(static_cast<std::size_t>(std::min(found, *limit)));
         std::iota(places.begin(), places.end(), qint64{0});
-        PrintComps(out, *rows, places);
+        PrintComps(out, rows, places);
         return Told(out, found);
     } catch (const Wrong& wrong) {
         out.Error(wrong.text);
@@ -262,19 +261,13 @@ int RunFind(Session& session, const Output& out, const QStringList& arguments,
         hits = database.FindText(search);
         ids.insert(ids.end(), hits.ids.begin(), hits.ids.end());
     }
-    const auto rows =
-        database.OpenRecordset(databook::SelectAllText() + databook::OrderByText(program.globals.sortGrid),
-                               engine::RecordsetType::Dynaset);
-    std::vector<qint64> places;
-    qint64 found = 0;
-    const std::vector<engine::Bookmark>& all = rows->Bookmarks();
-    for (std::size_t i = 0; i < all.size(); ++i) {
-        if (!std::binary_search(ids.begin(), ids.end(), all[i]))
-            continue;
-        if (found++ < *limit)
-            places.push_back(static_cast<qint64>(i));
-    }
-    PrintComps(out, *rows, places);
+    const store::Rows rows(database, databook::SelectAllText() + databook::OrderByText(program.globals.sortGrid));
+    std::vector<qint64> places = rows.PlacesOf(ids);
+    std::erase(places, -1);
+    std::sort(places.begin(), places.end());
+    const auto found = static_cast<qint64>(places.size());
+    places.resize(static_cast<std::size_t>(std::min(found, *limit)));
+    PrintComps(out, rows, places);
     return Told(out, found);
 }
 

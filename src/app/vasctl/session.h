@@ -6,6 +6,7 @@
 #include "forms/system_ports.h"
 #include "platform/conduit/socket_conduit.h"
 #include "shell/program.h"
+#include "store/record.h"
 
 #include <QCommandLineParser>
 
@@ -67,13 +68,13 @@ private:
 [[nodiscard]] QString DrivePathOf(const files::Disk& disk, const QString& given);
 /// --limit: all records without one; nullopt, told, for one that is no number.
 [[nodiscard]] std::optional<qint64> LimitOf(const Output& out, const QCommandLineParser& options);
-/// Runs a statement that the user has typed, whole or in part. @return nullptr, told, for one that is wrong:
+/// Runs a statement that the user has typed, whole or in part. @return nothing, told, for one that is wrong:
 /// it names no such column or table, or can't be read
-[[nodiscard]] std::unique_ptr<engine::Recordset> OpenTyped(engine::Database& database, const QString& statement,
-                                                           const Output& out);
+[[nodiscard]] std::optional<store::Rows> OpenTyped(engine::Database& database, const QString& statement,
+                                                   const Output& out);
 /// Records in short: key, city, type, area, price, sale date and front photo.
 /// @param places  of the records in `rows`, which has these fields
-void PrintComps(const Output& out, const engine::Recordset& rows, const std::vector<qint64>& places);
+void PrintComps(const Output& out, const store::Rows& rows, const std::vector<qint64>& places);
 /// An option for each field of the search screen, with its ranges, and for the rest of that screen.
 [[nodiscard]] QList<QCommandLineOption> SearchOptions();
 

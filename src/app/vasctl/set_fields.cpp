@@ -79,17 +79,17 @@ QString ValueIn(const engine::Field& field, const QString& value, QDate today)
     return value;
 }
 
-QHash<QString, QString> ValuesIn(const engine::Recordset& table, const QStringList& settings, QDate today)
+QHash<QString, QString> ValuesIn(const store::DataSource& databook, const QStringList& settings, QDate today)
 {
     QHash<QString, QString> values;
     for (const QString& setting : settings) {
         const qsizetype equals = setting.indexOf(u'=');
         const QString field = text::Folded(setting.left(equals));
-        if (equals < 1 || table.FieldIndex(field) < 0)
+        const engine::Field* stored = equals < 1 ? nullptr : store::FindField(databook, field);
+        if (stored == nullptr)
             throw Wrong{
                 u"--set takes FIELD=VALUE with a field of the Databook; '%1' is none."_s.arg(setting)};
-        values.insert(field,
-                      ValueIn(table.Fields().at(table.FieldIndex(field)), setting.mid(equals + 1), today));
+        values.insert(field, ValueIn(*stored, setting.mid(equals + 1), today));
     }
     return values;
 }
@@ -119,7 +119,7 @@ int SetFields(Session& session, const Output& out, const QString& key, const QSt
     const QDate today = session.Ports().clock.Today();
     QHash<QString, QString> values;
     try {
-        values = ValuesIn(databook.Recordset(), settings, today);
+        values = ValuesIn(databook, settings, today);
     } catch (const Wrong& wrong) {
         out.Error(wrong.text);
         return kUsage;

@@ -20,27 +20,26 @@ int RunSql(Session& session, const Output& out, const QStringList& arguments)
     // A connection of its own that cannot write, whatever the statement says (SELECT INTO among them).
     const auto database = session.Engine().OpenDatabase(program.globals.G_DataDir + program.globals.G_DataFile,
                                                         engine::OpenMode::ReadOnly);
-    const auto rows = OpenTyped(*database, arguments[0], out);
+    const std::optional<store::Rows> rows = OpenTyped(*database, arguments[0], out);
     if (!rows)
         return kUsage;
     QStringList headings;
-    QList<int> fields;
     QList<Kind> kinds;
     for (qsizetype i = 0; i < rows->Fields().size(); ++i) {
         headings.append(rows->Fields()[i].name);
-        fields.append(static_cast<int>(i));
         const engine::FieldType type = rows->Fields()[i].type;
         const bool counted = type >= engine::FieldType::Byte && type <= engine::FieldType::Double;
         kinds.append(counted ? Kind::Number : KindOf(headings.last()));
     }
     QList<QStringList> table;
-    for (qint64 row = 0; row < rows->RecordCount(); ++row) {
+    for (qint64 row = 0; row < rows->Count(); ++row) {
         QStringList line;
-        const QVariantList values = rows->Peek(row, fields);
-        for (qsizetype i = 0; i < values.size(); ++i) {
+        const std::optional<store::Record> record = rows->At(row);
+        for (int i = 0; record && i < headings.size(); ++i) {
             const bool binary = rows->Fields()[i].type == engine::FieldType::LongBinary;
-            line.append(binary && values[i].isValid() ? u"(%1 bytes)"_s.arg(values[i].toByteArray().size())
-                                                      : text::RTrim(values[i].toString()));
+            const QVariant value = binary ? rows->LongAt(row, i) : record->Values()[i];
+            line.append(binary && value.isValid() ? u"(%1 bytes)"_s.arg(value.toByteArray().size())
+                                                  : text::RTrim(value.toString()));
         }
         table.append(line);
     }

@@ -7,6 +7,7 @@
 
 #include "platform/text/text.h"
 #include "store/fields.h"
+#include "store/record.h"
 
 #include <QAbstractButton>
 #include <QDir>
@@ -188,13 +189,13 @@ bool CameraFolder(const Stage& stage)
         u"The camera folder"_s, [&] { Q_EMIT stage.main.capture.imaFolder.Clicked(); },
         [&](QWidget& dialog) { stage.tour.Shoot(dialog, u"camera-folder"_s); });
     auto& main = stage.main;
-    const auto rows = main.sources.datDatabook.Database().OpenRecordset(
-        u"SELECT CENTRALKEY FROM ["_s + main.globals.G_Table + u"] WHERE FRONT = '1' ORDER BY CENTRALKEY"_s,
-        engine::RecordsetType::Dynaset);
+    const auto record = store::ReadRows(main.sources.datDatabook, u"SELECT CENTRALKEY FROM ["_s + main.globals.G_Table +
+                                                                      u"] WHERE FRONT = '1' ORDER BY CENTRALKEY"_s)
+                            .Next();
     const QString fresh = main.Base().disk.Dir(main.globals.G_CaptureDir + u"*.jpg"_s).value(0);
-    if (rows->Eof() || fresh.isEmpty())
+    if (!record || fresh.isEmpty())
         return stage.tour.Fail(u"There is no record with a photo, or no picture of the camera."_s);
-    const QString key = rows->Value(0).toString();
+    const QString key = record->Value(fields::CENTRALKEY).toString();
     main.ShowRecord(key);
     photos::ReadPhotoLists(main.sources.datDatabook, main.photoLists.lstViews, main.photoLists.lstimages);
     const QString stored = main.globals.G_PhotoDir + main.photoLists.lstimages.List(0) + u".jpg"_s;

@@ -3,6 +3,7 @@
 #include "app/vasclip/tour/steps.h"
 #include "databook/comp_types.h"
 #include "store/fields.h"
+#include "store/record.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -18,11 +19,11 @@ namespace {
 /// The first comp of a type, "" if there is none.
 QString KeyOfType(shell::frm_Main& main, char type)
 {
-    const auto rows = main.sources.datDatabook.Database().OpenRecordset(
+    const auto first = store::ReadRows(
+        main.sources.datDatabook,
         u"SELECT CENTRALKEY FROM [%1] WHERE APPRSLTYPE = '%2' ORDER BY CENTRALKEY"_s.arg(main.globals.G_Table)
-            .arg(QLatin1Char(type)),
-        engine::RecordsetType::Dynaset);
-    return rows->Eof() ? QString() : rows->Value(0).toString();
+            .arg(QLatin1Char(type))).Next();
+    return first ? first->Value(fields::CENTRALKEY).toString() : QString();
 }
 
 void Press(QWidget& widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)

@@ -6,6 +6,8 @@
 #include "photos/photo_records.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
+#include "store/messages.h"
+#include "store/record.h"
 
 #include <QMessageBox>
 #include <QPushButton>
@@ -27,13 +29,15 @@ struct Stop
 /// Single-family comps with a front photo that do not stand in the report yet.
 QStringList Candidates(shell::frm_Main& main)
 {
-    const auto rows = main.sources.datDatabook.Database().OpenRecordset(
-        u"SELECT CENTRALKEY FROM ["_s + main.globals.G_Table +
-            u"] WHERE FRONT = '1' AND APPRSLTYPE = 'F' ORDER BY CENTRALKEY"_s,
-        engine::RecordsetType::Dynaset);
+    store::Rows rows = store::ReadRows(main.sources.datDatabook,
+                                       u"SELECT CENTRALKEY FROM ["_s + main.globals.G_Table +
+                                           u"] WHERE FRONT = '1' AND APPRSLTYPE = 'F' ORDER BY CENTRALKEY"_s);
     QStringList keys;
-    for (; !rows->Eof() && keys.size() < 3; rows->MoveNext()) {
-        const QString key = text::Folded(rows->Value(0).toString());
+    while (keys.size() < 3) {
+        const std::optional<store::Record> record = rows.Next();
+        if (!record)
+            break;
+        const QString key = text::Folded(record->Text(fields::CENTRALKEY));
         bool there = text::Folded(main.report.txtSubject.Text()) == key;
         for (int i = 1; i <= kComps; ++i)
             there = there || text::Folded(main.report.txtComp(i).Text()) == key;
@@ -47,12 +51,9 @@ bool DropOne(const Stage& stage, const Stop& stop)
 {
     shell::frm_Main& main = stage.main;
     forms::Control* target = main.controls.Find(u"txtComp"_s, stop.slot);
-    const qint64 row = main.sources.datsql.Recordset().PositionOf([&] {
-        auto& databook = main.sources.datDatabook;
-        if (!store::FindRecord(main.Base().ports, databook, stop.key, u"Centralkey"_s))
-            return engine::Bookmark{};
-        return databook.Recordset().GetBookmark();
-    }());
+    auto& databook = main.sources.datDatabook;
+    const bool found = store::FindRecord(main.Base().ports, databook, stop.key, store::kKeyIndex);
+    const qint64 row = found ? main.sources.datsql.PlaceOf(databook) : -1;
     if (!target || row < 0)
         return stage.tour.Fail(u"%1 or the slot txtComp(%2) is not there."_s.arg(stop.key).arg(stop.slot));
     main.report.TabData.SetTab(1);
@@ -93,7 +94,7 @@ int CellsStored(shell::frm_Main& main)
     int same = 0;
     for (const link::CompCell& cell : cells.value_or(QList<link::CompCell>())) {
         // The address is the key's, a cell of two fields is none of the record's.
-        const bool own = cell.field != fields::ADDRESS && databook.Recordset().FieldIndex(cell.field) >= 0;
+        const bool own = cell.field != fields::ADDRESS && databook.FieldIndex(cell.field) >= 0;
         if (!own || cell.text.isEmpty())
             continue;
         if (store::GetFieldData(databook, cell.field) !=
