@@ -30,6 +30,13 @@ QSet<QString> FieldNames(const Sources& sources)
     return names;
 }
 
+/// What a record set, the way to one and its kinds are called.
+bool NamesARecordSet(const QString& path, const QString& code)
+{
+    static const QRegularExpression named(uR"(Recordset|\bDynaset\b|\bRowStore\b|\bOpenRows\b)"_s);
+    return !path.startsWith(u"src/store/"_s) && code.contains(named);
+}
+
 } // namespace
 
 QStringList StoreViolations(const Sources& sources)
@@ -43,6 +50,8 @@ QStringList StoreViolations(const Sources& sources)
         if (path == kFieldNames || !path.startsWith(u"src/"_s) || path.startsWith(u"src/platform/"_s))
             continue;
         const QString code = QString(source.value()).remove(comment);
+        if (NamesARecordSet(path, code))
+            violations.append(u"%1 names a record set of the engine: records are read through store"_s.arg(path));
         for (auto found = literal.globalMatch(code); found.hasNext();) {
             const QString word = found.next().captured(1);
             if (names.contains(word) && !IsAnotherWord(path, word))

@@ -19,6 +19,8 @@ struct Row
     QString wanted; ///< the violations, "|" between them
 };
 
+constexpr auto kRecordSet = "src/map/m.h names a record set of the engine: records are read through store";
+
 TEST(StoreRules, CatchWhatBreaksThem)
 {
     const Row rows[] = {
@@ -30,6 +32,15 @@ TEST(StoreRules, CatchWhatBreaksThem)
         {"in a comment", "src/link/l.h", Text("/// the column \"CITY\"\n"), QString()},
         {"a column of another table", "src/link/l.h", Text("u\"FORMTYPE\"_s"), QString()},
         {"a key of a profile file", "src/databook/city_list.cpp", Text("u\"CITY\"_s"), QString()},
+        {"a record set", "src/map/m.h", Text("void Read(const engine::Recordset& rows);"), Text(kRecordSet)},
+        {"opened", "src/map/m.h", Text("database.OpenRecordset(sql, kind)"), Text(kRecordSet)},
+        {"of a source", "src/map/m.h", Text("source.Recordset().MoveFirst()"), Text(kRecordSet)},
+        {"its kind", "src/map/m.h", Text("engine::RecordsetType::Table"), Text(kRecordSet)},
+        {"what lies below it", "src/map/m.h", Text("database.OpenRows(select)"), Text(kRecordSet)},
+        {"in a comment about it", "src/map/m.h", Text("// as Recordset::Update"), QString()},
+        {"as values", "src/map/m.h", Text("store::Rows rows = store::ReadRows(source, sql);"), QString()},
+        {"in the store", "src/store/s.cpp", Text("database.OpenRecordset(sql, kind)"), QString()},
+        {"in the engine", "src/platform/engine/e.h", Text("class Recordset"), QString()},
         {"below the store", "src/platform/street/s.cpp", Text("\"CITY\"_L1"), QString()},
     };
     const QString list = Text("VASCLIP_FIELD(CITY);\nVASCLIP_FIELD(ST);\n");
@@ -41,7 +52,7 @@ TEST(StoreRules, CatchWhatBreaksThem)
             << row.name;
 }
 
-TEST(House, SpellsAColumnOnce)
+TEST(House, SpellsAColumnOnceAndReadsThroughTheStore)
 {
     const Sources sources = ReadSources(Text(VASCLIP_SOURCE_DIR));
     ASSERT_TRUE(sources.value(Text("src/store/fields.h")).contains(Text("VASCLIP_FIELD(CENTRALKEY);")));
