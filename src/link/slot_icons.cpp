@@ -1,5 +1,6 @@
 #include "link/slot_icons.h"
 
+#include "link/coordinate_miles.h"
 #include "link/reporter.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
@@ -11,6 +12,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 const QString kFrontView = u"FRONT VIEW"_s;
+const QString kMilesAway = u"About %1 miles from the subject, by the places that the Databook has"_s;
+const QString kHasPlace = u"Its record has a place on the map"_s;
+constexpr char kCoordinates[] = "coordinates"; ///< of an anchor: longitude and latitude of its record, joined by "|"
 
 bool HasCoordinates(const store::Record& record)
 {
@@ -30,6 +34,10 @@ Found RecordOf(LinkDesk& desk, const QString& label)
 void Show(LinkDesk& desk, const QString& label, const Found& record, forms::PictureBox& icon,
           forms::PictureBox* anchor, const QString& view)
 {
+    if (anchor)
+        anchor->setProperty(kCoordinates, record && HasCoordinates(*record)
+                                              ? record->Text(fields::LONGITUDE) + u'|' + record->Text(fields::LATITUDE)
+                                              : QString());
     if (text::Trim(label).isEmpty()) {
         icon.SetVisible(false);
         if (anchor)
@@ -49,6 +57,20 @@ void Show(LinkDesk& desk, const QString& label, const Found& record, forms::Pict
     }
 }
 
+/// How far a comp is from the subject, as its anchor's tool tip. No record is read for it: the anchors keep the places.
+void TellProximity(LinkDesk& desk, SlotRef slot)
+{
+    const GroupRow& row = RowOf(slot.group);
+    if (!row.anchors || slot.group == Group::Subject)
+        return;
+    forms::PictureBox& anchor = (desk.slots.*row.anchors)(slot.index);
+    const QString subject = desk.slots.imaSubjectAnchor(1).property(kCoordinates).toString();
+    const QString comp = anchor.property(kCoordinates).toString();
+    anchor.SetToolTipText(comp.isEmpty()      ? QString()
+                          : subject.isEmpty() ? kHasPlace // in words: a window keeps the last ones
+                                              : kMilesAway.arg(static_cast<double>(DoCalcProximity(subject, comp)), 0, 'f', 1));
+}
+
 /// What stands beside one slot: each refresh, of one slot or of a group, comes here for each of its slots.
 void ShowSlot(LinkDesk& desk, SlotRef slot, const Found& record)
 {
@@ -56,6 +78,7 @@ void ShowSlot(LinkDesk& desk, SlotRef slot, const Found& record)
     Show(desk, TextOf(desk.report, slot).Text(), record, (desk.slots.*row.icons)(slot.index),
          row.anchors ? &(desk.slots.*row.anchors)(slot.index) : nullptr,
          row.texts ? kFrontView : SubjectView(slot.index));
+    TellProximity(desk, slot);
 }
 
 /// @param view  0 all
@@ -64,6 +87,9 @@ void ShowSubject(LinkDesk& desk, const Found& record, int view)
     for (int i = 1; i <= photos::kSubjectPhotos; ++i)
         if (view == 0 || view == i)
             ShowSlot(desk, {Group::Subject, i}, record);
+    for (const GroupRow& row : GroupTable())
+        for (int i = 1; i <= row.slots; ++i)
+            TellProximity(desk, {row.group, i});
 }
 
 } // namespace

@@ -7,8 +7,6 @@
 #include "platform/text/text.h"
 #include "store/fields.h"
 
-#include <cmath>
-
 namespace vasclip::map {
 
 using namespace Qt::Literals::StringLiterals;
@@ -183,30 +181,6 @@ QString ProximityText(MapDesk& desk, const QString& address)
         return {};
     const QString direction = GetDirection(desk, address);
     return miles == "."_L1 ? u"< .1 Mi "_s + direction : miles + u" Mi. "_s + direction;
-}
-
-float DoCalcProximity(const QString& subject, const QString& comp)
-{
-    if (subject.isEmpty() || comp.isEmpty())
-        return 0;
-    const auto left = [](const QString& text) { return text::Val(text.section(u'|', 0, 0)); };
-    const auto right = [](const QString& text) { return text::Val(text.section(u'|', 1)); };
-    constexpr double kLatitudeOfMile = 0.0145, kLongitudeOfMile = 0.017213;
-    const double north = (right(subject) - right(comp)) / kLatitudeOfMile;
-    const double east = (left(subject) - left(comp)) / kLongitudeOfMile;
-    return static_cast<float>(std::pow(std::pow(north, 2) + std::pow(east, 2), 0.5));
-}
-
-std::optional<float> CalcProximity(const MapDesk& desk, const QString& address)
-{
-    const std::optional<store::Record> subject = FindComp(desk, AddressAt(desk, {}));
-    const std::optional<store::Record> comp = FindComp(desk, address);
-    if (!subject || !comp || !HasLocation(*subject) || !HasLocation(*comp))
-        return std::nullopt;
-    const auto text = [](const store::Record& record) {
-        return record.Text(fields::LONGITUDE) + u'|' + record.Text(fields::LATITUDE);
-    };
-    return DoCalcProximity(text(*subject), text(*comp));
 }
 
 } // namespace vasclip::map

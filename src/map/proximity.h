@@ -25,12 +25,6 @@ namespace vasclip::map {
 /// Proximity of the selected point as it is shown and sent: "1.2 Mi. NW", "< .1 Mi North", "".
 [[nodiscard]] QString ProximityText(MapDesk& desk, const QString& address);
 
-/// The older measure, in miles, from two texts of a longitude and a latitude in degrees joined by "|". 0 where either
-/// is empty.
-[[nodiscard]] float DoCalcProximity(const QString& subject, const QString& comp);
-/// The same for the subject and another address, by the stored places of their records; nothing unless both have one.
-[[nodiscard]] std::optional<float> CalcProximity(const MapDesk& desk, const QString& address);
-
 /// What the sending of a comp asks for.
 class MapProximity final : public link::ProximitySource
 {

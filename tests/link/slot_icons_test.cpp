@@ -2,6 +2,7 @@
 
 #include "desk_test.h"
 #include "link/caption_requests.h"
+#include "link/coordinate_miles.h"
 
 namespace vasclip::link {
 namespace {
@@ -49,6 +50,43 @@ TEST_F(SlotIcons, TellWhatTheDatabookHas)
     EXPECT_EQ(slots.imaCompAnchor(4).Picture().width(), 20);
     EXPECT_FALSE(slots.imaCompAnchor(3).Visible()); // a longitude alone is no place
     EXPECT_FALSE(slots.imaCompAnchor(5).Visible());
+}
+
+TEST(CoordinateMiles, AreThePlainMeasure)
+{
+    EXPECT_EQ(DoCalcProximity(QString(), u"1|2"_s), 0);
+    EXPECT_EQ(DoCalcProximity(u"1|2"_s, QString()), 0);
+    EXPECT_FLOAT_EQ(DoCalcProximity(u"-86.0|32.0145"_s, u"-86.0|32.0"_s), 1);
+    EXPECT_FLOAT_EQ(DoCalcProximity(u"-86.017213|32"_s, u"-86|32"_s), 1);
+    EXPECT_FLOAT_EQ(DoCalcProximity(u"-86.051639|32.058"_s, u"-86|32"_s), 5);
+}
+
+TEST_F(SlotIcons, TheAnchorTellsHowFarACompIs)
+{
+    AddComp(u"4 Main St"_s, {{u"LONGITUDE"_s, u"-92.1"_s}, {u"LATITUDE"_s, u"46.829"_s}});
+    for (auto* texts : {&report.txtComp, &report.txtAltComp, &report.txtListing, &report.txtRental}) {
+        (*texts)(1).SetText(u"2 Front St"_s);
+        (*texts)(2).SetText(u"1 Bare St"_s);
+    }
+    RefreshAllSlotIcons(desk);
+    EXPECT_EQ(slots.imaCompAnchor(1).ToolTipText(), u"Its record has a place on the map"_s) << "without a subject there is nothing to measure from";
+    report.txtSubject.SetText(u"4 Main St"_s);
+    RefreshSubjectIcons(desk, 0);
+    const QString told = u"About 2.0 miles from the subject, by the places that the Databook has"_s;
+    for (auto* anchors : {&slots.imaCompAnchor, &slots.imaAltCompAnchor, &slots.imaListingAnchor, &slots.imaRentalAnchor}) {
+        EXPECT_EQ((*anchors)(1).ToolTipText(), told);
+        EXPECT_EQ((*anchors)(2).ToolTipText(), QString());
+    }
+    EXPECT_EQ(slots.imaSubjectAnchor(1).ToolTipText(), QString());
+    report.txtComp(1).SetText(u"1 Bare St"_s);
+    RefreshCompIcons(desk);
+    EXPECT_EQ(slots.imaCompAnchor(1).ToolTipText(), QString()) << "not that of the comp before";
+    report.txtComp(2).SetText(u"2 Front St"_s);
+    RefreshSlotIcon(desk, {Group::Sales, 2});
+    EXPECT_EQ(slots.imaCompAnchor(2).ToolTipText(), told);
+    report.txtComp(2).SetText(QString());
+    RefreshCompIcons(desk);
+    EXPECT_EQ(slots.imaCompAnchor(2).ToolTipText(), QString());
 }
 
 TEST_F(SlotIcons, SubjectViewsAreLookedAtOneByOne)

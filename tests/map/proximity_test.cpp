@@ -182,21 +182,6 @@ TEST_F(Proximity, ShortDistancesAreShownSo)
     EXPECT_EQ(ProximityText(desk, u"10 Oak St"_s), QString());
 }
 
-TEST_F(Proximity, TheOlderMeasure)
-{
-    EXPECT_EQ(DoCalcProximity(QString(), u"1|2"_s), 0);
-    EXPECT_EQ(DoCalcProximity(u"1|2"_s, QString()), 0);
-    EXPECT_FLOAT_EQ(DoCalcProximity(u"-86.0|32.0145"_s, u"-86.0|32.0"_s), 1);
-    EXPECT_FLOAT_EQ(DoCalcProximity(u"-86.017213|32"_s, u"-86|32"_s), 1);
-    EXPECT_FLOAT_EQ(DoCalcProximity(u"-86.051639|32.058"_s, u"-86|32"_s), 5);
-    AddTown(u"10 Oak St"_s, {{u"LATITUDE"_s, u"32.0145"_s}, {u"LONGITUDE"_s, u"-86"_s}});
-    EXPECT_EQ(CalcProximity(desk, u"10 Oak St"_s), std::nullopt); // the subject has no record
-    AddTown(u"1 Main St"_s, {{u"LATITUDE"_s, u"32"_s}, {u"LONGITUDE"_s, u"-86"_s}});
-    EXPECT_FLOAT_EQ(CalcProximity(desk, u"10 Oak St"_s).value_or(-1), 1);
-    AddTown(u"11 Oak St"_s);
-    EXPECT_EQ(CalcProximity(desk, u"11 Oak St"_s), std::nullopt);
-}
-
 // Into the report.
 
 class ProximitySending : public Proximity
