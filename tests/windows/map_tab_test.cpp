@@ -238,7 +238,9 @@ TEST_F(MapTab, TheCirclesListTellsDistancesAndWhoIsJustOutside)
     house(3, u"14 OAK ST"_s, 6336);
     program.Map().Desk().state.g_MapPointCount = 4;
     window->findChild<QAbstractButton*>(u"ckbRadius"_s)->click();
-    window->findChild<QLineEdit*>(u"txtradius"_s)->setText(u"1"_s);
+    auto* miles = window->findChild<QLineEdit*>(u"txtradius"_s);
+    miles->selectAll();
+    QTest::keyClicks(miles, u"1"_s);
     auto* list = window->findChild<QListWidget*>(u"lstaddresses"_s);
     ASSERT_EQ(list->count(), 1);
     EXPECT_EQ(list->item(0)->text(), kKey);
