@@ -21,6 +21,7 @@ namespace {
 
 constexpr qint64 kManyRecords = 250;
 constexpr double kWholeViewFeet = 26400;
+constexpr int kRowsOfATurn = 25;
 constexpr int kNamed = 5; ///< of those that were not found
 
 /// One row of a search.
@@ -87,9 +88,10 @@ LocatorTally PlaceCompDatabase(MapDesk& desk, QList<RecordLocation>& found)
         const store::DataSource& search = desk.sources.datsql;
         store::Rows rows = store::ReadRows(search, search.RecordSource());
         tally.of = static_cast<int>(rows.Count());
-        common::Progress progress(desk.status, desk.ports.pump, tally.of);
+        common::Progress progress(desk.status, desk.ports.pump, tally.of / kRowsOfATurn + 1);
         while (tally.seen < tally.of) {
-            if (!progress.Step(messages::kLocating.arg(tally.seen + 1).arg(tally.of)))
+            // Each turn paints the map with all that is on it by then.
+            if (tally.seen % kRowsOfATurn == 0 && !progress.Step(messages::kLocating.arg(tally.seen + 1).arg(tally.of)))
                 return;
             const Row row = Read(rows.Next().value());
             ++tally.seen;
