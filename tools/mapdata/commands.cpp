@@ -130,4 +130,24 @@ int Remove(const QString& directory, const QString& county)
     return kFailed;
 }
 
+int Use(const QString& directory)
+{
+    const bool there = street::HasMapsBeside(directory);
+    QString problem = u"no new maps wait beside those of %1"_s.arg(directory);
+    if (there && street::UseMapsBeside(directory, problem))
+        return kDone;
+    TellProblem(problem);
+    return there ? kFailed : kNoMap;
+}
+
+int Discard(const QString& directory)
+{
+    const bool there = street::HasMapsBeside(directory);
+    QString problem = u"no new maps wait beside those of %1"_s.arg(directory);
+    if (there && street::DropMapsBeside(directory, problem))
+        return kDone;
+    TellProblem(problem);
+    return there ? kFailed : kNoMap;
+}
+
 } // namespace vasclip::mapdata

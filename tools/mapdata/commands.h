@@ -17,6 +17,8 @@ enum ExitCode {
 int List(const QString& directory, bool json);
 int Verify(const QString& directory);
 int Remove(const QString& directory, const QString& county);
+int Use(const QString& directory); ///< the maps that wait beside those in use
+int Discard(const QString& directory); ///< deletes those
 
 /// Says what went wrong on the error output.
 void TellProblem(const QString& problem);

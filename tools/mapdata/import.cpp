@@ -299,7 +299,8 @@ Outcome Importer::Run(QString& problem)
     }
     if (!progress.At(1))
         return Outcome::Stopped;
-    return change.Commit(problem) ? Outcome::Done : Outcome::Failed;
+    const bool stored = m_options.beside ? change.CommitBeside(problem) : change.Commit(problem);
+    return stored ? Outcome::Done : Outcome::Failed;
 }
 
 } // namespace

@@ -14,14 +14,17 @@ using namespace vasclip::mapdata;
 
 constexpr char kUsageWords[] =
     R"(vasclip-mapdata import SOURCE... --to DIR [--county NAME] [--state ST] [--source WORDS] [--date DATE]
-                       [--account FILE] [--stop-with-input]
+                       [--account FILE] [--beside] [--stop-with-input]
 vasclip-mapdata list DIR [--json]
 vasclip-mapdata verify DIR
 vasclip-mapdata remove DIR COUNTY
+vasclip-mapdata use DIR
+vasclip-mapdata discard DIR
 
 A SOURCE is a file, a zipped file or a directory of them: TIGER/Line shapefiles (ADDRFEAT, EDGES, FACES, PLACE,
 AREAWATER, ZCTA), OpenStreetMap (.osm.pbf, .osm), address points (CSV, GeoJSON, shapefile). The county comes from a
-TIGER/Line file's name; other sources need --county.
+TIGER/Line file's name; other sources need --county. With --beside the new maps wait beside those in use until 'use' takes
+them or 'discard' deletes them.
 )";
 
 void PrintCounts(const char* head, const QMap<QString, qint64>& counts)
@@ -75,10 +78,11 @@ int main(int argc, char** argv)
     const QCommandLineOption source(u"source"_s, {}, u"words"_s);
     const QCommandLineOption date(u"date"_s, {}, u"date"_s);
     const QCommandLineOption account(u"account"_s, {}, u"file"_s);
+    const QCommandLineOption beside(u"beside"_s);
     const QCommandLineOption json(u"json"_s);
     const QCommandLineOption stopWithInput(u"stop-with-input"_s);
     const QCommandLineOption help(u"help"_s);
-    parser.addOptions({to, county, state, source, date, account, json, stopWithInput, help});
+    parser.addOptions({to, county, state, source, date, account, beside, json, stopWithInput, help});
     if (!parser.parse(app.arguments()))
         return Usage(parser.errorText());
     if (parser.isSet(help)) {
@@ -94,7 +98,7 @@ int main(int argc, char** argv)
         if (words.isEmpty() || !parser.isSet(to))
             return Usage(u"import needs a source, and the directory of the maps by --to"_s);
         return RunImport({words, parser.value(to), parser.value(county), parser.value(state), parser.value(source),
-                          parser.value(date)},
+                          parser.value(date), parser.isSet(beside)},
                          parser.value(account));
     }
     if (command == u"list" && words.size() == 1)
@@ -103,5 +107,9 @@ int main(int argc, char** argv)
         return Verify(words[0]);
     if (command == u"remove" && words.size() == 2)
         return Remove(words[0], words[1]);
+    if (command == u"use" && words.size() == 1)
+        return Use(words[0]);
+    if (command == u"discard" && words.size() == 1)
+        return Discard(words[0]);
     return Usage(command.isEmpty() ? u"there is no command"_s : u"the command is unknown or lacks a word: %1"_s.arg(command));
 }

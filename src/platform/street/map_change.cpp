@@ -29,6 +29,11 @@ QString IndexPath(const QString& directory)
     return directory + u'/' + QString::fromUtf16(kIndexName);
 }
 
+QString BesidePath(const QString& directory)
+{
+    return directory + u'/' + QString::fromUtf16(kBesideName);
+}
+
 QStringList CountyFiles(const QString& directory)
 {
     return QDir(directory).entryList({u'*' + End()}, QDir::Files, QDir::Time);
@@ -71,12 +76,13 @@ bool MapChange::Begin(QString& problem)
     }
     QString wrong;
     if (const std::unique_ptr<MapIndex> index = MapIndex::Open(m_directory, wrong)) {
-        m_counties = index->Counties();
+        m_before = m_counties = index->Counties();
         return true;
     }
     if (QFile::exists(IndexPath(m_directory)) || !CountyFiles(m_directory).isEmpty()) {
         m_notes.append(Said(QString::fromUtf16(kIndexName), wrong));
         Recover();
+        m_before = m_counties;
     }
     return true;
 }
@@ -122,15 +128,30 @@ bool MapChange::Commit(QString& problem)
 {
     if (!WriteIndex(m_directory, m_counties, problem))
         return false;
+    // What waited beside was made for the maps as they were.
+    QFile::remove(BesidePath(m_directory));
     Sweep();
     return true;
 }
 
-void MapChange::Sweep() const
+bool MapChange::CommitBeside(QString& problem)
+{
+    QString wrong;
+    // Without an index every file would count as a map in use, the new ones too.
+    if (!MapIndex::Open(m_directory, wrong) && !WriteIndex(m_directory, m_before, problem))
+        return false;
+    if (!WriteIndex(m_directory, m_counties, problem, kBesideName))
+        return false;
+    Sweep(m_before);
+    return true;
+}
+
+void MapChange::Sweep(const std::vector<CountyRecord>& alsoUsed) const
 {
     for (const QString& name : CountyFiles(m_directory)) {
-        const bool used = std::any_of(m_counties.begin(), m_counties.end(),
-                                      [&name](const CountyRecord& record) { return record.file == name; });
+        const auto isIt = [&name](const CountyRecord& record) { return record.file == name; };
+        const bool used = std::any_of(m_counties.begin(), m_counties.end(), isIt) ||
+                          std::any_of(alsoUsed.begin(), alsoUsed.end(), isIt);
         if (!used)
             QFile::remove(m_directory + u'/' + name);
     }
@@ -138,6 +159,58 @@ void MapChange::Sweep() const
     const QStringList litter = QDir(m_directory).entryList({u".vasclip-*.tmp"_s}, QDir::Files | QDir::Hidden);
     for (const QString& name : litter)
         QFile::remove(m_directory + u'/' + name);
+}
+
+bool HasMapsBeside(const QString& directory)
+{
+    return QFile::exists(BesidePath(directory));
+}
+
+QStringList MapsBeside(const QString& directory)
+{
+    QString problem;
+    const std::unique_ptr<MapIndex> beside = MapIndex::Open(directory, problem, kBesideName);
+    const std::unique_ptr<MapIndex> inUse = MapIndex::Open(directory, problem);
+    QStringList counties;
+    if (!beside)
+        return counties;
+    for (const CountyRecord& record : beside->Counties()) {
+        const bool same = inUse && std::any_of(inUse->Counties().begin(), inUse->Counties().end(),
+                                               [&record](const CountyRecord& old) { return old.file == record.file; });
+        if (!same)
+            counties.append(record.info.county);
+    }
+    return counties;
+}
+
+bool UseMapsBeside(const QString& directory, QString& problem)
+{
+    MapChange change(directory);
+    if (!change.Begin(problem))
+        return false;
+    const std::unique_ptr<MapIndex> beside = MapIndex::Open(directory, problem, kBesideName);
+    if (!beside) {
+        problem = HasMapsBeside(directory) ? Said(QString::fromUtf16(kBesideName), problem)
+                                           : u"no new maps wait beside those in use"_s;
+        return false;
+    }
+    for (const CountyRecord& record : beside->Counties())
+        if (!change.Put(directory + u'/' + record.file, problem))
+            return false;
+    return change.Commit(problem);
+}
+
+bool DropMapsBeside(const QString& directory, QString& problem)
+{
+    MapChange change(directory);
+    if (!change.Begin(problem))
+        return false;
+    if (!QFile::remove(BesidePath(directory)) && HasMapsBeside(directory)) {
+        problem = u"%1 can't be deleted"_s.arg(QString::fromUtf16(kBesideName));
+        return false;
+    }
+    change.Forget();
+    return true;
 }
 
 QStringList VerifyMaps(const QString& directory,

@@ -40,16 +40,31 @@ public:
     /// Replaces the index, then deletes what it no longer names; a file that can't be deleted waits for the next change.
     /// @return false with the reason in `problem`; the maps are then as they were
     [[nodiscard]] bool Commit(QString& problem);
+    /// Leaves the maps as they are, and those as they will be beside them, until `UseMapsBeside` takes them or another
+    /// change makes them old. @return false with the reason in `problem`
+    [[nodiscard]] bool CommitBeside(QString& problem);
+    /// Deletes the files that no index names.
+    void Forget() const { Sweep(); }
 
 private:
     void Recover();
-    void Sweep() const;
+    void Sweep(const std::vector<CountyRecord>& alsoUsed = {}) const;
 
     const QString m_directory;
     files::FileLock m_lock;
     QStringList m_notes;
+    std::vector<CountyRecord> m_before; ///< as they are
     std::vector<CountyRecord> m_counties;
 };
+
+/// Does the directory have new maps beside those in use?
+[[nodiscard]] bool HasMapsBeside(const QString& directory);
+/// The counties that are other ones there.
+[[nodiscard]] QStringList MapsBeside(const QString& directory);
+/// The new maps are those in use from now on. @return false with the reason in `problem`; nothing was changed then
+[[nodiscard]] bool UseMapsBeside(const QString& directory, QString& problem);
+/// Deletes the new maps. @return false with the reason in `problem`
+[[nodiscard]] bool DropMapsBeside(const QString& directory, QString& problem);
 
 /// Why a county can't be called so; "" where it can.
 [[nodiscard]] QString NameFault(const QString& county);

@@ -12,11 +12,6 @@ namespace vasclip::street {
 
 namespace {
 
-QString IndexPath(const QString& directory)
-{
-    return directory + u'/' + QString::fromUtf16(kIndexName);
-}
-
 /// Another file has another number or time: the index is replaced, never changed.
 QByteArray StampOf(const QString& path)
 {
@@ -29,14 +24,15 @@ QByteArray StampOf(const QString& path)
 
 } // namespace
 
-MapData::MapData(const QString& directory, const MapLimits& limits)
+MapData::MapData(const QString& directory, const MapLimits& limits, QStringView index)
     : m_directory(directory)
+    , m_indexPath(directory + u'/' + index.toString())
     , m_limits(limits)
-    , m_indexStamp(StampOf(IndexPath(directory)))
+    , m_indexStamp(StampOf(m_indexPath))
     , m_cells(limits.cellBytes)
 {
     QString problem;
-    m_index = MapIndex::Open(directory, problem);
+    m_index = MapIndex::Open(directory, problem, index);
     if (m_index)
         return;
     if (!QDir(directory).exists())
@@ -66,7 +62,7 @@ QStringList MapData::Problems() const
 
 bool MapData::IsOutdated() const
 {
-    return StampOf(IndexPath(m_directory)) != m_indexStamp;
+    return StampOf(m_indexPath) != m_indexStamp;
 }
 
 void MapData::Tell(const CountyRecord& record, const QString& problem) const

@@ -30,7 +30,8 @@ class MapData : public CellSource, public EdgeStore
 {
 public:
     /// @param directory  native
-    explicit MapData(const QString& directory, const MapLimits& limits = {});
+    /// @param index  which of its indexes says what the maps are
+    explicit MapData(const QString& directory, const MapLimits& limits = {}, QStringView index = kIndexName);
     ~MapData() override;
     MapData(const MapData&) = delete;
     MapData& operator=(const MapData&) = delete;
@@ -78,6 +79,7 @@ private:
     void Tell(const CountyRecord& record, const QString& problem) const;
 
     const QString m_directory;
+    const QString m_indexPath;
     const MapLimits m_limits;
     std::unique_ptr<MapIndex> m_index;
     QByteArray m_indexStamp; ///< by which another index is known

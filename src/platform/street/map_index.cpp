@@ -102,17 +102,17 @@ QString Words(files::native::Failure failure)
 
 } // namespace
 
-std::unique_ptr<MapIndex> MapIndex::Open(const QString& directory, QString& problem)
+std::unique_ptr<MapIndex> MapIndex::Open(const QString& directory, QString& problem, QStringView name)
 {
     std::unique_ptr<MapIndex> index(new MapIndex);
-    index->m_file = OpenSql(Below(directory, QString::fromUtf16(kIndexName)), FileKind::Index, problem);
+    index->m_file = OpenSql(Below(directory, name.toString()), FileKind::Index, problem);
     if (!index->m_file || !ReadRecords(index->Handle(), index->m_counties, problem))
         return {};
     index->m_names = std::make_unique<const NameIndex>(index->Handle());
     return index;
 }
 
-bool WriteIndex(const QString& directory, std::vector<CountyRecord> counties, QString& problem)
+bool WriteIndex(const QString& directory, std::vector<CountyRecord> counties, QString& problem, QStringView name)
 {
     std::sort(counties.begin(), counties.end(), [](const CountyRecord& one, const CountyRecord& other) {
         return one.info.county < other.info.county;
@@ -159,7 +159,7 @@ bool WriteIndex(const QString& directory, std::vector<CountyRecord> counties, QS
         return false;
     }
     const auto failure =
-        files::native::Replace(Below(directory, QString::fromUtf16(kIndexName)),
+        files::native::Replace(Below(directory, name.toString()),
                                QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.get()), size));
     if (failure == files::native::Failure::None)
         return true;

@@ -84,6 +84,63 @@ TEST_F(MapChanges, PutAndReplaceAndRemove)
     EXPECT_TRUE(VerifyMaps(directory.path()).isEmpty());
 }
 
+TEST_F(MapChanges, NewMapsWaitBesideThoseInUse)
+{
+    Import(u"01001"_s, 4);
+    Import(u"01003"_s, 3);
+    const auto beside = [this](const QString& county, int streets) {
+        MapChange change(directory.path());
+        QString problem;
+        ASSERT_TRUE(change.Begin(problem));
+        ASSERT_TRUE(change.Put(Written(change, county, streets), problem));
+        ASSERT_TRUE(change.CommitBeside(problem)) << problem.toStdString();
+    };
+    EXPECT_FALSE(HasMapsBeside(directory.path()));
+    beside(u"01003"_s, 5);
+    beside(u"01003"_s, 6);
+    EXPECT_TRUE(HasMapsBeside(directory.path()));
+    EXPECT_EQ(MapsBeside(directory.path()), QStringList{u"01003"_s});
+    EXPECT_EQ(Maps(), u"01001 24|01003 12"_s) << "those in use stay";
+    EXPECT_EQ(Files().size(), 5) << "two maps, the last of the new ones, two indexes";
+    const MapData next(directory.path(), {}, kBesideName);
+    ASSERT_EQ(next.Counties().size(), 2u);
+    EXPECT_EQ(next.Counties()[1].info.edges, 60);
+    QString problem;
+    ASSERT_TRUE(UseMapsBeside(directory.path(), problem)) << problem.toStdString();
+    EXPECT_EQ(Maps(), u"01001 24|01003 60"_s);
+    EXPECT_EQ(Files().size(), 3);
+    EXPECT_TRUE(VerifyMaps(directory.path()).isEmpty());
+    EXPECT_FALSE(UseMapsBeside(directory.path(), problem));
+    EXPECT_EQ(problem, u"no new maps wait beside those in use"_s);
+    EXPECT_EQ(Maps(), u"01001 24|01003 60"_s);
+}
+
+TEST_F(MapChanges, NewMapsThatWaitGoWhenTheyAreDiscardedOrOld)
+{
+    const auto beside = [this] {
+        MapChange change(directory.path());
+        QString problem;
+        ASSERT_TRUE(change.Begin(problem));
+        ASSERT_TRUE(change.Put(Written(change, u"01003"_s, 5), problem));
+        ASSERT_TRUE(change.CommitBeside(problem));
+    };
+    QString problem;
+    beside();
+    EXPECT_EQ(Maps(), QString()) << "none is in use";
+    ASSERT_TRUE(DropMapsBeside(directory.path(), problem)) << problem.toStdString();
+    EXPECT_EQ(Files(), QStringList{u"F1"_s});
+    Import(u"01001"_s, 4);
+    beside();
+    ASSERT_TRUE(DropMapsBeside(directory.path(), problem)) << problem.toStdString();
+    EXPECT_EQ(Files().size(), 2);
+    EXPECT_EQ(Maps(), u"01001 24"_s);
+    beside();
+    Import(u"01005"_s, 2);
+    EXPECT_FALSE(HasMapsBeside(directory.path())) << "they were made for the maps before";
+    EXPECT_EQ(Maps(), u"01001 24|01005 4"_s);
+    EXPECT_EQ(Files().size(), 3);
+}
+
 TEST_F(MapChanges, ChangeNothingWithoutCommit)
 {
     Import(u"01001"_s, 4);
