@@ -1,5 +1,6 @@
 #include "mapdata/county_build.h"
 
+#include "mapdata/coast.h"
 #include "mapdata/cover.h"
 #include "mapdata/junctions.h"
 #include "mapdata/surface.h"
@@ -170,6 +171,23 @@ void CountyBuild::Add(street::WaterLine line, Record record)
         m_brooks.push_back(std::move(line));
 }
 
+void CountyBuild::AddCoast(std::vector<Place> line, Record record)
+{
+    if (IsGood(Fault(street::WaterLine{{}, line}), record))
+        m_coasts.push_back(std::move(line));
+}
+
+void CountyBuild::AddIsland(std::vector<Place> ring, Record record)
+{
+    if (ring.empty())
+        return;
+    if (ring.front() != ring.back())
+        ring.push_back(ring.front());
+    if (TurnOf(ring) < 0)
+        std::reverse(ring.begin(), ring.end());
+    AddCoast(std::move(ring), record);
+}
+
 void CountyBuild::Add(PlaceName place, Record record)
 {
     if (IsGood(Fault(place), record))
@@ -188,7 +206,7 @@ void CountyBuild::SetFace(qint64 face, const QString& place, const QString& zip)
         m_faces.insert(face, {place, zip});
 }
 
-street::Extent CountyBuild::Ground() const
+street::Extent CountyBuild::GroundOf(const std::vector<RoadEdge>& ways) const
 {
     street::Extent ground;
     const auto widen = [&ground](const std::vector<Place>& line) {
@@ -197,7 +215,7 @@ street::Extent CountyBuild::Ground() const
     };
     for (const SourceEdge& edge : m_edges)
         widen(edge.edge.line);
-    for (const RoadEdge& way : m_ways)
+    for (const RoadEdge& way : ways)
         widen(way.line);
     for (const street::AddressPoint& house : m_houses)
         ground.Widen(house.place);
@@ -285,6 +303,32 @@ void CountyBuild::SetCities()
     }
 }
 
+void CountyBuild::MakeSea(const std::vector<RoadEdge>& ways)
+{
+    constexpr std::size_t kDrowned = 4; // one street of four: bridges and tunnels alone are never so many
+    if (m_coasts.empty())
+        return;
+    std::vector<std::vector<Place>> sea = SeaOf(std::exchange(m_coasts, {}), GroundOf(ways));
+    if (sea.empty())
+        return;
+    const Surface water(sea);
+    std::size_t streets = 0;
+    std::size_t drowned = 0;
+    const auto count = [&](const RoadEdge& street) {
+        ++streets;
+        drowned += water.Contains(street.line[street.line.size() / 2]) ? 1 : 0;
+    };
+    for (const SourceEdge& edge : m_edges)
+        count(edge.edge);
+    for (const RoadEdge& way : ways)
+        count(way);
+    if (drowned * kDrowned > streets) {
+        m_account.Note(u"%1: its coastlines are not whole, so that no sea can be drawn of them"_s.arg(m_source));
+        return;
+    }
+    m_areas.push_back({street::AreaKind::Water, {}, std::move(sea)});
+}
+
 bool CountyBuild::Write(street::CountyWriter& writer, const std::function<bool(double)>& step)
 {
     TellBackwards();
@@ -292,6 +336,7 @@ bool CountyBuild::Write(street::CountyWriter& writer, const std::function<bool(d
     JoinPlaces();
     DropNeighbours(ways);
     SetCities();
+    MakeSea(ways);
     if (!ways.empty() && !m_edges.empty()) {
         Cover cover;
         for (const RoadEdge& way : ways)

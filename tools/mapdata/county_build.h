@@ -50,6 +50,10 @@ public:
     void Add(street::AddressPoint house, Record record);
     void Add(street::MapArea area, Record record);
     void Add(street::WaterLine line, Record record);
+    /// A line with the sea on its right.
+    void AddCoast(std::vector<street::Place> line, Record record);
+    /// A ring with the sea around it, whichever way it goes.
+    void AddIsland(std::vector<street::Place> ring, Record record);
     void Add(street::PlaceName place, Record record);
     void Add(street::ZipArea area, Record record);
     /// In which place the ground left or right of an edge lies.
@@ -60,7 +64,7 @@ public:
     /// Is there anything that an address could be found by, or a street to draw?
     [[nodiscard]] bool IsEmpty() const { return m_edges.empty() && m_ways.empty() && m_houses.empty(); }
     /// The ground of its streets and houses.
-    [[nodiscard]] street::Extent Ground() const;
+    [[nodiscard]] street::Extent Ground() const { return GroundOf(m_ways); }
     [[nodiscard]] const std::vector<street::PlaceName>& Places() const { return m_places; }
 
     /// Gives all to the writer and forgets it. @param step  share done, 0 to 1; false stops
@@ -74,6 +78,7 @@ private:
         QString zip;
     };
 
+    [[nodiscard]] street::Extent GroundOf(const std::vector<street::RoadEdge>& ways) const;
     [[nodiscard]] bool IsGood(const QString& fault, Record record);
     void CheckSide(street::NumberRange& side, Record record);
     void CheckNumbers(street::RoadEdge& edge, Record record);
@@ -82,6 +87,8 @@ private:
     /// Files of a state have the places and ZIP codes of all its counties.
     void DropNeighbours(const std::vector<street::RoadEdge>& ways);
     void SetCities();
+    /// The sea of the coasts, unless it would drown the streets.
+    void MakeSea(const std::vector<street::RoadEdge>& ways);
 
     QString m_source;
     Account& m_account;
@@ -92,6 +99,7 @@ private:
     std::vector<street::AddressPoint> m_houses;
     std::vector<street::MapArea> m_areas;
     std::vector<street::WaterLine> m_brooks;
+    std::vector<std::vector<street::Place>> m_coasts;
     std::vector<street::PlaceName> m_places;
     std::vector<street::ZipArea> m_zips;
     QHash<qint64, Face> m_faces;

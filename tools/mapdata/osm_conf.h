@@ -11,7 +11,7 @@ osm_id=yes
 attributes=name,place,population,addr:housenumber,addr:street,addr:place,addr:unit,addr:city,addr:postcode
 [lines]
 osm_id=yes
-attributes=name,highway,ref,alt_name,old_name,name_1,waterway,railway,service,tunnel,area,usage
+attributes=name,highway,ref,alt_name,old_name,name_1,natural,waterway,railway,service,tunnel,area,usage
 [multipolygons]
 osm_id=yes
 osm_way_id=yes

@@ -137,6 +137,11 @@ void TakeLine(const Tags& tags, const Shape& shape, Record record, const LayerJo
             TakeRoad(tags, *rail, shape, record, job);
         return;
     }
+    if (tags[u"natural"_s] == u"coastline") {
+        for (const std::vector<street::Place>& line : shape.parts)
+            job.county.AddCoast(line, record);
+        return;
+    }
     const QString waterway = tags[u"waterway"_s];
     if (waterway == u"river" || waterway == u"stream" || waterway == u"canal") {
         if (!tags[u"tunnel"_s].isEmpty())
@@ -149,6 +154,11 @@ void TakeLine(const Tags& tags, const Shape& shape, Record record, const LayerJo
 void TakeArea(const Tags& tags, Shape shape, Record record, const LayerJob& job)
 {
     TakeHouses(tags, MiddleOf(shape), record, job);
+    if (tags[u"natural"_s] == u"coastline") { // closed: an island, which has the sea around it
+        for (std::vector<street::Place>& ring : shape.parts)
+            job.county.AddIsland(std::move(ring), record);
+        return;
+    }
     const QString name = tags[u"name"_s];
     const QString boundary = tags[u"boundary"_s];
     if (boundary == u"postal_code") {
