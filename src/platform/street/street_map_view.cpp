@@ -136,6 +136,10 @@ bool StreetMap::Paint(QPainter& painter)
     const draw::Projection projection(m_frame);
     painter.save();
     painter.scale(1 / m_ratio, 1 / m_ratio);
+    // A control may begin in the middle of a screen's pixel; halves left and right of nought are rounded apart, and
+    // a line of whatever was there before would stand between two parts.
+    const QTransform onto = painter.deviceTransform();
+    painter.translate(std::round(onto.dx()) - onto.dx(), std::round(onto.dy()) - onto.dy());
     const bool whole = m_tiles->Paint(
         painter, m_frame, m_look, [this](const draw::Projection& wide) { return m_scene.Boxes(wide); }, m_version);
     m_scene.Paint(painter, projection, m_look);

@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QPainter>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
@@ -371,6 +372,33 @@ TEST_F(StreetMapTest, TellsWhatLiesUnderThePointer)
     EXPECT_EQ(map.PointAt(QPointF(100, 100) + (box.center() - box.topLeft()) + QPointF(5, 5)), 4);
     map.MovePoint(99, kHouse, true);
     EXPECT_EQ(map.Points().size(), 1U);
+}
+
+TEST_F(StreetMapTest, PartsMeetWhereTheControlBeginsWithinAPixel)
+{
+    constexpr double kRatio = 1.5; // so that 21 and 111 pixels of 1/96 inch are 31.5 and 166.5
+    const QSize size(700, 420);
+    map.SetSize(size, kRatio);
+    map.SetDark(true);
+    map.SetScale(26400);
+    At(kHouse);
+    Do(action::kSetCentre);
+    for (int step = 0; step < 12; ++step) {
+        map.PanBy({37, 29});
+        map.FinishDrawing();
+        QImage screen((size + QSize(40, 140)) * kRatio, QImage::Format_RGB32);
+        screen.setDevicePixelRatio(kRatio);
+        screen.fill(Qt::magenta);
+        QPainter painter(&screen);
+        painter.translate(21, 111);
+        ASSERT_TRUE(map.Paint(painter));
+        painter.end();
+        int bare = 0;
+        for (int y = 168; y < 166 + 630 - 2; ++y)
+            for (int x = 33; x < 31 + 1050 - 2; ++x)
+                bare += screen.pixel(x, y) == QColor(Qt::magenta).rgb() ? 1 : 0;
+        EXPECT_EQ(bare, 0) << "after " << step + 1 << " steps";
+    }
 }
 
 TEST_F(StreetMapTest, PaintsWhatItShowsAndAsksToBePaintedAgain)
