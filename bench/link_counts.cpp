@@ -1,6 +1,7 @@
 #include "link_counts.h"
 
 #include "drops/send_record.h"
+#include "forms/screen.h"
 #include "link/refresh.h"
 #include "link/transfer.h"
 #include "still_ports.h"
@@ -73,7 +74,7 @@ struct Desk
         store::Connect2mdb(ports, sources.datComp2Kel_CURRENT, u"C:\\Comp2Kel.mdb"_s, u"Comp2Kel"_s,
                            store::SourceKind::Query);
         txtDDE.Answer(u"KEL|Query"_s, u"ActiveReports"_s, u"SMITH,"_s);
-        txtDDE.Answer(u"KEL|SMITH"_s, u"ListForms"_s, u"UA5,"_s);
+        txtDDE.Answer(u"KEL|SMITH"_s, u"ListForms"_s, u"UA5,COMPPAGE,"_s);
         FillReport();
     }
 
@@ -93,10 +94,11 @@ struct Desk
     void FillReport()
     {
         (void)link::RefreshAppraisal(desk);
-        int comp = 0;
         for (const QString& entry : txtDDE.Take())
-            if (entry.startsWith(u"item UA5|"_s) && entry.section(u'|', 1, 1).toInt() < 8 && ++comp < kComps)
-                txtDDE.Answer(u"KEL|SMITH"_s, entry.mid(5), KeyOf(comp));
+            if (entry.startsWith(u"item UA5|"_s) && entry.section(u'|', 1, 1).toInt() < 8)
+                addresses.append(entry.mid(5));
+        for (int comp = 1; comp < kComps; ++comp)
+            Put(comp);
         (void)link::RefreshAppraisal(desk);
         for (int i = 1; i < kComps; ++i) {
             if (report.txtComp(i).Text() != KeyOf(i)) {
@@ -106,6 +108,10 @@ struct Desk
         }
     }
 
+    /// A comp's address into its cell of the report.
+    void Put(int comp) { txtDDE.Answer(u"KEL|SMITH"_s, addresses.value(comp - 1), KeyOf(comp)); }
+
+    QStringList addresses; ///< the cells, from the first comp on
     files::Disk disk;
     StoppedClock clock;
     tests::RowCounts rows;
@@ -131,7 +137,11 @@ struct Desk
     link::LinkDesk desk{{.txtDDE = txtDDE,
                          .ports = ports,
                          .status = status,
-                         .kelIni = link::ReadsKelIni(disk, {}),
+                         .kelIni =
+                             [](const QString& section, const QString& key) {
+                                 const bool comps = key.startsWith(u"COMPARABLES_"_s);
+                                 return comps && section == u"3X5_PHOTO_PAGES"_s ? u"COMPPAGE"_s : QString();
+                             },
                          .fileVersion = {}},
                         {.report = report, .addr = addr, .state = state, .slots = slots, .loader = loader},
                         {.sources = sources, .globals = globals, .lists = lists, .disk = disk}};
@@ -170,9 +180,15 @@ bool PrintLinkCounts(const QString& home)
                 "changes", "turns");
     (void)Print(desk, "a refresh", [&] { (void)link::RefreshAppraisal(desk.desk); });
     const bool fine = Print(desk, "a record dropped on the ninth slot", drop, &kDrop);
-    desk.txtDDE.unscripted = u"1850"_s;
-    (void)Print(desk, "a transfer of nine comps",
-                [&] { (void)link::TransferComps(desk.desk, true, 0, link::What::Data); });
+    desk.Put(kComps);
+    desk.txtDDE.unscripted = u"1900"_s; // another area than the records have
+    (void)Print(desk, "a transfer of nine comps", [&] {
+        const link::TransferTally tally = link::TransferComps(desk.desk, true, 0, link::What::Data);
+        if (tally.replaced != kComps) {
+            std::fprintf(stderr, "%s\n", qPrintable(tally.Text()));
+            std::exit(1);
+        }
+    });
     return fine;
 }
 
