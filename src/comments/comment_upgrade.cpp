@@ -4,8 +4,8 @@
 #include "common/error_block.h"
 #include "platform/engine/errors.h"
 #include "platform/text/runtime_error.h"
-#include "store/fields.h"
 #include "store/messages.h"
+#include "store/upgrade.h"
 
 #include <optional>
 
@@ -15,91 +15,12 @@ namespace vasclip::comments {
 
 using common::RoutineScope;
 
-namespace {
-
-const QString kTable = u"COMPS"_s;
-const QString kReference = u"newdata.mdb"_s;
-
-struct NewField
-{
-    QLatin1StringView name;
-    int size; ///< of a text; 0 is a long binary
-};
-
-/// The fields that older files lack, in the order of appending.
-constexpr NewField kNewFields[] = {
-    {fields::FRONTPHOTO, 0},  {fields::LONGITUDE, 11},  {fields::LATITUDE, 11},   {fields::ANCHORED, 1},
-    {fields::COMPID, 7},      {fields::SALEHIST4, 20},  {fields::SALEHIST5, 20},  {fields::FINANCETYP, 20},
-    {fields::CONTRKDATE, 20}, {fields::OTHERAREA1, 20}, {fields::OTHERAREA2, 20},
-};
-
-qsizetype FieldCount(engine::Engine& engine, const QString& path)
-{
-    const auto database = engine.OpenDatabase(path, engine::OpenMode::ReadOnly);
-    const qsizetype count = database->Table(kTable).fields.size();
-    database->Close();
-    return count;
-}
-
-/// nullopt after a box: an installation without its templates still has its comments.
-std::optional<qsizetype> ReferenceCount(const forms::Ports& ports, engine::Engine& engine,
-                                        const common::Globals& globals)
-{
-    const bool usersOwn = engine.Disk().FileExists(globals.G_UserDir + kReference);
-    try {
-        return FieldCount(engine, (usersOwn ? globals.G_UserDir : globals.G_ProgramDir) + kReference);
-    } catch (const RuntimeError&) {
-        ports.prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Critical, kCountTitle, kCountText);
-        return std::nullopt;
-    }
-}
-
-void AppendMissing(engine::Database& database)
-{
-    engine::Transaction all(database);
-    for (const NewField& row : kNewFields) {
-        engine::Field field;
-        field.name = QString(row.name);
-        field.type = row.size > 0 ? engine::FieldType::Text : engine::FieldType::LongBinary;
-        field.size = row.size;
-        field.allowZeroLength = true;
-        field.required = false;
-        try {
-            database.AppendField(kTable, field);
-        } catch (const RuntimeError& failure) {
-            // A table that already has some of the fields gets the rest.
-            if (failure.Number() != error::kFieldDefinedTwice)
-                throw;
-        }
-    }
-    all.Commit();
-}
-
-/// The file to itself; nullptr when the user stops waiting for the others.
-std::shared_ptr<engine::Database> OpenAlone(const forms::Ports& ports, engine::Engine& engine,
-                                            const QString& path)
-{
-    for (;;) {
-        try {
-            return engine.OpenDatabase(path, engine::OpenMode::Exclusive);
-        } catch (const RuntimeError& failure) {
-            if (failure.Number() != error::kExclusivelyLocked && failure.Number() != error::kInUseByOthers)
-                throw;
-            if (ports.prompter.MsgBox(forms::Buttons::RetryCancel, forms::Icon::Exclamation,
-                                      store::kPlainTitle, kFileLocked) != forms::Answer::Retry)
-                return nullptr;
-        }
-    }
-}
-
-} // namespace
-
 Upgrade CheckCommentsDBF(const forms::Ports& ports, engine::Engine& engine, const common::Globals& globals,
                          const QString& path)
 {
     const RoutineScope scope{"CheckCommentsDBF"};
-    const qsizetype present = FieldCount(engine, path);
-    const std::optional<qsizetype> wanted = ReferenceCount(ports, engine, globals);
+    const qsizetype present = store::FieldCount(engine, path);
+    const std::optional<qsizetype> wanted = store::ReferenceCount(ports, engine, globals);
     if (!wanted)
         return Upgrade::NoTemplate;
     if (present == *wanted)
@@ -108,10 +29,10 @@ Upgrade CheckCommentsDBF(const forms::Ports& ports, engine::Engine& engine, cons
                               globals.share != 0 ? kUpdateShared : kUpdateLocal) != forms::Answer::Yes)
         return Upgrade::Declined;
     try {
-        const auto database = OpenAlone(ports, engine, path);
+        const auto database = store::OpenAlone(ports, engine, path);
         if (!database)
             return Upgrade::Locked;
-        AppendMissing(*database);
+        store::AppendMissing(*database);
         database->Close();
     } catch (const RuntimeError& failure) {
         if (failure.Number() != error::kTableLocked)

@@ -46,13 +46,6 @@ inline const QString kUpdated =
 inline const QString kTableInUse =
     u"The database engine could not lock table 'COMPS' because it is already in use by another "
     "person or process. The update cannot continue."_s;
-inline const QString kFileLocked =
-    u"The file appears to be locked.  Please inform all network users to exit this application "
-    "so an update can take place."_s;
-inline const QString kCountTitle = u"Error processing databook field count"_s;
-inline const QString kCountText =
-    u"Unable to detect field count in databook.mdb (reference *new* files are missing or "
-    "corrupt). Reinstall the program and retry"_s;
 
 // What a step of a row is called; %1 its key.
 inline const QString kPhraseWords = u"Phrases of row %1"_s;

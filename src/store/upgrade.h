@@ -1,0 +1,30 @@
+#pragma once
+
+#include "common/globals.h"
+#include "forms/ports.h"
+#include "platform/engine/database.h"
+
+#include <memory>
+#include <optional>
+
+// The steps by which a file of an older version gets the fields that it lacks. Whether it needs them is told by the
+// number of its fields alone.
+
+namespace vasclip::store {
+
+/// How many fields the table of comps of a file has. @throws RuntimeError if it can't be read
+[[nodiscard]] qsizetype FieldCount(engine::Engine& engine, const QString& path);
+
+/// How many the template newdata.mdb has, of G_UserDir, else of G_ProgramDir.
+/// @return nothing if that can't be read, which has been told: an installation without its templates still works
+[[nodiscard]] std::optional<qsizetype> ReferenceCount(const forms::Ports& ports, engine::Engine& engine,
+                                                      const common::Globals& globals);
+
+/// A file with nobody else in it; nullptr when the user stops waiting for the others.
+[[nodiscard]] std::shared_ptr<engine::Database> OpenAlone(const forms::Ports& ports, engine::Engine& engine,
+                                                          const QString& path);
+
+/// Appends the fields that older files lack, all or none. Those that are there stay.
+void AppendMissing(engine::Database& database);
+
+} // namespace vasclip::store
