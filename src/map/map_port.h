@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace vasclip::map {
 
 /// What people do on the drawn map, as its window tells it. The rules answer through the engine and the controls.
@@ -14,6 +16,8 @@ public:
     [[nodiscard]] virtual street::StreetMap& Engine() = 0;
     /// The map comes to the screen: its files are opened the first time. @return are there any?
     virtual bool Shown() = 0;
+    /// Who is told that the street files are others now.
+    virtual void OnOtherMaps(std::function<void()> heard) = 0;
     /// A click on a point, by its `ID`. @return is the address on show that of the point?
     virtual bool PointClicked(qint32 id) = 0;
     /// A point was dragged and let go.

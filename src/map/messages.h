@@ -120,6 +120,15 @@ inline const QString kWithinFeet = u"%1, within %2 feet"_s;
 inline const QString kNotKnown = u"not known"_s;
 inline const QString kSureness = u"Subject: %1. Comp: %2"_s;
 
+// What other maps make of the Databook.
+inline const QString kMoves = u"%1: %2 feet, from %3 to %4"_s;
+inline const QString kNotFoundAnyMore = u"%1: not found; it keeps %2"_s;
+inline const QString kMoveCount = u"%1 records would move by more than 300 feet"_s;
+inline const QString kGoneCount = u"%1 are not found"_s;
+inline const QString kStayCount = u"%1 stay, %2 are anchored and never move"_s;
+inline const QString kUnplacedCount = u"%1 have no place or no whole address"_s;
+inline const QString kComparedPart = u"stopped after %1 of %2"_s;
+
 // The words of changes of records.
 inline const QString kPlaceWords = u"Place %1 on the map"_s;
 inline const QString kAnchorWords = u"Anchor %1 on the map"_s;

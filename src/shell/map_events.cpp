@@ -161,6 +161,13 @@ bool MapEvents::Shown()
     return true;
 }
 
+void MapEvents::TakeOtherMaps()
+{
+    m_parts.Open();
+    if (m_otherMaps)
+        m_otherMaps();
+}
+
 bool MapEvents::PointClicked(qint32 id)
 {
     return map::mapview_PointClick(m_parts.Desk(), id);

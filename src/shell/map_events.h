@@ -21,6 +21,7 @@ public:
 
     street::StreetMap& Engine() override;
     bool Shown() override;
+    void OnOtherMaps(std::function<void()> heard) override { m_otherMaps = std::move(heard); }
     bool PointClicked(qint32 id) override;
     void PointDropped(qint32 id, street::Place place) override;
     void GroundClicked(street::Place place) override;
@@ -29,6 +30,9 @@ public:
     void Step(const QString& spinner, int step) override;
     bool KeyDown(int keyCode, int shift) override;
     void KeyUp(int keyCode) override;
+
+    /// The directory of the maps has others now.
+    void TakeOtherMaps();
 
 private:
     void WireButtons();
@@ -42,6 +46,7 @@ private:
     forms::TabControl& m_tabSource;
     bool m_told = false; ///< missing files are told once
     bool m_ready = false;
+    std::function<void()> m_otherMaps;
 };
 
 } // namespace vasclip::shell

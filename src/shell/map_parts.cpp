@@ -31,9 +31,14 @@ QString NativePath(const files::Disk& disk, const QString& path)
 QString CreditOf(const street::MapData& maps)
 {
     QStringList sources;
-    for (const street::CountyRecord& county : maps.Counties())
-        if (!county.info.source.isEmpty() && !sources.contains(county.info.source))
-            sources.append(county.info.source);
+    for (const street::CountyRecord& county : maps.Counties()) {
+        for (QString source : county.info.source.split(u", "_s, Qt::SkipEmptyParts)) {
+            if (source == "OpenStreetMap"_L1) // its licence wants these words
+                source = u"\u00a9 OpenStreetMap contributors"_s;
+            if (!sources.contains(source))
+                sources.append(source);
+        }
+    }
     return sources.join(u", "_s);
 }
 
@@ -98,9 +103,14 @@ bool MapParts::Open()
     return m_desk->state.inUse;
 }
 
+street::Extent MapParts::Covered() const
+{
+    return m_maps ? m_maps->data.Covered() : street::Extent();
+}
+
 void MapParts::CentreOnMaps()
 {
-    const street::Extent covered = m_maps ? m_maps->data.Covered() : street::Extent();
+    const street::Extent covered = Covered();
     if (covered.IsEmpty())
         return;
     const auto middle = [](qint32 low, qint32 high) { return low + (high - low) / 2; };

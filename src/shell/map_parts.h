@@ -3,6 +3,7 @@
 #include "link/proximity_source.h"
 #include "map/map_controls.h"
 #include "map/map_desk.h"
+#include "map/map_rows.h"
 #include "map/proximity.h"
 #include "platform/street/street_map.h"
 
@@ -25,11 +26,14 @@ public:
     MapParts& operator=(const MapParts&) = delete;
 
     map::frm_MapTab tab;
+    map::CheckedMaps checked; ///< of the maps that were read whole in this run
 
     /// Opens the street files that the settings name, the first time or where they have been replaced. No box tells
     /// that there are none: see map::TestMapFiles.
     /// @return are there any?
     bool Open();
+    /// The ground of all maps; empty without them.
+    [[nodiscard]] street::Extent Covered() const;
     /// Shows the middle of what the maps cover.
     void CentreOnMaps();
     [[nodiscard]] map::MapDesk& Desk() { return *m_desk; }

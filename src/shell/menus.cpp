@@ -6,6 +6,7 @@
 #include "shell/frm_main.h"
 #include "shell/help.h"
 #include "shell/map_exports.h"
+#include "shell/map_maintenance.h"
 #include "shell/media.h"
 #include "shell/transfers.h"
 
@@ -103,6 +104,8 @@ constexpr Row kMaintenance[] = {
     {2, "Camera Views"_L1, [](frm_Main& m) { m.captureEvents.ShowCameraDir(); }},
     {3, "City Editing"_L1, [](frm_Main& m) { MassCity(m.program, m.shown); }},
     {4, "Trashcan Maintenance"_L1, [](frm_Main& m) { ShowTrash(m.program); }},
+    {5, kSeparator},
+    {6, "Map Data"_L1, [](frm_Main& m) { ShowMapData(m.program, m.map); }},
 };
 
 constexpr Row kTransfer[] = {

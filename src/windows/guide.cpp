@@ -62,6 +62,7 @@ std::span<const GuideTopic> GuideTopics()
         {"frm_StreetFind"_L1, "map.md"_L1},
         {"frm_Manual"_L1, "map.md"_L1},
         {"frm_MapPreview"_L1, "map.md"_L1},
+        {"frm_MapData"_L1, "map-data.md"_L1},
     };
     // clang-format on
     return kTopics;

@@ -20,7 +20,13 @@ MapPage::MapPage(map::MapPort& port, Binder& binder, Ui::frm_Main& ui)
     // The numbers beside the list of the circle, the selected point's, and two pictures on their way.
     m_binder.DeclareUnseen({u"lstids"_s, u"lblMapID"_s, u"mapPic"_s, u"geatemp"_s});
     connect(ui.tabSource, &QTabWidget::currentChanged, this, &MapPage::Open);
+    m_port.OnOtherMaps([this] { Open(); });
     Open();
+}
+
+MapPage::~MapPage()
+{
+    m_port.OnOtherMaps({});
 }
 
 void MapPage::Build()

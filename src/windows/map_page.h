@@ -22,6 +22,7 @@ class MapPage : public QObject
 public:
     /// All of it outlives the page.
     MapPage(map::MapPort& port, Binder& binder, Ui::frm_Main& ui);
+    ~MapPage() override;
 
     void Build();
     /// What is on show follows the maps, if the tab is.

@@ -27,6 +27,7 @@ void Layout_frm_CameraDir(QDialog& window, forms::Screen& screen);
 void Layout_frm_Overwrite(QDialog& window, forms::Screen& screen);
 void Layout_frm_Manual(QDialog& window, forms::Screen& screen);
 void Layout_frm_MapPreview(QDialog& window, forms::Screen& screen);
+void Layout_frm_MapData(QDialog& window, forms::Screen& screen);
 void Layout_frm_StreetFind(QDialog& window, forms::Screen& screen);
 void Layout_frm_Rename(QDialog& window, forms::Screen& screen);
 void Layout_frm_SearchPics(QDialog& window, forms::Screen& screen);

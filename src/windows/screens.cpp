@@ -43,6 +43,7 @@ std::span<const ScreenEntry> Screens()
         {"frm_StreetFind"_L1, Layout_frm_StreetFind},
         {"frm_Manual"_L1, Layout_frm_Manual},
         {"frm_MapPreview"_L1, Layout_frm_MapPreview},
+        {"frm_MapData"_L1, Layout_frm_MapData},
         {"frm_Trash"_L1, Layout_frm_Trash},
     };
     // clang-format on
