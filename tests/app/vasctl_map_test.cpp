@@ -121,6 +121,11 @@ TEST_F(VasctlMap, ExportsTheReportsAddresses)
         ASSERT_EQ(ended.code, kDone) << kind.toStdString() << ended.err.toStdString();
         const QString file = ended.Object()[u"file"_s].toString();
         EXPECT_TRUE(file.startsWith(u"C:\\"_s)) << file.toStdString();
+        const QString words = ended.Object()[u"message"_s].toString();
+        const QString led = kind == u"streets"_s       ? u"In MS Streets, select Data, Import Data Wizard, "_s
+                            : kind == u"streets2001"_s ? u"In MS Streets, select File, Import Data, "_s
+                                                       : u"In Street Atlas USA, select File, "_s;
+        EXPECT_TRUE(words.startsWith(led)) << words.toStdString();
         if (!kind.startsWith(u"delorme"_s))
             continue;
         QString below = file.mid(3).replace(u'\\', u'/');
@@ -284,7 +289,10 @@ TEST_F(VasctlMap, ImportsStreetFiles)
     const Ended ended = Mapdata({u"import"_s, file.fileName(), u"--county"_s, u"Harbor"_s, u"--state"_s, u"OR"_s,
                                  u"--account"_s, account});
     ASSERT_EQ(ended.code, kDone) << ended.err.toStdString();
-    EXPECT_TRUE(ended.out.contains("taken 2 houses")) << ended.out.toStdString();
+    EXPECT_EQ(ended.Object()[u"taken"_s].toArray(), (QJsonArray{u"1 counties"_s, u"2 houses"_s})) << ended.out.toStdString();
+    EXPECT_FALSE(ended.out.contains("progress")) << "nobody sits at a terminal";
+    const Ended told = home.Vasctl({u"--plain"_s, u"mapdata"_s, u"import"_s, file.fileName(), u"--county"_s, u"Harbor"_s});
+    EXPECT_EQ(told.out, QByteArray("Taken: 1 counties\nTaken: 2 houses\n"));
     EXPECT_TRUE(QFile::exists(account));
     EXPECT_EQ(Mapdata({u"list"_s}).Array().size(), 2);
     const QJsonObject house = Map({u"geocode"_s, u"9 Pier St, Harbor, OR"_s}).Array()[0].toObject();
@@ -292,6 +300,50 @@ TEST_F(VasctlMap, ImportsStreetFiles)
     EXPECT_NEAR(house[u"longitude"_s].toDouble(), -121.5002, 1e-6);
     EXPECT_EQ(Mapdata({u"import"_s, sources.filePath(u"none.shp"_s)}).code, kFailed);
     EXPECT_EQ(home.Vasctl({u"mapdata"_s, u"list"_s, u"--county"_s, u"X"_s}).code, kUsage);
+}
+
+TEST_F(VasctlMap, ListsTheRecordsThatNewMapsWouldMove)
+{
+    const QJsonObject record = Located()[0].toObject();
+    const QString key = record[u"CENTRALKEY"_s].toString().trimmed();
+    EXPECT_EQ(Mapdata({u"use"_s}).code, kNotFound);
+    EXPECT_TRUE(Mapdata({u"diff"_s}).Array().isEmpty()) << "the demo's records stand where its maps have them";
+    const double north = record[u"LATITUDE"_s].toVariant().toDouble() + 0.01;
+    const QTemporaryDir sources;
+    QFile file(sources.filePath(u"houses.csv"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(u"number,street,city,postcode,lon,lat\n%1,%2,%3,%4,%5,%6\n"_s
+                   .arg(key.section(u' ', 0, 0), key.section(u' ', 1), record[u"CITY"_s].toString(),
+                        record[u"ZIP"_s].toString(), record[u"LONGITUDE"_s].toVariant().toString())
+                   .arg(north, 0, 'f', 6)
+                   .toUtf8());
+    file.close();
+    ASSERT_EQ(Mapdata({u"import"_s, file.fileName(), u"--county"_s, u"Calder"_s, u"--state"_s, u"OR"_s, u"--beside"_s}).code,
+              kDone);
+    EXPECT_GT(Mapdata({u"list"_s}).Array()[0].toObject()[u"streets"_s].toInt(), 100) << "it waits";
+    // The farthest first; the others are not on this map of one house.
+    const auto moves = [this] {
+        QJsonArray moved;
+        for (const QJsonValue& row : Mapdata({u"diff"_s}).Array())
+            if (row.toObject()[u"feet"_s].isDouble())
+                moved.append(row);
+        return moved;
+    };
+    EXPECT_EQ(Mapdata({u"diff"_s}).Array().size(), Located().size());
+    ASSERT_EQ(moves().size(), 1) << Mapdata({u"diff"_s}).out.toStdString();
+    const QJsonObject moved = moves()[0].toObject();
+    EXPECT_EQ(moved[u"key"_s], key);
+    EXPECT_NEAR(moved[u"feet"_s].toDouble(), 3645, 60); // a hundredth of a degree
+    EXPECT_NEAR(moved[u"newLatitude"_s].toDouble(), north, 1e-6);
+    EXPECT_EQ(Mapdata({u"use"_s}).code, kDone);
+    EXPECT_EQ(Mapdata({u"list"_s}).Array()[0].toObject()[u"streets"_s].toInt(), 0);
+    EXPECT_EQ(moves().size(), 1) << "it stands there until it is placed";
+    ASSERT_EQ(home.Vasctl({u"--yes"_s, u"map"_s, u"anchor"_s, key, record[u"LATITUDE"_s].toVariant().toString(),
+                           record[u"LONGITUDE"_s].toVariant().toString()})
+                  .code,
+              kDone);
+    EXPECT_TRUE(moves().isEmpty()) << "what is anchored never moves";
+    EXPECT_EQ(Mapdata({u"discard"_s}).code, kNotFound);
 }
 
 } // namespace

@@ -35,7 +35,7 @@ constexpr std::array kRows = {
     Row{"drop"_L1, ""_L1, "on"_L1},
     Row{"transfer"_L1, ""_L1, "data pictures"_L1},
     Row{"map"_L1, "picture"_L1, "out"_L1},
-    Row{"mapdata"_L1, "import"_L1, "county state source date account"_L1},
+    Row{"mapdata"_L1, "import"_L1, "county state source date account beside"_L1},
 };
 
 struct CommandRow
@@ -61,7 +61,7 @@ constexpr std::array kCommands = {
     CommandRow{"settings"_L1, "list get set"_L1},
     CommandRow{"comments"_L1, "list key add delete"_L1},
     CommandRow{"map"_L1, "geocode reverse picture place proximity find anchor export"_L1},
-    CommandRow{"mapdata"_L1, "import list verify remove"_L1},
+    CommandRow{"mapdata"_L1, "import list verify diff use discard remove"_L1},
     CommandRow{"doctor"_L1, ""_L1},
     CommandRow{"databook"_L1, "copy"_L1},
 };

@@ -97,10 +97,15 @@ Commands:
                           the demo also without a report
   map export delorme      the report's addresses for an outside map program, into the map export directory; or
                           delorme2005, streets, streets2001
-  mapdata import SOURCE ... [--county NAME] [--state ST] [--source WORDS] [--date DATE] [--account FILE]
-                          makes street maps of public street files: TIGER/Line, OpenStreetMap, address points
+  mapdata import SOURCE ... [--county NAME] [--state ST] [--source WORDS] [--date DATE] [--account FILE] [--beside]
+                          makes street maps of public street files: TIGER/Line, OpenStreetMap, address points. With
+                          --beside they wait beside those in use
   mapdata list            the street maps of this home
   mapdata verify          reads them from end to end; exit code 1 if one is damaged
+  mapdata diff            the records that the maps that wait would move by more than 300 feet; without such maps,
+                          those that stand so far from where the maps in use have them
+  mapdata use             takes the maps that wait into use
+  mapdata discard         deletes the maps that wait
   mapdata remove COUNTY   takes one away
   layouts list            the saved layouts of the grid
   layouts show NAME       its columns in their order
@@ -211,6 +216,7 @@ int main(int argc, char* argv[])
         {u"source"_s, u"Where street files come from, in words."_s, u"WORDS"_s},
         {u"date"_s, u"Their date."_s, u"DATE"_s},
         {u"account"_s, u"A file for what an import left out, and why."_s, u"FILE"_s},
+        {u"beside"_s, u"New maps wait beside those in use."_s},
         {u"type"_s, u"Comp type of a new record (F)."_s, u"LETTER"_s},
         {u"city"_s, u"A city."_s, u"NAME"_s},
         {u"state"_s, u"Its state."_s, u"ST"_s},

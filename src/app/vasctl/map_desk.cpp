@@ -8,7 +8,6 @@
 #include "map/selection.h"
 #include "map/slot_labels.h"
 #include "map/view.h"
-#include "platform/street/geocode.h"
 
 namespace vasclip::vasctl {
 
@@ -46,36 +45,16 @@ bool HasComps(const map::MapDesk& desk, const link::GroupRow& row)
 
 } // namespace
 
-MapSession::MapSession(Session& session)
-    : m_maps(std::make_shared<const street::MapData>(MapDirectory(session)))
-    , m_tab(m_controls)
-    , m_street({.cells = m_maps,
-                .geocoder = std::make_shared<const street::MapGeocoder>(*m_maps),
-                .toNative = [&disk = session.Disk()](const QString& path) { return disk.ToNative(path); }})
-    , m_desk{.map = m_street,
-             .tab = m_tab,
-             .report = session.WithDatabook().report,
-             .addr = session.Home().addr,
-             .sources = session.Home().sources,
-             .globals = session.Home().globals,
-             .ports = session.Ports(),
-             .status = session.Home().status,
-             .disk = session.Disk(),
-             .loader = session.Home().Loader(),
-             .link = &session.Home().Link()}
+shell::MapParts* OpenMap(Session& session, const Output& out)
 {
-    m_desk.state.inUse = m_maps->IsOpen();
-    if (m_maps->IsOpen())
-        map::ConfigureMap(m_desk);
-}
-
-std::unique_ptr<MapSession> OpenMap(Session& session, const Output& out)
-{
-    auto map = std::make_unique<MapSession>(session);
-    if (map->Maps().IsOpen())
-        return map;
-    out.Error(NoMaps(map->Maps().Directory()));
-    return nullptr;
+    const QString directory = MapDirectory(session);
+    shell::MapParts& map = session.WithDatabook().Map();
+    if (!map.Open()) {
+        out.Error(NoMaps(directory));
+        return nullptr;
+    }
+    map::ConfigureMap(map.Desk());
+    return &map;
 }
 
 Placement PlaceReport(map::MapDesk& desk, std::span<const link::Group> groups)

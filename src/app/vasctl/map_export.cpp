@@ -2,6 +2,7 @@
 
 #include "link/messages.h"
 #include "map/exports.h"
+#include "shell/map_exports.h"
 
 namespace vasclip::vasctl {
 
@@ -17,11 +18,10 @@ int MapExport(Session& session, const Output& out, const QStringList& words)
     if (!session.ReportIsOpen(out, link::messages::kNotRunning))
         return kNoLink;
     shell::Program& program = session.WithReport();
-    const map::ExportDesk desk{program.addr,    program.sources, program.globals,
-                               program.Ports(), program.status,  program.Disk()};
+    const map::ExportDesk desk = shell::Exports(program);
     const map::ExportResult result = words[0] == u"delorme"_s       ? map::ExportDelorme(desk)
                                      : words[0] == u"delorme2005"_s ? map::ExportDelorme2005(desk)
-                                                                    : map::ExportMSStreets(desk, words[0] == u"streets2001"_s);
+                                                                    : map::ExportMSStreets(desk, words[0] == u"streets"_s);
     if (!result.written)
         return kFailed; // the box has told why
     const QString message = program.status.lblmsg.Caption();

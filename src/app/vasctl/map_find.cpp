@@ -59,7 +59,7 @@ int MapFind(Session& session, const Output& out, const QStringList& words)
         out.Error(u"Usage: vasctl map find ADDRESS, or a label of the report: SUBJECT, \"COMP #1\""_s);
         return kUsage;
     }
-    const std::unique_ptr<MapSession> map = OpenMap(session, out);
+    shell::MapParts* const map = OpenMap(session, out);
     if (!map)
         return kFailed;
     map::MapDesk& desk = map->Desk();

@@ -67,7 +67,7 @@ int MapPicture(Session& session, const Output& out, const QStringList& words, co
         out.Error(link::messages::kNotRunning);
         return kNoLink;
     }
-    const std::unique_ptr<MapSession> map = OpenMap(session, out);
+    shell::MapParts* const map = OpenMap(session, out);
     if (!map)
         return kFailed;
     map::MapDesk& desk = map->Desk();

@@ -61,7 +61,7 @@ int MapPlace(Session& session, const Output& out, const QStringList& words)
 {
     if (words.isEmpty() && !session.ReportIsOpen(out, link::messages::kNotRunning))
         return kNoLink;
-    const std::unique_ptr<MapSession> map = OpenMap(session, out);
+    shell::MapParts* const map = OpenMap(session, out);
     if (!map)
         return kFailed;
     map::MapDesk& desk = map->Desk();
@@ -85,7 +85,7 @@ int MapSendProximity(Session& session, const Output& out, const QStringList& wor
     }
     if (!session.ReportIsOpen(out, link::messages::kNotRunning))
         return kNoLink;
-    const std::unique_ptr<MapSession> map = OpenMap(session, out);
+    shell::MapParts* const map = OpenMap(session, out);
     if (!map)
         return kFailed;
     map::MapDesk& desk = map->Desk();
@@ -115,14 +115,16 @@ int MapAnchor(Session& session, const Output& out, const QStringList& words)
     if (!place)
         return kUsage;
     const QString key = text::Folded(words[0]);
-    MapSession map(session);
+    static_cast<void>(MapDirectory(session)); // which the settings name
+    shell::MapParts& map = session.WithDatabook().Map();
+    const bool maps = map.Open();
     map::MapDesk& desk = map.Desk();
     if (!map::FindComp(desk, key)) {
         out.Error(u"There is no record '%1' in the Databook."_s.arg(key));
         return kNotFound;
     }
     // A longitude without its sign lies on another continent.
-    if (map.Maps().IsOpen() && !map.Maps().Covered().Contains(*place) &&
+    if (maps && !map.Covered().Contains(*place) &&
         !session.Prompter().YesNo(u"Anchor"_s, u"%1 %2 lies outside of all street maps. Anchor %3 there?"_s.arg(
                                                    Degrees(place->latitude), Degrees(place->longitude), key)))
         return kDeclined;
