@@ -36,6 +36,7 @@ std::span<const TourStep> TourSteps()
         {"trash and restore"_L1, TrashAndRestore},
         // the map
         {"subject and comps on the map"_L1, Map},
+        {"map data"_L1, MapData},
         // setting up
         {"grid layouts"_L1, GridLayouts},
         {"settings"_L1, Settings},

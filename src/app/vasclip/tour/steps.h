@@ -68,6 +68,7 @@ bool TrashAndRestore(const Stage& stage);
 
 // tour/map.cpp
 bool Map(const Stage& stage);
+bool MapData(const Stage& stage);
 
 // tour/settings.cpp
 bool GridLayouts(const Stage& stage);
