@@ -304,7 +304,13 @@ TEST_F(VasctlMap, ImportsStreetFiles)
 
 TEST_F(VasctlMap, ListsTheRecordsThatNewMapsWouldMove)
 {
-    const QJsonObject record = Located()[0].toObject();
+    // A record whose place was found, not put right by hand.
+    const QJsonArray free =
+        home.Vasctl({u"sql"_s, u"SELECT CENTRALKEY, CITY, ZIP, LATITUDE, LONGITUDE FROM COMPS WHERE LATITUDE > '' AND "
+                               "(ANCHORED IS NULL OR ANCHORED <> '1')"_s})
+            .Array();
+    ASSERT_FALSE(free.isEmpty());
+    const QJsonObject record = free[0].toObject();
     const QString key = record[u"CENTRALKEY"_s].toString().trimmed();
     EXPECT_EQ(Mapdata({u"use"_s}).code, kNotFound);
     EXPECT_TRUE(Mapdata({u"diff"_s}).Array().isEmpty()) << "the demo's records stand where its maps have them";
@@ -329,7 +335,7 @@ TEST_F(VasctlMap, ListsTheRecordsThatNewMapsWouldMove)
                 moved.append(row);
         return moved;
     };
-    EXPECT_EQ(Mapdata({u"diff"_s}).Array().size(), Located().size());
+    EXPECT_GE(Mapdata({u"diff"_s}).Array().size(), free.size());
     ASSERT_EQ(moves().size(), 1) << Mapdata({u"diff"_s}).out.toStdString();
     const QJsonObject moved = moves()[0].toObject();
     EXPECT_EQ(moved[u"key"_s], key);
