@@ -110,6 +110,10 @@ bool AnchorByDragging(const Stage& stage)
 /// The map picture and the proximities of the report; what is sent is held against the report at the tour's end.
 bool SendToReport(const Stage& stage)
 {
+    if (!stage.tour.During(
+            u"cmdPreviewMap"_s, [&] { Press(stage, u"cmdPreviewMap"_s); },
+            [&](QWidget& dialog) { stage.tour.Shoot(dialog, u"map-preview"_s); }))
+        return false;
     const qsizetype images = stage.recorder.Images().size();
     if (!Press(stage, u"cmdCopyMap"_s))
         return false;
