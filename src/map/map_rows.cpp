@@ -24,7 +24,7 @@ struct Column
 const std::array<Column, 9>& Table()
 {
     namespace words = mapdata_words;
-    static const std::array<Column, 9> kColumns{{{"COUNTY"_L1, words::kCounty, 84, false},
+    static const std::array<Column, 9> kColumns{{{"MAP"_L1, words::kCounty, 84, false},
                                                  {"STATE"_L1, words::kState, 60, false},
                                                  {"SOURCE"_L1, words::kSource, 150, false},
                                                  {"DATE"_L1, words::kDate, 88, false},

@@ -4,7 +4,7 @@
 #include "map/map_addresses.h"
 #include "map/messages.h"
 #include "platform/street/geodesy.h"
-#include "platform/text/text.h"
+#include "store/fields.h"
 #include "store/record.h"
 
 #include <QLocale>
@@ -41,11 +41,11 @@ void Compare(const MapDesk& desk, const QString& key, const street::Geocoder* be
         ++tally.anchored;
         return;
     }
-    const bool whole = !record->Text(u"CITY"_s).isEmpty() && !record->Text(u"ST"_s).isEmpty();
+    const bool whole = !record->Text(fields::CITY).isEmpty() && !record->Text(fields::ST).isEmpty();
     const QString address = RecordMapAddress(desk, key, *record);
     std::optional<street::Place> from;
     if (HasLocation(*record))
-        from = street::Place{Millionths(record->Text(u"LATITUDE"_s)), Millionths(record->Text(u"LONGITUDE"_s))};
+        from = street::Place{Millionths(record->Text(fields::LATITUDE)), Millionths(record->Text(fields::LONGITUDE))};
     else if (whole && before)
         from = Found(*before, address);
     if (!whole || !from) {
@@ -75,15 +75,14 @@ MoveTally CompareMaps(MapDesk& desk, const street::Geocoder* before, const stree
     const store::DataSource& databook = desk.sources.datDatabook;
     if (!databook.Bound())
         return tally;
-    const auto rows = databook.Database().OpenRecordset(
-        u"SELECT CENTRALKEY FROM [%1] ORDER BY CENTRALKEY"_s.arg(databook.RecordSource()),
-        engine::RecordsetType::Dynaset);
-    tally.of = rows->RecordCount();
-    for (; !rows->Eof(); rows->MoveNext()) {
+    store::Rows rows = store::ReadRows(
+        databook, u"SELECT CENTRALKEY FROM [%1] ORDER BY CENTRALKEY"_s.arg(databook.RecordSource()));
+    tally.of = rows.Count();
+    while (const std::optional<store::Record> row = rows.Next()) {
         if (goesOn && !goesOn(tally.seen, tally.of))
             break;
         ++tally.seen;
-        const QString key = text::Trim(rows->Value(u"CENTRALKEY"_s).toString());
+        const QString key = row->Text(fields::CENTRALKEY);
         if (!key.isEmpty())
             Compare(desk, key, before, after, tally);
     }

@@ -5,6 +5,7 @@
 #include "map/exports.h"
 #include "map/map_desk.h"
 #include "shell/map_parts.h"
+#include "store/fields.h"
 #include "windows/map_view.h"
 
 #include <QAbstractButton>
@@ -78,7 +79,7 @@ void Drag(QWidget& view, QPointF from, QPointF to)
 QString Anchored(const Stage& stage, const QString& key)
 {
     const auto record = map::FindComp(Parts(stage).Desk(), key);
-    return record ? record->Text(u"ANCHORED"_s) : QString();
+    return record ? record->Text(fields::ANCHORED) : QString();
 }
 
 /// Drags a comp's arrow to another place, which anchors its record, and takes the anchor off again.
@@ -145,7 +146,7 @@ bool LocateSearch(const Stage& stage)
         });
     auto* tabs = stage.window.findChild<QTabWidget*>(u"tabSource"_s);
     tabs->setCurrentIndex(1);
-    const qint64 count = stage.main.sources.datsql.Recordset().RecordCount();
+    const qint64 count = stage.main.sources.datsql.Count();
     const bool pressed = Press(stage, u"cmdGeoComp"_s);
     Settle(kDrawn);
     const auto placed = static_cast<qint64>(Parts(stage).Street().Points().size());
