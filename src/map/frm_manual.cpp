@@ -80,7 +80,8 @@ frm_Manual::frm_Manual(MapDesk& desk)
     connect(&lstLabel, &forms::Control::Clicked, this, &frm_Manual::lstLabel_Click);
     connect(&lstLabel, &forms::Control::DoubleClicked, this, [this] {
         lstLabel_Click();
-        cmdOk_Click();
+        if (lstLabel.ListIndex() >= 0 && lstLabel.List(lstLabel.ListIndex()) != kSeparatorRow)
+            cmdOk_Click();
     });
     connect(&cmdOk, &forms::Control::Clicked, this, &frm_Manual::cmdOk_Click);
     connect(&cmdCancel, &forms::Control::Clicked, this, &frm_Manual::Unload);
@@ -89,16 +90,30 @@ frm_Manual::frm_Manual(MapDesk& desk)
 void frm_Manual::Form_Load()
 {
     const common::RoutineScope scope{"frm_Manual"};
+    FillLabels();
+    const auto colour = std::find(kColours.begin(), kColours.end(), ColourWord(m_desk.globals.arrowColor));
+    Choose(optcolor, static_cast<int>(colour - kColours.begin()));
+    Choose(optwhichdot, kArrow);
+    ShowIcons();
+}
+
+void frm_Manual::FillLabels()
+{
+    lstLabel.Clear();
+    lstAssoc.Clear();
     Add(kSubject, AddressAt(m_desk, {}));
     const Group active = ActiveGroup(m_desk.report);
     AddGroup(active);
     for (const Group group : kMapGroups)
         if (group != active)
             AddGroup(group);
-    const auto colour = std::find(kColours.begin(), kColours.end(), ColourWord(m_desk.globals.arrowColor));
-    Choose(optcolor, static_cast<int>(colour - kColours.begin()));
-    Choose(optwhichdot, kArrow);
-    ShowIcons();
+}
+
+/// Does the report still have that comp in its place? It may have been closed meanwhile.
+bool frm_Manual::RowStands() const
+{
+    const std::optional<link::SlotRef> slot = SlotOfLabel(txtlabel.Text());
+    return AddressAt(m_desk, slot.value_or(link::SlotRef{})) == m_address;
 }
 
 void frm_Manual::Add(const QString& row, const QString& address)
@@ -175,6 +190,12 @@ void frm_Manual::cmdOk_Click()
         return;
     if (txtlabel.Text().isEmpty()) {
         m_desk.ports.prompter.Info(messages::kNoRowTitle, messages::kNoRow);
+        return;
+    }
+    if (!RowStands()) {
+        m_desk.ports.prompter.Info(Caption(), messages::kRowChanged.arg(txtlabel.Text()));
+        txtlabel.SetText(QString());
+        FillLabels();
         return;
     }
     m_desk.map.DoAction(street::action::kReadCentre);

@@ -34,6 +34,8 @@ protected:
     void Form_Load() override;
 
 private:
+    void FillLabels();
+    [[nodiscard]] bool RowStands() const;
     void Add(const QString& row, const QString& address);
     void AddGroup(link::Group group);
     [[nodiscard]] QString Arrow(int direction) const;

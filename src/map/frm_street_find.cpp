@@ -129,9 +129,15 @@ frm_StreetFind::frm_StreetFind(MapDesk& desk)
         {&lblzip, &txtZip},        {&lblcounty, &txtCounty}, {&lblMapLabel, &txtlabel}};
     for (const auto& [label, box] : fields)
         connect(label, &forms::Control::Clicked, this, [box = box] { box->SetText(QString()); });
-    connect(&lstaddress, &forms::ListBox::ListIndexChanged, this, &frm_StreetFind::lstaddress_Click);
-    connect(&lstCity, &forms::ListBox::ListIndexChanged, this, &frm_StreetFind::lstCity_Click);
-    connect(&lstLabel, &forms::ListBox::ListIndexChanged, this, &frm_StreetFind::lstLabel_Click);
+    // A click on the row that is chosen already fills the boxes again.
+    const std::pair<forms::ListBox*, void (frm_StreetFind::*)()> lists[] = {
+        {&lstaddress, &frm_StreetFind::lstaddress_Click},
+        {&lstCity, &frm_StreetFind::lstCity_Click},
+        {&lstLabel, &frm_StreetFind::lstLabel_Click}};
+    for (const auto& [list, clicked] : lists) {
+        connect(list, &forms::ListBox::ListIndexChanged, this, clicked);
+        connect(list, &forms::Control::Clicked, this, clicked);
+    }
     connect(&lstcandidates, &forms::Control::Clicked, this, &frm_StreetFind::lstcandidates_Click);
     connect(&cmdFind, &forms::Control::Clicked, this, &frm_StreetFind::cmdFind_Click);
     connect(&cmdCancel, &forms::Control::Clicked, this, &frm_StreetFind::Unload);
@@ -166,6 +172,7 @@ void frm_StreetFind::optfind_Click(int index)
     for (forms::Control* control : right)
         control->SetVisible(address);
     lstLabel.SetVisible(!address);
+    lstcandidates.SetVisible(false);
     lblmsg.SetCaption(QString());
 }
 
@@ -180,13 +187,13 @@ void frm_StreetFind::lstaddress_Click()
         return;
     const QString key = lstaddress.List(lstaddress.ListIndex());
     const std::optional<store::Record> record = FindComp(m_desk, key);
-    if (!record)
-        return;
+    const auto field = [&record](const QString& name) { return record ? record->Text(name) : QString(); };
     txtStreet.SetText(key);
-    txtCity.SetText(record->Text(fields::CITY));
-    txtState.SetText(record->Text(fields::ST));
-    txtZip.SetText(record->Text(fields::ZIP));
-    txtCounty.SetText(record->Text(fields::COUNTY));
+    txtCity.SetText(field(fields::CITY));
+    txtState.SetText(field(fields::ST));
+    txtZip.SetText(field(fields::ZIP));
+    txtCounty.SetText(field(fields::COUNTY));
+    lblmsg.Show(record ? QString() : messages::kRecordGone.arg(key), forms::Colour::Red);
 }
 
 void frm_StreetFind::lstCity_Click()
@@ -214,7 +221,7 @@ void frm_StreetFind::cmdFind_Click()
 {
     link::Reported(m_desk.ports.prompter, "frm_StreetFind", [&] {
         lblmsg.SetCaption(QString());
-        lstcandidates.SetVisible(false);
+        ForgetCandidates();
         if (optfind(kByAddress).Value())
             FindAddress();
         else
@@ -245,6 +252,8 @@ void frm_StreetFind::FindAddress()
             KeepPlacedFor(m_desk, id);
         }
         MapCenterOnAddress(m_desk, Location());
+        if (m_desk.map.Status() < 0) // no such address, but there is its point
+            CentreOnPoint(m_desk, id);
         return;
     }
     QList<RecordLocation> found;
@@ -256,6 +265,7 @@ void frm_StreetFind::FindAddress()
         ++m_desk.state.g_MapPointCount;
         SaveLocations(m_desk, found);
         CentreOnPoint(m_desk, id);
+        lblmsg.Show(messages::kPlaced.arg(look.text), forms::Colour::Blue);
     } else if (const std::optional<street::Place> place = MapFindAddress(m_desk, Location())) {
         MapCenterOnLatLong(m_desk, DegreesText(place->latitude), DegreesText(place->longitude));
     } else if (!OfferCandidates()) {
@@ -272,12 +282,23 @@ bool frm_StreetFind::OfferCandidates()
         rows << DegreesText(candidate.place.latitude) + u' ' + DegreesText(candidate.place.longitude) + u' ' +
                     candidate.address;
     lstcandidates.SetItems(rows);
-    ShowCandidates(m_desk, lstcandidates, true);
+    m_candidates = ShowCandidates(m_desk, lstcandidates, true);
     if (rows.isEmpty())
         return false;
     lstcandidates_Click();
-    lblmsg.Show(messages::kSeveralPlaces.arg(rows.size()), forms::Colour::Blue);
+    lblmsg.Show(rows.size() == 1 ? messages::kOnePlace : messages::kSeveralPlaces.arg(rows.size()),
+                forms::Colour::Blue);
     return true;
+}
+
+/// The pins of the question before go, so that those of the next one can be told.
+void frm_StreetFind::ForgetCandidates()
+{
+    lstcandidates.SetVisible(false);
+    for (const qint32 id : std::exchange(m_candidates, {})) {
+        m_desk.map.SetID(id);
+        m_desk.map.DoAction(action::kDeletePoint);
+    }
 }
 
 void frm_StreetFind::FindLabel()
@@ -301,8 +322,9 @@ std::optional<street::Place> MapFindAddress(MapDesk& desk, const QString& addres
     return street::Place{desk.map.Latitude(), desk.map.Longitude()};
 }
 
-void ShowCandidates(MapDesk& desk, forms::ListBox& list, bool firstKind)
+QList<qint32> ShowCandidates(MapDesk& desk, forms::ListBox& list, bool firstKind)
 {
+    QList<qint32> ids;
     QString directory = desk.globals.arrowsDir;
     const QString picture =
         common::StripRChar(directory) + (firstKind ? u"\\pinred.bmp"_s : u"\\pingreen.bmp"_s);
@@ -310,7 +332,8 @@ void ShowCandidates(MapDesk& desk, forms::ListBox& list, bool firstKind)
     for (int i = 0; i < list.ListCount(); ++i) {
         list.SetListIndex(i);
         const QString row = list.List(i);
-        desk.map.SetID(NextPoint(desk));
+        ids.append(NextPoint(desk));
+        desk.map.SetID(ids.last());
         desk.map.SetLatitude(Millionths(row.section(u' ', 0, 0)));
         desk.map.SetLongitude(Millionths(row.section(u' ', 1, 1)));
         desk.map.SetFlags(TransparencyBits(desk) | flag::kFoundPlace);
@@ -324,6 +347,7 @@ void ShowCandidates(MapDesk& desk, forms::ListBox& list, bool firstKind)
         list.SetListIndex(0);
         list.SetVisible(true);
     }
+    return ids;
 }
 
 } // namespace vasclip::map

@@ -41,8 +41,10 @@ private:
     void FindAddress();
     void FindLabel();
     [[nodiscard]] bool OfferCandidates();
+    void ForgetCandidates();
 
     MapDesk& m_desk;
+    QList<qint32> m_candidates; ///< pins of the last question
 };
 
 /// Looks an address up without placing anything. @return its place, if it was found north of the equator
@@ -50,6 +52,7 @@ private:
 
 /// Sets a pin for each row of a list, which begins with a latitude and a longitude in degrees.
 /// @param firstKind  red pins, else green ones
-void ShowCandidates(MapDesk& desk, forms::ListBox& list, bool firstKind);
+/// @return their numbers
+QList<qint32> ShowCandidates(MapDesk& desk, forms::ListBox& list, bool firstKind);
 
 } // namespace vasclip::map

@@ -9,6 +9,7 @@ using namespace Qt::Literals::StringLiterals;
 inline const QString kMapFilesTitle = u"Map files missing"_s;
 inline const QString kMapFiles =
     u"The mapping files are missing (or partially missing) from %1 -  Please reinstall the mapping program."_s;
+inline const QString kMapProblems = u"Missing on the map: %1. Import these counties again with Map Data"_s;
 inline const QString kFailedWith = u"Failed with error %1"_s;
 
 inline const QString kInsufficientTitle = u"Insufficient Address Data"_s;
@@ -53,9 +54,13 @@ inline const QString kNoComps =
 inline const QString kNoRowTitle = u"No Comparable Chosen"_s;
 inline const QString kNoRow =
     u"Please choose text from the list box provided (click on) before placing arrow"_s;
+inline const QString kRowChanged =
+    u"The report has changed meanwhile, and %1 is not that address any more. Choose from the list again"_s;
 inline const QString kNoStreet = u"Type a street address first"_s;
 inline const QString kNoLabel = u"Choose a label first"_s;
 inline const QString kAddressNotFound = u"%1 was not found. Leave the city or the ZIP out, or try the street alone"_s;
+inline const QString kOnePlace = u"Not sure. This place may be meant; it has a pin on the map"_s;
+inline const QString kRecordGone = u"%1 is not in the Databook any more"_s;
 inline const QString kSeveralPlaces = u"%1 places may be meant. Choose one from the list"_s;
 inline const QString kLabelNotFound = u"%1 is not on the map"_s;
 
@@ -67,6 +72,9 @@ inline const QString kLocatedNotFound = u"; %1 were not found: %2"_s;
 inline const QString kLocatedSkipped = u"; %1 have no address, city or state"_s;
 inline const QString kLocatedStopped = u"; stopped after %1 of %2"_s;
 inline const QString kLocating = u"Comp %1 of %2"_s;
+
+inline const QString kNoRadius = u"Type the miles of the circle"_s;
+inline const QString kNoCircle = u"No circle: the subject is not on the map, and its address was not found"_s;
 
 inline const QString kAnchored = u"%1 is anchored: it stays at this place"_s;
 inline const QString kAnchoredHere =

@@ -80,6 +80,7 @@ void Layout_frm_StreetFind(QDialog& window, forms::Screen&)
                                                   {u"lblzip"_s, u"txtZip"_s},
                                                   {u"lblcounty"_s, u"txtCounty"_s},
                                                   {u"lblMapLabel"_s, u"txtlabel"_s}};
+    auto* byLabel = window.findChild<QRadioButton*>(u"optfind_1"_s);
     int row = 0;
     for (const auto& [label, box] : fields) {
         auto* caption = MakeLabel(window, label);
@@ -87,6 +88,12 @@ void Layout_frm_StreetFind(QDialog& window, forms::Screen&)
         caption->setBuddy(edit);
         left->addWidget(caption, row, 0);
         left->addWidget(edit, row++, 1);
+        if (label == "lblMapLabel"_L1) // what is looked for stands out
+            QObject::connect(byLabel, &QAbstractButton::toggled, caption, [caption](bool on) {
+                QFont font = caption->font();
+                font.setBold(on);
+                caption->setFont(font);
+            });
     }
     auto* graphics = new QHBoxLayout;
     auto* which = new QButtonGroup(&window);

@@ -76,6 +76,41 @@ TEST_F(Manual, ASeparatorCannotBeChosen)
     EXPECT_TRUE(control.pins.empty());
 }
 
+TEST_F(Manual, ADoubleClickOnASeparatorPlacesNothing)
+{
+    report.txtComp(1).SetText(u"10 Oak St"_s);
+    frm_Manual screen(desk);
+    Play(screen, [&] {
+        screen.lstLabel.SetListIndex(2);
+        screen.lstLabel.SetListIndex(1);
+        Q_EMIT screen.lstLabel.DoubleClicked();
+        EXPECT_TRUE(screen.IsOpen());
+    });
+    EXPECT_TRUE(control.pins.empty());
+}
+
+TEST_F(Manual, ACompThatIsAnotherOneMeanwhileIsNotPlaced)
+{
+    AddTown(u"10 Oak St"_s);
+    report.txtComp(1).SetText(u"10 Oak St"_s);
+    frm_Manual screen(desk);
+    Play(screen, [&] {
+        screen.lstLabel.SetListIndex(2);
+        report.txtComp(1).SetText(u"11 Elm St"_s); // another report
+        Q_EMIT screen.cmdOk.Clicked();
+        EXPECT_EQ(doubles.prompter.Last().text, u"The report has changed meanwhile, and COMP #1 is not that address "
+                                                "any more. Choose from the list again"_s);
+        EXPECT_TRUE(screen.IsOpen());
+        EXPECT_EQ(screen.txtlabel.Text(), QString());
+        EXPECT_EQ(screen.lstAssoc.Items(), (QStringList{{}, {}, u"11 Elm St"_s}));
+        EXPECT_TRUE(control.pins.empty());
+        screen.lstLabel.SetListIndex(2);
+        Q_EMIT screen.cmdOk.Clicked();
+    });
+    EXPECT_EQ(Pins(), QStringList{u"40 ARROWBLUECOMP1LT.BMP '' 8C52"_s});
+    EXPECT_EQ(Field(u"10 OAK ST"_s, u"ANCHORED"_s), QString());
+}
+
 TEST_F(Manual, WithoutARowNothingIsPlaced)
 {
     frm_Manual screen(desk);
@@ -240,9 +275,25 @@ TEST_F(StreetFind, AChosenAddressFillsTheBoxes)
         EXPECT_EQ(screen.txtCity.Text(), u"MILLBROOK"_s);
         Q_EMIT screen.lblCity.Clicked();
         EXPECT_EQ(screen.txtCity.Text(), QString());
+        Q_EMIT screen.lstaddress.Clicked(); // on the row that is chosen
+        EXPECT_EQ(screen.txtCity.Text(), u"PRATTVILLE"_s);
         screen.txtlabel.SetText(u"x"_s);
         Q_EMIT screen.lblMapLabel.Clicked();
         EXPECT_EQ(screen.txtlabel.Text(), QString());
+    });
+}
+
+TEST_F(StreetFind, ARecordThatIsGoneMeanwhileFillsNothing)
+{
+    frm_StreetFind screen(desk);
+    Play(screen, [&] {
+        screen.lstaddress.SetListIndex(1);
+        engine.OpenDatabase(kDatabook)->Execute(u"DELETE FROM COMPS"_s);
+        screen.lstaddress.SetListIndex(0);
+        EXPECT_EQ(screen.txtStreet.Text(), u"10 OAK ST"_s);
+        EXPECT_EQ(screen.txtCity.Text() + screen.txtState.Text() + screen.txtZip.Text() + screen.txtCounty.Text(),
+                  QString()) << "not the town of the row before";
+        EXPECT_EQ(screen.lblmsg.Caption(), u"10 OAK ST is not in the Databook any more"_s);
     });
 }
 
@@ -255,6 +306,7 @@ TEST_F(StreetFind, AnAddressBecomesAPoint)
         Type(screen, u" 20 Elm St "_s);
         Q_EMIT screen.cmdFind.Clicked();
         EXPECT_EQ(control.centre, kOak);
+        EXPECT_EQ(screen.lblmsg.Caption(), u"On the map: 20 ELM ST"_s);
         Type(screen, u"22 Elm St"_s);
         screen.txtlabel.SetText(u"School"_s);
         Q_EMIT screen.optwhichdot(1).Clicked();
@@ -281,7 +333,7 @@ TEST_F(StreetFind, AnAnchorIsNotMovedByIt)
 TEST_F(StreetFind, APointThatIsThereTakesTheLabel)
 {
     Pin(2, kOak, u"20 ELM ST"_s, u"comp.bmp"_s);
-    Pin(3, kOak, u"22 ELM ST"_s, u"comp.bmp"_s);
+    Pin(3, Near(kOak, 0, 500), u"22 ELM ST"_s, u"comp.bmp"_s);
     control.addresses[At(u"20 ELM ST"_s)] = kOak;
     frm_StreetFind screen(desk);
     Play(screen, [&] {
@@ -289,11 +341,12 @@ TEST_F(StreetFind, APointThatIsThereTakesTheLabel)
         screen.txtlabel.SetText(u"The subject"_s);
         Q_EMIT screen.cmdFind.Clicked();
         EXPECT_TRUE(control.log.contains(u"Action 2"_s));
+        EXPECT_EQ(control.centre, kOak);
         Type(screen, u"22 Elm St"_s);
         screen.txtlabel.SetText(QString());
         Q_EMIT screen.cmdFind.Clicked();
+        EXPECT_EQ(control.centre, control.pins[3].place) << "the map does not know it, but its point is there";
     });
-    EXPECT_EQ(control.centre, kOak);
     EXPECT_EQ(Pins(), (QStringList{u"2 comp.bmp 'The subject' 8C52"_s, u"3 comp.bmp '22 ELM ST' 8C52"_s}));
 }
 
@@ -379,11 +432,9 @@ TEST_F(StreetFind, SeveralCandidatesArePinned)
 class TwoPlaces : public street::Geocoder
 {
 public:
-    std::vector<street::Candidate> Find(const QString&, int) const override
-    {
-        return {{.place = {32'460'000, -86'470'000}, .address = u"1 N NOWHERE"_s},
-                {.place = {32'480'000, -86'470'000}, .address = u"1 S NOWHERE"_s}};
-    }
+    std::vector<street::Candidate> places{{.place = {32'460'000, -86'470'000}, .address = u"1 N NOWHERE"_s},
+                                          {.place = {32'480'000, -86'470'000}, .address = u"1 S NOWHERE"_s}};
+    std::vector<street::Candidate> Find(const QString&, int) const override { return places; }
     std::vector<street::Candidate> Near(Place, double) const override { return {}; }
 };
 
@@ -402,8 +453,19 @@ TEST_F(StreetFind, AnUnsureAddressOffersItsCandidates)
         Q_EMIT screen.lstcandidates.Clicked();
         EXPECT_EQ(control.centre, (Place{32'480'000, -86'470'000}));
         EXPECT_EQ(screen.lblmsg.Caption(), u"2 places may be meant. Choose one from the list"_s);
+        Type(screen, u"2 Nowhere"_s);
+        Q_EMIT screen.cmdFind.Clicked();
+        EXPECT_EQ(Pins(), (QStringList{u"4 pinred.bmp '32.46 -86.47 1 N NOWHERE' 86C2"_s,
+                                       u"5 pinred.bmp '32.48 -86.47 1 S NOWHERE' 86C2"_s}))
+            << "the pins of the question before are gone";
+        Q_EMIT screen.optfind(1).Clicked();
+        EXPECT_FALSE(screen.lstcandidates.Visible());
+        geocoder.places.pop_back();
+        Q_EMIT screen.optfind(0).Clicked();
+        Q_EMIT screen.cmdFind.Clicked();
+        EXPECT_EQ(screen.lblmsg.Caption(), u"Not sure. This place may be meant; it has a pin on the map"_s);
     });
-    EXPECT_EQ(control.pins[2].picture, kArrows + u"pinred.bmp"_s);
+    EXPECT_EQ(control.pins[6].picture, kArrows + u"pinred.bmp"_s);
 }
 
 } // namespace

@@ -132,6 +132,36 @@ TEST_F(RealScreens, TheMapsOwnWindowsShowEveryControl)
     EXPECT_TRUE(previewWindow.Leftovers().isEmpty()) << previewWindow.Leftovers().join(u'\n').toStdString();
 }
 
+TEST_F(RealScreens, AClickOnTheNameOfAFieldEmptiesIt)
+{
+    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    map::frm_StreetFind find(program.Map().Desk());
+    find.Open();
+    ScreenWindow window(find, guard);
+    window.show();
+    const std::pair<QString, QString> fields[] = {
+        {u"lbladdress"_s, u"txtStreet"_s}, {u"lblCity"_s, u"txtCity"_s},     {u"lblstate"_s, u"txtState"_s},
+        {u"lblzip"_s, u"txtZip"_s},        {u"lblcounty"_s, u"txtCounty"_s}, {u"lblMapLabel"_s, u"txtlabel"_s}};
+    for (const auto& [name, box] : fields) {
+        auto* edit = window.findChild<QLineEdit*>(box);
+        auto* label = window.findChild<QLabel*>(name);
+        ASSERT_TRUE(edit && label) << name.toStdString();
+        QTest::keyClicks(edit, u"typed"_s);
+        // To the window, as a pointer's events come: they find the label by themselves.
+        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, label->mapTo(&window, label->rect().center()));
+        EXPECT_EQ(edit->text(), QString()) << name.toStdString();
+    }
+    auto* label = window.findChild<QLabel*>(u"lblMapLabel"_s);
+    EXPECT_FALSE(label->font().bold());
+    QTest::mouseClick(window.findChild<QRadioButton*>(u"optfind_1"_s), Qt::LeftButton);
+    EXPECT_TRUE(label->font().bold()) << "what is looked for stands out";
+    EXPECT_FALSE(window.findChild<QLineEdit*>(u"txtStreet"_s)->isVisible());
+    QTest::mouseClick(window.findChild<QRadioButton*>(u"optfind_0"_s), Qt::LeftButton);
+    EXPECT_FALSE(label->font().bold());
+    find.Unload();
+    find.End();
+}
+
 TEST_F(RealScreens, TheChoiceOfADatabaseShowsEveryControl)
 {
     shell::frm_ChangeDB choice(u"C:\\DATABOOK\\"_s, {u"DATABOOK.MDB"_s, u"OLD.MDB"_s}, u"databook.mdb"_s);
