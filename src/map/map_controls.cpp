@@ -8,6 +8,7 @@ using namespace Qt::Literals::StringLiterals;
 
 frm_MapTab::frm_MapTab(forms::ControlSet& set)
     : mapview(set, u"mapview"_s)
+    , lblMapNote(set, u"lblMapNote"_s)
     , cmdSubjectOnly(set, u"cmdSubjectOnly"_s)
     , cmdGeoComp(set, u"cmdGeoComp"_s)
     , cmdin(set, u"cmdin"_s)

@@ -11,6 +11,7 @@ struct frm_MapTab
     explicit frm_MapTab(forms::ControlSet& set);
 
     forms::Control mapview; ///< the drawn map
+    forms::Label lblMapNote; ///< what of it can't be read
     forms::Button cmdSubjectOnly, cmdGeoComp;
     forms::Button cmdin, cmdout, cmdDetail, cmdRefreshMap;
     forms::CheckBox ckbFreeze, ckbLabelStreets;

@@ -58,7 +58,8 @@ Group ActiveGroup(const link::ReportControls& report)
 void FollowTabs(link::ReportControls& report)
 {
     const auto show = [&](const QString& caption, const QString& whom) {
-        report.cmdSubjectAnd.SetCaption(caption);
+        if (QString(report.cmdSubjectAnd.Caption()).remove(u'&') != caption) // its key goes with the first caption
+            report.cmdSubjectAnd.SetCaption(caption);
         report.cmdSubjectAnd.SetToolTipText(u"Place the Subject and %1 on the map."_s.arg(whom));
     };
     switch (ActiveGroup(report)) {

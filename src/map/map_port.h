@@ -26,6 +26,7 @@ public:
     virtual void GroundClicked(street::Place place) = 0;
     /// How far from the subject a line of the circle's list is, in words.
     [[nodiscard]] virtual QString DistanceOfLine(int line) const = 0;
+    virtual void Drawn() = 0; ///< all of the view is on the screen: what of it was missing is known
     virtual void AnchorAllOff() = 0; ///< the right button on cmdAnchor
     /// One step of a spinner, +1 or -1, by its name.
     virtual void Step(const QString& spinner, int step) = 0;

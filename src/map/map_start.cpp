@@ -9,13 +9,25 @@ namespace vasclip::map {
 
 using namespace Qt::Literals::StringLiterals;
 
-bool TestMapFiles(MapDesk& desk)
+bool TestMapFiles(MapDesk& desk, const QStringList& problems)
 {
     const QString directory = common::CkRSlash(desk.globals.cellData);
-    desk.state.inUse = desk.disk.FileExists(directory + u"F1"_s);
-    if (!desk.state.inUse)
-        desk.ports.prompter.Info(messages::kMapFilesTitle, messages::kMapFiles.arg(directory));
-    return desk.state.inUse;
+    const bool there = desk.disk.FileExists(directory + u"F1"_s);
+    desk.state.inUse = there && problems.isEmpty();
+    if (desk.state.inUse)
+        return true;
+    QString words = messages::kMapFiles.arg(directory);
+    if (there)
+        words += u"\n\n"_s + problems.join(u'\n');
+    desk.ports.prompter.Info(messages::kMapFilesTitle, words);
+    return false;
+}
+
+void ShowMapProblems(MapDesk& desk, const QStringList& problems)
+{
+    const bool told = desk.state.inUse && !problems.isEmpty();
+    desk.tab.lblMapNote.Show(told ? messages::kMapProblems.arg(problems.join(u"; "_s)) : QString(),
+                             forms::Colour::Red);
 }
 
 void ConfigureMap(MapDesk& desk)
@@ -40,6 +52,7 @@ void ReadMapSettings(MapDesk& desk)
     desk.tab.ckbRadius.SetValue(desk.globals.radius == 1);
     desk.tab.ckbFreeze.SetValue(desk.globals.freeze == 1);
     desk.tab.ckbLabelStreets.SetValue(desk.globals.labelStreets);
+    desk.tab.ckbArrange.SetValue(desk.globals.arrangeArrows == 1);
 }
 
 void KeepMapSettings(MapDesk& desk)
@@ -47,6 +60,7 @@ void KeepMapSettings(MapDesk& desk)
     desk.globals.radius = desk.tab.ckbRadius.Value() ? 1 : 0;
     desk.globals.freeze = desk.tab.ckbFreeze.Value() ? 1 : 0;
     desk.globals.labelStreets = desk.tab.ckbLabelStreets.Value();
+    desk.globals.arrangeArrows = desk.tab.ckbArrange.Value() ? 1 : 0;
 }
 
 void AttachMap(MapDesk& desk)

@@ -5,7 +5,10 @@
 namespace vasclip::map {
 
 /// Are there maps? Without them the tab stays empty, which a box tells.
-bool TestMapFiles(MapDesk& desk);
+/// @param problems  why the files that are there can't be used
+bool TestMapFiles(MapDesk& desk, const QStringList& problems = {});
+/// A line under the map says what of the maps can't be read, for as long as it can't.
+void ShowMapProblems(MapDesk& desk, const QStringList& problems);
 /// Sets the control up: labels, highlight, street clicks, detail.
 void ConfigureMap(MapDesk& desk);
 /// The tab's boxes from the settings that are kept from run to run, and back.

@@ -68,12 +68,18 @@ void PlaceRow(MapDesk& desk, const link::GroupRow& row, QList<RecordLocation>& f
     }
 }
 
-void Tell(MapDesk& desk, const QStringList& placed, const QStringList& notFound)
+void Tell(MapDesk& desk, const QStringList& placed, const QStringList& notFound, const QStringList& crowded = {})
 {
+    QStringList words;
     if (!notFound.isEmpty())
-        desk.status.lblmsg.Show(messages::kNotFound.arg(notFound.join(u"; "_s)), forms::Colour::Red);
+        words.append(messages::kNotFound.arg(notFound.join(u"; "_s)));
     else if (!placed.isEmpty())
-        desk.status.lblmsg.Show(messages::kPlaced.arg(placed.join(u", "_s)), forms::Colour::Blue);
+        words.append(messages::kPlaced.arg(placed.join(u", "_s)));
+    if (!crowded.isEmpty())
+        words.append(messages::kCrowded.arg(crowded.join(u", "_s)));
+    const bool bad = !notFound.isEmpty() || !crowded.isEmpty();
+    if (!words.isEmpty())
+        desk.status.lblmsg.Show(words.join(u". "_s), bad ? forms::Colour::Red : forms::Colour::Blue);
 }
 
 void TellMissing(MapDesk& desk, const QString& city, const QString& state, bool record)
@@ -215,11 +221,10 @@ void cmdSubjectAnd_Click(MapDesk& desk)
     SaveLocations(desk, found);
     zoomtopoints(desk, kSubjectPoint, state.g_MapPointCount - 1, true);
     ApplyMapDetail(desk);
-    if (desk.tab.ckbArrange.Value())
-        static_cast<void>(ArrangeArrows(desk));
+    const ArrangeTally arranged = desk.tab.ckbArrange.Value() ? ArrangeArrows(desk) : ArrangeTally();
     FollowCircle(desk);
     desk.map.Refresh();
-    Tell(desk, placed + tally.placed, notFound + tally.notFound);
+    Tell(desk, placed + tally.placed, notFound + tally.notFound, arranged.crowded);
 }
 
 } // namespace vasclip::map

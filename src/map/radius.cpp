@@ -109,6 +109,8 @@ void ckbRadius_Click(MapDesk& desk, bool mapTabShown)
         RemoveCircle(desk);
     else if (mapTabShown)
         txtradius_Change(desk);
+    if (desk.tab.ckbRadius.Value() && MilesIn(desk) <= 0)
+        desk.status.lblmsg.Show(messages::kNoRadius, forms::Colour::Blue);
 }
 
 void spnradius_Change(MapDesk& desk, int step)
@@ -122,14 +124,18 @@ void spnradius_Change(MapDesk& desk, int step)
 void txtradius_Change(MapDesk& desk)
 {
     const double miles = MilesIn(desk);
-    if (!desk.tab.ckbRadius.Value() || miles <= 0) {
+    if (miles <= 0) {
         RemoveCircle(desk);
         return;
     }
+    desk.tab.ckbRadius.SetValue(true); // what is typed draws it
     if (const std::optional<street::Place> subject = SubjectPlace(desk)) {
         desk.state.radiusMiles = miles;
         SetCircle(desk, *subject);
+        return;
     }
+    RemoveCircle(desk); // one of another radius or another subject would be taken for it
+    desk.status.lblmsg.Show(messages::kNoCircle, forms::Colour::Red);
 }
 
 void SetCircle(MapDesk& desk, street::Place centre)

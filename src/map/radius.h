@@ -13,7 +13,7 @@ inline constexpr qint32 kRadiusLine = 12345;
 void ckbRadius_Click(MapDesk& desk, bool mapTabShown);
 /// One step of a quarter of a mile, +1 or -1; at 0 the circle is off.
 void spnradius_Change(MapDesk& desk, int step);
-/// Draws the circle around the subject, or removes it for an empty or zero text.
+/// Draws the circle around the subject, which turns the box on, or removes it for an empty or zero text.
 void txtradius_Change(MapDesk& desk);
 
 /// Points have come, gone or moved: the circle stands around the subject as it is now, and lists who is within now.

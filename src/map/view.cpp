@@ -59,7 +59,8 @@ QString Numbered(const QString& tip, int number)
 
 void Spin(forms::Control& spinner, forms::TextBox& box, int step)
 {
-    const int number = std::max(1, static_cast<int>(text::Val(box.Text())) + step);
+    constexpr double kMost = 999;
+    const int number = static_cast<int>(std::clamp(text::Val(box.Text()) + step, 1.0, kMost));
     spinner.SetToolTipText(Numbered(spinner.ToolTipText(), number));
     box.SetText(text::Dec(number));
 }

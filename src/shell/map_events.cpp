@@ -115,23 +115,30 @@ void MapEvents::WireBoxes()
         map::ckbLabelStreets_Click(desk);
         map::KeepMapSettings(desk);
     });
-    connect(&tab.ckbFreeze, &forms::CheckBox::Toggled, this, [this, &desk] {
-        if (m_ready)
-            map::KeepMapSettings(desk);
-    });
+    for (forms::CheckBox* box : {&tab.ckbFreeze, &tab.ckbArrange})
+        connect(box, &forms::CheckBox::Toggled, this, [this, &desk] {
+            if (m_ready)
+                map::KeepMapSettings(desk);
+        });
     link::ReportControls& report = m_program.report;
-    for (forms::TabControl* data : {&report.TabComp, &report.TabListing, &report.TabRental})
+    // Whatever gives the button its words, they say what it places.
+    for (forms::TabControl* data : {&report.TabData, &report.TabComp})
         connect(data, &forms::TabControl::TabClicked, this, [&report] { map::FollowTabs(report); });
+    connect(&report.cmdSubjectAnd, &forms::Control::Changed, this, [&report] { map::FollowTabs(report); });
+    report.cmdSubjectAnd.SetCaption(u"Su&bject/Comp"_s);
+    map::FollowTabs(report);
 }
 
 void MapEvents::Do(const std::function<void()>& gesture)
 {
     const common::RoutineScope scope{"Map"};
     const bool told = m_told;
-    if (Shown())
+    if (Shown()) {
         gesture();
-    else if (told)
-        map::TestMapFiles(m_parts.Desk());
+    } else if (told) {
+        map::TestMapFiles(m_parts.Desk(), m_parts.Problems());
+    }
+    ShowProblems();
 }
 
 bool MapEvents::MapOnShow() const
@@ -149,7 +156,7 @@ bool MapEvents::Shown()
     map::MapDesk& desk = m_parts.Desk();
     if (!m_parts.Open()) {
         if (!std::exchange(m_told, true))
-            map::TestMapFiles(desk);
+            map::TestMapFiles(desk, m_parts.Problems());
         return false;
     }
     if (!m_ready) {
@@ -181,6 +188,16 @@ void MapEvents::PointDropped(qint32 id, street::Place place)
 void MapEvents::GroundClicked(street::Place place)
 {
     map::StreetClick(m_parts.Desk(), place);
+}
+
+void MapEvents::Drawn()
+{
+    ShowProblems();
+}
+
+void MapEvents::ShowProblems()
+{
+    map::ShowMapProblems(m_parts.Desk(), m_parts.Problems());
 }
 
 QString MapEvents::DistanceOfLine(int line) const

@@ -26,6 +26,7 @@ public:
     void PointDropped(qint32 id, street::Place place) override;
     void GroundClicked(street::Place place) override;
     QString DistanceOfLine(int line) const override;
+    void Drawn() override;
     void AnchorAllOff() override;
     void Step(const QString& spinner, int step) override;
     bool KeyDown(int keyCode, int shift) override;
@@ -40,6 +41,7 @@ private:
     /// A gesture that needs maps: says so where there are none.
     void Do(const std::function<void()>& gesture);
     [[nodiscard]] bool MapOnShow() const;
+    void ShowProblems();
 
     Program& m_program;
     MapParts& m_parts;

@@ -99,6 +99,7 @@ bool MapParts::Open()
         m_desk->geocoder = nullptr;
     }
     m_desk->state.inUse = maps->data.IsOpen();
+    m_noMaps = maps->data.IsOpen() ? QStringList() : maps->data.Problems();
     m_maps = maps->data.IsOpen() ? std::move(maps) : nullptr;
     return m_desk->state.inUse;
 }
@@ -121,7 +122,7 @@ void MapParts::CentreOnMaps()
 
 QStringList MapParts::Problems() const
 {
-    return m_maps ? m_maps->data.Problems() + m_bitmapProblems : QStringList();
+    return m_maps ? m_maps->data.Problems() + m_bitmapProblems : m_noMaps;
 }
 
 QString MapParts::CalcTheDistance(const QString& key)

@@ -49,6 +49,7 @@ private:
 
     Program& m_program;
     std::shared_ptr<const Maps> m_maps;
+    QStringList m_noMaps; ///< why there are none
     QStringList m_bitmapProblems; ///< arrows that could not be put into their directory
     street::StreetMap m_street;
     std::unique_ptr<map::MapDesk> m_desk;

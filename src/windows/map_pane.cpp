@@ -71,7 +71,14 @@ MapPane::MapPane(map::MapPort& port, EventGuard& guard, QWidget* parent)
     columns->setSpacing(12);
     m_view = new MapView(port, guard, this);
     m_view->setObjectName(u"mapview"_s);
-    columns->addWidget(m_view, 1);
+    auto* drawn = new QVBoxLayout;
+    drawn->setSpacing(4);
+    drawn->addWidget(m_view, 1);
+    auto* note = Make<QLabel>(u"lblMapNote"_s, this);
+    note->setWordWrap(true);
+    note->setProperty("collapses", true);
+    drawn->addWidget(note);
+    columns->addLayout(drawn, 1);
     columns->addWidget(MakePanel());
 }
 

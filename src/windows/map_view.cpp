@@ -101,7 +101,10 @@ bool MapView::event(QEvent* event)
 void MapView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    static_cast<void>(m_port.Engine().Paint(painter));
+    const bool whole = m_port.Engine().Paint(painter);
+    if (whole && !std::exchange(m_whole, whole)) // not while it is painted
+        QMetaObject::invokeMethod(this, [this] { m_guard.Run([this] { m_port.Drawn(); }); }, Qt::QueuedConnection);
+    m_whole = whole;
     if (hasFocus()) {
         painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
         painter.drawRect(rect().adjusted(1, 1, -1, -1));

@@ -64,6 +64,7 @@ private:
     street::Place m_grabbedAt; ///< where it stood
     QPointF m_hold;            ///< from the pointer to the point's place
     QPointF m_pressed, m_last;
+    bool m_whole = false; ///< nothing of the view is still being drawn
 };
 
 } // namespace vasclip::windows

@@ -326,6 +326,11 @@ TEST_F(ArrangeMap, AfterPlacingWhereTheBoxSaysSo)
     for (qint32 id = 1; id <= 4; ++id)
         turned += Direction(id) != 1 ? 1 : 0;
     EXPECT_GT(turned, 0);
+    const QString told = status.lblmsg.Caption();
+    EXPECT_TRUE(told.startsWith(u"On the map: SUBJECT, COMP #1, COMP #2, COMP #3. There is no room for all arrows "
+                                "at this scale: "_s))
+        << told.toStdString();
+    EXPECT_EQ(status.lblmsg.Fore(), forms::Colour::Red);
 }
 
 TEST_F(ArrangeMap, AViewWithoutASizeIsLeftAlone)

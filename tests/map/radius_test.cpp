@@ -123,8 +123,25 @@ TEST_F(Radius, TheBoxWorksOnTheMapTabAlone)
     tab.ckbRadius.SetValue(false);
     ckbRadius_Click(desk, true);
     EXPECT_TRUE(control.lines.empty());
-    txtradius_Change(desk); // a number alone draws nothing while it is off
+    txtradius_Change(desk);
+    EXPECT_EQ(control.lines.size(), 1u) << "a number that is typed draws it,";
+    EXPECT_TRUE(tab.ckbRadius.Value()) << "and the box says so";
+    tab.txtradius.SetText(QString());
+    ckbRadius_Click(desk, true);
     EXPECT_TRUE(control.lines.empty());
+    EXPECT_EQ(status.lblmsg.Caption(), u"Type the miles of the circle"_s);
+}
+
+TEST_F(Radius, AnotherRadiusThatCannotBeDrawnLeavesNoneBehind)
+{
+    Pin(2, Near(kOak, 10, 1000), u"12 OAK ST"_s);
+    Draw(u"1"_s);
+    ASSERT_EQ(control.lines.size(), 1u);
+    Subject(u"1 Nowhere"_s);
+    Draw(u"2"_s);
+    EXPECT_TRUE(control.lines.empty()) << "a circle of one mile around another house";
+    EXPECT_EQ(tab.lstaddresses.ListCount(), 0);
+    EXPECT_EQ(status.lblmsg.Caption(), u"No circle: the subject is not on the map, and its address was not found"_s);
 }
 
 TEST_F(Radius, StepsByAQuarterMile)

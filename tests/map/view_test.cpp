@@ -147,6 +147,9 @@ TEST_F(View, SpinnersStepAndTellTheirNumber)
     spnWidth_Change(desk, -1);
     EXPECT_EQ(tab.txtwidth.Text(), u"1"_s); // not below 1
     EXPECT_EQ(tab.spnWidth.ToolTipText(), u"Street Width=1"_s);
+    tab.txtwidth.SetText(u"99999999999999"_s);
+    spnWidth_Change(desk, 1);
+    EXPECT_EQ(tab.txtwidth.Text(), u"999"_s);
 }
 
 TEST_F(View, FontAndWidthReachEveryKindOfStreet)
@@ -189,6 +192,11 @@ TEST_F(View, TheMapFilesAreLookedFor)
                                             "C:\\VAS2000\\maps\\ -  Please reinstall the mapping program."_s);
     EXPECT_FALSE(desk.state.inUse);
     home.Put(u"C:\\VAS2000\\maps\\F1"_s);
+    EXPECT_FALSE(TestMapFiles(desk, {u"F1: it was made for another version"_s}));
+    EXPECT_EQ(doubles.prompter.Last().text, u"The mapping files are missing (or partially missing) from "
+                                            "C:\\VAS2000\\maps\\ -  Please reinstall the mapping program.\n\n"
+                                            "F1: it was made for another version"_s);
+    EXPECT_FALSE(desk.state.inUse) << "nothing can be found with it";
     doubles.prompter.Forget();
     EXPECT_TRUE(TestMapFiles(desk));
     EXPECT_TRUE(desk.state.inUse);
@@ -207,8 +215,23 @@ TEST_F(View, ItsBoxesAreKeptFromRunToRun)
     tab.ckbRadius.SetValue(false);
     tab.ckbFreeze.SetValue(true);
     KeepMapSettings(desk);
+    tab.ckbArrange.SetValue(true);
+    KeepMapSettings(desk);
     EXPECT_EQ(globals.radius, 0);
     EXPECT_EQ(globals.freeze, 1);
+    EXPECT_EQ(globals.arrangeArrows, 1);
+    tab.ckbArrange.SetValue(false);
+    ReadMapSettings(desk);
+    EXPECT_TRUE(tab.ckbArrange.Value());
+}
+
+TEST_F(View, WhatCannotBeReadStandsUnderTheMap)
+{
+    ShowMapProblems(desk, {u"Autauga: the file is missing"_s, u"Elmore: it is damaged"_s});
+    EXPECT_EQ(tab.lblMapNote.Caption(), u"Missing on the map: Autauga: the file is missing; Elmore: it is damaged. "
+                                        "Import these counties again with Map Data"_s);
+    ShowMapProblems(desk, {});
+    EXPECT_EQ(tab.lblMapNote.Caption(), QString());
 }
 
 // Clicks on streets.

@@ -14,9 +14,13 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCheckBox>
+#include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
 #include <QSettings>
 #include <QTabWidget>
 #include <QTest>
@@ -138,6 +142,78 @@ TEST_F(MapTab, SaysOnceThatThereAreNoMapsAndAgainWhenOneIsAskedFor)
     OpenTab();
     EXPECT_TRUE(View().isVisible()) << "maps that were loaded meanwhile are there";
     EXPECT_FALSE(window->findChild<QWidget*>(u"atlasEmpty"_s)->isVisible());
+}
+
+TEST_F(MapTab, SaysWhyTheMapsThatAreThereCannotBeUsed)
+{
+    Start();
+    const QString directory = home.disk.ToNative(common::CkRSlash(main.globals.cellData));
+    MakeMaps(directory);
+    QFile index(directory + u"/F1"_s);
+    ASSERT_TRUE(index.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    index.write("something else altogether");
+    index.close();
+    OpenTab();
+    EXPECT_EQ(MissingBoxes(), 1);
+    EXPECT_TRUE(doubles.prompter.Last().text.contains(u"F1: "_s)) << doubles.prompter.Last().text.toStdString();
+    EXPECT_FALSE(program.Map().Desk().state.inUse);
+    Q_EMIT program.Map().tab.cmdSubjectOnly.Clicked();
+    EXPECT_EQ(MissingBoxes(), 2);
+    EXPECT_FALSE(program.Map().Desk().state.inUse);
+}
+
+TEST_F(MapTab, ACountyThatCannotBeReadIsNamedUnderTheMap)
+{
+    Start();
+    const QString directory = home.disk.ToNative(common::CkRSlash(main.globals.cellData));
+    MakeMaps(directory);
+    for (const QString& name : QDir(directory).entryList({u"*.cel"_s}))
+        ASSERT_TRUE(QFile::remove(directory + u'/' + name));
+    OpenTab();
+    auto* note = window->findChild<QLabel*>(u"lblMapNote"_s);
+    ASSERT_NE(note, nullptr);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !note->text().isEmpty(); }, 5000));
+    EXPECT_TRUE(note->text().startsWith(u"Missing on the map: 01001: "_s)) << note->text().toStdString();
+    EXPECT_TRUE(note->isVisible());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return note->height() >= note->heightForWidth(note->width()); }, 5000));
+    MakeMaps(directory); // imported again
+    Q_EMIT program.Map().tab.cmdRefreshMap.Clicked();
+    EXPECT_EQ(note->text(), QString());
+}
+
+TEST_F(MapTab, TheButtonSaysWhatTheTabsShow)
+{
+    StartWithMaps();
+    auto* button = window->findChild<QPushButton*>(u"cmdSubjectAnd"_s);
+    EXPECT_EQ(button->text(), u"Su&bject/Comp"_s);
+    EXPECT_EQ(button->toolTip(), u"Place the Subject and Comps on the map."_s);
+    auto* data = window->findChild<QTabWidget*>(u"TabData"_s);
+    auto* comps = window->findChild<QTabWidget*>(u"TabComp"_s);
+    ASSERT_TRUE(data && comps);
+    const auto says = [&](const QString& caption, const QString& whom) {
+        EXPECT_EQ(button->text(), caption);
+        EXPECT_EQ(button->toolTip(), u"Place the Subject and %1 on the map."_s.arg(whom));
+    };
+    data->setCurrentIndex(3);
+    says(u"Subject/Listing"_s, u"Listings"_s);
+    data->setCurrentIndex(4);
+    says(u"Subject/Rent"_s, u"Rentals"_s);
+    main.report.TabComp.SetTab(3); // a refresh turns the page behind it
+    says(u"Subject/Rent"_s, u"Rentals"_s);
+    data->setCurrentIndex(1);
+    says(u"Subj/AltComp"_s, u"Alt Comps"_s);
+    comps->setCurrentIndex(0);
+    says(u"Subject/Comp"_s, u"Comps"_s);
+    data->setCurrentIndex(0);
+    says(u"Subject/Comp"_s, u"Comps"_s);
+}
+
+TEST_F(MapTab, ArrangeAfterPlacingIsRemembered)
+{
+    StartWithMaps();
+    EXPECT_EQ(main.globals.arrangeArrows, 0);
+    QTest::mouseClick(window->findChild<QCheckBox*>(u"ckbArrange"_s), Qt::LeftButton);
+    EXPECT_EQ(main.globals.arrangeArrows, 1);
 }
 
 TEST_F(MapTab, APointIsChosenByAClick)
