@@ -24,6 +24,7 @@ constexpr qint32 kTextColour = 13; // of the highlight; elsewhere the size of a 
 
 constexpr double kMostText = 40; // points
 constexpr double kMostWidth = 20;
+constexpr double kWhite = 0xFFFFFF;
 
 } // namespace
 
@@ -49,9 +50,12 @@ void StreetMap::ApplyAttribute()
         road->named = m_value != 0;
     else if (m_feature == kPoints && size && m_value >= 1)
         m_scene.labelPoints = std::min(m_value, kMostText);
+    else if (m_feature == kHighlight && m_attribute == kShown && m_value >= 0 && m_value <= kWhite)
+        m_scene.highlightColour = static_cast<qint32>(m_value); // it is shown by a click alone
+    else if (m_feature == kHighlight && m_attribute == kWidth && m_value >= 1)
+        m_scene.highlightWidth = std::min(m_value, kMostWidth);
     else if ((m_feature == kRails && m_attribute == kNamed) || // rails bear no names as it is
-             (m_feature == kHighlight && (m_attribute == kShown || m_attribute == kStyle || m_attribute == kWidth ||
-                                          m_attribute == kTextColour)))
+             (m_feature == kHighlight && (m_attribute == kStyle || m_attribute == kTextColour)))
         m_status = 0; // nothing of the map is drawn by it
     else
         return;

@@ -1,6 +1,7 @@
 #include "platform/street/street_map.h"
 
 #include "platform/street/geodesy.h"
+#include "platform/street/street_through.h"
 
 #include <cmath>
 
@@ -69,6 +70,7 @@ void StreetMap::DoAction(qint32 action)
         return Changed();
     case action::kClearPoints:
         m_scene.points.clear();
+        m_scene.highlight.clear();
         return SceneChanged();
     case action::kProject:
         if (IsValid(m_place) && std::isfinite(m_value) && std::isfinite(m_degrees))
@@ -111,10 +113,24 @@ void StreetMap::Geocode(bool onlySure)
 void StreetMap::Reverse()
 {
     m_candidates = m_parts.geocoder && IsValid(m_place) ? m_parts.geocoder->Near(m_place) : std::vector<Candidate>();
-    if (m_candidates.empty())
+    if (m_candidates.empty()) {
         m_status = kFailed;
-    else
-        m_location = m_candidates.front().address;
+        return;
+    }
+    m_location = m_candidates.front().address;
+    if (!m_streetClick || !m_parts.cells)
+        return;
+    m_scene.highlight = StreetThrough(*m_parts.cells, m_place);
+    Changed();
+}
+
+void StreetMap::SetStreetClick(bool on)
+{
+    m_streetClick = on;
+    if (on || m_scene.highlight.empty())
+        return;
+    m_scene.highlight.clear();
+    Changed();
 }
 
 void StreetMap::LoadPoint()

@@ -55,7 +55,8 @@ public:
     void SetScale(double feet) override;
     [[nodiscard]] double Width() const override { return m_size.width(); }
     [[nodiscard]] double Height() const override { return m_size.height(); }
-    void SetStreetClick(bool on) override { m_streetClick = on; }
+    /// While it is on, action 7 also highlights the street that it finds.
+    void SetStreetClick(bool on) override;
     void DoAction(qint32 action) override;
     void CreateLine(qint32 id, const std::vector<Place>& line, qint32 width, qint32 colour) override;
     void DestroyLine(qint32 id) override;

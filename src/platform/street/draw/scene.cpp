@@ -37,6 +37,13 @@ QImage WithoutWhite(const QImage& image)
     return clear;
 }
 
+QColor ColourOf(qint32 colour)
+{
+    const auto bits = static_cast<quint32>(colour);
+    return {static_cast<int>(bits & 0xffU), static_cast<int>(bits >> 8U & 0xffU),
+            static_cast<int>(bits >> 16U & 0xffU)};
+}
+
 bool IsRing(const QPolygonF& line)
 {
     if (line.size() < 12)
@@ -161,14 +168,30 @@ std::vector<Scene::Placed> Scene::Layout(const Projection& projection, const Loo
     return placed;
 }
 
+/// The street is still to be read below it.
+void Scene::PaintHighlight(QPainter& painter, const Projection& projection) const
+{
+    constexpr int kThrough = 110;
+    constexpr double kStep = 5;
+    QPainterPath street;
+    for (const std::vector<Place>& line : highlight) {
+        QPolygonF piece;
+        for (const Place place : line)
+            piece << projection.Pixel(place);
+        street.addPolygon(piece);
+    }
+    QColor colour = ColourOf(highlightColour);
+    colour.setAlpha(kThrough);
+    painter.strokePath(street, QPen(colour, projection.Px(kStep * highlightWidth), Qt::SolidLine, Qt::RoundCap,
+                                    Qt::RoundJoin));
+}
+
 void Scene::PaintLine(QPainter& painter, const Projection& projection, const SceneLine& line) const
 {
     QPolygonF polygon;
     for (const Place place : line.line)
         polygon << projection.Pixel(place);
-    const auto colour = static_cast<quint32>(line.colour);
-    painter.setPen(QPen(QColor(static_cast<int>(colour & 0xffU), static_cast<int>(colour >> 8U & 0xffU),
-                               static_cast<int>(colour >> 16U & 0xffU)),
+    painter.setPen(QPen(ColourOf(line.colour),
                         projection.Px(std::max(line.width, 1)), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);
     // A ring that lacks its last step is a ring to the eye as well.
@@ -183,6 +206,8 @@ void Scene::Paint(QPainter& painter, const Projection& projection, const Look& l
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    if (!highlight.empty())
+        PaintHighlight(painter, projection);
     for (const auto& [id, line] : lines)
         PaintLine(painter, projection, line);
     const std::vector<Placed> placed = Layout(projection, look);

@@ -38,6 +38,9 @@ public:
 
     std::map<qint32, ScenePoint> points;
     std::map<qint32, SceneLine> lines;
+    std::vector<std::vector<Place>> highlight; ///< a street that was clicked on
+    qint32 highlightColour = 0xFF0000;         ///< red in the lowest byte
+    double highlightWidth = 1;                 ///< each step wider by 5 pixels of 1/96 inch
     double labelPoints = 8; ///< size of the points' texts
 
     /// The `ID`s of the points within a line, which is closed from its last place to its first.
@@ -74,6 +77,7 @@ private:
     [[nodiscard]] QImage LettersOf(const QString& text, const Projection& projection, const Look& look);
     /// The points in sight, the topmost first.
     [[nodiscard]] std::vector<Placed> Layout(const Projection& projection, const Look& look);
+    void PaintHighlight(QPainter& painter, const Projection& projection) const;
     void PaintLine(QPainter& painter, const Projection& projection, const SceneLine& line) const;
 
     std::function<QString(const QString&)> m_toNative;

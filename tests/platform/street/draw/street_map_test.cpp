@@ -1,6 +1,7 @@
 #include "platform/street/draw/made_town.h"
 #include "platform/street/geodesy.h"
 #include "platform/street/street_map.h"
+#include "platform/street/street_through.h"
 
 #include <gtest/gtest.h>
 
@@ -270,6 +271,45 @@ TEST_F(StreetMapTest, ShowsAsMuchAsItIsAskedTo)
     EXPECT_NE(nameless, bare);
     EXPECT_EQ(apply(1, true), nameless);
     EXPECT_EQ(apply(10, true), all);
+}
+
+TEST_F(StreetMapTest, AStreetThatIsClickedOnIsHighlighted)
+{
+    town->Road(town->Name(u"Street 6"_s), RoadClass::Local, {MadeTown::At(5000, 0), MadeTown::At(5500, 300)});
+    town->Road(town->Name(u"Street 6"_s), RoadClass::Local, {MadeTown::At(900, 700), MadeTown::At(950, 800)});
+    town->Twice();
+    At(kHouse);
+    Do(action::kSetCentre);
+    map.SetScale(3000);
+    const auto painted = [this] { return map.ReportPicture(600, 400); };
+    const QImage plain = painted();
+    At(kHouse);
+    ASSERT_EQ(Do(action::kReverse), 0);
+    EXPECT_EQ(painted(), plain) << "while it is off, a place is looked up and nothing more";
+    map.SetStreetClick(true);
+    ASSERT_EQ(Do(action::kReverse), 0);
+    EXPECT_EQ(StreetThrough(*town, kHouse),
+              (std::vector<std::vector<Place>>{{MadeTown::At(-5000, 0), MadeTown::At(5000, 0)},
+                                               {MadeTown::At(5000, 0), MadeTown::At(5500, 300)}}))
+        << "as far as it hangs together";
+    const QImage blue = painted();
+    EXPECT_NE(blue, plain);
+    map.SetFeature(21);
+    map.SetAttribute(1);
+    map.SetValue(0x0000FF);
+    EXPECT_EQ(Do(action::kApplyAttribute), 0);
+    EXPECT_NE(painted(), blue);
+    map.SetAttribute(3);
+    map.SetValue(3);
+    EXPECT_EQ(Do(action::kApplyAttribute), 0);
+    map.SetStreetClick(false);
+    EXPECT_EQ(painted(), plain);
+    map.SetStreetClick(true);
+    At(kHouse);
+    ASSERT_EQ(Do(action::kReverse), 0);
+    EXPECT_NE(painted(), plain);
+    Do(action::kClearPoints);
+    EXPECT_EQ(painted(), plain);
 }
 
 TEST_F(StreetMapTest, StoresThePictureOfTheReport)
