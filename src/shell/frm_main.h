@@ -64,7 +64,6 @@ public:
     store::Sources& sources = program.sources;
     link::frm_Addr& addr = program.addr;
     link::LinkState& linkState = program.linkState;
-    [[nodiscard]] const Foundation& Base() const { return program.Base(); }
     [[nodiscard]] link::LinkDesk& Link() { return program.Link(); }
     [[nodiscard]] photos::PhotoDesk& Photos() { return program.Photos(); }
     [[nodiscard]] photos::CaptureDesk& Capture() { return program.Capture(); }

@@ -36,40 +36,46 @@ QString FileVersionOf(const files::Disk& disk, const QString& path)
 
 } // namespace
 
-Program::Program(const Foundation& foundation)
-    : status(controls)
+Program::Program(const QString& home, const Surroundings& around)
+    : Program(home, [&around](const files::Disk&) { return around; })
+{}
+
+Program::Program(const QString& home, const Surround& surround)
+    : m_disk(home)
+    , m_around(surround(m_disk))
+    , m_engine(m_disk, m_around.ports.clock)
+    , status(controls)
     , records(controls)
     , report(controls)
     , slots(controls)
     , photoLists(controls)
     , lstGenViews(controls, u"lstGenViews"_s)
     , capture(controls)
-    , sources(foundation.engine)
-    , m_base(foundation)
-    , m_slotLoader(std::make_unique<photos::SlotLoader>(foundation.disk, foundation.ports, m_slotTable))
+    , sources(m_engine)
+    , m_slotLoader(std::make_unique<photos::SlotLoader>(m_disk, m_around.ports, m_slotTable))
 {
     m_slotLoader->SetThumbTags(&capture.lbltag);
     m_slotLoader->SetWriteProtect(
-        [this](const QString& path) { photos::ApplyWriteProtect(m_base.ports, m_base.disk, globals, path); });
-    m_photoQuestions = MakePhotoQuestions(foundation.ports, foundation.disk, globals, *m_slotLoader,
+        [this](const QString& path) { photos::ApplyWriteProtect(m_around.ports, m_disk, globals, path); });
+    m_photoQuestions = MakePhotoQuestions(m_around.ports, m_disk, globals, *m_slotLoader,
                                           [this] { AddGenViews2CBO(); });
     m_photos =
-        std::make_unique<photos::PhotoDesk>(foundation.ports, foundation.disk, globals, sources.datDatabook,
+        std::make_unique<photos::PhotoDesk>(m_around.ports, m_disk, globals, sources.datDatabook,
                                             photoLists, *m_slotLoader, status, *m_photoQuestions);
     m_photos->setCity = [this](const QString& key) { link::SetCityOf(*m_link, key, link::CityRule::Fill); };
     m_capture = std::make_unique<photos::CaptureDesk>(
-        photos::CaptureBase{foundation.disk, foundation.ports, globals, status, *m_slotLoader}, capture,
-        std::make_unique<photos::PictureThumbs>(foundation.disk), std::make_unique<work::ThreadWorkers>());
+        photos::CaptureBase{m_disk, m_around.ports, globals, status, *m_slotLoader}, capture,
+        std::make_unique<photos::PictureThumbs>(m_disk), std::make_unique<work::ThreadWorkers>());
     m_link = std::make_unique<link::LinkDesk>(link::LinkDesk{
-        {.txtDDE = foundation.txtDDE,
-         .ports = foundation.ports,
+        {.txtDDE = m_around.txtDDE,
+         .ports = m_around.ports,
          .status = status,
          .kelIni =
             [this](const QString& section, const QString& key) {
-                return link::ReadsKelIni(m_base.disk, globals.kelIni)(section, key);
+                return link::ReadsKelIni(m_disk, globals.kelIni)(section, key);
             },
-         .fileVersion = [this](const QString& path) { return FileVersionOf(m_base.disk, path); },
-         .talk = foundation.talk},
+         .fileVersion = [this](const QString& path) { return FileVersionOf(m_disk, path); },
+         .talk = m_around.talk},
         {.report = report,
          .addr = addr,
          .state = linkState,
@@ -79,12 +85,12 @@ Program::Program(const Foundation& foundation)
         {.sources = sources,
          .globals = globals,
          .lists = photoLists,
-         .disk = foundation.disk,
+         .disk = m_disk,
          .photoDesk = m_photos.get()}});
     m_map = std::make_unique<MapParts>(*this);
     m_link->proximity = m_map.get();
-    if (foundation.talk)
-        foundation.talk->Attach(status, foundation.ports);
+    if (m_around.talk)
+        m_around.talk->Attach(status, m_around.ports);
 }
 
 Program::~Program() = default;
@@ -100,31 +106,31 @@ drops::DropDesk Program::Drops()
 
 void Program::LocateInis(const SystemPlaces& places, Silence silence)
 {
-    auto& prompter = m_base.ports.prompter;
+    auto& prompter = m_around.ports.prompter;
     globals.isVista = places.isVista;
     globals.windowsName = places.windowsName;
     SystemPlaces looked = places;
     looked.isVista = places.isVista && silence == Silence::Ask; // the notice is for people at the screen
-    const IniDirectory found = GetIniDir(m_base.disk, prompter, looked);
+    const IniDirectory found = GetIniDir(m_disk, prompter, looked);
     globals.iniDir = found.directory;
     globals.preferredIniDir = found.preferred;
-    globals.applicationIni = LocateIni(m_base.disk, prompter, u"VAS2000.INI"_s, IniKind::Application,
+    globals.applicationIni = LocateIni(m_disk, prompter, u"VAS2000.INI"_s, IniKind::Application,
                                        globals.iniDir, places.windowsDirectory, silence);
-    globals.kelIni = LocateIni(m_base.disk, prompter, u"KEL.INI"_s, IniKind::Appraisal, globals.iniDir,
+    globals.kelIni = LocateIni(m_disk, prompter, u"KEL.INI"_s, IniKind::Appraisal, globals.iniDir,
                                places.windowsDirectory, silence);
-    common::ReadNames(globals, common::ProfileReader(m_base.disk, globals));
+    common::ReadNames(globals, common::ProfileReader(m_disk, globals));
 }
 
 void Program::ReadSettings()
 {
-    common::ReadGlobals(globals, common::ProfileReader(m_base.disk, globals));
+    common::ReadGlobals(globals, common::ProfileReader(m_disk, globals));
     ReadiniSettings();
     life.settingsRead = true;
 }
 
 void Program::ReadiniSettings()
 {
-    common::ReadiniSettings(globals, common::ProfileReader(m_base.disk, globals));
+    common::ReadiniSettings(globals, common::ProfileReader(m_disk, globals));
     LockAddresses();
 }
 
@@ -144,7 +150,7 @@ void Program::Connect(store::DataSource& source, const QString& path, const std:
         open();
     } catch (const RuntimeError& failure) {
         // Nothing works without this file; say what is wrong with it and stop before anything is changed.
-        common::ReportError(m_base.ports.prompter,
+        common::ReportError(m_around.ports.prompter,
                             RuntimeError(failure.Number(), u"%1 can't be opened for %2. %3"_s.arg(
                                                                path, source.Name(), failure.Description())));
         throw forms::EndOfProgram{1};
@@ -156,9 +162,9 @@ void Program::ConnectDatabook()
     const common::RoutineScope scope{"Connect2Databook"};
     const QString path = DatabookPath();
     Connect(sources.datDatabook, path,
-            [&] { store::Connect2Databook(m_base.ports, sources, path, globals.G_Table); });
+            [&] { store::Connect2Databook(m_around.ports, sources, path, globals.G_Table); });
     if (!LookAtDatabook(engine::CheckDepth::Opening))
-        m_base.ports.prompter.Info(u"Databook Damaged"_s,
+        m_around.ports.prompter.Info(u"Databook Damaged"_s,
                                    u"%1 is damaged: %2. It is open for reading only. Restore it from a "
                                    u"backup, or let 'vasctl databook copy "
                                    u"FILE' make a new one of what can be read."_s.arg(
@@ -170,7 +176,7 @@ void Program::ConnectMapping()
     const common::RoutineScope scope{"Connect2mdb"};
     const QString path = MappingPath();
     Connect(sources.datComp2Kel_CURRENT, path, [&] {
-        store::Connect2mdb(m_base.ports, sources.datComp2Kel_CURRENT, path,
+        store::Connect2mdb(m_around.ports, sources.datComp2Kel_CURRENT, path,
                            QString::fromLatin1(common::Globals::kMappingTable),
                            store::SourceKind::Query);
     });
@@ -190,7 +196,7 @@ bool Program::LookAtDatabook(engine::CheckDepth depth)
 
 void Program::AddGenViews2CBO()
 {
-    photos::AddGenViews2CBO(lstGenViews, report.cboGeneral, m_base.disk, globals);
+    photos::AddGenViews2CBO(lstGenViews, report.cboGeneral, m_disk, globals);
 }
 
 } // namespace vasclip::shell

@@ -33,11 +33,9 @@ class MapParts;
 struct SystemPlaces;
 enum class Silence;
 
-/// What a program stands on; all of it outlives the program.
-struct Foundation
+/// What a program has around it; all of it outlives the program.
+struct Surroundings
 {
-    const files::Disk& disk;
-    engine::Engine& engine;
     conduit::Conduit& txtDDE;
     forms::Ports ports;
     link::Talk* talk = nullptr; ///< the patience of the conduit, where a window waits with it
@@ -58,11 +56,22 @@ struct Life
 class Program
 {
 public:
-    explicit Program(const Foundation& foundation);
+    /// Makes the surroundings of a program on the drives of its home, which are there before them.
+    using Surround = std::function<Surroundings(const files::Disk& disk)>;
+
+    /// @param home  native directory; see files::Disk
+    Program(const QString& home, const Surround& surround);
+    Program(const QString& home, const Surroundings& around);
     ~Program();
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
+private:
+    files::Disk m_disk;
+    Surroundings m_around;
+    engine::Engine m_engine; ///< by the clock around it
+
+public:
     forms::ControlSet controls; ///< of the desks, and of the screen that stands on them
 
     common::StatusDesk status;
@@ -80,11 +89,10 @@ public:
     QString version; ///< major.minor.revision
     Life life;
 
-    [[nodiscard]] const Foundation& Base() const { return m_base; }
-    [[nodiscard]] const files::Disk& Disk() const { return m_base.disk; }
-    [[nodiscard]] engine::Engine& Engine() const { return m_base.engine; }
-    [[nodiscard]] const forms::Ports& Ports() const { return m_base.ports; }
-    [[nodiscard]] forms::Prompter& Prompter() const { return m_base.ports.prompter; }
+    [[nodiscard]] const files::Disk& Disk() const { return m_disk; }
+    [[nodiscard]] engine::Engine& Engine() { return m_engine; }
+    [[nodiscard]] const forms::Ports& Ports() const { return m_around.ports; }
+    [[nodiscard]] forms::Prompter& Prompter() const { return m_around.ports.prompter; }
     [[nodiscard]] link::LinkDesk& Link() { return *m_link; }
     [[nodiscard]] MapParts& Map() { return *m_map; }
     [[nodiscard]] photos::PhotoDesk& Photos() { return *m_photos; }
@@ -116,7 +124,6 @@ public:
 private:
     void Connect(store::DataSource& source, const QString& path, const std::function<void()>& open);
 
-    Foundation m_base;
     photos::SlotTable m_slotTable;
     std::unique_ptr<photos::SlotLoader> m_slotLoader;
     std::unique_ptr<photos::PhotoQuestions> m_photoQuestions;

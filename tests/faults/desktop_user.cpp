@@ -11,7 +11,6 @@
 #include "shell/start_up.h"
 #include "support/recording_conduit.h"
 #include "support/scripted_ports.h"
-#include "support/standing_time.h"
 
 #include <QCoreApplication>
 
@@ -55,8 +54,6 @@ void Say(const QByteArray& words)
 
 int WorkAtTheMainScreen(const QString& home)
 try {
-    const files::Disk disk(home);
-    engine::Engine engine(disk, tests::SomeTime());
     test::RecordingConduit conduit;
     conduit.running = false;
     TestPorts doubles;
@@ -65,9 +62,9 @@ try {
     forms::SystemClock clock;
     forms::SystemRandom random;
     const forms::Ports ports{doubles.prompter, doubles.pump, clock, random, doubles.window, user};
-    shell::Program program{{disk, engine, conduit, ports}};
+    shell::Program program{home, {conduit, ports}};
     shell::frm_Main main{program};
-    main.program.LocateInis(app::Places(disk), shell::Silence::Silent);
+    main.program.LocateInis(app::Places(program.Disk()), shell::Silence::Silent);
     main.program.ReadSettings();
     main.program.ConnectDatabook();
     main.DisplayAllRecords();

@@ -59,7 +59,7 @@ protected:
     tests::TestPorts doubles;
     engine::Engine engine{home.disk, tests::SomeTime()};
     test::RecordingConduit conduit;
-    Program program{{home.disk, engine, conduit, doubles.Get()}};
+    Program program{home.disk.Home(), {conduit, doubles.Get()}};
     frm_Main main{program};
     const QString kSnap = u"C:\\SNAP\\"_s;
 

@@ -42,7 +42,7 @@ protected:
     shell::StartUpOptions options{
         {}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false}, u"6.2.1"_s};
     shell::frm_Splash splash{doubles.Get()};
-    shell::Program program{{home.disk, engine, conduit, doubles.Get()}};
+    shell::Program program{home.disk.Home(), {conduit, doubles.Get()}};
     shell::frm_Main main{program};
 
     void SetUp() override
@@ -540,7 +540,7 @@ TEST_F(MainScreen, NoLoadKeepsTheUsersLayoutUntilTheEndSavesItAllTheSame)
     columns[0].width = 333;
     main.records.grddatabook.SetColumns(columns);
     main.Form_Unload();
-    shell::Program secondProgram{{home.disk, engine, conduit, doubles.Get()}};
+    shell::Program secondProgram{home.disk.Home(), {conduit, doubles.Get()}};
     shell::frm_Main second{secondProgram};
     shell::frm_Splash again{doubles.Get()};
     second.Form_load(options, again);
@@ -548,7 +548,7 @@ TEST_F(MainScreen, NoLoadKeepsTheUsersLayoutUntilTheEndSavesItAllTheSame)
     second.Form_Unload();
 
     options.commandLine = u"/NOLOAD"_s;
-    shell::Program thirdProgram{{home.disk, engine, conduit, doubles.Get()}};
+    shell::Program thirdProgram{home.disk.Home(), {conduit, doubles.Get()}};
     shell::frm_Main third{thirdProgram};
     shell::frm_Splash quiet{doubles.Get()};
     third.Form_load(options, quiet);

@@ -45,15 +45,15 @@ protected:
 
     struct Run
     {
-        explicit Run(const shell::Foundation& foundation)
-            : program(foundation)
+        Run(const QString& home, const shell::Surroundings& around)
+            : program(home, around)
         {}
         shell::Program program;
         shell::frm_Main main{program};
     };
     std::unique_ptr<Run> Start(const QString& commandLine = {})
     {
-        auto run = std::make_unique<Run>(shell::Foundation{home.disk, engine, conduit, ports.Get()});
+        auto run = std::make_unique<Run>(home.disk.Home(), shell::Surroundings{conduit, ports.Get()});
         shell::frm_Splash splash(ports.Get());
         run->main.Form_load({.commandLine = commandLine,
                          .previousInstance = {},

@@ -46,7 +46,7 @@ protected:
                 doubles.random,
                 doubles.window,
                 own.screens != nullptr ? *own.screens : doubles.screens}
-        , program{{home.disk, engine, own.wire != nullptr ? *own.wire : conduit, ports, own.talk}}
+        , program{home.disk.Home(), {own.wire != nullptr ? *own.wire : conduit, ports, own.talk}}
     {}
 
     tests::TempHome home;

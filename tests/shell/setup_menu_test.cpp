@@ -36,7 +36,7 @@ protected:
     StartUpOptions options{
         {}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false}, u"6.2.1"_s};
     frm_Splash splash{doubles.Get()};
-    Program program{{home.disk, engine, conduit, doubles.Get()}};
+    Program program{home.disk.Home(), {conduit, doubles.Get()}};
     frm_Main main{program};
 
     void SetUp() override
@@ -201,7 +201,7 @@ TEST_F(SetupMenu, TheAddressesOfTheReportsTabsAreLockedBySetting)
         dynamic_cast<forms::CheckBox&>(*config.controls.Find(u"ckbLockAddr"_s)).SetValue(false);
     });
     EXPECT_EQ(locked(), QSet<bool>{false});
-    Program againProgram{{home.disk, engine, conduit, doubles.Get()}};
+    Program againProgram{home.disk.Home(), {conduit, doubles.Get()}};
     frm_Main again{againProgram};
     frm_Splash secondSplash{doubles.Get()};
     again.Form_load(options, secondSplash);
@@ -333,7 +333,7 @@ TEST_F(SetupMenu, TutorialsAreThereAsFarAsTheirFilesAre)
     home.Put(u"C:\\VAS2000\\Mapping.exe"_s);
     home.Put(u"C:\\VAS2000\\photos.cls"_s);
     home.Put(u"C:\\VAS2000\\notes.txt"_s);
-    Program againProgram{{home.disk, engine, conduit, doubles.Get()}};
+    Program againProgram{home.disk.Home(), {conduit, doubles.Get()}};
     frm_Main again{againProgram};
     frm_Splash secondSplash{doubles.Get()};
     again.Form_load(options, secondSplash);

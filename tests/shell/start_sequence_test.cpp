@@ -73,7 +73,7 @@ protected:
     StartUpOptions options{
         {}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\EXE\\"_s, false}, u"6.2.1"_s};
     frm_Splash splash{ports};
-    Program program{{home.disk, engine, conduit, ports}};
+    Program program{home.disk.Home(), {conduit, ports}};
     frm_Main main{program};
 
     void SetUp() override
@@ -149,7 +149,7 @@ TEST_F(StartSequence, TheQueueTurnsBetweenStepsUnlessTheLineForbidsIt)
     options.commandLine = u"/S"_s;
     Load();
     const int quiet = doubles.pump.turns;
-    Program againProgram{{home.disk, engine, conduit, ports}};
+    Program againProgram{home.disk.Home(), {conduit, ports}};
     frm_Main again{againProgram};
     options.commandLine.clear();
     doubles.pump.turns = 0;
@@ -193,7 +193,7 @@ TEST_F(StartSequence, PwstreetIniIsCopiedToTheProgramDirectoryAndReadThere)
 
     // A copy that stands is not replaced.
     home.Put(u"C:\\VAS2000\\pwstreet.ini"_s, "[V2BETA]\r\nCellData=D:\\OWN\r\n");
-    Program againProgram{{home.disk, engine, conduit, ports}};
+    Program againProgram{home.disk.Home(), {conduit, ports}};
     frm_Main again{againProgram};
     again.Form_load(options, splash);
     EXPECT_EQ(again.globals.cellData, u"D:\\OWN"_s);
@@ -270,7 +270,6 @@ TEST_F(StartSequence, ADiskPutIntoTheDriveIsTakenOnOk)
     ASSERT_TRUE(drives.open(QIODevice::WriteOnly));
     drives.write(QString(u"[DRIVES]\r\nQ="_s + home.Native(u"drive_c/CARD"_s) + u"\r\n"_s).toUtf8());
     drives.close();
-    const files::Disk disk(home.disk.Home());
     Asking prompter;
     prompter.meanwhile = [this](std::size_t before) {
         if (before == 1)
@@ -278,8 +277,7 @@ TEST_F(StartSequence, ADiskPutIntoTheDriveIsTakenOnOk)
     };
     prompter.AnswerAlways(forms::Answer::Ok);
     const forms::Ports asking{prompter, doubles.pump, doubles.clock, doubles.random, doubles.window, screens};
-    engine::Engine own{disk, tests::SomeTime()};
-    Program startedProgram{{disk, own, conduit, asking}};
+    Program startedProgram{home.disk.Home(), {conduit, asking}};
     frm_Main started{startedProgram};
     started.Form_load(options, splash);
     EXPECT_EQ(prompter.Texts(), (QStringList{FloppyText(u"Q:\\DCIM\\"_s), FloppyText(u"Q:\\DCIM\\"_s)}))
@@ -301,7 +299,7 @@ TEST_F(StartSequence, WhereNoOtherDirectoryIsThereEitherNoDiskIsAskedForAgain)
     };
     prompter.AnswerAlways(forms::Answer::Cancel);
     const forms::Ports asking{prompter, doubles.pump, doubles.clock, doubles.random, doubles.window, screens};
-    Program startedProgram{{home.disk, engine, conduit, asking}};
+    Program startedProgram{home.disk.Home(), {conduit, asking}};
     frm_Main started{startedProgram};
     EXPECT_THROW(started.Form_load(options, splash), RuntimeError);
     EXPECT_EQ(prompter.Texts(), QStringList{FloppyText(u"Q:\\DCIM\\"_s)});
@@ -310,7 +308,7 @@ TEST_F(StartSequence, WhereNoOtherDirectoryIsThereEitherNoDiskIsAskedForAgain)
 
 TEST_F(StartSequence, WhatAnotherUserHoldsAndNobodyWaitsForTheStartGoesWithout)
 {
-    engine.SetLockWait(50);
+    program.Engine().SetLockWait(50);
     std::optional<tests::ExclusiveLock> other;
     doubles.pump.onTurn = [&] { // the Databook is open already
         if (!other && Told(u"Checking for Update Program Changes"_s))
@@ -340,7 +338,7 @@ TEST_F(StartSequence, ADatabookWhoseDriveIsAwayAsksForNoDiskAndAnotherOneIsTaken
         doubles.prompter.Answer(forms::Answer::Yes); // tried again, in vain
         doubles.prompter.Answer(forms::Answer::No);
         doubles.prompter.AnswerDialog(u"C:\\VAS2000\\OTHER.MDB"_s);
-        Program againProgram{{home.disk, engine, conduit, ports}};
+        Program againProgram{home.disk.Home(), {conduit, ports}};
         frm_Main again{againProgram};
         again.Form_load(options, splash);
         for (const tests::ShownBox& box : doubles.prompter.Boxes())
@@ -462,7 +460,7 @@ TEST_F(DamagedStart, WhatCanBeReadBecomesANewDatabookThatTheProgramGoesOnWith)
     EXPECT_EQ(Stored(u"DATAFILE"_s, u"DIRECTORIES"_s), u"DATABOOK_COPY.MDB"_s);
     EXPECT_TRUE(home.disk.ReadWhole(book) == before);
     main.Form_Unload();
-    Program tomorrowProgram{{home.disk, engine, conduit, ports}};
+    Program tomorrowProgram{home.disk.Home(), {conduit, ports}};
     frm_Main tomorrow{tomorrowProgram};
     doubles.prompter.Forget();
     tomorrow.Form_load(options, splash);
@@ -524,7 +522,7 @@ TEST_F(StartSequence, TheWebsiteEntryIsThereWhenTheDeploymentNamesAPage)
     Load();
     EXPECT_FALSE(main.mnuHelpItem.Entry(u"mnuHelpItem"_s, 9)->enabled);
     Set(u"PRODUCT INFO"_s, u"WEBSITE"_s, u"C:\\VAS2000\\update.exe"_s);
-    Program againProgram{{home.disk, engine, conduit, ports}};
+    Program againProgram{home.disk.Home(), {conduit, ports}};
     frm_Main again{againProgram};
     again.Form_load(options, splash);
     EXPECT_TRUE(again.mnuHelpItem.Entry(u"mnuHelpItem"_s, 9)->enabled);
@@ -646,7 +644,7 @@ TEST_F(StartSequence, AStartAfterAKillFindsEverythingAsItWas)
     main.sources.datsql.Close();
     main.sources.datComp2Kel_CURRENT.Close();
     const QByteArray ini = home.disk.ReadWhole(kIni);
-    Program againProgram{{home.disk, engine, conduit, ports}};
+    Program againProgram{home.disk.Home(), {conduit, ports}};
     frm_Main again{againProgram};
     again.Form_load(options, splash);
     EXPECT_TRUE(doubles.prompter.Boxes().empty());

@@ -98,7 +98,7 @@ protected:
     {
         shell::frm_Splash splash{ports.Get()};
         main.reset();
-        program = std::make_unique<shell::Program>(shell::Foundation{home.disk, engine, conduit, ports.Get()});
+        program = std::make_unique<shell::Program>(home.disk.Home(), shell::Surroundings{conduit, ports.Get()});
         main = std::make_unique<shell::frm_Main>(*program);
         main->Form_load(
             {{}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false}, u"6.2.1"_s},
@@ -311,6 +311,7 @@ TEST_F(CurrentRecord, ARowWhoseRecordIsGoneWhenItIsReachedIsNoRecord)
     SpeaksOf(u"1 Ash Ct"_s, u"F=Single Family"_s);
     ASSERT_TRUE(IsThere(u"2 BIRCH RD"_s));
     source.Recordset().Delete();
+    QTest::qWait(300); // what others change is seen within a quarter of a second
     main->records.grddatabook.Refresh(); // as a stored change of another record does
     ClickRow(1);
     EXPECT_EQ(Said(), databook::kGoneMeanwhile);

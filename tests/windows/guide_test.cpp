@@ -82,7 +82,7 @@ protected:
     QSettings settings{home.Native(u"window.ini"_s), QSettings::IniFormat};
     Theme theme{*qApp, &settings};
     tests::SamplePort port;
-    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::Program program{home.disk.Home(), {conduit, ports.Get()}};
     shell::frm_Main main{program};
     MainWindow window{main.controls, port, port, guard, theme, settings};
     GuideKey key;

@@ -52,7 +52,7 @@ protected:
     Theme theme{*qApp, &settings};
     tests::SamplePort port;
     shell::frm_Splash splash{ports};
-    shell::Program program{{home.disk, engine, conduit, ports}};
+    shell::Program program{home.disk.Home(), {conduit, ports}};
     shell::frm_Main main{program};
     std::unique_ptr<MainWindow> window;
 

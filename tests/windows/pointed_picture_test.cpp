@@ -66,7 +66,7 @@ protected:
     QSettings settings{home.Native(u"window.ini"_s), QSettings::IniFormat};
     Theme theme{*qApp, &settings};
     shell::frm_Splash splash{ports};
-    shell::Program program{{home.disk, engine, conduit, ports}};
+    shell::Program program{home.disk.Home(), {conduit, ports}};
     shell::frm_Main main{program};
     forms::DropPort& drops{main.drags.Router()};
     std::unique_ptr<MainWindow> window;

@@ -66,7 +66,7 @@ protected:
 
 TEST_F(RealScreens, TheMainWindowShowsEveryControlOfFrmMain)
 {
-    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::Program program{home.disk.Home(), {conduit, ports.Get()}};
     shell::frm_Main main{program};
     MainWindow window(main.controls, port, port, guard, theme, settings);
     window.ShowMap(main.map);
@@ -120,7 +120,7 @@ TEST_F(RealScreens, TheSettingsShowEveryControlOfFrmConfig)
 
 TEST_F(RealScreens, TheMapsOwnWindowsShowEveryControl)
 {
-    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::Program program{home.disk.Home(), {conduit, ports.Get()}};
     map::frm_StreetFind find(program.Map().Desk());
     ScreenWindow findWindow(find, guard);
     EXPECT_TRUE(findWindow.Leftovers().isEmpty()) << findWindow.Leftovers().join(u'\n').toStdString();
@@ -134,7 +134,7 @@ TEST_F(RealScreens, TheMapsOwnWindowsShowEveryControl)
 
 TEST_F(RealScreens, AClickOnTheNameOfAFieldEmptiesIt)
 {
-    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::Program program{home.disk.Home(), {conduit, ports.Get()}};
     map::frm_StreetFind find(program.Map().Desk());
     find.Open();
     ScreenWindow window(find, guard);
@@ -209,7 +209,7 @@ TEST_F(RealScreens, TheAboutBoxShowsItsLinesWhole)
 
 TEST_F(RealScreens, ResetSizePutsTheWindowBackToItsFirstSize)
 {
-    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::Program program{home.disk.Home(), {conduit, ports.Get()}};
     shell::frm_Main main{program};
     MainWindow window(main.controls, port, port, guard, theme, settings);
     window.ShowMap(main.map);
@@ -222,7 +222,7 @@ TEST_F(RealScreens, ResetSizePutsTheWindowBackToItsFirstSize)
 
 TEST_F(RealScreens, NoTwoMenuEntriesShareAKey)
 {
-    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::Program program{home.disk.Home(), {conduit, ports.Get()}};
     shell::frm_Main main{program};
     MainWindow window(main.controls, port, port, guard, theme, settings);
     window.ShowMap(main.map);
@@ -256,7 +256,7 @@ TEST_F(RealScreens, TheSearchShowsEveryControlAndListsAMillionLinesAsItShowsThem
         }
         mutable int asked = 0;
     } lines;
-    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::Program program{home.disk.Home(), {conduit, ports.Get()}};
     shell::frm_Main main{program};
     databook::GridRows rows(main.sources.datsql);
     const forms::Ports shown = ports.Get();
@@ -292,7 +292,7 @@ TEST_F(RealScreens, TheSearchShowsEveryControlAndListsAMillionLinesAsItShowsThem
 /// The press that leaves the date makes its words appear: what was pressed must not run away from the pointer.
 TEST_F(RealScreens, ADateOfTheSearchSaysWhatItIsReadAsAndMovesNothing)
 {
-    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::Program program{home.disk.Home(), {conduit, ports.Get()}};
     shell::frm_Main main{program};
     databook::GridRows rows(main.sources.datsql);
     const forms::Ports shown = ports.Get();
@@ -338,7 +338,7 @@ TEST_F(RealScreens, ADateOfTheSearchSaysWhatItIsReadAsAndMovesNothing)
 
 TEST_F(RealScreens, EscEmptiesTheQuickFindBoxAndGoesToTheGrid)
 {
-    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::Program program{home.disk.Home(), {conduit, ports.Get()}};
     shell::frm_Main main{program};
     MainWindow window(main.controls, port, port, guard, theme, settings);
     window.ShowMap(main.map);
@@ -370,7 +370,7 @@ TEST_F(RealScreens, TheCalendarShowsEveryControlOfFrmCalendar)
 
 TEST_F(RealScreens, EveryHeadingOfTheGridFitsItsColumn)
 {
-    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::Program program{home.disk.Home(), {conduit, ports.Get()}};
     shell::frm_Main main{program};
     MainWindow window(main.controls, port, port, guard, theme, settings);
     window.ShowMap(main.map);

@@ -155,7 +155,7 @@ TEST_F(RecordScreens, SeveralCitiesAreSelectedAndDeletedAtOnce)
 
 TEST_F(RecordScreens, TheAttachCityWindowShowsEveryControlAndAnswersToItsKeys)
 {
-    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::Program program{home.disk.Home(), {conduit, ports.Get()}};
     shell::frm_Main main{program};
     main.globals.applicationIni = globals.applicationIni;
     main.sources.datDatabook.SetDatabaseName(u"C:\\DATABOOK.MDB"_s);
@@ -186,7 +186,7 @@ TEST_F(RecordScreens, TheAttachCityWindowShowsEveryControlAndAnswersToItsKeys)
 
 TEST_F(RecordScreens, TheKeysOfTheGridDoWhatItsButtonsDo)
 {
-    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::Program program{home.disk.Home(), {conduit, ports.Get()}};
     shell::frm_Main main{program};
     MainWindow window(main.controls, port, port, guard, theme, settings);
     window.ShowMap(main.map);
@@ -244,7 +244,7 @@ TEST_F(RecordScreens, ThePhotoBesideTheGridIsThatOfItsRow)
     conduit.running = false;
 
     shell::frm_Splash splash{ports.Get()};
-    shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+    shell::Program program{home.disk.Home(), {conduit, ports.Get()}};
     shell::frm_Main main{program};
     main.Form_load(
         {{}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false}, u"6.2.1"_s},
@@ -309,7 +309,7 @@ TEST_F(RecordScreens, PicturesOfBothInBothThemes)
         cities.lstcity.SetListIndex(1);
         cities.cmdOk_Click();
         save(cities);
-        shell::Program program{{home.disk, engine, conduit, ports.Get()}};
+        shell::Program program{home.disk.Home(), {conduit, ports.Get()}};
         shell::frm_Main main{program};
         main.globals.applicationIni = globals.applicationIni;
         main.sources.datDatabook.SetDatabaseName(u"C:\\DATABOOK.MDB"_s);

@@ -223,7 +223,7 @@ TEST_F(RowDrop, ARowThatIsReadAnewUnderThePointerIsAimedAtByItsNewName)
     EXPECT_TRUE(Enter(*data, Place(3)));
     {
         const auto rows =
-            engine.OpenDatabase(shell::kDatabook)->OpenRecordset(u"COMPS"_s, engine::RecordsetType::Table);
+            program.Engine().OpenDatabase(shell::kDatabook)->OpenRecordset(u"COMPS"_s, engine::RecordsetType::Table);
         rows->SetIndex(u"CENTRALKEY"_s);
         rows->Seek(u"="_s, KeyAt(3));
         ASSERT_FALSE(rows->NoMatch());

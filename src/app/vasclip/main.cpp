@@ -1,14 +1,9 @@
 #include "app/places.h"
-#include "app/vasclip/fixed_clock.h"
 #include "app/vasclip/places_report.h"
+#include "app/vasclip/surroundings.h"
 #include "app/vasclip/tour/tour.h"
 #include "common/error_block.h"
-#include "forms/system_ports.h"
 #include "photos/capture_desk.h"
-#include "link/talk.h"
-#include "platform/conduit/link_watch.h"
-#include "platform/conduit/socket_conduit.h"
-#include "platform/conduit/socket_path.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/one_copy.h"
 #include "platform/desktop/termination.h"
@@ -16,26 +11,18 @@
 #include "shell/frm_splash.h"
 #include "shell/start_up.h"
 #include "windows/about_box.h"
-#include "windows/guard.h"
 #include "windows/guide_window.h"
 #include "windows/main_window.h"
 #include "windows/orderly_close.h"
-#include "windows/screens.h"
 #include "windows/splash_window.h"
-#include "windows/theme.h"
-#include "windows/window_desktop.h"
-#include "windows/window_prompter.h"
-#include "windows/window_pump.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QScopeGuard>
-#include <QSettings>
 #include <QTextStream>
 #include <QTimer>
 
@@ -56,10 +43,8 @@ const QString kSlowStart = u"start/slow"_s;
 struct Options
 {
     QString home;
-    QString socket;
-    int linkTimeLimitMs = 5000;
     QString tour;
-    QDate today; ///< invalid: the machine's
+    app::SurroundingOptions around;
     QString places;
     bool quitWhenPainted = false;
     QString commandLine; ///< what the program's own switches are read from
@@ -92,12 +77,13 @@ std::optional<Options> ReadOptions(const QStringList& arguments)
     parser.process(own);
     Options options;
     options.home = parser.isSet(u"home"_s) ? parser.value(u"home"_s) : files::DefaultHome();
-    options.socket = parser.value(u"socket"_s);
+    options.around.socket = parser.value(u"socket"_s);
     options.tour = parser.value(u"tour"_s);
+    options.around.recorded = !options.tour.isEmpty();
     options.places = parser.value(u"places"_s);
     options.quitWhenPainted = parser.isSet(u"quit-when-painted"_s);
-    options.today = QDate::fromString(parser.value(u"today"_s), Qt::ISODate);
-    if (parser.isSet(u"today"_s) && !options.today.isValid()) {
+    options.around.today = QDate::fromString(parser.value(u"today"_s), Qt::ISODate);
+    if (parser.isSet(u"today"_s) && !options.around.today.isValid()) {
         std::fprintf(stderr, "vasclip: --today takes a day as 2026-06-30.\n");
         return std::nullopt;
     }
@@ -107,80 +93,46 @@ std::optional<Options> ReadOptions(const QStringList& arguments)
         std::fprintf(stderr, "vasclip: --time-limit takes seconds, above 0 and at most 3600.\n");
         return std::nullopt;
     }
-    options.linkTimeLimitMs = static_cast<int>(seconds * 1000);
+    options.around.linkTimeLimitMs = static_cast<int>(seconds * 1000);
     rest += parser.positionalArguments();
     options.commandLine = rest.join(u' ');
     return options;
 }
 
-/// What reached the top is kept where people who help can find it.
-std::function<void(const QString&)> LogTo(const QString& file, const text::TimeSource& time)
-{
-    return [file, &time](const QString& line) {
-        QFile log(file);
-        if (log.open(QIODevice::Append | QIODevice::Text))
-            log.write((time.Now().toString(Qt::ISODate) + u' ' + line + u'\n').toUtf8());
-    };
-}
-
-class Program
+class App
 {
 public:
-    Program(QApplication& app, const Options& options)
+    App(QApplication& app, const Options& options)
         : m_options(options)
-        , m_disk(options.home)
-        , m_clock(options.today)
-        , m_engine(m_disk, m_clock)
-        , m_socket(options.socket.isEmpty() ? conduit::DefaultSocketPath(m_disk.Home()) : options.socket)
-        , m_conduit(
-              conduit::MakeSocketConduit(
-                  {.socketPath = m_socket, .timeLimitMs = options.linkTimeLimitMs, .patience = &m_talk}))
-        , m_watch({.socketPath = m_socket, .timeLimitMs = options.linkTimeLimitMs})
-        , m_recorder(*m_conduit)
-        , m_settings(QDir(m_disk.Home()).filePath(u"window.ini"_s), QSettings::IniFormat)
-        , m_theme(app, &m_settings)
-        , m_prompter(m_disk)
-        , m_guard(m_prompter, [this](int code) { End(code); })
-        , m_program({m_disk, m_engine, Link(), {m_prompter, m_pump, m_clock, m_random, m_desktop, m_screens}, &m_talk})
+        , m_program(options.home,
+                    [&](const files::Disk& disk) {
+                        return m_around.emplace(app, disk, options.around, [this](int code) { End(code); }).Get();
+                    })
         , m_main(m_program)
-        , m_splash({m_prompter, m_pump, m_clock, m_random, m_desktop, m_screens})
-        , m_copy(m_disk.Home())
-    {
-        m_pump.SetStop([this] { m_talk.Cancel(); });
-        m_talk.hold = [this](bool on) { m_pump.Hold(on); };
-        m_talk.offer = [this](const QString& action, const QString& title, const QString& text) {
-            return m_prompter.Offer(action, title, text);
-        };
-        m_screens.SetGuard(&m_guard);
-        app.installEventFilter(&m_guideKey);
-        m_prompter.SetLog(LogTo(QDir(m_disk.Home()).filePath(u"vasclip.log"_s), m_clock));
-    }
+        , m_splash(m_program.Ports())
+        , m_copy(m_program.Disk().Home())
+    {}
 
     int Run()
     {
         std::optional<app::Tour> tour;
         if (!m_options.tour.isEmpty()) {
             tour.emplace(m_options.tour, QCoreApplication::applicationDirPath() + u"/kelforms"_s);
-            if (!tour->StartFormsProgram(m_disk, m_socket))
+            if (!tour->StartFormsProgram(m_program.Disk(), m_around->socket))
                 return 1;
         }
         if (!Start(tour ? &*tour : nullptr))
             return m_exitCode;
         if (tour) {
-            const bool played = m_guard.Run([&] { tour->Play(m_main, *m_window, m_recorder); });
+            const bool played = m_around->guard.Run([&] { tour->Play(m_main, *m_window, m_around->recorder); });
             m_window->close();
-            return played ? tour->Finish(m_recorder) : 1;
+            return played ? tour->Finish(m_around->recorder) : 1;
         }
         const int code = QApplication::exec();
         return code != 0 ? code : m_exitCode;
     }
 
 private:
-    conduit::Conduit& Link()
-    {
-        return m_options.tour.isEmpty() ? *m_conduit : static_cast<conduit::Conduit&>(m_recorder);
-    }
-
     bool Start(app::Tour* tour)
     {
         // A start that is done in a blink shows no splash; it comes with the first status line after that.
@@ -189,24 +141,24 @@ private:
         sinceStart.start();
         // A step that blocks lets nothing come up in its middle, so one that was slow the last time has the splash
         // before it begins.
-        const bool wasSlow = m_settings.value(kSlowStart).toBool();
+        const bool wasSlow = m_around->settings.value(kSlowStart).toBool();
         qint64 lastStep = 0, longest = 0;
         const auto showSplash = [&] {
             longest = std::max(longest, sinceStart.elapsed() - std::exchange(lastStep, sinceStart.elapsed()));
             if (splash || (!tour && !wasSlow && sinceStart.elapsed() < kBlinkMilliseconds))
                 return;
-            splash.emplace(m_splash.controls, m_guard);
+            splash.emplace(m_splash.controls, m_around->guard);
             splash->show();
         };
         const auto watching =
             QObject::connect(&m_splash.lstSplash, &forms::ListBox::ItemsChanged, qApp, showSplash);
         const auto watched = qScopeGuard([&] {
             QObject::disconnect(watching);
-            m_talk.onSlow = {};
+            m_around->talk.onSlow = {};
         });
         // One that answers late holds up a step in which no status line comes.
         bool told = false;
-        m_talk.onSlow = [&] {
+        m_around->talk.onSlow = [&] {
             if (std::exchange(told, true))
                 return;
             m_splash.ShowSplashStatus(u"%1 answers slowly; Esc goes on without it"_s.arg(m_main.globals.formsProgram));
@@ -215,30 +167,30 @@ private:
         shell::StartUpOptions start;
         start.commandLine = m_options.commandLine;
         start.previousInstance = [this] { return !m_copy.IsFirst(); };
-        start.places = app::Places(m_disk);
+        start.places = app::Places(m_program.Disk());
         start.version = QCoreApplication::applicationVersion();
         start.findWindowCaption = desktop::FindWindowCaption;
-        start.homeIsReadOnly = !QFileInfo(m_disk.Home()).isWritable();
-        const bool loaded = m_guard.Run([&] { m_main.Form_load(start, m_splash); });
+        start.homeIsReadOnly = !QFileInfo(m_program.Disk().Home()).isWritable();
+        const bool loaded = m_around->guard.Run([&] { m_main.Form_load(start, m_splash); });
         longest = std::max(longest, sinceStart.elapsed() - lastStep);
         if (const bool slow = longest >= kBlinkMilliseconds; slow != wasSlow)
-            m_settings.setValue(kSlowStart, slow);
+            m_around->settings.setValue(kSlowStart, slow);
         if (!loaded) {
             m_exitCode = m_exitCode == 0 ? 1 : m_exitCode;
             return false;
         }
         if (tour)
             tour->Shoot(*splash, u"starting"_s);
-        return m_guard.Run([&] { ShowWindow(); });
+        return m_around->guard.Run([&] { ShowWindow(); });
     }
 
     void ShowWindow()
     {
-        m_window.emplace(m_main.controls, m_main.drags.Router(), m_main, m_guard, m_theme, m_settings);
+        m_window.emplace(m_main.controls, m_main.drags.Router(), m_main, m_around->guard, m_around->theme, m_around->settings);
         m_window->ShowMap(m_main.map);
-        m_desktop.SetMainWindow(&*m_window);
-        m_prompter.SetOwner(&*m_window);
-        m_screens.SetOwner(&*m_window);
+        m_around->desktop.SetMainWindow(&*m_window);
+        m_around->prompter.SetOwner(&*m_window);
+        m_around->screens.SetOwner(&*m_window);
         m_window->setWindowTitle(m_main.Caption());
         QObject::connect(&m_main, &shell::frm_Main::CaptionChanged, &*m_window,
                          [this] { m_window->setWindowTitle(m_main.Caption()); });
@@ -253,12 +205,12 @@ private:
         m_window->ShowTabColours(m_main.globals.tabMask);
         QObject::connect(&m_main, &shell::frm_Main::TabColoursChanged, &*m_window,
                          [this](bool themed) { m_window->ShowTabColours(themed); });
-        QObject::connect(&m_watch, &conduit::LinkWatch::Seen, &m_main, &shell::frm_Main::LinkSeen);
-        QObject::connect(&m_main, &shell::frm_Main::LinkLookWanted, &m_watch, &conduit::LinkWatch::Look);
+        QObject::connect(&m_around->watch, &conduit::LinkWatch::Seen, &m_main, &shell::frm_Main::LinkSeen);
+        QObject::connect(&m_main, &shell::frm_Main::LinkLookWanted, &m_around->watch, &conduit::LinkWatch::Look);
         QObject::connect(&m_main, &shell::frm_Main::EndWanted, qApp, [this] { std::_Exit(m_exitCode); });
         QObject::connect(&*m_window, &windows::MainWindow::Unload, &*m_window, [this] {
             m_window->hide();
-            m_guard.Run([this] { m_main.Form_Unload(); });
+            m_around->guard.Run([this] { m_main.Form_Unload(); });
             QApplication::exit(m_exitCode);
         });
         if (m_options.quitWhenPainted)
@@ -266,11 +218,11 @@ private:
         QObject::connect(
             &*m_window, &windows::MainWindow::FirstPainted, &m_main,
             [this] {
-                m_guard.Run([this] { m_main.ShowRecordPhoto(); });
+                m_around->guard.Run([this] { m_main.ShowRecordPhoto(); });
                 m_main.Capture().Folder().SetPatience(photos::CaptureFolder::kShortPatience);
-                m_guard.Run([this] { m_main.ShowCapture(); });
-                m_guard.Run([this] { m_main.CheckDatabook(engine::CheckDepth::Quiet); });
-                m_watch.Start(kLookAtLinkMs);
+                m_around->guard.Run([this] { m_main.ShowCapture(); });
+                m_around->guard.Run([this] { m_main.CheckDatabook(engine::CheckDepth::Quiet); });
+                m_around->watch.Start(kLookAtLinkMs);
             },
             Qt::QueuedConnection);
         m_orderlyClose.emplace(*m_window);
@@ -289,7 +241,7 @@ private:
              g.companyName,
              {{u"Databook"_s, g.G_DataDir + g.G_DataFile},
               {u"Settings"_s, g.applicationIni},
-              {u"Home"_s, m_disk.Home()},
+              {u"Home"_s, m_program.Disk().Home()},
               {g.formsProgram, g.formsProgramVersion.isEmpty() ? u"not seen yet"_s : g.formsProgramVersion}},
              changes},
             &*m_window);
@@ -305,23 +257,7 @@ private:
     }
 
     Options m_options;
-    files::Disk m_disk;
-    app::FixedClock m_clock;
-    engine::Engine m_engine;
-    QString m_socket;
-    link::Talk m_talk;
-    std::unique_ptr<conduit::Conduit> m_conduit;
-    conduit::LinkWatch m_watch;
-    app::LinkRecorder m_recorder;
-    QSettings m_settings;
-    windows::Theme m_theme;
-    windows::WindowPrompter m_prompter;
-    windows::EventGuard m_guard;
-    windows::GuideKey m_guideKey;
-    windows::WindowDesktop m_desktop;
-    windows::WindowScreens m_screens;
-    windows::WindowPump m_pump;
-    forms::SystemRandom m_random;
+    std::optional<app::Surroundings> m_around;
     shell::Program m_program;
     shell::frm_Main m_main;
     shell::frm_Splash m_splash;
@@ -348,7 +284,7 @@ int main(int argc, char* argv[])
     if (!options)
         return 2;
     try {
-        return Program(app, *options).Run();
+        return App(app, *options).Run();
     } catch (const RuntimeError& failure) {
         QTextStream(stderr) << u"Vasclip can't start: "_s << failure.Description() << Qt::endl;
         QMessageBox::critical(nullptr, u"Vasclip can't start"_s, failure.Description() + u'.');

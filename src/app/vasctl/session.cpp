@@ -34,31 +34,30 @@ QString ExistingHome(const QString& home)
 Session::Session(const QString& home, const QString& socketPath, int linkTimeLimitMs,
                  TerminalPrompter& prompter)
     : m_prompter(prompter)
-    , m_disk(ExistingHome(home))
-    , m_engine(m_disk, m_clock)
-    , m_socketPath(socketPath.isEmpty() ? conduit::DefaultSocketPath(m_disk.Home()) : socketPath)
-    , m_conduit(conduit::MakeSocketConduit({.socketPath = m_socketPath, .timeLimitMs = linkTimeLimitMs}))
+    , m_program(ExistingHome(home),
+                [&](const files::Disk& disk) { return Surround(disk, socketPath, linkTimeLimitMs); })
 {}
 
-forms::Ports Session::Ports()
+shell::Surroundings Session::Surround(const files::Disk& disk, const QString& socketPath, int linkTimeLimitMs)
 {
-    return {m_prompter, m_pump, m_clock, m_random, m_window, m_screens};
+    m_socketPath = socketPath.isEmpty() ? conduit::DefaultSocketPath(disk.Home()) : socketPath;
+    m_conduit = conduit::MakeSocketConduit({.socketPath = m_socketPath, .timeLimitMs = linkTimeLimitMs});
+    return {*m_conduit, {m_prompter, m_pump, m_clock, m_random, m_window, m_screens}};
 }
 
 shell::Program& Session::Home()
 {
-    if (m_program)
-        return *m_program;
-    auto program = std::make_unique<shell::Program>(shell::Foundation{m_disk, m_engine, *m_conduit, Ports()});
-    program->LocateInis(app::Places(m_disk), shell::Silence::Silent);
-    if (!m_disk.FileExists(program->globals.applicationIni))
+    if (m_home)
+        return m_program;
+    m_program.LocateInis(app::Places(Disk()), shell::Silence::Silent);
+    if (!Disk().FileExists(m_program.globals.applicationIni))
         throw RuntimeError(
             error::kFileNotFound,
             u"%1 is not there, so this is no home of the program; choose another with --home"_s.arg(
-                program->globals.applicationIni));
-    program->ReadSettings();
-    m_program = std::move(program);
-    return *m_program;
+                m_program.globals.applicationIni));
+    m_program.ReadSettings();
+    m_home = true;
+    return m_program;
 }
 
 bool Session::ReportIsOpen(const Output& out, const QString& otherwise)
@@ -85,7 +84,7 @@ shell::Program& Session::WithReport()
 {
     auto& program = WithDatabook();
     if (!m_report) {
-        if (!m_disk.FileExists(program.globals.kelIni))
+        if (!Disk().FileExists(program.globals.kelIni))
             m_prompter.Info(
                 u"Configuration File Missing"_s,
                 u"%1 is not there, so the pages of the report are not known and nothing can be sent to "

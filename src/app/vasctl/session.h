@@ -30,11 +30,11 @@ class Session
 public:
     Session(const QString& home, const QString& socketPath, int linkTimeLimitMs, TerminalPrompter& prompter);
 
-    [[nodiscard]] const files::Disk& Disk() const { return m_disk; }
-    [[nodiscard]] engine::Engine& Engine() { return m_engine; }
+    [[nodiscard]] const files::Disk& Disk() const { return m_program.Disk(); }
+    [[nodiscard]] engine::Engine& Engine() { return m_program.Engine(); }
     [[nodiscard]] const QString& SocketPath() const { return m_socketPath; }
     [[nodiscard]] TerminalPrompter& Prompter() { return m_prompter; }
-    [[nodiscard]] forms::Ports Ports();
+    [[nodiscard]] const forms::Ports& Ports() const { return m_program.Ports(); }
     [[nodiscard]] conduit::Conduit& Conduit() { return *m_conduit; }
 
     /// The program with ini files located and settings read. @throws RuntimeError if VAS2000.INI is
@@ -48,17 +48,18 @@ public:
     bool ReportIsOpen(const Output& out, const QString& otherwise);
 
 private:
+    shell::Surroundings Surround(const files::Disk& disk, const QString& socketPath, int linkTimeLimitMs);
+
     TerminalPrompter& m_prompter;
-    files::Disk m_disk;
     forms::SystemClock m_clock;
-    engine::Engine m_engine;
     QString m_socketPath;
     std::unique_ptr<conduit::Conduit> m_conduit;
     forms::QtEventPump m_pump;
     forms::SystemRandom m_random;
     NoWindow m_window;
     forms::NoScreens m_screens;
-    std::unique_ptr<shell::Program> m_program;
+    shell::Program m_program;
+    bool m_home = false; ///< its settings are read
     bool m_databook = false;
     bool m_report = false;
 };

@@ -31,7 +31,7 @@ bool Press(QWidget& dialog, const QString& button)
 /// A copy of the first capture picture to play with, always of one time; "" if there is none.
 QString PlayPicture(const Stage& stage, const QString& directory, const QString& as = u"TOUR.JPG"_s)
 {
-    const files::Disk& disk = stage.main.Base().disk;
+    const files::Disk& disk = stage.main.program.Disk();
     const QString capture = stage.main.globals.G_CaptureDir;
     const QStringList names = photos::PictureNames(disk, capture, photos::kCapturePatterns);
     if (names.isEmpty())
@@ -41,7 +41,7 @@ QString PlayPicture(const Stage& stage, const QString& directory, const QString&
     disk.FileCopy(capture + names.first(), directory + as);
     QFile file(disk.ToNative(directory + as));
     if (file.open(QIODevice::ReadWrite))
-        file.setFileTime(stage.main.Base().ports.clock.Now(), QFileDevice::FileModificationTime);
+        file.setFileTime(stage.main.program.Ports().clock.Now(), QFileDevice::FileModificationTime);
     return directory + as;
 }
 
@@ -81,34 +81,34 @@ bool CopyAndFind(const Stage& stage)
 
 bool AdjustPhoto(const Stage& stage)
 {
-    const auto& base = stage.main.Base();
+    shell::Program& program = stage.main.program;
     const QString directory = stage.main.globals.G_UserDir;
     const QString picture = PlayPicture(stage, directory);
     if (picture.isEmpty())
         return stage.tour.Fail(u"The capture directory has no picture to adjust."_s);
-    const QByteArray before = base.disk.ReadWhole(picture);
+    const QByteArray before = program.Disk().ReadWhole(picture);
     bool compressed = false, back = false;
-    photos::frm_Double screen({base.ports, base.disk, stage.main.globals, stage.main.Link().loader}, picture);
+    photos::frm_Double screen({program.Ports(), program.Disk(), stage.main.globals, stage.main.Link().loader}, picture);
     const bool shown = stage.tour.During(
-        u"the adjust window"_s, [&] { base.ports.screens.ShowModal(screen); },
+        u"the adjust window"_s, [&] { program.Ports().screens.ShowModal(screen); },
         [&](QWidget& dialog) {
             if (auto* bar = dialog.findChild<QSlider*>(u"hsbcapturebrightness"_s))
                 bar->setValue(25);
             if (auto* bar = dialog.findChild<QSlider*>(u"hsbquality"_s))
                 bar->setValue(60);
-            compressed = Press(dialog, u"cmdCompress"_s) && base.disk.ReadWhole(picture) != before;
+            compressed = Press(dialog, u"cmdCompress"_s) && program.Disk().ReadWhole(picture) != before;
             stage.tour.Shoot(dialog, u"adjust"_s);
-            back = Press(dialog, u"cmdCancel"_s) && base.disk.ReadWhole(picture) == before;
+            back = Press(dialog, u"cmdCancel"_s) && program.Disk().ReadWhole(picture) == before;
             Press(dialog, u"cmdExit"_s);
         });
-    base.disk.Kill(picture);
+    program.Disk().Kill(picture);
     stage.tour.Step(u"Compressed a photo, and took that back."_s);
     return shown && compressed && back;
 }
 
 bool TrashAndRestore(const Stage& stage)
 {
-    const auto& base = stage.main.Base();
+    shell::Program& program = stage.main.program;
     const QString capture = stage.main.globals.G_CaptureDir;
     const QString trash = photos::TrashDirectory(capture);
     const QString picture = PlayPicture(stage, trash);
@@ -132,10 +132,10 @@ bool TrashAndRestore(const Stage& stage)
             Press(dialog, u"cmdRestore"_s);
             Press(dialog, u"cmdExit"_s);
         });
-    const bool back = base.disk.FileExists(capture + u"TOUR.JPG"_s) && !base.disk.Found(picture);
+    const bool back = program.Disk().FileExists(capture + u"TOUR.JPG"_s) && !program.Disk().Found(picture);
     for (const QString& left : {capture + u"TOUR.JPG"_s, picture, others[0], others[1]}) {
-        if (base.disk.Found(left))
-            base.disk.Kill(left);
+        if (program.Disk().Found(left))
+            program.Disk().Kill(left);
     }
     stage.tour.Step(u"Restored a photo from the trashcan."_s);
     return shown && chosen && back;

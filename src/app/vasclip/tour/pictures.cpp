@@ -39,7 +39,7 @@ public:
         : m_stage(stage)
         , m_before(stage.main.globals.G_CaptureDir)
     {
-        const files::Disk& disk = stage.main.Base().disk;
+        const files::Disk& disk = stage.main.program.Disk();
         if (!disk.DirExists(kPlace))
             disk.MkDir(kPlace.chopped(1));
         for (const QString& name : disk.Dir(kCard + u"*.JPG"_s).mid(0, pictures))
@@ -49,7 +49,7 @@ public:
     ~Errand()
     {
         m_stage.main.Capture().ShowDirectory(m_before);
-        QDir(m_stage.main.Base().disk.ToNative(kPlace)).removeRecursively();
+        QDir(m_stage.main.program.Disk().ToNative(kPlace)).removeRecursively();
     }
     Errand(const Errand&) = delete;
     Errand& operator=(const Errand&) = delete;
@@ -192,7 +192,7 @@ bool CameraFolder(const Stage& stage)
     const auto record = store::ReadRows(main.sources.datDatabook, u"SELECT CENTRALKEY FROM ["_s + main.globals.G_Table +
                                                                       u"] WHERE FRONT = '1' ORDER BY CENTRALKEY"_s)
                             .Next();
-    const QString fresh = main.Base().disk.Dir(main.globals.G_CaptureDir + u"*.jpg"_s).value(0);
+    const QString fresh = main.program.Disk().Dir(main.globals.G_CaptureDir + u"*.jpg"_s).value(0);
     if (!record || fresh.isEmpty())
         return stage.tour.Fail(u"There is no record with a photo, or no picture of the camera."_s);
     const QString key = record->Value(fields::CENTRALKEY).toString();

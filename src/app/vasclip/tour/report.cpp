@@ -52,7 +52,7 @@ bool DropOne(const Stage& stage, const Stop& stop)
     shell::frm_Main& main = stage.main;
     forms::Control* target = main.controls.Find(u"txtComp"_s, stop.slot);
     auto& databook = main.sources.datDatabook;
-    const bool found = store::FindRecord(main.Base().ports, databook, stop.key, store::kKeyIndex);
+    const bool found = store::FindRecord(main.program.Ports(), databook, stop.key, store::kKeyIndex);
     const qint64 row = found ? main.sources.datsql.PlaceOf(databook) : -1;
     if (!target || row < 0)
         return stage.tour.Fail(u"%1 or the slot txtComp(%2) is not there."_s.arg(stop.key).arg(stop.slot));
@@ -170,11 +170,11 @@ bool TransferSubject(const Stage& stage)
     shell::frm_Main& main = stage.main;
     store::DataSource& databook = main.sources.datDatabook;
     const QString key = text::Folded(main.report.txtSubject.Text());
-    if (store::FindRecord(main.Base().ports, databook, key, fields::CENTRALKEY))
+    if (store::FindRecord(main.program.Ports(), databook, key, fields::CENTRALKEY))
         return stage.tour.Fail(u"%1 is in the Databook before it was transferred."_s.arg(key));
     main.report.TabData.SetTab(0);
     const bool chosen = stage.tour.Choose(stage.window, u"Transfer > Subject: Appraisal to Databook"_s);
-    if (!store::FindRecord(main.Base().ports, databook, key, fields::CENTRALKEY))
+    if (!store::FindRecord(main.program.Ports(), databook, key, fields::CENTRALKEY))
         return stage.tour.Fail(u"%1 did not come into the Databook."_s.arg(key));
     const int cells = CellsStored(main);
     photos::ReadPhotoLists(databook, main.photoLists.lstViews, main.photoLists.lstimages);
@@ -198,7 +198,7 @@ bool DeleteTheSubject(const Stage& stage)
     const bool asked = stage.tour.During(
         u"The question before a record is deleted"_s, [&] { main.CompDeleteRecord(); },
         [&](QWidget& box) { AnswerYes(stage, box, u"question-delete"_s); });
-    return asked && !store::FindRecord(main.Base().ports, main.sources.datDatabook, key, fields::CENTRALKEY);
+    return asked && !store::FindRecord(main.program.Ports(), main.sources.datDatabook, key, fields::CENTRALKEY);
 }
 
 } // namespace vasclip::app

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "app/vasclip/fixed_clock.h"
+#include "app/vasclip/link_recorder.h"
+#include "forms/system_ports.h"
+#include "link/talk.h"
+#include "platform/conduit/link_watch.h"
+#include "shell/program.h"
+#include "windows/guard.h"
+#include "windows/guide_window.h"
+#include "windows/screens.h"
+#include "windows/theme.h"
+#include "windows/window_desktop.h"
+#include "windows/window_prompter.h"
+#include "windows/window_pump.h"
+
+#include <QDate>
+#include <QSettings>
+
+#include <functional>
+#include <memory>
+
+class QApplication;
+
+namespace vasclip::app {
+
+struct SurroundingOptions
+{
+    QString socket; ///< "": the home's own
+    int linkTimeLimitMs = 5000;
+    QDate today;           ///< invalid: the machine's
+    bool recorded = false; ///< what is said on the link is kept, for the tour
+};
+
+/// What a program with a window has around it: the line to the forms program, boxes, screens, clock and queue.
+class Surroundings
+{
+public:
+    /// @param end  a rule has ended the program with that code
+    Surroundings(QApplication& app, const files::Disk& disk, const SurroundingOptions& options,
+                 const std::function<void(int code)>& end);
+    [[nodiscard]] shell::Surroundings Get();
+
+    const QString socket;
+    FixedClock clock;
+    link::Talk talk;
+
+private:
+    std::unique_ptr<conduit::Conduit> m_conduit;
+    bool m_recorded;
+
+public:
+    conduit::LinkWatch watch;
+    LinkRecorder recorder;
+    QSettings settings;
+    windows::Theme theme;
+    windows::WindowPrompter prompter;
+    windows::EventGuard guard;
+    windows::WindowDesktop desktop;
+    windows::WindowScreens screens;
+
+private:
+    windows::GuideKey m_guideKey;
+    windows::WindowPump m_pump;
+    forms::SystemRandom m_random;
+};
+
+} // namespace vasclip::app
