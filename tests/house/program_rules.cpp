@@ -42,6 +42,16 @@ void CheckTerminal(const QString& path, const QString& code, QStringList& violat
         violations.append(u"%1 names the screen %2; vasctl has none"_s.arg(path, found.captured()));
 }
 
+/// One program has one disk and one engine, which it owns.
+void CheckOwner(const QString& path, const QString& code, QStringList& violations)
+{
+    static const QRegularExpression made(uR"(\b(files::Disk|engine::Engine)\s+\w+\s*[;({])"_s);
+    if (!path.startsWith(u"src/"_s) || path.startsWith(u"src/platform/"_s) || path.startsWith(u"src/shell/program."_s))
+        return;
+    if (const auto found = made.match(code); found.hasMatch())
+        violations.append(u"%1 makes %2 of its own: the program has one"_s.arg(path, found.captured(1)));
+}
+
 void CheckSize(const Sources& sources, const QString& beginning, QStringList& violations)
 {
     qsizetype lines = 0;
@@ -62,6 +72,7 @@ QStringList ProgramViolations(const Sources& sources)
         const QString code = Code(source.value());
         CheckMenus(source.key(), code, violations);
         CheckTerminal(source.key(), code, violations);
+        CheckOwner(source.key(), code, violations);
     }
     CheckSize(sources, u"src/shell/frm_main"_s, violations);
     CheckSize(sources, u"src/windows/main_window"_s, violations);
