@@ -26,7 +26,7 @@ BEGIN
             SELECT (addy)[1] AS one INTO found
             FROM reverse_geocode(ST_SetSRID(ST_MakePoint(query.longitude, query.latitude), 4269));
             IF round = 2 THEN
-                INSERT INTO reversed VALUES (found.one IS NOT NULL, extract(epoch FROM clock_timestamp() - began) * 1000);
+                INSERT INTO reversed VALUES ((found.one).streetname IS NOT NULL, extract(epoch FROM clock_timestamp() - began) * 1000);
             END IF;
         END LOOP;
     END LOOP;
