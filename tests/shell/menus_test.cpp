@@ -56,7 +56,7 @@ TEST_F(MenusTest, OtherMenusInStoredOrder)
                            u"8 Hide Manual Comp Entry"_s, u"9 -"_s, u"10 General Views"_s}));
     EXPECT_EQ(Captions(menus.mnuMaintItem.Entries()),
               (QStringList{u"0 Data Correction"_s, u"1 -"_s, u"2 Camera Views"_s, u"3 City Editing"_s,
-                           u"4 Trashcan Maintenance"_s}));
+                           u"4 Trashcan Maintenance"_s, u"5 -"_s, u"6 Map Data"_s}));
     EXPECT_EQ(Captions(menus.mnuRefreshItem.Entries()), (QStringList{u"0 Appraisal Information"_s, u"1 -"_s,
                                                               u"2 Database Grid (all records shown)"_s}));
     EXPECT_EQ(Captions(menus.mnuDBItem.Entries()),
@@ -88,7 +88,7 @@ TEST_F(MenusTest, AnEntryWithoutAScreenIsDisabled)
     for (const auto& entry : menus.mnuFileItem.Entries())
         EXPECT_EQ(entry.enabled, QList<int>({0, 2, 3, 4, 6, 8, 11}).contains(entry.index)) << entry.caption.toStdString();
     for (const auto& entry : menus.mnuMaintItem.Entries())
-        EXPECT_EQ(entry.enabled, entry.index != 0 && entry.index != 1) << entry.caption.toStdString();
+        EXPECT_EQ(entry.enabled, QList<int>({2, 3, 4, 6}).contains(entry.index)) << entry.caption.toStdString();
 }
 
 } // namespace
