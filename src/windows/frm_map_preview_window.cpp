@@ -3,6 +3,7 @@
 #include "windows/picture_view.h"
 #include "windows/screen_layouts.h"
 
+#include <QCheckBox>
 #include <QDialog>
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -20,7 +21,8 @@ constexpr int kRim = 40; ///< what frame and buttons take
 
 } // namespace
 
-/// The picture at its own size, a pixel of it a pixel of the screen; what does not fit is scrolled to.
+/// The picture at its own size, a pixel of it a pixel of the screen; what does not fit is scrolled to, or the whole is seen
+/// smaller.
 void Layout_frm_MapPreview(QDialog& window, forms::Screen&)
 {
     auto* rows = MakeRows(window);
@@ -32,12 +34,22 @@ void Layout_frm_MapPreview(QDialog& window, forms::Screen&)
     picture->SetBare(true);
     picture->setAccessibleName(QDialog::tr("Map picture"));
     constexpr QSize kEdge{2, 2}; // that a view leaves around its picture
-    picture->setFixedSize((QSizeF(kPicture) / window.devicePixelRatioF()).toSize() + kEdge);
+    const QSize own = (QSizeF(kPicture) / window.devicePixelRatioF()).toSize() + kEdge;
+    picture->setFixedSize(own);
     area->setWidget(picture);
     rows->addWidget(area, 1);
 
     auto* foot = new QHBoxLayout;
     foot->setSpacing(8);
+    auto* whole = new QCheckBox(QDialog::tr("Whole picture"), &window);
+    whole->setObjectName(u"wholePicture"_s);
+    whole->setToolTip(QDialog::tr("Shows all of the picture; without it, each of its pixels"));
+    QObject::connect(whole, &QCheckBox::toggled, area, [area, picture, own](bool all) {
+        picture->setMinimumSize(all ? QSize() : own);
+        picture->setMaximumSize(all ? QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX) : own);
+        area->setWidgetResizable(all);
+    });
+    foot->addWidget(whole);
     foot->addStretch(1);
     auto* send = MakeButton(window, u"cmdSend"_s);
     send->setDefault(true);
@@ -46,7 +58,9 @@ void Layout_frm_MapPreview(QDialog& window, forms::Screen&)
     foot->addWidget(MakeButton(window, u"cmdCancel"_s));
     rows->addLayout(foot);
     const QSize room = window.screen()->availableSize() - QSize(kRim, 2 * kRim);
-    window.resize(room.boundedTo(picture->size() + QSize(kRim, 2 * kRim)));
+    const QSize wanted = own + QSize(kRim, 2 * kRim);
+    window.resize(room.boundedTo(wanted));
+    whole->setChecked(wanted.width() > room.width() || wanted.height() > room.height());
 }
 
 } // namespace vasclip::windows

@@ -336,6 +336,11 @@ TEST_F(MapTab, ThePreviewIsTheFileThatIsSentPixelByPixel)
         auto* view = preview.findChild<PictureView*>(u"mapPreview"_s);
         const QImage file(home.disk.ToNative(u"C:\\VAS2000\\VAS2000.JPG"_s));
         ASSERT_EQ(file.size(), QSize(1500, 1000));
+        auto* whole = preview.findChild<QCheckBox*>(u"wholePicture"_s);
+        ASSERT_TRUE(whole->isChecked()) << "the screen is smaller";
+        QCoreApplication::processEvents();
+        EXPECT_LT(view->width(), 1500);
+        QTest::mouseClick(whole, Qt::LeftButton, {}, {8, whole->height() / 2});
         const QImage seen = view->grab().toImage().convertToFormat(QImage::Format_RGB32);
         EXPECT_EQ(seen.copy(1, 1, 1500, 1000), file.convertToFormat(QImage::Format_RGB32));
     });
