@@ -117,8 +117,8 @@ inline const QString kNotExported =
 inline const QString kArranged = u"Turned: %1. No arrow covers another or a house"_s;
 inline const QString kArrangedAlready = u"No arrow covers another or a house; none was turned"_s;
 inline const QString kCrowded =
-    u"There is no room for all arrows at this scale: %1 still cover something or are covered. Zoom in, or turn or "
-    "move them by hand"_s;
+    u"There is no room for all arrows at this scale: %1 still cover something or are covered, here or in the "
+    "report's picture. Zoom in, or turn or move them by hand"_s;
 
 inline const QString kMiles = u"%1 mi"_s;
 inline const QString kJustOutside = u"Just outside: %1"_s;

@@ -271,7 +271,7 @@ TEST_F(ArrangeMap, KeepsWhatWasTurnedByHandOrAnchored)
     // In such a row not even the free one finds room.
     EXPECT_EQ(status.lblmsg.Caption(),
               u"There is no room for all arrows at this scale: SUBJECT, COMP #1, COMP #2 still cover something or are "
-              "covered. Zoom in, or turn or move them by hand"_s);
+              "covered, here or in the report's picture. Zoom in, or turn or move them by hand"_s);
 }
 
 TEST_F(ArrangeMap, ArrowsThatMeetOnPaperAloneTurnToo)
