@@ -58,7 +58,8 @@ std::optional<Rescued> CopyReadable(Engine& engine, const QString& source, const
     NewFile file(disk.ToNative(target), target);
     std::optional<Rescued> rescued;
     {
-        Connection fresh({.nativePath = file.Path(), .shown = target, .fresh = true});
+        Connection fresh(
+            {.nativePath = file.Path(), .shown = target, .time = &engine.Time(), .fresh = true});
         rescued = CopyTables(*connection, fresh, step);
     }
     if (!rescued)
