@@ -46,7 +46,7 @@ std::shared_ptr<Connection> SqliteBackEnd::Connect(const QString& native, const 
         return connection;
     auto connection =
         std::make_shared<Connection>(
-            Connection::Setup{native, shown, m_workspace->waits, m_workspace->time, readOnly});
+            Connection::Setup{native, shown, m_workspace->waits, *m_workspace->time, readOnly});
     place = connection;
     return connection;
 }
@@ -78,7 +78,7 @@ void SqliteBackEnd::Create(const QString& path)
 {
     NewFile file(Disk().ToNative(path), path);
     {
-        Connection connection({file.Path(), path, m_workspace->waits, m_workspace->time, false, true});
+        Connection connection({file.Path(), path, m_workspace->waits, *m_workspace->time, false, true});
     }
     file.Finish();
 }

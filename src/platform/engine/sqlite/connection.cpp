@@ -94,7 +94,7 @@ Connection::Connection(const Setup& setup)
         sqlite3_db_config(m_handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
         sqlite3_db_config(m_handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
         RegisterCollation(m_handle);
-        RegisterFunctions(m_handle, *m_setup.time);
+        RegisterFunctions(m_handle, m_setup.time);
         Run(u"PRAGMA synchronous=FULL; PRAGMA temp_store=FILE; PRAGMA trusted_schema=OFF; PRAGMA cell_size_check=ON"_s);
         if (setup.fresh)
             MakeSchema(*this);

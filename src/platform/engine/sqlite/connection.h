@@ -51,7 +51,7 @@ public:
         QString nativePath;
         QString shown; ///< drive path, for messages
         std::shared_ptr<Waits> waits = std::make_shared<Waits>();
-        const text::TimeSource* time = nullptr;
+        const text::TimeSource& time; ///< it outlives the connection
         bool readOnly = false;
         bool fresh = false; ///< an empty file that gets the engine's own tables first
     };

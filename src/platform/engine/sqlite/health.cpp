@@ -59,7 +59,7 @@ std::optional<Rescued> CopyReadable(Engine& engine, const QString& source, const
     std::optional<Rescued> rescued;
     {
         Connection fresh(
-            {.nativePath = file.Path(), .shown = target, .time = &engine.Time(), .fresh = true});
+            {.nativePath = file.Path(), .shown = target, .time = engine.Time(), .fresh = true});
         rescued = CopyTables(*connection, fresh, step);
     }
     if (!rescued)
