@@ -51,7 +51,7 @@ QString Router::KeyOf(const forms::Control& source) const
     if (name == "GEAMAINTAIN"_L1)
         return text::Folded(m_desk.txtcentralkey.Text());
     if (name == "TXTMAPADDRESS"_L1 || name == "MAPVIEW"_L1 || name == "GEAMAPPHOTO"_L1)
-        return text::Folded(m_desk.link.report.txtMapAddress.Text());
+        return text::Folded(m_desk.txtMapAddress.Text());
     return {};
 }
 

@@ -28,6 +28,7 @@ struct DropDesk
     photos::CaptureDesk& capture;
     const forms::Grid& grddatabook;
     const forms::TextBox& txtcentralkey; ///< key of the record on show, and the address box
+    const forms::TextBox& txtMapAddress; ///< of the point selected on the map
     DropShow* show = nullptr;            ///< who shows records; none: outcomes are told to nobody
 };
 

@@ -30,7 +30,7 @@ DropOutcome OutcomeOf(const SendResult& result)
 }
 
 /// What cells without a value of the new comp still tell of the one before it, in words.
-QString LeftOfOldComp(LinkDesk& desk, const SendResult& result, const QString& existing)
+QString LeftOfOldComp(const Conversation& desk, const SendResult& result, const QString& existing)
 {
     QStringList left;
     for (const UnsentField& field : result.unsent) {

@@ -24,7 +24,7 @@ QString Active(const Conversation& desk)
     return text::Trim(KelFirstToken(desk.txtDDE.Text()));
 }
 
-bool Offer(const LinkDesk& desk, const QString& action, const QString& title, const QString& text)
+bool Offer(const Conversation& desk, const QString& action, const QString& title, const QString& text)
 {
     if (desk.talk && desk.talk->offer)
         return desk.talk->offer(action, title, text);

@@ -36,7 +36,6 @@ struct ReportControls
     forms::ControlArray<forms::TextBox> txtgeneraladdr;
     forms::ControlArray<forms::ComboBox> cboGeneral;
     forms::ControlArray<forms::Label> lblComp, lblAltComp, lblListing, lblRental; ///< 0-based, one a page
-    forms::TextBox txtMapAddress, txtMapProximity; ///< the point selected on the map
     forms::Button cmdSubjectAnd;
     forms::PictureBox imaKel; ///< the house icon: refresh
     forms::Label lblReport;   ///< the report that the tabs show: name, file number, subject

@@ -20,12 +20,14 @@ namespace {
 /// The proximity of the record being sent; nothing without a comp on the map.
 std::optional<QString> ProximityText(LinkDesk& desk, const store::Record& record)
 {
-    const QString onMap = text::Folded(desk.report.txtMapAddress.Text());
+    if (!desk.proximity)
+        return std::nullopt;
+    const QString onMap = text::Folded(desk.proximity->ShownAddress());
     if (onMap == text::Folded(record.Text(fields::CENTRALKEY)))
-        return text::Trim(desk.report.txtMapProximity.Text());
+        return text::Trim(desk.proximity->ShownProximity());
     if (onMap.isEmpty())
         return std::nullopt;
-    if (!desk.state.proximityOnDrop || !desk.proximity)
+    if (!desk.state.proximityOnDrop)
         return QString();
     const QString key = store::GetFieldData(desk.sources.datsql, fields::CENTRALKEY);
     const QString miles = desk.proximity->CalcTheDistance(key);
@@ -110,8 +112,8 @@ std::optional<OutgoingField> FieldToSend(LinkDesk& desk, const store::Record& re
     return out;
 }
 
-SendResult SendBulk(LinkDesk& desk, const store::Record& record, const QString& formType, const QString& report,
-                    qint16 comp, const QString& compType)
+SendResult SendBulk(LinkDesk& desk, const store::Record& record, const QString& formType,
+                    const QString& report, qint16 comp, const QString& compType)
 {
     const common::RoutineScope scope{"SendBulk"};
     forms::Prompter& prompter = desk.ports.prompter;
@@ -141,11 +143,13 @@ SendResult SendBulk(LinkDesk& desk, const store::Record& record, const QString& 
                 desk.talk->SetStep(row, result.rows);
             going.item = formName + u'|' + rows[row].RowCell();
             const bool goOn = common::Guarded(prompter, [&] {
-                const std::optional<OutgoingField> field = FieldToSend(desk, record, rows[row], formName, comp);
+                const std::optional<OutgoingField> field =
+                    FieldToSend(desk, record, rows[row], formName, comp);
                 if (!field) {
                     if (const QString what = LeftByRow(rows[row]); !what.isEmpty())
-                        result.unsent.append({what, formName + u'|' + KelShiftCell(rows[row].RowCell(),
-                                                                                   rows[row].offset, comp)});
+                        result.unsent.append(
+                            {what,
+                             formName + u'|' + KelShiftCell(rows[row].RowCell(), rows[row].offset, comp)});
                     return;
                 }
                 going = *field;

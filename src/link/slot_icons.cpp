@@ -31,7 +31,7 @@ Found RecordOf(LinkDesk& desk, const QString& label)
 }
 
 /// @param record  of the label; none is not in the Databook
-void Show(LinkDesk& desk, const QString& label, const Found& record, forms::PictureBox& icon,
+void Show(ReportMirror& desk, const QString& label, const Found& record, forms::PictureBox& icon,
           forms::PictureBox* anchor, const QString& view)
 {
     if (anchor)
@@ -58,7 +58,7 @@ void Show(LinkDesk& desk, const QString& label, const Found& record, forms::Pict
 }
 
 /// How far a comp is from the subject, as its anchor's tool tip. No record is read for it: the anchors keep the places.
-void TellProximity(LinkDesk& desk, SlotRef slot)
+void TellProximity(ReportMirror& desk, SlotRef slot)
 {
     const GroupRow& row = RowOf(slot.group);
     if (!row.anchors || slot.group == Group::Subject)
@@ -72,7 +72,7 @@ void TellProximity(LinkDesk& desk, SlotRef slot)
 }
 
 /// What stands beside one slot: each refresh, of one slot or of a group, comes here for each of its slots.
-void ShowSlot(LinkDesk& desk, SlotRef slot, const Found& record)
+void ShowSlot(ReportMirror& desk, SlotRef slot, const Found& record)
 {
     const GroupRow& row = RowOf(slot.group);
     Show(desk, TextOf(desk.report, slot).Text(), record, (desk.slots.*row.icons)(slot.index),
@@ -82,7 +82,7 @@ void ShowSlot(LinkDesk& desk, SlotRef slot, const Found& record)
 }
 
 /// @param view  0 all
-void ShowSubject(LinkDesk& desk, const Found& record, int view)
+void ShowSubject(ReportMirror& desk, const Found& record, int view)
 {
     for (int i = 1; i <= photos::kSubjectPhotos; ++i)
         if (view == 0 || view == i)
@@ -123,7 +123,7 @@ void RefreshSlotIcon(LinkDesk& desk, SlotRef slot)
     });
 }
 
-void RefreshSlotIcon(LinkDesk& desk, SlotRef slot, const store::Record& record)
+void RefreshSlotIcon(ReportMirror& desk, SlotRef slot, const store::Record& record)
 {
     if (slot.group == Group::Subject)
         ShowSubject(desk, record, 0);

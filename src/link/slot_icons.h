@@ -17,7 +17,7 @@ void RefreshSubjectIcons(LinkDesk& desk, int view);
 /// The icon and anchor beside one slot, by the record of its text; of the subject, whose photos share a text, all three.
 void RefreshSlotIcon(LinkDesk& desk, SlotRef slot);
 /// The same where the record of the slot's text is in hand, without a look-up.
-void RefreshSlotIcon(LinkDesk& desk, SlotRef slot, const store::Record& record);
+void RefreshSlotIcon(ReportMirror& desk, SlotRef slot, const store::Record& record);
 /// The icons of a group; the five after it by their own names.
 void RefreshIcons(LinkDesk& desk, Group group);
 void RefreshCompIcons(LinkDesk& desk);

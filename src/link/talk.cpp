@@ -131,7 +131,7 @@ void Talk::AskWhetherToGoOn()
         m_cancelled = true;
 }
 
-Talking::Talking(LinkDesk& desk, const QString& what)
+Talking::Talking(const Conversation& desk, const QString& what)
     : m_talk(desk.talk)
 {
     if (m_talk)

@@ -13,7 +13,6 @@
 namespace vasclip::link {
 
 struct Conversation;
-struct LinkDesk;
 
 /// Whole conversations with the forms program: a refresh, a send, a transfer.
 ///
@@ -77,7 +76,7 @@ class Talking
 {
 public:
     /// @param what  what the gauge says of it where nothing else is said
-    Talking(LinkDesk& desk, const QString& what);
+    Talking(const Conversation& desk, const QString& what);
     ~Talking();
     Talking(const Talking&) = delete;
     Talking& operator=(const Talking&) = delete;

@@ -99,7 +99,7 @@ bool SendOne(MapDesk& desk, const SlotPoint& comp, Run& run)
         return true;
     desk.state.g_MapSelectedID = comp.id;
     ShowMapAddress(desk, address);
-    const QString text = desk.report.txtMapProximity.Text();
+    const QString text = desk.tab.txtMapProximity.Text();
     switch (link::KelUpdateKelProximity(*desk.link, comp.slot, text)) {
     case link::ProximitySend::NoReport:
         run.stopped = link::NoReportWords(*desk.link);

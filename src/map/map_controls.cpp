@@ -39,6 +39,8 @@ frm_MapTab::frm_MapTab(forms::ControlSet& set)
     , optMapAddendum(set, u"optMapAddendum"_s, 0, 2)
     , mapPic(set, u"mapPic"_s)
     , geatemp(set, u"geatemp"_s)
+    , txtMapAddress(set, u"txtMapAddress"_s)
+    , txtMapProximity(set, u"txtMapProximity"_s)
     , imaanchor(set, u"imaanchor"_s)
     , lblMapID(set, u"lblMapID"_s)
     , lblProximity(set, u"lblProximity"_s)
@@ -97,9 +99,10 @@ frm_MapTab::frm_MapTab(forms::ControlSet& set)
     txtfontsize.SetText(u"8"_s);
     txtwidth.SetText(u"1"_s);
     optMapAddendum(0).SetValue(true);
-    for (forms::Control* hidden : {static_cast<forms::Control*>(&lstids), static_cast<forms::Control*>(&mapPic),
-                                   static_cast<forms::Control*>(&geatemp), static_cast<forms::Control*>(&lblMapID),
-                                   static_cast<forms::Control*>(&imaanchor)})
+    for (forms::Control* hidden :
+         {static_cast<forms::Control*>(&lstids), static_cast<forms::Control*>(&mapPic),
+          static_cast<forms::Control*>(&geatemp), static_cast<forms::Control*>(&lblMapID),
+          static_cast<forms::Control*>(&imaanchor)})
         hidden->SetVisible(false);
 }
 

@@ -4,13 +4,13 @@
 
 namespace vasclip::map {
 
-/// The controls of the map tab, part of the main window's. The selected point's address and proximity and
-/// `cmdSubjectAnd` stand with the report's controls, where sending and dropping look for them.
+/// The controls of the map tab, part of the main window's. `cmdSubjectAnd` stands with the report's controls,
+/// whose tabs give it its words.
 struct frm_MapTab
 {
     explicit frm_MapTab(forms::ControlSet& set);
 
-    forms::Control mapview; ///< the drawn map
+    forms::Control mapview;  ///< the drawn map
     forms::Label lblMapNote; ///< what of it can't be read
     forms::Button cmdSubjectOnly, cmdGeoComp;
     forms::Button cmdin, cmdout, cmdDetail, cmdRefreshMap;
@@ -31,6 +31,7 @@ struct frm_MapTab
     forms::ControlArray<forms::CheckBox> optMapAddendum; ///< one of them is on
     forms::PictureBox mapPic, geatemp;                   ///< hidden
 
+    forms::TextBox txtMapAddress, txtMapProximity; ///< of the selected point
     forms::PictureBox imaanchor;
     forms::Label lblMapID; ///< hidden: the selected point and its result
     forms::Label lblProximity;

@@ -32,6 +32,8 @@ public:
     explicit MapProximity(MapDesk& desk)
         : m_desk(desk)
     {}
+    QString ShownAddress() const override { return m_desk.tab.txtMapAddress.Text(); }
+    QString ShownProximity() const override { return m_desk.tab.txtMapProximity.Text(); }
     QString CalcTheDistance(const QString& key) override { return map::CalcTheDistance(m_desk, key); }
     QString GetDirection(const QString& address) override { return map::GetDirection(m_desk, address); }
 

@@ -111,12 +111,12 @@ bool mapview_PointClick(MapDesk& desk, qint32 id)
         return false;
     desk.state.g_MapSelectedID = id;
     const bool known = IsSubjectPoint(desk, *point) || !ParsePicture(point->picture).arrow || SlotOf(*point);
-    const QString address = known ? PointAddress(desk, *point) : text::Trim(desk.report.txtMapAddress.Text());
+    const QString address = known ? PointAddress(desk, *point) : text::Trim(desk.tab.txtMapAddress.Text());
     const bool subject = IsSubjectPoint(desk, *point) || IsSubjectAddress(desk, address);
     desk.tab.lblProximity.SetCaption(subject ? u"Subject Address"_s : u"Proximity to Subject"_s);
     ShowMapAddress(desk, address);
     if (subject)
-        desk.report.txtMapProximity.SetText(QString());
+        desk.tab.txtMapProximity.SetText(QString());
     const std::optional<store::Record> record = FindComp(desk, address);
     desk.tab.imaanchor.SetVisible(record && record->Text(fields::ANCHORED) == "1"_L1);
     if (!StandsFor(desk, *point))
@@ -136,7 +136,7 @@ void ClearDetails(MapDesk& desk)
 void ShowMapAddress(MapDesk& desk, const QString& address)
 {
     desk.state.addressGate = true;
-    desk.report.txtMapAddress.SetText(address);
+    desk.tab.txtMapAddress.SetText(address);
     desk.state.addressGate = false;
     txtMapAddress_Change(desk);
 }
@@ -146,8 +146,8 @@ void txtMapAddress_Change(MapDesk& desk)
     if (desk.state.addressGate || !desk.state.inUse)
         return;
     link::Reported(desk.ports.prompter, "txtMapAddress_Change", [&] {
-        const QString address = text::Trim(desk.report.txtMapAddress.Text());
-        forms::TextBox& proximity = desk.report.txtMapProximity;
+        const QString address = text::Trim(desk.tab.txtMapAddress.Text());
+        forms::TextBox& proximity = desk.tab.txtMapProximity;
         if (address.isEmpty()) {
             for (forms::TextBox* box : {&desk.tab.txtGLA, &desk.tab.txtSellingPr, &desk.tab.txtSaleDate, &proximity})
                 box->SetText(QString());

@@ -94,7 +94,7 @@ void MapEvents::WireBoxes()
                 changed(desk);
         });
     };
-    heard(m_program.report.txtMapAddress, map::txtMapAddress_Change);
+    heard(tab.txtMapAddress, map::txtMapAddress_Change);
     // What is on show was measured from the subject that stood there before.
     connect(&m_program.report.txtSubject, &forms::TextBox::TextChanged, this, [this, &desk] {
         if (m_ready && !desk.state.working)

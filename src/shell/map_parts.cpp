@@ -125,6 +125,16 @@ QStringList MapParts::Problems() const
     return m_maps ? m_maps->data.Problems() + m_bitmapProblems : m_noMaps;
 }
 
+QString MapParts::ShownAddress() const
+{
+    return m_proximity->ShownAddress();
+}
+
+QString MapParts::ShownProximity() const
+{
+    return m_proximity->ShownProximity();
+}
+
 QString MapParts::CalcTheDistance(const QString& key)
 {
     return Open() ? m_proximity->CalcTheDistance(key) : QString();

@@ -41,6 +41,8 @@ public:
     /// What was wrong with street files so far, a sentence each.
     [[nodiscard]] QStringList Problems() const;
 
+    QString ShownAddress() const override;
+    QString ShownProximity() const override;
     QString CalcTheDistance(const QString& key) override;
     QString GetDirection(const QString& address) override;
 

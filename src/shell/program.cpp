@@ -101,7 +101,8 @@ drops::DropDesk Program::Drops()
             .photos = *m_photos,
             .capture = *m_capture,
             .grddatabook = records.grddatabook,
-            .txtcentralkey = records.txtcentralkey};
+            .txtcentralkey = records.txtcentralkey,
+            .txtMapAddress = m_map->tab.txtMapAddress};
 }
 
 void Program::LocateInis(const SystemPlaces& places, Silence silence)

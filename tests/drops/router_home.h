@@ -26,7 +26,8 @@ protected:
                                 std::make_unique<work::ThreadWorkers>()};
     forms::Grid grddatabook{set, u"grddatabook"_s};
     forms::TextBox txtcentralkey{set, u"txtcentralkey"_s};
-    DropDesk drops{desk, filing, capture, grddatabook, txtcentralkey};
+    forms::TextBox txtMapAddress{set, u"txtMapAddress"_s};
+    DropDesk drops{desk, filing, capture, grddatabook, txtcentralkey, txtMapAddress};
     Router router{drops};
     QStringList changes; ///< the words of each change of a record
 

@@ -57,8 +57,8 @@ TEST_F(PicturesTest, ReportSlotsStartWithAFileOrATextAlone)
     EXPECT_EQ(router.State().DragShift, forms::kShiftMask);
     (void)router.Start(report.txtComp(2));
     EXPECT_EQ(router.State().DraggedPicture, QString());
-    report.txtMapAddress.SetText(u" 12 oak st "_s);
-    EXPECT_EQ(router.Start(report.txtMapAddress).key, u"12 OAK ST"_s);
+    txtMapAddress.SetText(u" 12 oak st "_s);
+    EXPECT_EQ(router.Start(txtMapAddress).key, u"12 OAK ST"_s);
     EXPECT_EQ(router.State().DragSource, u"THUMB"_s);
 }
 
@@ -226,10 +226,10 @@ TEST_F(PicturesTest, ARecordsFrontViewGoesToEveryOtherPhotoSlot)
 
 TEST_F(PicturesTest, AMapAddressSendsTheSameByItsKey)
 {
-    report.txtMapAddress.SetText(u"12 Oak St"_s);
-    EXPECT_TRUE(router.DropUntold(router.Start(report.txtMapAddress), slots.imaComp(2)).done);
+    txtMapAddress.SetText(u"12 Oak St"_s);
+    EXPECT_TRUE(router.DropUntold(router.Start(txtMapAddress), slots.imaComp(2)).done);
     EXPECT_EQ(Shows(slots.imaComp(2)), u"C:\\JPG\\OAK.jpg"_s);
-    EXPECT_TRUE(router.DropUntold(router.Start(report.txtMapAddress), slots.geaComp(3)).done);
+    EXPECT_TRUE(router.DropUntold(router.Start(txtMapAddress), slots.geaComp(3)).done);
     EXPECT_EQ(Poked(), (QStringList{u"SALEPAGE|12|7=1850"_s}));
 }
 

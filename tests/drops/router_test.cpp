@@ -1,5 +1,6 @@
 #include "router_home.h"
 
+#include "link/fake_proximity.h"
 #include "link/refresh.h"
 #include "link/slot_icons.h"
 #include "link/tabs.h"
@@ -321,8 +322,10 @@ TEST_F(RouterTest, WhatACompLeavesBehindIsNamedAsTheOldOnes)
               u"Duluth, MN 55803 of 671 Scholars Ln. It has no front view."_s);
     EXPECT_EQ(doubles.prompter.Boxes().size(), 2U) << "no box for the look at a cell";
     state.proximityOnDrop = true;
-    report.txtMapAddress.SetText(u"12 OAK ST"_s);
-    report.txtMapProximity.SetText(u"1.2 Mi. NW"_s);
+    link::FakeProximity map;
+    map.shownAddress = u"12 OAK ST"_s;
+    map.shownProximity = u"1.2 Mi. NW"_s;
+    desk.proximity = &map;
     report.txtComp(3).SetText(u"671 Scholars Ln"_s);
     doubles.prompter.Answer(forms::Answer::Yes);
     EXPECT_EQ(DropOn(report.txtComp(3)).message, u"12 Oak St is in the report now."_s) << "a known distance is sent";
@@ -395,7 +398,8 @@ TEST_F(RouterTest, TheReportIsAskedForBeforeThePage)
 
 TEST_F(RouterTest, APairWithoutARuleAsksNobody)
 {
-    EXPECT_FALSE(DropOn(report.txtMapProximity).done);
+    forms::TextBox txtMapProximity{set, u"txtMapProximity"_s};
+    EXPECT_FALSE(DropOn(txtMapProximity).done);
     EXPECT_FALSE(router.DropUntold({u"txtComp"_s, 1, {}, {}, {}}, report.txtComp(2)).done);
     EXPECT_FALSE(router.DropUntold({u"imaComp"_s, 1, {}, photos::PointAt(home.disk, u"C:\\JPG\\OAK.jpg"_s), {}}, slots.imaAltComp(2)).done);
     EXPECT_TRUE(conduit.log.isEmpty());

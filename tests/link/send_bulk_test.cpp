@@ -1,6 +1,7 @@
 #include "link/send_bulk.h"
 
 #include "desk_test.h"
+#include "fake_proximity.h"
 #include "link/kel_channel.h"
 
 namespace vasclip::link {
@@ -177,23 +178,6 @@ TEST_F(Send, AddressTakesItsCase)
               (QStringList{u"PAGE2|12|3=12 OAK ST"_s, u"PAGE2|12|3=12 Oak St"_s, u"PAGE2|12|3=12 Oak St"_s}));
 }
 
-class FakeProximity : public ProximitySource
-{
-public:
-    QString CalcTheDistance(const QString& key) override
-    {
-        asked << key;
-        return miles;
-    }
-    QString GetDirection(const QString& address) override
-    {
-        asked << address;
-        return direction;
-    }
-    QStringList asked;
-    QString miles = u"1.2"_s, direction = u"NW"_s;
-};
-
 class Proximity : public Send
 {
 protected:
@@ -202,15 +186,15 @@ protected:
         Send::SetUp();
         Row(u"PROXIMITY"_s, u"5"_s);
         desk.proximity = &map;
-        report.txtMapAddress.SetText(u"99 Elsewhere"_s);
+        map.shownAddress = u"99 Elsewhere"_s;
     }
     FakeProximity map;
 };
 
 TEST_F(Proximity, OfThePointOnTheMapIsItsText)
 {
-    report.txtMapAddress.SetText(u" 12 oak st "_s);
-    report.txtMapProximity.SetText(u" .4 Mi. SE "_s);
+    map.shownAddress = u" 12 oak st "_s;
+    map.shownProximity = u" .4 Mi. SE "_s;
     SendComp(4);
     EXPECT_EQ(Poked(), (QStringList{u"PAGE2|5|3=.4 Mi. SE"_s}));
     EXPECT_TRUE(map.asked.isEmpty());
@@ -245,11 +229,11 @@ TEST_F(Proximity, WithoutASubjectPointHasNoDirection)
     EXPECT_EQ(Poked(), (QStringList{u"PAGE2|5|3=1.2 Mi."_s}));
 }
 
-TEST_F(Proximity, WithoutAMapIsBlank)
+TEST_F(Proximity, WithoutAMapStaysAsItIs)
 {
     desk.proximity = nullptr;
     SendComp(4);
-    EXPECT_EQ(Poked(), (QStringList{u"PAGE2|5|3="_s}));
+    EXPECT_EQ(Poked(), QStringList());
 }
 
 TEST_F(Send, DoesNotPump)

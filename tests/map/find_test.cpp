@@ -144,7 +144,7 @@ TEST_F(Manual, AnArrowGoesToTheMiddleAndItsRecordFollows)
     EXPECT_EQ(desk.state.g_MapPointCount, 41);
     EXPECT_EQ(Location(u"10 OAK ST"_s), u"32.46 -86.47 1"_s);
     EXPECT_EQ(desk.state.g_MapSelectedID, 40); // to be moved to its house
-    EXPECT_EQ(report.txtMapAddress.Text(), u"10 Oak St"_s);
+    EXPECT_EQ(tab.txtMapAddress.Text(), u"10 Oak St"_s);
 }
 
 TEST_F(Manual, EachRowHasItsOwnArrow)
@@ -180,7 +180,7 @@ TEST_F(Manual, HousesAndDotsBearTheirLabel)
     }
     // A second one for the same comp is a further point.
     EXPECT_EQ(Pins(), (QStringList{u"40 COMP.BMP 'COMP #1' 8C52"_s, u"41 REDDOT.BMP 'COMP #1' 8C62"_s}));
-    EXPECT_EQ(report.txtMapAddress.Text(), u"10 Oak St"_s); // what the label stands for
+    EXPECT_EQ(tab.txtMapAddress.Text(), u"10 Oak St"_s); // what the label stands for
     EXPECT_EQ(Field(u"10 OAK ST"_s, u"ANCHORED"_s), u"1"_s); // by the dot
 }
 

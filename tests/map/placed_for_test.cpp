@@ -109,27 +109,27 @@ TEST_F(PlacedFor, AFrozenArrowWhoseNewAddressIsNotFoundIsKnown)
     cmdSubjectAnd_Click(desk);
     mapview_PointClick(desk, 2);
     EXPECT_TRUE(status.lblmsg.Caption().contains(u"COMP #1: 10 Oak St, now 99 Nowhere"_s));
-    EXPECT_EQ(report.txtMapProximity.Text(), QString()); // not the distance of the one before
+    EXPECT_EQ(tab.txtMapProximity.Text(), QString()); // not the distance of the one before
 }
 
 TEST_F(PlacedFor, AnArrowOfAnotherIsMeasuredByTheReportsAddress)
 {
     mapview_PointClick(desk, 2);
-    EXPECT_EQ(report.txtMapProximity.Text(), u"1. Mi. North"_s);
+    EXPECT_EQ(tab.txtMapProximity.Text(), u"1. Mi. North"_s);
     Swap();
     mapview_PointClick(desk, 2);
-    EXPECT_EQ(report.txtMapAddress.Text(), u"20 OAK ST"_s);
-    EXPECT_EQ(report.txtMapProximity.Text(), u"2. Mi. North"_s);
+    EXPECT_EQ(tab.txtMapAddress.Text(), u"20 OAK ST"_s);
+    EXPECT_EQ(tab.txtMapProximity.Text(), u"2. Mi. North"_s);
 }
 
 TEST_F(PlacedFor, AnAddressThatIsNotTheSelectedPointsHasItsOwnDistance)
 {
     mapview_PointClick(desk, 2);
     ShowMapAddress(desk, u"30 ELM ST"_s); // as the find window and a typed address do
-    EXPECT_EQ(report.txtMapProximity.Text(), u"3. Mi. "_s); // its place is not stored, so it has no word
+    EXPECT_EQ(tab.txtMapProximity.Text(), u"3. Mi. "_s); // its place is not stored, so it has no word
     desk.state.g_MapSelectedID = 0;
     ShowMapAddress(desk, u"30 ELM ST"_s);
-    EXPECT_EQ(report.txtMapProximity.Text(), u"3. Mi. "_s);
+    EXPECT_EQ(tab.txtMapProximity.Text(), u"3. Mi. "_s);
 }
 
 TEST_F(PlacedFor, AnotherSubjectIsMeasuredFromWhereItIs)
@@ -138,18 +138,18 @@ TEST_F(PlacedFor, AnotherSubjectIsMeasuredFromWhereItIs)
     Street(u"2 MAIN ST"_s, Near(kOak, 0, 10560));
     Subject(u"2 Main St"_s);
     mapview_PointClick(desk, 2);
-    EXPECT_EQ(report.txtMapProximity.Text(), u"1. Mi. South"_s);
+    EXPECT_EQ(tab.txtMapProximity.Text(), u"1. Mi. South"_s);
 }
 
 TEST_F(PlacedFor, PlacingAnewEmptiesWhatIsShownOfAPoint)
 {
     mapview_PointClick(desk, 2);
-    ASSERT_EQ(report.txtMapAddress.Text(), u"10 Oak St"_s);
+    ASSERT_EQ(tab.txtMapAddress.Text(), u"10 Oak St"_s);
     for (const auto& gesture : {cmdSubjectAnd_Click, cmdSubjectOnly_Click}) {
         mapview_PointClick(desk, 2);
         gesture(desk);
-        EXPECT_EQ(report.txtMapAddress.Text(), QString());
-        EXPECT_EQ(report.txtMapProximity.Text(), QString());
+        EXPECT_EQ(tab.txtMapAddress.Text(), QString());
+        EXPECT_EQ(tab.txtMapProximity.Text(), QString());
         cmdSubjectAnd_Click(desk);
     }
 }

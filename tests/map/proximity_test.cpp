@@ -176,7 +176,7 @@ TEST_F(Proximity, ShortDistancesAreShownSo)
     report.txtComp(1).SetText(u"10 Oak St"_s);
     Pin(2, Near(kOak, 0, 200), u"ARROWBLUECOMP1LT.BMP"_s);
     mapview_PointClick(desk, 2);
-    EXPECT_EQ(report.txtMapProximity.Text(), u"< .1 Mi North"_s);
+    EXPECT_EQ(tab.txtMapProximity.Text(), u"< .1 Mi North"_s);
     EXPECT_EQ(ProximityText(desk, u"10 Oak St"_s), u"< .1 Mi North"_s);
     desk.state.g_MapSelectedID = 0; // typed without a point, and without a record
     EXPECT_EQ(ProximityText(desk, u"10 Oak St"_s), QString());

@@ -37,8 +37,8 @@ protected:
         control.pins[id] = {place, flags, kArrows + picture, text};
         desk.state.g_MapPointCount = std::max(desk.state.g_MapPointCount, id + 1);
     }
-    [[nodiscard]] QString Address() const { return report.txtMapAddress.Text(); }
-    [[nodiscard]] QString Proximity() const { return report.txtMapProximity.Text(); }
+    [[nodiscard]] QString Address() const { return tab.txtMapAddress.Text(); }
+    [[nodiscard]] QString Proximity() const { return tab.txtMapProximity.Text(); }
     void Bitmaps(const QStringList& names) const
     {
         for (const QString& name : names)
@@ -143,15 +143,15 @@ TEST_F(Selection, TheFrontViewIsShownIfItsFileIsThere)
 
 TEST_F(Selection, TheBoxesOwnEventWorksOnTheSame)
 {
-    QObject::connect(&report.txtMapAddress, &forms::TextBox::TextChanged, [this] { txtMapAddress_Change(desk); });
+    QObject::connect(&tab.txtMapAddress, &forms::TextBox::TextChanged, [this] { txtMapAddress_Change(desk); });
     control.log.clear();
     mapview_PointClick(desk, 2);
     EXPECT_EQ(control.log.count(u"DValue=0"_s), 1); // its details are worked out once
-    report.txtMapAddress.SetText(QString());
+    tab.txtMapAddress.SetText(QString());
     EXPECT_EQ(tab.txtGLA.Text(), QString());
     EXPECT_EQ(Proximity(), QString());
     desk.state.inUse = false;
-    report.txtMapAddress.SetText(u"10 Oak St"_s);
+    tab.txtMapAddress.SetText(u"10 Oak St"_s);
     EXPECT_EQ(tab.txtGLA.Text(), QString());
 }
 

@@ -72,7 +72,7 @@ protected:
         program.Map().Desk().state.g_MapPointCount = kPoint + 1;
         View().setFocus();
         QObject::disconnect(&View(), &MapView::DragWanted, nullptr, nullptr);
-        QObject::connect(&View(), &MapView::DragWanted, window.get(), [this] { dragged.append(main.report.txtMapAddress.Text()); });
+        QObject::connect(&View(), &MapView::DragWanted, window.get(), [this] { dragged.append(program.Map().tab.txtMapAddress.Text()); });
         QApplication::processEvents();
     }
     /// Comp 1's arrow, placed for an address.
@@ -220,7 +220,7 @@ TEST_F(MapTab, APointIsChosenByAClick)
 {
     StartWithMaps();
     QTest::mouseClick(&View(), Qt::LeftButton, {}, OnPoint());
-    EXPECT_EQ(main.report.txtMapAddress.Text(), kKey);
+    EXPECT_EQ(program.Map().tab.txtMapAddress.Text(), kKey);
     EXPECT_EQ(Field(u"ANCHORED"_s), QString()) << "a click moves nothing";
 }
 
@@ -235,7 +235,7 @@ TEST_F(MapTab, APointThatIsDraggedIsAnchoredWhereItIsLetGo)
     QTest::mouseRelease(&View(), Qt::LeftButton, {}, from + QPoint(60, -40));
     EXPECT_EQ(Field(u"ANCHORED"_s), u"1"_s);
     EXPECT_NEAR(street::DistanceFeet(before, Where()), Map().Scale() / Map().Width() * std::hypot(60, 40), 30);
-    EXPECT_EQ(main.report.txtMapAddress.Text(), kKey);
+    EXPECT_EQ(program.Map().tab.txtMapAddress.Text(), kKey);
     EXPECT_TRUE(dragged.isEmpty());
 }
 
@@ -256,7 +256,7 @@ TEST_F(MapTab, APointThatWasNotChosenIsNotCarried)
     StartWithMaps();
     AddArrow(u"99 Elm St"_s);
     QTest::mouseClick(&View(), Qt::LeftButton, {}, OnPoint());
-    ASSERT_EQ(main.report.txtMapAddress.Text(), kKey);
+    ASSERT_EQ(program.Map().tab.txtMapAddress.Text(), kKey);
     QTest::keyPress(&View(), Qt::Key_CapsLock); // the selection is held
     const QPoint arrow = Map().BoxOf(kArrowPoint).center().toPoint();
     Pull(arrow, QPoint(View().width() + 80, arrow.y()));
@@ -291,10 +291,10 @@ TEST_F(MapTab, AnotherSubjectEmptiesWhatWasMeasured)
 {
     StartWithMaps();
     QTest::mouseClick(&View(), Qt::LeftButton, {}, OnPoint());
-    main.report.txtMapProximity.SetText(u"1.2 Mi. NW"_s);
+    program.Map().tab.txtMapProximity.SetText(u"1.2 Mi. NW"_s);
     main.report.txtSubject.SetText(u"5 New St"_s);
-    EXPECT_EQ(main.report.txtMapAddress.Text(), QString());
-    EXPECT_EQ(main.report.txtMapProximity.Text(), QString()) << "a drop would send it";
+    EXPECT_EQ(program.Map().tab.txtMapAddress.Text(), QString());
+    EXPECT_EQ(program.Map().tab.txtMapProximity.Text(), QString()) << "a drop would send it";
 }
 
 TEST_F(MapTab, TheCirclesListTellsDistancesAndWhoIsJustOutside)
@@ -375,7 +375,7 @@ TEST_F(MapTab, KeysChooseMoveAndAnchorAPoint)
     StartWithMaps();
     const street::Place before = Where();
     QTest::keyClick(&View(), Qt::Key_PageDown);
-    EXPECT_EQ(main.report.txtMapAddress.Text(), kKey);
+    EXPECT_EQ(program.Map().tab.txtMapAddress.Text(), kKey);
     QTest::keyClick(&View(), Qt::Key_Right, Qt::ControlModifier);
     EXPECT_GT(Where().longitude, before.longitude);
     EXPECT_EQ(Where().latitude, before.latitude);

@@ -94,7 +94,7 @@ bool AnchorByDragging(const Stage& stage)
         const street::Place before = point.place;
         Drag(*view, from, from + QPointF(24, -18));
         Settle(kDrawn);
-        const QString key = stage.main.report.txtMapAddress.Text();
+        const QString key = stage.main.program.Map().tab.txtMapAddress.Text();
         const bool moved = map.Points().contains(id) && map.Points().at(id).place != before;
         if (!moved || Anchored(stage, key) != u"1")
             return stage.tour.Fail(u"The arrow of %1 was dragged, and is not anchored there."_s.arg(key));
