@@ -69,13 +69,4 @@ bool RemoveFromList(forms::ListBox& list, const QString& text, Case sensitivity)
     return true;
 }
 
-bool ReplaceInList(forms::ListBox& list, const QString& text, const QString& replacement, Case sensitivity)
-{
-    const int index = FindInList(list, text, sensitivity);
-    if (index < 0)
-        return false;
-    list.SetItem(index, text::Trim(replacement));
-    return true;
-}
-
 } // namespace vasclip::common

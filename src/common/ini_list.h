@@ -41,7 +41,5 @@ enum class Case { Matters, Ignored };
 bool AddUnlessPresent(forms::ListBox& list, const QString& text, Case sensitivity);
 /// Removes the first line that is the text. @return false if there is none
 bool RemoveFromList(forms::ListBox& list, const QString& text, Case sensitivity);
-/// Puts another text in place of the first line that is `text`. @return false if there is none
-bool ReplaceInList(forms::ListBox& list, const QString& text, const QString& replacement, Case sensitivity);
 
 } // namespace vasclip::common

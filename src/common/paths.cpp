@@ -68,20 +68,9 @@ QString FileNameOnly(const QString& path)
     return ParseFileName(path).name;
 }
 
-QString FileNameWithExt(const QString& path)
-{
-    const FileNameParts parts = ParseFileName(path);
-    return parts.extension.isEmpty() ? parts.name : parts.name + u'.' + parts.extension;
-}
-
 QString FileExtension(const QString& path)
 {
     return ParseFileName(path).extension;
-}
-
-QString FileDirectory(const QString& path)
-{
-    return ParseFileName(path).directory;
 }
 
 bool IsTrashDirectory(const QString& path)

@@ -31,10 +31,7 @@ struct FileNameParts
 [[nodiscard]] FileNameParts ParseFileName(const QString& path);
 
 [[nodiscard]] QString FileNameOnly(const QString& path); ///< the name
-[[nodiscard]] QString
-FileNameWithExt(const QString& path); ///< the name, and "." and the extension if it has one
 [[nodiscard]] QString FileExtension(const QString& path); ///< the extension
-[[nodiscard]] QString FileDirectory(const QString& path); ///< the directory, without the drive
 
 /// The parts of a path to a file that is there, all in upper case. Here a "]" and a dot of a directory are letters like
 /// others, and the extension begins at the last dot of the name.

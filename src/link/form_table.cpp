@@ -125,10 +125,4 @@ QString ReturnPageType(int tabIndex)
     return {};
 }
 
-QString CompGroup(const QString& compType)
-{
-    const GroupRow* row = GroupOfWord(compType);
-    return row ? QString(row->mapping) : compType;
-}
-
 } // namespace vasclip::link

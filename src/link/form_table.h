@@ -20,8 +20,5 @@ namespace vasclip::link {
 /// "SUBJECT_", "COMPARABLES_", "GENERAL_", "LISTINGS_", "RENTALS_" for 0 to 4; anything else "".
 [[nodiscard]] QString ReturnPageType(int tabIndex);
 
-/// The mapping's group of a comp type word: "ALTCOMP" is "ALT", "LISTING" is "LIST", "COMPS" is "SALE"; a
-/// word of no group stays as it is.
-[[nodiscard]] QString CompGroup(const QString& compType);
 
 } // namespace vasclip::link

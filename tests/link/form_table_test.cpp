@@ -77,14 +77,5 @@ TEST(PageType, OfTheFiveTabs)
                                   u"RENTALS_"_s, u""_s}));
 }
 
-TEST(CompGroupWords, ReduceToTheMappingsGroup)
-{
-    EXPECT_EQ(CompGroup(u"comps"_s), u"SALE"_s);
-    EXPECT_EQ(CompGroup(u"ALTCOMP"_s), u"ALT"_s);
-    EXPECT_EQ(CompGroup(u"Listing"_s), u"LIST"_s);
-    EXPECT_EQ(CompGroup(u"RENTAL"_s), u"RENT"_s);
-    EXPECT_EQ(CompGroup(u"OTHER"_s), u"OTHER"_s);
-}
-
 } // namespace
 } // namespace vasclip::link

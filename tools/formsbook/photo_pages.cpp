@@ -94,11 +94,6 @@ QLatin1StringView EditionSection(Edition edition)
     return RowOf(edition).section;
 }
 
-QLatin1StringView EditionSize(Edition edition)
-{
-    return RowOf(edition).size;
-}
-
 QList<PhotoPage> PhotoPages(Edition edition)
 {
     const EditionRow& row = RowOf(edition);

@@ -16,8 +16,6 @@ inline constexpr Edition kEditions[] = {Edition::Small, Edition::Large, Edition:
 
 /// "3X5_PHOTO_PAGES" and so on, in the order in which a page key is looked for.
 [[nodiscard]] QLatin1StringView EditionSection(Edition edition);
-/// The size that stands in the object names: "3X5" or "4X6". The plain editions are both named "3X5".
-[[nodiscard]] QLatin1StringView EditionSize(Edition edition);
 
 enum class PhotoKind { Subject, Comps, Alternates, General, Listings, Rentals, Single };
 

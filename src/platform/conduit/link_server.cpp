@@ -76,11 +76,6 @@ void LinkServer::Close()
         d->Drop(d->clients.begin()->first);
 }
 
-int LinkServer::Clients() const
-{
-    return static_cast<int>(d->clients.size());
-}
-
 void LinkServer::Private::RefuseIfAlive()
 {
     constexpr int kLookMs = 1000;

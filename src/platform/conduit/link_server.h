@@ -48,7 +48,6 @@ public:
     void Listen();
     /// Stops and takes the socket away. Also done on destruction.
     void Close();
-    [[nodiscard]] int Clients() const;
 
 private:
     struct Private;

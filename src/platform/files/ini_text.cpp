@@ -252,14 +252,6 @@ QStringList IniText::Keys(const QString& section) const
     return keys;
 }
 
-QStringList IniText::Sections() const
-{
-    QStringList names;
-    for (qsizetype at = 1; at < m_blocks.size(); ++at)
-        names.append(m_blocks[at].lines.first().name);
-    return names;
-}
-
 QByteArray IniText::Encoded(const QString& text)
 {
     if (m_code == Code::Windows1252) {

@@ -24,7 +24,6 @@ public:
     /// The value, without outer blanks and one pair of outer quotes; nullopt without section, key or "=".
     [[nodiscard]] std::optional<QString> Value(const QString& section, const QString& key) const;
     [[nodiscard]] QStringList Keys(const QString& section) const;
-    [[nodiscard]] QStringList Sections() const;
 
     /// Null value: deletes the key; null key: deletes the section with its header.
     /// @return false if the names or the value could not be read back from a line

@@ -173,9 +173,4 @@ void ListingCache::Change::Removed(const QString& name)
     });
 }
 
-void ListingCache::Change::Touched()
-{
-    Enter([](QList<Name>&) {});
-}
-
 } // namespace vasclip::files

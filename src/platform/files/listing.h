@@ -44,8 +44,6 @@ public:
         Change(ListingCache& cache, const QString& directory);
         void Added(const QString& name, bool directory);
         void Removed(const QString& name);
-        /// A file was replaced: the names are the same, the stamp is not.
-        void Touched();
 
     private:
         void Enter(const std::function<void(QList<Name>&)>& edit);

@@ -55,12 +55,6 @@ QStringList ProfileKeys(const Disk& disk, const QString& section, const QString&
     return text ? text->Keys(section) : QStringList();
 }
 
-QStringList ProfileSections(const Disk& disk, const QString& file)
-{
-    const auto text = ReadFile(disk, file);
-    return text ? text->Sections() : QStringList();
-}
-
 bool WriteProfileKeys(const Disk& disk, const QString& file, const QList<ProfileKey>& keys)
 {
     try {

@@ -21,7 +21,6 @@ namespace vasclip::files {
 
 /// Keys of a section in the order of the file; sections of a file likewise.
 [[nodiscard]] QStringList ProfileKeys(const Disk& disk, const QString& section, const QString& file);
-[[nodiscard]] QStringList ProfileSections(const Disk& disk, const QString& file);
 
 /// Writes one key; a null `value` (QString()) deletes the key, a null `key` the whole section. Every other
 /// line and comment stays as it is; the file is replaced as a whole, under a lock that other processes honour

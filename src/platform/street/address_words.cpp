@@ -358,15 +358,6 @@ QString StateAt(const QStringList& words, qsizetype at, qsizetype& count)
     return code;
 }
 
-QString StateOfCounty(QStringView countyCode)
-{
-    for (const StateRow& row : kStates) {
-        if (countyCode.size() == 5 && countyCode.startsWith(QLatin1StringView(row.county)))
-            return QString::fromLatin1(row.code);
-    }
-    return {};
-}
-
 QString OrdinalText(int number)
 {
     const int last = number % 10;

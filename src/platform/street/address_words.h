@@ -36,8 +36,6 @@ using StreetType = quint8;
 
 /// The two letters of a state at `words[at]`, taking up to three words; "" and a `count` of 0 for none.
 [[nodiscard]] QString StateAt(const QStringList& words, qsizetype at, qsizetype& count);
-/// The two letters of a state by its number in county codes ("01" is Alabama), "" for none.
-[[nodiscard]] QString StateOfCounty(QStringView countyCode);
 
 /// "3RD" for "THIRD" and "3RD", "" for a word that is no ordinal. "23" gives "".
 [[nodiscard]] QString OrdinalOf(QStringView word);

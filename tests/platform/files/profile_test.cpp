@@ -120,14 +120,12 @@ TEST(ProfileReads, FallsBack)
     EXPECT_EQ(read(u"x", u"C:\\"), u"x"_s);
 }
 
-TEST(ProfileReads, ListsKeysAndSections)
+TEST(ProfileReads, ListsKeys)
 {
     const TempHome home;
     home.disk.WriteWhole(kFile, "[One]\n b =2\n;c=3\nA=1\nbare\n\n[Two]\nX=\n[one]\nD=4\n");
     EXPECT_EQ(ProfileKeys(home.disk, u"ONE"_s, kFile).join(u','), u"b,A,bare"_s);
-    EXPECT_EQ(ProfileSections(home.disk, kFile).join(u','), u"One,Two,one"_s);
     EXPECT_TRUE(ProfileKeys(home.disk, u"none"_s, kFile).isEmpty());
-    EXPECT_TRUE(ProfileSections(home.disk, u"C:\\none.ini"_s).isEmpty());
 }
 
 TEST(ProfileReads, SeeTheLatestContent)
