@@ -2,6 +2,7 @@
 
 #include "common/progress.h"
 #include "link/reporter.h"
+#include "map/at_zero.h"
 #include "map/flags.h"
 #include "map/messages.h"
 #include "map/pinmap.h"
@@ -135,7 +136,10 @@ void cmdGeoComp_Click(MapDesk& desk)
     if (count > 0) {
         const LocatorTally tally = PlaceCompDatabase(desk, found);
         ApplyMapDetail(desk);
-        desk.status.lblmsg.Show(Words(tally), tally.notFound.isEmpty() ? forms::Colour::Blue : forms::Colour::Red);
+        const QString atZero = AtZeroWords(desk);
+        const QString words = atZero.isEmpty() ? Words(tally) : Words(tally) + u". "_s + atZero;
+        const bool whole = tally.notFound.isEmpty() && atZero.isEmpty();
+        desk.status.lblmsg.Show(words, whole ? forms::Colour::Blue : forms::Colour::Red);
     } else {
         desk.ports.prompter.Info(messages::kNoCompsTitle, messages::kNoComps);
     }

@@ -71,6 +71,7 @@ inline const QString kLocated = u"%1 comps are on the map"_s;
 inline const QString kLocatedNotFound = u"; %1 were not found: %2"_s;
 inline const QString kLocatedSkipped = u"; %1 have no address, city or state"_s;
 inline const QString kLocatedStopped = u"; stopped after %1 of %2"_s;
+inline const QString kAtZero = u"Anchored where there is no place, at 0, 0: %1. Anchor anew"_s;
 inline const QString kLocating = u"Comp %1 of %2"_s;
 
 inline const QString kNoRadius = u"Type the miles of the circle"_s;

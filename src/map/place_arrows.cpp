@@ -2,6 +2,7 @@
 
 #include "common/error_block.h"
 #include "map/arrange_arrows.h"
+#include "map/at_zero.h"
 #include "map/flags.h"
 #include "map/map_addresses.h"
 #include "map/map_ranges.h"
@@ -77,7 +78,10 @@ void Tell(MapDesk& desk, const QStringList& placed, const QStringList& notFound,
         words.append(messages::kPlaced.arg(placed.join(u", "_s)));
     if (!crowded.isEmpty())
         words.append(messages::kCrowded.arg(crowded.join(u", "_s)));
-    const bool bad = !notFound.isEmpty() || !crowded.isEmpty();
+    const QString atZero = AtZeroWords(desk);
+    if (!atZero.isEmpty())
+        words.append(atZero);
+    const bool bad = !notFound.isEmpty() || !crowded.isEmpty() || !atZero.isEmpty();
     if (!words.isEmpty())
         desk.status.lblmsg.Show(words.join(u". "_s), bad ? forms::Colour::Red : forms::Colour::Blue);
 }

@@ -47,6 +47,17 @@ TEST_F(Locator, PlacesTheSearchAsHouses)
     EXPECT_GT(control.centre.latitude, kOak.latitude); // zoomed to them
 }
 
+TEST_F(Locator, AnAnchorWithoutANumberIsToldByItsAddress)
+{
+    AddTown(u"12 Oak St"_s, Anchor(u"north"_s, u"west"_s));
+    AddTown(u"13 Oak St"_s, Anchor(u"0"_s, u"0"_s));
+    AddTown(u"14 Oak St"_s, Anchor(u"32.47"_s, u"-86.48"_s));
+    Search();
+    cmdGeoComp_Click(desk);
+    EXPECT_EQ(status.lblmsg.Caption(),
+              u"3 comps are on the map. Anchored where there is no place, at 0, 0: 12 OAK ST; 13 OAK ST. Anchor anew"_s);
+}
+
 TEST_F(Locator, TheZipIsAskedForWhereItCounts)
 {
     globals.ignoreZipCodes = false;
