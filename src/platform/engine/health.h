@@ -11,6 +11,15 @@ namespace vasclip::engine {
 /// every page, index and value.
 enum class CheckDepth { Opening, Quiet, Whole };
 
+/// A database of a kind that looks after its own health.
+class SelfChecked
+{
+public:
+    virtual ~SelfChecked() = default;
+    [[nodiscard]] virtual QString Damage() const = 0;      ///< as DamageOf
+    virtual QStringList Check(CheckDepth depth) = 0; ///< as CheckDatabase
+};
+
 /// What is wrong with the file, as far as a check or a read that failed has shown; "" when nothing is known.
 /// A damaged file is open for reading only from then on.
 [[nodiscard]] QString DamageOf(const Database& database);

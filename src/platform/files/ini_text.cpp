@@ -20,16 +20,6 @@ constexpr std::array<char16_t, 32> kHighCodes = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-QString FromWindows1252(const QByteArray& raw)
-{
-    QString text = QString::fromLatin1(raw);
-    for (QChar& c : text) {
-        if (c.unicode() >= 0x80 && c.unicode() <= 0x9F)
-            c = QChar(kHighCodes[std::size_t(c.unicode() - 0x80)]);
-    }
-    return text;
-}
-
 std::optional<QByteArray> ToWindows1252(const QString& text)
 {
     QByteArray raw;
@@ -107,6 +97,16 @@ QString FoldedArgument(const QString& name)
 }
 
 } // namespace
+
+QString FromWindows1252(const QByteArray& raw)
+{
+    QString text = QString::fromLatin1(raw);
+    for (QChar& c : text) {
+        if (c.unicode() >= 0x80 && c.unicode() <= 0x9F)
+            c = QChar(kHighCodes[std::size_t(c.unicode() - 0x80)]);
+    }
+    return text;
+}
 
 IniText::IniText(const QByteArray& content)
 {

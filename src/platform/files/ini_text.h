@@ -10,6 +10,9 @@
 
 namespace vasclip::files {
 
+/// The five codes that Windows 1252 leaves open stand for themselves.
+[[nodiscard]] QString FromWindows1252(const QByteArray& raw);
+
 /// The text of an ini file, line by line, with every line that is not written kept to the byte.
 ///
 /// Code page: a file that begins with the UTF-16 mark is that; any other is UTF-8 if its bytes are, else

@@ -23,12 +23,16 @@ Connection* ConnectionOf(const Database& database)
 
 QString DamageOf(const Database& database)
 {
+    if (const auto* own = dynamic_cast<const SelfChecked*>(&database))
+        return own->Damage();
     const Connection* connection = ConnectionOf(database);
     return connection ? connection->Damage() : QString();
 }
 
 QStringList CheckDatabase(Database& database, CheckDepth depth)
 {
+    if (auto* own = dynamic_cast<SelfChecked*>(&database))
+        return own->Check(depth);
     Connection* connection = ConnectionOf(database);
     if (!connection)
         return {};
