@@ -30,6 +30,7 @@ constexpr std::array kRows = {
     Row{"find"_L1, ""_L1, "limit"_L1},
     Row{"cities"_L1, "add"_L1, "city state zip county"_L1},
     Row{"cities"_L1, "assign"_L1, "city state zip county"_L1},
+    Row{"sql"_L1, ""_L1, "file"_L1},
     Row{"trash"_L1, "empty"_L1, "dir before"_L1},
     Row{"trash"_L1, ""_L1, "dir"_L1},
     Row{"drop"_L1, ""_L1, "on"_L1},

@@ -49,7 +49,9 @@ Commands:
   cities delete LINE      a line as 'cities list' prints it, or its number; asks first
   cities assign NEIGHBORHOOD --city CITY [--state ST] [--zip ZIP] [--county COUNTY]
                           gives them to every record of a neighborhood; what is left out becomes blank
-  sql "SELECT ..."        a query in the program's SQL, read only
+  sql [--file FILE] "SELECT ..."
+                          a query in the program's SQL, read only, on the Databook or on another database file: one
+                          of Vasclip or one of Access; a file without a query lists its tables
   capture list [DIR]      the pictures of the capture directory, or of another one, and which are known there
   capture copy DIR [NAME ...]
                           copies pictures into the capture directory, given as C:\CARD or as the system writes it;
@@ -144,7 +146,7 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
     if (command == u"trash"_s)
         return RunTrash(session, out, arguments, options);
     if (command == u"sql"_s)
-        return RunSql(session, out, arguments);
+        return RunSql(session, out, arguments, options);
     if (command == u"report"_s)
         return RunReport(session, out, arguments);
     if (command == u"refresh"_s && arguments.isEmpty())
@@ -213,6 +215,7 @@ int main(int argc, char* argv[])
         {u"data"_s, u"Transfer the data."_s},
         {u"pictures"_s, u"Transfer the pictures."_s},
         {u"out"_s, u"The picture's file."_s, u"FILE"_s},
+        {u"file"_s, u"A database file instead of the Databook."_s, u"FILE"_s},
         {u"source"_s, u"Where street files come from, in words."_s, u"WORDS"_s},
         {u"date"_s, u"Their date."_s, u"DATE"_s},
         {u"account"_s, u"A file for what an import left out, and why."_s, u"FILE"_s},

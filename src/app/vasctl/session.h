@@ -92,7 +92,7 @@ int RunCapture(Session& session, const Output& out, const QStringList& arguments
                const QCommandLineParser& options);
 int RunTrash(Session& session, const Output& out, const QStringList& arguments,
              const QCommandLineParser& options);
-int RunSql(Session& session, const Output& out, const QStringList& arguments);
+int RunSql(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options);
 int RunReport(Session& session, const Output& out, const QStringList& arguments);
 int RunRefresh(Session& session, const Output& out);
 int RunDrop(Session& session, const Output& out, const QStringList& arguments,

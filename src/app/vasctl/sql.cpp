@@ -1,25 +1,65 @@
 #include "app/vasctl/session.h"
 
+#include "platform/engine/health.h"
 #include "platform/text/text.h"
+#include "store/store.h"
 
 namespace vasclip::vasctl {
 
 using namespace Qt::Literals::StringLiterals;
 
-int RunSql(Session& session, const Output& out, const QStringList& arguments)
+namespace {
+
+QString Shown(const engine::Field& field, const QVariant& value)
 {
-    if (arguments.size() != 1) {
-        out.Error(u"Usage: vasctl sql \"SELECT ...\""_s);
+    if (!value.isValid())
+        return {};
+    if (field.type == engine::FieldType::Date) {
+        const QDateTime date = value.toDateTime();
+        const bool midnight = date.time() == QTime(0, 0);
+        return date.toString(midnight ? u"yyyy-MM-dd"_s : u"yyyy-MM-dd HH:mm:ss"_s);
+    }
+    return text::RTrim(value.toString());
+}
+
+/// What a file holds, for who doesn't know it yet.
+int ListTables(engine::Database& database, const Output& out)
+{
+    QList<QStringList> rows;
+    for (const QString& name : database.TableNames())
+        rows.append({name, text::Dec(store::CountRows(database, name)), text::Dec(database.Table(name).fields.size())});
+    out.Table({u"table"_s, u"records"_s, u"fields"_s}, rows, {Kind::Text, Kind::Number, Kind::Number});
+    return kDone;
+}
+
+} // namespace
+
+int RunSql(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options)
+{
+    const bool other = options.isSet(u"file"_s);
+    if (arguments.size() > 1 || (arguments.isEmpty() && !other)) {
+        out.Error(u"Usage: vasctl sql [--file FILE] \"SELECT ...\"; a file without a statement lists its tables."_s);
         return kUsage;
     }
-    if (!text::Folded(arguments[0]).startsWith(u"SELECT"_s)) {
+    if (!arguments.isEmpty() && !text::Folded(arguments[0]).startsWith(u"SELECT"_s)) {
         out.Error(u"Only SELECT statements run here; records are changed with 'vasctl records'."_s);
         return kUsage;
     }
-    auto& program = session.Home();
+    QString path;
+    if (other) {
+        path = DrivePathOf(session.Disk(), options.value(u"file"_s));
+        if (path.isEmpty()) {
+            out.Error(u"%1 lies on none of the program's drives; drives.ini maps more."_s.arg(options.value(u"file"_s)));
+            return kUsage;
+        }
+    } else {
+        auto& program = session.Home();
+        path = program.globals.G_DataDir + program.globals.G_DataFile;
+    }
     // A connection of its own that cannot write, whatever the statement says (SELECT INTO among them).
-    const auto database = session.Engine().OpenDatabase(program.globals.G_DataDir + program.globals.G_DataFile,
-                                                        engine::OpenMode::ReadOnly);
+    const auto database = session.Engine().OpenDatabase(path, engine::OpenMode::ReadOnly);
+    if (arguments.isEmpty())
+        return ListTables(*database, out);
     const std::optional<store::Rows> rows = OpenTyped(*database, arguments[0], out);
     if (!rows)
         return kUsage;
@@ -29,7 +69,7 @@ int RunSql(Session& session, const Output& out, const QStringList& arguments)
         headings.append(rows->Fields()[i].name);
         const engine::FieldType type = rows->Fields()[i].type;
         const bool counted = type >= engine::FieldType::Byte && type <= engine::FieldType::Double;
-        kinds.append(counted ? Kind::Number : KindOf(headings.last()));
+        kinds.append(counted ? Kind::Number : other ? Kind::Text : KindOf(headings.last()));
     }
     QList<QStringList> table;
     for (qint64 row = 0; row < rows->Count(); ++row) {
@@ -39,11 +79,16 @@ int RunSql(Session& session, const Output& out, const QStringList& arguments)
             const bool binary = rows->Fields()[i].type == engine::FieldType::LongBinary;
             const QVariant value = binary ? rows->LongAt(row, i) : record->Values()[i];
             line.append(binary && value.isValid() ? u"(%1 bytes)"_s.arg(value.toByteArray().size())
-                                                  : text::RTrim(value.toString()));
+                                                  : Shown(rows->Fields()[i], value));
         }
         table.append(line);
     }
     out.Table(headings, table, kinds);
+    // Rows and values that could not be read are missing above: nobody must take the list for whole.
+    if (const QString damage = engine::DamageOf(*database); !damage.isEmpty()) {
+        out.Error(u"%1 is damaged, and not all of it could be read: %2."_s.arg(path, damage));
+        return kFailed;
+    }
     return kDone;
 }
 

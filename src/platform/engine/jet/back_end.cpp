@@ -1,6 +1,7 @@
 #include "platform/engine/jet/back_end.h"
 
 #include "platform/engine/errors.h"
+#include "platform/engine/jet/being_made.h"
 #include "platform/engine/jet/jet_database.h"
 #include "platform/engine/new_file.h"
 
@@ -20,8 +21,19 @@ QString JetBackEnd::NativeOf(const QString& path) const
     }
 }
 
+std::shared_ptr<Database> JetBackEnd::Made(const QString& path) const
+{
+    try {
+        return BeingMade(m_disk.ToNative(path));
+    } catch (const RuntimeError&) {
+        return nullptr;
+    }
+}
+
 bool JetBackEnd::Owns(const QString& path) const
 {
+    if (Made(path))
+        return true;
     const QString native = NativeOf(path);
     if (native.isEmpty() || m_isOpen(native))
         return false;
@@ -32,6 +44,8 @@ bool JetBackEnd::Owns(const QString& path) const
 
 std::shared_ptr<Database> JetBackEnd::Open(const QString& path, OpenMode mode)
 {
+    if (auto made = Made(path))
+        return made;
     auto opening = std::make_shared<Opening>();
     opening->path = path;
     opening->mode = mode;

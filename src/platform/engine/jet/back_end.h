@@ -27,6 +27,9 @@ public:
 private:
     [[nodiscard]] QString NativeOf(const QString& path) const; ///< "" if it is not there
 
+    /// The new file that is being made at a path.
+    [[nodiscard]] std::shared_ptr<Database> Made(const QString& path) const;
+
     const files::Disk& m_disk;
     std::function<bool(const QString& native)> m_isOpen;
     const text::TimeSource* m_time = nullptr;

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/engine/jet/map_writer.h"
+
+#include <optional>
+
+namespace vasclip::engine::jet {
+
+/// The long values of one column of a new table.
+class LongWriter
+{
+public:
+    explicit LongWriter(PageWriter& pages)
+        : m_pages(pages)
+    {}
+
+    /// Stores a value. @return its head, as the row holds it
+    [[nodiscard]] QByteArray Add(const QByteArray& value);
+    /// @param owned, withRoom  its maps
+    void Finish(MapWriter& maps, RowPointer owned, RowPointer withRoom);
+
+private:
+    [[nodiscard]] RowPointer AddShared(const QByteArray& row);
+    [[nodiscard]] RowPointer AddChain(const QByteArray& value);
+    void WriteShared();
+
+    PageWriter& m_pages;
+    PageSet m_owned;
+    quint32 m_number = 0; ///< of the page that values share
+    std::optional<PageBuilder> m_shared;
+};
+
+} // namespace vasclip::engine::jet
