@@ -97,7 +97,14 @@ TEST_F(DatabookFaults, AnAccessFileWithoutCompsIsNamedAndLeftAsItIs)
     for (const QString& file : files) {
         ASSERT_TRUE(Write(Databook(), Bytes(genuine.filePath(file))));
         Remember();
-        ExpectAllSay(u"There is no table 'COMPS' in C:\\DATABOOK\\DATABOOK.MDB"_s, file);
+        for (const QStringList& command :
+             {QStringList{u"records"_s, u"list"_s}, QStringList{u"records"_s, u"add"_s, u"1 New Rd"_s},
+              QStringList{u"sql"_s, u"SELECT * FROM COMPS"_s}}) {
+            const Timed run = Vasctl(command);
+            EXPECT_NE(run.code, kDone) << file.toStdString() << ": " << run.Story();
+            EXPECT_TRUE(run.Says(u"There is no table 'COMPS' in C:\\DATABOOK\\DATABOOK.MDB"_s)) << run.Story();
+            EXPECT_TRUE(run.out.isEmpty()) << file.toStdString() << ": " << run.Story();
+        }
         ExpectWhole(file);
     }
 }

@@ -43,6 +43,7 @@ const QHash<QString, QString>& OfTheProcess()
         {u"src/common/error_block.cpp"_s, u"state"_s},                // the stack of calls is a thread's
         {u"src/databook/frm_calendar.cpp"_s, u"g_quickExit"_s},       // a box that stays as the user left it
         {u"src/platform/desktop/termination_unix.cpp"_s, u"wakeUp"_s}, // a signal handler reaches nothing else
+        {u"src/platform/engine/jet/being_made.cpp"_s, u"all"_s},        // so are files, as long as they have no name
         {u"src/platform/engine/sqlite/connection.cpp"_s, u"files openMutex"_s}, // locks are the process's
         {u"src/platform/picture/heif_reader.cpp"_s, u"asideRunning"_s}, // threads that outlive who asked
         {u"src/platform/street/draw/glyphs.cpp"_s, u"known fonts"_s}, // shapes of letters, which never change

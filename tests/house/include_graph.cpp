@@ -99,10 +99,11 @@ void CheckArrow(const QString& from, const QString& onto, QStringList& violation
 /// One kind of database is known to itself and to the list of kinds alone; the map's files are its own.
 void CheckBackEnd(const QString& path, const Include& include, QStringList& violations)
 {
-    static const QString kSqlite = u"platform/engine/sqlite/"_s;
-    const bool knows = path.startsWith(kSrc + kSqlite) || path.startsWith(u"src/platform/engine/kinds/"_s) ||
+    static const QRegularExpression kind(u"^platform/engine/(?:sqlite|jet)/"_s);
+    const QString own = include.quoted ? kind.match(include.name).captured() : u"platform/engine/sqlite/"_s;
+    const bool names = include.quoted ? !own.isEmpty() : include.name == u"sqlite3.h"_s;
+    const bool knows = path.startsWith(kSrc + own) || path.startsWith(u"src/platform/engine/kinds/"_s) ||
                        (!include.quoted && path.startsWith(u"src/platform/street/"_s));
-    const bool names = include.quoted ? include.name.startsWith(kSqlite) : include.name == u"sqlite3.h"_s;
     if (names && !knows && path.startsWith(kSrc))
         violations.append(u"%1 includes %2, which is one kind of database's own"_s.arg(path, include.name));
 }

@@ -54,8 +54,9 @@ private:
     }
     void Need(qsizetype at, qsizetype size) const
     {
+        using namespace Qt::Literals::StringLiterals;
         if (at < 0 || size < 0 || at > m_size || size > m_size - at)
-            throw Damaged(QStringLiteral("a length or an offset points outside of its page"));
+            throw Damaged(u"a length or an offset points outside of its page"_s);
     }
 
     const char* m_data = nullptr;

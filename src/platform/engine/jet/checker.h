@@ -4,7 +4,8 @@
 
 namespace vasclip::engine::jet {
 
-/// Reads every row and value of every table; what can't be read is among the findings then.
-void CheckValues(Opening& opening);
+/// Looks at a whole file: every row and value of every table, the stored indexes, how the pages are shared out.
+/// What is wrong is among the findings then.
+void CheckFile(Opening& opening);
 
 } // namespace vasclip::engine::jet

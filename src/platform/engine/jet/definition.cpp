@@ -79,6 +79,7 @@ Column ReadColumn(const Bytes& bytes, const Format& format)
     column.type = static_cast<ColumnType>(bytes.U8(0));
     column.number = bytes.U16(at);
     column.variableIndex = bytes.U16(at + 2);
+    column.sorting = format.jet4 ? bytes.U32(sorting) : bytes.U16(sorting);
     const int decimal = format.jet4 ? sorting : 11;
     column.precision = bytes.U8(decimal);
     column.scale = bytes.U8(decimal + 1);

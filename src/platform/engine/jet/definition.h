@@ -34,6 +34,7 @@ struct Column
     bool fixed = false;
     int fixedOffset = 0;
     int length = 0;
+    quint32 sorting = 0; ///< language, then version of its order
     int precision = 0;
     int scale = 0;
 };

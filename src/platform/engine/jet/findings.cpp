@@ -26,7 +26,7 @@ void Findings::Add(const QString& table, RowPointer row, const QString& field, c
     QString line;
     if (!table.isEmpty())
         line = u"table %1"_s.arg(table);
-    if (row.page != 0)
+    if (row.page != 0 && !table.isEmpty())
         line += u", row %1 of page %2"_s.arg(QString::number(row.row), QString::number(row.page));
     if (!field.isEmpty())
         line += u", field %1"_s.arg(field);

@@ -115,7 +115,7 @@ QStringList JetDatabase::Check(CheckDepth depth)
 {
     m_opening->NeedOpen();
     if (depth == CheckDepth::Whole)
-        CheckValues(*m_opening);
+        CheckFile(*m_opening);
     return m_opening->findings->Lines();
 }
 

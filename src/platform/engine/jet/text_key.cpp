@@ -6,6 +6,8 @@
 
 namespace vasclip::engine::jet {
 
+using namespace Qt::Literals::StringLiterals;
+
 namespace {
 
 constexpr int kLongestKey = 255; ///< characters
@@ -62,8 +64,8 @@ quint8 LetterOf(char16_t letter)
 /// The letter under the accent.
 char16_t BaseOf(char16_t character)
 {
-    static const QString kFrom = QStringLiteral("áéíóúýàèìòùâêîôûäëïöüÿãñõåçøðªº");
-    static const QString kTo = QStringLiteral("aeiouyaeiouaeiouaeiouyanoacodao");
+    static const QString kFrom = u"áéíóúýàèìòùâêîôûäëïöüÿãñõåçøðªº"_s;
+    static const QString kTo = u"aeiouyaeiouaeiouaeiouyanoacodao"_s;
     const qsizetype at = kFrom.indexOf(QChar(character).toLower());
     return at < 0 ? u'\0' : kTo[at].unicode();
 }
