@@ -5,6 +5,7 @@
 #include "shell/city_screens.h"
 #include "shell/frm_main.h"
 #include "shell/help.h"
+#include "shell/maintenance.h"
 #include "shell/map_exports.h"
 #include "shell/map_maintenance.h"
 #include "shell/media.h"
@@ -99,7 +100,7 @@ constexpr Row kSetup[] = {
 };
 
 constexpr Row kMaintenance[] = {
-    {0, "Data Correction"_L1},
+    {0, "Data Correction"_L1, [](frm_Main& m) { ShowMaintenance(m.program, m.shown); }},
     {1, kSeparator},
     {2, "Camera Views"_L1, [](frm_Main& m) { m.captureEvents.ShowCameraDir(); }},
     {3, "City Editing"_L1, [](frm_Main& m) { MassCity(m.program, m.shown); }},

@@ -125,6 +125,13 @@ Commands:
                           a phrase of the field's list
   databook copy FILE      a new Databook of all that can still be read of a damaged one; exit code 1, with what is
                           missing, if that is not all of it
+  maintain STEP [--account FILE]
+                          a repair of the whole Databook; asks first, and prints every field that it changed, or keeps
+                          that in a file: recalc, clear-anchors, clear-photos, land-size, clean-keys, clean-comments,
+                          match-key, proper-case, upper-case
+  maintain delete-by-sale --date DATE, maintain delete-by-load --date DATE
+                          deletes the records of this date and older with their pictures; 1/1/1900 means those
+                          without a date
   doctor                  checks the home: files, versions, drives, databases from end to end, link
 
 Exit codes: 0 done; 1 failed, the message says why; 2 wrong command line; 3 not found; 4 a question was answered
@@ -171,6 +178,8 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
         return RunMap(session, out, arguments, options);
     if (command == u"mapdata"_s)
         return RunMapdata(session, out, arguments, options);
+    if (command == u"maintain"_s)
+        return RunMaintain(session, out, arguments, options);
     if (command == u"doctor"_s && arguments.isEmpty())
         return RunDoctor(session, out);
     out.Error(u"'%1' takes no such arguments; 'vasctl --help' lists them."_s.arg(command));
@@ -217,8 +226,8 @@ int main(int argc, char* argv[])
         {u"out"_s, u"The picture's file."_s, u"FILE"_s},
         {u"file"_s, u"A database file instead of the Databook."_s, u"FILE"_s},
         {u"source"_s, u"Where street files come from, in words."_s, u"WORDS"_s},
-        {u"date"_s, u"Their date."_s, u"DATE"_s},
-        {u"account"_s, u"A file for what an import left out, and why."_s, u"FILE"_s},
+        {u"date"_s, u"Their date, or up to which one records are deleted."_s, u"DATE"_s},
+        {u"account"_s, u"A file for what an import left out, and why, or for what a repair changed."_s, u"FILE"_s},
         {u"beside"_s, u"New maps wait beside those in use."_s},
         {u"type"_s, u"Comp type of a new record (F)."_s, u"LETTER"_s},
         {u"city"_s, u"A city."_s, u"NAME"_s},

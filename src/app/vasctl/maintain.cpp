@@ -1,0 +1,96 @@
+#include "app/vasctl/session.h"
+
+#include "common/dates.h"
+#include "upkeep/repairs.h"
+
+#include <QElapsedTimer>
+
+#include <algorithm>
+
+namespace vasclip::vasctl {
+
+using namespace Qt::Literals::StringLiterals;
+using upkeep::Repair;
+
+namespace {
+
+constexpr int kEveryMs = 200;
+
+QJsonArray Lines(const upkeep::Account& account)
+{
+    QJsonArray lines;
+    for (int i = 0; i < account.Count(); ++i)
+        lines.append(account.Line(i));
+    return lines;
+}
+
+void Print(const Output& out, const upkeep::RepairResult& result, const upkeep::Account& account, const QString& kept)
+{
+    QString said;
+    for (int i = 0; kept.isEmpty() && !out.Json() && i < account.Count(); ++i)
+        said += account.Line(i) + u'\n';
+    said += account.Summary();
+    if (!kept.isEmpty())
+        said += u"\nLine by line in %1"_s.arg(kept);
+    if (!result.message.isEmpty())
+        said += u'\n' + result.message;
+    QJsonObject value{{u"message"_s, result.message},
+                      {u"seen"_s, account.Seen()},
+                      {u"changed"_s, account.Records()},
+                      {u"deleted"_s, account.Removed()}};
+    if (kept.isEmpty())
+        value[u"account"_s] = Lines(account);
+    else
+        value[u"file"_s] = kept;
+    out.Value(value, said);
+}
+
+} // namespace
+
+int RunMaintain(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options)
+{
+    const auto texts = upkeep::RepairTexts();
+    const auto row = std::ranges::find_if(texts, [&](const auto& text) { return arguments.value(0) == text.word; });
+    const bool dated = row != texts.end() && upkeep::DeletesByDate(row->repair);
+    if (row == texts.end() || arguments.size() != 1 || dated != options.isSet(u"date"_s)) {
+        out.Error(u"Usage: vasctl maintain STEP [--account FILE]; delete-by-sale and delete-by-load with --date DATE."_s);
+        return kUsage;
+    }
+    const QDate today = session.Ports().clock.Today();
+    const QString date = options.value(u"date"_s);
+    if (dated && !common::IsDate(date, today)) {
+        out.Error(u"'%1' is no date."_s.arg(date));
+        return kUsage;
+    }
+    const QString kept =
+        options.isSet(u"account"_s) ? DrivePathOf(session.Disk(), options.value(u"account"_s)) : QString();
+    if (options.isSet(u"account"_s) && kept.isEmpty()) {
+        out.Error(u"%1 lies on none of the program's drives; drives.ini maps more."_s.arg(
+            options.value(u"account"_s)));
+        return kUsage;
+    }
+    const auto deletion = dated ? upkeep::Deletion::Of(date, today) : upkeep::Deletion{};
+    shell::Program& program = session.WithDatabook();
+    if (!upkeep::AskRepair(session.Prompter(), row->repair, deletion))
+        return kDeclined;
+    upkeep::Account account;
+    ProgressLine progress(out);
+    QElapsedTimer shown;
+    shown.start();
+    const upkeep::RepairResult result = upkeep::RunRepair(
+        {program.Ports(), program.sources.datDatabook, program.globals, program.Disk()}, row->repair, deletion,
+        account, [&](const QString& caption, qint64 done, qint64 of) {
+            if (shown.elapsed() >= kEveryMs) {
+                progress.Show(caption, done, of);
+                shown.restart();
+            }
+            return true;
+        });
+    progress.Clear();
+    if (!kept.isEmpty())
+        account.Save(session.Disk(), kept);
+    Print(out, result, account, kept);
+    return kDone;
+}
+
+} // namespace vasclip::vasctl

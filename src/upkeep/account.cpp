@@ -1,0 +1,121 @@
+#include "upkeep/account.h"
+
+#include "platform/text/runtime_error.h"
+#include "platform/text/text.h"
+
+#include <QSaveFile>
+
+namespace vasclip::upkeep {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr auto kChanged = "changed"_L1;
+constexpr auto kDeleted = "deleted"_L1;
+constexpr auto kRemark = "note"_L1;
+const QString kColumns = u"RECORD\tWHAT\tFIELD\tBEFORE\tAFTER"_s;
+
+QString Escaped(QString text)
+{
+    return text.replace(u'\\', u"\\\\"_s)
+        .replace(u'\t', u"\\t"_s)
+        .replace(u'\r', u"\\r"_s)
+        .replace(u'\n', u"\\n"_s);
+}
+
+QString LineOf(const QStringList& parts)
+{
+    QStringList escaped;
+    for (const QString& part : parts)
+        escaped.append(Escaped(part));
+    return escaped.join(u'\t');
+}
+
+/// A text as the list shows it; a record's photos stand on lines of their own.
+QString Shown(QString text)
+{
+    text.replace(u"\\r\\n"_s, u"; "_s);
+    return u'"' + text + u'"';
+}
+
+} // namespace
+
+void Account::Begin(const QString& heading)
+{
+    m_lines.Clear();
+    m_heading = heading;
+    m_seen = m_changed = m_removed = 0;
+    m_fields.clear();
+}
+
+void Account::TakeBack()
+{
+    Begin(m_heading);
+}
+
+void Account::Changed(const QString& key, const QString& field, const QString& before, const QString& after)
+{
+    m_lines.Append(LineOf({key, kChanged, field, text::Trim(before), text::Trim(after)}));
+    Tally& tally = m_fields[field];
+    ++tally.changed;
+    if (!text::Trim(before).isEmpty() && text::Trim(after).isEmpty())
+        ++tally.emptied;
+}
+
+void Account::Deleted(const QString& key, const store::Record& record, const QStringList& fields)
+{
+    ++m_removed;
+    for (const QString& field : fields)
+        if (const QString held = record.Text(field); !held.isEmpty())
+            m_lines.Append(LineOf({key, kDeleted, field, held, {}}));
+}
+
+void Account::Remark(const QString& key, const QString& words)
+{
+    m_lines.Append(LineOf({key, kRemark, {}, words, {}}));
+}
+
+QString Account::Summary() const
+{
+    QStringList fields;
+    for (auto field = m_fields.cbegin(); field != m_fields.cend(); ++field)
+        fields.append(field->emptied == 0 ? u"%1 %2"_s.arg(field.key()).arg(field->changed)
+                                          : u"%1 %2 (%3 emptied)"_s.arg(field.key())
+                                                .arg(field->changed)
+                                                .arg(field->emptied));
+    QString said = m_seen == 1 ? u"%1 of 1 record changed"_s.arg(m_changed)
+                               : u"%1 of %2 records changed"_s.arg(m_changed).arg(m_seen);
+    if (m_removed > 0)
+        said += u", %1 deleted"_s.arg(m_removed);
+    return fields.isEmpty() ? said + u'.' : said + u": "_s + fields.join(u", "_s) + u'.';
+}
+
+QString Account::Line(int index) const
+{
+    const QStringList parts = m_lines.Line(index).split(u'\t');
+    const QString& key = parts.value(0);
+    if (parts.value(1) == kRemark)
+        return u"%1: %2"_s.arg(key, parts.value(3));
+    if (parts.value(1) == kDeleted)
+        return u"%1 deleted: %2 was %3"_s.arg(key, parts.value(2), Shown(parts.value(3)));
+    return u"%1: %2 %3 → %4"_s.arg(key, parts.value(2), Shown(parts.value(3)), Shown(parts.value(4)));
+}
+
+void Account::Save(const files::Disk& disk, const QString& path) const
+{
+    QSaveFile file(disk.ToNative(path));
+    const auto write = [&](const QString& line) {
+        const QByteArray bytes = line.toUtf8() + '\n';
+        return file.write(bytes) == bytes.size();
+    };
+    bool whole = file.open(QIODevice::WriteOnly) && write(m_heading) && write(Summary()) && write({}) && write(kColumns);
+    for (qint64 i = 0; whole && i < m_lines.Count(); ++i)
+        whole = write(m_lines.Line(i));
+    if (!whole || !file.commit())
+        throw RuntimeError(error::kPathFileAccess,
+                           u"The account could not be saved as %1: %2. Choose another directory"_s.arg(
+                               path, file.errorString()));
+}
+
+} // namespace vasclip::upkeep

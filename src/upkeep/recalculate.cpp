@@ -1,0 +1,130 @@
+#include "upkeep/recalculate.h"
+
+#include "common/dates.h"
+#include "databook/comp_fields.h"
+#include "databook/number_text.h"
+#include "platform/text/dates.h"
+#include "platform/text/runtime_error.h"
+#include "platform/text/text.h"
+#include "store/fields.h"
+#include "store/store.h"
+#include "store/transaction.h"
+
+namespace vasclip::upkeep {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString kStoredPicture = u"mm/dd/yyyy"_s;
+const QString kPendingSerial = u"2"_s;
+const QString kPending = u"PENDING"_s;
+const QString kFrontView = u"FRONT VIEW"_s;
+const QString kTransferWords = u"Copy %1"_s;
+
+/// As it is stored; "" for what is no date.
+QString StoredDate(const QString& text, QDate today)
+{
+    if (!common::IsDate(text, today))
+        return {};
+    const auto date = text::ReadDate(text, today);
+    return date ? text::Format(*date, kStoredPicture) : QString();
+}
+
+/// A date text with the century that it means; what is no date stays.
+QString WithCentury(const QString& text, QDate today)
+{
+    try {
+        return common::FixDate(text, today);
+    } catch (const RuntimeError&) {
+        return text;
+    }
+}
+
+/// @return false where the field held no date
+bool RecalcDate(RowEdit& row, const QString& dateField, const QString& serialField, QDate today)
+{
+    const QString date = StoredDate(WithCentury(row.Text(dateField), today), today);
+    row.Set(dateField, date.isEmpty() ? databook::kPendingDate : date);
+    row.Set(serialField, date.isEmpty() ? kPendingSerial : databook::SerialText(date, today));
+    return !date.isEmpty();
+}
+
+QString Number(const RowEdit& row, const QString& field)
+{
+    const QString text = row.Text(field);
+    return databook::PlainNumber(text, field).value_or(text);
+}
+
+} // namespace
+
+void RecalcPriceSqFt(RowEdit& row)
+{
+    row.Set(fields::PRICEGLA, databook::PriceGla(Number(row, fields::SELLINGPR), Number(row, fields::GLA)));
+}
+
+void RecalcAge(RowEdit& row, QDate today)
+{
+    const QString sale = StoredDate(row.Text(fields::SALEDATE), today);
+    const QString age = sale.isEmpty() ? QString() : databook::AgeText(row.Text(fields::YEARBUILT), sale, today);
+    row.Set(fields::AGE, text::Trim(text::Str(text::Val(age))));
+}
+
+void RecalcSaleDate(RowEdit& row, QDate today)
+{
+    if (!RecalcDate(row, fields::SALEDATE, fields::SALESERIAL, today))
+        row.Set(fields::SALEFLD, kPending);
+}
+
+void RecalcLoadDate(RowEdit& row, QDate today)
+{
+    static_cast<void>(RecalcDate(row, fields::LOADDATE, fields::LOADSERIAL, today));
+}
+
+void FixFrontFlag(RowEdit& row)
+{
+    if (!row.Key().isEmpty())
+        row.Set(fields::FRONT,
+                row.Text(fields::PHOTOS).contains(kFrontView, Qt::CaseInsensitive) ? u"1"_s : u" "_s);
+}
+
+void RecalcY2K(RowEdit& row, const QString& field, QDate today)
+{
+    if (!row.IsNull(field))
+        row.Set(field, WithCentury(row.Text(field), today));
+}
+
+void TransferField(const store::DataSource& source, store::DataSource& target, const QString& field)
+{
+    const QVariant value = source.Value(field);
+    store::Change::Set(target, field, value.isValid() ? value : QVariant(QString(u""_s)));
+}
+
+bool Comp2Central(store::DataSource& data, store::DataSource& central, forms::Label& label, const Walk::Step& step)
+{
+    label.SetCaption(u"Comp Database"_s);
+    store::Transaction whole(central);
+    const qint64 all = data.Count();
+    qint64 done = 0;
+    for (data.MoveFirst(); !data.AtEnd(); data.MoveNext()) {
+        if (!step(done++, all))
+            return false;
+        const QString key = store::GetFieldData(data, fields::CENTRALKEY);
+        if (key.isEmpty())
+            continue;
+        const bool there = store::ReadRecord(central, key).has_value();
+        std::optional<store::Change> change;
+        if (there)
+            change.emplace(central, store::Change::OfKey{key}, kTransferWords);
+        else
+            change.emplace(central, store::Change::NewKey{}, kTransferWords);
+        for (const engine::Field& field : data.Fields())
+            if (store::FindField(central, field.name) != nullptr)
+                TransferField(data, change->Source(), field.name);
+        change->Store();
+    }
+    whole.Commit();
+    return true;
+}
+
+} // namespace vasclip::upkeep

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "store/change.h"
+#include "upkeep/account.h"
+
+#include <functional>
+
+namespace vasclip::upkeep {
+
+/// The record that a walk has come to, open for editing from its first change on. What is set is told to the account;
+/// a text that stands there already (but for blanks around it) is not written again.
+class RowEdit
+{
+public:
+    /// @param words  of the step, %1 the key
+    RowEdit(store::DataSource& rows, Account& account, const QString& words);
+
+    [[nodiscard]] bool Has(const QString& field) const;
+    [[nodiscard]] bool IsNull(const QString& field) const;
+    [[nodiscard]] QString Text(const QString& field) const; ///< trimmed, as set; "" for one that is not there
+    [[nodiscard]] QString Key() const;                      ///< before the walk, trimmed
+    /// Nothing for a field that the table lacks; what is longer than the field is cut.
+    void Set(const QString& field, const QString& text);
+    /// The record and its pictures' stems go with the walk.
+    void Delete() { m_delete = true; }
+    void Remark(const QString& words) { m_account.Remark(Key(), words); }
+
+private:
+    friend class Walk;
+    void Store();
+
+    store::DataSource& m_rows;
+    Account& m_account;
+    const QString& m_words;
+    std::optional<store::Change> m_change;
+    mutable QString m_key;
+    bool m_delete = false;
+};
+
+/// Every record of a table in turn, in one transaction: all of the changes are stored, or none is.
+class Walk
+{
+public:
+    /// Told before a record how many are done of how many; false stops the walk.
+    using Step = std::function<bool(qint64 done, qint64 of)>;
+
+    /// @param source  of the table. Its cursor stays where it is.
+    Walk(store::DataSource& source, Account& account, const QString& words);
+
+    /// @return false if it was stopped, and taken back
+    /// @throws RuntimeError, what the disk or the database refuse; all of it is taken back then
+    [[nodiscard]] bool Run(const Step& step, const std::function<void(RowEdit&)>& repair);
+    /// Stems of the pictures of the records that were deleted, each a line.
+    [[nodiscard]] const LineFile& Pictures() const { return m_pictures; }
+
+private:
+    void DeleteRow(store::DataSource& rows);
+
+    store::DataSource& m_source;
+    Account& m_account;
+    QString m_words;
+    QStringList m_fields; ///< that an account can hold
+    LineFile m_pictures;
+};
+
+} // namespace vasclip::upkeep
