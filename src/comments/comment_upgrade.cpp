@@ -2,8 +2,6 @@
 
 #include "comments/messages.h"
 #include "common/error_block.h"
-#include "platform/engine/errors.h"
-#include "platform/text/runtime_error.h"
 #include "store/messages.h"
 #include "store/upgrade.h"
 
@@ -28,19 +26,8 @@ Upgrade CheckCommentsDBF(const forms::Ports& ports, engine::Engine& engine, cons
     if (ports.prompter.MsgBox(forms::Buttons::YesNo, forms::Icon::Exclamation, store::kPlainTitle,
                               globals.share != 0 ? kUpdateShared : kUpdateLocal) != forms::Answer::Yes)
         return Upgrade::Declined;
-    try {
-        const auto database = store::OpenAlone(ports, engine, path);
-        if (!database)
-            return Upgrade::Locked;
-        store::AppendMissing(*database);
-        database->Close();
-    } catch (const RuntimeError& failure) {
-        if (failure.Number() != error::kTableLocked)
-            throw;
-        ports.prompter.Box(store::kPlainTitle, kTableInUse);
+    if (store::AppendAlone(ports, engine, path) == store::Appended::Locked)
         return Upgrade::Locked;
-    }
-    ports.prompter.Box(store::kPlainTitle, kUpdated);
     return Upgrade::Done;
 }
 

@@ -41,11 +41,6 @@ inline const QString kUpdateShared =
 inline const QString kUpdateLocal =
     u"The local 'comments' database needs to be updated.  You should have a good backup of "
     "your data BEFORE using this option.  Are you ready at this time?"_s;
-inline const QString kUpdated =
-    u"The modifications to the database(s) were successful and the data is ready for use."_s;
-inline const QString kTableInUse =
-    u"The database engine could not lock table 'COMPS' because it is already in use by another "
-    "person or process. The update cannot continue."_s;
 
 // What a step of a row is called; %1 its key.
 inline const QString kPhraseWords = u"Phrases of row %1"_s;

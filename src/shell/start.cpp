@@ -3,6 +3,7 @@
 #include "common/error_block.h"
 #include "common/given_up.h"
 #include "common/paths.h"
+#include "databook/databook_upgrade.h"
 #include "databook/grid.h"
 #include "link/link_desk.h"
 #include "photos/capture_desk.h"
@@ -165,7 +166,13 @@ void Start::TakeStartSteps(const StartUpOptions& options, frm_Splash& splash)
     const QString databook = m_program.DatabookPath();
     reach(databook);
     step(
-        u"CheckCompDBF2"_s, u"Checking data - "_s + m_program.globals.G_DataDir, [] {}, databook);
+        u"CheckCompDBF2"_s, u"Checking data - "_s + m_program.globals.G_DataDir,
+        [&] {
+            if (!m_program.life.readOnlyHome)
+                databook::CheckCompDBF2(ports, m_program.Engine(), m_program.globals, m_program.sources.datDatabook,
+                                        databook, m_program.globals.G_Table);
+        },
+        databook);
     step(
         u"Connect2Databook"_s, {}, [&] { m_main.databookInUse.OpenDatabook(); }, databook);
     reach(m_program.MappingPath());

@@ -11,7 +11,6 @@ namespace vasclip::store {
 
 namespace {
 
-const QString kTable = u"COMPS"_s;
 const QString kReference = u"newdata.mdb"_s;
 
 struct NewField
@@ -37,10 +36,10 @@ const QString kCountText =
 
 } // namespace
 
-qsizetype FieldCount(engine::Engine& engine, const QString& path)
+qsizetype FieldCount(engine::Engine& engine, const QString& path, const QString& table)
 {
     const auto database = engine.OpenDatabase(path, engine::OpenMode::ReadOnly);
-    const qsizetype count = database->Table(kTable).fields.size();
+    const qsizetype count = database->Table(table).fields.size();
     database->Close();
     return count;
 }
@@ -57,7 +56,7 @@ std::optional<qsizetype> ReferenceCount(const forms::Ports& ports, engine::Engin
     }
 }
 
-void AppendMissing(engine::Database& database)
+void AppendMissing(engine::Database& database, const QString& table)
 {
     engine::Transaction all(database);
     for (const NewField& row : kNewFields) {
@@ -68,7 +67,7 @@ void AppendMissing(engine::Database& database)
         field.allowZeroLength = true;
         field.required = false;
         try {
-            database.AppendField(kTable, field);
+            database.AppendField(table, field);
         } catch (const RuntimeError& failure) {
             // A table that already has some of the fields gets the rest.
             if (failure.Number() != error::kFieldDefinedTwice)
@@ -92,6 +91,24 @@ std::shared_ptr<engine::Database> OpenAlone(const forms::Ports& ports, engine::E
                 return nullptr;
         }
     }
+}
+
+Appended AppendAlone(const forms::Ports& ports, engine::Engine& engine, const QString& path, const QString& table)
+{
+    try {
+        const auto database = OpenAlone(ports, engine, path);
+        if (!database)
+            return Appended::Locked;
+        AppendMissing(*database, table);
+        database->Close();
+    } catch (const RuntimeError& failure) {
+        if (failure.Number() != error::kTableLocked)
+            throw;
+        ports.prompter.Box(kPlainTitle, kTableInUse);
+        return Appended::Locked;
+    }
+    ports.prompter.Box(kPlainTitle, kUpdated);
+    return Appended::Done;
 }
 
 } // namespace vasclip::store

@@ -12,8 +12,15 @@
 
 namespace vasclip::store {
 
-/// How many fields the table of comps of a file has. @throws RuntimeError if it can't be read
-[[nodiscard]] qsizetype FieldCount(engine::Engine& engine, const QString& path);
+inline const QString kUpdated =
+    QStringLiteral("The modifications to the database(s) were successful and the data is ready for use.");
+inline const QString kTableInUse =
+    QStringLiteral("The database engine could not lock table 'COMPS' because it is already in use by another person "
+                   "or process. The update cannot continue.");
+
+/// How many fields a table of a file has. @throws RuntimeError if it can't be read
+[[nodiscard]] qsizetype FieldCount(engine::Engine& engine, const QString& path,
+                                   const QString& table = QStringLiteral("COMPS"));
 
 /// How many the template newdata.mdb has, of G_UserDir, else of G_ProgramDir.
 /// @return nothing if that can't be read, which has been told: an installation without its templates still works
@@ -25,6 +32,15 @@ namespace vasclip::store {
                                                           const QString& path);
 
 /// Appends the fields that older files lack, all or none. Those that are there stay.
-void AppendMissing(engine::Database& database);
+void AppendMissing(engine::Database& database, const QString& table = QStringLiteral("COMPS"));
+
+enum class Appended {
+    Done,
+    Locked, ///< somebody has the file or its table open; told
+};
+/// The same for a file that nobody has open, this program included. What was done is told.
+/// @throws RuntimeError what disk and engine refuse; the file is then as it was
+[[nodiscard]] Appended AppendAlone(const forms::Ports& ports, engine::Engine& engine, const QString& path,
+                                   const QString& table = QStringLiteral("COMPS"));
 
 } // namespace vasclip::store

@@ -63,6 +63,8 @@ std::span<const GuideTopic> GuideTopics()
         {"frm_Manual"_L1, "map.md"_L1},
         {"frm_MapPreview"_L1, "map.md"_L1},
         {"frm_MapData"_L1, "map-data.md"_L1},
+        {"frm_Maintenance"_L1, "maintenance.md"_L1},
+        {"frm_DelDate"_L1, "maintenance.md"_L1},
     };
     // clang-format on
     return kTopics;

@@ -37,6 +37,7 @@ std::span<const TourStep> TourSteps()
         // the map
         {"subject and comps on the map"_L1, Map},
         {"map data"_L1, MapData},
+        {"repairs of the Databook"_L1, Repairs},
         // setting up
         {"grid layouts"_L1, GridLayouts},
         {"settings"_L1, Settings},

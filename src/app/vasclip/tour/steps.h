@@ -70,6 +70,9 @@ bool TrashAndRestore(const Stage& stage);
 bool Map(const Stage& stage);
 bool MapData(const Stage& stage);
 
+// tour/repairs.cpp
+bool Repairs(const Stage& stage);
+
 // tour/settings.cpp
 bool GridLayouts(const Stage& stage);
 bool Settings(const Stage& stage);

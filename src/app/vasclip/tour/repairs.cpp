@@ -1,0 +1,32 @@
+// The steps of the tour that repair the whole Databook.
+
+#include "app/vasclip/tour/steps.h"
+
+#include <QListView>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace vasclip::app {
+
+using namespace Qt::Literals::StringLiterals;
+
+bool Repairs(const Stage& stage)
+{
+    bool listed = false;
+    const bool shown = LookAt(stage, u"Maintenance > Data Correction"_s, u"maintenance-before"_s, [&](QWidget& dialog) {
+        const bool asked = stage.tour.During(
+            u"The question of the recalculation"_s, [&] { Click(dialog, u"cmdRecalc"_s); },
+            [](QWidget& box) {
+                if (auto* question = qobject_cast<QMessageBox*>(&box))
+                    question->button(QMessageBox::Yes)->click();
+            });
+        Settle();
+        auto* list = dialog.findChild<QListView*>(u"lstaccount"_s);
+        listed = asked && list && list->model()->rowCount() > 0;
+        stage.tour.Shoot(dialog, u"maintenance"_s);
+    });
+    stage.tour.Step(u"Recalculated the Databook."_s);
+    return shown && listed;
+}
+
+} // namespace vasclip::app

@@ -1,0 +1,68 @@
+#include "shell/report_home.h"
+#include "store/upgrade.h"
+
+namespace vasclip::shell {
+
+namespace {
+
+/// A start on a Databook that lacks the last fields.
+class UpgradeAtStart : public ReportHome
+{
+protected:
+    const qsizetype whole = store::CompsTable().fields.size();
+
+    void SetUp() override
+    {
+        ReportHome::SetUp();
+        home.disk.Kill(kDatabook);
+        const auto database = engine.CreateDatabase(kDatabook);
+        engine::TableDef old = store::CompsTable();
+        old.fields.removeIf([](const engine::Field& field) { return field.name.startsWith(u"OTHERAREA"_s); });
+        database->CreateTable(old);
+        database->Close();
+        Add(kDatabook, u"COMPS"_s, {{u"CENTRALKEY"_s, u"12 OAK ST"_s.leftJustified(35)}});
+    }
+    [[nodiscard]] qsizetype Count() { return store::FieldCount(engine, kDatabook); }
+};
+
+TEST_F(UpgradeAtStart, YesUpgradesAndTheStartGoesOn)
+{
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Load();
+    EXPECT_TRUE(doubles.prompter.Texts().value(0).startsWith(u"The 'databook' database needs to be updated.  "_s));
+    EXPECT_EQ(doubles.prompter.Texts().value(1), store::kUpdated);
+    EXPECT_EQ(Count(), whole);
+    EXPECT_TRUE(program.sources.datDatabook.Bound());
+    EXPECT_EQ(program.records.grddatabook.RowCount(), 1);
+    const auto record = store::ReadRecord(program.sources.datDatabook, u"12 OAK ST"_s);
+    EXPECT_TRUE(record->Has(u"OTHERAREA2"_s));
+}
+
+TEST_F(UpgradeAtStart, NoStartsOnTheOldTable)
+{
+    doubles.prompter.Answer(forms::Answer::No);
+    Load();
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1U);
+    EXPECT_EQ(Count(), whole - 2);
+    EXPECT_EQ(program.records.grddatabook.RowCount(), 1);
+}
+
+TEST_F(UpgradeAtStart, AHomeForLookingAloneIsNotAsked)
+{
+    options.homeIsReadOnly = true;
+    Load();
+    EXPECT_EQ(Count(), whole - 2);
+    EXPECT_TRUE(doubles.prompter.Texts().filter(u"needs to be updated"_s).isEmpty());
+}
+
+TEST_F(UpgradeAtStart, AReferenceThatCanNotBeReadEndsTheProgram)
+{
+    home.Put(u"C:\\VAS2000\\newdata.mdb"_s, "this is no database");
+    EXPECT_THROW(main.Form_load(options, splash), forms::EndOfProgram);
+    EXPECT_EQ(doubles.prompter.Last().title, u"Error processing databook field count"_s);
+    EXPECT_EQ(Count(), whole - 2);
+}
+
+} // namespace
+
+} // namespace vasclip::shell

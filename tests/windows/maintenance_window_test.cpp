@@ -1,0 +1,226 @@
+#include "shell/menus.h"
+#include "shell/report_home.h"
+#include "upkeep/frm_del_date.h"
+#include "upkeep/frm_maintenance.h"
+#include "windows/guard.h"
+#include "windows/main_window.h"
+#include "windows/screens.h"
+#include "windows/theme.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QSettings>
+#include <QTest>
+
+namespace vasclip::windows {
+
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+/// The main window, and the screen of the repairs over it.
+class MaintenanceWindow : public shell::ReportHome
+{
+protected:
+    EventGuard guard{doubles.prompter, {}};
+    QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
+    Theme theme{*qApp, &settings};
+    std::unique_ptr<MainWindow> main_;
+    ScreenWindow* window = nullptr;
+
+    void SetUp() override
+    {
+        ReportHome::SetUp();
+        {
+            const auto database = engine.OpenDatabase(shell::kDatabook);
+            engine::Transaction all(*database);
+            const auto rows = database->OpenRecordset(u"COMPS"_s, engine::RecordsetType::Table);
+            for (int i = 100; i < 450; ++i) {
+                rows->AddNew();
+                rows->SetValue(u"CENTRALKEY"_s, u"%1 MANY ST"_s.arg(i).leftJustified(35));
+                rows->SetValue(u"ADDRESS"_s, u"%1 Many St"_s.arg(i));
+                rows->SetValue(u"CITY"_s, u"Alder"_s);
+                rows->Update();
+            }
+            rows->Close();
+            all.Commit();
+        }
+        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
+        main_ = std::make_unique<MainWindow>(main.controls, main.drags.Router(), main, guard, theme, settings);
+        main_->resize(1366, 768);
+        main_->show();
+    }
+    void Play(const std::function<void()>& script)
+    {
+        doubles.screens.Play([&](forms::Screen& screen) {
+            ScreenWindow stands(screen, guard);
+            EXPECT_TRUE(stands.Leftovers().isEmpty()) << stands.Leftovers().join(u'\n').toStdString();
+            window = &stands;
+            stands.show();
+            script();
+            window = nullptr;
+        });
+        guard.Run([&] { main.mnuMaintItem.Choose(u"mnuMaintItem"_s, 0); });
+        EXPECT_TRUE(doubles.screens.Shown().contains(u"frm_Maintenance"_s));
+    }
+    template <typename Widget>
+    Widget& The(const QString& name) const
+    {
+        auto* found = window->findChild<Widget*>(name);
+        EXPECT_NE(found, nullptr) << name.toStdString();
+        return *found;
+    }
+    void Press(const QString& name) const { QTest::mouseClick(&The<QPushButton>(name), Qt::LeftButton); }
+    QString Says(const QString& label = u"lblmsg"_s) const { return The<QLabel>(label).text(); }
+    int Lines() const { return The<QListView>(u"lstaccount"_s).model()->rowCount(); }
+    [[nodiscard]] QString Address(const QString& key)
+    {
+        const auto record = store::ReadRecord(program.sources.datDatabook, key);
+        return record ? record->Text(u"ADDRESS"_s) : QString();
+    }
+    [[nodiscard]] QString InGrid(const QString& field) const
+    {
+        return program.records.grddatabook.CurrentText(field).trimmed();
+    }
+};
+
+TEST_F(MaintenanceWindow, ShowsWhatItChangedAndTheGridAnew)
+{
+    const auto& grid = program.records.grddatabook;
+    const QString before = main.shown.Key();
+    ASSERT_FALSE(before.isEmpty());
+    EXPECT_EQ(grid.RowCount(), 351);
+    Play([&] {
+        bool letGo = false;
+        doubles.pump.onTurn = [&] {
+            if (The<QPushButton>(u"cmdStop"_s).isVisible()) {
+                letGo = letGo || grid.Source() == nullptr;
+                EXPECT_FALSE(The<QPushButton>(u"cmdRecalc"_s).isEnabled()) << "one work at a time";
+                EXPECT_TRUE(program.sources.datsql.Bound() == false || grid.Source() != nullptr);
+            }
+        };
+        doubles.prompter.Answer(forms::Answer::Yes);
+        Press(u"cmdCorrectAddress_2"_s);
+        doubles.pump.onTurn = {};
+        EXPECT_TRUE(letGo);
+        EXPECT_EQ(Says(), u"Resetting process Complete"_s);
+        EXPECT_EQ(Lines(), 702);
+        EXPECT_EQ(The<QListView>(u"lstaccount"_s).model()->index(0, 0).data().toString(),
+                  u"12 OAK ST: ADDRESS \"12 Oak St\" → \"12 OAK ST\""_s);
+        EXPECT_FALSE(The<QPushButton>(u"cmdStop"_s).isVisible());
+    });
+    EXPECT_EQ(grid.RowCount(), 351);
+    EXPECT_EQ(main.shown.Key(), before) << "the record on show stays";
+    EXPECT_EQ(InGrid(u"ADDRESS"_s), Address(before)) << "and is shown as it is now";
+    EXPECT_EQ(program.records.lblDatabookADDR.Caption(), Address(before));
+    EXPECT_EQ(Address(u"100 MANY ST"_s), u"100 MANY ST"_s);
+}
+
+TEST_F(MaintenanceWindow, NoLeavesEverythingAndACancelTakesItBack)
+{
+    Play([&] {
+        doubles.prompter.Answer(forms::Answer::No);
+        Press(u"cmdCorrectAddress_2"_s);
+        EXPECT_EQ(Says(), QString());
+        EXPECT_EQ(Address(u"449 MANY ST"_s), u"449 Many St"_s);
+        int turns = 0;
+        doubles.pump.onTurn = [&] {
+            if (The<QPushButton>(u"cmdStop"_s).isVisible() && ++turns == 3)
+                Press(u"cmdStop"_s);
+        };
+        doubles.prompter.Answer(forms::Answer::Yes);
+        Press(u"cmdCorrectAddress_2"_s);
+        doubles.pump.onTurn = {};
+        EXPECT_EQ(turns, 3);
+        EXPECT_EQ(Says(), u"Stopped. Every record is as it was."_s);
+        EXPECT_EQ(Lines(), 0);
+    });
+    EXPECT_EQ(Address(u"12 OAK ST"_s), u"12 Oak St"_s);
+    EXPECT_EQ(Address(u"449 MANY ST"_s), u"449 Many St"_s);
+    EXPECT_EQ(program.records.grddatabook.RowCount(), 351);
+}
+
+TEST_F(MaintenanceWindow, EscapeInTheMiddleStopsAndTheWindowStaysUntilThen)
+{
+    Play([&] {
+        doubles.pump.onTurn = [&] {
+            if (!The<QPushButton>(u"cmdStop"_s).isVisible())
+                return;
+            QTest::keyClick(window, Qt::Key_Escape);
+            EXPECT_TRUE(window->isVisible());
+        };
+        doubles.prompter.Answer(forms::Answer::Yes);
+        Press(u"cmdCorrectAddress_2"_s);
+        doubles.pump.onTurn = {};
+        EXPECT_EQ(Says(), u"Stopped. Every record is as it was."_s);
+        QTest::keyClick(window, Qt::Key_Escape);
+        EXPECT_FALSE(window->isVisible());
+    });
+    EXPECT_EQ(Address(u"12 OAK ST"_s), u"12 Oak St"_s);
+}
+
+TEST_F(MaintenanceWindow, AnotherUsersChangeBetweenTwoRepairsStands)
+{
+    Play([&] {
+        doubles.prompter.Answer(forms::Answer::Yes);
+        Press(u"cmdCorrectAddress_1"_s);
+        {
+            engine::Engine other{home.disk, tests::SomeTime()};
+            const auto database = other.OpenDatabase(shell::kDatabook);
+            database->Execute(u"UPDATE COMPS SET ADDRESS = '12 Oak Street North' WHERE CENTRALKEY = '12 OAK ST'"_s);
+        }
+        doubles.prompter.Answer(forms::Answer::Yes);
+        Press(u"cmdCorrectAddress_2"_s);
+        EXPECT_EQ(Says(), u"Resetting process Complete"_s);
+    });
+    EXPECT_EQ(Address(u"12 OAK ST"_s), u"12 OAK STREET NORTH"_s);
+}
+
+TEST_F(MaintenanceWindow, TheRecordOnShowThatIsDeletedGivesWayToTheNext)
+{
+    Add(shell::kDatabook, u"COMPS"_s,
+        {{u"CENTRALKEY"_s, u"1 OLD ST"_s.leftJustified(35)}, {u"SALEDATE"_s, u"03/07/1999"_s}});
+    guard.Run([&] { main.shown.ShowRecord(u"1 OLD ST"_s); });
+    ASSERT_EQ(main.shown.Key(), u"1 OLD ST"_s);
+    Play([&] {
+        doubles.screens.Play([&](forms::Screen& asks) {
+            ScreenWindow dialog(asks, guard);
+            EXPECT_TRUE(dialog.Leftovers().isEmpty()) << dialog.Leftovers().join(u'\n').toStdString();
+            dialog.show();
+            QTest::keyClicks(dialog.findChild<QLineEdit*>(u"txtDate"_s), u"3/7/1999"_s);
+            QTest::mouseClick(dialog.findChild<QPushButton*>(u"cmdOK"_s), Qt::LeftButton);
+            EXPECT_FALSE(dialog.isVisible());
+        });
+        doubles.prompter.Answer(forms::Answer::Yes);
+        Press(u"cmdDeleteByDate"_s);
+        EXPECT_EQ(Says(), u"Process Complete.  Delete by Sale Date of 3/7/1999."_s);
+    });
+    EXPECT_EQ(program.records.grddatabook.RowCount(), 351);
+    EXPECT_NE(main.shown.Key(), u"1 OLD ST"_s);
+    EXPECT_FALSE(main.shown.Key().isEmpty());
+    EXPECT_TRUE(doubles.prompter.AllAnswered());
+}
+
+TEST_F(MaintenanceWindow, FitsASmallScreenInBothThemes)
+{
+    const QString shots = qEnvironmentVariable("VASCLIP_SHOTS");
+    Play([&] {
+        doubles.prompter.Answer(forms::Answer::Yes);
+        Press(u"cmdRecalc"_s);
+        EXPECT_LE(window->sizeHint().width(), 1366);
+        EXPECT_LE(window->minimumSizeHint().height(), 700) << "with its frame and a task bar";
+        for (const ThemeChoice choice : {ThemeChoice::Light, ThemeChoice::Dark}) {
+            theme.Choose(choice);
+            QApplication::processEvents();
+            const QString name = u"%1/maintenance-%2.png"_s.arg(shots).arg(static_cast<int>(choice));
+            EXPECT_TRUE(shots.isEmpty() || window->grab().save(name));
+        }
+    });
+}
+
+} // namespace
+
+} // namespace vasclip::windows
