@@ -1,0 +1,216 @@
+#include "upkeep/archive_records.h"
+
+#include "common/error_block.h"
+#include "common/paths.h"
+#include "photos/photo_files.h"
+#include "photos/photo_list.h"
+#include "platform/text/dates.h"
+#include "platform/text/runtime_error.h"
+#include "platform/text/text.h"
+#include "store/fields.h"
+#include "store/messages.h"
+#include "store/move_record.h"
+#include "store/record.h"
+
+namespace vasclip::upkeep {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString kFrontView = u"FRONT VIEW"_s;
+const QString kMoveWords = u"Archive %1"_s;
+const QString kNoDate = u"01/01/1900"_s;
+const QString kOverwrite = u"Overwrite %1"_s;
+const QString kStays = u"%1: the archive has a record of this address; both stay"_s;
+const QString kOtherPicture =
+    u"%1: the archive has another picture named %2; the record stays. Give that view of it another picture first"_s;
+
+std::optional<QDate> DayOf(const QString& text, QDate today)
+{
+    const auto date = text::ReadDate(text, today);
+    return date ? std::optional(date->date()) : std::nullopt;
+}
+
+class Archiving
+{
+public:
+    Archiving(const ArchiveWork& work, const ArchiveStep& step)
+        : m_work(work)
+        , m_step(step)
+        , m_archive(work.databook.Engine(), u"datarchive"_s)
+    {}
+    Archived Run();
+
+private:
+    void Take(const QString& key, const store::Record& record);
+    [[nodiscard]] bool IsEqual(const store::Record& ours, const store::Record& theirs) const;
+    [[nodiscard]] QStringList PictureFiles(const store::Record& record) const;
+    [[nodiscard]] bool CopyPictures(const QString& key, const QStringList& stems, bool mayReplace);
+    [[nodiscard]] QMap<QString, QByteArray> FrontPhoto(const store::Record& record) const;
+
+    const ArchiveWork& m_work;
+    const ArchiveStep& m_step;
+    store::DataSource m_archive;
+    store::MoveTarget m_target;
+    Archived m_done;
+};
+
+/// Stems of the record's pictures that are there.
+QStringList Archiving::PictureFiles(const store::Record& record) const
+{
+    QStringList stems;
+    if (!record.Has(fields::PHOTOS))
+        return stems;
+    for (const auto& [view, listed] : photos::ParsePhotos(record.Text(fields::PHOTOS))) {
+        const QString stem = text::Trim(listed);
+        if (!stem.isEmpty() && !stem.contains(u'\\') &&
+            m_work.disk.FileExists(common::CkRSlash(m_work.globals.G_PhotoDir) + stem + u".jpg"_s))
+            stems.append(stem);
+    }
+    return stems;
+}
+
+/// @return false if the archive has another picture of a name
+bool Archiving::CopyPictures(const QString& key, const QStringList& stems, bool mayReplace)
+{
+    const QString directory = ArchivePictures(m_work.file);
+    const files::Disk& disk = m_work.disk;
+    if (!stems.isEmpty() && !disk.DirExists(directory))
+        disk.MkDir(directory.chopped(1));
+    for (const QString& stem : stems) {
+        const QString from = common::CkRSlash(m_work.globals.G_PhotoDir) + stem + u".jpg"_s;
+        const QString into = directory + stem + u".jpg"_s;
+        if (disk.Found(into, files::ReadOnly | files::Hidden)) {
+            if (disk.FileLen(into) == disk.FileLen(from) && disk.ReadWhole(into) == disk.ReadWhole(from))
+                continue;
+            if (!mayReplace) {
+                m_done.left.append(kOtherPicture.arg(key, stem + u".jpg"_s));
+                return false;
+            }
+        }
+        static_cast<void>(disk.FileCopyChecked(from, into, [](qint64) { return true; }));
+    }
+    return true;
+}
+
+QMap<QString, QByteArray> Archiving::FrontPhoto(const store::Record& record) const
+{
+    if (!m_target.fields.contains(fields::FRONTPHOTO))
+        return {};
+    const QString stem = photos::PhotoList(record).StemOf(kFrontView);
+    const QString file = common::CkRSlash(m_work.globals.G_PhotoDir) + stem + u".jpg"_s;
+    if (stem.isEmpty() || !m_work.disk.FileExists(file))
+        return {};
+    return {{fields::FRONTPHOTO, m_work.disk.ReadWhole(file)}};
+}
+
+bool Archiving::IsEqual(const store::Record& ours, const store::Record& theirs) const
+{
+    return std::ranges::all_of(m_target.fields, [&](const QString& field) {
+        return field == fields::FRONTPHOTO || ours.Text(field) == theirs.Text(field);
+    });
+}
+
+void Archiving::Take(const QString& key, const store::Record& record)
+{
+    const auto there = store::ReadRecord(m_archive, key);
+    // What the archive has word for word needs no question: it was put back there from it, or copied.
+    const bool equal = there && IsEqual(record, *there);
+    if (there && !equal && m_work.duplicates == Duplicates::Ask &&
+        !m_work.ports.prompter.YesNo(store::kPlainTitle, kOverwrite.arg(key))) {
+        m_done.left.append(kStays.arg(key));
+        return;
+    }
+    const QStringList stems = PictureFiles(record);
+    const bool own = there && there->Has(fields::PHOTOS) && record.Has(fields::PHOTOS) &&
+                     there->Text(fields::PHOTOS) == record.Text(fields::PHOTOS);
+    if (!CopyPictures(key, stems, own))
+        return;
+    switch (store::MoveRecord(m_work.databook, key, m_target,
+                              there ? store::SameKey::Replace : store::SameKey::Leave, FrontPhoto(record),
+                              kMoveWords)) {
+    case store::Moved::Done:
+        ++m_done.moved;
+        break;
+    case store::Moved::Replaced:
+        ++(equal ? m_done.moved : m_done.overwritten);
+        break;
+    case store::Moved::KeyTaken:
+        m_done.left.append(kStays.arg(key));
+        return;
+    case store::Moved::Gone:
+        return;
+    }
+    m_done.pictures += photos::DeletePhotos(m_work.ports, m_work.disk, m_work.globals.G_PhotoDir, stems);
+}
+
+Archived Archiving::Run()
+{
+    m_archive.Open(m_work.file, m_work.table, store::SourceKind::Table);
+    m_target = {m_work.file, m_work.table, {}};
+    for (const engine::Field& field : m_work.databook.Fields())
+        if (m_archive.FieldIndex(field.name) >= 0)
+            m_target.fields.append(field.name.toUpper());
+    store::Rows rows = store::ReadRows(m_work.databook, u"SELECT %1, %2 FROM [%3]"_s.arg(
+                                                            QString(fields::CENTRALKEY), QString(fields::SALEDATE),
+                                                            m_work.databook.RecordSource()));
+    const qint64 all = rows.Count();
+    m_done.empty = all == 0;
+    const QDate today = m_work.ports.clock.Today();
+    for (qint64 at = 0; at < all; ++at) {
+        if (!m_step(at, all, m_done)) {
+            m_done.stopped = true;
+            break;
+        }
+        const auto row = rows.At(at);
+        const QString key = row ? row->Text(fields::CENTRALKEY) : QString();
+        if (key.isEmpty() || !InRange(row->Text(fields::SALEDATE), m_work.range, today))
+            continue;
+        if (const auto record = store::ReadRecord(m_work.databook, key))
+            Take(key, *record);
+    }
+    return m_done;
+}
+
+} // namespace
+
+bool InRange(const QString& saleDate, const SaleRange& range, QDate today)
+{
+    const auto bound = [&](const QString& text) {
+        return DayOf(text::Trim(text).isEmpty() ? kNoDate : text, today);
+    };
+    const auto day = text::Trim(saleDate).isEmpty() ? std::nullopt : DayOf(saleDate, today);
+    const auto start = bound(range.start);
+    const auto stop = bound(range.stop);
+    return day && start && stop && *start <= *day && *day <= *stop;
+}
+
+QString ArchivePictures(const QString& file)
+{
+    const qsizetype dot = file.lastIndexOf(u'.');
+    return (dot > file.lastIndexOf(u'\\') ? file.left(dot) : file) + u"_JPG\\"_s;
+}
+
+Archived CopyArchiveData(const ArchiveWork& work, const ArchiveStep& step)
+{
+    const common::RoutineScope scope{"copyarchivedata"};
+    return Archiving(work, step).Run();
+}
+
+QString WordsOf(const Archived& done, const QString& file)
+{
+    if (done.empty)
+        return u"The Source Database is empty."_s;
+    QString words = u"%1 records were moved into %2, %3 of them in the place of a record there."_s
+                        .arg(done.moved + done.overwritten)
+                        .arg(file)
+                        .arg(done.overwritten);
+    if (!done.left.isEmpty())
+        words += u" %1 records of these dates stay in the Databook."_s.arg(done.left.size());
+    if (!done.pictures.isEmpty())
+        words += u" %1 pictures are in the archive and could not be deleted here."_s.arg(done.pictures.size());
+    return done.stopped ? u"Stopped. "_s + words : words;
+}
+
+} // namespace vasclip::upkeep
