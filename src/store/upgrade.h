@@ -12,15 +12,17 @@
 
 namespace vasclip::store {
 
+using namespace Qt::StringLiterals;
+
 inline const QString kUpdated =
-    QStringLiteral("The modifications to the database(s) were successful and the data is ready for use.");
+    u"The modifications to the database(s) were successful and the data is ready for use."_s;
 inline const QString kTableInUse =
-    QStringLiteral("The database engine could not lock table 'COMPS' because it is already in use by another person "
-                   "or process. The update cannot continue.");
+    u"The database engine could not lock table 'COMPS' because it is already in use by another person "
+    "or process. The update cannot continue."_s;
 
 /// How many fields a table of a file has. @throws RuntimeError if it can't be read
 [[nodiscard]] qsizetype FieldCount(engine::Engine& engine, const QString& path,
-                                   const QString& table = QStringLiteral("COMPS"));
+                                   const QString& table = u"COMPS"_s);
 
 /// How many the template newdata.mdb has, of G_UserDir, else of G_ProgramDir.
 /// @return nothing if that can't be read, which has been told: an installation without its templates still works
@@ -32,7 +34,7 @@ inline const QString kTableInUse =
                                                           const QString& path);
 
 /// Appends the fields that older files lack, all or none. Those that are there stay.
-void AppendMissing(engine::Database& database, const QString& table = QStringLiteral("COMPS"));
+void AppendMissing(engine::Database& database, const QString& table = u"COMPS"_s);
 
 enum class Appended {
     Done,
@@ -41,6 +43,6 @@ enum class Appended {
 /// The same for a file that nobody has open, this program included. What was done is told.
 /// @throws RuntimeError what disk and engine refuse; the file is then as it was
 [[nodiscard]] Appended AppendAlone(const forms::Ports& ports, engine::Engine& engine, const QString& path,
-                                   const QString& table = QStringLiteral("COMPS"));
+                                   const QString& table = u"COMPS"_s);
 
 } // namespace vasclip::store

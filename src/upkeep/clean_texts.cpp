@@ -94,7 +94,7 @@ void CorrectAddress(RowEdit& row, AddressFrom from, int addressCase)
 {
     if (row.Key().isEmpty()) {
         row.Remark(maintenance::kKeyless);
-        row.Delete();
+        row.Remove();
         return;
     }
     const auto inCase = [&](const QString& held) {

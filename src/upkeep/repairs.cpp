@@ -127,7 +127,7 @@ std::function<void(RowEdit&)> RepairWalk::Rule()
         const QString field = m_repair == Repair::DeleteBySale ? fields::SALEDATE : fields::LOADDATE;
         return [this, field](RowEdit& row) {
             if (TestRec(row.Text(field), m_deletion, m_today))
-                row.Delete();
+                row.Remove();
         };
     }
     }

@@ -22,7 +22,7 @@ public:
     /// Nothing for a field that the table lacks; what is longer than the field is cut.
     void Set(const QString& field, const QString& text);
     /// The record and its pictures' stems go with the walk.
-    void Delete() { m_delete = true; }
+    void Remove() { m_delete = true; }
     void Remark(const QString& words) { m_account.Remark(Key(), words); }
 
 private:

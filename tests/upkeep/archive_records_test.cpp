@@ -1,12 +1,6 @@
-#include "upkeep/archive_records.h"
+#include "upkeep/archive_home.h"
 
 #include "store/change.h"
-#include "support/databook_home.h"
-
-#include <csignal>
-#include <random>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace vasclip::upkeep {
 
@@ -14,64 +8,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-class Archive : public tests::DatabookHome
-{
-protected:
-    store::DataSource source{engine, u"datDatabook"_s};
-    common::Globals globals;
-    const QString archive = u"C:\\ARCHIVE\\OLD.MDB"_s;
-    const QString pictures = u"C:\\ARCHIVE\\OLD_JPG\\"_s;
-    SaleRange range{u"01/01/1990"_s, u"12/31/1999"_s};
-    Duplicates duplicates = Duplicates::Overwrite;
-
-    void SetUp() override
-    {
-        DatabookHome::SetUp();
-        globals.G_PhotoDir = u"C:\\JPG\\"_s;
-        disk.MkDir(u"C:\\JPG"_s);
-        disk.MkDir(u"C:\\ARCHIVE"_s);
-        store::MakeDatabase(engine, archive);
-    }
-    void Comp(const QString& name, const QString& sale, const QString& stem = {}, const QString& notes = {})
-    {
-        Values values{{key, name.leftJustified(35)}, {u"SALEDATE"_s, sale}, {u"NOTES"_s, notes}};
-        if (!stem.isEmpty()) {
-            values.append({u"PHOTOS"_s, u"FRONT VIEW|%1\r\nREAR VIEW|%1R\r\n"_s.arg(stem)});
-            disk.WriteWhole(u"C:\\JPG\\%1.jpg"_s.arg(stem), QByteArray("front of ") + name.toLatin1());
-            disk.WriteWhole(u"C:\\JPG\\%1R.jpg"_s.arg(stem), QByteArray("rear of ") + name.toLatin1());
-        }
-        AddRow(values);
-    }
-    void InArchive(const QString& name, const QString& notes)
-    {
-        const auto database = engine.OpenDatabase(archive);
-        const auto rows = database->OpenRecordset(table, engine::RecordsetType::Table);
-        rows->AddNew();
-        rows->SetValue(key, name.leftJustified(35));
-        rows->SetValue(u"NOTES"_s, notes);
-        rows->Update();
-    }
-    [[nodiscard]] ArchiveWork Work()
-    {
-        return {ports, source, globals, disk, archive, table, range, duplicates};
-    }
-    Archived Run(const ArchiveStep& step = [](qint64, qint64, const Archived&) { return true; })
-    {
-        Bind(source);
-        return CopyArchiveData(Work(), step);
-    }
-    /// NOTES by key.
-    [[nodiscard]] QMap<QString, QString> In(const QString& file)
-    {
-        QMap<QString, QString> notes;
-        const auto rows = engine.OpenDatabase(file)->OpenRecordset(table, engine::RecordsetType::Table);
-        for (; !rows->Eof(); rows->MoveNext())
-            notes.insert(rows->Value(key).toString().trimmed(), rows->Value(u"NOTES"_s).toString().trimmed());
-        return notes;
-    }
-    [[nodiscard]] QStringList Here() { return In(path).keys(); }
-    [[nodiscard]] QStringList There() { return In(archive).keys(); }
-};
+class Archive : public ArchiveHome
+{};
 
 TEST_F(Archive, MovesTheRecordsOfTheDatesWithBothDaysIncluded)
 {
@@ -244,71 +182,6 @@ TEST_F(Archive, TheWatcherHearsOfEachRecordThatGoes)
     source.Watch([&](const store::Step& step) { heard.append(step.words); });
     (void)CopyArchiveData(Work(), [](qint64, qint64, const Archived&) { return true; });
     EXPECT_EQ(heard, QStringList{u"Archive 1 A ST"_s});
-}
-
-/// Kills a process that archives, at any moment.
-TEST_F(Archive, AKillLeavesEachRecordInOneOfTheTwoFilesWithItsPictures)
-{
-    constexpr int kComps = 8;
-    QStringList all;
-    for (int i = 10; i < 10 + kComps; ++i) {
-        all.append(u"%1 A ST"_s.arg(i));
-        Comp(all.last(), u"05/05/1995"_s, u"P%1"_s.arg(i));
-    }
-    const QByteArray databook = disk.ReadWhole(path);
-    const QByteArray empty = disk.ReadWhole(archive);
-    std::mt19937 random{20040307};
-    int half = 0;
-    useconds_t usual = 60000;
-    for (int run = 0; run < 12; ++run) {
-        disk.WriteWhole(path, databook);
-        disk.WriteWhole(archive, empty);
-        for (const QString& name : all)
-            for (const QString& end : {QString(), u"R"_s}) {
-                const QString picture = u"P%1%2.jpg"_s.arg(name.left(2), end);
-                disk.WriteWhole(u"C:\\JPG\\"_s + picture, end.isEmpty() ? "front" : "rear");
-                if (disk.FileExists(pictures + picture))
-                    disk.Kill(pictures + picture);
-            }
-        const pid_t child = fork();
-        ASSERT_GE(child, 0);
-        if (child == 0) {
-            try {
-                engine::Engine own{disk, tests::SomeTime()};
-                store::DataSource theirs{own, u"datDatabook"_s};
-                theirs.Open(path, table, store::SourceKind::Table);
-                (void)CopyArchiveData({ports, theirs, globals, disk, archive, table, range, duplicates},
-                                      [](qint64, qint64, const Archived&) { return true; });
-            } catch (...) {
-                _exit(1);
-            }
-            _exit(0);
-        }
-        usleep(usual * static_cast<useconds_t>(10 + random() % 100) / 100);
-        kill(child, SIGKILL);
-        int status = 0;
-        waitpid(child, &status, 0);
-        usual = WIFEXITED(status) ? usual * 3 / 4 + 1 : usual * 8 / 7 + 1;
-        const QStringList here = Here();
-        const QStringList there = There();
-        half += !here.isEmpty() && !there.isEmpty();
-        QStringList both = here + there;
-        both.sort();
-        EXPECT_EQ(both, all) << "each in one of them, in run " << run;
-        for (const QString& name : all)
-            for (const QString& end : {QString(), u"R"_s}) {
-                const QString picture = u"P%1%2.jpg"_s.arg(name.left(2), end);
-                EXPECT_TRUE(disk.FileExists((here.contains(name) ? u"C:\\JPG\\"_s : pictures) + picture))
-                    << name.toStdString() << " without " << picture.toStdString() << " in run " << run;
-            }
-        // Whoever runs it again ends it, without a question.
-        duplicates = Duplicates::Ask;
-        (void)Run();
-        source.Close();
-        EXPECT_TRUE(Here().isEmpty());
-        EXPECT_EQ(There(), all);
-    }
-    EXPECT_GT(half, 2) << "no kill came in the middle";
 }
 
 } // namespace

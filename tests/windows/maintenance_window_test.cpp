@@ -107,7 +107,7 @@ TEST_F(MaintenanceWindow, ShowsWhatItChangedAndTheGridAnew)
         doubles.pump.onTurn = {};
         EXPECT_TRUE(letGo);
         EXPECT_EQ(Says(), u"Resetting process Complete"_s);
-        EXPECT_EQ(Lines(), 702);
+        EXPECT_EQ(Lines(), 701);
         EXPECT_EQ(The<QListView>(u"lstaccount"_s).model()->index(0, 0).data().toString(),
                   u"12 OAK ST: ADDRESS \"12 Oak St\" → \"12 OAK ST\""_s);
         EXPECT_FALSE(The<QPushButton>(u"cmdStop"_s).isVisible());

@@ -15,7 +15,7 @@ bool Repairs(const Stage& stage)
     bool listed = false;
     const bool shown = LookAt(stage, u"Maintenance > Data Correction"_s, u"maintenance-before"_s, [&](QWidget& dialog) {
         const bool asked = stage.tour.During(
-            u"The question of the recalculation"_s, [&] { Click(dialog, u"cmdRecalc"_s); },
+            u"The question of the recalculation"_s, [&] { dialog.findChild<QPushButton*>(u"cmdRecalc"_s)->click(); },
             [](QWidget& box) {
                 if (auto* question = qobject_cast<QMessageBox*>(&box))
                     question->button(QMessageBox::Yes)->click();
