@@ -1,0 +1,67 @@
+#include "upkeep/tables.h"
+
+#include "platform/text/runtime_error.h"
+#include "platform/text/text.h"
+#include "store/messages.h"
+#include "store/record.h"
+#include "store/store.h"
+
+#include <algorithm>
+
+namespace vasclip::upkeep {
+
+using namespace Qt::StringLiterals;
+
+QStringList TablesOf(engine::Engine& engine, const QString& file)
+{
+    const auto database = engine.OpenDatabase(file, engine::OpenMode::ReadOnly);
+    QStringList tables = database->TableNames();
+    database->Close();
+    tables.removeIf([](const QString& name) {
+        const QString folded = text::Folded(name);
+        return folded.isEmpty() || folded.startsWith("MSYS"_L1);
+    });
+    return tables;
+}
+
+QString ListTheTables(engine::Engine& engine, const QString& file, forms::ListBox& list, const QString& selected)
+{
+    QStringList tables;
+    QString why;
+    if (engine.Disk().Found(file, files::ReadOnly | files::Hidden)) {
+        try {
+            tables = TablesOf(engine, file);
+        } catch (const RuntimeError& failure) {
+            why = failure.Description();
+        }
+    }
+    list.SetItems(tables);
+    if (!tables.isEmpty())
+        list.SetListIndex(std::max(list.IndexOf(selected), 0));
+    return why;
+}
+
+qint64 CountOf(engine::Engine& engine, const QString& file, const QString& table)
+{
+    const auto database = engine.OpenDatabase(file, engine::OpenMode::ReadOnly);
+    const qint64 count = store::CountRows(*database, table);
+    database->Close();
+    return count;
+}
+
+void DeleteTable(engine::Engine& engine, const QString& file, const QString& table)
+{
+    store::DropTheTable(engine, file, table);
+}
+
+void AddKeyIndex(engine::Engine& engine, const QString& file, const QString& table)
+{
+    const auto database = engine.OpenDatabase(file);
+    const engine::TableDef definition = database->Table(table);
+    database->Close();
+    const auto named = [](const auto& one) { return one.name.compare(store::kKeyIndex, Qt::CaseInsensitive) == 0; };
+    if (std::ranges::none_of(definition.indexes, named) && std::ranges::any_of(definition.fields, named))
+        store::CreateIndex(engine, file, table);
+}
+
+} // namespace vasclip::upkeep

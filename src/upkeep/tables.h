@@ -1,0 +1,27 @@
+#pragma once
+
+#include "forms/controls.h"
+#include "platform/engine/database.h"
+
+namespace vasclip::upkeep {
+
+/// The tables of a database file that are not the system's own. The file is open for reading only meanwhile.
+/// @throws RuntimeError of the engine
+[[nodiscard]] QStringList TablesOf(engine::Engine& engine, const QString& file);
+
+/// Fills a list with the tables of a file and selects the one of this name, else the first; a file that is not
+/// there has none. @return why it can't be read, "" if it can
+QString ListTheTables(engine::Engine& engine, const QString& file, forms::ListBox& list,
+                      const QString& selected = {});
+
+/// Records of a table of a file. @throws RuntimeError of the engine
+[[nodiscard]] qint64 CountOf(engine::Engine& engine, const QString& file, const QString& table);
+
+/// Runs "DROP TABLE " on the file. @throws RuntimeError 3376 if there is none, 3211 if it is in use
+void DeleteTable(engine::Engine& engine, const QString& file, const QString& table);
+
+/// Adds the primary index Centralkey to a table that lacks it and has the field.
+/// @throws RuntimeError 3022 where two records have one key
+void AddKeyIndex(engine::Engine& engine, const QString& file, const QString& table);
+
+} // namespace vasclip::upkeep

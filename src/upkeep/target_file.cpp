@@ -1,0 +1,93 @@
+#include "upkeep/target_file.h"
+
+#include "common/paths.h"
+#include "platform/text/text.h"
+#include "store/schema.h"
+#include "upkeep/file_names.h"
+
+#include <algorithm>
+
+namespace vasclip::upkeep {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kTitle = u"User not allowed to %1"_s;
+const QString kProtected = u"You cannot %1 default (protected) installed database: %2 "_s;
+const QString kDatabaseTitle = u"User not allowed to %1 database"_s;
+const QString kOpen = u"You cannot %1 currently open database (%2)!"_s;
+const QString kLocked = u"The selected database is LOCKED (by you or another user). Make sure all users are not "
+                        u"currenlty connected to %2 before attempting to %1 this database file!"_s;
+const QString kTemplate = u"NEWDATA.MDB"_s;
+
+} // namespace
+
+QString StemOf(const QString& fileName)
+{
+    const QString name = fileName.mid(fileName.lastIndexOf(u'\\') + 1);
+    return name.left(name.indexOf(u'.'));
+}
+
+QString LockFileOf(const QString& path)
+{
+    const qsizetype dot = path.lastIndexOf(u'.');
+    return (dot > path.lastIndexOf(u'\\') ? path.left(dot) : path) + u".LDB"_s;
+}
+
+bool IsLocked(engine::Engine& engine, const QString& path)
+{
+    if (!engine.Disk().Found(LockFileOf(path), files::ReadOnly | files::Hidden))
+        return false;
+    const QList<engine::User> users = engine.Users(path);
+    return users.isEmpty() || std::ranges::any_of(users, &engine::User::alive);
+}
+
+bool RefusesLocked(forms::Prompter& prompter, engine::Engine& engine, const FileVerb& verb, const QString& path)
+{
+    if (!IsLocked(engine, path))
+        return false;
+    prompter.Box(kDatabaseTitle.arg(verb.verb), kLocked.arg(verb.what, path));
+    return true;
+}
+
+bool RefusesTarget(forms::Prompter& prompter, engine::Engine& engine, const FileVerb& verb, const QString& path,
+                   const QString& databook)
+{
+    if (const QString stem = StemOf(path); IsProtectedDatabase(stem)) {
+        prompter.Box(kTitle.arg(verb.verb) + verb.titleTail, kProtected.arg(verb.what, stem));
+        return true;
+    }
+    if (text::Folded(path) == text::Folded(databook)) {
+        prompter.Box(kDatabaseTitle.arg(verb.verb), kOpen.arg(verb.what, databook));
+        return true;
+    }
+    return RefusesLocked(prompter, engine, verb, path);
+}
+
+void CopyFromNewData(engine::Engine& engine, const QStringList& templates, const QString& target)
+{
+    const files::Disk& disk = engine.Disk();
+    if (disk.Found(target, files::ReadOnly | files::Hidden))
+        return;
+    for (const QString& directory : templates) {
+        if (const QString given = common::CkRSlash(directory) + kTemplate; disk.FileExists(given)) {
+            engine.CopyDatabase(given, target);
+            return;
+        }
+    }
+    store::MakeDatabase(engine, target);
+}
+
+void CloseDatabasemdb(store::DataSource& source)
+{
+    source.Close();
+}
+
+void Copy2Export(engine::Engine& engine, const QString& dataDir)
+{
+    const QString directory = common::CkRSlash(dataDir);
+    engine.CopyDatabase(directory + u"DATABOOK.MDB"_s, directory + u"EXPORT\\TEMPDATA.MDB"_s);
+}
+
+} // namespace vasclip::upkeep

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "forms/ports.h"
+#include "platform/engine/database.h"
+#include "store/data_source.h"
+
+namespace vasclip::upkeep {
+
+/// What is about to be done to a database file, as the refusals word it.
+struct FileVerb
+{
+    QLatin1StringView verb;      ///< of the titles
+    QLatin1StringView what;      ///< of the texts: "You cannot " what " currently open database"
+    QLatin1StringView titleTail; ///< behind the title where the name is protected
+};
+inline constexpr FileVerb kExportTo{QLatin1StringView("export"), QLatin1StringView("export to"), {}};
+inline constexpr FileVerb kArchiveTo{QLatin1StringView("archive"), QLatin1StringView("archive to"), {}};
+inline constexpr FileVerb kDelete{QLatin1StringView("delete"), QLatin1StringView("delete"),
+                                  QLatin1StringView(" database")};
+
+/// The name before its first dot, without a directory.
+[[nodiscard]] QString StemOf(const QString& fileName);
+/// The lock companion of a database file: its name with .LDB in place of the extension.
+[[nodiscard]] QString LockFileOf(const QString& path);
+
+/// Boxes what forbids it: a protected name, the open Databook, a file that is locked.
+/// @param path      of the target; its name gives the protected stem
+/// @param databook  that is open
+/// @return true if it was refused
+[[nodiscard]] bool RefusesTarget(forms::Prompter& prompter, engine::Engine& engine, const FileVerb& verb,
+                                 const QString& path, const QString& databook);
+/// The last of the three alone, for the moment before the file is touched.
+[[nodiscard]] bool RefusesLocked(forms::Prompter& prompter, engine::Engine& engine, const FileVerb& verb,
+                                 const QString& path);
+/// Does somebody have the file open? A companion that only processes of the past have left does not count.
+[[nodiscard]] bool IsLocked(engine::Engine& engine, const QString& path);
+
+/// Makes the target from the empty database, if it is not there yet.
+/// @param templates  where NEWDATA.MDB is looked for, in this order; without one an empty database is made
+/// @throws RuntimeError of disk and engine
+void CopyFromNewData(engine::Engine& engine, const QStringList& templates, const QString& target);
+
+/// Lets go of the file that a source shows, so that it can be moved or deleted.
+void CloseDatabasemdb(store::DataSource& source);
+
+/// Copies DATABOOK.MDB of the data directory to EXPORT\TEMPDATA.MDB below it. @throws RuntimeError
+void Copy2Export(engine::Engine& engine, const QString& dataDir);
+
+} // namespace vasclip::upkeep
