@@ -11,16 +11,11 @@ namespace vasclip::photos {
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
-/// Without what would lead out of the directory or stand for several files.
 bool IsPlainStem(const QString& stem)
 {
     return std::none_of(stem.cbegin(), stem.cend(),
                         [](QChar letter) { return u"*?\\/:"_s.contains(letter); });
 }
-
-} // namespace
 
 bool DelPict(const forms::Ports& ports, const files::Disk& disk, const QString& path, Quiet quiet,
              QString& prompt)

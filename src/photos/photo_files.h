@@ -30,6 +30,9 @@ enum class Deletion {
 [[nodiscard]] Deletion DelPointed(const forms::Ports& ports, const files::Disk& disk, const PointedFile& pointed,
                                   const QString& question, QString& why);
 
+/// A stem that names one file in the photo directory: it reaches no other directory and no more than one.
+[[nodiscard]] bool IsPlainStem(const QString& stem);
+
 /// Deletes the stored files of a record, quietly.
 /// @param stems  of its PHOTOS field, without directory and extension; what could reach a file outside
 ///               `photoDir`, or more than one, is left alone

@@ -31,6 +31,7 @@ public:
     Transaction& operator=(const Transaction&) = delete;
 
     void Heard(const Step& step); ///< what a watcher is to hear of
+    [[nodiscard]] bool IsHeard() const { return static_cast<bool>(m_watcher->watch); } ///< is there one?
     /// @throws what the watcher throws, and as Database::CommitTrans
     void Commit();
 

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+namespace vasclip::upkeep {
+
+/// What a SELECT of the grid narrows and sorts by: the text behind its WHERE, ORDER BY and all; else "ORDER BY ...";
+/// "" for all records as they come.
+[[nodiscard]] QString SearchTextOf(const QString& select);
+/// Does the text narrow? One that begins with "ORDER BY" does not.
+[[nodiscard]] bool Narrows(const QString& search);
+
+/// The statement that makes a table of those records of another file that a search finds.
+/// @param search  as SearchTextOf has it; one that is only a sort finds all
+[[nodiscard]] QString ExportStatement(const QString& target, const QString& table, const QString& databook,
+                                      const QString& sourceTable, const QString& search);
+
+} // namespace vasclip::upkeep

@@ -1,0 +1,230 @@
+#include "upkeep/export_table.h"
+
+#include "platform/engine/new_file.h"
+#include "platform/engine/process.h"
+#include "platform/text/runtime_error.h"
+#include "platform/text/text.h"
+#include "store/bulk_rows.h"
+#include "store/fields.h"
+#include "store/messages.h"
+#include "store/record.h"
+#include "store/store.h"
+#include "upkeep/export_statement.h"
+#include "upkeep/insert_images.h"
+#include "upkeep/tables.h"
+#include "upkeep/target_file.h"
+
+#include <algorithm>
+
+namespace vasclip::upkeep {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Records that are copied between two turns of the queue, and those that one statement can name.
+constexpr qint64 kSlice = 4000;
+constexpr qint64 kNamed = 500;
+const QString kCopying = u"Copying record %1 of %2"_s;
+const QString kNewMark = u".new"_s;
+
+/// Files that exports which were killed have left beside a target.
+void SweepLeftovers(const files::Disk& disk, const QString& target)
+{
+    const QString directory = target.left(target.lastIndexOf(u'\\') + 1);
+    for (const QString& name : disk.Dir(target + kNewMark + u'*', files::ReadOnly)) {
+        const QString mark = name.mid(name.lastIndexOf(kNewMark) + kNewMark.size());
+        bool number = false;
+        const qint64 process = mark.section(u'-', 0, 0).toLongLong(&number);
+        if (!number || (process != engine::OwnProcess() && engine::IsAlive(process, {})))
+            continue;
+        try {
+            disk.Kill(directory + name);
+        } catch (const RuntimeError&) {
+            // The next export meets it again.
+        }
+    }
+}
+
+QString InList(const QStringList& keys)
+{
+    QStringList quoted;
+    quoted.reserve(keys.size());
+    for (const QString& key : keys)
+        quoted.append(u'\'' + QString(key).replace(u'\'', u"''"_s) + u'\'');
+    return quoted.join(u',');
+}
+
+/// The ORDER BY of a search, with a blank before it; "" without one.
+QString SortOf(const QString& search)
+{
+    const qsizetype at = search.lastIndexOf(u"ORDER BY "_s, -1, Qt::CaseInsensitive);
+    return at > 0 && search.mid(at).count(u'\'') == 0 ? u' ' + search.mid(at) : QString();
+}
+
+class Copy
+{
+public:
+    Copy(const TransferDesk& desk, const ExportOrder& order, const QString& working, const WorkStep& step)
+        : m_desk(desk)
+        , m_order(order)
+        , m_working(working)
+        , m_step(step)
+    {}
+
+    /// @return the rows, nothing after a stop
+    std::optional<qint64> Run()
+    {
+        const auto target = m_desk.Engine().OpenDatabase(m_working);
+        const std::shared_ptr<void> closed(nullptr, [&](void*) { target->Close(); });
+        DropOld(*target);
+        QStringList keys;
+        if (Sliced())
+            keys = Keys();
+        if (keys.size() <= kSlice)
+            return store::CopyRows(*target, {Statement(m_order.search)});
+        return Slices(*target, keys);
+    }
+
+private:
+    [[nodiscard]] QString Statement(const QString& search) const
+    {
+        return ExportStatement(m_working, m_order.table, m_desk.Databook(), m_desk.globals.G_Table, search);
+    }
+
+    void DropOld(engine::Database& target) const
+    {
+        if (target.TableNames().contains(m_order.table, Qt::CaseInsensitive))
+            store::DropTheTable(m_desk.Engine(), m_working, m_order.table);
+    }
+
+    /// Slices go by the key, which needs an index to be found quickly.
+    [[nodiscard]] bool Sliced() const
+    {
+        const engine::TableDef table = m_desk.databook.Database().Table(m_desk.globals.G_Table);
+        return std::ranges::any_of(table.indexes, [](const engine::IndexDef& index) {
+            return index.primary && index.fields.size() == 1 &&
+                   index.fields.first().compare(fields::CENTRALKEY, Qt::CaseInsensitive) == 0;
+        });
+    }
+
+    [[nodiscard]] QStringList Keys() const
+    {
+        const QString found = u"SELECT "_s + fields::CENTRALKEY + u" FROM ["_s + m_desk.globals.G_Table + u']' +
+                              (Narrows(m_order.search) ? u" WHERE "_s + m_order.search : QString());
+        const store::Rows rows = store::ReadRows(m_desk.databook, found);
+        if (rows.Count() <= kSlice)
+            return {};
+        QStringList keys;
+        keys.reserve(rows.Count());
+        for (qint64 at = 0; at < rows.Count(); ++at)
+            if (const auto record = rows.At(at))
+                keys.append(record->Value(fields::CENTRALKEY).toString());
+        return keys;
+    }
+
+    /// Of some records, by name: the first makes the table, the others add to it.
+    [[nodiscard]] QString StatementOf(const QStringList& keys, const QString& sort, bool makes) const
+    {
+        const QString statement = Statement(fields::CENTRALKEY + u" IN ("_s + InList(keys) + u')' + sort);
+        return makes ? statement
+                     : u"INSERT INTO ["_s + m_order.table + u"] SELECT *"_s + statement.mid(statement.indexOf(u" FROM ["_s));
+    }
+
+    std::optional<qint64> Slices(engine::Database& target, const QStringList& keys)
+    {
+        const QString sort = Narrows(m_order.search) ? SortOf(m_order.search) : QString();
+        qint64 stored = 0;
+        for (qsizetype at = 0; at < keys.size(); at += kSlice) {
+            if (!m_step(at, keys.size(), kCopying.arg(at + 1).arg(keys.size())))
+                return std::nullopt;
+            QStringList statements;
+            for (qsizetype from = at; from < std::min<qsizetype>(at + kSlice, keys.size()); from += kNamed)
+                statements.append(StatementOf(keys.mid(from, std::min(kNamed, at + kSlice - from)), sort, from == 0));
+            stored += store::CopyRows(target, statements);
+        }
+        return stored;
+    }
+
+    const TransferDesk& m_desk;
+    const ExportOrder& m_order;
+    QString m_working;
+    const WorkStep& m_step;
+};
+
+/// Another file could take the place of one that is write-protected.
+void NeedWritable(const files::Disk& disk, const QString& target)
+{
+    if (disk.Found(target, files::ReadOnly | files::Hidden) && (disk.GetAttr(target) & files::ReadOnly) != 0)
+        throw RuntimeError(error::kPathFileAccess,
+                           u"The file %1 is write-protected. Choose another name, or take the protection off it"_s.arg(
+                               target));
+}
+
+/// The file that is worked on: the target's copy, or an empty database.
+void MakeWorking(const TransferDesk& desk, const QString& target, const QString& working)
+{
+    desk.Disk().Kill(working); // made empty; a database is made where nothing is
+    if (desk.Disk().Found(target, files::ReadOnly | files::Hidden))
+        desk.Engine().CopyDatabase(target, working);
+    else
+        CopyFromNewData(desk.Engine(), desk.Templates(), working);
+}
+
+} // namespace
+
+ExportResult ExportTable(const TransferDesk& desk, const ExportOrder& order, const WorkStep& step)
+{
+    ExportResult result;
+    result.file = order.target;
+    result.table = order.table;
+    const files::Disk& disk = desk.Disk();
+    NeedWritable(disk, order.target);
+    SweepLeftovers(disk, order.target);
+    engine::NewFile file(disk.ToNative(order.target), order.target);
+    const QString name = file.Path().mid(file.Path().lastIndexOf(u'/') + 1);
+    const QString working = order.target.left(order.target.lastIndexOf(u'\\') + 1) + name;
+    MakeWorking(desk, order.target, working);
+    const std::optional<qint64> records = Copy(desk, order, working, step).Run();
+    result.stopped = !records;
+    if (result.stopped)
+        return result;
+    result.records = *records;
+    AddKeyIndex(desk.Engine(), working, order.table);
+    if (order.pictures) {
+        const InsertedImages images = InsertImages(desk, working, order.table, step);
+        result.pictures = images.in;
+        result.without = images.without;
+        result.notIn = images.notIn;
+        result.stopped = images.stopped;
+    }
+    // Somebody may have opened the target meanwhile; to take its place would lose what he stores.
+    if (result.stopped || RefusesLocked(desk.ports.prompter, desk.Engine(), kExportTo, order.target))
+        return result;
+    file.Finish();
+    result.written = true;
+    return result;
+}
+
+QString WordsOf(const ExportResult& result)
+{
+    if (result.stopped)
+        return u"Canceled: %1 is as it was."_s.arg(result.file);
+    if (!result.written)
+        return u"Nothing was exported: %1 is as it was."_s.arg(result.file);
+    QString words = u"%1 to table %2 of %3."_s.arg(result.records == 1 ? u"1 record was exported"_s
+                                                                       : u"%1 records were exported"_s.arg(result.records),
+                                                   result.table, result.file);
+    if (result.pictures + result.without + result.notIn.size() == 0)
+        return words;
+    words += result.pictures == 1 ? u" 1 picture is inside."_s : u" %1 pictures are inside."_s.arg(result.pictures);
+    if (result.without > 0)
+        words += u" %1 without a front view."_s.arg(result.without == 1 ? u"1 record is"_s
+                                                                        : u"%1 records are"_s.arg(result.without));
+    if (!result.notIn.isEmpty())
+        words += result.notIn.size() == 1 ? u" 1 picture could not be read."_s
+                                          : u" %1 pictures could not be read."_s.arg(result.notIn.size());
+    return words;
+}
+
+} // namespace vasclip::upkeep

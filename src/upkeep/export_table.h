@@ -1,0 +1,35 @@
+#pragma once
+
+#include "upkeep/transfer_desk.h"
+
+namespace vasclip::upkeep {
+
+/// What is copied out of the Databook, and where to.
+struct ExportOrder
+{
+    QString target; ///< drive path of the database file
+    QString table;  ///< in it, trimmed and in capitals
+    QString search; ///< as SearchTextOf has it; "" for all records
+    bool pictures = false;
+};
+
+struct ExportResult
+{
+    bool written = false; ///< false: the target is as it was
+    bool stopped = false;
+    QString file, table;
+    qint64 records = 0;
+    int pictures = 0;  ///< that are inside
+    int without = 0;   ///< records that have no front view
+    QStringList notIn; ///< "KEY: why" of each picture that could not be read
+};
+
+/// Copies the records of a search into a table of another database, in place of one of that name. All of it is done in
+/// a file beside the target, which takes the target's place in one step; what ends the work before leaves no trace.
+/// @return not written after a refusal (told) or a stop. @throws RuntimeError of disk and engine
+ExportResult ExportTable(const TransferDesk& desk, const ExportOrder& order, const WorkStep& step);
+
+/// The end message: how many records, how many pictures, and which are not inside.
+[[nodiscard]] QString WordsOf(const ExportResult& result);
+
+} // namespace vasclip::upkeep
