@@ -3,6 +3,7 @@
 #include "drops/slot_menus.h"
 #include "link/messages.h"
 #include "shell/city_screens.h"
+#include "shell/data_exchange.h"
 #include "shell/frm_main.h"
 #include "shell/help.h"
 #include "shell/maintenance.h"
@@ -147,7 +148,7 @@ constexpr Row kRefresh[] = {
 
 constexpr Row kDatabase[] = {
     {0, "Import Data"_L1},
-    {1, "Export Data"_L1},
+    {1, "Export Data"_L1, [](frm_Main& m) { ShowExport(m.program); }},
     {2, "Archive Data"_L1},
     {3, kSeparator},
     {4, "Change Current Database"_L1, [](frm_Main& m) { m.databookInUse.ChangeDatabase(); }, "Ctrl+D"_L1},

@@ -175,9 +175,7 @@ void MakeWorking(const TransferDesk& desk, const QString& target, const QString&
 
 ExportResult ExportTable(const TransferDesk& desk, const ExportOrder& order, const WorkStep& step)
 {
-    ExportResult result;
-    result.file = order.target;
-    result.table = order.table;
+    ExportResult result{.file = order.target, .table = order.table};
     const files::Disk& disk = desk.Disk();
     NeedWritable(disk, order.target);
     SweepLeftovers(disk, order.target);

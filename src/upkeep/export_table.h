@@ -17,11 +17,11 @@ struct ExportResult
 {
     bool written = false; ///< false: the target is as it was
     bool stopped = false;
-    QString file, table;
+    QString file = {}, table = {};
     qint64 records = 0;
     int pictures = 0;  ///< that are inside
     int without = 0;   ///< records that have no front view
-    QStringList notIn; ///< "KEY: why" of each picture that could not be read
+    QStringList notIn = {}; ///< "KEY: why" of each picture that could not be read
 };
 
 /// Copies the records of a search into a table of another database, in place of one of that name. All of it is done in

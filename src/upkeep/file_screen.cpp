@@ -1,0 +1,256 @@
+#include "upkeep/file_screen.h"
+
+#include "common/paths.h"
+#include "link/reporter.h"
+#include "platform/text/runtime_error.h"
+#include "platform/text/text.h"
+#include "upkeep/file_names.h"
+#include "upkeep/tables.h"
+#include "upkeep/target_file.h"
+
+#include <QScopeGuard>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+namespace vasclip::upkeep {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kPattern = u"*.mdb"_s;
+const QString kFilter = u"*.mdb|Access"_s;
+const QString kDeleteTable = u"Delete the table %1?"_s;
+const QString kDeleteFile = u"Delete %1.  Are you sure?"_s;
+const QString kCreate = u"The directory %1 does not exist.  Do you wish to create it at this time?"_s;
+const QString kRecords = u"%1 records"_s;
+const QString kTableGone = u"There is no table %1 in %2."_s;
+const QString kTableDeleted = u"The table %1 was deleted from %2."_s;
+const QString kFileDeleted = u"%1 was deleted."_s;
+
+} // namespace
+
+FileScreen::FileScreen(const QString& name, const TransferDesk& desk)
+    : Screen(name)
+    , txtPath(controls, u"txtPath"_s)
+    , txtFileName(controls, u"txtFileName"_s)
+    , txtTable(controls, u"txtTable"_s)
+    , filexport(controls, u"filexport"_s)
+    , lstTables(controls, u"lstTables"_s)
+    , lblRecordCount(controls, u"lblRecordCount"_s)
+    , ckbCopy(controls, u"ckbCopy"_s)
+    , cmdDelete(controls, u"cmdDelete"_s)
+    , cmdDeleteDatabase(controls, u"cmdDeleteDatabase"_s)
+    , cmdBrowse(controls, u"cmdBrowse"_s)
+    , lblAccount(controls, u"lblAccount"_s)
+    , lstaccount(controls, u"lstaccount"_s)
+    , lblmsg(controls, u"lblmsg"_s)
+    , gauWork(controls, u"gauWork"_s)
+    , cmdStop(controls, u"cmdStop"_s)
+    , cmdExit(controls, u"cmdExit"_s)
+    , m_desk(desk)
+{
+    ckbCopy.SetCaption(u"&Copy Images"_s);
+    cmdDelete.SetCaption(u"Delete Table"_s);
+    cmdDeleteDatabase.SetCaption(u"Delete Database"_s);
+    cmdBrowse.SetCaption(u"Browse..."_s);
+    cmdStop.SetCaption(u"Cancel"_s);
+    cmdExit.SetCaption(u"E&xit"_s);
+    gauWork.SetVisible(false);
+    cmdStop.SetVisible(false);
+    ShowAccount({}, {});
+    connect(&filexport, &forms::ListBox::ListIndexChanged, this, [this] {
+        if (filexport.ListIndex() < 0)
+            return;
+        txtFileName.SetText(filexport.List(filexport.ListIndex()));
+        ListFileTables();
+    });
+    connect(&lstTables, &forms::ListBox::ListIndexChanged, this, [this] {
+        if (m_listing)
+            return;
+        if (lstTables.ListIndex() >= 0)
+            txtTable.SetText(lstTables.List(lstTables.ListIndex()));
+        ShowCount();
+    });
+    connect(&txtFileName, &forms::Control::LostFocus, this, [this] { ListFileTables(txtTable.Text()); });
+    connect(&txtPath, &forms::Control::LostFocus, this, &FileScreen::txtPath_LostFocus);
+    connect(&cmdDelete, &forms::Control::Clicked, this, &FileScreen::cmdDelete_Click);
+    connect(&cmdDeleteDatabase, &forms::Control::Clicked, this, &FileScreen::cmdDeleteDatabase_Click);
+    connect(&cmdBrowse, &forms::Control::Clicked, this, &FileScreen::cmdBrowse_Click);
+    connect(&cmdStop, &forms::Control::Clicked, this, [this] { m_stop = true; });
+    connect(&cmdExit, &forms::Control::Clicked, this, &FileScreen::Unload);
+}
+
+QString FileScreen::File() const
+{
+    return common::CkRSlash(txtPath.Text()) + text::Trim(txtFileName.Text());
+}
+
+void FileScreen::ListFiles()
+{
+    QStringList names;
+    const QString path = common::CkRSlash(txtPath.Text());
+    if (path.size() >= 3 && !link::Reported(Prompter(), "filexport", [&] {
+            names = m_desk.Disk().Dir(path + kPattern, files::ReadOnly);
+        }))
+        names.clear();
+    filexport.SetItems(names);
+}
+
+void FileScreen::ListFileTables(const QString& selected)
+{
+    QString why;
+    {
+        const QScopedValueRollback<bool> listing(m_listing, true);
+        why = ListTheTables(m_desk.Engine(), File(), lstTables, selected);
+    }
+    if (!why.isEmpty())
+        Tell(why + u'.', forms::Colour::Red);
+    ShowCount();
+}
+
+void FileScreen::ShowCount()
+{
+    QString words;
+    if (lstTables.ListIndex() >= 0) {
+        try {
+            words = kRecords.arg(CountOf(m_desk.Engine(), File(), lstTables.List(lstTables.ListIndex())));
+        } catch (const RuntimeError& failure) {
+            Tell(failure.Description() + u'.', forms::Colour::Red);
+        }
+    }
+    lblRecordCount.SetCaption(words);
+}
+
+void FileScreen::GoTo(const QString& directory, const QString& fileName)
+{
+    txtPath.SetText(directory);
+    txtFileName.SetText(fileName);
+    ListFiles();
+    ListFileTables();
+}
+
+void FileScreen::Tell(const QString& words, forms::Colour colour)
+{
+    lblmsg.Show(words, colour);
+}
+
+void FileScreen::ShowAccount(const QString& heading, const QStringList& lines)
+{
+    lblAccount.SetCaption(heading);
+    lblAccount.SetVisible(!lines.isEmpty());
+    lstaccount.SetItems(lines);
+    lstaccount.SetVisible(!lines.isEmpty());
+}
+
+void FileScreen::MakeDirectories(const QString& path) const
+{
+    const files::Disk& disk = m_desk.Disk();
+    const QString whole = common::CkRSlash(path);
+    for (qsizetype slash = whole.indexOf(u'\\', 3); slash > 0; slash = whole.indexOf(u'\\', slash + 1))
+        if (!disk.DirExists(whole.left(slash)))
+            disk.MkDir(whole.left(slash));
+}
+
+bool FileScreen::Run(const char* routine, const std::function<void(const WorkStep& step)>& work)
+{
+    SetBusy(true);
+    const auto free = qScopeGuard([this] { SetBusy(false); });
+    return link::Reported(Prompter(), routine, [&] {
+        work([this](qint64 done, qint64 of, const QString& words) {
+            const int parts = static_cast<int>(std::clamp<qint64>(of, 1, 1000));
+            if (gauWork.Max() != parts)
+                gauWork.SetRange(parts);
+            gauWork.SetValue(static_cast<int>(done * parts / std::max<qint64>(of, 1)));
+            gauWork.SetCaption(words);
+            m_desk.ports.pump.DoEvents();
+            return !m_stop;
+        });
+    });
+}
+
+void FileScreen::SetBusy(bool busy)
+{
+    m_busy = busy;
+    m_stop = false;
+    gauWork.SetCaption({});
+    gauWork.SetRange(1);
+    gauWork.SetVisible(busy);
+    cmdStop.SetVisible(busy);
+    for (forms::Control* control :
+         std::initializer_list<forms::Control*>{&txtPath, &txtFileName, &txtTable, &filexport, &lstTables, &ckbCopy,
+                                                &cmdDelete, &cmdDeleteDatabase, &cmdBrowse})
+        control->SetEnabled(!busy);
+    EnableButtons(!busy);
+    if (busy)
+        cmdStop.SetFocus();
+}
+
+/// Work that is stopped ends first, and takes itself back.
+bool FileScreen::QueryUnload()
+{
+    m_stop = true;
+    return !m_busy;
+}
+
+void FileScreen::cmdDelete_Click()
+{
+    if (m_busy)
+        return;
+    const QString file = File();
+    const QString table = text::Trim(txtTable.Text());
+    if (RefusesMissing(file))
+        return;
+    if (lstTables.IndexOf(table) < 0) {
+        Tell(kTableGone.arg(table, file), forms::Colour::Red);
+        return;
+    }
+    if (!Prompter().YesNo({}, kDeleteTable.arg(table)))
+        return;
+    if (link::Reported(Prompter(), "cmdDelete", [&] { DeleteTable(m_desk.Engine(), file, table); }))
+        Tell(kTableDeleted.arg(table, file));
+    ListFileTables();
+}
+
+void FileScreen::cmdDeleteDatabase_Click()
+{
+    if (m_busy)
+        return;
+    const QString file = File();
+    engine::Engine& engine = m_desk.Engine();
+    if (RefusesTarget(Prompter(), engine, kDelete, file, m_desk.Databook()) || RefusesMissing(file))
+        return;
+    if (!Prompter().YesNo({}, kDeleteFile.arg(file)) || RefusesLocked(Prompter(), engine, kDelete, file))
+        return;
+    if (link::Reported(Prompter(), "cmdDeleteDatabase", [&] { m_desk.Disk().Kill(file); }))
+        Tell(kFileDeleted.arg(file));
+    ListFiles();
+    ListFileTables();
+}
+
+void FileScreen::cmdBrowse_Click()
+{
+    if (m_busy)
+        return;
+    const QString chosen = Prompter().OpenDialog(kFilter, u"Browse"_s, common::CkRSlash(txtPath.Text()));
+    if (chosen.isEmpty())
+        return;
+    const qsizetype slash = chosen.lastIndexOf(u'\\');
+    const QString name = chosen.mid(slash + 1);
+    GoTo(chosen.left(slash + 1), name.contains(u'.') ? name : name + u".mdb"_s);
+}
+
+void FileScreen::txtPath_LostFocus()
+{
+    if (m_busy || m_asking)
+        return;
+    const QScopedValueRollback<bool> asking(m_asking, true);
+    const QString path = text::Trim(txtPath.Text());
+    if (path.size() > 3 && !m_desk.Disk().DirExists(path) && Prompter().YesNo({}, kCreate.arg(path)))
+        (void)link::Reported(Prompter(), "txtPath", [&] { MakeDirectories(path); });
+    ListFiles();
+    ListFileTables(txtTable.Text());
+}
+
+} // namespace vasclip::upkeep

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "forms/screen.h"
+#include "upkeep/transfer_desk.h"
+
+namespace vasclip::upkeep {
+
+/// What the screens of export and import have in common: a directory with its databases, the tables of one of them,
+/// and what is deleted there. Long work has a gauge and a button that stops it.
+class FileScreen : public forms::Screen
+{
+public:
+    forms::TextBox txtPath, txtFileName, txtTable;
+    forms::ListBox filexport, lstTables;
+    forms::Label lblRecordCount;
+    forms::CheckBox ckbCopy;
+    forms::Button cmdDelete, cmdDeleteDatabase, cmdBrowse;
+    forms::Label lblAccount;
+    forms::ListBox lstaccount; ///< what the work left out, line by line
+    forms::Label lblmsg;
+    forms::Gauge gauWork;
+    forms::Button cmdStop, cmdExit;
+
+    void cmdDelete_Click();
+    void cmdDeleteDatabase_Click();
+    void cmdBrowse_Click();
+    void txtPath_LostFocus();
+
+protected:
+    FileScreen(const QString& name, const TransferDesk& desk);
+
+    [[nodiscard]] const TransferDesk& Desk() const { return m_desk; }
+    [[nodiscard]] forms::Prompter& Prompter() const { return m_desk.ports.prompter; }
+    /// The file that the boxes name: the path with its backslash, and the name.
+    [[nodiscard]] QString File() const;
+    void ListFiles();
+    /// @param selected  table to select, else the first
+    void ListFileTables(const QString& selected = {});
+    /// Another directory or another name was chosen.
+    void GoTo(const QString& directory, const QString& fileName);
+    void Tell(const QString& words, forms::Colour colour = forms::Colour::Blue);
+    void ShowAccount(const QString& heading, const QStringList& lines);
+    /// Makes a directory with those above it. @throws RuntimeError of the disk
+    void MakeDirectories(const QString& path) const;
+
+    /// Runs long work under the common error reporter: the buttons wait meanwhile, whatever ends it.
+    /// @return false if an error ended it
+    bool Run(const char* routine, const std::function<void(const WorkStep& step)>& work);
+    [[nodiscard]] bool Busy() const { return m_busy; }
+    /// The buttons of the screen itself follow.
+    virtual void EnableButtons(bool free) = 0;
+    /// Of a file that is gone, before anything is deleted in it. @return true if it was told and is over
+    virtual bool RefusesMissing(const QString& file) = 0;
+    bool QueryUnload() override;
+
+private:
+    void ShowCount();
+    void SetBusy(bool busy);
+
+    TransferDesk m_desk;
+    bool m_busy = false;
+    bool m_stop = false;
+    bool m_asking = false;
+    bool m_listing = false; ///< the list is filled: what it selects then is not the user's choice
+};
+
+} // namespace vasclip::upkeep
