@@ -109,6 +109,11 @@ Commands:
   mapdata use             takes the maps that wait into use
   mapdata discard         deletes the maps that wait
   mapdata remove COUNTY   takes one away
+  export --file NAME [--table NAME] [--pictures] [--where SQL]
+                          copies records into a table of another database, which is replaced; with --pictures the
+                          front picture of each is put inside. A bare NAME stands in the export directory
+  export --file NAME --to csv [--where SQL] [--delimiter C] [--code-page NAME]
+                          the same as a CSV file in UTF-8, or in another code page
   layouts list            the saved layouts of the grid
   layouts show NAME       its columns in their order
   layouts save NAME       the layout that the program left, under a name
@@ -180,6 +185,8 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
         return RunMapdata(session, out, arguments, options);
     if (command == u"maintain"_s)
         return RunMaintain(session, out, arguments, options);
+    if (command == u"export"_s)
+        return RunExport(session, out, arguments, options);
     if (command == u"doctor"_s && arguments.isEmpty())
         return RunDoctor(session, out);
     out.Error(u"'%1' takes no such arguments; 'vasctl --help' lists them."_s.arg(command));
@@ -222,9 +229,14 @@ int main(int argc, char* argv[])
          u"WORD"_s},
         {u"on"_s, u"Where to drop: SLOT:INDEX."_s, u"SLOT"_s},
         {u"data"_s, u"Transfer the data."_s},
-        {u"pictures"_s, u"Transfer the pictures."_s},
+        {u"pictures"_s, u"Transfer the pictures; put them into an export, take them out of an import."_s},
+        {u"file"_s, u"The file of an export, a bare name in the export directory; of sql, instead of the Databook."_s,
+         u"FILE"_s},
+        {u"table"_s, u"The table in a database file."_s, u"NAME"_s},
+        {u"to"_s, u"What an export writes: vasclip or csv."_s, u"KIND"_s},
+        {u"delimiter"_s, u"Between the values of a CSV file (,): a letter, or 'tab'."_s, u"C"_s},
+        {u"code-page"_s, u"Of a CSV file: UTF-8, UTF-16, Windows-1252, ISO-8859-1."_s, u"NAME"_s},
         {u"out"_s, u"The picture's file."_s, u"FILE"_s},
-        {u"file"_s, u"A database file instead of the Databook."_s, u"FILE"_s},
         {u"source"_s, u"Where street files come from, in words."_s, u"WORDS"_s},
         {u"date"_s, u"Their date, or up to which one records are deleted."_s, u"DATE"_s},
         {u"account"_s, u"A file for what an import left out, and why, or for what a repair changed."_s, u"FILE"_s},

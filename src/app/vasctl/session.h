@@ -109,6 +109,7 @@ int RunMap(Session& session, const Output& out, const QStringList& arguments, co
 int RunMapdata(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options);
 int RunMaintain(Session& session, const Output& out, const QStringList& arguments,
                 const QCommandLineParser& options);
+int RunExport(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options);
 int RunDoctor(Session& session, const Output& out);
 
 } // namespace vasclip::vasctl

@@ -1,0 +1,204 @@
+#include "upkeep/embedded_images.h"
+
+#include "common/paths.h"
+#include "photos/photo_files.h"
+#include "photos/photo_list.h"
+#include "platform/engine/process.h"
+#include "platform/text/runtime_error.h"
+#include "platform/text/text.h"
+#include "store/fields.h"
+#include "store/long_fields.h"
+#include "store/store.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSet>
+
+namespace vasclip::upkeep {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kPiece = 32768;
+const QString kFrontView = u"FRONT VIEW"_s;
+const QString kMark = u".incoming"_s;
+const QString kStepWords = u"Picture of %1"_s;
+const QString kNoName = u"%1: \"%2\" is no name of a picture"_s;
+const QString kNoPicture = u"%1: what stands inside is no JPEG picture"_s;
+const QString kTwice = u"%1: an earlier row has another picture of the name %2"_s;
+const QString kOverTitle = u"Pictures With The Same Name"_s;
+const QString kOver = u"The photo directory has other pictures under these names:\n\n%1\n\nYes writes the pictures of the "
+                      u"file over them, No keeps those that are there, Cancel imports nothing."_s;
+constexpr int kNamesAsked = 10;
+
+bool SameBytes(const QString& left, const QString& right)
+{
+    QFile one(left);
+    QFile other(right);
+    if (!one.open(QIODevice::ReadOnly) || !other.open(QIODevice::ReadOnly) || one.size() != other.size())
+        return false;
+    while (!one.atEnd())
+        if (one.read(kPiece) != other.read(kPiece))
+            return false;
+    return true;
+}
+
+/// The list of photos, whose last line may lack its end: other programs leave it out.
+QString FrontStem(QString photos)
+{
+    if (!photos.endsWith(u"\r\n"_s))
+        photos += u"\r\n"_s;
+    return photos::PhotoList(photos::ParsePhotos(photos)).StemOf(kFrontView);
+}
+
+} // namespace
+
+/// The picture inside one row.
+class PictureRow
+{
+public:
+    explicit PictureRow(const store::LongRows& rows)
+        : m_rows(rows)
+    {}
+    [[nodiscard]] QString Key() const { return text::Trim(m_rows.Text(fields::CENTRALKEY)); }
+    [[nodiscard]] QString Stem() const { return FrontStem(m_rows.Text(fields::PHOTOS)); }
+    [[nodiscard]] qint64 Size() const { return m_rows.Size(fields::FRONTPHOTO); }
+    [[nodiscard]] bool IsPicture() const
+    {
+        return m_rows.Chunk(fields::FRONTPHOTO, 0, 3) == QByteArray("\xFF\xD8\xFF");
+    }
+    /// @throws RuntimeError 75
+    void WriteTo(const QString& native) const
+    {
+        QFile file(native);
+        const qint64 size = Size();
+        bool good = file.open(QIODevice::WriteOnly);
+        for (qint64 at = 0; good && at < size; at += kPiece) {
+            const QByteArray piece = m_rows.Chunk(fields::FRONTPHOTO, at, std::min(kPiece, size - at));
+            good = !piece.isEmpty() && file.write(piece) == piece.size();
+        }
+        good = good && file.flush();
+        file.close();
+        if (!good || !engine::FlushFile(native))
+            throw RuntimeError(error::kPathFileAccess,
+                               u"The picture of %1 could not be written to %2: %3"_s.arg(Key(), native, file.errorString()));
+    }
+
+private:
+    const store::LongRows& m_rows;
+};
+
+EmbeddedImages::EmbeddedImages(const TransferDesk& desk, engine::Database& source, const QString& table)
+    : m_desk(desk)
+    , m_source(source)
+    , m_table(table)
+{}
+
+EmbeddedImages::~EmbeddedImages()
+{
+    for (const Waiting& one : std::as_const(m_waiting))
+        QFile::remove(WaitingName(one.file));
+}
+
+QString EmbeddedImages::WaitingName(const QString& native) const
+{
+    return native + kMark + QString::number(engine::OwnProcess());
+}
+
+/// What imports that were killed have left.
+void EmbeddedImages::Sweep() const
+{
+    const QString directory = common::CkRSlash(m_desk.globals.G_PhotoDir);
+    for (const QString& name : m_desk.Disk().Dir(directory + u"*"_s + kMark + u"*"_s, files::ReadOnly)) {
+        const qint64 process = name.mid(name.lastIndexOf(kMark) + kMark.size()).toLongLong();
+        if (process > 0 && (process == engine::OwnProcess() || !engine::IsAlive(process, {})))
+            QFile::remove(m_desk.Disk().ToNative(directory + name));
+    }
+}
+
+void EmbeddedImages::SaveOne(const PictureRow& row)
+{
+    const QString stem = row.Stem();
+    if (stem.isEmpty() || row.Size() <= 0)
+        return;
+    if (!photos::IsPlainStem(stem)) {
+        m_result.notSaved.append(kNoName.arg(row.Key(), stem));
+        return;
+    }
+    if (!row.IsPicture()) {
+        m_result.notSaved.append(kNoPicture.arg(row.Key()));
+        return;
+    }
+    const QString native = m_desk.Disk().ToNative(common::CkRSlash(m_desk.globals.G_PhotoDir) + stem + u".jpg"_s);
+    const QString waiting = WaitingName(native);
+    if (QFile::exists(waiting)) {
+        m_result.notSaved.append(kTwice.arg(row.Key(), stem));
+        return;
+    }
+    m_waiting.append({native, false});
+    row.WriteTo(waiting);
+    if (!QFile::exists(native))
+        return;
+    if (SameBytes(native, waiting)) {
+        ++m_result.same;
+        QFile::remove(waiting);
+        m_waiting.removeLast();
+    } else {
+        m_waiting.last().over = true;
+    }
+}
+
+bool EmbeddedImages::SaveEmbeddedImages(const WorkStep& step)
+{
+    Sweep();
+    store::LongRows rows(m_source, u"SELECT "_s + fields::CENTRALKEY + u", "_s + fields::PHOTOS + u", "_s +
+                                       fields::FRONTPHOTO + u" FROM ["_s + m_table + u']');
+    for (qint64 at = 0; at < rows.Count(); ++at) {
+        if (!rows.StandOn(at))
+            continue; // somebody deleted it meanwhile
+        const PictureRow row(rows);
+        m_result.stopped = !step(at, rows.Count(), kStepWords.arg(row.Key()));
+        if (m_result.stopped)
+            return false;
+        SaveOne(row);
+    }
+    QStringList over;
+    for (const Waiting& one : std::as_const(m_waiting))
+        if (one.over)
+            over.append(QFileInfo(one.file).fileName());
+    if (over.isEmpty())
+        return true;
+    QStringList asked = over.mid(0, kNamesAsked);
+    if (over.size() > kNamesAsked)
+        asked.append(u"and %1 more"_s.arg(over.size() - kNamesAsked));
+    const forms::Answer answer = m_desk.ports.prompter.MsgBox(forms::Buttons::YesNoCancel, forms::Icon::Question,
+                                                              kOverTitle, kOver.arg(asked.join(u'\n')));
+    m_result.declined = answer == forms::Answer::Cancel;
+    if (answer == forms::Answer::No) {
+        m_result.kept = static_cast<int>(over.size());
+        for (const Waiting& one : std::as_const(m_waiting))
+            if (one.over)
+                QFile::remove(WaitingName(one.file));
+        m_waiting.removeIf([](const Waiting& one) { return one.over; });
+    }
+    return !m_result.declined;
+}
+
+void EmbeddedImages::Place()
+{
+    while (!m_waiting.isEmpty()) {
+        const Waiting one = m_waiting.first();
+        if (!engine::RenameOver(WaitingName(one.file), one.file))
+            throw RuntimeError(error::kPathFileAccess,
+                               u"The picture %1 could not be put into the photo directory"_s.arg(
+                                   QFileInfo(one.file).fileName()));
+        m_waiting.removeFirst();
+        ++(one.over ? m_result.over : m_result.written);
+        if (m_desk.globals.writeProtectPhotos)
+            if (const auto shown = m_desk.Disk().ToDrivePath(one.file))
+                store::DalmoSetReadWriteBit(m_desk.ports, m_desk.Disk(), *shown, files::ReadOnly);
+    }
+}
+
+} // namespace vasclip::upkeep

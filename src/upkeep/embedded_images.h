@@ -1,0 +1,55 @@
+#pragma once
+
+#include "upkeep/transfer_desk.h"
+
+namespace vasclip::upkeep {
+
+class PictureRow;
+
+/// What became of the pictures inside the rows of a table.
+struct SavedImages
+{
+    bool stopped = false;
+    bool declined = false; ///< the question was answered with Cancel: nothing was written
+    int written = 0;       ///< new files
+    int same = 0;          ///< that were in the photo directory already
+    int over = 0;          ///< took the place of another picture
+    int kept = 0;          ///< another picture of that name was left
+    QStringList notSaved;  ///< "KEY: why"
+};
+
+/// The pictures inside rows on their way into the photo directory. They wait there under names of their own, so that
+/// a stop or a kill leaves the directory as it was; Place gives them their names.
+class EmbeddedImages
+{
+public:
+    /// @param source  that is read and never written
+    EmbeddedImages(const TransferDesk& desk, engine::Database& source, const QString& table);
+    ~EmbeddedImages(); ///< what was not placed goes
+    EmbeddedImages(const EmbeddedImages&) = delete;
+    EmbeddedImages& operator=(const EmbeddedImages&) = delete;
+
+    /// Writes the front picture of each row that has one, in pieces, and asks once before other pictures are written
+    /// over. @return false after a stop or Cancel. @throws RuntimeError of disk and engine
+    bool SaveEmbeddedImages(const WorkStep& step);
+    void Place(); ///< @throws RuntimeError 75
+    [[nodiscard]] const SavedImages& Result() const { return m_result; }
+
+private:
+    struct Waiting
+    {
+        QString file; ///< native, under its name to be
+        bool over = false;
+    };
+    void SaveOne(const PictureRow& row);
+    [[nodiscard]] QString WaitingName(const QString& native) const;
+    void Sweep() const;
+
+    const TransferDesk& m_desk;
+    engine::Database& m_source;
+    QString m_table;
+    SavedImages m_result;
+    QList<Waiting> m_waiting;
+};
+
+} // namespace vasclip::upkeep

@@ -1,0 +1,155 @@
+#include "upkeep/import_plan.h"
+
+#include "platform/engine/errors.h"
+#include "platform/text/text.h"
+#include "store/fields.h"
+#include "store/record.h"
+
+#include <QHash>
+
+#include <algorithm>
+
+namespace vasclip::upkeep {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kNamed = 500;
+const QString kNoKey = u"it has no key"_s;
+const QString kThere = u"the Databook has a record of this key"_s;
+const QString kTwice = u"an earlier row of the file has the same key"_s;
+const QString kTooLong = u"%1 holds %2 characters, the Databook takes %3"_s;
+
+const engine::Field* FieldOf(const engine::TableDef& table, const QString& name)
+{
+    const auto found = std::ranges::find_if(
+        table.fields, [&](const engine::Field& field) { return field.name.compare(name, Qt::CaseInsensitive) == 0; });
+    return found == table.fields.end() ? nullptr : &*found;
+}
+
+bool IsText(const engine::Field& field)
+{
+    return field.type == engine::FieldType::Text || field.type == engine::FieldType::Memo;
+}
+
+/// Columns whose texts may be longer than the Databook's field takes.
+QList<engine::Field> Narrower(const engine::TableDef& from, const engine::TableDef& into, const QStringList& columns)
+{
+    QList<engine::Field> narrower;
+    for (const QString& name : columns) {
+        const engine::Field* source = FieldOf(from, name);
+        const engine::Field* target = FieldOf(into, name);
+        const bool wider = source->type == engine::FieldType::Memo || source->size > target->size;
+        if (target->type == engine::FieldType::Text && IsText(*source) && wider)
+            narrower.append(*target);
+    }
+    return narrower;
+}
+
+/// Why a row's texts do not fit, by its place; looked for only where a field of the source is wider.
+QHash<qint64, QString> TooLong(engine::Database& source, const QString& table, const QList<engine::Field>& narrower)
+{
+    QHash<qint64, QString> found;
+    if (narrower.isEmpty())
+        return found;
+    QStringList names;
+    for (const engine::Field& field : narrower)
+        names.append(u'[' + field.name + u']');
+    const store::Rows rows(source, u"SELECT "_s + names.join(u", "_s) + u" FROM ["_s + table + u']');
+    for (qint64 at = 0; at < rows.Count(); ++at) {
+        const auto record = rows.At(at);
+        for (qsizetype i = 0; record && i < narrower.size(); ++i) {
+            const qsizetype length = record->Values().at(i).toString().size();
+            if (length > narrower.at(i).size)
+                found.insert(at, kTooLong.arg(narrower.at(i).name).arg(length).arg(narrower.at(i).size));
+        }
+    }
+    return found;
+}
+
+/// A key of blanks is none.
+QString FitCondition(const QList<engine::Field>& narrower)
+{
+    QStringList terms{u"TRIM("_s + fields::CENTRALKEY + u") <> ''"_s};
+    for (const engine::Field& field : narrower)
+        terms.append(u"([%1] IS NULL OR LEN([%1]) <= %2)"_s.arg(field.name).arg(field.size));
+    return terms.join(u" AND "_s);
+}
+
+} // namespace
+
+QString KeyMark(const QString& key)
+{
+    return text::RTrim(key).toUpper();
+}
+
+QStringList removeEmbeddedImages(const QStringList& columns)
+{
+    QStringList left = columns;
+    left.removeIf([](const QString& name) { return name.compare(fields::FRONTPHOTO, Qt::CaseInsensitive) == 0; });
+    return left;
+}
+
+QSet<QString> KeysThere(const store::DataSource& databook, const QString& table, const QStringList& keys)
+{
+    QSet<QString> there;
+    for (qsizetype from = 0; from < keys.size(); from += kNamed) {
+        QStringList quoted;
+        for (const QString& key : keys.mid(from, kNamed))
+            quoted.append(u'\'' + QString(key).replace(u'\'', u"''"_s) + u'\'');
+        const store::Rows rows = store::ReadRows(
+            databook, u"SELECT %1 FROM [%2] WHERE %1 IN (%3)"_s.arg(fields::CENTRALKEY, table, quoted.join(u',')));
+        for (qint64 at = 0; at < rows.Count(); ++at)
+            if (const auto record = rows.At(at))
+                there.insert(KeyMark(record->Values().first().toString()));
+    }
+    return there;
+}
+
+ImportPlan PlanImport(const TransferDesk& desk, engine::Database& source, const QString& table)
+{
+    ImportPlan plan;
+    const engine::TableDef from = source.Table(table);
+    const engine::TableDef into = desk.databook.Database().Table(desk.globals.G_Table);
+    QStringList both;
+    for (const engine::Field& field : from.fields)
+        (FieldOf(into, field.name) ? both : plan.leftBehind).append(field.name);
+    plan.columns = removeEmbeddedImages(both);
+    plan.hasPictures = plan.columns.size() < both.size() && both.contains(fields::PHOTOS, Qt::CaseInsensitive);
+    if (!both.contains(fields::CENTRALKEY, Qt::CaseInsensitive))
+        throw RuntimeError(error::kFieldUnknown,
+                           u"The table %1 of %2 has no field %3, by which records are told apart. Choose a table of comps"_s
+                               .arg(table, source.Path(), fields::CENTRALKEY));
+    const QList<engine::Field> narrower = Narrower(from, into, plan.columns);
+    plan.condition = FitCondition(narrower);
+    const QHash<qint64, QString> tooLong = TooLong(source, table, narrower);
+
+    const store::Rows rows(source, u"SELECT "_s + fields::CENTRALKEY + u" FROM ["_s + table + u']');
+    plan.rows = rows.Count();
+    QStringList keys;
+    keys.reserve(plan.rows);
+    for (qint64 at = 0; at < plan.rows; ++at) {
+        const auto record = rows.At(at);
+        keys.append(record ? record->Values().first().toString() : QString());
+    }
+    const QSet<QString> there = KeysThere(desk.databook, desk.globals.G_Table, keys);
+    QSet<QString> seen;
+    for (qint64 at = 0; at < keys.size(); ++at) {
+        const QString mark = KeyMark(keys.at(at));
+        const QString why = mark.isEmpty()         ? kNoKey
+                            : tooLong.contains(at) ? tooLong.value(at)
+                            : there.contains(mark) ? kThere
+                            : seen.contains(mark)  ? kTwice
+                                                   : QString();
+        if (!why.isEmpty()) {
+            plan.refused.append({text::Trim(keys.at(at)), why});
+            continue;
+        }
+        seen.insert(mark);
+        plan.newKeys.append(keys.at(at));
+    }
+    return plan;
+}
+
+} // namespace vasclip::upkeep

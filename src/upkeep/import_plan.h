@@ -1,0 +1,40 @@
+#pragma once
+
+#include "upkeep/transfer_desk.h"
+
+#include <QSet>
+
+namespace vasclip::upkeep {
+
+/// A row of the source that does not come in.
+struct RefusedRow
+{
+    QString key;
+    QString why;
+};
+
+/// What an import of a table would do to the Databook, worked out from the keys alone.
+struct ImportPlan
+{
+    QStringList columns;     ///< that both tables have, but for the picture inside a row
+    QStringList leftBehind;  ///< columns that the Databook does not have
+    QString condition;       ///< rows that have a key and fit into the Databook's fields
+    qint64 rows = 0;         ///< of the source
+    QStringList newKeys;     ///< of the rows that come in, as stored
+    QList<RefusedRow> refused;
+    bool hasPictures = false; ///< the source has the field
+};
+
+/// A key as two rows are told apart: in capitals, without blanks behind it.
+[[nodiscard]] QString KeyMark(const QString& key);
+
+/// The fields of a row without the picture inside it, which is taken out on the way.
+[[nodiscard]] QStringList removeEmbeddedImages(const QStringList& columns);
+
+/// Those of some keys that the Databook has, as KeyMark has them. @throws RuntimeError of the engine
+[[nodiscard]] QSet<QString> KeysThere(const store::DataSource& databook, const QString& table, const QStringList& keys);
+
+/// @throws RuntimeError 3078 for a table that is not there, 3265 for one without keys
+[[nodiscard]] ImportPlan PlanImport(const TransferDesk& desk, engine::Database& source, const QString& table);
+
+} // namespace vasclip::upkeep

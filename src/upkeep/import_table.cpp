@@ -1,0 +1,95 @@
+#include "upkeep/import_table.h"
+
+#include "store/bulk_rows.h"
+
+#include <QScopeGuard>
+
+namespace vasclip::upkeep {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kWords = u"Import from %1"_s;
+
+QString Counted(qint64 count, const QString& one, const QString& many)
+{
+    return count == 1 ? u"1 "_s + one : QString::number(count) + u' ' + many;
+}
+
+QString PictureWords(const SavedImages& pictures)
+{
+    QStringList parts;
+    if (pictures.written > 0)
+        parts.append(u"%1 written"_s.arg(pictures.written));
+    if (pictures.over > 0)
+        parts.append(u"%1 written over others"_s.arg(pictures.over));
+    if (pictures.same > 0)
+        parts.append(u"%1 there already"_s.arg(pictures.same));
+    if (pictures.kept > 0)
+        parts.append(u"%1 not written over others"_s.arg(pictures.kept));
+    if (!pictures.notSaved.isEmpty())
+        parts.append(u"%1 refused"_s.arg(pictures.notSaved.size()));
+    return parts.isEmpty() ? QString() : u" Pictures: "_s + parts.join(u", "_s) + u'.';
+}
+
+} // namespace
+
+QString AppendStatement(const QString& databook, const QString& table, const QString& source, const QString& sourceTable,
+                        const QStringList& columns, const QString& condition)
+{
+    const QString list = u'[' + columns.join(u"], ["_s) + u']';
+    return u" INSERT INTO ["_s + databook + u"].["_s + table + u"] ("_s + list + u") SELECT "_s + list + u" FROM ["_s +
+           source + u"].["_s + sourceTable + u']' + (condition.isEmpty() ? QString() : u" WHERE "_s + condition) + u';';
+}
+
+ImportResult ImportTable(const TransferDesk& desk, const ImportOrder& order, const WorkStep& step)
+{
+    ImportResult result;
+    result.source = order.source;
+    result.table = order.table;
+    const auto source = desk.Engine().OpenDatabase(order.source, engine::OpenMode::ReadOnly);
+    const auto closed = qScopeGuard([&] { source->Close(); });
+    const ImportPlan plan = PlanImport(desk, *source, order.table);
+    result.rows = plan.rows;
+    result.refused = plan.refused;
+    result.leftBehind = plan.leftBehind;
+    EmbeddedImages images(desk, *source, order.table);
+    if (order.pictures && plan.hasPictures && !images.SaveEmbeddedImages(step)) {
+        result.pictures = images.Result();
+        result.stopped = true;
+        return result;
+    }
+    images.Place();
+    result.pictures = images.Result();
+    result.appended = store::AppendRows(desk.databook,
+                                        AppendStatement(desk.Databook(), desk.globals.G_Table, order.source, order.table,
+                                                        plan.columns, plan.condition),
+                                        plan.newKeys, kWords.arg(order.source));
+    result.done = true;
+    return result;
+}
+
+QString WordsOf(const ImportResult& result)
+{
+    if (!result.done)
+        return (result.stopped ? u"Canceled: nothing came in."_s : u"Nothing came in: the Databook is as it was."_s) +
+               PictureWords(result.pictures);
+    QString words = Counted(result.appended, u"record"_s, u"records"_s) + u" of "_s + result.source +
+                    (result.appended == 1 ? u" was added to the Databook."_s : u" were added to the Databook."_s);
+    if (const qint64 out = result.rows - result.appended; out > 0)
+        words += u' ' + Counted(out, u"was refused."_s, u"were refused."_s);
+    if (!result.leftBehind.isEmpty())
+        words += u" The Databook has no field "_s + result.leftBehind.join(u", "_s) + u'.';
+    return words + PictureWords(result.pictures);
+}
+
+QStringList AccountOf(const ImportResult& result)
+{
+    QStringList lines;
+    for (const RefusedRow& row : result.refused)
+        lines.append((row.key.isEmpty() ? u"(no key)"_s : row.key) + u": "_s + row.why);
+    return lines + result.pictures.notSaved;
+}
+
+} // namespace vasclip::upkeep

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "upkeep/embedded_images.h"
+#include "upkeep/import_plan.h"
+
+namespace vasclip::upkeep {
+
+struct ImportOrder
+{
+    QString source; ///< drive path of the database file
+    QString table;  ///< in it
+    bool pictures = false;
+};
+
+struct ImportResult
+{
+    bool done = false; ///< false: the Databook is as it was
+    bool stopped = false;
+    QString source, table;
+    qint64 rows = 0;     ///< of the source
+    qint64 appended = 0;
+    QList<RefusedRow> refused;
+    QStringList leftBehind; ///< columns that the Databook does not have
+    SavedImages pictures;
+};
+
+/// Appends the rows of a table to the Databook, in one transaction; a row whose key is there already stays out. The
+/// source is read and never written: the pictures inside its rows go to the photo directory first, and the rows come
+/// in without them.
+/// @throws RuntimeError of disk and engine; the Databook is then as it was
+ImportResult ImportTable(const TransferDesk& desk, const ImportOrder& order, const WorkStep& step);
+
+/// The statement of an append. @param columns  of both tables
+[[nodiscard]] QString AppendStatement(const QString& databook, const QString& table, const QString& source,
+                                      const QString& sourceTable, const QStringList& columns, const QString& condition);
+
+/// The end message: how many came in, how many stayed out, what became of the pictures.
+[[nodiscard]] QString WordsOf(const ImportResult& result);
+/// A line for each row and picture that stayed out.
+[[nodiscard]] QStringList AccountOf(const ImportResult& result);
+
+} // namespace vasclip::upkeep

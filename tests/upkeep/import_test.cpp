@@ -1,0 +1,231 @@
+#include "transfer_home.h"
+
+#include "support/error_number.h"
+#include "upkeep/export_table.h"
+#include "upkeep/import_table.h"
+
+namespace vasclip::upkeep {
+namespace {
+
+const QByteArray kJpeg("\xFF\xD8\xFF the picture");
+
+/// A file of another office beside the Databook of TransferHome.
+class Import : public TransferHome
+{
+protected:
+    const QString file = u"C:\\EXPORT\\THEIRS.MDB"_s;
+
+    void SetUp() override
+    {
+        TransferHome::SetUp();
+        Fill();
+        store::MakeDatabase(engine, file);
+    }
+    void Put(const QString& name, const QList<std::pair<QString, QVariant>>& values)
+    {
+        const auto database = engine.OpenDatabase(file);
+        const auto rows = database->OpenRecordset(name, engine::RecordsetType::Table);
+        rows->AddNew();
+        for (const auto& [field, value] : values)
+            rows->SetValue(field, value);
+        rows->Update();
+        rows->Close();
+        database->Close();
+    }
+    void PutComp(const QString& comp, const QString& city = u"Cedar"_s, const QString& photos = u" "_s,
+                 const QVariant& picture = {})
+    {
+        Put(table, {{key, comp.leftJustified(35)}, {u"CITY"_s, city}, {u"PHOTOS"_s, photos}, {u"FRONTPHOTO"_s, picture}});
+    }
+    ImportResult Run(bool pictures = true, const QString& name = u"COMPS"_s)
+    {
+        return ImportTable(Desk(), {.source = file, .table = name, .pictures = pictures}, Step());
+    }
+    QStringList Pictures() { return disk.Dir(u"C:\\JPG\\*"_s); }
+};
+
+TEST_F(Import, AppendsNewRowsAndRefusesKeysThatAreThere)
+{
+    PutComp(u"1 ASH ST"_s);
+    PutComp(u"12 OAK ST"_s, u"Elsewhere"_s);
+    const ImportResult result = Run();
+    EXPECT_TRUE(result.done);
+    EXPECT_EQ(result.appended, 1);
+    EXPECT_EQ(AccountOf(result), QStringList{u"12 OAK ST: the Databook has a record of this key"_s});
+    EXPECT_EQ(WordsOf(result), u"1 record of C:\\EXPORT\\THEIRS.MDB was added to the Databook. 1 was refused."_s);
+    EXPECT_EQ(Field(path, table, u"12 OAK ST"_s, u"CITY"_s).toString(), u"ALDER"_s);
+    EXPECT_EQ(Field(path, table, u"1 ASH ST"_s, u"CITY"_s).toString(), u"Cedar"_s);
+}
+
+TEST_F(Import, LeavesItsSourceAsItWasToTheByte)
+{
+    PutComp(u"1 ASH ST"_s, {}, u"FRONT VIEW|00000009\r\n"_s, kJpeg);
+    const QByteArray before = disk.ReadWhole(file);
+    disk.SetAttr(file, files::ReadOnly);
+    EXPECT_EQ(Run().pictures.written, 1);
+    disk.SetAttr(file, files::Normal);
+    EXPECT_EQ(disk.ReadWhole(file), before);
+    EXPECT_EQ(disk.Dir(u"C:\\EXPORT\\*"_s), QStringList{u"THEIRS.MDB"_s});
+}
+
+TEST_F(Import, PutsThePictureIntoThePhotoDirectoryAndNotIntoTheRow)
+{
+    const QByteArray large = kJpeg + QByteArray(32768 * 2, 'x');
+    PutComp(u"1 ASH ST"_s, {}, u"FRONT VIEW|00000009\r\n"_s, large);
+    PutComp(u"2 ASH ST"_s, {}, u"REAR VIEW|00000008\r\n"_s, kJpeg);
+    const ImportResult result = Run();
+    EXPECT_EQ(result.pictures.written, 1);
+    EXPECT_EQ(disk.ReadWhole(u"C:\\JPG\\00000009.jpg"_s), large);
+    EXPECT_FALSE(Field(path, table, u"1 ASH ST"_s, u"FRONTPHOTO"_s).isValid());
+    EXPECT_EQ(Field(path, table, u"1 ASH ST"_s, u"PHOTOS"_s).toString(), u"FRONT VIEW|00000009\r\n"_s);
+    EXPECT_EQ(Pictures(), (QStringList{u"00000001.jpg"_s, u"00000003.jpg"_s, u"00000009.jpg"_s}));
+    EXPECT_TRUE(WordsOf(result).endsWith(u" Pictures: 1 written."_s));
+}
+
+TEST_F(Import, ReadsAPhotoListWhoseLastLineHasNoEnd)
+{
+    PutComp(u"1 ASH ST"_s, {}, u"FRONT VIEW|00000009"_s, kJpeg);
+    EXPECT_EQ(Run().pictures.written, 1);
+}
+
+TEST_F(Import, WithoutPicturesWritesNone)
+{
+    PutComp(u"1 ASH ST"_s, {}, u"FRONT VIEW|00000009\r\n"_s, kJpeg);
+    EXPECT_EQ(Run(false).appended, 1);
+    EXPECT_EQ(Pictures().size(), 2);
+    EXPECT_FALSE(Field(path, table, u"1 ASH ST"_s, u"FRONTPHOTO"_s).isValid());
+}
+
+TEST_F(Import, AsksOnceBeforeItWritesOverOtherPictures)
+{
+    PutComp(u"1 ASH ST"_s, {}, u"FRONT VIEW|00000001\r\n"_s, kJpeg);
+    PutComp(u"2 ASH ST"_s, {}, u"FRONT VIEW|00000003\r\n"_s, kJpeg);
+    const QByteArray ours = disk.ReadWhole(u"C:\\JPG\\00000001.jpg"_s);
+    doubles.prompter.Answer(forms::Answer::Cancel);
+    ImportResult result = Run();
+    EXPECT_TRUE(doubles.prompter.Last().text.contains(u"\n\n00000001.jpg\n00000003.jpg\n\n"_s));
+    EXPECT_FALSE(result.done);
+    EXPECT_EQ(result.appended, 0);
+    EXPECT_EQ(Keys(path, table).size(), 3);
+    doubles.prompter.Answer(forms::Answer::No);
+    result = Run();
+    EXPECT_EQ(result.pictures.kept, 2);
+    EXPECT_EQ(result.appended, 2);
+    EXPECT_EQ(disk.ReadWhole(u"C:\\JPG\\00000001.jpg"_s), ours);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    result = Run();
+    EXPECT_EQ(result.appended, 0);
+    EXPECT_EQ(result.pictures.over, 2);
+    EXPECT_EQ(disk.ReadWhole(u"C:\\JPG\\00000001.jpg"_s), kJpeg);
+    result = Run();
+    EXPECT_EQ(result.pictures.same, 2);
+    EXPECT_EQ(Pictures().size(), 2);
+}
+
+TEST_F(Import, WritesOverAWriteProtectedPictureAndProtectsItAgain)
+{
+    globals.writeProtectPhotos = true;
+    disk.SetAttr(u"C:\\JPG\\00000001.jpg"_s, files::ReadOnly);
+    PutComp(u"1 ASH ST"_s, {}, u"FRONT VIEW|00000001\r\n"_s, kJpeg);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    EXPECT_EQ(Run().pictures.over, 1);
+    EXPECT_EQ(disk.ReadWhole(u"C:\\JPG\\00000001.jpg"_s), kJpeg);
+    EXPECT_NE(disk.GetAttr(u"C:\\JPG\\00000001.jpg"_s) & files::ReadOnly, 0U);
+}
+
+TEST_F(Import, RefusesWhatIsNoPictureOrReachesElsewhere)
+{
+    PutComp(u"1 ASH ST"_s, {}, u"FRONT VIEW|00000009\r\n"_s, QByteArray("BM no jpeg"));
+    PutComp(u"2 ASH ST"_s, {}, u"FRONT VIEW|..\\EXPORT\\X\r\n"_s, kJpeg);
+    PutComp(u"3 ASH ST"_s, {}, u"FRONT VIEW|00000008\r\n"_s, kJpeg);
+    PutComp(u"4 ASH ST"_s, {}, u"FRONT VIEW|00000008\r\n"_s, kJpeg + "other");
+    const ImportResult result = Run();
+    EXPECT_EQ(result.appended, 4);
+    EXPECT_EQ(result.pictures.written, 1);
+    EXPECT_EQ(AccountOf(result), (QStringList{u"1 ASH ST: what stands inside is no JPEG picture"_s,
+                                              u"2 ASH ST: \"..\\EXPORT\\X\" is no name of a picture"_s,
+                                              u"4 ASH ST: an earlier row has another picture of the name 00000008"_s}));
+    EXPECT_EQ(disk.ReadWhole(u"C:\\JPG\\00000008.jpg"_s), kJpeg);
+    EXPECT_EQ(disk.Dir(u"C:\\EXPORT\\*"_s), QStringList{u"THEIRS.MDB"_s});
+}
+
+TEST_F(Import, ThatIsStoppedLeavesDatabookAndPhotosAsTheyWere)
+{
+    for (int i = 0; i < 3; ++i)
+        PutComp(u"%1 ASH ST"_s.arg(i), {}, u"FRONT VIEW|9000000%1\r\n"_s.arg(i), kJpeg);
+    stopAt = 2;
+    const ImportResult result = Run();
+    EXPECT_TRUE(result.stopped);
+    EXPECT_EQ(WordsOf(result), u"Canceled: nothing came in."_s);
+    EXPECT_EQ(Keys(path, table).size(), 3);
+    EXPECT_EQ(Pictures().size(), 2);
+}
+
+TEST_F(Import, SweepsWhatAKilledOneLeft)
+{
+    disk.WriteWhole(u"C:\\JPG\\00000009.jpg.incoming999999999"_s, "half");
+    PutComp(u"1 ASH ST"_s);
+    Run();
+    EXPECT_EQ(Pictures().size(), 2);
+}
+
+TEST_F(Import, TakesATableOfOtherFieldsInAnotherOrder)
+{
+    const auto database = engine.OpenDatabase(file);
+    database->CreateTable({.name = u"ODD"_s,
+                           .fields = {{.name = u"City"_s, .size = 100},
+                                      {.name = u"GLA"_s, .type = engine::FieldType::Long},
+                                      {.name = u"POOL"_s, .size = 9},
+                                      {.name = u"centralkey"_s, .size = 80}},
+                           .indexes = {}});
+    database->Close();
+    const QString name = u"ODD"_s;
+    Put(name, {{u"centralkey"_s, u"1 ASH ST"_s}, {u"City"_s, u"Cedar"_s}, {u"GLA"_s, 1500}, {u"POOL"_s, u"yes"_s}});
+    Put(name, {{u"centralkey"_s, u"1 ash st  "_s}});
+    Put(name, {{u"centralkey"_s, u" "_s}, {u"City"_s, u"nowhere"_s}});
+    Put(name, {{u"City"_s, u"nowhere"_s}});
+    Put(name, {{u"centralkey"_s, u"2 ASH ST"_s}, {u"City"_s, QString(90, u'x')}});
+    Put(name, {{u"centralkey"_s, QString(60, u'1')}});
+    const ImportResult result = Run(true, name);
+    EXPECT_EQ(result.appended, 1);
+    EXPECT_EQ(result.rows, 6);
+    EXPECT_EQ(result.leftBehind, QStringList{u"POOL"_s});
+    EXPECT_EQ(Field(path, table, u"1 ASH ST"_s, u"GLA"_s).toString(), u"1500"_s);
+    ASSERT_EQ(result.refused.size(), 5);
+    EXPECT_EQ(result.refused[0].why, u"an earlier row of the file has the same key"_s);
+    EXPECT_EQ(result.refused[1].why, u"it has no key"_s);
+    EXPECT_EQ(result.refused[2].why, u"it has no key"_s);
+    EXPECT_TRUE(result.refused[3].why.startsWith(u"CITY holds 90 characters, the Databook takes "_s));
+    EXPECT_TRUE(result.refused[4].why.startsWith(u"CENTRALKEY holds 60 characters"_s));
+    EXPECT_EQ(Keys(path, table).size(), 4);
+}
+
+TEST_F(Import, RefusesATableWithoutKeys)
+{
+    const auto database = engine.OpenDatabase(file);
+    database->CreateTable({.name = u"BARE"_s, .fields = {{.name = u"CITY"_s, .size = 9}}, .indexes = {}});
+    database->Close();
+    const auto failure = tests::ThrownBy([&] { return Run(true, u"BARE"_s).rows; });
+    EXPECT_TRUE(failure.words.contains(u"has no field CENTRALKEY"_s)) << failure.words.toStdString();
+    EXPECT_EQ(tests::NumberOf([&] { (void)Run(true, u"NONE"_s); }), error::kTableUnknown);
+}
+
+TEST_F(Import, BringsBackWhatAnExportTookOut)
+{
+    disk.WriteWhole(u"C:\\JPG\\00000001.jpg"_s, kJpeg);
+    disk.WriteWhole(u"C:\\JPG\\00000003.jpg"_s, kJpeg + "elm");
+    ASSERT_TRUE(ExportTable(Desk(), {.target = target, .table = table, .search = {}, .pictures = true}, Step()).written);
+    databook.Close();
+    disk.Kill(path);
+    disk.Kill(u"C:\\JPG\\*.jpg"_s);
+    store::MakeDatabase(engine, path);
+    Bind(databook);
+    const ImportResult result = ImportTable(Desk(), {.source = target, .table = table, .pictures = true}, Step());
+    EXPECT_EQ(result.appended, 3);
+    EXPECT_EQ(result.pictures.written, 2);
+    EXPECT_EQ(disk.ReadWhole(u"C:\\JPG\\00000003.jpg"_s), kJpeg + "elm");
+    EXPECT_EQ(Field(path, table, u"9 ELM ST"_s, u"CITY"_s).toString(), u"ALDER"_s);
+}
+
+} // namespace
+} // namespace vasclip::upkeep

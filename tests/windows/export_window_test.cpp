@@ -1,0 +1,277 @@
+#include "shell/report_home.h"
+#include "upkeep/frm_export.h"
+#include "upkeep/tables.h"
+#include "windows/guard.h"
+#include "windows/screens.h"
+#include "windows/theme.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSettings>
+#include <QTest>
+
+namespace vasclip::windows {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+const QString kOut = u"C:\\DATABOOK\\EXPORT\\EXPORT.MDB"_s;
+
+/// The export's window, opened by its menu entry over the main screen.
+class ExportWindow : public shell::ReportHome
+{
+protected:
+    EventGuard guard{doubles.prompter, {}};
+    QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
+    Theme theme{*qApp, &settings};
+    ScreenWindow* window = nullptr;
+
+    void SetUp() override
+    {
+        ReportHome::SetUp();
+        home.Put(u"C:\\JPG\\00000001.jpg"_s, "picture");
+        Add(shell::kDatabook, u"COMPS"_s,
+            {{u"CENTRALKEY"_s, u"9 ELM ST"_s.leftJustified(35)},
+             {u"CITY"_s, u"Birch"_s},
+             {u"PHOTOS"_s, u"FRONT VIEW|00000001\r\n"_s}});
+        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
+    }
+    void Play(const std::function<void()>& script)
+    {
+        doubles.screens.Play([&](forms::Screen& screen) {
+            ScreenWindow stands(screen, guard);
+            EXPECT_TRUE(stands.Leftovers().isEmpty()) << stands.Leftovers().join(u'\n').toStdString();
+            window = &stands;
+            stands.show();
+            script();
+            window = nullptr;
+        });
+        guard.Run([&] { main.mnuDBItem.Choose(u"mnuDBItem"_s, 1); });
+        EXPECT_TRUE(doubles.screens.Shown().contains(u"frm_Export"_s));
+    }
+    template <typename Widget>
+    Widget& The(const QString& name) const
+    {
+        auto* found = window->findChild<Widget*>(name);
+        EXPECT_NE(found, nullptr) << name.toStdString();
+        return *found;
+    }
+    void Press(const QString& name) const { QTest::mouseClick(&The<QPushButton>(name), Qt::LeftButton); }
+    void Tick(const QString& name) const
+    {
+        auto& box = The<QCheckBox>(name);
+        QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(8, box.height() / 2));
+    }
+    QString Says() const { return The<QLabel>(u"lblmsg"_s).text(); }
+    QString Text(const QString& name) const { return The<QLineEdit>(name).text(); }
+    void Type(const QString& name, const QString& text) const
+    {
+        auto& box = The<QLineEdit>(name);
+        box.setFocus();
+        box.selectAll();
+        QTest::keyClicks(&box, text);
+    }
+    QStringList Lines(const QString& list) const
+    {
+        const QAbstractItemModel* model = The<QListView>(list).model();
+        QStringList lines;
+        for (int row = 0; model && row < model->rowCount(); ++row)
+            lines.append(model->index(row, 0).data().toString());
+        return lines;
+    }
+    void ClickLine(const QString& list, int row) const
+    {
+        auto& view = The<QListView>(list);
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(view.model()->index(row, 0)).center());
+    }
+    QStringList Keys(const QString& table)
+    {
+        const auto database = engine.OpenDatabase(kOut);
+        store::Rows rows(*database, u"SELECT * FROM ["_s + table + u']');
+        QStringList keys;
+        while (const auto record = rows.Next())
+            keys.append(record->Text(u"CENTRALKEY"_s));
+        return keys;
+    }
+};
+
+TEST_F(ExportWindow, CopiesAllRecordsAndSaysSo)
+{
+    Play([&] {
+        EXPECT_EQ(window->windowTitle(), main.globals.productName + u" - Database Export Utility"_s);
+        EXPECT_EQ(Text(u"txtPath"_s), u"C:\\DATABOOK\\EXPORT\\"_s);
+        EXPECT_EQ(Text(u"txtFileName"_s), u"EXPORT.MDB"_s);
+        EXPECT_EQ(Text(u"txtTable"_s), u"COMPS"_s);
+        EXPECT_EQ(The<QLabel>(u"lblSearch"_s).text(), u"All records are copied: no search is on display."_s);
+        Tick(u"ckbCopy"_s);
+        Press(u"cmdExport"_s);
+        EXPECT_EQ(Says(), u"2 records were exported to table COMPS of C:\\DATABOOK\\EXPORT\\EXPORT.MDB. 1 picture is "
+                          u"inside. 1 record is without a front view."_s);
+        EXPECT_EQ(Lines(u"filexport"_s), QStringList{u"EXPORT.MDB"_s});
+        EXPECT_EQ(The<QLabel>(u"lblRecordCount"_s).text(), u"2 records"_s);
+        EXPECT_FALSE(The<QProgressBar>(u"gauWork"_s).isVisible());
+    });
+    EXPECT_EQ(Keys(u"COMPS"_s).size(), 2);
+}
+
+TEST_F(ExportWindow, TakesTheSearchThatIsOnDisplayWhenTheButtonIsPressed)
+{
+    main.records.state.sqlText = u"SELECT COMPS.CITY FROM COMPS WHERE UCASE(CITY) LIKE '*BIRCH*'"_s;
+    Play([&] {
+        EXPECT_EQ(The<QLabel>(u"lblSearch"_s).text(), u"The records of the search on display are copied."_s);
+        Type(u"txtTable"_s, u" may "_s);
+        main.records.state.sqlText = u"SELECT COMPS.CITY FROM COMPS WHERE CITY IS NULL"_s;
+        Press(u"cmdExport"_s);
+        EXPECT_TRUE(Says().startsWith(u"1 record was exported to table MAY"_s)) << Says().toStdString();
+    });
+    EXPECT_EQ(Keys(u"MAY"_s), QStringList{u"12 OAK ST"_s});
+}
+
+TEST_F(ExportWindow, StampsTheNameWithEachClick)
+{
+    doubles.clock.now = QDateTime({2026, 3, 7}, {9, 5, 2});
+    Play([&] {
+        Tick(u"ckbDateStamp"_s);
+        EXPECT_EQ(Text(u"txtFileName"_s), u"EXPORT_03-07-26_090502.MDB"_s);
+        Tick(u"ckbDateStamp"_s);
+        EXPECT_EQ(Text(u"txtFileName"_s), u"EXPORT.MDB"_s);
+        Type(u"txtFileName"_s, u"mine.mdb"_s);
+        Tick(u"ckbDateStamp"_s);
+        EXPECT_EQ(Text(u"txtFileName"_s), u"mine_03-07-26_090502.MDB"_s);
+    });
+}
+
+TEST_F(ExportWindow, RefusesBeforeAnythingIsMade)
+{
+    Play([&] {
+        Type(u"txtFileName"_s, u"newdata.mdb"_s);
+        Press(u"cmdExport"_s);
+        EXPECT_EQ(doubles.prompter.Last().text,
+                  u"You cannot export to default (protected) installed database: newdata "_s);
+        Type(u"txtFileName"_s, u" "_s);
+        Press(u"cmdExport"_s);
+        EXPECT_EQ(Says(), u"Enter the name of the database file first."_s);
+        Type(u"txtFileName"_s, u"X"_s);
+        Type(u"txtTable"_s, u"a]"_s);
+        Press(u"cmdExport"_s);
+        EXPECT_EQ(Says(), u"Enter the name of the table first; it may not hold [ or ]."_s);
+        EXPECT_FALSE(home.disk.DirExists(u"C:\\DATABOOK\\EXPORT"_s));
+    });
+}
+
+TEST_F(ExportWindow, IsCanceledInTheMiddleByAClickAndClosesOnlyThen)
+{
+    Play([&] {
+        Press(u"cmdExport"_s);
+        const QByteArray before = home.disk.ReadWhole(kOut);
+        Tick(u"ckbCopy"_s);
+        bool pressed = false;
+        doubles.pump.onTurn = [&] {
+            if (std::exchange(pressed, true))
+                return;
+            EXPECT_TRUE(The<QPushButton>(u"cmdStop"_s).isVisible());
+            EXPECT_FALSE(The<QPushButton>(u"cmdExport"_s).isEnabled());
+            window->close();
+            EXPECT_TRUE(window->isVisible()) << "work under way keeps its window";
+            Press(u"cmdStop"_s);
+        };
+        Press(u"cmdExport"_s);
+        EXPECT_TRUE(pressed);
+        EXPECT_EQ(Says(), u"Canceled: C:\\DATABOOK\\EXPORT\\EXPORT.MDB is as it was."_s);
+        EXPECT_EQ(home.disk.ReadWhole(kOut), before);
+        EXPECT_TRUE(The<QPushButton>(u"cmdExport"_s).isEnabled());
+    });
+}
+
+TEST_F(ExportWindow, AsksForADirectoryThatIsNotThereWhenItsBoxIsLeft)
+{
+    doubles.prompter.Answer(forms::Answer::No);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Play([&] {
+        window->activateWindow();
+        QApplication::setActiveWindow(window);
+        Type(u"txtPath"_s, u"C:\\NEW\\PLACE"_s);
+        The<QLineEdit>(u"txtTable"_s).setFocus();
+        EXPECT_EQ(doubles.prompter.Last().text,
+                  u"The directory C:\\NEW\\PLACE does not exist.  Do you wish to create it at this time?"_s);
+        EXPECT_FALSE(home.disk.DirExists(u"C:\\NEW"_s));
+        The<QLineEdit>(u"txtPath"_s).setFocus();
+        The<QLineEdit>(u"txtTable"_s).setFocus();
+        EXPECT_TRUE(home.disk.DirExists(u"C:\\NEW\\PLACE"_s));
+    });
+}
+
+TEST_F(ExportWindow, DeletesTheTableThatWasClickedAlsoWhenTheListIsRefilledMeanwhile)
+{
+    Play([&] {
+        Press(u"cmdExport"_s);
+        Type(u"txtTable"_s, u"SECOND"_s);
+        Press(u"cmdExport"_s);
+        EXPECT_EQ(Lines(u"lstTables"_s), (QStringList{u"COMPS"_s, u"SECOND"_s}));
+        ClickLine(u"lstTables"_s, 0);
+        EXPECT_EQ(Text(u"txtTable"_s), u"COMPS"_s);
+        ClickLine(u"lstTables"_s, 1);
+        EXPECT_EQ(Text(u"txtTable"_s), u"SECOND"_s);
+        upkeep::DeleteTable(engine, kOut, u"COMPS"_s); // by somebody else: what is clicked next stands elsewhere
+        doubles.prompter.Answer(forms::Answer::Yes);
+        Press(u"cmdDelete"_s);
+        EXPECT_EQ(doubles.prompter.Last().text, u"Delete the table SECOND?"_s);
+        EXPECT_EQ(Lines(u"lstTables"_s), QStringList());
+    });
+}
+
+TEST_F(ExportWindow, DeletesADatabaseAfterAQuestion)
+{
+    doubles.prompter.Answer(forms::Answer::No);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Play([&] {
+        Press(u"cmdExport"_s);
+        Press(u"cmdDeleteDatabase"_s);
+        EXPECT_EQ(doubles.prompter.Last().text, u"Delete "_s + kOut + u".  Are you sure?"_s);
+        EXPECT_TRUE(home.disk.FileExists(kOut));
+        Press(u"cmdDeleteDatabase"_s);
+        EXPECT_FALSE(home.disk.FileExists(kOut));
+        EXPECT_EQ(Lines(u"filexport"_s), QStringList());
+        Press(u"cmdDeleteDatabase"_s);
+        EXPECT_EQ(Says(), u"File "_s + kOut + u" does not exist."_s);
+    });
+}
+
+TEST_F(ExportWindow, TakesPathAndNameOfABrowsedFile)
+{
+    store::MakeDatabase(engine, u"C:\\VAS2000\\OLD.MDB"_s);
+    doubles.prompter.AnswerDialog(u"C:\\VAS2000\\OLD"_s);
+    doubles.prompter.AnswerDialog(u"C:\\VAS2000\\OLD.MDB"_s);
+    doubles.prompter.AnswerDialog({});
+    Play([&] {
+        Press(u"cmdBrowse"_s);
+        EXPECT_EQ(doubles.prompter.Dialogs().back().filter, u"*.mdb|Access"_s);
+        EXPECT_EQ(Text(u"txtFileName"_s), u"OLD.mdb"_s);
+        Press(u"cmdBrowse"_s);
+        EXPECT_EQ(Text(u"txtPath"_s), u"C:\\VAS2000\\"_s);
+        EXPECT_EQ(Lines(u"lstTables"_s), QStringList{u"COMPS"_s});
+        Press(u"cmdBrowse"_s);
+        EXPECT_EQ(Text(u"txtFileName"_s), u"OLD.MDB"_s);
+    });
+}
+
+TEST_F(ExportWindow, LooksAsItShould)
+{
+    Play([&] {
+        home.disk.Kill(u"C:\\JPG\\00000001.jpg"_s);
+        Tick(u"ckbCopy"_s);
+        Press(u"cmdExport"_s);
+        EXPECT_EQ(Lines(u"lstaccount"_s), QStringList{u"9 ELM ST: the file C:\\JPG\\00000001.jpg is not there"_s});
+        EXPECT_TRUE(The<QListView>(u"lstaccount"_s).isVisible());
+        if (qEnvironmentVariableIsSet("VASCLIP_SHOTS"))
+            window->grab().save(qEnvironmentVariable("VASCLIP_SHOTS") + u"/export.png"_s);
+    });
+}
+
+} // namespace
+} // namespace vasclip::windows
