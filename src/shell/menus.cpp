@@ -147,7 +147,7 @@ constexpr Row kRefresh[] = {
 };
 
 constexpr Row kDatabase[] = {
-    {0, "Import Data"_L1},
+    {0, "Import Data"_L1, [](frm_Main& m) { ShowImport(m.program, m.shown); }},
     {1, "Export Data"_L1, [](frm_Main& m) { ShowExport(m.program); }},
     {2, "Archive Data"_L1},
     {3, kSeparator},

@@ -64,7 +64,7 @@ FileScreen::FileScreen(const QString& name, const TransferDesk& desk)
         if (filexport.ListIndex() < 0)
             return;
         txtFileName.SetText(filexport.List(filexport.ListIndex()));
-        ListFileTables();
+        ListFileTables(txtTable.Text());
     });
     connect(&lstTables, &forms::ListBox::ListIndexChanged, this, [this] {
         if (m_listing)
@@ -105,6 +105,8 @@ void FileScreen::ListFileTables(const QString& selected)
         const QScopedValueRollback<bool> listing(m_listing, true);
         why = ListTheTables(m_desk.Engine(), File(), lstTables, selected);
     }
+    if (m_takesListed && lstTables.ListIndex() >= 0)
+        txtTable.SetText(lstTables.List(lstTables.ListIndex()));
     if (!why.isEmpty())
         Tell(why + u'.', forms::Colour::Red);
     ShowCount();
@@ -128,7 +130,7 @@ void FileScreen::GoTo(const QString& directory, const QString& fileName)
     txtPath.SetText(directory);
     txtFileName.SetText(fileName);
     ListFiles();
-    ListFileTables();
+    ListFileTables(txtTable.Text());
 }
 
 void FileScreen::Tell(const QString& words, forms::Colour colour)

@@ -36,6 +36,8 @@ protected:
     void ListFiles();
     /// @param selected  table to select, else the first
     void ListFileTables(const QString& selected = {});
+    /// Does the table box take a table of the file where it names none of them?
+    void SetTakesListedTable(bool takes) { m_takesListed = takes; }
     /// Another directory or another name was chosen.
     void GoTo(const QString& directory, const QString& fileName);
     void Tell(const QString& words, forms::Colour colour = forms::Colour::Blue);
@@ -61,6 +63,7 @@ private:
     bool m_busy = false;
     bool m_stop = false;
     bool m_asking = false;
+    bool m_takesListed = false;
     bool m_listing = false; ///< the list is filled: what it selects then is not the user's choice
 };
 

@@ -66,6 +66,7 @@ std::span<const GuideTopic> GuideTopics()
         {"frm_Maintenance"_L1, "maintenance.md"_L1},
         {"frm_DelDate"_L1, "maintenance.md"_L1},
         {"frm_Export"_L1, "export.md"_L1},
+        {"frm_Import"_L1, "import.md"_L1},
     };
     // clang-format on
     return kTopics;

@@ -47,6 +47,7 @@ std::span<const ScreenEntry> Screens()
         {"frm_MapPreview"_L1, Layout_frm_MapPreview},
         {"frm_MapData"_L1, Layout_frm_MapData},
         {"frm_Export"_L1, Layout_frm_Export},
+        {"frm_Import"_L1, Layout_frm_Import},
         {"frm_Trash"_L1, Layout_frm_Trash},
     };
     // clang-format on

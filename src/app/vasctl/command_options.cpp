@@ -38,6 +38,7 @@ constexpr std::array kRows = {
     Row{"map"_L1, "picture"_L1, "out"_L1},
     Row{"maintain"_L1, ""_L1, "date account"_L1},
     Row{"export"_L1, ""_L1, "file table to pictures where delimiter code-page"_L1},
+    Row{"import"_L1, ""_L1, "table pictures"_L1},
     Row{"mapdata"_L1, "import"_L1, "county state source date account beside"_L1},
 };
 
@@ -68,6 +69,7 @@ constexpr std::array kCommands = {
     CommandRow{"maintain"_L1, "recalc clear-anchors clear-photos land-size clean-keys clean-comments match-key proper-case "
                               "upper-case delete-by-sale delete-by-load"_L1},
     CommandRow{"export"_L1, ""_L1},
+    CommandRow{"import"_L1, ""_L1},
     CommandRow{"doctor"_L1, ""_L1},
     CommandRow{"databook"_L1, "copy"_L1},
 };

@@ -114,6 +114,10 @@ Commands:
                           front picture of each is put inside. A bare NAME stands in the export directory
   export --file NAME --to csv [--where SQL] [--delimiter C] [--code-page NAME]
                           the same as a CSV file in UTF-8, or in another code page
+  import FILE [--table NAME] [--pictures]
+                          adds the records of another database; those whose key is there stay out, and are listed.
+                          With --pictures the pictures inside the rows go to the photo directory; asks before it
+                          writes over another picture. A bare FILE stands in the import directory
   layouts list            the saved layouts of the grid
   layouts show NAME       its columns in their order
   layouts save NAME       the layout that the program left, under a name
@@ -187,6 +191,8 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
         return RunMaintain(session, out, arguments, options);
     if (command == u"export"_s)
         return RunExport(session, out, arguments, options);
+    if (command == u"import"_s)
+        return RunImport(session, out, arguments, options);
     if (command == u"doctor"_s && arguments.isEmpty())
         return RunDoctor(session, out);
     out.Error(u"'%1' takes no such arguments; 'vasctl --help' lists them."_s.arg(command));

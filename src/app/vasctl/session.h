@@ -110,6 +110,7 @@ int RunMapdata(Session& session, const Output& out, const QStringList& arguments
 int RunMaintain(Session& session, const Output& out, const QStringList& arguments,
                 const QCommandLineParser& options);
 int RunExport(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options);
+int RunImport(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options);
 int RunDoctor(Session& session, const Output& out);
 
 } // namespace vasclip::vasctl
