@@ -1,0 +1,109 @@
+#include "upkeep/address_twins.h"
+
+#include "platform/street/address_parser.h"
+#include "platform/text/text.h"
+#include "store/fields.h"
+#include "store/record.h"
+#include "upkeep/import_plan.h"
+
+namespace vasclip::upkeep {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// "123 OAK" for each word of a street's name: a cheap look before an address is parsed.
+QStringList HintsOf(const street::Address& address)
+{
+    QStringList hints;
+    for (const QString& word : address.street.base.split(u' ', Qt::SkipEmptyParts))
+        hints.append(QString::number(address.number.value) + u' ' + word.left(3));
+    return hints;
+}
+
+/// Does an address as it is written begin with a number and go on with one of the words that are looked for?
+bool Hinted(const QHash<QString, int>& hints, const QString& written)
+{
+    qsizetype end = 0;
+    while (end < written.size() && written[end].isDigit())
+        ++end;
+    if (end == 0)
+        return written.contains(u'-') || (!written.isEmpty() && written[0].isLetter()); // "N65W1234", "12-34": parse
+    const QString number = written.left(end) + u' ';
+    for (qsizetype at = end; at < written.size();) {
+        while (at < written.size() && !written[at].isLetterOrNumber())
+            ++at;
+        const qsizetype from = at;
+        while (at < written.size() && written[at].isLetterOrNumber())
+            ++at;
+        if (at == from)
+            break;
+        QString word = written.mid(from, at - from).toUpper();
+        if (const QString ordinal = street::OrdinalOf(word); !ordinal.isEmpty())
+            word = ordinal;
+        if (hints.contains(number + word.left(3)))
+            return true;
+    }
+    return false;
+}
+
+QString HouseIn(const street::Address& address)
+{
+    if (address.number.IsEmpty() || address.street.IsEmpty())
+        return {};
+    street::Address house = address;
+    house.city.clear();
+    house.state.clear();
+    house.zip.clear();
+    return house.Text() + (address.unit.isEmpty() ? QString() : u' ' + address.unit);
+}
+
+bool SameTown(const QString& one, const QString& other)
+{
+    return one.isEmpty() || other.isEmpty() || street::CityKey(one) == street::CityKey(other);
+}
+
+} // namespace
+
+QString HouseOf(const QString& address)
+{
+    return HouseIn(street::ParseAddress(address));
+}
+
+void AddressTwins::Want(const QString& name, const QString& address, const QString& city)
+{
+    const street::Address parsed = street::ParseAddress(address);
+    const QString house = HouseIn(parsed);
+    if (house.isEmpty())
+        return;
+    m_wanted.insert(house, {name, text::Trim(city)});
+    for (const QString& hint : HintsOf(parsed))
+        ++m_hints[hint];
+}
+
+QHash<QString, QString> AddressTwins::Find(const TransferDesk& desk) const
+{
+    QHash<QString, QString> twins;
+    if (m_wanted.isEmpty())
+        return twins;
+    const store::Rows rows =
+        store::ReadRows(desk.databook, u"SELECT %1, %2, %3 FROM [%4]"_s.arg(fields::CENTRALKEY, fields::ADDRESS,
+                                                                           fields::CITY, desk.globals.G_Table));
+    for (qint64 at = 0; at < rows.Count(); ++at) {
+        const auto record = rows.At(at);
+        if (!record)
+            continue;
+        const QString key = record->Values().at(0).toString();
+        const QString address = record->Values().at(1).toString();
+        const QString& written = text::Trim(address).isEmpty() ? key : address;
+        if (!Hinted(m_hints, written))
+            continue;
+        const QString house = HouseOf(written);
+        for (auto found = m_wanted.constFind(house); found != m_wanted.cend() && found.key() == house; ++found)
+            if (KeyMark(found->name) != KeyMark(key) && SameTown(found->city, record->Values().at(2).toString()))
+                twins.insert(found->name, text::Trim(key));
+    }
+    return twins;
+}
+
+} // namespace vasclip::upkeep

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "upkeep/transfer_desk.h"
+
+#include <QHash>
+
+namespace vasclip::upkeep {
+
+/// One house as its address is written: "123 N Oak St" and "123 North Oak Street" give the same; "" where the text has
+/// no number or no street. The town does not count, since a key has none.
+[[nodiscard]] QString HouseOf(const QString& address);
+
+/// Finds the records of the Databook that stand at the same house as others, under another key.
+class AddressTwins
+{
+public:
+    /// An address that is looked for, under the name that Find gives back.
+    void Want(const QString& name, const QString& address, const QString& city);
+    /// Reads the addresses of the Databook once. @return keys by name; a town that differs is another house
+    /// @throws RuntimeError of the engine
+    [[nodiscard]] QHash<QString, QString> Find(const TransferDesk& desk) const;
+
+private:
+    struct Wanted
+    {
+        QString name, city;
+    };
+    QMultiHash<QString, Wanted> m_wanted; ///< by house
+    QHash<QString, int> m_hints;          ///< number and a word: only where one is met an address is parsed
+};
+
+} // namespace vasclip::upkeep

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "upkeep/import_table.h"
+
+#include <memory>
+
+namespace vasclip::store {
+class Rows;
+}
+
+namespace vasclip::upkeep {
+
+/// What a row of the source is to the Databook.
+enum class RowKind {
+    New,
+    Changed, ///< a record of its key is there and holds something else
+    Same,    ///< a record of its key holds the same
+    Twin,    ///< a record of another key stands at the same address
+    Refused,
+};
+/// What becomes of a row.
+enum class RowChoice {
+    Add,        ///< a record of its own
+    KeepMine,   ///< stays out
+    TakeTheirs, ///< the record takes what the row holds
+    FillBlanks, ///< the same, only where the record holds nothing
+};
+enum class RowPicture { None, Fresh, There, Other };
+
+struct RehearsedRow
+{
+    qint64 place = 0; ///< in the source
+    QString key;
+    RowKind kind = RowKind::New;
+    RowChoice choice = RowChoice::KeepMine;
+    QString mine; ///< key of the record that it meets; "" for none
+    QString why;  ///< of a refused one
+    int differences = 0;
+    RowPicture picture = RowPicture::None;
+};
+
+/// A field of a row beside that of the record that it meets.
+struct FieldPair
+{
+    QString field, mine, theirs;
+};
+
+struct RehearsalResult
+{
+    bool done = false; ///< false: the Databook is as it was
+    bool stopped = false;
+    qint64 added = 0;
+    qint64 changed = 0;
+    SavedImages pictures;
+};
+
+/// An import that is looked at before anything is done: what each row would do, and the choice for it.
+class Rehearsal
+{
+public:
+    /// Reads source and Databook. @throws RuntimeError as PlanImport
+    Rehearsal(const TransferDesk& desk, const ImportOrder& order);
+    ~Rehearsal();
+
+    [[nodiscard]] const QList<RehearsedRow>& Rows() const { return m_rows; }
+    [[nodiscard]] qsizetype Count(RowKind kind) const;
+    [[nodiscard]] const QStringList& LeftBehind() const { return m_plan.leftBehind; }
+    /// Fields that differ, or with `all` each field that either holds, side by side. @throws RuntimeError of the engine
+    [[nodiscard]] QList<FieldPair> FieldsOf(const RehearsedRow& row, bool all = false) const;
+
+    /// May a row of this kind be treated so?
+    [[nodiscard]] static bool Fits(RowKind kind, RowChoice choice);
+    void Choose(qsizetype row, RowChoice choice); ///< nothing where it does not fit
+    void ChooseAll(RowKind kind, RowChoice choice);
+
+    /// Does what was chosen in one transaction. A record that somebody changed meanwhile takes part as it is then.
+    /// @throws RuntimeError of disk and engine; the Databook is then as it was
+    RehearsalResult Carry(const WorkStep& step);
+
+    /// Writes the rows that were refused, with the reason in a column of its own, as a CSV file that can be mended and
+    /// imported. @return how many. @throws RuntimeError 75
+    qsizetype WriteRefused(const QString& file) const;
+
+private:
+    void Sort();
+    void Compare(const QList<qsizetype>& rows);
+    void FindTwins();
+    void LookAtPictures();
+    void AddRows(RehearsalResult& result, const WorkStep& step);
+    void ChangeRow(const RehearsedRow& row, RehearsalResult& result);
+
+    TransferDesk m_desk;
+    ImportOrder m_order;
+    std::shared_ptr<engine::Database> m_source;
+    ImportPlan m_plan;
+    std::unique_ptr<store::Rows> m_theirs;
+    QList<RehearsedRow> m_rows;
+};
+
+[[nodiscard]] QString NameOf(RowKind kind);
+[[nodiscard]] QString NameOf(RowChoice choice);
+[[nodiscard]] QString WordsOf(const RehearsalResult& result);
+
+} // namespace vasclip::upkeep

@@ -1,0 +1,91 @@
+// Records out of the Databook and back in: whole processes on a demo home.
+
+#include "support/processes.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+
+using namespace Qt::Literals::StringLiterals;
+using namespace vasclip::tests;
+
+namespace {
+
+constexpr int kDone = 0, kFailed = 1, kUsage = 2, kNotFound = 3;
+
+class VasctlExchange : public testing::Test
+{
+protected:
+    ProgramHome home;
+    void SetUp() override { ASSERT_TRUE(home.Make()); }
+
+    qint64 Records() const { return home.Vasctl({u"records"_s, u"list"_s}).Array().size(); }
+    static QByteArray Bytes(const QString& native)
+    {
+        QFile file(native);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+};
+
+TEST_F(VasctlExchange, BringsBackWhatWasExportedWithItsPicture)
+{
+    const QString target = u"C:\\DATABOOK\\EXPORT\\MAY.MDB"_s;
+    const Ended out = home.Vasctl({u"export"_s, u"--file"_s, target, u"--table"_s, u"may"_s, u"--pictures"_s});
+    ASSERT_EQ(out.code, kDone) << out.err.toStdString();
+    const qint64 records = Records();
+    EXPECT_EQ(out.Object()[u"records"_s].toInteger(), records);
+    EXPECT_GT(out.Object()[u"pictures"_s].toInt(), 0);
+
+    QString key;
+    QString stem;
+    for (const QJsonValue& row :
+         home.Vasctl({u"sql"_s, u"SELECT CENTRALKEY, PHOTOS FROM COMPS WHERE PHOTOS LIKE 'FRONT VIEW|*'"_s}).Array()) {
+        key = row.toObject()[u"CENTRALKEY"_s].toString().trimmed();
+        stem = row.toObject()[u"PHOTOS"_s].toString().section(u'|', 1).section(u'\r', 0, 0);
+    }
+    const QJsonArray photos = home.Vasctl({u"photos"_s, u"list"_s, key}).Array();
+    ASSERT_FALSE(photos.isEmpty()) << key.toStdString();
+    ASSERT_EQ(home.Vasctl({u"records"_s, u"delete"_s, key, u"--yes"_s}).code, kDone);
+    ASSERT_EQ(Records(), records - 1);
+
+    const QByteArray before = Bytes(home.Native(u"DATABOOK/EXPORT/MAY.MDB"_s));
+    const Ended in = home.Vasctl({u"import"_s, target, u"--table"_s, u"MAY"_s, u"--pictures"_s});
+    ASSERT_EQ(in.code, kDone) << in.err.toStdString();
+    EXPECT_EQ(in.Object()[u"added"_s].toInt(), 1);
+    EXPECT_EQ(in.Object()[u"refused"_s].toArray().size(), records - 1);
+    EXPECT_EQ(in.Object()[u"pictures"_s].toObject()[u"written"_s].toInt(), 1);
+    EXPECT_EQ(Records(), records);
+    EXPECT_EQ(home.Vasctl({u"photos"_s, u"list"_s, key}).Array().at(0).toObject()[u"size"_s],
+              photos.at(0).toObject()[u"size"_s]);
+    EXPECT_EQ(Bytes(home.Native(u"DATABOOK/EXPORT/MAY.MDB"_s)), before);
+}
+
+TEST_F(VasctlExchange, WritesCsv)
+{
+    const Ended out = home.Vasctl({u"export"_s, u"--file"_s, u"C:\\DATABOOK\\LIST"_s, u"--to"_s, u"csv"_s, u"--where"_s,
+                                   u"CITY IS NOT NULL"_s, u"--delimiter"_s, u"tab"_s});
+    ASSERT_EQ(out.code, kDone) << out.err.toStdString();
+    const QByteArray csv = Bytes(home.Native(u"DATABOOK/LIST.csv"_s));
+    EXPECT_TRUE(csv.startsWith("FRONT\t") || csv.contains("\tCITY\t")) << csv.left(80).toStdString();
+    EXPECT_GT(out.Object()[u"records"_s].toInteger(), 0);
+    EXPECT_GE(csv.count("\r\n"), out.Object()[u"records"_s].toInteger() + 1);
+}
+
+TEST_F(VasctlExchange, RefusesInWords)
+{
+    EXPECT_EQ(home.Vasctl({u"export"_s}).code, kUsage);
+    EXPECT_EQ(home.Vasctl({u"export"_s, u"--file"_s, u"X"_s, u"--to"_s, u"paper"_s}).code, kUsage);
+    EXPECT_EQ(home.Vasctl({u"export"_s, u"--file"_s, u"X"_s, u"--to"_s, u"csv"_s, u"--pictures"_s}).code, kUsage);
+    const Ended protectedName = home.Vasctl({u"--plain"_s, u"export"_s, u"--file"_s, u"NEWDATA"_s});
+    EXPECT_EQ(protectedName.code, kFailed);
+    EXPECT_TRUE((protectedName.out + protectedName.err)
+                    .contains("You cannot export to default (protected) installed database: NEWDATA "));
+    EXPECT_EQ(home.Vasctl({u"export"_s, u"--file"_s, u"X"_s, u"--where"_s, u"NOSUCH = 1"_s}).code, kFailed);
+    EXPECT_FALSE(QFile::exists(home.Native(u"DATABOOK/EXPORT/X.MDB"_s)));
+    EXPECT_EQ(home.Vasctl({u"import"_s}).code, kUsage);
+    EXPECT_EQ(home.Vasctl({u"import"_s, u"NONE.MDB"_s}).code, kNotFound);
+    EXPECT_EQ(home.Vasctl({u"import"_s, u"C:\\DATABOOK\\DATABOOK.MDB"_s}).code, kUsage);
+}
+
+} // namespace

@@ -1,0 +1,204 @@
+#include "shell/report_home.h"
+#include "upkeep/frm_import.h"
+#include "windows/guard.h"
+#include "windows/screens.h"
+#include "windows/theme.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSettings>
+#include <QTest>
+
+namespace vasclip::windows {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+const QString kTheirs = u"C:\\DATABOOK\\IMPORT\\THEIRS.MDB"_s;
+const QByteArray kJpeg("\xFF\xD8\xFF the picture");
+
+/// The import's window, opened by its menu entry over the main screen.
+class ImportWindow : public shell::ReportHome
+{
+protected:
+    EventGuard guard{doubles.prompter, {}};
+    QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
+    Theme theme{*qApp, &settings};
+    ScreenWindow* window = nullptr;
+
+    void SetUp() override
+    {
+        ReportHome::SetUp();
+        home.MakeDirs(u"C:\\DATABOOK\\IMPORT"_s);
+        store::MakeDatabase(engine, kTheirs);
+        Add(kTheirs, u"COMPS"_s, {{u"CENTRALKEY"_s, u"12 OAK ST"_s.leftJustified(35)}});
+        const auto database = engine.OpenDatabase(kTheirs);
+        const auto rows = database->OpenRecordset(u"COMPS"_s, engine::RecordsetType::Table);
+        for (const QString& number : {u"1"_s, u"2"_s}) {
+            rows->AddNew();
+            rows->SetValue(u"CENTRALKEY"_s, (number + u" ASH ST"_s).leftJustified(35));
+            rows->SetValue(u"PHOTOS"_s, u"FRONT VIEW|0000000%1\r\n"_s.arg(number));
+            rows->SetValue(u"FRONTPHOTO"_s, kJpeg);
+            rows->Update();
+        }
+        rows->Close();
+        database->Close();
+        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
+    }
+    void Play(const std::function<void()>& script)
+    {
+        doubles.screens.Play([&](forms::Screen& screen) {
+            ScreenWindow stands(screen, guard);
+            EXPECT_TRUE(stands.Leftovers().isEmpty()) << stands.Leftovers().join(u'\n').toStdString();
+            window = &stands;
+            stands.show();
+            script();
+            window = nullptr;
+        });
+        guard.Run([&] { main.mnuDBItem.Choose(u"mnuDBItem"_s, 0); });
+        EXPECT_TRUE(doubles.screens.Shown().contains(u"frm_Import"_s));
+    }
+    template <typename Widget>
+    Widget& The(const QString& name) const
+    {
+        auto* found = window->findChild<Widget*>(name);
+        EXPECT_NE(found, nullptr) << name.toStdString();
+        return *found;
+    }
+    void Press(const QString& name) const { QTest::mouseClick(&The<QPushButton>(name), Qt::LeftButton); }
+    void Tick() const
+    {
+        auto& box = The<QCheckBox>(u"ckbCopy"_s);
+        QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(8, box.height() / 2));
+    }
+    QString Says() const { return The<QLabel>(u"lblmsg"_s).text(); }
+    QString Text(const QString& name) const { return The<QLineEdit>(name).text(); }
+    void Type(const QString& name, const QString& text) const
+    {
+        auto& box = The<QLineEdit>(name);
+        box.setFocus();
+        box.selectAll();
+        QTest::keyClicks(&box, text);
+    }
+    QStringList Lines(const QString& list) const
+    {
+        const QAbstractItemModel* model = The<QListView>(list).model();
+        QStringList lines;
+        for (int row = 0; model && row < model->rowCount(); ++row)
+            lines.append(model->index(row, 0).data().toString());
+        return lines;
+    }
+    void ClickLine(const QString& list, int row) const
+    {
+        auto& view = The<QListView>(list);
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(view.model()->index(row, 0)).center());
+    }
+};
+
+TEST_F(ImportWindow, AddsRecordsAndTheGridShowsThem)
+{
+    ASSERT_EQ(main.records.grddatabook.Source()->RowCount(), 1);
+    Play([&] {
+        EXPECT_EQ(window->windowTitle(), main.globals.productName + u" - Database Export Utility"_s);
+        EXPECT_EQ(The<QLabel>(u"lblTargetDB"_s).text(), shell::kDatabook);
+        EXPECT_EQ(Lines(u"filexport"_s), QStringList{u"THEIRS.MDB"_s});
+        ClickLine(u"filexport"_s, 0);
+        EXPECT_EQ(The<QLabel>(u"lblRecordCount"_s).text(), u"3 records"_s);
+        Tick();
+        Press(u"cmdImport"_s);
+        EXPECT_EQ(Says(), u"2 records of C:\\DATABOOK\\IMPORT\\THEIRS.MDB were added to the Databook. 1 was refused. "
+                          u"Pictures: 2 written."_s);
+        EXPECT_EQ(Lines(u"lstaccount"_s), QStringList{u"12 OAK ST: the Databook has a record of this key"_s});
+        EXPECT_EQ(The<QLabel>(u"lblRecordCount"_s).text(), u"3 records"_s);
+        if (qEnvironmentVariableIsSet("VASCLIP_SHOTS"))
+            window->grab().save(qEnvironmentVariable("VASCLIP_SHOTS") + u"/import.png"_s);
+    });
+    EXPECT_EQ(main.records.grddatabook.Source()->RowCount(), 3);
+    EXPECT_EQ(home.disk.ReadWhole(u"C:\\JPG\\00000002.jpg"_s), kJpeg);
+}
+
+TEST_F(ImportWindow, RefusesDashesAFileThatIsGoneAndItself)
+{
+    Play([&] {
+        Type(u"txtFileName"_s, u"EXPORT_03-07-26_090502.MDB"_s);
+        Press(u"cmdImport"_s);
+        EXPECT_EQ(Says(), u"The file 'EXPORT_03-07-26_090502.MDB' contains dashes (-) and must be renamed before it can "
+                          u"be imported."_s);
+        EXPECT_TRUE(doubles.prompter.Boxes().empty());
+        Type(u"txtFileName"_s, u"GONE.MDB"_s);
+        Press(u"cmdImport"_s);
+        EXPECT_EQ(Says(), QString());
+        EXPECT_EQ(doubles.prompter.Last().title, u"File Does Not Exist"_s);
+        EXPECT_EQ(doubles.prompter.Last().text, u"File C:\\DATABOOK\\IMPORT\\GONE.MDB does not exist."_s);
+        doubles.prompter.Forget();
+        Press(u"cmdDelete"_s);
+        EXPECT_EQ(doubles.prompter.Last().text, u"File C:\\DATABOOK\\IMPORT\\GONE.MDB does not exist."_s);
+        Type(u"txtPath"_s, u"c:\\databook"_s);
+        Type(u"txtFileName"_s, u"Databook.mdb"_s);
+        Press(u"cmdImport"_s);
+        EXPECT_EQ(doubles.prompter.Last().title, u"Cannot Import"_s);
+        EXPECT_EQ(doubles.prompter.Last().text, u"Cannot Import Databook.mdb unto itself!"_s);
+    });
+    EXPECT_EQ(Records().size(), 1);
+}
+
+TEST_F(ImportWindow, GoesToTheThreeDirectories)
+{
+    home.MakeDirs(u"C:\\DATABOOK\\ARCHIVE"_s);
+    store::MakeDatabase(engine, u"C:\\DATABOOK\\ARCHIVE\\OLD.MDB"_s);
+    Play([&] {
+        const auto choose = [&](int which) {
+            auto& option = The<QRadioButton>(u"optLocation_%1"_s.arg(which));
+            QTest::mouseClick(&option, Qt::LeftButton, {}, QPoint(8, option.height() / 2));
+            return option.text();
+        };
+        EXPECT_EQ(choose(2), u"Archive Location"_s);
+        EXPECT_EQ(Text(u"txtPath"_s), u"C:\\DATABOOK\\ARCHIVE\\"_s);
+        EXPECT_EQ(Lines(u"filexport"_s), QStringList{u"OLD.MDB"_s});
+        EXPECT_EQ(choose(1), u"Export Location"_s);
+        EXPECT_EQ(Lines(u"filexport"_s), QStringList());
+        EXPECT_EQ(choose(0), u"Import Location"_s);
+        EXPECT_EQ(Lines(u"filexport"_s), QStringList{u"THEIRS.MDB"_s});
+    });
+}
+
+TEST_F(ImportWindow, IsCanceledInTheMiddle)
+{
+    Play([&] {
+        ClickLine(u"filexport"_s, 0);
+        Tick();
+        int turns = 0;
+        doubles.pump.onTurn = [&] {
+            if (++turns == 2)
+                Press(u"cmdStop"_s);
+        };
+        Press(u"cmdImport"_s);
+        doubles.pump.onTurn = {};
+        EXPECT_EQ(Says(), u"Canceled: nothing came in."_s);
+    });
+    EXPECT_EQ(Records().size(), 1);
+    EXPECT_EQ(home.disk.Dir(u"C:\\JPG\\*"_s), QStringList());
+}
+
+TEST_F(ImportWindow, TakesATableOfAFileThatHasNoneOfTheUsualName)
+{
+    const auto database = engine.OpenDatabase(kTheirs);
+    database->Execute(u"SELECT * INTO [JUNE] FROM [COMPS]"_s);
+    database->Execute(u"DROP TABLE [COMPS]"_s);
+    database->Close();
+    Play([&] {
+        EXPECT_EQ(Text(u"txtTable"_s), u"COMPS"_s);
+        ClickLine(u"filexport"_s, 0);
+        EXPECT_EQ(Text(u"txtTable"_s), u"JUNE"_s);
+        Press(u"cmdImport"_s);
+        EXPECT_TRUE(Says().startsWith(u"2 records of"_s)) << Says().toStdString();
+    });
+}
+
+} // namespace
+} // namespace vasclip::windows
