@@ -39,6 +39,7 @@ constexpr std::array kRows = {
     Row{"maintain"_L1, ""_L1, "date account"_L1},
     Row{"export"_L1, ""_L1, "file table to pictures where delimiter code-page"_L1},
     Row{"import"_L1, ""_L1, "table pictures"_L1},
+    Row{"print"_L1, ""_L1, "layout list fields copy paper landscape portrait csv out where"_L1},
     Row{"mapdata"_L1, "import"_L1, "county state source date account beside"_L1},
 };
 
@@ -71,6 +72,7 @@ constexpr std::array kCommands = {
     CommandRow{"export"_L1, ""_L1},
     CommandRow{"import"_L1, ""_L1},
     CommandRow{"doctor"_L1, ""_L1},
+    CommandRow{"print"_L1, ""_L1},
     CommandRow{"databook"_L1, "copy"_L1},
 };
 

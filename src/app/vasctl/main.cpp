@@ -141,6 +141,15 @@ Commands:
   maintain delete-by-sale --date DATE, maintain delete-by-load --date DATE
                           deletes the records of this date and older with their pictures; 1/1/1900 means those
                           without a date
+  print --list            the report layouts; exit code 1 if one of them is wrong
+  print --fields          the fields that a report layout may name
+  print --layout NAME --out FILE.pdf [--where SQL] [--paper NAME] [--landscape | --portrait]
+                          prints the records of the Databook, or those for which a condition holds, into a PDF; asks
+                          about more than 500
+  print --layout NAME --csv FILE.csv [--where SQL]
+                          the same columns as a text file
+  print --layout NAME --copy NEW
+                          copies a layout into the user's directory, for editing
   doctor                  checks the home: files, versions, drives, databases from end to end, link
 
 Exit codes: 0 done; 1 failed, the message says why; 2 wrong command line; 3 not found; 4 a question was answered
@@ -193,19 +202,21 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
         return RunExport(session, out, arguments, options);
     if (command == u"import"_s)
         return RunImport(session, out, arguments, options);
+    if (command == u"print"_s)
+        return RunPrint(session, out, arguments, options);
     if (command == u"doctor"_s && arguments.isEmpty())
         return RunDoctor(session, out);
     out.Error(u"'%1' takes no such arguments; 'vasctl --help' lists them."_s.arg(command));
     return kUsage;
 }
 
-/// The map draws letters, which wants more than other commands pay for, and no display.
+/// The map and a report draw letters, which wants more than other commands pay for, and no display.
 std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char* argv[])
 {
     const auto says = [&](const char* wanted) {
         return std::any_of(argv, argv + argc, [&](const char* word) { return std::strcmp(word, wanted) == 0; });
     };
-    if (!says("map") || !says("picture"))
+    if ((!says("map") || !says("picture")) && !says("print"))
         return std::make_unique<QCoreApplication>(argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     return std::make_unique<QGuiApplication>(argc, argv);
@@ -242,7 +253,7 @@ int main(int argc, char* argv[])
         {u"to"_s, u"What an export writes: vasclip or csv."_s, u"KIND"_s},
         {u"delimiter"_s, u"Between the values of a CSV file (,): a letter, or 'tab'."_s, u"C"_s},
         {u"code-page"_s, u"Of a CSV file: UTF-8, UTF-16, Windows-1252, ISO-8859-1."_s, u"NAME"_s},
-        {u"out"_s, u"The picture's file."_s, u"FILE"_s},
+        {u"out"_s, u"The file that is made."_s, u"FILE"_s},
         {u"source"_s, u"Where street files come from, in words."_s, u"WORDS"_s},
         {u"date"_s, u"Their date, or up to which one records are deleted."_s, u"DATE"_s},
         {u"account"_s, u"A file for what an import left out, and why, or for what a repair changed."_s, u"FILE"_s},
@@ -257,6 +268,14 @@ int main(int argc, char* argv[])
         {u"before"_s, u"Only pictures of this date or older."_s, u"DATE"_s},
         {u"where"_s, u"Only records for which this SQL condition holds."_s, u"SQL"_s},
         {u"sort"_s, u"Sort by a field; \"FIELD DESC\" for downward."_s, u"FIELD"_s},
+        {u"layout"_s, u"A report layout, by its name."_s, u"NAME"_s},
+        {u"list"_s, u"List the report layouts."_s},
+        {u"fields"_s, u"List the fields of a report layout."_s},
+        {u"copy"_s, u"Copy the report layout under this name."_s, u"NEW"_s},
+        {u"paper"_s, u"The paper (letter, legal, tabloid, executive, a3, a4, a5)."_s, u"NAME"_s},
+        {u"landscape"_s, u"The long side lies."_s},
+        {u"portrait"_s, u"The long side stands."_s},
+        {u"csv"_s, u"The report's columns as a text file."_s, u"FILE"_s},
         {u"limit"_s, u"At most so many records."_s, u"N"_s},
     });
     options.addOptions(SearchOptions());

@@ -111,6 +111,7 @@ int RunMaintain(Session& session, const Output& out, const QStringList& argument
                 const QCommandLineParser& options);
 int RunExport(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options);
 int RunImport(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options);
+int RunPrint(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options);
 int RunDoctor(Session& session, const Output& out);
 
 } // namespace vasclip::vasctl

@@ -1,0 +1,76 @@
+#include "upkeep/report_csv.h"
+
+#include "platform/text/runtime_error.h"
+#include "store/fields.h"
+#include "upkeep/report_values.h"
+
+#include <QSaveFile>
+
+#include <algorithm>
+
+namespace vasclip::upkeep {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kRowsBetween = 200; ///< questions whether to go on
+
+/// As a program reads it: numbers without "$" and commas, texts whole.
+QString CsvValue(const store::Record& record, const LabelledField& field, const QDate& today)
+{
+    if (!record.Has(field.field))
+        return {};
+    if (field.format == Format::Date)
+        return Printed(record, field.field, field.format, today);
+    const QString text = LongText(record, field.field);
+    if (field.format != Format::Text)
+        if (const std::optional<double> number = NumberIn(text))
+            return NumberText(*number, Format::Number).remove(u',');
+    return text;
+}
+
+} // namespace
+
+QString CsvField(const QString& value)
+{
+    const bool quoted = value.contains(u',') || value.contains(u'"') || value.contains(u'\n') || value.contains(u'\r') ||
+                        value.trimmed() != value;
+    return quoted ? u'"' + QString(value).replace(u"\""_s, u"\"\""_s) + u'"' : value;
+}
+
+paper::Made WriteReportCsv(const QString& file, const ReportLayout& layout, const RecordFeed& feed, const QDate& today,
+                           const std::function<bool()>& goOn)
+{
+    const QList<LabelledField> columns = layout.Fields();
+    QSaveFile target(file);
+    bool fine = target.open(QIODevice::WriteOnly);
+    const auto put = [&](const QStringList& line) {
+        const QByteArray bytes = (line.join(u',') + u"\r\n"_s).toUtf8();
+        fine = fine && target.write(bytes) == bytes.size();
+    };
+    fine = fine && target.write("\xef\xbb\xbf") == 3;
+    QStringList line;
+    for (const LabelledField& column : columns)
+        line.append(CsvField(column.label));
+    put(line);
+    for (qint64 place = 0; place < feed.count && fine; ++place) {
+        if (place % kRowsBetween == 0 && !goOn()) {
+            target.cancelWriting();
+            return paper::Made::Stopped;
+        }
+        const std::optional<store::Record> record = feed.at(place);
+        if (!record)
+            continue;
+        line.clear();
+        for (const LabelledField& column : columns)
+            line.append(CsvField(CsvValue(*record, column, today)));
+        put(line);
+    }
+    if (!fine || !target.commit())
+        throw RuntimeError(target.error() == QFileDevice::OpenError ? error::kPathFileAccess : error::kDiskFull,
+                           u"%1 can't be written: %2. Nothing was stored."_s.arg(file, target.errorString()));
+    return paper::Made::Whole;
+}
+
+} // namespace vasclip::upkeep

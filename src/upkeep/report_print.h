@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/paper/pdf.h"
+#include "upkeep/report_pager.h"
+
+class QPagedPaintDevice;
+
+namespace vasclip::upkeep {
+
+/// How far a long report is: `done` of `total` records or pages. False stops.
+using ReportProgress = std::function<bool(const QString& doing, qint64 done, qint64 total)>;
+
+/// Everything that a report's pages come from.
+struct ReportBook
+{
+    const ReportLayout& layout;
+    paper::Sheet sheet;
+    ReportFacts facts;
+    RecordFeed feed;
+    paper::PictureSource& pictures;
+};
+
+/// @return 0 if it was stopped
+[[nodiscard]] int CountPages(const ReportBook& book, const ReportProgress& progress);
+
+/// All pages into a PDF. What stood under the file's name stays until the new one is whole.
+/// @param file  native path. @throws RuntimeError as paper::WritePdf
+[[nodiscard]] paper::Made PrintToPdf(const ReportBook& book, const QString& file, const ReportProgress& progress);
+
+/// Pages to a printer, from and to included. @throws RuntimeError 68 for a printer that takes nothing
+[[nodiscard]] paper::Made PrintToDevice(const ReportBook& book, QPagedPaintDevice& device, double dots, int from, int to,
+                                        const ReportProgress& progress);
+
+} // namespace vasclip::upkeep

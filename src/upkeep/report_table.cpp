@@ -1,0 +1,92 @@
+#include "upkeep/report_table.h"
+
+#include "platform/text/runtime_error.h"
+#include "store/fields.h"
+#include "store/schema.h"
+#include "store/select_into.h"
+#include "store/store.h"
+
+namespace vasclip::upkeep {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kTable = u"COMPS"_s;
+
+/// The engine's SELECT for a layout.
+QString SelectText(const ReportLayout& layout)
+{
+    QStringList columns, order;
+    for (const LabelledField& field : layout.Fields())
+        columns.append(field.field);
+    for (const QString& always : {QString(fields::CENTRALKEY), QString(fields::ADDRESS)})
+        if (!columns.contains(always))
+            columns.append(always);
+    for (const Group& group : layout.groups)
+        order.append(group.field);
+    for (const SortKey& key : layout.sort)
+        if (!order.contains(key.field))
+            order.append(key.field + (key.down ? u" DESC"_s : QString()));
+    const QString select = u"SELECT "_s + columns.join(u", "_s) + u" FROM ["_s + kTable + u']';
+    return order.isEmpty() ? select : select + u" ORDER BY "_s + order.join(u", "_s);
+}
+
+} // namespace
+
+ReportFiles SelectReportFiles(int chosen)
+{
+    switch (chosen) {
+    case 0: return {u"brief.rpt"_s, u"Report_Brief.mdb"_s};
+    case 1: return {u"medium.rpt"_s, u"Report_Medium.mdb"_s};
+    case 2: return {u"detail.rpt"_s, u"Report_Detail.mdb"_s};
+    default: return {u"brief.rpt"_s, u"Report_NonDesc.mdb"_s};
+    }
+}
+
+QString ActiveSearch(const QString& statement)
+{
+    const qsizetype where = statement.indexOf(u" WHERE "_s, 0, Qt::CaseInsensitive);
+    if (where >= 0)
+        return statement.mid(where + 7);
+    const qsizetype order = statement.indexOf(u" ORDER BY "_s, 0, Qt::CaseInsensitive);
+    return order >= 0 ? statement.mid(order + 1) : QString();
+}
+
+bool IsFilter(const QString& search)
+{
+    return !search.isEmpty() && !search.startsWith(u"ORDER BY"_s, Qt::CaseInsensitive);
+}
+
+qint64 FillReport(engine::Engine& engine, const QString& file, const QString& databook, const QString& table,
+                  const QString& search)
+{
+    if (!engine.Disk().Found(file))
+        store::MakeDatabase(engine, file);
+    try {
+        store::DropTheTable(engine, file, kTable);
+    } catch (const RuntimeError& failure) {
+        if (failure.Number() != error::kTableNotFound)
+            throw;
+    }
+    const QString copy = u"SELECT * INTO ["_s + file + u"].["_s + kTable + u"] FROM ["_s + table + u"] "_s;
+    return store::SelectInto(engine, databook, IsFilter(search) ? copy + u"WHERE "_s + search : copy);
+}
+
+ReportTable::ReportTable(engine::Engine& engine, const QString& file, const ReportLayout& layout)
+    : m_database(engine.OpenDatabase(file, engine::OpenMode::ReadOnly))
+    , m_rows(std::make_unique<store::Rows>(*m_database, SelectText(layout)))
+{}
+
+ReportTable::~ReportTable()
+{
+    m_rows.reset();
+    m_database->Close();
+}
+
+RecordFeed ReportTable::Feed() const
+{
+    return {m_rows->Count(), [rows = m_rows.get()](qint64 place) { return rows->At(place); }};
+}
+
+} // namespace vasclip::upkeep
