@@ -5,6 +5,7 @@
 #include "photos/capture_desk.h"
 #include "photos/photo_lists.h"
 #include "platform/engine/database.h"
+#include "shell/map_parts.h"
 #include "shell/report_home.h"
 #include "support/map_home.h"
 #include "windows/drag_desk.h"
