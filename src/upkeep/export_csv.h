@@ -6,10 +6,12 @@
 
 namespace vasclip::upkeep {
 
+using namespace Qt::StringLiterals;
+
 struct CsvForm
 {
     QChar delimiter = u',';
-    QString codePage = QStringLiteral("UTF-8"); ///< one of CodePages
+    QString codePage = u"UTF-8"_s; ///< one of CodePages
 };
 
 struct CsvExport
