@@ -9,6 +9,7 @@
 #include "store/fields.h"
 #include "store/long_fields.h"
 #include "store/store.h"
+#include "upkeep/import_plan.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -68,6 +69,16 @@ public:
     {
         return m_rows.Chunk(fields::FRONTPHOTO, 0, 3) == QByteArray("\xFF\xD8\xFF");
     }
+    /// Does a file hold the same?
+    [[nodiscard]] bool IsIn(const QString& native) const
+    {
+        QFile file(native);
+        const qint64 size = Size();
+        bool same = file.open(QIODevice::ReadOnly) && file.size() == size;
+        for (qint64 at = 0; same && at < size; at += kPiece)
+            same = file.read(kPiece) == m_rows.Chunk(fields::FRONTPHOTO, at, std::min(kPiece, size - at));
+        return same;
+    }
     /// @throws RuntimeError 75
     void WriteTo(const QString& native) const
     {
@@ -88,6 +99,39 @@ public:
 private:
     const store::LongRows& m_rows;
 };
+
+namespace {
+
+QString PictureSelect(const QString& table)
+{
+    return u"SELECT "_s + fields::CENTRALKEY + u", "_s + fields::PHOTOS + u", "_s + fields::FRONTPHOTO + u" FROM ["_s +
+           table + u']';
+}
+
+} // namespace
+
+QList<RowPicture> LookAtPictures(const TransferDesk& desk, engine::Database& source, const QString& table)
+{
+    QList<RowPicture> pictures;
+    store::LongRows rows(source, PictureSelect(table));
+    for (qint64 at = 0; at < rows.Count(); ++at) {
+        pictures.append(RowPicture::None);
+        if (!rows.StandOn(at))
+            continue;
+        const PictureRow row(rows);
+        const QString stem = row.Stem();
+        if (stem.isEmpty() || row.Size() <= 0)
+            continue;
+        const QString file = desk.Disk().ToNative(common::CkRSlash(desk.globals.G_PhotoDir) + stem + u".jpg"_s);
+        if (!photos::IsPlainStem(stem) || !row.IsPicture())
+            pictures.last() = RowPicture::Refused;
+        else if (!QFile::exists(file))
+            pictures.last() = RowPicture::Fresh;
+        else
+            pictures.last() = row.IsIn(file) ? RowPicture::There : RowPicture::Other;
+    }
+    return pictures;
+}
 
 EmbeddedImages::EmbeddedImages(const TransferDesk& desk, engine::Database& source, const QString& table)
     : m_desk(desk)
@@ -152,12 +196,13 @@ void EmbeddedImages::SaveOne(const PictureRow& row)
 bool EmbeddedImages::SaveEmbeddedImages(const WorkStep& step)
 {
     Sweep();
-    store::LongRows rows(m_source, u"SELECT "_s + fields::CENTRALKEY + u", "_s + fields::PHOTOS + u", "_s +
-                                       fields::FRONTPHOTO + u" FROM ["_s + m_table + u']');
+    store::LongRows rows(m_source, PictureSelect(m_table));
     for (qint64 at = 0; at < rows.Count(); ++at) {
         if (!rows.StandOn(at))
             continue; // somebody deleted it meanwhile
         const PictureRow row(rows);
+        if (m_only && !m_only->contains(KeyMark(row.Key())))
+            continue;
         m_result.stopped = !step(at, rows.Count(), kStepWords.arg(row.Key()));
         if (m_result.stopped)
             return false;

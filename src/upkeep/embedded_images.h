@@ -2,6 +2,10 @@
 
 #include "upkeep/transfer_desk.h"
 
+#include <QSet>
+
+#include <optional>
+
 namespace vasclip::upkeep {
 
 class PictureRow;
@@ -18,6 +22,12 @@ struct SavedImages
     QStringList notSaved;  ///< "KEY: why"
 };
 
+/// What a row's picture would meet in the photo directory.
+enum class RowPicture { None, Fresh, There, Other, Refused };
+
+/// Of each row of a table, by its place. @throws RuntimeError of the engine
+[[nodiscard]] QList<RowPicture> LookAtPictures(const TransferDesk& desk, engine::Database& source, const QString& table);
+
 /// The pictures inside rows on their way into the photo directory. They wait there under names of their own, so that
 /// a stop or a kill leaves the directory as it was; Place gives them their names.
 class EmbeddedImages
@@ -29,6 +39,8 @@ public:
     EmbeddedImages(const EmbeddedImages&) = delete;
     EmbeddedImages& operator=(const EmbeddedImages&) = delete;
 
+    /// Takes the pictures of these keys alone, as KeyMark has them.
+    void Only(const QSet<QString>& keys) { m_only = keys; }
     /// Writes the front picture of each row that has one, in pieces, and asks once before other pictures are written
     /// over. @return false after a stop or Cancel. @throws RuntimeError of disk and engine
     bool SaveEmbeddedImages(const WorkStep& step);
@@ -49,6 +61,7 @@ private:
     engine::Database& m_source;
     QString m_table;
     SavedImages m_result;
+    std::optional<QSet<QString>> m_only;
     QList<Waiting> m_waiting;
 };
 

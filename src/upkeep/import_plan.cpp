@@ -139,11 +139,16 @@ ImportPlan PlanImport(const TransferDesk& desk, engine::Database& source, const 
         const QString mark = KeyMark(keys.at(at));
         const QString why = mark.isEmpty()         ? kNoKey
                             : tooLong.contains(at) ? tooLong.value(at)
-                            : there.contains(mark) ? kThere
                             : seen.contains(mark)  ? kTwice
+                            : there.contains(mark) ? kThere
                                                    : QString();
         if (!why.isEmpty()) {
             plan.refused.append({text::Trim(keys.at(at)), why});
+            plan.reasons.insert(at, why);
+            if (why == kThere) {
+                plan.there.insert(at);
+                seen.insert(mark);
+            }
             continue;
         }
         seen.insert(mark);

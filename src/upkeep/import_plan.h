@@ -2,6 +2,7 @@
 
 #include "upkeep/transfer_desk.h"
 
+#include <QHash>
 #include <QSet>
 
 namespace vasclip::upkeep {
@@ -22,6 +23,8 @@ struct ImportPlan
     qint64 rows = 0;         ///< of the source
     QStringList newKeys;     ///< of the rows that come in, as stored
     QList<RefusedRow> refused;
+    QHash<qint64, QString> reasons; ///< why a row is refused, by its place in the source
+    QSet<qint64> there;             ///< places of those whose key the Databook has
     bool hasPictures = false; ///< the source has the field
 };
 

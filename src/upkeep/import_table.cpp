@@ -17,7 +17,9 @@ QString Counted(qint64 count, const QString& one, const QString& many)
     return count == 1 ? u"1 "_s + one : QString::number(count) + u' ' + many;
 }
 
-QString PictureWords(const SavedImages& pictures)
+} // namespace
+
+QString WordsOf(const SavedImages& pictures)
 {
     QStringList parts;
     if (pictures.written > 0)
@@ -32,8 +34,6 @@ QString PictureWords(const SavedImages& pictures)
         parts.append(u"%1 refused"_s.arg(pictures.notSaved.size()));
     return parts.isEmpty() ? QString() : u" Pictures: "_s + parts.join(u", "_s) + u'.';
 }
-
-} // namespace
 
 QString AppendStatement(const QString& databook, const QString& table, const QString& source, const QString& sourceTable,
                         const QStringList& columns, const QString& condition)
@@ -74,14 +74,14 @@ QString WordsOf(const ImportResult& result)
 {
     if (!result.done)
         return (result.stopped ? u"Canceled: nothing came in."_s : u"Nothing came in: the Databook is as it was."_s) +
-               PictureWords(result.pictures);
+               WordsOf(result.pictures);
     QString words = Counted(result.appended, u"record"_s, u"records"_s) + u" of "_s + result.source +
                     (result.appended == 1 ? u" was added to the Databook."_s : u" were added to the Databook."_s);
     if (const qint64 out = result.rows - result.appended; out > 0)
         words += u' ' + Counted(out, u"was refused."_s, u"were refused."_s);
     if (!result.leftBehind.isEmpty())
         words += u" The Databook has no field "_s + result.leftBehind.join(u", "_s) + u'.';
-    return words + PictureWords(result.pictures);
+    return words + WordsOf(result.pictures);
 }
 
 QStringList AccountOf(const ImportResult& result)

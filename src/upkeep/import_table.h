@@ -36,6 +36,7 @@ ImportResult ImportTable(const TransferDesk& desk, const ImportOrder& order, con
 
 /// The end message: how many came in, how many stayed out, what became of the pictures.
 [[nodiscard]] QString WordsOf(const ImportResult& result);
+[[nodiscard]] QString WordsOf(const SavedImages& pictures); ///< with a blank before them, "" for none
 /// A line for each row and picture that stayed out.
 [[nodiscard]] QStringList AccountOf(const ImportResult& result);
 

@@ -25,8 +25,6 @@ enum class RowChoice {
     TakeTheirs, ///< the record takes what the row holds
     FillBlanks, ///< the same, only where the record holds nothing
 };
-enum class RowPicture { None, Fresh, There, Other };
-
 struct RehearsedRow
 {
     qint64 place = 0; ///< in the source
@@ -85,8 +83,7 @@ private:
     void Sort();
     void Compare(const QList<qsizetype>& rows);
     void FindTwins();
-    void LookAtPictures();
-    void AddRows(RehearsalResult& result, const WorkStep& step);
+    void AddRows(RehearsalResult& result);
     void ChangeRow(const RehearsedRow& row, RehearsalResult& result);
 
     TransferDesk m_desk;

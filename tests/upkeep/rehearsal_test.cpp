@@ -1,0 +1,194 @@
+#include "transfer_home.h"
+
+#include "store/change.h"
+#include "support/error_number.h"
+#include "upkeep/address_twins.h"
+#include "upkeep/rehearsal.h"
+
+namespace vasclip::upkeep {
+namespace {
+
+const QByteArray kJpeg("\xFF\xD8\xFF the picture");
+
+class Rehearsed : public TransferHome
+{
+protected:
+    const QString file = u"C:\\EXPORT\\THEIRS.MDB"_s;
+
+    void SetUp() override
+    {
+        TransferHome::SetUp();
+        Fill();
+        AddRow({{key, u"123 N OAK ST"_s.leftJustified(35)}, {u"ADDRESS"_s, u"123 N Oak St"_s}, {u"CITY"_s, u"ALDER"_s}});
+        store::MakeDatabase(engine, file);
+        const auto database = engine.OpenDatabase(file);
+        const auto rows = database->OpenRecordset(table, engine::RecordsetType::Table);
+        const auto put = [&](const QString& comp, const QString& address, const QString& city, const QString& zip,
+                             const QString& photos, const QVariant& picture) {
+            rows->AddNew();
+            rows->SetValue(key, comp.leftJustified(35));
+            rows->SetValue(u"ADDRESS"_s, address);
+            rows->SetValue(u"CITY"_s, city);
+            rows->SetValue(u"ZIP"_s, zip);
+            rows->SetValue(u"PHOTOS"_s, photos);
+            rows->SetValue(u"FRONTPHOTO"_s, picture);
+            rows->Update();
+        };
+        put(u"1 ASH ST"_s, u"1 ASH ST"_s, u"CEDAR"_s, {}, u"FRONT VIEW|00000009\r\n"_s, kJpeg);
+        put(u"14 OAK ST"_s, u"14 OAK ST"_s, u"OTHER"_s, u"97001"_s, u" "_s, {});
+        put(u"9 ELM ST"_s, u"9 ELM ST"_s, u"ALDER"_s, {}, u"front view |00000003"_s, {});
+        put(u"123 NORTH OAK STREET"_s, u"123 North Oak Street"_s, u"Alder"_s, u"97002"_s, u" "_s, {});
+        rows->Close();
+        database->Close();
+    }
+    std::unique_ptr<Rehearsal> Begin(bool pictures = true)
+    {
+        return std::make_unique<Rehearsal>(Desk(),
+                                           ImportOrder{.source = file, .table = table, .pictures = pictures});
+    }
+    static RehearsedRow RowOf(const Rehearsal& rehearsal, const QString& comp)
+    {
+        for (const RehearsedRow& row : rehearsal.Rows())
+            if (row.key == comp)
+                return row;
+        ADD_FAILURE() << "no row " << comp.toStdString();
+        return {};
+    }
+    static qsizetype PlaceOf(const Rehearsal& rehearsal, const QString& comp)
+    {
+        return RowOf(rehearsal, comp).place;
+    }
+};
+
+TEST(AddressTwins, AreOneHouseInTwoSpellings)
+{
+    EXPECT_EQ(HouseOf(u"123 N Oak St"_s), HouseOf(u"123 North Oak Street"_s));
+    EXPECT_EQ(HouseOf(u"5 Third Ave"_s), HouseOf(u"5 3RD AVENUE"_s));
+    EXPECT_NE(HouseOf(u"123 N Oak St"_s), HouseOf(u"123 S Oak St"_s));
+    EXPECT_NE(HouseOf(u"123 N Oak St Apt 1"_s), HouseOf(u"123 N Oak St Apt 2"_s));
+    EXPECT_EQ(HouseOf(u"Oak St"_s), QString());
+    EXPECT_EQ(HouseOf(QString()), QString());
+}
+
+TEST_F(Rehearsed, TellsWhatEachRowIs)
+{
+    const auto rehearsal = Begin();
+    ASSERT_EQ(rehearsal->Rows().size(), 4);
+    EXPECT_EQ(RowOf(*rehearsal, u"1 ASH ST"_s).kind, RowKind::New);
+    EXPECT_EQ(RowOf(*rehearsal, u"1 ASH ST"_s).choice, RowChoice::Add);
+    EXPECT_EQ(RowOf(*rehearsal, u"1 ASH ST"_s).picture, RowPicture::Fresh);
+    EXPECT_EQ(RowOf(*rehearsal, u"14 OAK ST"_s).kind, RowKind::Changed);
+    EXPECT_EQ(RowOf(*rehearsal, u"14 OAK ST"_s).differences, 2);
+    EXPECT_EQ(RowOf(*rehearsal, u"123 NORTH OAK STREET"_s).kind, RowKind::Twin);
+    EXPECT_EQ(RowOf(*rehearsal, u"123 NORTH OAK STREET"_s).mine, u"123 N OAK ST"_s);
+    EXPECT_EQ(rehearsal->Count(RowKind::New), 1);
+    EXPECT_EQ(Keys(path, table).size(), 4) << "a look changes nothing";
+}
+
+TEST_F(Rehearsed, FindsNoTwinInAnotherTown)
+{
+    const auto database = engine.OpenDatabase(path);
+    database->Execute(u"UPDATE [COMPS] SET CITY = 'FARAWAY' WHERE CENTRALKEY = '123 N OAK ST'"_s);
+    database->Close();
+    EXPECT_EQ(RowOf(*Begin(), u"123 NORTH OAK STREET"_s).kind, RowKind::New);
+}
+
+TEST_F(Rehearsed, ShowsFieldsSideBySide)
+{
+    const auto rehearsal = Begin();
+    const QList<FieldPair> pairs = rehearsal->FieldsOf(RowOf(*rehearsal, u"14 OAK ST"_s));
+    ASSERT_EQ(pairs.size(), 2);
+    EXPECT_EQ(pairs[0].field, u"CITY"_s);
+    EXPECT_EQ(pairs[0].mine, u"BIRCH"_s);
+    EXPECT_EQ(pairs[0].theirs, u"OTHER"_s);
+    EXPECT_EQ(pairs[1].field, u"ZIP"_s);
+    EXPECT_GT(rehearsal->FieldsOf(RowOf(*rehearsal, u"14 OAK ST"_s), true).size(), 2);
+}
+
+TEST_F(Rehearsed, WithoutAChoiceAddsTheNewAlone)
+{
+    const RehearsalResult result = Begin()->Carry(Step());
+    EXPECT_TRUE(result.done);
+    EXPECT_EQ(result.added, 1);
+    EXPECT_EQ(result.changed, 0);
+    EXPECT_EQ(result.pictures.written, 1);
+    EXPECT_EQ(Field(path, table, u"14 OAK ST"_s, u"CITY"_s).toString(), u"BIRCH"_s);
+    EXPECT_EQ(Keys(path, table).size(), 5);
+}
+
+TEST_F(Rehearsed, TakesTheirsOrFillsBlanksAsChosen)
+{
+    const auto rehearsal = Begin();
+    rehearsal->ChooseAll(RowKind::Changed, RowChoice::FillBlanks);
+    rehearsal->Choose(PlaceOf(*rehearsal, u"123 NORTH OAK STREET"_s), RowChoice::TakeTheirs);
+    rehearsal->Choose(PlaceOf(*rehearsal, u"1 ASH ST"_s), RowChoice::KeepMine);
+    const RehearsalResult result = rehearsal->Carry(Step());
+    EXPECT_EQ(result.added, 0);
+    EXPECT_GE(result.changed, 2);
+    EXPECT_EQ(Field(path, table, u"14 OAK ST"_s, u"CITY"_s).toString(), u"BIRCH"_s);
+    EXPECT_EQ(Field(path, table, u"14 OAK ST"_s, u"ZIP"_s).toString(), u"97001"_s);
+    EXPECT_EQ(Field(path, table, u"123 N OAK ST"_s, u"ZIP"_s).toString(), u"97002"_s);
+    EXPECT_EQ(Field(path, table, u"123 N OAK ST"_s, u"ADDRESS"_s).toString(), u"123 North Oak Street"_s);
+    EXPECT_EQ(Keys(path, table).size(), 4);
+    EXPECT_EQ(disk.Dir(u"C:\\JPG\\*"_s).size(), 2) << "a row that stays out brings no picture";
+}
+
+TEST_F(Rehearsed, AddsATwinOnlyWhereThatIsChosen)
+{
+    const auto rehearsal = Begin();
+    rehearsal->ChooseAll(RowKind::Twin, RowChoice::Add);
+    EXPECT_EQ(rehearsal->Carry(Step()).added, 2);
+    EXPECT_EQ(Keys(path, table).size(), 6);
+}
+
+TEST_F(Rehearsed, RefusesChoicesThatDoNotFit)
+{
+    const auto rehearsal = Begin();
+    rehearsal->Choose(PlaceOf(*rehearsal, u"14 OAK ST"_s), RowChoice::Add);
+    EXPECT_EQ(RowOf(*rehearsal, u"14 OAK ST"_s).choice, RowChoice::KeepMine);
+    rehearsal->Choose(99, RowChoice::Add);
+    rehearsal->ChooseAll(RowKind::New, RowChoice::TakeTheirs);
+    EXPECT_EQ(RowOf(*rehearsal, u"1 ASH ST"_s).choice, RowChoice::Add);
+}
+
+TEST_F(Rehearsed, ThatFailsInTheMiddleLeavesTheDatabookAsItWas)
+{
+    const auto rehearsal = Begin();
+    rehearsal->ChooseAll(RowKind::Changed, RowChoice::TakeTheirs);
+    int heard = 0;
+    databook.Watch([&heard](const store::Step&) {
+        if (++heard == 2)
+            throw RuntimeError(error::kDiskFull, u"full"_s);
+    });
+    EXPECT_EQ(tests::NumberOf([&] { (void)rehearsal->Carry(Step()); }), error::kDiskFull);
+    EXPECT_EQ(heard, 2);
+    EXPECT_EQ(Keys(path, table).size(), 4);
+    EXPECT_EQ(Field(path, table, u"14 OAK ST"_s, u"CITY"_s).toString(), u"BIRCH"_s);
+}
+
+TEST_F(Rehearsed, WritesRefusedRowsWithTheReason)
+{
+    const auto database = engine.OpenDatabase(file);
+    database->CreateTable({.name = u"ODD"_s,
+                           .fields = {{.name = key, .size = 80}, {.name = u"CITY"_s, .size = 99}},
+                           .indexes = {}});
+    const auto rows = database->OpenRecordset(u"ODD"_s, engine::RecordsetType::Table);
+    for (const QString& comp : {u"2 ASH ST"_s, u"2 ash st"_s, QString()}) {
+        rows->AddNew();
+        rows->SetValue(key, comp);
+        rows->SetValue(u"CITY"_s, u"a, \"b\"\nc"_s);
+        rows->Update();
+    }
+    rows->Close();
+    database->Close();
+    const Rehearsal rehearsal(Desk(), {.source = file, .table = u"ODD"_s, .pictures = true});
+    EXPECT_EQ(rehearsal.Count(RowKind::Refused), 2);
+    EXPECT_EQ(rehearsal.WriteRefused(u"C:\\EXPORT\\REFUSED.CSV"_s), 2);
+    EXPECT_EQ(disk.ReadWhole(u"C:\\EXPORT\\REFUSED.CSV"_s),
+              "CENTRALKEY,CITY,REASON\r\n"
+              "2 ash st,\"a, \"\"b\"\"\nc\",an earlier row of the file has the same key\r\n"
+              ",\"a, \"\"b\"\"\nc\",it has no key\r\n");
+}
+
+} // namespace
+} // namespace vasclip::upkeep
