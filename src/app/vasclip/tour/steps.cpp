@@ -38,6 +38,8 @@ std::span<const TourStep> TourSteps()
         {"subject and comps on the map"_L1, Map},
         {"map data"_L1, MapData},
         {"repairs of the Databook"_L1, Repairs},
+        // upkeep
+        {"export and import"_L1, ExportAndImport},
         // setting up
         {"grid layouts"_L1, GridLayouts},
         {"settings"_L1, Settings},

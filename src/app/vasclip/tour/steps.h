@@ -72,6 +72,8 @@ bool MapData(const Stage& stage);
 
 // tour/repairs.cpp
 bool Repairs(const Stage& stage);
+// tour/exchange.cpp
+bool ExportAndImport(const Stage& stage);
 
 // tour/settings.cpp
 bool GridLayouts(const Stage& stage);
