@@ -30,7 +30,7 @@ const QHash<QChar, char>& Bytes1252()
 
 std::optional<QString> Converted(const QByteArray& bytes, QStringConverter::Encoding encoding)
 {
-    QStringDecoder decoder(encoding);
+    QStringDecoder decoder(encoding, QStringDecoder::Flag::Stateless);
     QString text = decoder(bytes);
     if (decoder.hasError())
         return std::nullopt;

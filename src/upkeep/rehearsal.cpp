@@ -320,4 +320,12 @@ QString WordsOf(const RehearsalResult& result)
     return u"Records added: %1, changed: %2."_s.arg(result.added).arg(result.changed) + WordsOf(result.pictures);
 }
 
+QString SummaryOf(const Rehearsal& rehearsal)
+{
+    QStringList parts;
+    for (const RowKind kind : {RowKind::New, RowKind::Changed, RowKind::Same, RowKind::Twin, RowKind::Refused})
+        parts.append(NameOf(kind) + u": "_s + QString::number(rehearsal.Count(kind)));
+    return parts.join(u", "_s);
+}
+
 } // namespace vasclip::upkeep

@@ -97,5 +97,7 @@ private:
 [[nodiscard]] QString NameOf(RowKind kind);
 [[nodiscard]] QString NameOf(RowChoice choice);
 [[nodiscard]] QString WordsOf(const RehearsalResult& result);
+/// How many rows of each kind there are, in one line.
+[[nodiscard]] QString SummaryOf(const Rehearsal& rehearsal);
 
 } // namespace vasclip::upkeep
