@@ -72,6 +72,31 @@ TEST_F(VasctlExchange, WritesCsv)
     EXPECT_GE(csv.count("\r\n"), out.Object()[u"records"_s].toInteger() + 1);
 }
 
+TEST_F(VasctlExchange, RehearsesACsvFileAndImportsByChoice)
+{
+    const QString key = home.Vasctl({u"records"_s, u"list"_s}).Array().at(0).toObject()[u"CENTRALKEY"_s].toString().trimmed();
+    QFile file(home.Native(u"VAS2000/LIST.CSV"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("Address;Pool;Price\n9876 Test Ln;yes;\"$250,000\"\n" + key.toUtf8() + ";kidney;1\n7 Bad Rd;;250K\n");
+    file.close();
+    const QStringList import{u"import"_s, u"C:\\VAS2000\\LIST.CSV"_s, u"--map"_s, u"Pool=NOTES"_s};
+    const qint64 records = Records();
+    const Ended look = home.Vasctl(import + QStringList{u"--rehearse"_s});
+    ASSERT_EQ(look.code, kDone) << look.err.toStdString();
+    QStringList kinds;
+    for (const QJsonValue& row : look.Array())
+        kinds.append(row.toObject()[u"kind"_s].toString());
+    EXPECT_EQ(kinds, (QStringList{u"new"_s, u"changed"_s, u"refused"_s}));
+    EXPECT_EQ(Records(), records);
+    const Ended done = home.Vasctl(import + QStringList{u"--choose"_s, u"changed=theirs"_s});
+    ASSERT_EQ(done.code, kDone) << done.err.toStdString();
+    EXPECT_EQ(done.Object()[u"added"_s].toInt(), 1);
+    EXPECT_EQ(done.Object()[u"changed"_s].toInt(), 1);
+    EXPECT_EQ(home.Vasctl({u"records"_s, u"show"_s, key}).Object()[u"NOTES"_s].toString(), u"kidney"_s);
+    EXPECT_EQ(home.Vasctl(import + QStringList{u"--choose"_s, u"same=add"_s}).code, kUsage);
+    EXPECT_EQ(home.Vasctl({u"import"_s, u"C:\\VAS2000\\LIST.CSV"_s, u"--map"_s, u"Nothing=NOTES"_s}).code, kUsage);
+}
+
 TEST_F(VasctlExchange, RefusesInWords)
 {
     EXPECT_EQ(home.Vasctl({u"export"_s}).code, kUsage);

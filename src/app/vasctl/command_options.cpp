@@ -38,8 +38,8 @@ constexpr std::array kRows = {
     Row{"map"_L1, "picture"_L1, "out"_L1},
     Row{"maintain"_L1, ""_L1, "date account"_L1},
     Row{"export"_L1, ""_L1, "file table to pictures where delimiter code-page"_L1},
-    Row{"import"_L1, ""_L1, "table pictures"_L1},
     Row{"print"_L1, ""_L1, "layout list fields copy paper landscape portrait csv out where"_L1},
+    Row{"import"_L1, ""_L1, "table pictures rehearse choose refused map delimiter code-page"_L1},
     Row{"mapdata"_L1, "import"_L1, "county state source date account beside"_L1},
 };
 

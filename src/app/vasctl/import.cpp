@@ -2,7 +2,9 @@
 
 #include "common/paths.h"
 #include "platform/text/text.h"
-#include "upkeep/import_table.h"
+#include "upkeep/code_pages.h"
+#include "upkeep/csv_source.h"
+#include "upkeep/rehearsal.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -13,7 +15,30 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr auto kUsageText = "Usage: vasctl import FILE [--table NAME] [--pictures]"_L1;
+constexpr auto kUsageText = "Usage: vasctl import FILE [--table NAME] [--pictures] [--rehearse] [--choose KIND=CHOICE ...] "
+                            "[--refused FILE] [--map HEADING=FIELD ...] [--delimiter C] [--code-page NAME]"_L1;
+
+struct Word
+{
+    QLatin1StringView word;
+    int value;
+};
+constexpr Word kKinds[] = {{"new"_L1, int(upkeep::RowKind::New)},
+                           {"changed"_L1, int(upkeep::RowKind::Changed)},
+                           {"twin"_L1, int(upkeep::RowKind::Twin)}};
+constexpr Word kChoices[] = {{"add"_L1, int(upkeep::RowChoice::Add)},
+                             {"mine"_L1, int(upkeep::RowChoice::KeepMine)},
+                             {"theirs"_L1, int(upkeep::RowChoice::TakeTheirs)},
+                             {"blanks"_L1, int(upkeep::RowChoice::FillBlanks)}};
+
+template <std::size_t N>
+std::optional<int> ValueOf(const Word (&words)[N], const QString& word)
+{
+    for (const Word& one : words)
+        if (word == one.word)
+            return one.value;
+    return std::nullopt;
+}
 
 /// A bare name stands in the import directory.
 QString SourceOf(Session& session, const QString& given)
@@ -21,6 +46,222 @@ QString SourceOf(Session& session, const QString& given)
     const bool bare = !given.contains(u'\\') && !given.contains(u'/');
     return bare ? common::CkRSlash(session.Home().globals.G_ImportDir) + given : DrivePathOf(session.Disk(), given);
 }
+
+/// One import: the file, or what a CSV file was read into.
+class Job
+{
+public:
+    Job(Session& session, const Output& out, const QCommandLineParser& options, const QString& source)
+        : m_out(out)
+        , m_options(options)
+        , m_program(session.WithDatabook())
+        , m_desk{.databook = m_program.sources.datDatabook, .globals = m_program.globals, .ports = session.Ports()}
+        , m_given(source)
+        , m_line(out)
+    {}
+
+    int Run()
+    {
+        m_order.source = m_given;
+        m_order.pictures = m_options.isSet(u"pictures"_s);
+        m_order.table = text::Trim(m_options.isSet(u"table"_s) ? m_options.value(u"table"_s)
+                                                               : m_program.globals.G_ImportTable);
+        const bool csv = m_given.endsWith(".csv"_L1, Qt::CaseInsensitive) || m_given.endsWith(".txt"_L1, Qt::CaseInsensitive);
+        if (!csv && (m_options.isSet(u"map"_s) || m_options.isSet(u"delimiter"_s) || m_options.isSet(u"code-page"_s))) {
+            m_out.Error(u"--map, --delimiter and --code-page belong to a CSV file."_s);
+            return kUsage;
+        }
+        if (csv)
+            if (const int code = ReadCsv(); code != kDone)
+                return code;
+        return m_options.isSet(u"rehearse"_s) || m_options.isSet(u"choose"_s) || m_options.isSet(u"refused"_s) ? Rehearse()
+                                                                                                               : Import();
+    }
+
+private:
+    upkeep::WorkStep Step()
+    {
+        return [this](qint64 done, qint64 of, const QString& words) {
+            m_line.Show(words, done, of);
+            return true;
+        };
+    }
+
+    int ReadCsv()
+    {
+        QChar delimiter;
+        if (const QString given = m_options.value(u"delimiter"_s); !given.isEmpty())
+            delimiter = given == "tab"_L1 ? QChar(u'\t') : given[0];
+        QString codePage;
+        if (m_options.isSet(u"code-page"_s)) {
+            codePage = upkeep::CodePageOf(m_options.value(u"code-page"_s));
+            if (codePage.isEmpty()) {
+                m_out.Error(u"'%1' is no code page that can be read; these can: %2."_s.arg(
+                    m_options.value(u"code-page"_s), upkeep::CodePages().join(u", "_s)));
+                return kUsage;
+            }
+        }
+        upkeep::CsvLook look = upkeep::LookAtCsv(m_desk, m_given, delimiter, codePage);
+        for (const QString& choice : m_options.values(u"map"_s))
+            if (!Map(look, choice))
+                return kUsage;
+        if (!m_out.Json())
+            for (const upkeep::CsvColumn& column : std::as_const(look.columns))
+                m_out.Line(u"%1 -> %2"_s.arg(column.heading, column.field.isEmpty() ? u"(left behind)"_s : column.field));
+        if (m_options.isSet(u"map"_s))
+            upkeep::KeepColumns(m_desk, look);
+        m_csv = std::make_unique<upkeep::CsvSource>(m_desk, m_given, look, Step());
+        m_line.Clear();
+        m_order.source = m_csv->File();
+        m_order.table = upkeep::CsvSource::kTable;
+        m_order.pictures = false;
+        return kDone;
+    }
+
+    /// HEADING=FIELD; nothing behind the sign leaves the column behind.
+    bool Map(upkeep::CsvLook& look, const QString& choice)
+    {
+        const QString heading = choice.section(u'=', 0, 0).trimmed();
+        const QString field = text::Folded(choice.section(u'=', 1));
+        const bool known = field.isEmpty() || store::FindField(m_desk.databook, field) != nullptr;
+        const auto column = std::find_if(look.columns.begin(), look.columns.end(), [&](const upkeep::CsvColumn& one) {
+            return one.heading.compare(heading, Qt::CaseInsensitive) == 0;
+        });
+        if (!known || column == look.columns.end()) {
+            m_out.Error(known ? u"The file has no column '%1'."_s.arg(heading)
+                              : u"The Databook has no field '%1'."_s.arg(field));
+            return false;
+        }
+        for (upkeep::CsvColumn& other : look.columns)
+            if (other.field == field)
+                other.field.clear();
+        column->field = field;
+        return true;
+    }
+
+    QJsonArray RefusedLines(const QList<upkeep::RefusedRow>& more) const
+    {
+        QList<upkeep::RefusedRow> all = m_csv ? m_csv->Refused() : QList<upkeep::RefusedRow>();
+        all += more;
+        QJsonArray refused;
+        for (const upkeep::RefusedRow& row : std::as_const(all)) {
+            refused.append(QJsonObject{{u"key"_s, row.key}, {u"why"_s, row.why}});
+            if (!m_out.Json())
+                m_out.Line((row.key.isEmpty() ? u"(no key)"_s : row.key) + u": "_s + row.why);
+        }
+        return refused;
+    }
+
+    static QJsonObject PicturesOf(const upkeep::SavedImages& pictures)
+    {
+        return {{u"written"_s, pictures.written},
+                {u"writtenOver"_s, pictures.over},
+                {u"there"_s, pictures.same},
+                {u"kept"_s, pictures.kept},
+                {u"refused"_s, QJsonArray::fromStringList(pictures.notSaved)}};
+    }
+
+    int Import()
+    {
+        upkeep::ImportResult result = upkeep::ImportTable(m_desk, m_order, Step());
+        result.source = m_given;
+        m_line.Clear();
+        const QJsonArray refused = RefusedLines(result.refused);
+        if (!m_out.Json())
+            for (const QString& one : std::as_const(result.pictures.notSaved))
+                m_out.Line(one);
+        const QStringList behind = m_csv ? m_csv->LeftBehind() : result.leftBehind;
+        result.rows += m_csv ? m_csv->Refused().size() : 0;
+        const QString words = upkeep::WordsOf(result);
+        m_out.Value({{u"file"_s, m_given},
+                     {u"table"_s, result.table},
+                     {u"rows"_s, result.rows},
+                     {u"added"_s, result.appended},
+                     {u"refused"_s, refused},
+                     {u"fieldsLeftBehind"_s, QJsonArray::fromStringList(behind)},
+                     {u"pictures"_s, PicturesOf(result.pictures)},
+                     {u"message"_s, words}},
+                    words);
+        return result.done ? kDone : result.pictures.declined ? kDeclined : kFailed;
+    }
+
+    bool Choose(upkeep::Rehearsal& rehearsal)
+    {
+        for (const QString& choice : m_options.values(u"choose"_s)) {
+            const auto kind = ValueOf(kKinds, choice.section(u'=', 0, 0));
+            const auto what = ValueOf(kChoices, choice.section(u'=', 1));
+            if (!kind || !what || !upkeep::Rehearsal::Fits(upkeep::RowKind(*kind), upkeep::RowChoice(*what))) {
+                m_out.Error(u"--choose takes new=add or mine; changed=mine, theirs or blanks; twin=add, mine, theirs or "
+                            "blanks; not '%1'."_s.arg(choice));
+                return false;
+            }
+            rehearsal.ChooseAll(upkeep::RowKind(*kind), upkeep::RowChoice(*what));
+        }
+        return true;
+    }
+
+    int Rehearse()
+    {
+        upkeep::Rehearsal rehearsal(m_desk, m_order);
+        if (!Choose(rehearsal))
+            return kUsage;
+        m_line.Clear();
+        if (m_options.isSet(u"refused"_s)) {
+            const QString file = DrivePathOf(m_desk.Disk(), m_options.value(u"refused"_s));
+            if (file.isEmpty()) {
+                m_out.Error(u"%1 lies on none of the program's drives."_s.arg(m_options.value(u"refused"_s)));
+                return kUsage;
+            }
+            (void)rehearsal.WriteRefused(file);
+        }
+        return m_options.isSet(u"choose"_s) && !m_options.isSet(u"rehearse"_s) ? Carry(rehearsal) : Show(rehearsal);
+    }
+
+    int Show(const upkeep::Rehearsal& rehearsal)
+    {
+        static const QString kPictures[] = {u""_s, u"new"_s, u"there"_s, u"writes over another"_s, u"refused"_s};
+        QList<QStringList> rows;
+        for (const upkeep::RehearsedRow& row : rehearsal.Rows()) {
+            QStringList fields;
+            if (row.kind == upkeep::RowKind::Changed || row.kind == upkeep::RowKind::Twin)
+                for (const upkeep::FieldPair& pair : rehearsal.FieldsOf(row))
+                    fields.append(u"%1: %2 -> %3"_s.arg(pair.field, pair.mine, pair.theirs));
+            rows.append({row.key, upkeep::NameOf(row.kind), upkeep::NameOf(row.choice), row.mine,
+                         kPictures[static_cast<int>(row.picture)], row.why.isEmpty() ? fields.join(u"; "_s) : row.why});
+        }
+        if (m_csv)
+            for (const upkeep::RefusedRow& row : m_csv->Refused())
+                rows.append({row.key, upkeep::NameOf(upkeep::RowKind::Refused),
+                             upkeep::NameOf(upkeep::RowChoice::KeepMine), {}, {}, row.why});
+        m_out.Table({u"key"_s, u"kind"_s, u"choice"_s, u"record"_s, u"picture"_s, u"why"_s}, rows);
+        if (!m_out.Json())
+            m_out.Line(upkeep::SummaryOf(rehearsal));
+        return kDone;
+    }
+
+    int Carry(upkeep::Rehearsal& rehearsal)
+    {
+        const upkeep::RehearsalResult result = rehearsal.Carry(Step());
+        m_line.Clear();
+        const QString words = upkeep::WordsOf(result);
+        m_out.Value({{u"file"_s, m_given},
+                     {u"added"_s, result.added},
+                     {u"changed"_s, result.changed},
+                     {u"pictures"_s, PicturesOf(result.pictures)},
+                     {u"message"_s, words}},
+                    words);
+        return result.done ? kDone : result.pictures.declined ? kDeclined : kFailed;
+    }
+
+    const Output& m_out;
+    const QCommandLineParser& m_options;
+    shell::Program& m_program;
+    upkeep::TransferDesk m_desk;
+    QString m_given;
+    ProgressLine m_line;
+    upkeep::ImportOrder m_order;
+    std::unique_ptr<upkeep::CsvSource> m_csv;
+};
 
 } // namespace
 
@@ -35,11 +276,8 @@ int RunImport(Session& session, const Output& out, const QStringList& arguments,
         out.Error(u"File %1 does not exist."_s.arg(source.isEmpty() ? arguments[0] : source));
         return kNotFound;
     }
-    shell::Program& program = session.WithDatabook();
-    const upkeep::TransferDesk desk{
-        .databook = program.sources.datDatabook, .globals = program.globals, .ports = session.Ports()};
     const QString name = source.mid(source.lastIndexOf(u'\\') + 1);
-    if (text::Folded(source) == text::Folded(desk.Databook())) {
+    if (text::Folded(source) == text::Folded(session.WithDatabook().sources.datDatabook.DatabaseName())) {
         out.Error(u"Cannot Import %1 unto itself!"_s.arg(name));
         return kUsage;
     }
@@ -47,37 +285,7 @@ int RunImport(Session& session, const Output& out, const QStringList& arguments,
         out.Error(u"The file '%1' contains dashes (-) and must be renamed before it can be imported."_s.arg(name));
         return kUsage;
     }
-    ProgressLine line(out);
-    const QString table = options.isSet(u"table"_s) ? options.value(u"table"_s) : program.globals.G_ImportTable;
-    const upkeep::ImportResult result = upkeep::ImportTable(
-        desk, {.source = source, .table = text::Trim(table), .pictures = options.isSet(u"pictures"_s)},
-        [&line](qint64 done, qint64 of, const QString& words) {
-            line.Show(words, done, of);
-            return true;
-        });
-    line.Clear();
-    const QStringList account = upkeep::AccountOf(result);
-    const QString words = upkeep::WordsOf(result);
-    if (!out.Json())
-        for (const QString& one : account)
-            out.Line(one);
-    QJsonArray refused;
-    for (const upkeep::RefusedRow& row : result.refused)
-        refused.append(QJsonObject{{u"key"_s, row.key}, {u"why"_s, row.why}});
-    out.Value({{u"file"_s, source},
-               {u"table"_s, result.table},
-               {u"rows"_s, result.rows},
-               {u"added"_s, result.appended},
-               {u"refused"_s, refused},
-               {u"fieldsLeftBehind"_s, QJsonArray::fromStringList(result.leftBehind)},
-               {u"pictures"_s, QJsonObject{{u"written"_s, result.pictures.written},
-                                           {u"writtenOver"_s, result.pictures.over},
-                                           {u"there"_s, result.pictures.same},
-                                           {u"kept"_s, result.pictures.kept},
-                                           {u"refused"_s, QJsonArray::fromStringList(result.pictures.notSaved)}}},
-               {u"message"_s, words}},
-              words);
-    return result.done ? kDone : result.pictures.declined ? kDeclined : kFailed;
+    return Job(session, out, options, source).Run();
 }
 
 } // namespace vasclip::vasctl

@@ -118,6 +118,15 @@ Commands:
                           adds the records of another database; those whose key is there stay out, and are listed.
                           With --pictures the pictures inside the rows go to the photo directory; asks before it
                           writes over another picture. A bare FILE stands in the import directory
+  import FILE.csv [--map HEADING=FIELD ...] [--delimiter C] [--code-page NAME]
+                          the same from a CSV file. Where each column goes is proposed and told; --map changes it,
+                          and is kept for files of the same headings
+  import FILE ... --rehearse [--refused FILE]
+                          tells of each row whether it is new, changed, the same, at the same address as another
+                          record, or refused and why; does nothing. --refused writes the refused rows as a CSV file
+  import FILE ... --choose KIND=CHOICE ...
+                          imports by that: new=add or mine; changed=mine, theirs or blanks (only where the record
+                          holds nothing); twin (same address) likewise or add
   layouts list            the saved layouts of the grid
   layouts show NAME       its columns in their order
   layouts save NAME       the layout that the program left, under a name
@@ -250,6 +259,10 @@ int main(int argc, char* argv[])
         {u"file"_s, u"The file of an export, a bare name in the export directory; of sql, instead of the Databook."_s,
          u"FILE"_s},
         {u"table"_s, u"The table in a database file."_s, u"NAME"_s},
+        {u"rehearse"_s, u"Tells what an import would do, and does nothing."_s},
+        {u"choose"_s, u"What becomes of a kind of rows: changed=theirs; may be given several times."_s, u"KIND=CHOICE"_s},
+        {u"refused"_s, u"A CSV file for the rows that an import refuses."_s, u"FILE"_s},
+        {u"map"_s, u"Where a column of a CSV file goes; may be given several times."_s, u"HEADING=FIELD"_s},
         {u"to"_s, u"What an export writes: vasclip or csv."_s, u"KIND"_s},
         {u"delimiter"_s, u"Between the values of a CSV file (,): a letter, or 'tab'."_s, u"C"_s},
         {u"code-page"_s, u"Of a CSV file: UTF-8, UTF-16, Windows-1252, ISO-8859-1."_s, u"NAME"_s},
