@@ -30,6 +30,7 @@ constexpr std::array kRows = {
     Row{"find"_L1, ""_L1, "limit"_L1},
     Row{"cities"_L1, "add"_L1, "city state zip county"_L1},
     Row{"cities"_L1, "assign"_L1, "city state zip county"_L1},
+    Row{"convert"_L1, ""_L1, "to"_L1},
     Row{"sql"_L1, ""_L1, "file"_L1},
     Row{"trash"_L1, "empty"_L1, "dir before"_L1},
     Row{"trash"_L1, ""_L1, "dir"_L1},
@@ -74,6 +75,7 @@ constexpr std::array kCommands = {
     CommandRow{"doctor"_L1, ""_L1},
     CommandRow{"print"_L1, ""_L1},
     CommandRow{"databook"_L1, "copy"_L1},
+    CommandRow{"convert"_L1, ""_L1},
 };
 
 /// Stands for the sign of a number, which the parser would take for an option.

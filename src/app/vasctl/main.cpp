@@ -159,6 +159,9 @@ Commands:
                           the same columns as a text file
   print --layout NAME --copy NEW
                           copies a layout into the user's directory, for editing
+  convert SOURCE TARGET --to access|vasclip
+                          a new database of the other kind, with all tables, records and pictures; it has its name
+                          only when every value has been compared, and the source stays as it is
   doctor                  checks the home: files, versions, drives, databases from end to end, link
 
 Exit codes: 0 done; 1 failed, the message says why; 2 wrong command line; 3 not found; 4 a question was answered
@@ -201,6 +204,8 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
         return RunComments(session, out, arguments);
     if (command == u"databook"_s)
         return RunDatabook(session, out, arguments);
+    if (command == u"convert"_s)
+        return RunConvert(session, out, arguments, options);
     if (command == u"map"_s)
         return RunMap(session, out, arguments, options);
     if (command == u"mapdata"_s)
@@ -263,7 +268,7 @@ int main(int argc, char* argv[])
         {u"choose"_s, u"What becomes of a kind of rows: changed=theirs; may be given several times."_s, u"KIND=CHOICE"_s},
         {u"refused"_s, u"A CSV file for the rows that an import refuses."_s, u"FILE"_s},
         {u"map"_s, u"Where a column of a CSV file goes; may be given several times."_s, u"HEADING=FIELD"_s},
-        {u"to"_s, u"What an export writes: vasclip or csv."_s, u"KIND"_s},
+        {u"to"_s, u"What an export writes (vasclip, csv), or a conversion makes (access, vasclip)."_s, u"KIND"_s},
         {u"delimiter"_s, u"Between the values of a CSV file (,): a letter, or 'tab'."_s, u"C"_s},
         {u"code-page"_s, u"Of a CSV file: UTF-8, UTF-16, Windows-1252, ISO-8859-1."_s, u"NAME"_s},
         {u"out"_s, u"The file that is made."_s, u"FILE"_s},

@@ -112,6 +112,7 @@ int RunMaintain(Session& session, const Output& out, const QStringList& argument
 int RunExport(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options);
 int RunImport(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options);
 int RunPrint(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options);
+int RunConvert(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options);
 int RunDoctor(Session& session, const Output& out);
 
 } // namespace vasclip::vasctl

@@ -1,0 +1,159 @@
+// From one kind of database to the other and back, with a look at every value before the new one is kept.
+
+#include "platform/engine/convert.h"
+#include "platform/engine/genuine_file.h"
+#include "platform/engine/jet_samples.h"
+
+namespace vasclip::engine {
+namespace {
+
+const QString kBook = u"C:\\BOOK.MDB"_s;
+const QString kAccess = u"C:\\ACCESS.MDB"_s;
+const QString kBack = u"C:\\BACK.MDB"_s;
+
+struct JetConvertTest : testing::Test
+{
+    JetConvertTest()
+    {
+        QList<Comp> comps;
+        for (int i = 0; i < 300; ++i)
+            comps.append({u"%1 OAK ST"_s.arg(i), u"Salem"_s, QString::number(i * 1000), {}, {}});
+        const auto book = MakeComps(home.engine, kBook, comps);
+        const auto rows = book->OpenRecordset(u"COMPS"_s, RecordsetType::Table);
+        for (; !rows->Eof(); rows->MoveNext()) {
+            rows->Edit();
+            rows->SetValue(5, QString(static_cast<int>(rows->AbsolutePosition() * 20), u'n'));
+            rows->SetValue(6, QByteArray(static_cast<int>(rows->AbsolutePosition() * 100), '\xD8'));
+            rows->Update();
+        }
+        book->Close();
+    }
+
+    std::optional<Converted> Convert(const QString& from, const QString& to, DatabaseKind kind)
+    {
+        conversion.source = from;
+        conversion.target = to;
+        conversion.to = kind;
+        return ConvertDatabase(home.engine, conversion);
+    }
+    QStringList Files() const { return QDir(home.directory.path() + u"/drive_c"_s).entryList(QDir::Files); }
+
+    Home home;
+    Conversion conversion;
+};
+
+TEST_F(JetConvertTest, ThereAndBackEveryValueIsTheSame)
+{
+    const QByteArray before = BytesOf(home.Native(u"BOOK.MDB"_s));
+    ASSERT_EQ(Convert(kBook, kAccess, DatabaseKind::Access)->records, 300);
+    EXPECT_EQ(BytesOf(home.Native(u"BOOK.MDB"_s)), before);
+    const QByteArray access = BytesOf(home.Native(u"ACCESS.MDB"_s));
+    conversion.complete = [](TableDef& table) { table.fields[2].sortsAs = SortsAs::Number; };
+    ASSERT_EQ(Convert(kAccess, kBack, DatabaseKind::Vasclip)->records, 300);
+    EXPECT_EQ(BytesOf(home.Native(u"ACCESS.MDB"_s)), access);
+    const auto first = home.engine.OpenDatabase(kBook);
+    const auto last = home.engine.OpenDatabase(kBack);
+    EXPECT_EQ(last->Table(u"COMPS"_s).fields[2].sortsAs, SortsAs::Number);
+    EXPECT_TRUE(last->Table(u"COMPS"_s).indexes[0].primary);
+    const auto one = first->OpenRecordset(u"COMPS"_s, RecordsetType::Table);
+    const auto other = last->OpenRecordset(u"COMPS"_s, RecordsetType::Table);
+    for (; !one->Eof(); one->MoveNext(), other->MoveNext()) {
+        for (int i = 0; i < one->Fields().size(); ++i)
+            ASSERT_EQ(one->Value(i), other->Value(i));
+    }
+    EXPECT_TRUE(other->Eof());
+    first->Close();
+    last->Close();
+    EXPECT_EQ(Files(), (QStringList{u"ACCESS.MDB"_s, u"BACK.MDB"_s, u"BOOK.MDB"_s}));
+}
+
+TEST_F(JetConvertTest, ItTakesThePlaceOfTheOldOneWhichIsKept)
+{
+    static_cast<void>(Convert(kBook, kAccess, DatabaseKind::Access));
+    const QByteArray access = BytesOf(home.Native(u"ACCESS.MDB"_s));
+    conversion.keepAs = u"C:\\OLD.MDB"_s;
+    ASSERT_TRUE(Convert(kAccess, kAccess, DatabaseKind::Vasclip));
+    EXPECT_EQ(BytesOf(home.Native(u"OLD.MDB"_s)), access);
+    const auto made = home.engine.OpenDatabase(kAccess);
+    EXPECT_FALSE(IsGenuine(*made));
+    EXPECT_EQ(made->OpenRecordset(u"COMPS"_s, RecordsetType::Table)->RecordCount(), 300);
+}
+
+TEST_F(JetConvertTest, OneThatIsStoppedLeavesNothing)
+{
+    for (const QString& at : {u"Copying"_s, u"Comparing"_s}) {
+        conversion.step = [&](const QString& doing, qint64 done, qint64) { return !doing.startsWith(at) || done < 128; };
+        for (const auto kind : {DatabaseKind::Access, DatabaseKind::Vasclip})
+            EXPECT_FALSE(Convert(kBook, kAccess, kind)) << at.toStdString();
+        EXPECT_EQ(Files(), QStringList{u"BOOK.MDB"_s});
+    }
+}
+
+TEST_F(JetConvertTest, WhatIsThereIsNotWrittenOver)
+{
+    static_cast<void>(home.engine.CreateDatabase(kAccess));
+    EXPECT_EQ(ErrorOf([&] { static_cast<void>(Convert(kBook, kAccess, DatabaseKind::Access)); }), error::kDatabaseExists);
+}
+
+TEST_F(JetConvertTest, OfADamagedOneWhatCanBeReadIsKeptOnlyWhenThatIsWanted)
+{
+    static_cast<void>(Convert(kBook, kAccess, DatabaseKind::Access));
+    QByteArray bytes = BytesOf(home.Native(u"ACCESS.MDB"_s));
+    constexpr int kPage = 4096;
+    int spoiled = 0;
+    for (int page = 16; page < bytes.size() / kPage && spoiled < 2; ++page) {
+        if (bytes[page * kPage] == 1 && bytes.mid(page * kPage + 4, 4) == "LVAL") {
+            bytes.replace(page * kPage, kPage, QByteArray(kPage, '\0'));
+            ++spoiled;
+        }
+    }
+    QFile file(home.Native(u"ACCESS.MDB"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    file.close();
+    QString text;
+    EXPECT_EQ(ErrorOf([&] { static_cast<void>(Convert(kAccess, kBack, DatabaseKind::Vasclip)); }, &text),
+              error::kCorruptDatabase);
+    EXPECT_TRUE(text.contains(u"table COMPS, row"_s)) << text.toStdString();
+    EXPECT_FALSE(QFile::exists(home.Native(u"BACK.MDB"_s)));
+    QStringList told;
+    conversion.accept = [&](const QStringList& missing) {
+        told = missing;
+        return true;
+    };
+    const auto made = Convert(kAccess, kBack, DatabaseKind::Vasclip);
+    ASSERT_TRUE(made);
+    EXPECT_EQ(made->records, 300);
+    EXPECT_FALSE(told.isEmpty());
+    EXPECT_EQ(told, made->missing);
+    EXPECT_TRUE(told[0].contains(u"field "_s)) << told[0].toStdString();
+}
+
+TEST_F(JetConvertTest, ARecordThatAnAccessFileCanNotHoldIsNamed)
+{
+    const auto book = home.engine.OpenDatabase(kBook);
+    TableDef wide;
+    wide.name = u"WIDE"_s;
+    for (int i = 0; i < 10; ++i)
+        wide.fields.append(TextField(u"F%1"_s.arg(i), 255));
+    book->CreateTable(wide);
+    const auto rows = book->OpenRecordset(u"WIDE"_s, RecordsetType::Table);
+    for (const QChar letter : {u'a', u'\u0416'}) {
+        rows->AddNew();
+        for (int i = 0; i < 10; ++i)
+            rows->SetValue(i, QString(255, letter));
+        rows->Update();
+    }
+    book->Close();
+    QStringList told;
+    conversion.accept = [&](const QStringList& missing) {
+        told = missing;
+        return true;
+    };
+    ASSERT_EQ(Convert(kBook, kAccess, DatabaseKind::Access)->records, 301);
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_TRUE(told[0].startsWith(u"table WIDE, record 2"_s)) << told[0].toStdString();
+    EXPECT_TRUE(told[0].contains(u"too large"_s)) << told[0].toStdString();
+}
+
+} // namespace
+} // namespace vasclip::engine
