@@ -5,6 +5,7 @@
 #include "common/error_block.h"
 #include "databook/switch_databook.h"
 #include "platform/text/text.h"
+#include "shell/convert_offer.h"
 #include "shell/frm_change_db.h"
 #include "shell/program.h"
 #include "shell/record_on_show.h"
@@ -31,6 +32,7 @@ void DatabookInUse::ChangeDatabase()
 
 bool DatabookInUse::SwitchDatabook(const QString& directory, const QString& file)
 {
+    OfferConversion(m_program, directory + file, m_program.globals.G_Table);
     bool letGo = false;
     const auto opening = [&] {
         letGo = true;

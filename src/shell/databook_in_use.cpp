@@ -7,6 +7,7 @@
 #include "databook/grid.h"
 #include "platform/engine/errors.h"
 #include "platform/text/text.h"
+#include "shell/convert_offer.h"
 #include "shell/program.h"
 #include "shell/record_on_show.h"
 #include "shell/rescue_text.h"
@@ -101,6 +102,7 @@ QString DatabookInUse::WhyNotOpened()
 void DatabookInUse::OpenDatabook()
 {
     const common::RoutineScope scope{"Connect2Databook"};
+    OfferConversion(m_program, m_program.DatabookPath(), m_program.globals.G_Table);
     for (QString why = WhyNotOpened(); !why.isEmpty(); why = WhyNotOpened()) {
         const QString path = m_program.DatabookPath();
         switch (m_program.Prompter().MsgBox(forms::Buttons::YesNoCancel, forms::Icon::Exclamation,
@@ -108,8 +110,10 @@ void DatabookInUse::OpenDatabook()
         case forms::Answer::Yes:
             break;
         case forms::Answer::No:
-            if (const Databook chosen = ChooseDatabook(); !chosen.file.isEmpty())
+            if (const Databook chosen = ChooseDatabook(); !chosen.file.isEmpty()) {
                 NameDatabook(chosen);
+                OfferConversion(m_program, m_program.DatabookPath(), m_program.globals.G_Table);
+            }
             break;
         default:
             throw forms::EndOfProgram{1};

@@ -1,5 +1,6 @@
 #include "shell/start.h"
 
+#include "comments/comment_file.h"
 #include "common/error_block.h"
 #include "common/given_up.h"
 #include "common/paths.h"
@@ -8,6 +9,7 @@
 #include "link/link_desk.h"
 #include "photos/capture_desk.h"
 #include "platform/files/reach.h"
+#include "shell/convert_offer.h"
 #include "shell/databook_in_use.h"
 #include "shell/frm_main.h"
 #include "shell/frm_splash.h"
@@ -26,6 +28,7 @@ namespace {
 struct Abandoned
 {};
 
+const QString kCommentTable = u"COMPS"_s;
 constexpr qsizetype kLongestCaption = 255;
 constexpr std::chrono::milliseconds kPatience{150}; ///< with a disk, before the splash says which one is slow
 
@@ -177,7 +180,11 @@ void Start::TakeStartSteps(const StartUpOptions& options, frm_Splash& splash)
         u"Connect2Databook"_s, {}, [&] { m_main.databookInUse.OpenDatabook(); }, databook);
     reach(m_program.MappingPath());
     step(u"Connect2mdb"_s, u"Connecting to "_s + QString::fromLatin1(common::Globals::kMappingFile),
-         [&] { m_program.ConnectMapping(); });
+         [&] {
+             OfferConversion(m_program, m_program.MappingPath(), QString::fromLatin1(common::Globals::kMappingTable));
+             OfferConversion(m_program, comments::CommentFilePath(m_program.globals), kCommentTable);
+             m_program.ConnectMapping();
+         });
     reach(m_program.globals.G_CaptureDir);
     step(u"DisplayCamera"_s, u"Verifying Capture Directory"_s, [&] {
         WithCaptureDisk(options.places, [&] {

@@ -1,3 +1,4 @@
+#include "platform/engine/convert.h"
 #include "platform/files/profile.h"
 #include "shell/frm_config.h"
 #include "shell/frm_main.h"
@@ -269,6 +270,22 @@ TEST_F(SetupMenu, ADamagedCandidateLeavesThePresentDatabase)
     EXPECT_EQ(Rows(), 2);
     ChooseDatabase({});
     EXPECT_EQ(offered, QStringList{u"DATABOOK.MDB"_s}) << "it is not offered again";
+}
+
+TEST_F(SetupMenu, AnAccessDatabaseIsConvertedOnTheWay)
+{
+    engine::Conversion wanted{.source = u"C:\\DATABOOK\\OLD.MDB"_s,
+                              .target = u"C:\\DATABOOK\\BOB.MDB"_s,
+                              .to = engine::DatabaseKind::Access};
+    ASSERT_TRUE(engine::ConvertDatabase(engine, wanted));
+    const QByteArray access = home.disk.ReadWhole(wanted.target);
+    Load();
+    doubles.prompter.Answer(forms::Answer::Yes);
+    ChooseDatabase(u"BOB.MDB"_s);
+    EXPECT_EQ(main.globals.G_DataFile, u"BOB.MDB"_s);
+    EXPECT_EQ(Rows(), 1);
+    EXPECT_TRUE(main.sources.datDatabook.Recordset().Updatable());
+    EXPECT_EQ(home.disk.ReadWhole(u"C:\\DATABOOK\\BOB_ACCESS.MDB"_s), access);
 }
 
 TEST_F(SetupMenu, ManualEntryIsHiddenAndShownUnderItsThreeCaptions)

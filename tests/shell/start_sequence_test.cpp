@@ -1,5 +1,6 @@
 #include "shell/frm_main.h"
 
+#include "platform/engine/convert.h"
 #include "platform/files/profile.h"
 #include "shell/frm_splash.h"
 #include "shell/start_up.h"
@@ -465,6 +466,88 @@ TEST_F(DamagedStart, WhatCanBeReadBecomesANewDatabookThatTheProgramGoesOnWith)
     doubles.prompter.Forget();
     tomorrow.Form_load(options, splash);
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+/// A Databook of ten records that is a genuine Access file.
+class AccessStart : public StartSequence
+{
+protected:
+    const QString book = u"C:\\DATABOOK\\DATABOOK.MDB"_s;
+    const QString kept = u"C:\\DATABOOK\\DATABOOK_ACCESS.MDB"_s;
+    QByteArray before;
+
+    void SetUp() override
+    {
+        StartSequence::SetUp();
+        {
+            const auto database = engine.OpenDatabase(book);
+            const auto rows = database->OpenRecordset(u"COMPS"_s, engine::RecordsetType::Table);
+            for (int i = 0; i < 10; ++i) {
+                rows->AddNew();
+                rows->SetValue(u"CENTRALKEY"_s, u"%1 OAK ST"_s.arg(i));
+                rows->SetValue(u"ADDRESS"_s, u"%1 Oak St"_s.arg(i));
+                rows->SetValue(u"SELLINGPR"_s, QString::number((i * 7 % 10) * 9000));
+                rows->SetValue(u"FRONTPHOTO"_s, QByteArray(1 + i * 3000, '\xD8'));
+                rows->Update();
+            }
+            rows->Close();
+            database->Close();
+        }
+        MakeAccess(book);
+        before = home.disk.ReadWhole(book);
+    }
+    void MakeAccess(const QString& path)
+    {
+        engine::Conversion wanted{.source = path, .target = u"C:\\MADE.MDB"_s, .to = engine::DatabaseKind::Access};
+        ASSERT_TRUE(engine::ConvertDatabase(engine, wanted));
+        home.disk.Kill(path);
+        home.disk.Name(wanted.target, path);
+    }
+};
+
+TEST_F(AccessStart, BecomesAVasclipDatabookWhenThatIsWantedAndIsKept)
+{
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Load();
+    ASSERT_EQ(doubles.prompter.Boxes().size(), 2U);
+    EXPECT_TRUE(doubles.prompter.Boxes()[0].text.startsWith(book + u" is an Access database."_s));
+    EXPECT_TRUE(doubles.prompter.Boxes()[0].text.contains(kept));
+    EXPECT_TRUE(doubles.prompter.Boxes()[1].text.contains(u"10 records"_s));
+    EXPECT_EQ(home.disk.ReadWhole(kept), before);
+    EXPECT_TRUE(main.sources.datDatabook.Recordset().Updatable());
+    EXPECT_EQ(main.sources.datDatabook.Recordset().RecordCount(), 10);
+    EXPECT_EQ(main.sources.datDatabook.Recordset().Fields().at(main.sources.datDatabook.FieldIndex(u"SELLINGPR"_s)).sortsAs,
+              engine::SortsAs::Number);
+    main.Form_Unload();
+    Program tomorrowProgram{home.disk.Home(), {conduit, ports}};
+    frm_Main tomorrow{tomorrowProgram};
+    doubles.prompter.Forget();
+    tomorrow.Form_load(options, splash);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty()) << "it is asked no more";
+}
+
+TEST_F(AccessStart, IsOpenForReadingOnlyWhenThatIsWanted)
+{
+    doubles.prompter.Answer(forms::Answer::No);
+    Load();
+    ASSERT_EQ(doubles.prompter.Boxes().size(), 1U);
+    EXPECT_FALSE(main.sources.datDatabook.Recordset().Updatable());
+    EXPECT_EQ(main.records.grddatabook.CurrentText(u"CENTRALKEY"_s).trimmed(), u"0 OAK ST"_s);
+    main.Form_Unload();
+    EXPECT_EQ(home.disk.ReadWhole(book), before);
+    EXPECT_FALSE(home.disk.FileExists(kept));
+}
+
+TEST_F(AccessStart, AFullDirectoryOfNamesAndAMappingAreNoTrouble)
+{
+    home.Put(kept, "somebody's");
+    MakeAccess(u"C:\\VAS2000\\Comp2Kel.mdb"_s);
+    doubles.prompter.AnswerAlways(forms::Answer::Yes);
+    Load();
+    EXPECT_EQ(home.disk.ReadWhole(kept), "somebody's");
+    EXPECT_EQ(home.disk.ReadWhole(u"C:\\DATABOOK\\DATABOOK_ACCESS2.MDB"_s), before);
+    EXPECT_TRUE(home.disk.FileExists(u"C:\\VAS2000\\Comp2Kel_ACCESS.mdb"_s));
+    EXPECT_TRUE(main.sources.datComp2Kel_CURRENT.Recordset().Updatable());
 }
 
 TEST_F(StartSequence, AHomeThatCanNotBeWrittenIsOpenedAndTold)

@@ -15,16 +15,16 @@ enum class DatabaseKind {
 /// Makes a database of one kind of all that one of another kind holds.
 struct Conversion
 {
-    QString source;
-    QString target; ///< the same one puts the new file in the place of the old one
+    QString source{};
+    QString target{}; ///< the same one puts the new file in the place of the old one
     DatabaseKind to = DatabaseKind::Vasclip;
-    QString keepAs; ///< where the old file is kept, byte for byte, when the new one takes its place
+    QString keepAs{}; ///< where the old file is kept, byte for byte, when the new one takes its place
     /// What the file itself does not tell of its fields: how their texts sort.
-    std::function<void(TableDef&)> complete;
+    std::function<void(TableDef&)> complete{};
     /// Told how far it is, within a table; false stops, and nothing was made.
-    std::function<bool(const QString& doing, qint64 done, qint64 total)> step;
+    std::function<bool(const QString& doing, qint64 done, qint64 total)> step{};
     /// Asked when something could not be read or stored; false stops. Without it that is an error.
-    std::function<bool(const QStringList& missing)> accept;
+    std::function<bool(const QStringList& missing)> accept{};
 };
 
 struct Converted

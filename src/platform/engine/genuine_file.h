@@ -4,8 +4,10 @@
 
 namespace vasclip::engine {
 
-/// Is the file at the path a genuine one of the old engine? Such a file opens for reading only.
+/// Is it a genuine file of the old engine? Such a one is open for reading only.
 [[nodiscard]] bool IsGenuine(const Database& database);
+/// Does what lies at the path begin as one? It must not be open in this process, whose locks on it would go.
+[[nodiscard]] bool IsGenuineFile(const files::Disk& disk, const QString& path);
 
 /// A new genuine file, which other programs can open. Tables and records are added to it, through record sets or by
 /// statements of the database that has them; nothing in it is read or changed before it is closed. It appears under

@@ -14,6 +14,17 @@ bool IsGenuine(const Database& database)
     return dynamic_cast<const jet::JetDatabase*>(&database) != nullptr;
 }
 
+bool IsGenuineFile(const files::Disk& disk, const QString& path)
+{
+    constexpr qint64 kMark = 20;
+    try {
+        QFile file(disk.ToNative(path));
+        return file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) && jet::IsGenuineHeader(file.read(kMark));
+    } catch (const RuntimeError&) {
+        return false; // a path that no drive has is refused by whoever opens it
+    }
+}
+
 struct GenuineFile::Private
 {
     std::shared_ptr<jet::Making> making;
