@@ -22,6 +22,8 @@ struct Node
     bool leaf = true;
     QList<QByteArray> entries;
     quint32 tail = 0;
+    quint32 previous = 0;
+    quint32 next = 0;
 };
 
 Node ReadNode(PageFile& file, quint32 number, quint32 table)
@@ -34,6 +36,8 @@ Node ReadNode(PageFile& file, quint32 number, quint32 table)
         throw Damaged(u"page %1 is not one of this index"_s.arg(number));
     Node node;
     node.leaf = type == kLeafPage;
+    node.previous = bytes.U32(jet4 ? 12 : 8);
+    node.next = bytes.U32(jet4 ? 16 : 12);
     node.tail = bytes.U32(jet4 ? 20 : 16);
     const int shared = jet4 ? bytes.U16(24) : bytes.U8(20);
     const int bitmap = jet4 ? kIndexBitmap : 22;
@@ -85,6 +89,13 @@ private:
             throw Damaged(u"its pages lead in a circle"_s);
         m_seen.insert(page);
         const Node node = ReadNode(m_file, page, m_rows.Rows().Stored().page);
+        // Whoever goes through all keys follows the leaves by themselves.
+        if (node.leaf && m_leaf != 0 && (node.previous != m_leaf || m_next != page))
+            throw Damaged(u"page %1 does not follow page %2"_s.arg(QString::number(page), QString::number(m_leaf)));
+        if (node.leaf) {
+            m_leaf = page;
+            m_next = node.next;
+        }
         for (const QByteArray& entry : node.entries) {
             if (entry.size() <= kEntryPointer)
                 throw Damaged(u"an entry on page %1 is too short"_s.arg(page));
@@ -146,6 +157,8 @@ private:
     QSet<quint32> m_seen;
     QByteArray m_last;
     std::size_t m_entries = 0;
+    quint32 m_leaf = 0; ///< the last one
+    quint32 m_next = 0; ///< the one that it names as the next
 };
 
 } // namespace
