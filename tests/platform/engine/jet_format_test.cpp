@@ -137,6 +137,7 @@ TEST(JetFormat, KeysOfTexts)
     EXPECT_EQ(key(u"databases  "_s), key(u"DATABASES"_s)) << "neither case nor trailing blanks count";
     EXPECT_EQ(key(u"caf\u00E9"_s), "4D4A5351010202020E00");
     EXPECT_EQ(key(u"a-b"_s), "4A4C0101010180" "0B" "068200") << "a hyphen is told behind the letters";
+    EXPECT_EQ(key(u"_-"_s), "2B03010101" "01" "800B" "0682" "00") << "places count characters, not bytes";
     EXPECT_EQ(key(u"12 Oak"_s), "383A07644A5C0100");
     EXPECT_FALSE(TextKey(u"\u0416"_s));
     QByteArray last;
@@ -190,7 +191,7 @@ TEST(JetFormat, MapsListWhatTheyWereGiven)
     const QTemporaryDir directory;
     const QString name = directory.filePath(u"x.mdb"_s);
     const std::vector<std::vector<quint32>> lists = {
-        {}, {3}, {16, 511}, {16, 512}, {1000, 1007, 1511}, {1000, 1513}, {16, 32'735, 32'736, 40'000}};
+        {}, {3}, {16, 511}, {16, 512}, {1000, 1007, 1511}, {1000, 1512}, {16, 32'735, 32'736, 40'000}};
     std::vector<RowPointer> places;
     {
         ASSERT_TRUE(QFile::copy(samples + u"/adox_jet4.mdb"_s, name));

@@ -63,6 +63,7 @@ QList<QVariantList> Edges()
                  u"tab\there"_s, QString(600, u'n'), Picture(4076, 3)});
     rows.append({u"with wide text"_s, false, 2LL, 2LL, 2LL, 2.0, 2.0, 2.0, Day(1899, 12, 29, 6),
                  u"\u4E2D\u6587 \U0001F3E0"_s, QString(5000, u'\u4E2D'), Picture(4077, 4)});
+    rows.append({u"too long for one row"_s, false, {}, {}, {}, {}, {}, {}, {}, {}, QString(2045, u'\u4E2D'), Picture(4090, 7)});
     rows.append({u"large"_s, false, 3LL, 3LL, 3LL, 3.0, 3.0, 3.0, Day(2000, 1, 1), u"three"_s,
                  QString(300'000, u'L'), Picture(5 << 20, 5)});
     rows.append({u"chained to the byte"_s, false, 4LL, 4LL, 4LL, 4.0, 4.0, 4.0, Day(2000, 1, 2), u"\u0001\u00FFa"_s,
@@ -227,7 +228,7 @@ TEST_F(JetWriterTest, IndependentReadersSeeTheSameValues)
         GTEST_SKIP() << "mdbtools is not installed";
     EXPECT_EQ(*tables, "KINDS\nCOMPS\n");
     EXPECT_EQ(Output(u"mdb-ver"_s, {native})->trimmed(), "JET4");
-    EXPECT_EQ(Output(u"mdb-count"_s, {native, u"KINDS"_s})->trimmed(), "8");
+    EXPECT_EQ(Output(u"mdb-count"_s, {native, u"KINDS"_s})->trimmed(), "9");
     EXPECT_EQ(Output(u"mdb-export"_s, {u"-b"_s, u"hex"_s, native, u"COMPS"_s})->toStdString(),
               std::string("CENTRALKEY,CITY,SELLINGPR,SALEDATE,GLA,PHOTOS,FRONTPHOTO\n"
               "\"12 OAK ST\",\"Marlow\",\"250000\",\"3/7/2004\",\"1850\",\"a,b\nc \"\"d\"\"\",\n"
@@ -287,6 +288,22 @@ TEST_F(JetWriterTest, AnIndexOfTextsWithoutAKnownOrderIsLeftOutAndSaid)
     EXPECT_TRUE(notes[0].contains(u"COMPS is without its index Centralkey"_s)) << notes[0].toStdString();
     const auto made = home.engine.OpenDatabase(kFile);
     EXPECT_TRUE(made->Table(u"COMPS"_s).indexes.isEmpty());
+    EXPECT_EQ(made->OpenRecordset(u"COMPS"_s, RecordsetType::Table)->RecordCount(), 2);
+    EXPECT_EQ(CheckDatabase(*made, CheckDepth::Whole), QStringList());
+}
+
+TEST_F(JetWriterTest, KeysThatAreOneThereAreToldAndNothingIsLost)
+{
+    QStringList notes;
+    {
+        GenuineFile file(home.engine, kFile);
+        Fill(file.Content(), SmallComps(),
+             {{u"STRASSE 1"_s, {}, {}, {}, {}, {}, {}}, {u"Stra\u00DFe 1"_s, {}, {}, {}, {}, {}, {}}});
+        notes = file.Finish();
+    }
+    ASSERT_EQ(notes.size(), 1);
+    EXPECT_TRUE(notes[0].contains(u"two records have one key"_s)) << notes[0].toStdString();
+    const auto made = home.engine.OpenDatabase(kFile);
     EXPECT_EQ(made->OpenRecordset(u"COMPS"_s, RecordsetType::Table)->RecordCount(), 2);
     EXPECT_EQ(CheckDatabase(*made, CheckDepth::Whole), QStringList());
 }
