@@ -12,7 +12,7 @@ using namespace Qt::Literals::StringLiterals;
 
 bool Repairs(const Stage& stage)
 {
-    bool listed = false;
+    bool listed = false, dated = false;
     const bool shown = LookAt(stage, u"Maintenance > Data Correction"_s, u"maintenance-before"_s, [&](QWidget& dialog) {
         const bool asked = stage.tour.During(
             u"The question of the recalculation"_s, [&] { dialog.findChild<QPushButton*>(u"cmdRecalc"_s)->click(); },
@@ -24,9 +24,15 @@ bool Repairs(const Stage& stage)
         auto* list = dialog.findChild<QListView*>(u"lstaccount"_s);
         listed = asked && list && list->model()->rowCount() > 0;
         stage.tour.Shoot(dialog, u"maintenance"_s);
+        dated = stage.tour.During(
+            u"The date of a deletion"_s, [&] { dialog.findChild<QPushButton*>(u"cmdDeleteByDate"_s)->click(); },
+            [&](QWidget& asks) {
+                stage.tour.Shoot(asks, u"delete-by-date"_s);
+                asks.findChild<QPushButton*>(u"cmdCancel"_s)->click();
+            });
     });
     stage.tour.Step(u"Recalculated the Databook."_s);
-    return shown && listed;
+    return shown && listed && dated;
 }
 
 } // namespace vasclip::app
