@@ -27,6 +27,16 @@ QString KeyOf(const engine::Recordset& record)
     return ValueOf(record, record.FieldIndex(kKeyIndex)).toString().trimmed();
 }
 
+/// The table whose records a source gives, which may be a SELECT of some of its fields.
+QString TableOf(const DataSource& source)
+{
+    const QString& record = source.RecordSource();
+    if (!record.startsWith(u"SELECT "_s, Qt::CaseInsensitive))
+        return record;
+    const qsizetype from = record.indexOf(u" FROM "_s, 0, Qt::CaseInsensitive) + 6;
+    return record.mid(from).section(u' ', 0, 0).remove(u'[').remove(u']');
+}
+
 QString Quoted(QString text)
 {
     return u'\'' + text.replace(u'\'', u"''"_s) + u'\'';
@@ -136,7 +146,7 @@ void Change::BeginNew(DataSource& source, const QString& words)
 
 void Change::Note(DataSource& source, Step::Kind kind, const QString& words)
 {
-    source.m_step = std::make_shared<Step>(Step{.kind = kind, .words = words, .table = source.RecordSource()});
+    source.m_step = std::make_shared<Step>(Step{.kind = kind, .words = words, .table = TableOf(source)});
     if (kind == Step::Kind::Added)
         return;
     source.m_step->key = KeyOf(source.Recordset());
@@ -193,7 +203,7 @@ void Change::Delete(DataSource& source, const QString& words)
     }
     const Step step{.kind = Step::Kind::Deleted,
                     .words = words,
-                    .table = source.RecordSource(),
+                    .table = TableOf(source),
                     .key = KeyOf(record),
                     .before = AllValues(record)};
     Transaction whole(source);

@@ -16,20 +16,42 @@ constexpr auto kDeleted = "deleted"_L1;
 constexpr auto kRemark = "note"_L1;
 const QString kColumns = u"RECORD\tWHAT\tFIELD\tBEFORE\tAFTER"_s;
 
-QString Escaped(QString text)
+/// Appends a text as one of the columns of a line.
+void AddColumn(QByteArray& line, const QString& text)
 {
-    return text.replace(u'\\', u"\\\\"_s)
-        .replace(u'\t', u"\\t"_s)
-        .replace(u'\r', u"\\r"_s)
-        .replace(u'\n', u"\\n"_s);
+    for (const char letter : text.toUtf8()) {
+        switch (letter) {
+        case '\\':
+            line += "\\\\";
+            break;
+        case '\t':
+            line += "\\t";
+            break;
+        case '\r':
+            line += "\\r";
+            break;
+        case '\n':
+            line += "\\n";
+            break;
+        default:
+            line += letter;
+        }
+    }
 }
 
-QString LineOf(const QStringList& parts)
+QByteArray LineOf(const QString& key, QLatin1StringView what, const QString& field, const QString& before,
+                  const QString& after)
 {
-    QStringList escaped;
-    for (const QString& part : parts)
-        escaped.append(Escaped(part));
-    return escaped.join(u'\t');
+    QByteArray line;
+    line.reserve(key.size() + field.size() + before.size() + after.size() + 16);
+    AddColumn(line, key);
+    line += '\t';
+    line += what;
+    for (const QString* text : {&field, &before, &after}) {
+        line += '\t';
+        AddColumn(line, *text);
+    }
+    return line;
 }
 
 /// A text as the list shows it; a record's photos stand on lines of their own.
@@ -56,7 +78,7 @@ void Account::TakeBack()
 
 void Account::Changed(const QString& key, const QString& field, const QString& before, const QString& after)
 {
-    m_lines.Append(LineOf({key, kChanged, field, text::Trim(before), text::Trim(after)}));
+    m_lines.Append(LineOf(key, kChanged, field, text::Trim(before), text::Trim(after)));
     Tally& tally = m_fields[field];
     ++tally.changed;
     if (!text::Trim(before).isEmpty() && text::Trim(after).isEmpty())
@@ -68,12 +90,12 @@ void Account::Deleted(const QString& key, const store::Record& record, const QSt
     ++m_removed;
     for (const QString& field : fields)
         if (const QString held = record.Text(field); !held.isEmpty())
-            m_lines.Append(LineOf({key, kDeleted, field, held, {}}));
+            m_lines.Append(LineOf(key, kDeleted, field, held, {}));
 }
 
 void Account::Remark(const QString& key, const QString& words)
 {
-    m_lines.Append(LineOf({key, kRemark, {}, words, {}}));
+    m_lines.Append(LineOf(key, kRemark, {}, words, {}));
 }
 
 QString Account::Summary() const

@@ -12,7 +12,7 @@ class LineFile
 {
 public:
     /// @throws RuntimeError 57, 61 when the disk does not take it
-    void Append(const QString& line);
+    void Append(const QByteArray& line);
     [[nodiscard]] qint64 Count() const { return m_count; }
     [[nodiscard]] QString Line(qint64 index) const; ///< "" out of range
     void Clear();
@@ -24,8 +24,11 @@ private:
         QList<QByteArray> lines = {};
     };
     void Read(qint64 first) const;
+    void Flush() const;
 
     mutable QTemporaryFile m_file;
+    mutable QByteArray m_pending; ///< what is not in the file yet
+    mutable qint64 m_written = 0;
     std::vector<qint64> m_places; ///< where the blocks begin
     qint64 m_count = 0;
     qint64 m_end = 0;

@@ -10,6 +10,8 @@
 #include "store/store.h"
 #include "store/transaction.h"
 
+#include <algorithm>
+
 namespace vasclip::upkeep {
 
 using namespace Qt::Literals::StringLiterals;
@@ -20,16 +22,8 @@ const QString kStoredPicture = u"mm/dd/yyyy"_s;
 const QString kPendingSerial = u"2"_s;
 const QString kPending = u"PENDING"_s;
 const QString kFrontView = u"FRONT VIEW"_s;
+constexpr qsizetype kMostKnown = 10000;
 const QString kTransferWords = u"Copy %1"_s;
-
-/// As it is stored; "" for what is no date.
-QString StoredDate(const QString& text, QDate today)
-{
-    if (!common::IsDate(text, today))
-        return {};
-    const auto date = text::ReadDate(text, today);
-    return date ? text::Format(*date, kStoredPicture) : QString();
-}
 
 /// A date text with the century that it means; what is no date stays.
 QString WithCentury(const QString& text, QDate today)
@@ -41,22 +35,44 @@ QString WithCentury(const QString& text, QDate today)
     }
 }
 
-/// @return false where the field held no date
-bool RecalcDate(RowEdit& row, const QString& dateField, const QString& serialField, QDate today)
+/// As it is stored; "" for what is no date.
+QString StoredDate(const QString& text, QDate today)
 {
-    const QString date = StoredDate(WithCentury(row.Text(dateField), today), today);
-    row.Set(dateField, date.isEmpty() ? databook::kPendingDate : date);
-    row.Set(serialField, date.isEmpty() ? kPendingSerial : databook::SerialText(date, today));
-    return !date.isEmpty();
+    if (!common::IsDate(text, today))
+        return {};
+    const auto date = text::ReadDate(text, today);
+    return date ? text::Format(*date, kStoredPicture) : QString();
+}
+
+/// @return false where the field held no date
+bool RecalcDate(RowEdit& row, const QString& dateField, const QString& serialField, StoredDates& dates)
+{
+    const StoredDates::Both& both = dates.Of(row.Text(dateField));
+    row.Set(dateField, both.date.isEmpty() ? databook::kPendingDate : both.date);
+    row.Set(serialField, both.date.isEmpty() ? kPendingSerial : both.serial);
+    return !both.date.isEmpty();
 }
 
 QString Number(const RowEdit& row, const QString& field)
 {
     const QString text = row.Text(field);
-    return databook::PlainNumber(text, field).value_or(text);
+    const bool plain = std::ranges::all_of(text, [](QChar letter) { return letter >= u'0' && letter <= u'9'; });
+    return plain ? text : databook::PlainNumber(text, field).value_or(text);
 }
 
 } // namespace
+
+const StoredDates::Both& StoredDates::Of(const QString& text)
+{
+    auto known = m_known.find(text);
+    if (known == m_known.end()) {
+        if (m_known.size() >= kMostKnown)
+            m_known.clear();
+        const QString date = StoredDate(WithCentury(text, m_today), m_today);
+        known = m_known.insert(text, {date, date.isEmpty() ? QString() : databook::SerialText(date, m_today)});
+    }
+    return *known;
+}
 
 void RecalcPriceSqFt(RowEdit& row)
 {
@@ -70,15 +86,15 @@ void RecalcAge(RowEdit& row, QDate today)
     row.Set(fields::AGE, text::Trim(text::Str(text::Val(age))));
 }
 
-void RecalcSaleDate(RowEdit& row, QDate today)
+void RecalcSaleDate(RowEdit& row, StoredDates& dates)
 {
-    if (!RecalcDate(row, fields::SALEDATE, fields::SALESERIAL, today))
+    if (!RecalcDate(row, fields::SALEDATE, fields::SALESERIAL, dates))
         row.Set(fields::SALEFLD, kPending);
 }
 
-void RecalcLoadDate(RowEdit& row, QDate today)
+void RecalcLoadDate(RowEdit& row, StoredDates& dates)
 {
-    static_cast<void>(RecalcDate(row, fields::LOADDATE, fields::LOADSERIAL, today));
+    static_cast<void>(RecalcDate(row, fields::LOADDATE, fields::LOADSERIAL, dates));
 }
 
 void FixFrontFlag(RowEdit& row)

@@ -6,6 +6,7 @@
 #include "upkeep/walk.h"
 
 #include <QDate>
+#include <QHash>
 
 namespace vasclip::upkeep {
 
@@ -15,10 +16,29 @@ namespace vasclip::upkeep {
 void RecalcPriceSqFt(RowEdit& row);
 /// AGE of YEARBUILT at the sale; "0" without a sale date.
 void RecalcAge(RowEdit& row, QDate today);
+/// The date texts of a walk as they are stored, each worked out once: records share their days.
+class StoredDates
+{
+public:
+    struct Both
+    {
+        QString date; ///< MM/DD/YYYY; "" for what is no date
+        QString serial;
+    };
+    explicit StoredDates(QDate today)
+        : m_today(today)
+    {}
+    [[nodiscard]] const Both& Of(const QString& text);
+
+private:
+    QDate m_today;
+    QHash<QString, Both> m_known;
+};
+
 /// SALEDATE as MM/DD/YYYY with its serial; what is no date becomes a pending sale, and SALEFLD says so.
-void RecalcSaleDate(RowEdit& row, QDate today);
+void RecalcSaleDate(RowEdit& row, StoredDates& dates);
 /// The same of LOADDATE, which no text stands beside.
-void RecalcLoadDate(RowEdit& row, QDate today);
+void RecalcLoadDate(RowEdit& row, StoredDates& dates);
 /// FRONT by whether PHOTOS holds a front view. A record without a key is passed over.
 void FixFrontFlag(RowEdit& row);
 /// A date with a year of two digits gets its four; Null stays, and so does what is no date.

@@ -15,6 +15,17 @@ namespace {
 
 const QString kDeleteWords = u"Delete %1"_s;
 
+/// The whole table, or a SELECT of the fields that are wanted of it: the others need not be read.
+QString RowsOf(const store::DataSource& source, const QStringList& wanted)
+{
+    QStringList names;
+    for (const QString& field : wanted)
+        if (source.FieldIndex(field) >= 0)
+            names.append(u'[' + field + u']');
+    return names.isEmpty() ? source.RecordSource()
+                           : u"SELECT %1 FROM [%2]"_s.arg(names.join(u", "_s), source.RecordSource());
+}
+
 } // namespace
 
 RowEdit::RowEdit(store::DataSource& rows, Account& account, const QString& words)
@@ -70,10 +81,11 @@ void RowEdit::Store()
     m_account.RecordChanged();
 }
 
-Walk::Walk(store::DataSource& source, Account& account, const QString& words)
+Walk::Walk(store::DataSource& source, Account& account, const QString& words, const QStringList& reads)
     : m_source(source)
     , m_account(account)
     , m_words(words)
+    , m_reads(reads)
 {
     for (const engine::Field& field : source.Fields())
         if (field.type != engine::FieldType::LongBinary && field.type != engine::FieldType::Binary)
@@ -92,7 +104,7 @@ void Walk::DeleteRow(store::DataSource& rows)
     if (record.Has(fields::PHOTOS))
         for (const auto& [view, stem] : photos::ParsePhotos(record.Text(fields::PHOTOS)))
             if (!text::Trim(stem).isEmpty())
-                m_pictures.Append(text::Trim(stem));
+                m_pictures.Append(text::Trim(stem).toUtf8());
     m_account.Deleted(record.Text(fields::CENTRALKEY), record, m_fields);
     store::Change::Delete(rows, kDeleteWords.arg(record.Text(fields::CENTRALKEY)));
 }
@@ -105,7 +117,7 @@ bool Walk::Run(const Step& step, const std::function<void(RowEdit&)>& repair)
     try {
         // The lock comes first: whoever changes a record between its reading and its writing would be overwritten.
         store::Transaction whole(m_source);
-        rows.Open(m_source.DatabaseName(), m_source.RecordSource(), store::SourceKind::Query);
+        rows.Open(m_source.DatabaseName(), RowsOf(m_source, m_reads), store::SourceKind::Query);
         const qint64 all = rows.Count();
         for (qint64 done = 0; !rows.AtEnd(); ++done) {
             if (!step(done, all)) {

@@ -45,7 +45,8 @@ public:
     using Step = std::function<bool(qint64 done, qint64 of)>;
 
     /// @param source  of the table. Its cursor stays where it is.
-    Walk(store::DataSource& source, Account& account, const QString& words);
+    /// @param reads   the fields that the walk reads or sets, and the key; empty: all. A walk that deletes needs all.
+    Walk(store::DataSource& source, Account& account, const QString& words, const QStringList& reads = {});
 
     /// @return false if it was stopped, and taken back
     /// @throws RuntimeError, what the disk or the database refuse; all of it is taken back then
@@ -59,6 +60,7 @@ private:
     store::DataSource& m_source;
     Account& m_account;
     QString m_words;
+    QStringList m_reads;
     QStringList m_fields; ///< that an account can hold
     LineFile m_pictures;
 };
