@@ -31,7 +31,7 @@ protected:
         const bool done = said.contains("was added.") || said.contains("was changed.") ||
                           said.contains(" now.") || said.contains("was copied to") ||
                           said.contains("was deleted.") || said.contains("were changed.") ||
-                          said.contains("was added to") || said.contains("was saved.");
+                          said.contains("was added to") || said.contains("were converted to") || said.contains("was saved.");
         ++(done ? m_done : m_killed);
         return done;
     }
@@ -72,6 +72,26 @@ private:
     int m_done = 0;
     int m_killed = 0;
 };
+
+TEST_F(Killed, AConversionHasMadeTheWholeFileOrNone)
+{
+    const QString book = u"C:\\DATABOOK\\DATABOOK.MDB"_s;
+    const QByteArray before = Bytes(Databook());
+    Usually(Vasctl({u"convert"_s, book, u"C:\\FIRST.MDB"_s, u"--to"_s, u"access"_s}));
+    constexpr int kRuns = 24;
+    for (int run = 0; run < kRuns; ++run) {
+        const QString kind = run % 2 == 0 ? u"access"_s : u"vasclip"_s;
+        const QString target = u"C:\\MADE%1.MDB"_s.arg(run);
+        const bool done = RunAndKill({u"convert"_s, u"C:\\FIRST.MDB"_s, target, u"--to"_s, kind});
+        const bool there = QFile::exists(home.Path() + u"/drive_c/MADE%1.MDB"_s.arg(run));
+        EXPECT_TRUE(there || !done) << target.toStdString();
+        if (there) {
+            const Ended count = home.Vasctl({u"sql"_s, u"--file"_s, target, u"SELECT COUNT(*) AS N FROM COMPS"_s});
+            EXPECT_EQ(count.Array()[0].toObject()[u"N"_s].toInt(), 60) << target.toStdString();
+        }
+    }
+    EXPECT_EQ(Bytes(Databook()), before);
+}
 
 TEST_F(Killed, AddingLeavesWholeRecordsOnly)
 {

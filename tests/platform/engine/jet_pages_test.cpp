@@ -114,14 +114,18 @@ TEST(JetPages, OfOursAreAllAccountedForAlsoBeyondWhatAMapInARowHolds)
             }
             rows->Close();
             // An index that can't be leaves its pages free.
-            TableDef without = SmallComps();
-            without.name = u"WITHOUT"_s;
-            file.Content().CreateTable(without);
-            const auto more = file.Content().OpenRecordset(u"WITHOUT"_s, RecordsetType::Table);
-            for (const QString& key : {u"1 A ST"_s, u"\u0416"_s}) {
-                more->AddNew();
-                more->SetValue(0, key);
-                more->Update();
+            const std::pair<QString, QStringList> without[] = {{u"UNKNOWN"_s, {u"1 A ST"_s, u"\u0416"_s}},
+                                                               {u"TWICE"_s, {u"STRASSE"_s, u"Stra\u00DFe"_s}}};
+            for (const auto& [name, keys] : without) {
+                TableDef one = SmallComps();
+                one.name = name;
+                file.Content().CreateTable(one);
+                const auto more = file.Content().OpenRecordset(name, RecordsetType::Table);
+                for (const QString& key : keys) {
+                    more->AddNew();
+                    more->SetValue(0, key);
+                    more->Update();
+                }
             }
             file.Finish();
         }

@@ -194,6 +194,35 @@ TEST_F(JetSamplesTest, ItsRowsAreSelectedSortedCountedAndCopied)
     EXPECT_TRUE(copied->Eof());
 }
 
+TEST_F(JetSamplesTest, OneThatWasCutShortSaysWhatIsMissing)
+{
+    const QByteArray whole = BytesOf(samples + u"/compIndexTestV2000.mdb"_s);
+    qint64 most = 0;
+    for (qsizetype size = whole.size(); size > 80'000; size -= 1024) {
+        QFile file(home.Native(u"X.MDB"_s));
+        QDir().mkpath(QFileInfo(file.fileName()).path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(whole.left(size)) == size);
+        file.close();
+        qint64 rows = 0;
+        QStringList found;
+        try {
+            const auto database = home.engine.OpenDatabase(u"C:\\X.MDB"_s);
+            rows = database->OpenRecordset(u"Table1"_s, RecordsetType::Table)->RecordCount();
+            found = CheckDatabase(*database, CheckDepth::Quiet);
+        } catch (const RuntimeError& failure) {
+            found.append(failure.Description());
+        }
+        if (size % 4096 != 0) {
+            EXPECT_TRUE(found.join(u' ').contains(u"breaks off"_s) || found.join(u' ').contains(u"damaged"_s)) << size;
+        }
+        if (size < whole.size() && rows < 512) {
+            EXPECT_FALSE(found.isEmpty()) << rows << " rows of 512, and not a word";
+        }
+        most = std::max(most, rows);
+    }
+    EXPECT_EQ(most, 512);
+}
+
 TEST_F(JetSamplesTest, DamagedOnesAreReadInPartOrRefusedInWords)
 {
     int seen = 0;

@@ -63,7 +63,12 @@ bool Table::OwnsPage(quint32 page)
 std::vector<quint32> Table::Pages()
 {
     try {
-        return ReadUsageMap(*m_file, m_definition.owned);
+        qint64 beyond = 0;
+        auto pages = ReadUsageMap(*m_file, m_definition.owned, &beyond);
+        if (beyond > 0)
+            m_findings->Add(m_def.name, {}, {},
+                            u"%1 of its pages lie behind the end of the file, which was cut short"_s.arg(beyond));
+        return pages;
     } catch (const Damaged& damage) {
         m_findings->Add(m_def.name, {}, {},
                         u"the map of its pages can not be read (%1), so all pages were looked at"_s.arg(
