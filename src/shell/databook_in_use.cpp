@@ -12,6 +12,7 @@
 #include "shell/record_on_show.h"
 #include "shell/rescue_text.h"
 #include "shell/window_wants.h"
+#include "store/convert.h"
 #include "store/messages.h"
 
 namespace vasclip::shell {
@@ -214,7 +215,7 @@ Databook DatabookInUse::CopyReadable()
         std::optional<engine::Rescued> rescued;
         {
             const forms::Hourglass hourglass(m_program.Ports().window);
-            rescued = engine::CopyReadable(m_program.Engine(), source, Joined(made));
+            rescued = store::CopyReadable(m_program.Engine(), source, Joined(made));
         }
         prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Information, kDamagedTitle,
                         RescueText(*rescued, source, Joined(made)));

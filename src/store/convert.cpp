@@ -1,6 +1,9 @@
 #include "store/convert.h"
 
+#include "platform/engine/genuine_file.h"
 #include "store/schema.h"
+
+#include <algorithm>
 
 namespace vasclip::store {
 
@@ -16,6 +19,27 @@ std::optional<engine::Converted> ConvertDatabase(engine::Engine& engine, engine:
         }
     };
     return engine::ConvertDatabase(engine, conversion);
+}
+
+std::optional<engine::Rescued> CopyReadable(engine::Engine& engine, const QString& source, const QString& target,
+                                            const std::function<bool(qint64 records)>& step)
+{
+    if (!engine::IsGenuine(*engine.OpenDatabase(source, engine::OpenMode::ReadOnly)))
+        return engine::CopyReadable(engine, source, target, step);
+    engine::Conversion wanted{.source = source, .target = target};
+    wanted.accept = [](const QStringList&) { return true; };
+    if (step)
+        wanted.step = [&step](const QString&, qint64 done, qint64) { return step(done); };
+    const auto made = store::ConvertDatabase(engine, wanted);
+    if (!made)
+        return std::nullopt;
+    engine::Rescued rescued;
+    rescued.records = made->records;
+    rescued.names = made->missing;
+    rescued.incomplete = std::count_if(made->missing.begin(), made->missing.end(),
+                                       [](const QString& line) { return line.contains(u", field "_s); });
+    rescued.lost = made->missing.size() - rescued.incomplete;
+    return rescued;
 }
 
 QString KeptName(const files::Disk& disk, const QString& path)

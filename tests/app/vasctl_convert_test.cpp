@@ -84,6 +84,9 @@ TEST_F(VasctlConvert, ADatabookOfAccessIsReadAndRefusesToBeWritten)
     const Ended add = home.Vasctl({u"records"_s, u"add"_s, u"1 New Rd"_s});
     EXPECT_EQ(add.code, kFailed);
     EXPECT_TRUE(add.err.contains("is an Access database, which is read here and never written")) << add.err.toStdString();
+    const Ended copy = home.Vasctl({u"databook"_s, u"copy"_s, u"SAVED.MDB"_s});
+    EXPECT_EQ(copy.code, kDone) << copy.err.toStdString();
+    EXPECT_EQ(Comps(u"C:\\DATABOOK\\SAVED.MDB"_s).size(), 60);
     EXPECT_EQ(Bytes(u"DATABOOK/DATABOOK.MDB"_s), made);
 }
 

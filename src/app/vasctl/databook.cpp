@@ -3,6 +3,7 @@
 #include "common/paths.h"
 #include "platform/text/text.h"
 #include "shell/rescue_text.h"
+#include "store/convert.h"
 
 namespace vasclip::vasctl {
 
@@ -38,7 +39,7 @@ int Copy(Session& session, const Output& out, const QString& given)
         target = g.G_DataDir + target; // beside the one that it is made of
     }
     ProgressLine progress(out);
-    const auto rescued = engine::CopyReadable(session.Engine(), source, target, [&](qint64 records) {
+    const auto rescued = store::CopyReadable(session.Engine(), source, target, [&](qint64 records) {
         progress.Show(u"Copying"_s, records);
         return true;
     });

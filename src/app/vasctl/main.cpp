@@ -160,7 +160,7 @@ Commands:
   print --layout NAME --copy NEW
                           copies a layout into the user's directory, for editing
   convert SOURCE TARGET --to access|vasclip
-                          a new database of the other kind, with all tables, records and pictures; it has its name
+                          a new database of the other kind with all that the source holds; it has its name
                           only when every value has been compared, and the source stays as it is
   doctor                  checks the home: files, versions, drives, databases from end to end, link
 

@@ -89,6 +89,21 @@ TEST_F(JetConvertTest, OneThatIsStoppedLeavesNothing)
     }
 }
 
+TEST_F(JetConvertTest, OneThatDoesNotHoldWhatTheOldOneHasIsNotKept)
+{
+    bool changed = false;
+    conversion.step = [&](const QString& doing, qint64, qint64) {
+        if (doing.startsWith(u"Comparing"_s) && !std::exchange(changed, true))
+            home.engine.OpenDatabase(kBook)->Execute(u"UPDATE COMPS SET CITY = 'Bend' WHERE CENTRALKEY = '250 OAK ST'"_s);
+        return true;
+    };
+    QString text;
+    EXPECT_EQ(ErrorOf([&] { static_cast<void>(Convert(kBook, kAccess, DatabaseKind::Access)); }, &text),
+              error::kInternalEngine);
+    EXPECT_TRUE(text.contains(u"record 251 (250 OAK ST), field CITY"_s)) << text.toStdString();
+    EXPECT_EQ(Files(), QStringList{u"BOOK.MDB"_s});
+}
+
 TEST_F(JetConvertTest, WhatIsThereIsNotWrittenOver)
 {
     static_cast<void>(home.engine.CreateDatabase(kAccess));
