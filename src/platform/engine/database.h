@@ -133,8 +133,8 @@ public:
     [[nodiscard]] const text::TimeSource& Time() const;
 
     /// @throws 3024 file not found, 3343 not a database (a text file, an empty file: the description says
-    /// what the file is), 3049 damaged, 3051 no right to open, 3009/3356 opened exclusively by somebody, and
-    /// a clear description for a genuine Jet file, which this engine does not read
+    /// what the file is), 3049 damaged, 3051 no right to open, 3009/3356 opened exclusively by somebody. A genuine
+    /// file of the old engine opens for reading only
     [[nodiscard]] std::shared_ptr<Database> OpenDatabase(const QString& path,
                                                          OpenMode mode = OpenMode::Shared);
     /// @throws 3204 if the file is there

@@ -56,14 +56,6 @@ void CheckFileKind(const QString& nativePath, const QString& shown)
 
     if (header.isEmpty())
         ThrowKind(shown, u"is empty and not a database. Restore it from a backup"_s);
-    if (header.mid(4, 15) == "Standard Jet DB" || header.mid(4, 15) == "Standard ACE DB") {
-        const bool old = header.size() > 20 && header.at(20) == 0;
-        ThrowKind(shown,
-                  u"is a genuine %1 database file, which this program does not read. Bring its records over "
-                  "with the program that wrote it"_s.arg(header.mid(9, 3) == "ACE" ? u"ACE"_s
-                                                         : old                     ? u"Jet 3"_s
-                                                                                   : u"Jet 4"_s));
-    }
     if (!header.startsWith(QByteArray("SQLite format 3\0", 16))) {
         if (LooksLikeText(header))
             ThrowKind(
