@@ -14,14 +14,6 @@ namespace {
 
 constexpr QChar kMark(u'\uFEFF');
 
-void AddPlain(const Bytes& bytes, QString& into)
-{
-    const qsizetype size = bytes.Size() / 2;
-    into.reserve(into.size() + size);
-    for (qsizetype i = 0; i < size; ++i)
-        into.append(QChar(bytes.U16(2 * i)));
-}
-
 QString EncodingName(quint16 codePage)
 {
     switch (codePage) {
@@ -42,8 +34,8 @@ QString EncodingName(quint16 codePage)
 
 QString PlainText(const Bytes& bytes)
 {
-    QString text;
-    AddPlain(bytes, text);
+    QString text(bytes.Size() / 2, Qt::Uninitialized);
+    qFromLittleEndian<quint16>(bytes.Data(), text.size(), text.data());
     return text;
 }
 
@@ -53,20 +45,17 @@ QString UnicodeText(const Bytes& bytes)
     if (!compressed)
         return PlainText(bytes);
     QString text;
-    text.reserve(bytes.Size());
     bool single = true;
-    for (qsizetype at = 2; at < bytes.Size();) {
-        if (bytes.U8(at) == 0) {
-            single = !single;
-            ++at;
-        } else if (single) {
-            text.append(QChar(quint16(bytes.U8(at++))));
-        } else {
-            if (at + 1 >= bytes.Size())
-                break;
-            text.append(QChar(bytes.U16(at)));
-            at += 2;
-        }
+    for (qsizetype at = 2; at < bytes.Size(); single = !single) {
+        // A run of one kind goes up to the next 0 that stands where a character begins.
+        const char* const begin = bytes.Data() + at;
+        const qsizetype step = single ? 1 : 2;
+        qsizetype size = 0;
+        while (at + size + step <= bytes.Size() && begin[size] != '\0')
+            size += step;
+        const Bytes run = bytes.Part(at, size);
+        text += single ? QString::fromLatin1(run.Data(), run.Size()) : PlainText(run);
+        at += size + 1;
     }
     return text;
 }
