@@ -1,6 +1,7 @@
 // Genuine files of other programs: what stands in them must come out as independent readers see it.
 
 #include "platform/engine/health.h"
+#include "platform/engine/jet/back_end.h"
 #include "platform/engine/jet_samples.h"
 
 #include <QDirIterator>
@@ -129,6 +130,33 @@ TEST_F(JetSamplesTest, EveryValueIsAsIndependentReadersSeeIt)
         EXPECT_EQ(CheckDatabase(*database, CheckDepth::Whole), QStringList());
     }
     EXPECT_GT(values, 1500);
+}
+
+TEST_F(JetSamplesTest, AFileThatAnotherKindHasOpenIsNotLookedAt)
+{
+    QDir().mkpath(QFileInfo(home.Native(u"X.MDB"_s)).path());
+    ASSERT_TRUE(QFile::copy(samples + u"/testV2000.mdb"_s, home.Native(u"X.MDB"_s)));
+    bool open = false;
+    const jet::JetBackEnd backEnd(home.disk, [&](const QString&) { return open; });
+    EXPECT_TRUE(backEnd.Owns(u"C:\\X.MDB"_s));
+    open = true; // to open and close it would drop that kind's locks
+    EXPECT_FALSE(backEnd.Owns(u"C:\\X.MDB"_s));
+    open = false;
+    EXPECT_FALSE(backEnd.Owns(u"C:\\GONE.MDB"_s));
+    EXPECT_FALSE(backEnd.Owns(u"Q:\\X.MDB"_s));
+    EXPECT_FALSE(backEnd.Owns(u"C:\\"_s));
+}
+
+TEST_F(JetSamplesTest, SavedQueriesAndLinkedTablesAreNamedAsSuch)
+{
+    const auto database = Open(u"queryTestV2003.mdb"_s);
+    QString text;
+    EXPECT_EQ(ErrorOf([&] { static_cast<void>(database->OpenRecordset(u"UnionQuery"_s, RecordsetType::Dynaset)); }, &text),
+              error::kTableUnknown);
+    EXPECT_TRUE(text.contains(u"is a saved query"_s)) << text.toStdString();
+    EXPECT_EQ(ErrorOf([&] { static_cast<void>(database->OpenRecordset(u"SELECT * FROM [C:\\A.MDB].T"_s, RecordsetType::Dynaset)); }, &text),
+              error::kInvalidOperation);
+    EXPECT_TRUE(text.contains(u"reaches no other files"_s)) << text.toStdString();
 }
 
 TEST_F(JetSamplesTest, NothingIsWrittenIntoOneOrBesideIt)
