@@ -149,7 +149,7 @@ constexpr Row kRefresh[] = {
 constexpr Row kDatabase[] = {
     {0, "Import Data"_L1, [](frm_Main& m) { ShowImport(m.program, m.shown); }},
     {1, "Export Data"_L1, [](frm_Main& m) { ShowExport(m.program); }},
-    {2, "Archive Data"_L1},
+    {2, "Archive Data"_L1, [](frm_Main& m) { ShowArchive(m.program, m.shown); }},
     {3, kSeparator},
     {4, "Change Current Database"_L1, [](frm_Main& m) { m.databookInUse.ChangeDatabase(); }, "Ctrl+D"_L1},
 };

@@ -65,6 +65,7 @@ std::span<const GuideTopic> GuideTopics()
         {"frm_MapData"_L1, "map-data.md"_L1},
         {"frm_Maintenance"_L1, "maintenance.md"_L1},
         {"frm_DelDate"_L1, "maintenance.md"_L1},
+        {"frm_Archive"_L1, "archive.md"_L1},
         {"frm_Export"_L1, "export.md"_L1},
         {"frm_Import"_L1, "import.md"_L1},
     };

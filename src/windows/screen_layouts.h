@@ -16,6 +16,7 @@ void Layout_frm_SearchSQL(QDialog& window, forms::Screen& screen);
 void Layout_frm_Comment(QDialog& window, forms::Screen& screen);
 void Layout_frm_FKey(QDialog& window, forms::Screen& screen);
 void Layout_frm_CopyPics(QDialog& window, forms::Screen& screen);
+void Layout_frm_Archive(QDialog& window, forms::Screen& screen);
 void Layout_frm_DelDate(QDialog& window, forms::Screen& screen);
 void Layout_frm_Double(QDialog& window, forms::Screen& screen);
 void Layout_frm_GenView(QDialog& window, forms::Screen& screen);

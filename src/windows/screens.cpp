@@ -29,6 +29,7 @@ std::span<const ScreenEntry> Screens()
         {"frm_Comment"_L1, Layout_frm_Comment},
         {"frm_FKey"_L1, Layout_frm_FKey},
         {"frm_CopyPics"_L1, Layout_frm_CopyPics},
+        {"frm_Archive"_L1, Layout_frm_Archive},
         {"frm_DelDate"_L1, Layout_frm_DelDate},
         {"frm_Double"_L1, Layout_frm_Double},
         {"frm_GenView"_L1, Layout_frm_GenView},

@@ -37,6 +37,7 @@ constexpr std::array kRows = {
     Row{"drop"_L1, ""_L1, "on"_L1},
     Row{"transfer"_L1, ""_L1, "data pictures"_L1},
     Row{"map"_L1, "picture"_L1, "out"_L1},
+    Row{"archive"_L1, ""_L1, "from to file ask"_L1},
     Row{"maintain"_L1, ""_L1, "date account"_L1},
     Row{"export"_L1, ""_L1, "file table to pictures where delimiter code-page"_L1},
     Row{"print"_L1, ""_L1, "layout list fields copy paper landscape portrait csv out where"_L1},
@@ -68,6 +69,7 @@ constexpr std::array kCommands = {
     CommandRow{"comments"_L1, "list key add delete"_L1},
     CommandRow{"map"_L1, "geocode reverse picture place proximity find anchor export"_L1},
     CommandRow{"mapdata"_L1, "import list verify diff use discard remove"_L1},
+    CommandRow{"archive"_L1, ""_L1},
     CommandRow{"maintain"_L1, "recalc clear-anchors clear-photos land-size clean-keys clean-comments match-key proper-case "
                               "upper-case delete-by-sale delete-by-load"_L1},
     CommandRow{"export"_L1, ""_L1},

@@ -143,6 +143,9 @@ Commands:
                           a phrase of the field's list
   databook copy FILE      a new Databook of all that can still be read of a damaged one; exit code 1, with what is
                           missing, if that is not all of it
+  archive --from DATE --to DATE [--file FILE] [--ask]
+                          moves the records sold between two dates, both days included, into the archive of the settings
+                          or another one, with their pictures; exit code 1 if some had to stay
   maintain STEP [--account FILE]
                           a repair of the whole Databook; asks first, and prints every field that it changed, or keeps
                           that in a file: recalc, clear-anchors, clear-photos, land-size, clean-keys, clean-comments,
@@ -210,6 +213,8 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
         return RunMap(session, out, arguments, options);
     if (command == u"mapdata"_s)
         return RunMapdata(session, out, arguments, options);
+    if (command == u"archive"_s)
+        return RunArchive(session, out, arguments, options);
     if (command == u"maintain"_s)
         return RunMaintain(session, out, arguments, options);
     if (command == u"export"_s)
@@ -268,12 +273,16 @@ int main(int argc, char* argv[])
         {u"choose"_s, u"What becomes of a kind of rows: changed=theirs; may be given several times."_s, u"KIND=CHOICE"_s},
         {u"refused"_s, u"A CSV file for the rows that an import refuses."_s, u"FILE"_s},
         {u"map"_s, u"Where a column of a CSV file goes; may be given several times."_s, u"HEADING=FIELD"_s},
-        {u"to"_s, u"What an export writes (vasclip, csv), or a conversion makes (access, vasclip)."_s, u"KIND"_s},
+        {u"to"_s, u"What an export writes (vasclip, csv), or a conversion makes (access, vasclip); the last sale date of an "
+                  "archive."_s,
+         u"KIND|DATE"_s},
         {u"delimiter"_s, u"Between the values of a CSV file (,): a letter, or 'tab'."_s, u"C"_s},
         {u"code-page"_s, u"Of a CSV file: UTF-8, UTF-16, Windows-1252, ISO-8859-1."_s, u"NAME"_s},
         {u"out"_s, u"The file that is made."_s, u"FILE"_s},
         {u"source"_s, u"Where street files come from, in words."_s, u"WORDS"_s},
         {u"date"_s, u"Their date, or up to which one records are deleted."_s, u"DATE"_s},
+        {u"from"_s, u"The first sale date of an archive."_s, u"DATE"_s},
+        {u"ask"_s, u"Asks before a record of the archive is overwritten."_s},
         {u"account"_s, u"A file for what an import left out, and why, or for what a repair changed."_s, u"FILE"_s},
         {u"beside"_s, u"New maps wait beside those in use."_s},
         {u"type"_s, u"Comp type of a new record (F)."_s, u"LETTER"_s},

@@ -107,6 +107,8 @@ int RunComments(Session& session, const Output& out, const QStringList& argument
 int RunDatabook(Session& session, const Output& out, const QStringList& arguments);
 int RunMap(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options);
 int RunMapdata(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options);
+int RunArchive(Session& session, const Output& out, const QStringList& arguments,
+               const QCommandLineParser& options);
 int RunMaintain(Session& session, const Output& out, const QStringList& arguments,
                 const QCommandLineParser& options);
 int RunExport(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options);

@@ -1,7 +1,9 @@
-// The steps of the tour that repair the whole Databook.
+// The steps of the tour that work on the whole Databook.
 
 #include "app/vasclip/tour/steps.h"
 
+#include <QLabel>
+#include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
@@ -33,6 +35,21 @@ bool Repairs(const Stage& stage)
     });
     stage.tour.Step(u"Recalculated the Databook."_s);
     return shown && listed && dated;
+}
+
+bool Archive(const Stage& stage)
+{
+    bool moved = false;
+    const bool shown = LookAt(stage, u"Database > Archive Data"_s, u"archive-before"_s, [&](QWidget& dialog) {
+        dialog.findChild<QLineEdit*>(u"txtstartdate"_s)->setText(u"01/01/1990"_s);
+        dialog.findChild<QLineEdit*>(u"txtenddate"_s)->setText(u"12/31/2023"_s);
+        dialog.findChild<QPushButton*>(u"cmdarchive"_s)->click();
+        Settle();
+        moved = dialog.findChild<QLabel*>(u"lblCountMoved"_s)->text() != u"0"_s;
+        stage.tour.Shoot(dialog, u"archive"_s);
+    });
+    stage.tour.Step(u"Moved old records into an archive."_s);
+    return shown && moved;
 }
 
 } // namespace vasclip::app

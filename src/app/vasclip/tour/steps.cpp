@@ -38,6 +38,7 @@ std::span<const TourStep> TourSteps()
         {"subject and comps on the map"_L1, Map},
         {"map data"_L1, MapData},
         {"repairs of the Databook"_L1, Repairs},
+        {"an archive of old sales"_L1, Archive},
         // upkeep
         {"export and import"_L1, ExportAndImport},
         // setting up

@@ -72,6 +72,7 @@ bool MapData(const Stage& stage);
 
 // tour/repairs.cpp
 bool Repairs(const Stage& stage);
+bool Archive(const Stage& stage);
 // tour/exchange.cpp
 bool ExportAndImport(const Stage& stage);
 

@@ -1,0 +1,270 @@
+#include "upkeep/frm_archive.h"
+
+#include "common/error_block.h"
+#include "common/paths.h"
+#include "databook/frm_calendar.h"
+#include "platform/text/runtime_error.h"
+#include "platform/text/text.h"
+#include "upkeep/file_names.h"
+#include "upkeep/tables.h"
+#include "upkeep/target_file.h"
+
+#include <QScopedValueRollback>
+
+#include <utility>
+
+namespace vasclip::upkeep {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString kFilter = u"*.mdb|Access"_s;
+const QString kOpenFile = u"Open %1?"_s;
+const QString kCreateFile = u"Create %1?"_s;
+const QString kDeleteFile = u"Delete %1.  Are you sure?"_s;
+const QString kOnlyPending = u"Without dates only pending sales (01/01/1900) are archived."_s;
+const QString kFromTo = u"Records sold from %1 to %2 are archived, both days included."_s;
+const QString kMissing = u"File %1 does not exist."_s;
+
+/// The name that a new archive gets of what was typed.
+QString ArchiveName(const QString& typed)
+{
+    const qsizetype slash = typed.lastIndexOf(u'\\');
+    const qsizetype dot = typed.lastIndexOf(u'.');
+    return (dot > slash ? typed.left(dot) : typed) + u".MDB"_s;
+}
+
+} // namespace
+
+frm_Archive::frm_Archive(const TransferDesk& desk, std::function<void()> letGo, std::function<void()> showAgain)
+    : Screen(u"frm_Archive"_s)
+    , txtPath(controls, u"txtPath"_s)
+    , txtFileName(controls, u"txtFileName"_s)
+    , txtTable(controls, u"txtTable"_s)
+    , fildatabases(controls, u"fildatabases"_s)
+    , lstdatabases(controls, u"lstdatabases"_s)
+    , lstTables(controls, u"lstTables"_s)
+    , ckbDateStamp(controls, u"ckbDateStamp"_s)
+    , optduplicates(controls, u"optduplicates"_s, 0, 1)
+    , txtstartdate(controls, u"txtstartdate"_s)
+    , txtenddate(controls, u"txtenddate"_s)
+    , imastart(controls, u"imastart"_s)
+    , imastop(controls, u"imastop"_s)
+    , lblRange(controls, u"lblRange"_s)
+    , cmdarchive(controls, u"cmdarchive"_s)
+    , cmdcreate(controls, u"cmdcreate"_s)
+    , cmddelete(controls, u"cmddelete"_s)
+    , cmdBrowse(controls, u"cmdBrowse"_s)
+    , lblCountMoved(controls, u"lblCountMoved"_s)
+    , lblCountOverwritten(controls, u"lblCountOverwritten"_s)
+    , lblAccount(controls, u"lblAccount"_s)
+    , lstaccount(controls, u"lstaccount"_s)
+    , lblmsg(controls, u"lblmsg"_s)
+    , gauWork(controls, u"gauWork"_s)
+    , cmdStop(controls, u"cmdStop"_s)
+    , cmdExit(controls, u"cmdExit"_s)
+    , m_desk(desk)
+    , m_letGo(std::move(letGo))
+    , m_showAgain(std::move(showAgain))
+{
+    SetCaption(desk.globals.productName + u" - Database Archive Utility"_s);
+    ckbDateStamp.SetCaption(u"Use Date Stamp"_s);
+    optduplicates(0).SetCaption(u"Don't Prompt"_s);
+    optduplicates(1).SetCaption(u"Prompt For Overwrite"_s);
+    txtstartdate.SetToolTipText(u"Based on Sale Date"_s);
+    txtenddate.SetToolTipText(u"Based On Sale Date"_s);
+    imastart.SetToolTipText(u"Click to get a pop calendar"_s);
+    imastop.SetToolTipText(u"Click to get a pop calendar"_s);
+    cmdarchive.SetCaption(u"Create &Archive"_s);
+    cmdcreate.SetCaption(u"&Create"_s);
+    cmddelete.SetCaption(u"&Delete Database"_s);
+    cmdBrowse.SetCaption(u"&Browse..."_s);
+    cmdStop.SetCaption(u"Cancel"_s);
+    cmdStop.SetToolTipText(u"Stops behind the record at work; what was moved stays moved (Esc)"_s);
+    cmdExit.SetCaption(u"E&xit"_s);
+    fildatabases.SetVisible(false);
+    gauWork.SetVisible(false);
+    cmdStop.SetVisible(false);
+    lstaccount.SetVisible(false);
+    lblAccount.SetVisible(false);
+    connect(&lstdatabases, &forms::ListBox::ListIndexChanged, this, [this] {
+        if (m_listing || lstdatabases.ListIndex() < 0)
+            return;
+        txtFileName.SetText(lstdatabases.List(lstdatabases.ListIndex()));
+        ListFileTables();
+    });
+    connect(&lstTables, &forms::ListBox::ListIndexChanged, this, [this] {
+        if (!m_listing && lstTables.ListIndex() >= 0)
+            txtTable.SetText(lstTables.List(lstTables.ListIndex()));
+    });
+    for (int i = 0; i <= 1; ++i)
+        connect(&optduplicates(i), &forms::CheckBox::Toggled, this, [this, i] {
+            optduplicates(1 - i).SetValue(!optduplicates(i).Value());
+        });
+    for (forms::TextBox* box : {&txtstartdate, &txtenddate})
+        connect(box, &forms::TextBox::TextChanged, this, &frm_Archive::ShowRange);
+    connect(&imastart, &forms::Control::Clicked, this,
+            [this] { databook::GetCalandarDate(m_desk.ports, txtstartdate, u"Start Date"_s); });
+    connect(&imastop, &forms::Control::Clicked, this,
+            [this] { databook::GetCalandarDate(m_desk.ports, txtenddate, u"Stop Date"_s); });
+    connect(&txtPath, &forms::Control::LostFocus, this, [this] {
+        ListFiles();
+        ListFileTables();
+    });
+    connect(&txtFileName, &forms::Control::LostFocus, this, &frm_Archive::ListFileTables);
+    connect(&ckbDateStamp, &forms::CheckBox::Toggled, this, &frm_Archive::StampName);
+    connect(&cmdarchive, &forms::Control::Clicked, this, &frm_Archive::cmdarchive_Click);
+    connect(&cmdcreate, &forms::Control::Clicked, this, &frm_Archive::cmdcreate_Click);
+    connect(&cmddelete, &forms::Control::Clicked, this, &frm_Archive::cmddelete_Click);
+    connect(&cmdBrowse, &forms::Control::Clicked, this, &frm_Archive::cmdBrowse_Click);
+    connect(&cmdStop, &forms::Control::Clicked, this, [this] { m_stop = true; });
+    connect(&cmdExit, &forms::Control::Clicked, this, &frm_Archive::Unload);
+}
+
+void frm_Archive::Form_Load()
+{
+    const common::Globals& globals = m_desk.globals;
+    txtPath.SetText(globals.G_ArchiveDir);
+    txtTable.SetText(globals.G_ArchiveTable);
+    m_base = globals.G_ArchiveFile;
+    m_stamped = StampFileName(false, m_base, m_desk.ports.clock.Now());
+    txtFileName.SetText(m_stamped);
+    optduplicates(0).SetValue(true);
+    ShowRange();
+    ShowCounts({});
+    ListFiles();
+    ListFileTables();
+}
+
+/// While records are moved, the first wish to close stops that behind the one at work.
+bool frm_Archive::QueryUnload()
+{
+    m_stop = true;
+    return !m_busy;
+}
+
+QString frm_Archive::File() const
+{
+    return common::CkRSlash(txtPath.Text()) + text::Trim(txtFileName.Text());
+}
+
+void frm_Archive::StampName()
+{
+    if (txtFileName.Text() != m_stamped)
+        m_base = text::Trim(txtFileName.Text());
+    m_stamped = StampFileName(ckbDateStamp.Value(), m_base, m_desk.ports.clock.Now());
+    txtFileName.SetText(m_stamped);
+    ListFileTables();
+}
+
+void frm_Archive::ListFiles()
+{
+    const QScopedValueRollback<bool> listing(m_listing, true);
+    QStringList names;
+    try {
+        if (const QString path = common::CkRSlash(txtPath.Text()); path.size() >= 3)
+            names = m_desk.Disk().Dir(path + u"*.mdb"_s, files::ReadOnly);
+    } catch (const RuntimeError& failure) {
+        Tell(failure.Description() + u'.', forms::Colour::Red);
+    }
+    fildatabases.SetItems(names);
+    lstdatabases.SetItems(names);
+}
+
+void frm_Archive::ListFileTables()
+{
+    const QScopedValueRollback<bool> listing(m_listing, true);
+    if (const QString why = ListTheTables(m_desk.Engine(), File(), lstTables, txtTable.Text()); !why.isEmpty())
+        Tell(why + u'.', forms::Colour::Red);
+}
+
+void frm_Archive::GoTo(const QString& path)
+{
+    const qsizetype slash = path.lastIndexOf(u'\\');
+    txtPath.SetText(path.left(slash + 1));
+    txtFileName.SetText(path.mid(slash + 1));
+    ListFiles();
+    ListFileTables();
+}
+
+void frm_Archive::ShowRange()
+{
+    if (text::Trim(txtstartdate.Text()).isEmpty() && text::Trim(txtenddate.Text()).isEmpty())
+        lblRange.SetCaption(kOnlyPending);
+    else
+        lblRange.SetCaption(kFromTo.arg(DateOf(txtstartdate), DateOf(txtenddate)));
+}
+
+void frm_Archive::ShowCounts(const Archived& done)
+{
+    lblCountMoved.SetCaption(text::Dec(done.moved));
+    lblCountOverwritten.SetCaption(text::Dec(done.overwritten));
+}
+
+void frm_Archive::EnableButtons()
+{
+    for (forms::Control* control : std::initializer_list<forms::Control*>{
+             &txtPath, &txtFileName, &txtTable, &lstdatabases, &lstTables, &ckbDateStamp, &optduplicates(0),
+             &optduplicates(1), &txtstartdate, &txtenddate, &imastart, &imastop, &cmdarchive, &cmdcreate, &cmddelete,
+             &cmdBrowse, &cmdExit})
+        control->SetEnabled(!m_busy);
+}
+
+void frm_Archive::cmdcreate_Click()
+{
+    const common::RoutineScope scope{"cmdcreate"};
+    if (m_busy)
+        return;
+    QString chosen = Prompter().OpenDialog(kFilter, u"Create"_s, common::CkRSlash(txtPath.Text()));
+    if (chosen.isEmpty())
+        return;
+    const files::Disk& disk = m_desk.Disk();
+    const bool there = disk.Found(chosen, files::ReadOnly | files::Hidden);
+    if (!there)
+        chosen = ArchiveName(chosen);
+    if (!Prompter().YesNo({}, (there ? kOpenFile : kCreateFile).arg(chosen)))
+        return;
+    try {
+        CopyFromNewData(m_desk.Engine(), m_desk.Templates(), chosen);
+        GoTo(chosen);
+    } catch (const RuntimeError& failure) {
+        common::ReportError(Prompter(), failure);
+    }
+}
+
+void frm_Archive::cmddelete_Click()
+{
+    const common::RoutineScope scope{"cmddelete"};
+    if (m_busy)
+        return;
+    const QString file = File();
+    if (RefusesTarget(Prompter(), m_desk.Engine(), kDelete, file, m_desk.Databook()))
+        return;
+    if (!m_desk.Disk().Found(file, files::ReadOnly | files::Hidden)) {
+        Tell(kMissing.arg(file), forms::Colour::Red);
+        return;
+    }
+    if (!Prompter().YesNo({}, kDeleteFile.arg(file)) ||
+        RefusesLocked(Prompter(), m_desk.Engine(), kDelete, file))
+        return;
+    try {
+        m_desk.Disk().Kill(file);
+        Tell(u"%1 was deleted."_s.arg(file));
+    } catch (const RuntimeError& failure) {
+        common::ReportError(Prompter(), failure);
+    }
+    ListFiles();
+    ListFileTables();
+}
+
+void frm_Archive::cmdBrowse_Click()
+{
+    if (m_busy)
+        return;
+    if (const QString chosen = Prompter().OpenDialog(kFilter, u"Browse"_s, common::CkRSlash(txtPath.Text()));
+        !chosen.isEmpty())
+        GoTo(chosen);
+}
+
+} // namespace vasclip::upkeep

@@ -1,0 +1,194 @@
+// Moving the records, and what is asked before.
+
+#include "common/dates.h"
+#include "common/error_block.h"
+#include "platform/text/runtime_error.h"
+#include "platform/text/text.h"
+#include "store/messages.h"
+#include "upkeep/archive_target.h"
+#include "upkeep/file_names.h"
+#include "upkeep/frm_archive.h"
+#include "upkeep/tables.h"
+#include "upkeep/target_file.h"
+
+#include <QScopeGuard>
+
+namespace vasclip::upkeep {
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int kGaugeParts = 1000;
+const QString kExistsTitle = u"Archive File Already Exists"_s;
+const QString kAppend = u"Do you wish to append into existing file %1 ) ?"_s;
+const QString kBeginAnew = u"No begins %1 anew: the %2 records in it go for good. Are you sure?"_s;
+const QString kItselfTitle = u"Source and Target Files the Same"_s;
+const QString kItself = u"You cannot archive records to itself.  Please select another database."_s;
+const QString kNoDate = u"'%1' is no date. Enter it as mm/dd/yyyy, or leave it empty."_s;
+const QString kBackwards = u"The stop date lies before the start date: no record is in that range."_s;
+const QString kNeedName = u"Enter the name of the archive and of its table first."_s;
+const QString kFailed = u"%1. %2 records were moved before that and stay in the archive."_s;
+
+} // namespace
+
+/// Long work: the buttons wait, the gauge and the button that stops are there, nothing shows the records.
+class frm_Archive::Work
+{
+public:
+    explicit Work(frm_Archive& screen)
+        : m_screen(screen)
+    {
+        m_screen.m_busy = true;
+        m_screen.m_stop = false;
+        m_screen.gauWork.SetRange(kGaugeParts);
+        m_screen.gauWork.SetVisible(true);
+        m_screen.cmdStop.SetVisible(true);
+        m_screen.EnableButtons();
+        m_screen.cmdStop.SetFocus();
+        m_screen.m_letGo();
+    }
+    ~Work()
+    {
+        m_screen.m_busy = false;
+        m_screen.gauWork.SetVisible(false);
+        m_screen.gauWork.SetCaption({});
+        m_screen.cmdStop.SetVisible(false);
+        m_screen.EnableButtons();
+        m_screen.cmdExit.SetFocus();
+    }
+    Work(const Work&) = delete;
+    Work& operator=(const Work&) = delete;
+
+private:
+    frm_Archive& m_screen;
+};
+
+QString frm_Archive::DateOf(const forms::TextBox& box)
+{
+    const QString typed = text::Trim(box.Text());
+    return typed.isEmpty() ? u"01/01/1900"_s : typed;
+}
+
+bool frm_Archive::DatesAreGood()
+{
+    const QDate today = m_desk.ports.clock.Today();
+    for (forms::TextBox* box : {&txtstartdate, &txtenddate}) {
+        if (const QString typed = text::Trim(box->Text()); !typed.isEmpty() && !common::IsDate(typed, today)) {
+            Tell(kNoDate.arg(typed), forms::Colour::Red);
+            box->SetFocus();
+            return false;
+        }
+    }
+    if (!InRange(DateOf(txtstartdate), {DateOf(txtstartdate), DateOf(txtenddate)}, today)) {
+        Tell(kBackwards, forms::Colour::Red);
+        txtenddate.SetFocus();
+        return false;
+    }
+    return true;
+}
+
+/// "No" at the question of appending takes an archive of years away.
+bool frm_Archive::MayBeginAnew(const QString& target)
+{
+    qint64 records = 0;
+    try {
+        records = CountOf(m_desk.Engine(), target, text::Trim(txtTable.Text()));
+    } catch (const RuntimeError&) {
+        // There is no such table: nothing is known of what goes.
+    }
+    return Prompter().YesNo(kExistsTitle, kBeginAnew.arg(target).arg(records));
+}
+
+/// @return false if the user does not go on
+bool frm_Archive::PrepareTarget(const QString& target)
+{
+    const files::Disk& disk = m_desk.Disk();
+    MakeDirectoriesOf(disk, target);
+    if (disk.Found(target, files::ReadOnly | files::Hidden)) {
+        switch (Prompter().MsgBox(forms::Buttons::YesNoCancel, forms::Icon::Question, kExistsTitle,
+                                  kAppend.arg(target))) {
+        case forms::Answer::Yes:
+            return true;
+        case forms::Answer::No:
+            if (!MayBeginAnew(target))
+                return false;
+            if (IsSameFile(disk, target, m_desk.Databook()))
+                return true; // refused with its words behind this
+            disk.Kill(target);
+            break;
+        default:
+            return false;
+        }
+    }
+    CopyFromNewData(m_desk.Engine(), m_desk.Templates(), target);
+    return true;
+}
+
+void frm_Archive::cmdarchive_Click()
+{
+    const common::RoutineScope scope{"cmdarchive"};
+    if (m_busy)
+        return;
+    Tell({});
+    lstaccount.SetVisible(false);
+    lblAccount.SetVisible(false);
+    const QString name = text::Trim(txtFileName.Text());
+    const QString table = text::Folded(txtTable.Text());
+    if (name.isEmpty() || table.isEmpty()) {
+        Tell(kNeedName, forms::Colour::Red);
+        return;
+    }
+    txtFileName.SetText(name.contains(u'.') ? name : AddMDBExtension(name));
+    const QString target = File();
+    if (!DatesAreGood() ||
+        RefusesTarget(Prompter(), m_desk.Engine(), kArchiveTo, target, m_desk.Databook()))
+        return;
+    try {
+        if (!PrepareTarget(target))
+            return;
+        if (IsSameFile(m_desk.Disk(), target, m_desk.Databook())) {
+            Prompter().Box(kItselfTitle, kItself);
+            return;
+        }
+        Archive(target, table);
+    } catch (const RuntimeError& failure) {
+        common::ReportError(Prompter(), failure);
+        Tell(kFailed.arg(failure.Description())
+                 .arg(lblCountMoved.Caption().toLongLong() + lblCountOverwritten.Caption().toLongLong()),
+             forms::Colour::Red);
+    }
+    ListFiles();
+    ListFileTables();
+}
+
+void frm_Archive::Archive(const QString& target, const QString& table)
+{
+    ShowCounts({});
+    Archived done;
+    const auto shown = qScopeGuard([this] { m_showAgain(); });
+    {
+        const Work work(*this);
+        const forms::Hourglass hourglass(m_desk.ports.window);
+        done = CopyArchiveData({m_desk.ports, m_desk.databook, m_desk.globals, m_desk.Disk(), target, table,
+                                {txtstartdate.Text(), txtenddate.Text()},
+                                optduplicates(0).Value() ? Duplicates::Overwrite : Duplicates::Ask},
+                               [this](qint64 at, qint64 all, const Archived& soFar) {
+                                   gauWork.SetCaption(u"Record %1 of %2"_s.arg(at + 1).arg(all));
+                                   gauWork.SetValue(static_cast<int>(at * kGaugeParts / all));
+                                   ShowCounts(soFar);
+                                   m_desk.ports.pump.DoEvents();
+                                   return !m_stop;
+                               });
+    }
+    ShowCounts(done);
+    lblAccount.SetCaption(u"Records that stay"_s);
+    lstaccount.SetItems(done.left + done.pictures);
+    lblAccount.SetVisible(lstaccount.ListCount() > 0);
+    lstaccount.SetVisible(lstaccount.ListCount() > 0);
+    if (done.empty)
+        Prompter().Box(Caption(), WordsOf(done, target));
+    Tell(WordsOf(done, target), done.stopped || done.empty ? forms::Colour::Red : forms::Colour::Blue);
+}
+
+} // namespace vasclip::upkeep

@@ -1,0 +1,142 @@
+#include "shell/report_home.h"
+#include "upkeep/frm_archive.h"
+#include "windows/guard.h"
+#include "windows/main_window.h"
+#include "windows/screens.h"
+#include "windows/theme.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSettings>
+#include <QTest>
+
+namespace vasclip::windows {
+
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+const QString kArchive = u"C:\\DATABOOK\\ARCHIVE\\ARCHIVE.MDB"_s;
+
+/// The main window, and the screen of the archive over it.
+class ArchiveWindow : public shell::ReportHome
+{
+protected:
+    EventGuard guard{doubles.prompter, {}};
+    QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
+    Theme theme{*qApp, &settings};
+    std::unique_ptr<MainWindow> main_;
+    ScreenWindow* window = nullptr;
+
+    void SetUp() override
+    {
+        ReportHome::SetUp();
+        for (int i = 1; i <= 5; ++i)
+            Add(shell::kDatabook, u"COMPS"_s,
+                {{u"CENTRALKEY"_s, u"%1 OLD ST"_s.arg(i).leftJustified(35)}, {u"SALEDATE"_s, u"03/07/1999"_s}});
+        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
+        main_ = std::make_unique<MainWindow>(main.controls, main.drags.Router(), main, guard, theme, settings);
+        main_->resize(1366, 768);
+        main_->show();
+    }
+    void Play(const std::function<void()>& script)
+    {
+        doubles.screens.Play([&](forms::Screen& screen) {
+            ScreenWindow stands(screen, guard);
+            EXPECT_TRUE(stands.Leftovers().isEmpty()) << stands.Leftovers().join(u'\n').toStdString();
+            window = &stands;
+            stands.show();
+            script();
+            window = nullptr;
+        });
+        guard.Run([&] { main.mnuDBItem.Choose(u"mnuDBItem"_s, 2); });
+        EXPECT_TRUE(doubles.screens.Shown().contains(u"frm_Archive"_s));
+    }
+    template <typename Widget>
+    Widget& The(const QString& name) const
+    {
+        auto* found = window->findChild<Widget*>(name);
+        EXPECT_NE(found, nullptr) << name.toStdString();
+        return *found;
+    }
+    void Press(const QString& name) const { QTest::mouseClick(&The<QPushButton>(name), Qt::LeftButton); }
+    void Type(const QString& box, const QString& text) const
+    {
+        The<QLineEdit>(box).clear();
+        QTest::keyClicks(&The<QLineEdit>(box), text);
+    }
+    QString Says(const QString& label = u"lblmsg"_s) const { return The<QLabel>(label).text(); }
+    [[nodiscard]] qint64 Archived() { return store::CountRows(*engine.OpenDatabase(kArchive), u"COMPS"_s); }
+};
+
+TEST_F(ArchiveWindow, MovesRecordsAndShowsTheGridAnew)
+{
+    const QString before = main.shown.Key();
+    Play([&] {
+        Type(u"txtstartdate"_s, u"1/1/1990"_s);
+        Type(u"txtenddate"_s, u"12/31/1999"_s);
+        EXPECT_EQ(Says(u"lblRange"_s), u"Records sold from 1/1/1990 to 12/31/1999 are archived, both days included."_s);
+        bool letGo = false;
+        doubles.pump.onTurn = [&] {
+            letGo = letGo || program.records.grddatabook.Source() == nullptr;
+            EXPECT_TRUE(The<QPushButton>(u"cmdStop"_s).isVisible() != The<QPushButton>(u"cmdarchive"_s).isEnabled());
+        };
+        Press(u"cmdarchive"_s);
+        doubles.pump.onTurn = {};
+        EXPECT_TRUE(letGo);
+        EXPECT_EQ(Says(u"lblCountMoved"_s), u"5"_s);
+        EXPECT_EQ(Says(u"lblCountOverwritten"_s), u"0"_s);
+        EXPECT_TRUE(Says().startsWith(u"5 records were moved into "_s + kArchive)) << Says().toStdString();
+    });
+    EXPECT_EQ(Archived(), 5);
+    EXPECT_EQ(program.records.grddatabook.RowCount(), 1);
+    EXPECT_EQ(main.shown.Key(), u"12 OAK ST"_s);
+    EXPECT_TRUE(doubles.prompter.AllAnswered());
+}
+
+TEST_F(ArchiveWindow, EscapeInTheMiddleKeepsWhatWasMovedAndTheRest)
+{
+    Play([&] {
+        Type(u"txtstartdate"_s, u"1/1/1990"_s);
+        Type(u"txtenddate"_s, u"12/31/1999"_s);
+        int turns = 0;
+        doubles.pump.onTurn = [&] {
+            if (!The<QPushButton>(u"cmdStop"_s).isVisible() || ++turns != 3)
+                return;
+            QTest::keyClick(window, Qt::Key_Escape);
+            EXPECT_TRUE(window->isVisible());
+        };
+        Press(u"cmdarchive"_s);
+        doubles.pump.onTurn = {};
+        EXPECT_TRUE(Says().startsWith(u"Stopped. "_s)) << Says().toStdString();
+        QTest::keyClick(window, Qt::Key_Escape);
+        EXPECT_FALSE(window->isVisible());
+    });
+    EXPECT_GT(Archived(), 0);
+    EXPECT_EQ(Archived() + program.records.grddatabook.RowCount(), 6);
+}
+
+TEST_F(ArchiveWindow, ItsTwoChoicesExcludeEachOther)
+{
+    Play([&] {
+        auto& quiet = The<QCheckBox>(u"optduplicates_0"_s);
+        auto& asks = The<QCheckBox>(u"optduplicates_1"_s);
+        EXPECT_TRUE(quiet.isChecked());
+        QTest::keyClick(&asks, Qt::Key_Space);
+        EXPECT_TRUE(asks.isChecked());
+        EXPECT_FALSE(quiet.isChecked());
+        QTest::keyClick(&asks, Qt::Key_Space);
+        EXPECT_TRUE(quiet.isChecked());
+        EXPECT_FALSE(asks.isChecked());
+        EXPECT_LE(window->minimumSizeHint().height(), 700);
+        const QString shots = qEnvironmentVariable("VASCLIP_SHOTS");
+        EXPECT_TRUE(shots.isEmpty() || window->grab().save(shots + u"/archive.png"_s));
+    });
+}
+
+} // namespace
+
+} // namespace vasclip::windows
