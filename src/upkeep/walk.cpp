@@ -132,7 +132,8 @@ bool Walk::Run(const Step& step, const std::function<void(RowEdit&)>& repair)
                 DeleteRow(rows);
             else
                 row.Store();
-            rows.MoveNext();
+            if (!rows.AtEnd()) // the last record of all was deleted
+                rows.MoveNext();
         }
         whole.Commit();
     } catch (...) {

@@ -1,5 +1,7 @@
 #include "upkeep/archive_home.h"
 
+#include <QElapsedTimer>
+
 #include <csignal>
 #include <random>
 #include <sys/wait.h>
@@ -24,7 +26,7 @@ TEST_F(ArchiveKill, AKillLeavesEachRecordInOneOfTheTwoFilesWithItsPictures)
     const QByteArray empty = disk.ReadWhole(archive);
     std::mt19937 random{20040307};
     int half = 0;
-    useconds_t usual = 60000;
+    useconds_t usual = 0;
     for (int run = 0; run < 12; ++run) {
         disk.WriteWhole(path, databook);
         disk.WriteWhole(archive, empty);
@@ -49,11 +51,17 @@ TEST_F(ArchiveKill, AKillLeavesEachRecordInOneOfTheTwoFilesWithItsPictures)
             }
             _exit(0);
         }
-        usleep(usual * static_cast<useconds_t>(10 + random() % 100) / 100);
-        kill(child, SIGKILL);
         int status = 0;
-        waitpid(child, &status, 0);
-        usual = WIFEXITED(status) ? usual * 3 / 4 + 1 : usual * 8 / 7 + 1;
+        if (usual == 0) { // the first one is let through, and tells how long it takes
+            QElapsedTimer timer;
+            timer.start();
+            waitpid(child, &status, 0);
+            usual = static_cast<useconds_t>(timer.nsecsElapsed() / 1000);
+        } else {
+            usleep(usual * static_cast<useconds_t>(10 + random() % 90) / 100);
+            kill(child, SIGKILL);
+            waitpid(child, &status, 0);
+        }
         const QStringList here = Here();
         const QStringList there = There();
         half += !here.isEmpty() && !there.isEmpty();
@@ -73,7 +81,7 @@ TEST_F(ArchiveKill, AKillLeavesEachRecordInOneOfTheTwoFilesWithItsPictures)
         EXPECT_TRUE(Here().isEmpty());
         EXPECT_EQ(There(), all);
     }
-    EXPECT_GT(half, 2) << "no kill came in the middle";
+    EXPECT_GT(half, 0) << "no kill came in the middle";
 }
 
 } // namespace

@@ -54,6 +54,21 @@ TEST_F(EraseByDate, DeletesUpToTheDateWithPictures)
         << Lines().join(u'\n').toStdString();
 }
 
+TEST_F(EraseByDate, EveryRecordMayGo)
+{
+    source.Close();
+    engine.Disk().Kill(path);
+    store::MakeDatabase(engine, path);
+    Dated(u"1 OLD ST"_s, u"03/07/1999"_s);
+    Dated(u"2 EDGE ST"_s, u"03/08/1999"_s);
+    Open();
+    Yes();
+    Erase(screen->cmdDeleteByDate, u"3/8/1999"_s);
+    EXPECT_EQ(screen->lblmsg.Caption(), u"Process Complete.  Delete by Sale Date of 3/8/1999."_s);
+    EXPECT_TRUE(Keys().isEmpty());
+    EXPECT_EQ(Pictures(), u"3456"_s);
+}
+
 TEST_F(EraseByDate, GoesByTheLoadDateToo)
 {
     Yes();
