@@ -41,8 +41,8 @@ bool Archive(const Stage& stage)
 {
     bool moved = false;
     const bool shown = LookAt(stage, u"Database > Archive Data"_s, u"archive-before"_s, [&](QWidget& dialog) {
-        dialog.findChild<QLineEdit*>(u"txtstartdate"_s)->setText(u"01/01/1990"_s);
-        dialog.findChild<QLineEdit*>(u"txtenddate"_s)->setText(u"12/31/2023"_s);
+        dialog.findChild<QLineEdit*>(u"txtstartdate"_s)->insert(u"01/01/1990"_s);
+        dialog.findChild<QLineEdit*>(u"txtenddate"_s)->insert(u"12/31/2023"_s);
         dialog.findChild<QPushButton*>(u"cmdarchive"_s)->click();
         Settle();
         moved = dialog.findChild<QLabel*>(u"lblCountMoved"_s)->text() != u"0"_s;
