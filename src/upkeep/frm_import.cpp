@@ -2,6 +2,7 @@
 
 #include "common/paths.h"
 #include "platform/text/text.h"
+#include "upkeep/frm_rehearse.h"
 
 namespace vasclip::upkeep {
 
@@ -26,16 +27,20 @@ frm_Import::frm_Import(const TransferDesk& desk)
     : FileScreen(u"frm_Import"_s, desk)
     , optLocation(controls, u"optLocation"_s, ImportLocation, ArchiveLocation)
     , lblTargetDB(controls, u"lblTargetDB"_s)
+    , cmdRehearse(controls, u"cmdRehearse"_s)
     , cmdImport(controls, u"cmdImport"_s)
 {
     SetCaption(kCaption.arg(desk.globals.productName));
     SetTakesListedTable(true);
     cmdImport.SetCaption(u"&Import DB"_s);
+    cmdRehearse.SetCaption(u"&Rehearse..."_s);
+    cmdRehearse.SetToolTipText(u"Shows what each record would do before anything is done"_s);
     ckbCopy.SetToolTipText(u"Puts the pictures inside the rows into the photo directory"_s);
     for (int i = ImportLocation; i <= ArchiveLocation; ++i) {
         optLocation(i).SetCaption(QString::fromUtf16(kLocations[i]));
         connect(&optLocation(i), &forms::Control::Clicked, this, [this, i] { Choose(i); });
     }
+    connect(&cmdRehearse, &forms::Control::Clicked, this, &frm_Import::cmdRehearse_Click);
     connect(&cmdImport, &forms::Control::Clicked, this, &frm_Import::cmdImport_Click);
 }
 
@@ -65,6 +70,7 @@ void frm_Import::Choose(int location)
 void frm_Import::EnableButtons(bool free)
 {
     cmdImport.SetEnabled(free);
+    cmdRehearse.SetEnabled(free);
     for (int i = ImportLocation; i <= ArchiveLocation; ++i)
         optLocation(i).SetEnabled(free);
 }
@@ -125,6 +131,28 @@ void frm_Import::Import(const QString& source, const WorkStep& step)
         lines.append(kMore.arg(more));
     }
     ShowAccount(kRefused, lines);
+}
+
+void frm_Import::cmdRehearse_Click()
+{
+    if (Busy())
+        return;
+    ShowAccount({}, {});
+    const QString source = File();
+    if (Refuses(source))
+        return;
+    std::unique_ptr<Rehearsal> rehearsal;
+    const bool read = Run("cmdRehearse", [&](const WorkStep&) {
+        const forms::Hourglass hourglass(Desk().ports.window);
+        rehearsal = std::make_unique<Rehearsal>(
+            Desk(), ImportOrder{.source = source, .table = text::Trim(txtTable.Text()), .pictures = ckbCopy.Value()});
+    });
+    if (!read || !rehearsal)
+        return;
+    frm_Rehearse screen(Desk(), std::move(rehearsal), source);
+    Desk().ports.screens.ShowModal(screen);
+    m_changed = m_changed || screen.Done() > 0;
+    Tell(screen.lblmsg.Caption());
 }
 
 } // namespace vasclip::upkeep

@@ -14,9 +14,10 @@ public:
     enum Location { ImportLocation, ExportLocation, ArchiveLocation };
     forms::ControlArray<forms::CheckBox> optLocation; ///< one of them is on
     forms::Label lblTargetDB;
-    forms::Button cmdImport;
+    forms::Button cmdRehearse, cmdImport;
 
     void cmdImport_Click();
+    void cmdRehearse_Click();
     /// Were records added since the screen was opened?
     [[nodiscard]] bool HasChanged() const { return m_changed; }
 

@@ -105,6 +105,7 @@ void Layout_frm_Import(QDialog& window, forms::Screen&)
     gauge->setMinimumWidth(280);
     foot->addWidget(gauge);
     foot->addWidget(MakeButton(window, u"cmdStop"_s));
+    foot->addWidget(MakeButton(window, u"cmdRehearse"_s));
     auto* act = MakeButton(window, u"cmdImport"_s);
     act->setProperty("primary", true);
     foot->addWidget(act);

@@ -200,5 +200,122 @@ TEST_F(ImportWindow, TakesATableOfAFileThatHasNoneOfTheUsualName)
     });
 }
 
+/// The rehearsal over the import's window.
+class RehearseWindow : public ImportWindow
+{
+protected:
+    void SetUp() override
+    {
+        ImportWindow::SetUp();
+        const auto database = engine.OpenDatabase(kTheirs);
+        database->Execute(u"UPDATE [COMPS] SET CITY = 'THEIRS', ZIP = '97001' WHERE CENTRALKEY = '12 OAK ST'"_s);
+        database->Close();
+    }
+    void Rehearse(const std::function<void()>& script)
+    {
+        Play([&] {
+            ClickLine(u"filexport"_s, 0);
+            Tick();
+            doubles.screens.Play([&](forms::Screen& screen) {
+                ScreenWindow* const below = window;
+                ScreenWindow stands(screen, guard);
+                EXPECT_TRUE(stands.Leftovers().isEmpty()) << stands.Leftovers().join(u'\n').toStdString();
+                window = &stands;
+                stands.show();
+                script();
+                window = below;
+            });
+            Press(u"cmdRehearse"_s);
+            EXPECT_TRUE(doubles.screens.Shown().contains(u"frm_Rehearse"_s));
+        });
+    }
+    QStringList Cells(const QString& grid, int row) const
+    {
+        const QAbstractItemModel* model = The<QAbstractItemView>(grid).model();
+        QStringList cells;
+        for (int column = 0; column < model->columnCount(); ++column)
+            cells.append(model->index(row, column).data().toString());
+        return cells;
+    }
+    void ClickRow(int row) const
+    {
+        auto& view = The<QAbstractItemView>(u"grdrows"_s);
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(view.model()->index(row, 0)).center());
+    }
+    void Option(int choice) const
+    {
+        auto& option = The<QRadioButton>(u"optChoice_%1"_s.arg(choice));
+        QTest::mouseClick(&option, Qt::LeftButton, {}, QPoint(8, option.height() / 2));
+    }
+    QString City(const QString& key)
+    {
+        const auto database = engine.OpenDatabase(shell::kDatabook);
+        const auto rows = database->OpenRecordset(u"SELECT CITY FROM COMPS WHERE CENTRALKEY = '%1'"_s.arg(key),
+                                                  engine::RecordsetType::Dynaset);
+        return rows->Eof() ? u"none"_s : rows->Value(u"CITY"_s).toString();
+    }
+};
+
+TEST_F(RehearseWindow, ShowsEachRowAndItsFieldsAndImportsByTheChoice)
+{
+    Rehearse([&] {
+        EXPECT_EQ(The<QLabel>(u"lblSummary"_s).text(), u"new: 2, changed: 1, same: 0, same address: 0, refused: 0"_s);
+        EXPECT_EQ(Cells(u"grdrows"_s, 0).mid(0, 3), (QStringList{u"12 OAK ST"_s, u"changed"_s, u"keep mine"_s}));
+        EXPECT_EQ(Cells(u"grdrows"_s, 1).mid(0, 4), (QStringList{u"1 ASH ST"_s, u"new"_s, u"add"_s, u"new"_s}));
+        ClickRow(0);
+        EXPECT_EQ(Cells(u"grdfields"_s, 0).at(2), QString());
+        EXPECT_EQ(Cells(u"grdfields"_s, 1).mid(1), (QStringList{u""_s, u"THEIRS"_s}));
+        EXPECT_FALSE(The<QRadioButton>(u"optChoice_0"_s).isEnabled()) << "its key is there";
+        Option(2);
+        EXPECT_EQ(Cells(u"grdrows"_s, 0).at(2), u"take theirs"_s);
+        ClickRow(2);
+        EXPECT_TRUE(The<QRadioButton>(u"optChoice_0"_s).isChecked());
+        EXPECT_FALSE(The<QRadioButton>(u"optChoice_2"_s).isEnabled());
+        Option(1);
+        EXPECT_EQ(Cells(u"grdrows"_s, 2).at(2), u"keep mine"_s);
+        EXPECT_EQ(Cells(u"grdrows"_s, 1).at(2), u"add"_s);
+        if (qEnvironmentVariableIsSet("VASCLIP_SHOTS"))
+            window->grab().save(qEnvironmentVariable("VASCLIP_SHOTS") + u"/rehearse.png"_s);
+        EXPECT_EQ(Records().size(), 1) << "nothing is done before the button";
+        Press(u"cmdImport"_s);
+        EXPECT_EQ(Says(), u"Records added: 1, changed: 1. Pictures: 1 written."_s);
+        EXPECT_FALSE(The<QPushButton>(u"cmdImport"_s).isEnabled());
+    });
+    EXPECT_EQ(City(u"12 OAK ST"_s), u"THEIRS"_s);
+    EXPECT_EQ(City(u"1 ASH ST"_s), QString());
+    EXPECT_EQ(City(u"2 ASH ST"_s), u"none"_s);
+    EXPECT_EQ(main.records.grddatabook.Source()->RowCount(), 2);
+}
+
+TEST_F(RehearseWindow, ChoosesForAWholeKindAndLeavesWithoutAWord)
+{
+    Rehearse([&] {
+        QTest::mouseClick(&The<QCheckBox>(u"ckbKind"_s), Qt::LeftButton, {}, QPoint(8, 8));
+        ClickRow(1);
+        Option(1);
+        EXPECT_EQ(Cells(u"grdrows"_s, 1).at(2), u"keep mine"_s);
+        EXPECT_EQ(Cells(u"grdrows"_s, 2).at(2), u"keep mine"_s);
+        Press(u"cmdExit"_s);
+    });
+    EXPECT_EQ(Records().size(), 1);
+    EXPECT_EQ(home.disk.Dir(u"C:\\JPG\\*"_s), QStringList());
+}
+
+TEST_F(RehearseWindow, IsCanceledWhilePicturesAreTakenOut)
+{
+    Rehearse([&] {
+        doubles.pump.onTurn = [&] {
+            if (The<QPushButton>(u"cmdStop"_s).isVisible())
+                Press(u"cmdStop"_s);
+        };
+        Press(u"cmdImport"_s);
+        doubles.pump.onTurn = {};
+        EXPECT_EQ(Says(), u"Canceled: the Databook is as it was."_s);
+        EXPECT_TRUE(The<QPushButton>(u"cmdImport"_s).isEnabled()) << "it may be tried again";
+    });
+    EXPECT_EQ(Records().size(), 1);
+    EXPECT_EQ(home.disk.Dir(u"C:\\JPG\\*"_s), QStringList());
+}
+
 } // namespace
 } // namespace vasclip::windows
