@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 
 using namespace Qt::Literals::StringLiterals;
 using namespace vasclip::tests;
@@ -111,6 +112,73 @@ TEST_F(VasctlExchange, RefusesInWords)
     EXPECT_EQ(home.Vasctl({u"import"_s}).code, kUsage);
     EXPECT_EQ(home.Vasctl({u"import"_s, u"NONE.MDB"_s}).code, kNotFound);
     EXPECT_EQ(home.Vasctl({u"import"_s, u"C:\\DATABOOK\\DATABOOK.MDB"_s}).code, kUsage);
+}
+
+/// Ends a process at some moment of its work. @return false if it was done before that
+bool KilledIn(const ProgramHome& home, const QStringList& arguments, int milliseconds)
+{
+    QProcess process;
+    process.setProcessEnvironment(home.environment);
+    process.start(ProgramHome::Program(u"vasctl"_s), QStringList{u"--home"_s, home.Path()} + arguments);
+    process.closeWriteChannel();
+    if (!process.waitForStarted())
+        return false;
+    const bool done = process.waitForFinished(milliseconds);
+    process.kill();
+    process.waitForFinished();
+    return !done;
+}
+
+int Kills()
+{
+    const int asked = qEnvironmentVariableIntValue("VASCLIP_KILLS");
+    return asked > 0 ? asked : 12;
+}
+
+TEST_F(VasctlExchange, LeavesTheTargetAsItWasOrWholeWhenKilledInAnExport)
+{
+    const QString target = u"C:\\DATABOOK\\EXPORT\\KILL.MDB"_s;
+    ASSERT_EQ(home.Vasctl({u"export"_s, u"--file"_s, target, u"--where"_s, u"CENTRALKEY < 'A'"_s}).code, kDone);
+    const QByteArray before = Bytes(home.Native(u"DATABOOK/EXPORT/KILL.MDB"_s));
+    int killed = 0;
+    for (int round = 0; round < Kills(); ++round) {
+        killed += KilledIn(home, {u"export"_s, u"--file"_s, target, u"--pictures"_s}, 40 + round * 37 % 450);
+        const QByteArray after = Bytes(home.Native(u"DATABOOK/EXPORT/KILL.MDB"_s));
+        if (after == before)
+            continue;
+        const Ended whole = home.Vasctl({u"import"_s, target, u"--rehearse"_s});
+        ASSERT_EQ(whole.code, kDone) << whole.err.toStdString();
+        EXPECT_EQ(whole.Array().size(), Records());
+        break; // it was done: the next kill would find another file before it
+    }
+    EXPECT_GT(killed, 0);
+    ASSERT_EQ(home.Vasctl({u"export"_s, u"--file"_s, target}).code, kDone);
+    EXPECT_EQ(QDir(home.Native(u"DATABOOK/EXPORT"_s)).entryList({u"KILL*"_s}, QDir::Files), QStringList{u"KILL.MDB"_s});
+}
+
+TEST_F(VasctlExchange, BringsAllRowsOrNoneWhenKilledInAnImport)
+{
+    const QString target = u"C:\\DATABOOK\\EXPORT\\KILL.MDB"_s;
+    ASSERT_EQ(home.Vasctl({u"export"_s, u"--file"_s, target, u"--pictures"_s}).code, kDone);
+    const qint64 all = Records();
+    int keep = 0;
+    for (const QJsonValue& row : home.Vasctl({u"records"_s, u"list"_s}).Array())
+        if (++keep > 20)
+            (void)home.Vasctl({u"records"_s, u"delete"_s, row.toObject()[u"CENTRALKEY"_s].toString().trimmed(), u"--yes"_s});
+    const qint64 few = Records();
+    ASSERT_LT(few, all);
+    const QByteArray source = Bytes(home.Native(u"DATABOOK/EXPORT/KILL.MDB"_s));
+    int killed = 0;
+    for (int round = 0; round < Kills() && Records() == few; ++round) {
+        killed += KilledIn(home, {u"import"_s, target, u"--pictures"_s, u"--yes"_s}, 40 + round * 37 % 450);
+        const qint64 now = Records();
+        EXPECT_TRUE(now == few || now == all) << now;
+        EXPECT_EQ(Bytes(home.Native(u"DATABOOK/EXPORT/KILL.MDB"_s)), source);
+    }
+    EXPECT_GT(killed, 0);
+    ASSERT_EQ(home.Vasctl({u"import"_s, target, u"--pictures"_s, u"--yes"_s}).code, kDone);
+    EXPECT_EQ(Records(), all);
+    EXPECT_EQ(QDir(home.Native(u"VASCLIPS/JPG"_s)).entryList({u"*.incoming*"_s}, QDir::Files), QStringList());
 }
 
 } // namespace
