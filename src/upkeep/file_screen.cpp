@@ -159,8 +159,9 @@ bool FileScreen::Run(const char* routine, const std::function<void(const WorkSte
 {
     SetBusy(true);
     const auto free = qScopeGuard([this] { SetBusy(false); });
-    return link::Reported(Prompter(), routine, [&] {
-        work([this](qint64 done, qint64 of, const QString& words) {
+    bool locked = false;
+    const bool ended = link::Reported(Prompter(), routine, [&] {
+        const WorkStep step = [this](qint64 done, qint64 of, const QString& words) {
             const int parts = static_cast<int>(std::clamp<qint64>(of, 1, 1000));
             if (gauWork.Max() != parts)
                 gauWork.SetRange(parts);
@@ -168,8 +169,17 @@ bool FileScreen::Run(const char* routine, const std::function<void(const WorkSte
             gauWork.SetCaption(words);
             m_desk.ports.pump.DoEvents();
             return !m_stop;
-        });
+        };
+        try {
+            work(step);
+        } catch (const RuntimeError& failure) {
+            if (failure.Number() != error::kCouldNotUpdateLocked)
+                throw;
+            locked = true;
+            Prompter().MsgBox(forms::Buttons::Ok, forms::Icon::Exclamation, u"Vasclip"_s, failure.Description() + u'.');
+        }
     });
+    return ended && !locked;
 }
 
 void FileScreen::SetBusy(bool busy)

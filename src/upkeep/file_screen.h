@@ -45,7 +45,8 @@ protected:
     /// Makes a directory with those above it. @throws RuntimeError of the disk
     void MakeDirectories(const QString& path) const;
 
-    /// Runs long work under the common error reporter: the buttons wait meanwhile, whatever ends it.
+    /// Runs long work under the common error reporter: the buttons wait meanwhile, whatever ends it. A Databook that
+    /// somebody keeps locked is told and does not end the program: nothing was stored, and nothing is corrupt.
     /// @return false if an error ended it
     bool Run(const char* routine, const std::function<void(const WorkStep& step)>& work);
     [[nodiscard]] bool Busy() const { return m_busy; }

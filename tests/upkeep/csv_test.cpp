@@ -7,6 +7,8 @@
 #include "upkeep/export_csv.h"
 #include "upkeep/import_table.h"
 
+#include <QCoreApplication>
+
 namespace vasclip::upkeep {
 namespace {
 
@@ -135,6 +137,13 @@ TEST_F(Csv, BringsRowsInWithKeysDatesAndNumbersAsTheDatabookHasThem)
     EXPECT_EQ(AccountOf(result), (QStringList{u"12 OAK ST: the Databook has a record of this key"_s,
                                               u"(no key): it has no key"_s}));
     EXPECT_EQ(disk.Dir(u"C:\\USER\\*"_s), QStringList()) << "what it was read into is gone";
+}
+
+TEST_F(Csv, IsReadAfreshWhereAKilledProcessOfTheSameNumberLeftItsFile)
+{
+    disk.WriteWhole(u"C:\\USER\\CSV.incoming"_s + QString::number(QCoreApplication::applicationPid()), "half");
+    disk.WriteWhole(file, "Address\n1 Ash St\n");
+    EXPECT_EQ(Import(LookAtCsv(Desk(), file)).appended, 1);
 }
 
 TEST_F(Csv, RefusesWhatIsNoCsv)

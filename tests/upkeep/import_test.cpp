@@ -65,6 +65,8 @@ TEST_F(Import, LeavesItsSourceAsItWasToTheByte)
     EXPECT_EQ(Run().pictures.written, 1);
     disk.SetAttr(file, files::Normal);
     EXPECT_EQ(disk.ReadWhole(file), before);
+    EXPECT_EQ(Run().pictures.same, 1);
+    EXPECT_EQ(disk.ReadWhole(file), before);
     EXPECT_EQ(disk.Dir(u"C:\\EXPORT\\*"_s), QStringList{u"THEIRS.MDB"_s});
 }
 

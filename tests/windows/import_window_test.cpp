@@ -14,6 +14,8 @@
 #include <QSettings>
 #include <QTest>
 
+#include <sqlite3.h>
+
 namespace vasclip::windows {
 namespace {
 
@@ -198,6 +200,25 @@ TEST_F(ImportWindow, TakesATableOfAFileThatHasNoneOfTheUsualName)
         Press(u"cmdImport"_s);
         EXPECT_TRUE(Says().startsWith(u"2 records of"_s)) << Says().toStdString();
     });
+}
+
+TEST_F(ImportWindow, GoesOnWhenSomebodyKeepsTheDatabookLocked)
+{
+    program.Engine().SetLockWait(50);
+    Play([&] {
+        ClickLine(u"filexport"_s, 0);
+        sqlite3* theirs = nullptr;
+        ASSERT_EQ(sqlite3_open(home.disk.ToNative(shell::kDatabook).toUtf8().constData(), &theirs), SQLITE_OK);
+        ASSERT_EQ(sqlite3_exec(theirs, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+        Press(u"cmdImport"_s);
+        EXPECT_TRUE(doubles.prompter.Last().text.startsWith(u"Could not update; currently locked by another user"_s))
+            << doubles.prompter.Last().text.toStdString();
+        EXPECT_EQ(Says(), u"Nothing came in: the Databook is as it was."_s);
+        sqlite3_close(theirs);
+        Press(u"cmdImport"_s);
+        EXPECT_TRUE(Says().startsWith(u"2 records of"_s)) << Says().toStdString();
+    });
+    EXPECT_EQ(Records().size(), 3);
 }
 
 /// The rehearsal over the import's window.
