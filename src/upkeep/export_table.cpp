@@ -70,6 +70,7 @@ public:
         , m_order(order)
         , m_working(working)
         , m_step(step)
+        , m_sort(Narrows(order.search) ? SortOf(order.search) : QString())
     {}
 
     /// @return the rows, nothing after a stop
@@ -108,10 +109,12 @@ private:
         });
     }
 
+    /// In the order of the search, else of the keys.
     [[nodiscard]] QStringList Keys() const
     {
         const QString found = u"SELECT "_s + fields::CENTRALKEY + u" FROM ["_s + m_desk.globals.G_Table + u']' +
-                              (Narrows(m_order.search) ? u" WHERE "_s + m_order.search : QString());
+                              (Narrows(m_order.search) ? u" WHERE "_s + m_order.search : QString()) +
+                              (m_sort.isEmpty() ? u" ORDER BY "_s + fields::CENTRALKEY : QString());
         const store::Rows rows = store::ReadRows(m_desk.databook, found);
         if (rows.Count() <= kSlice)
             return {};
@@ -123,24 +126,35 @@ private:
         return keys;
     }
 
-    /// Of some records, by name: the first makes the table, the others add to it.
-    [[nodiscard]] QString StatementOf(const QStringList& keys, const QString& sort, bool makes) const
+    /// Records from one key to another, that the search finds.
+    [[nodiscard]] QStringList Range(const QStringList& keys) const
     {
-        const QString statement = Statement(fields::CENTRALKEY + u" IN ("_s + InList(keys) + u')' + sort);
-        return makes ? statement
-                     : u"INSERT INTO ["_s + m_order.table + u"] SELECT *"_s + statement.mid(statement.indexOf(u" FROM ["_s));
+        const QString range = fields::CENTRALKEY + u" BETWEEN "_s + InList({keys.first()}) + u" AND "_s +
+                              InList({keys.last()}) + u" ORDER BY "_s + fields::CENTRALKEY;
+        return {Statement(Narrows(m_order.search) ? u'(' + m_order.search + u") AND "_s + range : range)};
+    }
+
+    /// Records by name, which keeps the order of the search.
+    [[nodiscard]] QStringList Named(const QStringList& keys) const
+    {
+        QStringList statements;
+        for (qsizetype at = 0; at < keys.size(); at += kNamed)
+            statements.append(
+                Statement(fields::CENTRALKEY + u" IN ("_s + InList(keys.mid(at, kNamed)) + u')' + m_sort));
+        return statements;
     }
 
     std::optional<qint64> Slices(engine::Database& target, const QStringList& keys)
     {
-        const QString sort = Narrows(m_order.search) ? SortOf(m_order.search) : QString();
         qint64 stored = 0;
         for (qsizetype at = 0; at < keys.size(); at += kSlice) {
             if (!m_step(at, keys.size(), kCopying.arg(at + 1).arg(keys.size())))
                 return std::nullopt;
-            QStringList statements;
-            for (qsizetype from = at; from < std::min<qsizetype>(at + kSlice, keys.size()); from += kNamed)
-                statements.append(StatementOf(keys.mid(from, std::min(kNamed, at + kSlice - from)), sort, from == 0));
+            const QStringList some = keys.mid(at, kSlice);
+            QStringList statements = m_sort.isEmpty() ? Range(some) : Named(some);
+            for (qsizetype i = at == 0 ? 1 : 0; i < statements.size(); ++i) // the very first one makes the table
+                statements[i] = u"INSERT INTO ["_s + m_order.table + u"] SELECT *"_s +
+                                statements.at(i).mid(statements.at(i).indexOf(u" FROM ["_s));
             stored += store::CopyRows(target, statements);
         }
         return stored;
@@ -150,6 +164,7 @@ private:
     const ExportOrder& m_order;
     QString m_working;
     const WorkStep& m_step;
+    QString m_sort; ///< of the search, with a blank before it
 };
 
 /// Another file could take the place of one that is write-protected.

@@ -195,6 +195,13 @@ TEST_F(Export, OfManyRecordsGoesInSlicesThatKeepTheirOrder)
     EXPECT_EQ(keys.first(), u"08999 O'MALLEY ST"_s);
     EXPECT_TRUE(std::is_sorted(keys.rbegin(), keys.rend()));
     steps.clear();
+    EXPECT_EQ(Run(u"COMPS.CITY = 'CITY' OR COMPS.CITY = 'BIRCH'"_s, false, u"PART"_s).records, 9001);
+    EXPECT_EQ(steps.size(), 3);
+    EXPECT_EQ(Run({}, false, u"ALL"_s).records, 9003);
+    const QStringList ordered = Keys(target, u"ALL"_s);
+    EXPECT_EQ(ordered.size(), 9003);
+    EXPECT_TRUE(std::is_sorted(ordered.begin(), ordered.end()));
+    steps.clear();
     stopAt = 1;
     EXPECT_TRUE(Run().stopped);
     EXPECT_EQ(Keys(target, table).size(), 9000);
