@@ -1,5 +1,6 @@
 #include "transfer_home.h"
 
+#include "store/change.h"
 #include "support/error_number.h"
 #include "upkeep/export_table.h"
 #include "upkeep/import_table.h"
@@ -88,6 +89,24 @@ TEST_F(Import, ReadsAPhotoListWhoseLastLineHasNoEnd)
 {
     PutComp(u"1 ASH ST"_s, {}, u"FRONT VIEW|00000009"_s, kJpeg);
     EXPECT_EQ(Run().pictures.written, 1);
+}
+
+TEST_F(Import, LetsTheWatcherHearOfEachRecordOrTakesThemBack)
+{
+    PutComp(u"1 ASH ST"_s);
+    PutComp(u"12 OAK ST"_s);
+    QStringList heard;
+    bool throws = true;
+    databook.Watch([&](const store::Step& step) {
+        heard.append(step.key.trimmed());
+        if (throws)
+            throw RuntimeError(error::kDiskFull, u"full"_s);
+    });
+    EXPECT_EQ(tests::NumberOf([&] { (void)Run(); }), error::kDiskFull);
+    EXPECT_EQ(Keys(path, table).size(), 3);
+    throws = false;
+    EXPECT_EQ(Run().appended, 1);
+    EXPECT_EQ(heard, (QStringList{u"1 ASH ST"_s, u"1 ASH ST"_s}));
 }
 
 TEST_F(Import, WithoutPicturesWritesNone)

@@ -225,6 +225,18 @@ TEST_F(ExportWindow, DeletesTheTableThatWasClickedAlsoWhenTheListIsRefilledMeanw
     });
 }
 
+TEST_F(ExportWindow, KeepsATableThatWasTypedWhenTheListIsRefilled)
+{
+    Play([&] {
+        Press(u"cmdExport"_s);
+        Type(u"txtTable"_s, u"JULY"_s);
+        Tick(u"ckbDateStamp"_s);
+        Tick(u"ckbDateStamp"_s);
+        EXPECT_EQ(Lines(u"lstTables"_s), QStringList{u"COMPS"_s});
+        EXPECT_EQ(Text(u"txtTable"_s), u"JULY"_s);
+    });
+}
+
 TEST_F(ExportWindow, DeletesADatabaseAfterAQuestion)
 {
     doubles.prompter.Answer(forms::Answer::No);

@@ -295,6 +295,10 @@ TEST_F(RehearseWindow, ShowsEachRowAndItsFieldsAndImportsByTheChoice)
         Option(1);
         EXPECT_EQ(Cells(u"grdrows"_s, 2).at(2), u"keep mine"_s);
         EXPECT_EQ(Cells(u"grdrows"_s, 1).at(2), u"add"_s);
+        ClickRow(0);
+        EXPECT_TRUE(The<QRadioButton>(u"optChoice_2"_s).isChecked()) << "the row's own choice, seen again";
+        ClickRow(2);
+        EXPECT_TRUE(The<QRadioButton>(u"optChoice_1"_s).isChecked());
         if (qEnvironmentVariableIsSet("VASCLIP_SHOTS"))
             window->grab().save(qEnvironmentVariable("VASCLIP_SHOTS") + u"/rehearse.png"_s);
         EXPECT_EQ(Records().size(), 1) << "nothing is done before the button";
