@@ -1,6 +1,8 @@
 #include "upkeep/import_table.h"
 
 #include "store/bulk_rows.h"
+#include "store/fields.h"
+#include "store/record.h"
 
 #include <QScopeGuard>
 
@@ -15,6 +17,13 @@ const QString kWords = u"Import from %1"_s;
 QString Counted(qint64 count, const QString& one, const QString& many)
 {
     return count == 1 ? u"1 "_s + one : QString::number(count) + u' ' + many;
+}
+
+qint64 PicturesInside(engine::Database& source, const QString& table)
+{
+    store::Rows counted(source, u"SELECT COUNT(*) FROM ["_s + table + u"] WHERE "_s + fields::FRONTPHOTO + u" IS NOT NULL"_s);
+    const auto record = counted.Next();
+    return record ? record->Values().first().toLongLong() : 0;
 }
 
 } // namespace
@@ -54,6 +63,8 @@ ImportResult ImportTable(const TransferDesk& desk, const ImportOrder& order, con
     result.rows = plan.rows;
     result.refused = plan.refused;
     result.leftBehind = plan.leftBehind;
+    if (!order.pictures && plan.hasPictures)
+        result.picturesLeft = PicturesInside(*source, order.table);
     EmbeddedImages images(desk, *source, order.table);
     if (order.pictures && plan.hasPictures && !images.SaveEmbeddedImages(step)) {
         result.pictures = images.Result();
@@ -81,6 +92,9 @@ QString WordsOf(const ImportResult& result)
         words += u' ' + Counted(out, u"was refused."_s, u"were refused."_s);
     if (!result.leftBehind.isEmpty())
         words += u" The Databook has no field "_s + result.leftBehind.join(u", "_s) + u'.';
+    if (result.picturesLeft > 0)
+        words += u' ' + Counted(result.picturesLeft, u"picture was"_s, u"pictures were"_s) +
+                 u" left inside the file; import it again with its pictures to have them."_s;
     return words + WordsOf(result.pictures);
 }
 

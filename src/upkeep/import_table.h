@@ -21,6 +21,7 @@ struct ImportResult
     qint64 appended = 0;
     QList<RefusedRow> refused;
     QStringList leftBehind; ///< columns that the Databook does not have
+    qint64 picturesLeft = 0; ///< inside rows, where none were wanted
     SavedImages pictures;
 };
 

@@ -112,7 +112,10 @@ TEST_F(Import, LetsTheWatcherHearOfEachRecordOrTakesThemBack)
 TEST_F(Import, WithoutPicturesWritesNone)
 {
     PutComp(u"1 ASH ST"_s, {}, u"FRONT VIEW|00000009\r\n"_s, kJpeg);
-    EXPECT_EQ(Run(false).appended, 1);
+    const ImportResult result = Run(false);
+    EXPECT_EQ(result.appended, 1);
+    EXPECT_TRUE(WordsOf(result).endsWith(
+        u" 1 picture was left inside the file; import it again with its pictures to have them."_s));
     EXPECT_EQ(Pictures().size(), 2);
     EXPECT_FALSE(Field(path, table, u"1 ASH ST"_s, u"FRONTPHOTO"_s).isValid());
 }
