@@ -16,6 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype kNamed = 500;
+constexpr qint64 kReadPerNamed = 5;
 const QString kNoKey = u"it has no key"_s;
 const QString kThere = u"the Databook has a record of this key"_s;
 const QString kTwice = u"an earlier row of the file has the same key"_s;
@@ -94,15 +95,23 @@ QStringList removeEmbeddedImages(const QStringList& columns)
 QSet<QString> KeysThere(const store::DataSource& databook, const QString& table, const QStringList& keys)
 {
     QSet<QString> there;
+    const auto take = [&](const QString& condition) {
+        const store::Rows rows =
+            store::ReadRows(databook, u"SELECT %1 FROM [%2]"_s.arg(fields::CENTRALKEY, table) + condition);
+        for (qint64 at = 0; at < rows.Count(); ++at)
+            if (const auto record = rows.At(at))
+                there.insert(KeyMark(record->Values().first().toString()));
+    };
+    // To name a record costs as much as to read some; the keys of a Databook that is not much larger are read at once.
+    if (store::CountRows(databook.Database(), table) <= kReadPerNamed * keys.size()) {
+        take({});
+        return there;
+    }
     for (qsizetype from = 0; from < keys.size(); from += kNamed) {
         QStringList quoted;
         for (const QString& key : keys.mid(from, kNamed))
             quoted.append(u'\'' + QString(key).replace(u'\'', u"''"_s) + u'\'');
-        const store::Rows rows = store::ReadRows(
-            databook, u"SELECT %1 FROM [%2] WHERE %1 IN (%3)"_s.arg(fields::CENTRALKEY, table, quoted.join(u',')));
-        for (qint64 at = 0; at < rows.Count(); ++at)
-            if (const auto record = rows.At(at))
-                there.insert(KeyMark(record->Values().first().toString()));
+        take(u" WHERE %1 IN (%2)"_s.arg(fields::CENTRALKEY, quoted.join(u',')));
     }
     return there;
 }
