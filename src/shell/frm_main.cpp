@@ -2,6 +2,7 @@
 
 #include "link/general_text.h"
 #include "link/tabs.h"
+#include "shell/printing.h"
 #include "shell/start.h"
 
 namespace vasclip::shell {
@@ -42,6 +43,7 @@ void frm_Main::WireControls()
                 [this](const QString& array, int index) { Choose(*this, array, index); });
 
     connect(&records.cmdRefresh, &forms::Control::Clicked, this, [this] { shown.DisplayAllRecords(); });
+    connect(&records.cmdPrint, &forms::Control::Clicked, this, [this] { PrintReport(program); });
     connect(&records.grddatabook, &forms::Control::Clicked, this, [this] { shown.grddatabook_Click(); });
     connect(&records.grddatabook, &forms::Grid::RowColChange, this,
             [this] { shown.grddatabook_RowColChange(); });
@@ -64,7 +66,7 @@ void frm_Main::WireControls()
     lblChangingDB.SetVisible(false);
 
     // Their screens are not there yet: disabled, not dead.
-    for (forms::Button* button : {&records.cmdAddManual, &records.cmdPrint, &records.cmdDetails})
+    for (forms::Button* button : {&records.cmdAddManual, &records.cmdDetails})
         button->SetEnabled(false);
 }
 

@@ -10,6 +10,7 @@
 #include "shell/map_exports.h"
 #include "shell/map_maintenance.h"
 #include "shell/media.h"
+#include "shell/printing.h"
 #include "shell/transfers.h"
 
 #include <algorithm>
@@ -69,7 +70,7 @@ constexpr Row kFile[] = {
     {6, "Find Photos"_L1, [](frm_Main& m) { FindPhotos(m.program); }},
     {7, kSeparator},
     {.index = 8, .caption = "Export Address/Comp Data"_L1, .sub = kExports},
-    {9, "Print Comparable Report (from Database)"_L1},
+    {9, "Print Comparable Report (from Database)"_L1, [](frm_Main& m) { PrintReport(m.program); }, "Ctrl+P"_L1},
     {10, kSeparator},
     {11, "Exit"_L1, [](frm_Main& m) { Q_EMIT m.UnloadWanted(); }, "Ctrl+Q"_L1},
 };

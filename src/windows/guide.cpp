@@ -54,6 +54,8 @@ std::span<const GuideTopic> GuideTopics()
         {"frm_Config"_L1, "settings.md"_L1},
         {"frm_AttachCity"_L1, "city-listings.md"_L1},
         {"frm_MassCity"_L1, "cities.md"_L1},
+        {"frm_Crystal"_L1, "printing.md"_L1},
+        {"frm_ReportPreview"_L1, "printing.md"_L1},
         {"frm_Rename"_L1, "records.md"_L1},
         {"frm_SearchPics"_L1, "find-photos.md"_L1},
         {"frm_Trash"_L1, "trashcan.md"_L1},

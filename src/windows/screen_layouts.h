@@ -35,6 +35,8 @@ void Layout_frm_Export(QDialog& window, forms::Screen& screen);
 void Layout_frm_Import(QDialog& window, forms::Screen& screen);
 void Layout_frm_Rehearse(QDialog& window, forms::Screen& screen);
 void Layout_frm_StreetFind(QDialog& window, forms::Screen& screen);
+void Layout_frm_Crystal(QDialog& window, forms::Screen& screen);
+void Layout_frm_ReportPreview(QDialog& window, forms::Screen& screen);
 void Layout_frm_Rename(QDialog& window, forms::Screen& screen);
 void Layout_frm_SearchPics(QDialog& window, forms::Screen& screen);
 void Layout_frm_Trash(QDialog& window, forms::Screen& screen);

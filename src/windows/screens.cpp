@@ -40,6 +40,8 @@ std::span<const ScreenEntry> Screens()
         {"frm_MassCity"_L1, Layout_frm_MassCity},
         {"frm_CameraDir"_L1, Layout_frm_CameraDir},
         {"frm_Overwrite"_L1, Layout_frm_Overwrite},
+        {"frm_Crystal"_L1, Layout_frm_Crystal},
+        {"frm_ReportPreview"_L1, Layout_frm_ReportPreview},
         {"frm_Rename"_L1, Layout_frm_Rename},
         {"frm_SearchPics"_L1, Layout_frm_SearchPics},
         {"frm_StreetFind"_L1, Layout_frm_StreetFind},

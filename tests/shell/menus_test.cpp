@@ -86,7 +86,7 @@ TEST_F(MenusTest, EachNumberStandsOnceInAMenu)
 TEST_F(MenusTest, AnEntryWithoutAScreenIsDisabled)
 {
     for (const auto& entry : menus.mnuFileItem.Entries())
-        EXPECT_EQ(entry.enabled, QList<int>({0, 2, 3, 4, 6, 8, 11}).contains(entry.index)) << entry.caption.toStdString();
+        EXPECT_EQ(entry.enabled, QList<int>({0, 2, 3, 4, 6, 8, 9, 11}).contains(entry.index)) << entry.caption.toStdString();
     for (const auto& entry : menus.mnuMaintItem.Entries())
         EXPECT_EQ(entry.enabled, QList<int>({0, 2, 3, 4, 6}).contains(entry.index)) << entry.caption.toStdString();
 }

@@ -29,6 +29,7 @@ std::span<const TourStep> TourSteps()
         {"entry screens"_L1, EntryScreens},
         {"phrases of a field"_L1, PhrasesOfAField},
         {"calendar of a date"_L1, CalendarOfADate},
+        {"print a report"_L1, PrintAReport},
         // photos
         {"general views"_L1, GeneralViews},
         {"copy and find photos"_L1, CopyAndFind},

@@ -59,6 +59,9 @@ bool EntryScreens(const Stage& stage);
 bool PhrasesOfAField(const Stage& stage);
 bool CalendarOfADate(const Stage& stage);
 
+// tour/printing.cpp
+bool PrintAReport(const Stage& stage);
+
 // tour/photos.cpp
 bool GeneralViews(const Stage& stage);
 // tour/media.cpp

@@ -67,7 +67,7 @@ Tour::Tour(const QString& directory, const QString& formsProgram)
     QApplication::setCursorFlashTime(0); // a picture with or without it would be chance
     m_directory.mkpath(u"."_s);
     for (const QString& old :
-         m_directory.entryList({u"*.png"_s, u"report.json"_s, u"steps.txt"_s}, QDir::Files))
+         m_directory.entryList({u"*.png"_s, u"report.json"_s, u"report.pdf"_s, u"steps.txt"_s}, QDir::Files))
         m_directory.remove(old);
 }
 

@@ -49,6 +49,8 @@ public:
     /// Chooses an entry of a window's menu bar by its words: "Setup > Grid Layout". @return false, and the
     /// tour has failed, if there is no such entry or it is disabled
     bool Choose(QWidget& window, const QString& words);
+    /// Where a file goes that the tour leaves; native.
+    [[nodiscard]] QString PathOf(const QString& name) const { return m_directory.absoluteFilePath(name); }
 
 private:
     /// A picture of a dialog that nobody expects, and what it says. The tour has failed.

@@ -1,0 +1,154 @@
+// The preview's long work: counting, finding, saving, printing.
+
+#include "common/error_block.h"
+#include "upkeep/frm_report_preview.h"
+#include "upkeep/report_csv.h"
+
+#include <algorithm>
+#include <array>
+
+namespace vasclip::upkeep {
+
+using namespace Qt::StringLiterals;
+using common::RoutineScope;
+
+namespace {
+
+constexpr int kBetweenTurns = 60; ///< milliseconds between two turns of the queue
+constexpr int kSlice = 40;
+
+} // namespace
+
+ReportBook frm_ReportPreview::Book()
+{
+    return {.layout = *m_layout, .sheet = m_sheet, .facts = m_facts, .feed = m_table->Feed(), .pictures = m_pictures};
+}
+
+bool frm_ReportPreview::Progress(const QString& doing, qint64 done, qint64 total)
+{
+    if (m_sincePump.isValid() && !m_sincePump.hasExpired(kBetweenTurns))
+        return !m_stop;
+    m_sincePump.start();
+    gauWork.SetCaption(doing);
+    gauWork.SetRange(static_cast<int>(std::max<qint64>(total, 1)));
+    gauWork.SetValue(static_cast<int>(done));
+    m_desk.ports.pump.DoEvents();
+    return !m_stop;
+}
+
+void frm_ReportPreview::Work(const std::function<void()>& work)
+{
+    if (m_busy || !m_view)
+        return;
+    const std::array<forms::Control*, 16> others{&cboLayout, &cboPaper, &optOrientation(0), &optOrientation(1), &cmdFirst,
+                                                 &cmdPrevious, &cmdNext, &cmdLast, &txtPage, &cboZoom, &txtFind, &cmdFind,
+                                                 &cmdPrint, &cmdPDF, &cmdCSV, &cmdExit};
+    const auto begin = [&](bool busy) {
+        m_busy = busy;
+        gauWork.SetVisible(busy);
+        cmdStop.SetVisible(busy);
+        for (forms::Control* control : others)
+            control->SetEnabled(!busy);
+    };
+    m_stop = false;
+    m_sincePump.invalidate();
+    lblmsg.Show({}, forms::Colour::Normal);
+    begin(true);
+    struct Ended
+    {
+        const std::function<void()> end;
+        ~Ended() { end(); }
+    } const ended{[&] {
+        begin(false);
+        ShowCount();
+    }};
+    common::Guarded(m_desk.ports.prompter, work);
+}
+
+void frm_ReportPreview::Tell(paper::Made made, const QString& done)
+{
+    if (made == paper::Made::Stopped)
+        lblmsg.Show(u"Stopped. Nothing was stored."_s, forms::Colour::Red);
+    else if (m_pictures.Missing() > 0)
+        lblmsg.Show(done + u" %1 photos were not found; their places say so."_s.arg(m_pictures.Missing()), forms::Colour::Red);
+    else
+        lblmsg.Show(done, forms::Colour::Blue);
+}
+
+void frm_ReportPreview::CountAll()
+{
+    Work([this] {
+        while (!m_view->CountSome(kSlice) && Progress(u"Counting the pages"_s, m_view->RecordsCounted(), m_facts.count)) {
+        }
+    });
+}
+
+void frm_ReportPreview::SavePdf(const QString& file)
+{
+    const RoutineScope scope{"SavePdf"};
+    Work([&] {
+        const paper::Made made =
+            PrintToPdf(Book(), file, [this](const QString& doing, qint64 done, qint64 total) { return Progress(doing, done, total); });
+        Tell(made, u"The report is in %1."_s.arg(file));
+    });
+}
+
+void frm_ReportPreview::SaveCsv(const QString& file)
+{
+    const RoutineScope scope{"SaveCsv"};
+    Work([&] {
+        const paper::Made made = WriteReportCsv(file, *m_layout, m_table->Feed(), m_facts.now.date(),
+                                                [this] { return Progress(u"Writing the records"_s, 0, 0); });
+        Tell(made, u"The records are in %1."_s.arg(file));
+    });
+}
+
+void frm_ReportPreview::PrintTo(QPagedPaintDevice& printer, double dots, int from, int to)
+{
+    const RoutineScope scope{"PrintTo"};
+    Work([&] {
+        const paper::Made made =
+            PrintToDevice(Book(), printer, dots, from, to,
+                          [this](const QString& doing, qint64 done, qint64 total) { return Progress(doing, done, total); });
+        if (made == paper::Made::Stopped)
+            lblmsg.Show(u"Stopped. The printer has the pages before."_s, forms::Colour::Red);
+        else
+            Tell(made, u"The report was sent to the printer."_s);
+    });
+}
+
+/// The next page with the text, from the one behind this on; behind the last it goes on at the first.
+void frm_ReportPreview::FindNext()
+{
+    const QString wanted = txtFind.Text().trimmed();
+    if (wanted.isEmpty())
+        return;
+    int found = 0;
+    const int from = m_page;
+    bool stopped = false;
+    Work([&] {
+        const auto look = [&](int page) {
+            const std::optional<paper::Page> made = m_view->PageAt(page);
+            if (made && !PlacesOf(*made, wanted).isEmpty())
+                found = page;
+        };
+        const auto goOn = [&](int page) {
+            stopped = !Progress(u"Looking for %1"_s.arg(wanted), page, m_view->Pages());
+            return !stopped && found == 0;
+        };
+        for (int page = from + 1; goOn(page); ++page) {
+            if (page > m_view->Pages() && !m_view->Counted())
+                m_view->CountSome(0);
+            if (page > m_view->Pages())
+                break;
+            look(page);
+        }
+        for (int page = 1; page <= from && found == 0 && !stopped && goOn(page); ++page)
+            look(page);
+    });
+    if (found > 0)
+        ShowPage(found);
+    lblmsg.Show(found > 0 ? QString() : stopped ? u"Stopped."_s : u"%1 stands on no page."_s.arg(wanted), forms::Colour::Red);
+}
+
+} // namespace vasclip::upkeep

@@ -1,0 +1,239 @@
+#include "platform/paper/painter.h"
+#include "shell/report_home.h"
+#include "upkeep/frm_crystal.h"
+#include "upkeep/frm_report_preview.h"
+#include "windows/guard.h"
+#include "windows/paper_view.h"
+#include "windows/screens.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPrinterInfo>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QWheelEvent>
+
+// Printing as a person does it: the menu entry, the options, the preview.
+
+namespace vasclip::windows {
+
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+class PrintWindows : public shell::ReportHome
+{
+protected:
+    EventGuard guard{doubles.prompter, {}};
+    QTemporaryDir out;
+    ScreenWindow* window = nullptr; ///< on top
+
+    void SetUp() override
+    {
+        ReportHome::SetUp();
+        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
+        ASSERT_TRUE(main.sources.datsql.Bound());
+    }
+    /// Chooses the menu entry and plays on its window.
+    void OnOptions(const std::function<void()>& script)
+    {
+        Queue(u"frm_Crystal"_s, script);
+        guard.Run([&] { main.mnuFileItem.Choose(u"mnuFileItem"_s, 9); });
+        EXPECT_TRUE(doubles.screens.Shown().contains(u"frm_Crystal"_s));
+    }
+    /// Presses Print on the options and plays on the preview.
+    void OnPreview(const std::function<void(upkeep::frm_ReportPreview&)>& script)
+    {
+        OnOptions([&] {
+            doubles.screens.Play([&](forms::Screen& screen) {
+                On(screen, [&] { script(dynamic_cast<upkeep::frm_ReportPreview&>(screen)); });
+            });
+            Press(u"cmdPrint"_s);
+        });
+        EXPECT_TRUE(doubles.screens.Shown().contains(u"frm_ReportPreview"_s)) << doubles.prompter.Texts().join(u'\n').toStdString();
+    }
+    void Queue(const QString& name, const std::function<void()>& script)
+    {
+        doubles.screens.Play([this, name, script](forms::Screen& screen) {
+            EXPECT_EQ(screen.Name(), name);
+            On(screen, script);
+        });
+    }
+    void On(forms::Screen& screen, const std::function<void()>& script)
+    {
+        ScreenWindow* const below = window;
+        ScreenWindow stands(screen, guard);
+        EXPECT_TRUE(stands.Leftovers().isEmpty()) << stands.Leftovers().join(u'\n').toStdString();
+        window = &stands;
+        stands.show();
+        QApplication::processEvents();
+        ExpectOwnAccessKeys();
+        script();
+        window = below;
+    }
+    template <typename Widget>
+    Widget& The(const QString& name) const
+    {
+        auto* found = window->findChild<Widget*>(name);
+        EXPECT_NE(found, nullptr) << name.toStdString();
+        return *found;
+    }
+    void Press(const QString& name) const { QTest::mouseClick(&The<QPushButton>(name), Qt::LeftButton); }
+    /// Down the list by its keys.
+    void Choose(const QString& box, const QString& line) const
+    {
+        auto& combo = The<QComboBox>(box);
+        QTest::keyClick(&combo, Qt::Key_Home);
+        while (combo.currentText() != line && combo.currentIndex() + 1 < combo.count())
+            QTest::keyClick(&combo, Qt::Key_Down);
+        EXPECT_EQ(combo.currentText(), line);
+    }
+    void Wait(const upkeep::frm_ReportPreview& preview) const
+    {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !preview.lblPages.Caption().contains(u"more"_s); }));
+    }
+    void ExpectOwnAccessKeys() const
+    {
+        QSet<QChar> marks;
+        const auto take = [&](const QString& text) {
+            const qsizetype at = text.indexOf(u'&');
+            if (at < 0)
+                return;
+            EXPECT_FALSE(marks.contains(text[at + 1].toUpper())) << text.toStdString();
+            marks.insert(text[at + 1].toUpper());
+        };
+        for (const auto* button : window->findChildren<QAbstractButton*>())
+            take(button->text());
+        for (const auto* label : window->findChildren<QLabel*>())
+            if (label->buddy())
+                take(label->text());
+    }
+};
+
+TEST_F(PrintWindows, TheOptionsFollowThePointer)
+{
+    OnOptions([&] {
+        EXPECT_EQ(window->windowTitle(), u"Report Print Options"_s);
+        EXPECT_TRUE(The<QRadioButton>(u"optSelected_0"_s).isChecked());
+        QTest::mouseClick(&The<QRadioButton>(u"optSelected_2"_s), Qt::LeftButton, {}, QPoint(8, 8));
+        EXPECT_TRUE(The<QRadioButton>(u"optSelected_2"_s).isChecked());
+        EXPECT_FALSE(The<QRadioButton>(u"optSelected_0"_s).isChecked());
+        QTest::mouseClick(&The<QRadioButton>(u"optSelected_2"_s), Qt::LeftButton, {}, QPoint(8, 8));
+        EXPECT_TRUE(The<QRadioButton>(u"optSelected_2"_s).isChecked()) << "a choice is not taken back by its own click";
+        EXPECT_EQ(The<QLabel>(u"lblRecordCount"_s).text(), QString::number(main.sources.datsql.Count()));
+    });
+}
+
+TEST_F(PrintWindows, ThePreviewIsThePaperPixelByPixel)
+{
+    OnPreview([&](upkeep::frm_ReportPreview& preview) {
+        Wait(preview);
+        Choose(u"cboZoom"_s, u"100 %"_s);
+        QApplication::processEvents();
+        const auto& view = The<PaperView>(u"paperView"_s);
+        const QImage wanted = paper::Picture(preview.Sheet(), preview.Shown(), 96 * view.devicePixelRatioF(), preview.Pictures());
+        EXPECT_EQ(view.Shown().convertToFormat(QImage::Format_RGB32).size(), wanted.size());
+        QImage shown = view.Shown();
+        shown.setDevicePixelRatio(1);
+        EXPECT_EQ(shown, wanted);
+        EXPECT_EQ(wanted.pixel(2, 2), qRgb(255, 255, 255));
+    });
+}
+
+TEST_F(PrintWindows, KeysTurnThePagesAndTheWheelZooms)
+{
+    const auto database = main.program.Engine().OpenDatabase(main.program.DatabookPath());
+    for (int i = 1; i <= 120; ++i)
+        database->Execute(u"INSERT INTO COMPS (CENTRALKEY, ADDRESS) VALUES ('%1 Z ST', '%1 Z St')"_s.arg(i));
+    OnPreview([&](upkeep::frm_ReportPreview& preview) {
+        Choose(u"cboLayout"_s, u"Extended"_s);
+        Wait(preview);
+        ASSERT_GT(preview.Pages(), 2);
+        auto& view = The<PaperView>(u"paperView"_s);
+        QTest::keyClick(&view, Qt::Key_PageDown);
+        EXPECT_EQ(The<QLineEdit>(u"txtPage"_s).text(), u"2"_s);
+        QTest::keyClick(&view, Qt::Key_PageUp);
+        EXPECT_EQ(The<QLineEdit>(u"txtPage"_s).text(), u"1"_s);
+        QTest::keyClick(&view, Qt::Key_End);
+        EXPECT_EQ(The<QLineEdit>(u"txtPage"_s).text(), QString::number(preview.Pages()));
+        QTest::keyClick(&view, Qt::Key_Home);
+        EXPECT_EQ(The<QLineEdit>(u"txtPage"_s).text(), u"1"_s);
+        const QSize before = view.Shown().size();
+        const QPointF middle(view.viewport()->rect().center());
+        QWheelEvent wheel(middle, view.viewport()->mapToGlobal(middle), {}, {0, 120}, Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(view.viewport(), &wheel);
+        EXPECT_NE(view.Shown().size(), before);
+        EXPECT_NE(The<QComboBox>(u"cboZoom"_s).currentText(), u"Whole page"_s);
+    });
+}
+
+TEST_F(PrintWindows, SaveAsPdfAsksForItsNameAndMakesIt)
+{
+    const QString file = out.filePath(u"mine"_s);
+    OnPreview([&](upkeep::frm_ReportPreview& preview) {
+        QTimer::singleShot(100, qApp, [&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            EXPECT_TRUE(dialog->selectedFiles().value(0).endsWith(u".pdf"_s));
+            dialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(file);
+            QMetaObject::invokeMethod(dialog, "accept");
+        });
+        Press(u"cmdPDF"_s);
+        EXPECT_EQ(preview.lblmsg.Caption(), u"The report is in %1.pdf."_s.arg(file));
+    });
+    QFile made(file + u".pdf"_s);
+    ASSERT_TRUE(made.open(QIODevice::ReadOnly)) << "the extension was added";
+    EXPECT_TRUE(made.readAll().startsWith("%PDF-"));
+}
+
+TEST_F(PrintWindows, AnEmptySearchIsAPageThatSaysSo)
+{
+    main.records.state.sqlText = u"SELECT * FROM COMPS WHERE CITY = 'Nowhere'"_s;
+    OnPreview([&](upkeep::frm_ReportPreview& preview) {
+        Wait(preview);
+        EXPECT_EQ(The<QLabel>(u"lblPages"_s).text(), u"of 1"_s);
+        EXPECT_FALSE(The<QPushButton>(u"cmdNext"_s).isEnabled());
+        EXPECT_FALSE(preview.Shown().texts.isEmpty());
+    });
+}
+
+TEST_F(PrintWindows, WithoutAPrinterItSaysWhatToDo)
+{
+    if (!QPrinterInfo::availablePrinterNames().isEmpty())
+        GTEST_SKIP() << "this computer has printers";
+    OnPreview([&](upkeep::frm_ReportPreview& preview) {
+        Press(u"cmdPrint"_s);
+        EXPECT_TRUE(preview.lblmsg.Caption().contains(u"save the report as a PDF"_s));
+    });
+}
+
+TEST_F(PrintWindows, FindMarksWhatItFinds)
+{
+    OnPreview([&](upkeep::frm_ReportPreview& preview) {
+        Wait(preview);
+        const QImage before = The<PaperView>(u"paperView"_s).Shown();
+        QTest::keyClick(window, Qt::Key_F, Qt::ControlModifier);
+        QTest::keyClicks(&The<QLineEdit>(u"txtFind"_s), u"address"_s);
+        QTest::keyClick(&The<QLineEdit>(u"txtFind"_s), Qt::Key_Return);
+        EXPECT_TRUE(window->isVisible()) << "Return looks and closes nothing";
+        EXPECT_FALSE(preview.Found().isEmpty());
+        EXPECT_NE(The<PaperView>(u"paperView"_s).Shown(), before);
+    });
+}
+
+TEST_F(PrintWindows, TheGridsButtonOpensTheOptionsToo)
+{
+    EXPECT_TRUE(main.records.cmdPrint.Enabled());
+    Queue(u"frm_Crystal"_s, [] {});
+    Q_EMIT main.records.cmdPrint.Clicked();
+    EXPECT_TRUE(doubles.screens.Shown().contains(u"frm_Crystal"_s));
+}
+
+} // namespace
+} // namespace vasclip::windows
