@@ -21,7 +21,8 @@ const QString kNarrowed = u"Quick find hides some of these records in the grid. 
 
 } // namespace
 
-frm_Crystal::frm_Crystal(const ReportDesk& desk, const store::DataSource& datsql, QString statement, bool narrowed)
+frm_Crystal::frm_Crystal(const ReportDesk& desk, const store::DataSource& datsql, QString statement,
+                         bool narrowed)
     : Screen(u"frm_Crystal"_s)
     , datReport(desk.engine, u"datReport"_s)
     , optSelected(controls, u"optSelected"_s, 0, kLengths - 1)
@@ -40,7 +41,8 @@ frm_Crystal::frm_Crystal(const ReportDesk& desk, const store::DataSource& datsql
     optSelected(1).SetCaption(u"Regular"_s);
     optSelected(2).SetCaption(u"Extended"_s);
     cmdPrint.SetCaption(u"&Print"_s);
-    cmdPrint.SetToolTipText(u"Shows the pages as they will be on paper, to print them or to save them as a PDF"_s);
+    cmdPrint.SetToolTipText(
+        u"Shows the pages as they will be on paper, to print them or to save them as a PDF"_s);
     cmdExit.SetCaption(u"E&xit"_s);
     for (int i = 0; i < kLengths; ++i)
         connect(&optSelected(i), &forms::CheckBox::Toggled, this, [this, i] { optSelected_Click(i); });
@@ -68,13 +70,15 @@ void frm_Crystal::ListOwnLayouts()
     const QList<LayoutEntry> entries = ListLayouts(m_desk.disk, m_desk.globals);
     for (qsizetype i = kLengths; i < entries.size(); ++i) {
         m_own.append(entries[i].name);
-        cboLayout.AddItem(entries[i].words == entries[i].name ? entries[i].name
-                                                              : entries[i].words + u" ("_s + entries[i].name + u')');
+        cboLayout.AddItem(entries[i].words == entries[i].name
+                              ? entries[i].name
+                              : entries[i].words + u" ("_s + entries[i].name + u')');
     }
     cboLayout.SetListIndex(0);
     cboLayout.SetEnabled(m_own.size() > 1);
     if (m_own.size() == 1)
-        cboLayout.SetToolTipText(u"There are none in %1 yet; the guide tells how to make one."_s.arg(LayoutDirectory(m_desk.globals)));
+        cboLayout.SetToolTipText(u"There are none in %1 yet; the guide tells how to make one."_s.arg(
+            LayoutDirectory(m_desk.globals)));
 }
 
 int frm_Crystal::Chosen() const
@@ -145,7 +149,8 @@ void frm_Crystal::cmdPrint_Click()
     {
         const forms::Hourglass hourglass(m_desk.ports.window);
         filled = common::Guarded(m_desk.ports.prompter, [&] {
-            FillReport(m_desk.engine, file, m_desk.databook, m_desk.globals.G_Table, ActiveSearch(m_statement));
+            FillReport(m_desk.engine, file, m_desk.databook, m_desk.globals.G_Table,
+                       ActiveSearch(m_statement));
             datReport.Open(file, u"Comps"_s, store::SourceKind::Query);
         });
     }

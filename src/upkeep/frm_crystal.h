@@ -17,8 +17,9 @@ public:
     frm_Crystal(const ReportDesk& desk, const store::DataSource& datsql, QString statement, bool narrowed);
 
     store::DataSource datReport; ///< bound while a report is printed
-    forms::ControlArray<forms::CheckBox> optSelected; ///< one of them is ticked, or none for a layout of the user's own
-    forms::ComboBox cboLayout;                        ///< layouts of the user's own
+    forms::ControlArray<forms::CheckBox>
+        optSelected;           ///< one of them is ticked, or none for a layout of the user's own
+    forms::ComboBox cboLayout; ///< layouts of the user's own
     forms::Label lblRecordCount, lblmsg;
     forms::Button cmdPrint, cmdExit;
 

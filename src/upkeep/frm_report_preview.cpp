@@ -14,20 +14,23 @@ using common::RoutineScope;
 
 namespace {
 
-constexpr int kSlice = 40;       ///< milliseconds of counting at a time
+constexpr int kSlice = 40; ///< milliseconds of counting at a time
 
 struct ZoomRow
 {
     QLatin1StringView words;
     int hundredths;
 };
-constexpr std::array kZooms{ZoomRow{"Whole page"_L1, 0}, ZoomRow{"Page width"_L1, -1}, ZoomRow{"50 %"_L1, 50},   ZoomRow{"75 %"_L1, 75},
-                            ZoomRow{"100 %"_L1, 100},    ZoomRow{"150 %"_L1, 150},     ZoomRow{"200 %"_L1, 200}, ZoomRow{"300 %"_L1, 300}};
+constexpr std::array kZooms{ZoomRow{"Whole page"_L1, 0}, ZoomRow{"Page width"_L1, -1},
+                            ZoomRow{"50 %"_L1, 50},      ZoomRow{"75 %"_L1, 75},
+                            ZoomRow{"100 %"_L1, 100},    ZoomRow{"150 %"_L1, 150},
+                            ZoomRow{"200 %"_L1, 200},    ZoomRow{"300 %"_L1, 300}};
 constexpr int kFirstNumber = 2; ///< of kZooms
 
 } // namespace
 
-frm_ReportPreview::frm_ReportPreview(const ReportDesk& desk, QString file, QString layoutName, QString statement)
+frm_ReportPreview::frm_ReportPreview(const ReportDesk& desk, QString file, QString layoutName,
+                                     QString statement)
     : Screen(u"frm_ReportPreview"_s)
     , cboLayout(controls, u"cboLayout"_s)
     , cboPaper(controls, u"cboPaper"_s)
@@ -114,7 +117,12 @@ frm_ReportPreview::frm_ReportPreview(const ReportDesk& desk, QString file, QStri
     });
     connect(&cmdFind, &forms::Control::Clicked, this, &frm_ReportPreview::FindNext);
     connect(&cmdStop, &forms::Control::Clicked, this, [this] { m_stop = true; });
-    const auto ifIdle = [this](auto emitter) { return [this, emitter] { if (!m_busy) emitter(); }; };
+    const auto ifIdle = [this](auto emitter) {
+        return [this, emitter] {
+            if (!m_busy)
+                emitter();
+        };
+    };
     connect(&cmdPrint, &forms::Control::Clicked, this, ifIdle([this] { Q_EMIT PrinterWanted(); }));
     connect(&cmdPDF, &forms::Control::Clicked, this, ifIdle([this] { Q_EMIT FileWanted(u"pdf"_s); }));
     connect(&cmdCSV, &forms::Control::Clicked, this, ifIdle([this] { Q_EMIT FileWanted(u"csv"_s); }));
@@ -195,7 +203,8 @@ void frm_ReportPreview::TakePaper()
     m_sheet = sheet;
     lblmsg.Show(KeepSheet(m_desk.disk, m_desk.globals, *m_layout, m_sheet)
                     ? QString()
-                    : u"This paper could not be remembered: %1 can't be written."_s.arg(m_desk.globals.applicationIni),
+                    : u"This paper could not be remembered: %1 can't be written."_s.arg(
+                          m_desk.globals.applicationIni),
                 forms::Colour::Red);
     Rebuild();
 }
@@ -265,8 +274,9 @@ QString frm_ReportPreview::SuggestedName() const
 
 void frm_ReportPreview::TellNoPrinter()
 {
-    lblmsg.Show(u"This computer has no printer. Set one up in the system's settings, or save the report as a PDF."_s,
-                forms::Colour::Red);
+    lblmsg.Show(
+        u"This computer has no printer. Set one up in the system's settings, or save the report as a PDF."_s,
+        forms::Colour::Red);
 }
 
 } // namespace vasclip::upkeep

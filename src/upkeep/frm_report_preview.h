@@ -12,8 +12,8 @@
 
 namespace vasclip::upkeep {
 
-/// The report as it will be on paper, from the filled report database: other layouts and papers of the same records,
-/// printing, PDF.
+/// The report as it will be on paper, from the filled report database: other layouts and papers of the same
+/// records, printing, PDF.
 class frm_ReportPreview : public forms::Screen
 {
     Q_OBJECT
@@ -44,7 +44,8 @@ public:
     [[nodiscard]] int Zoom() const;
     [[nodiscard]] int Pages() const { return m_view ? m_view->Pages() : 0; }
     [[nodiscard]] QString SuggestedName() const; ///< of a file, without extension
-    /// Counts pages for a moment; the window asks again while there are more. @return true when all are counted
+    /// Counts pages for a moment; the window asks again while there are more. @return true when all are
+    /// counted
     bool CountSome();
     void ShowPage(int number);
     void ZoomBy(int steps);

@@ -38,8 +38,9 @@ QByteArray ProgramsOwn(const QString& name)
 
 bool IsName(const QString& name)
 {
-    return !name.isEmpty() && name.size() <= 60 &&
-           std::none_of(name.begin(), name.end(), [](QChar letter) { return QString(u"\\/:*?\"<>|.=[];"_s).contains(letter); });
+    return !name.isEmpty() && name.size() <= 60 && std::none_of(name.begin(), name.end(), [](QChar letter) {
+        return QString(u"\\/:*?\"<>|.=[];"_s).contains(letter);
+    });
 }
 
 QString OwnFile(const common::Globals& globals, const QString& name)
@@ -56,8 +57,10 @@ ReportLayout Parsed(const QByteArray& content, const QString& file, const QStrin
             layout.words = name;
         return layout;
     } catch (const LayoutError& wrong) {
-        throw RuntimeError(error::kInvalidCall, u"%1, line %2, column %3: %4%5"_s.arg(file, QString::number(wrong.Line()),
-                                                                              QString::number(wrong.Column()), wrong.What(), wrong.What().endsWith(u'?') ? QString() : u"."_s));
+        throw RuntimeError(error::kInvalidCall,
+                           u"%1, line %2, column %3: %4%5"_s.arg(
+                               file, QString::number(wrong.Line()), QString::number(wrong.Column()),
+                               wrong.What(), wrong.What().endsWith(u'?') ? QString() : u"."_s));
     }
 }
 
@@ -109,11 +112,13 @@ ReportLayout OpenLayout(const files::Disk& disk, const common::Globals& globals,
                                                  name, LayoutDirectory(globals), names.join(u", "_s)));
 }
 
-QString CopyLayout(const files::Disk& disk, const common::Globals& globals, const QString& name, const QString& newName)
+QString CopyLayout(const files::Disk& disk, const common::Globals& globals, const QString& name,
+                   const QString& newName)
 {
     const QString from = name.trimmed().toLower(), to = newName.trimmed().toLower();
     if (!IsName(to))
-        throw RuntimeError(error::kBadFileName, u"'%1' can't be a layout's name. Use letters, digits and blanks."_s.arg(newName));
+        throw RuntimeError(error::kBadFileName,
+                           u"'%1' can't be a layout's name. Use letters, digits and blanks."_s.arg(newName));
     const QString source = OwnFile(globals, from), target = OwnFile(globals, to);
     const QByteArray content = IsName(from) && disk.Found(source) ? disk.ReadWhole(source)
                                : OfTheProgram().contains(from)    ? ProgramsOwn(from)
@@ -131,7 +136,8 @@ QString CopyLayout(const files::Disk& disk, const common::Globals& globals, cons
 paper::Sheet SheetOf(const files::Disk& disk, const common::Globals& globals, const ReportLayout& layout)
 {
     paper::Sheet sheet = layout.sheet;
-    const QString kept = files::GetPrivateProfileString(disk, kSection, layout.name, {}, globals.applicationIni);
+    const QString kept =
+        files::GetPrivateProfileString(disk, kSection, layout.name, {}, globals.applicationIni);
     const QString name = kept.section(u' ', 0, 0).toLower();
     if (paper::PaperNames().contains(name)) {
         sheet.name = name;
@@ -142,7 +148,8 @@ paper::Sheet SheetOf(const files::Disk& disk, const common::Globals& globals, co
     return inside.width() < 3 * paper::kInch || inside.height() < 3 * paper::kInch ? layout.sheet : sheet;
 }
 
-bool KeepSheet(const files::Disk& disk, const common::Globals& globals, const ReportLayout& layout, const paper::Sheet& sheet)
+bool KeepSheet(const files::Disk& disk, const common::Globals& globals, const ReportLayout& layout,
+               const paper::Sheet& sheet)
 {
     return files::WritePrivateProfileString(disk, kSection, layout.name,
                                             sheet.name + (sheet.landscape ? u" landscape"_s : u" portrait"_s),

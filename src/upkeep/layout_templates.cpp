@@ -81,7 +81,8 @@ Template ReadTemplate(LineReader& line, Columns columns)
         const int column = begin + static_cast<int>(open);
         const qsizetype close = text.indexOf(u'}', open);
         if (close < 0)
-            throw LayoutError(line.Number(), column, u"the brace that opens here is not closed. Write } behind the field"_s);
+            throw LayoutError(line.Number(), column,
+                              u"the brace that opens here is not closed. Write } behind the field"_s);
         const QString inner = text.mid(open + 1, close - open - 1);
         Template::Piece piece;
         piece.before = text.mid(at, open - at);
@@ -97,7 +98,8 @@ Template ReadTemplate(LineReader& line, Columns columns)
             const QString word = inner.section(u':', 1).trimmed();
             const std::optional<Format> format = FormatOf(word);
             if (!format)
-                throw LayoutError(line.Number(), column + 2 + static_cast<int>(inner.indexOf(u':')), NoSuchFormat(word));
+                throw LayoutError(line.Number(), column + 2 + static_cast<int>(inner.indexOf(u':')),
+                                  NoSuchFormat(word));
             piece.format = *format;
         }
         result.pieces.append(piece);

@@ -36,11 +36,13 @@ QList<LayoutWord> WordsOf(const QString& line, int number)
                 }
             }
             if (!closed)
-                throw LayoutError(number, column, u"the text that begins here has no closing quote. Write one at its end"_s);
+                throw LayoutError(number, column,
+                                  u"the text that begins here has no closing quote. Write one at its end"_s);
             words.append({LayoutWord::Kind::Text, text, column});
         } else {
             const qsizetype from = at;
-            while (at < line.size() && !line[at].isSpace() && line[at] != u',' && line[at] != u'"' && line[at] != u'#')
+            while (at < line.size() && !line[at].isSpace() && line[at] != u',' && line[at] != u'"' &&
+                   line[at] != u'#')
                 ++at;
             words.append({LayoutWord::Kind::Word, line.mid(from, at - from), column});
         }
@@ -101,7 +103,8 @@ int LineReader::WholeNumber(const QString& what, int least, int most)
     bool ok = false;
     const int number = word.toInt(&ok);
     if (!ok || number < least || number > most)
-        Refuse(u"'%1' is no number from %2 to %3. Write %4 as one"_s.arg(word).arg(least).arg(most).arg(what));
+        Refuse(
+            u"'%1' is no number from %2 to %3. Write %4 as one"_s.arg(word).arg(least).arg(most).arg(what));
     return number;
 }
 
@@ -116,15 +119,17 @@ int LineReader::Length(const QString& what, double least, double most)
     const QString unit = match.captured(2).toLower();
     const double inches = match.captured(1).toDouble() / (unit == u"in" ? 1 : unit == u"mm" ? 25.4 : 72);
     if (inches < least - 1e-9 || inches > most + 1e-9)
-        Refuse(u"'%1' is out of bounds. Write %2 from %3 to %4 inches"_s.arg(word, what).arg(least).arg(most));
+        Refuse(
+            u"'%1' is out of bounds. Write %2 from %3 to %4 inches"_s.arg(word, what).arg(least).arg(most));
     return static_cast<int>(std::lround(inches * paper::kInch));
 }
 
 void LineReader::End()
 {
     if (!AtEnd())
-        throw LayoutError(m_number, Column(), u"'%1' is not understood here. Take it out, or see the guide for what may "
-                                              "stand in this line"_s.arg(m_words[m_next].text));
+        throw LayoutError(m_number, Column(),
+                          u"'%1' is not understood here. Take it out, or see the guide for what may "
+                          "stand in this line"_s.arg(m_words[m_next].text));
 }
 
 void LineReader::Refuse(const QString& what) const

@@ -3,7 +3,6 @@
 #include <QList>
 #include <QString>
 
-
 namespace vasclip::upkeep {
 
 /// What is wrong with a layout, where, and what to do.

@@ -11,7 +11,7 @@ using paper::kPoint;
 
 namespace {
 
-constexpr int kGutter = 7 * kPoint; ///< between columns
+constexpr int kGutter = kReportGutter;
 const QString kGoesOn = u"%1 (continued)"_s;
 
 /// A rule as wide as the page.
@@ -35,15 +35,19 @@ BlockMaker::BlockMaker(const ReportLayout& layout, const ReportFacts& facts, Blo
     , m_large{measures.text * 5 / 4, true}
 {}
 
-void BlockMaker::Put(Block& block, const QString& text, paper::Face face, QRgb colour, int x, int y, int width, Side side)
+void BlockMaker::Put(Block& block, const QString& text, paper::Face face, QRgb colour, int x, int y,
+                     int width, Side side)
 {
     if (text.isEmpty())
         return;
     const QString shown = m_setter.Cut(text, face, width);
     const int wide = m_setter.Width(shown, face);
     const int left = side == Side::Left ? x : side == Side::Right ? x + width - wide : x + (width - wide) / 2;
-    block.content.texts.append(
-        {.at = QPoint(left, y + m_setter.Ascent(face)), .width = wide, .text = shown, .face = face, .ink = colour});
+    block.content.texts.append({.at = QPoint(left, y + m_setter.Ascent(face)),
+                                .width = wide,
+                                .text = shown,
+                                .face = face,
+                                .ink = colour});
 }
 
 Block BlockMaker::Gap(int height) const
@@ -57,7 +61,8 @@ Block BlockMaker::Gap(int height) const
 QString BlockMaker::NameOf(const store::Record& record) const
 {
     const QString address = Printed(record, fields::ADDRESS, Format::Text, m_facts.now.date());
-    return address.isEmpty() ? Printed(record, fields::CENTRALKEY, Format::Text, m_facts.now.date()) : address;
+    return address.isEmpty() ? Printed(record, fields::CENTRALKEY, Format::Text, m_facts.now.date())
+                             : address;
 }
 
 std::vector<BlockMaker::Cell> BlockMaker::Cells() const
@@ -71,7 +76,8 @@ std::vector<BlockMaker::Cell> BlockMaker::Cells() const
     for (const Column& column : m_layout.columns) {
         const int from = room * before / all;
         before += column.wide;
-        cells.push_back({from + kGutter * static_cast<int>(cells.size()), std::max(room * before / all - from, 1)});
+        cells.push_back(
+            {from + kGutter * static_cast<int>(cells.size()), std::max(room * before / all - from, 1)});
     }
     return cells;
 }
@@ -82,15 +88,19 @@ Block BlockMaker::TableHead()
     std::vector<QStringList> words;
     qsizetype most = 1;
     for (std::size_t i = 0; i < cells.size(); ++i) {
-        words.push_back(m_setter.Lines(m_layout.columns[static_cast<qsizetype>(i)].heading, m_smallStrong, cells[i].width, 2));
+        words.push_back(m_setter.Lines(m_layout.columns[static_cast<qsizetype>(i)].heading, m_smallStrong,
+                                       cells[i].width, 2));
         most = std::max(most, words.back().size());
     }
     const int line = m_setter.LineHeight(m_smallStrong);
     Block block;
     block.height = static_cast<int>(most) * line + 6 * kPoint;
-    block.content.boxes.append({.box = QRect(-3 * kPoint, 0, m_measures.width + 6 * kPoint, block.height - 2 * kPoint), .fill = ink::kBand});
+    block.content.boxes.append(
+        {.box = QRect(-3 * kPoint, 0, m_measures.width + 6 * kPoint, block.height - 2 * kPoint),
+         .fill = ink::kBand});
     for (std::size_t i = 0; i < cells.size(); ++i) {
-        int y = 2 * kPoint + line * static_cast<int>(most - words[i].size()); // headings of one line stand at the foot
+        int y = 2 * kPoint +
+                line * static_cast<int>(most - words[i].size()); // headings of one line stand at the foot
         for (const QString& text : words[i]) {
             Put(block, text, m_smallStrong, ink::kAccent, cells[i].x, y, cells[i].width,
                 m_layout.columns[static_cast<qsizetype>(i)].side);
@@ -109,7 +119,9 @@ Block BlockMaker::OfRow(const store::Record& record)
     for (std::size_t i = 0; i < cells.size(); ++i) {
         const Column& column = m_layout.columns[static_cast<qsizetype>(i)];
         const QString text = Printed(record, column.field, column.format, m_facts.now.date());
-        const QStringList shown = column.lines > 1 ? m_setter.Lines(text, m_plain, cells[i].width, column.lines) : QStringList{text};
+        const QStringList shown = column.lines > 1
+                                      ? m_setter.Lines(text, m_plain, cells[i].width, column.lines)
+                                      : QStringList{text};
         int y = 3 * kPoint / 2;
         for (const QString& one : shown) {
             Put(block, one, m_plain, ink::kText, cells[i].x, y, cells[i].width, column.side);
@@ -142,7 +154,8 @@ std::vector<Block> BlockMaker::OfTotals(const QString& words, const Sums& sums)
     if (m_layout.totals.isEmpty())
         return blocks;
     const int line = m_setter.LineHeight(m_small) + m_setter.LineHeight(m_strong) + 2 * kPoint;
-    const int across = std::min<int>(static_cast<int>(m_layout.totals.size()), m_measures.width > 9 * paper::kInch ? 8 : 5);
+    const int across =
+        std::min<int>(static_cast<int>(m_layout.totals.size()), m_measures.width > 9 * paper::kInch ? 8 : 5);
     const int cell = m_measures.width / across;
     Block block;
     int y = 6 * kPoint;
@@ -153,10 +166,12 @@ std::vector<Block> BlockMaker::OfTotals(const QString& words, const Sums& sums)
         if (i > 0 && i % across == 0)
             y += line;
         Put(block, m_layout.totals[i].label, m_small, ink::kQuiet, x, y, cell - kGutter, Side::Left);
-        Put(block, sums.Text(m_layout.totals, i), m_strong, ink::kText, x, y + m_setter.LineHeight(m_small), cell - kGutter, Side::Left);
+        Put(block, sums.Text(m_layout.totals, i), m_strong, ink::kText, x, y + m_setter.LineHeight(m_small),
+            cell - kGutter, Side::Left);
     }
     block.height = y + line + 2 * kPoint;
-    block.content.boxes.prepend({.box = QRect(0, 3 * kPoint, m_measures.width, block.height - 3 * kPoint), .fill = ink::kBand});
+    block.content.boxes.prepend(
+        {.box = QRect(0, 3 * kPoint, m_measures.width, block.height - 3 * kPoint), .fill = ink::kBand});
     blocks.push_back(std::move(block));
     blocks.push_back(Gap(6 * kPoint));
     return blocks;
@@ -176,141 +191,6 @@ Block BlockMaker::Continued(const QString& words)
     Put(block, kGoesOn.arg(words), m_small, ink::kQuiet, 0, 0, m_measures.width, Side::Left);
     block.height = m_setter.LineHeight(m_small) + 4 * kPoint;
     return block;
-}
-
-void BlockMaker::AddHeading(std::vector<Block>& blocks, const HeadingPart& part, const store::Record& record)
-{
-    const int width = m_measures.width;
-    Block block;
-    const QString right = Filled(part.right, &record, m_facts);
-    const int rightWidth = std::min(m_setter.Width(right, m_large), width / 2);
-    Put(block, right, m_large, ink::kText, width - rightWidth, 0, rightWidth, Side::Right);
-    const QString left = Filled(part.left, &record, m_facts);
-    Put(block, left.isEmpty() ? NameOf(record) : left, m_large, ink::kAccent, 0, 0,
-        width - rightWidth - (rightWidth > 0 ? kGutter : 0), Side::Left);
-    block.height = m_setter.LineHeight(m_large) + kPoint;
-    block.withNext = true;
-    blocks.push_back(std::move(block));
-}
-
-void BlockMaker::AddLine(std::vector<Block>& blocks, const LinePart& part, const store::Record& record, int width)
-{
-    const QString text = Filled(part.text, &record, m_facts);
-    if (text.isEmpty())
-        return;
-    for (const QString& line : m_setter.Lines(text, m_plain, width, 3)) {
-        Block block;
-        Put(block, line, m_plain, ink::kQuiet, 0, 0, width, Side::Left);
-        block.height = m_setter.LineHeight(m_plain);
-        block.withNext = true;
-        blocks.push_back(std::move(block));
-    }
-    blocks.back().height += 2 * kPoint;
-}
-
-void BlockMaker::AddSection(std::vector<Block>& blocks, const SectionPart& part, const store::Record& record, int width)
-{
-    QList<std::pair<QString, QString>> shown;
-    for (const LabelledField& field : part.fields) {
-        const QString value = Printed(record, field.field, field.format, m_facts.now.date());
-        if (part.blanks || !value.isEmpty())
-            shown.append({field.label, value});
-    }
-    if (shown.isEmpty())
-        return;
-    if (!part.words.isEmpty()) {
-        Block title;
-        Put(title, part.words, m_smallStrong, ink::kAccent, 0, 5 * kPoint, width, Side::Left);
-        title.height = 5 * kPoint + m_setter.LineHeight(m_smallStrong) + 2 * kPoint;
-        title.content.boxes.append({.box = QRect(0, title.height - kPoint, width, 6), .fill = ink::kRule});
-        title.height += kPoint;
-        title.withNext = true;
-        blocks.push_back(std::move(title));
-    }
-    const int cell = (width - kGutter * 2 * (part.columns - 1)) / part.columns;
-    const int label = cell * 2 / 5;
-    const int line = m_setter.LineHeight(m_plain);
-    for (qsizetype from = 0; from < shown.size(); from += part.columns) {
-        Block row;
-        int lines = 1;
-        for (int i = 0; i < part.columns && from + i < shown.size(); ++i) {
-            const auto& [name, value] = shown[from + i];
-            const int x = i * (cell + 2 * kGutter);
-            const int lift = m_setter.Ascent(m_plain) - m_setter.Ascent(m_small); // on one baseline
-            Put(row, name, m_small, ink::kQuiet, x, lift, label - kGutter / 2, Side::Left);
-            const QStringList texts = m_setter.Lines(value, m_plain, cell - label, 4);
-            for (qsizetype n = 0; n < texts.size(); ++n)
-                Put(row, texts[n], m_plain, ink::kText, x + label, static_cast<int>(n) * line, cell - label, Side::Left);
-            lines = std::max(lines, static_cast<int>(texts.size()));
-        }
-        row.height = lines * line + kPoint;
-        blocks.push_back(std::move(row));
-    }
-}
-
-void BlockMaker::AddNotes(std::vector<Block>& blocks, const NotesPart& part, const store::Record& record, int width)
-{
-    const QString text = LongText(record, part.field);
-    if (text.isEmpty())
-        return;
-    if (!part.label.isEmpty()) {
-        Block title;
-        Put(title, part.label, m_smallStrong, ink::kAccent, 0, 5 * kPoint, width, Side::Left);
-        title.height = 5 * kPoint + m_setter.LineHeight(m_smallStrong) + kPoint;
-        title.withNext = true;
-        blocks.push_back(std::move(title));
-    }
-    const QStringList lines = m_setter.Lines(text, m_plain, width);
-    for (qsizetype i = 0; i < lines.size(); ++i) {
-        Block block;
-        Put(block, lines[i], m_plain, ink::kText, 0, 0, width, Side::Left);
-        block.height = m_setter.LineHeight(m_plain);
-        // No line stands alone on a page.
-        block.withNext = lines.size() > 1 && (i == 0 || i == lines.size() - 2);
-        blocks.push_back(std::move(block));
-    }
-}
-
-std::vector<Block> BlockMaker::OfRecord(const store::Record& record)
-{
-    std::vector<Block> blocks;
-    if (!m_layout.columns.isEmpty()) {
-        blocks.push_back(OfRow(record));
-        return blocks;
-    }
-    const PhotosPart* beside = Beside();
-    if (beside && !HasPhotos(*beside, record))
-        beside = nullptr;
-    const int besideWidth = beside ? BesideWidth(*beside) : 0;
-    const int width = m_measures.width - (beside ? besideWidth + 2 * kGutter : 0);
-    std::size_t underHeading = 0;
-    for (const RecordPart& part : m_layout.parts) {
-        switch (part.kind) {
-        case RecordPart::Kind::Heading: 
-            AddHeading(blocks, part.heading, record);
-            underHeading = blocks.size() == underHeading + 1 ? blocks.size() : underHeading;
-            break;
-        case RecordPart::Kind::Line: AddLine(blocks, part.line, record, width); break;
-        case RecordPart::Kind::Section: AddSection(blocks, part.section, record, width); break;
-        case RecordPart::Kind::Notes: AddNotes(blocks, part.notes, record, width); break;
-        case RecordPart::Kind::Photos:
-            if (!part.photos.beside)
-                AddPhotos(blocks, part.photos, record);
-            break;
-        }
-    }
-    if (blocks.empty())
-        AddHeading(blocks, {}, record);
-    if (beside) {
-        if (underHeading == blocks.size())
-            blocks.push_back({});
-        PutBeside(blocks[underHeading], *beside, record, besideWidth);
-    }
-    blocks.back().withNext = false;
-    Block end = Gap(14 * kPoint);
-    end.content.boxes.append({.box = QRect(0, 7 * kPoint, m_measures.width, 6), .fill = ink::kRule});
-    blocks.push_back(std::move(end));
-    return blocks;
 }
 
 } // namespace vasclip::upkeep

@@ -22,10 +22,12 @@ struct Block
 /// Measures that all strips of a report share.
 struct BlockMeasures
 {
-    int width = 0;     ///< of the page between its margins
-    int height = 0;    ///< of the page between head and foot
-    int text = 180;    ///< size of the text
+    int width = 0;  ///< of the page between its margins
+    int height = 0; ///< of the page between head and foot
+    int text = 180; ///< size of the text
 };
+
+inline constexpr int kReportGutter = 7 * paper::kPoint; ///< between columns
 
 /// Colours of all reports; they print well in grey.
 namespace ink {
@@ -40,7 +42,8 @@ inline constexpr QRgb kBand = 0xffeef2f6;
 class BlockMaker
 {
 public:
-    BlockMaker(const ReportLayout& layout, const ReportFacts& facts, BlockMeasures measures, paper::Typesetter& setter);
+    BlockMaker(const ReportLayout& layout, const ReportFacts& facts, BlockMeasures measures,
+               paper::Typesetter& setter);
 
     [[nodiscard]] std::vector<Block> OfRecord(const store::Record& record);
     [[nodiscard]] Block OfGroup(const QString& words, int level, bool newPage);
@@ -61,14 +64,16 @@ private:
     [[nodiscard]] Block OfRow(const store::Record& record);
     void AddHeading(std::vector<Block>& blocks, const HeadingPart& part, const store::Record& record);
     void AddLine(std::vector<Block>& blocks, const LinePart& part, const store::Record& record, int width);
-    void AddSection(std::vector<Block>& blocks, const SectionPart& part, const store::Record& record, int width);
+    void AddSection(std::vector<Block>& blocks, const SectionPart& part, const store::Record& record,
+                    int width);
     void AddNotes(std::vector<Block>& blocks, const NotesPart& part, const store::Record& record, int width);
     void AddPhotos(std::vector<Block>& blocks, const PhotosPart& part, const store::Record& record);
     void PutBeside(Block& first, const PhotosPart& part, const store::Record& record, int room);
     [[nodiscard]] const PhotosPart* Beside() const;
     [[nodiscard]] static bool HasPhotos(const PhotosPart& part, const store::Record& record);
     [[nodiscard]] int BesideWidth(const PhotosPart& part) const;
-    void Put(Block& block, const QString& text, paper::Face face, QRgb colour, int x, int y, int width, Side side);
+    void Put(Block& block, const QString& text, paper::Face face, QRgb colour, int x, int y, int width,
+             Side side);
     [[nodiscard]] std::vector<Cell> Cells() const;
 
     const ReportLayout& m_layout;

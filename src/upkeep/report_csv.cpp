@@ -34,13 +34,13 @@ QString CsvValue(const store::Record& record, const LabelledField& field, const 
 
 QString CsvField(const QString& value)
 {
-    const bool quoted = value.contains(u',') || value.contains(u'"') || value.contains(u'\n') || value.contains(u'\r') ||
-                        value.trimmed() != value;
+    const bool quoted = value.contains(u',') || value.contains(u'"') || value.contains(u'\n') ||
+                        value.contains(u'\r') || value.trimmed() != value;
     return quoted ? u'"' + QString(value).replace(u"\""_s, u"\"\""_s) + u'"' : value;
 }
 
-paper::Made WriteReportCsv(const QString& file, const ReportLayout& layout, const RecordFeed& feed, const QDate& today,
-                           const std::function<bool()>& goOn)
+paper::Made WriteReportCsv(const QString& file, const ReportLayout& layout, const RecordFeed& feed,
+                           const QDate& today, const std::function<bool()>& goOn)
 {
     const QList<LabelledField> columns = layout.Fields();
     QSaveFile target(file);
@@ -68,7 +68,8 @@ paper::Made WriteReportCsv(const QString& file, const ReportLayout& layout, cons
         put(line);
     }
     if (!fine || !target.commit())
-        throw RuntimeError(target.error() == QFileDevice::OpenError ? error::kPathFileAccess : error::kDiskFull,
+        throw RuntimeError(target.error() == QFileDevice::OpenError ? error::kPathFileAccess
+                                                                    : error::kDiskFull,
                            u"%1 can't be written: %2. Nothing was stored."_s.arg(file, target.errorString()));
     return paper::Made::Whole;
 }

@@ -7,7 +7,8 @@
 
 namespace vasclip::upkeep {
 
-/// How a value is printed; Type is the words of a comp type's letter. What is no number or date is printed as it stands.
+/// How a value is printed; Type is the words of a comp type's letter. What is no number or date is printed as
+/// it stands.
 enum class Format { Text, Number, Money, Date, Type };
 enum class Side { Left, Centre, Right };
 
@@ -118,8 +119,8 @@ struct ReportLayout
     QList<SortKey> sort;
     QList<Group> groups;
     Flow flow = Flow::Over;
-    QList<Column> columns;    ///< a table, or
-    QList<RecordPart> parts;  ///< a block for each record
+    QList<Column> columns;   ///< a table, or
+    QList<RecordPart> parts; ///< a block for each record
     QList<Total> totals;
 
     /// The columns of COMPS that it prints, each once, in the order of the page.

@@ -17,24 +17,29 @@ constexpr int kFootHeight = 18 * kPoint;
 BlockMeasures MeasuresOf(const ReportLayout& layout, const paper::Sheet& sheet)
 {
     const QRect inside = sheet.Inside();
-    return {.width = inside.width(), .height = inside.height() - kHeadHeight - kFootHeight, .text = layout.text};
+    return {
+        .width = inside.width(), .height = inside.height() - kHeadHeight - kFootHeight, .text = layout.text};
 }
 
-void PutText(paper::Typesetter& setter, paper::Page& page, const QString& text, paper::Face face, QRgb ink, QRect room,
-             Side side)
+void PutText(paper::Typesetter& setter, paper::Page& page, const QString& text, paper::Face face, QRgb ink,
+             QRect room, Side side)
 {
     const QString shown = setter.Cut(text, face, room.width());
     if (shown.isEmpty())
         return;
     const int width = setter.Width(shown, face);
     const int x = side == Side::Right ? room.left() + room.width() - width : room.left();
-    page.texts.append({.at = {x, room.top() + setter.Ascent(face)}, .width = width, .text = shown, .face = face, .ink = ink});
+    page.texts.append({.at = {x, room.top() + setter.Ascent(face)},
+                       .width = width,
+                       .text = shown,
+                       .face = face,
+                       .ink = ink});
 }
 
 } // namespace
 
-ReportPager::ReportPager(const ReportLayout& layout, const paper::Sheet& sheet, const ReportFacts& facts, RecordFeed feed,
-                         paper::Typesetter& setter)
+ReportPager::ReportPager(const ReportLayout& layout, const paper::Sheet& sheet, const ReportFacts& facts,
+                         RecordFeed feed, paper::Typesetter& setter)
     : m_layout(layout)
     , m_sheet(sheet)
     , m_facts(facts)
@@ -52,8 +57,8 @@ QString ReportPager::GroupWords(const Group& group, const store::Record& record)
     return words.isEmpty() ? u"(blank)"_s : words;
 }
 
-/// The blocks of the record at a place: totals of the groups that end before it, headings of those that begin with it,
-/// itself.
+/// The blocks of the record at a place: totals of the groups that end before it, headings of those that begin
+/// with it, itself.
 void ReportPager::Load(const Place& place)
 {
     m_loaded = place.record;
@@ -77,10 +82,12 @@ void ReportPager::Load(const Place& place)
     const bool first = place.groupValues.isEmpty();
     if (m_changed < m_values.size() && !first)
         for (qsizetype level = m_values.size() - 1; level >= m_changed; --level)
-            std::ranges::move(m_maker.OfTotals(u"Group totals"_s, place.sums.value(level + 1)), std::back_inserter(m_blocks));
+            std::ranges::move(m_maker.OfTotals(u"Group totals"_s, place.sums.value(level + 1)),
+                              std::back_inserter(m_blocks));
     for (qsizetype level = m_changed; level < m_layout.groups.size(); ++level) {
         const Group& group = m_layout.groups[level];
-        m_blocks.push_back(m_maker.OfGroup(GroupWords(group, *m_record), static_cast<int>(level), group.newPage && !first));
+        m_blocks.push_back(
+            m_maker.OfGroup(GroupWords(group, *m_record), static_cast<int>(level), group.newPage && !first));
     }
     m_recordFrom = m_blocks.size();
     std::ranges::move(m_maker.OfRecord(*m_record), std::back_inserter(m_blocks));
@@ -95,7 +102,8 @@ void ReportPager::LoadEnd(const Place& place)
         return;
     }
     for (qsizetype level = m_layout.groups.size() - 1; level >= 0; --level)
-        std::ranges::move(m_maker.OfTotals(u"Group totals"_s, place.sums.value(level + 1)), std::back_inserter(m_blocks));
+        std::ranges::move(m_maker.OfTotals(u"Group totals"_s, place.sums.value(level + 1)),
+                          std::back_inserter(m_blocks));
     std::ranges::move(m_maker.OfTotals(u"Report totals"_s, place.sums.first()), std::back_inserter(m_blocks));
 }
 
@@ -128,7 +136,8 @@ int ReportPager::Needed(std::size_t block) const
         int whole = 0;
         for (std::size_t i = block; i < m_blocks.size(); ++i)
             whole += m_blocks[i].gap ? 0 : m_blocks[i].height;
-        if (whole <= m_bottom - m_top && block + 1 < m_blocks.size() && (block == m_recordFrom || m_blocks[block].withNext))
+        if (whole <= m_bottom - m_top && block + 1 < m_blocks.size() &&
+            (block == m_recordFrom || m_blocks[block].withNext))
             needed = std::max(needed, whole);
     }
     return std::max(needed, besides);
@@ -144,9 +153,12 @@ void ReportPager::PutHead(paper::Page& page, int& y, const Place& place)
             {left, m_inside.top() + m_setter.LineHeight(kTitle), width * 3 / 4, kHeadHeight}, Side::Left);
     const QString date = Filled({{{{}, u"DATE"_s, Format::Text}}, {}}, nullptr, m_facts);
     PutText(m_setter, page, date, kSubtitle, ink::kQuiet,
-            {left + width - right, m_inside.top() + m_setter.LineHeight(kTitle) - m_setter.LineHeight(kSubtitle), right, kHeadHeight},
+            {left + width - right,
+             m_inside.top() + m_setter.LineHeight(kTitle) - m_setter.LineHeight(kSubtitle), right,
+             kHeadHeight},
             Side::Right);
-    page.boxes.append({.box = QRect(left, m_inside.top() + kHeadHeight - 8 * kPoint, width, 24), .fill = ink::kAccent});
+    page.boxes.append(
+        {.box = QRect(left, m_inside.top() + kHeadHeight - 8 * kPoint, width, 24), .fill = ink::kAccent});
     y = m_top;
     const auto put = [&](const Block& block) {
         page.Take(block.content, {left, y});
@@ -173,7 +185,8 @@ void ReportPager::PutFoot(paper::Page& page, int number, int pages)
     const int y = m_bottom + kFootHeight - m_setter.LineHeight(kSubtitle);
     page.boxes.append({.box = QRect(left, y - 4 * kPoint, width, 8), .fill = ink::kRule});
     const QString words = pages > 0 ? u"Page %1 of %2"_s.arg(number).arg(pages) : u"Page %1"_s.arg(number);
-    PutText(m_setter, page, words, kSubtitle, ink::kQuiet, {left + width / 2, y, width / 2, kFootHeight}, Side::Right);
+    PutText(m_setter, page, words, kSubtitle, ink::kQuiet, {left + width / 2, y, width / 2, kFootHeight},
+            Side::Right);
     PutText(m_setter, page, Filled(m_layout.footer, nullptr, m_facts), kSubtitle, ink::kQuiet,
             {left, y, width / 2, kFootHeight}, Side::Left);
 }

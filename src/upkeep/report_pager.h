@@ -13,13 +13,13 @@ struct RecordFeed
     std::function<std::optional<store::Record>(qint64 place)> at;
 };
 
-/// Lays a report out page by page. It keeps no page and no record but the one it is at, so that a report of any length
-/// takes the same memory; a page can be made again from the place where it began.
+/// Lays a report out page by page. It keeps no page and no record but the one it is at, so that a report of
+/// any length takes the same memory; a page can be made again from the place where it began.
 class ReportPager
 {
 public:
-    ReportPager(const ReportLayout& layout, const paper::Sheet& sheet, const ReportFacts& facts, RecordFeed feed,
-                paper::Typesetter& setter);
+    ReportPager(const ReportLayout& layout, const paper::Sheet& sheet, const ReportFacts& facts,
+                RecordFeed feed, paper::Typesetter& setter);
 
     /// Where a page begins.
     struct Place
@@ -28,8 +28,8 @@ public:
         std::size_t block = 0; ///< of what the record brings
         int page = 1;
         QStringList groupValues; ///< of the record before
-        QList<Sums> sums;        ///< of the records before, the whole report's first, then those of the groups
-        bool begun = false;      ///< a page was made
+        QList<Sums> sums;   ///< of the records before, the whole report's first, then those of the groups
+        bool begun = false; ///< a page was made
     };
 
     /// The page that begins at `place`, which then is where the next one begins; nothing behind the last.

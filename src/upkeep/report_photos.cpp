@@ -75,7 +75,8 @@ void BlockMaker::PutBeside(Block& first, const PhotosPart& part, const store::Re
         const QRect box(m_measures.width - room, y, room, high);
         first.content.pictures.append({.box = box, .name = pair.second});
         if (part.captions)
-            Put(first, CaptionOf(pair.first), m_small, ink::kQuiet, box.left(), box.bottom() + kPoint, room, Side::Centre);
+            Put(first, CaptionOf(pair.first), m_small, ink::kQuiet, box.left(), box.bottom() + kPoint, room,
+                Side::Centre);
         y += high + caption + kPoint;
     }
     first.besides = y > kPoint ? y : 0;
@@ -93,7 +94,8 @@ void BlockMaker::AddPhotos(std::vector<Block>& blocks, const PhotosPart& part, c
             const QRect box(i * (width + kBetween), 6 * kPoint, width, high);
             row.content.pictures.append({.box = box, .name = pairs[from + i].second});
             if (part.captions)
-                Put(row, CaptionOf(pairs[from + i].first), m_small, ink::kQuiet, box.left(), box.bottom() + 2 * kPoint, width, Side::Centre);
+                Put(row, CaptionOf(pairs[from + i].first), m_small, ink::kQuiet, box.left(),
+                    box.bottom() + 2 * kPoint, width, Side::Centre);
         }
         row.height = 6 * kPoint + high + caption;
         blocks.push_back(std::move(row));

@@ -22,7 +22,8 @@ QImage ReportPictures::Picture(const QString& name, QSize within)
                                     [](QChar letter) { return QString(u"\\/:*?\"<>|"_s).contains(letter); });
     try {
         if (plain && !name.isEmpty()) {
-            const QImage image = picture::Load(m_disk, m_photoDir + name + u".jpg"_s, std::max(within.width(), within.height()));
+            const QImage image = picture::Load(m_disk, m_photoDir + name + u".jpg"_s,
+                                               std::max(within.width(), within.height()));
             return image.convertToFormat(QImage::Format_RGB32);
         }
     } catch (const RuntimeError&) {

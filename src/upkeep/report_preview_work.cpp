@@ -21,7 +21,11 @@ constexpr int kSlice = 40;
 
 ReportBook frm_ReportPreview::Book()
 {
-    return {.layout = *m_layout, .sheet = m_sheet, .facts = m_facts, .feed = m_table->Feed(), .pictures = m_pictures};
+    return {.layout = *m_layout,
+            .sheet = m_sheet,
+            .facts = m_facts,
+            .feed = m_table->Feed(),
+            .pictures = m_pictures};
 }
 
 bool frm_ReportPreview::Progress(const QString& doing, qint64 done, qint64 total)
@@ -40,9 +44,10 @@ void frm_ReportPreview::Work(const std::function<void()>& work)
 {
     if (m_busy || !m_view)
         return;
-    const std::array<forms::Control*, 16> others{&cboLayout, &cboPaper, &optOrientation(0), &optOrientation(1), &cmdFirst,
-                                                 &cmdPrevious, &cmdNext, &cmdLast, &txtPage, &cboZoom, &txtFind, &cmdFind,
-                                                 &cmdPrint, &cmdPDF, &cmdCSV, &cmdExit};
+    const std::array<forms::Control*, 16> others{
+        &cboLayout, &cboPaper, &optOrientation(0), &optOrientation(1), &cmdFirst, &cmdPrevious, &cmdNext,
+        &cmdLast,   &txtPage,  &cboZoom,           &txtFind,           &cmdFind,  &cmdPrint,    &cmdPDF,
+        &cmdCSV,    &cmdExit};
     const auto begin = [&](bool busy) {
         m_busy = busy;
         gauWork.SetVisible(busy);
@@ -70,7 +75,8 @@ void frm_ReportPreview::Tell(paper::Made made, const QString& done)
     if (made == paper::Made::Stopped)
         lblmsg.Show(u"Stopped. Nothing was stored."_s, forms::Colour::Red);
     else if (m_pictures.Missing() > 0)
-        lblmsg.Show(done + u" %1 photos were not found; their places say so."_s.arg(m_pictures.Missing()), forms::Colour::Red);
+        lblmsg.Show(done + u" %1 photos were not found; their places say so."_s.arg(m_pictures.Missing()),
+                    forms::Colour::Red);
     else
         lblmsg.Show(done, forms::Colour::Blue);
 }
@@ -78,7 +84,8 @@ void frm_ReportPreview::Tell(paper::Made made, const QString& done)
 void frm_ReportPreview::CountAll()
 {
     Work([this] {
-        while (!m_view->CountSome(kSlice) && Progress(u"Counting the pages"_s, m_view->RecordsCounted(), m_facts.count)) {
+        while (!m_view->CountSome(kSlice) &&
+               Progress(u"Counting the pages"_s, m_view->RecordsCounted(), m_facts.count)) {
         }
     });
 }
@@ -88,7 +95,9 @@ void frm_ReportPreview::SavePdf(const QString& file)
     const RoutineScope scope{"SavePdf"};
     Work([&] {
         const paper::Made made =
-            PrintToPdf(Book(), file, [this](const QString& doing, qint64 done, qint64 total) { return Progress(doing, done, total); });
+            PrintToPdf(Book(), file, [this](const QString& doing, qint64 done, qint64 total) {
+                return Progress(doing, done, total);
+            });
         Tell(made, u"The report is in %1."_s.arg(file));
     });
 }
@@ -107,9 +116,9 @@ void frm_ReportPreview::PrintTo(QPagedPaintDevice& printer, double dots, int fro
 {
     const RoutineScope scope{"PrintTo"};
     Work([&] {
-        const paper::Made made =
-            PrintToDevice(Book(), printer, dots, from, to,
-                          [this](const QString& doing, qint64 done, qint64 total) { return Progress(doing, done, total); });
+        const paper::Made made = PrintToDevice(
+            Book(), printer, dots, from, to,
+            [this](const QString& doing, qint64 done, qint64 total) { return Progress(doing, done, total); });
         if (made == paper::Made::Stopped)
             lblmsg.Show(u"Stopped. The printer has the pages before."_s, forms::Colour::Red);
         else
@@ -148,7 +157,10 @@ void frm_ReportPreview::FindNext()
     });
     if (found > 0)
         ShowPage(found);
-    lblmsg.Show(found > 0 ? QString() : stopped ? u"Stopped."_s : u"%1 stands on no page."_s.arg(wanted), forms::Colour::Red);
+    lblmsg.Show(found > 0 ? QString()
+                : stopped ? u"Stopped."_s
+                          : u"%1 stands on no page."_s.arg(wanted),
+                forms::Colour::Red);
 }
 
 } // namespace vasclip::upkeep

@@ -39,8 +39,9 @@ paper::Made PrintToPdf(const ReportBook& book, const QString& file, const Report
     ReportPager pager(book.layout, book.sheet, book.facts, book.feed, setter);
     ReportPager::Place place;
     return paper::WritePdf(
-        file, book.sheet, {.title = book.layout.words, .made = book.facts.now}, [&] { return pager.Next(place, pages); },
-        book.pictures, [&] { return progress(kPrinting, std::min(place.page, pages), pages); });
+        file, book.sheet, {.title = book.layout.words, .made = book.facts.now},
+        [&] { return pager.Next(place, pages); }, book.pictures,
+        [&] { return progress(kPrinting, std::min(place.page, pages), pages); });
 }
 
 paper::Made PrintToDevice(const ReportBook& book, QPagedPaintDevice& device, double dots, int from, int to,
@@ -52,8 +53,9 @@ paper::Made PrintToDevice(const ReportBook& book, QPagedPaintDevice& device, dou
     device.setPageLayout(book.sheet.Layout());
     QPainter painter;
     if (!painter.begin(&device))
-        throw RuntimeError(error::kDeviceUnavailable,
-                           u"The printer takes nothing. Check that it is switched on and connected, or save a PDF instead."_s);
+        throw RuntimeError(
+            error::kDeviceUnavailable,
+            u"The printer takes nothing. Check that it is switched on and connected, or save a PDF instead."_s);
     paper::Typesetter setter;
     ReportPager pager(book.layout, book.sheet, book.facts, book.feed, setter);
     bool first = true;
@@ -67,7 +69,8 @@ paper::Made PrintToDevice(const ReportBook& book, QPagedPaintDevice& device, dou
         if (!wanted)
             continue;
         if (!first && !device.newPage())
-            throw RuntimeError(error::kDeviceUnavailable, u"The printer took no further page. What it has is not the whole report."_s);
+            throw RuntimeError(error::kDeviceUnavailable,
+                               u"The printer took no further page. What it has is not the whole report."_s);
         first = false;
         paper::Paint(painter, *page, dots / paper::kInch, book.pictures);
     }

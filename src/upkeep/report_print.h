@@ -25,10 +25,11 @@ struct ReportBook
 
 /// All pages into a PDF. What stood under the file's name stays until the new one is whole.
 /// @param file  native path. @throws RuntimeError as paper::WritePdf
-[[nodiscard]] paper::Made PrintToPdf(const ReportBook& book, const QString& file, const ReportProgress& progress);
+[[nodiscard]] paper::Made PrintToPdf(const ReportBook& book, const QString& file,
+                                     const ReportProgress& progress);
 
 /// Pages to a printer, from and to included. @throws RuntimeError 68 for a printer that takes nothing
-[[nodiscard]] paper::Made PrintToDevice(const ReportBook& book, QPagedPaintDevice& device, double dots, int from, int to,
-                                        const ReportProgress& progress);
+[[nodiscard]] paper::Made PrintToDevice(const ReportBook& book, QPagedPaintDevice& device, double dots,
+                                        int from, int to, const ReportProgress& progress);
 
 } // namespace vasclip::upkeep

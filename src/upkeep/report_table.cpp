@@ -37,10 +37,14 @@ QString SelectText(const ReportLayout& layout)
 ReportFiles SelectReportFiles(int chosen)
 {
     switch (chosen) {
-    case 0: return {u"brief.rpt"_s, u"Report_Brief.mdb"_s};
-    case 1: return {u"medium.rpt"_s, u"Report_Medium.mdb"_s};
-    case 2: return {u"detail.rpt"_s, u"Report_Detail.mdb"_s};
-    default: return {u"brief.rpt"_s, u"Report_NonDesc.mdb"_s};
+    case 0:
+        return {u"brief.rpt"_s, u"Report_Brief.mdb"_s};
+    case 1:
+        return {u"medium.rpt"_s, u"Report_Medium.mdb"_s};
+    case 2:
+        return {u"detail.rpt"_s, u"Report_Detail.mdb"_s};
+    default:
+        return {u"brief.rpt"_s, u"Report_NonDesc.mdb"_s};
     }
 }
 

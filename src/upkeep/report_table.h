@@ -17,8 +17,8 @@ struct ReportFiles
 /// @param chosen  0 to 2, any other number for none of them
 [[nodiscard]] ReportFiles SelectReportFiles(int chosen);
 
-/// The condition of a search: what stands behind WHERE in the statement on display, or its "ORDER BY ..." where it has
-/// none, "" for neither.
+/// The condition of a search: what stands behind WHERE in the statement on display, or its "ORDER BY ..."
+/// where it has none, "" for neither.
 [[nodiscard]] QString ActiveSearch(const QString& statement);
 /// An empty text, and one that only sorts, is no filter.
 [[nodiscard]] bool IsFilter(const QString& search);
@@ -30,7 +30,8 @@ struct ReportFiles
 qint64 FillReport(engine::Engine& engine, const QString& file, const QString& databook, const QString& table,
                   const QString& search);
 
-/// The records of a filled report database for a layout: its columns alone, in its order. Open while this lives.
+/// The records of a filled report database for a layout: its columns alone, in its order. Open while this
+/// lives.
 class ReportTable
 {
 public:

@@ -62,7 +62,8 @@ QString NumberText(double value, Format format)
 {
     const double cents = std::round(value * 100) / 100;
     const bool whole = cents == std::round(cents);
-    const QString digits = QLocale(QLocale::English, QLocale::UnitedStates).toString(std::abs(cents), 'f', whole ? 0 : 2);
+    const QString digits =
+        QLocale(QLocale::English, QLocale::UnitedStates).toString(std::abs(cents), 'f', whole ? 0 : 2);
     return (cents < 0 ? u"-"_s : QString()) + (format == Format::Money ? u"$"_s : QString()) + digits;
 }
 
@@ -117,7 +118,9 @@ void Sums::Add(const QList<Total>& wanted, const store::Record& record)
     totals.resize(wanted.size());
     for (qsizetype i = 0; i < wanted.size(); ++i) {
         const std::optional<double> value =
-            wanted[i].of == Total::Of::Count ? std::nullopt : NumberIn(record.Has(wanted[i].field) ? record.Text(wanted[i].field) : QString());
+            wanted[i].of == Total::Of::Count
+                ? std::nullopt
+                : NumberIn(record.Has(wanted[i].field) ? record.Text(wanted[i].field) : QString());
         if (!value)
             continue;
         One& one = totals[i];
@@ -137,10 +140,14 @@ QString Sums::Text(const QList<Total>& wanted, qsizetype index) const
     if (one.count == 0)
         return u"-"_s;
     switch (total.of) {
-    case Total::Of::Average: return NumberText(std::round(one.sum / static_cast<double>(one.count)), total.format);
-    case Total::Of::Lowest: return NumberText(one.lowest, total.format);
-    case Total::Of::Highest: return NumberText(one.highest, total.format);
-    default: return NumberText(one.sum, total.format);
+    case Total::Of::Average:
+        return NumberText(std::round(one.sum / static_cast<double>(one.count)), total.format);
+    case Total::Of::Lowest:
+        return NumberText(one.lowest, total.format);
+    case Total::Of::Highest:
+        return NumberText(one.highest, total.format);
+    default:
+        return NumberText(one.sum, total.format);
     }
 }
 

@@ -11,9 +11,9 @@ namespace vasclip::upkeep {
 struct ReportFacts
 {
     QDateTime now;
-    qint64 count = 0;   ///< of its records
-    QString databook;   ///< file name
-    QString search;     ///< in words, "" for all records
+    qint64 count = 0; ///< of its records
+    QString databook; ///< file name
+    QString search;   ///< in words, "" for all records
     QString company;
 };
 
@@ -24,12 +24,13 @@ struct ReportFacts
 /// A value as it is printed: on one line, without blanks around it.
 [[nodiscard]] QString Printed(const QString& value, Format format, const QDate& today);
 /// A field of a record as it is printed.
-[[nodiscard]] QString Printed(const store::Record& record, const QString& field, Format format, const QDate& today);
+[[nodiscard]] QString Printed(const store::Record& record, const QString& field, Format format,
+                              const QDate& today);
 /// A field's text with its own line breaks.
 [[nodiscard]] QString LongText(const store::Record& record, const QString& field);
 
-/// The text of a template. Where a field is blank, what stands before it is left out, and so is punctuation that
-/// nothing precedes; a template of blank fields alone is blank.
+/// The text of a template. Where a field is blank, what stands before it is left out, and so is punctuation
+/// that nothing precedes; a template of blank fields alone is blank.
 /// @param record  nullptr for the page's own
 [[nodiscard]] QString Filled(const Template& text, const store::Record* record, const ReportFacts& facts);
 
@@ -45,7 +46,8 @@ struct Sums
     QList<One> totals; ///< in the order of the layout's
 
     void Add(const QList<Total>& wanted, const store::Record& record);
-    [[nodiscard]] QString Text(const QList<Total>& wanted, qsizetype index) const; ///< "-" where no value is a number
+    [[nodiscard]] QString Text(const QList<Total>& wanted,
+                               qsizetype index) const; ///< "-" where no value is a number
 };
 
 } // namespace vasclip::upkeep

@@ -10,7 +10,8 @@ constexpr int kKeptEvery = 8; ///< pages: as many are made for one at most
 
 } // namespace
 
-ReportView::ReportView(const ReportLayout& layout, const paper::Sheet& sheet, const ReportFacts& facts, const RecordFeed& feed)
+ReportView::ReportView(const ReportLayout& layout, const paper::Sheet& sheet, const ReportFacts& facts,
+                       const RecordFeed& feed)
     : m_pager(layout, sheet, facts, feed, m_setter)
 {}
 
@@ -49,7 +50,8 @@ QList<QRect> PlacesOf(const paper::Page& page, const QString& text)
         return places;
     for (const paper::TextItem& item : page.texts)
         if (item.text.contains(text, Qt::CaseInsensitive))
-            places.append(QRect(item.at.x(), item.at.y() - item.face.size, item.width, item.face.size * 5 / 4));
+            places.append(
+                QRect(item.at.x(), item.at.y() - item.face.size, item.width, item.face.size * 5 / 4));
     return places;
 }
 

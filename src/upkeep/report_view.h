@@ -7,11 +7,13 @@
 
 namespace vasclip::upkeep {
 
-/// The pages of a report, to be looked at in any order. It keeps where some of them begin and makes a page from there.
+/// The pages of a report, to be looked at in any order. It keeps where some of them begin and makes a page
+/// from there.
 class ReportView
 {
 public:
-    ReportView(const ReportLayout& layout, const paper::Sheet& sheet, const ReportFacts& facts, const RecordFeed& feed);
+    ReportView(const ReportLayout& layout, const paper::Sheet& sheet, const ReportFacts& facts,
+               const RecordFeed& feed);
 
     /// Counts on for about so long. @return true once all are counted
     bool CountSome(int milliseconds);

@@ -114,7 +114,8 @@ QHBoxLayout* FootRow(QDialog& window)
 void AskForFile(QDialog& window, Preview& preview, const QString& extension)
 {
     const QString directory = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    const QString filter = extension == u"pdf"_s ? QDialog::tr("PDF files (*.pdf)") : QDialog::tr("Text files (*.csv)");
+    const QString filter =
+        extension == u"pdf"_s ? QDialog::tr("PDF files (*.pdf)") : QDialog::tr("Text files (*.csv)");
     QFileDialog dialog(&window, QDialog::tr("Save the report"), directory, filter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(extension);
@@ -143,7 +144,8 @@ void AskForPrinter(QDialog& window, Preview& preview)
     if (dialog.exec() != QDialog::Accepted)
         return;
     const bool range = printer.printRange() == QPrinter::PageRange;
-    preview.PrintTo(printer, printer.resolution(), range ? printer.fromPage() : 1, range ? printer.toPage() : preview.Pages());
+    preview.PrintTo(printer, printer.resolution(), range ? printer.fromPage() : 1,
+                    range ? printer.toPage() : preview.Pages());
 }
 
 } // namespace
@@ -167,9 +169,11 @@ void Layout_frm_ReportPreview(QDialog& window, forms::Screen& screen)
     QObject::connect(counting, &QTimer::timeout, &window, count);
     QObject::connect(&preview, &Preview::CountWanted, counting, [counting] { counting->start(0); });
     counting->start(0);
-    QObject::connect(&preview, &Preview::FileWanted, &window,
-                     [&window, &preview](const QString& extension) { AskForFile(window, preview, extension); });
-    QObject::connect(&preview, &Preview::PrinterWanted, &window, [&window, &preview] { AskForPrinter(window, preview); });
+    QObject::connect(&preview, &Preview::FileWanted, &window, [&window, &preview](const QString& extension) {
+        AskForFile(window, preview, extension);
+    });
+    QObject::connect(&preview, &Preview::PrinterWanted, &window,
+                     [&window, &preview] { AskForPrinter(window, preview); });
     window.resize(1100, 700);
     view->setFocus();
 }

@@ -70,7 +70,8 @@ double PaperView::Dots() const
         return kScreenDots * m_screen.Zoom() / 100;
     const QSizeF paper = QSizeF(m_screen.Sheet().Size()) / paper::kInch;
     const QSize room = maximumViewportSize() - QSize(2 * kRim, 2 * kRim);
-    const double wide = (room.width() - (m_screen.Zoom() < 0 ? verticalScrollBar()->sizeHint().width() : 0)) / paper.width();
+    const double wide =
+        (room.width() - (m_screen.Zoom() < 0 ? verticalScrollBar()->sizeHint().width() : 0)) / paper.width();
     return std::max(10.0, m_screen.Zoom() < 0 ? wide : std::min(wide, room.height() / paper.height()));
 }
 
@@ -82,7 +83,8 @@ void PaperView::Draw()
         QPainter painter(&m_image);
         const double scale = Dots() * ratio / paper::kInch;
         for (const QRect& place : m_screen.Found())
-            painter.fillRect(QRectF(place.topLeft() * scale, QSizeF(place.size()) * scale), QColor(255, 200, 0, kMark));
+            painter.fillRect(QRectF(place.topLeft() * scale, QSizeF(place.size()) * scale),
+                             QColor(255, 200, 0, kMark));
     }
     m_image.setDevicePixelRatio(ratio);
     setHorizontalScrollBarPolicy(m_screen.Zoom() > 0 ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
@@ -112,13 +114,27 @@ void PaperView::keyPressEvent(QKeyEvent* event)
 {
     const int page = m_screen.txtPage.Text().toInt();
     switch (event->key()) {
-    case Qt::Key_PageDown: m_screen.ShowPage(page + 1); break;
-    case Qt::Key_PageUp: m_screen.ShowPage(page - 1); break;
-    case Qt::Key_Home: m_screen.ShowPage(1); break;
-    case Qt::Key_End: Q_EMIT m_screen.cmdLast.Clicked(); break;
-    case Qt::Key_Plus: m_screen.ZoomBy(1); break;
-    case Qt::Key_Minus: m_screen.ZoomBy(-1); break;
-    default: QScrollArea::keyPressEvent(event); return;
+    case Qt::Key_PageDown:
+        m_screen.ShowPage(page + 1);
+        break;
+    case Qt::Key_PageUp:
+        m_screen.ShowPage(page - 1);
+        break;
+    case Qt::Key_Home:
+        m_screen.ShowPage(1);
+        break;
+    case Qt::Key_End:
+        Q_EMIT m_screen.cmdLast.Clicked();
+        break;
+    case Qt::Key_Plus:
+        m_screen.ZoomBy(1);
+        break;
+    case Qt::Key_Minus:
+        m_screen.ZoomBy(-1);
+        break;
+    default:
+        QScrollArea::keyPressEvent(event);
+        return;
     }
     event->accept();
 }

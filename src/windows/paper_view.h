@@ -9,8 +9,8 @@ class frm_ReportPreview;
 
 namespace vasclip::windows {
 
-/// A page of the report as it will be on paper, always light. Page Up and Page Down, Home and End turn the pages; Ctrl with the
-/// wheel, "+" or "-" makes it larger or smaller.
+/// A page of the report as it will be on paper, always light. Page Up and Page Down, Home and End turn the
+/// pages; Ctrl with the wheel, "+" or "-" makes it larger or smaller.
 class PaperView : public QScrollArea
 {
     Q_OBJECT

@@ -49,7 +49,8 @@ TEST_F(VasctlPrint, MakesAPdfOfEachLength)
 TEST_F(VasctlPrint, WritesTheSameColumnsAsText)
 {
     const QString csv = dir.filePath(u"out.csv"_s);
-    const Ended ended = Print({u"--layout"_s, u"brief"_s, u"--csv"_s, csv, u"--where"_s, u"VAL(SELLINGPR) > 300000"_s});
+    const Ended ended =
+        Print({u"--layout"_s, u"brief"_s, u"--csv"_s, csv, u"--where"_s, u"VAL(SELLINGPR) > 300000"_s});
     EXPECT_EQ(ended.code, kDone) << ended.err.constData();
     const QList<QByteArray> lines = Content(csv).split('\n');
     EXPECT_TRUE(lines[0].contains("Address,City,St.,Neighborhood,Type,Sale date,Price,Living area"));
@@ -62,7 +63,8 @@ TEST_F(VasctlPrint, SaysWhatIsWrong)
 {
     EXPECT_EQ(Print({}).code, kUsage);
     EXPECT_EQ(Print({u"--layout"_s, u"brief"_s, u"--out"_s, dir.filePath(u"out.txt"_s)}).code, kUsage);
-    EXPECT_EQ(Print({u"--layout"_s, u"brief"_s, u"--out"_s, pdf, u"--where"_s, u"CITY = 'Mar"_s}).code, kUsage);
+    EXPECT_EQ(Print({u"--layout"_s, u"brief"_s, u"--out"_s, pdf, u"--where"_s, u"CITY = 'Mar"_s}).code,
+              kUsage);
     EXPECT_EQ(Print({u"--layout"_s, u"brief"_s, u"--out"_s, pdf, u"--paper"_s, u"papyrus"_s}).code, kUsage);
     const Ended none = Print({u"--layout"_s, u"none"_s, u"--out"_s, pdf});
     EXPECT_EQ(none.code, kFailed);
@@ -77,13 +79,15 @@ TEST_F(VasctlPrint, PrintsACopiedLayoutByItsName)
 {
     ASSERT_EQ(Print({u"--layout"_s, u"medium"_s, u"--copy"_s, u"mine"_s}).code, kDone);
     EXPECT_EQ(Print({u"--layout"_s, u"mine"_s, u"--out"_s, pdf}).code, kDone);
-    EXPECT_EQ(Print({u"--layout"_s, u"medium"_s, u"--copy"_s, u"mine"_s}).code, kFailed) << "it is there already";
+    EXPECT_EQ(Print({u"--layout"_s, u"medium"_s, u"--copy"_s, u"mine"_s}).code, kFailed)
+        << "it is there already";
     EXPECT_EQ(Print({u"--list"_s}).code, kDone);
 }
 
 TEST_F(VasctlPrint, AnEmptySearchIsAPageThatSaysSo)
 {
-    const Ended ended = Print({u"--layout"_s, u"brief"_s, u"--out"_s, pdf, u"--where"_s, u"CITY = 'Nowhere'"_s});
+    const Ended ended =
+        Print({u"--layout"_s, u"brief"_s, u"--out"_s, pdf, u"--where"_s, u"CITY = 'Nowhere'"_s});
     EXPECT_EQ(ended.code, kDone);
     EXPECT_EQ(ended.Object()[u"records"_s], 0);
     EXPECT_EQ(ended.Object()[u"pages"_s], 1);

@@ -23,7 +23,10 @@ protected:
         home.MakeDirs(u"C:\\VAS2000"_s);
         home.Put(globals.applicationIni, "[PREFERENCES]\r\n");
     }
-    void Own(const QString& name, const QByteArray& content) { home.Put(u"C:\\VAS2000\\REPORTS\\"_s + name, content); }
+    void Own(const QString& name, const QByteArray& content)
+    {
+        home.Put(u"C:\\VAS2000\\REPORTS\\"_s + name, content);
+    }
     [[nodiscard]] QString Words(const QString& name) { return OpenLayout(home.disk, globals, name).words; }
 };
 
@@ -60,7 +63,9 @@ TEST_F(LayoutFiles, OneThatIsWrongSaysItsFileLineAndColumn)
     Own(u"bad.layout"_s, "title \"x\"\ncolumn CITTY\n");
     const auto thrown = tests::ThrownBy([&] { return Words(u"bad"_s); });
     EXPECT_EQ(thrown.number, error::kInvalidCall);
-    EXPECT_EQ(thrown.words, u"C:\\VAS2000\\REPORTS\\bad.layout, line 2, column 8: there is no field 'CITTY'. Did you mean CITY?"_s);
+    EXPECT_EQ(
+        thrown.words,
+        u"C:\\VAS2000\\REPORTS\\bad.layout, line 2, column 8: there is no field 'CITTY'. Did you mean CITY?"_s);
     const QList<LayoutEntry> entries = ListLayouts(home.disk, globals);
     ASSERT_EQ(entries.size(), 4);
     EXPECT_TRUE(entries[3].wrong.contains(u"line 2, column 8"_s));
@@ -80,14 +85,18 @@ TEST_F(LayoutFiles, ACopyIsTheUsersOwnAndOverwritesNothing)
 {
     EXPECT_EQ(CopyLayout(home.disk, globals, u"brief"_s, u"Mine"_s), u"C:\\VAS2000\\REPORTS\\mine.layout"_s);
     EXPECT_EQ(Words(u"mine"_s), u"Brief"_s);
-    EXPECT_EQ(tests::NumberOf([&] { CopyLayout(home.disk, globals, u"detail"_s, u"mine"_s); }), error::kFileExists);
-    EXPECT_EQ(tests::NumberOf([&] { CopyLayout(home.disk, globals, u"none"_s, u"other"_s); }), error::kFileNotFound);
-    EXPECT_EQ(tests::NumberOf([&] { CopyLayout(home.disk, globals, u"brief"_s, u"..\\out"_s); }), error::kBadFileName);
+    EXPECT_EQ(tests::NumberOf([&] { CopyLayout(home.disk, globals, u"detail"_s, u"mine"_s); }),
+              error::kFileExists);
+    EXPECT_EQ(tests::NumberOf([&] { CopyLayout(home.disk, globals, u"none"_s, u"other"_s); }),
+              error::kFileNotFound);
+    EXPECT_EQ(tests::NumberOf([&] { CopyLayout(home.disk, globals, u"brief"_s, u"..\\out"_s); }),
+              error::kBadFileName);
 }
 
 TEST_F(LayoutFiles, PaperIsRememberedForEachLayout)
 {
-    const ReportLayout brief = OpenLayout(home.disk, globals, u"brief"_s), detail = OpenLayout(home.disk, globals, u"detail"_s);
+    const ReportLayout brief = OpenLayout(home.disk, globals, u"brief"_s),
+                       detail = OpenLayout(home.disk, globals, u"detail"_s);
     EXPECT_EQ(SheetOf(home.disk, globals, brief), brief.sheet);
     paper::Sheet sheet = brief.sheet;
     sheet.name = u"a4"_s;

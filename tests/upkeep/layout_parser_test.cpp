@@ -55,7 +55,8 @@ TEST(ParseLayout, ReadsEveryLine)
 
 TEST(ParseLayout, AlignsNumbersOfATableAtTheRight)
 {
-    const ReportLayout layout = ParseLayout("column CITY\ncolumn SELLINGPR as money\ncolumn GLA as number left\n");
+    const ReportLayout layout =
+        ParseLayout("column CITY\ncolumn SELLINGPR as money\ncolumn GLA as number left\n");
     ASSERT_EQ(layout.columns.size(), 3);
     EXPECT_EQ(layout.columns[0].side, Side::Left);
     EXPECT_EQ(layout.columns[1].side, Side::Right);
@@ -91,7 +92,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Wrong{"an unknown field", "title \"x\"\ncolumn CITTY\n", 2, 8, u"Did you mean CITY?"_s},
         Wrong{"a field that is like none", "column XQZWVKJ\n", 1, 8, u"there is no field 'XQZWVKJ'"_s},
-        Wrong{"an unknown field within a text", "heading \"At {ADRESS}\"\n", 1, 14, u"Did you mean ADDRESS?"_s},
+        Wrong{"an unknown field within a text", "heading \"At {ADRESS}\"\n", 1, 14,
+              u"Did you mean ADDRESS?"_s},
         Wrong{"a record's field in the page's title", "title \"{CITY}\"\n", 1, 9, u"the page's"_s},
         Wrong{"an open brace", "heading \"{CITY\"\n", 1, 10, u"Write }"_s},
         Wrong{"an unknown paper", "paper quarto\n", 1, 7, u"letter, legal"_s},
@@ -113,10 +115,12 @@ INSTANTIATE_TEST_SUITE_P(
         Wrong{"an empty file", "", 1, 1, u"prints nothing"_s},
         Wrong{"another kind of file", QByteArray("\x00\x01\x02", 3), 1, 1, u"UTF-8"_s},
         Wrong{"letters of another code", "title \"\xe4\"\n", 1, 1, u"UTF-8"_s},
-        Wrong{"ten thousand lines", QByteArray("# line\n").repeated(10'000), 2001, 1, u"at most 2000 lines"_s},
+        Wrong{"ten thousand lines", QByteArray("# line\n").repeated(10'000), 2001, 1,
+              u"at most 2000 lines"_s},
         Wrong{"a file without end", QByteArray(300 * 1024, '#'), 1, 1, u"another kind of file"_s},
         Wrong{"a hundred columns", QByteArray("column CITY\n").repeated(100), 41, 1, u"at most 40 columns"_s},
-        Wrong{"a thousand fields", "section\n" + QByteArray("field CITY\n").repeated(1000), 402, 1, u"at most 400"_s},
+        Wrong{"a thousand fields", "section\n" + QByteArray("field CITY\n").repeated(1000), 402, 1,
+              u"at most 400"_s},
         Wrong{"four groups", QByteArray("group CITY \"x\"\n").repeated(4), 4, 1, u"at most three groups"_s}),
     [](const auto& info) {
         QString name = QString::fromLatin1(info.param.name);

@@ -23,7 +23,8 @@ TEST(SelectReportFiles, HasARowForEachChoice)
 
 TEST(ActiveSearch, IsWhatStandsBehindWhere)
 {
-    EXPECT_EQ(ActiveSearch(u"SELECT A FROM COMPS WHERE CITY = 'X' ORDER BY COMPS.GLA DESC"_s), u"CITY = 'X' ORDER BY COMPS.GLA DESC"_s);
+    EXPECT_EQ(ActiveSearch(u"SELECT A FROM COMPS WHERE CITY = 'X' ORDER BY COMPS.GLA DESC"_s),
+              u"CITY = 'X' ORDER BY COMPS.GLA DESC"_s);
     EXPECT_EQ(ActiveSearch(u"SELECT A FROM COMPS ORDER BY COMPS.GLA DESC"_s), u"ORDER BY COMPS.GLA DESC"_s);
     EXPECT_EQ(ActiveSearch(u"SELECT A FROM COMPS"_s), QString());
     EXPECT_EQ(ActiveSearch({}), QString());
@@ -32,20 +33,21 @@ TEST(ActiveSearch, IsWhatStandsBehindWhere)
     EXPECT_TRUE(IsFilter(u"CITY = 'X' ORDER BY COMPS.GLA"_s));
 }
 
-
 TEST(Question, IsAskedFromTheFiveHundredAndFirstOn)
 {
     tests::TestPorts doubles;
     const forms::Ports ports = doubles.Get();
     EXPECT_TRUE(MayPrint(ports.prompter, 500));
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
-    for (const auto& [answer, may] : {std::pair{forms::Answer::Yes, true}, {forms::Answer::No, false}, {forms::Answer::Cancel, false}}) {
+    for (const auto& [answer, may] :
+         {std::pair{forms::Answer::Yes, true}, {forms::Answer::No, false}, {forms::Answer::Cancel, false}}) {
         doubles.prompter.Answer(answer);
         EXPECT_EQ(MayPrint(ports.prompter, 501), may);
         EXPECT_EQ(doubles.prompter.Last(),
-                  (tests::ShownBox{forms::Buttons::YesNoCancel, forms::Icon::Question, u"Output Report Record Count"_s,
-                                   u"You have more than 500 records queued for printing (Exact count = 501 )\r\n"
-                                   "Do you with to Continue ?"_s}));
+                  (tests::ShownBox{
+                      forms::Buttons::YesNoCancel, forms::Icon::Question, u"Output Report Record Count"_s,
+                      u"You have more than 500 records queued for printing (Exact count = 501 )\r\n"
+                      "Do you with to Continue ?"_s}));
     }
 }
 
@@ -97,7 +99,8 @@ TEST_F(FilledReport, OfASearchThatOnlySortsIsTheWholeDatabook)
 TEST_F(FilledReport, GoesByTheLayoutsOrderAndByValue)
 {
     Fill({});
-    EXPECT_EQ(Keys("sort SELLINGPR down\ncolumn CITY\n"), (QStringList{u"2 B ST"_s, u"3 C ST"_s, u"1 A ST"_s}));
+    EXPECT_EQ(Keys("sort SELLINGPR down\ncolumn CITY\n"),
+              (QStringList{u"2 B ST"_s, u"3 C ST"_s, u"1 A ST"_s}));
     EXPECT_EQ(Keys("group CITY \"{CITY}\"\nsort SELLINGPR down\ncolumn CITY\n"),
               (QStringList{u"3 C ST"_s, u"1 A ST"_s, u"2 B ST"_s}));
 }

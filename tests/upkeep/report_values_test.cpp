@@ -46,7 +46,8 @@ TEST(Printed, NumbersMoneyDatesAndTypes)
         {u"X"_s, Format::Type, u"X"_s},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(Printed(row.value, row.format, kToday).toStdString(), row.printed.toStdString()) << row.value.toStdString();
+        EXPECT_EQ(Printed(row.value, row.format, kToday).toStdString(), row.printed.toStdString())
+            << row.value.toStdString();
 }
 
 TEST(Filled, LeavesOutWhatStandsBeforeABlankField)
@@ -64,7 +65,11 @@ TEST(Filled, LeavesOutWhatStandsBeforeABlankField)
 
 TEST(Filled, KnowsTheReportsOwnWords)
 {
-    const ReportFacts facts{.now = QDateTime({2026, 3, 7}, {9, 0}), .count = 1234, .databook = u"A.MDB"_s, .search = {}, .company = {}};
+    const ReportFacts facts{.now = QDateTime({2026, 3, 7}, {9, 0}),
+                            .count = 1234,
+                            .databook = u"A.MDB"_s,
+                            .search = {},
+                            .company = {}};
     const Template text{{{{}, u"COUNT"_s}, {u" records of "_s, u"DATABOOK"_s}, {u", "_s, u"DATE"_s}}, u"."_s};
     EXPECT_EQ(Filled(text, nullptr, facts).toStdString(), "1,234 records of A.MDB, March 7, 2026.");
 }

@@ -56,7 +56,8 @@ protected:
             });
             Press(u"cmdPrint"_s);
         });
-        EXPECT_TRUE(doubles.screens.Shown().contains(u"frm_ReportPreview"_s)) << doubles.prompter.Texts().join(u'\n').toStdString();
+        EXPECT_TRUE(doubles.screens.Shown().contains(u"frm_ReportPreview"_s))
+            << doubles.prompter.Texts().join(u'\n').toStdString();
     }
     void Queue(const QString& name, const std::function<void()>& script)
     {
@@ -125,7 +126,8 @@ TEST_F(PrintWindows, TheOptionsFollowThePointer)
         EXPECT_TRUE(The<QRadioButton>(u"optSelected_2"_s).isChecked());
         EXPECT_FALSE(The<QRadioButton>(u"optSelected_0"_s).isChecked());
         QTest::mouseClick(&The<QRadioButton>(u"optSelected_2"_s), Qt::LeftButton, {}, QPoint(8, 8));
-        EXPECT_TRUE(The<QRadioButton>(u"optSelected_2"_s).isChecked()) << "a choice is not taken back by its own click";
+        EXPECT_TRUE(The<QRadioButton>(u"optSelected_2"_s).isChecked())
+            << "a choice is not taken back by its own click";
         EXPECT_EQ(The<QLabel>(u"lblRecordCount"_s).text(), QString::number(main.sources.datsql.Count()));
     });
 }
@@ -137,7 +139,8 @@ TEST_F(PrintWindows, ThePreviewIsThePaperPixelByPixel)
         Choose(u"cboZoom"_s, u"100 %"_s);
         QApplication::processEvents();
         const auto& view = The<PaperView>(u"paperView"_s);
-        const QImage wanted = paper::Picture(preview.Sheet(), preview.Shown(), 96 * view.devicePixelRatioF(), preview.Pictures());
+        const QImage wanted = paper::Picture(preview.Sheet(), preview.Shown(), 96 * view.devicePixelRatioF(),
+                                             preview.Pictures());
         EXPECT_EQ(view.Shown().convertToFormat(QImage::Format_RGB32).size(), wanted.size());
         QImage shown = view.Shown();
         shown.setDevicePixelRatio(1);
@@ -166,7 +169,8 @@ TEST_F(PrintWindows, KeysTurnThePagesAndTheWheelZooms)
         EXPECT_EQ(The<QLineEdit>(u"txtPage"_s).text(), u"1"_s);
         const QSize before = view.Shown().size();
         const QPointF middle(view.viewport()->rect().center());
-        QWheelEvent wheel(middle, view.viewport()->mapToGlobal(middle), {}, {0, 120}, Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+        QWheelEvent wheel(middle, view.viewport()->mapToGlobal(middle), {}, {0, 120}, Qt::NoButton,
+                          Qt::ControlModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(view.viewport(), &wheel);
         EXPECT_NE(view.Shown().size(), before);
         EXPECT_NE(The<QComboBox>(u"cboZoom"_s).currentText(), u"Whole page"_s);

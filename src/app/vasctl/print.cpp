@@ -17,8 +17,10 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-const QString kUse = u"Usage: vasctl print --layout NAME --out FILE.pdf [--where SQL] [--paper NAME] [--landscape | --portrait], "
-                     "with --csv FILE.csv instead; vasctl print --layout NAME --copy NEW; vasctl print --list; vasctl print --fields"_s;
+const QString kUse =
+    u"Usage: vasctl print --layout NAME --out FILE.pdf [--where SQL] [--paper NAME] [--landscape | "
+    u"--portrait], "
+    "with --csv FILE.csv instead; vasctl print --layout NAME --copy NEW; vasctl print --list; vasctl print --fields"_s;
 
 /// A report database of this run alone, gone with it; what a kill leaves the program clears away at its exit.
 class Scratch
@@ -84,16 +86,16 @@ int Print(Session& session, const Output& out, const upkeep::ReportLayout& layou
                    u"SELECT CENTRALKEY FROM ["_s + program.globals.G_Table + u"] WHERE "_s + where, out))
         return kUsage;
     const Scratch scratch(session.Disk(), program.globals.G_UserDir);
-    const qint64 count =
-        upkeep::FillReport(session.Engine(), scratch.File(), program.DatabookPath(), program.globals.G_Table, where);
+    const qint64 count = upkeep::FillReport(session.Engine(), scratch.File(), program.DatabookPath(),
+                                            program.globals.G_Table, where);
     if (!csv && !upkeep::MayPrint(session.Prompter(), count))
         return kDeclined;
     const upkeep::ReportTable table(session.Engine(), scratch.File(), layout);
     const QDateTime now = session.Ports().clock.Now();
     ProgressLine line(out);
     if (csv) {
-        static_cast<void>(
-            upkeep::WriteReportCsv(NativeOf(session.Disk(), file), layout, table.Feed(), now.date(), [] { return true; }));
+        static_cast<void>(upkeep::WriteReportCsv(NativeOf(session.Disk(), file), layout, table.Feed(),
+                                                 now.date(), [] { return true; }));
         line.Clear();
         out.Value({{u"file"_s, file}, {u"records"_s, count}}, u"%1 records in %2."_s.arg(count).arg(file));
         return kDone;
@@ -109,22 +111,29 @@ int Print(Session& session, const Output& out, const upkeep::ReportLayout& layou
                                             .company = program.globals.companyName},
                                   .feed = table.Feed(),
                                   .pictures = pictures};
-    static_cast<void>(upkeep::PrintToPdf(book, NativeOf(session.Disk(), file), [&](const QString& doing, qint64 done, qint64 total) {
-        line.Show(doing, done, total);
-        pages = static_cast<int>(total);
-        return true;
-    }));
+    static_cast<void>(upkeep::PrintToPdf(book, NativeOf(session.Disk(), file),
+                                         [&](const QString& doing, qint64 done, qint64 total) {
+                                             line.Show(doing, done, total);
+                                             pages = static_cast<int>(total);
+                                             return true;
+                                         }));
     line.Clear();
     QString message = u"%1 records on %2 pages in %3."_s.arg(count).arg(pages).arg(file);
     if (pictures.Missing() > 0)
-        message += u" %1 photos are missing or damaged; 'vasctl photos verify' names them."_s.arg(pictures.Missing());
-    out.Value({{u"file"_s, file}, {u"records"_s, count}, {u"pages"_s, pages}, {u"missing_photos"_s, pictures.Missing()}}, message);
+        message += u" %1 photos are missing or damaged; 'vasctl photos verify' names them."_s.arg(
+            pictures.Missing());
+    out.Value({{u"file"_s, file},
+               {u"records"_s, count},
+               {u"pages"_s, pages},
+               {u"missing_photos"_s, pictures.Missing()}},
+              message);
     return kDone;
 }
 
 } // namespace
 
-int RunPrint(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options)
+int RunPrint(Session& session, const Output& out, const QStringList& arguments,
+             const QCommandLineParser& options)
 {
     const QString layoutName = options.value(u"layout"_s), csv = options.value(u"csv"_s);
     const QString file = options.isSet(u"csv"_s) ? csv : options.value(u"out"_s);
@@ -132,14 +141,16 @@ int RunPrint(Session& session, const Output& out, const QStringList& arguments, 
         return List(session, out);
     if (arguments.isEmpty() && options.isSet(u"fields"_s))
         return ListFields(out);
-    if (!arguments.isEmpty() || layoutName.isEmpty() || (options.isSet(u"csv"_s) && options.isSet(u"out"_s)) ||
+    if (!arguments.isEmpty() || layoutName.isEmpty() ||
+        (options.isSet(u"csv"_s) && options.isSet(u"out"_s)) ||
         (options.isSet(u"landscape"_s) && options.isSet(u"portrait"_s))) {
         out.Error(kUse);
         return kUsage;
     }
     const common::Globals& globals = session.Home().globals;
     if (options.isSet(u"copy"_s)) {
-        out.Line(u"Copied to %1."_s.arg(upkeep::CopyLayout(session.Disk(), globals, layoutName, options.value(u"copy"_s))));
+        out.Line(u"Copied to %1."_s.arg(
+            upkeep::CopyLayout(session.Disk(), globals, layoutName, options.value(u"copy"_s))));
         return kDone;
     }
     if (!file.endsWith(options.isSet(u"csv"_s) ? u".csv"_s : u".pdf"_s, Qt::CaseInsensitive)) {
@@ -151,7 +162,8 @@ int RunPrint(Session& session, const Output& out, const QStringList& arguments, 
     if (options.isSet(u"paper"_s)) {
         sheet.name = options.value(u"paper"_s).toLower();
         if (!paper::PaperNames().contains(sheet.name)) {
-            out.Error(u"There is no paper '%1'; there are %2."_s.arg(options.value(u"paper"_s), paper::PaperNames().join(u", "_s)));
+            out.Error(u"There is no paper '%1'; there are %2."_s.arg(options.value(u"paper"_s),
+                                                                     paper::PaperNames().join(u", "_s)));
             return kUsage;
         }
     }

@@ -44,9 +44,11 @@ void Paint(QPainter& painter, const Page& page, double scale, PictureSource& pic
 {
     painter.save();
     painter.scale(scale, scale);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing |
+                           QPainter::SmoothPixmapTransform);
     for (const BoxItem& item : page.boxes) {
-        painter.setPen(qAlpha(item.border) == 0 ? QPen(Qt::NoPen) : QPen(QColor::fromRgba(item.border), kHair));
+        painter.setPen(qAlpha(item.border) == 0 ? QPen(Qt::NoPen)
+                                                : QPen(QColor::fromRgba(item.border), kHair));
         painter.setBrush(qAlpha(item.fill) == 0 ? QBrush(Qt::NoBrush) : QBrush(QColor::fromRgba(item.fill)));
         painter.drawRect(item.box);
     }

@@ -14,8 +14,8 @@ namespace {
 
 const QString kFull = u"the disk is full or takes no more"_s;
 
-/// Hands on what a PDF is made of, with a time of creation that is the program's. What is written in its place has the
-/// same length, since a PDF counts its bytes.
+/// Hands on what a PDF is made of, with a time of creation that is the program's. What is written in its
+/// place has the same length, since a PDF counts its bytes.
 class DatedFile : public QIODevice
 {
 public:

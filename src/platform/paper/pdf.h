@@ -18,7 +18,8 @@ struct PdfFacts
 
 enum class Made { Whole, Stopped };
 
-/// Writes pages into a PDF: beside the file, flushed, then renamed, so that there is never half of one under its name.
+/// Writes pages into a PDF: beside the file, flushed, then renamed, so that there is never half of one under
+/// its name.
 /// @param file  native path
 /// @param next  the pages one by one, nothing behind the last
 /// @param goOn  asked before each page; false stops, and what stood there before stays

@@ -51,8 +51,9 @@ QRect Sheet::Inside() const
 
 QPageLayout Sheet::Layout() const
 {
-    QPageLayout layout(QPageSize(PaperOf(name).id), landscape ? QPageLayout::Landscape : QPageLayout::Portrait,
-                       QMarginsF(), QPageLayout::Point);
+    QPageLayout layout(QPageSize(PaperOf(name).id),
+                       landscape ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF(),
+                       QPageLayout::Point);
     layout.setMode(QPageLayout::FullPageMode);
     return layout;
 }

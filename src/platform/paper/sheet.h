@@ -7,7 +7,8 @@
 
 namespace vasclip::paper {
 
-/// All lengths on paper are twentieths of a point, 1440 an inch: fine enough for every printer, and whole numbers.
+/// All lengths on paper are twentieths of a point, 1440 an inch: fine enough for every printer, and whole
+/// numbers.
 inline constexpr int kInch = 1440;
 inline constexpr int kPoint = 20;
 

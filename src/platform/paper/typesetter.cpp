@@ -100,7 +100,8 @@ QStringList Typesetter::Lines(const QString& text, Face face, int width, int mos
             option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
             layout.setTextOption(option);
             layout.beginLayout();
-            for (QTextLine line = layout.createLine(); line.isValid() && !full(); line = layout.createLine()) {
+            for (QTextLine line = layout.createLine(); line.isValid() && !full();
+                 line = layout.createLine()) {
                 line.setLineWidth(std::max(width, face.size));
                 lines.append(paragraph.mid(line.textStart(), line.textLength()).trimmed());
             }

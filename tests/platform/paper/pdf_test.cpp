@@ -36,7 +36,8 @@ struct Noise final : PictureSource
 Page PageOf(int number)
 {
     Page page;
-    page.texts.append({.at = {1440, 1440}, .width = 0, .text = u"Page %1"_s.arg(number), .face = {200}, .ink = 0xff000000});
+    page.texts.append(
+        {.at = {1440, 1440}, .width = 0, .text = u"Page %1"_s.arg(number), .face = {200}, .ink = 0xff000000});
     page.pictures.append({.box = QRect(1440, 2880, 2880, 2160), .name = u"a"_s});
     return page;
 }
@@ -49,11 +50,15 @@ protected:
     Noise pictures;
     const PdfFacts facts{.title = u"Brief"_s, .made = QDateTime({2024, 2, 29}, {11, 12, 13})};
 
-    Made Write(int pages, const std::function<bool()>& goOn = [] { return true; })
+    Made Write(
+        int pages, const std::function<bool()>& goOn = [] { return true; })
     {
         int number = 0;
         return WritePdf(
-            file, {}, facts, [&]() -> std::optional<Page> { return ++number > pages ? std::nullopt : std::optional(PageOf(number)); },
+            file, {}, facts,
+            [&]() -> std::optional<Page> {
+                return ++number > pages ? std::nullopt : std::optional(PageOf(number));
+            },
             pictures, goOn);
     }
     [[nodiscard]] QByteArray Content() const
@@ -111,8 +116,9 @@ TEST_F(Pdf, OnAFullDiskLeavesTheOlderFileAlone)
 TEST_F(Pdf, InADirectoryThatIsNotThereSaysSo)
 {
     EXPECT_EQ(tests::NumberOf([&] {
-                  static_cast<void>(WritePdf(dir.filePath(u"gone/report.pdf"_s), {}, facts,
-                                             [] { return std::optional<Page>(); }, pictures, [] { return true; }));
+                  static_cast<void>(WritePdf(
+                      dir.filePath(u"gone/report.pdf"_s), {}, facts, [] { return std::optional<Page>(); },
+                      pictures, [] { return true; }));
               }),
               error::kPathFileAccess);
 }

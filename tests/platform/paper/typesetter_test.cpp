@@ -34,7 +34,8 @@ TEST(Typesetter, MeasuresPlainLettersAsTheFontDoes)
 TEST(Typesetter, BreaksWithinTheWidthAndLosesNoWord)
 {
     Typesetter setter;
-    const QString text = QString(u"The seller paid no concessions and left the refrigerator. "_s).repeated(30).trimmed();
+    const QString text =
+        QString(u"The seller paid no concessions and left the refrigerator. "_s).repeated(30).trimmed();
     const QStringList lines = setter.Lines(text, kFace, 4000);
     EXPECT_GT(lines.size(), 5);
     for (const QString& line : lines)
@@ -54,7 +55,8 @@ TEST(Typesetter, BreaksAWordThatIsLongerThanTheLine)
 TEST(Typesetter, EndsWithAnEllipsisWhereThereAreMoreLinesThanWanted)
 {
     Typesetter setter;
-    const QStringList lines = setter.Lines(u"one two three four five six seven eight nine ten"_s, kFace, 1200, 2);
+    const QStringList lines =
+        setter.Lines(u"one two three four five six seven eight nine ten"_s, kFace, 1200, 2);
     ASSERT_EQ(lines.size(), 2);
     EXPECT_TRUE(lines.last().endsWith(u'…')) << lines.last().toStdString();
     EXPECT_LE(setter.Width(lines.last(), kFace), 1200);
@@ -79,13 +81,15 @@ TEST(Painter, DrawsOnWhitePaperOfTheSheetsSize)
 {
     NoPictures none;
     Page page;
-    page.texts.append({.at = {1440, 1440}, .width = 0, .text = u"Text"_s, .face = {400, true}, .ink = 0xff000000});
+    page.texts.append(
+        {.at = {1440, 1440}, .width = 0, .text = u"Text"_s, .face = {400, true}, .ink = 0xff000000});
     const QImage image = Picture({.name = u"letter"_s}, page, 72, none);
     EXPECT_EQ(image.size(), QSize(612, 792));
     EXPECT_EQ(image.pixel(600, 780), qRgb(255, 255, 255));
     const QImage wide = Picture({.name = u"letter"_s, .landscape = true}, page, 72, none);
     EXPECT_EQ(wide.size(), QSize(792, 612));
-    EXPECT_NE(image.copy(72, 50, 40, 30), Picture({.name = u"letter"_s}, Page{}, 72, none).copy(72, 50, 40, 30));
+    EXPECT_NE(image.copy(72, 50, 40, 30),
+              Picture({.name = u"letter"_s}, Page{}, 72, none).copy(72, 50, 40, 30));
 }
 
 } // namespace

@@ -1,0 +1,176 @@
+#include "upkeep/print_home.h"
+
+#include <QFile>
+#include <QPdfWriter>
+
+using namespace Qt::StringLiterals;
+
+namespace vasclip::upkeep {
+namespace {
+
+using Preview = PrintHome;
+
+TEST_F(Preview, ThePreviewTurnsPagesAndCountsThem)
+{
+    Comps(300);
+    const auto screen = Make(u"SELECT * FROM COMPS"_s);
+    Print(*screen, [&](frm_ReportPreview& preview) {
+        EXPECT_FALSE(preview.cmdPrevious.Enabled());
+        Click(preview.cmdLast);
+        const int pages = preview.Pages();
+        EXPECT_GT(pages, 5);
+        EXPECT_EQ(preview.txtPage.Text(), QString::number(pages));
+        EXPECT_EQ(preview.lblPages.Caption(), u"of %1"_s.arg(pages));
+        EXPECT_FALSE(preview.cmdNext.Enabled());
+        Click(preview.cmdPrevious);
+        EXPECT_EQ(preview.txtPage.Text(), QString::number(pages - 1));
+        preview.txtPage.SetText(u"3"_s);
+        Q_EMIT preview.txtPage.LostFocus();
+        EXPECT_EQ(preview.txtPage.Text(), u"3"_s);
+        preview.txtPage.SetText(u"nonsense"_s);
+        Q_EMIT preview.txtPage.LostFocus();
+        EXPECT_EQ(preview.txtPage.Text(), u"1"_s);
+    });
+}
+
+TEST_F(Preview, FindGoesToThePageAndRoundAgain)
+{
+    Comps(200);
+    const auto screen = Make(u"SELECT * FROM COMPS"_s);
+    Print(*screen, [&](frm_ReportPreview& preview) {
+        preview.txtFind.SetText(u"187 oak"_s);
+        Click(preview.cmdFind);
+        const int page = preview.txtPage.Text().toInt();
+        EXPECT_GT(page, 3);
+        EXPECT_EQ(preview.Found().size(), 1);
+        Click(preview.cmdFind);
+        EXPECT_EQ(preview.txtPage.Text().toInt(), page) << "it stands on no other";
+        preview.txtFind.SetText(u"187 elm"_s);
+        Click(preview.cmdFind);
+        EXPECT_EQ(preview.lblmsg.Caption(), u"187 elm stands on no page."_s);
+    });
+}
+
+TEST_F(Preview, PaperChangesThePagesAndIsRemembered)
+{
+    Comps(200);
+    const auto screen = Make(u"SELECT * FROM COMPS"_s);
+    int first = 0;
+    Print(*screen, [&](frm_ReportPreview& preview) {
+        EXPECT_TRUE(preview.optOrientation(1).Value()) << "as the layout says";
+        Click(preview.cmdLast);
+        first = preview.Pages();
+        preview.optOrientation(0).SetValue(true);
+        EXPECT_FALSE(preview.optOrientation(1).Value());
+        Click(preview.cmdLast);
+        EXPECT_LT(preview.Pages(), first) << "upright paper has more lines";
+    });
+    Print(*screen, [&](frm_ReportPreview& preview) {
+        EXPECT_TRUE(preview.optOrientation(0).Value());
+        preview.cboLayout.SetListIndex(1);
+        EXPECT_FALSE(preview.Sheet().landscape) << "the other's own";
+        EXPECT_EQ(preview.lblmsg.Caption(), QString());
+    });
+}
+
+TEST_F(Preview, ThePdfHasThePagesOfThePreview)
+{
+    Comps(120);
+    const auto screen = Make(u"SELECT * FROM COMPS"_s);
+    Print(*screen, [&](frm_ReportPreview& preview) {
+        preview.SavePdf(pdf);
+        EXPECT_EQ(preview.lblmsg.Caption(), u"The report is in %1."_s.arg(pdf));
+        QFile file(pdf);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const QByteArray first = file.readAll();
+        Click(preview.cmdLast);
+        EXPECT_EQ(first.count("/Type /Page\n"), preview.Pages());
+        EXPECT_FALSE(preview.gauWork.Visible());
+        EXPECT_TRUE(preview.cmdPDF.Enabled());
+    });
+}
+
+TEST_F(Preview, AMissingPhotoIsToldAndStopsNothing)
+{
+    Comps(3);
+    const auto screen = Make(u"SELECT * FROM COMPS"_s);
+    screen->optSelected(2).SetValue(true);
+    Print(*screen, [&](frm_ReportPreview& preview) {
+        preview.SavePdf(pdf);
+        EXPECT_TRUE(preview.lblmsg.Caption().contains(u"1 photos were not found"_s))
+            << preview.lblmsg.Caption().toStdString();
+    });
+    EXPECT_EQ(Files(), QStringList{u"r.pdf"_s});
+}
+
+TEST_F(Preview, StopInTheMiddleLeavesNoHalfPdf)
+{
+    Comps(400);
+    const auto screen = Make(u"SELECT * FROM COMPS"_s);
+    Print(*screen, [&](frm_ReportPreview& preview) {
+        int turns = 0;
+        doubles.pump.onTurn = [&] {
+            ++turns;
+            EXPECT_TRUE(preview.cmdStop.Visible());
+            EXPECT_FALSE(preview.cmdPDF.Enabled()) << "one work at a time";
+            Click(preview.cmdStop);
+        };
+        preview.SavePdf(pdf);
+        doubles.pump.onTurn = {};
+        EXPECT_EQ(turns, 1);
+        EXPECT_EQ(preview.lblmsg.Caption(), u"Stopped. Nothing was stored."_s);
+        EXPECT_TRUE(preview.cmdPDF.Enabled());
+    });
+    EXPECT_EQ(Files(), QStringList());
+}
+
+TEST_F(Preview, ClosingWhileAPdfIsMadeStopsItFirst)
+{
+    Comps(400);
+    const auto screen = Make(u"SELECT * FROM COMPS"_s);
+    Print(*screen, [&](frm_ReportPreview& preview) {
+        doubles.pump.onTurn = [&] {
+            preview.Unload();
+            EXPECT_TRUE(preview.IsOpen());
+        };
+        preview.SavePdf(pdf);
+        doubles.pump.onTurn = {};
+        EXPECT_EQ(preview.lblmsg.Caption(), u"Stopped. Nothing was stored."_s);
+    });
+}
+
+TEST_F(Preview, PrintsTheWantedPagesToADevice)
+{
+    Comps(200);
+    const auto screen = Make(u"SELECT * FROM COMPS"_s);
+    Print(*screen, [&](frm_ReportPreview& preview) {
+        QFile file(pdf);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        {
+            QPdfWriter printer(&file);
+            printer.setResolution(300);
+            preview.PrintTo(printer, 300, 2, 4);
+        }
+        EXPECT_EQ(preview.lblmsg.Caption(), u"The report was sent to the printer."_s);
+    });
+    QFile file(pdf);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll().count("/Type /Page\n"), 3);
+}
+
+TEST_F(Preview, AnotherLayoutThatIsWrongLeavesTheOneOnShow)
+{
+    Comps(2);
+    disk.MkDir(u"C:\\USER\\REPORTS"_s);
+    disk.WriteWhole(u"C:\\USER\\REPORTS\\bad.layout"_s, "column CITTY\n");
+    const auto screen = Make(u"SELECT * FROM COMPS"_s);
+    Print(*screen, [&](frm_ReportPreview& preview) {
+        preview.cboLayout.SetListIndex(3);
+        EXPECT_EQ(preview.cboLayout.ListIndex(), 0);
+        EXPECT_TRUE(preview.lblmsg.Caption().contains(u"Did you mean CITY?"_s));
+        EXPECT_FALSE(preview.Shown().texts.isEmpty());
+    });
+}
+
+} // namespace
+} // namespace vasclip::upkeep
