@@ -16,6 +16,7 @@ struct Block
     bool withNext = false; ///< stays on the page of the strip behind it
     bool gap = false;      ///< empty room, which no page begins with
     bool newPage = false;
+    bool below = false; ///< begins below what stands beside the record
     int besides = 0; ///< how far down from its top a photo beside the record reaches
 };
 

@@ -208,7 +208,7 @@ std::optional<paper::Page> ReportPager::Next(Place& place, int pages)
         bool full = false;
         for (; place.block < m_blocks.size() && !full;) {
             const Block& block = m_blocks[place.block];
-            if (block.gap || place.block == m_recordFrom)
+            if (block.gap || block.below || place.block == m_recordFrom)
                 y = std::max(y, floor);
             if (block.gap && y + block.height > m_bottom) { // the page ends here as well as behind it
                 ++place.block;

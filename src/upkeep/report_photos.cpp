@@ -97,6 +97,7 @@ void BlockMaker::AddPhotos(std::vector<Block>& blocks, const PhotosPart& part, c
                 Put(row, CaptionOf(pairs[from + i].first), m_small, ink::kQuiet, box.left(),
                     box.bottom() + 2 * kPoint, width, Side::Centre);
         }
+        row.below = true;
         row.height = 6 * kPoint + high + caption;
         blocks.push_back(std::move(row));
     }

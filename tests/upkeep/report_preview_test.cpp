@@ -1,5 +1,7 @@
 #include "upkeep/print_home.h"
 
+#include "support/file_limit.h"
+
 #include <QFile>
 #include <QPdfWriter>
 
@@ -122,6 +124,24 @@ TEST_F(Preview, StopInTheMiddleLeavesNoHalfPdf)
         EXPECT_TRUE(preview.cmdPDF.Enabled());
     });
     EXPECT_EQ(Files(), QStringList());
+}
+
+TEST_F(Preview, OnAFullDiskAsksAndLeavesNothing)
+{
+    Comps(400);
+    const auto screen = Make(u"SELECT * FROM COMPS"_s);
+    Print(*screen, [&](frm_ReportPreview& preview) {
+        doubles.prompter.Answer(forms::Answer::Abort);
+        {
+            const tests::FileLimit full(8 * 1024);
+            preview.SavePdf(pdf);
+        }
+        EXPECT_EQ(doubles.prompter.Last().buttons, forms::Buttons::AbortRetryIgnore);
+        EXPECT_TRUE(preview.cmdPDF.Enabled());
+        EXPECT_EQ(Files(), QStringList());
+        preview.SavePdf(pdf);
+        EXPECT_EQ(Files(), QStringList{u"r.pdf"_s}) << "with room it goes on";
+    });
 }
 
 TEST_F(Preview, ClosingWhileAPdfIsMadeStopsItFirst)
