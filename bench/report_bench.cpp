@@ -94,7 +94,9 @@ int main(int argc, char* argv[])
     engine::Engine engine(disk, tests::SomeTime());
     store::MakeDatabase(engine, kDatabook);
     MakePictures(disk);
-    const upkeep::ReportLayout layout = upkeep::OpenLayout(disk, {}, u"detail"_s);
+    common::Globals globals;
+    globals.G_UserDir = u"C:\\"_s;
+    const upkeep::ReportLayout layout = upkeep::OpenLayout(disk, globals, u"detail"_s);
     long before = 0;
     int made = 0;
     for (int records = first; records <= 4 * first; records *= 2) {
