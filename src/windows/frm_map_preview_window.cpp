@@ -45,7 +45,7 @@ void Layout_frm_MapPreview(QDialog& window, forms::Screen&)
     whole->setObjectName(u"wholePicture"_s);
     whole->setToolTip(QDialog::tr("Shows all of the picture; without it, each of its pixels"));
     QObject::connect(whole, &QCheckBox::toggled, area, [area, picture, own](bool all) {
-        picture->setMinimumSize(all ? QSize() : own);
+        picture->setMinimumSize(all ? QSize(0, 0) : own);
         picture->setMaximumSize(all ? QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX) : own);
         area->setWidgetResizable(all);
     });

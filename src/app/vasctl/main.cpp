@@ -146,10 +146,15 @@ Commands:
   archive --from DATE --to DATE [--file FILE] [--ask]
                           moves the records sold between two dates, both days included, into the archive of the settings
                           or another one, with their pictures; exit code 1 if some had to stay
-  maintain STEP [--account FILE]
-                          a repair of the whole Databook; asks first, and prints every field that it changed, or keeps
-                          that in a file: recalc, clear-anchors, clear-photos, land-size, clean-keys, clean-comments,
-                          match-key, proper-case, upper-case
+  maintain recalc         repairs of the whole Databook; each asks first, and prints every field that it changed, or
+  maintain clear-anchors  keeps that in the file of --account
+  maintain clear-photos
+  maintain land-size
+  maintain clean-keys
+  maintain clean-comments the same of the comment file
+  maintain match-key
+  maintain proper-case
+  maintain upper-case
   maintain delete-by-sale --date DATE, maintain delete-by-load --date DATE
                           deletes the records of this date and older with their pictures; 1/1/1900 means those
                           without a date

@@ -151,9 +151,9 @@ bool LocateSearch(const Stage& stage)
     Settle(kDrawn);
     const auto placed = static_cast<qint64>(Parts(stage).Street().Points().size());
     stage.tour.Shoot(stage.window, u"map-locator"_s);
-    stage.tour.Step(u"Searched for %1 and located %2 of %3 comps."_s.arg(kNeighborhood).arg(placed).arg(count));
+    stage.tour.Step(u"Searched for %1 and put the subject and its %2 comps on the map."_s.arg(kNeighborhood).arg(count));
     stage.main.DisplayAllRecords();
-    return searched && pressed && count > 1 && placed >= count;
+    return searched && pressed && count > 1 && placed == count + 1;
 }
 
 bool FindStreet(const Stage& stage)
