@@ -202,10 +202,10 @@ QString WordsOf(const Archived& done, const QString& file)
 {
     if (done.empty)
         return u"The Source Database is empty."_s;
-    QString words = u"%1 records were moved into %2, %3 of them in the place of a record there."_s
-                        .arg(done.moved + done.overwritten)
-                        .arg(file)
-                        .arg(done.overwritten);
+    const auto all = done.moved + done.overwritten;
+    QString words = (all == 1 ? u"1 record was moved into %1"_s.arg(file)
+                              : u"%1 records were moved into %2"_s.arg(all).arg(file)) +
+                    u", %1 of them in the place of a record there."_s.arg(done.overwritten);
     if (!done.left.isEmpty())
         words += u" %1 records of these dates stay in the Databook."_s.arg(done.left.size());
     if (!done.pictures.isEmpty())

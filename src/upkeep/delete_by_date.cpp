@@ -28,11 +28,11 @@ Deletion Deletion::Of(const QString& typed, QDate today)
 bool TestRec(const QString& held, const Deletion& deletion, QDate today)
 {
     const QString trimmed = text::Trim(held);
-    const auto day = trimmed.isEmpty() ? std::nullopt : DayOf(trimmed, today);
+    const QDate day = trimmed.isEmpty() ? QDate() : DayOf(trimmed, today).value_or(QDate());
     if (deletion.pending)
         return trimmed.isEmpty() || day == kNoDay;
-    const auto last = DayOf(deletion.date, today);
-    return day && last && *day != kNoDay && *day <= *last;
+    const QDate last = DayOf(deletion.date, today).value_or(QDate());
+    return day.isValid() && last.isValid() && day != kNoDay && day <= last;
 }
 
 } // namespace vasclip::upkeep

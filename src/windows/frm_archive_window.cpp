@@ -2,17 +2,16 @@
 #include "windows/layout_parts.h"
 #include "windows/screen_layouts.h"
 
-#include <QButtonGroup>
 #include <QCheckBox>
 #include <QDialog>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -55,8 +54,11 @@ QVBoxLayout* RecordsColumn(QDialog& window)
     column->addWidget(range);
     column->addSpacing(8);
     column->addWidget(MakeWords(window, QDialog::tr("IF Duplictes are Found"), "title"));
-    column->addWidget(Check(window, u"optduplicates_0"_s));
-    column->addWidget(Check(window, u"optduplicates_1"_s));
+    for (int i = 0; i < 2; ++i) {
+        auto* option = new QRadioButton(&window);
+        option->setObjectName(u"optduplicates_%1"_s.arg(i));
+        column->addWidget(option);
+    }
     column->addSpacing(8);
     column->addWidget(MakeWords(window, QDialog::tr("Total Archived"), "title"));
     auto* counts = MakeFields();

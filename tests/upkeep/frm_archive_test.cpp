@@ -84,7 +84,7 @@ TEST_F(FrmArchive, AppendsIntoAFileThatIsThere)
     EXPECT_EQ(Here(), QStringList{u"2 B ST"_s});
     EXPECT_EQ(letGo, 1);
     EXPECT_EQ(shown, 1);
-    EXPECT_TRUE(Says().startsWith(u"1 records were moved into C:\\ARCHIVE\\OLD.MDB"_s));
+    EXPECT_TRUE(Says().startsWith(u"1 record was moved into C:\\ARCHIVE\\OLD.MDB"_s));
 }
 
 TEST_F(FrmArchive, CancelStopsAndNoAsksOnceMoreBeforeItBeginsAnew)

@@ -6,10 +6,10 @@
 #include "windows/theme.h"
 
 #include <QApplication>
-#include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QSettings>
 #include <QTest>
 
@@ -122,13 +122,13 @@ TEST_F(ArchiveWindow, EscapeInTheMiddleKeepsWhatWasMovedAndTheRest)
 TEST_F(ArchiveWindow, ItsTwoChoicesExcludeEachOther)
 {
     Play([&] {
-        auto& quiet = The<QCheckBox>(u"optduplicates_0"_s);
-        auto& asks = The<QCheckBox>(u"optduplicates_1"_s);
+        auto& quiet = The<QRadioButton>(u"optduplicates_0"_s);
+        auto& asks = The<QRadioButton>(u"optduplicates_1"_s);
         EXPECT_TRUE(quiet.isChecked());
         QTest::keyClick(&asks, Qt::Key_Space);
         EXPECT_TRUE(asks.isChecked());
         EXPECT_FALSE(quiet.isChecked());
-        QTest::keyClick(&asks, Qt::Key_Space);
+        QTest::keyClick(&quiet, Qt::Key_Space);
         EXPECT_TRUE(quiet.isChecked());
         EXPECT_FALSE(asks.isChecked());
         EXPECT_LE(window->minimumSizeHint().height(), 700);
