@@ -1,5 +1,6 @@
 #include "upkeep/export_csv.h"
 
+#include "platform/files/disk.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/record.h"
@@ -25,10 +26,24 @@ const QString kWriting = u"Writing record %1 of %2"_s;
 
 } // namespace
 
+void NeedTextFile(const files::Disk& disk, const QString& file)
+{
+    if (!disk.Found(file, files::ReadOnly | files::Hidden))
+        return;
+    const QString name = text::Folded(file);
+    if (!name.endsWith(u".CSV"_s) && !name.endsWith(u".TXT"_s) && !name.endsWith(u".TSV"_s))
+        throw RuntimeError(error::kPathFileAccess,
+                           u"%1 is there, and no text file to be written over. Choose a name that ends in .csv"_s.arg(file));
+    if ((disk.GetAttr(file) & files::ReadOnly) != 0)
+        throw RuntimeError(error::kPathFileAccess,
+                           u"The file %1 is write-protected. Choose another name, or take the protection off it"_s.arg(file));
+}
+
 CsvExport ExportCsv(const TransferDesk& desk, const QString& file, const QString& search, const CsvForm& form,
                     const WorkStep& step)
 {
     CsvExport result;
+    NeedTextFile(desk.Disk(), file);
     store::Rows rows = store::ReadRows(desk.databook, u"SELECT * FROM ["_s + desk.globals.G_Table + u']' +
                                                           (Narrows(search) ? u" WHERE "_s + search : QString()));
     QList<int> shown;

@@ -1,10 +1,12 @@
 #include "upkeep/export_table.h"
 
+#include "platform/engine/genuine_file.h"
 #include "platform/engine/new_file.h"
 #include "platform/engine/process.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/bulk_rows.h"
+#include "store/convert.h"
 #include "store/fields.h"
 #include "store/messages.h"
 #include "store/record.h"
@@ -13,6 +15,9 @@
 #include "upkeep/insert_images.h"
 #include "upkeep/tables.h"
 #include "upkeep/target_file.h"
+
+#include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -176,14 +181,46 @@ void NeedWritable(const files::Disk& disk, const QString& target)
                                target));
 }
 
+/// What tells a file from itself after somebody stored into it; nothing for one that is not there.
+QByteArray MarkOf(const files::Disk& disk, const QString& target)
+{
+    constexpr qint64 kHeader = 100; // holds the counter of changes
+    const QString native = disk.ToNative(target);
+    QFile file(native);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QFileInfo info(native);
+    return QByteArray::number(info.size()) + ' ' + QByteArray::number(info.lastModified().toMSecsSinceEpoch()) + ' ' +
+           file.read(kHeader);
+}
+
 /// The file that is worked on: the target's copy, or an empty database.
 void MakeWorking(const TransferDesk& desk, const QString& target, const QString& working)
 {
     desk.Disk().Kill(working); // made empty; a database is made where nothing is
-    if (desk.Disk().Found(target, files::ReadOnly | files::Hidden))
+    if (engine::IsGenuineFile(desk.Disk(), target))
+        static_cast<void>(store::ConvertDatabase(desk.Engine(), {.source = target, .target = working}));
+    else if (desk.Disk().Found(target, files::ReadOnly | files::Hidden))
         desk.Engine().CopyDatabase(target, working);
     else
         CopyFromNewData(desk.Engine(), desk.Templates(), working);
+}
+
+/// The file that was worked on becomes an Access file. @return false after a stop
+bool MakeAccess(const TransferDesk& desk, const QString& working, ExportResult& result, const WorkStep& step)
+{
+    const QString made = working + u"-access"_s;
+    const auto converted = store::ConvertDatabase(
+        desk.Engine(), {.source = working,
+                        .target = made,
+                        .to = engine::DatabaseKind::Access,
+                        .step = [&](const QString& doing, qint64 done, qint64 of) { return step(done, of, doing); }});
+    if (!converted)
+        return false;
+    result.notes = converted->notes;
+    desk.Disk().Kill(working);
+    desk.Disk().Name(made, working);
+    return true;
 }
 
 } // namespace
@@ -197,6 +234,7 @@ ExportResult ExportTable(const TransferDesk& desk, const ExportOrder& order, con
     engine::NewFile file(disk.ToNative(order.target), order.target);
     const QString name = file.Path().mid(file.Path().lastIndexOf(u'/') + 1);
     const QString working = order.target.left(order.target.lastIndexOf(u'\\') + 1) + name;
+    const QByteArray before = MarkOf(disk, order.target);
     MakeWorking(desk, order.target, working);
     const std::optional<qint64> records = Copy(desk, order, working, step).Run();
     result.stopped = !records;
@@ -211,9 +249,16 @@ ExportResult ExportTable(const TransferDesk& desk, const ExportOrder& order, con
         result.notIn = images.notIn;
         result.stopped = images.stopped;
     }
+    const bool access = order.access || engine::IsGenuineFile(disk, order.target);
+    if (!result.stopped && access)
+        result.stopped = !MakeAccess(desk, working, result, step);
     // Somebody may have opened the target meanwhile; to take its place would lose what he stores.
     if (result.stopped || RefusesLocked(desk.ports.prompter, desk.Engine(), kExportTo, order.target))
         return result;
+    if (MarkOf(disk, order.target) != before)
+        throw RuntimeError(error::kPathFileAccess,
+                           u"Somebody stored into %1 while the export was made. The file is as they left it; export again"_s.arg(
+                               order.target));
     file.Finish();
     result.written = true;
     return result;
@@ -228,6 +273,8 @@ QString WordsOf(const ExportResult& result)
     QString words = u"%1 to table %2 of %3."_s.arg(result.records == 1 ? u"1 record was exported"_s
                                                                        : u"%1 records were exported"_s.arg(result.records),
                                                    result.table, result.file);
+    for (const QString& note : result.notes)
+        words += u' ' + note + u'.';
     if (result.pictures + result.without + result.notIn.size() == 0)
         return words;
     words += result.pictures == 1 ? u" 1 picture is inside."_s : u" %1 pictures are inside."_s.arg(result.pictures);

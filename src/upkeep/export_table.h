@@ -11,6 +11,7 @@ struct ExportOrder
     QString table;  ///< in it, trimmed and in capitals
     QString search; ///< as SearchTextOf has it; "" for all records
     bool pictures = false;
+    bool access = false; ///< an Access file; one that is there stays of its kind in any case
 };
 
 struct ExportResult
@@ -22,6 +23,7 @@ struct ExportResult
     int pictures = 0;  ///< that are inside
     int without = 0;   ///< records that have no front view
     QStringList notIn = {}; ///< "KEY: why" of each picture that could not be read
+    QStringList notes = {}; ///< what an Access file does not have: an index
 };
 
 /// Copies the records of a search into a table of another database, in place of one of that name. All of it is done in

@@ -155,12 +155,27 @@ void FileScreen::MakeDirectories(const QString& path) const
             disk.MkDir(whole.left(slash));
 }
 
+bool ReportedUnlessLocked(forms::Prompter& prompter, const char* routine, const std::function<void()>& work)
+{
+    bool locked = false;
+    const bool ended = link::Reported(prompter, routine, [&] {
+        try {
+            work();
+        } catch (const RuntimeError& failure) {
+            if (failure.Number() != error::kCouldNotUpdateLocked)
+                throw;
+            locked = true;
+            prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Exclamation, u"Vasclip"_s, failure.Description() + u'.');
+        }
+    });
+    return ended && !locked;
+}
+
 bool FileScreen::Run(const char* routine, const std::function<void(const WorkStep& step)>& work)
 {
     SetBusy(true);
     const auto free = qScopeGuard([this] { SetBusy(false); });
-    bool locked = false;
-    const bool ended = link::Reported(Prompter(), routine, [&] {
+    return ReportedUnlessLocked(Prompter(), routine, [&] {
         const WorkStep step = [this](qint64 done, qint64 of, const QString& words) {
             const int parts = static_cast<int>(std::clamp<qint64>(of, 1, 1000));
             if (gauWork.Max() != parts)
@@ -170,16 +185,8 @@ bool FileScreen::Run(const char* routine, const std::function<void(const WorkSte
             m_desk.ports.pump.DoEvents();
             return !m_stop;
         };
-        try {
-            work(step);
-        } catch (const RuntimeError& failure) {
-            if (failure.Number() != error::kCouldNotUpdateLocked)
-                throw;
-            locked = true;
-            Prompter().MsgBox(forms::Buttons::Ok, forms::Icon::Exclamation, u"Vasclip"_s, failure.Description() + u'.');
-        }
+        work(step);
     });
-    return ended && !locked;
 }
 
 void FileScreen::SetBusy(bool busy)

@@ -5,6 +5,10 @@
 
 namespace vasclip::upkeep {
 
+/// Runs the work with its failures reported. A Databook that somebody keeps locked is told and ends nothing.
+/// @return false after a failure
+bool ReportedUnlessLocked(forms::Prompter& prompter, const char* routine, const std::function<void()>& work);
+
 /// What the screens of export and import have in common: a directory with its databases, the tables of one of them,
 /// and what is deleted there. Long work has a gauge and a button that stops it.
 class FileScreen : public forms::Screen

@@ -29,6 +29,7 @@ frm_Export::frm_Export(const TransferDesk& desk, std::function<QString()> search
     , lblSourceDB(controls, u"lblSourceDB"_s)
     , lblSearch(controls, u"lblSearch"_s)
     , ckbDateStamp(controls, u"ckbDateStamp"_s)
+    , ckbAccess(controls, u"ckbAccess"_s)
     , cmdExport(controls, u"cmdExport"_s)
     , m_search(std::move(search))
 {
@@ -37,6 +38,8 @@ frm_Export::frm_Export(const TransferDesk& desk, std::function<QString()> search
     ckbCopy.SetToolTipText(u"Puts the front picture of each record into its row, so that the file can go elsewhere"_s);
     ckbDateStamp.SetCaption(u"Use Date Stamp"_s);
     ckbDateStamp.SetToolTipText(u"A stamped name has dashes: the file is renamed before it can be imported"_s);
+    ckbAccess.SetCaption(u"Access Database"_s);
+    ckbAccess.SetToolTipText(u"Writes a file that Access and other programs open; one that is there stays of its kind"_s);
     connect(&ckbDateStamp, &forms::CheckBox::Toggled, this, &frm_Export::StampName);
     connect(&cmdExport, &forms::Control::Clicked, this, &frm_Export::cmdExport_Click);
 }
@@ -48,6 +51,7 @@ void frm_Export::Form_Load()
     txtTable.SetText(globals.G_ExportTableS);
     ckbCopy.SetValue(false);
     ckbDateStamp.SetValue(false);
+    ckbAccess.SetValue(false);
     m_base = globals.G_ExportFile;
     m_stamped = StampFileName(false, m_base, Desk().ports.clock.Now());
     txtFileName.SetText(m_stamped);
@@ -61,6 +65,7 @@ void frm_Export::EnableButtons(bool free)
 {
     cmdExport.SetEnabled(free);
     ckbDateStamp.SetEnabled(free);
+    ckbAccess.SetEnabled(free);
 }
 
 bool frm_Export::RefusesMissing(const QString& file)
@@ -119,7 +124,7 @@ void frm_Export::Export(const QString& target, const QString& table, const WorkS
     if (path.size() > 3 && !Desk().Disk().DirExists(path))
         MakeDirectories(path);
     const ExportResult result = ExportTable(
-        Desk(), {.target = target, .table = table, .search = SearchTextOf(m_search()), .pictures = ckbCopy.Value()},
+        Desk(), {.target = target, .table = table, .search = SearchTextOf(m_search()), .pictures = ckbCopy.Value(), .access = ckbAccess.Value()},
         step);
     Tell(WordsOf(result), result.written && result.notIn.isEmpty() ? forms::Colour::Blue : forms::Colour::Red);
     ShowAccount(kNotInside, result.notIn);

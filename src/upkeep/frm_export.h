@@ -13,7 +13,7 @@ public:
     frm_Export(const TransferDesk& desk, std::function<QString()> search);
 
     forms::Label lblSourceDB, lblSearch;
-    forms::CheckBox ckbDateStamp;
+    forms::CheckBox ckbDateStamp, ckbAccess;
     forms::Button cmdExport;
 
     void cmdExport_Click();

@@ -2,6 +2,7 @@
 
 #include "common/paths.h"
 #include "link/reporter.h"
+#include "upkeep/file_screen.h"
 
 #include <QScopeGuard>
 
@@ -145,7 +146,7 @@ void frm_Rehearse::cmdImport_Click()
     cmdStop.SetFocus();
     const auto free = qScopeGuard([this] { SetBusy(false); });
     RehearsalResult result;
-    link::Reported(m_desk.ports.prompter, "cmdImport", [&] {
+    ReportedUnlessLocked(m_desk.ports.prompter, "cmdImport", [&] {
         const forms::Hourglass hourglass(m_desk.ports.window);
         result = m_rehearsal->Carry([this](qint64 done, qint64 of, const QString& words) {
             const int parts = static_cast<int>(std::clamp<qint64>(of, 1, 1000));

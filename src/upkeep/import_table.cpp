@@ -1,6 +1,7 @@
 #include "upkeep/import_table.h"
 
 #include "store/bulk_rows.h"
+#include "store/transaction.h"
 #include "store/fields.h"
 #include "store/record.h"
 
@@ -71,12 +72,15 @@ ImportResult ImportTable(const TransferDesk& desk, const ImportOrder& order, con
         result.stopped = true;
         return result;
     }
-    images.Place();
-    result.pictures = images.Result();
+    // Rows first: a Databook that somebody keeps locked leaves the photo directory as it is.
+    store::Transaction whole(desk.databook);
     result.appended = store::AppendRows(desk.databook,
                                         AppendStatement(desk.Databook(), desk.globals.G_Table, order.source, order.table,
                                                         plan.columns, plan.condition),
                                         plan.newKeys, kWords.arg(order.source));
+    images.Place();
+    result.pictures = images.Result();
+    whole.Commit();
     result.done = true;
     return result;
 }

@@ -9,6 +9,7 @@
 #include "store/transaction.h"
 #include "upkeep/address_twins.h"
 #include "upkeep/csv_text.h"
+#include "upkeep/export_csv.h"
 
 #include <QSaveFile>
 
@@ -233,12 +234,19 @@ void Rehearsal::ChangeRow(const RehearsedRow& row, RehearsalResult& result)
     ++result.changed;
 }
 
+bool Rehearsal::HasPhotos(const RehearsedRow& row) const
+{
+    const auto mine = store::ReadRecord(m_desk.databook, row.mine);
+    return mine && !text::Trim(mine->Text(fields::PHOTOS)).isEmpty();
+}
+
 RehearsalResult Rehearsal::Carry(const WorkStep& step)
 {
     RehearsalResult result;
     QSet<QString> taken;
     for (const RehearsedRow& row : std::as_const(m_rows))
-        if (row.choice != RowChoice::KeepMine)
+        if (row.choice == RowChoice::Add || row.choice == RowChoice::TakeTheirs ||
+            (row.choice == RowChoice::FillBlanks && !HasPhotos(row)))
             taken.insert(KeyMark(row.key));
     EmbeddedImages images(m_desk, *m_source, m_order.table);
     images.Only(taken);
@@ -261,6 +269,9 @@ RehearsalResult Rehearsal::Carry(const WorkStep& step)
 
 qsizetype Rehearsal::WriteRefused(const QString& file) const
 {
+    if (Count(RowKind::Refused) == 0)
+        return 0;
+    NeedTextFile(m_desk.Disk(), file);
     QSaveFile out(m_desk.Disk().ToNative(file));
     if (!out.open(QIODevice::WriteOnly))
         throw RuntimeError(error::kPathFileAccess, u"The file %1 could not be written: %2"_s.arg(file, out.errorString()));

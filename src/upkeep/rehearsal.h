@@ -85,6 +85,7 @@ private:
     void FindTwins();
     void AddRows(RehearsalResult& result);
     void ChangeRow(const RehearsedRow& row, RehearsalResult& result);
+    [[nodiscard]] bool HasPhotos(const RehearsedRow& row) const; ///< has my record any?
 
     TransferDesk m_desk;
     ImportOrder m_order;

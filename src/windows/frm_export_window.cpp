@@ -48,6 +48,7 @@ QVBoxLayout* TargetColumn(QDialog& window)
     checks->setSpacing(16);
     checks->addWidget(MakeCheck(window, u"ckbCopy"_s));
     checks->addWidget(MakeCheck(window, u"ckbDateStamp"_s));
+    checks->addWidget(MakeCheck(window, u"ckbAccess"_s));
     checks->addStretch(1);
     checks->addWidget(MakeButton(window, u"cmdBrowse"_s));
     column->addLayout(checks);

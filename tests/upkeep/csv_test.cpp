@@ -169,6 +169,15 @@ TEST_F(Csv, TakesBackWhatWasExported)
     EXPECT_EQ(Field(path, table, u"9 ELM ST"_s, u"CITY"_s).toString(), u"ALDER"_s);
 }
 
+TEST_F(Csv, TakesThePlaceOfATextFileAlone)
+{
+    for (const QString& name : {u"C:\\EXPORT\\OLD.MDB"_s, u"C:\\JPG\\00000001.jpg"_s}) {
+        disk.WriteWhole(name, "theirs");
+        EXPECT_EQ(tests::NumberOf([&] { (void)ExportCsv(Desk(), name, {}, {}, Step()); }), error::kPathFileAccess);
+        EXPECT_EQ(disk.ReadWhole(name), "theirs");
+    }
+}
+
 TEST_F(Csv, ThatIsStoppedLeavesTheOldFile)
 {
     disk.WriteWhole(file, "old");

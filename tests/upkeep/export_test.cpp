@@ -1,5 +1,6 @@
 #include "transfer_home.h"
 
+#include "platform/engine/genuine_file.h"
 #include "support/error_number.h"
 #include "upkeep/export_statement.h"
 #include "upkeep/export_table.h"
@@ -59,6 +60,22 @@ TEST_F(Export, OfASortOrOfNothingTakesAllRows)
     EXPECT_EQ(Run(u"ORDER BY COMPS.ADDRESS"_s).records, 3);
     EXPECT_EQ(Run().records, 3);
     EXPECT_EQ(Keys(target, u"COMPS"_s).size(), 3);
+}
+
+TEST_F(Export, AsAnAccessFileHoldsTheSameRecordsAndStaysOfItsKind)
+{
+    const ExportResult result =
+        ExportTable(Desk(), {.target = target, .table = u"ONE"_s, .search = {}, .pictures = true, .access = true}, Step());
+    ASSERT_TRUE(result.written);
+    EXPECT_TRUE(engine::IsGenuineFile(disk, target));
+    EXPECT_EQ(result.records, 3);
+    EXPECT_EQ(Keys(target, u"ONE"_s).size(), 3);
+    EXPECT_EQ(Field(target, u"ONE"_s, u"9 ELM ST"_s, u"CITY"_s).toString(), u"ALDER"_s);
+    ASSERT_TRUE(Run({}, false, u"TWO"_s).written);
+    EXPECT_TRUE(engine::IsGenuineFile(disk, target));
+    EXPECT_EQ(Keys(target, u"ONE"_s).size(), 3) << "the tables that were there stay";
+    EXPECT_EQ(Keys(target, u"TWO"_s).size(), 3);
+    EXPECT_EQ(Left(), QStringList{u"OUT.MDB"_s});
 }
 
 TEST_F(Export, AgainToTheSameTableReplacesItAndLeavesTheOthers)
@@ -160,6 +177,23 @@ TEST_F(Export, DoesNotTakeThePlaceOfAFileThatSomebodyHasOpenedMeanwhile)
     EXPECT_TRUE(doubles.prompter.Last().text.startsWith(u"The selected database is LOCKED"_s));
     theirs->Close();
     EXPECT_EQ(Keys(target, table), QStringList{u"14 OAK ST"_s});
+    EXPECT_EQ(Left(), QStringList{u"OUT.MDB"_s});
+}
+
+TEST_F(Export, DoesNotTakeThePlaceOfAFileThatSomebodyHasStoredIntoMeanwhile)
+{
+    ASSERT_TRUE(Run({}, false, u"ONE"_s).written);
+    const WorkStep theirs = [&](qint64, qint64, const QString&) {
+        const auto other = engine.OpenDatabase(target);
+        other->Execute(u"DELETE FROM ONE WHERE CENTRALKEY LIKE '9*'"_s);
+        other->Close();
+        return true;
+    };
+    EXPECT_EQ(tests::NumberOf([&] {
+                  (void)ExportTable(Desk(), {.target = target, .table = u"TWO"_s, .search = {}, .pictures = true}, theirs);
+              }),
+              75);
+    EXPECT_EQ(Keys(target, u"ONE"_s).size(), 2) << "what they did stays";
     EXPECT_EQ(Left(), QStringList{u"OUT.MDB"_s});
 }
 

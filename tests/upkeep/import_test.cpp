@@ -2,6 +2,7 @@
 
 #include "store/change.h"
 #include "support/error_number.h"
+#include "support/exclusive_lock.h"
 #include "upkeep/export_table.h"
 #include "upkeep/import_table.h"
 
@@ -107,6 +108,25 @@ TEST_F(Import, LetsTheWatcherHearOfEachRecordOrTakesThemBack)
     throws = false;
     EXPECT_EQ(Run().appended, 1);
     EXPECT_EQ(heard, (QStringList{u"1 ASH ST"_s, u"1 ASH ST"_s}));
+}
+
+TEST_F(Import, OfADatabookThatIsLockedMeanwhileLeavesThePhotosAsTheyWere)
+{
+    PutComp(u"1 ASH ST"_s, u"Cedar"_s, u"FRONT VIEW|00000009\r\n"_s, QByteArray("\xFF\xD8\xFF the picture"));
+    engine.SetLockWait(20);
+    const QStringList before = Pictures();
+    std::optional<tests::ExclusiveLock> theirs;
+    const WorkStep locks = [&](qint64, qint64, const QString&) {
+        theirs.emplace(disk.ToNative(path));
+        return true;
+    };
+    EXPECT_EQ(tests::NumberOf([&] {
+                  (void)ImportTable(Desk(), {.source = file, .table = table, .pictures = true}, locks);
+              }),
+              error::kCouldNotUpdateLocked);
+    theirs.reset();
+    EXPECT_EQ(Pictures(), before);
+    EXPECT_EQ(Keys(path, table).size(), 3);
 }
 
 TEST_F(Import, WithoutPicturesWritesNone)

@@ -133,6 +133,33 @@ TEST_F(Rehearsed, TakesTheirsOrFillsBlanksAsChosen)
     EXPECT_EQ(disk.Dir(u"C:\\JPG\\*"_s).size(), 2) << "a row that stays out brings no picture";
 }
 
+TEST_F(Rehearsed, FillingBlanksLeavesMyPictureAsItIs)
+{
+    const auto database = engine.OpenDatabase(file);
+    const auto rows = database->OpenRecordset(table, engine::RecordsetType::Table);
+    rows->AddNew();
+    rows->SetValue(key, u"12 OAK ST"_s.leftJustified(35));
+    rows->SetValue(u"ZIP"_s, u"97009"_s);
+    rows->SetValue(u"PHOTOS"_s, u"FRONT VIEW|00000001\r\n"_s);
+    rows->SetValue(u"FRONTPHOTO"_s, kJpeg);
+    rows->Update();
+    rows->Close();
+    database->Close();
+    const auto rehearsal = Begin();
+    rehearsal->ChooseAll(RowKind::Changed, RowChoice::FillBlanks);
+    EXPECT_TRUE(rehearsal->Carry(Step()).done);
+    EXPECT_EQ(Field(path, table, u"12 OAK ST"_s, u"ZIP"_s).toString(), u"97009"_s);
+    EXPECT_EQ(disk.ReadWhole(u"C:\\JPG\\00000001.jpg"_s), QByteArray(70000, 'a'));
+}
+
+TEST_F(Rehearsed, WritesRefusedRowsOverNoDatabase)
+{
+    const auto rehearsal = Begin();
+    const QByteArray before = disk.ReadWhole(path);
+    EXPECT_EQ(rehearsal->WriteRefused(path), 0) << "none was refused";
+    EXPECT_EQ(disk.ReadWhole(path), before);
+}
+
 TEST_F(Rehearsed, AddsATwinOnlyWhereThatIsChosen)
 {
     const auto rehearsal = Begin();
@@ -183,6 +210,7 @@ TEST_F(Rehearsed, WritesRefusedRowsWithTheReason)
     database->Close();
     const Rehearsal rehearsal(Desk(), {.source = file, .table = u"ODD"_s, .pictures = true});
     EXPECT_EQ(rehearsal.Count(RowKind::Refused), 2);
+    EXPECT_EQ(tests::NumberOf([&] { (void)rehearsal.WriteRefused(file); }), error::kPathFileAccess) << "a database";
     EXPECT_EQ(rehearsal.WriteRefused(u"C:\\EXPORT\\REFUSED.CSV"_s), 2);
     EXPECT_EQ(disk.ReadWhole(u"C:\\EXPORT\\REFUSED.CSV"_s),
               "CENTRALKEY,CITY,REASON\r\n"

@@ -16,7 +16,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr auto kUsageText = "Usage: vasctl export --file NAME [--table NAME] [--to vasclip | csv] [--pictures] "
+constexpr auto kUsageText = "Usage: vasctl export --file NAME [--table NAME] [--to vasclip | access | csv] [--pictures] "
                             "[--where SQL] [--delimiter C] [--code-page NAME]"_L1;
 
 /// A bare name goes into the export directory.
@@ -69,7 +69,7 @@ int RunExport(Session& session, const Output& out, const QStringList& arguments,
 {
     const QString to = options.isSet(u"to"_s) ? options.value(u"to"_s) : u"vasclip"_s;
     const bool csv = to == "csv"_L1;
-    if (!arguments.isEmpty() || options.value(u"file"_s).isEmpty() || (!csv && to != "vasclip"_L1) ||
+    if (!arguments.isEmpty() || options.value(u"file"_s).isEmpty() || (!csv && to != "vasclip"_L1 && to != "access"_L1) ||
         (csv && options.isSet(u"pictures"_s)) ||
         (!csv && (options.isSet(u"delimiter"_s) || options.isSet(u"code-page"_s)))) {
         out.Error(kUsageText);
@@ -100,7 +100,8 @@ int RunExport(Session& session, const Output& out, const QStringList& arguments,
                                                             {.target = target,
                                                              .table = text::Folded(given),
                                                              .search = options.value(u"where"_s),
-                                                             .pictures = options.isSet(u"pictures"_s)},
+                                                             .pictures = options.isSet(u"pictures"_s),
+                                                             .access = to == "access"_L1},
                                                             step);
     line.Clear();
     for (const QString& one : result.notIn)

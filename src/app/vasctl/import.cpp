@@ -212,7 +212,9 @@ private:
                 m_out.Error(u"%1 lies on none of the program's drives."_s.arg(m_options.value(u"refused"_s)));
                 return kUsage;
             }
-            (void)rehearsal.WriteRefused(file);
+            const qsizetype kept = rehearsal.WriteRefused(file);
+            m_out.Error(kept == 0 ? u"No row was refused: %1 is as it was."_s.arg(file)
+                                 : u"%1 refused rows are in %2."_s.arg(kept).arg(file));
         }
         return m_options.isSet(u"choose"_s) && !m_options.isSet(u"rehearse"_s) ? Carry(rehearsal) : Show(rehearsal);
     }

@@ -109,7 +109,7 @@ Commands:
   mapdata use             takes the maps that wait into use
   mapdata discard         deletes the maps that wait
   mapdata remove COUNTY   takes one away
-  export --file NAME [--table NAME] [--pictures] [--where SQL]
+  export --file NAME [--table NAME] [--to access] [--pictures] [--where SQL]
                           copies records into a table of another database, which is replaced; with --pictures the
                           front picture of each is put inside. A bare NAME stands in the export directory
   export --file NAME --to csv [--where SQL] [--delimiter C] [--code-page NAME]
@@ -278,7 +278,7 @@ int main(int argc, char* argv[])
         {u"choose"_s, u"What becomes of a kind of rows: changed=theirs; may be given several times."_s, u"KIND=CHOICE"_s},
         {u"refused"_s, u"A CSV file for the rows that an import refuses."_s, u"FILE"_s},
         {u"map"_s, u"Where a column of a CSV file goes; may be given several times."_s, u"HEADING=FIELD"_s},
-        {u"to"_s, u"What an export writes (vasclip, csv), or a conversion makes (access, vasclip); the last sale date of an "
+        {u"to"_s, u"What an export writes (vasclip, access, csv), or a conversion makes (access, vasclip); the last sale date of an "
                   "archive."_s,
          u"KIND|DATE"_s},
         {u"delimiter"_s, u"Between the values of a CSV file (,): a letter, or 'tab'."_s, u"C"_s},
