@@ -56,7 +56,8 @@ void Convert(Program& program, const QString& path, const QString& kept)
     }
     if (made)
         prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Information, kTitle,
-                        kMade.arg(path, QString::number(made->records), kept));
+                        (QStringList{kMade.arg(path, QString::number(made->records), kept)} + made->notes.mid(0, kTold))
+                            .join(u"\n"_s));
 }
 
 } // namespace

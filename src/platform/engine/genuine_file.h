@@ -9,6 +9,10 @@ namespace vasclip::engine {
 /// Does what lies at the path begin as one? It must not be open in this process, whose locks on it would go.
 [[nodiscard]] bool IsGenuineFile(const files::Disk& disk, const QString& path);
 
+/// What a genuine file has that no database of ours takes over, a sentence each: saved queries, tables that lie elsewhere.
+/// Nothing for another database.
+[[nodiscard]] QStringList NotTakenOver(const Database& database);
+
 /// A new genuine file, which other programs can open. Tables and records are added to it, through record sets or by
 /// statements of the database that has them; nothing in it is read or changed before it is closed. It appears under
 /// its name when it is closed, whole, and takes the place of a file that is there; given up without that, or

@@ -1,5 +1,6 @@
 // Genuine files of other programs: what stands in them must come out as independent readers see it.
 
+#include "platform/engine/genuine_file.h"
 #include "platform/engine/health.h"
 #include "platform/engine/jet/back_end.h"
 #include "platform/engine/jet_samples.h"
@@ -157,6 +158,7 @@ TEST_F(JetSamplesTest, SavedQueriesAndLinkedTablesAreNamedAsSuch)
     EXPECT_EQ(ErrorOf([&] { static_cast<void>(database->OpenRecordset(u"SELECT * FROM [C:\\A.MDB].T"_s, RecordsetType::Dynaset)); }, &text),
               error::kInvalidOperation);
     EXPECT_TRUE(text.contains(u"reaches no other files"_s)) << text.toStdString();
+    EXPECT_TRUE(NotTakenOver(*database).contains(u"The saved query UnionQuery stays in the old file alone"_s));
 }
 
 TEST_F(JetSamplesTest, NothingIsWrittenIntoOneOrBesideIt)

@@ -14,6 +14,19 @@ bool IsGenuine(const Database& database)
     return dynamic_cast<const jet::JetDatabase*>(&database) != nullptr;
 }
 
+QStringList NotTakenOver(const Database& database)
+{
+    QStringList sentences;
+    const auto* genuine = dynamic_cast<const jet::JetDatabase*>(&database);
+    if (genuine == nullptr)
+        return sentences;
+    for (const QString& query : genuine->Contents().queries)
+        sentences.append(u"The saved query %1 stays in the old file alone"_s.arg(query));
+    for (const jet::Catalogue::Entry& table : genuine->Contents().linked)
+        sentences.append(u"The table %1 lies in %2; its records were not taken over"_s.arg(table.name, table.elsewhere));
+    return sentences;
+}
+
 bool IsGenuineFile(const files::Disk& disk, const QString& path)
 {
     constexpr qint64 kMark = 20;

@@ -31,6 +31,7 @@ public:
 
     [[nodiscard]] QString Damage() const override;
     QStringList Check(CheckDepth depth) override;
+    [[nodiscard]] const Catalogue& Contents() const { return m_opening->catalogue; }
 
 private:
     void EndTrans(); ///< @throws 3034
