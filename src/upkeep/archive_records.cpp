@@ -23,6 +23,8 @@ const QString kMoveWords = u"Archive %1"_s;
 const QString kNoDate = u"01/01/1900"_s;
 const QString kOverwrite = u"Overwrite %1"_s;
 const QString kStays = u"%1: the archive has a record of this address; both stay"_s;
+const QString kNoField = u"%1: the archive has no field %2, which holds \"%3\"; the record stays. Let everybody close the "
+                         u"archive and archive again"_s;
 const QString kOtherPicture =
     u"%1: the archive has another picture named %2; the record stays. Give that view of it another picture first"_s;
 
@@ -43,6 +45,8 @@ public:
     Archived Run();
 
 private:
+    void CompleteFields();
+    void ChooseFields();
     void Take(const QString& key, const store::Record& record);
     [[nodiscard]] bool IsEqual(const store::Record& ours, const store::Record& theirs) const;
     [[nodiscard]] QStringList PictureFiles(const store::Record& record) const;
@@ -53,8 +57,46 @@ private:
     const ArchiveStep& m_step;
     store::DataSource m_archive;
     store::MoveTarget m_target;
+    QStringList m_lacking; ///< fields of the Databook that the archive has no place for
     Archived m_done;
 };
+
+/// An archive of an older layout gets the fields that it lacks: without them a moved record would lose what they hold.
+void Archiving::CompleteFields()
+{
+    try {
+        const auto database = m_work.databook.Engine().OpenDatabase(m_work.file, engine::OpenMode::ReadOnly);
+        const engine::FieldList held = database->Table(m_work.table).fields;
+        database->Close();
+        engine::FieldList wanted = m_work.databook.Fields();
+        wanted.removeIf([&](const engine::Field& field) {
+            return std::ranges::any_of(held, [&](const engine::Field& there) {
+                return there.name.compare(field.name, Qt::CaseInsensitive) == 0;
+            });
+        });
+        if (wanted.isEmpty())
+            return;
+        const auto alone = m_work.databook.Engine().OpenDatabase(m_work.file, engine::OpenMode::Exclusive);
+        engine::Transaction all(*alone);
+        for (engine::Field& field : wanted) {
+            field.required = false;
+            alone->AppendField(m_work.table, field);
+        }
+        all.Commit();
+        alone->Close();
+    } catch (const RuntimeError&) {
+        // Somebody has it open, or it can't be changed: records that need the fields stay, each with its line.
+    }
+}
+
+void Archiving::ChooseFields()
+{
+    m_target = {m_work.file, m_work.table, {}};
+    m_lacking.clear();
+    for (const engine::Field& field : m_work.databook.Fields())
+        (m_archive.FieldIndex(field.name) >= 0 ? m_target.fields : m_lacking).append(field.name.toUpper());
+    m_lacking.removeAll(QString(fields::FRONTPHOTO)); // its picture goes as a file
+}
 
 /// Stems of the record's pictures that are there.
 QStringList Archiving::PictureFiles(const store::Record& record) const
@@ -114,6 +156,11 @@ bool Archiving::IsEqual(const store::Record& ours, const store::Record& theirs) 
 
 void Archiving::Take(const QString& key, const store::Record& record)
 {
+    for (const QString& field : std::as_const(m_lacking))
+        if (const QString held = record.Text(field); !held.isEmpty()) {
+            m_done.left.append(kNoField.arg(key, field, held));
+            return;
+        }
     const auto there = store::ReadRecord(m_archive, key);
     // What the archive has word for word needs no question: it was put back there from it, or copied.
     const bool equal = there && IsEqual(record, *there);
@@ -147,11 +194,9 @@ void Archiving::Take(const QString& key, const store::Record& record)
 
 Archived Archiving::Run()
 {
+    CompleteFields();
     m_archive.Open(m_work.file, m_work.table, store::SourceKind::Table);
-    m_target = {m_work.file, m_work.table, {}};
-    for (const engine::Field& field : m_work.databook.Fields())
-        if (m_archive.FieldIndex(field.name) >= 0)
-            m_target.fields.append(field.name.toUpper());
+    ChooseFields();
     store::Rows rows = store::ReadRows(m_work.databook, u"SELECT %1, %2 FROM [%3]"_s.arg(
                                                             QString(fields::CENTRALKEY), QString(fields::SALEDATE),
                                                             m_work.databook.RecordSource()));

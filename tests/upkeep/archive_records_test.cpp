@@ -111,10 +111,13 @@ TEST_F(Archive, AnotherPictureOfTheNameKeepsTheRecordHere)
     EXPECT_TRUE(disk.FileExists(u"C:\\JPG\\A.jpg"_s));
 }
 
-TEST_F(Archive, AnArchiveOfFewerFieldsTakesThoseItHas)
+class OlderArchive : public Archive
 {
-    disk.Kill(archive);
+protected:
+    void SetUp() override
     {
+        Archive::SetUp();
+        disk.Kill(archive);
         const auto database = engine.CreateDatabase(archive);
         engine::TableDef old = store::CompsTable();
         old.fields.removeIf([](const engine::Field& field) {
@@ -122,10 +125,39 @@ TEST_F(Archive, AnArchiveOfFewerFieldsTakesThoseItHas)
         });
         database->CreateTable(old);
         database->Close();
+        Comp(u"1 A ST"_s, u"05/05/1995"_s, u"A"_s, u"level"_s);
+        AddRow({{key, u"2 B ST"_s.leftJustified(35)}, {u"SALEDATE"_s, u"05/05/1995"_s}, {u"OTHERAREA2"_s, u"attic"_s}});
     }
-    Comp(u"1 A ST"_s, u"05/05/1995"_s, u"A"_s, u"level"_s);
-    EXPECT_EQ(Run().moved, 1);
+    [[nodiscard]] QString Held(const QString& comp, const QString& field)
+    {
+        const auto rows = engine.OpenDatabase(archive)->OpenRecordset(table, engine::RecordsetType::Table);
+        for (; !rows->Eof(); rows->MoveNext())
+            if (rows->Value(key).toString().trimmed() == comp)
+                return QString::fromLatin1(rows->Value(field).toByteArray()).trimmed();
+        return u"<no record>"_s;
+    }
+};
+
+TEST_F(OlderArchive, GetsTheFieldsThatItLacks)
+{
+    EXPECT_EQ(Run().moved, 2);
+    EXPECT_EQ(Held(u"2 B ST"_s, u"OTHERAREA2"_s), u"attic"_s);
+    EXPECT_EQ(Held(u"1 A ST"_s, u"FRONTPHOTO"_s), u"front of 1 A ST"_s);
     EXPECT_EQ(In(archive).value(u"1 A ST"_s), u"level"_s);
+    EXPECT_EQ(disk.ReadWhole(pictures + u"A.jpg"_s), "front of 1 A ST");
+}
+
+TEST_F(OlderArchive, ThatSomebodyHasOpenKeepsOutWhatItHasNoFieldFor)
+{
+    engine::Engine other{disk, tests::SomeTime()};
+    const auto theirs = other.OpenDatabase(archive);
+    const Archived done = Run();
+    EXPECT_EQ(done.moved, 1);
+    EXPECT_EQ(Here(), QStringList{u"2 B ST"_s});
+    EXPECT_EQ(There(), QStringList{u"1 A ST"_s});
+    ASSERT_EQ(done.left.size(), 1);
+    EXPECT_TRUE(done.left[0].startsWith(u"2 B ST: the archive has no field OTHERAREA2, which holds \"attic\""_s))
+        << done.left[0].toStdString();
     EXPECT_EQ(disk.ReadWhole(pictures + u"A.jpg"_s), "front of 1 A ST");
 }
 
