@@ -1,5 +1,6 @@
 #include "upkeep/delete_by_date.h"
 
+#include "common/dates.h"
 #include "platform/text/dates.h"
 #include "platform/text/text.h"
 
@@ -10,6 +11,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 const QDate kNoDay(1900, 1, 1);
+const QString kStoredPicture = u"mm/dd/yyyy"_s;
+const QString kShortPicture = u"m/d/yyyy"_s;
 
 std::optional<QDate> DayOf(const QString& text, QDate today)
 {
@@ -19,10 +22,14 @@ std::optional<QDate> DayOf(const QString& text, QDate today)
 
 } // namespace
 
-Deletion Deletion::Of(const QString& typed, QDate today)
+std::optional<Deletion> Deletion::Of(const QString& typed, QDate today)
 {
-    const QString date = text::Trim(typed).left(10);
-    return {date, DayOf(date, today) == kNoDay};
+    const QString trimmed = text::Trim(typed);
+    const auto read = text::ReadDate(trimmed, today);
+    if (!read || !common::IsDate(trimmed, today))
+        return std::nullopt;
+    const bool spelledOut = trimmed == text::Format(*read, kShortPicture);
+    return Deletion{spelledOut ? trimmed : text::Format(*read, kStoredPicture), read->date() == kNoDay};
 }
 
 bool TestRec(const QString& held, const Deletion& deletion, QDate today)

@@ -3,16 +3,19 @@
 #include <QDate>
 #include <QString>
 
+#include <optional>
+
 namespace vasclip::upkeep {
 
 /// Which records a deletion by date means.
 struct Deletion
 {
-    QString date;         ///< as the user typed it
+    QString date;         ///< MM/DD/YYYY, or M/D/YYYY where it was typed so
     bool pending = false; ///< those without a date, and no others
 
-    /// @param typed  a date; 1 January 1900 means the pending ones
-    [[nodiscard]] static Deletion Of(const QString& typed, QDate today);
+    /// @param typed  a date, read whole; 1 January 1900 means the pending ones
+    /// @return nothing for what is no date
+    [[nodiscard]] static std::optional<Deletion> Of(const QString& typed, QDate today);
 };
 
 /// Is the record of this date one of them? A date on or before theirs is, but 1 January 1900, which means none. What is

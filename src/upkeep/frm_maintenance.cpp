@@ -170,7 +170,10 @@ std::optional<Deletion> frm_Maintenance::AskDate(Repair repair)
     gauWork.SetCaption({});
     if (screen.Result() == u"CANCEL"_s)
         return std::nullopt;
-    return Deletion::Of(screen.Result(), ports.clock.Today());
+    const auto deletion = Deletion::Of(screen.Result(), ports.clock.Today());
+    if (!deletion)
+        lblmsg.Show(kEnterDate, forms::Colour::Red);
+    return deletion;
 }
 
 void frm_Maintenance::Click(Repair repair)

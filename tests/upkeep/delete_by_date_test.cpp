@@ -54,6 +54,30 @@ TEST_F(EraseByDate, DeletesUpToTheDateWithPictures)
         << Lines().join(u'\n').toStdString();
 }
 
+TEST_F(EraseByDate, NamesTheDayThatATextMeans)
+{
+    const QDate today = doubles.clock.Today();
+    const auto named = [&](const QString& typed) {
+        const auto deletion = Deletion::Of(typed, today);
+        return deletion ? deletion->date : u"<none>"_s;
+    };
+    EXPECT_EQ(named(u"March 5 2001"_s), u"03/05/2001"_s);
+    EXPECT_EQ(named(u" 03/08/1999 11:30 PM"_s), u"03/08/1999"_s);
+    EXPECT_EQ(named(u"3/8/99"_s), u"03/08/1999"_s);
+    EXPECT_EQ(named(u"3/8/1999 "_s), u"3/8/1999"_s);
+    EXPECT_EQ(named(u"soon"_s), u"<none>"_s);
+    EXPECT_EQ(named({}), u"<none>"_s);
+    EXPECT_TRUE(Deletion::Of(u"January 1, 1900"_s, today)->pending);
+    EXPECT_FALSE(TestRec(u"03/09/2001"_s, *Deletion::Of(u"March 8 2001"_s, today), today));
+    EXPECT_TRUE(TestRec(u"03/08/2001"_s, *Deletion::Of(u"March 8 2001"_s, today), today));
+    Yes();
+    Erase(screen->cmdDeleteByDate, u"Mar 8 1999"_s);
+    EXPECT_TRUE(doubles.prompter.Last().text.contains(u" on or before 03/08/1999 will be deleted."_s))
+        << doubles.prompter.Last().text.toStdString();
+    EXPECT_EQ(screen->lblmsg.Caption(), u"Process Complete.  Delete by Sale Date of 03/08/1999."_s);
+    EXPECT_EQ(Left(), u"3456"_s);
+}
+
 TEST_F(EraseByDate, EveryRecordMayGo)
 {
     source.Close();

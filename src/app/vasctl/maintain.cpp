@@ -1,6 +1,5 @@
 #include "app/vasctl/session.h"
 
-#include "common/dates.h"
 #include "upkeep/repairs.h"
 
 #include <QElapsedTimer>
@@ -58,7 +57,8 @@ int RunMaintain(Session& session, const Output& out, const QStringList& argument
     }
     const QDate today = session.Ports().clock.Today();
     const QString date = options.value(u"date"_s);
-    if (dated && !common::IsDate(date, today)) {
+    const std::optional deletion = dated ? upkeep::Deletion::Of(date, today) : upkeep::Deletion{};
+    if (!deletion) {
         out.Error(u"'%1' is no date."_s.arg(date));
         return kUsage;
     }
@@ -69,16 +69,15 @@ int RunMaintain(Session& session, const Output& out, const QStringList& argument
             options.value(u"account"_s)));
         return kUsage;
     }
-    const auto deletion = dated ? upkeep::Deletion::Of(date, today) : upkeep::Deletion{};
     shell::Program& program = session.WithDatabook();
-    if (!upkeep::AskRepair(session.Prompter(), row->repair, deletion))
+    if (!upkeep::AskRepair(session.Prompter(), row->repair, *deletion))
         return kDeclined;
     upkeep::Account account;
     ProgressLine progress(out);
     QElapsedTimer shown;
     shown.start();
     const upkeep::RepairResult result = upkeep::RunRepair(
-        {program.Ports(), program.sources.datDatabook, program.globals, program.Disk()}, row->repair, deletion,
+        {program.Ports(), program.sources.datDatabook, program.globals, program.Disk()}, row->repair, *deletion,
         account, [&](const QString& caption, qint64 done, qint64 of) {
             if (shown.elapsed() >= kEveryMs) {
                 progress.Show(caption, done, of);
