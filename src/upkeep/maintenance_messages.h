@@ -90,6 +90,6 @@ inline const QString kPicturesLeft = u" %1 picture files could not be deleted; '
 inline const QString kDeletingPictures = u"Deleting the pictures of the records that are gone."_s;
 inline const QString kKeyTaken = u"the key \"%1\" was there already, so it became \"%2\""_s;
 inline const QString kStateLost = u"\"%1\" is no state of the program's list and was taken out of ST"_s;
-inline const QString kKeyless = u"a record without a key was deleted"_s;
+inline const QString kKeyless = u"a record without a key was deleted; its picture files are still there"_s;
 
 } // namespace vasclip::upkeep::maintenance

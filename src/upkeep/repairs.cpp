@@ -204,7 +204,8 @@ RepairResult RepairWalk::Run()
     const auto step = [&](qint64 done, qint64 of) { return m_step(gauge, done, of); };
     if (!walk.Run(step, Rule()))
         return {RepairEnd::Stopped, kStopped};
-    const QString left = DeletePictures(walk.Pictures());
+    // A correction of addresses takes a record without a key out; its question says nothing of pictures.
+    const QString left = DeletesByDate(m_repair) ? DeletePictures(walk.Pictures()) : QString();
     return {RepairEnd::Done, EndMessage() + left};
 }
 

@@ -66,7 +66,8 @@ using RepairStep = std::function<bool(const QString& caption, qint64 done, qint6
 /// Asks the repair's question; a deletion's by its date.
 [[nodiscard]] bool AskRepair(forms::Prompter& prompter, Repair repair, const Deletion& deletion = {});
 
-/// Does it, in one transaction, and tells the account. Pictures of deleted records go when that has been written.
+/// Does it, in one transaction, and tells the account. Pictures of records that are deleted by date
+/// go when that has been written.
 /// @param deletion  of a deletion by date
 /// @throws RuntimeError, what the disk or the database refuse; every record is as it was then
 [[nodiscard]] RepairResult RunRepair(const RepairDesk& desk, Repair repair, const Deletion& deletion,

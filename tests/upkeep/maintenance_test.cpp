@@ -271,7 +271,8 @@ TEST_F(Maintenance, TellsThatNevadaLosesItsState)
 
 TEST_F(Maintenance, DeletesARecordWithoutAKeyWhenAddressesAreCorrected)
 {
-    AddRow({{key, u" "_s}, {u"CITY"_s, u"Alder"_s}});
+    disk.WriteWhole(u"C:\\JPG\\A1.jpg"_s, "picture");
+    AddRow({{key, u" "_s}, {u"CITY"_s, u"Alder"_s}, {u"PHOTOS"_s, u"FRONT VIEW|A1\r\n"_s}});
     Comp(u"12 OAK ST"_s);
     Open();
     Yes();
@@ -279,6 +280,7 @@ TEST_F(Maintenance, DeletesARecordWithoutAKeyWhenAddressesAreCorrected)
     EXPECT_EQ(Keys(), QStringList{u"12 OAK ST"_s});
     EXPECT_TRUE(Lines().contains(u" deleted: CITY was \"Alder\""_s)) << Lines().join(u'\n').toStdString();
     EXPECT_TRUE(screen->lblAccount.Caption().contains(u"1 deleted"_s));
+    EXPECT_TRUE(HasFile(u"C:\\JPG\\A1.jpg"_s)) << "only the row was asked about";
 }
 
 } // namespace
