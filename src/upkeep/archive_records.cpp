@@ -11,6 +11,7 @@
 #include "store/messages.h"
 #include "store/move_record.h"
 #include "store/record.h"
+#include "upkeep/named_pictures.h"
 
 namespace vasclip::upkeep {
 
@@ -58,6 +59,7 @@ private:
     store::DataSource m_archive;
     store::MoveTarget m_target;
     QStringList m_lacking; ///< fields of the Databook that the archive has no place for
+    NamedPictures m_named;
     Archived m_done;
 };
 
@@ -189,7 +191,11 @@ void Archiving::Take(const QString& key, const store::Record& record)
     case store::Moved::Gone:
         return;
     }
-    m_done.pictures += photos::DeletePhotos(m_work.ports, m_work.disk, m_work.globals.G_PhotoDir, stems);
+    if (record.Has(fields::PHOTOS))
+        m_named.Leave(record.Text(fields::PHOTOS));
+    QStringList gone = stems;
+    gone.removeIf([this](const QString& stem) { return m_named.Has(stem); });
+    m_done.pictures += photos::DeletePhotos(m_work.ports, m_work.disk, m_work.globals.G_PhotoDir, gone);
 }
 
 Archived Archiving::Run()
@@ -197,6 +203,7 @@ Archived Archiving::Run()
     CompleteFields();
     m_archive.Open(m_work.file, m_work.table, store::SourceKind::Table);
     ChooseFields();
+    m_named = NamedPictures(m_work.databook);
     store::Rows rows = store::ReadRows(m_work.databook, u"SELECT %1, %2 FROM [%3]"_s.arg(
                                                             QString(fields::CENTRALKEY), QString(fields::SALEDATE),
                                                             m_work.databook.RecordSource()));

@@ -3,11 +3,13 @@
 #include "comments/comment_file.h"
 #include "common/error_block.h"
 #include "photos/photo_files.h"
+#include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
 #include "store/store.h"
 #include "upkeep/clean_texts.h"
 #include "upkeep/maintenance_messages.h"
+#include "upkeep/named_pictures.h"
 #include "upkeep/recalculate.h"
 
 #include <algorithm>
@@ -158,9 +160,19 @@ QStringList RepairWalk::Reads() const
 /// Nobody asks for the files again once the records are gone, so they are the last step and can't be stopped.
 QString RepairWalk::DeletePictures(const LineFile& stems)
 {
+    if (stems.Count() == 0)
+        return {};
+    NamedPictures named;
+    try {
+        named = NamedPictures(m_desk.databook);
+    } catch (const RuntimeError&) {
+        return kPicturesLeft.arg(stems.Count()); // the records are gone; which files others name can't be told
+    }
     qint64 left = 0;
     for (qint64 i = 0; i < stems.Count(); ++i) {
         static_cast<void>(m_step(kDeletingPictures, i, stems.Count()));
+        if (named.Has(stems.Line(i)))
+            continue;
         left += photos::DeletePhotos(m_desk.ports, m_desk.disk, m_desk.globals.G_PhotoDir, {stems.Line(i)}).size();
     }
     return left == 0 ? QString() : kPicturesLeft.arg(left);

@@ -97,6 +97,19 @@ TEST_F(Archive, ARecordThatTheArchiveHasWordForWordNeedsNoQuestion)
     EXPECT_EQ(There(), QStringList{u"1 A ST"_s});
 }
 
+TEST_F(Archive, APictureThatAnotherRecordNamesGoesWithTheLastOfThem)
+{
+    Comp(u"1 A ST"_s, u"05/05/1995"_s, u"A"_s);
+    AddRow({{key, u"2 B ST"_s.leftJustified(35)}, {u"SALEDATE"_s, u"05/05/2005"_s}, {u"PHOTOS"_s, u"REAR VIEW|a \r\n"_s}});
+    EXPECT_EQ(Run().moved, 1);
+    EXPECT_TRUE(disk.FileExists(pictures + u"A.jpg"_s));
+    EXPECT_TRUE(disk.FileExists(u"C:\\JPG\\A.jpg"_s));
+    EXPECT_FALSE(disk.FileExists(u"C:\\JPG\\AR.jpg"_s));
+    range.stop = u"12/31/2009"_s;
+    EXPECT_EQ(Run().moved, 1);
+    EXPECT_FALSE(disk.FileExists(u"C:\\JPG\\A.jpg"_s));
+}
+
 TEST_F(Archive, AnotherPictureOfTheNameKeepsTheRecordHere)
 {
     Comp(u"1 A ST"_s, u"05/05/1995"_s, u"A"_s);

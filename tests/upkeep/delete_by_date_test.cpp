@@ -78,6 +78,18 @@ TEST_F(EraseByDate, NamesTheDayThatATextMeans)
     EXPECT_EQ(Left(), u"3456"_s);
 }
 
+TEST_F(EraseByDate, LeavesPicturesThatAnotherRecordNames)
+{
+    Comp(u"7 ROW ST"_s, {{u"SALEDATE"_s, u"03/09/1999"_s}, {u"PHOTOS"_s, u"STREET VIEW|p1\r\n"_s}});
+    Yes();
+    Erase(screen->cmdDeleteByDate, u"3/8/1999"_s);
+    EXPECT_EQ(Left(), u"34567"_s);
+    EXPECT_EQ(Pictures(), u"13456"_s) << "of 1 OLD ST, which 7 ROW ST shows too";
+    Yes();
+    Erase(screen->cmdDeleteByDate, u"3/9/1999"_s);
+    EXPECT_EQ(Pictures(), u"456"_s);
+}
+
 TEST_F(EraseByDate, EveryRecordMayGo)
 {
     source.Close();
