@@ -1,8 +1,10 @@
 #include "app/vasctl/session.h"
 
+#include "platform/text/runtime_error.h"
 #include "upkeep/repairs.h"
 
 #include <QElapsedTimer>
+#include <QSaveFile>
 
 #include <algorithm>
 
@@ -21,6 +23,15 @@ QJsonArray Lines(const upkeep::Account& account)
     for (int i = 0; i < account.Count(); ++i)
         lines.append(account.Line(i));
     return lines;
+}
+
+/// Nothing is repaired for an account that could not be kept.
+bool CanBeWritten(const files::Disk& disk, const QString& path)
+{
+    QSaveFile file(disk.ToNative(path));
+    const bool can = file.open(QIODevice::WriteOnly);
+    file.cancelWriting();
+    return can;
 }
 
 void Print(const Output& out, const upkeep::RepairResult& result, const upkeep::Account& account, const QString& kept)
@@ -69,6 +80,10 @@ int RunMaintain(Session& session, const Output& out, const QStringList& argument
             options.value(u"account"_s)));
         return kUsage;
     }
+    if (!kept.isEmpty() && !CanBeWritten(session.Disk(), kept)) {
+        out.Error(u"The account can't be written as %1; nothing was changed. Choose another file."_s.arg(kept));
+        return kFailed;
+    }
     shell::Program& program = session.WithDatabook();
     if (!upkeep::AskRepair(session.Prompter(), row->repair, *deletion))
         return kDeclined;
@@ -86,8 +101,15 @@ int RunMaintain(Session& session, const Output& out, const QStringList& argument
             return true;
         });
     progress.Clear();
-    if (!kept.isEmpty())
-        account.Save(session.Disk(), kept);
+    try {
+        if (!kept.isEmpty())
+            account.Save(session.Disk(), kept);
+    } catch (const RuntimeError& failure) {
+        // The repair is done: its account is printed, as it has no other place.
+        Print(out, result, account, {});
+        out.Error(u"The repair is done, but "_s + failure.Description());
+        return kFailed;
+    }
     Print(out, result, account, kept);
     return kDone;
 }

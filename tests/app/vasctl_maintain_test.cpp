@@ -1,0 +1,76 @@
+// vasctl maintain, and the account of a repair that can't be kept.
+
+#include "support/processes.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::Literals::StringLiterals;
+using namespace vasclip;
+using namespace vasclip::tests;
+
+namespace {
+
+constexpr int kDone = 0, kFailed = 1;
+
+class VasctlMaintain : public testing::Test
+{
+protected:
+    void SetUp() override { ASSERT_TRUE(home.Make()); }
+
+    [[nodiscard]] int WithPhotos() const
+    {
+        return static_cast<int>(
+            home.Vasctl({u"sql"_s, u"SELECT CENTRALKEY FROM COMPS WHERE PHOTOS LIKE '*|*'"_s}).Array().size());
+    }
+
+    ProgramHome home;
+};
+
+TEST_F(VasctlMaintain, KeepsItsAccountInAFile)
+{
+    const Ended run = home.Vasctl({u"--yes"_s, u"maintain"_s, u"clear-photos"_s, u"--account"_s, u"C:\\SAID.TXT"_s});
+    EXPECT_EQ(run.code, kDone) << run.err.toStdString();
+    EXPECT_EQ(run.Object()[u"file"_s].toString(), u"C:\\SAID.TXT"_s);
+    EXPECT_TRUE(QFile::exists(home.Native(u"SAID.TXT"_s)));
+    EXPECT_EQ(WithPhotos(), 0);
+}
+
+TEST_F(VasctlMaintain, RepairsNothingWhereTheAccountCanNotBeWritten)
+{
+    const int before = WithPhotos();
+    ASSERT_GT(before, 0);
+    const Ended run =
+        home.Vasctl({u"--yes"_s, u"maintain"_s, u"clear-photos"_s, u"--account"_s, u"C:\\NOWHERE\\SAID.TXT"_s});
+    EXPECT_EQ(run.code, kFailed);
+    EXPECT_TRUE(run.err.contains("nothing was changed")) << run.err.toStdString();
+    EXPECT_EQ(WithPhotos(), before);
+}
+
+TEST_F(VasctlMaintain, PrintsTheAccountThatItsFileDoesNotTake)
+{
+    ASSERT_TRUE(QDir().mkdir(home.Native(u"SAID"_s)));
+    // It waits for an answer at a terminal alone; script has one.
+    QProcess run;
+    run.setProcessEnvironment(home.environment);
+    run.start(u"script"_s, {u"-qec"_s,
+                            u"'%1' --home '%2' maintain clear-photos --account 'C:\\SAID\\SAID.TXT'"_s.arg(
+                                ProgramHome::Program(u"vasctl"_s), home.Path()),
+                            u"/dev/null"_s});
+    QByteArray said;
+    ASSERT_TRUE(WaitFor([&] {
+        run.waitForReadyRead(20);
+        said += run.readAllStandardOutput();
+        return said.contains("[yes/no]");
+    }, 20000)) << said.toStdString();
+    ASSERT_TRUE(QDir(home.Native(u"SAID"_s)).removeRecursively());
+    run.write("yes\n");
+    ASSERT_TRUE(run.waitForFinished(20000));
+    const QByteArray out = run.readAllStandardOutput();
+    EXPECT_EQ(run.exitCode(), kFailed);
+    EXPECT_TRUE(out.contains(": PHOTOS \"")) << out.toStdString();
+    EXPECT_TRUE(out.contains("The photos of ")) << out.toStdString();
+    EXPECT_TRUE(out.contains("The repair is done, but ")) << out.toStdString();
+    EXPECT_EQ(WithPhotos(), 0);
+}
+
+} // namespace
