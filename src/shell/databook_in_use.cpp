@@ -103,7 +103,6 @@ QString DatabookInUse::WhyNotOpened()
 void DatabookInUse::OpenDatabook()
 {
     const common::RoutineScope scope{"Connect2Databook"};
-    OfferConversion(m_program, m_program.DatabookPath(), m_program.globals.G_Table);
     for (QString why = WhyNotOpened(); !why.isEmpty(); why = WhyNotOpened()) {
         const QString path = m_program.DatabookPath();
         switch (m_program.Prompter().MsgBox(forms::Buttons::YesNoCancel, forms::Icon::Exclamation,
@@ -175,6 +174,7 @@ bool DatabookInUse::OfferWaysOut()
             continue;
         }
         NameDatabook(wanted);
+        OfferConversion(m_program, m_program.DatabookPath(), m_program.globals.G_Table);
         OpenDatabook();
         return true;
     }

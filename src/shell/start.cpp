@@ -8,6 +8,7 @@
 #include "databook/grid.h"
 #include "link/link_desk.h"
 #include "photos/capture_desk.h"
+#include "platform/engine/genuine_file.h"
 #include "platform/files/reach.h"
 #include "shell/convert_offer.h"
 #include "shell/databook_in_use.h"
@@ -171,7 +172,9 @@ void Start::TakeStartSteps(const StartUpOptions& options, frm_Splash& splash)
     step(
         u"CheckCompDBF2"_s, u"Checking data - "_s + m_program.globals.G_DataDir,
         [&] {
-            if (!m_program.life.readOnlyHome)
+            // One of Access has no fields to append to; what is made of it may have.
+            OfferConversion(m_program, databook, m_program.globals.G_Table);
+            if (!m_program.life.readOnlyHome && !engine::IsGenuineFile(m_program.Disk(), databook))
                 databook::CheckCompDBF2(ports, m_program.Engine(), m_program.globals, m_program.sources.datDatabook,
                                         databook, m_program.globals.G_Table);
         },

@@ -1,4 +1,6 @@
+#include "platform/engine/genuine_file.h"
 #include "shell/report_home.h"
+#include "store/convert.h"
 #include "store/upgrade.h"
 
 namespace vasclip::shell {
@@ -53,6 +55,42 @@ TEST_F(UpgradeAtStart, AHomeForLookingAloneIsNotAsked)
     Load();
     EXPECT_EQ(Count(), whole - 2);
     EXPECT_TRUE(doubles.prompter.Texts().filter(u"needs to be updated"_s).isEmpty());
+}
+
+/// The same of a file that Access made.
+class AccessAtStart : public UpgradeAtStart
+{
+protected:
+    void SetUp() override
+    {
+        UpgradeAtStart::SetUp();
+        const QString made = u"C:\\DATABOOK\\MADE.MDB"_s;
+        ASSERT_TRUE(store::ConvertDatabase(
+            engine, {.source = kDatabook, .target = made, .to = engine::DatabaseKind::Access}));
+        home.disk.Kill(kDatabook);
+        home.disk.FileCopy(made, kDatabook);
+    }
+};
+
+TEST_F(AccessAtStart, IsConvertedBeforeItsFieldsAreCounted)
+{
+    doubles.prompter.Answer(forms::Answer::Yes);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Load();
+    const QStringList said = doubles.prompter.Texts();
+    EXPECT_TRUE(said.value(0).contains(u"is an Access database."_s)) << said.join(u'\n').toStdString();
+    EXPECT_TRUE(said.value(2).startsWith(u"The 'databook' database needs to be updated.  "_s));
+    EXPECT_EQ(Count(), whole);
+    EXPECT_EQ(program.records.grddatabook.RowCount(), 1);
+}
+
+TEST_F(AccessAtStart, IsReadAsItIsAfterOneNo)
+{
+    doubles.prompter.Answer(forms::Answer::No);
+    Load();
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1U) << doubles.prompter.Texts().join(u'\n').toStdString();
+    EXPECT_EQ(program.records.grddatabook.RowCount(), 1);
+    EXPECT_TRUE(engine::IsGenuineFile(home.disk, kDatabook));
 }
 
 TEST_F(UpgradeAtStart, AReferenceThatCanNotBeReadEndsTheProgram)
