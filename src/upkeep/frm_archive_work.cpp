@@ -151,6 +151,8 @@ void frm_Archive::cmdarchive_Click()
             Prompter().Box(kItselfTitle, kItself);
             return;
         }
+        if (RefusesAccess(Prompter(), m_desk.Disk(), target))
+            return;
         Archive(target, table);
     } catch (const RuntimeError& failure) {
         common::ReportError(Prompter(), failure);

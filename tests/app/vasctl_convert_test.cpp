@@ -55,6 +55,18 @@ TEST_F(VasctlConvert, ThereAndBackWithEveryField)
     EXPECT_EQ(tables[0].toObject()[u"records"_s].toInt(), 60);
 }
 
+TEST_F(VasctlConvert, AnAccessFileIsNoArchive)
+{
+    ASSERT_EQ(Convert(kBook, u"C:\\MADE.MDB"_s, u"access"_s).code, kDone);
+    const QByteArray before = Bytes(u"MADE.MDB"_s);
+    const Ended run = home.Vasctl({u"--yes"_s, u"archive"_s, u"--from"_s, u"01/01/1990"_s, u"--to"_s, u"12/31/2090"_s,
+                                   u"--file"_s, u"C:\\MADE.MDB"_s});
+    EXPECT_EQ(run.code, kFailed);
+    EXPECT_TRUE(run.err.contains("is an Access database, which is read here and never written")) << run.err.toStdString();
+    EXPECT_EQ(Bytes(u"MADE.MDB"_s), before);
+    EXPECT_EQ(Comps(kBook).size(), 60);
+}
+
 TEST_F(VasctlConvert, WhatCanNotBeIsSaid)
 {
     const auto expect = [](const Ended& run, int code, const char* words) {

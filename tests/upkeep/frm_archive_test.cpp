@@ -1,6 +1,7 @@
 #include "upkeep/archive_home.h"
 #include "upkeep/frm_archive.h"
 
+#include "store/convert.h"
 #include "store/record.h"
 
 namespace vasclip::upkeep {
@@ -85,6 +86,25 @@ TEST_F(FrmArchive, AppendsIntoAFileThatIsThere)
     EXPECT_EQ(letGo, 1);
     EXPECT_EQ(shown, 1);
     EXPECT_TRUE(Says().startsWith(u"1 record was moved into C:\\ARCHIVE\\OLD.MDB"_s));
+}
+
+TEST_F(FrmArchive, LeavesAnArchiveOfAccessAlone)
+{
+    const QString made = u"C:\\MADE.MDB"_s;
+    ASSERT_TRUE(store::ConvertDatabase(engine,
+                                       {.source = archive, .target = made, .to = engine::DatabaseKind::Access}));
+    disk.Kill(archive);
+    disk.FileCopy(made, archive);
+    Dates(u"1/1/1990"_s, u"12/31/1999"_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Click(screen->cmdarchive);
+    EXPECT_EQ(doubles.prompter.Last().title, u"Archive Is an Access Database"_s);
+    EXPECT_TRUE(doubles.prompter.Last().text.startsWith(
+        u"C:\\ARCHIVE\\OLD.MDB is an Access database, which is read here and never written. Convert it first"_s));
+    EXPECT_EQ(disk.ReadWhole(archive), disk.ReadWhole(made));
+    EXPECT_FALSE(disk.DirExists(pictures));
+    EXPECT_EQ(Here(), (QStringList{u"1 A ST"_s, u"2 B ST"_s}));
+    EXPECT_TRUE(disk.FileExists(u"C:\\JPG\\A.jpg"_s));
 }
 
 TEST_F(FrmArchive, CancelStopsAndNoAsksOnceMoreBeforeItBeginsAnew)

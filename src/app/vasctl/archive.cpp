@@ -54,6 +54,8 @@ int RunArchive(Session& session, const Output& out, const QStringList& arguments
         out.Error(u"You cannot archive records to itself.  Please select another database."_s);
         return kFailed;
     }
+    if (upkeep::RefusesAccess(session.Prompter(), session.Disk(), target))
+        return kFailed;
     ProgressLine progress(out);
     const upkeep::Archived done = upkeep::CopyArchiveData(
         {program.Ports(), program.sources.datDatabook, program.globals, program.Disk(), target,
