@@ -24,6 +24,9 @@ const QString kMoveWords = u"Archive %1"_s;
 const QString kNoDate = u"01/01/1900"_s;
 const QString kOverwrite = u"Overwrite %1"_s;
 const QString kStays = u"%1: the archive has a record of this address; both stay"_s;
+const QString kMissing = u"%1: its picture %2.jpg is not in %3; the record went without it"_s;
+const QString kNoPhotoDirectory = u"The photo directory %1 is not there, so no record could go with its pictures. Connect "
+                                  u"its disk, or name another one in the setup"_s;
 const QString kNoField = u"%1: the archive has no field %2, which holds \"%3\"; the record stays. Let everybody close the "
                          u"archive and archive again"_s;
 const QString kOtherPicture =
@@ -50,7 +53,7 @@ private:
     void ChooseFields();
     void Take(const QString& key, const store::Record& record);
     [[nodiscard]] bool IsEqual(const store::Record& ours, const store::Record& theirs) const;
-    [[nodiscard]] QStringList PictureFiles(const store::Record& record) const;
+    [[nodiscard]] QStringList PictureFiles(const store::Record& record, QStringList& missing) const;
     [[nodiscard]] bool CopyPictures(const QString& key, const QStringList& stems, bool mayReplace);
     [[nodiscard]] QMap<QString, QByteArray> FrontPhoto(const store::Record& record) const;
 
@@ -100,17 +103,18 @@ void Archiving::ChooseFields()
     m_lacking.removeAll(QString(fields::FRONTPHOTO)); // its picture goes as a file
 }
 
-/// Stems of the record's pictures that are there.
-QStringList Archiving::PictureFiles(const store::Record& record) const
+/// Stems of the record's pictures that are there. @param missing  takes the others
+QStringList Archiving::PictureFiles(const store::Record& record, QStringList& missing) const
 {
     QStringList stems;
     if (!record.Has(fields::PHOTOS))
         return stems;
     for (const auto& [view, listed] : photos::ParsePhotos(record.Text(fields::PHOTOS))) {
         const QString stem = text::Trim(listed);
-        if (!stem.isEmpty() && !stem.contains(u'\\') &&
-            m_work.disk.FileExists(common::CkRSlash(m_work.globals.G_PhotoDir) + stem + u".jpg"_s))
-            stems.append(stem);
+        if (stem.isEmpty() || stem.contains(u'\\'))
+            continue;
+        const bool isThere = m_work.disk.FileExists(common::CkRSlash(m_work.globals.G_PhotoDir) + stem + u".jpg"_s);
+        (isThere ? stems : missing).append(stem);
     }
     return stems;
 }
@@ -171,7 +175,8 @@ void Archiving::Take(const QString& key, const store::Record& record)
         m_done.left.append(kStays.arg(key));
         return;
     }
-    const QStringList stems = PictureFiles(record);
+    QStringList missing;
+    const QStringList stems = PictureFiles(record, missing);
     const bool own = there && there->Has(fields::PHOTOS) && record.Has(fields::PHOTOS) &&
                      there->Text(fields::PHOTOS) == record.Text(fields::PHOTOS);
     if (!CopyPictures(key, stems, own))
@@ -191,6 +196,8 @@ void Archiving::Take(const QString& key, const store::Record& record)
     case store::Moved::Gone:
         return;
     }
+    for (const QString& stem : std::as_const(missing))
+        m_done.missing.append(kMissing.arg(key, stem, m_work.globals.G_PhotoDir));
     if (record.Has(fields::PHOTOS))
         m_named.Leave(record.Text(fields::PHOTOS));
     QStringList gone = stems;
@@ -204,6 +211,8 @@ Archived Archiving::Run()
     m_archive.Open(m_work.file, m_work.table, store::SourceKind::Table);
     ChooseFields();
     m_named = NamedPictures(m_work.databook);
+    if (m_named.Any() && !m_work.disk.DirExists(m_work.globals.G_PhotoDir))
+        throw RuntimeError(error::kPathNotFound, kNoPhotoDirectory.arg(m_work.globals.G_PhotoDir));
     store::Rows rows = store::ReadRows(m_work.databook, u"SELECT %1, %2 FROM [%3]"_s.arg(
                                                             QString(fields::CENTRALKEY), QString(fields::SALEDATE),
                                                             m_work.databook.RecordSource()));
@@ -262,6 +271,8 @@ QString WordsOf(const Archived& done, const QString& file)
         words += u" %1 records of these dates stay in the Databook."_s.arg(done.left.size());
     if (!done.pictures.isEmpty())
         words += u" %1 pictures are in the archive and could not be deleted here."_s.arg(done.pictures.size());
+    if (!done.missing.isEmpty())
+        words += u" Pictures of theirs that were not there: %1."_s.arg(done.missing.size());
     return done.stopped ? u"Stopped. "_s + words : words;
 }
 

@@ -41,6 +41,7 @@ struct Archived
     qint64 overwritten = 0;
     QStringList left = {};     ///< "KEY: why" of each that is in range and stayed
     QStringList pictures = {}; ///< files that are in the archive and could not be deleted here
+    QStringList missing = {};  ///< "KEY: which" of the pictures that a moved record lists and that are not there
     bool empty = false;        ///< the Databook has no records
     bool stopped = false;
 };

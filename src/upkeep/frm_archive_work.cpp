@@ -184,8 +184,9 @@ void frm_Archive::Archive(const QString& target, const QString& table)
                                });
     }
     ShowCounts(done);
-    lblAccount.SetCaption(u"Records that stay"_s);
-    lstaccount.SetItems(done.left + done.pictures);
+    lblAccount.SetCaption(done.missing.isEmpty() ? u"Records that stay"_s
+                                                 : u"Records that stay, and pictures that were not there"_s);
+    lstaccount.SetItems(done.left + done.pictures + done.missing);
     lblAccount.SetVisible(lstaccount.ListCount() > 0);
     lstaccount.SetVisible(lstaccount.ListCount() > 0);
     if (done.empty)

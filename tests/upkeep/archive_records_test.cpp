@@ -110,6 +110,30 @@ TEST_F(Archive, APictureThatAnotherRecordNamesGoesWithTheLastOfThem)
     EXPECT_FALSE(disk.FileExists(u"C:\\JPG\\A.jpg"_s));
 }
 
+TEST_F(Archive, NamesAPictureThatIsNotThere)
+{
+    Comp(u"1 A ST"_s, u"05/05/1995"_s, u"A"_s);
+    Comp(u"2 B ST"_s, u"05/05/2005"_s, u"B"_s);
+    disk.Kill(u"C:\\JPG\\AR.jpg"_s);
+    disk.Kill(u"C:\\JPG\\BR.jpg"_s);
+    const Archived done = Run();
+    EXPECT_EQ(done.moved, 1);
+    EXPECT_EQ(done.missing,
+              QStringList{u"1 A ST: its picture AR.jpg is not in C:\\JPG\\; the record went without it"_s});
+    EXPECT_TRUE(WordsOf(done, archive).endsWith(u" Pictures of theirs that were not there: 1."_s));
+}
+
+TEST_F(Archive, GoesNowhereWithoutThePhotoDirectory)
+{
+    Comp(u"1 A ST"_s, u"05/05/1995"_s, u"A"_s);
+    globals.G_PhotoDir = u"C:\\AWAY\\"_s;
+    EXPECT_THROW((void)Run(), RuntimeError);
+    EXPECT_EQ(Here(), QStringList{u"1 A ST"_s});
+    EXPECT_TRUE(There().isEmpty());
+    globals.G_PhotoDir = u"C:\\JPG\\"_s;
+    EXPECT_EQ(Run().moved, 1);
+}
+
 TEST_F(Archive, AnotherPictureOfTheNameKeepsTheRecordHere)
 {
     Comp(u"1 A ST"_s, u"05/05/1995"_s, u"A"_s);

@@ -66,13 +66,14 @@ int RunArchive(Session& session, const Output& out, const QStringList& arguments
             return true;
         });
     progress.Clear();
-    QStringList said = done.left + done.pictures;
+    QStringList said = done.left + done.pictures + done.missing;
     said.append(upkeep::WordsOf(done, target));
     out.Value({{u"moved"_s, done.moved},
                {u"overwritten"_s, done.overwritten},
                {u"file"_s, target},
                {u"left"_s, QJsonArray::fromStringList(done.left)},
-               {u"pictures"_s, QJsonArray::fromStringList(done.pictures)}},
+               {u"pictures"_s, QJsonArray::fromStringList(done.pictures)},
+               {u"missing"_s, QJsonArray::fromStringList(done.missing)}},
               said.join(u'\n'));
     return done.left.isEmpty() && done.pictures.isEmpty() ? kDone : kFailed;
 }
