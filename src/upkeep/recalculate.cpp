@@ -44,13 +44,13 @@ QString StoredDate(const QString& text, QDate today)
     return date ? text::Format(*date, kStoredPicture) : QString();
 }
 
-/// @return false where the field held no date
+/// @return false where the field held no date, or one that means none
 bool RecalcDate(RowEdit& row, const QString& dateField, const QString& serialField, StoredDates& dates)
 {
     const StoredDates::Both& both = dates.Of(row.Text(dateField));
     row.Set(dateField, both.date.isEmpty() ? databook::kPendingDate : both.date);
     row.Set(serialField, both.date.isEmpty() ? kPendingSerial : both.serial);
-    return !both.date.isEmpty();
+    return !both.date.isEmpty() && !both.pending;
 }
 
 QString Number(const RowEdit& row, const QString& field)
@@ -69,7 +69,8 @@ const StoredDates::Both& StoredDates::Of(const QString& text)
         if (m_known.size() >= kMostKnown)
             m_known.clear();
         const QString date = StoredDate(WithCentury(text, m_today), m_today);
-        known = m_known.insert(text, {date, date.isEmpty() ? QString() : databook::SerialText(date, m_today)});
+        const bool turned = date == databook::kPendingDate && StoredDate(text, m_today) != date;
+        known = m_known.insert(text, {date, date.isEmpty() ? QString() : databook::SerialText(date, m_today), turned});
     }
     return *known;
 }
@@ -79,9 +80,9 @@ void RecalcPriceSqFt(RowEdit& row)
     row.Set(fields::PRICEGLA, databook::PriceGla(Number(row, fields::SELLINGPR), Number(row, fields::GLA)));
 }
 
-void RecalcAge(RowEdit& row, QDate today)
+void RecalcAge(RowEdit& row, StoredDates& dates, QDate today)
 {
-    const QString sale = StoredDate(row.Text(fields::SALEDATE), today);
+    const QString sale = dates.Of(row.Text(fields::SALEDATE)).date;
     const QString age = sale.isEmpty() ? QString() : databook::AgeText(row.Text(fields::YEARBUILT), sale, today);
     row.Set(fields::AGE, text::Trim(text::Str(text::Val(age))));
 }

@@ -14,8 +14,6 @@ namespace vasclip::upkeep {
 
 /// PRICEGLA of SELLINGPR and GLA, both without what people write around a number.
 void RecalcPriceSqFt(RowEdit& row);
-/// AGE of YEARBUILT at the sale; "0" without a sale date.
-void RecalcAge(RowEdit& row, QDate today);
 /// The date texts of a walk as they are stored, each worked out once: records share their days.
 class StoredDates
 {
@@ -24,6 +22,7 @@ public:
     {
         QString date; ///< MM/DD/YYYY; "" for what is no date
         QString serial;
+        bool pending = false; ///< the text is a day that means none, as one of the future
     };
     explicit StoredDates(QDate today)
         : m_today(today)
@@ -35,6 +34,8 @@ private:
     QHash<QString, Both> m_known;
 };
 
+/// AGE of YEARBUILT at the sale, on the day that RecalcSaleDate stores; "0" without a sale date.
+void RecalcAge(RowEdit& row, StoredDates& dates, QDate today);
 /// SALEDATE as MM/DD/YYYY with its serial; what is no date becomes a pending sale, and SALEFLD says so.
 void RecalcSaleDate(RowEdit& row, StoredDates& dates);
 /// The same of LOADDATE, which no text stands beside.

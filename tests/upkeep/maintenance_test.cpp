@@ -110,6 +110,24 @@ TEST_F(Maintenance, RecalculatesAndTellsEveryFieldBeforeAndAfter)
     EXPECT_EQ(screen->lblmsg.Caption(), u"Rebuild Complete"_s);
 }
 
+TEST_F(Maintenance, ASaleOfTheFutureIsPendingAtOnce)
+{
+    Comp(u"1 A ST"_s, {{u"SALEDATE"_s, u"3/7/2150"_s}, {u"LOADDATE"_s, u"3/7/1750"_s}, {u"YEARBUILT"_s, u"1985"_s}});
+    Comp(u"2 B ST"_s, {{u"SALEDATE"_s, u"01/01/1900"_s}, {u"SALEFLD"_s, u"250,000"_s}});
+    Open();
+    Yes();
+    Click(screen->cmdRecalc);
+    EXPECT_EQ(Field(u"1 A ST"_s, u"SALEDATE"_s), u"01/01/1900"_s);
+    EXPECT_EQ(Field(u"1 A ST"_s, u"SALESERIAL"_s), u"2"_s);
+    EXPECT_EQ(Field(u"1 A ST"_s, u"SALEFLD"_s), u"PENDING"_s);
+    EXPECT_EQ(Field(u"1 A ST"_s, u"LOADDATE"_s), u"01/01/1900"_s);
+    EXPECT_EQ(Field(u"1 A ST"_s, u"AGE"_s), u"0"_s) << "not of a sale in 2150";
+    EXPECT_EQ(Field(u"2 B ST"_s, u"SALEFLD"_s), u"250,000"_s) << "a date that stands there stays as it is";
+    Yes();
+    Click(screen->cmdRecalc);
+    EXPECT_TRUE(Lines().isEmpty()) << Lines().join(u'\n').toStdString();
+}
+
 TEST_F(Maintenance, ClearsAnchorsAndPlaces)
 {
     Comp(u"1 A ST"_s, {{u"LATITUDE"_s, u"45"_s}, {u"LONGITUDE"_s, u"-93"_s}, {u"ANCHORED"_s, u"1"_s}});
