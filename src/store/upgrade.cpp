@@ -77,6 +77,16 @@ void AppendMissing(engine::Database& database, const QString& table)
     all.Commit();
 }
 
+void AppendFields(engine::Database& database, const QString& table, const engine::FieldList& fields)
+{
+    engine::Transaction all(database);
+    for (engine::Field field : fields) {
+        field.required = false;
+        database.AppendField(table, field);
+    }
+    all.Commit();
+}
+
 std::shared_ptr<engine::Database> OpenAlone(const forms::Ports& ports, engine::Engine& engine,
                                             const QString& path)
 {

@@ -36,6 +36,9 @@ inline const QString kTableInUse =
 /// Appends the fields that older files lack, all or none. Those that are there stay.
 void AppendMissing(engine::Database& database, const QString& table = u"COMPS"_s);
 
+/// Appends fields that the table lacks, all or none, as ones that may be empty.
+void AppendFields(engine::Database& database, const QString& table, const engine::FieldList& fields);
+
 enum class Appended {
     Done,
     Locked, ///< somebody has the file or its table open; told

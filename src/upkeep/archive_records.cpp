@@ -11,6 +11,7 @@
 #include "store/messages.h"
 #include "store/move_record.h"
 #include "store/record.h"
+#include "store/upgrade.h"
 #include "upkeep/named_pictures.h"
 
 namespace vasclip::upkeep {
@@ -82,12 +83,7 @@ void Archiving::CompleteFields()
         if (wanted.isEmpty())
             return;
         const auto alone = m_work.databook.Engine().OpenDatabase(m_work.file, engine::OpenMode::Exclusive);
-        engine::Transaction all(*alone);
-        for (engine::Field& field : wanted) {
-            field.required = false;
-            alone->AppendField(m_work.table, field);
-        }
-        all.Commit();
+        store::AppendFields(*alone, m_work.table, wanted);
         alone->Close();
     } catch (const RuntimeError&) {
         // Somebody has it open, or it can't be changed: records that need the fields stay, each with its line.
