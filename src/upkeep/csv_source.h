@@ -57,7 +57,7 @@ private:
     void Fill(const QString& text, const CsvLook& look, const WorkStep& step);
     void Remove() const;
 
-    const TransferDesk& m_desk;
+    const TransferDesk m_desk;
     QString m_file;
     bool m_stopped = false;
     QList<RefusedRow> m_refused;
