@@ -51,8 +51,17 @@ QList<Shot> ShotsOf(const QList<Comp>& comps)
     return shots;
 }
 
+/// A home with a drive C of its own never reaches the machine's.
+void MakeOwnDrive(const QString& directory)
+{
+    const QString drive = QDir(directory).filePath(u"drive_c"_s);
+    if (!QDir().mkpath(drive))
+        throw RuntimeError(error::kPathFileAccess, u"%1 cannot be made"_s.arg(drive));
+}
+
 void RefuseWhileInUse(const QString& directory)
 {
+    MakeOwnDrive(directory);
     const files::Disk disk(directory);
     const forms::SystemClock clock;
     const engine::Engine engine(disk, clock);
@@ -100,6 +109,7 @@ HomeOutcome MakeHome(const HomeOptions& options, const std::function<void(const 
     }
     MarkHome(directory, HomeState::Unfinished, options.comps);
     ClearHome(directory);
+    MakeOwnDrive(directory);
 
     say(u"Making the demo home in %1"_s.arg(directory));
     const files::Disk disk(directory);

@@ -4,6 +4,8 @@
 #include "shell/win_version.h"
 
 #include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
 
 namespace vasclip::app {
 
@@ -19,6 +21,11 @@ shell::SystemPlaces Places(const files::Disk& disk)
     places.isVista = version.isVista;
     places.windowsName = version.name;
     return places;
+}
+
+bool IsDemoHome(const QString& home)
+{
+    return QFile::exists(home + u"/demo-home.txt"_s) && QFileInfo(home + u"/drive_c"_s).isDir();
 }
 
 } // namespace vasclip::app

@@ -80,6 +80,13 @@ std::optional<Options> ReadOptions(const QStringList& arguments)
     options.around.socket = parser.value(u"socket"_s);
     options.tour = parser.value(u"tour"_s);
     options.around.recorded = !options.tour.isEmpty();
+    if (!options.tour.isEmpty() && !app::IsDemoHome(options.home)) {
+        std::fprintf(stderr,
+                     "vasclip: the tour changes records, so it plays on a demo home alone, and %s is none. "
+                     "vasclip-demo --home DIR makes one.\n",
+                     qUtf8Printable(options.home));
+        return std::nullopt;
+    }
     options.places = parser.value(u"places"_s);
     options.quitWhenPainted = parser.isSet(u"quit-when-painted"_s);
     options.around.today = QDate::fromString(parser.value(u"today"_s), Qt::ISODate);

@@ -1,3 +1,4 @@
+#include "app/places.h"
 #include "app/vasctl/map.h"
 #include "app/vasctl/map_desk.h"
 
@@ -9,8 +10,6 @@
 #include "map/messages.h"
 #include "store/fields.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
 
@@ -28,11 +27,6 @@ constexpr int kWidth = 1500, kHeight = 1000;
 constexpr auto kDemoSubject = "764 Laurel Hill Rd"_L1;
 constexpr auto kDemoNeighborhood = "College Heights"_L1;
 constexpr int kDemoComps = 9;
-
-bool IsDemo(const Session& session)
-{
-    return QFile::exists(QDir(session.Disk().Home()).filePath(u"demo-home.txt"_s));
-}
 
 void FillFromDemo(shell::Program& program)
 {
@@ -63,7 +57,7 @@ int MapPicture(Session& session, const Output& out, const QStringList& words, co
         return kUsage;
     }
     const bool open = link::ReportIsNamed(session.Home().Link());
-    if (!open && !IsDemo(session)) {
+    if (!open && !app::IsDemoHome(session.Disk().Home())) {
         out.Error(link::messages::kNotRunning);
         return kNoLink;
     }

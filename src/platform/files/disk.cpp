@@ -94,8 +94,10 @@ struct Disk::Private
         for (qsizetype at = 0; at < depth; ++at)
             place.native = Joined(place.native, path.parts[at]);
         place.failure = native::Inspect(place.native, place.info);
-        if (place.failure == Failure::None)
+        if (place.failure == Failure::None) {
+            place.native = native::AsSpelled(root, place.native);
             return place;
+        }
         if (depth == 0)
             ThrowNumber(error::kDiskNotReady, path.Text(),
                         u"cannot be reached: the directory of its drive, \"%1\", is not there"_s.arg(root));

@@ -18,9 +18,9 @@ enum Attribute : unsigned { Normal = 0, ReadOnly = 1, Hidden = 2, Directory = 16
 
 /// What stands behind the drive letters of one home.
 ///
-/// Everything above this room speaks of drive paths ("C:\VASSNAP\"), compared without regard to case. On
-/// Linux `C:` is `<home>/drive_c`, `Z:` is `/`, and `<home>/drives.ini` (section "DRIVES", "D"=directory)
-/// maps more. A name outside a mapped drive, or a `..` that leaves it, is refused with error 76 (error 68 for
+/// Everything above this room speaks of drive paths ("C:\VASSNAP\"), compared without regard to case. `C:`
+/// is `<home>/drive_c` (on a machine with a C of its own only if that is there), on Linux `Z:` is `/`, and
+/// `<home>/drives.ini` (section "DRIVES", "D"=directory) maps more. A name outside a mapped drive, or a `..` that leaves it, is refused with error 76 (error 68 for
 /// a drive that is not mapped, 71 for one whose directory is gone), error 52 for a name that no drive path
 /// can have.
 ///

@@ -4,6 +4,7 @@
 #include "platform/files/native.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <algorithm>
 
@@ -11,13 +12,21 @@ using namespace Qt::StringLiterals;
 
 namespace vasclip::files {
 
-QList<std::pair<QChar, QString>> ReadDrives(const QString& home)
+QList<Drive> ReadDrives(const QString& home)
 {
-    QList<std::pair<QChar, QString>> drives = native::OwnDrives(home);
+    return ReadDrives(home, native::MachineDrives());
+}
+
+QList<Drive> ReadDrives(const QString& home, QList<Drive> drives)
+{
     const auto isMapped = [&drives](QChar letter) {
-        return std::any_of(drives.cbegin(), drives.cend(),
-                           [&](const auto& drive) { return drive.first == letter; });
+        return std::any_of(drives.cbegin(), drives.cend(), [&](const Drive& drive) { return drive.first == letter; });
     };
+    const QString own = home + u"/drive_c"_s;
+    if (QFileInfo(own).isDir())
+        drives.removeIf([](const Drive& drive) { return drive.first == u'C'; });
+    if (!isMapped(u'C'))
+        drives.append({u'C', own});
 
     QByteArray content;
     if (native::ReadAll(home + u"/drives.ini"_s, content) == native::Failure::None) {

@@ -59,6 +59,9 @@ struct Entry
 };
 
 [[nodiscard]] Failure Inspect(const QString& path, Info& info);
+/// A path that stands below a root, with its names as they are on disk. Where the system tells spellings apart,
+/// that is the path itself.
+[[nodiscard]] QString AsSpelled(const QString& root, const QString& path);
 /// Names without "." and "..", and without those that no text can hold.
 [[nodiscard]] Failure List(const QString& directory, QList<Entry>& entries);
 /// The clock that stamps changes of directories, as coarse as it is.
@@ -89,8 +92,8 @@ struct CopyWatch
 /// Does nothing where the disk cannot keep the mark.
 void SetHidden(const QString& path, bool hidden);
 
-/// The drives that every home has, with their native directories.
-[[nodiscard]] QList<std::pair<QChar, QString>> OwnDrives(const QString& home);
+/// The drives that the machine has, whatever the home, with their native directories.
+[[nodiscard]] QList<std::pair<QChar, QString>> MachineDrives();
 
 /// Files that this room keeps for itself begin so, and no listing shows them.
 inline constexpr char16_t kOwnPrefix[] = u".vasclip-";

@@ -271,6 +271,11 @@ Failure Inspect(const QString& path, Info& info)
     return Failure::None;
 }
 
+QString AsSpelled(const QString& /*root*/, const QString& path)
+{
+    return path;
+}
+
 Failure List(const QString& directory, QList<Entry>& entries)
 {
     const std::unique_ptr<DIR, CloseDirectory> handle(opendir(Encoded(directory).constData()));
@@ -459,9 +464,9 @@ void SetHidden(const QString& path, bool hidden)
         (void)removexattr(name.constData(), kHiddenMark);
 }
 
-QList<std::pair<QChar, QString>> OwnDrives(const QString& home)
+QList<std::pair<QChar, QString>> MachineDrives()
 {
-    return {{u'C', home + u"/drive_c"_s}, {u'Z', u"/"_s}};
+    return {{u'Z', u"/"_s}};
 }
 
 } // namespace vasclip::files::native

@@ -8,6 +8,12 @@
 
 #include <windows.h>
 
+// The header takes this name for its own, and mingw-w64 leaves one code out.
+#undef RemoveDirectory
+#ifndef ERROR_DISK_QUOTA_EXCEEDED
+#define ERROR_DISK_QUOTA_EXCEEDED 1295L
+#endif
+
 using namespace Qt::StringLiterals;
 
 namespace vasclip::files::native {
@@ -69,10 +75,12 @@ Failure Answer(BOOL good)
     return good ? Failure::None : FailureOf(GetLastError());
 }
 
-/// The long form of a path, which may have more than 260 characters.
+/// The long form of a path, which may have more than 260 characters and may lie on a share.
 std::wstring Wide(const QString& path)
 {
-    return u"\\\\?\\"_s.toStdWString() + QDir::toNativeSeparators(path).toStdWString();
+    const bool share = path.startsWith(u"//");
+    const QString native = QDir::toNativeSeparators(share ? path.mid(2) : path);
+    return (share ? L"\\\\?\\UNC\\" : L"\\\\?\\") + native.toStdWString();
 }
 
 qint64 Nanoseconds(const FILETIME& time)
@@ -168,6 +176,25 @@ Failure Inspect(const QString& path, Info& info)
     return Failure::None;
 }
 
+QString AsSpelled(const QString& root, const QString& path)
+{
+    QString spelled = root.endsWith(u'/') ? root.chopped(1) : root;
+    for (const QString& part : path.mid(spelled.size()).split(u'/', Qt::SkipEmptyParts)) {
+        const QString asked = spelled + u'/' + part;
+        WIN32_FIND_DATAW found;
+        const HANDLE search = FindFirstFileW(Wide(asked).c_str(), &found);
+        if (search == INVALID_HANDLE_VALUE) {
+            spelled = asked;
+            continue;
+        }
+        FindClose(search);
+        // A short name ("PHOTOS~1") stands for another one, which is no spelling of it.
+        const QString name = QString::fromWCharArray(found.cFileName);
+        spelled += u'/' + (name.compare(part, Qt::CaseInsensitive) == 0 ? name : part);
+    }
+    return spelled.size() <= root.size() ? root : spelled;
+}
+
 Failure List(const QString& directory, QList<Entry>& entries)
 {
     WIN32_FIND_DATAW found;
@@ -255,36 +282,49 @@ Failure ReadPieces(const QString& path, const std::function<bool(QByteArrayView)
 
 Failure Copy(const QString& source, const QString& target, const CopyWatch& watch)
 {
+    // Read and written by hand: the system's own copy is not stopped by its watcher everywhere.
+    const Handle from(CreateFileW(Wide(source).c_str(), GENERIC_READ,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                  OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    if (!from.IsOpen())
+        return FailureOf(GetLastError());
+    BY_HANDLE_FILE_INFORMATION old;
+    if (!GetFileInformationByHandle(from.Get(), &old))
+        return FailureOf(GetLastError());
     const QString fresh = FreshName(target);
-    const auto copied = [](LARGE_INTEGER, LARGE_INTEGER bytes, LARGE_INTEGER, LARGE_INTEGER, DWORD, DWORD,
-                           HANDLE, HANDLE, LPVOID told) -> DWORD {
-        const auto& step = static_cast<const CopyWatch*>(told)->step;
-        return !step || step(bytes.QuadPart) ? PROGRESS_CONTINUE : PROGRESS_CANCEL;
-    };
-    if (!CopyFileExW(Wide(source).c_str(), Wide(fresh).c_str(), copied, const_cast<CopyWatch*>(&watch),
-                     nullptr, COPY_FILE_FAIL_IF_EXISTS)) {
-        const DWORD code = GetLastError();
-        DeleteFileW(Wide(fresh).c_str());
-        return code == ERROR_REQUEST_ABORTED ? Failure::Stopped : FailureOf(code);
-    }
-    const DWORD attributes = GetFileAttributesW(Wide(fresh).c_str());
-    SetFileAttributesW(Wide(fresh).c_str(), attributes & ~DWORD(FILE_ATTRIBUTE_READONLY));
-    Failure failure = Failure::None;
-    {
-        const Handle file(CreateFileW(Wide(fresh).c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr));
-        failure = file.IsOpen() ? Answer(FlushFileBuffers(file.Get())) : FailureOf(GetLastError());
-    }
-    if (failure == Failure::None && watch.readBack)
-        failure = Compare(source, fresh);
-    if (failure != Failure::None) {
+    Handle onto(CreateFileW(Wide(fresh).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL,
+                            nullptr));
+    if (!onto.IsOpen())
+        return FailureOf(GetLastError());
+    const auto giveUp = [&](Failure failure) {
+        onto.Close();
         DeleteFileW(Wide(fresh).c_str());
         return failure;
+    };
+    QByteArray buffer(1024 * 1024, Qt::Uninitialized);
+    for (qint64 copied = 0;;) {
+        DWORD got = 0, written = 0;
+        if (!ReadFile(from.Get(), buffer.data(), DWORD(buffer.size()), &got, nullptr))
+            return giveUp(FailureOf(GetLastError()));
+        if (got == 0)
+            break;
+        if (!WriteFile(onto.Get(), buffer.constData(), got, &written, nullptr))
+            return giveUp(FailureOf(GetLastError()));
+        copied += got;
+        if (watch.step && !watch.step(copied))
+            return giveUp(Failure::Stopped);
     }
-    failure = Arrive(fresh, target);
-    if (failure == Failure::None)
-        SetFileAttributesW(Wide(target).c_str(), attributes);
-    return failure;
+    if (!FlushFileBuffers(onto.Get()) ||
+        !SetFileTime(onto.Get(), nullptr, &old.ftLastAccessTime, &old.ftLastWriteTime))
+        return giveUp(FailureOf(GetLastError()));
+    onto.Close();
+    if (watch.readBack)
+        if (const Failure same = Compare(source, fresh); same != Failure::None)
+            return giveUp(same);
+    const Failure arrived = Arrive(fresh, target);
+    if (arrived == Failure::None)
+        SetFileAttributesW(Wide(target).c_str(), old.dwFileAttributes);
+    return arrived;
 }
 
 Failure Rename(const QString& from, const QString& onto, bool /*sameFile*/)
@@ -331,7 +371,7 @@ void SetHidden(const QString& path, bool hidden)
                        hidden ? old | FILE_ATTRIBUTE_HIDDEN : old & ~DWORD(FILE_ATTRIBUTE_HIDDEN));
 }
 
-QList<std::pair<QChar, QString>> OwnDrives(const QString& /*home*/)
+QList<std::pair<QChar, QString>> MachineDrives()
 {
     QList<std::pair<QChar, QString>> drives;
     const DWORD present = GetLogicalDrives();

@@ -4,9 +4,9 @@
 
 #include <QElapsedTimer>
 #include <QFile>
-#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLocalSocket>
 #include <QSaveFile>
 
 namespace vasclip::app {
@@ -57,7 +57,13 @@ QString FormsProgram::Start(const files::Disk& disk, const QString& socketPath)
         return u"The forms program %1 could not be started: %2"_s.arg(m_program, m_process.errorString());
     QElapsedTimer timer;
     timer.start();
-    while (!QFileInfo::exists(socketPath)) {
+    // Asked by a call, since a named pipe is no file.
+    const auto listens = [&socketPath] {
+        QLocalSocket socket;
+        socket.connectToServer(socketPath);
+        return socket.waitForConnected(50);
+    };
+    while (!listens()) {
         if (timer.hasExpired(kStartSeconds * 1000) || m_process.waitForFinished(20))
             return u"The forms program did not open its link within %1 seconds."_s.arg(kStartSeconds);
     }

@@ -17,9 +17,9 @@ bool IsNeeded(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return true;
-    // The names of the journals, each ended by a zero byte.
+    // The names of the journals, each ended by a zero byte, in the engine's encoding on every system.
     for (const QByteArray& name : file.readAll().split('\0')) {
-        if (!name.isEmpty() && QFile::exists(QFile::decodeName(name)))
+        if (!name.isEmpty() && QFile::exists(QString::fromUtf8(name)))
             return true;
     }
     return false;
