@@ -1,6 +1,7 @@
 #include "windows/icons.h"
 #include "windows/layout_parts.h"
 #include "windows/screen_layouts.h"
+#include "windows/work_parts.h"
 
 #include <QCheckBox>
 #include <QDialog>
@@ -9,7 +10,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QToolButton>
@@ -20,13 +20,6 @@ namespace vasclip::windows {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-QCheckBox* Check(QWidget& parent, const QString& name)
-{
-    auto* box = new QCheckBox(&parent);
-    box->setObjectName(name);
-    return box;
-}
 
 void AddDate(QDialog& window, QGridLayout& fields, const QString& caption, const QString& box, const QString& calendar)
 {
@@ -54,11 +47,8 @@ QVBoxLayout* RecordsColumn(QDialog& window)
     column->addWidget(range);
     column->addSpacing(8);
     column->addWidget(MakeWords(window, QDialog::tr("IF Duplictes are Found"), "title"));
-    for (int i = 0; i < 2; ++i) {
-        auto* option = new QRadioButton(&window);
-        option->setObjectName(u"optduplicates_%1"_s.arg(i));
-        column->addWidget(option);
-    }
+    for (int i = 0; i < 2; ++i)
+        column->addWidget(MakeOption(window, u"optduplicates_%1"_s.arg(i)));
     column->addSpacing(8);
     column->addWidget(MakeWords(window, QDialog::tr("Total Archived"), "title"));
     auto* counts = MakeFields();
@@ -85,7 +75,7 @@ QVBoxLayout* TargetColumn(QDialog& window)
     AddField(*fields, QDialog::tr("&Table"), u"txtTable"_s, window);
     column->addLayout(fields);
     auto* stamp = new QHBoxLayout;
-    stamp->addWidget(Check(window, u"ckbDateStamp"_s));
+    stamp->addWidget(MakeCheck(window, u"ckbDateStamp"_s));
     stamp->addStretch(1);
     stamp->addWidget(MakeButton(window, u"cmdBrowse"_s));
     column->addLayout(stamp);
@@ -99,12 +89,7 @@ QVBoxLayout* TargetColumn(QDialog& window)
     tables->setMinimumHeight(60);
     column->addWidget(MakeWords(window, QDialog::tr("Tab&les"), "quiet", tables));
     column->addWidget(tables, 1);
-    auto* keep = new QHBoxLayout;
-    keep->setSpacing(8);
-    keep->addWidget(MakeButton(window, u"cmdcreate"_s));
-    keep->addWidget(MakeButton(window, u"cmddelete"_s));
-    keep->addStretch(1);
-    column->addLayout(keep);
+    column->addLayout(MakeButtonRow(window, {u"cmdcreate"_s, u"cmddelete"_s}));
     return column;
 }
 
@@ -118,27 +103,8 @@ void Layout_frm_Archive(QDialog& window, forms::Screen&)
     panes->addLayout(RecordsColumn(window), 1);
     panes->addLayout(TargetColumn(window), 1);
     rows->addLayout(panes, 2);
-    auto* left = MakeList(window, u"lstaccount"_s, QDialog::tr("Records that stay"));
-    left->setMinimumHeight(70);
-    auto* heading = MakeLabel(window, u"lblAccount"_s, "title");
-    heading->setBuddy(left);
-    rows->addWidget(heading);
-    rows->addWidget(left, 1);
-
-    auto* foot = new QHBoxLayout;
-    foot->setSpacing(8);
-    auto* message = MakeLabel(window, u"lblmsg"_s);
-    message->setWordWrap(true);
-    foot->addWidget(message, 1);
-    auto* gauge = MakeGauge(window, u"gauWork"_s);
-    gauge->setMinimumWidth(240);
-    foot->addWidget(gauge);
-    foot->addWidget(MakeButton(window, u"cmdStop"_s));
-    auto* archive = MakeButton(window, u"cmdarchive"_s);
-    archive->setProperty("primary", true);
-    foot->addWidget(archive);
-    foot->addWidget(MakeButton(window, u"cmdExit"_s));
-    rows->addLayout(foot);
+    AddAccount(*rows, window, QDialog::tr("Records that stay"));
+    AddWorkFoot(*rows, window, {u"cmdStop"_s, u"cmdarchive"_s, u"cmdExit"_s}, u"cmdarchive"_s);
     window.resize(860, 540);
 }
 

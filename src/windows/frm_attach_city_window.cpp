@@ -1,4 +1,5 @@
 #include "windows/city_layout.h"
+#include "windows/layout_parts.h"
 #include "windows/screen_layouts.h"
 
 #include <QDialog>
@@ -25,11 +26,8 @@ void AddChoices(QDialog& window, QVBoxLayout& column)
     auto* choices = new QVBoxLayout(inherit);
     choices->setContentsMargins(0, 0, 0, 0);
     choices->setSpacing(4);
-    for (int i = 0; i < 3; ++i) {
-        auto* option = new QRadioButton(inherit);
-        option->setObjectName(u"optUseSubjCSZ_%1"_s.arg(i));
-        choices->addWidget(option);
-    }
+    for (int i = 0; i < 3; ++i)
+        choices->addWidget(MakeOption(*inherit, u"optUseSubjCSZ_%1"_s.arg(i)));
     column.addWidget(inherit);
     column.addStretch(1);
 }

@@ -27,18 +27,11 @@ void Layout_frm_CopyPics(QDialog& window, forms::Screen&)
     head->addWidget(MakeLabel(window, u"lblCount"_s, "quiet"));
     photos->addLayout(head);
     photos->addWidget(list, 1);
-    auto* all = new QHBoxLayout;
-    all->setSpacing(8);
-    all->addWidget(MakeButton(window, u"cmdSelectAll"_s));
-    all->addWidget(MakeButton(window, u"cmdClear"_s));
-    all->addStretch(1);
-    photos->addLayout(all);
+    photos->addLayout(MakeButtonRow(window, {u"cmdSelectAll"_s, u"cmdClear"_s}));
 
     auto* right = new QVBoxLayout;
     right->setSpacing(8);
-    auto* preview = new QCheckBox(&window);
-    preview->setObjectName(u"ckbPicPreview"_s);
-    right->addWidget(preview);
+    right->addWidget(MakeCheck(window, u"ckbPicPreview"_s));
     right->addWidget(MakePicture(window, u"geaPreview"_s, QDialog::tr("Select a photo to see it")), 1);
 
     auto* panes = new QHBoxLayout;
@@ -48,11 +41,7 @@ void Layout_frm_CopyPics(QDialog& window, forms::Screen&)
     panes->addLayout(right, 4);
     rows->addLayout(panes, 1);
 
-    auto* foot = new QHBoxLayout;
-    foot->setSpacing(8);
-    auto* message = MakeLabel(window, u"lblmsg"_s);
-    message->setWordWrap(true);
-    foot->addWidget(message, 1);
+    auto* foot = MakeFoot(window);
     auto* gauge = MakeGauge(window, u"gauCopy"_s);
     gauge->setMinimumWidth(280);
     foot->addWidget(gauge);

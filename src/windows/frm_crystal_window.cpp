@@ -21,8 +21,7 @@ namespace {
 /// A length with what it is good for under it.
 void AddLength(QDialog& window, QVBoxLayout& column, int index, const QString& words)
 {
-    auto* option = new QRadioButton(&window);
-    option->setObjectName(u"optSelected_%1"_s.arg(index));
+    auto* option = MakeOption(window, u"optSelected_%1"_s.arg(index));
     option->setAutoExclusive(false); // the screen knows which go together
     column.addWidget(option);
     auto* quiet = MakeWords(window, words, "quiet");

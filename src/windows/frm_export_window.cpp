@@ -1,13 +1,12 @@
 #include "windows/layout_parts.h"
 #include "windows/screen_layouts.h"
+#include "windows/work_parts.h"
 
 #include <QCheckBox>
 #include <QDialog>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QListView>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -16,13 +15,6 @@ namespace vasclip::windows {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-QCheckBox* MakeCheck(QDialog& window, const QString& name)
-{
-    auto* box = new QCheckBox(&window);
-    box->setObjectName(name);
-    return box;
-}
 
 /// What is exported, and where to.
 QVBoxLayout* TargetColumn(QDialog& window)
@@ -56,32 +48,6 @@ QVBoxLayout* TargetColumn(QDialog& window)
     return column;
 }
 
-/// The databases that are there, and the tables of one.
-QVBoxLayout* FilesColumn(QDialog& window)
-{
-    auto* column = new QVBoxLayout;
-    column->setSpacing(8);
-    auto* files = MakeList(window, u"filexport"_s, QDialog::tr("Databases"));
-    files->setMinimumSize(300, 90);
-    column->addWidget(
-        MakeWords(window, QDialog::tr("Current &Listed Databases (default EXPORT location)"), "title", files));
-    column->addWidget(files, 3);
-    auto* tables = MakeList(window, u"lstTables"_s, QDialog::tr("Tables"));
-    tables->setMinimumHeight(70);
-    auto* head = new QHBoxLayout;
-    head->addWidget(MakeWords(window, QDialog::tr("Table&s"), "title", tables), 1);
-    head->addWidget(MakeLabel(window, u"lblRecordCount"_s, "quiet"));
-    column->addLayout(head);
-    column->addWidget(tables, 2);
-    auto* deletes = new QHBoxLayout;
-    deletes->setSpacing(8);
-    deletes->addWidget(MakeButton(window, u"cmdDelete"_s));
-    deletes->addWidget(MakeButton(window, u"cmdDeleteDatabase"_s));
-    deletes->addStretch(1);
-    column->addLayout(deletes);
-    return column;
-}
-
 } // namespace
 
 void Layout_frm_Export(QDialog& window, forms::Screen&)
@@ -90,30 +56,11 @@ void Layout_frm_Export(QDialog& window, forms::Screen&)
     auto* panes = new QHBoxLayout;
     panes->setSpacing(24);
     panes->addLayout(TargetColumn(window), 1);
-    panes->addLayout(FilesColumn(window), 1);
+    panes->addLayout(MakeFilesColumn(window, QDialog::tr("Current &Listed Databases (default EXPORT location)")), 1);
     rows->addLayout(panes, 1);
 
-    auto* account = MakeList(window, u"lstaccount"_s, QDialog::tr("Left out"));
-    account->setMinimumHeight(80);
-    auto* heading = MakeLabel(window, u"lblAccount"_s, "title");
-    heading->setBuddy(account);
-    rows->addWidget(heading);
-    rows->addWidget(account, 1);
-
-    auto* foot = new QHBoxLayout;
-    foot->setSpacing(8);
-    auto* message = MakeLabel(window, u"lblmsg"_s);
-    message->setWordWrap(true);
-    foot->addWidget(message, 1);
-    auto* gauge = MakeGauge(window, u"gauWork"_s);
-    gauge->setMinimumWidth(280);
-    foot->addWidget(gauge);
-    foot->addWidget(MakeButton(window, u"cmdStop"_s));
-    auto* act = MakeButton(window, u"cmdExport"_s);
-    act->setProperty("primary", true);
-    foot->addWidget(act);
-    foot->addWidget(MakeButton(window, u"cmdExit"_s));
-    rows->addLayout(foot);
+    AddAccount(*rows, window, QDialog::tr("Left out"));
+    AddWorkFoot(*rows, window, {u"cmdStop"_s, u"cmdExport"_s, u"cmdExit"_s}, u"cmdExport"_s);
     window.resize(900, 520);
 }
 

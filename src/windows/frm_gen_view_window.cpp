@@ -67,11 +67,7 @@ void Layout_frm_GenView(QDialog& window, forms::Screen& screen)
     preview->setVisible(shown == nullptr || shown->Visible());
     rows->addLayout(panes, 1);
 
-    auto* foot = new QHBoxLayout;
-    foot->setSpacing(8);
-    auto* message = MakeLabel(window, u"lblmsg"_s);
-    message->setWordWrap(true);
-    foot->addWidget(message, 1);
+    auto* foot = MakeFoot(window);
     auto* ok = MakeButton(window, u"cmdOK"_s);
     ok->setDefault(true); // Return in the box takes what it names
     AddPair(*foot, window, u"imaOK"_s, u"check"_s, ok);

@@ -1,13 +1,12 @@
 #include "windows/layout_parts.h"
 #include "windows/screen_layouts.h"
+#include "windows/work_parts.h"
 
 #include <QCheckBox>
 #include <QDialog>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QListView>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
@@ -31,11 +30,8 @@ QVBoxLayout* SourceColumn(QDialog& window)
     column->addWidget(MakeWords(window, QDialog::tr("Import Comparables"), "title"));
     auto* locations = new QHBoxLayout;
     locations->setSpacing(12);
-    for (int i = 0; i < 3; ++i) {
-        auto* option = new QRadioButton(&window);
-        option->setObjectName(u"optLocation_%1"_s.arg(i));
-        locations->addWidget(option);
-    }
+    for (int i = 0; i < 3; ++i)
+        locations->addWidget(MakeOption(window, u"optLocation_%1"_s.arg(i)));
     locations->addStretch(1);
     column->addLayout(locations);
     auto* fields = MakeFields();
@@ -44,37 +40,10 @@ QVBoxLayout* SourceColumn(QDialog& window)
     AddField(*fields, QDialog::tr("T&able"), u"txtTable"_s, window);
     column->addLayout(fields);
     auto* checks = new QHBoxLayout;
-    auto* pictures = new QCheckBox(&window);
-    pictures->setObjectName(u"ckbCopy"_s);
-    checks->addWidget(pictures, 1);
+    checks->addWidget(MakeCheck(window, u"ckbCopy"_s), 1);
     checks->addWidget(MakeButton(window, u"cmdBrowse"_s));
     column->addLayout(checks);
     column->addStretch(1);
-    return column;
-}
-
-/// The databases that are there, and the tables of one.
-QVBoxLayout* FilesColumn(QDialog& window)
-{
-    auto* column = new QVBoxLayout;
-    column->setSpacing(8);
-    auto* files = MakeList(window, u"filexport"_s, QDialog::tr("Databases"));
-    files->setMinimumSize(300, 90);
-    column->addWidget(MakeWords(window, QDialog::tr("Current &Listed Databases"), "title", files));
-    column->addWidget(files, 3);
-    auto* tables = MakeList(window, u"lstTables"_s, QDialog::tr("Tables"));
-    tables->setMinimumHeight(70);
-    auto* head = new QHBoxLayout;
-    head->addWidget(MakeWords(window, QDialog::tr("Table&s"), "title", tables), 1);
-    head->addWidget(MakeLabel(window, u"lblRecordCount"_s, "quiet"));
-    column->addLayout(head);
-    column->addWidget(tables, 2);
-    auto* deletes = new QHBoxLayout;
-    deletes->setSpacing(8);
-    deletes->addWidget(MakeButton(window, u"cmdDelete"_s));
-    deletes->addWidget(MakeButton(window, u"cmdDeleteDatabase"_s));
-    deletes->addStretch(1);
-    column->addLayout(deletes);
     return column;
 }
 
@@ -86,31 +55,11 @@ void Layout_frm_Import(QDialog& window, forms::Screen&)
     auto* panes = new QHBoxLayout;
     panes->setSpacing(24);
     panes->addLayout(SourceColumn(window), 1);
-    panes->addLayout(FilesColumn(window), 1);
+    panes->addLayout(MakeFilesColumn(window, QDialog::tr("Current &Listed Databases")), 1);
     rows->addLayout(panes, 1);
 
-    auto* account = MakeList(window, u"lstaccount"_s, QDialog::tr("Left out"));
-    account->setMinimumHeight(80);
-    auto* heading = MakeLabel(window, u"lblAccount"_s, "title");
-    heading->setBuddy(account);
-    rows->addWidget(heading);
-    rows->addWidget(account, 1);
-
-    auto* foot = new QHBoxLayout;
-    foot->setSpacing(8);
-    auto* message = MakeLabel(window, u"lblmsg"_s);
-    message->setWordWrap(true);
-    foot->addWidget(message, 1);
-    auto* gauge = MakeGauge(window, u"gauWork"_s);
-    gauge->setMinimumWidth(280);
-    foot->addWidget(gauge);
-    foot->addWidget(MakeButton(window, u"cmdStop"_s));
-    foot->addWidget(MakeButton(window, u"cmdRehearse"_s));
-    auto* act = MakeButton(window, u"cmdImport"_s);
-    act->setProperty("primary", true);
-    foot->addWidget(act);
-    foot->addWidget(MakeButton(window, u"cmdExit"_s));
-    rows->addLayout(foot);
+    AddAccount(*rows, window, QDialog::tr("Left out"));
+    AddWorkFoot(*rows, window, {u"cmdStop"_s, u"cmdRehearse"_s, u"cmdImport"_s, u"cmdExit"_s}, u"cmdImport"_s);
     window.resize(900, 520);
 }
 

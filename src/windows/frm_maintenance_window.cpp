@@ -1,12 +1,12 @@
 #include "windows/layout_parts.h"
 #include "windows/screen_layouts.h"
+#include "windows/work_parts.h"
 
 #include <QDialog>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListView>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -55,10 +55,7 @@ void Layout_frm_Maintenance(QDialog& window, forms::Screen&)
     heading->setWordWrap(true);
     account->addWidget(heading);
     account->addWidget(list, 1);
-    auto* keep = new QHBoxLayout;
-    keep->addWidget(MakeButton(window, u"cmdSave"_s));
-    keep->addStretch(1);
-    account->addLayout(keep);
+    account->addLayout(MakeButtonRow(window, {u"cmdSave"_s}));
 
     auto* panes = new QHBoxLayout;
     panes->setSpacing(16);
@@ -66,17 +63,7 @@ void Layout_frm_Maintenance(QDialog& window, forms::Screen&)
     panes->addLayout(account, 1);
     rows->addLayout(panes, 1);
 
-    auto* foot = new QHBoxLayout;
-    foot->setSpacing(8);
-    auto* message = MakeLabel(window, u"lblmsg"_s);
-    message->setWordWrap(true);
-    foot->addWidget(message, 1);
-    auto* gauge = MakeGauge(window, u"gauWork"_s);
-    gauge->setMinimumWidth(320);
-    foot->addWidget(gauge);
-    foot->addWidget(MakeButton(window, u"cmdStop"_s));
-    foot->addWidget(MakeButton(window, u"cmdExit"_s));
-    rows->addLayout(foot);
+    AddWorkFoot(*rows, window, {u"cmdStop"_s, u"cmdExit"_s});
     window.resize(1080, 620);
 }
 

@@ -1,15 +1,14 @@
 #include "windows/layout_parts.h"
 #include "windows/record_grid.h"
 #include "windows/screen_layouts.h"
+#include "windows/work_parts.h"
 
 #include <QCheckBox>
 #include <QDialog>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListView>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -18,16 +17,6 @@ namespace vasclip::windows {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-QHBoxLayout* Row(QDialog& window, const QStringList& buttons)
-{
-    auto* row = new QHBoxLayout;
-    row->setSpacing(8);
-    for (const QString& name : buttons)
-        row->addWidget(MakeButton(window, name));
-    row->addStretch(1);
-    return row;
-}
 
 /// The maps that there are, and what is done with one.
 QVBoxLayout* MapsColumn(QDialog& window)
@@ -44,7 +33,7 @@ QVBoxLayout* MapsColumn(QDialog& window)
     maps->FixColumns();
     maps->setMinimumSize(320, 120);
     column->addWidget(maps, 1);
-    column->addLayout(Row(window, {u"cmdVerify"_s, u"cmdRemove"_s}));
+    column->addLayout(MakeButtonRow(window, {u"cmdVerify"_s, u"cmdRemove"_s}));
     return column;
 }
 
@@ -58,15 +47,13 @@ QVBoxLayout* SourcesColumn(QDialog& window)
     sources->setTextElideMode(Qt::ElideLeft);
     column->addWidget(MakeWords(window, QDialog::tr("&New maps from"), "title", sources));
     column->addWidget(sources, 1);
-    column->addLayout(Row(window, {u"cmdFile"_s, u"cmdFolder"_s, u"cmdTakeOut"_s}));
+    column->addLayout(MakeButtonRow(window, {u"cmdFile"_s, u"cmdFolder"_s, u"cmdTakeOut"_s}));
     auto* fields = MakeFields();
     AddField(*fields, QDialog::tr("&County, if they tell none"), u"txtcounty"_s, window);
     AddField(*fields, QDialog::tr("Its &state"), u"txtstate"_s, window);
     column->addLayout(fields);
-    auto* beside = new QCheckBox(&window);
-    beside->setObjectName(u"ckbBeside"_s);
-    column->addWidget(beside);
-    QHBoxLayout* import = Row(window, {});
+    column->addWidget(MakeCheck(window, u"ckbBeside"_s));
+    QHBoxLayout* import = MakeButtonRow(window, {});
     auto* button = MakeButton(window, u"cmdImport"_s);
     button->setProperty("primary", true);
     import->addWidget(button);
@@ -85,30 +72,14 @@ void Layout_frm_MapData(QDialog& window, forms::Screen&)
     panes->addLayout(SourcesColumn(window), 1);
     rows->addLayout(panes, 3);
 
-    auto* beside = Row(window, {u"cmdDiff"_s, u"cmdUse"_s, u"cmdDiscard"_s});
+    auto* beside = MakeButtonRow(window, {u"cmdDiff"_s, u"cmdUse"_s, u"cmdDiscard"_s});
     auto* waits = MakeLabel(window, u"lblBeside"_s, "quiet");
     waits->setWordWrap(true);
     beside->insertWidget(3, waits, 1);
     rows->addLayout(beside);
 
-    auto* account = MakeList(window, u"lstaccount"_s, QDialog::tr("Account"));
-    account->setMinimumHeight(80);
-    auto* heading = MakeLabel(window, u"lblAccount"_s, "title");
-    heading->setBuddy(account);
-    rows->addWidget(heading);
-    rows->addWidget(account, 2);
-
-    auto* foot = new QHBoxLayout;
-    foot->setSpacing(8);
-    auto* message = MakeLabel(window, u"lblmsg"_s);
-    message->setWordWrap(true);
-    foot->addWidget(message, 1);
-    auto* gauge = MakeGauge(window, u"gauWork"_s);
-    gauge->setMinimumWidth(280);
-    foot->addWidget(gauge);
-    foot->addWidget(MakeButton(window, u"cmdStop"_s));
-    foot->addWidget(MakeButton(window, u"cmdExit"_s));
-    rows->addLayout(foot);
+    AddAccount(*rows, window, QDialog::tr("Account"), 2);
+    AddWorkFoot(*rows, window, {u"cmdStop"_s, u"cmdExit"_s});
     window.resize(1240, 640);
 }
 

@@ -17,9 +17,7 @@ namespace {
 /// Which records are shown, and the steps to the neighbours of the one on show.
 void AddSteps(QDialog& window, QVBoxLayout& column)
 {
-    auto* blank = new QCheckBox(&window);
-    blank->setObjectName(u"ckbBlank"_s);
-    column.addWidget(blank);
+    column.addWidget(MakeCheck(window, u"ckbBlank"_s));
     auto* steps = new QHBoxLayout;
     steps->setSpacing(8);
     for (const QString& name : {u"cmdprev"_s, u"cmdnext"_s, u"cmdOk"_s})

@@ -1,13 +1,12 @@
 #include "windows/layout_parts.h"
 #include "windows/record_grid.h"
 #include "windows/screen_layouts.h"
+#include "windows/work_parts.h"
 
 #include <QCheckBox>
 #include <QDialog>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QProgressBar>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
@@ -40,36 +39,17 @@ void Layout_frm_Rehearse(QDialog& window, forms::Screen&)
 
     auto* choices = new QHBoxLayout;
     choices->setSpacing(16);
-    for (int i = 0; i < 4; ++i) {
-        auto* option = new QRadioButton(&window);
-        option->setObjectName(u"optChoice_%1"_s.arg(i));
-        choices->addWidget(option);
-    }
-    auto* kind = new QCheckBox(&window);
-    kind->setObjectName(u"ckbKind"_s);
+    for (int i = 0; i < 4; ++i)
+        choices->addWidget(MakeOption(window, u"optChoice_%1"_s.arg(i)));
     choices->addSpacing(16);
-    choices->addWidget(kind);
+    choices->addWidget(MakeCheck(window, u"ckbKind"_s));
     choices->addStretch(1);
     rows->addLayout(choices);
 
     rows->addWidget(MakeWords(window, QDialog::tr("Field by field"), "title"));
     rows->addWidget(MakeGrid(window, u"grdfields"_s, QDialog::tr("Field by field")), 2);
 
-    auto* foot = new QHBoxLayout;
-    foot->setSpacing(8);
-    auto* message = MakeLabel(window, u"lblmsg"_s);
-    message->setWordWrap(true);
-    foot->addWidget(message, 1);
-    auto* gauge = MakeGauge(window, u"gauWork"_s);
-    gauge->setMinimumWidth(280);
-    foot->addWidget(gauge);
-    foot->addWidget(MakeButton(window, u"cmdRefused"_s));
-    foot->addWidget(MakeButton(window, u"cmdStop"_s));
-    auto* act = MakeButton(window, u"cmdImport"_s);
-    act->setProperty("primary", true);
-    foot->addWidget(act);
-    foot->addWidget(MakeButton(window, u"cmdExit"_s));
-    rows->addLayout(foot);
+    AddWorkFoot(*rows, window, {u"cmdRefused"_s, u"cmdStop"_s, u"cmdImport"_s, u"cmdExit"_s}, u"cmdImport"_s);
     window.resize(940, 600);
 }
 

@@ -2,6 +2,7 @@
 #include "windows/layout_parts.h"
 #include "windows/paper_view.h"
 #include "windows/screen_layouts.h"
+#include "windows/work_parts.h"
 
 #include <QComboBox>
 #include <QDialog>
@@ -12,7 +13,6 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QShortcut>
@@ -48,8 +48,7 @@ QHBoxLayout* TopRow(QDialog& window)
     row->addWidget(MakeWords(window, QDialog::tr("Pap&er"), "", paper));
     row->addWidget(paper);
     for (int i : {0, 1}) {
-        auto* option = new QRadioButton(&window);
-        option->setObjectName(u"optOrientation_%1"_s.arg(i));
+        auto* option = MakeOption(window, u"optOrientation_%1"_s.arg(i));
         option->setAutoExclusive(false);
         row->addWidget(option);
     }
@@ -93,21 +92,6 @@ QHBoxLayout* BottomRow(QDialog& window)
         find->setFocus(Qt::ShortcutFocusReason);
         find->selectAll();
     });
-    return row;
-}
-
-QHBoxLayout* FootRow(QDialog& window)
-{
-    auto* row = new QHBoxLayout;
-    row->setSpacing(8);
-    auto* message = MakeLabel(window, u"lblmsg"_s);
-    message->setWordWrap(true);
-    row->addWidget(message, 1);
-    auto* gauge = MakeGauge(window, u"gauWork"_s);
-    gauge->setMinimumWidth(260);
-    row->addWidget(gauge);
-    row->addWidget(MakeButton(window, u"cmdStop"_s));
-    row->addWidget(MakeButton(window, u"cmdExit"_s));
     return row;
 }
 
@@ -158,7 +142,7 @@ void Layout_frm_ReportPreview(QDialog& window, forms::Screen& screen)
     auto* view = new PaperView(preview, &window);
     rows->addWidget(view, 1);
     rows->addLayout(BottomRow(window));
-    rows->addLayout(FootRow(window));
+    AddWorkFoot(*rows, window, {u"cmdStop"_s, u"cmdExit"_s});
 
     // Pages are counted while nothing else is to be done.
     auto* counting = new QTimer(&window);

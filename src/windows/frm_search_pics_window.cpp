@@ -46,8 +46,7 @@ QLayout* FoundColumn(QDialog& window)
     auto* column = new QVBoxLayout;
     column->setSpacing(8);
     for (int i = 0; i < 4; ++i) {
-        auto* option = new QRadioButton(&window);
-        option->setObjectName(u"optSearch_%1"_s.arg(i));
+        auto* option = MakeOption(window, u"optSearch_%1"_s.arg(i));
         option->setAutoExclusive(false); // the rules keep one of them on
         column->addWidget(option);
     }

@@ -31,8 +31,7 @@ QLineEdit* MakeBox(QDialog& window, const QString& name)
 /// One of several; those of a group exclude each other.
 QRadioButton* MakeOption(QDialog& window, const QString& name, QButtonGroup& group)
 {
-    auto* option = new QRadioButton(&window);
-    option->setObjectName(name);
+    auto* option = windows::MakeOption(window, name);
     group.addButton(option);
     return option;
 }
@@ -122,11 +121,7 @@ void Layout_frm_StreetFind(QDialog& window, forms::Screen&)
     panes->addLayout(right, 3);
     rows->addLayout(panes, 1);
 
-    auto* foot = new QHBoxLayout;
-    foot->setSpacing(8);
-    auto* message = MakeLabel(window, u"lblmsg"_s);
-    message->setWordWrap(true);
-    foot->addWidget(message, 1);
+    auto* foot = MakeFoot(window);
     auto* find = MakeButton(window, u"cmdFind"_s);
     find->setDefault(true);
     find->setProperty("noAccessKey", true); // Return presses it; Alt+F looks for an address

@@ -76,12 +76,7 @@ QLayout* PhotoColumn(QDialog& window)
     column->addLayout(head);
     column->addWidget(list, 1);
 
-    auto* all = new QHBoxLayout;
-    all->setSpacing(8);
-    all->addWidget(MakeButton(window, u"cmdSelectAll"_s));
-    all->addWidget(MakeButton(window, u"cmdClearAll"_s));
-    all->addStretch(1);
-    column->addLayout(all);
+    column->addLayout(MakeButtonRow(window, {u"cmdSelectAll"_s, u"cmdClearAll"_s}));
 
     auto* byDate = new QHBoxLayout;
     byDate->setSpacing(8);
@@ -114,11 +109,7 @@ void Layout_frm_Trash(QDialog& window, forms::Screen&)
     panes->addWidget(MakePicture(window, u"geatrashcan"_s, QDialog::tr("Select a photo to see it")), 4);
     rows->addLayout(panes, 1);
 
-    auto* foot = new QHBoxLayout;
-    foot->setSpacing(8);
-    auto* message = MakeLabel(window, u"lblmsg"_s);
-    message->setWordWrap(true);
-    foot->addWidget(message, 1);
+    auto* foot = MakeFoot(window);
     foot->addWidget(MakeGauge(window, u"gauTrash"_s));
     foot->addWidget(MakeButton(window, u"cmdRestore"_s));
     foot->addWidget(MakeButton(window, u"cmdDelete"_s));

@@ -3,6 +3,7 @@
 #include "windows/icons.h"
 #include "windows/picture_view.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
 #include <QFont>
@@ -13,6 +14,7 @@
 #include <QListView>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScreen>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -50,6 +52,30 @@ QPushButton* MakeButton(QDialog& window, const QString& name)
     button->setObjectName(name);
     button->setAutoDefault(false);
     return button;
+}
+
+QCheckBox* MakeCheck(QWidget& parent, const QString& name)
+{
+    auto* box = new QCheckBox(&parent);
+    box->setObjectName(name);
+    return box;
+}
+
+QRadioButton* MakeOption(QWidget& parent, const QString& name)
+{
+    auto* option = new QRadioButton(&parent);
+    option->setObjectName(name);
+    return option;
+}
+
+QHBoxLayout* MakeButtonRow(QDialog& window, const QStringList& names)
+{
+    auto* row = new QHBoxLayout;
+    row->setSpacing(8);
+    for (const QString& name : names)
+        row->addWidget(MakeButton(window, name));
+    row->addStretch(1);
+    return row;
 }
 
 QToolButton* MakeIconButton(QDialog& window, const QString& name, const QString& icon)
@@ -147,6 +173,16 @@ QVBoxLayout* MakeRows(QDialog& window)
     rows->setContentsMargins(16, 16, 16, 16);
     rows->setSpacing(12);
     return rows;
+}
+
+QHBoxLayout* MakeFoot(QDialog& window)
+{
+    auto* foot = new QHBoxLayout;
+    foot->setSpacing(8);
+    auto* message = MakeLabel(window, u"lblmsg"_s);
+    message->setWordWrap(true);
+    foot->addWidget(message, 1);
+    return foot;
 }
 
 QGridLayout* MakeFields()

@@ -1,8 +1,9 @@
 #pragma once
 
 #include <QSize>
-#include <QString>
+#include <QStringList>
 
+class QCheckBox;
 class QDialog;
 class QGridLayout;
 class QHBoxLayout;
@@ -10,6 +11,7 @@ class QLabel;
 class QListView;
 class QProgressBar;
 class QPushButton;
+class QRadioButton;
 class QToolButton;
 class QVBoxLayout;
 class QWidget;
@@ -29,6 +31,10 @@ void PolishAll(const QWidget& window);
 
 /// A button that Return elsewhere does not press.
 [[nodiscard]] QPushButton* MakeButton(QDialog& window, const QString& name);
+[[nodiscard]] QCheckBox* MakeCheck(QWidget& parent, const QString& name);
+[[nodiscard]] QRadioButton* MakeOption(QWidget& parent, const QString& name);
+/// Buttons beside each other, at the left.
+[[nodiscard]] QHBoxLayout* MakeButtonRow(QDialog& window, const QStringList& names);
 /// A picture to click on; the keys have a button with words beside it.
 [[nodiscard]] QToolButton* MakeIconButton(QDialog& window, const QString& name, const QString& icon);
 /// A label of a screen's control. @param role  "title", "quiet" or ""
@@ -45,6 +51,8 @@ void PolishAll(const QWidget& window);
                                        const QString& directoryName);
 /// The rows of a window with its margins.
 [[nodiscard]] QVBoxLayout* MakeRows(QDialog& window);
+/// The last of them: the message, which takes what the buttons to come leave.
+[[nodiscard]] QHBoxLayout* MakeFoot(QDialog& window);
 
 /// The words about a box's text and the button that brings the text back; both are there while there is something to
 /// say. @param box  its name, "txtSaleDate"
