@@ -1,12 +1,12 @@
 #include "upkeep/export_csv.h"
 
 #include "platform/files/disk.h"
-#include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/record.h"
 #include "upkeep/code_pages.h"
 #include "upkeep/csv_text.h"
 #include "upkeep/export_statement.h"
+#include "upkeep/target_file.h"
 
 #include <QSaveFile>
 
@@ -19,25 +19,7 @@ namespace {
 constexpr qint64 kTurn = 500;
 const QString kWriting = u"Writing record %1 of %2"_s;
 
-[[noreturn]] void Fail(const QString& file, const QString& why)
-{
-    throw RuntimeError(error::kPathFileAccess, u"The file %1 could not be written: %2"_s.arg(file, why));
-}
-
 } // namespace
-
-void NeedTextFile(const files::Disk& disk, const QString& file)
-{
-    if (!disk.Found(file, files::ReadOnly | files::Hidden))
-        return;
-    const QString name = text::Folded(file);
-    if (!name.endsWith(u".CSV"_s) && !name.endsWith(u".TXT"_s) && !name.endsWith(u".TSV"_s))
-        throw RuntimeError(error::kPathFileAccess,
-                           u"%1 is there, and no text file to be written over. Choose a name that ends in .csv"_s.arg(file));
-    if ((disk.GetAttr(file) & files::ReadOnly) != 0)
-        throw RuntimeError(error::kPathFileAccess,
-                           u"The file %1 is write-protected. Choose another name, or take the protection off it"_s.arg(file));
-}
 
 CsvExport ExportCsv(const TransferDesk& desk, const QString& file, const QString& search, const CsvForm& form,
                     const WorkStep& step)
@@ -56,7 +38,7 @@ CsvExport ExportCsv(const TransferDesk& desk, const QString& file, const QString
     }
     QSaveFile out(desk.Disk().ToNative(file));
     if (!out.open(QIODevice::WriteOnly))
-        Fail(file, out.errorString());
+        FailWriting(file, out);
     out.write(MarkOf(form.codePage) + Encoded(CsvLine(names, form.delimiter), form.codePage, result.lost));
     const qint64 count = rows.Count();
     for (qint64 at = 0; at < count; ++at) {
@@ -70,11 +52,11 @@ CsvExport ExportCsv(const TransferDesk& desk, const QString& file, const QString
             values.append(text::Trim(record->Values().at(field).toString()));
         const QByteArray line = Encoded(CsvLine(values, form.delimiter), form.codePage, result.lost);
         if (out.write(line) != line.size())
-            Fail(file, out.errorString());
+            FailWriting(file, out);
         ++result.records;
     }
     if (!out.commit())
-        Fail(file, out.errorString());
+        FailWriting(file, out);
     result.written = true;
     return result;
 }

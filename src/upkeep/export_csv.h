@@ -21,10 +21,6 @@ struct CsvExport
     qint64 lost = 0; ///< letters that the code page does not have, written as "?"
 };
 
-/// A table takes the place of a text file alone: never of a database, a picture or what is write-protected.
-/// @throws RuntimeError 75
-void NeedTextFile(const files::Disk& disk, const QString& file);
-
 /// Writes the records of a search as a CSV file with a line of headings. The file takes its name when it is whole.
 /// @param file  drive path. @throws RuntimeError of disk and engine
 CsvExport ExportCsv(const TransferDesk& desk, const QString& file, const QString& search, const CsvForm& form,

@@ -172,15 +172,6 @@ private:
     QString m_sort; ///< of the search, with a blank before it
 };
 
-/// Another file could take the place of one that is write-protected.
-void NeedWritable(const files::Disk& disk, const QString& target)
-{
-    if (disk.Found(target, files::ReadOnly | files::Hidden) && (disk.GetAttr(target) & files::ReadOnly) != 0)
-        throw RuntimeError(error::kPathFileAccess,
-                           u"The file %1 is write-protected. Choose another name, or take the protection off it"_s.arg(
-                               target));
-}
-
 /// What tells a file from itself after somebody stored into it; nothing for one that is not there.
 QByteArray MarkOf(const files::Disk& disk, const QString& target)
 {

@@ -3,6 +3,7 @@
 #include "common/error_block.h"
 #include "common/paths.h"
 #include "platform/text/call_errors.h"
+#include "upkeep/export_statement.h"
 #include "upkeep/frm_report_preview.h"
 #include "upkeep/layout_files.h"
 #include "upkeep/report_question.h"
@@ -150,7 +151,7 @@ void frm_Crystal::cmdPrint_Click()
         const forms::Hourglass hourglass(m_desk.ports.window);
         filled = common::Guarded(m_desk.ports.prompter, [&] {
             FillReport(m_desk.engine, file, m_desk.databook, m_desk.globals.G_Table,
-                       ActiveSearch(m_statement));
+                       SearchTextOf(m_statement));
             datReport.Open(file, u"Comps"_s, store::SourceKind::Query);
         });
     }

@@ -2,6 +2,7 @@
 
 #include "common/error_block.h"
 #include "platform/text/call_errors.h"
+#include "upkeep/export_statement.h"
 #include "upkeep/report_csv.h"
 
 #include <algorithm>
@@ -177,10 +178,11 @@ void frm_ReportPreview::OpenNamed(const QString& name)
         return;
     }
     m_sheet = SheetOf(m_desk.disk, m_desk.globals, *m_layout);
+    const QString search = SearchTextOf(m_statement);
     m_facts = {.now = m_desk.ports.clock.Now(),
                .count = m_table->Count(),
                .databook = m_desk.globals.G_DataFile,
-               .search = IsFilter(ActiveSearch(m_statement)) ? ActiveSearch(m_statement) : QString(),
+               .search = Narrows(search) ? search : QString(),
                .company = m_desk.globals.companyName};
     m_filling = true;
     cboPaper.SetListIndex(static_cast<int>(paper::PaperNames().indexOf(m_sheet.name)));

@@ -9,7 +9,7 @@
 #include "store/transaction.h"
 #include "upkeep/address_twins.h"
 #include "upkeep/csv_text.h"
-#include "upkeep/export_csv.h"
+#include "upkeep/target_file.h"
 
 #include <QSaveFile>
 
@@ -274,7 +274,7 @@ qsizetype Rehearsal::WriteRefused(const QString& file) const
     NeedTextFile(m_desk.Disk(), file);
     QSaveFile out(m_desk.Disk().ToNative(file));
     if (!out.open(QIODevice::WriteOnly))
-        throw RuntimeError(error::kPathFileAccess, u"The file %1 could not be written: %2"_s.arg(file, out.errorString()));
+        FailWriting(file, out);
     qsizetype rows = 0;
     out.write(CsvLine(m_plan.columns + QStringList{kReason}, u',').toUtf8());
     for (const RehearsedRow& row : m_rows) {
@@ -288,7 +288,7 @@ qsizetype Rehearsal::WriteRefused(const QString& file) const
         ++rows;
     }
     if (!out.commit())
-        throw RuntimeError(error::kPathFileAccess, u"The file %1 could not be written: %2"_s.arg(file, out.errorString()));
+        FailWriting(file, out);
     return rows;
 }
 

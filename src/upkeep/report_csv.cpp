@@ -1,8 +1,8 @@
 #include "upkeep/report_csv.h"
 
-#include "platform/text/runtime_error.h"
 #include "store/fields.h"
 #include "upkeep/report_values.h"
+#include "upkeep/target_file.h"
 
 #include <QSaveFile>
 
@@ -68,9 +68,7 @@ paper::Made WriteReportCsv(const QString& file, const ReportLayout& layout, cons
         put(line);
     }
     if (!fine || !target.commit())
-        throw RuntimeError(target.error() == QFileDevice::OpenError ? error::kPathFileAccess
-                                                                    : error::kDiskFull,
-                           u"%1 can't be written: %2. Nothing was stored."_s.arg(file, target.errorString()));
+        FailWriting(file, target);
     return paper::Made::Whole;
 }
 

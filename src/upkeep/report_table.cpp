@@ -1,10 +1,11 @@
 #include "upkeep/report_table.h"
 
 #include "platform/text/runtime_error.h"
+#include "store/bulk_rows.h"
 #include "store/fields.h"
 #include "store/schema.h"
-#include "store/select_into.h"
 #include "store/store.h"
+#include "upkeep/export_statement.h"
 
 namespace vasclip::upkeep {
 
@@ -48,20 +49,6 @@ ReportFiles SelectReportFiles(int chosen)
     }
 }
 
-QString ActiveSearch(const QString& statement)
-{
-    const qsizetype where = statement.indexOf(u" WHERE "_s, 0, Qt::CaseInsensitive);
-    if (where >= 0)
-        return statement.mid(where + 7);
-    const qsizetype order = statement.indexOf(u" ORDER BY "_s, 0, Qt::CaseInsensitive);
-    return order >= 0 ? statement.mid(order + 1) : QString();
-}
-
-bool IsFilter(const QString& search)
-{
-    return !search.isEmpty() && !search.startsWith(u"ORDER BY"_s, Qt::CaseInsensitive);
-}
-
 qint64 FillReport(engine::Engine& engine, const QString& file, const QString& databook, const QString& table,
                   const QString& search)
 {
@@ -74,7 +61,10 @@ qint64 FillReport(engine::Engine& engine, const QString& file, const QString& da
             throw;
     }
     const QString copy = u"SELECT * INTO ["_s + file + u"].["_s + kTable + u"] FROM ["_s + table + u"] "_s;
-    return store::SelectInto(engine, databook, IsFilter(search) ? copy + u"WHERE "_s + search : copy);
+    const auto open = engine.OpenDatabase(databook);
+    const qint64 rows = store::CopyRows(*open, {Narrows(search) ? copy + u"WHERE "_s + search : copy});
+    open->Close();
+    return rows;
 }
 
 ReportTable::ReportTable(engine::Engine& engine, const QString& file, const ReportLayout& layout)

@@ -17,14 +17,9 @@ struct ReportFiles
 /// @param chosen  0 to 2, any other number for none of them
 [[nodiscard]] ReportFiles SelectReportFiles(int chosen);
 
-/// The condition of a search: what stands behind WHERE in the statement on display, or its "ORDER BY ..."
-/// where it has none, "" for neither.
-[[nodiscard]] QString ActiveSearch(const QString& statement);
-/// An empty text, and one that only sorts, is no filter.
-[[nodiscard]] bool IsFilter(const QString& search);
-
 /// Fills the report database with the records of a search, in its order; it is made if it is not there.
 /// @param databook  file that the records come from
+/// @param search    as SearchTextOf has it; one that is only a sort finds all
 /// @return how many they are
 /// @throws RuntimeError of engine and disk
 qint64 FillReport(engine::Engine& engine, const QString& file, const QString& databook, const QString& table,

@@ -1,9 +1,12 @@
 #include "upkeep/target_file.h"
 
 #include "common/paths.h"
+#include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/schema.h"
 #include "upkeep/file_names.h"
+
+#include <QFileDevice>
 
 #include <algorithm>
 
@@ -19,6 +22,10 @@ const QString kDatabaseTitle = u"User not allowed to %1 database"_s;
 const QString kOpen = u"You cannot %1 currently open database (%2)!"_s;
 const QString kLocked = u"The selected database is LOCKED (by you or another user). Make sure all users are not "
                         u"currenlty connected to %2 before attempting to %1 this database file!"_s;
+const QString kWriteProtected =
+    u"The file %1 is write-protected. Choose another name, or take the protection off it"_s;
+const QString kNoText = u"%1 is there, and no text file to be written over. Choose a name that ends in .csv"_s;
+const QString kNotWritten = u"%1 can't be written: %2. Nothing was stored"_s;
 const QString kTemplate = u"NEWDATA.MDB"_s;
 
 } // namespace
@@ -63,6 +70,27 @@ bool RefusesTarget(forms::Prompter& prompter, engine::Engine& engine, const File
         return true;
     }
     return RefusesLocked(prompter, engine, verb, path);
+}
+
+void NeedWritable(const files::Disk& disk, const QString& file)
+{
+    if (disk.Found(file, files::ReadOnly | files::Hidden) && (disk.GetAttr(file) & files::ReadOnly) != 0)
+        throw RuntimeError(error::kPathFileAccess, kWriteProtected.arg(file));
+}
+
+void NeedTextFile(const files::Disk& disk, const QString& file)
+{
+    const QString name = text::Folded(file);
+    const bool isText = name.endsWith(u".CSV"_s) || name.endsWith(u".TXT"_s) || name.endsWith(u".TSV"_s);
+    if (!isText && disk.Found(file, files::ReadOnly | files::Hidden))
+        throw RuntimeError(error::kPathFileAccess, kNoText.arg(file));
+    NeedWritable(disk, file);
+}
+
+void FailWriting(const QString& shown, const QFileDevice& file)
+{
+    throw RuntimeError(file.error() == QFileDevice::OpenError ? error::kPathFileAccess : error::kDiskFull,
+                       kNotWritten.arg(shown, file.errorString()));
 }
 
 void CopyFromNewData(engine::Engine& engine, const QStringList& templates, const QString& target)

@@ -4,6 +4,8 @@
 #include "platform/engine/database.h"
 #include "store/data_source.h"
 
+class QFileDevice;
+
 namespace vasclip::upkeep {
 
 /// What is about to be done to a database file, as the refusals word it.
@@ -34,6 +36,15 @@ inline constexpr FileVerb kDelete{QLatin1StringView("delete"), QLatin1StringView
                                  const QString& path);
 /// Does somebody have the file open? A companion that only processes of the past have left does not count.
 [[nodiscard]] bool IsLocked(engine::Engine& engine, const QString& path);
+
+/// Another file could take the place of one that is write-protected. @throws RuntimeError 75
+void NeedWritable(const files::Disk& disk, const QString& file);
+/// A table takes the place of a text file alone: never of a database, a picture or what is write-protected.
+/// @throws RuntimeError 75
+void NeedTextFile(const files::Disk& disk, const QString& file);
+/// Of a file that was being written and is not there then: 75 where it could not be opened, else 61.
+/// @param shown  its name, as the user knows it
+[[noreturn]] void FailWriting(const QString& shown, const QFileDevice& file);
 
 /// Makes the target from the empty database, if it is not there yet.
 /// @param templates  where NEWDATA.MDB is looked for, in this order; without one an empty database is made

@@ -21,18 +21,6 @@ TEST(SelectReportFiles, HasARowForEachChoice)
     EXPECT_EQ(files(-1), "brief.rpt Report_NonDesc.mdb");
 }
 
-TEST(ActiveSearch, IsWhatStandsBehindWhere)
-{
-    EXPECT_EQ(ActiveSearch(u"SELECT A FROM COMPS WHERE CITY = 'X' ORDER BY COMPS.GLA DESC"_s),
-              u"CITY = 'X' ORDER BY COMPS.GLA DESC"_s);
-    EXPECT_EQ(ActiveSearch(u"SELECT A FROM COMPS ORDER BY COMPS.GLA DESC"_s), u"ORDER BY COMPS.GLA DESC"_s);
-    EXPECT_EQ(ActiveSearch(u"SELECT A FROM COMPS"_s), QString());
-    EXPECT_EQ(ActiveSearch({}), QString());
-    EXPECT_FALSE(IsFilter(u"ORDER BY COMPS.GLA DESC"_s));
-    EXPECT_FALSE(IsFilter({}));
-    EXPECT_TRUE(IsFilter(u"CITY = 'X' ORDER BY COMPS.GLA"_s));
-}
-
 TEST(Question, IsAskedFromTheFiveHundredAndFirstOn)
 {
     tests::TestPorts doubles;
@@ -94,6 +82,7 @@ TEST_F(FilledReport, OfASearchThatOnlySortsIsTheWholeDatabook)
 {
     EXPECT_EQ(Fill(u"ORDER BY COMPS.SELLINGPR DESC"_s), 3);
     EXPECT_EQ(Fill(u"order by COMPS.SELLINGPR DESC"_s), 3);
+    EXPECT_EQ(Fill(u"  ORDER BY COMPS.SELLINGPR DESC"_s), 3);
 }
 
 TEST_F(FilledReport, GoesByTheLayoutsOrderAndByValue)

@@ -53,7 +53,7 @@ private:
 /// Which of its calls failed the file does not always remember.
 [[noreturn]] void Fail(int number, const QString& file, const QString& reason)
 {
-    throw RuntimeError(number, u"%1 can't be written: %2. Nothing was stored."_s.arg(file, reason));
+    throw RuntimeError(number, u"%1 can't be written: %2. Nothing was stored"_s.arg(file, reason));
 }
 
 } // namespace
