@@ -219,7 +219,8 @@ void FileScreen::cmdDelete_Click()
         return;
     const QString file = File();
     const QString table = text::Trim(txtTable.Text());
-    if (RefusesMissing(file))
+    engine::Engine& engine = m_desk.Engine();
+    if (RefusesTarget(Prompter(), engine, kDelete, file, m_desk.Databook()) || RefusesMissing(file))
         return;
     if (lstTables.IndexOf(table) < 0) {
         Tell(kTableGone.arg(table, file), forms::Colour::Red);
@@ -227,7 +228,7 @@ void FileScreen::cmdDelete_Click()
     }
     if (!Prompter().YesNo({}, kDeleteTable.arg(table)))
         return;
-    if (link::Reported(Prompter(), "cmdDelete", [&] { DeleteTable(m_desk.Engine(), file, table); }))
+    if (link::Reported(Prompter(), "cmdDelete", [&] { DeleteTable(engine, file, table); }))
         Tell(kTableDeleted.arg(table, file));
     ListFileTables();
 }

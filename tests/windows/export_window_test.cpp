@@ -225,6 +225,32 @@ TEST_F(ExportWindow, DeletesTheTableThatWasClickedAlsoWhenTheListIsRefilledMeanw
     });
 }
 
+TEST_F(ExportWindow, DeletesNoTableOfADatabaseThatIsTheProgramsOrOpen)
+{
+    const QString mine = u"C:\\DATABOOK\\MINE.MDB"_s, other = u"C:\\DATABOOK\\OTHER.MDB"_s;
+    engine.CopyDatabase(shell::kDatabook, mine);
+    engine.CopyDatabase(shell::kDatabook, other);
+    main.sources.datDatabook.Open(mine, u"COMPS"_s, store::SourceKind::Table);
+    Play([&] {
+        Type(u"txtPath"_s, u"c:\\databook\\"_s);
+        Type(u"txtFileName"_s, u"mine.mdb"_s);
+        Press(u"cmdDelete"_s);
+        EXPECT_EQ(doubles.prompter.Last().title, u"User not allowed to delete database"_s);
+        EXPECT_EQ(doubles.prompter.Last().text, u"You cannot delete currently open database (%1)!"_s.arg(mine));
+        Type(u"txtFileName"_s, u"DATABOOK.MDB"_s);
+        Press(u"cmdDelete"_s);
+        EXPECT_EQ(doubles.prompter.Last().text,
+                  u"You cannot delete default (protected) installed database: DATABOOK "_s);
+        home.Put(u"C:\\DATABOOK\\OTHER.LDB"_s, "somebody");
+        Type(u"txtFileName"_s, u"OTHER.MDB"_s);
+        Press(u"cmdDelete"_s);
+        EXPECT_TRUE(doubles.prompter.Last().text.startsWith(u"The selected database is LOCKED"_s));
+    });
+    home.disk.Kill(u"C:\\DATABOOK\\OTHER.LDB"_s);
+    for (const QString& file : {mine, other, shell::kDatabook})
+        EXPECT_EQ(upkeep::CountOf(engine, file, u"COMPS"_s), 2) << file.toStdString();
+}
+
 TEST_F(ExportWindow, KeepsATableThatWasTypedWhenTheListIsRefilled)
 {
     Play([&] {
