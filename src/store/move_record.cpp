@@ -14,6 +14,12 @@ QString OfKey(const QString& key)
     return u" WHERE [%1] = '%2'"_s.arg(kKeyIndex, QString(text::Trim(key)).replace(u'\'', u"''"_s));
 }
 
+bool IsThere(engine::Engine& engine, const MoveTarget& target, const QString& key)
+{
+    const auto file = engine.OpenDatabase(target.file, engine::OpenMode::ReadOnly);
+    return Rows(*file, u"SELECT [%1] FROM [%2]"_s.arg(kKeyIndex, target.table) + OfKey(key)).Count() > 0;
+}
+
 } // namespace
 
 Moved MoveRecord(DataSource& source, const QString& key, const MoveTarget& target, SameKey same,
@@ -34,13 +40,13 @@ Moved MoveRecord(DataSource& source, const QString& key, const MoveTarget& targe
     const QString append = u"INSERT INTO %1 (%2) SELECT %2 FROM [%3]"_s.arg(into, columns, source.RecordSource()) +
                            OfKey(key);
     bool replaced = false;
-    // What has the key already is left out by an append.
+    // What has the key already is left out by an append, and what a required field or another index refuses.
     if (database.Execute(append) == 0) {
-        if (same == SameKey::Leave)
+        if (same == SameKey::Leave && IsThere(source.Engine(), target, key))
             return Moved::KeyTaken;
-        replaced = database.Execute(u"DELETE FROM "_s + into + OfKey(key)) > 0;
-        if (database.Execute(append) == 0)
-            return Moved::KeyTaken;
+        replaced = same == SameKey::Replace && database.Execute(u"DELETE FROM "_s + into + OfKey(key)) > 0;
+        if (!replaced || database.Execute(append) == 0)
+            return Moved::Refused;
     }
     static_cast<void>(Change::DeleteKey(source, key, QString(words).replace(u"%1"_s, text::Trim(key))));
     whole.Commit();

@@ -24,6 +24,7 @@ enum class Moved {
     Replaced, ///< in the place of a record that was there
     Gone,     ///< somebody else has deleted it meanwhile
     KeyTaken, ///< there is a record of its key in the target; nothing was done
+    Refused,  ///< a required field or another index of the target keeps it out; nothing was done
 };
 
 /// Moves the record of a key in one transaction over both files: whatever happens, a kill too, it is in one of them

@@ -25,6 +25,7 @@ const QString kMoveWords = u"Archive %1"_s;
 const QString kNoDate = u"01/01/1900"_s;
 const QString kOverwrite = u"Overwrite %1"_s;
 const QString kStays = u"%1: the archive has a record of this address; both stay"_s;
+const QString kKeptOut = u"%1: the archive's table keeps it out, by a field that must be filled or an index besides the key; it stays"_s;
 const QString kMissing = u"%1: its picture %2.jpg is not in %3; the record went without it"_s;
 const QString kNoPhotoDirectory = u"The photo directory %1 is not there, so no record could go with its pictures. Connect "
                                   u"its disk, or name another one in the setup"_s;
@@ -188,6 +189,9 @@ void Archiving::Take(const QString& key, const store::Record& record)
         break;
     case store::Moved::KeyTaken:
         m_done.left.append(kStays.arg(key));
+        return;
+    case store::Moved::Refused:
+        m_done.left.append(kKeptOut.arg(key));
         return;
     case store::Moved::Gone:
         return;

@@ -4,6 +4,7 @@
 #include "photos/photo_files.h"
 #include "photos/photo_list.h"
 #include "platform/engine/process.h"
+#include "platform/files/drive_path.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
@@ -22,6 +23,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kPiece = 32768;
+constexpr qsizetype kLongestName = 255; ///< bytes, on every disk that is in use
+const QString kJpg = u".jpg"_s;
 const QString kFrontView = u"FRONT VIEW"_s;
 const QString kMark = u".incoming"_s;
 const QString kStepWords = u"Picture of %1"_s;
@@ -51,6 +54,17 @@ QString FrontStem(QString photos)
     if (!photos.endsWith(u"\r\n"_s))
         photos += u"\r\n"_s;
     return photos::PhotoList(photos::ParsePhotos(photos)).StemOf(kFrontView);
+}
+
+/// Where a picture of that name stands in the photo directory; "" for a name that no file can have there, by itself or
+/// while it waits.
+QString PlaceOf(const TransferDesk& desk, const QString& stem)
+{
+    const QString name = stem + kJpg;
+    const QString longest = name + kMark + QString::number(engine::OwnProcess());
+    if (!photos::IsPlainStem(stem) || !files::IsPossibleName(name) || longest.toUtf8().size() > kLongestName)
+        return {};
+    return desk.Disk().ToNative(common::CkRSlash(desk.globals.G_PhotoDir) + name);
 }
 
 } // namespace
@@ -122,8 +136,8 @@ QList<RowPicture> LookAtPictures(const TransferDesk& desk, engine::Database& sou
         const QString stem = row.Stem();
         if (stem.isEmpty() || row.Size() <= 0)
             continue;
-        const QString file = desk.Disk().ToNative(common::CkRSlash(desk.globals.G_PhotoDir) + stem + u".jpg"_s);
-        if (!photos::IsPlainStem(stem) || !row.IsPicture())
+        const QString file = PlaceOf(desk, stem);
+        if (file.isEmpty() || !row.IsPicture())
             pictures.last() = RowPicture::Refused;
         else if (!QFile::exists(file))
             pictures.last() = RowPicture::Fresh;
@@ -166,7 +180,8 @@ void EmbeddedImages::SaveOne(const PictureRow& row)
     const QString stem = row.Stem();
     if (stem.isEmpty() || row.Size() <= 0)
         return;
-    if (!photos::IsPlainStem(stem)) {
+    const QString native = PlaceOf(m_desk, stem);
+    if (native.isEmpty()) {
         m_result.notSaved.append(kNoName.arg(row.Key(), stem));
         return;
     }
@@ -174,7 +189,6 @@ void EmbeddedImages::SaveOne(const PictureRow& row)
         m_result.notSaved.append(kNoPicture.arg(row.Key()));
         return;
     }
-    const QString native = m_desk.Disk().ToNative(common::CkRSlash(m_desk.globals.G_PhotoDir) + stem + u".jpg"_s);
     const QString waiting = WaitingName(native);
     if (QFile::exists(waiting)) {
         m_result.notSaved.append(kTwice.arg(row.Key(), stem));

@@ -29,20 +29,26 @@ const engine::Field* FieldOf(const engine::TableDef& table, const QString& name)
     return found == table.fields.end() ? nullptr : &*found;
 }
 
-bool IsText(const engine::Field& field)
+bool IsBytes(const engine::Field& field)
 {
-    return field.type == engine::FieldType::Text || field.type == engine::FieldType::Memo;
+    return field.type == engine::FieldType::Binary || field.type == engine::FieldType::LongBinary;
 }
 
-/// Columns whose texts may be longer than the Databook's field takes.
+/// Can a value of one be stored in the other? Bytes are no text, and a picture is bytes read in pieces.
+bool Fits(const engine::Field& source, const engine::Field& target)
+{
+    return IsBytes(target) ? source.type == engine::FieldType::LongBinary : !IsBytes(source);
+}
+
+/// Columns whose texts may be longer than the Databook's field takes. Numbers and dates are stored as text.
 QList<engine::Field> Narrower(const engine::TableDef& from, const engine::TableDef& into, const QStringList& columns)
 {
     QList<engine::Field> narrower;
     for (const QString& name : columns) {
         const engine::Field* source = FieldOf(from, name);
         const engine::Field* target = FieldOf(into, name);
-        const bool wider = source->type == engine::FieldType::Memo || source->size > target->size;
-        if (target->type == engine::FieldType::Text && IsText(*source) && wider)
+        const bool wider = source->type != engine::FieldType::Text || source->size > target->size;
+        if (target->type == engine::FieldType::Text && wider)
             narrower.append(*target);
     }
     return narrower;
@@ -56,7 +62,7 @@ QHash<qint64, QString> TooLong(engine::Database& source, const QString& table, c
         return found;
     QStringList names;
     for (const engine::Field& field : narrower)
-        names.append(u'[' + field.name + u']');
+        names.append(u"[%1] & ''"_s.arg(field.name));
     const store::Rows rows(source, u"SELECT "_s + names.join(u", "_s) + u" FROM ["_s + table + u']');
     for (qint64 at = 0; at < rows.Count(); ++at) {
         const auto record = rows.At(at);
@@ -74,7 +80,7 @@ QString FitCondition(const QList<engine::Field>& narrower)
 {
     QStringList terms{u"TRIM("_s + fields::CENTRALKEY + u") <> ''"_s};
     for (const engine::Field& field : narrower)
-        terms.append(u"([%1] IS NULL OR LEN([%1]) <= %2)"_s.arg(field.name).arg(field.size));
+        terms.append(u"LEN([%1] & '') <= %2"_s.arg(field.name).arg(field.size));
     return terms.join(u" AND "_s);
 }
 
@@ -122,10 +128,16 @@ ImportPlan PlanImport(const TransferDesk& desk, engine::Database& source, const 
     const engine::TableDef from = source.Table(table);
     const engine::TableDef into = desk.databook.Database().Table(desk.globals.G_Table);
     QStringList both;
-    for (const engine::Field& field : from.fields)
-        (FieldOf(into, field.name) ? both : plan.leftBehind).append(field.name);
+    for (const engine::Field& field : from.fields) {
+        const engine::Field* target = FieldOf(into, field.name);
+        (!target ? plan.leftBehind : Fits(field, *target) ? both : plan.otherKind).append(field.name);
+    }
     plan.columns = removeEmbeddedImages(both);
     plan.hasPictures = plan.columns.size() < both.size() && both.contains(fields::PHOTOS, Qt::CaseInsensitive);
+    if (plan.otherKind.contains(fields::CENTRALKEY, Qt::CaseInsensitive))
+        throw RuntimeError(error::kFieldUnknown,
+                           u"The field %1 of the table %2 holds bytes, which are no keys of records. Choose a table of comps"_s
+                               .arg(fields::CENTRALKEY, table));
     if (!both.contains(fields::CENTRALKEY, Qt::CaseInsensitive))
         throw RuntimeError(error::kFieldUnknown,
                            u"The table %1 of %2 has no field %3, by which records are told apart. Choose a table of comps"_s

@@ -19,6 +19,7 @@ struct ImportPlan
 {
     QStringList columns;     ///< that both tables have, but for the picture inside a row
     QStringList leftBehind;  ///< columns that the Databook does not have
+    QStringList otherKind;   ///< columns that hold bytes where the Databook holds text, or text for a picture; left behind
     QString condition;       ///< rows that have a key and fit into the Databook's fields
     qint64 rows = 0;         ///< of the source
     QStringList newKeys;     ///< of the rows that come in, as stored

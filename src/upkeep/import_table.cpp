@@ -64,6 +64,7 @@ ImportResult ImportTable(const TransferDesk& desk, const ImportOrder& order, con
     result.rows = plan.rows;
     result.refused = plan.refused;
     result.leftBehind = plan.leftBehind;
+    result.otherKind = plan.otherKind;
     if (!order.pictures && plan.hasPictures)
         result.picturesLeft = PicturesInside(*source, order.table);
     EmbeddedImages images(desk, *source, order.table);
@@ -96,6 +97,8 @@ QString WordsOf(const ImportResult& result)
         words += u' ' + Counted(out, u"was refused."_s, u"were refused."_s);
     if (!result.leftBehind.isEmpty())
         words += u" The Databook has no field "_s + result.leftBehind.join(u", "_s) + u'.';
+    if (!result.otherKind.isEmpty())
+        words += u" What "_s + result.otherKind.join(u", "_s) + u" holds is of another kind than in the Databook and was left."_s;
     if (result.picturesLeft > 0)
         words += u' ' + Counted(result.picturesLeft, u"picture was"_s, u"pictures were"_s) +
                  u" left inside the file; import it again with its pictures to have them."_s;

@@ -21,6 +21,7 @@ struct ImportResult
     qint64 appended = 0;
     QList<RefusedRow> refused;
     QStringList leftBehind; ///< columns that the Databook does not have
+    QStringList otherKind;  ///< columns whose values the Databook's fields can't hold
     qint64 picturesLeft = 0; ///< inside rows, where none were wanted
     SavedImages pictures;
 };

@@ -67,6 +67,23 @@ TEST_F(Archive, ADuplicateIsOverwrittenWithoutAQuestionWhereNoneIsWanted)
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
 
+TEST_F(Archive, ARecordThatAnotherIndexKeepsOutIsNamedAndTheOthersGoOn)
+{
+    disk.Kill(archive);
+    engine::TableDef strict = store::CompsTable();
+    strict.indexes.append({.name = u"ONE"_s, .fields = {u"NOTES"_s}, .unique = true});
+    engine.CreateDatabase(archive)->CreateTable(strict);
+    InArchive(u"9 Z ST"_s, u"level"_s);
+    Comp(u"1 A ST"_s, u"05/05/1995"_s, u"A"_s, u"level"_s);
+    Comp(u"2 B ST"_s, u"05/05/1995"_s, {}, u"steep"_s);
+    const Archived done = Run();
+    EXPECT_EQ(done.moved, 1);
+    EXPECT_EQ(done.left, QStringList{u"1 A ST: the archive's table keeps it out, by a field that must be filled or an index "
+                                     u"besides the key; it stays"_s});
+    EXPECT_EQ(Here(), QStringList{u"1 A ST"_s});
+    EXPECT_TRUE(disk.FileExists(u"C:\\JPG\\A.jpg"_s));
+}
+
 TEST_F(Archive, ADuplicateIsAskedAboutAndNoLeavesBoth)
 {
     duplicates = Duplicates::Ask;

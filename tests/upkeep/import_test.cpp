@@ -244,6 +244,50 @@ TEST_F(Import, TakesATableOfOtherFieldsInAnotherOrder)
     EXPECT_EQ(Keys(path, table).size(), 4);
 }
 
+TEST_F(Import, LeavesAColumnOfAnotherKindAndBringsTheRowsIn)
+{
+    using engine::FieldType;
+    const auto database = engine.OpenDatabase(file);
+    database->CreateTable({.name = u"ODD"_s,
+                           .fields = {{.name = key, .size = 40},
+                                      {.name = u"NOTES"_s, .type = FieldType::LongBinary},
+                                      {.name = u"CITY"_s, .type = FieldType::Binary, .size = 9},
+                                      {.name = u"FRONTPHOTO"_s, .type = FieldType::Memo},
+                                      {.name = u"PHOTOS"_s, .type = FieldType::Memo},
+                                      {.name = u"SALEDATE"_s, .type = FieldType::Date},
+                                      {.name = u"ST"_s, .type = FieldType::Long}},
+                           .indexes = {}});
+    database->Close();
+    const QDateTime sold(QDate(2004, 3, 7), QTime(0, 0));
+    Put(u"ODD"_s, {{key, u"1 ASH ST"_s}, {u"NOTES"_s, kJpeg}, {u"CITY"_s, QByteArray("abc")},
+                   {u"FRONTPHOTO"_s, u"no picture"_s}, {u"PHOTOS"_s, u"FRONT VIEW|00000009\r\n"_s},
+                   {u"SALEDATE"_s, sold}, {u"ST"_s, 41}});
+    Put(u"ODD"_s, {{key, u"2 ASH ST"_s}, {u"ST"_s, 123456789}});
+    const ImportResult result = Run(true, u"ODD"_s);
+    EXPECT_EQ(result.appended, 1);
+    EXPECT_EQ(result.otherKind, (QStringList{u"NOTES"_s, u"CITY"_s, u"FRONTPHOTO"_s}));
+    EXPECT_TRUE(WordsOf(result).contains(u"What NOTES, CITY, FRONTPHOTO holds is of another kind"_s));
+    EXPECT_EQ(AccountOf(result), QStringList{u"2 ASH ST: ST holds 9 characters, the Databook takes 4"_s});
+    EXPECT_EQ(Field(path, table, u"1 ASH ST"_s, u"SALEDATE"_s).toString(), u"3/7/2004"_s);
+    EXPECT_EQ(Field(path, table, u"1 ASH ST"_s, u"ST"_s).toString(), u"41"_s);
+    EXPECT_EQ(Pictures().size(), 2) << "text is no picture";
+}
+
+TEST_F(Import, RefusesANameThatNoPictureFileCanHaveAndBringsTheOthersIn)
+{
+    PutComp(u"1 ASH ST"_s, {}, u"FRONT VIEW|CON\r\n"_s, kJpeg);
+    PutComp(u"2 ASH ST"_s, {}, u"FRONT VIEW|"_s + QString(300, u'9') + u"\r\n"_s, kJpeg);
+    PutComp(u"3 ASH ST"_s, {}, u"FRONT VIEW|a<b\r\n"_s, kJpeg);
+    PutComp(u"4 ASH ST"_s, {}, u"FRONT VIEW|00000009\r\n"_s, kJpeg);
+    const ImportResult result = Run();
+    EXPECT_EQ(result.appended, 4);
+    EXPECT_EQ(result.pictures.written, 1);
+    ASSERT_EQ(result.pictures.notSaved.size(), 3);
+    EXPECT_EQ(result.pictures.notSaved[0], u"1 ASH ST: \"CON\" is no name of a picture"_s);
+    EXPECT_TRUE(result.pictures.notSaved[1].startsWith(u"2 ASH ST: \"999"_s));
+    EXPECT_EQ(Bytes(u"C:\\JPG\\00000009.jpg"_s), kJpeg);
+}
+
 TEST_F(Import, RefusesATableWithoutKeys)
 {
     const auto database = engine.OpenDatabase(file);
