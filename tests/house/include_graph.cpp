@@ -246,7 +246,7 @@ const QList<QStringList>& Floors()
         {u"platform/text"_s},
         {u"platform/files"_s, u"platform/work"_s},
         {u"platform/engine"_s, u"platform/picture"_s, u"platform/paper"_s, u"platform/street"_s, u"platform/conduit"_s,
-         u"platform/desktop"_s},
+         u"platform/desktop"_s, u"platform/sheet"_s},
         {u"forms"_s},
         {u"common"_s},
         {u"store"_s},
