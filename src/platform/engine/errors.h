@@ -8,6 +8,7 @@ namespace vasclip::error {
 inline constexpr int kInternalEngine = 3001;
 inline constexpr int kTooManyDatabases = 3014;
 inline constexpr int kDatabaseNotFound = 3024;
+inline constexpr int kNotValidPassword = 3031; ///< an encrypted file of the old engine
 inline constexpr int kNoTransaction = 3034;
 inline constexpr int kRecordTooLarge = 3047;
 inline constexpr int kKeyIsNull = 3058;

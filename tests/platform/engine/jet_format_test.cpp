@@ -1,5 +1,6 @@
 // The pieces of the format, each by itself: texts, numbers, dates, rows of the older generation, keys, maps.
 
+#include "platform/engine/genuine_file.h"
 #include "platform/engine/jet/column_value.h"
 #include "platform/engine/jet/entry_sorter.h"
 #include "platform/engine/jet/index_key.h"
@@ -239,6 +240,34 @@ TEST(JetFormat, PagesThatAreMaskedWithAKeyAreReadThroughIt)
     const auto rows = home.engine.OpenDatabase(u"C:\\X.MDB"_s)->OpenRecordset(u"Users"_s, RecordsetType::Table);
     EXPECT_EQ(rows->RecordCount(), 3);
     EXPECT_EQ(rows->Value(u"UserName"_s), u"Nuintun"_s);
+}
+
+TEST(JetFormat, OneThatIsEncryptedIsNotCalledDamaged)
+{
+    Home home;
+    {
+        GenuineFile file(home.engine, u"C:\\X.MDB"_s);
+        TableDef table;
+        table.name = u"COMPS"_s;
+        table.fields = {TextField(u"CENTRALKEY"_s, 35)};
+        file.Content().CreateTable(table);
+        static_cast<void>(file.Finish());
+    }
+    QByteArray bytes = BytesOf(home.Native(u"X.MDB"_s));
+    const QByteArray header("\xC7\xDA\x39\x6B", 4);
+    Mask(bytes.data() + 0x18, 128, header);
+    qToLittleEndian<quint32>(0x1234ABCD, bytes.data() + 0x3E);
+    Mask(bytes.data() + 0x18, 128, header);
+    // The pages are masked with a key that comes of a password.
+    for (qsizetype page = 4096; page < bytes.size(); page += 4096)
+        Mask(bytes.data() + page, 4096, "secret");
+    QFile file(home.Native(u"X.MDB"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    file.close();
+    QString text;
+    EXPECT_EQ(ErrorOf([&] { static_cast<void>(home.engine.OpenDatabase(u"C:\\X.MDB"_s)); }, &text),
+              error::kNotValidPassword);
+    EXPECT_TRUE(text.contains(u"C:\\X.MDB is encrypted"_s)) << text.toStdString();
 }
 
 } // namespace

@@ -11,6 +11,8 @@ namespace {
 
 constexpr std::size_t kPagesKept = 512;
 constexpr qsizetype kMaskStart = 0x18;
+constexpr quint32 kCatalogue = 2; ///< the page that every file defines its list of tables on
+const QByteArray kDefinitionBegin("\x02\x01", 2);
 
 } // namespace
 
@@ -31,6 +33,11 @@ PageFile::PageFile(const QString& native, const QString& shown)
     m_size = m_file.size();
     ReadHeader();
     m_pages = static_cast<quint32>(std::min<qint64>(m_size / Shape().pageSize, 0xFFFFFF));
+    if (m_header.pageKey != 0 && m_pages > kCatalogue && !Page(kCatalogue).startsWith(kDefinitionBegin))
+        throw RuntimeError(error::kNotValidPassword,
+                           u"The Access database %1 is encrypted, so that nothing in it can be read here. It is not "
+                           "damaged. Take its encryption off in the program that made it (there it is called a "
+                           "database password or encoding), and try again"_s.arg(shown));
 }
 
 void PageFile::ReadHeader()

@@ -26,7 +26,8 @@ class PageFile
 {
 public:
     /// @param native  its path; `shown` is its drive path for messages
-    /// @throws 3051 no right to read it, 3049 it breaks off in its first page, 3343 it is not genuine
+    /// @throws 3051 no right to read it, 3049 it breaks off in its first page, 3343 it is not genuine, 3031 it is
+    /// encrypted with more than the key that it holds
     PageFile(const QString& native, const QString& shown);
 
     [[nodiscard]] const Format& Shape() const { return m_header.version == 0 ? kJet3 : kJet4; }
