@@ -1,11 +1,7 @@
-// Genuine files that the program writes: what goes in comes out again, for this program and for independent ones.
+// Genuine files that the program writes: what goes in comes out again.
 
-#include "platform/engine/genuine_file.h"
 #include "platform/engine/health.h"
-#include "platform/engine/jet_samples.h"
-
-#include <QProcess>
-#include <QStandardPaths>
+#include "platform/engine/jet_rows.h"
 
 #include <cmath>
 
@@ -13,114 +9,6 @@ namespace vasclip::engine {
 namespace {
 
 const QString kFile = u"C:\\NEW.MDB"_s;
-
-/// A field of every type.
-TableDef EveryType()
-{
-    TableDef table;
-    table.name = u"KINDS"_s;
-    table.fields = {TextField(u"NAME"_s, 35),
-                    TypedField(u"YES"_s, FieldType::Boolean),
-                    TypedField(u"SMALL"_s, FieldType::Byte),
-                    TypedField(u"MIDDLE"_s, FieldType::Integer),
-                    TypedField(u"WHOLE"_s, FieldType::Long),
-                    TypedField(u"MONEY"_s, FieldType::Currency),
-                    TypedField(u"ROUGH"_s, FieldType::Single),
-                    TypedField(u"FINE"_s, FieldType::Double),
-                    TypedField(u"DAY"_s, FieldType::Date),
-                    TextField(u"LONGEST"_s, 255),
-                    TypedField(u"NOTES"_s, FieldType::Memo),
-                    TypedField(u"PICTURE"_s, FieldType::LongBinary)};
-    table.indexes = {{u"PrimaryKey"_s, {u"NAME"_s}, true, true},
-                     {u"ByDay"_s, {u"DAY"_s, u"WHOLE"_s}, false, false}};
-    return table;
-}
-
-QByteArray Picture(int bytes, int seed)
-{
-    QByteArray picture(bytes, Qt::Uninitialized);
-    for (int i = 0; i < bytes; ++i)
-        picture[i] = static_cast<char>((i * 31 + seed * 7 + i / 251) & 0xFF);
-    return picture;
-}
-
-QDateTime Day(int year, int month, int day, int hour = 0, int minute = 0, int second = 0)
-{
-    return {QDate(year, month, day), QTime(hour, minute, second), Qt::UTC};
-}
-
-/// Rows with the edges of every type; the first one holds nothing but its key.
-QList<QVariantList> Edges()
-{
-    QList<QVariantList> rows;
-    rows.append({u"nothing"_s, false, {}, {}, {}, {}, {}, {}, {}, {}, {}, {}});
-    rows.append({u"zeros"_s, false, 0LL, 0LL, 0LL, 0.0, 0.0, 0.0, Day(1899, 12, 30), u""_s, u""_s, QByteArray("")});
-    rows.append({u"least"_s, true, 0LL, -32768LL, -2147483648LL, -92233720368.4775, -1.5, -1e300,
-                 Day(1753, 1, 1, 6), QString(255, u'z'), QString(32, u'm'), Picture(64, 1)});
-    rows.append({u"most"_s, true, 255LL, 32767LL, 2147483647LL, 92233720368.4775, 3.25, 1e300,
-                 Day(2199, 12, 31, 23, 59, 59), QString(255, u'\u0416'), QString(33, u'\u0416'), Picture(65, 2)});
-    rows.append({u"O'Brien-Smith 12 Caf\u00E9"_s, true, 1LL, 1LL, 1LL, 0.0001, 0.5, 0.1, Day(2004, 2, 29, 2, 30),
-                 u"tab\there"_s, QString(600, u'n'), Picture(4076, 3)});
-    rows.append({u"with wide text"_s, false, 2LL, 2LL, 2LL, 2.0, 2.0, 2.0, Day(1899, 12, 29, 6),
-                 u"\u4E2D\u6587 \U0001F3E0"_s, QString(5000, u'\u4E2D'), Picture(4077, 4)});
-    rows.append({u"too long for one row"_s, false, {}, {}, {}, {}, {}, {}, {}, {}, QString(2045, u'\u4E2D'), Picture(4090, 7)});
-    rows.append({u"large"_s, false, 3LL, 3LL, 3LL, 3.0, 3.0, 3.0, Day(2000, 1, 1), u"three"_s,
-                 QString(300'000, u'L'), Picture(5 << 20, 5)});
-    rows.append({u"chained to the byte"_s, false, 4LL, 4LL, 4LL, 4.0, 4.0, 4.0, Day(2000, 1, 2), u"\u0001\u00FFa"_s,
-                 QString(2036, u'\u4E2D'), Picture(2 * 4072, 6)});
-    return rows;
-}
-
-void Fill(Database& database, const TableDef& table, const QList<QVariantList>& rows)
-{
-    database.CreateTable(table);
-    const auto set = database.OpenRecordset(table.name, RecordsetType::Table);
-    for (const QVariantList& row : rows) {
-        set->AddNew();
-        for (int i = 0; i < row.size(); ++i) {
-            if (row[i].isValid())
-                set->SetValue(i, row[i]);
-        }
-        set->Update();
-    }
-}
-
-void ExpectRows(Database& database, const TableDef& table, const QList<QVariantList>& rows)
-{
-    const TableDef read = database.Table(table.name);
-    ASSERT_EQ(read.fields.size(), table.fields.size());
-    for (qsizetype i = 0; i < read.fields.size(); ++i) {
-        EXPECT_EQ(read.fields[i].name, table.fields[i].name);
-        EXPECT_EQ(read.fields[i].type, table.fields[i].type);
-        if (read.fields[i].type == FieldType::Text) {
-            EXPECT_EQ(read.fields[i].size, table.fields[i].size);
-        }
-    }
-    const auto set = database.OpenRecordset(table.name, RecordsetType::Table);
-    ASSERT_EQ(set->RecordCount(), rows.size());
-    for (const QVariantList& row : rows) {
-        for (int i = 0; i < row.size(); ++i) {
-            const QVariant value = set->Value(i);
-            ASSERT_EQ(value.isValid(), row[i].isValid())
-                << row[0].toString().toStdString() << ": " << table.fields[i].name.toStdString();
-            ASSERT_EQ(value, row[i]) << row[0].toString().toStdString() << ": " << table.fields[i].name.toStdString();
-        }
-        set->MoveNext();
-    }
-}
-
-/// Runs an independent reader; nothing if it is not installed.
-std::optional<QByteArray> Output(const QString& program, const QStringList& arguments)
-{
-    const QString found = QStandardPaths::findExecutable(program);
-    if (found.isEmpty())
-        return std::nullopt;
-    QProcess process;
-    process.start(found, arguments);
-    EXPECT_TRUE(process.waitForFinished(60'000));
-    EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
-    return process.readAllStandardOutput();
-}
 
 struct JetWriterTest : testing::Test
 {
@@ -226,33 +114,6 @@ TEST_F(JetWriterTest, AHundredThousandRowsAreSortedByTheirKeysOnSeveralLevels)
     EXPECT_EQ(CheckDatabase(*database, CheckDepth::Whole), QStringList());
 }
 
-TEST_F(JetWriterTest, IndependentReadersSeeTheSameValues)
-{
-    {
-        GenuineFile file(home.engine, kFile);
-        Fill(file.Content(), EveryType(), Edges());
-        TableDef comps = SmallComps();
-        Fill(file.Content(), comps, {{u"12 OAK ST"_s, u"Marlow"_s, u"250000"_s, u"3/7/2004"_s, u"1850"_s, u"a,b\nc \"d\""_s, {}},
-                                     {u"14 OAK ST"_s, {}, u"9"_s, {}, {}, {}, QByteArray("\xFF\xD8picture")}});
-        file.Finish();
-    }
-    const QString native = home.Native(u"NEW.MDB"_s);
-    const auto tables = Output(u"mdb-tables"_s, {u"-1"_s, native});
-    if (!tables)
-        GTEST_SKIP() << "mdbtools is not installed";
-    EXPECT_EQ(*tables, "KINDS\nCOMPS\n");
-    EXPECT_EQ(Output(u"mdb-ver"_s, {native})->trimmed(), "JET4");
-    EXPECT_EQ(Output(u"mdb-count"_s, {native, u"KINDS"_s})->trimmed(), "9");
-    EXPECT_EQ(Output(u"mdb-export"_s, {u"-b"_s, u"hex"_s, native, u"COMPS"_s})->toStdString(),
-              std::string("CENTRALKEY,CITY,SELLINGPR,SALEDATE,GLA,PHOTOS,FRONTPHOTO\n"
-              "\"12 OAK ST\",\"Marlow\",\"250000\",\"3/7/2004\",\"1850\",\"a,b\nc \"\"d\"\"\",\n"
-              "\"14 OAK ST\",,\"9\",,,,\"FFD870696374757265\"\n"));
-    const QByteArray kinds = *Output(u"mdb-export"_s, {u"-b"_s, u"strip"_s, u"-T"_s, u"%Y-%m-%d %H:%M:%S"_s, native, u"KINDS"_s});
-    for (const char* line : {"\"most\",1,255,32767,2147483647,92233720368.4775,3.25", "2199-12-31 23:59:59",
-                             "\"least\",1,0,-32768,-2147483648,-92233720368.4775,-1.5", "\u4E2D\u6587"})
-        EXPECT_TRUE(kinds.contains(line)) << line << " is not in " << kinds.left(3000).toStdString();
-}
-
 TEST_F(JetWriterTest, StatementsOfAVasclipDatabaseFillANewFile)
 {
     const auto book = MakeComps(home.engine, u"C:\\BOOK.MDB"_s,
@@ -320,6 +181,73 @@ TEST_F(JetWriterTest, KeysThatAreOneThereAreToldAndNothingIsLost)
     const auto made = home.engine.OpenDatabase(kFile);
     EXPECT_EQ(made->OpenRecordset(u"COMPS"_s, RecordsetType::Table)->RecordCount(), 2);
     EXPECT_EQ(CheckDatabase(*made, CheckDepth::Whole), QStringList());
+}
+
+TEST_F(JetWriterTest, AnIndexWithoutRepetitionTakesSeveralEmptyKeys)
+{
+    TableDef table;
+    table.name = u"COMPS"_s;
+    table.fields = {TextField(u"CENTRALKEY"_s, 35), TextField(u"COMPID"_s, 7), TypedField(u"LOT"_s, FieldType::Long)};
+    table.indexes = {{u"PrimaryKey"_s, {u"CENTRALKEY"_s}, true, true},
+                     {u"ById"_s, {u"COMPID"_s}, false, true},
+                     {u"ByLot"_s, {u"LOT"_s}, false, true}};
+    const QList<QVariantList> rows{{u"1 A ST"_s, {}, {}}, {u"2 B ST"_s, u"7"_s, 1LL}, {u"3 C ST"_s, {}, 2LL}};
+    QStringList notes;
+    {
+        GenuineFile file(home.engine, kFile);
+        Fill(file.Content(), table, rows);
+        notes = file.Finish();
+    }
+    EXPECT_EQ(notes, QStringList());
+    const auto made = home.engine.OpenDatabase(kFile);
+    const TableDef read = made->Table(u"COMPS"_s);
+    ASSERT_EQ(read.indexes.size(), 3);
+    for (const IndexDef& index : read.indexes)
+        EXPECT_TRUE(index.unique) << index.name.toStdString();
+    EXPECT_EQ(CheckDatabase(*made, CheckDepth::Whole), QStringList());
+    ExpectRows(*made, table, rows);
+}
+
+TEST_F(JetWriterTest, AKeyThatIsTooLongForAnIndexLeavesItOutAndSaysSo)
+{
+    TableDef table;
+    table.name = u"WIDE"_s;
+    table.indexes = {{u"All"_s, {}, false, false}};
+    QVariantList row;
+    for (int i = 0; i < 10; ++i) {
+        table.fields.append(TextField(u"F%1"_s.arg(i), 255));
+        table.indexes[0].fields.append(table.fields.last().name);
+        row.append(QString(255, u'\u00E6')); // two weights a letter
+    }
+    QStringList notes;
+    {
+        GenuineFile file(home.engine, kFile);
+        Fill(file.Content(), table, {row});
+        notes = file.Finish();
+    }
+    ASSERT_EQ(notes.size(), 1);
+    EXPECT_TRUE(notes[0].contains(u"the key of record 1 is too long"_s)) << notes[0].toStdString();
+    const auto made = home.engine.OpenDatabase(kFile);
+    EXPECT_EQ(CheckDatabase(*made, CheckDepth::Whole), QStringList());
+    ExpectRows(*made, table, {row});
+}
+
+TEST_F(JetWriterTest, TheLargestAmountsAreStored)
+{
+    TableDef table;
+    table.name = u"PRICES"_s;
+    table.fields = {TypedField(u"MONEY"_s, FieldType::Currency)};
+    const QList<QVariantList> rows{{922337203685477.5807}, {-922337203685477.5808}, {900719925474.0991}, {-0.0001}};
+    {
+        GenuineFile file(home.engine, kFile);
+        Fill(file.Content(), table, rows);
+        EXPECT_EQ(file.Finish(), QStringList());
+    }
+    ExpectRows(*home.engine.OpenDatabase(kFile), table, rows);
+    for (const double beyond : {922337203685478.0, -922337203685478.0, std::nan("")}) {
+        GenuineFile file(home.engine, kFile);
+        EXPECT_EQ(ErrorOf([&] { Fill(file.Content(), table, {{beyond}}); }), error::kOverflow) << beyond;
+    }
 }
 
 TEST_F(JetWriterTest, ARecordThatIsTooLargeIsRefusedInWords)

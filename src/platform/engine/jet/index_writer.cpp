@@ -104,7 +104,8 @@ private:
             m_previous = m_place;
             m_place = next;
             m_page.emplace(m_table, m_number);
-            static_cast<void>(m_page->Add(entry));
+            const bool fits = m_page->Add(entry);
+            Q_ASSERT(fits);
         }
         m_last = leaf;
     }

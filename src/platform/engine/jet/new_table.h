@@ -21,6 +21,9 @@ struct NewColumn
     [[nodiscard]] bool Long() const { return type == ColumnType::LongBinary || type == ColumnType::Memo; }
 };
 
+constexpr quint8 kUniqueIndex = 0x01;
+constexpr quint8 kIgnoresNulls = 0x02;
+
 struct NewIndex
 {
     QString name;
@@ -28,8 +31,8 @@ struct NewIndex
     quint8 marks = 0;
     bool primary = false;
 
-    [[nodiscard]] bool Unique() const { return (marks & 0x01) != 0; }
-    [[nodiscard]] bool IgnoresNulls() const { return (marks & 0x02) != 0; }
+    [[nodiscard]] bool Unique() const { return (marks & kUniqueIndex) != 0; }
+    [[nodiscard]] bool IgnoresNulls() const { return (marks & kIgnoresNulls) != 0; }
 };
 
 struct NewTable

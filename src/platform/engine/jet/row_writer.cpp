@@ -35,8 +35,11 @@ QByteArray Real(T value)
 
 QByteArray Currency(const NewColumn& column, double value)
 {
+    constexpr double kBeyond = 0x1p63;
     const double units = std::nearbyint(value * kCurrencyUnit);
-    if (!(std::abs(units) < 9.2e18))
+    if (units == kBeyond) // the largest amount is no double; this is the nearest one
+        return Number(std::numeric_limits<qint64>::max());
+    if (!(units >= -kBeyond && units < kBeyond))
         throw RuntimeError(error::kOverflow, u"The number %1 is too large for the field '%2'"_s.arg(
                                                  QString::number(value), column.name));
     return Number(static_cast<qint64>(units));

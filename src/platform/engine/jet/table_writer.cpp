@@ -42,7 +42,7 @@ TableWriter::TableWriter(PageWriter& pages, MapWriter& maps, NewTable table, std
     for (qsizetype i = 0; i < m_table.indexes.size(); ++i)
         m_indexes.push_back({m_table.indexes[i],
                              m_system ? m_system->firstRoot + static_cast<quint32>(i) : m_pages.Take(), places[next++],
-                             std::make_unique<EntrySorter>(m_pages.Native()), {}});
+                             std::make_unique<EntrySorter>(m_pages.Native()), {}, {}});
 }
 
 RowPointer TableWriter::Place(const QByteArray& row)
@@ -66,6 +66,8 @@ void TableWriter::Add(const QVariantList& values)
     stored.reserve(values.size());
     for (qsizetype i = 0; i < values.size(); ++i) {
         const NewColumn& column = m_table.columns[i];
+        if (column.type == ColumnType::Boolean && !values[i].isValid() && !m_table.system)
+            ++m_emptyTruths;
         LongWriter* const longs = m_longs[static_cast<std::size_t>(i)].get();
         if (!values[i].isValid())
             stored.append(QByteArray());
@@ -98,11 +100,20 @@ void TableWriter::AddKeys(const QVariantList& values, RowPointer place)
             allNull = allNull && key->size() == 1;
             entry += *key;
         }
+        if (work.trouble.isEmpty() && entry.size() > kLongestKey)
+            work.trouble = u"the key of record %1 is too long for an index there"_s.arg(m_rows + 1);
         if (!work.trouble.isEmpty() || (allNull && work.index.IgnoresNulls()))
             continue;
         const char pointer[kEntryPointer] = {static_cast<char>(place.page >> 16), static_cast<char>(place.page >> 8),
                                              static_cast<char>(place.page), static_cast<char>(place.row)};
         entry.append(pointer, kEntryPointer);
+        if (allNull && work.index.Unique() && !work.index.primary) {
+            // Several empty keys are no repeated one, but only an index that ignores them takes them.
+            if (std::exchange(work.empty, entry).isEmpty())
+                continue;
+            work.index.marks |= kIgnoresNulls;
+            continue;
+        }
         work.entries->Add(entry);
     }
 }
@@ -113,6 +124,8 @@ void TableWriter::FinishIndexes(DefinitionFacts& facts)
     for (IndexWork& work : m_indexes) {
         BuiltIndex built;
         if (work.trouble.isEmpty()) {
+            if (!work.empty.isEmpty() && !work.index.IgnoresNulls())
+                work.entries->Add(work.empty);
             work.entries->Sort();
             built = WriteIndex(m_pages, *work.entries, Page(), work.root);
             if (built.repeated && work.index.Unique())
@@ -156,6 +169,9 @@ void TableWriter::Finish()
         facts.longs.append({owned, withRoom});
     }
     FinishIndexes(facts);
+    if (m_emptyTruths > 0)
+        m_notes.append(u"The table %1 has No where %2 empty Yes/No values were: an Access database knows no empty one"_s.arg(
+            m_table.name, QString::number(m_emptyTruths)));
     WriteDefinition(facts);
 }
 

@@ -32,7 +32,7 @@ public:
     void Add(const QVariantList& values);
     /// Writes what is left: the last page of rows, the indexes, the definition.
     void Finish();
-    /// What the file could not take, in sentences: an index of texts whose order is not known there.
+    /// What the file could not take, in sentences: an index of texts whose order is not known there, an empty Yes/No.
     [[nodiscard]] const QStringList& Notes() const { return m_notes; }
 
 private:
@@ -43,6 +43,7 @@ private:
         RowPointer map;
         std::unique_ptr<EntrySorter> entries;
         QString trouble; ///< why it can't be; "" while it can
+        QByteArray empty; ///< the entry of the one row whose key is empty, until there is another
     };
 
     [[nodiscard]] RowPointer Place(const QByteArray& row);
@@ -64,6 +65,7 @@ private:
     quint32 m_page = 0;
     std::optional<PageBuilder> m_builder;
     quint32 m_rows = 0;
+    qint64 m_emptyTruths = 0; ///< Yes/No values, which a file can't leave empty
     QStringList m_notes;
 };
 
