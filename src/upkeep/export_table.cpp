@@ -2,7 +2,6 @@
 
 #include "platform/engine/genuine_file.h"
 #include "platform/engine/new_file.h"
-#include "platform/engine/process.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/bulk_rows.h"
@@ -31,25 +30,6 @@ namespace {
 constexpr qint64 kSlice = 4000;
 constexpr qint64 kNamed = 500;
 const QString kCopying = u"Copying record %1 of %2"_s;
-const QString kNewMark = u".new"_s;
-
-/// Files that exports which were killed have left beside a target.
-void SweepLeftovers(const files::Disk& disk, const QString& target)
-{
-    const QString directory = target.left(target.lastIndexOf(u'\\') + 1);
-    for (const QString& name : disk.Dir(target + kNewMark + u'*', files::ReadOnly)) {
-        const QString mark = name.mid(name.lastIndexOf(kNewMark) + kNewMark.size());
-        bool number = false;
-        const qint64 process = mark.section(u'-', 0, 0).toLongLong(&number);
-        if (!number || (process != engine::OwnProcess() && engine::IsAlive(process, {})))
-            continue;
-        try {
-            disk.Kill(directory + name);
-        } catch (const RuntimeError&) {
-            // The next export meets it again.
-        }
-    }
-}
 
 QString InList(const QStringList& keys)
 {
@@ -221,7 +201,6 @@ ExportResult ExportTable(const TransferDesk& desk, const ExportOrder& order, con
     ExportResult result{.file = order.target, .table = order.table};
     const files::Disk& disk = desk.Disk();
     NeedWritable(disk, order.target);
-    SweepLeftovers(disk, order.target);
     engine::NewFile file(disk.ToNative(order.target), order.target);
     const QString name = file.Path().mid(file.Path().lastIndexOf(u'/') + 1);
     const QString working = order.target.left(order.target.lastIndexOf(u'\\') + 1) + name;

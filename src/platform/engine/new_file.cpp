@@ -3,6 +3,7 @@
 #include "platform/engine/errors.h"
 #include "platform/engine/process.h"
 
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 
@@ -10,12 +11,41 @@ namespace vasclip::engine {
 
 using namespace Qt::Literals::StringLiterals;
 
+namespace {
+
+const QString kMark = u".new"_s;
+
+/// What processes that were killed have left beside a target: "NAME.MDB.new" with a process' number, and what was made
+/// beside that in turn.
+void SweepLeftovers(const QString& target)
+{
+    const QFileInfo whole(target);
+    const QString begin = whole.fileName() + kMark;
+    QStringList left;
+    for (QDirIterator files(whole.absolutePath(), QDir::Files | QDir::Hidden); files.hasNext();) {
+        const QString path = files.next();
+        const QString name = files.fileName();
+        qsizetype end = begin.size();
+        while (end < name.size() && name[end] >= u'0' && name[end] <= u'9')
+            ++end;
+        if (!name.startsWith(begin) || end == begin.size())
+            continue;
+        const qint64 process = QStringView(name).sliced(begin.size(), end - begin.size()).toLongLong();
+        if (process == OwnProcess() || !IsAlive(process, {}))
+            left.append(path);
+    }
+    for (const QString& path : left)
+        QFile::remove(path); // one that stays is met again by the next
+}
+
+} // namespace
+
 NewFile::NewFile(const QString& target, const QString& shown)
     : m_target(target)
     , m_shown(shown)
-    , m_path(u"%1.new%2"_s.arg(target, QString::number(OwnProcess())))
+    , m_path(target + kMark + QString::number(OwnProcess()))
 {
-    Remove();
+    SweepLeftovers(target);
     // Made empty at once, so that missing rights have their own error.
     if (!QFileInfo(QFileInfo(m_path).absolutePath()).isDir())
         throw RuntimeError(error::kPathNotFound, u"The directory of %1 is not there"_s.arg(shown));

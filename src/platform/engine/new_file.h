@@ -4,7 +4,8 @@
 
 namespace vasclip::engine {
 
-/// A file beside the target that becomes it in one step or goes away.
+/// A file beside the target that becomes it in one step or goes away. What processes that are no more have left there of
+/// their own goes when the next one is begun; of one target a process makes one at a time.
 class NewFile
 {
 public:
