@@ -5,11 +5,13 @@
 #include "platform/engine/health.h"
 #include "platform/engine/new_file.h"
 #include "platform/engine/row_store.h"
+#include "platform/engine/rows_at_once.h"
 #include "platform/engine/same_value.h"
 #include "platform/engine/sql_typer.h"
 
 #include <QFile>
 
+#include <cmath>
 #include <numeric>
 
 namespace vasclip::engine {
@@ -17,9 +19,6 @@ namespace vasclip::engine {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-/// Rows that travel in one call.
-constexpr std::size_t kRowsAtOnce = 128;
 
 struct Stopped
 {};
@@ -46,8 +45,11 @@ public:
         while (m_next < m_ids.size()) {
             if (m_next >= m_first + m_read.size()) {
                 m_first = m_next;
-                m_read = m_rows->Read(std::span(m_ids).subspan(m_first, std::min(kRowsAtOnce, m_ids.size() - m_first)),
-                                      m_all, Longs::Sizes);
+                m_read.clear();
+                m_read = m_rows->Read(
+                    std::span(m_ids).subspan(m_first, std::min(m_atOnce.Next(), m_ids.size() - m_first)), m_all,
+                    Longs::Sizes);
+                m_atOnce.Saw(m_read);
             }
             const std::size_t at = m_next++;
             std::optional<StoredRow>& row = m_read[at - m_first];
@@ -68,6 +70,7 @@ private:
     QList<int> m_all;
     std::vector<Bookmark> m_ids;
     std::vector<std::optional<StoredRow>> m_read;
+    RowsAtOnce m_atOnce;
     std::size_t m_first = 0;
     std::size_t m_next = 0;
 };
@@ -78,6 +81,20 @@ QString NameOf(const TableDef& table, qint64 number, const QVariantList& values)
     const QString first = values.value(0).toString().left(40);
     return u"table %1, record %2%3"_s.arg(table.name, QString::number(number + 1),
                                           first.isEmpty() ? QString() : u" (%1)"_s.arg(first));
+}
+
+/// What a field of the new database holds of a value of the old one.
+QVariant AsKept(DatabaseKind to, const Field& field, const QVariant& value)
+{
+    const bool truth = to == DatabaseKind::Access && field.type == FieldType::Boolean;
+    return truth && !value.isValid() ? QVariant(false) : value;
+}
+
+/// Has it more digits than a number of the engine keeps?
+bool IsRounded(const Field& field, const QVariant& value)
+{
+    constexpr double kExact = 9007199254740992.0 / 10'000; // 2^53 of its smallest units
+    return field.type == FieldType::Currency && std::abs(value.toDouble()) > kExact;
 }
 
 /// Can a row be left out for this, and the rest go on?
@@ -121,7 +138,7 @@ public:
         if (m_conversion.to == DatabaseKind::Access) {
             GenuineFile made(m_engine, beside);
             Fill(made.Content());
-            m_done.notes = made.Finish();
+            m_done.notes += made.Finish();
         } else {
             const auto made = m_engine.CreateDatabase(beside);
             Transaction together(*made);
@@ -185,12 +202,14 @@ private:
         const auto store = to.OpenRows(sql::WholeTable(table));
         QSet<qint64>& left = m_left[table.name];
         qint64 number = 0;
+        qint64 rounded = 0;
         for (auto row = rows.Next(); row; row = rows.Next(), ++number) {
             Step(u"Copying %1"_s.arg(table.name), number, rows.Count());
             RowChanges values;
             for (int i = 0; i < row->size(); ++i) {
                 if ((*row)[i].isValid())
                     values[i] = (*row)[i];
+                rounded += IsRounded(table.fields[i], (*row)[i]) ? 1 : 0;
             }
             try {
                 static_cast<void>(store->Insert(values));
@@ -202,6 +221,9 @@ private:
                 m_done.missing.append(u"%1: %2"_s.arg(NameOf(table, number, *row), failure.Description()));
             }
         }
+        if (rounded > 0)
+            m_done.notes.append(u"The table %1 has %2 amounts beyond 900,719,925,474.0992, of which the first fifteen "
+                                "digits are kept"_s.arg(table.name, QString::number(rounded)));
     }
 
     /// Both are read once more, value by value.
@@ -219,7 +241,7 @@ private:
                     continue;
                 const auto other = here.Next();
                 for (int i = 0; i < table.fields.size(); ++i) {
-                    if (!other || !SameValue(table.fields[i], (*row)[i], (*other)[i]))
+                    if (!other || !SameValue(table.fields[i], AsKept(m_conversion.to, table.fields[i], (*row)[i]), (*other)[i]))
                         Differs(NameOf(table, number, *row) + u", field "_s + table.fields[i].name);
                 }
             }

@@ -3,6 +3,7 @@
 #include "platform/engine/database.h"
 #include "platform/engine/errors.h"
 #include "platform/engine/row_store.h"
+#include "platform/engine/rows_at_once.h"
 #include "platform/engine/sql_typer.h"
 
 #include <algorithm>
@@ -11,9 +12,6 @@
 namespace vasclip::engine {
 
 namespace {
-
-/// Rows that travel in one call.
-constexpr std::size_t kRowsAtOnce = 128;
 
 /// What the source is asked for: the values as the target's fields store them.
 sql::TypedStatement SelectOf(const sql::TypedStatement& statement, const TableDef& target)
@@ -86,9 +84,12 @@ qint64 CopyRows(const sql::TypedStatement& statement, Database& source, Database
         return true;
     });
     qint64 stored = 0;
-    for (std::size_t first = 0; first < ids.size(); first += kRowsAtOnce) {
-        const std::span some = std::span(ids).subspan(first, std::min(kRowsAtOnce, ids.size() - first));
+    RowsAtOnce atOnce;
+    for (std::size_t first = 0; first < ids.size();) {
+        const std::span some = std::span(ids).subspan(first, std::min(atOnce.Next(), ids.size() - first));
+        first += some.size();
         const auto read = rows->Read(some, all, Longs::Sizes);
+        atOnce.Saw(read);
         for (std::size_t i = 0; i < some.size(); ++i) {
             if (!read[i])
                 continue; // somebody deleted it meanwhile

@@ -3,6 +3,7 @@
 #include "platform/engine/convert.h"
 #include "platform/engine/genuine_file.h"
 #include "platform/engine/jet_samples.h"
+#include "platform/engine/rows_at_once.h"
 
 namespace vasclip::engine {
 namespace {
@@ -102,6 +103,93 @@ TEST_F(JetConvertTest, OneThatDoesNotHoldWhatTheOldOneHasIsNotKept)
               error::kInternalEngine);
     EXPECT_TRUE(text.contains(u"record 251 (250 OAK ST), field CITY"_s)) << text.toStdString();
     EXPECT_EQ(Files(), QStringList{u"BOOK.MDB"_s});
+}
+
+TEST_F(JetConvertTest, AnEmptyYesOrNoBecomesNoAndIsCounted)
+{
+    const auto book = home.engine.OpenDatabase(kBook);
+    TableDef table;
+    table.name = u"MARKS"_s;
+    table.fields = {TextField(u"NAME"_s, 10), TypedField(u"CHECKED"_s, FieldType::Boolean)};
+    book->CreateTable(table);
+    const auto rows = book->OpenRecordset(u"MARKS"_s, RecordsetType::Table);
+    for (const QVariant& checked : {QVariant(), QVariant(true), QVariant(), QVariant(false)}) {
+        rows->AddNew();
+        rows->SetValue(0, u"x"_s);
+        if (checked.isValid())
+            rows->SetValue(1, checked);
+        rows->Update();
+    }
+    book->Close();
+    const auto made = Convert(kBook, kAccess, DatabaseKind::Access);
+    ASSERT_EQ(made->notes.size(), 1);
+    EXPECT_EQ(made->notes[0], u"The table MARKS has No where 2 empty Yes/No values were: an Access database knows no empty one"_s);
+    const auto read = home.engine.OpenDatabase(kAccess)->OpenRecordset(u"MARKS"_s, RecordsetType::Table);
+    QVariantList marks;
+    for (; !read->Eof(); read->MoveNext())
+        marks.append(read->Value(1));
+    EXPECT_EQ(marks, (QVariantList{false, true, false, false}));
+}
+
+TEST_F(JetConvertTest, AmountsOfMoreDigitsThanANumberKeepsAreCounted)
+{
+    const auto book = home.engine.OpenDatabase(kBook);
+    TableDef table;
+    table.name = u"PRICES"_s;
+    table.fields = {TypedField(u"MONEY"_s, FieldType::Currency)};
+    book->CreateTable(table);
+    const auto rows = book->OpenRecordset(u"PRICES"_s, RecordsetType::Table);
+    for (const double money : {900719925474.0, 900719925475.0, -922337203685477.5}) {
+        rows->AddNew();
+        rows->SetValue(0, money);
+        rows->Update();
+    }
+    book->Close();
+    const auto made = Convert(kBook, kAccess, DatabaseKind::Access);
+    ASSERT_EQ(made->notes.size(), 1);
+    EXPECT_TRUE(made->notes[0].startsWith(u"The table PRICES has 2 amounts beyond"_s)) << made->notes[0].toStdString();
+}
+
+TEST_F(JetConvertTest, WhatAKilledOneLeftGoesWithTheNext)
+{
+    const auto leave = [&](const QString& name) {
+        QFile file(home.Native(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write("left") == 4);
+    };
+    constexpr qint64 kNobody = 0x3FFFFFFF;
+    const QString gone = QString::number(kNobody);
+    const QString alive = u"1"_s;
+    for (const QString& name : {u"ACCESS.MDB.new"_s + gone, u"ACCESS.MDB.new"_s + gone + u"-journal"_s,
+                                u"ACCESS.MDB.new%1.new%1.sortAbCdEf"_s.arg(gone)})
+        leave(name);
+    const QStringList stay{u"ACCESS.MDB.new"_s, u"ACCESS.MDB.new"_s + alive, u"ACCESS.MDB.newest"_s,
+                           u"ACCESS.MDB2.new"_s + gone};
+    for (const QString& name : stay)
+        leave(name);
+    ASSERT_TRUE(Convert(kBook, kAccess, DatabaseKind::Access));
+    EXPECT_EQ(Files(), QStringList{u"ACCESS.MDB"_s} + stay + QStringList{u"BOOK.MDB"_s});
+}
+
+TEST(RowsAtOnce, LongTextsAreReadOneAfterAnother)
+{
+    const auto rows = [](std::size_t count, qsizetype letters) {
+        std::vector<std::optional<StoredRow>> some(count);
+        for (auto& row : some)
+            row = StoredRow{1, {QString(letters, u'n')}};
+        some.emplace_back(); // one that is gone meanwhile
+        return some;
+    };
+    RowsAtOnce atOnce;
+    EXPECT_EQ(atOnce.Next(), 1U);
+    for (int i = 0; i < 10; ++i)
+        atOnce.Saw(rows(atOnce.Next(), 100));
+    EXPECT_EQ(atOnce.Next(), 128U);
+    atOnce.Saw(rows(128, 10'000));
+    EXPECT_EQ(atOnce.Next(), 1U);
+    atOnce.Saw(rows(1, 2 << 20));
+    EXPECT_EQ(atOnce.Next(), 1U);
+    atOnce.Saw(rows(1, 100));
+    EXPECT_EQ(atOnce.Next(), 2U);
 }
 
 TEST_F(JetConvertTest, WhatIsThereIsNotWrittenOver)
