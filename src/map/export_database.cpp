@@ -3,11 +3,14 @@
 #include "map/exports.h"
 #include "map/messages.h"
 #include "photos/photo_list.h"
+#include "platform/engine/genuine_file.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/change.h"
+#include "store/convert.h"
 #include "store/fields.h"
 #include "store/schema.h"
+#include "upkeep/target_file.h"
 
 namespace vasclip::map {
 
@@ -18,10 +21,14 @@ namespace {
 const QString kTable = u"appraisal"_s;
 const QString kTemplate = u"appraisal.mbk"_s;
 
-/// The template's copy, or a new file where there is none.
+/// The template's copy, which can be stored into whatever kind of file that is; a new file where there is none.
 void CopyFromNewFiles(const ExportDesk& desk, engine::Engine& engine, const QString& file)
 {
     const QString given = desk.globals.G_ProgramDir + kTemplate;
+    if (engine::IsGenuineFile(desk.disk, given)) {
+        static_cast<void>(store::ConvertDatabase(engine, {.source = given, .target = file}));
+        return;
+    }
     if (desk.disk.FileExists(given)) {
         desk.disk.FileCopy(given, file);
         return;
@@ -45,7 +52,7 @@ void Add(const ExportDesk& desk, store::DataSource& data, const ExportEntry& ent
     change.Set(fields::ADDRESS, entry.address);
     change.Set(fields::CITY, entry.city);
     change.Set(fields::ST, entry.state);
-    change.Set(fields::ZIP, entry.zip);
+    change.Set(fields::ZIP, entry.zipOrSubjects);
     change.Set(fields::COUNTY, entry.county);
     if (const QString photo = PhotoOf(desk, entry.key); !photo.isEmpty()) {
         change.Set(u"HYPERLINK"_s, photo);
@@ -92,6 +99,17 @@ void Fill(const ExportDesk& desk, const QString& file, const QList<ExportEntry>&
     whole.Commit();
 }
 
+/// The usual name is the one of the program's own databases that may be written anew.
+bool Refused(const ExportDesk& desk, engine::Engine& engine, const QString& file)
+{
+    forms::Prompter& prompter = desk.ports.prompter;
+    if (upkeep::StemOf(file).compare(kTable, Qt::CaseInsensitive) == 0)
+        return upkeep::RefusesLocked(prompter, engine, upkeep::kExportTo, file);
+    const store::DataSource& databook = desk.sources.datDatabook;
+    return upkeep::RefusesTarget(prompter, engine, upkeep::kExportTo, file,
+                                 databook.Bound() ? databook.DatabaseName() : QString());
+}
+
 } // namespace
 
 void errcreatemdb(engine::Engine& engine, const QString& file)
@@ -115,27 +133,32 @@ void DeleteAllRecs(store::DataSource& data)
         store::Change::Delete(data, messages::kExportWords);
 }
 
-ExportResult ExportToAppraisalmdb(ExportDesk desk)
+ExportResult ExportToAppraisalmdb(ExportDesk desk, engine::DatabaseKind kind)
 {
     const QString directory = FindExportDir(desk.globals);
     ExportResult result{.file = directory + desk.globals.mapExportFile};
     const QString working = result.file + u".new"_s;
+    const QString access = result.file + u".access"_s;
     link::Reported(desk.ports.prompter, "ExportToAppraisalmdb", [&] {
         engine::Engine& engine = desk.sources.datmap.Engine();
+        if (Refused(desk, engine, result.file))
+            return;
         common::MakeDirectory(desk.disk, desk.ports.prompter, directory);
         KillQuietly(desk.disk, working); // of a run that was ended in the middle
+        KillQuietly(desk.disk, access);
         CopyFromNewFiles(desk, engine, working);
         errcreatemdb(engine, working);
         const QList<ExportEntry> entries = ExportEntries(desk);
         Fill(desk, working, entries);
-        if (desk.disk.FileExists(result.file))
-            desk.disk.Kill(result.file);
-        desk.disk.Name(working, result.file);
+        if (kind == engine::DatabaseKind::Access)
+            static_cast<void>(store::ConvertDatabase(
+                engine, {.source = working, .target = access, .to = engine::DatabaseKind::Access}));
+        desk.disk.FileCopy(kind == engine::DatabaseKind::Access ? access : working, result.file); // in one step
         result.entries = static_cast<int>(entries.size());
         result.written = true;
     });
-    if (!result.written)
-        KillQuietly(desk.disk, working);
+    KillQuietly(desk.disk, working);
+    KillQuietly(desk.disk, access);
     return result;
 }
 

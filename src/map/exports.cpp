@@ -39,12 +39,15 @@ ExportEntry Entry(const ExportDesk& desk, const forms::TextBox& box, const QStri
 {
     const auto filtered = [&desk](const QString& value) { return Filtered(desk.globals, value); };
     const QString ownState = ValidState(state);
+    const QString ownZip = common::NormalizeZip(text::Trim(zip));
     return {.label = ExportLabel(box),
             .address = filtered(box.Text()),
             .city = filtered(text::Trim(city).isEmpty() ? desk.addr.txtKelCity.Text() : city),
             .state = filtered(ownState.isEmpty() ? ValidState(desk.addr.txtKelState.Text()) : ownState),
-            .zip = common::NormalizeZip(text::Trim(zip)),
+            .zip = ownZip,
             .county = {},
+            .zipOrSubjects =
+                ownZip.isEmpty() ? common::NormalizeZip(text::Trim(desk.addr.txtKelZip.Text())) : ownZip,
             .key = text::Trim(box.Text())};
 }
 
@@ -152,12 +155,14 @@ ExportResult ExportDelorme2005(ExportDesk desk)
     return WriteText(desk, false);
 }
 
-ExportResult ExportMSStreets(ExportDesk desk, bool newWizard)
+ExportResult ExportMSStreets(ExportDesk desk, bool newWizard, engine::DatabaseKind kind)
 {
-    const ExportResult result = ExportToAppraisalmdb(desk);
+    const ExportResult result = ExportToAppraisalmdb(desk, kind);
+    const QString& words = kind != engine::DatabaseKind::Access ? messages::kImportFromStreets
+                           : newWizard                          ? messages::kImportWizard
+                                                                : messages::kImportData;
     if (result.written)
-        Tell(desk, newWizard ? messages::kImportWizard : messages::kImportData, messages::kImportFromStreets,
-             result.file);
+        Tell(desk, words, messages::kImportFromStreets, result.file);
     return result;
 }
 

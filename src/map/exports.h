@@ -4,10 +4,9 @@
 #include "common/status.h"
 #include "forms/ports.h"
 #include "link/report_desk.h"
+#include "platform/engine/convert.h"
 #include "platform/files/disk.h"
 #include "store/store.h"
-
-#include <functional>
 
 namespace vasclip::map {
 
@@ -27,6 +26,7 @@ struct ExportEntry
 {
     QString label, address, city, state, zip;
     QString county; ///< of the subject and the sales
+    QString zipOrSubjects; ///< of the database, where a missing ZIP is the subject's as well
     QString key;    ///< the box's own text
 };
 
@@ -53,10 +53,13 @@ struct ExportResult
 ExportResult ExportDelorme(ExportDesk desk);
 /// The same without them.
 ExportResult ExportDelorme2005(ExportDesk desk);
-/// The database of the settings' name. @param newWizard  which way of importing the message tells
-ExportResult ExportMSStreets(ExportDesk desk, bool newWizard);
-/// Makes it. An old one stays until the new one is whole.
-ExportResult ExportToAppraisalmdb(ExportDesk desk);
+/// The database of the settings' name, as an Access file unless another kind is wanted.
+/// @param newWizard  which way of importing the message tells; no other program imports a file of ours
+ExportResult ExportMSStreets(ExportDesk desk, bool newWizard,
+                             engine::DatabaseKind kind = engine::DatabaseKind::Access);
+/// Makes it. An old one stays until the new one is whole. Refused, with a box, for the open Databook, a database of
+/// the program's own and a file that somebody has open.
+ExportResult ExportToAppraisalmdb(ExportDesk desk, engine::DatabaseKind kind = engine::DatabaseKind::Access);
 
 /// Adds the columns of the export to the table of a file; those that are there are passed over.
 void errcreatemdb(engine::Engine& engine, const QString& file);

@@ -30,6 +30,20 @@ protected:
     {
         return home.Vasctl(QStringList{u"mapdata"_s} + words);
     }
+    /// The native path of a drive path, whose parts may be spelt in another case there.
+    [[nodiscard]] QString Found(const QString& file) const
+    {
+        QString below;
+        QDir drive(home.Native(QString()));
+        for (const QString& part : file.mid(3).split(u'\\', Qt::SkipEmptyParts))
+            for (const QString& name : drive.entryList(QDir::AllEntries | QDir::NoDotAndDotDot))
+                if (name.compare(part, Qt::CaseInsensitive) == 0) {
+                    below = drive.filePath(name);
+                    drive.cd(name);
+                    break;
+                }
+        return below;
+    }
     /// Records with a place of their own.
     [[nodiscard]] QJsonArray Located() const
     {
@@ -115,6 +129,8 @@ TEST_F(VasctlMap, ExportsTheReportsAddresses)
     EXPECT_EQ(Map({u"export"_s, u"delorme"_s}).code, kNoLink);
     EXPECT_EQ(Map({u"export"_s}).code, kUsage);
     EXPECT_EQ(Map({u"export"_s, u"atlas"_s}).code, kUsage);
+    EXPECT_EQ(Map({u"export"_s, u"delorme"_s, u"--to"_s, u"access"_s}).code, kUsage);
+    EXPECT_EQ(Map({u"export"_s, u"streets"_s, u"--to"_s, u"csv"_s}).code, kUsage);
     ASSERT_TRUE(home.StartForms());
     for (const QString& kind : {u"delorme"_s, u"delorme2005"_s, u"streets"_s, u"streets2001"_s}) {
         const Ended ended = Map({u"export"_s, kind});
@@ -128,20 +144,33 @@ TEST_F(VasctlMap, ExportsTheReportsAddresses)
         EXPECT_TRUE(words.startsWith(led)) << words.toStdString();
         if (!kind.startsWith(u"delorme"_s))
             continue;
-        QString below = file.mid(3).replace(u'\\', u'/');
-        QDir drive(home.Native(QString()));
-        for (const QString& part : below.split(u'/', Qt::SkipEmptyParts))
-            for (const QString& name : drive.entryList(QDir::AllEntries | QDir::NoDotAndDotDot))
-                if (name.compare(part, Qt::CaseInsensitive) == 0) {
-                    below = drive.filePath(name);
-                    drive.cd(name);
-                    break;
-                }
-        QFile text(below);
-        ASSERT_TRUE(text.open(QIODevice::ReadOnly)) << below.toStdString();
+        QFile text(Found(file));
+        ASSERT_TRUE(text.open(QIODevice::ReadOnly)) << file.toStdString();
         const QByteArray first = text.readLine();
         EXPECT_TRUE(first.startsWith(kind == u"delorme"_s ? "\"SUBJECT\",\"" : "SUBJECT,")) << first.toStdString();
         EXPECT_TRUE(first.toUpper().contains("114 OAK ST")) << first.toStdString();
+    }
+}
+
+TEST_F(VasctlMap, ExportsAnAccessDatabase)
+{
+    ASSERT_TRUE(home.StartForms());
+    const QString subject = u"SELECT * FROM appraisal WHERE NAME = 'SUBJECT'"_s;
+    const std::pair<QStringList, QByteArray> kinds[] = {{{}, "Standard Jet DB"},
+                                                        {{u"--to"_s, u"vasclip"_s}, "SQLite format 3"},
+                                                        {{u"--to"_s, u"access"_s}, "Standard Jet DB"}};
+    for (const auto& [to, begins] : kinds) {
+        const Ended ended = Map(QStringList{u"export"_s, u"streets"_s} + to);
+        ASSERT_EQ(ended.code, kDone) << ended.err.toStdString();
+        const QString file = ended.Object()[u"file"_s].toString();
+        QFile written(Found(file));
+        ASSERT_TRUE(written.open(QIODevice::ReadOnly)) << file.toStdString();
+        EXPECT_TRUE(written.read(19).contains(begins)) << to.join(u' ').toStdString();
+        const Ended read = home.Vasctl({u"sql"_s, u"--file"_s, file, subject});
+        ASSERT_EQ(read.code, kDone) << read.err.toStdString();
+        ASSERT_EQ(read.Array().size(), 1) << read.out.toStdString();
+        EXPECT_EQ(read.Array()[0].toObject()[u"ADDRESS"_s].toString().toUpper(), u"114 OAK ST"_s);
+        EXPECT_GE(home.Vasctl({u"sql"_s, u"--file"_s, file, u"SELECT NAME FROM appraisal"_s}).Array().size(), 3);
     }
 }
 

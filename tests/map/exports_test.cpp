@@ -1,5 +1,6 @@
 #include "map/exports.h"
 #include "map/map_test.h"
+#include "platform/engine/genuine_file.h"
 
 namespace vasclip::map {
 
@@ -132,6 +133,19 @@ TEST_F(Exports, ALongMessageIsShortened)
               u"Import Data from: C:\\EXPORTS FOR OUTSIDE MAPS\\OF THE SECOND OFFICE\\APPRAISAL.MDB"_s);
 }
 
+TEST_F(Exports, AMessageOfNinetyLettersIsWhole)
+{
+    const QString led = u"In Street Atlas USA, select File, Import Address Book, "_s;
+    const int room = 90 - static_cast<int>(led.size() + QString(u"C:\\\\Appraisal.txt"_s).size());
+    for (const int more : {0, 1}) {
+        globals.mapExportDir = u"C:\\"_s + QString(room + more, u'D');
+        home.MakeDirs(globals.mapExportDir);
+        ExportDelorme(exports);
+        EXPECT_EQ(status.lblmsg.Caption().startsWith(led), more == 0) << status.lblmsg.Caption().toStdString();
+        EXPECT_TRUE(more == 1 || status.lblmsg.Caption().size() == 90);
+    }
+}
+
 TEST_F(Exports, WhatCannotBeWrittenIsTold)
 {
     globals.mapExportDir = u"Q:\\VAM"_s;
@@ -162,17 +176,85 @@ TEST_F(Exports, TheDatabaseHasARecordAnAddress)
         EXPECT_EQ(Records(u"C:\\VAM\\APPRAISAL.MDB"_s),
                   (QStringList{u"|SUBJECT|1 MAIN ST||PRATTVILLE|AL|36067|AUTAUGA||"_s,
                                u"|COMP #1|10 OAKST A||MILLBROOK|GA|36054|AUTAUGA||"_s,
-                               u"|COMP #9|90 OAK ST||PRATTVILLE|AL||AUTAUGA|File://C:\\JPG\\ABCD1234.jpg|"
+                               u"|COMP #9|90 OAK ST||PRATTVILLE|AL|36067|AUTAUGA|File://C:\\JPG\\ABCD1234.jpg|"
                                "File://C:\\JPG\\ABCD1234.jpg"_s,
-                               u"|ALT COMP #6|6 ELM ST||PRATTVILLE|AL||||"_s,
-                               u"|RENTAL #9|9 PINE ST||PRATTVILLE|AL||||"_s,
-                               u"|LISTING #6|6 ASH ST||PRATTVILLE|AL||||"_s}));
+                               u"|ALT COMP #6|6 ELM ST||PRATTVILLE|AL|36067|||"_s,
+                               u"|RENTAL #9|9 PINE ST||PRATTVILLE|AL|36067|||"_s,
+                               u"|LISTING #6|6 ASH ST||PRATTVILLE|AL|36067|||"_s}));
+        EXPECT_TRUE(engine::IsGenuineFile(home.disk, u"C:\\VAM\\APPRAISAL.MDB"_s));
+        EXPECT_EQ(home.disk.ReadWhole(u"C:\\VAM\\APPRAISAL.MDB"_s).mid(4, 15), QByteArray("Standard Jet DB"));
         EXPECT_EQ(status.lblmsg.Caption(),
                   wizard ? u"In MS Streets, select Data, Import Data Wizard, Access (*.mdb's) C:\\VAM\\APPRAISAL.MDB"_s
                          : u"In MS Streets, select File, Import Data, Access (*.mdb's) C:\\VAM\\APPRAISAL.MDB"_s);
     }
     EXPECT_TRUE(Records(u"C:\\VAS2000\\appraisal.mbk"_s).isEmpty()); // the template stays empty
-    EXPECT_FALSE(home.disk.FileExists(u"C:\\VAM\\APPRAISAL.MDB.new"_s));
+    EXPECT_EQ(home.disk.Dir(u"C:\\VAM\\*.*"_s), QStringList{u"APPRAISAL.MDB"_s}); // nothing beside it
+}
+
+TEST_F(Exports, ADatabaseOfOurOwnKindWhereThatIsWanted)
+{
+    Subject(u"1 Main St"_s);
+    ASSERT_TRUE(ExportMSStreets(exports, true, engine::DatabaseKind::Vasclip).written);
+    EXPECT_FALSE(engine::IsGenuineFile(home.disk, u"C:\\VAM\\APPRAISAL.MDB"_s));
+    EXPECT_EQ(Records(u"C:\\VAM\\APPRAISAL.MDB"_s), QStringList{u"|SUBJECT|1 MAIN ST||PRATTVILLE|AL|36067|||"_s});
+    EXPECT_EQ(status.lblmsg.Caption(), u"Import Data from: C:\\VAM\\APPRAISAL.MDB"_s); // no other program imports it
+    EXPECT_EQ(home.disk.Dir(u"C:\\VAM\\*.*"_s), QStringList{u"APPRAISAL.MDB"_s});
+}
+
+TEST_F(Exports, ATemplateThatIsAnAccessFile)
+{
+    const QString given = u"C:\\VAS2000\\appraisal.mbk"_s;
+    {
+        engine::TableDef table = store::AppraisalTable();
+        table.fields.removeLast();
+        engine::GenuineFile file(engine, given);
+        file.Content().CreateTable(table);
+        file.Finish();
+    }
+    const QByteArray before = home.disk.ReadWhole(given);
+    Subject(u"1 Main St"_s);
+    for (const auto kind : {engine::DatabaseKind::Access, engine::DatabaseKind::Vasclip}) {
+        EXPECT_TRUE(ExportToAppraisalmdb(exports, kind).written);
+        EXPECT_EQ(Records(u"C:\\VAM\\APPRAISAL.MDB"_s), QStringList{u"|SUBJECT|1 MAIN ST||PRATTVILLE|AL|36067|||"_s});
+    }
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    EXPECT_EQ(home.disk.ReadWhole(given), before);
+}
+
+TEST_F(Exports, NoDatabaseOfTheProgramIsReplaced)
+{
+    AddTown(u"90 Oak St"_s);
+    Subject(u"1 Main St"_s);
+    globals.mapExportDir = u"C:\\DATABOOK"_s;
+    home.disk.FileCopy(kDatabook, u"C:\\DATABOOK\\OTHER.MDB"_s);
+    for (const QString& name : {u"databook.mdb"_s, u"NEWDATA.MDB"_s}) {
+        globals.mapExportFile = name;
+        EXPECT_FALSE(ExportMSStreets(exports, true).written) << name.toStdString();
+        EXPECT_EQ(doubles.prompter.Last().title, u"User not allowed to export"_s);
+    }
+    // One with a name of its own, while it is open.
+    store::Connect2Databook(doubles.Get(), sources, u"C:\\DATABOOK\\OTHER.MDB"_s, u"COMPS"_s);
+    globals.mapExportFile = u"Other.mdb"_s;
+    EXPECT_FALSE(ExportMSStreets(exports, true).written);
+    EXPECT_EQ(doubles.prompter.Last().title, u"User not allowed to export database"_s);
+    EXPECT_EQ(Field(u"90 Oak St"_s, u"CITY"_s), u"PRATTVILLE"_s);
+    EXPECT_EQ(status.lblmsg.Caption(), QString());
+}
+
+TEST_F(Exports, AnOldDatabaseThatSomebodyHasOpenStays)
+{
+    Subject(u"1 Main St"_s);
+    ASSERT_TRUE(ExportMSStreets(exports, true, engine::DatabaseKind::Vasclip).written);
+    const auto open = engine.OpenDatabase(u"C:\\VAM\\APPRAISAL.MDB"_s);
+    status.lblmsg.Show(QString(), forms::Colour::Blue);
+    addr.txtCompAddr(1).SetText(u"2 Main St"_s);
+    EXPECT_FALSE(ExportMSStreets(exports, true).written);
+    EXPECT_EQ(doubles.prompter.Last().title, u"User not allowed to export database"_s);
+    EXPECT_EQ(status.lblmsg.Caption(), QString());
+    open->Close();
+    EXPECT_EQ(Records(u"C:\\VAM\\APPRAISAL.MDB"_s).size(), 1);
+    EXPECT_TRUE(ExportMSStreets(exports, true).written);
+    EXPECT_EQ(Records(u"C:\\VAM\\APPRAISAL.MDB"_s).size(), 2);
 }
 
 TEST_F(Exports, TheDatabaseWithoutItsTemplate)
@@ -197,7 +279,22 @@ TEST_F(Exports, AFailureLeavesTheOldDatabase)
     EXPECT_EQ(doubles.prompter.Boxes().size(), 1u);
     EXPECT_EQ(Records(u"C:\\VAM\\APPRAISAL.MDB"_s).size(), 6);
     EXPECT_EQ(status.lblmsg.Caption(), QString());
-    EXPECT_FALSE(home.disk.FileExists(u"C:\\VAM\\APPRAISAL.MDB.new"_s));
+    EXPECT_TRUE(doubles.prompter.Last().text.endsWith(u"in module errcreatemdb."_s))
+        << doubles.prompter.Last().text.toStdString();
+    EXPECT_EQ(home.disk.Dir(u"C:\\VAM\\*.*"_s), QStringList{u"APPRAISAL.MDB"_s});
+}
+
+TEST_F(Exports, AWriteProtectedDatabaseStaysAndIsTold)
+{
+    const QString file = u"C:\\VAM\\APPRAISAL.MDB"_s;
+    home.Put(file, "old");
+    home.disk.SetAttr(file, files::ReadOnly);
+    EXPECT_FALSE(ExportMSStreets(exports, true).written);
+    EXPECT_TRUE(doubles.prompter.Last().text.endsWith(u"in module ExportToAppraisalmdb."_s))
+        << doubles.prompter.Last().text.toStdString();
+    EXPECT_EQ(home.disk.ReadWhole(file), QByteArray("old"));
+    EXPECT_EQ(home.disk.Dir(u"C:\\VAM\\*.*"_s, files::ReadOnly), QStringList{u"APPRAISAL.MDB"_s});
+    home.disk.SetAttr(file, files::Normal);
 }
 
 TEST_F(Exports, ATemplateWithRecordsAndAColumnTooFew)

@@ -37,6 +37,7 @@ constexpr std::array kRows = {
     Row{"drop"_L1, ""_L1, "on"_L1},
     Row{"transfer"_L1, ""_L1, "data pictures"_L1},
     Row{"map"_L1, "picture"_L1, "out"_L1},
+    Row{"map"_L1, "export"_L1, "to"_L1},
     Row{"archive"_L1, ""_L1, "from to file ask"_L1},
     Row{"maintain"_L1, ""_L1, "date account"_L1},
     Row{"export"_L1, ""_L1, "file table to pictures where delimiter code-page"_L1},

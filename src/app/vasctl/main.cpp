@@ -98,7 +98,8 @@ Commands:
   map picture --out FILE  the street map with subject and comps of the open report as a PNG of 1500 x 1000 pixels; in
                           the demo also without a report
   map export delorme      the report's addresses for an outside map program, into the map export directory; or
-                          delorme2005, streets, streets2001
+                          delorme2005, streets, streets2001. The last two write an Access file; with --to vasclip a
+                          database of this program's own kind
   mapdata import SOURCE ... [--county NAME] [--state ST] [--source WORDS] [--date DATE] [--account FILE] [--beside]
                           makes street maps of public street files: TIGER/Line, OpenStreetMap, address points. With
                           --beside they wait beside those in use
@@ -278,7 +279,7 @@ int main(int argc, char* argv[])
         {u"choose"_s, u"What becomes of a kind of rows: changed=theirs; may be given several times."_s, u"KIND=CHOICE"_s},
         {u"refused"_s, u"A CSV file for the rows that an import refuses."_s, u"FILE"_s},
         {u"map"_s, u"Where a column of a CSV file goes; may be given several times."_s, u"HEADING=FIELD"_s},
-        {u"to"_s, u"What an export writes (vasclip, access, csv), or a conversion makes (access, vasclip); the last sale date of an "
+        {u"to"_s, u"What an export writes (vasclip, access, csv), or a conversion or a map export makes (access, vasclip); the last sale date of an "
                   "archive."_s,
          u"KIND|DATE"_s},
         {u"delimiter"_s, u"Between the values of a CSV file (,): a letter, or 'tab'."_s, u"C"_s},

@@ -78,7 +78,7 @@ int RunMap(Session& session, const Output& out, const QStringList& arguments, co
         return MapFind(session, out, words);
     if (verb == u"picture"_s)
         return MapPicture(session, out, words, options.value(u"out"_s));
-    return MapExport(session, out, words);
+    return MapExport(session, out, words, options.value(u"to"_s));
 }
 
 } // namespace vasclip::vasctl

@@ -34,6 +34,7 @@ int MapSendProximity(Session& session, const Output& out, const QStringList& wor
 int MapAnchor(Session& session, const Output& out, const QStringList& words);
 int MapFind(Session& session, const Output& out, const QStringList& words);
 int MapPicture(Session& session, const Output& out, const QStringList& words, const QString& file);
-int MapExport(Session& session, const Output& out, const QStringList& words);
+/// @param to  what a database is to be: "access", which it is without a word, or "vasclip"
+int MapExport(Session& session, const Output& out, const QStringList& words, const QString& to);
 
 } // namespace vasclip::vasctl
