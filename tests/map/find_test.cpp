@@ -376,6 +376,22 @@ TEST_F(StreetFind, LooksUpWithoutPlacing)
     EXPECT_EQ(control.lookUps, 0);
 }
 
+TEST_F(StreetFind, WhatIsFoundButNotPlacedIsShown)
+{
+    int lookUps = 0;
+    control.onGeocode = [&] {
+        if (++lookUps == 2) // the first one was to place it
+            control.addresses[At(u"20 ELM ST"_s)] = kOak;
+    };
+    frm_StreetFind screen(desk);
+    Play(screen, [&] {
+        Type(screen, u"20 Elm St"_s);
+        Q_EMIT screen.cmdFind.Clicked();
+    });
+    EXPECT_EQ(control.centre, kOak);
+    EXPECT_TRUE(control.pins.empty());
+}
+
 TEST_F(StreetFind, GoesToALabel)
 {
     Subject(u"1 Main St"_s);
@@ -414,13 +430,14 @@ TEST_F(StreetFind, SeveralCandidatesArePinned)
         screen.lstcandidates.SetVisible(true);
         QObject::connect(&screen.lstcandidates, &forms::ListBox::ListIndexChanged,
                          [&] { hidden = hidden || !screen.lstcandidates.Visible(); });
+        globals.transparent = u"1"_s;
         ShowCandidates(desk, screen.lstcandidates, false);
         EXPECT_EQ(screen.lstcandidates.ListIndex(), 0);
         EXPECT_TRUE(screen.lstcandidates.Visible());
     });
     EXPECT_TRUE(hidden);
-    EXPECT_EQ(Pins(), (QStringList{u"2 pingreen.bmp '32.46 -86.47 110 N CHESTNUT ST' 86C2"_s,
-                                   u"3 pingreen.bmp '32.47 -86.48 110 S CHESTNUT ST' 86C2"_s}));
+    EXPECT_EQ(Pins(), (QStringList{u"2 pingreen.bmp '32.46 -86.47 110 N CHESTNUT ST' 96C2"_s,
+                                   u"3 pingreen.bmp '32.47 -86.48 110 S CHESTNUT ST' 96C2"_s}));
     EXPECT_EQ(control.pins[2].picture, kArrows + u"pingreen.bmp"_s); // one backslash
     EXPECT_EQ(control.pins[3].place, (Place{32'470'000, -86'480'000}));
     forms::ListBox none(set, u"lstNone"_s);

@@ -32,7 +32,11 @@ TEST_F(Locator, PlacesTheSearchAsHouses)
     AddTown(u"12 Oak St"_s, Anchor(u"32.47"_s, u"-86.48"_s));
     AddComp(u"13 Oak St"_s, {{u"CITY"_s, u"PRATTVILLE"_s}}); // no state
     AddTown(u"14 Oak St"_s);                                 // not found
+    AddComp(u"15 Oak St"_s, {{u"ST"_s, u"AL"_s}});           // no city
     Search();
+    tab.txtMapAddress.SetText(u"99 Elm St"_s); // of the point before
+    tab.txtradius.SetText(u"1"_s);
+    tab.ckbRadius.SetValue(true);
     desk.state.g_MapRanges = u"SUBJECT|1W1_|COMP|2W3_"_s; // of the arrows before
     cmdGeoComp_Click(desk);
     EXPECT_EQ(Pins(), (QStringList{u"1 comp.bmp 'SUBJECT' 8C52"_s, u"2 reddoor.bmp '10 OAK ST' 8C52"_s,
@@ -42,9 +46,14 @@ TEST_F(Locator, PlacesTheSearchAsHouses)
     EXPECT_EQ(desk.state.g_MapRanges, QString()); // houses are no comps of the report
     EXPECT_EQ(Field(u"10 OAK ST"_s, u"ANCHORED"_s), u"0"_s);
     EXPECT_EQ(Location(u"12 OAK ST"_s), u"32.47 -86.48 1"_s);
-    EXPECT_EQ(status.lblmsg.Caption(), u"3 comps are on the map; 1 were not found: 14 OAK ST; 1 have no address, "
+    EXPECT_EQ(status.lblmsg.Caption(), u"3 comps are on the map; 1 were not found: 14 OAK ST; 2 have no address, "
                                        "city or state"_s);
     EXPECT_GT(control.centre.latitude, kOak.latitude); // zoomed to them
+    EXPECT_TRUE(control.log.contains(u"Scale=26400"_s)) << "from the whole view";
+    EXPECT_TRUE(control.log.contains(u"7/1=-1"_s)) << "the detail";
+    EXPECT_EQ(tab.txtMapAddress.Text(), QString());
+    EXPECT_EQ(tab.lstaddresses.Items(), (QStringList{u"10 OAK ST"_s, u"11 OAK ST"_s, u"12 OAK ST"_s})) << "the circle follows";
+    EXPECT_EQ(control.log.last(), u"Refresh"_s);
 }
 
 TEST_F(Locator, AnAnchorWithoutANumberIsToldByItsAddress)

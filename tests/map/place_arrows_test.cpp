@@ -103,7 +103,9 @@ TEST_F(Ladder, WithoutARecordTheBoxesGiveItWithoutAQuestion)
 TEST_F(PlaceArrows, TheSubjectByItsAddress)
 {
     AddTown(u"1 Main St"_s);
+    desk.state.arrows = false; // of the Comp Locator before
     cmdSubjectOnly_Click(desk);
+    EXPECT_TRUE(desk.state.arrows);
     EXPECT_EQ(Pins(), QStringList{u"1 ARROWBLUESUBJECTLT.BMP '' 8C52"_s});
     EXPECT_EQ(desk.state.g_MapRanges, u"SUBJECT|1W1_"_s);
     EXPECT_EQ(desk.state.g_MapResult(1), 1);
@@ -185,6 +187,7 @@ TEST_F(PlaceArrows, SubjectAndComps)
     AddTown(text(2), Anchor(u"32.5"_s, u"-86.5"_s));
     for (int n : {1, 2, 3})
         Box(Group::Sales, n, text(n), u"Prattville"_s, u"AL"_s);
+    desk.state.arrows = false;
     cmdSubjectAnd_Click(desk);
     EXPECT_EQ(Pins(), (QStringList{u"1 ARROWBLUESUBJECTLT.BMP '' 8C52"_s, u"2 ARROWBLUECOMP1LT.BMP '' 8C52"_s,
                                    u"3 ARROWBLUECOMP2LT.BMP '' 8C62"_s, u"4 ARROWBLUECOMP3LT.BMP '' 8C52"_s}));
@@ -194,6 +197,28 @@ TEST_F(PlaceArrows, SubjectAndComps)
     EXPECT_EQ(Field(text(1), u"ANCHORED"_s), u"0"_s);
     EXPECT_EQ(status.lblmsg.Caption(), u"On the map: SUBJECT, COMP #1, COMP #2, COMP #3"_s);
     EXPECT_TRUE(desk.state.arrows);
+    // First the whole view, then what was placed, then the detail.
+    const qsizetype wide = control.log.indexOf(u"Scale=26400"_s);
+    const qsizetype placed = control.log.lastIndexOf(u"Action 3"_s);
+    const qsizetype centred = control.log.lastIndexOf(u"Action 217"_s);
+    EXPECT_TRUE(0 <= wide && wide < placed && placed < centred) << wide << ' ' << placed << ' ' << centred;
+    EXPECT_GT(control.log.lastIndexOf(u"7/1=-1"_s), centred);
+    street::Extent around;
+    for (const auto& [id, pin] : control.pins)
+        around.Widen(pin.place);
+    EXPECT_NEAR(control.centre.latitude, (around.low.latitude + around.high.latitude) / 2.0, 1);
+    EXPECT_NEAR(control.centre.longitude, (around.low.longitude + around.high.longitude) / 2.0, 1);
+    EXPECT_NE(control.Scale(), 26400);
+}
+
+TEST_F(PlaceArrows, ANewArrowOfAFrozenNumberMayBeTurned)
+{
+    Box(Group::Sales, 1, text(1));
+    cmdSubjectAnd_Click(desk);
+    desk.state.turnedByHand = {1, 2};
+    tab.ckbFreeze.SetValue(true);
+    cmdSubjectAnd_Click(desk); // comp 1 is placed anew, the subject stays
+    EXPECT_EQ(desk.state.turnedByHand, QSet<qint32>{1});
 }
 
 TEST_F(PlaceArrows, EachTabHasItsType)

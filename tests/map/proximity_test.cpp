@@ -266,6 +266,17 @@ TEST_F(ProximitySending, ArrowsOfOtherAddressesAskFirst)
     EXPECT_EQ(Poked(), QStringList{u"URAR|14|2=2. Mi. West"_s});
 }
 
+TEST_F(ProximitySending, TheFirstSaleIsShownBeforeTheFirstIsMeasured)
+{
+    QStringList shown;
+    QObject::connect(&tab.txtMapAddress, &forms::TextBox::TextChanged, [&] { shown << tab.txtMapAddress.Text(); });
+    report.txtComp(1).SetText(u"1 SALE ST"_s);
+    Comp(Group::Rentals, 2, 2, 5280);
+    desk.state.g_MapRanges = u"SUBJECT|1W1_|RENTAL|2W1_"_s;
+    cmdProx_Click(desk);
+    EXPECT_EQ(shown, (QStringList{u"1 SALE ST"_s, u"2 RENTAL ST"_s}));
+}
+
 TEST_F(ProximitySending, WithoutArrowsOnlyTheSubjectIsSelected)
 {
     cmdProx_Click(desk);

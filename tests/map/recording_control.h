@@ -43,6 +43,7 @@ public:
     QStringList drawn;
     bool canDraw = true;
     qint32 attributeStatus = 0;      ///< of action 22
+    QList<qint32> protectedPins;     ///< that can't be written back
     std::function<void(const QString& file)> onDraw;
     std::function<void()> onGeocode;
     std::function<double(Place)> distance; ///< in place of the globe's
@@ -113,7 +114,7 @@ public:
             pins[m_id] = {m_place, m_flags, m_picture, m_text};
             return;
         case a::kWritePoint:
-            if (!pins.contains(m_id))
+            if (!pins.contains(m_id) || protectedPins.contains(m_id))
                 m_status = -1;
             else
                 pins[m_id] = {m_place, m_flags, m_picture, m_text};

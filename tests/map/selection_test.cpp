@@ -139,6 +139,18 @@ TEST_F(Selection, TheFrontViewIsShownIfItsFileIsThere)
     EXPECT_EQ(table.ErrGetPict(tab.geaMapPhoto), u"C:\\JPG\\ABCD1234.jpg"_s);
     mapview_PointClick(desk, 2);
     EXPECT_TRUE(tab.geaMapPhoto.Picture().isNull());
+    mapview_PointClick(desk, 4);
+    cmdClearPoint_Click(desk);
+    EXPECT_TRUE(tab.geaMapPhoto.Picture().isNull());
+}
+
+TEST_F(Selection, ADayBeforeTheCalendarBeginsIsNotShown)
+{
+    for (const auto& [stored, shown] : {std::pair{u"12/31/1899"_s, QString()}, std::pair{u"1/1/1900"_s, u"1/1/1900"_s}}) {
+        engine.OpenDatabase(kDatabook)->Execute(u"UPDATE COMPS SET SALEDATE = '%1'"_s.arg(stored));
+        mapview_PointClick(desk, 2);
+        EXPECT_EQ(tab.txtSaleDate.Text(), shown) << stored.toStdString();
+    }
 }
 
 TEST_F(Selection, TheBoxesOwnEventWorksOnTheSame)
@@ -169,7 +181,9 @@ TEST_F(Selection, ClearingTheSelectedPoint)
     EXPECT_EQ(desk.state.g_MapSelectedID, 0);
     EXPECT_EQ(Location(u"20 OAK ST"_s), u"32.47 -86.47 1"_s); // its record stays as it is
     mapview_PointClick(desk, 1);
+    desk.state.g_MapResult(0) = 1;
     EXPECT_TRUE(mapview_KeyDown(desk, 'C', forms::kAltMask));
+    EXPECT_EQ(desk.state.g_MapResult(0), 0); // the subject's
     EXPECT_EQ(desk.state.g_MapResult(1), 0);
     mapview_PointClick(desk, 2);
     EXPECT_EQ(Proximity(), QString()); // there is nothing to measure from
@@ -226,7 +240,14 @@ TEST_F(Selection, AnchorAllStopsBeforeWhatWasPlacedByHand)
     Pin(39, kOak, u"77 PINE ST"_s, u"comp.bmp"_s);
     Pin(40, kOak, u"78 PINE ST"_s, u"comp.bmp"_s);
     AddTown(u"78 Pine St"_s);
+    AddTown(u"30 Elm St"_s);
+    control.protectedPins = {4}; // its record is not told of a place that the map did not take
+    mapview_PointClick(desk, 2);
+    EXPECT_FALSE(tab.imaanchor.Visible());
     cmdAnchor_Click(desk);
+    EXPECT_TRUE(tab.imaanchor.Visible()) << "of the selected point";
+    EXPECT_EQ(Field(u"30 ELM ST"_s, u"ANCHORED"_s), QString());
+    EXPECT_EQ(status.lblmsg.Caption(), u"4 points are anchored"_s);
     EXPECT_EQ(control.pins[2].flags, 0x8C72);
     EXPECT_EQ(control.pins[39].picture, kArrows + u"COMPAnchor.bmp"_s);
     EXPECT_EQ(control.pins[40].picture, kArrows + u"comp.bmp"_s);
@@ -235,6 +256,8 @@ TEST_F(Selection, AnchorAllStopsBeforeWhatWasPlacedByHand)
     EXPECT_EQ(Field(u"78 PINE ST"_s, u"ANCHORED"_s), QString());
     EXPECT_EQ(Location(u"20 OAK ST"_s), DegreesText(control.pins[3].place.latitude) + u' ' +
                                             DegreesText(control.pins[3].place.longitude) + u" 1"_s);
+    desk.state.g_MapSelectedID = 0;
+    cmdAnchor_Click(desk);
     EXPECT_EQ(control.ID(), 1);
 }
 

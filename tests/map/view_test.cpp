@@ -243,8 +243,11 @@ TEST_F(View, AClickNamesTheStreet)
     StreetClick(desk, kOak);
     control.streetAt = u"0 Elm Ave, Prattville, AL"_s;
     StreetClick(desk, kOak);
-    EXPECT_EQ(Pins(), (QStringList{u"2 streetarrow.bmp 'N Oak St' 8C52"_s, u"3 streetarrow.bmp 'Elm Ave' 8C52"_s}));
-    EXPECT_EQ(desk.state.g_MapPointCount, 4);
+    control.streetAt = u"0-12 Ash Ave, Prattville, AL"_s; // no number, but a nought leads it
+    StreetClick(desk, kOak);
+    EXPECT_EQ(Pins(), (QStringList{u"2 streetarrow.bmp 'N Oak St' 8C52"_s, u"3 streetarrow.bmp 'Elm Ave' 8C52"_s,
+                                   u"4 streetarrow.bmp 'Ash Ave' 8C52"_s}));
+    EXPECT_EQ(desk.state.g_MapPointCount, 5);
     EXPECT_EQ(control.pins[2].place, kOak);
 }
 
