@@ -13,6 +13,8 @@ Outcome SendRecordView(DropDesk& desk, const QString& key, const DropRule& rule,
 Outcome SendAskedView(DropDesk& desk, const QString& key, const DropRule& rule, int index);
 /// The photo on show in the Databook tab as it was dragged; a general slot takes the view that is asked as its text.
 Outcome SendShown(DropDesk& desk, const Drag& drag, const DropRule& rule, int index);
+/// The map's proximity as it was dragged, into the cell of an alternate. Asked where it is another address's.
+Outcome SendProximity(DropDesk& desk, const Drag& drag, SlotRef slot);
 /// The three views of a record in place of the subject's.
 Outcome ReplaceSubjectPhotos(DropDesk& desk, const QString& key);
 

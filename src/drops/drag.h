@@ -21,6 +21,7 @@ struct Drag
     QStringList files = {}; ///< drive paths, when they come from another program
     QString view = {};       ///< of the photo on show, when that is dragged
     QString refusal = {};    ///< why nothing may come of it, for the user's eyes
+    QString text = {};       ///< of the map's proximity, when that is dragged
 };
 
 /// Of a drag: HandPict.Ico or DropPict.Ico of the program directory.

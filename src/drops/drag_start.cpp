@@ -35,7 +35,7 @@ bool Router::IsSource(const forms::Control& source) const
     }
     if (name == "MAPVIEW"_L1 || name == "GEAMAPPHOTO"_L1) // with the point that is selected
         return !KeyOf(source).isEmpty();
-    if (name != "TXTMAPADDRESS"_L1 && PlaceOf(name) == Place::Elsewhere)
+    if (name != "TXTMAPADDRESS"_L1 && name != "TXTMAPPROXIMITY"_L1 && PlaceOf(name) == Place::Elsewhere)
         return false;
     if (const auto* combo = qobject_cast<const forms::ComboBox*>(&source))
         return !text::Trim(combo->Text()).isEmpty();
@@ -50,7 +50,7 @@ QString Router::KeyOf(const forms::Control& source) const
         return text::Trim(m_desk.grddatabook.CurrentText(fields::CENTRALKEY));
     if (name == "GEAMAINTAIN"_L1)
         return text::Folded(m_desk.txtcentralkey.Text());
-    if (name == "TXTMAPADDRESS"_L1 || name == "MAPVIEW"_L1 || name == "GEAMAPPHOTO"_L1)
+    if (name.startsWith("TXTMAP"_L1) || name == "MAPVIEW"_L1 || name == "GEAMAPPHOTO"_L1)
         return text::Folded(m_desk.txtMapAddress.Text());
     return {};
 }
@@ -99,7 +99,9 @@ Drag Router::Start(const forms::Control& source, int shift)
             .key = KeyOf(source),
             .picture = photos::PointAt(m_desk.link.disk, m_state.DraggedPicture),
             .view = name == "GEAMAINTAIN"_L1 ? text::Trim(m_desk.link.lists.txtView.Text()) : QString(),
-            .refusal = refusal};
+            .refusal = refusal,
+            .text = name == "TXTMAPPROXIMITY"_L1 ? text::Trim(static_cast<const forms::TextBox&>(source).Text())
+                                                 : QString()};
 }
 
 Drag Router::StartFiles(const QStringList& files)

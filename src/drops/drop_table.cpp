@@ -15,6 +15,7 @@ using enum DropAction;
 
 constexpr auto kGrid = "GRDDATABOOK"_L1;
 constexpr auto kMapAddress = "TXTMAPADDRESS"_L1;
+constexpr auto kMapProximity = "TXTMAPPROXIMITY"_L1;
 constexpr auto kMapView = "MAPVIEW"_L1;
 constexpr auto kMapPhoto = "GEAMAPPHOTO"_L1;
 constexpr auto kThumb = "GEATHUMB"_L1;
@@ -75,6 +76,7 @@ constexpr std::array kDropMatrix{
     DropRule{kGrid,       "TXTRENTAL"_L1,  PasteCompAndPhoto, Group::Rentals},
     DropRule{kMapAddress, "TXTCOMP"_L1,    PasteCompAndPhoto, Group::Sales},
     DropRule{kMapAddress, "TXTALTCOMP"_L1, PasteCompAndPhoto, Group::Alternates},
+    DropRule{kMapProximity, "TXTALTCOMP"_L1, SendProximity,  Group::Alternates},
     DropRule{kMapView,    "TXTCOMP"_L1,    PasteCompAndPhoto, Group::Sales},
     DropRule{kMapView,    "TXTALTCOMP"_L1, PasteCompAndPhoto, Group::Alternates},
     DropRule{kMapView,    "TXTLISTING"_L1, PasteCompAndPhoto, Group::Listings},

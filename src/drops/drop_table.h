@@ -21,6 +21,7 @@ enum class DropAction {
     ReplaceSubjectPhotos,
     PasteCompAndPhoto,   ///< the comp's data and its front photo
     PasteComp,           ///< the comp's data alone
+    SendProximity,       ///< the map's proximity on show, into the comp's cell
     ShowInSubject,       ///< the picture in all three subject slots, here alone
     FileInRecord,        ///< the picture is filed with the highlighted record
     SaveData,            ///< the slot's data go into the Databook

@@ -193,6 +193,8 @@ Outcome Router::Run(const Drag& drag, forms::Control& target, const DropRule& ru
         return SendRecord(m_desk.link, {*rule.group, index}, drag.key, WithPhoto::Yes);
     case DropAction::PasteComp:
         return SendRecord(m_desk.link, {*rule.group, index}, drag.key, WithPhoto::No);
+    case DropAction::SendProximity:
+        return SendProximity(m_desk, drag, {*rule.group, index});
     case DropAction::ShowInSubject:
         return ShowInSubject(m_desk, drag.picture.path);
     case DropAction::FileInRecord:

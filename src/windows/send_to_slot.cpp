@@ -55,6 +55,8 @@ QList<SlotChoice> SlotChoices(const forms::ControlSet& controls, const forms::Dr
         if (target != nullptr && target->Enabled() && port.Accepts(source, *target))
             choices.append({title, effect, now, target});
     };
+    const QString onText = source == QLatin1StringView("txtMapProximity") ? SendToSlotDialog::tr("proximity")
+                                                                          : SendToSlotDialog::tr("data and front photo");
     for (const SlotGroup& group : SlotGroups()) {
         for (int page = 0; page < group.row.pages; ++page) {
             if (!PageAvailable(controls, group, page))
@@ -67,7 +69,7 @@ QList<SlotChoice> SlotChoices(const forms::ControlSet& controls, const forms::Dr
                 const QString title = u"%1 %2"_s.arg(group.row.title).arg(index);
                 forms::Control* text = controls.Find(QLatin1StringView(group.text), index);
                 const QString now = TextOf(text);
-                add(text, title, SendToSlotDialog::tr("data and front photo"), now);
+                add(text, title, onText, now);
                 add(controls.Find(QLatin1StringView(group.box), index), title,
                     SendToSlotDialog::tr("data only"), now);
                 add(controls.Find(QLatin1StringView(group.photo), index), title,

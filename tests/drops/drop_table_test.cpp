@@ -67,6 +67,7 @@ std::map<Pair, Expected> Wanted()
     }
     for (const QString& target : {u"TXTCOMP"_s, u"TXTALTCOMP"_s})
         add(u"TXTMAPADDRESS"_s, target, PasteCompAndPhoto, GroupOf(target));
+    add(u"TXTMAPPROXIMITY"_s, u"TXTALTCOMP"_s, SendProximity, drops::Group::Alternates);
     for (const QString& source : {u"GEATHUMB"_s, u"FILCAPTURE"_s, u"FILES"_s})
         add(source, u"TXTSUBJECT"_s, ShowInSubject, drops::Group::Subject);
     for (const QString& target : {u"GEACOMP"_s, u"GEAALTCOMP"_s, u"GEALISTING"_s, u"GEARENTAL"_s})

@@ -396,6 +396,57 @@ TEST_F(RouterTest, TheReportIsAskedForBeforeThePage)
     EXPECT_EQ(conduit.log.count(u"request"_s), 1);
 }
 
+TEST_F(RouterTest, TheMapsProximityGoesIntoTheCellOfAnAlternate)
+{
+    forms::TextBox txtMapProximity{set, u"txtMapProximity"_s};
+    Map({u"UA5"_s, u"ALTPAGE"_s, u"PROXIMITY"_s, u"14"_s, u"3"_s, u"ALT"_s, u"1"_s, u"2"_s});
+    EXPECT_FALSE(router.IsSource(txtMapProximity)) << "empty";
+    txtMapProximity.SetText(u" 1.2 Mi. NW "_s);
+    txtMapAddress.SetText(u"12 Oak St"_s);
+    report.txtAltComp(2).SetText(u"12 OAK ST"_s);
+    ASSERT_TRUE(router.IsSource(txtMapProximity));
+    EXPECT_FALSE(router.Accepts(u"txtMapProximity"_s, report.txtComp(2)));
+    ASSERT_TRUE(router.Accepts(u"txtMapProximity"_s, report.txtAltComp(2)));
+    const Drag drag = router.Start(txtMapProximity);
+    txtMapProximity.SetText(u"9. Mi. East"_s); // another point is chosen meanwhile
+    const Outcome outcome = router.DropUntold(drag, report.txtAltComp(2));
+    EXPECT_TRUE(outcome.done);
+    EXPECT_EQ(outcome.message, u"Alt comp 2: 1.2 Mi. NW is in the report now."_s);
+    EXPECT_EQ(Poked(), QStringList{u"ALTPAGE|14|5=1.2 Mi. NW"_s});
+    EXPECT_EQ(addr.txtAltProximity(2).Text(), u"1.2 Mi. NW"_s);
+    EXPECT_EQ(report.txtAltComp(2).Text(), u"12 OAK ST"_s);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(RouterTest, TheProximityOfAnotherAddressAsksFirst)
+{
+    forms::TextBox txtMapProximity{set, u"txtMapProximity"_s};
+    Map({u"UA5"_s, u"ALTPAGE"_s, u"PROXIMITY"_s, u"14"_s, u"3"_s, u"ALT"_s, u"1"_s, u"2"_s});
+    txtMapProximity.SetText(u"1.2 Mi. NW"_s);
+    txtMapAddress.SetText(u"12 Oak St"_s);
+    report.txtAltComp(1).SetText(u"14 Elm St"_s);
+    doubles.prompter.Answer(forms::Answer::No);
+    EXPECT_FALSE(router.DropUntold(router.Start(txtMapProximity), report.txtAltComp(1)).done);
+    EXPECT_TRUE(conduit.pokes.isEmpty());
+    EXPECT_EQ(doubles.prompter.Last().text, u"The proximity 1.2 Mi. NW was measured for 12 OAK ST, and Alt comp 1 is "
+                                            "14 Elm St. Send it into that comp's cell all the same?"_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    EXPECT_TRUE(router.DropUntold(router.Start(txtMapProximity), report.txtAltComp(1)).done);
+    EXPECT_EQ(Poked(), QStringList{u"ALTPAGE|14|3=1.2 Mi. NW"_s});
+}
+
+TEST_F(RouterTest, AFormWithoutACellForTheProximityIsTold)
+{
+    forms::TextBox txtMapProximity{set, u"txtMapProximity"_s};
+    txtMapProximity.SetText(u"1.2 Mi. NW"_s);
+    txtMapAddress.SetText(u"12 Oak St"_s);
+    report.txtAltComp(1).SetText(u"12 Oak St"_s);
+    const Outcome outcome = router.DropUntold(router.Start(txtMapProximity), report.txtAltComp(1));
+    EXPECT_FALSE(outcome.done);
+    EXPECT_EQ(outcome.message, u"The form has no cell for the proximity of Alt comp 1."_s);
+    EXPECT_EQ(addr.txtAltProximity(1).Text(), QString());
+}
+
 TEST_F(RouterTest, APairWithoutARuleAsksNobody)
 {
     forms::TextBox txtMapProximity{set, u"txtMapProximity"_s};

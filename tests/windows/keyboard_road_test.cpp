@@ -334,6 +334,7 @@ protected:
         }
         main.Link().loader.ErrLoadThumb(main.slots.geamaintain, u"C:\\JPG\\HOUSE.jpg"_s);
         main.program.Map().tab.txtMapAddress.SetText(u"12 Oak St"_s);
+        main.program.Map().tab.txtMapProximity.SetText(u"1.2 Mi. NW"_s);
         main.report.cboGeneral(1).SetText(u"KITCHEN"_s);
         main.records.grddatabook.SetRow(0);
         drops.quiet = true;
