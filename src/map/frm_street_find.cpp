@@ -269,8 +269,23 @@ void frm_StreetFind::FindAddress()
     } else if (const std::optional<street::Place> place = MapFindAddress(m_desk, Location())) {
         MapCenterOnLatLong(m_desk, DegreesText(place->latitude), DegreesText(place->longitude));
     } else if (!OfferCandidates()) {
-        lblmsg.Show(messages::kAddressNotFound.arg(Location()), forms::Colour::Red);
+        lblmsg.Show(NotFoundWords(), forms::Colour::Red);
     }
+}
+
+/// With the counties in which nobody could look: the address may be there.
+QString frm_StreetFind::NotFoundWords() const
+{
+    constexpr qsizetype kShown = 80; // a longer text is no address
+    constexpr qsizetype kNamed = 3;
+    const QString location = Location();
+    const QString words = messages::kAddressNotFound.arg(
+        location.size() > kShown ? location.left(kShown) + u'\u2026' : location);
+    const QStringList problems = m_desk.problems ? m_desk.problems() : QStringList();
+    if (problems.isEmpty())
+        return words;
+    const QString more = problems.size() > kNamed ? u"; ..."_s : QString();
+    return words + messages::kNotLookedIn.arg(problems.mid(0, kNamed).join(u"; "_s) + more);
 }
 
 bool frm_StreetFind::OfferCandidates()

@@ -41,6 +41,7 @@ private:
     void FindAddress();
     void FindLabel();
     [[nodiscard]] bool OfferCandidates();
+    [[nodiscard]] QString NotFoundWords() const;
     void ForgetCandidates();
 
     MapDesk& m_desk;

@@ -90,6 +90,7 @@ struct MapDesk
     const street::Geocoder* geocoder = nullptr; ///< none: an address that is not found has no candidates
     link::LinkDesk* link = nullptr;         ///< none: nothing goes into the report
     std::function<void()> openSearch = {};  ///< shows the search screen
+    std::function<QStringList()> problems = {}; ///< what of the street files can't be read, a sentence each
     MapState state = {};
 };
 

@@ -59,6 +59,7 @@ inline const QString kRowChanged =
 inline const QString kNoStreet = u"Type a street address first"_s;
 inline const QString kNoLabel = u"Choose a label first"_s;
 inline const QString kAddressNotFound = u"%1 was not found. Leave the city or the ZIP out, or try the street alone"_s;
+inline const QString kNotLookedIn = u". These maps can't be read, so it was not looked for there: %1"_s;
 inline const QString kOnePlace = u"Not sure. This place may be meant; it has a pin on the map"_s;
 inline const QString kRecordGone = u"%1 is not in the Databook any more"_s;
 inline const QString kSeveralPlaces = u"%1 places may be meant. Choose one from the list"_s;

@@ -33,7 +33,7 @@ QString CreditOf(const street::MapData& maps)
     QStringList sources;
     for (const street::CountyRecord& county : maps.Counties()) {
         for (QString source : county.info.source.split(u", "_s, Qt::SkipEmptyParts)) {
-            if (source == "OpenStreetMap"_L1) // its licence wants these words
+            if (source.contains("OpenStreetMap"_L1, Qt::CaseInsensitive)) // its licence wants these words
                 source = u"\u00a9 OpenStreetMap contributors"_s;
             if (!sources.contains(source))
                 sources.append(source);
@@ -73,6 +73,7 @@ MapParts::MapParts(Program& program)
           .loader = program.Loader(),
           .link = &program.Link(),
           .openSearch = [&program] { Q_EMIT program.records.cmdSearch.Clicked(); },
+          .problems = [this] { return Problems(); },
       }))
     , m_proximity(std::make_unique<map::MapProximity>(*m_desk))
 {

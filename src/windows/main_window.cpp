@@ -260,7 +260,7 @@ QStringList MainWindow::Leftovers()
     return m_binder.Leftovers(*this);
 }
 
-/// From pane to pane: source tabs, report, record, add row, grid.
+/// From pane to pane: source tabs, map, report, record, add row, grid.
 void MainWindow::NextPane(int step)
 {
     QWidget* report = m_ui->TabData->tabBar();
@@ -276,6 +276,10 @@ void MainWindow::NextPane(int step)
     if (pictures != nullptr) {
         panes.append(pictures);
         grounds.append(m_ui->browserPane);
+    }
+    if (auto* map = findChild<QWidget*>(u"mapview"_s)) {
+        panes.insert(1, map);
+        grounds.insert(1, map->parentWidget());
     }
     qsizetype at = -1;
     for (qsizetype i = 0; i < grounds.size(); ++i) {

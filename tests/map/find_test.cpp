@@ -364,6 +364,39 @@ TEST_F(StreetFind, WhatIsNotFoundIsTold)
     EXPECT_TRUE(control.pins.empty());
 }
 
+TEST_F(StreetFind, CountiesThatNobodyCouldLookInAreNamed)
+{
+    QStringList problems{u"Autauga: the file is missing"_s};
+    desk.problems = [&] { return problems; };
+    frm_StreetFind screen(desk);
+    Play(screen, [&] {
+        Type(screen, u"1 Nowhere"_s);
+        Q_EMIT screen.cmdFind.Clicked();
+        EXPECT_TRUE(screen.lblmsg.Caption().endsWith(u"try the street alone. These maps can't be read, so it was not looked "
+                                                     "for there: Autauga: the file is missing"_s))
+            << screen.lblmsg.Caption().toStdString();
+        problems += {u"B: x"_s, u"C: x"_s, u"D: x"_s};
+        Q_EMIT screen.cmdFind.Clicked();
+        EXPECT_TRUE(screen.lblmsg.Caption().endsWith(u"; B: x; C: x; ..."_s)) << screen.lblmsg.Caption().toStdString();
+    });
+}
+
+TEST_F(StreetFind, TextsThatAreNoAddressesAreToldShortly)
+{
+    frm_StreetFind screen(desk);
+    Play(screen, [&] {
+        for (const QString& text : {QString(10'000, u'x'), u"'; DROP TABLE COMPS; --"_s, u"\U0001F3E0\U0001F3E0"_s}) {
+            Type(screen, text);
+            Q_EMIT screen.cmdFind.Clicked();
+            EXPECT_TRUE(screen.lblmsg.Caption().startsWith(text.left(20))) << text.left(20).toStdString();
+            EXPECT_TRUE(screen.lblmsg.Caption().contains(u"was not found"_s));
+            EXPECT_LT(screen.lblmsg.Caption().size(), 200);
+        }
+    });
+    EXPECT_TRUE(control.pins.empty());
+    EXPECT_EQ(Field(u"20 ELM ST"_s, u"CITY"_s), u"PRATTVILLE"_s) << "the Databook is as it was";
+}
+
 TEST_F(StreetFind, LooksUpWithoutPlacing)
 {
     control.addresses[u"SOUTH,"_s] = {-33'000'000, 18'000'000};

@@ -278,6 +278,18 @@ TEST_F(Imports, ReadOpenStreetMap)
         EXPECT_TRUE(ended.out.contains(line)) << ended.out.toStdString();
 }
 
+TEST_F(Imports, NameOpenStreetMapWhateverTheUserCallsHisSources)
+{
+    const QString town = Put(u"town.osm"_s, Osm());
+    const auto source = [&](const QStringList& options) {
+        EXPECT_EQ(Import({town}, QStringList{u"--county"_s, u"Elm"_s} + options).code, 0);
+        return street::MapData(Maps()).Counties().at(0).info.source;
+    };
+    EXPECT_EQ(source({}), u"OpenStreetMap"_s);
+    EXPECT_EQ(source({u"--source"_s, u"our cut of May"_s}), u"our cut of May, OpenStreetMap"_s);
+    EXPECT_EQ(source({u"--source"_s, u"OpenStreetMap of May"_s}), u"OpenStreetMap of May"_s);
+}
+
 TEST_F(Imports, SayThatAnOpenStreetMapFileIsNotSorted)
 {
     QByteArray osm = Osm();

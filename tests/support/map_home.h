@@ -9,8 +9,8 @@
 
 namespace vasclip {
 
-/// Leaves the maps of the made-up town in a native directory.
-inline void MakeMaps(const QString& directory)
+/// Leaves the maps of the made-up town in a native directory. @param source  whose data they are, in words
+inline void MakeMaps(const QString& directory, const QString& source = {})
 {
     using namespace Qt::StringLiterals;
     const tests::MadeTown town;
@@ -21,6 +21,7 @@ inline void MakeMaps(const QString& directory)
     street::CountyInfo info;
     info.county = u"01001"_s;
     info.state = u"AL"_s;
+    info.source = source;
     street::CountyWriter writer(path, info);
     for (const street::RoadEdge& edge : town.edges)
         writer.Add(edge);

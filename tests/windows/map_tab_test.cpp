@@ -20,6 +20,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPainter>
 #include <QPushButton>
 #include <QSettings>
 #include <QTabWidget>
@@ -179,6 +180,50 @@ TEST_F(MapTab, ACountyThatCannotBeReadIsNamedUnderTheMap)
     MakeMaps(directory); // imported again
     Q_EMIT program.Map().tab.cmdRefreshMap.Clicked();
     EXPECT_EQ(note->text(), QString());
+}
+
+TEST_F(MapTab, WhoseDataItIsStandsOnTheMapAndOnTheReportsPicture)
+{
+    Start();
+    MakeMaps(home.disk.ToNative(common::CkRSlash(main.globals.cellData)), u"TIGER/Line 2021, OpenStreetMap of May"_s);
+    OpenTab();
+    Map().SetLatitude(kHouse.latitude);
+    Map().SetLongitude(kHouse.longitude);
+    Map().DoAction(street::action::kSetCentre);
+    Map().SetScale(5280);
+    const auto drawn = [this] {
+        QImage image(View().size(), QImage::Format_RGB32);
+        QPainter painter(&image);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return Map().Paint(painter); }, 10'000));
+        return image;
+    };
+    const QImage window = drawn();
+    const QImage picture = Map().ReportPicture(1500, 1000);
+    Map().SetCredit(u"TIGER/Line 2021, \u00a9 OpenStreetMap contributors"_s);
+    EXPECT_EQ(drawn(), window) << "these words, letter for letter";
+    EXPECT_EQ(Map().ReportPicture(1500, 1000), picture);
+    for (const QString& other : {QString(), u"TIGER/Line 2021, OpenStreetMap"_s}) {
+        Map().SetCredit(other);
+        EXPECT_NE(drawn(), window) << other.toStdString();
+        EXPECT_NE(Map().ReportPicture(1500, 1000), picture) << other.toStdString();
+    }
+}
+
+TEST_F(MapTab, MapsThatGoWhileTheyAreOpenAreMissedInWords)
+{
+    StartWithMaps();
+    QDir directory(home.disk.ToNative(common::CkRSlash(main.globals.cellData)));
+    ASSERT_TRUE(directory.removeRecursively());
+    QTest::mouseClick(window->findChild<QPushButton*>(u"cmdRefreshMap"_s), Qt::LeftButton);
+    EXPECT_EQ(MissingBoxes(), 1);
+    EXPECT_FALSE(program.Map().Desk().state.inUse);
+    OpenTab();
+    QTest::keyClick(&View(), Qt::Key_Right);
+    QTest::mouseClick(&View(), Qt::LeftButton, {}, QPoint(50, 50));
+    QApplication::processEvents();
+    MakeMaps(directory.path()); // imported again
+    Q_EMIT program.Map().tab.cmdSubjectOnly.Clicked();
+    EXPECT_TRUE(program.Map().Desk().state.inUse);
 }
 
 TEST_F(MapTab, TheButtonSaysWhatTheTabsShow)

@@ -219,6 +219,9 @@ street::CountyInfo Importer::InfoOf(const QString& name, const std::vector<const
         date = std::max(date, own);
     }
     info.source = m_options.source.isEmpty() ? kinds.join(u", "_s) : m_options.source;
+    const QString licensed = u"OpenStreetMap"_s; // which has to be named on each map, whatever the user calls it
+    if (kinds.contains(licensed) && !info.source.contains(licensed))
+        info.source += u", "_s + licensed;
     info.date = m_options.date.isEmpty() ? date : m_options.date;
     return info;
 }

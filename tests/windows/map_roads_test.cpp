@@ -1,0 +1,248 @@
+#include "keys.h"
+
+#include "common/paths.h"
+#include "map/messages.h"
+#include "shell/map_parts.h"
+#include "shell/report_home.h"
+#include "support/map_home.h"
+#include "windows/guard.h"
+#include "windows/main_window.h"
+#include "windows/map_view.h"
+#include "windows/record_grid.h"
+#include "windows/theme.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSettings>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QWheelEvent>
+#include <QWindow>
+
+// Subject and nine comps onto the map, one of them put right, picture and proximities into the report: once by keys
+// alone, once by the mouse alone.
+
+namespace vasclip::windows {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+constexpr int kComps = 9;
+constexpr qint32 kFirstComp = 2;
+constexpr int kPutRight = 3; ///< the comp whose place is corrected
+
+class MapRoads : public shell::ReportHome
+{
+protected:
+    EventGuard guard{doubles.prompter, {}};
+    QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
+    Theme theme{*qApp, &settings};
+    std::unique_ptr<MainWindow> window;
+
+    static QString Address(int n) { return u"%1 Row %2 St"_s.arg(n * 100 + 50).arg(n); }
+
+    void SetUp() override
+    {
+        ReportHome::SetUp();
+        QImage stock(15, 10, QImage::Format_RGB32);
+        stock.fill(Qt::gray);
+        ASSERT_TRUE(stock.save(home.disk.ToNative(u"C:\\VAS2000\\vas2000.jpg"_s)));
+        for (int n = 1; n <= kComps; ++n)
+            Add(shell::kDatabook, u"COMPS"_s,
+                {{u"CENTRALKEY"_s, Address(n).toUpper()}, {u"ADDRESS"_s, Address(n)}, {u"CITY"_s, u"Elmsford"_s},
+                 {u"ST"_s, u"AL"_s}, {u"ZIP"_s, u"36067"_s}});
+        for (const int base : {1, 4, 7})
+            Add(shell::kMapping, u"Comp2Kel"_s,
+                {{u"FORMTYPE"_s, u"UA5"_s}, {u"FORMNAME"_s, u"CMP"_s}, {u"FIELDNAME"_s, u"PROXIMITY"_s},
+                 {u"ROW"_s, QString::number(20 + base)}, {u"CELL"_s, u"1"_s}, {u"COMPTYPE"_s, u"SALE"_s},
+                 {u"COMP"_s, QString::number(base)}, {u"OFFSET"_s, u"1"_s}});
+        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
+        ASSERT_TRUE(main.linkState.linkActive);
+        main.report.txtSubject.SetText(u"110 Row 1 St"_s);
+        main.addr.txtKelCity.SetText(u"Elmsford"_s);
+        main.addr.txtKelState.SetText(u"AL"_s);
+        for (int n = 1; n <= kComps; ++n)
+            main.report.txtComp(n).SetText(Address(n));
+        MakeMaps(home.disk.ToNative(common::CkRSlash(main.globals.cellData)));
+        window = std::make_unique<MainWindow>(main.controls, main.drags.Router(), main, guard, theme, settings);
+        window->ShowMap(main.map);
+        window->resize(1366, 768);
+        window->show();
+        ASSERT_TRUE(Activate(*window));
+        conduit.pokes.clear();
+        conduit.commands.clear();
+    }
+    [[nodiscard]] street::StreetMap& Map() { return main.map.Engine(); }
+    [[nodiscard]] MapView& View() { return *window->findChild<MapView*>(); }
+    [[nodiscard]] street::Place PlaceOf(int comp) { return Map().Points().at(kFirstComp + comp - 1).place; }
+    [[nodiscard]] QString Told() { return window->findChild<QLabel*>(u"lblmsg"_s)->text(); }
+    [[nodiscard]] QString Field(int comp, const QString& name)
+    {
+        const auto record = store::ReadRecord(ports, main.sources.datDatabook, Address(comp).toUpper());
+        return record ? record->Text(name) : u"no record"_s;
+    }
+    void ExpectAllPlaced()
+    {
+        ASSERT_EQ(Map().Points().size(), kComps + 1U) << Told().toStdString();
+        EXPECT_TRUE(Told().startsWith(u"On the map: SUBJECT, COMP #1, "_s)) << Told().toStdString();
+        EXPECT_EQ(Field(kPutRight, u"ANCHORED"_s), u"0"_s);
+    }
+    void ExpectPutRight(street::Place before)
+    {
+        EXPECT_GT(PlaceOf(kPutRight).longitude, before.longitude);
+        EXPECT_EQ(Field(kPutRight, u"ANCHORED"_s), u"1"_s);
+        EXPECT_EQ(Field(kPutRight, u"LONGITUDE"_s), map::DegreesText(PlaceOf(kPutRight).longitude));
+        EXPECT_EQ(Field(kPutRight - 1, u"ANCHORED"_s), u"0"_s) << "nobody else's";
+        EXPECT_EQ(program.Map().tab.txtMapAddress.Text(), Address(kPutRight));
+    }
+    void ExpectPictureSent()
+    {
+        const QStringList images = conduit.commands.filter(u"MAP_LOCATION"_s);
+        EXPECT_EQ(images.size(), 1) << conduit.commands.join(u'\n').toStdString();
+        EXPECT_EQ(QImage(home.disk.ToNative(u"C:\\VAS2000\\VAS2000.JPG"_s)).size(), QSize(1500, 1000));
+        EXPECT_EQ(Told(), u"The map is in the report as its location map"_s);
+    }
+    void ExpectProximitiesSent()
+    {
+        QStringList cells;
+        for (const QStringList& poke : conduit.pokes)
+            if (poke.value(2).contains(u" Mi"_s))
+                cells << poke.value(1);
+        EXPECT_EQ(cells.size(), kComps) << cells.join(u' ').toStdString();
+        EXPECT_TRUE(Told().startsWith(u"In the report: COMP #1 "_s)) << Told().toStdString();
+        EXPECT_TRUE(Told().contains(u"COMP #9 "_s)) << Told().toStdString();
+        for (int n = 1; n <= kComps; ++n)
+            EXPECT_TRUE(main.addr.txtProximity(n).Text().contains(u" Mi"_s)) << n;
+        EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    }
+};
+
+// ---- keys ------------------------------------------------------------------------------------------------
+
+class MapByKeys : public MapRoads
+{
+protected:
+    [[nodiscard]] static QWidget* Focus() { return QApplication::focusWidget(); }
+    void PressUntil(int key, const QWidget* there, int most)
+    {
+        for (int i = 0; i < most && Focus() != there; ++i)
+            Keys(key);
+        ASSERT_EQ(Focus(), there) << there->objectName().toStdString();
+    }
+    QWidget* Button(const QString& name) { return window->findChild<QWidget*>(name); }
+};
+
+TEST_F(MapByKeys, AllOfItWithoutAMouse)
+{
+    auto* tabs = window->findChild<QTabWidget*>(u"tabSource"_s);
+    window->Databook().setFocus();
+    PressUntil(Qt::Key_F6, tabs->tabBar(), 8);
+    Keys(Qt::Key_Right);
+    ASSERT_EQ(tabs->currentIndex(), 1);
+    ASSERT_TRUE(View().isVisible());
+    PressUntil(Qt::Key_F6, &View(), 8);
+
+    Keys(Qt::Key_B, Qt::AltModifier); // Su&bject/Comp
+    ExpectAllPlaced();
+    ASSERT_EQ(Focus(), &View()) << "the map keeps the keys";
+
+    const street::Place before = PlaceOf(kPutRight);
+    for (int i = 0; i <= kComps && main.program.Map().Desk().state.g_MapSelectedID != kFirstComp + kPutRight - 1; ++i)
+        Keys(Qt::Key_PageDown);
+    Keys(Qt::Key_Right, Qt::ControlModifier);
+    Keys(Qt::Key_Right, Qt::ControlModifier);
+    ExpectPutRight(before);
+
+    Keys(Qt::Key_G, Qt::AltModifier); // &Generate Map
+    ExpectPictureSent();
+    PressUntil(Qt::Key_Tab, Button(u"cmdProx"_s), 60);
+    Keys(Qt::Key_Space);
+    ExpectProximitiesSent();
+}
+
+// ---- the mouse -------------------------------------------------------------------------------------------
+
+class MapByMouse : public MapRoads
+{
+protected:
+    /// What lies under the pointer gets the press, whatever was meant.
+    [[nodiscard]] QPoint InWindow(const QWidget& widget, QPoint at) const { return widget.mapTo(window.get(), at); }
+    void Click(QPoint at) { QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, at); }
+    void Click(const QString& name)
+    {
+        auto* button = window->findChild<QWidget*>(name);
+        ASSERT_NE(button, nullptr) << name.toStdString();
+        auto* area = AreaOf(*button);
+        for (int turns = 0; area != nullptr && turns < 60 && !Seen(*button, *area); ++turns)
+            Wheel(*area);
+        ASSERT_TRUE(area == nullptr || Seen(*button, *area)) << name.toStdString();
+        Click(InWindow(*button, button->rect().center()));
+        QApplication::processEvents();
+    }
+    static QScrollArea* AreaOf(const QWidget& widget)
+    {
+        for (QWidget* parent = widget.parentWidget(); parent != nullptr; parent = parent->parentWidget())
+            if (auto* area = qobject_cast<QScrollArea*>(parent))
+                return area;
+        return nullptr;
+    }
+    static bool Seen(const QWidget& button, const QScrollArea& area)
+    {
+        const QRect at(button.mapTo(area.viewport(), QPoint(0, 0)), button.size());
+        return area.viewport()->rect().contains(at);
+    }
+    static void Wheel(const QScrollArea& area)
+    {
+        const QPointF middle = area.viewport()->rect().center();
+        QWheelEvent turn(middle, area.viewport()->mapToGlobal(middle), {}, QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                         Qt::NoScrollPhase, false);
+        QApplication::sendEvent(area.viewport(), &turn);
+    }
+    void Drag(QPoint from, QPoint to)
+    {
+        QWindow* surface = window->windowHandle();
+        QTest::mousePress(surface, Qt::LeftButton, {}, from);
+        constexpr int kSteps = 8;
+        for (int i = 1; i <= kSteps; ++i)
+            QTest::mouseMove(surface, from + (to - from) * i / kSteps);
+        QTest::mouseRelease(surface, Qt::LeftButton, {}, to);
+        QApplication::processEvents();
+    }
+};
+
+TEST_F(MapByMouse, AllOfItWithoutAKey)
+{
+    auto* tabs = window->findChild<QTabWidget*>(u"tabSource"_s);
+    Click(InWindow(*tabs->tabBar(), tabs->tabBar()->tabRect(1).center()));
+    ASSERT_EQ(tabs->currentIndex(), 1);
+    QApplication::processEvents();
+    Click(u"cmdSubjectAnd"_s);
+    ExpectAllPlaced();
+
+    const street::Place before = PlaceOf(kPutRight);
+    const QPoint from = InWindow(View(), Map().BoxOf(kFirstComp + kPutRight - 1).center().toPoint());
+    Drag(from, from + QPoint(45, 20));
+    ExpectPutRight(before);
+
+    Click(u"optMapAddendum_0"_s);
+    Click(u"cmdCopyMap"_s);
+    ExpectPictureSent();
+    Click(u"cmdProx"_s);
+    ExpectProximitiesSent();
+}
+
+TEST_F(MapByMouse, TheGroupsOfTheTabBearTheirNames)
+{
+    auto* tabs = window->findChild<QTabWidget*>(u"tabSource"_s);
+    Click(InWindow(*tabs->tabBar(), tabs->tabBar()->tabRect(1).center()));
+    QStringList titles;
+    for (const auto* group : View().parentWidget()->findChildren<QGroupBox*>())
+        titles << group->title();
+    for (const QString& title : {u"Map Configuration"_s, u"Draw Circle"_s, u"Map Font Sizes"_s, u"Send Map To:"_s})
+        EXPECT_TRUE(titles.contains(title)) << title.toStdString();
+}
+
+} // namespace
+} // namespace vasclip::windows
