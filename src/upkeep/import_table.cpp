@@ -53,10 +53,15 @@ QString AppendStatement(const QString& databook, const QString& table, const QSt
            source + u"].["_s + sourceTable + u']' + (condition.isEmpty() ? QString() : u" WHERE "_s + condition) + u';';
 }
 
+ImportOrder OrderOf(std::shared_ptr<const ListSource> list)
+{
+    return {.source = list->File(), .table = ListSource::kTable, .pictures = false, .list = list};
+}
+
 ImportResult ImportTable(const TransferDesk& desk, const ImportOrder& order, const WorkStep& step)
 {
     ImportResult result;
-    result.source = order.source;
+    result.source = order.Name();
     result.table = order.table;
     const auto source = desk.Engine().OpenDatabase(order.source, engine::OpenMode::ReadOnly);
     const auto closed = qScopeGuard([&] { source->Close(); });
@@ -64,6 +69,14 @@ ImportResult ImportTable(const TransferDesk& desk, const ImportOrder& order, con
     result.rows = plan.rows;
     result.refused = plan.refused;
     result.leftBehind = plan.leftBehind;
+    if (order.list) {
+        result.rows += order.list->Refused().size();
+        result.leftBehind = order.list->LeftBehind();
+        QList<RefusedRow> lines;
+        for (const RefusedLine& line : order.list->Refused())
+            lines.append({NameOf(line), line.why});
+        result.refused = lines + result.refused;
+    }
     result.otherKind = plan.otherKind;
     if (!order.pictures && plan.hasPictures)
         result.picturesLeft = PicturesInside(*source, order.table);
@@ -78,7 +91,7 @@ ImportResult ImportTable(const TransferDesk& desk, const ImportOrder& order, con
     result.appended = store::AppendRows(desk.databook,
                                         AppendStatement(desk.Databook(), desk.globals.G_Table, order.source, order.table,
                                                         plan.columns, plan.condition),
-                                        plan.newKeys, kWords.arg(order.source));
+                                        plan.newKeys, kWords.arg(order.Name()));
     images.Place();
     result.pictures = images.Result();
     whole.Commit();

@@ -2,6 +2,7 @@
 
 #include "upkeep/embedded_images.h"
 #include "upkeep/import_plan.h"
+#include "upkeep/list_source.h"
 
 namespace vasclip::upkeep {
 
@@ -10,7 +11,13 @@ struct ImportOrder
     QString source; ///< drive path of the database file
     QString table;  ///< in it
     bool pictures = false;
+    /// The list that the source was made of, which it lives as long as; nullptr for a database.
+    std::shared_ptr<const ListSource> list = nullptr;
+
+    [[nodiscard]] const QString& Name() const { return list ? list->Original() : source; } ///< what people call the source
 };
+/// An order for the rows of a list.
+[[nodiscard]] ImportOrder OrderOf(std::shared_ptr<const ListSource> list);
 
 struct ImportResult
 {

@@ -8,10 +8,6 @@
 #include "store/record.h"
 #include "store/transaction.h"
 #include "upkeep/address_twins.h"
-#include "upkeep/csv_text.h"
-#include "upkeep/target_file.h"
-
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -23,7 +19,6 @@ namespace {
 
 constexpr qsizetype kNamed = 500;
 const QString kImportWords = u"Import from %1"_s;
-const QString kReason = u"REASON"_s;
 const QString kChangeWords = u"Import into %1"_s;
 
 QString ColumnList(const QStringList& columns)
@@ -62,6 +57,7 @@ Rehearsal::Rehearsal(const TransferDesk& desk, const ImportOrder& order)
 {
     Sort();
     FindTwins();
+    AddRefusedLines();
     if (!order.pictures || !m_plan.hasPictures)
         return;
     const QList<RowPicture> pictures = LookAtPictures(desk, *m_source, order.table);
@@ -96,6 +92,18 @@ void Rehearsal::Sort()
         m_rows.append(row);
     }
     Compare(met);
+}
+
+void Rehearsal::AddRefusedLines()
+{
+    for (const RefusedLine& line : m_order.list ? m_order.list->Refused() : QList<RefusedLine>()) {
+        RehearsedRow row;
+        row.place = -1;
+        row.key = NameOf(line);
+        row.kind = RowKind::Refused;
+        row.why = line.why;
+        m_rows.append(row);
+    }
 }
 
 void Rehearsal::Compare(const QList<qsizetype>& rows)
@@ -153,7 +161,7 @@ qsizetype Rehearsal::Count(RowKind kind) const
 QList<FieldPair> Rehearsal::FieldsOf(const RehearsedRow& row, bool all) const
 {
     QList<FieldPair> pairs;
-    const auto theirs = m_theirs->At(row.place);
+    const auto theirs = row.place < 0 ? std::nullopt : m_theirs->At(row.place);
     if (!theirs)
         return pairs;
     const auto mine =
@@ -207,7 +215,7 @@ void Rehearsal::AddRows(RehearsalResult& result)
         result.added += store::AppendRows(m_desk.databook,
                                           AppendStatement(m_desk.Databook(), m_desk.globals.G_Table, m_order.source,
                                                           m_order.table, m_plan.columns, named),
-                                          some, kImportWords.arg(m_order.source));
+                                          some, kImportWords.arg(m_order.Name()));
     }
 }
 
@@ -265,31 +273,6 @@ RehearsalResult Rehearsal::Carry(const WorkStep& step)
     whole.Commit();
     result.done = true;
     return result;
-}
-
-qsizetype Rehearsal::WriteRefused(const QString& file) const
-{
-    if (Count(RowKind::Refused) == 0)
-        return 0;
-    NeedTextFile(m_desk.Disk(), file);
-    QSaveFile out(m_desk.Disk().ToNative(file));
-    if (!out.open(QIODevice::WriteOnly))
-        FailWriting(file, out);
-    qsizetype rows = 0;
-    out.write(CsvLine(m_plan.columns + QStringList{kReason}, u',').toUtf8());
-    for (const RehearsedRow& row : m_rows) {
-        const auto record = row.kind == RowKind::Refused ? m_theirs->At(row.place) : std::nullopt;
-        if (!record)
-            continue;
-        QStringList values;
-        for (const QString& field : m_plan.columns)
-            values.append(Shown(*record, field));
-        out.write(CsvLine(values + QStringList{row.why}, u',').toUtf8());
-        ++rows;
-    }
-    if (!out.commit())
-        FailWriting(file, out);
-    return rows;
 }
 
 } // namespace vasclip::upkeep

@@ -27,7 +27,7 @@ enum class RowChoice {
 };
 struct RehearsedRow
 {
-    qint64 place = 0; ///< in the source
+    qint64 place = 0; ///< in the source; -1 for a line of a list whose values can't be stored
     QString key;
     RowKind kind = RowKind::New;
     RowChoice choice = RowChoice::KeepMine;
@@ -62,7 +62,8 @@ public:
 
     [[nodiscard]] const QList<RehearsedRow>& Rows() const { return m_rows; }
     [[nodiscard]] qsizetype Count(RowKind kind) const;
-    [[nodiscard]] const QStringList& LeftBehind() const { return m_plan.leftBehind; }
+    [[nodiscard]] const QStringList& LeftBehind() const { return m_order.list ? m_order.list->LeftBehind() : m_plan.leftBehind; }
+    [[nodiscard]] const QString& Source() const { return m_order.Name(); } ///< what people call it
     /// Fields that differ, or with `all` each field that either holds, side by side. @throws RuntimeError of the engine
     [[nodiscard]] QList<FieldPair> FieldsOf(const RehearsedRow& row, bool all = false) const;
 
@@ -75,16 +76,18 @@ public:
     /// @throws RuntimeError of disk and engine; the Databook is then as it was
     RehearsalResult Carry(const WorkStep& step);
 
-    /// Writes the rows that were refused, with the reason in a column of its own, as a CSV file that can be mended and
-    /// imported. @return how many. @throws RuntimeError 75
+    /// Writes the rows that were refused, with the reason in a last column, as a CSV file that can be mended and imported;
+    /// those of a list as the list has them. @return how many. @throws RuntimeError 75, also for the source itself
     qsizetype WriteRefused(const QString& file) const;
 
 private:
     void Sort();
+    void AddRefusedLines();
     void Compare(const QList<qsizetype>& rows);
     void FindTwins();
     void AddRows(RehearsalResult& result);
     void ChangeRow(const RehearsedRow& row, RehearsalResult& result);
+    [[nodiscard]] QByteArray RefusedText() const;
     [[nodiscard]] bool HasPhotos(const RehearsedRow& row) const; ///< has my record any?
 
     TransferDesk m_desk;

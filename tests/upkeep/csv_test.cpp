@@ -2,10 +2,10 @@
 
 #include "support/error_number.h"
 #include "upkeep/code_pages.h"
-#include "upkeep/csv_source.h"
 #include "upkeep/csv_text.h"
 #include "upkeep/export_csv.h"
 #include "upkeep/import_table.h"
+#include "upkeep/list_presets.h"
 
 #include <QCoreApplication>
 
@@ -83,21 +83,20 @@ protected:
         TransferHome::SetUp();
         Fill();
     }
-    ImportResult Import(const CsvLook& look, QList<RefusedRow>* refused = nullptr)
+    ListLook Look(const ListChoice& choice = {}) { return LookAtList(Desk(), ListFile(disk, file), choice).look; }
+    ImportResult Import(const ListLook& look)
     {
-        const CsvSource source(Desk(), file, look, Step());
-        if (refused)
-            *refused = source.Refused();
-        return ImportTable(Desk(), {.source = source.File(), .table = CsvSource::kTable, .pictures = false}, Step());
+        const auto list = std::make_shared<const ListFile>(disk, file);
+        return ImportTable(Desk(), OrderOf(std::make_shared<const ListSource>(Desk(), list, look, Step())), Step());
     }
 };
 
 TEST_F(Csv, ProposesAFieldForEachHeading)
 {
     disk.WriteWhole(file, "Address;Sq. Ft.;Sale Price;GLA;Colour;sale date\n");
-    const CsvLook look = LookAtCsv(Desk(), file);
+    const ListLook look = Look();
     QStringList proposed;
-    for (const CsvColumn& column : look.columns)
+    for (const ListColumn& column : look.columns)
         proposed.append(column.field);
     EXPECT_EQ(proposed, (QStringList{u"ADDRESS"_s, u"GLA"_s, u"SELLINGPR"_s, u""_s, u""_s, u"SALEDATE"_s}));
     EXPECT_EQ(look.delimiter, QChar(u';'));
@@ -106,12 +105,12 @@ TEST_F(Csv, ProposesAFieldForEachHeading)
 TEST_F(Csv, RemembersTheColumnsThatWereChosen)
 {
     disk.WriteWhole(file, "Address,Colour\n1 Ash St,red\n");
-    CsvLook look = LookAtCsv(Desk(), file);
+    ListLook look = Look();
     look.columns[1].field = u"NOTES"_s;
     KeepColumns(Desk(), look);
-    EXPECT_EQ(LookAtCsv(Desk(), file).columns[1].field, u"NOTES"_s);
+    EXPECT_EQ(Look().columns[1].field, u"NOTES"_s);
     disk.WriteWhole(file, "Address,Colour,ZIP\n1 Ash St,red,97001\n");
-    EXPECT_EQ(LookAtCsv(Desk(), file).columns[1].field, QString()) << "other headings, another file";
+    EXPECT_EQ(Look().columns[1].field, QString()) << "other headings, another file";
 }
 
 TEST_F(Csv, BringsRowsInWithKeysDatesAndNumbersAsTheDatabookHasThem)
@@ -122,37 +121,37 @@ TEST_F(Csv, BringsRowsInWithKeysDatesAndNumbersAsTheDatabookHasThem)
                           "2 Ash St,Cedar,250K,,\r\n"
                           "3 Ash St,Cedar,,tomorrow,\r\n"
                           ",Nowhere,,,\r\n");
-    QList<RefusedRow> refused;
-    const ImportResult result = Import(LookAtCsv(Desk(), file), &refused);
+    const ImportResult result = Import(Look());
     EXPECT_EQ(result.appended, 1);
     EXPECT_EQ(Field(path, table, u"1 ASH ST"_s, u"SELLINGPR"_s).toString(), u"250000"_s);
     EXPECT_EQ(Field(path, table, u"1 ASH ST"_s, u"SALEDATE"_s).toString(), u"3/7/2004"_s);
     EXPECT_FALSE(Field(path, table, u"1 ASH ST"_s, u"SALESERIAL"_s).toString().isEmpty());
     EXPECT_EQ(Field(path, table, u"1 ASH ST"_s, u"NOTES"_s).toString(), u"two\nlines, \"quoted\""_s);
     EXPECT_EQ(Field(path, table, u"1 ASH ST"_s, key).toString().size(), 35);
-    ASSERT_EQ(refused.size(), 2);
-    EXPECT_EQ(refused[0].key, u"Line 5, 2 ASH ST"_s);
-    EXPECT_TRUE(refused[0].why.startsWith(u"SELLINGPR: "_s));
-    EXPECT_EQ(refused[1].why, u"SALEDATE: \"tomorrow\" is no date"_s);
-    EXPECT_EQ(AccountOf(result), (QStringList{u"12 OAK ST: the Databook has a record of this key"_s,
-                                              u"(no key): it has no key"_s}));
+    EXPECT_EQ(AccountOf(result),
+              (QStringList{u"Line 5, 2 ASH ST: Price: \"250K\" is no price. Type digits, such as 250000 or 250,000.50."_s,
+                           u"Line 6, 3 ASH ST: Sale Date: \"tomorrow\" is no date"_s,
+                           u"12 OAK ST: the Databook has a record of this key"_s, u"(no key): it has no key"_s}));
+    EXPECT_EQ(WordsOf(result), u"1 record of C:\\EXPORT\\IN.CSV was added to the Databook. 4 were refused."_s);
     EXPECT_EQ(disk.Dir(u"C:\\USER\\*"_s), QStringList()) << "what it was read into is gone";
 }
 
 TEST_F(Csv, IsReadAfreshWhereAKilledProcessOfTheSameNumberLeftItsFile)
 {
-    disk.WriteWhole(u"C:\\USER\\CSV.incoming"_s + QString::number(QCoreApplication::applicationPid()), "half");
+    disk.WriteWhole(u"C:\\USER\\LIST.incoming"_s + QString::number(QCoreApplication::applicationPid()), "half");
     disk.WriteWhole(file, "Address\n1 Ash St\n");
-    EXPECT_EQ(Import(LookAtCsv(Desk(), file)).appended, 1);
+    EXPECT_EQ(Import(Look()).appended, 1);
 }
 
 TEST_F(Csv, RefusesWhatIsNoCsv)
 {
     disk.WriteWhole(file, "\r\n\r\n");
-    EXPECT_EQ(tests::NumberOf([&] { (void)LookAtCsv(Desk(), file); }), error::kUnrecognisedDatabase);
+    EXPECT_EQ(tests::NumberOf([&] { Look(); }), error::kUnrecognisedDatabase);
     disk.WriteWhole(file, "Address\n\"1 Ash St\n");
-    const CsvLook look = LookAtCsv(Desk(), file);
-    EXPECT_EQ(tests::NumberOf([&] { (void)Import(look); }), error::kUnrecognisedDatabase);
+    EXPECT_EQ(tests::ThrownBy([&] { return Look().headingLine; }).words, u"Line 2: a quote is never closed"_s);
+    disk.WriteWhole(file, "Address\n" + QByteArray("1 Ash St\n").repeated(2000) + "\"2 Ash St\n");
+    const ListLook look = Look();
+    EXPECT_EQ(tests::ThrownBy([&] { return Import(look).done; }).words, u"Line 2002: a quote is never closed"_s);
     EXPECT_EQ(disk.Dir(u"C:\\USER\\*"_s), QStringList());
 }
 
@@ -165,7 +164,7 @@ TEST_F(Csv, TakesBackWhatWasExported)
     disk.Kill(path);
     store::MakeDatabase(engine, path);
     Bind(databook);
-    EXPECT_EQ(Import(LookAtCsv(Desk(), file)).appended, 2);
+    EXPECT_EQ(Import(Look()).appended, 2);
     EXPECT_EQ(Field(path, table, u"9 ELM ST"_s, u"CITY"_s).toString(), u"ALDER"_s);
 }
 

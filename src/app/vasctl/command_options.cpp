@@ -42,7 +42,7 @@ constexpr std::array kRows = {
     Row{"maintain"_L1, ""_L1, "date account"_L1},
     Row{"export"_L1, ""_L1, "file table to pictures where delimiter code-page"_L1},
     Row{"print"_L1, ""_L1, "layout list fields copy paper landscape portrait csv out where"_L1},
-    Row{"import"_L1, ""_L1, "table pictures rehearse choose refused map delimiter code-page"_L1},
+    Row{"import"_L1, ""_L1, "table pictures rehearse choose refused map preset delimiter code-page sheet headings dates decimal"_L1},
     Row{"mapdata"_L1, "import"_L1, "county state source date account beside"_L1},
 };
 

@@ -1,13 +1,15 @@
+#include "app/vasctl/list_options.h"
 #include "app/vasctl/session.h"
 
 #include "common/paths.h"
 #include "platform/text/text.h"
-#include "upkeep/code_pages.h"
-#include "upkeep/csv_source.h"
+#include "upkeep/list_presets.h"
 #include "upkeep/rehearsal.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
+
+#include <algorithm>
 
 namespace vasclip::vasctl {
 
@@ -16,7 +18,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr auto kUsageText = "Usage: vasctl import FILE [--table NAME] [--pictures] [--rehearse] [--choose KIND=CHOICE ...] "
-                            "[--refused FILE] [--map HEADING=FIELD ...] [--delimiter C] [--code-page NAME]"_L1;
+                            "[--refused FILE] [--map HEADING=FIELD ...] [--preset NAME] [--delimiter C] [--code-page NAME] "
+                            "[--sheet NAME] [--headings LINE] [--dates mdy|dmy|ymd] [--decimal point|comma]"_L1;
 
 struct Word
 {
@@ -47,12 +50,13 @@ QString SourceOf(Session& session, const QString& given)
     return bare ? common::CkRSlash(session.Home().globals.G_ImportDir) + given : DrivePathOf(session.Disk(), given);
 }
 
-/// One import: the file, or what a CSV file was read into.
+/// One import: the file, or what a list was read into.
 class Job
 {
 public:
     Job(Session& session, const Output& out, const QCommandLineParser& options, const QString& source)
-        : m_out(out)
+        : m_session(session)
+        , m_out(out)
         , m_options(options)
         , m_program(session.WithDatabook())
         , m_desk{.databook = m_program.sources.datDatabook, .globals = m_program.globals, .ports = session.Ports()}
@@ -66,13 +70,11 @@ public:
         m_order.pictures = m_options.isSet(u"pictures"_s);
         m_order.table = text::Trim(m_options.isSet(u"table"_s) ? m_options.value(u"table"_s)
                                                                : m_program.globals.G_ImportTable);
-        const bool csv = m_given.endsWith(".csv"_L1, Qt::CaseInsensitive) || m_given.endsWith(".txt"_L1, Qt::CaseInsensitive);
-        if (!csv && (m_options.isSet(u"map"_s) || m_options.isSet(u"delimiter"_s) || m_options.isSet(u"code-page"_s))) {
-            m_out.Error(u"--map, --delimiter and --code-page belong to a CSV file."_s);
+        const bool list = upkeep::IsListName(m_given);
+        if (!list && RefusesListOptions(m_out, m_options))
             return kUsage;
-        }
-        if (csv)
-            if (const int code = ReadCsv(); code != kDone)
+        if (list)
+            if (const int code = ReadList(); code != kDone)
                 return code;
         return m_options.isSet(u"rehearse"_s) || m_options.isSet(u"choose"_s) || m_options.isSet(u"refused"_s) ? Rehearse()
                                                                                                                : Import();
@@ -87,64 +89,30 @@ private:
         };
     }
 
-    int ReadCsv()
+    int ReadList()
     {
-        QChar delimiter;
-        if (const QString given = m_options.value(u"delimiter"_s); !given.isEmpty())
-            delimiter = given == "tab"_L1 ? QChar(u'\t') : given[0];
-        QString codePage;
-        if (m_options.isSet(u"code-page"_s)) {
-            codePage = upkeep::CodePageOf(m_options.value(u"code-page"_s));
-            if (codePage.isEmpty()) {
-                m_out.Error(u"'%1' is no code page that can be read; these can: %2."_s.arg(
-                    m_options.value(u"code-page"_s), upkeep::CodePages().join(u", "_s)));
-                return kUsage;
-            }
-        }
-        upkeep::CsvLook look = upkeep::LookAtCsv(m_desk, m_given, delimiter, codePage);
-        for (const QString& choice : m_options.values(u"map"_s))
-            if (!Map(look, choice))
-                return kUsage;
-        if (!m_out.Json())
-            for (const upkeep::CsvColumn& column : std::as_const(look.columns))
-                m_out.Line(u"%1 -> %2"_s.arg(column.heading, column.field.isEmpty() ? u"(left behind)"_s : column.field));
-        if (m_options.isSet(u"map"_s))
+        const auto choice = ListChoiceOf(m_out, m_options);
+        if (!choice)
+            return kUsage;
+        const auto file = std::make_shared<const upkeep::ListFile>(m_session.Disk(), m_given);
+        if (RefusesOtherKind(m_out, *file, *choice))
+            return kUsage;
+        upkeep::ListLook look = upkeep::LookAtList(m_desk, *file, *choice).look;
+        const QStringList mapped = m_options.values(u"map"_s);
+        if (!std::ranges::all_of(mapped, [&](const QString& one) { return MapColumn(m_out, m_desk, look, one); }))
+            return kUsage;
+        TellLook(m_out, *file, look);
+        if (!mapped.isEmpty())
             upkeep::KeepColumns(m_desk, look);
-        m_csv = std::make_unique<upkeep::CsvSource>(m_desk, m_given, look, Step());
+        m_order = upkeep::OrderOf(std::make_shared<const upkeep::ListSource>(m_desk, file, look, Step()));
         m_line.Clear();
-        m_order.source = m_csv->File();
-        m_order.table = upkeep::CsvSource::kTable;
-        m_order.pictures = false;
         return kDone;
     }
 
-    /// HEADING=FIELD; nothing behind the sign leaves the column behind.
-    bool Map(upkeep::CsvLook& look, const QString& choice)
+    QJsonArray RefusedLines(const QList<upkeep::RefusedRow>& rows) const
     {
-        const QString heading = choice.section(u'=', 0, 0).trimmed();
-        const QString field = text::Folded(choice.section(u'=', 1));
-        const bool known = field.isEmpty() || store::FindField(m_desk.databook, field) != nullptr;
-        const auto column = std::find_if(look.columns.begin(), look.columns.end(), [&](const upkeep::CsvColumn& one) {
-            return one.heading.compare(heading, Qt::CaseInsensitive) == 0;
-        });
-        if (!known || column == look.columns.end()) {
-            m_out.Error(known ? u"The file has no column '%1'."_s.arg(heading)
-                              : u"The Databook has no field '%1'."_s.arg(field));
-            return false;
-        }
-        for (upkeep::CsvColumn& other : look.columns)
-            if (other.field == field)
-                other.field.clear();
-        column->field = field;
-        return true;
-    }
-
-    QJsonArray RefusedLines(const QList<upkeep::RefusedRow>& more) const
-    {
-        QList<upkeep::RefusedRow> all = m_csv ? m_csv->Refused() : QList<upkeep::RefusedRow>();
-        all += more;
         QJsonArray refused;
-        for (const upkeep::RefusedRow& row : std::as_const(all)) {
+        for (const upkeep::RefusedRow& row : rows) {
             refused.append(QJsonObject{{u"key"_s, row.key}, {u"why"_s, row.why}});
             if (!m_out.Json())
                 m_out.Line((row.key.isEmpty() ? u"(no key)"_s : row.key) + u": "_s + row.why);
@@ -163,22 +131,19 @@ private:
 
     int Import()
     {
-        upkeep::ImportResult result = upkeep::ImportTable(m_desk, m_order, Step());
-        result.source = m_given;
+        const upkeep::ImportResult result = upkeep::ImportTable(m_desk, m_order, Step());
         m_line.Clear();
         const QJsonArray refused = RefusedLines(result.refused);
         if (!m_out.Json())
             for (const QString& one : std::as_const(result.pictures.notSaved))
                 m_out.Line(one);
-        const QStringList behind = m_csv ? m_csv->LeftBehind() : result.leftBehind;
-        result.rows += m_csv ? m_csv->Refused().size() : 0;
         const QString words = upkeep::WordsOf(result);
         m_out.Value({{u"file"_s, m_given},
                      {u"table"_s, result.table},
                      {u"rows"_s, result.rows},
                      {u"added"_s, result.appended},
                      {u"refused"_s, refused},
-                     {u"fieldsLeftBehind"_s, QJsonArray::fromStringList(behind)},
+                     {u"fieldsLeftBehind"_s, QJsonArray::fromStringList(result.leftBehind + result.otherKind)},
                      {u"pictures"_s, PicturesOf(result.pictures)},
                      {u"message"_s, words}},
                     words);
@@ -231,10 +196,6 @@ private:
             rows.append({row.key, upkeep::NameOf(row.kind), upkeep::NameOf(row.choice), row.mine,
                          kPictures[static_cast<int>(row.picture)], row.why.isEmpty() ? fields.join(u"; "_s) : row.why});
         }
-        if (m_csv)
-            for (const upkeep::RefusedRow& row : m_csv->Refused())
-                rows.append({row.key, upkeep::NameOf(upkeep::RowKind::Refused),
-                             upkeep::NameOf(upkeep::RowChoice::KeepMine), {}, {}, row.why});
         m_out.Table({u"key"_s, u"kind"_s, u"choice"_s, u"record"_s, u"picture"_s, u"why"_s}, rows);
         if (!m_out.Json())
             m_out.Line(upkeep::SummaryOf(rehearsal));
@@ -255,6 +216,7 @@ private:
         return result.done ? kDone : result.pictures.declined ? kDeclined : kFailed;
     }
 
+    Session& m_session;
     const Output& m_out;
     const QCommandLineParser& m_options;
     shell::Program& m_program;
@@ -262,7 +224,6 @@ private:
     QString m_given;
     ProgressLine m_line;
     upkeep::ImportOrder m_order;
-    std::unique_ptr<upkeep::CsvSource> m_csv;
 };
 
 } // namespace

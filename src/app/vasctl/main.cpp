@@ -119,9 +119,11 @@ Commands:
                           adds the records of another database; those whose key is there stay out, and are listed.
                           With --pictures the pictures inside the rows go to the photo directory; asks before it
                           writes over another picture. A bare FILE stands in the import directory
-  import FILE.csv [--map HEADING=FIELD ...] [--delimiter C] [--code-page NAME]
-                          the same from a CSV file. Where each column goes is proposed and told; --map changes it,
-                          and is kept for files of the same headings
+  import FILE.csv|FILE.xlsx [--map HEADING=FIELD ...] [--preset NAME] [--delimiter C] [--code-page NAME]
+         [--sheet NAME] [--headings LINE] [--dates mdy|dmy|ymd] [--decimal point|comma]
+                          the same from a text or spreadsheet file. Where each column goes and how dates and numbers
+                          are written is found out and told; --map changes the columns, and is kept for files of the
+                          same headings. --preset takes what was kept under a name in the window
   import FILE ... --rehearse [--refused FILE]
                           tells of each row whether it is new, changed, the same, at the same address as another
                           record, or refused and why; does nothing. --refused writes the refused rows as a CSV file
@@ -278,7 +280,12 @@ int main(int argc, char* argv[])
         {u"rehearse"_s, u"Tells what an import would do, and does nothing."_s},
         {u"choose"_s, u"What becomes of a kind of rows: changed=theirs; may be given several times."_s, u"KIND=CHOICE"_s},
         {u"refused"_s, u"A CSV file for the rows that an import refuses."_s, u"FILE"_s},
-        {u"map"_s, u"Where a column of a CSV file goes; may be given several times."_s, u"HEADING=FIELD"_s},
+        {u"map"_s, u"Where a column of a list goes; may be given several times."_s, u"HEADING=FIELD"_s},
+        {u"preset"_s, u"Columns and ways of writing of a list that were kept under a name."_s, u"NAME"_s},
+        {u"sheet"_s, u"Of a spreadsheet file; the first one."_s, u"NAME"_s},
+        {u"headings"_s, u"The line of a list that has the headings; 0 for a list without."_s, u"LINE"_s},
+        {u"dates"_s, u"How a list writes dates: mdy, dmy, ymd."_s, u"ORDER"_s},
+        {u"decimal"_s, u"The decimal sign of a list: point, comma."_s, u"SIGN"_s},
         {u"to"_s, u"What an export writes (vasclip, access, csv), or a conversion or a map export makes (access, vasclip); the last sale date of an "
                   "archive."_s,
          u"KIND|DATE"_s},
