@@ -1,5 +1,6 @@
 #include "store/move_record.h"
 
+#include "platform/engine/sql_name.h"
 #include "platform/text/text.h"
 #include "store/messages.h"
 #include "store/record.h"
@@ -26,7 +27,7 @@ Moved MoveRecord(DataSource& source, const QString& key, const MoveTarget& targe
                  const QMap<QString, QByteArray>& fill, const QString& words)
 {
     engine::Database& database = source.Database();
-    const QString into = u"[%1].[%2]"_s.arg(target.file, target.table);
+    const QString into = engine::Bracketed(target.file) + u'.' + engine::Bracketed(target.table);
     const QString columns = u'[' + target.fields.join(u"], ["_s) + u']';
     Transaction whole(source);
     if (!ReadRecord(source, key))

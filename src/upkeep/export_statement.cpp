@@ -1,10 +1,13 @@
 #include "upkeep/export_statement.h"
 
+#include "platform/engine/sql_name.h"
+
 #include <QRegularExpression>
 
 namespace vasclip::upkeep {
 
 using namespace Qt::StringLiterals;
+using engine::Bracketed;
 
 QString SearchTextOf(const QString& select)
 {
@@ -24,8 +27,8 @@ bool Narrows(const QString& search)
 QString ExportStatement(const QString& target, const QString& table, const QString& databook,
                         const QString& sourceTable, const QString& search)
 {
-    const QString all = u"SELECT * INTO ["_s + target + u"].["_s + table + u"] FROM ["_s + databook + u"].["_s +
-                        sourceTable + u"] "_s;
+    const QString all = u"SELECT * INTO "_s + Bracketed(target) + u'.' + Bracketed(table) + u" FROM "_s +
+                        Bracketed(databook) + u'.' + Bracketed(sourceTable) + u' ';
     return Narrows(search) ? all + u"WHERE "_s + search : all;
 }
 

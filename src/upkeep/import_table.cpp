@@ -1,5 +1,6 @@
 #include "upkeep/import_table.h"
 
+#include "platform/engine/sql_name.h"
 #include "store/bulk_rows.h"
 #include "store/transaction.h"
 #include "store/fields.h"
@@ -49,8 +50,9 @@ QString AppendStatement(const QString& databook, const QString& table, const QSt
                         const QStringList& columns, const QString& condition)
 {
     const QString list = u'[' + columns.join(u"], ["_s) + u']';
-    return u" INSERT INTO ["_s + databook + u"].["_s + table + u"] ("_s + list + u") SELECT "_s + list + u" FROM ["_s +
-           source + u"].["_s + sourceTable + u']' + (condition.isEmpty() ? QString() : u" WHERE "_s + condition) + u';';
+    using engine::Bracketed;
+    return u" INSERT INTO "_s + Bracketed(databook) + u'.' + Bracketed(table) + u" ("_s + list + u") SELECT "_s + list +
+           u" FROM "_s + Bracketed(source) + u'.' + Bracketed(sourceTable) + (condition.isEmpty() ? QString() : u" WHERE "_s + condition) + u';';
 }
 
 ImportOrder OrderOf(std::shared_ptr<const ListSource> list)

@@ -1,11 +1,14 @@
 #include "upkeep/report_table.h"
 
+#include "platform/engine/sql_name.h"
 #include "platform/text/runtime_error.h"
 #include "store/bulk_rows.h"
 #include "store/fields.h"
 #include "store/schema.h"
 #include "store/store.h"
 #include "upkeep/export_statement.h"
+
+#include <algorithm>
 
 namespace vasclip::upkeep {
 
@@ -24,11 +27,19 @@ QString SelectText(const ReportLayout& layout)
     for (const QString& always : {QString(fields::CENTRALKEY), QString(fields::ADDRESS)})
         if (!columns.contains(always))
             columns.append(always);
+    // The groups stand first, each in the direction that a sort of its field asks for.
+    QList<SortKey> keys;
     for (const Group& group : layout.groups)
-        order.append(group.field);
-    for (const SortKey& key : layout.sort)
-        if (!order.contains(key.field))
-            order.append(key.field + (key.down ? u" DESC"_s : QString()));
+        keys.append({.field = group.field});
+    for (const SortKey& key : layout.sort) {
+        const auto known = std::ranges::find(keys, key.field, &SortKey::field);
+        if (known == keys.end())
+            keys.append(key);
+        else if (known - keys.begin() < layout.groups.size())
+            known->down = key.down;
+    }
+    for (const SortKey& key : std::as_const(keys))
+        order.append(key.field + (key.down ? u" DESC"_s : QString()));
     const QString select = u"SELECT "_s + columns.join(u", "_s) + u" FROM ["_s + kTable + u']';
     return order.isEmpty() ? select : select + u" ORDER BY "_s + order.join(u", "_s);
 }
@@ -60,7 +71,7 @@ qint64 FillReport(engine::Engine& engine, const QString& file, const QString& da
         if (failure.Number() != error::kTableNotFound)
             throw;
     }
-    const QString copy = u"SELECT * INTO ["_s + file + u"].["_s + kTable + u"] FROM ["_s + table + u"] "_s;
+    const QString copy = u"SELECT * INTO "_s + engine::Bracketed(file) + u".["_s + kTable + u"] FROM ["_s + table + u"] "_s;
     const auto open = engine.OpenDatabase(databook);
     const qint64 rows = store::CopyRows(*open, {Narrows(search) ? copy + u"WHERE "_s + search : copy});
     open->Close();

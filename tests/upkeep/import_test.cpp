@@ -315,5 +315,21 @@ TEST_F(Import, BringsBackWhatAnExportTookOut)
     EXPECT_EQ(Field(path, table, u"9 ELM ST"_s, u"CITY"_s).toString(), u"ALDER"_s);
 }
 
+TEST_F(Import, BringsBackWhatAFileWithBracketsInItsNameHolds)
+{
+    disk.MkDir(u"C:\\EXPORT\\[OLD] BOOKS"_s);
+    const QString odd = u"C:\\EXPORT\\[OLD] BOOKS\\OUT [2].MDB"_s;
+    for (const bool access : {false, true}) {
+        ASSERT_TRUE(
+            ExportTable(Desk(), {.target = odd, .table = table, .search = {}, .pictures = true, .access = access}, Step())
+                .written);
+        databook.Close();
+        disk.Kill(path);
+        store::MakeDatabase(engine, path);
+        Bind(databook);
+        EXPECT_EQ(ImportTable(Desk(), {.source = odd, .table = table}, Step()).appended, 3);
+    }
+}
+
 } // namespace
 } // namespace vasclip::upkeep

@@ -94,6 +94,16 @@ TEST_F(FilledReport, GoesByTheLayoutsOrderAndByValue)
               (QStringList{u"3 C ST"_s, u"1 A ST"_s, u"2 B ST"_s}));
 }
 
+TEST_F(FilledReport, AGroupGoesDownWhereASortOfItsFieldSaysSo)
+{
+    Fill({});
+    EXPECT_EQ(Keys("sort SELLINGPR, CITY down\ngroup CITY \"{CITY}\"\ncolumn CITY\n"),
+              (QStringList{u"2 B ST"_s, u"1 A ST"_s, u"3 C ST"_s}));
+    EXPECT_EQ(Keys("sort SELLINGPR down, SELLINGPR\ncolumn CITY\n"),
+              (QStringList{u"2 B ST"_s, u"3 C ST"_s, u"1 A ST"_s}))
+        << "a field that is named twice goes by the first";
+}
+
 TEST_F(FilledReport, OfNothingIsEmpty)
 {
     EXPECT_EQ(Fill(u"CITY = 'Nowhere'"_s), 0);

@@ -59,11 +59,13 @@ Token Lexer::Next()
     if (IsDigit(c) || (c == u'.' && m_at + 1 < m_text.size() && IsDigit(m_text[m_at + 1])))
         return Number();
     if (c == u'[') {
-        const qsizetype close = m_text.indexOf(u']', m_at);
+        qsizetype close = m_text.indexOf(u']', m_at);
+        while (close >= 0 && m_text.mid(close + 1, 1) == u"]"_s) // doubled it belongs to the name
+            close = m_text.indexOf(u']', close + 2);
         if (close < 0)
             ThrowSyntax(m_text, m_at, u"the name that begins with a bracket does not end"_s);
         token.kind = Token::Kind::Bracketed;
-        token.text = m_text.mid(m_at + 1, close - m_at - 1);
+        token.text = m_text.mid(m_at + 1, close - m_at - 1).replace(u"]]"_s, u"]"_s);
         if (token.text.trimmed().isEmpty())
             ThrowSyntax(m_text, m_at, u"a name between brackets must not be empty"_s);
         token.end = m_at = close + 1;

@@ -1,4 +1,5 @@
 #include "platform/engine/home.h"
+#include "platform/engine/sql_name.h"
 #include "platform/engine/sqlite/sql_printer.h"
 
 #include <random>
@@ -315,6 +316,24 @@ TEST_F(SqlTest, PathsWithBlanksAndApostrophes)
     EXPECT_EQ(
         database->Execute(u"SELECT CENTRALKEY INTO [C:\\Bob's Data\\My Export.MDB].[More] FROM COMPS"_s), 6);
     EXPECT_EQ(other->TableNames(), QStringList({u"Some Keys"_s, u"More"_s}));
+}
+
+TEST_F(SqlTest, ABracketWithinANameIsDoubled)
+{
+    home.disk.MkDir(u"C:\\[Old] Books"_s);
+    const QString path = u"C:\\[Old] Books\\My [1].MDB"_s;
+    const auto other = home.engine.CreateDatabase(path);
+    const QString file = Bracketed(path);
+    EXPECT_EQ(file, u"[C:\\[Old]] Books\\My [1]].MDB]"_s);
+    EXPECT_EQ(database->Execute(u"SELECT CENTRALKEY INTO "_s + file + u".[Keys] FROM COMPS"_s), 6);
+    EXPECT_EQ(database->Execute(u"INSERT INTO "_s + file + u".[Keys] SELECT CENTRALKEY FROM COMPS"_s), 6);
+    EXPECT_EQ(other->Execute(u"DELETE FROM [Keys]"_s), 12);
+    QString text;
+    EXPECT_EQ(ErrorOf([&] { database->Execute(u"SELECT * INTO "_s + file + u'.' + Bracketed(u"A]B"_s) + u" FROM COMPS"_s); },
+                      &text),
+              error::kSyntax);
+    EXPECT_TRUE(text.contains(u"'A]B' can not be the name of a table"_s)) << text.toStdString();
+    EXPECT_EQ(ErrorOf([&] { database->Execute(u"SELECT * FROM [COMPS]]"_s); }), error::kSyntax);
 }
 
 TEST_F(SqlTest, MoreFilesThanSqliteAttaches)
