@@ -2,6 +2,7 @@
 
 #include "common/error_block.h"
 #include "common/paths.h"
+#include "platform/engine/errors.h"
 #include "photos/photo_files.h"
 #include "photos/photo_list.h"
 #include "platform/text/dates.h"
@@ -33,6 +34,30 @@ const QString kNoField = u"%1: the archive has no field %2, which holds \"%3\"; 
                          u"archive and archive again"_s;
 const QString kOtherPicture =
     u"%1: the archive has another picture named %2; the record stays. Give that view of it another picture first"_s;
+
+const QString kRefused = u"%1: %2; the record stays"_s;
+
+/// Does a failure stand for this record alone, so that the next one may well go?
+bool IsOfTheRecord(const RuntimeError& failure)
+{
+    switch (failure.Number()) {
+    case error::kFileNotFound:
+    case error::kDeviceIo:
+    case error::kPermissionDenied:
+    case error::kPathFileAccess:
+    case error::kOverflow:
+    case error::kDuplicateKey:
+    case error::kRecordTooLarge:
+    case error::kFieldTooLong:
+    case error::kValueRequired:
+    case error::kZeroLength:
+    case error::kConversion:
+    case error::kRecordDeleted:
+        return true;
+    default:
+        return false;
+    }
+}
 
 std::optional<QDate> DayOf(const QString& text, QDate today)
 {
@@ -224,12 +249,22 @@ Archived Archiving::Run()
             m_done.stopped = true;
             break;
         }
-        const auto row = rows.At(at);
-        const QString key = row ? row->Text(fields::CENTRALKEY) : QString();
-        if (key.isEmpty() || !InRange(row->Text(fields::SALEDATE), m_work.range, today))
-            continue;
-        if (const auto record = store::ReadRecord(m_work.databook, key))
-            Take(key, *record);
+        QString key;
+        try {
+            const auto row = rows.At(at);
+            key = row ? row->Text(fields::CENTRALKEY) : QString();
+            if (key.isEmpty() || !InRange(row->Text(fields::SALEDATE), m_work.range, today))
+                continue;
+            if (const auto record = store::ReadRecord(m_work.databook, key))
+                Take(key, *record);
+        } catch (const RuntimeError& failure) {
+            if (!IsOfTheRecord(failure)) {
+                m_done.failure = failure;
+                m_done.failedAt = key;
+                break;
+            }
+            m_done.left.append(kRefused.arg(key, failure.Description()));
+        }
     }
     return m_done;
 }
@@ -273,6 +308,10 @@ QString WordsOf(const Archived& done, const QString& file)
         words += u" %1 pictures are in the archive and could not be deleted here."_s.arg(done.pictures.size());
     if (!done.missing.isEmpty())
         words += u" Pictures of theirs that were not there: %1."_s.arg(done.missing.size());
+    if (done.failure)
+        return u"It ended at %1: %2. "_s.arg(done.failedAt.isEmpty() ? u"a record that could not be read"_s : done.failedAt,
+                                             done.failure->Description()) +
+               words + u" The others were not looked at."_s;
     return done.stopped ? u"Stopped. "_s + words : words;
 }
 

@@ -3,9 +3,11 @@
 #include "common/globals.h"
 #include "forms/ports.h"
 #include "platform/files/disk.h"
+#include "platform/text/runtime_error.h"
 #include "store/data_source.h"
 
 #include <functional>
+#include <optional>
 
 namespace vasclip::upkeep {
 
@@ -44,6 +46,8 @@ struct Archived
     QStringList missing = {};  ///< "KEY: which" of the pictures that a moved record lists and that are not there
     bool empty = false;        ///< the Databook has no records
     bool stopped = false;
+    std::optional<RuntimeError> failure = {}; ///< what ended it before its end
+    QString failedAt = {};                    ///< the key of the record that was at work then
 };
 
 /// Told before each record; false stops behind the one before it.
@@ -55,7 +59,9 @@ using ArchiveStep = std::function<bool(qint64 done, qint64 of, const Archived& s
 /// Moves every record in range into the archive, each with its pictures and in a transaction over both files: whatever
 /// ends it, a record is in one of them, and where it is its pictures are. Its front picture goes into the row too, so
 /// that an import brings it back.
-/// @throws RuntimeError, what the disk or the database refuse; what was moved until then stays moved
+/// What refuses one record leaves it here and goes on; what refuses them all (a lock, a full disk) ends it, and what was
+/// moved until then stays moved and is told.
+/// @throws RuntimeError, what the disk or the database refuse before the first record
 [[nodiscard]] Archived CopyArchiveData(const ArchiveWork& work, const ArchiveStep& step);
 
 /// What came of it, in a sentence.

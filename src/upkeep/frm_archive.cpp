@@ -220,9 +220,9 @@ void frm_Archive::cmdcreate_Click()
     if (chosen.isEmpty())
         return;
     const files::Disk& disk = m_desk.Disk();
-    const bool there = disk.Found(chosen, files::ReadOnly | files::Hidden);
-    if (!there)
+    if (!disk.Found(chosen, files::ReadOnly | files::Hidden))
         chosen = ArchiveName(chosen);
+    const bool there = disk.Found(chosen, files::ReadOnly | files::Hidden);
     if (!Prompter().YesNo({}, (there ? kOpenFile : kCreateFile).arg(chosen)))
         return;
     try {

@@ -28,7 +28,7 @@ const QString kItself = u"You cannot archive records to itself.  Please select a
 const QString kNoDate = u"'%1' is no date. Enter it as mm/dd/yyyy, or leave it empty."_s;
 const QString kBackwards = u"The stop date lies before the start date: no record is in that range."_s;
 const QString kNeedName = u"Enter the name of the archive and of its table first."_s;
-const QString kFailed = u"%1. %2 records were moved before that and stay in the archive."_s;
+const QString kFailed = u"%1. Nothing was moved."_s;
 
 } // namespace
 
@@ -156,9 +156,7 @@ void frm_Archive::cmdarchive_Click()
         Archive(target, table);
     } catch (const RuntimeError& failure) {
         common::ReportError(Prompter(), failure);
-        Tell(kFailed.arg(failure.Description())
-                 .arg(lblCountMoved.Caption().toLongLong() + lblCountOverwritten.Caption().toLongLong()),
-             forms::Colour::Red);
+        Tell(kFailed.arg(failure.Description()), forms::Colour::Red);
     }
     ListFiles();
     ListFileTables();
@@ -191,7 +189,9 @@ void frm_Archive::Archive(const QString& target, const QString& table)
     lstaccount.SetVisible(lstaccount.ListCount() > 0);
     if (done.empty)
         Prompter().Box(Caption(), WordsOf(done, target));
-    Tell(WordsOf(done, target), done.stopped || done.empty ? forms::Colour::Red : forms::Colour::Blue);
+    if (done.failure)
+        common::ReportError(Prompter(), *done.failure);
+    Tell(WordsOf(done, target), done.stopped || done.empty || done.failure ? forms::Colour::Red : forms::Colour::Blue);
 }
 
 } // namespace vasclip::upkeep

@@ -204,6 +204,32 @@ TEST_F(FrmArchive, AWishToCloseStopsBehindTheRecordAtWork)
     EXPECT_FALSE(screen->IsOpen());
 }
 
+TEST_F(FrmArchive, TellsWhatWasMovedBeforeAnError)
+{
+    Comp(u"3 C ST"_s, u"05/05/1996"_s);
+    Dates(u"1/1/1990"_s, u"12/31/1999"_s);
+    engine.SetLockWait(50);
+    engine::Engine other{disk, tests::SomeTime()};
+    std::shared_ptr<engine::Database> theirs;
+    doubles.pump.onTurn = [&] {
+        if (theirs || screen->lblCountMoved.Caption() != u"1"_s)
+            return;
+        theirs = other.OpenDatabase(archive);
+        theirs->BeginTrans();
+        theirs->Execute(u"UPDATE COMPS SET NOTES = 'theirs'"_s);
+    };
+    doubles.prompter.Answer(forms::Answer::Yes);
+    doubles.prompter.Answer(forms::Answer::Yes); // the error's box
+    Click(screen->cmdarchive);
+    doubles.pump.onTurn = {};
+    theirs->Rollback();
+    theirs->Close();
+    EXPECT_TRUE(Says().startsWith(u"It ended at 3 C ST: "_s)) << Says().toStdString();
+    EXPECT_TRUE(Says().contains(u"1 record was moved"_s)) << Says().toStdString();
+    EXPECT_EQ(screen->lblCountMoved.Caption(), u"1"_s);
+    EXPECT_EQ(There(), QStringList{u"1 A ST"_s});
+}
+
 TEST_F(FrmArchive, CreatesAndDeletesArchives)
 {
     doubles.prompter.AnswerDialog(u"C:\\ARCHIVE\\SIXTIES.txt"_s);
@@ -212,6 +238,10 @@ TEST_F(FrmArchive, CreatesAndDeletesArchives)
     EXPECT_EQ(doubles.prompter.Last().text, u"Create C:\\ARCHIVE\\SIXTIES.MDB?"_s);
     EXPECT_EQ(screen->txtFileName.Text(), u"SIXTIES.MDB"_s);
     EXPECT_EQ(screen->lstTables.Items(), QStringList{table});
+    doubles.prompter.AnswerDialog(u"C:\\ARCHIVE\\SIXTIES"_s);
+    doubles.prompter.Answer(forms::Answer::No);
+    Click(screen->cmdcreate);
+    EXPECT_EQ(doubles.prompter.Last().text, u"Open C:\\ARCHIVE\\SIXTIES.MDB?"_s) << "it is there";
     doubles.prompter.AnswerDialog(u"C:\\ARCHIVE\\OLD.MDB"_s);
     doubles.prompter.Answer(forms::Answer::Yes);
     Click(screen->cmdcreate);

@@ -75,7 +75,9 @@ int RunArchive(Session& session, const Output& out, const QStringList& arguments
                {u"pictures"_s, QJsonArray::fromStringList(done.pictures)},
                {u"missing"_s, QJsonArray::fromStringList(done.missing)}},
               said.join(u'\n'));
-    return done.left.isEmpty() && done.pictures.isEmpty() ? kDone : kFailed;
+    if (done.failure)
+        out.Error(done.failure->Description() + u'.');
+    return done.left.isEmpty() && done.pictures.isEmpty() && done.missing.isEmpty() && !done.failure ? kDone : kFailed;
 }
 
 } // namespace vasclip::vasctl
