@@ -1,7 +1,6 @@
 #include "upkeep/frm_report_preview.h"
 
 #include "common/error_block.h"
-#include "platform/text/call_errors.h"
 #include "upkeep/export_statement.h"
 #include "upkeep/report_csv.h"
 
@@ -157,7 +156,7 @@ void frm_ReportPreview::ListLayoutNames()
     m_filling = false;
 }
 
-/// A layout that is wrong leaves the one on show, and says what is wrong.
+/// A layout that is wrong, or was deleted meanwhile, leaves the one on show, and says so.
 void frm_ReportPreview::OpenNamed(const QString& name)
 {
     try {
@@ -169,7 +168,7 @@ void frm_ReportPreview::OpenNamed(const QString& name)
         m_layoutName = name;
         lblmsg.Show({}, forms::Colour::Normal);
     } catch (const RuntimeError& wrong) {
-        if (!m_layout || wrong.Number() != error::kInvalidCall)
+        if (!m_layout)
             throw;
         lblmsg.Show(wrong.Description(), forms::Colour::Red);
         m_filling = true;

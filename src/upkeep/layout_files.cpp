@@ -36,11 +36,21 @@ QByteArray ProgramsOwn(const QString& name)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+bool HasNone(const QString& name, QStringView letters)
+{
+    return std::none_of(name.begin(), name.end(), [&](QChar letter) { return letters.contains(letter); });
+}
+
+/// Can a file in the directory be called so?
+bool IsFileName(const QString& name)
+{
+    return !name.isEmpty() && HasNone(name, u"\\/:*?\"<>|");
+}
+
+/// Can a new one be, whose paper is remembered under its name?
 bool IsName(const QString& name)
 {
-    return !name.isEmpty() && name.size() <= 60 && std::none_of(name.begin(), name.end(), [](QChar letter) {
-        return QString(u"\\/:*?\"<>|.=[];"_s).contains(letter);
-    });
+    return IsFileName(name) && name.size() <= 60 && HasNone(name, u".=[];");
 }
 
 QString OwnFile(const common::Globals& globals, const QString& name)
@@ -97,7 +107,7 @@ ReportLayout OpenLayout(const files::Disk& disk, const common::Globals& globals,
 {
     const QString wanted = name.trimmed().toLower();
     const QString file = OwnFile(globals, wanted);
-    if (IsName(wanted) && disk.Found(file)) {
+    if (IsFileName(wanted) && disk.Found(file)) {
         if (disk.FileLen(file) > kMostLayoutBytes)
             return Parsed(QByteArray(kMostLayoutBytes + 1, ' '), file, wanted);
         return Parsed(disk.ReadWhole(file), file, wanted);
@@ -120,7 +130,7 @@ QString CopyLayout(const files::Disk& disk, const common::Globals& globals, cons
         throw RuntimeError(error::kBadFileName,
                            u"'%1' can't be a layout's name. Use letters, digits and blanks."_s.arg(newName));
     const QString source = OwnFile(globals, from), target = OwnFile(globals, to);
-    const QByteArray content = IsName(from) && disk.Found(source) ? disk.ReadWhole(source)
+    const QByteArray content = IsFileName(from) && disk.Found(source) ? disk.ReadWhole(source)
                                : OfTheProgram().contains(from)    ? ProgramsOwn(from)
                                                                   : QByteArray();
     if (content.isEmpty())

@@ -53,6 +53,11 @@ QString NoSuchField(const QString& name)
                               : u"Did you mean %1?"_s.arg(nearest));
 }
 
+QString IsPicture(const QString& field)
+{
+    return u"%1 is a picture. Write a 'photos' line for pictures"_s.arg(field);
+}
+
 std::optional<Format> FormatOf(const QString& word)
 {
     static const QHash<QString, Format> formats{{u"TEXT"_s, Format::Text},
@@ -94,6 +99,8 @@ Template ReadTemplate(LineReader& line, Columns columns)
             throw LayoutError(line.Number(), column + 1,
                               u"%1 is a record's, and this line is the page's. Write one of: %2"_s.arg(
                                   piece.field, SpecialWords().join(u", "_s)));
+        if (piece.field == fields::FRONTPHOTO)
+            throw LayoutError(line.Number(), column + 1, IsPicture(piece.field));
         if (inner.contains(u':')) {
             const QString word = inner.section(u':', 1).trimmed();
             const std::optional<Format> format = FormatOf(word);
@@ -116,7 +123,7 @@ QString ReadField(LineReader& line)
     if (!column)
         line.Refuse(NoSuchField(name));
     if (name == fields::FRONTPHOTO)
-        line.Refuse(u"%1 is a picture. Write a 'photos' line for pictures"_s.arg(name));
+        line.Refuse(IsPicture(name));
     return column->name;
 }
 

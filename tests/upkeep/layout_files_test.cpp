@@ -71,6 +71,21 @@ TEST_F(LayoutFiles, OneThatIsWrongSaysItsFileLineAndColumn)
     EXPECT_TRUE(entries[3].wrong.contains(u"line 2, column 8"_s));
 }
 
+TEST_F(LayoutFiles, EveryOneThatIsListedCanBeOpened)
+{
+    const QString longest(100, u'l');
+    for (const QString& name : {u"my.report"_s, u"lots [2]; more"_s, longest})
+        Own(name + u".layout"_s, "layout \"Own\"\ncolumn CITY\n");
+    int own = 0;
+    for (const LayoutEntry& entry : ListLayouts(home.disk, globals)) {
+        EXPECT_EQ(entry.wrong, QString()) << entry.name.toStdString();
+        own += entry.own && OpenLayout(home.disk, globals, entry.name).words == u"Own"_s ? 1 : 0;
+    }
+    EXPECT_EQ(own, 3);
+    EXPECT_EQ(CopyLayout(home.disk, globals, u"My.Report"_s, u"mine"_s), u"C:\\VAS2000\\REPORTS\\mine.layout"_s);
+    EXPECT_EQ(Words(u"mine"_s), u"Own"_s);
+}
+
 TEST_F(LayoutFiles, OneThatIsNotThereNamesThoseThatAre)
 {
     Own(u"lots.layout"_s, "column CITY\n");

@@ -110,6 +110,7 @@ INSTANTIATE_TEST_SUITE_P(
         Wrong{"a field without a section", "field CITY\n", 1, 1, u"'section' line"_s},
         Wrong{"a heading in a table", "column CITY\nheading \"x\"\n", 2, 1, u"is a table"_s},
         Wrong{"a column in a block", "heading \"x\"\ncolumn CITY\n", 2, 1, u"no columns"_s},
+        Wrong{"the long binary within a text", "heading \"x {FRONTPHOTO}\"\n", 1, 13, u"'photos' line"_s},
         Wrong{"the long binary", "column FRONTPHOTO\n", 1, 8, u"'photos' line"_s},
         Wrong{"nothing of a record", "title \"x\"\n\n", 3, 1, u"prints nothing"_s},
         Wrong{"an empty file", "", 1, 1, u"prints nothing"_s},

@@ -192,5 +192,22 @@ TEST_F(Preview, AnotherLayoutThatIsWrongLeavesTheOneOnShow)
     });
 }
 
+TEST_F(Preview, ALayoutThatIsDeletedMeanwhileLeavesTheOneOnShow)
+{
+    Comps(2);
+    disk.MkDir(u"C:\\USER\\REPORTS"_s);
+    disk.WriteWhole(u"C:\\USER\\REPORTS\\short.layout"_s, "column CITY\n");
+    const auto screen = Make(u"SELECT * FROM COMPS"_s);
+    Print(*screen, [&](frm_ReportPreview& preview) {
+        disk.Kill(u"C:\\USER\\REPORTS\\short.layout"_s);
+        preview.cboLayout.SetListIndex(3);
+        EXPECT_EQ(preview.cboLayout.ListIndex(), 0);
+        EXPECT_TRUE(preview.lblmsg.Caption().contains(u"There is no report layout 'short'"_s))
+            << preview.lblmsg.Caption().toStdString();
+        EXPECT_FALSE(preview.Shown().texts.isEmpty());
+        EXPECT_TRUE(preview.cmdPDF.Enabled());
+    });
+}
+
 } // namespace
 } // namespace vasclip::upkeep
