@@ -1,17 +1,7 @@
-#include "shell/report_home.h"
+#include "report_windows.h"
 #include "upkeep/frm_archive.h"
-#include "windows/guard.h"
-#include "windows/main_window.h"
-#include "windows/screens.h"
-#include "windows/theme.h"
 
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QSettings>
-#include <QTest>
 
 namespace vasclip::windows {
 
@@ -22,53 +12,23 @@ using namespace Qt::Literals::StringLiterals;
 const QString kArchive = u"C:\\DATABOOK\\ARCHIVE\\ARCHIVE.MDB"_s;
 
 /// The main window, and the screen of the archive over it.
-class ArchiveWindow : public shell::ReportHome
+class ArchiveWindow : public PlayedScreen
 {
 protected:
-    EventGuard guard{doubles.prompter, {}};
-    QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
-    Theme theme{*qApp, &settings};
-    std::unique_ptr<MainWindow> main_;
-    ScreenWindow* window = nullptr;
-
     void SetUp() override
     {
-        ReportHome::SetUp();
+        PlayedScreen::SetUp();
         for (int i = 1; i <= 5; ++i)
             Add(shell::kDatabook, u"COMPS"_s,
                 {{u"CENTRALKEY"_s, u"%1 OLD ST"_s.arg(i).leftJustified(35)}, {u"SALEDATE"_s, u"03/07/1999"_s}});
-        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
-        main_ = std::make_unique<MainWindow>(main.controls, main.drags.Router(), main, guard, theme, settings);
-        main_->resize(1366, 768);
-        main_->show();
+        StartProgram();
+        MakeMainWindow();
+        mainWindow->show();
     }
     void Play(const std::function<void()>& script)
     {
-        doubles.screens.Play([&](forms::Screen& screen) {
-            ScreenWindow stands(screen, guard);
-            EXPECT_TRUE(stands.Leftovers().isEmpty()) << stands.Leftovers().join(u'\n').toStdString();
-            window = &stands;
-            stands.show();
-            script();
-            window = nullptr;
-        });
-        guard.Run([&] { main.mnuDBItem.Choose(u"mnuDBItem"_s, 2); });
-        EXPECT_TRUE(doubles.screens.Shown().contains(u"frm_Archive"_s));
+        PlayOn(u"frm_Archive"_s, [&] { main.mnuDBItem.Choose(u"mnuDBItem"_s, 2); }, script);
     }
-    template <typename Widget>
-    Widget& The(const QString& name) const
-    {
-        auto* found = window->findChild<Widget*>(name);
-        EXPECT_NE(found, nullptr) << name.toStdString();
-        return *found;
-    }
-    void Press(const QString& name) const { QTest::mouseClick(&The<QPushButton>(name), Qt::LeftButton); }
-    void Type(const QString& box, const QString& text) const
-    {
-        The<QLineEdit>(box).clear();
-        QTest::keyClicks(&The<QLineEdit>(box), text);
-    }
-    QString Says(const QString& label = u"lblmsg"_s) const { return The<QLabel>(label).text(); }
     [[nodiscard]] qint64 Archived() { return store::CountRows(*engine.OpenDatabase(kArchive), u"COMPS"_s); }
 };
 

@@ -1,5 +1,4 @@
-#include "sample_screen.h"
-
+#include "bare_windows.h"
 #include "databook/frm_rename.h"
 #include "databook/frm_search_sql.h"
 #include "databook/messages.h"
@@ -12,16 +11,10 @@
 #include "shell/start_up.h"
 #include "store/schema.h"
 #include "store/store.h"
-#include "support/recording_conduit.h"
-#include "support/scripted_ports.h"
-#include "support/standing_time.h"
-#include "support/temp_home.h"
 #include "windows/chip_bar.h"
-#include "windows/guard.h"
 #include "windows/main_window.h"
 #include "windows/picture_view.h"
 #include "windows/record_grid.h"
-#include "windows/theme.h"
 
 #include <gtest/gtest.h>
 
@@ -34,7 +27,6 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
-#include <QSettings>
 #include <QToolButton>
 
 #include <stdexcept>
@@ -46,17 +38,9 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-class CurrentRecord : public testing::Test
+class CurrentRecord : public BareWindows
 {
 protected:
-    tests::TempHome home;
-    tests::TestPorts ports;
-    engine::Engine engine{home.disk, tests::SomeTime()};
-    test::RecordingConduit conduit;
-    EventGuard guard{ports.prompter, {}};
-    QSettings settings{home.Native(u"window.ini"_s), QSettings::IniFormat};
-    Theme theme{*qApp, &settings};
-    tests::SamplePort port;
     store::DataSource source{engine, u"other"_s}; ///< another user's
     std::unique_ptr<shell::Program> program;
     std::unique_ptr<shell::frm_Main> main;

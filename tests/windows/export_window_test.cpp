@@ -1,19 +1,8 @@
-#include "shell/report_home.h"
+#include "report_windows.h"
 #include "upkeep/frm_export.h"
 #include "upkeep/tables.h"
-#include "windows/guard.h"
-#include "windows/screens.h"
-#include "windows/theme.h"
 
-#include <QApplication>
-#include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListView>
 #include <QProgressBar>
-#include <QPushButton>
-#include <QSettings>
-#include <QTest>
 
 namespace vasclip::windows {
 namespace {
@@ -23,71 +12,22 @@ using namespace Qt::Literals::StringLiterals;
 const QString kOut = u"C:\\DATABOOK\\EXPORT\\EXPORT.MDB"_s;
 
 /// The export's window, opened by its menu entry over the main screen.
-class ExportWindow : public shell::ReportHome
+class ExportWindow : public PlayedScreen
 {
 protected:
-    EventGuard guard{doubles.prompter, {}};
-    QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
-    Theme theme{*qApp, &settings};
-    ScreenWindow* window = nullptr;
-
     void SetUp() override
     {
-        ReportHome::SetUp();
+        PlayedScreen::SetUp();
         home.Put(u"C:\\JPG\\00000001.jpg"_s, "picture");
         Add(shell::kDatabook, u"COMPS"_s,
             {{u"CENTRALKEY"_s, u"9 ELM ST"_s.leftJustified(35)},
              {u"CITY"_s, u"Birch"_s},
              {u"PHOTOS"_s, u"FRONT VIEW|00000001\r\n"_s}});
-        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
+        StartProgram();
     }
     void Play(const std::function<void()>& script)
     {
-        doubles.screens.Play([&](forms::Screen& screen) {
-            ScreenWindow stands(screen, guard);
-            EXPECT_TRUE(stands.Leftovers().isEmpty()) << stands.Leftovers().join(u'\n').toStdString();
-            window = &stands;
-            stands.show();
-            script();
-            window = nullptr;
-        });
-        guard.Run([&] { main.mnuDBItem.Choose(u"mnuDBItem"_s, 1); });
-        EXPECT_TRUE(doubles.screens.Shown().contains(u"frm_Export"_s));
-    }
-    template <typename Widget>
-    Widget& The(const QString& name) const
-    {
-        auto* found = window->findChild<Widget*>(name);
-        EXPECT_NE(found, nullptr) << name.toStdString();
-        return *found;
-    }
-    void Press(const QString& name) const { QTest::mouseClick(&The<QPushButton>(name), Qt::LeftButton); }
-    void Tick(const QString& name) const
-    {
-        auto& box = The<QCheckBox>(name);
-        QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(8, box.height() / 2));
-    }
-    QString Says() const { return The<QLabel>(u"lblmsg"_s).text(); }
-    QString Text(const QString& name) const { return The<QLineEdit>(name).text(); }
-    void Type(const QString& name, const QString& text) const
-    {
-        auto& box = The<QLineEdit>(name);
-        box.setFocus();
-        box.selectAll();
-        QTest::keyClicks(&box, text);
-    }
-    QStringList Lines(const QString& list) const
-    {
-        const QAbstractItemModel* model = The<QListView>(list).model();
-        QStringList lines;
-        for (int row = 0; model && row < model->rowCount(); ++row)
-            lines.append(model->index(row, 0).data().toString());
-        return lines;
-    }
-    void ClickLine(const QString& list, int row) const
-    {
-        auto& view = The<QListView>(list);
-        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(view.model()->index(row, 0)).center());
+        PlayOn(u"frm_Export"_s, [&] { main.mnuDBItem.Choose(u"mnuDBItem"_s, 1); }, script);
     }
     QStringList Keys(const QString& table)
     {

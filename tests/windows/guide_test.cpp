@@ -1,24 +1,16 @@
 #include "windows/guide.h"
 
-#include "sample_screen.h"
-
+#include "bare_windows.h"
 #include "shell/frm_change_db.h"
 #include "shell/frm_main.h"
-#include "support/recording_conduit.h"
-#include "support/scripted_ports.h"
-#include "support/standing_time.h"
-#include "support/temp_home.h"
-#include "windows/guard.h"
 #include "windows/guide_view.h"
 #include "windows/guide_window.h"
 #include "windows/main_window.h"
 #include "windows/record_grid.h"
 #include "windows/screens.h"
-#include "windows/theme.h"
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -30,7 +22,6 @@
 #include <QPointer>
 #include <QRegularExpression>
 #include <QScrollBar>
-#include <QSettings>
 #include <QTest>
 #include <QToolButton>
 
@@ -71,17 +62,9 @@ QStringList AllPages()
     return QStringList(QString(kGuideIndex)) + Pages();
 }
 
-class GuideOnWindows : public testing::Test
+class GuideOnWindows : public BareWindows
 {
 protected:
-    tests::TempHome home;
-    tests::TestPorts ports;
-    engine::Engine engine{home.disk, tests::SomeTime()};
-    test::RecordingConduit conduit;
-    EventGuard guard{ports.prompter, {}};
-    QSettings settings{home.Native(u"window.ini"_s), QSettings::IniFormat};
-    Theme theme{*qApp, &settings};
-    tests::SamplePort port;
     shell::Program program{home.disk.Home(), {conduit, ports.Get()}};
     shell::frm_Main main{program};
     MainWindow window{main.controls, port, port, guard, theme, settings};

@@ -1,18 +1,7 @@
-#include "shell/report_home.h"
+#include "report_windows.h"
 #include "upkeep/frm_import.h"
-#include "windows/guard.h"
-#include "windows/screens.h"
-#include "windows/theme.h"
 
-#include <QApplication>
-#include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListView>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QSettings>
-#include <QTest>
 
 #include <sqlite3.h>
 
@@ -25,17 +14,12 @@ const QString kTheirs = u"C:\\DATABOOK\\IMPORT\\THEIRS.MDB"_s;
 const QByteArray kJpeg("\xFF\xD8\xFF the picture");
 
 /// The import's window, opened by its menu entry over the main screen.
-class ImportWindow : public shell::ReportHome
+class ImportWindow : public PlayedScreen
 {
 protected:
-    EventGuard guard{doubles.prompter, {}};
-    QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
-    Theme theme{*qApp, &settings};
-    ScreenWindow* window = nullptr;
-
     void SetUp() override
     {
-        ReportHome::SetUp();
+        PlayedScreen::SetUp();
         home.MakeDirs(u"C:\\DATABOOK\\IMPORT"_s);
         store::MakeDatabase(engine, kTheirs);
         Add(kTheirs, u"COMPS"_s, {{u"CENTRALKEY"_s, u"12 OAK ST"_s.leftJustified(35)}});
@@ -50,55 +34,11 @@ protected:
         }
         rows->Close();
         database->Close();
-        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
+        StartProgram();
     }
     void Play(const std::function<void()>& script)
     {
-        doubles.screens.Play([&](forms::Screen& screen) {
-            ScreenWindow stands(screen, guard);
-            EXPECT_TRUE(stands.Leftovers().isEmpty()) << stands.Leftovers().join(u'\n').toStdString();
-            window = &stands;
-            stands.show();
-            script();
-            window = nullptr;
-        });
-        guard.Run([&] { main.mnuDBItem.Choose(u"mnuDBItem"_s, 0); });
-        EXPECT_TRUE(doubles.screens.Shown().contains(u"frm_Import"_s));
-    }
-    template <typename Widget>
-    Widget& The(const QString& name) const
-    {
-        auto* found = window->findChild<Widget*>(name);
-        EXPECT_NE(found, nullptr) << name.toStdString();
-        return *found;
-    }
-    void Press(const QString& name) const { QTest::mouseClick(&The<QPushButton>(name), Qt::LeftButton); }
-    void Tick() const
-    {
-        auto& box = The<QCheckBox>(u"ckbCopy"_s);
-        QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(8, box.height() / 2));
-    }
-    QString Says() const { return The<QLabel>(u"lblmsg"_s).text(); }
-    QString Text(const QString& name) const { return The<QLineEdit>(name).text(); }
-    void Type(const QString& name, const QString& text) const
-    {
-        auto& box = The<QLineEdit>(name);
-        box.setFocus();
-        box.selectAll();
-        QTest::keyClicks(&box, text);
-    }
-    QStringList Lines(const QString& list) const
-    {
-        const QAbstractItemModel* model = The<QListView>(list).model();
-        QStringList lines;
-        for (int row = 0; model && row < model->rowCount(); ++row)
-            lines.append(model->index(row, 0).data().toString());
-        return lines;
-    }
-    void ClickLine(const QString& list, int row) const
-    {
-        auto& view = The<QListView>(list);
-        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(view.model()->index(row, 0)).center());
+        PlayOn(u"frm_Import"_s, [&] { main.mnuDBItem.Choose(u"mnuDBItem"_s, 0); }, script);
     }
 };
 
@@ -111,7 +51,7 @@ TEST_F(ImportWindow, AddsRecordsAndTheGridShowsThem)
         EXPECT_EQ(Lines(u"filexport"_s), QStringList{u"THEIRS.MDB"_s});
         ClickLine(u"filexport"_s, 0);
         EXPECT_EQ(The<QLabel>(u"lblRecordCount"_s).text(), u"3 records"_s);
-        Tick();
+        Tick(u"ckbCopy"_s);
         Press(u"cmdImport"_s);
         EXPECT_EQ(Says(), u"2 records of C:\\DATABOOK\\IMPORT\\THEIRS.MDB were added to the Databook. 1 was refused. "
                           u"Pictures: 2 written."_s);
@@ -173,7 +113,7 @@ TEST_F(ImportWindow, IsCanceledInTheMiddle)
 {
     Play([&] {
         ClickLine(u"filexport"_s, 0);
-        Tick();
+        Tick(u"ckbCopy"_s);
         int turns = 0;
         doubles.pump.onTurn = [&] {
             if (++turns == 2)
@@ -236,7 +176,7 @@ protected:
     {
         Play([&] {
             ClickLine(u"filexport"_s, 0);
-            Tick();
+            Tick(u"ckbCopy"_s);
             doubles.screens.Play([&](forms::Screen& screen) {
                 ScreenWindow* const below = window;
                 ScreenWindow stands(screen, guard);

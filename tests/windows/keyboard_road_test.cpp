@@ -1,21 +1,16 @@
-#include "keys.h"
-
 #include "common/paths.h"
+#include "keys.h"
 #include "link/link_desk.h"
 #include "photos/capture_desk.h"
 #include "photos/photo_lists.h"
 #include "platform/engine/database.h"
+#include "report_windows.h"
 #include "shell/map_parts.h"
-#include "shell/report_home.h"
 #include "support/map_home.h"
 #include "windows/drag_desk.h"
-#include "windows/guard.h"
-#include "windows/main_window.h"
 #include "windows/picture_view.h"
 #include "windows/record_grid.h"
-#include "windows/screens.h"
 #include "windows/send_to_slot.h"
-#include "windows/theme.h"
 
 #include <QAbstractButton>
 #include <QClipboard>
@@ -26,7 +21,6 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPushButton>
-#include <QSettings>
 #include <QUrl>
 
 #include <map>
@@ -67,22 +61,18 @@ struct OwnScreens
 };
 
 /// The program on a report, with its real windows in place of the scripted ones.
-class ByKeys : protected OwnScreens, public shell::ReportHome
+class ByKeys : protected OwnScreens, public ReportWindows
 {
 protected:
     ByKeys()
-        : ReportHome(&screens)
+        : ReportWindows(&screens)
     {}
 
-    EventGuard guard{doubles.prompter, {}};
-    QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
-    Theme theme{*qApp, &settings};
     NotedDrops drops{OnScreen(main)};
-    std::unique_ptr<MainWindow> window;
 
     void SetUp() override
     {
-        ReportHome::SetUp();
+        ReportWindows::SetUp();
         home.MakeDirs(u"C:\\CARD"_s);
         for (const QString& name : {u"DSC1.JPG"_s, u"DSC2.JPG"_s, u"DSC3.JPG"_s})
             Picture(u"C:\\CARD\\"_s + name);
@@ -90,21 +80,20 @@ protected:
             Picture(u"C:\\VAS2000\\Addendum_"_s + mark + u".bmp"_s);
         for (int i = 1; i <= 50; ++i) // one stem each
             doubles.random.sequence.push_back(i / 53.0);
-        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
+        StartProgram();
         ASSERT_TRUE(main.linkState.linkActive);
         main.globals.useSubjCsz = u"NONE"_s;
         main.globals.lastCopy = u"C:\\CARD\\"_s;
         main.globals.imageListBox = u"OFF"_s;
         screens.SetGuard(&guard);
-        window = std::make_unique<MainWindow>(main.controls, drops, main, guard, theme, settings);
+        MakeMainWindow(drops);
         MakeMaps(home.disk.ToNative(common::CkRSlash(main.globals.cellData)));
-        window->ShowMap(main.map);
-        screens.SetOwner(&*window);
-        window->resize(1366, 768);
-        window->show();
-        window->BuildAllPages();
+        mainWindow->ShowMap(main.map);
+        screens.SetOwner(&*mainWindow);
+        mainWindow->show();
+        mainWindow->BuildAllPages();
         main.ShowCapture();
-        ASSERT_TRUE(Activate(*window));
+        ASSERT_TRUE(Activate(*mainWindow));
     }
     void ExpectLettersOfTheirOwn(const QWidget& without);
     void Picture(const QString& path)
@@ -116,7 +105,7 @@ protected:
     template <class T = QWidget>
     T* Find(const QString& name)
     {
-        return window->findChild<T*>(name);
+        return mainWindow->findChild<T*>(name);
     }
     [[nodiscard]] static QString Focused()
     {
@@ -146,7 +135,7 @@ protected:
     {
         QTest::keyClick(&menu, Qt::Key(Letter(action.text())));
         EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() == nullptr; }));
-        EXPECT_TRUE(Activate(*window));
+        EXPECT_TRUE(Activate(*mainWindow));
     }
     static int Letter(const QString& text)
     {
@@ -156,7 +145,7 @@ protected:
     void SendTo(const QString& words)
     {
         OnScreen(
-            *window, u"sendToSlot"_s, [] { Keys(Qt::Key_Return, Qt::ControlModifier); },
+            *mainWindow, u"sendToSlot"_s, [] { Keys(Qt::Key_Return, Qt::ControlModifier); },
             [&](QWidget&) {
                 Type(words);
                 Keys(Qt::Key_Return);
@@ -180,9 +169,9 @@ protected:
 TEST_F(ByKeys, TheWholeRoadFromTheCardToTheReport)
 {
     // The card.
-    window->Databook().setFocus();
+    mainWindow->Databook().setFocus();
     OnScreen(
-        *window, u"frm_CopyPics"_s, [this] { Menu(u"mnuFileItem"_s, u"Copy Photos - From Reader"_s); },
+        *mainWindow, u"frm_CopyPics"_s, [this] { Menu(u"mnuFileItem"_s, u"Copy Photos - From Reader"_s); },
         [](QWidget& screen) {
             const QPointer<QWidget> open = &screen;
             Keys(Letter(screen.findChild<QPushButton*>(u"cmdCopy"_s)->text()), Qt::AltModifier);
@@ -197,22 +186,22 @@ TEST_F(ByKeys, TheWholeRoadFromTheCardToTheReport)
     ASSERT_EQ(Focused(), u"geathumb_1"_s);
     EXPECT_EQ(main.capture.filCapture.ListIndex(), 1) << "the keys select what they come to";
     Keys(Qt::Key_J, Qt::ControlModifier);
-    ASSERT_EQ(window->Drags().Held(), &main.capture.geathumb(1));
+    ASSERT_EQ(mainWindow->Drags().Held(), &main.capture.geathumb(1));
     Keys(Qt::Key_G, Qt::ControlModifier);
     EXPECT_EQ(Find<QLabel>(u"lblmsg"_s)->text(),
               u"Drop here to add a photo to the currently highlighted data entry"_s);
     OnScreen(
-        *window, u"frm_GenView"_s, [] { Keys(Qt::Key_J, Qt::ControlModifier); },
+        *mainWindow, u"frm_GenView"_s, [] { Keys(Qt::Key_J, Qt::ControlModifier); },
         [](QWidget& screen) {
             EXPECT_EQ(screen.findChild<QLineEdit*>(u"txtView"_s)->text(), u"FRONT VIEW"_s);
             Keys(Qt::Key_Return);
         });
-    EXPECT_EQ(window->Drags().Held(), nullptr);
+    EXPECT_EQ(mainWindow->Drags().Held(), nullptr);
     EXPECT_EQ(Views(u"12 OAK ST"_s), QStringList{u"FRONT VIEW"_s});
     EXPECT_FALSE(home.disk.FileExists(u"C:\\SNAP\\DSC2.JPG"_s)) << "it went to the trash";
 
     // The record to the report: its data and that photo.
-    window->Databook().setFocus();
+    mainWindow->Databook().setFocus();
     conduit.pokes.clear();
     conduit.commands.clear();
     SendTo(u"listing 2 data front"_s);
@@ -235,11 +224,11 @@ TEST_F(ByKeys, TheWholeRoadFromTheCardToTheReport)
     Find(u"imaRental_3"_s)->setFocus();
     doubles.prompter.AnswerAlways(forms::Answer::Yes);
     OnScreen(
-        *window, u"frm_Overwrite"_s,
+        *mainWindow, u"frm_Overwrite"_s,
         [this] {
             Keys(Qt::Key_J, Qt::ControlModifier);
             Keys(Qt::Key_G, Qt::ControlModifier);
-            QTest::keyClick(&window->Databook(), Qt::Key_J, Qt::ControlModifier);
+            QTest::keyClick(&mainWindow->Databook(), Qt::Key_J, Qt::ControlModifier);
         },
         [](QWidget&) { Keys(Qt::Key_Escape); });
     EXPECT_EQ(Views(u"12 OAK ST"_s), QStringList{u"FRONT VIEW"_s});
@@ -252,7 +241,7 @@ TEST_F(ByKeys, NoTwoPlacesOfTheWindowShareALetter)
     // The two pages are never seen together.
     for (const QString& hidden : {u"atlasPage"_s, u"reportPage"_s}) {
         SCOPED_TRACE("without " + hidden.toStdString());
-        const QWidget* other = window->findChild<QWidget*>(hidden);
+        const QWidget* other = mainWindow->findChild<QWidget*>(hidden);
         ASSERT_NE(other, nullptr);
         ExpectLettersOfTheirOwn(*other);
     }
@@ -265,12 +254,12 @@ void ByKeys::ExpectLettersOfTheirOwn(const QWidget& without)
         if (const qsizetype mark = text.indexOf(u'&'); mark >= 0 && mark + 1 < text.size() && text[mark + 1] != u'&')
             taken[Letter(text)] << text;
     };
-    for (const QAction* action : window->menuBar()->actions())
+    for (const QAction* action : mainWindow->menuBar()->actions())
         take(action->text());
-    for (const auto* button : window->findChildren<QAbstractButton*>())
+    for (const auto* button : mainWindow->findChildren<QAbstractButton*>())
         if (!without.isAncestorOf(button))
             take(button->text());
-    for (const auto* label : window->findChildren<QLabel*>())
+    for (const auto* label : mainWindow->findChildren<QLabel*>())
         if (label->buddy() != nullptr && !without.isAncestorOf(label))
             take(label->text());
     ASSERT_GE(taken.size(), 10U);
@@ -284,7 +273,7 @@ TEST_F(ByKeys, AMenuOverASlotOpensByItsKey)
     auto* slot = Find(u"imaComp_1"_s);
     slot->setFocus();
     bool seen = false;
-    QTimer::singleShot(0, window.get(), [&] {
+    QTimer::singleShot(0, mainWindow.get(), [&] {
         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         ASSERT_NE(menu, nullptr);
         seen = true;
@@ -351,7 +340,7 @@ protected:
     /// Turns to the page where a control stands and goes there. @return false for one that takes no focus
     bool Go(forms::Control& control)
     {
-        QWidget* widget = window->Bindings().WidgetOf(control);
+        QWidget* widget = mainWindow->Bindings().WidgetOf(control);
         if (widget == nullptr || (widget->focusPolicy() & Qt::TabFocus) == 0)
             return false;
         const bool onMap = control.Name().startsWith(u"txtMap"_s) || control.Name() == u"mapview"_s || control.Name() == u"geaMapPhoto"_s;
@@ -377,7 +366,7 @@ protected:
         }
         QApplication::processEvents();
         widget->setFocus(Qt::TabFocusReason);
-        return window->Bindings().ControlAt(window->focusWidget()) == &control;
+        return mainWindow->Bindings().ControlAt(mainWindow->focusWidget()) == &control;
     }
     /// Another target with the same effect.
     bool HasTwinInTheList(const drops::DropRule& rule, const QList<SlotChoice>& choices)
@@ -412,17 +401,17 @@ TEST_F(EveryDrag, IsMadeByPickingUpAndDroppingOrByTheListOfPlaces)
         drops.dropped.clear();
         const QList<SlotChoice> choices = SlotChoices(main.controls, drops, source->Name());
         Keys(Qt::Key_J, Qt::ControlModifier);
-        ASSERT_EQ(window->Drags().Held(), source);
+        ASSERT_EQ(mainWindow->Drags().Held(), source);
         if (Go(*target)) {
             Keys(Qt::Key_J, Qt::ControlModifier);
             EXPECT_EQ(drops.dropped, QStringList{source->Name() + u" > "_s + target->Name()});
             ++byKeys;
         } else {
-            window->Drags().PutDown();
+            mainWindow->Drags().PutDown();
             EXPECT_TRUE(HasTwinInTheList(rule, choices)) << "neither the keys come to the target nor the list";
             ++byList;
         }
-        ASSERT_EQ(window->Drags().Held(), nullptr);
+        ASSERT_EQ(mainWindow->Drags().Held(), nullptr);
     }
     EXPECT_EQ(notHere,
               (std::set<QString>{u"TXTADDACOMP"_s, u"TXTGENERAL"_s}));
@@ -472,12 +461,12 @@ TEST_F(EveryDrag, TakesItsPictureToOtherPrograms)
 {
     Fill();
     const QUrl file = QUrl::fromLocalFile(home.disk.ToNative(u"C:\\JPG\\HOUSE.jpg"_s));
-    const std::unique_ptr<QMimeData> data(window->Drags().DataOf(main.slots.imaComp(1)));
+    const std::unique_ptr<QMimeData> data(mainWindow->Drags().DataOf(main.slots.imaComp(1)));
     EXPECT_EQ(data->urls(), QList<QUrl>{file});
     EXPECT_TRUE(data->hasImage());
     EXPECT_EQ(qvariant_cast<QImage>(data->imageData()).size(), QSize(160, 120));
     EXPECT_TRUE(data->hasFormat(QLatin1StringView(DragDesk::kMimeType)));
-    const std::unique_ptr<QMimeData> lamp(window->Drags().DataOf(main.slots.geaComp(1)));
+    const std::unique_ptr<QMimeData> lamp(mainWindow->Drags().DataOf(main.slots.geaComp(1)));
     EXPECT_FALSE(lamp->hasUrls());
     EXPECT_FALSE(lamp->hasImage());
     QApplication::clipboard()->clear();

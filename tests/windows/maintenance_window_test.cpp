@@ -1,19 +1,8 @@
+#include "report_windows.h"
 #include "shell/menus.h"
-#include "shell/report_home.h"
 #include "upkeep/frm_del_date.h"
 #include "upkeep/frm_maintenance.h"
-#include "windows/guard.h"
-#include "windows/main_window.h"
-#include "windows/screens.h"
-#include "windows/theme.h"
 
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListView>
-#include <QPushButton>
-#include <QSettings>
-#include <QTest>
 
 namespace vasclip::windows {
 
@@ -22,18 +11,12 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 /// The main window, and the screen of the repairs over it.
-class MaintenanceWindow : public shell::ReportHome
+class MaintenanceWindow : public PlayedScreen
 {
 protected:
-    EventGuard guard{doubles.prompter, {}};
-    QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
-    Theme theme{*qApp, &settings};
-    std::unique_ptr<MainWindow> main_;
-    ScreenWindow* window = nullptr;
-
     void SetUp() override
     {
-        ReportHome::SetUp();
+        PlayedScreen::SetUp();
         {
             const auto database = engine.OpenDatabase(shell::kDatabook);
             engine::Transaction all(*database);
@@ -48,34 +31,14 @@ protected:
             rows->Close();
             all.Commit();
         }
-        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
-        main_ = std::make_unique<MainWindow>(main.controls, main.drags.Router(), main, guard, theme, settings);
-        main_->resize(1366, 768);
-        main_->show();
+        StartProgram();
+        MakeMainWindow();
+        mainWindow->show();
     }
     void Play(const std::function<void()>& script)
     {
-        doubles.screens.Play([&](forms::Screen& screen) {
-            ScreenWindow stands(screen, guard);
-            EXPECT_TRUE(stands.Leftovers().isEmpty()) << stands.Leftovers().join(u'\n').toStdString();
-            window = &stands;
-            stands.show();
-            script();
-            window = nullptr;
-        });
-        guard.Run([&] { main.mnuMaintItem.Choose(u"mnuMaintItem"_s, 0); });
-        EXPECT_TRUE(doubles.screens.Shown().contains(u"frm_Maintenance"_s));
+        PlayOn(u"frm_Maintenance"_s, [&] { main.mnuMaintItem.Choose(u"mnuMaintItem"_s, 0); }, script);
     }
-    template <typename Widget>
-    Widget& The(const QString& name) const
-    {
-        auto* found = window->findChild<Widget*>(name);
-        EXPECT_NE(found, nullptr) << name.toStdString();
-        return *found;
-    }
-    void Press(const QString& name) const { QTest::mouseClick(&The<QPushButton>(name), Qt::LeftButton); }
-    QString Says(const QString& label = u"lblmsg"_s) const { return The<QLabel>(label).text(); }
-    int Lines() const { return The<QListView>(u"lstaccount"_s).model()->rowCount(); }
     [[nodiscard]] QString Address(const QString& key)
     {
         const auto record = store::ReadRecord(program.sources.datDatabook, key);
@@ -107,7 +70,7 @@ TEST_F(MaintenanceWindow, ShowsWhatItChangedAndTheGridAnew)
         doubles.pump.onTurn = {};
         EXPECT_TRUE(letGo);
         EXPECT_EQ(Says(), u"Resetting process Complete"_s);
-        EXPECT_EQ(Lines(), 701);
+        EXPECT_EQ(Lines().size(), 701);
         EXPECT_EQ(The<QListView>(u"lstaccount"_s).model()->index(0, 0).data().toString(),
                   u"12 OAK ST: ADDRESS \"12 Oak St\" → \"12 OAK ST\""_s);
         EXPECT_FALSE(The<QPushButton>(u"cmdStop"_s).isVisible());
@@ -136,7 +99,7 @@ TEST_F(MaintenanceWindow, NoLeavesEverythingAndACancelTakesItBack)
         doubles.pump.onTurn = {};
         EXPECT_EQ(turns, 3);
         EXPECT_EQ(Says(), u"Stopped. Every record is as it was."_s);
-        EXPECT_EQ(Lines(), 0);
+        EXPECT_EQ(Lines().size(), 0);
     });
     EXPECT_EQ(Address(u"12 OAK ST"_s), u"12 Oak St"_s);
     EXPECT_EQ(Address(u"449 MANY ST"_s), u"449 Many St"_s);

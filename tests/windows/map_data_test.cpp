@@ -2,24 +2,12 @@
 #include "map/frm_map_data.h"
 #include "platform/street/map_change.h"
 #include "platform/street/map_data.h"
+#include "report_windows.h"
 #include "shell/map_parts.h"
 #include "shell/menus.h"
-#include "shell/report_home.h"
-#include "windows/guard.h"
-#include "windows/main_window.h"
 #include "windows/map_view.h"
-#include "windows/screens.h"
-#include "windows/theme.h"
 
-#include <QApplication>
-#include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListView>
-#include <QPushButton>
-#include <QSettings>
 #include <QTabWidget>
-#include <QTest>
 
 namespace vasclip::windows {
 
@@ -38,56 +26,23 @@ QByteArray Town(int north)
 }
 
 /// The main window with its map tab on show, and the screen of the maps over it.
-class MapDataScreen : public shell::ReportHome
+class MapDataScreen : public PlayedScreen
 {
 protected:
-    EventGuard guard{doubles.prompter, {}};
-    QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
-    Theme theme{*qApp, &settings};
-    std::unique_ptr<MainWindow> main_;
-    ScreenWindow* window = nullptr; ///< of the screen, while it stands
-
     void SetUp() override
     {
-        ReportHome::SetUp();
+        PlayedScreen::SetUp();
         if (!QFile::exists(street::MapImport::Program()))
             GTEST_SKIP() << "vasclip-mapdata is not built here";
-        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
-        main_ = std::make_unique<MainWindow>(main.controls, main.drags.Router(), main, guard, theme, settings);
-        main_->ShowMap(main.map);
-        main_->resize(1366, 768);
-        main_->show();
+        StartProgram();
+        MakeMainWindow();
+        mainWindow->ShowMap(main.map);
+        mainWindow->show();
     }
     /// Chooses the menu entry and plays on its window.
     void Play(const std::function<void()>& script)
     {
-        doubles.screens.Play([&](forms::Screen& screen) {
-            ScreenWindow stands(screen, guard);
-            EXPECT_TRUE(stands.Leftovers().isEmpty()) << stands.Leftovers().join(u'\n').toStdString();
-            window = &stands;
-            stands.show();
-            script();
-            window = nullptr;
-        });
-        guard.Run([&] { main.mnuMaintItem.Choose(u"mnuMaintItem"_s, 6); });
-        EXPECT_TRUE(doubles.screens.Shown().contains(u"frm_MapData"_s));
-    }
-    template <typename Widget>
-    Widget& The(const QString& name) const
-    {
-        auto* found = window->findChild<Widget*>(name);
-        EXPECT_NE(found, nullptr) << name.toStdString();
-        return *found;
-    }
-    void Press(const QString& name) const { QTest::mouseClick(&The<QPushButton>(name), Qt::LeftButton); }
-    QString Says(const QString& label = u"lblmsg"_s) const { return The<QLabel>(label).text(); }
-    QStringList Lines(const QString& list = u"lstaccount"_s) const
-    {
-        const QAbstractItemModel* model = The<QListView>(list).model();
-        QStringList lines;
-        for (int row = 0; model && row < model->rowCount(); ++row)
-            lines.append(model->index(row, 0).data().toString());
-        return lines;
+        PlayOn(u"frm_MapData"_s, [&] { main.mnuMaintItem.Choose(u"mnuMaintItem"_s, 6); }, script);
     }
     QStringList Row(int row) const
     {
@@ -110,7 +65,7 @@ protected:
     QString Directory() { return home.disk.ToNative(common::CkRSlash(main.globals.cellData)); }
     void OpenTab()
     {
-        main_->findChild<QTabWidget*>(u"tabSource"_s)->setCurrentIndex(1);
+        mainWindow->findChild<QTabWidget*>(u"tabSource"_s)->setCurrentIndex(1);
         QApplication::processEvents();
     }
 };
@@ -118,7 +73,7 @@ protected:
 TEST_F(MapDataScreen, BringsAMapThatTheOpenTabShowsAtOnce)
 {
     OpenTab();
-    EXPECT_TRUE(main_->findChild<QWidget*>(u"atlasEmpty"_s)->isVisible());
+    EXPECT_TRUE(mainWindow->findChild<QWidget*>(u"atlasEmpty"_s)->isVisible());
     Play([&] {
         EXPECT_EQ(Says(u"lblTotal"_s), u"There are no maps yet"_s);
         EXPECT_FALSE(The<QPushButton>(u"cmdVerify"_s).isEnabled());
@@ -135,8 +90,8 @@ TEST_F(MapDataScreen, BringsAMapThatTheOpenTabShowsAtOnce)
         EXPECT_EQ(Row(0)[7], u"not yet"_s);
         EXPECT_EQ(Row(0)[8], u"32.10 to 32.10 N, 86.01 to 86.01 W"_s);
         EXPECT_TRUE(Lines(u"lstsources"_s).isEmpty()) << "they are done";
-        EXPECT_TRUE(main_->findChild<MapView*>()->isVisible()) << "behind the screen";
-        EXPECT_FALSE(main_->findChild<QWidget*>(u"atlasEmpty"_s)->isVisible());
+        EXPECT_TRUE(mainWindow->findChild<MapView*>()->isVisible()) << "behind the screen";
+        EXPECT_FALSE(mainWindow->findChild<QWidget*>(u"atlasEmpty"_s)->isVisible());
         Press(u"cmdVerify"_s);
         EXPECT_EQ(Says(), u"All maps are whole"_s);
         EXPECT_EQ(Row(0)[7], u"whole"_s);

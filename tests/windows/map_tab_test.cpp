@@ -3,17 +3,12 @@
 #include "common/paths.h"
 #include "map/messages.h"
 #include "platform/street/geodesy.h"
+#include "report_windows.h"
 #include "shell/map_parts.h"
-#include "shell/report_home.h"
 #include "support/map_home.h"
-#include "windows/guard.h"
-#include "windows/main_window.h"
 #include "windows/picture_view.h"
-#include "windows/screens.h"
-#include "windows/theme.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QCheckBox>
 #include <QDir>
 #include <QFile>
@@ -22,9 +17,7 @@
 #include <QListWidget>
 #include <QPainter>
 #include <QPushButton>
-#include <QSettings>
 #include <QTabWidget>
-#include <QTest>
 
 #include <algorithm>
 #include <cmath>
@@ -38,22 +31,17 @@ constexpr qint32 kPoint = 2;
 constexpr qint32 kArrowPoint = 3;
 
 /// The main window with its map tab, and a house of the Databook on the made-up town's map.
-class MapTab : public shell::ReportHome
+class MapTab : public ReportWindows
 {
 protected:
-    EventGuard guard{doubles.prompter, {}};
-    QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
-    Theme theme{*qApp, &settings};
-    std::unique_ptr<MainWindow> window;
     QList<QString> dragged;
 
     void Start()
     {
-        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
-        window = std::make_unique<MainWindow>(main.controls, main.drags.Router(), main, guard, theme, settings);
-        window->ShowMap(main.map);
-        window->resize(1366, 768);
-        window->show();
+        StartProgram();
+        MakeMainWindow();
+        mainWindow->ShowMap(main.map);
+        mainWindow->show();
     }
     void StartWithMaps()
     {
@@ -73,7 +61,7 @@ protected:
         program.Map().Desk().state.g_MapPointCount = kPoint + 1;
         View().setFocus();
         QObject::disconnect(&View(), &MapView::DragWanted, nullptr, nullptr);
-        QObject::connect(&View(), &MapView::DragWanted, window.get(), [this] { dragged.append(program.Map().tab.txtMapAddress.Text()); });
+        QObject::connect(&View(), &MapView::DragWanted, mainWindow.get(), [this] { dragged.append(program.Map().tab.txtMapAddress.Text()); });
         QApplication::processEvents();
     }
     /// Comp 1's arrow, placed for an address.
@@ -95,11 +83,11 @@ protected:
     }
     void OpenTab()
     {
-        window->findChild<QTabWidget*>(u"tabSource"_s)->setCurrentIndex(1);
+        mainWindow->findChild<QTabWidget*>(u"tabSource"_s)->setCurrentIndex(1);
         QApplication::processEvents();
     }
     street::StreetMap& Map() { return main.map.Engine(); }
-    MapView& View() { return *window->findChild<MapView*>(); }
+    MapView& View() { return *mainWindow->findChild<MapView*>(); }
     street::Place Where() { return Map().Points().at(kPoint).place; }
     QPoint OnPoint() { return Map().BoxOf(kPoint).center().toPoint(); }
     QString Field(const QString& name)
@@ -131,18 +119,18 @@ TEST_F(MapTab, SaysOnceThatThereAreNoMapsAndAgainWhenOneIsAskedFor)
     OpenTab();
     EXPECT_EQ(MissingBoxes(), 1);
     EXPECT_FALSE(View().isVisible());
-    EXPECT_TRUE(window->findChild<QWidget*>(u"atlasEmpty"_s)->isVisible());
-    window->findChild<QTabWidget*>(u"tabSource"_s)->setCurrentIndex(0);
+    EXPECT_TRUE(mainWindow->findChild<QWidget*>(u"atlasEmpty"_s)->isVisible());
+    mainWindow->findChild<QTabWidget*>(u"tabSource"_s)->setCurrentIndex(0);
     OpenTab();
     EXPECT_EQ(MissingBoxes(), 1) << "the tab alone tells it once";
     Q_EMIT program.Map().tab.cmdSubjectOnly.Clicked();
     EXPECT_EQ(MissingBoxes(), 2);
 
     MakeMaps(home.disk.ToNative(common::CkRSlash(main.globals.cellData)));
-    window->findChild<QTabWidget*>(u"tabSource"_s)->setCurrentIndex(0);
+    mainWindow->findChild<QTabWidget*>(u"tabSource"_s)->setCurrentIndex(0);
     OpenTab();
     EXPECT_TRUE(View().isVisible()) << "maps that were loaded meanwhile are there";
-    EXPECT_FALSE(window->findChild<QWidget*>(u"atlasEmpty"_s)->isVisible());
+    EXPECT_FALSE(mainWindow->findChild<QWidget*>(u"atlasEmpty"_s)->isVisible());
 }
 
 TEST_F(MapTab, SaysWhyTheMapsThatAreThereCannotBeUsed)
@@ -171,7 +159,7 @@ TEST_F(MapTab, ACountyThatCannotBeReadIsNamedUnderTheMap)
     for (const QString& name : QDir(directory).entryList({u"*.cel"_s}))
         ASSERT_TRUE(QFile::remove(directory + u'/' + name));
     OpenTab();
-    auto* note = window->findChild<QLabel*>(u"lblMapNote"_s);
+    auto* note = mainWindow->findChild<QLabel*>(u"lblMapNote"_s);
     ASSERT_NE(note, nullptr);
     ASSERT_TRUE(QTest::qWaitFor([&] { return !note->text().isEmpty(); }, 5000));
     EXPECT_TRUE(note->text().startsWith(u"Missing on the map: 01001: "_s)) << note->text().toStdString();
@@ -229,11 +217,11 @@ TEST_F(MapTab, MapsThatGoWhileTheyAreOpenAreMissedInWords)
 TEST_F(MapTab, TheButtonSaysWhatTheTabsShow)
 {
     StartWithMaps();
-    auto* button = window->findChild<QPushButton*>(u"cmdSubjectAnd"_s);
+    auto* button = mainWindow->findChild<QPushButton*>(u"cmdSubjectAnd"_s);
     EXPECT_EQ(button->text(), u"Su&bject/Comp"_s);
     EXPECT_EQ(button->toolTip(), u"Place the Subject and Comps on the map."_s);
-    auto* data = window->findChild<QTabWidget*>(u"TabData"_s);
-    auto* comps = window->findChild<QTabWidget*>(u"TabComp"_s);
+    auto* data = mainWindow->findChild<QTabWidget*>(u"TabData"_s);
+    auto* comps = mainWindow->findChild<QTabWidget*>(u"TabComp"_s);
     ASSERT_TRUE(data && comps);
     const auto says = [&](const QString& caption, const QString& whom) {
         EXPECT_EQ(button->text(), caption);
@@ -257,7 +245,7 @@ TEST_F(MapTab, ArrangeAfterPlacingIsRemembered)
 {
     StartWithMaps();
     EXPECT_EQ(main.globals.arrangeArrows, 0);
-    QTest::mouseClick(window->findChild<QCheckBox*>(u"ckbArrange"_s), Qt::LeftButton);
+    QTest::mouseClick(mainWindow->findChild<QCheckBox*>(u"ckbArrange"_s), Qt::LeftButton);
     EXPECT_EQ(main.globals.arrangeArrows, 1);
 }
 
@@ -358,17 +346,17 @@ TEST_F(MapTab, TheCirclesListTellsDistancesAndWhoIsJustOutside)
     house(2, kKey, 2640);
     house(3, u"14 OAK ST"_s, 6336);
     program.Map().Desk().state.g_MapPointCount = 4;
-    window->findChild<QAbstractButton*>(u"ckbRadius"_s)->click();
-    auto* miles = window->findChild<QLineEdit*>(u"txtradius"_s);
+    mainWindow->findChild<QAbstractButton*>(u"ckbRadius"_s)->click();
+    auto* miles = mainWindow->findChild<QLineEdit*>(u"txtradius"_s);
     miles->selectAll();
     QTest::keyClicks(miles, u"1"_s);
-    auto* list = window->findChild<QListWidget*>(u"lstaddresses"_s);
+    auto* list = mainWindow->findChild<QListWidget*>(u"lstaddresses"_s);
     ASSERT_EQ(list->count(), 1);
     EXPECT_EQ(list->item(0)->text(), kKey);
     EXPECT_EQ(main.map.DistanceOfLine(0), u"0.50 mi"_s);
-    auto* outside = window->findChild<QLabel*>(u"lblJustOutside"_s);
+    auto* outside = mainWindow->findChild<QLabel*>(u"lblJustOutside"_s);
     EXPECT_EQ(outside->text(), u"Just outside: 14 OAK ST 1.20 mi"_s);
-    window->findChild<QAbstractButton*>(u"ckbRadius"_s)->click();
+    mainWindow->findChild<QAbstractButton*>(u"ckbRadius"_s)->click();
     EXPECT_EQ(outside->text(), QString());
 }
 
@@ -389,7 +377,7 @@ TEST_F(MapTab, ThePreviewIsTheFileThatIsSentPixelByPixel)
         const QImage seen = view->grab().toImage().convertToFormat(QImage::Format_RGB32);
         EXPECT_EQ(seen.copy(1, 1, 1500, 1000), file.convertToFormat(QImage::Format_RGB32));
     });
-    window->findChild<QAbstractButton*>(u"cmdPreviewMap"_s)->click();
+    mainWindow->findChild<QAbstractButton*>(u"cmdPreviewMap"_s)->click();
     EXPECT_EQ(doubles.screens.Shown(), QStringList{u"frm_MapPreview"_s});
 }
 

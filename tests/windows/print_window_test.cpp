@@ -1,21 +1,14 @@
 #include "platform/paper/painter.h"
-#include "shell/report_home.h"
+#include "report_windows.h"
 #include "upkeep/frm_crystal.h"
 #include "upkeep/frm_report_preview.h"
-#include "windows/guard.h"
 #include "windows/paper_view.h"
-#include "windows/screens.h"
 
-#include <QApplication>
 #include <QComboBox>
 #include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPrinterInfo>
-#include <QPushButton>
 #include <QRadioButton>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
 
@@ -27,65 +20,35 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-class PrintWindows : public shell::ReportHome
+class PrintWindows : public PlayedScreen
 {
 protected:
-    EventGuard guard{doubles.prompter, {}};
     QTemporaryDir out;
-    ScreenWindow* window = nullptr; ///< on top
 
     void SetUp() override
     {
-        ReportHome::SetUp();
-        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
+        PlayedScreen::SetUp();
+        StartProgram();
         ASSERT_TRUE(main.sources.datsql.Bound());
     }
     /// Chooses the menu entry and plays on its window.
     void OnOptions(const std::function<void()>& script)
     {
-        Queue(u"frm_Crystal"_s, script);
-        guard.Run([&] { main.mnuFileItem.Choose(u"mnuFileItem"_s, 9); });
-        EXPECT_TRUE(doubles.screens.Shown().contains(u"frm_Crystal"_s));
+        PlayOn(u"frm_Crystal"_s, [&] { main.mnuFileItem.Choose(u"mnuFileItem"_s, 9); }, [&] {
+            ExpectOwnAccessKeys();
+            script();
+        });
     }
     /// Presses Print on the options and plays on the preview.
     void OnPreview(const std::function<void(upkeep::frm_ReportPreview&)>& script)
     {
         OnOptions([&] {
-            doubles.screens.Play([&](forms::Screen& screen) {
-                On(screen, [&] { script(dynamic_cast<upkeep::frm_ReportPreview&>(screen)); });
+            PlayOn(u"frm_ReportPreview"_s, [&] { Press(u"cmdPrint"_s); }, [&](forms::Screen& screen) {
+                ExpectOwnAccessKeys();
+                script(dynamic_cast<upkeep::frm_ReportPreview&>(screen));
             });
-            Press(u"cmdPrint"_s);
-        });
-        EXPECT_TRUE(doubles.screens.Shown().contains(u"frm_ReportPreview"_s))
-            << doubles.prompter.Texts().join(u'\n').toStdString();
-    }
-    void Queue(const QString& name, const std::function<void()>& script)
-    {
-        doubles.screens.Play([this, name, script](forms::Screen& screen) {
-            EXPECT_EQ(screen.Name(), name);
-            On(screen, script);
         });
     }
-    void On(forms::Screen& screen, const std::function<void()>& script)
-    {
-        ScreenWindow* const below = window;
-        ScreenWindow stands(screen, guard);
-        EXPECT_TRUE(stands.Leftovers().isEmpty()) << stands.Leftovers().join(u'\n').toStdString();
-        window = &stands;
-        stands.show();
-        QApplication::processEvents();
-        ExpectOwnAccessKeys();
-        script();
-        window = below;
-    }
-    template <typename Widget>
-    Widget& The(const QString& name) const
-    {
-        auto* found = window->findChild<Widget*>(name);
-        EXPECT_NE(found, nullptr) << name.toStdString();
-        return *found;
-    }
-    void Press(const QString& name) const { QTest::mouseClick(&The<QPushButton>(name), Qt::LeftButton); }
     /// Down the list by its keys.
     void Choose(const QString& box, const QString& line) const
     {
@@ -101,6 +64,7 @@ protected:
     }
     void ExpectOwnAccessKeys() const
     {
+        QApplication::processEvents();
         QSet<QChar> marks;
         const auto take = [&](const QString& text) {
             const qsizetype at = text.indexOf(u'&');
@@ -234,9 +198,7 @@ TEST_F(PrintWindows, FindMarksWhatItFinds)
 TEST_F(PrintWindows, TheGridsButtonOpensTheOptionsToo)
 {
     EXPECT_TRUE(main.records.cmdPrint.Enabled());
-    Queue(u"frm_Crystal"_s, [] {});
-    Q_EMIT main.records.cmdPrint.Clicked();
-    EXPECT_TRUE(doubles.screens.Shown().contains(u"frm_Crystal"_s));
+    PlayOn(u"frm_Crystal"_s, [&] { Q_EMIT main.records.cmdPrint.Clicked(); }, [] {});
 }
 
 } // namespace

@@ -1,35 +1,27 @@
-#include "sample_screen.h"
-
+#include "bare_windows.h"
 #include "databook/frm_calendar.h"
 #include "databook/frm_grid.h"
 #include "databook/frm_search_sql.h"
 #include "databook/grid.h"
-#include "platform/engine/database.h"
 #include "map/frm_manual.h"
 #include "map/frm_map_preview.h"
 #include "map/frm_street_find.h"
-#include "shell/map_parts.h"
+#include "platform/engine/database.h"
 #include "shell/frm_change_db.h"
 #include "shell/frm_config.h"
 #include "shell/frm_main.h"
 #include "shell/frm_splash.h"
-#include "support/recording_conduit.h"
-#include "support/scripted_ports.h"
-#include "support/standing_time.h"
-#include "support/temp_home.h"
+#include "shell/map_parts.h"
 #include "windows/about_box.h"
-#include "windows/guard.h"
 #include "windows/main_window.h"
 #include "windows/record_grid.h"
 #include "windows/screens.h"
 #include "windows/splash_window.h"
-#include "windows/theme.h"
 
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
 #include <QAction>
-#include <QApplication>
 #include <QCalendarWidget>
 #include <QComboBox>
 #include <QHeaderView>
@@ -40,7 +32,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSettings>
 #include <QTest>
 #include <QToolButton>
 
@@ -51,17 +42,9 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-class RealScreens : public testing::Test
+class RealScreens : public BareWindows
 {
 protected:
-    tests::TempHome home;
-    tests::TestPorts ports;
-    engine::Engine engine{home.disk, tests::SomeTime()};
-    test::RecordingConduit conduit;
-    EventGuard guard{ports.prompter, {}};
-    QSettings settings{home.Native(u"window.ini"_s), QSettings::IniFormat};
-    Theme theme{*qApp, &settings};
-    tests::SamplePort port;
 };
 
 TEST_F(RealScreens, TheMainWindowShowsEveryControlOfFrmMain)

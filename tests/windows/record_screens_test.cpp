@@ -1,5 +1,4 @@
-#include "sample_screen.h"
-
+#include "bare_windows.h"
 #include "databook/frm_mass_city.h"
 #include "databook/frm_rename.h"
 #include "databook/records.h"
@@ -10,20 +9,13 @@
 #include "shell/start_up.h"
 #include "store/schema.h"
 #include "store/store.h"
-#include "support/recording_conduit.h"
-#include "support/scripted_ports.h"
-#include "support/standing_time.h"
-#include "support/temp_home.h"
-#include "windows/guard.h"
 #include "windows/main_window.h"
 #include "windows/picture_view.h"
 #include "windows/record_grid.h"
 #include "windows/screens.h"
-#include "windows/theme.h"
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QComboBox>
 #include <QDir>
 #include <QImage>
@@ -32,7 +24,6 @@
 #include <QListView>
 #include <QPushButton>
 #include <QSet>
-#include <QSettings>
 #include <QTest>
 
 // The screens that work on records, and the keys of the grid.
@@ -43,17 +34,9 @@ namespace {
 using namespace Qt::Literals::StringLiterals;
 
 /// The Databook that the screens of records work on.
-class RecordScreens : public testing::Test
+class RecordScreens : public BareWindows
 {
 protected:
-    tests::TempHome home;
-    tests::TestPorts ports;
-    engine::Engine engine{home.disk, tests::SomeTime()};
-    test::RecordingConduit conduit;
-    EventGuard guard{ports.prompter, {}};
-    QSettings settings{home.Native(u"window.ini"_s), QSettings::IniFormat};
-    Theme theme{*qApp, &settings};
-    tests::SamplePort port;
     store::DataSource source{engine, u"datDatabook"_s};
     common::Globals globals;
     void SetUp() override

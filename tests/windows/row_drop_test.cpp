@@ -1,15 +1,10 @@
 #include "keys.h"
-
 #include "photos/capture_desk.h"
 #include "photos/photo_lists.h"
 #include "platform/engine/database.h"
-#include "shell/report_home.h"
+#include "report_windows.h"
 #include "windows/drag_desk.h"
-#include "windows/guard.h"
-#include "windows/main_window.h"
 #include "windows/record_grid.h"
-#include "windows/screens.h"
-#include "windows/theme.h"
 
 #include <QDropEvent>
 #include <QLabel>
@@ -17,7 +12,6 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QSettings>
 #include <QUrl>
 
 // Pictures that are dropped on a row of the grid while another one is current.
@@ -32,22 +26,18 @@ struct OwnScreens
     WindowScreens screens;
 };
 
-class RowDrop : protected OwnScreens, public shell::ReportHome
+class RowDrop : protected OwnScreens, public ReportWindows
 {
 protected:
     RowDrop()
-        : ReportHome(&screens)
+        : ReportWindows(&screens)
     {}
 
-    EventGuard guard{doubles.prompter, {}};
-    QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
-    Theme theme{*qApp, &settings};
     forms::DropPort& drops{main.drags.Router()};
-    std::unique_ptr<MainWindow> window;
 
     void SetUp() override
     {
-        ReportHome::SetUp();
+        ReportWindows::SetUp();
         for (int i = 0; i < 40; ++i)
             Add(shell::kDatabook, u"COMPS"_s,
                 {{u"CENTRALKEY"_s, u"%1 ROW RD"_s.arg(100 + i).leftJustified(35)},
@@ -56,15 +46,14 @@ protected:
             Picture(u"C:\\SNAP\\"_s + name);
         for (int i = 1; i <= 50; ++i) // one stem each
             doubles.random.sequence.push_back(i / 53.0);
-        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
+        StartProgram();
         main.globals.imageListBox = u"OFF"_s;
         screens.SetGuard(&guard);
-        window = std::make_unique<MainWindow>(main.controls, drops, main, guard, theme, settings);
-        screens.SetOwner(&*window);
-        window->resize(1366, 768);
-        window->show();
+        MakeMainWindow(drops);
+        screens.SetOwner(&*mainWindow);
+        mainWindow->show();
         main.ShowCapture();
-        ASSERT_TRUE(Activate(*window));
+        ASSERT_TRUE(Activate(*mainWindow));
         main.records.grddatabook.SetRow(0);
         current = KeyAt(0);
         ASSERT_FALSE(KeyAt(5).isEmpty());
@@ -75,7 +64,7 @@ protected:
         image.fill(Qt::darkCyan);
         ASSERT_TRUE(image.save(home.disk.ToNative(path)));
     }
-    [[nodiscard]] RecordGrid& Grid() { return window->Databook(); }
+    [[nodiscard]] RecordGrid& Grid() { return mainWindow->Databook(); }
     /// Key that the grid shows in a row.
     [[nodiscard]] QString KeyAt(int row)
     {
@@ -125,7 +114,7 @@ protected:
     QString File(const QMimeData& data, QPoint place)
     {
         QString named;
-        OnScreen(*window, u"frm_GenView"_s, [&] { LetGo(data, place); },
+        OnScreen(*mainWindow, u"frm_GenView"_s, [&] { LetGo(data, place); },
                  [&](QWidget& shown) {
                      auto* label = shown.findChild<QLabel*>(u"lblWhose"_s);
                      named = label->isVisible() ? label->text() : QString();

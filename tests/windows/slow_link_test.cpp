@@ -1,15 +1,10 @@
 #include "keys.h"
-#include "slow_peer.h"
-
 #include "link/link_desk.h"
 #include "link/talk.h"
 #include "platform/conduit/socket_conduit.h"
 #include "platform/engine/database.h"
-#include "shell/report_home.h"
-#include "windows/guard.h"
-#include "windows/main_window.h"
-#include "windows/screens.h"
-#include "windows/theme.h"
+#include "report_windows.h"
+#include "slow_peer.h"
 #include "windows/window_pump.h"
 
 #include <QAbstractButton>
@@ -17,7 +12,6 @@
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QProgressBar>
-#include <QSettings>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QWindow>
@@ -39,24 +33,20 @@ struct OwnWire
         conduit::MakeSocketConduit({.socketPath = path, .timeLimitMs = 5000, .patience = &talk});
 };
 
-class SlowLink : protected OwnWire, public shell::ReportHome
+class SlowLink : protected OwnWire, public ReportWindows
 {
 protected:
     SlowLink()
-        : ReportHome(Own{nullptr, &pump, wire.get(), &talk})
+        : ReportWindows(Own{nullptr, &pump, wire.get(), &talk})
     {}
 
     SlowPeer peer{conduit, path};
-    EventGuard guard{doubles.prompter, {}};
-    QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
-    Theme theme{*qApp, &settings};
     forms::DropPort& drops{main.drags.Router()};
-    std::unique_ptr<MainWindow> window;
     int within = 0; ///< turns of the queue in which the conversation was still on
 
     void SetUp() override
     {
-        ReportHome::SetUp();
+        ReportWindows::SetUp();
         for (const QString& mark : {u"Added"_s, u"Full"_s, u"Empty"_s}) {
             QImage lamp(8, 8, QImage::Format_RGB32);
             lamp.fill(Qt::red);
@@ -66,16 +56,15 @@ protected:
             {{u"CENTRALKEY"_s, u"7 ELM ST"_s.leftJustified(35)},
              {u"ADDRESS"_s, u"7 Elm St"_s},
              {u"GLA"_s, u"990"_s}});
-        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
+        StartProgram();
         ASSERT_TRUE(main.linkState.linkActive);
         ASSERT_EQ(main.addr.txtKelReport.Text(), u"SMITH"_s);
         talk.hold = [this](bool on) { pump.Hold(on); };
         pump.SetStop([this] { talk.Cancel(); });
-        window = std::make_unique<MainWindow>(main.controls, drops, main, guard, theme, settings);
-        window->resize(1366, 768);
-        window->show();
-        window->BuildAllPages();
-        ASSERT_TRUE(Activate(*window));
+        MakeMainWindow(drops);
+        mainWindow->show();
+        mainWindow->BuildAllPages();
+        ASSERT_TRUE(Activate(*mainWindow));
     }
 
     /// Does `meanwhile` once the window shows that it waits, within the conversation that `work` leads.
@@ -95,10 +84,10 @@ protected:
         work();
         EXPECT_TRUE(done) << "the window never showed that it waits";
     }
-    QAbstractButton& Stop() { return *window->findChild<QAbstractButton*>(u"cmdStop"_s); }
-    QProgressBar& Gauge() { return *window->findChild<QProgressBar*>(u"gauStatus"_s); }
-    [[nodiscard]] QString Said() { return window->findChild<QLabel*>(u"lblmsg"_s)->text(); }
-    void Refresh() { QTest::mouseClick(window->findChild<QAbstractButton*>(u"imaKel"_s), Qt::LeftButton); }
+    QAbstractButton& Stop() { return *mainWindow->findChild<QAbstractButton*>(u"cmdStop"_s); }
+    QProgressBar& Gauge() { return *mainWindow->findChild<QProgressBar*>(u"gauStatus"_s); }
+    [[nodiscard]] QString Said() { return mainWindow->findChild<QLabel*>(u"lblmsg"_s)->text(); }
+    void Refresh() { QTest::mouseClick(mainWindow->findChild<QAbstractButton*>(u"imaKel"_s), Qt::LeftButton); }
     /// By the menu of the slot.
     void Swap(int comp, int other)
     {
@@ -130,7 +119,7 @@ public:
 TEST_F(SlowLink, AClickOnAPageThatTheReportDoesNotHaveSnapsBack)
 {
     main.report.TabData.SetTab(1);
-    auto* book = window->findChild<QTabWidget*>(u"TabComp"_s);
+    auto* book = mainWindow->findChild<QTabWidget*>(u"TabComp"_s);
     ASSERT_EQ(book->tabText(4), u"N/A"_s);
     for (const int there : {0, 3})
         for (const int missing : {1, 2, 4}) {
@@ -147,12 +136,12 @@ TEST_F(SlowLink, ARefreshPaintsShowsItsStepAndGoesToItsEnd)
     peer.delayMs = 100;
     QString step;
     PaintCount label;
-    window->findChild<QLabel*>(u"recordCount"_s)->installEventFilter(&label);
+    mainWindow->findChild<QLabel*>(u"recordCount"_s)->installEventFilter(&label);
     During([this] { Refresh(); },
            [&] {
                step = Gauge().format() + main.status.gauProgress.Caption();
                label.paints = 0;
-               window->findChild<QLabel*>(u"recordCount"_s)->update();
+               mainWindow->findChild<QLabel*>(u"recordCount"_s)->update();
            });
     EXPECT_FALSE(step.isEmpty());
     EXPECT_GE(label.paints, 1) << "the window is frozen";
@@ -210,7 +199,7 @@ TEST_F(SlowLink, ManyAnswersThatAreEachALittleLateShowTheStepAndEndAtCancelToo)
 TEST_F(SlowLink, EscCancelsASendWhichTellsHowFarItGot)
 {
     peer.delayMs = 120;
-    During([this] { DropElmOnComp(2); }, [this] { QTest::keyClick(&*window, Qt::Key_Escape); },
+    During([this] { DropElmOnComp(2); }, [this] { QTest::keyClick(&*mainWindow, Qt::Key_Escape); },
            [this] { return peer.pokesBegun >= 1; }); // the exchange at work still ends
     EXPECT_EQ(peer.pokes, conduit.pokes.size());
     EXPECT_EQ(conduit.pokes.size(), 1);
@@ -227,7 +216,7 @@ TEST_F(SlowLink, NothingIsEnteredASecondTimeAndTheWindowClosesAfterwards)
 {
     peer.delayMs = 100;
     bool unloaded = false, closedWithin = false;
-    QObject::connect(&*window, &MainWindow::Unload, &*window, [&] {
+    QObject::connect(&*mainWindow, &MainWindow::Unload, &*mainWindow, [&] {
         unloaded = true;
         closedWithin = talk.On();
     });
@@ -235,11 +224,11 @@ TEST_F(SlowLink, NothingIsEnteredASecondTimeAndTheWindowClosesAfterwards)
            [&] {
                const int before = peer.exchanges;
                Refresh();
-               QTest::keyClick(&*window, Qt::Key_Delete);
+               QTest::keyClick(&*mainWindow, Qt::Key_Delete);
                EXPECT_LE(peer.exchanges, before + 1);
                QCloseEvent close;
-               QCoreApplication::sendEvent(window->windowHandle(), &close);
-               EXPECT_TRUE(window->isVisible());
+               QCoreApplication::sendEvent(mainWindow->windowHandle(), &close);
+               EXPECT_TRUE(mainWindow->isVisible());
            });
     EXPECT_EQ(conduit.pokes.size(), 2) << "the send went to its end";
     EXPECT_FALSE(main.linkState.refreshing);
