@@ -63,10 +63,6 @@ public:
     void RefreshList(); ///< reads the names again; the selected file and the page stay
     void RefreshCapture(); ///< RefreshList and errdisplayThumbs
     void imaScroll_Click(int button);
-    void lstPageDown() { TurnPage(PageTurn::Down); }
-    void ErrLstPageUp() { TurnPage(PageTurn::Up); }
-    void lstPageFirst() { TurnPage(PageTurn::First); }
-    void lstPageLast() { TurnPage(PageTurn::Last); }
     void ClearThumb();
     void Test2PopulateThumbs();
     /// The files of the page are to be shown anew at the next chance.

@@ -2,6 +2,7 @@
 
 #include "drops/swap_slots.h"
 #include "link/messages.h"
+#include "photos/slot_counts.h"
 #include "platform/text/text.h"
 
 namespace vasclip::vasctl {
@@ -13,7 +14,7 @@ int RunSwap(Session& session, const Output& out, const QStringList& arguments)
     const auto number = [&](qsizetype i) {
         bool whole = false;
         const int comp = arguments.value(i).toInt(&whole);
-        return whole && comp >= 1 && comp <= 9 ? comp : 0;
+        return whole && comp >= 1 && comp <= photos::kComps ? comp : 0;
     };
     const int a = number(0);
     const int b = number(1);

@@ -29,7 +29,6 @@ drops::Outcome DropOf(shell::frm_Main& main, const forms::Control& source, forms
 }
 
 constexpr int kPatienceMilliseconds = 30'000;
-constexpr int kGeneralSlots = 36;
 
 /// The card's pictures in a capture directory of the tour's own, which goes when the tour does.
 class Errand
@@ -137,12 +136,12 @@ bool FileGeneralView(const Stage& stage)
     if (!PicturesStand(stage))
         return stage.tour.Fail(u"The pictures of the camera did not come up."_s);
     int slot = 1;
-    while (slot <= kGeneralSlots && !main.drags.Router().FileOf(main.slots.imaGeneral(slot)).isEmpty())
+    while (slot <= photos::kGeneralPhotos && !main.drags.Router().FileOf(main.slots.imaGeneral(slot)).isEmpty())
         ++slot;
-    if (slot > kGeneralSlots)
+    if (slot > photos::kGeneralPhotos)
         return stage.tour.Fail(u"The report has no empty general slot."_s);
-    main.report.TabData.SetTab(2);
-    main.report.TabGeneral.SetTab((slot - 1) / 3);
+    stage.Show({link::Group::General, slot});
+    const int page = main.report.TabGeneral.Tab();
     drops::Outcome outcome;
     const bool asked = stage.tour.During(
         u"The question for a picture's view"_s,
@@ -152,9 +151,8 @@ bool FileGeneralView(const Stage& stage)
     stage.tour.Step(
         u"Dropped a picture of the camera on the general photo %1: %2"_s.arg(slot).arg(outcome.message));
     stage.tour.Shoot(stage.window, u"general-filed"_s);
-    stage.tour.ShootFormsProgram(u"report-general"_s, u"GENPH%1"_s.arg((slot + 2) / 3, 2, 10, QLatin1Char('0')));
-    main.report.TabData.SetTab(1);
-    main.report.TabComp.SetTab(0);
+    stage.tour.ShootFormsProgram(u"report-general"_s, u"GENPH%1"_s.arg(page + 1, 2, 10, QLatin1Char('0')));
+    stage.Show({link::Group::Sales, 1});
     return asked && outcome.done && tidy && main.report.cboGeneral(slot).Text() == u"ENTRANCE"_s;
 }
 
@@ -166,14 +164,13 @@ bool FilePictureIntoReport(const Stage& stage)
         return stage.tour.Fail(u"The pictures of the camera did not come up."_s);
     // The first comp that has a record and no photo in the report yet, else the first empty photo slot.
     int slot = 0;
-    for (int i = 1; i <= 9 && slot == 0; ++i)
+    for (int i = 1; i <= photos::kComps && slot == 0; ++i)
         if (main.drags.Router().FileOf(main.slots.imaComp(i)).isEmpty() &&
             main.drags.Router().Accepts(u"geathumb"_s, main.slots.imaComp(i)))
             slot = i;
     if (slot == 0)
         return stage.tour.Fail(u"The report has no empty photo slot."_s);
-    main.report.TabData.SetTab(1);
-    main.report.TabComp.SetTab((slot - 1) / 3);
+    stage.Show({link::Group::Sales, slot});
     const int autoSave = std::exchange(main.globals.autoSave, 0); // the Databook stays as it is
     const drops::Outcome outcome = DropOf(main, main.capture.geathumb(0), main.slots.imaComp(slot));
     main.globals.autoSave = autoSave;

@@ -56,8 +56,7 @@ bool DropOne(const Stage& stage, const Stop& stop)
     const qint64 row = found ? main.sources.datsql.PlaceOf(databook) : -1;
     if (!target || row < 0)
         return stage.tour.Fail(u"%1 or the slot txtComp(%2) is not there."_s.arg(stop.key).arg(stop.slot));
-    main.report.TabData.SetTab(1);
-    main.report.TabComp.SetTab((stop.slot - 1) / 3);
+    stage.Show({link::Group::Sales, stop.slot});
     main.records.grddatabook.SetRow(row);
     const QString before = main.report.txtComp(stop.slot).Text();
     const int pokes = stage.recorder.Pokes();
@@ -106,6 +105,13 @@ int CellsStored(shell::frm_Main& main)
 }
 
 } // namespace
+
+void Stage::Show(link::SlotRef slot) const
+{
+    const link::GroupRow& row = link::RowOf(slot.group);
+    main.report.TabData.SetTab(row.dataPage);
+    (main.report.*row.tabControl).SetTab(link::PageOf(row, slot.index));
+}
 
 bool Started(const Stage& stage)
 {

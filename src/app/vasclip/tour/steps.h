@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/vasclip/tour/tour.h"
+#include "link/slot_table.h"
 
 #include <QLatin1StringView>
 
@@ -15,6 +16,9 @@ struct Stage
     shell::frm_Main& main;
     QWidget& window; ///< the main window
     const LinkRecorder& recorder;
+
+    /// Brings the page of a slot to the front.
+    void Show(link::SlotRef slot) const;
 };
 
 struct TourStep
