@@ -24,12 +24,9 @@ qint32 VersionOf(FileKind kind)
 class Head
 {
 public:
-    explicit Head(const QString& path)
-    {
-        QFile file(path);
-        if (file.open(QIODevice::ReadOnly))
-            m_bytes = file.read(kSize);
-    }
+    explicit Head(QByteArrayView bytes)
+        : m_bytes(bytes)
+    {}
 
     [[nodiscard]] bool IsDatabase() const
     {
@@ -40,29 +37,33 @@ public:
     /// Bytes of the whole file as it was written.
     [[nodiscard]] qint64 Bytes() const { return qint64(At(28)) * (At(14) & 0xffff); }
 
-private:
     static constexpr qsizetype kSize = 100;
 
-    [[nodiscard]] quint32 At(qsizetype at) const { return qFromBigEndian<quint32>(m_bytes.constData() + at); }
+private:
+    [[nodiscard]] quint32 At(qsizetype at) const { return qFromBigEndian<quint32>(m_bytes.data() + at); }
 
-    QByteArray m_bytes;
+    QByteArrayView m_bytes;
 };
 
-/// Why a file is not one of `kind` that can be read here; "" where it is.
-QString HeadProblem(const QFileInfo& info, FileKind kind)
+QByteArray HeadOf(const QString& path)
 {
-    const Head head(info.filePath());
-    if (!head.IsDatabase() || head.Mark() != kFileMark || head.Version() / 1000 != static_cast<quint32>(kind))
-        return kind == FileKind::County ? u"the file is no map of a county"_s
-                                        : u"the file is no index of maps"_s;
-    if (head.Version() != static_cast<quint32>(VersionOf(kind)))
-        return u"the file was made for another version of the program; import the map again"_s;
-    if (head.Bytes() > info.size())
-        return u"the file is shorter than it was written"_s;
-    return {};
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.read(Head::kSize) : QByteArray();
 }
 
 } // namespace
+
+QString HeadProblem(QByteArrayView bytes, qint64 size, FileKind kind)
+{
+    const Head head(bytes);
+    if (!head.IsDatabase() || head.Mark() != kFileMark || head.Version() / 1000 != static_cast<quint32>(kind))
+        return kind == FileKind::County ? u"the file is no map of a county"_s : u"the file is no index of maps"_s;
+    if (head.Version() != static_cast<quint32>(VersionOf(kind)))
+        return u"the file was made for another version of the program; import the map again"_s;
+    if (head.Bytes() > size)
+        return u"the file is shorter than it was written"_s;
+    return {};
+}
 
 void CloseSql::operator()(sqlite3* file) const
 {
@@ -146,7 +147,7 @@ SqlFile OpenSql(const QString& path, FileKind kind, QString& problem)
         problem = u"the file can't be read"_s;
         return {};
     }
-    problem = HeadProblem(info, kind);
+    problem = HeadProblem(HeadOf(path), info.size(), kind);
     if (!problem.isEmpty())
         return {};
     // A question mark or a hash in the path must not begin the address's own options.
