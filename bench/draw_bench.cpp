@@ -56,11 +56,18 @@ void Measure(StreetMap& map, double kilometres, const QString& pictures)
 {
     map.SetScale(kilometres * 1000 / 0.3048);
     const Spread whole = Of(9, [&map] { (void)map.ReportPicture(kSize.width(), kSize.height()); });
-    if (!pictures.isEmpty())
+    QImage screen(kSize, QImage::Format_RGB32);
+    if (!pictures.isEmpty()) {
         map.ReportPicture(kSize.width(), kSize.height())
             .save(u"%1/map_%2.png"_s.arg(pictures).arg(kilometres));
+        map.SetDark(true);
+        map.FinishDrawing();
+        QPainter dark(&screen);
+        map.Paint(dark);
+        screen.save(u"%1/map_%2_dark.png"_s.arg(pictures).arg(kilometres));
+        map.SetDark(false);
+    }
     map.FinishDrawing();
-    QImage screen(kSize, QImage::Format_RGB32);
     QPainter painter(&screen);
     int step = 0;
     const Spread pan = Of(120, [&] {

@@ -177,6 +177,9 @@ Shape VectorLayer::ShapeOf(OGRFeature& feature) const
 /// Without its .shx a shapefile is opened as a copy, whose .shx GDAL makes: it would write it beside the source.
 QString Restored(const QString& path, std::unique_ptr<QTemporaryDir>& copies)
 {
+    // A state has thousands of files in one directory, which is not read for each of them.
+    if (QFile::exists(path.chopped(1) + u'x'))
+        return path;
     const QFileInfo shape(path);
     const QDir directory = shape.dir();
     const QStringList beside = directory.entryList({shape.completeBaseName() + u".*"_s}, QDir::Files);

@@ -4,6 +4,8 @@
 #include <QByteArrayView>
 #include <QString>
 
+#include <string>
+
 namespace vasclip::street {
 
 /// Writes numbers and texts as few bytes: seven bits a byte, the lowest first.
@@ -12,14 +14,9 @@ class ByteWriter
 public:
     void Number(quint64 value)
     {
-        char bytes[10];
-        qsizetype size = 0;
-        while (value >= 0x80) {
-            bytes[size++] = static_cast<char>(value | 0x80);
-            value >>= 7;
-        }
-        bytes[size++] = static_cast<char>(value);
-        m_bytes.append(bytes, size);
+        for (; value >= 0x80; value >>= 7)
+            m_bytes.push_back(static_cast<char>(value | 0x80));
+        m_bytes.push_back(static_cast<char>(value));
     }
     /// A number that may be below zero.
     void Signed(qint64 value) { Number((static_cast<quint64>(value) << 1) ^ static_cast<quint64>(value >> 63)); }
@@ -29,11 +26,11 @@ public:
         Number(static_cast<quint64>(bytes.size()));
         Raw(bytes);
     }
-    void Raw(const QByteArray& bytes) { m_bytes.append(bytes); }
-    [[nodiscard]] const QByteArray& Bytes() const { return m_bytes; }
+    void Raw(const QByteArray& bytes) { m_bytes.append(bytes.constData(), static_cast<std::size_t>(bytes.size())); }
+    [[nodiscard]] QByteArray Bytes() const { return {m_bytes.data(), static_cast<qsizetype>(m_bytes.size())}; }
 
 private:
-    QByteArray m_bytes;
+    std::string m_bytes; // grows by single bytes, for which a QByteArray takes several times as long
 };
 
 /// Reads them back from bytes that may be anything: once something is not there, all that follows is 0 and `Failed`.

@@ -4,8 +4,9 @@
 #include "platform/street/cell_grid.h"
 
 #include <limits>
+#include <memory>
 
-#include <zlib.h>
+#include <libdeflate.h>
 
 namespace vasclip::street {
 
@@ -15,7 +16,7 @@ constexpr char kPlain = 0;
 constexpr char kPacked = 1;
 /// The largest cell there is, unpacked; a packed one can't stand for more.
 constexpr quint32 kLargest = 16 * 1024 * 1024;
-constexpr int kPackLevel = 5; ///< beyond it the work grows and the bytes hardly shrink
+constexpr int kPackLevel = 6; ///< beyond it the work grows and the bytes hardly shrink
 constexpr int kLongestNumber = 9;
 constexpr quint64 kLargestPopulation = 0xffffffff;
 
@@ -253,36 +254,45 @@ void ReadRest(ByteReader& in, PlaceCoder& places, Cell& cell)
     }
 }
 
-/// Its length, then what zlib makes of it; empty where that is no shorter.
+struct FreePacker
+{
+    void operator()(libdeflate_compressor* packer) const { libdeflate_free_compressor(packer); }
+    void operator()(libdeflate_decompressor* unpacker) const { libdeflate_free_decompressor(unpacker); }
+};
+
+/// Its length, then its bytes packed as zlib has them; empty where that is no shorter.
 QByteArray Packed(const QByteArray& plain)
 {
+    thread_local const std::unique_ptr<libdeflate_compressor, FreePacker> packer(libdeflate_alloc_compressor(kPackLevel));
+    if (!packer)
+        return {};
     ByteWriter head;
     head.Number(static_cast<quint64>(plain.size()));
     QByteArray packed = head.Bytes();
     const qsizetype start = packed.size();
-    uLongf size = compressBound(static_cast<uLong>(plain.size()));
-    packed.resize(start + static_cast<qsizetype>(size));
-    const int done = compress2(reinterpret_cast<Bytef*>(packed.data() + start), &size,
-                               reinterpret_cast<const Bytef*>(plain.constData()), static_cast<uLong>(plain.size()),
-                               kPackLevel);
-    packed.resize(start + static_cast<qsizetype>(size));
-    return done == Z_OK && packed.size() < plain.size() ? packed : QByteArray();
+    const auto size = static_cast<std::size_t>(plain.size());
+    packed.resize(start + static_cast<qsizetype>(libdeflate_zlib_compress_bound(packer.get(), size)));
+    const std::size_t done = libdeflate_zlib_compress(packer.get(), plain.constData(), size, packed.data() + start,
+                                                      static_cast<std::size_t>(packed.size() - start));
+    packed.resize(start + static_cast<qsizetype>(done));
+    return done > 0 && packed.size() < plain.size() ? packed : QByteArray();
 }
 
 /// The bytes of a packed cell; empty where they are damaged or say more than they can hold.
 QByteArray Unpacked(QByteArrayView packed)
 {
+    thread_local const std::unique_ptr<libdeflate_decompressor, FreePacker> unpacker(libdeflate_alloc_decompressor());
     ByteReader head(packed);
     const quint64 size = head.Number();
     const QByteArrayView content = packed.last(head.Left());
     // Deflate makes at most about a thousand bytes of one.
-    if (size > kLargest || size / 1100 > static_cast<quint64>(content.size()))
+    if (!unpacker || size > kLargest || size / 1100 > static_cast<quint64>(content.size()))
         return {};
     QByteArray plain(static_cast<qsizetype>(size), Qt::Uninitialized);
-    auto made = static_cast<uLongf>(size);
-    const int done = uncompress(reinterpret_cast<Bytef*>(plain.data()), &made,
-                                reinterpret_cast<const Bytef*>(content.data()), static_cast<uLong>(content.size()));
-    return done == Z_OK && made == size ? plain : QByteArray();
+    const libdeflate_result done =
+        libdeflate_zlib_decompress(unpacker.get(), content.data(), static_cast<std::size_t>(content.size()),
+                                   plain.data(), static_cast<std::size_t>(size), nullptr);
+    return done == LIBDEFLATE_SUCCESS ? plain : QByteArray();
 }
 
 } // namespace
@@ -298,7 +308,7 @@ QByteArray EncodeCell(const Cell& cell)
     }
     WriteEdges(out, places, cell.edges);
     WriteRest(out, places, cell);
-    const QByteArray& plain = out.Bytes();
+    const QByteArray plain = out.Bytes();
     const QByteArray packed = Packed(plain);
     return packed.isEmpty() ? kPlain + plain : kPacked + packed;
 }
