@@ -1,14 +1,13 @@
 #include "map/frm_street_find.h"
 
 #include "common/error_block.h"
-#include "common/paths.h"
 #include "link/reporter.h"
+#include "map/candidates.h"
 #include "map/flags.h"
 #include "map/map_icons.h"
 #include "map/messages.h"
 #include "map/pinmap.h"
 #include "map/placed_for.h"
-#include "map/selection.h"
 #include "map/slot_labels.h"
 #include "map/view.h"
 #include "platform/text/text.h"
@@ -52,23 +51,6 @@ void FillFromDatabook(const store::DataSource& databook, forms::ListBox& address
     keys.removeAll(QString());
     addresses.SetItems(keys);
     cities.SetItems(sorted);
-}
-
-/// The point of a label: by its caption, else the arrow of that comp, else the house of its address.
-qint32 PointOfLabel(MapDesk& desk, const QString& label)
-{
-    if (text::Folded(label) == kSubject)
-        return FindSubjectPoint(desk);
-    if (const qint32 id = FindMapPoint(desk, FindBy::Caption, label); id >= 1)
-        return id;
-    const std::optional<link::SlotRef> slot = SlotOfLabel(label);
-    if (!slot)
-        return -1;
-    for (qint32 id = 1; id <= desk.state.g_MapPointCount; ++id)
-        if (const std::optional<MapPoint> point = LoadPoint(desk, id); point && SlotOf(*point) == slot)
-            return id;
-    const QString address = AddressAt(desk, *slot);
-    return address.isEmpty() ? -1 : FindMapPoint(desk, FindBy::Caption, address);
 }
 
 } // namespace
@@ -269,23 +251,8 @@ void frm_StreetFind::FindAddress()
     } else if (const std::optional<street::Place> place = MapFindAddress(m_desk, Location())) {
         MapCenterOnLatLong(m_desk, DegreesText(place->latitude), DegreesText(place->longitude));
     } else if (!OfferCandidates()) {
-        lblmsg.Show(NotFoundWords(), forms::Colour::Red);
+        lblmsg.Show(NotFoundWords(m_desk, Location()), forms::Colour::Red);
     }
-}
-
-/// With the counties in which nobody could look: the address may be there.
-QString frm_StreetFind::NotFoundWords() const
-{
-    constexpr qsizetype kShown = 80; // a longer text is no address
-    constexpr qsizetype kNamed = 3;
-    const QString location = Location();
-    const QString words = messages::kAddressNotFound.arg(
-        location.size() > kShown ? location.left(kShown) + u'\u2026' : location);
-    const QStringList problems = m_desk.problems ? m_desk.problems() : QStringList();
-    if (problems.isEmpty())
-        return words;
-    const QString more = problems.size() > kNamed ? u"; ..."_s : QString();
-    return words + messages::kNotLookedIn.arg(problems.mid(0, kNamed).join(u"; "_s) + more);
 }
 
 bool frm_StreetFind::OfferCandidates()
@@ -324,45 +291,6 @@ void frm_StreetFind::FindLabel()
         CentreOnPoint(m_desk, id);
     else
         lblmsg.Show(label.isEmpty() ? messages::kNoLabel : messages::kLabelNotFound.arg(label), forms::Colour::Red);
-}
-
-std::optional<street::Place> MapFindAddress(MapDesk& desk, const QString& address)
-{
-    desk.map.SetLocation(address);
-    if (text::Trim(address.section(u',', 0, 0)).isEmpty())
-        return std::nullopt;
-    desk.map.DoAction(action::kGeocode);
-    if (desk.map.Status() < 0 || desk.map.Latitude() < 0)
-        return std::nullopt;
-    return street::Place{desk.map.Latitude(), desk.map.Longitude()};
-}
-
-QList<qint32> ShowCandidates(MapDesk& desk, forms::ListBox& list, bool firstKind)
-{
-    QList<qint32> ids;
-    QString directory = desk.globals.arrowsDir;
-    const QString picture =
-        common::StripRChar(directory) + (firstKind ? u"\\pinred.bmp"_s : u"\\pingreen.bmp"_s);
-    list.SetVisible(false);
-    for (int i = 0; i < list.ListCount(); ++i) {
-        list.SetListIndex(i);
-        const QString row = list.List(i);
-        ids.append(NextPoint(desk));
-        desk.map.SetID(ids.last());
-        desk.map.SetLatitude(Millionths(row.section(u' ', 0, 0)));
-        desk.map.SetLongitude(Millionths(row.section(u' ', 1, 1)));
-        desk.map.SetFlags(TransparencyBits(desk) | flag::kFoundPlace);
-        desk.map.SetPicture(picture);
-        desk.map.SetText(row);
-        desk.map.DoAction(action::kAddPoint);
-        KeepPlacedFor(desk, desk.map.ID());
-        ++desk.state.g_MapPointCount;
-    }
-    if (list.ListCount() > 0) {
-        list.SetListIndex(0);
-        list.SetVisible(true);
-    }
-    return ids;
 }
 
 } // namespace vasclip::map

@@ -41,19 +41,10 @@ private:
     void FindAddress();
     void FindLabel();
     [[nodiscard]] bool OfferCandidates();
-    [[nodiscard]] QString NotFoundWords() const;
     void ForgetCandidates();
 
     MapDesk& m_desk;
     QList<qint32> m_candidates; ///< pins of the last question
 };
-
-/// Looks an address up without placing anything. @return its place, if it was found north of the equator
-[[nodiscard]] std::optional<street::Place> MapFindAddress(MapDesk& desk, const QString& address);
-
-/// Sets a pin for each row of a list, which begins with a latitude and a longitude in degrees.
-/// @param firstKind  red pins, else green ones
-/// @return their numbers
-QList<qint32> ShowCandidates(MapDesk& desk, forms::ListBox& list, bool firstKind);
 
 } // namespace vasclip::map

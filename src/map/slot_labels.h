@@ -9,6 +9,9 @@ namespace vasclip::map {
 /// The comp of such a label; nothing for any other text.
 [[nodiscard]] std::optional<link::SlotRef> SlotOfLabel(const QString& label);
 
+/// The point of a label: by its caption, else the arrow of that comp, else the house of its address; -1 for none.
+[[nodiscard]] qint32 PointOfLabel(MapDesk& desk, const QString& label);
+
 /// A row that separates others and can't be chosen.
 inline const QString kSeparatorRow = QString(30, u'-');
 

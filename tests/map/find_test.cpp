@@ -1,3 +1,4 @@
+#include "map/candidates.h"
 #include "map/frm_manual.h"
 #include "map/frm_street_find.h"
 #include "map/map_test.h"

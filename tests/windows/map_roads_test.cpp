@@ -13,6 +13,7 @@
 
 #include <QGroupBox>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSettings>
@@ -118,6 +119,52 @@ protected:
         EXPECT_TRUE(doubles.prompter.Boxes().empty());
     }
 };
+
+// ---- bad input -------------------------------------------------------------------------------------------
+
+TEST_F(MapRoads, TextsThatAreNoAddressesLeaveTheWindowAsItIs)
+{
+    window->findChild<QTabWidget*>(u"tabSource"_s)->setCurrentIndex(1);
+    const int before = window->minimumSizeHint().width();
+    const QString texts[] = {QString(10'000, u'x'), u"'; DROP TABLE COMPS; --"_s, u"\U0001F3E0 \U0001F3E0"_s};
+    for (int n = 1; n <= 3; ++n)
+        main.report.txtComp(n).SetText(texts[n - 1]);
+    window->findChild<QPushButton*>(u"cmdSubjectAnd"_s)->click();
+    QApplication::processEvents();
+    EXPECT_TRUE(Told().startsWith(u"Not found on the map: COMP #1 xxx"_s)) << Told().left(60).toStdString();
+    EXPECT_EQ(Map().Points().size(), kComps + 1U - 3U);
+    EXPECT_EQ(Field(4, u"ANCHORED"_s), u"0"_s) << "the others are placed and stored";
+    EXPECT_EQ(window->size(), QSize(1366, 768));
+    EXPECT_EQ(window->minimumSizeHint().width(), before);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(MapRoads, RecordsOnBothSidesOfTheDateLineAreShownAndMeasured)
+{
+    const auto database = engine.OpenDatabase(shell::kDatabook);
+    for (const auto& [n, longitude] : {std::pair{1, u"179.999"_s}, std::pair{2, u"-179.999"_s}})
+        database->Execute(u"UPDATE COMPS SET ANCHORED = '1', LATITUDE = '52', LONGITUDE = '%1' WHERE CENTRALKEY LIKE '%2*'"_s
+                              .arg(longitude, Address(n).toUpper()));
+    database->Close();
+    window->findChild<QTabWidget*>(u"tabSource"_s)->setCurrentIndex(1);
+    for (int n = 3; n <= kComps; ++n)
+        main.report.txtComp(n).SetText({});
+    window->findChild<QPushButton*>(u"cmdSubjectAnd"_s)->click();
+    ASSERT_EQ(Map().Points().size(), 3U) << Told().toStdString();
+    QImage image(View().size(), QImage::Format_RGB32);
+    QPainter painter(&image);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Map().Paint(painter); }, 10'000)) << "a view as wide as the earth";
+    EXPECT_EQ(Map().ReportPicture(1500, 1000).size(), QSize(1500, 1000));
+    const street::Place east = PlaceOf(1);
+    const street::Place west = PlaceOf(2);
+    Map().SetLatitude(east.latitude);
+    Map().SetLongitude(east.longitude);
+    Map().DoAction(street::action::kSetOrigin);
+    Map().SetLatitude(west.latitude);
+    Map().SetLongitude(west.longitude);
+    Map().DoAction(street::action::kDistance);
+    EXPECT_NEAR(Map().Value(), 451, 10) << "the short way";
+}
 
 // ---- keys ------------------------------------------------------------------------------------------------
 
