@@ -25,7 +25,7 @@ bool EndsIn(const QString& file, std::span<const QLatin1StringView> endings)
         endings, [&](QLatin1StringView ending) { return file.endsWith(ending, Qt::CaseInsensitive); });
 }
 
-class TextLines : public LineReader
+class TextLines : public ListReader
 {
 public:
     TextLines(const QString& text, QChar delimiter)
@@ -53,7 +53,7 @@ private:
     CsvReader m_reader;
 };
 
-class SheetLines : public LineReader
+class SheetLines : public ListReader
 {
 public:
     explicit SheetLines(std::unique_ptr<sheet::SheetReader> reader)
@@ -88,6 +88,11 @@ bool IsListName(const QString& file)
 QStringList ListPatterns()
 {
     return {u"*.csv"_s, u"*.txt"_s, u"*.tsv"_s, u"*.xlsx"_s, u"*.xlsm"_s};
+}
+
+QStringList SheetsOf(const files::Disk& disk, const QString& file)
+{
+    return EndsIn(file, kBooks) ? sheet::Workbook(disk.ToNative(file)).Sheets() : QStringList();
 }
 
 ListFile::ListFile(const files::Disk& disk, const QString& file)
@@ -127,7 +132,7 @@ void ListFile::Guess(ListLook& look) const
     look.delimiter = DelimiterOf(TextIn(look.codePage));
 }
 
-std::unique_ptr<LineReader> ListFile::Open(const ListLook& look) const
+std::unique_ptr<ListReader> ListFile::Open(const ListLook& look) const
 {
     if (m_book)
         return std::make_unique<SheetLines>(m_book->Open(look.sheet));

@@ -32,10 +32,10 @@ struct ListLine
 };
 
 /// Reads a list from its first line on.
-class LineReader
+class ListReader
 {
 public:
-    virtual ~LineReader() = default;
+    virtual ~ListReader() = default;
     /// Nothing behind the last. @throws RuntimeError 3343 with the line for what can't be read
     [[nodiscard]] virtual std::optional<ListLine> Next() = 0;
     [[nodiscard]] virtual qint64 At() const = 0; ///< of Size, for a gauge
@@ -46,6 +46,9 @@ public:
 [[nodiscard]] bool IsListName(const QString& file);
 /// For a list of files: "*.csv" and the others.
 [[nodiscard]] QStringList ListPatterns();
+
+/// The sheets of a spreadsheet file, none of a text file. @throws RuntimeError as ListFile
+[[nodiscard]] QStringList SheetsOf(const files::Disk& disk, const QString& file);
 
 /// A text file or a spreadsheet file, as it was when it was opened.
 class ListFile
@@ -63,7 +66,7 @@ public:
     void Guess(ListLook& look) const;
     /// Reads with the delimiter and code page, or the sheet, of a look. The file outlives the reader.
     /// @throws RuntimeError 3343 for a text of another code page or a sheet that is not there
-    [[nodiscard]] std::unique_ptr<LineReader> Open(const ListLook& look) const;
+    [[nodiscard]] std::unique_ptr<ListReader> Open(const ListLook& look) const;
     /// Has the file on the disk changed since?
     [[nodiscard]] bool HasChanged() const;
 

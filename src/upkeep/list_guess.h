@@ -10,7 +10,7 @@ struct ListSample
     QList<ListLine> lines;
     bool whole = true; ///< the list has no more
 };
-/// @throws RuntimeError as ListFile::Open and LineReader::Next
+/// @throws RuntimeError as ListFile::Open and ListReader::Next
 [[nodiscard]] ListSample SampleOf(const ListFile& file, const ListLook& look, qsizetype lines);
 
 /// The line of headings: the one of the first lines with the most words that mean a field of the Databook, else the first
