@@ -5,6 +5,7 @@
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "upkeep/file_names.h"
+#include "upkeep/list_file.h"
 #include "upkeep/tables.h"
 #include "upkeep/target_file.h"
 
@@ -21,6 +22,8 @@ namespace {
 
 const QString kPattern = u"*.mdb"_s;
 const QString kFilter = u"*.mdb|Access"_s;
+const QString kListFilter = u"|%1|Text and spreadsheet files"_s;
+const QString kNoTable = u"%1 has no tables that could be deleted here."_s;
 const QString kDeleteTable = u"Delete the table %1?"_s;
 const QString kDeleteFile = u"Delete %1.  Are you sure?"_s;
 const QString kCreate = u"The directory %1 does not exist.  Do you wish to create it at this time?"_s;
@@ -93,6 +96,8 @@ void FileScreen::ListFiles()
     const QString path = common::CkRSlash(txtPath.Text());
     if (path.size() >= 3 && !link::Reported(Prompter(), "filexport", [&] {
             names = m_desk.Disk().Dir(path + kPattern, files::ReadOnly);
+            for (const QString& pattern : m_takesLists ? ListPatterns() : QStringList())
+                names += m_desk.Disk().Dir(path + pattern, files::ReadOnly);
         }))
         names.clear();
     filexport.SetItems(names);
@@ -103,7 +108,8 @@ void FileScreen::ListFileTables(const QString& selected)
     QString why;
     {
         const QScopedValueRollback<bool> listing(m_listing, true);
-        why = ListTheTables(m_desk.Engine(), File(), lstTables, selected);
+        why = NamesList() ? ListTheSheets(m_desk.Disk(), File(), lstTables, selected)
+                          : ListTheTables(m_desk.Engine(), File(), lstTables, selected);
     }
     if (m_takesListed && lstTables.ListIndex() >= 0)
         txtTable.SetText(lstTables.List(lstTables.ListIndex()));
@@ -112,10 +118,15 @@ void FileScreen::ListFileTables(const QString& selected)
     ShowCount();
 }
 
+bool FileScreen::NamesList() const
+{
+    return m_takesLists && IsListName(File());
+}
+
 void FileScreen::ShowCount()
 {
     QString words;
-    if (lstTables.ListIndex() >= 0) {
+    if (lstTables.ListIndex() >= 0 && !NamesList()) {
         try {
             words = kRecords.arg(CountOf(m_desk.Engine(), File(), lstTables.List(lstTables.ListIndex())));
         } catch (const RuntimeError& failure) {
@@ -222,6 +233,10 @@ void FileScreen::cmdDelete_Click()
     engine::Engine& engine = m_desk.Engine();
     if (RefusesTarget(Prompter(), engine, kDelete, file, m_desk.Databook()) || RefusesMissing(file))
         return;
+    if (NamesList()) {
+        Tell(kNoTable.arg(file), forms::Colour::Red);
+        return;
+    }
     if (lstTables.IndexOf(table) < 0) {
         Tell(kTableGone.arg(table, file), forms::Colour::Red);
         return;
@@ -253,7 +268,8 @@ void FileScreen::cmdBrowse_Click()
 {
     if (m_busy)
         return;
-    const QString chosen = Prompter().OpenDialog(kFilter, u"Browse"_s, common::CkRSlash(txtPath.Text()));
+    const QString filter = kFilter + (m_takesLists ? kListFilter.arg(ListPatterns().join(u';')) : QString());
+    const QString chosen = Prompter().OpenDialog(filter, u"Browse"_s, common::CkRSlash(txtPath.Text()));
     if (chosen.isEmpty())
         return;
     const qsizetype slash = chosen.lastIndexOf(u'\\');

@@ -42,6 +42,10 @@ protected:
     void ListFileTables(const QString& selected = {});
     /// Does the table box take a table of the file where it names none of them?
     void SetTakesListedTable(bool takes) { m_takesListed = takes; }
+    /// Are text and spreadsheet files listed and taken beside databases?
+    void SetTakesLists(bool takes) { m_takesLists = takes; }
+    /// Do the boxes name such a file?
+    [[nodiscard]] bool NamesList() const;
     /// Another directory or another name was chosen.
     void GoTo(const QString& directory, const QString& fileName);
     void Tell(const QString& words, forms::Colour colour = forms::Colour::Blue);
@@ -69,6 +73,7 @@ private:
     bool m_stop = false;
     bool m_asking = false;
     bool m_takesListed = false;
+    bool m_takesLists = false;
     bool m_listing = false; ///< the list is filled: what it selects then is not the user's choice
 };
 

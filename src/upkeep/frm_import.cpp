@@ -1,7 +1,9 @@
 #include "upkeep/frm_import.h"
 
 #include "common/paths.h"
+#include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
+#include "upkeep/frm_list_columns.h"
 #include "upkeep/frm_rehearse.h"
 
 namespace vasclip::upkeep {
@@ -18,6 +20,7 @@ const QString kItselfTitle = u"Cannot Import"_s;
 const QString kItself = u"Cannot Import %1 unto itself!"_s;
 const QString kNeedTable = u"Choose a table first."_s;
 const QString kRefused = u"Left out"_s;
+const QString kCanceled = u"Canceled: nothing came in."_s;
 const QString kMore = u"and %1 more"_s;
 constexpr const char16_t* kLocations[] = {u"Import Location", u"Export Location", u"Archive Location"};
 
@@ -32,6 +35,7 @@ frm_Import::frm_Import(const TransferDesk& desk)
 {
     SetCaption(kCaption.arg(desk.globals.productName));
     SetTakesListedTable(true);
+    SetTakesLists(true);
     cmdImport.SetCaption(u"&Import DB"_s);
     cmdRehearse.SetCaption(u"&Rehearse..."_s);
     cmdRehearse.SetToolTipText(u"Shows what each record would do before anything is done"_s);
@@ -97,7 +101,7 @@ bool frm_Import::Refuses(const QString& source)
         Prompter().Box(kItselfTitle, kItself.arg(name));
         return true;
     }
-    if (!text::Trim(txtTable.Text()).isEmpty())
+    if (NamesList() || !text::Trim(txtTable.Text()).isEmpty())
         return false;
     Tell(kNeedTable, forms::Colour::Red);
     return true;
@@ -111,6 +115,10 @@ void frm_Import::cmdImport_Click()
     const QString source = File();
     if (Refuses(source))
         return;
+    if (NamesList()) {
+        ImportList(source);
+        return;
+    }
     const bool ended = Run("cmdImport", [&](const WorkStep& step) { Import(source, step); });
     if (!ended)
         Tell(WordsOf(ImportResult()), forms::Colour::Red);
@@ -141,18 +149,59 @@ void frm_Import::cmdRehearse_Click()
     const QString source = File();
     if (Refuses(source))
         return;
+    if (NamesList())
+        ImportList(source);
+    else
+        Rehearse({.source = source, .table = text::Trim(txtTable.Text()), .pictures = ckbCopy.Value()});
+}
+
+void frm_Import::Rehearse(const ImportOrder& order)
+{
     std::unique_ptr<Rehearsal> rehearsal;
     const bool read = Run("cmdRehearse", [&](const WorkStep&) {
         const forms::Hourglass hourglass(Desk().ports.window);
-        rehearsal = std::make_unique<Rehearsal>(
-            Desk(), ImportOrder{.source = source, .table = text::Trim(txtTable.Text()), .pictures = ckbCopy.Value()});
+        rehearsal = std::make_unique<Rehearsal>(Desk(), order);
     });
     if (!read || !rehearsal)
         return;
-    frm_Rehearse screen(Desk(), std::move(rehearsal), source);
+    frm_Rehearse screen(Desk(), std::move(rehearsal));
     Desk().ports.screens.ShowModal(screen);
     m_changed = m_changed || screen.Done() > 0;
     Tell(screen.lblmsg.Caption());
+}
+
+/// Nobody knows what a list holds before it was looked at: it comes in through its columns and the rehearsal alone.
+void frm_Import::ImportList(const QString& source)
+{
+    std::shared_ptr<const ListFile> file;
+    std::shared_ptr<const ListSource> list;
+    try {
+        const forms::Hourglass hourglass(Desk().ports.window);
+        file = std::make_shared<const ListFile>(Desk().Disk(), source);
+    } catch (const RuntimeError& failure) {
+        Tell(failure.Description() + u'.', forms::Colour::Red);
+        return;
+    }
+    frm_ListColumns columns(Desk(), file, file->IsWorkbook() ? text::Trim(txtTable.Text()) : QString());
+    Desk().ports.screens.ShowModal(columns);
+    if (!columns.Accepted())
+        return;
+    QString why;
+    const bool read = Run("cmdRehearse", [&](const WorkStep& step) {
+        try {
+            list = std::make_shared<const ListSource>(Desk(), file, columns.Look(), step);
+        } catch (const RuntimeError& failure) {
+            if (failure.Number() != error::kUnrecognisedDatabase)
+                throw;
+            why = failure.Description() + u'.';
+        }
+    });
+    if (!why.isEmpty())
+        Tell(why, forms::Colour::Red);
+    else if (read && list->Stopped())
+        Tell(kCanceled, forms::Colour::Red);
+    else if (read)
+        Rehearse(OrderOf(list));
 }
 
 } // namespace vasclip::upkeep

@@ -33,6 +33,8 @@ private:
     /// @return true if it was told
     bool Refuses(const QString& source);
     void Import(const QString& source, const WorkStep& step);
+    void ImportList(const QString& source);
+    void Rehearse(const ImportOrder& order);
 
     bool m_changed = false;
 };

@@ -4,6 +4,7 @@
 #include "link/reporter.h"
 #include "upkeep/file_screen.h"
 
+#include <QRegularExpression>
 #include <QScopeGuard>
 
 #include <algorithm>
@@ -15,12 +16,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char16_t* kChoices[] = {u"&Add it", u"&Keep mine", u"&Take theirs", u"&Fill my blanks"};
-const QString kRefusedFile = u"%1IMPORTREFUSED.CSV"_s;
 const QString kRefusedKept = u"%1 refused rows stand in %2; mend them there and import that file."_s;
 
 } // namespace
 
-frm_Rehearse::frm_Rehearse(const TransferDesk& desk, std::unique_ptr<Rehearsal> rehearsal, const QString& source)
+frm_Rehearse::frm_Rehearse(const TransferDesk& desk, std::unique_ptr<Rehearsal> rehearsal)
     : Screen(u"frm_Rehearse"_s)
     , lblSource(controls, u"lblSource"_s)
     , lblSummary(controls, u"lblSummary"_s)
@@ -39,7 +39,7 @@ frm_Rehearse::frm_Rehearse(const TransferDesk& desk, std::unique_ptr<Rehearsal> 
     , m_rows(*m_rehearsal)
 {
     SetCaption(u"Rehearse the Import"_s);
-    lblSource.SetCaption(source);
+    lblSource.SetCaption(m_rehearsal->Source());
     for (int i = optChoice.First(); i <= optChoice.Last(); ++i) {
         optChoice(i).SetCaption(QString::fromUtf16(kChoices[i]));
         connect(&optChoice(i), &forms::Control::Clicked, this, [this, i] { Choose(i); });
@@ -127,11 +127,24 @@ void frm_Rehearse::SetBusy(bool busy)
     ShowRow();
 }
 
+/// After the source, and never one that is there: somebody may be mending it. Without dashes, which no import takes.
+QString frm_Rehearse::NewRefusedFile() const
+{
+    static const QRegularExpression kEarlier(u"_REFUSED[0-9]*$"_s);
+    const QString name = m_rehearsal->Source().section(u'\\', -1).toUpper();
+    QString stem = name.left(name.lastIndexOf(u'.')).remove(kEarlier).remove(u'-');
+    stem = common::CkRSlash(m_desk.globals.G_UserDir) + (stem.isEmpty() ? u"LIST"_s : stem) + u"_REFUSED"_s;
+    QString file = stem + u".CSV"_s;
+    for (int more = 2; m_desk.Disk().Found(file, files::ReadOnly | files::Hidden); ++more)
+        file = stem + QString::number(more) + u".CSV"_s;
+    return file;
+}
+
 void frm_Rehearse::cmdRefused_Click()
 {
     if (m_busy)
         return;
-    const QString file = kRefusedFile.arg(common::CkRSlash(m_desk.globals.G_UserDir));
+    const QString file = NewRefusedFile();
     link::Reported(m_desk.ports.prompter, "cmdRefused", [&] {
         const qsizetype rows = m_rehearsal->WriteRefused(file);
         lblmsg.Show(kRefusedKept.arg(rows).arg(file), forms::Colour::Blue);

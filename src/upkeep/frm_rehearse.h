@@ -11,7 +11,7 @@ namespace vasclip::upkeep {
 class frm_Rehearse : public forms::Screen
 {
 public:
-    frm_Rehearse(const TransferDesk& desk, std::unique_ptr<Rehearsal> rehearsal, const QString& source);
+    frm_Rehearse(const TransferDesk& desk, std::unique_ptr<Rehearsal> rehearsal);
 
     forms::Label lblSource, lblSummary;
     forms::Grid grdrows, grdfields;
@@ -32,6 +32,7 @@ protected:
     void Form_Unload() override;
 
 private:
+    [[nodiscard]] QString NewRefusedFile() const;
     void ShowRow();
     void Choose(int choice);
     void SetBusy(bool busy);

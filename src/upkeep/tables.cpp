@@ -5,8 +5,10 @@
 #include "store/messages.h"
 #include "store/record.h"
 #include "store/store.h"
+#include "upkeep/list_file.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace vasclip::upkeep {
 
@@ -24,21 +26,36 @@ QStringList TablesOf(engine::Engine& engine, const QString& file)
     return tables;
 }
 
-QString ListTheTables(engine::Engine& engine, const QString& file, forms::ListBox& list, const QString& selected)
+namespace {
+
+QString Fill(const files::Disk& disk, const QString& file, forms::ListBox& list, const QString& selected,
+             const std::function<QStringList()>& read)
 {
-    QStringList tables;
+    QStringList names;
     QString why;
-    if (engine.Disk().Found(file, files::ReadOnly | files::Hidden)) {
+    if (disk.Found(file, files::ReadOnly | files::Hidden)) {
         try {
-            tables = TablesOf(engine, file);
+            names = read();
         } catch (const RuntimeError& failure) {
             why = failure.Description();
         }
     }
-    list.SetItems(tables);
-    if (!tables.isEmpty())
+    list.SetItems(names);
+    if (!names.isEmpty())
         list.SetListIndex(std::max(list.IndexOf(selected), 0));
     return why;
+}
+
+} // namespace
+
+QString ListTheTables(engine::Engine& engine, const QString& file, forms::ListBox& list, const QString& selected)
+{
+    return Fill(engine.Disk(), file, list, selected, [&] { return TablesOf(engine, file); });
+}
+
+QString ListTheSheets(const files::Disk& disk, const QString& file, forms::ListBox& list, const QString& selected)
+{
+    return Fill(disk, file, list, selected, [&] { return SheetsOf(disk, file); });
 }
 
 qint64 CountOf(engine::Engine& engine, const QString& file, const QString& table)

@@ -14,6 +14,9 @@ namespace vasclip::upkeep {
 QString ListTheTables(engine::Engine& engine, const QString& file, forms::ListBox& list,
                       const QString& selected = {});
 
+/// The same with the sheets of a spreadsheet file; a text file has none.
+QString ListTheSheets(const files::Disk& disk, const QString& file, forms::ListBox& list, const QString& selected);
+
 /// Records of a table of a file. @throws RuntimeError of the engine
 [[nodiscard]] qint64 CountOf(engine::Engine& engine, const QString& file, const QString& table);
 

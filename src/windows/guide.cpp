@@ -70,6 +70,7 @@ std::span<const GuideTopic> GuideTopics()
         {"frm_Archive"_L1, "archive.md"_L1},
         {"frm_Export"_L1, "export.md"_L1},
         {"frm_Import"_L1, "import.md"_L1},
+        {"frm_ListColumns"_L1, "import-lists.md"_L1},
         {"frm_Rehearse"_L1, "import.md"_L1},
     };
     // clang-format on

@@ -33,6 +33,7 @@ void Layout_frm_MapPreview(QDialog& window, forms::Screen& screen);
 void Layout_frm_MapData(QDialog& window, forms::Screen& screen);
 void Layout_frm_Export(QDialog& window, forms::Screen& screen);
 void Layout_frm_Import(QDialog& window, forms::Screen& screen);
+void Layout_frm_ListColumns(QDialog& window, forms::Screen& screen);
 void Layout_frm_Rehearse(QDialog& window, forms::Screen& screen);
 void Layout_frm_StreetFind(QDialog& window, forms::Screen& screen);
 void Layout_frm_Crystal(QDialog& window, forms::Screen& screen);

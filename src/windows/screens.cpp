@@ -51,6 +51,7 @@ std::span<const ScreenEntry> Screens()
         {"frm_MapData"_L1, Layout_frm_MapData},
         {"frm_Export"_L1, Layout_frm_Export},
         {"frm_Import"_L1, Layout_frm_Import},
+        {"frm_ListColumns"_L1, Layout_frm_ListColumns},
         {"frm_Rehearse"_L1, Layout_frm_Rehearse},
         {"frm_Trash"_L1, Layout_frm_Trash},
     };
