@@ -36,7 +36,7 @@ TEST_F(Archive, GoesIntoAFileWithBracketsInItsName)
     Comp(u"1 OAK ST"_s, u"05/05/1995"_s);
     Bind(source);
     ArchiveWork work = Work();
-    work.archive = odd;
+    work.file = odd;
     EXPECT_EQ(CopyArchiveData(work, [](qint64, qint64, const Archived&) { return true; }).moved, 1);
     EXPECT_EQ(In(odd).keys(), QStringList{u"1 OAK ST"_s});
 }

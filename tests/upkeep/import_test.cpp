@@ -315,8 +315,9 @@ TEST_F(Import, BringsBackWhatAnExportTookOut)
     EXPECT_EQ(Field(path, table, u"9 ELM ST"_s, u"CITY"_s).toString(), u"ALDER"_s);
 }
 
-TEST_F(Import, BringsBackWhatAFileWithBracketsInItsNameHolds)
+TEST_F(Import, BringsBackWhatAFileOfEitherKindWithBracketsInItsNameHolds)
 {
+    disk.WriteWhole(u"C:\\JPG\\00000001.jpg"_s, kJpeg);
     disk.MkDir(u"C:\\EXPORT\\[OLD] BOOKS"_s);
     const QString odd = u"C:\\EXPORT\\[OLD] BOOKS\\OUT [2].MDB"_s;
     for (const bool access : {false, true}) {
@@ -327,7 +328,10 @@ TEST_F(Import, BringsBackWhatAFileWithBracketsInItsNameHolds)
         disk.Kill(path);
         store::MakeDatabase(engine, path);
         Bind(databook);
-        EXPECT_EQ(ImportTable(Desk(), {.source = odd, .table = table}, Step()).appended, 3);
+        disk.Kill(u"C:\\JPG\\00000001.jpg"_s);
+        const ImportResult result = ImportTable(Desk(), {.source = odd, .table = table, .pictures = true}, Step());
+        EXPECT_EQ(result.appended, 3) << access;
+        EXPECT_EQ(disk.ReadWhole(u"C:\\JPG\\00000001.jpg"_s), kJpeg) << access;
     }
 }
 

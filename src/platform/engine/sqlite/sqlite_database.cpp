@@ -199,8 +199,14 @@ qint64 SqliteDatabase::Execute(const QString& text)
         throw RuntimeError(error::kInvalidOperation, u"A SELECT gives records: open it as a record set"_s);
     const auto from = catalog.Foreign(statement.from.database);
     const auto into = catalog.Foreign(statement.into.database);
-    if (from || into)
-        return CopyBetween(statement, from.get(), into.get());
+    if (from || into) {
+        const auto isThird = [&catalog](const QString& database) {
+            return !database.isEmpty() && catalog.Schema(database) != u"main";
+        };
+        const bool third = (from && into) || (!from && isThird(statement.from.database)) ||
+                           (!into && isThird(statement.into.database));
+        return CopyBetween(statement, from.get(), into.get(), third);
+    }
     const sql::Plan plan =
         sql::Print(statement, [&catalog](const QString& database) { return catalog.Schema(database); });
     const bool own = plan.targetSchema == u"main";
@@ -215,12 +221,10 @@ qint64 SqliteDatabase::Execute(const QString& text)
     return rows;
 }
 
-qint64 SqliteDatabase::CopyBetween(const sql::TypedStatement& statement, Database* from, Database* into)
+qint64 SqliteDatabase::CopyBetween(const sql::TypedStatement& statement, Database* from, Database* into, bool third)
 {
     using Kind = sql::Statement::Kind;
     const bool copies = statement.kind == Kind::InsertSelect || statement.kind == Kind::SelectInto;
-    const bool third = (!from && !statement.from.database.isEmpty()) ||
-                       (!into && !statement.into.database.isEmpty()) || (from && into);
     if (!copies || third)
         throw RuntimeError(error::kInvalidOperation,
                            u"Between databases of different kinds, records can only be copied from or into the "

@@ -35,7 +35,7 @@ public:
     [[nodiscard]] Connection& Open() const { return m_session->Open(); }
 
 private:
-    qint64 CopyBetween(const sql::TypedStatement& statement, Database* from, Database* into);
+    qint64 CopyBetween(const sql::TypedStatement& statement, Database* from, Database* into, bool third);
     [[nodiscard]] const TableDef& NeedTable(const QString& name) const;
     [[nodiscard]] TextIndex IndexOf(const QString& table, const QStringList& fields) const;
     void NeedUpdatable() const;
