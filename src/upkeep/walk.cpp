@@ -4,8 +4,7 @@
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
-#include "store/store.h"
-#include "store/transaction.h"
+#include "store/record.h"
 
 namespace vasclip::upkeep {
 
@@ -15,23 +14,11 @@ namespace {
 
 const QString kDeleteWords = u"Delete %1"_s;
 
-/// The whole table, or a SELECT of the fields that are wanted of it: the others need not be read.
-QString RowsOf(const store::DataSource& source, const QStringList& wanted)
-{
-    QStringList names;
-    for (const QString& field : wanted)
-        if (source.FieldIndex(field) >= 0)
-            names.append(u'[' + field + u']');
-    return names.isEmpty() ? source.RecordSource()
-                           : u"SELECT %1 FROM [%2]"_s.arg(names.join(u", "_s), source.RecordSource());
-}
-
 } // namespace
 
-RowEdit::RowEdit(store::DataSource& rows, Account& account, const QString& words)
+RowEdit::RowEdit(store::ChangeWalk& rows, Account& account)
     : m_rows(rows)
     , m_account(account)
-    , m_words(words)
 {}
 
 bool RowEdit::Has(const QString& field) const
@@ -41,43 +28,46 @@ bool RowEdit::Has(const QString& field) const
 
 bool RowEdit::IsNull(const QString& field) const
 {
-    return !Has(field) || !m_rows.Value(field).isValid();
+    const int index = m_rows.FieldIndex(field);
+    return index < 0 || !m_rows.Value(index).isValid();
 }
 
 QString RowEdit::Text(const QString& field) const
 {
-    return Has(field) ? store::GetFieldData(m_rows, field) : QString();
+    const int index = m_rows.FieldIndex(field);
+    return index < 0 ? QString() : text::Trim(m_rows.Value(index).toString());
 }
 
 QString RowEdit::Key() const
 {
     if (m_key.isNull())
-        m_key = m_change ? QString() : Text(fields::CENTRALKEY);
+        m_key = m_changed ? QString() : Text(fields::CENTRALKEY);
     return m_key;
 }
 
 void RowEdit::Set(const QString& field, const QString& text)
 {
-    const engine::Field* column = store::FindField(m_rows, field);
-    if (column == nullptr)
+    const int index = m_rows.FieldIndex(field);
+    if (index < 0)
         return;
-    const QString fitted = column->size > 0 ? text.left(column->size) : text;
-    const QString before = m_rows.Value(field).toString();
+    const engine::Field& column = m_rows.FieldAt(index);
+    const QString fitted = column.size > 0 ? text.left(column.size) : text;
+    const QString before = m_rows.Value(index).toString();
     if (text::Trim(before) == text::Trim(fitted))
         return;
-    if (!m_change) {
+    if (!m_changed) {
         static_cast<void>(Key()); // as it was
-        m_change.emplace(m_rows, m_words);
+        m_changed = true;
     }
-    m_change->Set(field, fitted);
-    m_account.Changed(Key(), column->name.toUpper(), before, fitted);
+    m_rows.Set(index, fitted);
+    m_account.Changed(Key(), column.name.toUpper(), before, fitted);
 }
 
 void RowEdit::Store()
 {
-    if (!m_change)
+    if (!m_changed)
         return;
-    m_change->Store();
+    m_rows.Store();
     m_account.RecordChanged();
 }
 
@@ -92,13 +82,13 @@ Walk::Walk(store::DataSource& source, Account& account, const QString& words, co
             m_fields.append(field.name.toUpper());
 }
 
-void Walk::DeleteRow(store::DataSource& rows)
+void Walk::DeleteRow(store::ChangeWalk& rows)
 {
     store::Record::Names names;
     QVariantList values;
     for (const QString& field : std::as_const(m_fields)) {
         names.insert(field, static_cast<int>(values.size()));
-        values.append(rows.Value(field));
+        values.append(rows.Value(rows.FieldIndex(field)));
     }
     const store::Record record(std::make_shared<const store::Record::Names>(std::move(names)), std::move(values));
     if (record.Has(fields::PHOTOS))
@@ -106,36 +96,30 @@ void Walk::DeleteRow(store::DataSource& rows)
             if (!text::Trim(stem).isEmpty())
                 m_pictures.Append(text::Trim(stem).toUtf8());
     m_account.Deleted(record.Text(fields::CENTRALKEY), record, m_fields);
-    store::Change::Delete(rows, kDeleteWords.arg(record.Text(fields::CENTRALKEY)));
+    rows.Delete(kDeleteWords.arg(record.Text(fields::CENTRALKEY)));
 }
 
 bool Walk::Run(const Step& step, const std::function<void(RowEdit&)>& repair)
 {
     m_pictures.Clear();
-    store::DataSource rows(m_source.Engine(), m_source.Name());
-    rows.ShareDatabase(m_source);
     try {
-        // The lock comes first: whoever changes a record between its reading and its writing would be overwritten.
-        store::Transaction whole(m_source);
-        rows.Open(m_source.DatabaseName(), RowsOf(m_source, m_reads), store::SourceKind::Query);
+        store::ChangeWalk rows(m_source, m_reads.isEmpty() ? m_fields : m_reads, m_words);
         const qint64 all = rows.Count();
-        for (qint64 done = 0; !rows.AtEnd(); ++done) {
+        for (qint64 done = 0; rows.Next(); ++done) {
             if (!step(done, all)) {
                 m_account.TakeBack();
                 m_pictures.Clear();
                 return false;
             }
             m_account.RecordSeen();
-            RowEdit row(rows, m_account, m_words);
+            RowEdit row(rows, m_account);
             repair(row);
             if (row.m_delete)
                 DeleteRow(rows);
             else
                 row.Store();
-            if (!rows.AtEnd()) // the last record of all was deleted
-                rows.MoveNext();
         }
-        whole.Commit();
+        rows.Commit();
     } catch (...) {
         m_account.TakeBack();
         m_pictures.Clear();

@@ -1,19 +1,18 @@
 #pragma once
 
-#include "store/change.h"
+#include "store/change_walk.h"
 #include "upkeep/account.h"
 
 #include <functional>
 
 namespace vasclip::upkeep {
 
-/// The record that a walk has come to, open for editing from its first change on. What is set is told to the account;
+/// The record that a walk has come to. What is set is told to the account;
 /// a text that stands there already (but for blanks around it) is not written again.
 class RowEdit
 {
 public:
-    /// @param words  of the step, %1 the key
-    RowEdit(store::DataSource& rows, Account& account, const QString& words);
+    RowEdit(store::ChangeWalk& rows, Account& account);
 
     [[nodiscard]] bool Has(const QString& field) const;
     [[nodiscard]] bool IsNull(const QString& field) const;
@@ -29,11 +28,10 @@ private:
     friend class Walk;
     void Store();
 
-    store::DataSource& m_rows;
+    store::ChangeWalk& m_rows;
     Account& m_account;
-    const QString& m_words;
-    std::optional<store::Change> m_change;
     mutable QString m_key;
+    bool m_changed = false;
     bool m_delete = false;
 };
 
@@ -55,7 +53,7 @@ public:
     [[nodiscard]] const LineFile& Pictures() const { return m_pictures; }
 
 private:
-    void DeleteRow(store::DataSource& rows);
+    void DeleteRow(store::ChangeWalk& rows);
 
     store::DataSource& m_source;
     Account& m_account;

@@ -33,7 +33,7 @@ QSet<QString> FieldNames(const Sources& sources)
 /// What a record set, the way to one and its kinds are called.
 bool NamesARecordSet(const QString& path, const QString& code)
 {
-    static const QRegularExpression named(uR"(Recordset|\bDynaset\b|\bRowStore\b|\bOpenRows\b)"_s);
+    static const QRegularExpression named(uR"(Recordset|\bDynaset\b|\bRowStore\b|\bRowWalk\b|\bOpenRows\b)"_s);
     return !path.startsWith(u"src/store/"_s) && code.contains(named);
 }
 

@@ -332,19 +332,26 @@ void Connection::Begin()
     ++m_depth;
 }
 
+void Connection::NeedWhole() const
+{
+    if (m_undone)
+        throw RuntimeError(
+            error::kDeviceIo,
+            u"The transaction on %1 was taken back after an error and could not be committed"_s.arg(FileOfError()));
+}
+
 void Connection::Commit()
 {
     if (m_depth == 0)
         throw RuntimeError(error::kNoTransaction, u"There is no transaction to commit"_s);
     if (m_undone) {
-        if (--m_depth == 0) {
+        const auto ended = qScopeGuard([this] {
+            if (--m_depth > 0)
+                return;
             m_undone = false;
             DetachAll();
-        }
-        throw RuntimeError(
-            error::kDeviceIo,
-            u"The transaction on %1 was taken back after an error and could not be committed"_s.arg(
-                FileOfError()));
+        });
+        NeedWhole();
     }
     if (m_depth == 1)
         CarryStamp();

@@ -12,6 +12,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -94,6 +95,7 @@ public:
     void Commit();
     void Rollback();
     [[nodiscard]] int Depth() const { return m_depth; }
+    void NeedWhole() const; ///< @throws 57 if an error took the transaction under way back
 
     /// The number of the file's last change, which every writer raises by one, whatever program it is.
     [[nodiscard]] qint64 ChangeNumber();
@@ -234,6 +236,28 @@ public:
 
 private:
     Connection* m_connection;
+};
+
+/// One statement that changes rows. Alone it is a transaction; within one it needs none of its own, since a statement that
+/// fails is taken back by itself.
+class OneStatement
+{
+public:
+    explicit OneStatement(Connection& connection) ///< @throws 57 the transaction under way is no more
+    {
+        if (connection.Depth() == 0)
+            m_alone.emplace(connection);
+        else
+            connection.NeedWhole();
+    }
+    void Commit()
+    {
+        if (m_alone)
+            m_alone->Commit();
+    }
+
+private:
+    std::optional<Writing> m_alone;
 };
 
 } // namespace vasclip::engine

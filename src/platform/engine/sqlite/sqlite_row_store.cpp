@@ -270,7 +270,7 @@ Bookmark SqliteRowStore::Insert(const RowChanges& values)
                                         : u"INSERT INTO %1(%2) VALUES(%3)"_s.arg(
                                               m_plan.tableSql, names.join(u", "_s), places.join(u", "_s));
     Connection& connection = Open();
-    Writing writing(connection);
+    OneStatement writing(connection);
     qint64 id = 0;
     {
         Query query(connection, sql);
@@ -285,19 +285,31 @@ Bookmark SqliteRowStore::Insert(const RowChanges& values)
     return Bookmark{id};
 }
 
-UpdateOutcome SqliteRowStore::Update(Bookmark id, qint64 version, const RowChanges& values)
+/// The statement that stores those fields: one row after the other is mostly changed in the same ones.
+const QString& SqliteRowStore::UpdateOf(const RowChanges& values)
 {
+    const auto isField = [](int field, const auto& value) { return field == value.first; };
+    if (!m_updateSql.isEmpty() && std::ranges::equal(m_updateFields, values, isField))
+        return m_updateSql;
     QStringList assignments;
-    for (const auto& [source, value] : values)
+    m_updateFields.clear();
+    for (const auto& [source, value] : values) {
         assignments.append(u"%1 = ?%2"_s.arg(QuoteName(m_plan.table.fields[source].name),
                                              QString::number(assignments.size() + 3)));
+        m_updateFields.push_back(source);
+    }
     // The version in the condition makes the test for other users' changes and the change itself one step.
-    const QString sql = u"UPDATE %1 SET %2, %3 = %3 + 1 WHERE %4 = ?1 AND %3 = ?2"_s.arg(
+    m_updateSql = u"UPDATE %1 SET %2, %3 = %3 + 1 WHERE %4 = ?1 AND %3 = ?2"_s.arg(
         m_plan.tableSql, assignments.join(u", "_s), VersionName(), IdName());
+    return m_updateSql;
+}
+
+UpdateOutcome SqliteRowStore::Update(Bookmark id, qint64 version, const RowChanges& values)
+{
     Connection& connection = Open();
-    Writing writing(connection);
+    OneStatement writing(connection);
     {
-        Query query(connection, sql);
+        Query query(connection, UpdateOf(values));
         query.Bind(1, Number(id)).Bind(2, version);
         int place = 3;
         for (const auto& [source, value] : values)
@@ -314,7 +326,7 @@ UpdateOutcome SqliteRowStore::Update(Bookmark id, qint64 version, const RowChang
 bool SqliteRowStore::Delete(Bookmark id)
 {
     Connection& connection = Open();
-    Writing writing(connection);
+    OneStatement writing(connection);
     {
         Query query(connection, u"DELETE FROM %1 WHERE %2 = ?1"_s.arg(m_plan.tableSql, IdName()));
         query.Bind(1, Number(id)).Run();

@@ -62,6 +62,7 @@ private:
     };
     [[nodiscard]] const Select& SelectOf(const QList<int>& fields, Longs longs);
     [[nodiscard]] StoredRow RowOf(const Query& query, const Select& select) const;
+    [[nodiscard]] const QString& UpdateOf(const RowChanges& values);
     [[nodiscard]] const Keys& KeysOf(const IndexDef* index);
     [[nodiscard]] static Stand StandAt(const Query& query, const Keys& keys);
     [[nodiscard]] std::optional<Stand> Edge(const Keys& keys, bool last);
@@ -75,6 +76,8 @@ private:
     Select m_some; ///< reads those that were asked for last
     Keys m_keys;   ///< of the index walked last
     QString m_versionSql;
+    std::vector<int> m_updateFields; ///< that m_updateSql stores
+    QString m_updateSql;
     QString m_seekIndex; ///< the index that m_seekSql seeks in
     QString m_seekSql;
 };
