@@ -29,7 +29,6 @@ frm_DelDate::frm_DelDate(const forms::Ports& ports, const QString& title)
 {
     SetCaption(title);
     lblDate.SetCaption(u"Up to and including this date; 1/1/1900 means those without a date."_s);
-    txtDate.SetMaxLength(kLongestDate);
     imaDate.SetToolTipText(u"Click to get a pop calendar"_s);
     cmdOK.SetCaption(u"&OK"_s);
     cmdCancel.SetCaption(u"&Cancel"_s);
@@ -45,6 +44,12 @@ void frm_DelDate::cmdOK_Click()
     const QString date = text::Trim(txtDate.Text());
     if (!common::IsDate(date, m_ports.clock.Today())) {
         lblmsg.Show(maintenance::kEnterDate, forms::Colour::Red);
+        txtDate.SetFocus();
+        return;
+    }
+    // A box that cut a longer one would take another year from it.
+    if (date.size() > kLongestDate) {
+        lblmsg.Show(maintenance::kShortDate.arg(date), forms::Colour::Red);
         txtDate.SetFocus();
         return;
     }

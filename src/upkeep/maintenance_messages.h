@@ -83,6 +83,7 @@ inline const QString kEndLoad = u"Process Complete.  Delete by Load Date of %1."
 inline const QString kEnterDate = u"Please enter a date"_s;
 
 // of our own
+inline const QString kShortDate = u"%1 has more than ten letters. Enter the date as mm/dd/yyyy."_s;
 inline const QString kStopped = u"Stopped. Every record is as it was."_s;
 inline const QString kFailed = u"Nothing was changed, every record is as it was: %1."_s;
 inline const QString kClearedPhotos = u"The photos of %1 records were cleared; the picture files are still there."_s;

@@ -135,7 +135,7 @@ TEST_F(EraseByDate, KnowsThePendingDateInBothForms)
             gauge = screen->gauWork.Caption();
     };
     Yes();
-    Erase(screen->cmdDeleteByDate, u"1/1/1900"_s);
+    Erase(screen->cmdDeleteByDate, u"  1/1/1900  "_s);
     EXPECT_EQ(gauge, u"Deleting all PENDING SALES (Date='01/01/1900') from the Databook."_s);
     EXPECT_EQ(Left(), u"1236"_s);
     EXPECT_EQ(Pictures(), u"1236"_s);
@@ -154,6 +154,12 @@ TEST_F(EraseByDate, WantsADateAndCanBeGivenUp)
         Q_EMIT dialog.cmdOK.Clicked();
         said = dialog.lblmsg.Caption();
         EXPECT_TRUE(dialog.IsOpen());
+        dialog.txtDate.SetText(u"March 8, 1999"_s);
+        Q_EMIT dialog.cmdOK.Clicked();
+        EXPECT_EQ(dialog.lblmsg.Caption(), u"March 8, 1999 has more than ten letters. Enter the date as mm/dd/yyyy."_s);
+        EXPECT_TRUE(dialog.IsOpen());
+        dialog.txtDate.SetText(u"   03/08/1999  "_s);
+        EXPECT_EQ(dialog.txtDate.Text(), u"   03/08/1999  "_s) << "what is pasted is not cut";
         dialog.Unload();
     });
     Click(screen->cmddelloaddate);
