@@ -88,8 +88,16 @@ void MakeDatabook(engine::Engine& engine, const QString& path, const QList<Comp>
     store::MakeDatabase(engine, path);
     const std::shared_ptr<engine::Database> database = engine.OpenDatabase(path, engine::OpenMode::Exclusive);
     engine::Transaction all(*database);
+    AddComps(*database, comps);
+    all.Commit();
+    database->Close();
+}
+
+void AddComps(engine::Database& database, const QList<Comp>& comps,
+              const std::function<void(engine::Recordset& row, const Comp& comp)>& more)
+{
     const std::unique_ptr<engine::Recordset> table =
-        database->OpenRecordset(u"COMPS"_s, engine::RecordsetType::Table);
+        database.OpenRecordset(u"COMPS"_s, engine::RecordsetType::Table);
     for (const Comp& comp : comps) {
         table->AddNew();
         Put(*table, comp.key, u"CENTRALKEY"_s, Padded(*table, u"CENTRALKEY"_s, comp.key));
@@ -100,11 +108,11 @@ void MakeDatabook(engine::Engine& engine, const QString& path, const QList<Comp>
         }
         Put(*table, comp.key, u"PHOTOS"_s, PhotosText(comp.photos));
         Put(*table, comp.key, u"FRONT"_s, comp.photos.isEmpty() ? QString() : u"1"_s);
+        if (more)
+            more(*table, comp);
         table->Update();
     }
     table->Close();
-    all.Commit();
-    database->Close();
 }
 
 void MakeComments(engine::Engine& engine, const QString& path)

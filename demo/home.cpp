@@ -7,6 +7,7 @@
 #include "demo/home_marker.h"
 #include "demo/map_files.h"
 #include "demo/market.h"
+#include "demo/other_files.h"
 #include "demo/photo_shoot.h"
 #include "demo/settings_files.h"
 #include "forms/system_ports.h"
@@ -140,8 +141,11 @@ HomeOutcome MakeHome(const HomeOptions& options, const std::function<void(const 
     MakeComments(engine, kProgram + u"comments.mdb"_s);
 
     const QList<Comp> comps = MakeMarket(options.comps);
+    const QList<Comp> strangers = MakeMarket(options.comps + kStrangers).mid(options.comps);
     say(u"Databook of %1 comps"_s.arg(comps.size()));
     MakeDatabook(engine, kDatabook, comps);
+    say(u"Files of another office, of an older version and of old sales"_s);
+    MakeOtherFiles(disk, comps, strangers);
 
     say(u"Forms: KEL.INI, mapping, scripts, reports"_s);
     MakeFormsFiles(engine, comps, {kIniDirectory, kProgram, kPhotos});

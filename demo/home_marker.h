@@ -14,7 +14,7 @@ enum class HomeState {
 };
 
 /// Raise it when a home holds something new or other, so that an older one is made anew.
-inline constexpr int kHomeRecipe = 7;
+inline constexpr int kHomeRecipe = 8;
 
 [[nodiscard]] HomeState StateOfHome(const QString& directory);
 

@@ -256,7 +256,7 @@ QString DateText(const QDate& date)
 
 QList<Comp> MakeMarket(int count)
 {
-    Q_ASSERT(count >= 1 && count <= kMostComps);
+    Q_ASSERT(count >= 1 && count <= kMostComps + kRoomToSpare);
     Dice dice(20260630);
     QSet<QString> taken;
     for (const Subject subject : kSubjects)

@@ -30,9 +30,10 @@ struct Comp
 
 /// The most comps that the streets have house numbers for, with room to spare.
 inline constexpr int kMostComps = 5000;
+inline constexpr int kRoomToSpare = 200;
 
 /// `count` properties with all six types (from 6 up), each address once; every third has pictures.
-/// @param count  1 to kMostComps
+/// @param count  1 to kMostComps and kRoomToSpare
 [[nodiscard]] QList<Comp> MakeMarket(int count);
 
 /// The properties that the reports appraise. They are no records of the Databook.

@@ -16,21 +16,6 @@ namespace {
 
 constexpr int kThreads = 2;
 
-QByteArray Taken(const Shot& shot)
-{
-    switch (shot.view) {
-    case View::Front:
-        return AsJpeg(DrawFrontView(shot.look));
-    case View::Rear:
-        return AsJpeg(DrawRearView(shot.look));
-    case View::Street:
-        return AsJpeg(DrawStreetScene(shot.look));
-    case View::Inside:
-        return AsJpeg(DrawRoomView(shot.look, shot.room));
-    }
-    return {};
-}
-
 /// The threads that draw, and the finished pictures that wait to be written.
 class Studio
 {
@@ -81,6 +66,21 @@ private:
 };
 
 } // namespace
+
+QByteArray Taken(const Shot& shot)
+{
+    switch (shot.view) {
+    case View::Front:
+        return AsJpeg(DrawFrontView(shot.look));
+    case View::Rear:
+        return AsJpeg(DrawRearView(shot.look));
+    case View::Street:
+        return AsJpeg(DrawStreetScene(shot.look));
+    case View::Inside:
+        return AsJpeg(DrawRoomView(shot.look, shot.room));
+    }
+    return {};
+}
 
 void ShootAll(const files::Disk& disk, const QList<Shot>& shots,
               const std::function<void(int done)>& progress)

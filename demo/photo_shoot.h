@@ -20,6 +20,9 @@ struct Shot
     Room room = Room::Kitchen; ///< of a view of the inside
 };
 
+/// One picture as a JPEG.
+[[nodiscard]] QByteArray Taken(const Shot& shot);
+
 /// Draws the pictures on two threads and writes them in order.
 /// @param progress  told after each picture how many are done
 /// @throws RuntimeError when a picture cannot be encoded or written; nothing further is then drawn
