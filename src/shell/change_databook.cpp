@@ -3,7 +3,9 @@
 #include "shell/databook_in_use.h"
 
 #include "common/error_block.h"
+#include "databook/databook_upgrade.h"
 #include "databook/switch_databook.h"
+#include "platform/engine/genuine_file.h"
 #include "platform/text/text.h"
 #include "shell/convert_offer.h"
 #include "shell/frm_change_db.h"
@@ -30,9 +32,25 @@ void DatabookInUse::ChangeDatabase()
         SwitchDatabook(m_program.globals.G_DataDir, choice.Chosen());
 }
 
+/// A Databook of an older layout is asked about here as at the start. Reference files that can't be read end a start; a
+/// change goes on with the fields that the file has.
+void DatabookInUse::OfferUpgrade(const QString& path)
+{
+    if (m_program.life.readOnlyHome || !m_program.Disk().Found(path, files::ReadOnly | files::Hidden) ||
+        engine::IsGenuineFile(m_program.Disk(), path))
+        return;
+    store::DataSource none(m_program.Engine(), u"datDatabook"_s); // the present Databook stays open
+    try {
+        databook::CheckCompDBF2(m_program.Ports(), m_program.Engine(), m_program.globals, none, path,
+                                m_program.globals.G_Table);
+    } catch (const forms::EndOfProgram&) {
+    }
+}
+
 bool DatabookInUse::SwitchDatabook(const QString& directory, const QString& file)
 {
     OfferConversion(m_program, directory + file, m_program.globals.G_Table);
+    OfferUpgrade(directory + file);
     bool letGo = false;
     const auto opening = [&] {
         letGo = true;

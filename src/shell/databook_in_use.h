@@ -44,6 +44,7 @@ public:
     bool SwitchDatabook(const QString& directory, const QString& file);
 
 private:
+    void OfferUpgrade(const QString& path);
     [[nodiscard]] QString WhyNotOpened();
     void NameDatabook(const Databook& databook);
     [[nodiscard]] Databook ChooseDatabook();

@@ -49,6 +49,23 @@ TEST_F(UpgradeAtStart, NoStartsOnTheOldTable)
     EXPECT_EQ(program.records.grddatabook.RowCount(), 1);
 }
 
+TEST_F(UpgradeAtStart, AnotherDatabookOfAnOlderLayoutIsAskedAboutToo)
+{
+    const QString other = u"C:\\DATABOOK\\OLDER.MDB"_s;
+    engine.CopyDatabase(kDatabook, other);
+    doubles.prompter.Answer(forms::Answer::No); // for the one of the start
+    Load();
+    doubles.prompter.Forget();
+    doubles.prompter.Answer(forms::Answer::Yes);
+    ASSERT_TRUE(main.databookInUse.SwitchDatabook(u"C:\\DATABOOK\\"_s, u"OLDER.MDB"_s));
+    EXPECT_TRUE(doubles.prompter.Texts().value(0).startsWith(u"The 'databook' database needs to be updated.  "_s));
+    EXPECT_EQ(doubles.prompter.Texts().value(1), store::kUpdated);
+    EXPECT_EQ(store::FieldCount(engine, other), whole);
+    EXPECT_EQ(Count(), whole - 2) << "the one before is another file";
+    EXPECT_EQ(program.DatabookPath(), other);
+    EXPECT_TRUE(store::ReadRecord(program.sources.datDatabook, u"12 OAK ST"_s)->Has(u"OTHERAREA2"_s));
+}
+
 TEST_F(UpgradeAtStart, AHomeForLookingAloneIsNotAsked)
 {
     options.homeIsReadOnly = true;
