@@ -186,6 +186,10 @@ void Connection::Fail(int code)
     case SQLITE_READONLY:
         if (!m_damage.isEmpty())
             throw RuntimeError(error::kFileIsReadOnly, DamageText());
+        if (extended == SQLITE_READONLY_DBMOVED)
+            throw RuntimeError(error::kDatabaseNotFound,
+                               u"The file %1 was moved, renamed or deleted while it was open. Nothing was changed; put "
+                               "it back and start again"_s.arg(file));
         throw RuntimeError(error::kFileIsReadOnly,
                            u"The file %1 is read-only and can not be changed"_s.arg(file));
     case SQLITE_CANTOPEN:
