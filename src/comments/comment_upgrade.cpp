@@ -21,14 +21,17 @@ Upgrade CheckCommentsDBF(const forms::Ports& ports, engine::Engine& engine, cons
     const std::optional<qsizetype> wanted = store::ReferenceCount(ports, engine, globals);
     if (!wanted)
         return Upgrade::NoTemplate;
-    if (present == *wanted)
+    if (present == *wanted || !store::TakesFields(engine, path))
         return Upgrade::NotNeeded;
     if (ports.prompter.MsgBox(forms::Buttons::YesNo, forms::Icon::Exclamation, store::kPlainTitle,
                               globals.share != 0 ? kUpdateShared : kUpdateLocal) != forms::Answer::Yes)
         return Upgrade::Declined;
-    if (store::AppendAlone(ports, engine, path) == store::Appended::Locked)
-        return Upgrade::Locked;
-    return Upgrade::Done;
+    try {
+        return store::AppendAlone(ports, engine, path) == store::Appended::Locked ? Upgrade::Locked : Upgrade::Done;
+    } catch (const RuntimeError& failure) {
+        common::ReportError(ports.prompter, failure);
+        return Upgrade::Failed;
+    }
 }
 
 } // namespace vasclip::comments

@@ -11,6 +11,7 @@ enum class Upgrade {
     Done,
     Declined,   ///< the user is not ready; the old table goes on working
     Locked,     ///< somebody has the file open; told
+    Failed,     ///< the fields could not be appended; told, and the old table goes on working
     NoTemplate, ///< there is nothing to compare with; told, and the old table goes on working
 };
 
@@ -18,8 +19,9 @@ enum class Upgrade {
 /// of fields. If they differ it asks, by SHARE, and on Yes appends the fields that older files lack, all or
 /// none, with the file to itself. Nobody may have the file open, this program included.
 ///
-/// The test is on equality: a file with one field more asks too, at each opening.
-/// @throws RuntimeError when the comment file can't be read, or is read-only
+/// The test is on equality: a file with one field more asks too, at each opening. One of Access, or one that can't be
+/// written, is not asked about.
+/// @throws RuntimeError when the comment file can't be read
 Upgrade CheckCommentsDBF(const forms::Ports& ports, engine::Engine& engine, const common::Globals& globals,
                          const QString& path);
 

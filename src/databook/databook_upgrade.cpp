@@ -76,7 +76,8 @@ void CheckCompDBF2(const forms::Ports& ports, engine::Engine& engine, const comm
 {
     const RoutineScope scope{"CheckCompDBF2"};
     try {
-        if (HasAllFields(ports, engine, globals, path, table))
+        // One that can't be written is not asked about: Yes would come to nothing.
+        if (HasAllFields(ports, engine, globals, path, table) || !store::TakesFields(engine, path))
             return;
     } catch (const RuntimeError&) {
         common::TakeGivenUp();
@@ -86,16 +87,20 @@ void CheckCompDBF2(const forms::Ports& ports, engine::Engine& engine, const comm
         forms::Answer::Yes)
         return;
     datDatabook.Close();
-    common::Guarded(ports.prompter, [&] {
-        try {
-            static_cast<void>(store::AppendAlone(ports, engine, path, table));
-        } catch (const RuntimeError& failure) {
-            if (failure.Number() != error::kBadFileName)
-                throw;
-            ports.prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Critical, kUnableTitle,
-                                  kUnable.arg(path, globals.productName));
-        }
-    });
+    try {
+        common::Guarded(ports.prompter, [&] {
+            try {
+                static_cast<void>(store::AppendAlone(ports, engine, path, table));
+            } catch (const RuntimeError& failure) {
+                if (failure.Number() != error::kBadFileName)
+                    throw;
+                ports.prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Critical, kUnableTitle,
+                                      kUnable.arg(path, globals.productName));
+            }
+        });
+    } catch (const RuntimeError& failure) {
+        common::ReportError(ports.prompter, failure); // and the start goes on with the old table
+    }
 }
 
 } // namespace vasclip::databook

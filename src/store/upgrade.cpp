@@ -1,9 +1,12 @@
 #include "store/upgrade.h"
 
 #include "platform/engine/errors.h"
+#include "platform/engine/genuine_file.h"
 #include "platform/text/runtime_error.h"
 #include "store/fields.h"
 #include "store/messages.h"
+
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -54,6 +57,16 @@ std::optional<qsizetype> ReferenceCount(const forms::Ports& ports, engine::Engin
         ports.prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Critical, kCountTitle, kCountText);
         return std::nullopt;
     }
+}
+
+bool TakesFields(engine::Engine& engine, const QString& path)
+{
+    const auto database = engine.OpenDatabase(path, engine::OpenMode::ReadOnly);
+    const bool genuine = engine::IsGenuine(*database);
+    database->Close();
+    const QFileInfo file(engine.Disk().ToNative(path));
+    return !genuine && file.isWritable() && QFileInfo(file.absolutePath()).isWritable() &&
+           (engine.Disk().GetAttr(path) & files::ReadOnly) == 0;
 }
 
 void AppendMissing(engine::Database& database, const QString& table)

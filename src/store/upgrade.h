@@ -12,6 +12,10 @@
 
 namespace vasclip::store {
 
+/// May fields be appended to a database? Not to one of Access, nor to one that this user can't write.
+/// @throws RuntimeError when it can't be read
+[[nodiscard]] bool TakesFields(engine::Engine& engine, const QString& path);
+
 using namespace Qt::StringLiterals;
 
 inline const QString kUpdated =

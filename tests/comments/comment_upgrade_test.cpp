@@ -1,6 +1,8 @@
 #include "comments/comment_upgrade.h"
 
 #include "comment_home.h"
+#include "store/convert.h"
+#include "support/refusing_back_end.h"
 #include "support/standing_time.h"
 
 namespace vasclip::comments {
@@ -127,12 +129,40 @@ TEST_F(CommentUpgrade, WaitsForTheOthersUntilTheUserGivesUp)
     EXPECT_EQ(Count(local), whole - kAdded.size());
 }
 
-TEST_F(CommentUpgrade, AReadOnlyFileSaysSoAndStays)
+TEST_F(CommentUpgrade, AReadOnlyFileIsNotAskedAbout)
 {
     MakeOld(local, kAdded);
     home.disk.SetAttr(local, files::ReadOnly);
+    EXPECT_EQ(CheckCommentsDBF(ports, engine, globals, local), Upgrade::NotNeeded);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(CommentUpgrade, NorIsOneThatAccessMade)
+{
+    MakeOld(u"C:\\USER\\ours.mdb"_s, kAdded);
+    ASSERT_TRUE(store::ConvertDatabase(
+        engine, {.source = u"C:\\USER\\ours.mdb"_s, .target = local, .to = engine::DatabaseKind::Access}));
+    EXPECT_EQ(CheckCommentsDBF(ports, engine, globals, local), Upgrade::NotNeeded);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+}
+
+TEST_F(CommentUpgrade, ATableInUseIsTold)
+{
+    MakeOld(local, kAdded);
+    engine.AddBackEnd(std::make_unique<tests::RefusingBackEnd>(home.disk, 3211));
     doubles.prompter.Answer(forms::Answer::Yes);
-    EXPECT_NE(tests::NumberOf([&] { CheckCommentsDBF(ports, engine, globals, local); }), 0);
+    EXPECT_EQ(CheckCommentsDBF(ports, engine, globals, local), Upgrade::Locked);
+    EXPECT_EQ(doubles.prompter.Last().text,
+              u"The database engine could not lock table 'COMPS' because it is already in use by another person or process. The update cannot continue."_s);
+}
+
+TEST_F(CommentUpgrade, AFailureIsToldAndTheOldTableGoesOn)
+{
+    MakeOld(local, kAdded);
+    engine.AddBackEnd(std::make_unique<tests::RefusingBackEnd>(home.disk, 52));
+    doubles.prompter.Answer(forms::Answer::Yes);
+    EXPECT_EQ(CheckCommentsDBF(ports, engine, globals, local), Upgrade::Failed);
+    EXPECT_TRUE(doubles.prompter.Last().text.startsWith(u"Refused."_s));
     EXPECT_EQ(Count(local), whole - kAdded.size());
 }
 

@@ -3,6 +3,8 @@
 #include "comments/frm_comment.h"
 
 #include "comment_home.h"
+#include "store/convert.h"
+#include "support/refusing_back_end.h"
 #include "support/standing_time.h"
 
 namespace vasclip::comments {
@@ -120,6 +122,33 @@ TEST(Captions, AreFitted)
     EXPECT_EQ(FitCaption(u"Level lot with a view"_s, 10), u"Level lot\u2026"_s);
     EXPECT_EQ(FitCaption(u"A & B"_s, 8), u"A && B"_s);
     EXPECT_EQ(FitCaption(u"two\r\nlines"_s, 20), u"two lines"_s);
+}
+
+TEST_F(FrmFKey, AFileThatCanNotBeUpgradedStillHasItsPhrases)
+{
+    CreateCommentFile(engine, globals, local);
+    Fill(local, u"SITE"_s, {u"Level"_s});
+    engine.OpenDatabase(local, engine::OpenMode::Exclusive)->AppendField(u"COMPS"_s, {.name = u"MORE"_s, .size = 5});
+    engine.AddBackEnd(std::make_unique<tests::RefusingBackEnd>(home.disk, 3027));
+    doubles.prompter.Answer(forms::Answer::Yes);
+    entry.Open();
+    entry.Enter();
+    EXPECT_TRUE(doubles.prompter.Last().text.startsWith(u"Refused."_s));
+    EXPECT_EQ(Captions().first(), u"Level"_s);
+}
+
+TEST_F(FrmFKey, AnAccessFileOfAnOlderLayoutHasItsPhrasesUnasked)
+{
+    const QString ours = u"C:\\USER\\ours.mdb"_s;
+    CreateCommentFile(engine, globals, ours);
+    Fill(ours, u"SITE"_s, {u"Level"_s});
+    engine.OpenDatabase(ours, engine::OpenMode::Exclusive)->AppendField(u"COMPS"_s, {.name = u"MORE"_s, .size = 5});
+    ASSERT_TRUE(store::ConvertDatabase(engine,
+                                       {.source = ours, .target = local, .to = engine::DatabaseKind::Access}));
+    entry.Open();
+    entry.Enter();
+    EXPECT_TRUE(doubles.prompter.Boxes().empty()) << doubles.prompter.Last().text.toStdString();
+    EXPECT_EQ(Captions().first(), u"Level"_s);
 }
 
 TEST_F(FrmFKey, TheButtonsShowWhatTheKeysHold)

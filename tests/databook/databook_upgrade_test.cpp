@@ -3,6 +3,7 @@
 #include "store/upgrade.h"
 #include "support/databook_home.h"
 #include "support/error_number.h"
+#include "support/refusing_back_end.h"
 
 #include <QElapsedTimer>
 
@@ -204,6 +205,66 @@ TEST_F(DatabookUpgrade, CopiesTheReferenceFilesIntoTheScratchOnes)
     Copy2Temp(engine, globals);
     EXPECT_EQ(store::FieldCount(engine, u"C:\\TEMPCOMP.MDB"_s), whole);
     EXPECT_TRUE(engine.OpenDatabase(u"C:\\USER\\TEMPCMTS.MDB"_s)->TableNames().contains(u"CITIES"_s));
+}
+
+TEST_F(DatabookUpgrade, ATableInUseIsToldAndTheSourceStaysClosed)
+{
+    MakeOld(kAdded);
+    Bind(source);
+    engine.AddBackEnd(std::make_unique<tests::RefusingBackEnd>(disk, 3211));
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Check();
+    EXPECT_EQ(doubles.prompter.Texts(),
+              (QStringList{kQuestion, u"The database engine could not lock table 'COMPS' because it is already in use by another person or process. The update cannot continue."_s}));
+    EXPECT_FALSE(source.Bound());
+    EXPECT_EQ(Fields().size(), whole - kAdded.size());
+}
+
+TEST_F(DatabookUpgrade, APathThatIsNoneIsToldWithIt)
+{
+    MakeOld(kAdded);
+    engine.AddBackEnd(std::make_unique<tests::RefusingBackEnd>(disk, 52));
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Check();
+    EXPECT_EQ(doubles.prompter.Last(),
+              (tests::ShownBox{forms::Buttons::Ok, forms::Icon::Critical, u"Unable to Connect to Database"_s,
+                               u"Unable to Connect to C:\\DATABOOK.MDB.  Please very connectivity to the correct database location before opening Vasclip."_s}));
+}
+
+TEST_F(DatabookUpgrade, AnUpgradeThatFailsIsToldAndTheStartGoesOn)
+{
+    MakeOld(kAdded);
+    engine.AddBackEnd(std::make_unique<tests::RefusingBackEnd>(disk, 3027));
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Check();
+    ASSERT_EQ(doubles.prompter.Boxes().size(), 2U);
+    EXPECT_TRUE(doubles.prompter.Last().text.startsWith(u"Refused."_s));
+    EXPECT_EQ(Fields().size(), whole - kAdded.size());
+}
+
+TEST_F(DatabookUpgrade, OneThatCanNotBeWrittenIsNotAskedAbout)
+{
+    MakeOld(kAdded);
+    disk.SetAttr(path, files::ReadOnly);
+    Check();
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    disk.SetAttr(path, 0);
+    doubles.prompter.Answer(forms::Answer::No);
+    Check();
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1U);
+}
+
+TEST_F(DatabookUpgrade, TheUsersOwnTemplateGoesFirst)
+{
+    MakeOld({u"OTHERAREA2"_s});
+    disk.FileCopy(path, u"C:\\USER\\newdata.mdb"_s);
+    store::MakeDatabase(engine, u"C:\\VAS2000\\NEWDATA.MDB"_s);
+    Check();
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    disk.Kill(u"C:\\USER\\newdata.mdb"_s);
+    doubles.prompter.Answer(forms::Answer::No);
+    Check();
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1U);
 }
 
 TEST_F(DatabookUpgrade, AKillLeavesTheFileAsBeforeOrAsAfter)
