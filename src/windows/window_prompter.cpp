@@ -179,16 +179,21 @@ QStringList DialogFilters(const QString& filter)
 
 QString WindowPrompter::OpenDialog(const QString& filter, const QString& title, const QString& directory)
 {
-    return Choose(DialogFilters(filter), title, directory, false);
+    return Choose(DialogFilters(filter), title, directory, Wanted::File);
+}
+
+QString WindowPrompter::NewFileDialog(const QString& filter, const QString& title, const QString& directory)
+{
+    return Choose(DialogFilters(filter), title, directory, Wanted::NewFile);
 }
 
 QString WindowPrompter::ChooseDirectory(const QString& title, const QString& directory)
 {
-    return Choose({}, title, directory, true);
+    return Choose({}, title, directory, Wanted::Directory);
 }
 
 QString WindowPrompter::Choose(const QStringList& filters, const QString& title, const QString& directory,
-                               bool directories)
+                               Wanted wanted)
 {
     const PlainPointer pointer;
     QString start;
@@ -199,8 +204,15 @@ QString WindowPrompter::Choose(const QStringList& filters, const QString& title,
     }
     for (;;) {
         QFileDialog dialog(Owner(), title, start);
-        dialog.setFileMode(directories ? QFileDialog::Directory : QFileDialog::ExistingFile);
-        dialog.setOption(QFileDialog::ShowDirsOnly, directories);
+        dialog.setFileMode(wanted == Wanted::Directory ? QFileDialog::Directory
+                           : wanted == Wanted::NewFile ? QFileDialog::AnyFile
+                                                       : QFileDialog::ExistingFile);
+        dialog.setOption(QFileDialog::ShowDirsOnly, wanted == Wanted::Directory);
+        if (wanted == Wanted::NewFile) {
+            dialog.setAcceptMode(QFileDialog::AcceptSave);
+            dialog.setOption(QFileDialog::DontConfirmOverwrite); // a file that is there is the asker's to speak of
+            dialog.setLabelText(QFileDialog::Accept, title);
+        }
         if (!filters.isEmpty())
             dialog.setNameFilters(filters);
         QList<QUrl> places;

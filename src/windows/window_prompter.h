@@ -1,5 +1,6 @@
 #pragma once
 
+#include "forms/new_file.h"
 #include "forms/ports.h"
 
 #include <functional>
@@ -13,7 +14,7 @@ class Disk;
 namespace vasclip::windows {
 
 /// Real boxes on the screen.
-class WindowPrompter : public forms::Prompter
+class WindowPrompter : public forms::Prompter, public forms::NewFilePrompter
 {
 public:
     explicit WindowPrompter(const files::Disk& disk);
@@ -34,11 +35,13 @@ public:
     /// Offers to do something. @param action  the words of its button; @return false for Cancel
     bool Offer(const QString& action, const QString& title, const QString& text);
     QString OpenDialog(const QString& filter, const QString& title, const QString& directory) override;
+    QString NewFileDialog(const QString& filter, const QString& title, const QString& directory) override;
     QString ChooseDirectory(const QString& title, const QString& directory) override;
 
 private:
+    enum class Wanted { File, NewFile, Directory };
     [[nodiscard]] QString Choose(const QStringList& filters, const QString& title, const QString& directory,
-                                 bool directories);
+                                 Wanted wanted);
     [[nodiscard]] QWidget* Owner() const;
     const files::Disk& m_disk;
     QWidget* m_owner = nullptr;

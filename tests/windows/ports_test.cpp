@@ -124,6 +124,19 @@ TEST(PrompterDialog, AFileOnADriveComesBackAsItsDrivePath)
               u"C:\\VASSNAP\\OTHER.MDB"_s);
 }
 
+TEST(PrompterDialog, ANewFileNeedNotBeThereAndOneThatIsThereIsNotAskedAbout)
+{
+    const tests::TempHome home;
+    home.Put(u"C:\\VASSNAP\\OTHER.MDB"_s);
+    WindowPrompter prompter(home.disk);
+    for (const QString& name : {u"FRESH"_s, u"FRESH."_s, u"FRESH.MDB"_s, u"OTHER.MDB"_s}) {
+        DialogHand hand(home.Native(u"drive_c/VASSNAP/"_s + name));
+        EXPECT_EQ(prompter.NewFileDialog(u"*.mdb|Access"_s, u"Create"_s, u"C:\\VASSNAP\\"_s).toUpper(),
+                  u"C:\\VASSNAP\\"_s + name);
+        EXPECT_EQ(hand.boxes, 0) << name.toStdString();
+    }
+}
+
 TEST(PrompterDialog, CancelIsEmptyAndABadDirectoryIsNoObstacle)
 {
     const tests::TempHome home;
