@@ -3,16 +3,31 @@
 #include "platform/engine/sql_name.h"
 #include "platform/text/text.h"
 #include "store/messages.h"
-#include "store/record.h"
 #include "store/transaction.h"
 
 namespace vasclip::store {
 
 namespace {
 
+QString Quoted(QString text)
+{
+    return u'\'' + text.replace(u'\'', u"''"_s) + u'\'';
+}
+
 QString OfKey(const QString& key)
 {
-    return u" WHERE [%1] = '%2'"_s.arg(kKeyIndex, QString(text::Trim(key)).replace(u'\'', u"''"_s));
+    return u" WHERE [%1] = "_s.arg(kKeyIndex) + Quoted(text::Trim(key));
+}
+
+/// Gives a record what the one before it held in fields that the source lacks.
+void Keep(engine::Database& database, const QString& into, const QString& key, const FieldValues& kept)
+{
+    QStringList settings;
+    for (auto value = kept.cbegin(); value != kept.cend(); ++value)
+        if (value->isValid())
+            settings.append(engine::Bracketed(value.key()) + u" = "_s + Quoted(value->toString()));
+    if (!settings.isEmpty())
+        static_cast<void>(database.Execute(u"UPDATE "_s + into + u" SET "_s + settings.join(u", "_s) + OfKey(key)));
 }
 
 bool IsThere(engine::Engine& engine, const MoveTarget& target, const QString& key)
@@ -23,15 +38,18 @@ bool IsThere(engine::Engine& engine, const MoveTarget& target, const QString& ke
 
 } // namespace
 
-Moved MoveRecord(DataSource& source, const QString& key, const MoveTarget& target, SameKey same,
+Moved MoveRecord(DataSource& source, const QString& key, const Record& seen, const MoveTarget& target, SameKey same,
                  const QMap<QString, QByteArray>& fill, const QString& words)
 {
     engine::Database& database = source.Database();
     const QString into = engine::Bracketed(target.file) + u'.' + engine::Bracketed(target.table);
     const QString columns = u'[' + target.fields.join(u"], ["_s) + u']';
     Transaction whole(source);
-    if (!ReadRecord(source, key))
+    const auto now = ReadRecord(source, key);
+    if (!now)
         return Moved::Gone;
+    if (now->Values() != seen.Values())
+        return Moved::Changed;
     if (!fill.isEmpty()) {
         Change change(source, Change::OfKey{key}, words);
         for (auto value = fill.cbegin(); value != fill.cend(); ++value)
@@ -45,9 +63,11 @@ Moved MoveRecord(DataSource& source, const QString& key, const MoveTarget& targe
     if (database.Execute(append) == 0) {
         if (same == SameKey::Leave && IsThere(source.Engine(), target, key))
             return Moved::KeyTaken;
+        const FieldValues kept = same == SameKey::Replace && target.kept ? target.kept() : FieldValues();
         replaced = same == SameKey::Replace && database.Execute(u"DELETE FROM "_s + into + OfKey(key)) > 0;
         if (!replaced || database.Execute(append) == 0)
             return Moved::Refused;
+        Keep(database, into, key, kept);
     }
     static_cast<void>(Change::DeleteKey(source, key, QString(words).replace(u"%1"_s, text::Trim(key))));
     whole.Commit();

@@ -1,10 +1,8 @@
 #include "upkeep/archive_records.h"
 
 #include "common/error_block.h"
-#include "common/paths.h"
 #include "platform/engine/errors.h"
 #include "photos/photo_files.h"
-#include "photos/photo_list.h"
 #include "platform/text/dates.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
@@ -12,7 +10,8 @@
 #include "store/messages.h"
 #include "store/move_record.h"
 #include "store/record.h"
-#include "store/upgrade.h"
+#include "upkeep/archive_pictures.h"
+#include "upkeep/archive_target.h"
 #include "upkeep/named_pictures.h"
 
 namespace vasclip::upkeep {
@@ -21,7 +20,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-const QString kFrontView = u"FRONT VIEW"_s;
 const QString kMoveWords = u"Archive %1"_s;
 const QString kNoDate = u"01/01/1900"_s;
 const QString kOverwrite = u"Overwrite %1"_s;
@@ -36,6 +34,9 @@ const QString kOtherPicture =
     u"%1: the archive has another picture named %2; the record stays. Give that view of it another picture first"_s;
 
 const QString kRefused = u"%1: %2; the record stays"_s;
+const QString kBlanksFirst = u"%1: nothing finds its key, which begins with a blank; the record stays"_s;
+const QString kBusy = u"%1: somebody else goes on changing it; the record stays"_s;
+constexpr int kTries = 5; ///< at a record that others change under the hands
 
 /// Does a failure stand for this record alone, so that the next one may well go?
 bool IsOfTheRecord(const RuntimeError& failure)
@@ -72,49 +73,28 @@ public:
         : m_work(work)
         , m_step(step)
         , m_archive(work.databook.Engine(), u"datarchive"_s)
+        , m_pictures(work.disk, work.globals.G_PhotoDir, work.file)
     {}
     Archived Run();
 
 private:
-    void CompleteFields();
     void ChooseFields();
-    void Take(const QString& key, const store::Record& record);
+    void TakeKey(const QString& key);
+    [[nodiscard]] bool Take(const QString& key, const store::Record& record);
+    [[nodiscard]] store::FieldValues OwnFields(const QString& key) const;
     [[nodiscard]] bool IsEqual(const store::Record& ours, const store::Record& theirs) const;
-    [[nodiscard]] QStringList PictureFiles(const store::Record& record, QStringList& missing) const;
-    [[nodiscard]] bool CopyPictures(const QString& key, const QStringList& stems, bool mayReplace);
     [[nodiscard]] QMap<QString, QByteArray> FrontPhoto(const store::Record& record) const;
 
     const ArchiveWork& m_work;
     const ArchiveStep& m_step;
     store::DataSource m_archive;
     store::MoveTarget m_target;
-    QStringList m_lacking; ///< fields of the Databook that the archive has no place for
+    QStringList m_ownFields; ///< of the archive, which the Databook lacks
+    QStringList m_lacking;   ///< fields of the Databook that the archive has no place for
+    ArchivedPictures m_pictures;
     NamedPictures m_named;
     Archived m_done;
 };
-
-/// An archive of an older layout gets the fields that it lacks: without them a moved record would lose what they hold.
-void Archiving::CompleteFields()
-{
-    try {
-        const auto database = m_work.databook.Engine().OpenDatabase(m_work.file, engine::OpenMode::ReadOnly);
-        const engine::FieldList held = database->Table(m_work.table).fields;
-        database->Close();
-        engine::FieldList wanted = m_work.databook.Fields();
-        wanted.removeIf([&](const engine::Field& field) {
-            return std::ranges::any_of(held, [&](const engine::Field& there) {
-                return there.name.compare(field.name, Qt::CaseInsensitive) == 0;
-            });
-        });
-        if (wanted.isEmpty())
-            return;
-        const auto alone = m_work.databook.Engine().OpenDatabase(m_work.file, engine::OpenMode::Exclusive);
-        store::AppendFields(*alone, m_work.table, wanted);
-        alone->Close();
-    } catch (const RuntimeError&) {
-        // Somebody has it open, or it can't be changed: records that need the fields stay, each with its line.
-    }
-}
 
 void Archiving::ChooseFields()
 {
@@ -123,56 +103,28 @@ void Archiving::ChooseFields()
     for (const engine::Field& field : m_work.databook.Fields())
         (m_archive.FieldIndex(field.name) >= 0 ? m_target.fields : m_lacking).append(field.name.toUpper());
     m_lacking.removeAll(QString(fields::FRONTPHOTO)); // its picture goes as a file
+    m_ownFields.clear();
+    for (const engine::Field& field : m_archive.Fields())
+        // A picture in the row goes with the record that it shows.
+        if (m_work.databook.FieldIndex(field.name) < 0 && field.type != engine::FieldType::LongBinary &&
+            field.type != engine::FieldType::Binary)
+            m_ownFields.append(field.name.toUpper());
 }
 
-/// Stems of the record's pictures that are there. @param missing  takes the others
-QStringList Archiving::PictureFiles(const store::Record& record, QStringList& missing) const
+store::FieldValues Archiving::OwnFields(const QString& key) const
 {
-    QStringList stems;
-    if (!record.Has(fields::PHOTOS))
-        return stems;
-    for (const auto& [view, listed] : photos::ParsePhotos(record.Text(fields::PHOTOS))) {
-        const QString stem = text::Trim(listed);
-        if (stem.isEmpty() || stem.contains(u'\\'))
-            continue;
-        const bool isThere = m_work.disk.FileExists(common::CkRSlash(m_work.globals.G_PhotoDir) + stem + u".jpg"_s);
-        (isThere ? stems : missing).append(stem);
-    }
-    return stems;
-}
-
-/// @return false if the archive has another picture of a name
-bool Archiving::CopyPictures(const QString& key, const QStringList& stems, bool mayReplace)
-{
-    const QString directory = ArchivePictures(m_work.file);
-    const files::Disk& disk = m_work.disk;
-    if (!stems.isEmpty() && !disk.DirExists(directory))
-        disk.MkDir(directory.chopped(1));
-    for (const QString& stem : stems) {
-        const QString from = common::CkRSlash(m_work.globals.G_PhotoDir) + stem + u".jpg"_s;
-        const QString into = directory + stem + u".jpg"_s;
-        if (disk.Found(into, files::ReadOnly | files::Hidden)) {
-            if (disk.FileLen(into) == disk.FileLen(from) && disk.ReadWhole(into) == disk.ReadWhole(from))
-                continue;
-            if (!mayReplace) {
-                m_done.left.append(kOtherPicture.arg(key, stem + u".jpg"_s));
-                return false;
-            }
-        }
-        static_cast<void>(disk.FileCopyChecked(from, into, [](qint64) { return true; }));
-    }
-    return true;
+    store::FieldValues held;
+    if (const auto there = store::ReadRecord(m_archive, key))
+        for (const QString& field : m_ownFields)
+            held.insert(field, there->Value(field));
+    return held;
 }
 
 QMap<QString, QByteArray> Archiving::FrontPhoto(const store::Record& record) const
 {
-    if (!m_target.fields.contains(fields::FRONTPHOTO))
-        return {};
-    const QString stem = photos::PhotoList(record).StemOf(kFrontView);
-    const QString file = common::CkRSlash(m_work.globals.G_PhotoDir) + stem + u".jpg"_s;
-    if (stem.isEmpty() || !m_work.disk.FileExists(file))
-        return {};
-    return {{fields::FRONTPHOTO, m_work.disk.ReadWhole(file)}};
+    const QByteArray picture =
+        m_target.fields.contains(fields::FRONTPHOTO) ? m_pictures.FrontOf(record) : QByteArray();
+    return picture.isNull() ? QMap<QString, QByteArray>() : QMap<QString, QByteArray>{{fields::FRONTPHOTO, picture}};
 }
 
 bool Archiving::IsEqual(const store::Record& ours, const store::Record& theirs) const
@@ -182,12 +134,13 @@ bool Archiving::IsEqual(const store::Record& ours, const store::Record& theirs) 
     });
 }
 
-void Archiving::Take(const QString& key, const store::Record& record)
+/// @return false if it is another record by now, and has to be looked at anew
+bool Archiving::Take(const QString& key, const store::Record& record)
 {
     for (const QString& field : std::as_const(m_lacking))
         if (const QString held = record.Text(field); !held.isEmpty()) {
             m_done.left.append(kNoField.arg(key, field, held));
-            return;
+            return true;
         }
     const auto there = store::ReadRecord(m_archive, key);
     // What the archive has word for word needs no question: it was put back there from it, or copied.
@@ -195,15 +148,16 @@ void Archiving::Take(const QString& key, const store::Record& record)
     if (there && !equal && m_work.duplicates == Duplicates::Ask &&
         !m_work.ports.prompter.YesNo(store::kPlainTitle, kOverwrite.arg(key))) {
         m_done.left.append(kStays.arg(key));
-        return;
+        return true;
     }
     QStringList missing;
-    const QStringList stems = PictureFiles(record, missing);
-    const bool own = there && there->Has(fields::PHOTOS) && record.Has(fields::PHOTOS) &&
-                     there->Text(fields::PHOTOS) == record.Text(fields::PHOTOS);
-    if (!CopyPictures(key, stems, own))
-        return;
-    switch (store::MoveRecord(m_work.databook, key, m_target,
+    const QStringList stems = m_pictures.StemsOf(record, missing);
+    if (const QString other = m_pictures.Copy(stems, m_archive, there); !other.isEmpty()) {
+        m_done.left.append(kOtherPicture.arg(key, other));
+        return true;
+    }
+    m_target.kept = [this, &key] { return OwnFields(key); };
+    switch (store::MoveRecord(m_work.databook, key, record, m_target,
                               there ? store::SameKey::Replace : store::SameKey::Leave, FrontPhoto(record),
                               kMoveWords)) {
     case store::Moved::Done:
@@ -214,12 +168,14 @@ void Archiving::Take(const QString& key, const store::Record& record)
         break;
     case store::Moved::KeyTaken:
         m_done.left.append(kStays.arg(key));
-        return;
+        return true;
     case store::Moved::Refused:
         m_done.left.append(kKeptOut.arg(key));
-        return;
+        return true;
+    case store::Moved::Changed:
+        return false;
     case store::Moved::Gone:
-        return;
+        return true;
     }
     for (const QString& stem : std::as_const(missing))
         m_done.missing.append(kMissing.arg(key, stem, m_work.globals.G_PhotoDir));
@@ -228,11 +184,29 @@ void Archiving::Take(const QString& key, const store::Record& record)
     QStringList gone = stems;
     gone.removeIf([this](const QString& stem) { return m_named.Has(stem); });
     m_done.pictures += photos::DeletePhotos(m_work.ports, m_work.disk, m_work.globals.G_PhotoDir, gone);
+    return true;
+}
+
+/// What stands under the key is taken; while it was copied somebody may have stored another date or another picture.
+void Archiving::TakeKey(const QString& key)
+{
+    const QDate today = m_work.ports.clock.Today();
+    for (int tried = 0; tried < kTries; ++tried) {
+        const auto record = store::ReadRecord(m_work.databook, key);
+        if (!record) {
+            if (tried == 0)
+                m_done.left.append(kBlanksFirst.arg(key));
+            return;
+        }
+        if (!InRange(record->Text(fields::SALEDATE), m_work.range, today) || Take(key, *record))
+            return;
+    }
+    m_done.left.append(kBusy.arg(key));
 }
 
 Archived Archiving::Run()
 {
-    CompleteFields();
+    CompleteFields(m_work.databook, m_work.file, m_work.table);
     m_archive.Open(m_work.file, m_work.table, store::SourceKind::Table);
     ChooseFields();
     m_named = NamedPictures(m_work.databook);
@@ -255,8 +229,7 @@ Archived Archiving::Run()
             key = row ? row->Text(fields::CENTRALKEY) : QString();
             if (key.isEmpty() || !InRange(row->Text(fields::SALEDATE), m_work.range, today))
                 continue;
-            if (const auto record = store::ReadRecord(m_work.databook, key))
-                Take(key, *record);
+            TakeKey(key);
         } catch (const RuntimeError& failure) {
             if (!IsOfTheRecord(failure)) {
                 m_done.failure = failure;
@@ -280,12 +253,6 @@ bool InRange(const QString& saleDate, const SaleRange& range, QDate today)
     const auto start = bound(range.start);
     const auto stop = bound(range.stop);
     return day && start && stop && *start <= *day && *day <= *stop;
-}
-
-QString ArchivePictures(const QString& file)
-{
-    const qsizetype dot = file.lastIndexOf(u'.');
-    return (dot > file.lastIndexOf(u'\\') ? file.left(dot) : file) + u"_JPG\\"_s;
 }
 
 Archived CopyArchiveData(const ArchiveWork& work, const ArchiveStep& step)

@@ -53,9 +53,6 @@ struct Archived
 /// Told before each record; false stops behind the one before it.
 using ArchiveStep = std::function<bool(qint64 done, qint64 of, const Archived& soFar)>;
 
-/// Where the pictures of an archive are: a directory beside its file.
-[[nodiscard]] QString ArchivePictures(const QString& file);
-
 /// Moves every record in range into the archive, each with its pictures and in a transaction over both files: whatever
 /// ends it, a record is in one of them, and where it is its pictures are. Its front picture goes into the row too, so
 /// that an import brings it back.

@@ -3,8 +3,11 @@
 #include "common/error_block.h"
 #include "common/paths.h"
 #include "databook/frm_calendar.h"
+#include "forms/new_file.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
+#include "upkeep/archive_pictures.h"
+#include "upkeep/archive_target.h"
 #include "upkeep/file_names.h"
 #include "upkeep/tables.h"
 #include "upkeep/target_file.h"
@@ -25,15 +28,10 @@ const QString kCreateFile = u"Create %1?"_s;
 const QString kDeleteFile = u"Delete %1.  Are you sure?"_s;
 const QString kOnlyPending = u"Without dates only pending sales (01/01/1900) are archived."_s;
 const QString kFromTo = u"Records sold from %1 to %2 are archived, both days included."_s;
+const QString kFromToAndPending =
+    u"Records sold from %1 to %2 are archived, both days included, and all pending sales (01/01/1900)."_s;
+const QString kPicturesStay = u"%1 was deleted. Its pictures are still in %2."_s;
 const QString kMissing = u"File %1 does not exist."_s;
-
-/// The name that a new archive gets of what was typed.
-QString ArchiveName(const QString& typed)
-{
-    const qsizetype slash = typed.lastIndexOf(u'\\');
-    const qsizetype dot = typed.lastIndexOf(u'.');
-    return (dot > slash ? typed.left(dot) : typed) + u".MDB"_s;
-}
 
 } // namespace
 
@@ -192,8 +190,11 @@ void frm_Archive::ShowRange()
 {
     if (text::Trim(txtstartdate.Text()).isEmpty() && text::Trim(txtenddate.Text()).isEmpty())
         lblRange.SetCaption(kOnlyPending);
+    else if (const SaleRange range{txtstartdate.Text(), txtenddate.Text()};
+             InRange(DateOf({}), range, m_desk.ports.clock.Today()))
+        lblRange.SetCaption(kFromToAndPending.arg(DateOf(range.start), DateOf(range.stop)));
     else
-        lblRange.SetCaption(kFromTo.arg(DateOf(txtstartdate), DateOf(txtenddate)));
+        lblRange.SetCaption(kFromTo.arg(DateOf(range.start), DateOf(range.stop)));
 }
 
 void frm_Archive::ShowCounts(const Archived& done)
@@ -216,7 +217,7 @@ void frm_Archive::cmdcreate_Click()
     const common::RoutineScope scope{"cmdcreate"};
     if (m_busy)
         return;
-    QString chosen = Prompter().OpenDialog(kFilter, u"Create"_s, common::CkRSlash(txtPath.Text()));
+    QString chosen = forms::ChooseNewFile(Prompter(), kFilter, u"Create"_s, common::CkRSlash(txtPath.Text()));
     if (chosen.isEmpty())
         return;
     const files::Disk& disk = m_desk.Disk();
@@ -250,7 +251,8 @@ void frm_Archive::cmddelete_Click()
         return;
     try {
         m_desk.Disk().Kill(file);
-        Tell(u"%1 was deleted."_s.arg(file));
+        const QString pictures = ArchivePictures(file);
+        Tell(m_desk.Disk().DirExists(pictures) ? kPicturesStay.arg(file, pictures) : u"%1 was deleted."_s.arg(file));
     } catch (const RuntimeError& failure) {
         common::ReportError(Prompter(), failure);
     }

@@ -52,11 +52,12 @@ private:
     void ShowRange();
     void ShowCounts(const Archived& done);
     void EnableButtons();
-    /// The date in a box; an empty one stands for the day of a pending sale.
-    [[nodiscard]] static QString DateOf(const forms::TextBox& box);
+    /// The date that was typed in a box; an empty one stands for the day of a pending sale.
+    [[nodiscard]] static QString DateOf(const QString& typed);
     [[nodiscard]] bool DatesAreGood();
     [[nodiscard]] bool PrepareTarget(const QString& target);
-    [[nodiscard]] bool MayBeginAnew(const QString& target);
+    [[nodiscard]] bool BeginAnew(const QString& target);
+    void ShowAgain();
     void Archive(const QString& target, const QString& table);
 
     TransferDesk m_desk;

@@ -5,13 +5,12 @@
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/messages.h"
+#include "upkeep/archive_pictures.h"
 #include "upkeep/archive_target.h"
 #include "upkeep/file_names.h"
 #include "upkeep/frm_archive.h"
 #include "upkeep/tables.h"
 #include "upkeep/target_file.h"
-
-#include <QScopeGuard>
 
 namespace vasclip::upkeep {
 
@@ -22,7 +21,10 @@ namespace {
 constexpr int kGaugeParts = 1000;
 const QString kExistsTitle = u"Archive File Already Exists"_s;
 const QString kAppend = u"Do you wish to append into existing file %1 ) ?"_s;
-const QString kBeginAnew = u"No begins %1 anew: the %2 records in it go for good. Are you sure?"_s;
+const QString kBeginAnew = u"Delete %1 of %2 and begin it anew?"_s;
+const QString kOtherNow = u"Somebody has changed %1 meanwhile: it had %2. "_s;
+const QString kPicturesStay = u" Its pictures in %1 stay."_s;
+const QString kNotShown = u" The records of the Databook could not be shown again: %1. Press Shift+F5 when this window is closed."_s;
 const QString kItselfTitle = u"Source and Target Files the Same"_s;
 const QString kItself = u"You cannot archive records to itself.  Please select another database."_s;
 const QString kNoDate = u"'%1' is no date. Enter it as mm/dd/yyyy, or leave it empty."_s;
@@ -64,10 +66,10 @@ private:
     frm_Archive& m_screen;
 };
 
-QString frm_Archive::DateOf(const forms::TextBox& box)
+QString frm_Archive::DateOf(const QString& typed)
 {
-    const QString typed = text::Trim(box.Text());
-    return typed.isEmpty() ? u"01/01/1900"_s : typed;
+    const QString date = text::Trim(typed);
+    return date.isEmpty() ? u"01/01/1900"_s : date;
 }
 
 bool frm_Archive::DatesAreGood()
@@ -80,7 +82,7 @@ bool frm_Archive::DatesAreGood()
             return false;
         }
     }
-    if (!InRange(DateOf(txtstartdate), {DateOf(txtstartdate), DateOf(txtenddate)}, today)) {
+    if (!InRange(DateOf(txtstartdate.Text()), {txtstartdate.Text(), txtenddate.Text()}, today)) {
         Tell(kBackwards, forms::Colour::Red);
         txtenddate.SetFocus();
         return false;
@@ -88,16 +90,33 @@ bool frm_Archive::DatesAreGood()
     return true;
 }
 
-/// "No" at the question of appending takes an archive of years away.
-bool frm_Archive::MayBeginAnew(const QString& target)
+/// What "No" at the question of appending takes away, an archive of years perhaps, is asked about once more, and looked
+/// at again just before it goes: others may have begun to archive into it while the questions stood.
+/// @return false if it stays
+bool frm_Archive::BeginAnew(const QString& target)
 {
-    qint64 records = 0;
-    try {
-        records = CountOf(m_desk.Engine(), target, text::Trim(txtTable.Text()));
-    } catch (const RuntimeError&) {
-        // There is no such table: nothing is known of what goes.
+    const files::Disk& disk = m_desk.Disk();
+    const auto records = [&] {
+        try {
+            const qint64 count = CountOf(m_desk.Engine(), target, text::Trim(txtTable.Text()));
+            return count == 1 ? u"the one record"_s : u"the %1 records"_s.arg(count);
+        } catch (const RuntimeError&) {
+            return u"all records"_s; // there is no such table: nothing is known of what goes
+        }
+    };
+    const QString pictures = ArchivePictures(target);
+    const QString stay = disk.DirExists(pictures) ? kPicturesStay.arg(pictures) : QString();
+    QString before;
+    for (QString now = records(); now != before; now = records()) {
+        const QString changed = before.isEmpty() ? QString() : kOtherNow.arg(target, before);
+        if (!Prompter().YesNo(kExistsTitle, changed + kBeginAnew.arg(now, target) + stay) ||
+            RefusesLocked(Prompter(), m_desk.Engine(), kArchiveTo, target))
+            return false;
+        before = now;
     }
-    return Prompter().YesNo(kExistsTitle, kBeginAnew.arg(target).arg(records));
+    if (disk.Found(target, files::ReadOnly | files::Hidden))
+        disk.Kill(target);
+    return true;
 }
 
 /// @return false if the user does not go on
@@ -106,16 +125,16 @@ bool frm_Archive::PrepareTarget(const QString& target)
     const files::Disk& disk = m_desk.Disk();
     MakeDirectoriesOf(disk, target);
     if (disk.Found(target, files::ReadOnly | files::Hidden)) {
-        switch (Prompter().MsgBox(forms::Buttons::YesNoCancel, forms::Icon::Question, kExistsTitle,
+        // A warning stands on Cancel, the one answer that changes no file.
+        switch (Prompter().MsgBox(forms::Buttons::YesNoCancel, forms::Icon::Exclamation, kExistsTitle,
                                   kAppend.arg(target))) {
         case forms::Answer::Yes:
-            return true;
+            return !RefusesLocked(Prompter(), m_desk.Engine(), kArchiveTo, target);
         case forms::Answer::No:
-            if (!MayBeginAnew(target))
-                return false;
             if (IsSameFile(disk, target, m_desk.Databook()))
                 return true; // refused with its words behind this
-            disk.Kill(target);
+            if (!BeginAnew(target))
+                return false;
             break;
         default:
             return false;
@@ -131,6 +150,7 @@ void frm_Archive::cmdarchive_Click()
     if (m_busy)
         return;
     Tell({});
+    ShowCounts({});
     lstaccount.SetVisible(false);
     lblAccount.SetVisible(false);
     const QString name = text::Trim(txtFileName.Text());
@@ -139,7 +159,7 @@ void frm_Archive::cmdarchive_Click()
         Tell(kNeedName, forms::Colour::Red);
         return;
     }
-    txtFileName.SetText(name.contains(u'.') ? name : AddMDBExtension(name));
+    txtFileName.SetText(ArchiveName(name));
     const QString target = File();
     if (!DatesAreGood() ||
         RefusesTarget(Prompter(), m_desk.Engine(), kArchiveTo, target, m_desk.Databook()))
@@ -162,12 +182,21 @@ void frm_Archive::cmdarchive_Click()
     ListFileTables();
 }
 
+/// Whoever holds the Databook just then takes none of the words about what was done.
+void frm_Archive::ShowAgain()
+{
+    try {
+        m_showAgain();
+    } catch (const RuntimeError& failure) {
+        common::ReportError(Prompter(), failure);
+        Tell(lblmsg.Caption() + kNotShown.arg(failure.Description()), forms::Colour::Red);
+    }
+}
+
 void frm_Archive::Archive(const QString& target, const QString& table)
 {
-    ShowCounts({});
     Archived done;
-    const auto shown = qScopeGuard([this] { m_showAgain(); });
-    {
+    try {
         const Work work(*this);
         const forms::Hourglass hourglass(m_desk.ports.window);
         done = CopyArchiveData({m_desk.ports, m_desk.databook, m_desk.globals, m_desk.Disk(), target, table,
@@ -180,6 +209,11 @@ void frm_Archive::Archive(const QString& target, const QString& table)
                                    m_desk.ports.pump.DoEvents();
                                    return !m_stop;
                                });
+    } catch (const RuntimeError& failure) {
+        common::ReportError(Prompter(), failure);
+        Tell(kFailed.arg(failure.Description()), forms::Colour::Red);
+        ShowAgain();
+        return;
     }
     ShowCounts(done);
     lblAccount.SetCaption(done.missing.isEmpty() ? u"Records that stay"_s
@@ -187,11 +221,12 @@ void frm_Archive::Archive(const QString& target, const QString& table)
     lstaccount.SetItems(done.left + done.pictures + done.missing);
     lblAccount.SetVisible(lstaccount.ListCount() > 0);
     lstaccount.SetVisible(lstaccount.ListCount() > 0);
+    Tell(WordsOf(done, target), done.stopped || done.empty || done.failure ? forms::Colour::Red : forms::Colour::Blue);
     if (done.empty)
         Prompter().Box(Caption(), WordsOf(done, target));
     if (done.failure)
         common::ReportError(Prompter(), *done.failure);
-    Tell(WordsOf(done, target), done.stopped || done.empty || done.failure ? forms::Colour::Red : forms::Colour::Blue);
+    ShowAgain();
 }
 
 } // namespace vasclip::upkeep

@@ -1,6 +1,7 @@
 #include "upkeep/target_file.h"
 
 #include "common/paths.h"
+#include "platform/engine/genuine_file.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/schema.h"
@@ -99,7 +100,7 @@ void CopyFromNewData(engine::Engine& engine, const QStringList& templates, const
     if (disk.Found(target, files::ReadOnly | files::Hidden))
         return;
     for (const QString& directory : templates) {
-        if (const QString given = common::CkRSlash(directory) + kTemplate; disk.FileExists(given)) {
+        if (const QString given = common::CkRSlash(directory) + kTemplate; disk.FileExists(given) && !engine::IsGenuineFile(disk, given)) {
             engine.CopyDatabase(given, target);
             return;
         }

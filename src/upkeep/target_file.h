@@ -47,7 +47,8 @@ void NeedTextFile(const files::Disk& disk, const QString& file);
 [[noreturn]] void FailWriting(const QString& shown, const QFileDevice& file);
 
 /// Makes the target from the empty database, if it is not there yet.
-/// @param templates  where NEWDATA.MDB is looked for, in this order; without one an empty database is made
+/// @param templates  where NEWDATA.MDB is looked for, in this order; one of Access is passed over, as its copy could
+///                   not be written. Without one an empty database is made
 /// @throws RuntimeError of disk and engine
 void CopyFromNewData(engine::Engine& engine, const QStringList& templates, const QString& target);
 

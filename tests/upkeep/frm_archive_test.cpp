@@ -1,45 +1,10 @@
-#include "upkeep/archive_home.h"
-#include "upkeep/frm_archive.h"
+#include "upkeep/frm_archive_home.h"
 
 #include "store/convert.h"
 #include "store/record.h"
 
 namespace vasclip::upkeep {
 namespace {
-
-class FrmArchive : public ArchiveHome
-{
-protected:
-    std::unique_ptr<frm_Archive> screen;
-    int letGo = 0;
-    int shown = 0;
-
-    void SetUp() override
-    {
-        ArchiveHome::SetUp();
-        globals.productName = u"Vasclip"_s;
-        globals.G_DataDir = u"C:\\"_s;
-        globals.G_ProgramDir = u"C:\\VAS2000\\"_s;
-        globals.G_Table = table;
-        globals.G_ArchiveDir = u"C:\\ARCHIVE\\"_s;
-        globals.G_ArchiveFile = u"OLD.MDB"_s;
-        globals.G_ArchiveTable = table;
-        disk.MkDir(u"C:\\VAS2000"_s);
-        Comp(u"1 A ST"_s, u"05/05/1995"_s, u"A"_s, u"new"_s);
-        Comp(u"2 B ST"_s, u"05/05/2005"_s);
-        Bind(source);
-        screen = std::make_unique<frm_Archive>(TransferDesk{source, globals, ports}, [this] { ++letGo; },
-                                               [this] { ++shown; });
-        screen->Open();
-    }
-    void Dates(const QString& start, const QString& stop)
-    {
-        screen->txtstartdate.SetText(start);
-        screen->txtenddate.SetText(stop);
-    }
-    void Click(forms::Button& button) { Q_EMIT button.Clicked(); }
-    [[nodiscard]] QString Says() const { return screen->lblmsg.Caption(); }
-};
 
 TEST_F(FrmArchive, OpensOnTheSettingsWithItsWords)
 {
@@ -62,7 +27,7 @@ TEST_F(FrmArchive, OpensOnTheSettingsWithItsWords)
     EXPECT_EQ(screen->cmddelete.Caption(), u"&Delete Database"_s);
     EXPECT_EQ(screen->lblRange.Caption(), u"Without dates only pending sales (01/01/1900) are archived."_s);
     screen->txtenddate.SetText(u"12/31/1999"_s);
-    EXPECT_EQ(screen->lblRange.Caption(), u"Records sold from 01/01/1900 to 12/31/1999 are archived, both days included."_s);
+    EXPECT_EQ(screen->lblRange.Caption(), u"Records sold from 01/01/1900 to 12/31/1999 are archived, both days included, and all pending sales (01/01/1900)."_s);
     screen->ckbDateStamp.SetValue(true);
     EXPECT_EQ(screen->txtFileName.Text(), u"OLD_05-17-24_103000.MDB"_s);
     screen->ckbDateStamp.SetValue(false);
@@ -118,7 +83,7 @@ TEST_F(FrmArchive, CancelStopsAndNoAsksOnceMoreBeforeItBeginsAnew)
     doubles.prompter.Answer(forms::Answer::No);
     Click(screen->cmdarchive);
     EXPECT_EQ(doubles.prompter.Last().text,
-              u"No begins C:\\ARCHIVE\\OLD.MDB anew: the 1 records in it go for good. Are you sure?"_s);
+              u"Delete the one record of C:\\ARCHIVE\\OLD.MDB and begin it anew?"_s);
     EXPECT_EQ(There(), QStringList{u"9 Z ST"_s});
     doubles.prompter.Answer(forms::Answer::No);
     doubles.prompter.Answer(forms::Answer::Yes);

@@ -12,12 +12,17 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// The archive that is named, else the one of the settings.
+/// The archive that is named, else the one of the settings, whose directory a bare name is meant in too.
 QString TargetOf(Session& session, const QCommandLineParser& options)
 {
     const auto& globals = session.Home().globals;
-    return options.isSet(u"file"_s) ? DrivePathOf(session.Disk(), options.value(u"file"_s))
-                                    : common::CkRSlash(globals.G_ArchiveDir) + globals.G_ArchiveFile;
+    const QString named = options.value(u"file"_s);
+    const bool bare = !named.contains(u'/') && !named.contains(u'\\') && !named.contains(u':');
+    if (bare)
+        return common::CkRSlash(globals.G_ArchiveDir) +
+               upkeep::ArchiveName(named.isEmpty() ? globals.G_ArchiveFile : named);
+    const QString path = DrivePathOf(session.Disk(), named);
+    return path.isEmpty() ? path : upkeep::ArchiveName(path);
 }
 
 } // namespace

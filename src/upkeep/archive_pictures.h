@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/files/disk.h"
+#include "store/data_source.h"
+#include "store/record.h"
+
+#include <optional>
+
+namespace vasclip::upkeep {
+
+/// Where the pictures of an archive are: a directory beside its file.
+[[nodiscard]] QString ArchivePictures(const QString& file);
+
+/// The pictures of records on their way into an archive.
+class ArchivedPictures
+{
+public:
+    /// @param file  the archive
+    ArchivedPictures(const files::Disk& disk, const QString& photoDir, const QString& file);
+
+    /// Stems of the record's pictures that are in the photo directory. @param missing  takes those that the archive
+    /// lacks too
+    [[nodiscard]] QStringList StemsOf(const store::Record& record, QStringList& missing) const;
+    /// Copies them into the archive's directory.
+    /// @param archive  its table
+    /// @param there    the record of it that gives way
+    /// @return the name of a picture of which the archive has another one that has to stay, "" when all are copied
+    /// @throws RuntimeError of the disk
+    [[nodiscard]] QString Copy(const QStringList& stems, const store::DataSource& archive,
+                               const std::optional<store::Record>& there) const;
+    /// The picture of the front view, null if there is none. @throws RuntimeError of the disk
+    [[nodiscard]] QByteArray FrontOf(const store::Record& record) const;
+
+private:
+    [[nodiscard]] QString Here(const QString& stem) const { return m_photoDir + stem + QStringLiteral(".jpg"); }
+    [[nodiscard]] QString There(const QString& stem) const { return m_directory + stem + QStringLiteral(".jpg"); }
+    [[nodiscard]] static bool MayReplace(const QString& stem, const store::DataSource& archive,
+                                         const std::optional<store::Record>& there);
+
+    const files::Disk& m_disk;
+    QString m_photoDir, m_directory;
+};
+
+} // namespace vasclip::upkeep
