@@ -100,6 +100,8 @@ void Account::Remark(const QString& key, const QString& words)
 
 QString Account::Summary() const
 {
+    if (m_seen == 0)
+        return u"No record was changed."_s;
     QStringList fields;
     for (auto field = m_fields.cbegin(); field != m_fields.cend(); ++field)
         fields.append(field->emptied == 0 ? u"%1 %2"_s.arg(field.key()).arg(field->changed)

@@ -3,6 +3,7 @@
 #include "common/error_block.h"
 #include "common/paths.h"
 #include "platform/text/runtime_error.h"
+#include "platform/text/text.h"
 #include "upkeep/file_names.h"
 #include "upkeep/frm_del_date.h"
 #include "upkeep/maintenance_messages.h"
@@ -197,10 +198,22 @@ void frm_Maintenance::Click(Repair repair)
         result = Run(repair, deletion);
     }
     ShowAccount();
-    if (m_desk.showAgain)
-        m_desk.showAgain();
     if (!result.message.isEmpty())
         lblmsg.Show(result.message, result.end == RepairEnd::Done ? forms::Colour::Blue : forms::Colour::Red);
+    ShowAgain();
+}
+
+/// Whoever holds the Databook just then takes none of the words about what was done.
+void frm_Maintenance::ShowAgain()
+{
+    if (!m_desk.showAgain)
+        return;
+    try {
+        m_desk.showAgain();
+    } catch (const RuntimeError& failure) {
+        common::ReportError(m_desk.repair.ports.prompter, failure);
+        lblmsg.Show(text::Trim(lblmsg.Caption() + kNotShown.arg(failure.Description())), forms::Colour::Red);
+    }
 }
 
 RepairResult frm_Maintenance::Run(Repair repair, const Deletion& deletion)

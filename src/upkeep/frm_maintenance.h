@@ -45,6 +45,7 @@ private:
     [[nodiscard]] bool Step(const QString& caption, qint64 done, qint64 of);
     [[nodiscard]] RepairResult Run(Repair repair, const Deletion& deletion);
     void ShowAccount();
+    void ShowAgain();
     void EnableButtons();
     [[nodiscard]] std::vector<std::pair<forms::Button*, Repair>> Buttons();
 

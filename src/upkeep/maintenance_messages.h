@@ -87,7 +87,12 @@ inline const QString kShortDate = u"%1 has more than ten letters. Enter the date
 inline const QString kStopped = u"Stopped. Every record is as it was."_s;
 inline const QString kFailed = u"Nothing was changed, every record is as it was: %1."_s;
 inline const QString kClearedPhotos = u"The photos of %1 records were cleared; the picture files are still there."_s;
-inline const QString kPicturesLeft = u" %1 picture files could not be deleted; 'Photos' in the guide says how to find them."_s;
+inline const QString kPicturesLeft = u" %1 picture files could not be deleted; 'Find photos' in the guide says how to find them."_s;
+inline const QString kNoPhotoDirectory =
+    u"The photo directory %1 is not there, so the pictures of the records could not be deleted with them. Connect its "
+    "disk, or name another one in the setup"_s;
+inline const QString kNotShown =
+    u" The records could not be shown again: %1. Press Shift+F5 when this window is closed."_s;
 inline const QString kDeletingPictures = u"Deleting the pictures of the records that are gone."_s;
 inline const QString kKeyTaken = u"the key \"%1\" was there already, so it became \"%2\""_s;
 inline const QString kStateLost = u"\"%1\" is no state of the program's list and was taken out of ST"_s;

@@ -61,6 +61,7 @@ private:
     std::unique_ptr<store::DataSource> m_comments;
     QStringList m_textFields; ///< of the comment file
     qint64 m_found = 0;       ///< illegal characters
+    qint64 m_cleared = 0;     ///< records that had photos
 };
 
 QString RepairWalk::Gauge() const
@@ -84,8 +85,11 @@ void RepairWalk::Recalculate(RowEdit& row)
 
 void RepairWalk::LandSize(RowEdit& row) const
 {
-    if (row.Text(fields::APPRSLTYPE).startsWith(u'L', Qt::CaseInsensitive) &&
-        text::Val(row.Text(fields::LANDSIZE)) == 0)
+    // "IRREGULAR" and "0.25 AC" say something.
+    const QString held = row.Text(fields::LANDSIZE);
+    bool isNumber = false;
+    const bool isZero = held.toDouble(&isNumber) == 0 && isNumber;
+    if (row.Text(fields::APPRSLTYPE).startsWith(u'L', Qt::CaseInsensitive) && (held.isEmpty() || isZero))
         row.Set(fields::LANDSIZE, row.Text(fields::GLA));
 }
 
@@ -108,7 +112,8 @@ std::function<void(RowEdit&)> RepairWalk::Rule()
             row.Set(fields::ANCHORED, u"0"_s);
         };
     case Repair::ClearPhotos:
-        return [](RowEdit& row) {
+        return [this](RowEdit& row) {
+            m_cleared += row.Text(fields::PHOTOS).isEmpty() ? 0 : 1;
             row.Set(fields::PHOTOS, {});
             row.Set(fields::FRONT, {});
         };
@@ -182,7 +187,7 @@ QString RepairWalk::EndMessage()
 {
     switch (m_repair) {
     case Repair::ClearPhotos:
-        return kClearedPhotos.arg(m_account.Records());
+        return kClearedPhotos.arg(m_cleared);
     case Repair::IllegalInKeys:
     case Repair::IllegalInComments:
         if (m_found == 0)
@@ -211,6 +216,10 @@ RepairResult RepairWalk::Run()
     }
     m_account.Begin(u"%1, %2, %3"_s.arg(m_text.what, m_desk.ports.clock.Now().toString(u"MM/dd/yyyy hh:mm"_s),
                                         source->DatabaseName()));
+    // Nobody could tell afterwards which files belonged to the records that are gone.
+    if (DeletesByDate(m_repair) && !m_desk.disk.DirExists(m_desk.globals.G_PhotoDir) &&
+        NamedPictures(m_desk.databook).Any())
+        throw RuntimeError(error::kPathNotFound, kNoPhotoDirectory.arg(m_desk.globals.G_PhotoDir));
     const QString gauge = Gauge();
     Walk walk(*source, m_account, m_text.what + u": %1"_s, Reads());
     const auto step = [&](qint64 done, qint64 of) { return m_step(gauge, done, of); };

@@ -1,3 +1,4 @@
+#include "upkeep/maintenance_messages.h"
 #include "windows/layout_parts.h"
 #include "windows/screen_layouts.h"
 #include "windows/work_parts.h"
@@ -15,6 +16,8 @@ namespace vasclip::windows {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+constexpr int kGaugeMargin = 24;
 
 /// Buttons that repair the same kind of field, under its name.
 QGroupBox* Group(QDialog& window, const QString& title, const QStringList& buttons)
@@ -63,7 +66,23 @@ void Layout_frm_Maintenance(QDialog& window, forms::Screen&)
     panes->addLayout(account, 1);
     rows->addLayout(panes, 1);
 
-    AddWorkFoot(*rows, window, {u"cmdStop"_s, u"cmdExit"_s});
+    // The longest of its texts takes more than half of the window.
+    auto* work = new QHBoxLayout;
+    work->setSpacing(8);
+    auto* gauge = MakeGauge(window, u"gauWork"_s);
+    gauge->ensurePolished();
+    gauge->setMinimumWidth(gauge->fontMetrics().horizontalAdvance(upkeep::maintenance::kGaugeRecalc) + kGaugeMargin);
+    work->addWidget(gauge, 1);
+    work->addWidget(MakeButton(window, u"cmdStop"_s));
+    rows->addLayout(work);
+
+    auto* foot = new QHBoxLayout;
+    foot->setSpacing(8);
+    auto* message = MakeLabel(window, u"lblmsg"_s);
+    message->setWordWrap(true);
+    foot->addWidget(message, 1);
+    foot->addWidget(MakeButton(window, u"cmdExit"_s));
+    rows->addLayout(foot);
     window.resize(1080, 620);
 }
 

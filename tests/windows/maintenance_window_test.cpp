@@ -3,6 +3,8 @@
 #include "upkeep/frm_del_date.h"
 #include "upkeep/frm_maintenance.h"
 
+#include <QLayout>
+#include <QProgressBar>
 
 namespace vasclip::windows {
 
@@ -165,6 +167,30 @@ TEST_F(MaintenanceWindow, TheRecordOnShowThatIsDeletedGivesWayToTheNext)
     EXPECT_NE(main.shown.Key(), u"1 OLD ST"_s);
     EXPECT_FALSE(main.shown.Key().isEmpty());
     EXPECT_TRUE(doubles.prompter.AllAnswered());
+}
+
+TEST_F(MaintenanceWindow, TheGaugeHasRoomForItsLongestText)
+{
+    Play([&] {
+        int seen = 0;
+        doubles.pump.onTurn = [&] {
+            auto& gauge = The<QProgressBar>(u"gauWork"_s);
+            if (!gauge.isVisible())
+                return;
+            QApplication::sendPostedEvents();
+            window->layout()->activate();
+            ++seen;
+            EXPECT_TRUE(gauge.text().startsWith(u"Recalculating the 'price per square foot'"_s));
+            EXPECT_GE(gauge.contentsRect().width(), gauge.fontMetrics().horizontalAdvance(gauge.text()));
+            const QString shots = qEnvironmentVariable("VASCLIP_SHOTS");
+            EXPECT_TRUE(shots.isEmpty() || window->grab().save(shots + u"/maintenance-at-work.png"_s));
+        };
+        doubles.prompter.Answer(forms::Answer::Yes);
+        Press(u"cmdRecalc"_s);
+        doubles.pump.onTurn = {};
+        EXPECT_GT(seen, 0);
+        EXPECT_LE(window->minimumSizeHint().width(), 1366);
+    });
 }
 
 TEST_F(MaintenanceWindow, FitsASmallScreenInBothThemes)
