@@ -10,7 +10,7 @@ namespace vasclip::windows {
 /// first, the last one first, and then the window itself.
 ///
 /// A box is answered as its cross answers it. A screen with typed text asks what its cross asks; whoever keeps it
-/// open there keeps the program open.
+/// open there keeps the program open. Work that takes long is stopped, and what shows it goes when it has ended.
 class OrderlyClose : public QObject
 {
     Q_OBJECT
@@ -20,6 +20,8 @@ public:
 
 private:
     void Next();
+    void WaitForWork();
+    [[nodiscard]] static bool IsAtWork(); ///< under the hourglass
     QPointer<QWidget> m_window;
     bool m_closing = false;
 };

@@ -3,15 +3,20 @@
 #include "databook/entry_screen.h"
 #include "databook/load_comp_form.h"
 #include "databook/messages.h"
+#include "store/record.h"
 #include "support/databook_home.h"
+#include "upkeep/frm_maintenance.h"
 #include "windows/guard.h"
 #include "windows/screens.h"
+#include "windows/window_desktop.h"
 #include "windows/window_prompter.h"
+#include "windows/window_pump.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
@@ -152,6 +157,63 @@ TEST_F(Closing, ChangesThatMayGoEndTheProgram)
     QTest::qWait(50);
     EXPECT_EQ(main.closed, 1);
     EXPECT_EQ(City(), QString());
+}
+
+/// Turns the real queue, in which the system wishes the program's end at the second turn.
+class WishingPump : public WindowPump
+{
+public:
+    std::function<void()> wish;
+    int turns = 0;
+
+    void DoEvents() override
+    {
+        if (++turns == 2 && wish)
+            wish();
+        WindowPump::DoEvents();
+    }
+};
+
+TEST_F(Closing, WorkInTheMiddleIsStoppedAndTheProgramEndsBehindIt)
+{
+    QStringList many;
+    for (int i = 1000; i < 1400; ++i)
+        many.append(u"%1 MANY ST"_s.arg(i));
+    AddComps(many);
+    store::DataSource source{engine, u"datDatabook"_s};
+    Bind(source);
+    source.Database().Execute(u"UPDATE COMPS SET LATITUDE = '45'"_s);
+    WishingPump pump;
+    WindowDesktop desktop;
+    common::Globals globals;
+    const forms::Ports work{prompter, pump, doubles.clock, doubles.random, desktop, screens};
+    upkeep::frm_Maintenance screen({.repair = {work, source, globals, disk}});
+    bool stood = false;
+    pump.wish = [&] {
+        close.Start();
+        stood = screen.IsOpen() && QApplication::activeModalWidget() != nullptr;
+    };
+    Later(100, [&] {
+        Later(100, [&] {
+            ASSERT_NE(Box(), nullptr);
+            QTest::mouseClick(Box()->button(QMessageBox::Yes), Qt::LeftButton);
+        });
+        QTest::mouseClick(QApplication::activeModalWidget()->findChild<QPushButton*>(u"cmdclearAnchors"_s),
+                          Qt::LeftButton);
+        EXPECT_EQ(screen.lblmsg.Caption(), u"Stopped. Every record is as it was."_s);
+        Later(2000, [] { // what would wait for ever
+            if (QWidget* left = QApplication::activeModalWidget())
+                left->close();
+        });
+    });
+    QElapsedTimer waited;
+    waited.start();
+    screens.ShowModal(screen);
+    EXPECT_LT(waited.elapsed(), 2000) << "it went by itself";
+    EXPECT_TRUE(stood) << "as long as the walk had not ended";
+    QTest::qWait(100);
+    EXPECT_EQ(main.closed, 1);
+    EXPECT_EQ(store::ReadRecord(source, u"1399 MANY ST"_s)->Text(u"LATITUDE"_s), u"45"_s);
 }
 
 } // namespace
