@@ -73,4 +73,37 @@ TEST_F(VasctlMaintain, PrintsTheAccountThatItsFileDoesNotTake)
     EXPECT_EQ(WithPhotos(), 0);
 }
 
+TEST_F(VasctlMaintain, TakesEachOfItsSteps)
+{
+    const Ended made = home.Vasctl({u"records"_s, u"add"_s, u"1 Old's St #4"_s, u"--set"_s, u"SALEDATE=05/05/1985"_s,
+                                    u"--set"_s, u"LOADDATE=05/05/1985"_s, u"--set"_s, u"LATITUDE=45"_s});
+    ASSERT_EQ(made.code, kDone) << made.err.toStdString();
+    const std::pair<QString, QString> steps[] = {
+        {u"recalc"_s, u"Rebuild Complete"_s},
+        {u"clear-anchors"_s, u"Removal of anchors complete"_s},
+        {u"land-size"_s, u"LandSize adjustment complete"_s},
+        {u"clean-keys"_s, u" illegal characters were found... Removal of illegal characters is complete"_s},
+        {u"clean-comments"_s, u"... "_s},
+        {u"match-key"_s, u"Resetting process Complete"_s},
+        {u"proper-case"_s, u"Resetting process Complete"_s},
+        {u"upper-case"_s, u"Resetting process Complete"_s},
+        {u"clear-photos"_s, u" records were cleared; the picture files are still there."_s},
+    };
+    for (const auto& [step, end] : steps) {
+        EXPECT_EQ(home.Vasctl({u"maintain"_s, step}).code, 4) << "nobody said yes to " << step.toStdString();
+        const Ended run = home.Vasctl({u"--yes"_s, u"maintain"_s, step});
+        EXPECT_EQ(run.code, kDone) << step.toStdString() << run.err.toStdString();
+        EXPECT_TRUE(run.Object()[u"message"_s].toString().contains(end)) << run.out.toStdString();
+        EXPECT_GT(run.Object()[u"seen"_s].toInt(), 0) << step.toStdString();
+    }
+    for (const QString& step : {u"delete-by-load"_s, u"delete-by-sale"_s}) {
+        EXPECT_EQ(home.Vasctl({u"--yes"_s, u"maintain"_s, step}).code, 2) << "without a date";
+        EXPECT_EQ(home.Vasctl({u"--yes"_s, u"maintain"_s, step, u"--date"_s, u"soon"_s}).code, 2);
+        const Ended run = home.Vasctl({u"--yes"_s, u"maintain"_s, step, u"--date"_s, u"12/31/1985"_s});
+        EXPECT_EQ(run.code, kDone) << run.err.toStdString();
+        EXPECT_EQ(run.Object()[u"deleted"_s].toInt(), step == u"delete-by-load"_s ? 1 : 0) << run.out.toStdString();
+    }
+    EXPECT_EQ(home.Vasctl({u"--yes"_s, u"maintain"_s, u"nonsense"_s}).code, 2);
+}
+
 } // namespace
