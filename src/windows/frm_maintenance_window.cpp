@@ -1,7 +1,6 @@
 #include "upkeep/maintenance_messages.h"
 #include "windows/layout_parts.h"
 #include "windows/screen_layouts.h"
-#include "windows/work_parts.h"
 
 #include <QDialog>
 #include <QGroupBox>
