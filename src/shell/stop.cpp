@@ -4,6 +4,7 @@
 #include "common/settings.h"
 #include "databook/layouts.h"
 #include "forms/screen.h"
+#include "platform/engine/process.h"
 #include "shell/program.h"
 #include "shell/window_wants.h"
 
@@ -16,6 +17,20 @@ namespace {
 constexpr double kFirstWait = 0.5; // seconds
 constexpr double kWait = 0.2;
 constexpr int kLastResortMs = 2000;
+
+/// Of what is named like a report's database: files of other kinds are people's own, and one that bears the number of a
+/// process is in use as long as that runs.
+bool IsKept(const QString& name)
+{
+    const QLatin1StringView mark = "REPORT_"_L1;
+    if (!name.startsWith(mark, Qt::CaseInsensitive))
+        return false;
+    const QString kind = name.section(u'.', 1).toLower();
+    if (!kind.startsWith("mdb"_L1) && !kind.startsWith("ldb"_L1))
+        return true;
+    const qint64 process = name.mid(mark.size()).section(u'.', 0, 0).toLongLong();
+    return process > 0 && process != engine::OwnProcess() && engine::IsAlive(process, {});
+}
 
 } // namespace
 
@@ -45,6 +60,7 @@ void Stop::ClearTempFiles()
     for (const QString& pattern : {u"tempdat_*"_s, u"Report_*"_s}) {
         QStringList names;
         AtEnd([&] { names = m_program.Disk().Dir(m_program.globals.G_UserDir + pattern); });
+        names.removeIf(IsKept);
         for (const QString& name : std::as_const(names))
             AtEnd([&] { m_program.Disk().Kill(m_program.globals.G_UserDir + name); });
     }

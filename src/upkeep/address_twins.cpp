@@ -12,6 +12,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qint64 kBetweenSteps = 512; ///< records
+const QString kLooking = u"Looking for the same addresses"_s;
+
 /// "123 OAK" for each word of a street's name: a cheap look before an address is parsed.
 QStringList HintsOf(const street::Address& address)
 {
@@ -76,12 +79,15 @@ void AddressTwins::Want(const QString& name, const QString& address, const QStri
     const QString house = HouseIn(parsed);
     if (house.isEmpty())
         return;
+    for (auto found = m_wanted.constFind(house); found != m_wanted.cend() && found.key() == house; ++found)
+        if (KeyMark(found->name) != KeyMark(name) && SameTown(found->city, text::Trim(city)))
+            m_among.insert(name, m_among.value(found->name, found->name));
     m_wanted.insert(house, {name, text::Trim(city)});
     for (const QString& hint : HintsOf(parsed))
         ++m_hints[hint];
 }
 
-QHash<QString, QString> AddressTwins::Find(const TransferDesk& desk) const
+QHash<QString, QString> AddressTwins::Find(const TransferDesk& desk, const WorkStep& step) const
 {
     QHash<QString, QString> twins;
     if (m_wanted.isEmpty())
@@ -90,6 +96,8 @@ QHash<QString, QString> AddressTwins::Find(const TransferDesk& desk) const
         store::ReadRows(desk.databook, u"SELECT %1, %2, %3 FROM [%4]"_s.arg(fields::CENTRALKEY, fields::ADDRESS,
                                                                            fields::CITY, desk.globals.G_Table));
     for (qint64 at = 0; at < rows.Count(); ++at) {
+        if (at % kBetweenSteps == 0 && !step(at, rows.Count(), kLooking))
+            break;
         const auto record = rows.At(at);
         if (!record)
             continue;
@@ -101,7 +109,7 @@ QHash<QString, QString> AddressTwins::Find(const TransferDesk& desk) const
         const QString house = HouseOf(written);
         for (auto found = m_wanted.constFind(house); found != m_wanted.cend() && found.key() == house; ++found)
             if (KeyMark(found->name) != KeyMark(key) && SameTown(found->city, record->Values().at(2).toString()))
-                twins.insert(found->name, text::Trim(key));
+                twins.insert(found->name, text::RTrim(key));
     }
     return twins;
 }

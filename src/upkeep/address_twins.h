@@ -18,7 +18,9 @@ public:
     void Want(const QString& name, const QString& address, const QString& city);
     /// Reads the addresses of the Databook once. @return keys by name; a town that differs is another house
     /// @throws RuntimeError of the engine
-    [[nodiscard]] QHash<QString, QString> Find(const TransferDesk& desk) const;
+    [[nodiscard]] QHash<QString, QString> Find(const TransferDesk& desk, const WorkStep& step) const;
+    /// Names at whose house one stands that was wanted before, with that one.
+    [[nodiscard]] const QHash<QString, QString>& Among() const { return m_among; }
 
 private:
     struct Wanted
@@ -26,6 +28,7 @@ private:
         QString name, city;
     };
     QMultiHash<QString, Wanted> m_wanted; ///< by house
+    QHash<QString, QString> m_among;
     QHash<QString, int> m_hints;          ///< number and a word: only where one is met an address is parsed
 };
 

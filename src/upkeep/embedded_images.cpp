@@ -35,6 +35,8 @@ const QString kOverTitle = u"Pictures With The Same Name"_s;
 const QString kOver = u"The photo directory has other pictures under these names:\n\n%1\n\nYes writes the pictures of the "
                       u"file over them, No keeps those that are there, Cancel imports nothing."_s;
 constexpr int kNamesAsked = 10;
+constexpr qint64 kBetweenLooks = 16; ///< rows
+const QString kLooking = u"Looking at the pictures"_s;
 
 bool SameBytes(const QString& left, const QString& right)
 {
@@ -77,6 +79,7 @@ public:
         : m_rows(rows)
     {}
     [[nodiscard]] QString Key() const { return text::Trim(m_rows.Text(fields::CENTRALKEY)); }
+    [[nodiscard]] QString Mark() const { return KeyMark(m_rows.Text(fields::CENTRALKEY)); }
     [[nodiscard]] QString Stem() const { return FrontStem(m_rows.Text(fields::PHOTOS)); }
     [[nodiscard]] qint64 Size() const { return m_rows.Size(fields::FRONTPHOTO); }
     [[nodiscard]] bool IsPicture() const
@@ -124,11 +127,14 @@ QString PictureSelect(const QString& table)
 
 } // namespace
 
-QList<RowPicture> LookAtPictures(const TransferDesk& desk, engine::Database& source, const QString& table)
+QList<RowPicture> LookAtPictures(const TransferDesk& desk, engine::Database& source, const QString& table,
+                                 const WorkStep& step)
 {
     QList<RowPicture> pictures;
     store::LongRows rows(source, PictureSelect(table));
     for (qint64 at = 0; at < rows.Count(); ++at) {
+        if (at % kBetweenLooks == 0 && !step(at, rows.Count(), kLooking))
+            break;
         pictures.append(RowPicture::None);
         if (!rows.StandOn(at))
             continue;
@@ -175,6 +181,31 @@ void EmbeddedImages::Sweep() const
     }
 }
 
+bool EmbeddedImages::MetBefore(const PictureRow& row, const QString& native, const QString& stem)
+{
+    const auto met = m_met.constFind(native.toUpper());
+    if (met == m_met.cend())
+        return false;
+    if (!row.IsIn(*met)) {
+        m_result.notSaved.append(kTwice.arg(row.Key(), stem));
+        return true;
+    }
+    for (Waiting& one : m_waiting) // two records may show one file
+        if (WaitingName(one.file) == *met)
+            one.keys.insert(row.Mark());
+    return true;
+}
+
+void EmbeddedImages::Drop(const QSet<QString>& keys)
+{
+    for (Waiting& one : m_waiting) {
+        one.keys.subtract(keys);
+        if (one.keys.isEmpty())
+            QFile::remove(WaitingName(one.file));
+    }
+    m_waiting.removeIf([](const Waiting& one) { return one.keys.isEmpty(); });
+}
+
 void EmbeddedImages::SaveOne(const PictureRow& row)
 {
     const QString stem = row.Stem();
@@ -189,12 +220,11 @@ void EmbeddedImages::SaveOne(const PictureRow& row)
         m_result.notSaved.append(kNoPicture.arg(row.Key()));
         return;
     }
-    const QString waiting = WaitingName(native);
-    if (QFile::exists(waiting)) {
-        m_result.notSaved.append(kTwice.arg(row.Key(), stem));
+    if (MetBefore(row, native, stem))
         return;
-    }
-    m_waiting.append({native, false});
+    const QString waiting = WaitingName(native);
+    m_met.insert(native.toUpper(), waiting);
+    m_waiting.append({native, false, {row.Mark()}});
     row.WriteTo(waiting);
     if (!QFile::exists(native))
         return;
@@ -202,6 +232,7 @@ void EmbeddedImages::SaveOne(const PictureRow& row)
         ++m_result.same;
         QFile::remove(waiting);
         m_waiting.removeLast();
+        m_met.insert(native.toUpper(), native);
     } else {
         m_waiting.last().over = true;
     }
@@ -215,7 +246,7 @@ bool EmbeddedImages::SaveEmbeddedImages(const WorkStep& step)
         if (!rows.StandOn(at))
             continue; // somebody deleted it meanwhile
         const PictureRow row(rows);
-        if (m_only && !m_only->contains(KeyMark(row.Key())))
+        if (m_only && !m_only->contains(row.Mark()))
             continue;
         m_result.stopped = !step(at, rows.Count(), kStepWords.arg(row.Key()));
         if (m_result.stopped)

@@ -2,6 +2,7 @@
 
 #include "upkeep/transfer_desk.h"
 
+#include <QHash>
 #include <QSet>
 
 #include <optional>
@@ -26,7 +27,9 @@ struct SavedImages
 enum class RowPicture { None, Fresh, There, Other, Refused };
 
 /// Of each row of a table, by its place. @throws RuntimeError of the engine
-[[nodiscard]] QList<RowPicture> LookAtPictures(const TransferDesk& desk, engine::Database& source, const QString& table);
+/// @return fewer after a stop
+[[nodiscard]] QList<RowPicture> LookAtPictures(const TransferDesk& desk, engine::Database& source, const QString& table,
+                                               const WorkStep& step);
 
 /// The pictures inside rows on their way into the photo directory. They wait there under names of their own, so that
 /// a stop or a kill leaves the directory as it was; Place gives them their names.
@@ -44,6 +47,8 @@ public:
     /// Writes the front picture of each row that has one, in pieces, and asks once before other pictures are written
     /// over. @return false after a stop or Cancel. @throws RuntimeError of disk and engine
     bool SaveEmbeddedImages(const WorkStep& step);
+    /// Pictures of rows that did not come in are not placed, but where another row has the same one.
+    void Drop(const QSet<QString>& keys);
     void Place(); ///< @throws RuntimeError 75
     [[nodiscard]] const SavedImages& Result() const { return m_result; }
 
@@ -52,7 +57,10 @@ private:
     {
         QString file; ///< native, under its name to be
         bool over = false;
+        QSet<QString> keys; ///< of the rows that have it, as KeyMark has them
     };
+    /// A picture of the same name that an earlier row has. @return false if there is none
+    bool MetBefore(const PictureRow& row, const QString& native, const QString& stem);
     void SaveOne(const PictureRow& row);
     [[nodiscard]] QString WaitingName(const QString& native) const;
     void Sweep() const;
@@ -63,6 +71,7 @@ private:
     SavedImages m_result;
     std::optional<QSet<QString>> m_only;
     QList<Waiting> m_waiting;
+    QHash<QString, QString> m_met; ///< by the name to be: the file that holds an earlier row's picture
 };
 
 } // namespace vasclip::upkeep

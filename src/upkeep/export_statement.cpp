@@ -20,8 +20,20 @@ QString SearchTextOf(const QString& select)
 
 bool Narrows(const QString& search)
 {
+    static const QRegularExpression sort(u"^ORDER\\s+BY\\b"_s, QRegularExpression::CaseInsensitiveOption);
     const QString text = search.trimmed();
-    return !text.isEmpty() && !text.startsWith("ORDER BY"_L1, Qt::CaseInsensitive);
+    return !text.isEmpty() && !sort.match(text).hasMatch();
+}
+
+QString SortOf(const QString& search)
+{
+    static const QRegularExpression parts(uR"('[^']*'|"[^"]*"|\[[^\]]*\]|\b(ORDER\s+BY)\b)"_s,
+                                          QRegularExpression::CaseInsensitiveOption);
+    qsizetype at = -1;
+    for (auto found = parts.globalMatch(search); found.hasNext();)
+        if (const QRegularExpressionMatch part = found.next(); part.hasCaptured(1))
+            at = part.capturedStart(1);
+    return at < 0 ? QString() : u' ' + search.mid(at);
 }
 
 QString ExportStatement(const QString& target, const QString& table, const QString& databook,

@@ -40,13 +40,6 @@ QString InList(const QStringList& keys)
     return quoted.join(u',');
 }
 
-/// The ORDER BY of a search, with a blank before it; "" without one.
-QString SortOf(const QString& search)
-{
-    const qsizetype at = search.lastIndexOf(u"ORDER BY "_s, -1, Qt::CaseInsensitive);
-    return at > 0 && search.mid(at).count(u'\'') == 0 ? u' ' + search.mid(at) : QString();
-}
-
 class Copy
 {
 public:

@@ -16,6 +16,7 @@ constexpr QLatin1StringView kInstalled[] = {
     "EMPTY"_L1,        "OFFICE"_L1,        "REPORT"_L1,        "NEWOFFICE"_L1,
     "COMMENTS"_L1,     "NEWCMTS"_L1,       "APPRAISAL"_L1,     "VASCLIP"_L1,
     "VASCTL"_L1,       "KELFORMS"_L1,      "VASCLIP-DEMO"_L1,  "VASCLIP-MAPDATA"_L1,
+    "TEMPCOMP"_L1,     "TEMPCMTS"_L1,      "TEMPDAT"_L1,       // made anew again and again
     "REPORT_BRIEF"_L1, "REPORT_MEDIUM"_L1, "REPORT_DETAIL"_L1, "REPORT_NONDESC"_L1,
 };
 
@@ -34,6 +35,12 @@ QString StampFileName(bool stampOn, const QString& baseName, const QDateTime& no
 QString AddMDBExtension(const QString& name)
 {
     return name.contains(kExtension) ? name : name + kExtension;
+}
+
+QString DatabaseName(const QString& typed)
+{
+    const QString name = typed.trimmed();
+    return name.isEmpty() || name.endsWith(kExtension, Qt::CaseInsensitive) ? name : AddMDBExtension(name);
 }
 
 bool IsProtectedDatabase(const QString& stem)

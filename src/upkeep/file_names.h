@@ -10,6 +10,8 @@ namespace vasclip::upkeep {
 [[nodiscard]] QString StampFileName(bool stampOn, const QString& baseName, const QDateTime& now);
 /// A name that holds ".MDB" in capitals stays; any other gets it.
 [[nodiscard]] QString AddMDBExtension(const QString& name);
+/// What was typed as the name of a database file, which the lists of such files show only with their extension.
+[[nodiscard]] QString DatabaseName(const QString& typed);
 /// Is the stem, with or without ".MDB", one of the files that the installation delivers? Case does not count.
 [[nodiscard]] bool IsProtectedDatabase(const QString& stem);
 

@@ -4,10 +4,8 @@
 #include "link/reporter.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
-#include "upkeep/file_names.h"
 #include "upkeep/list_file.h"
 #include "upkeep/tables.h"
-#include "upkeep/target_file.h"
 
 #include <QScopeGuard>
 #include <QScopedValueRollback>
@@ -23,14 +21,9 @@ namespace {
 const QString kPattern = u"*.mdb"_s;
 const QString kFilter = u"*.mdb|Access"_s;
 const QString kListFilter = u"|%1|Text and spreadsheet files"_s;
-const QString kNoTable = u"%1 has no tables that could be deleted here."_s;
-const QString kDeleteTable = u"Delete the table %1?"_s;
-const QString kDeleteFile = u"Delete %1.  Are you sure?"_s;
 const QString kCreate = u"The directory %1 does not exist.  Do you wish to create it at this time?"_s;
+const QString kNoDirectory = u"There is no directory %1."_s;
 const QString kRecords = u"%1 records"_s;
-const QString kTableGone = u"There is no table %1 in %2."_s;
-const QString kTableDeleted = u"The table %1 was deleted from %2."_s;
-const QString kFileDeleted = u"%1 was deleted."_s;
 
 } // namespace
 
@@ -63,26 +56,44 @@ FileScreen::FileScreen(const QString& name, const TransferDesk& desk)
     gauWork.SetVisible(false);
     cmdStop.SetVisible(false);
     ShowAccount({}, {});
-    connect(&filexport, &forms::ListBox::ListIndexChanged, this, [this] {
-        if (filexport.ListIndex() < 0)
-            return;
-        txtFileName.SetText(filexport.List(filexport.ListIndex()));
-        ListFileTables(txtTable.Text());
-    });
+    connect(&filexport, &forms::ListBox::ListIndexChanged, this, &FileScreen::TakeFile);
     connect(&lstTables, &forms::ListBox::ListIndexChanged, this, [this] {
         if (m_listing)
             return;
-        if (lstTables.ListIndex() >= 0)
-            txtTable.SetText(lstTables.List(lstTables.ListIndex()));
+        TakeTable();
         ShowCount();
     });
-    connect(&txtFileName, &forms::Control::LostFocus, this, [this] { ListFileTables(txtTable.Text()); });
+    // A click on the line that is selected already counts too: something else may have been typed since.
+    connect(&filexport, &forms::Control::Clicked, this, [this] {
+        if (filexport.List(filexport.ListIndex()) != txtFileName.Text())
+            TakeFile();
+    });
+    connect(&lstTables, &forms::Control::Clicked, this, &FileScreen::TakeTable);
+    connect(&txtFileName, &forms::Control::LostFocus, this, [this] {
+        const common::RoutineScope scope{"txtFileName"};
+        ListFileTables(txtTable.Text());
+    });
     connect(&txtPath, &forms::Control::LostFocus, this, &FileScreen::txtPath_LostFocus);
     connect(&cmdDelete, &forms::Control::Clicked, this, &FileScreen::cmdDelete_Click);
     connect(&cmdDeleteDatabase, &forms::Control::Clicked, this, &FileScreen::cmdDeleteDatabase_Click);
     connect(&cmdBrowse, &forms::Control::Clicked, this, &FileScreen::cmdBrowse_Click);
     connect(&cmdStop, &forms::Control::Clicked, this, [this] { m_stop = true; });
     connect(&cmdExit, &forms::Control::Clicked, this, &FileScreen::Unload);
+}
+
+void FileScreen::TakeFile()
+{
+    const common::RoutineScope scope{"filexport"};
+    if (filexport.ListIndex() < 0)
+        return;
+    txtFileName.SetText(filexport.List(filexport.ListIndex()));
+    ListFileTables(txtTable.Text());
+}
+
+void FileScreen::TakeTable()
+{
+    if (lstTables.ListIndex() >= 0)
+        txtTable.SetText(lstTables.List(lstTables.ListIndex()));
 }
 
 QString FileScreen::File() const
@@ -94,12 +105,15 @@ void FileScreen::ListFiles()
 {
     QStringList names;
     const QString path = common::CkRSlash(txtPath.Text());
-    if (path.size() >= 3 && !link::Reported(Prompter(), "filexport", [&] {
+    try {
+        if (path.size() >= 3) {
             names = m_desk.Disk().Dir(path + kPattern, files::ReadOnly);
             for (const QString& pattern : m_takesLists ? ListPatterns() : QStringList())
                 names += m_desk.Disk().Dir(path + pattern, files::ReadOnly);
-        }))
-        names.clear();
+        }
+    } catch (const RuntimeError& failure) {
+        Tell(failure.Description() + u'.', forms::Colour::Red); // no box: path and Browse stay within reach
+    }
     filexport.SetItems(names);
 }
 
@@ -224,46 +238,6 @@ bool FileScreen::QueryUnload()
     return !m_busy;
 }
 
-void FileScreen::cmdDelete_Click()
-{
-    if (m_busy)
-        return;
-    const QString file = File();
-    const QString table = text::Trim(txtTable.Text());
-    engine::Engine& engine = m_desk.Engine();
-    if (RefusesTarget(Prompter(), engine, kDelete, file, m_desk.Databook()) || RefusesMissing(file))
-        return;
-    if (NamesList()) {
-        Tell(kNoTable.arg(file), forms::Colour::Red);
-        return;
-    }
-    if (lstTables.IndexOf(table) < 0) {
-        Tell(kTableGone.arg(table, file), forms::Colour::Red);
-        return;
-    }
-    if (!Prompter().YesNo({}, kDeleteTable.arg(table)))
-        return;
-    if (link::Reported(Prompter(), "cmdDelete", [&] { DeleteTable(engine, file, table); }))
-        Tell(kTableDeleted.arg(table, file));
-    ListFileTables();
-}
-
-void FileScreen::cmdDeleteDatabase_Click()
-{
-    if (m_busy)
-        return;
-    const QString file = File();
-    engine::Engine& engine = m_desk.Engine();
-    if (RefusesTarget(Prompter(), engine, kDelete, file, m_desk.Databook()) || RefusesMissing(file))
-        return;
-    if (!Prompter().YesNo({}, kDeleteFile.arg(file)) || RefusesLocked(Prompter(), engine, kDelete, file))
-        return;
-    if (link::Reported(Prompter(), "cmdDeleteDatabase", [&] { m_desk.Disk().Kill(file); }))
-        Tell(kFileDeleted.arg(file));
-    ListFiles();
-    ListFileTables();
-}
-
 void FileScreen::cmdBrowse_Click()
 {
     if (m_busy)
@@ -283,8 +257,18 @@ void FileScreen::txtPath_LostFocus()
         return;
     const QScopedValueRollback<bool> asking(m_asking, true);
     const QString path = text::Trim(txtPath.Text());
-    if (path.size() > 3 && !m_desk.Disk().DirExists(path) && Prompter().YesNo({}, kCreate.arg(path)))
-        (void)link::Reported(Prompter(), "txtPath", [&] { MakeDirectories(path); });
+    if (path != m_left)
+        Tell({});
+    m_left = path;
+    const bool possible = link::Reported(Prompter(), "txtPath", [&] {
+        if (path.size() <= 3 || m_desk.Disk().DirExists(path))
+            return;
+        (void)m_desk.Disk().ToNative(path); // no directory can be made on a drive that is not there
+        if (Prompter().YesNo({}, kCreate.arg(path)))
+            MakeDirectories(path);
+    });
+    if (!possible)
+        Tell(kNoDirectory.arg(path), forms::Colour::Red);
     ListFiles();
     ListFileTables(txtTable.Text());
 }

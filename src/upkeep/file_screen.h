@@ -65,6 +65,8 @@ protected:
     bool QueryUnload() override;
 
 private:
+    void TakeFile();
+    void TakeTable();
     void ShowCount();
     void SetBusy(bool busy);
 
@@ -72,6 +74,7 @@ private:
     bool m_busy = false;
     bool m_stop = false;
     bool m_asking = false;
+    QString m_left; ///< what stood in the path's box when it was left the last time
     bool m_takesListed = false;
     bool m_takesLists = false;
     bool m_listing = false; ///< the list is filled: what it selects then is not the user's choice

@@ -242,7 +242,7 @@ void frm_Archive::cmddelete_Click()
     const QString file = File();
     if (RefusesTarget(Prompter(), m_desk.Engine(), kDelete, file, m_desk.Databook()))
         return;
-    if (!m_desk.Disk().Found(file, files::ReadOnly | files::Hidden)) {
+    if (!IsThere(m_desk.Disk(), file)) {
         Tell(kMissing.arg(file), forms::Colour::Red);
         return;
     }

@@ -1,9 +1,11 @@
 #include "upkeep/frm_export.h"
 
+#include "common/error_block.h"
 #include "common/paths.h"
 #include "platform/text/text.h"
 #include "upkeep/export_statement.h"
 #include "upkeep/file_names.h"
+#include "upkeep/tables.h"
 #include "upkeep/target_file.h"
 
 #include <utility>
@@ -19,6 +21,7 @@ const QString kAll = u"All records are copied: no search is on display."_s;
 const QString kSearch = u"The records of the search on display are copied."_s;
 const QString kNeedName = u"Enter the name of the database file first."_s;
 const QString kNeedTable = u"Enter the name of the table first; it may not hold [ or ]."_s;
+const QString kSystemTable = u"Tables whose names begin with MSYS are the system's own and no list shows them. Enter another name."_s;
 const QString kMissing = u"File %1 does not exist."_s;
 const QString kNotInside = u"Pictures that are not inside"_s;
 
@@ -46,6 +49,7 @@ frm_Export::frm_Export(const TransferDesk& desk, std::function<QString()> search
 
 void frm_Export::Form_Load()
 {
+    const common::RoutineScope scope{"frm_Export"};
     const common::Globals& globals = Desk().globals;
     txtPath.SetText(QString(globals.G_ExportDir).replace(u"\\\\"_s, u"\\"_s));
     txtTable.SetText(globals.G_ExportTableS);
@@ -70,7 +74,7 @@ void frm_Export::EnableButtons(bool free)
 
 bool frm_Export::RefusesMissing(const QString& file)
 {
-    if (Desk().Disk().Found(file, files::ReadOnly | files::Hidden))
+    if (IsThere(Desk().Disk(), file))
         return false;
     Tell(kMissing.arg(file), forms::Colour::Red);
     return true;
@@ -86,23 +90,22 @@ void frm_Export::StampName()
     ListFileTables(txtTable.Text());
 }
 
-QString frm_Export::NameToWrite() const
-{
-    const QString name = text::Trim(txtFileName.Text());
-    return name.isEmpty() || name.contains(u'.') ? name : AddMDBExtension(name);
-}
-
 void frm_Export::cmdExport_Click()
 {
     if (Busy())
         return;
     Tell({});
     ShowAccount({}, {});
-    const QString name = NameToWrite();
+    const QString name = DatabaseName(txtFileName.Text());
     const QString table = text::Folded(txtTable.Text());
     if (name.isEmpty() || table.isEmpty() || table.contains(u'[') || table.contains(u']')) {
         Tell(name.isEmpty() ? kNeedName : kNeedTable, forms::Colour::Red);
         (name.isEmpty() ? txtFileName : txtTable).SetFocus();
+        return;
+    }
+    if (IsSystemTable(table)) {
+        Tell(kSystemTable, forms::Colour::Red);
+        txtTable.SetFocus();
         return;
     }
     const QString target = common::CkRSlash(txtPath.Text()) + name;

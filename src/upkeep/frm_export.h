@@ -25,7 +25,6 @@ protected:
 
 private:
     void StampName();
-    [[nodiscard]] QString NameToWrite() const;
     void Export(const QString& target, const QString& table, const WorkStep& step);
 
     std::function<QString()> m_search;

@@ -1,10 +1,12 @@
 #include "upkeep/frm_import.h"
 
+#include "common/error_block.h"
 #include "common/paths.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "upkeep/frm_list_columns.h"
 #include "upkeep/frm_rehearse.h"
+#include "upkeep/target_file.h"
 
 namespace vasclip::upkeep {
 
@@ -50,6 +52,7 @@ frm_Import::frm_Import(const TransferDesk& desk)
 
 void frm_Import::Form_Load()
 {
+    const common::RoutineScope scope{"frm_Import"};
     const common::Globals& globals = Desk().globals;
     txtFileName.SetText(globals.G_ImportFile);
     txtTable.SetText(globals.G_ImportTable);
@@ -60,6 +63,7 @@ void frm_Import::Form_Load()
 
 void frm_Import::Choose(int location)
 {
+    const common::RoutineScope scope{"optLocation"};
     for (int i = ImportLocation; i <= ArchiveLocation; ++i)
         optLocation(i).SetValue(i == location);
     const common::Globals& globals = Desk().globals;
@@ -81,7 +85,7 @@ void frm_Import::EnableButtons(bool free)
 
 bool frm_Import::RefusesMissing(const QString& file)
 {
-    if (!text::Trim(txtFileName.Text()).isEmpty() && Desk().Disk().Found(file, files::ReadOnly | files::Hidden))
+    if (IsThere(Desk().Disk(), file))
         return false;
     Prompter().Box(kMissingTitle, kMissing.arg(file));
     return true;
@@ -158,12 +162,16 @@ void frm_Import::cmdRehearse_Click()
 void frm_Import::Rehearse(const ImportOrder& order)
 {
     std::unique_ptr<Rehearsal> rehearsal;
-    const bool read = Run("cmdRehearse", [&](const WorkStep&) {
+    const bool read = Run("cmdRehearse", [&](const WorkStep& step) {
         const forms::Hourglass hourglass(Desk().ports.window);
-        rehearsal = std::make_unique<Rehearsal>(Desk(), order);
+        rehearsal = std::make_unique<Rehearsal>(Desk(), order, step);
     });
     if (!read || !rehearsal)
         return;
+    if (rehearsal->Stopped()) {
+        Tell(kCanceled, forms::Colour::Red);
+        return;
+    }
     frm_Rehearse screen(Desk(), std::move(rehearsal));
     Desk().ports.screens.ShowModal(screen);
     m_changed = m_changed || screen.Done() > 0;

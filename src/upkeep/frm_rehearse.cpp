@@ -173,7 +173,8 @@ void frm_Rehearse::cmdImport_Click()
     });
     m_over = result.done;
     m_done += result.added + result.changed;
-    lblmsg.Show(WordsOf(result), result.done ? forms::Colour::Blue : forms::Colour::Red);
+    grdrows.Refresh(); // a row that could not be carried out says why
+    lblmsg.Show(WordsOf(result), result.done && result.undone.isEmpty() ? forms::Colour::Blue : forms::Colour::Red);
 }
 
 } // namespace vasclip::upkeep

@@ -86,11 +86,11 @@ frm_ReportPreview::frm_ReportPreview(const ReportDesk& desk, QString file, QStri
         CountAll();
         ShowPage(Pages());
     });
-    connect(&txtPage, &forms::Control::LostFocus, this, [this] { ShowPage(txtPage.Text().toInt()); });
+    connect(&txtPage, &forms::Control::LostFocus, this, &frm_ReportPreview::ShowTypedPage);
     connect(&txtPage, &forms::Control::KeyPressed, this, [this](int key, int, bool& handled) {
         handled = key == 13;
         if (handled)
-            ShowPage(txtPage.Text().toInt());
+            ShowTypedPage();
     });
     connect(&cboZoom, &forms::ListBox::ListIndexChanged, this, &frm_ReportPreview::PageChanged);
     connect(&cboLayout, &forms::ListBox::ListIndexChanged, this, [this] {
@@ -253,6 +253,14 @@ void frm_ReportPreview::ShowPage(int number)
     txtPage.SetText(QString::number(m_page));
     ShowCount();
     Q_EMIT PageChanged();
+}
+
+/// What is no number leaves the page on show.
+void frm_ReportPreview::ShowTypedPage()
+{
+    bool number = false;
+    const int typed = txtPage.Text().trimmed().toInt(&number);
+    ShowPage(number ? typed : m_page);
 }
 
 int frm_ReportPreview::Zoom() const

@@ -10,6 +10,8 @@
 
 #include <QElapsedTimer>
 
+#include <limits>
+
 namespace vasclip::upkeep {
 
 /// The report as it will be on paper, from the filled report database: other layouts and papers of the same
@@ -52,7 +54,9 @@ public:
     /// @param file  native path
     void SavePdf(const QString& file);
     void SaveCsv(const QString& file);
+    /// @param to  the last page; kAllPages also while they are still counted
     void PrintTo(QPagedPaintDevice& printer, double dots, int from, int to);
+    static constexpr int kAllPages = std::numeric_limits<int>::max();
     void TellNoPrinter();
 
 Q_SIGNALS:
@@ -73,11 +77,12 @@ private:
     void FindNext();
     void CountAll();
     void ShowCount();
-    [[nodiscard]] ReportBook Book();
+    void ShowTypedPage();
+    [[nodiscard]] ReportBook Book(paper::PictureSource& pictures);
     [[nodiscard]] bool Progress(const QString& doing, qint64 done, qint64 total);
     /// Does long work with the gauge; nothing else begins meanwhile.
     void Work(const std::function<void()>& work);
-    void Tell(paper::Made made, const QString& done);
+    void Tell(paper::Made made, const QString& done, qsizetype missing = 0);
 
     ReportDesk m_desk;
     QString m_file;
@@ -87,7 +92,7 @@ private:
     std::unique_ptr<ReportLayout> m_layout;
     std::unique_ptr<ReportTable> m_table;
     std::unique_ptr<ReportView> m_view;
-    ReportPictures m_pictures;
+    ReportPictures m_pictures; ///< of the pages on show; what is printed or saved counts its own
     paper::Sheet m_sheet;
     ReportFacts m_facts;
     paper::Page m_shown;

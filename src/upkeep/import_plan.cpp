@@ -17,6 +17,8 @@ namespace {
 
 constexpr qsizetype kNamed = 500;
 constexpr qint64 kReadPerNamed = 5;
+constexpr qint64 kBetweenSteps = 512; ///< rows
+const QString kReading = u"Reading the keys of the file"_s;
 const QString kNoKey = u"it has no key"_s;
 const QString kThere = u"the Databook has a record of this key"_s;
 const QString kTwice = u"an earlier row of the file has the same key"_s;
@@ -122,7 +124,7 @@ QSet<QString> KeysThere(const store::DataSource& databook, const QString& table,
     return there;
 }
 
-ImportPlan PlanImport(const TransferDesk& desk, engine::Database& source, const QString& table)
+ImportPlan PlanImport(const TransferDesk& desk, engine::Database& source, const QString& table, const WorkStep& step)
 {
     ImportPlan plan;
     const engine::TableDef from = source.Table(table);
@@ -151,6 +153,9 @@ ImportPlan PlanImport(const TransferDesk& desk, engine::Database& source, const 
     QStringList keys;
     keys.reserve(plan.rows);
     for (qint64 at = 0; at < plan.rows; ++at) {
+        plan.stopped = at % kBetweenSteps == 0 && !step(at, plan.rows, kReading);
+        if (plan.stopped)
+            return plan;
         const auto record = rows.At(at);
         keys.append(record ? record->Values().first().toString() : QString());
     }

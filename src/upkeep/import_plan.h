@@ -27,7 +27,14 @@ struct ImportPlan
     QHash<qint64, QString> reasons; ///< why a row is refused, by its place in the source
     QSet<qint64> there;             ///< places of those whose key the Databook has
     bool hasPictures = false; ///< the source has the field
+    bool stopped = false;     ///< by the step; nothing else counts then
 };
+
+/// A step that nobody looks at.
+inline bool NeverStops(qint64 /*done*/, qint64 /*of*/, const QString& /*words*/)
+{
+    return true;
+}
 
 /// A key as two rows are told apart: in capitals, without blanks behind it.
 [[nodiscard]] QString KeyMark(const QString& key);
@@ -38,7 +45,9 @@ struct ImportPlan
 /// Those of some keys that the Databook has, as KeyMark has them. @throws RuntimeError of the engine
 [[nodiscard]] QSet<QString> KeysThere(const store::DataSource& databook, const QString& table, const QStringList& keys);
 
+/// @param step  told while keys are read
 /// @throws RuntimeError 3078 for a table that is not there, 3265 for one without keys
-[[nodiscard]] ImportPlan PlanImport(const TransferDesk& desk, engine::Database& source, const QString& table);
+[[nodiscard]] ImportPlan PlanImport(const TransferDesk& desk, engine::Database& source, const QString& table,
+                                    const WorkStep& step = NeverStops);
 
 } // namespace vasclip::upkeep

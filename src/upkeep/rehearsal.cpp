@@ -2,12 +2,10 @@
 
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
-#include "store/bulk_rows.h"
-#include "store/change.h"
 #include "store/fields.h"
 #include "store/record.h"
-#include "store/transaction.h"
 #include "upkeep/address_twins.h"
+#include "upkeep/rehearsed_fields.h"
 
 #include <algorithm>
 
@@ -18,8 +16,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype kNamed = 500;
-const QString kImportWords = u"Import from %1"_s;
-const QString kChangeWords = u"Import into %1"_s;
+constexpr qint64 kBetweenSteps = 256; ///< rows
+const QString kReading = u"Reading the records of the file"_s;
+const QString kComparing = u"Comparing with the Databook"_s;
+const QString kTwinInside = u"%1 of the same file stands at the same address"_s;
 
 QString ColumnList(const QStringList& columns)
 {
@@ -34,35 +34,42 @@ QString InList(const QStringList& keys)
     return quoted.join(u',');
 }
 
-/// What a person sees of a value: blanks around it do not count.
-QString Shown(const store::Record& record, const QString& field)
-{
-    return record.Has(field) ? text::Trim(record.Value(field).toString()) : QString();
-}
-
-bool IsKey(const QString& field)
-{
-    return field.compare(fields::CENTRALKEY, Qt::CaseInsensitive) == 0;
-}
-
 } // namespace
 
-Rehearsal::Rehearsal(const TransferDesk& desk, const ImportOrder& order)
+Rehearsal::Rehearsal(const TransferDesk& desk, const ImportOrder& order, const WorkStep& step)
     : m_desk(desk)
     , m_order(order)
     , m_source(desk.Engine().OpenDatabase(order.source, engine::OpenMode::ReadOnly))
-    , m_plan(PlanImport(desk, *m_source, order.table))
+    , m_plan(PlanImport(desk, *m_source, order.table, step))
     , m_theirs(std::make_unique<store::Rows>(
           *m_source, u"SELECT "_s + ColumnList(m_plan.columns) + u" FROM ["_s + order.table + u']'))
+    , m_stopped(m_plan.stopped)
 {
-    Sort();
-    FindTwins();
-    AddRefusedLines();
-    if (!order.pictures || !m_plan.hasPictures)
+    Read(step);
+}
+
+void Rehearsal::Read(const WorkStep& step)
+{
+    const WorkStep kept = [&](qint64 done, qint64 of, const QString& words) { return GoesOn(step, done, of, words); };
+    if (!m_stopped)
+        Sort(kept);
+    if (!m_stopped)
+        FindTwins(kept);
+    if (m_stopped)
         return;
-    const QList<RowPicture> pictures = LookAtPictures(desk, *m_source, order.table);
+    AddRefusedLines();
+    if (!m_order.pictures || !m_plan.hasPictures)
+        return;
+    const QList<RowPicture> pictures = LookAtPictures(m_desk, *m_source, m_order.table, kept);
     for (RehearsedRow& row : m_rows)
         row.picture = pictures.value(row.place, RowPicture::None);
+}
+
+/// A step that was answered with a stop is not asked again.
+bool Rehearsal::GoesOn(const WorkStep& step, qint64 done, qint64 of, const QString& words)
+{
+    m_stopped = m_stopped || !step(done, of, words);
+    return !m_stopped;
 }
 
 Rehearsal::~Rehearsal()
@@ -72,26 +79,29 @@ Rehearsal::~Rehearsal()
 }
 
 /// New and refused rows as the plan has them; those whose key is there are compared.
-void Rehearsal::Sort()
+void Rehearsal::Sort(const WorkStep& step)
 {
     QList<qsizetype> met;
     for (qint64 at = 0; at < m_theirs->Count(); ++at) {
+        if (at % kBetweenSteps == 0 && !step(at, m_theirs->Count(), kReading))
+            return;
         RehearsedRow row;
         row.place = at;
         row.why = m_plan.reasons.value(at);
         const auto record = m_theirs->At(at);
-        row.key = record ? Shown(*record, fields::CENTRALKEY) : QString();
+        row.stored = record ? text::RTrim(record->Value(fields::CENTRALKEY).toString()) : QString();
+        row.key = text::Trim(row.stored);
         row.kind = row.why.isEmpty() ? RowKind::New : RowKind::Refused;
         row.choice = row.why.isEmpty() ? RowChoice::Add : RowChoice::KeepMine;
         if (m_plan.there.contains(at)) {
             row.kind = RowKind::Changed;
-            row.mine = row.key;
+            row.mine = row.stored;
             row.why.clear();
             met.append(m_rows.size());
         }
         m_rows.append(row);
     }
-    Compare(met);
+    Compare(met, step);
 }
 
 void Rehearsal::AddRefusedLines()
@@ -106,13 +116,15 @@ void Rehearsal::AddRefusedLines()
     }
 }
 
-void Rehearsal::Compare(const QList<qsizetype>& rows)
+void Rehearsal::Compare(const QList<qsizetype>& rows, const WorkStep& step)
 {
     for (qsizetype from = 0; from < rows.size(); from += kNamed) {
+        if (!step(from, rows.size(), kComparing))
+            return;
         QHash<QString, store::Record> mine;
         QStringList keys;
         for (qsizetype i = from; i < std::min(from + kNamed, rows.size()); ++i)
-            keys.append(m_rows.at(rows.at(i)).key);
+            keys.append(m_rows.at(rows.at(i)).stored);
         const store::Rows found = store::ReadRows(
             m_desk.databook, u"SELECT %1 FROM [%2] WHERE %3 IN (%4)"_s.arg(ColumnList(m_plan.columns), m_desk.globals.G_Table,
                                                                           fields::CENTRALKEY, InList(keys)));
@@ -122,18 +134,18 @@ void Rehearsal::Compare(const QList<qsizetype>& rows)
         for (qsizetype i = from; i < std::min(from + kNamed, rows.size()); ++i) {
             RehearsedRow& row = m_rows[rows.at(i)];
             const auto theirs = m_theirs->At(row.place);
-            const auto known = mine.constFind(KeyMark(row.key));
+            const auto known = mine.constFind(KeyMark(row.stored));
             if (!theirs || known == mine.cend())
                 continue;
             row.differences = static_cast<int>(std::ranges::count_if(m_plan.columns, [&](const QString& field) {
-                return !IsKey(field) && Shown(*theirs, field) != Shown(*known, field);
+                return !IsKey(field) && Differs(*known, *theirs, field);
             }));
             row.kind = row.differences == 0 ? RowKind::Same : RowKind::Changed;
         }
     }
 }
 
-void Rehearsal::FindTwins()
+void Rehearsal::FindTwins(const WorkStep& step)
 {
     AddressTwins twins;
     for (const RehearsedRow& row : std::as_const(m_rows)) {
@@ -141,15 +153,20 @@ void Rehearsal::FindTwins()
         if (!theirs)
             continue;
         const QString address = Shown(*theirs, fields::ADDRESS);
-        twins.Want(row.key, address.isEmpty() ? row.key : address, Shown(*theirs, fields::CITY));
+        twins.Want(row.stored, address.isEmpty() ? row.key : address, Shown(*theirs, fields::CITY));
     }
-    const QHash<QString, QString> found = twins.Find(m_desk);
+    const QHash<QString, QString> found = twins.Find(m_desk, step);
     for (RehearsedRow& row : m_rows) {
-        if (row.kind != RowKind::New || !found.contains(row.key))
+        if (row.kind != RowKind::New)
             continue;
-        row.kind = RowKind::Twin;
-        row.choice = RowChoice::KeepMine;
-        row.mine = found.value(row.key);
+        if (found.contains(row.stored)) {
+            row.kind = RowKind::Twin;
+            row.mine = found.value(row.stored);
+            row.choice = RowChoice::KeepMine;
+        } else if (twins.Among().contains(row.stored)) {
+            row.why = kTwinInside.arg(text::Trim(twins.Among().value(row.stored)));
+            row.choice = RowChoice::KeepMine;
+        }
     }
 }
 
@@ -168,7 +185,8 @@ QList<FieldPair> Rehearsal::FieldsOf(const RehearsedRow& row, bool all) const
         row.mine.isEmpty() ? std::nullopt : store::ReadRecord(m_desk.databook, row.mine);
     for (const QString& field : m_plan.columns) {
         const FieldPair pair{field, mine ? Shown(*mine, field) : QString(), Shown(*theirs, field)};
-        if (pair.mine != pair.theirs || (all && !pair.mine.isEmpty()))
+        const bool differs = mine ? Differs(*mine, *theirs, field) : !pair.theirs.isEmpty();
+        if (differs || (all && !pair.mine.isEmpty()))
             pairs.append(pair);
     }
     return pairs;
@@ -201,78 +219,6 @@ void Rehearsal::ChooseAll(RowKind kind, RowChoice choice)
     for (RehearsedRow& row : m_rows)
         if (row.kind == kind && Fits(kind, choice))
             row.choice = choice;
-}
-
-void Rehearsal::AddRows(RehearsalResult& result)
-{
-    QStringList keys;
-    for (const RehearsedRow& row : std::as_const(m_rows))
-        if (row.choice == RowChoice::Add)
-            keys.append(row.key);
-    for (qsizetype from = 0; from < keys.size(); from += kNamed) {
-        const QStringList some = keys.mid(from, kNamed);
-        const QString named = m_plan.condition + u" AND "_s + fields::CENTRALKEY + u" IN ("_s + InList(some) + u')';
-        result.added += store::AppendRows(m_desk.databook,
-                                          AppendStatement(m_desk.Databook(), m_desk.globals.G_Table, m_order.source,
-                                                          m_order.table, m_plan.columns, named),
-                                          some, kImportWords.arg(m_order.Name()));
-    }
-}
-
-void Rehearsal::ChangeRow(const RehearsedRow& row, RehearsalResult& result)
-{
-    const auto theirs = m_theirs->At(row.place);
-    const auto mine = store::ReadRecord(m_desk.databook, row.mine);
-    if (!theirs || !mine)
-        return; // gone meanwhile
-    QList<std::pair<QString, QVariant>> values;
-    for (const QString& field : std::as_const(m_plan.columns)) {
-        const QString held = Shown(*mine, field);
-        const QString comes = Shown(*theirs, field);
-        const bool wanted = row.choice == RowChoice::TakeTheirs || (held.isEmpty() && !comes.isEmpty());
-        if (!IsKey(field) && wanted && held != comes)
-            values.append({field, theirs->Value(field)});
-    }
-    if (values.isEmpty())
-        return;
-    store::Change change(m_desk.databook, store::Change::OfKey{row.mine}, kChangeWords);
-    for (const auto& [field, value] : std::as_const(values))
-        change.Set(field, value);
-    change.Store();
-    ++result.changed;
-}
-
-bool Rehearsal::HasPhotos(const RehearsedRow& row) const
-{
-    const auto mine = store::ReadRecord(m_desk.databook, row.mine);
-    return mine && !text::Trim(mine->Text(fields::PHOTOS)).isEmpty();
-}
-
-RehearsalResult Rehearsal::Carry(const WorkStep& step)
-{
-    RehearsalResult result;
-    QSet<QString> taken;
-    for (const RehearsedRow& row : std::as_const(m_rows))
-        if (row.choice == RowChoice::Add || row.choice == RowChoice::TakeTheirs ||
-            (row.choice == RowChoice::FillBlanks && !HasPhotos(row)))
-            taken.insert(KeyMark(row.key));
-    EmbeddedImages images(m_desk, *m_source, m_order.table);
-    images.Only(taken);
-    if (m_order.pictures && m_plan.hasPictures && !images.SaveEmbeddedImages(step)) {
-        result.pictures = images.Result();
-        result.stopped = true;
-        return result;
-    }
-    store::Transaction whole(m_desk.databook);
-    AddRows(result); // the queue does not turn meanwhile: nobody else may write into this transaction
-    for (const RehearsedRow& row : std::as_const(m_rows))
-        if (row.choice == RowChoice::TakeTheirs || row.choice == RowChoice::FillBlanks)
-            ChangeRow(row, result);
-    images.Place();
-    result.pictures = images.Result();
-    whole.Commit();
-    result.done = true;
-    return result;
 }
 
 } // namespace vasclip::upkeep

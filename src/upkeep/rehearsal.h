@@ -29,10 +29,11 @@ struct RehearsedRow
 {
     qint64 place = 0; ///< in the source; -1 for a line of a list whose values can't be stored
     QString key;
+    QString stored; ///< the key as the source has it, but for the blanks behind it; some have blanks before it
     RowKind kind = RowKind::New;
     RowChoice choice = RowChoice::KeepMine;
     QString mine; ///< key of the record that it meets; "" for none
-    QString why;  ///< of a refused one
+    QString why;  ///< of a refused one, of one that another row of the source is like, of one that was not carried out
     int differences = 0;
     RowPicture picture = RowPicture::None;
 };
@@ -49,6 +50,7 @@ struct RehearsalResult
     bool stopped = false;
     qint64 added = 0;
     qint64 changed = 0;
+    QStringList undone; ///< "KEY: why" of rows whose choice came to nothing
     SavedImages pictures;
 };
 
@@ -56,10 +58,11 @@ struct RehearsalResult
 class Rehearsal
 {
 public:
-    /// Reads source and Databook. @throws RuntimeError as PlanImport
-    Rehearsal(const TransferDesk& desk, const ImportOrder& order);
+    /// Reads source and Databook. @param step  told meanwhile. @throws RuntimeError as PlanImport
+    Rehearsal(const TransferDesk& desk, const ImportOrder& order, const WorkStep& step = NeverStops);
     ~Rehearsal();
 
+    [[nodiscard]] bool Stopped() const { return m_stopped; } ///< by the step: it knows only a part, and does nothing
     [[nodiscard]] const QList<RehearsedRow>& Rows() const { return m_rows; }
     [[nodiscard]] qsizetype Count(RowKind kind) const;
     [[nodiscard]] const QStringList& LeftBehind() const { return m_order.list ? m_order.list->LeftBehind() : m_plan.leftBehind; }
@@ -72,7 +75,8 @@ public:
     void Choose(qsizetype row, RowChoice choice); ///< nothing where it does not fit
     void ChooseAll(RowKind kind, RowChoice choice);
 
-    /// Does what was chosen in one transaction. A record that somebody changed meanwhile takes part as it is then.
+    /// Does what was chosen in one transaction. A record that somebody changed meanwhile takes part as it is then; where
+    /// one was added under a row's key, or mine was deleted, the row is not carried out, and says so.
     /// @throws RuntimeError of disk and engine; the Databook is then as it was
     RehearsalResult Carry(const WorkStep& step);
 
@@ -81,12 +85,15 @@ public:
     qsizetype WriteRefused(const QString& file) const;
 
 private:
-    void Sort();
+    using Undone = QHash<qsizetype, QString>; ///< why, by the place among the rows
+    void Read(const WorkStep& step);
+    void Sort(const WorkStep& step);
     void AddRefusedLines();
-    void Compare(const QList<qsizetype>& rows);
-    void FindTwins();
-    void AddRows(RehearsalResult& result);
-    void ChangeRow(const RehearsedRow& row, RehearsalResult& result);
+    void Compare(const QList<qsizetype>& rows, const WorkStep& step);
+    void FindTwins(const WorkStep& step);
+    [[nodiscard]] bool GoesOn(const WorkStep& step, qint64 done, qint64 of, const QString& words);
+    void AddRows(RehearsalResult& result, Undone& undone);
+    [[nodiscard]] QString ChangeRow(const RehearsedRow& row, RehearsalResult& result);
     [[nodiscard]] QByteArray RefusedText() const;
     [[nodiscard]] bool HasPhotos(const RehearsedRow& row) const; ///< has my record any?
 
@@ -96,6 +103,7 @@ private:
     ImportPlan m_plan;
     std::unique_ptr<store::Rows> m_theirs;
     QList<RehearsedRow> m_rows;
+    bool m_stopped = false;
 };
 
 [[nodiscard]] QString NameOf(RowKind kind);

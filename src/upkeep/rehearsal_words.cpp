@@ -6,6 +6,12 @@ namespace vasclip::upkeep {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr qsizetype kNamed = 3;
+
+} // namespace
+
 QString NameOf(RowKind kind)
 {
     switch (kind) {
@@ -42,7 +48,11 @@ QString WordsOf(const RehearsalResult& result)
 {
     if (!result.done)
         return result.stopped ? u"Canceled: the Databook is as it was."_s : u"Nothing came in: the Databook is as it was."_s;
-    return u"Records added: %1, changed: %2."_s.arg(result.added).arg(result.changed) + WordsOf(result.pictures);
+    QString words = u"Records added: %1, changed: %2."_s.arg(result.added).arg(result.changed) + WordsOf(result.pictures);
+    if (!result.undone.isEmpty())
+        words += u" Not done: "_s + result.undone.mid(0, kNamed).join(u"; "_s) +
+                 (result.undone.size() > kNamed ? u"; and %1 more."_s.arg(result.undone.size() - kNamed) : u"."_s);
+    return words;
 }
 
 QString SummaryOf(const Rehearsal& rehearsal)

@@ -11,9 +11,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-int OrderOf(RowKind kind)
+int OrderOf(const RehearsedRow& row)
 {
-    switch (kind) {
+    switch (row.kind) {
     case RowKind::Changed:
         return 0;
     case RowKind::Twin:
@@ -21,7 +21,7 @@ int OrderOf(RowKind kind)
     case RowKind::Refused:
         return 2;
     case RowKind::New:
-        return 3;
+        return row.why.isEmpty() ? 3 : 1;
     case RowKind::Same:
         break;
     }
@@ -63,7 +63,7 @@ RehearsedRows::RehearsedRows(const Rehearsal& rehearsal)
     , m_order(static_cast<std::size_t>(rehearsal.Rows().size()))
 {
     std::iota(m_order.begin(), m_order.end(), qsizetype{0});
-    std::ranges::stable_sort(m_order, {}, [&](qsizetype at) { return OrderOf(rehearsal.Rows().at(at).kind); });
+    std::ranges::stable_sort(m_order, {}, [&](qsizetype at) { return OrderOf(rehearsal.Rows().at(at)); });
 }
 
 QStringList RehearsedRows::FieldNames() const
@@ -83,6 +83,8 @@ QStringList RehearsedRows::Row(qint64 row) const
         return {};
     const RehearsedRow& one = m_rehearsal.Rows().at(place);
     QString why = one.why;
+    if (!why.isEmpty())
+        return {one.key, NameOf(one.kind), NameOf(one.choice), WordsOf(one.picture), why};
     if (one.kind == RowKind::Changed)
         why = one.differences == 1 ? u"1 field differs"_s : u"%1 fields differ"_s.arg(one.differences);
     else if (one.kind == RowKind::Twin)

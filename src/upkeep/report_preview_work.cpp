@@ -19,13 +19,13 @@ constexpr int kSlice = 40;
 
 } // namespace
 
-ReportBook frm_ReportPreview::Book()
+ReportBook frm_ReportPreview::Book(paper::PictureSource& pictures)
 {
     return {.layout = *m_layout,
             .sheet = m_sheet,
             .facts = m_facts,
             .feed = m_table->Feed(),
-            .pictures = m_pictures};
+            .pictures = pictures};
 }
 
 bool frm_ReportPreview::Progress(const QString& doing, qint64 done, qint64 total)
@@ -70,12 +70,13 @@ void frm_ReportPreview::Work(const std::function<void()>& work)
     common::Guarded(m_desk.ports.prompter, work);
 }
 
-void frm_ReportPreview::Tell(paper::Made made, const QString& done)
+void frm_ReportPreview::Tell(paper::Made made, const QString& done, qsizetype missing)
 {
     if (made == paper::Made::Stopped)
         lblmsg.Show(u"Stopped. Nothing was stored."_s, forms::Colour::Red);
-    else if (m_pictures.Missing() > 0)
-        lblmsg.Show(done + u" %1 photos were not found; their places say so."_s.arg(m_pictures.Missing()),
+    else if (missing > 0)
+        lblmsg.Show(done + (missing == 1 ? u" 1 photo was not found; its place says so."_s
+                                         : u" %1 photos were not found; their places say so."_s.arg(missing)),
                     forms::Colour::Red);
     else
         lblmsg.Show(done, forms::Colour::Blue);
@@ -94,11 +95,12 @@ void frm_ReportPreview::SavePdf(const QString& file)
 {
     const RoutineScope scope{"SavePdf"};
     Work([&] {
+        ReportPictures pictures(m_desk.disk, m_desk.globals.G_PhotoDir);
         const paper::Made made =
-            PrintToPdf(Book(), file, [this](const QString& doing, qint64 done, qint64 total) {
+            PrintToPdf(Book(pictures), file, [this](const QString& doing, qint64 done, qint64 total) {
                 return Progress(doing, done, total);
             });
-        Tell(made, u"The report is in %1."_s.arg(file));
+        Tell(made, u"The report is in %1."_s.arg(file), pictures.Missing());
     });
 }
 
@@ -116,13 +118,14 @@ void frm_ReportPreview::PrintTo(QPagedPaintDevice& printer, double dots, int fro
 {
     const RoutineScope scope{"PrintTo"};
     Work([&] {
+        ReportPictures pictures(m_desk.disk, m_desk.globals.G_PhotoDir);
         const paper::Made made = PrintToDevice(
-            Book(), printer, dots, from, to,
+            Book(pictures), printer, dots, from, to,
             [this](const QString& doing, qint64 done, qint64 total) { return Progress(doing, done, total); });
         if (made == paper::Made::Stopped)
             lblmsg.Show(u"Stopped. The printer has the pages before."_s, forms::Colour::Red);
         else
-            Tell(made, u"The report was sent to the printer."_s);
+            Tell(made, u"The report was sent to the printer."_s, pictures.Missing());
     });
 }
 

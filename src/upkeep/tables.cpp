@@ -6,6 +6,7 @@
 #include "store/record.h"
 #include "store/store.h"
 #include "upkeep/list_file.h"
+#include "upkeep/target_file.h"
 
 #include <algorithm>
 #include <functional>
@@ -14,14 +15,18 @@ namespace vasclip::upkeep {
 
 using namespace Qt::StringLiterals;
 
+bool IsSystemTable(const QString& name)
+{
+    return text::Folded(name).startsWith("MSYS"_L1);
+}
+
 QStringList TablesOf(engine::Engine& engine, const QString& file)
 {
     const auto database = engine.OpenDatabase(file, engine::OpenMode::ReadOnly);
     QStringList tables = database->TableNames();
     database->Close();
     tables.removeIf([](const QString& name) {
-        const QString folded = text::Folded(name);
-        return folded.isEmpty() || folded.startsWith("MSYS"_L1);
+        return text::Trim(name).isEmpty() || IsSystemTable(name);
     });
     return tables;
 }
@@ -33,12 +38,11 @@ QString Fill(const files::Disk& disk, const QString& file, forms::ListBox& list,
 {
     QStringList names;
     QString why;
-    if (disk.Found(file, files::ReadOnly | files::Hidden)) {
-        try {
+    try {
+        if (IsThere(disk, file))
             names = read();
-        } catch (const RuntimeError& failure) {
-            why = failure.Description();
-        }
+    } catch (const RuntimeError& failure) {
+        why = failure.Description();
     }
     list.SetItems(names);
     if (!names.isEmpty())

@@ -5,6 +5,9 @@
 
 namespace vasclip::upkeep {
 
+/// Does a name belong to the engine's own tables, which no list shows?
+[[nodiscard]] bool IsSystemTable(const QString& name);
+
 /// The tables of a database file that are not the system's own. The file is open for reading only meanwhile.
 /// @throws RuntimeError of the engine
 [[nodiscard]] QStringList TablesOf(engine::Engine& engine, const QString& file);

@@ -2,6 +2,7 @@
 
 #include "common/paths.h"
 #include "platform/engine/genuine_file.h"
+#include "platform/files/drive_path.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/schema.h"
@@ -27,6 +28,7 @@ const QString kWriteProtected =
     u"The file %1 is write-protected. Choose another name, or take the protection off it"_s;
 const QString kNoText = u"%1 is there, and no text file to be written over. Choose a name that ends in .csv"_s;
 const QString kNotWritten = u"%1 can't be written: %2. Nothing was stored"_s;
+const QString kNoFile = u"You cannot %1 \"%2\", which is not the name of one file. Enter the name of the database file."_s;
 const QString kTemplate = u"NEWDATA.MDB"_s;
 
 } // namespace
@@ -41,6 +43,21 @@ QString LockFileOf(const QString& path)
 {
     const qsizetype dot = path.lastIndexOf(u'.');
     return (dot > path.lastIndexOf(u'\\') ? path.left(dot) : path) + u".LDB"_s;
+}
+
+bool NamesOneFile(const QString& path)
+{
+    try {
+        const files::DrivePath taken = files::ParseDrivePath(path, files::Wildcards::Refused);
+        return !taken.closed && !taken.parts.isEmpty();
+    } catch (const RuntimeError&) {
+        return false;
+    }
+}
+
+bool IsThere(const files::Disk& disk, const QString& path)
+{
+    return NamesOneFile(path) && disk.Found(path, files::ReadOnly | files::Hidden);
 }
 
 bool IsLocked(engine::Engine& engine, const QString& path)
@@ -62,6 +79,10 @@ bool RefusesLocked(forms::Prompter& prompter, engine::Engine& engine, const File
 bool RefusesTarget(forms::Prompter& prompter, engine::Engine& engine, const FileVerb& verb, const QString& path,
                    const QString& databook)
 {
+    if (!NamesOneFile(path)) {
+        prompter.Box(kDatabaseTitle.arg(verb.verb), kNoFile.arg(verb.what, path));
+        return true;
+    }
     if (const QString stem = StemOf(path); IsProtectedDatabase(stem)) {
         prompter.Box(kTitle.arg(verb.verb) + verb.titleTail, kProtected.arg(verb.what, stem));
         return true;

@@ -25,13 +25,18 @@ inline constexpr FileVerb kDelete{QLatin1StringView("delete"), QLatin1StringView
 /// The lock companion of a database file: its name with .LDB in place of the extension.
 [[nodiscard]] QString LockFileOf(const QString& path);
 
-/// Boxes what forbids it: a protected name, the open Databook, a file that is locked.
+/// Does a path name one file? What ends at a directory and a pattern name many.
+[[nodiscard]] bool NamesOneFile(const QString& path);
+/// Is there a file of exactly this path? @throws RuntimeError of a drive that is not there
+[[nodiscard]] bool IsThere(const files::Disk& disk, const QString& path);
+
+/// Boxes what forbids it: a path that is not one file's, a protected name, the open Databook, a file that is locked.
 /// @param path      of the target; its name gives the protected stem
 /// @param databook  that is open
 /// @return true if it was refused
 [[nodiscard]] bool RefusesTarget(forms::Prompter& prompter, engine::Engine& engine, const FileVerb& verb,
                                  const QString& path, const QString& databook);
-/// The last of the three alone, for the moment before the file is touched.
+/// The last of them alone, for the moment before the file is touched.
 [[nodiscard]] bool RefusesLocked(forms::Prompter& prompter, engine::Engine& engine, const FileVerb& verb,
                                  const QString& path);
 /// Does somebody have the file open? A companion that only processes of the past have left does not count.

@@ -61,6 +61,8 @@ void Layout_frm_Export(QDialog& window, forms::Screen&)
 
     AddAccount(*rows, window, QDialog::tr("Left out"));
     AddWorkFoot(*rows, window, {u"cmdStop"_s, u"cmdExport"_s, u"cmdExit"_s}, u"cmdExport"_s);
+    // The export makes a directory that is not there: a click takes no focus from the path, whose question would swallow it.
+    window.findChild<QPushButton*>(u"cmdExport"_s)->setFocusPolicy(Qt::TabFocus);
     window.resize(900, 520);
 }
 

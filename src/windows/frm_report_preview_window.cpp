@@ -1,3 +1,5 @@
+#include "windows/send_to_printer.h"
+
 #include "upkeep/frm_report_preview.h"
 #include "windows/layout_parts.h"
 #include "windows/paper_view.h"
@@ -127,12 +129,17 @@ void AskForPrinter(QDialog& window, Preview& preview)
     dialog.setOption(QAbstractPrintDialog::PrintToFile, false);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    const bool range = printer.printRange() == QPrinter::PageRange;
-    preview.PrintTo(printer, printer.resolution(), range ? printer.fromPage() : 1,
-                    range ? printer.toPage() : preview.Pages());
+    SendToPrinter(preview, printer);
 }
 
 } // namespace
+
+void SendToPrinter(Preview& preview, QPrinter& printer)
+{
+    const bool range = printer.printRange() == QPrinter::PageRange;
+    preview.PrintTo(printer, printer.resolution(), range ? printer.fromPage() : 1,
+                    range ? printer.toPage() : Preview::kAllPages);
+}
 
 void Layout_frm_ReportPreview(QDialog& window, forms::Screen& screen)
 {

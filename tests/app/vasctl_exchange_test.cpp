@@ -109,8 +109,13 @@ TEST_F(VasctlExchange, RefusesInWords)
                     .contains("You cannot export to default (protected) installed database: NEWDATA "));
     EXPECT_EQ(home.Vasctl({u"export"_s, u"--file"_s, u"X"_s, u"--where"_s, u"NOSUCH = 1"_s}).code, kFailed);
     EXPECT_FALSE(QFile::exists(home.Native(u"DATABOOK/EXPORT/X.MDB"_s)));
+    EXPECT_EQ(home.Vasctl({u"export"_s, u"--file"_s, u"X"_s, u"--table"_s, u"msysobjects"_s}).code, kUsage);
+    EXPECT_EQ(home.Vasctl({u"export"_s, u"--file"_s, u"*"_s}).code, kFailed);
     EXPECT_EQ(home.Vasctl({u"import"_s}).code, kUsage);
     EXPECT_EQ(home.Vasctl({u"import"_s, u"NONE.MDB"_s}).code, kNotFound);
+    const Ended dashes = home.Vasctl({u"--plain"_s, u"import"_s, u"NO-NE.MDB"_s});
+    EXPECT_EQ(dashes.code, kUsage) << "the name is looked at before the file";
+    EXPECT_TRUE((dashes.out + dashes.err).contains("The file 'NO-NE.MDB' contains dashes (-)"));
     EXPECT_EQ(home.Vasctl({u"import"_s, u"C:\\DATABOOK\\DATABOOK.MDB"_s}).code, kUsage);
 }
 

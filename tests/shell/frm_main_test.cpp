@@ -6,6 +6,7 @@
 #include "link/refresh.h"
 #include "photos/frm_gen_view.h"
 #include "platform/engine/database.h"
+#include "platform/engine/process.h"
 #include "platform/files/profile.h"
 #include "platform/text/text.h"
 #include "shell/frm_splash.h"
@@ -502,7 +503,11 @@ TEST_F(MainScreen, TheEndSavesSettingsAndLayoutAndClosesTheSources)
     Load();
     main.globals.sortGrid = 3;
     home.Put(u"C:\\VAS2000\\tempdat_1.mdb"_s);
-    home.Put(u"C:\\VAS2000\\Report_7.txt"_s);
+    const QString mine = u"C:\\VAS2000\\Report_May.pdf"_s;
+    const QString used = u"C:\\VAS2000\\Report_1.mdb"_s;
+    const QString left = u"C:\\VAS2000\\Report_999999999.mdb"_s;
+    for (const QString& report : {mine, used, left})
+        home.Put(report);
     home.Put(u"C:\\VAS2000\\Reports.txt"_s);
     doubles.clock.waits.clear();
     main.Form_Unload();
@@ -515,7 +520,9 @@ TEST_F(MainScreen, TheEndSavesSettingsAndLayoutAndClosesTheSources)
     EXPECT_FALSE(main.sources.datsql.Bound());
     EXPECT_FALSE(main.sources.datComp2Kel_CURRENT.Bound());
     EXPECT_FALSE(home.disk.FileExists(u"C:\\VAS2000\\tempdat_1.mdb"_s));
-    EXPECT_FALSE(home.disk.FileExists(u"C:\\VAS2000\\Report_7.txt"_s));
+    EXPECT_TRUE(home.disk.FileExists(mine)) << "no report's database";
+    EXPECT_EQ(home.disk.FileExists(used), engine::IsAlive(1, {})) << "of a process that runs";
+    EXPECT_FALSE(home.disk.FileExists(left));
     EXPECT_TRUE(home.disk.FileExists(u"C:\\VAS2000\\Reports.txt"_s));
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }

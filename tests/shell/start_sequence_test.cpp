@@ -648,14 +648,14 @@ TEST_F(StartSequence, TheStopClosesTheOtherScreensClearsFilesAndArmsTheLastResor
 {
     home.Put(u"C:\\VAS2000\\tempdat_1.mdb"_s);
     home.Put(u"C:\\VAS2000\\tempdata.txt"_s);
-    home.Put(u"C:\\VAS2000\\Report_7.mdb"_s);
+    home.Put(u"C:\\VAS2000\\Report_Brief.mdb"_s);
     int ends = 0;
     QObject::connect(&main, &frm_Main::EndWanted, [&] { ++ends; });
     Load();
     main.Form_Unload();
     EXPECT_EQ(screens.unloads, 1);
     EXPECT_FALSE(home.disk.FileExists(u"C:\\VAS2000\\tempdat_1.mdb"_s));
-    EXPECT_FALSE(home.disk.FileExists(u"C:\\VAS2000\\Report_7.mdb"_s));
+    EXPECT_FALSE(home.disk.FileExists(u"C:\\VAS2000\\Report_Brief.mdb"_s));
     EXPECT_TRUE(home.disk.FileExists(u"C:\\VAS2000\\tempdata.txt"_s));
     auto* timer = main.findChild<QTimer*>(u"Timer1"_s);
     ASSERT_NE(timer, nullptr);

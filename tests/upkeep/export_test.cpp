@@ -45,6 +45,17 @@ TEST(ExportSearch, IsTheStatementsFilterUnlessItOnlySorts)
     EXPECT_EQ(statement(u"CITY = 'A' ORDER BY ZIP"_s), all + u"WHERE CITY = 'A' ORDER BY ZIP"_s);
 }
 
+TEST(ExportSearch, SortsByWhatStandsOutsideOfQuotes)
+{
+    EXPECT_EQ(SortOf(u"CITY = 'A' ORDER BY ZIP"_s), u" ORDER BY ZIP"_s);
+    EXPECT_EQ(SortOf(u"CITY = 'A' order  by ZIP"_s), u" order  by ZIP"_s);
+    EXPECT_EQ(SortOf(u"CITY = \"x ORDER BY y\""_s), QString());
+    EXPECT_EQ(SortOf(u"CITY = 'x ORDER BY y' AND [ORDER BY] = 1"_s), QString());
+    EXPECT_EQ(SortOf(u"CITY = 'O''ORDER BY' ORDER BY ZIP & 'x'"_s), u" ORDER BY ZIP & 'x'"_s);
+    EXPECT_FALSE(Narrows(u" ORDER  BY ZIP"_s));
+    EXPECT_TRUE(Narrows(u"ORDERBY = 1"_s));
+}
+
 TEST_F(Export, OfASearchTakesItsRowsAlone)
 {
     const ExportResult result = Run(u"UCASE(COMPS.CITY) LIKE '*ALDER*' ORDER BY COMPS.ADDRESS DESC"_s);

@@ -36,6 +36,14 @@ TEST(AddMDBExtension, LooksForCapitalsAlone)
     EXPECT_EQ(AddMDBExtension(u"A"_s), u"A.MDB"_s);
 }
 
+TEST(DatabaseName, IsOneThatTheListsShow)
+{
+    EXPECT_EQ(DatabaseName(u"MAY.2026"_s), u"MAY.2026.MDB"_s);
+    EXPECT_EQ(DatabaseName(u"may.mdb"_s), u"may.mdb"_s);
+    EXPECT_EQ(DatabaseName(u" MAY "_s), u"MAY.MDB"_s);
+    EXPECT_EQ(DatabaseName(u" "_s), QString());
+}
+
 class Protected : public ::testing::TestWithParam<QString>
 {};
 
@@ -52,7 +60,8 @@ INSTANTIATE_TEST_SUITE_P(Installed, Protected,
                                            u"COMP2KEL2"_s, u"COMP2KEL10"_s, u"COMP2KEL12"_s, u"COMP2KEL13"_s,
                                            u"COMP2KEL15"_s, u"EMPTY"_s, u"OFFICE"_s, u"REPORT"_s,
                                            u"NEWOFFICE"_s, u"COMMENTS"_s, u"NEWCMTS"_s, u"VASCLIP"_s,
-                                           u"VASCTL"_s, u"KELFORMS"_s));
+                                           u"VASCTL"_s, u"KELFORMS"_s, u"TEMPCOMP"_s, u"TEMPCMTS"_s,
+                                           u"TEMPDAT"_s));
 
 TEST(Protected, LeavesOtherNamesFree)
 {

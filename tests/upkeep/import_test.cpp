@@ -86,6 +86,33 @@ TEST_F(Import, PutsThePictureIntoThePhotoDirectoryAndNotIntoTheRow)
     EXPECT_TRUE(WordsOf(result).endsWith(u" Pictures: 1 written."_s));
 }
 
+TEST_F(Import, TakesOneFileThatTwoRecordsShowOnce)
+{
+    PutComp(u"1 ASH ST"_s, {}, u"FRONT VIEW|00000009\r\n"_s, kJpeg);
+    PutComp(u"2 ASH ST"_s, {}, u"FRONT VIEW|00000009\r\n"_s, kJpeg);
+    const ImportResult result = Run();
+    EXPECT_EQ(result.pictures.written, 1);
+    EXPECT_EQ(result.pictures.notSaved, QStringList());
+    EXPECT_EQ(Pictures().size(), 3);
+}
+
+TEST_F(Import, KeepsTheFirstOfTwoPicturesOfOneNameAlsoWhereItIsThereAlready)
+{
+    const QByteArray other = kJpeg + "of another house";
+    PutComp(u"1 ASH ST"_s, {}, u"FRONT VIEW|00000009\r\n"_s, kJpeg);
+    PutComp(u"2 ASH ST"_s, {}, u"FRONT VIEW|00000009\r\n"_s, other);
+    for (const bool there : {false, true}) {
+        doubles.prompter.Answer(forms::Answer::Yes);
+        const ImportResult result = Run();
+        EXPECT_EQ(result.pictures.written, there ? 0 : 1);
+        EXPECT_EQ(result.pictures.same, there ? 1 : 0);
+        EXPECT_EQ(result.pictures.over, 0);
+        EXPECT_EQ(result.pictures.notSaved,
+                  QStringList{u"2 ASH ST: an earlier row has another picture of the name 00000009"_s});
+        EXPECT_EQ(disk.ReadWhole(u"C:\\JPG\\00000009.jpg"_s), kJpeg);
+    }
+}
+
 TEST_F(Import, ReadsAPhotoListWhoseLastLineHasNoEnd)
 {
     PutComp(u"1 ASH ST"_s, {}, u"FRONT VIEW|00000009"_s, kJpeg);

@@ -41,6 +41,25 @@ protected:
         rows->Close();
         database->Close();
     }
+    void Put(const QString& comp, const QList<std::pair<QString, QVariant>>& values)
+    {
+        const auto database = engine.OpenDatabase(file);
+        const auto rows = database->OpenRecordset(table, engine::RecordsetType::Table);
+        rows->AddNew();
+        rows->SetValue(key, comp.leftJustified(35));
+        for (const auto& [field, value] : values)
+            rows->SetValue(field, value);
+        rows->Update();
+        rows->Close();
+        database->Close();
+    }
+    /// By another program.
+    void InDatabook(const QString& statement)
+    {
+        const auto database = engine.OpenDatabase(path);
+        database->Execute(statement);
+        database->Close();
+    }
     std::unique_ptr<Rehearsal> Begin(bool pictures = true)
     {
         return std::make_unique<Rehearsal>(Desk(),
@@ -150,6 +169,92 @@ TEST_F(Rehearsed, FillingBlanksLeavesMyPictureAsItIs)
     EXPECT_TRUE(rehearsal->Carry(Step()).done);
     EXPECT_EQ(Field(path, table, u"12 OAK ST"_s, u"ZIP"_s).toString(), u"97009"_s);
     EXPECT_EQ(disk.ReadWhole(u"C:\\JPG\\00000001.jpg"_s), QByteArray(70000, 'a'));
+}
+
+TEST_F(Rehearsed, TakingTheirsLeavesMyOtherViews)
+{
+    Put(u"12 OAK ST"_s, {{u"ADDRESS"_s, u"12 OAK ST"_s},
+                         {u"CITY"_s, u"ALDER"_s},
+                         {u"PHOTOS"_s, u"Front View|00000008\r\n"_s},
+                         {u"FRONTPHOTO"_s, kJpeg}});
+    const auto rehearsal = Begin();
+    EXPECT_EQ(RowOf(*rehearsal, u"12 OAK ST"_s).differences, 1);
+    rehearsal->ChooseAll(RowKind::Changed, RowChoice::TakeTheirs);
+    EXPECT_TRUE(rehearsal->Carry(Step()).done);
+    EXPECT_EQ(Field(path, table, u"12 OAK ST"_s, u"PHOTOS"_s).toString(), u"FRONT VIEW|00000008\r\nREAR VIEW|00000002\r\n"_s);
+    EXPECT_EQ(RowOf(*Begin(), u"12 OAK ST"_s).kind, RowKind::Same) << "nothing is left to take";
+}
+
+TEST_F(Rehearsed, AddsARowWhoseKeyBeginsWithABlank)
+{
+    Put(u" 7 FIR ST"_s, {{u"CITY"_s, u"CEDAR"_s}});
+    const RehearsalResult result = Begin()->Carry(Step());
+    EXPECT_EQ(result.added, 2);
+    EXPECT_EQ(result.undone, QStringList());
+    EXPECT_EQ(Keys(path, table).size(), 6);
+}
+
+TEST_F(Rehearsed, NamesATwinWithinTheFileToo)
+{
+    Put(u"70 N FIR ST"_s, {{u"ADDRESS"_s, u"70 N Fir St"_s}, {u"CITY"_s, u"CEDAR"_s}});
+    Put(u"70 NORTH FIR STREET"_s, {{u"ADDRESS"_s, u"70 North Fir Street"_s}, {u"CITY"_s, u"Cedar"_s}});
+    Put(u"70 N FIR"_s, {{u"ADDRESS"_s, u"70 North Fir Street"_s}, {u"CITY"_s, u"ELSEWHERE"_s}});
+    const auto rehearsal = Begin();
+    EXPECT_EQ(RowOf(*rehearsal, u"70 N FIR ST"_s).choice, RowChoice::Add);
+    const RehearsedRow twin = RowOf(*rehearsal, u"70 NORTH FIR STREET"_s);
+    EXPECT_EQ(twin.choice, RowChoice::KeepMine);
+    EXPECT_EQ(twin.why, u"70 N FIR ST of the same file stands at the same address"_s);
+    EXPECT_EQ(RowOf(*rehearsal, u"70 N FIR"_s).choice, RowChoice::Add) << "another town";
+    rehearsal->Choose(twin.place, RowChoice::Add);
+    EXPECT_EQ(rehearsal->Carry(Step()).added, 4);
+}
+
+TEST_F(Rehearsed, TellsWhatSomebodyAddedOrDeletedMeanwhile)
+{
+    const auto rehearsal = Begin();
+    rehearsal->ChooseAll(RowKind::Changed, RowChoice::TakeTheirs);
+    InDatabook(u"INSERT INTO [COMPS] (CENTRALKEY, CITY) VALUES ('1 ASH ST', 'OURS')"_s);
+    InDatabook(u"DELETE FROM [COMPS] WHERE CENTRALKEY = '14 OAK ST'"_s);
+    const RehearsalResult result = rehearsal->Carry(Step());
+    EXPECT_TRUE(result.done);
+    EXPECT_EQ(result.added, 0);
+    EXPECT_EQ(result.undone, (QStringList{u"1 ASH ST: a record of this key is in the Databook by now"_s,
+                                          u"14 OAK ST: your record is not there any more"_s}));
+    EXPECT_EQ(WordsOf(result), u"Records added: 0, changed: %1. Not done: 1 ASH ST: a record of this key is in the Databook "
+                               u"by now; 14 OAK ST: your record is not there any more."_s.arg(result.changed));
+    EXPECT_EQ(RowOf(*rehearsal, u"1 ASH ST"_s).why, u"a record of this key is in the Databook by now"_s);
+    EXPECT_EQ(Field(path, table, u"1 ASH ST"_s, u"CITY"_s).toString(), u"OURS"_s);
+    EXPECT_FALSE(disk.FileExists(u"C:\\JPG\\00000009.jpg"_s)) << "the picture of a row that did not come in";
+    EXPECT_EQ(disk.Dir(u"C:\\JPG\\*"_s).size(), 2);
+}
+
+TEST_F(Rehearsed, TakesMyRecordAsItIsByNow)
+{
+    const auto rehearsal = Begin();
+    rehearsal->ChooseAll(RowKind::Changed, RowChoice::FillBlanks);
+    InDatabook(u"UPDATE [COMPS] SET ZIP = '11111' WHERE CENTRALKEY = '14 OAK ST'"_s);
+    EXPECT_EQ(rehearsal->Carry(Step()).undone, QStringList());
+    EXPECT_EQ(Field(path, table, u"14 OAK ST"_s, u"ZIP"_s).toString(), u"11111"_s) << "no blank by now";
+}
+
+TEST_F(Rehearsed, TellsEachStepOfTheLookAndStopsAtAny)
+{
+    const auto looks = [&](int last) {
+        steps.clear();
+        stopAt = last;
+        return std::make_unique<Rehearsal>(Desk(), ImportOrder{.source = file, .table = table, .pictures = true}, Step());
+    };
+    EXPECT_FALSE(looks(-1)->Stopped());
+    EXPECT_EQ(steps, (QStringList{u"Reading the keys of the file"_s, u"Reading the records of the file"_s,
+                                  u"Comparing with the Databook"_s, u"Looking for the same addresses"_s,
+                                  u"Looking at the pictures"_s}));
+    for (int last = 0; last < 5; ++last) {
+        const auto stopped = looks(last);
+        EXPECT_TRUE(stopped->Stopped()) << last;
+        EXPECT_EQ(steps.size(), last + 1) << "a stop is not asked again";
+        EXPECT_FALSE(stopped->Carry(Step()).done);
+    }
+    EXPECT_EQ(Keys(path, table).size(), 4);
 }
 
 TEST_F(Rehearsed, WritesRefusedRowsOverNoDatabase)

@@ -31,7 +31,7 @@ TEST_F(Preview, ThePreviewTurnsPagesAndCountsThem)
         EXPECT_EQ(preview.txtPage.Text(), u"3"_s);
         preview.txtPage.SetText(u"nonsense"_s);
         Q_EMIT preview.txtPage.LostFocus();
-        EXPECT_EQ(preview.txtPage.Text(), u"1"_s);
+        EXPECT_EQ(preview.txtPage.Text(), u"3"_s) << "the page on show stays";
     });
 }
 
@@ -99,10 +99,16 @@ TEST_F(Preview, AMissingPhotoIsToldAndStopsNothing)
     screen->optSelected(2).SetValue(true);
     Print(*screen, [&](frm_ReportPreview& preview) {
         preview.SavePdf(pdf);
-        EXPECT_TRUE(preview.lblmsg.Caption().contains(u"1 photos were not found"_s))
-            << preview.lblmsg.Caption().toStdString();
+        EXPECT_EQ(preview.lblmsg.Caption(),
+                  u"The report is in %1. 1 photo was not found; its place says so."_s.arg(pdf));
+        const QString csv = out.filePath(u"r.csv"_s);
+        preview.SaveCsv(csv);
+        EXPECT_EQ(preview.lblmsg.Caption(), u"The records are in %1."_s.arg(csv)) << "a text has no photos";
+        preview.cboLayout.SetListIndex(0);
+        preview.SavePdf(pdf);
+        EXPECT_EQ(preview.lblmsg.Caption(), u"The report is in %1."_s.arg(pdf)) << "nor has this layout";
     });
-    EXPECT_EQ(Files(), QStringList{u"r.pdf"_s});
+    EXPECT_EQ(Files(), (QStringList{u"r.csv"_s, u"r.pdf"_s}));
 }
 
 TEST_F(Preview, StopInTheMiddleLeavesNoHalfPdf)
@@ -176,6 +182,28 @@ TEST_F(Preview, PrintsTheWantedPagesToADevice)
     QFile file(pdf);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll().count("/Type /Page\n"), 3);
+}
+
+TEST_F(Preview, APrinterThatTakesNoFurtherPageIsTold)
+{
+    class Jammed : public QPdfWriter
+    {
+    public:
+        using QPdfWriter::QPdfWriter;
+        bool newPage() override { return false; }
+    };
+    Comps(200);
+    const auto screen = Make(u"SELECT * FROM COMPS"_s);
+    Print(*screen, [&](frm_ReportPreview& preview) {
+        Jammed printer(pdf);
+        doubles.prompter.Answer(forms::Answer::Abort);
+        preview.PrintTo(printer, 300, 1, frm_ReportPreview::kAllPages);
+        EXPECT_TRUE(doubles.prompter.Last().text.contains(
+            u"The printer took no further page. What it has is not the whole report"_s))
+            << doubles.prompter.Last().text.toStdString();
+        EXPECT_FALSE(preview.lblmsg.Caption().contains(u"was sent"_s));
+        EXPECT_TRUE(preview.cmdPrint.Enabled());
+    });
 }
 
 TEST_F(Preview, AnotherLayoutThatIsWrongLeavesTheOneOnShow)

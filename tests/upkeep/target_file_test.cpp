@@ -59,6 +59,29 @@ TEST_F(TargetFile, ThatIsTheOpenDatabookIsRefusedInAnyCase)
                                            u"You cannot delete currently open database (C:\\MYBOOK.MDB)!"_s));
 }
 
+TEST_F(TargetFile, ThatIsADirectoryOrAPatternIsRefused)
+{
+    engine.CreateDatabase(target)->Close();
+    for (const QString& many : {u"C:\\EXPORT\\"_s, u"C:\\EXPORT\\*"_s, u"C:\\EXPORT\\MIN?.MDB"_s, u"C:\\"_s, u""_s}) {
+        EXPECT_TRUE(Refuses(kDelete, many)) << many.toStdString();
+        EXPECT_EQ(doubles.prompter.Last(), Box(u"User not allowed to delete database"_s,
+                                               u"You cannot delete \"%1\", which is not the name of one file. Enter the "
+                                               u"name of the database file."_s.arg(many)));
+        EXPECT_FALSE(IsThere(disk, many)) << many.toStdString();
+    }
+    EXPECT_TRUE(IsThere(disk, target));
+    EXPECT_FALSE(Refuses(kDelete, target));
+}
+
+TEST_F(TargetFile, OnADriveThatIsNotThereHasNoTablesAndSaysWhy)
+{
+    forms::ControlSet controls;
+    forms::ListBox list(controls, u"lstTables"_s);
+    EXPECT_FALSE(ListTheTables(engine, u"E:\\EXPORT\\MINE.MDB"_s, list).isEmpty());
+    EXPECT_EQ(list.ListCount(), 0);
+    EXPECT_EQ(ListTheTables(engine, u"C:\\EXPORT\\"_s, list), QString());
+}
+
 TEST_F(TargetFile, ThatSomebodyHasOpenIsRefused)
 {
     EXPECT_FALSE(Refuses(kExportTo, target));

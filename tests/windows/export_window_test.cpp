@@ -4,6 +4,8 @@
 
 #include <QProgressBar>
 
+#include <sqlite3.h>
+
 namespace vasclip::windows {
 namespace {
 
@@ -217,6 +219,164 @@ TEST_F(ExportWindow, DeletesADatabaseAfterAQuestion)
         EXPECT_EQ(Lines(u"filexport"_s), QStringList());
         Press(u"cmdDeleteDatabase"_s);
         EXPECT_EQ(Says(), u"File "_s + kOut + u" does not exist."_s);
+    });
+}
+
+TEST_F(ExportWindow, DeletesNoDirectoryAndNoPattern)
+{
+    Play([&] {
+        Press(u"cmdExport"_s);
+        for (const QString& name : {u""_s, u"*"_s, u"EX?ORT.MDB"_s, u"..\\EXPORT\\"_s})
+            for (const QString& button : {u"cmdDeleteDatabase"_s, u"cmdDelete"_s}) {
+                doubles.prompter.Forget();
+                doubles.prompter.Answer(forms::Answer::Yes);
+                Type(u"txtFileName"_s, name);
+                if (name.isEmpty())
+                    QTest::keyClick(&The<QLineEdit>(u"txtFileName"_s), Qt::Key_Delete);
+                Press(button);
+                ASSERT_EQ(doubles.prompter.Boxes().size(), 1) << name.toStdString();
+                EXPECT_TRUE(doubles.prompter.Last().text.contains(u"is not the name of one file"_s))
+                    << doubles.prompter.Last().text.toStdString();
+                EXPECT_TRUE(home.disk.FileExists(kOut)) << name.toStdString();
+            }
+    });
+}
+
+TEST_F(ExportWindow, RefusesToDeleteADatabaseThatIsTheProgramsOrOpenOrLocked)
+{
+    const QString mine = u"C:\\DATABOOK\\MINE.MDB"_s, other = u"C:\\DATABOOK\\OTHER.MDB"_s;
+    engine.CopyDatabase(shell::kDatabook, mine);
+    engine.CopyDatabase(shell::kDatabook, other);
+    main.sources.datDatabook.Open(mine, u"COMPS"_s, store::SourceKind::Table);
+    Play([&] {
+        Type(u"txtPath"_s, u"c:\\databook\\"_s);
+        const auto refused = [&](const QString& name) {
+            doubles.prompter.Forget();
+            Type(u"txtFileName"_s, name);
+            Press(u"cmdDeleteDatabase"_s);
+            EXPECT_EQ(doubles.prompter.Boxes().size(), 1);
+            EXPECT_EQ(doubles.prompter.Last().title, u"User not allowed to delete database"_s);
+            return doubles.prompter.Last().text;
+        };
+        EXPECT_EQ(refused(u"DATABOOK.MDB"_s),
+                  u"You cannot delete default (protected) installed database: DATABOOK "_s);
+        EXPECT_EQ(refused(u"mine.mdb"_s), u"You cannot delete currently open database (%1)!"_s.arg(mine));
+        home.Put(u"C:\\DATABOOK\\OTHER.LDB"_s, "somebody");
+        EXPECT_EQ(refused(u"OTHER.MDB"_s),
+                  u"The selected database is LOCKED (by you or another user). Make sure all users are not currenlty "
+                  u"connected to c:\\databook\\OTHER.MDB before attempting to delete this database file!"_s);
+    });
+    for (const QString& file : {mine, other, shell::kDatabook})
+        EXPECT_TRUE(home.disk.FileExists(file)) << file.toStdString();
+}
+
+TEST_F(ExportWindow, GoesOnWhenATableCannotBeDeletedAsSomebodyWrites)
+{
+    program.Engine().SetLockWait(50);
+    Play([&] {
+        Press(u"cmdExport"_s);
+        sqlite3* theirs = nullptr;
+        ASSERT_EQ(sqlite3_open(home.disk.ToNative(kOut).toUtf8().constData(), &theirs), SQLITE_OK);
+        ASSERT_EQ(sqlite3_exec(theirs, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+        doubles.prompter.Answer(forms::Answer::Yes);
+        Press(u"cmdDelete"_s);
+        EXPECT_TRUE(window->isVisible());
+        EXPECT_FALSE(doubles.prompter.Texts().join(u' ').contains(u"corrupt"_s))
+            << doubles.prompter.Texts().join(u'\n').toStdString();
+        EXPECT_TRUE(doubles.prompter.Last().text.startsWith(u"Could not update; currently locked by another user"_s))
+            << doubles.prompter.Last().text.toStdString();
+        sqlite3_close(theirs);
+        EXPECT_EQ(Lines(u"lstTables"_s), QStringList{u"COMPS"_s});
+    });
+}
+
+TEST_F(ExportWindow, OpensWhereItsDriveIsNotThereAndTellsOfATypedOneOnce)
+{
+    main.globals.G_ExportDir = u"E:\\EXPORT"_s;
+    Play([&] {
+        EXPECT_TRUE(doubles.prompter.Boxes().empty());
+        EXPECT_FALSE(Says().isEmpty());
+        EXPECT_TRUE(The<QLineEdit>(u"txtPath"_s).isEnabled());
+        EXPECT_TRUE(The<QPushButton>(u"cmdBrowse"_s).isEnabled());
+        window->activateWindow();
+        QApplication::setActiveWindow(window);
+        Type(u"txtPath"_s, u"F:\\EXPORT"_s);
+        The<QLineEdit>(u"txtTable"_s).setFocus();
+        EXPECT_EQ(doubles.prompter.Boxes().size(), 1) << doubles.prompter.Texts().join(u'\n').toStdString();
+        Type(u"txtPath"_s, u"C:\\VAS2000"_s);
+        The<QLineEdit>(u"txtTable"_s).setFocus();
+        EXPECT_EQ(doubles.prompter.Boxes().size(), 1);
+        EXPECT_EQ(Says(), QString()) << "what was said of another path";
+    });
+}
+
+TEST_F(ExportWindow, TakesTheTableAndTheFileThatAreSelectedAlreadyWithAClick)
+{
+    Play([&] {
+        Press(u"cmdExport"_s);
+        ClickLine(u"filexport"_s, 0);
+        Type(u"txtTable"_s, u"JULY"_s);
+        ClickLine(u"lstTables"_s, 0);
+        EXPECT_EQ(Text(u"txtTable"_s), u"COMPS"_s);
+        Type(u"txtFileName"_s, u"OTHER.MDB"_s);
+        ClickLine(u"filexport"_s, 0);
+        EXPECT_EQ(Text(u"txtFileName"_s), u"EXPORT.MDB"_s);
+        EXPECT_EQ(Lines(u"lstTables"_s), QStringList{u"COMPS"_s});
+    });
+}
+
+TEST_F(ExportWindow, MakesTheDirectoryOfAPathThatIsLeftByTheClickOnTheButton)
+{
+    Play([&] {
+        window->activateWindow();
+        QApplication::setActiveWindow(window);
+        Type(u"txtPath"_s, u"C:\\NEW\\PLACE"_s);
+        Press(u"cmdExport"_s);
+        EXPECT_TRUE(doubles.prompter.Boxes().empty()) << "a question would have swallowed the click";
+        EXPECT_TRUE(Says().startsWith(u"2 records were exported to table COMPS of C:\\NEW\\PLACE\\EXPORT.MDB"_s))
+            << Says().toStdString();
+        EXPECT_TRUE(home.disk.FileExists(u"C:\\NEW\\PLACE\\EXPORT.MDB"_s));
+    });
+}
+
+TEST_F(ExportWindow, RefusesTheOpenDatabookALockedFileAndTheSystemsTables)
+{
+    const QString mine = u"C:\\DATABOOK\\MINE.MDB"_s;
+    engine.CopyDatabase(shell::kDatabook, mine);
+    main.sources.datDatabook.Open(mine, u"COMPS"_s, store::SourceKind::Table);
+    Play([&] {
+        Press(u"cmdExport"_s);
+        const QByteArray before = home.disk.ReadWhole(kOut);
+        home.Put(u"C:\\DATABOOK\\EXPORT\\EXPORT.LDB"_s, "somebody");
+        Press(u"cmdExport"_s);
+        EXPECT_EQ(doubles.prompter.Last().title, u"User not allowed to export database"_s);
+        EXPECT_EQ(doubles.prompter.Last().text,
+                  u"The selected database is LOCKED (by you or another user). Make sure all users are not currenlty "
+                  u"connected to %1 before attempting to export to this database file!"_s.arg(kOut));
+        home.disk.Kill(u"C:\\DATABOOK\\EXPORT\\EXPORT.LDB"_s);
+        EXPECT_EQ(home.disk.ReadWhole(kOut), before);
+        Type(u"txtTable"_s, u"MSysObjects"_s);
+        Press(u"cmdExport"_s);
+        EXPECT_TRUE(Says().startsWith(u"Tables whose names begin with MSYS"_s)) << Says().toStdString();
+        EXPECT_EQ(home.disk.ReadWhole(kOut), before);
+        Type(u"txtTable"_s, u"COMPS"_s);
+        Type(u"txtPath"_s, u"c:\\databook\\"_s);
+        Type(u"txtFileName"_s, u"mine.mdb"_s);
+        Press(u"cmdExport"_s);
+        EXPECT_EQ(doubles.prompter.Last().title, u"User not allowed to export database"_s);
+        EXPECT_EQ(doubles.prompter.Last().text, u"You cannot export to currently open database (%1)!"_s.arg(mine));
+    });
+}
+
+TEST_F(ExportWindow, ListsAFileWhoseNameHasADotAndReducesDoubledBackslashes)
+{
+    main.globals.G_ExportDir = u"C:\\\\DATABOOK\\\\EXPORT\\\\"_s;
+    Play([&] {
+        EXPECT_EQ(Text(u"txtPath"_s), u"C:\\DATABOOK\\EXPORT\\"_s);
+        Type(u"txtFileName"_s, u"MAY.2026"_s);
+        Press(u"cmdExport"_s);
+        EXPECT_EQ(Text(u"txtFileName"_s), u"MAY.2026.MDB"_s);
+        EXPECT_EQ(Lines(u"filexport"_s), QStringList{u"MAY.2026.MDB"_s});
     });
 }
 

@@ -221,6 +221,43 @@ TEST_F(RehearseWindow, ChoosesForAWholeKindAndLeavesWithoutAWord)
     EXPECT_EQ(home.disk.Dir(u"C:\\JPG\\*"_s), QStringList());
 }
 
+TEST_F(RehearseWindow, IsCanceledWhileTheFileIsRead)
+{
+    Play([&] {
+        ClickLine(u"filexport"_s, 0);
+        bool pressed = false;
+        doubles.pump.onTurn = [&] {
+            if (std::exchange(pressed, true))
+                return;
+            EXPECT_TRUE(The<QPushButton>(u"cmdStop"_s).isVisible());
+            Press(u"cmdStop"_s);
+        };
+        Press(u"cmdRehearse"_s);
+        doubles.pump.onTurn = {};
+        EXPECT_TRUE(pressed);
+        EXPECT_EQ(Says(), u"Canceled: nothing came in."_s);
+        EXPECT_FALSE(doubles.screens.Shown().contains(u"frm_Rehearse"_s));
+        EXPECT_TRUE(The<QPushButton>(u"cmdRehearse"_s).isEnabled());
+    });
+}
+
+TEST_F(RehearseWindow, SaysWhatSomebodyAddedAndDeletedMeanwhile)
+{
+    Rehearse([&] {
+        ClickRow(0);
+        Option(2);
+        const auto database = engine.OpenDatabase(shell::kDatabook);
+        database->Execute(u"INSERT INTO COMPS (CENTRALKEY) VALUES ('1 ASH ST')"_s);
+        database->Execute(u"DELETE FROM COMPS WHERE CENTRALKEY = '12 OAK ST'"_s);
+        database->Close();
+        Press(u"cmdImport"_s);
+        EXPECT_TRUE(Says().startsWith(u"Records added: 1, changed: 0. Pictures: 1 written. Not done: "_s)) << Says().toStdString();
+        EXPECT_EQ(Cells(u"grdrows"_s, 0).at(4), u"your record is not there any more"_s);
+        EXPECT_EQ(Cells(u"grdrows"_s, 1).at(4), u"a record of this key is in the Databook by now"_s);
+    });
+    EXPECT_EQ(home.disk.Dir(u"C:\\JPG\\*"_s), QStringList{u"00000002.jpg"_s});
+}
+
 TEST_F(RehearseWindow, IsCanceledWhilePicturesAreTakenOut)
 {
     Rehearse([&] {

@@ -3,9 +3,11 @@
 #include "upkeep/frm_crystal.h"
 #include "upkeep/frm_report_preview.h"
 #include "windows/paper_view.h"
+#include "windows/send_to_printer.h"
 
 #include <QComboBox>
 #include <QFileDialog>
+#include <QPrinter>
 #include <QPrinterInfo>
 #include <QRadioButton>
 #include <QTemporaryDir>
@@ -169,6 +171,47 @@ TEST_F(PrintWindows, AnEmptySearchIsAPageThatSaysSo)
         EXPECT_FALSE(The<QPushButton>(u"cmdNext"_s).isEnabled());
         EXPECT_FALSE(preview.Shown().texts.isEmpty());
     });
+}
+
+TEST_F(PrintWindows, AllPagesArePrintedAlsoWhileTheyAreCounted)
+{
+    const auto database = main.program.Engine().OpenDatabase(main.program.DatabookPath());
+    for (int i = 1; i <= 400; ++i)
+        database->Execute(u"INSERT INTO COMPS (CENTRALKEY, ADDRESS) VALUES ('%1 Z ST', '%1 Z St')"_s.arg(i));
+    const QString file = out.filePath(u"printed.pdf"_s);
+    OnPreview([&](upkeep::frm_ReportPreview& preview) {
+        Choose(u"cboLayout"_s, u"Extended"_s);
+        const int counted = preview.Pages();
+        ASSERT_TRUE(preview.lblPages.Caption().contains(u"more"_s)) << "the count still runs";
+        QPrinter printer;
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(file);
+        SendToPrinter(preview, printer);
+        EXPECT_EQ(preview.lblmsg.Caption(), u"The report was sent to the printer."_s);
+        Wait(preview);
+        EXPECT_GT(preview.Pages(), counted);
+        QFile made(file);
+        ASSERT_TRUE(made.open(QIODevice::ReadOnly));
+        EXPECT_EQ(made.readAll().count("/Type /Page\n"), preview.Pages());
+    });
+}
+
+TEST_F(PrintWindows, MoreThanFiveHundredRecordsAsk)
+{
+    const auto database = main.program.Engine().OpenDatabase(main.program.DatabookPath());
+    for (int i = 1; i <= 500; ++i)
+        database->Execute(u"INSERT INTO COMPS (CENTRALKEY, ADDRESS) VALUES ('%1 Z ST', '%1 Z St')"_s.arg(i));
+    doubles.prompter.Answer(forms::Answer::No);
+    OnOptions([&] {
+        Press(u"cmdPrint"_s);
+        ASSERT_EQ(doubles.prompter.Boxes().size(), 1);
+        const tests::ShownBox asked = doubles.prompter.Last();
+        EXPECT_EQ(asked.title, u"Output Report Record Count"_s);
+        EXPECT_EQ(asked.text, u"You have more than 500 records queued for printing (Exact count = %1 )\r\n"
+                              u"Do you with to Continue ?"_s.arg(main.sources.datsql.Count()));
+        EXPECT_EQ(asked.buttons, forms::Buttons::YesNoCancel);
+    });
+    EXPECT_FALSE(doubles.screens.Shown().contains(u"frm_ReportPreview"_s));
 }
 
 TEST_F(PrintWindows, WithoutAPrinterItSaysWhatToDo)

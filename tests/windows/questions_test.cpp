@@ -11,6 +11,7 @@
 #include "support/scripted_ports.h"
 #include "support/standing_time.h"
 #include "support/temp_home.h"
+#include "upkeep/report_question.h"
 #include "windows/guard.h"
 #include "windows/screens.h"
 #include "windows/window_prompter.h"
@@ -112,6 +113,22 @@ TEST_F(Questions, ABoxStandsOnTheAnswerThatLosesNothing)
                   return prompter.MsgBox(Buttons::AbortRetryIgnore, forms::Icon::None, u"Error"_s, u"The disk is full"_s);
               }),
               Answer::Abort);
+}
+
+TEST_F(Questions, ALongReportIsNotPrintedByEnter)
+{
+    QStringList texts;
+    EXPECT_EQ(EnterInBox([&](WindowPrompter& prompter) {
+                  QTimer::singleShot(0, qApp, [&] {
+                      if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+                          texts = {box->windowTitle(), box->text()};
+                  });
+                  return upkeep::MayPrint(prompter, 501) ? Answer::Yes : Answer::No;
+              }),
+              Answer::No);
+    EXPECT_EQ(texts, (QStringList{u"Output Report Record Count"_s,
+                                  u"You have more than 500 records queued for printing (Exact count = 501 )\r\n"
+                                  u"Do you with to Continue ?"_s}));
 }
 
 TEST_F(Questions, EnterInTheLayoutsKeepsTheUsersOwn)

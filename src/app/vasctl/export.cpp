@@ -6,6 +6,7 @@
 #include "upkeep/export_csv.h"
 #include "upkeep/export_table.h"
 #include "upkeep/file_names.h"
+#include "upkeep/tables.h"
 #include "upkeep/target_file.h"
 
 #include <QJsonArray>
@@ -82,6 +83,11 @@ int RunExport(Session& session, const Output& out, const QStringList& arguments,
     }
     if (!target.mid(target.lastIndexOf(u'\\')).contains(u'.'))
         target = csv ? target + u".csv"_s : upkeep::AddMDBExtension(target);
+    const QString given = options.value(u"table"_s);
+    if (upkeep::IsSystemTable(given)) {
+        out.Error(u"Tables whose names begin with MSYS are the system's own; '%1' is none for an export."_s.arg(given));
+        return kUsage;
+    }
     shell::Program& program = session.WithDatabook();
     const upkeep::TransferDesk desk{
         .databook = program.sources.datDatabook, .globals = program.globals, .ports = session.Ports()};
@@ -95,10 +101,10 @@ int RunExport(Session& session, const Output& out, const QStringList& arguments,
     };
     if (csv)
         return Csv(out, desk, target, options, step);
-    const QString given = options.isSet(u"table"_s) ? options.value(u"table"_s) : program.globals.G_ExportTableS;
+    const QString table = options.isSet(u"table"_s) ? given : program.globals.G_ExportTableS;
     const upkeep::ExportResult result = upkeep::ExportTable(desk,
                                                             {.target = target,
-                                                             .table = text::Folded(given),
+                                                             .table = text::Folded(table),
                                                              .search = options.value(u"where"_s),
                                                              .pictures = options.isSet(u"pictures"_s),
                                                              .access = to == "access"_L1},

@@ -167,7 +167,7 @@ private:
 
     int Rehearse()
     {
-        upkeep::Rehearsal rehearsal(m_desk, m_order);
+        upkeep::Rehearsal rehearsal(m_desk, m_order, Step());
         if (!Choose(rehearsal))
             return kUsage;
         m_line.Clear();
@@ -206,10 +206,14 @@ private:
     {
         const upkeep::RehearsalResult result = rehearsal.Carry(Step());
         m_line.Clear();
+        if (!m_out.Json())
+            for (const QString& one : std::as_const(result.undone))
+                m_out.Line(one);
         const QString words = upkeep::WordsOf(result);
         m_out.Value({{u"file"_s, m_given},
                      {u"added"_s, result.added},
                      {u"changed"_s, result.changed},
+                     {u"notDone"_s, QJsonArray::fromStringList(result.undone)},
                      {u"pictures"_s, PicturesOf(result.pictures)},
                      {u"message"_s, words}},
                     words);
@@ -234,18 +238,18 @@ int RunImport(Session& session, const Output& out, const QStringList& arguments,
         out.Error(kUsageText);
         return kUsage;
     }
+    const QString name = arguments[0].mid(std::max(arguments[0].lastIndexOf(u'\\'), arguments[0].lastIndexOf(u'/')) + 1);
+    if (name.contains(u'-')) { // before anything is touched
+        out.Error(u"The file '%1' contains dashes (-) and must be renamed before it can be imported."_s.arg(name));
+        return kUsage;
+    }
     const QString source = SourceOf(session, arguments[0]);
     if (source.isEmpty() || !session.Disk().Found(source, files::ReadOnly | files::Hidden)) {
         out.Error(u"File %1 does not exist."_s.arg(source.isEmpty() ? arguments[0] : source));
         return kNotFound;
     }
-    const QString name = source.mid(source.lastIndexOf(u'\\') + 1);
     if (text::Folded(source) == text::Folded(session.WithDatabook().sources.datDatabook.DatabaseName())) {
         out.Error(u"Cannot Import %1 unto itself!"_s.arg(name));
-        return kUsage;
-    }
-    if (name.contains(u'-')) {
-        out.Error(u"The file '%1' contains dashes (-) and must be renamed before it can be imported."_s.arg(name));
         return kUsage;
     }
     return Job(session, out, options, source).Run();

@@ -122,8 +122,8 @@ int Print(Session& session, const Output& out, const upkeep::ReportLayout& layou
     line.Clear();
     QString message = u"%1 records on %2 pages in %3."_s.arg(count).arg(pages).arg(file);
     if (pictures.Missing() > 0)
-        message += u" %1 photos are missing or damaged; 'vasctl photos verify' names them."_s.arg(
-            pictures.Missing());
+        message += (pictures.Missing() == 1 ? u" 1 photo is"_s : u" %1 photos are"_s.arg(pictures.Missing())) +
+                   u" missing or damaged; 'vasctl photos verify' names what is."_s;
     out.Value({{u"file"_s, file},
                {u"records"_s, count},
                {u"pages"_s, pages},

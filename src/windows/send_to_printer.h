@@ -1,0 +1,14 @@
+#pragma once
+
+class QPrinter;
+
+namespace vasclip::upkeep {
+class frm_ReportPreview;
+}
+
+namespace vasclip::windows {
+
+/// Sends the pages that were chosen in the printer's dialogue; all of them also while they are still counted.
+void SendToPrinter(upkeep::frm_ReportPreview& preview, QPrinter& printer);
+
+} // namespace vasclip::windows
