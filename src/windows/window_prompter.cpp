@@ -221,7 +221,9 @@ QString WindowPrompter::Choose(const QStringList& filters, const QString& title,
         dialog.setSidebarUrls(places);
         if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
             return {};
-        const QString chosen = dialog.selectedFiles().constFirst();
+        QString chosen = dialog.selectedFiles().constFirst();
+        while (wanted == Wanted::NewFile && chosen.endsWith(u'.')) // drives have no such names
+            chosen.chop(1);
         if (const auto path = m_disk.ToDrivePath(chosen))
             return *path;
         start = chosen;

@@ -160,7 +160,7 @@ TEST_F(MaintenanceEdges, CleansTheCommentFileThatIsShared)
     globals.share = 1;
     globals.G_DataDir = u"C:\\"_s;
     globals.G_ProgramDir = u"C:\\VAS2000\\"_s;
-    const QString shared = comments::CommentFilePath(globals);
+    const QString shared = u"C:\\comments.mdb"_s;
     comments::CreateCommentFile(engine, globals, shared);
     {
         const auto rows = engine.OpenDatabase(shared)->OpenRecordset(table, engine::RecordsetType::Table);
