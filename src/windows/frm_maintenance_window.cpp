@@ -65,21 +65,17 @@ void Layout_frm_Maintenance(QDialog& window, forms::Screen&)
     panes->addLayout(account, 1);
     rows->addLayout(panes, 1);
 
-    // The longest of its texts takes more than half of the window.
-    auto* work = new QHBoxLayout;
-    work->setSpacing(8);
-    auto* gauge = MakeGauge(window, u"gauWork"_s);
-    gauge->ensurePolished();
-    gauge->setMinimumWidth(gauge->fontMetrics().horizontalAdvance(upkeep::maintenance::kGaugeRecalc) + kGaugeMargin);
-    work->addWidget(gauge, 1);
-    work->addWidget(MakeButton(window, u"cmdStop"_s));
-    rows->addLayout(work);
-
     auto* foot = new QHBoxLayout;
     foot->setSpacing(8);
     auto* message = MakeLabel(window, u"lblmsg"_s);
     message->setWordWrap(true);
     foot->addWidget(message, 1);
+    // It has room for the longest of its texts; there is no message while it works.
+    auto* gauge = MakeGauge(window, u"gauWork"_s);
+    gauge->ensurePolished();
+    gauge->setMinimumWidth(gauge->fontMetrics().horizontalAdvance(upkeep::maintenance::kGaugeRecalc) + kGaugeMargin);
+    foot->addWidget(gauge);
+    foot->addWidget(MakeButton(window, u"cmdStop"_s));
     foot->addWidget(MakeButton(window, u"cmdExit"_s));
     rows->addLayout(foot);
     window.resize(1080, 620);

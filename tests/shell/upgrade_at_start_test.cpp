@@ -2,6 +2,7 @@
 #include "shell/report_home.h"
 #include "store/convert.h"
 #include "store/upgrade.h"
+#include "support/refusing_back_end.h"
 
 namespace vasclip::shell {
 
@@ -72,6 +73,24 @@ TEST_F(UpgradeAtStart, AHomeForLookingAloneIsNotAsked)
     Load();
     EXPECT_EQ(Count(), whole - 2);
     EXPECT_TRUE(doubles.prompter.Texts().filter(u"needs to be updated"_s).isEmpty());
+}
+
+TEST_F(UpgradeAtStart, AFileThatCanNotBeWrittenIsNotAskedAboutAndTheStartGoesOn)
+{
+    home.disk.SetAttr(kDatabook, files::ReadOnly);
+    Load();
+    EXPECT_TRUE(doubles.prompter.Texts().filter(u"needs to be updated"_s).isEmpty());
+    EXPECT_EQ(program.records.grddatabook.RowCount(), 1);
+}
+
+TEST_F(UpgradeAtStart, AnUpgradeThatFailsIsToldAndTheStartGoesOn)
+{
+    program.Engine().AddBackEnd(std::make_unique<tests::RefusingBackEnd>(home.disk, 3027));
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Load();
+    EXPECT_TRUE(doubles.prompter.Texts().value(1).startsWith(u"Refused."_s));
+    EXPECT_EQ(Count(), whole - 2);
+    EXPECT_EQ(program.records.grddatabook.RowCount(), 1);
 }
 
 /// The same of a file that Access made.
