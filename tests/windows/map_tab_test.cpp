@@ -163,6 +163,7 @@ TEST_F(MapTab, ACountyThatCannotBeReadIsNamedUnderTheMap)
     ASSERT_NE(note, nullptr);
     ASSERT_TRUE(QTest::qWaitFor([&] { return !note->text().isEmpty(); }, 5000));
     EXPECT_TRUE(note->text().startsWith(u"Missing on the map: 01001: "_s)) << note->text().toStdString();
+    EXPECT_TRUE(program.Map().Desk().problems().value(0).startsWith(u"01001: "_s)) << "which Find tells of too";
     EXPECT_TRUE(note->isVisible());
     EXPECT_TRUE(QTest::qWaitFor([&] { return note->height() >= note->heightForWidth(note->width()); }, 5000));
     MakeMaps(directory); // imported again
