@@ -1,15 +1,9 @@
-#include "shell/frm_main.h"
-
 #include "link/link_desk.h"
 #include "photos/capture_desk.h"
 #include "photos/frm_camera_dir.h"
 #include "platform/engine/database.h"
+#include "shell/main_home.h"
 #include "shell/menus.h"
-#include "store/schema.h"
-#include "support/recording_conduit.h"
-#include "support/scripted_ports.h"
-#include "support/standing_time.h"
-#include "support/temp_home.h"
 
 #include <gtest/gtest.h>
 
@@ -52,15 +46,9 @@ TEST(SlotMenus, HaveTheirEntriesInOrder)
 }
 
 /// The main screen over a capture directory of three pictures, with nobody at the other end of the link.
-class CaptureTest : public testing::Test
+class CaptureTest : public MainHome
 {
 protected:
-    tests::TempHome home;
-    tests::TestPorts doubles;
-    engine::Engine engine{home.disk, tests::SomeTime()};
-    test::RecordingConduit conduit;
-    Program program{home.disk.Home(), {conduit, doubles.Get()}};
-    frm_Main main{program};
     const QString kSnap = u"C:\\SNAP\\"_s;
 
     void SetUp() override
@@ -77,10 +65,8 @@ protected:
         g.imageFileNames = u"ON"_s;
         g.imageListBox = u"OFF"_s;
         conduit.running = false;
-        QImage image(16, 12, QImage::Format_RGB32);
-        image.fill(Qt::darkGreen);
         for (const QString& name : {u"A.JPG"_s, u"B.JPG"_s, u"C.JPG"_s})
-            ASSERT_TRUE(image.save(home.disk.ToNative(kSnap) + u'/' + name));
+            Picture(kSnap + name);
         main.ShowCapture();
     }
     template <class Condition>

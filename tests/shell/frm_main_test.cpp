@@ -1,5 +1,3 @@
-#include "shell/frm_main.h"
-
 #include "common/error_block.h"
 #include "databook/layouts.h"
 #include "drops/drag.h"
@@ -9,13 +7,7 @@
 #include "platform/engine/process.h"
 #include "platform/files/profile.h"
 #include "platform/text/text.h"
-#include "shell/frm_splash.h"
-#include "shell/start_up.h"
-#include "store/schema.h"
-#include "support/recording_conduit.h"
-#include "support/scripted_ports.h"
-#include "support/standing_time.h"
-#include "support/temp_home.h"
+#include "shell/main_home.h"
 
 #include <gtest/gtest.h>
 
@@ -33,19 +25,9 @@ const QString kKelIni = u"C:\\APPRAISE\\KEL.INI"_s;
 const QString kUserLayouts = u"C:\\VAS2000\\VAS2000.grx"_s;
 
 /// A whole home with two comps, of which one has a front view, and nobody at the other end of the link.
-class MainScreen : public testing::Test
+class MainScreen : public shell::MainHome
 {
 protected:
-    tests::TempHome home;
-    tests::TestPorts doubles;
-    engine::Engine engine{home.disk, tests::SomeTime()};
-    test::RecordingConduit conduit;
-    shell::StartUpOptions options{
-        {}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false}, u"6.2.1"_s};
-    shell::frm_Splash splash{doubles.Get()};
-    shell::Program program{home.disk.Home(), {conduit, doubles.Get()}};
-    shell::frm_Main main{program};
-
     void SetUp() override
     {
         for (const QString& directory : {u"C:\\WINDOWS"_s, u"C:\\APPRAISE"_s, u"C:\\DATABOOK"_s,
@@ -59,24 +41,17 @@ protected:
         store::MakeDatabase(engine, kMapping);
         AddComp(u"12 OAK ST"_s, u"FRONT VIEW|OAK\r\n"_s);
         AddComp(u"14 ELM ST"_s, {});
-        QImage image(16, 12, QImage::Format_RGB32);
-        image.fill(Qt::darkGreen);
-        ASSERT_TRUE(image.save(home.disk.ToNative(u"C:\\JPG\\OAK.jpg"_s)));
+        Picture(u"C:\\JPG\\OAK.jpg"_s);
         conduit.running = false;
     }
     void AddComp(const QString& key, const QString& photos)
     {
-        const auto database = engine.OpenDatabase(kDatabook);
-        const auto rows = database->OpenRecordset(u"COMPS"_s, engine::RecordsetType::Table);
-        rows->AddNew();
-        rows->SetValue(u"CENTRALKEY"_s, key.leftJustified(35));
-        rows->SetValue(u"ADDRESS"_s, key);
-        rows->SetValue(u"APPRSLTYPE"_s, u"C"_s);
-        rows->SetValue(u"PHOTOS"_s, photos);
-        rows->Update();
-        rows->Close();
+        Add(kDatabook, u"COMPS"_s,
+            {{u"CENTRALKEY"_s, key.leftJustified(35)},
+             {u"ADDRESS"_s, key},
+             {u"APPRSLTYPE"_s, u"C"_s},
+             {u"PHOTOS"_s, photos}});
     }
-    void Load() { main.Form_load(options, splash); }
     /// The exit code with which the start ended the program; -1 if it came up.
     int EndedWith()
     {

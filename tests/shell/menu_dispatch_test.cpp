@@ -4,12 +4,7 @@
 #include "photos/frm_search_pics.h"
 #include "photos/frm_trash.h"
 #include "platform/files/profile.h"
-#include "shell/frm_main.h"
-#include "store/schema.h"
-#include "support/recording_conduit.h"
-#include "support/scripted_ports.h"
-#include "support/standing_time.h"
-#include "support/temp_home.h"
+#include "shell/main_home.h"
 
 #include <gtest/gtest.h>
 
@@ -28,16 +23,9 @@ using namespace Qt::Literals::StringLiterals;
 const QString kIni = u"C:\\VAS2000.INI"_s;
 const QString kSnap = u"C:\\SNAP\\"_s;
 
-class MenuDispatch : public testing::Test
+class MenuDispatch : public MainHome
 {
 protected:
-    tests::TempHome home;
-    tests::TestPorts doubles;
-    engine::Engine engine{home.disk, tests::SomeTime()};
-    test::RecordingConduit conduit;
-    Program program{home.disk.Home(), {conduit, doubles.Get()}};
-    frm_Main main{program};
-
     void SetUp() override
     {
         for (const QString& directory : {u"C:\\VAS2000"_s, u"C:\\SNAP"_s, u"C:\\KEL"_s, u"C:\\FLOPPY"_s,
@@ -57,12 +45,6 @@ protected:
         conduit.running = false;
         Picture(kSnap + u"A.JPG"_s);
         main.ShowCapture();
-    }
-    void Picture(const QString& path) const
-    {
-        QImage image(16, 12, QImage::Format_RGB32);
-        image.fill(Qt::darkGreen);
-        ASSERT_TRUE(image.save(home.disk.ToNative(path), "JPG"));
     }
     template <class Condition>
     static bool Until(Condition&& condition)

@@ -14,10 +14,8 @@ protected:
     void SetUp() override
     {
         ReportHome::SetUp();
-        QImage image(16, 12, QImage::Format_RGB32);
-        image.fill(Qt::darkGreen);
         for (const QString& stem : {u"LOOSE"_s, u"SKETCH"_s, u"SLOT"_s})
-            ASSERT_TRUE(image.save(home.disk.ToNative(u"C:\\JPG\\"_s + stem + u".jpg"_s)));
+            Picture(u"C:\\JPG\\"_s + stem + u".jpg"_s);
     }
     /// What the search lists, chosen from the menu.
     QStringList Found()

@@ -1,15 +1,6 @@
 #pragma once
 
-#include "shell/frm_main.h"
-#include "shell/frm_splash.h"
-#include "shell/start_up.h"
-#include "store/schema.h"
-#include "support/recording_conduit.h"
-#include "support/scripted_ports.h"
-#include "support/standing_time.h"
-#include "support/temp_home.h"
-
-#include <gtest/gtest.h>
+#include "shell/main_home.h"
 
 namespace vasclip::shell {
 
@@ -21,44 +12,10 @@ inline const QString kMapping = u"C:\\VAS2000\\Comp2Kel.mdb"_s;
 inline const QString kReport = u"KEL|SMITH"_s;
 
 /// The main screen on a Databook of one comp, with a report open in the forms program.
-class ReportHome : public testing::Test
+class ReportHome : public MainHome
 {
 protected:
-    ReportHome()
-        : ReportHome(nullptr)
-    {}
-    /// What a test has of its own in place of the doubles; nullptr for the double.
-    struct Own
-    {
-        forms::ScreenPort* screens = nullptr;
-        forms::EventPump* pump = nullptr;
-        conduit::Conduit* wire = nullptr;
-        link::Talk* talk = nullptr;
-    };
-    /// @param screens  shows the screens in place of the scripted ones
-    explicit ReportHome(forms::ScreenPort* screens)
-        : ReportHome(Own{screens})
-    {}
-    explicit ReportHome(const Own& own)
-        : ports{doubles.prompter,
-                own.pump != nullptr ? *own.pump : doubles.pump,
-                doubles.clock,
-                doubles.random,
-                doubles.window,
-                own.screens != nullptr ? *own.screens : doubles.screens}
-        , program{home.disk.Home(), {own.wire != nullptr ? *own.wire : conduit, ports, own.talk}}
-    {}
-
-    tests::TempHome home;
-    tests::TestPorts doubles;
-    forms::Ports ports;
-    engine::Engine engine{home.disk, tests::SomeTime()};
-    test::RecordingConduit conduit;
-    StartUpOptions options{
-        {}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false}, u"6.2.1"_s};
-    frm_Splash splash{ports};
-    Program program;
-    frm_Main main{program};
+    using MainHome::MainHome;
 
     void SetUp() override
     {
@@ -75,16 +32,6 @@ protected:
         Add(kDatabook, u"COMPS"_s,
             {{u"CENTRALKEY"_s, u"12 OAK ST"_s.leftJustified(35)}, {u"ADDRESS"_s, u"12 Oak St"_s}});
         Report();
-    }
-    void Add(const QString& path, const QString& table, const QList<std::pair<QString, QString>>& fields)
-    {
-        const auto database = engine.OpenDatabase(path);
-        const auto rows = database->OpenRecordset(table, engine::RecordsetType::Table);
-        rows->AddNew();
-        for (const auto& [field, value] : fields)
-            rows->SetValue(field, value);
-        rows->Update();
-        rows->Close();
     }
     /// A report with the subject, a comp, an alternate, a listing and a rental, each with its address in row
     /// 1 and its area in row 2 of its group's page.
@@ -117,7 +64,7 @@ protected:
     }
     void Load()
     {
-        main.Form_load(options, splash);
+        MainHome::Load();
         ASSERT_TRUE(main.linkState.linkActive);
     }
     /// GLA by key.

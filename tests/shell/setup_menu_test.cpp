@@ -1,14 +1,7 @@
 #include "platform/engine/convert.h"
 #include "platform/files/profile.h"
 #include "shell/frm_config.h"
-#include "shell/frm_main.h"
-#include "shell/frm_splash.h"
-#include "shell/start_up.h"
-#include "store/schema.h"
-#include "support/recording_conduit.h"
-#include "support/scripted_ports.h"
-#include "support/standing_time.h"
-#include "support/temp_home.h"
+#include "shell/main_home.h"
 
 #include <gtest/gtest.h>
 
@@ -27,19 +20,9 @@ using namespace Qt::Literals::StringLiterals;
 
 const QString kIni = u"C:\\APPRAISE\\VAS2000.INI"_s;
 
-class SetupMenu : public testing::Test
+class SetupMenu : public MainHome
 {
 protected:
-    tests::TempHome home;
-    tests::TestPorts doubles;
-    engine::Engine engine{home.disk, tests::SomeTime()};
-    test::RecordingConduit conduit;
-    StartUpOptions options{
-        {}, {}, {u"C:\\WINDOWS\\SYSTEM32"_s, u"C:\\WINDOWS"_s, u"C:\\VAS2000\\"_s, false}, u"6.2.1"_s};
-    frm_Splash splash{doubles.Get()};
-    Program program{home.disk.Home(), {conduit, doubles.Get()}};
-    frm_Main main{program};
-
     void SetUp() override
     {
         for (const QString& directory :
@@ -68,7 +51,6 @@ protected:
         }
         rows->Close();
     }
-    void Load() { main.Form_load(options, splash); }
     [[nodiscard]] qint64 Rows() const
     {
         const forms::GridSource* source = main.records.grddatabook.Source();

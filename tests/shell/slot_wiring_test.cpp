@@ -42,12 +42,6 @@ protected:
         Load();
         main.globals.useSubjCsz = u"NONE"_s;
     }
-    void Picture(const QString& path)
-    {
-        QImage image(16, 12, QImage::Format_RGB32);
-        image.fill(QColor::fromHsv(static_cast<int>(qHash(path) % 360), 200, 200));
-        ASSERT_TRUE(image.save(home.disk.ToNative(path)));
-    }
     template <class T = forms::Control>
     T& Get(const QString& name, int index)
     {

@@ -16,6 +16,8 @@
 
 namespace vasclip::windows {
 
+using namespace Qt::Literals::StringLiterals;
+
 /// What a window needs, without a program behind it.
 class BareWindows : public testing::Test
 {
@@ -25,7 +27,7 @@ protected:
     engine::Engine engine{home.disk, tests::SomeTime()};
     test::RecordingConduit conduit;
     EventGuard guard{ports.prompter, {}};
-    QSettings settings{home.Native(QStringLiteral("window.ini")), QSettings::IniFormat};
+    QSettings settings{home.Native(u"window.ini"_s), QSettings::IniFormat};
     Theme theme{*qApp, &settings};
     tests::SamplePort port;
 };

@@ -55,17 +55,12 @@ drops::DropDesk OnScreen(shell::frm_Main& main)
     return desk;
 }
 
-struct OwnScreens
-{
-    WindowScreens screens;
-};
-
 /// The program on a report, with its real windows in place of the scripted ones.
 class ByKeys : protected OwnScreens, public ReportWindows
 {
 protected:
     ByKeys()
-        : ReportWindows(&screens)
+        : ReportWindows(Own{&screens})
     {}
 
     NotedDrops drops{OnScreen(main)};
@@ -96,12 +91,6 @@ protected:
         ASSERT_TRUE(Activate(*mainWindow));
     }
     void ExpectLettersOfTheirOwn(const QWidget& without);
-    void Picture(const QString& path)
-    {
-        QImage image(160, 120, QImage::Format_RGB32);
-        image.fill(QColor::fromHsv(static_cast<int>(qHash(path) % 360), 200, 200));
-        ASSERT_TRUE(image.save(home.disk.ToNative(path)));
-    }
     template <class T = QWidget>
     T* Find(const QString& name)
     {
@@ -464,7 +453,7 @@ TEST_F(EveryDrag, TakesItsPictureToOtherPrograms)
     const std::unique_ptr<QMimeData> data(mainWindow->Drags().DataOf(main.slots.imaComp(1)));
     EXPECT_EQ(data->urls(), QList<QUrl>{file});
     EXPECT_TRUE(data->hasImage());
-    EXPECT_EQ(qvariant_cast<QImage>(data->imageData()).size(), QSize(160, 120));
+    EXPECT_EQ(qvariant_cast<QImage>(data->imageData()).size(), QSize(16, 12));
     EXPECT_TRUE(data->hasFormat(QLatin1StringView(DragDesk::kMimeType)));
     const std::unique_ptr<QMimeData> lamp(mainWindow->Drags().DataOf(main.slots.geaComp(1)));
     EXPECT_FALSE(lamp->hasUrls());
@@ -474,7 +463,7 @@ TEST_F(EveryDrag, TakesItsPictureToOtherPrograms)
     Keys(Qt::Key_C, Qt::ControlModifier);
     const QMimeData* copied = QApplication::clipboard()->mimeData();
     EXPECT_EQ(copied->urls(), QList<QUrl>{file});
-    EXPECT_EQ(qvariant_cast<QImage>(copied->imageData()).size(), QSize(160, 120));
+    EXPECT_EQ(qvariant_cast<QImage>(copied->imageData()).size(), QSize(16, 12));
     EXPECT_FALSE(copied->hasFormat(QLatin1StringView(DragDesk::kMimeType)));
 }
 

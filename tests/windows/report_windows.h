@@ -22,6 +22,12 @@ namespace vasclip::windows {
 
 using namespace Qt::Literals::StringLiterals;
 
+/// Real windows in place of the scripted screens; a base before the program that is handed them.
+struct OwnScreens
+{
+    WindowScreens screens;
+};
+
 /// The program of a ReportHome with what its windows need.
 class ReportWindows : public shell::ReportHome
 {

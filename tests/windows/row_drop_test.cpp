@@ -21,16 +21,11 @@ namespace {
 
 using namespace Qt::Literals::StringLiterals;
 
-struct OwnScreens
-{
-    WindowScreens screens;
-};
-
 class RowDrop : protected OwnScreens, public ReportWindows
 {
 protected:
     RowDrop()
-        : ReportWindows(&screens)
+        : ReportWindows(Own{&screens})
     {}
 
     forms::DropPort& drops{main.drags.Router()};
@@ -57,12 +52,6 @@ protected:
         main.records.grddatabook.SetRow(0);
         current = KeyAt(0);
         ASSERT_FALSE(KeyAt(5).isEmpty());
-    }
-    void Picture(const QString& path)
-    {
-        QImage image(160, 120, QImage::Format_RGB32);
-        image.fill(Qt::darkCyan);
-        ASSERT_TRUE(image.save(home.disk.ToNative(path)));
     }
     [[nodiscard]] RecordGrid& Grid() { return mainWindow->Databook(); }
     /// Key that the grid shows in a row.
