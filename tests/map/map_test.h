@@ -1,14 +1,9 @@
 #pragma once
 
-#include "link/link_desk.h"
+#include "link/desk_test.h"
 #include "link/slot_table.h"
 #include "map/map_start.h"
 #include "map/recording_control.h"
-#include "store/schema.h"
-#include "support/recording_conduit.h"
-#include "support/scripted_ports.h"
-#include "support/standing_time.h"
-#include "support/temp_home.h"
 
 #include <gtest/gtest.h>
 
@@ -19,43 +14,14 @@ namespace vasclip::map {
 using namespace Qt::Literals::StringLiterals;
 using link::Group;
 using street::Place;
+using link::Fields;
 
-using Fields = QList<std::pair<QString, QString>>;
-
-/// A map desk on a home of its own, with an empty Databook and mapping, a recording map and conduit.
-class MapTest : public testing::Test
+/// A map desk on the link's, with a recording map.
+class MapTest : public link::DeskTest
 {
 protected:
-    tests::TempHome home;
-    engine::Engine engine{home.disk, tests::SomeTime()};
-    tests::TestPorts doubles;
-    forms::ControlSet set;
-    test::RecordingConduit conduit;
-    common::Globals globals;
-    common::StatusDesk status{set};
-    link::ReportControls report{set};
-    link::frm_Addr addr;
-    link::LinkState linkState;
-    photos::SlotControls slots{set};
-    photos::SlotTable table;
-    photos::SlotLoader loader{home.disk, doubles.Get(), table};
-    photos::PhotoLists lists{set};
-    store::Sources sources{engine};
-    link::LinkDesk linkDesk{
-        {.txtDDE = conduit,
-         .ports = doubles.Get(),
-         .status = status,
-         .kelIni = [](const QString&, const QString&) { return QString(); },
-         .fileVersion = [](const QString&) { return u"5.3.1"_s; }},
-        {.report = report,
-         .addr = addr,
-         .state = linkState,
-         .slots = slots,
-         .loader = loader},
-        {.sources = sources,
-         .globals = globals,
-         .lists = lists,
-         .disk = home.disk}};
+    link::LinkDesk& linkDesk = link::DeskTest::desk;
+    link::LinkState& linkState = link::DeskTest::state;
     frm_MapTab tab{set};
     test::RecordingControl control;
     MapDesk desk{.map = control,
@@ -70,44 +36,21 @@ protected:
                  .loader = loader,
                  .link = &linkDesk};
 
-    static inline const QString kDatabook = u"C:\\DATABOOK\\DATABOOK.MDB"_s;
-    static inline const QString kMapping = u"C:\\VAS2000\\Comp2Kel.mdb"_s;
     static inline const QString kArrows = u"C:\\VAS2000\\arrows\\"_s;
     static constexpr Place kOak{32'460'000, -86'470'000};
 
     void SetUp() override
     {
-        for (const QString& directory : {u"C:\\VAS2000\\arrows"_s, u"C:\\DATABOOK"_s, u"C:\\JPG"_s, u"C:\\KEL"_s})
-            home.MakeDirs(directory);
-        globals.G_ProgramDir = globals.G_UserDir = u"C:\\VAS2000\\"_s;
+        DeskTest::SetUp();
+        home.MakeDirs(u"C:\\VAS2000\\arrows"_s);
         globals.arrowsDir = kArrows;
-        globals.G_PhotoDir = u"C:\\JPG\\"_s;
-        globals.kelAppDir = u"C:\\KEL\\"_s;
-        globals.productName = u"Vasclip"_s;
-        globals.formsProgram = u"Korvat Forms"_s;
-        store::MakeDatabase(engine, kDatabook);
-        store::MakeDatabase(engine, kMapping);
-        store::Connect2Databook(doubles.Get(), sources, kDatabook, u"COMPS"_s);
-        store::Connect2mdb(doubles.Get(), sources.datComp2Kel_CURRENT, kMapping, u"Comp2Kel"_s,
-                           store::SourceKind::Query);
         desk.state.inUse = true;
         AttachMap(desk);
     }
 
     void Add(const QString& path, const QString& name, const Fields& fields)
     {
-        const auto database = engine.OpenDatabase(path);
-        const auto rows = database->OpenRecordset(name, engine::RecordsetType::Table);
-        rows->AddNew();
-        for (const auto& [field, value] : fields)
-            rows->SetValue(field, value);
-        rows->Update();
-        rows->Close();
-    }
-    void AddComp(const QString& key, const Fields& fields = {})
-    {
-        Add(kDatabook, u"COMPS"_s,
-            Fields{{u"CENTRALKEY"_s, key.toUpper().leftJustified(35)}, {u"ADDRESS"_s, key}} + fields);
+        DeskTest::Add(engine, path, name, fields);
     }
     /// A comp in PRATTVILLE, AL.
     void AddTown(const QString& key, const Fields& fields = {})
