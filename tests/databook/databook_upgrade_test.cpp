@@ -3,14 +3,8 @@
 #include "store/upgrade.h"
 #include "support/databook_home.h"
 #include "support/error_number.h"
+#include "support/killed_work.h"
 #include "support/refusing_back_end.h"
-
-#include <QElapsedTimer>
-
-#include <csignal>
-#include <random>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace vasclip::databook {
 namespace {
@@ -271,37 +265,17 @@ TEST_F(DatabookUpgrade, AKillLeavesTheFileAsBeforeOrAsAfter)
 {
     MakeOld(kAdded);
     const QByteArray old = disk.ReadWhole(path);
-    std::mt19937 random{20040307};
+    tests::KilledWork killed;
     int before = 0;
     int after = 0;
-    useconds_t usual = 0;
     for (int i = 0; i < 40; ++i) {
         disk.WriteWhole(path, old);
-        const pid_t child = fork();
-        ASSERT_GE(child, 0);
-        if (child == 0) {
-            try {
-                engine::Engine own{disk, tests::SomeTime()};
-                const auto database = own.OpenDatabase(path, engine::OpenMode::Exclusive);
-                store::AppendMissing(*database);
-                database->Close();
-            } catch (...) {
-                _exit(1);
-            }
-            _exit(0);
-        }
-        int status = 0;
-        if (usual == 0) { // the first one is let through, and tells how long it takes
-            QElapsedTimer timer;
-            timer.start();
-            waitpid(child, &status, 0);
-            usual = static_cast<useconds_t>(timer.nsecsElapsed() / 1000);
-        } else {
-            usleep(usual * static_cast<useconds_t>(20 + random() % 90) / 100);
-            kill(child, SIGKILL);
-            waitpid(child, &status, 0);
-            usual = WIFEXITED(status) ? usual * 5 / 6 + 1 : usual * 7 / 6 + 1;
-        }
+        killed.Run([&] {
+            engine::Engine own{disk, tests::SomeTime()};
+            const auto database = own.OpenDatabase(path, engine::OpenMode::Exclusive);
+            store::AppendMissing(*database);
+            database->Close();
+        });
         const qsizetype fields = Fields().size();
         EXPECT_TRUE(fields == whole || fields == whole - kAdded.size()) << fields << " in run " << i;
         EXPECT_EQ(City(), u"Alder"_s);

@@ -1,11 +1,5 @@
+#include "support/killed_work.h"
 #include "upkeep/archive_home.h"
-
-#include <QElapsedTimer>
-
-#include <csignal>
-#include <random>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace vasclip::upkeep {
 namespace {
@@ -24,9 +18,8 @@ TEST_F(ArchiveKill, AKillLeavesEachRecordInOneOfTheTwoFilesWithItsPictures)
     }
     const QByteArray databook = disk.ReadWhole(path);
     const QByteArray empty = disk.ReadWhole(archive);
-    std::mt19937 random{20040307};
+    tests::KilledWork killed;
     int half = 0;
-    useconds_t usual = 0;
     for (int run = 0; run < 12; ++run) {
         disk.WriteWhole(path, databook);
         disk.WriteWhole(archive, empty);
@@ -37,31 +30,13 @@ TEST_F(ArchiveKill, AKillLeavesEachRecordInOneOfTheTwoFilesWithItsPictures)
                 if (disk.FileExists(pictures + picture))
                     disk.Kill(pictures + picture);
             }
-        const pid_t child = fork();
-        ASSERT_GE(child, 0);
-        if (child == 0) {
-            try {
-                engine::Engine own{disk, tests::SomeTime()};
-                store::DataSource theirs{own, u"datDatabook"_s};
-                theirs.Open(path, table, store::SourceKind::Table);
-                (void)CopyArchiveData({ports, theirs, globals, disk, archive, table, range, duplicates},
-                                      [](qint64, qint64, const Archived&) { return true; });
-            } catch (...) {
-                _exit(1);
-            }
-            _exit(0);
-        }
-        int status = 0;
-        if (usual == 0) { // the first one is let through, and tells how long it takes
-            QElapsedTimer timer;
-            timer.start();
-            waitpid(child, &status, 0);
-            usual = static_cast<useconds_t>(timer.nsecsElapsed() / 1000);
-        } else {
-            usleep(usual * static_cast<useconds_t>(10 + random() % 90) / 100);
-            kill(child, SIGKILL);
-            waitpid(child, &status, 0);
-        }
+        killed.Run([&] {
+            engine::Engine own{disk, tests::SomeTime()};
+            store::DataSource theirs{own, u"datDatabook"_s};
+            theirs.Open(path, table, store::SourceKind::Table);
+            (void)CopyArchiveData({ports, theirs, globals, disk, archive, table, range, duplicates},
+                                  [](qint64, qint64, const Archived&) { return true; });
+        });
         const QStringList here = Here();
         const QStringList there = There();
         half += !here.isEmpty() && !there.isEmpty();

@@ -1,11 +1,5 @@
+#include "support/killed_work.h"
 #include "upkeep/maintenance_home.h"
-
-#include <QElapsedTimer>
-
-#include <csignal>
-#include <random>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace vasclip::upkeep {
 namespace {
@@ -37,39 +31,19 @@ protected:
         disk.WriteWhole(path, m_databook);
         for (int i = 0; i < kComps; ++i)
             disk.WriteWhole(u"C:\\JPG\\P%1.jpg"_s.arg(i), "picture");
-        const pid_t child = fork();
-        ASSERT_GE(child, 0);
-        if (child == 0) {
-            try {
-                engine::Engine own{disk, tests::SomeTime()};
-                store::DataSource theirs{own, u"datDatabook"_s};
-                theirs.Open(path, table, store::SourceKind::Table);
-                Account account;
-                static_cast<void>(RunRepair({ports, theirs, globals, disk}, repair, deletion, account,
-                                            [](const QString&, qint64, qint64) { return true; }));
-            } catch (...) {
-                _exit(1);
-            }
-            _exit(0);
-        }
-        int status = 0;
-        if (m_usual == 0) { // the first one is let through, and tells how long it takes
-            QElapsedTimer timer;
-            timer.start();
-            waitpid(child, &status, 0);
-            m_usual = static_cast<useconds_t>(timer.nsecsElapsed() / 1000);
-            return;
-        }
-        usleep(m_usual * static_cast<useconds_t>(20 + m_random() % 90) / 100);
-        kill(child, SIGKILL);
-        waitpid(child, &status, 0);
-        m_usual = WIFEXITED(status) ? m_usual * 5 / 6 + 1 : m_usual * 7 / 6 + 1;
+        m_killed.Run([&] {
+            engine::Engine own{disk, tests::SomeTime()};
+            store::DataSource theirs{own, u"datDatabook"_s};
+            theirs.Open(path, table, store::SourceKind::Table);
+            Account account;
+            static_cast<void>(RunRepair({ports, theirs, globals, disk}, repair, deletion, account,
+                                        [](const QString&, qint64, qint64) { return true; }));
+        });
     }
 
 private:
     QByteArray m_databook;
-    std::mt19937 m_random{20040307};
-    useconds_t m_usual = 0;
+    tests::KilledWork m_killed;
 };
 
 TEST_F(RepairKill, LeavesAllRecordsAsBeforeOrAllAsAfter)
