@@ -11,12 +11,14 @@
 
 namespace vasclip::tests {
 
+using namespace Qt::Literals::StringLiterals;
+
 /// A directory with sources and, in "maps", the maps made of them.
 class ImportHome : public testing::Test
 {
 protected:
     [[nodiscard]] QString Below(const QString& name) const { return m_directory.filePath(name); }
-    [[nodiscard]] QString Maps() const { return Below(QStringLiteral("maps")); }
+    [[nodiscard]] QString Maps() const { return Below(u"maps"_s); }
 
     QString Put(const QString& name, const QByteArray& content) const
     {
@@ -28,21 +30,21 @@ protected:
 
     static Ended Run(const QStringList& arguments)
     {
-        return ProgramHome::RunProgram(QStringLiteral("vasclip-mapdata"), arguments,
+        return ProgramHome::RunProgram(u"vasclip-mapdata"_s, arguments,
                                        QProcessEnvironment::systemEnvironment());
     }
 
     Ended Import(const QStringList& sources, const QStringList& options = {}) const
     {
-        return Run(QStringList{QStringLiteral("import")} + sources +
-                   QStringList{QStringLiteral("--to"), Maps(), QStringLiteral("--account"),
-                               Below(QStringLiteral("account"))} +
+        return Run(QStringList{u"import"_s} + sources +
+                   QStringList{u"--to"_s, Maps(), u"--account"_s,
+                               Below(u"account"_s)} +
                    options);
     }
 
     [[nodiscard]] QByteArray Account() const
     {
-        QFile file(Below(QStringLiteral("account")));
+        QFile file(Below(u"account"_s));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
@@ -64,7 +66,7 @@ protected:
             for (const street::CellEdge& edge : cell->edges)
                 content.streets.append(maps.StreetName(*cell, edge.street) + Numbers(edge.left) +
                                        Numbers(edge.right) +
-                                       (edge.hidden ? QStringLiteral(" (hidden)") : QString()));
+                                       (edge.hidden ? u" (hidden)"_s : QString()));
             for (const street::CellHouse& house : cell->houses)
                 content.houses.append(house.number);
             for (const street::MapArea& area : cell->areas)

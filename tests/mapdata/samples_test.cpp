@@ -5,7 +5,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-const QString kSamples = qEnvironmentVariable("VASCLIP_MAPDATA", QStringLiteral(VASCLIP_MAPDATA_DEFAULT));
+const QString kSamples = qEnvironmentVariable("VASCLIP_MAPDATA", QString::fromUtf8(VASCLIP_MAPDATA_DEFAULT));
 
 struct Row
 {
