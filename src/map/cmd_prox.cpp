@@ -4,6 +4,7 @@
 #include "link/report_check.h"
 #include "link/send_proximity.h"
 #include "link/talk.h"
+#include "map/map_groups.h"
 #include "map/messages.h"
 #include "map/pinmap.h"
 #include "map/placed_for.h"
@@ -19,24 +20,6 @@ using namespace Qt::Literals::StringLiterals;
 using link::Group;
 
 namespace {
-
-/// In the order in which they are sent.
-constexpr std::array kSendOrder = {Group::Sales, Group::Alternates, Group::Rentals, Group::Listings};
-
-using Texts = forms::ControlArray<forms::TextBox> link::frm_Addr::*;
-Texts ProximityBoxes(Group group)
-{
-    switch (group) {
-    case Group::Alternates:
-        return &link::frm_Addr::txtAltProximity;
-    case Group::Rentals:
-        return &link::frm_Addr::txtRentProximity;
-    case Group::Listings:
-        return &link::frm_Addr::txtListProximity;
-    default:
-        return &link::frm_Addr::txtProximity;
-    }
-}
 
 /// What came of a run.
 struct Run
@@ -78,9 +61,9 @@ bool MayMeasure(MapDesk& desk, const QString& ranges)
             others.append(OtherAddress(desk, *point));
     };
     std::vector<SlotPoint> comps;
-    for (const Group group : kSendOrder)
-        if (const std::optional<MapRange> range = RangeOf(ranges, TypeWord(group)))
-            for (const SlotPoint& comp : ComposeRange(desk, group, *range))
+    for (const link::GroupRow* row : link::GatheredGroups())
+        if (const std::optional<MapRange> range = RangeOf(ranges, TypeWord(row->group)))
+            for (const SlotPoint& comp : ComposeRange(desk, row->group, *range))
                 comps.push_back(comp);
     if (comps.empty())
         return true;
@@ -117,7 +100,7 @@ bool SendOne(MapDesk& desk, const SlotPoint& comp, Run& run)
             run.sent.append(Caption(comp.slot) + u' ' + text);
         break;
     }
-    (desk.addr.*ProximityBoxes(comp.slot.group))(comp.slot.index).SetText(text);
+    (desk.addr.*MapRowOf(comp.slot.group).proximities)(comp.slot.index).SetText(text);
     return true;
 }
 
@@ -174,13 +157,13 @@ void cmdProx_Click(MapDesk& desk)
     try {
         bool goes = true;
         bool first = true;
-        for (const Group group : kSendOrder) {
-            const std::optional<MapRange> range = RangeOf(ranges, TypeWord(group));
+        for (const link::GroupRow* row : link::GatheredGroups()) {
+            const std::optional<MapRange> range = RangeOf(ranges, TypeWord(row->group));
             if (!range || !goes)
                 continue;
             if (std::exchange(first, false))
                 ShowMapAddress(desk, AddressAt(desk, {Group::Sales, 1}));
-            for (const SlotPoint& comp : ComposeRange(desk, group, *range)) {
+            for (const SlotPoint& comp : ComposeRange(desk, row->group, *range)) {
                 goes = goes && SendOne(desk, comp, run);
                 if (!goes)
                     break;

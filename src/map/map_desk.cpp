@@ -1,6 +1,7 @@
 #include "map/map_desk.h"
 
 #include "map/flags.h"
+#include "map/map_groups.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
 
@@ -47,31 +48,20 @@ const link::GroupRow* GroupOfType(const QString& type)
 
 Group ActiveGroup(const link::ReportControls& report)
 {
-    for (const Group group : {Group::Listings, Group::Rentals})
-        if (report.TabData.Tab() == link::RowOf(group).dataPage)
-            return group;
-    const link::GroupRow& alternates = link::RowOf(Group::Alternates);
-    const bool comps = report.TabData.Tab() == alternates.dataPage;
-    return comps && report.TabComp.Tab() >= alternates.firstPage ? Group::Alternates : Group::Sales;
+    for (const link::GroupRow* row : link::GatheredGroups()) {
+        const int page = (report.*row->tabControl).Tab() - row->firstPage;
+        if (report.TabData.Tab() == row->dataPage && page >= 0 && page < row->pages)
+            return row->group;
+    }
+    return Group::Sales;
 }
 
 void FollowTabs(link::ReportControls& report)
 {
-    const auto show = [&](const QString& caption, const QString& whom) {
-        if (QString(report.cmdSubjectAnd.Caption()).remove(u'&') != caption) // its key goes with the first caption
-            report.cmdSubjectAnd.SetCaption(caption);
-        report.cmdSubjectAnd.SetToolTipText(u"Place the Subject and %1 on the map."_s.arg(whom));
-    };
-    switch (ActiveGroup(report)) {
-    case Group::Alternates:
-        return show(u"Subj/AltComp"_s, u"Alt Comps"_s);
-    case Group::Rentals:
-        return show(u"Subject/Rent"_s, u"Rentals"_s);
-    case Group::Listings:
-        return show(u"Subject/Listing"_s, u"Listings"_s);
-    default:
-        return show(u"Subject/Comp"_s, u"Comps"_s);
-    }
+    const MapGroupRow& row = MapRowOf(ActiveGroup(report));
+    if (QString(report.cmdSubjectAnd.Caption()).remove(u'&') != row.button) // its key goes with the first caption
+        report.cmdSubjectAnd.SetCaption(row.button);
+    report.cmdSubjectAnd.SetToolTipText(u"Place the Subject and %1 on the map."_s.arg(row.comps));
 }
 
 QString AddressAt(const MapDesk& desk, link::SlotRef slot)

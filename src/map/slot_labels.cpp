@@ -13,7 +13,7 @@ namespace {
 
 QString Word(Group group)
 {
-    return group == Group::Alternates ? u"ALT COMP #"_s : TypeWord(group) + u" #"_s;
+    return QString(link::RowOf(group).title).toUpper() + u" #"_s;
 }
 
 } // namespace
