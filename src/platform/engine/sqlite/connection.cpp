@@ -3,7 +3,6 @@
 #include "platform/engine/collation.h"
 #include "platform/engine/errors.h"
 #include "platform/engine/file_kind.h"
-#include "platform/engine/process.h"
 #include "platform/engine/sqlite/bind_values.h"
 #include "platform/engine/sqlite/functions.h"
 #include "platform/engine/sqlite/schema_tables.h"
@@ -13,7 +12,6 @@
 #include <QElapsedTimer>
 #include <QMutex>
 #include <QScopeGuard>
-#include <QSysInfo>
 #include <QUrl>
 #include <QtEndian>
 
@@ -43,19 +41,6 @@ void NoteOpen(const QString& path, int change)
     const QMutexLocker lock(&openMutex);
     if ((OpenFiles()[path] += change) <= 0)
         OpenFiles().remove(path);
-}
-
-/// Who else has the file open, as its companion tells; "" when it tells of nobody.
-QString OtherUsers(const QString& nativePath)
-{
-    const QString host = QSysInfo::machineHostName();
-    QStringList names;
-    for (const User& user : Companion::Users(nativePath)) {
-        const bool own = user.host == host && user.process == OwnProcess();
-        if (user.alive && !own)
-            names.append(u"process %1 on %2"_s.arg(QString::number(user.process), user.host));
-    }
-    return names.isEmpty() ? QString() : u" (%1)"_s.arg(names.join(u" or "_s));
 }
 
 /// A lock is in the way for the `count`th time since a call began to wait for it.
@@ -137,105 +122,6 @@ void Connection::Run(const QString& sql)
 {
     Waiting().NeedFree();
     Check(sqlite3_exec(m_handle, sql.toUtf8().constData(), nullptr, nullptr, nullptr));
-}
-
-QString Connection::FileOfError() const
-{
-    QStringList names{m_setup.shown};
-    for (const Attached& attached : m_attached)
-        names.append(attached.shown);
-    return names.join(u" or "_s);
-}
-
-void Connection::Fail(int code)
-{
-    const QString message = m_handle ? QString::fromUtf8(sqlite3_errmsg(m_handle)) : QString();
-    const int extended = m_handle ? sqlite3_extended_errcode(m_handle) : code;
-    const QString file = FileOfError();
-    // A full disk and its like make SQLite take the whole transaction back.
-    if (m_depth > 0 && sqlite3_get_autocommit(m_handle) != 0)
-        m_undone = true;
-    switch (code & 0xFF) {
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-        if (Waiting().TakeGivenUp())
-            throw RuntimeError(error::kWaitGivenUp,
-                               u"The wait for another user%1 was given up; %2 is as it was"_s.arg(
-                                   OtherUsers(m_setup.nativePath), file));
-        if (m_beginning || (m_depth > 0 && !ReadOnly()))
-            throw RuntimeError(
-                error::kCouldNotUpdateLocked,
-                u"Could not update; currently locked by another user%1. Try again when the other user is "
-                "done with %2"_s.arg(OtherUsers(m_setup.nativePath), file));
-        throw RuntimeError(error::kCouldNotReadLocked,
-                           u"Could not read; currently locked by another user%1. Try again when the other user is "
-                           "done with %2"_s.arg(OtherUsers(m_setup.nativePath), file));
-    case SQLITE_CORRUPT:
-    case SQLITE_NOTADB:
-        // What the full-text index says of itself can be mended; a page that can't be read can't.
-        if (extended != SQLITE_CORRUPT_VTAB && m_attached.empty() && m_damage.isEmpty())
-            SetDamage(u"not all of its pages can be read"_s);
-        throw RuntimeError(
-            error::kCorruptDatabase,
-            u"The database %1 is damaged: not all of it can be read. Copy what can be read into a new one, or restore "
-            "it from a backup"_s.arg(file));
-    case SQLITE_FULL:
-        throw RuntimeError(
-            error::kDiskFull,
-            u"The disk that holds %1 is full. Nothing in that file was changed; make room and try again"_s.arg(file));
-    case SQLITE_READONLY:
-        if (!m_damage.isEmpty())
-            throw RuntimeError(error::kFileIsReadOnly, DamageText());
-        if (extended == SQLITE_READONLY_DBMOVED)
-            throw RuntimeError(error::kDatabaseNotFound,
-                               u"The file %1 was moved, renamed or deleted while it was open. Nothing was changed; put "
-                               "it back and start again"_s.arg(file));
-        throw RuntimeError(error::kFileIsReadOnly,
-                           u"The file %1 is read-only and can not be changed"_s.arg(file));
-    case SQLITE_CANTOPEN:
-    case SQLITE_PERM:
-    case SQLITE_AUTH:
-        throw RuntimeError(error::kCouldNotOpenFile,
-                           u"The file %1 can not be opened. Make sure that you have rights to it and to its "
-                           "directory, and that nobody has it exclusively"_s.arg(file));
-    case SQLITE_IOERR:
-        throw RuntimeError(error::kDeviceIo,
-                           u"The disk or the network failed while %1 was read or written"_s.arg(file));
-    case SQLITE_NOMEM:
-        throw RuntimeError(error::kOutOfMemory, u"There is not enough memory to work on %1"_s.arg(file));
-    case SQLITE_CONSTRAINT:
-        if (extended == SQLITE_CONSTRAINT_UNIQUE || extended == SQLITE_CONSTRAINT_PRIMARYKEY ||
-            extended == SQLITE_CONSTRAINT_ROWID)
-            throw RuntimeError(error::kDuplicateKey,
-                               u"The change would give two records the same key in %1, which must be unique. "
-                               "Nothing was stored"_s.arg(message.section(u": "_s, 1)));
-        break;
-    case SQLITE_TOOBIG:
-        throw RuntimeError(error::kFieldTooLong, u"The value is too long for %1"_s.arg(file));
-    case SQLITE_ERROR: {
-        const QString tooLong = QString::fromLatin1(kTooLongMark);
-        if (message.startsWith(tooLong)) {
-            const QString rest = message.mid(tooLong.size());
-            ThrowTooLong(rest.section(u':', 1), rest.section(u':', 0, 0).toInt());
-        }
-        const QString needed = QString::fromLatin1(kNullMark);
-        if (message.startsWith(needed))
-            ThrowNeeded(message.mid(needed.size()));
-        if (message == QLatin1StringView(kOpenSetMark))
-            ThrowOpenSet();
-        if (message.startsWith(u"parser stack overflow"_s) ||
-            message.startsWith(u"Expression tree is too large"_s))
-            throw RuntimeError(error::kSyntax,
-                               u"The statement is too complicated: its parts are nested too deeply"_s);
-        if (message.startsWith(u"no such table"_s))
-            throw RuntimeError(error::kTableUnknown,
-                               u"The table is no longer in %1: %2"_s.arg(file, message));
-        break;
-    }
-    default:
-        break;
-    }
-    throw RuntimeError(error::kInternalEngine, u"The database engine failed on %1: %2"_s.arg(file, message));
 }
 
 void Connection::SetDamage(const QString& damage)
