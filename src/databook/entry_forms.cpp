@@ -350,7 +350,7 @@ const EntryForm& SecondPage()
 
 bool HasNote(const EntryField& field)
 {
-    return field.kind == EntryKind::Date || WantsNumber(QString(field.field));
+    return field.kind == EntryKind::Date || WantsNumber(QString(field.field)) || field.field == fields::ADDRESS;
 }
 
 QString EntryLabel(const EntryGroup& group, std::size_t index)

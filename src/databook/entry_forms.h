@@ -24,7 +24,8 @@ struct EntryField
     QLatin1StringView calendarTitle = {};
 };
 
-/// Are there words beside the box about what is made of its text? Dates, prices and areas have them.
+/// Are there words beside the box about its text? Dates, prices and areas have them about what is made of it, the address
+/// about another record that stands there.
 [[nodiscard]] bool HasNote(const EntryField& field);
 
 /// Boxes that stand together on paper, in their order. With heads it is a table: as many boxes a line as

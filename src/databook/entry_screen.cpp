@@ -73,8 +73,11 @@ EntryScreen::EntryScreen(const EntryDesk& desk, const EntryForm& form, EntryReco
         cboCity.emplace(controls, u"cboCity"_s);
         connect(&*cboCity, &forms::ListBox::ListIndexChanged, this, &EntryScreen::cboCity_Click);
     }
-    for (const auto& box : m_boxes)
+    for (const auto& box : m_boxes) {
         Wire(*box);
+        if (box->row.field == fields::ADDRESS)
+            m_twin = std::make_unique<EntryTwin>(m_desk, m_record, *box->note);
+    }
     connect(&cmdSave, &forms::Control::Clicked, this, &EntryScreen::cmdSave_Click);
     connect(&cmdCancel, &forms::Control::Clicked, this, &EntryScreen::cmdCancel_Click);
     connect(&cmdExit, &forms::Control::Clicked, this, &EntryScreen::cmdExit_Click);
@@ -96,7 +99,7 @@ void EntryScreen::Wire(EntryBox& box)
     forms::TextBox& text = box.box;
     connect(&text, &forms::TextBox::TextChanged, this,
             [this, &box] { TextChanged(box); });
-    if (box.note)
+    if (box.note && box.row.field != fields::ADDRESS)
         connect(&box.note->back, &forms::Control::Clicked, this, [this, &box] { BringBack(box); });
     connect(&text, &forms::Control::GotFocus, this, [this, &box] { Entered(box); });
     connect(&text, &forms::Control::LostFocus, this, [this, &box] { Left(box); });
@@ -152,6 +155,8 @@ void EntryScreen::ShowTexts()
             box->calendar->SetEnabled(!box->box.Locked());
     }
     m_ageFrom = {m_record.Text(fields::YEARBUILT), m_record.Text(QString(m_form.dateField))};
+    if (m_twin)
+        m_twin->Forget();
     ShowNotes();
     ShowPriceGla();
 }
@@ -215,6 +220,8 @@ void EntryScreen::Left(EntryBox& box)
 void EntryScreen::TextChanged(EntryBox& box)
 {
     m_record.SetText(box.field, box.box.Text());
+    if (m_twin && !m_showing && (box.row.field == fields::ADDRESS || box.row.field == fields::CITY))
+        m_twin->Typed();
     if (m_showing || !box.note)
         return;
     m_record.dateNotes.remove(box.field);
@@ -225,7 +232,7 @@ void EntryScreen::TextChanged(EntryBox& box)
 /// What was told already is not told of again.
 void EntryScreen::Settle(EntryBox& box)
 {
-    if (!box.note || box.box.Locked() || !m_record.IsChanged(box.field) || m_record.dateNotes.contains(box.field))
+    if (!box.note || box.row.field == fields::ADDRESS || box.box.Locked() || !m_record.IsChanged(box.field) || m_record.dateNotes.contains(box.field))
         return;
     if (box.row.kind != EntryKind::Date)
         SettleNumber(box);
@@ -292,7 +299,7 @@ void EntryScreen::ErrtxtSaleDate_LostFocus(EntryBox& box)
 void EntryScreen::ShowNotes()
 {
     for (const auto& box : m_boxes) {
-        if (!box->note)
+        if (!box->note || box->row.field == fields::ADDRESS)
             continue;
         const auto note = m_record.dateNotes.constFind(box->field);
         if (note != m_record.dateNotes.cend())
@@ -347,6 +354,8 @@ bool EntryScreen::KeyDown(EntryBox& box, int keyCode, int shift)
         Calendar(box);
         return true;
     }
+    if (m_twin && box.row.field == fields::ADDRESS && keyCode == forms::kKeyDown && shift == forms::kAltMask)
+        return m_twin->Look();
     if (m_desk.comments != nullptr && !box.box.Locked()) {
         const comments::KeyAnswer answer = m_desk.comments->KeyDown(keyCode, shift, box.box, box.field);
         if (answer.handled) {
@@ -356,7 +365,7 @@ bool EntryScreen::KeyDown(EntryBox& box, int keyCode, int shift)
         }
     }
     if (keyCode == forms::kKeyZ && shift == forms::kCtrlMask) {
-        const bool another = box.note && box.note->back.Visible();
+        const bool another = box.note && box.row.field != fields::ADDRESS && box.note->back.Visible();
         if (another)
             BringBack(box);
         return another;

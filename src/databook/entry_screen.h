@@ -3,6 +3,7 @@
 #include "comments/comment_port.h"
 #include "databook/entry_forms.h"
 #include "databook/entry_record.h"
+#include "databook/entry_twin.h"
 #include "forms/screen.h"
 
 #include <memory>
@@ -82,6 +83,7 @@ private:
     const EntryForm& m_form;
     EntryRecord& m_record;
     std::vector<std::unique_ptr<EntryBox>> m_boxes;
+    std::unique_ptr<EntryTwin> m_twin; ///< on a form with an address
     std::pair<QString, QString> m_ageFrom; ///< year built and sale date of the age on show
     bool m_showing = false; ///< the texts come from the record or a rule, not from the user
     bool m_ended = false;

@@ -24,6 +24,8 @@ RecordDesk::RecordDesk(forms::ControlSet& set)
     , cmdEdit(set, u"cmdEdit"_s)
     , cmdSearch(set, u"cmdSearch"_s)
     , cmdAddManual(set, u"cmdAddManual"_s)
+    , lblTwin(set, u"lblTwin"_s)
+    , cmdTwin(set, u"cmdTwin"_s)
     , txtQuickFind(set, u"txtQuickFind"_s)
     , lstConditions(set, u"lstConditions"_s)
     , cmdShowAll(set, u"cmdShowAll"_s)
@@ -41,6 +43,10 @@ RecordDesk::RecordDesk(forms::ControlSet& set)
     cmdEdit.SetCaption(u"&Edit"_s);
     cmdSearch.SetCaption(u"Search"_s);
     cmdAddManual.SetCaption(u"Add Man&ually"_s);
+    cmdTwin.SetCaption(u"Show it"_s);
+    cmdTwin.SetToolTipText(u"Goes to that record"_s);
+    lblTwin.SetVisible(false);
+    cmdTwin.SetVisible(false);
     txtcentralkey.SetToolTipText(u"Address of a comp (Ins in the grid). Enter adds it, or edits one "
                                  "that is there"_s);
     cmdAdd.SetToolTipText(u"Add a comp of this address (Enter in the address)"_s);

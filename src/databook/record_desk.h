@@ -31,6 +31,8 @@ public:
     forms::TextBox txtcentralkey;
     forms::ComboBox cboapprslType;
     forms::Button cmdAdd, cmdCopy, cmdDelete, cmdRename, cmdEdit, cmdSearch, cmdAddManual;
+    forms::Label lblTwin;  ///< of another record at the address that is typed
+    forms::Button cmdTwin; ///< goes there
     forms::TextBox txtQuickFind; ///< narrows the grid; see quick_find.h
     forms::ChipList lstConditions; ///< of what the grid shows; see conditions.h
     forms::Button cmdShowAll;      ///< ends all of them

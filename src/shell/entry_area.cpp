@@ -24,7 +24,18 @@ EntryArea::EntryArea(Program& program, RecordOnShow& shown, forms::Control& fram
     , m_records(program.records)
     , m_shown(shown)
     , m_frame(frame)
+    , m_twin(program.sources.datDatabook, program.globals.G_Table, [this]() -> std::optional<databook::TypedAddress> {
+        const QString typed = text::Trim(m_records.txtcentralkey.Text());
+        if (typed.isEmpty() || !m_records.cmdAdd.Enabled()) // no new comp
+            return std::nullopt;
+        return databook::TypedAddress{typed, typed, {}};
+    })
 {
+    connect(&m_twin, &databook::TwinWatch::Changed, this, &EntryArea::ShowTwin);
+    connect(&m_records.cmdTwin, &forms::Control::Clicked, this, [this] {
+        if (const QString twin = m_twin.Twin(); !twin.isEmpty())
+            m_shown.ShowRecord(twin);
+    });
     connect(&m_records.cmdEdit, &forms::Control::Clicked, this, &EntryArea::CompEditRecord);
     connect(&m_records.grddatabook, &forms::Control::DoubleClicked, this, [this] {
         m_shown.grddatabook_Click();
@@ -131,13 +142,24 @@ void EntryArea::AfterAction()
 /// While an address is typed the buttons tell what can be done with it.
 void EntryArea::txtcentralkey_Change()
 {
-    if (!m_program.sources.datDatabook.Bound() || m_shown.Changing())
+    if (!m_program.sources.datDatabook.Bound() || m_shown.Changing()) {
+        m_twin.Forget();
         return;
+    }
+    m_twin.Typed();
     const QString typed = m_records.txtcentralkey.Text();
     const bool found = store::FindRecord(m_program.Ports(), m_program.sources.datDatabook,
                                          databook::KeyOf(typed), fields::CENTRALKEY);
     if (typed == m_records.txtcentralkey.Text()) // the look-up turned the queue
         m_records.ButtonStatus(found ? u"Found"_s : u"Not Found"_s);
+}
+
+void EntryArea::ShowTwin()
+{
+    const bool there = !m_twin.Twin().isEmpty();
+    m_records.lblTwin.Show(there ? databook::TwinText(m_twin.Twin()) : QString(), forms::Colour::Red);
+    m_records.lblTwin.SetVisible(there);
+    m_records.cmdTwin.SetVisible(there);
 }
 
 /// An address that is there brings its type; one that is not leaves the type that was chosen for it.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "databook/record_actions.h"
+#include "databook/twin_watch.h"
 
 #include <memory>
 
@@ -36,11 +37,13 @@ private:
     void AfterAction();
     void txtcentralkey_Change();
     void txtcentralkey_LostFocus();
+    void ShowTwin();
 
     Program& m_program;
     databook::RecordDesk& m_records;
     RecordOnShow& m_shown;
     forms::Control& m_frame;
+    databook::TwinWatch m_twin; ///< of the address that is typed
     std::unique_ptr<comments::frm_FKey> m_functionKeys; ///< made when the first entry screen opens
     QString m_entryKey;                                 ///< of the comp whose entry screen is open
 };

@@ -1,5 +1,6 @@
 #include "upkeep/address_twins.h"
 
+#include "databook/same_house.h"
 #include "platform/street/address_parser.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
@@ -50,37 +51,16 @@ bool Hinted(const QHash<QString, int>& hints, const QString& written)
     return false;
 }
 
-QString HouseIn(const street::Address& address)
-{
-    if (address.number.IsEmpty() || address.street.IsEmpty())
-        return {};
-    street::Address house = address;
-    house.city.clear();
-    house.state.clear();
-    house.zip.clear();
-    return house.Text() + (address.unit.isEmpty() ? QString() : u' ' + address.unit);
-}
-
-bool SameTown(const QString& one, const QString& other)
-{
-    return one.isEmpty() || other.isEmpty() || street::CityKey(one) == street::CityKey(other);
-}
-
 } // namespace
-
-QString HouseOf(const QString& address)
-{
-    return HouseIn(street::ParseAddress(address));
-}
 
 void AddressTwins::Want(const QString& name, const QString& address, const QString& city)
 {
     const street::Address parsed = street::ParseAddress(address);
-    const QString house = HouseIn(parsed);
+    const QString house = databook::HouseOf(parsed);
     if (house.isEmpty())
         return;
     for (auto found = m_wanted.constFind(house); found != m_wanted.cend() && found.key() == house; ++found)
-        if (KeyMark(found->name) != KeyMark(name) && SameTown(found->city, text::Trim(city)))
+        if (KeyMark(found->name) != KeyMark(name) && databook::SameTown(found->city, text::Trim(city)))
             m_among.insert(name, m_among.value(found->name, found->name));
     m_wanted.insert(house, {name, text::Trim(city)});
     for (const QString& hint : HintsOf(parsed))
@@ -106,9 +86,9 @@ QHash<QString, QString> AddressTwins::Find(const TransferDesk& desk, const WorkS
         const QString& written = text::Trim(address).isEmpty() ? key : address;
         if (!Hinted(m_hints, written))
             continue;
-        const QString house = HouseOf(written);
+        const QString house = databook::HouseOf(written);
         for (auto found = m_wanted.constFind(house); found != m_wanted.cend() && found.key() == house; ++found)
-            if (KeyMark(found->name) != KeyMark(key) && SameTown(found->city, record->Values().at(2).toString()))
+            if (KeyMark(found->name) != KeyMark(key) && databook::SameTown(found->city, record->Values().at(2).toString()))
                 twins.insert(found->name, text::RTrim(key));
     }
     return twins;

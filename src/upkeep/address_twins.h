@@ -6,10 +6,6 @@
 
 namespace vasclip::upkeep {
 
-/// One house as its address is written: "123 N Oak St" and "123 North Oak Street" give the same; "" where the text has
-/// no number or no street. The town does not count, since a key has none.
-[[nodiscard]] QString HouseOf(const QString& address);
-
 /// Finds the records of the Databook that stand at the same house as others, under another key.
 class AddressTwins
 {

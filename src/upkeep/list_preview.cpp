@@ -78,7 +78,9 @@ QString NameOfField(const QString& field)
         return kLeftBehind;
     const store::CompsColumn* column = store::FindCompsColumn(field);
     const QString heading = column ? QString(column->heading) : QString();
-    return heading.isEmpty() || heading.compare(field, Qt::CaseInsensitive) == 0 ? field : heading + u"  \u00B7  "_s + field;
+    if (heading.isEmpty())
+        return field;
+    return heading.compare(field, Qt::CaseInsensitive) == 0 ? heading : heading + u"  \u00B7  "_s + field;
 }
 
 QStringList ColumnRows::FieldNames() const

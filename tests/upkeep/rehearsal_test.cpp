@@ -1,5 +1,6 @@
 #include "transfer_home.h"
 
+#include "databook/same_house.h"
 #include "store/change.h"
 #include "support/error_number.h"
 #include "upkeep/address_twins.h"
@@ -81,12 +82,12 @@ protected:
 
 TEST(AddressTwins, AreOneHouseInTwoSpellings)
 {
-    EXPECT_EQ(HouseOf(u"123 N Oak St"_s), HouseOf(u"123 North Oak Street"_s));
-    EXPECT_EQ(HouseOf(u"5 Third Ave"_s), HouseOf(u"5 3RD AVENUE"_s));
-    EXPECT_NE(HouseOf(u"123 N Oak St"_s), HouseOf(u"123 S Oak St"_s));
-    EXPECT_NE(HouseOf(u"123 N Oak St Apt 1"_s), HouseOf(u"123 N Oak St Apt 2"_s));
-    EXPECT_EQ(HouseOf(u"Oak St"_s), QString());
-    EXPECT_EQ(HouseOf(QString()), QString());
+    EXPECT_EQ(databook::HouseOf(u"123 N Oak St"_s), databook::HouseOf(u"123 North Oak Street"_s));
+    EXPECT_EQ(databook::HouseOf(u"5 Third Ave"_s), databook::HouseOf(u"5 3RD AVENUE"_s));
+    EXPECT_NE(databook::HouseOf(u"123 N Oak St"_s), databook::HouseOf(u"123 S Oak St"_s));
+    EXPECT_NE(databook::HouseOf(u"123 N Oak St Apt 1"_s), databook::HouseOf(u"123 N Oak St Apt 2"_s));
+    EXPECT_EQ(databook::HouseOf(u"Oak St"_s), QString());
+    EXPECT_EQ(databook::HouseOf(QString()), QString());
 }
 
 TEST_F(Rehearsed, TellsWhatEachRowIs)

@@ -1,0 +1,114 @@
+#include "sample_screen.h"
+
+#include "databook/entry_screen.h"
+#include "databook/twin_watch.h"
+#include "shell/report_home.h"
+#include "windows/guard.h"
+#include "windows/main_window.h"
+#include "windows/screens.h"
+#include "windows/theme.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSettings>
+#include <QTest>
+#include <QToolButton>
+
+// Another record at the address that is typed.
+
+namespace vasclip::windows {
+namespace {
+
+using namespace Qt::Literals::StringLiterals;
+
+const QString kWords = u"Your record 12 OAK ST stands at this address."_s;
+
+class TwinWindow : public shell::ReportHome
+{
+protected:
+    EventGuard guard{doubles.prompter, {}};
+    QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
+    Theme theme{*qApp, &settings};
+    tests::SamplePort port;
+
+    void SetUp() override
+    {
+        ReportHome::SetUp();
+        Add(shell::kDatabook, u"COMPS"_s, {{u"CENTRALKEY"_s, u"9 ELM ST"_s.leftJustified(35)}, {u"ADDRESS"_s, u"9 Elm St"_s}});
+        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
+    }
+    static bool Comes(const QLabel& label)
+    {
+        return QTest::qWaitFor([&] { return label.text() == kWords && label.isVisible(); }, 10 * databook::TwinWatch::kPause);
+    }
+    static void Type(QLineEdit& box, const QString& text)
+    {
+        box.setFocus();
+        box.selectAll();
+        QTest::keyClicks(&box, text);
+    }
+};
+
+TEST_F(TwinWindow, IsNamedWhileANewCompIsTypedAndGoneTo)
+{
+    MainWindow window(main.controls, port, port, guard, theme, settings);
+    window.resize(1366, 768);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    auto& box = *window.findChild<QLineEdit*>(u"txtcentralkey"_s);
+    auto& words = *window.findChild<QLabel*>(u"lblTwin"_s);
+    auto& look = *window.findChild<QPushButton*>(u"cmdTwin"_s);
+    EXPECT_FALSE(words.isVisible());
+    Type(box, u"12 Oak Street"_s);
+    EXPECT_FALSE(words.isVisible()) << "who types is left in peace";
+    ASSERT_TRUE(Comes(words)) << words.text().toStdString();
+    EXPECT_EQ(box.text(), u"12 Oak Street"_s);
+    if (qEnvironmentVariableIsSet("VASCLIP_SHOTS"))
+        window.grab().save(qEnvironmentVariable("VASCLIP_SHOTS") + u"/twin-main.png"_s);
+    QTest::keyClicks(&box, u"s"_s);
+    EXPECT_FALSE(words.isVisible()) << "it was about another text";
+    QTest::keyClick(&box, Qt::Key_Backspace);
+    ASSERT_TRUE(Comes(words));
+    QTest::mouseClick(&look, Qt::LeftButton);
+    EXPECT_EQ(box.text().trimmed().toUpper(), u"12 OAK ST"_s);
+    EXPECT_FALSE(words.isVisible()) << "a record that is on show is no twin";
+    QTest::qWait(2 * databook::TwinWatch::kPause);
+    EXPECT_FALSE(words.isVisible());
+    EXPECT_FALSE(look.isVisible());
+}
+
+TEST_F(TwinWindow, IsNamedWhileAnAddressIsChangedAndLookedAt)
+{
+    const databook::EntryDesk desk{ports, program.Engine(), shell::kDatabook, u"COMPS"_s};
+    databook::EntryRecord record(desk, databook::EntryForms().front(), u"9 ELM ST"_s);
+    databook::EntryScreen screen(desk, record.Form(), record);
+    screen.Open();
+    ScreenWindow window(screen, guard);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    auto& box = *window.findChild<QLineEdit*>(u"txtAddress"_s);
+    auto& words = *window.findChild<QLabel*>(u"lblAddressNote"_s);
+    auto& look = *window.findChild<QToolButton*>(u"cmdAddressBack"_s);
+    QTest::qWait(2 * databook::TwinWatch::kPause);
+    EXPECT_FALSE(words.isVisible()) << "a record that was read says nothing";
+    Type(box, u"9 Elm Street"_s);
+    QTest::qWait(2 * databook::TwinWatch::kPause);
+    EXPECT_FALSE(words.isVisible()) << "it is no twin of itself";
+    Type(box, u"12 Oak Street"_s);
+    ASSERT_TRUE(Comes(words)) << words.text().toStdString();
+    EXPECT_EQ(look.text(), u"Look at it"_s);
+    if (qEnvironmentVariableIsSet("VASCLIP_SHOTS"))
+        window.grab().save(qEnvironmentVariable("VASCLIP_SHOTS") + u"/twin-entry.png"_s);
+    QTest::mouseClick(&look, Qt::LeftButton);
+    EXPECT_EQ(doubles.prompter.Last().text, u"12 OAK ST\nAddress: 12 Oak St"_s);
+    doubles.prompter.Forget();
+    QTest::keyClick(&box, Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(doubles.prompter.Last().title, u"12 OAK ST"_s);
+    EXPECT_EQ(box.text(), u"12 Oak Street"_s) << "what was typed stays";
+    window.hide();
+}
+
+} // namespace
+} // namespace vasclip::windows
