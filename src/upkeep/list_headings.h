@@ -4,8 +4,10 @@
 
 namespace vasclip::upkeep {
 
+using namespace Qt::StringLiterals;
+
 /// The column of a refused line that says why.
-inline const QString kReasonHeading = QStringLiteral("REASON");
+inline const QString kReasonHeading = u"REASON"_s;
 
 /// Letters and digits of a heading in capitals, by which headings are compared.
 [[nodiscard]] QString BareHeading(const QString& heading);
