@@ -16,40 +16,47 @@ constexpr auto kDeleted = "deleted"_L1;
 constexpr auto kRemark = "note"_L1;
 const QString kColumns = u"RECORD\tWHAT\tFIELD\tBEFORE\tAFTER"_s;
 
-/// Appends a text as one of the columns of a line.
-void AddColumn(QByteArray& line, const QString& text)
+/// Appends a text as one of the columns of a line; most are a few plain letters, which need no conversion.
+void AddColumn(QByteArray& line, QStringView text)
 {
-    for (const char letter : text.toUtf8()) {
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const char16_t letter = text[at].unicode();
         switch (letter) {
-        case '\\':
+        case u'\\':
             line += "\\\\";
             break;
-        case '\t':
+        case u'\t':
             line += "\\t";
             break;
-        case '\r':
+        case u'\r':
             line += "\\r";
             break;
-        case '\n':
+        case u'\n':
             line += "\\n";
             break;
         default:
-            line += letter;
+            if (letter < 0x80) {
+                line += static_cast<char>(letter);
+                break;
+            }
+            qsizetype end = at + 1;
+            while (end < text.size() && text[end].unicode() >= 0x80)
+                ++end;
+            line += text.sliced(at, end - at).toUtf8();
+            at = end - 1;
         }
     }
 }
 
-QByteArray LineOf(const QString& key, QLatin1StringView what, const QString& field, const QString& before,
-                  const QString& after)
+QByteArray LineOf(QStringView key, QLatin1StringView what, QStringView field, QStringView before, QStringView after)
 {
     QByteArray line;
-    line.reserve(key.size() + field.size() + before.size() + after.size() + 16);
+    line.reserve(key.size() + what.size() + field.size() + before.size() + after.size() + 16);
     AddColumn(line, key);
-    line += '\t';
-    line += what;
-    for (const QString* text : {&field, &before, &after}) {
+    line.append('\t').append(what.data(), what.size());
+    for (const QStringView text : {field, before, after}) {
         line += '\t';
-        AddColumn(line, *text);
+        AddColumn(line, text);
     }
     return line;
 }
@@ -78,10 +85,12 @@ void Account::TakeBack()
 
 void Account::Changed(const QString& key, const QString& field, const QString& before, const QString& after)
 {
-    m_lines.Append(LineOf(key, kChanged, field, text::Trim(before), text::Trim(after)));
+    const QString was = text::Trim(before);
+    const QString is = text::Trim(after);
+    m_lines.Append(LineOf(key, kChanged, field, was, is));
     Tally& tally = m_fields[field];
     ++tally.changed;
-    if (!text::Trim(before).isEmpty() && text::Trim(after).isEmpty())
+    if (!was.isEmpty() && is.isEmpty())
         ++tally.emptied;
 }
 

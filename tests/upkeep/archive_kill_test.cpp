@@ -1,3 +1,4 @@
+#include "faults/kills.h"
 #include "support/killed_work.h"
 #include "upkeep/archive_home.h"
 
@@ -20,7 +21,7 @@ TEST_F(ArchiveKill, AKillLeavesEachRecordInOneOfTheTwoFilesWithItsPictures)
     const QByteArray empty = disk.ReadWhole(archive);
     tests::KilledWork killed;
     int half = 0;
-    for (int run = 0; run < 12; ++run) {
+    for (int run = 0; run < tests::Kills(12); ++run) {
         disk.WriteWhole(path, databook);
         disk.WriteWhole(archive, empty);
         for (const QString& name : all)

@@ -1,3 +1,4 @@
+#include "faults/kills.h"
 #include "support/killed_work.h"
 #include "upkeep/maintenance_home.h"
 
@@ -9,7 +10,7 @@ class RepairKill : public MaintenanceHome
 {
 protected:
     static constexpr int kComps = 60;
-    static constexpr int kRuns = 14;
+    const int runs = tests::Kills(14);
 
     void SetUp() override
     {
@@ -50,7 +51,7 @@ TEST_F(RepairKill, LeavesAllRecordsAsBeforeOrAllAsAfter)
 {
     int before = 0;
     int after = 0;
-    for (int run = 0; run < kRuns; ++run) {
+    for (int run = 0; run < runs; ++run) {
         RunAndKill(Repair::UpperCase, {});
         Bind(source);
         const qint64 upper =
@@ -72,7 +73,7 @@ TEST_F(RepairKill, NeverLeavesARecordWithoutItsPictures)
 {
     int before = 0;
     int after = 0;
-    for (int run = 0; run < kRuns; ++run) {
+    for (int run = 0; run < runs; ++run) {
         RunAndKill(Repair::DeleteBySale, {u"3/8/1999"_s, false});
         Bind(source);
         const qsizetype left = Keys().size();
