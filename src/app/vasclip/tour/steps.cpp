@@ -42,6 +42,8 @@ std::span<const TourStep> TourSteps()
         {"an archive of old sales"_L1, Archive},
         // upkeep
         {"export and import"_L1, ExportAndImport},
+        {"an Access file of another office"_L1, OtherOffice},
+        {"a Databook of an older version"_L1, OlderDatabook},
         // setting up
         {"grid layouts"_L1, GridLayouts},
         {"settings"_L1, Settings},

@@ -82,6 +82,9 @@ bool Repairs(const Stage& stage);
 bool Archive(const Stage& stage);
 // tour/exchange.cpp
 bool ExportAndImport(const Stage& stage);
+// tour/other_files.cpp
+bool OtherOffice(const Stage& stage);
+bool OlderDatabook(const Stage& stage);
 
 // tour/settings.cpp
 bool GridLayouts(const Stage& stage);
