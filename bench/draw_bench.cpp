@@ -3,6 +3,7 @@
 //   DIRECTORY  of maps; latitude and longitude in millionths of a degree; PICTURES is where they are left to
 //   be looked at
 
+#include "platform/street/geocode.h"
 #include "platform/street/map_data.h"
 #include "platform/street/street_map.h"
 
@@ -83,6 +84,57 @@ void Measure(StreetMap& map, double kilometres, const QString& pictures)
                 kilometres, whole.median, pan.median, pan.worst, zoom.median, zoom.worst);
 }
 
+/// A search of a thousand addresses of the map, found and placed one by one, the map painted after each 25 and whole at
+/// the end; the time of the processor for all threads.
+void MeasureSearch(StreetMap& map, const MapGeocoder& geocoder, Place middle)
+{
+    constexpr int kWanted = 1000;
+    std::vector<QString> addresses;
+    for (int at = 1; at < 20 * kWanted && addresses.size() < kWanted; ++at) {
+        const Place near{middle.latitude + (at * 7919 % 2001 - 1000) * 25, middle.longitude + (at * 104729 % 2001 - 1000) * 30};
+        for (const Candidate& candidate : geocoder.Near(near)) {
+            if (candidate.foundBy != FoundBy::Street && addresses.size() < kWanted) {
+                addresses.push_back(candidate.address);
+                break;
+            }
+        }
+    }
+    QImage screen(kSize, QImage::Format_RGB32);
+    double least = 1e9;
+    double leastMap = 1e9;
+    std::size_t placed = 0;
+    for (int round = 0; round < 5; ++round) {
+        map.DoAction(action::kClearPoints);
+        map.FinishDrawing();
+        double begin = SecondsOf(CLOCK_PROCESS_CPUTIME_ID);
+        placed = 0;
+        for (std::size_t at = 0; at < addresses.size(); ++at) {
+            map.SetID(static_cast<qint32>(at) + 1);
+            map.SetLocation(addresses[at]);
+            map.DoAction(action::kGeocode);
+            if (map.Status() < 0)
+                continue;
+            map.SetFlags(0x8C42);
+            map.SetPicture(at % 3 == 0 ? u"C:\\comp.bmp"_s : u"C:\\reddoor.bmp"_s);
+            map.SetText(addresses[at].section(u',', 0, 0));
+            map.DoAction(action::kAddPoint);
+            ++placed;
+            if (at % 25 == 0) {
+                QPainter painter(&screen);
+                map.Paint(painter);
+            }
+        }
+        map.FinishDrawing();
+        least = std::min(least, SecondsOf(CLOCK_PROCESS_CPUTIME_ID) - begin);
+        begin = SecondsOf(CLOCK_PROCESS_CPUTIME_ID);
+        for (const QString& address : addresses)
+            (void)geocoder.Find(address, 2);
+        leastMap = std::min(leastMap, SecondsOf(CLOCK_PROCESS_CPUTIME_ID) - begin);
+    }
+    std::printf("a search of %zu comps: %zu placed, the map painted meanwhile and whole at the end: %.2f s (limit 2), of them "
+                "%.2f s to find them\n", addresses.size(), placed, least, leastMap);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -93,8 +145,9 @@ int main(int argc, char** argv)
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication app(argc, argv);
-    StreetMap map({std::make_shared<MapData>(QString::fromLocal8Bit(argv[1])), nullptr,
-                   [](const QString& path) { return path; }});
+    const auto maps = std::make_shared<MapData>(QString::fromLocal8Bit(argv[1]));
+    const auto geocoder = std::make_shared<MapGeocoder>(*maps);
+    StreetMap map({maps, geocoder, [](const QString& path) { return path; }});
     const QString pictures = argc == 5 ? QString::fromLocal8Bit(argv[4]) : QString();
     map.SetSize(kSize, 1);
     map.SetLatitude(std::atoi(argv[2]));
@@ -109,7 +162,10 @@ int main(int argc, char** argv)
     for (const double kilometres : {0.5, 1.5, 5.0})
         Measure(map, kilometres, pictures);
 
-    // A whole search on the map.
+    map.SetScale(5000 / 0.3048);
+    MeasureSearch(map, *geocoder, {std::atoi(argv[2]), std::atoi(argv[3])});
+    map.DoAction(action::kClearPoints);
+    // A thousand points around one place.
     for (qint32 id = 1; id <= 1000; ++id) {
         map.SetID(id);
         map.SetLatitude(std::atoi(argv[2]) + (id * 7919 % 2001 - 1000) * 20);

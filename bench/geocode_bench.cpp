@@ -11,6 +11,7 @@
 #include "platform/street/county_writer.h"
 #include "platform/street/geocode.h"
 #include "platform/street/geocode_line.h"
+#include "platform/street/name_number.h"
 #include "platform/street/sample_pack.h"
 
 #include <QCoreApplication>
@@ -121,7 +122,7 @@ public:
     /// @param written  the name as a query has it, in the copy called as `name` is
     [[nodiscard]] QString Street(const QString& written, const QString& name) const
     {
-        const uint hash = static_cast<uint>(qHash(name, 7));
+        const uint hash = NameNumber(name); // the same in each run
         const bool numbered = std::any_of(name.begin(), name.end(), [](QChar letter) { return letter.isDigit(); });
         if (m_number == 0 || numbered || hash % 4 == 0)
             return written;
@@ -457,7 +458,6 @@ std::vector<Example> HouseExamples(const std::vector<AddressPoint>& houses)
 
 int main(int argc, char** argv)
 {
-    QHashSeed::setDeterministicGlobalSeed(); // the copies' names are the same in each run
     const QCoreApplication app(argc, argv);
     QStringList arguments = QCoreApplication::arguments();
     const auto option = [&arguments](const QString& name) {

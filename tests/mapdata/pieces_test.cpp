@@ -1,5 +1,6 @@
 #include "mapdata/classes.h"
 #include "mapdata/cover.h"
+#include "mapdata/house_names.h"
 #include "mapdata/junctions.h"
 #include "mapdata/states.h"
 #include "mapdata/surface.h"
@@ -24,6 +25,44 @@ street::RoadEdge Road(std::vector<Place> line, RoadClass roadClass = RoadClass::
     road.roadClass = roadClass;
     road.line = std::move(line);
     return road;
+}
+
+street::AddressPoint House(const QString& street, Place place, const QString& city = {})
+{
+    return {u"1"_s, street, {}, city, {}, place};
+}
+
+TEST(HouseNames, NameTheStreetsThatHaveNoLine)
+{
+    std::vector<street::AddressPoint> houses;
+    for (int at = 0; at < 7; ++at) {
+        houses.push_back(House(u"N MAPLE ST"_s, At(at * 100, 0)));
+        houses.push_back(House(u"Oak Street"_s, At(at * 100, 500)));
+        houses.push_back(House(u"5TH AVE"_s, At(at * 100, 900)));
+        houses.push_back(House(u"N MAPLE ST"_s, At(50'000 + at * 100, 0)));
+    }
+    houses.push_back(House(u"LONE RD"_s, At(0, 100)));
+    const auto names = NamesOfHouses(houses, {u"Oak St"_s}, {});
+    QStringList found;
+    for (const street::PlaceName& name : names) {
+        EXPECT_EQ(name.kind, street::PlaceKind::Street);
+        found.append(u"%1 %2"_s.arg(name.name).arg(name.place.latitude - 32'000'000));
+    }
+    EXPECT_EQ(found, (QStringList{u"5th Ave 300"_s, u"N Maple St 300"_s, u"N Maple St 50300"_s}));
+}
+
+TEST(HouseNames, NameATownThatNoSourceHas)
+{
+    std::vector<street::AddressPoint> houses;
+    for (int at = 0; at < 25; ++at) {
+        houses.push_back(House(u"Oak St"_s, At(at * 10, at * 10), u"MIDDLEBURY"_s));
+        houses.push_back(House(u"Oak St"_s, At(at * 10, at * 10), u"BRISTOL"_s));
+    }
+    houses.push_back(House(u"Oak St"_s, At(0, 0), u"RIPTON"_s));
+    const auto names = NamesOfHouses(houses, {u"Oak St"_s}, {u"Bristol"_s});
+    ASSERT_EQ(names.size(), 1U);
+    EXPECT_EQ(names[0].name, u"Middlebury"_s);
+    EXPECT_EQ(names[0].kind, street::PlaceKind::Town);
 }
 
 TEST(Junctions, CutBothWaysWhereTheyMeet)

@@ -2,6 +2,7 @@
 
 #include "mapdata/coast.h"
 #include "mapdata/cover.h"
+#include "mapdata/house_names.h"
 #include "mapdata/junctions.h"
 #include "mapdata/surface.h"
 #include "platform/street/feature_check.h"
@@ -373,6 +374,18 @@ bool CountyBuild::Write(street::CountyWriter& writer, const std::function<bool(d
         writer.Add(place);
     for (const street::ZipArea& zip : m_zips)
         writer.Add(zip);
+    if (!m_houses.empty()) {
+        QSet<QString> lines;
+        for (const SourceEdge& edge : m_edges)
+            lines.insert(edge.edge.name);
+        for (const RoadEdge& way : ways)
+            lines.insert(way.name);
+        QSet<QString> places;
+        for (const PlaceName& place : m_places)
+            places.insert(place.name);
+        for (const PlaceName& name : NamesOfHouses(m_houses, lines, places))
+            writer.AddLabel(name);
+    }
     const auto took = [this](const QString& what, std::size_t count) {
         if (count > 0)
             m_account.Took(what, static_cast<qint64>(count));

@@ -33,6 +33,7 @@ struct Job
     const Source* source;
     LayerKind kind = LayerKind::Unknown; ///< of a layer; an OpenStreetMap file is read whole
     std::size_t layer = 0;
+    std::shared_ptr<VectorFile> file; ///< open since it was looked at; null where it is opened anew
 };
 
 class Importer
@@ -145,14 +146,14 @@ std::vector<Job> Importer::Look(const Source& source)
             return {};
         }
     }
-    const std::unique_ptr<VectorFile> file = VectorFile::Open(source.path, problem);
+    std::shared_ptr<VectorFile> file = VectorFile::Open(source.path, problem);
     if (!file) {
         (void)m_gdal.Take();
         m_account.Note(source.shown + u": "_s + problem);
         return {};
     }
     if (source.openStreetMap)
-        return {Job{&source}};
+        return {Job{&source, LayerKind::Unknown, 0, nullptr}};
     std::vector<Job> jobs;
     const std::vector<VectorLayer> layers = file->Layers();
     for (std::size_t at = 0; at < layers.size(); ++at) {
@@ -163,7 +164,7 @@ std::vector<Job> Importer::Look(const Source& source)
             m_account.Note(u"%1: it has no columns of streets, house numbers, places or water that are known"_s.arg(
                 source.shown));
         else
-            jobs.push_back({&source, kind, at});
+            jobs.push_back({&source, kind, at, file});
         if (kind == LayerKind::Lines)
             m_account.Note(u"%1: its .dbf is missing or has no names, so its streets are drawn without names and "
                            u"nothing is found on them"_s.arg(source.shown));
@@ -177,7 +178,7 @@ std::vector<Job> Importer::Look(const Source& source)
 bool Importer::Read(const Job& job, CountyBuild& county, const QString& name, Progress& progress)
 {
     QString problem;
-    const std::unique_ptr<VectorFile> file = VectorFile::Open(job.source->path, problem);
+    const std::shared_ptr<VectorFile> file = job.file ? job.file : VectorFile::Open(job.source->path, problem);
     if (!file) {
         m_account.Note(job.source->shown + u": "_s + problem);
         return true;

@@ -245,7 +245,7 @@ void ReadRest(ByteReader& in, PlaceCoder& places, Cell& cell)
     }
     cell.places.resize(in.Count(5));
     for (PlaceName& place : cell.places) {
-        place.kind = ReadKind(in, PlaceKind::Suburb);
+        place.kind = ReadKind(in, PlaceKind::Street);
         place.name = in.Text();
         place.population = static_cast<qint64>(in.Number() & kLargestPopulation);
         place.place = places.Read(in);

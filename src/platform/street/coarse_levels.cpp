@@ -5,14 +5,11 @@
 #include "platform/street/shape.h"
 
 #include <algorithm>
-#include <array>
 #include <deque>
 
 namespace vasclip::street {
 
 namespace {
-
-constexpr std::size_t kClasses = static_cast<std::size_t>(RoadClass::Rail) + 1;
 
 struct LevelRule
 {
@@ -76,6 +73,7 @@ void CoarseLevels::Add(RoadClass roadClass, const QString& name, const QString& 
         street = static_cast<quint32>(m_streets.size());
     }
     m_roads.push_back({roadClass, street, line});
+    m_metres[static_cast<std::size_t>(roadClass)] += shape::Metres(line);
 }
 
 void CoarseLevels::Add(const MapArea& area)
@@ -98,15 +96,12 @@ void CoarseLevels::Add(const PlaceName& place)
 
 RoadClass CoarseLevels::Least(Level level) const
 {
-    std::array<double, kClasses> metres{};
-    for (const Road& road : m_roads)
-        metres[static_cast<std::size_t>(road.roadClass)] += shape::Metres(road.line);
     const LevelRule& rule = RuleOf(level);
     double shown = 0;
     double all = 0;
     for (RoadClass at = RoadClass::Motorway; at <= rule.fallBack;
          at = static_cast<RoadClass>(static_cast<int>(at) + 1)) {
-        all += metres[static_cast<std::size_t>(at)];
+        all += m_metres[static_cast<std::size_t>(at)];
         if (at <= rule.least)
             shown = all;
     }

@@ -4,6 +4,7 @@
 
 #include <QHash>
 
+#include <array>
 #include <functional>
 #include <vector>
 
@@ -36,6 +37,7 @@ private:
     std::vector<CellStreet> m_streets;
     QHash<QString, quint32> m_streetNumbers;
     std::vector<Road> m_roads;
+    std::array<double, static_cast<std::size_t>(RoadClass::Rail) + 1> m_metres{}; ///< of the roads of each class
     std::vector<MapArea> m_areas;
     std::vector<WaterLine> m_waterLines;
     std::vector<PlaceName> m_places;

@@ -114,14 +114,14 @@ bool CountyWriter::Add(const RoadEdge& edge)
         return false;
     Work& work = *m_work;
     const CellStreet street{edge.name, work.Shield(edge)};
-    const CellEdge stored{0, edge.roadClass, edge.hidden, edge.line, {edge.left.from, edge.left.to, {}, {}},
+    CellEdge stored{0, edge.roadClass, edge.hidden, edge.line, {edge.left.from, edge.left.to, {}, {}},
                           {edge.right.from, edge.right.to, {}, {}}};
-    bool first = true;
-    for (const quint32 id : grid::Along(Level::Streets, edge.line)) {
-        const quint32 index = work.streets.AddEdge(id, stored, street);
-        if (first && work.lookup)
-            work.lookup->Add(edge, {id, index});
-        first = false;
+    const std::vector<quint32> cells = grid::Along(Level::Streets, edge.line);
+    for (std::size_t at = 0; at < cells.size(); ++at) {
+        const bool last = at + 1 == cells.size();
+        const quint32 index = work.streets.AddEdge(cells[at], last ? std::move(stored) : CellEdge(stored), street);
+        if (at == 0 && work.lookup)
+            work.lookup->Add(edge, {cells[at], index});
     }
     if (!edge.hidden)
         work.coarse.Add(edge.roadClass, street.name, street.shield, edge.line);
@@ -166,13 +166,20 @@ bool CountyWriter::Add(const WaterLine& line)
 
 bool CountyWriter::Add(const PlaceName& place)
 {
-    if (!Fault(place).isEmpty())
+    if (!AddLabel(place))
         return false;
-    m_work->streets.At(grid::IdAt(Level::Streets, place.place))
-        .places.push_back({place.name, place.kind, place.population, place.place, {}});
-    m_work->coarse.Add(place);
     if (m_work->lookup)
         m_work->lookup->Add(place);
+    return true;
+}
+
+bool CountyWriter::AddLabel(const PlaceName& place)
+{
+    if (!Fault(place).isEmpty())
+        return false;
+    PlaceName label{place.name, place.kind, place.population, place.place, {}};
+    m_work->coarse.Add(label);
+    m_work->streets.At(grid::IdAt(Level::Streets, place.place)).places.push_back(std::move(label));
     return true;
 }
 

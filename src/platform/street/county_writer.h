@@ -30,6 +30,8 @@ public:
     bool Add(const WaterLine& line);
     bool Add(const PlaceName& place);
     bool Add(const ZipArea& area);
+    /// A name that is drawn and by which nothing is found. @return false if it was left out
+    bool AddLabel(const PlaceName& place);
 
     /// Writes all and flushes it. The file is gone where that fails.
     /// @param progress  told how many of how many cells are written; false stops

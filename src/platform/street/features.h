@@ -25,7 +25,14 @@ enum class RoadClass : quint8 {
 
 enum class AreaKind : quint8 { Water, Park, Forest, Cemetery, School, Airport, Builtup };
 
-enum class PlaceKind : quint8 { City, Town, Village, Hamlet, Suburb };
+enum class PlaceKind : quint8 {
+    City,
+    Town,
+    Village,
+    Hamlet,
+    Suburb,
+    Street ///< the name of a street without a line, among its houses: for the eye alone
+};
 
 /// House numbers along one side of an edge as the source writes them, in the direction of its line; "from" may
 /// exceed "to". Both empty: the source gives none for this side.

@@ -17,7 +17,12 @@ namespace {
 
 qint32 VersionOf(FileKind kind)
 {
-    return static_cast<qint32>(kind) * 1000 + kFileVersion;
+    return static_cast<qint32>(kind) * 1000 + (kind == FileKind::County ? kCountyVersion : kIndexVersion);
+}
+
+qint32 OldestOf(FileKind kind)
+{
+    return kind == FileKind::County ? static_cast<qint32>(kind) * 1000 + kOldestCounty : VersionOf(kind);
 }
 
 /// What stands in the first hundred bytes of a database file.
@@ -58,7 +63,7 @@ QString HeadProblem(QByteArrayView bytes, qint64 size, FileKind kind)
     const Head head(bytes);
     if (!head.IsDatabase() || head.Mark() != kFileMark || head.Version() / 1000 != static_cast<quint32>(kind))
         return kind == FileKind::County ? u"the file is no map of a county"_s : u"the file is no index of maps"_s;
-    if (head.Version() != static_cast<quint32>(VersionOf(kind)))
+    if (head.Version() > static_cast<quint32>(VersionOf(kind)) || head.Version() < static_cast<quint32>(OldestOf(kind)))
         return u"the file was made for another version of the program; import the map again"_s;
     if (head.Bytes() > size)
         return u"the file is shorter than it was written"_s;

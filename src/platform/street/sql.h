@@ -15,7 +15,10 @@ namespace vasclip::street {
 enum class FileKind : qint32 { County = 1, Index = 2 };
 
 inline constexpr quint32 kFileMark = 0x56534d50; // "VSMP"
-inline constexpr qint32 kFileVersion = 1;
+/// A county's file of version 1, which has no names of streets without a line, is read as well.
+inline constexpr qint32 kCountyVersion = 2;
+inline constexpr qint32 kOldestCounty = 1;
+inline constexpr qint32 kIndexVersion = 1;
 
 struct CloseSql
 {

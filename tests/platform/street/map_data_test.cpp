@@ -221,6 +221,22 @@ TEST_F(Maps, AMapOfAnotherVersionSaysSo)
               QStringList{u"F1: the file was made for another version of the program; import the map again"_s});
 }
 
+TEST_F(Maps, MapsOfTheVersionBeforeAreRead)
+{
+    TwoCounties();
+    const std::size_t all = Edges(MapData(directory.path()));
+    Sql(Below(u"01003-a.cel"_s), "PRAGMA user_version=1001");
+    const MapData maps(directory.path());
+    EXPECT_EQ(Edges(maps), all);
+    EXPECT_EQ(maps.Problems(), QStringList());
+    for (const char* other : {"PRAGMA user_version=1000", "PRAGMA user_version=1003"}) {
+        Sql(Below(u"01003-a.cel"_s), other);
+        const MapData left(directory.path());
+        EXPECT_LT(Edges(left), all) << other;
+        EXPECT_EQ(left.Problems().size(), 1) << other;
+    }
+}
+
 TEST_F(Maps, AFileOfAnotherCountyUnderItsNameIsLeftOut)
 {
     TwoCounties();

@@ -59,13 +59,22 @@ void GatherNature(const Cell& cell, const Extent& ground, Seen& seen, Content& c
     }
 }
 
-void GatherPoints(const Cell& cell, const Extent& ground, Seen& seen, Content& content)
+/// Houses as dots are too many from afar, unless they are all that there is.
+bool ShowsHouses(const Cell& cell, double metres)
+{
+    constexpr double kTooMany = 2.5;
+    return metres <= kTooMany || cell.edges.empty();
+}
+
+void GatherPoints(const Cell& cell, const Extent& ground, double metres, Seen& seen, Content& content)
 {
     for (const PlaceName& place : cell.places) {
         if (ground.Contains(place.place) && !seen.Again({place.place}, qHash(place.name)))
             content.places.push_back(&place);
     }
     for (const CellHouse& house : cell.houses) {
+        if (!ShowsHouses(cell, metres))
+            break;
         if (ground.Contains(house.place) && !seen.Again({house.place}, qHash(house.number)))
             content.houses.push_back(&house);
     }
@@ -85,7 +94,7 @@ Content Gather(const CellSource& source, const Projection& projection, double ma
     for (const auto& cell : content.cells) {
         GatherEdges(*cell, ground, seen, content);
         GatherNature(*cell, ground, seen, content);
-        GatherPoints(*cell, ground, seen, content);
+        GatherPoints(*cell, ground, metres, seen, content);
     }
     return content;
 }

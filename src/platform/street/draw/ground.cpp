@@ -118,10 +118,9 @@ void PaintAreas(QPainter& painter, const Projection& projection, const Content& 
 void PaintHouses(QPainter& painter, const Projection& projection, const Content& content, const Palette& palette)
 {
     constexpr double kNumbers = 0.75;
-    constexpr double kTooMany = 2.5;
-    if (content.houses.empty() || projection.Metres() <= kNumbers || projection.Metres() > kTooMany)
+    if (content.houses.empty() || projection.Metres() <= kNumbers)
         return;
-    const double radius = projection.Px(1.4);
+    const double radius = projection.Px(std::clamp(2 / projection.Metres(), 0.8, 1.4));
     painter.setPen(Qt::NoPen);
     painter.setBrush(palette.houses);
     for (const CellHouse* house : content.houses)
@@ -191,8 +190,8 @@ void PaintRoads(QPainter& painter, const Projection& projection, const Content& 
                 continue;
             Stroke(painter, paths.at(index),
                    QPen(casing || (hair && !look.dark) ? ink.casing : ink.fill,
-                        casing ? width + 2 * std::round(projection.Px(1)) : width, Qt::SolidLine,
-                        casing ? Qt::FlatCap : Qt::RoundCap, Qt::RoundJoin));
+                        casing ? width + 2 * std::round(projection.Px(1)) : width, Qt::SolidLine, Qt::RoundCap,
+                        Qt::RoundJoin));
         }
     }
 }

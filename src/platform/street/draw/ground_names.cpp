@@ -14,6 +14,7 @@ namespace {
 
 constexpr double kBrooksApart = 700;
 constexpr double kAreasApart = 500;
+constexpr double kStreetsApart = 250;
 
 struct Rank
 {
@@ -35,6 +36,8 @@ Rank RankOf(const PlaceName& place)
         return {3, 10.5, 40, 1.2};
     case PlaceKind::Suburb:
         return {4, 9.5, 14, 0.9};
+    case PlaceKind::Street:
+        return {6, 8, 3, 0};
     default:
         return {5, 9, 14, 0.6};
     }
@@ -114,12 +117,21 @@ void LabelSheet::WritePlaces(bool great)
             continue;
         const double size = Points(rank.points);
         const QPointF middle = m_projection.Pixel(place->place);
+        if (place->kind == PlaceKind::Street && IsNear(place->name, middle, m_projection.Px(kStreetsApart)))
+            continue;
         for (const double shift : {0.0, -1.1, 1.1, -2.2, 2.2}) {
             if (WriteLevel(place->name, rank.order < 3 ? Face::Bold : Face::Regular, size,
-                           middle + QPointF(0, shift * size), great ? m_palette.placeText : m_palette.quietText))
+                           middle + QPointF(0, shift * size), InkOf(place->kind)))
                 break;
         }
     }
+}
+
+const QColor& LabelSheet::InkOf(PlaceKind kind) const
+{
+    if (kind == PlaceKind::Street)
+        return m_palette.roads.at(static_cast<size_t>(RoadClass::Local)).text;
+    return kind <= PlaceKind::Village ? m_palette.placeText : m_palette.quietText;
 }
 
 void LabelSheet::WriteBrooks()

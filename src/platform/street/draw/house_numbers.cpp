@@ -8,6 +8,7 @@ namespace {
 
 constexpr double kHouses = 0.75; // metres a pixel up to which house numbers are written
 constexpr double kRanges = 1.2;
+constexpr double kStraight = 0.985; ///< a cosine: ten degrees
 
 } // namespace
 
@@ -44,6 +45,11 @@ void LabelSheet::WriteRanges()
                 return;
             const double at = atStart ? room : walk.Length() - room;
             const QPointF ahead = walk.At(at + 1) - walk.At(at - 1);
+            // In a bend the figures of a number would stand apart.
+            const QPointF first = walk.At(at) - walk.At(at - width / 2 - off);
+            const QPointF second = walk.At(at + width / 2 + off) - walk.At(at);
+            if (QPointF::dotProduct(first, second) < kStraight * std::hypot(first.x(), first.y()) * std::hypot(second.x(), second.y()))
+                return;
             // A text runs to the right: below it is right of a line that runs so, left of one that runs back.
             const bool backward = ahead.x() < -1e-3 || (std::abs(ahead.x()) <= 1e-3 && ahead.y() > 0);
             WriteAlong(walk, number, Face::Regular, size, at, left == backward ? off : -off, m_palette.quietText);

@@ -60,14 +60,17 @@ void LabelSheet::Repeat(const Walk& walk, const QString& text, Face face, double
                         const QColor& ink)
 {
     const double length = walk.Length();
-    if (length < Run(text, face).width * size)
-        return;
     const int parts = std::max(1, static_cast<int>(length / apart));
     const double part = length / parts;
     for (int i = 0; i < parts; ++i) {
         // From the middle of a part outwards, to where there is room.
         for (const double shift : {0.0, 0.12, -0.12, 0.25, -0.25, 0.38, -0.38}) {
             const double at = (i + 0.5 + shift) * part;
+            // A text whose middle is out of sight is not wholly in it: most names of a map close in need not be set.
+            if (!m_projection.Sheet().contains(walk.At(at)))
+                continue;
+            if (length < Run(text, face).width * size)
+                return;
             if (!IsNear(text, walk.At(at), apart * 0.5) && WriteAlong(walk, text, face, size, at, 0, ink))
                 break;
         }

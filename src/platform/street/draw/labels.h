@@ -43,6 +43,7 @@ private:
     };
 
     void WritePlaces(bool great);
+    [[nodiscard]] const QColor& InkOf(PlaceKind kind) const;
     void WriteShields();
     void WriteStreets();
     void WriteStreet(const Street& street);

@@ -10,6 +10,7 @@ namespace vasclip::street::draw {
 namespace {
 
 constexpr double kApart = 620; // pixels of 1/96 inch between two names of a street
+constexpr size_t kFewEdges = 700; // on a whole sheet
 constexpr double kLeastRoom = 24; // a stretch that is shorter bears no name
 
 QString Digits(const QString& text)
@@ -112,7 +113,8 @@ void LabelSheet::WriteStreet(const Street& street)
     const double metres = m_projection.Metres();
     const bool least = street.roadClass > RoadClass::Ramp;
     // Names of small streets need streets that are more than a hair.
-    if (metres > (least ? 2.2 : street.roadClass >= RoadClass::Local ? 6 : 40))
+    const double local = m_content.edges.size() < kFewEdges ? 14 : 6; // where hardly any are, there is room for all names
+    if (metres > (least ? 2.2 : street.roadClass >= RoadClass::Local ? local : 40))
         return;
     const bool great = street.roadClass <= RoadClass::Arterial;
     const double size = Points(m_look.Of(street.roadClass).text + (great ? 0.5 : 0) - (least ? 1 : 0));
