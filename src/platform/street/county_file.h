@@ -3,7 +3,7 @@
 #include "platform/street/cell.h"
 #include "platform/street/county_info.h"
 #include "platform/street/lookup_reader.h"
-#include "platform/street/table_file.h"
+#include "platform/street/sql.h"
 
 #include <memory>
 #include <mutex>
@@ -20,6 +20,7 @@ public:
     [[nodiscard]] static std::unique_ptr<CountyFile> Open(const QString& path, QString& problem);
 
     [[nodiscard]] const CountyInfo& Info() const { return m_info; }
+    [[nodiscard]] sqlite3* Handle() const { return m_file.get(); }
     /// Numbers of the cells of a level that touch `extent`, ascending.
     /// @return false with the reason in `problem`
     [[nodiscard]] bool CellsTouching(const Extent& extent, Level level, std::vector<quint32>& ids,
@@ -35,10 +36,11 @@ public:
 private:
     CountyFile() = default;
 
-    QString m_path;
     CountyInfo m_info;
-    std::unique_ptr<const TableFile> m_file;
-    quint32 m_cells = 0; ///< the table
+    SqlFile m_file;
+    mutable std::mutex m_guard; ///< over the statements
+    SqlStatement m_touching;
+    SqlStatement m_cell;
     mutable std::once_flag m_lookupOnce;
     mutable std::unique_ptr<const LookupReader> m_lookup;
 };

@@ -1,7 +1,6 @@
 #include "platform/street/county_meta.h"
 
 #include "platform/street/sql.h"
-#include "platform/street/table_file.h"
 
 #include <sqlite3.h>
 
@@ -33,22 +32,27 @@ bool WriteMeta(sqlite3* county, const CountyInfo& info, QString& problem)
     return false;
 }
 
-bool ReadMeta(const TableFile& county, CountyInfo& info, QString& problem)
+bool ReadMeta(sqlite3* county, CountyInfo& info, QString& problem)
 {
-    QByteArray record;
-    const bool there = county.Row(county.Table("about"), 1, record) == TableFile::Read::Done;
-    RecordColumns columns(record);
+    const SqlStatement row = PrepareSql(county,
+                                        "SELECT county, state, source, date, low_latitude, low_longitude,"
+                                        " high_latitude, high_longitude, edges, houses, areas FROM about",
+                                        problem);
+    if (!row)
+        return false;
+    if (sqlite3_step(row.get()) != SQLITE_ROW) {
+        problem = u"the file is damaged"_s;
+        return false;
+    }
+    int column = 0;
     for (QString* text : {&info.county, &info.state, &info.source, &info.date})
-        *text = QString::fromUtf8(columns.Bytes());
+        *text = ColumnText(row.get(), column++);
     for (qint32* number : {&info.extent.low.latitude, &info.extent.low.longitude, &info.extent.high.latitude,
                            &info.extent.high.longitude})
-        *number = static_cast<qint32>(columns.Number());
+        *number = sqlite3_column_int(row.get(), column++);
     for (qint64* number : {&info.edges, &info.houses, &info.areas})
-        *number = columns.Number();
-    if (there && !columns.Failed())
-        return true;
-    problem = u"the file is damaged"_s;
-    return false;
+        *number = sqlite3_column_int64(row.get(), column++);
+    return true;
 }
 
 } // namespace vasclip::street

@@ -15,7 +15,8 @@ namespace vasclip::street {
 
 namespace {
 
-/// Reads the bytes of a row by its number. The statement is made when it is first needed.
+/// Reads the bytes of a row by its number. The statement is made when it is first needed: most files are opened for
+/// one address.
 class Rows
 {
 public:
@@ -87,25 +88,33 @@ QStringList Swapped(const QString& name)
 
 struct LookupReader::Work
 {
-    explicit Work(ReadLookup from)
-        : read(std::move(from))
-        , summary(format::ReadSummary(read(LookupTable::Facts, format::kSummaryRow)))
-        , zips(format::ReadTexts(read(LookupTable::Facts, format::kZipsRow)))
-        , cities(format::ReadTexts(read(LookupTable::Facts, format::kCitiesRow)))
-    {}
+    explicit Work(sqlite3* file)
+        : streets(file, "SELECT bytes FROM lookup_streets WHERE id = ?")
+        , pieceRows(file, "SELECT bytes FROM lookup_pieces WHERE id = ?")
+    {
+        const Rows facts(file, "SELECT bytes FROM lookup_facts WHERE id = ?");
+        summary = format::ReadSummary(facts.At(format::kSummaryRow));
+        zips = format::ReadTexts(facts.At(format::kZipsRow));
+        cities = format::ReadTexts(facts.At(format::kCitiesRow));
+    }
 
-    /// Each base of a row with its streets.
+    /// Each base of a row with its streets, until `take` says that it is enough.
     template <class Take> void Walk(quint32 number, const Take& take) const;
 
-    const ReadLookup read;
-    const LookupSummary summary;
-    const QStringList zips;
-    const QStringList cities;
+    mutable std::mutex guard; ///< over the rows
+    Rows streets;
+    Rows pieceRows;
+    LookupSummary summary;
+    QStringList zips;
+    QStringList cities;
 };
 
 template <class Take> void LookupReader::Work::Walk(quint32 number, const Take& take) const
 {
-    const QByteArray row = read(LookupTable::Streets, number);
+    const QByteArray row = [&] {
+        const std::lock_guard lock(guard);
+        return streets.At(number);
+    }();
     ByteReader bytes(row);
     while (bytes.Left() > 0) {
         const QString base = bytes.Text();
@@ -118,8 +127,8 @@ template <class Take> void LookupReader::Work::Walk(quint32 number, const Take& 
     }
 }
 
-LookupReader::LookupReader(ReadLookup read)
-    : m_work(std::make_unique<Work>(std::move(read)))
+LookupReader::LookupReader(sqlite3* county)
+    : m_work(std::make_unique<Work>(county))
 {}
 
 LookupReader::~LookupReader() = default;
@@ -140,8 +149,10 @@ std::vector<SimilarName> LookupReader::Similar(const QString& base) const
     const int most = pieces::ErrorsFor(base.size());
     if (most == 0)
         return found;
-    std::vector<quint32> numbers =
-        pieces::NumbersLike(base, [this](quint32 bucket) { return m_work->read(LookupTable::Pieces, bucket); });
+    std::vector<quint32> numbers = pieces::NumbersLike(base, [this](quint32 bucket) {
+        const std::lock_guard lock(m_work->guard);
+        return m_work->pieceRows.At(bucket);
+    });
     for (const QString& swapped : Swapped(base))
         numbers.push_back(NameNumber(swapped));
     std::sort(numbers.begin(), numbers.end());

@@ -4,7 +4,6 @@
 #include "platform/street/address_street.h"
 #include "platform/street/edge_store.h"
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -55,15 +54,12 @@ struct SimilarName
     int errors = 0;
 };
 
-enum class LookupTable { Streets, Pieces, Facts };
-/// A row of a county's tables by its number, empty for none. Any thread may ask.
-using ReadLookup = std::function<QByteArray(LookupTable table, quint32 number)>;
-
 /// Reads the tables of a county file that `LookupWriter` wrote. Any thread may ask. A damaged row is as if missing.
 class LookupReader
 {
 public:
-    explicit LookupReader(ReadLookup read);
+    /// @param county  open; must outlive the reader
+    explicit LookupReader(sqlite3* county);
     ~LookupReader();
     LookupReader(const LookupReader&) = delete;
     LookupReader& operator=(const LookupReader&) = delete;

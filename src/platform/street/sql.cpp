@@ -29,9 +29,12 @@ qint32 OldestOf(FileKind kind)
 class Head
 {
 public:
-    explicit Head(QByteArrayView bytes)
-        : m_bytes(bytes)
-    {}
+    explicit Head(const QString& path)
+    {
+        QFile file(path);
+        if (file.open(QIODevice::ReadOnly))
+            m_bytes = file.read(kSize);
+    }
 
     [[nodiscard]] bool IsDatabase() const
     {
@@ -42,33 +45,28 @@ public:
     /// Bytes of the whole file as it was written.
     [[nodiscard]] qint64 Bytes() const { return qint64(At(28)) * (At(14) & 0xffff); }
 
+private:
     static constexpr qsizetype kSize = 100;
 
-private:
-    [[nodiscard]] quint32 At(qsizetype at) const { return qFromBigEndian<quint32>(m_bytes.data() + at); }
+    [[nodiscard]] quint32 At(qsizetype at) const { return qFromBigEndian<quint32>(m_bytes.constData() + at); }
 
-    QByteArrayView m_bytes;
+    QByteArray m_bytes;
 };
 
-QByteArray HeadOf(const QString& path)
+/// Why a file is not one of `kind` that can be read here; "" where it is.
+QString HeadProblem(const QFileInfo& info, FileKind kind)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.read(Head::kSize) : QByteArray();
-}
-
-} // namespace
-
-QString HeadProblem(QByteArrayView bytes, qint64 size, FileKind kind)
-{
-    const Head head(bytes);
+    const Head head(info.filePath());
     if (!head.IsDatabase() || head.Mark() != kFileMark || head.Version() / 1000 != static_cast<quint32>(kind))
         return kind == FileKind::County ? u"the file is no map of a county"_s : u"the file is no index of maps"_s;
     if (head.Version() > static_cast<quint32>(VersionOf(kind)) || head.Version() < static_cast<quint32>(OldestOf(kind)))
         return u"the file was made for another version of the program; import the map again"_s;
-    if (head.Bytes() > size)
+    if (head.Bytes() > info.size())
         return u"the file is shorter than it was written"_s;
     return {};
 }
+
+} // namespace
 
 void CloseSql::operator()(sqlite3* file) const
 {
@@ -152,7 +150,7 @@ SqlFile OpenSql(const QString& path, FileKind kind, QString& problem)
         problem = u"the file can't be read"_s;
         return {};
     }
-    problem = HeadProblem(HeadOf(path), info.size(), kind);
+    problem = HeadProblem(info, kind);
     if (!problem.isEmpty())
         return {};
     // A question mark or a hash in the path must not begin the address's own options.

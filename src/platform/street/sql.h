@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QByteArrayView>
 #include <QString>
 
 #include <memory>
@@ -39,10 +38,6 @@ using SqlStatement = std::unique_ptr<sqlite3_stmt, CloseSql>;
 /// Opens a finished file for reading; it is taken as it lies and never locked.
 /// @return null with the reason in `problem`: missing, damaged, foreign, or made for another version
 [[nodiscard]] SqlFile OpenSql(const QString& path, FileKind kind, QString& problem);
-
-/// Why a file that begins with these hundred bytes is not one of `kind` that can be read here; "" where it is.
-/// @param size  of the whole file
-[[nodiscard]] QString HeadProblem(QByteArrayView head, qint64 size, FileKind kind);
 
 [[nodiscard]] bool RunSql(sqlite3* file, const char* sql, QString& problem);
 [[nodiscard]] SqlStatement PrepareSql(sqlite3* file, const char* sql, QString& problem);

@@ -29,21 +29,6 @@ AddressPoint House(const QString& number, const QString& street, Place place = {
     return {number, street, {}, u"Millbrook"_s, u"36054"_s, place};
 }
 
-ReadLookup RowsOf(sqlite3* file)
-{
-    return [file](LookupTable table, quint32 number) {
-        static const char* const kTables[] = {"lookup_streets", "lookup_pieces", "lookup_facts"};
-        QString problem;
-        const QByteArray sql = QByteArray("SELECT bytes FROM ") + kTables[static_cast<std::size_t>(table)] +
-                               " WHERE id = " + QByteArray::number(number);
-        const SqlStatement row = PrepareSql(file, sql.constData(), problem);
-        if (!row || sqlite3_step(row.get()) != SQLITE_ROW)
-            return QByteArray();
-        return QByteArray(static_cast<const char*>(sqlite3_column_blob(row.get(), 0)),
-                          sqlite3_column_bytes(row.get(), 0));
-    };
-}
-
 /// A county's tables in memory.
 class ALookup : public testing::Test
 {
@@ -60,7 +45,7 @@ protected:
         QString problem;
         if (!reader) {
             EXPECT_TRUE(writer->Finish(problem)) << problem.toStdString();
-            reader = std::make_unique<LookupReader>(RowsOf(file.get()));
+            reader = std::make_unique<LookupReader>(file.get());
         }
         return *reader;
     }
@@ -185,13 +170,13 @@ TEST_F(ALookup, IsNothingWhereTheFileIsDamaged)
                            qPrintable(u"UPDATE lookup_streets SET bytes = substr(bytes, 1, %1) || zeroblob(%2)"_s.arg(size).arg(size % 3)),
                            problem));
         ASSERT_TRUE(RunSql(file.get(), "UPDATE lookup_facts SET bytes = x'ffffffffffff'", problem));
-        const LookupReader damaged(RowsOf(file.get()));
+        const LookupReader damaged(file.get());
         for (const StoredStreet& street : damaged.Streets(u"OAK"_s))
             EXPECT_LE(street.edges.size(), 1u);
         EXPECT_EQ(damaged.Zip(1), QString());
     }
     ASSERT_TRUE(RunSql(file.get(), "DROP TABLE lookup_streets", problem));
-    EXPECT_TRUE(LookupReader(RowsOf(file.get())).Streets(u"OAK"_s).empty());
+    EXPECT_TRUE(LookupReader(file.get()).Streets(u"OAK"_s).empty());
     LookupSummary summary;
     ASSERT_TRUE(RunSql(file.get(), "DELETE FROM lookup_facts", problem));
     EXPECT_FALSE(ReadSummary(file.get(), summary, problem));
