@@ -300,6 +300,7 @@ TEST_F(ExportWindow, OpensWhereItsDriveIsNotThereAndTellsOfATypedOneOnce)
         EXPECT_TRUE(The<QPushButton>(u"cmdBrowse"_s).isEnabled());
         window->activateWindow();
         QApplication::setActiveWindow(window);
+        doubles.prompter.Answer(forms::Answer::Abort);
         Type(u"txtPath"_s, u"F:\\EXPORT"_s);
         The<QLineEdit>(u"txtTable"_s).setFocus();
         EXPECT_EQ(doubles.prompter.Boxes().size(), 1) << doubles.prompter.Texts().join(u'\n').toStdString();

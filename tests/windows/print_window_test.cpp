@@ -207,8 +207,8 @@ TEST_F(PrintWindows, MoreThanFiveHundredRecordsAsk)
         ASSERT_EQ(doubles.prompter.Boxes().size(), 1);
         const tests::ShownBox asked = doubles.prompter.Last();
         EXPECT_EQ(asked.title, u"Output Report Record Count"_s);
-        EXPECT_EQ(asked.text, u"You have more than 500 records queued for printing (Exact count = %1 )\r\n"
-                              u"Do you with to Continue ?"_s.arg(main.sources.datsql.Count()));
+        EXPECT_EQ(asked.text, u"You have more than 500 records queued for printing (Exact count = 501 )\r\n"
+                              u"Do you with to Continue ?"_s);
         EXPECT_EQ(asked.buttons, forms::Buttons::YesNoCancel);
     });
     EXPECT_FALSE(doubles.screens.Shown().contains(u"frm_ReportPreview"_s));
