@@ -58,7 +58,8 @@ protected:
     void PlayOn(const QString& screen, const std::function<void()>& open,
                 const std::function<void(forms::Screen& shown)>& script)
     {
-        doubles.screens.Play([this, screen, script](forms::Screen& shown) {
+        bool whole = false; // the guard takes what is thrown in between
+        doubles.screens.Play([this, screen, script, &whole](forms::Screen& shown) {
             EXPECT_EQ(shown.Name(), screen);
             ScreenWindow* const below = window;
             ScreenWindow stands(shown, guard);
@@ -67,8 +68,10 @@ protected:
             stands.show();
             script(shown);
             window = below;
+            whole = true;
         });
         guard.Run(open);
+        EXPECT_TRUE(whole) << doubles.prompter.Texts().join(u'\n').toStdString();
         EXPECT_TRUE(doubles.screens.Shown().contains(screen)) << doubles.prompter.Texts().join(u'\n').toStdString();
     }
     void PlayOn(const QString& screen, const std::function<void()>& open, const std::function<void()>& script)
