@@ -17,6 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype kPiece = 32768;
+constexpr int kBetweenTurns = 64; ///< pieces of a picture
 const QString kFrontView = u"FRONT VIEW"_s;
 const QString kWords = u"Put the picture of %1 into its row"_s;
 const QString kStepWords = u"Picture of %1"_s;
@@ -27,15 +28,21 @@ const QString kNotRead = u"%1: %2"_s;
 
 enum class PhotoText { Rewrite, Keep };
 
-void AppendFile(store::DataSource& data, const files::Disk& disk, const QString& file)
+/// @return false if it was stopped
+bool AppendFile(store::DataSource& data, const files::Disk& disk, const QString& file, const std::function<bool()>& goOn)
 {
+    int pieces = 0;
+    bool whole = true;
     disk.ReadPieces(file, [&](QByteArrayView piece) {
         for (qsizetype at = 0; at < piece.size(); at += kPiece) {
+            if (++pieces % kBetweenTurns == 0 && !goOn())
+                return whole = false;
             const QByteArrayView some = piece.sliced(at, std::min(kPiece, piece.size() - at));
             store::AppendChunk(data, fields::FRONTPHOTO, some.toByteArray());
         }
         return true;
     });
+    return whole;
 }
 
 class Images
@@ -53,7 +60,7 @@ public:
         return m_keyed ? text::Trim(m_data.Value(fields::CENTRALKEY).toString()) : QString();
     }
 
-    void TakeRecord(InsertedImages& result)
+    void TakeRecord(InsertedImages& result, const std::function<bool()>& goOn)
     {
         const photos::PhotoList photos(photos::ParsePhotos(m_data.Value(fields::PHOTOS).toString()));
         const QString stem = photos.StemOf(kFrontView);
@@ -73,11 +80,13 @@ public:
         }
         store::Change change(m_data, kWords);
         try {
-            AppendFile(m_data, m_desk.Disk(), file);
+            result.stopped = !AppendFile(m_data, m_desk.Disk(), file, goOn);
         } catch (const RuntimeError& failure) {
             result.notIn.append(kNotRead.arg(Key(), failure.Description()));
             return;
         }
+        if (result.stopped)
+            return;
         if (m_photoText == PhotoText::Rewrite)
             change.Set(fields::PHOTOS, photos::PhotoList({{kFrontView, stem}}).Text());
         change.Store();
@@ -104,10 +113,12 @@ InsertedImages Insert(const TransferDesk& desk, const QString& file, const QStri
     Images images(desk, data, photoText);
     data.MoveFirst();
     for (qint64 done = 0; !data.AtEnd(); ++done, data.MoveNext()) {
-        result.stopped = !step(done, count, kStepWords.arg(images.Key()));
+        const auto goOn = [&] { return step(done, count, kStepWords.arg(images.Key())); };
+        result.stopped = !goOn();
+        if (!result.stopped)
+            images.TakeRecord(result, goOn);
         if (result.stopped)
             return result;
-        images.TakeRecord(result);
     }
     whole.Commit();
     return result;

@@ -164,6 +164,16 @@ TEST_F(Export, ThatIsStoppedLeavesTheTargetAsItWas)
     EXPECT_EQ(WordsOf(result), u"Canceled: C:\\EXPORT\\OUT.MDB is as it was."_s);
 }
 
+TEST_F(Export, CanBeStoppedWithinALargePicture)
+{
+    disk.WriteWhole(u"C:\\JPG\\00000001.jpg"_s, QByteArray(5'000'000, 'a'));
+    stopAt = 1;
+    const ExportResult result = Run({}, true);
+    EXPECT_TRUE(result.stopped);
+    EXPECT_EQ(steps, (QStringList{u"Picture of 12 OAK ST"_s, u"Picture of 12 OAK ST"_s}));
+    EXPECT_EQ(Left(), QStringList());
+}
+
 TEST_F(Export, ThatFailsLeavesTheTargetAsItWas)
 {
     Run(u"CITY = 'BIRCH'"_s);

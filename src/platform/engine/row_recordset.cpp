@@ -9,6 +9,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+constexpr qint64 kWindow = 4 << 20; ///< of a long value that is read in pieces
+
 /// A name folded for look-up.
 QString Fold(const QString& name)
 {
@@ -38,6 +40,7 @@ void RowRecordset::Close()
 {
     m_store.reset();
     m_row.reset();
+    m_window = {};
     m_mode = EditMode::None;
     m_changes.clear();
     m_chunks.clear();
@@ -81,6 +84,7 @@ void RowRecordset::Moved()
 {
     CancelUpdate();
     m_current = false;
+    m_window = {};
 }
 
 void RowRecordset::ShowComputed(const QVariantList& values)
@@ -344,7 +348,21 @@ QByteArray RowRecordset::GetChunk(const QString& name, qint64 offset, qint64 byt
     const Row& row = NeedRow();
     if (!row.stored.values[field].isValid())
         return {};
-    return Store().ReadPiece(row.id, SourceOf(field), offset, bytes);
+    return ReadPiece(row.id, SourceOf(field), offset, bytes);
+}
+
+QByteArray RowRecordset::ReadPiece(Bookmark id, int source, qint64 offset, qint64 bytes) const
+{
+    RowStore& store = Store();
+    if (offset == 0 || bytes >= kWindow) // a first piece may be all that is wanted
+        return store.ReadPiece(id, source, offset, bytes);
+    const bool inside = m_window.id == id && m_window.source == source && offset >= m_window.offset &&
+                        offset + bytes <= m_window.offset + m_window.bytes.size();
+    if (!inside || m_window.generation != store.Generation() || m_window.version != store.Version(id)) {
+        m_window = {id, source, store.Version(id), store.Generation(), offset, {}};
+        m_window.bytes = store.ReadPiece(id, source, offset, kWindow);
+    }
+    return m_window.bytes.mid(offset - m_window.offset, bytes);
 }
 
 void RowRecordset::AppendChunk(const QString& name, const QByteArray& bytes)
@@ -358,6 +376,7 @@ void RowRecordset::AppendChunk(const QString& name, const QByteArray& bytes)
                            u"The field '%1' can be set only after Edit or AddNew"_s.arg(name));
     const int source = NeedSource(field);
     QByteArray& whole = m_chunks[source];
+    m_changes[source].clear(); // a second holder would have the bytes copied for each piece
     whole += bytes;
     // The first piece replaces what the record holds; a letter of a memo may be cut between two pieces.
     if (type == FieldType::Memo)

@@ -64,6 +64,18 @@ private:
         StoredRow stored;
     };
 
+    /// What was read beyond the piece that was asked for, since each reading walks the value from its begin.
+    struct Window
+    {
+        Bookmark id{};
+        int source = -1;
+        std::optional<qint64> version; ///< of the row before it was read
+        quint64 generation = 0;
+        qint64 offset = 0;
+        QByteArray bytes;
+    };
+
+    [[nodiscard]] QByteArray ReadPiece(Bookmark id, int source, qint64 offset, qint64 bytes) const;
     [[nodiscard]] std::optional<Row> ReadRow(Bookmark id) const;
     [[nodiscard]] bool Unchanged(Bookmark id) const; ///< is m_row the row, as the store holds it now?
     [[nodiscard]] bool ReadNow(Bookmark id) const;   ///< into m_row; false if the row is gone
@@ -83,6 +95,7 @@ private:
     QHash<QString, int> m_byName;
     QList<int> m_all; ///< every field, in order
     mutable std::optional<Row> m_row;
+    mutable Window m_window;
     mutable bool m_current = false; ///< m_row was read, or found unchanged, since the last move
     EditMode m_mode = EditMode::None;
     RowChanges m_changes;

@@ -294,6 +294,22 @@ TEST_P(RecordsetTest, LongValuesInPieces)
     EXPECT_FALSE(table->Value(u"FRONTPHOTO"_s).isValid());
 }
 
+TEST_P(RecordsetTest, PiecesOfAValueThatSomebodyElseChangesAreTheNewOnes)
+{
+    table->MoveFirst();
+    table->Edit();
+    table->SetValue(u"FRONTPHOTO"_s, QByteArray(100000, 'a'));
+    table->Update();
+    EXPECT_EQ(table->GetChunk(u"FRONTPHOTO"_s, 32768, 10), QByteArray(10, 'a'));
+    const auto other = home.engine.OpenDatabase(kFile);
+    const auto theirs = other->OpenRecordset(u"COMPS"_s, RecordsetType::Table);
+    theirs->MoveFirst();
+    theirs->Edit();
+    theirs->SetValue(u"FRONTPHOTO"_s, QByteArray(100000, 'b'));
+    theirs->Update();
+    EXPECT_EQ(table->GetChunk(u"FRONTPHOTO"_s, 32778, 10), QByteArray(10, 'b'));
+}
+
 TEST_P(RecordsetTest, ClosedSetsAndDatabases)
 {
     database->Close();
