@@ -4,6 +4,7 @@
 #include "common/paths.h"
 #include "platform/text/call_errors.h"
 #include "upkeep/export_statement.h"
+#include "upkeep/file_screen.h"
 #include "upkeep/frm_report_preview.h"
 #include "upkeep/layout_files.h"
 #include "upkeep/report_question.h"
@@ -149,7 +150,7 @@ void frm_Crystal::cmdPrint_Click()
     bool filled = false;
     {
         const forms::Hourglass hourglass(m_desk.ports.window);
-        filled = common::Guarded(m_desk.ports.prompter, [&] {
+        filled = ReportedUnlessLocked(m_desk.ports.prompter, "cmdPrint_Click", [&] {
             FillReport(m_desk.engine, file, m_desk.databook, m_desk.globals.G_Table,
                        SearchTextOf(m_statement));
             datReport.Open(file, u"Comps"_s, store::SourceKind::Query);

@@ -1,11 +1,10 @@
 #include "upkeep/report_table.h"
 
+#include "platform/engine/errors.h"
 #include "platform/engine/sql_name.h"
-#include "platform/text/runtime_error.h"
 #include "store/bulk_rows.h"
 #include "store/fields.h"
 #include "store/schema.h"
-#include "store/store.h"
 #include "upkeep/export_statement.h"
 
 #include <algorithm>
@@ -44,6 +43,55 @@ QString SelectText(const ReportLayout& layout)
     return order.isEmpty() ? select : select + u" ORDER BY "_s + order.join(u", "_s);
 }
 
+/// Is it no fault of the file? Somebody else prints from it, or the disk is in the way.
+bool IsOfTheMoment(const RuntimeError& failure)
+{
+    switch (failure.Number()) {
+    case error::kCouldNotUpdateLocked:
+    case error::kCouldNotReadLocked:
+    case error::kTableLocked:
+    case error::kExclusivelyLocked:
+    case error::kInUseByOthers:
+    case error::kWaitGivenUp:
+    case error::kDiskFull:
+    case error::kDeviceIo:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// The report database, open for writing and rid of its table; nothing for one that can't be had so.
+std::shared_ptr<engine::Database> OpenWithoutTable(engine::Engine& engine, const QString& file)
+{
+    try {
+        auto open = engine.OpenDatabase(file);
+        open->Execute(u"DROP TABLE ["_s + kTable + u']');
+        return open;
+    } catch (const RuntimeError& failure) {
+        if (IsOfTheMoment(failure))
+            throw;
+        return nullptr;
+    }
+}
+
+/// It is scratch: one that is damaged, write-protected or of another kind is made anew.
+std::shared_ptr<engine::Database> OpenScratch(engine::Engine& engine, const QString& file)
+{
+    const files::Disk& disk = engine.Disk();
+    if (disk.Found(file, files::ReadOnly | files::Hidden)) {
+        if (auto open = OpenWithoutTable(engine, file))
+            return open;
+        disk.SetAttr(file, files::Normal);
+        disk.Kill(file);
+    }
+    store::MakeDatabase(engine, file);
+    if (auto open = OpenWithoutTable(engine, file))
+        return open;
+    throw RuntimeError(error::kPathFileAccess,
+                       u"%1, which reports are printed from, can't be written. Get the rights to its directory"_s.arg(file));
+}
+
 } // namespace
 
 ReportFiles SelectReportFiles(int chosen)
@@ -63,18 +111,12 @@ ReportFiles SelectReportFiles(int chosen)
 qint64 FillReport(engine::Engine& engine, const QString& file, const QString& databook, const QString& table,
                   const QString& search)
 {
-    if (!engine.Disk().Found(file))
-        store::MakeDatabase(engine, file);
-    try {
-        store::DropTheTable(engine, file, kTable);
-    } catch (const RuntimeError& failure) {
-        if (failure.Number() != error::kTableNotFound)
-            throw;
-    }
-    const QString copy = u"SELECT * INTO "_s + engine::Bracketed(file) + u".["_s + kTable + u"] FROM ["_s + table + u"] "_s;
-    const auto open = engine.OpenDatabase(databook);
-    const qint64 rows = store::CopyRows(*open, {Narrows(search) ? copy + u"WHERE "_s + search : copy});
-    open->Close();
+    // From the report's side, so that the Databook is only read: nobody who stores into it is in the way.
+    const auto report = OpenScratch(engine, file);
+    const QString copy = u"SELECT * INTO ["_s + kTable + u"] FROM "_s + engine::Bracketed(databook) + u'.' +
+                         engine::Bracketed(table) + u' ';
+    const qint64 rows = store::CopyRows(*report, {Narrows(search) ? copy + u"WHERE "_s + search : copy});
+    report->Close();
     return rows;
 }
 

@@ -17,7 +17,8 @@ struct ReportFiles
 /// @param chosen  0 to 2, any other number for none of them
 [[nodiscard]] ReportFiles SelectReportFiles(int chosen);
 
-/// Fills the report database with the records of a search, in its order; it is made if it is not there.
+/// Fills the report database with the records of a search, in its order; it is made if it is not there, and anew where
+/// it can't be written. The Databook is only read.
 /// @param databook  file that the records come from
 /// @param search    as SearchTextOf has it; one that is only a sort finds all
 /// @return how many they are

@@ -1,3 +1,4 @@
+#include "support/exclusive_lock.h"
 #include "upkeep/print_home.h"
 
 using namespace Qt::StringLiterals;
@@ -83,6 +84,21 @@ TEST_F(Crystal, ALayoutOfTheUsersOwnIsNoneOfTheLengths)
         << screen->lblmsg.Caption().toStdString();
     screen->cboLayout.SetListIndex(0);
     EXPECT_TRUE(screen->optSelected(0).Value());
+}
+
+TEST_F(Crystal, ADatabookThatIsLockedIsTriedAgainLater)
+{
+    Comps(2);
+    const auto screen = Make(u"SELECT * FROM COMPS"_s);
+    engine.SetLockWait(20);
+    {
+        const tests::ExclusiveLock theirs(disk.ToNative(path));
+        EXPECT_NO_THROW(Click(screen->cmdPrint)) << "the program goes on";
+        ASSERT_FALSE(doubles.prompter.Boxes().empty());
+        EXPECT_TRUE(doubles.prompter.Last().text.contains(u"currently locked by another user"_s))
+            << doubles.prompter.Last().text.toStdString();
+    }
+    Print(*screen, [](frm_ReportPreview& preview) { EXPECT_EQ(preview.Pages(), 1); });
 }
 
 } // namespace

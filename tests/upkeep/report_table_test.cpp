@@ -1,3 +1,4 @@
+#include "store/convert.h"
 #include "support/databook_home.h"
 #include "upkeep/layout_parser.h"
 #include "upkeep/report_question.h"
@@ -115,6 +116,47 @@ TEST_F(FilledReport, IsMadeAnewAfterASearchThatWasWrong)
     Fill({});
     EXPECT_ANY_THROW(Fill(u"CITY = 'Mar"_s));
     EXPECT_EQ(Fill(u"CITY = 'Tannery'"_s), 1) << "the next print makes its table anew";
+}
+
+TEST_F(FilledReport, WaitsForNobodyWhoStoresIntoTheDatabook)
+{
+    engine::Engine theirs(disk, tests::SomeTime());
+    const auto open = theirs.OpenDatabase(path);
+    const engine::Transaction storing(*open);
+    engine.SetLockWait(20);
+    EXPECT_EQ(Fill({}), 3);
+}
+
+TEST_F(FilledReport, ComesFromADatabookThatCanNotBeWritten)
+{
+    disk.SetAttr(path, files::ReadOnly);
+    EXPECT_EQ(Fill(u"CITY = 'Marlow'"_s), 2);
+    disk.SetAttr(path, files::Normal);
+    const QString access = u"C:\\OLD.MDB"_s;
+    ASSERT_TRUE(store::ConvertDatabase(engine, {.source = path, .target = access, .to = engine::DatabaseKind::Access}));
+    EXPECT_EQ(FillReport(engine, file, access, table, u"CITY = 'Marlow'"_s), 2);
+    EXPECT_EQ(Keys("column CITY\n"), (QStringList{u"1 A ST"_s, u"3 C ST"_s}));
+}
+
+TEST_F(FilledReport, IsMadeAnewWhereItCanNotBeWritten)
+{
+    disk.WriteWhole(file, "no database");
+    EXPECT_EQ(Fill({}), 3);
+    disk.SetAttr(file, files::ReadOnly);
+    EXPECT_EQ(Fill(u"CITY = 'Marlow'"_s), 2);
+    disk.Kill(file);
+    ASSERT_TRUE(store::ConvertDatabase(engine, {.source = path, .target = file, .to = engine::DatabaseKind::Access}));
+    EXPECT_EQ(Fill(u"CITY = 'Tannery'"_s), 1);
+    EXPECT_EQ(Keys("column CITY\n"), QStringList{u"2 B ST"_s});
+}
+
+TEST_F(FilledReport, IsNotTakenFromSomebodyWhoPrintsFromIt)
+{
+    EXPECT_EQ(Fill({}), 3);
+    const auto open = engine.OpenDatabase(file);
+    const auto rows = open->OpenRecordset(table, engine::RecordsetType::Table);
+    EXPECT_ANY_THROW(Fill({}));
+    EXPECT_EQ(rows->RecordCount(), 3);
 }
 
 } // namespace
