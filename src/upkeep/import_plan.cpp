@@ -1,6 +1,9 @@
 #include "upkeep/import_plan.h"
 
+#include "platform/engine/collation.h"
 #include "platform/engine/errors.h"
+#include "platform/engine/genuine_file.h"
+#include "platform/engine/health.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
 #include "store/record.h"
@@ -22,6 +25,9 @@ const QString kReading = u"Reading the keys of the file"_s;
 const QString kNoKey = u"it has no key"_s;
 const QString kThere = u"the Databook has a record of this key"_s;
 const QString kTwice = u"an earlier row of the file has the same key"_s;
+const QString kAccess = u"The Databook %1 is an Access database, which is only read. Convert it to a Vasclip database, then import"_s;
+const QString kDamaged = u"The Databook %1 is damaged and only read. Copy what can be read into a new one, then import"_s;
+const QString kProtected = u"The Databook %1 is write-protected. Get the rights to write the file and its directory, then import"_s;
 const QString kTooLong = u"%1 holds %2 characters, the Databook takes %3"_s;
 
 const engine::Field* FieldOf(const engine::TableDef& table, const QString& name)
@@ -64,7 +70,7 @@ QHash<qint64, QString> TooLong(engine::Database& source, const QString& table, c
         return found;
     QStringList names;
     for (const engine::Field& field : narrower)
-        names.append(u"[%1] & ''"_s.arg(field.name));
+        names.append(u"RTRIM([%1] & '')"_s.arg(field.name));
     const store::Rows rows(source, u"SELECT "_s + names.join(u", "_s) + u" FROM ["_s + table + u']');
     for (qint64 at = 0; at < rows.Count(); ++at) {
         const auto record = rows.At(at);
@@ -82,7 +88,7 @@ QString FitCondition(const QList<engine::Field>& narrower)
 {
     QStringList terms{u"TRIM("_s + fields::CENTRALKEY + u") <> ''"_s};
     for (const engine::Field& field : narrower)
-        terms.append(u"LEN([%1] & '') <= %2"_s.arg(field.name).arg(field.size));
+        terms.append(u"LEN(RTRIM([%1] & '')) <= %2"_s.arg(field.name).arg(field.size));
     return terms.join(u" AND "_s);
 }
 
@@ -90,7 +96,18 @@ QString FitCondition(const QList<engine::Field>& narrower)
 
 QString KeyMark(const QString& key)
 {
-    return text::RTrim(key).toUpper();
+    return engine::FoldedText(key);
+}
+
+void NeedWritable(const TransferDesk& desk)
+{
+    if (desk.databook.Updatable())
+        return;
+    engine::Database& open = desk.databook.Database();
+    const QString& why = engine::IsGenuine(open)                                            ? kAccess
+                         : !engine::CheckDatabase(open, engine::CheckDepth::Quiet).isEmpty() ? kDamaged
+                                                                                             : kProtected;
+    throw RuntimeError(error::kFileIsReadOnly, why.arg(desk.Databook()));
 }
 
 QStringList removeEmbeddedImages(const QStringList& columns)
@@ -146,6 +163,15 @@ ImportPlan PlanImport(const TransferDesk& desk, engine::Database& source, const 
                                .arg(table, source.Path(), fields::CENTRALKEY));
     const QList<engine::Field> narrower = Narrower(from, into, plan.columns);
     plan.condition = FitCondition(narrower);
+    for (const engine::Field& field : narrower)
+        if (const engine::FieldType type = FieldOf(from, field.name)->type;
+            type == engine::FieldType::Text || type == engine::FieldType::Memo)
+            plan.shortened.append(FieldOf(from, field.name)->name);
+    // A key keeps as many blanks as fit: the Databook's own have them.
+    for (const QString& name : std::as_const(plan.columns))
+        plan.values.append(!plan.shortened.contains(name)                                ? u"[%1]"_s.arg(name)
+                           : name.compare(fields::CENTRALKEY, Qt::CaseInsensitive) == 0 ? u"LEFT([%1], %2)"_s.arg(name).arg(FieldOf(into, name)->size)
+                                                                                         : u"RTRIM([%1])"_s.arg(name));
     const QHash<qint64, QString> tooLong = TooLong(source, table, narrower);
 
     const store::Rows rows(source, u"SELECT "_s + fields::CENTRALKEY + u" FROM ["_s + table + u']');

@@ -20,6 +20,8 @@ struct ImportPlan
     QStringList columns;     ///< that both tables have, but for the picture inside a row
     QStringList leftBehind;  ///< columns that the Databook does not have
     QStringList otherKind;   ///< columns that hold bytes where the Databook holds text, or text for a picture; left behind
+    QStringList values;      ///< what a statement reads of each of these
+    QStringList shortened;   ///< columns whose texts lose the blanks behind them, as those may be too many
     QString condition;       ///< rows that have a key and fit into the Databook's fields
     qint64 rows = 0;         ///< of the source
     QStringList newKeys;     ///< of the rows that come in, as stored
@@ -36,7 +38,7 @@ inline bool NeverStops(qint64 /*done*/, qint64 /*of*/, const QString& /*words*/)
     return true;
 }
 
-/// A key as two rows are told apart: in capitals, without blanks behind it.
+/// A key as the engine tells two rows apart: in one case, without blanks behind it.
 [[nodiscard]] QString KeyMark(const QString& key);
 
 /// The fields of a row without the picture inside it, which is taken out on the way.
@@ -44,6 +46,9 @@ inline bool NeverStops(qint64 /*done*/, qint64 /*of*/, const QString& /*words*/)
 
 /// Those of some keys that the Databook has, as KeyMark has them. @throws RuntimeError of the engine
 [[nodiscard]] QSet<QString> KeysThere(const store::DataSource& databook, const QString& table, const QStringList& keys);
+
+/// @throws RuntimeError 3027 where nothing can come into the Databook, in words
+void NeedWritable(const TransferDesk& desk);
 
 /// @param step  told while keys are read
 /// @throws RuntimeError 3078 for a table that is not there, 3265 for one without keys

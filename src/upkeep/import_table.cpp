@@ -46,13 +46,12 @@ QString WordsOf(const SavedImages& pictures)
     return parts.isEmpty() ? QString() : u" Pictures: "_s + parts.join(u", "_s) + u'.';
 }
 
-QString AppendStatement(const QString& databook, const QString& table, const QString& source, const QString& sourceTable,
-                        const QStringList& columns, const QString& condition)
+QString AppendStatement(const TransferDesk& desk, const ImportOrder& order, const ImportPlan& plan, const QString& condition)
 {
-    const QString list = u'[' + columns.join(u"], ["_s) + u']';
     using engine::Bracketed;
-    return u" INSERT INTO "_s + Bracketed(databook) + u'.' + Bracketed(table) + u" ("_s + list + u") SELECT "_s + list +
-           u" FROM "_s + Bracketed(source) + u'.' + Bracketed(sourceTable) + (condition.isEmpty() ? QString() : u" WHERE "_s + condition) + u';';
+    return u" INSERT INTO "_s + Bracketed(desk.Databook()) + u'.' + Bracketed(desk.globals.G_Table) + u" (["_s +
+           plan.columns.join(u"], ["_s) + u"]) SELECT "_s + plan.values.join(u", "_s) + u" FROM "_s + Bracketed(order.source) +
+           u'.' + Bracketed(order.table) + u" WHERE "_s + condition + u';';
 }
 
 ImportOrder OrderOf(std::shared_ptr<const ListSource> list)
@@ -65,6 +64,7 @@ ImportResult ImportTable(const TransferDesk& desk, const ImportOrder& order, con
     ImportResult result;
     result.source = order.Name();
     result.table = order.table;
+    NeedWritable(desk);
     const auto source = desk.Engine().OpenDatabase(order.source, engine::OpenMode::ReadOnly);
     const auto closed = qScopeGuard([&] { source->Close(); });
     const ImportPlan plan = PlanImport(desk, *source, order.table);
@@ -90,10 +90,8 @@ ImportResult ImportTable(const TransferDesk& desk, const ImportOrder& order, con
     }
     // Rows first: a Databook that somebody keeps locked leaves the photo directory as it is.
     store::Transaction whole(desk.databook);
-    result.appended = store::AppendRows(desk.databook,
-                                        AppendStatement(desk.Databook(), desk.globals.G_Table, order.source, order.table,
-                                                        plan.columns, plan.condition),
-                                        plan.newKeys, kWords.arg(order.Name()));
+    result.appended = store::AppendRows(desk.databook, AppendStatement(desk, order, plan, plan.condition), plan.newKeys,
+                                        kWords.arg(order.Name()));
     images.Place();
     result.pictures = images.Result();
     whole.Commit();

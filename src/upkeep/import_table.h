@@ -39,9 +39,9 @@ struct ImportResult
 /// @throws RuntimeError of disk and engine; the Databook is then as it was
 ImportResult ImportTable(const TransferDesk& desk, const ImportOrder& order, const WorkStep& step);
 
-/// The statement of an append. @param columns  of both tables
-[[nodiscard]] QString AppendStatement(const QString& databook, const QString& table, const QString& source,
-                                      const QString& sourceTable, const QStringList& columns, const QString& condition);
+/// The statement of an append. @param condition  the plan's, or a narrower one
+[[nodiscard]] QString AppendStatement(const TransferDesk& desk, const ImportOrder& order, const ImportPlan& plan,
+                                      const QString& condition);
 
 /// The end message: how many came in, how many stayed out, what became of the pictures.
 [[nodiscard]] QString WordsOf(const ImportResult& result);

@@ -49,10 +49,8 @@ void Rehearsal::AddRows(RehearsalResult& result, Undone& undone)
     for (qsizetype from = 0; from < keys.size(); from += kNamed) {
         const QStringList some = keys.mid(from, kNamed);
         const QString named = m_plan.condition + u" AND "_s + fields::CENTRALKEY + u" IN ("_s + InList(some) + u')';
-        result.added += store::AppendRows(m_desk.databook,
-                                          AppendStatement(m_desk.Databook(), m_desk.globals.G_Table, m_order.source,
-                                                          m_order.table, m_plan.columns, named),
-                                          some, kImportWords.arg(m_order.Name()));
+        result.added += store::AppendRows(m_desk.databook, AppendStatement(m_desk, m_order, m_plan, named), some,
+                                          kImportWords.arg(m_order.Name()));
     }
 }
 
@@ -67,8 +65,11 @@ QString Rehearsal::ChangeRow(const RehearsedRow& row, RehearsalResult& result)
     for (const QString& field : std::as_const(m_plan.columns)) {
         const QString held = Shown(*mine, field);
         const bool wanted = row.choice == RowChoice::TakeTheirs || (held.isEmpty() && !Shown(*theirs, field).isEmpty());
-        if (!IsKey(field) && wanted && Differs(*mine, *theirs, field))
-            values.append({field, Taken(*mine, *theirs, field)});
+        if (IsKey(field) || !wanted || !Differs(*mine, *theirs, field))
+            continue;
+        const QVariant value = Taken(*mine, *theirs, field);
+        const bool shortened = value.isValid() && m_plan.shortened.contains(field);
+        values.append({field, shortened ? text::RTrim(value.toString()) : value});
     }
     if (values.isEmpty())
         return {};
@@ -92,6 +93,7 @@ RehearsalResult Rehearsal::Carry(const WorkStep& step)
     result.stopped = m_stopped;
     if (m_stopped)
         return result;
+    NeedWritable(m_desk);
     QSet<QString> taken;
     for (const RehearsedRow& row : std::as_const(m_rows))
         if (row.choice == RowChoice::Add || row.choice == RowChoice::TakeTheirs ||

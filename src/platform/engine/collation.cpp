@@ -240,4 +240,16 @@ bool HasOpenSet(std::string_view pattern) noexcept
     return false;
 }
 
+QString FoldedText(const QString& text)
+{
+    qsizetype size = text.size();
+    while (size > 0 && text[size - 1] == u' ')
+        --size;
+    QString folded;
+    folded.reserve(size);
+    for (const char32_t character : QStringView(text).first(size).toUcs4())
+        folded += QChar::fromUcs4(FoldChar(character));
+    return folded;
+}
+
 } // namespace vasclip::engine

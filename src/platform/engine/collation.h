@@ -10,6 +10,9 @@ namespace vasclip::engine {
 /// case folding) and to trailing blanks. @return below, equal to or above 0
 [[nodiscard]] int CompareText(std::string_view left, std::string_view right) noexcept;
 
+/// Two texts are equal for CompareText where these are.
+[[nodiscard]] QString FoldedText(const QString& text);
+
 /// One character, folded for comparison.
 [[nodiscard]] char32_t FoldChar(char32_t character) noexcept;
 
