@@ -11,6 +11,7 @@
 #include "store/long_fields.h"
 #include "store/store.h"
 #include "upkeep/import_plan.h"
+#include "upkeep/target_file.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -96,21 +97,20 @@ public:
             same = file.read(kPiece) == m_rows.Chunk(fields::FRONTPHOTO, at, std::min(kPiece, size - at));
         return same;
     }
-    /// @throws RuntimeError 75
-    void WriteTo(const QString& native) const
+    /// @param shown  the name that it gets in the end. @throws RuntimeError 61, 75
+    void WriteTo(const QString& native, const QString& shown) const
     {
         QFile file(native);
         const qint64 size = Size();
         bool good = file.open(QIODevice::WriteOnly);
         for (qint64 at = 0; good && at < size; at += kPiece) {
             const QByteArray piece = m_rows.Chunk(fields::FRONTPHOTO, at, std::min(kPiece, size - at));
-            good = !piece.isEmpty() && file.write(piece) == piece.size();
+            if (piece.isEmpty())
+                throw RuntimeError(error::kPathFileAccess, u"The picture of %1 could not be read to its end"_s.arg(Key()));
+            good = file.write(piece) == piece.size();
         }
-        good = good && file.flush();
-        file.close();
-        if (!good || !engine::FlushFile(native))
-            throw RuntimeError(error::kPathFileAccess,
-                               u"The picture of %1 could not be written to %2: %3"_s.arg(Key(), native, file.errorString()));
+        if (!good || !file.flush() || !engine::FlushFile(native))
+            FailWriting(shown, file);
     }
 
 private:
@@ -225,7 +225,7 @@ void EmbeddedImages::SaveOne(const PictureRow& row)
     const QString waiting = WaitingName(native);
     m_met.insert(native.toUpper(), waiting);
     m_waiting.append({native, false, {row.Mark()}});
-    row.WriteTo(waiting);
+    row.WriteTo(waiting, common::CkRSlash(m_desk.globals.G_PhotoDir) + stem + kJpg);
     if (!QFile::exists(native))
         return;
     if (SameBytes(native, waiting)) {

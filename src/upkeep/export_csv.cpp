@@ -55,7 +55,7 @@ CsvExport ExportCsv(const TransferDesk& desk, const QString& file, const QString
             FailWriting(file, out);
         ++result.records;
     }
-    if (!out.commit())
+    if (!out.flush() || !out.commit())
         FailWriting(file, out);
     result.written = true;
     return result;

@@ -29,6 +29,11 @@ namespace {
 /// Records that are copied between two turns of the queue, and those that one statement can name.
 constexpr qint64 kSlice = 4000;
 constexpr qint64 kNamed = 500;
+const QString kAccessMark = u"-access"_s; ///< of the Access file that is made of the one that is worked on
+const QString kLostTitle = u"Not Everything Stays"_s;
+const QString kLost = u"The export writes %1 anew, and not all that is in it can be written:\n\n%2.\n\nYes exports and loses "
+                      u"that, No leaves the file as it is. Another file name keeps both."_s;
+const QString kStaysVasclip = u"%1 was a Vasclip database and stays one; choose a name that is not there for an Access file"_s;
 const QString kCopying = u"Copying record %1 of %2"_s;
 
 QString InList(const QStringList& keys)
@@ -158,22 +163,44 @@ QByteArray MarkOf(const files::Disk& disk, const QString& target)
            file.read(kHeader);
 }
 
+enum class TargetKind { New, Vasclip, Access };
+
+TargetKind KindOf(const files::Disk& disk, const QString& target)
+{
+    if (!disk.Found(target, files::ReadOnly | files::Hidden))
+        return TargetKind::New;
+    return engine::IsGenuineFile(disk, target) ? TargetKind::Access : TargetKind::Vasclip;
+}
+
 /// The file that is worked on: the target's copy, or an empty database.
-void MakeWorking(const TransferDesk& desk, const QString& target, const QString& working)
+/// @return what of the target the copy has not
+QStringList MakeWorking(const TransferDesk& desk, TargetKind kind, const QString& target, const QString& working)
 {
     desk.Disk().Kill(working); // made empty; a database is made where nothing is
-    if (engine::IsGenuineFile(desk.Disk(), target))
-        static_cast<void>(store::ConvertDatabase(desk.Engine(), {.source = target, .target = working}));
-    else if (desk.Disk().Found(target, files::ReadOnly | files::Hidden))
+    switch (kind) {
+    case TargetKind::Access:
+        return store::ConvertDatabase(desk.Engine(), {.source = target, .target = working})->notes;
+    case TargetKind::Vasclip:
         desk.Engine().CopyDatabase(target, working);
-    else
-        CopyFromNewData(desk.Engine(), desk.Templates(), working);
+        return {};
+    case TargetKind::New:
+        break;
+    }
+    CopyFromNewData(desk.Engine(), desk.Templates(), working);
+    return {};
+}
+
+/// A target of ours that a killed program left half stored is made whole first: that change is no one else's.
+void Recover(engine::Engine& engine, TargetKind kind, const QString& target)
+{
+    if (kind == TargetKind::Vasclip)
+        engine.OpenDatabase(target)->Close();
 }
 
 /// The file that was worked on becomes an Access file. @return false after a stop
 bool MakeAccess(const TransferDesk& desk, const QString& working, ExportResult& result, const WorkStep& step)
 {
-    const QString made = working + u"-access"_s;
+    const QString made = working + kAccessMark;
     const auto converted = store::ConvertDatabase(
         desk.Engine(), {.source = working,
                         .target = made,
@@ -181,28 +208,26 @@ bool MakeAccess(const TransferDesk& desk, const QString& working, ExportResult& 
                         .step = [&](const QString& doing, qint64 done, qint64 of) { return step(done, of, doing); }});
     if (!converted)
         return false;
-    result.notes = converted->notes;
+    result.notes += converted->notes;
     desk.Disk().Kill(working);
     desk.Disk().Name(made, working);
     return true;
 }
 
-} // namespace
-
-ExportResult ExportTable(const TransferDesk& desk, const ExportOrder& order, const WorkStep& step)
+/// All but the last step, in the file that is worked on.
+void Make(const TransferDesk& desk, const ExportOrder& order, const QString& working, TargetKind kind,
+          ExportResult& result, const WorkStep& step)
 {
-    ExportResult result{.file = order.target, .table = order.table};
-    const files::Disk& disk = desk.Disk();
-    NeedWritable(disk, order.target);
-    engine::NewFile file(disk.ToNative(order.target), order.target);
-    const QString name = file.Path().mid(file.Path().lastIndexOf(u'/') + 1);
-    const QString working = order.target.left(order.target.lastIndexOf(u'\\') + 1) + name;
-    const QByteArray before = MarkOf(disk, order.target);
-    MakeWorking(desk, order.target, working);
+    result.notes = MakeWorking(desk, kind, order.target, working);
+    if (!result.notes.isEmpty() &&
+        !desk.ports.prompter.YesNo(kLostTitle, kLost.arg(order.target, result.notes.join(u".\n"_s)))) {
+        result.declined = true;
+        return;
+    }
     const std::optional<qint64> records = Copy(desk, order, working, step).Run();
     result.stopped = !records;
     if (result.stopped)
-        return result;
+        return;
     result.records = *records;
     AddKeyIndex(desk.Engine(), working, order.table);
     if (order.pictures) {
@@ -212,11 +237,36 @@ ExportResult ExportTable(const TransferDesk& desk, const ExportOrder& order, con
         result.notIn = images.notIn;
         result.stopped = images.stopped;
     }
-    const bool access = order.access || engine::IsGenuineFile(disk, order.target);
-    if (!result.stopped && access)
+    if (!result.stopped && (kind == TargetKind::Access || (kind == TargetKind::New && order.access)))
         result.stopped = !MakeAccess(desk, working, result, step);
+    if (kind == TargetKind::Vasclip && order.access)
+        result.notes.append(kStaysVasclip.arg(order.target));
+}
+
+} // namespace
+
+ExportResult ExportTable(const TransferDesk& desk, const ExportOrder& order, const WorkStep& step)
+{
+    ExportResult result{.file = order.target, .table = order.table};
+    const files::Disk& disk = desk.Disk();
+    NeedWritable(disk, order.target);
+    const TargetKind kind = KindOf(disk, order.target);
+    Recover(desk.Engine(), kind, order.target);
+    engine::NewFile file(disk.ToNative(order.target), order.target);
+    const QString name = file.Path().mid(file.Path().lastIndexOf(u'/') + 1);
+    const QString working = order.target.left(order.target.lastIndexOf(u'\\') + 1) + name;
+    const QByteArray before = MarkOf(disk, order.target);
+    try {
+        Make(desk, order, working, kind, result, step);
+    } catch (const RuntimeError& failure) {
+        // The names of the files that are worked on tell nobody anything.
+        throw RuntimeError(failure.Number(), QString(failure.Description())
+                                                 .replace(working + kAccessMark, order.target, Qt::CaseInsensitive)
+                                                 .replace(working, order.target, Qt::CaseInsensitive));
+    }
     // Somebody may have opened the target meanwhile; to take its place would lose what he stores.
-    if (result.stopped || RefusesLocked(desk.ports.prompter, desk.Engine(), kExportTo, order.target))
+    if (result.stopped || result.declined ||
+        RefusesLocked(desk.ports.prompter, desk.Engine(), kExportTo, order.target))
         return result;
     if (MarkOf(disk, order.target) != before)
         throw RuntimeError(error::kPathFileAccess,
@@ -225,29 +275,6 @@ ExportResult ExportTable(const TransferDesk& desk, const ExportOrder& order, con
     file.Finish();
     result.written = true;
     return result;
-}
-
-QString WordsOf(const ExportResult& result)
-{
-    if (result.stopped)
-        return u"Canceled: %1 is as it was."_s.arg(result.file);
-    if (!result.written)
-        return u"Nothing was exported: %1 is as it was."_s.arg(result.file);
-    QString words = u"%1 to table %2 of %3."_s.arg(result.records == 1 ? u"1 record was exported"_s
-                                                                       : u"%1 records were exported"_s.arg(result.records),
-                                                   result.table, result.file);
-    for (const QString& note : result.notes)
-        words += u' ' + note + u'.';
-    if (result.pictures + result.without + result.notIn.size() == 0)
-        return words;
-    words += result.pictures == 1 ? u" 1 picture is inside."_s : u" %1 pictures are inside."_s.arg(result.pictures);
-    if (result.without > 0)
-        words += u" %1 without a front view."_s.arg(result.without == 1 ? u"1 record is"_s
-                                                                        : u"%1 records are"_s.arg(result.without));
-    if (!result.notIn.isEmpty())
-        words += result.notIn.size() == 1 ? u" 1 picture could not be read."_s
-                                          : u" %1 pictures could not be read."_s.arg(result.notIn.size());
-    return words;
 }
 
 } // namespace vasclip::upkeep

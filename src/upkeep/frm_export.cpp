@@ -20,7 +20,6 @@ const QString kCaption = u"%1 - Database Export Utility"_s;
 const QString kAll = u"All records are copied: no search is on display."_s;
 const QString kSearch = u"The records of the search on display are copied."_s;
 const QString kNeedName = u"Enter the name of the database file first."_s;
-const QString kNeedTable = u"Enter the name of the table first; it may not hold [ or ]."_s;
 const QString kSystemTable = u"Tables whose names begin with MSYS are the system's own and no list shows them. Enter another name."_s;
 const QString kMissing = u"File %1 does not exist."_s;
 const QString kNotInside = u"Pictures that are not inside"_s;
@@ -98,8 +97,8 @@ void frm_Export::cmdExport_Click()
     ShowAccount({}, {});
     const QString name = DatabaseName(txtFileName.Text());
     const QString table = text::Folded(txtTable.Text());
-    if (name.isEmpty() || table.isEmpty() || table.contains(u'[') || table.contains(u']')) {
-        Tell(name.isEmpty() ? kNeedName : kNeedTable, forms::Colour::Red);
+    if (name.isEmpty() || !IsTableName(table)) {
+        Tell(name.isEmpty() ? kNeedName : QString::fromUtf16(kTableNameWords), forms::Colour::Red);
         (name.isEmpty() ? txtFileName : txtTable).SetFocus();
         return;
     }

@@ -55,7 +55,7 @@ qsizetype Rehearsal::WriteRefused(const QString& file) const
     NeedTextFile(m_desk.Disk(), file);
     const QByteArray bytes = RefusedText();
     QSaveFile out(m_desk.Disk().ToNative(file));
-    if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.commit())
+    if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.flush() || !out.commit())
         FailWriting(file, out);
     return refused;
 }

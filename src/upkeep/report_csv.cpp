@@ -67,7 +67,7 @@ paper::Made WriteReportCsv(const QString& file, const ReportLayout& layout, cons
             line.append(CsvField(CsvValue(*record, column, today)));
         put(line);
     }
-    if (!fine || !target.commit())
+    if (!fine || !target.flush() || !target.commit())
         FailWriting(file, target);
     return paper::Made::Whole;
 }

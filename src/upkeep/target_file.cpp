@@ -9,6 +9,8 @@
 #include "upkeep/file_names.h"
 
 #include <QFileDevice>
+#include <QFileInfo>
+#include <QStorageInfo>
 
 #include <algorithm>
 
@@ -27,9 +29,19 @@ const QString kLocked = u"The selected database is LOCKED (by you or another use
 const QString kWriteProtected =
     u"The file %1 is write-protected. Choose another name, or take the protection off it"_s;
 const QString kNoText = u"%1 is there, and no text file to be written over. Choose a name that ends in .csv"_s;
-const QString kNotWritten = u"%1 can't be written: %2. Nothing was stored"_s;
+const QString kNotWritten = u"%1 can't be written. Nothing was stored. Make sure that you have rights to it and to its "
+                            u"directory, and that no other program has it open"_s;
+const QString kNoMore = u"The disk took no more of %1. Nothing was stored; make room on it or choose another one"_s;
+const QString kFull = u"The disk that holds %1 is full. Nothing was stored; make room and try again"_s;
 const QString kNoFile = u"You cannot %1 \"%2\", which is not the name of one file. Enter the name of the database file."_s;
 const QString kTemplate = u"NEWDATA.MDB"_s;
+
+bool IsFull(const QFileDevice& file)
+{
+    constexpr qint64 kRoom = 64 * 1024; // a disk keeps some blocks for itself
+    const QStorageInfo disk(QFileInfo(file.fileName()).absolutePath());
+    return file.error() == QFileDevice::ResourceError || (disk.isValid() && disk.bytesAvailable() < kRoom);
+}
 
 } // namespace
 
@@ -94,6 +106,11 @@ bool RefusesTarget(forms::Prompter& prompter, engine::Engine& engine, const File
     return RefusesLocked(prompter, engine, verb, path);
 }
 
+bool IsTableName(const QString& name)
+{
+    return !text::Trim(name).isEmpty() && !name.contains(u'[') && !name.contains(u']');
+}
+
 void NeedWritable(const files::Disk& disk, const QString& file)
 {
     if (disk.Found(file, files::ReadOnly | files::Hidden) && (disk.GetAttr(file) & files::ReadOnly) != 0)
@@ -111,8 +128,11 @@ void NeedTextFile(const files::Disk& disk, const QString& file)
 
 void FailWriting(const QString& shown, const QFileDevice& file)
 {
-    throw RuntimeError(file.error() == QFileDevice::OpenError ? error::kPathFileAccess : error::kDiskFull,
-                       kNotWritten.arg(shown, file.errorString()));
+    if (IsFull(file))
+        throw RuntimeError(error::kDiskFull, kFull.arg(shown));
+    if (file.isOpen()) // a limit, a broken line: whatever it is, the rights were there
+        throw RuntimeError(error::kDiskFull, kNoMore.arg(shown));
+    throw RuntimeError(error::kPathFileAccess, kNotWritten.arg(shown));
 }
 
 void CopyFromNewData(engine::Engine& engine, const QStringList& templates, const QString& target)

@@ -42,12 +42,16 @@ inline constexpr FileVerb kDelete{QLatin1StringView("delete"), QLatin1StringView
 /// Does somebody have the file open? A companion that only processes of the past have left does not count.
 [[nodiscard]] bool IsLocked(engine::Engine& engine, const QString& path);
 
+/// Can a table of that name be written or asked for? One with brackets can't stand in a statement.
+[[nodiscard]] bool IsTableName(const QString& name);
+inline constexpr char16_t kTableNameWords[] = u"Enter the name of the table first; it may not hold [ or ].";
+
 /// Another file could take the place of one that is write-protected. @throws RuntimeError 75
 void NeedWritable(const files::Disk& disk, const QString& file);
 /// A table takes the place of a text file alone: never of a database, a picture or what is write-protected.
 /// @throws RuntimeError 75
 void NeedTextFile(const files::Disk& disk, const QString& file);
-/// Of a file that was being written and is not there then: 75 where it could not be opened, else 61.
+/// Of a file that was being written and is not there then: 61 where the disk took no more, else 75.
 /// @param shown  its name, as the user knows it
 [[noreturn]] void FailWriting(const QString& shown, const QFileDevice& file);
 

@@ -89,6 +89,11 @@ int RunExport(Session& session, const Output& out, const QStringList& arguments,
         return kUsage;
     }
     shell::Program& program = session.WithDatabook();
+    const QString table = text::Folded(options.isSet(u"table"_s) ? options.value(u"table"_s) : program.globals.G_ExportTableS);
+    if (!csv && !upkeep::IsTableName(table)) {
+        out.Error(QString::fromUtf16(upkeep::kTableNameWords));
+        return kUsage;
+    }
     const upkeep::TransferDesk desk{
         .databook = program.sources.datDatabook, .globals = program.globals, .ports = session.Ports()};
     if (upkeep::RefusesTarget(session.Prompter(), session.Engine(), upkeep::kExportTo, target, desk.Databook()))
@@ -101,10 +106,9 @@ int RunExport(Session& session, const Output& out, const QStringList& arguments,
     };
     if (csv)
         return Csv(out, desk, target, options, step);
-    const QString table = options.isSet(u"table"_s) ? given : program.globals.G_ExportTableS;
     const upkeep::ExportResult result = upkeep::ExportTable(desk,
                                                             {.target = target,
-                                                             .table = text::Folded(table),
+                                                             .table = table,
                                                              .search = options.value(u"where"_s),
                                                              .pictures = options.isSet(u"pictures"_s),
                                                              .access = to == "access"_L1},
@@ -114,7 +118,7 @@ int RunExport(Session& session, const Output& out, const QStringList& arguments,
         out.Error(one);
     const QString words = upkeep::WordsOf(result);
     if (!result.written)
-        return kFailed; // the box has told why
+        return result.declined ? kDeclined : kFailed; // the box has told why
     out.Value({{u"file"_s, result.file},
                {u"table"_s, result.table},
                {u"records"_s, result.records},

@@ -5,6 +5,7 @@
 #include "platform/text/text.h"
 #include "upkeep/list_presets.h"
 #include "upkeep/rehearsal.h"
+#include "upkeep/target_file.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -73,6 +74,10 @@ public:
         const bool list = upkeep::IsListName(m_given);
         if (!list && RefusesListOptions(m_out, m_options))
             return kUsage;
+        if (!list && !upkeep::IsTableName(m_order.table)) {
+            m_out.Error(QString::fromUtf16(upkeep::kTableNameWords));
+            return kUsage;
+        }
         if (list)
             if (const int code = ReadList(); code != kDone)
                 return code;

@@ -14,6 +14,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 const QString kMark = u".new"_s;
+const QString kJournal = u"-journal"_s;
 
 /// What processes that were killed have left beside a target: "NAME.MDB.new" with a process' number, and what was made
 /// beside that in turn.
@@ -63,17 +64,22 @@ NewFile::~NewFile()
 
 void NewFile::Finish()
 {
-    if (!FlushFile(m_path) || !RenameOver(m_path, m_target))
+    // A journal that another file of the name has left would be played back into this one. Of a file that is there it
+    // goes last: until then it may be needed.
+    const QString journal = m_target + kJournal;
+    const bool gone = QFile::exists(m_target) || !QFile::exists(journal) || QFile::remove(journal);
+    if (!gone || !FlushFile(m_path) || !RenameOver(m_path, m_target))
         throw RuntimeError(
             error::kPathFileAccess,
             u"The file %1 could not be written. Make sure that you have rights to its directory"_s.arg(
                 m_shown));
+    QFile::remove(journal);
 }
 
 void NewFile::Remove()
 {
     QFile::remove(m_path);
-    QFile::remove(m_path + u"-journal"_s);
+    QFile::remove(m_path + kJournal);
 }
 
 } // namespace vasclip::engine

@@ -1,0 +1,136 @@
+// Access files as what is imported, exported from and exported into.
+
+#include "transfer_home.h"
+
+#include "platform/engine/genuine_file.h"
+#include "store/convert.h"
+#include "upkeep/export_table.h"
+#include "upkeep/import_table.h"
+#include "upkeep/rehearsal.h"
+
+namespace vasclip::upkeep {
+namespace {
+
+class AccessTransfer : public TransferHome
+{
+protected:
+    void SetUp() override
+    {
+        TransferHome::SetUp();
+        Fill();
+    }
+    ExportResult Out(bool access, const QString& name = u"COMPS"_s)
+    {
+        return ExportTable(Desk(), {.target = target, .table = name, .search = {}, .access = access}, Step());
+    }
+    void DeleteComp(const QString& comp)
+    {
+        const auto open = engine.OpenDatabase(path);
+        open->Execute(u"DELETE FROM COMPS WHERE CENTRALKEY = '%1'"_s.arg(comp));
+        open->Close();
+    }
+    /// The Databook, as somebody has it who did not convert it.
+    void BindAccessDatabook()
+    {
+        const QString old = u"C:\\OLD.MDB"_s;
+        databook.Close();
+        ASSERT_TRUE(store::ConvertDatabase(engine, {.source = path, .target = old, .to = engine::DatabaseKind::Access}));
+        store::Connect2mdb(ports, databook, old, table, store::SourceKind::Table);
+    }
+    /// An Access file at the target with an amount that no field of ours keeps to its last digit.
+    void MakeLargeAmount()
+    {
+        engine::GenuineFile file(engine, target);
+        file.Content().CreateTable({.name = u"MONEY"_s,
+                                    .fields = {{.name = u"NAME"_s, .type = engine::FieldType::Text, .size = 20},
+                                               {.name = u"AMOUNT"_s, .type = engine::FieldType::Currency}},
+                                    .indexes = {}});
+        const auto rows = file.Content().OpenRecordset(u"MONEY"_s, engine::RecordsetType::Table);
+        rows->AddNew();
+        rows->SetValue(u"NAME"_s, u"large"_s);
+        rows->SetValue(u"AMOUNT"_s, 912'719'925'474.0);
+        rows->Update();
+        rows->Close();
+        (void)file.Finish();
+    }
+};
+
+TEST_F(AccessTransfer, ImportsTheRecordsThatAreMissing)
+{
+    ASSERT_TRUE(Out(true).written);
+    DeleteComp(u"9 ELM ST"_s);
+    const ImportResult result = ImportTable(Desk(), {.source = target, .table = table, .pictures = false}, Step());
+    EXPECT_EQ(result.appended, 1);
+    EXPECT_EQ(result.refused.size(), 2) << "their keys are there";
+    EXPECT_EQ(Field(path, table, u"9 ELM ST"_s, u"CITY"_s).toString(), u"ALDER"_s);
+}
+
+TEST_F(AccessTransfer, ARehearsalAddsWhatIsChosen)
+{
+    ASSERT_TRUE(Out(true).written);
+    DeleteComp(u"9 ELM ST"_s);
+    Rehearsal rehearsal(Desk(), {.source = target, .table = table, .pictures = false});
+    EXPECT_EQ(rehearsal.Count(RowKind::New), 1);
+    rehearsal.ChooseAll(RowKind::New, RowChoice::Add);
+    const RehearsalResult result = rehearsal.Carry(Step());
+    EXPECT_EQ(result.added, 1);
+    EXPECT_EQ(Keys(path, table).size(), 3);
+}
+
+TEST_F(AccessTransfer, AnAccessDatabookIsExportedIntoEitherKind)
+{
+    BindAccessDatabook();
+    for (const bool access : {false, true}) {
+        const ExportResult result = Out(access);
+        EXPECT_TRUE(result.written);
+        EXPECT_EQ(result.records, 3);
+        EXPECT_EQ(engine::IsGenuineFile(disk, target), access);
+        EXPECT_EQ(Field(target, table, u"9 ELM ST"_s, u"CITY"_s).toString(), u"ALDER"_s);
+        disk.Kill(target);
+    }
+}
+
+TEST_F(AccessTransfer, AnAccessDatabookTakesNoImportAndSaysWhy)
+{
+    ASSERT_TRUE(Out(false).written);
+    BindAccessDatabook();
+    try {
+        (void)ImportTable(Desk(), {.source = target, .table = table, .pictures = false}, Step());
+        ADD_FAILURE() << "it was imported";
+    } catch (const RuntimeError& failure) {
+        EXPECT_EQ(failure.Number(), error::kFileIsReadOnly);
+        EXPECT_TRUE(failure.Description().contains(u"is an Access database"_s)) << failure.Description().toStdString();
+    }
+}
+
+TEST_F(AccessTransfer, AVasclipFileStaysOneWhateverIsAskedForANewOne)
+{
+    ASSERT_TRUE(Out(false, u"FIRST"_s).written);
+    const ExportResult result = Out(true, u"SECOND"_s);
+    EXPECT_TRUE(result.written);
+    EXPECT_FALSE(engine::IsGenuineFile(disk, target));
+    EXPECT_EQ(Keys(target, u"FIRST"_s).size(), 3);
+    EXPECT_TRUE(WordsOf(result).contains(u"was a Vasclip database and stays one"_s)) << WordsOf(result).toStdString();
+}
+
+TEST_F(AccessTransfer, AsksBeforeAFileLosesWhatCanNotBeWrittenAgain)
+{
+    MakeLargeAmount();
+    const QByteArray before = disk.ReadWhole(target);
+    doubles.prompter.Answer(forms::Answer::No);
+    const ExportResult kept = Out(false);
+    EXPECT_FALSE(kept.written);
+    EXPECT_TRUE(kept.declined);
+    EXPECT_EQ(disk.ReadWhole(target), before);
+    ASSERT_FALSE(doubles.prompter.Boxes().empty());
+    EXPECT_EQ(doubles.prompter.Last().buttons, forms::Buttons::YesNo);
+    EXPECT_TRUE(doubles.prompter.Last().text.contains(u"MONEY"_s)) << doubles.prompter.Last().text.toStdString();
+    doubles.prompter.Answer(forms::Answer::Yes);
+    const ExportResult lost = Out(false);
+    EXPECT_TRUE(lost.written);
+    EXPECT_TRUE(WordsOf(lost).contains(u"MONEY"_s)) << "what was lost is told again";
+    EXPECT_EQ(Keys(target, table).size(), 3);
+}
+
+} // namespace
+} // namespace vasclip::upkeep
