@@ -30,14 +30,15 @@ public:
     {
         if (database.isEmpty())
             return u"main"_s;
-        const files::Disk& disk = *m_session.workspace->disk;
         const QString path = PathOf(database);
-        const QString native = QFileInfo(disk.ToNative(path)).canonicalFilePath();
+        const QString native = NativeOf(path);
         if (native.isEmpty())
             throw RuntimeError(
                 error::kDatabaseNotFound,
                 u"Could not find the file %1. Make sure that its name and directory are right"_s.arg(path));
-        const bool readOnly = !QFileInfo(native).isWritable() || (disk.GetAttr(path) & files::ReadOnly) != 0;
+        // SQLite lets a file that is open for reading reach no other one for writing.
+        const bool readOnly = m_session.Open().ReadOnly() || !QFileInfo(native).isWritable() ||
+                              (m_session.workspace->disk->GetAttr(path) & files::ReadOnly) != 0;
         return m_session.Open().Attach(native, path, readOnly);
     }
 
@@ -69,6 +70,12 @@ public:
     }
 
 private:
+    /// "" for a file that is not there.
+    [[nodiscard]] QString NativeOf(const QString& path) const
+    {
+        return QFileInfo(m_session.workspace->disk->ToNative(path)).canonicalFilePath();
+    }
+
     /// The extension may be left out.
     [[nodiscard]] QString PathOf(const QString& database) const
     {
