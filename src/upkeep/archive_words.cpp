@@ -1,16 +1,10 @@
-// What an archive is called and what came of one, in words.
+// What came of an archive, in words.
 
 #include "upkeep/archive_records.h"
 
 namespace vasclip::upkeep {
 
 using namespace Qt::Literals::StringLiterals;
-
-QString ArchivePictures(const QString& file)
-{
-    const qsizetype dot = file.lastIndexOf(u'.');
-    return (dot > file.lastIndexOf(u'\\') ? file.left(dot) : file) + u"_JPG\\"_s;
-}
 
 QString WordsOf(const Archived& done, const QString& file)
 {

@@ -203,7 +203,7 @@ TEST_F(MapTab, MapsThatGoWhileTheyAreOpenAreMissedInWords)
     StartWithMaps();
     QDir directory(home.disk.ToNative(common::CkRSlash(main.globals.cellData)));
     ASSERT_TRUE(directory.removeRecursively());
-    QTest::mouseClick(window->findChild<QPushButton*>(u"cmdRefreshMap"_s), Qt::LeftButton);
+    QTest::mouseClick(mainWindow->findChild<QPushButton*>(u"cmdRefreshMap"_s), Qt::LeftButton);
     EXPECT_EQ(MissingBoxes(), 1);
     EXPECT_FALSE(program.Map().Desk().state.inUse);
     OpenTab();
