@@ -24,9 +24,10 @@ void Copy2Temp(engine::Engine& engine, const common::Globals& globals);
 
 /// Compares a Databook with the template by the number of fields. If they differ it asks, and on Yes appends the fields
 /// that older files lack, all or none, with the file to itself. The test is on equality: a table that still differs asks
-/// again at the next start. A file that can't be read is left to whoever opens it.
+/// again at the next start. A file that can't be read is left to whoever opens it. What
+/// disk or engine refuse is told, and the old table goes on.
 /// @param datDatabook  lets go of the file meanwhile
-/// @throws forms::EndOfProgram as HasAllFields; RuntimeError for what the central error block does not handle
+/// @throws forms::EndOfProgram as HasAllFields
 void CheckCompDBF2(const forms::Ports& ports, engine::Engine& engine, const common::Globals& globals,
                    store::DataSource& datDatabook, const QString& path, const QString& table);
 

@@ -232,7 +232,8 @@ void EntryScreen::TextChanged(EntryBox& box)
 /// What was told already is not told of again.
 void EntryScreen::Settle(EntryBox& box)
 {
-    if (!box.note || box.row.field == fields::ADDRESS || box.box.Locked() || !m_record.IsChanged(box.field) || m_record.dateNotes.contains(box.field))
+    if (!box.note || box.row.field == fields::ADDRESS || box.box.Locked() || !m_record.IsChanged(box.field) ||
+        m_record.dateNotes.contains(box.field))
         return;
     if (box.row.kind != EntryKind::Date)
         SettleNumber(box);

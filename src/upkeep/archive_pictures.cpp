@@ -87,4 +87,14 @@ QByteArray ArchivedPictures::FrontOf(const store::Record& record) const
     return stem.isEmpty() || !m_disk.FileExists(Here(stem)) ? QByteArray() : m_disk.ReadWhole(Here(stem));
 }
 
+QString ArchivedPictures::Here(const QString& stem) const
+{
+    return m_photoDir + stem + u".jpg"_s;
+}
+
+QString ArchivedPictures::There(const QString& stem) const
+{
+    return m_directory + stem + u".jpg"_s;
+}
+
 } // namespace vasclip::upkeep

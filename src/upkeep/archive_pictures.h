@@ -32,8 +32,8 @@ public:
     [[nodiscard]] QByteArray FrontOf(const store::Record& record) const;
 
 private:
-    [[nodiscard]] QString Here(const QString& stem) const { return m_photoDir + stem + QStringLiteral(".jpg"); }
-    [[nodiscard]] QString There(const QString& stem) const { return m_directory + stem + QStringLiteral(".jpg"); }
+    [[nodiscard]] QString Here(const QString& stem) const;
+    [[nodiscard]] QString There(const QString& stem) const;
     [[nodiscard]] static bool MayReplace(const QString& stem, const store::DataSource& archive,
                                          const std::optional<store::Record>& there);
 

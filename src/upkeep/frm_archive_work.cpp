@@ -7,7 +7,6 @@
 #include "store/messages.h"
 #include "upkeep/archive_pictures.h"
 #include "upkeep/archive_target.h"
-#include "upkeep/file_names.h"
 #include "upkeep/frm_archive.h"
 #include "upkeep/tables.h"
 #include "upkeep/target_file.h"

@@ -99,7 +99,7 @@ QString KeyMark(const QString& key)
     return engine::FoldedText(key);
 }
 
-void NeedWritable(const TransferDesk& desk)
+void NeedWritableDatabook(const TransferDesk& desk)
 {
     if (desk.databook.Updatable())
         return;

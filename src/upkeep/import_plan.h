@@ -48,7 +48,7 @@ inline bool NeverStops(qint64 /*done*/, qint64 /*of*/, const QString& /*words*/)
 [[nodiscard]] QSet<QString> KeysThere(const store::DataSource& databook, const QString& table, const QStringList& keys);
 
 /// @throws RuntimeError 3027 where nothing can come into the Databook, in words
-void NeedWritable(const TransferDesk& desk);
+void NeedWritableDatabook(const TransferDesk& desk);
 
 /// @param step  told while keys are read
 /// @throws RuntimeError 3078 for a table that is not there, 3265 for one without keys

@@ -64,7 +64,7 @@ ImportResult ImportTable(const TransferDesk& desk, const ImportOrder& order, con
     ImportResult result;
     result.source = order.Name();
     result.table = order.table;
-    NeedWritable(desk);
+    NeedWritableDatabook(desk);
     const auto source = desk.Engine().OpenDatabase(order.source, engine::OpenMode::ReadOnly);
     const auto closed = qScopeGuard([&] { source->Close(); });
     const ImportPlan plan = PlanImport(desk, *source, order.table);

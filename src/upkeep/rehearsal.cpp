@@ -1,6 +1,5 @@
 #include "upkeep/rehearsal.h"
 
-#include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
 #include "store/record.h"

@@ -93,7 +93,7 @@ RehearsalResult Rehearsal::Carry(const WorkStep& step)
     result.stopped = m_stopped;
     if (m_stopped)
         return result;
-    NeedWritable(m_desk);
+    NeedWritableDatabook(m_desk);
     QSet<QString> taken;
     for (const RehearsedRow& row : std::as_const(m_rows))
         if (row.choice == RowChoice::Add || row.choice == RowChoice::TakeTheirs ||

@@ -4,7 +4,6 @@
 #include "common/error_block.h"
 #include "photos/photo_files.h"
 #include "platform/text/runtime_error.h"
-#include "platform/text/text.h"
 #include "store/fields.h"
 #include "store/store.h"
 #include "upkeep/clean_texts.h"

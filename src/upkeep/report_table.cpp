@@ -5,6 +5,7 @@
 #include "store/bulk_rows.h"
 #include "store/fields.h"
 #include "store/schema.h"
+#include "store/store.h"
 #include "upkeep/export_statement.h"
 
 #include <algorithm>
@@ -65,9 +66,8 @@ bool IsOfTheMoment(const RuntimeError& failure)
 std::shared_ptr<engine::Database> OpenWithoutTable(engine::Engine& engine, const QString& file)
 {
     try {
-        auto open = engine.OpenDatabase(file);
-        open->Execute(u"DROP TABLE ["_s + kTable + u']');
-        return open;
+        store::DropTheTable(engine, file, kTable);
+        return engine.OpenDatabase(file);
     } catch (const RuntimeError& failure) {
         if (IsOfTheMoment(failure))
             throw;

@@ -39,6 +39,7 @@ public:
         : QAbstractButton(parent)
     {
         setFocusPolicy(Qt::StrongFocus);
+        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // its words give way
         setMouseTracking(true);
     }
     void Show(const forms::Chip& chip)

@@ -16,7 +16,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int kGaugeWidth = 320; ///< of words such as "Correcting address."
+constexpr int kGaugeWidth = 280; ///< of words such as "Correcting address."
 
 } // namespace
 

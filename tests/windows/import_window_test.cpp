@@ -140,17 +140,7 @@ protected:
         Play([&] {
             ClickLine(u"filexport"_s, 0);
             Tick(u"ckbCopy"_s);
-            doubles.screens.Play([&](forms::Screen& screen) {
-                ScreenWindow* const below = window;
-                ScreenWindow stands(screen, guard);
-                EXPECT_TRUE(stands.Leftovers().isEmpty()) << stands.Leftovers().join(u'\n').toStdString();
-                window = &stands;
-                stands.show();
-                script();
-                window = below;
-            });
-            Press(u"cmdRehearse"_s);
-            EXPECT_TRUE(doubles.screens.Shown().contains(u"frm_Rehearse"_s));
+            PlayOn(u"frm_Rehearse"_s, [&] { Press(u"cmdRehearse"_s); }, script);
         });
     }
     void ClickRow(int row) const

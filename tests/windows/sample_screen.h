@@ -140,11 +140,12 @@ struct SampleScreen
              {u"txtMapAddress"_s, u"txtMapProximity"_s, u"txtcentralkey"_s, u"txtQuickFind"_s, u"txtView"_s, u"txtimage"_s})
             Add<TextBox>(name);
         for (const QString& name : {u"lblmsg"_s, u"lblDatabookADDR"_s, u"lblAddingaComp"_s, u"lblPhotomsg"_s,
-                                    u"lblLabelTag"_s, u"lblChangingDB"_s, u"lblReport"_s, u"lblLink"_s})
+                                    u"lblLabelTag"_s, u"lblTwin"_s, u"lblChangingDB"_s, u"lblReport"_s, u"lblLink"_s})
             Add<Label>(name);
         Get<Label>(u"lblChangingDB"_s).SetVisible(false);
         const std::pair<QString, QString> buttons[] = {{u"cmdShowAll"_s, u"Show all records"_s},
                                                        {u"cmdAdd"_s, u"&Add"_s},
+                                                       {u"cmdTwin"_s, u"Show it"_s},
                                                        {u"cmdCopy"_s, u"&Copy"_s},
                                                        {u"cmdDelete"_s, u"De&lete"_s},
                                                        {u"cmdRename"_s, u"Re&name"_s},

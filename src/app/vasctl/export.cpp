@@ -81,8 +81,10 @@ int RunExport(Session& session, const Output& out, const QStringList& arguments,
         out.Error(u"%1 lies on none of the program's drives. 'vasctl doctor' lists them."_s.arg(options.value(u"file"_s)));
         return kUsage;
     }
-    if (!target.mid(target.lastIndexOf(u'\\')).contains(u'.'))
-        target = csv ? target + u".csv"_s : upkeep::AddMDBExtension(target);
+    if (!csv)
+        target = upkeep::DatabaseName(target);
+    else if (!target.mid(target.lastIndexOf(u'\\')).contains(u'.'))
+        target += u".csv"_s;
     const QString given = options.value(u"table"_s);
     if (upkeep::IsSystemTable(given)) {
         out.Error(u"Tables whose names begin with MSYS are the system's own; '%1' is none for an export."_s.arg(given));

@@ -58,7 +58,8 @@ QString HeadProblem(const QFileInfo& info, FileKind kind)
 {
     const Head head(info.filePath());
     if (!head.IsDatabase() || head.Mark() != kFileMark || head.Version() / 1000 != static_cast<quint32>(kind))
-        return kind == FileKind::County ? u"the file is no map of a county"_s : u"the file is no index of maps"_s;
+        return kind == FileKind::County ? u"the file is no map of a county"_s
+                                        : u"the file is no index of maps"_s;
     if (head.Version() > static_cast<quint32>(VersionOf(kind)) || head.Version() < static_cast<quint32>(OldestOf(kind)))
         return u"the file was made for another version of the program; import the map again"_s;
     if (head.Bytes() > info.size())

@@ -6,8 +6,6 @@
 #include "platform/engine/sqlite/bind_values.h"
 #include "platform/engine/sqlite/functions.h"
 #include "platform/engine/sqlite/schema_tables.h"
-#include "platform/engine/values.h"
-#include "platform/text/call_errors.h"
 
 #include <QElapsedTimer>
 #include <QMutex>
