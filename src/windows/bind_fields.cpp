@@ -58,7 +58,9 @@ bool Binder::BindText(forms::TextBox& control, QWidget& widget)
 {
     if (auto* edit = qobject_cast<QLineEdit*>(&widget)) {
         const auto show = [&control, edit] {
-            edit->setMaxLength(control.MaxLength() > 0 ? control.MaxLength() : kNoLimit);
+            // Setting it forgets what could be undone, even where it stays the same.
+            if (const int most = control.MaxLength() > 0 ? control.MaxLength() : kNoLimit; edit->maxLength() != most)
+                edit->setMaxLength(most);
             edit->setReadOnly(control.Locked());
             if (edit->text() != control.Text()) {
                 const int cursor = edit->cursorPosition();
@@ -68,9 +70,12 @@ bool Binder::BindText(forms::TextBox& control, QWidget& widget)
         };
         connect(&control, &forms::Control::Changed, edit, show);
         connect(&control, &forms::TextBox::SelectAllWanted, edit, &QLineEdit::selectAll);
-        connect(edit, &QLineEdit::textEdited, &control, [this, &control, show](const QString& text) {
+        connect(edit, &QLineEdit::textEdited, &control, [this, &control, edit, show](const QString& text) {
+            const int cursor = edit->cursorPosition();
             m_guard.Run([&] { control.SetText(text); });
             show(); // a rule may have kept the old text
+            if (edit->text() != text)
+                edit->setCursorPosition(cursor); // who types stays where they are
         });
         show();
         return true;

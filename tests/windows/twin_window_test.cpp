@@ -107,6 +107,14 @@ TEST_F(TwinWindow, IsNamedWhileAnAddressIsChangedAndLookedAt)
     QTest::keyClick(&box, Qt::Key_Down, Qt::AltModifier);
     EXPECT_EQ(doubles.prompter.Last().title, u"12 OAK ST"_s);
     EXPECT_EQ(box.text(), u"12 Oak Street"_s) << "what was typed stays";
+    QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_NE(box.text(), u"12 Oak Street"_s) << "and is taken back as in any box";
+    auto& city = *window.findChild<QLineEdit*>(u"txtCity"_s);
+    const QString town = city.text();
+    QTest::keyClicks(&city, u"X"_s);
+    ASSERT_NE(city.text(), town);
+    QTest::keyClick(&city, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(city.text(), town);
     window.hide();
 }
 
