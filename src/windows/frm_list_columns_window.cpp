@@ -1,6 +1,7 @@
 #include "windows/layout_parts.h"
 #include "windows/record_grid.h"
 #include "windows/screen_layouts.h"
+#include "windows/work_parts.h"
 
 #include "upkeep/frm_list_columns.h"
 
@@ -18,16 +19,6 @@ namespace vasclip::windows {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-RecordGrid* MakeGrid(QDialog& window, const QString& name, const QString& accessibleName)
-{
-    auto* grid = new RecordGrid(&window);
-    grid->setObjectName(name);
-    grid->setAccessibleName(accessibleName);
-    grid->FixColumns();
-    grid->setMinimumHeight(110);
-    return grid;
-}
 
 QComboBox* AddCombo(QHBoxLayout& row, QDialog& window, const QString& name, const QString& words)
 {

@@ -14,20 +14,6 @@ namespace vasclip::windows {
 
 using namespace Qt::Literals::StringLiterals;
 
-namespace {
-
-RecordGrid* MakeGrid(QDialog& window, const QString& name, const QString& accessibleName)
-{
-    auto* grid = new RecordGrid(&window);
-    grid->setObjectName(name);
-    grid->setAccessibleName(accessibleName);
-    grid->FixColumns();
-    grid->setMinimumHeight(120);
-    return grid;
-}
-
-} // namespace
-
 void Layout_frm_Rehearse(QDialog& window, forms::Screen&)
 {
     auto* rows = MakeRows(window);

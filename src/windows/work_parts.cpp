@@ -1,6 +1,7 @@
 #include "windows/work_parts.h"
 
 #include "windows/layout_parts.h"
+#include "windows/record_grid.h"
 
 #include <QDialog>
 #include <QHBoxLayout>
@@ -37,6 +38,16 @@ QVBoxLayout* MakeFilesColumn(QDialog& window, const QString& heading)
     column->addWidget(tables, 2);
     column->addLayout(MakeButtonRow(window, {u"cmdDelete"_s, u"cmdDeleteDatabase"_s}));
     return column;
+}
+
+RecordGrid* MakeGrid(QDialog& window, const QString& name, const QString& accessibleName)
+{
+    auto* grid = new RecordGrid(&window);
+    grid->setObjectName(name);
+    grid->setAccessibleName(accessibleName);
+    grid->FixColumns();
+    grid->setMinimumHeight(110);
+    return grid;
 }
 
 void AddAccount(QVBoxLayout& rows, QDialog& window, const QString& accessibleName, int stretch)

@@ -7,11 +7,16 @@ class QVBoxLayout;
 
 namespace vasclip::windows {
 
+class RecordGrid;
+
 // What windows of long work over files and records have in common.
 
 /// The databases of a directory, the tables of one of them, and what deletes either.
 /// @param heading  with an access key that leads to the databases
 [[nodiscard]] QVBoxLayout* MakeFilesColumn(QDialog& window, const QString& heading);
+
+/// A grid of rows that are looked at, their columns as the screen gives them.
+[[nodiscard]] RecordGrid* MakeGrid(QDialog& window, const QString& name, const QString& accessibleName);
 
 /// What the work left out, line by line, below its heading. Both are there while there is something to tell.
 /// @param stretch  of the list among the rows
