@@ -12,6 +12,7 @@
 #include "store/store.h"
 #include "upkeep/export_statement.h"
 #include "upkeep/insert_images.h"
+#include "upkeep/key_list.h"
 #include "upkeep/tables.h"
 #include "upkeep/target_file.h"
 
@@ -35,15 +36,6 @@ const QString kLost = u"The export writes %1 anew, and not all that is in it can
                       u"that, No leaves the file as it is. Another file name keeps both."_s;
 const QString kStaysVasclip = u"%1 was a Vasclip database and stays one; choose a name that is not there for an Access file"_s;
 const QString kCopying = u"Copying record %1 of %2"_s;
-
-QString InList(const QStringList& keys)
-{
-    QStringList quoted;
-    quoted.reserve(keys.size());
-    for (const QString& key : keys)
-        quoted.append(u'\'' + QString(key).replace(u'\'', u"''"_s) + u'\'');
-    return quoted.join(u',');
-}
 
 class Copy
 {

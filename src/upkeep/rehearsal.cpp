@@ -4,6 +4,7 @@
 #include "store/fields.h"
 #include "store/record.h"
 #include "upkeep/address_twins.h"
+#include "upkeep/key_list.h"
 #include "upkeep/rehearsed_fields.h"
 
 #include <algorithm>
@@ -23,14 +24,6 @@ const QString kTwinInside = u"%1 of the same file stands at the same address"_s;
 QString ColumnList(const QStringList& columns)
 {
     return u'[' + columns.join(u"], ["_s) + u']';
-}
-
-QString InList(const QStringList& keys)
-{
-    QStringList quoted;
-    for (const QString& key : keys)
-        quoted.append(u'\'' + QString(key).replace(u'\'', u"''"_s) + u'\'');
-    return quoted.join(u',');
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include "store/change.h"
 #include "store/fields.h"
 #include "store/transaction.h"
+#include "upkeep/key_list.h"
 #include "upkeep/rehearsed_fields.h"
 
 namespace vasclip::upkeep {
@@ -21,14 +22,6 @@ const QString kChangeWords = u"Import into %1"_s;
 const QString kAddedMeanwhile = u"a record of this key is in the Databook by now"_s;
 const QString kGoneMeanwhile = u"your record is not there any more"_s;
 const QString kRowGone = u"the row is not in the file any more"_s;
-
-QString InList(const QStringList& keys)
-{
-    QStringList quoted;
-    for (const QString& key : keys)
-        quoted.append(u'\'' + QString(key).replace(u'\'', u"''"_s) + u'\'');
-    return quoted.join(u',');
-}
 
 } // namespace
 
