@@ -3,6 +3,7 @@
 #include "platform/engine/errors.h"
 #include "platform/engine/genuine_file.h"
 #include "platform/engine/health.h"
+#include "platform/engine/long_source.h"
 #include "platform/engine/new_file.h"
 #include "platform/engine/row_store.h"
 #include "platform/engine/rows_at_once.h"
@@ -23,7 +24,7 @@ namespace {
 struct Stopped
 {};
 
-/// The rows of one table, one after the other, with all that is in them.
+/// The rows of one table, one after the other, with all that is in them; its large pictures are read when they are asked for.
 class Reader
 {
 public:
@@ -57,8 +58,8 @@ public:
                 continue;
             const FieldList& fields = m_rows->Shape().fields;
             for (int i = 0; i < fields.size(); ++i) {
-                if (fields[i].type == FieldType::LongBinary && row->values[i].isValid())
-                    row->values[i] = m_rows->ReadLong(m_ids[at], i);
+                if (fields[i].type == FieldType::LongBinary)
+                    row->values[i] = LongValueOf(*m_rows, m_ids[at], i, row->values[i]);
             }
             return std::move(row->values);
         }

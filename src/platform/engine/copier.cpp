@@ -2,6 +2,7 @@
 
 #include "platform/engine/database.h"
 #include "platform/engine/errors.h"
+#include "platform/engine/long_source.h"
 #include "platform/engine/row_store.h"
 #include "platform/engine/rows_at_once.h"
 #include "platform/engine/sql_typer.h"
@@ -13,6 +14,14 @@ namespace vasclip::engine {
 
 namespace {
 
+/// A column as the target's field stores it; a picture that is copied as it is can be read in pieces.
+sql::TypedColumn ColumnOf(const TableDef& source, const Field& field, const sql::TypedPtr& value)
+{
+    const bool plain = field.type == FieldType::LongBinary && value->kind == sql::Typed::Kind::Column &&
+                       source.fields[value->field].type == FieldType::LongBinary;
+    return {field, plain ? value->field : -1, value};
+}
+
 /// What the source is asked for: the values as the target's fields store them.
 sql::TypedStatement SelectOf(const sql::TypedStatement& statement, const TableDef& target)
 {
@@ -23,13 +32,14 @@ sql::TypedStatement SelectOf(const sql::TypedStatement& statement, const TableDe
     select.updatable = false;
     select.where = statement.where;
     select.order = statement.order;
+    const TableDef& from = statement.from.table;
     if (statement.kind == sql::Statement::Kind::SelectInto) {
         for (std::size_t i = 0; i < statement.columns.size(); ++i)
-            select.columns.push_back({target.fields[static_cast<qsizetype>(i)], -1, statement.columns[i].value});
+            select.columns.push_back(ColumnOf(from, target.fields[static_cast<qsizetype>(i)], statement.columns[i].value));
         return select;
     }
     for (const sql::TypedAssignment& assignment : statement.assignments)
-        select.columns.push_back({target.fields[assignment.field], -1, assignment.value});
+        select.columns.push_back(ColumnOf(from, target.fields[assignment.field], assignment.value));
     return select;
 }
 
@@ -96,8 +106,8 @@ qint64 CopyRows(const sql::TypedStatement& statement, Database& source, Database
             RowChanges values;
             for (int place = 0; place < fields.size(); ++place) {
                 QVariant value = read[i]->values[place];
-                if (fields[place].type == FieldType::LongBinary && value.isValid())
-                    value = rows->ReadLong(some[i], place);
+                if (fields[place].type == FieldType::LongBinary)
+                    value = LongValueOf(*rows, some[i], place, value);
                 if (value.isValid())
                     values[targets[static_cast<std::size_t>(place)]] = std::move(value);
             }

@@ -1,6 +1,7 @@
 #include "platform/engine/row_recordset.h"
 
 #include "platform/engine/errors.h"
+#include "platform/engine/long_source.h"
 #include "platform/engine/values.h"
 
 namespace vasclip::engine {
@@ -178,7 +179,7 @@ QVariant RowRecordset::Value(int field) const
     static_cast<void>(NeedField(field));
     static_cast<void>(Store());
     if (const QVariant* changed = Changed(field))
-        return *changed;
+        return WholeValue(*changed);
     if (m_mode == EditMode::Add)
         return {};
     const Row& row = NeedRow();
@@ -313,7 +314,10 @@ void RowRecordset::Delete()
 qint64 RowRecordset::FieldSize(const QString& name) const
 {
     const int field = NeedField(name);
-    if (const QVariant* changed = Changed(field))
+    const QVariant* const changed = Changed(field);
+    if (const LongSource* source = changed == nullptr ? nullptr : LongSourceOf(*changed))
+        return source->size;
+    if (changed != nullptr)
         return changed->typeId() == QMetaType::QByteArray ? changed->toByteArray().size()
                                                           : changed->toString().size();
     if (m_mode == EditMode::Add)

@@ -85,7 +85,8 @@ public:
     /// A piece of a long binary field of the table; empty beyond its end or for a row that is gone.
     [[nodiscard]] virtual QByteArray ReadPiece(Bookmark id, int source, qint64 offset, qint64 bytes) = 0;
 
-    // Changes; each is one transaction, or part of the one under way, which an error does not end.
+    // Changes; each is one transaction, or part of the one under way, which an error does not end. A long binary value may be
+    // a LongSource, which is read meanwhile; what it throws takes the change back and goes on to the caller.
     [[nodiscard]] virtual Bookmark Insert(const RowChanges& values) = 0; ///< @throws 3022, 3218, 61
     /// Stores values if the row is as it was read; the test and the change are one step.
     [[nodiscard]] virtual UpdateOutcome Update(Bookmark id, qint64 version, const RowChanges& values) = 0;

@@ -1,5 +1,6 @@
 #include "platform/engine/same_value.h"
 
+#include "platform/engine/long_source.h"
 #include "platform/engine/values.h"
 
 #include <cmath>
@@ -35,6 +36,11 @@ bool SameValue(const Field& field, const QVariant& left, const QVariant& right)
     }
     case FieldType::Single:
         return static_cast<float>(left.toDouble()) == static_cast<float>(right.toDouble());
+    case FieldType::LongBinary: {
+        const LongSource* const one = LongSourceOf(left);
+        const LongSource* const other = LongSourceOf(right);
+        return one != nullptr && other != nullptr ? SameBytes(*one, *other) : WholeValue(left) == WholeValue(right);
+    }
     default:
         return left == right;
     }

@@ -2,6 +2,7 @@
 
 #include "platform/engine/collation.h"
 #include "platform/engine/errors.h"
+#include "platform/engine/long_source.h"
 #include "platform/text/dates.h"
 #include "platform/text/text.h"
 
@@ -146,6 +147,8 @@ QVariant FitToField(const Field& field, const QVariant& value, const text::TimeS
         return FromSerial(NumberFrom(field, value));
     case FieldType::Binary:
     case FieldType::LongBinary: {
+        if (field.type == FieldType::LongBinary && LongSourceOf(value) != nullptr)
+            return value;
         if (value.typeId() == QMetaType::QString)
             return value.toString().toUtf8();
         if (value.typeId() != QMetaType::QByteArray)

@@ -1,6 +1,7 @@
 #include "platform/engine/memory_row_store.h"
 
 #include "platform/engine/errors.h"
+#include "platform/engine/long_source.h"
 
 #include <algorithm>
 
@@ -225,7 +226,7 @@ Bookmark MemoryRowStore::Insert(const RowChanges& values)
         MemoryRow row;
         row.values.resize(table.def.fields.size());
         for (const auto& [field, value] : values)
-            row.values[field] = value;
+            row.values[field] = WholeValue(value);
         table.rows[id] = std::move(row);
         CheckUnique(table, id);
     });
@@ -246,7 +247,7 @@ UpdateOutcome MemoryRowStore::Update(Bookmark id, qint64 version, const RowChang
             return;
         }
         for (const auto& [field, value] : values)
-            found->second.values[field] = value;
+            found->second.values[field] = WholeValue(value);
         ++found->second.version;
         CheckUnique(table, found->first);
     });

@@ -1,4 +1,5 @@
 #include "platform/engine/home.h"
+#include "platform/engine/made_long.h"
 #include "platform/engine/memory_back_end.h"
 
 namespace vasclip::engine {
@@ -308,6 +309,82 @@ TEST_P(RecordsetTest, PiecesOfAValueThatSomebodyElseChangesAreTheNewOnes)
     theirs->SetValue(u"FRONTPHOTO"_s, QByteArray(100000, 'b'));
     theirs->Update();
     EXPECT_EQ(table->GetChunk(u"FRONTPHOTO"_s, 32778, 10), QByteArray(10, 'b'));
+}
+
+TEST_P(RecordsetTest, ALongValueComesFromItsSourceWhenItIsStored)
+{
+    for (const qint64 size : {qint64{0}, qint64{70'000}, kHeldWhole, 3 * kHeldWhole + 5}) {
+        MadeLong made(size);
+        table->MoveFirst();
+        table->Edit();
+        table->SetValue(u"FRONTPHOTO"_s, made.Value());
+        table->SetValue(u"CITY"_s, QString::number(size));
+        EXPECT_EQ(made.pieces, 0) << "nothing is read before";
+        EXPECT_EQ(table->FieldSize(u"FRONTPHOTO"_s), size);
+        table->Update();
+        const QVariant stored = table->Value(u"FRONTPHOTO"_s);
+        EXPECT_TRUE(stored.isValid());
+        EXPECT_TRUE(stored.toByteArray() == MadeLong::Bytes(0, size)) << size;
+        EXPECT_EQ(table->Value(u"CITY"_s), QString::number(size));
+        MadeLong next(size);
+        table->AddNew();
+        table->SetValue(u"CENTRALKEY"_s, u"N %1"_s.arg(size));
+        table->SetValue(u"FRONTPHOTO"_s, next.Value());
+        EXPECT_TRUE(table->Value(u"FRONTPHOTO"_s).toByteArray() == MadeLong::Bytes(0, size)) << "as set";
+        table->Update();
+        const auto query = Query(u"SELECT FRONTPHOTO FROM COMPS WHERE CENTRALKEY = 'N %1'"_s.arg(size));
+        EXPECT_TRUE(query->Value(0).toByteArray() == MadeLong::Bytes(0, size)) << size;
+    }
+}
+
+TEST_P(RecordsetTest, ALongValueWhoseSourceFailsLeavesTheRecordAsItWas)
+{
+    struct Stopped
+    {};
+    for (const qint64 size : {qint64{70'000}, 3 * kHeldWhole}) {
+        for (const bool within : {false, true}) {
+            table->MoveFirst();
+            const QString city = table->Value(u"CITY"_s).toString();
+            const qint64 count = table->RecordCount();
+            std::optional<Transaction> together;
+            if (within)
+                together.emplace(*database);
+            const auto set = [&](MadeLong& made) {
+                table->SetValue(u"CENTRALKEY"_s, u"HALF"_s);
+                table->SetValue(u"CITY"_s, u"Half"_s);
+                table->SetValue(u"FRONTPHOTO"_s, made.Value());
+            };
+            MadeLong cut(size);
+            cut.endsAt = size - 1;
+            table->Edit();
+            set(cut);
+            EXPECT_EQ(ErrorOf([&] { table->Update(); }), error::kDeviceIo);
+            table->AddNew();
+            set(cut);
+            EXPECT_EQ(ErrorOf([&] { table->Update(); }), error::kDeviceIo);
+            MadeLong stopped(size);
+            stopped.asked = [&](qint64 offset) {
+                if (offset > size / 2 || stopped.most == size)
+                    throw Stopped();
+            };
+            table->Edit();
+            set(stopped);
+            EXPECT_THROW(table->Update(), Stopped);
+            table->CancelUpdate();
+            EXPECT_EQ(table->Value(u"CITY"_s), city);
+            EXPECT_EQ(table->FieldSize(u"FRONTPHOTO"_s), 0);
+            EXPECT_EQ(table->RecordCount(), count);
+            if (!within)
+                continue;
+            table->Edit();
+            table->SetValue(u"GLA"_s, QString::number(size));
+            table->Update();
+            together->Commit();
+            EXPECT_EQ(Column(*Query(u"SELECT GLA FROM COMPS"_s), u"GLA"_s).first(), QString::number(size))
+                << "the rest of the transaction stands";
+            EXPECT_EQ(Query(u"SELECT * FROM COMPS WHERE CITY = 'Half'"_s)->RecordCount(), 0);
+        }
+    }
 }
 
 TEST_P(RecordsetTest, ClosedSetsAndDatabases)

@@ -19,10 +19,15 @@ void CheckValues(Opening& opening, Table& table)
     table.ForEach([&](const FoundRow& row) {
         ++rows;
         for (int field = 0; field < fields.size(); ++field) {
-            const bool isLong = fields[field].type == FieldType::Memo || fields[field].type == FieldType::LongBinary;
+            const bool isBinary = fields[field].type == FieldType::LongBinary;
+            const bool isLong = fields[field].type == FieldType::Memo || isBinary;
             if (isLong)
                 left -= table.SizeOf(row, field).toLongLong();
-            if (!isLong || left >= 0)
+            if (isLong && left < 0)
+                continue;
+            if (isBinary)
+                static_cast<void>(table.LongOf(row, field));
+            else
                 static_cast<void>(table.Value(row, field));
         }
         return true;

@@ -169,8 +169,9 @@ std::vector<std::optional<StoredRow>> JetRowStore::Read(std::span<const Bookmark
         for (const int field : fields) {
             const sql::TypedColumn& column = m_select.columns[static_cast<std::size_t>(field)];
             const bool size = longs == Longs::Sizes && column.field.type == FieldType::LongBinary;
-            if (size && IsColumn(column))
-                row.values.append(table.SizeOf(*found, column.value->field));
+            const int source = IsColumn(column) ? column.value->field : -1;
+            if (size && source >= 0 && table.Def().fields[source].type == FieldType::LongBinary)
+                row.values.append(table.SizeOf(*found, source));
             else if (const QVariant value = Shown(table, *found, column); size && value.isValid())
                 row.values.append(QVariant::fromValue<qlonglong>(value.toByteArray().size()));
             else
@@ -200,9 +201,9 @@ QByteArray JetRowStore::ReadPiece(Bookmark id, int source, qint64 offset, qint64
     Table& table = Rows().Rows();
     if (m_long.id != id || m_long.source != source) {
         const auto row = table.Find(PlaceOf(id));
-        m_long = {id, source, row ? table.Value(*row, source).toByteArray() : QByteArray()};
+        m_long = {id, source, row ? table.LongOf(*row, source) : nullptr};
     }
-    return m_long.value.mid(offset, bytes);
+    return m_long.value ? m_long.value->Read(offset, bytes) : QByteArray();
 }
 
 Bookmark JetRowStore::Insert(const RowChanges&)

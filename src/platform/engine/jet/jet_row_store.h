@@ -47,7 +47,7 @@ private:
     {
         Bookmark id{};
         int source = -1;
-        QByteArray value;
+        std::unique_ptr<LongReader> value; ///< null for none
     };
 
     std::shared_ptr<Opening> m_opening;

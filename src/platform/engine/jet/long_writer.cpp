@@ -1,8 +1,11 @@
 #include "platform/engine/jet/long_writer.h"
 
+#include "platform/engine/errors.h"
 #include "platform/engine/jet/long_value.h"
 
 namespace vasclip::engine::jet {
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -27,7 +30,17 @@ QByteArray LongWriter::Add(const QByteArray& value)
         return HeadOf(size, kLongInline, 0) + value;
     if (value.size() <= kMostInOneRow)
         return HeadOf(size, kLongOneRow, AddShared(value).Stored());
-    return HeadOf(size, 0, AddChain(value).Stored());
+    const auto part = [&value](qint64 offset, qint64 bytes) { return value.mid(offset, bytes); };
+    return HeadOf(size, 0, AddChain({value.size(), part}).Stored());
+}
+
+QByteArray LongWriter::Add(const LongSource& value)
+{
+    if (value.size <= kMostInOneRow)
+        return Add(ReadWhole(value));
+    if (value.size > kLongSize)
+        throw RuntimeError(error::kRecordTooLarge, u"A value of %1 bytes is longer than a record can hold there"_s.arg(value.size));
+    return HeadOf(static_cast<quint32>(value.size), 0, AddChain(value).Stored());
 }
 
 RowPointer LongWriter::AddShared(const QByteArray& row)
@@ -43,21 +56,39 @@ RowPointer LongWriter::AddShared(const QByteArray& row)
     return {m_number, static_cast<quint8>(place)};
 }
 
-RowPointer LongWriter::AddChain(const QByteArray& value)
+RowPointer LongWriter::AddChain(const LongSource& value)
 {
-    const quint32 first = m_pages.Take();
-    quint32 page = first;
-    for (qsizetype at = 0; at < value.size(); at += kChainPart) {
-        const quint32 next = at + kChainPart < value.size() ? m_pages.Take() : 0;
-        QByteArray row(4, '\0');
-        qToLittleEndian(next << 8, row.data());
-        PageBuilder builder(kLongValueOwner);
-        builder.Add(row + value.mid(at, kChainPart));
-        m_pages.Write(page, builder.Bytes());
-        m_owned.Add(page);
-        page = next;
+    std::vector<quint32> pages;
+    try {
+        WriteChain(value, pages);
+    } catch (...) {
+        for (const quint32 page : pages)
+            m_pages.Release(page);
+        throw;
     }
-    return {first, 0};
+    for (const quint32 page : pages)
+        m_owned.Add(page);
+    return {pages.front(), 0};
+}
+
+/// @param pages  gets those that were taken, in their order
+void LongWriter::WriteChain(const LongSource& value, std::vector<quint32>& pages)
+{
+    constexpr qint64 kAtOnce = kLongPiece / kChainPart * kChainPart;
+    pages.push_back(m_pages.Take());
+    ReadInPieces(value, kAtOnce, [&](qint64 offset, const QByteArray& piece) {
+        for (qsizetype at = 0; at < piece.size(); at += kChainPart) {
+            const quint32 page = pages.back();
+            const bool last = offset + at + kChainPart >= value.size;
+            if (!last)
+                pages.push_back(m_pages.Take());
+            QByteArray row(4, '\0');
+            qToLittleEndian(last ? 0U : pages.back() << 8, row.data());
+            PageBuilder builder(kLongValueOwner);
+            builder.Add(row + piece.mid(at, kChainPart));
+            m_pages.Write(page, builder.Bytes());
+        }
+    });
 }
 
 void LongWriter::WriteShared()

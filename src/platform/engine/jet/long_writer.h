@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/engine/jet/map_writer.h"
+#include "platform/engine/long_source.h"
 
 #include <optional>
 
@@ -16,12 +17,15 @@ public:
 
     /// Stores a value. @return its head, as the row holds it
     [[nodiscard]] QByteArray Add(const QByteArray& value);
+    /// Likewise, page by page as it is read; where that fails, nothing of it is kept.
+    [[nodiscard]] QByteArray Add(const LongSource& value);
     /// @param owned, withRoom  its maps
     void Finish(MapWriter& maps, RowPointer owned, RowPointer withRoom);
 
 private:
     [[nodiscard]] RowPointer AddShared(const QByteArray& row);
-    [[nodiscard]] RowPointer AddChain(const QByteArray& value);
+    [[nodiscard]] RowPointer AddChain(const LongSource& value);
+    void WriteChain(const LongSource& value, std::vector<quint32>& pages);
     void WriteShared();
 
     PageWriter& m_pages;

@@ -149,4 +149,19 @@ QVariant Table::SizeOf(const FoundRow& row, int field)
     }
 }
 
+std::unique_ptr<LongReader> Table::LongOf(const FoundRow& row, int field)
+{
+    const Column& column = ColumnOf(field);
+    try {
+        const auto bytes = row.row.Value(column);
+        auto reader = bytes ? std::make_unique<LongReader>(*m_file, *bytes) : nullptr;
+        if (reader)
+            reader->NeedWhole();
+        return reader;
+    } catch (const Damaged& damage) {
+        m_findings->Add(m_def.name, row.home, column.name, damage.Description());
+        return nullptr;
+    }
+}
+
 } // namespace vasclip::engine::jet

@@ -2,6 +2,7 @@
 
 #include "platform/engine/jet/data_page.h"
 #include "platform/engine/jet/findings.h"
+#include "platform/engine/jet/long_value.h"
 #include "platform/engine/jet/row.h"
 #include "platform/engine/types.h"
 
@@ -44,6 +45,9 @@ public:
     [[nodiscard]] QVariant Value(const FoundRow& row, int field);
     /// Bytes of a long binary value, which is not read; Null for none.
     [[nodiscard]] QVariant SizeOf(const FoundRow& row, int field);
+    /// A long binary value, all of which is there; null for none, and for one of which a part is missing, which is found.
+    /// @return it does not outlive the table
+    [[nodiscard]] std::unique_ptr<LongReader> LongOf(const FoundRow& row, int field);
 
 private:
     [[nodiscard]] std::vector<quint32> Pages();

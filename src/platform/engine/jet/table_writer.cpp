@@ -71,6 +71,8 @@ void TableWriter::Add(const QVariantList& values)
         LongWriter* const longs = m_longs[static_cast<std::size_t>(i)].get();
         if (!values[i].isValid())
             stored.append(QByteArray());
+        else if (const LongSource* source = LongSourceOf(values[i]); source && longs)
+            stored.append(longs->Add(*source));
         else if (longs)
             stored.append(longs->Add(column.type == ColumnType::Memo
                                          ? StoredText(values[i].toString(), column.compress)

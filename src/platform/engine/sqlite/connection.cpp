@@ -361,6 +361,12 @@ Query& Query::Bind(int index, qint64 value)
     return *this;
 }
 
+Query& Query::BindZeros(int index, qint64 bytes)
+{
+    m_connection.Check(sqlite3_bind_zeroblob64(m_statement, index, static_cast<sqlite3_uint64>(bytes)));
+    return *this;
+}
+
 Query& Query::BindAll(const QVariantList& values, int first)
 {
     const int last = sqlite3_bind_parameter_count(m_statement);

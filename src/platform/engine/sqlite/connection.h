@@ -183,6 +183,7 @@ public:
 
     Query& Bind(int index, const QVariant& value);
     Query& Bind(int index, qint64 value);
+    Query& BindZeros(int index, qint64 bytes); ///< that many, to be written over
     Query& Bind(int index, Bookmark id) { return Bind(index, static_cast<qint64>(id)); }
     Query& BindAll(const QVariantList& values,
                    int first = 1); ///< values beyond the last parameter are left out

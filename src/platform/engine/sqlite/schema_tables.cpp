@@ -121,8 +121,13 @@ void StoreTable(Connection& connection, const QString& schema, const TableDef& t
 {
     QStringList columns{u"%1 INTEGER PRIMARY KEY AUTOINCREMENT"_s.arg(QString::fromUtf16(sql::kIdColumn)),
                         u"%1 INTEGER NOT NULL DEFAULT 0"_s.arg(QString::fromUtf16(sql::kVersionColumn))};
-    for (const Field& field : table.fields)
-        columns.append(ColumnSql(field));
+    // Long binary ones come last, wherever the fields stand: zeros at the end of a row take no memory while it is written.
+    for (const bool last : {false, true}) {
+        for (const Field& field : table.fields) {
+            if ((field.type == FieldType::LongBinary) == last)
+                columns.append(ColumnSql(field));
+        }
+    }
     connection.Run(
         u"CREATE TABLE %1.%2(%3)"_s.arg(QuoteName(schema), QuoteName(table.name), columns.join(u", "_s)));
     {

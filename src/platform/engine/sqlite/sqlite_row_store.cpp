@@ -1,6 +1,7 @@
 #include "platform/engine/sqlite/sqlite_row_store.h"
 
 #include "platform/engine/errors.h"
+#include "platform/engine/long_source.h"
 
 #include <algorithm>
 #include <array>
@@ -33,6 +34,48 @@ const QString& VersionName()
 qint64 Number(Bookmark id)
 {
     return static_cast<qint64>(id);
+}
+
+/// The source of a value that is not held whole; null for another value.
+const LongSource* Large(const QVariant& value)
+{
+    const LongSource* source = LongSourceOf(value);
+    return source != nullptr && source->size > kHeldWhole ? source : nullptr;
+}
+
+/// The statement that changes a row, and the pieces of its large values: together they are stored or taken back.
+class OneChange
+{
+public:
+    OneChange(Connection& connection, const RowChanges& values)
+    {
+        if (std::ranges::any_of(values, [](const auto& one) { return Large(one.second) != nullptr; }))
+            m_together.emplace(connection);
+        m_statement.emplace(connection);
+    }
+    void Commit()
+    {
+        m_statement->Commit();
+        if (m_together)
+            m_together->Commit();
+    }
+
+private:
+    std::optional<Writing> m_together;
+    std::optional<OneStatement> m_statement;
+};
+
+using Blob = std::unique_ptr<sqlite3_blob, int (*)(sqlite3_blob*)>;
+enum class Access { Read, Write };
+
+Blob OpenBlob(const Connection& connection, const sql::Plan& plan, Bookmark id, int source, Access access, int& code)
+{
+    sqlite3_blob* blob = nullptr;
+    code = sqlite3_blob_open(connection.Handle(), plan.targetSchema.toUtf8().constData(),
+                             plan.table.name.toUtf8().constData(),
+                             plan.table.fields[source].name.toUtf8().constData(), Number(id),
+                             access == Access::Write ? 1 : 0, &blob);
+    return {blob, &sqlite3_blob_close};
 }
 
 } // namespace
@@ -240,22 +283,49 @@ QVariant SqliteRowStore::ReadLong(Bookmark id, int field)
 QByteArray SqliteRowStore::ReadPiece(Bookmark id, int source, qint64 offset, qint64 bytes)
 {
     Connection& connection = Open();
-    sqlite3_blob* blob = nullptr;
-    const int code = sqlite3_blob_open(connection.Handle(), m_plan.targetSchema.toUtf8().constData(),
-                                       m_plan.table.name.toUtf8().constData(),
-                                       m_plan.table.fields[source].name.toUtf8().constData(), Number(id), 0,
-                                       &blob);
-    const std::unique_ptr<sqlite3_blob, int (*)(sqlite3_blob*)> owner(blob, &sqlite3_blob_close);
+    int code = SQLITE_OK;
+    const Blob blob = OpenBlob(connection, m_plan, id, source, Access::Read, code);
     if (code == SQLITE_ERROR) // the row or its value is gone
         return {};
     connection.Check(code);
-    const qint64 size = sqlite3_blob_bytes(blob);
+    const qint64 size = sqlite3_blob_bytes(blob.get());
     if (offset >= size)
         return {};
     QByteArray chunk(std::min(bytes, size - offset), Qt::Uninitialized);
     connection.Check(
-        sqlite3_blob_read(blob, chunk.data(), static_cast<int>(chunk.size()), static_cast<int>(offset)));
+        sqlite3_blob_read(blob.get(), chunk.data(), static_cast<int>(chunk.size()), static_cast<int>(offset)));
     return chunk;
+}
+
+/// A large value is bound as so many zeros, which take no memory, and WriteLarge puts its pieces in their place.
+void SqliteRowStore::BindValues(Query& query, int first, const RowChanges& values) const
+{
+    for (const auto& [source, value] : values) {
+        if (const LongSource* large = Large(value))
+            query.BindZeros(first++, large->size);
+        else
+            query.Bind(first++, WholeValue(value));
+    }
+}
+
+void SqliteRowStore::WriteLarge(Bookmark id, const RowChanges& values)
+{
+    Connection& connection = Open();
+    for (const auto& [source, value] : values) {
+        const LongSource* const large = Large(value);
+        if (large == nullptr)
+            continue;
+        int code = SQLITE_OK;
+        Blob blob = OpenBlob(connection, m_plan, id, source, Access::Write, code);
+        connection.Check(code);
+        ReadInPieces(*large, kLongPiece, [&](qint64 offset, const QByteArray& piece) {
+            code = sqlite3_blob_write(blob.get(), piece.constData(), static_cast<int>(piece.size()), static_cast<int>(offset));
+            if (code == SQLITE_OK)
+                return;
+            blob.reset(); // with it ends what SQLite takes back by itself, of which Fail takes note
+            connection.Fail(code);
+        });
+    }
 }
 
 Bookmark SqliteRowStore::Insert(const RowChanges& values)
@@ -270,19 +340,18 @@ Bookmark SqliteRowStore::Insert(const RowChanges& values)
                                         : u"INSERT INTO %1(%2) VALUES(%3)"_s.arg(
                                               m_plan.tableSql, names.join(u", "_s), places.join(u", "_s));
     Connection& connection = Open();
-    OneStatement writing(connection);
-    qint64 id = 0;
+    OneChange writing(connection, values);
+    Bookmark id{};
     {
         Query query(connection, sql);
-        int place = 1;
-        for (const auto& [source, value] : values)
-            query.Bind(place++, value);
+        BindValues(query, 1, values);
         query.Run();
-        id = sqlite3_last_insert_rowid(connection.Handle());
+        id = Bookmark{sqlite3_last_insert_rowid(connection.Handle())};
     }
+    WriteLarge(id, values);
     writing.Commit();
     connection.Touch();
-    return Bookmark{id};
+    return id;
 }
 
 /// The statement that stores those fields: one row after the other is mostly changed in the same ones.
@@ -307,17 +376,16 @@ const QString& SqliteRowStore::UpdateOf(const RowChanges& values)
 UpdateOutcome SqliteRowStore::Update(Bookmark id, qint64 version, const RowChanges& values)
 {
     Connection& connection = Open();
-    OneStatement writing(connection);
+    OneChange writing(connection, values);
     {
         Query query(connection, UpdateOf(values));
         query.Bind(1, Number(id)).Bind(2, version);
-        int place = 3;
-        for (const auto& [source, value] : values)
-            query.Bind(place++, value);
+        BindValues(query, 3, values);
         query.Run();
     }
     if (sqlite3_changes(connection.Handle()) == 0)
         return Version(id) ? UpdateOutcome::Changed : UpdateOutcome::Gone;
+    WriteLarge(id, values);
     writing.Commit();
     connection.Touch();
     return UpdateOutcome::Done;

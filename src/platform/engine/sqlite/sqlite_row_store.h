@@ -63,6 +63,8 @@ private:
     [[nodiscard]] const Select& SelectOf(const QList<int>& fields, Longs longs);
     [[nodiscard]] StoredRow RowOf(const Query& query, const Select& select) const;
     [[nodiscard]] const QString& UpdateOf(const RowChanges& values);
+    void BindValues(Query& query, int first, const RowChanges& values) const;
+    void WriteLarge(Bookmark id, const RowChanges& values);
     [[nodiscard]] const Keys& KeysOf(const IndexDef* index);
     [[nodiscard]] static Stand StandAt(const Query& query, const Keys& keys);
     [[nodiscard]] std::optional<Stand> Edge(const Keys& keys, bool last);
