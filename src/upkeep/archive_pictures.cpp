@@ -1,6 +1,7 @@
 #include "upkeep/archive_pictures.h"
 
 #include "common/paths.h"
+#include "photos/content.h"
 #include "photos/photo_list.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
@@ -71,7 +72,7 @@ QString ArchivedPictures::Copy(const QStringList& stems, const store::DataSource
         const QString from = Here(stem);
         const QString into = There(stem);
         if (m_disk.Found(into, files::ReadOnly | files::Hidden)) {
-            if (m_disk.FileLen(into) == m_disk.FileLen(from) && m_disk.ReadWhole(into) == m_disk.ReadWhole(from))
+            if (photos::SameContent(m_disk, into, from))
                 continue;
             if (!MayReplace(stem, archive, there))
                 return stem + u".jpg"_s;

@@ -24,6 +24,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kPiece = 32768;
+constexpr qint64 kBetweenTurns = 64 * kPiece; ///< bytes of a picture
 constexpr qsizetype kLongestName = 255; ///< bytes, on every disk that is in use
 const QString kJpg = u".jpg"_s;
 const QString kFrontView = u"FRONT VIEW"_s;
@@ -97,13 +98,15 @@ public:
             same = file.read(kPiece) == m_rows.Chunk(fields::FRONTPHOTO, at, std::min(kPiece, size - at));
         return same;
     }
-    /// @param shown  the name that it gets in the end. @throws RuntimeError 61, 75
-    void WriteTo(const QString& native, const QString& shown) const
+    /// @param shown  the name that it gets in the end. @return false if it was stopped. @throws RuntimeError 61, 75
+    [[nodiscard]] bool WriteTo(const QString& native, const QString& shown, const std::function<bool()>& goOn) const
     {
         QFile file(native);
         const qint64 size = Size();
         bool good = file.open(QIODevice::WriteOnly);
         for (qint64 at = 0; good && at < size; at += kPiece) {
+            if (at > 0 && at % kBetweenTurns == 0 && !goOn())
+                return false;
             const QByteArray piece = m_rows.Chunk(fields::FRONTPHOTO, at, std::min(kPiece, size - at));
             if (piece.isEmpty())
                 throw RuntimeError(error::kPathFileAccess, u"The picture of %1 could not be read to its end"_s.arg(Key()));
@@ -111,6 +114,7 @@ public:
         }
         if (!good || !file.flush() || !engine::FlushFile(native))
             FailWriting(shown, file);
+        return true;
     }
 
 private:
@@ -206,28 +210,29 @@ void EmbeddedImages::Drop(const QSet<QString>& keys)
     m_waiting.removeIf([](const Waiting& one) { return one.keys.isEmpty(); });
 }
 
-void EmbeddedImages::SaveOne(const PictureRow& row)
+bool EmbeddedImages::SaveOne(const PictureRow& row, const std::function<bool()>& goOn)
 {
     const QString stem = row.Stem();
     if (stem.isEmpty() || row.Size() <= 0)
-        return;
+        return true;
     const QString native = PlaceOf(m_desk, stem);
     if (native.isEmpty()) {
         m_result.notSaved.append(kNoName.arg(row.Key(), stem));
-        return;
+        return true;
     }
     if (!row.IsPicture()) {
         m_result.notSaved.append(kNoPicture.arg(row.Key()));
-        return;
+        return true;
     }
     if (MetBefore(row, native, stem))
-        return;
+        return true;
     const QString waiting = WaitingName(native);
     m_met.insert(native.toUpper(), waiting);
     m_waiting.append({native, false, {row.Mark()}});
-    row.WriteTo(waiting, common::CkRSlash(m_desk.globals.G_PhotoDir) + stem + kJpg);
+    if (!row.WriteTo(waiting, common::CkRSlash(m_desk.globals.G_PhotoDir) + stem + kJpg, goOn))
+        return false;
     if (!QFile::exists(native))
-        return;
+        return true;
     if (SameBytes(native, waiting)) {
         ++m_result.same;
         QFile::remove(waiting);
@@ -236,6 +241,7 @@ void EmbeddedImages::SaveOne(const PictureRow& row)
     } else {
         m_waiting.last().over = true;
     }
+    return true;
 }
 
 bool EmbeddedImages::SaveEmbeddedImages(const WorkStep& step)
@@ -248,10 +254,10 @@ bool EmbeddedImages::SaveEmbeddedImages(const WorkStep& step)
         const PictureRow row(rows);
         if (m_only && !m_only->contains(row.Mark()))
             continue;
-        m_result.stopped = !step(at, rows.Count(), kStepWords.arg(row.Key()));
+        const auto goOn = [&] { return step(at, rows.Count(), kStepWords.arg(row.Key())); };
+        m_result.stopped = !goOn() || !SaveOne(row, goOn);
         if (m_result.stopped)
             return false;
-        SaveOne(row);
     }
     QStringList over;
     for (const Waiting& one : std::as_const(m_waiting))

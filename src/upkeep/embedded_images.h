@@ -61,7 +61,7 @@ private:
     };
     /// A picture of the same name that an earlier row has. @return false if there is none
     bool MetBefore(const PictureRow& row, const QString& native, const QString& stem);
-    void SaveOne(const PictureRow& row);
+    [[nodiscard]] bool SaveOne(const PictureRow& row, const std::function<bool()>& goOn); ///< false if it was stopped
     [[nodiscard]] QString WaitingName(const QString& native) const;
     void Sweep() const;
 

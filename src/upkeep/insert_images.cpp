@@ -3,12 +3,14 @@
 #include "common/paths.h"
 #include "photos/photo_files.h"
 #include "photos/photo_list.h"
+#include "platform/engine/long_source.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/change.h"
 #include "store/fields.h"
-#include "store/long_fields.h"
 #include "store/transaction.h"
+
+#include <QFile>
 
 namespace vasclip::upkeep {
 
@@ -16,34 +18,55 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype kPiece = 32768;
-constexpr int kBetweenTurns = 64; ///< pieces of a picture
+constexpr qint64 kBetweenTurns = 2 << 20; ///< bytes of a picture
 const QString kFrontView = u"FRONT VIEW"_s;
 const QString kWords = u"Put the picture of %1 into its row"_s;
 const QString kStepWords = u"Picture of %1"_s;
 const QString kNotThere = u"%1: the file %2 is not there"_s;
 const QString kNoName = u"%1: \"%2\" is no name of a picture"_s;
 const QString kEmpty = u"%1: the file %2 is empty"_s;
-const QString kNotRead = u"%1: %2"_s;
+const QString kNotRead = u"%1: the file %2 can't be read; make sure that you have rights to it"_s;
+const QString kCut = u"%1: the file %2 could not be read to its end"_s;
 
 enum class PhotoText { Rewrite, Keep };
 
-/// @return false if it was stopped
-bool AppendFile(store::DataSource& data, const files::Disk& disk, const QString& file, const std::function<bool()>& goOn)
+/// A picture on its way into its row: the file is read while the record is stored.
+class PictureFile
 {
-    int pieces = 0;
-    bool whole = true;
-    disk.ReadPieces(file, [&](QByteArrayView piece) {
-        for (qsizetype at = 0; at < piece.size(); at += kPiece) {
-            if (++pieces % kBetweenTurns == 0 && !goOn())
-                return whole = false;
-            const QByteArrayView some = piece.sliced(at, std::min(kPiece, piece.size() - at));
-            store::AppendChunk(data, fields::FRONTPHOTO, some.toByteArray());
-        }
-        return true;
-    });
-    return whole;
-}
+public:
+    struct Stopped
+    {};
+
+    PictureFile(const files::Disk& disk, const QString& file, const std::function<bool()>& goOn)
+        : m_file(disk.ToNative(file))
+        , m_goOn(goOn)
+    {}
+
+    /// @return false if the file can't be read
+    [[nodiscard]] bool Open() { return m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered); }
+    [[nodiscard]] bool IsCut() const { return m_cut; } ///< what was read of it was less than there should be
+    /// It does not outlive this. Its reading throws Stopped.
+    [[nodiscard]] QVariant Value()
+    {
+        return engine::LongValue({m_file.size(), [this](qint64 offset, qint64 bytes) { return Read(offset, bytes); }});
+    }
+
+private:
+    QByteArray Read(qint64 offset, qint64 bytes)
+    {
+        if (offset / kBetweenTurns > m_turned && !m_goOn())
+            throw Stopped();
+        m_turned = offset / kBetweenTurns;
+        QByteArray piece = m_file.seek(offset) ? m_file.read(bytes) : QByteArray();
+        m_cut = m_cut || piece.size() < bytes;
+        return piece;
+    }
+
+    QFile m_file;
+    const std::function<bool()>& m_goOn;
+    qint64 m_turned = 0;
+    bool m_cut = false;
+};
 
 class Images
 {
@@ -78,22 +101,33 @@ public:
             result.notIn.append((empty ? kEmpty : kNotThere).arg(Key(), file));
             return;
         }
-        store::Change change(m_data, kWords);
-        try {
-            result.stopped = !AppendFile(m_data, m_desk.Disk(), file, goOn);
-        } catch (const RuntimeError& failure) {
-            result.notIn.append(kNotRead.arg(Key(), failure.Description()));
+        PictureFile picture(m_desk.Disk(), file, goOn);
+        if (!picture.Open()) {
+            result.notIn.append(kNotRead.arg(Key(), file));
             return;
         }
-        if (result.stopped)
-            return;
-        if (m_photoText == PhotoText::Rewrite)
-            change.Set(fields::PHOTOS, photos::PhotoList({{kFrontView, stem}}).Text());
-        change.Store();
-        ++result.in;
+        try {
+            Store(picture, stem);
+            ++result.in;
+        } catch (const PictureFile::Stopped&) {
+            result.stopped = true;
+        } catch (const RuntimeError&) {
+            if (!picture.IsCut())
+                throw;
+            result.notIn.append(kCut.arg(Key(), file));
+        }
     }
 
 private:
+    void Store(PictureFile& picture, const QString& stem)
+    {
+        store::Change change(m_data, kWords);
+        change.Set(fields::FRONTPHOTO, picture.Value());
+        if (m_photoText == PhotoText::Rewrite)
+            change.Set(fields::PHOTOS, photos::PhotoList({{kFrontView, stem}}).Text());
+        change.Store();
+    }
+
     const TransferDesk& m_desk;
     store::DataSource& m_data;
     PhotoText m_photoText;

@@ -16,6 +16,7 @@ struct RowCounts
     int records = 0;    ///< rows read with all their fields, the photo list among them
     int photoLists = 0; ///< photo lists read, with a record or by themselves
     int changes = 0;    ///< rows added, changed or deleted
+    qint64 longest = 0; ///< bytes of a long binary value that went through at once
 };
 
 /// The rows of a store, which are counted where they have a photo list.
@@ -55,20 +56,31 @@ public:
         return m_rows->Read(ids, fields, longs);
     }
     [[nodiscard]] std::optional<qint64> Version(engine::Bookmark id) override { return m_rows->Version(id); }
-    [[nodiscard]] QVariant ReadLong(engine::Bookmark id, int field) override { return m_rows->ReadLong(id, field); }
+    [[nodiscard]] QVariant ReadLong(engine::Bookmark id, int field) override
+    {
+        const QVariant value = m_rows->ReadLong(id, field);
+        Note(value);
+        return value;
+    }
     [[nodiscard]] QByteArray ReadPiece(engine::Bookmark id, int source, qint64 offset, qint64 bytes) override
     {
-        return m_rows->ReadPiece(id, source, offset, bytes);
+        const QByteArray piece = m_rows->ReadPiece(id, source, offset, bytes);
+        Note(piece);
+        return piece;
     }
     [[nodiscard]] engine::Bookmark Insert(const engine::RowChanges& values) override
     {
         m_counts.changes += m_comps;
+        for (const auto& [field, value] : values)
+            Note(value);
         return m_rows->Insert(values);
     }
     [[nodiscard]] engine::UpdateOutcome Update(engine::Bookmark id, qint64 version,
                                                const engine::RowChanges& values) override
     {
         m_counts.changes += m_comps;
+        for (const auto& [field, value] : values)
+            Note(value);
         return m_rows->Update(id, version, values);
     }
     [[nodiscard]] bool Delete(engine::Bookmark id) override
@@ -97,6 +109,12 @@ public:
     }
 
 private:
+    void Note(const QVariant& value)
+    {
+        if (value.typeId() == QMetaType::QByteArray)
+            m_counts.longest = std::max<qint64>(m_counts.longest, value.toByteArray().size());
+    }
+
     std::unique_ptr<engine::RowStore> m_rows;
     RowCounts& m_counts;
     bool m_comps;
@@ -183,7 +201,7 @@ class CountingBackEnd final : public engine::BackEnd
 {
 public:
     CountingBackEnd(const files::Disk& disk, RowCounts& counts)
-        : m_own(std::move(engine::BuiltInBackEnds(disk, {}).back()))
+        : m_own(std::move(engine::BuiltInBackEnds(disk, NoOther()).back()))
         , m_counts(counts)
     {}
 
@@ -203,6 +221,12 @@ public:
     }
 
 private:
+    /// A statement that names another file finds it of the same kind.
+    [[nodiscard]] static engine::OpenForeign NoOther()
+    {
+        return [](const QString&) { return std::shared_ptr<engine::Database>(); };
+    }
+
     std::unique_ptr<engine::BackEnd> m_own;
     RowCounts& m_counts;
     const text::TimeSource* m_time = nullptr;
