@@ -4,11 +4,43 @@
 
 #include <QDateTime>
 
+#include <array>
+
 #include <sqlite3.h>
 
 namespace vasclip::engine {
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// A short text of plain letters, as most are, in UTF-8 without a heap's piece for it.
+class ShortText
+{
+public:
+    /// @return false for one that is longer, or has other letters
+    [[nodiscard]] bool Take(QStringView text)
+    {
+        if (text.size() > static_cast<qsizetype>(m_letters.size()))
+            return false;
+        m_size = static_cast<int>(text.size());
+        char16_t all = 0;
+        for (int i = 0; i < m_size; ++i) {
+            const char16_t letter = text[i].unicode();
+            all |= letter;
+            m_letters[static_cast<std::size_t>(i)] = static_cast<char>(letter);
+        }
+        return all < 0x80;
+    }
+    [[nodiscard]] const char* Data() const { return m_letters.data(); }
+    [[nodiscard]] int Size() const { return m_size; }
+
+private:
+    std::array<char, 64> m_letters{};
+    int m_size = 0;
+};
+
+} // namespace
 
 int BindValue(sqlite3_stmt* statement, int index, const QVariant& value)
 {
@@ -16,7 +48,10 @@ int BindValue(sqlite3_stmt* statement, int index, const QVariant& value)
     case QMetaType::UnknownType:
         return sqlite3_bind_null(statement, index);
     case QMetaType::QString: {
-        const QByteArray utf8 = value.toString().toUtf8();
+        const QString& text = *static_cast<const QString*>(value.constData());
+        if (ShortText plain; plain.Take(text))
+            return sqlite3_bind_text(statement, index, plain.Data(), plain.Size(), SQLITE_TRANSIENT);
+        const QByteArray utf8 = text.toUtf8();
         return sqlite3_bind_text64(statement, index, utf8.constData(),
                                    static_cast<sqlite3_uint64>(utf8.size()), SQLITE_TRANSIENT, SQLITE_UTF8);
     }

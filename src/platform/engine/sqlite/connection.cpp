@@ -319,6 +319,8 @@ void Connection::DetachAll()
 
 sqlite3_stmt* Connection::Take(const QString& sql)
 {
+    if (m_lastIdle != nullptr && m_lastSql == sql)
+        return std::exchange(m_lastIdle, nullptr);
     if (sqlite3_stmt* idle = m_idle.take(sql))
         return idle;
     Waiting().NeedFree();
@@ -333,9 +335,21 @@ void Connection::GiveBack(const QString& sql, sqlite3_stmt* statement)
 {
     sqlite3_reset(statement);
     sqlite3_clear_bindings(statement);
+    // A walk runs one statement again and again, which need not be looked up.
+    if (m_lastIdle != nullptr)
+        KeepIdle(m_lastSql, m_lastIdle);
+    m_lastSql = sql;
+    m_lastIdle = statement;
+}
+
+void Connection::KeepIdle(const QString& sql, sqlite3_stmt* statement)
+{
     constexpr qsizetype kMostIdle = 100;
-    if (m_idle.size() >= kMostIdle)
-        ForgetStatements();
+    if (m_idle.size() >= kMostIdle) {
+        for (sqlite3_stmt* idle : std::as_const(m_idle))
+            sqlite3_finalize(idle);
+        m_idle.clear();
+    }
     sqlite3_stmt*& place = m_idle[sql];
     if (place)
         sqlite3_finalize(place);
@@ -347,6 +361,7 @@ void Connection::ForgetStatements()
     for (sqlite3_stmt* statement : std::as_const(m_idle))
         sqlite3_finalize(statement);
     m_idle.clear();
+    sqlite3_finalize(std::exchange(m_lastIdle, nullptr));
 }
 
 Query& Query::Bind(int index, const QVariant& value)

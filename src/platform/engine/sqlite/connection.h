@@ -146,6 +146,7 @@ private:
     void CarryStamp();
     [[nodiscard]] sqlite3_stmt* Take(const QString& sql);
     void GiveBack(const QString& sql, sqlite3_stmt* statement);
+    void KeepIdle(const QString& sql, sqlite3_stmt* statement);
     void ForgetStatements();
     [[nodiscard]] QString FileOfError() const;
 
@@ -153,6 +154,8 @@ private:
     LockWait m_lockWait{m_setup.waits.get(), {}};
     sqlite3* m_handle = nullptr;
     QHash<QString, sqlite3_stmt*> m_idle;
+    QString m_lastSql; ///< of the statement that was given back last
+    sqlite3_stmt* m_lastIdle = nullptr; ///< it, until it is taken again or makes room for another one
     QHash<QString, SchemaState> m_tables;
     QHash<QString, int> m_uses;
     std::map<QString, TextIndexCheck> m_textChecks; ///< what is handed out stays where it is
