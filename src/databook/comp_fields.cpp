@@ -64,6 +64,11 @@ QString PriceGla(const QString& sellingPrice, const QString& gla)
 
 QString AgeText(const QString& yearBuilt, const QString& saleDate, QDate today)
 {
+    return AgeText(yearBuilt, saleDate, [&] { return common::IsDate(saleDate, today); });
+}
+
+QString AgeText(const QString& yearBuilt, const QString& saleDate, const std::function<bool()>& isDate)
+{
     QString kept;
     int digits = 0;
     for (const QChar letter : yearBuilt.first(std::min<qsizetype>(4, yearBuilt.size()))) {
@@ -76,7 +81,7 @@ QString AgeText(const QString& yearBuilt, const QString& saleDate, QDate today)
         return {};
     if (digits < 4)
         return kept;
-    if (!common::IsDate(saleDate, today))
+    if (!isDate())
         return {};
     const double age = text::Val(saleDate.right(4)) - text::Val(kept);
     return age >= 1 ? text::Dec(static_cast<qint64>(age)) : QString();

@@ -6,6 +6,8 @@
 
 #include <QDate>
 
+#include <functional>
+
 namespace vasclip::databook {
 
 using namespace Qt::StringLiterals;
@@ -24,6 +26,8 @@ inline const QString kPendingDate = u"01/01/1900"_s;
 /// @param saleDate   its last four characters are the year of sale; a text that is no date gives ""
 /// @return years as text; "" for less than 1
 [[nodiscard]] QString AgeText(const QString& yearBuilt, const QString& saleDate, QDate today);
+/// Likewise. @param isDate  whether saleDate is one; asked only where its year is needed
+[[nodiscard]] QString AgeText(const QString& yearBuilt, const QString& saleDate, const std::function<bool()>& isDate);
 
 /// The letters of a text.
 [[nodiscard]] QString AlphaOnly(const QString& text);

@@ -24,7 +24,9 @@ ChangeWalk::ChangeWalk(DataSource& source, const QStringList& fields, const QStr
     , m_words(words)
 {
     for (int i = 0; i < m_rows.Fields().size(); ++i)
-        m_byName.insert(m_rows.Fields().at(i).name.toUpper(), i);
+        m_names.append(m_rows.Fields().at(i).name.toUpper());
+    for (int i = 0; i < m_names.size(); ++i)
+        m_byName.insert(m_names.at(i), i);
     m_key = FieldIndex(kKeyIndex);
 }
 
@@ -50,7 +52,7 @@ void ChangeWalk::Set(int field, const QVariant& value)
     }
     if (!m_step)
         m_step = StepOf(Step::Kind::Edited, m_words);
-    const QString name = FieldAt(field).name.toUpper();
+    const QString& name = NameAt(field);
     const QVariant before = Value(field);
     m_rows.Set(field, value);
     if (!m_step->before.contains(name))

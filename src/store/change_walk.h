@@ -22,6 +22,7 @@ public:
     [[nodiscard]] bool Next() { return m_rows.Next(); } ///< drops what was set and not stored. @return false at the end
     [[nodiscard]] int FieldIndex(const QString& name) const; ///< -1 if there is none
     [[nodiscard]] const engine::Field& FieldAt(int field) const { return m_rows.Fields().at(field); }
+    [[nodiscard]] const QString& NameAt(int field) const { return m_names.at(field); } ///< in capitals
     [[nodiscard]] const QVariant& Value(int field) const { return m_rows.Value(field); }
     void Set(int field, const QVariant& value);
     void Store();                      ///< the record that it stands on
@@ -35,6 +36,7 @@ private:
     engine::RowWalk m_rows;
     QString m_table;
     QString m_words;
+    QStringList m_names; ///< of the fields, in capitals
     QHash<QString, int> m_byName;
     int m_key = -1;
     std::optional<Step> m_step; ///< of the record that it stands on, while there is a watcher

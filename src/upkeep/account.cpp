@@ -5,6 +5,8 @@
 
 #include <QSaveFile>
 
+#include <algorithm>
+
 namespace vasclip::upkeep {
 
 using namespace Qt::Literals::StringLiterals;
@@ -16,49 +18,54 @@ constexpr auto kDeleted = "deleted"_L1;
 constexpr auto kRemark = "note"_L1;
 const QString kColumns = u"RECORD\tWHAT\tFIELD\tBEFORE\tAFTER"_s;
 
-/// Appends a text as one of the columns of a line; most are a few plain letters, which need no conversion.
-void AddColumn(QByteArray& line, QStringView text)
+constexpr qsizetype kMostBytes = 3; ///< that a letter takes in a line
+
+/// Writes a text as one of the columns of a line; most are a few plain letters, which need no conversion.
+/// @param to  where there is room for kMostBytes a letter. @return where the line goes on
+char* WriteColumn(char* to, QStringView text)
 {
-    for (qsizetype at = 0; at < text.size(); ++at) {
-        const char16_t letter = text[at].unicode();
-        switch (letter) {
-        case u'\\':
-            line += "\\\\";
-            break;
-        case u'\t':
-            line += "\\t";
-            break;
-        case u'\r':
-            line += "\\r";
-            break;
-        case u'\n':
-            line += "\\n";
-            break;
-        default:
-            if (letter < 0x80) {
-                line += static_cast<char>(letter);
-                break;
-            }
-            qsizetype end = at + 1;
-            while (end < text.size() && text[end].unicode() >= 0x80)
-                ++end;
-            line += text.sliced(at, end - at).toUtf8();
-            at = end - 1;
+    const auto escaped = [&to](char letter) {
+        *to++ = '\\';
+        *to++ = letter;
+    };
+    for (const char16_t *at = text.utf16(), *end = at + text.size(); at != end; ++at) {
+        const char16_t letter = *at;
+        if (letter >= 0x80) {
+            const char16_t* plain = std::find_if(at, end, [](char16_t one) { return one < 0x80; });
+            const QByteArray wide = QStringView(at, plain).toUtf8();
+            to = std::copy(wide.begin(), wide.end(), to);
+            at = plain - 1;
+        } else if (letter > u'\r' && letter != u'\\') {
+            *to++ = static_cast<char>(letter);
+        } else if (letter == u'\\') {
+            escaped('\\');
+        } else if (letter == u'\t') {
+            escaped('t');
+        } else if (letter == u'\r') {
+            escaped('r');
+        } else if (letter == u'\n') {
+            escaped('n');
+        } else {
+            *to++ = static_cast<char>(letter);
         }
     }
+    return to;
 }
 
-QByteArray LineOf(QStringView key, QLatin1StringView what, QStringView field, QStringView before, QStringView after)
+/// @param line  that is written over
+void WriteLine(QByteArray& line, QStringView key, QLatin1StringView what, QStringView field, QStringView before,
+               QStringView after)
 {
-    QByteArray line;
-    line.reserve(key.size() + what.size() + field.size() + before.size() + after.size() + 16);
-    AddColumn(line, key);
-    line.append('\t').append(what.data(), what.size());
+    line.resize(kMostBytes * (key.size() + field.size() + before.size() + after.size()) + what.size() + 4);
+    char* const begin = line.data();
+    char* to = WriteColumn(begin, key);
+    *to++ = '\t';
+    to = std::copy(what.begin(), what.end(), to);
     for (const QStringView text : {field, before, after}) {
-        line += '\t';
-        AddColumn(line, text);
+        *to++ = '\t';
+        to = WriteColumn(to, text);
     }
-    return line;
+    line.truncate(to - begin);
 }
 
 /// A text as the list shows it; a record's photos stand on lines of their own.
@@ -78,6 +85,12 @@ void Account::Begin(const QString& heading)
     m_fields.clear();
 }
 
+void Account::Add(QStringView key, QLatin1StringView what, QStringView field, QStringView before, QStringView after)
+{
+    WriteLine(m_line, key, what, field, before, after);
+    m_lines.Append(m_line);
+}
+
 void Account::TakeBack()
 {
     Begin(m_heading);
@@ -87,7 +100,7 @@ void Account::Changed(const QString& key, const QString& field, const QString& b
 {
     const QString was = text::Trim(before);
     const QString is = text::Trim(after);
-    m_lines.Append(LineOf(key, kChanged, field, was, is));
+    Add(key, kChanged, field, was, is);
     Tally& tally = m_fields[field];
     ++tally.changed;
     if (!was.isEmpty() && is.isEmpty())
@@ -99,12 +112,12 @@ void Account::Deleted(const QString& key, const store::Record& record, const QSt
     ++m_removed;
     for (const QString& field : fields)
         if (const QString held = record.Text(field); !held.isEmpty())
-            m_lines.Append(LineOf(key, kDeleted, field, held, {}));
+            Add(key, kDeleted, field, held, {});
 }
 
 void Account::Remark(const QString& key, const QString& words)
 {
-    m_lines.Append(LineOf(key, kRemark, {}, words, {}));
+    Add(key, kRemark, {}, words, {});
 }
 
 QString Account::Summary() const

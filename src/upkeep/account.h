@@ -47,7 +47,10 @@ private:
         qint64 emptied = 0;
     };
 
+    void Add(QStringView key, QLatin1StringView what, QStringView field, QStringView before, QStringView after);
+
     LineFile m_lines;
+    QByteArray m_line; ///< the last one, whose room is used again
     QString m_heading;
     qint64 m_seen = 0, m_changed = 0, m_removed = 0;
     QMap<QString, Tally> m_fields;

@@ -53,6 +53,14 @@ bool RecalcDate(RowEdit& row, const QString& dateField, const QString& serialFie
     return !both.date.isEmpty() && !both.pending;
 }
 
+/// Is it a whole number just as Str writes one?
+bool IsWritten(const QString& number)
+{
+    constexpr qsizetype kMostDigits = 9;
+    return !number.isEmpty() && number.size() <= kMostDigits && (number.size() == 1 || number.front() != u'0') &&
+           std::ranges::all_of(number, [](QChar letter) { return letter >= u'0' && letter <= u'9'; });
+}
+
 QString Number(const RowEdit& row, const QString& field)
 {
     const QString text = row.Text(field);
@@ -70,7 +78,10 @@ const StoredDates::Both& StoredDates::Of(const QString& text)
             m_known.clear();
         const QString date = StoredDate(WithCentury(text, m_today), m_today);
         const bool turned = date == databook::kPendingDate && StoredDate(text, m_today) != date;
-        known = m_known.insert(text, {date, date.isEmpty() ? QString() : databook::SerialText(date, m_today), turned});
+        known = m_known.insert(text, {.date = date,
+                                      .serial = date.isEmpty() ? QString() : databook::SerialText(date, m_today),
+                                      .pending = turned,
+                                      .isDate = common::IsDate(date, m_today)});
     }
     return *known;
 }
@@ -80,11 +91,13 @@ void RecalcPriceSqFt(RowEdit& row)
     row.Set(fields::PRICEGLA, databook::PriceGla(Number(row, fields::SELLINGPR), Number(row, fields::GLA)));
 }
 
-void RecalcAge(RowEdit& row, StoredDates& dates, QDate today)
+void RecalcAge(RowEdit& row, StoredDates& dates)
 {
-    const QString sale = dates.Of(row.Text(fields::SALEDATE)).date;
-    const QString age = sale.isEmpty() ? QString() : databook::AgeText(row.Text(fields::YEARBUILT), sale, today);
-    row.Set(fields::AGE, text::Trim(text::Str(text::Val(age))));
+    const StoredDates::Both& sale = dates.Of(row.Text(fields::SALEDATE));
+    const QString age = sale.date.isEmpty() ? QString()
+                                            : databook::AgeText(row.Text(fields::YEARBUILT), sale.date,
+                                                                [&sale] { return sale.isDate; });
+    row.Set(fields::AGE, IsWritten(age) ? age : text::Trim(text::Str(text::Val(age))));
 }
 
 void RecalcSaleDate(RowEdit& row, StoredDates& dates)

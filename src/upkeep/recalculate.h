@@ -23,6 +23,7 @@ public:
         QString date; ///< MM/DD/YYYY; "" for what is no date
         QString serial;
         bool pending = false; ///< the text is a day that means none, as one of the future
+        bool isDate = false;  ///< what `date` reads as
     };
     explicit StoredDates(QDate today)
         : m_today(today)
@@ -35,7 +36,7 @@ private:
 };
 
 /// AGE of YEARBUILT at the sale, on the day that RecalcSaleDate stores; "0" without a sale date.
-void RecalcAge(RowEdit& row, StoredDates& dates, QDate today);
+void RecalcAge(RowEdit& row, StoredDates& dates);
 /// SALEDATE as MM/DD/YYYY with its serial; what is no date becomes a pending sale, and SALEFLD says so.
 void RecalcSaleDate(RowEdit& row, StoredDates& dates);
 /// The same of LOADDATE, which no text stands beside.

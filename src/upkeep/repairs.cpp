@@ -76,7 +76,7 @@ QString RepairWalk::Gauge() const
 void RepairWalk::Recalculate(RowEdit& row)
 {
     RecalcPriceSqFt(row);
-    RecalcAge(row, m_dates, m_today);
+    RecalcAge(row, m_dates);
     RecalcSaleDate(row, m_dates);
     RecalcLoadDate(row, m_dates);
     FixFrontFlag(row);

@@ -60,7 +60,7 @@ void RowEdit::Set(const QString& field, const QString& text)
         m_changed = true;
     }
     m_rows.Set(index, fitted);
-    m_account.Changed(Key(), column.name.toUpper(), before, fitted);
+    m_account.Changed(Key(), m_rows.NameAt(index), before, fitted);
 }
 
 void RowEdit::Store()

@@ -198,18 +198,18 @@ TEST_F(Routines, AnAgeIsTakenAgainstTheSaleAndIsZeroWithoutOne)
     StoredDates known(today);
     Comp(u"1 A ST"_s, {{u"YEARBUILT"_s, u"1990"_s}, {u"SALEDATE"_s, u"6/1/2001"_s}});
     Bind(source);
-    EXPECT_EQ(After(u"AGE"_s, [&](RowEdit& row) { RecalcAge(row, known, today); }), u"11"_s);
+    EXPECT_EQ(After(u"AGE"_s, [&](RowEdit& row) { RecalcAge(row, known); }), u"11"_s);
     EXPECT_EQ(After(u"AGE"_s,
                     [&](RowEdit& row) {
                         row.Set(u"SALEDATE"_s, u"n/a"_s);
-                        RecalcAge(row, known, today);
+                        RecalcAge(row, known);
                     }),
               u"0"_s);
     EXPECT_EQ(After(u"AGE"_s,
                     [&](RowEdit& row) {
                         row.Set(u"SALEDATE"_s, u"6/1/2001"_s);
                         row.Set(u"YEARBUILT"_s, u"45"_s);
-                        RecalcAge(row, known, today);
+                        RecalcAge(row, known);
                     }),
               u"45"_s)
         << "an age already";
