@@ -25,32 +25,6 @@ QStringList HintsOf(const street::Address& address)
     return hints;
 }
 
-/// Does an address as it is written begin with a number and go on with one of the words that are looked for?
-bool Hinted(const QHash<QString, int>& hints, const QString& written)
-{
-    qsizetype end = 0;
-    while (end < written.size() && written[end].isDigit())
-        ++end;
-    if (end == 0)
-        return written.contains(u'-') || (!written.isEmpty() && written[0].isLetter()); // "N65W1234", "12-34": parse
-    const QString number = written.left(end) + u' ';
-    for (qsizetype at = end; at < written.size();) {
-        while (at < written.size() && !written[at].isLetterOrNumber())
-            ++at;
-        const qsizetype from = at;
-        while (at < written.size() && written[at].isLetterOrNumber())
-            ++at;
-        if (at == from)
-            break;
-        QString word = written.mid(from, at - from).toUpper();
-        if (const QString ordinal = street::OrdinalOf(word); !ordinal.isEmpty())
-            word = ordinal;
-        if (hints.contains(number + word.left(3)))
-            return true;
-    }
-    return false;
-}
-
 } // namespace
 
 void AddressTwins::Want(const QString& name, const QString& address, const QString& city)
@@ -64,7 +38,36 @@ void AddressTwins::Want(const QString& name, const QString& address, const QStri
             m_among.insert(name, m_among.value(found->name, found->name));
     m_wanted.insert(house, {name, text::Trim(city)});
     for (const QString& hint : HintsOf(parsed))
-        ++m_hints[hint];
+        m_hints.insert(hint);
+    m_numbers.insert(QString::number(parsed.number.value));
+}
+
+bool AddressTwins::Hinted(const QString& written) const
+{
+    qsizetype end = 0;
+    while (end < written.size() && written[end].isDigit())
+        ++end;
+    if (end == 0)
+        return written.contains(u'-') || (!written.isEmpty() && written[0].isLetter()); // "N65W1234", "12-34": parse
+    if (!m_numbers.contains(QString::fromRawData(written.constData(), end)))
+        return false;
+    const QString number = written.left(end) + u' ';
+    for (qsizetype at = end; at < written.size();) {
+        while (at < written.size() && !written[at].isLetterOrNumber())
+            ++at;
+        const qsizetype from = at;
+        while (at < written.size() && written[at].isLetterOrNumber())
+            ++at;
+        if (at == from)
+            break;
+        const QString word = written.mid(from, at - from).toUpper();
+        if (m_hints.contains(number + word.left(3)))
+            return true;
+        const QString ordinal = street::OrdinalOf(word);
+        if (!ordinal.isEmpty() && m_hints.contains(number + ordinal.left(3)))
+            return true;
+    }
+    return false;
 }
 
 QHash<QString, QString> AddressTwins::Find(const TransferDesk& desk, const WorkStep& step) const
@@ -84,7 +87,7 @@ QHash<QString, QString> AddressTwins::Find(const TransferDesk& desk, const WorkS
         const QString key = record->Values().at(0).toString();
         const QString address = record->Values().at(1).toString();
         const QString& written = text::Trim(address).isEmpty() ? key : address;
-        if (!Hinted(m_hints, written))
+        if (!Hinted(written))
             continue;
         const QString house = databook::HouseOf(written);
         for (auto found = m_wanted.constFind(house); found != m_wanted.cend() && found.key() == house; ++found)

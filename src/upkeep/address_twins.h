@@ -3,6 +3,7 @@
 #include "upkeep/transfer_desk.h"
 
 #include <QHash>
+#include <QSet>
 
 namespace vasclip::upkeep {
 
@@ -19,13 +20,17 @@ public:
     [[nodiscard]] const QHash<QString, QString>& Among() const { return m_among; }
 
 private:
+    /// Does an address as it is written begin with a number and go on with one of the words that are looked for?
+    [[nodiscard]] bool Hinted(const QString& written) const;
+
     struct Wanted
     {
         QString name, city;
     };
     QMultiHash<QString, Wanted> m_wanted; ///< by house
     QHash<QString, QString> m_among;
-    QHash<QString, int> m_hints;          ///< number and a word: only where one is met an address is parsed
+    QSet<QString> m_numbers;              ///< of the houses, as they are written
+    QSet<QString> m_hints;                ///< number and a word: only where one is met an address is parsed
 };
 
 } // namespace vasclip::upkeep
