@@ -2,7 +2,6 @@
 
 #include "shell/frm_main.h"
 
-#include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -21,12 +20,6 @@ constexpr auto kListText = "Sales of March;;;;;\r\n"
                            "2203 Tour Ave;Marlow;2.4.2019;298.000,00;1.520;\"grey; white\"\r\n"
                            "2205 Tour Ave;Marlow;5.4.2019;on request;1.700;green\r\n"
                            "2207 Tour Ave;Cedar;11.4.2019;355.900,50;2.010;red\r\n";
-
-void Click(const QWidget& dialog, const QString& button)
-{
-    if (auto* found = dialog.findChild<QAbstractButton*>(button))
-        found->click();
-}
 
 /// Names the tour's own file, so that none of the user's is touched.
 void NameFile(const QWidget& dialog, const QString& file = kName)

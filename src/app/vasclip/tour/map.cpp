@@ -53,12 +53,6 @@ void Write(const QWidget& window, const QString& box, const QString& text)
     }
 }
 
-void Click(const QWidget& window, const QString& button)
-{
-    if (auto* found = window.findChild<QAbstractButton*>(button))
-        found->click();
-}
-
 void Point(QWidget& view, QEvent::Type type, QPointF at, Qt::MouseButtons held)
 {
     const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;

@@ -27,12 +27,6 @@ const QString kOffice = u"HARBOR.MDB"_s;
 const QString kOldBook = u"OLDBOOK.MDB"_s;
 const QString kCopy = u"TOUROLD.MDB"_s;
 
-void Click(const QWidget& dialog, const QString& button)
-{
-    if (auto* found = dialog.findChild<QAbstractButton*>(button))
-        found->click();
-}
-
 QSet<QString> Keys(const Stage& stage)
 {
     const store::Rows rows = store::ReadRows(

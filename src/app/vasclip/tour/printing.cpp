@@ -2,7 +2,6 @@
 
 #include "app/vasclip/tour/steps.h"
 
-#include <QAbstractButton>
 #include <QComboBox>
 #include <QFileInfo>
 #include <QLineEdit>
@@ -18,12 +17,6 @@ template <typename Widget>
 Widget* Find(const QWidget& window, const QString& name)
 {
     return window.findChild<Widget*>(name);
-}
-
-void Click(const QWidget& window, const QString& button)
-{
-    if (auto* found = Find<QAbstractButton>(window, button))
-        found->click();
 }
 
 /// Saves by the dialog that asks for the file's name.

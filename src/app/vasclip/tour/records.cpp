@@ -5,7 +5,6 @@
 #include "store/fields.h"
 #include "store/record.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -32,12 +31,6 @@ void Press(QWidget& widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoMod
     QKeyEvent up(QEvent::KeyRelease, key, modifiers);
     QApplication::sendEvent(&widget, &down);
     QApplication::sendEvent(&widget, &up);
-}
-
-void Click(const QWidget& window, const QString& button)
-{
-    if (auto* found = window.findChild<QAbstractButton*>(button))
-        found->click();
 }
 
 /// As if typed: a text that is set is not told to the control.

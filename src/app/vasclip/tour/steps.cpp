@@ -1,5 +1,7 @@
 #include "app/vasclip/tour/steps.h"
 
+#include <QAbstractButton>
+
 namespace vasclip::app {
 
 using namespace Qt::Literals::StringLiterals;
@@ -68,6 +70,12 @@ bool LookAt(const Stage& stage, const QString& entry, const QString& name, const
         });
     stage.tour.Step(u"Looked at %1."_s.arg(entry));
     return chosen && shown;
+}
+
+void Click(const QWidget& window, const QString& button)
+{
+    if (auto* found = window.findChild<QAbstractButton*>(button))
+        found->click();
 }
 
 } // namespace vasclip::app

@@ -35,6 +35,8 @@ struct TourStep
 /// @param name  of the picture
 /// @param more  what else is done on the dialog
 bool LookAt(const Stage& stage, const QString& entry, const QString& name, const Tour::Visit& more = {});
+/// Presses a button of a window by its name; nothing where there is none.
+void Click(const QWidget& window, const QString& button);
 
 // tour/report.cpp
 bool Started(const Stage& stage);
