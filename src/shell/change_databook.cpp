@@ -5,7 +5,6 @@
 #include "common/error_block.h"
 #include "databook/databook_upgrade.h"
 #include "databook/switch_databook.h"
-#include "platform/engine/genuine_file.h"
 #include "platform/text/text.h"
 #include "shell/convert_offer.h"
 #include "shell/frm_change_db.h"
@@ -36,8 +35,7 @@ void DatabookInUse::ChangeDatabase()
 /// change goes on with the fields that the file has.
 void DatabookInUse::OfferUpgrade(const QString& path)
 {
-    if (m_program.life.readOnlyHome || !m_program.Disk().Found(path, files::ReadOnly | files::Hidden) ||
-        engine::IsGenuineFile(m_program.Disk(), path))
+    if (m_program.life.readOnlyHome || !m_program.Disk().Found(path, files::ReadOnly | files::Hidden))
         return;
     store::DataSource none(m_program.Engine(), u"datDatabook"_s); // the present Databook stays open
     try {

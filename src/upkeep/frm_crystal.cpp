@@ -9,6 +9,7 @@
 #include "upkeep/layout_files.h"
 #include "upkeep/report_question.h"
 #include "upkeep/report_table.h"
+#include "upkeep/target_file.h"
 
 namespace vasclip::upkeep {
 
@@ -122,7 +123,7 @@ void frm_Crystal::cboLayout_Click()
 
 void frm_Crystal::Release()
 {
-    datReport.Close();
+    CloseDatabasemdb(datReport);
     datReport.SetDatabaseName({});
     datReport.SetRecordSource({});
 }

@@ -1,22 +1,16 @@
 #include "keys.h"
+#include "report_windows.h"
 
 #include "common/paths.h"
 #include "map/messages.h"
 #include "shell/map_parts.h"
-#include "shell/report_home.h"
 #include "support/map_home.h"
-#include "windows/guard.h"
-#include "windows/main_window.h"
 #include "windows/map_view.h"
 #include "windows/record_grid.h"
-#include "windows/theme.h"
 
 #include <QGroupBox>
-#include <QLabel>
 #include <QPainter>
-#include <QPushButton>
 #include <QScrollArea>
-#include <QSettings>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QWheelEvent>
@@ -28,20 +22,13 @@
 namespace vasclip::windows {
 namespace {
 
-using namespace Qt::Literals::StringLiterals;
-
 constexpr int kComps = 9;
 constexpr qint32 kFirstComp = 2;
 constexpr int kPutRight = 3; ///< the comp whose place is corrected
 
-class MapRoads : public shell::ReportHome
+class MapRoads : public ReportWindows
 {
 protected:
-    EventGuard guard{doubles.prompter, {}};
-    QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
-    Theme theme{*qApp, &settings};
-    std::unique_ptr<MainWindow> window;
-
     static QString Address(int n) { return u"%1 Row %2 St"_s.arg(n * 100 + 50).arg(n); }
 
     void SetUp() override
@@ -59,7 +46,7 @@ protected:
                 {{u"FORMTYPE"_s, u"UA5"_s}, {u"FORMNAME"_s, u"CMP"_s}, {u"FIELDNAME"_s, u"PROXIMITY"_s},
                  {u"ROW"_s, QString::number(20 + base)}, {u"CELL"_s, u"1"_s}, {u"COMPTYPE"_s, u"SALE"_s},
                  {u"COMP"_s, QString::number(base)}, {u"OFFSET"_s, u"1"_s}});
-        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
+        StartProgram();
         ASSERT_TRUE(main.linkState.linkActive);
         main.report.txtSubject.SetText(u"110 Row 1 St"_s);
         main.addr.txtKelCity.SetText(u"Elmsford"_s);
@@ -67,18 +54,17 @@ protected:
         for (int n = 1; n <= kComps; ++n)
             main.report.txtComp(n).SetText(Address(n));
         MakeMaps(home.disk.ToNative(common::CkRSlash(main.globals.cellData)));
-        window = std::make_unique<MainWindow>(main.controls, main.drags.Router(), main, guard, theme, settings);
-        window->ShowMap(main.map);
-        window->resize(1366, 768);
-        window->show();
-        ASSERT_TRUE(Activate(*window));
+        MakeMainWindow();
+        mainWindow->ShowMap(main.map);
+        mainWindow->show();
+        ASSERT_TRUE(Activate(*mainWindow));
         conduit.pokes.clear();
         conduit.commands.clear();
     }
     [[nodiscard]] street::StreetMap& Map() { return main.map.Engine(); }
-    [[nodiscard]] MapView& View() { return *window->findChild<MapView*>(); }
+    [[nodiscard]] MapView& View() { return *mainWindow->findChild<MapView*>(); }
     [[nodiscard]] street::Place PlaceOf(int comp) { return Map().Points().at(kFirstComp + comp - 1).place; }
-    [[nodiscard]] QString Told() { return window->findChild<QLabel*>(u"lblmsg"_s)->text(); }
+    [[nodiscard]] QString Told() { return mainWindow->findChild<QLabel*>(u"lblmsg"_s)->text(); }
     [[nodiscard]] QString Field(int comp, const QString& name)
     {
         const auto record = store::ReadRecord(ports, main.sources.datDatabook, Address(comp).toUpper());
@@ -124,18 +110,18 @@ protected:
 
 TEST_F(MapRoads, TextsThatAreNoAddressesLeaveTheWindowAsItIs)
 {
-    window->findChild<QTabWidget*>(u"tabSource"_s)->setCurrentIndex(1);
-    const int before = window->minimumSizeHint().width();
+    mainWindow->findChild<QTabWidget*>(u"tabSource"_s)->setCurrentIndex(1);
+    const int before = mainWindow->minimumSizeHint().width();
     const QString texts[] = {QString(10'000, u'x'), u"'; DROP TABLE COMPS; --"_s, u"\U0001F3E0 \U0001F3E0"_s};
     for (int n = 1; n <= 3; ++n)
         main.report.txtComp(n).SetText(texts[n - 1]);
-    window->findChild<QPushButton*>(u"cmdSubjectAnd"_s)->click();
+    mainWindow->findChild<QPushButton*>(u"cmdSubjectAnd"_s)->click();
     QApplication::processEvents();
     EXPECT_TRUE(Told().startsWith(u"Not found on the map: COMP #1 xxx"_s)) << Told().left(60).toStdString();
     EXPECT_EQ(Map().Points().size(), kComps + 1U - 3U);
     EXPECT_EQ(Field(4, u"ANCHORED"_s), u"0"_s) << "the others are placed and stored";
-    EXPECT_EQ(window->size(), QSize(1366, 768));
-    EXPECT_EQ(window->minimumSizeHint().width(), before);
+    EXPECT_EQ(mainWindow->size(), QSize(1366, 768));
+    EXPECT_EQ(mainWindow->minimumSizeHint().width(), before);
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
 
@@ -146,10 +132,10 @@ TEST_F(MapRoads, RecordsOnBothSidesOfTheDateLineAreShownAndMeasured)
         database->Execute(u"UPDATE COMPS SET ANCHORED = '1', LATITUDE = '52', LONGITUDE = '%1' WHERE CENTRALKEY LIKE '%2*'"_s
                               .arg(longitude, Address(n).toUpper()));
     database->Close();
-    window->findChild<QTabWidget*>(u"tabSource"_s)->setCurrentIndex(1);
+    mainWindow->findChild<QTabWidget*>(u"tabSource"_s)->setCurrentIndex(1);
     for (int n = 3; n <= kComps; ++n)
         main.report.txtComp(n).SetText({});
-    window->findChild<QPushButton*>(u"cmdSubjectAnd"_s)->click();
+    mainWindow->findChild<QPushButton*>(u"cmdSubjectAnd"_s)->click();
     ASSERT_EQ(Map().Points().size(), 3U) << Told().toStdString();
     QImage image(View().size(), QImage::Format_RGB32);
     QPainter painter(&image);
@@ -185,13 +171,13 @@ protected:
         Keys(key, Qt::AltModifier);
         EXPECT_TRUE(QTest::qWaitFor([&] { return Told() != before; }));
     }
-    QWidget* Button(const QString& name) { return window->findChild<QWidget*>(name); }
+    QWidget* Button(const QString& name) { return mainWindow->findChild<QWidget*>(name); }
 };
 
 TEST_F(MapByKeys, AllOfItWithoutAMouse)
 {
-    auto* tabs = window->findChild<QTabWidget*>(u"tabSource"_s);
-    window->Databook().setFocus();
+    auto* tabs = mainWindow->findChild<QTabWidget*>(u"tabSource"_s);
+    mainWindow->Databook().setFocus();
     PressUntil(Qt::Key_F6, tabs->tabBar(), 8);
     Keys(Qt::Key_Right);
     ASSERT_EQ(tabs->currentIndex(), 1);
@@ -222,11 +208,11 @@ class MapByMouse : public MapRoads
 {
 protected:
     /// What lies under the pointer gets the press, whatever was meant.
-    [[nodiscard]] QPoint InWindow(const QWidget& widget, QPoint at) const { return widget.mapTo(window.get(), at); }
-    void Click(QPoint at) { QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, at); }
+    [[nodiscard]] QPoint InWindow(const QWidget& widget, QPoint at) const { return widget.mapTo(mainWindow.get(), at); }
+    void Click(QPoint at) { QTest::mouseClick(mainWindow->windowHandle(), Qt::LeftButton, {}, at); }
     void Click(const QString& name)
     {
-        auto* button = window->findChild<QWidget*>(name);
+        auto* button = mainWindow->findChild<QWidget*>(name);
         ASSERT_NE(button, nullptr) << name.toStdString();
         auto* area = AreaOf(*button);
         for (int turns = 0; area != nullptr && turns < 60 && !Seen(*button, *area); ++turns)
@@ -256,7 +242,7 @@ protected:
     }
     void Drag(QPoint from, QPoint to)
     {
-        QWindow* surface = window->windowHandle();
+        QWindow* surface = mainWindow->windowHandle();
         QTest::mousePress(surface, Qt::LeftButton, {}, from);
         constexpr int kSteps = 8;
         for (int i = 1; i <= kSteps; ++i)
@@ -268,7 +254,7 @@ protected:
 
 TEST_F(MapByMouse, AllOfItWithoutAKey)
 {
-    auto* tabs = window->findChild<QTabWidget*>(u"tabSource"_s);
+    auto* tabs = mainWindow->findChild<QTabWidget*>(u"tabSource"_s);
     Click(InWindow(*tabs->tabBar(), tabs->tabBar()->tabRect(1).center()));
     ASSERT_EQ(tabs->currentIndex(), 1);
     QApplication::processEvents();
@@ -289,7 +275,7 @@ TEST_F(MapByMouse, AllOfItWithoutAKey)
 
 TEST_F(MapByMouse, TheGroupsOfTheTabBearTheirNames)
 {
-    auto* tabs = window->findChild<QTabWidget*>(u"tabSource"_s);
+    auto* tabs = mainWindow->findChild<QTabWidget*>(u"tabSource"_s);
     Click(InWindow(*tabs->tabBar(), tabs->tabBar()->tabRect(1).center()));
     QStringList titles;
     for (const auto* group : View().parentWidget()->findChildren<QGroupBox*>())

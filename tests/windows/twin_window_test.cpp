@@ -1,19 +1,9 @@
+#include "report_windows.h"
 #include "sample_screen.h"
 
 #include "databook/entry_screen.h"
 #include "databook/twin_watch.h"
-#include "shell/report_home.h"
-#include "windows/guard.h"
-#include "windows/main_window.h"
-#include "windows/screens.h"
-#include "windows/theme.h"
 
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QSettings>
-#include <QTest>
 #include <QToolButton>
 
 // Another record at the address that is typed.
@@ -21,23 +11,18 @@
 namespace vasclip::windows {
 namespace {
 
-using namespace Qt::Literals::StringLiterals;
-
 const QString kWords = u"Your record 12 OAK ST stands at this address."_s;
 
-class TwinWindow : public shell::ReportHome
+class TwinWindow : public ReportWindows
 {
 protected:
-    EventGuard guard{doubles.prompter, {}};
-    QSettings settings{home.disk.ToNative(u"C:\\window.ini"_s), QSettings::IniFormat};
-    Theme theme{*qApp, &settings};
     tests::SamplePort port;
 
     void SetUp() override
     {
         ReportHome::SetUp();
         Add(shell::kDatabook, u"COMPS"_s, {{u"CENTRALKEY"_s, u"9 ELM ST"_s.leftJustified(35)}, {u"ADDRESS"_s, u"9 Elm St"_s}});
-        ASSERT_TRUE(guard.Run([&] { main.Form_load(options, splash); }));
+        StartProgram();
     }
     static bool Comes(const QLabel& label)
     {

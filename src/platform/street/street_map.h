@@ -69,7 +69,6 @@ public:
     void SetMaps(std::shared_ptr<const CellSource> cells, std::shared_ptr<const Geocoder> geocoder);
     /// What the last find, geocode or reverse had to choose from, best first.
     [[nodiscard]] const std::vector<Candidate>& Candidates() const { return m_candidates; }
-    [[nodiscard]] bool IsStreetClick() const { return m_streetClick; }
 
     /// The picture that `DrawTo` stores: always light, laid out for paper 7.5 inches wide.
     [[nodiscard]] QImage ReportPicture(int width, int height);

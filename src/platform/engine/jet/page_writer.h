@@ -64,7 +64,6 @@ public:
     int Add(const QByteArray& row);
     [[nodiscard]] bool Empty() const { return m_rows == 0; }
     [[nodiscard]] const QByteArray& Bytes();
-    [[nodiscard]] static constexpr int Longest() { return kJet4.pageSize - kJet4.rowOffsets - 2; }
 
 private:
     QByteArray m_page;
