@@ -1,4 +1,5 @@
 #include "databook/databook_upgrade.h"
+#include "faults/kills.h"
 
 #include "store/upgrade.h"
 #include "support/databook_home.h"
@@ -268,7 +269,7 @@ TEST_F(DatabookUpgrade, AKillLeavesTheFileAsBeforeOrAsAfter)
     tests::KilledWork killed;
     int before = 0;
     int after = 0;
-    for (int i = 0; i < 40; ++i) {
+    for (int i = 0; i < tests::Kills(40); ++i) {
         disk.WriteWhole(path, old);
         killed.Run([&] {
             engine::Engine own{disk, tests::SomeTime()};

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <random>
+#include <string>
 
 #include <csignal>
 #include <sys/wait.h>
@@ -20,8 +21,46 @@ class KilledWork
 public:
     void Run(const std::function<void()>& work)
     {
+        if (m_usual == 0) {
+            QElapsedTimer timer;
+            timer.start();
+            Whole(work);
+            m_usual = static_cast<useconds_t>(timer.nsecsElapsed() / 1000);
+            return;
+        }
+        const pid_t child = Start(work);
+        usleep(m_usual * static_cast<useconds_t>(15 + m_random() % 90) / 100);
+        kill(child, SIGKILL);
+        int status = 0;
+        waitpid(child, &status, 0);
+        const bool ended = WIFEXITED(status);
+        EXPECT_TRUE(!ended || WEXITSTATUS(status) == 0) << "the work failed by itself";
+        m_usual = ended ? m_usual * 2 / 3 + 1 : m_usual * 3 / 2 + 1;
+        ++(ended ? m_ended : m_killed);
+    }
+    /// Lets it through to its end.
+    void Whole(const std::function<void()>& work)
+    {
+        const pid_t child = Start(work);
+        int status = 0;
+        waitpid(child, &status, 0);
+        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "the work failed by itself";
+        ++m_ended;
+    }
+    [[nodiscard]] int Killed() const { return m_killed; }
+    [[nodiscard]] int Ended() const { return m_ended; }
+    /// For the account of a long run.
+    ~KilledWork()
+    {
+        testing::Test::RecordProperty("killed", std::to_string(m_killed));
+        testing::Test::RecordProperty("ended", std::to_string(m_ended));
+    }
+
+private:
+    static pid_t Start(const std::function<void()>& work)
+    {
         const pid_t child = fork();
-        ASSERT_GE(child, 0);
+        EXPECT_GE(child, 0);
         if (child == 0) {
             try {
                 work();
@@ -30,23 +69,13 @@ public:
             }
             _exit(0);
         }
-        int status = 0;
-        if (m_usual == 0) {
-            QElapsedTimer timer;
-            timer.start();
-            waitpid(child, &status, 0);
-            m_usual = static_cast<useconds_t>(timer.nsecsElapsed() / 1000);
-            return;
-        }
-        usleep(m_usual * static_cast<useconds_t>(15 + m_random() % 90) / 100);
-        kill(child, SIGKILL);
-        waitpid(child, &status, 0);
-        m_usual = WIFEXITED(status) ? m_usual * 5 / 6 + 1 : m_usual * 7 / 6 + 1;
+        return child;
     }
 
-private:
     std::mt19937 m_random{20040307};
     useconds_t m_usual = 0;
+    int m_killed = 0;
+    int m_ended = 0;
 };
 
 } // namespace vasclip::tests

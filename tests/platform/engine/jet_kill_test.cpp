@@ -6,13 +6,7 @@
 #include "platform/engine/genuine_file.h"
 #include "platform/engine/health.h"
 #include "platform/engine/jet_samples.h"
-
-#include <QElapsedTimer>
-
-#include <csignal>
-#include <random>
-#include <sys/wait.h>
-#include <unistd.h>
+#include "support/killed_work.h"
 
 namespace vasclip::engine {
 namespace {
@@ -33,32 +27,10 @@ struct JetKillTest : testing::Test
         home.disk.Name(u"C:\\MADE.MDB"_s, kFile);
         before = BytesOf(home.Native(u"BOOK.MDB"_s));
     }
-    /// In a process of its own, which is killed after so many microseconds; 0 lets it end.
-    [[nodiscard]] qint64 Convert(qint64 after) const
+    void Convert() const
     {
-        QElapsedTimer timer;
-        timer.start();
-        const pid_t child = fork();
-        if (child == 0) {
-            try {
-                Engine own{home.disk, home.engine.Time()};
-                static_cast<void>(
-                    ConvertDatabase(own, {.source = kFile, .target = kFile, .keepAs = u"C:\\KEPT.MDB"_s}));
-            } catch (...) {
-                _exit(1);
-            }
-            _exit(0);
-        }
-        if (after > 0) {
-            usleep(static_cast<useconds_t>(after));
-            kill(child, SIGKILL);
-        }
-        int status = 0;
-        waitpid(child, &status, 0);
-        if (after == 0) {
-            EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
-        }
-        return timer.nsecsElapsed() / 1000;
+        Engine own{home.disk, home.engine.Time()};
+        static_cast<void>(ConvertDatabase(own, {.source = kFile, .target = kFile, .keepAs = u"C:\\KEPT.MDB"_s}));
     }
     void PutBack() const
     {
@@ -70,17 +42,16 @@ struct JetKillTest : testing::Test
 
     Home home;
     QByteArray before;
+    tests::KilledWork killed;
 };
 
 TEST_F(JetKillTest, LeavesTheOldFileOrTheNewOneWithTheOldBesideIt)
 {
-    qint64 usual = Convert(0);
-    std::mt19937 random{20040307};
     int old = 0;
     int made = 0;
     for (int run = 0; run < tests::Kills(14); ++run) {
         PutBack();
-        usual = std::max<qint64>(Convert(1 + usual * static_cast<qint64>(random() % 120) / 100), usual / 2);
+        killed.Run([this] { Convert(); });
         if (BytesOf(home.Native(u"BOOK.MDB"_s)) == before) {
             ++old;
             continue;
@@ -94,12 +65,12 @@ TEST_F(JetKillTest, LeavesTheOldFileOrTheNewOneWithTheOldBesideIt)
         database->Close();
     }
     EXPECT_GT(old, 0);
+    EXPECT_GT(made, 0);
     PutBack();
-    static_cast<void>(Convert(0));
+    killed.Whole([this] { Convert(); });
     EXPECT_EQ(QDir(home.directory.path() + u"/drive_c"_s).entryList(QDir::Files),
               (QStringList{u"BOOK.MDB"_s, u"KEPT.MDB"_s}))
         << "what the killed ones left went with the next";
-    RecordProperty("made", made);
 }
 
 } // namespace
