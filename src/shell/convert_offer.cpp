@@ -54,10 +54,14 @@ void Convert(Program& program, const QString& path, const QString& kept)
         };
         made = store::ConvertDatabase(program.Engine(), wanted);
     }
-    if (made)
-        prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Information, kTitle,
-                        (QStringList{kMade.arg(path, QString::number(made->records), kept)} + made->notes.mid(0, kTold))
-                            .join(u"\n"_s));
+    if (!made)
+        return;
+    QStringList lines{kMade.arg(path, QString::number(made->records), kept)};
+    if (const QString only = store::OnlyInOld(*made, kept); !only.isEmpty())
+        lines.append(only + u'.');
+    for (const QString& note : made->notes.mid(0, kTold))
+        lines.append(note + u'.');
+    prompter.MsgBox(forms::Buttons::Ok, forms::Icon::Information, kTitle, lines.join(u'\n'));
 }
 
 } // namespace

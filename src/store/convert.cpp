@@ -42,6 +42,18 @@ std::optional<engine::Rescued> CopyReadable(engine::Engine& engine, const QStrin
     return rescued;
 }
 
+QString Listed(const QStringList& things, const QString& between)
+{
+    constexpr qsizetype kMost = 10;
+    const QString said = things.mid(0, kMost).join(between);
+    return things.size() <= kMost ? said : said + between + u"and %1 more"_s.arg(things.size() - kMost);
+}
+
+QString OnlyInOld(const engine::Converted& made, const QString& file)
+{
+    return made.notTaken.isEmpty() ? QString() : u"Only %1 has %2"_s.arg(file, Listed(made.notTaken));
+}
+
 QString KeptName(const files::Disk& disk, const QString& path)
 {
     const qsizetype point = path.lastIndexOf(u'.') > path.lastIndexOf(u'\\') ? path.lastIndexOf(u'.') : path.size();

@@ -32,8 +32,10 @@ constexpr qint64 kSlice = 4000;
 constexpr qint64 kNamed = 500;
 const QString kAccessMark = u"-access"_s; ///< of the Access file that is made of the one that is worked on
 const QString kLostTitle = u"Not Everything Stays"_s;
-const QString kLost = u"The export writes %1 anew, and not all that is in it can be written:\n\n%2.\n\nYes exports and loses "
-                      u"that, No leaves the file as it is. Another file name keeps both."_s;
+const QString kLost = u"The export writes %1 anew, and not all that is in it can be written again:\n\n%2\n\nYes exports and "
+                      u"loses that, No leaves the file as it is. Another file name keeps both."_s;
+const QString kAccess97 = u"the format of Access 97 (that of Access 2000 takes its place)"_s;
+const QString kLooking = u"Reading what %1 holds"_s;
 const QString kStaysVasclip = u"%1 was a Vasclip database and stays one; choose a name that is not there for an Access file"_s;
 const QString kCopying = u"Copying record %1 of %2"_s;
 
@@ -164,22 +166,63 @@ TargetKind KindOf(const files::Disk& disk, const QString& target)
     return engine::IsGenuineFile(disk, target) ? TargetKind::Access : TargetKind::Vasclip;
 }
 
-/// The file that is worked on: the target's copy, or an empty database.
-/// @return what of the target the copy has not
-QStringList MakeWorking(const TransferDesk& desk, TargetKind kind, const QString& target, const QString& working)
+/// The file that is worked on: the target's copy, or an empty database. What of the target the copy has not is noted.
+/// @return false after a stop
+bool MakeWorking(const TransferDesk& desk, TargetKind kind, const QString& target, const QString& working,
+                 ExportResult& result, const WorkStep& step)
 {
     desk.Disk().Kill(working); // made empty; a database is made where nothing is
     switch (kind) {
-    case TargetKind::Access:
-        return store::ConvertDatabase(desk.Engine(), {.source = target, .target = working})->notes;
+    case TargetKind::Access: {
+        const auto copied = store::ConvertDatabase(
+            desk.Engine(), {.source = target, .target = working, .step = [&](const QString&, qint64 done, qint64 of) {
+                                return step(done, of, kLooking.arg(target));
+                            }});
+        if (!copied)
+            return false;
+        result.notes = copied->notes;
+        result.lost = copied->notTaken;
+        const auto old = desk.Engine().OpenDatabase(target, engine::OpenMode::ReadOnly);
+        if (engine::IsOfAccess97(*old))
+            result.lost.prepend(kAccess97);
+        old->Close();
+        return true;
+    }
     case TargetKind::Vasclip:
         desk.Engine().CopyDatabase(target, working);
-        return {};
+        return true;
     case TargetKind::New:
         break;
     }
     CopyFromNewData(desk.Engine(), desk.Templates(), working);
-    return {};
+    return true;
+}
+
+/// The target's indexes beside those of the exported table that the new file is without.
+QStringList LostIndexes(engine::Engine& engine, const QString& target, const QString& made, const QString& exported)
+{
+    QStringList lost;
+    const auto before = engine.OpenDatabase(target, engine::OpenMode::ReadOnly);
+    const auto after = engine.OpenDatabase(made, engine::OpenMode::ReadOnly);
+    for (const QString& name : before->TableNames()) {
+        if (name.compare(exported, Qt::CaseInsensitive) == 0)
+            continue;
+        const QList<engine::IndexDef> left = after->Table(name).indexes;
+        for (const engine::IndexDef& index : before->Table(name).indexes)
+            if (std::ranges::find(left, index.name, &engine::IndexDef::name) == left.end())
+                lost.append(u"the index %1 of the table %2"_s.arg(index.name, name));
+    }
+    before->Close();
+    after->Close();
+    return lost;
+}
+
+/// The target is written anew without these: may it? @return false, noted, if the user keeps it
+bool MayLose(const TransferDesk& desk, const QString& target, const QStringList& things, ExportResult& result)
+{
+    result.declined = !things.isEmpty() &&
+                      !desk.ports.prompter.YesNo(kLostTitle, kLost.arg(target, store::Listed(things, u"\n"_s)));
+    return !result.declined;
 }
 
 /// A target of ours that a killed program left half stored is made whole first: that change is no one else's.
@@ -200,7 +243,9 @@ bool MakeAccess(const TransferDesk& desk, const QString& working, ExportResult& 
                         .step = [&](const QString& doing, qint64 done, qint64 of) { return step(done, of, doing); }});
     if (!converted)
         return false;
-    result.notes += converted->notes;
+    for (const QString& note : converted->notes)
+        if (!result.notes.contains(note)) // of the target's other tables it may have been told before
+            result.notes.append(note);
     desk.Disk().Kill(working);
     desk.Disk().Name(made, working);
     return true;
@@ -210,12 +255,9 @@ bool MakeAccess(const TransferDesk& desk, const QString& working, ExportResult& 
 void Make(const TransferDesk& desk, const ExportOrder& order, const QString& working, TargetKind kind,
           ExportResult& result, const WorkStep& step)
 {
-    result.notes = MakeWorking(desk, kind, order.target, working);
-    if (!result.notes.isEmpty() &&
-        !desk.ports.prompter.YesNo(kLostTitle, kLost.arg(order.target, result.notes.join(u".\n"_s)))) {
-        result.declined = true;
+    result.stopped = !MakeWorking(desk, kind, order.target, working, result, step);
+    if (result.stopped || !MayLose(desk, order.target, result.lost + result.notes, result))
         return;
-    }
     const std::optional<qint64> records = Copy(desk, order, working, step).Run();
     result.stopped = !records;
     if (result.stopped)
@@ -231,6 +273,11 @@ void Make(const TransferDesk& desk, const ExportOrder& order, const QString& wor
     }
     if (!result.stopped && (kind == TargetKind::Access || (kind == TargetKind::New && order.access)))
         result.stopped = !MakeAccess(desk, working, result, step);
+    if (kind == TargetKind::Access && !result.stopped) {
+        const QStringList indexes = LostIndexes(desk.Engine(), order.target, working, order.table);
+        if (!MayLose(desk, order.target, indexes, result))
+            return; // else the notes of the conversion tell why they are not there
+    }
     if (kind == TargetKind::Vasclip && order.access)
         result.notes.append(kStaysVasclip.arg(order.target));
 }

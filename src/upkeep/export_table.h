@@ -24,7 +24,8 @@ struct ExportResult
     int pictures = 0;  ///< that are inside
     int without = 0;   ///< records that have no front view
     QStringList notIn = {}; ///< "KEY: why" of each picture that could not be read
-    QStringList notes = {}; ///< what the written file has not: an index, a saved query; and that its kind stayed
+    QStringList notes = {}; ///< a sentence each: what the written file has not, and that its kind stayed
+    QStringList lost = {};  ///< what the file had before and has no more: "the saved query SALES"
 };
 
 /// Copies the records of a search into a table of another database, in place of one of that name. All of it is done in

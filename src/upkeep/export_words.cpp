@@ -1,3 +1,4 @@
+#include "store/convert.h"
 #include "upkeep/export_table.h"
 
 namespace vasclip::upkeep {
@@ -13,6 +14,8 @@ QString WordsOf(const ExportResult& result)
     QString words = u"%1 to table %2 of %3."_s.arg(result.records == 1 ? u"1 record was exported"_s
                                                                        : u"%1 records were exported"_s.arg(result.records),
                                                    result.table, result.file);
+    if (!result.lost.isEmpty())
+        words += u" The file has no more: "_s + store::Listed(result.lost) + u'.';
     for (const QString& note : result.notes)
         words += u' ' + note + u'.';
     if (result.pictures + result.without + result.notIn.size() == 0)

@@ -1,5 +1,6 @@
 // vasctl on database files of both kinds: asks them, and makes one of the other.
 
+#include "support/genuine_files.h"
 #include "support/processes.h"
 
 #include <gtest/gtest.h>
@@ -53,6 +54,16 @@ TEST_F(VasctlConvert, ThereAndBackWithEveryField)
     const QJsonArray tables = home.Vasctl({u"sql"_s, u"--file"_s, u"C:\\MADE.MDB"_s}).Array();
     ASSERT_EQ(tables.size(), 1);
     EXPECT_EQ(tables[0].toObject()[u"records"_s].toInt(), 60);
+}
+
+TEST_F(VasctlConvert, WhatOnlyTheSourceHasIsSaidWithItsName)
+{
+    if (GenuineFiles().isEmpty())
+        GTEST_SKIP() << "no genuine files beside the source";
+    ASSERT_TRUE(QFile::copy(GenuineFiles() + u"/reservedWordLeave.mdb"_s, home.Path() + u"/drive_c/LEAVE.MDB"_s));
+    const Ended run = home.Vasctl({u"--plain"_s, u"convert"_s, u"C:\\LEAVE.MDB"_s, u"C:\\NEW.MDB"_s, u"--to"_s, u"vasclip"_s});
+    ASSERT_EQ(run.code, kDone) << run.err.toStdString();
+    EXPECT_TRUE(run.out.contains("\nOnly C:\\LEAVE.MDB has the saved query Without Leave.\n")) << run.out.toStdString();
 }
 
 TEST_F(VasctlConvert, AnAccessFileIsNoArchive)

@@ -2,11 +2,13 @@
 
 #include "platform/engine/convert.h"
 #include "platform/files/profile.h"
+#include "shell/convert_offer.h"
 #include "shell/frm_splash.h"
 #include "shell/start_up.h"
 #include "shell/win_version.h"
 #include "store/schema.h"
 #include "support/exclusive_lock.h"
+#include "support/genuine_files.h"
 #include "support/recording_conduit.h"
 #include "support/scripted_ports.h"
 #include "support/standing_time.h"
@@ -524,6 +526,23 @@ TEST_F(AccessStart, BecomesAVasclipDatabookWhenThatIsWantedAndIsKept)
     doubles.prompter.Forget();
     tomorrow.Form_load(options, splash);
     EXPECT_TRUE(doubles.prompter.Boxes().empty()) << "it is asked no more";
+}
+
+TEST_F(AccessStart, WhatOnlyTheOldFileHasIsSaidWithItsName)
+{
+    if (tests::GenuineFiles().isEmpty())
+        GTEST_SKIP() << "no genuine files beside the source";
+    const QString queries = u"C:\\DATABOOK\\QUERIES.MDB"_s;
+    ASSERT_TRUE(QFile::copy(tests::GenuineFiles() + u"/queryTestV2003.mdb"_s, home.disk.ToNative(queries)));
+    const QByteArray old = home.disk.ReadWhole(queries);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    OfferConversion(program, queries, u"Table1"_s);
+    ASSERT_EQ(doubles.prompter.Boxes().size(), 2U) << doubles.prompter.Texts().join(u'\n').toStdString();
+    const QString said = doubles.prompter.Last().text;
+    EXPECT_TRUE(said.contains(u"\nOnly C:\\DATABOOK\\QUERIES_ACCESS.MDB has the saved query "_s)) << said.toStdString();
+    EXPECT_EQ(said.count(u"the saved query "_s), 9);
+    EXPECT_FALSE(said.contains(u"old file"_s)) << said.toStdString();
+    EXPECT_EQ(home.disk.ReadWhole(u"C:\\DATABOOK\\QUERIES_ACCESS.MDB"_s), old);
 }
 
 TEST_F(AccessStart, IsOpenForReadingOnlyWhenThatIsWanted)

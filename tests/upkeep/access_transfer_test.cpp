@@ -4,6 +4,7 @@
 
 #include "platform/engine/genuine_file.h"
 #include "store/convert.h"
+#include "support/genuine_files.h"
 #include "upkeep/export_table.h"
 #include "upkeep/import_table.h"
 #include "upkeep/rehearsal.h"
@@ -128,8 +129,61 @@ TEST_F(AccessTransfer, AsksBeforeAFileLosesWhatCanNotBeWrittenAgain)
     doubles.prompter.Answer(forms::Answer::Yes);
     const ExportResult lost = Out(false);
     EXPECT_TRUE(lost.written);
-    EXPECT_TRUE(WordsOf(lost).contains(u"MONEY"_s)) << "what was lost is told again";
+    EXPECT_EQ(WordsOf(lost).count(u"MONEY"_s), 1) << "what was lost is told again: " << WordsOf(lost).toStdString();
     EXPECT_EQ(Keys(target, table).size(), 3);
+}
+
+TEST_F(AccessTransfer, NamesWhatAFileLosesInTheQuestionAndAfterwards)
+{
+    const QString samples = tests::GenuineFiles();
+    if (samples.isEmpty())
+        GTEST_SKIP() << "no genuine files beside the source";
+    const std::pair<QString, QStringList> files[] = {
+        {u"reservedWordLeave.mdb"_s, {u"the saved query Without Leave"_s}},
+        {u"indexTestV1997.mdb"_s,
+         {u"the format of Access 97 (that of Access 2000 takes its place)"_s, u"the relation Table3Table1"_s, u"the relation Table2Table1"_s}},
+        {u"compIndexTestV2000.mdb"_s, {}},
+        {u"testIndexPropertiesV2003.mdb"_s, {}},
+    };
+    for (const auto& [name, things] : files) {
+        doubles.prompter.Forget();
+        if (disk.FileExists(target))
+            disk.Kill(target);
+        ASSERT_TRUE(QFile::copy(samples + u'/' + name, disk.ToNative(target)));
+        if (!things.isEmpty())
+            doubles.prompter.Answer(forms::Answer::Yes);
+        const ExportResult result = Out(false, u"MAY"_s);
+        EXPECT_TRUE(result.written) << name.toStdString();
+        ASSERT_EQ(doubles.prompter.Boxes().size(), things.isEmpty() ? 0U : 1U)
+            << name.toStdString() << ": " << doubles.prompter.Texts().join(u'\n').toStdString();
+        if (things.isEmpty())
+            continue;
+        EXPECT_TRUE(doubles.prompter.Last().text.contains(u":\n\n"_s + things.join(u'\n') + u"\n\n"_s))
+            << doubles.prompter.Last().text.toStdString();
+        EXPECT_TRUE(WordsOf(result).contains(u"The file has no more: "_s + things.join(u", "_s) + u'.')) << WordsOf(result).toStdString();
+    }
+}
+
+TEST_F(AccessTransfer, OfManyThingsTheFirstAreNamed)
+{
+    QStringList things;
+    for (int i = 1; i <= 40; ++i)
+        things.append(u"the saved query Q%1"_s.arg(i));
+    EXPECT_EQ(store::Listed(things.mid(0, 2)), u"the saved query Q1, the saved query Q2"_s);
+    EXPECT_TRUE(store::Listed(things, u"\n"_s).endsWith(u"\nthe saved query Q10\nand 30 more"_s));
+    EXPECT_EQ(store::OnlyInOld({}, path), QString());
+}
+
+TEST_F(AccessTransfer, ALongFileIsStoppedWhileItIsRead)
+{
+    ASSERT_TRUE(Out(true).written);
+    const QByteArray before = disk.ReadWhole(target);
+    steps.clear();
+    stopAt = 0;
+    const ExportResult result = Out(true, u"MAY"_s);
+    EXPECT_TRUE(result.stopped);
+    EXPECT_EQ(steps.value(0), u"Reading what %1 holds"_s.arg(target));
+    EXPECT_EQ(disk.ReadWhole(target), before);
 }
 
 } // namespace

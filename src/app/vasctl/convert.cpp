@@ -27,6 +27,8 @@ QString TextOf(const engine::Converted& made, const engine::Conversion& wanted)
     QString text = u"%1 records in %2 of %3 were converted to %4, and every value was compared."_s.arg(
         text::Dec(made.records), made.tables.size() == 1 ? u"1 table"_s : u"%1 tables"_s.arg(made.tables.size()),
         wanted.source, wanted.target);
+    if (const QString only = store::OnlyInOld(made, wanted.source); !only.isEmpty())
+        text += u'\n' + only + u'.';
     for (const QStringList& more : {made.notes, made.missing}) {
         if (!more.isEmpty())
             text += u'\n' + ListOf(more);
@@ -82,6 +84,7 @@ int RunConvert(Session& session, const Output& out, const QStringList& arguments
                {u"tables"_s, QJsonArray::fromStringList(made->tables)},
                {u"file"_s, wanted.target},
                {u"notes"_s, QJsonArray::fromStringList(made->notes)},
+               {u"notTaken"_s, QJsonArray::fromStringList(made->notTaken)},
                {u"missing"_s, QJsonArray::fromStringList(made->missing)}},
               TextOf(*made, wanted));
     return made->missing.isEmpty() ? kDone : kFailed;

@@ -147,7 +147,7 @@ public:
             together.Commit();
             made->Close();
         }
-        m_done.notes += NotTakenOver(*m_from);
+        m_done.notTaken = NotTakenOver(*m_from);
         Compare(beside);
         m_done.missing += CheckDatabase(*m_from, CheckDepth::Quiet);
         if (!m_done.missing.isEmpty())

@@ -32,7 +32,8 @@ struct Converted
     QStringList tables;
     qint64 records = 0;
     QStringList missing; ///< by table and record: what could not be read or stored, and why
-    QStringList notes;   ///< what the new file has not: an index
+    QStringList notes;    ///< what the new file has not, a sentence each: an index
+    QStringList notTaken; ///< what only the source has, as NotTakenOver names it
 };
 
 /// The new file lies beside its name until the number of its records and each of their values have been compared

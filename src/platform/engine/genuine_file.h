@@ -9,8 +9,11 @@ namespace vasclip::engine {
 /// Does what lies at the path begin as one? It must not be open in this process, whose locks on it would go.
 [[nodiscard]] bool IsGenuineFile(const files::Disk& disk, const QString& path);
 
-/// What a genuine file has that no database of ours takes over, a sentence each: saved queries, tables that lie elsewhere.
-/// Nothing for another database.
+/// Is it a genuine file of Access 97? A new one is of Access 2000, which 97 does not open.
+[[nodiscard]] bool IsOfAccess97(const Database& database);
+
+/// What a genuine file has that no database of ours takes over, by kind and name: "the saved query SALES", tables that lie
+/// elsewhere, relations, forms and the like. Nothing for another database.
 [[nodiscard]] QStringList NotTakenOver(const Database& database);
 
 /// A new genuine file, which other programs can open. Tables and records are added to it, through record sets or by

@@ -158,7 +158,16 @@ TEST_F(JetSamplesTest, SavedQueriesAndLinkedTablesAreNamedAsSuch)
     EXPECT_EQ(ErrorOf([&] { static_cast<void>(database->OpenRecordset(u"SELECT * FROM [C:\\A.MDB].T"_s, RecordsetType::Dynaset)); }, &text),
               error::kInvalidOperation);
     EXPECT_TRUE(text.contains(u"reaches no other files"_s)) << text.toStdString();
-    EXPECT_TRUE(NotTakenOver(*database).contains(u"The saved query UnionQuery stays in the old file alone"_s));
+    EXPECT_EQ(NotTakenOver(*database).size(), 9);
+    EXPECT_TRUE(NotTakenOver(*database).contains(u"the saved query UnionQuery"_s));
+}
+
+TEST_F(JetSamplesTest, RelationsAreNamedButNotThoseOfTheSystem)
+{
+    QStringList relations = NotTakenOver(*Open(u"indexTestV1997.mdb"_s));
+    relations.sort();
+    EXPECT_EQ(relations, (QStringList{u"the relation Table2Table1"_s, u"the relation Table3Table1"_s}));
+    EXPECT_EQ(NotTakenOver(*Open(u"functionsV2000.mdb"_s)), QStringList()) << "it has some of the system's own";
 }
 
 TEST_F(JetSamplesTest, NothingIsWrittenIntoOneOrBesideIt)

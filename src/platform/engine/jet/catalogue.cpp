@@ -13,6 +13,14 @@ constexpr qlonglong kTable = 1;
 constexpr qlonglong kLinkedByDriver = 4;
 constexpr qlonglong kQuery = 5;
 constexpr qlonglong kLinkedFile = 6;
+constexpr qlonglong kRelation = 8;
+struct Design
+{
+    qlonglong kind;
+    QLatin1StringView word;
+};
+constexpr Design kDesigns[] = {
+    {-32768, "form"_L1}, {-32766, "macro"_L1}, {-32764, "report"_L1}, {-32761, "module"_L1}, {-32756, "page"_L1}};
 
 constexpr quint32 kSystemObject = 0x80000000;
 constexpr quint32 kSystemTable = 0x2;
@@ -52,6 +60,10 @@ Catalogue ReadCatalogue(const std::shared_ptr<PageFile>& file, const std::shared
             catalogue.queries.append(called);
         else if (kind == kLinkedFile || kind == kLinkedByDriver)
             catalogue.linked.append({called, 0, objects.Value(row, database).toString()});
+        else if (kind == kRelation)
+            catalogue.relations.append(called);
+        else if (const auto* design = std::ranges::find(kDesigns, kind, &Design::kind); design != std::end(kDesigns))
+            catalogue.designs.append(QString(design->word) + u' ' + called);
         return true;
     });
     return catalogue;

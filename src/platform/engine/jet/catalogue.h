@@ -16,7 +16,9 @@ struct Catalogue
 
     QList<Entry> tables;
     QList<Entry> linked;
-    QStringList queries; ///< names of saved ones
+    QStringList queries;   ///< names of saved ones
+    QStringList relations; ///< between tables
+    QStringList designs;   ///< "form SALES": what only the old program shows or runs
 };
 
 /// @throws Damaged if the list itself can not be read

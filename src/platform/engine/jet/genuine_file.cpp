@@ -14,17 +14,30 @@ bool IsGenuine(const Database& database)
     return dynamic_cast<const jet::JetDatabase*>(&database) != nullptr;
 }
 
+bool IsOfAccess97(const Database& database)
+{
+    const auto* genuine = dynamic_cast<const jet::JetDatabase*>(&database);
+    return genuine != nullptr && genuine->IsJet3();
+}
+
 QStringList NotTakenOver(const Database& database)
 {
-    QStringList sentences;
+    QStringList things;
     const auto* genuine = dynamic_cast<const jet::JetDatabase*>(&database);
     if (genuine == nullptr)
-        return sentences;
-    for (const QString& query : genuine->Contents().queries)
-        sentences.append(u"The saved query %1 stays in the old file alone"_s.arg(query));
-    for (const jet::Catalogue::Entry& table : genuine->Contents().linked)
-        sentences.append(u"The table %1 lies in %2; its records were not taken over"_s.arg(table.name, table.elsewhere));
-    return sentences;
+        return things;
+    const jet::Catalogue& held = genuine->Contents();
+    for (const QString& query : held.queries)
+        things.append(u"the saved query "_s + query);
+    for (const jet::Catalogue::Entry& table : held.linked)
+        things.append(table.elsewhere.isEmpty()
+                          ? u"the linked table "_s + table.name
+                          : u"the linked table %1, whose records lie in %2"_s.arg(table.name, table.elsewhere));
+    for (const QString& relation : held.relations)
+        things.append(u"the relation "_s + relation);
+    for (const QString& design : held.designs)
+        things.append(u"the "_s + design);
+    return things;
 }
 
 bool IsGenuineFile(const files::Disk& disk, const QString& path)

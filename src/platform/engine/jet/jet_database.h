@@ -32,6 +32,7 @@ public:
     [[nodiscard]] QString Damage() const override;
     QStringList Check(CheckDepth depth) override;
     [[nodiscard]] const Catalogue& Contents() const { return m_opening->catalogue; }
+    [[nodiscard]] bool IsJet3() const { return !m_opening->file->Shape().jet4; }
 
 private:
     void EndTrans(); ///< @throws 3034
