@@ -1,5 +1,6 @@
 // Records out of the Databook and back in: whole processes on a demo home.
 
+#include "support/genuine_files.h"
 #include "support/processes.h"
 
 #include <gtest/gtest.h>
@@ -107,8 +108,6 @@ TEST_F(VasctlExchange, RefusesInWords)
     EXPECT_EQ(protectedName.code, kFailed);
     EXPECT_TRUE((protectedName.out + protectedName.err)
                     .contains("You cannot export to default (protected) installed database: NEWDATA "));
-    EXPECT_EQ(home.Vasctl({u"export"_s, u"--file"_s, u"X"_s, u"--where"_s, u"NOSUCH = 1"_s}).code, kFailed);
-    EXPECT_FALSE(QFile::exists(home.Native(u"DATABOOK/EXPORT/X.MDB"_s)));
     EXPECT_EQ(home.Vasctl({u"export"_s, u"--file"_s, u"X"_s, u"--table"_s, u"msysobjects"_s}).code, kUsage);
     EXPECT_EQ(home.Vasctl({u"export"_s, u"--file"_s, u"*"_s}).code, kFailed);
     EXPECT_EQ(home.Vasctl({u"import"_s}).code, kUsage);
@@ -117,6 +116,87 @@ TEST_F(VasctlExchange, RefusesInWords)
     EXPECT_EQ(dashes.code, kUsage) << "the name is looked at before the file";
     EXPECT_TRUE((dashes.out + dashes.err).contains("The file 'NO-NE.MDB' contains dashes (-)"));
     EXPECT_EQ(home.Vasctl({u"import"_s, u"C:\\DATABOOK\\DATABOOK.MDB"_s}).code, kUsage);
+}
+
+TEST_F(VasctlExchange, AConditionThatIsNoneIsToldAndNothingIsWritten)
+{
+    struct Row
+    {
+        QString where;
+        QByteArray words;
+    };
+    const Row rows[] = {
+        {u""_s, "--where wants a condition"},
+        {u"  "_s, "--where wants a condition"},
+        {u"ORDER BY CITY"_s, "'ORDER BY CITY' only sorts, which leaves no record out"},
+        {u" order  by NOSUCH"_s, "only sorts, which leaves no record out"},
+        {u"1=1; DROP TABLE COMPS"_s, "Syntax error at position 4, near \"; DROP TABLE COMPS\": the condition should end here"},
+        {u"1=1;"_s, "Syntax error at position 4"},
+        {u"1=1) OR (1=1"_s, "Syntax error at position 4, near \") OR (1=1\": the condition should end here"},
+        {u"(CITY = 'Marlow'"_s, "')' is missing"},
+        {u"CITY = 'Mar"_s, "Syntax error at position 8, near \"'Mar\": the text that begins with this quote does not end"},
+        {u"NOSUCH = 1"_s, "The table 'COMPS' has no field 'NOSUCH' (error 3061)"},
+        {u"CITY = 'x' ORDER BY NOSUCH"_s, "The table 'COMPS' has no field 'NOSUCH' (error 3061)"},
+        {u"CITY"_s, "'CITY' is no condition for --where: compare it with something"},
+        {u"'Marlow'"_s, "''Marlow'' is no condition for --where: compare it with something"},
+        {u"GLA + 1"_s, "compare it with something"},
+        {u"COUNT(*) > 1"_s, "a count or sum can not stand in a condition"},
+        {u"WHERE CITY = 'x'"_s, "Syntax error at position 1"},
+        {u"1=1 UNION SELECT * FROM COMPS"_s, "Syntax error at position 5"},
+        {u"CITY IN (SELECT CITY FROM COMPS)"_s, "Syntax error"},
+    };
+    const QStringList before = QDir(home.Native(u"DATABOOK"_s)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    const QString out = home.Native(u"OUT.pdf"_s);
+    for (const Row& row : rows)
+        for (const QStringList& command :
+             {QStringList{u"export"_s, u"--file"_s, u"C:\\NEW\\X.MDB"_s}, QStringList{u"export"_s, u"--file"_s, u"C:\\NEW\\X.CSV"_s, u"--to"_s, u"csv"_s},
+              QStringList{u"print"_s, u"--layout"_s, u"brief"_s, u"--out"_s, out}, QStringList{u"records"_s, u"list"_s}}) {
+            const Ended ended = home.Vasctl(QStringList{u"--plain"_s} + command + QStringList{u"--where"_s, row.where});
+            EXPECT_EQ(ended.code, kUsage) << command[0].toStdString() << ' ' << row.where.toStdString();
+            EXPECT_TRUE(ended.err.contains(row.words)) << row.where.toStdString() << ": " << ended.err.toStdString();
+            EXPECT_TRUE(ended.out.isEmpty());
+        }
+    EXPECT_FALSE(QFile::exists(home.Native(u"NEW"_s)));
+    EXPECT_FALSE(QFile::exists(out));
+    EXPECT_EQ(QDir(home.Native(u"DATABOOK"_s)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), before);
+    EXPECT_EQ(Records(), 60);
+}
+
+TEST_F(VasctlExchange, AConditionMayBeFollowedByASort)
+{
+    const QString file = u"C:\\DATABOOK\\SORTED.csv"_s;
+    const Ended ended = home.Vasctl({u"export"_s, u"--file"_s, file, u"--to"_s, u"csv"_s, u"--where"_s,
+                                     u"CENTRALKEY <> '' ORDER BY CENTRALKEY DESC"_s});
+    ASSERT_EQ(ended.code, kDone) << ended.err.toStdString();
+    EXPECT_EQ(ended.Object()[u"records"_s].toInt(), 60);
+    const Ended printed = home.Vasctl({u"print"_s, u"--layout"_s, u"brief"_s, u"--csv"_s, home.Native(u"P.csv"_s), u"--where"_s,
+                                       u"TRUE ORDER BY CITY"_s});
+    EXPECT_EQ(printed.code, kDone) << printed.err.toStdString();
+    EXPECT_EQ(printed.Object()[u"records"_s].toInt(), 60);
+}
+
+TEST_F(VasctlExchange, AnAccessFileLosesItsSavedQueriesOnlyWithAYes)
+{
+    if (GenuineFiles().isEmpty())
+        GTEST_SKIP() << "no genuine files beside the source";
+    const QString native = home.Native(u"DATABOOK/EXPORT/QUERIES.MDB"_s);
+    QDir().mkpath(home.Native(u"DATABOOK/EXPORT"_s));
+    ASSERT_TRUE(QFile::copy(GenuineFiles() + u"/queryTestV2003.mdb"_s, native));
+    const QByteArray before = Bytes(native);
+    const QStringList command{u"export"_s, u"--file"_s, u"QUERIES.MDB"_s, u"--table"_s, u"MAY"_s};
+    const Ended kept = home.Vasctl(QStringList{u"--plain"_s} + command);
+    EXPECT_EQ(kept.code, 4) << kept.err.toStdString();
+    EXPECT_TRUE(kept.err.contains("not all that is in it can be written again")) << kept.err.toStdString();
+    EXPECT_EQ(kept.err.count("the saved query "), 9) << kept.err.toStdString();
+    EXPECT_FALSE(kept.err.contains("old file")) << kept.err.toStdString();
+    EXPECT_EQ(Bytes(native), before);
+    const Ended lost = home.Vasctl(QStringList{u"--plain"_s, u"--yes"_s} + command);
+    ASSERT_EQ(lost.code, kDone) << lost.err.toStdString();
+    EXPECT_TRUE(lost.out.contains("60 records were exported to table MAY of C:\\DATABOOK\\EXPORT\\QUERIES.MDB.")) << lost.out.toStdString();
+    EXPECT_TRUE(lost.out.contains(" The file has no more: the saved query ")) << lost.out.toStdString();
+    EXPECT_FALSE((lost.out + lost.err).contains("old file")) << lost.out.toStdString();
+    const Ended tables = home.Vasctl({u"sql"_s, u"--file"_s, u"C:\\DATABOOK\\EXPORT\\QUERIES.MDB"_s});
+    EXPECT_EQ(tables.Array().size(), 4) << tables.out.toStdString();
 }
 
 /// Ends a process at some moment of its work. @return false if it was done before that

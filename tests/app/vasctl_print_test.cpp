@@ -75,16 +75,6 @@ TEST_F(VasctlPrint, SaysWhatIsWrong)
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList());
 }
 
-TEST_F(VasctlPrint, ASearchThatOnlySortsIsCheckedAndFindsAll)
-{
-    const QStringList brief{u"--layout"_s, u"brief"_s, u"--out"_s, pdf, u"--where"_s};
-    EXPECT_EQ(Print(brief + QStringList{u" ORDER BY NOSUCHFIELD"_s}).code, kUsage);
-    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList());
-    const Ended ended = Print(brief + QStringList{u" ORDER BY CITY "_s});
-    EXPECT_EQ(ended.code, kDone) << ended.err.constData();
-    EXPECT_EQ(ended.Object()[u"records"_s], 60);
-}
-
 TEST_F(VasctlPrint, PrintsACopiedLayoutByItsName)
 {
     ASSERT_EQ(Print({u"--layout"_s, u"medium"_s, u"--copy"_s, u"mine"_s}).code, kDone);

@@ -1,4 +1,5 @@
-#include "app/vasctl/session.h"
+#include "app/vasctl/list_options.h"
+#include "app/vasctl/where_option.h"
 
 #include "common/paths.h"
 #include "platform/text/text.h"
@@ -34,18 +35,15 @@ void MakeDirectoryOf(const files::Disk& disk, const QString& target)
             disk.MkDir(target.left(slash));
 }
 
-int Csv(const Output& out, const upkeep::TransferDesk& desk, const QString& target, const QCommandLineParser& options,
-        const upkeep::WorkStep& step)
+int Csv(const Output& out, const upkeep::TransferDesk& desk, const QString& target, const QString& where,
+        const QCommandLineParser& options, const upkeep::WorkStep& step)
 {
     upkeep::CsvForm form;
-    if (options.isSet(u"delimiter"_s)) {
-        const QString given = options.value(u"delimiter"_s);
-        form.delimiter = given == "tab"_L1 || given == "\\t"_L1 ? QChar(u'\t') : given.isEmpty() ? QChar() : given[0];
-        if (form.delimiter.isNull() || form.delimiter == u'"' || form.delimiter == u'\n') {
-            out.Error(u"--delimiter wants one letter, or 'tab'."_s);
-            return kUsage;
-        }
-    }
+    const std::optional<QChar> delimiter = DelimiterOf(out, options);
+    if (!delimiter)
+        return kUsage;
+    if (!delimiter->isNull())
+        form.delimiter = *delimiter;
     if (options.isSet(u"code-page"_s)) {
         form.codePage = upkeep::CodePageOf(options.value(u"code-page"_s));
         if (form.codePage.isEmpty()) {
@@ -54,7 +52,7 @@ int Csv(const Output& out, const upkeep::TransferDesk& desk, const QString& targ
             return kUsage;
         }
     }
-    const upkeep::CsvExport result = upkeep::ExportCsv(desk, target, options.value(u"where"_s), form, step);
+    const upkeep::CsvExport result = upkeep::ExportCsv(desk, target, where, form, step);
     QString words = result.records == 1 ? u"1 record was written to %1."_s.arg(target)
                                         : u"%1 records were written to %2."_s.arg(result.records).arg(target);
     if (result.lost > 0)
@@ -96,6 +94,9 @@ int RunExport(Session& session, const Output& out, const QStringList& arguments,
         out.Error(QString::fromUtf16(upkeep::kTableNameWords));
         return kUsage;
     }
+    const std::optional<QString> where = WhereOf(session, out, options);
+    if (!where)
+        return kUsage;
     const upkeep::TransferDesk desk{
         .databook = program.sources.datDatabook, .globals = program.globals, .ports = session.Ports()};
     if (upkeep::RefusesTarget(session.Prompter(), session.Engine(), upkeep::kExportTo, target, desk.Databook()))
@@ -107,11 +108,11 @@ int RunExport(Session& session, const Output& out, const QStringList& arguments,
         return true;
     };
     if (csv)
-        return Csv(out, desk, target, options, step);
+        return Csv(out, desk, target, *where, options, step);
     const upkeep::ExportResult result = upkeep::ExportTable(desk,
                                                             {.target = target,
                                                              .table = table,
-                                                             .search = options.value(u"where"_s),
+                                                             .search = *where,
                                                              .pictures = options.isSet(u"pictures"_s),
                                                              .access = to == "access"_L1},
                                                             step);
@@ -126,6 +127,8 @@ int RunExport(Session& session, const Output& out, const QStringList& arguments,
                {u"records"_s, result.records},
                {u"pictures"_s, result.pictures},
                {u"notInside"_s, QJsonArray::fromStringList(result.notIn)},
+               {u"noMore"_s, QJsonArray::fromStringList(result.lost)},
+               {u"notes"_s, QJsonArray::fromStringList(result.notes)},
                {u"message"_s, words}},
               words);
     return kDone;

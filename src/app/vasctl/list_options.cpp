@@ -36,6 +36,19 @@ bool RefusesListOptions(const Output& out, const QCommandLineParser& options)
     return false;
 }
 
+std::optional<QChar> DelimiterOf(const Output& out, const QCommandLineParser& options)
+{
+    if (!options.isSet(u"delimiter"_s))
+        return QChar();
+    const QString given = options.value(u"delimiter"_s);
+    if (given == "tab"_L1 || given == "\\t"_L1)
+        return QChar(u'\t');
+    if (given.size() == 1 && given != u'"' && given != u'\r' && given != u'\n')
+        return given[0];
+    out.Error(u"--delimiter takes one letter, or 'tab'; not '%1'."_s.arg(given));
+    return std::nullopt;
+}
+
 std::optional<upkeep::ListChoice> ListChoiceOf(const Output& out, const QCommandLineParser& options)
 {
     upkeep::ListChoice choice;
@@ -45,8 +58,13 @@ std::optional<upkeep::ListChoice> ListChoiceOf(const Output& out, const QCommand
     };
     choice.preset = options.value(u"preset"_s);
     choice.sheet = options.value(u"sheet"_s);
-    if (const QString given = options.value(u"delimiter"_s); !given.isEmpty())
-        choice.delimiter = given == "tab"_L1 ? QChar(u'\t') : given[0];
+    for (const QLatin1StringView named : {"preset"_L1, "sheet"_L1})
+        if (options.isSet(QString(named)) && options.value(QString(named)).isEmpty())
+            return misuse(u"--%1 wants a name."_s.arg(named));
+    const std::optional<QChar> delimiter = DelimiterOf(out, options);
+    if (!delimiter)
+        return std::nullopt;
+    choice.delimiter = *delimiter;
     if (options.isSet(u"code-page"_s)) {
         const QString given = options.value(u"code-page"_s);
         choice.codePage = upkeep::CodePageOf(given);

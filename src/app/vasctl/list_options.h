@@ -11,6 +11,8 @@ namespace vasclip::vasctl {
 
 /// Is an option given that says how a list is read, for a file that is none? It is told then.
 [[nodiscard]] bool RefusesListOptions(const Output& out, const QCommandLineParser& options);
+/// The letter of --delimiter; a null one without it. @return nothing, told, for what is none
+[[nodiscard]] std::optional<QChar> DelimiterOf(const Output& out, const QCommandLineParser& options);
 /// What the options say. @return nothing, told, for a value that is none
 [[nodiscard]] std::optional<upkeep::ListChoice> ListChoiceOf(const Output& out, const QCommandLineParser& options);
 /// Is something said of a text file that is a spreadsheet, or the other way round? It is told then.

@@ -112,7 +112,8 @@ Commands:
   mapdata remove COUNTY   takes one away
   export --file NAME [--table NAME] [--to access] [--pictures] [--where SQL]
                           copies records into a table of another database, which is replaced; with --pictures the
-                          front picture of each is put inside. A bare NAME stands in the export directory
+                          front picture of each is put inside. A bare NAME stands in the export directory. --where
+                          takes a condition ("CITY = 'Marlow'"), with an ORDER BY behind it or none
   export --file NAME --to csv [--where SQL] [--delimiter C] [--code-page NAME]
                           the same as a CSV file in UTF-8, or in another code page
   import FILE [--table NAME] [--pictures]

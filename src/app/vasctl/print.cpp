@@ -1,8 +1,7 @@
-#include "app/vasctl/session.h"
+#include "app/vasctl/where_option.h"
 
 #include "platform/text/runtime_error.h"
 #include "store/schema.h"
-#include "upkeep/export_statement.h"
 #include "upkeep/layout_files.h"
 #include "upkeep/report_csv.h"
 #include "upkeep/report_pictures.h"
@@ -82,11 +81,6 @@ int Print(Session& session, const Output& out, const upkeep::ReportLayout& layou
 {
     shell::Program& program = session.WithDatabook();
     const bool csv = file.endsWith(u".csv"_s, Qt::CaseInsensitive);
-    const bool narrows = upkeep::Narrows(where);
-    if (!OpenTyped(program.sources.datDatabook.Database(),
-                   u"SELECT CENTRALKEY FROM ["_s + program.globals.G_Table + (narrows ? u"] WHERE "_s : u"] "_s) + where,
-                   out))
-        return kUsage;
     const Scratch scratch(session.Disk(), program.globals.G_UserDir);
     const qint64 count = upkeep::FillReport(session.Engine(), scratch.File(), program.DatabookPath(),
                                             program.globals.G_Table, where);
@@ -109,7 +103,7 @@ int Print(Session& session, const Output& out, const upkeep::ReportLayout& layou
                                   .facts = {.now = now,
                                             .count = count,
                                             .databook = program.globals.G_DataFile,
-                                            .search = narrows ? where : QString(),
+                                            .search = where,
                                             .company = program.globals.companyName},
                                   .feed = table.Feed(),
                                   .pictures = pictures};
@@ -171,7 +165,8 @@ int RunPrint(Session& session, const Output& out, const QStringList& arguments,
     }
     if (options.isSet(u"landscape"_s) || options.isSet(u"portrait"_s))
         sheet.landscape = options.isSet(u"landscape"_s);
-    return Print(session, out, layout, sheet, file, options.value(u"where"_s).trimmed());
+    const std::optional<QString> where = WhereOf(session, out, options);
+    return where ? Print(session, out, layout, sheet, file, *where) : kUsage;
 }
 
 } // namespace vasclip::vasctl

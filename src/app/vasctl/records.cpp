@@ -1,5 +1,6 @@
 #include "app/vasctl/session.h"
 #include "app/vasctl/set_fields.h"
+#include "app/vasctl/where_option.h"
 
 #include "common/error_block.h"
 #include "databook/records.h"
@@ -60,12 +61,13 @@ int Report(const Output& out, const databook::RecordResult& result, const QStrin
 int List(Session& session, const Output& out, const QCommandLineParser& options)
 {
     const std::optional<qint64> limit = LimitOf(out, options);
-    if (!limit)
+    const std::optional<QString> where = WhereOf(session, out, options);
+    if (!limit || !where)
         return kUsage;
     auto& program = session.WithDatabook();
     QString sql = u"SELECT "_s + kListed.join(u", "_s) + u" FROM ["_s + program.globals.G_Table + u"]"_s;
-    if (options.isSet(u"where"_s))
-        sql += u" WHERE "_s + options.value(u"where"_s);
+    if (!where->isEmpty())
+        sql += u" WHERE "_s + *where;
     sql += u" ORDER BY "_s + (options.isSet(u"sort"_s) ? options.value(u"sort"_s) : fields::CENTRALKEY);
     const std::optional<store::Rows> rows = OpenTyped(program.sources.datDatabook.Database(), sql, out);
     if (!rows)

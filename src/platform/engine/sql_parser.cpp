@@ -33,14 +33,28 @@ public:
         Statement statement = ReadStatement();
         if (IsSymbol(u";"))
             Advance();
-        if (m_token.kind != Token::Kind::End)
-            Fail(m_token.kind == Token::Kind::Symbol
-                     ? u"the statement should end here"_s
-                     : u"an operator is missing, or a quote inside a value is not doubled"_s);
+        NeedEnd(u"the statement should end here"_s);
+        return statement;
+    }
+
+    Statement ReadCondition()
+    {
+        Statement statement;
+        statement.where = ReadExpression();
+        ReadOrder(statement);
+        NeedEnd(u"the condition should end here"_s);
         return statement;
     }
 
 private:
+    void NeedEnd(const QString& what)
+    {
+        if (m_token.kind != Token::Kind::End)
+            Fail(m_token.kind == Token::Kind::Symbol
+                     ? what
+                     : u"an operator is missing, or a quote inside a value is not doubled"_s);
+    }
+
     [[noreturn]] void Fail(const QString& what) const { ThrowSyntax(m_lexer.Text(), m_token.at, what); }
 
     void Advance() { m_token = m_lexer.Next(); }
@@ -135,18 +149,7 @@ private:
         if (IsSymbol(u","))
             Fail(u"only one table can be read at a time"_s);
         ReadWhere(statement);
-        if (TakeWord(u"ORDER")) {
-            NeedWord(u"BY");
-            do {
-                OrderItem item;
-                item.expression = ReadExpression();
-                if (TakeWord(u"DESC"))
-                    item.descending = true;
-                else
-                    TakeWord(u"ASC");
-                statement.order.push_back(std::move(item));
-            } while (TakeSymbol(u","));
-        }
+        ReadOrder(statement);
         return statement;
     }
 
@@ -240,6 +243,22 @@ private:
     {
         if (TakeWord(u"WHERE"))
             statement.where = ReadExpression();
+    }
+
+    void ReadOrder(Statement& statement)
+    {
+        if (!TakeWord(u"ORDER"))
+            return;
+        NeedWord(u"BY");
+        do {
+            OrderItem item;
+            item.expression = ReadExpression();
+            if (TakeWord(u"DESC"))
+                item.descending = true;
+            else
+                TakeWord(u"ASC");
+            statement.order.push_back(std::move(item));
+        } while (TakeSymbol(u","));
     }
 
     QString ReadColumnName()
@@ -598,6 +617,11 @@ private:
 Statement Parse(const QString& text, const text::TimeSource& time)
 {
     return Parser(text, time).Read();
+}
+
+Statement ParseCondition(const QString& text, const text::TimeSource& time)
+{
+    return Parser(text, time).ReadCondition();
 }
 
 } // namespace vasclip::engine::sql
