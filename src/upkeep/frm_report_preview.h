@@ -10,8 +10,6 @@
 
 #include <QElapsedTimer>
 
-#include <limits>
-
 namespace vasclip::upkeep {
 
 /// The report as it will be on paper, from the filled report database: other layouts and papers of the same
@@ -54,9 +52,8 @@ public:
     /// @param file  native path
     void SavePdf(const QString& file);
     void SaveCsv(const QString& file);
-    /// @param to  the last page; kAllPages also while they are still counted
-    void PrintTo(QPagedPaintDevice& printer, double dots, int from, int to);
-    static constexpr int kAllPages = std::numeric_limits<int>::max();
+    /// @param wanted  numbers of pages; empty for all, also while they are still counted
+    void PrintTo(QPagedPaintDevice& printer, double dots, const QPageRanges& wanted = {});
     void TellNoPrinter();
 
 Q_SIGNALS:

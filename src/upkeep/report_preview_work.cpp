@@ -114,18 +114,25 @@ void frm_ReportPreview::SaveCsv(const QString& file)
     });
 }
 
-void frm_ReportPreview::PrintTo(QPagedPaintDevice& printer, double dots, int from, int to)
+void frm_ReportPreview::PrintTo(QPagedPaintDevice& printer, double dots, const QPageRanges& wanted)
 {
     const RoutineScope scope{"PrintTo"};
     Work([&] {
         ReportPictures pictures(m_desk.disk, m_desk.globals.G_PhotoDir);
-        const paper::Made made = PrintToDevice(
-            Book(pictures), printer, dots, from, to,
+        const SentPages printed = PrintToDevice(
+            Book(pictures), printer, dots, wanted,
             [this](const QString& doing, qint64 done, qint64 total) { return Progress(doing, done, total); });
-        if (made == paper::Made::Stopped)
-            lblmsg.Show(u"Stopped. The printer has the pages before."_s, forms::Colour::Red);
+        if (printed.stopped && printed.sent > 0)
+            lblmsg.Show(printed.sent == 1 ? u"Stopped. The printer has one page."_s
+                                          : u"Stopped. The printer has %1 pages."_s.arg(printed.sent),
+                        forms::Colour::Red);
+        else if (printed.stopped)
+            lblmsg.Show(u"Stopped. Nothing was printed."_s, forms::Colour::Red);
+        else if (printed.sent == 0)
+            lblmsg.Show(u"The report has no page %1; its last one is %2. Nothing was printed."_s.arg(wanted.toString()).arg(printed.pages),
+                        forms::Colour::Red);
         else
-            Tell(made, u"The report was sent to the printer."_s, pictures.Missing());
+            Tell(paper::Made::Whole, u"The report was sent to the printer."_s, pictures.Missing());
     });
 }
 
@@ -138,6 +145,7 @@ void frm_ReportPreview::FindNext()
     int found = 0;
     const int from = m_page;
     bool stopped = false;
+    bool looked = false;
     Work([&] {
         const auto look = [&](int page) {
             const std::optional<paper::Page> made = m_view->PageAt(page);
@@ -157,9 +165,12 @@ void frm_ReportPreview::FindNext()
         }
         for (int page = 1; page <= from && found == 0 && !stopped && goOn(page); ++page)
             look(page);
+        looked = true;
     });
     if (found > 0)
         ShowPage(found);
+    else if (!looked)
+        return; // the box has told why, and nobody knows what stands on the other pages
     lblmsg.Show(found > 0 ? QString()
                 : stopped ? u"Stopped."_s
                           : u"%1 stands on no page."_s.arg(wanted),

@@ -16,6 +16,9 @@ namespace {
 
 const QString kCounting = u"Counting the pages"_s;
 const QString kPrinting = u"Printing"_s;
+const QString kTakesNothing =
+    u"The printer takes nothing. Check that it is switched on and connected, or save a PDF instead."_s;
+const QString kTakesNoMore = u"The printer took no further page. What it has is not the whole report."_s;
 
 } // namespace
 
@@ -44,37 +47,30 @@ paper::Made PrintToPdf(const ReportBook& book, const QString& file, const Report
         [&] { return progress(kPrinting, std::min(place.page, pages), pages); });
 }
 
-paper::Made PrintToDevice(const ReportBook& book, QPagedPaintDevice& device, double dots, int from, int to,
-                          const ReportProgress& progress)
+SentPages PrintToDevice(const ReportBook& book, QPagedPaintDevice& device, double dots, const QPageRanges& wanted,
+                      const ReportProgress& progress)
 {
-    const int pages = CountPages(book, progress);
-    if (pages == 0)
-        return paper::Made::Stopped;
+    SentPages printed{.pages = CountPages(book, progress)};
+    printed.stopped = printed.pages == 0;
+    const int last = wanted.isEmpty() ? printed.pages : std::min(wanted.lastPage(), printed.pages);
     device.setPageLayout(book.sheet.Layout());
     QPainter painter;
-    if (!painter.begin(&device))
-        throw RuntimeError(
-            error::kDeviceUnavailable,
-            u"The printer takes nothing. Check that it is switched on and connected, or save a PDF instead."_s);
     paper::Typesetter setter;
     ReportPager pager(book.layout, book.sheet, book.facts, book.feed, setter);
-    bool first = true;
-    for (ReportPager::Place place; place.page <= std::min(to, pages);) {
-        if (!progress(kPrinting, place.page, pages))
-            return paper::Made::Stopped;
-        const bool wanted = place.page >= from;
-        const std::optional<paper::Page> page = pager.Next(place, pages);
+    for (ReportPager::Place place; !printed.stopped && place.page <= last;) {
+        const bool goes = wanted.isEmpty() || wanted.contains(place.page);
+        printed.stopped = !progress(kPrinting, place.page, printed.pages);
+        const std::optional<paper::Page> page = printed.stopped ? std::nullopt : pager.Next(place, printed.pages);
         if (!page)
             break;
-        if (!wanted)
+        if (!goes)
             continue;
-        if (!first && !device.newPage())
-            throw RuntimeError(error::kDeviceUnavailable,
-                               u"The printer took no further page. What it has is not the whole report."_s);
-        first = false;
+        if (printed.sent == 0 ? !painter.begin(&device) : !device.newPage())
+            throw RuntimeError(error::kDeviceUnavailable, printed.sent == 0 ? kTakesNothing : kTakesNoMore);
+        ++printed.sent;
         paper::Paint(painter, *page, dots / paper::kInch, book.pictures);
     }
-    return paper::Made::Whole;
+    return printed;
 }
 
 } // namespace vasclip::upkeep

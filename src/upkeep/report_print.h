@@ -3,6 +3,8 @@
 #include "platform/paper/pdf.h"
 #include "upkeep/report_pager.h"
 
+#include <QPageRanges>
+
 class QPagedPaintDevice;
 
 namespace vasclip::upkeep {
@@ -28,8 +30,17 @@ struct ReportBook
 [[nodiscard]] paper::Made PrintToPdf(const ReportBook& book, const QString& file,
                                      const ReportProgress& progress);
 
-/// Pages to a printer, from and to included. @throws RuntimeError 68 for a printer that takes nothing
-[[nodiscard]] paper::Made PrintToDevice(const ReportBook& book, QPagedPaintDevice& device, double dots,
-                                        int from, int to, const ReportProgress& progress);
+struct SentPages
+{
+    bool stopped = false;
+    int sent = 0;  ///< pages that the printer has
+    int pages = 0; ///< of the report; 0 if it was stopped while they were counted
+};
+
+/// Pages to a printer, which hears of nothing before the first of them.
+/// @param wanted  numbers of pages; empty for all
+/// @throws RuntimeError 68 for a printer that takes nothing
+[[nodiscard]] SentPages PrintToDevice(const ReportBook& book, QPagedPaintDevice& device, double dots,
+                                    const QPageRanges& wanted, const ReportProgress& progress);
 
 } // namespace vasclip::upkeep

@@ -136,9 +136,8 @@ void AskForPrinter(QDialog& window, Preview& preview)
 
 void SendToPrinter(Preview& preview, QPrinter& printer)
 {
-    const bool range = printer.printRange() == QPrinter::PageRange;
-    preview.PrintTo(printer, printer.resolution(), range ? printer.fromPage() : 1,
-                    range ? printer.toPage() : Preview::kAllPages);
+    preview.PrintTo(printer, printer.resolution(),
+                    printer.printRange() == QPrinter::PageRange ? printer.pageRanges() : QPageRanges());
 }
 
 void Layout_frm_ReportPreview(QDialog& window, forms::Screen& screen)

@@ -175,13 +175,85 @@ TEST_F(Preview, PrintsTheWantedPagesToADevice)
         {
             QPdfWriter printer(&file);
             printer.setResolution(300);
-            preview.PrintTo(printer, 300, 2, 4);
+            preview.PrintTo(printer, 300, QPageRanges::fromString(u"2,4-5"_s));
         }
         EXPECT_EQ(preview.lblmsg.Caption(), u"The report was sent to the printer."_s);
     });
     QFile file(pdf);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll().count("/Type /Page\n"), 3);
+}
+
+/// A printer that tells of each page.
+class Heard : public QPdfWriter
+{
+public:
+    Heard(const QString& file, std::function<void()> onPage)
+        : QPdfWriter(file)
+        , m_onPage(std::move(onPage))
+    {}
+    bool newPage() override
+    {
+        m_onPage();
+        return QPdfWriter::newPage();
+    }
+
+private:
+    std::function<void()> m_onPage;
+};
+
+TEST_F(Preview, AStopSaysHowManyPagesThePrinterHas)
+{
+    Comps(200);
+    const auto screen = Make(u"SELECT * FROM COMPS"_s);
+    Print(*screen, [&](frm_ReportPreview& preview) {
+        {
+            Heard printer(pdf, [&] { Click(preview.cmdStop); });
+            preview.PrintTo(printer, 300);
+        }
+        EXPECT_EQ(preview.lblmsg.Caption(), u"Stopped. The printer has 2 pages."_s);
+        const QByteArray before = QFile::exists(pdf) ? QByteArray("there") : QByteArray();
+        EXPECT_EQ(before, "there");
+        QFile::remove(pdf);
+        doubles.pump.onTurn = [&] { Click(preview.cmdStop); };
+        {
+            Heard printer(pdf, [] {});
+            preview.PrintTo(printer, 300);
+        }
+        doubles.pump.onTurn = {};
+        EXPECT_EQ(preview.lblmsg.Caption(), u"Stopped. Nothing was printed."_s) << "the pages were still counted";
+        EXPECT_FALSE(QFile::exists(pdf) && QFile(pdf).size() > 0) << "no empty sheet comes out";
+    });
+}
+
+TEST_F(Preview, PagesThatTheReportHasNotAreToldAndNothingIsPrinted)
+{
+    Comps(2);
+    const auto screen = Make(u"SELECT * FROM COMPS"_s);
+    Print(*screen, [&](frm_ReportPreview& preview) {
+        {
+            Heard printer(pdf, [] {});
+            preview.PrintTo(printer, 300, QPageRanges::fromString(u"40-50"_s));
+        }
+        EXPECT_EQ(preview.lblmsg.Caption(), u"The report has no page 40-50; its last one is 1. Nothing was printed."_s);
+        EXPECT_FALSE(QFile::exists(pdf) && QFile(pdf).size() > 0) << "no empty sheet comes out";
+    });
+}
+
+TEST_F(Preview, AReportThatCanNotBeReadAnyMoreIsNotSaidToLackWhatIsLookedFor)
+{
+    Comps(300);
+    const auto screen = Make(u"SELECT * FROM COMPS"_s);
+    Print(*screen, [&](frm_ReportPreview& preview) {
+        QFile report(disk.ToNative(u"C:\\USER\\Report_Brief.mdb"_s));
+        ASSERT_TRUE(report.resize(8192)); // a disk that fails, or somebody who cleans up
+        doubles.prompter.AnswerAlways(forms::Answer::Ignore);
+        preview.txtFind.SetText(u"299 oak"_s);
+        Click(preview.cmdFind);
+        EXPECT_FALSE(doubles.prompter.Boxes().empty());
+        EXPECT_FALSE(preview.lblmsg.Caption().contains(u"stands on no page"_s)) << preview.lblmsg.Caption().toStdString();
+        EXPECT_TRUE(preview.cmdExit.Enabled());
+    });
 }
 
 TEST_F(Preview, APrinterThatTakesNoFurtherPageIsTold)
@@ -197,7 +269,7 @@ TEST_F(Preview, APrinterThatTakesNoFurtherPageIsTold)
     Print(*screen, [&](frm_ReportPreview& preview) {
         Jammed printer(pdf);
         doubles.prompter.Answer(forms::Answer::Abort);
-        preview.PrintTo(printer, 300, 1, frm_ReportPreview::kAllPages);
+        preview.PrintTo(printer, 300);
         EXPECT_TRUE(doubles.prompter.Last().text.contains(
             u"The printer took no further page. What it has is not the whole report"_s))
             << doubles.prompter.Last().text.toStdString();

@@ -196,6 +196,27 @@ TEST_F(PrintWindows, AllPagesArePrintedAlsoWhileTheyAreCounted)
     });
 }
 
+TEST_F(PrintWindows, ThePagesThatWereChosenArePrintedAndNoneBetweenThem)
+{
+    const auto database = main.program.Engine().OpenDatabase(main.program.DatabookPath());
+    for (int i = 1; i <= 200; ++i)
+        database->Execute(u"INSERT INTO COMPS (CENTRALKEY, ADDRESS) VALUES ('%1 Z ST', '%1 Z St')"_s.arg(i));
+    const QString file = out.filePath(u"printed.pdf"_s);
+    OnPreview([&](upkeep::frm_ReportPreview& preview) {
+        Wait(preview);
+        ASSERT_GE(preview.Pages(), 4);
+        QPrinter printer;
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(file);
+        printer.setPrintRange(QPrinter::PageRange);
+        printer.setPageRanges(QPageRanges::fromString(u"1,4"_s));
+        SendToPrinter(preview, printer);
+    });
+    QFile made(file);
+    ASSERT_TRUE(made.open(QIODevice::ReadOnly));
+    EXPECT_EQ(made.readAll().count("/Type /Page\n"), 2);
+}
+
 TEST_F(PrintWindows, MoreThanFiveHundredRecordsAsk)
 {
     const auto database = main.program.Engine().OpenDatabase(main.program.DatabookPath());
