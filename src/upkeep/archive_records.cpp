@@ -79,6 +79,7 @@ public:
 
 private:
     void ChooseFields();
+    void NeedPhotoDirectory() const; ///< @throws 76
     void TakeKey(const QString& key);
     [[nodiscard]] bool Take(const QString& key, const store::Record& record);
     [[nodiscard]] store::FieldValues OwnFields(const QString& key) const;
@@ -109,6 +110,12 @@ void Archiving::ChooseFields()
         if (m_work.databook.FieldIndex(field.name) < 0 && field.type != engine::FieldType::LongBinary &&
             field.type != engine::FieldType::Binary)
             m_ownFields.append(field.name.toUpper());
+}
+
+void Archiving::NeedPhotoDirectory() const
+{
+    if (!m_work.disk.DirExists(m_work.globals.G_PhotoDir))
+        throw RuntimeError(error::kPathNotFound, kNoPhotoDirectory.arg(m_work.globals.G_PhotoDir));
 }
 
 store::FieldValues Archiving::OwnFields(const QString& key) const
@@ -152,6 +159,8 @@ bool Archiving::Take(const QString& key, const store::Record& record)
     }
     QStringList missing;
     const QStringList stems = m_pictures.StemsOf(record, missing);
+    if (!missing.isEmpty())
+        NeedPhotoDirectory(); // it may have gone meanwhile, with all that is in it
     if (const QString other = m_pictures.Copy(stems, m_archive, there); !other.isEmpty()) {
         m_done.left.append(kOtherPicture.arg(key, other));
         return true;
@@ -210,8 +219,8 @@ Archived Archiving::Run()
     m_archive.Open(m_work.file, m_work.table, store::SourceKind::Table);
     ChooseFields();
     m_named = NamedPictures(m_work.databook);
-    if (m_named.Any() && !m_work.disk.DirExists(m_work.globals.G_PhotoDir))
-        throw RuntimeError(error::kPathNotFound, kNoPhotoDirectory.arg(m_work.globals.G_PhotoDir));
+    if (m_named.Any())
+        NeedPhotoDirectory();
     store::Rows rows = store::ReadRows(m_work.databook, u"SELECT %1, %2 FROM [%3]"_s.arg(
                                                             QString(fields::CENTRALKEY), QString(fields::SALEDATE),
                                                             m_work.databook.RecordSource()));

@@ -164,7 +164,7 @@ void frm_Archive::ListFiles()
         if (const QString path = common::CkRSlash(txtPath.Text()); path.size() >= 3)
             names = m_desk.Disk().Dir(path + u"*.mdb"_s, files::ReadOnly);
     } catch (const RuntimeError& failure) {
-        Tell(failure.Description() + u'.', forms::Colour::Red);
+        TellOfListing(failure.Description() + u'.');
     }
     fildatabases.SetItems(names);
     lstdatabases.SetItems(names);
@@ -174,7 +174,24 @@ void frm_Archive::ListFileTables()
 {
     const QScopedValueRollback<bool> listing(m_listing, true);
     if (const QString why = ListTheTables(m_desk.Engine(), File(), lstTables, txtTable.Text()); !why.isEmpty())
-        Tell(why + u'.', forms::Colour::Red);
+        TellOfListing(why + u'.');
+}
+
+/// What can't be listed behind some work comes after the words about that, which it must not take away.
+void frm_Archive::TellOfListing(const QString& words)
+{
+    const QString said = m_listsAgain ? lblmsg.Caption() : QString();
+    if (said.isEmpty())
+        Tell(words, forms::Colour::Red);
+    else if (!said.contains(words))
+        Tell(said + u' ' + words, forms::Colour::Red);
+}
+
+void frm_Archive::ListAgain()
+{
+    const QScopedValueRollback<bool> again(m_listsAgain, true);
+    ListFiles();
+    ListFileTables();
 }
 
 void frm_Archive::GoTo(const QString& path)
@@ -256,8 +273,7 @@ void frm_Archive::cmddelete_Click()
     } catch (const RuntimeError& failure) {
         common::ReportError(Prompter(), failure);
     }
-    ListFiles();
-    ListFileTables();
+    ListAgain();
 }
 
 void frm_Archive::cmdBrowse_Click()

@@ -48,6 +48,8 @@ private:
     void StampName();
     void ListFiles();
     void ListFileTables();
+    void ListAgain();
+    void TellOfListing(const QString& words);
     void GoTo(const QString& path);
     void ShowRange();
     void ShowCounts(const Archived& done);
@@ -67,6 +69,7 @@ private:
     bool m_busy = false;
     bool m_stop = false;
     bool m_listing = false;
+    bool m_listsAgain = false;
 };
 
 } // namespace vasclip::upkeep

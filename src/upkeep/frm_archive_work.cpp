@@ -2,6 +2,7 @@
 
 #include "common/dates.h"
 #include "common/error_block.h"
+#include "platform/engine/new_file.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/messages.h"
@@ -10,6 +11,8 @@
 #include "upkeep/frm_archive.h"
 #include "upkeep/tables.h"
 #include "upkeep/target_file.h"
+
+#include <QFileInfo>
 
 namespace vasclip::upkeep {
 
@@ -40,6 +43,7 @@ public:
     explicit Work(frm_Archive& screen)
         : m_screen(screen)
     {
+        m_screen.m_letGo(); // while a failure still finds the screen at rest
         m_screen.m_busy = true;
         m_screen.m_stop = false;
         m_screen.gauWork.SetRange(kGaugeParts);
@@ -47,7 +51,6 @@ public:
         m_screen.cmdStop.SetVisible(true);
         m_screen.EnableButtons();
         m_screen.cmdStop.SetFocus();
-        m_screen.m_letGo();
     }
     ~Work()
     {
@@ -113,8 +116,13 @@ bool frm_Archive::BeginAnew(const QString& target)
             return false;
         before = now;
     }
-    if (disk.Found(target, files::ReadOnly | files::Hidden))
-        disk.Kill(target);
+    // The new one takes the old one's place whole: a damaged template or a full disk costs no archive.
+    NeedWritable(disk, target);
+    engine::NewFile fresh(disk.ToNative(target), target);
+    const QString empty = target.left(target.lastIndexOf(u'\\') + 1) + QFileInfo(fresh.Path()).fileName();
+    disk.Kill(empty); // a database is made where nothing is
+    CopyFromNewData(m_desk.Engine(), m_desk.Templates(), empty);
+    fresh.Finish();
     return true;
 }
 
@@ -177,8 +185,7 @@ void frm_Archive::cmdarchive_Click()
         common::ReportError(Prompter(), failure);
         Tell(kFailed.arg(failure.Description()), forms::Colour::Red);
     }
-    ListFiles();
-    ListFileTables();
+    ListAgain();
 }
 
 /// Whoever holds the Databook just then takes none of the words about what was done.

@@ -2,6 +2,11 @@
 
 #include "store/convert.h"
 #include "store/record.h"
+#include "support/exclusive_lock.h"
+
+#include <QDir>
+
+#include <optional>
 
 namespace vasclip::upkeep {
 namespace {
@@ -42,6 +47,65 @@ TEST_F(ArchiveEdges, SaysWhatItDidAlsoWhereTheRecordsCanNotBeShownAgain)
     EXPECT_EQ(screen->lstaccount.ListCount(), 1);
     EXPECT_EQ(screen->lblCountMoved.Caption(), u"1"_s);
     EXPECT_TRUE(screen->cmdarchive.Enabled());
+}
+
+TEST_F(ArchiveEdges, AFailureBeforeItBeginsLeavesTheScreenAtRest)
+{
+    letGoFails = true;
+    Archive({forms::Answer::Yes});
+    EXPECT_TRUE(Says().contains(u"Nothing was moved."_s)) << Says().toStdString();
+    EXPECT_TRUE(screen->cmdarchive.Enabled());
+    EXPECT_FALSE(screen->cmdStop.Visible());
+    screen->Unload();
+    EXPECT_FALSE(screen->IsOpen()) << "it can be closed";
+}
+
+TEST_F(ArchiveEdges, ATemplateThatCanNotBeCopiedCostsNoArchiveThatIsBegunAnew)
+{
+    disk.WriteWhole(u"C:\\NEWDATA.MDB"_s, "this is no database");
+    Archive({forms::Answer::No, forms::Answer::Yes});
+    EXPECT_TRUE(Says().endsWith(u"Nothing was moved."_s)) << Says().toStdString();
+    EXPECT_FALSE(Says().contains(u".new"_s)) << Says().toStdString();
+    EXPECT_EQ(There(), (QStringList{u"8 Y ST"_s, u"9 Z ST"_s}));
+    EXPECT_EQ(QDir(disk.ToNative(u"C:\\ARCHIVE"_s)).entryList(QDir::Files), QStringList{u"OLD.MDB"_s});
+    EXPECT_EQ(Here().size(), 2);
+}
+
+TEST_F(ArchiveEdges, APhotoDirectoryThatGoesMeanwhileEndsItAndNoRecordGoesWithoutItsPictures)
+{
+    Comp(u"3 C ST"_s, u"05/05/1996"_s, u"C"_s);
+    const QString photos = disk.ToNative(u"C:\\JPG"_s);
+    int turns = 0;
+    doubles.pump.onTurn = [&] {
+        if (++turns == 2) {
+            EXPECT_TRUE(QDir().rename(photos, photos + u"_GONE"_s));
+        }
+    };
+    Archive({forms::Answer::Yes});
+    doubles.pump.onTurn = {};
+    EXPECT_TRUE(Says().startsWith(u"It ended at 3 C ST: The photo directory C:\\JPG\\ is not there"_s)) << Says().toStdString();
+    EXPECT_TRUE(Says().contains(u"1 record was moved into C:\\ARCHIVE\\OLD.MDB"_s)) << Says().toStdString();
+    EXPECT_TRUE(Here().contains(u"3 C ST"_s));
+    EXPECT_FALSE(There().contains(u"3 C ST"_s));
+}
+
+TEST_F(ArchiveEdges, WhatWasMovedIsSaidAlsoWhereTheArchiveCanNotBeListedAfterwards)
+{
+    Comp(u"3 C ST"_s, u"05/05/1996"_s);
+    engine.SetLockWait(50);
+    std::optional<tests::ExclusiveLock> theirs;
+    int turns = 0;
+    doubles.pump.onTurn = [&] {
+        if (++turns == 2)
+            theirs.emplace(disk.ToNative(archive)); // whoever stores into it just then
+    };
+    Archive({forms::Answer::Yes});
+    doubles.pump.onTurn = {};
+    const QString said = Says();
+    theirs.reset();
+    EXPECT_TRUE(said.startsWith(u"It ended at 3 C ST: "_s)) << said.toStdString();
+    EXPECT_TRUE(said.contains(u"1 record was moved into C:\\ARCHIVE\\OLD.MDB"_s)) << said.toStdString();
+    EXPECT_TRUE(Here().contains(u"3 C ST"_s));
 }
 
 TEST_F(ArchiveEdges, NoTakesNothingAwayFromWhoHasBegunToArchiveMeanwhile)

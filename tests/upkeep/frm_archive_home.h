@@ -11,7 +11,7 @@ class FrmArchive : public ArchiveHome
 protected:
     std::unique_ptr<frm_Archive> screen;
     int letGo = 0;
-    bool showFails = false;
+    bool showFails = false, letGoFails = false;
     int shown = 0;
     tests::HookedPrompter asked; ///< whose boxes others may come between
     forms::Ports hooked{asked, ports.pump, ports.clock, ports.random, ports.window, ports.screens};
@@ -34,7 +34,11 @@ protected:
     }
     void OpenScreen(const forms::Ports& over)
     {
-        screen = std::make_unique<frm_Archive>(TransferDesk{source, globals, over}, [this] { ++letGo; }, [this] {
+        screen = std::make_unique<frm_Archive>(TransferDesk{source, globals, over}, [this] {
+            ++letGo;
+            if (letGoFails)
+                throw RuntimeError(3187, u"Could not read; currently locked by another user"_s);
+        }, [this] {
             ++shown;
             if (showFails)
                 throw RuntimeError(3187, u"Could not read; currently locked by another user"_s);
