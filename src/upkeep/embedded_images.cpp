@@ -29,6 +29,7 @@ constexpr qsizetype kLongestName = 255; ///< bytes, on every disk that is in use
 const QString kJpg = u".jpg"_s;
 const QString kFrontView = u"FRONT VIEW"_s;
 const QString kMark = u".incoming"_s;
+const QString kReplacedMark = u".incoming-over"_s; ///< another one of these, for whatever clears them away
 const QString kStepWords = u"Picture of %1"_s;
 const QString kNoName = u"%1: \"%2\" is no name of a picture"_s;
 const QString kNoPicture = u"%1: what stands inside is no JPEG picture"_s;
@@ -36,6 +37,7 @@ const QString kTwice = u"%1: an earlier row has another picture of the name %2"_
 const QString kOverTitle = u"Pictures With The Same Name"_s;
 const QString kOver = u"The photo directory has other pictures under these names:\n\n%1\n\nYes writes the pictures of the "
                       u"file over them, No keeps those that are there, Cancel imports nothing."_s;
+const QString kNoCopy = u"The picture %1 could not be put aside, so nothing takes its place. Make room in the photo directory"_s;
 constexpr int kNamesAsked = 10;
 constexpr qint64 kBetweenLooks = 16; ///< rows
 const QString kLooking = u"Looking at the pictures"_s;
@@ -65,7 +67,7 @@ QString FrontStem(QString photos)
 QString PlaceOf(const TransferDesk& desk, const QString& stem)
 {
     const QString name = stem + kJpg;
-    const QString longest = name + kMark + QString::number(engine::OwnProcess());
+    const QString longest = name + kReplacedMark + QString::number(engine::OwnProcess());
     if (!photos::IsPlainStem(stem) || !files::IsPossibleName(name) || longest.toUtf8().size() > kLongestName)
         return {};
     return desk.Disk().ToNative(common::CkRSlash(desk.globals.G_PhotoDir) + name);
@@ -167,6 +169,17 @@ EmbeddedImages::~EmbeddedImages()
 {
     for (const Waiting& one : std::as_const(m_waiting))
         QFile::remove(WaitingName(one.file));
+    for (const QString& placed : std::as_const(m_placed)) {
+        if (QFile::exists(ReplacedName(placed)))
+            static_cast<void>(engine::RenameOver(ReplacedName(placed), placed)); // else the copy stays beside it
+        else
+            QFile::remove(placed);
+    }
+}
+
+QString EmbeddedImages::ReplacedName(const QString& native) const
+{
+    return native + kReplacedMark + QString::number(engine::OwnProcess());
 }
 
 QString EmbeddedImages::WaitingName(const QString& native) const
@@ -179,7 +192,9 @@ void EmbeddedImages::Sweep() const
 {
     const QString directory = common::CkRSlash(m_desk.globals.G_PhotoDir);
     for (const QString& name : m_desk.Disk().Dir(directory + u"*"_s + kMark + u"*"_s, files::ReadOnly)) {
-        const qint64 process = name.mid(name.lastIndexOf(kMark) + kMark.size()).toLongLong();
+        QString number = name.mid(name.lastIndexOf(kMark) + kMark.size());
+        number.remove(kReplacedMark.mid(kMark.size()));
+        const qint64 process = number.toLongLong();
         if (process > 0 && (process == engine::OwnProcess() || !engine::IsAlive(process, {})))
             QFile::remove(m_desk.Disk().ToNative(directory + name));
     }
@@ -285,6 +300,11 @@ void EmbeddedImages::Place()
 {
     while (!m_waiting.isEmpty()) {
         const Waiting one = m_waiting.first();
+        if (one.over && (!QFile::copy(one.file, ReplacedName(one.file)))) {
+            QFile::remove(ReplacedName(one.file));
+            throw RuntimeError(error::kPathFileAccess, kNoCopy.arg(QFileInfo(one.file).fileName()));
+        }
+        m_placed.append(one.file);
         if (!engine::RenameOver(WaitingName(one.file), one.file))
             throw RuntimeError(error::kPathFileAccess,
                                u"The picture %1 could not be put into the photo directory"_s.arg(
@@ -295,6 +315,13 @@ void EmbeddedImages::Place()
             if (const auto shown = m_desk.Disk().ToDrivePath(one.file))
                 store::DalmoSetReadWriteBit(m_desk.ports, m_desk.Disk(), *shown, files::ReadOnly);
     }
+}
+
+void EmbeddedImages::Keep()
+{
+    for (const QString& placed : std::as_const(m_placed))
+        QFile::remove(ReplacedName(placed));
+    m_placed.clear();
 }
 
 } // namespace vasclip::upkeep

@@ -38,7 +38,7 @@ class EmbeddedImages
 public:
     /// @param source  that is read and never written
     EmbeddedImages(const TransferDesk& desk, engine::Database& source, const QString& table);
-    ~EmbeddedImages(); ///< what was not placed goes
+    ~EmbeddedImages(); ///< what was not placed and kept goes, and what it took the place of is back
     EmbeddedImages(const EmbeddedImages&) = delete;
     EmbeddedImages& operator=(const EmbeddedImages&) = delete;
 
@@ -49,7 +49,10 @@ public:
     bool SaveEmbeddedImages(const WorkStep& step);
     /// Pictures of rows that did not come in are not placed, but where another row has the same one.
     void Drop(const QSet<QString>& keys);
-    void Place(); ///< @throws RuntimeError 75
+    /// Gives them their names, which is taken back with this object unless Keep follows. @throws RuntimeError 61, 75
+    void Place();
+    /// The rows are stored: what was placed stays.
+    void Keep();
     [[nodiscard]] const SavedImages& Result() const { return m_result; }
 
 private:
@@ -63,6 +66,7 @@ private:
     bool MetBefore(const PictureRow& row, const QString& native, const QString& stem);
     [[nodiscard]] bool SaveOne(const PictureRow& row, const std::function<bool()>& goOn); ///< false if it was stopped
     [[nodiscard]] QString WaitingName(const QString& native) const;
+    [[nodiscard]] QString ReplacedName(const QString& native) const; ///< of a copy of what gives way
     void Sweep() const;
 
     const TransferDesk& m_desk;
@@ -71,6 +75,7 @@ private:
     SavedImages m_result;
     std::optional<QSet<QString>> m_only;
     QList<Waiting> m_waiting;
+    QStringList m_placed; ///< native, until they are kept
     QHash<QString, QString> m_met; ///< by the name to be: the file that holds an earlier row's picture
 };
 

@@ -66,6 +66,7 @@ void frm_Rehearse::Form_Load()
     grdfields.SetColumns(FieldRows::Columns());
     grdrows.Rebind(&m_rows, m_rows.RowCount() > 0 ? 0 : -1);
     SetBusy(false);
+    ShowRow();
 }
 
 void frm_Rehearse::Form_Unload()
@@ -87,7 +88,7 @@ const RehearsedRow* frm_Rehearse::Current() const
     return place < 0 ? nullptr : &m_rehearsal->Rows().at(place);
 }
 
-void frm_Rehearse::ShowRow()
+void frm_Rehearse::ShowChoices()
 {
     const RehearsedRow* row = Current();
     for (int i = optChoice.First(); i <= optChoice.Last(); ++i) {
@@ -96,6 +97,12 @@ void frm_Rehearse::ShowRow()
     }
     if (row)
         optChoice(static_cast<int>(row->choice)).SetValue(true);
+}
+
+void frm_Rehearse::ShowRow()
+{
+    ShowChoices();
+    const RehearsedRow* row = Current();
     m_fields.Take(row ? m_rehearsal->FieldsOf(*row) : QList<FieldPair>());
     grdfields.Rebind(&m_fields, m_fields.RowCount() > 0 ? 0 : -1);
 }
@@ -124,7 +131,7 @@ void frm_Rehearse::SetBusy(bool busy)
     cmdImport.SetEnabled(!busy && !m_over);
     cmdRefused.SetEnabled(!busy && m_rehearsal->Count(RowKind::Refused) > 0);
     ckbKind.SetEnabled(!busy && !m_over);
-    ShowRow();
+    ShowChoices(); // and reads nothing: the Databook may be what failed
 }
 
 /// After the source, and never one that is there: somebody may be mending it. Without dashes, which no import takes.
@@ -151,14 +158,12 @@ void frm_Rehearse::cmdRefused_Click()
     });
 }
 
-void frm_Rehearse::cmdImport_Click()
+RehearsalResult frm_Rehearse::Carry()
 {
-    if (m_busy || m_over)
-        return;
+    RehearsalResult result;
     SetBusy(true);
     cmdStop.SetFocus();
     const auto free = qScopeGuard([this] { SetBusy(false); });
-    RehearsalResult result;
     ReportedUnlessLocked(m_desk.ports.prompter, "cmdImport", [&] {
         const forms::Hourglass hourglass(m_desk.ports.window);
         result = m_rehearsal->Carry([this](qint64 done, qint64 of, const QString& words) {
@@ -172,9 +177,19 @@ void frm_Rehearse::cmdImport_Click()
         });
     });
     m_over = result.done;
+    return result;
+}
+
+void frm_Rehearse::cmdImport_Click()
+{
+    if (m_busy || m_over)
+        return;
+    const RehearsalResult result = Carry();
     m_done += result.added + result.changed;
     grdrows.Refresh(); // a row that could not be carried out says why
     lblmsg.Show(WordsOf(result), result.done && result.undone.isEmpty() ? forms::Colour::Blue : forms::Colour::Red);
+    if (m_over)
+        ShowRow();
 }
 
 } // namespace vasclip::upkeep

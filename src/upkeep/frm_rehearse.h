@@ -33,7 +33,9 @@ protected:
 
 private:
     [[nodiscard]] QString NewRefusedFile() const;
+    void ShowChoices();
     void ShowRow();
+    [[nodiscard]] RehearsalResult Carry();
     void Choose(int choice);
     void SetBusy(bool busy);
     [[nodiscard]] const RehearsedRow* Current() const;

@@ -95,6 +95,7 @@ ImportResult ImportTable(const TransferDesk& desk, const ImportOrder& order, con
     images.Place();
     result.pictures = images.Result();
     whole.Commit();
+    images.Keep();
     result.done = true;
     return result;
 }

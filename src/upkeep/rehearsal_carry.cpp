@@ -115,6 +115,7 @@ RehearsalResult Rehearsal::Carry(const WorkStep& step)
     images.Place();
     result.pictures = images.Result();
     whole.Commit();
+    images.Keep();
     for (qsizetype at = 0; at < m_rows.size(); ++at) {
         if (!undone.contains(at))
             continue;

@@ -232,9 +232,33 @@ TEST_F(Import, ThatIsStoppedLeavesDatabookAndPhotosAsTheyWere)
     EXPECT_EQ(Pictures().size(), 2);
 }
 
+TEST_F(Import, PutsThePicturesBackWhenTheRowsAreNotStoredAfterAll)
+{
+    disk.WriteWhole(u"C:\\JPG\\00000001.jpg"_s, "mine");
+    PutComp(u"1 ASH ST"_s, {}, u"FRONT VIEW|00000001\r\n"_s, kJpeg);
+    PutComp(u"2 ASH ST"_s, {}, u"FRONT VIEW|00000009\r\n"_s, kJpeg);
+    const QStringList before = Pictures();
+    engine.SetLockWait(50);
+    sqlite3* reader = nullptr; // whoever reads lets others change rows, but not store them
+    ASSERT_EQ(sqlite3_open(disk.ToNative(path).toUtf8().constData(), &reader), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(reader, "BEGIN; SELECT COUNT(*) FROM sqlite_master", nullptr, nullptr, nullptr), SQLITE_OK);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    EXPECT_NE(tests::NumberOf([&] { Run(); }), 0);
+    sqlite3_close(reader);
+    EXPECT_EQ(Keys(path, table).size(), 3);
+    EXPECT_EQ(Pictures(), before);
+    EXPECT_EQ(disk.ReadWhole(u"C:\\JPG\\00000001.jpg"_s), "mine");
+    doubles.prompter.Answer(forms::Answer::Yes);
+    const ImportResult again = Run();
+    EXPECT_EQ(again.appended, 2);
+    EXPECT_EQ(disk.ReadWhole(u"C:\\JPG\\00000001.jpg"_s), kJpeg);
+    EXPECT_EQ(Pictures().size(), before.size() + 1) << "nothing is left beside them";
+}
+
 TEST_F(Import, SweepsWhatAKilledOneLeft)
 {
     disk.WriteWhole(u"C:\\JPG\\00000009.jpg.incoming999999999"_s, "half");
+    disk.WriteWhole(u"C:\\JPG\\00000009.jpg.incoming-over999999999"_s, "old");
     PutComp(u"1 ASH ST"_s);
     Run();
     EXPECT_EQ(Pictures().size(), 2);

@@ -1,6 +1,5 @@
 #include "import_home.h"
-
-#include <sqlite3.h>
+#include "support/exclusive_lock.h"
 
 namespace vasclip::windows {
 namespace {
@@ -246,6 +245,26 @@ TEST_F(RehearseWindow, SaysWhatSomebodyAddedAndDeletedMeanwhile)
         EXPECT_EQ(Cells(u"grdrows"_s, 1).at(4), u"a record of this key is in the Databook by now"_s);
     });
     EXPECT_EQ(home.disk.Dir(u"C:\\JPG\\*"_s), QStringList{u"00000002.jpg"_s});
+}
+
+TEST_F(RehearseWindow, StandsAlsoWhenSomebodyHoldsTheDatabookAlone)
+{
+    program.Engine().SetLockWait(50);
+    doubles.prompter.AnswerAlways(forms::Answer::Cancel);
+    Rehearse([&] {
+        ClickRow(0); // whose fields are shown
+        Option(2);
+        {
+            const tests::ExclusiveLock theirs(home.disk.ToNative(shell::kDatabook));
+            Press(u"cmdImport"_s);
+            EXPECT_FALSE(doubles.prompter.Boxes().empty());
+            EXPECT_TRUE(Says().contains(u"the Databook is as it was."_s)) << Says().toStdString();
+        }
+        ASSERT_TRUE(The<QPushButton>(u"cmdImport"_s).isEnabled()) << "it may be tried again";
+        Press(u"cmdImport"_s);
+        EXPECT_TRUE(Says().startsWith(u"Records added: 2, changed: 1."_s)) << Says().toStdString();
+    });
+    EXPECT_EQ(City(u"12 OAK ST"_s), u"THEIRS"_s);
 }
 
 TEST_F(RehearseWindow, IsCanceledWhilePicturesAreTakenOut)
