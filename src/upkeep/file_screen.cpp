@@ -112,7 +112,7 @@ void FileScreen::ListFiles()
                 names += m_desk.Disk().Dir(path + pattern, files::ReadOnly);
         }
     } catch (const RuntimeError& failure) {
-        Tell(failure.Description() + u'.', forms::Colour::Red); // no box: path and Browse stay within reach
+        TellOfListing(failure.Description() + u'.'); // no box: path and Browse stay within reach
     }
     filexport.SetItems(names);
 }
@@ -128,7 +128,7 @@ void FileScreen::ListFileTables(const QString& selected)
     if (m_takesListed && lstTables.ListIndex() >= 0)
         txtTable.SetText(lstTables.List(lstTables.ListIndex()));
     if (!why.isEmpty())
-        Tell(why + u'.', forms::Colour::Red);
+        TellOfListing(why + u'.');
     ShowCount();
 }
 
@@ -144,7 +144,7 @@ void FileScreen::ShowCount()
         try {
             words = kRecords.arg(CountOf(m_desk.Engine(), File(), lstTables.List(lstTables.ListIndex())));
         } catch (const RuntimeError& failure) {
-            Tell(failure.Description() + u'.', forms::Colour::Red);
+            TellOfListing(failure.Description() + u'.');
         }
     }
     lblRecordCount.SetCaption(words);
@@ -161,6 +161,23 @@ void FileScreen::GoTo(const QString& directory, const QString& fileName)
 void FileScreen::Tell(const QString& words, forms::Colour colour)
 {
     lblmsg.Show(words, colour);
+}
+
+/// What can't be listed behind some work comes after the words about that, which it must not take away.
+void FileScreen::TellOfListing(const QString& words)
+{
+    const QString said = m_listsAgain ? lblmsg.Caption() : QString();
+    if (said.isEmpty())
+        Tell(words, forms::Colour::Red);
+    else if (!said.contains(words))
+        Tell(said + u' ' + words, forms::Colour::Red);
+}
+
+void FileScreen::ListAgain(const QString& selected)
+{
+    const QScopedValueRollback<bool> again(m_listsAgain, true);
+    ListFiles();
+    ListFileTables(selected);
 }
 
 void FileScreen::ShowAccount(const QString& heading, const QStringList& lines)

@@ -40,6 +40,8 @@ protected:
     void ListFiles();
     /// @param selected  table to select, else the first
     void ListFileTables(const QString& selected = {});
+    /// Both of them behind some work, whose words stay.
+    void ListAgain(const QString& selected = {});
     /// Does the table box take a table of the file where it names none of them?
     void SetTakesListedTable(bool takes) { m_takesListed = takes; }
     /// Are text and spreadsheet files listed and taken beside databases?
@@ -65,6 +67,7 @@ protected:
     bool QueryUnload() override;
 
 private:
+    void TellOfListing(const QString& words);
     void TakeFile();
     void TakeTable();
     void ShowCount();
@@ -77,6 +80,7 @@ private:
     QString m_left; ///< what stood in the path's box when it was left the last time
     bool m_takesListed = false;
     bool m_takesLists = false;
+    bool m_listsAgain = false;
     bool m_listing = false; ///< the list is filled: what it selects then is not the user's choice
 };
 

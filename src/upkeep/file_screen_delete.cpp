@@ -42,7 +42,7 @@ void FileScreen::cmdDelete_Click()
         return;
     if (ReportedUnlessLocked(Prompter(), "cmdDelete", [&] { DeleteTable(engine, file, table); }))
         Tell(kTableDeleted.arg(table, file));
-    ListFileTables();
+    ListAgain();
 }
 
 void FileScreen::cmdDeleteDatabase_Click()
@@ -57,8 +57,7 @@ void FileScreen::cmdDeleteDatabase_Click()
         return;
     if (ReportedUnlessLocked(Prompter(), "cmdDeleteDatabase", [&] { m_desk.Disk().Kill(file); }))
         Tell(kFileDeleted.arg(file));
-    ListFiles();
-    ListFileTables();
+    ListAgain();
 }
 
 } // namespace vasclip::upkeep

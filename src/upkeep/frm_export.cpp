@@ -115,8 +115,7 @@ void frm_Export::cmdExport_Click()
     if (!ended)
         Tell(WordsOf(ExportResult{.file = target, .table = table}),
              forms::Colour::Red);
-    ListFiles();
-    ListFileTables(table);
+    ListAgain(table);
 }
 
 void frm_Export::Export(const QString& target, const QString& table, const WorkStep& step)

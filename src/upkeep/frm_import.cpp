@@ -126,7 +126,7 @@ void frm_Import::cmdImport_Click()
     const bool ended = Run("cmdImport", [&](const WorkStep& step) { Import(source, step); });
     if (!ended)
         Tell(WordsOf(ImportResult()), forms::Colour::Red);
-    ListFileTables(txtTable.Text());
+    ListAgain(txtTable.Text());
 }
 
 void frm_Import::Import(const QString& source, const WorkStep& step)

@@ -1,10 +1,11 @@
 #include "report_windows.h"
+#include "support/exclusive_lock.h"
+#include "support/genuine_files.h"
 #include "upkeep/frm_export.h"
 #include "upkeep/tables.h"
 
+#include <QDir>
 #include <QProgressBar>
-
-#include <sqlite3.h>
 
 namespace vasclip::windows {
 namespace {
@@ -130,6 +131,35 @@ TEST_F(ExportWindow, IsCanceledInTheMiddleByAClickAndClosesOnlyThen)
     });
 }
 
+TEST_F(ExportWindow, AsksBeforeAnAccessFileLosesItsSavedQueriesAndSaysWhatWentAfterAYes)
+{
+    if (tests::GenuineFiles().isEmpty())
+        GTEST_SKIP() << "no genuine files beside the source";
+    home.MakeDirs(u"C:\\DATABOOK\\EXPORT"_s);
+    ASSERT_TRUE(QFile::copy(tests::GenuineFiles() + u"/queryTestV1997.mdb"_s, home.disk.ToNative(kOut)));
+    const QByteArray before = home.disk.ReadWhole(kOut);
+    doubles.prompter.Answer(forms::Answer::No);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Play([&] {
+        Press(u"cmdExport"_s);
+        ASSERT_EQ(doubles.prompter.Boxes().size(), 1U) << doubles.prompter.Texts().join(u'\n').toStdString();
+        const QString asked = doubles.prompter.Last().text;
+        EXPECT_TRUE(asked.startsWith(u"The export writes "_s + kOut + u" anew, and not all that is in it can be written again:\n\n"
+                                     u"the format of Access 97 (that of Access 2000 takes its place)\nthe saved query "_s))
+            << asked.toStdString();
+        EXPECT_EQ(asked.count(u"the saved query "_s), 9);
+        EXPECT_EQ(Says(), u"Nothing was exported: "_s + kOut + u" is as it was."_s);
+        EXPECT_EQ(home.disk.ReadWhole(kOut), before);
+        Press(u"cmdExport"_s);
+        EXPECT_TRUE(Says().startsWith(u"2 records were exported to table COMPS of "_s + kOut +
+                                      u". The file has no more: the format of Access 97 (that of Access 2000 takes its place), the saved query "_s))
+            << Says().toStdString();
+        EXPECT_EQ(Says().count(u"the saved query "_s), 9);
+        EXPECT_FALSE(Says().contains(u"old file"_s));
+        EXPECT_EQ(Lines(u"lstTables"_s), (QStringList{u"COMPS"_s, u"Table1"_s, u"Table2"_s, u"Table3"_s}));
+    });
+}
+
 TEST_F(ExportWindow, AsksForADirectoryThatIsNotThereWhenItsBoxIsLeft)
 {
     doubles.prompter.Answer(forms::Answer::No);
@@ -191,6 +221,41 @@ TEST_F(ExportWindow, DeletesNoTableOfADatabaseThatIsTheProgramsOrOpen)
     home.disk.Kill(u"C:\\DATABOOK\\OTHER.LDB"_s);
     for (const QString& file : {mine, other, shell::kDatabook})
         EXPECT_EQ(upkeep::CountOf(engine, file, u"COMPS"_s), 2) << file.toStdString();
+}
+
+TEST_F(ExportWindow, SaysWhatBecameOfItAlsoWhereTheFileCanNotBeListed)
+{
+    program.Engine().SetLockWait(50);
+    Play([&] {
+        Press(u"cmdExport"_s);
+        const QByteArray before = home.disk.ReadWhole(kOut);
+        const tests::ExclusiveLock theirs(home.disk.ToNative(kOut));
+        Press(u"cmdExport"_s);
+        EXPECT_TRUE(Says().startsWith(u"Nothing was exported: "_s + kOut + u" is as it was."_s)) << Says().toStdString();
+        EXPECT_EQ(home.disk.ReadWhole(kOut), before);
+        EXPECT_TRUE(window->isVisible());
+    });
+}
+
+TEST_F(ExportWindow, AnExportDirectoryThatVanishesMeanwhileIsToldAndNothingElse)
+{
+    Play([&] {
+        Tick(u"ckbCopy"_s);
+        const QString native = home.disk.ToNative(u"C:\\DATABOOK\\EXPORT"_s);
+        bool gone = false;
+        doubles.pump.onTurn = [&] { gone = gone || QDir(native).removeRecursively(); };
+        doubles.prompter.AnswerAlways(forms::Answer::Abort);
+        Press(u"cmdExport"_s);
+        doubles.pump.onTurn = {};
+        ASSERT_TRUE(gone);
+        EXPECT_TRUE(Says().startsWith(u"Nothing was exported: "_s + kOut)) << Says().toStdString();
+        for (const QString& text : doubles.prompter.Texts())
+            EXPECT_FALSE(text.contains(u".new"_s)) << text.toStdString();
+        EXPECT_FALSE(doubles.prompter.Boxes().empty());
+        EXPECT_TRUE(The<QPushButton>(u"cmdExport"_s).isEnabled());
+        Press(u"cmdExport"_s);
+        EXPECT_TRUE(Says().startsWith(u"2 records were exported"_s)) << "it is made again: " << Says().toStdString();
+    });
 }
 
 TEST_F(ExportWindow, KeepsATableThatWasTypedWhenTheListIsRefilled)
