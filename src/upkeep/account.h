@@ -24,6 +24,7 @@ public:
     void RecordSeen() { ++m_seen; }
     /// What else is to be known of a record, for the user's eyes.
     void Remark(const QString& key, const QString& words);
+    void Flush() { m_lines.Flush(); } ///< @throws RuntimeError 57, 61
     void TakeBack(); ///< of a walk that was taken back nothing has become
 
     [[nodiscard]] const QString& Heading() const { return m_heading; }

@@ -19,6 +19,7 @@ namespace {
 
 constexpr int kGaugeParts = 1000;
 constexpr qint64 kRecordsATurn = 100; ///< a turn of the queue for each would take longer than the work
+constexpr int kLongest = 100;         ///< milliseconds between two turns, where the disk is slow
 
 } // namespace
 
@@ -29,6 +30,8 @@ public:
     explicit Work(frm_Maintenance& screen)
         : m_screen(screen)
     {
+        if (m_screen.m_desk.letGo)
+            m_screen.m_desk.letGo(); // while a failure still finds the screen at rest
         m_screen.m_busy = true;
         m_screen.m_stop = false;
         m_screen.gauWork.SetRange(kGaugeParts);
@@ -38,8 +41,6 @@ public:
         m_screen.lstaccount.SetSource(nullptr);
         m_screen.EnableButtons();
         m_screen.cmdStop.SetFocus();
-        if (m_screen.m_desk.letGo)
-            m_screen.m_desk.letGo();
     }
     ~Work()
     {
@@ -151,14 +152,16 @@ void frm_Maintenance::EnableButtons()
 
 bool frm_Maintenance::Step(const QString& caption, qint64 done, qint64 of)
 {
-    if (done > 0 && done < m_turned + kRecordsATurn)
+    const bool pictures = caption == kDeletingPictures; // a file can take longer than a hundred records
+    if (done > 0 && !pictures && done < m_turned + kRecordsATurn && !m_sinceTurn.hasExpired(kLongest))
         return !m_stop;
     m_turned = done;
     gauWork.SetCaption(caption);
     gauWork.SetValue(of > 0 ? static_cast<int>(done * kGaugeParts / of) : 0);
-    if (caption == kDeletingPictures)
+    if (pictures)
         cmdStop.SetEnabled(false); // the records are gone already
     m_desk.repair.ports.pump.DoEvents();
+    m_sinceTurn.start();
     return !m_stop;
 }
 

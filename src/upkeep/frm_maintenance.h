@@ -3,6 +3,8 @@
 #include "forms/screen.h"
 #include "upkeep/repairs.h"
 
+#include <QElapsedTimer>
+
 namespace vasclip::upkeep {
 
 /// What the screen of the repairs works on.
@@ -53,7 +55,8 @@ private:
     Account m_account;
     bool m_busy = false;
     bool m_stop = false;
-    qint64 m_turned = 0; ///< records done when the queue was turned last
+    qint64 m_turned = 0;       ///< records done when the queue was turned last
+    QElapsedTimer m_sinceTurn; ///< then
 };
 
 } // namespace vasclip::upkeep

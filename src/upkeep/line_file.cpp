@@ -29,6 +29,8 @@ void LineFile::Append(const QByteArray& line)
 
 void LineFile::Flush() const
 {
+    if (m_pending.isEmpty())
+        return;
     if (!m_file.isOpen() && !m_file.open())
         throw RuntimeError(error::kDeviceIo, u"The account could not be kept in a file: %1"_s.arg(m_file.errorString()));
     if (!m_file.seek(m_written) || m_file.write(m_pending) != m_pending.size() || !m_file.flush())
@@ -40,8 +42,7 @@ void LineFile::Flush() const
 
 void LineFile::Read(qint64 first) const
 {
-    if (!m_pending.isEmpty())
-        Flush();
+    Flush();
     m_block = {first};
     m_file.seek(m_places[static_cast<std::size_t>(first / kBlock)]);
     while (m_block.lines.size() < std::min(kBlock, m_count - first)) {

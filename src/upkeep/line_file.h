@@ -16,6 +16,8 @@ public:
     [[nodiscard]] qint64 Count() const { return m_count; }
     [[nodiscard]] QString Line(qint64 index) const; ///< "" out of range
     void Clear();
+    /// All of it is in the file then, so that no line is lost to a disk that fills up later. @throws RuntimeError 57, 61
+    void Flush() const;
 
 private:
     struct Block
@@ -24,7 +26,6 @@ private:
         QList<QByteArray> lines = {};
     };
     void Read(qint64 first) const;
-    void Flush() const;
 
     mutable QTemporaryFile m_file;
     mutable QByteArray m_pending; ///< what is not in the file yet

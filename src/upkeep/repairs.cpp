@@ -172,6 +172,8 @@ QString RepairWalk::DeletePictures(const LineFile& stems)
     } catch (const RuntimeError&) {
         return kPicturesLeft.arg(stems.Count()); // the records are gone; which files others name can't be told
     }
+    if (!m_desk.disk.DirExists(m_desk.globals.G_PhotoDir))
+        return kPicturesLeft.arg(stems.Count()); // it went meanwhile, with all that is in it
     qint64 left = 0;
     for (qint64 i = 0; i < stems.Count(); ++i) {
         static_cast<void>(m_step(kDeletingPictures, i, stems.Count()));

@@ -119,6 +119,8 @@ bool Walk::Run(const Step& step, const std::function<void(RowEdit&)>& repair)
             else
                 row.Store();
         }
+        m_pictures.Flush(); // while a full disk still takes everything back
+        m_account.Flush();
         rows.Commit();
     } catch (...) {
         m_account.TakeBack();

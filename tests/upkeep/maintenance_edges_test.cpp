@@ -2,6 +2,9 @@
 
 #include "comments/comment_file.h"
 
+#include <QDir>
+#include <QSet>
+
 namespace vasclip::upkeep {
 namespace {
 
@@ -40,6 +43,69 @@ TEST_F(MaintenanceEdges, SaysWhatItDidAlsoWhereTheRecordsCanNotBeShownAgain)
         << Says().toStdString();
     EXPECT_EQ(Field(u"1 A ST"_s, u"LATITUDE"_s), QString());
     EXPECT_FALSE(Lines().isEmpty());
+}
+
+TEST_F(MaintenanceEdges, AFailureBeforeItBeginsLeavesTheScreenAtRest)
+{
+    Comp(u"1 A ST"_s, {{u"LATITUDE"_s, u"45"_s}});
+    Bind(source);
+    screen = std::make_unique<frm_Maintenance>(MaintenanceDesk{.repair = Desk(), .letGo = [] {
+        throw RuntimeError(3187, u"Could not read; currently locked by another user"_s);
+    }});
+    screen->Open();
+    Yes();
+    EXPECT_THROW(Click(screen->cmdclearAnchors), RuntimeError) << "which the window shows";
+    EXPECT_EQ(Field(u"1 A ST"_s, u"LATITUDE"_s), u"45"_s);
+    EXPECT_TRUE(screen->cmdclearAnchors.Enabled());
+    screen->Unload();
+    EXPECT_FALSE(screen->IsOpen()) << "it can be closed";
+}
+
+TEST_F(MaintenanceEdges, TheWindowIsPaintedAtEachPictureThatIsDeleted)
+{
+    for (int i = 0; i < 5; ++i) {
+        Photo(u"P%1"_s.arg(i));
+        Comp(u"%1 A ST"_s.arg(i), {{u"SALEDATE"_s, u"05/05/1999"_s}, {u"PHOTOS"_s, u"FRONT VIEW|P%1\r\n"_s.arg(i)}});
+    }
+    Open();
+    Yes();
+    QSet<int> seen; // on a slow disk each takes long
+    doubles.pump.onTurn = [&] {
+        if (screen->gauWork.Caption().startsWith(u"Deleting the pictures"_s))
+            seen.insert(screen->gauWork.Value());
+    };
+    Erase(screen->cmdDeleteByDate, u"12/31/1999"_s);
+    EXPECT_EQ(seen.size(), 5) << doubles.prompter.Texts().join(u'|').toStdString();
+}
+
+TEST_F(MaintenanceEdges, AnAccountThatCanNotBeKeptIsMetBeforeAnyRecordGoes)
+{
+    Photo(u"P1"_s);
+    Comp(u"1 A ST"_s, {{u"SALEDATE"_s, u"05/05/1999"_s}, {u"PHOTOS"_s, u"FRONT VIEW|P1\r\n"_s}});
+    Open();
+    Yes();
+    const QByteArray before = qgetenv("TMPDIR");
+    qputenv("TMPDIR", "/proc"); // which takes no file
+    Erase(screen->cmdDeleteByDate, u"12/31/1999"_s);
+    qputenv("TMPDIR", before);
+    EXPECT_TRUE(Says().startsWith(u"Nothing was changed, every record is as it was: "_s)) << Says().toStdString();
+    EXPECT_EQ(Keys(), QStringList{u"1 A ST"_s});
+    EXPECT_TRUE(HasFile(u"C:\\JPG\\P1.jpg"_s));
+}
+
+TEST_F(MaintenanceEdges, APhotoDirectoryThatGoesMeanwhileIsToldOf)
+{
+    Photo(u"P1"_s);
+    Comp(u"1 A ST"_s, {{u"SALEDATE"_s, u"05/05/1999"_s}, {u"PHOTOS"_s, u"FRONT VIEW|P1\r\n"_s}});
+    Open();
+    Yes();
+    const QString photos = disk.ToNative(u"C:\\JPG"_s);
+    doubles.pump.onTurn = [&] { QDir().rename(photos, photos + u"_GONE"_s); };
+    Erase(screen->cmdDeleteByDate, u"12/31/1999"_s);
+    doubles.pump.onTurn = {};
+    EXPECT_TRUE(Keys().isEmpty());
+    EXPECT_TRUE(Says().startsWith(u"Process Complete.  Delete by Sale Date of 12/31/1999. 1 picture files could not be deleted"_s))
+        << Says().toStdString();
 }
 
 TEST_F(MaintenanceEdges, DeletesNoRecordWhosePicturesAreOutOfReach)
