@@ -1,5 +1,6 @@
 #include "upkeep/export_csv.h"
 
+#include "platform/engine/new_file.h"
 #include "platform/files/disk.h"
 #include "platform/text/text.h"
 #include "store/record.h"
@@ -8,7 +9,7 @@
 #include "upkeep/export_statement.h"
 #include "upkeep/target_file.h"
 
-#include <QSaveFile>
+#include <QFile>
 
 namespace vasclip::upkeep {
 
@@ -36,7 +37,8 @@ CsvExport ExportCsv(const TransferDesk& desk, const QString& file, const QString
         shown.append(i);
         names.append(rows.Fields().at(i).name);
     }
-    QSaveFile out(desk.Disk().ToNative(file));
+    engine::NewFile whole(desk.Disk().ToNative(file), file);
+    QFile out(whole.Path());
     if (!out.open(QIODevice::WriteOnly))
         FailWriting(file, out);
     out.write(MarkOf(form.codePage) + Encoded(CsvLine(names, form.delimiter), form.codePage, result.lost));
@@ -55,8 +57,10 @@ CsvExport ExportCsv(const TransferDesk& desk, const QString& file, const QString
             FailWriting(file, out);
         ++result.records;
     }
-    if (!out.flush() || !out.commit())
+    if (!out.flush())
         FailWriting(file, out);
+    out.close();
+    whole.Finish();
     result.written = true;
     return result;
 }
