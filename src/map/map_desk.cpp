@@ -59,7 +59,7 @@ Group ActiveGroup(const link::ReportControls& report)
 void FollowTabs(link::ReportControls& report)
 {
     const MapGroupRow& row = MapRowOf(ActiveGroup(report));
-    if (QString(report.cmdSubjectAnd.Caption()).remove(u'&') != row.button) // its key goes with the first caption
+    if (report.cmdSubjectAnd.Caption() != row.button)
         report.cmdSubjectAnd.SetCaption(row.button);
     report.cmdSubjectAnd.SetToolTipText(u"Place the Subject and %1 on the map."_s.arg(row.comps));
 }

@@ -13,10 +13,10 @@ namespace {
 using A = link::frm_Addr;
 
 constexpr std::array kRows{
-    MapGroupRow{Group::Sales, "Subject/Comp"_L1, "Comps"_L1, &A::txtProximity},
-    MapGroupRow{Group::Alternates, "Subj/AltComp"_L1, "Alt Comps"_L1, &A::txtAltProximity},
-    MapGroupRow{Group::Listings, "Subject/Listing"_L1, "Listings"_L1, &A::txtListProximity},
-    MapGroupRow{Group::Rentals, "Subject/Rent"_L1, "Rentals"_L1, &A::txtRentProximity},
+    MapGroupRow{Group::Sales, "Su&bject/Comp"_L1, "Comps"_L1, &A::txtProximity},
+    MapGroupRow{Group::Alternates, "Su&bj/AltComp"_L1, "Alt Comps"_L1, &A::txtAltProximity},
+    MapGroupRow{Group::Listings, "Su&bject/Listing"_L1, "Listings"_L1, &A::txtListProximity},
+    MapGroupRow{Group::Rentals, "Su&bject/Rent"_L1, "Rentals"_L1, &A::txtRentProximity},
 };
 
 } // namespace

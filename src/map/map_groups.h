@@ -8,7 +8,7 @@ namespace vasclip::map {
 struct MapGroupRow
 {
     link::Group group;
-    QLatin1StringView button; ///< caption of cmdSubjectAnd
+    QLatin1StringView button; ///< caption of cmdSubjectAnd, with its access key, which is the same on all tabs
     QLatin1StringView comps;  ///< in its tool tip
     forms::ControlArray<forms::TextBox> link::frm_Addr::*proximities;
 };

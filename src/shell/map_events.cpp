@@ -125,7 +125,6 @@ void MapEvents::WireBoxes()
     for (forms::TabControl* data : {&report.TabData, &report.TabComp})
         connect(data, &forms::TabControl::TabClicked, this, [&report] { map::FollowTabs(report); });
     connect(&report.cmdSubjectAnd, &forms::Control::Changed, this, [&report] { map::FollowTabs(report); });
-    report.cmdSubjectAnd.SetCaption(u"Su&bject/Comp"_s);
     map::FollowTabs(report);
 }
 

@@ -241,10 +241,10 @@ TEST_F(PlaceArrows, EachTabHasItsType)
 TEST_F(PlaceArrows, TheButtonFollowsTheTab)
 {
     const QList<std::pair<Group, QStringList>> table = {
-        {Group::Sales, {u"Subject/Comp"_s, u"Place the Subject and Comps on the map."_s}},
-        {Group::Alternates, {u"Subj/AltComp"_s, u"Place the Subject and Alt Comps on the map."_s}},
-        {Group::Rentals, {u"Subject/Rent"_s, u"Place the Subject and Rentals on the map."_s}},
-        {Group::Listings, {u"Subject/Listing"_s, u"Place the Subject and Listings on the map."_s}}};
+        {Group::Sales, {u"Su&bject/Comp"_s, u"Place the Subject and Comps on the map."_s}},
+        {Group::Alternates, {u"Su&bj/AltComp"_s, u"Place the Subject and Alt Comps on the map."_s}},
+        {Group::Rentals, {u"Su&bject/Rent"_s, u"Place the Subject and Rentals on the map."_s}},
+        {Group::Listings, {u"Su&bject/Listing"_s, u"Place the Subject and Listings on the map."_s}}};
     for (const auto& [group, words] : table) {
         ShowTab(group);
         FollowTabs(report);

@@ -2,6 +2,7 @@
 #include "report_windows.h"
 
 #include "common/paths.h"
+#include "link/slot_table.h"
 #include "map/messages.h"
 #include "shell/map_parts.h"
 #include "support/map_home.h"
@@ -200,6 +201,32 @@ TEST_F(MapByKeys, AllOfItWithoutAMouse)
     PressUntil(Qt::Key_Tab, Button(u"cmdProx"_s), 60);
     Keys(Qt::Key_Space);
     ExpectProximitiesSent();
+}
+
+TEST_F(MapByKeys, TheLetterStaysWhateverTheDataTabsShow)
+{
+    main.report.txtAltComp(1).SetText(Address(2));
+    main.report.txtListing(1).SetText(Address(3));
+    main.report.txtRental(1).SetText(Address(4));
+    auto* tabs = mainWindow->findChild<QTabWidget*>(u"tabSource"_s);
+    tabs->setCurrentIndex(1);
+    auto* data = mainWindow->findChild<QTabWidget*>(u"TabData"_s);
+    auto* comps = mainWindow->findChild<QTabWidget*>(u"TabComp"_s);
+    const auto places = [&](QTabWidget& of, int page, const QString& whom) {
+        of.setCurrentIndex(page);
+        ASSERT_EQ(of.currentIndex(), page);
+        View().setFocus();
+        main.program.status.lblmsg.Show({}, forms::Colour::Normal);
+        Letter(Qt::Key_B);
+        EXPECT_TRUE(Told().startsWith(u"On the map: SUBJECT, "_s + whom)) << Told().toStdString();
+        EXPECT_EQ(Focus(), &View());
+    };
+    const auto row = [](link::Group group) { return link::RowOf(group); };
+    places(*data, row(link::Group::Listings).dataPage, u"LISTING #1"_s);
+    places(*data, row(link::Group::Rentals).dataPage, u"RENTAL #1"_s);
+    places(*data, row(link::Group::Alternates).dataPage, u"COMP #1"_s);
+    places(*comps, row(link::Group::Alternates).firstPage, u"ALTCOMP #1"_s);
+    places(*comps, 0, u"COMP #1"_s);
 }
 
 // ---- the mouse -------------------------------------------------------------------------------------------

@@ -229,17 +229,17 @@ TEST_F(MapTab, TheButtonSaysWhatTheTabsShow)
         EXPECT_EQ(button->toolTip(), u"Place the Subject and %1 on the map."_s.arg(whom));
     };
     data->setCurrentIndex(3);
-    says(u"Subject/Listing"_s, u"Listings"_s);
+    says(u"Su&bject/Listing"_s, u"Listings"_s);
     data->setCurrentIndex(4);
-    says(u"Subject/Rent"_s, u"Rentals"_s);
+    says(u"Su&bject/Rent"_s, u"Rentals"_s);
     main.report.TabComp.SetTab(3); // a refresh turns the page behind it
-    says(u"Subject/Rent"_s, u"Rentals"_s);
+    says(u"Su&bject/Rent"_s, u"Rentals"_s);
     data->setCurrentIndex(1);
-    says(u"Subj/AltComp"_s, u"Alt Comps"_s);
+    says(u"Su&bj/AltComp"_s, u"Alt Comps"_s);
     comps->setCurrentIndex(0);
-    says(u"Subject/Comp"_s, u"Comps"_s);
+    says(u"Su&bject/Comp"_s, u"Comps"_s);
     data->setCurrentIndex(0);
-    says(u"Subject/Comp"_s, u"Comps"_s);
+    says(u"Su&bject/Comp"_s, u"Comps"_s);
 }
 
 TEST_F(MapTab, ArrangeAfterPlacingIsRemembered)
