@@ -67,7 +67,10 @@ void MapEvents::WireButtons()
         connect(button, &forms::Control::Clicked, this,
                 [this, &desk, clicked = clicked] { Do([&] { clicked(desk); }); });
     const auto opens = [this, &desk](forms::Button& button, const auto& show) {
-        connect(&button, &forms::Control::Clicked, this, [this, &desk, show] { Do([&] { show(desk); }); });
+        connect(&button, &forms::Control::Clicked, this, [this, &desk, show] {
+            if (!desk.state.working) // work that turned the queue would wait for the screen
+                Do([&] { show(desk); });
+        });
     };
     opens(tab.cmdLabelPosition, [this](map::MapDesk& of) {
         map::frm_StreetFind screen(of);

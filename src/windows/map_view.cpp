@@ -77,7 +77,13 @@ void MapView::FollowPalette()
 
 bool MapView::event(QEvent* event)
 {
+    if (event->type() == QEvent::WindowBlocked) // by a box, which gets the release
+        GiveUpGesture();
     if (event->type() == QEvent::ShortcutOverride) {
+        if (m_gesture == Gesture::MovePoint) { // a point that is held is nowhere yet: nothing is done with it
+            event->accept();
+            return true;
+        }
         // What the map's own keys mean here comes before the same keys of the window.
         const auto& key = static_cast<const QKeyEvent&>(*event);
         const bool own = (key.modifiers() == Qt::ControlModifier && (key.key() == Qt::Key_A || key.key() == Qt::Key_R ||
@@ -123,19 +129,26 @@ void MapView::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
 }
 
+void MapView::hideEvent(QHideEvent* event)
+{
+    GiveUpGesture();
+    QWidget::hideEvent(event);
+}
+
 void MapView::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton) {
         QWidget::mousePressEvent(event);
         return;
     }
+    GiveUpGesture(); // whose release went elsewhere
     street::StreetMap& map = m_port.Engine();
     m_gesture = Gesture::Press;
     m_pressed = m_last = event->position();
     m_grabbed = map.PointAt(m_pressed);
     const auto point = map.Points().find(m_grabbed);
     if (point != map.Points().end()) {
-        m_grabbedAt = point->second.place;
+        m_grabbedAt = m_pulledTo = point->second.place;
         m_hold = map.PixelOf(m_grabbedAt) - m_pressed;
     }
 }
@@ -157,18 +170,29 @@ void MapView::mouseMoveEvent(QMouseEvent* event)
 
 void MapView::MoveGrabbed(QPointF pointer)
 {
-    street::StreetMap& map = m_port.Engine();
-    if (!map.Points().contains(m_grabbed)) { // taken away meanwhile
+    if (!Holds()) {
         m_gesture = Gesture::None;
         return;
     }
-    map.MovePoint(m_grabbed, map.PlaceAt(pointer + m_hold), false);
+    street::StreetMap& map = m_port.Engine();
+    m_pulledTo = map.PlaceAt(pointer + m_hold);
+    map.MovePoint(m_grabbed, m_pulledTo, false);
+}
+
+bool MapView::Holds() const
+{
+    const auto& points = m_port.Engine().Points();
+    const auto point = points.find(m_grabbed);
+    return point != points.end() && point->second.place == m_pulledTo;
 }
 
 /// The point goes back, and its address is carried to wherever it is dropped.
 void MapView::PullOut()
 {
+    const bool holds = Holds();
     GiveUpGesture();
+    if (!holds)
+        return;
     const qint32 id = m_grabbed;
     bool chosen = false;
     m_guard.Run([&] { chosen = m_port.PointClicked(id); });
@@ -178,7 +202,7 @@ void MapView::PullOut()
 
 void MapView::GiveUpGesture()
 {
-    if (std::exchange(m_gesture, Gesture::None) == Gesture::MovePoint && m_port.Engine().Points().contains(m_grabbed))
+    if (std::exchange(m_gesture, Gesture::None) == Gesture::MovePoint && Holds())
         m_port.Engine().MovePoint(m_grabbed, m_grabbedAt, true);
 }
 
@@ -188,7 +212,7 @@ void MapView::mouseReleaseEvent(QMouseEvent* event)
         return;
     const Gesture gesture = std::exchange(m_gesture, Gesture::None);
     street::StreetMap& map = m_port.Engine();
-    if (gesture == Gesture::MovePoint && map.Points().contains(m_grabbed)) {
+    if (gesture == Gesture::MovePoint && Holds()) {
         const street::Place there = map.PlaceAt(event->position() + m_hold);
         // Put back first: what the rule refuses stays where it was.
         map.MovePoint(m_grabbed, m_grabbedAt, true);
@@ -225,7 +249,7 @@ void MapView::wheelEvent(QWheelEvent* event)
 void MapView::NextPoint(int step)
 {
     const auto& points = m_port.Engine().Points();
-    if (points.empty())
+    if (points.empty() || m_gesture != Gesture::None)
         return;
     auto at = points.find(m_grabbed);
     if (at == points.end())
@@ -283,7 +307,7 @@ bool MapView::OwnKey(const QKeyEvent& event)
 
 void MapView::keyPressEvent(QKeyEvent* event)
 {
-    bool heard = OwnKey(*event);
+    bool heard = OwnKey(*event) || m_gesture == Gesture::MovePoint;
     if (const int code = KeyCode(*event); !heard && code != 0)
         m_guard.Run([&] { heard = m_port.KeyDown(code, ShiftOf(*event)); });
     if (!heard)

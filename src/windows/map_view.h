@@ -37,6 +37,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -54,6 +55,8 @@ private:
     void MoveGrabbed(QPointF pointer);
     void PullOut();
     void GiveUpGesture();
+    /// Is the point that is held still where it was pulled to? Else others have put it somewhere since.
+    [[nodiscard]] bool Holds() const;
     void NextPoint(int step);
     [[nodiscard]] bool OwnKey(const QKeyEvent& event);
 
@@ -62,6 +65,7 @@ private:
     Gesture m_gesture = Gesture::None;
     qint32 m_grabbed = 0;      ///< the point under the press, 0 for the ground
     street::Place m_grabbedAt; ///< where it stood
+    street::Place m_pulledTo;  ///< where it was pulled to last
     QPointF m_hold;            ///< from the pointer to the point's place
     QPointF m_pressed, m_last;
     bool m_whole = false; ///< nothing of the view is still being drawn

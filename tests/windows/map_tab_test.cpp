@@ -10,6 +10,7 @@
 
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QLabel>
@@ -393,6 +394,90 @@ TEST_F(MapTab, APointThatGoesWhileItIsHeldIsLetGo)
     QTest::mouseRelease(&View(), Qt::LeftButton, {}, from + QPoint(60, 0));
     EXPECT_TRUE(Map().Points().empty());
     EXPECT_EQ(Field(u"ANCHORED"_s), QString());
+}
+
+TEST_F(MapTab, APointThatIsHeldWhileTheTabIsLeftGoesBack)
+{
+    StartWithMaps();
+    const street::Place before = Where();
+    const QPoint from = OnPoint();
+    Pull(from, from + QPoint(60, 40));
+    ASSERT_NE(Where(), before);
+    mainWindow->findChild<QTabWidget*>(u"tabSource"_s)->setCurrentIndex(0);
+    EXPECT_EQ(Where(), before) << "it would go into the report from there, and its record has another place";
+    QTest::mouseRelease(&View(), Qt::LeftButton, {}, from + QPoint(60, 40));
+    EXPECT_EQ(Where(), before);
+    EXPECT_EQ(Field(u"ANCHORED"_s), QString());
+}
+
+TEST_F(MapTab, ABoxThatComesUpWhileAPointIsHeldPutsItBack)
+{
+    StartWithMaps();
+    const street::Place before = Where();
+    const QPoint from = OnPoint();
+    Pull(from, from + QPoint(60, 40));
+    ASSERT_NE(Where(), before);
+    QDialog box(mainWindow.get()); // it gets the release
+    box.setModal(true);
+    box.show();
+    QApplication::processEvents();
+    EXPECT_EQ(Where(), before);
+    box.close();
+    QTest::mouseMove(&View(), from + QPoint(80, 40));
+    EXPECT_EQ(Where(), before);
+}
+
+TEST_F(MapTab, KeysLeaveAPointAloneThatIsHeld)
+{
+    StartWithMaps();
+    AddArrow(u"99 Elm St"_s);
+    const street::Place arrow = Map().Points().at(kArrowPoint).place;
+    const street::Place before = Where();
+    QTest::mouseClick(&View(), Qt::LeftButton, {}, OnPoint()); // it is the selected one
+    const QPoint from = OnPoint();
+    Pull(from, from + QPoint(60, 40));
+    const street::Place held = Where();
+    QTest::keyClick(&View(), Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(Field(u"ANCHORED"_s), QString()) << "it has not been let go there";
+    QTest::keyClick(&View(), Qt::Key_Right, Qt::ControlModifier);
+    EXPECT_EQ(Where(), held);
+    QTest::keyClick(&View(), Qt::Key_C, Qt::AltModifier);
+    EXPECT_TRUE(Map().Points().contains(kPoint));
+    QTest::keyClick(&View(), Qt::Key_PageDown);
+    QTest::keyClick(&View(), Qt::Key_Escape);
+    EXPECT_EQ(Where(), before);
+    EXPECT_EQ(Map().Points().at(kArrowPoint).place, arrow) << "nor is the next point taken for it";
+    QTest::mouseRelease(&View(), Qt::LeftButton, {}, from + QPoint(60, 40));
+    EXPECT_EQ(Field(u"ANCHORED"_s), QString());
+}
+
+TEST_F(MapTab, APointThatIsPlacedAnewWhileItIsHeldIsLetGo)
+{
+    StartWithMaps();
+    const QPoint from = OnPoint();
+    Pull(from, from + QPoint(60, 40));
+    street::StreetMap& map = Map();
+    const street::Place there = street::Project(kHouse, 45, 1500);
+    map.SetID(kPoint);
+    map.DoAction(street::action::kLoadPoint);
+    map.SetLatitude(there.latitude);
+    map.SetLongitude(there.longitude);
+    map.DoAction(street::action::kAddPoint);
+    QTest::mouseMove(&View(), from + QPoint(80, 40));
+    QTest::mouseRelease(&View(), Qt::LeftButton, {}, from + QPoint(80, 40));
+    EXPECT_EQ(Where(), there) << "neither where it is let go nor where the old one stood";
+    EXPECT_EQ(Field(u"ANCHORED"_s), QString());
+}
+
+TEST_F(MapTab, NoScreenOpensWhileASearchIsPlaced)
+{
+    StartWithMaps();
+    {
+        const map::Working working{program.Map().Desk().state};
+        for (const QString& name : {u"cmdLabelPosition"_s, u"cmdmanual"_s})
+            mainWindow->findChild<QAbstractButton*>(name)->click();
+    }
+    EXPECT_EQ(doubles.screens.Shown(), QStringList());
 }
 
 TEST_F(MapTab, TheGroundIsPulledAlong)
