@@ -65,15 +65,25 @@ std::vector<MapPoint> PointsUpTo(MapDesk& desk, qint32 last)
     return points;
 }
 
-void TellKept(MapDesk& desk, const QString& address, bool record)
+/// A point whose slot is empty by now stays the one that it was placed for.
+void KeepWhose(MapDesk& desk, const MapPoint& point)
 {
-    if (record)
-        desk.status.lblmsg.Show(messages::kAnchored.arg(address), forms::Colour::Blue);
-    else
-        desk.status.lblmsg.Show(messages::kAnchoredHere.arg(address), forms::Colour::Normal);
+    if (!PointAddress(desk, point).isEmpty())
+        KeepPlacedFor(desk, point.id);
 }
 
 } // namespace
+
+void TellKept(MapDesk& desk, const MapPoint& point)
+{
+    const QString address = PointAddress(desk, point);
+    if (FindComp(desk, address))
+        desk.status.lblmsg.Show(messages::kAnchored.arg(address), forms::Colour::Blue);
+    else if (address.isEmpty())
+        desk.status.lblmsg.Show(messages::kAnchoredEmpty.arg(PointWords(desk, point)), forms::Colour::Red);
+    else
+        desk.status.lblmsg.Show(messages::kAnchoredHere.arg(address), forms::Colour::Normal);
+}
 
 void cmdAnchorOne_Click(MapDesk& desk)
 {
@@ -83,16 +93,20 @@ void cmdAnchorOne_Click(MapDesk& desk)
     const QString address = PointAddress(desk, *point);
     const bool record = FindComp(desk, address).has_value();
     const bool anchor = record ? !desk.tab.imaanchor.Visible() : !(point->flags & flag::kAnchored);
+    // The Databook first: what it refuses does not look anchored.
+    if (!SaveLocations(desk, {anchor ? AnchoredAt(address, point->place) : Forgotten(address)}))
+        return;
     if (record)
         desk.tab.imaanchor.SetVisible(anchor);
     if (anchor)
         WriteAnchored(desk, *point);
     else
         WriteFree(desk, *point);
-    KeepPlacedFor(desk, point->id);
-    SaveLocations(desk, {anchor ? AnchoredAt(address, point->place) : Forgotten(address)});
+    KeepWhose(desk, *point);
     if (anchor)
-        TellKept(desk, address, record);
+        TellKept(desk, *point);
+    else
+        desk.status.lblmsg.Show(messages::kFreed.arg(PointWords(desk, *point)), forms::Colour::Blue);
     desk.map.Refresh();
 }
 
@@ -104,17 +118,29 @@ void cmdAnchor_Click(MapDesk& desk)
         const std::vector<MapPoint> points = PointsUpTo(desk, LastToAnchor(desk));
         if (!MayStand(desk, points))
             return;
+        std::vector<MapPoint> taken;
         QList<RecordLocation> kept;
+        int here = 0;
         for (const MapPoint& point : points) {
             Write(desk, point, AnchoredForm(point.picture), point.flags | flag::kAnchored, action::kWritePoint);
             if (desk.map.Status() < 0)
                 continue;
-            KeepPlacedFor(desk, point.id);
+            taken.push_back(point);
             kept.append(AnchoredAt(PointAddress(desk, point), point.place));
+            here += FindComp(desk, kept.last().key) ? 0 : 1;
         }
-        SaveLocations(desk, kept);
+        if (!SaveLocations(desk, kept)) { // what the Databook refuses does not look anchored
+            for (const MapPoint& point : taken)
+                Write(desk, point, point.picture, point.flags, action::kWritePoint);
+            desk.map.Refresh();
+            return;
+        }
+        for (const MapPoint& point : taken)
+            if (LoadPoint(desk, point.id))
+                KeepWhose(desk, point);
         static_cast<void>(LoadPoint(desk, 1));
-        desk.status.lblmsg.Show(messages::kAnchoredAll.arg(kept.size()), forms::Colour::Blue);
+        const QString words = messages::kAnchoredAll.arg(kept.size());
+        desk.status.lblmsg.Show(here > 0 ? words + messages::kOfThemHere.arg(here) : words, forms::Colour::Blue);
         if (desk.state.g_MapSelectedID > 0)
             txtMapAddress_Change(desk);
         desk.map.Refresh();
@@ -139,10 +165,12 @@ void cmdAnchor_RightClick(MapDesk& desk)
         }
         if (anchored > 0 && !desk.ports.prompter.YesNo(desk.globals.productName, messages::kForgetAll.arg(anchored)))
             return;
+        if (!SaveLocations(desk, forgotten))
+            return;
         for (const MapPoint& point : points)
             WriteFree(desk, point);
-        SaveLocations(desk, forgotten);
         desk.tab.imaanchor.SetVisible(false);
+        desk.status.lblmsg.Show(messages::kFreedAll, forms::Colour::Blue);
         desk.map.Refresh();
     });
 }
@@ -152,14 +180,13 @@ bool MovePointTo(MapDesk& desk, qint32 id, street::Place place)
     std::optional<MapPoint> point = LoadPoint(desk, id);
     if (desk.state.working || !point || !MayStand(desk, {*point}))
         return false;
+    if (!SaveLocations(desk, {AnchoredAt(PointAddress(desk, *point), place)}))
+        return false;
     point->place = place;
     WriteAnchored(desk, *point, action::kAddPoint);
-    KeepPlacedFor(desk, id);
-    const QString address = PointAddress(desk, *point);
-    const bool record = FindComp(desk, address).has_value();
-    if (SaveLocations(desk, {AnchoredAt(address, place)}))
-        TellKept(desk, address, record);
+    KeepWhose(desk, *point);
     FollowCircle(desk);
+    TellKept(desk, *point);
     if (desk.state.g_MapSelectedID > 0)
         txtMapAddress_Change(desk);
     desk.map.Refresh();

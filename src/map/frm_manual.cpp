@@ -7,6 +7,7 @@
 #include "map/messages.h"
 #include "map/picture_names.h"
 #include "map/pinmap.h"
+#include "map/radius.h"
 #include "map/selection.h"
 #include "map/slot_labels.h"
 #include "platform/text/text.h"
@@ -204,15 +205,19 @@ void frm_Manual::cmdOk_Click()
     count = std::max(count, kFirstByHand);
     const int graphic = ChosenOf(optwhichdot);
     const QString pictures[] = {u"COMP.BMP"_s, Arrow(kPlacedDirection), u"REDDOT.BMP"_s};
-    const bool keeps = graphic != kHouse && FindComp(m_desk, m_address).has_value();
+    const bool keeps = graphic != kHouse && FindComp(m_desk, m_address).has_value() &&
+                       SaveLocations(m_desk, {AnchoredAt(m_address, centre)});
     m_placed = count;
     MapPlaceLatLongPoint(m_desk, m_placed, centre,
                          {.text = txtlabel.Text(),
                           .picture = pictures[graphic],
                           .flag = keeps ? flag::kAnchored : flag::kFree});
-    if (keeps)
-        SaveLocations(m_desk, {AnchoredAt(m_address, centre)});
     mapview_PointClick(m_desk, m_placed);
+    FollowCircle(m_desk);
+    if (keeps)
+        m_desk.status.lblmsg.Show(messages::kAnchored.arg(m_address), forms::Colour::Blue);
+    else
+        m_desk.status.lblmsg.Show(messages::kPlaced.arg(txtlabel.Text()), forms::Colour::Blue);
     m_desk.map.Refresh();
     Unload();
 }

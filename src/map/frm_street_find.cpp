@@ -8,6 +8,7 @@
 #include "map/messages.h"
 #include "map/pinmap.h"
 #include "map/placed_for.h"
+#include "map/radius.h"
 #include "map/slot_labels.h"
 #include "map/view.h"
 #include "platform/text/text.h"
@@ -246,6 +247,7 @@ void frm_StreetFind::FindAddress()
     if (MapPlaceAddrPoint(m_desk, id, Location(), look, found)) {
         ++m_desk.state.g_MapPointCount;
         SaveLocations(m_desk, found);
+        FollowCircle(m_desk);
         CentreOnPoint(m_desk, id);
         lblmsg.Show(messages::kPlaced.arg(look.text), forms::Colour::Blue);
     } else if (const std::optional<street::Place> place = MapFindAddress(m_desk, Location())) {

@@ -24,6 +24,8 @@ constexpr qint64 kManyRecords = 250;
 constexpr double kWholeViewFeet = 26400;
 constexpr int kRowsOfATurn = 25;
 constexpr int kNamed = 5; ///< of those that were not found
+constexpr qint32 kSubjectPoint = 1;
+const QString kSubject = u"SUBJECT"_s;
 
 /// One row of a search.
 struct Row
@@ -74,9 +76,33 @@ QString Words(const LocatorTally& tally)
     }
     if (tally.skipped > 0)
         words += messages::kLocatedSkipped.arg(tally.skipped);
+    if (tally.gone > 0)
+        words += messages::kLocatedGone.arg(tally.gone);
     if (tally.seen < tally.of)
         words += messages::kLocatedStopped.arg(tally.seen).arg(tally.of);
     return words;
+}
+
+/// The words of a locator map, the subject's first.
+void Tell(MapDesk& desk, const LocatorTally& tally, const QString& lostSubject)
+{
+    QStringList words;
+    if (!lostSubject.isEmpty())
+        words.append(messages::kNotFound.arg(lostSubject));
+    if (tally.of > 0)
+        words.append(Words(tally));
+    const QString atZero = AtZeroWords(desk);
+    if (!atZero.isEmpty())
+        words.append(atZero);
+    const bool whole = lostSubject.isEmpty() && tally.notFound.isEmpty() && atZero.isEmpty();
+    if (!words.isEmpty())
+        desk.status.lblmsg.Show(words.join(u". "_s), whole ? forms::Colour::Blue : forms::Colour::Red);
+}
+
+/// Is it still the Databook that the work began with? A turn of the queue can have closed it, or opened another one.
+bool StillOpen(const MapDesk& desk, const QString& databook)
+{
+    return desk.sources.datDatabook.Bound() && desk.sources.datDatabook.DatabaseName() == databook;
 }
 
 } // namespace
@@ -87,15 +113,21 @@ LocatorTally PlaceCompDatabase(MapDesk& desk, QList<RecordLocation>& found)
     link::Reported(desk.ports.prompter, "PlaceCompDatabase", [&] {
         // Beside its cursor: the row that the user has selected stays so.
         const store::DataSource& search = desk.sources.datsql;
-        store::Rows rows = store::ReadRows(search, search.RecordSource());
+        const QString databook = desk.sources.datDatabook.DatabaseName();
+        const store::Rows rows = store::ReadRows(search, search.RecordSource());
         tally.of = static_cast<int>(rows.Count());
         common::Progress progress(desk.status, desk.ports.pump, tally.of / kRowsOfATurn + 1);
         while (tally.seen < tally.of) {
             // Each turn paints the map with all that is on it by then.
-            if (tally.seen % kRowsOfATurn == 0 && !progress.Step(messages::kLocating.arg(tally.seen + 1).arg(tally.of)))
+            if (tally.seen % kRowsOfATurn == 0 &&
+                (!progress.Step(messages::kLocating.arg(tally.seen + 1).arg(tally.of)) || !StillOpen(desk, databook)))
                 return;
-            const Row row = Read(rows.Next().value());
-            ++tally.seen;
+            const std::optional<store::Record> record = rows.At(tally.seen++);
+            if (!record) {
+                ++tally.gone;
+                continue;
+            }
+            const Row row = Read(*record);
             if (row.key.isEmpty() || row.city.isEmpty() || row.state.isEmpty())
                 ++tally.skipped;
             else if (Place(desk, row, found))
@@ -125,26 +157,28 @@ void cmdGeoComp_Click(MapDesk& desk)
             return;
     }
     const Working working{desk.state};
+    const QString databook = desk.sources.datDatabook.DatabaseName();
     ClearMap(desk);
     ClearDetails(desk);
     desk.map.SetScale(kWholeViewFeet);
     desk.state.g_MapRanges.clear();
     desk.state.arrows = false;
     QList<RecordLocation> found;
-    if (!AddressAt(desk, {}).isEmpty())
-        PlaceSubjectPoint(desk, u"comp.bmp"_s, u"SUBJECT"_s, found);
+    const QString subject = AddressAt(desk, {});
+    const bool placed = !subject.isEmpty() && PlaceSubjectPoint(desk, u"comp.bmp"_s, kSubject, found);
+    const QString lost = placed || subject.isEmpty() ? QString() : kSubject + u' ' + subject;
+    LocatorTally tally;
     if (count > 0) {
-        const LocatorTally tally = PlaceCompDatabase(desk, found);
+        tally = PlaceCompDatabase(desk, found);
         ApplyMapDetail(desk);
-        const QString atZero = AtZeroWords(desk);
-        const QString words = atZero.isEmpty() ? Words(tally) : Words(tally) + u". "_s + atZero;
-        const bool whole = tally.notFound.isEmpty() && atZero.isEmpty();
-        desk.status.lblmsg.Show(words, whole ? forms::Colour::Blue : forms::Colour::Red);
     } else {
+        CentreOnPoint(desk, kSubjectPoint);
         desk.ports.prompter.Info(messages::kNoCompsTitle, messages::kNoComps);
     }
-    SaveLocations(desk, found);
+    if (StillOpen(desk, databook)) // else what was found is another one's, and the program may be closing
+        SaveLocations(desk, found);
     FollowCircle(desk);
+    Tell(desk, tally, lost);
     desk.map.Refresh();
 }
 

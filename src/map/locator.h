@@ -9,6 +9,7 @@ struct LocatorTally
 {
     int placed = 0;
     int skipped = 0; ///< without address, city or state
+    int gone = 0;    ///< deleted by somebody else since the search
     QStringList notFound;
     int seen = 0, of = 0; ///< rows; seen is less after a stop
 };

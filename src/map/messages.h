@@ -71,6 +71,7 @@ inline const QString kNotFound = u"Not found on the map: %1. Place by hand with 
 inline const QString kLocated = u"%1 comps are on the map"_s;
 inline const QString kLocatedNotFound = u"; %1 were not found: %2"_s;
 inline const QString kLocatedSkipped = u"; %1 have no address, city or state"_s;
+inline const QString kLocatedGone = u"; %1 were deleted meanwhile"_s;
 inline const QString kLocatedStopped = u"; stopped after %1 of %2"_s;
 inline const QString kAtZero = u"Anchored where there is no place, at 0, 0: %1. Anchor anew"_s;
 inline const QString kLocating = u"Comp %1 of %2"_s;
@@ -81,6 +82,13 @@ inline const QString kNoCircle = u"No circle: the subject is not on the map, and
 inline const QString kAnchored = u"%1 is anchored: it stays at this place"_s;
 inline const QString kAnchoredHere =
     u"%1 has no record in the Databook: its place is kept on this map, and forgotten with it"_s;
+inline const QString kAnchoredEmpty =
+    u"%1 has no address in the report now: its place is kept on this map, and forgotten with it"_s;
+inline const QString kOfThemHere = u"; %1 have no record in the Databook, so their places are kept on this map alone"_s;
+inline const QString kFreed = u"%1 is not anchored any more: placed again, its address is looked up"_s;
+inline const QString kFreedAll = u"No point is anchored any more"_s;
+inline const QString kCleared = u"The map is empty"_s;
+inline const QString kPointCleared = u"%1 is not on the map any more"_s;
 inline const QString kOtherAddress = u"%1: %2, now %3"_s;
 inline const QString kNobody = u"nothing"_s;
 inline const QString kOtherAddresses =

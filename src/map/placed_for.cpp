@@ -47,11 +47,21 @@ QString OtherAddress(const MapDesk& desk, const MapPoint& point)
                                        now.isEmpty() ? messages::kNobody : now);
 }
 
+QString PointWords(const MapDesk& desk, const MapPoint& point)
+{
+    const QString address = PointAddress(desk, point);
+    const QString label = BoxLabel(desk, point);
+    if (!address.isEmpty() || label.isEmpty())
+        return address.isEmpty() ? text::Trim(point.text) : address;
+    const QString before = desk.state.placedFor.value(point.id);
+    return before.isEmpty() ? label : u"%1 (%2)"_s.arg(label, before);
+}
+
 bool MayStand(const MapDesk& desk, const std::vector<MapPoint>& points)
 {
     QStringList others;
     for (const MapPoint& point : points)
-        if (!StandsFor(desk, point) && FindComp(desk, PointAddress(desk, point)))
+        if (!StandsFor(desk, point) && !PointAddress(desk, point).isEmpty())
             others.append(OtherAddress(desk, point));
     return others.isEmpty() ||
            desk.ports.prompter.YesNo(desk.globals.productName, messages::kOtherAddresses.arg(others.join(u"; "_s)));

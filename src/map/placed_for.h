@@ -15,8 +15,11 @@ void KeepPlacedFor(MapDesk& desk, qint32 id);
 /// "COMP #1: 12 OAK ST, now 9 ELM ST"
 [[nodiscard]] QString OtherAddress(const MapDesk& desk, const MapPoint& point);
 
-/// Asks before a record takes the place of an arrow that was placed for another address. Nothing is asked where none
-/// would.
+/// A point in words: its address, or, where the report has nothing for it by now, "COMP #1 (12 OAK ST)".
+[[nodiscard]] QString PointWords(const MapDesk& desk, const MapPoint& point);
+
+/// Asks before an address takes over an arrow that was placed for another one: its record would get the place, and its
+/// distance would be measured there. Nothing is asked where the report has no address any more.
 [[nodiscard]] bool MayStand(const MapDesk& desk, const std::vector<MapPoint>& points);
 
 } // namespace vasclip::map

@@ -177,6 +177,7 @@ void cmdClearPoint_Click(MapDesk& desk)
     if (desk.state.working || selected == 0)
         return;
     const std::optional<MapPoint> point = LoadPoint(desk, selected);
+    const QString words = point ? PointWords(desk, *point) : QString();
     if (point && IsSubjectPoint(desk, *point))
         desk.state.g_MapResult(0) = 0;
     if (MapResults::Has(selected)) // it is on the map no more: nothing may be measured from it
@@ -186,6 +187,8 @@ void cmdClearPoint_Click(MapDesk& desk)
     desk.state.g_MapSelectedID = 0;
     ClearDetails(desk);
     FollowCircle(desk);
+    if (point)
+        desk.status.lblmsg.Show(messages::kPointCleared.arg(words), forms::Colour::Blue);
     desk.map.Refresh();
 }
 
@@ -197,6 +200,7 @@ void cmdClear_Click(MapDesk& desk)
     ClearDetails(desk);
     desk.state.g_MapRanges.clear();
     FollowCircle(desk);
+    desk.status.lblmsg.Show(messages::kCleared, forms::Colour::Blue);
     desk.map.Refresh();
 }
 

@@ -2,6 +2,7 @@
 #include "map/frm_manual.h"
 #include "map/frm_street_find.h"
 #include "map/map_test.h"
+#include "map/radius.h"
 #include "map/selection.h"
 #include "map/slot_labels.h"
 
@@ -146,6 +147,25 @@ TEST_F(Manual, AnArrowGoesToTheMiddleAndItsRecordFollows)
     EXPECT_EQ(Location(u"10 OAK ST"_s), u"32.46 -86.47 1"_s);
     EXPECT_EQ(desk.state.g_MapSelectedID, 40); // to be moved to its house
     EXPECT_EQ(tab.txtMapAddress.Text(), u"10 Oak St"_s);
+    EXPECT_EQ(status.lblmsg.Caption(), u"10 Oak St is anchored: it stays at this place"_s) << "not that it is missing";
+}
+
+TEST_F(Manual, TheCircleFollowsASubjectThatIsPlaced)
+{
+    Subject(u"1 Nowhere St"_s);
+    tab.txtradius.SetText(u"1"_s);
+    tab.ckbRadius.SetValue(true);
+    FollowCircle(desk);
+    EXPECT_TRUE(control.lines.empty());
+    control.centre = kOak;
+    frm_Manual screen(desk);
+    Play(screen, [&] {
+        screen.lstLabel.SetListIndex(0);
+        Q_EMIT screen.cmdOk.Clicked();
+    });
+    EXPECT_EQ(control.lines.size(), 1u);
+    EXPECT_EQ(desk.state.radiusCentre, kOak);
+    EXPECT_EQ(status.lblmsg.Caption(), u"On the map: SUBJECT"_s);
 }
 
 TEST_F(Manual, EachRowHasItsOwnArrow)

@@ -86,6 +86,28 @@ TEST_F(Locator, WithoutASubjectOneIsStillTheSubjects)
     EXPECT_EQ(control.centre, kOak);
 }
 
+TEST_F(Locator, ASubjectThatIsNotFoundIsTold)
+{
+    Subject(u"1 Nowhere St"_s);
+    Street(u"10 OAK ST"_s, kOak);
+    AddTown(u"10 Oak St"_s);
+    Search();
+    cmdGeoComp_Click(desk);
+    EXPECT_EQ(status.lblmsg.Caption(), u"Not found on the map: SUBJECT 1 Nowhere St. Place by hand with Manual, or correct "
+                                       "the address. 1 comps are on the map"_s);
+    EXPECT_EQ(status.lblmsg.Fore(), forms::Colour::Red);
+}
+
+TEST_F(Locator, ASubjectAloneIsShown)
+{
+    Subject(u"1 Main St"_s);
+    Street(u"1 MAIN ST"_s, kOak);
+    Search();
+    cmdGeoComp_Click(desk);
+    EXPECT_EQ(doubles.prompter.Last().title, u"No comps available"_s);
+    EXPECT_EQ(control.centre, kOak);
+}
+
 TEST_F(Locator, AnEmptySearchIsTold)
 {
     Search();
@@ -116,6 +138,14 @@ protected:
         rows->Close();
         whole.Commit();
         Search();
+    }
+    [[nodiscard]] qint64 PlaceInSearch(const QString& key)
+    {
+        const store::Rows rows = store::ReadRows(sources.datsql, sources.datsql.RecordSource());
+        for (qint64 place = 0; place < rows.Count(); ++place)
+            if (rows.At(place)->Text(u"CENTRALKEY"_s) == key)
+                return place;
+        return -1;
     }
 };
 
@@ -163,6 +193,52 @@ TEST_F(ManyRecords, CanBeStoppedAndShutOthersOut)
     EXPECT_EQ(status.lblmsg.Caption(), u"50 comps are on the map; stopped after 50 of 251"_s);
     EXPECT_FALSE(Field(u"1 OAK ST"_s, u"LATITUDE"_s).isEmpty()); // what was found is kept
     EXPECT_FALSE(desk.state.working);
+}
+
+TEST_F(ManyRecords, ARecordThatGoesMeanwhileIsPassedOver)
+{
+    doubles.prompter.Answer(forms::Answer::No);
+    doubles.pump.turns = 0;
+    doubles.pump.onTurn = [this] {
+        if (doubles.pump.turns == 2)
+            engine.OpenDatabase(kDatabook)->Execute(u"DELETE FROM COMPS WHERE CENTRALKEY = '251 OAK ST'"_s);
+    };
+    const qint64 place = PlaceInSearch(u"251 OAK ST"_s);
+    ASSERT_GT(place, 25) << "behind the first turn";
+    cmdGeoComp_Click(desk);
+    EXPECT_EQ(status.lblmsg.Caption(), u"250 comps are on the map; 1 were deleted meanwhile"_s);
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1u) << doubles.prompter.Texts().join(u'\n').toStdString();
+}
+
+TEST_F(ManyRecords, AnotherDatabookIsNotWrittenInto)
+{
+    const QString other = u"C:\\DATABOOK\\OTHER.MDB"_s;
+    home.disk.FileCopy(kDatabook, other);
+    doubles.prompter.Answer(forms::Answer::No);
+    doubles.pump.turns = 0;
+    doubles.pump.onTurn = [&] {
+        if (doubles.pump.turns == 2)
+            store::Connect2Databook(doubles.Get(), sources, other, u"COMPS"_s);
+    };
+    cmdGeoComp_Click(desk);
+    EXPECT_EQ(status.lblmsg.Caption(), u"25 comps are on the map; stopped after 25 of 251"_s);
+    for (int i = 1; i <= 251; ++i)
+        ASSERT_EQ(Field(u"%1 OAK ST"_s.arg(i), u"LATITUDE"_s), QString()) << i;
+}
+
+TEST_F(ManyRecords, AProgramThatClosesMeanwhileIsLeftInPeace)
+{
+    doubles.prompter.Answer(forms::Answer::No);
+    doubles.pump.turns = 0;
+    doubles.pump.onTurn = [this] {
+        if (doubles.pump.turns == 2) {
+            sources.datsql.Close();
+            sources.datDatabook.Close();
+        }
+    };
+    cmdGeoComp_Click(desk);
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1u) << doubles.prompter.Texts().join(u'\n').toStdString();
+    EXPECT_EQ(control.pins.size(), 25u);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "map/cmd_prox.h"
 #include "map/map_test.h"
 #include "map/place_arrows.h"
+#include "map/placed_for.h"
 #include "map/proximity.h"
 #include "map/selection.h"
 
@@ -91,6 +92,39 @@ TEST_F(PlacedFor, AnchoringAndItsReverseAsk)
     doubles.prompter.Answer(forms::Answer::Yes);
     cmdAnchor_Click(desk);
     EXPECT_EQ(Field(u"10 OAK ST"_s, u"LATITUDE"_s), DegreesText(control.pins[3].place.latitude));
+}
+
+TEST_F(PlacedFor, AnArrowAsksForACompWithoutARecordToo)
+{
+    report.txtComp(1).SetText(u"7 New St"_s); // nobody has stored it, and its distance would be the arrow's
+    doubles.prompter.Answer(forms::Answer::No);
+    const Place before = control.pins[2].place;
+    EXPECT_FALSE(MovePointTo(desk, 2, Near(kOak, 90, 3000)));
+    EXPECT_TRUE(Asked().contains(u"COMP #1: 10 Oak St, now 7 New St"_s)) << Asked().toStdString();
+    EXPECT_EQ(control.pins[2].place, before);
+    EXPECT_FALSE(StandsFor(desk, *LoadPoint(desk, 2))) << "it is still the other one's";
+}
+
+TEST_F(PlacedFor, AnArrowWhoseReportWasClosedStaysWhoseItWas)
+{
+    const QString before = Location(u"10 OAK ST"_s);
+    report.txtComp(1).SetText({}); // the report is closed while the arrow is held
+    EXPECT_TRUE(MovePointTo(desk, 2, Near(kOak, 90, 3000)));
+    EXPECT_EQ(status.lblmsg.Caption(), u"COMP #1 (10 Oak St) has no address in the report now: its place is kept on this "
+                                       "map, and forgotten with it"_s);
+    EXPECT_EQ(status.lblmsg.Fore(), forms::Colour::Red);
+    EXPECT_EQ(Location(u"10 OAK ST"_s), before);
+    mapview_PointClick(desk, 2);
+    cmdAnchorOne_Click(desk);
+    EXPECT_EQ(status.lblmsg.Caption(),
+              u"COMP #1 (10 Oak St) is not anchored any more: placed again, its address is looked up"_s);
+    report.txtComp(1).SetText(u"10 Oak St"_s); // and opened again
+    EXPECT_TRUE(MovePointTo(desk, 2, Near(kOak, 90, 4000)));
+    EXPECT_TRUE(doubles.prompter.Boxes().empty()) << doubles.prompter.Texts().join(u'\n').toStdString();
+    EXPECT_EQ(Field(u"10 OAK ST"_s, u"ANCHORED"_s), u"1"_s);
+    report.txtComp(1).SetText(u"20 OAK ST"_s);
+    doubles.prompter.Answer(forms::Answer::No);
+    EXPECT_FALSE(MovePointTo(desk, 2, Near(kOak, 90, 5000))) << "another one's is asked about as before";
 }
 
 TEST_F(PlacedFor, PlacingAgainSettlesIt)

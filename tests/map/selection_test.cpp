@@ -6,9 +6,36 @@
 #include "map/rotate.h"
 #include "map/selection.h"
 
+#include <sqlite3.h>
+
 namespace vasclip::map {
 
 namespace {
+
+/// Records that can't be stored, for a scope.
+class NoStoring
+{
+public:
+    explicit NoStoring(const QString& native)
+    {
+        EXPECT_EQ(sqlite3_open(native.toUtf8().constData(), &m_handle), SQLITE_OK);
+        Say("CREATE TRIGGER refuse BEFORE UPDATE ON COMPS BEGIN SELECT RAISE(ABORT, 'full'); END");
+    }
+    ~NoStoring()
+    {
+        Say("DROP TRIGGER refuse");
+        sqlite3_close(m_handle);
+    }
+    NoStoring(const NoStoring&) = delete;
+    NoStoring& operator=(const NoStoring&) = delete;
+
+private:
+    void Say(const char* statement) const
+    {
+        EXPECT_EQ(sqlite3_exec(m_handle, statement, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(m_handle);
+    }
+    sqlite3* m_handle = nullptr;
+};
 
 /// An arrow map: the subject, comps 1 and 2, an alternate; comp 2's record is anchored.
 class Selection : public MapTest
@@ -247,7 +274,8 @@ TEST_F(Selection, AnchorAllStopsBeforeWhatWasPlacedByHand)
     cmdAnchor_Click(desk);
     EXPECT_TRUE(tab.imaanchor.Visible()) << "of the selected point";
     EXPECT_EQ(Field(u"30 ELM ST"_s, u"ANCHORED"_s), QString());
-    EXPECT_EQ(status.lblmsg.Caption(), u"4 points are anchored"_s);
+    EXPECT_EQ(status.lblmsg.Caption(), u"4 points are anchored; 1 have no record in the Databook, so their places are kept "
+                                       "on this map alone"_s);
     EXPECT_EQ(control.pins[2].flags, 0x8C72);
     EXPECT_EQ(control.pins[39].picture, kArrows + u"COMPAnchor.bmp"_s);
     EXPECT_EQ(control.pins[40].picture, kArrows + u"comp.bmp"_s);
@@ -309,6 +337,53 @@ TEST_F(Selection, MovingAPointAnchorsIt)
     EXPECT_EQ(Proximity(), u"2. Mi. North"_s); // measured anew
     EXPECT_TRUE(tab.imaanchor.Visible());
     EXPECT_FALSE(MovePointTo(desk, 88, there));
+}
+
+TEST_F(Selection, WhatTheDatabookRefusesIsNotAnchoredOnTheMapEither)
+{
+    AddTown(u"1 Main St"_s);
+    mapview_PointClick(desk, 2);
+    const QStringList before = Pins();
+    const Place place = control.pins[2].place;
+    status.lblmsg.Show(u"as it was"_s, forms::Colour::Normal);
+    const auto refused = [&](const QString& what) {
+        EXPECT_EQ(doubles.prompter.Boxes().size(), 1u) << what.toStdString();
+        doubles.prompter.Forget();
+        EXPECT_EQ(status.lblmsg.Caption(), u"as it was"_s) << what.toStdString();
+        EXPECT_EQ(Pins(), before) << what.toStdString();
+        EXPECT_FALSE(tab.imaanchor.Visible()) << what.toStdString();
+    };
+    {
+        const NoStoring none(home.disk.ToNative(kDatabook));
+        cmdAnchorOne_Click(desk);
+        refused(u"one"_s);
+        cmdAnchor_Click(desk);
+        refused(u"all"_s);
+        EXPECT_FALSE(MovePointTo(desk, 2, Near(kOak, 0, 10560)));
+        refused(u"moved"_s);
+        EXPECT_EQ(control.pins[2].place, place);
+    }
+    cmdAnchorOne_Click(desk);
+    EXPECT_EQ(Field(u"10 OAK ST"_s, u"ANCHORED"_s), u"1"_s);
+}
+
+TEST_F(Selection, WhatIsTakenOffIsNotSaidToBeThereAnyMore)
+{
+    mapview_PointClick(desk, 2);
+    cmdAnchorOne_Click(desk);
+    ASSERT_EQ(status.lblmsg.Caption(), u"10 Oak St is anchored: it stays at this place"_s);
+    cmdAnchorOne_Click(desk);
+    EXPECT_EQ(status.lblmsg.Caption(), u"10 Oak St is not anchored any more: placed again, its address is looked up"_s);
+    cmdAnchor_Click(desk);
+    EXPECT_TRUE(status.lblmsg.Caption().startsWith(u"4 points are anchored"_s)) << status.lblmsg.Caption().toStdString();
+    doubles.prompter.Answer(forms::Answer::Yes);
+    cmdAnchor_RightClick(desk);
+    EXPECT_EQ(status.lblmsg.Caption(), u"No point is anchored any more"_s);
+    mapview_PointClick(desk, 2);
+    cmdClearPoint_Click(desk);
+    EXPECT_EQ(status.lblmsg.Caption(), u"10 Oak St is not on the map any more"_s);
+    cmdClear_Click(desk);
+    EXPECT_EQ(status.lblmsg.Caption(), u"The map is empty"_s);
 }
 
 TEST_F(Selection, KeysMoveTheSelectedPoint)
