@@ -1,210 +1,145 @@
 #include "map/arrange.h"
 
+#include "map/arrange_hiding.h"
+#include "map/arrange_search.h"
+
 #include <algorithm>
-#include <numeric>
 
 namespace vasclip::map {
 
 namespace {
 
 constexpr qint32 kLeftBit = 0x400, kTopBit = 0x800, kRightBit = 0x100, kBottomBit = 0x200;
-constexpr int kMostTries = 200'000; ///< of the search for a way out; a view has some dozens of arrows
-constexpr int kMostPasses = 50;
 constexpr double kTouching = 0.01; ///< pixels; edges may meet
 
-class Search
+// What a direction costs by itself; whatever it hides weighs more than all turns together.
+constexpr double kOutOfView = 3000;
+constexpr double kTurnedClear = 100; ///< and a unit for each step that an arrow is turned by
+
+int Known(int direction)
+{
+    return direction < 1 || direction > kDirections ? 1 : direction;
+}
+
+/// All arrows of a view.
+class Arranger
 {
 public:
-    Search(const std::vector<ArrowToArrange>& arrows, std::vector<Sheet> sheets, double houseSize)
+    Arranger(const std::vector<ArrowToArrange>& arrows, const std::vector<Sheet>& sheets, double houseSize)
         : m_arrows(arrows)
-        , m_sheets(std::move(sheets))
-        , m_houseSize(houseSize)
-        , m_chosen(arrows.size())
+        , m_hiding(arrows, sheets, houseSize)
     {
-        for (std::size_t i = 0; i < arrows.size(); ++i) {
-            m_chosen[i] = Known(arrows[i].direction);
-            m_choices.push_back(ChoicesOf(i));
-            std::array<double, kDirections>& under = m_under.emplace_back();
-            for (int direction = 1; direction <= kDirections; ++direction)
-                under[At(direction)] = HousesUnder(i, direction);
-        }
-        SetOrder();
+        for (const ArrowToArrange& arrow : arrows)
+            m_chosen.push_back(Known(arrow.direction));
+        for (std::size_t i = 0; i < arrows.size(); ++i)
+            Weigh(i);
     }
-
     Arrangement Run()
     {
-        const std::vector<int> before = m_chosen;
-        if (!Assign(0)) {
-            m_chosen = before;
-            Improve();
-        }
+        for (std::vector<std::size_t>& group : Groups())
+            ArrangeSearch(m_hiding, m_choices, m_own, std::move(group), m_chosen).Run();
         Arrangement result{.directions = m_chosen, .crowded = {}};
         for (std::size_t i = 0; i < m_arrows.size(); ++i) {
             if (m_arrows[i].fixed)
                 result.directions[i] = m_arrows[i].direction;
-            if (Cost(i) > 0)
+            if (IsCrowded(i))
                 result.crowded.push_back(static_cast<int>(i));
         }
         return result;
     }
 
 private:
-    static int Known(int direction) { return direction < 1 || direction > kDirections ? 1 : direction; }
-    static std::size_t At(int direction) { return static_cast<std::size_t>(direction - 1); }
-
-    [[nodiscard]] Tile TileOf(const Sheet& sheet, std::size_t arrow, int direction) const
+    /// The directions of an arrow, a small turn first, and what each of them costs by itself.
+    void Weigh(std::size_t arrow)
     {
-        return m_arrows[arrow].shapes[At(direction)].At(sheet.spots[arrow]);
-    }
-    /// The pixels that two arrows share.
-    [[nodiscard]] double Shared(std::size_t one, int direction, std::size_t other, int otherDirection) const
-    {
-        double shared = 0;
-        for (const Sheet& sheet : m_sheets)
-            shared += TileOf(sheet, one, direction).Shared(TileOf(sheet, other, otherDirection));
-        return shared;
-    }
-    [[nodiscard]] Tile HouseOf(const Sheet& sheet, std::size_t arrow) const
-    {
-        const Spot spot = sheet.spots[arrow];
-        return {spot.x - m_houseSize / 2, spot.y - m_houseSize / 2, m_houseSize, m_houseSize};
-    }
-
-    /// Pixels of houses that an arrow would cover.
-    [[nodiscard]] double HousesUnder(std::size_t arrow, int direction) const
-    {
-        double covered = 0;
-        for (const Sheet& sheet : m_sheets) {
-            const Tile tile = TileOf(sheet, arrow, direction);
-            const auto add = [&](const Tile& house) {
-                if (!house.Holds(sheet.spots[arrow])) // it points at that one as well
-                    covered += tile.Shared(house);
-            };
-            for (std::size_t other = 0; other < m_arrows.size(); ++other)
-                if (other != arrow)
-                    add(HouseOf(sheet, other));
-            for (const Tile& house : sheet.houses)
-                add(house);
-        }
-        return covered;
-    }
-
-    [[nodiscard]] bool LeavesView(std::size_t arrow, int direction) const
-    {
-        return std::any_of(m_sheets.begin(), m_sheets.end(), [&](const Sheet& sheet) {
-            return sheet.view.width > 0 && sheet.view.Holds(sheet.spots[arrow]) &&
-                   !sheet.view.Holds(TileOf(sheet, arrow, direction));
-        });
-    }
-
-    /// The directions of an arrow, the best first: within the view, as it is, a small turn.
-    [[nodiscard]] std::vector<int> ChoicesOf(std::size_t arrow) const
-    {
-        const int now = Known(m_arrows[arrow].direction);
-        if (m_arrows[arrow].fixed)
-            return {now};
-        std::vector<int> choices;
-        for (int direction = 1; direction <= kDirections; ++direction)
-            if (m_arrows[arrow].shapes[At(direction)].width > 0 || direction == now)
-                choices.push_back(direction);
+        const int now = m_chosen[arrow];
+        const bool clear = !IsCrowded(arrow) && !m_hiding.Leaves(arrow, now);
         const auto turn = [now](int direction) {
             const int apart = std::abs(direction - now);
             return std::min(apart, kDirections - apart);
         };
-        std::stable_sort(choices.begin(), choices.end(), [&](int a, int b) {
-            const bool outA = LeavesView(arrow, a), outB = LeavesView(arrow, b);
-            return outA != outB ? outB : turn(a) < turn(b);
-        });
-        return choices;
-    }
-
-    /// Those that stay come first, then those that are clear as they are: the others have to give way.
-    void SetOrder()
-    {
-        m_order.resize(m_arrows.size());
-        std::iota(m_order.begin(), m_order.end(), std::size_t{0});
-        std::vector<int> rank(m_arrows.size());
-        for (std::size_t i = 0; i < m_arrows.size(); ++i) {
-            const bool clear = Cost(i) <= 0 && !LeavesView(i, m_chosen[i]);
-            rank[i] = m_arrows[i].fixed ? 0 : clear ? 1 : 2;
+        std::vector<int>& choices = m_choices.emplace_back();
+        OfEachDirection<double>& own = m_own.emplace_back();
+        for (int direction = 1; direction <= kDirections; ++direction) {
+            const bool drawn = m_arrows[arrow].shapes[AtDirection(direction)].width > 0;
+            if (direction == now || (drawn && !m_arrows[arrow].fixed))
+                choices.push_back(direction);
+            own[AtDirection(direction)] = PriceOfHidden(m_hiding.Houses(arrow, direction)) +
+                                          (m_hiding.Leaves(arrow, direction) ? kOutOfView : 0) +
+                                          (direction != now && clear ? kTurnedClear : 0) + turn(direction);
         }
-        std::stable_sort(m_order.begin(), m_order.end(),
-                         [&](std::size_t a, std::size_t b) { return rank[a] < rank[b]; });
+        std::stable_sort(choices.begin(), choices.end(), [&](int a, int b) { return turn(a) < turn(b); });
     }
-
-    /// Finds directions for the arrows from `depth` of the order on. @return false if there are none, or none in time
-    bool Assign(std::size_t depth)
+    [[nodiscard]] bool IsCrowded(std::size_t arrow) const
     {
-        if (depth == m_order.size())
+        if (m_hiding.Houses(arrow, m_chosen[arrow]) > 0)
             return true;
-        const std::size_t arrow = m_order[depth];
-        for (const int direction : m_choices[arrow]) {
-            if (++m_tries > kMostTries)
-                return false;
-            if (!Fits(depth, arrow, direction))
-                continue;
-            m_chosen[arrow] = direction;
-            if (Assign(depth + 1))
+        for (std::size_t other = 0; other < m_arrows.size(); ++other)
+            if (other != arrow && m_hiding.Shared(arrow, m_chosen[arrow], other, m_chosen[other]) > 0)
                 return true;
-        }
-        m_chosen[arrow] = Known(m_arrows[arrow].direction);
         return false;
     }
-
-    [[nodiscard]] bool Fits(std::size_t depth, std::size_t arrow, int direction) const
+    [[nodiscard]] bool CanMeet(std::size_t one, std::size_t other) const
     {
-        if (m_arrows[arrow].fixed) // whatever it covers, nothing can be done about it
-            return true;
-        if (m_under[arrow][At(direction)] > 0)
-            return false;
-        for (std::size_t before = 0; before < depth; ++before)
-            if (Shared(arrow, direction, m_order[before], m_chosen[m_order[before]]) > 0)
-                return false;
-        return true;
+        for (const int direction : m_choices[one])
+            for (const int otherDirection : m_choices[other])
+                if (m_hiding.Shared(one, direction, other, otherDirection) > 0)
+                    return true;
+        return false;
     }
-
-    [[nodiscard]] double CostOf(std::size_t arrow, int direction) const
+    /// Arrows that can be in each other's way, each group for itself.
+    [[nodiscard]] std::vector<std::vector<std::size_t>> Groups() const
     {
-        double cost = m_under[arrow][At(direction)];
-        for (std::size_t other = 0; other < m_arrows.size(); ++other)
-            if (other != arrow)
-                cost += Shared(arrow, direction, other, m_chosen[other]);
-        return cost;
-    }
-    [[nodiscard]] double Cost(std::size_t arrow) const { return CostOf(arrow, m_chosen[arrow]); }
-
-    /// Where not all can be clear: each turns to where it covers least, until none gains by it.
-    void Improve()
-    {
-        for (int pass = 0; pass < kMostPasses; ++pass) {
-            bool turned = false;
-            for (const std::size_t arrow : m_order) {
-                double least = Cost(arrow);
-                for (const int direction : m_choices[arrow]) {
-                    const double cost = CostOf(arrow, direction);
-                    if (cost + kTouching < least) {
-                        least = cost;
-                        m_chosen[arrow] = direction;
-                        turned = true;
+        std::vector<std::vector<std::size_t>> groups;
+        std::vector<bool> taken(m_arrows.size());
+        for (std::size_t first = 0; first < m_arrows.size(); ++first) {
+            if (taken[first])
+                continue;
+            taken[first] = true;
+            std::vector<std::size_t>& group = groups.emplace_back(1, first);
+            for (std::size_t at = 0; at < group.size(); ++at) {
+                for (std::size_t other = 0; other < m_arrows.size(); ++other) {
+                    if (!taken[other] && CanMeet(group[at], other)) {
+                        taken[other] = true;
+                        group.push_back(other);
                     }
                 }
             }
-            if (!turned)
-                return;
+            std::sort(group.begin(), group.end());
         }
+        return groups;
     }
 
     const std::vector<ArrowToArrange>& m_arrows;
-    std::vector<Sheet> m_sheets;
-    double m_houseSize;
+    ArrangeHiding m_hiding;
     std::vector<int> m_chosen;
     std::vector<std::vector<int>> m_choices;
-    std::vector<std::array<double, kDirections>> m_under; ///< pixels of houses, by direction
-    std::vector<std::size_t> m_order;
-    int m_tries = 0;
+    std::vector<OfEachDirection<double>> m_own;
 };
 
 } // namespace
+
+double ArrowShape::Hides(Spot spot, const Tile& tile) const
+{
+    const double whole = At(spot).Shared(tile);
+    if (whole <= 0 || inked.empty())
+        return whole;
+    double hidden = 0;
+    for (const Tile& part : inked)
+        hidden += part.Moved(spot.x - tip.x, spot.y - tip.y).Shared(tile);
+    return hidden;
+}
+
+double ArrowShape::Shared(Spot spot, const ArrowShape& other, Spot otherSpot) const
+{
+    const double whole = Hides(spot, other.At(otherSpot));
+    if (whole <= 0 || other.inked.empty())
+        return whole;
+    double shared = 0;
+    for (const Tile& part : other.inked)
+        shared += Hides(spot, part.Moved(otherSpot.x - other.tip.x, otherSpot.y - other.tip.y));
+    return shared;
+}
 
 double Tile::Shared(const Tile& other) const
 {
@@ -238,7 +173,7 @@ Arrangement Arrange(const std::vector<ArrowToArrange>& arrows, const std::vector
     for (const ArrowToArrange& arrow : arrows)
         sheets.front().spots.push_back(arrow.house);
     sheets.insert(sheets.end(), further.begin(), further.end());
-    return Search(arrows, std::move(sheets), houseSize).Run();
+    return Arranger(arrows, sheets, houseSize).Run();
 }
 
 } // namespace vasclip::map

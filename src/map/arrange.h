@@ -21,6 +21,7 @@ struct Tile
     [[nodiscard]] double Shared(const Tile& other) const;
     [[nodiscard]] bool Holds(Spot spot) const;
     [[nodiscard]] bool Holds(const Tile& other) const;
+    [[nodiscard]] Tile Moved(double x, double y) const { return {left + x, top + y, width, height}; }
 };
 
 /// The bitmap of an arrow in one direction.
@@ -28,7 +29,13 @@ struct ArrowShape
 {
     double width = 0, height = 0; ///< 0: there is no such bitmap
     Spot tip = {};                ///< from the bitmap's upper left corner
+    /// What of the bitmap hides something, from its upper left corner: beside its tip it is empty. None: all of it.
+    std::vector<Tile> inked = {};
     [[nodiscard]] Tile At(Spot spot) const { return {spot.x - tip.x, spot.y - tip.y, width, height}; }
+    /// The pixels that it hides of a tile; the tip stands on the spot.
+    [[nodiscard]] double Hides(Spot spot, const Tile& tile) const;
+    /// The pixels that it shares with another one.
+    [[nodiscard]] double Shared(Spot spot, const ArrowShape& other, Spot otherSpot) const;
 };
 /// By direction; 1 to 8 stand at 0 to 7.
 using ArrowShapes = std::array<ArrowShape, kDirections>;
@@ -59,9 +66,10 @@ struct Arrangement
     std::vector<int> crowded;    ///< arrows that cover something, or are covered, all the same; by their index
 };
 
-/// Chooses directions so that no arrow covers another, or a house that it does not point at. An arrow that is clear as it
-/// is stays so wherever the others can give way: one more arrow turns as few of them as it can. The same arrows always
-/// come out the same.
+/// Chooses directions so that no arrow covers another, or a house that it does not point at. Of all ways it takes the one
+/// that leaves most arrows within the view, then the one that turns the fewest of those that are clear as they are, then
+/// the one of the smallest turns: one more arrow turns as few of them as it can. Where there is no way it takes one that
+/// hides little. The same arrows always come out the same.
 /// @param houses     what else must stay in sight; those that the arrows point at are known
 /// @param houseSize  side of the square around the house of an arrow
 /// @param view       in which an arrow stays if its house does; an empty one has no border

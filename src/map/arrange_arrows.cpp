@@ -6,6 +6,7 @@
 #include "map/picture_names.h"
 #include "map/rotate.h"
 #include "platform/picture/facts.h"
+#include "platform/street/draw/mark.h"
 #include "platform/text/text.h"
 
 #include <QHash>
@@ -19,7 +20,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr double kHouseSize = 12; ///< pixels that stay free around an arrow's tip
+constexpr double kHouseSize = 6; ///< pixels around an arrow's tip, where nothing else is drawn of its house
 constexpr double kPaperWidth = 720, kPaperHeight = 480; ///< of the report's picture, in pixels of 1/96 inch
 
 /// From places to pixels of a layout of the view as it stands.
@@ -60,6 +61,30 @@ private:
     street::Place m_centre;
 };
 
+constexpr int kFaint = 40;
+constexpr int kBand = 2; ///< rows of a bitmap that count as one
+
+/// What of our own drawing hides something; its rows have no gaps.
+std::vector<Tile> InkOf(const QImage& drawing)
+{
+    std::vector<Tile> inked;
+    for (int top = 0; top < drawing.height(); top += kBand) {
+        int left = drawing.width(), right = -1;
+        const int bottom = std::min(top + kBand, drawing.height());
+        for (int y = top; y < bottom; ++y) {
+            for (int x = 0; x < drawing.width(); ++x) {
+                if (qAlpha(drawing.pixel(x, y)) > kFaint) {
+                    left = std::min(left, x);
+                    right = std::max(right, x);
+                }
+            }
+        }
+        if (right >= left)
+            inked.push_back({double(left), double(top), double(right - left + 1), double(bottom - top)});
+    }
+    return inked;
+}
+
 /// Sizes of bitmaps, each read once.
 class Sizes
 {
@@ -81,6 +106,14 @@ public:
         }
         return *m_sizes.insert(path, size);
     }
+    /// None for a bitmap from elsewhere, which is shown whole.
+    [[nodiscard]] std::vector<Tile> InkedOf(const QString& name) const
+    {
+        const QString path = BitmapPath(m_desk.globals.arrowsDir, name);
+        const std::optional<street::draw::Mark> mark = street::draw::ReadMark(name);
+        return mark && street::draw::IsOwnBitmap(m_desk.disk.ToNative(path)) ? InkOf(street::draw::DrawMark(*mark, 1, false))
+                                                                             : std::vector<Tile>();
+    }
 
 private:
     const MapDesk& m_desk;
@@ -94,8 +127,11 @@ ArrowShapes ShapesOf(Sizes& sizes, const MapPoint& point)
     for (int direction = 1; direction <= kDirections; ++direction) {
         name.direction = direction;
         const QSize size = sizes.Of(ArrowName(name));
-        if (!size.isEmpty())
-            shapes[static_cast<std::size_t>(direction - 1)] = ShapeOf(direction, size.width(), size.height());
+        if (size.isEmpty())
+            continue;
+        ArrowShape& shape = shapes[static_cast<std::size_t>(direction - 1)];
+        shape = ShapeOf(direction, size.width(), size.height());
+        shape.inked = sizes.InkedOf(ArrowName(name));
     }
     return shapes;
 }

@@ -26,22 +26,28 @@ Tile TileOf(const ArrowToArrange& arrow, int direction)
     return arrow.shapes[static_cast<std::size_t>(direction - 1)].At(arrow.house);
 }
 
-/// Does anything cover what it must not?
+/// Does an arrow cover what it must not?
+bool Hides(const std::vector<ArrowToArrange>& arrows, const std::vector<int>& directions, std::size_t i)
+{
+    const Tile tile = TileOf(arrows[i], directions[i]);
+    for (std::size_t j = 0; j < arrows.size(); ++j) {
+        if (i == j)
+            continue;
+        const Spot spot = arrows[j].house;
+        const Tile house{spot.x - kHouse / 2, spot.y - kHouse / 2, kHouse, kHouse};
+        if (tile.Shared(TileOf(arrows[j], directions[j])) > 0)
+            return true;
+        if (tile.Shared(house) > kHouse * kHouse / 4 && !house.Holds(arrows[i].house)) // less only grazes it
+            return true;
+    }
+    return false;
+}
+
 bool Clear(const std::vector<ArrowToArrange>& arrows, const std::vector<int>& directions)
 {
-    for (std::size_t i = 0; i < arrows.size(); ++i) {
-        const Tile tile = TileOf(arrows[i], directions[i]);
-        for (std::size_t j = 0; j < arrows.size(); ++j) {
-            if (i == j)
-                continue;
-            const Spot spot = arrows[j].house;
-            const Tile house{spot.x - kHouse / 2, spot.y - kHouse / 2, kHouse, kHouse};
-            if (tile.Shared(TileOf(arrows[j], directions[j])) > 0)
-                return false;
-            if (tile.Shared(house) > 0 && !house.Holds(arrows[i].house))
-                return false;
-        }
-    }
+    for (std::size_t i = 0; i < arrows.size(); ++i)
+        if (Hides(arrows, directions, i))
+            return false;
     return true;
 }
 
@@ -167,6 +173,86 @@ TEST(Arranging, StaysWithinTheView)
     for (std::size_t i = 0; i < arrows.size(); ++i)
         EXPECT_TRUE(view.Holds(TileOf(arrows[i], arranged.directions[i]))) << i;
     EXPECT_EQ(Arrange(arrows, {}, kHouse).directions, (std::vector<int>{1, 1})); // without a border
+}
+
+TEST(Arranging, WhatIsEmptyOfABitmapHidesNothing)
+{
+    // Only the right part of the first one and the left half of the second one are drawn.
+    std::vector<ArrowToArrange> arrows = {Arrow(100, 100), Arrow(60, 110)};
+    EXPECT_NE(Arrange(arrows, {}, kHouse).directions, (std::vector<int>{1, 1}));
+    arrows[0].shapes[0].inked = {Tile{25, 0, 45, kHeight}};
+    arrows[1].shapes[0].inked = {Tile{0, 0, 30, kHeight}, Tile{30, 12, 5, 12}};
+    const Arrangement arranged = Arrange(arrows, {}, kHouse);
+    EXPECT_EQ(arranged.directions, (std::vector<int>{1, 1}));
+    EXPECT_TRUE(arranged.crowded.empty());
+    arrows[1].shapes[0].inked.push_back(Tile{60, 0, 10, 5}); // by now it reaches into the other's drawing
+    EXPECT_NE(Arrange(arrows, {}, kHouse).directions, (std::vector<int>{1, 1}));
+}
+
+TEST(Arranging, WhatOnlyGrazesATipLeavesItInSight)
+{
+    // The tip of the second one lies a little below the first one's lower edge, then nearer.
+    EXPECT_EQ(Arrange({Arrow(100, 100), Arrow(140, 128)}, {}, kHouse).directions, (std::vector<int>{1, 1}));
+    EXPECT_NE(Arrange({Arrow(100, 100), Arrow(140, 125, 1, true)}, {}, kHouse).directions[0], 1);
+    // A house that is drawn is hidden by less.
+    EXPECT_NE(Arrange({Arrow(100, 100)}, {Tile{140, 122, 12, 12}}, kHouse).directions[0], 1);
+}
+
+/// How many of those that are clear as they are have another direction in a way.
+int TurnedOfTheClear(const std::vector<ArrowToArrange>& arrows, const std::vector<int>& way)
+{
+    std::vector<int> now;
+    for (const ArrowToArrange& arrow : arrows)
+        now.push_back(arrow.direction);
+    int turned = 0;
+    for (std::size_t i = 0; i < arrows.size(); ++i)
+        turned += !Hides(arrows, now, i) && way[i] != now[i] ? 1 : 0;
+    return turned;
+}
+
+/// The fewest of them over all ways, tried one by one; -1 if there is none.
+int FewestTurned(const std::vector<ArrowToArrange>& arrows)
+{
+    int fewest = -1;
+    std::vector<int> way(arrows.size(), 1);
+    for (bool more = true; more;) {
+        if (Clear(arrows, way)) {
+            const int turned = TurnedOfTheClear(arrows, way);
+            fewest = fewest < 0 ? turned : std::min(fewest, turned);
+        }
+        more = false;
+        for (int& direction : way) {
+            if (++direction <= kDirections) {
+                more = true;
+                break;
+            }
+            direction = 1;
+        }
+    }
+    return fewest;
+}
+
+TEST(Arranging, FindsAWayWhereverThereIsOneAndTurnsTheFewest)
+{
+    std::mt19937 random(11);
+    std::uniform_real_distribution<double> x(100, 190), y(100, 170);
+    std::uniform_int_distribution<int> turned(1, kDirections);
+    int ways = 0, none = 0;
+    for (int run = 0; run < 60; ++run) {
+        std::vector<ArrowToArrange> arrows;
+        for (int i = 0; i < 4; ++i)
+            arrows.push_back(Arrow(x(random), y(random), turned(random)));
+        const int fewest = FewestTurned(arrows);
+        (fewest < 0 ? none : ways) += 1;
+        const Arrangement arranged = Arrange(arrows, {}, kHouse);
+        ASSERT_EQ(arranged.crowded.empty(), fewest >= 0) << run;
+        if (fewest < 0)
+            continue;
+        EXPECT_TRUE(Clear(arrows, arranged.directions)) << run;
+        EXPECT_EQ(TurnedOfTheClear(arrows, arranged.directions), fewest) << run;
+    }
+    EXPECT_GT(ways, 20);
+    EXPECT_GT(none, 0) << "some of them have no way";
 }
 
 TEST(Arranging, HoldsInAFurtherLayoutToo)
