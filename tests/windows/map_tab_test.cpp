@@ -2,6 +2,7 @@
 
 #include "common/paths.h"
 #include "map/messages.h"
+#include "platform/street/draw/mark.h"
 #include "platform/street/geodesy.h"
 #include "report_windows.h"
 #include "shell/map_parts.h"
@@ -249,6 +250,34 @@ TEST_F(MapTab, ArrangeAfterPlacingIsRemembered)
     EXPECT_EQ(main.globals.arrangeArrows, 0);
     QTest::mouseClick(mainWindow->findChild<QCheckBox*>(u"ckbArrange"_s), Qt::LeftButton);
     EXPECT_EQ(main.globals.arrangeArrows, 1);
+}
+
+TEST_F(MapTab, ArrangeGoesByWhatIsDrawnOfAnArrow)
+{
+    StartWithMaps();
+    home.MakeDirs(u"C:\\VAS2000\\arrows"_s);
+    ASSERT_TRUE(street::draw::WriteMarks(home.disk.ToNative(main.globals.arrowsDir)).isEmpty());
+    street::StreetMap& map = Map();
+    map.DoAction(street::action::kClearPoints);
+    const auto arrow = [&](qint32 id, QPointF pixels) {
+        const street::Place place = map.PlaceAt(map.PixelOf(kHouse) + pixels);
+        map.SetID(id);
+        map.SetLatitude(place.latitude);
+        map.SetLongitude(place.longitude);
+        map.SetPicture(main.globals.arrowsDir + u"ARROWBLUECOMP%1LT.BMP"_s.arg(id - 1));
+        map.SetText({});
+        map.SetFlags(0x8C42 | 0x10);
+        map.DoAction(street::action::kAddPoint);
+        program.Map().Desk().state.g_MapPointCount = id + 1;
+    };
+    // On the report's picture the field of the second one lies above the first one's, beside its tip.
+    arrow(2, {0, 0});
+    arrow(3, {60, -32});
+    mainWindow->findChild<QAbstractButton*>(u"cmdArrange"_s)->click();
+    EXPECT_EQ(main.status.lblmsg.Caption(), u"No arrow covers another or a house; none was turned"_s);
+    arrow(3, {60, -14});
+    mainWindow->findChild<QAbstractButton*>(u"cmdArrange"_s)->click();
+    EXPECT_TRUE(main.status.lblmsg.Caption().startsWith(u"Turned: "_s)) << main.status.lblmsg.Caption().toStdString();
 }
 
 TEST_F(MapTab, APointIsChosenByAClick)
