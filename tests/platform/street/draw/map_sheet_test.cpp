@@ -80,6 +80,30 @@ TEST(MapSheet, PaintsWhatLiesThere)
 }
 
 // The casing is one whole pixel beside the fill, at each ratio as broad as it should be.
+/// As the contrast of letters is measured: 1 for the same colour, 21 for black and white.
+double Contrast(const QColor& one, const QColor& other)
+{
+    const auto light = [](const QColor& colour) {
+        const auto part = [](double value) { return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4); };
+        return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF()) + 0.05;
+    };
+    return std::max(light(one), light(other)) / std::min(light(one), light(other));
+}
+
+TEST(MapSheet, StreetsAndWaterStandOutInTheDark)
+{
+    // A light street has its casing beside it; a dark one a pixel wide has nothing but its own colour.
+    const Palette& dark = PaletteOf(true);
+    for (std::size_t road = 0; road < dark.roads.size(); ++road) {
+        EXPECT_GE(Contrast(dark.roads[road].fill, dark.land), 1.8) << road;
+        EXPECT_GE(Contrast(dark.roads[road].text, dark.halo), 4.5) << road;
+    }
+    EXPECT_GE(Contrast(dark.roads[4].fill, dark.land), 2.1) << "what most maps have most of";
+    EXPECT_GE(Contrast(dark.areas[0], dark.land), 1.4) << "water";
+    EXPECT_GE(Contrast(dark.waterEdge, dark.land), 2.1) << "a brook is nothing but its line";
+    EXPECT_GE(Contrast(dark.houses, dark.land), 3) << "a house is a dot of two pixels";
+}
+
 TEST(MapSheet, LinesARoadWithItsCasing)
 {
     MadeTown town;
