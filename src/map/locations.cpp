@@ -42,12 +42,14 @@ bool Differs(const MapDesk& desk, const RecordLocation& location)
     return record && !Stands(*record, location);
 }
 
-bool WouldMoveAnchor(const MapDesk& desk, const RecordLocation& location)
+/// The same for what may have been merely found, which never takes the place of an anchor.
+bool IsNews(const MapDesk& desk, const RecordLocation& location)
 {
-    if (location.anchored || location.latitude.isEmpty())
-        return false;
     const std::optional<store::Record> record = FindComp(desk, location.key);
-    return record && IsAnchored(*record);
+    if (!record || Stands(*record, location))
+        return false;
+    const bool found = !location.anchored && !location.latitude.isEmpty();
+    return !found || !IsAnchored(*record);
 }
 
 } // namespace
@@ -83,7 +85,7 @@ bool SaveLocations(MapDesk& desk, const QList<RecordLocation>& locations)
     return link::Reported(desk.ports.prompter, "SaveRecordLocation", [&] {
         QList<RecordLocation> changed;
         for (const RecordLocation& location : locations)
-            if (Differs(desk, location) && !WouldMoveAnchor(desk, location))
+            if (IsNews(desk, location))
                 changed.append(location);
         if (changed.isEmpty())
             return;
