@@ -12,6 +12,7 @@
 #include "platform/conduit/patience.h"
 #include "platform/text/text.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vasclip::map {
@@ -26,6 +27,7 @@ struct Run
 {
     QStringList sent, unknown, without;
     QString stopped; ///< why it ended before its end
+    int arrows = 0;  ///< of comps, on the map
 };
 
 /// The arrow of a comp that was placed by hand, past the range; 0 for none.
@@ -57,7 +59,8 @@ bool MayMeasure(MapDesk& desk, const QString& ranges)
     QStringList others;
     const auto look = [&](qint32 id) {
         const std::optional<MapPoint> point = id >= 1 ? LoadPoint(desk, id) : std::nullopt;
-        if (point && !StandsFor(desk, *point))
+        const bool sent = point && (IsSubjectPoint(desk, *point) || !PointAddress(desk, *point).isEmpty());
+        if (sent && !StandsFor(desk, *point))
             others.append(OtherAddress(desk, *point));
     };
     std::vector<SlotPoint> comps;
@@ -65,7 +68,8 @@ bool MayMeasure(MapDesk& desk, const QString& ranges)
         if (const std::optional<MapRange> range = RangeOf(ranges, TypeWord(row->group)))
             for (const SlotPoint& comp : ComposeRange(desk, row->group, *range))
                 comps.push_back(comp);
-    if (comps.empty())
+    // Where the report has no comps any more nothing is measured.
+    if (std::ranges::none_of(comps, [&](const SlotPoint& comp) { return !AddressAt(desk, comp.slot).isEmpty(); }))
         return true;
     look(FindSubjectPoint(desk));
     for (const SlotPoint& comp : comps)
@@ -116,7 +120,7 @@ void Tell(MapDesk& desk, const Run& run)
     if (!run.stopped.isEmpty())
         words << run.stopped;
     if (words.isEmpty())
-        words << messages::kNoArrows;
+        words << (run.arrows > 0 ? messages::kNoAddresses : messages::kNoArrows);
     const bool whole = run.unknown.isEmpty() && run.without.isEmpty() && run.stopped.isEmpty() && !run.sent.isEmpty();
     desk.status.lblmsg.Show(words.join(u". "_s), whole ? forms::Colour::Blue : forms::Colour::Red);
 }
@@ -164,6 +168,7 @@ void cmdProx_Click(MapDesk& desk)
             if (std::exchange(first, false))
                 ShowMapAddress(desk, AddressAt(desk, {Group::Sales, 1}));
             for (const SlotPoint& comp : ComposeRange(desk, row->group, *range)) {
+                ++run.arrows;
                 goes = goes && SendOne(desk, comp, run);
                 if (!goes)
                     break;

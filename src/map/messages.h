@@ -39,6 +39,7 @@ inline const QString kWithoutSubject =
 inline const QString kPlacementTitle = u"unable to complete Arrow Placement"_s;
 inline const QString kPlacement =
     u"Unable to complete arrow placement. Please verify addresses before re-trying"_s;
+inline const QString kTooManyPoints = u"There are too many points on the map for more arrows: press Clear All first"_s;
 inline const QString kAddedTitle = u"%1 comparables were added after initial arrow placement."_s;
 inline const QString kAdded =
     u"%1 comparables were added after initial arrow placement. It is advisable to clear 'ALL' and recreate all "
@@ -114,6 +115,9 @@ inline const QString kProximityUnknown = u"Not on the map, so their cells are em
 inline const QString kProximityNoCell = u"The form has no cell for %1"_s;
 inline const QString kProximityCancelled = u"Cancelled; the others keep what they had"_s;
 inline const QString kNoArrows = u"No arrows of comps are on the map: place them first"_s;
+
+inline const QString kNoAddresses =
+    u"The report has no addresses for the arrows on the map, so nothing was sent. Refresh the report"_s;
 
 inline const QString kImportBook = u"In Street Atlas USA, select File, Import Address Book, "_s;
 inline const QString kImportFrom = u"Import Data From: "_s;

@@ -58,8 +58,9 @@ void PlaceRow(MapDesk& desk, const link::GroupRow& row, QList<RecordLocation>& f
             continue;
         const qint32 id = desk.state.g_MapPointCount;
         const QString caption = type + u" #"_s + text::Dec(n);
+        qint16& result = desk.state.g_MapResult(id); // an arrow that has none is not placed
         const bool ok = PlaceArrow(desk, id, address, cityState, caption, NewArrow(desk, type, n), found);
-        desk.state.g_MapResult(id) = ok ? 1 : 0;
+        result = ok ? 1 : 0;
         desk.state.turnedByHand.remove(id);
         ++desk.state.g_MapPointCount;
         if (ok)
@@ -228,7 +229,11 @@ void cmdSubjectAnd_Click(MapDesk& desk)
     const ArrangeTally arranged = desk.tab.ckbArrange.Value() ? ArrangeArrows(desk) : ArrangeTally();
     FollowCircle(desk);
     desk.map.Refresh();
-    Tell(desk, placed + tally.placed, notFound + tally.notFound, arranged.crowded);
+    // The box names the addresses, which are not to blame here.
+    if (tally.failed && !MapResults::Has(state.g_MapPointCount))
+        desk.status.lblmsg.Show(messages::kTooManyPoints, forms::Colour::Red);
+    else
+        Tell(desk, placed + tally.placed, notFound + tally.notFound, arranged.crowded);
 }
 
 } // namespace vasclip::map

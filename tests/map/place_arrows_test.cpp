@@ -402,6 +402,12 @@ TEST_F(PlaceArrows, NumbersBeyondTheResultsAreABoundsError)
     QList<RecordLocation> found;
     EXPECT_TRUE(PlaceTypeArrows(desk, found).failed);
     EXPECT_EQ(doubles.prompter.Last().title, u"unable to complete Arrow Placement"_s);
+    EXPECT_TRUE(control.pins.empty()) << "no arrow that is not counted";
+    tab.ckbFreeze.SetValue(true); // as after the Comp Locator
+    cmdSubjectAnd_Click(desk);
+    EXPECT_EQ(status.lblmsg.Caption(), u"There are too many points on the map for more arrows: press Clear All first"_s)
+        << "the addresses are not to blame";
+    EXPECT_EQ(status.lblmsg.Fore(), forms::Colour::Red);
 }
 
 TEST_F(PlaceArrows, ALongGestureShutsOutAnother)

@@ -286,6 +286,21 @@ TEST_F(ProximitySending, WithoutArrowsOnlyTheSubjectIsSelected)
     EXPECT_EQ(status.lblmsg.Caption(), u"No arrows of comps are on the map: place them first"_s);
 }
 
+TEST_F(ProximitySending, AReportThatWasClosedIsNotSaidToHaveNoArrows)
+{
+    Comp(Group::Sales, 1, 2, 5280);
+    desk.state.g_MapRanges = u"SUBJECT|1W1_|COMP|2W1_"_s;
+    desk.state.placedFor = {{1, u"1 Main St"_s}, {2, u"1 COMP ST"_s}};
+    report.txtSubject.SetText({});
+    report.txtComp(1).SetText({});
+    cmdProx_Click(desk);
+    EXPECT_EQ(Poked(), QStringList());
+    EXPECT_TRUE(doubles.prompter.Boxes().empty()) << "nothing is measured, so nothing is asked";
+    EXPECT_EQ(status.lblmsg.Caption(),
+              u"The report has no addresses for the arrows on the map, so nothing was sent. Refresh the report"_s);
+    EXPECT_EQ(status.lblmsg.Fore(), forms::Colour::Red);
+}
+
 TEST_F(ProximitySending, ACompThatWasNotFoundEmptiesItsCell)
 {
     Comp(Group::Sales, 1, 2, 5280);
