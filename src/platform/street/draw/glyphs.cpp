@@ -16,6 +16,7 @@ namespace vasclip::street::draw {
 namespace {
 
 constexpr double kEm = 64; // pixels at which outlines are taken: fine enough for any size on a map
+constexpr double kUnseen = 0.001; // of an em: as little of a pixel as elsewhere
 
 QFont FontOf(Face face)
 {
@@ -28,7 +29,7 @@ QFont FontOf(Face face)
     return font;
 }
 
-std::shared_ptr<const Glyph> Outline(const QRawFont& font, quint32 index)
+std::shared_ptr<const Glyph> MakeGlyph(const QRawFont& font, quint32 index)
 {
     auto glyph = std::make_shared<Glyph>();
     // A map is narrow: letters a tenth narrower than the font has them leave room for one in ten streets more.
@@ -43,6 +44,8 @@ std::shared_ptr<const Glyph> Outline(const QRawFont& font, quint32 index)
     const QPainterPath whole = (wide + QTransform::fromScale(20, 20).map(glyph->shape)).simplified();
     glyph->halo = QTransform::fromScale(1 / 20.0, 1 / 20.0).map(whole);
     glyph->halo.setFillRule(Qt::WindingFill);
+    glyph->filledShape = Outline(glyph->shape, kUnseen);
+    glyph->filledHalo = Outline(glyph->halo, kUnseen);
     return glyph;
 }
 
@@ -55,7 +58,7 @@ public:
         const QMutexLocker lock(&m_mutex);
         auto& glyph = m_glyphs[{name, index}];
         if (!glyph)
-            glyph = Outline(font, index);
+            glyph = MakeGlyph(font, index);
         return glyph;
     }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/street/draw/canvas.h"
+
 #include <QPainterPath>
 #include <QString>
 
@@ -15,6 +17,8 @@ struct Glyph
 {
     QPainterPath shape;
     QPainterPath halo; ///< the shape with what lies around it
+    Outline filledShape; ///< the same for a canvas
+    Outline filledHalo;
 };
 
 /// A text as its letters, in ems.

@@ -9,6 +9,8 @@ namespace vasclip::street::draw {
 
 namespace {
 
+constexpr double kReach = 40; // pixels of 1/96 inch: no road is so wide
+
 /// Adds a line's places, without those that no pixel tells apart.
 void AddLine(QPainterPath& path, const Projection& projection, const std::vector<Place>& line, bool closed)
 {
@@ -33,7 +35,30 @@ QPainterPath LinePath(const Projection& projection, const std::vector<Place>& li
     return path;
 }
 
-void PaintBrooks(QPainter& painter, const Projection& projection, const Content& content, const Palette& palette)
+/// Without the steps that are out of sight: a county road is not stroked from end to end for a village.
+/// @param reach  of a pen beyond its line
+QPainterPath InSight(const QPainterPath& line, const QRectF& sheet, double reach)
+{
+    const QRectF sight = sheet.adjusted(-reach, -reach, reach, reach);
+    if (sight.contains(line.controlPointRect()))
+        return line;
+    QPainterPath seen;
+    bool goesOn = false;
+    for (int i = 1; i < line.elementCount(); ++i) {
+        const QPointF from = line.elementAt(i - 1);
+        const QPointF to = line.elementAt(i);
+        const bool inSight = std::max(from.x(), to.x()) >= sight.left() && std::min(from.x(), to.x()) <= sight.right() &&
+                             std::max(from.y(), to.y()) >= sight.top() && std::min(from.y(), to.y()) <= sight.bottom();
+        if (inSight && !goesOn)
+            seen.moveTo(from);
+        if (inSight)
+            seen.lineTo(to);
+        goesOn = inSight;
+    }
+    return seen;
+}
+
+void PaintBrooks(Canvas& canvas, const Projection& projection, const Content& content, const Palette& palette)
 {
     if (content.waterLines.empty() || projection.Metres() > 40)
         return;
@@ -41,16 +66,10 @@ void PaintBrooks(QPainter& painter, const Projection& projection, const Content&
     const QPen pen(projection.Metres() > 2 ? palette.waterEdge
                                            : palette.areas.at(static_cast<size_t>(AreaKind::Water)),
                    projection.Px(width), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    std::vector<QPainterPath> lines;
     for (const WaterLine* water : content.waterLines)
-        painter.strokePath(LinePath(projection, water->line), pen);
-}
-
-/// Each line for itself: the rasterizer searches all that one path has in a row of pixels, so that one path
-/// of all roads costs several times as much.
-void Stroke(QPainter& painter, const std::vector<QPainterPath>& lines, const QPen& pen)
-{
-    for (const QPainterPath& line : lines)
-        painter.strokePath(line, pen);
+        lines.push_back(LinePath(projection, water->line));
+    canvas.Stroke(lines, pen);
 }
 
 /// Does a step run along the side where a cell cuts its areas? That is no shore.
@@ -62,9 +81,10 @@ bool IsCut(const Extent& cell, Place from, Place to)
            (from.longitude <= cell.low.longitude && to.longitude <= cell.low.longitude);
 }
 
-void PaintShores(QPainter& painter, const Projection& projection, const Content& content, const Palette& palette)
+void PaintShores(Canvas& canvas, const Projection& projection, const Content& content, const Palette& palette)
 {
     const QPen pen(palette.waterEdge, projection.Px(2)); // the water itself covers the inner half
+    std::vector<QPainterPath> shores;
     for (const auto& [cell, area] : content.areas) {
         if (area->kind != AreaKind::Water)
             continue;
@@ -72,7 +92,7 @@ void PaintShores(QPainter& painter, const Projection& projection, const Content&
             std::vector<Place> shore;
             const auto take = [&] {
                 if (shore.size() > 1)
-                    painter.strokePath(LinePath(projection, shore), pen);
+                    shores.push_back(LinePath(projection, shore));
                 shore.clear();
             };
             for (size_t i = 0; i < ring.size(); ++i) {
@@ -88,17 +108,18 @@ void PaintShores(QPainter& painter, const Projection& projection, const Content&
             take();
         }
     }
+    canvas.Stroke(shores, pen);
 }
 
-void PaintAreas(QPainter& painter, const Projection& projection, const Content& content, const Palette& palette)
+void PaintAreas(Canvas& canvas, const Projection& projection, const Content& content, const Palette& palette)
 {
     // What lies under what: a pond in a park is seen, a river's middle line is not.
     constexpr std::array kOrder{AreaKind::Builtup, AreaKind::School, AreaKind::Airport, AreaKind::Forest,
                                 AreaKind::Park, AreaKind::Cemetery, AreaKind::Water};
     for (const AreaKind kind : kOrder) {
         if (kind == AreaKind::Water) {
-            PaintBrooks(painter, projection, content, palette);
-            PaintShores(painter, projection, content, palette);
+            PaintBrooks(canvas, projection, content, palette);
+            PaintShores(canvas, projection, content, palette);
         }
         for (const auto& [cell, area] : content.areas) {
             if (area->kind != kind)
@@ -109,51 +130,54 @@ void PaintAreas(QPainter& painter, const Projection& projection, const Content& 
                 if (ring.size() > 2)
                     AddLine(path, projection, ring, true);
             }
-            painter.fillPath(path, palette.areas.at(static_cast<size_t>(kind)));
+            canvas.Fill(path, palette.areas.at(static_cast<size_t>(kind)));
         }
     }
 }
 
 /// Houses as dots, where there is no room yet for their numbers.
-void PaintHouses(QPainter& painter, const Projection& projection, const Content& content, const Palette& palette)
+void PaintHouses(Canvas& canvas, const Projection& projection, const Content& content, const Palette& palette)
 {
     constexpr double kNumbers = 0.75;
     if (content.houses.empty() || projection.Metres() <= kNumbers)
         return;
     const double radius = projection.Px(std::clamp(2 / projection.Metres(), 0.8, 1.4));
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(palette.houses);
-    for (const CellHouse* house : content.houses)
-        painter.drawEllipse(projection.Pixel(house->place), radius, radius);
+    QPainterPath circle;
+    circle.addEllipse(QPointF(0, 0), radius, radius);
+    const Outline dot(circle, 0.03);
+    for (const CellHouse* house : content.houses) {
+        const QPointF at = projection.Pixel(house->place);
+        canvas.Fill(dot, QTransform::fromTranslate(at.x(), at.y()), palette.houses);
+    }
 }
 
 using Lines = std::vector<QPainterPath>;
 using Paths = std::array<Lines, kRoadClasses>;
 
-void PaintRails(QPainter& painter, const Projection& projection, const Lines& lines, const RoadInk& ink,
+void PaintRails(Canvas& canvas, const Projection& projection, const Lines& lines, const RoadInk& ink,
                 double width)
 {
     if (width <= 0)
         return;
-    Stroke(painter, lines, QPen(ink.fill, projection.Px(width)));
+    canvas.Stroke(lines, QPen(ink.fill, projection.Px(width)));
     if (width < 1.5)
         return;
     QPen ties(ink.casing, projection.Px(width - 1), Qt::CustomDashLine, Qt::FlatCap);
     ties.setDashPattern({7 / (width - 1), 7 / (width - 1)});
-    Stroke(painter, lines, ties);
+    canvas.Stroke(lines, ties);
 }
 
-void PaintWays(QPainter& painter, const Projection& projection, const Lines& lines, const RoadInk& ink,
+void PaintWays(Canvas& canvas, const Projection& projection, const Lines& lines, const RoadInk& ink,
                double width)
 {
     if (width <= 0)
         return;
     QPen pen(ink.fill, projection.Px(width), Qt::CustomDashLine, Qt::FlatCap);
     pen.setDashPattern({4, 2});
-    Stroke(painter, lines, pen);
+    canvas.Stroke(lines, pen);
 }
 
-void PaintRoads(QPainter& painter, const Projection& projection, const Content& content, const Look& look,
+void PaintRoads(Canvas& canvas, const Projection& projection, const Content& content, const Look& look,
                 const Palette& palette)
 {
     Paths paths;
@@ -161,7 +185,10 @@ void PaintRoads(QPainter& painter, const Projection& projection, const Content& 
         if (seen.edge->hidden)
             continue;
         const auto index = static_cast<size_t>(seen.edge->roadClass);
-        paths.at(index).push_back(LinePath(projection, seen.edge->line));
+        const QPainterPath line = LinePath(projection, seen.edge->line);
+        // Dashes are counted from a line's beginning.
+        const bool dashed = seen.edge->roadClass > RoadClass::Service;
+        paths.at(index).push_back(dashed ? line : InSight(line, projection.Sheet(), projection.Px(kReach)));
     }
     std::array<double, kRoadClasses> widths{};
     for (size_t i = 0; i < kRoadClasses; ++i)
@@ -170,9 +197,9 @@ void PaintRoads(QPainter& painter, const Projection& projection, const Content& 
     constexpr auto kPath = static_cast<size_t>(RoadClass::Path);
     constexpr auto kTrack = static_cast<size_t>(RoadClass::Track);
     constexpr auto kRail = static_cast<size_t>(RoadClass::Rail);
-    PaintWays(painter, projection, paths[kPath], palette.roads[kPath], widths[kPath]);
-    PaintWays(painter, projection, paths[kTrack], palette.roads[kTrack], widths[kTrack]);
-    PaintRails(painter, projection, paths[kRail], palette.roads[kRail], widths[kRail]);
+    PaintWays(canvas, projection, paths[kPath], palette.roads[kPath], widths[kPath]);
+    PaintWays(canvas, projection, paths[kTrack], palette.roads[kTrack], widths[kTrack]);
+    PaintRails(canvas, projection, paths[kRail], palette.roads[kRail], widths[kRail]);
 
     // From the least road to the widest, ramps just below what they lead to. All casings first, so that crossings open.
     constexpr std::array kOrder{RoadClass::Service, RoadClass::Local,   RoadClass::Collector, RoadClass::Arterial,
@@ -188,26 +215,22 @@ void PaintRoads(QPainter& painter, const Projection& projection, const Content& 
             const bool hair = widths.at(index) < 2;
             if (casing && hair)
                 continue;
-            Stroke(painter, paths.at(index),
-                   QPen(casing || (hair && !look.dark) ? ink.casing : ink.fill,
-                        casing ? width + 2 * std::round(projection.Px(1)) : width, Qt::SolidLine, Qt::RoundCap,
-                        Qt::RoundJoin));
+            canvas.Stroke(paths.at(index), QPen(casing || (hair && !look.dark) ? ink.casing : ink.fill,
+                                                casing ? width + 2 * std::round(projection.Px(1)) : width, Qt::SolidLine,
+                                                Qt::RoundCap, Qt::RoundJoin));
         }
     }
 }
 
 } // namespace
 
-void PaintGround(QPainter& painter, const Projection& projection, const Content& content, const Look& look)
+void PaintGround(Canvas& canvas, const Projection& projection, const Content& content, const Look& look)
 {
     const Palette& palette = PaletteOf(look.dark);
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillRect(projection.Sheet(), palette.land);
-    PaintAreas(painter, projection, content, palette);
-    PaintRoads(painter, projection, content, look, palette);
-    PaintHouses(painter, projection, content, palette);
-    painter.restore();
+    canvas.Image().fill(palette.land);
+    PaintAreas(canvas, projection, content, palette);
+    PaintRoads(canvas, projection, content, look, palette);
+    PaintHouses(canvas, projection, content, palette);
 }
 
 } // namespace vasclip::street::draw

@@ -202,7 +202,7 @@ void LabelSheet::WriteAreas()
         if (placed.size() < 2 || !m_occupied.IsFree(boxes))
             continue;
         for (const PlacedText& text : placed)
-            Write(m_painter, text, ink, m_palette.halo);
+            Write(m_canvas, text, ink, m_palette.halo);
         placed.front().boxes = boxes;
         Note(area->name, placed.front(), size);
     }

@@ -11,9 +11,9 @@ constexpr double kSquare = 24; // about a label's height
 
 } // namespace
 
-LabelSheet::LabelSheet(QPainter& painter, const Projection& projection, const Content& content, const Look& look,
+LabelSheet::LabelSheet(Canvas& canvas, const Projection& projection, const Content& content, const Look& look,
                        const std::vector<QRectF>& kept)
-    : m_painter(painter), m_projection(projection), m_content(content), m_look(look),
+    : m_canvas(canvas), m_projection(projection), m_content(content), m_look(look),
       m_palette(PaletteOf(look.dark)), m_occupied(projection.Sheet(), projection.Px(kSquare))
 {
     m_occupied.Take(kept);
@@ -21,8 +21,6 @@ LabelSheet::LabelSheet(QPainter& painter, const Projection& projection, const Co
 
 void LabelSheet::WriteAll()
 {
-    m_painter.save();
-    m_painter.setRenderHint(QPainter::Antialiasing);
     FindStreets();
     WritePlaces(true);
     WriteShields();
@@ -32,7 +30,6 @@ void LabelSheet::WriteAll()
     WritePlaces(false);
     WriteHouses();
     WriteRanges();
-    m_painter.restore();
 }
 
 bool LabelSheet::WriteAlong(const Walk& walk, const QString& text, Face face, double size, double distance,
@@ -41,7 +38,7 @@ bool LabelSheet::WriteAlong(const Walk& walk, const QString& text, Face face, do
     const auto placed = Along(walk, Run(text, face), size, distance, beside);
     if (!placed || !m_occupied.IsFree(placed->boxes))
         return false;
-    Write(m_painter, *placed, ink, m_palette.halo);
+    Write(m_canvas, *placed, ink, m_palette.halo);
     Note(text, *placed, size);
     return true;
 }
@@ -51,7 +48,7 @@ bool LabelSheet::WriteLevel(const QString& text, Face face, double size, QPointF
     const PlacedText placed = OnTheLevel(Run(text, face), size, middle);
     if (!m_occupied.IsFree(placed.boxes))
         return false;
-    Write(m_painter, placed, ink, m_palette.halo);
+    Write(m_canvas, placed, ink, m_palette.halo);
     Note(text, placed, size);
     return true;
 }

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "platform/street/draw/canvas.h"
 #include "platform/street/draw/content.h"
 #include "platform/street/draw/occupied.h"
 #include "platform/street/draw/placed_text.h"
 #include "platform/street/draw/style.h"
 
 #include <QHash>
-#include <QPainter>
 
 #include <map>
 
@@ -25,7 +25,7 @@ class LabelSheet
 {
 public:
     /// @param kept  boxes that stay free of labels
-    LabelSheet(QPainter& painter, const Projection& projection, const Content& content, const Look& look,
+    LabelSheet(Canvas& canvas, const Projection& projection, const Content& content, const Look& look,
                const std::vector<QRectF>& kept);
 
     /// All labels, the weightiest first.
@@ -64,7 +64,7 @@ private:
     /// Pixels of the picture of a size in points.
     [[nodiscard]] double Points(double points) const;
 
-    QPainter& m_painter;
+    Canvas& m_canvas;
     const Projection& m_projection;
     const Content& m_content;
     const Look& m_look;

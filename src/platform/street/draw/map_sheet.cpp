@@ -9,14 +9,14 @@ namespace {
 
 constexpr double kReach = 40; // pixels of 1/96 inch that a road outside may reach into the picture
 
-std::vector<Written> PaintLabels(QPainter& painter, const Projection& projection, const Content& content,
+std::vector<Written> PaintLabels(Canvas& canvas, const Projection& projection, const Content& content,
                                  const Look& look, std::vector<QRectF> kept)
 {
     if (look.furniture) {
         for (const QRectF& box : FurnitureBoxes(projection, look))
             kept.push_back(box);
     }
-    LabelSheet labels(painter, projection, content, look, kept);
+    LabelSheet labels(canvas, projection, content, look, kept);
     labels.WriteAll();
     return labels.All();
 }
@@ -26,8 +26,8 @@ std::vector<Written> PaintLabels(QPainter& painter, const Projection& projection
 QImage DrawGround(const CellSource& source, const Projection& projection, const Look& look)
 {
     QImage image(projection.Of().size, QImage::Format_RGB32);
-    QPainter painter(&image);
-    PaintGround(painter, projection, Gather(source, projection, projection.Px(kReach)), look);
+    Canvas canvas(image);
+    PaintGround(canvas, projection, Gather(source, projection, projection.Px(kReach)), look);
     return image;
 }
 
@@ -36,8 +36,8 @@ QImage DrawLabels(const CellSource& source, const Projection& projection, const 
 {
     QImage image(projection.Of().size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
-    QPainter painter(&image);
-    std::vector<Written> all = PaintLabels(painter, projection, Gather(source, projection, 0), look, kept);
+    Canvas canvas(image);
+    std::vector<Written> all = PaintLabels(canvas, projection, Gather(source, projection, 0), look, kept);
     if (written != nullptr)
         *written = std::move(all);
     return image;
@@ -47,11 +47,13 @@ QImage DrawMap(const CellSource& source, const Projection& projection, const Loo
 {
     const Content content = Gather(source, projection, projection.Px(kReach));
     QImage image(projection.Of().size, QImage::Format_RGB32);
-    QPainter painter(&image);
-    PaintGround(painter, projection, content, look);
-    PaintLabels(painter, projection, content, look, kept);
-    if (look.furniture)
+    Canvas canvas(image);
+    PaintGround(canvas, projection, content, look);
+    PaintLabels(canvas, projection, content, look, kept);
+    if (look.furniture) {
+        QPainter painter(&image);
         PaintFurniture(painter, projection, look);
+    }
     return image;
 }
 

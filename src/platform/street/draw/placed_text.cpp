@@ -126,4 +126,13 @@ void Write(QPainter& painter, const PlacedText& text, const QColor& ink, const Q
         painter.fillPath(letter.where.map(letter.glyph->shape), ink);
 }
 
+void Write(Canvas& canvas, const PlacedText& text, const QColor& ink, const QColor& halo)
+{
+    if (halo.alpha() > 0)
+        for (const PlacedText::Letter& letter : text.letters)
+            canvas.Fill(letter.glyph->filledHalo, letter.where, halo);
+    for (const PlacedText::Letter& letter : text.letters)
+        canvas.Fill(letter.glyph->filledShape, letter.where, ink);
+}
+
 } // namespace vasclip::street::draw

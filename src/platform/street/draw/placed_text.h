@@ -48,5 +48,6 @@ struct PlacedText
                                               double beside = 0);
 
 void Write(QPainter& painter, const PlacedText& text, const QColor& ink, const QColor& halo);
+void Write(Canvas& canvas, const PlacedText& text, const QColor& ink, const QColor& halo);
 
 } // namespace vasclip::street::draw

@@ -1,5 +1,6 @@
 #include "platform/street/draw/labels.h"
 
+#include <QPainter>
 #include <QPainterPath>
 
 #include <algorithm>
@@ -46,17 +47,18 @@ QPainterPath Outline(Kind kind, const QRectF& box)
     return path;
 }
 
-void PaintShield(QPainter& painter, Kind kind, const QRectF& box, double line)
+void PaintShield(QImage& image, Kind kind, const QRectF& box, double line)
 {
     const QPainterPath outline = Outline(kind, box);
     const bool interstate = kind == Kind::Interstate;
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(outline, interstate ? QColor(0x2b, 0x55, 0xa3) : QColor(0xff, 0xff, 0xff));
     if (interstate) {
-        painter.save();
         painter.setClipPath(outline);
         painter.fillRect(QRectF(box.left() - 4, box.top(), box.width() + 8, box.height() * 0.22),
                          QColor(0xc1, 0x33, 0x3a));
-        painter.restore();
+        painter.setClipping(false);
     }
     painter.strokePath(outline, QPen(interstate ? QColor(0xff, 0xff, 0xff) : QColor(0x33, 0x33, 0x38), line));
 }
@@ -93,10 +95,10 @@ void LabelSheet::WriteShields()
                     if (!m_occupied.IsFree(std::vector{box.adjusted(-2, -2, 2, 2)}) ||
                         IsNear(street.shield, middle, apart * 0.7))
                         continue;
-                    PaintShield(m_painter, kind, box, m_projection.Px(1.2));
+                    PaintShield(m_canvas.Image(), kind, box, m_projection.Px(1.2));
                     PlacedText text = OnTheLevel(
                         run, size, middle + QPointF(0, kind == Kind::Interstate ? m_projection.Px(1.5) : 0));
-                    Write(m_painter, text, kind == Kind::Interstate ? QColor(Qt::white) : QColor(0x22, 0x22, 0x26),
+                    Write(m_canvas, text, kind == Kind::Interstate ? QColor(Qt::white) : QColor(0x22, 0x22, 0x26),
                           QColor(0, 0, 0, 0));
                     text.boxes = {box.adjusted(-2, -2, 2, 2)};
                     Note(street.shield, text, size);
