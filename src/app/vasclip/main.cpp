@@ -31,6 +31,10 @@
 #include <optional>
 #include <utility>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 using namespace Qt::Literals::StringLiterals;
 using namespace vasclip;
 
@@ -276,10 +280,21 @@ private:
     int m_exitCode = 0;
 };
 
+/// Gives the memory of a picture back to the system when the picture goes. The allocator would else, once it has seen a few,
+/// keep them among what is small and stays, and a map that is looked around in would take three times what it holds.
+void ReturnPictures()
+{
+#ifdef __GLIBC__
+    constexpr int kPicture = 256 * 1024;
+    mallopt(M_MMAP_THRESHOLD, kPicture);
+#endif
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
+    ReturnPictures();
     if (!desktop::CanShowWindows()) {
         std::fputs("Vasclip: there is no display, so the window is out of sight\n", stderr);
         qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -43,7 +43,7 @@ public:
     void Wait();
 
     static constexpr int kSide = 512; ///< of a part in pixels
-    static constexpr qsizetype kBytes = 24 * 1024 * 1024; ///< kept beyond what a picture needs
+    static constexpr qsizetype kBytes = 16 * 1024 * 1024; ///< kept beyond what a picture needs
 
 private:
     struct Key
