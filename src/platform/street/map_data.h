@@ -18,7 +18,7 @@ namespace vasclip::street {
 /// How much an open directory keeps at hand; what is asked for goes on top while it is used.
 struct MapLimits
 {
-    qsizetype cellBytes = 16 * 1024 * 1024;
+    qsizetype cellBytes = 8 * 1024 * 1024;
     int openFiles = 32;
 };
 

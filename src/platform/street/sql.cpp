@@ -164,8 +164,8 @@ SqlFile OpenSql(const QString& path, FileKind kind, QString& problem)
         problem = SqlProblem(raw);
         return {};
     }
-    // 256 KB of pages: what is read again is kept decoded.
-    sqlite3_exec(raw, "PRAGMA cache_size=-256; PRAGMA query_only=1", nullptr, nullptr, nullptr);
+    // 128 KB of pages: what is read again is kept decoded.
+    sqlite3_exec(raw, "PRAGMA cache_size=-128; PRAGMA query_only=1", nullptr, nullptr, nullptr);
     return file;
 }
 
