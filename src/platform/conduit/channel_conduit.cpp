@@ -68,18 +68,26 @@ void ChannelConduit::SetLinkMode(qint16 mode)
     if (m_topic.indexOf(u'|') < 1)
         throw RuntimeError(error::kLinkNoAnswer,
                            u"\"%1\" is no topic: a service, \"|\" and a topic are wanted"_s.arg(m_topic));
-    if (m_channel && m_channel->Idle()) {
+    if (m_way && m_way->Ready(m_topic)) {
         m_mode = 2;
         return;
     }
     const Watched watched(m_patience, m_exchanging);
     m_mode = 0;
-    m_channel.reset();
+    if (m_way && !m_way->Usable())
+        m_way.reset();
     const QDeadlineTimer deadline(m_timeLimitMs);
-    std::unique_ptr<LinkChannel> channel = m_connector(deadline);
-    channel->SetPatience(m_patience);
-    channel->Greet(deadline);
-    m_channel = std::move(channel);
+    if (!m_way) {
+        m_way = m_connector(deadline);
+        m_way->SetPatience(m_patience);
+    }
+    try {
+        m_way->Open(m_topic, deadline);
+    } catch (...) {
+        if (!m_way->Usable())
+            m_way.reset();
+        throw;
+    }
     m_mode = 2;
 }
 
@@ -104,10 +112,11 @@ QString ChannelConduit::Exchange(LinkMessage message)
         throw RuntimeError(kNoConversation, u"No conversation with the forms program is open"_s);
     const Watched watched(m_patience, m_exchanging);
     try {
-        return m_channel->Exchange(std::move(message), QDeadlineTimer(m_timeLimitMs));
+        return m_way->Exchange(std::move(message), QDeadlineTimer(m_timeLimitMs));
     } catch (const RuntimeError& failure) {
         if (failure.Number() != error::kLinkBusy) {
-            m_channel.reset();
+            if (!m_way->Usable())
+                m_way.reset();
             m_mode = 0;
         }
         throw;

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "platform/conduit/conduit.h"
-#include "platform/conduit/link_channel.h"
-#include "platform/conduit/patience.h"
+#include "platform/conduit/link_way.h"
 
 #include <QDeadlineTimer>
 
@@ -11,11 +10,11 @@
 
 namespace vasclip::conduit {
 
-/// Opens a way to the forms program: a connected channel before its greeting.
+/// Makes a way to the forms program, before it is opened.
 /// @throws RuntimeError 282 nobody answers
-using Connector = std::function<std::unique_ptr<LinkChannel>(const QDeadlineTimer&)>;
+using Connector = std::function<std::unique_ptr<LinkWay>(const QDeadlineTimer&)>;
 
-/// The members of the link field over a channel.
+/// The members of the link field over a way.
 ///
 /// The way itself is kept while `LinkMode` is 0 and looked at again when a conversation opens, so that a send
 /// of forty fields costs forty round trips and not forty connections more.
@@ -46,7 +45,7 @@ private:
     int m_timeLimitMs;
     Patience* m_patience;
     bool m_exchanging = false;
-    std::unique_ptr<LinkChannel> m_channel;
+    std::unique_ptr<LinkWay> m_way;
     QString m_text, m_topic, m_item;
     qint16 m_mode = 0;
 };

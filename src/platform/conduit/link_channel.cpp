@@ -1,5 +1,6 @@
 #include "platform/conduit/link_channel.h"
 
+#include "platform/conduit/no_way.h"
 #include "platform/text/runtime_error.h"
 
 #include <QCoreApplication>
@@ -19,10 +20,41 @@ LinkChannel::LinkChannel(std::unique_ptr<QIODevice> device, Ways ways)
 
 LinkChannel::~LinkChannel() = default;
 
+bool LinkChannel::Ready(const QString&)
+{
+    return m_greeted && Usable();
+}
+
+bool LinkChannel::Usable()
+{
+    if (m_spent)
+        return false;
+    return m_greeted ? Idle() : m_ways.carries && m_ways.alive();
+}
+
+void LinkChannel::Open(const QString&, const QDeadlineTimer& deadline)
+{
+    if (m_greeted)
+        return;
+    try {
+        Greet(deadline);
+    } catch (const RuntimeError& failure) {
+        m_spent = !m_ways.carries || failure.Number() != error::kLinkTimeOut || !m_ways.alive();
+        if (m_spent)
+            throw;
+        throw RuntimeError(error::kLinkTimeOut,
+                           u"The bridge to the forms program is still starting, which the first time can take a minute; "
+                           "try again"_s);
+    }
+    m_greeted = true;
+}
+
 void LinkChannel::Greet(const QDeadlineTimer& deadline)
 {
-    const QString nonce = QString::number(QRandomGenerator::system()->generate64(), 16);
-    Send(Encode(Hello{nonce, u"vasclip"_s, QCoreApplication::applicationPid()}));
+    if (m_nonce.isEmpty()) {
+        m_nonce = QString::number(QRandomGenerator::system()->generate64(), 16);
+        Send(Encode(Hello{m_nonce, u"vasclip"_s, QCoreApplication::applicationPid()}));
+    }
     const QByteArray line = Receive(deadline);
     if (line.startsWith("{\"error\"") || line.contains("\"error\":")) {
         const LinkAnswer refusal = DecodeAnswer(line);
@@ -30,7 +62,7 @@ void LinkChannel::Greet(const QDeadlineTimer& deadline)
                            u"The forms program refused the conversation: %1"_s.arg(refusal.text));
     }
     const Hello partner = DecodeHello(line);
-    if (partner.nonce != nonce)
+    if (partner.nonce != m_nonce)
         throw RuntimeError(error::kLinkPeerGone, u"The greeting on the link answers another conversation"_s);
 }
 
@@ -42,6 +74,7 @@ QString LinkChannel::Exchange(LinkMessage message, const QDeadlineTimer& deadlin
         throw RuntimeError(
             error::kLinkBusy,
             u"The text is too long for the link: %1 bytes, at most %2 go"_s.arg(line.size()).arg(kMaxLine));
+    m_spent = true; // until it is answered
     Send(line);
     // Not in the greeting: whoever refuses the conversation may have closed it, and his words would go with
     // it.
@@ -55,11 +88,22 @@ QString LinkChannel::Exchange(LinkMessage message, const QDeadlineTimer& deadlin
         throw RuntimeError(
             error::kLinkPeerGone,
             u"Garbage on the link (answer %1 to question %2)"_s.arg(answer.id).arg(message.id));
-    if (answer.kind == LinkAnswer::Kind::Error)
-        throw RuntimeError(error::kLinkBusy, answer.text);
+    if (answer.kind == LinkAnswer::Kind::Error) {
+        m_spent = false;
+        Refuse(answer);
+    }
     if ((answer.kind == LinkAnswer::Kind::Text) != (message.verb == Verb::Request))
         throw RuntimeError(error::kLinkPeerGone, u"Garbage on the link (an answer of the wrong kind)"_s);
+    m_spent = false;
     return answer.text;
+}
+
+/// What a forms program says is a refusal, whatever its number. A bridge tells by it what became of the one behind it.
+void LinkChannel::Refuse(const LinkAnswer& answer) const
+{
+    const bool known = answer.number == error::kLinkNoAnswer || answer.number == error::kLinkTimeOut ||
+                       answer.number == error::kLinkPeerGone;
+    throw RuntimeError(m_ways.carries && known ? answer.number : error::kLinkBusy, answer.text);
 }
 
 bool LinkChannel::Idle()
@@ -110,6 +154,10 @@ QByteArray LinkChannel::Receive(const QDeadlineTimer& deadline)
             if (!Wait(deadline) && m_device->bytesAvailable() == 0) {
                 if (m_ways.alive() && deadline.remainingTime() <= 0)
                     throw RuntimeError(error::kLinkTimeOut, u"The forms program did not answer in time"_s);
+                const QString said = m_ways.lastWords ? m_ways.lastWords() : QString();
+                if (!said.isEmpty())
+                    throw RuntimeError(m_greeted ? error::kLinkPeerGone : kNoWay,
+                                       u"The bridge to the forms program has ended: %1"_s.arg(said));
                 throw RuntimeError(error::kLinkPeerGone,
                                    m_lines.Empty()
                                        ? u"The forms program closed the link"_s

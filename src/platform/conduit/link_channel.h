@@ -1,9 +1,7 @@
 #pragma once
 
-#include "platform/conduit/patience.h"
-#include "platform/conduit/protocol.h"
+#include "platform/conduit/link_way.h"
 
-#include <QDeadlineTimer>
 #include <QIODevice>
 
 #include <functional>
@@ -14,8 +12,10 @@ namespace vasclip::conduit {
 /// The client's end of a conversation over any device that carries bytes both ways: a local socket, or a
 /// process that is written to and read from.
 ///
-/// A channel that has thrown 286 or 289 is used up: an answer that comes later belongs to nobody.
-class LinkChannel
+/// A channel that has thrown 286 or 289 is used up: an answer that comes later belongs to nobody. Not so one that
+/// carries (Ways::carries), where the other end says in an answer that the forms program behind it was late or has gone;
+/// and where such a one is slow to start, the next opening goes on waiting for it.
+class LinkChannel final : public LinkWay
 {
 public:
     /// What the kind of device knows to do, beyond what every device does.
@@ -27,29 +27,30 @@ public:
         std::function<bool()> news = {};
         /// Sends a message that was written; without this it goes when its answer is waited for.
         std::function<void()> push = {};
+        /// What the other end said to people before it went; "" if nothing.
+        std::function<QString()> lastWords = {};
+        /// At the other end is a bridge, which has a forms program behind it: the number of a refusal counts.
+        bool carries = false;
     };
 
     /// @param device  connected or running; owned
     LinkChannel(std::unique_ptr<QIODevice> device, Ways ways);
-    ~LinkChannel();
+    ~LinkChannel() override;
     LinkChannel(const LinkChannel&) = delete;
     LinkChannel& operator=(const LinkChannel&) = delete;
 
-    /// Called while an answer is waited for; nullptr: nothing is.
-    void SetPatience(Patience* patience) { m_patience = patience; }
-
-    /// The exchange of names that opens every conversation.
-    /// @throws RuntimeError 286, 289
-    void Greet(const QDeadlineTimer& deadline);
-
-    /// Sends one message (its id is set here) and waits for its answer.
-    /// @throws RuntimeError 285 with the words of the refusal, 286, 289
-    [[nodiscard]] QString Exchange(LinkMessage message, const QDeadlineTimer& deadline);
-
-    /// True if the other side is there and has said nothing unasked.
-    [[nodiscard]] bool Idle();
+    void SetPatience(Patience* patience) override { m_patience = patience; }
+    [[nodiscard]] bool Ready(const QString& topic) override;
+    /// The exchange of names that opens every conversation, unless there was one.
+    void Open(const QString& topic, const QDeadlineTimer& deadline) override;
+    [[nodiscard]] QString Exchange(LinkMessage message, const QDeadlineTimer& deadline) override;
+    [[nodiscard]] bool Usable() override;
 
 private:
+    void Greet(const QDeadlineTimer& deadline);
+    /// True if the other side is there and has said nothing unasked.
+    [[nodiscard]] bool Idle();
+    [[noreturn]] void Refuse(const LinkAnswer& answer) const;
     void Send(const QByteArray& line);
     [[nodiscard]] QByteArray Receive(const QDeadlineTimer& deadline);
     [[nodiscard]] bool Wait(const QDeadlineTimer& deadline);
@@ -58,6 +59,9 @@ private:
     Ways m_ways;
     Patience* m_patience = nullptr;
     LineCutter m_lines;
+    QString m_nonce;        ///< of the greeting under way
+    bool m_greeted = false;
+    bool m_spent = false;
     qint64 m_lastId = 0;
 };
 

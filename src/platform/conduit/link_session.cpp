@@ -37,7 +37,7 @@ QList<QByteArray> LinkSession::Feed(const QByteArray& bytes)
                 answers.append(Encode({0, LinkAnswer::Kind::Error, failure.Description(), failure.Number()}));
                 continue;
             }
-            const LinkAnswer answer = Serve(message);
+            const LinkAnswer answer = AnswerTo(m_handler, message);
             if (m_observer)
                 m_observer(message, answer);
             answers.append(Encode(answer));
@@ -56,17 +56,17 @@ QByteArray LinkSession::Greet(const QByteArray& line)
     return Encode(Hello{hello.nonce, m_program, QCoreApplication::applicationPid()});
 }
 
-LinkAnswer LinkSession::Serve(const LinkMessage& message)
+LinkAnswer AnswerTo(LinkHandler& handler, const LinkMessage& message)
 {
     try {
         switch (message.verb) {
         case Verb::Request:
-            return {message.id, LinkAnswer::Kind::Text, m_handler.Request(message.topic, message.item), 0};
+            return {message.id, LinkAnswer::Kind::Text, handler.Request(message.topic, message.item), 0};
         case Verb::Poke:
-            m_handler.Poke(message.topic, message.item, message.text);
+            handler.Poke(message.topic, message.item, message.text);
             break;
         case Verb::Execute:
-            m_handler.Execute(message.topic, message.text);
+            handler.Execute(message.topic, message.text);
             break;
         }
         return {message.id, LinkAnswer::Kind::Ok, {}, 0};

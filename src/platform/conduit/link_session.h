@@ -19,6 +19,9 @@ public:
     virtual void Execute(const QString& topic, const QString& command) = 0;
 };
 
+/// What a handler makes of a message; what it throws is a refusal.
+[[nodiscard]] LinkAnswer AnswerTo(LinkHandler& handler, const LinkMessage& message);
+
 using ExchangeObserver = std::function<void(const LinkMessage&, const LinkAnswer&)>;
 
 /// The answering side of one conversation: bytes in, answer lines out. It serves sockets and pipes alike.
@@ -36,8 +39,6 @@ public:
 
 private:
     [[nodiscard]] QByteArray Greet(const QByteArray& line);
-    [[nodiscard]] LinkAnswer Serve(const LinkMessage& message);
-
     LinkHandler& m_handler;
     QString m_program;
     ExchangeObserver m_observer;

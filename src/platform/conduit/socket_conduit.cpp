@@ -1,6 +1,7 @@
 #include "platform/conduit/socket_conduit.h"
 
 #include "platform/conduit/channel_conduit.h"
+#include "platform/conduit/link_channel.h"
 #include "platform/conduit/socket_path.h"
 #include "platform/text/runtime_error.h"
 

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "platform/conduit/dde/shared_win.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace vasclip::conduit::dde {
+
+/// Until when something may take.
+class Deadline
+{
+public:
+    explicit Deadline(int ms)
+        : m_end(GetTickCount64() + static_cast<ULONGLONG>(ms))
+    {}
+    [[nodiscard]] DWORD Left() const
+    {
+        const ULONGLONG now = GetTickCount64();
+        return now < m_end ? static_cast<DWORD>(m_end - now) : 0;
+    }
+
+private:
+    ULONGLONG m_end;
+};
+
+/// Called again and again while an answer is waited for; may be empty.
+using Waiting = std::function<void()>;
+
+/// One conversation: a window of ours and one of the other side, and the messages between them.
+///
+/// Whatever comes that was not asked for (a second answer, one too many acknowledgements, an answer after its time) is
+/// taken in, its memory is given back, and it is counted as a stray. Its name is left alone: a side that says too much need
+/// not have counted it, and another's would go.
+class Conversation
+{
+public:
+    /// @throws Failure (Why::NoAnswer) if the system gives no window
+    Conversation();
+    /// Takes the window away, whatever may still come.
+    ~Conversation();
+    Conversation(const Conversation&) = delete;
+    Conversation& operator=(const Conversation&) = delete;
+
+    /// Asks one window whether it takes the conversation.
+    /// @param hung  set if it did not answer in time
+    bool Ask(HWND candidate, const Atom& service, const Atom& topic, DWORD limitMs, bool& hung);
+    [[nodiscard]] bool Alive();
+    [[nodiscard]] DWORD PartnerProcess() const;
+
+    enum class Outcome { Answered, Accepted, Refused, Busy, OtherFormat, TimeOut, Gone };
+    struct Answer
+    {
+        Outcome outcome = Outcome::TimeOut;
+        std::string bytes; ///< of what was answered
+        unsigned code = 0; ///< the application's, with a refusal; the format, if it is another
+    };
+    /// @throws Failure (Why::Gone) if the message can't be posted
+    [[nodiscard]] Answer Request(const Atom& item, const Deadline& deadline, const Waiting& waiting);
+    [[nodiscard]] Answer Poke(const Atom& item, std::string_view bytes, const Deadline& deadline, const Waiting& waiting);
+    [[nodiscard]] Answer Execute(std::string_view bytes, const Deadline& deadline, const Waiting& waiting);
+
+    /// Takes in what waits.
+    void Pump();
+    /// Returns when the other side has come to the end of what it was at, and takes in what it left.
+    void Fence(const Deadline& deadline);
+    [[nodiscard]] int Strays() const { return m_strays; }
+    /// When the last exchange ended, in the system's milliseconds.
+    [[nodiscard]] ULONGLONG LastExchange() const { return m_lastExchange; }
+
+    /// Ends it. The window stays to hear the other side's end.
+    void Terminate();
+    [[nodiscard]] bool Ended() const { return m_ended; }
+    /// Waits a while, for something to come or for the time to pass.
+    static void Rest(DWORD ms);
+
+private:
+    enum class Expecting { Nothing, Acceptance, Data, PokeAck, ExecuteAck };
+
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM along);
+    bool Take(UINT message, HWND sender, LPARAM along);
+    void TakeAcceptance(HWND sender, LPARAM along);
+    void TakeAck(WORD status, UINT_PTR about);
+    void TakeData(HGLOBAL memory, ATOM item);
+    void Settle(Outcome outcome, unsigned code = 0);
+    void Post(UINT message, LPARAM along, const char* what);
+    void Expect(Expecting what, const Atom* item);
+    [[nodiscard]] bool IsItem(UINT_PTR atom) const;
+    [[nodiscard]] Answer Await(const Deadline& deadline, const Waiting& waiting);
+    void FreeMemory();
+
+    HWND m_window = nullptr;
+    HWND m_partner = nullptr;
+    Expecting m_expecting = Expecting::Nothing;
+    const Atom* m_item = nullptr; ///< the caller's, while something about it is expected
+    HGLOBAL m_memory = nullptr; ///< a poke's or a command's, ours until it is acknowledged
+    bool m_settled = false;
+    Answer m_answer;
+    bool m_terminated = false; ///< by us
+    bool m_ended = false;      ///< by the other side
+    int m_strays = 0;
+    ULONGLONG m_lastExchange = 0;
+};
+
+} // namespace vasclip::conduit::dde

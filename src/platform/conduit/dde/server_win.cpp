@@ -1,0 +1,301 @@
+#include "platform/conduit/dde/server.h"
+
+#include "platform/conduit/dde/failure.h"
+#include "platform/conduit/dde/shared_win.h"
+
+#include <dde.h>
+
+#include <deque>
+#include <map>
+#include <utility>
+
+namespace vasclip::conduit::dde {
+
+namespace {
+
+constexpr char kListener[] = "VasclipExchangeServer";
+constexpr char kSpeaker[] = "VasclipExchangeSpeaker";
+
+HWND MakeWindow(const char* kindName, WNDPROC procedure, HWND parent, void* owner)
+{
+    const HINSTANCE instance = GetModuleHandleW(nullptr);
+    WNDCLASSA kind{};
+    kind.lpfnWndProc = procedure;
+    kind.hInstance = instance;
+    kind.lpszClassName = kindName;
+    RegisterClassA(&kind); // fails from the second time on
+    // A listener is a hidden window of the desktop, where those who look for it look.
+    const HWND window = CreateWindowExA(WS_EX_TOOLWINDOW, kindName, "", WS_POPUP, 0, 0, 0, 0, parent, nullptr, instance, nullptr);
+    if (window == nullptr)
+        throw Failure(Why::NoAnswer, "The system gives no window for the exchange" + SystemReason(GetLastError()));
+    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(owner));
+    return window;
+}
+
+class SystemServer;
+
+/// One conversation of a client.
+class Speaker
+{
+public:
+    Speaker(SystemServer& server, HWND client, std::u16string topic);
+    ~Speaker();
+    Speaker(const Speaker&) = delete;
+    Speaker& operator=(const Speaker&) = delete;
+    [[nodiscard]] HWND Window() const { return m_window; }
+
+private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM along);
+    bool Take(UINT message, HWND sender, LPARAM along);
+    void TakeRequest(WORD format, ATOM item);
+    void TakePoke(HGLOBAL memory, ATOM item);
+    void TakeCommand(HGLOBAL memory);
+    void Data(ATOM item, const std::string& bytes);
+    void Ack(bool accepted, UINT_PTR about, bool busy = false);
+    void Say(std::function<void()> answer);
+    void Post(UINT message, LPARAM along);
+    bool Misbehaves();
+
+    SystemServer& m_server;
+    HWND m_window;
+    HWND m_client;
+    std::u16string m_topic;
+    std::deque<std::function<void()>> m_late;
+};
+
+class SystemServer final : public Server
+{
+public:
+    SystemServer(ServerHandler& serverHandler, std::shared_ptr<const CodePage> codePage, const ServerHabits& serverHabits)
+        : handler(serverHandler)
+        , page(std::move(codePage))
+        , habits(serverHabits)
+        , m_listener(MakeWindow(kListener, Procedure, nullptr, this))
+    {}
+    ~SystemServer() override
+    {
+        onConversations = {};
+        m_speakers.clear();
+        DestroyWindow(m_listener);
+    }
+    int Conversations() const override { return static_cast<int>(m_speakers.size()); }
+
+    void Drop(HWND speaker)
+    {
+        m_speakers.erase(speaker);
+        if (onConversations)
+            onConversations(Conversations());
+    }
+
+    ServerHandler& handler;
+    std::shared_ptr<const CodePage> page;
+    ServerHabits habits;
+    int answered = 0;
+
+private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM along)
+    {
+        auto* self = reinterpret_cast<SystemServer*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+        if (self == nullptr || message != WM_DDE_INITIATE)
+            return DefWindowProcA(window, message, wide, along);
+        self->Begin(reinterpret_cast<HWND>(wide), NameOfAtom(LOWORD(along)), NameOfAtom(HIWORD(along)));
+        return 0;
+    }
+
+    void Begin(HWND client, const std::u16string& service, const std::u16string& topic)
+    {
+        if (!handler.Takes(service, topic))
+            return;
+        auto speaker = std::make_unique<Speaker>(*this, client, service + u'|' + topic);
+        const HWND window = speaker->Window();
+        m_speakers.emplace(window, std::move(speaker));
+        // The names of an acceptance are dropped by the client.
+        SendMessageA(client, WM_DDE_ACK, reinterpret_cast<WPARAM>(window),
+                     MAKELPARAM(Atom(service).ForMessage(), Atom(topic).ForMessage()));
+        if (onConversations)
+            onConversations(Conversations());
+    }
+
+    HWND m_listener;
+    std::map<HWND, std::unique_ptr<Speaker>> m_speakers;
+};
+
+Speaker::Speaker(SystemServer& server, HWND client, std::u16string topic)
+    : m_server(server)
+    , m_window(MakeWindow(kSpeaker, Procedure, HWND_MESSAGE, this))
+    , m_client(client)
+    , m_topic(std::move(topic))
+{}
+
+Speaker::~Speaker()
+{
+    SetWindowLongPtrA(m_window, GWLP_USERDATA, 0);
+    if (m_client)
+        PostMessageA(m_client, WM_DDE_TERMINATE, reinterpret_cast<WPARAM>(m_window), 0);
+    DestroyWindow(m_window);
+}
+
+LRESULT CALLBACK Speaker::Procedure(HWND window, UINT message, WPARAM wide, LPARAM along)
+{
+    auto* self = reinterpret_cast<Speaker*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+    if (self != nullptr && message == WM_TIMER) {
+        KillTimer(window, wide);
+        const std::function<void()> answer = std::move(self->m_late.front());
+        self->m_late.pop_front();
+        answer();
+        return 0;
+    }
+    if (self != nullptr && message >= WM_DDE_FIRST && message <= WM_DDE_LAST &&
+        self->Take(message, reinterpret_cast<HWND>(wide), along))
+        return 0;
+    return DefWindowProcA(window, message, wide, along);
+}
+
+bool Speaker::Take(UINT message, HWND sender, LPARAM along)
+{
+    if (sender != m_client)
+        return true;
+    UINT_PTR low = 0, high = 0;
+    if (message != WM_DDE_TERMINATE && message != WM_DDE_INITIATE) {
+        UnpackDDElParam(message, along, &low, &high);
+        FreeDDElParam(message, along);
+    }
+    switch (message) {
+    case WM_DDE_REQUEST:
+        TakeRequest(static_cast<WORD>(low), static_cast<ATOM>(high));
+        return true;
+    case WM_DDE_POKE:
+        TakePoke(reinterpret_cast<HGLOBAL>(low), static_cast<ATOM>(high));
+        return true;
+    case WM_DDE_EXECUTE:
+        TakeCommand(reinterpret_cast<HGLOBAL>(high));
+        return true;
+    case WM_DDE_ADVISE: // nothing is told unasked; the memory goes back with the refusal
+    case WM_DDE_UNADVISE:
+        Ack(false, high);
+        return true;
+    case WM_DDE_ACK: // of an answer
+        DropAtom(high);
+        return true;
+    case WM_DDE_TERMINATE:
+        m_server.Drop(m_window); // which answers it; `this` is gone
+        return true;
+    default:
+        return false;
+    }
+}
+
+void Speaker::TakeRequest(WORD format, ATOM item)
+{
+    if (m_server.habits.busy > 0) {
+        --m_server.habits.busy;
+        Ack(false, item, true);
+        return;
+    }
+    const std::optional<std::u16string> text =
+        format == CF_TEXT ? m_server.handler.Request(m_topic, NameOfAtom(item)) : std::nullopt;
+    const std::optional<std::string> bytes = text ? m_server.page->Encode(*text) : std::nullopt;
+    if (bytes)
+        Say([this, item, bytes] { Data(item, *bytes); });
+    else
+        Say([this, item] { Ack(false, item); });
+}
+
+void Speaker::TakePoke(HGLOBAL memory, ATOM item)
+{
+    const std::optional<SharedText> data = ReadShared(memory);
+    if (m_server.habits.busy > 0) {
+        --m_server.habits.busy;
+        Ack(false, item, true);
+        return;
+    }
+    const std::optional<std::u16string> text =
+        data && data->format == CF_TEXT ? m_server.page->Decode(data->bytes) : std::nullopt;
+    const bool accepted = text && m_server.handler.Poke(m_topic, NameOfAtom(item), *text);
+    if (accepted && (data->flags & kReleased))
+        GlobalFree(memory);
+    Say([this, accepted, item] { Ack(accepted, item); });
+}
+
+void Speaker::TakeCommand(HGLOBAL memory)
+{
+    if (m_server.habits.busy > 0) {
+        --m_server.habits.busy;
+        Ack(false, reinterpret_cast<UINT_PTR>(memory), true);
+        return;
+    }
+    const std::optional<std::u16string> command = m_server.page->Decode(ReadCommand(memory));
+    const bool accepted = command && m_server.handler.Execute(m_topic, *command);
+    Say([this, accepted, memory] { Ack(accepted, reinterpret_cast<UINT_PTR>(memory)); });
+}
+
+bool Speaker::Misbehaves()
+{
+    const ServerHabits& habits = m_server.habits;
+    const int count = m_server.answered++;
+    if (habits.vanishAfter >= 0 && count >= habits.vanishAfter)
+        TerminateProcess(GetCurrentProcess(), 70); // without a farewell
+    if (habits.goneAfter >= 0 && count >= habits.goneAfter) {
+        m_server.Drop(m_window);
+        return true;
+    }
+    return false;
+}
+
+void Speaker::Say(std::function<void()> answer)
+{
+    if (Misbehaves())
+        return;
+    if (m_server.habits.delayMs <= 0 || m_server.answered > m_server.habits.delays) {
+        answer();
+        return;
+    }
+    m_late.push_back(std::move(answer));
+    SetTimer(m_window, static_cast<UINT_PTR>(m_server.answered), static_cast<UINT>(m_server.habits.delayMs), nullptr);
+}
+
+void Speaker::Data(ATOM item, const std::string& bytes)
+{
+    const ServerHabits& habits = m_server.habits;
+    const std::u16string name = NameOfAtom(item);
+    for (int copy = 0; copy < habits.copies; ++copy) {
+        const WORD head[] = {static_cast<WORD>(kResponse | kReleased | (habits.askForAck ? kAckRequested : 0)),
+                             static_cast<WORD>(habits.format)};
+        const HGLOBAL memory = Share(head, sizeof head, bytes, !habits.endless);
+        const ATOM atom = copy == 0 ? item : Atom(name).ForMessage();
+        const LPARAM along = PackDDElParam(WM_DDE_DATA, reinterpret_cast<UINT_PTR>(memory), atom);
+        if (PostMessageA(m_client, WM_DDE_DATA, reinterpret_cast<WPARAM>(m_window), along))
+            continue;
+        FreeDDElParam(WM_DDE_DATA, along);
+        GlobalFree(memory);
+        DropAtom(atom);
+    }
+    if (habits.acknowledgesData && habits.copies > 0)
+        Post(WM_DDE_ACK, PackDDElParam(WM_DDE_ACK, kAccepted, Atom(name).ForMessage()));
+}
+
+void Speaker::Ack(bool accepted, UINT_PTR about, bool busy)
+{
+    const ServerHabits& habits = m_server.habits;
+    const auto status = static_cast<UINT_PTR>(accepted ? kAccepted : busy ? kBusy : (habits.code & kCodeMask));
+    for (int copy = 0; copy < (busy ? 1 : habits.copies); ++copy) {
+        if (copy > 0 && about >= 0xC000 && about <= 0xFFFF)
+            about = Atom(NameOfAtom(static_cast<ATOM>(about))).ForMessage();
+        Post(WM_DDE_ACK, PackDDElParam(WM_DDE_ACK, status, about));
+    }
+}
+
+void Speaker::Post(UINT message, LPARAM along)
+{
+    if (!PostMessageA(m_client, message, reinterpret_cast<WPARAM>(m_window), along))
+        FreeDDElParam(message, along);
+}
+
+} // namespace
+
+std::unique_ptr<Server> MakeServer(ServerHandler& handler, std::shared_ptr<const CodePage> page, ServerHabits habits)
+{
+    return std::make_unique<SystemServer>(handler, std::move(page), habits);
+}
+
+} // namespace vasclip::conduit::dde
