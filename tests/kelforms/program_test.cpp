@@ -67,6 +67,18 @@ TEST_F(Program, ActiveReportsEndInACommaAndTheActiveOneIsFirst)
     EXPECT_THROW(m_reports.Open(m_home.File(u"jones.json"_s)), RuntimeError);
 }
 
+TEST_F(Program, AConversationIsTakenAboutItselfAndOpenReports)
+{
+    for (const QString& topic : {kSystem, kQuery, u"kel|QUERY"_s})
+        EXPECT_TRUE(m_program.Takes(topic)) << qPrintable(topic);
+    for (const QString& topic : {kSmith, u"KEL"_s, u"KEL|"_s, u"Excel|System"_s, u"System"_s})
+        EXPECT_FALSE(m_program.Takes(topic)) << qPrintable(topic);
+    OpenSmith();
+    EXPECT_TRUE(m_program.Takes(kSmith));
+    EXPECT_TRUE(m_program.Takes(u"Kel|smith.rpt"_s));
+    EXPECT_FALSE(m_program.Takes(u"KEL|JONES.RPT"_s));
+}
+
 TEST_F(Program, FormsAndUser)
 {
     m_reports.Open(m_home.MakeReportOf(u"smith"_s, {u"UA5"_s, u"SUBPHOTO"_s, u"COMPPH1"_s}, {}));

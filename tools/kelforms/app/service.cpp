@@ -88,11 +88,19 @@ void Service::Listen()
     };
     m_server = std::make_unique<conduit::LinkServer>(m_program, std::move(server));
     m_server->Listen();
+    m_exchange = std::make_unique<Exchange>(
+        m_program, [this](const QString& topic) { return m_program.Takes(topic); },
+        [this](const conduit::LinkMessage& message, const conduit::LinkAnswer& answer) {
+            Log(message, answer);
+            if (onExchange)
+                onExchange(message, answer);
+        });
 }
 
 void Service::End()
 {
     onClients = {};
+    m_exchange.reset();
     m_server.reset();
     if (m_options.saveOnExit)
         m_reports.SaveAll();

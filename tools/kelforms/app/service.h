@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kelforms/app/exchange.h"
 #include "kelforms/app/options.h"
 #include "kelforms/core/forms_program.h"
 #include "kelforms/core/reports.h"
@@ -44,6 +45,7 @@ private:
     FormsProgram m_program;
     QFile m_log;
     std::unique_ptr<vasclip::conduit::LinkServer> m_server;
+    std::unique_ptr<Exchange> m_exchange;
 };
 
 } // namespace kelforms

@@ -151,6 +151,12 @@ FormsProgram::FormsProgram(Reports& reports, const vasclip::files::Disk& disk, Q
     , m_habits(habits)
 {}
 
+bool FormsProgram::Takes(const QString& topic) const
+{
+    return Same(topic.section(u'|', 0, 0).trimmed(), "KEL"_L1) && topic.contains(u'|') &&
+           (IsGeneral(TopicName(topic)) || ReportOf(topic) != nullptr);
+}
+
 QString FormsProgram::Request(const QString& topic, const QString& item)
 {
     const QString name = TopicName(topic);

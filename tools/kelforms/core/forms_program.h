@@ -35,6 +35,9 @@ public:
     void Poke(const QString& topic, const QString& item, const QString& text) override;
     void Execute(const QString& topic, const QString& command) override;
 
+    /// Is there anything to say about a topic: the program itself, or a report that is open?
+    [[nodiscard]] bool Takes(const QString& topic) const;
+
     /// "name|path;" for every image object of the report's pages.
     [[nodiscard]] static QString ImagesList(const Report& report);
 
