@@ -4,6 +4,7 @@
 #include "link/kel_helpers.h"
 #include "link/messages.h"
 #include "link/reporter.h"
+#include "platform/conduit/no_way.h"
 #include "platform/text/text.h"
 
 namespace vasclip::link {
@@ -69,7 +70,8 @@ bool KelEnsureRunning(LinkDesk& desk)
 
 bool LinkIsDead(int number)
 {
-    return number == error::kLinkNoAnswer || number == error::kLinkTimeOut || number == error::kLinkPeerGone;
+    return number == error::kLinkNoAnswer || number == error::kLinkTimeOut || number == error::kLinkPeerGone ||
+           number == conduit::kNoWay;
 }
 
 bool TestKelLabel(const frm_Addr& addr)

@@ -119,6 +119,8 @@ void Program::LocateInis(const SystemPlaces& places, Silence silence)
                                        globals.iniDir, places.windowsDirectory, silence);
     globals.kelIni = LocateIni(m_disk, prompter, u"KEL.INI"_s, IniKind::Appraisal, globals.iniDir,
                                places.windowsDirectory, silence);
+    if (m_around.chooseLink)
+        m_around.chooseLink(globals.kelIni);
     common::ReadNames(globals, common::ProfileReader(m_disk, globals));
 }
 

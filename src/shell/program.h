@@ -12,6 +12,7 @@
 #include "platform/engine/health.h"
 #include "store/store.h"
 
+#include <functional>
 #include <memory>
 
 namespace vasclip::drops {
@@ -39,6 +40,8 @@ struct Surroundings
     conduit::Conduit& txtDDE;
     forms::Ports ports;
     link::Talk* talk = nullptr; ///< the patience of the conduit, where a window waits with it
+    /// KEL.INI is found, which says over which way its forms program is spoken to; before the first conversation.
+    std::function<void(const QString& kelIni)> chooseLink = {};
 };
 
 /// Where the program stands between its first statement and its last.

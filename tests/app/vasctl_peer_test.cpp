@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <QEventLoop>
+#include <QFile>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -123,6 +124,19 @@ TEST_F(VasctlPeer, ATransferOfWhichNothingCanBeReadFails)
     const auto [code, words] = Run({u"transfer"_s, u"comps"_s, u"1"_s, u"--data"_s});
     EXPECT_EQ(code, kFailed);
     EXPECT_TRUE(words.contains(u"1 could not be stored."_s)) << words.toStdString();
+}
+
+TEST_F(VasctlPeer, KelIniSaysOverWhichWay)
+{
+    QFile ini(home.Native(u"APPRAISE/KEL.INI"_s));
+    ASSERT_TRUE(ini.open(QIODevice::Append));
+    ini.write("\r\n[LINK]\r\nExchange=DDE\r\nWine=/no/such/wine\r\nBridge=/bin/sh\r\n");
+    ini.close();
+    const Ended told = home.Vasctl({u"--plain"_s, u"doctor"_s});
+    EXPECT_TRUE((told.out + told.err).contains("speaks the desktop's data exchange, which needs Wine here, and /no/such/wine"))
+        << (told.out + told.err).toStdString();
+    EXPECT_TRUE((told.out + told.err).contains("error 298"));
+    EXPECT_EQ(Run({u"refresh"_s}).first, kDone); // a socket on the command line outdoes it
 }
 
 } // namespace

@@ -216,8 +216,10 @@ private:
         m_window->ShowTabColours(m_main.globals.tabMask);
         QObject::connect(&m_main, &shell::frm_Main::TabColoursChanged, &*m_window,
                          [this](bool themed) { m_window->ShowTabColours(themed); });
-        QObject::connect(&m_around->watch, &conduit::LinkWatch::Seen, &m_main, &shell::frm_Main::LinkSeen);
-        QObject::connect(&m_main, &shell::frm_Main::LinkLookWanted, &m_around->watch, &conduit::LinkWatch::Look);
+        if (!m_around->ByExchange()) {
+            QObject::connect(&m_around->watch, &conduit::LinkWatch::Seen, &m_main, &shell::frm_Main::LinkSeen);
+            QObject::connect(&m_main, &shell::frm_Main::LinkLookWanted, &m_around->watch, &conduit::LinkWatch::Look);
+        }
         QObject::connect(&m_main, &shell::frm_Main::EndWanted, qApp, [this] { std::_Exit(m_exitCode); });
         QObject::connect(&*m_window, &windows::MainWindow::Unload, &*m_window, [this] {
             m_window->hide();
@@ -233,7 +235,8 @@ private:
                 m_main.Capture().Folder().SetPatience(photos::CaptureFolder::kShortPatience);
                 m_around->guard.Run([this] { m_main.ShowCapture(); });
                 m_around->guard.Run([this] { m_main.CheckDatabook(engine::CheckDepth::Quiet); });
-                m_around->watch.Start(kLookAtLinkMs);
+                if (!m_around->ByExchange())
+                    m_around->watch.Start(kLookAtLinkMs);
             },
             Qt::QueuedConnection);
         m_orderlyClose.emplace(*m_window);

@@ -1,5 +1,6 @@
 #include "app/vasclip/surroundings.h"
 
+#include "link/link_choice.h"
 #include "platform/conduit/socket_conduit.h"
 #include "platform/conduit/socket_path.h"
 
@@ -32,12 +33,15 @@ Surroundings::Surroundings(QApplication& app, const files::Disk& disk, const Sur
     , m_conduit(conduit::MakeSocketConduit(
           {.socketPath = socket, .timeLimitMs = options.linkTimeLimitMs, .patience = &talk}))
     , m_recorded(options.recorded)
+    , m_socketAsked(!options.socket.isEmpty())
     , watch({.socketPath = socket, .timeLimitMs = options.linkTimeLimitMs})
-    , recorder(*m_conduit)
+    , recorder(m_conduit)
     , settings(QDir(disk.Home()).filePath(u"window.ini"_s), QSettings::IniFormat)
     , theme(app, &settings)
     , prompter(disk)
     , guard(prompter, end)
+    , m_disk(disk)
+    , m_linkTimeLimitMs(options.linkTimeLimitMs)
 {
     m_pump.SetStop([this] { talk.Cancel(); });
     talk.hold = [this](bool on) { m_pump.Hold(on); };
@@ -51,9 +55,20 @@ Surroundings::Surroundings(QApplication& app, const files::Disk& disk, const Sur
 
 shell::Surroundings Surroundings::Get()
 {
-    return {m_recorded ? static_cast<conduit::Conduit&>(recorder) : *m_conduit,
+    return {m_recorded ? static_cast<conduit::Conduit&>(recorder) : m_conduit,
             {prompter, m_pump, clock, m_random, desktop, screens},
-            &talk};
+            &talk,
+            [this](const QString& kelIni) { ChooseLink(kelIni); }};
+}
+
+void Surroundings::ChooseLink(const QString& kelIni)
+{
+    if (m_socketAsked)
+        return;
+    if (auto chosen = link::MakeChosen(link::ReadLinkChoice(m_disk, kelIni), m_linkTimeLimitMs, &talk)) {
+        m_conduit.Use(std::move(chosen));
+        m_exchange = true;
+    }
 }
 
 } // namespace vasclip::app

@@ -4,6 +4,7 @@
 #include "app/vasclip/link_recorder.h"
 #include "forms/system_ports.h"
 #include "link/talk.h"
+#include "platform/conduit/chosen_conduit.h"
 #include "platform/conduit/link_watch.h"
 #include "shell/program.h"
 #include "windows/guard.h"
@@ -40,14 +41,18 @@ public:
     Surroundings(QApplication& app, const files::Disk& disk, const SurroundingOptions& options,
                  const std::function<void(int code)>& end);
     [[nodiscard]] shell::Surroundings Get();
+    /// The forms program is spoken to by the desktop's own exchange, and can't be looked at beside it.
+    [[nodiscard]] bool ByExchange() const { return m_exchange; }
 
     const QString socket;
     FixedClock clock;
     link::Talk talk;
 
 private:
-    std::unique_ptr<conduit::Conduit> m_conduit;
+    conduit::ChosenConduit m_conduit;
     bool m_recorded;
+    bool m_socketAsked; ///< on the command line, which outdoes KEL.INI
+    bool m_exchange = false;
 
 public:
     conduit::LinkWatch watch;
@@ -60,6 +65,10 @@ public:
     windows::WindowScreens screens;
 
 private:
+    void ChooseLink(const QString& kelIni);
+
+    const files::Disk& m_disk;
+    int m_linkTimeLimitMs;
     windows::GuideKey m_guideKey;
     windows::WindowPump m_pump;
     forms::SystemRandom m_random;

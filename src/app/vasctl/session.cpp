@@ -1,8 +1,10 @@
 #include "app/vasctl/session.h"
 
 #include "app/places.h"
+#include "link/link_choice.h"
 #include "link/link_desk.h"
 #include "link/refresh.h"
+#include "platform/conduit/socket_conduit.h"
 #include "platform/conduit/socket_path.h"
 #include "shell/ini_location.h"
 
@@ -41,8 +43,18 @@ Session::Session(const QString& home, const QString& socketPath, int linkTimeLim
 shell::Surroundings Session::Surround(const files::Disk& disk, const QString& socketPath, int linkTimeLimitMs)
 {
     m_socketPath = socketPath.isEmpty() ? conduit::DefaultSocketPath(disk.Home()) : socketPath;
-    m_conduit = conduit::MakeSocketConduit({.socketPath = m_socketPath, .timeLimitMs = linkTimeLimitMs});
-    return {*m_conduit, {m_prompter, m_pump, m_clock, m_random, m_window, m_screens}};
+    m_conduit.emplace(conduit::MakeSocketConduit({.socketPath = m_socketPath, .timeLimitMs = linkTimeLimitMs}));
+    shell::Surroundings around{*m_conduit, {m_prompter, m_pump, m_clock, m_random, m_window, m_screens}};
+    // A socket on the command line outdoes what KEL.INI says.
+    if (socketPath.isEmpty())
+        around.chooseLink = [this, &disk, linkTimeLimitMs](const QString& kelIni) {
+            auto chosen = link::MakeChosen(link::ReadLinkChoice(disk, kelIni), linkTimeLimitMs, nullptr);
+            if (!chosen)
+                return;
+            m_conduit->Use(std::move(chosen));
+            m_socketPath = u"the desktop's data exchange"_s;
+        };
+    return around;
 }
 
 shell::Program& Session::Home()

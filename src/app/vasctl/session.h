@@ -4,7 +4,7 @@
 #include "app/vasctl/terminal_prompter.h"
 #include "forms/screen.h"
 #include "forms/system_ports.h"
-#include "platform/conduit/socket_conduit.h"
+#include "platform/conduit/chosen_conduit.h"
 #include "shell/program.h"
 #include "store/record.h"
 
@@ -32,6 +32,7 @@ public:
 
     [[nodiscard]] const files::Disk& Disk() const { return m_program.Disk(); }
     [[nodiscard]] engine::Engine& Engine() { return m_program.Engine(); }
+    /// Of the forms program's socket; words where KEL.INI says that it is spoken to in another way.
     [[nodiscard]] const QString& SocketPath() const { return m_socketPath; }
     [[nodiscard]] TerminalPrompter& Prompter() { return m_prompter; }
     [[nodiscard]] const forms::Ports& Ports() const { return m_program.Ports(); }
@@ -53,7 +54,7 @@ private:
     TerminalPrompter& m_prompter;
     forms::SystemClock m_clock;
     QString m_socketPath;
-    std::unique_ptr<conduit::Conduit> m_conduit;
+    std::optional<conduit::ChosenConduit> m_conduit;
     forms::QtEventPump m_pump;
     forms::SystemRandom m_random;
     NoWindow m_window;
