@@ -142,11 +142,12 @@ int Serve(const Options& options)
     for (;;) {
         const HANDLE news = input.News();
         const DWORD woken = MsgWaitForMultipleObjectsEx(1, &news, kRestEveryMs, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
-        MSG message;
-        while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE))
-            DispatchMessageA(&message);
-        if (woken != WAIT_OBJECT_0)
+        if (woken != WAIT_OBJECT_0) {
+            MSG message;
+            while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE))
+                DispatchMessageA(&message);
             client->Rest();
+        }
         while (const std::optional<Input::Line> line = input.Next()) {
             if (line->end)
                 return 0;

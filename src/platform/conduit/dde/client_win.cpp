@@ -186,11 +186,13 @@ void SystemClient::Learn()
 
 Conversation::Answer SystemClient::Exchange(const std::string& what, const Step& step)
 {
-    if (!m_open || !m_open->Alive())
+    if (!m_open)
         throw Failure(Why::Gone, "The forms program has ended the conversation");
     const Deadline deadline(m_options.timeLimitMs);
     for (DWORD pause = kBusyMs;; pause = std::min(2 * pause, kBusiestMs)) {
         LetItFinish(deadline);
+        if (m_open->Ended())
+            throw Failure(Why::Gone, "The forms program has ended the conversation");
         Conversation::Answer answer = step(*m_open, deadline);
         const std::string code = answer.code == 0 ? std::string() : " (its code is " + std::to_string(answer.code) + ')';
         switch (answer.outcome) {

@@ -240,23 +240,25 @@ Conversation::Answer Conversation::Execute(std::string_view bytes, const Deadlin
 
 Conversation::Answer Conversation::Await(const Deadline& deadline, const Waiting& waiting)
 {
-    for (DWORD slice = waiting ? kFirstWaitMs : kLookMs;; slice = waiting ? kNextWaitMs : kLookMs) {
-        Pump();
+    // Each look at the queue is a turn to the system and back, so what can't have come yet is not looked for.
+    for (DWORD slice = waiting ? kFirstWaitMs : kLookMs; !m_settled; slice = waiting ? kNextWaitMs : kLookMs) {
         const DWORD left = deadline.Left();
-        if (!m_settled && (m_ended || !IsWindow(m_partner)))
+        const bool silent = MsgWaitForMultipleObjectsEx(0, nullptr, std::min(left, slice), QS_POSTMESSAGE | QS_SENDMESSAGE,
+                                                        0) == WAIT_TIMEOUT;
+        if (silent && waiting)
+            waiting();
+        MSG message;
+        while (!m_settled && PeekMessageA(&message, m_window, WM_DDE_FIRST, WM_DDE_LAST, PM_REMOVE))
+            DispatchMessageA(&message);
+        if (!m_settled && (m_ended || (silent && !IsWindow(m_partner))))
             Settle(Outcome::Gone);
         else if (!m_settled && left == 0)
             Settle(Outcome::TimeOut);
-        if (m_settled) {
-            m_lastExchange = GetTickCount64();
-            if (m_answer.outcome != Outcome::TimeOut) // else the other side may yet read it
-                FreeMemory();
-            return std::move(m_answer);
-        }
-        const DWORD wait = std::min(left, slice);
-        if (MsgWaitForMultipleObjectsEx(0, nullptr, wait, QS_POSTMESSAGE | QS_SENDMESSAGE, 0) == WAIT_TIMEOUT && waiting)
-            waiting();
     }
+    m_lastExchange = GetTickCount64();
+    if (m_answer.outcome != Outcome::TimeOut) // else the other side may yet read it
+        FreeMemory();
+    return std::move(m_answer);
 }
 
 void Conversation::Pump()
