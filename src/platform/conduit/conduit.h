@@ -15,7 +15,8 @@ inline constexpr int kBadLinkMode = 380;
 /// conversation, 0 closes it. Every exchange is synchronous with a time limit; none hangs the window.
 ///
 /// @throws RuntimeError from every operation: 282 nobody answers, 286 time limit passed, 285 refused by the
-/// other side (its words are in the description), 289 the other side has gone or answered with garbage, 287
+/// other side (its words are in the description), 289 the other side has gone or answered with garbage, 298
+/// what the way to it needs is not there, 287
 /// topic assigned while open, 293 an exchange while closed, 380 a mode other than 0 and 2. After 286 and 289
 /// the conversation is closed (`LinkMode` 0).
 class Conduit
