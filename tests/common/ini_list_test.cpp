@@ -1,6 +1,7 @@
 #include "common/ini_list.h"
 
 #include "platform/files/profile.h"
+#include "support/own_drive.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +15,7 @@ namespace {
 struct IniListTest : testing::Test
 {
     QTemporaryDir home;
-    files::Disk disk{home.path()};
+    files::Disk disk{tests::WithOwnDrive(home.path())};
     IniListPlace place = [] {
         Globals globals;
         globals.applicationIni = u"C:\\VAS2000.INI"_s;

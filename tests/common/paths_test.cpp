@@ -2,6 +2,7 @@
 
 #include "platform/text/runtime_error.h"
 
+#include "support/own_drive.h"
 #include "support/scripted_ports.h"
 
 #include <gtest/gtest.h>
@@ -115,7 +116,7 @@ TEST(IsTrashDirectory, LooksAtTheEndOfTheDirectory)
 struct MakeDirectoryTest : testing::Test
 {
     QTemporaryDir home;
-    files::Disk disk{home.path()};
+    files::Disk disk{tests::WithOwnDrive(home.path())};
     tests::TestPorts ports;
 };
 

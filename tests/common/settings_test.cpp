@@ -2,6 +2,7 @@
 
 #include "platform/files/profile.h"
 #include "platform/text/runtime_error.h"
+#include "support/own_drive.h"
 
 #include <gtest/gtest.h>
 
@@ -316,7 +317,7 @@ TEST(ReadGlobals, LeavesTheRowsOfOtherReadingsAlone)
 struct SettingsFileTest : testing::Test
 {
     QTemporaryDir home;
-    files::Disk disk{home.path()};
+    files::Disk disk{tests::WithOwnDrive(home.path())};
     Globals globals;
     void SetUp() override
     {

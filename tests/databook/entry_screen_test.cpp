@@ -7,13 +7,11 @@
 #include "forms/keys.h"
 #include "support/databook_home.h"
 #include "support/file_limit.h"
+#include "support/unix.h"
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <sqlite3.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <QFile>
 #include <QHash>
@@ -1289,6 +1287,7 @@ TEST_F(Entry, LeavingAnUnchangedRecordStampsTheDayAndABlankLoadDate)
 
 TEST_F(Entry, WhatCannotBeStoredStaysOnTheScreen)
 {
+    VASCLIP_NEEDS_UNIX("a limit for the length of a file");
     doubles.prompter.AnswerAlways(forms::Answer::Abort);
     Show([this](EntryScreen& screen) {
         Type(screen, "CITY"_L1, u"Marlow"_s);
@@ -1311,6 +1310,7 @@ TEST_F(Entry, WhatCannotBeStoredStaysOnTheScreen)
 /// A program that saves again and again is killed at any moment: the record is the old or the new one.
 TEST_F(Entry, AKillWhileSavingLeavesTheOldOrTheNewRecord)
 {
+    VASCLIP_NEEDS_UNIX("a process that divides in two");
     const std::initializer_list<QLatin1StringView> fields = {"CITY"_L1, "LOCATION"_L1, "SITE"_L1, "OTHER1"_L1,
                                                              "STORAGE"_L1};
     for (int round = 0; round < 12; ++round) {

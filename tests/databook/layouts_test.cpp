@@ -2,6 +2,7 @@
 
 #include "databook/grid.h"
 #include "platform/text/runtime_error.h"
+#include "support/own_drive.h"
 
 #include <QTemporaryDir>
 
@@ -16,7 +17,7 @@ class Layouts : public testing::Test
 {
 protected:
     QTemporaryDir dir;
-    files::Disk disk{dir.path()};
+    files::Disk disk{tests::WithOwnDrive(dir.path())};
     forms::ControlSet set;
     forms::Grid grid{set, u"grddatabook"_s};
     const QString file = u"C:\\VAS2000.grx"_s;

@@ -7,15 +7,9 @@
 #include "store/change.h"
 #include "support/databook_home.h"
 
-#if __has_include(<sys/resource.h>)
 #include "support/file_limit.h"
 #include "support/standing_time.h"
-#endif
-#if __has_include(<sys/wait.h>)
-#include <csignal>
-#include <sys/wait.h>
-#include <unistd.h>
-#endif
+#include "support/unix.h"
 
 #include <QFile>
 
@@ -161,9 +155,9 @@ TEST_F(Records, ACompThatSomebodyElseAddsFirstIsReportedAsThere)
     EXPECT_EQ(Keys(), (QStringList{u"1 NEW RD"_s, u"12 MAIN ST"_s, u"7 OAK AVE"_s}));
 }
 
-#if __has_include(<sys/resource.h>)
 TEST_F(Records, WithoutRoomOnTheDiskTheUserIsAskedAndNothingIsLost)
 {
+    VASCLIP_NEEDS_UNIX("a limit for the length of a file");
     doubles.prompter.AnswerAlways(forms::Answer::Abort);
     const auto address = [](int i) { return u"%1 FULL DISK RD"_s.arg(i); };
     int added = 0;
@@ -202,6 +196,7 @@ public:
 
 TEST_F(Records, ARetryWritesAllOfItAgain)
 {
+    VASCLIP_NEEDS_UNIX("a limit for the length of a file");
     Tidying prompter;
     tests::FileLimit limit(disk.FileLen(path));
     prompter.limit = &limit;
@@ -216,7 +211,6 @@ TEST_F(Records, ARetryWritesAllOfItAgain)
     }
     EXPECT_EQ(prompter.Boxes().size(), 1U) << "asked once, then there was room";
 }
-#endif
 
 TEST_F(Records, DeletesOneRecord)
 {
@@ -357,7 +351,6 @@ TEST_F(TwoUsers, ARecordThatIsDeletedMeanwhileIsNeitherCopiedNorRenamed)
     }
 }
 
-#if __has_include(<sys/wait.h>)
 /// A second process that adds, copies, renames and deletes until it is killed.
 [[noreturn]] void WorkUntilKilled(const QString& home, const QString& path, int round)
 {
@@ -379,6 +372,7 @@ TEST_F(TwoUsers, ARecordThatIsDeletedMeanwhileIsNeitherCopiedNorRenamed)
 
 TEST_F(Records, AKillWhileSavingLeavesNoHalfRecord)
 {
+    VASCLIP_NEEDS_UNIX("a process that divides in two");
     constexpr int kRounds = 12;
     source.Close();
     for (int round = 0; round < kRounds; ++round) {
@@ -409,7 +403,6 @@ TEST_F(Records, AKillWhileSavingLeavesNoHalfRecord)
     for (const QString& present : unchanged)
         EXPECT_TRUE(Keys().contains(present));
 }
-#endif
 
 class CopyAndRename : public Records
 {

@@ -10,6 +10,7 @@
 #include "platform/text/runtime_error.h"
 #include "platform/street/draw/mark.h"
 #include "store/store.h"
+#include "support/own_drive.h"
 #include "support/standing_time.h"
 
 #include <QDir>
@@ -148,7 +149,7 @@ TEST(Home, IsNotRemadeUnderAProgramThatWorksOnIt)
 {
     const QTemporaryDir place;
     const QString databook = u"C:\\DATABOOK\\DATABOOK.MDB"_s;
-    const files::Disk disk(place.path());
+    const files::Disk disk(tests::WithOwnDrive(place.path()));
     disk.MkDir(u"C:\\DATABOOK"_s);
     engine::Engine engine(disk, tests::SomeTime());
     MakeDatabook(engine, databook, MakeMarket(6));

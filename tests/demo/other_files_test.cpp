@@ -4,6 +4,7 @@
 #include "platform/engine/health.h"
 #include "store/schema.h"
 #include "store/upgrade.h"
+#include "support/own_drive.h"
 #include "support/standing_time.h"
 
 #include <QImage>
@@ -36,7 +37,7 @@ protected:
 
     static constexpr int kFew = 12;
     const QTemporaryDir place;
-    const files::Disk disk{place.path()};
+    const files::Disk disk{tests::WithOwnDrive(place.path())};
     engine::Engine engine{disk, tests::SomeTime()};
     QList<Comp> comps;
 };

@@ -59,6 +59,7 @@ TEST_F(CopyBackTest, ABracketIsSpokenOfWhicheverFileLostIt)
 
 TEST_F(CopyBackTest, ATrashThatIsFullIsNotCalledSwitchedOff)
 {
+    VASCLIP_NEEDS_UNIX("a limit for the length of a file");
     globals.autoDelete = 1;
     filing.PictureSaved = true;
     doubles.prompter.Answer(forms::Answer::Yes);    // delete it

@@ -2,8 +2,7 @@
 
 #include "faults/fault_home.h"
 #include "faults/small_disk.h"
-
-#include <unistd.h>
+#include "support/unix.h"
 
 namespace vasclip::tests {
 
@@ -94,6 +93,7 @@ protected:
 
 TEST_F(NoRights, AHomeThatMayNotBeWrittenIsReadAndSaysWhatItRefuses)
 {
+    VASCLIP_NEEDS_UNIX("rights of files");
     if (AsStranger({u"--version"_s}).code != kDone)
         GTEST_SKIP() << "vasctl can't be run as another user here";
     ASSERT_TRUE(Chmod(u"a+rX,a-w"_s));
@@ -113,6 +113,7 @@ TEST_F(NoRights, AHomeThatMayNotBeWrittenIsReadAndSaysWhatItRefuses)
 
 TEST_F(NoRights, AHomeThatMayNotBeReadIsNamed)
 {
+    VASCLIP_NEEDS_UNIX("rights of files");
     if (AsStranger({u"--version"_s}).code != kDone)
         GTEST_SKIP() << "vasctl can't be run as another user here";
     ASSERT_TRUE(RunTool(u"chmod"_s, {geteuid() == 0 ? u"700"_s : u"000"_s, home.Path()}));

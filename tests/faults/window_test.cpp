@@ -2,10 +2,9 @@
 
 #include "faults/fault_home.h"
 #include "faults/small_disk.h"
+#include "support/unix.h"
 
 #include <QRegularExpression>
-
-#include <csignal>
 
 namespace vasclip::tests {
 
@@ -41,6 +40,7 @@ private:
 
 TEST_F(WindowFaults, TheSystemsWishToEndClosesInOrder)
 {
+    VASCLIP_NEEDS_UNIX("a signal that asks a program to end");
     for (const int wish : {SIGTERM, SIGINT, SIGHUP}) {
         ASSERT_EQ(Vasctl({u"settings"_s, u"set"_s, u"SORTGRID"_s, u"3"_s}).code, kDone);
         const QString layouts = home.Native(u"VAS2000/VAS2000.grx"_s);

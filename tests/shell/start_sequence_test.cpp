@@ -13,6 +13,7 @@
 #include "support/scripted_ports.h"
 #include "support/standing_time.h"
 #include "support/temp_home.h"
+#include "support/unix.h"
 
 #include <gtest/gtest.h>
 
@@ -20,10 +21,6 @@
 #include <QFile>
 
 #include <optional>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 // The steps of the start and of the stop beyond what the main screen shows of them.
 
@@ -717,6 +714,7 @@ TEST_F(StartSequence, AnEntryScreenOpensWithoutTheTemplatesAndSaysWhatIsMissing)
 
 TEST_F(StartSequence, ADiskThatTakesItsTimeIsNamedOnTheSplashWhileTheWindowLives)
 {
+    VASCLIP_NEEDS_UNIX("a file that keeps who opens it standing");
     const QString mapping = home.disk.ToNative(u"C:\\VAS2000\\Comp2Kel.mdb"_s);
     ASSERT_TRUE(QFile::rename(mapping, mapping + u".away"_s));
     // Without a writer it keeps who opens it standing.

@@ -4,6 +4,7 @@
 #include "platform/files/disk.h"
 #include "store/schema.h"
 #include "store/store.h"
+#include "support/own_drive.h"
 #include "support/scripted_ports.h"
 #include "support/standing_time.h"
 
@@ -20,7 +21,7 @@ class DatabookHome : public testing::Test
 {
 protected:
     QTemporaryDir dir;
-    files::Disk disk{dir.path()};
+    files::Disk disk{WithOwnDrive(dir.path())};
     engine::Engine engine{disk, tests::SomeTime()};
     TestPorts doubles;
     forms::Ports ports = doubles.Get();

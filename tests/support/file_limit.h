@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QtGlobal>
+#include "support/unix.h"
 
-#include <csignal>
-#include <sys/resource.h>
+#include <QtGlobal>
 
 namespace vasclip::tests {
 
@@ -11,6 +10,7 @@ namespace vasclip::tests {
 class FileLimit
 {
 public:
+#ifdef Q_OS_UNIX
     explicit FileLimit(qint64 bytes)
     {
         std::signal(SIGXFSZ, SIG_IGN);
@@ -18,13 +18,19 @@ public:
         const rlimit limit{static_cast<rlim_t>(bytes), m_before.rlim_max};
         setrlimit(RLIMIT_FSIZE, &limit);
     }
-    ~FileLimit() { Lift(); }
     void Lift() { setrlimit(RLIMIT_FSIZE, &m_before); }
-    FileLimit(const FileLimit&) = delete;
-    FileLimit& operator=(const FileLimit&) = delete;
 
 private:
     rlimit m_before{};
+
+public:
+#else
+    explicit FileLimit(qint64) {}
+    void Lift() {}
+#endif
+    ~FileLimit() { Lift(); }
+    FileLimit(const FileLimit&) = delete;
+    FileLimit& operator=(const FileLimit&) = delete;
 };
 
 } // namespace vasclip::tests

@@ -1,16 +1,12 @@
 #pragma once
 
-#include <gtest/gtest.h>
+#include "support/unix.h"
 
 #include <QElapsedTimer>
 
 #include <functional>
 #include <random>
 #include <string>
-
-#include <csignal>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace vasclip::tests {
 

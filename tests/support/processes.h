@@ -13,6 +13,8 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include <filesystem>
+
 namespace vasclip::tests {
 
 using namespace Qt::StringLiterals;
@@ -43,6 +45,20 @@ struct Ended
     [[nodiscard]] QJsonObject Object() const { return QJsonDocument::fromJson(out).object(); }
 };
 
+/// Copies what a directory holds, with times and rights.
+inline bool CopyDirectory(const QString& from, const QString& to)
+{
+    namespace fs = std::filesystem;
+    const fs::path source = from.toStdU16String(), target = to.toStdU16String();
+    std::error_code problem;
+    fs::copy(source, target, fs::copy_options::recursive | fs::copy_options::overwrite_existing, problem);
+    for (auto at = fs::recursive_directory_iterator(source, problem); !problem && at != fs::end(at); at.increment(problem)) {
+        if (at->is_regular_file(problem))
+            fs::last_write_time(target / fs::relative(at->path(), source), at->last_write_time(), problem);
+    }
+    return !problem;
+}
+
 /// The programs of this build beside the test, run on a small demo home that is made once for the test
 /// program and copied for each test.
 class ProgramHome
@@ -67,9 +83,7 @@ public:
             0;
         if (!made || !m_directory.isValid())
             return false;
-        QProcess copy;
-        copy.start(u"cp"_s, {u"-a"_s, pattern + u"/."_s, Path()});
-        return copy.waitForFinished(kPatienceMs) && copy.exitCode() == 0;
+        return CopyDirectory(pattern, Path());
     }
 
     [[nodiscard]] QString Path() const { return m_directory.path(); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/files/disk.h"
+#include "support/own_drive.h"
 
 #include <QByteArray>
 #include <QString>
@@ -15,7 +16,7 @@ class TempHome
 {
 public:
     TempHome()
-        : disk(m_directory.path() + u"/home"_s)
+        : disk(WithOwnDrive(m_directory.path() + u"/home"_s))
     {}
 
     /// Native path in the home: Native("drive_c/VASSNAP").

@@ -4,12 +4,11 @@
 #include "support/temp_home.h"
 
 #include <QFile>
+#include <QThread>
 
 #include <gtest/gtest.h>
 
 #include <functional>
-
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -50,7 +49,7 @@ protected:
                 if (note.endsWith('\n'))
                     return note.trimmed();
             }
-            usleep(10'000);
+            QThread::msleep(10);
         }
         return {};
     }

@@ -37,7 +37,7 @@ struct UsersTest : testing::Test
     {
         auto process = Start({u"hold"_s, mode});
         EXPECT_TRUE(process->waitForReadyRead(kPatience));
-        EXPECT_EQ(process->readLine(), "ready\n");
+        EXPECT_EQ(process->readLine().trimmed(), "ready");
         return process;
     }
 

@@ -2,13 +2,11 @@
 
 #include "support/error_number.h"
 #include "support/temp_home.h"
+#include "support/unix.h"
 
 #include <QFile>
 
 #include <gtest/gtest.h>
-
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -259,6 +257,7 @@ TEST(ProfileWrites, ManyKeysAreOneReplacement)
 
 TEST(ProfileWrites, OfTwoProcessesAreAllKept)
 {
+    VASCLIP_NEEDS_UNIX("a process that divides in two");
     const TempHome home;
     constexpr int kProcesses = 3;
     constexpr int kKeys = 60;
