@@ -1,5 +1,6 @@
 #include "demo/home.h"
 #include "demo/market.h"
+#include "platform/desktop/terminal.h"
 #include "platform/text/runtime_error.h"
 
 #include <QCommandLineParser>
@@ -28,6 +29,7 @@ int Refuse(const QString& line)
 /// Exit codes: 0 the home is complete, 1 it could not be made, 2 wrong arguments.
 int main(int argc, char** argv)
 {
+    const vasclip::desktop::TerminalOutput terminal;
     const QCoreApplication program(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(

@@ -994,6 +994,10 @@ TEST_F(Vasctl, WrongCommandLinesAreToldWithTheirCode)
                              "--sql", "sql", "report status", "refresh", "drop KEY", "settings",
                              "comments list", "doctor", "Exit codes", "--answer", "--json"})
         EXPECT_TRUE(help.out.contains(word)) << word;
+    const auto version = home.Vasctl({u"--plain"_s, u"--version"_s});
+    EXPECT_EQ(version.code, kDone);
+    EXPECT_TRUE(version.out.startsWith("vasctl 1.")) << version.out.toStdString();
+    EXPECT_EQ(version.out.count('\n'), 1);
 }
 
 TEST_F(Vasctl, TheGuideNamesCommandsAndOptionsThatAreThere)

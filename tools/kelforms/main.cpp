@@ -3,6 +3,7 @@
 #include "kelforms/app/system_signals.h"
 #include "kelforms/window/run_window.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/terminal.h"
 #include "platform/text/runtime_error.h"
 
 #include <QApplication>
@@ -62,6 +63,7 @@ int Start()
 
 int main(int argc, char** argv)
 {
+    const vasclip::desktop::TerminalOutput terminal;
     if (kelforms::WantsNoWindow(argc, argv)) {
         const QCoreApplication application(argc, argv);
         return Start();

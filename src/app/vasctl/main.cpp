@@ -238,6 +238,13 @@ int Dispatch(Session& session, const Output& out, QStringList arguments, const Q
     return kUsage;
 }
 
+int Print(const QString& text)
+{
+    const QByteArray bytes = text.toUtf8();
+    std::fwrite(bytes.constData(), 1, std::size_t(bytes.size()), stdout);
+    return kDone;
+}
+
 /// The map and a report draw letters, which wants more than other commands pay for, and no display.
 std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char* argv[])
 {
@@ -254,6 +261,7 @@ std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char* argv[])
 
 int main(int argc, char* argv[])
 {
+    const desktop::TerminalOutput terminal;
     const std::unique_ptr<QCoreApplication> app = MakeApplication(argc, argv);
     QCoreApplication::setApplicationName(u"vasctl"_s);
     QCoreApplication::setApplicationVersion(u"" VASCLIP_VERSION ""_s);
@@ -325,12 +333,10 @@ int main(int argc, char* argv[])
         Output(false).Error(options.errorText());
         return kUsage;
     }
-    if (options.isSet(u"help"_s))
-        options.showHelp(kDone);
-    if (options.isSet(u"version"_s))
-        options.showVersion();
-
     const Output out(options.isSet(u"json"_s));
+    // Printed here: the parser's own way is a box that waits, where it finds no terminal.
+    if (options.isSet(u"help"_s) || options.isSet(u"version"_s))
+        return Print(options.isSet(u"help"_s) ? options.helpText() : u"vasctl "_s + app->applicationVersion() + u'\n');
     bool number = false;
     const double seconds = options.value(u"time-limit"_s).toDouble(&number);
     if (!number || seconds <= 0 || seconds > 3600) {

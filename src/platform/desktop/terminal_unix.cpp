@@ -14,4 +14,7 @@ bool ErrorsAreSeen()
     return isatty(STDERR_FILENO) != 0;
 }
 
+TerminalOutput::TerminalOutput() = default;
+TerminalOutput::~TerminalOutput() = default;
+
 } // namespace vasclip::desktop
