@@ -130,7 +130,7 @@ HomeOutcome MakeHome(const HomeOptions& options, const std::function<void(const 
     if (HasMapImporter()) {
         say(u"Street map"_s);
         MakeMap(disk, MapDirectory());
-    } else {
+    } else if (!CopyMap(disk, ReadyMap(), MapDirectory())) {
         say(u"No street map: vasclip-mapdata, which makes it, is not installed."_s);
     }
 

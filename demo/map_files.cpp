@@ -83,4 +83,20 @@ void MakeMap(const files::Disk& disk, const QString& directory)
     Settle(imported, disk.ToNative(directory));
 }
 
+QString ReadyMap()
+{
+    return QCoreApplication::applicationDirPath() + u"/demo-map"_s;
+}
+
+bool CopyMap(const files::Disk& disk, const QString& ready, const QString& directory)
+{
+    const QStringList names = QDir(ready).entryList(QDir::Files, QDir::Name);
+    for (const QString& name : names) {
+        const QString target = disk.ToNative(directory) + u'/' + name;
+        if (!QFile::copy(ready + u'/' + name, target))
+            Fail(u"%1 can't be written"_s.arg(target));
+    }
+    return !names.isEmpty();
+}
+
 } // namespace vasclip::demo

@@ -14,4 +14,11 @@ namespace vasclip::demo {
 /// @throws RuntimeError with what the importer said
 void MakeMap(const files::Disk& disk, const QString& directory);
 
+/// Where that map lies beside the programs if it was made beforehand, for a system that has no importer.
+[[nodiscard]] QString ReadyMap();
+
+/// Copies such a map into a directory of maps. @return false if there is none
+/// @throws RuntimeError naming the file that can't be written
+bool CopyMap(const files::Disk& disk, const QString& ready, const QString& directory);
+
 } // namespace vasclip::demo

@@ -9,6 +9,7 @@
 #include "platform/street/geodesy.h"
 #include "platform/street/map_data.h"
 #include "platform/text/runtime_error.h"
+#include "support/own_drive.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -194,10 +195,27 @@ TEST_F(TownMap, LeadsFromEveryStreetToEveryOther)
         EXPECT_TRUE(reached.contains(at)) << name.toStdString() << " at " << at.first << ", " << at.second;
 }
 
+TEST_F(TownMap, IsCopiedWhereItWasMadeBeforehand)
+{
+    const QTemporaryDir home, ready;
+    const files::Disk disk(tests::WithOwnDrive(home.path()));
+    disk.MkDir(u"C:\\MAPS"_s);
+    EXPECT_FALSE(CopyMap(disk, ready.path(), u"C:\\MAPS\\"_s)) << "an empty directory is none";
+    EXPECT_FALSE(CopyMap(disk, ready.filePath(u"none"_s), u"C:\\MAPS\\"_s));
+    for (const QString& name : {u"town.map"_s, u"index.map"_s}) {
+        QFile file(ready.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(name.toUtf8()) > 0);
+    }
+    EXPECT_TRUE(CopyMap(disk, ready.path(), u"C:\\MAPS\\"_s));
+    EXPECT_EQ(disk.ReadWhole(u"C:\\MAPS\\town.map"_s), "town.map");
+    EXPECT_EQ(disk.ReadWhole(u"C:\\MAPS\\index.map"_s), "index.map");
+    EXPECT_THROW(CopyMap(disk, ready.path(), u"C:\\MAPS\\"_s), RuntimeError) << "what is there is not overwritten";
+}
+
 TEST_F(TownMap, SaysWhatTheImporterLacks)
 {
     const QTemporaryDir home;
-    const files::Disk disk(home.path());
+    const files::Disk disk(tests::WithOwnDrive(home.path()));
     try {
         MakeMap(disk, u"C:\\NONE\\"_s); // no such directory
         FAIL() << "a map cannot be put where there is nothing";
