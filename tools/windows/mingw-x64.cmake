@@ -1,0 +1,16 @@
+# CMake toolchain: Windows x64 with Debian's mingw-w64, threads as POSIX has them (std::thread, std::mutex).
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(host x86_64-w64-mingw32)
+set(CMAKE_C_COMPILER ${host}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${host}-g++-posix)
+set(CMAKE_RC_COMPILER ${host}-windres)
+# A program's head bears no time of day, so that two builds give the same file.
+foreach(kind EXE SHARED MODULE)
+    set(CMAKE_${kind}_LINKER_FLAGS_INIT "-Wl,--no-insert-timestamp")
+endforeach()
+set(CMAKE_FIND_ROOT_PATH /usr/${host} ${CMAKE_PREFIX_PATH})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
