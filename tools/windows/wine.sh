@@ -1,0 +1,50 @@
+# Wine with a directory of its own. Sourced by tools/windows/test, which sets `cache`.
+
+export WINEPREFIX=$cache/wine WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml,winemenubuilder.exe=" LC_ALL=C.UTF-8
+unset DISPLAY WAYLAND_DISPLAY
+
+wine_fails() {
+    printf 'tools/windows/test: %s\n' "$@" >&2
+    exit 1
+}
+
+# Wine 8 is Debian 12's; an older one has no UTF-8 for programs that ask for it.
+start_wine() {
+    local version
+    command -v wine >/dev/null || wine_fails "Wine is missing: apt-get install wine wine64. Nothing was tested."
+    version=$(wine --version 2>/dev/null | sed -n 's/^wine-\([0-9]*\).*/\1/p')
+    [ -n "$version" ] || wine_fails "Wine does not start: $(wine --version 2>&1 | tail -n 1)" "Nothing was tested."
+    [ "$version" -ge 8 ] || wine_fails "this is $(wine --version), and version 8 or newer is needed. Nothing was tested."
+    if [ ! -f "$WINEPREFIX/.made" ]; then
+        rm -rf "$WINEPREFIX"
+        wineboot -i >"$cache/logs/wineboot.log" 2>&1 || wine_fails "Wine can't make its directory; see $cache/logs/wineboot.log."
+        wineserver -w
+        touch "$WINEPREFIX/.made"
+    fi
+    scratch=$(mktemp -d "$([ -d /dev/shm ] && echo /dev/shm || echo /tmp)/vasclip-wine.XXXXXX")
+    trap 'wineserver -k 2>/dev/null; rm -rf "$scratch"' EXIT
+    environment TEMP "Z:${scratch//\//\\}"
+    environment TMP "Z:${scratch//\//\\}"
+}
+
+# environment NAME [VALUE]: for the programs that are started next. Wine passes on no QT_ variable of its caller.
+environment() {
+    if [ $# -eq 2 ]; then
+        wine reg add 'HKCU\Environment' /v "$1" /d "$2" /f
+    else
+        wine reg delete 'HKCU\Environment' /v "$1" /f
+    fi >/dev/null 2>&1 || true
+}
+
+# A program without a screen, or with one that nobody sees.
+offscreen() {
+    [ "${shown:-}" = no ] && return
+    environment QT_QPA_PLATFORM offscreen
+    shown=no
+}
+on_screen() {
+    [ "${shown:-}" = yes ] || environment QT_QPA_PLATFORM
+    shown=yes
+    wineserver -w # it would go on with the display it knows
+    xvfb-run -a -s "-screen 0 ${SCREEN:-1600x1000}x24" "$root/tools/windows/with-manager" "$@"
+}
