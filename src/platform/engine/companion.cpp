@@ -8,9 +8,11 @@
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 #include <QSysInfo>
 #include <QUuid>
+
+#include <filesystem>
+#include <system_error>
 
 namespace vasclip::engine {
 
@@ -54,16 +56,28 @@ QList<Entry> ReadEntries(const QString& file)
     return entries;
 }
 
+/// Replaces the list; the lock is held. A draft that a killed one left has the same name, so that the next one
+/// clears it.
 bool WriteEntries(const QString& file, const QList<Entry>& entries)
 {
+    const QString draft = file + u"~new"_s;
+    if (QFile::exists(draft) && !QFile::remove(draft))
+        return false;
     if (entries.isEmpty())
         return !QFile::exists(file) || QFile::remove(file);
-    QSaveFile output(file);
+    QFile output(draft);
     if (!output.open(QIODevice::WriteOnly))
         return false;
     for (const Entry& entry : entries)
         output.write(entry.line + '\n');
-    return output.commit();
+    output.close();
+    std::error_code refused;
+    if (output.error() == QFile::NoError)
+        std::filesystem::rename(output.filesystemFileName(), QFileInfo(file).filesystemFilePath(), refused);
+    if (output.error() == QFile::NoError && !refused)
+        return true;
+    QFile::remove(draft);
+    return false;
 }
 
 /// Takes the lock beside the companion, which is held for moments only. The system takes it back from a process

@@ -246,6 +246,23 @@ TEST_F(UsersTest, AKilledUserIsSeenAsDeadAndSwept)
     EXPECT_EQ(home.engine.Users(kFile).size(), 1);
 }
 
+TEST_F(UsersTest, HalfAListThatAKilledUserLeftGoesWithTheNext)
+{
+    const QString draft = home.Native(u"DATABOOK.LDB~new"_s);
+    QFile half(draft);
+    ASSERT_TRUE(half.open(QIODevice::WriteOnly) && half.write("{\"host\":") > 0);
+    half.close();
+    const auto again = home.engine.OpenDatabase(kFile);
+    EXPECT_FALSE(QFile::exists(draft));
+    EXPECT_EQ(home.engine.Users(kFile).size(), 2);
+    ASSERT_TRUE(half.open(QIODevice::WriteOnly));
+    half.close();
+    again->Close();
+    database->Close();
+    EXPECT_FALSE(QFile::exists(draft));
+    EXPECT_FALSE(QFile::exists(home.Native(u"DATABOOK.LDB"_s)));
+}
+
 TEST_F(UsersTest, ExclusiveAndSharedKeepEachOtherOut)
 {
     QString text;
