@@ -8,6 +8,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <iostream>
 #include <string>
 #include <thread>
@@ -29,8 +30,10 @@ int main(int argc, char** argv)
         std::fputs("something before it\nvasclip-bridge: The system gives no window for the exchange\n", stderr);
         return 3;
     }
-    if (manner == "slow")
-        std::this_thread::sleep_for(std::chrono::milliseconds(3500));
+    if (manner == "slow") { // until it is told to go on
+        while (!std::filesystem::exists(std::string(argv[2]) + ".go"))
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
     bool greeted = false;
     for (std::string line; std::getline(std::cin, line);) {
         const std::string answer = bridge.Answer(line);
