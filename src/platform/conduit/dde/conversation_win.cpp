@@ -240,13 +240,9 @@ Conversation::Answer Conversation::Execute(std::string_view bytes, const Deadlin
 
 Conversation::Answer Conversation::Await(const Deadline& deadline, const Waiting& waiting)
 {
-    // Each look at the queue is a turn to the system and back, so what can't have come yet is not looked for.
-    for (DWORD slice = waiting ? kFirstWaitMs : kLookMs; !m_settled; slice = waiting ? kNextWaitMs : kLookMs) {
+    bool silent = false;
+    for (DWORD slice = waiting ? kFirstWaitMs : kLookMs;; slice = waiting ? kNextWaitMs : kLookMs) {
         const DWORD left = deadline.Left();
-        const bool silent = MsgWaitForMultipleObjectsEx(0, nullptr, std::min(left, slice), QS_POSTMESSAGE | QS_SENDMESSAGE,
-                                                        0) == WAIT_TIMEOUT;
-        if (silent && waiting)
-            waiting();
         MSG message;
         while (!m_settled && PeekMessageA(&message, m_window, WM_DDE_FIRST, WM_DDE_LAST, PM_REMOVE))
             DispatchMessageA(&message);
@@ -254,6 +250,12 @@ Conversation::Answer Conversation::Await(const Deadline& deadline, const Waiting
             Settle(Outcome::Gone);
         else if (!m_settled && left == 0)
             Settle(Outcome::TimeOut);
+        if (m_settled)
+            break;
+        silent = MsgWaitForMultipleObjectsEx(0, nullptr, std::min(left, slice), QS_POSTMESSAGE | QS_SENDMESSAGE, 0) ==
+                 WAIT_TIMEOUT;
+        if (silent && waiting)
+            waiting();
     }
     m_lastExchange = GetTickCount64();
     if (m_answer.outcome != Outcome::TimeOut) // else the other side may yet read it
