@@ -67,11 +67,22 @@ private:
     UINT m_number;
 };
 
+/// The partner's, which is the system's; a program whose manifest takes UTF-8 is told another by GetACP.
+UINT OfTheSystem()
+{
+    DWORD number = 0;
+    const int size = sizeof(number) / sizeof(wchar_t);
+    if (GetLocaleInfoW(LOCALE_SYSTEM_DEFAULT, LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
+                       reinterpret_cast<wchar_t*>(&number), size) != size || number == 0)
+        return GetACP();
+    return number;
+}
+
 } // namespace
 
 std::shared_ptr<const CodePage> SystemCodePage(unsigned number)
 {
-    const UINT asked = number == 0 ? GetACP() : number;
+    const UINT asked = number == 0 ? OfTheSystem() : number;
     CPINFO info{};
     // Those with shifts and states (50220, 54936 and their like) are no plain bytes, and the calls refuse their checks.
     const bool plain = asked < 50000 || asked == CP_UTF8;
