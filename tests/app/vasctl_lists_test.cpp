@@ -34,7 +34,8 @@ protected:
     QString Stored(const QString& key, const QString& field) const
     {
         return home.Vasctl({u"sql"_s, u"SELECT %1 FROM COMPS WHERE CENTRALKEY = '%2'"_s.arg(field, key)})
-            .Array()[0]
+            .Array()
+            .at(0)
             .toObject()[field]
             .toVariant()
             .toString();
@@ -58,7 +59,7 @@ TEST_F(VasctlLists, DatesAndTheDecimalSignAreReadAsTheOptionsSay)
     EXPECT_TRUE(ended.out.contains("dates day first, decimal comma")) << ended.out.toStdString();
     EXPECT_EQ(Stored(u"9876 TEST LN"_s, u"SELLINGPR"_s), u"250000"_s);
     EXPECT_EQ(Stored(u"9876 TEST LN"_s, u"SALEDATE"_s), u"2004-07-03"_s);
-    Put(kCsv, "Address;Price;Sale Date\n9877 Test Ln;250.000;03/07/2004\n");
+    Put(kCsv, "Address;Price;Sale Date\n9877 Test Ln;250.00;03/07/2004\n");
     const Ended other = Import(kCsv, {u"--dates"_s, u"mdy"_s, u"--decimal"_s, u"point"_s});
     ASSERT_EQ(other.code, kDone) << other.err.toStdString();
     EXPECT_TRUE(other.out.contains("dates month first, decimal point")) << other.out.toStdString();
