@@ -17,27 +17,11 @@ constexpr DWORD kFirstWaitMs = 60, kNextWaitMs = 30; // as the link waits on its
 constexpr DWORD kLookMs = 200;                       // is the other side still there?
 constexpr UINT_PTR kBiggestAtom = 0xFFFF;
 
-/// Windows of the plain kind, so that commands travel in the code page and not in UTF-16.
-HWND MakeWindow(WNDPROC procedure)
-{
-    const HINSTANCE instance = GetModuleHandleW(nullptr);
-    WNDCLASSA kind{};
-    kind.lpfnWndProc = procedure;
-    kind.hInstance = instance;
-    kind.lpszClassName = kClass;
-    RegisterClassA(&kind); // fails from the second time on
-    return CreateWindowExA(0, kClass, "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, instance, nullptr);
-}
-
 } // namespace
 
 Conversation::Conversation()
-    : m_window(MakeWindow(Procedure))
-{
-    if (m_window == nullptr)
-        throw Failure(Why::NoAnswer, "The system gives no window for the exchange" + SystemReason(GetLastError()));
-    SetWindowLongPtrA(m_window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-}
+    : m_window(MakeWindow(kClass, Procedure, HWND_MESSAGE, this))
+{}
 
 Conversation::~Conversation()
 {

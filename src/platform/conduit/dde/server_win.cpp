@@ -16,22 +16,6 @@ namespace {
 constexpr char kListener[] = "VasclipExchangeServer";
 constexpr char kSpeaker[] = "VasclipExchangeSpeaker";
 
-HWND MakeWindow(const char* kindName, WNDPROC procedure, HWND parent, void* owner)
-{
-    const HINSTANCE instance = GetModuleHandleW(nullptr);
-    WNDCLASSA kind{};
-    kind.lpfnWndProc = procedure;
-    kind.hInstance = instance;
-    kind.lpszClassName = kindName;
-    RegisterClassA(&kind); // fails from the second time on
-    // A listener is a hidden window of the desktop, where those who look for it look.
-    const HWND window = CreateWindowExA(WS_EX_TOOLWINDOW, kindName, "", WS_POPUP, 0, 0, 0, 0, parent, nullptr, instance, nullptr);
-    if (window == nullptr)
-        throw Failure(Why::NoAnswer, "The system gives no window for the exchange" + SystemReason(GetLastError()));
-    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(owner));
-    return window;
-}
-
 class SystemServer;
 
 /// One conversation of a client.
@@ -70,7 +54,7 @@ public:
         : handler(serverHandler)
         , page(std::move(codePage))
         , habits(serverHabits)
-        , m_listener(MakeWindow(kListener, Procedure, nullptr, this))
+        , m_listener(MakeWindow(kListener, Procedure, nullptr, this)) // where those who look for a server look
     {}
     ~SystemServer() override
     {

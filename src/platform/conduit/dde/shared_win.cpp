@@ -124,6 +124,21 @@ std::string ReadCommand(HGLOBAL memory)
     return command;
 }
 
+HWND MakeWindow(const char* kind, WNDPROC procedure, HWND parent, void* owner)
+{
+    const HINSTANCE instance = GetModuleHandleW(nullptr);
+    WNDCLASSA description{};
+    description.lpfnWndProc = procedure;
+    description.hInstance = instance;
+    description.lpszClassName = kind;
+    RegisterClassA(&description); // fails from the second time on
+    const HWND window = CreateWindowExA(WS_EX_TOOLWINDOW, kind, "", WS_POPUP, 0, 0, 0, 0, parent, nullptr, instance, nullptr);
+    if (window == nullptr)
+        throw Failure(Why::NoAnswer, "The system gives no window for the exchange" + SystemReason(GetLastError()));
+    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(owner));
+    return window;
+}
+
 std::string SystemReason(DWORD error)
 {
     return error == 0 ? std::string() : ", which the system explains by error " + std::to_string(error);

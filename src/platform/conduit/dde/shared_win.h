@@ -57,6 +57,12 @@ struct SharedText
 inline constexpr WORD kAckRequested = 0x8000, kReleased = 0x2000, kResponse = 0x1000;
 inline constexpr WORD kAccepted = 0x8000, kBusy = 0x4000, kCodeMask = 0x00ff;
 
+/// A hidden window that messages come to, of the plain kind, so that commands travel in the code page and not in UTF-16.
+/// @param parent  HWND_MESSAGE, or null for one that others find on the desktop
+/// @param owner   is what the window's user data (GWLP_USERDATA) points to
+/// @throws Failure (Why::NoAnswer) if the system gives none
+[[nodiscard]] HWND MakeWindow(const char* kind, WNDPROC procedure, HWND parent, void* owner);
+
 /// ", which the system explains by error 5"
 [[nodiscard]] std::string SystemReason(DWORD error);
 
