@@ -2,144 +2,67 @@
 
 #include "platform/conduit/dde/letters.h"
 
+#include <nlohmann/json.hpp>
+
 #include <utility>
 
 namespace vasclip::conduit::dde {
 
-namespace {
+using nlohmann::json;
 
-/// Walks over a line; each step is true if what it looked for stood there.
-class Walker
+/// Takes the members as the reader comes by them; whatever is not flat stops it.
+class FlatObject::Members : public json::json_sax_t
 {
 public:
-    explicit Walker(std::string_view line)
-        : m_line(line)
+    explicit Members(FlatObject& object)
+        : m_object(object)
     {}
 
-    void Blanks()
+    bool start_object(std::size_t) override { return !std::exchange(m_begun, true); }
+    bool key(string_t& name) override
     {
-        while (m_at < m_line.size() && (m_line[m_at] == ' ' || m_line[m_at] == '\t' || m_line[m_at] == '\r'))
-            ++m_at;
+        m_name = name;
+        return m_object.Find(name) == nullptr;
     }
-    bool Take(char wanted)
+    bool string(string_t& bytes) override
     {
-        Blanks();
-        if (m_at == m_line.size() || m_line[m_at] != wanted)
-            return false;
-        ++m_at;
-        return true;
+        std::optional<std::u16string> text = Utf16(bytes);
+        return text && Add({m_name, std::move(text), std::nullopt});
     }
-    bool TakeWord(std::string_view word)
+    bool number_unsigned(number_unsigned_t number) override
     {
-        Blanks();
-        if (m_line.substr(m_at, word.size()) != word)
-            return false;
-        m_at += word.size();
-        return true;
+        return std::in_range<std::int64_t>(number) && Add({m_name, std::nullopt, static_cast<std::int64_t>(number)});
     }
-    bool TakeNumber(std::int64_t& number)
-    {
-        Blanks();
-        constexpr std::size_t kMostDigits = 15;
-        const std::size_t begin = m_at;
-        number = 0;
-        for (; m_at < m_line.size() && m_line[m_at] >= '0' && m_line[m_at] <= '9' && m_at - begin < kMostDigits; ++m_at)
-            number = number * 10 + (m_line[m_at] - '0');
-        return m_at != begin && (m_line[begin] != '0' || m_at - begin == 1);
-    }
-    bool TakeText(std::u16string& text)
-    {
-        if (!Take('"'))
-            return false;
-        text.clear();
-        std::size_t run = m_at;
-        for (; m_at < m_line.size(); ++m_at) {
-            const char c = m_line[m_at];
-            if (static_cast<unsigned char>(c) < 0x20)
-                return false;
-            if (c != '"' && c != '\\')
-                continue;
-            const std::optional<std::u16string> piece = Utf16(m_line.substr(run, m_at - run));
-            if (!piece)
-                return false;
-            text += *piece;
-            ++m_at;
-            if (c == '"')
-                return true;
-            if (!TakeEscape(text))
-                return false;
-            run = m_at--;
-        }
-        return false;
-    }
-    [[nodiscard]] bool AtEnd()
-    {
-        Blanks();
-        return m_at == m_line.size();
-    }
+    bool boolean(bool truth) override { return truth && Add({m_name, std::nullopt, std::nullopt}); }
+    bool end_object() override { return true; }
+
+    bool null() override { return false; }
+    bool number_integer(number_integer_t) override { return false; }
+    bool number_float(number_float_t, const string_t&) override { return false; }
+    bool binary(binary_t&) override { return false; }
+    bool start_array(std::size_t) override { return false; }
+    bool end_array() override { return false; }
+    bool parse_error(std::size_t, const std::string&, const json::exception&) override { return false; }
 
 private:
-    bool TakeEscape(std::u16string& text)
+    bool Add(Member member)
     {
-        if (m_at == m_line.size())
+        if (!m_begun)
             return false;
-        const char c = m_line[m_at++];
-        if (c == 'u')
-            return TakeHex(text);
-        constexpr std::string_view kNames = "\"\\/bfnrt";
-        constexpr std::u16string_view kMeant = u"\"\\/\b\f\n\r\t";
-        const std::size_t which = kNames.find(c);
-        if (which == kNames.npos)
-            return false;
-        text += kMeant[which];
-        return true;
-    }
-    bool TakeHex(std::u16string& text)
-    {
-        unsigned value = 0;
-        for (int i = 0; i < 4; ++i, ++m_at) {
-            if (m_at == m_line.size())
-                return false;
-            const char c = m_line[m_at];
-            const int digit = c >= '0' && c <= '9'   ? c - '0'
-                              : c >= 'a' && c <= 'f' ? c - 'a' + 10
-                              : c >= 'A' && c <= 'F' ? c - 'A' + 10
-                                                     : -1;
-            if (digit < 0)
-                return false;
-            value = value * 16 + static_cast<unsigned>(digit);
-        }
-        text += static_cast<char16_t>(value);
+        m_object.m_members.push_back(std::move(member));
         return true;
     }
 
-    std::string_view m_line;
-    std::size_t m_at = 0;
+    FlatObject& m_object;
+    std::string m_name;
+    bool m_begun = false;
 };
-
-} // namespace
 
 std::optional<FlatObject> FlatObject::Read(std::string_view line)
 {
     FlatObject object;
-    Walker walker(line);
-    if (!walker.Take('{'))
-        return std::nullopt;
-    do {
-        Member member;
-        std::u16string text;
-        std::int64_t number = 0;
-        if (!walker.TakeText(member.name) || !walker.Take(':') || object.Find(Utf8(member.name)))
-            return std::nullopt;
-        if (walker.TakeText(text))
-            member.text = std::move(text);
-        else if (walker.TakeNumber(number))
-            member.number = number;
-        else if (!walker.TakeWord("true"))
-            return std::nullopt;
-        object.m_members.push_back(std::move(member));
-    } while (walker.Take(','));
-    if (!walker.Take('}') || !walker.AtEnd())
+    Members members(object);
+    if (!json::sax_parse(line, &members))
         return std::nullopt;
     return object;
 }
@@ -147,7 +70,7 @@ std::optional<FlatObject> FlatObject::Read(std::string_view line)
 const FlatObject::Member* FlatObject::Find(std::string_view name) const
 {
     for (const Member& member : m_members) {
-        if (Utf8(member.name) == name)
+        if (member.name == name)
             return &member;
     }
     return nullptr;
@@ -167,22 +90,7 @@ std::optional<std::int64_t> FlatObject::Number(std::string_view name) const
 
 std::string JsonText(std::u16string_view text)
 {
-    static constexpr char kHex[] = "0123456789abcdef";
-    std::string json = "\"";
-    for (const char c : Utf8(text)) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (c == '"' || c == '\\') {
-            json += '\\';
-            json += c;
-        } else if (byte < 0x20) {
-            json += "\\u00";
-            json += kHex[byte >> 4];
-            json += kHex[byte & 15];
-        } else {
-            json += c;
-        }
-    }
-    return json + '"';
+    return json(Utf8(text)).dump();
 }
 
 } // namespace vasclip::conduit::dde

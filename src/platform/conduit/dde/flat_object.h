@@ -21,9 +21,10 @@ public:
     [[nodiscard]] std::size_t Count() const { return m_members.size(); }
 
 private:
+    class Members;
     struct Member
     {
-        std::u16string name;
+        std::string name;
         std::optional<std::u16string> text;
         std::optional<std::int64_t> number;
     };
