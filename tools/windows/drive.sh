@@ -92,36 +92,51 @@ send() {
     done <<<"$keys"
 }
 
-# Three comps with photos over the exchange, by the installed programs here and by those for Linux; the saved reports are
-# compared value for value.
+# Three comps with photos by the installed programs here, over the socket and over the desktop's own exchange, and by those for
+# Linux; the saved reports are compared value for value.
 drive() {
-    local home='C:\Vasclip drive' linux=build/release/bin native here keys forms
-    native=$(unix_path 'C:\')/"Vasclip drive"
+    local linux=build/release/bin keys forms way
     vasclip_build release vasctl kelforms vasclip-demo >"$results/linux-build.log" 2>&1 || { wrong "see $results/linux-build.log"; return 1; }
     here=$scratch/linux-home
     "$linux/vasclip-demo" --home "$here" >>"$log" 2>&1
-    rm -rf "$native"
-    wine "$installed\\vasclip-demo.exe" --home "$home" >>"$log" 2>&1 || { wrong "the demo home was not made"; return 1; }
     keys=$("$linux/vasctl" --home "$here" --json records list --where "APPRSLTYPE = 'F' AND FRONT <> ''" --limit 3 |
         python3 -c 'import json, sys; [print(row["CENTRALKEY"]) for row in json.load(sys.stdin)]')
     [ "$(wc -l <<<"$keys")" -eq 3 ] || { wrong "the demo has no three comps with photos"; return 1; }
-
     "$linux/kelforms" --headless --home "$here" --save-on-exit 'C:\KEL\DATA\LAUREL.RPT' >>"$log" 2>&1 &
     forms=$!
     sleep 2
     send "$linux/vasctl" "$here" >>"$log" 2>&1 || wrong "the drops on Linux failed"
     kill "$forms" && wait "$forms" || true
+    for way in Socket DDE; do
+        drive_over "$way"
+    done
+    [ "$bad" -eq 0 ]
+}
 
-    on_screen timeout 600 bash -c "wine '$installed\\kelforms.exe' --home '$home' --save-on-exit 'C:\\KEL\\DATA\\LAUREL.RPT' & sleep 6
+# drive_over WAY: Socket or DDE, as KEL.INI names them. Over DDE the forms program's socket has another name than Vasclip looks
+# for, so that nothing can come that way.
+drive_over() {
+    local way=$1 home='C:\Vasclip drive' elsewhere=
+    native=$(unix_path 'C:\')/"Vasclip drive"
+    rm -rf "$native"
+    wine "$installed\\vasclip-demo.exe" --home "$home" >>"$log" 2>&1 || { wrong "the demo home was not made"; return; }
+    printf '\r\n[LINK]\r\nExchange=%s\r\n' "$way" >>"$native/drive_c/APPRAISE/KEL.INI"
+    [ "$way" = Socket ] || elsewhere='--socket elsewhere'
+    on_screen timeout 600 bash -c "wine '$installed\\kelforms.exe' --home '$home' $elsewhere --save-on-exit 'C:\\KEL\\DATA\\LAUREL.RPT' & sleep 6
         $(declare -f send); keys='${keys//\'/}'
         send \"wine $installed\\\\vasctl.exe\" '$home' || echo DROPS-FAILED
         timeout 60 wine '$installed\\vasclip.exe' --home '$home' --quit-when-painted || echo NO-WINDOW
-        wine taskkill /IM kelforms.exe; wait" >>"$log" 2>&1
+        wine taskkill /IM kelforms.exe; wait" >"$results/drive-$way.log" 2>&1
     offscreen
-    ! grep -qE 'DROPS-FAILED|NO-WINDOW' "$log" || wrong "the drops or the window failed; see $log"
-    python3 - "$here/drive_c/KEL/DATA/LAUREL.RPT" "$native/drive_c/KEL/DATA/LAUREL.RPT" <<'EOF' || wrong "the saved reports differ"
+    ! grep -qE 'DROPS-FAILED|NO-WINDOW' "$results/drive-$way.log" || wrong "the drops or the window failed over $way; see $results/drive-$way.log"
+    same_report "$here/drive_c/KEL/DATA/LAUREL.RPT" "$native/drive_c/KEL/DATA/LAUREL.RPT" "$way" || wrong "the saved reports differ over $way"
+}
+
+# same_report LINUX WINDOWS WAY
+same_report() {
+    python3 - "$@" <<'EOF'
 import json, sys
-linux, windows = (json.load(open(name, encoding="utf-8")) for name in sys.argv[1:])
+linux, windows = (json.load(open(name, encoding="utf-8")) for name in sys.argv[1:3])
 differ = 0
 for part in sorted(set(linux) | set(windows)):
     a, b = linux.get(part), windows.get(part)
@@ -134,8 +149,7 @@ for part in sorted(set(linux) | set(windows)):
         differ += 1
         print(f"  {part}: Linux '{a}', Windows '{b}'")
 cells = len(linux.get("cells", {}))
-print(f"  {cells} cells and {len(linux.get('images', {}))} pictures in both reports, {differ} differ")
+print(f"  over {sys.argv[3]}: {cells} cells and {len(linux.get('images', {}))} pictures in both reports, {differ} differ")
 sys.exit(1 if differ or not cells else 0)
 EOF
-    [ "$bad" -eq 0 ]
 }
