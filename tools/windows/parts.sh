@@ -3,8 +3,6 @@
 # sets `cache` and `jobs`.
 
 host=x86_64-w64-mingw32
-# shellcheck disable=SC2034 # for libraries.sh and build
-toolchain=$root/tools/windows/mingw-x64.cmake
 declare -A prefix_of=()
 
 say() { printf '%s  %s\n' "$(date +%H:%M:%S)" "$*"; }
@@ -109,6 +107,12 @@ fetch() {
     fi
     fetched=$(cat "$to/.unpacked")
     source=$(find "$to" -mindepth 1 -maxdepth 1 -type d | head -n 1)
+}
+
+# keep_toolchain: a build that was stopped goes on from another clone too, since what it was told of stands in the cache.
+keep_toolchain() {
+    toolchain=$cache/mingw-x64.cmake
+    cmp -s "$root/tools/windows/mingw-x64.cmake" "$toolchain" || cp "$root/tools/windows/mingw-x64.cmake" "$toolchain"
 }
 
 # part NAME PACKAGE [PART...]: builds NAME with build_NAME from the source of an installed PACKAGE; the parts it stands on come

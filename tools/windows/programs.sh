@@ -2,9 +2,16 @@
 
 programs=$cache/vasclip/windows # the build directory; programs and tests come to stand in bin
 
+# of_this_clone DIRECTORY: what was built from another clone is built anew.
+of_this_clone() {
+    [ ! -f "$1/CMakeCache.txt" ] || grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$1/CMakeCache.txt" || rm -rf "$1"
+}
+
 build_programs() {
     local paths
     need_room 1500 "building the programs"
+    of_this_clone "$cache/vasclip/here"
+    of_this_clone "$programs"
     # Icon and bitmaps are drawn while building, and the demo's street map is made, by programs of this machine.
     say "what draws, and what makes the demo's map, for this machine"
     logged here-configure cmake -G Ninja -S . -B "$cache/vasclip/here" -DCMAKE_BUILD_TYPE=Release -DVASCLIP_TESTS=OFF \
