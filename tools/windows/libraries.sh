@@ -55,7 +55,8 @@ build_deflate() {
 
 build_zip() {
     cmake_part -DBUILD_SHARED_LIBS=OFF -DENABLE_BZIP2=OFF -DENABLE_LZMA=OFF -DENABLE_ZSTD=OFF -DENABLE_OPENSSL=OFF \
-        -DENABLE_WINDOWS_CRYPTO=OFF -DENABLE_GNUTLS=OFF -DENABLE_MBEDTLS=OFF -DBUILD_TOOLS=OFF -DBUILD_REGRESS=OFF -DBUILD_EXAMPLES=OFF -DBUILD_DOC=OFF
+        -DENABLE_WINDOWS_CRYPTO=OFF -DENABLE_GNUTLS=OFF -DENABLE_MBEDTLS=OFF -DBUILD_TOOLS=OFF -DBUILD_REGRESS=OFF \
+        -DBUILD_EXAMPLES=OFF -DBUILD_DOC=OFF
 }
 
 build_geographic() {
@@ -81,8 +82,8 @@ build_qt() {
         -DFEATURE_testlib=ON -DFEATURE_printsupport=ON -DFEATURE_concurrent=OFF -DFEATURE_androiddeployqt=OFF \
         -DFEATURE_system_zlib=OFF -DFEATURE_system_png=OFF -DFEATURE_system_jpeg=OFF -DFEATURE_system_pcre2=OFF \
         -DFEATURE_system_freetype=OFF -DFEATURE_system_harfbuzz=OFF -DFEATURE_glib=OFF -DFEATURE_icu=OFF \
-        -DFEATURE_zstd=OFF -DINPUT_openssl=no -DFEATURE_pkg_config=OFF -DFEATURE_ssl=OFF -DFEATURE_xml=OFF \
-        -DFEATURE_graphicsview=OFF -DFEATURE_textodfwriter=OFF
+        -DFEATURE_zstd=OFF -DINPUT_openssl=no -DFEATURE_pkg_config=OFF -DFEATURE_ssl=OFF -DFEATURE_schannel=OFF \
+        -DFEATURE_xml=OFF -DFEATURE_graphicsview=OFF -DFEATURE_textodfwriter=OFF
 }
 
 build_qtsvg() { cmake_part "${host_qt[@]}" -DQT_BUILD_EXAMPLES=OFF -DQT_BUILD_TESTS=OFF; }
