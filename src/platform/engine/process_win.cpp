@@ -48,8 +48,8 @@ bool IsAlive(qint64 process, const QString& startMark)
 bool FlushFile(const QString& nativePath)
 {
     const QString path = QDir::toNativeSeparators(nativePath);
-    const HANDLE file =
-        CreateFileW(Wide(path), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE; // who flushes may have it open
+    const HANDLE file = CreateFileW(Wide(path), GENERIC_WRITE, kShared, nullptr, OPEN_EXISTING, 0, nullptr);
     if (file == INVALID_HANDLE_VALUE)
         return false;
     const BOOL done = FlushFileBuffers(file);
