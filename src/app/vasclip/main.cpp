@@ -128,6 +128,7 @@ public:
     {
         std::optional<app::Tour> tour;
         if (!m_options.tour.isEmpty()) {
+            QApplication::setAttribute(Qt::AA_DontUseNativeDialogs); // the system's own can't be filled in
             tour.emplace(m_options.tour, QCoreApplication::applicationDirPath() + u"/kelforms"_s);
             if (!tour->StartFormsProgram(m_program.Disk(), m_around->socket))
                 return 1;
