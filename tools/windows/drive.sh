@@ -64,7 +64,7 @@ installer() {
 gone() { [ ! -e "$1" ]; }
 wait_for() {
     local tries
-    for ((tries = 0; tries < 100; ++tries)); do
+    for ((tries = 0; tries < 300; ++tries)); do
         "$@" && return
         sleep 0.2
     done
@@ -74,9 +74,9 @@ wait_for() {
 # An installer over a program that runs changes nothing.
 runs_meanwhile() {
     local forms
-    wine "$installed\\kelforms.exe" --headless --home 'C:\Vasclip busy' >>"$log" 2>&1 &
+    wine "$installed\\kelforms.exe" --headless --home 'C:\Vasclip busy' >"$results/busy.log" 2>&1 &
     forms=$!
-    sleep 4
+    wait_for grep -q listening "$results/busy.log" || wrong "kelforms.exe did not start; see $results/busy.log"
     answers 10 'kelforms.exe is running' "/D=$installed"
     [ -s "$place/vasclip.exe" ] || wrong "the installer took a program away that runs"
     wine taskkill /F /IM kelforms.exe >>"$log" 2>&1 || true
@@ -102,9 +102,9 @@ drive() {
     keys=$("$linux/vasctl" --home "$here" --json records list --where "APPRSLTYPE = 'F' AND FRONT <> ''" --limit 3 |
         python3 -c 'import json, sys; [print(row["CENTRALKEY"]) for row in json.load(sys.stdin)]')
     [ "$(wc -l <<<"$keys")" -eq 3 ] || { wrong "the demo has no three comps with photos"; return 1; }
-    "$linux/kelforms" --headless --home "$here" --save-on-exit 'C:\KEL\DATA\LAUREL.RPT' >>"$log" 2>&1 &
+    "$linux/kelforms" --headless --home "$here" --save-on-exit 'C:\KEL\DATA\LAUREL.RPT' >"$results/linux-forms.log" 2>&1 &
     forms=$!
-    sleep 2
+    wait_for grep -q listening "$results/linux-forms.log" || wrong "kelforms did not start; see $results/linux-forms.log"
     send "$linux/vasctl" "$here" >>"$log" 2>&1 || wrong "the drops on Linux failed"
     kill "$forms" && wait "$forms" || true
     for way in Socket DDE; do
@@ -122,7 +122,8 @@ drive_over() {
     wine "$installed\\vasclip-demo.exe" --home "$home" >>"$log" 2>&1 || { wrong "the demo home was not made"; return; }
     printf '\r\n[LINK]\r\nExchange=%s\r\n' "$way" >>"$native/drive_c/APPRAISE/KEL.INI"
     [ "$way" = Socket ] || elsewhere='--socket elsewhere'
-    on_screen timeout 600 bash -c "wine '$installed\\kelforms.exe' --home '$home' $elsewhere --save-on-exit 'C:\\KEL\\DATA\\LAUREL.RPT' & sleep 6
+    on_screen timeout 600 bash -c "wine '$installed\\kelforms.exe' --home '$home' $elsewhere --save-on-exit 'C:\\KEL\\DATA\\LAUREL.RPT' &
+        for try in {1..60}; do wine '$installed\\vasctl.exe' --home '$home' report status && break; sleep 1; done
         $(declare -f send); keys='${keys//\'/}'
         send \"wine $installed\\\\vasctl.exe\" '$home' || echo DROPS-FAILED
         timeout 60 wine '$installed\\vasclip.exe' --home '$home' --quit-when-painted || echo NO-WINDOW
