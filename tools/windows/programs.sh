@@ -46,12 +46,11 @@ build_tests() {
 gather() {
     local to=$1 runtime
     runtime=$(dirname "$("$host-g++-posix" -print-file-name=libstdc++-6.dll)")
-    mkdir -p "$to"/{platforms,imageformats,styles,iconengines,printsupport}
+    mkdir -p "$to"/{platforms,imageformats,styles,iconengines}
     cp -u "${prefix_of[qt]}"/bin/Qt6{Core,Gui,Widgets,Network,PrintSupport}.dll "$to"
     cp -u "${prefix_of[qt]}"/plugins/platforms/q{windows,offscreen}.dll "$to/platforms"
     cp -u "${prefix_of[qt]}"/plugins/imageformats/q{jpeg,ico,gif}.dll "$to/imageformats"
     cp -u "${prefix_of[qt]}"/plugins/styles/*.dll "$to/styles"
-    cp -u "${prefix_of[qt]}"/plugins/printsupport/*.dll "$to/printsupport"
     if [ -n "${prefix_of[qtsvg]:-}" ]; then
         rm -f "$to/iconengines"/vasclip-*
         cp -u "${prefix_of[qtsvg]}/bin/Qt6Svg.dll" "$to"
