@@ -31,6 +31,7 @@ installer() {
     place=$(unix_path 'C:\Programs')/Vasclip
     links=$(unix_path 'C:\users')/$(whoami)/AppData/Roaming/Microsoft/Windows/Start\ Menu/Programs/Vasclip
 
+    rm -rf "$place" # of a run that was stopped
     answers 0 '' "/D=$installed"
     diff <(cd "$out/Vasclip" && find . -type f | sort) <(cd "$place" && find . -type f ! -name uninstall.exe | sort) ||
         wrong "what was installed is not what was packed"
@@ -74,6 +75,7 @@ wait_for() {
 # An installer over a program that runs changes nothing.
 runs_meanwhile() {
     local forms
+    mkdir -p "$(unix_path 'C:\')/Vasclip busy"
     wine "$installed\\kelforms.exe" --headless --home 'C:\Vasclip busy' >"$results/busy.log" 2>&1 &
     forms=$!
     wait_for grep -q listening "$results/busy.log" || wrong "kelforms.exe did not start; see $results/busy.log"
