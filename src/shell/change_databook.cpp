@@ -65,8 +65,10 @@ bool DatabookInUse::SwitchDatabook(const QString& directory, const QString& file
         ReadCaption();
     m_place.lblChangingDB.SetVisible(false);
     m_shown.DisplayAllRecords();
-    if (opened)
+    if (opened) {
         CheckDatabook(engine::CheckDepth::Opening);
+        m_program.UndoKilledImports();
+    }
     return opened;
 }
 

@@ -17,6 +17,7 @@
 #include "shell/map_parts.h"
 #include "shell/photo_questions.h"
 #include "shell/slot_icon_pictures.h"
+#include "upkeep/picture_journal.h"
 
 namespace vasclip::shell {
 
@@ -172,6 +173,7 @@ void Program::ConnectDatabook()
                                    u"backup, or let 'vasctl databook copy "
                                    u"FILE' make a new one of what can be read."_s.arg(
                                        path, engine::DamageOf(sources.datDatabook.Database())));
+    UndoKilledImports();
 }
 
 void Program::ConnectMapping()
@@ -195,6 +197,12 @@ bool Program::LookAtDatabook(engine::CheckDepth depth)
         return true; // in use, or its disk failed: whoever reads it next is told
     }
     return engine::DamageOf(database).isEmpty();
+}
+
+void Program::UndoKilledImports()
+{
+    if (sources.datDatabook.Bound() && !life.readOnlyHome)
+        upkeep::PictureJournal::Replay({.databook = sources.datDatabook, .globals = globals, .ports = Ports()});
 }
 
 void Program::AddGenViews2CBO()

@@ -122,6 +122,9 @@ public:
     /// on.
     /// @return false if it is damaged
     bool LookAtDatabook(engine::CheckDepth depth);
+    /// Undoes what an import into the Databook, that was killed before its rows were stored, has left in the photo
+    /// directory.
+    void UndoKilledImports();
     void AddGenViews2CBO();
 
 private:

@@ -42,18 +42,6 @@ constexpr int kNamesAsked = 10;
 constexpr qint64 kBetweenLooks = 16; ///< rows
 const QString kLooking = u"Looking at the pictures"_s;
 
-bool SameBytes(const QString& left, const QString& right)
-{
-    QFile one(left);
-    QFile other(right);
-    if (!one.open(QIODevice::ReadOnly) || !other.open(QIODevice::ReadOnly) || one.size() != other.size())
-        return false;
-    while (!one.atEnd())
-        if (one.read(kPiece) != other.read(kPiece))
-            return false;
-    return true;
-}
-
 /// The list of photos, whose last line may lack its end: other programs leave it out.
 QString FrontStem(QString photos)
 {
@@ -163,18 +151,20 @@ EmbeddedImages::EmbeddedImages(const TransferDesk& desk, engine::Database& sourc
     : m_desk(desk)
     , m_source(source)
     , m_table(table)
+    , m_journal(desk)
 {}
 
 EmbeddedImages::~EmbeddedImages()
 {
     for (const Waiting& one : std::as_const(m_waiting))
         QFile::remove(WaitingName(one.file));
+    bool back = true;
     for (const QString& placed : std::as_const(m_placed)) {
-        if (QFile::exists(ReplacedName(placed)))
-            static_cast<void>(engine::RenameOver(ReplacedName(placed), placed)); // else the copy stays beside it
-        else
-            QFile::remove(placed);
+        const QString kept = ReplacedName(placed);
+        back = (QFile::exists(kept) ? engine::RenameOver(kept, placed) : RemoveFile(placed)) && back;
     }
+    if (back)
+        m_journal.Remove(); // else the next import tries again
 }
 
 QString EmbeddedImages::ReplacedName(const QString& native) const
@@ -187,14 +177,13 @@ QString EmbeddedImages::WaitingName(const QString& native) const
     return native + kMark + QString::number(engine::OwnProcess());
 }
 
-/// What imports that were killed have left.
+/// What imports that were killed have left. A copy of a picture that gave way is its journal's alone to take.
 void EmbeddedImages::Sweep() const
 {
+    PictureJournal::Replay(m_desk);
     const QString directory = common::CkRSlash(m_desk.globals.G_PhotoDir);
     for (const QString& name : m_desk.Disk().Dir(directory + u"*"_s + kMark + u"*"_s, files::ReadOnly)) {
-        QString number = name.mid(name.lastIndexOf(kMark) + kMark.size());
-        number.remove(kReplacedMark.mid(kMark.size()));
-        const qint64 process = number.toLongLong();
+        const qint64 process = QStringView(name).sliced(name.lastIndexOf(kMark) + kMark.size()).toLongLong();
         if (process > 0 && (process == engine::OwnProcess() || !engine::IsAlive(process, {})))
             QFile::remove(m_desk.Disk().ToNative(directory + name));
     }
@@ -296,12 +285,25 @@ bool EmbeddedImages::SaveEmbeddedImages(const WorkStep& step)
     return !m_result.declined;
 }
 
+QList<PlacedPicture> EmbeddedImages::ToPlace() const
+{
+    QList<PlacedPicture> pictures;
+    for (const Waiting& one : m_waiting) {
+        const QString waiting = WaitingName(one.file);
+        pictures.append({one.file, waiting, one.over ? ReplacedName(one.file) : QString(), FileMark::Of(waiting)});
+    }
+    return pictures;
+}
+
 void EmbeddedImages::Place()
 {
+    if (m_waiting.isEmpty())
+        return;
+    m_journal.Write(ToPlace(), m_proofs);
     while (!m_waiting.isEmpty()) {
         const Waiting one = m_waiting.first();
-        if (one.over && (!QFile::copy(one.file, ReplacedName(one.file)))) {
-            QFile::remove(ReplacedName(one.file));
+        if (one.over && (!QFile::copy(one.file, ReplacedName(one.file)) || !engine::FlushFile(ReplacedName(one.file)))) {
+            RemoveFile(ReplacedName(one.file));
             throw RuntimeError(error::kPathFileAccess, kNoCopy.arg(QFileInfo(one.file).fileName()));
         }
         m_placed.append(one.file);
@@ -320,8 +322,9 @@ void EmbeddedImages::Place()
 void EmbeddedImages::Keep()
 {
     for (const QString& placed : std::as_const(m_placed))
-        QFile::remove(ReplacedName(placed));
+        RemoveFile(ReplacedName(placed));
     m_placed.clear();
+    m_journal.Remove();
 }
 
 } // namespace vasclip::upkeep

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "upkeep/transfer_desk.h"
+#include "upkeep/picture_journal.h"
 
 #include <QHash>
 #include <QSet>
@@ -36,6 +36,7 @@ enum class RowPicture { None, Fresh, There, Other, Refused };
 class EmbeddedImages
 {
 public:
+    static constexpr qsizetype kProofs = 16; ///< records that are enough
     /// @param source  that is read and never written
     EmbeddedImages(const TransferDesk& desk, engine::Database& source, const QString& table);
     ~EmbeddedImages(); ///< what was not placed and kept goes, and what it took the place of is back
@@ -49,7 +50,11 @@ public:
     bool SaveEmbeddedImages(const WorkStep& step);
     /// Pictures of rows that did not come in are not placed, but where another row has the same one.
     void Drop(const QSet<QString>& keys);
-    /// Gives them their names, which is taken back with this object unless Keep follows. @throws RuntimeError 61, 75
+    /// A record that tells after a kill whether the rows were stored. A few of them do.
+    void ProvedBy(const Proof& proof) { m_proofs.append(proof); }
+    [[nodiscard]] bool WantsProof() const { return m_proofs.size() < kProofs && !m_waiting.isEmpty(); }
+    /// Gives them their names, which is taken back with this object, or when a killed one's Databook is opened again,
+    /// unless Keep follows. @throws RuntimeError 61, 75
     void Place();
     /// The rows are stored: what was placed stays.
     void Keep();
@@ -67,6 +72,7 @@ private:
     [[nodiscard]] bool SaveOne(const PictureRow& row, const std::function<bool()>& goOn); ///< false if it was stopped
     [[nodiscard]] QString WaitingName(const QString& native) const;
     [[nodiscard]] QString ReplacedName(const QString& native) const; ///< of a copy of what gives way
+    [[nodiscard]] QList<PlacedPicture> ToPlace() const;
     void Sweep() const;
 
     const TransferDesk& m_desk;
@@ -76,6 +82,8 @@ private:
     std::optional<QSet<QString>> m_only;
     QList<Waiting> m_waiting;
     QStringList m_placed; ///< native, until they are kept
+    QList<Proof> m_proofs;
+    PictureJournal m_journal;
     QHash<QString, QString> m_met; ///< by the name to be: the file that holds an earlier row's picture
 };
 

@@ -44,7 +44,7 @@ inline bool NeverStops(qint64 /*done*/, qint64 /*of*/, const QString& /*words*/)
 /// The fields of a row without the picture inside it, which is taken out on the way.
 [[nodiscard]] QStringList removeEmbeddedImages(const QStringList& columns);
 
-/// Those of some keys that the Databook has, as KeyMark has them. @throws RuntimeError of the engine
+/// Those of some keys that the Databook has, as KeyMark has them; there may be others among them. @throws RuntimeError of the engine
 [[nodiscard]] QSet<QString> KeysThere(const store::DataSource& databook, const QString& table, const QStringList& keys);
 
 /// @throws RuntimeError 3027 where nothing can come into the Databook, in words

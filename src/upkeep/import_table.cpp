@@ -90,8 +90,14 @@ ImportResult ImportTable(const TransferDesk& desk, const ImportOrder& order, con
     }
     // Rows first: a Databook that somebody keeps locked leaves the photo directory as it is.
     store::Transaction whole(desk.databook);
+    const QStringList proofs = images.WantsProof() ? plan.newKeys.mid(0, EmbeddedImages::kProofs) : QStringList();
+    const QSet<QString> meanwhile =
+        proofs.isEmpty() ? QSet<QString>() : KeysThere(desk.databook, desk.globals.G_Table, proofs);
     result.appended = store::AppendRows(desk.databook, AppendStatement(desk, order, plan, plan.condition), plan.newKeys,
                                         kWords.arg(order.Name()));
+    for (const QString& key : proofs)
+        if (!meanwhile.contains(KeyMark(key)))
+            images.ProvedBy({key, {}});
     images.Place();
     result.pictures = images.Result();
     whole.Commit();

@@ -92,7 +92,7 @@ private:
     void Compare(const QList<qsizetype>& rows, const WorkStep& step);
     void FindTwins(const WorkStep& step);
     [[nodiscard]] bool GoesOn(const WorkStep& step, qint64 done, qint64 of, const QString& words);
-    void AddRows(RehearsalResult& result, Undone& undone);
+    QStringList AddRows(RehearsalResult& result, Undone& undone); ///< @return the keys of those that came in
     [[nodiscard]] QString ChangeRow(const RehearsedRow& row, RehearsalResult& result);
     [[nodiscard]] QByteArray RefusedText() const;
     [[nodiscard]] bool HasPhotos(const RehearsedRow& row) const; ///< has my record any?

@@ -25,7 +25,7 @@ const QString kRowGone = u"the row is not in the file any more"_s;
 
 } // namespace
 
-void Rehearsal::AddRows(RehearsalResult& result, Undone& undone)
+QStringList Rehearsal::AddRows(RehearsalResult& result, Undone& undone)
 {
     QStringList keys;
     QHash<QString, qsizetype> places;
@@ -45,6 +45,7 @@ void Rehearsal::AddRows(RehearsalResult& result, Undone& undone)
         result.added += store::AppendRows(m_desk.databook, AppendStatement(m_desk, m_order, m_plan, named), some,
                                           kImportWords.arg(m_order.Name()));
     }
+    return keys;
 }
 
 /// @return why nothing came of it, "" if it did
@@ -101,12 +102,18 @@ RehearsalResult Rehearsal::Carry(const WorkStep& step)
     }
     store::Transaction whole(m_desk.databook);
     Undone undone;
-    AddRows(result, undone); // the queue does not turn meanwhile: nobody else may write into this transaction
+    // The queue does not turn meanwhile: nobody else may write into this transaction.
+    for (const QString& key : AddRows(result, undone))
+        if (images.WantsProof())
+            images.ProvedBy({key, {}});
     for (qsizetype at = 0; at < m_rows.size(); ++at) {
         if (m_rows.at(at).choice != RowChoice::TakeTheirs && m_rows.at(at).choice != RowChoice::FillBlanks)
             continue;
+        const auto changed = result.changed;
         if (const QString why = ChangeRow(m_rows.at(at), result); !why.isEmpty())
             undone.insert(at, why);
+        if (result.changed > changed && images.WantsProof())
+            images.ProvedBy({m_rows.at(at).mine, SumOf(m_desk.databook, m_rows.at(at).mine)});
     }
     QSet<QString> dropped;
     for (auto one = undone.cbegin(); one != undone.cend(); ++one)

@@ -259,9 +259,13 @@ TEST_F(Import, SweepsWhatAKilledOneLeft)
 {
     disk.WriteWhole(u"C:\\JPG\\00000009.jpg.incoming999999999"_s, "half");
     disk.WriteWhole(u"C:\\JPG\\00000009.jpg.incoming-over999999999"_s, "old");
+    const QStringList before = Pictures();
     PutComp(u"1 ASH ST"_s);
     Run();
-    EXPECT_EQ(Pictures().size(), 2);
+    EXPECT_FALSE(disk.FileExists(u"C:\\JPG\\00000009.jpg.incoming999999999"_s));
+    EXPECT_TRUE(disk.FileExists(u"C:\\JPG\\00000009.jpg.incoming-over999999999"_s))
+        << "nobody knows whether the picture that it was copied from is still there";
+    EXPECT_EQ(Pictures().size(), before.size() - 1);
 }
 
 TEST_F(Import, TakesATableOfOtherFieldsInAnotherOrder)
