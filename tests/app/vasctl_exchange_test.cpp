@@ -1,6 +1,7 @@
 // Records out of the Databook and back in: whole processes on a demo home.
 
 #include "support/genuine_files.h"
+#include "support/killed_import.h"
 #include "support/processes.h"
 
 #include <gtest/gtest.h>
@@ -264,6 +265,15 @@ TEST_F(VasctlExchange, BringsAllRowsOrNoneWhenKilledInAnImport)
     ASSERT_EQ(home.Vasctl({u"import"_s, target, u"--pictures"_s, u"--yes"_s}).code, kDone);
     EXPECT_EQ(Records(), all);
     EXPECT_EQ(QDir(home.Native(u"VASCLIPS/JPG"_s)).entryList({u"*.incoming*"_s}, QDir::Files), QStringList());
+}
+
+TEST_F(VasctlExchange, WhatAKilledImportLeftIsUndoneWhereTheDatabookIsOpened)
+{
+    const KilledImport left(home.Native(u"DATABOOK/DATABOOK.MDB"_s), home.Native(u"VASCLIPS/JPG"_s));
+    ASSERT_EQ(home.Vasctl({u"settings"_s, u"list"_s}).code, kDone);
+    ASSERT_TRUE(left.IsThere());
+    EXPECT_GT(Records(), 0);
+    EXPECT_TRUE(left.IsUndone());
 }
 
 } // namespace

@@ -137,6 +137,16 @@ protected:
         EXPECT_EQ(Journals(), QStringList()) << run;
     }
     QStringList Journals() { return disk.Dir(u"C:\\*.placing*"_s); }
+    /// Gives the pictures the times that a list says.
+    static void Redate(const QByteArray& list)
+    {
+        for (const QJsonValue& one : QJsonDocument::fromJson(list)[u"pictures"_s].toArray()) {
+            QFile file(one[u"file"_s].toString());
+            ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+            ASSERT_TRUE(file.setFileTime(QDateTime::fromMSecsSinceEpoch(one[u"changed"_s].toInteger()),
+                                         QFileDevice::FileModificationTime));
+        }
+    }
     void SetInJournal(const QString& name, const QJsonValue& value)
     {
         const QString file = u"C:\\"_s + Journals().value(0);
@@ -257,6 +267,7 @@ TEST_F(ImportKill, BehindItsCommitIsLeftAsItIs)
         killed.Whole(InItsProcess(work));
         const Photos whole = Directory();
         disk.WriteWhole(journal, list);
+        Redate(list);
         for (auto one = kept.cbegin(); one != kept.cend(); ++one)
             disk.WriteWhole(u"C:\\JPG\\"_s + one.key(), *one);
         ExpectDirectory(whole, rehearsal);
