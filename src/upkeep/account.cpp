@@ -1,9 +1,8 @@
 #include "upkeep/account.h"
 
-#include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
-
-#include <QSaveFile>
+#include "upkeep/draft_file.h"
+#include "upkeep/target_file.h"
 
 #include <algorithm>
 
@@ -150,18 +149,17 @@ QString Account::Line(int index) const
 
 void Account::Save(const files::Disk& disk, const QString& path) const
 {
-    QSaveFile file(disk.ToNative(path));
+    DraftFile draft(disk.ToNative(path), path);
     const auto write = [&](const QString& line) {
         const QByteArray bytes = line.toUtf8() + '\n';
-        return file.write(bytes) == bytes.size();
+        return draft.Out().write(bytes) == bytes.size();
     };
-    bool whole = file.open(QIODevice::WriteOnly) && write(m_heading) && write(Summary()) && write({}) && write(kColumns);
+    bool whole = write(m_heading) && write(Summary()) && write({}) && write(kColumns);
     for (qint64 i = 0; whole && i < m_lines.Count(); ++i)
         whole = write(m_lines.Line(i));
-    if (!whole || !file.commit())
-        throw RuntimeError(error::kPathFileAccess,
-                           u"The account could not be saved as %1: %2. Choose another directory"_s.arg(
-                               path, file.errorString()));
+    if (!whole)
+        FailWriting(path, draft.Out());
+    draft.Finish();
 }
 
 } // namespace vasclip::upkeep

@@ -1,15 +1,13 @@
 #include "upkeep/export_csv.h"
 
-#include "platform/engine/new_file.h"
 #include "platform/files/disk.h"
 #include "platform/text/text.h"
 #include "store/record.h"
 #include "upkeep/code_pages.h"
 #include "upkeep/csv_text.h"
+#include "upkeep/draft_file.h"
 #include "upkeep/export_statement.h"
 #include "upkeep/target_file.h"
-
-#include <QFile>
 
 namespace vasclip::upkeep {
 
@@ -37,10 +35,8 @@ CsvExport ExportCsv(const TransferDesk& desk, const QString& file, const QString
         shown.append(i);
         names.append(rows.Fields().at(i).name);
     }
-    engine::NewFile whole(desk.Disk().ToNative(file), file);
-    QFile out(whole.Path());
-    if (!out.open(QIODevice::WriteOnly))
-        FailWriting(file, out);
+    DraftFile draft(desk.Disk().ToNative(file), file);
+    QFile& out = draft.Out();
     out.write(MarkOf(form.codePage) + Encoded(CsvLine(names, form.delimiter), form.codePage, result.lost));
     const qint64 count = rows.Count();
     for (qint64 at = 0; at < count; ++at) {
@@ -57,10 +53,7 @@ CsvExport ExportCsv(const TransferDesk& desk, const QString& file, const QString
             FailWriting(file, out);
         ++result.records;
     }
-    if (!out.flush())
-        FailWriting(file, out);
-    out.close();
-    whole.Finish();
+    draft.Finish();
     result.written = true;
     return result;
 }

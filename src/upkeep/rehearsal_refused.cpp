@@ -6,10 +6,10 @@
 #include "platform/text/text.h"
 #include "store/record.h"
 #include "upkeep/csv_text.h"
+#include "upkeep/draft_file.h"
 #include "upkeep/list_headings.h"
 #include "upkeep/target_file.h"
 
-#include <QSaveFile>
 
 namespace vasclip::upkeep {
 
@@ -54,9 +54,10 @@ qsizetype Rehearsal::WriteRefused(const QString& file) const
         throw RuntimeError(error::kPathFileAccess, kOverSource.arg(file));
     NeedTextFile(m_desk.Disk(), file);
     const QByteArray bytes = RefusedText();
-    QSaveFile out(m_desk.Disk().ToNative(file));
-    if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.flush() || !out.commit())
-        FailWriting(file, out);
+    DraftFile draft(m_desk.Disk().ToNative(file), file);
+    if (draft.Out().write(bytes) != bytes.size())
+        FailWriting(file, draft.Out());
+    draft.Finish();
     return refused;
 }
 

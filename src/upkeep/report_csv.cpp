@@ -1,10 +1,9 @@
 #include "upkeep/report_csv.h"
 
 #include "store/fields.h"
+#include "upkeep/draft_file.h"
 #include "upkeep/report_values.h"
 #include "upkeep/target_file.h"
-
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -43,8 +42,9 @@ paper::Made WriteReportCsv(const QString& file, const ReportLayout& layout, cons
                            const QDate& today, const std::function<bool()>& goOn)
 {
     const QList<LabelledField> columns = layout.Fields();
-    QSaveFile target(file);
-    bool fine = target.open(QIODevice::WriteOnly);
+    DraftFile draft(file, file);
+    QFile& target = draft.Out();
+    bool fine = true;
     const auto put = [&](const QStringList& line) {
         const QByteArray bytes = (line.join(u',') + u"\r\n"_s).toUtf8();
         fine = fine && target.write(bytes) == bytes.size();
@@ -55,10 +55,8 @@ paper::Made WriteReportCsv(const QString& file, const ReportLayout& layout, cons
         line.append(CsvField(column.label));
     put(line);
     for (qint64 place = 0; place < feed.count && fine; ++place) {
-        if (place % kRowsBetween == 0 && !goOn()) {
-            target.cancelWriting();
+        if (place % kRowsBetween == 0 && !goOn())
             return paper::Made::Stopped;
-        }
         const std::optional<store::Record> record = feed.at(place);
         if (!record)
             continue;
@@ -67,8 +65,9 @@ paper::Made WriteReportCsv(const QString& file, const ReportLayout& layout, cons
             line.append(CsvField(CsvValue(*record, column, today)));
         put(line);
     }
-    if (!fine || !target.flush() || !target.commit())
+    if (!fine)
         FailWriting(file, target);
+    draft.Finish();
     return paper::Made::Whole;
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/paper/typesetter.h"
 #include "platform/text/runtime_error.h"
+#include "upkeep/draft_file.h"
 
 #include <QPagedPaintDevice>
 #include <QPainter>
@@ -41,10 +42,14 @@ paper::Made PrintToPdf(const ReportBook& book, const QString& file, const Report
     paper::Typesetter setter;
     ReportPager pager(book.layout, book.sheet, book.facts, book.feed, setter);
     ReportPager::Place place;
-    return paper::WritePdf(
-        file, book.sheet, {.title = book.layout.words, .made = book.facts.now},
+    DraftFile draft(file, file);
+    const paper::Made made = paper::WritePdf(
+        draft.Out(), file, book.sheet, {.title = book.layout.words, .made = book.facts.now},
         [&] { return pager.Next(place, pages); }, book.pictures,
         [&] { return progress(kPrinting, std::min(place.page, pages), pages); });
+    if (made == paper::Made::Whole)
+        draft.Finish();
+    return made;
 }
 
 SentPages PrintToDevice(const ReportBook& book, QPagedPaintDevice& device, double dots, const QPageRanges& wanted,

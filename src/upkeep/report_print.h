@@ -26,7 +26,7 @@ struct ReportBook
 [[nodiscard]] int CountPages(const ReportBook& book, const ReportProgress& progress);
 
 /// All pages into a PDF. What stood under the file's name stays until the new one is whole.
-/// @param file  native path. @throws RuntimeError as paper::WritePdf
+/// @param file  native path. @throws RuntimeError as DraftFile and paper::WritePdf
 [[nodiscard]] paper::Made PrintToPdf(const ReportBook& book, const QString& file,
                                      const ReportProgress& progress);
 

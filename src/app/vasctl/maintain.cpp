@@ -1,10 +1,10 @@
 #include "app/vasctl/session.h"
 
 #include "platform/text/runtime_error.h"
+#include "upkeep/draft_file.h"
 #include "upkeep/repairs.h"
 
 #include <QElapsedTimer>
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -28,10 +28,12 @@ QJsonArray Lines(const upkeep::Account& account)
 /// Nothing is repaired for an account that could not be kept.
 bool CanBeWritten(const files::Disk& disk, const QString& path)
 {
-    QSaveFile file(disk.ToNative(path));
-    const bool can = file.open(QIODevice::WriteOnly);
-    file.cancelWriting();
-    return can;
+    try {
+        const upkeep::DraftFile probe(disk.ToNative(path), path);
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
+    }
 }
 
 void Print(const Output& out, const upkeep::RepairResult& result, const upkeep::Account& account, const QString& kept)

@@ -18,7 +18,7 @@ const QString kJournal = u"-journal"_s;
 
 /// What processes that were killed have left beside a target: "NAME.MDB.new" with a process' number, and what was made
 /// beside that in turn.
-void SweepLeftovers(const QString& target)
+void SweepLeftovers(const QString& target, NewFile::Kind kind)
 {
     const QFileInfo whole(target);
     const QString begin = whole.fileName() + kMark;
@@ -29,7 +29,8 @@ void SweepLeftovers(const QString& target)
         qsizetype end = begin.size();
         while (end < name.size() && name[end] >= u'0' && name[end] <= u'9')
             ++end;
-        if (!name.startsWith(begin) || end == begin.size())
+        const bool tail = end < name.size() && kind == NewFile::Kind::Other;
+        if (!name.startsWith(begin) || end == begin.size() || tail)
             continue;
         const qint64 process = QStringView(name).sliced(begin.size(), end - begin.size()).toLongLong();
         if (process == OwnProcess() || !IsAlive(process, {}))
@@ -41,12 +42,13 @@ void SweepLeftovers(const QString& target)
 
 } // namespace
 
-NewFile::NewFile(const QString& target, const QString& shown)
+NewFile::NewFile(const QString& target, const QString& shown, Kind kind)
     : m_target(target)
     , m_shown(shown)
     , m_path(target + kMark + QString::number(OwnProcess()))
+    , m_kind(kind)
 {
-    SweepLeftovers(target);
+    SweepLeftovers(target, kind);
     // Made empty at once, so that missing rights have their own error.
     if (!QFileInfo(QFileInfo(m_path).absolutePath()).isDir())
         throw RuntimeError(error::kPathNotFound, u"The directory of %1 is not there"_s.arg(shown));
@@ -67,19 +69,21 @@ void NewFile::Finish()
     // A journal that another file of the name has left would be played back into this one. Of a file that is there it
     // goes last: until then it may be needed.
     const QString journal = m_target + kJournal;
-    const bool gone = QFile::exists(m_target) || !QFile::exists(journal) || QFile::remove(journal);
+    const bool gone = m_kind == Kind::Other || QFile::exists(m_target) || !QFile::exists(journal) || QFile::remove(journal);
     if (!gone || !FlushFile(m_path) || !RenameOver(m_path, m_target))
         throw RuntimeError(
             error::kPathFileAccess,
             u"The file %1 could not be written. Make sure that you have rights to its directory"_s.arg(
                 m_shown));
-    QFile::remove(journal);
+    if (m_kind == Kind::Database)
+        QFile::remove(journal);
 }
 
 void NewFile::Remove()
 {
     QFile::remove(m_path);
-    QFile::remove(m_path + kJournal);
+    if (m_kind == Kind::Database)
+        QFile::remove(m_path + kJournal);
 }
 
 } // namespace vasclip::engine

@@ -4,7 +4,6 @@
 
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 
 namespace vasclip::paper {
 
@@ -19,7 +18,7 @@ const QString kFull = u"the disk is full or takes no more"_s;
 class DatedFile : public QIODevice
 {
 public:
-    DatedFile(QSaveFile& file, const QDateTime& made)
+    DatedFile(QIODevice& file, const QDateTime& made)
         : m_file(file)
         , m_made(made.toString(u"yyyyMMddHHmmss"_s).toLatin1())
     {
@@ -44,56 +43,49 @@ protected:
     }
 
 private:
-    QSaveFile& m_file;
+    QIODevice& m_file;
     QByteArray m_made;
     bool m_dated = false;
     bool m_failed = false;
 };
 
-/// Which of its calls failed the file does not always remember.
-[[noreturn]] void Fail(int number, const QString& file, const QString& reason)
+[[noreturn]] void Fail(const QString& shown)
 {
-    throw RuntimeError(number, u"%1 can't be written: %2. Nothing was stored"_s.arg(file, reason));
+    throw RuntimeError(error::kDiskFull, u"%1 can't be written: %2. Nothing was stored"_s.arg(shown, kFull));
 }
 
 } // namespace
 
-Made WritePdf(const QString& file, const Sheet& sheet, const PdfFacts& facts,
+Made WritePdf(QIODevice& into, const QString& shown, const Sheet& sheet, const PdfFacts& facts,
               const std::function<std::optional<Page>()>& next, PictureSource& pictures,
               const std::function<bool()>& goOn)
 {
-    QSaveFile target(file);
-    if (!target.open(QIODevice::WriteOnly))
-        Fail(error::kPathFileAccess, file, target.errorString());
-    {
-        DatedFile dated(target, facts.made);
-        QPdfWriter writer(&dated);
-        writer.setResolution(kInch);
-        writer.setPageLayout(sheet.Layout());
-        writer.setTitle(facts.title);
-        writer.setCreator(u"Vasclip"_s);
-        QPainter painter(&writer);
-        bool first = true;
-        while (goOn()) {
-            const std::optional<Page> page = next();
-            if (!page) {
-                painter.end();
-                if (dated.Failed() || !target.commit())
-                    Fail(error::kDiskFull, file, kFull);
-                return Made::Whole;
-            }
-            if (!first)
-                writer.newPage();
-            first = false;
-            Paint(painter, *page, 1, pictures);
+    DatedFile dated(into, facts.made);
+    QPdfWriter writer(&dated);
+    writer.setResolution(kInch);
+    writer.setPageLayout(sheet.Layout());
+    writer.setTitle(facts.title);
+    writer.setCreator(u"Vasclip"_s);
+    QPainter painter(&writer);
+    bool first = true;
+    while (goOn()) {
+        const std::optional<Page> page = next();
+        if (!page) {
+            painter.end();
             if (dated.Failed())
-                break;
+                Fail(shown);
+            return Made::Whole;
         }
-        painter.end();
+        if (!first)
+            writer.newPage();
+        first = false;
+        Paint(painter, *page, 1, pictures);
         if (dated.Failed())
-            Fail(error::kDiskFull, file, kFull);
+            break;
     }
-    target.cancelWriting();
+    painter.end();
+    if (dated.Failed())
+        Fail(shown);
     return Made::Stopped;
 }
 

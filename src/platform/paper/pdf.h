@@ -3,6 +3,7 @@
 #include "platform/paper/painter.h"
 
 #include <QDateTime>
+#include <QIODevice>
 
 #include <functional>
 #include <optional>
@@ -18,13 +19,13 @@ struct PdfFacts
 
 enum class Made { Whole, Stopped };
 
-/// Writes pages into a PDF: beside the file, flushed, then renamed, so that there is never half of one under
-/// its name.
-/// @param file  native path
-/// @param next  the pages one by one, nothing behind the last
-/// @param goOn  asked before each page; false stops, and what stood there before stays
-/// @throws RuntimeError 61 for a full disk, 75 where the file can't be written
-[[nodiscard]] Made WritePdf(const QString& file, const Sheet& sheet, const PdfFacts& facts,
+/// Writes pages as a PDF.
+/// @param into   open for writing; half of one is in it after a stop or an error
+/// @param shown  its name, as the user knows it
+/// @param next   the pages one by one, nothing behind the last
+/// @param goOn   asked before each page; false stops
+/// @throws RuntimeError 61 where it takes no more
+[[nodiscard]] Made WritePdf(QIODevice& into, const QString& shown, const Sheet& sheet, const PdfFacts& facts,
                             const std::function<std::optional<Page>()>& next, PictureSource& pictures,
                             const std::function<bool()>& goOn);
 
