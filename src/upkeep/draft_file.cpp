@@ -19,7 +19,8 @@ QString PlaceOf(const QString& target, const QString& shown)
 {
     const QFileInfo given(target);
     const QFileInfo place(given.isSymLink() ? given.symLinkTarget() : target);
-    if (place.exists() && (!place.isFile() || !place.isWritable()))
+    const bool open = place.isFile() && place.isWritable() && place.permission(QFile::WriteOwner);
+    if (place.exists() && !open)
         throw RuntimeError(error::kPathFileAccess, kNoPlace.arg(shown));
     return place.absoluteFilePath();
 }

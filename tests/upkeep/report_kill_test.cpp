@@ -148,10 +148,18 @@ TEST_P(ReportKill, NoHalfOfOneTakesThePlaceOfTheOlderFile)
 
 TEST_P(ReportKill, WhereNoFileCanStandNothingIsLeft)
 {
+    const auto refused = [this] {
+        return tests::NumberOf([this] { Write([] { ADD_FAILURE() << "it began"; return true; }); });
+    };
     QDir(dir.path()).mkdir(name);
-    EXPECT_EQ(tests::NumberOf([this] { WriteAll(); }), error::kPathFileAccess);
+    EXPECT_EQ(refused(), error::kPathFileAccess);
     EXPECT_EQ(Files(), QStringList());
     QDir(dir.path()).rmdir(name);
+    Put(name, "older");
+    QFile::setPermissions(file, QFile::ReadOwner);
+    EXPECT_EQ(refused(), error::kPathFileAccess);
+    EXPECT_EQ(Content(name), "older");
+    EXPECT_EQ(Files(), QStringList{name});
     dir.remove();
     EXPECT_EQ(tests::NumberOf([this] { WriteAll(); }), error::kPathNotFound);
 }
