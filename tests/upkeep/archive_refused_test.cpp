@@ -29,6 +29,23 @@ TEST_F(ArchiveRefusal, ARecordWhosePictureCanNotBeReadStaysAndTheOthersGo)
         << done.left[0].toStdString();
 }
 
+/// As for a picture that can't be read, which a test of the system's own user meets nowhere.
+TEST_F(ArchiveRefusal, ARecordWhosePictureTheArchiveCanNotTakeStaysAndTheOthersGo)
+{
+    for (const QString& letter : {u"A"_s, u"B"_s, u"C"_s})
+        Comp(u"1 %1 ST"_s.arg(letter), u"05/05/1995"_s, letter);
+    ASSERT_TRUE(QDir().mkpath(disk.ToNative(pictures + u"B.jpg"_s))); // a directory has its name
+    const Archived done = Run();
+    EXPECT_FALSE(done.failure);
+    EXPECT_EQ(There(), (QStringList{u"1 A ST"_s, u"1 C ST"_s}));
+    EXPECT_EQ(Here(), QStringList{u"1 B ST"_s});
+    EXPECT_EQ(disk.ReadWhole(u"C:\\JPG\\B.jpg"_s), "front of 1 B ST");
+    EXPECT_EQ(disk.ReadWhole(u"C:\\JPG\\BR.jpg"_s), "rear of 1 B ST");
+    ASSERT_EQ(done.left.size(), 1);
+    EXPECT_TRUE(done.left[0].startsWith(u"1 B ST: "_s) && done.left[0].endsWith(u"; the record stays"_s))
+        << done.left[0].toStdString();
+}
+
 TEST_F(ArchiveRefusal, ARecordThatTheArchiveHasNoRoomForStaysAndTheOthersGo)
 {
     {

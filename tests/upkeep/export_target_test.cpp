@@ -38,6 +38,9 @@ protected:
         disk.WriteWhole(target, half);
         disk.WriteWhole(journal, back);
         ASSERT_FALSE(back.isEmpty());
+        QFile old(disk.ToNative(target)); // an hour ago
+        ASSERT_TRUE(old.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(old.setFileTime(QDateTime::currentDateTimeUtc().addSecs(-3600), QFileDevice::FileModificationTime));
     }
 };
 
@@ -58,6 +61,10 @@ TEST_F(ExportTarget, AJournalWithoutItsFileSpoilsNoNewOne)
     EXPECT_TRUE(Run(u"SECOND"_s, Step()).written);
     EXPECT_EQ(Keys(target, u"SECOND"_s).size(), 3);
     EXPECT_FALSE(disk.Found(journal));
+    disk.Kill(target);
+    disk.MkDir(journal); // what can't be taken away might be played back into the new one
+    EXPECT_EQ(tests::NumberOf([&] { (void)Run(u"SECOND"_s, Step()); }), error::kPathFileAccess);
+    EXPECT_FALSE(disk.Found(target));
 }
 
 TEST_F(ExportTarget, IsNamedWhereTheFileThatIsWorkedOnFails)

@@ -316,7 +316,10 @@ TEST_F(Rehearsed, WritesRefusedRowsWithTheReason)
     database->Close();
     const Rehearsal rehearsal(Desk(), {.source = file, .table = u"ODD"_s, .pictures = true});
     EXPECT_EQ(rehearsal.Count(RowKind::Refused), 2);
-    EXPECT_EQ(tests::NumberOf([&] { (void)rehearsal.WriteRefused(file); }), error::kPathFileAccess) << "a database";
+    EXPECT_EQ(tests::NumberOf([&] { (void)rehearsal.WriteRefused(file); }), error::kPathFileAccess) << "its source";
+    const QByteArray comps = disk.ReadWhole(path);
+    EXPECT_EQ(tests::NumberOf([&] { (void)rehearsal.WriteRefused(path); }), error::kPathFileAccess) << "a database";
+    EXPECT_EQ(disk.ReadWhole(path), comps);
     EXPECT_EQ(rehearsal.WriteRefused(u"C:\\EXPORT\\REFUSED.CSV"_s), 2);
     EXPECT_EQ(disk.ReadWhole(u"C:\\EXPORT\\REFUSED.CSV"_s),
               "CENTRALKEY,CITY,REASON\r\n"

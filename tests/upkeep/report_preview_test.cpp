@@ -1,5 +1,6 @@
 #include "upkeep/print_home.h"
 
+#include "platform/text/runtime_error.h"
 #include "support/file_limit.h"
 
 #include <QFile>
@@ -252,6 +253,23 @@ TEST_F(Preview, AReportThatCanNotBeReadAnyMoreIsNotSaidToLackWhatIsLookedFor)
         EXPECT_THROW(Click(preview.cmdFind), RuntimeError); // for the program's box
         EXPECT_FALSE(preview.lblmsg.Caption().contains(u"stands on no page"_s)) << preview.lblmsg.Caption().toStdString();
         EXPECT_TRUE(preview.cmdExit.Enabled());
+    });
+}
+
+TEST_F(Preview, ASearchThatAFailureEndsIsNotSaidToHaveFoundNothing)
+{
+    Comps(300);
+    const auto screen = Make(u"SELECT * FROM COMPS"_s);
+    Print(*screen, [&](frm_ReportPreview& preview) {
+        doubles.pump.onTurn = [] { throw RuntimeError(error::kDeviceIo, u"The disk fails"_s); };
+        doubles.prompter.Answer(forms::Answer::Abort);
+        preview.txtFind.SetText(u"nowhere"_s);
+        Click(preview.cmdFind);
+        doubles.pump.onTurn = {};
+        EXPECT_EQ(doubles.prompter.Last().buttons, forms::Buttons::AbortRetryIgnore);
+        EXPECT_EQ(preview.lblmsg.Caption(), QString());
+        Click(preview.cmdFind);
+        EXPECT_EQ(preview.lblmsg.Caption(), u"nowhere stands on no page."_s);
     });
 }
 

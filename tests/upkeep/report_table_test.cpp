@@ -155,7 +155,10 @@ TEST_F(FilledReport, IsNotTakenFromSomebodyWhoPrintsFromIt)
     EXPECT_EQ(Fill({}), 3);
     const auto open = engine.OpenDatabase(file);
     const auto rows = open->OpenRecordset(table, engine::RecordsetType::Table);
+    const QByteArray theirs = disk.ReadWhole(file);
     EXPECT_ANY_THROW(Fill({}));
+    ASSERT_TRUE(disk.FileExists(file)) << "it was taken from under them";
+    EXPECT_EQ(disk.ReadWhole(file), theirs);
     EXPECT_EQ(rows->RecordCount(), 3);
 }
 
