@@ -120,7 +120,7 @@ void DatabookInUse::OpenDatabook()
         }
     }
     CheckDatabook(engine::CheckDepth::Opening);
-    m_program.UndoKilledImports();
+    m_program.UndoKilledTransfers();
 }
 
 void DatabookInUse::NameDatabook(const Databook& databook)

@@ -17,6 +17,7 @@
 #include "shell/map_parts.h"
 #include "shell/photo_questions.h"
 #include "shell/slot_icon_pictures.h"
+#include "upkeep/archive_journal.h"
 #include "upkeep/picture_journal.h"
 
 namespace vasclip::shell {
@@ -173,7 +174,7 @@ void Program::ConnectDatabook()
                                    u"backup, or let 'vasctl databook copy "
                                    u"FILE' make a new one of what can be read."_s.arg(
                                        path, engine::DamageOf(sources.datDatabook.Database())));
-    UndoKilledImports();
+    UndoKilledTransfers();
 }
 
 void Program::ConnectMapping()
@@ -199,10 +200,12 @@ bool Program::LookAtDatabook(engine::CheckDepth depth)
     return engine::DamageOf(database).isEmpty();
 }
 
-void Program::UndoKilledImports()
+void Program::UndoKilledTransfers()
 {
-    if (sources.datDatabook.Bound() && !life.readOnlyHome)
-        upkeep::PictureJournal::Replay({.databook = sources.datDatabook, .globals = globals, .ports = Ports()});
+    if (!sources.datDatabook.Bound() || life.readOnlyHome)
+        return;
+    upkeep::PictureJournal::Replay({.databook = sources.datDatabook, .globals = globals, .ports = Ports()});
+    upkeep::ArchiveJournal::Replay(sources.datDatabook);
 }
 
 void Program::AddGenViews2CBO()

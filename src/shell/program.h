@@ -122,9 +122,8 @@ public:
     /// on.
     /// @return false if it is damaged
     bool LookAtDatabook(engine::CheckDepth depth);
-    /// Undoes what an import into the Databook, that was killed before its rows were stored, has left in the photo
-    /// directory.
-    void UndoKilledImports();
+    /// Undoes what an import or an archive of the Databook that was killed has left among the pictures.
+    void UndoKilledTransfers();
     void AddGenViews2CBO();
 
 private:

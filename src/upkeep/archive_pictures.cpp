@@ -48,6 +48,19 @@ QStringList ArchivedPictures::StemsOf(const store::Record& record, QStringList& 
     return stems;
 }
 
+QList<ArchivedFile> ArchivedPictures::FilesOf(const QStringList& stems) const
+{
+    QList<ArchivedFile> found;
+    for (const QString& stem : stems) {
+        const QString here = m_disk.ToNative(Here(stem));
+        found.append({.here = here,
+                      .there = m_disk.ToNative(There(stem)),
+                      .mark = FileMark::Of(here),
+                      .fresh = !m_disk.Found(There(stem), files::ReadOnly | files::Hidden)});
+    }
+    return found;
+}
+
 /// A picture gives way with the record that shows it, unless another one of the archive shows it too.
 bool ArchivedPictures::MayReplace(const QString& stem, const store::DataSource& archive,
                                   const std::optional<store::Record>& there)

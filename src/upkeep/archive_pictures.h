@@ -3,6 +3,7 @@
 #include "platform/files/disk.h"
 #include "store/data_source.h"
 #include "store/record.h"
+#include "upkeep/archive_journal.h"
 
 #include <optional>
 
@@ -21,6 +22,8 @@ public:
     /// Stems of the record's pictures that are in the photo directory. @param missing  takes those that the archive
     /// lacks too
     [[nodiscard]] QStringList StemsOf(const store::Record& record, QStringList& missing) const;
+    /// Where each of them is and goes.
+    [[nodiscard]] QList<ArchivedFile> FilesOf(const QStringList& stems) const;
     /// Copies them into the archive's directory.
     /// @param archive  its table
     /// @param there    the record of it that gives way

@@ -10,6 +10,7 @@
 #include "store/messages.h"
 #include "store/move_record.h"
 #include "store/record.h"
+#include "upkeep/archive_journal.h"
 #include "upkeep/archive_pictures.h"
 #include "upkeep/archive_target.h"
 #include "upkeep/named_pictures.h"
@@ -74,6 +75,7 @@ public:
         , m_step(step)
         , m_archive(work.databook.Engine(), u"datarchive"_s)
         , m_pictures(work.disk, work.globals.G_PhotoDir, work.file)
+        , m_journal(work.databook, work.file, work.table)
     {}
     Archived Run();
 
@@ -93,6 +95,7 @@ private:
     QStringList m_ownFields; ///< of the archive, which the Databook lacks
     QStringList m_lacking;   ///< fields of the Databook that the archive has no place for
     ArchivedPictures m_pictures;
+    ArchiveJournal m_journal;
     NamedPictures m_named;
     Archived m_done;
 };
@@ -161,6 +164,8 @@ bool Archiving::Take(const QString& key, const store::Record& record)
     const QStringList stems = m_pictures.StemsOf(record, missing);
     if (!missing.isEmpty())
         NeedPhotoDirectory(); // it may have gone meanwhile, with all that is in it
+    m_journal.Begin(key, m_pictures.FilesOf(stems));
+    const auto ended = qScopeGuard([this] { m_journal.End(); });
     if (const QString other = m_pictures.Copy(stems, m_archive, there); !other.isEmpty()) {
         m_done.left.append(kOtherPicture.arg(key, other));
         return true;
@@ -186,6 +191,7 @@ bool Archiving::Take(const QString& key, const store::Record& record)
     case store::Moved::Gone:
         return true;
     }
+    m_journal.Moved();
     for (const QString& stem : std::as_const(missing))
         m_done.missing.append(kMissing.arg(key, stem, m_work.globals.G_PhotoDir));
     if (record.Has(fields::PHOTOS))
@@ -215,6 +221,7 @@ void Archiving::TakeKey(const QString& key)
 
 Archived Archiving::Run()
 {
+    ArchiveJournal::Replay(m_work.databook);
     CompleteFields(m_work.databook, m_work.file, m_work.table);
     m_archive.Open(m_work.file, m_work.table, store::SourceKind::Table);
     ChooseFields();

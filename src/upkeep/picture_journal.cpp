@@ -7,13 +7,10 @@
 #include "upkeep/named_pictures.h"
 
 #include <QCryptographicHash>
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
-#include <QSysInfo>
 
 #include <algorithm>
 
@@ -23,8 +20,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kPiece = 32768;
-constexpr qint64 kMost = 256 << 20; ///< bytes of a journal
 const QString kMark = u".placing"_s;
 const QString kEarlier = u"Pictures of an earlier import could not be put back (%1). Make sure that you have rights to the photo "
                          u"directory, start the program anew and import again"_s;
@@ -32,13 +27,11 @@ const QString kEarlier = u"Pictures of an earlier import could not be put back (
 /// What one journal says.
 struct Entries
 {
-    QString host, started;
-    qint64 process = 0;
     QList<PlacedPicture> pictures;
     QList<Proof> proofs;
 };
 
-QByteArray TextOf(const QList<PlacedPicture>& pictures, const QList<Proof>& proofs)
+QJsonObject ContentOf(const QList<PlacedPicture>& pictures, const QList<Proof>& proofs)
 {
     QJsonArray files;
     for (const PlacedPicture& one : pictures)
@@ -50,13 +43,7 @@ QByteArray TextOf(const QList<PlacedPicture>& pictures, const QList<Proof>& proo
     QJsonArray records;
     for (const Proof& one : proofs)
         records.append(QJsonObject{{u"key"_s, one.key}, {u"values"_s, QString::fromLatin1(one.values)}});
-    const qint64 process = engine::OwnProcess();
-    return QJsonDocument(QJsonObject{{u"host"_s, QSysInfo::machineHostName()},
-                                     {u"process"_s, process},
-                                     {u"started"_s, engine::StartMark(process)},
-                                     {u"records"_s, records},
-                                     {u"pictures"_s, files}})
-        .toJson(QJsonDocument::Compact);
+    return {{u"records"_s, records}, {u"pictures"_s, files}};
 }
 
 /// Nothing else is touched, whatever a file of a journal's name says.
@@ -67,37 +54,22 @@ bool IsPicture(const PlacedPicture& one)
            (one.kept.isEmpty() || beside(one.kept));
 }
 
-/// @return nothing for a file that is no journal
-std::optional<Entries> Read(const QString& native)
+/// @return nothing for what is no journal
+std::optional<Entries> EntriesOf(const QJsonObject& whole)
 {
-    QFile file(native);
-    if (!file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    const QJsonObject whole = QJsonDocument::fromJson(file.read(kMost)).object();
     if (!whole.contains(u"pictures"_s))
         return std::nullopt;
-    Entries entries{.host = whole[u"host"].toString(),
-                    .started = whole[u"started"].toString(),
-                    .process = whole[u"process"].toInteger(),
-                    .pictures = {},
-                    .proofs = {}};
-    for (const QJsonValue& value : whole[u"pictures"].toArray())
-        entries.pictures.append({.file = value[u"file"].toString(),
-                                 .waiting = value[u"waiting"].toString(),
-                                 .kept = value[u"kept"].toString(),
-                                 .mark = {value[u"bytes"].toInteger(), value[u"changed"].toInteger()}});
-    for (const QJsonValue& value : whole[u"records"].toArray())
-        entries.proofs.append({value[u"key"].toString(), value[u"values"].toString().toLatin1()});
+    Entries entries;
+    for (const QJsonValue& value : whole[u"pictures"_s].toArray())
+        entries.pictures.append({.file = value[u"file"_s].toString(),
+                                 .waiting = value[u"waiting"_s].toString(),
+                                 .kept = value[u"kept"_s].toString(),
+                                 .mark = {value[u"bytes"_s].toInteger(), value[u"changed"_s].toInteger()}});
+    for (const QJsonValue& value : whole[u"records"_s].toArray())
+        entries.proofs.append({value[u"key"_s].toString(), value[u"values"_s].toString().toLatin1()});
     if (!std::ranges::all_of(entries.pictures, IsPicture))
         return std::nullopt;
     return entries;
-}
-
-/// Of another machine's process nobody can tell from here whether it still runs.
-bool IsLeft(const Entries& entries)
-{
-    return entries.host == QSysInfo::machineHostName() &&
-           (entries.process == engine::OwnProcess() || !engine::IsAlive(entries.process, entries.started));
 }
 
 bool WereStored(const TransferDesk& desk, const QList<Proof>& proofs)
@@ -139,32 +111,6 @@ bool Undo(const TransferDesk& desk, const Entries& entries)
 
 } // namespace
 
-FileMark FileMark::Of(const QString& native)
-{
-    const QFileInfo info(native);
-    return info.isFile() ? FileMark{info.size(), info.lastModified().toMSecsSinceEpoch()} : FileMark{};
-}
-
-bool SameBytes(const QString& left, const QString& right)
-{
-    QFile one(left);
-    QFile other(right);
-    if (!one.open(QIODevice::ReadOnly) || !other.open(QIODevice::ReadOnly) || one.size() != other.size())
-        return false;
-    while (!one.atEnd())
-        if (one.read(kPiece) != other.read(kPiece))
-            return false;
-    return true;
-}
-
-bool RemoveFile(const QString& native)
-{
-    if (!QFile::exists(native) || QFile::remove(native))
-        return true;
-    QFile::setPermissions(native, QFile::permissions(native) | QFile::WriteOwner);
-    return QFile::remove(native);
-}
-
 QByteArray SumOf(const store::DataSource& databook, const QString& key)
 {
     const auto record = store::ReadRecord(databook, key);
@@ -179,37 +125,22 @@ QByteArray SumOf(const store::DataSource& databook, const QString& key)
 }
 
 PictureJournal::PictureJournal(const TransferDesk& desk)
-    : m_disk(desk.Disk())
-    , m_file(desk.Databook() + kMark + QString::number(engine::OwnProcess()))
+    : m_list(desk.Disk(), desk.Databook(), kMark)
 {}
 
 void PictureJournal::Write(const QList<PlacedPicture>& pictures, const QList<Proof>& proofs)
 {
-    if (m_disk.Found(m_file, files::ReadOnly | files::Hidden))
-        throw RuntimeError(error::kPathFileAccess, kEarlier.arg(m_file));
-    m_disk.WriteWhole(m_file, TextOf(pictures, proofs));
-    m_written = true;
-}
-
-void PictureJournal::Remove()
-{
-    if (m_written)
-        static_cast<void>(RemoveFile(m_disk.ToNative(m_file)));
-    m_written = false;
+    if (m_list.IsThere())
+        throw RuntimeError(error::kPathFileAccess, kEarlier.arg(m_list.File()));
+    m_list.Write(ContentOf(pictures, proofs));
 }
 
 void PictureJournal::Replay(const TransferDesk& desk)
 try {
-    const QFileInfo databook(desk.Disk().ToNative(desk.Databook()));
-    const QDir directory = databook.absoluteDir();
-    const QString begin = databook.fileName() + kMark;
-    for (const QString& name : directory.entryList({u"*"_s + kMark + u"*"_s}, QDir::Files | QDir::Hidden)) {
-        if (!name.startsWith(begin))
-            continue;
-        const auto entries = Read(directory.filePath(name));
-        if (entries && IsLeft(*entries) && Undo(desk, *entries))
-            QFile::remove(directory.filePath(name));
-    }
+    LeftList::Replay(desk.Disk(), desk.Databook(), kMark, [&](const QJsonObject& content) {
+        const auto entries = EntriesOf(content);
+        return entries && Undo(desk, *entries);
+    });
 } catch (const RuntimeError&) {
 }
 

@@ -1,24 +1,10 @@
 #pragma once
 
+#include "upkeep/left_list.h"
+#include "upkeep/placed_file.h"
 #include "upkeep/transfer_desk.h"
 
 namespace vasclip::upkeep {
-
-/// What tells a file from another one of its name; a rename leaves it as it is.
-struct FileMark
-{
-    qint64 bytes = -1; ///< -1: there is none
-    qint64 changed = 0;
-
-    [[nodiscard]] static FileMark Of(const QString& native);
-    [[nodiscard]] bool IsThere() const { return bytes >= 0; }
-    friend bool operator==(const FileMark&, const FileMark&) = default;
-};
-
-/// Do two files hold the same? False where one can't be read.
-[[nodiscard]] bool SameBytes(const QString& left, const QString& right);
-/// Deletes a file, also one that is write-protected. @return false if it is still there
-bool RemoveFile(const QString& native);
 
 /// A picture on its way into the photo directory.
 struct PlacedPicture
@@ -49,7 +35,7 @@ public:
 
     /// @throws RuntimeError 75 where an earlier one of this process stands, as Disk::WriteWhole
     void Write(const QList<PlacedPicture>& pictures, const QList<Proof>& proofs);
-    void Remove();
+    void Remove() { m_list.Remove(); }
 
     /// Undoes what processes that are no more have left of the Databook: where their rows were not stored, a picture that
     /// no record names goes, and one that gave way is back. What somebody has put under a name since stays.
@@ -57,9 +43,7 @@ public:
     static void Replay(const TransferDesk& desk);
 
 private:
-    const files::Disk& m_disk;
-    QString m_file;
-    bool m_written = false;
+    LeftList m_list;
 };
 
 } // namespace vasclip::upkeep
