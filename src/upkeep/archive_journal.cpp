@@ -43,29 +43,35 @@ QString StemOf(const QString& native)
     return QFileInfo(native).completeBaseName();
 }
 
+NamedPictures NamedIn(const store::DataSource& databook, const QJsonObject& content, bool moved)
+{
+    if (moved)
+        return NamedPictures(databook);
+    store::DataSource archive(databook.Engine(), u"datarchive"_s);
+    archive.Open(content[u"archive"_s].toString(), content[u"table"_s].toString(), store::SourceKind::Table);
+    NamedPictures named(archive);
+    archive.Close();
+    return named;
+}
+
 /// @param moved  the record is in the archive
 /// @return false if something of it stays to be done
 bool Settle(const store::DataSource& databook, const QJsonObject& content, bool moved)
 {
-    const QList<ArchivedFile> pictures = PicturesOf(content);
+    QList<ArchivedFile> pictures = PicturesOf(content);
     if (pictures.isEmpty() || !std::ranges::all_of(pictures, IsPicture))
         return false;
-    NamedPictures named;
-    if (moved) {
-        named = NamedPictures(databook);
-    } else {
-        store::DataSource archive(databook.Engine(), u"datarchive"_s);
-        archive.Open(content[u"archive"_s].toString(), content[u"table"_s].toString(), store::SourceKind::Table);
-        named = NamedPictures(archive);
-        archive.Close();
-    }
+    // Whichever goes, the other holds the same.
+    pictures.removeIf([&](const ArchivedFile& one) {
+        const bool goes = moved ? FileMark::Of(one.here) == one.mark : one.fresh;
+        return !goes || !SameBytes(one.here, one.there);
+    });
+    if (pictures.isEmpty())
+        return true;
+    const NamedPictures named = NamedIn(databook, content, moved);
     bool whole = true;
-    for (const ArchivedFile& one : pictures) {
-        // Whichever goes, the other holds the same.
-        const bool goes = (moved ? FileMark::Of(one.here) == one.mark : one.fresh) && !named.Has(StemOf(one.here)) &&
-                          SameBytes(one.here, one.there);
-        whole = (!goes || RemoveFile(moved ? one.here : one.there)) && whole;
-    }
+    for (const ArchivedFile& one : std::as_const(pictures))
+        whole = (named.Has(StemOf(one.here)) || RemoveFile(moved ? one.here : one.there)) && whole;
     return whole;
 }
 
