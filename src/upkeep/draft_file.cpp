@@ -13,8 +13,9 @@ namespace {
 
 const QString kNoPlace = u"%1 can't be written: a directory or a file that is write-protected stands there. Nothing was stored. Choose "
                          u"another name"_s;
+const QString kNoDirectory = u"The directory of %1 is not there. Choose another directory"_s;
 
-/// Where the file itself is. @throws RuntimeError 75 where nothing may take its place
+/// Where the file itself is. @throws RuntimeError 75 where nothing may take its place, 76
 QString PlaceOf(const QString& target, const QString& shown)
 {
     const QFileInfo given(target);
@@ -22,6 +23,8 @@ QString PlaceOf(const QString& target, const QString& shown)
     const bool open = place.isFile() && place.isWritable() && place.permission(QFile::WriteOwner);
     if (place.exists() && !open)
         throw RuntimeError(error::kPathFileAccess, kNoPlace.arg(shown));
+    if (!QFileInfo(place.absolutePath()).isDir())
+        throw RuntimeError(error::kPathNotFound, kNoDirectory.arg(shown));
     return place.absoluteFilePath();
 }
 

@@ -71,7 +71,7 @@ TEST_F(VasctlPrint, SaysWhatIsWrong)
     EXPECT_TRUE(none.err.contains("brief, medium, detail")) << none.err.constData();
     const Ended nowhere = Print({u"--layout"_s, u"brief"_s, u"--out"_s, dir.filePath(u"gone/out.pdf"_s)});
     EXPECT_EQ(nowhere.code, kFailed);
-    EXPECT_TRUE(nowhere.err.contains("gone/out.pdf is not there")) << nowhere.err.constData();
+    EXPECT_TRUE(nowhere.err.contains("gone/out.pdf is not there. Choose another directory")) << nowhere.err.constData();
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList());
 }
 
