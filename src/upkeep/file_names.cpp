@@ -40,7 +40,11 @@ QString AddMDBExtension(const QString& name)
 QString DatabaseName(const QString& typed)
 {
     const QString name = typed.trimmed();
-    return name.isEmpty() || name.endsWith(kExtension, Qt::CaseInsensitive) ? name : AddMDBExtension(name);
+    const bool ended = name.endsWith(kExtension, Qt::CaseInsensitive);
+    const QString stem = ended ? name.chopped(kExtension.size()) : name;
+    if (stem.isEmpty() || stem.endsWith(u'\\') || stem.endsWith(u'/'))
+        return stem; // a directory, and no file in it
+    return ended ? name : AddMDBExtension(name);
 }
 
 bool IsProtectedDatabase(const QString& stem)

@@ -44,6 +44,14 @@ TEST(DatabaseName, IsOneThatTheListsShow)
     EXPECT_EQ(DatabaseName(u" "_s), QString());
 }
 
+TEST(DatabaseName, MakesNoneOfADirectory)
+{
+    for (const QString& directory : {u"C:\\OLD\\"_s, u"C:\\OLD/"_s, u"\\"_s})
+        EXPECT_EQ(DatabaseName(directory), directory);
+    EXPECT_EQ(DatabaseName(u".MDB"_s), QString());
+    EXPECT_EQ(DatabaseName(u"C:\\OLD\\.mdb"_s), u"C:\\OLD\\"_s);
+}
+
 class Protected : public ::testing::TestWithParam<QString>
 {};
 
