@@ -83,6 +83,14 @@ QHash<qint64, QString> TooLong(engine::Database& source, const QString& table, c
     return found;
 }
 
+/// A list of photos whose last line lacks its end, which other programs leave out: nobody would read that line.
+QString PhotosValue(const QString& value, const engine::Field& into)
+{
+    const QString room =
+        into.type == engine::FieldType::Text ? u" AND LEN(%1) <= %2"_s.arg(value).arg(into.size - 2) : QString();
+    return u"IIF(INSTR(%1 & '', '|') > 0 AND RIGHT(%1, 2) <> '\r\n'%2, %1 & '\r\n', %1)"_s.arg(value, room);
+}
+
 /// A key of blanks is none.
 QString FitCondition(const QList<engine::Field>& narrower)
 {
@@ -168,10 +176,13 @@ ImportPlan PlanImport(const TransferDesk& desk, engine::Database& source, const 
             type == engine::FieldType::Text || type == engine::FieldType::Memo)
             plan.shortened.append(FieldOf(from, field.name)->name);
     // A key keeps as many blanks as fit: the Databook's own have them.
-    for (const QString& name : std::as_const(plan.columns))
-        plan.values.append(!plan.shortened.contains(name)                                ? u"[%1]"_s.arg(name)
-                           : name.compare(fields::CENTRALKEY, Qt::CaseInsensitive) == 0 ? u"LEFT([%1], %2)"_s.arg(name).arg(FieldOf(into, name)->size)
-                                                                                         : u"RTRIM([%1])"_s.arg(name));
+    for (const QString& name : std::as_const(plan.columns)) {
+        const QString value = !plan.shortened.contains(name)                                ? u"[%1]"_s.arg(name)
+                              : name.compare(fields::CENTRALKEY, Qt::CaseInsensitive) == 0 ? u"LEFT([%1], %2)"_s.arg(name).arg(FieldOf(into, name)->size)
+                                                                                            : u"RTRIM([%1])"_s.arg(name);
+        const bool photos = name.compare(fields::PHOTOS, Qt::CaseInsensitive) == 0;
+        plan.values.append(photos ? PhotosValue(value, *FieldOf(into, name)) : value);
+    }
     const QHash<qint64, QString> tooLong = TooLong(source, table, narrower);
 
     const store::Rows rows(source, u"SELECT "_s + fields::CENTRALKEY + u" FROM ["_s + table + u']');

@@ -343,6 +343,22 @@ TEST_F(Import, RefusesANameThatNoPictureFileCanHaveAndBringsTheOthersIn)
     EXPECT_EQ(Bytes(u"C:\\JPG\\00000009.jpg"_s), kJpeg);
 }
 
+TEST_F(Import, EndsAListOfPhotosThatLacksItsEndSoThatTheRecordShowsItsPicture)
+{
+    PutComp(u"1 ASH ST"_s, {}, u"FRONT VIEW|00000009"_s, kJpeg);
+    PutComp(u"2 ASH ST"_s, {}, u"FRONT VIEW|00000008\r\nREAR VIEW|00000007"_s);
+    PutComp(u"3 ASH ST"_s, {}, u"FRONT VIEW|00000006\r\n"_s);
+    PutComp(u"4 ASH ST"_s, {}, u" "_s);
+    PutComp(u"5 ASH ST"_s, {}, u"no list"_s);
+    EXPECT_EQ(Run().pictures.written, 1);
+    const auto photos = [&](const QString& comp) { return Field(path, table, comp, u"PHOTOS"_s).toString(); };
+    EXPECT_EQ(photos(u"1 ASH ST"_s), u"FRONT VIEW|00000009\r\n"_s);
+    EXPECT_EQ(photos(u"2 ASH ST"_s), u"FRONT VIEW|00000008\r\nREAR VIEW|00000007\r\n"_s);
+    EXPECT_EQ(photos(u"3 ASH ST"_s), u"FRONT VIEW|00000006\r\n"_s);
+    EXPECT_EQ(photos(u"4 ASH ST"_s), u" "_s);
+    EXPECT_EQ(photos(u"5 ASH ST"_s), u"no list"_s);
+}
+
 TEST_F(Import, RefusesATableWithoutKeys)
 {
     const auto database = engine.OpenDatabase(file);
