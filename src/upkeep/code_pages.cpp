@@ -39,9 +39,17 @@ std::optional<QString> Converted(const QByteArray& bytes, QStringConverter::Enco
     return text;
 }
 
+/// Each second byte of a text of our letters is 0 there.
+bool IsUtf16WithoutMark(const QByteArray& bytes)
+{
+    const qsizetype first = bytes.indexOf('\0');
+    return first == 1 && bytes.size() > 3 && bytes.at(2) != '\0' && bytes.at(3) == '\0' && bytes.size() % 2 == 0 &&
+           Converted(bytes, QStringConverter::Utf16LE).value_or(QString(1, QChar::Null)).indexOf(QChar::Null) < 0;
+}
+
 QString CodePageIn(const QByteArray& bytes)
 {
-    if (bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF"))
+    if (bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF") || IsUtf16WithoutMark(bytes))
         return kUtf16;
     return Converted(bytes, QStringConverter::Utf8) ? kUtf8 : k1252;
 }

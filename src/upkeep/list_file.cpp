@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString kNoText = u"%1 is no text file, as it holds bytes that no text has. Choose another file"_s;
 const QString kOtherPage = u"%1 is no text in the code page %2. Choose another one"_s;
 constexpr QLatin1StringView kTexts[] = {".csv"_L1, ".txt"_L1, ".tsv"_L1};
 constexpr QLatin1StringView kBooks[] = {".xlsx"_L1, ".xlsm"_L1, ".xls"_L1, ".xlsb"_L1, ".ods"_L1};
@@ -122,6 +123,8 @@ const QString& ListFile::TextIn(const QString& codePage) const
     const std::optional<QString> text = Decoded(m_bytes, codePage);
     if (!text)
         throw RuntimeError(error::kUnrecognisedDatabase, kOtherPage.arg(m_file, codePage));
+    if (text->contains(QChar::Null))
+        throw RuntimeError(error::kUnrecognisedDatabase, kNoText.arg(m_file));
     return *m_texts.insert(codePage, *text);
 }
 
