@@ -50,6 +50,23 @@ TEST_F(DiskFaults, AFullDiskUnderTheDatabookRefusesChangesAndKeepsAllRecords)
     EXPECT_EQ(CityOf(key), u"Elsewhere"_s);
 }
 
+TEST_F(DiskFaults, AFullDiskUnderAConversionIsNamedByTheFileThatWasAskedFor)
+{
+    ASSERT_TRUE(QDir().mkpath(home.Native(u"SMALL"_s)));
+    const SmallDisk disk(home.Native(u"SMALL"_s));
+    if (!disk.Mounted())
+        GTEST_SKIP() << "a small disk can't be mounted here";
+    disk.Fill();
+    const QStringList names = Names(home.Native(u"SMALL"_s));
+    for (const QString& kind : {u"vasclip"_s, u"access"_s}) {
+        const Timed run = Vasctl({u"convert"_s, u"C:\\DATABOOK\\DATABOOK.MDB"_s, u"C:\\SMALL\\MADE.MDB"_s, u"--to"_s, kind});
+        EXPECT_EQ(run.code, kFailed) << run.Story();
+        EXPECT_TRUE(run.Says(u"C:\\SMALL\\MADE.MDB "_s)) << run.Story();
+        EXPECT_FALSE(run.Says(u".new"_s)) << run.Story();
+        EXPECT_EQ(Names(home.Native(u"SMALL"_s)), names) << "no working file stays";
+    }
+}
+
 TEST_F(DiskFaults, AFullDiskUnderTheSettingsKeepsTheOldOnes)
 {
     const SmallDisk disk(home.Native(u"APPRAISE"_s));

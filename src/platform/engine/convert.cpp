@@ -136,16 +136,12 @@ public:
         NewFile file(native, m_conversion.target);
         QFile::remove(file.Path()); // the kind makes its own there
         const QString beside = m_conversion.target + file.Path().mid(native.size());
-        if (m_conversion.to == DatabaseKind::Access) {
-            GenuineFile made(m_engine, beside);
-            Fill(made.Content());
-            m_done.notes += made.Finish();
-        } else {
-            const auto made = m_engine.CreateDatabase(beside);
-            Transaction together(*made);
-            Fill(*made);
-            together.Commit();
-            made->Close();
+        try {
+            Make(beside);
+        } catch (const RuntimeError& failure) {
+            // The name of the file that is worked on tells nobody anything.
+            throw RuntimeError(failure.Number(), QString(failure.Description())
+                                                     .replace(beside, m_conversion.target, Qt::CaseInsensitive));
         }
         m_done.notTaken = NotTakenOver(*m_from);
         Compare(beside);
@@ -175,6 +171,21 @@ private:
                                    m_conversion.source, m_done.missing.first()));
         if (!m_conversion.accept(m_done.missing))
             throw Stopped();
+    }
+
+    void Make(const QString& beside)
+    {
+        if (m_conversion.to == DatabaseKind::Access) {
+            GenuineFile made(m_engine, beside);
+            Fill(made.Content());
+            m_done.notes += made.Finish();
+            return;
+        }
+        const auto made = m_engine.CreateDatabase(beside);
+        Transaction together(*made);
+        Fill(*made);
+        together.Commit();
+        made->Close();
     }
 
     void Fill(Database& to)
