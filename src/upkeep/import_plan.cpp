@@ -107,6 +107,16 @@ QString KeyMark(const QString& key)
     return engine::FoldedText(key);
 }
 
+QStringList DamageIn(engine::Database& source)
+{
+    return engine::DamageOf(source).isEmpty() ? QStringList() : engine::CheckDatabase(source, engine::CheckDepth::Quiet);
+}
+
+QString DamageWords(const QStringList& damage)
+{
+    return damage.isEmpty() ? QString() : u" The file is damaged, and not all of it could be read: %1."_s.arg(damage.first());
+}
+
 void NeedWritableDatabook(const TransferDesk& desk)
 {
     if (desk.databook.Updatable())

@@ -47,6 +47,11 @@ inline bool NeverStops(qint64 /*done*/, qint64 /*of*/, const QString& /*words*/)
 /// Those of some keys that the Databook has, as KeyMark has them; there may be others among them. @throws RuntimeError of the engine
 [[nodiscard]] QSet<QString> KeysThere(const store::DataSource& databook, const QString& table, const QStringList& keys);
 
+/// What of a source could not be read, a line each. Only who has read it knows. Nothing for one that is whole.
+[[nodiscard]] QStringList DamageIn(engine::Database& source);
+/// Words for it, with a blank before them; "" for none.
+[[nodiscard]] QString DamageWords(const QStringList& damage);
+
 /// @throws RuntimeError 3027 where nothing can come into the Databook, in words
 void NeedWritableDatabook(const TransferDesk& desk);
 

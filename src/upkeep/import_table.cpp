@@ -102,6 +102,7 @@ ImportResult ImportTable(const TransferDesk& desk, const ImportOrder& order, con
     result.pictures = images.Result();
     whole.Commit();
     images.Keep();
+    result.damage = DamageIn(*source);
     result.done = true;
     return result;
 }
@@ -122,12 +123,12 @@ QString WordsOf(const ImportResult& result)
     if (result.picturesLeft > 0)
         words += u' ' + Counted(result.picturesLeft, u"picture was"_s, u"pictures were"_s) +
                  u" left inside the file; import it again with its pictures to have them."_s;
-    return words + WordsOf(result.pictures);
+    return words + WordsOf(result.pictures) + DamageWords(result.damage);
 }
 
 QStringList AccountOf(const ImportResult& result)
 {
-    QStringList lines;
+    QStringList lines = result.damage;
     for (const RefusedRow& row : result.refused)
         lines.append((row.key.isEmpty() ? u"(no key)"_s : row.key) + u": "_s + row.why);
     return lines + result.pictures.notSaved;

@@ -31,6 +31,7 @@ struct ImportResult
     QStringList otherKind;  ///< columns whose values the Databook's fields can't hold
     qint64 picturesLeft = 0; ///< inside rows, where none were wanted
     SavedImages pictures;
+    QStringList damage; ///< what of the source could not be read, a line each
 };
 
 /// Appends the rows of a table to the Databook, in one transaction; a row whose key is there already stays out. The

@@ -50,11 +50,12 @@ void Rehearsal::Read(const WorkStep& step)
     if (m_stopped)
         return;
     AddRefusedLines();
-    if (!m_order.pictures || !m_plan.hasPictures)
-        return;
-    const QList<RowPicture> pictures = LookAtPictures(m_desk, *m_source, m_order.table, kept);
-    for (RehearsedRow& row : m_rows)
-        row.picture = pictures.value(row.place, RowPicture::None);
+    if (m_order.pictures && m_plan.hasPictures) {
+        const QList<RowPicture> pictures = LookAtPictures(m_desk, *m_source, m_order.table, kept);
+        for (RehearsedRow& row : m_rows)
+            row.picture = pictures.value(row.place, RowPicture::None);
+    }
+    m_damage = DamageIn(*m_source);
 }
 
 /// A step that was answered with a stop is not asked again.

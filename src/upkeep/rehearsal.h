@@ -52,6 +52,7 @@ struct RehearsalResult
     qint64 changed = 0;
     QStringList undone; ///< "KEY: why" of rows whose choice came to nothing
     SavedImages pictures;
+    QStringList damage; ///< as Rehearsal::Damage
 };
 
 /// An import that is looked at before anything is done: what each row would do, and the choice for it.
@@ -67,6 +68,7 @@ public:
     [[nodiscard]] qsizetype Count(RowKind kind) const;
     [[nodiscard]] const QStringList& LeftBehind() const { return m_order.list ? m_order.list->LeftBehind() : m_plan.leftBehind; }
     [[nodiscard]] const QString& Source() const { return m_order.Name(); } ///< what people call it
+    [[nodiscard]] const QStringList& Damage() const { return m_damage; }    ///< what of the source could not be read
     /// Fields that differ, or with `all` each field that either holds, side by side. @throws RuntimeError of the engine
     [[nodiscard]] QList<FieldPair> FieldsOf(const RehearsedRow& row, bool all = false) const;
 
@@ -103,6 +105,7 @@ private:
     ImportPlan m_plan;
     std::unique_ptr<store::Rows> m_theirs;
     QList<RehearsedRow> m_rows;
+    QStringList m_damage;
     bool m_stopped = false;
 };
 

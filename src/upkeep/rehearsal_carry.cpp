@@ -129,6 +129,7 @@ RehearsalResult Rehearsal::Carry(const WorkStep& step)
         m_rows[at].why = undone.value(at);
         result.undone.append(m_rows.at(at).key + u": "_s + undone.value(at));
     }
+    result.damage = DamageIn(*m_source);
     result.done = true;
     return result;
 }

@@ -52,6 +52,7 @@ QString WordsOf(const RehearsalResult& result)
     if (!result.undone.isEmpty())
         words += u" Not done: "_s + result.undone.mid(0, kNamed).join(u"; "_s) +
                  (result.undone.size() > kNamed ? u"; and %1 more."_s.arg(result.undone.size() - kNamed) : u"."_s);
+    words += DamageWords(result.damage);
     return words;
 }
 
@@ -60,7 +61,8 @@ QString SummaryOf(const Rehearsal& rehearsal)
     QStringList parts;
     for (const RowKind kind : {RowKind::New, RowKind::Changed, RowKind::Same, RowKind::Twin, RowKind::Refused})
         parts.append(NameOf(kind) + u": "_s + QString::number(rehearsal.Count(kind)));
-    return parts.join(u", "_s);
+    const QString damage = DamageWords(rehearsal.Damage());
+    return parts.join(u", "_s) + (damage.isEmpty() ? QString() : u'.' + damage);
 }
 
 } // namespace vasclip::upkeep

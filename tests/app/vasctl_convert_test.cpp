@@ -56,6 +56,25 @@ TEST_F(VasctlConvert, ThereAndBackWithEveryField)
     EXPECT_EQ(tables[0].toObject()[u"records"_s].toInt(), 60);
 }
 
+TEST_F(VasctlConvert, AListOfTablesSaysThatTheFileIsDamaged)
+{
+    ASSERT_EQ(Convert(kBook, u"C:\\MADE.MDB"_s, u"access"_s).code, kDone);
+    QFile file(home.Path() + u"/drive_c/MADE.MDB"_s);
+    ASSERT_TRUE(file.resize(file.size() - 20'000));
+    const Ended tables = home.Vasctl({u"sql"_s, u"--file"_s, u"C:\\MADE.MDB"_s});
+    EXPECT_EQ(tables.code, kFailed);
+    EXPECT_TRUE(tables.err.contains("is damaged, and not all of it could be read")) << tables.err.toStdString();
+    ASSERT_TRUE(file.resize(50'000));
+    for (const QStringList& query : {QStringList(), QStringList{u"SELECT CITY FROM COMPS"_s}}) {
+        const Ended gone = home.Vasctl(QStringList{u"sql"_s, u"--file"_s, u"C:\\MADE.MDB"_s} + query);
+        EXPECT_EQ(gone.code, kFailed);
+        EXPECT_TRUE(gone.err.contains("damaged")) << gone.err.toStdString();
+    }
+    const Ended import = home.Vasctl({u"import"_s, u"C:\\MADE.MDB"_s});
+    EXPECT_EQ(import.code, kFailed);
+    EXPECT_TRUE(import.err.contains("damaged")) << import.err.toStdString();
+}
+
 TEST_F(VasctlConvert, WhatOnlyTheSourceHasIsSaidWithItsName)
 {
     if (GenuineFiles().isEmpty())

@@ -4,6 +4,7 @@
 
 #include "platform/engine/genuine_file.h"
 #include "store/convert.h"
+#include "support/error_number.h"
 #include "support/genuine_files.h"
 #include "upkeep/export_table.h"
 #include "upkeep/import_table.h"
@@ -64,6 +65,39 @@ TEST_F(AccessTransfer, ImportsTheRecordsThatAreMissing)
     EXPECT_EQ(result.appended, 1);
     EXPECT_EQ(result.refused.size(), 2) << "their keys are there";
     EXPECT_EQ(Field(path, table, u"9 ELM ST"_s, u"CITY"_s).toString(), u"ALDER"_s);
+}
+
+TEST_F(AccessTransfer, SaysThatAFileWhichWasCutShortWasNotReadWhole)
+{
+    for (int i = 0; i < 400; ++i)
+        AddRow(Comp(u"%1 LONG RD"_s.arg(i), u"CEDAR"_s, u" "_s));
+    ASSERT_TRUE(Out(true).written);
+    QFile file(disk.ToNative(target));
+    ASSERT_TRUE(file.resize(file.size() * 2 / 3));
+    databook.Close();
+    disk.Kill(path);
+    store::MakeDatabase(engine, path);
+    Bind(databook);
+    Rehearsal rehearsal(Desk(), {.source = target, .table = table, .pictures = false});
+    EXPECT_FALSE(rehearsal.Damage().isEmpty());
+    EXPECT_TRUE(SummaryOf(rehearsal).contains(u"The file is damaged, and not all of it could be read: "_s));
+    const ImportResult result = ImportTable(Desk(), {.source = target, .table = table, .pictures = false}, Step());
+    EXPECT_GT(result.appended, 0);
+    EXPECT_LT(result.appended, 403);
+    ASSERT_FALSE(result.damage.isEmpty());
+    EXPECT_TRUE(WordsOf(result).contains(u"The file is damaged, and not all of it could be read: "_s + result.damage.first()))
+        << WordsOf(result).toStdString();
+    EXPECT_TRUE(AccountOf(result).contains(result.damage.first()));
+}
+
+TEST_F(AccessTransfer, ATableThatACutFileLostIsNotCalledMisspelled)
+{
+    ASSERT_TRUE(Out(true).written);
+    QFile file(disk.ToNative(target));
+    ASSERT_TRUE(file.resize(50'000)); // its list of tables is there, and the table that it leads to is not
+    const auto failure = tests::ThrownBy(
+        [&] { return ImportTable(Desk(), {.source = target, .table = table, .pictures = false}, Step()).rows; });
+    EXPECT_TRUE(failure.words.contains(u"damaged"_s)) << failure.words.toStdString();
 }
 
 TEST_F(AccessTransfer, ARehearsalAddsWhatIsChosen)

@@ -125,6 +125,14 @@ private:
         return refused;
     }
 
+    /// @return the exit code of what was done, which may not be all that the file once held
+    int EndedWith(const QStringList& damage) const
+    {
+        for (const QString& one : damage)
+            m_out.Error(one);
+        return damage.isEmpty() ? kDone : kFailed;
+    }
+
     static QJsonObject PicturesOf(const upkeep::SavedImages& pictures)
     {
         return {{u"written"_s, pictures.written},
@@ -152,7 +160,7 @@ private:
                      {u"pictures"_s, PicturesOf(result.pictures)},
                      {u"message"_s, words}},
                     words);
-        return result.done ? kDone : result.pictures.declined ? kDeclined : kFailed;
+        return result.done ? EndedWith(result.damage) : result.pictures.declined ? kDeclined : kFailed;
     }
 
     bool Choose(upkeep::Rehearsal& rehearsal)
@@ -204,7 +212,7 @@ private:
         m_out.Table({u"key"_s, u"kind"_s, u"choice"_s, u"record"_s, u"picture"_s, u"why"_s}, rows);
         if (!m_out.Json())
             m_out.Line(upkeep::SummaryOf(rehearsal));
-        return kDone;
+        return EndedWith(rehearsal.Damage());
     }
 
     int Carry(upkeep::Rehearsal& rehearsal)
@@ -222,7 +230,7 @@ private:
                      {u"pictures"_s, PicturesOf(result.pictures)},
                      {u"message"_s, words}},
                     words);
-        return result.done ? kDone : result.pictures.declined ? kDeclined : kFailed;
+        return result.done ? EndedWith(result.damage) : result.pictures.declined ? kDeclined : kFailed;
     }
 
     Session& m_session;

@@ -1,6 +1,7 @@
 #include "app/vasctl/session.h"
 
 #include "platform/engine/health.h"
+#include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/store.h"
 
@@ -23,13 +24,28 @@ QString Shown(const engine::Field& field, const QVariant& value)
 }
 
 /// What a file holds, for who doesn't know it yet.
-int ListTables(engine::Database& database, const Output& out)
+void ListTables(engine::Database& database, const Output& out)
 {
     QList<QStringList> rows;
-    for (const QString& name : database.TableNames())
-        rows.append({name, text::Dec(store::CountRows(database, name)), text::Dec(database.Table(name).fields.size())});
+    for (const QString& name : database.TableNames()) {
+        try {
+            rows.append({name, text::Dec(store::CountRows(database, name)), text::Dec(database.Table(name).fields.size())});
+        } catch (const RuntimeError& failure) {
+            if (failure.Number() != error::kCorruptDatabase)
+                throw;
+            rows.append({name, {}, {}}); // the others can be read all the same
+        }
+    }
     out.Table({u"table"_s, u"records"_s, u"fields"_s}, rows, {Kind::Text, Kind::Number, Kind::Number});
-    return kDone;
+}
+
+/// Tables, rows and values that could not be read are missing: nobody must take what is there for whole.
+bool TellsDamage(const engine::Database& database, const QString& path, const Output& out)
+{
+    const QString damage = engine::DamageOf(database);
+    if (!damage.isEmpty())
+        out.Error(u"%1 is damaged, and not all of it could be read: %2."_s.arg(path, damage));
+    return !damage.isEmpty();
 }
 
 } // namespace
@@ -58,11 +74,13 @@ int RunSql(Session& session, const Output& out, const QStringList& arguments, co
     }
     // A connection of its own that cannot write, whatever the statement says (SELECT INTO among them).
     const auto database = session.Engine().OpenDatabase(path, engine::OpenMode::ReadOnly);
-    if (arguments.isEmpty())
-        return ListTables(*database, out);
+    if (arguments.isEmpty()) {
+        ListTables(*database, out);
+        return TellsDamage(*database, path, out) ? kFailed : kDone;
+    }
     const std::optional<store::Rows> rows = OpenTyped(*database, arguments[0], out);
     if (!rows)
-        return kUsage;
+        return TellsDamage(*database, path, out) ? kFailed : kUsage;
     QStringList headings;
     QList<Kind> kinds;
     for (qsizetype i = 0; i < rows->Fields().size(); ++i) {
@@ -84,12 +102,7 @@ int RunSql(Session& session, const Output& out, const QStringList& arguments, co
         table.append(line);
     }
     out.Table(headings, table, kinds);
-    // Rows and values that could not be read are missing above: nobody must take the list for whole.
-    if (const QString damage = engine::DamageOf(*database); !damage.isEmpty()) {
-        out.Error(u"%1 is damaged, and not all of it could be read: %2."_s.arg(path, damage));
-        return kFailed;
-    }
-    return kDone;
+    return TellsDamage(*database, path, out) ? kFailed : kDone;
 }
 
 } // namespace vasclip::vasctl

@@ -52,6 +52,10 @@ TableRows& Opening::Need(const QString& name)
         throw RuntimeError(error::kTableUnknown,
                            u"'%1' is a saved query of %2, which is not run here. Select from its tables instead"_s.arg(
                                name, path));
+    if (!findings->Empty())
+        throw RuntimeError(error::kCorruptDatabase,
+                           u"%1 is damaged, and a table '%2' is not among those that can be read: %3. Restore the file from a backup"_s.arg(
+                               path, name, findings->Lines().first()));
     throw RuntimeError(error::kTableUnknown,
                        u"There is no table '%1' in %2. Make sure that its name is spelled correctly"_s.arg(name, path));
 }
