@@ -125,7 +125,8 @@ Appended AppendAlone(const forms::Ports& ports, engine::Engine& engine, const QS
         AppendMissing(*database, table);
         database->Close();
     } catch (const RuntimeError& failure) {
-        if (failure.Number() != error::kTableLocked)
+        // A program that leaves no mark of itself, as one for backups, holds it without being a user of it.
+        if (failure.Number() != error::kTableLocked && failure.Number() != error::kCouldNotUpdateLocked)
             throw;
         ports.prompter.Box(kPlainTitle, kTableInUse);
         return Appended::Locked;
