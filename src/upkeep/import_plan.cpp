@@ -165,12 +165,16 @@ ImportPlan PlanImport(const TransferDesk& desk, engine::Database& source, const 
     const engine::TableDef from = source.Table(table);
     const engine::TableDef into = desk.databook.Database().Table(desk.globals.G_Table);
     QStringList both;
+    const engine::Field* picture = FieldOf(from, fields::FRONTPHOTO);
+    const bool inside = picture && picture->type == engine::FieldType::LongBinary;
     for (const engine::Field& field : from.fields) {
         const engine::Field* target = FieldOf(into, field.name);
+        if (inside && &field == picture)
+            continue; // it goes to the photo directory, whether an older Databook has the field or not
         (!target ? plan.leftBehind : Fits(field, *target) ? both : plan.otherKind).append(field.name);
     }
     plan.columns = removeEmbeddedImages(both);
-    plan.hasPictures = plan.columns.size() < both.size() && both.contains(fields::PHOTOS, Qt::CaseInsensitive);
+    plan.hasPictures = inside && both.contains(fields::PHOTOS, Qt::CaseInsensitive);
     if (plan.otherKind.contains(fields::CENTRALKEY, Qt::CaseInsensitive))
         throw RuntimeError(error::kFieldUnknown,
                            u"The field %1 of the table %2 holds bytes, which are no keys of records. Choose a table of comps"_s

@@ -359,6 +359,25 @@ TEST_F(Import, EndsAListOfPhotosThatLacksItsEndSoThatTheRecordShowsItsPicture)
     EXPECT_EQ(photos(u"5 ASH ST"_s), u"no list"_s);
 }
 
+TEST_F(Import, PutsPicturesIntoThePhotoDirectoryForADatabookOfAnOlderLayoutToo)
+{
+    databook.Close();
+    disk.Kill(path);
+    const auto database = engine.CreateDatabase(path);
+    engine::TableDef old = store::CompsTable();
+    old.fields.removeIf([](const engine::Field& field) { return field.name == u"FRONTPHOTO"_s; });
+    database->CreateTable(old);
+    database->Close();
+    Bind(databook);
+    PutComp(u"1 ASH ST"_s, {}, u"FRONT VIEW|00000009\r\n"_s, kJpeg);
+    const ImportResult without = Run(false);
+    EXPECT_EQ(without.picturesLeft, 1);
+    EXPECT_EQ(without.leftBehind, QStringList());
+    PutComp(u"2 ASH ST"_s, {}, u"FRONT VIEW|00000008\r\n"_s, kJpeg + "8");
+    EXPECT_EQ(Run().pictures.written, 2);
+    EXPECT_EQ(Bytes(u"C:\\JPG\\00000008.jpg"_s), kJpeg + "8");
+}
+
 TEST_F(Import, RefusesATableWithoutKeys)
 {
     const auto database = engine.OpenDatabase(file);
