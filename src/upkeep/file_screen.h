@@ -64,6 +64,7 @@ protected:
     virtual void EnableButtons(bool free) = 0;
     /// Of a file that is gone, before anything is deleted in it. @return true if it was told and is over
     virtual bool RefusesMissing(const QString& file) = 0;
+    bool IsGone(const QString& file); ///< the same, and the lists follow
     bool QueryUnload() override;
 
 private:

@@ -21,6 +21,15 @@ const QString kFileDeleted = u"%1 was deleted."_s;
 
 } // namespace
 
+/// What is told is told once: a list that goes on showing the file would ask for the next click.
+bool FileScreen::IsGone(const QString& file)
+{
+    if (!RefusesMissing(file))
+        return false;
+    ListAgain();
+    return true;
+}
+
 void FileScreen::cmdDelete_Click()
 {
     if (m_busy)
@@ -28,7 +37,8 @@ void FileScreen::cmdDelete_Click()
     const QString file = File();
     const QString table = text::Trim(txtTable.Text());
     engine::Engine& engine = m_desk.Engine();
-    if (RefusesTarget(Prompter(), engine, kDelete, file, m_desk.Databook()) || RefusesMissing(file))
+    Tell({});
+    if (RefusesTarget(Prompter(), engine, kDelete, file, m_desk.Databook()) || IsGone(file))
         return;
     if (NamesList()) {
         Tell(kNoTable.arg(file), forms::Colour::Red);
@@ -36,6 +46,7 @@ void FileScreen::cmdDelete_Click()
     }
     if (lstTables.IndexOf(table) < 0) {
         Tell(kTableGone.arg(table, file), forms::Colour::Red);
+        ListAgain();
         return;
     }
     if (!Prompter().YesNo({}, kDeleteTable.arg(table)))
@@ -51,7 +62,8 @@ void FileScreen::cmdDeleteDatabase_Click()
         return;
     const QString file = File();
     engine::Engine& engine = m_desk.Engine();
-    if (RefusesTarget(Prompter(), engine, kDelete, file, m_desk.Databook()) || RefusesMissing(file))
+    Tell({});
+    if (RefusesTarget(Prompter(), engine, kDelete, file, m_desk.Databook()) || IsGone(file))
         return;
     if (!Prompter().YesNo({}, kDeleteFile.arg(file)) || RefusesLocked(Prompter(), engine, kDelete, file))
         return;

@@ -99,7 +99,7 @@ bool frm_Import::Refuses(const QString& source)
         return true;
     }
     Tell({});
-    if (RefusesMissing(source))
+    if (IsGone(source))
         return true;
     if (text::Folded(source) == text::Folded(lblTargetDB.Caption())) {
         Prompter().Box(kItselfTitle, kItself.arg(name));

@@ -288,6 +288,22 @@ TEST_F(ExportWindow, DeletesADatabaseAfterAQuestion)
     });
 }
 
+TEST_F(ExportWindow, AFileThatSomebodyDeletedLeavesTheLists)
+{
+    Play([&] {
+        for (const QString& button : {u"cmdDeleteDatabase"_s, u"cmdDelete"_s}) {
+            Press(u"cmdExport"_s);
+            EXPECT_EQ(Lines(u"filexport"_s), QStringList{u"EXPORT.MDB"_s});
+            home.disk.Kill(kOut);
+            Press(button);
+            EXPECT_EQ(Says(), u"File "_s + kOut + u" does not exist."_s);
+            EXPECT_EQ(Lines(u"filexport"_s), QStringList());
+            EXPECT_EQ(Lines(u"lstTables"_s), QStringList());
+        }
+        EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    });
+}
+
 TEST_F(ExportWindow, DeletesNoDirectoryAndNoPattern)
 {
     Play([&] {
