@@ -387,8 +387,7 @@ void frm_SearchSQL::cmdSearch_Click()
     const SearchStatement statement = BuildSearch(Form());
     lblmsg.Show({}, forms::Colour::Normal);
     lblSQL.SetCaption(statement.sql);
-    ShowSearch(m_base.ports, m_base.records, m_base.datsql, m_base.rows, statement);
-    if (m_base.records.state.sqlText != statement.sql)
+    if (!ShowSearch(m_base.ports, m_base.records, m_base.datsql, m_base.rows, statement))
         return; // given up after an error box; the grid shows what it did
     const qint64 count = m_base.datsql.Count();
     lblmsg.Show(FoundText(count), count == 0 ? forms::Colour::Red : forms::Colour::Blue);

@@ -2,10 +2,12 @@
 
 #include "common/error_block.h"
 #include "platform/text/dates.h"
+#include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
 #include "store/schema.h"
 
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -93,6 +95,22 @@ const QString& SelectAllText()
         "COMPS.LOADDATE, COMPS.SALEDATE, COMPS.PORCHPATI2, COMPS.BASEMENT, COMPS.LONGITUDE, COMPS.LATITUDE, "
         "COMPS.ANCHORED, COMPS.DESIGNAPPL, COMPS.NOTES FROM COMPS"_s;
     return select;
+}
+
+QString WithColumnsOf(const engine::TableDef& table, const QString& select)
+{
+    static constexpr auto kSelect = "SELECT "_L1;
+    const qsizetype from = select.indexOf(u" FROM "_s);
+    if (!select.startsWith(kSelect) || from < 0)
+        return select;
+    QStringList columns = select.mid(kSelect.size(), from - kSelect.size()).split(u',');
+    columns.removeIf([&](const QString& column) {
+        const QString name = column.section(u'.', -1).trimmed();
+        return std::ranges::none_of(table.fields, [&](const engine::Field& field) {
+            return field.name.compare(name, Qt::CaseInsensitive) == 0;
+        });
+    });
+    return kSelect + columns.join(u',').trimmed() + select.mid(from);
 }
 
 QString OrderByText(int sortGrid)
@@ -247,6 +265,28 @@ QString FormatCell(const forms::GridColumn& column, const QString& stored, QDate
     return OneLine(stored);
 }
 
+namespace {
+
+/// @param sql  loses the columns that the table of an older layout lacks
+void SelectWhatIsThere(store::DataSource& datsql, QString& sql)
+{
+    try {
+        return datsql.Select(sql);
+    } catch (const RuntimeError& failure) {
+        if (failure.Number() != error::kParameterUnknown)
+            throw;
+        const auto database = datsql.Engine().OpenDatabase(datsql.DatabaseName(), engine::OpenMode::ReadOnly);
+        const QString less = WithColumnsOf(database->Table(u"COMPS"_s), sql);
+        database->Close();
+        if (less == sql)
+            throw;
+        sql = less;
+    }
+    datsql.Select(sql);
+}
+
+} // namespace
+
 void DisplayAllRecords(const forms::Ports& ports, RecordDesk& desk, store::DataSource& datsql, GridRows& rows,
                        int sortGrid)
 {
@@ -257,7 +297,7 @@ void DisplayAllRecords(const forms::Ports& ports, RecordDesk& desk, store::DataS
         sql = SelectAllText() + OrderByText(sortGrid);
         orderBy.clear();
     }
-    if (!common::Guarded(ports.prompter, [&] { datsql.Select(sql); }))
+    if (!common::Guarded(ports.prompter, [&] { SelectWhatIsThere(datsql, sql); }))
         return;
     desk.state.sqlText = sql;
     desk.state.orderByText = orderBy;

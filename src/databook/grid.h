@@ -13,6 +13,8 @@ namespace vasclip::databook {
 
 /// The SELECT of all records, letter for letter, without an ORDER BY.
 [[nodiscard]] const QString& SelectAllText();
+/// A SELECT of the program's own without those of its columns that a table has not, as one of an older layout.
+[[nodiscard]] QString WithColumnsOf(const engine::TableDef& table, const QString& select);
 /// " ORDER BY ..." for a SORTGRID of 1 to 6, "" for 0 and everything else.
 [[nodiscard]] QString OrderByText(int sortGrid);
 

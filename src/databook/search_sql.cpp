@@ -197,7 +197,7 @@ SearchStatement BuildSearch(const SearchForm& form)
     return statement;
 }
 
-void ShowSearch(const forms::Ports& ports, RecordDesk& desk, store::DataSource& datsql, GridRows& rows,
+bool ShowSearch(const forms::Ports& ports, RecordDesk& desk, store::DataSource& datsql, GridRows& rows,
                 const SearchStatement& statement)
 {
     const GridState before = desk.state;
@@ -211,8 +211,10 @@ void ShowSearch(const forms::Ports& ports, RecordDesk& desk, store::DataSource& 
         desk.state = before;
         throw;
     }
-    if (datsql.RecordSource() != statement.sql)
+    const bool shown = datsql.RecordSource() == desk.state.sqlText; // which may lack columns
+    if (!shown)
         desk.state = before;
+    return shown;
 }
 
 QString Look4Percent(const QString& value, const QString& range)

@@ -73,8 +73,8 @@ struct SearchStatement
 [[nodiscard]] SearchStatement BuildSearch(const SearchForm& form);
 
 /// Makes a search the one on display and shows its records in the grid. What keeps the statement from running
-/// leaves grid and search as they were. @throws as DisplayAllRecords
-void ShowSearch(const forms::Ports& ports, RecordDesk& desk, store::DataSource& datsql, GridRows& rows,
+/// leaves grid and search as they were. @return false if it was given up after a box. @throws as DisplayAllRecords
+bool ShowSearch(const forms::Ports& ports, RecordDesk& desk, store::DataSource& datsql, GridRows& rows,
                 const SearchStatement& statement);
 
 /// The text of a range box when it is left: with a "%" in it the whole part of value * range / 100, else as

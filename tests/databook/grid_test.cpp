@@ -22,6 +22,14 @@ TEST(GridText, TheSelectOfAllRecords)
         u"COMPS.ANCHORED, COMPS.DESIGNAPPL, COMPS.NOTES FROM COMPS"_s);
 }
 
+TEST(GridText, ATableWithoutSomeOfTheColumns)
+{
+    engine::TableDef table{.name = u"COMPS"_s, .fields = {{.name = u"front"_s}, {.name = u"CITY"_s}}, .indexes = {}};
+    EXPECT_EQ(databook::WithColumnsOf(table, u"SELECT COMPS.FRONT,COMPS.LATITUDE, Comps.CITY FROM COMPS WHERE 1 = 1"_s),
+              u"SELECT COMPS.FRONT, Comps.CITY FROM COMPS WHERE 1 = 1"_s);
+    EXPECT_EQ(databook::WithColumnsOf(table, u"SELECT COMPS.LATITUDE, COMPS.CITY FROM COMPS"_s), u"SELECT COMPS.CITY FROM COMPS"_s);
+}
+
 TEST(GridText, TheOrderBySetting)
 {
     struct Row

@@ -1,3 +1,5 @@
+#include "databook/grid.h"
+#include "databook/search_sql.h"
 #include "platform/engine/genuine_file.h"
 #include "shell/report_home.h"
 #include "store/convert.h"
@@ -48,6 +50,29 @@ TEST_F(UpgradeAtStart, NoStartsOnTheOldTable)
     EXPECT_EQ(doubles.prompter.Boxes().size(), 1U);
     EXPECT_EQ(Count(), whole - 2);
     EXPECT_EQ(program.records.grddatabook.RowCount(), 1);
+}
+
+TEST_F(UpgradeAtStart, NoStartsOnATableThatLacksColumnsOfTheGrid)
+{
+    home.disk.Kill(kDatabook);
+    const auto database = engine.CreateDatabase(kDatabook);
+    engine::TableDef old = store::CompsTable();
+    old.fields.removeIf([](const engine::Field& field) { return field.name == u"LATITUDE"_s || field.name == u"ANCHORED"_s; });
+    database->CreateTable(old);
+    database->Close();
+    Add(kDatabook, u"COMPS"_s, {{u"CENTRALKEY"_s, u"12 OAK ST"_s.leftJustified(35)}, {u"CITY"_s, u"ALDER"_s}});
+    doubles.prompter.Answer(forms::Answer::No);
+    Load();
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1U) << "the question alone";
+    EXPECT_EQ(Count(), whole - 2);
+    EXPECT_EQ(program.records.grddatabook.RowCount(), 1);
+    EXPECT_EQ(program.records.grddatabook.CurrentText(u"CITY"_s), u"ALDER"_s);
+    databook::SearchForm form;
+    form.texts.insert("txtCity"_L1, u"ALDER"_s);
+    const databook::SearchStatement statement = databook::BuildSearch(form);
+    EXPECT_TRUE(databook::ShowSearch(program.Ports(), program.records, program.sources.datsql, main.shown.Rows(), statement));
+    EXPECT_EQ(program.records.grddatabook.RowCount(), 1);
+    EXPECT_TRUE(program.records.state.searchOnDisplay);
 }
 
 TEST_F(UpgradeAtStart, AnotherDatabookOfAnOlderLayoutIsAskedAboutToo)

@@ -217,7 +217,9 @@ int RunSearch(Session& session, const Output& out, const QStringList& arguments,
         const std::optional<qint64> limit = LimitOf(out, options);
         if (!limit)
             return kUsage;
-        const store::Rows rows = store::ReadRows(session.WithDatabook().sources.datDatabook, statement.sql);
+        const store::DataSource& source = session.WithDatabook().sources.datDatabook;
+        const engine::TableDef table = source.Database().Table(session.Home().globals.G_Table);
+        const store::Rows rows = store::ReadRows(source, databook::WithColumnsOf(table, statement.sql));
         const qint64 found = rows.Count();
         std::vector<qint64> places(static_cast<std::size_t>(std::min(found, *limit)));
         std::iota(places.begin(), places.end(), qint64{0});
@@ -261,7 +263,8 @@ int RunFind(Session& session, const Output& out, const QStringList& arguments,
         hits = database.FindText(search);
         ids.insert(ids.end(), hits.ids.begin(), hits.ids.end());
     }
-    const store::Rows rows(database, databook::SelectAllText() + databook::OrderByText(program.globals.sortGrid));
+    const store::Rows rows(database, databook::WithColumnsOf(database.Table(program.globals.G_Table), databook::SelectAllText()) +
+                               databook::OrderByText(program.globals.sortGrid));
     std::vector<qint64> places = rows.PlacesOf(ids);
     std::erase(places, -1);
     std::sort(places.begin(), places.end());
