@@ -62,6 +62,7 @@ frm_Rehearse::frm_Rehearse(const TransferDesk& desk, std::unique_ptr<Rehearsal> 
 void frm_Rehearse::Form_Load()
 {
     lblSummary.SetCaption(SummaryOf(*m_rehearsal));
+    lblmsg.Show(DamageWords(m_rehearsal->Damage()).trimmed(), forms::Colour::Red);
     grdrows.SetColumns(RehearsedRows::Columns());
     grdfields.SetColumns(FieldRows::Columns());
     grdrows.Rebind(&m_rows, m_rows.RowCount() > 0 ? 0 : -1);

@@ -61,8 +61,7 @@ QString SummaryOf(const Rehearsal& rehearsal)
     QStringList parts;
     for (const RowKind kind : {RowKind::New, RowKind::Changed, RowKind::Same, RowKind::Twin, RowKind::Refused})
         parts.append(NameOf(kind) + u": "_s + QString::number(rehearsal.Count(kind)));
-    const QString damage = DamageWords(rehearsal.Damage());
-    return parts.join(u", "_s) + (damage.isEmpty() ? QString() : u'.' + damage);
+    return parts.join(u", "_s);
 }
 
 } // namespace vasclip::upkeep

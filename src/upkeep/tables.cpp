@@ -1,5 +1,6 @@
 #include "upkeep/tables.h"
 
+#include "platform/engine/health.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/messages.h"
@@ -15,15 +16,23 @@ namespace vasclip::upkeep {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+const QString kDamaged = u"%1 is damaged, and not all of it can be read: %2"_s;
+
+} // namespace
+
 bool IsSystemTable(const QString& name)
 {
     return text::Folded(name).startsWith("MSYS"_L1);
 }
 
-QStringList TablesOf(engine::Engine& engine, const QString& file)
+QStringList TablesOf(engine::Engine& engine, const QString& file, QString* damage)
 {
     const auto database = engine.OpenDatabase(file, engine::OpenMode::ReadOnly);
     QStringList tables = database->TableNames();
+    if (damage)
+        *damage = engine::DamageOf(*database);
     database->Close();
     tables.removeIf([](const QString& name) {
         return text::Trim(name).isEmpty() || IsSystemTable(name);
@@ -54,7 +63,9 @@ QString Fill(const files::Disk& disk, const QString& file, forms::ListBox& list,
 
 QString ListTheTables(engine::Engine& engine, const QString& file, forms::ListBox& list, const QString& selected)
 {
-    return Fill(engine.Disk(), file, list, selected, [&] { return TablesOf(engine, file); });
+    QString damage;
+    const QString why = Fill(engine.Disk(), file, list, selected, [&] { return TablesOf(engine, file, &damage); });
+    return why.isEmpty() && !damage.isEmpty() ? kDamaged.arg(file, damage) : why;
 }
 
 QString ListTheSheets(const files::Disk& disk, const QString& file, forms::ListBox& list, const QString& selected)

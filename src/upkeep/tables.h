@@ -9,8 +9,9 @@ namespace vasclip::upkeep {
 [[nodiscard]] bool IsSystemTable(const QString& name);
 
 /// The tables of a database file that are not the system's own. The file is open for reading only meanwhile.
+/// @param damage  what is known of it, "" for nothing
 /// @throws RuntimeError of the engine
-[[nodiscard]] QStringList TablesOf(engine::Engine& engine, const QString& file);
+[[nodiscard]] QStringList TablesOf(engine::Engine& engine, const QString& file, QString* damage = nullptr);
 
 /// Fills a list with the tables of a file and selects the one of this name, else the first; a file that is not
 /// there has none. @return why it can't be read, "" if it can

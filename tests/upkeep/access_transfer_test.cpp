@@ -9,6 +9,7 @@
 #include "upkeep/export_table.h"
 #include "upkeep/import_table.h"
 #include "upkeep/rehearsal.h"
+#include "upkeep/tables.h"
 
 namespace vasclip::upkeep {
 namespace {
@@ -80,7 +81,7 @@ TEST_F(AccessTransfer, SaysThatAFileWhichWasCutShortWasNotReadWhole)
     Bind(databook);
     Rehearsal rehearsal(Desk(), {.source = target, .table = table, .pictures = false});
     EXPECT_FALSE(rehearsal.Damage().isEmpty());
-    EXPECT_TRUE(SummaryOf(rehearsal).contains(u"The file is damaged, and not all of it could be read: "_s));
+    EXPECT_TRUE(DamageWords(rehearsal.Damage()).startsWith(u" The file is damaged, and not all of it could be read: "_s));
     const ImportResult result = ImportTable(Desk(), {.source = target, .table = table, .pictures = false}, Step());
     EXPECT_GT(result.appended, 0);
     EXPECT_LT(result.appended, 403);
@@ -98,6 +99,11 @@ TEST_F(AccessTransfer, ATableThatACutFileLostIsNotCalledMisspelled)
     const auto failure = tests::ThrownBy(
         [&] { return ImportTable(Desk(), {.source = target, .table = table, .pictures = false}, Step()).rows; });
     EXPECT_TRUE(failure.words.contains(u"damaged"_s)) << failure.words.toStdString();
+    forms::ControlSet controls;
+    forms::ListBox list(controls, u"lstTables"_s);
+    const QString why = ListTheTables(engine, target, list, table);
+    EXPECT_TRUE(why.startsWith(target + u" is damaged, and not all of it can be read: "_s)) << why.toStdString();
+    EXPECT_EQ(list.ListCount(), 0);
 }
 
 TEST_F(AccessTransfer, ARehearsalAddsWhatIsChosen)
