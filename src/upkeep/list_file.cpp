@@ -106,6 +106,8 @@ ListFile::ListFile(const files::Disk& disk, const QString& file)
         m_book = std::make_unique<sheet::Workbook>(disk.ToNative(file));
     else
         m_bytes = disk.ReadWhole(file);
+    if (QString page; m_bytes.contains('\0') && Decoded(m_bytes, {}, &page) && page != CodePageOf(u"UTF-16"_s))
+        throw RuntimeError(error::kUnrecognisedDatabase, kNoText.arg(file));
 }
 
 ListFile::~ListFile() = default;

@@ -148,7 +148,7 @@ TEST_F(RefusedLines, OfWhatIsNoTextAreNone)
 {
     for (const QByteArray& bytes : {QByteArray("\x00\x01\x00\x00Standard Jet DB,\n1\n", 24), QByteArray("\xFF\xD8\xFF\xE0\x00\x10JFIF\n", 11)}) {
         disk.WriteWhole(csv, bytes);
-        EXPECT_EQ(tests::ThrownBy([&] { return Look(csv).look.columns; }).words,
+        EXPECT_EQ(tests::ThrownBy([&] { return ListFile(disk, csv).IsWorkbook(); }).words,
                   u"C:\\EXPORT\\IN.CSV is no text file, as it holds bytes that no text has. Choose another file"_s);
     }
     disk.WriteWhole(csv, QByteArray("A\0d\0d\0r\0e\0s\0s\0\n\0" "1\0 \0A\0s\0h\0", 26));
