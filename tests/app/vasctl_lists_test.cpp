@@ -142,6 +142,7 @@ TEST_F(VasctlLists, AValueThatIsNoneIsToldAndNothingComesIn)
         {{u"--code-page"_s, u"EBCDIC"_s}, kUsage, "'EBCDIC' is no code page that can be read; these can: "},
         {{u"--sheet"_s, u"Sales"_s}, kUsage, "--sheet belongs to a spreadsheet file."},
         {{u"--map"_s, u"Price=NOSUCH"_s}, kUsage, "The Databook has no field 'NOSUCH'."},
+        {{u"--map"_s, u"Price=FrontPhoto"_s}, kUsage, "A list holds no pictures: no column goes into FRONTPHOTO."},
         {{u"--map"_s, u"Colour=NOTES"_s}, kUsage, "The file has no column 'Colour'."},
     };
     for (const Row& row : rows)

@@ -1,6 +1,7 @@
 #include "app/vasctl/list_options.h"
 
 #include "platform/text/text.h"
+#include "store/fields.h"
 #include "store/store.h"
 #include "upkeep/code_pages.h"
 
@@ -115,6 +116,10 @@ bool MapColumn(const Output& out, const upkeep::TransferDesk& desk, upkeep::List
     });
     if (!known || column == look.columns.end()) {
         out.Error(known ? u"The file has no column '%1'."_s.arg(heading) : u"The Databook has no field '%1'."_s.arg(field));
+        return false;
+    }
+    if (field == fields::FRONTPHOTO) {
+        out.Error(u"A list holds no pictures: no column goes into %1."_s.arg(field));
         return false;
     }
     for (upkeep::ListColumn& other : look.columns)
