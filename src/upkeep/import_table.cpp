@@ -8,6 +8,8 @@
 
 #include <QScopeGuard>
 
+#include <algorithm>
+
 namespace vasclip::upkeep {
 
 using namespace Qt::StringLiterals;
@@ -80,6 +82,7 @@ ImportResult ImportTable(const TransferDesk& desk, const ImportOrder& order, con
         result.refused = lines + result.refused;
     }
     result.otherKind = plan.otherKind;
+    result.blanksFirst = std::ranges::count_if(plan.newKeys, [](const QString& key) { return key.startsWith(u' '); });
     if (!order.pictures && plan.hasPictures)
         result.picturesLeft = PicturesInside(*source, order.table);
     EmbeddedImages images(desk, *source, order.table);
@@ -120,6 +123,8 @@ QString WordsOf(const ImportResult& result)
         words += u" The Databook has no field "_s + result.leftBehind.join(u", "_s) + u'.';
     if (!result.otherKind.isEmpty())
         words += u" What "_s + result.otherKind.join(u", "_s) + u" holds is of another kind than in the Databook and was left."_s;
+    if (result.blanksFirst > 0)
+        words += u' ' + Counted(result.blanksFirst, u"key begins"_s, u"keys begin"_s) + u" with a blank: no look-up finds such a record."_s;
     if (result.picturesLeft > 0)
         words += u' ' + Counted(result.picturesLeft, u"picture was"_s, u"pictures were"_s) +
                  u" left inside the file; import it again with its pictures to have them."_s;

@@ -29,6 +29,7 @@ struct ImportResult
     QList<RefusedRow> refused;
     QStringList leftBehind; ///< columns that the Databook does not have
     QStringList otherKind;  ///< columns whose values the Databook's fields can't hold
+    qint64 blanksFirst = 0;  ///< records that came in with a key that begins with a blank
     qint64 picturesLeft = 0; ///< inside rows, where none were wanted
     SavedImages pictures;
     QStringList damage; ///< what of the source could not be read, a line each

@@ -19,6 +19,7 @@ constexpr qsizetype kNamed = 500;
 constexpr qint64 kBetweenSteps = 256; ///< rows
 const QString kReading = u"Reading the records of the file"_s;
 const QString kComparing = u"Comparing with the Databook"_s;
+const QString kBlanksFirst = u"its key begins with a blank: no look-up finds such a record"_s;
 const QString kTwinInside = u"%1 of the same file stands at the same address"_s;
 
 QString ColumnList(const QStringList& columns)
@@ -86,6 +87,8 @@ void Rehearsal::Sort(const WorkStep& step)
         row.key = text::Trim(row.stored);
         row.kind = row.why.isEmpty() ? RowKind::New : RowKind::Refused;
         row.choice = row.why.isEmpty() ? RowChoice::Add : RowChoice::KeepMine;
+        if (row.why.isEmpty() && row.stored.startsWith(u' '))
+            row.why = kBlanksFirst;
         if (m_plan.there.contains(at)) {
             row.kind = RowKind::Changed;
             row.mine = row.stored;

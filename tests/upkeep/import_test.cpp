@@ -5,6 +5,7 @@
 #include "support/exclusive_lock.h"
 #include "upkeep/export_table.h"
 #include "upkeep/import_table.h"
+#include "upkeep/rehearsal.h"
 
 namespace vasclip::upkeep {
 namespace {
@@ -376,6 +377,16 @@ TEST_F(Import, PutsPicturesIntoThePhotoDirectoryForADatabookOfAnOlderLayoutToo)
     PutComp(u"2 ASH ST"_s, {}, u"FRONT VIEW|00000008\r\n"_s, kJpeg + "8");
     EXPECT_EQ(Run().pictures.written, 2);
     EXPECT_EQ(Bytes(u"C:\\JPG\\00000008.jpg"_s), kJpeg + "8");
+}
+
+TEST_F(Import, TellsOfAKeyThatBeginsWithABlank)
+{
+    PutComp(u"  1 ASH ST"_s);
+    const Rehearsal rehearsal(Desk(), {.source = file, .table = table});
+    ASSERT_EQ(rehearsal.Count(RowKind::New), 1);
+    EXPECT_EQ(rehearsal.Rows().first().why, u"its key begins with a blank: no look-up finds such a record"_s);
+    EXPECT_EQ(WordsOf(Run()), u"1 record of C:\\EXPORT\\THEIRS.MDB was added to the Databook. 1 key begins with a blank: no look-up "
+                              u"finds such a record."_s);
 }
 
 TEST_F(Import, RefusesATableWithoutKeys)
