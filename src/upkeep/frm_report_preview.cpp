@@ -83,7 +83,7 @@ frm_ReportPreview::frm_ReportPreview(const ReportDesk& desk, QString file, QStri
     connect(&cmdPrevious, &forms::Control::Clicked, this, [this] { ShowPage(m_page - 1); });
     connect(&cmdNext, &forms::Control::Clicked, this, [this] { ShowPage(m_page + 1); });
     connect(&cmdLast, &forms::Control::Clicked, this, [this] {
-        CountAll();
+        static_cast<void>(CountAll());
         ShowPage(Pages());
     });
     connect(&txtPage, &forms::Control::LostFocus, this, &frm_ReportPreview::ShowTypedPage);
@@ -119,8 +119,10 @@ frm_ReportPreview::frm_ReportPreview(const ReportDesk& desk, QString file, QStri
     connect(&cmdStop, &forms::Control::Clicked, this, [this] { m_stop = true; });
     const auto ifIdle = [this](auto emitter) {
         return [this, emitter] {
-            if (!m_busy)
-                emitter();
+            if (m_busy)
+                return;
+            lblmsg.Show({}, forms::Colour::Normal); // of what was done before
+            emitter();
         };
     };
     connect(&cmdPrint, &forms::Control::Clicked, this, ifIdle([this] { Q_EMIT PrinterWanted(); }));
@@ -210,6 +212,16 @@ void frm_ReportPreview::TakePaper()
     Rebuild();
 }
 
+void frm_ReportPreview::ChoosePaper(const QString& name, bool landscape)
+{
+    m_filling = true;
+    cboPaper.SetListIndex(static_cast<int>(paper::PaperNames().indexOf(name)));
+    for (int i : {0, 1})
+        optOrientation(i).SetValue(landscape == (i == 1));
+    m_filling = false;
+    TakePaper();
+}
+
 /// The pages anew; the reader stays about where he was.
 void frm_ReportPreview::Rebuild()
 {
@@ -286,6 +298,13 @@ void frm_ReportPreview::TellNoPrinter()
     lblmsg.Show(
         u"This computer has no printer. Set one up in the system's settings, or save the report as a PDF."_s,
         forms::Colour::Red);
+}
+
+void frm_ReportPreview::TellOtherPaper(const QString& paper)
+{
+    lblmsg.Show(u"Reports are not laid out for %1, which the printer was set to. Choose a paper above. Nothing was printed."_s
+                    .arg(paper),
+                forms::Colour::Red);
 }
 
 } // namespace vasclip::upkeep

@@ -12,6 +12,13 @@
 
 namespace vasclip::upkeep {
 
+/// What is to be said of pages that a printer got.
+struct PrinterAnswer
+{
+    QString refusal = {}; ///< why it has not taken them after all
+    QString note = {};    ///< what else a user should know, a sentence
+};
+
 /// The report as it will be on paper, from the filled report database: other layouts and papers of the same
 /// records, printing, PDF.
 class frm_ReportPreview : public forms::Screen
@@ -52,9 +59,16 @@ public:
     /// @param file  native path
     void SavePdf(const QString& file);
     void SaveCsv(const QString& file);
+    /// Counts the rest of the pages. @return false if it was stopped
+    [[nodiscard]] bool CountAll();
+    /// Another paper, as if it had been chosen here. @param name  one of paper::PaperNames()
+    void ChoosePaper(const QString& name, bool landscape);
     /// @param wanted  numbers of pages; empty for all, also while they are still counted
-    void PrintTo(QPagedPaintDevice& printer, double dots, const QPageRanges& wanted = {});
+    /// @param answer  asked when the printer has all that it gets
+    void PrintTo(QPagedPaintDevice& printer, double dots, const QPageRanges& wanted = {},
+                 const std::function<PrinterAnswer()>& answer = {});
     void TellNoPrinter();
+    void TellOtherPaper(const QString& paper); ///< of which there are no reports
 
 Q_SIGNALS:
     void PageChanged(); ///< another page, paper or zoom is on show
@@ -72,7 +86,6 @@ private:
     void Rebuild();
     void TakePaper();
     void FindNext();
-    void CountAll();
     void ShowCount();
     void ShowTypedPage();
     [[nodiscard]] ReportBook Book(paper::PictureSource& pictures);
@@ -80,6 +93,8 @@ private:
     /// Does long work with the gauge; nothing else begins meanwhile.
     void Work(const std::function<void()>& work);
     void Tell(paper::Made made, const QString& done, qsizetype missing = 0);
+    void TellPrinted(const SentPages& printed, const QPageRanges& wanted, const PrinterAnswer& answer,
+                     qsizetype missing);
 
     ReportDesk m_desk;
     QString m_file;

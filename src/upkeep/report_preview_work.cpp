@@ -82,13 +82,16 @@ void frm_ReportPreview::Tell(paper::Made made, const QString& done, qsizetype mi
         lblmsg.Show(done, forms::Colour::Blue);
 }
 
-void frm_ReportPreview::CountAll()
+bool frm_ReportPreview::CountAll()
 {
+    if (m_view && m_view->Counted())
+        return true;
     Work([this] {
         while (!m_view->CountSome(kSlice) &&
                Progress(u"Counting the pages"_s, m_view->RecordsCounted(), m_facts.count)) {
         }
     });
+    return m_view && m_view->Counted();
 }
 
 void frm_ReportPreview::SavePdf(const QString& file)
@@ -114,7 +117,8 @@ void frm_ReportPreview::SaveCsv(const QString& file)
     });
 }
 
-void frm_ReportPreview::PrintTo(QPagedPaintDevice& printer, double dots, const QPageRanges& wanted)
+void frm_ReportPreview::PrintTo(QPagedPaintDevice& printer, double dots, const QPageRanges& wanted,
+                                const std::function<PrinterAnswer()>& answer)
 {
     const RoutineScope scope{"PrintTo"};
     Work([&] {
@@ -122,18 +126,30 @@ void frm_ReportPreview::PrintTo(QPagedPaintDevice& printer, double dots, const Q
         const SentPages printed = PrintToDevice(
             Book(pictures), printer, dots, wanted,
             [this](const QString& doing, qint64 done, qint64 total) { return Progress(doing, done, total); });
-        if (printed.stopped && printed.sent > 0)
-            lblmsg.Show(printed.sent == 1 ? u"Stopped. The printer has one page."_s
-                                          : u"Stopped. The printer has %1 pages."_s.arg(printed.sent),
-                        forms::Colour::Red);
-        else if (printed.stopped)
-            lblmsg.Show(u"Stopped. Nothing was printed."_s, forms::Colour::Red);
-        else if (printed.sent == 0)
-            lblmsg.Show(u"The report has no page %1; its last one is %2. Nothing was printed."_s.arg(wanted.toString()).arg(printed.pages),
-                        forms::Colour::Red);
-        else
-            Tell(paper::Made::Whole, u"The report was sent to the printer."_s, pictures.Missing());
+        TellPrinted(printed, wanted, answer && printed.sent > 0 ? answer() : PrinterAnswer(), pictures.Missing());
     });
+}
+
+void frm_ReportPreview::TellPrinted(const SentPages& printed, const QPageRanges& wanted, const PrinterAnswer& answer,
+                                    qsizetype missing)
+{
+    if (!answer.refusal.isEmpty())
+        lblmsg.Show(u"The printer has not taken the report: %1. Nothing was printed."_s.arg(answer.refusal),
+                    forms::Colour::Red);
+    else if (printed.stopped && printed.sent > 0)
+        lblmsg.Show(printed.sent == 1 ? u"Stopped. The printer has one page."_s
+                                      : u"Stopped. The printer has %1 pages."_s.arg(printed.sent),
+                    forms::Colour::Red);
+    else if (printed.stopped)
+        lblmsg.Show(u"Stopped. Nothing was printed."_s, forms::Colour::Red);
+    else if (printed.sent == 0)
+        lblmsg.Show(u"The report has no page %1; its last one is %2. Nothing was printed."_s.arg(wanted.toString())
+                        .arg(printed.pages),
+                    forms::Colour::Red);
+    else
+        Tell(paper::Made::Whole, u"The report was sent to the printer."_s, missing);
+    if (!answer.note.isEmpty())
+        lblmsg.Show(lblmsg.Caption() + u' ' + answer.note, forms::Colour::Red);
 }
 
 /// The next page with the text, from the one behind this on; behind the last it goes on at the first.

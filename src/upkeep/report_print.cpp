@@ -19,7 +19,21 @@ const QString kCounting = u"Counting the pages"_s;
 const QString kPrinting = u"Printing"_s;
 const QString kTakesNothing =
     u"The printer takes nothing. Check that it is switched on and connected, or save a PDF instead."_s;
+const QString kOtherPaper = u"The printer does not take %1, and would cut what stands on it. Choose another paper, or save a PDF "
+                            u"instead. Nothing was printed."_s;
 const QString kTakesNoMore = u"The printer took no further page. What it has is not the whole report."_s;
+
+/// A printer that keeps a paper of its own would cut the pages.
+void PutOn(QPagedPaintDevice& device, const paper::Sheet& sheet)
+{
+    const QPageLayout wanted = sheet.Layout();
+    if (!device.pageLayout().isEquivalentTo(wanted))
+        device.setPageLayout(wanted);
+    const QPageLayout taken = device.pageLayout();
+    if (paper::PaperOfSize(taken.pageSize().size(QPageSize::Point)) != sheet.name ||
+        taken.orientation() != wanted.orientation())
+        throw RuntimeError(error::kDeviceUnavailable, kOtherPaper.arg(paper::PaperWords(sheet.name)));
+}
 
 } // namespace
 
@@ -58,7 +72,7 @@ SentPages PrintToDevice(const ReportBook& book, QPagedPaintDevice& device, doubl
     SentPages printed{.pages = CountPages(book, progress)};
     printed.stopped = printed.pages == 0;
     const int last = wanted.isEmpty() ? printed.pages : std::min(wanted.lastPage(), printed.pages);
-    device.setPageLayout(book.sheet.Layout());
+    PutOn(device, book.sheet);
     QPainter painter;
     paper::Typesetter setter;
     ReportPager pager(book.layout, book.sheet, book.facts, book.feed, setter);

@@ -39,7 +39,7 @@ struct SentPages
 
 /// Pages to a printer, which hears of nothing before the first of them.
 /// @param wanted  numbers of pages; empty for all
-/// @throws RuntimeError 68 for a printer that takes nothing
+/// @throws RuntimeError 68 for a printer that takes nothing, or not this paper
 [[nodiscard]] SentPages PrintToDevice(const ReportBook& book, QPagedPaintDevice& device, double dots,
                                     const QPageRanges& wanted, const ReportProgress& progress);
 

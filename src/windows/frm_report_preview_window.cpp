@@ -12,9 +12,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPrintDialog>
-#include <QPrinter>
-#include <QPrinterInfo>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QShortcut>
@@ -115,30 +112,7 @@ void AskForFile(QDialog& window, Preview& preview, const QString& extension)
         preview.SaveCsv(file);
 }
 
-void AskForPrinter(QDialog& window, Preview& preview)
-{
-    if (QPrinterInfo::availablePrinterNames().isEmpty()) {
-        preview.TellNoPrinter();
-        return;
-    }
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setPageLayout(preview.Sheet().Layout());
-    printer.setDocName(preview.SuggestedName());
-    QPrintDialog dialog(&printer, &window);
-    dialog.setOption(QAbstractPrintDialog::PrintPageRange);
-    dialog.setOption(QAbstractPrintDialog::PrintToFile, false);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    SendToPrinter(preview, printer);
-}
-
 } // namespace
-
-void SendToPrinter(Preview& preview, QPrinter& printer)
-{
-    preview.PrintTo(printer, printer.resolution(),
-                    printer.printRange() == QPrinter::PageRange ? printer.pageRanges() : QPageRanges());
-}
 
 void Layout_frm_ReportPreview(QDialog& window, forms::Screen& screen)
 {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace vasclip::paper {
 
@@ -69,6 +70,16 @@ QStringList PaperNames()
 QString PaperWords(const QString& name)
 {
     return PaperOf(name).words;
+}
+
+QString PaperOfSize(QSizeF points)
+{
+    constexpr double kRounded = 2; ///< points that a printer's own figures may differ
+    for (const Paper& paper : kPapers)
+        if (const QSizeF off = QSizeF(paper.size) / kPoint - points;
+            std::abs(off.width()) <= kRounded && std::abs(off.height()) <= kRounded)
+            return paper.name;
+    return {};
 }
 
 } // namespace vasclip::paper

@@ -2,6 +2,7 @@
 
 #include <QPageLayout>
 #include <QRect>
+#include <QSizeF>
 #include <QString>
 #include <QStringList>
 
@@ -29,5 +30,7 @@ struct Sheet
 [[nodiscard]] QStringList PaperNames();
 /// As a person reads it: "Letter, 8.5 x 11 in". @param name  one of PaperNames()
 [[nodiscard]] QString PaperWords(const QString& name);
+/// One of PaperNames(), "" for a paper that is none of them. @param points  upright
+[[nodiscard]] QString PaperOfSize(QSizeF points);
 
 } // namespace vasclip::paper
