@@ -83,7 +83,7 @@ frm_ReportPreview::frm_ReportPreview(const ReportDesk& desk, QString file, QStri
     connect(&cmdPrevious, &forms::Control::Clicked, this, [this] { ShowPage(m_page - 1); });
     connect(&cmdNext, &forms::Control::Clicked, this, [this] { ShowPage(m_page + 1); });
     connect(&cmdLast, &forms::Control::Clicked, this, [this] {
-        static_cast<void>(CountAll());
+        static_cast<void>(CountAll(cmdPrevious));
         ShowPage(Pages());
     });
     connect(&txtPage, &forms::Control::LostFocus, this, &frm_ReportPreview::ShowTypedPage);
@@ -113,9 +113,9 @@ frm_ReportPreview::frm_ReportPreview(const ReportDesk& desk, QString file, QStri
     connect(&txtFind, &forms::Control::KeyPressed, this, [this](int key, int, bool& handled) {
         handled = key == 13;
         if (handled)
-            FindNext();
+            FindNext(txtFind);
     });
-    connect(&cmdFind, &forms::Control::Clicked, this, &frm_ReportPreview::FindNext);
+    connect(&cmdFind, &forms::Control::Clicked, this, [this] { FindNext(cmdFind); });
     connect(&cmdStop, &forms::Control::Clicked, this, [this] { m_stop = true; });
     const auto ifIdle = [this](auto emitter) {
         return [this, emitter] {
@@ -270,6 +270,8 @@ void frm_ReportPreview::ShowPage(int number)
 /// What is no number leaves the page on show.
 void frm_ReportPreview::ShowTypedPage()
 {
+    if (m_busy)
+        return;
     bool number = false;
     const int typed = txtPage.Text().trimmed().toInt(&number);
     ShowPage(number ? typed : m_page);

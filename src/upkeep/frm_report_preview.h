@@ -60,7 +60,8 @@ public:
     void SavePdf(const QString& file);
     void SaveCsv(const QString& file);
     /// Counts the rest of the pages. @return false if it was stopped
-    [[nodiscard]] bool CountAll();
+    /// @param asked  has the focus behind it
+    [[nodiscard]] bool CountAll(forms::Control& asked);
     /// Another paper, as if it had been chosen here. @param name  one of paper::PaperNames()
     void ChoosePaper(const QString& name, bool landscape);
     /// @param wanted  numbers of pages; empty for all, also while they are still counted
@@ -85,13 +86,14 @@ private:
     void OpenNamed(const QString& name);
     void Rebuild();
     void TakePaper();
-    void FindNext();
+    void FindNext(forms::Control& asked);
     void ShowCount();
     void ShowTypedPage();
     [[nodiscard]] ReportBook Book(paper::PictureSource& pictures);
     [[nodiscard]] bool Progress(const QString& doing, qint64 done, qint64 total);
     /// Does long work with the gauge; nothing else begins meanwhile.
-    void Work(const std::function<void()>& work);
+    /// @param asked  has the focus behind it; the button that stops has it meanwhile
+    void Work(forms::Control& asked, const std::function<void()>& work);
     void Tell(paper::Made made, const QString& done, qsizetype missing = 0);
     void TellPrinted(const SentPages& printed, const QPageRanges& wanted, const PrinterAnswer& answer,
                      qsizetype missing);

@@ -40,7 +40,7 @@ bool frm_ReportPreview::Progress(const QString& doing, qint64 done, qint64 total
     return !m_stop;
 }
 
-void frm_ReportPreview::Work(const std::function<void()>& work)
+void frm_ReportPreview::Work(forms::Control& asked, const std::function<void()>& work)
 {
     if (m_busy || !m_view)
         return;
@@ -58,6 +58,8 @@ void frm_ReportPreview::Work(const std::function<void()>& work)
     m_stop = false;
     m_sincePump.invalidate();
     lblmsg.Show({}, forms::Colour::Normal);
+    cmdStop.SetVisible(true);
+    cmdStop.SetFocus(); // before the others can't have it
     begin(true);
     struct Ended
     {
@@ -66,6 +68,7 @@ void frm_ReportPreview::Work(const std::function<void()>& work)
     } const ended{[&] {
         begin(false);
         ShowCount();
+        asked.SetFocus();
     }};
     common::Guarded(m_desk.ports.prompter, work);
 }
@@ -82,11 +85,11 @@ void frm_ReportPreview::Tell(paper::Made made, const QString& done, qsizetype mi
         lblmsg.Show(done, forms::Colour::Blue);
 }
 
-bool frm_ReportPreview::CountAll()
+bool frm_ReportPreview::CountAll(forms::Control& asked)
 {
     if (m_view && m_view->Counted())
         return true;
-    Work([this] {
+    Work(asked, [this] {
         while (!m_view->CountSome(kSlice) &&
                Progress(u"Counting the pages"_s, m_view->RecordsCounted(), m_facts.count)) {
         }
@@ -97,7 +100,7 @@ bool frm_ReportPreview::CountAll()
 void frm_ReportPreview::SavePdf(const QString& file)
 {
     const RoutineScope scope{"SavePdf"};
-    Work([&] {
+    Work(cmdPDF, [&] {
         ReportPictures pictures(m_desk.disk, m_desk.globals.G_PhotoDir);
         const paper::Made made =
             PrintToPdf(Book(pictures), file, [this](const QString& doing, qint64 done, qint64 total) {
@@ -110,7 +113,7 @@ void frm_ReportPreview::SavePdf(const QString& file)
 void frm_ReportPreview::SaveCsv(const QString& file)
 {
     const RoutineScope scope{"SaveCsv"};
-    Work([&] {
+    Work(cmdCSV, [&] {
         const paper::Made made = WriteReportCsv(file, *m_layout, m_table->Feed(), m_facts.now.date(),
                                                 [this] { return Progress(u"Writing the records"_s, 0, 0); });
         Tell(made, u"The records are in %1."_s.arg(file));
@@ -121,7 +124,7 @@ void frm_ReportPreview::PrintTo(QPagedPaintDevice& printer, double dots, const Q
                                 const std::function<PrinterAnswer()>& answer)
 {
     const RoutineScope scope{"PrintTo"};
-    Work([&] {
+    Work(cmdPrint, [&] {
         ReportPictures pictures(m_desk.disk, m_desk.globals.G_PhotoDir);
         const SentPages printed = PrintToDevice(
             Book(pictures), printer, dots, wanted,
@@ -153,7 +156,7 @@ void frm_ReportPreview::TellPrinted(const SentPages& printed, const QPageRanges&
 }
 
 /// The next page with the text, from the one behind this on; behind the last it goes on at the first.
-void frm_ReportPreview::FindNext()
+void frm_ReportPreview::FindNext(forms::Control& asked)
 {
     const QString wanted = txtFind.Text().trimmed();
     if (wanted.isEmpty())
@@ -162,7 +165,7 @@ void frm_ReportPreview::FindNext()
     const int from = m_page;
     bool stopped = false;
     bool looked = false;
-    Work([&] {
+    Work(asked, [&] {
         const auto look = [&](int page) {
             const std::optional<paper::Page> made = m_view->PageAt(page);
             if (made && !PlacesOf(*made, wanted).isEmpty())

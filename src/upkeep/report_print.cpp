@@ -18,10 +18,10 @@ namespace {
 const QString kCounting = u"Counting the pages"_s;
 const QString kPrinting = u"Printing"_s;
 const QString kTakesNothing =
-    u"The printer takes nothing. Check that it is switched on and connected, or save a PDF instead."_s;
+    u"The printer takes nothing. Check that it is switched on and connected, or save a PDF instead"_s;
 const QString kOtherPaper = u"The printer does not take %1, and would cut what stands on it. Choose another paper, or save a PDF "
-                            u"instead. Nothing was printed."_s;
-const QString kTakesNoMore = u"The printer took no further page. What it has is not the whole report."_s;
+                            u"instead. Nothing was printed"_s;
+const QString kTakesNoMore = u"The printer took no further page. What it has is not the whole report"_s;
 
 /// A printer that keeps a paper of its own would cut the pages.
 void PutOn(QPagedPaintDevice& device, const paper::Sheet& sheet)

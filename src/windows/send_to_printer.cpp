@@ -107,7 +107,7 @@ void AskForPrinter(QDialog& window, Preview& preview)
         preview.TellNoPrinter();
         return;
     }
-    if (!preview.CountAll()) // the dialogue takes no page beyond the last one
+    if (!preview.CountAll(preview.cmdPrint)) // the dialogue takes no page beyond the last one
         return;
     QPrinter printer(QPrinter::HighResolution);
     Propose(printer, preview.Sheet());

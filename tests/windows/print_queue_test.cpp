@@ -5,7 +5,9 @@
 #include "upkeep/frm_report_preview.h"
 
 #include <QComboBox>
+#include <QMessageBox>
 #include <QPrintDialog>
+#include <QPrinter>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QSpinBox>
@@ -50,6 +52,12 @@ protected:
             ASSERT_NE(dialog, nullptr);
             came = true;
             choose(*dialog);
+            QTimer::singleShot(0, dialog, [] {
+                if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                    ADD_FAILURE() << box->text().toStdString();
+                    box->reject();
+                }
+            });
             dialog->accept();
             EXPECT_FALSE(dialog->isVisible()) << "the dialogue does not take what was chosen";
             if (dialog->isVisible())
@@ -159,6 +167,20 @@ TEST_F(PrintQueues, APaperThatThePrinterDoesNotListIsTold)
                                             "look at what it prints."_s);
         EXPECT_EQ(PaperOf(queue.Printed()), QSize(792, 1224));
     });
+}
+
+TEST_F(PrintQueues, APrinterThatKeepsAnotherPaperGetsNothing)
+{
+    OnPreview([&](upkeep::frm_ReportPreview& preview) {
+        preview.ChoosePaper(u"legal"_s, true);
+        doubles.prompter.Answer(forms::Answer::Abort);
+        QPrinter printer; // refuses a layout without margins
+        preview.PrintTo(printer, printer.resolution());
+        EXPECT_TRUE(doubles.prompter.Last().text.contains(u"The printer does not take Legal, 8.5 x 14 in"_s))
+            << doubles.prompter.Last().text.toStdString();
+        EXPECT_EQ(preview.lblmsg.Caption(), QString());
+    });
+    EXPECT_TRUE(queue.HasNothing());
 }
 
 } // namespace

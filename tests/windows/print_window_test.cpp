@@ -259,6 +259,46 @@ TEST_F(PrintWindows, FindMarksWhatItFinds)
     });
 }
 
+TEST_F(PrintWindows, ReturnInFindGoesOnFindingAndWorkGivesTheFocusBack)
+{
+    const auto database = main.program.Engine().OpenDatabase(main.program.DatabookPath());
+    for (int i = 1; i <= 200; ++i)
+        database->Execute(u"INSERT INTO COMPS (CENTRALKEY, ADDRESS) VALUES ('%1 Z ST', '%1 Z St')"_s.arg(i));
+    OnPreview([&](upkeep::frm_ReportPreview& preview) {
+        Wait(preview);
+        QTest::keyClick(window, Qt::Key_F, Qt::ControlModifier);
+        QTest::keyClicks(window->focusWidget(), u"z st"_s);
+        for (const int page : {2, 3, 4}) {
+            QTest::keyClick(window->focusWidget(), Qt::Key_Return);
+            EXPECT_EQ(Text(u"txtPage"_s), QString::number(page));
+        }
+        EXPECT_EQ(window->focusWidget(), &The<QLineEdit>(u"txtFind"_s));
+        preview.SavePdf(out.filePath(u"focus.pdf"_s));
+        EXPECT_EQ(window->focusWidget(), &The<QPushButton>(u"cmdPDF"_s));
+    });
+}
+
+TEST_F(PrintWindows, NothingOfThePageCanBePressedWhileItWorks)
+{
+    const auto database = main.program.Engine().OpenDatabase(main.program.DatabookPath());
+    for (int i = 1; i <= 200; ++i)
+        database->Execute(u"INSERT INTO COMPS (CENTRALKEY, ADDRESS) VALUES ('%1 Z ST', '%1 Z St')"_s.arg(i));
+    OnPreview([&](upkeep::frm_ReportPreview& preview) {
+        Wait(preview);
+        The<QLineEdit>(u"txtPage"_s).setFocus();
+        bool looked = false;
+        doubles.pump.onTurn = [&] {
+            looked = true;
+            EXPECT_FALSE(preview.cmdNext.Enabled());
+            EXPECT_EQ(window->focusWidget(), &The<QPushButton>(u"cmdStop"_s));
+        };
+        preview.SavePdf(out.filePath(u"quiet.pdf"_s));
+        doubles.pump.onTurn = {};
+        EXPECT_TRUE(looked);
+        EXPECT_TRUE(preview.cmdNext.Enabled());
+    });
+}
+
 TEST_F(PrintWindows, TheGridsButtonOpensTheOptionsToo)
 {
     EXPECT_TRUE(main.records.cmdPrint.Enabled());

@@ -9,7 +9,10 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include <sys/prctl.h>
 #include <unistd.h>
+
+#include <csignal>
 
 namespace vasclip::windows {
 
@@ -41,6 +44,7 @@ public:
                                      "printf '%s\\n' \"$4\" \"$5\" > %1/kept/options\nmv %1/kept/part %1/kept/$1.pdf\n"_s.arg(m_dir.path()));
         QFile::setPermissions(File(u"bin/backend/keep"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         Write(u"kept.ppd"_s, Description());
+        m_service.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); }); // never left behind
         m_service.setProcessChannelMode(QProcess::MergedChannels);
         m_service.start(Tool(u"cupsd"_s), {u"-f"_s, u"-c"_s, File(u"etc/cupsd.conf"_s), u"-s"_s, File(u"etc/cups-files.conf"_s)});
         if (!m_service.waitForStarted() || !WaitFor([this] { return QFile::exists(Socket()); }))
