@@ -4,6 +4,8 @@
 #include "faults/small_disk.h"
 #include "support/unix.h"
 
+#include <QStorageInfo>
+
 namespace vasclip::tests {
 
 using namespace Qt::Literals::StringLiterals;
@@ -21,7 +23,7 @@ TEST_F(DiskFaults, AFullDiskUnderTheDatabookRefusesChangesAndKeepsAllRecords)
 {
     const QString key = FirstKey();
     const QString city = CityOf(key);
-    const SmallDisk disk(home.Native(u"DATABOOK"_s));
+    const SmallDisk disk(home.Native(u"DATABOOK"_s), 8192);
     if (!disk.Mounted())
         GTEST_SKIP() << "a small disk can't be mounted here";
     disk.Fill();
@@ -65,6 +67,30 @@ TEST_F(DiskFaults, AFullDiskUnderAConversionIsNamedByTheFileThatWasAskedFor)
         EXPECT_FALSE(run.Says(u".new"_s)) << run.Story();
         EXPECT_EQ(Names(home.Native(u"SMALL"_s)), names) << "no working file stays";
     }
+}
+
+TEST_F(DiskFaults, AFullDiskUnderAnArchiveIsNotSaidToHaveChangedNothing)
+{
+    QDir().mkpath(home.Native(u"SMALL"_s));
+    const SmallDisk disk(home.Native(u"SMALL"_s));
+    if (!disk.Mounted())
+        GTEST_SKIP() << "a small disk can't be mounted here";
+    const Timed cleared = Vasctl({u"maintain"_s, u"clear-photos"_s, u"--yes"_s}); // rows alone fill it
+    ASSERT_EQ(cleared.code, kDone) << cleared.Story();
+    const auto archive = [&](const QString& from, const QString& to) {
+        return Vasctl({u"archive"_s, u"--from"_s, from, u"--to"_s, to, u"--file"_s, u"C:\\SMALL\\OLD.MDB"_s, u"--yes"_s});
+    };
+    ASSERT_EQ(archive(u"01/01/1901"_s, u"12/31/1901"_s).code, kDone) << "an empty one";
+    constexpr qint64 kLeft = 48 * 1024; // for some records and what is at work beside them
+    QFile large(home.Native(u"SMALL/large"_s));
+    ASSERT_TRUE(large.open(QIODevice::WriteOnly));
+    large.write(QByteArray(QStorageInfo(home.Native(u"SMALL"_s)).bytesAvailable() - kLeft, 'x'));
+    large.close();
+    const Timed archived = archive(u"01/01/1990"_s, u"12/31/2030"_s);
+    EXPECT_EQ(archived.code, kFailed) << archived.Story();
+    EXPECT_TRUE(archived.Says(u"is full. This step is stored in none of them; make room and try again"_s)) << archived.Story();
+    EXPECT_TRUE(archived.out.contains("records were moved into C:\\SMALL\\OLD.MDB")) << archived.Story();
+    EXPECT_FALSE(archived.Says(u"Nothing in that file was changed"_s)) << archived.Story();
 }
 
 TEST_F(DiskFaults, AFullDiskUnderTheSettingsKeepsTheOldOnes)

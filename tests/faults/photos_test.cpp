@@ -267,7 +267,7 @@ TEST_F(PhotoFaults, AFullDiskUnderTheDatabookLeavesPicturesAndRecordsAsTheyWere)
     const QByteArray picture = Bytes(file);
     const QStringList stored = StoredNames();
     const QStringList waiting = QDir(home.Native(u"VASSNAP"_s)).entryList(QDir::Files);
-    const SmallDisk disk(home.Native(u"DATABOOK"_s));
+    const SmallDisk disk(home.Native(u"DATABOOK"_s), 8192);
     if (!disk.Mounted())
         GTEST_SKIP() << "a small disk can't be mounted here";
     disk.Fill();

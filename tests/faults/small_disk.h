@@ -18,13 +18,13 @@ inline bool RunTool(const QString& program, const QStringList& arguments)
 class SmallDisk
 {
 public:
-    explicit SmallDisk(const QString& directory)
+    explicit SmallDisk(const QString& directory, int kilobytes = 1024)
         : m_directory(directory)
     {
         const QString aside = m_aside.path();
         m_mounted =
             RunTool(u"cp"_s, {u"-a"_s, directory + u"/."_s, aside}) &&
-            RunTool(u"mount"_s, {u"-t"_s, u"tmpfs"_s, u"-o"_s, u"size=1m"_s, u"tmpfs"_s, directory}) &&
+            RunTool(u"mount"_s, {u"-t"_s, u"tmpfs"_s, u"-o"_s, u"size=%1k"_s.arg(kilobytes), u"tmpfs"_s, directory}) &&
             RunTool(u"cp"_s, {u"-a"_s, aside + u"/."_s, directory});
     }
     ~SmallDisk()

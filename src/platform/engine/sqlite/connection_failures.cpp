@@ -97,9 +97,12 @@ void Connection::Fail(int code)
             u"The database %1 is damaged: not all of it can be read. Copy what can be read into a new one, or restore "
             "it from a backup"_s.arg(file));
     case SQLITE_FULL:
+        // Over several files a walk may have stored steps before this one.
         throw RuntimeError(
             error::kDiskFull,
-            u"The disk that holds %1 is full. Nothing in that file was changed; make room and try again"_s.arg(file));
+            (m_attached.empty() ? u"The disk that holds %1 is full. Nothing in that file was changed; make room and try again"_s
+                                : u"The disk that holds %1 is full. This step is stored in none of them; make room and try again"_s)
+                .arg(file));
     case SQLITE_READONLY:
         if (!m_damage.isEmpty())
             throw RuntimeError(error::kFileIsReadOnly, DamageText());
