@@ -1,5 +1,6 @@
 #include "upkeep/frm_archive.h"
 
+#include "common/dates.h"
 #include "common/error_block.h"
 #include "common/paths.h"
 #include "databook/frm_calendar.h"
@@ -27,6 +28,7 @@ const QString kOpenFile = u"Open %1?"_s;
 const QString kCreateFile = u"Create %1?"_s;
 const QString kDeleteFile = u"Delete %1.  Are you sure?"_s;
 const QString kOnlyPending = u"Without dates only pending sales (01/01/1900) are archived."_s;
+const QString kNoneYet = u"From %1 to %2 is no range of dates: no record is archived."_s;
 const QString kFromTo = u"Records sold from %1 to %2 are archived, both days included."_s;
 const QString kFromToAndPending =
     u"Records sold from %1 to %2 are archived, both days included, and all pending sales (01/01/1900)."_s;
@@ -205,10 +207,14 @@ void frm_Archive::GoTo(const QString& path)
 
 void frm_Archive::ShowRange()
 {
-    if (text::Trim(txtstartdate.Text()).isEmpty() && text::Trim(txtenddate.Text()).isEmpty())
+    const QDate today = m_desk.ports.clock.Today();
+    const SaleRange range{txtstartdate.Text(), txtenddate.Text()};
+    const auto isDate = [&](const QString& typed) { return common::IsDate(DateOf(typed), today); };
+    if (text::Trim(range.start).isEmpty() && text::Trim(range.stop).isEmpty())
         lblRange.SetCaption(kOnlyPending);
-    else if (const SaleRange range{txtstartdate.Text(), txtenddate.Text()};
-             InRange(DateOf({}), range, m_desk.ports.clock.Today()))
+    else if (!isDate(range.start) || !isDate(range.stop) || !InRange(DateOf(range.start), range, today))
+        lblRange.SetCaption(kNoneYet.arg(DateOf(range.start), DateOf(range.stop)));
+    else if (InRange(DateOf({}), range, today))
         lblRange.SetCaption(kFromToAndPending.arg(DateOf(range.start), DateOf(range.stop)));
     else
         lblRange.SetCaption(kFromTo.arg(DateOf(range.start), DateOf(range.stop)));

@@ -241,5 +241,17 @@ TEST_F(ArchiveEdges, TheDatesSayWhetherPendingSalesGoToo)
     EXPECT_TRUE(range(u"1/1/1900"_s, u"12/31/1999"_s).endsWith(u", and all pending sales (01/01/1900)."_s));
 }
 
+TEST_F(ArchiveEdges, TheLineOfTheDatesPromisesNothingThatTheyRefuse)
+{
+    for (const auto& [start, stop] : {std::pair{u"abc"_s, u""_s}, {u"1/1/2020"_s, u""_s}, {u"1/1/2020"_s, u"12/31/201"_s},
+                                      {u"12/31/2020"_s, u"1/1/2020"_s}}) {
+        Dates(start, stop);
+        EXPECT_EQ(screen->lblRange.Caption(), u"From %1 to %2 is no range of dates: no record is archived."_s.arg(
+                                                  start, stop.isEmpty() ? u"01/01/1900"_s : stop));
+    }
+    Dates(u"1/1/2020"_s, u"1/1/2020"_s);
+    EXPECT_TRUE(screen->lblRange.Caption().startsWith(u"Records sold from 1/1/2020 to 1/1/2020 are archived"_s));
+}
+
 } // namespace
 } // namespace vasclip::upkeep
