@@ -73,9 +73,7 @@ void frm_Crystal::ListOwnLayouts()
     const QList<LayoutEntry> entries = ListLayouts(m_desk.disk, m_desk.globals);
     for (qsizetype i = kLengths; i < entries.size(); ++i) {
         m_own.append(entries[i].name);
-        cboLayout.AddItem(entries[i].words == entries[i].name
-                              ? entries[i].name
-                              : entries[i].words + u" ("_s + entries[i].name + u')');
+        cboLayout.AddItem(ShownName(entries[i]));
     }
     cboLayout.SetListIndex(0);
     cboLayout.SetEnabled(m_own.size() > 1);

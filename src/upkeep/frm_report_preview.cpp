@@ -152,7 +152,7 @@ void frm_ReportPreview::ListLayoutNames()
     m_filling = true;
     for (const LayoutEntry& entry : ListLayouts(m_desk.disk, m_desk.globals)) {
         m_names.append(entry.name);
-        cboLayout.AddItem(entry.words);
+        cboLayout.AddItem(ShownName(entry));
     }
     cboLayout.SetListIndex(static_cast<int>(m_names.indexOf(m_layoutName)));
     m_filling = false;

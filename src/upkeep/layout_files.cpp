@@ -103,6 +103,12 @@ QList<LayoutEntry> ListLayouts(const files::Disk& disk, const common::Globals& g
     return entries;
 }
 
+QString ShownName(const LayoutEntry& entry)
+{
+    return entry.words == entry.name || OfTheProgram().contains(entry.name) ? entry.words
+                                                                           : entry.words + u" ("_s + entry.name + u')';
+}
+
 ReportLayout OpenLayout(const files::Disk& disk, const common::Globals& globals, const QString& name)
 {
     const QString wanted = name.trimmed().toLower();

@@ -20,6 +20,8 @@ struct LayoutEntry
 
 /// The program's three and the user's own, by name. One that is wrong is listed with its reason.
 [[nodiscard]] QList<LayoutEntry> ListLayouts(const files::Disk& disk, const common::Globals& globals);
+/// As a list shows it: a copy has the words of the one that it comes from, and is told by its name.
+[[nodiscard]] QString ShownName(const LayoutEntry& entry);
 
 /// A layout by its name, of any case, the user's own first. @throws RuntimeError 53 for one that is not
 /// there, with the names that are; 5 for one that is wrong, with its file, line and column

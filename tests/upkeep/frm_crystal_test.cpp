@@ -76,7 +76,7 @@ TEST_F(Crystal, ALayoutOfTheUsersOwnIsNoneOfTheLengths)
     const auto screen = Make(u"SELECT * FROM COMPS"_s);
     screen->cboLayout.SetListIndex(screen->cboLayout.IndexOf(u"Mine (mine)"_s));
     EXPECT_FALSE(screen->optSelected(0).Value());
-    Print(*screen, [](frm_ReportPreview& preview) { EXPECT_EQ(preview.cboLayout.Text(), u"Mine"_s); });
+    Print(*screen, [](frm_ReportPreview& preview) { EXPECT_EQ(preview.cboLayout.Text(), u"Mine (mine)"_s); });
     EXPECT_EQ(Filled(u"Report_NonDesc.mdb"_s), 2);
     screen->cboLayout.SetListIndex(screen->cboLayout.IndexOf(u"bad"_s));
     Click(screen->cmdPrint);

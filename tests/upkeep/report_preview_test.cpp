@@ -326,5 +326,16 @@ TEST_F(Preview, ALayoutThatIsDeletedMeanwhileLeavesTheOneOnShow)
     });
 }
 
+TEST_F(Preview, ACopyOfALayoutIsToldFromIt)
+{
+    Comps(1);
+    static_cast<void>(CopyLayout(disk, globals, u"brief"_s, u"mine"_s));
+    const auto screen = Make(u"SELECT * FROM COMPS"_s);
+    Print(*screen, [&](frm_ReportPreview& preview) {
+        EXPECT_EQ(preview.cboLayout.List(0), u"Brief"_s);
+        EXPECT_EQ(preview.cboLayout.List(3), u"Brief (mine)"_s);
+    });
+}
+
 } // namespace
 } // namespace vasclip::upkeep
