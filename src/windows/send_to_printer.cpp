@@ -56,19 +56,23 @@ QString NameOf(const QPageSize& size)
 }
 
 /// What was chosen in the printer's properties becomes the report's paper, to be seen and remembered. They begin with the
-/// printer's usual paper whatever they are handed, so that one says nothing.
+/// printer's usual paper whatever they are handed, so that one says nothing, and those of another printer may begin upright.
+/// @param before  the printer that the dialogue began with
 /// @return false for a paper of which there are no reports
-bool TakePaper(Preview& preview, const QPrinter& printer)
+bool TakePaper(Preview& preview, const QPrinter& printer, const QString& before)
 {
     const QPageLayout chosen = printer.pageLayout();
     const QPageSize usual = QPrinterInfo(printer).defaultPageSize();
     const bool isUsual = chosen.pageSize().sizePoints() == usual.sizePoints();
+    const bool isUpright = chosen.orientation() == QPageLayout::Portrait;
+    if (isUsual && isUpright && printer.printerName() != before)
+        return true;
     const QString name = isUsual ? preview.Sheet().name : NameOf(chosen.pageSize());
     if (name.isEmpty()) {
         preview.TellOtherPaper(chosen.pageSize().name());
         return false;
     }
-    preview.ChoosePaper(name, chosen.orientation() == QPageLayout::Landscape);
+    preview.ChoosePaper(name, !isUpright);
     return true;
 }
 
@@ -117,7 +121,8 @@ void AskForPrinter(QDialog& window, Preview& preview)
     dialog.setOption(QAbstractPrintDialog::PrintToFile, false);
     dialog.setMinMax(1, preview.Pages());
     dialog.setFromTo(1, preview.Pages());
-    if (dialog.exec() != QDialog::Accepted || !TakePaper(preview, printer))
+    const QString before = printer.printerName();
+    if (dialog.exec() != QDialog::Accepted || !TakePaper(preview, printer, before))
         return;
     ChooseOnce(printer);
     SendToPrinter(preview, printer);
