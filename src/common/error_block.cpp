@@ -5,6 +5,8 @@
 
 #include "platform/text/text.h"
 
+#include <QThreadStorage>
+
 #include <exception>
 #include <utility>
 
@@ -35,8 +37,9 @@ struct State
 
 State& TheState()
 {
-    thread_local State state;
-    return state;
+    // What the language keeps for a thread is freed on Windows before it is taken down.
+    static QThreadStorage<State> states;
+    return states.localData();
 }
 
 /// The routine to name for an error that was just caught.

@@ -40,12 +40,13 @@ void CheckClock(const QString& path, const QString& code, QStringList& violation
 const QHash<QString, QString>& OfTheProcess()
 {
     static const QHash<QString, QString> names = {
-        {u"src/common/error_block.cpp"_s, u"state"_s},                // the stack of calls is a thread's
+        {u"src/common/error_block.cpp"_s, u"states"_s},               // the stack of calls is a thread's
         {u"src/databook/frm_calendar.cpp"_s, u"g_quickExit"_s},       // a box that stays as the user left it
         {u"src/platform/desktop/termination_unix.cpp"_s, u"wakeUp"_s}, // a signal handler reaches nothing else
         {u"src/platform/engine/jet/being_made.cpp"_s, u"all"_s},        // so are files, as long as they have no name
         {u"src/platform/engine/sqlite/connection.cpp"_s, u"files openMutex"_s}, // locks are the process's
         {u"src/platform/picture/heif_reader.cpp"_s, u"asideRunning"_s}, // threads that outlive who asked
+        {u"src/platform/street/cell_codec.cpp"_s, u"packers unpackers"_s}, // too large to be made for each cell
         {u"src/platform/street/draw/glyphs.cpp"_s, u"known fonts"_s}, // shapes of letters, which never change
         {u"src/windows/theme.cpp"_s, u"g_dark"_s},                    // the palette is the application's
     };
@@ -63,10 +64,14 @@ void CheckState(const QString& path, const QString& code, QStringList& violation
         R"([A-Za-z_][\w:<>,*& ]*[ >*&](\w+)(?:\s*=[^=;][^;]*|\{[^;]*\})?;)"_s,
         QRegularExpression::MultilineOption);
     static const QRegularExpression ofFunction(
-        uR"(^\s+(?:static\s+thread_local|thread_local\s+static|static|thread_local)\s+)"
+        uR"(^\s+static\s+)"
         R"((?!const\b|constexpr\b|inline\s+const|thread_local\b)[A-Za-z_][\w:<>,*& ]*[ >*&](\w+))"
         R"((?:\s*=[^=;][^;]*|\s*\{[^;]*\})?;)"_s,
         QRegularExpression::MultilineOption);
+    static const QRegularExpression ofThread(u"\\bthread_local\\b"_s);
+    if (code.contains(ofThread))
+        violations.append(u"%1 uses thread_local, whose storage is freed on Windows before what lies in it is taken down: "
+                          "QThreadStorage keeps it"_s.arg(path));
     const QStringList known = OfTheProcess().value(path).split(u' ');
     for (const QRegularExpression& pattern : {ofNamespace, ofFunction}) {
         for (auto found = pattern.globalMatch(code); found.hasNext();) {

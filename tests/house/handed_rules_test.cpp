@@ -68,8 +68,9 @@ TEST(HandedRules, CatchStateOfTheWholeProcess)
         {"with a braced one", "src/link/a.h", "inline std::atomic<int> running{0};\n", Keeps("src/link/a.h", "running")},
         {"of a function", "src/link/a.cpp", "State& The()\n{\n    static State state;\n    return state;\n}\n",
          Keeps("src/link/a.cpp", "state")},
-        {"of a thread", "src/link/a.cpp", "    static thread_local QElapsedTimer since;\n",
-         Keeps("src/link/a.cpp", "since")},
+        {"of a thread", "src/link/a.cpp", "    thread_local const Engine engine;\n",
+         Text("src/link/a.cpp uses thread_local, whose storage is freed on Windows before what lies in it is taken down: "
+              "QThreadStorage keeps it")},
         {"a table", "src/link/a.cpp",
          "const int kRows[] = {1};\nconstexpr int kMost = 3;\n    static const QStringList names = {u\"a\"_s};\n",
          QString()},

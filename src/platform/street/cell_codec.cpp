@@ -3,6 +3,8 @@
 #include "platform/street/bytes.h"
 #include "platform/street/cell_grid.h"
 
+#include <QThreadStorage>
+
 #include <limits>
 #include <memory>
 
@@ -263,7 +265,10 @@ struct FreePacker
 /// Its length, then its bytes packed as zlib has them; empty where that is no shorter.
 QByteArray Packed(const QByteArray& plain)
 {
-    thread_local const std::unique_ptr<libdeflate_compressor, FreePacker> packer(libdeflate_alloc_compressor(kPackLevel));
+    static QThreadStorage<std::unique_ptr<libdeflate_compressor, FreePacker>> packers;
+    auto& packer = packers.localData();
+    if (!packer)
+        packer.reset(libdeflate_alloc_compressor(kPackLevel));
     if (!packer)
         return {};
     ByteWriter head;
@@ -281,7 +286,10 @@ QByteArray Packed(const QByteArray& plain)
 /// The bytes of a packed cell; empty where they are damaged or say more than they can hold.
 QByteArray Unpacked(QByteArrayView packed)
 {
-    thread_local const std::unique_ptr<libdeflate_decompressor, FreePacker> unpacker(libdeflate_alloc_decompressor());
+    static QThreadStorage<std::unique_ptr<libdeflate_decompressor, FreePacker>> unpackers;
+    auto& unpacker = unpackers.localData();
+    if (!unpacker)
+        unpacker.reset(libdeflate_alloc_decompressor());
     ByteReader head(packed);
     const quint64 size = head.Number();
     const QByteArrayView content = packed.last(head.Left());

@@ -1,12 +1,14 @@
 #include "platform/street/draw/glyphs.h"
 
 #include <QFont>
+#include <QFontInfo>
 #include <QGlyphRun>
 #include <QHash>
 #include <QMutex>
 #include <QPainterPathStroker>
 #include <QRawFont>
 #include <QTextLayout>
+#include <QThreadStorage>
 #include <QTransform>
 
 using namespace Qt::StringLiterals;
@@ -77,11 +79,13 @@ Known& Shapes()
 
 TextRun Letters(const QString& text, Face face)
 {
-    // A font engine belongs to its thread.
-    thread_local std::array<std::unique_ptr<QFont>, 3> fonts;
-    auto& font = fonts.at(static_cast<std::size_t>(face));
+    // A font engine belongs to its thread. What the language keeps for one is freed on Windows before it is taken down.
+    static QThreadStorage<std::array<std::unique_ptr<QFont>, 3>> fonts;
+    auto& font = fonts.localData().at(static_cast<std::size_t>(face));
     if (!font)
         font = std::make_unique<QFont>(FontOf(face));
+    if (QFontInfo(*font).family().isEmpty()) // a machine without any letters
+        return {};
 
     QTextLayout layout(text, *font);
     layout.beginLayout();
