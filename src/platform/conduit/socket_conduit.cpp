@@ -27,6 +27,8 @@ std::unique_ptr<Conduit> MakeSocketConduit(SocketOptions options)
                 // One that hangs with a full queue of callers is there all the same.
                 const bool hangs = socket->state() == QLocalSocket::ConnectingState ||
                                    socket->error() == QLocalSocket::SocketTimeoutError;
+                if (socket->error() == QLocalSocket::ServerNotFoundError) // a pipe can't be looked for before
+                    throw RuntimeError(error::kLinkNoAnswer, u"No forms program listens at %1"_s.arg(options.socketPath));
                 throw RuntimeError(hangs ? error::kLinkTimeOut : error::kLinkNoAnswer,
                                    u"No forms program answers at %1: %2"_s.arg(options.socketPath,
                                                                                socket->errorString()));

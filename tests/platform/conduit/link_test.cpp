@@ -2,6 +2,7 @@
 
 #include "platform/conduit/socket_path.h"
 #include "servers.h"
+#include "support/unix.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -97,6 +98,7 @@ TEST_F(Link, NobodyThere)
 
 TEST_F(Link, APathFromHereIsAPathToo)
 {
+    VASCLIP_NEEDS_UNIX("a socket that is a file");
     const QString relative = QDir::current().relativeFilePath(m_path);
     ServerOptions options = Options();
     options.socketPath = relative;
@@ -368,6 +370,7 @@ TEST_F(Link, ASecondServerIsRefusedInWords)
 
 TEST_F(Link, TheSocketOfADeadProcessIsReplaced)
 {
+    VASCLIP_NEEDS_UNIX("a socket that is a file");
     QProcess peer;
     peer.start(u"" LINK_PEER ""_s, {u"--socket"_s, m_path});
     ASSERT_TRUE(peer.waitForReadyRead(10000));
@@ -392,6 +395,7 @@ TEST_F(Link, TheSocketOfADeadProcessIsReplaced)
 
 TEST_F(Link, SomethingElseAtTheAddressIsLeftAlone)
 {
+    VASCLIP_NEEDS_UNIX("a socket that is a file");
     QFile file(m_path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("my diary");
