@@ -25,6 +25,9 @@ start_wine() {
     trap 'wineserver -k 2>/dev/null; rm -rf "$scratch"' EXIT
     environment TEMP "Z:${scratch//\//\\}"
     environment TMP "Z:${scratch//\//\\}"
+    # A test that makes no application has no directory of it to find Qt's plugins in; offscreen there are only these letters.
+    environment QT_PLUGIN_PATH "Z:${bin//\//\\}"
+    environment QT_QPA_FONTDIR 'Z:\usr\share\fonts\truetype\dejavu'
 }
 
 # environment NAME [VALUE]: for the programs that are started next. Wine passes on no QT_ variable of its caller.
@@ -36,14 +39,19 @@ environment() {
     fi >/dev/null 2>&1 || true
 }
 
-# A program without a screen, or with one that nobody sees.
+# A program without a screen, or with one that nobody sees. Without one Wine still has windows, which the exchange needs.
 offscreen() {
     [ "${shown:-}" = no ] && return
     environment QT_QPA_PLATFORM offscreen
+    wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1
+    wineserver -w # what was started before knows no windows
     shown=no
 }
 on_screen() {
-    [ "${shown:-}" = yes ] || environment QT_QPA_PLATFORM
+    if [ "${shown:-}" != yes ]; then
+        environment QT_QPA_PLATFORM
+        wine reg delete 'HKCU\Software\Wine\Drivers' /v Graphics /f >/dev/null 2>&1 || true
+    fi
     shown=yes
     wineserver -w # it would go on with the display it knows
     xvfb-run -a -s "-screen 0 ${SCREEN:-1600x1000}x24" "$root/tools/windows/with-manager" "$@"
