@@ -5,6 +5,7 @@
 #include "photos/frm_trash.h"
 #include "platform/files/profile.h"
 #include "shell/main_home.h"
+#include "support/unix.h"
 
 #include <gtest/gtest.h>
 
@@ -98,6 +99,7 @@ TEST_F(MenuDispatch, EveryGroupHasItsControls)
 
 TEST_F(MenuDispatch, LaunchStartsTheFormsProgramInItsDirectoryAndReminds)
 {
+    VASCLIP_NEEDS_UNIX("a script that is a program");
     const QString noted = home.Native(u"noted"_s);
     const QString program = u"C:\\KEL\\Kel.exe"_s;
     home.Put(program, "#!/bin/sh\npwd > " + noted.toUtf8() + ".part; mv " + noted.toUtf8() + ".part " +

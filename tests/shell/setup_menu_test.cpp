@@ -2,6 +2,7 @@
 #include "platform/files/profile.h"
 #include "shell/frm_config.h"
 #include "shell/main_home.h"
+#include "support/unix.h"
 
 #include <gtest/gtest.h>
 
@@ -298,6 +299,7 @@ TEST_F(SetupMenu, WhatsNewTakesTheFileOfTheProgramDirectoryFirst)
 
 TEST_F(SetupMenu, ProgramHelpOpensTheHelpFileAndElseTheGuide)
 {
+    VASCLIP_NEEDS_UNIX("a kind of file that nothing opens");
     Load();
     int guides = 0;
     QObject::connect(&main, &frm_Main::GuideWanted, [&] { ++guides; });
@@ -326,6 +328,7 @@ TEST_F(SetupMenu, ProgramHelpOpensTheHelpFileAndElseTheGuide)
 
 TEST_F(SetupMenu, TutorialsAreThereAsFarAsTheirFilesAre)
 {
+    VASCLIP_NEEDS_UNIX("a script that is a program");
     Load();
     EXPECT_FALSE(main.mnuHelpItem.Entry(u"mnuHelpItem"_s, 1)->enabled);
 

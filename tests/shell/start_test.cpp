@@ -133,7 +133,7 @@ TEST_F(Start, OneDirectoryIsOneHoweverItIsSpelled)
     Dir(u"C:\\WINDOWS"_s);
     const QString wanted = u"KEL.INI configuration file is missing from C:\\WINDOWS\\ . DO you wish to coninue? "_s;
     const QString native = home.disk.ToNative(u"C:\\WINDOWS"_s);
-    for (const QString& windows : {u"C:\\WINDOWS"_s, u"c:\\windows\\"_s, u"Z:"_s + QString(native).replace(u'/', u'\\')}) {
+    for (const QString& windows : {u"C:\\WINDOWS"_s, u"c:\\windows\\"_s, *home.disk.ToDrivePath(native)}) {
         ports.prompter.Answer(forms::Answer::Yes);
         (void)shell::LocateIni(home.disk, ports.prompter, u"KEL.INI"_s, IniKind::Appraisal, u"C:\\WINDOWS\\"_s,
                                windows, Silence::Ask);

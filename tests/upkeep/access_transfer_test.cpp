@@ -190,6 +190,7 @@ TEST_F(AccessTransfer, NamesWhatAFileLosesInTheQuestionAndAfterwards)
         if (disk.FileExists(target))
             disk.Kill(target);
         ASSERT_TRUE(QFile::copy(samples + u'/' + name, disk.ToNative(target)));
+        ASSERT_TRUE(QFile::setPermissions(disk.ToNative(target), QFile::ReadOwner | QFile::WriteOwner));
         if (!things.isEmpty())
             doubles.prompter.Answer(forms::Answer::Yes);
         const ExportResult result = Out(false, u"MAY"_s);

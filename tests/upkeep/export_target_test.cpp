@@ -1,5 +1,6 @@
 // What lies at the target of an export, and what is said where nothing could be written.
 
+#include "support/unix.h"
 #include "transfer_home.h"
 
 #include "support/error_number.h"
@@ -85,6 +86,7 @@ TEST_F(ExportTarget, IsNamedWhereTheFileThatIsWorkedOnFails)
 
 TEST(FailWriting, SaysThatTheDiskIsFullOrAsksForRights)
 {
+    VASCLIP_NEEDS_UNIX("a device that is always full");
     QFile full(u"/dev/full"_s);
     if (!full.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         GTEST_SKIP() << "no device here is always full";

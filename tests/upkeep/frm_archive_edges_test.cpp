@@ -1,3 +1,4 @@
+#include "support/unix.h"
 #include "upkeep/frm_archive_home.h"
 
 #include "store/convert.h"
@@ -170,6 +171,7 @@ TEST_F(ArchiveEdges, TheQuestionsSayWhatYesAndNoDoAndNameThePicturesThatStay)
 
 TEST_F(ArchiveEdges, ADatabookUnderAnotherNameIsRefusedWhateverIsAnswered)
 {
+    VASCLIP_NEEDS_UNIX("a link without rights");
     ASSERT_TRUE(QFile::link(disk.ToNative(path), disk.ToNative(u"C:\\ARCHIVE"_s) + u"/LINK.MDB"_s));
     screen->txtFileName.SetText(u"LINK.MDB"_s);
     for (const forms::Answer answer : {forms::Answer::Yes, forms::Answer::No}) {

@@ -1,5 +1,6 @@
 // Pictures of tens of megabytes, out of the Databook and in again: in pieces, and whole or not at all.
 
+#include "support/unix.h"
 #include "transfer_home.h"
 
 #include "support/counting_back_end.h"
@@ -129,6 +130,7 @@ TEST_F(LargePictures, AnExportThatIsStoppedWithinOneLeavesTheTargetAsItWas)
 
 TEST_F(LargePictures, AnExportOntoADiskThatFillsLeavesTheTargetAsItWas)
 {
+    VASCLIP_NEEDS_UNIX("a limit on what a file holds");
     ASSERT_TRUE(ExportTable(Desk(), {.target = target, .table = table, .search = {}}, Step()).written);
     const QByteArray before = disk.ReadWhole(target);
     for (const bool access : {false, true}) {
@@ -148,6 +150,7 @@ TEST_F(LargePictures, AnExportOntoADiskThatFillsLeavesTheTargetAsItWas)
 
 TEST_F(LargePictures, AnImportOntoADiskThatFillsLeavesDatabookAndPhotosAsTheyWere)
 {
+    VASCLIP_NEEDS_UNIX("a limit on what a file holds");
     ASSERT_EQ(Export().pictures, 2);
     GoElsewhere();
     tests::FileLimit full(8 << 20);

@@ -1,3 +1,4 @@
+#include "support/unix.h"
 #include "upkeep/maintenance_home.h"
 
 #include "comments/comment_file.h"
@@ -80,6 +81,7 @@ TEST_F(MaintenanceEdges, TheWindowIsPaintedAtEachPictureThatIsDeleted)
 
 TEST_F(MaintenanceEdges, AnAccountThatCanNotBeKeptIsMetBeforeAnyRecordGoes)
 {
+    VASCLIP_NEEDS_UNIX("a directory that takes no file");
     Photo(u"P1"_s);
     Comp(u"1 A ST"_s, {{u"SALEDATE"_s, u"05/05/1999"_s}, {u"PHOTOS"_s, u"FRONT VIEW|P1\r\n"_s}});
     Open();
@@ -274,6 +276,7 @@ TEST_F(MaintenanceEdges, AWalkThatWasTakenBackCountsNothing)
 
 TEST_F(MaintenanceEdges, ADatabookThatIsMovedAwayWhileItAsksIsSaidToBe)
 {
+    VASCLIP_NEEDS_UNIX("a file that is renamed while it is open");
     Comp(u"1 A ST"_s, {{u"LATITUDE"_s, u"45"_s}});
     Open();
     ASSERT_TRUE(QFile::rename(disk.ToNative(path), disk.ToNative(path) + u".away"_s));

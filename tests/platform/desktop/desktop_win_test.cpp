@@ -34,6 +34,10 @@ TEST(TerminalOutput, TakesUtf8AndCodesWhileItStands)
 
 TEST(FileVersions, StandInTheFile)
 {
+    int count = 1;
+    char name[] = "test_desktop";
+    char* names[] = {name, nullptr};
+    const QCoreApplication application(count, names);
     const QString programs = QCoreApplication::applicationDirPath();
     EXPECT_EQ(FileVersion(programs + u"/vasctl.exe"_s), u"" VASCLIP_VERSION ".0"_s);
     EXPECT_EQ(FileVersion(programs + u"/none.exe"_s), QString());

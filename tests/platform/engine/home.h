@@ -2,6 +2,7 @@
 
 #include "platform/engine/database.h"
 #include "platform/engine/errors.h"
+#include "support/own_drive.h"
 #include "support/standing_time.h"
 
 #include <QDir>
@@ -19,7 +20,7 @@ using namespace Qt::StringLiterals;
 struct Home
 {
     Home()
-        : disk(directory.path())
+        : disk(tests::WithOwnDrive(directory.path()))
         , engine(disk, time)
     {}
 

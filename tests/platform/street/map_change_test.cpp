@@ -102,9 +102,11 @@ TEST_F(MapChanges, NewMapsWaitBesideThoseInUse)
     EXPECT_EQ(MapsBeside(directory.path()), QStringList{u"01003"_s});
     EXPECT_EQ(Maps(), u"01001 24|01003 12"_s) << "those in use stay";
     EXPECT_EQ(Files().size(), 5) << "two maps, the last of the new ones, two indexes";
-    const MapData next(directory.path(), {}, kBesideName);
-    ASSERT_EQ(next.Counties().size(), 2u);
-    EXPECT_EQ(next.Counties()[1].info.edges, 60);
+    {
+        const MapData next(directory.path(), {}, kBesideName);
+        ASSERT_EQ(next.Counties().size(), 2u);
+        EXPECT_EQ(next.Counties()[1].info.edges, 60);
+    }
     QString problem;
     ASSERT_TRUE(UseMapsBeside(directory.path(), problem)) << problem.toStdString();
     EXPECT_EQ(Maps(), u"01001 24|01003 60"_s);

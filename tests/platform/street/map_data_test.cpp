@@ -3,6 +3,7 @@
 #include "platform/street/cell_grid.h"
 #include "platform/street/county_writer.h"
 #include "platform/street/made_town.h"
+#include "support/unix.h"
 
 #include <QDir>
 #include <QFile>
@@ -290,6 +291,7 @@ TEST_F(Maps, SpoiltBytesAnywhereOnlyCostTheirCounty)
 
 TEST_F(Maps, GoOnWhenTheyAreRemovedWhileOpen)
 {
+    VASCLIP_NEEDS_UNIX("a file that is removed while it is open");
     TwoCounties(60);
     const MapData maps(directory.path(), {1024, 8});
     const std::size_t edges = Edges(maps);
@@ -310,6 +312,7 @@ TEST_F(Maps, GoOnWhenTheyAreRemovedWhileOpen)
 
 TEST_F(Maps, AnotherIndexIsNoticed)
 {
+    VASCLIP_NEEDS_UNIX("a file that is replaced while it is open");
     TwoCounties();
     const MapData maps(directory.path());
     QString problem;

@@ -83,6 +83,7 @@ bool SamplePack::Put(const QString& county, const QString& state, const std::vec
     QString problem;
     std::vector<CountyRecord> records = maps ? maps->Counties() : std::vector<CountyRecord>();
     records.emplace_back();
+    maps.reset(); // else the index can't be replaced where open files are held
     if (!writer.Finish(problem) || !MakeRecord(directory.path(), file, records.back(), problem) ||
         !WriteIndex(directory.path(), records, problem)) {
         qWarning("%s", qPrintable(problem));
