@@ -1,9 +1,12 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
+#include <QDirIterator>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -13,7 +16,6 @@
 #include <QTemporaryDir>
 #include <QThread>
 
-#include <filesystem>
 
 namespace vasclip::tests {
 
@@ -48,15 +50,18 @@ struct Ended
 /// Copies what a directory holds, with times and rights.
 inline bool CopyDirectory(const QString& from, const QString& to)
 {
-    namespace fs = std::filesystem;
-    const fs::path source = from.toStdU16String(), target = to.toStdU16String();
-    std::error_code problem;
-    fs::copy(source, target, fs::copy_options::recursive | fs::copy_options::overwrite_existing, problem);
-    for (auto at = fs::recursive_directory_iterator(source, problem); !problem && at != fs::end(at); at.increment(problem)) {
-        if (at->is_regular_file(problem))
-            fs::last_write_time(target / fs::relative(at->path(), source), at->last_write_time(), problem);
+    QDirIterator at(from, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                    QDirIterator::Subdirectories);
+    while (at.hasNext()) {
+        const QFileInfo source(at.next());
+        const QString target = to + source.filePath().mid(from.size());
+        if (source.isDir() ? !QDir().mkpath(target) : !QFile::copy(source.filePath(), target))
+            return false;
+        QFile file(target); // one that may not be written has its time set only where reading is enough for that
+        if (source.isFile() && (file.open(QIODevice::ReadWrite) || file.open(QIODevice::ReadOnly)))
+            file.setFileTime(source.lastModified(), QFileDevice::FileModificationTime);
     }
-    return !problem;
+    return true;
 }
 
 /// The programs of this build beside the test, run on a small demo home that is made once for the test

@@ -7,6 +7,7 @@
 #include "report_windows.h"
 #include "shell/map_parts.h"
 #include "support/map_home.h"
+#include "support/unix.h"
 #include "windows/picture_view.h"
 
 #include <QAbstractButton>
@@ -155,6 +156,7 @@ TEST_F(MapTab, SaysWhyTheMapsThatAreThereCannotBeUsed)
 
 TEST_F(MapTab, ACountyThatCannotBeReadIsNamedUnderTheMap)
 {
+    VASCLIP_NEEDS_UNIX("a file that is replaced while it is open");
     Start();
     const QString directory = home.disk.ToNative(common::CkRSlash(main.globals.cellData));
     MakeMaps(directory);
@@ -202,6 +204,7 @@ TEST_F(MapTab, WhoseDataItIsStandsOnTheMapAndOnTheReportsPicture)
 
 TEST_F(MapTab, MapsThatGoWhileTheyAreOpenAreMissedInWords)
 {
+    VASCLIP_NEEDS_UNIX("a file that is removed while it is open");
     StartWithMaps();
     QDir directory(home.disk.ToNative(common::CkRSlash(main.globals.cellData)));
     ASSERT_TRUE(directory.removeRecursively());
