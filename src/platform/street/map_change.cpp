@@ -188,13 +188,15 @@ bool UseMapsBeside(const QString& directory, QString& problem)
     MapChange change(directory);
     if (!change.Begin(problem))
         return false;
-    const std::unique_ptr<MapIndex> beside = MapIndex::Open(directory, problem, kBesideName);
+    std::unique_ptr<MapIndex> beside = MapIndex::Open(directory, problem, kBesideName);
     if (!beside) {
         problem = HasMapsBeside(directory) ? Said(QString::fromUtf16(kBesideName), problem)
                                            : u"no new maps wait beside those in use"_s;
         return false;
     }
-    for (const CountyRecord& record : beside->Counties())
+    const std::vector<CountyRecord> counties = beside->Counties();
+    beside.reset(); // Windows takes away no file that is open
+    for (const CountyRecord& record : counties)
         if (!change.Put(directory + u'/' + record.file, problem))
             return false;
     return change.Commit(problem);

@@ -99,6 +99,10 @@ TEST(Samples, SoundPicturesComeOutUprightAndInTheirColours)
     for (const QStringList& row : rows) {
         if (row[Decode] != "ok"_L1 || row[ShownWidth].toInt() == 0)
             continue;
+#ifdef Q_OS_WIN // where the reader of TIFF is built without JPEG inside
+        if (row[Path].contains(u"ycbcr_jpeg"_s))
+            continue;
+#endif
         const QByteArray bytes = Content(kSamples + u'/' + row[Path]);
         const QImage small = FromBytes(bytes, row[Path], 480);
         const QSize shown(row[ShownWidth].toInt(), row[ShownHeight].toInt());
