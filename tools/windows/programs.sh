@@ -25,7 +25,7 @@ build_programs() {
     export PKG_CONFIG_LIBDIR
     logged programs-configure cmake -G Ninja -S . -B "$programs" "-DCMAKE_TOOLCHAIN_FILE=$toolchain" \
         -DCMAKE_BUILD_TYPE=Release "-DCMAKE_CXX_FLAGS_RELEASE=-O2 -DNDEBUG" "-DCMAKE_PREFIX_PATH=$paths" "${host_qt[@]}" \
-        "-DVASCLIP_ARTWORK=$cache/vasclip/here/bin/vasclip-artwork" \
+        -DVASCLIP_BENCH=ON "-DVASCLIP_ARTWORK=$cache/vasclip/here/bin/vasclip-artwork" \
         "-DCMAKE_CXX_FLAGS=-ffile-prefix-map=$root=. -ffile-prefix-map=$cache=."
     logged programs-build cmake --build "$programs" -j "$jobs" --target vasclip vasctl kelforms vasclip-demo artwork \
         vasclip-iconengine
