@@ -1,6 +1,7 @@
 #include "platform/conduit/socket_conduit.h"
 #include "platform/text/runtime_error.h"
 #include "sample_home.h"
+#include "support/unix.h"
 
 #include <QFileInfo>
 #include <QProcess>
@@ -128,8 +129,12 @@ TEST_F(Process, WritesNothingUnlessAskedTo)
     const QDir home(m_home.Path());
     const QStringList entries = home.entryList();
     ASSERT_TRUE(Start({report}));
-    EXPECT_EQ(QDir(m_place.path()).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot),
-              QStringList{u"kel.sock"_s});
+#ifdef Q_OS_UNIX
+    const QStringList sockets{u"kel.sock"_s};
+#else
+    const QStringList sockets; // a pipe is no file
+#endif
+    EXPECT_EQ(QDir(m_place.path()).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot), sockets);
     const auto link = Open(u"KEL|SMITH.RPT"_s);
     link->SetLinkItem(u"UA5|44|3"_s);
     link->SetText(u"x"_s);
@@ -183,6 +188,7 @@ TEST_F(Process, WrongLinesAndFilesAreToldInWords)
 
 TEST_F(Process, WithoutADisplayServesWithItsWindowOutOfSight)
 {
+    VASCLIP_NEEDS_UNIX("a display that may be missing");
     QProcessEnvironment bare = QProcessEnvironment::systemEnvironment();
     for (const QString& name : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"QT_QPA_PLATFORM"_s})
         bare.remove(name);

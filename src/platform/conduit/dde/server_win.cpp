@@ -79,6 +79,8 @@ public:
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM along)
     {
+        if (message == WM_CLOSE) // sent to all windows of a program that is to end, which ends by its own
+            return 0;
         auto* self = reinterpret_cast<SystemServer*>(GetWindowLongPtrA(window, GWLP_USERDATA));
         if (self == nullptr || message != WM_DDE_INITIATE)
             return DefWindowProcA(window, message, wide, along);
