@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+#include <algorithm>
+
 namespace vasclip::engine::sql {
 
 using namespace Qt::Literals::StringLiterals;
@@ -47,29 +49,27 @@ private:
     ExpressionParser& m_parser;
 };
 
-ExpressionPtr ExpressionParser::ReadExpression(bool mayBeStar)
+ExpressionPtr ExpressionParser::ReadChain(Step next, bool mayBeStar, std::initializer_list<QStringView> operators)
 {
-    const Depth depth(*this);
-    ExpressionPtr left = ReadAnd(mayBeStar);
-    while (left && IsWord(u"OR")) {
+    ExpressionPtr left = (this->*next)(mayBeStar);
+    while (left && std::ranges::any_of(operators, [this](QStringView one) { return IsSymbol(one) || IsWord(one); })) {
         const Token symbol = m_token;
         Advance();
-        left = MakeBinary(symbol, u"OR"_s, std::move(left), ReadAnd());
+        left = MakeBinary(symbol, symbol.text.toUpper(), std::move(left), (this->*next)(false));
         CountTerm();
     }
     return left;
 }
 
+ExpressionPtr ExpressionParser::ReadExpression(bool mayBeStar)
+{
+    const Depth depth(*this);
+    return ReadChain(&ExpressionParser::ReadAnd, mayBeStar, {u"OR"});
+}
+
 ExpressionPtr ExpressionParser::ReadAnd(bool mayBeStar)
 {
-    ExpressionPtr left = ReadNot(mayBeStar);
-    while (left && IsWord(u"AND")) {
-        const Token symbol = m_token;
-        Advance();
-        left = MakeBinary(symbol, u"AND"_s, std::move(left), ReadNot());
-        CountTerm();
-    }
-    return left;
+    return ReadChain(&ExpressionParser::ReadNot, mayBeStar, {u"AND"});
 }
 
 ExpressionPtr ExpressionParser::ReadNot(bool mayBeStar)
@@ -138,26 +138,12 @@ ExpressionPtr ExpressionParser::ReadComparison(bool mayBeStar)
 
 ExpressionPtr ExpressionParser::ReadSum(bool mayBeStar)
 {
-    ExpressionPtr left = ReadProduct(mayBeStar);
-    while (left && (IsSymbol(u"+") || IsSymbol(u"-") || IsSymbol(u"&"))) {
-        const Token symbol = m_token;
-        Advance();
-        left = MakeBinary(symbol, symbol.text, std::move(left), ReadProduct());
-        CountTerm();
-    }
-    return left;
+    return ReadChain(&ExpressionParser::ReadProduct, mayBeStar, {u"+", u"-", u"&"});
 }
 
 ExpressionPtr ExpressionParser::ReadProduct(bool mayBeStar)
 {
-    ExpressionPtr left = ReadSign(mayBeStar);
-    while (left && (IsSymbol(u"*") || IsSymbol(u"/"))) {
-        const Token symbol = m_token;
-        Advance();
-        left = MakeBinary(symbol, symbol.text, std::move(left), ReadSign());
-        CountTerm();
-    }
-    return left;
+    return ReadChain(&ExpressionParser::ReadSign, mayBeStar, {u"*", u"/"});
 }
 
 ExpressionPtr ExpressionParser::ReadSign(bool mayBeStar)

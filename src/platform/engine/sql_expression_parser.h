@@ -3,6 +3,8 @@
 #include "platform/engine/sql_ast.h"
 #include "platform/engine/sql_token_reader.h"
 
+#include <initializer_list>
+
 namespace vasclip::engine::sql {
 
 /// Reads conditions and values, wherever a statement holds them.
@@ -17,6 +19,10 @@ protected:
 
 private:
     class Depth;
+    using Step = ExpressionPtr (ExpressionParser::*)(bool mayBeStar);
+
+    /// What operators of one rank join, from left to right. Words are in capitals.
+    ExpressionPtr ReadChain(Step next, bool mayBeStar, std::initializer_list<QStringView> operators);
 
     ExpressionPtr ReadAnd(bool mayBeStar = false);
     ExpressionPtr ReadNot(bool mayBeStar = false);
