@@ -23,8 +23,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kPiece = 32768;
-constexpr qint64 kBetweenTurns = 64 * kPiece; ///< bytes of a picture
+constexpr qint64 kPiece = 256 * 1024;
+constexpr qint64 kBetweenTurns = 8 * kPiece; ///< bytes of a picture
 constexpr qsizetype kLongestName = 255; ///< bytes, on every disk that is in use
 const QString kJpg = u".jpg"_s;
 const QString kFrontView = u"FRONT VIEW"_s;
@@ -300,6 +300,7 @@ void EmbeddedImages::Place()
     if (m_waiting.isEmpty())
         return;
     m_journal.Write(ToPlace(), m_proofs);
+    QSet<QString> directories;
     while (!m_waiting.isEmpty()) {
         const Waiting one = m_waiting.first();
         if (one.over && (!QFile::copy(one.file, ReplacedName(one.file)) || !engine::FlushFile(ReplacedName(one.file)))) {
@@ -307,7 +308,8 @@ void EmbeddedImages::Place()
             throw RuntimeError(error::kPathFileAccess, kNoCopy.arg(QFileInfo(one.file).fileName()));
         }
         m_placed.append(one.file);
-        if (!engine::RenameOver(WaitingName(one.file), one.file))
+        directories.insert(QFileInfo(one.file).absolutePath());
+        if (!engine::RenameOver(WaitingName(one.file), one.file, engine::NamesFlushed::Later))
             throw RuntimeError(error::kPathFileAccess,
                                u"The picture %1 could not be put into the photo directory"_s.arg(
                                    QFileInfo(one.file).fileName()));
@@ -317,6 +319,8 @@ void EmbeddedImages::Place()
             if (const auto shown = m_desk.Disk().ToDrivePath(one.file))
                 store::DalmoSetReadWriteBit(m_desk.ports, m_desk.Disk(), *shown, files::ReadOnly);
     }
+    for (const QString& directory : std::as_const(directories))
+        engine::FlushNames(directory);
 }
 
 void EmbeddedImages::Keep()

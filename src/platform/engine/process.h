@@ -13,7 +13,11 @@ namespace vasclip::engine {
 
 /// Forces the content of a file to the disk. @return false if that failed
 [[nodiscard]] bool FlushFile(const QString& nativePath);
+/// When the names that a directory has now are forced to the disk.
+enum class NamesFlushed { AtOnce, Later };
 /// Renames a file over another one in one step. @return false if that failed
-[[nodiscard]] bool RenameOver(const QString& from, const QString& to);
+[[nodiscard]] bool RenameOver(const QString& from, const QString& to, NamesFlushed when = NamesFlushed::AtOnce);
+/// What RenameOver left for later, for all files of a directory at once.
+void FlushNames(const QString& nativeDirectory);
 
 } // namespace vasclip::engine

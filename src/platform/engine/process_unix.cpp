@@ -60,13 +60,19 @@ bool FlushFile(const QString& nativePath)
     return Flush(nativePath, O_RDONLY);
 }
 
-bool RenameOver(const QString& from, const QString& to)
+bool RenameOver(const QString& from, const QString& to, NamesFlushed when)
 {
     if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) != 0)
         return false;
-    // The directory's own entry must be on the disk too; a file system that cannot do that is no failure.
-    static_cast<void>(Flush(QFileInfo(to).absolutePath(), O_RDONLY | O_DIRECTORY));
+    if (when == NamesFlushed::AtOnce)
+        FlushNames(QFileInfo(to).absolutePath());
     return true;
+}
+
+void FlushNames(const QString& nativeDirectory)
+{
+    // The directory's own entries must be on the disk too; a file system that cannot do that is no failure.
+    static_cast<void>(Flush(nativeDirectory, O_RDONLY | O_DIRECTORY));
 }
 
 } // namespace vasclip::engine

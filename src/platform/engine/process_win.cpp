@@ -57,12 +57,15 @@ bool FlushFile(const QString& nativePath)
     return done != FALSE;
 }
 
-bool RenameOver(const QString& from, const QString& to)
+bool RenameOver(const QString& from, const QString& to, NamesFlushed when)
 {
     const QString source = QDir::toNativeSeparators(from);
     const QString target = QDir::toNativeSeparators(to);
-    return MoveFileExW(Wide(source), Wide(target), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) !=
-           FALSE;
+    const DWORD flush = when == NamesFlushed::AtOnce ? MOVEFILE_WRITE_THROUGH : 0;
+    return MoveFileExW(Wide(source), Wide(target), MOVEFILE_REPLACE_EXISTING | flush) != FALSE;
 }
+
+// A directory can't be flushed by its users there; the file system keeps its names by a journal of its own.
+void FlushNames(const QString&) {}
 
 } // namespace vasclip::engine
