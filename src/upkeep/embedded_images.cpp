@@ -1,16 +1,15 @@
 #include "upkeep/embedded_images.h"
 
 #include "common/paths.h"
-#include "photos/photo_files.h"
 #include "photos/photo_list.h"
 #include "platform/engine/process.h"
-#include "platform/files/drive_path.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
 #include "store/long_fields.h"
 #include "store/store.h"
 #include "upkeep/import_plan.h"
+#include "upkeep/photo_places.h"
 #include "upkeep/target_file.h"
 
 #include <QFile>
@@ -25,7 +24,6 @@ namespace {
 
 constexpr qint64 kPiece = 256 * 1024;
 constexpr qint64 kBetweenTurns = 8 * kPiece; ///< bytes of a picture
-constexpr qsizetype kLongestName = 255; ///< bytes, on every disk that is in use
 const QString kJpg = u".jpg"_s;
 const QString kFrontView = u"FRONT VIEW"_s;
 const QString kMark = u".incoming"_s;
@@ -50,15 +48,9 @@ QString FrontStem(QString photos)
     return photos::PhotoList(photos::ParsePhotos(photos)).StemOf(kFrontView);
 }
 
-/// Where a picture of that name stands in the photo directory; "" for a name that no file can have there, by itself or
-/// while it waits.
-QString PlaceOf(const TransferDesk& desk, const QString& stem)
+QString LongestSuffix()
 {
-    const QString name = stem + kJpg;
-    const QString longest = name + kReplacedMark + QString::number(engine::OwnProcess());
-    if (!photos::IsPlainStem(stem) || !files::IsPossibleName(name) || longest.toUtf8().size() > kLongestName)
-        return {};
-    return desk.Disk().ToNative(common::CkRSlash(desk.globals.G_PhotoDir) + name);
+    return kReplacedMark + QString::number(engine::OwnProcess());
 }
 
 } // namespace
@@ -125,6 +117,7 @@ QList<RowPicture> LookAtPictures(const TransferDesk& desk, engine::Database& sou
                                  const WorkStep& step)
 {
     QList<RowPicture> pictures;
+    const PhotoPlaces places(desk);
     store::LongRows rows(source, PictureSelect(table));
     for (qint64 at = 0; at < rows.Count(); ++at) {
         if (at % kBetweenLooks == 0 && !step(at, rows.Count(), kLooking))
@@ -136,7 +129,7 @@ QList<RowPicture> LookAtPictures(const TransferDesk& desk, engine::Database& sou
         const QString stem = row.Stem();
         if (stem.isEmpty() || row.Size() <= 0)
             continue;
-        const QString file = PlaceOf(desk, stem);
+        const QString file = places.Of(stem, LongestSuffix());
         if (file.isEmpty() || !row.IsPicture())
             pictures.last() = RowPicture::Refused;
         else if (!QFile::exists(file))
@@ -169,7 +162,7 @@ EmbeddedImages::~EmbeddedImages()
 
 QString EmbeddedImages::ReplacedName(const QString& native) const
 {
-    return native + kReplacedMark + QString::number(engine::OwnProcess());
+    return native + LongestSuffix();
 }
 
 QString EmbeddedImages::WaitingName(const QString& native) const
@@ -214,12 +207,12 @@ void EmbeddedImages::Drop(const QSet<QString>& keys)
     m_waiting.removeIf([](const Waiting& one) { return one.keys.isEmpty(); });
 }
 
-bool EmbeddedImages::SaveOne(const PictureRow& row, const std::function<bool()>& goOn)
+bool EmbeddedImages::SaveOne(const PictureRow& row, const PhotoPlaces& places, const std::function<bool()>& goOn)
 {
     const QString stem = row.Stem();
     if (stem.isEmpty() || row.Size() <= 0)
         return true;
-    const QString native = PlaceOf(m_desk, stem);
+    const QString native = places.Of(stem, LongestSuffix());
     if (native.isEmpty()) {
         m_result.notSaved.append(kNoName.arg(row.Key(), stem));
         return true;
@@ -251,6 +244,7 @@ bool EmbeddedImages::SaveOne(const PictureRow& row, const std::function<bool()>&
 bool EmbeddedImages::SaveEmbeddedImages(const WorkStep& step)
 {
     Sweep();
+    const PhotoPlaces places(m_desk);
     store::LongRows rows(m_source, PictureSelect(m_table));
     for (qint64 at = 0; at < rows.Count(); ++at) {
         if (!rows.StandOn(at))
@@ -259,7 +253,7 @@ bool EmbeddedImages::SaveEmbeddedImages(const WorkStep& step)
         if (m_only && !m_only->contains(row.Mark()))
             continue;
         const auto goOn = [&] { return step(at, rows.Count(), kStepWords.arg(row.Key())); };
-        m_result.stopped = !goOn() || !SaveOne(row, goOn);
+        m_result.stopped = !goOn() || !SaveOne(row, places, goOn);
         if (m_result.stopped)
             return false;
     }

@@ -9,6 +9,7 @@
 
 namespace vasclip::upkeep {
 
+class PhotoPlaces;
 class PictureRow;
 
 /// What became of the pictures inside the rows of a table.
@@ -69,7 +70,8 @@ private:
     };
     /// A picture of the same name that an earlier row has. @return false if there is none
     bool MetBefore(const PictureRow& row, const QString& native, const QString& stem);
-    [[nodiscard]] bool SaveOne(const PictureRow& row, const std::function<bool()>& goOn); ///< false if it was stopped
+    /// @return false if it was stopped
+    [[nodiscard]] bool SaveOne(const PictureRow& row, const PhotoPlaces& places, const std::function<bool()>& goOn);
     [[nodiscard]] QString WaitingName(const QString& native) const;
     [[nodiscard]] QString ReplacedName(const QString& native) const; ///< of a copy of what gives way
     [[nodiscard]] QList<PlacedPicture> ToPlace() const;
