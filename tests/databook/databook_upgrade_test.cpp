@@ -274,7 +274,7 @@ TEST_F(DatabookUpgrade, AKillLeavesTheFileAsBeforeOrAsAfter)
     tests::KilledWork killed;
     int before = 0;
     int after = 0;
-    for (int i = 0; i < tests::Kills(40); ++i) {
+    for (int i = 0; tests::MoreKills(i, 40, {before, after}); ++i) {
         disk.WriteWhole(path, old);
         killed.Run([&] {
             engine::Engine own{disk, tests::SomeTime()};

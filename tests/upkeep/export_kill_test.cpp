@@ -106,7 +106,7 @@ TEST_P(ExportKillOfKind, LeavesTheTargetAsItWasOrWithTheWholeTable)
         (void)ExportTable(desk, {.target = target, .table = table, .search = {}, .pictures = true},
                           [](qint64, qint64, const QString&) { return true; });
     };
-    for (int run = 0; run < tests::Kills(14); ++run) {
+    for (int run = 0; tests::MoreKills(run, 14, {before, after}); ++run) {
         disk.WriteWhole(target, old);
         RunAndKill(work);
         if (disk.ReadWhole(target) == old) {
@@ -129,7 +129,7 @@ TEST_F(ExportKill, LeavesTheOldTextFileOrTheNewOne)
     const auto work = [&](const TransferDesk& desk) {
         (void)ExportCsv(desk, file, {}, {}, [](qint64, qint64, const QString&) { return true; });
     };
-    for (int run = 0; run < tests::Kills(14); ++run) {
+    for (int run = 0; tests::MoreKills(run, 14, {before, after}); ++run) {
         disk.WriteWhole(file, "old");
         RunAndKill(work);
         const QByteArray now = disk.ReadWhole(file);

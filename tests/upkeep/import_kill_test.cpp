@@ -195,7 +195,7 @@ TEST_F(ImportKill, BringsAllRowsInWithTheirPicturesOrNone)
     const auto work = [&](const TransferDesk& desk) { Import(desk, target, table); };
     int before = 0;
     int after = 0;
-    for (int run = 0; run < tests::Kills(14); ++run) {
+    for (int run = 0; tests::MoreKills(run, 14, {before, after}); ++run) {
         RunAndKill(work);
         const qsizetype rows = Towns().size();
         EXPECT_TRUE(rows == kMine || rows == kComps) << rows << " in run " << run;
@@ -221,7 +221,7 @@ TEST_F(ImportKill, OfARehearsalEveryChoiceIsDoneOrNone)
     const auto work = [&](const TransferDesk& desk) { Rehearse(desk, target, table, RowChoice::Add); };
     int before = 0;
     int after = 0;
-    for (int run = 0; run < tests::Kills(14); ++run) {
+    for (int run = 0; tests::MoreKills(run, 14, {before, after}); ++run) {
         RunAndKill(work);
         const auto towns = Towns();
         const auto theirs = towns.values().count(u"THEIRS"_s);

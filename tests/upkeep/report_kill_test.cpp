@@ -121,7 +121,7 @@ TEST_P(ReportKill, AtAnyMomentLeavesTheOlderFileOrTheWholeNewOne)
     tests::KilledWork killed;
     int before = 0;
     int after = 0;
-    for (int run = 0; run < tests::Kills(14); ++run) {
+    for (int run = 0; tests::MoreKills(run, 14, {before, after}); ++run) {
         Put(name, "older");
         killed.Run([this] { WriteAll(); });
         EXPECT_TRUE(Content(name) == "older" || Content(name) == whole) << "run " << run;

@@ -96,7 +96,7 @@ TEST_P(RepairKill, LeavesAllRecordsAsBeforeOrAllAsAfterAndNoneWithoutItsPictures
     ASSERT_FALSE(old == repaired) << "the repair changes nothing here";
     int before = 0;
     int after = 0;
-    for (int run = 0; run < tests::Kills(12); ++run) {
+    for (int run = 0; tests::MoreKills(run, 12, {before, after}); ++run) {
         PutBack();
         killed.Run([this] { Work(); });
         const QStringList now = Everything();

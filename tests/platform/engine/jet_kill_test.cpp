@@ -49,7 +49,7 @@ TEST_F(JetKillTest, LeavesTheOldFileOrTheNewOneWithTheOldBesideIt)
 {
     int old = 0;
     int made = 0;
-    for (int run = 0; run < tests::Kills(14); ++run) {
+    for (int run = 0; tests::MoreKills(run, 14, {old, made}); ++run) {
         PutBack();
         killed.Run([this] { Convert(); });
         if (BytesOf(home.Native(u"BOOK.MDB"_s)) == before) {
