@@ -68,7 +68,7 @@ void DeleteOne(const RecordWork& work, const QString& key, Tally& tally)
 QString Told(const Tally& tally, qsizetype wanted, bool other)
 {
     if (tally.deleted == wanted && !other)
-        return kManyDeleted.arg(wanted);
+        return wanted == 1 ? kOneDeleted : kManyDeleted.arg(wanted);
     const QString& told = other ? kOtherDatabook : tally.stopped ? kDeletionStopped : kSomeDeleted;
     return told.arg(tally.deleted).arg(wanted);
 }

@@ -67,6 +67,7 @@ inline const QString kDeleteManyQuestion =
     u"Delete these %1 records and their photos?\n\n%2\n\nThis cannot be taken back."_s;
 inline const QString kAndMoreRecords = u"and %1 more"_s;
 inline const QString kDeletingRecord = u"Deleting %1"_s;
+inline const QString kOneDeleted = u"1 record was deleted."_s;
 inline const QString kManyDeleted = u"%1 records were deleted."_s;
 inline const QString kSomeDeleted = u"%1 of %2 records were deleted."_s;
 inline const QString kDeletionStopped =

@@ -4,6 +4,7 @@
 #include "databook/grid.h"
 #include "databook/messages.h"
 #include "platform/engine/errors.h"
+#include "platform/text/counted.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
 
@@ -223,10 +224,8 @@ void QuickFind::ShowFound()
 
 void QuickFind::ShowCount()
 {
-    const QString count = QString::number(m_found.RowCount());
-    QString text = m_searching               ? u"%1 comps found so far."_s.arg(count)
-                   : m_found.RowCount() == 1 ? u"1 comp found."_s
-                                             : u"%1 comps found."_s.arg(count);
+    static const text::Counted kFound{u"comp found"_s, u"comps found"_s};
+    QString text = kFound(m_found.RowCount()) + (m_searching ? u" so far."_s : u"."_s);
     if (m_told != engine::TextIndexTrouble::None)
         text += u' ' + IndexText(m_told);
     m_status.lblmsg.Show(text, forms::Colour::Blue);

@@ -170,7 +170,7 @@ SendResult SendBulk(LinkDesk& desk, const store::Record& record, const QString& 
         common::ReportError(
             prompter, RuntimeError(failure.Number(),
                                    messages::kSendStopped.arg(failure.Description(), rows[row].fieldName,
-                                                              going.item, text::Dec(result.sent),
+                                                              going.item, messages::kFieldsSent(result.sent),
                                                               text::Dec(rows.size()), text::Dec(row + 1))));
     }
     return result;

@@ -139,8 +139,8 @@ void cmdAnchor_Click(MapDesk& desk)
             if (LoadPoint(desk, point.id))
                 KeepWhose(desk, point);
         static_cast<void>(LoadPoint(desk, 1));
-        const QString words = messages::kAnchoredAll.arg(kept.size());
-        desk.status.lblmsg.Show(here > 0 ? words + messages::kOfThemHere.arg(here) : words, forms::Colour::Blue);
+        const QString words = messages::kAnchoredAll(kept.size());
+        desk.status.lblmsg.Show(here > 0 ? words + u"; "_s + messages::kOfThemHere(here) : words, forms::Colour::Blue);
         if (desk.state.g_MapSelectedID > 0)
             txtMapAddress_Change(desk);
         desk.map.Refresh();
@@ -163,7 +163,7 @@ void cmdAnchor_RightClick(MapDesk& desk)
             anchored += record && IsAnchored(*record) ? 1 : 0;
             forgotten.append(Forgotten(address));
         }
-        if (anchored > 0 && !desk.ports.prompter.YesNo(desk.globals.productName, messages::kForgetAll.arg(anchored)))
+        if (anchored > 0 && !desk.ports.prompter.YesNo(desk.globals.productName, anchored == 1 ? messages::kForgetOne : messages::kForgetAll.arg(anchored)))
             return;
         if (!SaveLocations(desk, forgotten))
             return;

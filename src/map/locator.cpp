@@ -67,17 +67,17 @@ bool Place(MapDesk& desk, const Row& row, QList<RecordLocation>& found)
 
 QString Words(const LocatorTally& tally)
 {
-    QString words = messages::kLocated.arg(tally.placed);
+    QString words = messages::kLocated(tally.placed);
     if (!tally.notFound.isEmpty()) {
         QString names = tally.notFound.mid(0, kNamed).join(u"; "_s);
         if (tally.notFound.size() > kNamed)
             names += u", ..."_s;
-        words += messages::kLocatedNotFound.arg(text::Dec(tally.notFound.size()), names);
+        words += u"; "_s + messages::kLocatedNotFound(tally.notFound.size()) + names;
     }
     if (tally.skipped > 0)
-        words += messages::kLocatedSkipped.arg(tally.skipped);
+        words += u"; "_s + messages::kLocatedSkipped(tally.skipped);
     if (tally.gone > 0)
-        words += messages::kLocatedGone.arg(tally.gone);
+        words += u"; "_s + messages::kLocatedGone(tally.gone);
     if (tally.seen < tally.of)
         words += messages::kLocatedStopped.arg(tally.seen).arg(tally.of);
     return words;

@@ -33,8 +33,9 @@ inline const QString kWhole = u"whole"_s;
 inline const QString kDamagedOne = u"damaged"_s;
 
 inline const QString kMapsIn = u"Street maps in %1"_s;
-inline const QString kTotal = u"%1 maps, %2 streets, %3 houses, %4"_s;
-inline const QString kTotalOne = u"%1 map, %2 streets, %3 houses, %4"_s;
+inline const QString kMapsCount[] = {u"%1 map"_s, u"%1 maps"_s};
+inline const QString kStreetsCount[] = {u"%1 street"_s, u"%1 streets"_s};
+inline const QString kHousesCount[] = {u"%1 house"_s, u"%1 houses"_s};
 inline const QString kNoMaps = u"There are no maps yet"_s;
 inline const QString kNoneBeside = u"No new maps wait beside those in use"_s;
 inline const QString kBeside = u"New maps wait beside those in use: %1"_s;

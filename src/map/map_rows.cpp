@@ -120,8 +120,10 @@ QString TotalOf(const std::vector<street::CountyRecord>& counties)
         bytes += record.bytes;
     }
     const auto maps = static_cast<qint64>(counties.size());
-    return (maps == 1 ? mapdata_words::kTotalOne : mapdata_words::kTotal)
-        .arg(Number(maps), Number(streets), Number(houses), Bytes(bytes));
+    const auto counted = [](const QString (&words)[2], qint64 count) { return words[count == 1 ? 0 : 1].arg(Number(count)); };
+    return QStringList{counted(mapdata_words::kMapsCount, maps), counted(mapdata_words::kStreetsCount, streets),
+                       counted(mapdata_words::kHousesCount, houses), Bytes(bytes)}
+        .join(u", "_s);
 }
 
 } // namespace vasclip::map

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/text/counted.h"
+
 #include <QString>
 
 namespace vasclip::map::messages {
@@ -69,10 +71,10 @@ inline const QString kLabelNotFound = u"%1 is not on the map"_s;
 // What the status line tells.
 inline const QString kPlaced = u"On the map: %1"_s;
 inline const QString kNotFound = u"Not found on the map: %1. Place by hand with Manual, or correct the address"_s;
-inline const QString kLocated = u"%1 comps are on the map"_s;
-inline const QString kLocatedNotFound = u"; %1 were not found: %2"_s;
-inline const QString kLocatedSkipped = u"; %1 have no address, city or state"_s;
-inline const QString kLocatedGone = u"; %1 were deleted meanwhile"_s;
+inline const text::Counted kLocated{u"comp is on the map"_s, u"comps are on the map"_s};
+inline const text::Counted kLocatedNotFound{u"was not found: "_s, u"were not found: "_s};
+inline const text::Counted kLocatedSkipped{u"has no address, city or state"_s, u"have no address, city or state"_s};
+inline const text::Counted kLocatedGone{u"was deleted meanwhile"_s, u"were deleted meanwhile"_s};
 inline const QString kLocatedStopped = u"; stopped after %1 of %2"_s;
 inline const QString kAtZero = u"Anchored where there is no place, at 0, 0: %1. Anchor anew"_s;
 inline const QString kLocating = u"Comp %1 of %2"_s;
@@ -85,7 +87,8 @@ inline const QString kAnchoredHere =
     u"%1 has no record in the Databook: its place is kept on this map, and forgotten with it"_s;
 inline const QString kAnchoredEmpty =
     u"%1 has no address in the report now: its place is kept on this map, and forgotten with it"_s;
-inline const QString kOfThemHere = u"; %1 have no record in the Databook, so their places are kept on this map alone"_s;
+inline const text::Counted kOfThemHere{u"has no record in the Databook, so its place is kept on this map alone"_s,
+                                       u"have no record in the Databook, so their places are kept on this map alone"_s};
 inline const QString kFreed = u"%1 is not anchored any more: placed again, its address is looked up"_s;
 inline const QString kFreedAll = u"No point is anchored any more"_s;
 inline const QString kCleared = u"The map is empty"_s;
@@ -98,9 +101,11 @@ inline const QString kOtherDistances =
     u"These arrows were placed for other addresses than the report has there now: %1. They are measured by the report's "
     "addresses, not by the arrows. Send the proximities?"_s;
 inline const QString kPlaceAgain = u"Placed for another address than the report has there now: %1. Place the arrows again"_s;
-inline const QString kAnchoredAll = u"%1 points are anchored"_s;
+inline const text::Counted kAnchoredAll{u"point is anchored"_s, u"points are anchored"_s};
 inline const QString kForgetAll =
     u"The Databook forgets the places of %1 records that were put right by hand. Take the anchors off?"_s;
+inline const QString kForgetOne =
+    u"The Databook forgets the place of a record that was put right by hand. Take the anchor off?"_s;
 inline const QString kMapSent = u"The map is in the report as its %1"_s;
 inline const QString kMapNotSent = u"The map was not sent: the report did not take its %1"_s;
 inline const QString kNotDrawn =
@@ -145,10 +150,12 @@ inline const QString kSureness = u"Subject: %1. Comp: %2"_s;
 // What other maps make of the Databook.
 inline const QString kMoves = u"%1: %2 feet, from %3 to %4"_s;
 inline const QString kNotFoundAnyMore = u"%1: not found; it keeps %2"_s;
-inline const QString kMoveCount = u"%1 records would move by more than 300 feet"_s;
-inline const QString kGoneCount = u"%1 are not found"_s;
-inline const QString kStayCount = u"%1 stay, %2 are anchored and never move"_s;
-inline const QString kUnplacedCount = u"%1 have no place or no whole address"_s;
+inline const text::Counted kMoveCount{u"record would move by more than 300 feet"_s,
+                                      u"records would move by more than 300 feet"_s};
+inline const text::Counted kGoneCount{u"is not found"_s, u"are not found"_s};
+inline const text::Counted kStayCount{u"stays"_s, u"stay"_s};
+inline const text::Counted kAnchoredCount{u"is anchored and never moves"_s, u"are anchored and never move"_s};
+inline const text::Counted kUnplacedCount{u"has no place or no whole address"_s, u"have no place or no whole address"_s};
 inline const QString kComparedPart = u"stopped after %1 of %2"_s;
 
 // The words of changes of records.

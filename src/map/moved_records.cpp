@@ -105,12 +105,12 @@ QString WordsOf(const MoveTally& tally)
 {
     const auto gone = std::count_if(tally.moved.begin(), tally.moved.end(),
                                     [](const MovedRecord& record) { return record.gone; });
-    QStringList words{messages::kMoveCount.arg(tally.moved.size() - gone)};
+    QStringList words{messages::kMoveCount(tally.moved.size() - gone)};
     if (gone > 0)
-        words.append(messages::kGoneCount.arg(gone));
-    words.append(messages::kStayCount.arg(tally.stay).arg(tally.anchored));
+        words.append(messages::kGoneCount(gone));
+    words.append(messages::kStayCount(tally.stay) + u", "_s + messages::kAnchoredCount(tally.anchored));
     if (tally.unplaced > 0)
-        words.append(messages::kUnplacedCount.arg(tally.unplaced));
+        words.append(messages::kUnplacedCount(tally.unplaced));
     if (tally.seen < tally.of)
         words.append(messages::kComparedPart.arg(tally.seen).arg(tally.of));
     return words.join(u"; "_s);

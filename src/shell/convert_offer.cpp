@@ -3,6 +3,7 @@
 #include "common/error_block.h"
 #include "common/progress.h"
 #include "platform/engine/genuine_file.h"
+#include "platform/text/counted.h"
 #include "shell/program.h"
 #include "store/convert.h"
 
@@ -17,8 +18,9 @@ const QString kOffer =
     u"%1 is an Access database. Vasclip reads it and stores nothing in it.\n\nYes makes a Vasclip database of it under "
     u"the same name, with every record and picture; the Access database is kept beside it, untouched, as %2. No opens "
     u"it for reading only."_s;
-const QString kMade = u"%1 is a Vasclip database now: %2 records, each value of which was compared. The Access database "
+const QString kMade = u"%1 is a Vasclip database now: %2, each value of which was compared. The Access database "
                       u"is kept as %3."_s;
+const text::Counted kRecords{u"record"_s, u"records"_s};
 const QString kMissing = u"Not all of %1 can be read:\n%2\n\nGo on with what can be read? The Access database is kept in "
                          u"any case."_s;
 constexpr int kTold = 10; ///< lines of what is missing
@@ -56,7 +58,7 @@ void Convert(Program& program, const QString& path, const QString& kept)
     }
     if (!made)
         return;
-    QStringList lines{kMade.arg(path, QString::number(made->records), kept)};
+    QStringList lines{kMade.arg(path, kRecords(made->records), kept)};
     if (const QString only = store::OnlyInOld(*made, kept); !only.isEmpty())
         lines.append(only + u'.');
     for (const QString& note : made->notes.mid(0, kTold))

@@ -2,22 +2,32 @@
 
 #include "upkeep/archive_records.h"
 
+#include "platform/text/counted.h"
+
 namespace vasclip::upkeep {
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const text::Counted kMoved{u"record was moved into "_s, u"records were moved into "_s};
+const text::Counted kLeft{u"record of these dates stays in the Databook."_s, u"records of these dates stay in the Databook."_s};
+const text::Counted kPictures{u"picture is in the archive and could not be deleted here."_s,
+                              u"pictures are in the archive and could not be deleted here."_s};
+
+} // namespace
 
 QString WordsOf(const Archived& done, const QString& file)
 {
     if (done.empty)
         return u"The Source Database is empty."_s;
     const auto all = done.moved + done.overwritten;
-    QString words = (all == 1 ? u"1 record was moved into %1"_s.arg(file)
-                              : u"%1 records were moved into %2"_s.arg(all).arg(file)) +
+    QString words = kMoved(all) + file +
                     u", %1 of them in the place of a record there."_s.arg(done.overwritten);
     if (!done.left.isEmpty())
-        words += u" %1 records of these dates stay in the Databook."_s.arg(done.left.size());
+        words += u' ' + kLeft(done.left.size());
     if (!done.pictures.isEmpty())
-        words += u" %1 pictures are in the archive and could not be deleted here."_s.arg(done.pictures.size());
+        words += u' ' + kPictures(done.pictures.size());
     if (!done.missing.isEmpty())
         words += u" Pictures of theirs that were not there: %1."_s.arg(done.missing.size());
     if (done.failure)

@@ -2,6 +2,7 @@
 
 #include "common/paths.h"
 #include "link/reporter.h"
+#include "platform/text/counted.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "upkeep/list_file.h"
@@ -23,7 +24,7 @@ const QString kFilter = u"*.mdb|Access"_s;
 const QString kListFilter = u"|%1|Text and spreadsheet files"_s;
 const QString kCreate = u"The directory %1 does not exist.  Do you wish to create it at this time?"_s;
 const QString kNoDirectory = u"There is no directory %1."_s;
-const QString kRecords = u"%1 records"_s;
+const text::Counted kRecords{u"record"_s, u"records"_s};
 
 } // namespace
 
@@ -142,7 +143,7 @@ void FileScreen::ShowCount()
     QString words;
     if (lstTables.ListIndex() >= 0 && !NamesList()) {
         try {
-            words = kRecords.arg(CountOf(m_desk.Engine(), File(), lstTables.List(lstTables.ListIndex())));
+            words = kRecords(CountOf(m_desk.Engine(), File(), lstTables.List(lstTables.ListIndex())));
         } catch (const RuntimeError& failure) {
             TellOfListing(failure.Description() + u'.');
         }

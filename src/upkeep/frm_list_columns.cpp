@@ -1,5 +1,6 @@
 #include "upkeep/frm_list_columns.h"
 
+#include "platform/text/counted.h"
 #include "platform/text/runtime_error.h"
 #include "store/fields.h"
 #include "store/schema.h"
@@ -25,11 +26,12 @@ struct Delimiter
 constexpr Delimiter kDelimiters[] = {{u',', u"Comma  ,"}, {u';', u"Semicolon  ;"}, {u'\t', u"Tab"}, {u'|', u"Bar  |"}, {u':', u"Colon  :"}};
 constexpr const char16_t* kDates[] = {u"Month first  3/31/2004", u"Day first  31/3/2004", u"Year first  2004-03-31"};
 constexpr const char16_t* kDecimals[] = {u"Point  1,250.50", u"Comma  1.250,50"};
-const QString kAllGood = u"The first %1 lines can be read."_s;
+const QString kAllGood = u"The first %1 can be read."_s;
+const text::Counted kLines{u"line"_s, u"lines"_s};
 const QString kWholeGood = u"All can be read (lines: %1)."_s;
 const QString kNoLines = u"There are no lines below the headings."_s;
-const QString kSomeBad = u"Can't be read: %2 of %1 lines. What is refused can be mended afterwards."_s;
-const QString kFirstBad = u"Can't be read: %2 of the first %1 lines. What is refused can be mended afterwards."_s;
+const QString kSomeBad = u"Can't be read: %2 of %1. What is refused can be mended afterwards."_s;
+const QString kFirstBad = u"Can't be read: %2 of the first %1. What is refused can be mended afterwards."_s;
 const QString kOpenDates = u" No date tells whether the month or the day stands first: look at them."_s;
 
 QStringList Words(std::span<const char16_t* const> texts)
@@ -238,7 +240,7 @@ void frm_ListColumns::ShowPreview()
         return;
     }
     const QString& words = m_preview.refused > 0 ? (m_sample.whole ? kSomeBad : kFirstBad) : m_sample.whole ? kWholeGood : kAllGood;
-    const QString counted = words.arg(m_preview.seen);
+    const QString counted = words.arg(&words == &kWholeGood ? text::Dec(m_preview.seen) : kLines(m_preview.seen));
     const bool dates = m_datesOpen && std::ranges::any_of(m_preview.fields, [](const QString& field) { return IsDateField(field); });
     Tell((m_preview.refused > 0 ? counted.arg(m_preview.refused) : counted) + (dates ? kOpenDates : QString()),
          m_preview.refused > 0 || dates ? forms::Colour::Red : forms::Colour::Blue);

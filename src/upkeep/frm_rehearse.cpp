@@ -2,6 +2,7 @@
 
 #include "common/paths.h"
 #include "link/reporter.h"
+#include "platform/text/counted.h"
 #include "upkeep/file_screen.h"
 
 #include <QRegularExpression>
@@ -16,7 +17,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr const char16_t* kChoices[] = {u"&Add it", u"&Keep mine", u"&Take theirs", u"&Fill my blanks"};
-const QString kRefusedKept = u"%1 refused rows stand in %2; mend them there and import that file."_s;
+const text::Counted kRefusedKept{u"refused row stands in %1; mend it there and import that file."_s,
+                                 u"refused rows stand in %1; mend them there and import that file."_s};
 
 } // namespace
 
@@ -155,7 +157,7 @@ void frm_Rehearse::cmdRefused_Click()
     const QString file = NewRefusedFile();
     link::Reported(m_desk.ports.prompter, "cmdRefused", [&] {
         const qsizetype rows = m_rehearsal->WriteRefused(file);
-        lblmsg.Show(kRefusedKept.arg(rows).arg(file), forms::Colour::Blue);
+        lblmsg.Show(kRefusedKept(rows).arg(file), forms::Colour::Blue);
     });
 }
 

@@ -1,6 +1,7 @@
 #include "upkeep/import_table.h"
 
 #include "platform/engine/sql_name.h"
+#include "platform/text/counted.h"
 #include "store/bulk_rows.h"
 #include "store/transaction.h"
 #include "store/fields.h"
@@ -17,11 +18,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kWords = u"Import from %1"_s;
-
-QString Counted(qint64 count, const QString& one, const QString& many)
-{
-    return count == 1 ? u"1 "_s + one : QString::number(count) + u' ' + many;
-}
 
 qint64 PicturesInside(engine::Database& source, const QString& table)
 {
@@ -115,18 +111,18 @@ QString WordsOf(const ImportResult& result)
     if (!result.done)
         return (result.stopped ? u"Canceled: nothing came in."_s : u"Nothing came in: the Databook is as it was."_s) +
                WordsOf(result.pictures);
-    QString words = Counted(result.appended, u"record"_s, u"records"_s) + u" of "_s + result.source +
+    QString words = text::Counted{u"record"_s, u"records"_s}(result.appended) + u" of "_s + result.source +
                     (result.appended == 1 ? u" was added to the Databook."_s : u" were added to the Databook."_s);
     if (const qint64 out = result.rows - result.appended; out > 0)
-        words += u' ' + Counted(out, u"was refused."_s, u"were refused."_s);
+        words += u' ' + text::Counted{u"was refused."_s, u"were refused."_s}(out);
     if (!result.leftBehind.isEmpty())
         words += u" The Databook has no field "_s + result.leftBehind.join(u", "_s) + u'.';
     if (!result.otherKind.isEmpty())
         words += u" What "_s + result.otherKind.join(u", "_s) + u" holds is of another kind than in the Databook and was left."_s;
     if (result.blanksFirst > 0)
-        words += u' ' + Counted(result.blanksFirst, u"key begins"_s, u"keys begin"_s) + u" with a blank: no look-up finds such a record."_s;
+        words += u' ' + text::Counted{u"key begins"_s, u"keys begin"_s}(result.blanksFirst) + u" with a blank: no look-up finds such a record."_s;
     if (result.picturesLeft > 0)
-        words += u' ' + Counted(result.picturesLeft, u"picture was"_s, u"pictures were"_s) +
+        words += u' ' + text::Counted{u"picture was"_s, u"pictures were"_s}(result.picturesLeft) +
                  u" left inside the file; import it again with its pictures to have them."_s;
     return words + WordsOf(result.pictures) + DamageWords(result.damage);
 }

@@ -4,6 +4,7 @@
 #include "databook/comp_fields.h"
 #include "databook/number_text.h"
 #include "databook/records.h"
+#include "platform/text/counted.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
 #include "store/schema.h"
@@ -22,7 +23,8 @@ constexpr int kPlaces = 6; ///< of a degree: a hand's breadth
 const QString kNoDate = u"\"%1\" is no date"_s;
 const QString kNoDateIn = u"\"%1\" is no date with the %2 first"_s;
 const QString kNoPlace = u"\"%1\" is no latitude or longitude"_s;
-const QString kTorn = u"it has %1 values where the headings are %2: a value that holds the delimiter lacks its quotes"_s;
+const QString kTorn = u"it has %1 where the headings are %2: a value that holds the delimiter lacks its quotes"_s;
+const text::Counted kValues{u"value"_s, u"values"_s};
 
 QString WordOf(DateOrder order)
 {
@@ -152,7 +154,7 @@ ReadLine LineMaker::Make(const ListLine& line) const
     if (m_text && made.fault.isEmpty())
         for (qsizetype i = m_look.columns.size(); i < line.cells.size(); ++i)
             if (!text::Trim(line.cells.at(i).text).isEmpty())
-                made.fault = kTorn.arg(line.cells.size()).arg(m_look.columns.size());
+                made.fault = kTorn.arg(kValues(line.cells.size())).arg(m_look.columns.size());
     if (!made.fault.isEmpty())
         return made;
     const auto twin = [&](const QString& date, const QString& serial) {

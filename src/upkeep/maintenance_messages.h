@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/text/counted.h"
+
 #include <QString>
 
 // The texts of the repairs, letter for letter.
@@ -86,8 +88,10 @@ inline const QString kEnterDate = u"Please enter a date"_s;
 inline const QString kShortDate = u"%1 has more than ten letters. Enter the date as mm/dd/yyyy."_s;
 inline const QString kStopped = u"Stopped. Every record is as it was."_s;
 inline const QString kFailed = u"Nothing was changed, every record is as it was: %1."_s;
-inline const QString kClearedPhotos = u"The photos of %1 records were cleared; the picture files are still there."_s;
-inline const QString kPicturesLeft = u" %1 picture files could not be deleted; 'Find photos' in the guide says how to find them."_s;
+inline const text::Counted kRecordsCount{u"record"_s, u"records"_s};
+inline const QString kCleared = u"The photos of %1 were cleared; the picture files are still there."_s;
+inline const text::Counted kPicturesLeft{u"picture file could not be deleted; 'Find photos' in the guide says how to find it."_s,
+                                         u"picture files could not be deleted; 'Find photos' in the guide says how to find them."_s};
 inline const QString kNoPhotoDirectory =
     u"The photo directory %1 is not there, so the pictures of the records could not be deleted with them. Connect its "
     "disk, or name another one in the setup"_s;

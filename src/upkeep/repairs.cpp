@@ -170,10 +170,10 @@ QString RepairWalk::DeletePictures(const LineFile& stems)
     try {
         named = NamedPictures(m_desk.databook);
     } catch (const RuntimeError&) {
-        return kPicturesLeft.arg(stems.Count()); // the records are gone; which files others name can't be told
+        return u' ' + kPicturesLeft(stems.Count()); // the records are gone; which files others name can't be told
     }
     if (!m_desk.disk.DirExists(m_desk.globals.G_PhotoDir))
-        return kPicturesLeft.arg(stems.Count()); // it went meanwhile, with all that is in it
+        return u' ' + kPicturesLeft(stems.Count()); // it went meanwhile, with all that is in it
     qint64 left = 0;
     for (qint64 i = 0; i < stems.Count(); ++i) {
         static_cast<void>(m_step(kDeletingPictures, i, stems.Count()));
@@ -181,14 +181,14 @@ QString RepairWalk::DeletePictures(const LineFile& stems)
             continue;
         left += photos::DeletePhotos(m_desk.ports, m_desk.disk, m_desk.globals.G_PhotoDir, {stems.Line(i)}).size();
     }
-    return left == 0 ? QString() : kPicturesLeft.arg(left);
+    return left == 0 ? QString() : u' ' + kPicturesLeft(left);
 }
 
 QString RepairWalk::EndMessage()
 {
     switch (m_repair) {
     case Repair::ClearPhotos:
-        return kClearedPhotos.arg(m_cleared);
+        return kCleared.arg(kRecordsCount(m_cleared));
     case Repair::IllegalInKeys:
     case Repair::IllegalInComments:
         if (m_found == 0)

@@ -259,8 +259,8 @@ TEST_F(Send, AFailingPokeEndsItAndSaysWhere)
     ASSERT_EQ(doubles.prompter.Boxes().size(), 1U);
     EXPECT_EQ(
         doubles.prompter.Last().text,
-        u"The forms program refused the field (sending CITY to PAGE2|13|5, row 2 of 3 in Comp2Kel). 1 fields "
-        "were sent and stay in the report; this one and those after it were not. Send the comp again to send "
+        u"The forms program refused the field (sending CITY to PAGE2|13|5, row 2 of 3 in Comp2Kel). 1 field "
+        "was sent and stays in the report; this one and those after it were not. Send the comp again to send "
         "them all.\r\nError # 285 in module KelPokeText."_s);
 }
 

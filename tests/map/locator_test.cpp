@@ -46,7 +46,7 @@ TEST_F(Locator, PlacesTheSearchAsHouses)
     EXPECT_EQ(desk.state.g_MapRanges, QString()); // houses are no comps of the report
     EXPECT_EQ(Field(u"10 OAK ST"_s, u"ANCHORED"_s), u"0"_s);
     EXPECT_EQ(Location(u"12 OAK ST"_s), u"32.47 -86.48 1"_s);
-    EXPECT_EQ(status.lblmsg.Caption(), u"3 comps are on the map; 1 were not found: 14 OAK ST; 2 have no address, "
+    EXPECT_EQ(status.lblmsg.Caption(), u"3 comps are on the map; 1 was not found: 14 OAK ST; 2 have no address, "
                                        "city or state"_s);
     EXPECT_GT(control.centre.latitude, kOak.latitude); // zoomed to them
     EXPECT_TRUE(control.log.contains(u"Scale=26400"_s)) << "from the whole view";
@@ -94,7 +94,7 @@ TEST_F(Locator, ASubjectThatIsNotFoundIsTold)
     Search();
     cmdGeoComp_Click(desk);
     EXPECT_EQ(status.lblmsg.Caption(), u"Not found on the map: SUBJECT 1 Nowhere St. Place by hand with Manual, or correct "
-                                       "the address. 1 comps are on the map"_s);
+                                       "the address. 1 comp is on the map"_s);
     EXPECT_EQ(status.lblmsg.Fore(), forms::Colour::Red);
 }
 
@@ -206,7 +206,7 @@ TEST_F(ManyRecords, ARecordThatGoesMeanwhileIsPassedOver)
     const qint64 place = PlaceInSearch(u"251 OAK ST"_s);
     ASSERT_GT(place, 25) << "behind the first turn";
     cmdGeoComp_Click(desk);
-    EXPECT_EQ(status.lblmsg.Caption(), u"250 comps are on the map; 1 were deleted meanwhile"_s);
+    EXPECT_EQ(status.lblmsg.Caption(), u"250 comps are on the map; 1 was deleted meanwhile"_s);
     EXPECT_EQ(doubles.prompter.Boxes().size(), 1u) << doubles.prompter.Texts().join(u'\n').toStdString();
 }
 

@@ -68,7 +68,7 @@ TEST_F(MovedRecords, StandMoreThan300FeetFromTheirStoredPlace)
     const MoveTally tally = CompareMaps(desk, nullptr, maps);
     EXPECT_EQ(Lines(tally), (QStringList{u"3 OAK ST: 728 feet, from 32.46 -86.47 to 32.462 -86.47"_s,
                                          u"2 OAK ST: 364 feet, from 32.46 -86.47 to 32.461 -86.47"_s}));
-    EXPECT_EQ(WordsOf(tally), u"2 records would move by more than 300 feet; 1 stay, 1 are anchored and never move; 2 "
+    EXPECT_EQ(WordsOf(tally), u"2 records would move by more than 300 feet; 1 stays, 1 is anchored and never moves; 2 "
                               "have no place or no whole address"_s);
 }
 
@@ -95,7 +95,7 @@ TEST_F(MovedRecords, ThatAreNotFoundAnyMoreAreNamed)
     const MoveTally tally = CompareMaps(desk, &before, after);
     EXPECT_EQ(Lines(tally), QStringList{u"1 OAK ST: not found; it keeps 32.46 -86.47"_s});
     EXPECT_EQ(tally.stay, 1) << "neither of the maps has it, so nothing is taken from it";
-    EXPECT_TRUE(WordsOf(tally).contains(u"1 are not found"_s)) << WordsOf(tally).toStdString();
+    EXPECT_TRUE(WordsOf(tally).contains(u"1 is not found"_s)) << WordsOf(tally).toStdString();
 }
 
 TEST_F(MovedRecords, AreLookedForUntilAStop)

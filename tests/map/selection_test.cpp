@@ -274,7 +274,7 @@ TEST_F(Selection, AnchorAllStopsBeforeWhatWasPlacedByHand)
     cmdAnchor_Click(desk);
     EXPECT_TRUE(tab.imaanchor.Visible()) << "of the selected point";
     EXPECT_EQ(Field(u"30 ELM ST"_s, u"ANCHORED"_s), QString());
-    EXPECT_EQ(status.lblmsg.Caption(), u"4 points are anchored; 1 have no record in the Databook, so their places are kept "
+    EXPECT_EQ(status.lblmsg.Caption(), u"4 points are anchored; 1 has no record in the Databook, so its place is kept "
                                        "on this map alone"_s);
     EXPECT_EQ(control.pins[2].flags, 0x8C72);
     EXPECT_EQ(control.pins[39].picture, kArrows + u"COMPAnchor.bmp"_s);
@@ -310,8 +310,8 @@ TEST_F(Selection, TakingAllAnchorsOffAsksFirst)
     mapview_PointClick(desk, 3);
     doubles.prompter.Answer(forms::Answer::No);
     cmdAnchor_RightClick(desk);
-    EXPECT_EQ(doubles.prompter.Last().text, u"The Databook forgets the places of 1 records that were put right by "
-                                            "hand. Take the anchors off?"_s);
+    EXPECT_EQ(doubles.prompter.Last().text, u"The Databook forgets the place of a record that was put right by "
+                                            "hand. Take the anchor off?"_s);
     EXPECT_EQ(Location(u"20 OAK ST"_s), u"32.47 -86.47 1"_s);
     EXPECT_TRUE(tab.imaanchor.Visible());
     Pin(5, kOak, u"77 PINE ST"_s, u"REDDOORAnchor.bmp"_s);

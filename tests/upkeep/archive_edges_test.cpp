@@ -160,7 +160,7 @@ TEST_F(ArchiveRecords, AFullDiskEndsItAndWhatWasDoneIsTold)
     EXPECT_EQ(done.missing.size(), 1);
     const QString words = WordsOf(done, archive);
     EXPECT_TRUE(words.contains(u"1 record was moved into "_s)) << words.toStdString();
-    EXPECT_TRUE(words.contains(u" 1 records of these dates stay in the Databook."_s)) << words.toStdString();
+    EXPECT_TRUE(words.contains(u" 1 record of these dates stays in the Databook."_s)) << words.toStdString();
     EXPECT_EQ(Here(), (QStringList{u"2 B ST"_s, u"3 C ST"_s, u"4 D ST"_s}));
     EXPECT_TRUE(disk.FileExists(u"C:\\JPG\\C.jpg"_s));
     EXPECT_FALSE(disk.FileExists(pictures + u"C.jpg"_s));

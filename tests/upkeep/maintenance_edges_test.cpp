@@ -106,7 +106,7 @@ TEST_F(MaintenanceEdges, APhotoDirectoryThatGoesMeanwhileIsToldOf)
     Erase(screen->cmdDeleteByDate, u"12/31/1999"_s);
     doubles.pump.onTurn = {};
     EXPECT_TRUE(Keys().isEmpty());
-    EXPECT_TRUE(Says().startsWith(u"Process Complete.  Delete by Sale Date of 12/31/1999. 1 picture files could not be deleted"_s))
+    EXPECT_TRUE(Says().startsWith(u"Process Complete.  Delete by Sale Date of 12/31/1999. 1 picture file could not be deleted"_s))
         << Says().toStdString();
 }
 
@@ -256,7 +256,7 @@ TEST_F(MaintenanceEdges, CountsTheRecordsWhosePhotosWereCleared)
     Open();
     Yes();
     Click(screen->cmdClear);
-    EXPECT_EQ(Says(), u"The photos of 1 records were cleared; the picture files are still there."_s);
+    EXPECT_EQ(Says(), u"The photos of 1 record were cleared; the picture files are still there."_s);
     EXPECT_EQ(Field(u"2 B ST"_s, u"FRONT"_s), QString());
 }
 

@@ -1,6 +1,7 @@
 #include "app/vasctl/session.h"
 
 #include "platform/desktop/termination.h"
+#include "platform/text/counted.h"
 #include "platform/text/text.h"
 #include "store/convert.h"
 
@@ -12,6 +13,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+const text::Counted kRecords{u"record"_s, u"records"_s};
+const text::Counted kTables{u"table"_s, u"tables"_s};
 constexpr int kTold = 20; ///< of what is missing, in a question or an answer for people
 
 QString ListOf(const QStringList& lines)
@@ -24,9 +27,9 @@ QString ListOf(const QStringList& lines)
 
 QString TextOf(const engine::Converted& made, const engine::Conversion& wanted)
 {
-    QString text = u"%1 records in %2 of %3 were converted to %4, and every value was compared."_s.arg(
-        text::Dec(made.records), made.tables.size() == 1 ? u"1 table"_s : u"%1 tables"_s.arg(made.tables.size()),
-        wanted.source, wanted.target);
+    QString text = u"%1 in %2 of %3 %4 converted to %5, and every value was compared."_s.arg(
+        kRecords(made.records), kTables(made.tables.size()), wanted.source, made.records == 1 ? u"was"_s : u"were"_s,
+        wanted.target);
     if (const QString only = store::OnlyInOld(made, wanted.source); !only.isEmpty())
         text += u'\n' + only + u'.';
     for (const QStringList& more : {made.notes, made.missing}) {

@@ -5,6 +5,7 @@
 #include "link/kel_channel.h"
 #include "link/kel_helpers.h"
 #include "platform/desktop/desktop.h"
+#include "platform/text/counted.h"
 #include "platform/text/text.h"
 #include "store/schema.h"
 
@@ -18,6 +19,8 @@ namespace vasclip::vasctl {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+const text::Counted kRecords{u"record"_s, u"records"_s};
 
 enum class Grade { Good, Notice, Wrong };
 
@@ -108,7 +111,7 @@ void LookAtDatabase(Session& session, Findings& found, const QString& subject, c
     try {
         const auto database = session.Engine().OpenDatabase(path, engine::OpenMode::ReadOnly);
         const engine::TableDef stored = database->Table(table);
-        QString text = u"%1, %2 records"_s.arg(path, text::Dec(store::CountRows(*database, table)));
+        QString text = path + u", "_s + kRecords(store::CountRows(*database, table));
         const auto users = session.Engine().Users(path);
         QStringList others;
         for (const engine::User& user : users) {

@@ -2,6 +2,7 @@
 #include "app/vasctl/where_option.h"
 
 #include "common/paths.h"
+#include "platform/text/counted.h"
 #include "platform/text/text.h"
 #include "upkeep/code_pages.h"
 #include "upkeep/export_csv.h"
@@ -18,6 +19,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+const text::Counted kRecords{u"record was"_s, u"records were"_s};
+const text::Counted kLetters{u"letter is not in the code page %1 and was written as \"?\"."_s,
+                             u"letters are not in the code page %1 and were written as \"?\"."_s};
 constexpr auto kUsageText = "Usage: vasctl export --file NAME [--table NAME] [--to vasclip | access | csv] [--pictures] "
                             "[--where SQL] [--delimiter C] [--code-page NAME]"_L1;
 
@@ -53,10 +57,9 @@ int Csv(const Output& out, const upkeep::TransferDesk& desk, const QString& targ
         }
     }
     const upkeep::CsvExport result = upkeep::ExportCsv(desk, target, where, form, step);
-    QString words = result.records == 1 ? u"1 record was written to %1."_s.arg(target)
-                                        : u"%1 records were written to %2."_s.arg(result.records).arg(target);
+    QString words = kRecords(result.records) + u" written to %1."_s.arg(target);
     if (result.lost > 0)
-        words += u" %1 letters are not in the code page %2 and were written as \"?\"."_s.arg(result.lost).arg(form.codePage);
+        words += u' ' + kLetters(result.lost).arg(form.codePage);
     out.Value({{u"file"_s, target}, {u"records"_s, result.records}, {u"lost"_s, result.lost}, {u"message"_s, words}},
               words);
     return kDone;

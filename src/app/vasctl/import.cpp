@@ -2,6 +2,7 @@
 #include "app/vasctl/session.h"
 
 #include "common/paths.h"
+#include "platform/text/counted.h"
 #include "platform/text/text.h"
 #include "upkeep/list_presets.h"
 #include "upkeep/rehearsal.h"
@@ -43,6 +44,8 @@ std::optional<int> ValueOf(const Word (&words)[N], const QString& word)
             return one.value;
     return std::nullopt;
 }
+
+const text::Counted kRefusedRows{u"refused row is in "_s, u"refused rows are in "_s};
 
 /// A bare name stands in the import directory.
 QString SourceOf(Session& session, const QString& given)
@@ -192,7 +195,7 @@ private:
             }
             const qsizetype kept = rehearsal.WriteRefused(file);
             m_out.Error(kept == 0 ? u"No row was refused: %1 is as it was."_s.arg(file)
-                                 : u"%1 refused rows are in %2."_s.arg(kept).arg(file));
+                                 : kRefusedRows(kept) + file + u'.');
         }
         return m_options.isSet(u"choose"_s) && !m_options.isSet(u"rehearse"_s) ? Carry(rehearsal) : Show(rehearsal);
     }

@@ -9,6 +9,7 @@
 #include "photos/store_check.h"
 #include "photos/view_name.h"
 #include "platform/picture/picture.h"
+#include "platform/text/counted.h"
 #include "platform/text/text.h"
 #include "store/fields.h"
 
@@ -17,6 +18,9 @@ namespace vasclip::vasctl {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+const text::Counted kRecords{u"record"_s, u"records"_s};
+const text::Counted kPhotos{u"photo"_s, u"photos"_s};
 
 /// The questions of the screens, asked on the terminal.
 class TerminalQuestions : public photos::PhotoQuestions
@@ -230,7 +234,8 @@ int Verify(Session& session, const Output& out)
         out.Error(LineOf(lost).join(u"  "_s));
     const int whole = check.photos - static_cast<int>(check.lost.size());
     out.Value({{u"records"_s, check.records}, {u"photos"_s, check.photos}, {u"whole"_s, whole}},
-              u"%1 of %2 photos of %3 records are whole."_s.arg(whole).arg(check.photos).arg(check.records));
+              u"%1 of %2 of %3 %4 whole."_s.arg(QString::number(whole), kPhotos(check.photos), kRecords(check.records),
+                                            whole == 1 ? u"is"_s : u"are"_s));
     return check.lost.isEmpty() ? kDone : kFailed;
 }
 

@@ -1,5 +1,6 @@
 #include "app/vasctl/where_option.h"
 
+#include "platform/text/counted.h"
 #include "platform/text/runtime_error.h"
 #include "store/schema.h"
 #include "upkeep/layout_files.h"
@@ -17,6 +18,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+const text::Counted kRecords{u"record"_s, u"records"_s};
+const text::Counted kPages{u"page"_s, u"pages"_s};
 const QString kUse =
     u"Usage: vasctl print --layout NAME --out FILE.pdf [--where SQL] [--paper NAME] [--landscape | "
     u"--portrait], "
@@ -93,7 +96,7 @@ int Print(Session& session, const Output& out, const upkeep::ReportLayout& layou
         static_cast<void>(upkeep::WriteReportCsv(NativeOf(session.Disk(), file), layout, table.Feed(),
                                                  now.date(), [] { return true; }));
         line.Clear();
-        out.Value({{u"file"_s, file}, {u"records"_s, count}}, u"%1 records in %2."_s.arg(count).arg(file));
+        out.Value({{u"file"_s, file}, {u"records"_s, count}}, kRecords(count) + u" in %1."_s.arg(file));
         return kDone;
     }
     upkeep::ReportPictures pictures(session.Disk(), program.globals.G_PhotoDir);
@@ -114,7 +117,7 @@ int Print(Session& session, const Output& out, const upkeep::ReportLayout& layou
                                              return true;
                                          }));
     line.Clear();
-    QString message = u"%1 records on %2 pages in %3."_s.arg(count).arg(pages).arg(file);
+    QString message = kRecords(count) + u" on %1 in %2."_s.arg(kPages(pages), file);
     if (pictures.Missing() > 0)
         message += (pictures.Missing() == 1 ? u" 1 photo is"_s : u" %1 photos are"_s.arg(pictures.Missing())) +
                    u" missing or damaged; 'vasctl photos verify' names what is."_s;

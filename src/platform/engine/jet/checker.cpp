@@ -2,12 +2,15 @@
 
 #include "platform/engine/jet/index_check.h"
 #include "platform/engine/jet/page_check.h"
+#include "platform/text/counted.h"
 
 namespace vasclip::engine::jet {
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+const text::Counted kRecords{u"record"_s, u"records"_s};
 
 /// Reads every value of a table.
 void CheckValues(Opening& opening, Table& table)
@@ -35,8 +38,8 @@ void CheckValues(Opening& opening, Table& table)
     if (left < 0)
         opening.findings->Add(table.Def().name, {}, {}, u"its memos and pictures claim more bytes than the file has"_s);
     if (rows != table.Stored().rows)
-        opening.findings->Add(table.Def().name, {}, {}, u"has %1 records, and claims %2"_s.arg(
-                                                           QString::number(rows), QString::number(table.Stored().rows)));
+        opening.findings->Add(table.Def().name, {}, {}, u"has %1, and claims %2"_s.arg(
+                                                           kRecords(rows), QString::number(table.Stored().rows)));
 }
 
 } // namespace

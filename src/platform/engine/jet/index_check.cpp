@@ -2,6 +2,7 @@
 
 #include "platform/engine/jet/index_key.h"
 #include "platform/engine/jet/index_writer.h"
+#include "platform/text/counted.h"
 
 #include <QSet>
 
@@ -13,6 +14,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+const text::Counted kEntries{u"entry"_s, u"entries"_s};
+const text::Counted kRecords{u"record"_s, u"records"_s};
 constexpr int kDeepest = 16;
 constexpr quint32 kKnownSorting = 0x409; ///< English, of the first version
 
@@ -71,7 +74,7 @@ public:
         try {
             Visit(m_index.root, 0);
             if (!m_index.ignoresNulls && m_entries != m_live.size())
-                Say(u"has %1 entries for %2 records"_s.arg(QString::number(m_entries), QString::number(m_live.size())));
+                Say(u"has %1 for %2"_s.arg(kEntries(static_cast<qint64>(m_entries)), kRecords(static_cast<qint64>(m_live.size()))));
         } catch (const Damaged& damage) {
             Say(damage.Description());
         }

@@ -1,12 +1,15 @@
 #include "platform/engine/jet/page_check.h"
 
 #include "platform/engine/jet/data_page.h"
+#include "platform/text/counted.h"
 
 namespace vasclip::engine::jet {
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+const text::Counted kBytes{u"byte is"_s, u"bytes are"_s};
 
 void CheckRows(PageFile& file, quint32 number)
 {
@@ -20,7 +23,7 @@ void CheckRows(PageFile& file, quint32 number)
     const int free = Bytes(page.Page()).U16(2);
     const int room = start - format.rowOffsets - 2 * page.Rows();
     if (free != room)
-        throw Damaged(u"%1 bytes are free on it, and it claims %2"_s.arg(QString::number(room), QString::number(free)));
+        throw Damaged(u"%1 free on it, and it claims %2"_s.arg(kBytes(room), QString::number(free)));
 }
 
 } // namespace

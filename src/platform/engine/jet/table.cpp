@@ -3,6 +3,7 @@
 #include "platform/engine/jet/column_value.h"
 #include "platform/engine/jet/long_value.h"
 #include "platform/engine/jet/usage_map.h"
+#include "platform/text/counted.h"
 
 #include <algorithm>
 
@@ -11,6 +12,8 @@ namespace vasclip::engine::jet {
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+const text::Counted kPagesBeyond{u"of its pages lies"_s, u"of its pages lie"_s};
 
 /// The index as the engine knows one; without fields if a column of it is not shown.
 IndexDef IndexOf(const Index& index, const Definition& table, const TableDef& def)
@@ -67,7 +70,7 @@ std::vector<quint32> Table::Pages()
         auto pages = ReadUsageMap(*m_file, m_definition.owned, &beyond);
         if (beyond > 0)
             m_findings->Add(m_def.name, {}, {},
-                            u"%1 of its pages lie behind the end of the file, which was cut short"_s.arg(beyond));
+                            kPagesBeyond(beyond) + u" behind the end of the file, which was cut short"_s);
         return pages;
     } catch (const Damaged& damage) {
         m_findings->Add(m_def.name, {}, {},
