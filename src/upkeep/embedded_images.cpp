@@ -2,6 +2,7 @@
 
 #include "common/paths.h"
 #include "photos/photo_list.h"
+#include "platform/engine/file_owner.h"
 #include "platform/engine/process.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
@@ -50,7 +51,7 @@ QString FrontStem(QString photos)
 
 QString LongestSuffix()
 {
-    return kReplacedMark + QString::number(engine::OwnProcess());
+    return kReplacedMark + engine::FileOwner::Own().Mark();
 }
 
 } // namespace
@@ -167,18 +168,20 @@ QString EmbeddedImages::ReplacedName(const QString& native) const
 
 QString EmbeddedImages::WaitingName(const QString& native) const
 {
-    return native + kMark + QString::number(engine::OwnProcess());
+    return native + kMark + engine::FileOwner::Own().Mark();
 }
 
-/// What imports that were killed have left. A copy of a picture that gave way is its journal's alone to take.
+/// What imports that were killed have left; another machine may be importing into the same directory. A copy of a picture that gave way is its journal's alone to take.
 void EmbeddedImages::Sweep() const
 {
     PictureJournal::Replay(m_desk);
     const QString directory = common::CkRSlash(m_desk.globals.G_PhotoDir);
     for (const QString& name : m_desk.Disk().Dir(directory + u"*"_s + kMark + u"*"_s, files::ReadOnly)) {
-        const qint64 process = QStringView(name).sliced(name.lastIndexOf(kMark) + kMark.size()).toLongLong();
-        if (process > 0 && (process == engine::OwnProcess() || !engine::IsAlive(process, {})))
-            QFile::remove(m_desk.Disk().ToNative(directory + name));
+        const QStringView mark = QStringView(name).sliced(name.lastIndexOf(kMark) + kMark.size());
+        const auto owner = engine::FileOwner::In(mark);
+        const QString native = m_desk.Disk().ToNative(directory + name);
+        if (owner.length == mark.size() && owner.HasLeft(native, m_desk.ports.clock.Now()))
+            QFile::remove(native);
     }
 }
 

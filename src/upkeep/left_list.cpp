@@ -1,5 +1,6 @@
 #include "upkeep/left_list.h"
 
+#include "platform/engine/file_owner.h"
 #include "platform/engine/process.h"
 #include "upkeep/placed_file.h"
 
@@ -34,7 +35,7 @@ bool IsLeft(const QJsonObject& content)
 
 LeftList::LeftList(const files::Disk& disk, const QString& databook, const QString& mark)
     : m_disk(disk)
-    , m_file(databook + mark + QString::number(engine::OwnProcess()))
+    , m_file(databook + mark + engine::FileOwner::Own().Mark())
 {}
 
 bool LeftList::IsThere() const

@@ -7,7 +7,7 @@
 namespace vasclip::upkeep {
 
 /// A list beside a Databook of what a process is doing to picture files, by which it is undone or ended when that process
-/// was killed: "DATABOOK.MDB", a mark and the number of the process.
+/// was killed: "DATABOOK.MDB", a mark and that of the process and its machine.
 class LeftList
 {
 public:

@@ -1,6 +1,7 @@
 #include "upkeep/list_source.h"
 
 #include "common/paths.h"
+#include "platform/engine/file_owner.h"
 #include "platform/engine/process.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
@@ -34,11 +35,12 @@ QString NewFile(const TransferDesk& desk)
 {
     const QString directory = common::CkRSlash(desk.globals.G_UserDir);
     for (const QString& name : desk.Disk().Dir(directory + kMark + u"*"_s, files::ReadOnly)) {
-        const qint64 process = name.mid(kMark.size()).section(u'_', 0, 0).toLongLong();
-        if (process > 0 && process != engine::OwnProcess() && !engine::IsAlive(process, {}))
-            QFile::remove(desk.Disk().ToNative(directory + name));
+        const auto owner = engine::FileOwner::In(QStringView(name).sliced(kMark.size()));
+        const QString native = desk.Disk().ToNative(directory + name);
+        if (owner.process != engine::OwnProcess() && owner.HasLeft(native, desk.ports.clock.Now()))
+            QFile::remove(native);
     }
-    const QString own = directory + kMark + QString::number(engine::OwnProcess());
+    const QString own = directory + kMark + engine::FileOwner::Own().Mark();
     QString file = own;
     for (int more = 2; desk.Disk().Found(file, files::ReadOnly | files::Hidden); ++more)
         file = own + u"_%1"_s.arg(more);

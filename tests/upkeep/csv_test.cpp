@@ -1,13 +1,12 @@
 #include "transfer_home.h"
 
+#include "platform/engine/file_owner.h"
 #include "support/error_number.h"
 #include "upkeep/code_pages.h"
 #include "upkeep/csv_text.h"
 #include "upkeep/export_csv.h"
 #include "upkeep/import_table.h"
 #include "upkeep/list_presets.h"
-
-#include <QCoreApplication>
 
 namespace vasclip::upkeep {
 namespace {
@@ -138,7 +137,7 @@ TEST_F(Csv, BringsRowsInWithKeysDatesAndNumbersAsTheDatabookHasThem)
 
 TEST_F(Csv, IsReadAfreshWhereAKilledProcessOfTheSameNumberLeftItsFile)
 {
-    disk.WriteWhole(u"C:\\USER\\LIST.incoming"_s + QString::number(QCoreApplication::applicationPid()), "half");
+    disk.WriteWhole(u"C:\\USER\\LIST.incoming"_s + engine::FileOwner::Own().Mark(), "half");
     disk.WriteWhole(file, "Address\n1 Ash St\n");
     EXPECT_EQ(Import(Look()).appended, 1);
 }

@@ -2,6 +2,7 @@
 
 #include "platform/engine/genuine_file.h"
 #include "support/error_number.h"
+#include "support/killed_here.h"
 #include "upkeep/export_statement.h"
 #include "upkeep/export_table.h"
 #include "upkeep/insert_images.h"
@@ -229,7 +230,7 @@ TEST_F(Export, RefusesAFileThatIsWriteProtected)
 
 TEST_F(Export, SweepsWhatAKilledOneLeft)
 {
-    disk.WriteWhole(u"C:\\EXPORT\\OUT.MDB.new999999999"_s, "half");
+    disk.WriteWhole(u"C:\\EXPORT\\OUT.MDB.new"_s + tests::kKilledHere.Mark(), "half");
     disk.WriteWhole(u"C:\\EXPORT\\OUT.MDB.newer"_s, "not ours");
     Run();
     EXPECT_EQ(Left(), (QStringList{u"OUT.MDB"_s, u"OUT.MDB.newer"_s}));

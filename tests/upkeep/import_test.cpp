@@ -3,6 +3,7 @@
 #include "store/change.h"
 #include "support/error_number.h"
 #include "support/exclusive_lock.h"
+#include "support/killed_here.h"
 #include "upkeep/export_table.h"
 #include "upkeep/import_table.h"
 #include "upkeep/rehearsal.h"
@@ -258,15 +259,40 @@ TEST_F(Import, PutsThePicturesBackWhenTheRowsAreNotStoredAfterAll)
 
 TEST_F(Import, SweepsWhatAKilledOneLeft)
 {
-    disk.WriteWhole(u"C:\\JPG\\00000009.jpg.incoming999999999"_s, "half");
-    disk.WriteWhole(u"C:\\JPG\\00000009.jpg.incoming-over999999999"_s, "old");
+    const QString left = u"C:\\JPG\\00000009.jpg.incoming"_s + tests::kKilledHere.Mark();
+    const QString over = u"C:\\JPG\\00000009.jpg.incoming-over"_s + tests::kKilledHere.Mark();
+    disk.WriteWhole(left, "half");
+    disk.WriteWhole(over, "old");
     const QStringList before = Pictures();
     PutComp(u"1 ASH ST"_s);
     Run();
-    EXPECT_FALSE(disk.FileExists(u"C:\\JPG\\00000009.jpg.incoming999999999"_s));
-    EXPECT_TRUE(disk.FileExists(u"C:\\JPG\\00000009.jpg.incoming-over999999999"_s))
-        << "nobody knows whether the picture that it was copied from is still there";
+    EXPECT_FALSE(disk.FileExists(left));
+    EXPECT_TRUE(disk.FileExists(over)) << "nobody knows whether the picture that it was copied from is still there";
     EXPECT_EQ(Pictures().size(), before.size() - 1);
+}
+
+TEST_F(Import, LeavesWhatAnotherMachineIsImportingIntoTheSameDirectory)
+{
+    const auto put = [this](const engine::FileOwner& owner, int days) {
+        const QString name = u"C:\\JPG\\%1.jpg.incoming"_s.arg(days) + owner.Mark();
+        disk.WriteWhole(name, "half");
+        QFile file(disk.ToNative(name));
+        EXPECT_TRUE(file.open(QIODevice::ReadWrite));
+        EXPECT_TRUE(file.setFileTime(ports.clock.Now().addDays(-days), QFileDevice::FileModificationTime));
+        return name;
+    };
+    const engine::FileOwner elsewhere{tests::kKilledHere.process, u"0123abcd"_s};
+    const engine::FileOwner nobodyKnows{tests::kKilledHere.process, {}}; // as older versions name them
+    const QString theirs = put(elsewhere, 1);
+    const QString earlier = put(nobodyKnows, 2);
+    const QString theirOld = put(elsewhere, 8);
+    const QString old = put(nobodyKnows, 9);
+    PutComp(u"1 ASH ST"_s);
+    Run();
+    EXPECT_TRUE(disk.FileExists(theirs)) << "its number says nothing here";
+    EXPECT_TRUE(disk.FileExists(earlier));
+    EXPECT_FALSE(disk.FileExists(theirOld));
+    EXPECT_FALSE(disk.FileExists(old));
 }
 
 TEST_F(Import, TakesATableOfOtherFieldsInAnotherOrder)

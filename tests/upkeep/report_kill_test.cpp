@@ -7,6 +7,7 @@
 #include "platform/engine/process.h"
 #include "support/error_number.h"
 #include "support/file_limit.h"
+#include "support/killed_here.h"
 #include "support/killed_work.h"
 #include "upkeep/account.h"
 #include "upkeep/draft_file.h"
@@ -99,12 +100,16 @@ TEST_P(ReportKill, LeavesTheOlderFileAndWhatIsBesideItGoesWithTheNext)
 
 TEST_P(ReportKill, TakesNothingOfTheUsersAway)
 {
-    const QStringList mine{name + u".new"_s, name + u".newest"_s, name + u".new999999999.bak"_s, name + u"-journal"_s,
-                           u"x"_s + name + u".new999999999"_s,
-                           name + u".new%1"_s.arg(getppid())}; // somebody is writing that one
+    const QString left = tests::kKilledHere.Mark();
+    const QStringList mine{name + u".new"_s, name + u".newest"_s, name + u".new"_s + left + u".bak"_s, name + u"-journal"_s,
+                           u"x"_s + name + u".new"_s + left,
+                           name + u".new%1"_s.arg(getppid()), // somebody is writing that one
+                           name + u".new"_s + engine::FileOwner{getppid(), tests::kKilledHere.machine}.Mark(),
+                           name + u".new999999999"_s, // an older version, perhaps of another machine
+                           name + u".new"_s + engine::FileOwner{tests::kKilledHere.process, u"0123abcd"_s}.Mark()};
     for (const QString& one : mine)
         Put(one, "mine");
-    Put(name + u".new999999999"_s, "half");
+    Put(name + u".new"_s + left, "half");
     Kill();
     WriteAll();
     QStringList wanted = mine + QStringList{name};

@@ -1,6 +1,7 @@
 #include "platform/engine/new_file.h"
 
 #include "platform/engine/errors.h"
+#include "platform/engine/file_owner.h"
 #include "platform/engine/process.h"
 
 #include <QDirIterator>
@@ -15,25 +16,34 @@ namespace {
 
 const QString kMark = u".new"_s;
 const QString kJournal = u"-journal"_s;
+constexpr qsizetype kLongestName = 255 - 80; ///< bytes: what is made beside a draft has a mark and an end of its own
 
-/// What processes that were killed have left beside a target: "NAME.MDB.new" with a process' number, and what was made
+/// What the names of a target's drafts begin with. A long one is cut, so that what stands behind it has room too.
+QString BeginOf(const QString& target)
+{
+    QString name = QFileInfo(target).fileName();
+    while (name.toUtf8().size() > kLongestName)
+        name.chop(name.back().isLowSurrogate() ? 2 : 1);
+    return name + kMark;
+}
+
+/// What processes that were killed have left beside a target: "NAME.MDB.new" with the owner's mark, and what was made
 /// beside that in turn.
-void SweepLeftovers(const QString& target, NewFile::Kind kind)
+/// @param own  just made: its time is now by the clock of that disk
+void SweepLeftovers(const QString& target, const QString& own, NewFile::Kind kind)
 {
     const QFileInfo whole(target);
-    const QString begin = whole.fileName() + kMark;
+    const QString begin = BeginOf(target);
+    const QDateTime now = QFileInfo(own).lastModified();
     QStringList left;
     for (QDirIterator files(whole.absolutePath(), QDir::Files | QDir::Hidden); files.hasNext();) {
         const QString path = files.next();
         const QString name = files.fileName();
-        qsizetype end = begin.size();
-        while (end < name.size() && name[end] >= u'0' && name[end] <= u'9')
-            ++end;
-        const bool tail = end < name.size() && kind == NewFile::Kind::Other;
-        if (!name.startsWith(begin) || end == begin.size() || tail)
+        if (!name.startsWith(begin) || name == QFileInfo(own).fileName())
             continue;
-        const qint64 process = QStringView(name).sliced(begin.size(), end - begin.size()).toLongLong();
-        if (process == OwnProcess() || !IsAlive(process, {}))
+        const FileOwner owner = FileOwner::In(QStringView(name).sliced(begin.size()));
+        const bool tail = begin.size() + owner.length < name.size() && kind == NewFile::Kind::Other;
+        if (!tail && owner.HasLeft(path, now))
             left.append(path);
     }
     for (const QString& path : left)
@@ -45,10 +55,9 @@ void SweepLeftovers(const QString& target, NewFile::Kind kind)
 NewFile::NewFile(const QString& target, const QString& shown, Kind kind)
     : m_target(target)
     , m_shown(shown)
-    , m_path(target + kMark + QString::number(OwnProcess()))
+    , m_path(QFileInfo(target).path() + u'/' + BeginOf(target) + FileOwner::Own().Mark())
     , m_kind(kind)
 {
-    SweepLeftovers(target, kind);
     // Made empty at once, so that missing rights have their own error.
     if (!QFileInfo(QFileInfo(m_path).absolutePath()).isDir())
         throw RuntimeError(error::kPathNotFound, u"The directory of %1 is not there"_s.arg(shown));
@@ -57,6 +66,8 @@ NewFile::NewFile(const QString& target, const QString& shown, Kind kind)
         throw RuntimeError(
             error::kPathFileAccess,
             u"The file %1 could not be made. Make sure that you have rights to its directory"_s.arg(shown));
+    file.close();
+    SweepLeftovers(target, m_path, kind);
 }
 
 NewFile::~NewFile()
