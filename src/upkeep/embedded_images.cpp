@@ -32,6 +32,7 @@ const QString kReplacedMark = u".incoming-over"_s; ///< another one of these, fo
 const QString kStepWords = u"Picture of %1"_s;
 const QString kNoName = u"%1: \"%2\" is no name of a picture"_s;
 const QString kNoPicture = u"%1: what stands inside is no JPEG picture"_s;
+const QString kCut = u"%1: the picture could not be read to its end, because the file is damaged there"_s;
 const QString kTwice = u"%1: an earlier row has another picture of the name %2"_s;
 const QString kOverTitle = u"Pictures With The Same Name"_s;
 const QString kOver = u"The photo directory has other pictures under these names:\n\n%1\n\nYes writes the pictures of the "
@@ -67,6 +68,8 @@ public:
     [[nodiscard]] QString Mark() const { return KeyMark(m_rows.Text(fields::CENTRALKEY)); }
     [[nodiscard]] QString Stem() const { return FrontStem(m_rows.Text(fields::PHOTOS)); }
     [[nodiscard]] qint64 Size() const { return m_rows.Size(fields::FRONTPHOTO); }
+    /// Is a part of it lost in a damaged file? Nothing of it is read then.
+    [[nodiscard]] bool IsCut() const { return Size() > 0 && m_rows.Chunk(fields::FRONTPHOTO, 0, 1).isEmpty(); }
     [[nodiscard]] bool IsPicture() const
     {
         return m_rows.Chunk(fields::FRONTPHOTO, 0, 3) == QByteArray("\xFF\xD8\xFF");
@@ -221,7 +224,7 @@ bool EmbeddedImages::SaveOne(const PictureRow& row, const PhotoPlaces& places, c
         return true;
     }
     if (!row.IsPicture()) {
-        m_result.notSaved.append(kNoPicture.arg(row.Key()));
+        m_result.notSaved.append((row.IsCut() ? kCut : kNoPicture).arg(row.Key()));
         return true;
     }
     if (MetBefore(row, native, stem))

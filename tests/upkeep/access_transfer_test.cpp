@@ -91,6 +91,31 @@ TEST_F(AccessTransfer, SaysThatAFileWhichWasCutShortWasNotReadWhole)
     EXPECT_TRUE(AccountOf(result).contains(result.damage.first()));
 }
 
+TEST_F(AccessTransfer, APictureThatDamageCutIsCalledSo)
+{
+    QByteArray jpeg("\xFF\xD8\xFF", 3);
+    for (int i = 0; jpeg.size() < 70'000; ++i)
+        jpeg += QByteArray::number(i) + " of this picture, ";
+    disk.WriteWhole(u"C:\\JPG\\00000001.jpg"_s, jpeg);
+    ASSERT_TRUE(ExportTable(Desk(), {.target = target, .table = table, .search = {}, .pictures = true, .access = true}, Step())
+                    .written);
+    QByteArray bytes = disk.ReadWhole(target);
+    constexpr qsizetype kPage = 4096;
+    const qsizetype inside = bytes.indexOf("1234 of this picture");
+    ASSERT_GT(inside, kPage);
+    bytes[inside / kPage * kPage] = '\x7F'; // a page of another kind, in the middle of the picture
+    disk.WriteWhole(target, bytes);
+    DeleteComp(u"12 OAK ST"_s);
+    disk.Kill(u"C:\\JPG\\00000001.jpg"_s);
+    const ImportResult result = ImportTable(Desk(), {.source = target, .table = table, .pictures = true}, Step());
+    EXPECT_EQ(result.appended, 1);
+    EXPECT_TRUE(result.pictures.notSaved.contains(
+        u"12 OAK ST: the picture could not be read to its end, because the file is damaged there"_s))
+        << result.pictures.notSaved.join(u'\n').toStdString();
+    EXPECT_FALSE(disk.FileExists(u"C:\\JPG\\00000001.jpg"_s));
+    EXPECT_FALSE(result.damage.isEmpty());
+}
+
 TEST_F(AccessTransfer, ATableThatACutFileLostIsNotCalledMisspelled)
 {
     ASSERT_TRUE(Out(true).written);
