@@ -62,7 +62,9 @@ FileScreen::FileScreen(const QString& name, const TransferDesk& desk)
         if (m_listing)
             return;
         TakeTable();
-        ShowCount();
+        if (!m_listed.isEmpty() && lblmsg.Caption() == m_listed)
+            Tell(m_damage, forms::Colour::Red); // without what was wrong with the other table
+        m_listed = ShowCount() && m_damage.isEmpty() ? QString() : lblmsg.Caption();
     });
     // A click on the line that is selected already counts too: something else may have been typed since.
     connect(&filexport, &forms::Control::Clicked, this, [this] {
@@ -121,6 +123,7 @@ void FileScreen::ListFiles()
 void FileScreen::ListFileTables(const QString& selected)
 {
     QString why;
+    ForgetOtherFile();
     {
         const QScopedValueRollback<bool> listing(m_listing, true);
         why = NamesList() ? ListTheSheets(m_desk.Disk(), File(), lstTables, selected)
@@ -128,9 +131,11 @@ void FileScreen::ListFileTables(const QString& selected)
     }
     if (m_takesListed && lstTables.ListIndex() >= 0)
         txtTable.SetText(lstTables.List(lstTables.ListIndex()));
+    m_damage = why.isEmpty() ? QString() : why + u'.';
     if (!why.isEmpty())
-        TellOfListing(why + u'.');
-    ShowCount();
+        TellOfListing(m_damage);
+    const bool counted = ShowCount();
+    m_listed = why.isEmpty() && counted ? QString() : lblmsg.Caption();
 }
 
 bool FileScreen::NamesList() const
@@ -138,17 +143,21 @@ bool FileScreen::NamesList() const
     return m_takesLists && IsListName(File());
 }
 
-void FileScreen::ShowCount()
+/// @return false where the records can't be counted; told
+bool FileScreen::ShowCount()
 {
     QString words;
+    bool counted = true;
     if (lstTables.ListIndex() >= 0 && !NamesList()) {
         try {
             words = kRecords(CountOf(m_desk.Engine(), File(), lstTables.List(lstTables.ListIndex())));
         } catch (const RuntimeError& failure) {
             TellOfListing(failure.Description() + u'.');
+            counted = false;
         }
     }
     lblRecordCount.SetCaption(words);
+    return counted;
 }
 
 void FileScreen::GoTo(const QString& directory, const QString& fileName)
@@ -161,7 +170,20 @@ void FileScreen::GoTo(const QString& directory, const QString& fileName)
 
 void FileScreen::Tell(const QString& words, forms::Colour colour)
 {
+    m_toldOf = text::Folded(File());
     lblmsg.Show(words, colour);
+}
+
+/// What was wrong with one file says nothing of the next; nor does it of this one when it is listed anew.
+void FileScreen::ForgetOtherFile()
+{
+    const bool listedAlone = !m_listed.isEmpty() && lblmsg.Caption() == m_listed;
+    const bool other = m_toldOf != text::Folded(File()) && lblmsg.Fore() == forms::Colour::Red;
+    if (m_listsAgain || (!other && !listedAlone))
+        return;
+    Tell({});
+    if (other)
+        ShowAccount({}, {});
 }
 
 /// What can't be listed behind some work comes after the words about that, which it must not take away.

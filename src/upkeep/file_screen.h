@@ -69,15 +69,19 @@ protected:
 
 private:
     void TellOfListing(const QString& words);
+    void ForgetOtherFile();
     void TakeFile();
     void TakeTable();
-    void ShowCount();
+    bool ShowCount();
     void SetBusy(bool busy);
 
     TransferDesk m_desk;
     bool m_busy = false;
     bool m_stop = false;
     bool m_asking = false;
+    QString m_toldOf; ///< the file that the boxes named when something was told
+    QString m_damage; ///< what the listing found wrong with the file
+    QString m_listed; ///< what the listing has told of that file, and stands there still
     QString m_left; ///< what stood in the path's box when it was left the last time
     bool m_takesListed = false;
     bool m_takesLists = false;

@@ -175,8 +175,22 @@ void frm_Archive::ListFiles()
 void frm_Archive::ListFileTables()
 {
     const QScopedValueRollback<bool> listing(m_listing, true);
+    ForgetOtherFile();
     if (const QString why = ListTheTables(m_desk.Engine(), File(), lstTables, txtTable.Text()); !why.isEmpty())
         TellOfListing(why + u'.');
+}
+
+void frm_Archive::Tell(const QString& words, forms::Colour colour)
+{
+    m_toldOf = text::Folded(File());
+    lblmsg.Show(words, colour);
+}
+
+/// What was wrong with one file says nothing of the next.
+void frm_Archive::ForgetOtherFile()
+{
+    if (!m_listsAgain && m_toldOf != text::Folded(File()) && lblmsg.Fore() == forms::Colour::Red)
+        Tell({});
 }
 
 /// What can't be listed behind some work comes after the words about that, which it must not take away.

@@ -44,12 +44,13 @@ private:
 
     [[nodiscard]] QString File() const;
     [[nodiscard]] forms::Prompter& Prompter() const { return m_desk.ports.prompter; }
-    void Tell(const QString& words, forms::Colour colour = forms::Colour::Blue) { lblmsg.Show(words, colour); }
+    void Tell(const QString& words, forms::Colour colour = forms::Colour::Blue);
     void StampName();
     void ListFiles();
     void ListFileTables();
     void ListAgain();
     void TellOfListing(const QString& words);
+    void ForgetOtherFile();
     void GoTo(const QString& path);
     void ShowRange();
     void ShowCounts(const Archived& done);
@@ -65,6 +66,7 @@ private:
     TransferDesk m_desk;
     std::function<void()> m_letGo, m_showAgain;
     QString m_base;    ///< the file's name without a stamp
+    QString m_toldOf;  ///< the file that the boxes named when something was told
     QString m_stamped; ///< what the stamp made of it
     bool m_busy = false;
     bool m_stop = false;

@@ -175,7 +175,7 @@ void frm_Import::Rehearse(const ImportOrder& order)
     frm_Rehearse screen(Desk(), std::move(rehearsal));
     Desk().ports.screens.ShowModal(screen);
     m_changed = m_changed || screen.Done() > 0;
-    Tell(screen.lblmsg.Caption());
+    Tell(screen.lblmsg.Caption(), screen.lblmsg.Fore());
 }
 
 /// Nobody knows what a list holds before it was looked at: it comes in through its columns and the rehearsal alone.
