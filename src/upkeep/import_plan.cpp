@@ -62,10 +62,16 @@ QList<engine::Field> Narrower(const engine::TableDef& from, const engine::TableD
     return narrower;
 }
 
-/// Why a row's texts do not fit, by its place; looked for only where a field of the source is wider.
-QHash<qint64, QString> TooLong(engine::Database& source, const QString& table, const QList<engine::Field>& narrower)
+/// Which field a row's text does not fit into, and why.
+struct Misfit
 {
-    QHash<qint64, QString> found;
+    QString field, why;
+};
+
+/// Rows whose texts do not fit, by their place; looked for only where a field of the source is wider.
+QHash<qint64, Misfit> TooLong(engine::Database& source, const QString& table, const QList<engine::Field>& narrower)
+{
+    QHash<qint64, Misfit> found;
     if (narrower.isEmpty())
         return found;
     QStringList names;
@@ -77,7 +83,7 @@ QHash<qint64, QString> TooLong(engine::Database& source, const QString& table, c
         for (qsizetype i = 0; record && i < narrower.size(); ++i) {
             const qsizetype length = record->Values().at(i).toString().size();
             if (length > narrower.at(i).size)
-                found.insert(at, kTooLong.arg(narrower.at(i).name).arg(length).arg(narrower.at(i).size));
+                found.insert(at, {narrower.at(i).name, kTooLong.arg(narrower.at(i).name).arg(length).arg(narrower.at(i).size)});
         }
     }
     return found;
@@ -105,6 +111,18 @@ QString FitCondition(const QList<engine::Field>& narrower)
 QString KeyMark(const QString& key)
 {
     return engine::FoldedText(key);
+}
+
+QString NameOf(const RefusedRow& row)
+{
+    const QString name = row.table.isEmpty() ? u"Line %1"_s.arg(row.place) : u"%1 row %2"_s.arg(row.table).arg(row.place);
+    return row.key.isEmpty() ? name : name + u", "_s + row.key;
+}
+
+const RefusedRow* RefusedAt(const ImportPlan& plan, qint64 place)
+{
+    const auto found = plan.refusedAt.constFind(place);
+    return found == plan.refusedAt.cend() ? nullptr : &plan.refused.at(*found);
 }
 
 QStringList DamageIn(engine::Database& source)
@@ -197,7 +215,7 @@ ImportPlan PlanImport(const TransferDesk& desk, engine::Database& source, const 
         const bool photos = name.compare(fields::PHOTOS, Qt::CaseInsensitive) == 0;
         plan.values.append(photos ? PhotosValue(value, *FieldOf(into, name)) : value);
     }
-    const QHash<qint64, QString> tooLong = TooLong(source, table, narrower);
+    const QHash<qint64, Misfit> tooLong = TooLong(source, table, narrower);
 
     const store::Rows rows(source, u"SELECT "_s + fields::CENTRALKEY + u" FROM ["_s + table + u']');
     plan.rows = rows.Count();
@@ -215,13 +233,14 @@ ImportPlan PlanImport(const TransferDesk& desk, engine::Database& source, const 
     for (qint64 at = 0; at < keys.size(); ++at) {
         const QString mark = KeyMark(keys.at(at));
         const QString why = mark.isEmpty()         ? kNoKey
-                            : tooLong.contains(at) ? tooLong.value(at)
+                            : tooLong.contains(at) ? tooLong.value(at).why
                             : seen.contains(mark)  ? kTwice
                             : there.contains(mark) ? kThere
                                                    : QString();
         if (!why.isEmpty()) {
-            plan.refused.append({text::Trim(keys.at(at)), why});
-            plan.reasons.insert(at, why);
+            plan.refusedAt.insert(at, plan.refused.size());
+            plan.refused.append({from.name, at + 1, text::Trim(keys.at(at)), why,
+                                 mark.isEmpty() ? fields::CENTRALKEY : tooLong.value(at).field});
             if (why == kThere) {
                 plan.there.insert(at);
                 seen.insert(mark);

@@ -10,9 +10,14 @@ namespace vasclip::upkeep {
 /// A row of the source that does not come in.
 struct RefusedRow
 {
-    QString key;
+    QString table;    ///< "" for a list
+    qint64 place = 0; ///< of the row in the table, from 1; of a list the number of its line
+    QString key;      ///< "" where it tells none
     QString why;
+    QString field = {}; ///< the Databook's, where one is at fault
 };
+/// What such a row is called: "COMPS row 7, 12 OAK ST", "Line 7".
+[[nodiscard]] QString NameOf(const RefusedRow& row);
 
 /// What an import of a table would do to the Databook, worked out from the keys alone.
 struct ImportPlan
@@ -26,7 +31,7 @@ struct ImportPlan
     qint64 rows = 0;         ///< of the source
     QStringList newKeys;     ///< of the rows that come in, as stored
     QList<RefusedRow> refused;
-    QHash<qint64, QString> reasons; ///< why a row is refused, by its place in the source
+    QHash<qint64, qsizetype> refusedAt; ///< place among the refused ones, by that in the source, from 0
     QSet<qint64> there;             ///< places of those whose key the Databook has
     bool hasPictures = false; ///< the source has the field
     bool stopped = false;     ///< by the step; nothing else counts then
@@ -54,6 +59,9 @@ inline bool NeverStops(qint64 /*done*/, qint64 /*of*/, const QString& /*words*/)
 
 /// @throws RuntimeError 3027 where nothing can come into the Databook, in words
 void NeedWritableDatabook(const TransferDesk& desk);
+
+/// The refused row of a place in the source, from 0; nullptr for one that comes in.
+[[nodiscard]] const RefusedRow* RefusedAt(const ImportPlan& plan, qint64 place);
 
 /// @param step  told while keys are read
 /// @throws RuntimeError 3078 for a table that is not there, 3265 for one without keys

@@ -65,17 +65,17 @@ ImportResult ImportTable(const TransferDesk& desk, const ImportOrder& order, con
     NeedWritableDatabook(desk);
     const auto source = desk.Engine().OpenDatabase(order.source, engine::OpenMode::ReadOnly);
     const auto closed = qScopeGuard([&] { source->Close(); });
-    const ImportPlan plan = PlanImport(desk, *source, order.table);
+    ImportPlan plan = PlanImport(desk, *source, order.table);
     result.rows = plan.rows;
+    if (order.list)
+        order.list->NameLines(plan);
     result.refused = plan.refused;
     result.leftBehind = plan.leftBehind;
     if (order.list) {
         result.rows += order.list->Refused().size();
         result.leftBehind = order.list->LeftBehind();
-        QList<RefusedRow> lines;
-        for (const RefusedLine& line : order.list->Refused())
-            lines.append({NameOf(line), line.why});
-        result.refused = lines + result.refused;
+        result.refused += order.list->Refused();
+        std::ranges::stable_sort(result.refused, {}, &RefusedRow::place);
     }
     result.otherKind = plan.otherKind;
     result.blanksFirst = std::ranges::count_if(plan.newKeys, [](const QString& key) { return key.startsWith(u' '); });
@@ -131,7 +131,7 @@ QStringList AccountOf(const ImportResult& result)
 {
     QStringList lines = result.damage;
     for (const RefusedRow& row : result.refused)
-        lines.append((row.key.isEmpty() ? u"(no key)"_s : row.key) + u": "_s + row.why);
+        lines.append(NameOf(row) + u": "_s + row.why);
     return lines + result.pictures.notSaved;
 }
 

@@ -108,7 +108,7 @@ void ListSource::Fill(const WorkStep& step)
             continue;
         const ReadLine made = maker.Make(*line);
         if (!made.fault.isEmpty()) {
-            m_refused.append({line->number, text::Trim(made.values.value(fields::CENTRALKEY)), made.fault});
+            m_refused.append({{}, line->number, text::Trim(made.values.value(fields::CENTRALKEY)), made.fault});
             continue;
         }
         store::Change change(data, store::Change::NewRecord{}, kWords);
@@ -153,10 +153,24 @@ QByteArray ListSource::Refusals(const QHash<qint64, QString>& reasons) const
     return bytes;
 }
 
-QString NameOf(const RefusedLine& line)
+/// The headings of the columns that a field's value comes from; a key may come from the address.
+QString ListSource::HeadingOf(const QString& field) const
 {
-    const QString name = u"Line %1"_s.arg(line.line);
-    return line.key.isEmpty() ? name : name + u", "_s + line.key;
+    QStringList headings;
+    for (const ListColumn& column : m_look.columns)
+        if (!field.isEmpty() && (column.field == field || (field == fields::CENTRALKEY && column.field == fields::ADDRESS)))
+            headings.append(column.heading);
+    return headings.join(u", "_s);
+}
+
+void ListSource::NameLines(ImportPlan& plan) const
+{
+    for (RefusedRow& row : plan.refused) {
+        row.table.clear();
+        row.place = LineOf(row.place - 1);
+        if (const QString heading = HeadingOf(row.field); !heading.isEmpty())
+            row.why.prepend(heading + u": "_s);
+    }
 }
 
 } // namespace vasclip::upkeep

@@ -5,14 +5,6 @@
 
 namespace vasclip::upkeep {
 
-/// A line of a list whose values can't be stored.
-struct RefusedLine
-{
-    qint64 line = 0;
-    QString key; ///< "" where it tells none
-    QString why;
-};
-
 /// The lines of a list as a database of their own, which goes when this does. Keys come from the addresses where the list
 /// has none; dates and numbers are stored as the Databook writes them.
 class ListSource
@@ -29,8 +21,10 @@ public:
     [[nodiscard]] const QString& File() const { return m_file; } ///< of the database
     [[nodiscard]] const QString& Original() const { return m_list->File(); }
     [[nodiscard]] bool Stopped() const { return m_stopped; }
-    [[nodiscard]] const QList<RefusedLine>& Refused() const { return m_refused; }
+    [[nodiscard]] const QList<RefusedRow>& Refused() const { return m_refused; } ///< lines whose values can't be stored
     [[nodiscard]] const QStringList& LeftBehind() const { return m_leftBehind; }
+    /// Refused rows of the database as lines of the list, with the heading of the column that is at fault.
+    void NameLines(ImportPlan& plan) const;
     /// The line behind a row of the database.
     [[nodiscard]] qint64 LineOf(qint64 place) const { return m_lines.at(static_cast<std::size_t>(place)); }
 
@@ -43,18 +37,16 @@ private:
     void Fill(const WorkStep& step);
     void Remove() const;
     [[nodiscard]] QStringList MakeTable() const;
+    [[nodiscard]] QString HeadingOf(const QString& field) const;
 
     const TransferDesk m_desk;
     std::shared_ptr<const ListFile> m_list;
     ListLook m_look;
     QString m_file;
     bool m_stopped = false;
-    QList<RefusedLine> m_refused;
+    QList<RefusedRow> m_refused;
     QStringList m_leftBehind;
     std::vector<qint64> m_lines;
 };
-
-/// What a refused line is called: "Line 7, 12 OAK ST".
-[[nodiscard]] QString NameOf(const RefusedLine& line);
 
 } // namespace vasclip::upkeep

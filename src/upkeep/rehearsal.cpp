@@ -38,6 +38,8 @@ Rehearsal::Rehearsal(const TransferDesk& desk, const ImportOrder& order, const W
           *m_source, u"SELECT "_s + ColumnList(m_plan.columns) + u" FROM ["_s + order.table + u']'))
     , m_stopped(m_plan.stopped)
 {
+    if (m_order.list)
+        m_order.list->NameLines(m_plan);
     Read(step);
 }
 
@@ -81,7 +83,8 @@ void Rehearsal::Sort(const WorkStep& step)
             return;
         RehearsedRow row;
         row.place = at;
-        row.why = m_plan.reasons.value(at);
+        const RefusedRow* refused = RefusedAt(m_plan, at);
+        row.why = refused ? refused->why : QString();
         const auto record = m_theirs->At(at);
         row.stored = record ? text::RTrim(record->Value(fields::CENTRALKEY).toString()) : QString();
         row.key = text::Trim(row.stored);
@@ -94,6 +97,8 @@ void Rehearsal::Sort(const WorkStep& step)
             row.mine = row.stored;
             row.why.clear();
             met.append(m_rows.size());
+        } else if (refused) {
+            row.key = NameOf(*refused);
         }
         m_rows.append(row);
     }
@@ -102,7 +107,7 @@ void Rehearsal::Sort(const WorkStep& step)
 
 void Rehearsal::AddRefusedLines()
 {
-    for (const RefusedLine& line : m_order.list ? m_order.list->Refused() : QList<RefusedLine>()) {
+    for (const RefusedRow& line : m_order.list ? m_order.list->Refused() : QList<RefusedRow>()) {
         RehearsedRow row;
         row.place = -1;
         row.key = NameOf(line);

@@ -28,7 +28,7 @@ enum class RowChoice {
 struct RehearsedRow
 {
     qint64 place = 0; ///< in the source; -1 for a line of a list whose values can't be stored
-    QString key;
+    QString key;    ///< of a refused one with its place in the source before it
     QString stored; ///< the key as the source has it, but for the blanks behind it; some have blanks before it
     RowKind kind = RowKind::New;
     RowChoice choice = RowChoice::KeepMine;

@@ -25,8 +25,8 @@ QByteArray Rehearsal::RefusedText() const
 {
     if (m_order.list) {
         QHash<qint64, QString> reasons;
-        for (const RefusedLine& line : m_order.list->Refused())
-            reasons.insert(line.line, line.why);
+        for (const RefusedRow& line : m_order.list->Refused())
+            reasons.insert(line.place, line.why);
         for (const RehearsedRow& row : m_rows)
             if (row.kind == RowKind::Refused && row.place >= 0)
                 reasons.insert(m_order.list->LineOf(row.place), row.why);

@@ -128,9 +128,10 @@ TEST_F(Csv, BringsRowsInWithKeysDatesAndNumbersAsTheDatabookHasThem)
     EXPECT_EQ(Field(path, table, u"1 ASH ST"_s, u"NOTES"_s).toString(), u"two\nlines, \"quoted\""_s);
     EXPECT_EQ(Field(path, table, u"1 ASH ST"_s, key).toString().size(), 35);
     EXPECT_EQ(AccountOf(result),
-              (QStringList{u"Line 5, 2 ASH ST: Price: \"250K\" is no price. Type digits, such as 250000 or 250,000.50."_s,
+              (QStringList{u"Line 4, 12 OAK ST: the Databook has a record of this key"_s,
+                           u"Line 5, 2 ASH ST: Price: \"250K\" is no price. Type digits, such as 250000 or 250,000.50."_s,
                            u"Line 6, 3 ASH ST: Sale Date: \"tomorrow\" is no date"_s,
-                           u"12 OAK ST: the Databook has a record of this key"_s, u"(no key): it has no key"_s}));
+                           u"Line 7: Address: it has no key"_s}));
     EXPECT_EQ(WordsOf(result), u"1 record of C:\\EXPORT\\IN.CSV was added to the Databook. 4 were refused."_s);
     EXPECT_EQ(disk.Dir(u"C:\\USER\\*"_s), QStringList()) << "what it was read into is gone";
 }

@@ -90,7 +90,7 @@ TEST_F(ImportFit, KeysAreToldApartAsTheDatabookDoes)
     Make({}, {{u"1 STRAßE ST"_s}, {u"1 STRASSE ST"_s}, {u"2 ÉLAN CT"_s}, {u"2 élan ct  "_s}});
     const ImportResult result = Run();
     EXPECT_EQ(result.appended, 3);
-    EXPECT_EQ(AccountOf(result), QStringList{u"2 élan ct: an earlier row of the file has the same key"_s});
+    EXPECT_EQ(AccountOf(result), QStringList{u"COMPS row 4, 2 élan ct: an earlier row of the file has the same key"_s});
 }
 
 TEST_F(ImportFit, AWriteProtectedDatabookIsNamedAsWhatItIs)

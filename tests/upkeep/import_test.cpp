@@ -55,7 +55,7 @@ TEST_F(Import, AppendsNewRowsAndRefusesKeysThatAreThere)
     const ImportResult result = Run();
     EXPECT_TRUE(result.done);
     EXPECT_EQ(result.appended, 1);
-    EXPECT_EQ(AccountOf(result), QStringList{u"12 OAK ST: the Databook has a record of this key"_s});
+    EXPECT_EQ(AccountOf(result), QStringList{u"COMPS row 2, 12 OAK ST: the Databook has a record of this key"_s});
     EXPECT_EQ(WordsOf(result), u"1 record of C:\\EXPORT\\THEIRS.MDB was added to the Databook. 1 was refused."_s);
     EXPECT_EQ(Field(path, table, u"12 OAK ST"_s, u"CITY"_s).toString(), u"ALDER"_s);
     EXPECT_EQ(Field(path, table, u"1 ASH ST"_s, u"CITY"_s).toString(), u"Cedar"_s);
@@ -318,6 +318,8 @@ TEST_F(Import, TakesATableOfOtherFieldsInAnotherOrder)
     EXPECT_EQ(result.leftBehind, QStringList{u"POOL"_s});
     EXPECT_EQ(Field(path, table, u"1 ASH ST"_s, u"GLA"_s).toString(), u"1500"_s);
     ASSERT_EQ(result.refused.size(), 5);
+    EXPECT_EQ(AccountOf(result).value(0), u"ODD row 2, 1 ash st: an earlier row of the file has the same key"_s);
+    EXPECT_EQ(AccountOf(result).value(1), u"ODD row 3: it has no key"_s);
     EXPECT_EQ(result.refused[0].why, u"an earlier row of the file has the same key"_s);
     EXPECT_EQ(result.refused[1].why, u"it has no key"_s);
     EXPECT_EQ(result.refused[2].why, u"it has no key"_s);
@@ -349,7 +351,7 @@ TEST_F(Import, LeavesAColumnOfAnotherKindAndBringsTheRowsIn)
     EXPECT_EQ(result.appended, 1);
     EXPECT_EQ(result.otherKind, (QStringList{u"NOTES"_s, u"CITY"_s, u"FRONTPHOTO"_s}));
     EXPECT_TRUE(WordsOf(result).contains(u"What NOTES, CITY, FRONTPHOTO holds is of another kind"_s));
-    EXPECT_EQ(AccountOf(result), QStringList{u"2 ASH ST: ST holds 9 characters, the Databook takes 4"_s});
+    EXPECT_EQ(AccountOf(result), QStringList{u"ODD row 2, 2 ASH ST: ST holds 9 characters, the Databook takes 4"_s});
     EXPECT_EQ(Field(path, table, u"1 ASH ST"_s, u"SALEDATE"_s).toString(), u"3/7/2004"_s);
     EXPECT_EQ(Field(path, table, u"1 ASH ST"_s, u"ST"_s).toString(), u"41"_s);
     EXPECT_EQ(Pictures().size(), 2) << "text is no picture";

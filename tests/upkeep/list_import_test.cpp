@@ -113,7 +113,31 @@ TEST_F(RefusedLines, StandAsTheyWereWithTheReasonBehindThem)
               "2 Ash St;3.4.2004;a lot;\"blue; \"\"or\"\" so\";\"Price: \"\"a lot\"\" is no price. Type digits, such as 250000 or "
               "250,000.50.\"\r\n"
               "1 ash st;;;;an earlier row of the file has the same key\r\n"
-              ";;;nowhere;it has no key\r\n");
+              ";;;nowhere;Address: it has no key\r\n");
+}
+
+TEST_F(RefusedLines, AreNamedByLineAndColumnWhateverIsWrong)
+{
+    disk.WriteWhole(csv, "Our number,House,Town\r\n"
+                         ",1 Ash St,Cedar\r\n"
+                         ",,Cedar\r\n"
+                         ",2 Ash St," + QByteArray(90, 'x') + "\r\n"
+                         ",1 ash st,Cedar\r\n");
+    ListLook look = Look(csv).look;
+    look.columns[0].field = u"CENTRALKEY"_s;
+    look.columns[1].field = u"ADDRESS"_s;
+    look.columns[2].field = u"CITY"_s;
+    const ImportOrder order = Order(csv, look);
+    const Rehearsal rehearsal(Desk(), order);
+    QStringList rows;
+    for (const RehearsedRow& row : rehearsal.Rows())
+        if (row.kind == RowKind::Refused)
+            rows.append(row.key + u": "_s + row.why);
+    const QString size = QString::number(store::FindCompsColumn(u"CITY"_s)->size);
+    EXPECT_EQ(rows, (QStringList{u"Line 3: Our number, House: it has no key"_s,
+                                 u"Line 4, 2 ASH ST: Town: CITY holds 90 characters, the Databook takes "_s + size,
+                                 u"Line 5, 1 ASH ST: an earlier row of the file has the same key"_s}));
+    EXPECT_EQ(AccountOf(ImportTable(Desk(), order, Step())), rows);
 }
 
 TEST_F(RefusedLines, AreMendedAndImportedWithTheColumnsThatWereChosen)

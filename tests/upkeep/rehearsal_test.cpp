@@ -316,6 +316,8 @@ TEST_F(Rehearsed, WritesRefusedRowsWithTheReason)
     database->Close();
     const Rehearsal rehearsal(Desk(), {.source = file, .table = u"ODD"_s, .pictures = true});
     EXPECT_EQ(rehearsal.Count(RowKind::Refused), 2);
+    EXPECT_EQ(rehearsal.Rows().value(1).key, u"ODD row 2, 2 ash st"_s);
+    EXPECT_EQ(rehearsal.Rows().value(2).key, u"ODD row 3"_s);
     EXPECT_EQ(tests::NumberOf([&] { (void)rehearsal.WriteRefused(file); }), error::kPathFileAccess) << "its source";
     const QByteArray comps = disk.ReadWhole(path);
     EXPECT_EQ(tests::NumberOf([&] { (void)rehearsal.WriteRefused(path); }), error::kPathFileAccess) << "a database";

@@ -17,7 +17,7 @@ TEST_F(ImportWindow, AddsRecordsAndTheGridShowsThem)
         Press(u"cmdImport"_s);
         EXPECT_EQ(Says(), u"2 records of C:\\DATABOOK\\IMPORT\\THEIRS.MDB were added to the Databook. 1 was refused. "
                           u"Pictures: 2 written."_s);
-        EXPECT_EQ(Lines(u"lstaccount"_s), QStringList{u"12 OAK ST: the Databook has a record of this key"_s});
+        EXPECT_EQ(Lines(u"lstaccount"_s), QStringList{u"COMPS row 1, 12 OAK ST: the Databook has a record of this key"_s});
         EXPECT_EQ(The<QLabel>(u"lblRecordCount"_s).text(), u"3 records"_s);
         if (qEnvironmentVariableIsSet("VASCLIP_SHOTS"))
             window->grab().save(qEnvironmentVariable("VASCLIP_SHOTS") + u"/import.png"_s);

@@ -121,9 +121,13 @@ private:
     {
         QJsonArray refused;
         for (const upkeep::RefusedRow& row : rows) {
-            refused.append(QJsonObject{{u"key"_s, row.key}, {u"why"_s, row.why}});
+            QJsonObject one{{u"key"_s, row.key}, {u"why"_s, row.why}};
+            if (!row.table.isEmpty())
+                one[u"table"_s] = row.table;
+            one[row.table.isEmpty() ? u"line"_s : u"row"_s] = row.place;
+            refused.append(one);
             if (!m_out.Json())
-                m_out.Line((row.key.isEmpty() ? u"(no key)"_s : row.key) + u": "_s + row.why);
+                m_out.Line(upkeep::NameOf(row) + u": "_s + row.why);
         }
         return refused;
     }
