@@ -88,16 +88,14 @@ frm_Archive::frm_Archive(const TransferDesk& desk, std::function<void()> letGo, 
     cmdStop.SetVisible(false);
     lstaccount.SetVisible(false);
     lblAccount.SetVisible(false);
-    connect(&lstdatabases, &forms::ListBox::ListIndexChanged, this, [this] {
-        if (m_listing || lstdatabases.ListIndex() < 0)
-            return;
-        txtFileName.SetText(lstdatabases.List(lstdatabases.ListIndex()));
-        ListFileTables();
+    connect(&lstdatabases, &forms::ListBox::ListIndexChanged, this, &frm_Archive::TakeFile);
+    connect(&lstTables, &forms::ListBox::ListIndexChanged, this, &frm_Archive::TakeTable);
+    // A click on the line that is selected already counts too: something else may have been typed since.
+    connect(&lstdatabases, &forms::Control::Clicked, this, [this] {
+        if (lstdatabases.List(lstdatabases.ListIndex()) != txtFileName.Text())
+            TakeFile();
     });
-    connect(&lstTables, &forms::ListBox::ListIndexChanged, this, [this] {
-        if (!m_listing && lstTables.ListIndex() >= 0)
-            txtTable.SetText(lstTables.List(lstTables.ListIndex()));
-    });
+    connect(&lstTables, &forms::Control::Clicked, this, &frm_Archive::TakeTable);
     for (int i = 0; i <= 1; ++i)
         connect(&optduplicates(i), &forms::CheckBox::Toggled, this, [this, i] {
             optduplicates(1 - i).SetValue(!optduplicates(i).Value());
@@ -142,6 +140,20 @@ bool frm_Archive::QueryUnload()
 {
     m_stop = true;
     return !m_busy;
+}
+
+void frm_Archive::TakeFile()
+{
+    if (m_listing || lstdatabases.ListIndex() < 0)
+        return;
+    txtFileName.SetText(lstdatabases.List(lstdatabases.ListIndex()));
+    ListFileTables();
+}
+
+void frm_Archive::TakeTable()
+{
+    if (!m_listing && lstTables.ListIndex() >= 0)
+        txtTable.SetText(lstTables.List(lstTables.ListIndex()));
 }
 
 QString frm_Archive::File() const

@@ -46,6 +46,8 @@ private:
     [[nodiscard]] forms::Prompter& Prompter() const { return m_desk.ports.prompter; }
     void Tell(const QString& words, forms::Colour colour = forms::Colour::Blue);
     void StampName();
+    void TakeFile();  ///< that is selected in the list
+    void TakeTable();
     void ListFiles();
     void ListFileTables();
     void ListAgain();
