@@ -15,6 +15,9 @@
 #include <QStringListModel>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTimer>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -65,6 +68,46 @@ void ShowLines(QListView& view, const forms::ListBox& control)
         model->setStringList(lines);
 }
 
+/// A press moves the focus before it reaches the list, and whoever loses that may fill the list anew. What would be
+/// pressed then stands where the user saw another line, so that such a press takes none.
+class StalePress : public QObject
+{
+public:
+    explicit StalePress(QAbstractItemView& view)
+        : QObject(&view)
+        , m_view(view)
+    {
+        view.viewport()->installEventFilter(this);
+        connect(view.model(), &QAbstractItemModel::modelReset, this, [this] {
+            if ((QApplication::mouseButtons() & Qt::LeftButton) == 0 || !m_view.underMouse())
+                return;
+            m_stale = true;
+            QTimer::singleShot(0, this, [this] { m_stale = false; }); // the press comes in this turn of the queue or never
+        });
+    }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        switch (event->type()) {
+        case QEvent::MouseButtonPress:
+            m_taken = std::exchange(m_stale, false);
+            return m_taken;
+        case QEvent::MouseMove:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick: // whose second press comes before anybody can have looked
+            return m_taken;
+        default:
+            return false;
+        }
+    }
+
+private:
+    QAbstractItemView& m_view;
+    bool m_stale = false; ///< the lines are others than when the button went down
+    bool m_taken = false; ///< the last press takes nothing
+};
+
 } // namespace
 
 bool Binder::BindList(forms::ListBox& control, QWidget& widget)
@@ -96,6 +139,8 @@ bool Binder::BindList(forms::ListBox& control, QWidget& widget)
     };
     const auto watch = [&control, view, follow] { // another model brings another selection
         connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged, &control, follow);
+        if (qobject_cast<QStringListModel*>(view->model()) != nullptr) // which is reset for other lines alone
+            new StalePress(*view);
     };
     watch();
     connect(&control, &forms::ListBox::ItemsChanged, view, [&control, view, showing, showCurrent, watch] {

@@ -1,3 +1,4 @@
+#include "keys.h"
 #include "report_windows.h"
 #include "support/exclusive_lock.h"
 #include "upkeep/frm_archive.h"
@@ -34,6 +35,13 @@ protected:
             played = &screen;
             script();
         });
+    }
+    /// A click as the window system tells it, which moves the focus before it reaches the list.
+    void PointAt(const QString& list, int row) const
+    {
+        auto& view = The<QListView>(list);
+        const QPoint line = view.visualRect(view.model()->index(row, 0)).center();
+        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, view.viewport()->mapTo(window, line));
     }
     [[nodiscard]] qint64 Archived() { return store::CountRows(*engine.OpenDatabase(kArchive), u"COMPS"_s); }
 };
@@ -159,6 +167,79 @@ TEST_F(ArchiveWindow, ItsTwoChoicesExcludeEachOther)
         EXPECT_LE(window->minimumSizeHint().height(), 700);
         const QString shots = qEnvironmentVariable("VASCLIP_SHOTS");
         EXPECT_TRUE(shots.isEmpty() || window->grab().save(shots + u"/archive.png"_s));
+    });
+}
+
+TEST_F(ArchiveWindow, AClickTakesTheLineThatIsHighlightedAlready)
+{
+    home.MakeDirs(u"C:\\DATABOOK\\ARCHIVE"_s);
+    store::MakeDatabase(engine, kArchive);
+    {
+        engine::TableDef older = store::CompsTable();
+        older.name = u"OLDER"_s;
+        const auto database = engine.CreateDatabase(u"C:\\DATABOOK\\ARCHIVE\\SIXTIES.MDB"_s);
+        database->CreateTable(older);
+        database->Close();
+    }
+    Play([&] {
+        EXPECT_EQ(Lines(u"lstdatabases"_s), (QStringList{u"ARCHIVE.MDB"_s, u"SIXTIES.MDB"_s}));
+        ClickLine(u"lstdatabases"_s, 1);
+        EXPECT_EQ(Text(u"txtFileName"_s), u"SIXTIES.MDB"_s);
+        EXPECT_EQ(Lines(u"lstTables"_s), QStringList{u"OLDER"_s});
+        ClickLine(u"lstTables"_s, 0);
+        EXPECT_EQ(Text(u"txtTable"_s), u"OLDER"_s) << "it is the only one, and highlighted";
+        Type(u"txtFileName"_s, u"SEVENTIES"_s);
+        ClickLine(u"lstdatabases"_s, 1);
+        EXPECT_EQ(Text(u"txtFileName"_s), u"SIXTIES.MDB"_s) << "what is highlighted is what is meant";
+        EXPECT_EQ(Lines(u"lstTables"_s), QStringList{u"OLDER"_s});
+    });
+}
+
+TEST_F(ArchiveWindow, AListThatIsFilledAnewByThePressTakesNoOtherFileThanWasSeen)
+{
+    for (const QString& file : {u"C:\\DATABOOK\\ARCHIVE\\ARCHIVE.MDB"_s, u"C:\\ELSEWHERE\\LETTERS.MDB"_s}) {
+        home.MakeDirs(file.left(file.lastIndexOf(u'\\')));
+        store::MakeDatabase(engine, file);
+    }
+    Play([&] {
+        ASSERT_TRUE(Activate(*window));
+        Type(u"txtPath"_s, u"C:\\ELSEWHERE\\"_s);
+        EXPECT_EQ(Lines(u"lstdatabases"_s), QStringList{u"ARCHIVE.MDB"_s}) << "of the directory before";
+        PointAt(u"lstdatabases"_s, 0); // which leaves the box of the path
+        EXPECT_EQ(Lines(u"lstdatabases"_s), QStringList{u"LETTERS.MDB"_s});
+        EXPECT_EQ(Text(u"txtFileName"_s), u"ARCHIVE.MDB"_s) << "nobody has seen the other one when the button went down";
+        PointAt(u"lstdatabases"_s, 0);
+        EXPECT_EQ(Text(u"txtFileName"_s), u"LETTERS.MDB"_s);
+    });
+}
+
+TEST_F(ArchiveWindow, ItsPartsBearTheirNames)
+{
+    Play([&] {
+        QStringList words;
+        for (const QLabel* label : window->findChildren<QLabel*>())
+            words.append(QString(label->text()).remove(u'&'));
+        for (const QString& title : {u"Archive Options"_s, u"IF Duplictes are Found"_s, u"Archive Date Range"_s, u"Start Date"_s,
+                                     u"Stop Date"_s, u"Total Archived"_s, u"Moved"_s, u"Overwritten"_s})
+            EXPECT_TRUE(words.contains(title)) << title.toStdString();
+        EXPECT_EQ(window->windowTitle(), main.globals.productName + u" - Database Archive Utility"_s);
+    });
+}
+
+TEST_F(ArchiveWindow, WorkMovesTheFocusToCancelAndToExitAndNowhereBetween)
+{
+    Play([&] {
+        ASSERT_TRUE(Activate(*window));
+        Type(u"txtstartdate"_s, u"1/1/1990"_s);
+        Type(u"txtenddate"_s, u"12/31/1999"_s);
+        The<QPushButton>(u"cmdarchive"_s).setFocus();
+        QStringList went; // each would be scrolled into view on a small screen
+        const auto heard = QObject::connect(qApp, &QApplication::focusChanged, qApp, [&](QWidget*, QWidget* now) {
+            went.append(now == nullptr ? u"-"_s : now->objectName());
+        });
+        Press(u"cmdarchive"_s);
+        QObject::disconnect(heard);
+        EXPECT_EQ(went, (QStringList{u"cmdStop"_s, u"cmdExit"_s})) << went.join(u' ').toStdString();
     });
 }
 
