@@ -39,17 +39,17 @@ public:
         m_screen.cmdStop.SetEnabled(true);
         m_screen.cmdStop.SetVisible(true);
         m_screen.lstaccount.SetSource(nullptr);
+        m_screen.cmdStop.SetFocus(); // before the others can't have it and hand it on, past all of the window
         m_screen.EnableButtons();
-        m_screen.cmdStop.SetFocus();
     }
     ~Work()
     {
         m_screen.m_busy = false;
         m_screen.gauWork.SetVisible(false);
         m_screen.gauWork.SetCaption({});
-        m_screen.cmdStop.SetVisible(false);
         m_screen.EnableButtons();
         m_screen.cmdExit.SetFocus();
+        m_screen.cmdStop.SetVisible(false);
     }
     Work(const Work&) = delete;
     Work& operator=(const Work&) = delete;

@@ -1,8 +1,10 @@
+#include "keys.h"
 #include "report_windows.h"
 #include "shell/menus.h"
 #include "upkeep/frm_del_date.h"
 #include "upkeep/frm_maintenance.h"
 
+#include <QGroupBox>
 #include <QLayout>
 #include <QProgressBar>
 
@@ -208,6 +210,34 @@ TEST_F(MaintenanceWindow, FitsASmallScreenInBothThemes)
             const QString name = u"%1/maintenance-%2.png"_s.arg(shots).arg(static_cast<int>(choice));
             EXPECT_TRUE(shots.isEmpty() || window->grab().save(name));
         }
+    });
+}
+
+TEST_F(MaintenanceWindow, ItsFramesBearTheirNames)
+{
+    Play([&] {
+        QStringList titles;
+        for (const QGroupBox* frame : window->findChildren<QGroupBox*>())
+            titles.append(frame->title());
+        titles.sort();
+        EXPECT_EQ(titles, (QStringList{u"Databook - Address / Central Key"_s, u"Databook - Computation / Date Fields"_s,
+                                       u"Databook - Mapping Fields"_s, u"User Comments Database"_s}));
+    });
+}
+
+TEST_F(MaintenanceWindow, WorkMovesTheFocusToCancelAndToExitAndNowhereBetween)
+{
+    Play([&] {
+        ASSERT_TRUE(Activate(*window));
+        The<QPushButton>(u"cmdclearAnchors"_s).setFocus();
+        QStringList went; // each would be scrolled into view on a small screen
+        const auto heard = QObject::connect(qApp, &QApplication::focusChanged, qApp, [&](QWidget*, QWidget* now) {
+            went.append(now == nullptr ? u"-"_s : now->objectName());
+        });
+        doubles.prompter.Answer(forms::Answer::Yes);
+        Press(u"cmdclearAnchors"_s);
+        QObject::disconnect(heard);
+        EXPECT_EQ(went, (QStringList{u"cmdStop"_s, u"cmdExit"_s})) << went.join(u' ').toStdString();
     });
 }
 
