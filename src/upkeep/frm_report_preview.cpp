@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace vasclip::upkeep {
 
@@ -94,7 +95,14 @@ frm_ReportPreview::frm_ReportPreview(const ReportDesk& desk, QString file, QStri
     });
     connect(&cboZoom, &forms::ListBox::ListIndexChanged, this, &frm_ReportPreview::PageChanged);
     connect(&cboLayout, &forms::ListBox::ListIndexChanged, this, [this] {
-        if (!m_filling && cboLayout.ListIndex() >= 0)
+        if (m_filling || cboLayout.ListIndex() < 0)
+            return;
+        m_opened = true;
+        OpenNamed(m_names.value(cboLayout.ListIndex()));
+    });
+    // Chosen once more it is read anew: somebody edits it beside the preview.
+    connect(&cboLayout, &forms::Control::Clicked, this, [this] {
+        if (!std::exchange(m_opened, false))
             OpenNamed(m_names.value(cboLayout.ListIndex()));
     });
     connect(&cboPaper, &forms::ListBox::ListIndexChanged, this, &frm_ReportPreview::TakePaper);
@@ -167,6 +175,7 @@ void frm_ReportPreview::OpenNamed(const QString& name)
         m_view.reset();
         m_layout = std::move(layout);
         m_table = std::move(table);
+        m_page = name == m_layoutName ? m_page : 1;
         m_layoutName = name;
         lblmsg.Show({}, forms::Colour::Normal);
     } catch (const RuntimeError& wrong) {
@@ -190,7 +199,6 @@ void frm_ReportPreview::OpenNamed(const QString& name)
     for (int i : {0, 1})
         optOrientation(i).SetValue(m_sheet.landscape == (i == 1));
     m_filling = false;
-    m_page = 1;
     Rebuild();
 }
 
@@ -242,7 +250,7 @@ bool frm_ReportPreview::CountSome()
     const bool all = m_view->CountSome(kSlice);
     ShowCount();
     if (all)
-        ShowPage(m_page); // its foot can tell how many there are
+        DrawPage(); // its foot can tell how many there are
     return all;
 }
 
@@ -260,9 +268,15 @@ void frm_ReportPreview::ShowPage(int number)
     if (!m_view)
         return;
     m_page = std::clamp(number, 1, std::max(1, m_view->Pages()));
+    txtPage.SetText(QString::number(m_page));
+    DrawPage();
+}
+
+/// The page on show, as it is by now; a number that is being typed stays.
+void frm_ReportPreview::DrawPage()
+{
     m_shown = m_view->PageAt(m_page).value_or(paper::Page());
     m_found = PlacesOf(m_shown, txtFind.Text().trimmed());
-    txtPage.SetText(QString::number(m_page));
     ShowCount();
     Q_EMIT PageChanged();
 }

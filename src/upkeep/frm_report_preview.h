@@ -87,6 +87,7 @@ private:
     void Rebuild();
     void TakePaper();
     void FindNext(forms::Control& asked);
+    void DrawPage();
     void ShowCount();
     void ShowTypedPage();
     [[nodiscard]] ReportBook Book(paper::PictureSource& pictures);
@@ -113,6 +114,7 @@ private:
     QList<QRect> m_found;
     int m_page = 1;
     bool m_filling = false; ///< the lists are being filled
+    bool m_opened = false;  ///< the layout that is chosen, whose click comes next
     bool m_busy = false, m_stop = false;
     QElapsedTimer m_sincePump;
 };

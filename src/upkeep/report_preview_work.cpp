@@ -70,6 +70,7 @@ void frm_ReportPreview::Work(forms::Control& asked, const std::function<void()>&
         ShowCount();
         asked.SetFocus();
     }};
+    const forms::Hourglass hourglass(m_desk.ports.window); // by which the program's end waits for the work
     common::Guarded(m_desk.ports.prompter, work);
 }
 

@@ -1,9 +1,11 @@
 #include "windows/send_to_printer.h"
 
 #include "upkeep/frm_report_preview.h"
+#include "windows/guard.h"
 #include "windows/layout_parts.h"
 #include "windows/paper_view.h"
 #include "windows/screen_layouts.h"
+#include "windows/screens.h"
 #include "windows/work_parts.h"
 
 #include <QComboBox>
@@ -119,16 +121,19 @@ void Layout_frm_ReportPreview(QDialog& window, forms::Screen& screen)
     auto& preview = dynamic_cast<Preview&>(screen);
     auto* rows = MakeRows(window);
     rows->addLayout(TopRow(window));
-    auto* view = new PaperView(preview, &window);
+    EventGuard& guard = dynamic_cast<ScreenWindow&>(window).Bindings().Guard();
+    auto* view = new PaperView(preview, guard, &window);
     rows->addWidget(view, 1);
     rows->addLayout(BottomRow(window));
     AddWorkFoot(*rows, window, {u"cmdStop"_s, u"cmdExit"_s});
 
     // Pages are counted while nothing else is to be done.
     auto* counting = new QTimer(&window);
-    const auto count = [counting, &preview] {
-        if (preview.CountSome())
-            counting->stop();
+    const auto count = [counting, &preview, &guard] {
+        counting->stop(); // a box that tells why it can't be read turns the queue
+        bool all = false;
+        if (guard.Run([&] { all = preview.CountSome(); }) && !all)
+            counting->start(0);
     };
     QObject::connect(counting, &QTimer::timeout, &window, count);
     QObject::connect(&preview, &Preview::CountWanted, counting, [counting] { counting->start(0); });

@@ -2,6 +2,7 @@
 
 #include "platform/paper/painter.h"
 #include "upkeep/frm_report_preview.h"
+#include "windows/guard.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -50,9 +51,10 @@ private:
 
 } // namespace
 
-PaperView::PaperView(upkeep::frm_ReportPreview& screen, QWidget* parent)
+PaperView::PaperView(upkeep::frm_ReportPreview& screen, EventGuard& guard, QWidget* parent)
     : QScrollArea(parent)
     , m_screen(screen)
+    , m_guard(guard)
     , m_sheet(new SheetOnDesk(m_image, this))
 {
     setObjectName(u"paperView"_s);
@@ -110,10 +112,10 @@ void PaperView::wheelEvent(QWheelEvent* event)
     event->accept();
 }
 
-void PaperView::keyPressEvent(QKeyEvent* event)
+bool PaperView::Turn(int key)
 {
     const int page = m_screen.txtPage.Text().toInt();
-    switch (event->key()) {
+    switch (key) {
     case Qt::Key_PageDown:
         m_screen.ShowPage(page + 1);
         break;
@@ -133,10 +135,19 @@ void PaperView::keyPressEvent(QKeyEvent* event)
         m_screen.ZoomBy(-1);
         break;
     default:
-        QScrollArea::keyPressEvent(event);
-        return;
+        return false;
     }
-    event->accept();
+    return true;
+}
+
+void PaperView::keyPressEvent(QKeyEvent* event)
+{
+    bool turned = true; // also where the page can't be read
+    m_guard.Run([&] { turned = Turn(event->key()); });
+    if (turned)
+        event->accept();
+    else
+        QScrollArea::keyPressEvent(event);
 }
 
 } // namespace vasclip::windows

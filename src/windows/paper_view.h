@@ -9,13 +9,15 @@ class frm_ReportPreview;
 
 namespace vasclip::windows {
 
+class EventGuard;
+
 /// A page of the report as it will be on paper, always light. Page Up and Page Down, Home and End turn the
 /// pages; Ctrl with the wheel, "+" or "-" makes it larger or smaller.
 class PaperView : public QScrollArea
 {
     Q_OBJECT
 public:
-    PaperView(upkeep::frm_ReportPreview& screen, QWidget* parent);
+    PaperView(upkeep::frm_ReportPreview& screen, EventGuard& guard, QWidget* parent);
 
     [[nodiscard]] const QImage& Shown() const { return m_image; }
 
@@ -26,9 +28,11 @@ protected:
 
 private:
     void Draw();
+    bool Turn(int key); ///< @return false for a key that turns no page
     [[nodiscard]] double Dots() const; ///< an inch, of the screen's own
 
     upkeep::frm_ReportPreview& m_screen;
+    EventGuard& m_guard;
     QImage m_image;
     QWidget* m_sheet;
 };

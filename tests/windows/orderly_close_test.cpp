@@ -6,6 +6,8 @@
 #include "store/record.h"
 #include "support/databook_home.h"
 #include "upkeep/frm_maintenance.h"
+#include "upkeep/frm_report_preview.h"
+#include "upkeep/report_table.h"
 #include "windows/guard.h"
 #include "windows/screens.h"
 #include "windows/window_desktop.h"
@@ -214,6 +216,45 @@ TEST_F(Closing, WorkInTheMiddleIsStoppedAndTheProgramEndsBehindIt)
     QTest::qWait(100);
     EXPECT_EQ(main.closed, 1);
     EXPECT_EQ(store::ReadRecord(source, u"1399 MANY ST"_s)->Text(u"LATITUDE"_s), u"45"_s);
+}
+
+TEST_F(Closing, AReportThatIsSavedIsStoppedAndTheProgramEndsBehindIt)
+{
+    QStringList many;
+    for (int i = 1000; i < 2500; ++i)
+        many.append(u"%1 MANY ST"_s.arg(i));
+    AddComps(many);
+    common::Globals globals;
+    globals.G_UserDir = u"C:\\"_s;
+    globals.applicationIni = u"C:\\VAS2000.INI"_s;
+    const QString report = u"C:\\Report_Brief.mdb"_s;
+    const QString pdf = disk.ToNative(u"C:\\r.pdf"_s);
+    static_cast<void>(upkeep::FillReport(engine, report, path, table, {}));
+    WishingPump pump;
+    WindowDesktop desktop;
+    const forms::Ports work{prompter, pump, doubles.clock, doubles.random, desktop, screens};
+    upkeep::frm_ReportPreview preview({work, engine, disk, globals, path}, report, u"brief"_s, u"SELECT * FROM COMPS"_s);
+    bool stood = false;
+    pump.wish = [&] {
+        close.Start();
+        stood = preview.IsOpen() && QApplication::activeModalWidget() != nullptr;
+    };
+    Later(100, [&] {
+        preview.SavePdf(pdf);
+        EXPECT_EQ(preview.lblmsg.Caption(), u"Stopped. Nothing was stored."_s);
+        Later(5000, [] { // what would wait for ever
+            if (QWidget* left = QApplication::activeModalWidget())
+                left->close();
+        });
+    });
+    QElapsedTimer waited;
+    waited.start();
+    screens.ShowModal(preview);
+    EXPECT_LT(waited.elapsed(), 5000) << "it went by itself";
+    EXPECT_TRUE(stood) << "as long as the work had not ended";
+    QTest::qWait(100);
+    EXPECT_EQ(main.closed, 1);
+    EXPECT_FALSE(QFile::exists(pdf));
 }
 
 } // namespace

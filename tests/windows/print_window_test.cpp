@@ -305,5 +305,99 @@ TEST_F(PrintWindows, TheGridsButtonOpensTheOptionsToo)
     PlayOn(u"frm_Crystal"_s, [&] { Q_EMIT main.records.cmdPrint.Clicked(); }, [] {});
 }
 
+TEST_F(PrintWindows, ANumberThatIsTypedWhileThePagesAreCountedStays)
+{
+    const auto database = main.program.Engine().OpenDatabase(main.program.DatabookPath());
+    for (int i = 1; i <= 400; ++i)
+        database->Execute(u"INSERT INTO COMPS (CENTRALKEY, ADDRESS) VALUES ('%1 Z ST', '%1 Z St')"_s.arg(i));
+    OnPreview([&](upkeep::frm_ReportPreview& preview) {
+        Choose(u"cboLayout"_s, u"Extended"_s);
+        Type(u"txtPage"_s, u"2"_s);
+        ASSERT_TRUE(preview.lblPages.Caption().contains(u"more"_s)) << "the count still runs";
+        Wait(preview);
+        EXPECT_EQ(Text(u"txtPage"_s), u"2"_s);
+        QTest::keyClick(&The<QLineEdit>(u"txtPage"_s), Qt::Key_Return);
+        EXPECT_EQ(Text(u"txtPage"_s), u"2"_s);
+        QTest::keyClick(&The<PaperView>(u"paperView"_s), Qt::Key_PageDown);
+        EXPECT_EQ(Text(u"txtPage"_s), u"3"_s);
+    });
+}
+
+TEST_F(PrintWindows, AReportThatCanNotBeReadAnyMoreIsToldOnceAndEndsNothing)
+{
+    const auto database = main.program.Engine().OpenDatabase(main.program.DatabookPath());
+    for (int i = 1; i <= 400; ++i)
+        database->Execute(u"INSERT INTO COMPS (CENTRALKEY, ADDRESS) VALUES ('%1 Z ST', '%1 Z St')"_s.arg(i));
+    OnPreview([&](upkeep::frm_ReportPreview& preview) {
+        ASSERT_TRUE(preview.lblPages.Caption().contains(u"more"_s)) << "the count still runs";
+        QFile report(home.disk.ToNative(u"C:\\VAS2000\\Report_Brief.mdb"_s));
+        ASSERT_TRUE(report.resize(8192)); // a disk that fails, or somebody who cleans up
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !doubles.prompter.Boxes().empty(); }));
+        QTest::qWait(50);
+        EXPECT_EQ(doubles.prompter.Boxes().size(), 1U) << doubles.prompter.Texts().join(u'|').toStdString();
+        QTest::keyClick(&The<PaperView>(u"paperView"_s), Qt::Key_End);
+        EXPECT_EQ(doubles.prompter.Boxes().size(), 2U) << doubles.prompter.Texts().join(u'|').toStdString();
+        EXPECT_TRUE(The<QPushButton>(u"cmdExit"_s).isEnabled());
+    });
+}
+
+TEST_F(PrintWindows, ALayoutThatIsEditedBesideThePreviewIsReadWhenItIsChosenOnceMore)
+{
+    const auto write = [&](const char* text) {
+        home.MakeDirs(u"C:\\VAS2000\\REPORTS"_s);
+        home.Put(u"C:\\VAS2000\\REPORTS\\mine.layout"_s, text);
+    };
+    const auto shown = [](const upkeep::frm_ReportPreview& preview) {
+        QStringList texts;
+        for (const paper::TextItem& item : preview.Shown().texts)
+            texts.append(item.text);
+        return texts.join(u'|');
+    };
+    write("layout \"Mine\"\ncolumn CITY \"Town\"\n");
+    OnPreview([&](upkeep::frm_ReportPreview& preview) {
+        Choose(u"cboLayout"_s, u"Mine (mine)"_s);
+        EXPECT_TRUE(shown(preview).contains(u"Town"_s)) << shown(preview).toStdString();
+        write("layout \"Mine\"\ncolumn CITY \"Village\"\n");
+        Wait(preview);
+        preview.SavePdf(out.filePath(u"before.pdf"_s));
+        EXPECT_TRUE(shown(preview).contains(u"Town"_s)) << "what is looked at is what is saved";
+        const auto again = [&] { // as the list raises it where the line that is on show is chosen
+            auto& combo = The<QComboBox>(u"cboLayout"_s);
+            Q_EMIT combo.activated(combo.currentIndex());
+        };
+        again();
+        EXPECT_TRUE(shown(preview).contains(u"Village"_s)) << shown(preview).toStdString();
+        write("column CITTY\n");
+        again();
+        EXPECT_TRUE(Says().contains(u"Did you mean CITY?"_s)) << Says().toStdString();
+        EXPECT_TRUE(shown(preview).contains(u"Village"_s));
+        QFile::remove(home.disk.ToNative(u"C:\\VAS2000\\REPORTS\\mine.layout"_s));
+        again();
+        EXPECT_TRUE(Says().contains(u"There is no report layout 'mine'"_s)) << Says().toStdString();
+        EXPECT_TRUE(shown(preview).contains(u"Village"_s));
+    });
+}
+
+TEST_F(PrintWindows, WhatAnotherProgramStoresBehindThePreviewChangesNoPage)
+{
+    const QString file = out.filePath(u"printed.csv"_s);
+    OnPreview([&](upkeep::frm_ReportPreview& preview) {
+        Wait(preview);
+        const int texts = static_cast<int>(preview.Shown().texts.size());
+        engine::Engine other{home.disk, tests::SomeTime()};
+        const auto theirs = other.OpenDatabase(shell::kDatabook);
+        theirs->Execute(u"UPDATE COMPS SET ADDRESS = 'Elsewhere', CITY = 'Elsewhere'"_s);
+        theirs->Execute(u"INSERT INTO COMPS (CENTRALKEY, ADDRESS) VALUES ('9 NEW ST', '9 New St')"_s);
+        preview.SaveCsv(file);
+        EXPECT_EQ(preview.Shown().texts.size(), texts);
+        QFile made(file);
+        ASSERT_TRUE(made.open(QIODevice::ReadOnly));
+        const QByteArray said = made.readAll();
+        EXPECT_TRUE(said.contains("12 Oak St")) << said.toStdString();
+        EXPECT_FALSE(said.contains("Elsewhere"));
+        EXPECT_FALSE(said.contains("9 New St"));
+    });
+}
+
 } // namespace
 } // namespace vasclip::windows
