@@ -286,5 +286,63 @@ TEST_F(MaintenanceEdges, ADatabookThatIsMovedAwayWhileItAsksIsSaidToBe)
     EXPECT_FALSE(Says().contains(u"read-only"_s));
 }
 
+TEST_F(MaintenanceEdges, EachRepairSaysOnItsGaugeWhatItDoes)
+{
+    store::MakeDatabase(engine, u"C:\\VAS2000\\comments.mdb"_s);
+    Comp(u"1 A ST"_s, {{u"SALEDATE"_s, u"05/05/2005"_s}, {u"LOADDATE"_s, u"05/05/2005"_s}});
+    Open();
+    QStringList seen;
+    doubles.pump.onTurn = [&] { seen.append(screen->gauWork.Caption()); };
+    const auto said = [&](const std::function<void()>& work) {
+        seen.clear();
+        Yes();
+        work();
+        return seen.value(0);
+    };
+    EXPECT_EQ(said([&] { Click(screen->cmdRecalc); }),
+              u"Recalculating the 'price per square foot' calculation and 'age' fields and modifying date fields."_s);
+    EXPECT_EQ(said([&] { Click(screen->cmdclearAnchors); }), u"Removing anchors."_s);
+    EXPECT_EQ(said([&] { Click(screen->cmdLandSize); }), u"Adjusting LandSize"_s);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(said([&] { Click(screen->cmdCorrectAddress(i)); }), u"Correcting address."_s);
+    EXPECT_EQ(said([&] { Erase(screen->cmdDeleteByDate, u"12/31/1999"_s); }),
+              u"Deleting Sales from Comp Database on or before 12/31/1999."_s);
+    EXPECT_EQ(said([&] { Erase(screen->cmddelloaddate, u"12/31/1999"_s); }),
+              u"Deleting Records from Comp Database on or before LOAD DATE of 12/31/1999."_s);
+    EXPECT_EQ(said([&] { Erase(screen->cmddelloaddate, u"01/01/1900"_s); }),
+              u"Deleting all PENDING RECORDS (Date='01/01/1900') from the Database."_s);
+}
+
+TEST_F(MaintenanceEdges, TheGaugeBearsTheTitleWhileTheDateIsAskedFor)
+{
+    Open();
+    for (const auto& [button, title] : {std::pair{&screen->cmdDeleteByDate, u"Delete By SALE date"_s},
+                                        {&screen->cmddelloaddate, u"Delete By LOAD date"_s}}) {
+        doubles.screens.Play([&, title = title](forms::Screen& asks) {
+            EXPECT_EQ(screen->gauWork.Caption(), title);
+            EXPECT_EQ(asks.Caption(), title);
+        });
+        Click(*button);
+        EXPECT_EQ(screen->gauWork.Caption(), QString());
+    }
+}
+
+TEST_F(MaintenanceEdges, AnErrorOfAWalkIsReported)
+{
+    engine.SetLockWait(50);
+    Comp(u"1 A ST"_s, {{u"LATITUDE"_s, u"45"_s}});
+    Open();
+    engine::Engine other{disk, tests::SomeTime()};
+    const auto theirs = other.OpenDatabase(path);
+    theirs->BeginTrans();
+    theirs->Execute(u"UPDATE COMPS SET CITY = 'Theirs'"_s);
+    Yes();
+    Click(screen->cmdclearAnchors);
+    theirs->Rollback();
+    EXPECT_EQ(doubles.prompter.Last().title, u"Error"_s);
+    EXPECT_TRUE(doubles.prompter.Last().text.contains(u"in module Maintenance"_s)) << doubles.prompter.Last().text.toStdString();
+    EXPECT_TRUE(screen->cmdclearAnchors.Enabled());
+}
+
 } // namespace
 } // namespace vasclip::upkeep
