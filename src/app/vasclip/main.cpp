@@ -303,7 +303,9 @@ int main(int argc, char* argv[])
         std::fputs("Vasclip: there is no display, so the window is out of sight\n", stderr);
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
+    std::optional<desktop::SystemColours> colours(std::in_place);
     QApplication app(argc, argv);
+    colours.reset();
     QApplication::setApplicationName(u"Vasclip"_s);
     QApplication::setApplicationVersion(u"" VASCLIP_VERSION ""_s);
     const auto options = ReadOptions(QApplication::arguments());

@@ -66,4 +66,17 @@ struct SystemVersion
 /// False where a window would end the program, for want of a display or of a choice of what to draw on.
 [[nodiscard]] bool CanShowWindows();
 
+/// Stands while the application is made, which then goes by the system's choice of light and dark, frames of windows included.
+/// Programs that are started later are told nothing. On systems where Qt does so by itself it does nothing.
+class SystemColours
+{
+public:
+    SystemColours();
+    ~SystemColours();
+    Q_DISABLE_COPY_MOVE(SystemColours)
+
+private:
+    bool m_told = false;
+};
+
 } // namespace vasclip::desktop

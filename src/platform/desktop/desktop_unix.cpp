@@ -179,4 +179,7 @@ bool CanShowWindows()
 #endif
 }
 
+SystemColours::SystemColours() = default;
+SystemColours::~SystemColours() = default;
+
 } // namespace vasclip::desktop

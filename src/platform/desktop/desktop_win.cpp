@@ -18,6 +18,8 @@ namespace vasclip::desktop {
 
 namespace {
 
+constexpr const char* kPlatform = "QT_QPA_PLATFORM";
+
 const wchar_t* Wide(const QString& text)
 {
     return reinterpret_cast<const wchar_t*>(text.utf16());
@@ -115,6 +117,16 @@ QString FindWindowCaption(const QString& windowClass)
 bool CanShowWindows()
 {
     return true;
+}
+
+SystemColours::SystemColours()
+    : m_told(qEnvironmentVariableIsEmpty(kPlatform) && qputenv(kPlatform, "windows:darkmode=2")) // frames and palette
+{}
+
+SystemColours::~SystemColours()
+{
+    if (m_told)
+        qunsetenv(kPlatform);
 }
 
 } // namespace vasclip::desktop

@@ -55,6 +55,24 @@ TEST(Shell, TellsWhatIsMissing)
     EXPECT_EQ(ShellOpen(home.disk, u"open"_s, u"C:\\P\\a.nokind"_s), kShellNoAssociation);
 }
 
+TEST(SystemColours, AreAskedForOnlyWhileTheApplicationIsMade)
+{
+    const QByteArray before = qgetenv("QT_QPA_PLATFORM");
+    qunsetenv("QT_QPA_PLATFORM");
+    {
+        const SystemColours colours;
+        EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), "windows:darkmode=2");
+    }
+    EXPECT_FALSE(qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) << "programs that are started later";
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    {
+        const SystemColours colours;
+        EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), "offscreen") << "what the user has chosen";
+    }
+    EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), "offscreen");
+    qputenv("QT_QPA_PLATFORM", before);
+}
+
 TEST(SystemFacts, AreThoseOfTheMachine)
 {
     EXPECT_TRUE(QFileInfo(SystemDirectory()).isDir()) << SystemDirectory().toStdString();
