@@ -263,6 +263,7 @@ bool Theme::eventFilter(QObject* watched, QEvent* event)
 Theme::~Theme()
 {
     g_dark = false;
+    QApplication::setPalette(QPalette()); // the system's own, by which a theme after this one tells light from dark
 }
 
 void Theme::Choose(ThemeChoice choice)

@@ -321,6 +321,16 @@ TEST_F(MainWindowTest, TheThemeIsRemembered)
     EXPECT_EQ(later.Choice(), ThemeChoice::Dark);
 }
 
+TEST(ThemeOfTheSystem, IsAskedAfterAThemeThatWasDark)
+{
+    {
+        Theme dark(*qApp);
+        dark.Choose(ThemeChoice::Dark);
+        ASSERT_TRUE(dark.IsDark());
+    }
+    EXPECT_FALSE(Theme(*qApp).IsDark());
+}
+
 TEST_F(MainWindowTest, RecordCountFollowsTheGrid)
 {
     EXPECT_EQ(Find<QLabel>(u"recordCount"_s)->text(), u"Record 4 of 512"_s);
