@@ -349,6 +349,16 @@ TEST_F(RealScreens, TheCalendarShowsEveryControlOfFrmCalendar)
     EXPECT_EQ(calendar.calCalendar.Value(), QDate(2004, 4, 1));
     calendar.cmdToday.Clicked();
     EXPECT_EQ(month->selectedDate(), ports.clock.Today());
+    window.show();
+    for (const QString& name : {u"qt_calendar_prevmonth"_s, u"qt_calendar_nextmonth"_s}) {
+        const auto* arrow = month->findChild<QToolButton*>(name);
+        const QImage shot = month->grab(QRect(arrow->mapTo(month, QPoint()), arrow->size())).toImage();
+        int lit = 0;
+        for (int y = 0; y < shot.height(); ++y)
+            for (int x = 0; x < shot.width(); ++x)
+                lit += shot.pixelColor(x, y).lightness() > 200 ? 1 : 0;
+        EXPECT_GT(lit, 6) << name.toStdString() << " stands out on its bar";
+    }
 }
 
 TEST_F(RealScreens, EveryHeadingOfTheGridFitsItsColumn)
