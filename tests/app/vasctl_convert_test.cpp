@@ -79,7 +79,7 @@ TEST_F(VasctlConvert, WhatOnlyTheSourceHasIsSaidWithItsName)
 {
     if (GenuineFiles().isEmpty())
         GTEST_SKIP() << "no genuine files beside the source";
-    ASSERT_TRUE(QFile::copy(GenuineFiles() + u"/reservedWordLeave.mdb"_s, home.Path() + u"/drive_c/LEAVE.MDB"_s));
+    ASSERT_TRUE(CopyGenuineFile(u"reservedWordLeave.mdb"_s, home.Path() + u"/drive_c/LEAVE.MDB"_s));
     const Ended run = home.Vasctl({u"--plain"_s, u"convert"_s, u"C:\\LEAVE.MDB"_s, u"C:\\NEW.MDB"_s, u"--to"_s, u"vasclip"_s});
     ASSERT_EQ(run.code, kDone) << run.err.toStdString();
     EXPECT_TRUE(run.out.contains("\nOnly C:\\LEAVE.MDB has the saved query Without Leave.\n")) << run.out.toStdString();

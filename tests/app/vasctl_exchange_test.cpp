@@ -182,7 +182,7 @@ TEST_F(VasctlExchange, AnAccessFileLosesItsSavedQueriesOnlyWithAYes)
         GTEST_SKIP() << "no genuine files beside the source";
     const QString native = home.Native(u"DATABOOK/EXPORT/QUERIES.MDB"_s);
     QDir().mkpath(home.Native(u"DATABOOK/EXPORT"_s));
-    ASSERT_TRUE(QFile::copy(GenuineFiles() + u"/queryTestV2003.mdb"_s, native));
+    ASSERT_TRUE(CopyGenuineFile(u"queryTestV2003.mdb"_s, native));
     const QByteArray before = Bytes(native);
     const QStringList command{u"export"_s, u"--file"_s, u"QUERIES.MDB"_s, u"--table"_s, u"MAY"_s};
     const Ended kept = home.Vasctl(QStringList{u"--plain"_s} + command);

@@ -530,7 +530,7 @@ TEST_F(AccessStart, WhatOnlyTheOldFileHasIsSaidWithItsName)
     if (tests::GenuineFiles().isEmpty())
         GTEST_SKIP() << "no genuine files beside the source";
     const QString queries = u"C:\\DATABOOK\\QUERIES.MDB"_s;
-    ASSERT_TRUE(QFile::copy(tests::GenuineFiles() + u"/queryTestV2003.mdb"_s, home.disk.ToNative(queries)));
+    ASSERT_TRUE(tests::CopyGenuineFile(u"queryTestV2003.mdb"_s, home.disk.ToNative(queries)));
     const QByteArray old = home.disk.ReadWhole(queries);
     doubles.prompter.Answer(forms::Answer::Yes);
     OfferConversion(program, queries, u"Table1"_s);

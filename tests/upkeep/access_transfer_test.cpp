@@ -200,8 +200,7 @@ TEST_F(AccessTransfer, AsksBeforeAFileLosesWhatCanNotBeWrittenAgain)
 
 TEST_F(AccessTransfer, NamesWhatAFileLosesInTheQuestionAndAfterwards)
 {
-    const QString samples = tests::GenuineFiles();
-    if (samples.isEmpty())
+    if (tests::GenuineFiles().isEmpty())
         GTEST_SKIP() << "no genuine files beside the source";
     const std::pair<QString, QStringList> files[] = {
         {u"reservedWordLeave.mdb"_s, {u"the saved query Without Leave"_s}},
@@ -214,8 +213,7 @@ TEST_F(AccessTransfer, NamesWhatAFileLosesInTheQuestionAndAfterwards)
         doubles.prompter.Forget();
         if (disk.FileExists(target))
             disk.Kill(target);
-        ASSERT_TRUE(QFile::copy(samples + u'/' + name, disk.ToNative(target)));
-        ASSERT_TRUE(QFile::setPermissions(disk.ToNative(target), QFile::ReadOwner | QFile::WriteOwner));
+        ASSERT_TRUE(tests::CopyGenuineFile(name, disk.ToNative(target)));
         if (!things.isEmpty())
             doubles.prompter.Answer(forms::Answer::Yes);
         const ExportResult result = Out(false, u"MAY"_s);

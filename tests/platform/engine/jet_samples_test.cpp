@@ -81,7 +81,7 @@ struct JetSamplesTest : testing::Test
     std::shared_ptr<Database> Open(const QString& name)
     {
         QFile::remove(home.Native(u"X.MDB"_s));
-        EXPECT_TRUE(QFile::copy(samples + u'/' + name, home.Native(u"X.MDB"_s)));
+        EXPECT_TRUE(tests::CopyGenuineFile(name, home.Native(u"X.MDB"_s)));
         return home.engine.OpenDatabase(u"C:\\X.MDB"_s);
     }
 
