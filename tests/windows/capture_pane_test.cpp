@@ -162,7 +162,11 @@ TEST_F(CaptureWindowTest, AYellowLabelIsYellowAndABrokenPictureHasItsMark)
     auto* label = Find<QLabel>(u"lbltag_0"_s);
     EXPECT_TRUE(label->property("yellow").toBool());
     const QImage shot = label->grab().toImage();
-    EXPECT_EQ(shot.pixelColor(shot.width() / 2, 2), QColor(255, 255, 128));
+    int yellow = 0; // all but what the letters take, wherever they stand
+    for (int y = 0; y < shot.height(); ++y)
+        for (int x = 0; x < shot.width(); ++x)
+            yellow += shot.pixelColor(x, y) == QColor(255, 255, 128) ? 1 : 0;
+    EXPECT_GT(yellow, shot.width() * shot.height() / 2);
     EXPECT_FALSE(Find<QLabel>(u"lbltag_1"_s)->property("yellow").toBool());
     EXPECT_NE(Thumb(7)->grab().toImage(), Thumb(11)->grab().toImage()) << "broken and waiting look apart";
 }

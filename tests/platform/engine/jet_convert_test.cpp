@@ -5,6 +5,8 @@
 #include "platform/engine/jet_samples.h"
 #include "platform/engine/rows_at_once.h"
 
+#include <QProcess>
+
 namespace vasclip::engine {
 namespace {
 
@@ -158,7 +160,13 @@ TEST_F(JetConvertTest, WhatAKilledOneLeftGoesWithTheNext)
     };
     constexpr qint64 kNobody = 0x3FFFFFFF;
     const QString gone = QString::number(kNobody);
-    const QString alive = u"1"_s;
+    QProcess other; // which waits until its input closes
+    home.disk.MkDir(u"C:\\OTHER"_s);
+    const QString held = u"C:\\OTHER\\HELD.MDB"_s;
+    MakeComps(home.engine, held, {})->Close();
+    other.start(u"" VASCLIP_ENGINE_USER ""_s, {home.directory.path(), held, u"hold"_s, u"shared"_s});
+    ASSERT_TRUE(other.waitForReadyRead());
+    const QString alive = QString::number(other.processId());
     for (const QString& name : {u"ACCESS.MDB.new"_s + gone, u"ACCESS.MDB.new"_s + gone + u"-journal"_s,
                                 u"ACCESS.MDB.new%1.new%1.sortAbCdEf"_s.arg(gone)})
         leave(name);
@@ -168,6 +176,8 @@ TEST_F(JetConvertTest, WhatAKilledOneLeftGoesWithTheNext)
         leave(name);
     ASSERT_TRUE(Convert(kBook, kAccess, DatabaseKind::Access));
     EXPECT_EQ(Files(), QStringList{u"ACCESS.MDB"_s} + stay + QStringList{u"BOOK.MDB"_s});
+    other.closeWriteChannel();
+    EXPECT_TRUE(other.waitForFinished());
 }
 
 TEST(RowsAtOnce, LongTextsAreReadOneAfterAnother)
