@@ -6,6 +6,19 @@ import sys
 
 name, account, log, code = sys.argv[1], sys.argv[2], sys.argv[3], int(sys.argv[4])
 good, skipped, failed = 0, [], []
+said = ""
+if os.path.exists(log):
+    with open(log, encoding="utf-8", errors="replace") as file:
+        said = file.read()
+
+
+def words_of(title):
+    """Why a test was skipped; its account does not tell."""
+    told = re.search(rf"^\[ RUN +\] {re.escape(title)}\s*$(.*?)^\[  SKIPPED \] {re.escape(title)} ", said, re.M | re.S)
+    lines = told.group(1).strip().splitlines() if told else []
+    return " ".join(line.strip() for line in lines if not line.rstrip().endswith(": Skipped"))
+
+
 if os.path.exists(account):
     with open(account, encoding="utf-8") as file:
         suites = json.load(file)["testsuites"]
@@ -15,14 +28,11 @@ if os.path.exists(account):
             if test.get("failures"):
                 failed.append(title)
             elif test.get("result") == "SKIPPED":
-                words = " ".join(line.strip() for part in test.get("skipped", []) for line in part["message"].splitlines()[1:])
-                skipped.append(f"{title}: {words}")
+                skipped.append(f"{title}: {words_of(title)}")
             else:
                 good += 1
     print(f"{name}: {good} good, {len(skipped)} skipped, {len(failed)} failed")
 else:
-    with open(log, encoding="utf-8", errors="replace") as file:
-        said = file.read()
     last = re.findall(r"^\[ RUN +\] (\S+)", said, re.M)
     good = len(re.findall(r"^\[ +OK \]", said, re.M))
     why = "took too long" if code == 124 else f"ended with exit code {code}"
