@@ -253,6 +253,21 @@ void TextWithoutAnEnd()
     }
 }
 
+void OneThatNeverStopsSending()
+{
+    const Beside partner(kPartner, "--flood");
+    const ULONGLONG begin = GetTickCount64();
+    {
+        const auto client = Opened(1000);
+        const Thrown thrown = ThrownBy([&] { static_cast<void>(client->Request(u"X")); });
+        EQUAL(thrown.number, 286);
+        EQUAL(thrown.words, "The forms program did not answer the request of \"X\" within 1 second");
+        client->Rest();
+        EQUAL(client->IsOpen(u"KEL|R1"), false);
+    }
+    EQUAL(GetTickCount64() - begin < kPlenty / 2, true); // it sends on, and nobody waits for its end
+}
+
 void AnotherCodePage()
 {
     const Beside partner(kPartner, "--code-page 1252");
@@ -446,6 +461,7 @@ const Test kTests[] = {TEST_ROW(RequestsPokesAndCommands),
                        TEST_ROW(OneAcknowledgementTooMany),
                        TEST_ROW(AnswersThatWantAnAcknowledgement),
                        TEST_ROW(TextWithoutAnEnd),
+                       TEST_ROW(OneThatNeverStopsSending),
                        TEST_ROW(AnotherCodePage),
                        TEST_ROW(AnotherFormat),
                        TEST_ROW(Busy),

@@ -21,7 +21,7 @@ namespace {
 void Usage()
 {
     std::fputs("usage: partner [--service NAME] [--code-page N] [--delay MS [--delays N]] [--copies N] [--ack-data] [--endless]\n"
-               "               [--ask-ack] [--busy N] [--format N] [--gone-after N] [--vanish-after N] [--code N] [--hang]\n"
+               "               [--ask-ack] [--busy N] [--format N] [--gone-after N] [--vanish-after N] [--code N] [--flood] [--hang]\n"
                "Prints \"ready\" when it listens; ends when its standard input does.\n",
                stderr);
 }
@@ -40,6 +40,7 @@ bool ReadOptions(int argc, char** argv, Options& options)
     const std::map<std::string, bool*> flags = {{"--ack-data", &habits.acknowledgesData},
                                                 {"--endless", &habits.endless},
                                                 {"--ask-ack", &habits.askForAck},
+                                                {"--flood", &habits.flood},
                                                 {"--hang", &options.hang}};
     const std::map<std::string, int*> numbers = {{"--delay", &habits.delayMs},       {"--delays", &habits.delays},
                                                  {"--copies", &habits.copies},

@@ -21,6 +21,7 @@ using namespace vasclip::conduit::dde;
 namespace {
 
 constexpr DWORD kRestEveryMs = 500;
+constexpr int kMostAtOnce = 1000; // messages, before the input is looked at again
 
 struct Options
 {
@@ -144,7 +145,7 @@ int Serve(const Options& options)
         const DWORD woken = MsgWaitForMultipleObjectsEx(1, &news, kRestEveryMs, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
         if (woken != WAIT_OBJECT_0) {
             MSG message;
-            while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE))
+            for (int taken = 0; taken < kMostAtOnce && PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE); ++taken)
                 DispatchMessageA(&message);
             client->Rest();
         }

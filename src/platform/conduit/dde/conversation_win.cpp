@@ -16,6 +16,7 @@ constexpr char kClass[] = "VasclipExchangeClient";
 constexpr DWORD kFirstWaitMs = 60, kNextWaitMs = 30; // as the link waits on its other ways
 constexpr DWORD kLookMs = 200;                       // is the other side still there?
 constexpr UINT_PTR kBiggestAtom = 0xFFFF;
+constexpr int kMostAtOnce = 1000; // messages: one that never stops sending must not keep us from the clock
 
 } // namespace
 
@@ -227,15 +228,15 @@ Conversation::Answer Conversation::Await(const Deadline& deadline, const Waiting
     bool silent = false;
     for (DWORD slice = waiting ? kFirstWaitMs : kLookMs;; slice = waiting ? kNextWaitMs : kLookMs) {
         const DWORD left = deadline.Left();
-        MSG message;
-        while (!m_settled && PeekMessageA(&message, m_window, WM_DDE_FIRST, WM_DDE_LAST, PM_REMOVE))
-            DispatchMessageA(&message);
+        const bool more = TakeSome(true);
         if (!m_settled && (m_ended || (silent && !IsWindow(m_partner))))
             Settle(Outcome::Gone);
         else if (!m_settled && left == 0)
             Settle(Outcome::TimeOut);
         if (m_settled)
             break;
+        if (more) // a wait would not see what has come already
+            continue;
         silent = MsgWaitForMultipleObjectsEx(0, nullptr, std::min(left, slice), QS_POSTMESSAGE | QS_SENDMESSAGE, 0) ==
                  WAIT_TIMEOUT;
         if (silent && waiting)
@@ -247,11 +248,20 @@ Conversation::Answer Conversation::Await(const Deadline& deadline, const Waiting
     return std::move(m_answer);
 }
 
-void Conversation::Pump()
+bool Conversation::TakeSome(bool untilSettled)
 {
     MSG message;
-    while (PeekMessageA(&message, m_window, WM_DDE_FIRST, WM_DDE_LAST, PM_REMOVE))
+    for (int taken = 0; taken < kMostAtOnce; ++taken) {
+        if ((untilSettled && m_settled) || !PeekMessageA(&message, m_window, WM_DDE_FIRST, WM_DDE_LAST, PM_REMOVE))
+            return false;
         DispatchMessageA(&message);
+    }
+    return true;
+}
+
+void Conversation::Pump()
+{
+    TakeSome(false);
 }
 
 void Conversation::Fence(const Deadline& deadline)

@@ -88,6 +88,8 @@ private:
     void Expect(Expecting what, const Atom* item);
     [[nodiscard]] bool IsItem(UINT_PTR atom) const;
     [[nodiscard]] Answer Await(const Deadline& deadline, const Waiting& waiting);
+    /// @return may there be more?
+    bool TakeSome(bool untilSettled);
     void FreeMemory();
 
     HWND m_window = nullptr;

@@ -37,6 +37,7 @@ struct ServerHabits
     int goneAfter = -1;          ///< after so many answers the conversation is ended in place of an answer
     int vanishAfter = -1;        ///< likewise, and the windows go without a word
     unsigned code = 0;           ///< with each refusal
+    bool flood = false;          ///< in place of an answer it sends other messages, and never stops
 };
 
 /// The answering end. It lives in the event loop of the thread that makes it.

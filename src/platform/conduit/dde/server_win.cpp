@@ -7,6 +7,7 @@
 
 #include <deque>
 #include <map>
+#include <thread>
 #include <utility>
 
 namespace vasclip::conduit::dde {
@@ -17,6 +18,17 @@ constexpr char kListener[] = "VasclipExchangeServer";
 constexpr char kSpeaker[] = "VasclipExchangeSpeaker";
 
 class SystemServer;
+
+/// Acknowledges what was never sent, as long as there is somebody to hear it, and faster than it can be heard.
+void Flood(HWND client, HWND speaker)
+{
+    const Atom item(u"NOISE");
+    LPARAM along = 0;
+    do
+        along = PackDDElParam(WM_DDE_ACK, 0, item.Get());
+    while (PostMessageA(client, WM_DDE_ACK, reinterpret_cast<WPARAM>(speaker), along));
+    FreeDDElParam(WM_DDE_ACK, along);
+}
 
 /// One conversation of a client.
 class Speaker
@@ -223,6 +235,11 @@ bool Speaker::Misbehaves()
         TerminateProcess(GetCurrentProcess(), 70); // without a farewell
     if (habits.goneAfter >= 0 && count >= habits.goneAfter) {
         m_server.Drop(m_window);
+        return true;
+    }
+    if (habits.flood) {
+        for (int threads = 2; threads > 0; --threads)
+            std::thread(Flood, m_client, m_window).detach();
         return true;
     }
     return false;
