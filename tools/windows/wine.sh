@@ -12,12 +12,13 @@ wine_fails() {
 start_wine() {
     local version
     command -v wine >/dev/null || wine_fails "Wine is missing: apt-get install wine wine64. Nothing was tested."
-    version=$(wine --version 2>/dev/null | sed -n 's/^wine-\([0-9]*\).*/\1/p')
+    version=$(wine --version 2>/dev/null | sed -n 's/^wine-\([0-9]*\).*/\1/p') || true
     [ -n "$version" ] || wine_fails "Wine does not start: $(wine --version 2>&1 | tail -n 1)" "Nothing was tested."
     [ "$version" -ge 8 ] || wine_fails "this is $(wine --version), and version 8 or newer is needed. Nothing was tested."
     if [ ! -f "$WINEPREFIX/.made" ]; then
         rm -rf "$WINEPREFIX"
-        wineboot -i >"$cache/logs/wineboot.log" 2>&1 || wine_fails "Wine can't make its directory; see $cache/logs/wineboot.log."
+        wineboot -i >"$cache/logs/wineboot.log" 2>&1 ||
+            wine_fails "Wine can't make its directory; see $cache/logs/wineboot.log." "Nothing was tested."
         wineserver -w
         touch "$WINEPREFIX/.made"
     fi
