@@ -10,6 +10,7 @@
 #include "store/messages.h"
 #include "store/move_record.h"
 #include "store/record.h"
+#include "upkeep/archive_fields.h"
 #include "upkeep/archive_journal.h"
 #include "upkeep/archive_pictures.h"
 #include "upkeep/archive_target.h"
@@ -29,8 +30,6 @@ const QString kKeptOut = u"%1: the archive's table keeps it out, by a field that
 const QString kMissing = u"%1: its picture %2.jpg is not in %3; the record went without it"_s;
 const QString kNoPhotoDirectory = u"The photo directory %1 is not there, so no record could go with its pictures. Connect "
                                   u"its disk, or name another one in the setup"_s;
-const QString kNoField = u"%1: the archive has no field %2, which holds \"%3\"; the record stays. Let everybody close the "
-                         u"archive and archive again"_s;
 const QString kOtherPicture =
     u"%1: the archive has another picture named %2; the record stays. Give that view of it another picture first"_s;
 
@@ -80,7 +79,6 @@ public:
     Archived Run();
 
 private:
-    void ChooseFields();
     void NeedPhotoDirectory() const; ///< @throws 76
     void TakeKey(const QString& key);
     [[nodiscard]] bool Take(const QString& key, const store::Record& record);
@@ -92,28 +90,12 @@ private:
     const ArchiveStep& m_step;
     store::DataSource m_archive;
     store::MoveTarget m_target;
-    QStringList m_ownFields; ///< of the archive, which the Databook lacks
-    QStringList m_lacking;   ///< fields of the Databook that the archive has no place for
+    ArchiveFields m_fields;
     ArchivedPictures m_pictures;
     ArchiveJournal m_journal;
     NamedPictures m_named;
     Archived m_done;
 };
-
-void Archiving::ChooseFields()
-{
-    m_target = {m_work.file, m_work.table, {}};
-    m_lacking.clear();
-    for (const engine::Field& field : m_work.databook.Fields())
-        (m_archive.FieldIndex(field.name) >= 0 ? m_target.fields : m_lacking).append(field.name.toUpper());
-    m_lacking.removeAll(QString(fields::FRONTPHOTO)); // its picture goes as a file
-    m_ownFields.clear();
-    for (const engine::Field& field : m_archive.Fields())
-        // A picture in the row goes with the record that it shows.
-        if (m_work.databook.FieldIndex(field.name) < 0 && field.type != engine::FieldType::LongBinary &&
-            field.type != engine::FieldType::Binary)
-            m_ownFields.append(field.name.toUpper());
-}
 
 void Archiving::NeedPhotoDirectory() const
 {
@@ -125,7 +107,7 @@ store::FieldValues Archiving::OwnFields(const QString& key) const
 {
     store::FieldValues held;
     if (const auto there = store::ReadRecord(m_archive, key))
-        for (const QString& field : m_ownFields)
+        for (const QString& field : m_fields.Own())
             held.insert(field, there->Value(field));
     return held;
 }
@@ -147,11 +129,10 @@ bool Archiving::IsEqual(const store::Record& ours, const store::Record& theirs) 
 /// @return false if it is another record by now, and has to be looked at anew
 bool Archiving::Take(const QString& key, const store::Record& record)
 {
-    for (const QString& field : std::as_const(m_lacking))
-        if (const QString held = record.Text(field); !held.isEmpty()) {
-            m_done.left.append(kNoField.arg(key, field, held));
-            return true;
-        }
+    if (const QString why = m_fields.WhyNot(key, record); !why.isEmpty()) {
+        m_done.left.append(why);
+        return true;
+    }
     const auto there = store::ReadRecord(m_archive, key);
     // What the archive has word for word needs no question: it was put back there from it, or copied.
     const bool equal = there && IsEqual(record, *there);
@@ -224,7 +205,8 @@ Archived Archiving::Run()
     ArchiveJournal::Replay(m_work.databook);
     CompleteFields(m_work.databook, m_work.file, m_work.table);
     m_archive.Open(m_work.file, m_work.table, store::SourceKind::Table);
-    ChooseFields();
+    m_fields = ArchiveFields(m_work.databook, m_archive);
+    m_target = {m_work.file, m_work.table, m_fields.Both()};
     m_named = NamedPictures(m_work.databook);
     if (m_named.Any())
         NeedPhotoDirectory();

@@ -79,9 +79,24 @@ TEST_F(ArchiveTables, AValueThatItsKindOfFieldDoesNotTakeKeepsItsRecordHere)
     const Archived done = Run();
     EXPECT_EQ(done.moved, 1) << WordsOf(done, archive).toStdString();
     ASSERT_EQ(done.left.size(), 1);
-    EXPECT_TRUE(done.left[0].startsWith(u"2 B ST: "_s)) << done.left[0].toStdString();
+    EXPECT_EQ(done.left[0], u"2 B ST: the archive's field GLA is of a kind that does not take \"2,000 sf\"; the record stays"_s);
     EXPECT_EQ(Here(), QStringList{u"2 B ST"_s});
     EXPECT_EQ(Held(u"GLA"_s), u"2000"_s);
+}
+
+TEST_F(ArchiveTables, ADateForWhichTheArchiveHasADayAndNoTextStaysHere)
+{
+    Only(u"CONTRKDATE"_s, [](engine::Field& field) {
+        field.type = engine::FieldType::Date;
+        field.size = 0;
+    });
+    ASSERT_TRUE(std::ranges::any_of(store::CompsTable().fields, [](const engine::Field& field) { return field.name == u"CONTRKDATE"_s; }));
+    AddRow({{key, u"1 A ST"_s.leftJustified(35)}, {u"SALEDATE"_s, u"05/05/1995"_s}, {u"CONTRKDATE"_s, u"04/04/1995"_s}});
+    AddRow({{key, u"2 B ST"_s.leftJustified(35)}, {u"SALEDATE"_s, u"05/05/1995"_s}});
+    const Archived done = Run();
+    EXPECT_EQ(done.moved, 1);
+    EXPECT_EQ(Here(), QStringList{u"1 A ST"_s});
+    EXPECT_EQ(done.left.size(), 1);
 }
 
 TEST_F(ArchiveTables, ARecordWithoutAKeyIsPassedOver)
@@ -193,6 +208,7 @@ TEST_F(ArchiveFiles, AnErrorInTheMiddleIsReported)
     };
     Archive();
     doubles.pump.onTurn = {};
+    ASSERT_NE(theirs, nullptr);
     theirs->Rollback();
     theirs->Close();
     EXPECT_EQ(doubles.prompter.Last().title, u"Error"_s);
@@ -259,9 +275,29 @@ TEST_F(ArchiveFiles, OneThatIsOpenedWhileItsDeletionIsAskedAboutStays)
     };
     asked.Answer(forms::Answer::Yes);
     Click(screen->cmddelete);
+    ASSERT_NE(theirs, nullptr);
     EXPECT_TRUE(asked.Last().text.startsWith(u"The selected database is LOCKED"_s));
     EXPECT_TRUE(disk.FileExists(archive));
     theirs->Close();
+}
+
+TEST_F(ArchiveFiles, CreateListsTheTablesOfTheNewFile)
+{
+    {
+        engine::TableDef older = store::CompsTable();
+        older.name = u"OLDER"_s;
+        const auto database = engine.CreateDatabase(u"C:\\ARCHIVE\\SIXTIES.MDB"_s);
+        database->CreateTable(older);
+        database->Close();
+    }
+    screen->txtFileName.SetText(u"SIXTIES.MDB"_s);
+    Q_EMIT screen->txtFileName.LostFocus();
+    EXPECT_EQ(screen->lstTables.Items(), QStringList{u"OLDER"_s});
+    doubles.prompter.AnswerDialog(u"C:\\ARCHIVE\\SEVENTIES"_s);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Click(screen->cmdcreate);
+    EXPECT_EQ(screen->lstTables.Items(), QStringList{table});
+    EXPECT_EQ(screen->lstdatabases.Items(), (QStringList{u"OLD.MDB"_s, u"SEVENTIES.MDB"_s, u"SIXTIES.MDB"_s}));
 }
 
 } // namespace
