@@ -18,9 +18,14 @@ namespace {
 
 const QString kTable = u"COMPS"_s;
 
-/// The engine's SELECT for a layout.
-QString SelectText(const ReportLayout& layout)
+/// The engine's SELECT for a layout. What a Databook of an older layout lacks is blank on paper, as in its records.
+QString SelectText(const ReportLayout& layout, const engine::FieldList& held)
 {
+    const auto isHeld = [&held](const QString& name) {
+        return std::ranges::any_of(held, [&](const engine::Field& field) {
+            return field.name.compare(name, Qt::CaseInsensitive) == 0;
+        });
+    };
     QStringList columns, order;
     for (const LabelledField& field : layout.Fields())
         columns.append(field.field);
@@ -38,6 +43,8 @@ QString SelectText(const ReportLayout& layout)
         else if (known - keys.begin() < layout.groups.size())
             known->down = key.down;
     }
+    columns.removeIf([&](const QString& name) { return !isHeld(name); });
+    keys.removeIf([&](const SortKey& key) { return !isHeld(key.field); });
     for (const SortKey& key : std::as_const(keys))
         order.append(key.field + (key.down ? u" DESC"_s : QString()));
     const QString select = u"SELECT "_s + columns.join(u", "_s) + u" FROM ["_s + kTable + u']';
@@ -122,7 +129,7 @@ qint64 FillReport(engine::Engine& engine, const QString& file, const QString& da
 
 ReportTable::ReportTable(engine::Engine& engine, const QString& file, const ReportLayout& layout)
     : m_database(engine.OpenDatabase(file, engine::OpenMode::ReadOnly))
-    , m_rows(std::make_unique<store::Rows>(*m_database, SelectText(layout)))
+    , m_rows(std::make_unique<store::Rows>(*m_database, SelectText(layout, m_database->Table(kTable).fields)))
 {}
 
 ReportTable::~ReportTable()

@@ -101,5 +101,32 @@ TEST_F(Crystal, ADatabookThatIsLockedIsTriedAgainLater)
     Print(*screen, [](frm_ReportPreview& preview) { EXPECT_EQ(preview.Pages(), 1); });
 }
 
+TEST_F(Crystal, ADatabookOfAnOlderLayoutPrintsWhatItHas)
+{
+    disk.Kill(path);
+    {
+        engine::TableDef older = store::CompsTable();
+        older.fields.removeIf([](const engine::Field& field) {
+            return QStringList{u"OTHERAREA1"_s, u"OTHERAREA2"_s, u"FRONTPHOTO"_s, u"LONGITUDE"_s, u"NEIGHBORHD"_s, u"NOTES"_s}
+                .contains(field.name);
+        });
+        const auto database = engine.CreateDatabase(path);
+        database->CreateTable(older);
+        database->Close();
+    }
+    Comps(3);
+    const auto screen = Make(u"SELECT * FROM COMPS"_s);
+    for (int i = 0; i < 3; ++i) {
+        screen->optSelected(i).SetValue(true);
+        Print(*screen, [&](frm_ReportPreview& preview) {
+            EXPECT_FALSE(preview.Shown().texts.isEmpty());
+            preview.SavePdf(pdf);
+            EXPECT_TRUE(preview.lblmsg.Caption().startsWith(u"The report is in "_s)) << preview.lblmsg.Caption().toStdString();
+            preview.SaveCsv(out.filePath(u"r.csv"_s));
+            EXPECT_TRUE(preview.lblmsg.Caption().startsWith(u"The records are in "_s)) << preview.lblmsg.Caption().toStdString();
+        });
+    }
+}
+
 } // namespace
 } // namespace vasclip::upkeep
