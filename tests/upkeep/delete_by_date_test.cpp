@@ -145,6 +145,7 @@ TEST_F(EraseByDate, WantsADateAndCanBeGivenUp)
 {
     Erase(screen->cmdDeleteByDate, {});
     EXPECT_TRUE(doubles.prompter.Boxes().empty()) << "given up before any question";
+    EXPECT_EQ(screen->lblmsg.Caption(), QString()) << "nothing is asked for any more";
     QString said;
     QString title;
     doubles.screens.Play([&](forms::Screen& asks) {
