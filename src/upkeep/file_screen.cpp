@@ -262,13 +262,13 @@ void FileScreen::SetBusy(bool busy)
     gauWork.SetRange(1);
     gauWork.SetVisible(busy);
     cmdStop.SetVisible(busy);
+    if (busy)
+        cmdStop.SetFocus(); // before the others can't have it and hand it on, past all of the window
     for (forms::Control* control :
          std::initializer_list<forms::Control*>{&txtPath, &txtFileName, &txtTable, &filexport, &lstTables, &ckbCopy,
                                                 &cmdDelete, &cmdDeleteDatabase, &cmdBrowse})
         control->SetEnabled(!busy);
     EnableButtons(!busy);
-    if (busy)
-        cmdStop.SetFocus();
 }
 
 /// Work that is stopped ends first, and takes itself back.
