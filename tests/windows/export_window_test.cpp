@@ -1,3 +1,4 @@
+#include "keys.h"
 #include "report_windows.h"
 #include "support/exclusive_lock.h"
 #include "support/genuine_files.h"
@@ -129,6 +130,23 @@ TEST_F(ExportWindow, IsCanceledInTheMiddleByAClickAndClosesOnlyThen)
         EXPECT_EQ(Says(), u"Canceled: C:\\DATABOOK\\EXPORT\\EXPORT.MDB is as it was."_s);
         EXPECT_EQ(home.disk.ReadWhole(kOut), before);
         EXPECT_TRUE(The<QPushButton>(u"cmdExport"_s).isEnabled());
+    });
+}
+
+TEST_F(ExportWindow, WorkTakesTheFocusToCancelAtOnce)
+{
+    home.MakeDirs(u"C:\\DATABOOK\\EXPORT"_s);
+    Play([&] {
+        ASSERT_TRUE(Activate(*window));
+        Tick(u"ckbCopy"_s);
+        The<QLineEdit>(u"txtFileName"_s).setFocus();
+        QStringList went; // each would be scrolled into view on a small screen
+        const auto heard = QObject::connect(qApp, &QApplication::focusChanged, qApp, [&](QWidget*, QWidget* now) {
+            went.append(now == nullptr ? u"-"_s : now->objectName());
+        });
+        Press(u"cmdExport"_s);
+        QObject::disconnect(heard);
+        EXPECT_EQ(went.value(0), u"cmdStop"_s) << went.join(u' ').toStdString();
     });
 }
 
