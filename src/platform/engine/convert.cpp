@@ -10,7 +10,9 @@
 #include "platform/engine/same_value.h"
 #include "platform/engine/sql_typer.h"
 
+#include <QDateTime>
 #include <QFile>
+#include <QFileInfo>
 
 #include <cmath>
 #include <numeric>
@@ -23,6 +25,19 @@ namespace {
 
 struct Stopped
 {};
+
+/// What tells a file from itself after somebody stored into it.
+struct FileMark
+{
+    qint64 bytes;
+    QDateTime changed;
+
+    explicit FileMark(const QString& native)
+        : bytes(QFileInfo(native).size())
+        , changed(QFileInfo(native).lastModified())
+    {}
+    bool operator==(const FileMark& other) const = default;
+};
 
 /// The rows of one table, one after the other, with all that is in them; its large pictures are read when they are asked for.
 class Reader
@@ -123,6 +138,7 @@ public:
         , m_conversion(conversion)
         , m_inPlace(conversion.source.compare(conversion.target, Qt::CaseInsensitive) == 0)
         , m_from(engine.OpenDatabase(conversion.source, OpenMode::ReadOnly))
+        , m_before(engine.Disk().ToNative(conversion.source))
     {
         const files::Disk& disk = engine.Disk();
         const QString& taken = m_inPlace ? conversion.keepAs : conversion.target;
@@ -148,6 +164,7 @@ public:
         m_done.missing += CheckDatabase(*m_from, CheckDepth::Quiet);
         if (!m_done.missing.isEmpty())
             Accept();
+        NeedUnchanged();
         if (m_inPlace)
             m_engine.CopyDatabase(m_conversion.source, m_conversion.keepAs);
         m_from->Close();
@@ -171,6 +188,15 @@ private:
                                    m_conversion.source, m_done.missing.first()));
         if (!m_conversion.accept(m_done.missing))
             throw Stopped();
+    }
+
+    /// What somebody stores meanwhile would be in neither the rows that were read nor, where the new file takes the name, ours.
+    void NeedUnchanged() const
+    {
+        if (FileMark(m_engine.Disk().ToNative(m_conversion.source)) != m_before)
+            throw RuntimeError(error::kInternalEngine,
+                               u"Somebody stored into %1 while it was converted, so the new database was not kept. The old one is as "
+                               "they left it; convert it again when nobody has it open"_s.arg(m_conversion.source));
     }
 
     void Make(const QString& beside)
@@ -274,6 +300,7 @@ private:
     const Conversion& m_conversion;
     bool m_inPlace;
     std::shared_ptr<Database> m_from;
+    FileMark m_before;
     QList<TableDef> m_tables;
     QHash<QString, QSet<qint64>> m_left; ///< rows that could not be stored
     Converted m_done;

@@ -107,6 +107,25 @@ TEST_F(JetConvertTest, OneThatDoesNotHoldWhatTheOldOneHasIsNotKept)
     EXPECT_EQ(Files(), QStringList{u"BOOK.MDB"_s});
 }
 
+TEST_F(JetConvertTest, OneThatSomebodyStoresIntoMeanwhileKeepsItsName)
+{
+    static_cast<void>(Convert(kBook, kAccess, DatabaseKind::Access));
+    const QByteArray theirs = BytesOf(home.Native(u"ACCESS.MDB"_s)) + QByteArray(4096, '\0'); // a page more, as they leave it
+    conversion.keepAs = u"C:\\OLD.MDB"_s;
+    conversion.step = [&](const QString& doing, qint64, qint64) {
+        QFile file(home.Native(u"ACCESS.MDB"_s));
+        if (doing.startsWith(u"Comparing"_s) && file.size() < theirs.size()) {
+            EXPECT_TRUE(file.open(QIODevice::Append) && file.write(QByteArray(4096, '\0')) == 4096);
+        }
+        return true;
+    };
+    QString text;
+    EXPECT_EQ(ErrorOf([&] { static_cast<void>(Convert(kAccess, kAccess, DatabaseKind::Vasclip)); }, &text), error::kInternalEngine);
+    EXPECT_TRUE(text.startsWith(u"Somebody stored into C:\\ACCESS.MDB while it was converted"_s)) << text.toStdString();
+    EXPECT_EQ(BytesOf(home.Native(u"ACCESS.MDB"_s)), theirs);
+    EXPECT_EQ(Files(), (QStringList{u"ACCESS.MDB"_s, u"BOOK.MDB"_s}));
+}
+
 TEST_F(JetConvertTest, AnEmptyYesOrNoBecomesNoAndIsCounted)
 {
     const auto book = home.engine.OpenDatabase(kBook);
