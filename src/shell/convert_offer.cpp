@@ -6,6 +6,7 @@
 #include "platform/text/counted.h"
 #include "shell/program.h"
 #include "store/convert.h"
+#include "upkeep/target_file.h"
 
 namespace vasclip::shell {
 
@@ -23,6 +24,8 @@ const QString kMade = u"%1 is a Vasclip database now: %2, each value of which wa
 const text::Counted kRecords{u"record"_s, u"records"_s};
 const QString kMissing = u"Not all of %1 can be read:\n%2\n\nGo on with what can be read? The Access database is kept in "
                          u"any case."_s;
+const QString kInUse = u"%1 is open in another program, as the file %2 beside it tells. Close it there and convert it at the next "
+                       u"start; where nobody has it open, delete that file. It is opened for reading only now."_s;
 constexpr int kTold = 10; ///< lines of what is missing
 constexpr int kGauge = 100;
 
@@ -75,8 +78,14 @@ void OfferConversion(Program& program, const QString& path, const QString& table
             !HasTable(program.Engine(), path, table))
             return;
         const QString kept = store::KeptName(program.Disk(), path);
-        if (program.Prompter().MsgBox(forms::Buttons::YesNo, forms::Icon::Question, kTitle, kOffer.arg(path, kept)) ==
+        if (program.Prompter().MsgBox(forms::Buttons::YesNo, forms::Icon::Question, kTitle, kOffer.arg(path, kept)) !=
             forms::Answer::Yes)
+            return;
+        // What is stored through another program's hold on the old file would be lost with its name.
+        if (upkeep::IsLocked(program.Engine(), path))
+            program.Prompter().MsgBox(forms::Buttons::Ok, forms::Icon::Exclamation, kTitle,
+                                      kInUse.arg(path, upkeep::LockFileOf(path)));
+        else
             Convert(program, path, kept);
     } catch (const RuntimeError& failure) {
         common::ReportError(program.Prompter(), failure);

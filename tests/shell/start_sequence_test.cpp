@@ -554,6 +554,21 @@ TEST_F(AccessStart, IsOpenForReadingOnlyWhenThatIsWanted)
     EXPECT_FALSE(home.disk.FileExists(kept));
 }
 
+TEST_F(AccessStart, OneThatIsOpenInAccessIsNotTakenFromUnderIt)
+{
+    home.Put(u"C:\\DATABOOK\\DATABOOK.LDB"_s, "HOST1");
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Load();
+    ASSERT_EQ(doubles.prompter.Boxes().size(), 2U) << doubles.prompter.Texts().join(u'\n').toStdString();
+    EXPECT_TRUE(doubles.prompter.Boxes()[1].text.startsWith(
+        book + u" is open in another program, as the file C:\\DATABOOK\\DATABOOK.LDB beside it tells. "_s))
+        << doubles.prompter.Boxes()[1].text.toStdString();
+    EXPECT_EQ(main.sources.datDatabook.Recordset().RecordCount(), 10);
+    EXPECT_FALSE(main.sources.datDatabook.Recordset().Updatable());
+    EXPECT_EQ(home.disk.ReadWhole(book), before);
+    EXPECT_FALSE(home.disk.FileExists(kept));
+}
+
 TEST_F(AccessStart, AFullDirectoryOfNamesAndAMappingAreNoTrouble)
 {
     home.Put(kept, "somebody's");
