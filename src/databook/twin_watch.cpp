@@ -1,11 +1,26 @@
 #include "databook/twin_watch.h"
 
 #include "databook/same_house.h"
+#include "platform/engine/database.h"
+#include "platform/engine/errors.h"
+#include "platform/engine/waits.h"
 #include "platform/text/runtime_error.h"
 
 namespace vasclip::databook {
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Somebody types: another user is not waited for.
+engine::CallWait Briefly(engine::Engine& engine)
+{
+    engine::CallWait wait = engine.Waiting().Now();
+    wait.deadline = std::chrono::milliseconds(20);
+    return wait;
+}
+
+} // namespace
 
 TwinWatch::TwinWatch(const store::DataSource& databook, const QString& table, Ask ask)
     : m_databook(databook)
@@ -43,9 +58,12 @@ void TwinWatch::Look()
     if (!typed)
         return;
     try {
+        const engine::WaitScope brief(m_databook.Engine(), Briefly(m_databook.Engine()));
         Set(TwinOf(m_databook, m_table, typed->key, typed->address, typed->city));
-    } catch (const RuntimeError&) {
+    } catch (const RuntimeError& failure) {
         Set({}); // a Databook that can't be read just now is no reason to disturb who types
+        if (failure.Number() == error::kCouldNotReadLocked)
+            m_timer.start(); // and is looked into again: who stores is done in a moment
     }
 }
 

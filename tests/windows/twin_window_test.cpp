@@ -3,6 +3,7 @@
 
 #include "databook/entry_screen.h"
 #include "databook/twin_watch.h"
+#include "support/exclusive_lock.h"
 
 #include <QToolButton>
 
@@ -62,6 +63,24 @@ TEST_F(TwinWindow, IsNamedWhileANewCompIsTypedAndGoneTo)
     QTest::qWait(2 * databook::TwinWatch::kPause);
     EXPECT_FALSE(words.isVisible());
     EXPECT_FALSE(look.isVisible());
+}
+
+TEST_F(TwinWindow, IsNamedOnceAnotherUserIsDoneWithTheDatabook)
+{
+    MainWindow window(main.controls, port, port, guard, theme, settings);
+    window.resize(1366, 768);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    auto& box = *window.findChild<QLineEdit*>(u"txtcentralkey"_s);
+    auto& words = *window.findChild<QLabel*>(u"lblTwin"_s);
+    Type(box, u"12 Oak Street"_s);
+    {
+        const tests::ExclusiveLock theirs(home.disk.ToNative(shell::kDatabook)); // before the typing has paused
+        QTest::qWait(3 * databook::TwinWatch::kPause);
+        EXPECT_FALSE(words.isVisible());
+    }
+    EXPECT_TRUE(Comes(words)) << words.text().toStdString();
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
 
 TEST_F(TwinWindow, IsNamedWhileAnAddressIsChangedAndLookedAt)
