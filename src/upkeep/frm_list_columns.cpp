@@ -113,7 +113,8 @@ frm_ListColumns::frm_ListColumns(const TransferDesk& desk, std::shared_ptr<const
         ShowPreview();
     });
     follow(cboField, [this](int) { TakeField(); });
-    follow(cboPreset, [this](int) { TakePreset(); });
+    // Its list is asked, not its text: a name that was typed to keep the columns under is selected already, and may be chosen all the same.
+    connect(&cboPreset, &forms::Control::Clicked, this, &frm_ListColumns::TakePreset);
     connect(&txtHeadings, &forms::Control::LostFocus, this, &frm_ListColumns::TakeHeadings);
     connect(&grdcolumns, &forms::Grid::RowColChange, this, &frm_ListColumns::StandOnColumn);
     connect(&cmdKeep, &forms::Control::Clicked, this, &frm_ListColumns::cmdKeep_Click);
@@ -189,13 +190,14 @@ bool frm_ListColumns::Propose(const ListChoice& choice)
     }
 }
 
-void frm_ListColumns::Repropose(ListChoice choice)
+bool frm_ListColumns::Repropose(ListChoice choice)
 {
     if (Propose(choice))
-        return;
+        return true;
     const QString why = lblmsg.Caption();
     ShowLook(); // the boxes go back to how the list is read
     Tell(why, forms::Colour::Red);
+    return false;
 }
 
 void frm_ListColumns::ShowLook()

@@ -43,7 +43,7 @@ private:
     void FillChoices();
     /// Looks again with another choice about what the lines are. @return false, told, where it can't be read so
     bool Propose(const ListChoice& choice);
-    void Repropose(ListChoice choice);
+    bool Repropose(ListChoice choice);
     [[nodiscard]] ListChoice Lines() const;
     void ShowLook();
     void ShowPreview();
@@ -52,7 +52,7 @@ private:
     void TakeField();
     void GuessAgain();
     void ShowWriting();
-    void TakeHeadings();
+    bool TakeHeadings();
     void TakePreset();
     void ShowPresets(const QString& selected);
     void Tell(const QString& words, forms::Colour colour);

@@ -56,20 +56,21 @@ void frm_ListColumns::GuessAgain()
     ShowWriting();
 }
 
-void frm_ListColumns::TakeHeadings()
+/// @return false for a line that can't be taken, which is told
+bool frm_ListColumns::TakeHeadings()
 {
     if (m_showing)
-        return;
+        return true;
     bool number = false;
     const QString typed = text::Trim(txtHeadings.Text());
     ListChoice choice = Lines();
     choice.headingLine = typed.toLongLong(&number);
     if (number && *choice.headingLine == m_look.headingLine)
-        return;
+        return true;
     if (number && *choice.headingLine >= 0)
-        Repropose(choice);
-    else
-        Tell(kBadLine.arg(typed), forms::Colour::Red);
+        return Repropose(choice);
+    Tell(kBadLine.arg(typed), forms::Colour::Red);
+    return false;
 }
 
 void frm_ListColumns::TakePreset()
@@ -111,7 +112,8 @@ void frm_ListColumns::cmdForget_Click()
 
 void frm_ListColumns::cmdGo_Click()
 {
-    TakeHeadings(); // its key leaves no box
+    if (!TakeHeadings()) // its key leaves no box
+        return;
     const bool known = std::ranges::any_of(m_look.columns, [](const ListColumn& column) {
         return column.field == fields::ADDRESS || column.field == fields::CENTRALKEY;
     });

@@ -2,6 +2,7 @@
 
 #include "support/xlsx_file.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 
 namespace vasclip::windows {
@@ -180,6 +181,81 @@ TEST_F(ListWindow, KeepsAPresetAndTakesItAgain)
             EXPECT_EQ(The<QComboBox>(u"cboPreset"_s).count(), 0);
         });
         Press(u"cmdRehearse"_s);
+    });
+}
+
+TEST_F(ListWindow, APresetWhoseNameIsTypedIsKeptAsTheColumnsStand)
+{
+    const auto kept = [&] { return home.disk.ReadWhole(main.globals.G_UserDir + u"ListPresets.json"_s); };
+    const auto name = [&] {
+        auto& box = The<QComboBox>(u"cboPreset"_s);
+        box.setFocus();
+        QTest::keyClicks(&box, u"County"_s);
+    };
+    Play([&] {
+        ClickFile(u"SALES.CSV"_s);
+        Next([&] {
+            ClickRow(u"grdcolumns"_s, 0);
+            Choose(u"cboField"_s, u"Address"_s);
+            name();
+            Press(u"cmdKeep"_s);
+            Press(u"cmdExit"_s);
+        });
+        Press(u"cmdRehearse"_s);
+        ASSERT_TRUE(kept().contains("\"HOUSE\": \"ADDRESS\"")) << kept().toStdString();
+        Next([&] {
+            ClickRow(u"grdcolumns"_s, 1);
+            Choose(u"cboField"_s, u"City"_s);
+            name();
+            doubles.prompter.Answer(forms::Answer::Yes);
+            Press(u"cmdKeep"_s);
+            EXPECT_EQ(doubles.prompter.Last().text, u"There is a preset County. Replace it?"_s);
+            EXPECT_EQ(Cells(u"grdcolumns"_s, 1).at(2), u"City"_s) << "the old preset did not come over it";
+            EXPECT_EQ(Says(), u"Kept as County."_s);
+            Press(u"cmdExit"_s);
+        });
+        Press(u"cmdRehearse"_s);
+        EXPECT_TRUE(kept().contains("\"TOWN\": \"CITY\"")) << kept().toStdString();
+        EXPECT_TRUE(kept().contains("\"HOUSE\": \"\"")) << kept().toStdString();
+        Next([&] {
+            ClickRow(u"grdcolumns"_s, 0);
+            Choose(u"cboField"_s, u"Address"_s);
+            name();
+            doubles.prompter.Answer(forms::Answer::No);
+            Press(u"cmdKeep"_s);
+            EXPECT_TRUE(kept().contains("\"HOUSE\": \"\"")) << kept().toStdString();
+            EXPECT_EQ(Cells(u"grdcolumns"_s, 0).at(2), u"Address"_s);
+            auto& presets = The<QComboBox>(u"cboPreset"_s);
+            presets.showPopup();
+            QTest::keyClick(presets.view(), Qt::Key_Return);
+            EXPECT_EQ(Cells(u"grdcolumns"_s, 0).at(2), u"(left behind)"_s) << "chosen in its list it is taken";
+            Press(u"cmdExit"_s);
+        });
+        Press(u"cmdRehearse"_s);
+    });
+}
+
+TEST_F(ListWindow, GoesNotOnWithALineOfHeadingsThatIsNone)
+{
+    Play([&] {
+        ClickFile(u"SALES.CSV"_s);
+        Next([&] {
+            ClickRow(u"grdcolumns"_s, 0);
+            Choose(u"cboField"_s, u"Address"_s);
+            for (const auto& [line, words] :
+                 {std::pair{u"x"_s, u"\"x\" is no number of a line. 0 means that the list has no headings."_s},
+                  std::pair{u"40"_s, kList + u" has no line of headings."_s}}) {
+                Type(u"txtHeadings"_s, line);
+                QTest::keyClick(&The<QPushButton>(u"cmdGo"_s), Qt::Key_Space); // as its access key: no box is left
+                EXPECT_TRUE(window->isVisible()) << line.toStdString();
+                EXPECT_EQ(Says(), words);
+            }
+            EXPECT_EQ(Text(u"txtHeadings"_s), u"1"_s) << "the line that counts";
+            EXPECT_EQ(Cells(u"grdcolumns"_s, 0).at(2), u"Address"_s);
+            Press(u"cmdExit"_s);
+        });
+        Press(u"cmdRehearse"_s);
+        EXPECT_FALSE(doubles.screens.Shown().contains(u"frm_Rehearse"_s));
     });
 }
 
