@@ -150,7 +150,11 @@ bool FileScreen::ShowCount()
     bool counted = true;
     if (lstTables.ListIndex() >= 0 && !NamesList()) {
         try {
-            words = kRecords(CountOf(m_desk.Engine(), File(), lstTables.List(lstTables.ListIndex())));
+            QString damage;
+            words = kRecords(CountOf(m_desk.Engine(), File(), lstTables.List(lstTables.ListIndex()), &damage));
+            counted = damage.isEmpty();
+            if (!counted) // where a file that was cut breaks off, only who goes through its rows finds
+                TellOfListing(DamagedFileWords(File(), damage) + u'.');
         } catch (const RuntimeError& failure) {
             TellOfListing(failure.Description() + u'.');
             counted = false;

@@ -135,8 +135,13 @@ void frm_Import::Import(const QString& source, const WorkStep& step)
     const ImportResult result = ImportTable(
         Desk(), {.source = source, .table = text::Trim(txtTable.Text()), .pictures = ckbCopy.Value()}, step);
     m_changed = m_changed || result.appended > 0;
-    QStringList lines = AccountOf(result);
+    const QStringList lines = AccountOf(result);
     Tell(WordsOf(result), result.done && lines.isEmpty() ? forms::Colour::Blue : forms::Colour::Red);
+    ShowLeftOut(lines);
+}
+
+void frm_Import::ShowLeftOut(QStringList lines)
+{
     if (lines.size() > kShownLines) {
         const qsizetype more = lines.size() - kShownLines;
         lines.resize(kShownLines);
@@ -176,6 +181,7 @@ void frm_Import::Rehearse(const ImportOrder& order)
     Desk().ports.screens.ShowModal(screen);
     m_changed = m_changed || screen.Done() > 0;
     Tell(screen.lblmsg.Caption(), screen.lblmsg.Fore());
+    ShowLeftOut(screen.LeftOut());
 }
 
 /// Nobody knows what a list holds before it was looked at: it comes in through its columns and the rehearsal alone.

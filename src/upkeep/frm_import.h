@@ -35,6 +35,7 @@ private:
     void Import(const QString& source, const WorkStep& step);
     void ImportList(const QString& source);
     void Rehearse(const ImportOrder& order);
+    void ShowLeftOut(QStringList lines);
 
     bool m_changed = false;
 };

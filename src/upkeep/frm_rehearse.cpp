@@ -64,7 +64,8 @@ frm_Rehearse::frm_Rehearse(const TransferDesk& desk, std::unique_ptr<Rehearsal> 
 void frm_Rehearse::Form_Load()
 {
     lblSummary.SetCaption(SummaryOf(*m_rehearsal));
-    lblmsg.Show(DamageWords(m_rehearsal->Damage()).trimmed(), forms::Colour::Red);
+    m_leftOut = m_rehearsal->Damage();
+    lblmsg.Show(DamageWords(m_leftOut).trimmed(), forms::Colour::Red);
     grdrows.SetColumns(RehearsedRows::Columns());
     grdfields.SetColumns(FieldRows::Columns());
     grdrows.Rebind(&m_rows, m_rows.RowCount() > 0 ? 0 : -1);
@@ -190,7 +191,9 @@ void frm_Rehearse::cmdImport_Click()
     const RehearsalResult result = Carry();
     m_done += result.added + result.changed;
     grdrows.Refresh(); // a row that could not be carried out says why
-    lblmsg.Show(WordsOf(result), result.done && result.undone.isEmpty() ? forms::Colour::Blue : forms::Colour::Red);
+    if (result.done)
+        m_leftOut = LeftOutOf(result);
+    lblmsg.Show(WordsOf(result), result.done && m_leftOut.isEmpty() ? forms::Colour::Blue : forms::Colour::Red);
     if (m_over)
         ShowRow();
 }

@@ -25,6 +25,8 @@ public:
     void cmdRefused_Click();
     /// Records that were added or changed.
     [[nodiscard]] qint64 Done() const { return m_done; }
+    /// What could not be read or did not come in, a line each.
+    [[nodiscard]] const QStringList& LeftOut() const { return m_leftOut; }
 
 protected:
     void Form_Load() override;
@@ -45,6 +47,7 @@ private:
     RehearsedRows m_rows;
     FieldRows m_fields;
     qint64 m_done = 0;
+    QStringList m_leftOut;
     bool m_over = false; ///< it was imported: nothing is left to choose
     bool m_busy = false;
     bool m_stop = false;

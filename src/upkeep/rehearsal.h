@@ -112,6 +112,8 @@ private:
 [[nodiscard]] QString NameOf(RowKind kind);
 [[nodiscard]] QString NameOf(RowChoice choice);
 [[nodiscard]] QString WordsOf(const RehearsalResult& result);
+/// A line for each row and picture whose choice came to nothing, and for what could not be read.
+[[nodiscard]] QStringList LeftOutOf(const RehearsalResult& result);
 /// How many rows of each kind there are, in one line.
 [[nodiscard]] QString SummaryOf(const Rehearsal& rehearsal);
 

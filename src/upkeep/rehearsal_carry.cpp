@@ -21,7 +21,7 @@ const QString kImportWords = u"Import from %1"_s;
 const QString kChangeWords = u"Import into %1"_s;
 const QString kAddedMeanwhile = u"a record of this key is in the Databook by now"_s;
 const QString kGoneMeanwhile = u"your record is not there any more"_s;
-const QString kRowGone = u"the row is not in the file any more"_s;
+const QString kRowGone = u"the row does not stand in the file any more as it was read"_s;
 
 } // namespace
 
@@ -45,6 +45,15 @@ QStringList Rehearsal::AddRows(RehearsalResult& result, Undone& undone)
         result.added += store::AppendRows(m_desk.databook, AppendStatement(m_desk, m_order, m_plan, named), some,
                                           kImportWords.arg(m_order.Name()));
     }
+    if (result.added == keys.size())
+        return keys;
+    const QSet<QString> there = KeysThere(m_desk.databook, m_desk.globals.G_Table, keys);
+    keys.removeIf([&](const QString& key) {
+        const bool gone = !there.contains(KeyMark(key));
+        if (gone)
+            undone.insert(places.value(KeyMark(key)), kRowGone);
+        return gone;
+    });
     return keys;
 }
 

@@ -56,6 +56,11 @@ QString WordsOf(const RehearsalResult& result)
     return words;
 }
 
+QStringList LeftOutOf(const RehearsalResult& result)
+{
+    return result.damage + result.undone + result.pictures.notSaved;
+}
+
 QString SummaryOf(const Rehearsal& rehearsal)
 {
     QStringList parts;

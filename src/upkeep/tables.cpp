@@ -65,7 +65,7 @@ QString ListTheTables(engine::Engine& engine, const QString& file, forms::ListBo
 {
     QString damage;
     const QString why = Fill(engine.Disk(), file, list, selected, [&] { return TablesOf(engine, file, &damage); });
-    return why.isEmpty() && !damage.isEmpty() ? kDamaged.arg(file, damage) : why;
+    return why.isEmpty() ? DamagedFileWords(file, damage) : why;
 }
 
 QString ListTheSheets(const files::Disk& disk, const QString& file, forms::ListBox& list, const QString& selected)
@@ -73,10 +73,17 @@ QString ListTheSheets(const files::Disk& disk, const QString& file, forms::ListB
     return Fill(disk, file, list, selected, [&] { return SheetsOf(disk, file); });
 }
 
-qint64 CountOf(engine::Engine& engine, const QString& file, const QString& table)
+QString DamagedFileWords(const QString& file, const QString& damage)
+{
+    return damage.isEmpty() ? QString() : kDamaged.arg(file, damage);
+}
+
+qint64 CountOf(engine::Engine& engine, const QString& file, const QString& table, QString* damage)
 {
     const auto database = engine.OpenDatabase(file, engine::OpenMode::ReadOnly);
     const qint64 count = store::CountRows(*database, table);
+    if (damage)
+        *damage = engine::DamageOf(*database);
     database->Close();
     return count;
 }

@@ -21,8 +21,10 @@ QString ListTheTables(engine::Engine& engine, const QString& file, forms::ListBo
 /// The same with the sheets of a spreadsheet file; a text file has none.
 QString ListTheSheets(const files::Disk& disk, const QString& file, forms::ListBox& list, const QString& selected);
 
-/// Records of a table of a file. @throws RuntimeError of the engine
-[[nodiscard]] qint64 CountOf(engine::Engine& engine, const QString& file, const QString& table);
+/// Records of a table of a file. @param damage  what the count found of it. @throws RuntimeError of the engine
+[[nodiscard]] qint64 CountOf(engine::Engine& engine, const QString& file, const QString& table, QString* damage = nullptr);
+/// "FILE is damaged, and not all of it can be read: ...", "" for none.
+[[nodiscard]] QString DamagedFileWords(const QString& file, const QString& damage);
 
 /// Runs "DROP TABLE " on the file. @throws RuntimeError 3376 if there is none, 3211 if it is in use
 void DeleteTable(engine::Engine& engine, const QString& file, const QString& table);
