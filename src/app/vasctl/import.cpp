@@ -227,7 +227,7 @@ private:
         const upkeep::RehearsalResult result = rehearsal.Carry(Step());
         m_line.Clear();
         if (!m_out.Json())
-            for (const QString& one : std::as_const(result.undone))
+            for (const QString& one : result.undone + result.pictures.notSaved)
                 m_out.Line(one);
         const QString words = upkeep::WordsOf(result);
         m_out.Value({{u"file"_s, m_given},
