@@ -107,6 +107,20 @@ TEST_F(JetConvertTest, OneThatDoesNotHoldWhatTheOldOneHasIsNotKept)
     EXPECT_EQ(Files(), QStringList{u"BOOK.MDB"_s});
 }
 
+TEST_F(JetConvertTest, OneThatHasMoreThanTheOldOneIsNotKept)
+{
+    bool deleted = false;
+    conversion.step = [&](const QString& doing, qint64, qint64) {
+        if (doing.startsWith(u"Comparing"_s) && !std::exchange(deleted, true))
+            home.engine.OpenDatabase(kBook)->Execute(u"DELETE FROM COMPS WHERE CENTRALKEY = '299 OAK ST'"_s);
+        return true;
+    };
+    QString text;
+    EXPECT_EQ(ErrorOf([&] { static_cast<void>(Convert(kBook, kAccess, DatabaseKind::Access)); }, &text), error::kInternalEngine);
+    EXPECT_TRUE(text.contains(u"table COMPS has records that the old one has not"_s)) << text.toStdString();
+    EXPECT_EQ(Files(), QStringList{u"BOOK.MDB"_s});
+}
+
 TEST_F(JetConvertTest, OneThatSomebodyStoresIntoMeanwhileKeepsItsName)
 {
     static_cast<void>(Convert(kBook, kAccess, DatabaseKind::Access));
