@@ -89,6 +89,13 @@ frm_ListColumns::frm_ListColumns(const TransferDesk& desk, std::shared_ptr<const
                 take(box.ListIndex());
         });
     };
+    // Here a choice counts also where it is what stood there: dates are confirmed, and the name of a preset may have been typed.
+    const auto hear = [this](forms::ComboBox& box, const std::function<void(int)>& take) {
+        connect(&box, &forms::Control::Clicked, this, [&box, take] {
+            if (box.ListIndex() >= 0)
+                take(box.ListIndex());
+        });
+    };
     follow(cboSheet, [this](int) { Repropose({.sheet = cboSheet.Text()}); });
     follow(cboDelimiter, [this](int at) {
         ListChoice choice = Lines();
@@ -101,20 +108,19 @@ frm_ListColumns::frm_ListColumns(const TransferDesk& desk, std::shared_ptr<const
         choice.codePage = cboCodePage.Text();
         Repropose(choice);
     });
-    follow(cboDates, [this](int at) {
+    hear(cboDates, [this](int at) {
         m_look.dates = static_cast<DateOrder>(at);
         m_datesOpen = false;
         m_datesSaid = true;
         ShowPreview();
     });
-    follow(cboDecimal, [this](int at) {
+    hear(cboDecimal, [this](int at) {
         m_look.decimal = at == 1 ? u',' : u'.';
         m_decimalSaid = true;
         ShowPreview();
     });
     follow(cboField, [this](int) { TakeField(); });
-    // Its list is asked, not its text: a name that was typed to keep the columns under is selected already, and may be chosen all the same.
-    connect(&cboPreset, &forms::Control::Clicked, this, &frm_ListColumns::TakePreset);
+    hear(cboPreset, [this](int) { TakePreset(); });
     connect(&txtHeadings, &forms::Control::LostFocus, this, &frm_ListColumns::TakeHeadings);
     connect(&grdcolumns, &forms::Grid::RowColChange, this, &frm_ListColumns::StandOnColumn);
     connect(&cmdKeep, &forms::Control::Clicked, this, &frm_ListColumns::cmdKeep_Click);

@@ -188,6 +188,13 @@ TEST_F(DatabookUpgrade, CopiesTheReferenceFilesIntoTheScratchOnes)
     disk.WriteWhole(u"C:\\VAS2000\\newdata.mdb"_s, "data");
     CopyFromNewFiles(disk, globals);
     EXPECT_EQ(disk.ReadWhole(u"C:\\USER\\tempdat.mdb"_s), "data");
+    disk.WriteWhole(u"C:\\VAS2000\\newdata.mdb"_s, "DATA");
+    QFile newer(disk.ToNative(u"C:\\VAS2000\\newdata.mdb"_s));
+    ASSERT_TRUE(newer.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(newer.setFileTime(QDateTime::currentDateTimeUtc().addSecs(60), QFileDevice::FileModificationTime));
+    newer.close();
+    CopyFromNewFiles(disk, globals);
+    EXPECT_EQ(disk.ReadWhole(u"C:\\USER\\tempdat.mdb"_s), "DATA") << "of the same size, and newer";
     disk.WriteWhole(u"C:\\VAS2000\\appraisal.mbk"_s, "map");
     disk.WriteWhole(u"C:\\VAS2000\\newcmts.mdb"_s, "comments");
     CopyFromNewFiles(disk, globals);
@@ -200,6 +207,18 @@ TEST_F(DatabookUpgrade, CopiesTheReferenceFilesIntoTheScratchOnes)
     Copy2Temp(engine, globals);
     EXPECT_EQ(store::FieldCount(engine, u"C:\\TEMPCOMP.MDB"_s), whole);
     EXPECT_TRUE(engine.OpenDatabase(u"C:\\USER\\TEMPCMTS.MDB"_s)->TableNames().contains(u"CITIES"_s));
+}
+
+TEST_F(DatabookUpgrade, AScratchFileThatCanNotBeMadeIsMissedByNobody)
+{
+    MakeOld(kAdded);
+    store::MakeDatabase(engine, u"C:\\VAS2000\\NEWDATA.MDB"_s);
+    disk.MkDir(u"C:\\USER\\tempdat.mdb"_s);
+    EXPECT_NE(tests::NumberOf([&] { CopyFromNewFiles(disk, globals); }), 0);
+    doubles.prompter.Answer(forms::Answer::Yes);
+    Check();
+    EXPECT_EQ(doubles.prompter.Last().text, kDone);
+    EXPECT_EQ(Fields().size(), whole);
 }
 
 TEST_F(DatabookUpgrade, ATableInUseIsToldAndTheSourceStaysClosed)

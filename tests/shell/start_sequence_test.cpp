@@ -569,6 +569,49 @@ TEST_F(AccessStart, OneThatIsOpenInAccessIsNotTakenFromUnderIt)
     EXPECT_FALSE(home.disk.FileExists(kept));
 }
 
+TEST_F(AccessStart, IsNotOfferedInAHomeForLookingNorWithoutItsTable)
+{
+    OfferConversion(program, book, u"NOSUCH"_s);
+    EXPECT_TRUE(doubles.prompter.Boxes().empty());
+    options.homeIsReadOnly = true;
+    Load();
+    EXPECT_TRUE(doubles.prompter.Boxes().empty()) << doubles.prompter.Texts().join(u'\n').toStdString();
+    EXPECT_EQ(home.disk.ReadWhole(book), before);
+}
+
+TEST_F(AccessStart, OneThatCanNotBeOpenedIsToldAndStays)
+{
+    home.Put(book, before.left(1000));
+    OfferConversion(program, book, u"COMPS"_s);
+    ASSERT_EQ(doubles.prompter.Boxes().size(), 1U);
+    EXPECT_TRUE(doubles.prompter.Last().text.contains(u"it breaks off in its first 1000 bytes"_s)) << doubles.prompter.Last().text.toStdString();
+    EXPECT_EQ(home.disk.ReadWhole(book), before.left(1000));
+}
+
+TEST_F(AccessStart, OfADamagedOneWhatIsMissingIsShownBeforeItsPlaceIsTaken)
+{
+    QByteArray hurt = before;
+    for (qsizetype at = hurt.indexOf("Oak St"); at > 0; at = hurt.indexOf("Oak St", at + 1)) // each page with rows of comps
+        for (qsizetype entry = at / 4096 * 4096 + 14, row = 0; row < 3; ++row, entry += 2) {
+            hurt[entry] = 1;
+            hurt[entry + 1] = 0;
+        }
+    home.Put(book, hurt);
+    for (const bool goOn : {false, true}) {
+        doubles.prompter.Forget();
+        doubles.prompter.Answer(forms::Answer::Yes);
+        doubles.prompter.Answer(goOn ? forms::Answer::Yes : forms::Answer::No);
+        OfferConversion(program, book, u"COMPS"_s);
+        ASSERT_GE(doubles.prompter.Boxes().size(), 2U) << doubles.prompter.Texts().join(u'\n').toStdString();
+        const tests::ShownBox asked = doubles.prompter.Boxes().at(1);
+        EXPECT_EQ(asked.icon, forms::Icon::Exclamation);
+        EXPECT_TRUE(asked.text.startsWith(u"Not all of "_s + book + u" can be read:\ntable COMPS, row 0 of page "_s)) << asked.text.toStdString();
+        EXPECT_TRUE(asked.text.endsWith(u"Go on with what can be read? The Access database is kept in any case."_s));
+        EXPECT_EQ(home.disk.FileExists(kept), goOn);
+        EXPECT_EQ(home.disk.ReadWhole(goOn ? kept : book), hurt);
+    }
+}
+
 TEST_F(AccessStart, AFullDirectoryOfNamesAndAMappingAreNoTrouble)
 {
     home.Put(kept, "somebody's");

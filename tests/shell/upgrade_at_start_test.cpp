@@ -92,6 +92,25 @@ TEST_F(UpgradeAtStart, AnotherDatabookOfAnOlderLayoutIsAskedAboutToo)
     EXPECT_TRUE(store::ReadRecord(program.sources.datDatabook, u"12 OAK ST"_s)->Has(u"OTHERAREA2"_s));
 }
 
+TEST_F(UpgradeAtStart, AnotherDatabookIsOpenedWithoutAReferenceOrInAHomeForLooking)
+{
+    engine.CopyDatabase(kDatabook, u"C:\\DATABOOK\\OLDER.MDB"_s);
+    engine.CopyDatabase(kDatabook, u"C:\\DATABOOK\\OLDEST.MDB"_s);
+    doubles.prompter.Answer(forms::Answer::No); // for the one of the start
+    Load();
+    doubles.prompter.Forget();
+    home.Put(u"C:\\VAS2000\\newdata.mdb"_s, "this is no database");
+    ASSERT_TRUE(main.databookInUse.SwitchDatabook(u"C:\\DATABOOK\\"_s, u"OLDER.MDB"_s)) << "a start would end";
+    EXPECT_EQ(doubles.prompter.Last().title, u"Error processing databook field count"_s);
+    EXPECT_EQ(program.DatabookPath(), u"C:\\DATABOOK\\OLDER.MDB"_s);
+    doubles.prompter.Forget();
+    home.disk.Kill(u"C:\\VAS2000\\newdata.mdb"_s);
+    program.life.readOnlyHome = true;
+    ASSERT_TRUE(main.databookInUse.SwitchDatabook(u"C:\\DATABOOK\\"_s, u"OLDEST.MDB"_s));
+    EXPECT_TRUE(doubles.prompter.Boxes().empty()) << doubles.prompter.Texts().join(u'\n').toStdString();
+    program.life.readOnlyHome = false;
+}
+
 TEST_F(UpgradeAtStart, AHomeForLookingAloneIsNotAsked)
 {
     options.homeIsReadOnly = true;

@@ -279,6 +279,59 @@ TEST_F(ExportWindow, AnExportDirectoryThatVanishesMeanwhileIsToldAndNothingElse)
     });
 }
 
+TEST_F(ExportWindow, ShowsWhatIsThereWhenItOpensAndWhatIsClicked)
+{
+    Play([&] {
+        EXPECT_EQ(The<QLabel>(u"lblSourceDB"_s).text(), shell::kDatabook);
+        Press(u"cmdExport"_s);
+        main.records.state.sqlText = u"SELECT COMPS.CITY FROM COMPS WHERE UCASE(CITY) LIKE '*BIRCH*'"_s;
+        Type(u"txtTable"_s, u"SECOND"_s);
+        doubles.pump.onTurn = [&] { EXPECT_TRUE(doubles.window.hourglass); };
+        Tick(u"ckbCopy"_s);
+        Press(u"cmdExport"_s);
+        doubles.pump.onTurn = {};
+        EXPECT_FALSE(doubles.window.hourglass);
+    });
+    PlayOn(u"frm_Export"_s, [&] { main.mnuDBItem.Choose(u"mnuDBItem"_s, 1); }, [&](forms::Screen& shown) {
+        EXPECT_EQ(Lines(u"filexport"_s), QStringList{u"EXPORT.MDB"_s});
+        EXPECT_EQ(Lines(u"lstTables"_s), (QStringList{u"COMPS"_s, u"SECOND"_s}));
+        EXPECT_EQ(The<QLabel>(u"lblRecordCount"_s).text(), u"2 records"_s);
+        ClickLine(u"lstTables"_s, 1);
+        EXPECT_EQ(The<QLabel>(u"lblRecordCount"_s).text(), u"1 records"_s);
+        Tick(u"ckbDateStamp"_s);
+        EXPECT_EQ(Lines(u"lstTables"_s), QStringList()) << "there is no file of the stamped name";
+        Tick(u"ckbDateStamp"_s);
+        EXPECT_EQ(Lines(u"lstTables"_s).size(), 2);
+        home.disk.Kill(u"C:\\JPG\\00000001.jpg"_s);
+        Tick(u"ckbCopy"_s);
+        Press(u"cmdExport"_s);
+        EXPECT_EQ(dynamic_cast<const upkeep::frm_Export&>(shown).lblmsg.Fore(), forms::Colour::Red) << "a picture is not inside";
+        Tick(u"ckbCopy"_s);
+        Press(u"cmdExport"_s);
+        EXPECT_EQ(dynamic_cast<const upkeep::frm_Export&>(shown).lblmsg.Fore(), forms::Colour::Blue);
+    });
+}
+
+TEST_F(ExportWindow, DeletesWhatTheAnswerSaysAndTellsIt)
+{
+    Play([&] {
+        Press(u"cmdExport"_s);
+        Type(u"txtTable"_s, u"NOSUCH"_s);
+        Press(u"cmdDelete"_s);
+        EXPECT_EQ(Says(), u"There is no table NOSUCH in "_s + kOut + u'.');
+        ClickLine(u"lstTables"_s, 0);
+        doubles.prompter.Answer(forms::Answer::No);
+        Press(u"cmdDelete"_s);
+        EXPECT_EQ(Lines(u"lstTables"_s), QStringList{u"COMPS"_s}) << "No keeps it";
+        doubles.prompter.Answer(forms::Answer::Yes);
+        Press(u"cmdDelete"_s);
+        EXPECT_EQ(Says(), u"The table COMPS was deleted from "_s + kOut + u'.');
+        doubles.prompter.Answer(forms::Answer::Yes);
+        Press(u"cmdDeleteDatabase"_s);
+        EXPECT_EQ(Says(), kOut + u" was deleted."_s);
+    });
+}
+
 TEST_F(ExportWindow, KeepsATableThatWasTypedWhenTheListIsRefilled)
 {
     Play([&] {

@@ -97,6 +97,53 @@ TEST_F(ImportWindow, TheSameNameInAnotherDirectoryIsNoImportUntoItself)
     EXPECT_EQ(Records().size(), 3);
 }
 
+TEST_F(ImportWindow, NeedsATableAndListsThoseOfANameThatIsTyped)
+{
+    Play([&] {
+        window->activateWindow();
+        QApplication::setActiveWindow(window);
+        EXPECT_TRUE(The<QRadioButton>(u"optLocation_0"_s).isChecked());
+        EXPECT_FALSE(The<QRadioButton>(u"optLocation_2"_s).isChecked());
+        Type(u"txtFileName"_s, u"theirs.mdb"_s);
+        The<QLineEdit>(u"txtTable"_s).setFocus();
+        EXPECT_EQ(Lines(u"lstTables"_s), QStringList{u"COMPS"_s});
+        EXPECT_EQ(The<QLabel>(u"lblRecordCount"_s).text(), u"3 records"_s);
+        Type(u"txtTable"_s, u" "_s);
+        Press(u"cmdImport"_s);
+        EXPECT_EQ(Says(), u"Choose a table first."_s);
+        doubles.prompter.AnswerDialog({});
+        Press(u"cmdBrowse"_s);
+        EXPECT_EQ(doubles.prompter.Dialogs().back().filter,
+                  u"*.mdb|Access|*.csv;*.txt;*.tsv;*.xlsx;*.xlsm|Text and spreadsheet files"_s);
+    });
+    EXPECT_EQ(Records().size(), 1);
+}
+
+TEST_F(ImportWindow, WaitsUnderTheHourglassAndSaysInRedThatSomeStayedOut)
+{
+    PlayOn(u"frm_Import"_s, [&] { main.mnuDBItem.Choose(u"mnuDBItem"_s, 0); }, [&](forms::Screen& shown) {
+        ClickLine(u"filexport"_s, 0);
+        Tick(u"ckbCopy"_s);
+        doubles.pump.onTurn = [&] {
+            EXPECT_TRUE(doubles.window.hourglass);
+            EXPECT_FALSE(The<QListView>(u"filexport"_s).isEnabled()) << "nothing is chosen meanwhile";
+            EXPECT_EQ(QApplication::focusWidget() == nullptr || QApplication::focusWidget() == &The<QPushButton>(u"cmdStop"_s), true);
+        };
+        Press(u"cmdImport"_s);
+        doubles.pump.onTurn = {};
+        EXPECT_FALSE(doubles.window.hourglass);
+        EXPECT_EQ(dynamic_cast<const upkeep::frm_Import&>(shown).lblmsg.Fore(), forms::Colour::Red) << "one was refused";
+        EXPECT_EQ(Lines().size(), 1);
+        Press(u"cmdImport"_s);
+        EXPECT_EQ(Lines().size(), 3);
+        const auto database = engine.OpenDatabase(kTheirs);
+        database->Execute(u"DELETE FROM COMPS"_s);
+        database->Close();
+        Press(u"cmdImport"_s);
+        EXPECT_TRUE(Lines().isEmpty()) << "that was of another import";
+    });
+}
+
 TEST_F(ImportWindow, GoesToTheThreeDirectories)
 {
     home.MakeDirs(u"C:\\DATABOOK\\ARCHIVE"_s);
@@ -130,9 +177,11 @@ TEST_F(ImportWindow, IsCanceledInTheMiddle)
         Press(u"cmdImport"_s);
         doubles.pump.onTurn = {};
         EXPECT_EQ(Says(), u"Canceled: nothing came in."_s);
+        EXPECT_EQ(Records().size(), 1);
+        EXPECT_EQ(home.disk.Dir(u"C:\\JPG\\*"_s), QStringList());
+        Press(u"cmdImport"_s);
+        EXPECT_TRUE(Says().startsWith(u"2 records of"_s)) << "the stop counted once: " << Says().toStdString();
     });
-    EXPECT_EQ(Records().size(), 1);
-    EXPECT_EQ(home.disk.Dir(u"C:\\JPG\\*"_s), QStringList());
 }
 
 TEST_F(ImportWindow, TakesATableOfAFileThatHasNoneOfTheUsualName)

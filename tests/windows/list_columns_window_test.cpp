@@ -272,6 +272,76 @@ TEST_F(ListWindow, SaysWhyAFileCanNotBeRead)
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
 
+TEST_F(ListWindow, WhatWasSaidStaysAndAFieldHasOneColumn)
+{
+    home.disk.WriteWhole(kList, "Notes of the county\nAddress,Sold,Closed,Price\n1 Ash St,31/3/2004,1/4/2004,1.250\n");
+    Play([&] {
+        ClickFile(u"SALES.CSV"_s);
+        Next([&] {
+            Choose(u"cboDelimiter"_s, u"Semicolon"_s);
+            EXPECT_EQ(Text(u"txtHeadings"_s), u"1"_s);
+            Choose(u"cboDelimiter"_s, u"Comma"_s);
+            EXPECT_EQ(Text(u"txtHeadings"_s), u"2"_s) << "found anew for other lines";
+            Choose(u"cboDates"_s, u"Year first"_s);
+            Choose(u"cboDates"_s, u"Month first"_s);
+            Choose(u"cboDecimal"_s, u"Comma"_s);
+            ClickRow(u"grdcolumns"_s, 1);
+            Choose(u"cboField"_s, u"Sale Date"_s);
+            EXPECT_EQ(Chosen(u"cboDates"_s), u"Month first  3/31/2004"_s) << "whatever its values tell";
+            EXPECT_EQ(Chosen(u"cboDecimal"_s), u"Comma  1.250,50"_s);
+            ClickRow(u"grdcolumns"_s, 2);
+            Choose(u"cboField"_s, u"Sale Date"_s);
+            EXPECT_EQ(Cells(u"grdcolumns"_s, 1).at(2), u"(left behind)"_s);
+            Press(u"cmdExit"_s);
+        });
+        Press(u"cmdRehearse"_s);
+    });
+}
+
+TEST_F(ListWindow, TheOrderOfDatesThatIsShownCanBeConfirmed)
+{
+    home.disk.WriteWhole(kList, "Address,Sale Date\n1 Ash St,03/04/2004\n");
+    Play([&] {
+        ClickFile(u"SALES.CSV"_s);
+        Next([&] {
+            EXPECT_EQ(Says(), u"All can be read (lines: 1). No date tells whether the month or the day stands first: look at them."_s);
+            auto& dates = The<QComboBox>(u"cboDates"_s);
+            dates.showPopup();
+            QTest::keyClick(dates.view(), Qt::Key_Return);
+            EXPECT_EQ(Chosen(u"cboDates"_s), u"Month first  3/31/2004"_s);
+            EXPECT_EQ(Says(), u"All can be read (lines: 1)."_s);
+            Press(u"cmdExit"_s);
+        });
+        Press(u"cmdRehearse"_s);
+    });
+}
+
+TEST_F(ListWindow, AListThatBreaksOffIsToldBelow)
+{
+    QByteArray lines = "Address,City\n";
+    for (int i = 0; i < 2000; ++i)
+        lines += QByteArray::number(i) + " Ash St,Cedar\n";
+    home.disk.WriteWhole(kList, lines + "1 Elm St,\"Cedar\n");
+    Play([&] {
+        ClickFile(u"SALES.CSV"_s);
+        Next([&] { Press(u"cmdGo"_s); }); // the lines that it looked at are good
+        Press(u"cmdRehearse"_s);
+        EXPECT_EQ(Says(), u"Line 2002: a quote is never closed."_s);
+        EXPECT_TRUE(doubles.prompter.Boxes().empty());
+        home.disk.WriteWhole(kList, lines);
+        Next([&] { Press(u"cmdGo"_s); });
+        doubles.pump.onTurn = [&] {
+            if (The<QPushButton>(u"cmdStop"_s).isVisible())
+                Press(u"cmdStop"_s);
+        };
+        Press(u"cmdRehearse"_s);
+        doubles.pump.onTurn = {};
+        EXPECT_EQ(Says(), u"Canceled: nothing came in."_s);
+    });
+    EXPECT_FALSE(doubles.screens.Shown().contains(u"frm_Rehearse"_s));
+    EXPECT_EQ(Records().size(), 1);
+}
+
 TEST_F(ListWindow, ShowsAListThatHasNoLines)
 {
     home.disk.WriteWhole(kList, "\r\n");
