@@ -75,6 +75,24 @@ TEST_F(VasctlConvert, AListOfTablesSaysThatTheFileIsDamaged)
     EXPECT_TRUE(import.err.contains("damaged")) << import.err.toStdString();
 }
 
+TEST_F(VasctlConvert, APartOfADamagedFileComesInAndTheExitCodeTells)
+{
+    ASSERT_EQ(Convert(kBook, u"C:\\MADE.MDB"_s, u"access"_s).code, kDone);
+    QFile file(home.Path() + u"/drive_c/MADE.MDB"_s);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    const QByteArray whole = file.readAll();
+    const qsizetype page = whole.indexOf("Marlow") / 4096 * 4096; // with rows of comps
+    ASSERT_TRUE(page > 0 && file.seek(page + 14) && file.write("\x01\x00", 2) == 2);
+    file.close();
+    for (const QStringList& how : {QStringList{u"--rehearse"_s}, QStringList{u"--choose"_s, u"new=mine"_s}, QStringList{}}) {
+        const Ended import = home.Vasctl(QStringList{u"--plain"_s, u"import"_s, u"C:\\MADE.MDB"_s} + how);
+        EXPECT_EQ(import.code, kFailed) << how.join(u' ').toStdString();
+        EXPECT_TRUE(import.err.contains("table COMPS, row 0 of page ")) << how.join(u' ').toStdString() << import.err.toStdString();
+        EXPECT_FALSE(import.out.isEmpty()) << "and what was done all the same";
+    }
+    EXPECT_EQ(Comps(kBook).size(), 60);
+}
+
 TEST_F(VasctlConvert, WhatOnlyTheSourceHasIsSaidWithItsName)
 {
     if (GenuineFiles().isEmpty())
