@@ -83,6 +83,11 @@ frm_ListColumns::frm_ListColumns(const TransferDesk& desk, std::shared_ptr<const
     cboDelimiter.SetVisible(!m_file->IsWorkbook());
     cboCodePage.SetVisible(!m_file->IsWorkbook());
     FillChoices();
+    Listen();
+}
+
+void frm_ListColumns::Listen()
+{
     const auto follow = [this](forms::ComboBox& box, const std::function<void(int)>& take) {
         connect(&box, &forms::ListBox::ListIndexChanged, this, [this, &box, take] {
             if (!m_showing && box.ListIndex() >= 0)

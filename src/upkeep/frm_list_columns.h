@@ -43,6 +43,7 @@ private:
     void FillChoices();
     /// Looks again with another choice about what the lines are. @return false, told, where it can't be read so
     bool Propose(const ListChoice& choice);
+    void Listen();
     bool Repropose(ListChoice choice);
     [[nodiscard]] ListChoice Lines() const;
     void ShowLook();

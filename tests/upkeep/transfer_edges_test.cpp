@@ -193,7 +193,8 @@ TEST_F(TransferEdges, ACsvFileHasEachColumnButThePicture)
 TEST_F(TransferEdges, AListIsReadInTheCodePageThatItIsSaidToHave)
 {
     disk.WriteWhole(csv, "\xEF\xBB\xBF" "Address,City\n1 Ash St,Caf\xC3\xA9\n");
-    EXPECT_EQ(Look(csv).look.columns.first().field, u"ADDRESS"_s) << "the mark is no letter of the heading";
+    EXPECT_EQ(Look(csv).look.columns.first().field, u"ADDRESS"_s);
+    EXPECT_EQ(Look(csv).look.columns.first().heading, u"Address"_s) << "the mark is no letter of it";
     EXPECT_EQ(Import(csv, {.codePage = u"ISO-8859-1"_s}).appended, 0) << "no heading is an address there";
     disk.WriteWhole(csv, "Address,City\n1 Ash St,Caf\xE9\n");
     EXPECT_EQ(tests::ThrownBy([&] { return Look(csv, {.codePage = u"UTF-8"_s}).datesOpen; }).words,

@@ -122,12 +122,14 @@ TEST_F(ImportWindow, NeedsATableAndListsThoseOfANameThatIsTyped)
 TEST_F(ImportWindow, WaitsUnderTheHourglassAndSaysInRedThatSomeStayedOut)
 {
     PlayOn(u"frm_Import"_s, [&] { main.mnuDBItem.Choose(u"mnuDBItem"_s, 0); }, [&](forms::Screen& shown) {
+        window->activateWindow();
+        QApplication::setActiveWindow(window);
         ClickLine(u"filexport"_s, 0);
         Tick(u"ckbCopy"_s);
         doubles.pump.onTurn = [&] {
             EXPECT_TRUE(doubles.window.hourglass);
             EXPECT_FALSE(The<QListView>(u"filexport"_s).isEnabled()) << "nothing is chosen meanwhile";
-            EXPECT_EQ(QApplication::focusWidget() == nullptr || QApplication::focusWidget() == &The<QPushButton>(u"cmdStop"_s), true);
+            EXPECT_EQ(QApplication::focusWidget(), &The<QPushButton>(u"cmdStop"_s)) << "Enter and Space cancel";
         };
         Press(u"cmdImport"_s);
         doubles.pump.onTurn = {};
@@ -141,6 +143,29 @@ TEST_F(ImportWindow, WaitsUnderTheHourglassAndSaysInRedThatSomeStayedOut)
         database->Close();
         Press(u"cmdImport"_s);
         EXPECT_TRUE(Lines().isEmpty()) << "that was of another import";
+    });
+}
+
+TEST_F(ImportWindow, ListsNoMoreThanAnybodyReads)
+{
+    const auto database = engine.OpenDatabase(kTheirs);
+    database->CreateTable({.name = u"ODD"_s, .fields = {{.name = u"CENTRALKEY"_s, .size = 35}}, .indexes = {}});
+    engine::Transaction together(*database);
+    const auto rows = database->OpenRecordset(u"ODD"_s, engine::RecordsetType::Table);
+    for (int i = 0; i <= upkeep::frm_Import::kShownLines; ++i) {
+        rows->AddNew();
+        rows->Update();
+    }
+    together.Commit();
+    rows->Close();
+    database->Close();
+    Play([&] {
+        ClickLine(u"filexport"_s, 0);
+        ClickLine(u"lstTables"_s, static_cast<int>(Lines(u"lstTables"_s).indexOf(u"ODD"_s)));
+        Press(u"cmdImport"_s);
+        ASSERT_EQ(Lines().size(), upkeep::frm_Import::kShownLines + 1) << Says().toStdString();
+        EXPECT_EQ(Lines().first(), u"(no key): it has no key"_s);
+        EXPECT_EQ(Lines().last(), u"and 1 more"_s);
     });
 }
 

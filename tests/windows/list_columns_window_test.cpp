@@ -274,7 +274,7 @@ TEST_F(ListWindow, SaysWhyAFileCanNotBeRead)
 
 TEST_F(ListWindow, WhatWasSaidStaysAndAFieldHasOneColumn)
 {
-    home.disk.WriteWhole(kList, "Notes of the county\nAddress,Sold,Closed,Price\n1 Ash St,31/3/2004,1/4/2004,1.250\n");
+    home.disk.WriteWhole(kList, "Notes of the county\nAddress,Sold,Closed,Price\n1 Ash St,31/3/2004,1/4/2004,\"1,250.50\"\n");
     Play([&] {
         ClickFile(u"SALES.CSV"_s);
         Next([&] {
@@ -314,6 +314,22 @@ TEST_F(ListWindow, TheOrderOfDatesThatIsShownCanBeConfirmed)
         });
         Press(u"cmdRehearse"_s);
     });
+}
+
+TEST_F(ListWindow, WhatIsRefusedOfRefusedLinesHasTheNameOfTheFirstList)
+{
+    home.disk.WriteWhole(u"C:\\DATABOOK\\IMPORT\\SALES_REFUSED2.CSV"_s, "Address,Price,REASON\n2 Ash St,a lot,of an earlier time\n");
+    Play([&] {
+        ClickFile(u"SALES_REFUSED2.CSV"_s);
+        Next([&] { Press(u"cmdGo"_s); });
+        Next([&] {
+            Press(u"cmdRefused"_s);
+            EXPECT_TRUE(Says().contains(u"\\SALES_REFUSED.CSV;"_s)) << Says().toStdString();
+            Press(u"cmdExit"_s);
+        });
+        Press(u"cmdRehearse"_s);
+    });
+    EXPECT_EQ(Refused(), QStringList{u"SALES_REFUSED.CSV"_s});
 }
 
 TEST_F(ListWindow, AListThatBreaksOffIsToldBelow)

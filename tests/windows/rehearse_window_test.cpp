@@ -116,8 +116,11 @@ TEST_F(RehearseWindow, IsCanceledWhilePicturesAreTakenOut)
 {
     Rehearse([&] {
         doubles.pump.onTurn = [&] {
-            if (The<QPushButton>(u"cmdStop"_s).isVisible())
-                Press(u"cmdStop"_s);
+            if (!The<QPushButton>(u"cmdStop"_s).isVisible())
+                return;
+            window->close();
+            EXPECT_TRUE(window->isVisible()) << "work under way keeps its window";
+            Press(u"cmdStop"_s);
         };
         Press(u"cmdImport"_s);
         doubles.pump.onTurn = {};
