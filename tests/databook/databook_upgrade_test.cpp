@@ -285,29 +285,116 @@ TEST_F(DatabookUpgrade, TheUsersOwnTemplateGoesFirst)
     EXPECT_EQ(doubles.prompter.Boxes().size(), 1U);
 }
 
-TEST_F(DatabookUpgrade, AKillLeavesTheFileAsBeforeOrAsAfter)
+/// An upgrade in processes of its own that are killed, from a Databook of an older layout each time.
+class KilledUpgrade : public DatabookUpgrade
+{
+protected:
+    void SetUp() override
+    {
+        DatabookUpgrade::SetUp();
+        MakeOld(kAdded);
+        m_old = disk.ReadWhole(path);
+    }
+    /// @param step  takes an engine of its own
+    /// @param look  at what a kill left
+    void Kill(const std::function<void(engine::Engine& own)>& step, const std::function<void(int run)>& look)
+    {
+        tests::KilledWork killed;
+        const auto goesOn = [this](int run) {
+            return m_before + m_after == 0 ? run < tests::Kills(40) : tests::MoreKills(run, 40, {m_before, m_after});
+        };
+        for (int run = 0; goesOn(run); ++run) {
+            disk.WriteWhole(path, m_old);
+            killed.Run([&] {
+                engine::Engine own{disk, tests::SomeTime()};
+                step(own);
+            });
+            look(run);
+        }
+        EXPECT_GT(killed.Killed(), 0);
+    }
+    /// The Databook is as before or as after, nobody is in it any more, and the next start brings it to its end.
+    void Look(int run)
+    {
+        const qsizetype fields = Fields().size();
+        EXPECT_TRUE(fields == whole || fields == whole - kAdded.size()) << fields << " in run " << run;
+        EXPECT_EQ(City(), u"Alder"_s);
+        ++(fields == whole ? m_after : m_before);
+        doubles.prompter.Forget();
+        doubles.prompter.Answer(forms::Answer::Yes);
+        Check();
+        EXPECT_EQ(Fields().size(), whole) << "in run " << run;
+        EXPECT_EQ(City(), u"Alder"_s);
+    }
+    void BothSides() const
+    {
+        EXPECT_GT(m_before, 0);
+        EXPECT_GT(m_after, 0);
+    }
+
+private:
+    QByteArray m_old;
+    int m_before = 0, m_after = 0;
+};
+
+TEST_F(KilledUpgrade, LeavesTheFileAsBeforeOrAsAfter)
 {
     VASCLIP_NEEDS_UNIX("a process that divides in two");
-    MakeOld(kAdded);
-    const QByteArray old = disk.ReadWhole(path);
-    tests::KilledWork killed;
-    int before = 0;
-    int after = 0;
-    for (int i = 0; tests::MoreKills(i, 40, {before, after}); ++i) {
-        disk.WriteWhole(path, old);
-        killed.Run([&] {
-            engine::Engine own{disk, tests::SomeTime()};
-            const auto database = own.OpenDatabase(path, engine::OpenMode::Exclusive);
-            store::AppendMissing(*database);
-            database->Close();
-        });
-        const qsizetype fields = Fields().size();
-        EXPECT_TRUE(fields == whole || fields == whole - kAdded.size()) << fields << " in run " << i;
-        EXPECT_EQ(City(), u"Alder"_s);
-        ++(fields == whole ? after : before);
-    }
-    EXPECT_GT(before, 0);
-    EXPECT_GT(after, 0);
+    Kill([this](engine::Engine& own) {
+        const auto database = own.OpenDatabase(path, engine::OpenMode::Exclusive);
+        store::AppendMissing(*database);
+        database->Close();
+    }, [this](int run) { Look(run); });
+    BothSides();
+}
+
+TEST_F(KilledUpgrade, InAnyStepOfTheStartLeavesTheDatabookAndItsTemplatesWhole)
+{
+    VASCLIP_NEEDS_UNIX("a process that divides in two");
+    const QString reference = u"C:\\VAS2000\\NEWDATA.MDB"_s;
+    const QString scratch = u"C:\\USER\\tempdat.mdb"_s;
+    store::MakeDatabase(engine, reference);
+    const QByteArray wanted = disk.ReadWhole(reference);
+    Kill([this](engine::Engine& own) {
+        doubles.prompter.Answer(forms::Answer::Yes);
+        CheckCompDBF2(ports, own, globals, source, path, table);
+    }, [&](int run) {
+        Look(run); // which renews the scratch file
+        EXPECT_EQ(disk.ReadWhole(scratch), wanted) << "in run " << run;
+        EXPECT_EQ(disk.ReadWhole(reference), wanted) << "in run " << run;
+        disk.Kill(scratch);
+    });
+    BothSides();
+}
+
+TEST_F(KilledUpgrade, WhileTheTemplatesAreCopiedLeavesTheCopiesWholeOrAsTheyWere)
+{
+    VASCLIP_NEEDS_UNIX("a process that divides in two");
+    const QStringList made{u"C:\\TEMPCOMP.MDB"_s, u"C:\\USER\\TEMPCMTS.MDB"_s};
+    store::MakeDatabase(engine, u"C:\\VAS2000\\NEWDATA.MDB"_s);
+    disk.FileCopy(u"C:\\VAS2000\\NEWDATA.MDB"_s, u"C:\\VAS2000\\NEWCMTS.MDB"_s);
+    const qsizetype comps = store::FieldCount(engine, u"C:\\VAS2000\\NEWDATA.MDB"_s);
+    for (const QString& copy : made)
+        store::MakeDatabase(engine, copy);
+    Kill([this](engine::Engine& own) { Copy2Temp(own, globals); }, [&](int run) {
+        for (const QString& copy : made)
+            EXPECT_EQ(store::FieldCount(engine, copy), comps) << "in run " << run;
+    });
+    Copy2Temp(engine, globals);
+    EXPECT_EQ(disk.Dir(u"C:\\*.new*"_s) + disk.Dir(u"C:\\USER\\*.new*"_s), QStringList()) << "drafts go with the next";
+}
+
+TEST_F(KilledUpgrade, OfAnArchiveGivesItAllFieldsOfTheDatabookOrNone)
+{
+    VASCLIP_NEEDS_UNIX("a process that divides in two");
+    engine::FieldList lacking = store::CompsTable().fields;
+    lacking.removeIf([](const engine::Field& field) { return !kAdded.contains(field.name); });
+    Kill([&](engine::Engine& own) {
+        const auto database = own.OpenDatabase(path, engine::OpenMode::Exclusive);
+        store::AppendFields(*database, table, lacking);
+        database->Close();
+    }, [this](int run) { Look(run); });
+    BothSides();
 }
 
 } // namespace
