@@ -3,7 +3,8 @@
 #include "platform/text/text.h"
 #include "store/schema.h"
 
-#include <QDate>
+#include <QDateTime>
+#include <QJsonObject>
 #include <QRegularExpression>
 
 #include <cmath>
@@ -56,6 +57,28 @@ QJsonValue AsJson(Kind kind, const QString& text)
     if (plain.isEmpty())
         return QJsonValue::Null;
     return kind == Kind::Number ? Number(plain) : Date(plain);
+}
+
+QJsonValue AsJson(const engine::Field& field, const QVariant& value, const QString& text, Kind kind)
+{
+    if (!value.isValid())
+        return QJsonValue::Null;
+    switch (field.type) {
+    case engine::FieldType::Boolean:
+        return value.toBool();
+    case engine::FieldType::Date: {
+        const QDateTime date = value.toDateTime();
+        return date.time() == QTime(0, 0) ? date.date().toString(Qt::ISODate) : date.toString(u"yyyy-MM-ddTHH:mm:ss"_s);
+    }
+    case engine::FieldType::Binary:
+    case engine::FieldType::LongBinary:
+        return QJsonObject{{u"bytes"_s, value.toByteArray().size()}};
+    case engine::FieldType::Text:
+    case engine::FieldType::Memo:
+        return AsJson(kind, text);
+    default:
+        return AsJson(Kind::Number, text);
+    }
 }
 
 } // namespace vasclip::vasctl

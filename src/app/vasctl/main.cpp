@@ -51,7 +51,9 @@ Commands:
                           gives them to every record of a neighborhood; what is left out becomes blank
   sql [--file FILE] "SELECT ..."
                           a query in the program's SQL, read only, on the Databook or on another database file: one
-                          of Vasclip or one of Access; a file without a query lists its tables
+                          of Vasclip or one of Access; a file without a query lists its tables. With --json Yes and No
+                          are true and false, Null is null, numbers are numbers, dates "2004-03-07" or with their time
+                          "2004-03-07T14:30:00"; of a picture or other bytes it tells how many: {"bytes": 70000}
   capture list [DIR]      the pictures of the capture directory, or of another one, and which are known there
   capture copy DIR [NAME ...]
                           copies pictures into the capture directory, given as C:\CARD or as the system writes it;

@@ -94,6 +94,11 @@ void Output::Line(const QString& text) const
     Value(QJsonObject{{u"message"_s, text}}, text);
 }
 
+void Output::Array(const QJsonArray& values) const
+{
+    PrintJson(stdout, QJsonDocument(values));
+}
+
 void Output::Value(const QJsonObject& value, const QString& text) const
 {
     if (m_json)

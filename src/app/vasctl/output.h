@@ -33,6 +33,7 @@ public:
     /// One object: "name  value" lines, in the order given.
     void Facts(const QList<std::pair<QString, QString>>& facts, Kind (*kindOf)(const QString& name) = nullptr) const;
     void Line(const QString& text) const; ///< {"message": text} with --json
+    void Array(const QJsonArray& values) const; ///< with --json alone
     void Value(const QJsonObject& value, const QString& text) const;
     void Error(const QString& text) const; ///< {"error": text} with --json, on stderr
 

@@ -1,6 +1,7 @@
 #include "app/vasctl/session.h"
 
 #include "platform/engine/health.h"
+#include "platform/text/counted.h"
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 #include "store/store.h"
@@ -11,10 +12,19 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+const text::Counted kBytes{u"byte)"_s, u"bytes)"_s};
+
+bool IsBinary(const engine::Field& field)
+{
+    return field.type == engine::FieldType::Binary || field.type == engine::FieldType::LongBinary;
+}
+
 QString Shown(const engine::Field& field, const QVariant& value)
 {
     if (!value.isValid())
         return {};
+    if (IsBinary(field))
+        return u'(' + kBytes(value.toByteArray().size());
     if (field.type == engine::FieldType::Date) {
         const QDateTime date = value.toDateTime();
         const bool midnight = date.time() == QTime(0, 0);
@@ -46,6 +56,36 @@ bool TellsDamage(const engine::Database& database, const QString& path, const Ou
     if (!damage.isEmpty())
         out.Error(u"%1 is damaged, and not all of it could be read: %2."_s.arg(path, damage));
     return !damage.isEmpty();
+}
+
+/// @param other  a file whose texts are what they are: in the Databook some columns of text hold numbers and dates
+void PrintRows(const store::Rows& rows, bool other, const Output& out)
+{
+    QStringList headings;
+    for (const engine::Field& field : rows.Fields())
+        headings.append(field.name);
+    QList<QStringList> table;
+    QJsonArray objects;
+    for (qint64 row = 0; row < rows.Count(); ++row) {
+        const std::optional<store::Record> record = rows.At(row);
+        QStringList line;
+        QJsonObject object;
+        for (int i = 0; record && i < headings.size(); ++i) {
+            const engine::Field& field = rows.Fields()[i];
+            const QVariant value = field.type == engine::FieldType::LongBinary ? rows.LongAt(row, i) : record->Values()[i];
+            line.append(Shown(field, value));
+            if (out.Json())
+                object[headings[i]] = AsJson(field, value, line.last(), other ? Kind::Text : KindOf(headings[i]));
+        }
+        if (out.Json())
+            objects.append(object);
+        else
+            table.append(line);
+    }
+    if (out.Json())
+        out.Array(objects);
+    else
+        out.Table(headings, table);
 }
 
 } // namespace
@@ -81,27 +121,7 @@ int RunSql(Session& session, const Output& out, const QStringList& arguments, co
     const std::optional<store::Rows> rows = OpenTyped(*database, arguments[0], out);
     if (!rows)
         return TellsDamage(*database, path, out) ? kFailed : kUsage;
-    QStringList headings;
-    QList<Kind> kinds;
-    for (qsizetype i = 0; i < rows->Fields().size(); ++i) {
-        headings.append(rows->Fields()[i].name);
-        const engine::FieldType type = rows->Fields()[i].type;
-        const bool counted = type >= engine::FieldType::Byte && type <= engine::FieldType::Double;
-        kinds.append(counted ? Kind::Number : other ? Kind::Text : KindOf(headings.last()));
-    }
-    QList<QStringList> table;
-    for (qint64 row = 0; row < rows->Count(); ++row) {
-        QStringList line;
-        const std::optional<store::Record> record = rows->At(row);
-        for (int i = 0; record && i < headings.size(); ++i) {
-            const bool binary = rows->Fields()[i].type == engine::FieldType::LongBinary;
-            const QVariant value = binary ? rows->LongAt(row, i) : record->Values()[i];
-            line.append(binary && value.isValid() ? u"(%1 bytes)"_s.arg(value.toByteArray().size())
-                                                  : Shown(rows->Fields()[i], value));
-        }
-        table.append(line);
-    }
-    out.Table(headings, table, kinds);
+    PrintRows(*rows, other, out);
     return TellsDamage(*database, path, out) ? kFailed : kDone;
 }
 
