@@ -1,7 +1,9 @@
 #include "comments/comment_upgrade.h"
 
 #include "comment_home.h"
+#include "faults/kills.h"
 #include "store/convert.h"
+#include "support/killed_work.h"
 #include "support/refusing_back_end.h"
 #include "support/standing_time.h"
 
@@ -192,6 +194,34 @@ TEST_F(CommentUpgrade, ADamagedCommentFileIsNamed)
     const auto thrown = tests::ThrownBy([&] { return CheckCommentsDBF(ports, engine, globals, local); });
     EXPECT_EQ(thrown.number, error::kUnrecognisedDatabase);
     EXPECT_TRUE(thrown.words.contains(u"comments.mdb"_s)) << thrown.words.toStdString();
+}
+
+TEST_F(CommentUpgrade, AKillLeavesTheFileAsBeforeOrAsAfterAndTheNextOpeningEndsIt)
+{
+    VASCLIP_NEEDS_UNIX("a process that divides in two");
+    MakeOld(local, kAdded);
+    const QByteArray old = home.disk.ReadWhole(local);
+    tests::KilledWork killed;
+    int before = 0;
+    int after = 0;
+    for (int run = 0; run < tests::Kills(30); ++run) {
+        home.disk.WriteWhole(local, old);
+        killed.Run([&] {
+            engine::Engine own{home.disk, tests::SomeTime()};
+            doubles.prompter.Answer(forms::Answer::Yes);
+            (void)CheckCommentsDBF(ports, own, globals, local);
+        });
+        const qsizetype fields = Count(local);
+        EXPECT_TRUE(fields == whole || fields == whole - kAdded.size()) << fields << " in run " << run;
+        ++(fields == whole ? after : before);
+        EXPECT_EQ(Column(local, u"SITE"_s), QStringList{u"Level"_s});
+        doubles.prompter.Forget();
+        doubles.prompter.Answer(forms::Answer::Yes);
+        EXPECT_EQ(CheckCommentsDBF(ports, engine, globals, local), fields == whole ? Upgrade::NotNeeded : Upgrade::Done);
+        EXPECT_EQ(Count(local), whole);
+    }
+    EXPECT_GT(before, 0);
+    EXPECT_GT(after, 0);
 }
 
 } // namespace
