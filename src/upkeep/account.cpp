@@ -149,6 +149,7 @@ QString Account::Line(int index) const
 
 void Account::Save(const files::Disk& disk, const QString& path) const
 {
+    NeedTextFile(disk, path);
     DraftFile draft(disk.ToNative(path), path);
     const auto write = [&](const QString& line) {
         const QByteArray bytes = line.toUtf8() + '\n';

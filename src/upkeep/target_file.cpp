@@ -28,7 +28,7 @@ const QString kLocked = u"The selected database is LOCKED (by you or another use
                         u"currenlty connected to %2 before attempting to %1 this database file!"_s;
 const QString kWriteProtected =
     u"The file %1 is write-protected. Choose another name, or take the protection off it"_s;
-const QString kNoText = u"%1 is there, and no text file to be written over. Choose a name that ends in .csv"_s;
+const QString kNoText = u"%1 is there, and no text file to be written over. Choose a name that ends in .txt or .csv"_s;
 const QString kNotWritten = u"%1 can't be written. Nothing was stored. Make sure that you have rights to it and to its "
                             u"directory, and that no other program has it open"_s;
 const QString kNoMore = u"The disk took no more of %1. Nothing was stored; make room on it or choose another one"_s;

@@ -8,6 +8,12 @@ bool Account::Open(const QString& file, QString& problem)
 {
     if (file.isEmpty())
         return true;
+    const QFileInfo there(file);
+    static const QStringList texts{u"txt"_s, u"csv"_s, u"log"_s};
+    if (there.size() > 0 && !texts.contains(there.suffix(), Qt::CaseInsensitive)) {
+        problem = u"the account can't be written to %1: something else is there; choose a name that ends in .txt"_s.arg(file);
+        return false;
+    }
     m_file.setFileName(file);
     if (m_file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         return true;

@@ -22,7 +22,7 @@ QString TargetOf(Session& session, const QCommandLineParser& options)
         return common::CkRSlash(globals.G_ArchiveDir) +
                upkeep::ArchiveName(named.isEmpty() ? globals.G_ArchiveFile : named);
     const QString path = DrivePathOf(session.Disk(), named);
-    return path.isEmpty() ? path : upkeep::ArchiveName(path);
+    return path.isEmpty() || IsDirectory(session.Disk(), named, path) ? path : upkeep::ArchiveName(path);
 }
 
 } // namespace
@@ -48,6 +48,10 @@ int RunArchive(Session& session, const Output& out, const QStringList& arguments
     const QString target = TargetOf(session, options);
     if (target.isEmpty()) {
         out.Error(u"%1 lies on none of the program's drives; drives.ini maps more."_s.arg(options.value(u"file"_s)));
+        return kUsage;
+    }
+    if (IsDirectory(session.Disk(), options.value(u"file"_s), target)) {
+        out.Error(u"%1 is a directory. Name the archive in it."_s.arg(target));
         return kUsage;
     }
     if (upkeep::RefusesTarget(session.Prompter(), session.Engine(), upkeep::kArchiveTo, target,

@@ -106,6 +106,20 @@ QString StrangeCommand(const QStringList& command)
                                                                               verbs.join(u", "_s));
 }
 
+QString WrongValue(const QCommandLineParser& options)
+{
+    static const QStringList several = Words("answer choose map set"_L1);
+    static const QStringList wanted = Words("home socket file out csv refused account dir"_L1);
+    for (const QString& name : options.optionNames()) {
+        const QStringList values = options.values(name);
+        if (values.size() > 1 && !several.contains(name))
+            return u"--%1 is given twice, as '%2' and '%3'; it takes one value."_s.arg(name, values[0], values[1]);
+        if (wanted.contains(name) && values.value(0).trimmed().isEmpty())
+            return u"--%1 wants a value."_s.arg(name);
+    }
+    return {};
+}
+
 QString StrangeOption(const QStringList& command, const QStringList& given)
 {
     QStringList known = Words(kCommon);

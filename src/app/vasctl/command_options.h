@@ -5,6 +5,10 @@
 
 namespace vasclip::vasctl {
 
+/// What is wrong with the values of the options: none where one is wanted, or two of an option that takes one. "" if all are
+/// good.
+QString WrongValue(const QCommandLineParser& options);
+
 /// What is wrong with the command and its verb; "" for one that is known. Told before the home is looked at.
 [[nodiscard]] QString StrangeCommand(const QStringList& command);
 

@@ -44,7 +44,7 @@ QString TextOf(const engine::Converted& made, const engine::Conversion& wanted)
 int RunConvert(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options)
 {
     const QString to = text::Folded(options.value(u"to"_s));
-    if (arguments.size() != 2 || (to != u"ACCESS" && to != u"VASCLIP")) {
+    if (arguments.size() != 2 || arguments.contains(QString()) || (to != u"ACCESS" && to != u"VASCLIP")) {
         out.Error(u"Usage: vasctl convert SOURCE TARGET --to access|vasclip"_s);
         return kUsage;
     }
@@ -60,6 +60,10 @@ int RunConvert(Session& session, const Output& out, const QStringList& arguments
     }
     if (text::Folded(wanted.source) == text::Folded(wanted.target)) {
         out.Error(u"The new database needs a name of its own: %1 stays as it is."_s.arg(wanted.source));
+        return kUsage;
+    }
+    if (session.Disk().DirExists(wanted.target)) {
+        out.Error(u"%1 is a directory. Name the database in it that is to be made."_s.arg(wanted.target));
         return kUsage;
     }
     bool stop = false;

@@ -28,13 +28,12 @@ int Copy(Session& session, const Output& out, const QString& given)
     const files::Disk& disk = session.Disk();
     const QString source = g.G_DataDir + g.G_DataFile;
     QString target = given;
-    if (target.startsWith(u'/')) {
-        const auto drive = disk.ToDrivePath(target);
-        if (!drive) {
-            out.Error(u"%1 lies on none of the program's drives; drives.ini maps more."_s.arg(target));
+    if (target.contains(u'/')) {
+        target = DrivePathOf(disk, given);
+        if (target.isEmpty()) {
+            out.Error(u"%1 lies on none of the program's drives; drives.ini maps more."_s.arg(given));
             return kUsage;
         }
-        target = *drive;
     } else if (!target.contains(u'\\')) {
         target = g.G_DataDir + target; // beside the one that it is made of
     }

@@ -82,6 +82,10 @@ int RunExport(Session& session, const Output& out, const QStringList& arguments,
         out.Error(u"%1 lies on none of the program's drives. 'vasctl doctor' lists them."_s.arg(options.value(u"file"_s)));
         return kUsage;
     }
+    if (IsDirectory(session.Disk(), options.value(u"file"_s), target)) {
+        out.Error(u"%1 is a directory. Name the file in it that is to be made."_s.arg(target));
+        return kUsage;
+    }
     if (!csv)
         target = upkeep::DatabaseName(target);
     else if (!target.mid(target.lastIndexOf(u'\\')).contains(u'.'))

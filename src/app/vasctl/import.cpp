@@ -254,7 +254,7 @@ private:
 
 int RunImport(Session& session, const Output& out, const QStringList& arguments, const QCommandLineParser& options)
 {
-    if (arguments.size() != 1 || arguments[0].isEmpty()) {
+    if (arguments.size() != 1 || arguments[0].trimmed().isEmpty()) {
         out.Error(kUsageText);
         return kUsage;
     }
@@ -264,6 +264,10 @@ int RunImport(Session& session, const Output& out, const QStringList& arguments,
         return kUsage;
     }
     const QString source = SourceOf(session, arguments[0]);
+    if (!source.isEmpty() && session.Disk().DirExists(source)) {
+        out.Error(u"%1 is a directory. Name the file in it that is to be imported."_s.arg(source));
+        return kUsage;
+    }
     if (source.isEmpty() || !session.Disk().Found(source, files::ReadOnly | files::Hidden)) {
         out.Error(u"File %1 does not exist."_s.arg(source.isEmpty() ? arguments[0] : source));
         return kNotFound;

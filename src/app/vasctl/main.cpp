@@ -244,7 +244,7 @@ int Print(const QString& text)
 {
     const QByteArray bytes = text.toUtf8();
     std::fwrite(bytes.constData(), 1, std::size_t(bytes.size()), stdout);
-    return kDone;
+    return std::fflush(stdout) == 0 && std::ferror(stdout) == 0 ? kDone : kFailed;
 }
 
 /// The map and a report draw letters, which wants more than other commands pay for, and no display.
@@ -360,6 +360,10 @@ int main(int argc, char* argv[])
             strange, command.mid(0, 2).join(u' ')));
         return kUsage;
     }
+    if (const QString wrong = WrongValue(options); !wrong.isEmpty()) {
+        out.Error(wrong);
+        return kUsage;
+    }
     const Standing standing = options.isSet(u"yes"_s)  ? Standing::Yes
                               : options.isSet(u"no"_s) ? Standing::No
                                                        : Standing::Ask;
@@ -370,7 +374,9 @@ int main(int argc, char* argv[])
         const int code = Dispatch(session, out, command, options);
         if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
             return code;
-        out.Error(u"What was found could not be written: %1."_s.arg(QString::fromLocal8Bit(std::strerror(errno))));
+        const QString why = errno == EBADF ? u"the output is closed"_s : QString::fromLocal8Bit(std::strerror(errno));
+        out.Error(u"The answer could not be written: %1."_s.arg(why) +
+                  (code == kDone ? u" The command itself was carried out."_s : QString()));
     } catch (const forms::EndOfProgram& end) {
         return end.exitCode == 0 ? kFailed : end.exitCode;
     } catch (const RuntimeError& failure) {

@@ -3,6 +3,7 @@
 #include "platform/text/runtime_error.h"
 #include "upkeep/draft_file.h"
 #include "upkeep/repairs.h"
+#include "upkeep/target_file.h"
 
 #include <QElapsedTimer>
 
@@ -29,6 +30,7 @@ QJsonArray Lines(const upkeep::Account& account)
 bool CanBeWritten(const files::Disk& disk, const QString& path)
 {
     try {
+        upkeep::NeedTextFile(disk, path);
         const upkeep::DraftFile probe(disk.ToNative(path), path);
         return true;
     } catch (const RuntimeError&) {
@@ -109,7 +111,7 @@ int RunMaintain(Session& session, const Output& out, const QStringList& argument
     } catch (const RuntimeError& failure) {
         // The repair is done: its account is printed, as it has no other place.
         Print(out, result, account, {});
-        out.Error(u"The repair is done, but "_s + failure.Description());
+        out.Error(u"The repair is done, and only its account could not be kept: %1."_s.arg(failure.Description()));
         return kFailed;
     }
     Print(out, result, account, kept);

@@ -109,6 +109,12 @@ shell::Program& Session::WithReport()
     return program;
 }
 
+bool IsDirectory(const files::Disk& disk, const QString& given, const QString& path)
+{
+    const bool bare = !given.contains(u'/') && !given.contains(u'\\') && !given.contains(u':');
+    return !bare && (given.endsWith(u'/') || given.endsWith(u'\\') || disk.DirExists(path));
+}
+
 QString DrivePathOf(const files::Disk& disk, const QString& given)
 {
     if (given.size() >= 2 && given[1] == u':' && given[0].isLetter())

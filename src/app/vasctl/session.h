@@ -68,6 +68,9 @@ private:
 /// The drive path of a file or directory that is given as such or as the system writes it; "" for one that lies on
 /// none of the program's drives.
 [[nodiscard]] QString DrivePathOf(const files::Disk& disk, const QString& given);
+/// Does a path name a directory where a file is to be made? A bare name never does: it gets the end of its kind.
+/// @param given  as it was typed. @param path  what DrivePathOf made of it
+[[nodiscard]] bool IsDirectory(const files::Disk& disk, const QString& given, const QString& path);
 /// --limit: all records without one; nullopt, told, for one that is no number.
 [[nodiscard]] std::optional<qint64> LimitOf(const Output& out, const QCommandLineParser& options);
 /// Runs a statement that the user has typed, whole or in part. @return nothing, told, for one that is wrong:
