@@ -69,7 +69,7 @@ TEST_F(VasctlMaintain, PrintsTheAccountThatItsFileDoesNotTake)
     EXPECT_EQ(run.exitCode(), kFailed);
     EXPECT_TRUE(out.contains(": PHOTOS \"")) << out.toStdString();
     EXPECT_TRUE(out.contains("The photos of ")) << out.toStdString();
-    EXPECT_TRUE(out.contains("The repair is done, but ")) << out.toStdString();
+    EXPECT_TRUE(out.contains("The repair is done, and only its account could not be kept: ")) << out.toStdString();
     EXPECT_EQ(WithPhotos(), 0);
 }
 
