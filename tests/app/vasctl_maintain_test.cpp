@@ -1,6 +1,7 @@
 // vasctl maintain, and the account of a repair that can't be kept.
 
 #include "support/processes.h"
+#include "support/unix.h"
 
 #include <gtest/gtest.h>
 
@@ -48,6 +49,7 @@ TEST_F(VasctlMaintain, RepairsNothingWhereTheAccountCanNotBeWritten)
 
 TEST_F(VasctlMaintain, PrintsTheAccountThatItsFileDoesNotTake)
 {
+    VASCLIP_NEEDS_UNIX("script, which gives a program a terminal");
     ASSERT_TRUE(QDir().mkdir(home.Native(u"SAID"_s)));
     // It waits for an answer at a terminal alone; script has one.
     QProcess run;

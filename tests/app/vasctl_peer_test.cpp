@@ -132,10 +132,12 @@ TEST_F(VasctlPeer, KelIniSaysOverWhichWay)
     ASSERT_TRUE(ini.open(QIODevice::Append));
     ini.write("\r\n[LINK]\r\nExchange=DDE\r\nWine=/no/such/wine\r\nBridge=/bin/sh\r\n");
     ini.close();
+#ifdef Q_OS_UNIX // elsewhere it is spoken to by this process
     const Ended told = home.Vasctl({u"--plain"_s, u"doctor"_s});
     EXPECT_TRUE((told.out + told.err).contains("speaks the desktop's data exchange, which needs Wine here, and /no/such/wine"))
         << (told.out + told.err).toStdString();
     EXPECT_TRUE((told.out + told.err).contains("error 298"));
+#endif
     EXPECT_EQ(Run({u"refresh"_s}).first, kDone); // a socket on the command line outdoes it
 }
 

@@ -112,7 +112,15 @@ public:
             return {};
         }
         return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-                process.readAllStandardOutput(), process.readAllStandardError()};
+                Text(process.readAllStandardOutput()), Text(process.readAllStandardError())};
+    }
+    /// What a program writes, with lines that end as they do in its source.
+    static QByteArray Text(QByteArray written)
+    {
+#ifdef Q_OS_WIN
+        written.replace("\r\n", "\n");
+#endif
+        return written;
     }
 
     /// vasctl on this home; with --json unless `arguments` begin with "--plain".
