@@ -15,12 +15,17 @@ start_wine() {
     version=$(wine --version 2>/dev/null | sed -n 's/^wine-\([0-9]*\).*/\1/p') || true
     [ -n "$version" ] || wine_fails "Wine does not start: $(wine --version 2>&1 | tail -n 1)" "Nothing was tested."
     [ "$version" -ge 8 ] || wine_fails "this is $(wine --version), and version 8 or newer is needed. Nothing was tested."
-    if [ ! -f "$WINEPREFIX/.made" ]; then
+    if [ ! -f "$WINEPREFIX/.made-with-letters" ]; then
         rm -rf "$WINEPREFIX"
         wineboot -i >"$cache/logs/wineboot.log" 2>&1 ||
             wine_fails "Wine can't make its directory; see $cache/logs/wineboot.log." "Nothing was tested."
+        # The letters of Windows are not here, and Wine would take those of a book; these are as wide as theirs or wider.
+        local letters
+        for letters in 'Segoe UI' 'MS Shell Dlg' 'MS Shell Dlg 2' Tahoma; do
+            wine reg add 'HKCU\Software\Wine\Fonts\Replacements' /v "$letters" /d 'DejaVu Sans' /f >/dev/null 2>&1
+        done
         wineserver -w
-        touch "$WINEPREFIX/.made"
+        touch "$WINEPREFIX/.made-with-letters"
     fi
     scratch=$(mktemp -d "$([ -d /dev/shm ] && echo /dev/shm || echo /tmp)/vasclip-wine.XXXXXX")
     trap 'wineserver -k 2>/dev/null; rm -rf "$scratch"' EXIT
@@ -56,4 +61,12 @@ on_screen() {
     shown=yes
     wineserver -w # it would go on with the display it knows
     xvfb-run -a -s "-screen 0 ${SCREEN:-1600x1000}x24" "$root/tools/windows/with-manager" "$@"
+}
+
+# looks PERCENT light|dark: how the user has set up the screen, for the programs that are started next.
+looks() {
+    wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d $((96 * $1 / 100)) /f >/dev/null 2>&1
+    wine reg add 'HKCU\Software\Microsoft\Windows\CurrentVersion\Themes\Personalize' /v AppsUseLightTheme /t REG_DWORD \
+        /d "$([ "$2" = light ] && echo 1 || echo 0)" /f >/dev/null 2>&1
+    wineserver -w # which reads the first at its start
 }
