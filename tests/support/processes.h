@@ -107,12 +107,14 @@ public:
         process.start(Program(name), arguments);
         process.closeWriteChannel();
         if (!process.waitForFinished(4 * kPatienceMs)) {
+            const QByteArray why = process.errorString().toUtf8();
             process.kill();
             process.waitForFinished();
-            return {};
+            return {-1, {}, "no end: " + why};
         }
-        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-                Text(process.readAllStandardOutput()), Text(process.readAllStandardError())};
+        const bool crashed = process.exitStatus() != QProcess::NormalExit;
+        return {crashed ? -1 : process.exitCode(), Text(process.readAllStandardOutput()),
+                Text(process.readAllStandardError()) + (crashed ? "crashed: " + QByteArray::number(process.exitCode()) : "")};
     }
     /// What a program writes, with lines that end as they do in its source.
     static QByteArray Text(QByteArray written)
