@@ -108,6 +108,7 @@ TEST_F(VasctlMedia, TakesPathsOfTheSystemAndSaysWhatItLeftOut)
     ASSERT_TRUE(QDir().mkpath(home.Native(u"CARD/DCIM"_s)));
     const QString card = home.Native(u"CARD"_s);
     EXPECT_EQ(home.Vasctl({u"capture"_s, u"list"_s, card}).Array().size(), 2);
+    EXPECT_EQ(home.Vasctl({u"capture"_s, u"list"_s, u"C:/CARD"_s}).Array().size(), 2) << "slashes lean either way";
     // As a shell makes it of card/*.JPG.
     const auto first = home.Vasctl({u"capture"_s, u"copy"_s, card + u"/ZA.JPG"_s, card + u"/ZB.JPG"_s});
     EXPECT_EQ(first.code, kDone) << first.err.toStdString();

@@ -8,6 +8,7 @@
 #include "platform/conduit/socket_path.h"
 #include "shell/ini_location.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 namespace vasclip::vasctl {
@@ -117,8 +118,14 @@ bool IsDirectory(const files::Disk& disk, const QString& given, const QString& p
 
 QString DrivePathOf(const files::Disk& disk, const QString& given)
 {
-    if (given.size() >= 2 && given[1] == u':' && given[0].isLetter())
-        return given;
+    if (given.size() >= 2 && given[1] == u':' && given[0].isLetter()) {
+        // The system's own paths may begin with a letter too, and their slashes lean either way.
+        const auto own = disk.ToDrivePath(QDir::fromNativeSeparators(given));
+        QString path = own.value_or(QString(given).replace(u'/', u'\\'));
+        if (own && (given.endsWith(u'/') || given.endsWith(u'\\')) && !path.endsWith(u'\\'))
+            path += u'\\';
+        return path;
+    }
     return disk.ToDrivePath(QFileInfo(given).absoluteFilePath()).value_or(QString());
 }
 
