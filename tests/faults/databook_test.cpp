@@ -172,7 +172,7 @@ TEST_F(DatabookFaults, ALockThatEndsIsWaitedFor)
     for (const Row& row : {Row{"2", {u"records"_s, u"list"_s}, kDone},
                            Row{"2", {u"records"_s, u"add"_s, u"1 New Rd"_s}, kDone},
                            Row{"7", {u"--answer"_s, u"retry"_s, u"records"_s, u"list"_s}, kDone},
-                           Row{"7", {u"records"_s, u"list"_s}, kFailed}}) {
+                           Row{"60", {u"records"_s, u"list"_s}, kFailed}}) {
         Helper other;
         ASSERT_TRUE(other.Start(QCoreApplication::applicationFilePath(),
                                 {u"--hold-lock"_s, Databook(), QString::fromLatin1(row.held)}));
