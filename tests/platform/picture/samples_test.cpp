@@ -100,7 +100,7 @@ TEST(Samples, SoundPicturesComeOutUprightAndInTheirColours)
         if (row[Decode] != "ok"_L1 || row[ShownWidth].toInt() == 0)
             continue;
 #ifdef Q_OS_WIN // where the reader of TIFF is built without JPEG inside
-        if (row[Path].contains(u"ycbcr_jpeg"_s))
+        if (row[Path].contains(u"ycbcr_jpeg"_s) || row[Path].endsWith(u"_jpg.tif"_s))
             continue;
 #endif
         const QByteArray bytes = Content(kSamples + u'/' + row[Path]);
