@@ -51,7 +51,8 @@ QString DirectoryOf(const QString& nativePath)
 
 struct Disk::Private
 {
-    /// Where a drive path leads. Parts that are not there keep their given spelling.
+    /// Where a drive path leads. Parts that are not there keep their given spelling, and where the system finds a name in any
+    /// spelling the others do so too: Spelled has them as they are on disk.
     struct Place
     {
         QString native;
@@ -69,7 +70,7 @@ struct Disk::Private
     QList<std::pair<QChar, QString>> drives;
     QHash<QChar, QString> roots;
     mutable ListingCache listings;
-    KeptInis inis;
+    mutable KeptInis inis;
 
     [[nodiscard]] QString RootOf(const DrivePath& path) const
     {
@@ -94,10 +95,8 @@ struct Disk::Private
         for (qsizetype at = 0; at < depth; ++at)
             place.native = Joined(place.native, path.parts[at]);
         place.failure = native::Inspect(place.native, place.info);
-        if (place.failure == Failure::None) {
-            place.native = native::AsSpelled(root, place.native);
+        if (place.failure == Failure::None)
             return place;
-        }
         if (depth == 0)
             ThrowNumber(error::kDiskNotReady, path.Text(),
                         u"cannot be reached: the directory of its drive, \"%1\", is not there"_s.arg(root));
@@ -105,7 +104,7 @@ struct Disk::Private
         const Failure failure = place.failure;
         const QString& part = path.parts[depth - 1];
         place = Resolve(path, root, depth - 1);
-        if (place.IsDirectory()) {
+        if (place.IsDirectory() && native::kTellsSpellings) {
             const auto standsAs = [&place](const QString& name) {
                 const QString found = Joined(place.native, name);
                 native::Info info;
@@ -123,7 +122,7 @@ struct Disk::Private
                 return place;
             place.failure = failure;
         } else if (place.Stands()) {
-            place.failure = Failure::NotADirectory;
+            place.failure = place.IsDirectory() ? failure : Failure::NotADirectory;
         }
         place.native = Joined(place.native, part);
         ++place.missing;
@@ -133,6 +132,20 @@ struct Disk::Private
     [[nodiscard]] Place Resolve(const QString& path) const
     {
         return Resolve(ParseDrivePath(path, Wildcards::Refused));
+    }
+
+    /// With the names as they are on disk, which costs a question for each: for what is handed out, and for changes, of which
+    /// the listings hear.
+    [[nodiscard]] Place Spelled(const DrivePath& path) const
+    {
+        Place place = Resolve(path);
+        place.native = native::AsSpelled(RootOf(path), place.native);
+        return place;
+    }
+
+    [[nodiscard]] Place Spelled(const QString& path) const
+    {
+        return Spelled(ParseDrivePath(path, Wildcards::Refused));
     }
 
     /// For an operation on a file that must be there. @throws 53 for a directory too
@@ -150,7 +163,7 @@ struct Disk::Private
     /// For an operation that makes a name. @throws 76 if its directory is not there
     [[nodiscard]] Place Target(const QString& path, int denied) const
     {
-        Place place = Resolve(path);
+        Place place = Spelled(path);
         if (place.missing > 0) {
             if (place.failure != Failure::NotFound)
                 ThrowFailure(place.failure, path, denied);
@@ -202,9 +215,10 @@ Disk::Disk(const QString& home)
 
 Disk::~Disk() = default;
 
-KeptInis& Disk::Inis() const
+std::shared_ptr<const IniText> Disk::Ini(const QString& path) const
 {
-    return d->inis;
+    const Private::Place place = d->Resolve(path);
+    return place.IsFile() ? d->inis.Read(place.native, place.info) : nullptr;
 }
 
 QString Disk::Home() const
@@ -214,7 +228,7 @@ QString Disk::Home() const
 
 QString Disk::ToNative(const QString& path) const
 {
-    return d->Resolve(path).native;
+    return d->Spelled(path).native;
 }
 
 std::optional<QString> Disk::ToDrivePath(const QString& nativePath) const
@@ -250,7 +264,7 @@ void Disk::Private::Walk(const DrivePath& pattern, unsigned attributes,
 {
     DrivePath directory = pattern;
     const QString last = pattern.closed || pattern.parts.isEmpty() ? u"*"_s : directory.parts.takeLast();
-    const Place place = Resolve(directory);
+    const Place place = Spelled(directory);
     if (!place.IsDirectory())
         return;
     const QString folded = FoldedName(last);
@@ -268,7 +282,7 @@ QStringList Disk::Dir(const QString& pattern, unsigned attributes) const
     const DrivePath path = ParseDrivePath(pattern, Wildcards::InLastPart);
     QStringList names;
     if (!path.closed && !HasWildcard(path.parts.last())) {
-        const Private::Place place = d->Resolve(path);
+        const Private::Place place = d->Spelled(path);
         if (place.IsFile() || (place.IsDirectory() && (attributes & Directory) != 0))
             names.append(NameOf(place.native));
         return names;
@@ -371,7 +385,7 @@ void Disk::Kill(const QString& pattern) const
     const QStringList names = Dir(pattern);
     if (names.isEmpty())
         ThrowNumber(error::kFileNotFound, pattern);
-    const QString nativeDirectory = d->Resolve(directory).native;
+    const QString nativeDirectory = d->Spelled(directory).native;
 
     // All are looked at before the first one goes.
     for (const QString& name : names) {
@@ -407,7 +421,7 @@ bool Disk::Private::CopyFile(const QString& source, const QString& target,
 {
     const Place from = ExistingFile(source, kContentDenied);
     const Place onto = ContentTarget(target);
-    if (onto.IsFile() && onto.info.SameFile(from.info))
+    if (onto.IsFile() && native::SameFile(onto.native, from.native))
         ThrowNumber(error::kPermissionDenied, target, u"is source and target at once"_s);
     ListingCache::Change change(listings, DirectoryOf(onto.native));
     const Failure failure = native::Copy(from.native, onto.native, watch);
@@ -420,11 +434,11 @@ bool Disk::Private::CopyFile(const QString& source, const QString& target,
 
 void Disk::Name(const QString& from, const QString& to) const
 {
-    const Private::Place old = d->Resolve(from);
+    const Private::Place old = d->Spelled(from);
     if (!old.Stands())
         ThrowNumber(error::kFileNotFound, from);
     Private::Place fresh = d->Target(to, kDenied);
-    const bool sameFile = fresh.Stands() && fresh.info.SameFile(old.info) && fresh.native == old.native;
+    const bool sameFile = fresh.Stands() && fresh.native == old.native;
     if (fresh.Stands() && !sameFile)
         ThrowNumber(error::kFileExists, to);
     if (sameFile) // the name changes its spelling
@@ -459,7 +473,7 @@ void Disk::MkDir(const QString& path) const
 void Disk::RmDir(const QString& path) const
 {
     const DrivePath parsed = ParseDrivePath(path, Wildcards::Refused);
-    const Private::Place place = d->Resolve(parsed);
+    const Private::Place place = d->Spelled(parsed);
     if (!place.IsDirectory())
         ThrowNumber(error::kPathNotFound, path);
     if (parsed.parts.isEmpty())
@@ -507,6 +521,7 @@ void Disk::WriteWhole(const QString& path, const QByteArray& content) const
     ListingCache::Change change(d->listings, DirectoryOf(place.native));
     Private::Check(native::Replace(place.native, content), path, kContentDenied);
     change.Added(NameOf(place.native), false);
+    d->inis.Forget(place.native);
 }
 
 } // namespace vasclip::files

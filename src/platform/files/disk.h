@@ -12,7 +12,7 @@
 
 namespace vasclip::files {
 
-class KeptInis;
+class IniText;
 
 enum Attribute : unsigned { Normal = 0, ReadOnly = 1, Hidden = 2, Directory = 16 };
 
@@ -87,8 +87,9 @@ public:
     /// @throws 61 disk full, 70 permission denied, 75, 76; the old file is then untouched
     void WriteWhole(const QString& path, const QByteArray& content) const;
 
-    /// For the profile calls; may be asked by any thread.
-    [[nodiscard]] KeptInis& Inis() const;
+    /// An ini file for the profile calls, read anew only when it has changed; null for one that can't be read. May be
+    /// asked by any thread. @throws as ToNative
+    [[nodiscard]] std::shared_ptr<const IniText> Ini(const QString& path) const;
 
 private:
     struct Private;

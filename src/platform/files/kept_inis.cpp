@@ -1,26 +1,32 @@
 #include "platform/files/kept_inis.h"
 
+#include "platform/files/wildcard.h"
+
 namespace vasclip::files {
 
 namespace {
 
 constexpr qsizetype kMostKept = 64;
 
+/// One for all the spellings that lead to a file.
+QString KeyOf(const QString& path)
+{
+    return native::kTellsSpellings ? path : FoldedName(path);
+}
+
 bool Same(const native::Info& a, const native::Info& b)
 {
-    return a.SameFile(b) && a.size == b.size && a.modifiedNs == b.modifiedNs && a.changedNs == b.changedNs;
+    return a.device == b.device && a.inode == b.inode && a.size == b.size && a.modifiedNs == b.modifiedNs && a.changedNs == b.changedNs;
 }
 
 } // namespace
 
-std::shared_ptr<const IniText> KeptInis::Read(const QString& path)
+std::shared_ptr<const IniText> KeptInis::Read(const QString& path, const native::Info& info)
 {
-    native::Info info;
-    if (native::Inspect(path, info) != native::Failure::None)
-        return nullptr;
+    const QString key = KeyOf(path);
     {
         const std::lock_guard lock(m_mutex);
-        const auto kept = m_files.constFind(path);
+        const auto kept = m_files.constFind(key);
         if (kept != m_files.constEnd() && Same(kept->info, info))
             return kept->text;
     }
@@ -34,16 +40,16 @@ std::shared_ptr<const IniText> KeptInis::Read(const QString& path)
     if (m_files.size() >= kMostKept)
         m_files.clear();
     if (settled && content.size() == info.size)
-        m_files.insert(path, {info, text});
+        m_files.insert(key, {info, text});
     else
-        m_files.remove(path);
+        m_files.remove(key);
     return text;
 }
 
 void KeptInis::Forget(const QString& path)
 {
     const std::lock_guard lock(m_mutex);
-    m_files.remove(path);
+    m_files.remove(KeyOf(path));
 }
 
 } // namespace vasclip::files

@@ -15,8 +15,10 @@ namespace vasclip::files {
 class KeptInis
 {
 public:
-    /// @param path  native; @return null for one that can't be read
-    [[nodiscard]] std::shared_ptr<const IniText> Read(const QString& path);
+    /// @param path  native
+    /// @param info  what the system knows of it now
+    /// @return null for one that can't be read
+    [[nodiscard]] std::shared_ptr<const IniText> Read(const QString& path, const native::Info& info);
     void Forget(const QString& path);
 
 private:

@@ -43,13 +43,8 @@ struct Info
     qint64 size = 0;
     qint64 modifiedNs = 0; ///< since 1970, UTC
     qint64 changedNs = 0;
-    quint64 device = 0;
+    quint64 device = 0; ///< and inode: other ones once another file has the name; of two names ask SameFile
     quint64 inode = 0;
-
-    [[nodiscard]] bool SameFile(const Info& other) const
-    {
-        return device == other.device && inode == other.inode;
-    }
 };
 
 struct Entry
@@ -59,8 +54,12 @@ struct Entry
 };
 
 [[nodiscard]] Failure Inspect(const QString& path, Info& info);
-/// A path that stands below a root, with its names as they are on disk. Where the system tells spellings apart,
-/// that is the path itself.
+/// Do two names that stand lead to one file?
+[[nodiscard]] bool SameFile(const QString& a, const QString& b);
+/// Does the system tell a name from the same one in another spelling?
+extern const bool kTellsSpellings;
+/// A path below a root with its names as they are on disk, as far as it stands. Where the system tells spellings
+/// apart, that is the path itself.
 [[nodiscard]] QString AsSpelled(const QString& root, const QString& path);
 /// Names without "." and "..", and without those that no text can hold.
 [[nodiscard]] Failure List(const QString& directory, QList<Entry>& entries);

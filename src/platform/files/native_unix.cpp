@@ -271,6 +271,15 @@ Failure Inspect(const QString& path, Info& info)
     return Failure::None;
 }
 
+bool SameFile(const QString& a, const QString& b)
+{
+    Info one, other;
+    return Inspect(a, one) == Failure::None && Inspect(b, other) == Failure::None && one.device == other.device &&
+           one.inode == other.inode;
+}
+
+const bool kTellsSpellings = true;
+
 QString AsSpelled(const QString& /*root*/, const QString& path)
 {
     return path;

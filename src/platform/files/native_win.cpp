@@ -112,6 +112,27 @@ private:
     HANDLE m_handle;
 };
 
+bool Open(const std::wstring& name, BY_HANDLE_FILE_INFORMATION& found)
+{
+    const Handle handle(CreateFileW(name.c_str(), FILE_READ_ATTRIBUTES,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    return handle.IsOpen() && GetFileInformationByHandle(handle.Get(), &found);
+}
+
+/// From either of the two answers of the system, whose names are the same.
+template <class Found>
+void Fill(Info& info, const Found& found)
+{
+    info.directory = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    info.readOnly = !info.directory && (found.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
+    info.size = qint64(found.nFileSizeHigh) << 32 | found.nFileSizeLow;
+    info.modifiedNs = Nanoseconds(found.ftLastWriteTime);
+    info.changedNs = info.modifiedNs;
+    info.device = 0;
+    info.inode = quint64(Nanoseconds(found.ftCreationTime));
+}
+
 /// A new name beside the target.
 QString FreshName(const QString& target)
 {
@@ -160,30 +181,43 @@ Failure Compare(const QString& source, const QString& copy)
 
 Failure Inspect(const QString& path, Info& info)
 {
-    const Handle handle(CreateFileW(Wide(path).c_str(), FILE_READ_ATTRIBUTES,
-                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
-    BY_HANDLE_FILE_INFORMATION found;
-    if (!handle.IsOpen() || !GetFileInformationByHandle(handle.Get(), &found))
+    // By its name, since to open a file costs many times as much, most on a share; what a link leads to is opened.
+    const std::wstring name = Wide(path);
+    WIN32_FILE_ATTRIBUTE_DATA found;
+    if (!GetFileAttributesExW(name.c_str(), GetFileExInfoStandard, &found))
         return FailureOf(GetLastError());
-    info.directory = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-    info.readOnly = !info.directory && (found.dwFileAttributes & FILE_ATTRIBUTE_READONLY) != 0;
-    info.size = qint64(found.nFileSizeHigh) << 32 | found.nFileSizeLow;
-    info.modifiedNs = Nanoseconds(found.ftLastWriteTime);
-    info.changedNs = info.modifiedNs;
-    info.device = found.dwVolumeSerialNumber;
-    info.inode = quint64(found.nFileIndexHigh) << 32 | found.nFileIndexLow;
+    if ((found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) {
+        Fill(info, found);
+        return Failure::None;
+    }
+    BY_HANDLE_FILE_INFORMATION opened;
+    if (!Open(name, opened))
+        return FailureOf(GetLastError());
+    Fill(info, opened);
     return Failure::None;
 }
+
+bool SameFile(const QString& a, const QString& b)
+{
+    BY_HANDLE_FILE_INFORMATION one, other;
+    return Open(Wide(a), one) && Open(Wide(b), other) && one.dwVolumeSerialNumber == other.dwVolumeSerialNumber &&
+           one.nFileIndexHigh == other.nFileIndexHigh && one.nFileIndexLow == other.nFileIndexLow;
+}
+
+const bool kTellsSpellings = false;
 
 QString AsSpelled(const QString& root, const QString& path)
 {
     QString spelled = root.endsWith(u'/') ? root.chopped(1) : root;
+    bool stands = true;
     for (const QString& part : path.mid(spelled.size()).split(u'/', Qt::SkipEmptyParts)) {
         const QString asked = spelled + u'/' + part;
         WIN32_FIND_DATAW found;
-        const HANDLE search = FindFirstFileW(Wide(asked).c_str(), &found);
-        if (search == INVALID_HANDLE_VALUE) {
+        const HANDLE search = stands ? FindFirstFileExW(Wide(asked).c_str(), FindExInfoBasic, &found,
+                                                        FindExSearchNameMatch, nullptr, 0)
+                                     : INVALID_HANDLE_VALUE;
+        stands = search != INVALID_HANDLE_VALUE;
+        if (!stands) {
             spelled = asked;
             continue;
         }

@@ -22,7 +22,7 @@ constexpr int kLockWaitMs = 10'000;
 std::shared_ptr<const IniText> ReadFile(const Disk& disk, const QString& file)
 {
     try {
-        return disk.Inis().Read(disk.ToNative(file));
+        return disk.Ini(file);
     } catch (const RuntimeError&) {
         return nullptr;
     }
@@ -71,7 +71,6 @@ bool WriteProfileKeys(const Disk& disk, const QString& file, const QList<Profile
         }
         if (text.IsChanged()) {
             disk.WriteWhole(file, text.Bytes());
-            disk.Inis().Forget(disk.ToNative(file));
         }
         return true;
     } catch (const RuntimeError&) {
