@@ -4,6 +4,7 @@
 #include "platform/engine/genuine_file.h"
 #include "platform/engine/jet_samples.h"
 #include "platform/engine/rows_at_once.h"
+#include "support/killed_here.h"
 
 #include <QProcess>
 
@@ -191,15 +192,14 @@ TEST_F(JetConvertTest, WhatAKilledOneLeftGoesWithTheNext)
         QFile file(home.Native(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write("left") == 4);
     };
-    constexpr qint64 kNobody = 0x3FFFFFFF;
-    const QString gone = QString::number(kNobody);
+    const QString gone = tests::kKilledHere.Mark();
     QProcess other; // which waits until its input closes
     home.disk.MkDir(u"C:\\OTHER"_s);
     const QString held = u"C:\\OTHER\\HELD.MDB"_s;
     MakeComps(home.engine, held, {})->Close();
     other.start(u"" VASCLIP_ENGINE_USER ""_s, {home.directory.path(), held, u"hold"_s, u"shared"_s});
     ASSERT_TRUE(other.waitForReadyRead());
-    const QString alive = QString::number(other.processId());
+    const QString alive = FileOwner{other.processId(), tests::kKilledHere.machine}.Mark();
     for (const QString& name : {u"ACCESS.MDB.new"_s + gone, u"ACCESS.MDB.new"_s + gone + u"-journal"_s,
                                 u"ACCESS.MDB.new%1.new%1.sortAbCdEf"_s.arg(gone)})
         leave(name);
