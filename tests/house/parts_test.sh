@@ -30,9 +30,15 @@ run() (
         [ "$world" != cut-off ] || [[ "$2" != libupper* ]] || { mkdir half; echo "Hash Sum mismatch"; return 100; }
         mkdir -p source/debian && echo "terms of $2" >source/debian/copyright && touch source/debian/changelog
     }
-    build_lower() { logged lower-build make_up lower; }
+    build_lower() {
+        [ ! -f "$build/half" ] || echo "taken for done: $(cat "$build/half")"
+        echo "half of it" >"$build/half"
+        [ "$world" != killed ] || logged lower-build false
+        logged lower-build make_up lower
+    }
     build_upper() {
         [ -f "${prefix_of[lower]}/lower" ] || give_up "upper was built before lower"
+        touch "$build/build.ninja"
         echo begun >>"$build/steps"
         [ "$world" != broken ] || logged upper-build false
         [ "$world" != full ] || logged upper-build eval 'echo "No space left on device"; false'
@@ -54,6 +60,10 @@ fails() { # fails WORLD PATTERN: the run ends with words
     expect "$1" "$said" "$2"
 }
 
+fails killed "'lower-build' failed"
+[ -f "$(echo "$scratch"/building/lower-*/half)" ] || { echo "nothing was left half done"; bad=1; }
+said=$(run narrow) || true
+! grep 'taken for done' <<<"$said" || bad=1
 fails narrow 'building upper takes 300 MB, and the disk of .* has 250 MB left'
 lower=$(echo "$scratch"/parts/lower-*/.done)
 [ -f "$lower" ] || { echo "the first library was not kept"; bad=1; }

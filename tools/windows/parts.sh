@@ -141,6 +141,8 @@ part() {
     local -x SOURCE_DATE_EPOCH
     SOURCE_DATE_EPOCH=$(dpkg-parsechangelog -l "$source/debian/changelog" -S Timestamp)
     build=$cache/building/${prefix##*/}
+    # Ninja knows which of its files are whole; make takes one that was cut by a full disk for done.
+    [ -f "$build/build.ninja" ] || rm -rf "$build"
     mkdir -p "$build"
     rm -rf "$prefix"
     "build_$name"
