@@ -22,8 +22,10 @@ QString WordsOf(const Archived& done, const QString& file)
     if (done.empty)
         return u"The Source Database is empty."_s;
     const auto all = done.moved + done.overwritten;
-    QString words = kMoved(all) + file +
-                    u", %1 of them in the place of a record there."_s.arg(done.overwritten);
+    QString words = kMoved(all) + file;
+    if (done.overwritten > 0)
+        words += u", %1 of them in the place of a record there"_s.arg(done.overwritten);
+    words += u'.';
     if (!done.left.isEmpty())
         words += u' ' + kLeft(done.left.size());
     if (!done.pictures.isEmpty())
