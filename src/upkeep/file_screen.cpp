@@ -178,11 +178,19 @@ void FileScreen::Tell(const QString& words, forms::Colour colour)
     lblmsg.Show(words, colour);
 }
 
+/// Words about work that was done stand whatever file is chosen next.
+void FileScreen::TellOutcome(bool done, const QString& words, forms::Colour colour)
+{
+    Tell(words, colour);
+    if (done)
+        m_toldOf.clear();
+}
+
 /// What was wrong with one file says nothing of the next; nor does it of this one when it is listed anew.
 void FileScreen::ForgetOtherFile()
 {
     const bool listedAlone = !m_listed.isEmpty() && lblmsg.Caption() == m_listed;
-    const bool other = m_toldOf != text::Folded(File()) && lblmsg.Fore() == forms::Colour::Red;
+    const bool other = !m_toldOf.isEmpty() && m_toldOf != text::Folded(File()) && lblmsg.Fore() == forms::Colour::Red;
     if (m_listsAgain || (!other && !listedAlone))
         return;
     Tell({});
@@ -197,7 +205,7 @@ void FileScreen::TellOfListing(const QString& words)
     if (said.isEmpty())
         Tell(words, forms::Colour::Red);
     else if (!said.contains(words))
-        Tell(said + u' ' + words, forms::Colour::Red);
+        lblmsg.Show(said + u' ' + words, forms::Colour::Red);
 }
 
 void FileScreen::ListAgain(const QString& selected)

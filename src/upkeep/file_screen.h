@@ -51,6 +51,7 @@ protected:
     /// Another directory or another name was chosen.
     void GoTo(const QString& directory, const QString& fileName);
     void Tell(const QString& words, forms::Colour colour = forms::Colour::Blue);
+    void TellOutcome(bool done, const QString& words, forms::Colour colour);
     void ShowAccount(const QString& heading, const QStringList& lines);
     /// Makes a directory with those above it. @throws RuntimeError of the disk
     void MakeDirectories(const QString& path) const;
@@ -79,7 +80,7 @@ private:
     bool m_busy = false;
     bool m_stop = false;
     bool m_asking = false;
-    QString m_toldOf; ///< the file that the boxes named when something was told
+    QString m_toldOf; ///< the file that the boxes named when something was told; "" for what was done
     QString m_damage; ///< what the listing found wrong with the file
     QString m_listed; ///< what the listing has told of that file, and stands there still
     QString m_left; ///< what stood in the path's box when it was left the last time

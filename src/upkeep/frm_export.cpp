@@ -127,7 +127,8 @@ void frm_Export::Export(const QString& target, const QString& table, const WorkS
     const ExportResult result = ExportTable(
         Desk(), {.target = target, .table = table, .search = SearchTextOf(m_search()), .pictures = ckbCopy.Value(), .access = ckbAccess.Value()},
         step);
-    Tell(WordsOf(result), result.written && result.notIn.isEmpty() ? forms::Colour::Blue : forms::Colour::Red);
+    TellOutcome(result.written, WordsOf(result),
+                result.written && result.notIn.isEmpty() ? forms::Colour::Blue : forms::Colour::Red);
     ShowAccount(kNotInside, result.notIn);
 }
 

@@ -136,7 +136,7 @@ void frm_Import::Import(const QString& source, const WorkStep& step)
         Desk(), {.source = source, .table = text::Trim(txtTable.Text()), .pictures = ckbCopy.Value()}, step);
     m_changed = m_changed || result.appended > 0;
     const QStringList lines = AccountOf(result);
-    Tell(WordsOf(result), result.done && lines.isEmpty() ? forms::Colour::Blue : forms::Colour::Red);
+    TellOutcome(result.done, WordsOf(result), result.done && lines.isEmpty() ? forms::Colour::Blue : forms::Colour::Red);
     ShowLeftOut(lines);
 }
 
@@ -180,7 +180,7 @@ void frm_Import::Rehearse(const ImportOrder& order)
     frm_Rehearse screen(Desk(), std::move(rehearsal));
     Desk().ports.screens.ShowModal(screen);
     m_changed = m_changed || screen.Done() > 0;
-    Tell(screen.lblmsg.Caption(), screen.lblmsg.Fore());
+    TellOutcome(screen.Done() > 0, screen.lblmsg.Caption(), screen.lblmsg.Fore());
     ShowLeftOut(screen.LeftOut());
 }
 

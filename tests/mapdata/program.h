@@ -38,13 +38,13 @@ protected:
     {
         return Run(QStringList{u"import"_s} + sources +
                    QStringList{u"--to"_s, Maps(), u"--account"_s,
-                               Below(u"account"_s)} +
+                               Below(u"account.txt"_s)} +
                    options);
     }
 
     [[nodiscard]] QByteArray Account() const
     {
-        QFile file(Below(u"account"_s));
+        QFile file(Below(u"account.txt"_s));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 

@@ -5,6 +5,7 @@
 #include "platform/engine/genuine_file.h"
 #include "store/change.h"
 #include "store/convert.h"
+#include "support/killed_here.h"
 #include "upkeep/export_csv.h"
 #include "upkeep/export_table.h"
 #include "upkeep/insert_images.h"
@@ -235,7 +236,7 @@ TEST_F(TransferEdges, APreviewShowsNoMoreThanAnybodyReads)
 
 TEST_F(TransferEdges, WhatAKilledImportOfAListLeftGoesWithTheNext)
 {
-    disk.WriteWhole(u"C:\\USER\\LIST.incoming999999999"_s, "half");
+    disk.WriteWhole(u"C:\\USER\\LIST.incoming"_s + tests::kKilledHere.Mark(), "half");
     disk.WriteWhole(u"C:\\USER\\LIST.incoming.txt"_s, "somebody's");
     disk.WriteWhole(csv, "Address\n1 Ash St\n");
     EXPECT_EQ(Import(csv).appended, 1);

@@ -297,7 +297,7 @@ TEST_F(ExportWindow, ShowsWhatIsThereWhenItOpensAndWhatIsClicked)
         EXPECT_EQ(Lines(u"lstTables"_s), (QStringList{u"COMPS"_s, u"SECOND"_s}));
         EXPECT_EQ(The<QLabel>(u"lblRecordCount"_s).text(), u"2 records"_s);
         ClickLine(u"lstTables"_s, 1);
-        EXPECT_EQ(The<QLabel>(u"lblRecordCount"_s).text(), u"1 records"_s);
+        EXPECT_EQ(The<QLabel>(u"lblRecordCount"_s).text(), u"1 record"_s);
         Tick(u"ckbDateStamp"_s);
         EXPECT_EQ(Lines(u"lstTables"_s), QStringList()) << "there is no file of the stamped name";
         Tick(u"ckbDateStamp"_s);

@@ -164,7 +164,7 @@ TEST_F(ImportWindow, ListsNoMoreThanAnybodyReads)
         ClickLine(u"lstTables"_s, static_cast<int>(Lines(u"lstTables"_s).indexOf(u"ODD"_s)));
         Press(u"cmdImport"_s);
         ASSERT_EQ(Lines().size(), upkeep::frm_Import::kShownLines + 1) << Says().toStdString();
-        EXPECT_EQ(Lines().first(), u"(no key): it has no key"_s);
+        EXPECT_EQ(Lines().first(), u"ODD row 1: it has no key"_s);
         EXPECT_EQ(Lines().last(), u"and 1 more"_s);
     });
 }
