@@ -100,7 +100,7 @@ TEST_F(ListWindow, ProposesTakesAChoiceAndGoesOnIntoTheRehearsal)
             EXPECT_EQ(The<QLabel>(u"lblSummary"_s).text(), u"new: 2, changed: 0, same: 0, same address: 0, refused: 1"_s);
             EXPECT_EQ(Records().size(), 1) << "nothing is done before the button";
             Press(u"cmdRefused"_s);
-            EXPECT_EQ(Says(), u"1 refused row stands in %1SALES_REFUSED.CSV; mend them there and import that file."_s.arg(
+            EXPECT_EQ(Says(), u"1 refused row stands in %1SALES_REFUSED.CSV; mend it there and import that file."_s.arg(
                                   main.globals.G_UserDir));
             home.disk.WriteWhole(main.globals.G_UserDir + u"SALES_REFUSED.CSV"_s, "half mended");
             Press(u"cmdRefused"_s);

@@ -326,11 +326,10 @@ TEST_F(PrintWindows, ANumberThatIsTypedWhileThePagesAreCountedStays)
 TEST_F(PrintWindows, AReportThatCanNotBeReadAnyMoreIsToldOnceAndEndsNothing)
 {
     const auto database = main.program.Engine().OpenDatabase(main.program.DatabookPath());
-    engine::Transaction together(*database);
-    for (int i = 1; i <= 6000; ++i)
+    for (int i = 1; i <= 400; ++i)
         database->Execute(u"INSERT INTO COMPS (CENTRALKEY, ADDRESS) VALUES ('%1 Z ST', '%1 Z St')"_s.arg(i));
-    together.Commit();
     OnPreview([&](upkeep::frm_ReportPreview& preview) {
+        Choose(u"cboLayout"_s, u"Extended"_s); // whose pages take a while to count
         ASSERT_TRUE(preview.lblPages.Caption().contains(u"more"_s)) << "the count still runs";
         QFile report(home.disk.ToNative(u"C:\\VAS2000\\Report_Brief.mdb"_s));
         ASSERT_TRUE(report.resize(8192)); // a disk that fails, or somebody who cleans up
