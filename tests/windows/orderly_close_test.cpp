@@ -221,7 +221,7 @@ TEST_F(Closing, WorkInTheMiddleIsStoppedAndTheProgramEndsBehindIt)
 TEST_F(Closing, AReportThatIsSavedIsStoppedAndTheProgramEndsBehindIt)
 {
     QStringList many;
-    for (int i = 1000; i < 2500; ++i)
+    for (int i = 1000; i < 9000; ++i)
         many.append(u"%1 MANY ST"_s.arg(i));
     AddComps(many);
     common::Globals globals;
