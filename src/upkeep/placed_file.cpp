@@ -1,8 +1,6 @@
 #include "upkeep/placed_file.h"
 
-#include <QDateTime>
 #include <QFile>
-#include <QFileInfo>
 
 namespace vasclip::upkeep {
 
@@ -11,12 +9,6 @@ namespace {
 constexpr qint64 kPiece = 32768;
 
 } // namespace
-
-FileMark FileMark::Of(const QString& native)
-{
-    const QFileInfo info(native);
-    return info.isFile() ? FileMark{info.size(), info.lastModified().toMSecsSinceEpoch()} : FileMark{};
-}
 
 bool SameBytes(const QString& left, const QString& right)
 {

@@ -1,18 +1,10 @@
 #pragma once
 
-#include <QString>
+#include "platform/engine/file_mark.h"
 
 namespace vasclip::upkeep {
 
-/// What tells a file from another one of its name; a rename leaves it as it is.
-struct FileMark
-{
-    qint64 bytes = -1; ///< -1: there is none
-    qint64 changed = 0;
-
-    [[nodiscard]] static FileMark Of(const QString& native);
-    friend bool operator==(const FileMark&, const FileMark&) = default;
-};
+using engine::FileMark;
 
 /// Do two files hold the same? False where one can't be read.
 [[nodiscard]] bool SameBytes(const QString& left, const QString& right);

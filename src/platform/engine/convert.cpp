@@ -1,6 +1,7 @@
 #include "platform/engine/convert.h"
 
 #include "platform/engine/errors.h"
+#include "platform/engine/file_mark.h"
 #include "platform/engine/genuine_file.h"
 #include "platform/engine/health.h"
 #include "platform/engine/long_source.h"
@@ -10,9 +11,7 @@
 #include "platform/engine/same_value.h"
 #include "platform/engine/sql_typer.h"
 
-#include <QDateTime>
 #include <QFile>
-#include <QFileInfo>
 
 #include <cmath>
 #include <numeric>
@@ -25,19 +24,6 @@ namespace {
 
 struct Stopped
 {};
-
-/// What tells a file from itself after somebody stored into it.
-struct FileMark
-{
-    qint64 bytes;
-    QDateTime changed;
-
-    explicit FileMark(const QString& native)
-        : bytes(QFileInfo(native).size())
-        , changed(QFileInfo(native).lastModified())
-    {}
-    bool operator==(const FileMark& other) const = default;
-};
 
 /// The rows of one table, one after the other, with all that is in them; its large pictures are read when they are asked for.
 class Reader
@@ -138,7 +124,7 @@ public:
         , m_conversion(conversion)
         , m_inPlace(conversion.source.compare(conversion.target, Qt::CaseInsensitive) == 0)
         , m_from(engine.OpenDatabase(conversion.source, OpenMode::ReadOnly))
-        , m_before(engine.Disk().ToNative(conversion.source))
+        , m_before(FileMark::Of(engine.Disk().ToNative(conversion.source)))
     {
         const files::Disk& disk = engine.Disk();
         const QString& taken = m_inPlace ? conversion.keepAs : conversion.target;
@@ -193,7 +179,7 @@ private:
     /// What somebody stores meanwhile would be in neither the rows that were read nor, where the new file takes the name, ours.
     void NeedUnchanged() const
     {
-        if (FileMark(m_engine.Disk().ToNative(m_conversion.source)) != m_before)
+        if (FileMark::Of(m_engine.Disk().ToNative(m_conversion.source)) != m_before)
             throw RuntimeError(error::kInternalEngine,
                                u"Somebody stored into %1 while it was converted, so the new database was not kept. The old one is as "
                                "they left it; convert it again when nobody has it open"_s.arg(m_conversion.source));
