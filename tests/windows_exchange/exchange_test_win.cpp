@@ -223,6 +223,18 @@ void TwoAnswers()
     EQUAL(client->Request(u"COMMANDS"), u"[a]");
 }
 
+void TwoAnswersFromTheSecondOn()
+{
+    const Beside partner(kPartner, "--copies 2 --copies-after 1 --copy-gap 100");
+    const auto client = Opened();
+    EQUAL(client->Request(u"COUNT"), u"1");
+    EQUAL(client->Request(u"COUNT"), u"2");
+    Sleep(300); // the copy has come
+    client->Open(u"KEL|R1"); // and is taken in here
+    for (const char16_t* count : {u"3", u"4", u"5"})
+        EQUAL(client->Request(u"COUNT"), count);
+}
+
 void OneAcknowledgementTooMany()
 {
     const Beside partner(kPartner, "--ack-data");
@@ -458,6 +470,7 @@ const Test kTests[] = {TEST_ROW(RequestsPokesAndCommands),
                        TEST_ROW(LateAnswers),
                        TEST_ROW(NoAnswerAtAll),
                        TEST_ROW(TwoAnswers),
+                       TEST_ROW(TwoAnswersFromTheSecondOn),
                        TEST_ROW(OneAcknowledgementTooMany),
                        TEST_ROW(AnswersThatWantAnAcknowledgement),
                        TEST_ROW(TextWithoutAnEnd),

@@ -20,8 +20,9 @@ namespace {
 
 void Usage()
 {
-    std::fputs("usage: partner [--service NAME] [--code-page N] [--delay MS [--delays N]] [--copies N] [--ack-data] [--endless]\n"
-               "               [--ask-ack] [--busy N] [--format N] [--gone-after N] [--vanish-after N] [--code N] [--flood] [--hang]\n"
+    std::fputs("usage: partner [--service NAME] [--code-page N] [--delay MS [--delays N]] [--copies N [--copies-after N]\n"
+               "               [--copy-gap MS]] [--ack-data] [--endless] [--ask-ack] [--busy N] [--format N] [--gone-after N]\n"
+               "               [--vanish-after N] [--code N] [--flood] [--hang]\n"
                "Prints \"ready\" when it listens; ends when its standard input does.\n",
                stderr);
 }
@@ -44,6 +45,8 @@ bool ReadOptions(int argc, char** argv, Options& options)
                                                 {"--hang", &options.hang}};
     const std::map<std::string, int*> numbers = {{"--delay", &habits.delayMs},       {"--delays", &habits.delays},
                                                  {"--copies", &habits.copies},
+                                                 {"--copies-after", &habits.copiesAfter},
+                                                 {"--copy-gap", &habits.copyGapMs},
                                                  {"--busy", &habits.busy},           {"--gone-after", &habits.goneAfter},
                                                  {"--vanish-after", &habits.vanishAfter}};
     const std::map<std::string, unsigned*> sizes = {

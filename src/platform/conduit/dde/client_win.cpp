@@ -43,6 +43,7 @@ struct Manners
     DWORD process = 0;
     bool known = false;
     bool chatty = false; ///< it says more than it was asked
+    int strays = 0;      ///< of the open conversation, as far as they were looked at
 };
 
 class SystemClient final : public Client
@@ -68,6 +69,7 @@ private:
     [[nodiscard]] Conversation::Answer Exchange(const std::string& what, const Step& step);
     void LetItFinish(const Deadline& deadline);
     void Learn();
+    void LookAtStrays();
     [[nodiscard]] const Atom& ItemOf(const std::u16string& name);
 
     ClientOptions m_options;
@@ -121,7 +123,8 @@ void SystemClient::Open(const std::u16string& topic)
     m_open = std::move(conversation);
     m_topic = topic;
     if (const DWORD process = m_open->PartnerProcess(); process != m_manners.process)
-        m_manners = {process, false, false};
+        m_manners = {process, false, false, 0};
+    m_manners.strays = 0;
 }
 
 void SystemClient::Say(const std::u16string& whole, std::size_t hung) const
@@ -167,9 +170,8 @@ const Atom& SystemClient::ItemOf(const std::u16string& name)
 /// What was left over from before is taken in, as far as the other side is known to leave something.
 void SystemClient::LetItFinish(const Deadline& deadline)
 {
-    const int strays = m_open->Strays();
     m_open->Pump();
-    m_manners.chatty = m_manners.chatty || m_open->Strays() != strays;
+    LookAtStrays(); // some may have been taken in by the question whether it is still there
     if (m_manners.chatty)
         m_open->Fence(deadline);
 }
@@ -179,9 +181,14 @@ void SystemClient::Learn()
 {
     if (std::exchange(m_manners.known, true))
         return;
-    const int strays = m_open->Strays();
     m_open->Fence(Deadline(kLearnMs));
-    m_manners.chatty = m_open->Strays() != strays;
+    LookAtStrays();
+}
+
+void SystemClient::LookAtStrays()
+{
+    const int strays = std::exchange(m_manners.strays, m_open->Strays());
+    m_manners.chatty = m_manners.chatty || m_manners.strays != strays;
 }
 
 Conversation::Answer SystemClient::Exchange(const std::string& what, const Step& step)

@@ -29,6 +29,8 @@ struct ServerHabits
     int delayMs = 0;             ///< every answer comes that much later
     int delays = 1 << 30;        ///< or only so many of them do
     int copies = 1;              ///< how often each answer is given; 0: never
+    int copiesAfter = 0;         ///< but the first so many are given once
+    int copyGapMs = 0;           ///< between an answer and its copy
     bool acknowledgesData = false; ///< an acknowledgement too many behind every answer
     bool endless = false;        ///< no zero behind an answer
     bool askForAck = false;      ///< answers want to be acknowledged

@@ -261,7 +261,10 @@ void Speaker::Data(ATOM item, const std::string& bytes)
 {
     const ServerHabits& habits = m_server.habits;
     const std::u16string name = NameOfAtom(item);
-    for (int copy = 0; copy < habits.copies; ++copy) {
+    const int copies = m_server.answered > habits.copiesAfter ? habits.copies : 1;
+    for (int copy = 0; copy < copies; ++copy) {
+        if (copy > 0 && habits.copyGapMs > 0)
+            Sleep(static_cast<DWORD>(habits.copyGapMs));
         const WORD head[] = {static_cast<WORD>(kResponse | kReleased | (habits.askForAck ? kAckRequested : 0)),
                              static_cast<WORD>(habits.format)};
         const HGLOBAL memory = Share(head, sizeof head, bytes, !habits.endless);
