@@ -16,19 +16,30 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// Milliseconds from the start of the process to its end; -1 if it failed.
+constexpr int kLongestMs = 60000;
+
+/// Milliseconds from the start of the process to its end; -1 if it failed, which it says.
 double Run(const QString& program, const QStringList& arguments)
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+    if (!environment.contains(u"QT_QPA_PLATFORM"_s))
+        environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
     process.setProcessEnvironment(environment);
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     QElapsedTimer timer;
     timer.start();
     process.start(program, arguments);
-    if (!process.waitForFinished(60000) || process.exitCode() != 0)
+    const bool ended = process.waitForFinished(kLongestMs);
+    if (!ended || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0) {
+        std::fprintf(stderr, "start_bench: %s %s (%s)\n", qPrintable(program),
+                     !ended ? "has not ended by itself"
+                     : process.exitStatus() != QProcess::NormalExit
+                         ? "crashed"
+                         : qPrintable(u"ended with code %1"_s.arg(process.exitCode())),
+                     qPrintable(process.errorString()));
         return -1;
+    }
     return static_cast<double>(timer.nsecsElapsed()) / 1e6;
 }
 
@@ -56,10 +67,8 @@ int main(int argc, char* argv[])
     for (int i = 0; i <= runs; ++i) {
         const double vasclip = Run(bin + u"/vasclip"_s, {u"--home"_s, home, u"--quit-when-painted"_s});
         const double empty = Run(bin + u"/empty_window"_s, {home + u"/drive_c/DATABOOK/DATABOOK.MDB"_s});
-        if (vasclip < 0 || empty < 0) {
-            std::fprintf(stderr, "start_bench: a run failed\n");
+        if (vasclip < 0 || empty < 0)
             return 1;
-        }
         if (i == 0)
             continue; // warms the caches of both
         ours.push_back(vasclip);

@@ -35,9 +35,8 @@ enum ShellResult : int {
 [[nodiscard]] bool StartProgram(const QString& program, const QStringList& arguments,
                                 const QString& directory = {});
 
-/// The version of an executable, "7.1.0.3"; "" if it has none. Where files carry no versions, it is the first
-/// line of
-/// `<file>.version` beside it.
+/// The version of an executable, "7.1.0.3"; "" if it has none. A file that carries none itself may have it in the first line
+/// of `<file>.version` beside it, as the place marker of a made-up home does.
 /// @param nativePath  as `Disk::ToNative` gives it
 [[nodiscard]] QString FileVersion(const QString& nativePath);
 

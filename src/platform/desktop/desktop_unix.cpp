@@ -1,4 +1,5 @@
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/version_beside.h"
 
 #include "platform/text/runtime_error.h"
 
@@ -139,11 +140,7 @@ bool StartProgram(const QString& program, const QStringList& arguments, const QS
 
 QString FileVersion(const QString& nativePath)
 {
-    QFile beside(nativePath + u".version"_s);
-    if (!QFileInfo::exists(nativePath) || !beside.open(QIODevice::ReadOnly))
-        return {};
-    constexpr qint64 kLongestLine = 256;
-    return QString::fromUtf8(beside.readLine(kLongestLine)).trimmed();
+    return VersionBeside(nativePath);
 }
 
 QString SystemDirectory()

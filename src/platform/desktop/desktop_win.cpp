@@ -1,4 +1,5 @@
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/version_beside.h"
 
 #include "platform/text/runtime_error.h"
 
@@ -64,7 +65,7 @@ QString FileVersion(const QString& nativePath)
     DWORD ignored = 0;
     const DWORD size = GetFileVersionInfoSizeW(Wide(nativePath), &ignored);
     if (size == 0)
-        return {};
+        return VersionBeside(nativePath);
     std::vector<char> block(size);
     VS_FIXEDFILEINFO* fixed = nullptr;
     UINT length = 0;

@@ -105,18 +105,6 @@ TEST_F(Shell, PrintsThroughTheSpooler)
     EXPECT_EQ(ReadNote(), QFile::encodeName(home.Native(u"drive_c/P/comp photo.jpg"_s)));
 }
 
-TEST(FileVersions, StandBesideTheFile)
-{
-    const TempHome home;
-    home.Put(u"C:\\KEL\\Kel.exe"_s);
-    const QString native = home.disk.ToNative(u"C:\\KEL\\KEL.EXE"_s);
-    EXPECT_EQ(FileVersion(native), QString());
-    home.Put(u"C:\\KEL\\Kel.exe.version"_s, "7.1.0.3\r\nmore\n");
-    EXPECT_EQ(FileVersion(native), u"7.1.0.3"_s);
-    home.disk.Kill(u"C:\\KEL\\Kel.exe"_s);
-    EXPECT_EQ(FileVersion(native), QString()) << "without the file there is no version";
-}
-
 TEST(SystemFacts, AreDrivePaths)
 {
     EXPECT_EQ(SystemDirectory(), u"C:\\WINDOWS\\SYSTEM32"_s);
