@@ -100,6 +100,8 @@ protected:
         ++(done ? m_done : m_killed);
         return done;
     }
+    /// Shall it go on? Until a kill has come on each side.
+    [[nodiscard]] bool More(int run, int usually) const { return MoreKills(run, usually, {m_done, m_killed}); }
     void ExpectBothSides() const
     {
         EXPECT_GT(m_done, 0) << "no run was let through";
@@ -120,8 +122,7 @@ TEST_F(PhotoKills, FilingAndReplacingLoseNothing)
     m_usualMs = static_cast<int>(usual.seconds * 1000) + 1;
     const QStringList views{u"FRONT VIEW"_s, u"REAR VIEW"_s, u"STREET SCENE"_s, u"POOL"_s};
     QMap<QString, QString> before = Photos();
-    const int kills = Kills(24);
-    for (int run = 0; run < kills; ++run) {
+    for (int run = 0; More(run, 24); ++run) {
         const QString view = views[run % views.size()];
         const bool done = RunAndKill({u"--yes"_s, u"photos"_s, u"file"_s, key, view, Source(run % kSources)});
         const QMap<QString, QString> after = Photos();

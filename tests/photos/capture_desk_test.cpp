@@ -1,5 +1,7 @@
 #include "capture_home.h"
 
+#include "support/wine.h"
+
 #include <filesystem>
 
 namespace vasclip::photos {
@@ -330,7 +332,7 @@ TEST_F(CaptureDeskTest, ThePendingRefreshIsClearedUnderTheHourglass)
 
 TEST_F(CaptureDeskTest, FiftyThousandPicturesDecodeLikeFifty)
 {
-    constexpr int kMany = 50'000;
+    const int kMany = tests::UnderWine() ? 5'000 : 50'000; // it looks through all names for each new one
     Put(u"00000.JPG"_s);
     const std::filesystem::path first = home.disk.ToNative(kDir + u"00000.JPG"_s).toStdString();
     for (int i = 1; i < kMany; ++i)
@@ -342,7 +344,7 @@ TEST_F(CaptureDeskTest, FiftyThousandPicturesDecodeLikeFifty)
     EXPECT_EQ(thumbs->Asked().filter(u"decode"_s).size(), 24) << "a page and the one behind it";
     desk->imaScroll_Click(3);
     ASSERT_TRUE(Settle());
-    EXPECT_EQ(Shown().last(), u"49999.JPG"_s);
+    EXPECT_EQ(Shown().last(), u"%1.JPG"_s.arg(kMany - 1, 5, 10, QChar(u'0')));
     EXPECT_LE(thumbs->Asked().filter(u"decode"_s).size(), 24 + 2 * 24);
 }
 

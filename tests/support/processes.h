@@ -16,6 +16,7 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include <cstdio>
 
 namespace vasclip::tests {
 
@@ -108,11 +109,15 @@ public:
         process.closeWriteChannel();
         if (!process.waitForFinished(4 * kPatienceMs)) {
             const QByteArray why = process.errorString().toUtf8();
+            std::fprintf(stderr, "%s %s did not end: %s\n", qPrintable(name), qPrintable(arguments.join(u' ')), why.constData());
             process.kill();
             process.waitForFinished();
             return {-1, {}, "no end: " + why};
         }
         const bool crashed = process.exitStatus() != QProcess::NormalExit;
+        if (crashed) // a test that looks at the code alone would not tell
+            std::fprintf(stderr, "%s %s crashed with %08x\n", qPrintable(name), qPrintable(arguments.join(u' ')),
+                         static_cast<unsigned>(process.exitCode()));
         return {crashed ? -1 : process.exitCode(), Text(process.readAllStandardOutput()),
                 Text(process.readAllStandardError()) + (crashed ? "crashed: " + QByteArray::number(process.exitCode()) : "")};
     }
