@@ -38,4 +38,20 @@ printf '#!/bin/bash\necho "it is broken" >&2; exit 1\n' >"$scratch/programs/wine
 chmod +x "$scratch/programs/wineboot"
 refuses "a Wine that makes no directory" "Wine can't make its directory; see .*wineboot.log"
 grep -q 'it is broken' "$scratch/logs/wineboot.log" || { echo "what Wine said is not kept"; bad=1; }
+
+# One whose console nobody ends: it is ended, and what follows starts another.
+cat >"$scratch/programs/wineserver" <<END
+#!/bin/bash
+case \$1 in
+-k) touch "$scratch/ended" ;;
+-w) while [ ! -e "$scratch/ended" ]; do sleep 0.1; done ;;
+esac
+END
+chmod +x "$scratch/programs/wineserver"
+for tool in sleep timeout; do
+    ln -s "$(command -v "$tool")" "$scratch/programs/$tool"
+done
+said=$(PATH=$scratch/programs cache=$scratch timeout 30 bash -euo pipefail -c '. "$1"; rest 1; echo went on' x \
+    "$root/tools/windows/wine.sh") || true
+[ "$said" = "went on" ] || { echo "a Wine that never rests holds everything up"; bad=1; }
 exit $bad

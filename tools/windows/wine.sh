@@ -45,12 +45,20 @@ environment() {
     fi >/dev/null 2>&1 || true
 }
 
+# The next program starts Wine anew. A test that kills a program leaves the console that came with it, which never ends.
+rest() { # rest [SECONDS]
+    timeout "${1:-20}" wineserver -w || {
+        wineserver -k || true
+        wineserver -w
+    }
+}
+
 # A program without a screen, or with one that nobody sees. Without one Wine still has windows, which the exchange needs.
 offscreen() {
     [ "${shown:-}" = no ] && return
     environment QT_QPA_PLATFORM offscreen
     wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1
-    wineserver -w # what was started before knows no windows
+    rest # what was started before knows no windows
     shown=no
 }
 on_screen() {
@@ -59,7 +67,7 @@ on_screen() {
         wine reg delete 'HKCU\Software\Wine\Drivers' /v Graphics /f >/dev/null 2>&1 || true
     fi
     shown=yes
-    wineserver -w # it would go on with the display it knows
+    rest # it would go on with the display it knows
     xvfb-run -a -s "-screen 0 ${SCREEN:-1600x1000}x24" "$root/tools/windows/with-manager" "$@"
 }
 
@@ -68,5 +76,5 @@ looks() {
     wine reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d $((96 * $1 / 100)) /f >/dev/null 2>&1
     wine reg add 'HKCU\Software\Microsoft\Windows\CurrentVersion\Themes\Personalize' /v AppsUseLightTheme /t REG_DWORD \
         /d "$([ "$2" = light ] && echo 1 || echo 0)" /f >/dev/null 2>&1
-    wineserver -w # which reads the first at its start
+    rest # which reads the first at its start
 }
