@@ -76,6 +76,7 @@ wait_for() {
 runs_meanwhile() {
     local forms
     mkdir -p "$(unix_path 'C:\')/Vasclip busy"
+    : >"$results/busy.log" # an earlier run's says that it listens
     wine "$installed\\kelforms.exe" --headless --home 'C:\Vasclip busy' >"$results/busy.log" 2>&1 &
     forms=$!
     wait_for grep -q listening "$results/busy.log" || wrong "kelforms.exe did not start; see $results/busy.log"
@@ -104,6 +105,7 @@ drive() {
     keys=$("$linux/vasctl" --home "$here" --json records list --where "APPRSLTYPE = 'F' AND FRONT <> ''" --limit 3 |
         python3 -c 'import json, sys; [print(row["CENTRALKEY"]) for row in json.load(sys.stdin)]')
     [ "$(wc -l <<<"$keys")" -eq 3 ] || { wrong "the demo has no three comps with photos"; return 1; }
+    : >"$results/linux-forms.log" # an earlier run's says that it listens
     "$linux/kelforms" --headless --home "$here" --save-on-exit 'C:\KEL\DATA\LAUREL.RPT' >"$results/linux-forms.log" 2>&1 &
     forms=$!
     wait_for grep -q listening "$results/linux-forms.log" || wrong "kelforms did not start; see $results/linux-forms.log"
