@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QSaveFile>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace vasclip::street::draw {
@@ -37,7 +39,10 @@ QByteArray Bitmap(const Mark& mark)
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    flat.convertToFormat(QImage::Format_Indexed8, Qt::ThresholdDither | Qt::AvoidDither).save(&buffer, "BMP");
+    QImage indexed = flat.convertToFormat(QImage::Format_Indexed8, Qt::ThresholdDither | Qt::AvoidDither);
+    for (int y = 0; y < indexed.height(); ++y) // the file takes what lay in memory behind each row along
+        std::fill(indexed.scanLine(y) + indexed.width(), indexed.scanLine(y) + indexed.bytesPerLine(), uchar{0});
+    indexed.save(&buffer, "BMP");
     return bytes.replace(kReserved, kOurs.size(), kOurs);
 }
 

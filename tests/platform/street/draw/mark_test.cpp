@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QImage>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
@@ -101,6 +102,23 @@ TEST(MarkFiles, WritesWhatIsMissingAndNoMore)
     EXPECT_EQ(bitmap.size(), DrawMark(MarkOf(u"ARROWBLUECOMP1LT.BMP"_s), 1, false).size());
     EXPECT_EQ(bitmap.pixelColor(bitmap.width() - 1, 0), QColor(Qt::white));
     EXPECT_EQ(WriteMarks(u"/nowhere/at/all"_s).size(), MarkNames().size());
+}
+
+TEST(MarkFiles, HoldNothingThatLayInMemoryBehindARow)
+{
+    const QTemporaryDir home;
+    ASSERT_TRUE(WriteMarks(home.path()).isEmpty());
+    for (const QString& name : QDir(home.path()).entryList(QDir::Files)) {
+        QFile file(home.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const QByteArray bytes = file.readAll();
+        const QImage mark = QImage::fromData(bytes);
+        const qsizetype row = (mark.width() + 3) / 4 * 4;
+        for (int y = 1; y <= mark.height(); ++y)
+            ASSERT_EQ(bytes.mid(bytes.size() - (y - 1) * row - (row - mark.width()), row - mark.width()).count('\0'),
+                      row - mark.width())
+                << name.toStdString() << ", row " << y;
+    }
 }
 
 TEST(MarkFiles, DeliversThemIntoAHomeOnce)
