@@ -19,7 +19,7 @@ QSize Least(const QDialog& window, int width)
     QLayout* rows = window.layout();
     QSize least = rows->totalMinimumSize().expandedTo(window.minimumSize());
     if (rows->hasHeightForWidth())
-        least.setHeight(std::max(least.height(), rows->totalHeightForWidth(std::max(width, least.width()))));
+        least.setHeight(std::max(least.height(), rows->totalMinimumHeightForWidth(std::max(width, least.width()))));
     return least;
 }
 

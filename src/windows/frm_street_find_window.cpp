@@ -51,7 +51,8 @@ QFrame* MakeRule(QDialog& window, const QString& name)
 {
     auto* line = new QFrame(&window);
     line->setObjectName(name);
-    line->setFrameShape(QFrame::HLine);
+    line->setProperty("rule", true);
+    line->setFixedHeight(1);
     return line;
 }
 
@@ -95,6 +96,7 @@ void Layout_frm_StreetFind(QDialog& window, forms::Screen&)
             });
     }
     auto* graphics = new QHBoxLayout;
+    graphics->setSpacing(8);
     auto* which = new QButtonGroup(&window);
     for (int i = 0; i < 2; ++i)
         AddGraphic(*graphics, window, i, *which);

@@ -256,7 +256,7 @@ private:
              g.companyName,
              {{u"Databook"_s, g.G_DataDir + g.G_DataFile},
               {u"Settings"_s, g.applicationIni},
-              {u"Home"_s, m_program.Disk().Home()},
+              {u"Home"_s, QDir::toNativeSeparators(m_program.Disk().Home())},
               {g.formsProgram, g.formsProgramVersion.isEmpty() ? u"not seen yet"_s : g.formsProgramVersion}},
              changes},
             &*m_window);
