@@ -19,6 +19,8 @@ using namespace vasclip;
 
 namespace {
 
+constexpr int kFields = 40; // of a send, which asks nothing twice in one conversation
+
 QString Beside(const QString& name)
 {
     return QCoreApplication::applicationDirPath() + u'/' + name;
@@ -71,6 +73,7 @@ int main(int argc, char** argv)
         for (int i = 0; i < exchanges; ++i) {
             link->SetLinkMode(0);
             link->SetLinkMode(2);
+            link->SetLinkItem(u"UA5|14|%1"_s.arg(i % kFields));
             link->LinkRequest();
         }
         ours.push_back(static_cast<double>(clock.nsecsElapsed()) / 1000.0 / exchanges);

@@ -5,6 +5,7 @@
 
 #include "platform/conduit/dde/client.h"
 #include "platform/conduit/dde/code_page.h"
+#include "platform/conduit/dde/letters.h"
 
 #include <windows.h>
 
@@ -21,7 +22,12 @@ using vasclip::test::Beside;
 
 namespace {
 
-constexpr char kItem[] = "UA5|14|2";
+constexpr int kFields = 40; // of a send, which asks nothing twice in one conversation
+
+std::string Item(int exchange)
+{
+    return "UA5|14|" + std::to_string(exchange % kFields);
+}
 
 HWND g_partner = nullptr;
 bool g_answered = false;
@@ -68,10 +74,10 @@ HWND Connected()
     return window;
 }
 
-void BareRequest(HWND window)
+void BareRequest(HWND window, const std::string& item)
 {
     g_answered = false;
-    PostMessageA(g_partner, WM_DDE_REQUEST, reinterpret_cast<WPARAM>(window), MAKELPARAM(CF_TEXT, GlobalAddAtomA(kItem)));
+    PostMessageA(g_partner, WM_DDE_REQUEST, reinterpret_cast<WPARAM>(window), MAKELPARAM(CF_TEXT, GlobalAddAtomA(item.c_str())));
     MSG message;
     while (!g_answered && GetMessageA(&message, nullptr, 0, 0) > 0)
         DispatchMessageA(&message);
@@ -105,11 +111,11 @@ int main(int argc, char** argv)
     for (int round = 0; round <= rounds; ++round) { // the first is not counted
         double begin = Seconds();
         for (int i = 0; i < exchanges; ++i)
-            BareRequest(bare);
+            BareRequest(bare, Item(i));
         const double bareTime = (Seconds() - begin) / exchanges * 1e6;
         begin = Seconds();
         for (int i = 0; i < exchanges; ++i)
-            static_cast<void>(client->Request(u"UA5|14|2"));
+            static_cast<void>(client->Request(Utf16(Item(i)).value()));
         const double ourTime = (Seconds() - begin) / exchanges * 1e6;
         if (round == 0)
             continue;

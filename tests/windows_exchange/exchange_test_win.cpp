@@ -5,6 +5,7 @@
 
 #include "platform/conduit/dde/client.h"
 #include "platform/conduit/dde/code_page.h"
+#include "platform/conduit/dde/conversation_win.h"
 #include "platform/conduit/dde/failure.h"
 #include "platform/conduit/dde/letters.h"
 
@@ -233,6 +234,57 @@ void TwoAnswersFromTheSecondOn()
     client->Open(u"KEL|R1"); // and is taken in here
     for (const char16_t* count : {u"3", u"4", u"5"})
         EQUAL(client->Request(u"COUNT"), count);
+}
+
+void CopiesThatComeWhenTheNextOneIsAsked()
+{
+    // At once, behind a stop, and while the other side is at other things.
+    for (const char* how : {"", "--copy-gap 20", "--copy-gap 20 --copies-later"}) {
+        const Beside partner(kPartner, std::string("--copies 2 --copies-after 1 ") + how);
+        const auto client = Opened();
+        for (const char16_t* count : {u"1", u"2", u"3", u"4", u"5", u"6"})
+            EQUAL(client->Request(u"COUNT"), count);
+        client->Poke(u"ONCE", u"a");
+        EQUAL(ThrownBy([&] { client->Poke(u"ONCE", u"b"); }).number, 285); // and not the first one's yes
+        EQUAL(client->Request(u"ONCE"), u"a");
+        client->Execute(u"[Once]");
+        EQUAL(ThrownBy([&] { client->Execute(u"[Once]"); }).number, 285);
+        EQUAL(ThrownBy([&] { client->Poke(u"READONLY", u"x"); }).number, 285);
+        EQUAL(client->Request(u"READONLY"), u"fixed"); // and not the no of before
+        EQUAL(client->Request(u"COMMANDS"), u"[Once]");
+    }
+}
+
+void OneThatIsAtWorkWhenItIsAsked()
+{
+    const Beside partner(kPartner, "--slow-to-take 1500"); // longer than one window is waited for, shorter than the limit
+    int waited = 0;
+    const auto client = MakeClient({SystemCodePage(1252), kPlenty, [&] { ++waited; }});
+    client->Open(u"KEL|R1");
+    EQUAL(waited > 0, true);
+    EQUAL(client->Request(u"X"), u"nothing");
+    const auto hurried = Ours(1000);
+    const Thrown thrown = ThrownBy([&] { hurried->Open(u"KEL|R2"); });
+    EQUAL(thrown.number, 282);
+    HOLDS(thrown.words, "No program takes a conversation about \"KEL|R2\"; ");
+    HOLDS(thrown.words, " not answer at all");
+    EQUAL(client->Request(u"CONVERSATIONS"), u"1"); // behind what it was at; the hurried one has none
+}
+
+void TheLateOneOfTwoIsSentAway()
+{
+    auto quick = std::make_unique<Beside>(kPartner, "");
+    const Beside slow(kPartner, "--slow-to-take 1500"); // the younger one's windows are asked first
+    const auto client = Ours();
+    client->Open(u"KEL|R1");
+    client->Poke(u"X", u"quick");
+    for (const Deadline deadline(4000); deadline.Left() > 0; Sleep(100))
+        EQUAL(client->IsOpen(u"KEL|R1"), true);
+    EQUAL(client->Request(u"Y"), u"nothing");
+    quick.reset();
+    const auto other = Opened();
+    EQUAL(other->Request(u"X"), u"nothing"); // of the slow one
+    EQUAL(other->Request(u"CONVERSATIONS"), u"1");
 }
 
 void OneAcknowledgementTooMany()
@@ -471,6 +523,9 @@ const Test kTests[] = {TEST_ROW(RequestsPokesAndCommands),
                        TEST_ROW(NoAnswerAtAll),
                        TEST_ROW(TwoAnswers),
                        TEST_ROW(TwoAnswersFromTheSecondOn),
+                       TEST_ROW(CopiesThatComeWhenTheNextOneIsAsked),
+                       TEST_ROW(OneThatIsAtWorkWhenItIsAsked),
+                       TEST_ROW(TheLateOneOfTwoIsSentAway),
                        TEST_ROW(OneAcknowledgementTooMany),
                        TEST_ROW(AnswersThatWantAnAcknowledgement),
                        TEST_ROW(TextWithoutAnEnd),

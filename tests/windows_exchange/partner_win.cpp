@@ -21,8 +21,9 @@ namespace {
 void Usage()
 {
     std::fputs("usage: partner [--service NAME] [--code-page N] [--delay MS [--delays N]] [--copies N [--copies-after N]\n"
-               "               [--copy-gap MS]] [--ack-data] [--endless] [--ask-ack] [--busy N] [--format N] [--gone-after N]\n"
-               "               [--vanish-after N] [--code N] [--flood] [--hang]\n"
+               "               [--copy-gap MS [--copies-later]]] [--ack-data] [--endless] [--ask-ack] [--busy N] [--format N] [--gone-after N]\n"
+               "               [--vanish-after N] [--code N] [--ends-after MS] [--flood] [--hang]\n"
+               "               [--slow-to-take MS]\n"
                "Prints \"ready\" when it listens; ends when its standard input does.\n",
                stderr);
 }
@@ -39,6 +40,7 @@ bool ReadOptions(int argc, char** argv, Options& options)
 {
     ServerHabits& habits = options.habits;
     const std::map<std::string, bool*> flags = {{"--ack-data", &habits.acknowledgesData},
+                                                {"--copies-later", &habits.copiesLater},
                                                 {"--endless", &habits.endless},
                                                 {"--ask-ack", &habits.askForAck},
                                                 {"--flood", &habits.flood},
@@ -47,6 +49,8 @@ bool ReadOptions(int argc, char** argv, Options& options)
                                                  {"--copies", &habits.copies},
                                                  {"--copies-after", &habits.copiesAfter},
                                                  {"--copy-gap", &habits.copyGapMs},
+                                                 {"--slow-to-take", &habits.slowToTakeMs},
+                                                 {"--ends-after", &habits.endsAfterMs},
                                                  {"--busy", &habits.busy},           {"--gone-after", &habits.goneAfter},
                                                  {"--vanish-after", &habits.vanishAfter}};
     const std::map<std::string, unsigned*> sizes = {
@@ -95,6 +99,8 @@ public:
             return Wide(++m_count);
         if (item == u"EXCHANGES")
             return Wide(m_exchanges);
+        if (item == u"CONVERSATIONS")
+            return Wide(server->Conversations());
         ++m_exchanges;
         const auto kept = m_kept.find(topic + u'/' + item);
         return kept == m_kept.end() ? u"nothing" : kept->second;
@@ -102,7 +108,7 @@ public:
     bool Poke(const std::u16string& topic, const std::u16string& item, const std::u16string& text) override
     {
         ++m_exchanges;
-        if (item == u"REFUSE" || item == u"READONLY")
+        if (item == u"REFUSE" || item == u"READONLY" || (item == u"ONCE" && m_kept.contains(topic + u'/' + item)))
             return false;
         m_kept[topic + u'/' + item] = text;
         return true;
@@ -110,11 +116,13 @@ public:
     bool Execute(const std::u16string&, const std::u16string& command) override
     {
         ++m_exchanges;
-        if (command == u"[Refuse]")
+        if (command == u"[Refuse]" || (command == u"[Once]" && m_commands.find(command) != m_commands.npos))
             return false;
         m_commands += command;
         return true;
     }
+
+    std::unique_ptr<Server> server; ///< that asks it
 
 private:
     static std::u16string Wide(int number)
@@ -149,7 +157,7 @@ int main(int argc, char** argv)
     }
     try {
         Memo memo(options.service);
-        const auto server = MakeServer(memo, SystemCodePage(options.codePage), options.habits);
+        memo.server = MakeServer(memo, SystemCodePage(options.codePage), options.habits);
         CloseHandle(CreateThread(nullptr, 0, EndWithInput, nullptr, 0, nullptr));
         std::puts("ready");
         std::fflush(stdout);

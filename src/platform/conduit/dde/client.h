@@ -18,8 +18,8 @@ struct ClientOptions
 /// The client's end over the system's own messages.
 ///
 /// The conversation stays when the topic is asked for again, and is closed when another one is, or when it has rested
-/// for kRestMs and `Rest` is called. A side that is seen to say more than it was asked is waited for before each
-/// further exchange, so that what it left over is not taken for an answer.
+/// for kRestMs and `Rest` is called, and when the same item is asked about again or a second command is sent, so that what
+/// comes late or twice is not taken for an answer.
 class Client : public Partner
 {
 public:

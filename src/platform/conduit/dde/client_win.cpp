@@ -1,7 +1,7 @@
 #include "platform/conduit/dde/client.h"
 
-#include "platform/conduit/dde/conversation_win.h"
 #include "platform/conduit/dde/failure.h"
+#include "platform/conduit/dde/invitation_win.h"
 #include "platform/conduit/dde/letters.h"
 
 #include <algorithm>
@@ -15,19 +15,11 @@ namespace {
 
 using Outcome = Conversation::Outcome;
 
-constexpr DWORD kAskMs = 500;           // for one window among hundreds
 constexpr DWORD kBusyMs = 50;           // before a busy side is asked again, and longer each time
 constexpr DWORD kBusiestMs = 400;
 constexpr DWORD kLastTryMs = 500;       // what is asked has time to be answered, or is not asked
 constexpr int kFarewellMs = 500;
-constexpr int kLearnMs = 200;
 constexpr std::size_t kMostFarewells = 8;
-
-BOOL CALLBACK Collect(HWND window, LPARAM into)
-{
-    reinterpret_cast<std::vector<HWND>*>(into)->push_back(window);
-    return TRUE;
-}
 
 std::string Seconds(int ms)
 {
@@ -36,15 +28,6 @@ std::string Seconds(int ms)
         text += '.' + std::to_string(ms % 1000 / 100);
     return text + (ms == 1000 ? " second" : " seconds");
 }
-
-/// How the other side behaves, kept over its conversations.
-struct Manners
-{
-    DWORD process = 0;
-    bool known = false;
-    bool chatty = false; ///< it says more than it was asked
-    int strays = 0;      ///< of the open conversation, as far as they were looked at
-};
 
 class SystemClient final : public Client
 {
@@ -65,11 +48,8 @@ private:
     using Step = std::function<Conversation::Answer(Conversation&, const Deadline&)>;
 
     void Leave();
-    void Say(const std::u16string& whole, std::size_t hung) const;
-    [[nodiscard]] Conversation::Answer Exchange(const std::string& what, const Step& step);
-    void LetItFinish(const Deadline& deadline);
-    void Learn();
-    void LookAtStrays();
+    [[nodiscard]] Conversation::Answer Exchange(const std::u16string& about, const std::string& what, const Step& step);
+    void NotTwice(const std::u16string& about);
     [[nodiscard]] const Atom& ItemOf(const std::u16string& name);
 
     ClientOptions m_options;
@@ -77,7 +57,7 @@ private:
     std::unique_ptr<Conversation> m_open;
     std::list<std::unique_ptr<Conversation>> m_farewells; ///< ended by us, not yet by the other side
     HWND m_lastTaker = nullptr;                           ///< the window that took a conversation the last time
-    Manners m_manners;
+    std::vector<std::u16string> m_asked; ///< the items of the open conversation; "" is a command
     Atom m_item;
 };
 
@@ -95,45 +75,22 @@ void SystemClient::Open(const std::u16string& topic)
 {
     if (IsOpen(topic))
         return;
-    Leave();
     const Topic parts = RequireTopic(*m_options.page, topic);
-    const Atom service(parts.service), name(parts.topic);
+    Leave();
     auto conversation = std::make_unique<Conversation>();
-    const Deadline deadline(m_options.timeLimitMs);
-    std::vector<HWND> candidates;
-    if (m_lastTaker && IsWindow(m_lastTaker))
-        candidates.push_back(m_lastTaker);
-    EnumWindows(Collect, reinterpret_cast<LPARAM>(&candidates));
-    std::size_t silent = 0;
-    for (const HWND candidate : candidates) {
-        bool hung = false;
-        if (deadline.Left() == 0 ||
-            conversation->Ask(candidate, service, name, std::min(deadline.Left(), kAskMs), hung)) {
-            m_lastTaker = candidate;
-            break;
-        }
-        silent += hung ? 1 : 0;
-        if (m_options.waiting && hung)
-            m_options.waiting();
-    }
+    const Invitation invitation =
+        Invite(*conversation, parts, m_lastTaker, Deadline(m_options.timeLimitMs), m_options.waiting);
+    m_lastTaker = invitation.taker;
     if (!conversation->Alive()) {
-        m_lastTaker = nullptr;
-        Say(topic, silent);
+        std::string words = "No program takes a conversation about " + Quoted(topic);
+        if (const std::size_t silent = invitation.silent; silent > 0)
+            words += "; " + std::to_string(silent) +
+                     (silent == 1 ? " window of the desktop does" : " windows of the desktop do") + " not answer at all";
+        throw Failure(Why::NoAnswer, words);
     }
     m_open = std::move(conversation);
     m_topic = topic;
-    if (const DWORD process = m_open->PartnerProcess(); process != m_manners.process)
-        m_manners = {process, false, false, 0};
-    m_manners.strays = 0;
-}
-
-void SystemClient::Say(const std::u16string& whole, std::size_t hung) const
-{
-    std::string words = "No program takes a conversation about " + Quoted(whole);
-    if (hung > 0)
-        words += "; " + std::to_string(hung) + (hung == 1 ? " window of the desktop does" : " windows of the desktop do") +
-                 " not answer at all";
-    throw Failure(Why::NoAnswer, words);
+    m_asked.clear();
 }
 
 void SystemClient::Leave()
@@ -167,45 +124,38 @@ const Atom& SystemClient::ItemOf(const std::u16string& name)
     return m_item;
 }
 
-/// What was left over from before is taken in, as far as the other side is known to leave something.
-void SystemClient::LetItFinish(const Deadline& deadline)
+/// An answer bears no more than its item: of two about the same one the first may come twice, or late, and is taken for the
+/// second. So nothing is asked twice in one conversation; in the next one both sides have other windows.
+void SystemClient::NotTwice(const std::u16string& about)
 {
-    m_open->Pump();
-    LookAtStrays(); // some may have been taken in by the question whether it is still there
-    if (m_manners.chatty)
-        m_open->Fence(deadline);
+    const bool asked = std::any_of(m_asked.begin(), m_asked.end(),
+                                   [&](const std::u16string& item) { return SameName(item, about); });
+    if (asked) {
+        const std::u16string topic = m_topic;
+        m_open->Terminate();
+        // Who has but one conversation at a time takes the next one when this is over.
+        for (const Deadline deadline(kFarewellMs); !m_open->Ended() && deadline.Left() > 0; m_open->Pump())
+            Conversation::Rest(std::min<DWORD>(deadline.Left(), 20));
+        Leave();
+        Open(topic);
+    }
+    m_asked.push_back(about);
 }
 
-/// Behind the first answer of a program it is seen whether something follows it unasked.
-void SystemClient::Learn()
+Conversation::Answer SystemClient::Exchange(const std::u16string& about, const std::string& what, const Step& step)
 {
-    if (std::exchange(m_manners.known, true))
-        return;
-    m_open->Fence(Deadline(kLearnMs));
-    LookAtStrays();
-}
-
-void SystemClient::LookAtStrays()
-{
-    const int strays = std::exchange(m_manners.strays, m_open->Strays());
-    m_manners.chatty = m_manners.chatty || m_manners.strays != strays;
-}
-
-Conversation::Answer SystemClient::Exchange(const std::string& what, const Step& step)
-{
-    if (!m_open)
+    if (m_open)
+        m_open->Pump();
+    if (!m_open || m_open->Ended())
         throw Failure(Why::Gone, "The forms program has ended the conversation");
+    NotTwice(about);
     const Deadline deadline(m_options.timeLimitMs);
     for (DWORD pause = kBusyMs;; pause = std::min(2 * pause, kBusiestMs)) {
-        LetItFinish(deadline);
-        if (m_open->Ended())
-            throw Failure(Why::Gone, "The forms program has ended the conversation");
         Conversation::Answer answer = step(*m_open, deadline);
         const std::string code = answer.code == 0 ? std::string() : " (its code is " + std::to_string(answer.code) + ')';
         switch (answer.outcome) {
         case Outcome::Answered:
         case Outcome::Accepted:
-            Learn();
             return answer;
         case Outcome::OtherFormat:
             throw Failure(Why::Refused, "The forms program answers " + what + " with no text but format " +
@@ -239,7 +189,7 @@ std::u16string SystemClient::Request(const std::u16string& item)
 {
     const Atom& atom = ItemOf(item);
     const std::string what = "the request of " + Quoted(item);
-    const Conversation::Answer answer = Exchange(what, [&](Conversation& open, const Deadline& deadline) {
+    const Conversation::Answer answer = Exchange(item, what, [&](Conversation& open, const Deadline& deadline) {
         return open.Request(atom, deadline, m_options.waiting);
     });
     std::optional<std::u16string> text = m_options.page->Decode(answer.bytes);
@@ -255,7 +205,7 @@ void SystemClient::Poke(const std::u16string& item, const std::u16string& text)
 {
     const Atom& atom = ItemOf(item);
     const std::string bytes = RequireText(*m_options.page, "The value for " + Quoted(item), text);
-    static_cast<void>(Exchange("the value for " + Quoted(item), [&](Conversation& open, const Deadline& deadline) {
+    static_cast<void>(Exchange(item, "the value for " + Quoted(item), [&](Conversation& open, const Deadline& deadline) {
         return open.Poke(atom, bytes, deadline, m_options.waiting);
     }));
 }
@@ -263,7 +213,7 @@ void SystemClient::Poke(const std::u16string& item, const std::u16string& text)
 void SystemClient::Execute(const std::u16string& command)
 {
     const std::string bytes = RequireText(*m_options.page, "The command", command);
-    static_cast<void>(Exchange("the command " + Quoted(command), [&](Conversation& open, const Deadline& deadline) {
+    static_cast<void>(Exchange({}, "the command " + Quoted(command), [&](Conversation& open, const Deadline& deadline) {
         return open.Execute(bytes, deadline, m_options.waiting);
     }));
 }

@@ -34,13 +34,20 @@ Conversation::~Conversation()
 
 bool Conversation::Ask(HWND candidate, const Atom& service, const Atom& topic, DWORD limitMs, bool& hung)
 {
-    m_expecting = Expecting::Acceptance;
+    m_service = service.Name();
+    m_topic = topic.Name();
+    m_expecting = Expecting::Acceptance; // also when this one has not answered in time: it may be at work
     DWORD_PTR result = 0;
     SetLastError(ERROR_SUCCESS);
     const LRESULT sent = SendMessageTimeoutW(candidate, WM_DDE_INITIATE, reinterpret_cast<WPARAM>(m_window),
                                              MAKELPARAM(service.Get(), topic.Get()), SMTO_ABORTIFHUNG, limitMs, &result);
     hung = sent == 0 && (GetLastError() == ERROR_TIMEOUT || GetLastError() == ERROR_SUCCESS) && IsWindow(candidate);
-    m_expecting = Expecting::Nothing;
+    return m_partner != nullptr;
+}
+
+bool Conversation::Taken()
+{
+    Pump();
     return m_partner != nullptr;
 }
 
@@ -48,13 +55,6 @@ bool Conversation::Alive()
 {
     Pump();
     return m_partner != nullptr && !m_terminated && !m_ended && IsWindow(m_partner);
-}
-
-DWORD Conversation::PartnerProcess() const
-{
-    DWORD process = 0;
-    GetWindowThreadProcessId(m_partner, &process);
-    return process;
 }
 
 LRESULT CALLBACK Conversation::Procedure(HWND window, UINT message, WPARAM wide, LPARAM along)
@@ -68,7 +68,7 @@ LRESULT CALLBACK Conversation::Procedure(HWND window, UINT message, WPARAM wide,
 
 bool Conversation::Take(UINT message, HWND sender, LPARAM along)
 {
-    if (message == WM_DDE_ACK && m_expecting == Expecting::Acceptance) {
+    if (message == WM_DDE_ACK && IsAcceptance(along)) {
         TakeAcceptance(sender, along);
         return true;
     }
@@ -96,13 +96,24 @@ bool Conversation::Take(UINT message, HWND sender, LPARAM along)
     }
 }
 
+/// Also the late one of somebody else who was asked. It bears two names; what every other message bears is a handle.
+bool Conversation::IsAcceptance(LPARAM along) const
+{
+    if (m_expecting == Expecting::Acceptance)
+        return true;
+    const auto value = static_cast<UINT_PTR>(along);
+    return value <= 0xFFFFFFFF && LOWORD(value) >= 0xC000 && HIWORD(value) >= 0xC000 &&
+           SameName(NameOfAtom(LOWORD(value)), m_service) && SameName(NameOfAtom(HIWORD(value)), m_topic);
+}
+
 void Conversation::TakeAcceptance(HWND sender, LPARAM along)
 {
     DropAtom(LOWORD(along));
     DropAtom(HIWORD(along));
-    if (m_partner == nullptr)
+    if (m_expecting == Expecting::Acceptance) {
+        m_expecting = Expecting::Nothing;
         m_partner = sender;
-    else // a second one that would talk
+    } else if (sender != m_partner) // a second one that would talk
         PostMessageA(sender, WM_DDE_TERMINATE, reinterpret_cast<WPARAM>(m_window), 0);
 }
 
@@ -117,10 +128,8 @@ void Conversation::TakeAck(WORD status, UINT_PTR about)
         ours = IsItem(about);
     else if (m_expecting == Expecting::Data) // to accept a question is no answer
         ours = outcome != Outcome::Accepted && IsItem(about);
-    if (!ours) {
-        ++m_strays; // whose name nobody may have counted: to drop it would take away another's
+    if (!ours) // nobody may have counted its name: to drop it would take away another's
         return;
-    }
     if (item)
         DropAtom(about);
     Settle(outcome, status & kCodeMask);
@@ -144,8 +153,6 @@ void Conversation::TakeData(HGLOBAL memory, ATOM item)
             Settle(Outcome::Answered);
         else
             Settle(Outcome::OtherFormat, data->format);
-    } else {
-        ++m_strays;
     }
     // The name goes back with the acknowledgement, or here; a stray one's nobody may have counted.
     const bool acknowledge = (flags & kAckRequested) && !m_terminated && !m_ended;
@@ -262,14 +269,6 @@ bool Conversation::TakeSome(bool untilSettled)
 void Conversation::Pump()
 {
     TakeSome(false);
-}
-
-void Conversation::Fence(const Deadline& deadline)
-{
-    // It is answered where the other side takes up its next message, behind all that it posted before.
-    DWORD_PTR result = 0;
-    SendMessageTimeoutW(m_partner, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, std::max<DWORD>(deadline.Left(), 1), &result);
-    Pump();
 }
 
 void Conversation::Terminate()

@@ -31,8 +31,8 @@ using Waiting = std::function<void()>;
 /// One conversation: a window of ours and one of the other side, and the messages between them.
 ///
 /// Whatever comes that was not asked for (a second answer, one too many acknowledgements, an answer after its time) is
-/// taken in, its memory is given back, and it is counted as a stray. Its name is left alone: a side that says too much need
-/// not have counted it, and another's would go.
+/// taken in, and its memory is given back. Its name is left alone: a side that says too much need not have counted it, and
+/// another's would go. Only what is about the item under way is an answer, so each item is to be asked about once.
 class Conversation
 {
 public:
@@ -44,10 +44,11 @@ public:
     Conversation& operator=(const Conversation&) = delete;
 
     /// Asks one window whether it takes the conversation.
-    /// @param hung  set if it did not answer in time
+    /// @param hung  set if it did not answer in time; it may yet do so (`Taken`)
     bool Ask(HWND candidate, const Atom& service, const Atom& topic, DWORD limitMs, bool& hung);
+    /// Takes in what waits. True if somebody has taken it, be it late.
+    [[nodiscard]] bool Taken();
     [[nodiscard]] bool Alive();
-    [[nodiscard]] DWORD PartnerProcess() const;
 
     enum class Outcome { Answered, Accepted, Refused, Busy, OtherFormat, TimeOut, Gone };
     struct Answer
@@ -63,9 +64,6 @@ public:
 
     /// Takes in what waits.
     void Pump();
-    /// Returns when the other side has come to the end of what it was at, and takes in what it left.
-    void Fence(const Deadline& deadline);
-    [[nodiscard]] int Strays() const { return m_strays; }
     /// When the last exchange ended, in the system's milliseconds.
     [[nodiscard]] ULONGLONG LastExchange() const { return m_lastExchange; }
 
@@ -80,6 +78,7 @@ private:
 
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM along);
     bool Take(UINT message, HWND sender, LPARAM along);
+    [[nodiscard]] bool IsAcceptance(LPARAM along) const;
     void TakeAcceptance(HWND sender, LPARAM along);
     void TakeAck(WORD status, UINT_PTR about);
     void TakeData(HGLOBAL memory, ATOM item);
@@ -94,6 +93,7 @@ private:
 
     HWND m_window = nullptr;
     HWND m_partner = nullptr;
+    std::u16string m_service, m_topic; ///< that were asked for
     Expecting m_expecting = Expecting::Nothing;
     const Atom* m_item = nullptr; ///< the caller's, while something about it is expected
     HGLOBAL m_memory = nullptr; ///< a poke's or a command's, ours until it is acknowledged
@@ -101,7 +101,6 @@ private:
     Answer m_answer;
     bool m_terminated = false; ///< by us
     bool m_ended = false;      ///< by the other side
-    int m_strays = 0;
     ULONGLONG m_lastExchange = 0;
 };
 

@@ -31,12 +31,15 @@ struct ServerHabits
     int copies = 1;              ///< how often each answer is given; 0: never
     int copiesAfter = 0;         ///< but the first so many are given once
     int copyGapMs = 0;           ///< between an answer and its copy
+    bool copiesLater = false;    ///< it goes on with other things in that gap
+    int slowToTakeMs = 0;        ///< before it says that it takes a conversation
     bool acknowledgesData = false; ///< an acknowledgement too many behind every answer
     bool endless = false;        ///< no zero behind an answer
     bool askForAck = false;      ///< answers want to be acknowledged
     int busy = 0;                ///< so many exchanges are turned away as busy
     unsigned format = 1;         ///< of the answers; 1 is text
     int goneAfter = -1;          ///< after so many answers the conversation is ended in place of an answer
+    int endsAfterMs = -1;        ///< so long after each answer the conversation is ended
     int vanishAfter = -1;        ///< likewise, and the windows go without a word
     unsigned code = 0;           ///< with each refusal
     bool flood = false;          ///< in place of an answer it sends other messages, and never stops

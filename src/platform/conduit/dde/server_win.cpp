@@ -39,6 +39,8 @@ public:
     Speaker(const Speaker&) = delete;
     Speaker& operator=(const Speaker&) = delete;
     [[nodiscard]] HWND Window() const { return m_window; }
+    /// Its client has gone without a word.
+    [[nodiscard]] bool Deserted() const { return !IsWindow(m_client); }
 
 private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM along);
@@ -47,8 +49,11 @@ private:
     void TakePoke(HGLOBAL memory, ATOM item);
     void TakeCommand(HGLOBAL memory);
     void Data(ATOM item, const std::string& bytes);
+    void DataOnce(ATOM item, const std::string& bytes);
     void Ack(bool accepted, UINT_PTR about, bool busy = false);
     void Say(std::function<void()> answer);
+    void Repeat(int copy, std::function<void()> copied);
+    void Later(int ms, std::function<void()> step);
     void Post(UINT message, LPARAM along);
     bool Misbehaves();
 
@@ -57,6 +62,7 @@ private:
     HWND m_client;
     std::u16string m_topic;
     std::deque<std::function<void()>> m_late;
+    UINT_PTR m_timers = 0;
 };
 
 class SystemServer final : public Server
@@ -83,6 +89,9 @@ public:
             onConversations(Conversations());
     }
 
+    /// How often the answer under way is given.
+    int Copies() const { return answered > habits.copiesAfter ? habits.copies : 1; }
+
     ServerHandler& handler;
     std::shared_ptr<const CodePage> page;
     ServerHabits habits;
@@ -102,6 +111,8 @@ private:
 
     void Begin(HWND client, const std::u16string& service, const std::u16string& topic)
     {
+        if (habits.slowToTakeMs > 0)
+            Sleep(static_cast<DWORD>(habits.slowToTakeMs));
         if (!handler.Takes(service, topic))
             return;
         auto speaker = std::make_unique<Speaker>(*this, client, service + u'|' + topic);
@@ -110,6 +121,7 @@ private:
         // The names of an acceptance are dropped by the client.
         SendMessageA(client, WM_DDE_ACK, reinterpret_cast<WPARAM>(window),
                      MAKELPARAM(Atom(service).ForMessage(), Atom(topic).ForMessage()));
+        std::erase_if(m_speakers, [](const auto& one) { return one.second->Deserted(); });
         if (onConversations)
             onConversations(Conversations());
     }
@@ -253,42 +265,66 @@ void Speaker::Say(std::function<void()> answer)
         answer();
         return;
     }
-    m_late.push_back(std::move(answer));
-    SetTimer(m_window, static_cast<UINT_PTR>(m_server.answered), static_cast<UINT>(m_server.habits.delayMs), nullptr);
+    Later(m_server.habits.delayMs, std::move(answer));
+}
+
+void Speaker::Later(int ms, std::function<void()> step)
+{
+    m_late.push_back(std::move(step));
+    SetTimer(m_window, ++m_timers, static_cast<UINT>(ms), nullptr);
+}
+
+/// @param copy  0 is the answer itself
+void Speaker::Repeat(int copy, std::function<void()> copied)
+{
+    const ServerHabits& habits = m_server.habits;
+    if (copy > 0 && habits.copiesLater) {
+        Later(habits.copyGapMs, std::move(copied));
+        return;
+    }
+    if (copy > 0 && habits.copyGapMs > 0)
+        Sleep(static_cast<DWORD>(habits.copyGapMs));
+    copied();
 }
 
 void Speaker::Data(ATOM item, const std::string& bytes)
 {
     const ServerHabits& habits = m_server.habits;
     const std::u16string name = NameOfAtom(item);
-    const int copies = m_server.answered > habits.copiesAfter ? habits.copies : 1;
-    for (int copy = 0; copy < copies; ++copy) {
-        if (copy > 0 && habits.copyGapMs > 0)
-            Sleep(static_cast<DWORD>(habits.copyGapMs));
-        const WORD head[] = {static_cast<WORD>(kResponse | kReleased | (habits.askForAck ? kAckRequested : 0)),
-                             static_cast<WORD>(habits.format)};
-        const HGLOBAL memory = Share(head, sizeof head, bytes, !habits.endless);
-        const ATOM atom = copy == 0 ? item : Atom(name).ForMessage();
-        const LPARAM along = PackDDElParam(WM_DDE_DATA, reinterpret_cast<UINT_PTR>(memory), atom);
-        if (PostMessageA(m_client, WM_DDE_DATA, reinterpret_cast<WPARAM>(m_window), along))
-            continue;
-        FreeDDElParam(WM_DDE_DATA, along);
-        GlobalFree(memory);
-        DropAtom(atom);
-    }
+    if (habits.endsAfterMs >= 0)
+        Later(habits.endsAfterMs, [this] { m_server.Drop(m_window); });
+    for (int copy = 0; copy < m_server.Copies(); ++copy)
+        Repeat(copy, [this, bytes, name, counted = copy == 0 ? item : ATOM{0}] {
+            DataOnce(counted ? counted : Atom(name).ForMessage(), bytes);
+        });
     if (habits.acknowledgesData && habits.copies > 0)
         Post(WM_DDE_ACK, PackDDElParam(WM_DDE_ACK, kAccepted, Atom(name).ForMessage()));
+}
+
+void Speaker::DataOnce(ATOM item, const std::string& bytes)
+{
+    const ServerHabits& habits = m_server.habits;
+    const WORD head[] = {static_cast<WORD>(kResponse | kReleased | (habits.askForAck ? kAckRequested : 0)),
+                         static_cast<WORD>(habits.format)};
+    const HGLOBAL memory = Share(head, sizeof head, bytes, !habits.endless);
+    const LPARAM along = PackDDElParam(WM_DDE_DATA, reinterpret_cast<UINT_PTR>(memory), item);
+    if (PostMessageA(m_client, WM_DDE_DATA, reinterpret_cast<WPARAM>(m_window), along))
+        return;
+    FreeDDElParam(WM_DDE_DATA, along);
+    GlobalFree(memory);
+    DropAtom(item);
 }
 
 void Speaker::Ack(bool accepted, UINT_PTR about, bool busy)
 {
     const ServerHabits& habits = m_server.habits;
     const auto status = static_cast<UINT_PTR>(accepted ? kAccepted : busy ? kBusy : (habits.code & kCodeMask));
-    for (int copy = 0; copy < (busy ? 1 : habits.copies); ++copy) {
-        if (copy > 0 && about >= 0xC000 && about <= 0xFFFF)
-            about = Atom(NameOfAtom(static_cast<ATOM>(about))).ForMessage();
-        Post(WM_DDE_ACK, PackDDElParam(WM_DDE_ACK, status, about));
-    }
+    const std::u16string name = about >= 0xC000 && about <= 0xFFFF ? NameOfAtom(static_cast<ATOM>(about)) : std::u16string();
+    for (int copy = 0; copy < (busy ? 1 : m_server.Copies()); ++copy)
+        Repeat(copy, [this, status, about, name, again = copy > 0] {
+            Post(WM_DDE_ACK,
+                 PackDDElParam(WM_DDE_ACK, status, again && !name.empty() ? Atom(name).ForMessage() : about));
+        });
 }
 
 void Speaker::Post(UINT message, LPARAM along)
