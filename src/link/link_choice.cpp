@@ -7,6 +7,8 @@
 #include "platform/text/runtime_error.h"
 #include "platform/text/text.h"
 
+#include <QDir>
+
 namespace vasclip::link {
 
 using namespace Qt::Literals::StringLiterals;
@@ -15,11 +17,12 @@ namespace {
 
 const QString kSection = u"LINK"_s;
 
-/// A path of the file as the system knows it: "C:\WINE" by the home's drives, anything else as it stands.
+/// A path of the file as the system knows it: "C:\WINE" by the home's drives, "~/wine" in the user's directory, anything
+/// else as it stands.
 QString Native(const files::Disk& disk, const QString& path)
 {
     const bool onDrive = path.size() > 2 && path[0].isLetter() && path[1] == u':' && path[2] == u'\\';
-    return onDrive ? disk.ToNative(path) : path;
+    return onDrive ? disk.ToNative(path) : path.startsWith("~/"_L1) ? QDir::homePath() + path.sliced(1) : path;
 }
 
 } // namespace

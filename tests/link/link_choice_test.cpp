@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
+
 namespace vasclip::link {
 namespace {
 
@@ -49,6 +51,10 @@ TEST_F(LinkChoiceTest, TheDesktopsExchange)
     EXPECT_EQ(choice.bridge, m_home.Native(u"drive_c/KEL/bridge.exe"_s));
     EXPECT_EQ(choice.wine, u"/opt/wine/bin/wine"_s);
     EXPECT_EQ(choice.winePrefix, u"/home/x/.forms"_s);
+    choice = Read("[LINK]\r\nExchange=DDE\r\nWine=~/wine 9/bin/wine\r\nWinePrefix=~/forms ~/x\r\nBridge=~x/bridge.exe\r\n");
+    EXPECT_EQ(choice.wine, QDir::homePath() + u"/wine 9/bin/wine"_s);
+    EXPECT_EQ(choice.winePrefix, QDir::homePath() + u"/forms ~/x"_s);
+    EXPECT_EQ(choice.bridge, u"~x/bridge.exe"_s);
 }
 
 TEST_F(LinkChoiceTest, WhatCanNotBeFollowedIsSaidAtEachOpening)

@@ -17,9 +17,10 @@ std::unique_ptr<Conduit> MakeDdeConduit(DdeOptions options)
     pipe.patience = options.patience;
     pipe.environment = WineEnvironment(options.winePrefix);
     pipe.carries = true;
-    pipe.before = [program = pipe.program, bridge] {
+    pipe.before = [program = pipe.program, bridge, prefix = options.winePrefix, patience = options.patience] {
         RequireBridge(bridge);
-        RequireWine(program);
+        RequirePrefix(prefix);
+        RequireWine(program, patience);
     };
     return MakePipeConduit(std::move(pipe));
 }

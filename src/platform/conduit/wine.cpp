@@ -4,6 +4,7 @@
 #include "platform/text/runtime_error.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QFileInfo>
 #include <QProcess>
 #include <QRegularExpression>
@@ -33,7 +34,7 @@ QString FindWine(const QString& asked)
     return names.constFirst();
 }
 
-void RequireWine(const QString& program)
+void RequireWine(const QString& program, Patience* patience)
 {
     constexpr int kPatienceMs = 5000;
     QProcess wine;
@@ -41,9 +42,17 @@ void RequireWine(const QString& program)
     if (!wine.waitForStarted(kPatienceMs))
         throw RuntimeError(kNoWay, u"%1, and %2 cannot be started: %3. Install Wine %4 or newer; %5"_s.arg(
                                                      kWhy, program, wine.errorString(), QString::number(kLeastWine), kKeys));
-    if (!wine.waitForFinished(kPatienceMs)) {
-        wine.kill();
-        wine.waitForFinished(kPatienceMs);
+    for (const QDeadlineTimer deadline(kPatienceMs); wine.state() != QProcess::NotRunning;) {
+        if (wine.waitForFinished(kNextWaitMs) || wine.state() == QProcess::NotRunning)
+            break;
+        if (deadline.hasExpired()) {
+            wine.kill();
+            wine.waitForFinished(kPatienceMs);
+            throw RuntimeError(kNoWay, u"%1, and %2 does not say within %3 seconds which Wine it is; %4"_s.arg(
+                                           kWhy, program, QString::number(kPatienceMs / 1000), kKeys));
+        }
+        if (patience)
+            patience->Waiting();
     }
     static const QRegularExpression version(u"^wine-(\\d+)(\\.\\S*)?"_s);
     const QString said = QString::fromLocal8Bit(wine.readAllStandardOutput()).trimmed();
@@ -77,9 +86,24 @@ void RequireBridge(const QString& path)
                            "compiler; Bridge in section [LINK] of KEL.INI can name it"_s.arg(kWhy, path));
 }
 
+void RequirePrefix(const QString& prefix)
+{
+    if (!prefix.isEmpty() && !(QFileInfo(prefix).isAbsolute() && QFileInfo(prefix + u"/system.reg"_s).isFile()))
+        throw RuntimeError(kNoWay, u"%1, and WinePrefix in section [LINK] of KEL.INI names %2, where no Wine was ever set up (it "
+                                   "has no file system.reg)"_s.arg(kWhy, prefix));
+}
+
 QStringList WineEnvironment(const QString& prefix)
 {
     QStringList variables;
+    // Without a locale of letters Wine finds no file whose name has others than English ones.
+    QByteArray locale;
+    for (const char* name : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+        if (locale.isEmpty())
+            locale = qgetenv(name);
+    }
+    if (locale.isEmpty() || locale == "C" || locale == "POSIX")
+        variables << u"LC_ALL="_s << u"LC_CTYPE=C.UTF-8"_s;
     if (qEnvironmentVariableIsEmpty("WINEDEBUG"))
         variables << u"WINEDEBUG=-all"_s;
     if (!prefix.isEmpty())

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -32,6 +33,14 @@ protected:
         script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         return path;
     }
+    /// Where a Wine was set up.
+    QString Prefix()
+    {
+        const QString prefix = m_directory.filePath(u"a Wine of Jürgen"_s);
+        EXPECT_TRUE(QDir().mkpath(prefix));
+        EXPECT_TRUE(QFile(prefix + u"/system.reg"_s).open(QIODevice::WriteOnly));
+        return prefix;
+    }
     QString Starts() const { return m_directory.filePath(u"starts"_s); }
     int HowOftenStarted() const
     {
@@ -52,7 +61,8 @@ protected:
         options.bridge = BridgeFile();
         options.timeLimitMs = timeLimitMs;
         options.codePage = 1252;
-        options.winePrefix = u"/some/prefix"_s;
+        options.winePrefix = Prefix();
+        options.patience = patience;
         auto link = MakeDdeConduit(options);
         link->SetLinkTopic(u"KEL|R1"_s);
         link->SetLinkItem(u"UA5|14|2"_s);
@@ -66,6 +76,7 @@ protected:
         return link.Text();
     }
 
+    Patience* patience = nullptr;
     QTemporaryDir m_directory;
 };
 
@@ -81,7 +92,7 @@ TEST_F(DdeConduit, SpeaksThroughABridgeUnderWine)
     link->LinkExecute(u"[RunMacro(a.bas)]\r"_s);
     EXPECT_EQ(Ask(*link, u"COMMANDS"_s), u"[RunMacro(a.bas)]\r"_s);
     EXPECT_EQ(Ask(*link, u"ARGUMENTS"_s), BridgeFile() + u" --time-limit 4321 --code-page 1252"_s);
-    EXPECT_EQ(Ask(*link, u"WINEPREFIX"_s), u"/some/prefix"_s);
+    EXPECT_EQ(Ask(*link, u"WINEPREFIX"_s), Prefix());
     EXPECT_EQ(Ask(*link, u"WINEDEBUG"_s), qEnvironmentVariable("WINEDEBUG", u"-all"_s));
     EXPECT_EQ(HowOftenStarted(), 1);
 }
@@ -127,7 +138,7 @@ TEST_F(DdeConduit, WhatTheExchangeCannotHoldIsARefusal)
 
 TEST_F(DdeConduit, ABridgeThatIsSlowToStartIsWaitedForAgain)
 {
-    const auto link = Link(Wine(u"slow"_s), 500); // two seconds more for the bridge itself
+    const auto link = Link(Wine(u"slow"_s), 500); // twice, and two seconds more for the bridge itself
     const Thrown thrown = ThrownBy([&] { link->SetLinkMode(2); });
     EXPECT_EQ(thrown.number, 286);
     EXPECT_EQ(thrown.words, u"The bridge to the forms program is still starting, which the first time can take a minute; "
@@ -188,6 +199,73 @@ TEST_F(DdeConduit, NoWineOrAnOldOne)
     EXPECT_TRUE(thrown(Wine({}, u"GNU bash"_s)).words.contains(u"does not say which Wine it is (\"GNU bash\")"_s));
     for (const QString& version : {u"wine-8.0"_s, u"wine-10.2"_s, u"wine-9.0-rc1"_s})
         EXPECT_EQ(thrown(Wine({}, version)).number, 0) << qPrintable(version);
+}
+
+TEST_F(DdeConduit, AWineThatHangs)
+{
+    struct Counts final : Patience
+    {
+        void BeforeExchange() override {}
+        void AfterExchange() override {}
+        void Waiting() override { ++waited; }
+        int waited = 0;
+    } counts;
+    patience = &counts;
+    const QString wine = Wine();
+    QFile script(wine);
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write("#!/bin/sh\nexec sleep 600\n");
+    script.close();
+    const auto link = Link(wine);
+    const Thrown told = ThrownBy([&] { link->SetLinkMode(2); });
+    EXPECT_EQ(told.number, 298);
+    EXPECT_EQ(told.words, u"KEL.INI says that the forms program speaks the desktop's data exchange, which needs Wine here, and "
+                          "%1 does not say within 5 seconds which Wine it is; Wine in section [LINK] of KEL.INI can name "
+                          "another one"_s.arg(wine));
+    EXPECT_GT(counts.waited, 5); // the window lives meanwhile
+}
+
+TEST_F(DdeConduit, APrefixWhereNoWineLives)
+{
+    const QString empty = m_directory.filePath(u"empty"_s);
+    ASSERT_TRUE(QDir().mkpath(empty));
+    for (const QString& prefix : {empty, u"/no/such/prefix"_s, u"prefix"_s}) {
+        DdeOptions options;
+        options.wine = Wine();
+        options.bridge = BridgeFile();
+        options.winePrefix = prefix;
+        const auto link = MakeDdeConduit(options);
+        link->SetLinkTopic(u"KEL|R1"_s);
+        const Thrown told = ThrownBy([&] { link->SetLinkMode(2); });
+        EXPECT_EQ(told.number, 298);
+        EXPECT_TRUE(told.words.endsWith(u", and WinePrefix in section [LINK] of KEL.INI names %1, where no Wine was ever set up "
+                                        "(it has no file system.reg)"_s.arg(prefix)))
+            << qPrintable(told.words);
+    }
+    EXPECT_EQ(HowOftenStarted(), 0);
+}
+
+TEST_F(DdeConduit, WineIsGivenALocaleOfAllLetters)
+{
+    const auto told = [&](const char* all, const char* type, const char* language) {
+        const char* const names[] = {"LC_ALL", "LC_CTYPE", "LANG"};
+        const char* const values[] = {all, type, language};
+        QByteArray before[3];
+        for (int i = 0; i < 3; ++i) {
+            before[i] = qgetenv(names[i]);
+            qputenv(names[i], values[i]);
+        }
+        const auto link = Link(Wine());
+        const QString locale = Ask(*link, u"LC_ALL"_s) + u'/' + Ask(*link, u"LC_CTYPE"_s) + u'/' + Ask(*link, u"LANG"_s);
+        for (int i = 0; i < 3; ++i)
+            qputenv(names[i], before[i]);
+        return locale;
+    };
+    EXPECT_EQ(told("C", "", "de_DE.UTF-8"), u"/C.UTF-8/de_DE.UTF-8"_s);
+    EXPECT_EQ(told("", "", ""), u"/C.UTF-8/"_s);
+    EXPECT_EQ(told("", "POSIX", ""), u"/C.UTF-8/"_s);
+    EXPECT_EQ(told("", "", "de_DE.UTF-8"), u"//de_DE.UTF-8"_s);
+    EXPECT_EQ(told("C.UTF-8", "C", "C"), u"C.UTF-8/C/C"_s);
 }
 
 TEST_F(DdeConduit, NoBridge)

@@ -22,7 +22,7 @@ int main(int argc, char** argv)
     for (int i = 2; i < argc; ++i)
         arguments += (i > 2 ? u" " : u"") + vasclip::conduit::dde::Utf16(argv[i]).value_or(u"?");
     partner.kept[u"ARGUMENTS"] = arguments;
-    for (const char* name : {"WINEPREFIX", "WINEDEBUG"})
+    for (const char* name : {"WINEPREFIX", "WINEDEBUG", "LC_ALL", "LC_CTYPE", "LANG"})
         partner.kept[vasclip::conduit::dde::Utf16(name).value()] =
             vasclip::conduit::dde::Utf16(std::getenv(name) ? std::getenv(name) : "").value();
     vasclip::conduit::dde::Bridge bridge(partner, 4711);
