@@ -348,6 +348,9 @@ void AnotherCodePage()
                         "KEL.INI names another one");
     EQUAL(ThrownBy([] { static_cast<void>(SystemCodePage(50220)); }).number, 285);
     EQUAL(ThrownBy([] { static_cast<void>(SystemCodePage(4)); }).number, 285);
+    HOLDS(ThrownBy([] { static_cast<void>(SystemCodePage(37)); }).words, "code page 37 has other places for plain letters");
+    for (const unsigned number : {437U, 850U, 874U, 932U, 1250U, 1251U, 1253U, 1255U, 28591U, 65001U})
+        EQUAL(ThrownBy([&] { static_cast<void>(SystemCodePage(number)); }).words, std::string());
 }
 
 void AnotherFormat()

@@ -89,7 +89,11 @@ std::shared_ptr<const CodePage> SystemCodePage(unsigned number)
     if (!plain || !GetCPInfo(asked, &info))
         throw Failure(Why::Refused, "The system can't exchange text in code page " + std::to_string(asked) +
                                         "; CodePage in section [LINK] of KEL.INI names the one that is used");
-    return std::make_shared<SystemPage>(asked);
+    auto page = std::make_shared<SystemPage>(asked);
+    if (page->Decode("A|1") != u"A|1") // EBCDIC and its like, in which no field's name could be written
+        throw Failure(Why::Refused, page->Name() + " has other places for plain letters, and the exchange can't use it; CodePage "
+                                                   "in section [LINK] of KEL.INI names the one that is used");
+    return page;
 }
 
 } // namespace vasclip::conduit::dde
