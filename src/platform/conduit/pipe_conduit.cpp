@@ -32,8 +32,12 @@ public:
     }
 };
 
-/// A bridge that carries tells itself that the time is up, which takes it a moment.
-constexpr int kCarryMs = 2000;
+/// A bridge that carries tells itself that the time is up, of the opening as of the exchange behind it, which takes it a
+/// moment.
+int CarryMs(int timeLimitMs)
+{
+    return 2 * timeLimitMs + 2000;
+}
 
 QProcessEnvironment With(const QStringList& variables)
 {
@@ -76,7 +80,7 @@ std::unique_ptr<LinkWay> Start(const PipeOptions& options, const QDeadlineTimer&
 
 std::unique_ptr<Conduit> MakePipeConduit(PipeOptions options)
 {
-    const int timeLimitMs = options.timeLimitMs + (options.carries ? kCarryMs : 0);
+    const int timeLimitMs = options.carries ? CarryMs(options.timeLimitMs) : options.timeLimitMs;
     Patience* const patience = options.patience;
     return std::make_unique<ChannelConduit>(
         [options = std::move(options)](const QDeadlineTimer& deadline) { return Start(options, deadline); }, timeLimitMs,
