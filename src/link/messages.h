@@ -118,11 +118,11 @@ inline const QString kSettingAddresses = u"Setting Appraisal Addresses"_s;
 inline const QString kImporting = u"Importing Appraisal Information"_s;
 inline const QString kVerifying = u"Verifying Addresses (City, ST, ZIP)"_s;
 
-/// %1 cause, %2 field, %3 item, %4 fields sent, %5 rows of the mapping, %6 row it stopped at
+/// %1 cause, %2 field, %3 item, %4 fields sent, %5 rows of the mapping, %6 row it stopped at, %7 what became of the others
 inline const QString kSendStopped =
-    u"%1 (sending %2 to %3, row %6 of %5 in Comp2Kel). %4 in the "
-    "report; this one and "
-    "those after it were not. Send the comp again to send them all"_s;
+    u"%1 (sending %2 to %3, row %6 of %5 in Comp2Kel). %4 in the report; %7. Send the comp again to send them all"_s;
+inline const QString kThisOneWasNot = u"this one and those after it were not"_s;
+inline const QString kThisOneIsUnsure = u"whether this one was is not known, those after it were not"_s;
 inline const text::Counted kFieldsSent{u"field was sent and stays"_s, u"fields were sent and stay"_s};
 /// %1 a field, %2 what its cell holds, %3 address of the comp before
 inline const QString kStillOfOldComp = u"%1 is still %2 of %3"_s;

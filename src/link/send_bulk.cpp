@@ -167,11 +167,15 @@ SendResult SendBulk(LinkDesk& desk, const store::Record& record, const QString& 
         result.cancelled = failure.Number() == conduit::kUserInterrupt;
         if (result.cancelled)
             return result;
+        // A value that was not answered in time, or whose taker has gone, may have been taken.
+        const bool unsure = failure.Number() == error::kLinkTimeOut || failure.Number() == error::kLinkPeerGone;
         common::ReportError(
             prompter, RuntimeError(failure.Number(),
                                    messages::kSendStopped.arg(failure.Description(), rows[row].fieldName,
                                                               going.item, messages::kFieldsSent(result.sent),
-                                                              text::Dec(rows.size()), text::Dec(row + 1))));
+                                                              text::Dec(rows.size()), text::Dec(row + 1),
+                                                              unsure ? messages::kThisOneIsUnsure
+                                                                     : messages::kThisOneWasNot)));
     }
     return result;
 }

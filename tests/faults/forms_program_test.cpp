@@ -80,7 +80,7 @@ TEST_F(FormsFaults, DyingInTheMiddleOfASendTellsHowFarItGot)
     const Timed run = Drop(u"txtComp:3"_s);
     EXPECT_EQ(run.code, kFailed) << run.Story();
     EXPECT_TRUE(
-        run.Says(u"fields were sent and stay in the report; this one and those after it were not. Send "
+        run.Says(u"fields were sent and stay in the report; whether this one was is not known, those after it were not. Send "
                  u"the comp again to send them all."_s))
         << run.Story();
     EXPECT_TRUE(run.Says(u"Only a part of %1 reached the report"_s.arg(m_key))) << run.Story();

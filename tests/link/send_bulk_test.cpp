@@ -273,6 +273,9 @@ TEST_F(Send, AFormsProgramThatDiesIsNotAskedForMore)
     EXPECT_FALSE(LinkSurvived(result));
     EXPECT_EQ(result.sent, 0);
     EXPECT_EQ(conduit.log.count(u"poke"_s), 1);
+    EXPECT_TRUE(doubles.prompter.Last().text.contains(
+        u"0 fields were sent and stay in the report; whether this one was is not known, those after it were not."_s))
+        << qPrintable(doubles.prompter.Last().text);
 }
 
 TEST_F(Send, AnUnknownColumnEndsIt)
