@@ -1,6 +1,6 @@
 #include "upkeep/code_pages.h"
 
-#include "platform/files/ini_text.h"
+#include "platform/files/letters.h"
 
 #include <QHash>
 #include <QStringConverter>

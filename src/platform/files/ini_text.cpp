@@ -6,37 +6,12 @@
 #include <QStringDecoder>
 
 #include <algorithm>
-#include <array>
 
 using namespace Qt::StringLiterals;
 
 namespace vasclip::files {
 
 namespace {
-
-/// 0x80 to 0x9F of Windows 1252; the five codes that it leaves open stand for themselves.
-constexpr std::array<char16_t, 32> kHighCodes = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-std::optional<QByteArray> ToWindows1252(const QString& text)
-{
-    QByteArray raw;
-    raw.reserve(text.size());
-    for (const QChar c : text) {
-        const char16_t code = c.unicode();
-        if (code < 0x80 || (code > 0x9F && code <= 0xFF)) {
-            raw.append(char(code));
-            continue;
-        }
-        const auto* const high = std::find(kHighCodes.begin(), kHighCodes.end(), code);
-        if (high == kHighCodes.end())
-            return std::nullopt;
-        raw.append(char(0x80 + (high - kHighCodes.begin())));
-    }
-    return raw;
-}
 
 bool IsUtf8(const QByteArray& content)
 {
@@ -98,23 +73,15 @@ QString FoldedArgument(const QString& name)
 
 } // namespace
 
-QString FromWindows1252(const QByteArray& raw)
-{
-    QString text = QString::fromLatin1(raw);
-    for (QChar& c : text) {
-        if (c.unicode() >= 0x80 && c.unicode() <= 0x9F)
-            c = QChar(kHighCodes[std::size_t(c.unicode() - 0x80)]);
-    }
-    return text;
-}
-
-IniText::IniText(const QByteArray& content)
+IniText::IniText(const QByteArray& content, const Letters& letters)
+    : m_letters(letters)
 {
     if (content.startsWith("\xFF\xFE")) {
         m_code = Code::Utf16;
         m_mark = content.left(2);
     } else {
-        m_code = IsUtf8(content) ? Code::Utf8 : Code::Windows1252;
+        const bool plain = std::all_of(content.begin(), content.end(), [](char c) { return uchar(c) < 0x80; });
+        m_code = (plain && m_letters.usual) || !IsUtf8(content) ? Code::Letters : Code::Utf8;
     }
     Split(content);
     for (Block& block : m_blocks)
@@ -159,8 +126,8 @@ QString IniText::Decoded(const QByteArray& raw) const
         // The decoder would drop the mark; here it belongs to the first line and spoils it.
         return raw.startsWith("\xEF\xBB\xBF") ? QChar(u'\uFEFF') + QString::fromUtf8(raw)
                                               : QString::fromUtf8(raw);
-    case Code::Windows1252:
-        return FromWindows1252(raw);
+    case Code::Letters:
+        return m_letters.read(raw);
     case Code::Utf16:
         return FromUtf16(raw);
     }
@@ -254,8 +221,8 @@ QStringList IniText::Keys(const QString& section) const
 
 QByteArray IniText::Encoded(const QString& text)
 {
-    if (m_code == Code::Windows1252) {
-        if (const auto raw = ToWindows1252(text))
+    if (m_code == Code::Letters) {
+        if (const auto raw = m_letters.write(text))
             return *raw;
         TurnToUtf8();
     }
@@ -266,7 +233,7 @@ void IniText::TurnToUtf8()
 {
     for (Block& block : m_blocks) {
         for (Line& line : block.lines)
-            line.raw = FromWindows1252(line.raw).toUtf8();
+            line.raw = m_letters.read(line.raw).toUtf8();
     }
     m_code = Code::Utf8;
 }

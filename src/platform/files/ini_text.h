@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/files/letters.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QList>
@@ -10,19 +12,16 @@
 
 namespace vasclip::files {
 
-/// The five codes that Windows 1252 leaves open stand for themselves.
-[[nodiscard]] QString FromWindows1252(const QByteArray& raw);
-
 /// The text of an ini file, line by line, with every line that is not written kept to the byte.
 ///
-/// Code page: a file that begins with the UTF-16 mark is that; any other is UTF-8 if its bytes are, else
-/// Windows 1252. It is written back in the same one; only a value that 1252 cannot hold turns the whole file
-/// to UTF-8 (without a mark: by the rules of these files a UTF-8 mark spoils the first line). New lines end
-/// with CR LF.
+/// Code page: a file that begins with the UTF-16 mark is that; any other is UTF-8 if its bytes are, else in the system's letters.
+/// One of plain letters alone may be either: it is what the system's other programs take it for. It is written back in the same
+/// one; only a value that the letters lack turns the whole file to UTF-8 (without a mark: by the rules of these files a UTF-8 mark
+/// spoils the first line). New lines end with CR LF.
 class IniText
 {
 public:
-    explicit IniText(const QByteArray& content);
+    explicit IniText(const QByteArray& content, const Letters& letters = SystemLetters());
 
     /// The value, without outer blanks and one pair of outer quotes; nullopt without section, key or "=".
     [[nodiscard]] std::optional<QString> Value(const QString& section, const QString& key) const;
@@ -36,7 +35,7 @@ public:
     [[nodiscard]] QByteArray Bytes() const;
 
 private:
-    enum class Code { Utf8, Windows1252, Utf16 };
+    enum class Code { Utf8, Letters, Utf16 };
     enum class Kind { Other, Header, Key };
 
     struct Line
@@ -69,6 +68,7 @@ private:
     void CloseLastLine(Block& block);
     void WriteKey(Block& block, const QString& key, const QString& value);
 
+    Letters m_letters;
     Code m_code = Code::Utf8;
     QByteArray m_mark;                    ///< of UTF-16, kept apart from the first line
     QList<Block> m_blocks;                ///< never empty

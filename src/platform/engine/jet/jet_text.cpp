@@ -1,6 +1,6 @@
 #include "platform/engine/jet/jet_text.h"
 
-#include "platform/files/ini_text.h"
+#include "platform/files/letters.h"
 
 #include <QStringDecoder>
 

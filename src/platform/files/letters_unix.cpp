@@ -1,0 +1,10 @@
+#include "platform/files/letters.h"
+
+namespace vasclip::files {
+
+const Letters& SystemLetters()
+{
+    return Windows1252();
+}
+
+} // namespace vasclip::files
