@@ -2,6 +2,7 @@
 
 #include "platform/engine/errors.h"
 #include "platform/engine/genuine_file.h"
+#include "platform/files/native.h"
 #include "platform/text/runtime_error.h"
 #include "store/fields.h"
 #include "store/messages.h"
@@ -65,7 +66,7 @@ bool TakesFields(engine::Engine& engine, const QString& path)
     const bool genuine = engine::IsGenuine(*database);
     database->Close();
     const QFileInfo file(engine.Disk().ToNative(path));
-    return !genuine && file.isWritable() && QFileInfo(file.absolutePath()).isWritable() &&
+    return !genuine && files::native::MayWrite(file.filePath()) && files::native::MayWrite(file.absolutePath()) &&
            (engine.Disk().GetAttr(path) & files::ReadOnly) == 0;
 }
 

@@ -1,5 +1,6 @@
 #include "upkeep/draft_file.h"
 
+#include "platform/files/native.h"
 #include "platform/text/runtime_error.h"
 #include "upkeep/target_file.h"
 
@@ -20,7 +21,7 @@ QString PlaceOf(const QString& target, const QString& shown)
 {
     const QFileInfo given(target);
     const QFileInfo place(given.isSymLink() ? given.symLinkTarget() : target);
-    const bool open = place.isFile() && place.isWritable() && place.permission(QFile::WriteOwner);
+    const bool open = place.isFile() && files::native::MayWrite(place.absoluteFilePath()) && place.permission(QFile::WriteOwner);
     if (place.exists() && !open)
         throw RuntimeError(error::kPathFileAccess, kNoPlace.arg(shown));
     if (!QFileInfo(place.absolutePath()).isDir())

@@ -7,6 +7,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/one_copy.h"
 #include "platform/desktop/termination.h"
+#include "platform/files/native.h"
 #include "shell/frm_main.h"
 #include "shell/frm_splash.h"
 #include "shell/start_up.h"
@@ -20,7 +21,6 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFileInfo>
 #include <QMessageBox>
 #include <QScopeGuard>
 #include <QTextStream>
@@ -182,7 +182,7 @@ private:
         start.places = app::Places(m_program.Disk());
         start.version = QCoreApplication::applicationVersion();
         start.findWindowCaption = desktop::FindWindowCaption;
-        start.homeIsReadOnly = !QFileInfo(m_program.Disk().Home()).isWritable();
+        start.homeIsReadOnly = !files::native::MayWrite(m_program.Disk().Home());
         const bool loaded = m_around->guard.Run([&] { m_main.Form_load(start, m_splash); });
         longest = std::max(longest, sinceStart.elapsed() - lastStep);
         if (const bool slow = longest >= kBlinkMilliseconds; slow != wasSlow)

@@ -1,6 +1,8 @@
 #include "platform/engine/process.h"
 
-#include <QDir>
+#include "platform/files/native.h"
+
+#include <string>
 
 #include <windows.h>
 
@@ -8,9 +10,9 @@ namespace vasclip::engine {
 
 namespace {
 
-const wchar_t* Wide(const QString& path)
+std::wstring Wide(const QString& path)
 {
-    return reinterpret_cast<const wchar_t*>(path.utf16());
+    return files::native::SystemPath(path).toStdWString();
 }
 
 } // namespace
@@ -47,9 +49,8 @@ bool IsAlive(qint64 process, const QString& startMark)
 
 bool FlushFile(const QString& nativePath)
 {
-    const QString path = QDir::toNativeSeparators(nativePath);
     constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE; // who flushes may have it open
-    const HANDLE file = CreateFileW(Wide(path), GENERIC_WRITE, kShared, nullptr, OPEN_EXISTING, 0, nullptr);
+    const HANDLE file = CreateFileW(Wide(nativePath).c_str(), GENERIC_WRITE, kShared, nullptr, OPEN_EXISTING, 0, nullptr);
     if (file == INVALID_HANDLE_VALUE)
         return false;
     const BOOL done = FlushFileBuffers(file);
@@ -59,10 +60,8 @@ bool FlushFile(const QString& nativePath)
 
 bool RenameOver(const QString& from, const QString& to, NamesFlushed when)
 {
-    const QString source = QDir::toNativeSeparators(from);
-    const QString target = QDir::toNativeSeparators(to);
     const DWORD flush = when == NamesFlushed::AtOnce ? MOVEFILE_WRITE_THROUGH : 0;
-    return MoveFileExW(Wide(source), Wide(target), MOVEFILE_REPLACE_EXISTING | flush) != FALSE;
+    return MoveFileExW(Wide(from).c_str(), Wide(to).c_str(), MOVEFILE_REPLACE_EXISTING | flush) != FALSE;
 }
 
 // A directory can't be flushed by its users there; the file system keeps its names by a journal of its own.

@@ -10,14 +10,11 @@
 #include "platform/text/runtime_error.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QHash>
 
 #include <algorithm>
 #include <exception>
-#include <filesystem>
 #include <functional>
-#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -67,7 +64,8 @@ struct Disk::Private
     };
 
     QString home;
-    QList<std::pair<QChar, QString>> drives;
+    QList<Drive> drives; ///< when the home was opened, "C" first
+    QList<Drive> machine = native::MachineDrives(); ///< those that the machine had then
     QHash<QChar, QString> roots;
     mutable ListingCache listings;
     mutable KeptInis inis;
@@ -75,10 +73,29 @@ struct Disk::Private
     [[nodiscard]] QString RootOf(const DrivePath& path) const
     {
         const auto root = roots.constFind(path.drive);
-        if (root == roots.constEnd())
-            ThrowNumber(error::kDeviceUnavailable, path.Text(),
-                        u"lies on a drive that drives.ini does not map"_s);
-        return *root;
+        if (root != roots.constEnd())
+            return *root;
+        for (const auto& [letter, come] : native::MachineDrives())
+            if (letter == path.drive)
+                return come;
+        ThrowNumber(error::kDeviceUnavailable, path.Text(), u"lies on a drive that drives.ini does not map"_s);
+    }
+
+    /// The home's drives as they are now: those of the machine come and go, a card's with its reader.
+    [[nodiscard]] QList<Drive> DrivesNow() const
+    {
+        const QList<Drive> present = native::MachineDrives();
+        QList<Drive> now = drives;
+        now.removeIf([&](const Drive& drive) {
+            return drive.first != u'C' && machine.contains(drive) && !present.contains(drive);
+        });
+        for (const Drive& drive : present) {
+            const auto at = std::find_if(now.cbegin() + 1, now.cend(),
+                                         [&](const Drive& other) { return other.first >= drive.first; });
+            if (drive.first != u'C' && (at == now.cend() || at->first != drive.first))
+                now.insert(at, drive);
+        }
+        return now;
     }
 
     /// One question to the system if the spelling is exact; else part by part from the deepest directory that
@@ -236,12 +253,15 @@ std::optional<QString> Disk::ToDrivePath(const QString& nativePath) const
     if (!QDir::isAbsolutePath(nativePath))
         return std::nullopt;
     const QString wanted = QDir::cleanPath(nativePath);
+    const Qt::CaseSensitivity spelling = native::kTellsSpellings ? Qt::CaseSensitive : Qt::CaseInsensitive;
     std::optional<QString> best;
     qsizetype deepest = -1;
-    for (const auto& [letter, root] : std::as_const(d->drives)) {
-        for (const QString& spelled : {root, QDir(root).canonicalPath()}) {
+    for (const auto& [letter, root] : d->DrivesNow()) {
+        // A whole drive is spelt in one way, and one of a machine that is off would take long to say so.
+        const bool whole = root.size() == 3 && root[1] == u':';
+        for (const QString& spelled : {root, whole ? QString() : QDir(root).canonicalPath()}) {
             const QString prefix = spelled.endsWith(u'/') ? spelled : spelled + u'/';
-            const bool inside = wanted == spelled || wanted.startsWith(prefix);
+            const bool inside = wanted.compare(spelled, spelling) == 0 || wanted.startsWith(prefix, spelling);
             if (spelled.isEmpty() || !inside || spelled.size() <= deepest)
                 continue;
             const QStringList parts = wanted.mid(prefix.size()).split(u'/', Qt::SkipEmptyParts);
@@ -256,7 +276,7 @@ std::optional<QString> Disk::ToDrivePath(const QString& nativePath) const
 
 QList<std::pair<QChar, QString>> Disk::Drives() const
 {
-    return d->drives;
+    return d->DrivesNow();
 }
 
 void Disk::Private::Walk(const DrivePath& pattern, unsigned attributes,
@@ -498,13 +518,10 @@ qint64 Disk::FreeBytes(const QString& path) const
     const Private::Place place = d->Resolve(path);
     if (!place.Stands())
         ThrowNumber(error::kPathNotFound, path);
-    // Of the file system that holds it, whether or not the list of mounts names that.
-    std::error_code failure;
-    const std::filesystem::space_info space =
-        std::filesystem::space(QFileInfo(place.native).filesystemFilePath(), failure);
-    if (failure)
+    qint64 bytes = 0;
+    if (native::FreeBytes(place.IsDirectory() ? place.native : DirectoryOf(place.native), bytes) != Failure::None)
         ThrowNumber(error::kDeviceIo, path);
-    return static_cast<qint64>(std::min<std::uintmax_t>(space.available, std::numeric_limits<qint64>::max()));
+    return bytes;
 }
 
 QByteArray Disk::ReadWhole(const QString& path) const

@@ -41,7 +41,8 @@ public:
     [[nodiscard]] QString ToNative(const QString& path) const;
     /// The drive path of a native path, through the mapped drive that reaches deepest; nullopt outside all.
     [[nodiscard]] std::optional<QString> ToDrivePath(const QString& native) const;
-    /// Letters of the mapped drives with their native directories, "C" first.
+    /// Letters of the drives that there are now with their native directories, "C" first. A drive that the machine has got since
+    /// the home was opened is among them, one that it has lost is not.
     [[nodiscard]] QList<std::pair<QChar, QString>> Drives() const;
 
     /// Names (not paths) in a directory that match the last part of `pattern` (`*` and `?`; "*.*" is all),

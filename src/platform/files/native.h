@@ -53,6 +53,10 @@ struct Entry
     bool directory = false;
 };
 
+/// A path as the system's own calls take it: on Windows its long form ("\\?\C:\..." or "\\?\UNC\machine\share\..."),
+/// which alone may have more than 260 characters; elsewhere the path itself. One that is not whole stays what it is.
+[[nodiscard]] QString SystemPath(const QString& path);
+
 [[nodiscard]] Failure Inspect(const QString& path, Info& info);
 /// Do two names that stand lead to one file?
 [[nodiscard]] bool SameFile(const QString& a, const QString& b);
@@ -87,11 +91,15 @@ struct CopyWatch
 [[nodiscard]] Failure MakeDirectory(const QString& path);
 [[nodiscard]] Failure RemoveDirectory(const QString& path);
 [[nodiscard]] Failure SetReadOnly(const QString& path, bool readOnly);
+/// May this user change a file, or make files in a directory? It is tried where the attributes do not tell.
+[[nodiscard]] bool MayWrite(const QString& path);
+/// Bytes that this user may still write on the disk that holds a directory, whether or not the list of mounts names it.
+[[nodiscard]] Failure FreeBytes(const QString& directory, qint64& bytes);
 [[nodiscard]] bool IsHidden(const QString& path);
 /// Does nothing where the disk cannot keep the mark.
 void SetHidden(const QString& path, bool hidden);
 
-/// The drives that the machine has, whatever the home, with their native directories.
+/// The drives that the machine has now, whatever the home, with their native directories.
 [[nodiscard]] QList<std::pair<QChar, QString>> MachineDrives();
 
 /// Files that this room keeps for itself begin so, and no listing shows them.

@@ -1,18 +1,22 @@
 #include "platform/files/native.h"
 
 #include <QCryptographicHash>
+#include <QFileInfo>
 #include <QRandomGenerator>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <limits>
 #include <memory>
 
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
@@ -256,6 +260,11 @@ private:
 
 } // namespace
 
+QString SystemPath(const QString& path)
+{
+    return path;
+}
+
 Failure Inspect(const QString& path, Info& info)
 {
     struct stat status;
@@ -457,6 +466,21 @@ Failure SetReadOnly(const QString& path, bool readOnly)
     const mode_t writable = old | S_IWUSR | (((old & 0444) >> 1) & ~kUmask);
     const mode_t wanted = readOnly ? old & ~kAnyWrite : (old & kAnyWrite) == 0 ? writable : old;
     return wanted == old ? Failure::None : Answer(chmod(name.constData(), wanted));
+}
+
+bool MayWrite(const QString& path)
+{
+    return QFileInfo(path).isWritable();
+}
+
+Failure FreeBytes(const QString& directory, qint64& bytes)
+{
+    struct statvfs disk;
+    if (statvfs(Encoded(directory).constData(), &disk) != 0)
+        return FailureOf(errno);
+    const quint64 free = quint64{disk.f_bavail} * disk.f_frsize;
+    bytes = static_cast<qint64>(std::min<quint64>(free, std::numeric_limits<qint64>::max()));
+    return Failure::None;
 }
 
 bool IsHidden(const QString& path)

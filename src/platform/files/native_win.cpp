@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QRandomGenerator>
 
+#include <limits>
 #include <string>
 
 #include <windows.h>
@@ -28,6 +29,7 @@ Failure FailureOf(DWORD code)
     case ERROR_FILE_NOT_FOUND:
     case ERROR_PATH_NOT_FOUND:
     case ERROR_INVALID_NAME:
+    case ERROR_BAD_PATHNAME:
         return Failure::NotFound;
     case ERROR_DIRECTORY:
         return Failure::NotADirectory;
@@ -47,6 +49,7 @@ Failure FailureOf(DWORD code)
         return Failure::Full;
     case ERROR_SHARING_VIOLATION:
     case ERROR_LOCK_VIOLATION:
+    case ERROR_USER_MAPPED_FILE:
         return Failure::Busy;
     case ERROR_CRC:
     case ERROR_READ_FAULT:
@@ -55,8 +58,22 @@ Failure FailureOf(DWORD code)
         return Failure::Io;
     case ERROR_NOT_READY:
     case ERROR_BAD_UNIT:
+    case ERROR_INVALID_DRIVE:
+    case ERROR_NO_MEDIA_IN_DRIVE:
+    case ERROR_UNRECOGNIZED_VOLUME:
     case ERROR_BAD_NETPATH:
+    case ERROR_BAD_NET_NAME:
     case ERROR_DEV_NOT_EXIST:
+    case ERROR_UNEXP_NET_ERR:
+    case ERROR_NETNAME_DELETED:
+    case ERROR_NETWORK_BUSY:
+    case ERROR_SEM_TIMEOUT:
+    case ERROR_NO_NET_OR_BAD_PATH:
+    case ERROR_CONNECTION_UNAVAIL:
+    case ERROR_NETWORK_UNREACHABLE:
+    case ERROR_HOST_UNREACHABLE:
+    case ERROR_CONNECTION_ABORTED:
+    case ERROR_NOT_CONNECTED:
         return Failure::NoDevice;
     case ERROR_FILENAME_EXCED_RANGE:
     case ERROR_BUFFER_OVERFLOW:
@@ -75,12 +92,9 @@ Failure Answer(BOOL good)
     return good ? Failure::None : FailureOf(GetLastError());
 }
 
-/// The long form of a path, which may have more than 260 characters and may lie on a share.
 std::wstring Wide(const QString& path)
 {
-    const bool share = path.startsWith(u"//");
-    const QString native = QDir::toNativeSeparators(share ? path.mid(2) : path);
-    return (share ? L"\\\\?\\UNC\\" : L"\\\\?\\") + native.toStdWString();
+    return SystemPath(path).toStdWString();
 }
 
 qint64 Nanoseconds(const FILETIME& time)
@@ -178,6 +192,17 @@ Failure Compare(const QString& source, const QString& copy)
 }
 
 } // namespace
+
+QString SystemPath(const QString& path)
+{
+    const QString native = QDir::toNativeSeparators(path);
+    const QString mark = u"\\\\?\\"_s;
+    if (native.startsWith(mark) || native.startsWith(u"\\\\.\\"))
+        return native;
+    if (native.startsWith(u"\\\\"))
+        return mark + u"UNC"_s + native.mid(1);
+    return native.size() > 2 && native[1] == u':' && native[2] == u'\\' ? mark + native : native;
+}
 
 Failure Inspect(const QString& path, Info& info)
 {
@@ -388,6 +413,33 @@ Failure SetReadOnly(const QString& path, bool readOnly)
         return FailureOf(GetLastError());
     const DWORD wanted = readOnly ? old | FILE_ATTRIBUTE_READONLY : old & ~DWORD(FILE_ATTRIBUTE_READONLY);
     return wanted == old ? Failure::None : Answer(SetFileAttributesW(Wide(path).c_str(), wanted));
+}
+
+bool MayWrite(const QString& path)
+{
+    const DWORD attributes = GetFileAttributesW(Wide(path).c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES)
+        return false;
+    constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+        // Of a directory the attribute says nothing, and of a share its own rules say less than the server's.
+        const Handle fresh(CreateFileW(Wide(FreshName(path + u'/')).c_str(), GENERIC_WRITE | DELETE, kShared, nullptr, CREATE_NEW,
+                                       FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+        return fresh.IsOpen();
+    }
+    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0)
+        return false;
+    const Handle file(CreateFileW(Wide(path).c_str(), GENERIC_READ | GENERIC_WRITE, kShared, nullptr, OPEN_EXISTING, 0, nullptr));
+    return file.IsOpen() || FailureOf(GetLastError()) == Failure::Busy;
+}
+
+Failure FreeBytes(const QString& directory, qint64& bytes)
+{
+    ULARGE_INTEGER free;
+    if (!GetDiskFreeSpaceExW((Wide(directory) + L"\\").c_str(), &free, nullptr, nullptr))
+        return FailureOf(GetLastError());
+    bytes = static_cast<qint64>(qMin<quint64>(free.QuadPart, std::numeric_limits<qint64>::max()));
+    return Failure::None;
 }
 
 bool IsHidden(const QString& path)

@@ -1,8 +1,10 @@
 #include "platform/street/sql.h"
 
+#include "platform/files/file_address.h"
+#include "platform/files/native.h"
+
 #include <QFile>
 #include <QFileInfo>
-#include <QUrl>
 #include <QtEndian>
 
 #include <cerrno>
@@ -18,6 +20,13 @@ namespace {
 qint32 VersionOf(FileKind kind)
 {
     return static_cast<qint32>(kind) * 1000 + (kind == FileKind::County ? kCountyVersion : kIndexVersion);
+}
+
+/// What opens files by names of any length, where the library's usual does not.
+const char* AnyLength()
+{
+    constexpr auto* kName = "win32-longpath";
+    return sqlite3_vfs_find(kName) != nullptr ? kName : nullptr;
 }
 
 qint32 OldestOf(FileKind kind)
@@ -112,8 +121,8 @@ SqlStatement PrepareSql(sqlite3* file, const char* sql, QString& problem)
 SqlFile CreateSql(const QString& path, FileKind kind, QString& problem)
 {
     sqlite3* raw = nullptr;
-    const int opened = sqlite3_open_v2(path.toUtf8().constData(), &raw,
-                                       SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_FULLMUTEX, nullptr);
+    const int opened = sqlite3_open_v2(files::native::SystemPath(path).toUtf8().constData(), &raw,
+                                       SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_FULLMUTEX, AnyLength());
     SqlFile file(raw);
     if (opened != SQLITE_OK) {
         problem = SqlProblem(raw);
@@ -154,11 +163,10 @@ SqlFile OpenSql(const QString& path, FileKind kind, QString& problem)
     problem = HeadProblem(info, kind);
     if (!problem.isEmpty())
         return {};
-    // A question mark or a hash in the path must not begin the address's own options.
-    const QByteArray address = "file:" + QUrl::toPercentEncoding(info.absoluteFilePath(), "/:") + "?immutable=1";
+    const QByteArray address = files::FileAddress(info.absoluteFilePath()) + "?immutable=1";
     sqlite3* raw = nullptr;
     const int opened = sqlite3_open_v2(address.constData(), &raw,
-                                       SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_FULLMUTEX, nullptr);
+                                       SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_FULLMUTEX, AnyLength());
     SqlFile file(raw);
     if (opened != SQLITE_OK) {
         problem = SqlProblem(raw);

@@ -1,4 +1,5 @@
 #include "platform/engine/home.h"
+#include "platform/files/native.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -313,6 +314,7 @@ TEST_F(FilesTest, LeftSuperJournalsAreSweptWhenNothingNeedsThem)
     MakeComps(home.engine, kFile, {});
     const QByteArray gone = home.Native(u"EXPORT.MDB-journal"_s).toUtf8() + '\0';
     const QByteArray there = home.Native(u"OTHER.MDB-journal"_s).toUtf8() + '\0';
+    const QByteArray whole = files::native::SystemPath(home.Native(u"OTHER.MDB-journal"_s)).toUtf8() + '\0';
     Write(u"OTHER.MDB-journal"_s, "x");
     const struct
     {
@@ -323,6 +325,7 @@ TEST_F(FilesTest, LeftSuperJournalsAreSweptWhenNothingNeedsThem)
     } rows[] = {{u"DATABOOK.MDB-mj111111901"_s, gone, true, false},
                 {u"DATABOOK.MDB-mj222222902"_s, gone, false, true},
                 {u"DATABOOK.MDB-mj333333903"_s, gone + there, true, true},
+                {u"DATABOOK.MDB-mj555555905"_s, whole, true, true}, // as the engine is given its files
                 {u"OTHER.MDB-mj444444904"_s, gone, true, true}};
     for (const auto& row : rows) {
         Write(row.name, row.content);

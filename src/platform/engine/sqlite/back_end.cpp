@@ -6,6 +6,7 @@
 #include "platform/engine/sqlite/sqlite_database.h"
 #include "platform/engine/sqlite/super_journal.h"
 #include "platform/engine/sqlite/text_index.h"
+#include "platform/files/native.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -21,12 +22,14 @@ namespace {
 /// A connection without any schema of ours yet.
 struct BareHandle
 {
-    explicit BareHandle(const QString& native) { code = sqlite3_open(native.toUtf8().constData(), &handle); }
+    explicit BareHandle(const QString& native) 
+        : code(OpenSqlite(native, &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE))
+    {}
     ~BareHandle() { sqlite3_close(handle); }
     BareHandle(const BareHandle&) = delete;
     BareHandle& operator=(const BareHandle&) = delete;
     sqlite3* handle = nullptr;
-    int code = SQLITE_OK;
+    int code;
 };
 
 } // namespace
@@ -64,8 +67,8 @@ std::shared_ptr<Database> SqliteBackEnd::Open(const QString& path, OpenMode mode
     session->workspace = m_workspace;
     session->companion = std::make_unique<Companion>(native, path, mode);
     const QFileInfo info(native);
-    const bool readOnly = !info.isWritable() || (Disk().GetAttr(path) & files::ReadOnly) != 0 ||
-                          !QFileInfo(info.absolutePath()).isWritable();
+    const bool readOnly = !files::native::MayWrite(native) || (Disk().GetAttr(path) & files::ReadOnly) != 0 ||
+                          !files::native::MayWrite(info.absolutePath());
     session->connection = Connect(native, path, readOnly);
     if (!readOnly)
         SweepSuperJournals(native, m_workspace->time->Now());

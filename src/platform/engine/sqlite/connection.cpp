@@ -6,11 +6,12 @@
 #include "platform/engine/sqlite/bind_values.h"
 #include "platform/engine/sqlite/functions.h"
 #include "platform/engine/sqlite/schema_tables.h"
+#include "platform/files/file_address.h"
+#include "platform/files/native.h"
 
 #include <QElapsedTimer>
 #include <QMutex>
 #include <QScopeGuard>
-#include <QUrl>
 #include <QtEndian>
 
 #include <sqlite3.h>
@@ -60,6 +61,12 @@ int WaitForLock(void* waiting, int count)
 
 } // namespace
 
+int OpenSqlite(const QString& nativePath, sqlite3** handle, int flags)
+{
+    const char* const anyLength = sqlite3_vfs_find("win32-longpath") != nullptr ? "win32-longpath" : nullptr;
+    return sqlite3_open_v2(files::native::SystemPath(nativePath).toUtf8().constData(), handle, flags, anyLength);
+}
+
 Connection::Connection(const Setup& setup)
     : m_setup(setup)
 {
@@ -67,8 +74,7 @@ Connection::Connection(const Setup& setup)
     const int flags = (setup.readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE) | SQLITE_OPEN_NOMUTEX;
     NoteOpen(setup.nativePath, 1);
     try {
-        const int code = sqlite3_open_v2(setup.nativePath.toUtf8().constData(), &m_handle,
-                                         flags | SQLITE_OPEN_URI, nullptr);
+        const int code = OpenSqlite(setup.nativePath, &m_handle, flags | SQLITE_OPEN_URI);
         if (code != SQLITE_OK)
             Fail(code);
         sqlite3_extended_result_codes(m_handle, 1);
@@ -293,8 +299,7 @@ QString Connection::Attach(const QString& nativePath, const QString& shown, bool
     {
         Query query(*this, u"ATTACH ?1 AS %1"_s.arg(attached.schema));
         query
-            .Bind(1, QString::fromLatin1(QUrl::fromLocalFile(nativePath).toEncoded()) +
-                         (readOnly ? u"?mode=ro"_s : u"?mode=rw"_s))
+            .Bind(1, QString::fromLatin1(files::FileAddress(nativePath)) + (readOnly ? u"?mode=ro"_s : u"?mode=rw"_s))
             .Run();
     }
     NoteOpen(nativePath, 1);

@@ -42,6 +42,9 @@ struct TextIndexCheck
     TextIndexTrouble trouble = TextIndexTrouble::None;
 };
 
+/// Opens a file by a path of any length, which may lie on a share. @return SQLite's code; the handle is to be closed in any case
+int OpenSqlite(const QString& nativePath, sqlite3** handle, int flags);
+
 /// One SQLite connection to a database file, shared by all databases and record sets of an engine that have
 /// the file open: as in one workspace, what a transaction of one does is what the others see.
 class Connection

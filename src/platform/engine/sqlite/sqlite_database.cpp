@@ -6,6 +6,7 @@
 #include "platform/engine/sqlite/schema_tables.h"
 #include "platform/engine/sqlite/sqlite_row_store.h"
 #include "platform/engine/table_recordset.h"
+#include "platform/files/native.h"
 
 #include <QFileInfo>
 
@@ -37,7 +38,7 @@ public:
                 error::kDatabaseNotFound,
                 u"Could not find the file %1. Make sure that its name and directory are right"_s.arg(path));
         // SQLite lets a file that is open for reading reach no other one for writing.
-        const bool readOnly = m_session.Open().ReadOnly() || !QFileInfo(native).isWritable() ||
+        const bool readOnly = m_session.Open().ReadOnly() || !files::native::MayWrite(native) ||
                               (m_session.workspace->disk->GetAttr(path) & files::ReadOnly) != 0;
         return m_session.Open().Attach(native, path, readOnly);
     }
