@@ -67,6 +67,7 @@ bool DatabookInUse::SwitchDatabook(const QString& directory, const QString& file
     m_shown.DisplayAllRecords();
     if (opened) {
         CheckDatabook(engine::CheckDepth::Opening);
+        m_program.TellLocks();
         m_program.UndoKilledTransfers();
     }
     return opened;

@@ -120,6 +120,7 @@ void DatabookInUse::OpenDatabook()
         }
     }
     CheckDatabook(engine::CheckDepth::Opening);
+    m_program.TellLocks();
     m_program.UndoKilledTransfers();
 }
 

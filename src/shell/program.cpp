@@ -12,6 +12,8 @@
 #include "photos/photo_desk.h"
 #include "photos/picture_thumbs.h"
 #include "platform/desktop/desktop.h"
+#include "platform/engine/health.h"
+#include "platform/text/text.h"
 #include "platform/work/thread_workers.h"
 #include "shell/ini_location.h"
 #include "shell/map_parts.h"
@@ -174,7 +176,19 @@ void Program::ConnectDatabook()
                                    u"backup, or let 'vasctl databook copy "
                                    u"FILE' make a new one of what can be read."_s.arg(
                                        path, engine::DamageOf(sources.datDatabook.Database())));
+    TellLocks();
     UndoKilledTransfers();
+}
+
+void Program::TellLocks()
+{
+    const QString path = text::Folded(DatabookPath());
+    if (!sources.datDatabook.Bound() || life.locksTold == path || engine::LocksHold(sources.datDatabook.Database()))
+        return;
+    life.locksTold = path;
+    m_around.ports.prompter.Info(u"Databook Without Locks"_s,
+                                 u"The disk of %1 keeps no locks: two users who store at the same time can spoil it for each other. "
+                                 u"Let one user at a time work on it, or put it on a disk that keeps locks."_s.arg(DatabookPath()));
 }
 
 void Program::ConnectMapping()

@@ -48,6 +48,7 @@ struct Surroundings
 struct Life
 {
     bool starting = false;
+    QString locksTold; ///< the Databook, upper-cased, of whose disk the user knows that it keeps no locks
     bool readOnlyHome = false; ///< what can't be written there is told once
     bool settingsRead = false; ///< before that nothing is saved
     bool gridReady = false;    ///< the layout on show is the user's and is saved at exit
@@ -122,6 +123,8 @@ public:
     /// on.
     /// @return false if it is damaged
     bool LookAtDatabook(engine::CheckDepth depth);
+    /// Says that the Databook's disk keeps no locks, once for each such Databook.
+    void TellLocks();
     /// Undoes what an import or an archive of the Databook that was killed has left among the pictures.
     void UndoKilledTransfers();
     void AddGenViews2CBO();

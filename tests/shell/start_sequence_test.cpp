@@ -1,6 +1,7 @@
 #include "start_home.h"
 
 #include "support/exclusive_lock.h"
+#include "support/lying_disk.h"
 #include "support/unix.h"
 
 #include <QDir>
@@ -331,6 +332,20 @@ TEST_F(StartSequence, AHomeThatCanNotBeWrittenIsOpenedAndTold)
     EXPECT_EQ(home.disk.ReadWhole(kIni), ini);
     EXPECT_FALSE(home.disk.FileExists(u"C:\\VAS2000\\VAS2000.grx"_s));
     EXPECT_TRUE(home.disk.FileExists(u"C:\\VAS2000\\Update\\update.exe"_s));
+}
+
+TEST_F(StartSequence, ADiskThatKeepsNoLocksIsToldOnce)
+{
+    VASCLIP_NEEDS_UNIX("a system's call that a test can stand in for");
+    const tests::LyingDisk disk(tests::Locks::GivenToAll);
+    Load();
+    ASSERT_EQ(doubles.prompter.Boxes().size(), 1U);
+    EXPECT_EQ(doubles.prompter.Boxes()[0].title, u"Databook Without Locks"_s);
+    EXPECT_EQ(doubles.prompter.Boxes()[0].text,
+              u"The disk of C:\\DATABOOK\\DATABOOK.MDB keeps no locks: two users who store at the same time can spoil it for each "
+              u"other. Let one user at a time work on it, or put it on a disk that keeps locks."_s);
+    program.TellLocks();
+    EXPECT_EQ(doubles.prompter.Boxes().size(), 1U);
 }
 
 TEST_F(StartSequence, ACaptureDirectoryThatIsMissingOnItsDriveAsksForNoDisk)

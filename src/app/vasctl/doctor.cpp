@@ -5,6 +5,7 @@
 #include "link/kel_channel.h"
 #include "link/kel_helpers.h"
 #include "platform/desktop/desktop.h"
+#include "platform/files/native.h"
 #include "platform/text/counted.h"
 #include "platform/text/text.h"
 #include "store/schema.h"
@@ -45,7 +46,7 @@ private:
 void LookAtHome(const files::Disk& disk, Findings& found)
 {
     const QFileInfo home(disk.Home());
-    const bool usable = home.isDir() && home.isReadable() && home.isWritable() && home.isExecutable();
+    const bool usable = home.isDir() && home.isReadable() && files::native::MayWrite(disk.Home()) && home.isExecutable();
     found.Add(
         usable ? Grade::Good : Grade::Wrong, u"home"_s,
         usable
@@ -123,6 +124,10 @@ void LookAtDatabase(Session& session, Findings& found, const QString& subject, c
         if (!others.isEmpty())
             text += u"; open by "_s + others.join(u"; "_s);
         const bool databook = subject == u"Databook"_s;
+        if (!engine::LocksHold(*database))
+            found.Add(Grade::Notice, subject,
+                      u"the disk of %1 keeps no locks: two users who store at the same time can spoil it for each other; let one "
+                      u"user at a time work on it, or put it on another disk"_s.arg(path));
         const QStringList damage = engine::CheckDatabase(*database, engine::CheckDepth::Whole);
         if (damage.isEmpty())
             found.Add(Grade::Good, subject, text);

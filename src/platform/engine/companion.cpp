@@ -11,9 +11,6 @@
 #include <QSysInfo>
 #include <QUuid>
 
-#include <filesystem>
-#include <system_error>
-
 namespace vasclip::engine {
 
 using namespace Qt::Literals::StringLiterals;
@@ -71,10 +68,7 @@ bool WriteEntries(const QString& file, const QList<Entry>& entries)
     for (const Entry& entry : entries)
         output.write(entry.line + '\n');
     output.close();
-    std::error_code refused;
-    if (output.error() == QFile::NoError)
-        std::filesystem::rename(output.filesystemFileName(), QFileInfo(file).filesystemFilePath(), refused);
-    if (output.error() == QFile::NoError && !refused)
+    if (output.error() == QFile::NoError && RenameOver(draft, file, NamesFlushed::Later))
         return true;
     QFile::remove(draft);
     return false;
@@ -86,6 +80,13 @@ bool WriteEntries(const QString& file, const QList<Entry>& entries)
 bool Take(files::FileLock& lock, const QString& companion)
 {
     return lock.Take(companion + u"~"_s, kLockWaitMilliseconds, files::FileLock::After::Goes);
+}
+
+/// A second lock on what is held: is it refused?
+bool Holds(const QString& companion)
+{
+    files::FileLock other;
+    return !other.Take(companion + u"~"_s, 0) && other.HeldByOther();
 }
 
 QString Describe(const User& user)
@@ -124,6 +125,7 @@ Companion::Companion(const QString& nativePath, const QString& shown, OpenMode m
     const QString file = FileOf(nativePath);
     files::FileLock lock;
     const bool locked = Take(lock, file);
+    m_locksHold = locked ? Holds(file) : !lock.KeptNone();
     QList<Entry> entries = ReadEntries(file);
     entries.removeIf([](const Entry& entry) { return !entry.user.alive; });
     for (const Entry& entry : entries) {

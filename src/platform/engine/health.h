@@ -24,6 +24,10 @@ public:
 /// A damaged file is open for reading only from then on.
 [[nodiscard]] QString DamageOf(const Database& database);
 
+/// Does the disk that the file is on keep locks, as far as was seen when it was opened? Without them two users who write at once
+/// spoil the file for each other. True for kinds that need none.
+[[nodiscard]] bool LocksHold(const Database& database);
+
 /// Looks whether the file is whole; what is found is its damage. @return findings, the first one first
 /// @throws 3187 locked by another user, 57 the disk failed
 QStringList CheckDatabase(Database& database, CheckDepth depth);

@@ -25,11 +25,14 @@ public:
     [[nodiscard]] bool IsHeld() const { return m_handle != -1; }
     /// After a Take in vain: does somebody else hold it? False where there was no file to hold.
     [[nodiscard]] bool HeldByOther() const { return m_heldByOther; }
+    /// After a Take in vain: is there a file, and the disk keeps no locks on it?
+    [[nodiscard]] bool KeptNone() const { return m_keptNone; }
 
 private:
     qintptr m_handle = -1;
     QString m_goes; ///< the file that goes with the lock
     bool m_heldByOther = false;
+    bool m_keptNone = false;
 };
 
 } // namespace vasclip::files

@@ -41,7 +41,7 @@ FileLock::~FileLock()
 bool FileLock::Take(const QString& path, int waitMs, After after)
 {
     Release();
-    m_heldByOther = false;
+    m_heldByOther = m_keptNone = false;
     const QByteArray name = path.toUtf8();
     QElapsedTimer waiting;
     waiting.start();
@@ -52,7 +52,8 @@ bool FileLock::Take(const QString& path, int waitMs, After after)
             return false;
         while (flock(handle, LOCK_EX | LOCK_NB) != 0) {
             m_heldByOther = errno == EWOULDBLOCK;
-            if ((errno != EWOULDBLOCK && errno != EINTR) || waiting.elapsed() >= waitMs) {
+            m_keptNone = !m_heldByOther && errno != EINTR;
+            if (m_keptNone || waiting.elapsed() >= waitMs) {
                 close(handle);
                 return false;
             }

@@ -1,6 +1,10 @@
 #include "platform/files/file_lock.h"
 
+#include "platform/files/native.h"
+
 #include <QElapsedTimer>
+
+#include <string>
 
 #include <windows.h>
 
@@ -17,6 +21,11 @@ OVERLAPPED LockedPlace()
     return place;
 }
 
+std::wstring Wide(const QString& path)
+{
+    return native::SystemPath(path).toStdWString();
+}
+
 } // namespace
 
 FileLock::~FileLock()
@@ -27,9 +36,9 @@ FileLock::~FileLock()
 bool FileLock::Take(const QString& path, int waitMs, After after)
 {
     Release();
-    m_heldByOther = false;
+    m_heldByOther = m_keptNone = false;
     const HANDLE handle =
-        CreateFileW(reinterpret_cast<const wchar_t*>(path.utf16()), GENERIC_READ | GENERIC_WRITE,
+        CreateFileW(Wide(path).c_str(), GENERIC_READ | GENERIC_WRITE,
                     FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (handle == INVALID_HANDLE_VALUE)
         return false;
@@ -40,7 +49,8 @@ bool FileLock::Take(const QString& path, int waitMs, After after)
         if (LockFileEx(handle, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place))
             break;
         m_heldByOther = GetLastError() == ERROR_LOCK_VIOLATION;
-        if (!m_heldByOther || waiting.elapsed() >= waitMs) {
+        m_keptNone = !m_heldByOther;
+        if (m_keptNone || waiting.elapsed() >= waitMs) {
             CloseHandle(handle);
             return false;
         }
@@ -59,7 +69,7 @@ void FileLock::Release()
         CloseHandle(reinterpret_cast<HANDLE>(m_handle));
     m_handle = -1;
     if (!m_goes.isEmpty())
-        DeleteFileW(reinterpret_cast<const wchar_t*>(m_goes.utf16())); // not while others have it open
+        DeleteFileW(Wide(m_goes).c_str()); // not while others have it open
     m_goes.clear();
 }
 

@@ -29,6 +29,12 @@ QString DamageOf(const Database& database)
     return connection ? connection->Damage() : QString();
 }
 
+bool LocksHold(const Database& database)
+{
+    const auto* native = dynamic_cast<const SqliteDatabase*>(&database);
+    return !native || native->LocksHold();
+}
+
 QStringList CheckDatabase(Database& database, CheckDepth depth)
 {
     if (auto* own = dynamic_cast<SelfChecked*>(&database))

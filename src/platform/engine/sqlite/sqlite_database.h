@@ -33,6 +33,7 @@ public:
     void Close() override;
 
     [[nodiscard]] Connection& Open() const { return m_session->Open(); }
+    [[nodiscard]] bool LocksHold() const { return !m_session->companion || m_session->companion->LocksHold(); }
 
 private:
     qint64 CopyBetween(const sql::TypedStatement& statement, Database* from, Database* into, bool third);
