@@ -9,6 +9,7 @@ namespace vasclip::desktop {
 
 OneCopy::OneCopy(const QString& home)
 {
+    TakeName(home);
     const QString path = home + u"/.vasclip.lock"_s;
     QFile mark(path);
     if (m_lock.Take(path, 0)) {
