@@ -82,7 +82,10 @@ void RefuseWhileInUse(const QString& directory)
 HomeOutcome MakeHome(const HomeOptions& options, const std::function<void(const QString& line)>& say)
 {
     const QString directory = QDir(options.directory).absolutePath();
-    switch (StateOfHome(directory)) {
+    const HomeState state = StateOfHome(directory);
+    if (state != HomeState::Foreign)
+        RefuseLinkedDrive(directory);
+    switch (state) {
     case HomeState::Foreign:
         throw RuntimeError(
             error::kFileExists,

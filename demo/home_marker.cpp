@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 using namespace Qt::Literals::StringLiterals;
@@ -44,8 +45,18 @@ void MarkHome(const QString& directory, HomeState state, int comps)
                            u"%1 cannot be written: %2"_s.arg(marker.fileName(), marker.errorString()));
 }
 
+void RefuseLinkedDrive(const QString& directory)
+{
+    const QFileInfo drive(QDir(directory).filePath(u"drive_c"_s));
+    if (drive.isSymLink() || drive.isJunction())
+        throw RuntimeError(error::kPathFileAccess,
+                           u"%1 leads to %2, whose files are not a demo home's, and they are left alone. Take the link away"_s.arg(
+                               drive.filePath(), QDir::toNativeSeparators(drive.canonicalFilePath())));
+}
+
 void ClearHome(const QString& directory)
 {
+    RefuseLinkedDrive(directory);
     QDir drive(QDir(directory).filePath(u"drive_c"_s));
     if (drive.exists() && !drive.removeRecursively())
         throw RuntimeError(

@@ -22,6 +22,10 @@ inline constexpr int kHomeRecipe = 8;
 /// @throws RuntimeError 75
 void MarkHome(const QString& directory, HomeState state, int comps);
 
+/// A drive C that is a link leads to what the demo did not make: another home's Databook, or the machine's own C.
+/// @throws RuntimeError 75
+void RefuseLinkedDrive(const QString& directory);
+
 /// Takes away what an earlier run made: drive C and the marker's claim that it is complete.
 /// @throws RuntimeError 75
 void ClearHome(const QString& directory);

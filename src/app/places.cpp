@@ -25,7 +25,8 @@ shell::SystemPlaces Places(const files::Disk& disk)
 
 bool IsDemoHome(const QString& home)
 {
-    return QFile::exists(home + u"/demo-home.txt"_s) && QFileInfo(home + u"/drive_c"_s).isDir();
+    const QFileInfo drive(home + u"/drive_c"_s); // a link would lead to what the demo did not make
+    return QFile::exists(home + u"/demo-home.txt"_s) && drive.isDir() && !drive.isSymLink() && !drive.isJunction();
 }
 
 } // namespace vasclip::app

@@ -12,6 +12,7 @@
 #include "store/store.h"
 #include "support/own_drive.h"
 #include "support/standing_time.h"
+#include "support/unix.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -142,6 +143,24 @@ TEST(Home, LeavesForeignFilesAlone)
         const QMap<QString, QByteArray> before = Tree(place.path());
         EXPECT_EQ(ErrorOf({place.path(), kFew, force}), error::kFileExists);
         EXPECT_EQ(Tree(place.path()), before);
+    }
+}
+
+TEST(Home, LeavesAloneWhatALinkedDriveLeadsTo)
+{
+    VASCLIP_NEEDS_UNIX("links that are made without a right");
+    const QTemporaryDir real;
+    Write(real.filePath(u"DATABOOK/DATABOOK.MDB"_s), "somebody's Databook");
+    const QMap<QString, QByteArray> before = Tree(real.path());
+    for (const HomeState state : {HomeState::Complete, HomeState::Unfinished}) {
+        for (const bool force : {false, true}) {
+            const QTemporaryDir place;
+            MarkHome(place.path(), state, 6);
+            ASSERT_TRUE(QFile::link(real.path(), place.filePath(u"drive_c"_s)));
+            EXPECT_EQ(ErrorOf({place.path(), kFew, force}), error::kPathFileAccess);
+            EXPECT_EQ(Tree(real.path()), before);
+            EXPECT_EQ(StateOfHome(place.path()), state);
+        }
     }
 }
 
