@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/conduit/dde_conduit.h"
-#include "platform/text/runtime_error.h"
+#include "support/error_number.h"
 
 #include <gtest/gtest.h>
 
@@ -11,6 +11,9 @@
 #include <functional>
 
 namespace vasclip::test {
+
+using tests::Thrown;
+using tests::ThrownBy;
 
 using namespace Qt::StringLiterals;
 
@@ -64,22 +67,6 @@ inline QString Ask(conduit::Conduit& link, const QString& item)
     link.SetLinkItem(item);
     link.LinkRequest();
     return link.Text();
-}
-
-struct Thrown
-{
-    int number = 0;
-    QString words;
-};
-
-inline Thrown ThrownBy(const std::function<void()>& step)
-{
-    try {
-        step();
-    } catch (const RuntimeError& failure) {
-        return {failure.Number(), failure.Description()};
-    }
-    return {};
 }
 
 } // namespace vasclip::test

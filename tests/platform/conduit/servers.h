@@ -4,6 +4,7 @@
 
 #include "platform/conduit/link_server.h"
 #include "platform/conduit/socket_conduit.h"
+#include "support/error_number.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -18,6 +19,9 @@
 #include <memory>
 
 namespace vasclip::test {
+
+using tests::Thrown;
+using tests::ThrownBy;
 
 using namespace Qt::StringLiterals;
 
@@ -125,22 +129,5 @@ private:
     std::unique_ptr<QThread> m_thread;
     std::atomic<bool> m_stop = false;
 };
-
-/// Number and words of the RuntimeError that a step throws; 0 if it throws none.
-struct Thrown
-{
-    int number = 0;
-    QString words;
-};
-
-inline Thrown ThrownBy(const std::function<void()>& step)
-{
-    try {
-        step();
-    } catch (const RuntimeError& failure) {
-        return {failure.Number(), failure.Description()};
-    }
-    return {};
-}
 
 } // namespace vasclip::test
