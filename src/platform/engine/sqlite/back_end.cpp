@@ -22,7 +22,7 @@ namespace {
 /// A connection without any schema of ours yet.
 struct BareHandle
 {
-    explicit BareHandle(const QString& native) 
+    explicit BareHandle(const QString& native)
         : code(OpenSqlite(native, &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE))
     {}
     ~BareHandle() { sqlite3_close(handle); }
