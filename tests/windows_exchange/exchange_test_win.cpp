@@ -420,7 +420,8 @@ void NamesAreGivenBack()
     // The table outlives the programs, so the name is one that no earlier run can have left there.
     const std::string stamp = std::to_string(GetTickCount64()), name = "NAMES|" + stamp, topic = 'R' + stamp;
     const std::u16string item(name.begin(), name.end());
-    for (const char* habit : {"", "--ask-ack"}) {
+    const ATOM ours = GlobalAddAtomA(name.c_str());
+    for (const char* habit : {"", "--ask-ack", "--busy 2"}) {
         const Beside partner(kPartner, habit);
         const auto client = Opened();
         for (int i = 0; i < 50; ++i) {
@@ -430,6 +431,8 @@ void NamesAreGivenBack()
         EQUAL(ThrownBy([&] { client->Poke(u"REFUSE", u"x"); }).number, 285);
         client->Open(u"KEL|" + std::u16string(topic.begin(), topic.end()));
     }
+    EQUAL(GlobalFindAtomA(name.c_str()) == ours, true); // one given back too often takes another's away
+    GlobalDeleteAtom(ours);
     EQUAL(GlobalFindAtomA(name.c_str()) == 0, true);
     EQUAL(GlobalFindAtomA(topic.c_str()) == 0, true);
 }

@@ -50,7 +50,7 @@ private:
     void Leave();
     [[nodiscard]] Conversation::Answer Exchange(const std::u16string& about, const std::string& what, const Step& step);
     void NotTwice(const std::u16string& about);
-    [[nodiscard]] const Atom& ItemOf(const std::u16string& name);
+    [[nodiscard]] Atom& ItemOf(const std::u16string& name);
 
     ClientOptions m_options;
     std::u16string m_topic;
@@ -115,9 +115,9 @@ void SystemClient::Rest()
         Leave();
 }
 
-const Atom& SystemClient::ItemOf(const std::u16string& name)
+Atom& SystemClient::ItemOf(const std::u16string& name)
 {
-    if (m_item.Get() == 0 || m_item.Name() != name) {
+    if (m_item.Get() == 0 || m_item.Lent() || m_item.Name() != name) {
         RequireItem(*m_options.page, name);
         m_item = Atom(name);
     }
@@ -187,7 +187,7 @@ Conversation::Answer SystemClient::Exchange(const std::u16string& about, const s
 
 std::u16string SystemClient::Request(const std::u16string& item)
 {
-    const Atom& atom = ItemOf(item);
+    Atom& atom = ItemOf(item);
     const std::string what = "the request of " + Quoted(item);
     const Conversation::Answer answer = Exchange(item, what, [&](Conversation& open, const Deadline& deadline) {
         return open.Request(atom, deadline, m_options.waiting);
@@ -203,7 +203,7 @@ std::u16string SystemClient::Request(const std::u16string& item)
 
 void SystemClient::Poke(const std::u16string& item, const std::u16string& text)
 {
-    const Atom& atom = ItemOf(item);
+    Atom& atom = ItemOf(item);
     const std::string bytes = RequireText(*m_options.page, "The value for " + Quoted(item), text);
     static_cast<void>(Exchange(item, "the value for " + Quoted(item), [&](Conversation& open, const Deadline& deadline) {
         return open.Poke(atom, bytes, deadline, m_options.waiting);

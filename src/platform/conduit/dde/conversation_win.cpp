@@ -130,7 +130,9 @@ void Conversation::TakeAck(WORD status, UINT_PTR about)
         ours = outcome != Outcome::Accepted && IsItem(about);
     if (!ours) // nobody may have counted its name: to drop it would take away another's
         return;
-    if (item)
+    if (item && m_item)
+        TakeBack(about);
+    else if (item)
         DropAtom(about);
     Settle(outcome, status & kCodeMask);
 }
@@ -140,6 +142,15 @@ bool Conversation::IsItem(UINT_PTR atom) const
 {
     return atom == m_item->Get() ||
            (atom <= kBiggestAtom && SameName(NameOfAtom(static_cast<ATOM>(atom)), m_item->Name()));
+}
+
+/// The name that came back with an answer about the item.
+void Conversation::TakeBack(UINT_PTR atom)
+{
+    if (atom == m_item->Get())
+        m_item->TakeBack();
+    else
+        DropAtom(atom);
 }
 
 void Conversation::TakeData(HGLOBAL memory, ATOM item)
@@ -159,7 +170,7 @@ void Conversation::TakeData(HGLOBAL memory, ATOM item)
     const bool passedOn = acknowledge && PostMessageA(m_partner, WM_DDE_ACK, reinterpret_cast<WPARAM>(m_window),
                                                       PackDDElParam(WM_DDE_ACK, kAccepted, item));
     if (ours && !passedOn)
-        DropAtom(item);
+        TakeBack(item);
     if (flags & kReleased)
         GlobalFree(memory);
 }
@@ -183,7 +194,17 @@ void Conversation::Post(UINT message, LPARAM along, const char* what)
     throw Failure(Why::Gone, std::string("The forms program takes no ") + what + " any more" + SystemReason(error));
 }
 
-void Conversation::Expect(Expecting what, const Atom* item)
+void Conversation::Post(UINT message, UINT_PTR low, const char* what, Atom& item)
+{
+    try {
+        Post(message, PackDDElParam(message, low, item.Lend()), what);
+    } catch (...) {
+        item.TakeBack();
+        throw;
+    }
+}
+
+void Conversation::Expect(Expecting what, Atom* item)
 {
     m_expecting = what;
     m_item = item;
@@ -191,33 +212,21 @@ void Conversation::Expect(Expecting what, const Atom* item)
     m_answer = {};
 }
 
-Conversation::Answer Conversation::Request(const Atom& item, const Deadline& deadline, const Waiting& waiting)
+Conversation::Answer Conversation::Request(Atom& item, const Deadline& deadline, const Waiting& waiting)
 {
     Expect(Expecting::Data, &item);
-    const ATOM atom = item.ForMessage();
-    try {
-        Post(WM_DDE_REQUEST, PackDDElParam(WM_DDE_REQUEST, CF_TEXT, atom), "request");
-    } catch (...) {
-        DropAtom(atom);
-        throw;
-    }
+    Post(WM_DDE_REQUEST, CF_TEXT, "request", item);
     return Await(deadline, waiting);
 }
 
-Conversation::Answer Conversation::Poke(const Atom& item, std::string_view bytes, const Deadline& deadline,
+Conversation::Answer Conversation::Poke(Atom& item, std::string_view bytes, const Deadline& deadline,
                                         const Waiting& waiting)
 {
     FreeMemory();
     const WORD head[] = {0, CF_TEXT}; // the memory stays ours, whatever becomes of the poke
     m_memory = Share(head, sizeof head, bytes);
     Expect(Expecting::PokeAck, &item);
-    const ATOM atom = item.ForMessage();
-    try {
-        Post(WM_DDE_POKE, PackDDElParam(WM_DDE_POKE, reinterpret_cast<UINT_PTR>(m_memory), atom), "value");
-    } catch (...) {
-        DropAtom(atom);
-        throw;
-    }
+    Post(WM_DDE_POKE, reinterpret_cast<UINT_PTR>(m_memory), "value", item);
     return Await(deadline, waiting);
 }
 
@@ -232,22 +241,23 @@ Conversation::Answer Conversation::Execute(std::string_view bytes, const Deadlin
 
 Conversation::Answer Conversation::Await(const Deadline& deadline, const Waiting& waiting)
 {
-    bool silent = false;
+    // What came since the queue was last emptied, which was before the question, ends the first wait.
+    bool silent = false, more = false;
     for (DWORD slice = waiting ? kFirstWaitMs : kLookMs;; slice = waiting ? kNextWaitMs : kLookMs) {
+        if (!more) // else a wait would not see what has come already
+            silent = MsgWaitForMultipleObjectsEx(0, nullptr, std::min(deadline.Left(), slice), QS_POSTMESSAGE | QS_SENDMESSAGE,
+                                                 0) == WAIT_TIMEOUT;
+        if (silent && waiting)
+            waiting();
         const DWORD left = deadline.Left();
-        const bool more = TakeSome(true);
+        more = TakeSome(true);
+        silent = silent && !more;
         if (!m_settled && (m_ended || (silent && !IsWindow(m_partner))))
             Settle(Outcome::Gone);
         else if (!m_settled && left == 0)
             Settle(Outcome::TimeOut);
         if (m_settled)
             break;
-        if (more) // a wait would not see what has come already
-            continue;
-        silent = MsgWaitForMultipleObjectsEx(0, nullptr, std::min(left, slice), QS_POSTMESSAGE | QS_SENDMESSAGE, 0) ==
-                 WAIT_TIMEOUT;
-        if (silent && waiting)
-            waiting();
     }
     m_lastExchange = GetTickCount64();
     if (m_answer.outcome != Outcome::TimeOut) // else the other side may yet read it

@@ -57,9 +57,10 @@ public:
         std::string bytes; ///< of what was answered
         unsigned code = 0; ///< the application's, with a refusal; the format, if it is another
     };
+    /// @param item  is not lent, and is lent afterwards if nothing about it came back
     /// @throws Failure (Why::Gone) if the message can't be posted
-    [[nodiscard]] Answer Request(const Atom& item, const Deadline& deadline, const Waiting& waiting);
-    [[nodiscard]] Answer Poke(const Atom& item, std::string_view bytes, const Deadline& deadline, const Waiting& waiting);
+    [[nodiscard]] Answer Request(Atom& item, const Deadline& deadline, const Waiting& waiting);
+    [[nodiscard]] Answer Poke(Atom& item, std::string_view bytes, const Deadline& deadline, const Waiting& waiting);
     [[nodiscard]] Answer Execute(std::string_view bytes, const Deadline& deadline, const Waiting& waiting);
 
     /// Takes in what waits.
@@ -84,8 +85,10 @@ private:
     void TakeData(HGLOBAL memory, ATOM item);
     void Settle(Outcome outcome, unsigned code = 0);
     void Post(UINT message, LPARAM along, const char* what);
-    void Expect(Expecting what, const Atom* item);
+    void Expect(Expecting what, Atom* item);
     [[nodiscard]] bool IsItem(UINT_PTR atom) const;
+    void TakeBack(UINT_PTR atom);
+    void Post(UINT message, UINT_PTR low, const char* what, Atom& item);
     [[nodiscard]] Answer Await(const Deadline& deadline, const Waiting& waiting);
     /// @return may there be more?
     bool TakeSome(bool untilSettled);
@@ -95,7 +98,7 @@ private:
     HWND m_partner = nullptr;
     std::u16string m_service, m_topic; ///< that were asked for
     Expecting m_expecting = Expecting::Nothing;
-    const Atom* m_item = nullptr; ///< the caller's, while something about it is expected
+    Atom* m_item = nullptr; ///< the caller's, while something about it is expected
     HGLOBAL m_memory = nullptr; ///< a poke's or a command's, ours until it is acknowledged
     bool m_settled = false;
     Answer m_answer;

@@ -36,6 +36,7 @@ Atom::Atom(const std::u16string& name)
 Atom::Atom(Atom&& other) noexcept
     : m_name(std::move(other.m_name))
     , m_atom(std::exchange(other.m_atom, ATOM{0}))
+    , m_lent(std::exchange(other.m_lent, false))
 {}
 
 Atom& Atom::operator=(Atom&& other) noexcept
@@ -44,6 +45,7 @@ Atom& Atom::operator=(Atom&& other) noexcept
         Drop();
         m_name = std::move(other.m_name);
         m_atom = std::exchange(other.m_atom, ATOM{0});
+        m_lent = std::exchange(other.m_lent, false);
     }
     return *this;
 }
@@ -53,9 +55,17 @@ ATOM Atom::ForMessage() const
     return Add(m_name);
 }
 
+ATOM Atom::Lend()
+{
+    m_lent = true;
+    return m_atom;
+}
+
 void Atom::Drop()
 {
-    DropAtom(std::exchange(m_atom, ATOM{0}));
+    const ATOM atom = std::exchange(m_atom, ATOM{0});
+    if (!m_lent)
+        DropAtom(atom);
 }
 
 std::u16string NameOfAtom(ATOM atom)

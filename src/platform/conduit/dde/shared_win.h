@@ -25,11 +25,16 @@ public:
     [[nodiscard]] const std::u16string& Name() const { return m_name; }
     /// Counted once more, for a message whose receiver drops it.
     [[nodiscard]] ATOM ForMessage() const;
+    /// For a message whose answer brings it back (`TakeBack`); until then it is the receiver's to drop.
+    [[nodiscard]] ATOM Lend();
+    void TakeBack() { m_lent = false; }
+    [[nodiscard]] bool Lent() const { return m_lent; }
 
 private:
     void Drop();
     std::u16string m_name;
     ATOM m_atom = 0;
+    bool m_lent = false;
 };
 
 /// "" for 0 and for what is no name.
