@@ -94,6 +94,7 @@ ImportResult ImportTable(const TransferDesk& desk, const ImportOrder& order, con
         proofs.isEmpty() ? QSet<QString>() : KeysThere(desk.databook, desk.globals.G_Table, proofs);
     result.appended = store::AppendRows(desk.databook, AppendStatement(desk, order, plan, plan.condition), plan.newKeys,
                                         kWords.arg(order.Name()));
+    result.there = plan.there.size() + plan.newKeys.size() - result.appended;
     for (const QString& key : proofs)
         if (!meanwhile.contains(KeyMark(key)))
             images.ProvedBy({key, {}});
@@ -113,7 +114,10 @@ QString WordsOf(const ImportResult& result)
                WordsOf(result.pictures);
     QString words = text::Counted{u"record"_s, u"records"_s}(result.appended) + u" of "_s + result.source +
                     (result.appended == 1 ? u" was added to the Databook."_s : u" were added to the Databook."_s);
-    if (const qint64 out = result.rows - result.appended; out > 0)
+    if (result.there > 0)
+        words += u' ' + text::Counted{u"stayed out, as the Databook has its key."_s,
+                                      u"stayed out, as the Databook has their keys."_s}(result.there);
+    if (const qint64 out = result.rows - result.appended - result.there; out > 0)
         words += u' ' + text::Counted{u"was refused."_s, u"were refused."_s}(out);
     if (!result.leftBehind.isEmpty())
         words += u" The Databook has no field "_s + result.leftBehind.join(u", "_s) + u'.';

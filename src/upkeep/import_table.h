@@ -26,7 +26,8 @@ struct ImportResult
     QString source, table;
     qint64 rows = 0;     ///< of the source
     qint64 appended = 0;
-    QList<RefusedRow> refused;
+    qint64 there = 0; ///< rows that stayed out, as the Databook has a record of their key
+    QList<RefusedRow> refused; ///< these too, but for those whose record came while the rows did
     QStringList leftBehind; ///< columns that the Databook does not have
     QStringList otherKind;  ///< columns whose values the Databook's fields can't hold
     qint64 blanksFirst = 0;  ///< records that came in with a key that begins with a blank

@@ -56,7 +56,8 @@ TEST_F(Import, AppendsNewRowsAndRefusesKeysThatAreThere)
     EXPECT_TRUE(result.done);
     EXPECT_EQ(result.appended, 1);
     EXPECT_EQ(AccountOf(result), QStringList{u"COMPS row 2, 12 OAK ST: the Databook has a record of this key"_s});
-    EXPECT_EQ(WordsOf(result), u"1 record of C:\\EXPORT\\THEIRS.MDB was added to the Databook. 1 was refused."_s);
+    EXPECT_EQ(WordsOf(result), u"1 record of C:\\EXPORT\\THEIRS.MDB was added to the Databook. 1 stayed out, as the Databook has "
+                                "its key."_s);
     EXPECT_EQ(Field(path, table, u"12 OAK ST"_s, u"CITY"_s).toString(), u"ALDER"_s);
     EXPECT_EQ(Field(path, table, u"1 ASH ST"_s, u"CITY"_s).toString(), u"Cedar"_s);
 }

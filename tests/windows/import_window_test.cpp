@@ -15,8 +15,8 @@ TEST_F(ImportWindow, AddsRecordsAndTheGridShowsThem)
         EXPECT_EQ(The<QLabel>(u"lblRecordCount"_s).text(), u"3 records"_s);
         Tick(u"ckbCopy"_s);
         Press(u"cmdImport"_s);
-        EXPECT_EQ(Says(), u"2 records of C:\\DATABOOK\\IMPORT\\THEIRS.MDB were added to the Databook. 1 was refused. "
-                          u"Pictures: 2 written."_s);
+        EXPECT_EQ(Says(), u"2 records of C:\\DATABOOK\\IMPORT\\THEIRS.MDB were added to the Databook. 1 stayed out, as "
+                          u"the Databook has its key. Pictures: 2 written."_s);
         EXPECT_EQ(Lines(u"lstaccount"_s), QStringList{u"COMPS row 1, 12 OAK ST: the Databook has a record of this key"_s});
         EXPECT_EQ(The<QLabel>(u"lblRecordCount"_s).text(), u"3 records"_s);
         if (qEnvironmentVariableIsSet("VASCLIP_SHOTS"))
@@ -134,7 +134,7 @@ TEST_F(ImportWindow, WaitsUnderTheHourglassAndSaysInRedThatSomeStayedOut)
         Press(u"cmdImport"_s);
         doubles.pump.onTurn = {};
         EXPECT_FALSE(doubles.window.hourglass);
-        EXPECT_EQ(dynamic_cast<const upkeep::frm_Import&>(shown).lblmsg.Fore(), forms::Colour::Red) << "one was refused";
+        EXPECT_EQ(dynamic_cast<const upkeep::frm_Import&>(shown).lblmsg.Fore(), forms::Colour::Red) << "one stayed out";
         EXPECT_EQ(Lines().size(), 1);
         Press(u"cmdImport"_s);
         EXPECT_EQ(Lines().size(), 3);
