@@ -25,7 +25,9 @@ namespace {
 /// What came of a run.
 struct Run
 {
-    QStringList sent, unknown, without;
+    QStringList sent; ///< "COMP #1 1.2 Mi. NW", "#2 .5 Mi. East", "RENTAL #1 3. Mi. SW"
+    QStringList unknown, without;
+    std::optional<Group> named; ///< by the last of these that were sent
     QString stopped; ///< why it ended before its end
     int arrows = 0;  ///< of comps, on the map
 };
@@ -101,28 +103,39 @@ bool SendOne(MapDesk& desk, const SlotPoint& comp, Run& run)
         if (text.isEmpty())
             run.unknown.append(Caption(comp.slot));
         else
-            run.sent.append(Caption(comp.slot) + u' ' + text);
+            run.sent.append((std::exchange(run.named, comp.slot.group) == comp.slot.group ? u'#' + text::Dec(comp.slot.index)
+                                                                                          : Caption(comp.slot)) +
+                            u' ' + text);
         break;
     }
     (desk.addr.*MapRowOf(comp.slot.group).proximities)(comp.slot.index).SetText(text);
     return true;
 }
 
+QString Sentences(const QStringList& words)
+{
+    QString all;
+    for (const QString& one : words)
+        all += (all.isEmpty() ? u""_s : all.endsWith(u'.') ? u" "_s : u". "_s) + one;
+    return all;
+}
+
+/// What is amiss comes first and the count before the values: a line that is too long loses its end, which a tip shows.
 void Tell(MapDesk& desk, const Run& run)
 {
     QStringList words;
-    if (!run.sent.isEmpty())
-        words << messages::kProximitySent.arg(run.sent.join(u"; "_s));
+    if (!run.stopped.isEmpty())
+        words << run.stopped;
     if (!run.unknown.isEmpty())
         words << messages::kProximityUnknown.arg(run.unknown.join(u", "_s));
     if (!run.without.isEmpty())
         words << messages::kProximityNoCell.arg(run.without.join(u", "_s));
-    if (!run.stopped.isEmpty())
-        words << run.stopped;
+    if (!run.sent.isEmpty())
+        words << messages::kProximitySent.arg(run.sent.size()).arg(run.sent.join(u", "_s));
     if (words.isEmpty())
         words << (run.arrows > 0 ? messages::kNoAddresses : messages::kNoArrows);
     const bool whole = run.unknown.isEmpty() && run.without.isEmpty() && run.stopped.isEmpty() && !run.sent.isEmpty();
-    desk.status.lblmsg.Show(words.join(u". "_s), whole ? forms::Colour::Blue : forms::Colour::Red);
+    desk.status.lblmsg.Show(Sentences(words), whole ? forms::Colour::Blue : forms::Colour::Red);
 }
 
 } // namespace

@@ -115,10 +115,10 @@ inline const QString kProximityTitle = u"Proximities Not Transferred"_s;
 inline const QString kProximityFailed =
     u"Unable to complete proximity transfers. Please verify comp locations"_s;
 inline const QString kSendingProximity = u"Sending the proximities"_s;
-inline const QString kProximitySent = u"In the report: %1"_s;
+inline const QString kProximitySent = u"In the report (%1): %2"_s;
 inline const QString kProximityUnknown = u"Not on the map, so their cells are empty now: %1"_s;
 inline const QString kProximityNoCell = u"The form has no cell for %1"_s;
-inline const QString kProximityCancelled = u"Cancelled; the others keep what they had"_s;
+inline const QString kProximityCancelled = u"Cancelled: comps that are not named keep what they had"_s;
 inline const QString kNoArrows = u"No arrows of comps are on the map: place them first"_s;
 
 inline const QString kNoAddresses =

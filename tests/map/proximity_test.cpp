@@ -240,8 +240,8 @@ TEST_F(ProximitySending, EachCompGoesIntoItsCell)
     EXPECT_EQ(addr.txtRentProximity(1).Text(), u".5 Mi. North"_s);
     EXPECT_EQ(addr.txtListProximity(1).Text(), u"< .1 Mi North"_s);
     EXPECT_EQ(status.lblmsg.Caption(),
-              u"In the report: COMP #1 1. Mi. North; COMP #2 2. Mi. North; ALTCOMP #1 1.5 Mi. North; RENTAL #1 .5 Mi. "
-              "North; LISTING #1 < .1 Mi North"_s);
+              u"In the report (5): COMP #1 1. Mi. North, #2 2. Mi. North, ALTCOMP #1 1.5 Mi. North, RENTAL #1 .5 Mi. "
+              "North, LISTING #1 < .1 Mi North"_s);
     EXPECT_EQ(desk.state.g_MapSelectedID, 6);
     EXPECT_TRUE(doubles.prompter.Boxes().empty());
 }
@@ -310,8 +310,8 @@ TEST_F(ProximitySending, ACompThatWasNotFoundEmptiesItsCell)
     desk.state.g_MapPointCount = 5;
     cmdProx_Click(desk);
     EXPECT_EQ(Poked(), (QStringList{u"URAR|14|2=1. Mi. North"_s, u"URAR|14|12="_s, u"URAR|24|2=2. Mi. North"_s}));
-    EXPECT_EQ(status.lblmsg.Caption(), u"In the report: COMP #1 1. Mi. North; COMP #4 2. Mi. North. Not on the map, so "
-                                       "their cells are empty now: COMP #2"_s);
+    EXPECT_EQ(status.lblmsg.Caption(), u"Not on the map, so their cells are empty now: COMP #2. In the report (2): "
+                                       "COMP #1 1. Mi. North, #4 2. Mi. North"_s);
 }
 
 TEST_F(ProximitySending, AnOmittedCompShiftsNobodysDistance)

@@ -99,8 +99,8 @@ protected:
             if (poke.value(2).contains(u" Mi"_s))
                 cells << poke.value(1);
         EXPECT_EQ(cells.size(), kComps) << cells.join(u' ').toStdString();
-        EXPECT_TRUE(Told().startsWith(u"In the report: COMP #1 "_s)) << Told().toStdString();
-        EXPECT_TRUE(Told().contains(u"COMP #9 "_s)) << Told().toStdString();
+        EXPECT_TRUE(Told().startsWith(u"In the report (9): COMP #1 "_s)) << Told().toStdString();
+        EXPECT_TRUE(Told().contains(u", #9 "_s)) << Told().toStdString();
         for (int n = 1; n <= kComps; ++n)
             EXPECT_TRUE(main.addr.txtProximity(n).Text().contains(u" Mi"_s)) << n;
         EXPECT_TRUE(doubles.prompter.Boxes().empty());

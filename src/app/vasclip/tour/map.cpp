@@ -121,7 +121,7 @@ bool SendToReport(const Stage& stage)
         return false;
     Settle(kDrawn);
     stage.tour.Shoot(stage.window, u"map-proximity"_s);
-    if (!Told(stage).startsWith(u"In the report: "_s) || stage.recorder.Pokes() <= pokes)
+    if (!Told(stage).startsWith(u"In the report ("_s) || stage.recorder.Pokes() <= pokes)
         return stage.tour.Fail(u"The proximities were not sent: %1"_s.arg(Told(stage)));
     stage.tour.Step(u"Sent the proximities: %1."_s.arg(Told(stage)));
     return true;
