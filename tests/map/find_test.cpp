@@ -6,6 +6,8 @@
 #include "map/selection.h"
 #include "map/slot_labels.h"
 
+#include <QFile>
+
 namespace vasclip::map {
 
 namespace {
@@ -216,6 +218,23 @@ TEST_F(Manual, NumbersGoOnAbove40)
     });
     EXPECT_EQ(screen.Placed(), 55);
     EXPECT_EQ(control.pins[55].flags, 0x8C52); // no record to anchor
+}
+
+TEST_F(Manual, ADrawingOfOursHasNoGroundAndIsLargeEnoughForAnyScreen)
+{
+    for (const QString& name : {u"comp.bmp"_s, u"reddot.bmp"_s, u"ARROWBLUELT.BMP"_s}) {
+        Bitmap(name, 10);
+        QFile file(home.disk.ToNative(kArrows + name));
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(6) && file.write("VcMk") == 4); // as ours say so
+    }
+    frm_Manual screen(desk);
+    Play(screen, [&] {
+        for (int i = 0; i < 3; ++i) {
+            const QImage icon = screen.imaicon(i).Picture();
+            EXPECT_EQ(qAlpha(icon.pixel(icon.width() - 1, 0)), 0) << i;
+            EXPECT_GE(icon.width(), 48) << i;
+        }
+    });
 }
 
 TEST_F(Manual, TheIconsFollowTheColour)
