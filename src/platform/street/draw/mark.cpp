@@ -30,6 +30,7 @@ struct Type
 
 const std::array<QString, 3> kColours{u"BLUE"_s, u"RED"_s, u"BLACK"_s};
 constexpr std::array<QRgb, 3> kInks{0xff1c4fa8, 0xffbc1f2c, 0xff26272b};
+constexpr std::array<QRgb, 3> kInksOnDark{0xff8fbcff, 0xffff9a92, 0xffe4e8ee}; // where the streets show through
 // ALTCOMP before COMP, which it holds.
 const std::array<Type, 5> kTypes{{{u"SUBJECT"_s, u"SUBJECT"_s, false},
                                   {u"ALTCOMP"_s, u"ALT"_s, true},
@@ -155,16 +156,18 @@ QPainterPath ArrowOutline(const Mark& mark, const QRectF& all, const QRectF& fie
     return outline.united(point);
 }
 
-void PaintArrow(QPainter& painter, const Mark& mark, const QSizeF& size, bool seeThrough)
+/// @param dark  counts where the streets show through
+void PaintArrow(QPainter& painter, const Mark& mark, const QSizeF& size, bool seeThrough, bool dark)
 {
-    const QColor ink = QColor::fromRgb(kInks.at(static_cast<size_t>(mark.colour)));
+    const QColor ink = QColor::fromRgb((seeThrough && dark ? kInksOnDark : kInks).at(static_cast<size_t>(mark.colour)));
+    const int shade = dark ? 0 : 255;
     const QRectF all = QRectF(QPointF(0, 0), size).adjusted(kRim / 2, kRim / 2, -kRim / 2, -kRim / 2);
     const double stand = mark.across != 0 && mark.down != 0 ? kSlant : kTip;
     const QRectF field = all.adjusted(mark.across < 0 ? stand : 0, mark.down < 0 ? stand : 0,
                                       mark.across > 0 ? -stand : 0, mark.down > 0 ? -stand : 0);
     const QPainterPath outline = ArrowOutline(mark, all, field);
     // The rim is light so that a dark arrow stands out on a dark map as well.
-    painter.fillPath(outline, seeThrough ? QColor(255, 255, 255, 110) : ink);
+    painter.fillPath(outline, seeThrough ? QColor(shade, shade, shade, 110) : ink);
     painter.strokePath(outline, QPen(seeThrough ? ink : QColor(Qt::white), kRim, Qt::SolidLine, Qt::RoundCap,
                                      Qt::MiterJoin));
     if (mark.caption.isEmpty()) {
@@ -174,7 +177,7 @@ void PaintArrow(QPainter& painter, const Mark& mark, const QSizeF& size, bool se
         return;
     }
     Write(painter, OnTheLevel(Letters(mark.caption, Face::Bold), kText, field.center()),
-          seeThrough ? ink : QColor(Qt::white), seeThrough ? QColor(255, 255, 255, 230) : QColor(0, 0, 0, 0));
+          seeThrough ? ink : QColor(Qt::white), seeThrough ? QColor(shade, shade, shade, 230) : QColor(0, 0, 0, 0));
 }
 
 void PaintHouse(QPainter& painter, bool redDoor)
@@ -281,7 +284,7 @@ QPointF HotSpot(const Mark& mark)
     }
 }
 
-QImage DrawMark(const Mark& mark, double ratio, bool seeThrough)
+QImage DrawMark(const Mark& mark, double ratio, bool seeThrough, bool dark)
 {
     const QSizeF size = SizeOf(mark);
     QImage image((size * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
@@ -291,7 +294,7 @@ QImage DrawMark(const Mark& mark, double ratio, bool seeThrough)
     painter.scale(image.width() / size.width(), image.height() / size.height());
     switch (mark.kind) {
     case Mark::Kind::Arrow:
-        PaintArrow(painter, mark, size, seeThrough);
+        PaintArrow(painter, mark, size, seeThrough, dark);
         break;
     case Mark::Kind::House:
     case Mark::Kind::RedDoor:

@@ -29,8 +29,8 @@ struct Mark
 [[nodiscard]] QPointF HotSpot(const Mark& mark);
 
 /// The mark as a picture, with its alpha. @param ratio  pixels that 1/96 inch takes
-/// @param seeThrough  streets show through the caption's field
-[[nodiscard]] QImage DrawMark(const Mark& mark, double ratio, bool seeThrough);
+/// @param seeThrough  streets show through the caption's field. @param dark  and these are a dark map's
+[[nodiscard]] QImage DrawMark(const Mark& mark, double ratio, bool seeThrough, bool dark = false);
 
 /// The file names of all marks.
 [[nodiscard]] QStringList MarkNames();

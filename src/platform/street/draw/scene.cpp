@@ -78,7 +78,7 @@ std::vector<qint32> Scene::Within(const SceneLine& line) const
     return within;
 }
 
-Scene::Picture Scene::ReadPicture(const ScenePoint& point, double ratio) const
+Scene::Picture Scene::ReadPicture(const ScenePoint& point, double ratio, bool dark) const
 {
     if (point.picture.isEmpty())
         return {DrawMark({.kind = Mark::Kind::RedDot, .caption = {}}, ratio, false), QPointF(0.5, 0.5)};
@@ -87,17 +87,18 @@ Scene::Picture Scene::ReadPicture(const ScenePoint& point, double ratio) const
     const QImage file = mark && IsOwnBitmap(native) ? QImage() : QImage(native);
     // A bitmap that is missing is no reason to hide the house.
     if (file.isNull())
-        return mark ? Picture{DrawMark(*mark, ratio, (point.flags & kSeeThrough) != 0), HotSpot(*mark)}
+        return mark ? Picture{DrawMark(*mark, ratio, (point.flags & kSeeThrough) != 0, dark), HotSpot(*mark)}
                     : Picture{DrawMark({.kind = Mark::Kind::RedDot, .caption = {}}, ratio, false),
                               QPointF(0.5, 0.5)};
     return {(point.flags & kSeeThrough) != 0 ? WithoutWhite(file) : file, std::nullopt};
 }
 
-const Scene::Picture& Scene::PictureOf(const ScenePoint& point, double ratio)
+const Scene::Picture& Scene::PictureOf(const ScenePoint& point, double ratio, bool dark)
 {
-    const QString key = u"%1|%2|%3"_s.arg(point.picture).arg(ratio).arg(point.flags & kSeeThrough);
+    const QString key =
+        u"%1|%2|%3|%4"_s.arg(point.picture).arg(ratio).arg(point.flags & kSeeThrough).arg(dark ? 1 : 0);
     const auto known = m_pictures.constFind(key);
-    return known != m_pictures.cend() ? *known : *m_pictures.insert(key, ReadPicture(point, ratio));
+    return known != m_pictures.cend() ? *known : *m_pictures.insert(key, ReadPicture(point, ratio, dark));
 }
 
 QImage Scene::LettersOf(const QString& text, const Projection& projection, const Look& look)
@@ -136,7 +137,7 @@ std::vector<Scene::Placed> Scene::Layout(const Projection& projection, const Loo
         Placed& one = placed.emplace_back();
         one.id = id;
         one.point = &point;
-        one.picture = PictureOf(point, ratio);
+        one.picture = PictureOf(point, ratio, look.dark);
         const QImage& image = one.picture.image;
         // A bitmap from elsewhere is as large as it was drawn, in pixels of 1/96 inch.
         const QSizeF size = one.picture.hotSpot ? QSizeF(image.size()) : QSizeF(image.size()) * ratio;

@@ -72,8 +72,8 @@ private:
         QImage letters;
     };
 
-    [[nodiscard]] const Picture& PictureOf(const ScenePoint& point, double ratio);
-    [[nodiscard]] Picture ReadPicture(const ScenePoint& point, double ratio) const;
+    [[nodiscard]] const Picture& PictureOf(const ScenePoint& point, double ratio, bool dark);
+    [[nodiscard]] Picture ReadPicture(const ScenePoint& point, double ratio, bool dark) const;
     [[nodiscard]] QImage LettersOf(const QString& text, const Projection& projection, const Look& look);
     /// The points in sight, the topmost first.
     [[nodiscard]] std::vector<Placed> Layout(const Projection& projection, const Look& look);
@@ -81,7 +81,7 @@ private:
     void PaintLine(QPainter& painter, const Projection& projection, const SceneLine& line) const;
 
     std::function<QString(const QString&)> m_toNative;
-    QHash<QString, Picture> m_pictures; ///< by name, ratio and what the flags change
+    QHash<QString, Picture> m_pictures; ///< by name, ratio, what the flags change and light or dark
     QHash<QString, QImage> m_letters;
 };
 

@@ -72,6 +72,37 @@ TEST(Mark, PointsWithItsTip)
     }
 }
 
+int LightestOf(const QImage& mark)
+{
+    int lightest = 0;
+    for (int y = 0; y < mark.height(); ++y)
+        for (int x = 0; x < mark.width(); ++x)
+            if (const QColor pixel = mark.pixelColor(x, y); pixel.alpha() == 255)
+                lightest = std::max(lightest, pixel.lightness());
+    return lightest;
+}
+
+TEST(Mark, ThatIsSeenThroughHasLightInkOnADarkMapAndNoLightField)
+{
+    for (const QString& colour : {u"BLUE"_s, u"RED"_s, u"BLACK"_s}) {
+        const Mark mark = MarkOf(u"ARROW"_s + colour + u"COMP8LF.BMP"_s);
+        const QImage dark = DrawMark(mark, 2, true, true);
+        EXPECT_GT(LightestOf(dark), 180) << colour.toStdString() << ": its letters";
+        int field = 0;
+        int dim = 0;
+        for (int y = 8; y < dark.height() - 8; ++y)
+            for (int x = 40; x < dark.width() - 8; ++x) {
+                const QColor pixel = dark.pixelColor(x, y);
+                field += pixel.alpha() > 0 && pixel.alpha() < 200 ? 1 : 0;
+                dim += pixel.alpha() > 0 && pixel.alpha() < 200 && pixel.lightness() < 30 ? 1 : 0;
+            }
+        EXPECT_GT(field, 100) << colour.toStdString();
+        EXPECT_GT(dim, field * 9 / 10) << colour.toStdString() << ": the streets show through it";
+        EXPECT_NE(DrawMark(mark, 2, true, false), dark);
+        EXPECT_EQ(DrawMark(mark, 2, false, true), DrawMark(mark, 2, false, false)) << "a filled one is as on a light map";
+    }
+}
+
 TEST(Mark, IsDrawnAnewAtTwiceTheSize)
 {
     const Mark mark = MarkOf(u"ARROWBLUECOMP8LF.BMP"_s);

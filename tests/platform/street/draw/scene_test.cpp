@@ -98,6 +98,24 @@ TEST_F(SceneTest, DrawsOurOwnBitmapsAnewAtTwoHundredPercent)
     EXPECT_EQ(same, inked);
 }
 
+TEST_F(SceneTest, DrawsWhatIsSeenThroughAnewForADarkMap)
+{
+    ASSERT_TRUE(WriteMarks(home.path()).isEmpty());
+    Put(2, MadeTown::kMiddle, u"ARROWBLUECOMP1LT.BMP"_s, 0x1000);
+    const auto painted = [&](bool dark) {
+        QImage image(800, 600, QImage::Format_RGB32);
+        image.fill(Qt::black);
+        QPainter painter(&image);
+        Look look;
+        look.dark = dark;
+        scene.Paint(painter, SheetOf(), look);
+        return image;
+    };
+    const QImage light = painted(false);
+    EXPECT_NE(painted(true), light);
+    EXPECT_EQ(painted(false), light);
+}
+
 TEST_F(SceneTest, FindsThePointUnderAPixel)
 {
     const Projection sheet = SheetOf();
