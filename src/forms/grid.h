@@ -67,6 +67,10 @@ public:
     void Rebind(const GridSource* source, qint64 row = 0);
     void Refresh() { Q_EMIT Repaint(); }
 
+    /// What stands in place of rows where there are none; "" speaks of records.
+    [[nodiscard]] const QString& EmptyWords() const { return m_emptyWords; }
+    void SetEmptyWords(const QString& words) { m_emptyWords = words; } ///< shown with the next Rebind
+
     [[nodiscard]] qint64 Row() const { return m_row; } ///< -1 for an empty grid
     void SetRow(qint64 row); ///< kept within the rows; raises RowColChange if it differs
     /// On no row, though there are rows: what is spoken of is not among them. Raises RowColChange if it
@@ -93,6 +97,7 @@ private:
     const GridSource* m_source = nullptr;
     qint64 m_row = -1;
     QList<RowSpan> m_selected;
+    QString m_emptyWords;
 };
 
 } // namespace vasclip::forms

@@ -146,6 +146,7 @@ void frm_MapData::Form_Load()
 {
     lblDirectory.SetCaption(words::kMapsIn.arg(m_desk.shown));
     grdmaps.SetColumns(MapColumns());
+    grdmaps.SetEmptyWords(words::kNoMaps);
     ShowLines(words::kAccount, {words::kNoImport});
     Reload();
 }

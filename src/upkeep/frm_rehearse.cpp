@@ -20,6 +20,9 @@ constexpr const char16_t* kChoices[] = {u"&Add it", u"&Keep mine", u"&Take their
 const text::Counted kRefusedKept{u"refused row stands in %1; mend it there and import that file."_s,
                                  u"refused rows stand in %1; mend them there and import that file."_s};
 
+const QString kNoDifference = u"Both hold the same"_s;
+const QString kNoFields = u"There is nothing to compare"_s;
+
 } // namespace
 
 frm_Rehearse::frm_Rehearse(const TransferDesk& desk, std::unique_ptr<Rehearsal> rehearsal)
@@ -68,6 +71,7 @@ void frm_Rehearse::Form_Load()
     lblmsg.Show(DamageWords(m_leftOut).trimmed(), forms::Colour::Red);
     grdrows.SetColumns(RehearsedRows::Columns());
     grdfields.SetColumns(FieldRows::Columns());
+    grdrows.SetEmptyWords(u"The file has no rows"_s);
     grdrows.Rebind(&m_rows, m_rows.RowCount() > 0 ? 0 : -1);
     SetBusy(false);
     ShowRow();
@@ -107,6 +111,7 @@ void frm_Rehearse::ShowRow()
 {
     ShowChoices();
     const RehearsedRow* row = Current();
+    grdfields.SetEmptyWords(row && row->kind == RowKind::Same ? kNoDifference : kNoFields);
     m_fields.Take(row ? m_rehearsal->FieldsOf(*row) : QList<FieldPair>());
     grdfields.Rebind(&m_fields, m_fields.RowCount() > 0 ? 0 : -1);
 }

@@ -471,7 +471,8 @@ void RecordGrid::paintEvent(QPaintEvent* event)
     if (m_model != nullptr && m_model->rowCount() == 0) {
         QPainter painter(viewport());
         painter.setPen(Theme::Colours().muted);
-        painter.drawText(viewport()->rect(), Qt::AlignCenter, tr("No records to show"));
+        const QString& words = m_grid->EmptyWords();
+        painter.drawText(viewport()->rect(), Qt::AlignCenter, words.isEmpty() ? tr("No records to show") : words);
     }
     if (hasFocus()) {
         QPainter painter(viewport());

@@ -41,6 +41,28 @@ TEST_F(RehearseWindow, ShowsEachRowAndItsFieldsAndImportsByTheChoice)
     EXPECT_EQ(main.records.grddatabook.Source()->RowCount(), 2);
 }
 
+TEST_F(RehearseWindow, SaysOfARowThatIsTheSameThatNothingDiffers)
+{
+    const auto database = engine.OpenDatabase(kTheirs);
+    database->Execute(u"DELETE FROM [COMPS] WHERE CENTRALKEY <> '12 OAK ST'"_s);
+    database->Close();
+    Rehearse([&] {
+        Option(2);
+        Press(u"cmdImport"_s);
+    });
+    PlayOn(u"frm_Import"_s, [&] { main.mnuDBItem.Choose(u"mnuDBItem"_s, 0); }, [&](forms::Screen&) {
+        ClickLine(u"filexport"_s, 0);
+        PlayOn(u"frm_Rehearse"_s, [&] { Press(u"cmdRehearse"_s); }, [&](forms::Screen& shown) {
+            EXPECT_EQ(Cells(u"grdrows"_s, 0).at(1), u"same"_s);
+            EXPECT_EQ(dynamic_cast<upkeep::frm_Rehearse&>(shown).grdfields.EmptyWords(), u"Both hold the same"_s);
+            auto& fields = The<QAbstractItemView>(u"grdfields"_s);
+            const QImage same = fields.grab().toImage();
+            dynamic_cast<upkeep::frm_Rehearse&>(shown).grdfields.SetEmptyWords({});
+            EXPECT_NE(fields.grab().toImage(), same) << "it is these words that are drawn";
+        });
+    });
+}
+
 TEST_F(RehearseWindow, ChoosesForAWholeKindAndLeavesWithoutAWord)
 {
     Rehearse([&] {
