@@ -152,6 +152,34 @@ void RecordGrid::ShowColumns()
         if (columns.at(i).visible)
             setColumnWidth(i, columns.at(i).width);
     }
+    FillFrame();
+}
+
+/// Columns that nobody can size share what the frame has left.
+void RecordGrid::FillFrame()
+{
+    if (!m_fixed || m_grid == nullptr)
+        return;
+    const QScopedValueRollback<bool> showing(m_showing, true);
+    const QList<forms::GridColumn>& columns = m_grid->Columns();
+    int before = 0; // the widths of those on show
+    for (const forms::GridColumn& column : columns)
+        before += column.visible ? column.width : 0;
+    const int whole = std::max(before, viewport()->width());
+    int asked = 0;
+    for (int i = 0; i < columns.size() && i < horizontalHeader()->count() && before > 0; ++i) {
+        if (!columns.at(i).visible)
+            continue;
+        const int left = asked * whole / before;
+        asked += columns.at(i).width;
+        setColumnWidth(i, asked * whole / before - left);
+    }
+}
+
+void RecordGrid::resizeEvent(QResizeEvent* event)
+{
+    QTableView::resizeEvent(event);
+    FillFrame();
 }
 
 /// The user moved or resized a column: the control learns the columns in their shown order.

@@ -57,6 +57,7 @@ protected:
     void startDrag(Qt::DropActions actions) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -67,6 +68,7 @@ private:
     void ColumnMenu(const QPoint& place);
     int CurrentColumn() const;
     void ShowColumns();
+    void FillFrame();
     void ShowRow();
     void TakeColumns();
     void TakeSelection();

@@ -83,6 +83,25 @@ TEST_F(RecordGridTest, ShowsColumnsInTheirOrderAndFormats)
     EXPECT_EQ(Cell(4, 3), QString()) << "a column without its field is blank";
 }
 
+TEST_F(RecordGridTest, ColumnsThatNobodySizesFillTheirFrame)
+{
+    const auto whole = [this] { return view->columnWidth(0) + view->columnWidth(1) + view->columnWidth(2); };
+    const QList<forms::GridColumn> before = grid.Columns();
+    view->FixColumns();
+    root.resize(640, 320);
+    root.show();
+    for (const int wide : {600, 503}) {
+        view->resize(wide, 300);
+        QApplication::processEvents();
+        EXPECT_EQ(whole(), view->viewport()->width()) << wide;
+        EXPECT_GT(view->columnWidth(1), 2 * view->columnWidth(0)) << "by their own widths";
+    }
+    EXPECT_EQ(grid.Columns(), before) << "the control keeps what it was given";
+    view->resize(300, 300);
+    QApplication::processEvents();
+    EXPECT_EQ(view->columnWidth(1), 200) << "what has no room is scrolled to";
+}
+
 TEST_F(RecordGridTest, RowFollowsBothWays)
 {
     EXPECT_EQ(view->currentIndex().row(), 0);
