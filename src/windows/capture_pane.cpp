@@ -8,6 +8,8 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListView>
+#include <QPainter>
+#include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -20,7 +22,33 @@ namespace {
 constexpr int kGap = 6;
 constexpr int kSmallGap = 4;
 
+/// The name below a picture. The style shows a tip of the whole.
+class NameTag : public QLabel
+{
+public:
+    using QLabel::QLabel;
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        drawFrame(&painter);
+        const QRect room = contentsRect();
+        style()->drawItemText(&painter, room, static_cast<int>(alignment()) | Qt::TextSingleLine, palette(), isEnabled(),
+                              ShortenedName(text(), fontMetrics(), room.width()), foregroundRole());
+    }
+};
+
 } // namespace
+
+QString ShortenedName(const QString& name, const QFontMetrics& letters, int room)
+{
+    if (letters.horizontalAdvance(name) <= room)
+        return name;
+    const qsizetype dot = name.lastIndexOf(u'.');
+    const QString stem = name.left(std::max<qsizetype>(dot, 0)) + u'\u2026';
+    return dot > 0 && letters.horizontalAdvance(stem) <= room ? stem : letters.elidedText(name, Qt::ElideMiddle, room);
+}
 
 ThumbGrid::ThumbGrid(QWidget* parent)
     : QFrame(parent)
@@ -34,7 +62,7 @@ ThumbGrid::ThumbGrid(QWidget* parent)
         thumb->SetVanishes(true);
         thumb->setAccessibleName(tr("Picture %1 of the page").arg(i + 1));
         thumb->installEventFilter(this);
-        auto* label = m_labels[at] = new QLabel(this);
+        auto* label = m_labels[at] = new NameTag(this);
         label->setObjectName(u"lbltag_%1"_s.arg(i));
         label->setAlignment(Qt::AlignCenter);
         label->setProperty("role", u"tag"_s);

@@ -4,12 +4,17 @@
 
 #include <array>
 
+class QFontMetrics;
 class QLabel;
 class QToolButton;
 
 namespace vasclip::windows {
 
 class PictureView;
+
+/// A picture's name in a room that may be too narrow: what tells it from its neighbors, the number at its end, stays. The
+/// kind of the file gives way first, then the middle.
+[[nodiscard]] QString ShortenedName(const QString& name, const QFontMetrics& letters, int room);
 
 /// Lays twelve thumbnails with their labels out in as many columns as make them largest.
 class ThumbGrid : public QFrame

@@ -330,6 +330,34 @@ TEST_F(CaptureWindowTest, TheTrashcanButtonTakesADrop)
     EXPECT_EQ(port.log.value(port.log.size() - 1), u"drop geathumb_1 imaTrashcan"_s);
 }
 
+TEST(ShortenedName, KeepsTheNumberOfAPicture)
+{
+    const QFontMetrics letters{QApplication::font()};
+    const auto shown = [&](const QString& name, const QString& room) {
+        return ShortenedName(name, letters, letters.horizontalAdvance(room));
+    };
+    EXPECT_EQ(shown(u"DSCN1004.JPG"_s, u"DSCN1004.JPG"_s), u"DSCN1004.JPG"_s);
+    EXPECT_EQ(shown(u"DSCN1004.JPG"_s, u"DSCN1004.JP"_s), u"DSCN1004\u2026"_s);
+    EXPECT_EQ(shown(u"DSCN1004.JPG"_s, u"DSCN1004\u2026"_s), u"DSCN1004\u2026"_s);
+    const QString stamped = shown(u"PXL_20260630_094112345.jpg"_s, u"PXL_20260630_0941"_s);
+    EXPECT_TRUE(stamped.startsWith(u"PXL_"_s) && stamped.endsWith(u"345.jpg"_s)) << stamped.toStdString();
+    EXPECT_TRUE(shown(u"NOKIND0000000001"_s, u"NOKIND000"_s).endsWith(u"01"_s));
+}
+
+TEST_F(CaptureWindowTest, ATagThatIsTooNarrowShowsTheShortenedName)
+{
+    auto* tag = Find<QLabel>(u"lbltag_0"_s);
+    const auto shown = [&](const QString& name) {
+        tag->setText(name);
+        return tag->grab().toImage();
+    };
+    const QString name = u"PXL_20260630_094112345.jpg"_s;
+    const int room = tag->fontMetrics().horizontalAdvance(name) / 2;
+    tag->resize(room, tag->fontMetrics().height() + 4);
+    EXPECT_EQ(shown(name), shown(ShortenedName(name, tag->fontMetrics(), room)));
+    EXPECT_NE(shown(name), shown(tag->fontMetrics().elidedText(name, Qt::ElideRight, room)));
+}
+
 TEST_F(CaptureWindowTest, InANarrowPaneTheButtonsDoWithoutWords)
 {
     const auto* copy = Find<QToolButton>(u"cmdCopy"_s);
