@@ -18,6 +18,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr int kGaugeMargin = 24;
+constexpr int kTitleMargin = 22; // on both sides together, as the theme has it
 
 /// Buttons that repair the same kind of field, under its name.
 QGroupBox* Group(QDialog& window, const QString& title, const QStringList& buttons)
@@ -25,6 +26,9 @@ QGroupBox* Group(QDialog& window, const QString& title, const QStringList& butto
     auto* group = new QGroupBox(title, &window);
     auto* column = new QVBoxLayout(group);
     column->setSpacing(8);
+    column->setContentsMargins(9, 4, 9, 9);
+    group->ensurePolished();
+    group->setMinimumWidth(group->fontMetrics().horizontalAdvance(title) + kTitleMargin);
     for (const QString& name : buttons)
         column->addWidget(MakeButton(window, name));
     column->addStretch(1);

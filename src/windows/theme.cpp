@@ -152,6 +152,8 @@ QToolButton::menu-indicator { image: none; }
 QFrame#reportPane, QFrame#recordPane, QFrame#recordsPane, QFrame#browserPane, QFrame#mapPane { background: $surface;
   border: 1px solid $border; border-radius: 10px; }
 QFrame[card="true"] { background: $surface; border: 1px solid $border; border-radius: 8px; }
+QGroupBox { background: $surface; border: 1px solid $border; border-radius: 8px; padding-top: 24px; }
+QGroupBox::title { subcontrol-origin: border; subcontrol-position: top left; left: 10px; top: 7px; }
 QFrame[rule="true"] { background: $border; border: none; }
 QFrame[found="true"] { background: $accentSoft; border-radius: 6px; }
 QTableView, QListView { background: $surface; alternate-background-color: $alternate; border: 1px solid $field;

@@ -217,8 +217,10 @@ TEST_F(MaintenanceWindow, ItsFramesBearTheirNames)
 {
     Play([&] {
         QStringList titles;
-        for (const QGroupBox* frame : window->findChildren<QGroupBox*>())
+        for (const QGroupBox* frame : window->findChildren<QGroupBox*>()) {
             titles.append(frame->title());
+            EXPECT_GE(frame->width(), frame->fontMetrics().horizontalAdvance(frame->title()) + 20) << "it is whole";
+        }
         titles.sort();
         EXPECT_EQ(titles, (QStringList{u"Databook - Address / Central Key"_s, u"Databook - Computation / Date Fields"_s,
                                        u"Databook - Mapping Fields"_s, u"User Comments Database"_s}));
