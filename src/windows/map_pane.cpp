@@ -29,6 +29,7 @@ namespace {
 
 constexpr int kPanelWidth = 268;
 constexpr int kListRows = 4;
+constexpr int kLineGap = 5;
 
 /// A line of the circle's list with its distance.
 class DistanceLines : public QStyledItemDelegate
@@ -59,6 +60,23 @@ Widget* Make(const QString& name, QWidget* parent)
     return widget;
 }
 
+/// Low, so that what is sent to the report is in sight on a small screen too.
+QPushButton* MakeDense(const QString& name, QWidget* parent)
+{
+    auto* button = Make<QPushButton>(name, parent);
+    button->setProperty("dense", true);
+    return button;
+}
+
+void AddPair(QVBoxLayout& lines, const QString& left, const QString& right, QWidget* parent)
+{
+    auto* line = new QHBoxLayout;
+    line->setSpacing(6);
+    line->addWidget(MakeDense(left, parent), 1);
+    line->addWidget(MakeDense(right, parent), 1);
+    lines.addLayout(line);
+}
+
 } // namespace
 
 MapPane::MapPane(map::MapPort& port, EventGuard& guard, QWidget* parent)
@@ -86,8 +104,8 @@ QVBoxLayout* MapPane::AddGroup(QVBoxLayout& rows, const QString& title)
 {
     auto* group = new QGroupBox(title, this);
     auto* lines = new QVBoxLayout(group);
-    lines->setSpacing(6);
-    lines->setContentsMargins(8, 8, 8, 8);
+    lines->setSpacing(kLineGap);
+    lines->setContentsMargins(8, 4, 8, 8);
     rows.addWidget(group);
     return lines;
 }
@@ -127,30 +145,28 @@ void MapPane::AddSized(QVBoxLayout& rows, const QString& words, const QString& b
 QWidget* MapPane::MakePanel()
 {
     auto* area = new QScrollArea(this);
+    area->setObjectName(u"mapPanel"_s);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidgetResizable(true);
     auto* panel = new QWidget(area);
     auto* rows = new QVBoxLayout(panel);
     rows->setContentsMargins(0, 0, 4, 0);
-    rows->setSpacing(8);
+    rows->setSpacing(6);
 
     const auto pair = [this](QVBoxLayout& lines, const QString& left, const QString& right) {
-        auto* line = new QHBoxLayout;
-        line->setSpacing(6);
-        line->addWidget(Make<QPushButton>(left, this), 1);
-        line->addWidget(Make<QPushButton>(right, this), 1);
-        lines.addLayout(line);
+        AddPair(lines, left, right, this);
     };
 
     rows->addWidget(MakeDetails());
     auto* sureness = Make<QLabel>(u"lblSureness"_s, this);
     sureness->setProperty("role", u"quiet"_s);
     sureness->setWordWrap(true);
+    sureness->setProperty("collapses", true);
     rows->addWidget(sureness);
 
     QVBoxLayout* place = AddGroup(*rows, tr("Place"));
     pair(*place, u"cmdSubjectOnly"_s, u"cmdSubjectAnd"_s);
-    place->addWidget(Make<QPushButton>(u"cmdGeoComp"_s, this));
+    place->addWidget(MakeDense(u"cmdGeoComp"_s, this));
     place->addWidget(Make<QCheckBox>(u"ckbFreeze"_s, this));
     place->addWidget(Make<QCheckBox>(u"ckbArrange"_s, this));
     pair(*place, u"cmdLabelPosition"_s, u"cmdmanual"_s);
@@ -167,10 +183,13 @@ QWidget* MapPane::MakePanel()
     anchorAll->addAction(off);
 
     QVBoxLayout* send = AddGroup(*rows, u"Send Map To:"_s);
+    auto* where = new QGridLayout;
+    where->setSpacing(kLineGap);
     for (int i = 0; i < 3; ++i)
-        send->addWidget(Make<QRadioButton>(u"optMapAddendum_%1"_s.arg(i), this));
+        where->addWidget(Make<QRadioButton>(u"optMapAddendum_%1"_s.arg(i), this), i / 2, i % 2);
+    send->addLayout(where);
     pair(*send, u"cmdPreviewMap"_s, u"cmdCopyMap"_s);
-    send->addWidget(Make<QPushButton>(u"cmdProx"_s, this));
+    send->addWidget(MakeDense(u"cmdProx"_s, this));
 
     QVBoxLayout* circle = AddGroup(*rows, u"Draw Circle"_s);
     circle->addWidget(Make<QCheckBox>(u"ckbRadius"_s, this));

@@ -143,6 +143,8 @@ QPushButton[primary="true"]:hover, QPushButton:default:hover { background: $acce
 QPushButton[primary="true"]:disabled, QPushButton:default:disabled { background: $well; color: $faint;
   border-color: $border; }
 QPushButton[primary="true"]:focus, QPushButton:default:focus { border-color: $text; }
+QPushButton[dense="true"] { padding: 2px 8px; }
+QPushButton[dense="true"]:focus { padding: 1px 7px; }
 QToolButton { background: transparent; border: 1px solid transparent; border-radius: 6px; padding: 4px; }
 QToolButton:hover { background: $accentSoft; }
 QToolButton:pressed { background: $tint; }

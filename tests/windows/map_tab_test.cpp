@@ -20,6 +20,7 @@
 #include <QListWidget>
 #include <QPainter>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QTabWidget>
 
 #include <algorithm>
@@ -114,6 +115,18 @@ protected:
 
     static constexpr street::Place kHouse{32'004'000, -85'996'000};
 };
+
+TEST_F(MapTab, WhatIsSentToTheReportIsInSightOnASmallScreen)
+{
+    StartWithMaps();
+    mainWindow->resize(1366, 768 - 40); // what a desktop's own bar leaves
+    QApplication::processEvents();
+    const auto* last = mainWindow->findChild<QPushButton*>(u"cmdProx"_s);
+    const auto* area = mainWindow->findChild<QScrollArea*>(u"mapPanel"_s);
+    ASSERT_NE(area, nullptr);
+    EXPECT_TRUE(area->viewport()->rect().contains(QRect(last->mapTo(area->viewport(), QPoint()), last->size())))
+        << last->mapTo(area->viewport(), QPoint(0, last->height())).y() << " of " << area->viewport()->height();
+}
 
 TEST_F(MapTab, SaysOnceThatThereAreNoMapsAndAgainWhenOneIsAskedFor)
 {
