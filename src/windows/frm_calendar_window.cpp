@@ -50,8 +50,7 @@ void Layout_frm_Calendar(QDialog& window, forms::Screen&)
         if (auto* button = month->findChild<QToolButton*>(name)) {
             button->setIcon({});
             button->setText(arrow);
-            button->setStyleSheet(u"QToolButton { color: palette(highlighted-text); font-size: 14pt; padding: 0 6px; }"
-                                  "QToolButton:hover { color: palette(text); }"_s);
+            button->setStyleSheet(u"QToolButton { font-size: 14pt; padding: 0 6px; }"_s);
         }
     rows->addWidget(month, 1);
 

@@ -171,6 +171,8 @@ QTableView::item { padding: 0 6px; border: none; }
 QHeaderView { background: $well; border: none; border-top-left-radius: 6px; border-top-right-radius: 6px; }
 QHeaderView::section { background: $well; color: $muted; border: none; border-bottom: 1px solid $border;
   border-right: 1px solid $border; padding: 2px 6px 2px 9px; font-weight: 600; }
+QCalendarWidget QWidget#qt_calendar_navigationbar { background: transparent; }
+QCalendarWidget QToolButton { color: $text; font-weight: 600; }
 QAbstractScrollArea::corner { background: transparent; border: none; }
 QSplitter::handle { background: transparent; }
 QSplitter::handle:hover { background: $accentSoft; }
