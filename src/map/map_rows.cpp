@@ -25,14 +25,14 @@ const std::array<Column, 9>& Table()
 {
     namespace words = mapdata_words;
     static const std::array<Column, 9> kColumns{{{"MAP"_L1, words::kCounty, 84, false},
-                                                 {"STATE"_L1, words::kState, 60, false},
-                                                 {"SOURCE"_L1, words::kSource, 150, false},
+                                                 {"STATE"_L1, words::kState, 56, false},
+                                                 {"SOURCE"_L1, words::kSource, 136, false},
                                                  {"DATE"_L1, words::kDate, 88, false},
                                                  {"STREETS"_L1, words::kStreets, 72, true},
-                                                 {"HOUSES"_L1, words::kHouses, 72, true},
+                                                 {"HOUSES"_L1, words::kHouses, 70, true},
                                                  {"SIZE"_L1, words::kSize, 76, true},
-                                                 {"CHECKED"_L1, words::kChecked, 84, false},
-                                                 {"EXTENT"_L1, words::kExtent, 210, false}}};
+                                                 {"CHECKED"_L1, words::kChecked, 76, false},
+                                                 {"EXTENT"_L1, words::kExtent, 246, false}}};
     return kColumns;
 }
 

@@ -68,7 +68,7 @@ void Layout_frm_MapData(QDialog& window, forms::Screen&)
     auto* rows = MakeRows(window);
     auto* panes = new QHBoxLayout;
     panes->setSpacing(16);
-    panes->addLayout(MapsColumn(window), 2);
+    panes->addLayout(MapsColumn(window), 3);
     panes->addLayout(SourcesColumn(window), 1);
     rows->addLayout(panes, 3);
 
@@ -80,7 +80,7 @@ void Layout_frm_MapData(QDialog& window, forms::Screen&)
 
     AddAccount(*rows, window, QDialog::tr("Account"), 2);
     AddWorkFoot(*rows, window, {u"cmdStop"_s, u"cmdExit"_s});
-    window.resize(1240, 640);
+    window.resize(1272, 640);
 }
 
 } // namespace vasclip::windows

@@ -7,6 +7,8 @@
 #include "shell/menus.h"
 #include "windows/map_view.h"
 
+#include <QScrollBar>
+#include <QTableView>
 #include <QTabWidget>
 
 namespace vasclip::windows {
@@ -89,6 +91,11 @@ TEST_F(MapDataScreen, BringsAMapThatTheOpenTabShowsAtOnce)
         EXPECT_EQ(Row(0)[5], u"20"_s);
         EXPECT_EQ(Row(0)[7], u"not yet"_s);
         EXPECT_EQ(Row(0)[8], u"32.10 to 32.10 N, 86.01 to 86.01 W"_s);
+        const auto& maps = The<QTableView>(u"grdmaps"_s);
+        EXPECT_FALSE(maps.horizontalScrollBar()->isVisible());
+        constexpr int kMargins = 2 * 9;
+        EXPECT_GE(maps.columnWidth(8),
+                  maps.fontMetrics().horizontalAdvance(u"44.72 to 44.94 N, 121.12 to 121.44 W"_s) + kMargins);
         EXPECT_TRUE(Lines(u"lstsources"_s).isEmpty()) << "they are done";
         EXPECT_TRUE(mainWindow->findChild<MapView*>()->isVisible()) << "behind the screen";
         EXPECT_FALSE(mainWindow->findChild<QWidget*>(u"atlasEmpty"_s)->isVisible());
