@@ -9,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QTextBlock>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -43,6 +44,20 @@ QString Unwrapped(const QString& text)
         lines += goesOn ? line.trimmed() : line;
     }
     return lines;
+}
+
+/// What is no item of a list is the heading of one.
+void StressHeadings(QPlainTextEdit& text)
+{
+    QTextCharFormat stressed;
+    stressed.setFontWeight(QFont::DemiBold);
+    for (QTextBlock line = text.document()->begin(); line.isValid(); line = line.next()) {
+        if (line.text().startsWith(QLatin1StringView("- ")))
+            continue;
+        QTextCursor cursor(line);
+        cursor.select(QTextCursor::BlockUnderCursor);
+        cursor.mergeCharFormat(stressed);
+    }
 }
 
 } // namespace
@@ -82,6 +97,7 @@ AboutBox::AboutBox(const AboutText& text, QWidget* parent)
     if (!text.changes.isEmpty()) {
         setWindowTitle(tr("What's New?"));
         auto* changes = new QPlainTextEdit(Unwrapped(text.changes), this);
+        StressHeadings(*changes);
         changes->setReadOnly(true);
         changes->setAccessibleName(tr("What is new"));
         rows->addWidget(changes, 1);

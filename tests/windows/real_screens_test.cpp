@@ -30,6 +30,7 @@
 #include <QListView>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QTextBlock>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
@@ -168,6 +169,15 @@ TEST_F(RealScreens, WhatIsNewStandsInTheAboutBox)
     ASSERT_NE(changes.findChild<QPlainTextEdit*>(), nullptr);
     EXPECT_EQ(changes.findChild<QPlainTextEdit*>()->toPlainText(),
               u"A line\n\n- a point that goes on\nAnother"_s);
+    const auto weight = [&](int line) {
+        const QTextBlock block = changes.findChild<QPlainTextEdit*>()->document()->findBlockByNumber(line);
+        QTextCursor at(block);
+        at.movePosition(QTextCursor::EndOfBlock);
+        return at.charFormat().fontWeight();
+    };
+    EXPECT_EQ(weight(0), QFont::DemiBold);
+    EXPECT_EQ(weight(2), QFont::Normal);
+    EXPECT_EQ(weight(3), QFont::DemiBold);
     EXPECT_EQ(changes.windowTitle(), u"What's New?"_s);
 }
 
