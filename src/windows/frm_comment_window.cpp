@@ -26,6 +26,7 @@ namespace {
 constexpr int kKeys = 6;
 constexpr int kLeastHeight = 20; ///< of a line, as line edits have it
 constexpr int kMostLines = 5;    ///< further ones are scrolled to
+constexpr int kSlack = 2;        ///< a line that is short of its height is scrolled
 
 /// The phrase of a key, as high as its text. It is read, not written.
 class PhraseBox : public QPlainTextEdit
@@ -52,8 +53,9 @@ private:
     void Fit()
     {
         const int lines = std::clamp(qRound(document()->size().height()), 1, kMostLines);
-        const int text = lines * fontMetrics().lineSpacing() + 2; // a line that is short of its height is scrolled
-        setViewportMargins(0, std::max(0, kLeastHeight - text) / 2, 0, 0);
+        const int text = lines * fontMetrics().lineSpacing() + kSlack;
+        const int spare = std::max(0, kLeastHeight - text);
+        setViewportMargins(0, std::min(spare, (spare + kSlack) / 2), 0, 0); // the slack is below the text
         const QMargins frame = contentsMargins();
         setFixedHeight(std::max(kLeastHeight, text) + frame.top() + frame.bottom());
     }
